@@ -1,0 +1,63 @@
+#pragma once
+
+#include "platform/db/DbError.h"
+#include "platform/db/Recordset.h"
+#include "platform/sql/Schema.h"
+
+#include <QString>
+#include <QVariantList>
+#include <memory>
+
+namespace db {
+
+/// Where a database is and how to attach to it.
+struct Target
+{
+    QString file; ///< full path, on the host when one is given
+    QString host; ///< empty: the engine runs inside this process
+    QString user = QStringLiteral("SYSDBA");
+    QString password; ///< only for a host; never logged
+    /// Off only for files that may be lost, such as those of tests.
+    bool forcedWrites = true;
+};
+
+/// A connection to one database. Usable from construction to destruction; not to be used from two
+/// threads at once. Two connections to one file have independent transactions, and neither waits
+/// for the other: a row that the other one holds raises LockConflict.
+///
+/// All statements are in the dialect of platform/sql, with "?" for parameters. Values are QVariants:
+/// an invalid one is Null, whole numbers, doubles, bool, QString, QDate, QDateTime, QByteArray.
+/// Outside a transaction every statement commits by itself. Every failure raises DbError.
+class Connection
+{
+public:
+    /// Attaches; raises DbError when the file is missing, no database, or refuses.
+    explicit Connection(const Target &target);
+    /// Rolls back what is open and detaches.
+    ~Connection();
+    Connection(Connection &&) noexcept;
+    Connection &operator=(Connection &&) noexcept;
+
+    /// Runs a query and fetches all its rows.
+    [[nodiscard]] Recordset Open(const QString &statement, const QVariantList &parameters = {});
+    /// Runs a statement without rows; the number of rows it changed, 0 for DDL.
+    qint64 Execute(const QString &statement, const QVariantList &parameters = {});
+    /// Runs an insert and returns the value that the engine gave to the key column.
+    qint64 Insert(const QString &statement, const QVariantList &parameters,
+                  const QString &keyColumn);
+
+    void BeginTrans();
+    void CommitTrans();
+    void RollbackTrans();
+    [[nodiscard]] bool InTransaction() const;
+
+    /// The tables as this connection knows them now.
+    [[nodiscard]] const sql::Schema &schema();
+    [[nodiscard]] const Target &target() const;
+
+private:
+    class Implementation;
+    std::unique_ptr<Implementation> m_implementation;
+};
+
+} // namespace db

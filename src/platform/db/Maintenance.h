@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/db/Connection.h"
+
+#include <QString>
+#include <QStringList>
+
+/// Operations on database files as wholes. All raise DbError (FileInUse when somebody holds a file
+/// that must be free) and leave the source as it was.
+namespace db {
+
+/// Makes a new, empty database with the settings that the system relies on; the file must not
+/// exist.
+void createDatabase(const Target &target);
+/// True when a program, this one included, is attached to the file.
+[[nodiscard]] bool isHeld(const QString &file);
+/// Copies a database whole, also while it is in use.
+void backupOnline(const Target &source, const QString &destinationFile);
+/// Writes a compacted copy of a database that nobody holds.
+void compact(const QString &sourceFile, const QString &destinationFile);
+/// Checks a database file; what is wrong with it, line by line, empty when it is sound.
+[[nodiscard]] QStringList validate(const QString &file);
+
+} // namespace db
