@@ -45,7 +45,7 @@ Environment Environment::ofProcess()
         QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     result.appData = valueOr("APPDATA", config);
     result.computerName = valueOr("ComputerName", QSysInfo::machineHostName());
-    result.registryFile = valueOr("QUORVANTIS_REGISTRY", config + u"/Quorvantis/registry.ini");
+    result.registryFile = valueOr("QUORVANTIS_REGISTRY", config + QStringLiteral("/Quorvantis/registry.ini"));
     return result;
 }
 
@@ -84,7 +84,7 @@ QString applicationPath(const QString &stored)
 
 QString appDataPath(const QString &stored)
 {
-    return joined(environment().appData + u"/Quorvantis", stored);
+    return joined(environment().appData + QStringLiteral("/Quorvantis"), stored);
 }
 
 } // namespace base

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/db/Connection.h"
+
+#include <QString>
+#include <memory>
+
+/// The session: the two connections to the one database file, the shared transaction on the first
+/// of them, and who is working.
+
+/// Business work and every transaction. Null until ConnectToDB and while the file is being
+/// replaced.
+extern std::unique_ptr<db::Connection> gcnData;
+/// What must not take part in a transaction on gcnData: lookup lists, the small master lists,
+/// options, grid layouts, the error list.
+extern std::unique_ptr<db::Connection> gcnLookup;
+
+extern QString gsDatabasePath;      ///< full path of the live database
+extern QString gsLoginUser;         ///< in upper case; empty when security is off
+extern bool gbDatabaseOutOfDate;    ///< the update at start asked for the update from the menu
+extern bool gbInTransaction;        ///< the shared transaction on gcnData is open
+
+/// Opens the shared transaction unless it is open already; whoever finds it open joins it.
+void BeginTrans();
+/// Commits the shared transaction if it is open.
+void CommitTrans();
+/// Undoes the shared transaction if it is open.
+void RollbackTrans();
+
+/// Joins or opens the shared transaction for a block. Leaving the block without commit() undoes
+/// the whole transaction, also the part of those who opened it: a step that failed must not be
+/// committed by anybody.
+class TransactionScope
+{
+public:
+    TransactionScope() { BeginTrans(); }
+    ~TransactionScope();
+    TransactionScope(const TransactionScope &) = delete;
+    TransactionScope &operator=(const TransactionScope &) = delete;
+
+    void commit();
+    /// Leaves the transaction open for the caller who holds it.
+    void leaveOpen() { m_done = true; }
+
+private:
+    bool m_done = false;
+};
+
+/// The 28 rights, each under the name of its column in tblUser. All False at process start.
+struct Rights
+{
+    bool EqAdd = false, EqMod = false, EqDel = false;
+    bool SerAdd = false, SerMod = false, SerDel = false;
+    bool PaAdd = false, PaMod = false, PaDel = false;
+    bool EqList = false, EqDetail = false, EqCountSheet = false, ExpOnEq = false;
+    bool EqUtilization = false, EqCrewHistory = false, EqScanHistory = false;
+    bool InspDatReading = false, LicRenDateReading = false, WOHistory = false;
+    bool SerList = false, SerEqName = false, SerHistory = false, SerHistoryTime = false;
+    bool InvReport = false, InvReorderReport = false, InvOrUpSer = false;
+    bool InvPartUsage = false, InvPartHistory = false;
+};
+extern Rights gRights;
