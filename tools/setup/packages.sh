@@ -1,0 +1,61 @@
+# Installs what building, running and testing need, where it is missing. Sourced by ./run and ./test.
+# Of names separated by "|" the first that this system's package lists know is taken: Debian 13 and
+# Ubuntu 24.04 carry version 4 of the database engine and other names for some libraries.
+
+build_packages=(
+    g++ cmake ninja-build ccache lld pkg-config
+    qt6-base-dev "qt6-svg-dev|libqt6svg6-dev" qt6-tools-dev qt6-tools-dev-tools libgl-dev
+    firebird-dev "firebird3.0-server-core|firebird4.0-server-core"
+    libsodium-dev
+    "fonts-liberation2|fonts-liberation"
+)
+run_packages=(qt6-qpa-plugins)
+test_packages=(libgtest-dev libgmock-dev "firebird3.0-server|firebird4.0-server")
+bench_packages=(libbenchmark-dev)
+
+is_installed() { dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null | grep -qx installed; }
+is_known() { apt-cache show "$1" >/dev/null 2>&1; }
+
+# as_root COMMAND...: runs it as it is for root, through sudo for others.
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@"
+    elif command -v sudo >/dev/null; then
+        sudo "$@"
+    else
+        echo "Please install these packages as root and start again: ${missing[*]}" >&2
+        exit 1
+    fi
+}
+
+# find_missing NAME...: fills the list of what is not installed.
+find_missing() {
+    missing=()
+    local wanted name
+    for wanted in "$@"; do
+        local found=
+        for name in ${wanted//|/ }; do
+            if is_installed "$name"; then found=1; fi
+        done
+        [ -n "$found" ] || missing+=("$wanted")
+    done
+}
+
+# install_packages NAME...: returns at once when nothing is missing.
+install_packages() {
+    find_missing "$@"
+    [ ${#missing[@]} -gt 0 ] || return 0
+    echo "Installing: ${missing[*]}"
+    as_root apt-get update -qq
+    local wanted name chosen=()
+    for wanted in "${missing[@]}"; do
+        for name in ${wanted//|/ }; do
+            if is_known "$name"; then
+                chosen+=("$name")
+                break
+            fi
+        done
+    done
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
+        "${chosen[@]}" >/dev/null
+}
