@@ -35,6 +35,7 @@ inline constexpr int PathAccess = 75;
 inline constexpr int PathNotFound = 76;
 inline constexpr int InvalidProperty = 380;
 inline constexpr int DuplicateKeyInCollection = 457;
+inline constexpr int InvalidUseOfNull = 94;
 inline constexpr int NoCurrentRow = 3021;
 inline constexpr int NoSuchItem = 3265;
 } // namespace ErrorNumber

@@ -1,0 +1,148 @@
+#include "scheduling/NextDate.h"
+
+#include "platform/base/Error.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace scheduling {
+namespace {
+
+constexpr int Selected = 1;
+/// The calendar repeats after this many years: what was not met by then is never met.
+constexpr int YearsOfTheCalendar = 400;
+constexpr int LastYear = 9999;
+
+/// Sunday is 1, as the flags are numbered.
+int weekday(QDate date)
+{
+    return date.dayOfWeek() % 7 + 1;
+}
+
+QDate firstOfNextMonth(QDate date)
+{
+    const QDate next = date.addMonths(1);
+    return QDate(next.year(), next.month(), 1);
+}
+
+} // namespace
+
+QDate Addday(const QString &Period, int Interval, QDate StartDate)
+{
+    QDate result;
+    if (Period == u"D")
+        result = StartDate.addDays(Interval);
+    else if (Period == u"W")
+        result = StartDate.addDays(qint64(Interval) * 7);
+    else if (Period == u"M")
+        result = StartDate.addMonths(Interval);
+    else if (Period == u"Y")
+        result = StartDate.addYears(Interval);
+    else
+        return {};
+    if (!result.isValid() || result.year() > LastYear)
+        throw base::Error(base::ErrorNumber::Overflow, QStringLiteral("Overflow"));
+    return result;
+}
+
+int GetWeekNo(QDate Date)
+{
+    const int day = Date.day();
+    const int whole = day % 7 == 0 ? 0 : 1;
+    return static_cast<int>(std::lround(whole + day / 7.0));
+}
+
+QDate CheckMonth(const Months &Months, QDate Date)
+{
+    int month = Date.month();
+    if (Months[month] == Selected)
+        return Date;
+    for (int year = Date.year(); year <= Date.year() + 1; ++year, month = 0) {
+        while (++month <= 12)
+            if (Months[month] == Selected)
+                return QDate(year, month, 1);
+    }
+    throw base::Error(base::ErrorNumber::InvalidCall,
+                      QStringLiteral("The service schedule selects no month of the year."));
+}
+
+QDate CheckWeek(const Weeks &Weeks, QDate Date, bool &MonthChanged)
+{
+    int week = GetWeekNo(Date);
+    if (Weeks[week] == Selected)
+        return Date;
+    while (++week <= 5) {
+        if (Weeks[week] != Selected)
+            continue;
+        const QDate first(Date.year(), Date.month(), (week - 1) * 7 + 1);
+        if (first.isValid())
+            return first;
+        break;
+    }
+    MonthChanged = true;
+    return firstOfNextMonth(Date);
+}
+
+QDate CheckDay(const Days &Days, QDate Date, bool &MonthChanged, bool &WeekChanged)
+{
+    const int month = Date.month();
+    const int firstWeekday = weekday(QDate(Date.year(), month, 1));
+    int day = weekday(Date);
+    while (Days[day] != Selected) {
+        day = day % 7 + 1;
+        Date = Date.addDays(1);
+        if (Date.month() != month) {
+            MonthChanged = true;
+            break;
+        }
+        if (day == firstWeekday) {
+            WeekChanged = true;
+            break;
+        }
+    }
+    return Date;
+}
+
+QDate CheckDom(const DomDays &DomDays, QDate Date)
+{
+    const auto begin = DomDays.begin() + 1;
+    if (std::none_of(begin, DomDays.end(), [](int day) { return day >= 1 && day <= 31; }))
+        throw base::Error(base::ErrorNumber::InvalidCall,
+                          QStringLiteral("The service schedule lists no day of the month."));
+    while (std::find(begin, DomDays.end(), Date.day()) == DomDays.end())
+        Date = Date.addDays(1);
+    return Date;
+}
+
+void CheckSchDate(const Months &Months, const Weeks &Weeks, const Days &Days, QDate &Date)
+{
+    const int lastYear = Date.year() + YearsOfTheCalendar;
+    bool askMonth = true;
+    for (;;) {
+        if (Date.year() > lastYear)
+            throw base::Error(
+                base::ErrorNumber::InvalidCall,
+                QStringLiteral("No date ever meets the months, weeks and days of the schedule."));
+        if (askMonth)
+            Date = CheckMonth(Months, Date);
+        askMonth = false;
+        Date = CheckWeek(Weeks, Date, askMonth);
+        if (askMonth)
+            continue;
+        bool weekChanged = false;
+        Date = CheckDay(Days, Date, askMonth, weekChanged);
+        if (!askMonth && !weekChanged)
+            return;
+    }
+}
+
+QDate nextDate(const Pattern &pattern, const QString &period, int interval, QDate base)
+{
+    QDate date = Addday(period, interval, base);
+    if (pattern.dom != 0)
+        return CheckDom(pattern.domDays, date);
+    CheckSchDate(pattern.months, pattern.weeks, pattern.days, date);
+    return date;
+}
+
+} // namespace scheduling

@@ -1,0 +1,156 @@
+#include "scheduling/NextDate.h"
+
+#include "platform/base/Error.h"
+
+#include <gtest/gtest.h>
+#include <random>
+
+namespace {
+
+using namespace scheduling;
+
+constexpr Days AllDays{0, 1, 1, 1, 1, 1, 1, 1};
+constexpr Weeks AllWeeks{0, 1, 1, 1, 1, 1};
+constexpr Months AllMonths{0, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
+
+enum { Sun = 1, Mon, Tue, Wed, Thu, Fri, Sat };
+
+template<class Array>
+Array only(std::initializer_list<int> chosen)
+{
+    Array result{};
+    for (const int element : chosen)
+        result[element] = 1;
+    return result;
+}
+
+struct Search
+{
+    const char *name;
+    Months months;
+    Weeks weeks;
+    Days days;
+    QDate from;
+    QDate expected;
+};
+
+class CheckSchDateTable : public testing::TestWithParam<Search>
+{};
+
+TEST_P(CheckSchDateTable, FindsTheDate)
+{
+    const Search &row = GetParam();
+    QDate date = row.from;
+    CheckSchDate(row.months, row.weeks, row.days, date);
+    EXPECT_EQ(date, row.expected) << qPrintable(date.toString(Qt::ISODate));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Patterns, CheckSchDateTable,
+    testing::Values(
+        Search{"FirstMondayFromFriday1st", AllMonths, only<Weeks>({1}), only<Days>({Mon}),
+               QDate(2024, 3, 1), QDate(2024, 3, 4)},
+        Search{"FirstMondayFromThe5thWhichCountsAsWeek2", AllMonths, only<Weeks>({1}),
+               only<Days>({Mon}), QDate(2024, 3, 5), QDate(2024, 4, 1)},
+        Search{"FirstMondayFromThe7thWhichCountsAsWeek1", AllMonths, only<Weeks>({1}),
+               only<Days>({Mon}), QDate(2024, 3, 7), QDate(2024, 4, 1)},
+        Search{"SecondMonday", AllMonths, only<Weeks>({2}), only<Days>({Mon}), QDate(2024, 3, 1),
+               QDate(2024, 3, 11)},
+        Search{"ThirdSunday", AllMonths, only<Weeks>({3}), only<Days>({Sun}), QDate(2024, 3, 1),
+               QDate(2024, 3, 17)},
+        Search{"LastFridayInALeapYear", AllMonths, only<Weeks>({5}), only<Days>({Fri}),
+               QDate(2024, 2, 20), QDate(2024, 3, 29)},
+        Search{"LastFridayInACommonYear", AllMonths, only<Weeks>({5}), only<Days>({Fri}),
+               QDate(2023, 2, 20), QDate(2023, 3, 31)},
+        Search{"MonthsOnly", only<Months>({4, 10}), AllWeeks, AllDays, QDate(2024, 5, 10),
+               QDate(2024, 10, 1)},
+        Search{"MonthOfTheNextYear", only<Months>({4}), AllWeeks, AllDays, QDate(2024, 5, 10),
+               QDate(2025, 4, 1)},
+        Search{"EveryFlagLeavesTheDate", AllMonths, AllWeeks, AllDays, QDate(2024, 5, 10),
+               QDate(2024, 5, 10)},
+        Search{"TheFifthBlockOfFebruaryWaitsForALeapYear", only<Months>({2}), only<Weeks>({5}),
+               AllDays, QDate(2025, 3, 1), QDate(2028, 2, 29)},
+        // From Thursday the 14th the walk reaches Friday, the weekday of the 1st: a new block
+        // begins, and week 3 is not wanted. The next week 2 begins on Monday 8 April.
+        Search{"AWeekThatTheWalkLeavesIsAskedAgain", AllMonths, only<Weeks>({2}),
+               only<Days>({Mon}), QDate(2024, 3, 14), QDate(2024, 4, 8)}),
+    [](const auto &row) { return row.param.name; });
+
+TEST(CheckSchDate, StopsWithAnErrorWhenNoDateEverFits)
+{
+    QDate date(2024, 3, 1);
+    EXPECT_THROW(CheckSchDate(AllMonths, Weeks{}, AllDays, date), base::Error);
+    date = QDate(2024, 3, 1);
+    EXPECT_THROW(CheckSchDate(AllMonths, AllWeeks, Days{}, date), base::Error);
+    date = QDate(2024, 3, 1);
+    EXPECT_THROW(CheckSchDate(Months{}, AllWeeks, AllDays, date), base::Error);
+}
+
+TEST(CheckSchDate, NeverGoesBackAndMeetsMonthAndWeekday)
+{
+    std::mt19937 random(20240301);
+    const auto flags = [&random](auto array) {
+        do {
+            for (std::size_t i = 1; i < array.size(); ++i)
+                array[i] = random() % 3 == 0;
+        } while (std::none_of(array.begin() + 1, array.end(), [](int f) { return f == 1; }));
+        return array;
+    };
+    for (int round = 0; round < 2000; ++round) {
+        const Months months = flags(Months{});
+        const Weeks weeks = flags(Weeks{});
+        const Days days = flags(Days{});
+        const QDate from = QDate(2000, 1, 1).addDays(random() % 20000);
+        QDate date = from;
+        CheckSchDate(months, weeks, days, date);
+        ASSERT_GE(date, from);
+        ASSERT_EQ(months[date.month()], 1) << qPrintable(date.toString(Qt::ISODate));
+        ASSERT_EQ(days[date.dayOfWeek() % 7 + 1], 1) << qPrintable(date.toString(Qt::ISODate));
+        QDate full = from;
+        CheckSchDate(AllMonths, AllWeeks, AllDays, full);
+        ASSERT_EQ(full, from);
+    }
+}
+
+TEST(GetWeekNo, RoundsTheQuotientInsteadOfCuttingIt)
+{
+    const int expected[] = {0, 1, 1, 1, 2, 2, 2, 1, 2, 2, 2, 3, 3, 3, 2, 3,
+                            3, 3, 4, 4, 4, 3, 4, 4, 4, 5, 5, 5, 4, 5, 5, 5};
+    for (int day = 1; day <= 31; ++day)
+        EXPECT_EQ(GetWeekNo(QDate(2024, 1, day)), expected[day]) << day;
+}
+
+TEST(Addday, FollowsTheCalendarOfItsPeriod)
+{
+    EXPECT_EQ(Addday("D", 10, QDate(2024, 2, 25)), QDate(2024, 3, 6));
+    EXPECT_EQ(Addday("W", 2, QDate(2024, 12, 25)), QDate(2025, 1, 8));
+    EXPECT_EQ(Addday("M", 1, QDate(2024, 1, 31)), QDate(2024, 2, 29));
+    EXPECT_EQ(Addday("M", 1, QDate(2023, 1, 31)), QDate(2023, 2, 28));
+    EXPECT_EQ(Addday("Y", 1, QDate(2024, 2, 29)), QDate(2025, 2, 28));
+    for (const char *other : {"C", "d", ""})
+        EXPECT_FALSE(Addday(other, 1, QDate(2024, 1, 31)).isValid()) << other;
+    EXPECT_THROW((void)Addday("Y", 99999, QDate(2024, 1, 1)), base::Error);
+}
+
+TEST(CheckDom, TakesTheNextListedDayThatAMonthHas)
+{
+    EXPECT_EQ(CheckDom({0, 15, 30}, QDate(2024, 2, 20)), QDate(2024, 3, 15));
+    EXPECT_EQ(CheckDom({0, 31}, QDate(2024, 4, 2)), QDate(2024, 5, 31));
+    EXPECT_EQ(CheckDom({0, 2, 0, 0, 0, 0}, QDate(2024, 4, 2)), QDate(2024, 4, 2));
+    EXPECT_THROW((void)CheckDom({0, 0, 32, -1}, QDate(2024, 4, 2)), base::Error);
+}
+
+TEST(NextDate, GoesByDaysOfTheMonthOrByThePatternButNotByBoth)
+{
+    Pattern pattern;
+    pattern.dom = 1;
+    pattern.domDays = {0, 15};
+    EXPECT_EQ(nextDate(pattern, "M", 1, QDate(2024, 1, 31)), QDate(2024, 3, 15));
+    pattern.dom = 0;
+    pattern.months = AllMonths;
+    pattern.weeks = AllWeeks;
+    pattern.days = only<Days>({Sat});
+    EXPECT_EQ(nextDate(pattern, "W", 1, QDate(2024, 3, 1)), QDate(2024, 3, 9));
+}
+
+} // namespace
