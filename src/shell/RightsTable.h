@@ -1,0 +1,37 @@
+#pragma once
+
+#include "core/Session.h"
+
+#include <QSet>
+#include <QString>
+#include <span>
+
+/// The rights of a user: which exist, how they are loaded and how they are stored.
+namespace shell {
+
+/// The tab of the rights screen on which a right stands.
+enum class RightsTab { Equipment, Services, Inventory };
+
+struct RightEntry
+{
+    const char *column; ///< in tblUser, also the name of the right's boolean and of its box
+    const char *caption;
+    RightsTab tab;
+    bool Rights::*member;
+};
+
+/// The 28 rights in the order of their columns.
+[[nodiscard]] std::span<const RightEntry> rightsTable();
+
+/// The message for an action whose right the user lacks.
+[[nodiscard]] QString insufficientRightsMessage();
+
+} // namespace shell
+
+/// Loads the rights of gsLoginUser into gRights; grants all when nobody has logged in. A user
+/// without a row is a reported error, and leaves the rights as they are. Data.
+void SetUserRole();
+
+/// The statement that stores all rights of a user: '1' for the columns in Granted, '0' for the
+/// others.
+[[nodiscard]] QString BuildQueryString(const QString &UserName, const QSet<QString> &Granted);

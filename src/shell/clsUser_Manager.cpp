@@ -1,0 +1,74 @@
+#include "shell/clsUser_Manager.h"
+
+#include "core/Session.h"
+#include "platform/base/Trapped.h"
+#include "platform/db/DbError.h"
+#include "shell/Passwords.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto module = "Class User Manager";
+
+void insertUser(const clsUser &user)
+{
+    gcnData->Execute(u"insert into tblUser(UserName,[Password],EmployeeID) values(?,?,?)"_s,
+                     {user.UserName(), shell::hashedPassword(user.Password()), user.EmployeeID()});
+}
+
+void updateUser(const clsUser &user, const QString &rowName)
+{
+    const db::Recordset row =
+        gcnData->Open(u"select [Password] from tblUser where UserName = ?"_s, {rowName});
+    if (row.isEmpty())
+        throw base::Error(base::ErrorNumber::NoCurrentRow,
+                          u"The user \"%1\" has been deleted at another place."_s.arg(rowName));
+    const QString stored = row.current().text(u"Password");
+    const bool keepHash = stored == user.Password() && shell::isHashedPassword(stored);
+    gcnData->Execute(u"update tblUser set UserName = ?, [Password] = ?, EmployeeID = ? "
+                     u"where UserName = ?"_s,
+                     {user.UserName(), keepHash ? stored : shell::hashedPassword(user.Password()),
+                      user.EmployeeID(), rowName});
+}
+
+} // namespace
+
+void clsUser_Manager::SaveRecord(const clsUser &User, const QString &Mode, bool &Result,
+                                 const QString &FormerName) const
+{
+    Result = base::trapped(module, "SaveRecord", false, [&] {
+        if (Mode == u"A")
+            insertUser(User);
+        else
+            updateUser(User, FormerName.isEmpty() ? User.UserName() : FormerName);
+        return true;
+    });
+}
+
+void clsUser_Manager::DeleteRecord(const QString &UserName, bool &Result) const
+{
+    Result = false;
+    try {
+        gcnData->Execute(u"Delete from tblUser where UserName = ?"_s, {UserName});
+        Result = true;
+    } catch (const db::DbError &) {
+        // Result says it: the screen's own message stands in for the error report.
+    }
+}
+
+bool clsUser_Manager::IsUserExist(const QString &UserName) const
+{
+    return base::trapped(module, "IsUserExist", false, [&] {
+        return !gcnData->Open(u"select UserName from tblUser where UserName = ?"_s, {UserName})
+                    .isEmpty();
+    });
+}
+
+db::Recordset clsUser_Manager::Users() const
+{
+    return base::trapped(module, "Users", db::Recordset(), [] {
+        return gcnData->Open(
+            u"Select UserName,Password,EmployeeID from tblUser where Username <> 'Admin'"_s);
+    });
+}
