@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QLineEdit>
+
+namespace input {
+
+/// An amount of money with two decimals, "0.00". Takes digits and one point; a minus in front only
+/// when allowed. May be empty, which counts as 0; leaving the box brings what was typed to two
+/// decimals. Pasted amounts may carry a currency sign and thousands separators.
+class CurrencyInput : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    explicit CurrencyInput(QWidget *parent = nullptr);
+
+    [[nodiscard]] double value() const;
+    void setValue(double value);
+    void setNegativeAllowed(bool allowed) { m_negativeAllowed = allowed; }
+    /// Whether the box may stay empty (it may unless set); otherwise leaving it empty gives 0.00.
+    void setBlankAllowed(bool allowed) { m_blankAllowed = allowed; }
+
+Q_SIGNALS:
+    /// The amount changed, by the user or the program.
+    void valueChanged(double value);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+
+private:
+    void cleanInsertion(const QString &newText);
+
+    QString m_former;
+    bool m_negativeAllowed = false;
+    bool m_blankAllowed = true;
+};
+
+/// The amount in a text, its characters other than digits, the first point and (when allowed) a
+/// leading minus left out.
+[[nodiscard]] QString cleanedAmount(const QString &text, bool negativeAllowed);
+
+} // namespace input

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QComboBox>
+#include <QHash>
+
+namespace input {
+
+/// A list to choose from whose items carry the ids of rows. Typing moves to the next item that
+/// begins with what was typed. A wheel turned over it changes nothing unless it has the focus.
+class IdCombo : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    explicit IdCombo(QWidget *parent = nullptr);
+
+    void clear();
+    void add(const QString &text, qint64 id);
+    /// Adds many items at once.
+    void add(const QStringList &texts);
+    /// The id of the item shown, 0 without one.
+    [[nodiscard]] qint64 id() const;
+    /// Shows the item with this id; False, and nothing changes, when there is none.
+    bool select(qint64 id);
+    /// Shows the item with this text, without regard to case; False when there is none.
+    bool selectText(const QString &text);
+    /// From text to id as text; of like texts the first.
+    [[nodiscard]] const QHash<QString, QString> &collection() const { return m_collection; }
+
+protected:
+    void wheelEvent(QWheelEvent *event) override;
+
+private:
+    QHash<QString, QString> m_collection;
+};
+
+} // namespace input
