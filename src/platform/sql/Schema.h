@@ -13,10 +13,10 @@ enum class ColumnKind {
     Unknown,
     Integer, ///< whole numbers of 16 or 32 bits, the 0/1 flags among them
     Real,
-    Money,  ///< four exact decimals
-    Text,   ///< compared without regard to case
-    Date,   ///< date and time of day
-    YesNo,  ///< -1 or 0, never Null
+    Money, ///< four exact decimals
+    Text,  ///< compared without regard to case
+    Date,  ///< date and time of day
+    YesNo, ///< -1 or 0, never Null
     Binary,
 };
 
@@ -24,7 +24,7 @@ struct Column
 {
     QString name; ///< as created, which is how the engine stores it
     ColumnKind kind = ColumnKind::Unknown;
-    int length = 0;             ///< characters, for text
+    int length = 0; ///< characters, for text
     bool autoNumber = false;
     bool defaultsToToday = false; ///< an insert that leaves the column out stores today
 };

@@ -29,7 +29,8 @@ struct Lifted
 };
 
 /// Lifts the literals in one pass over the text, linear in its length.
-/// Raises a syntax error (base::Error with ErrorNumber::Syntax) for text that can't be cut into tokens.
+/// Raises a syntax error (base::Error with ErrorNumber::Syntax) for text that can't be cut into
+/// tokens.
 [[nodiscard]] Lifted lift(QStringView statement);
 
 /// Where the value for one "?" of the engine's statement comes from, and how it has to be
@@ -64,7 +65,7 @@ struct Plan
     /// shape that have equal values there.
     std::vector<int> fixedLiterals;
     /// For Ddl: the engine's statements in order (a table may need triggers and generators); text
-    /// is empty then.
+    /// is empty then. Each has to be committed before the next one is prepared.
     std::vector<QString> ddl;
     /// Result columns whose names the engine can't carry (too long for it): position and name.
     std::vector<std::pair<int, QString>> longNames;

@@ -1,0 +1,26 @@
+#include "platform/sql/Schema.h"
+
+namespace sql {
+
+const Column *Table::find(QStringView column) const
+{
+    for (const Column &candidate : columns) {
+        if (candidate.name.compare(column, Qt::CaseInsensitive) == 0)
+            return &candidate;
+    }
+    return nullptr;
+}
+
+void Schema::add(Table table)
+{
+    QString key = table.name.toLower();
+    m_tables.insert(std::move(key), std::move(table));
+}
+
+const Table *Schema::find(QStringView table) const
+{
+    const auto found = m_tables.constFind(table.toString().toLower());
+    return found == m_tables.constEnd() ? nullptr : &*found;
+}
+
+} // namespace sql
