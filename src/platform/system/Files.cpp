@@ -1,0 +1,103 @@
+#include "platform/system/Files.h"
+
+#include "platform/base/Error.h"
+
+#include <QByteArray>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+using namespace Qt::StringLiterals;
+
+namespace sys {
+namespace {
+
+constexpr qint64 BlockSize = 1 << 20;
+
+[[noreturn]] void raise(int number, const QString &text, const QString &path)
+{
+    throw base::Error(number, text + u": "_s + QDir::toNativeSeparators(path));
+}
+
+/// The failure of writing below a folder that exists.
+[[noreturn]] void raiseWriteError(const QFileDevice &file, const QString &path)
+{
+    if (file.error() == QFileDevice::ResourceError)
+        raise(base::ErrorNumber::DiskFull, u"The disk is full"_s, path);
+    raise(base::ErrorNumber::PathAccess,
+          u"The file can't be written (%1)"_s.arg(file.errorString()), path);
+}
+
+void openSource(QFile &file)
+{
+    const QFileInfo info(file.fileName());
+    if (!info.absoluteDir().exists())
+        raise(base::ErrorNumber::PathNotFound, u"Path not found"_s, info.absolutePath());
+    if (!info.exists())
+        raise(base::ErrorNumber::FileNotFound, u"File not found"_s, file.fileName());
+    if (info.isDir())
+        raise(base::ErrorNumber::PathAccess, u"A folder stands where a file is expected"_s,
+              file.fileName());
+    if (!file.open(QIODevice::ReadOnly))
+        raise(base::ErrorNumber::PermissionDenied,
+              u"Permission denied (%1)"_s.arg(file.errorString()), file.fileName());
+}
+
+void openDestination(QSaveFile &file)
+{
+    const QFileInfo info(file.fileName());
+    if (!info.absoluteDir().exists())
+        raise(base::ErrorNumber::PathNotFound, u"Path not found"_s, info.absolutePath());
+    if (info.isDir())
+        raise(base::ErrorNumber::PathAccess, u"A folder stands where a file is to be written"_s,
+              file.fileName());
+    if (!file.open(QIODevice::WriteOnly))
+        raiseWriteError(file, file.fileName());
+}
+
+} // namespace
+
+void copyFile(const QString &source, const QString &destination,
+              const std::function<bool()> &mayReplace)
+{
+    QFile from(source);
+    openSource(from);
+    const bool isNew = !QFileInfo::exists(destination);
+    QSaveFile to(destination);
+    openDestination(to);
+    if (isNew) {
+        // A copy off a read-only medium must stay usable.
+        to.setPermissions(from.permissions() | QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+    }
+    while (!from.atEnd()) {
+        const QByteArray block = from.read(BlockSize);
+        if (block.isEmpty() && from.error() != QFileDevice::NoError)
+            raise(base::ErrorNumber::PermissionDenied,
+                  u"The file can't be read (%1)"_s.arg(from.errorString()), source);
+        if (to.write(block) != block.size())
+            raiseWriteError(to, destination);
+    }
+    if (mayReplace && !mayReplace())
+        raise(base::ErrorNumber::PermissionDenied, u"Permission denied"_s, source);
+    if (!to.commit())
+        raiseWriteError(to, destination);
+}
+
+void removeFile(const QString &path)
+{
+    QFile file(path);
+    if (!file.exists())
+        raise(base::ErrorNumber::FileNotFound, u"File not found"_s, path);
+    if (QFileInfo(path).isDir() || !file.remove())
+        raise(base::ErrorNumber::PathAccess,
+              u"The file can't be deleted (%1)"_s.arg(file.errorString()), path);
+}
+
+void makeFolder(const QString &path)
+{
+    if (!QDir().mkpath(path))
+        raise(base::ErrorNumber::PathAccess, u"The folder can't be made"_s, path);
+}
+
+} // namespace sys

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+
+/// Work on whole files. Paths are full paths in the system's own form (see base::applicationPath).
+/// Failures raise base::Error with the numbers FileNotFound, PathNotFound, PathAccess,
+/// PermissionDenied and DiskFull, and a description that names the file.
+namespace sys {
+
+/// Copies a file over another. The copy appears under its name only when it is whole: until then,
+/// and after a failure, whatever stood there stays. mayReplace, when given, is asked after the last
+/// byte was read; False drops the copy and raises PermissionDenied.
+void copyFile(const QString &source, const QString &destination,
+              const std::function<bool()> &mayReplace = {});
+/// Deletes a file.
+void removeFile(const QString &path);
+/// Makes a folder and those above it; content with one that is there.
+void makeFolder(const QString &path);
+
+} // namespace sys
