@@ -14,7 +14,7 @@ constexpr auto module = "Class User Manager";
 void insertUser(const clsUser &user)
 {
     gcnData->Execute(u"insert into tblUser(UserName,[Password],EmployeeID) values(?,?,?)"_s,
-                     {user.UserName(), shell::hashedPassword(user.Password()), user.EmployeeID()});
+                     {user.UserName, shell::hashedPassword(user.Password), user.EmployeeID});
 }
 
 void updateUser(const clsUser &user, const QString &rowName)
@@ -25,23 +25,23 @@ void updateUser(const clsUser &user, const QString &rowName)
         throw base::Error(base::ErrorNumber::NoCurrentRow,
                           u"The user \"%1\" has been deleted at another place."_s.arg(rowName));
     const QString stored = row.current().text(u"Password");
-    const bool keepHash = stored == user.Password() && shell::isHashedPassword(stored);
+    const bool keepHash = stored == user.Password && shell::isHashedPassword(stored);
     gcnData->Execute(u"update tblUser set UserName = ?, [Password] = ?, EmployeeID = ? "
                      u"where UserName = ?"_s,
-                     {user.UserName(), keepHash ? stored : shell::hashedPassword(user.Password()),
-                      user.EmployeeID(), rowName});
+                     {user.UserName, keepHash ? stored : shell::hashedPassword(user.Password),
+                      user.EmployeeID, rowName});
 }
 
 } // namespace
 
-void clsUser_Manager::SaveRecord(const clsUser &User, const QString &Mode, bool &Result,
+void clsUser_Manager::SaveRecord(const clsUser &User, Mode SaveMode, bool &Result,
                                  const QString &FormerName) const
 {
     Result = base::trapped(module, "SaveRecord", false, [&] {
-        if (Mode == u"A")
+        if (SaveMode == Mode::Add)
             insertUser(User);
         else
-            updateUser(User, FormerName.isEmpty() ? User.UserName() : FormerName);
+            updateUser(User, FormerName.isEmpty() ? User.UserName : FormerName);
         return true;
     });
 }

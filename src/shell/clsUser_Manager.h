@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Mode.h"
 #include "platform/db/Recordset.h"
 #include "shell/clsUser.h"
 
@@ -7,10 +8,10 @@
 class clsUser_Manager final
 {
 public:
-    /// Stores a user: Mode "A" inserts, with the rights left empty, "M" updates. A password other
-    /// than the stored text is hashed. FormerName is the row's name when "M" renames the user,
-    /// otherwise empty. Result tells whether the row was written; an error is reported.
-    void SaveRecord(const clsUser &User, const QString &Mode, bool &Result,
+    /// Stores a user: mode Add inserts, with the rights left empty, Modify updates the row of
+    /// FormerName (the user's own name unless the name was changed too). A password other than the
+    /// stored text is hashed. Result tells whether the row was written; an error is reported.
+    void SaveRecord(const clsUser &User, Mode SaveMode, bool &Result,
                     const QString &FormerName = {}) const;
     /// Deletes a user. Result is False when that failed; the caller says so, nothing is reported.
     void DeleteRecord(const QString &UserName, bool &Result) const;
