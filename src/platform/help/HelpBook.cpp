@@ -30,7 +30,7 @@ QString plainText(const QString &html)
 
 QString fileOf(const QString &folder, const QString &topic)
 {
-    return folder + u'/' + topic + u".html";
+    return folder + u'/' + topic + u".html"_s;
 }
 
 } // namespace
