@@ -107,36 +107,37 @@ void tellMissingPattern(const QString &missing, qint64 serviceUsedID)
 
 QDateTime GetNextScheduledDate(qint64 ServiceUsedID, bool UseGivenDate, const QDateTime &GivenDate)
 {
-    return base::trapped("General Function", "GetNextScheduledDate", QDateTime(), [&]() -> QDateTime {
-        const QDateTime today = base::wallClock(base::today());
-        const db::Recordset rows = gcnData->Open(
-            u"Select * from tblServiceUsed where ServiceUsedID = ?"_s, {ServiceUsedID});
-        if (rows.isEmpty())
-            return today;
-        const Schedule schedule = readSchedule(rows.current());
+    return base::trapped(
+        "General Function", "GetNextScheduledDate", QDateTime(), [&]() -> QDateTime {
+            const QDateTime today = base::wallClock(base::today());
+            const db::Recordset rows = gcnData->Open(
+                u"Select * from tblServiceUsed where ServiceUsedID = ?"_s, {ServiceUsedID});
+            if (rows.isEmpty())
+                return today;
+            const Schedule schedule = readSchedule(rows.current());
 
-        if (!isCalendar(schedule.period)) {
-            QDateTime result;
-            CheckMeterLogic(schedule.equipment, PeriodWord(schedule.period), schedule.target,
-                            result);
-            return result;
-        }
-
-        const QDateTime last =
-            schedule.fromLastScheduled ? schedule.lastScheduled : schedule.lastPerformed;
-        const QDateTime base = UseGivenDate ? GivenDate : (last.isValid() ? last : today);
-        if (schedule.pattern.dom == 0) {
-            const QString missing = missingPattern(schedule.pattern);
-            if (!missing.isEmpty()) {
-                // An interval that runs over must be an error before anything is said.
-                (void)scheduling::Addday(schedule.period, schedule.interval, base.date());
-                tellMissingPattern(missing, ServiceUsedID);
-                return base::now().addDays(1);
+            if (!isCalendar(schedule.period)) {
+                QDateTime result;
+                CheckMeterLogic(schedule.equipment, PeriodWord(schedule.period), schedule.target,
+                                result);
+                return result;
             }
-        }
-        return base::wallClock(scheduling::nextDate(schedule.pattern, schedule.period,
-                                                    schedule.interval, base.date()));
-    });
+
+            const QDateTime last =
+                schedule.fromLastScheduled ? schedule.lastScheduled : schedule.lastPerformed;
+            const QDateTime base = UseGivenDate ? GivenDate : (last.isValid() ? last : today);
+            if (schedule.pattern.dom == 0) {
+                const QString missing = missingPattern(schedule.pattern);
+                if (!missing.isEmpty()) {
+                    // An interval that runs over must be an error before anything is said.
+                    (void)scheduling::Addday(schedule.period, schedule.interval, base.date());
+                    tellMissingPattern(missing, ServiceUsedID);
+                    return base::now().addDays(1);
+                }
+            }
+            return base::wallClock(scheduling::nextDate(schedule.pattern, schedule.period,
+                                                        schedule.interval, base.date()));
+        });
 }
 
 void CheckMeterLogic(qint64 EquipmentID, const QString &CountType, qint64 NextScheduledCount,

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+#include <vector>
+
+/// Straight-line depreciation.
+namespace depreciation {
+
+struct Year
+{
+    int EndofYear = 0;
+    double AnnualDepreciation = 0;
+    double AccumualtedDepreciation = 0;
+    double BookValue = 0;
+
+    bool operator==(const Year &) const = default;
+};
+
+/// The schedule of an asset, one row for each year of its life, the purchase year being the first.
+/// Cost and salvage value lose their cents before the division: both are rounded to whole numbers,
+/// ties to the even one. A life of 0 or less has no rows.
+[[nodiscard]] std::vector<Year> schedule(int purchaseYear, double totalCost, double salvageValue,
+                                         int lifeYears);
+
+/// Throws a machine's stored schedule away and stores a new one. Data; joins no transaction of its
+/// own. Raises DbError.
+void store(qint64 EquipmentID, const std::vector<Year> &years);
+
+} // namespace depreciation

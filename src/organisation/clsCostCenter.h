@@ -1,0 +1,31 @@
+#pragma once
+
+#include "core/Mode.h"
+#include "platform/db/Recordset.h"
+
+#include <QString>
+
+/// What a service is charged to.
+struct clsCostCenter
+{
+    qint64 CostCenterID = 0;
+    QString Description;
+    double Budget = 0; ///< stored and shown, summed nowhere
+
+    bool operator==(const clsCostCenter &) const = default;
+    [[nodiscard]] static clsCostCenter fromRow(const db::Row &row);
+};
+
+/// Cost centres in the database. Lookup; the usage test reads Data.
+class clsCostCenterManager
+{
+public:
+    [[nodiscard]] bool SaveRecord(const clsCostCenter &Record, Mode Mode) const;
+    [[nodiscard]] bool DeleteRecord(qint64 CostCenterID) const;
+    /// What uses it, empty when it may go.
+    [[nodiscard]] QString CanDeleteCostCenter(qint64 CostCenterID) const;
+    /// All rows.
+    [[nodiscard]] db::Recordset GetCostCenterInfo() const;
+    /// The highest key plus one: what the database will give the next row if nobody else adds one.
+    [[nodiscard]] qint64 GenrateID() const;
+};

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "core/Mode.h"
+#include "platform/db/Recordset.h"
+
+#include <QString>
+
+/// A crew, known to users by its number.
+struct clsCrew
+{
+    qint64 CrewID = 0;
+    QString CrewNumber; ///< digits; a number in the table
+    QString Description;
+
+    bool operator==(const clsCrew &) const = default;
+    [[nodiscard]] static clsCrew fromRow(const db::Row &row);
+};
+
+/// Crews in the database. Lookup; the usage test reads Data.
+class clsCrewManager
+{
+public:
+    [[nodiscard]] bool SaveRecord(const clsCrew &Crew, Mode Mode) const;
+    [[nodiscard]] bool DeleteRecord(qint64 CrewID) const;
+    /// What uses the crew, empty when it may go.
+    [[nodiscard]] QString CanDeleteCrew(qint64 CrewID) const;
+    /// All crews.
+    [[nodiscard]] db::Recordset GetCrewInfo() const;
+};

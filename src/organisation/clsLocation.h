@@ -1,0 +1,30 @@
+#pragma once
+
+#include "core/Mode.h"
+#include "platform/db/Recordset.h"
+
+#include <QString>
+
+/// A spot within a site.
+struct clsLocation
+{
+    qint64 LocationID = 0;
+    QString LocationName;
+    QString Description;
+    qint64 Site = 0; ///< key of the site
+
+    bool operator==(const clsLocation &) const = default;
+    [[nodiscard]] static clsLocation fromRow(const db::Row &row);
+};
+
+/// Locations in the database. Lookup; the usage test reads Data.
+class clsLocation_Manager
+{
+public:
+    [[nodiscard]] bool SaveRecord(const clsLocation &Record, Mode Mode) const;
+    [[nodiscard]] bool DeleteRecord(qint64 LocationID) const;
+    /// What uses it, empty when it may go.
+    [[nodiscard]] QString CanDeleteLocation(qint64 LocationID) const;
+    /// All rows.
+    [[nodiscard]] db::Recordset GetLocationInfo() const;
+};

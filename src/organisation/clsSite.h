@@ -1,0 +1,33 @@
+#pragma once
+
+#include "core/Mode.h"
+#include "platform/db/Recordset.h"
+
+#include <QString>
+
+/// A place where machines stand.
+struct clsSite
+{
+    qint64 SiteID = 0;
+    QString SiteName;
+    QString Address;
+    QString City;
+    QString StateID; ///< an item of a state list; empty reads as none
+    QString Zip;
+
+    bool operator==(const clsSite &) const = default;
+    [[nodiscard]] static clsSite fromRow(const db::Row &row);
+};
+
+/// Sites in the database. Lookup; the usage test reads Data.
+class clsSiteManager
+{
+public:
+    [[nodiscard]] bool SaveRecord(const clsSite &Record, Mode Mode) const;
+    [[nodiscard]] bool DeleteRecord(qint64 SiteID) const;
+    /// The table that uses the site, empty when it may go; users see it without its first three
+    /// letters.
+    [[nodiscard]] QString CanDeleteSite(qint64 SiteID) const;
+    /// All rows.
+    [[nodiscard]] db::Recordset GetSiteInfo() const;
+};
