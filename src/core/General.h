@@ -13,8 +13,7 @@
 
 /// Reports an error and waits until its form is closed; False without one (number 0), else True.
 bool ErrorHandler(const QString &ModuleName, const QString &ProcedureName, int ErrNumber,
-                  const QString &ErrDescription, const QString &ExtraText = {},
-                  int LineNumber = 0);
+                  const QString &ErrDescription, const QString &ExtraText = {}, int LineNumber = 0);
 
 // --- Identifiers and row tests -------------------------------------------------------------------
 
@@ -84,6 +83,10 @@ void SetRegistryValue(const QString &Name, const QString &Value);
 [[nodiscard]] bool CheckArray(std::span<const int> Values);
 /// "h:mm" of a number of minutes.
 [[nodiscard]] QString ChangeMinuteInHour(int Minutes);
+/// Starts a program and waits until it has ended, however long that takes.
+void RunAndWait(const QString &CommandLine);
+/// The system's folder chooser; empty on cancel.
+[[nodiscard]] QString BrowseForFolder(const QString &Title);
 /// True for an address in order; otherwise Message says what is wrong.
 [[nodiscard]] bool ValidateEmail(const QString &Address, QString &Message);
 

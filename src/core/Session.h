@@ -15,10 +15,24 @@ extern std::unique_ptr<db::Connection> gcnData;
 /// options, grid layouts, the error list.
 extern std::unique_ptr<db::Connection> gcnLookup;
 
-extern QString gsDatabasePath;      ///< full path of the live database
-extern QString gsLoginUser;         ///< in upper case; empty when security is off
-extern bool gbDatabaseOutOfDate;    ///< the update at start asked for the update from the menu
-extern bool gbInTransaction;        ///< the shared transaction on gcnData is open
+extern QString gsDatabasePath;   ///< full path of the live database
+extern QString gsLoginUser;      ///< in upper case; empty when security is off
+extern bool gbDatabaseOutOfDate; ///< the update at start asked for the update from the menu
+extern bool gbInTransaction;     ///< the shared transaction on gcnData is open
+
+/// The two connections where they must be open; raise base::Error when no database is open.
+[[nodiscard]] db::Connection &dataConnection();
+[[nodiscard]] db::Connection &lookupConnection();
+
+/// How to attach to the live database: gsDatabasePath in this process or, when the registry names
+/// one in "HOST", on that host, under "HOSTPATH", "HOSTUSER" and "HOSTPASSWORD" where they are
+/// given.
+[[nodiscard]] db::Target databaseTarget();
+/// Opens gcnData, then gcnLookup. Raises, and leaves both closed then.
+void openConnections();
+/// Closes both, for operations on the file as a whole. An open transaction is undone.
+void closeConnections();
+[[nodiscard]] bool connectionsAreOpen();
 
 /// Opens the shared transaction unless it is open already; whoever finds it open joins it.
 void BeginTrans();

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+#include <functional>
+
+/// A run-time error on its way to the user and the makers: what is reported, how it reads in a
+/// mail, and where it is kept.
+struct ErrorReport
+{
+    QString ModuleName;
+    QString ProcedureName;
+    int ErrNumber = 0;
+    QString ErrDescription;
+    int LineNumber = 0;
+    QString UserMsg;   ///< what the user adds
+    QString UserEmail; ///< the sender's address
+};
+
+/// Shows one error modally and comes back when its form is closed.
+using ErrorReportForm = std::function<void(const ErrorReport &)>;
+/// Sets what ErrorHandler shows an error with; returns the one set before. Without one an error
+/// goes to the log only.
+ErrorReportForm setErrorReportForm(ErrorReportForm form);
+/// Hands every trapped error to ErrorHandler, and errors of ErrorHandler's own form to the log.
+void connectErrorHandler();
+
+/// The report with what the program knows about itself, in the wording of the mail.
+struct ErrorReportDetails
+{
+    ErrorReport report;
+    QString AppVersion; ///< registry value "VERSION"
+    QString DBVersion;  ///< option "DBVERSION"
+    QString MainApp;    ///< registry value "MainApp"
+    QDateTime ErrDateTime;
+    QString UserName; ///< name of the computer
+    QString WindowVersion;
+    QString WinVersionNo;
+    QString ServicePack;
+
+    /// Reads the rest of the details beside a report.
+    static ErrorReportDetails of(const ErrorReport &report);
+};
+
+/// The mail's text in HTML.
+[[nodiscard]] QString htmlBody(const ErrorReportDetails &details);
+/// The same as plain text with "\r\n" at each line end.
+[[nodiscard]] QString plainBody(const ErrorReportDetails &details);
+/// A "mailto:" address that opens the user's own mail program on the plain text.
+[[nodiscard]] QString mailtoAddress(const QString &mailbox, const QString &plainBody);
+
+/// Adds the report to tblErrorList, at the current time. On Lookup, so that the row stays when the
+/// failed work on Data is rolled back; does nothing while no database is open. Raises.
+void storeError(const ErrorReport &report);
+
+/// One mail of the program's to its makers.
+struct ReportMail
+{
+    QString sender;     ///< the user's address
+    QString senderName; ///< the sender's display text
+    QString subject;
+    QString html;
+    QString attachment; ///< full path of a file, empty for none
+};
+
+/// The way to the makers. What is not set up stays empty: without sendMail a report counts as
+/// failed and goes to the user's own mail program.
+struct ReportTransport
+{
+    /// Adds the report to the makers' own store; raises when that fails.
+    std::function<void(const ErrorReportDetails &)> storeRemote;
+    /// Sends a mail; False when it could not be sent.
+    std::function<bool(const ReportMail &)> sendMail;
+    /// Mailbox for reports from the user's own mail program.
+    QString mailbox;
+};
+const ReportTransport &reportTransport();
+void setReportTransport(ReportTransport transport);
+
+/// "User---" and the address.
+[[nodiscard]] QString reportSubject(const QString &senderAddress);

@@ -1,0 +1,165 @@
+#include "core/StartUp.h"
+
+#include "core/General.h"
+#include "core/Session.h"
+#include "platform/base/Environment.h"
+#include "platform/base/Error.h"
+#include "platform/base/Prompts.h"
+#include "platform/db/Maintenance.h"
+#include "platform/settings/Registry.h"
+#include "platform/system/Files.h"
+
+#include <QFileInfo>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+sys::OsVersion gWindowsVersion;
+
+namespace {
+
+QString liveDatabase()
+{
+    return base::applicationPath(u"\\Data\\Quorvantis.mdb"_s);
+}
+
+/// Runs a part of the start; the error that stopped it, if any. The report form can't be relied on
+/// yet, so these parts tell of their errors in boxes of their own.
+std::optional<base::Error> errorOf(const std::function<void()> &part)
+{
+    try {
+        part();
+        return std::nullopt;
+    } catch (const base::Error &error) {
+        return error;
+    } catch (const std::exception &error) {
+        return base::Error(base::ErrorNumber::InvalidCall, QString::fromUtf8(error.what()));
+    }
+}
+
+void showFailure(const base::Error &error, const QString &where)
+{
+    base::showCritical(error.description() + u'\n' + QString::number(error.number()) + u'\n' +
+                       where);
+}
+
+void end(const StartUpSteps &Steps)
+{
+    if (Steps.End)
+        Steps.End();
+}
+
+/// Read past the procedures that report to the form.
+QString registryValue(const QString &name)
+{
+    return settings::registry().value(settings::ProductKey, name);
+}
+
+void copyToBackup()
+{
+    const QString version = registryValue(u"VERSION"_s).remove(u'.');
+    // A file behind a server is always held.
+    if (!registryValue(u"HOST"_s).isEmpty())
+        throw base::Error(base::ErrorNumber::PermissionDenied, u"Permission denied"_s);
+    const QString source = liveDatabase();
+    const auto isFree = [&] { return !db::isHeld(source); };
+    // A copy taken while somebody writes would be broken: asked before, and again at the end.
+    if (QFileInfo::exists(source) && !isFree())
+        throw base::Error(base::ErrorNumber::PermissionDenied, u"Permission denied"_s);
+    sys::copyFile(source,
+                  base::applicationPath(u"\\Data\\Backup\\Quorvantis"_s + version + u".mdb"_s),
+                  isFree);
+}
+
+void makeGuid()
+{
+    if (registryValue(u"GUID"_s).isEmpty())
+        settings::registry().setValue(settings::ProductKey, u"GUID"_s, GetGUID());
+}
+
+/// The engine's word for a missing file is about its own affairs.
+void requireDatabaseFile()
+{
+    if (!registryValue(u"HOST"_s).isEmpty() || QFileInfo(gsDatabasePath).isFile())
+        return;
+    throw base::Error(base::ErrorNumber::FileNotFound,
+                      u"Could not find file '%1'."_s.arg(gsDatabasePath));
+}
+
+/// True when nobody has to log in, or somebody did.
+bool letIn(const StartUpSteps &Steps)
+{
+    if (GetOption(u"SECURITYONOFF"_s, false) != u"1")
+        return true;
+    return Steps.frmLogin && Steps.frmLogin();
+}
+
+} // namespace
+
+bool Main(const StartUpSteps &Steps)
+{
+    bool running = false;
+    const auto error = errorOf([&] {
+        if (Steps.CheckForUpdate && Steps.CheckForUpdate()) {
+            end(Steps);
+            return;
+        }
+        running = ConnectToDB(Steps);
+        if (!running)
+            return;
+        GetWindowsVersion(gWindowsVersion);
+        const QString userFolder = base::appDataPath();
+        if (!QFileInfo(userFolder).isDir())
+            sys::makeFolder(userFolder);
+    });
+    if (error)
+        showFailure(*error, u"modData_Conntect (Main)"_s);
+    return running;
+}
+
+bool ConnectToDB(const StartUpSteps &Steps)
+{
+    bool running = false;
+    const auto error = errorOf([&] {
+        if (Steps.PrevInstance && Steps.PrevInstance()) {
+            base::showInformation(u"Quorvantis application is already open."_s);
+            return;
+        }
+        if (!BackupDB())
+            base::showInformation(u"Problem in taking backup of Database."_s);
+        gsDatabasePath = liveDatabase();
+        makeGuid();
+        requireDatabaseFile();
+        openConnections();
+        if (Steps.UpdateDatabase && Steps.UpdateDatabase(true))
+            gbDatabaseOutOfDate = true;
+        if (!letIn(Steps))
+            return;
+        if (Steps.SetUserRole)
+            Steps.SetUserRole();
+        if (Steps.frmMainScreen)
+            Steps.frmMainScreen();
+        running = true;
+    });
+    if (error)
+        showFailure(*error, u"modData_Conntect (ConnectToDB)"_s);
+    if (!running)
+        end(Steps);
+    return running;
+}
+
+bool BackupDB()
+{
+    const auto error = errorOf(copyToBackup);
+    if (!error || error->number() == base::ErrorNumber::PermissionDenied)
+        return true;
+    base::showMessage(error->description() + u' ' + QString::number(error->number()) +
+                      u"Main Funtions(BackupDB) "_s);
+    return false;
+}
+
+QString GetWindowsVersion(sys::OsVersion &Record)
+{
+    Record = sys::osVersion();
+    return Record.name;
+}

@@ -1,0 +1,66 @@
+#include "core/ui/GridSetting.h"
+
+#include "core/Session.h"
+#include "platform/base/Error.h"
+#include "platform/base/Trapped.h"
+#include "platform/grid/GridView.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr char Module[] = "General Function";
+
+grid::Sort sortOf(qint64 number)
+{
+    return number == 1   ? grid::Sort::Ascending
+           : number == 2 ? grid::Sort::Descending
+                         : grid::Sort::None;
+}
+
+} // namespace
+
+void SaveGridSetting(const QString &FormName, const QString &GridName, const grid::GridView &Grid)
+{
+    base::trapped(Module, "SaveGridSetting", [&] {
+        db::Connection &lookup = lookupConnection();
+        lookup.Execute(u"Delete from  tblgridsetting where  formname=? and Tablename=?"_s,
+                       {FormName, GridName});
+        for (const grid::ColumnLayout &column : Grid.layout()) {
+            lookup.Execute(
+                u"INSERT INTO tblGridSetting(Tablename,Width,FieldName,FormName,FPosition, "
+                u"SortType)  values(?,?,?,?,?,?)"_s,
+                {GridName, column.width, column.field, FormName, column.position,
+                 static_cast<int>(column.sort)});
+        }
+    });
+}
+
+void SetGridSetting(const QString &FormName, const QString &GridName, grid::GridView &Grid)
+{
+    base::trapped(Module, "SetGridSetting", [&] {
+        const db::Recordset rows = lookupConnection().Open(
+            u"select * from  tblgridsetting where formname=? and Tablename=? order by fposition "_s,
+            {FormName, GridName});
+        grid::Layout layout;
+        QStringList unknown;
+        for (const db::Row row : rows) {
+            const QString field = row.text(u"Fieldname");
+            if (!Grid.rows().hasColumn(field)) {
+                unknown << field;
+                continue;
+            }
+            layout.append({field, static_cast<int>(row.integer(u"Width")),
+                           static_cast<int>(row.integer(u"fposition")),
+                           sortOf(row.integer(u"SortType"))});
+        }
+        if (!layout.isEmpty())
+            Grid.applyLayout(layout);
+        for (const QString &field : unknown) {
+            base::reportError(Module, "SetGridSetting", base::ErrorNumber::NoSuchItem,
+                              u"The list has no column \"%1\"."_s.arg(field));
+        }
+    });
+}
