@@ -25,9 +25,10 @@ struct Target
 /// threads at once. Two connections to one file have independent transactions, and neither waits
 /// for the other: a row that the other one holds raises LockConflict.
 ///
-/// All statements are in the dialect of platform/sql, with "?" for parameters. Values are QVariants:
-/// an invalid one is Null, whole numbers, doubles, bool, QString, QDate, QDateTime, QByteArray.
-/// Outside a transaction every statement commits by itself. Every failure raises DbError.
+/// All statements are in the dialect of platform/sql, with "?" for parameters. Values are
+/// QVariants: an invalid one is Null, whole numbers, doubles, bool, QString, QDate, QDateTime,
+/// QByteArray. Outside a transaction every statement commits by itself. Every failure raises
+/// DbError.
 class Connection
 {
 public:
@@ -53,6 +54,8 @@ public:
 
     /// The tables as this connection knows them now.
     [[nodiscard]] const sql::Schema &schema();
+    /// How many statements this connection has had compiled so far, for measuring.
+    [[nodiscard]] int preparations() const;
     [[nodiscard]] const Target &target() const;
 
 private:

@@ -96,7 +96,10 @@ public:
     public:
         using value_type = Row;
         using difference_type = std::ptrdiff_t;
-        Iterator(const Recordset *rows, int index) : m_rows(rows), m_index(index) {}
+        Iterator(const Recordset *rows, int index)
+            : m_rows(rows)
+            , m_index(index)
+        {}
         Row operator*() const { return m_rows->row(m_index); }
         Iterator &operator++()
         {

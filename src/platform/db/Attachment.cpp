@@ -1,0 +1,152 @@
+#include "platform/db/Attachment.h"
+
+#include "platform/db/EngineErrors.h"
+
+#include <array>
+
+namespace db::engine {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int dialect = 3;
+/// Bytes. Larger pages made no query faster.
+constexpr int pageSize = 8192;
+/// Pages that one attachment keeps in memory.
+constexpr int pageBuffers = 4096;
+
+// No statement ever waits for another workstation, and each one sees what is committed when it
+// starts; rows that somebody else is changing are read as they were.
+constexpr std::array<unsigned char, 5> writeMode = {isc_tpb_version3, isc_tpb_write, isc_tpb_nowait,
+                                                    isc_tpb_read_committed, isc_tpb_rec_version};
+constexpr std::array<unsigned char, 5> readMode = {isc_tpb_version3, isc_tpb_read, isc_tpb_nowait,
+                                                   isc_tpb_read_committed, isc_tpb_rec_version};
+
+} // namespace
+
+QByteArray placeOf(const Target &target)
+{
+    return utf8(target.host.isEmpty() ? target.file : target.host + u':' + target.file);
+}
+
+Transaction::Transaction(Firebird::IAttachment *attachment, Mode mode)
+{
+    Status status;
+    const auto &block = mode == Mode::Write ? writeMode : readMode;
+    m_transaction.reset(
+        attachment->startTransaction(&status, static_cast<unsigned>(block.size()), block.data()));
+}
+
+Transaction::~Transaction()
+{
+    if (!m_transaction)
+        return;
+    try {
+        rollback();
+    } catch (const DbError &) {
+        // The connection is gone, and the engine rolls back by itself.
+    }
+}
+
+Transaction &Transaction::operator=(Transaction &&other) noexcept
+{
+    Transaction former;
+    former.m_transaction = std::move(m_transaction);
+    m_transaction = std::move(other.m_transaction);
+    return *this;
+}
+
+void Transaction::commit()
+{
+    Status status;
+    m_transaction->commit(&status);
+    // A successful commit has used up the count; after a failed one the transaction is still open.
+    m_transaction.take();
+}
+
+void Transaction::rollback()
+{
+    Status status;
+    m_transaction->rollback(&status);
+    m_transaction.take();
+}
+
+Attachment::Attachment(const Target &target, Disposition disposition)
+{
+    if (disposition == Disposition::Create) {
+        ParameterBlock block(ParameterBlock::Kind::Attach);
+        block.tag(isc_dpb_utf8_filename);
+        block.text(isc_dpb_user_name, target.user);
+        if (!target.host.isEmpty())
+            block.text(isc_dpb_password, target.password);
+        block.text(isc_dpb_lc_ctype, u"UTF8"_s);
+        block.number(isc_dpb_sql_dialect, dialect);
+        block.number(isc_dpb_page_size, pageSize);
+        block.number(isc_dpb_num_buffers, pageBuffers);
+        block.number(isc_dpb_force_write, target.forcedWrites ? 1 : 0);
+        block.text(isc_dpb_set_db_charset, u"UTF8"_s);
+        m_attachment.reset(provider()->createDatabase(&m_status, placeOf(target).constData(),
+                                                      block.length(), block.data()));
+        return;
+    }
+    attach(target, false);
+    // The setting belongs to the file, and a copied file may have come with another one.
+    if (hasForcedWrites() != target.forcedWrites) {
+        detach();
+        attach(target, true);
+    }
+}
+
+Attachment::~Attachment()
+{
+    if (!m_attachment)
+        return;
+    try {
+        detach();
+    } catch (const DbError &) {
+        // The connection is gone already.
+    }
+}
+
+void Attachment::attach(const Target &target, bool setForcedWrites)
+{
+    ParameterBlock block(ParameterBlock::Kind::Attach);
+    block.tag(isc_dpb_utf8_filename);
+    block.text(isc_dpb_user_name, target.user);
+    if (!target.host.isEmpty())
+        block.text(isc_dpb_password, target.password);
+    block.text(isc_dpb_lc_ctype, u"UTF8"_s);
+    block.number(isc_dpb_sql_dialect, dialect);
+    block.number(isc_dpb_num_buffers, pageBuffers);
+    if (setForcedWrites)
+        block.number(isc_dpb_force_write, target.forcedWrites ? 1 : 0);
+    m_attachment.reset(provider()->attachDatabase(&m_status, placeOf(target).constData(),
+                                                  block.length(), block.data()));
+}
+
+bool Attachment::hasForcedWrites()
+{
+    constexpr std::array<unsigned char, 2> items = {isc_info_forced_writes, isc_info_end};
+    std::array<unsigned char, 32> answer{};
+    m_attachment->getInfo(&m_status, static_cast<unsigned>(items.size()), items.data(),
+                          static_cast<unsigned>(answer.size()), answer.data());
+    // The item, two bytes of length, the value.
+    return answer[0] == isc_info_forced_writes && answer[3] != 0;
+}
+
+void Attachment::executeAlone(const QString &statement)
+{
+    Transaction transaction(m_attachment.get(), Transaction::Mode::Write);
+    const QByteArray text = utf8(statement);
+    m_attachment->execute(&m_status, transaction.get(), static_cast<unsigned>(text.size()),
+                          text.constData(), dialect, nullptr, nullptr, nullptr, nullptr);
+    transaction.commit();
+}
+
+void Attachment::detach()
+{
+    m_attachment->detach(&m_status);
+    m_attachment.take();
+}
+
+} // namespace db::engine

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/db/Connection.h"
+#include "platform/db/Engine.h"
+
+namespace db::engine {
+
+/// The place of a database as the engine takes it: the file, or "host:file".
+[[nodiscard]] QByteArray placeOf(const Target &target);
+
+/// A transaction; rolled back unless it was committed.
+class Transaction
+{
+public:
+    enum class Mode {
+        Write,
+        /// Costs nothing to keep open for hours: it holds neither rows nor old versions of them.
+        Read,
+    };
+
+    Transaction() = default;
+    Transaction(Firebird::IAttachment *attachment, Mode mode);
+    ~Transaction();
+    Transaction(Transaction &&) noexcept = default;
+    Transaction &operator=(Transaction &&other) noexcept;
+
+    void commit();
+    void rollback();
+    [[nodiscard]] Firebird::ITransaction *get() const { return m_transaction.get(); }
+    explicit operator bool() const { return static_cast<bool>(m_transaction); }
+
+private:
+    Ref<Firebird::ITransaction> m_transaction;
+};
+
+/// An attachment to a database; detached at the end.
+class Attachment
+{
+public:
+    enum class Disposition { Existing, Create };
+
+    explicit Attachment(const Target &target, Disposition disposition = Disposition::Existing);
+    ~Attachment();
+    Attachment(const Attachment &) = delete;
+    Attachment &operator=(const Attachment &) = delete;
+
+    [[nodiscard]] Firebird::IAttachment *get() const { return m_attachment.get(); }
+
+    /// Runs one statement of the engine in a transaction of its own.
+    void executeAlone(const QString &statement);
+    /// Detaches now, so that a failure can be reported.
+    void detach();
+
+private:
+    void attach(const Target &target, bool setForcedWrites);
+    [[nodiscard]] bool hasForcedWrites();
+
+    Status m_status;
+    Ref<Firebird::IAttachment> m_attachment;
+};
+
+} // namespace db::engine

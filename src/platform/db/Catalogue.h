@@ -1,0 +1,11 @@
+#pragma once
+
+#include "platform/db/Message.h"
+#include "platform/sql/Schema.h"
+
+namespace db::engine {
+
+/// Reads the tables of a database, the system's own excepted, from the engine's catalogue.
+[[nodiscard]] sql::Schema readCatalogue(const Context &context);
+
+} // namespace db::engine

@@ -1,0 +1,92 @@
+#include "platform/db/Engine.h"
+
+#include "platform/db/EngineErrors.h"
+#include "platform/db/EngineHome.h"
+
+namespace db::engine {
+
+Firebird::IMaster *master()
+{
+    static Firebird::IMaster *const instance = [] {
+        prepareEngineHome();
+        return Firebird::fb_get_master_interface();
+    }();
+    return instance;
+}
+
+Firebird::IProvider *provider()
+{
+    // Kept until the process ends, like the engine itself.
+    static Firebird::IProvider *const instance = master()->getDispatcher();
+    return instance;
+}
+
+Status::Status()
+    : BaseStatusWrapper(master()->getStatus())
+{}
+
+Status::~Status()
+{
+    status->dispose();
+}
+
+void Status::raise()
+{
+    throw errorFrom(getErrors());
+}
+
+namespace {
+
+unsigned builderKind(ParameterBlock::Kind kind)
+{
+    switch (kind) {
+    case ParameterBlock::Kind::Attach:
+        return Firebird::IXpbBuilder::DPB;
+    case ParameterBlock::Kind::Transaction:
+        return Firebird::IXpbBuilder::TPB;
+    case ParameterBlock::Kind::ServiceAttach:
+        return Firebird::IXpbBuilder::SPB_ATTACH;
+    case ParameterBlock::Kind::ServiceStart:
+        break;
+    }
+    return Firebird::IXpbBuilder::SPB_START;
+}
+
+} // namespace
+
+ParameterBlock::ParameterBlock(Kind kind)
+    : m_builder(
+          master()->getUtilInterface()->getXpbBuilder(&m_status, builderKind(kind), nullptr, 0))
+{}
+
+ParameterBlock::~ParameterBlock()
+{
+    m_builder->dispose();
+}
+
+void ParameterBlock::tag(unsigned char tag)
+{
+    m_builder->insertTag(&m_status, tag);
+}
+
+void ParameterBlock::number(unsigned char tag, int value)
+{
+    m_builder->insertInt(&m_status, tag, value);
+}
+
+void ParameterBlock::text(unsigned char tag, const QString &value)
+{
+    m_builder->insertString(&m_status, tag, utf8(value).constData());
+}
+
+unsigned ParameterBlock::length()
+{
+    return m_builder->getBufferLength(&m_status);
+}
+
+const unsigned char *ParameterBlock::data()
+{
+    return m_builder->getBuffer(&m_status);
+}
+
+} // namespace db::engine

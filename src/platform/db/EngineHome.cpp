@@ -1,0 +1,155 @@
+#include "platform/db/EngineHome.h"
+
+#include "platform/db/DbError.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include <array>
+#include <mutex>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace db {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+[[noreturn]] void refuse(const QString &description)
+{
+    throw DbError(ErrorNumber::Unspecified, description);
+}
+
+/// Where the distribution put the engine: the newest version that is there.
+QString installedEngine()
+{
+    for (const QString &library : {u"/usr/lib"_s, u"/usr/lib64"_s, u"/usr/local/lib"_s}) {
+        QStringList candidates;
+        for (const QString &version : {u"4.0"_s, u"3.0"_s}) {
+            candidates << library + u"/firebird/"_s + version;
+            const QDir folder(library);
+            for (const QString &architecture :
+                 folder.entryList({u"*-linux-gnu*"_s}, QDir::Dirs | QDir::NoDotAndDotDot))
+                candidates << library + u'/' + architecture + u"/firebird/"_s + version;
+        }
+        candidates << library + u"/firebird"_s;
+        for (const QString &candidate : std::as_const(candidates)) {
+            const QDir plugins(candidate + u"/plugins"_s);
+            if (!plugins.entryList({u"libEngine*.so"_s}, QDir::Files).isEmpty())
+                return candidate;
+        }
+    }
+    refuse(u"The database engine is not installed on this computer."_s);
+}
+
+/// Makes a link so that at no moment another process sees none or half of it.
+void makeLink(const QString &target, const QString &link)
+{
+    const QByteArray wanted = QFile::encodeName(target);
+    const QByteArray place = QFile::encodeName(link);
+    std::array<char, 4096> present{};
+    const ssize_t length = ::readlink(place.constData(), present.data(), present.size());
+    if (length == wanted.size() &&
+        wanted == QByteArray::fromRawData(present.data(), static_cast<int>(length)))
+        return;
+    const QByteArray fresh = place + '.' + QByteArray::number(::getpid());
+    ::unlink(fresh.constData());
+    if (::symlink(wanted.constData(), fresh.constData()) != 0 ||
+        ::rename(fresh.constData(), place.constData()) != 0) {
+        ::unlink(fresh.constData());
+        refuse(u"The folder of the database engine can't be written: "_s + link);
+    }
+}
+
+void writeWhenDifferent(const QString &path, const QByteArray &content)
+{
+    QFile present(path);
+    if (present.open(QIODevice::ReadOnly) && present.readAll() == content)
+        return;
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
+        refuse(u"The folder of the database engine can't be written: "_s + path);
+}
+
+/// SuperClassic lets several programs on one computer hold one file; each attachment then has a
+/// cache of its own, whose size the connections choose. Local paths go straight to the engine in
+/// this process: a failure must not turn into a search for a server.
+QByteArray settings()
+{
+    return "ServerMode = SuperClassic\n"
+           "Providers = Remote,Engine12,Engine13\n"
+           "DefaultDbCachePages = 2048\n"
+           "TempCacheLimit = 67108864\n"
+           "AuthClient = Srp256, Srp, Legacy_Auth\n"
+           "WireCrypt = Enabled\n"
+           "BugcheckAbort = 0\n";
+}
+
+QString writableFolder()
+{
+    QString folder = qEnvironmentVariable("QUORVANTIS_ENGINE");
+    if (!folder.isEmpty())
+        return QDir::cleanPath(QDir(folder).absolutePath());
+    folder = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
+             u"/Quorvantis/engine"_s;
+    if (QDir().mkpath(folder) && QFileInfo(folder).isWritable())
+        return folder;
+    return QDir::tempPath() + u"/quorvantis-engine-%1"_s.arg(::getuid());
+}
+
+/// Programs of all users of this computer who share a database need one set of lock files: the
+/// folder belongs to a group, and what is made in it does too. Someone outside the group is refused
+/// by the engine, which is right: with lock files of his own he would damage the database.
+void makeLockFolder(const QString &folder)
+{
+    const QByteArray path = QFile::encodeName(folder);
+    if (::mkdir(path.constData(), 02770) == 0) {
+        ::chmod(path.constData(), 02770);
+        return;
+    }
+    if (!QFileInfo(folder).isDir())
+        refuse(u"The folder for the database's locks can't be made: "_s + folder);
+}
+
+void prepare()
+{
+    const QString installed = installedEngine();
+    const QString home = engineHome();
+    if (!QDir().mkpath(home))
+        refuse(u"The folder of the database engine can't be made: "_s + home);
+    for (const QString &part :
+         {u"plugins"_s, u"intl"_s, u"firebird.msg"_s, u"plugins.conf"_s, u"UDF"_s, u"lib"_s}) {
+        if (QFileInfo::exists(installed + u'/' + part))
+            makeLink(installed + u'/' + part, home + u'/' + part);
+    }
+    writeWhenDifferent(home + u"/firebird.conf"_s, settings());
+    makeLockFolder(engineLockFolder());
+    qputenv("FIREBIRD", QFile::encodeName(home));
+    qputenv("FIREBIRD_LOCK", QFile::encodeName(engineLockFolder()));
+}
+
+} // namespace
+
+QString engineHome()
+{
+    static const QString folder = writableFolder();
+    return folder;
+}
+
+QString engineLockFolder()
+{
+    if (qEnvironmentVariableIsSet("QUORVANTIS_ENGINE"))
+        return engineHome() + u"/lock"_s;
+    return QDir::tempPath() + u"/quorvantis-lock"_s;
+}
+
+void prepareEngineHome()
+{
+    static std::once_flag done;
+    std::call_once(done, prepare);
+}
+
+} // namespace db

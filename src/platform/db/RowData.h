@@ -1,0 +1,89 @@
+#pragma once
+
+#include "platform/sql/Schema.h"
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QString>
+#include <QVariant>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace db {
+
+/// The rows that recordsets share: one vector of plain values for each column, so that a hundred
+/// thousand rows cost little more than their bytes. Filled once, column by column within each row,
+/// then only read.
+class RowData
+{
+public:
+    enum class Storage {
+        Integer,
+        Real,
+        Date, ///< milliseconds of the wall clock since 1970
+        Text,
+        Bytes,
+    };
+
+    /// Adds a column before the first row; gives its number.
+    int addColumn(QString name, sql::ColumnKind kind, Storage storage);
+    void renameColumn(int column, const QString &name) { m_columns[column].name = name; }
+    /// To be called when the columns are known, before any look-up by name.
+    void indexNames();
+
+    // One call for each column of each row, then endRow.
+    void addNull(int column);
+    void addInteger(int column, qint64 value) { m_columns[column].integers.push_back(value); }
+    void addReal(int column, double value) { m_columns[column].reals.push_back(value); }
+    /// UTF-8.
+    void addText(int column, const char *text, std::size_t length);
+    void addBytes(int column, QByteArray bytes);
+    void endRow() { ++m_rows; }
+    /// Gives back memory that was set aside for more rows.
+    void squeeze();
+
+    [[nodiscard]] int rowCount() const { return m_rows; }
+    [[nodiscard]] int columnCount() const { return static_cast<int>(m_columns.size()); }
+    [[nodiscard]] const QString &columnName(int column) const { return m_columns[column].name; }
+    [[nodiscard]] sql::ColumnKind kind(int column) const { return m_columns[column].kind; }
+    [[nodiscard]] Storage storage(int column) const { return m_columns[column].storage; }
+    /// The first column of that name in any case, -1 when there is none.
+    [[nodiscard]] int columnIndex(QStringView name) const;
+
+    [[nodiscard]] bool isNull(int row, int column) const;
+    [[nodiscard]] qint64 integer(int row, int column) const
+    {
+        return m_columns[column].integers[row];
+    }
+    [[nodiscard]] double real(int row, int column) const { return m_columns[column].reals[row]; }
+    [[nodiscard]] QDateTime date(int row, int column) const;
+    /// UTF-8, alive as long as the rows.
+    [[nodiscard]] std::string_view text(int row, int column) const;
+    [[nodiscard]] const QByteArray &bytes(int row, int column) const
+    {
+        return m_columns[column].blobs[row];
+    }
+    [[nodiscard]] QVariant value(int row, int column) const;
+
+private:
+    struct Column
+    {
+        QString name;
+        sql::ColumnKind kind = sql::ColumnKind::Unknown;
+        Storage storage = Storage::Integer;
+        std::vector<qint64> integers; ///< Integer and Date
+        std::vector<double> reals;
+        std::string text;              ///< all texts, one after the other
+        std::vector<std::size_t> ends; ///< where each text ends in it
+        std::vector<QByteArray> blobs;
+        std::vector<quint64> nulls; ///< a bit for each row; short when the last rows aren't Null
+    };
+
+    std::vector<Column> m_columns;
+    std::vector<qint32> m_names; ///< hash table of column numbers, -1 for a free place
+    int m_rows = 0;
+};
+
+} // namespace db

@@ -1,0 +1,53 @@
+#include "platform/db/Statement.h"
+
+namespace db::engine {
+namespace {
+
+constexpr unsigned dialect = 3;
+
+Firebird::IStatement *prepare(const Context &context, const QString &text, Status &status)
+{
+    const QByteArray bytes = utf8(text);
+    return context.attachment->prepare(&status, context.transaction,
+                                       static_cast<unsigned>(bytes.size()), bytes.constData(),
+                                       dialect, Firebird::IStatement::PREPARE_PREFETCH_METADATA);
+}
+
+} // namespace
+
+Statement::Statement(const Context &context, const QString &text, const sql::Schema *schema)
+    : m_statement(prepare(context, text, m_status))
+    , m_input(Ref(m_statement->getInputMetadata(&m_status)))
+    , m_output(Ref(m_statement->getOutputMetadata(&m_status)), schema)
+    , m_hasRows((m_statement->getFlags(&m_status) & Firebird::IStatement::FLAG_HAS_CURSOR) != 0)
+{}
+
+std::shared_ptr<RowData> Statement::fetch(const Context &context)
+{
+    auto rows = std::make_shared<RowData>();
+    m_output.addColumnsTo(*rows);
+    Ref<Firebird::IResultSet> cursor(m_statement->openCursor(&m_status, context.transaction,
+                                                             m_input.metadata(), m_input.buffer(),
+                                                             m_output.metadata(), 0));
+    while (cursor->fetchNext(&m_status, m_output.buffer()) == Firebird::IStatus::RESULT_OK)
+        m_output.appendTo(*rows, context);
+    cursor->close(&m_status);
+    cursor.take();
+    rows->squeeze();
+    return rows;
+}
+
+qint64 Statement::execute(const Context &context)
+{
+    m_statement->execute(&m_status, context.transaction, m_input.metadata(), m_input.buffer(),
+                         m_output.metadata(), m_output.buffer());
+    return static_cast<qint64>(m_statement->getAffectedRecords(&m_status));
+}
+
+std::shared_ptr<const RowData> query(const Context &context, const QString &text)
+{
+    Statement statement(context, text, nullptr);
+    return statement.fetch(context);
+}
+
+} // namespace db::engine

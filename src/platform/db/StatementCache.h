@@ -1,0 +1,63 @@
+#pragma once
+
+#include "platform/db/Statement.h"
+#include "platform/sql/Translator.h"
+
+#include <QHash>
+#include <QString>
+
+#include <list>
+#include <memory>
+#include <vector>
+
+namespace db {
+
+/// A translated statement and what the engine compiled from it.
+struct CachedPlan
+{
+    sql::Plan plan;
+    std::vector<QVariant> fixedValues; ///< values of the plan's fixed literals
+    std::unique_ptr<engine::Statement> statement;
+};
+
+/// The plans of one shape of statement. There are several when some literals have to stand in the
+/// text.
+struct Shape
+{
+    std::vector<std::unique_ptr<CachedPlan>> plans;
+    /// The engine refuses the shape with parameters.
+    bool inlineOnly = false;
+
+    /// The plan that serves these literals, or null.
+    [[nodiscard]] CachedPlan *find(const std::vector<sql::Literal> &literals) const;
+};
+
+/// The prepared statements of a connection by the shape of the text; the ones that have not been
+/// used for longest give way.
+class StatementCache
+{
+public:
+    static constexpr int MaximumPlans = 400;
+    static constexpr int MaximumPlansOfShape = 16;
+
+    /// The shape under a key, new when there was none. Holds until the next call.
+    Shape &shape(const QString &key);
+    /// Adds a plan to a shape of this cache.
+    CachedPlan &add(Shape &shape, std::unique_ptr<CachedPlan> plan);
+    void clear();
+    [[nodiscard]] int planCount() const { return m_planCount; }
+
+private:
+    struct Entry
+    {
+        QString key;
+        Shape shape;
+    };
+    void makeRoom(const Shape &kept);
+
+    std::list<Entry> m_entries; ///< the latest used first
+    QHash<QString, std::list<Entry>::iterator> m_byKey;
+    int m_planCount = 0;
+};
+
+} // namespace db
