@@ -168,6 +168,11 @@ void setReportTransport(ReportTransport transport)
     currentTransport() = std::move(transport);
 }
 
+QString reportSenderName()
+{
+    return u"Quorvantis--Administrator"_s;
+}
+
 QString reportSubject(const QString &senderAddress)
 {
     return u"User---"_s + senderAddress;

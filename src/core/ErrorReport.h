@@ -77,5 +77,7 @@ struct ReportTransport
 const ReportTransport &reportTransport();
 void setReportTransport(ReportTransport transport);
 
+/// The sender's display text in all mails to the makers.
+[[nodiscard]] QString reportSenderName();
 /// "User---" and the address.
 [[nodiscard]] QString reportSubject(const QString &senderAddress);

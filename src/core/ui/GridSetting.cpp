@@ -44,20 +44,19 @@ void SetGridSetting(const QString &FormName, const QString &GridName, grid::Grid
         const db::Recordset rows = lookupConnection().Open(
             u"select * from  tblgridsetting where formname=? and Tablename=? order by fposition "_s,
             {FormName, GridName});
+        if (rows.isEmpty())
+            return;
         grid::Layout layout;
-        QStringList unknown;
         for (const db::Row row : rows) {
-            const QString field = row.text(u"Fieldname");
-            if (!Grid.rows().hasColumn(field)) {
-                unknown << field;
-                continue;
-            }
-            layout.append({field, static_cast<int>(row.integer(u"Width")),
+            layout.append({row.text(u"Fieldname"), static_cast<int>(row.integer(u"Width")),
                            static_cast<int>(row.integer(u"fposition")),
                            sortOf(row.integer(u"SortType"))});
         }
-        if (!layout.isEmpty())
-            Grid.applyLayout(layout);
+        const bool hasColumns = Grid.rows().columnCount() > 0;
+        const QStringList unknown = Grid.applyLayout(layout);
+        // A grid whose columns come with its first rows takes its layout then.
+        if (!hasColumns)
+            return;
         for (const QString &field : unknown) {
             base::reportError(Module, "SetGridSetting", base::ErrorNumber::NoSuchItem,
                               u"The list has no column \"%1\"."_s.arg(field));

@@ -1,0 +1,261 @@
+#include "core/ui/frmSendEmail.h"
+
+#include "core/General.h"
+#include "core/ui/Launch.h"
+#include "platform/base/Format.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/Theme.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr char Module[] = "frmSendErrorReport";
+const QString SenderOption = u"GEN_COMPANY_EMAIL"_s;
+constexpr int LongestEmail = 100;
+
+/// How many report forms are loading or unloading now. They read and write options, and an error
+/// there must not open one form after another.
+int quiet = 0;
+
+struct Quiet
+{
+    Quiet() { ++quiet; }
+    ~Quiet() { --quiet; }
+    Quiet(const Quiet &) = delete;
+    Quiet &operator=(const Quiet &) = delete;
+};
+
+class CursorShape
+{
+public:
+    explicit CursorShape(Qt::CursorShape shape) { QGuiApplication::setOverrideCursor(shape); }
+    ~CursorShape() { QGuiApplication::restoreOverrideCursor(); }
+    CursorShape(const CursorShape &) = delete;
+    CursorShape &operator=(const CursorShape &) = delete;
+};
+
+void showReport(const ErrorReport &report)
+{
+    if (quiet > 0) {
+        qWarning("%s/%s: %d %s", qUtf8Printable(report.ModuleName),
+                 qUtf8Printable(report.ProcedureName), report.ErrNumber,
+                 qUtf8Printable(report.ErrDescription));
+        return;
+    }
+    int result = 0;
+    frmSendEmail::ShowErrorReportDetails(report.ModuleName, report.ProcedureName, report.ErrNumber,
+                                         report.ErrDescription, report.LineNumber, result);
+}
+
+} // namespace
+
+frmSendEmail::frmSendEmail(const ErrorReport &report, QWidget *parent)
+    : Screen(u"frmSendEmail"_s, u"Error Report"_s, parent, StoreWhat::SizeOnly)
+    , m_report(report)
+    // A row that can't be stored isn't tried again for the error of storing it.
+    , m_saved(report.ProcedureName == u"SaveErrorList")
+{
+    const Quiet loading;
+    buildForm();
+    load();
+}
+
+void frmSendEmail::ShowErrorReportDetails(const QString &ModuleName, const QString &ProcedureName,
+                                          int ErrNumber, const QString &ErrDescription,
+                                          int LineNumber, int &Result)
+{
+    ErrorReport report;
+    report.ModuleName = ModuleName.trimmed();
+    report.ProcedureName = ProcedureName.trimmed();
+    report.ErrNumber = ErrNumber;
+    report.ErrDescription = ErrDescription.trimmed();
+    report.LineNumber = LineNumber;
+    // The procedure that failed may have set the wait cursor.
+    const CursorShape arrow(Qt::ArrowCursor);
+    frmSendEmail form(report, QApplication::activeWindow());
+    form.showModal();
+    Result = 1;
+}
+
+void frmSendEmail::buildForm()
+{
+    input::FormBuilder form(this);
+    lblHeading = form.note(u"Quorvantis"_s, u"lblHeading"_s);
+    form.note(u"An error has occurred during the process."_s, u"lblOccurred"_s);
+    form.note(u"Please send us the error report simply by clicking on the Send button."_s,
+              u"lblPlease"_s);
+    txtModuleName = form.textField(u"txtModuleName"_s, u"Module Name:"_s);
+    txtProcedureName = form.textField(u"txtProcedureName"_s, u"Procedure Name:"_s);
+    txtErrNumber = form.textField(u"txtErrNumber"_s, u"Error Number:"_s);
+    txtErrDescription = form.memoField(u"txtErrDescription"_s, u"Error Description:"_s, 3);
+    txtLineNumber = form.textField(u"txtLineNumber"_s, u"Line Number:"_s);
+    txtEmail = form.textField(u"txtEmail"_s, u"Sender &Email:"_s, LongestEmail);
+    form.note(u"Please describe the steps that produced the error."_s, u"lblSteps"_s);
+    txtUserMsg = new QPlainTextEdit(this);
+    txtUserMsg->setObjectName(u"txtUserMsg"_s);
+    txtUserMsg->setAccessibleName(u"Steps that produced the error"_s);
+    txtUserMsg->setTabChangesFocus(true);
+    form.widget(txtUserMsg, true);
+    lblProgress = form.note(u"Sending Error Report....."_s, u"lblProgress"_s);
+    prgSend = new QProgressBar(this);
+    prgSend->setObjectName(u"prgSend"_s);
+    prgSend->setAccessibleName(u"Sending Error Report"_s);
+    prgSend->setTextVisible(false);
+    form.widget(prgSend);
+    cmdSend = form.button(u"cmdSend"_s, u"&Send"_s, theme::icon(u"mail"_s));
+    cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
+    form.finish();
+
+    for (QLineEdit *box : {txtModuleName, txtProcedureName, txtErrNumber, txtLineNumber})
+        box->setReadOnly(true);
+    txtErrDescription->setReadOnly(true);
+    cmdSend->setDefault(true);
+    showProgress(false);
+    connect(cmdSend, &QPushButton::clicked, this, &frmSendEmail::cmdSend_Click);
+    connect(cmdExit, &QPushButton::clicked, this, &frmSendEmail::cmdExit_Click);
+}
+
+void frmSendEmail::load()
+{
+    txtModuleName->setText(m_report.ModuleName);
+    txtProcedureName->setText(m_report.ProcedureName);
+    txtErrNumber->setText(QString::number(m_report.ErrNumber));
+    txtErrDescription->setPlainText(m_report.ErrDescription);
+    txtLineNumber->setText(QString::number(m_report.LineNumber));
+    txtEmail->setText(GetOption(SenderOption, false).trimmed());
+    if (txtEmail->text().isEmpty())
+        txtEmail->setFocus();
+    else
+        txtUserMsg->setFocus();
+}
+
+void frmSendEmail::setVisible(bool visible)
+{
+    const Quiet placing;
+    Screen::setVisible(visible);
+}
+
+void frmSendEmail::reject()
+{
+    cmdExit_Click();
+}
+
+void frmSendEmail::done(int result)
+{
+    const Quiet storing;
+    Screen::done(result);
+}
+
+void frmSendEmail::unloading()
+{
+    // SetOption doubles the apostrophes once more, and so they are kept.
+    SetOption(SenderOption, base::doubledQuotes(txtEmail->text()), false);
+}
+
+ErrorReport frmSendEmail::entered() const
+{
+    ErrorReport report = m_report;
+    report.UserMsg = txtUserMsg->toPlainText();
+    report.UserEmail = txtEmail->text();
+    return report;
+}
+
+bool frmSendEmail::VailidateFields()
+{
+    const auto refuse = [this](const QString &text) {
+        base::showMessage(text);
+        txtEmail->setFocus();
+        return false;
+    };
+    if (txtEmail->text().trimmed().isEmpty())
+        return refuse(u"Please enter your email Address."_s);
+    QString reason;
+    if (!ValidateEmail(txtEmail->text(), reason)) {
+        return refuse(u"Please enter a valid email Address, so that we can get back to you."_s);
+    }
+    return true;
+}
+
+void frmSendEmail::showProgress(bool sending)
+{
+    lblProgress->setVisible(sending);
+    prgSend->setVisible(sending);
+    prgSend->setRange(0, 0);
+    cmdSend->setEnabled(!sending);
+    cmdExit->setEnabled(!sending);
+    if (sending)
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void frmSendEmail::cmdSend_Click()
+{
+    base::trapped(Module, "cmdSend_Click", [&] {
+        if (!VailidateFields())
+            return;
+        bool sent = false;
+        const ErrorReportDetails details = ErrorReportDetails::of(entered());
+        {
+            const CursorShape wait(Qt::WaitCursor);
+            showProgress(true);
+            const ReportTransport &transport = reportTransport();
+            if (transport.storeRemote)
+                transport.storeRemote(details);
+            sent = transport.sendMail &&
+                   transport.sendMail({details.report.UserEmail, reportSenderName(),
+                                       reportSubject(details.report.UserEmail), htmlBody(details),
+                                       QString()});
+            if (!sent)
+                poSendMail_SendFailed(details);
+        }
+        if (sent)
+            poSendMail_SendSuccesful();
+        else
+            unload();
+    });
+    showProgress(false);
+}
+
+void frmSendEmail::poSendMail_SendSuccesful()
+{
+    base::showInformation(u"Thank You for reporting this error. This goes directly to our "
+                          u"programmers for diagnosis and repair."_s);
+    showProgress(false);
+    unload();
+}
+
+void frmSendEmail::poSendMail_SendFailed(const ErrorReportDetails &details)
+{
+    SaveErrorList();
+    launchIt(mailtoAddress(reportTransport().mailbox, plainBody(details)));
+}
+
+void frmSendEmail::SaveErrorList()
+{
+    base::trapped(Module, "SaveErrorList", [&] {
+        storeError(entered());
+        m_saved = true;
+    });
+}
+
+void frmSendEmail::cmdExit_Click()
+{
+    if (!m_saved)
+        SaveErrorList();
+    unload();
+}
+
+void installErrorReport()
+{
+    setErrorReportForm(showReport);
+    connectErrorHandler();
+}
