@@ -56,6 +56,17 @@ void openDestination(QSaveFile &file)
         raiseWriteError(file, file.fileName());
 }
 
+/// A short write has no error of its own: the next one has, and says why.
+void writeAll(QSaveFile &file, const QByteArray &block)
+{
+    for (qint64 done = 0; done < block.size();) {
+        const qint64 written = file.write(block.constData() + done, block.size() - done);
+        if (written <= 0)
+            raiseWriteError(file, file.fileName());
+        done += written;
+    }
+}
+
 } // namespace
 
 void copyFile(const QString &source, const QString &destination,
@@ -75,8 +86,7 @@ void copyFile(const QString &source, const QString &destination,
         if (block.isEmpty() && from.error() != QFileDevice::NoError)
             raise(base::ErrorNumber::PermissionDenied,
                   u"The file can't be read (%1)"_s.arg(from.errorString()), source);
-        if (to.write(block) != block.size())
-            raiseWriteError(to, destination);
+        writeAll(to, block);
     }
     if (mayReplace && !mayReplace())
         raise(base::ErrorNumber::PermissionDenied, u"Permission denied"_s, source);

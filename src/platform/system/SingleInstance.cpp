@@ -3,7 +3,6 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
-#include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
 
@@ -18,8 +17,8 @@ QString lockPath(const QString &applicationFolder)
         QDir::homePath() + u'\n' + (canonical.isEmpty() ? applicationFolder : canonical);
     const QByteArray digest =
         QCryptographicHash::hash(identity.toUtf8(), QCryptographicHash::Sha256).toHex().left(24);
-    // Cleared by the system at a restart, unlike a folder in the user's home.
-    QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    // Both are cleared by the system at a restart, unlike a folder in the user's home.
+    QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
     if (folder.isEmpty() || !QFileInfo(folder).isWritable())
         folder = QDir::tempPath();
     return folder + u"/quorvantis-"_s + QString::fromLatin1(digest) + u".lock"_s;

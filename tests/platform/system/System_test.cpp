@@ -1,0 +1,146 @@
+#include "platform/base/Error.h"
+#include "platform/system/Files.h"
+#include "platform/system/OsVersion.h"
+#include "platform/system/Process.h"
+#include "platform/system/SingleInstance.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Files : public testing::Test
+{
+protected:
+    QString path(const QString &name) const { return m_folder.filePath(name); }
+    void write(const QString &name, const QByteArray &bytes) const
+    {
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+    QByteArray bytes(const QString &name) const
+    {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : "(none)";
+    }
+    QStringList names() const { return QDir(m_folder.path()).entryList(QDir::Files, QDir::Name); }
+
+    QTemporaryDir m_folder;
+};
+
+int errorOf(const std::function<void()> &action)
+{
+    try {
+        action();
+    } catch (const base::Error &error) {
+        return error.number();
+    }
+    return 0;
+}
+
+} // namespace
+
+TEST_F(Files, ACopyReplacesAndIsWhole)
+{
+    const QByteArray large(3 * (1 << 20) + 17, 'q');
+    write(u"a"_s, large);
+    write(u"b"_s, "old");
+    sys::copyFile(path(u"a"_s), path(u"b"_s));
+    EXPECT_EQ(bytes(u"b"_s), large);
+    EXPECT_EQ(names(), QStringList({u"a"_s, u"b"_s}));
+}
+
+TEST_F(Files, ACopyOfAReadOnlyFileCanBeWritten)
+{
+    write(u"a"_s, "1");
+    QFile::setPermissions(path(u"a"_s), QFileDevice::ReadOwner);
+    sys::copyFile(path(u"a"_s), path(u"b"_s));
+    EXPECT_TRUE(QFile::permissions(path(u"b"_s)).testFlag(QFileDevice::WriteOwner));
+}
+
+TEST_F(Files, AFailedCopyHasItsNumberAndChangesNothing)
+{
+    write(u"a"_s, "new");
+    write(u"b"_s, "old");
+    QDir(m_folder.path()).mkdir(u"folder"_s);
+    struct Case
+    {
+        QString from, to;
+        int number;
+    };
+    for (const Case &c :
+         {Case{u"none"_s, u"b"_s, 53}, Case{u"none/a"_s, u"b"_s, 76}, Case{u"a"_s, u"none/b"_s, 76},
+          Case{u"a"_s, u"folder"_s, 75}, Case{u"folder"_s, u"b"_s, 75}}) {
+        EXPECT_EQ(errorOf([&] { sys::copyFile(path(c.from), path(c.to)); }), c.number)
+            << qUtf8Printable(c.from + u" to "_s + c.to);
+    }
+    EXPECT_EQ(errorOf([&] { sys::copyFile(path(u"a"_s), path(u"b"_s), [] { return false; }); }),
+              70);
+    EXPECT_EQ(bytes(u"b"_s), "old");
+    EXPECT_EQ(names(), QStringList({u"a"_s, u"b"_s}));
+}
+
+TEST_F(Files, RemovingAndMakingFoldersReportTheirFailures)
+{
+    write(u"a"_s, "1");
+    sys::removeFile(path(u"a"_s));
+    EXPECT_EQ(errorOf([&] { sys::removeFile(path(u"a"_s)); }), 53);
+    sys::makeFolder(path(u"x/y"_s));
+    sys::makeFolder(path(u"x/y"_s));
+    EXPECT_TRUE(QFileInfo(path(u"x/y"_s)).isDir());
+    EXPECT_EQ(errorOf([&] { sys::removeFile(path(u"x"_s)); }), 75);
+    write(u"file"_s, "1");
+    EXPECT_EQ(errorOf([&] { sys::makeFolder(path(u"file/below"_s)); }), 75);
+}
+
+TEST(WindowsName, FollowsPlatformAndVersion)
+{
+    struct Case
+    {
+        int platform, major, minor;
+        const char *name;
+    };
+    for (const Case &c :
+         {Case{0, 3, 11, "Win32s"}, Case{1, 4, 0, "Windows 95"}, Case{1, 4, 90, "Windows ME"},
+          Case{1, 4, 10, "Windows 98"}, Case{2, 5, 0, "Windows 2000"}, Case{2, 5, 1, "Windows XP"},
+          Case{2, 5, 2, "Windows NT"}, Case{2, 4, 0, "Windows NT"}, Case{2, 10, 0, "Windows NT"},
+          Case{3, 5, 1, ""}}) {
+        EXPECT_EQ(sys::windowsName(c.platform, c.major, c.minor).toStdString(), c.name)
+            << c.platform << ' ' << c.major << '.' << c.minor;
+    }
+}
+
+TEST(SingleInstance, OneForEachFolderUntilItEnds)
+{
+    const QTemporaryDir one;
+    const QTemporaryDir other;
+    std::optional<sys::SingleInstance> first(std::in_place, one.path());
+    EXPECT_TRUE(first->isFirst());
+    EXPECT_FALSE(sys::SingleInstance(one.path()).isFirst());
+    EXPECT_FALSE(
+        sys::SingleInstance(one.path() + u"/../"_s + QFileInfo(one.path()).fileName()).isFirst());
+    EXPECT_TRUE(sys::SingleInstance(other.path()).isFirst());
+    first.reset();
+    EXPECT_TRUE(sys::SingleInstance(one.path()).isFirst());
+}
+
+#ifdef Q_OS_UNIX
+TEST(RunAndWait, WaitsForTheEndAndTellsTheExitCode)
+{
+    const QTemporaryDir folder;
+    const QString mark = folder.filePath(u"a mark"_s);
+    EXPECT_EQ(sys::runAndWait(u"sh -c \"sleep 0.1; touch '%1'; exit 3\""_s.arg(mark)), 3);
+    EXPECT_TRUE(QFileInfo::exists(mark));
+    EXPECT_EQ(errorOf([] { sys::runAndWait(u"\"/no such/program\" -x"_s); }), 53);
+    EXPECT_EQ(errorOf([] { sys::runAndWait(u" "_s); }), 5);
+    EXPECT_EQ(errorOf([] { sys::runAndWait(u"sh -c \"kill -9 $$\""_s); }), 5);
+    EXPECT_EQ(errorOf([&] { sys::runAndWait(u'"' + folder.path() + u'"'); }), 5);
+}
+#endif
