@@ -18,9 +18,6 @@ public:
     using Open = std::function<void()>;
     /// Opens a record by the key that the find returned; comes back when its form is closed.
     using OpenRecord = std::function<void(const QString &key)>;
-    /// Field, label, table, form; returns the key of the chosen record, blank when cancelled.
-    using QuickFind =
-        std::function<QString(const QString &, const QString &, const QString &, const QString &)>;
 
     /// The standing content of the main window.
     struct Board
@@ -45,7 +42,6 @@ public:
     /// The function of a form, empty when none has joined.
     [[nodiscard]] OpenRecord recordScreen(const QString &form) const;
 
-    QuickFind ShowQuickFind;
     /// Shows frmPartQuickFind; returns the part's key, blank when cancelled.
     std::function<QString()> ShowPartQuickFind;
     Board board;
@@ -58,7 +54,7 @@ private:
 /// The entries of this process.
 ScreenEntries &screenEntries();
 
-/// True when everything that a quick link needs has joined.
+/// True when everything that a quick link needs has joined, here and in screenCalls().
 [[nodiscard]] bool isQuickLinkJoined(int index);
 /// Finds a record, opens it, and begins again when it is closed, until the find comes back blank.
 void findAndOpen(const std::function<QString()> &find, const ScreenEntries::OpenRecord &open);

@@ -1,5 +1,6 @@
-#include "shell/ScreenEntries.h"
+#include "shell/ui/ScreenEntries.h"
 
+#include "core/ui/ScreenCalls.h"
 #include "platform/base/Error.h"
 #include "shell/MenuTree.h"
 
@@ -51,7 +52,8 @@ bool isQuickLinkJoined(int index)
     if (!menu.isEmpty())
         return entries.contains(menu);
     if (const QuickFindTarget *target = quickFindTarget(index))
-        return entries.ShowQuickFind && entries.recordScreen(QString::fromLatin1(target->form));
+        return screenCalls().ShowQuickFind &&
+               entries.recordScreen(QString::fromLatin1(target->form));
     if (index == PartInventoryLink)
         return entries.ShowPartQuickFind && entries.recordScreen(u"frmPart"_s);
     return !entries.board.isEmpty() && entries.board.LoadUnloadReportsNavigator;
@@ -70,8 +72,10 @@ void runQuickFindLoop(int index)
         const auto text = [](const char *latin1) { return QString::fromLatin1(latin1); };
         findAndOpen(
             [&] {
-                return entries.ShowQuickFind(text(target->field), text(target->label),
-                                             text(target->table), text(target->form));
+                return screenCalls().ShowQuickFind({.field = text(target->field),
+                                                    .label = text(target->label),
+                                                    .table = text(target->table),
+                                                    .form = text(target->form)});
             },
             entries.recordScreen(text(target->form)));
     } else if (index == PartInventoryLink) {

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "core/ui/Screen.h"
+
+class QLineEdit;
+class QPushButton;
+
+/// A user's change of the own password.
+class frmChangePassword : public Screen
+{
+    Q_OBJECT
+
+public:
+    explicit frmChangePassword(QWidget *parent = nullptr);
+
+    static void ShowSystemSettings();
+
+private:
+    void buildForm();
+    void cmdSave_Click();
+    void cmdExit_Click();
+
+    QLineEdit *txtOldPassword = nullptr;
+    QLineEdit *txtNewPassword = nullptr;
+    QLineEdit *txtConfirmPassword = nullptr;
+    QPushButton *cmdSave = nullptr;
+    QPushButton *cmdExit = nullptr;
+};

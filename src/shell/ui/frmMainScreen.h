@@ -1,0 +1,80 @@
+#pragma once
+
+#include "shell/MenuTree.h"
+
+#include <QHash>
+#include <QMainWindow>
+#include <array>
+#include <functional>
+
+class QAction;
+class QMenu;
+
+namespace input {
+class QuickLink;
+}
+namespace shell {
+class HeaderBar;
+class StartPage;
+} // namespace shell
+
+/// The main window: menus, header, side bar of quick links and the board. It opens what has joined
+/// shell::screenEntries(), as far as the user's rights go.
+class frmMainScreen : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// End ends the process at once.
+    explicit frmMainScreen(std::function<void()> End, QWidget *parent = nullptr);
+
+    /// Disables the entries whose right the user lacks, and those that nothing has joined.
+    void CheckRole();
+    /// Removes the rows without a part from six tables.
+    [[nodiscard]] bool CleanUpParts() const;
+
+    /// The action of a menu entry, or of a submenu; null for an unknown name.
+    [[nodiscard]] QAction *menuAction(const QString &name) const { return m_actions.value(name); }
+    /// Does what the menu entry does, if its right is granted.
+    void openEntry(const QString &name);
+    /// Does what a click on a quick link does.
+    void lblQuickMenu_Click(int index);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    bool event(QEvent *event) override;
+
+private:
+    void MDIForm_Load();
+    void MDIForm_Activate();
+    void MDIForm_QueryUnload();
+    void MDIForm_Unload();
+
+    void joinOwnEntries();
+    void buildMenu();
+    void buildSideBar();
+    void buildBoard();
+    void buildStatusBar();
+    void setCaptions();
+    [[nodiscard]] bool isOffered(const shell::MenuEntry &entry) const;
+    [[nodiscard]] bool isQuickLinkOffered(int index) const;
+    void runQuickLink(int index);
+    void mnuUpdateDatabase_Click();
+    void mnuExit_Click();
+
+    std::function<void()> m_end;
+    QHash<QString, QAction *> m_actions;
+    QHash<QString, QMenu *> m_menus;
+    /// What the window does itself, by menu object.
+    QHash<QString, std::function<void()>> m_ownEntries;
+
+    shell::HeaderBar *picHeaderBar = nullptr;
+    QWidget *picSideMenuBar = nullptr;
+    std::array<input::QuickLink *, 8> lblQuickMenu{};
+    /// Picture and label of one index are one control.
+    std::array<input::QuickLink *, 8> &imgQuickMenu = lblQuickMenu;
+    shell::StartPage *m_startPage = nullptr;
+
+    bool m_activating = false;
+    bool m_skipActivation = false;
+};

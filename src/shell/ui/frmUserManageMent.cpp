@@ -1,0 +1,257 @@
+#include "shell/ui/frmUserManageMent.h"
+
+#include "core/General.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/grid/GridView.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/IdCombo.h"
+#include "platform/input/Leaving.h"
+#include "platform/input/Theme.h"
+#include "shell/clsUser_Manager.h"
+#include "shell/ui/ScreenEntries.h"
+#include "shell/ui/frmUserRoles.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto module = "frmUserManageMent";
+constexpr auto employeeEntry = u"mnuViewEmployee";
+
+/// "17   Miller, Ann"
+QString employeeText(const db::Row &row)
+{
+    const QString last = row.text(u"Lastname");
+    const QString first = row.text(u"FirstName");
+    const QString name = last.isEmpty() || first.isEmpty() ? last + first : last + u", "_s + first;
+    return (row.text(u"EmployeeID") + u"   "_s + name).trimmed();
+}
+
+} // namespace
+
+frmUserManageMent::frmUserManageMent(QWidget *parent)
+    : Screen(u"frmUserManageMent"_s, u"User Management"_s, parent, StoreWhat::SizeOnly)
+{
+    buildForm();
+    RefreshCombo();
+    RefreshRecordSet();
+    adoptGrid(grdUser, u"grdUser"_s);
+
+    watch({txtUserName, txtPassword, cboEmployee});
+    connect(grdUser, &grid::GridView::currentRowChanged, this, [this] {
+        if (mode() == Mode::Browse)
+            DisplayData();
+    });
+    connect(cmdAdd, &QPushButton::clicked, this, &frmUserManageMent::cmdAdd_Click);
+    connect(cmdSave, &QPushButton::clicked, this, &frmUserManageMent::cmdSave_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &frmUserManageMent::cmdCancel_Click);
+    connect(cmdDelete, &QPushButton::clicked, this, &frmUserManageMent::cmdDelete_Click);
+    connect(cmdRole, &QPushButton::clicked, this, &frmUserManageMent::cmdRole_Click);
+    connect(cmdEmployee, &QToolButton::clicked, this, &frmUserManageMent::cmdEmployee_Click);
+    connect(cmdExit, &QPushButton::clicked, this, &frmUserManageMent::cmdExit_Click);
+}
+
+void frmUserManageMent::buildForm()
+{
+    input::FormBuilder form(this);
+    grdUser = new grid::GridView(this);
+    grdUser->setObjectName(u"grdUser"_s);
+    grdUser->setAccessibleName(u"Users"_s);
+    grdUser->setEditing(false);
+    grdUser->rows().addColumn({.name = u"UserName"_s, .caption = u"User Name"_s, .width = 200});
+    grdUser->rows().addColumn({.name = u"Password"_s, .visible = false});
+    grdUser->rows().addColumn({.name = u"EmployeeID"_s, .caption = u"Employee"_s, .width = 140});
+    form.widget(grdUser, true);
+
+    txtUserName = form.textField(u"txtUserName"_s, u"&User Name:"_s, 60);
+    txtPassword = form.passwordField(u"txtPassword"_s, u"&Password:"_s, 100);
+    cboEmployee = form.comboField(u"cboEmployee"_s, u"&Employee:"_s);
+    cmdEmployee = form.sideButton(u"cmdEmployee"_s, u"Open the employees"_s);
+
+    cmdRole = form.leftButton(u"cmdRole"_s, u"R&oles"_s, theme::icon(u"roles"_s));
+    cmdAdd = form.button(u"cmdAdd"_s, u"&Add"_s, theme::icon(u"add"_s));
+    cmdSave = form.button(u"cmdSave"_s, u"&Save"_s, theme::icon(u"save"_s));
+    cmdCancel = form.button(u"cmdCancel"_s, u"&Cancel"_s, theme::icon(u"cancel"_s));
+    cmdDelete = form.button(u"cmdDelete"_s, u"&Delete"_s, theme::icon(u"delete"_s));
+    cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
+    form.finish();
+    resize(620, 460);
+}
+
+void frmUserManageMent::ShowUserManagement()
+{
+    frmUserManageMent(QApplication::activeWindow()).showModal();
+}
+
+void frmUserManageMent::RefreshRecordSet(const QString &userToShow)
+{
+    base::trapped(module, "RefreshRecordSet", [&] {
+        grdUser->rows().setRecordset(clsUser_Manager().Users());
+        const int wanted =
+            userToShow.isEmpty() ? -1 : grdUser->rows().findRow(u"UserName", userToShow);
+        const int first = grdUser->displayedOrder().value(0, -1);
+        grdUser->selectRow(wanted >= 0 ? wanted : first);
+    });
+    setMode(Mode::Browse);
+    DisplayData();
+}
+
+void frmUserManageMent::DisplayData()
+{
+    const Displaying displaying(*this);
+    ClearData();
+    const int row = grdUser->currentRow();
+    if (row < 0)
+        return;
+    const grid::GridModel &rows = grdUser->rows();
+    m_shown = {rows.text(row, u"UserName"), rows.text(row, u"Password"),
+               rows.text(row, u"EmployeeID")};
+    txtUserName->setText(m_shown.UserName);
+    cboEmployee->setCurrentIndex(
+        std::max<int>(0, static_cast<int>(m_employeeIDs.indexOf(m_shown.EmployeeID))));
+    showPasswordHint(m_shown.Password);
+}
+
+void frmUserManageMent::showPasswordHint(const QString &stored)
+{
+    txtPassword->setPlaceholderText(stored.isEmpty() ? QString()
+                                                     : u"Unchanged. Type to give a new one."_s);
+}
+
+clsUser frmUserManageMent::SetObjectValues() const
+{
+    clsUser user{txtUserName->text().trimmed(), txtPassword->text(),
+                 m_employeeIDs.value(cboEmployee->currentIndex())};
+    // A box that nobody has typed in stands for the stored password.
+    if (mode() == Mode::Modify && !txtPassword->isModified())
+        user.Password = m_shown.Password;
+    return user;
+}
+
+void frmUserManageMent::ClearData()
+{
+    m_shown = {};
+    txtUserName->clear();
+    txtPassword->clear();
+    txtPassword->setModified(false);
+    cboEmployee->setCurrentIndex(0);
+    showPasswordHint({});
+}
+
+void frmUserManageMent::EnableControls()
+{
+    const bool browsing = mode() == Mode::Browse;
+    const bool hasRow = grdUser->currentRow() >= 0;
+    for (QWidget *box : std::initializer_list<QWidget *>{txtUserName, txtPassword, cboEmployee})
+        box->setEnabled(!browsing || hasRow);
+    cmdEmployee->setEnabled(shell::screenEntries().contains(employeeEntry));
+    grdUser->setEnabled(browsing);
+    cmdAdd->setEnabled(browsing);
+    cmdDelete->setEnabled(browsing && hasRow);
+    cmdRole->setEnabled(!browsing || hasRow);
+    cmdSave->setEnabled(!browsing);
+    cmdCancel->setEnabled(!browsing);
+    cmdExit->setEnabled(browsing);
+    setCloseEnabled(browsing);
+}
+
+void frmUserManageMent::RefreshCombo()
+{
+    const Displaying displaying(*this);
+    cboEmployee->clear();
+    m_employeeIDs = {QString()};
+    cboEmployee->add(u"  "_s, 0);
+    for (const db::Row row : GetTableInfo(u"tblEmployee"_s, u"EmployeeID"_s)) {
+        cboEmployee->add(employeeText(row), m_employeeIDs.size());
+        m_employeeIDs << row.text(u"EmployeeID");
+    }
+    cboEmployee->setCurrentIndex(0);
+}
+
+bool frmUserManageMent::VailidateFields()
+{
+    if (input::isBlank(txtUserName)) {
+        base::showMessage(u"User Name should not be blank."_s);
+        txtUserName->setFocus();
+        return false;
+    }
+    if (mode() == Mode::Add && clsUser_Manager().IsUserExist(txtUserName->text().trimmed())) {
+        base::showMessage(u"User Name should be unique."_s);
+        txtUserName->setFocus();
+        txtUserName->selectAll();
+        return false;
+    }
+    return true;
+}
+
+void frmUserManageMent::cmdAdd_Click()
+{
+    {
+        const Displaying displaying(*this);
+        ClearData();
+    }
+    setMode(Mode::Add);
+    txtUserName->setFocus();
+}
+
+void frmUserManageMent::cmdSave_Click()
+{
+    base::trapped(module, "cmdSave_Click", [this] {
+        if (!VailidateFields())
+            return;
+        const clsUser user = SetObjectValues();
+        bool saved = false;
+        clsUser_Manager().SaveRecord(user, mode(), saved, m_shown.UserName);
+        if (saved)
+            RefreshRecordSet(user.UserName);
+    });
+}
+
+void frmUserManageMent::cmdCancel_Click()
+{
+    // The grid still stands on the row from which the change or the new record was begun.
+    const int row = grdUser->currentRow();
+    RefreshRecordSet(row < 0 ? QString() : grdUser->rows().text(row, u"UserName"));
+}
+
+void frmUserManageMent::cmdDelete_Click()
+{
+    base::trapped(module, "cmdDelete_Click", [this] {
+        if (!base::askYesNo(u"Are you sure you want to Delete this record?"_s))
+            return;
+        bool deleted = false;
+        clsUser_Manager().DeleteRecord(m_shown.UserName, deleted);
+        if (deleted)
+            RefreshRecordSet();
+        else
+            base::showMessage(u"Deletion not allowed."_s);
+    });
+}
+
+void frmUserManageMent::cmdRole_Click()
+{
+    if (mode() == Mode::Browse)
+        frmUserRoles::ShowUserRolesDetail(m_shown.UserName);
+    else
+        base::showMessage(u"Please save this record first then goto next screen"_s);
+}
+
+void frmUserManageMent::cmdEmployee_Click()
+{
+    const QString chosen = m_employeeIDs.value(cboEmployee->currentIndex());
+    shell::screenEntries().open(employeeEntry);
+    RefreshCombo();
+    const Displaying displaying(*this);
+    cboEmployee->setCurrentIndex(std::max<int>(0, static_cast<int>(m_employeeIDs.indexOf(chosen))));
+}
+
+void frmUserManageMent::cmdExit_Click()
+{
+    unload();
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "core/ui/Screen.h"
+#include "shell/clsUser.h"
+
+#include <QStringList>
+
+class QLineEdit;
+class QPushButton;
+class QToolButton;
+
+namespace grid {
+class GridView;
+}
+namespace input {
+class IdCombo;
+}
+
+/// The users other than the built-in one, with their passwords and employees.
+class frmUserManageMent : public Screen
+{
+    Q_OBJECT
+
+public:
+    explicit frmUserManageMent(QWidget *parent = nullptr);
+
+    static void ShowUserManagement();
+
+private:
+    void buildForm();
+    void RefreshRecordSet(const QString &userToShow = {});
+    void DisplayData();
+    [[nodiscard]] clsUser SetObjectValues() const;
+    void ClearData();
+    void EnableControls() override;
+    void RefreshCombo();
+    [[nodiscard]] bool VailidateFields();
+    void showPasswordHint(const QString &stored);
+
+    void cmdAdd_Click();
+    void cmdSave_Click();
+    void cmdCancel_Click();
+    void cmdDelete_Click();
+    void cmdRole_Click();
+    void cmdEmployee_Click();
+    void cmdExit_Click();
+
+    grid::GridView *grdUser = nullptr;
+    QLineEdit *txtUserName = nullptr;
+    QLineEdit *txtPassword = nullptr;
+    input::IdCombo *cboEmployee = nullptr;
+    QToolButton *cmdEmployee = nullptr;
+    QPushButton *cmdAdd = nullptr;
+    QPushButton *cmdSave = nullptr;
+    QPushButton *cmdCancel = nullptr;
+    QPushButton *cmdDelete = nullptr;
+    QPushButton *cmdRole = nullptr;
+    QPushButton *cmdExit = nullptr;
+
+    clsUser m_shown;           ///< the row that the boxes were filled from
+    QStringList m_employeeIDs; ///< of the combo's items
+};

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "core/ui/Screen.h"
+#include "platform/db/Recordset.h"
+
+#include <QList>
+
+class QCheckBox;
+class QLabel;
+class QPushButton;
+class QTabWidget;
+
+/// The rights of one user, a box for each.
+class frmUserRoles : public Screen
+{
+    Q_OBJECT
+
+public:
+    explicit frmUserRoles(const QString &UserName, QWidget *parent = nullptr);
+
+    static void ShowUserRolesDetail(const QString &UserName);
+
+private:
+    void buildForm();
+    void RefreshRecordSet();
+    void DisplayData(const db::Recordset &user);
+    void EnableControls() override;
+    void cmdUpdate_Click();
+    void cmdCancel_Click();
+    void cmdExit_Click();
+
+    QString m_userName;
+    QTabWidget *SSTab1 = nullptr;
+    QList<QCheckBox *> m_boxes; ///< in the order of the rights
+    QPushButton *cmdUpdate = nullptr;
+    QPushButton *cmdCancel = nullptr;
+    QPushButton *cmdExit = nullptr;
+};
