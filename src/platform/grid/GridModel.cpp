@@ -1,0 +1,597 @@
+#include "platform/grid/GridModel.h"
+
+#include "platform/base/Error.h"
+#include "platform/base/Format.h"
+#include "platform/grid/CellFormat.h"
+#include "platform/grid/GridColumnData.h"
+
+#include <algorithm>
+#include <numeric>
+#include <set>
+
+namespace grid {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int SampledRows = 40; ///< rows whose texts decide on a new column's width
+
+bool sameName(QStringView left, QStringView right)
+{
+    return left.compare(right, Qt::CaseInsensitive) == 0;
+}
+
+/// Pixels that a text of so many characters takes, with room for the sorting sign.
+int widthFor(qsizetype characters)
+{
+    return std::clamp(static_cast<int>(characters) * 7 + 24, 60, 260);
+}
+
+int designedWidth(const db::Recordset &recordset, int column)
+{
+    qsizetype characters = recordset.columnName(column).size() + 1;
+    const sql::ColumnKind kind = recordset.columnKind(column);
+    if (kind == sql::ColumnKind::Date)
+        return widthFor(std::max<qsizetype>(characters, 10));
+    for (int row = 0; row < std::min(SampledRows, recordset.RecordCount()); ++row)
+        characters = std::max(characters, base::toText(recordset.value(row, column)).size());
+    return widthFor(characters);
+}
+
+} // namespace
+
+GridModel::GridModel(QObject *parent)
+    : QAbstractItemModel(parent)
+{}
+
+GridModel::~GridModel() = default;
+
+// Columns
+
+int GridModel::columnIndex(QStringView name) const
+{
+    for (std::size_t i = 0; i < m_columns.size(); ++i) {
+        if (sameName(m_columns[i]->column.name, name))
+            return static_cast<int>(i);
+    }
+    return -1;
+}
+
+GridModel::ColumnData &GridModel::named(QStringView name) const
+{
+    const int index = columnIndex(name);
+    if (index < 0)
+        throw base::Error(base::ErrorNumber::NoSuchItem,
+                          u"The grid has no column \"%1\"."_s.arg(name));
+    return *m_columns[static_cast<std::size_t>(index)];
+}
+
+Column &GridModel::column(QStringView name)
+{
+    return named(name).column;
+}
+
+const Column &GridModel::column(QStringView name) const
+{
+    return named(name).column;
+}
+
+const Column &GridModel::columnAt(int index) const
+{
+    return m_columns.at(static_cast<std::size_t>(index))->column;
+}
+
+int GridModel::addColumn(Column column)
+{
+    if (column.caption.isEmpty())
+        column.caption = column.name;
+    const int present = columnIndex(column.name);
+    if (present >= 0) {
+        ColumnData &data = *m_columns[static_cast<std::size_t>(present)];
+        if (column.kind == sql::ColumnKind::Unknown)
+            column.kind = data.column.kind;
+        data.column = std::move(column);
+        data.added = true;
+        columnsChanged();
+        return present;
+    }
+    const int index = columnCount();
+    beginInsertColumns({}, index, index);
+    m_columns.push_back(std::make_unique<ColumnData>());
+    m_columns.back()->column = std::move(column);
+    m_columns.back()->added = true;
+    endInsertColumns();
+    Q_EMIT columnSettingsChanged();
+    return index;
+}
+
+void GridModel::columnsChanged()
+{
+    for (const auto &data : m_columns)
+        data->choiceTexts.reset();
+    Q_EMIT columnSettingsChanged();
+    if (!m_columns.empty())
+        Q_EMIT headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
+    if (!m_top.empty() && !m_columns.empty())
+        Q_EMIT dataChanged(index(0, 0), index(rowCount(QModelIndex()) - 1, columnCount() - 1));
+}
+
+void GridModel::setTreeColumn(QStringView name)
+{
+    m_treeColumn = named(name).column.name;
+    Q_EMIT columnSettingsChanged();
+}
+
+int GridModel::treeColumn() const
+{
+    return m_treeColumn.isEmpty() ? -1 : columnIndex(m_treeColumn);
+}
+
+/// Binds present columns to the recordset's fields, adds the missing and drops those that only an
+/// earlier recordset had.
+void GridModel::takeColumns(const db::Recordset &recordset)
+{
+    for (const auto &data : m_columns)
+        data->record = -1;
+    for (int field = 0; field < recordset.columnCount(); ++field) {
+        const QString name = recordset.columnName(field);
+        const sql::ColumnKind kind = recordset.columnKind(field);
+        const int present = columnIndex(name);
+        if (present >= 0) {
+            ColumnData &data = *m_columns[static_cast<std::size_t>(present)];
+            if (data.record >= 0)
+                continue; // a second field of that name can't be reached by it
+            data.record = field;
+            data.column.kind = kind;
+            if (kind == sql::ColumnKind::YesNo && data.column.editor == Editor::None)
+                data.column.editor = Editor::Check;
+            continue;
+        }
+        auto data = std::make_unique<ColumnData>();
+        data->record = field;
+        data->column.name = name;
+        data->column.caption = name;
+        data->column.kind = kind;
+        data->column.width = designedWidth(recordset, field);
+        if (kind == sql::ColumnKind::YesNo)
+            data->column.editor = Editor::Check;
+        m_columns.push_back(std::move(data));
+    }
+    std::erase_if(m_columns, [](const auto &data) { return data->record < 0 && !data->added; });
+}
+
+void GridModel::setRecordset(const db::Recordset &recordset)
+{
+    beginResetModel();
+    const QString sorted = m_sortColumn >= 0 ? columnAt(m_sortColumn).name : QString();
+    dropRows();
+    m_recordset = recordset;
+    takeColumns(recordset);
+    m_sortColumn = sorted.isEmpty() ? -1 : columnIndex(sorted);
+    const int count = recordset.RecordCount();
+    m_slots.resize(static_cast<std::size_t>(count));
+    for (int row = 0; row < count; ++row)
+        m_slots[static_cast<std::size_t>(row)] = {row, row, -1, row};
+    m_rows.resize(m_slots.size());
+    std::iota(m_rows.begin(), m_rows.end(), 0);
+    m_top = m_rows;
+    arrange();
+    endResetModel();
+    Q_EMIT columnSettingsChanged();
+}
+
+// Rows
+
+void GridModel::checkRow(int row) const
+{
+    if (row < 0 || row >= rowCount())
+        throw base::Error(base::ErrorNumber::InvalidCall, u"The grid has no row %1."_s.arg(row));
+}
+
+void GridModel::dropRows()
+{
+    ++m_generation;
+    m_slots.clear();
+    m_rows.clear();
+    m_top.clear();
+    m_children.clear();
+    m_recordset = db::Recordset();
+    for (const auto &data : m_columns) {
+        data->cells.clear();
+        data->fill.reset();
+    }
+    forgetSearches();
+}
+
+void GridModel::clear()
+{
+    beginResetModel();
+    dropRows();
+    endResetModel();
+}
+
+void GridModel::forgetSearches()
+{
+    for (const auto &data : m_columns)
+        data->search.reset();
+}
+
+std::vector<int> &GridModel::siblings(int parentSlot)
+{
+    return parentSlot < 0 ? m_top : m_children[parentSlot];
+}
+
+const std::vector<int> *GridModel::children(int parentSlot) const
+{
+    if (parentSlot < 0)
+        return &m_top;
+    const auto found = m_children.constFind(parentSlot);
+    return found == m_children.constEnd() ? nullptr : &*found;
+}
+
+void GridModel::renumberPositions(const std::vector<int> &order, std::size_t from)
+{
+    for (std::size_t i = from; i < order.size(); ++i)
+        m_slots[static_cast<std::size_t>(order[i])].position = static_cast<int>(i);
+}
+
+int GridModel::insertRow(const QVariantMap &values, int parentRow)
+{
+    int parentSlot = -1;
+    if (parentRow >= 0) {
+        checkRow(parentRow);
+        parentSlot = m_rows[static_cast<std::size_t>(parentRow)];
+    }
+    std::vector<std::pair<ColumnData *, QVariant>> cells;
+    for (auto it = values.cbegin(); it != values.cend(); ++it)
+        cells.emplace_back(&named(it.key()), it.value());
+
+    const int slot = static_cast<int>(m_slots.size());
+    const int row = rowCount();
+    m_slots.push_back({-1, row, parentSlot, 0});
+    for (auto &[data, value] : cells)
+        data->cells.insert(slot, value);
+    std::vector<int> &order = siblings(parentSlot);
+    auto place = order.end();
+    if (m_sortDirection != Sort::None && m_sortColumn >= 0) {
+        const ColumnData &data = *m_columns[static_cast<std::size_t>(m_sortColumn)];
+        const SortKey key = sortKey(slot, data);
+        place = std::upper_bound(order.begin(), order.end(), slot,
+                                 [&](int, int other) { return before(key, sortKey(other, data)); });
+    }
+    const int position = static_cast<int>(place - order.begin());
+    if (m_filling == 0) {
+        const QModelIndex parentIndex = parentRow < 0 ? QModelIndex() : indexOf(parentRow);
+        beginInsertRows(parentIndex, position, position);
+    }
+    m_rows.push_back(slot);
+    order.insert(place, slot);
+    renumberPositions(order, static_cast<std::size_t>(position));
+    forgetSearches();
+    if (m_filling == 0)
+        endInsertRows();
+    return row;
+}
+
+void GridModel::removeRow(int row)
+{
+    checkRow(row);
+    const int slot = m_rows[static_cast<std::size_t>(row)];
+    const QModelIndex index = indexOf(row);
+    const int parentSlot = m_slots[static_cast<std::size_t>(slot)].parent;
+    QList<int> gone{row};
+    if (const auto *below = children(slot))
+        appendTree(*below, gone);
+    if (m_filling == 0)
+        beginRemoveRows(index.parent(), index.row(), index.row());
+    ++m_generation;
+    std::vector<int> &order = siblings(parentSlot);
+    order.erase(order.begin() + index.row());
+    renumberPositions(order, static_cast<std::size_t>(index.row()));
+    std::sort(gone.begin(), gone.end(), std::greater<>());
+    for (const int number : gone) {
+        const int goneSlot = m_rows[static_cast<std::size_t>(number)];
+        m_children.remove(goneSlot);
+        for (const auto &data : m_columns)
+            data->cells.remove(goneSlot);
+        m_rows.erase(m_rows.begin() + number);
+    }
+    for (std::size_t i = static_cast<std::size_t>(gone.back()); i < m_rows.size(); ++i)
+        m_slots[static_cast<std::size_t>(m_rows[i])].row = static_cast<int>(i);
+    forgetSearches();
+    if (m_filling == 0)
+        endRemoveRows();
+}
+
+int GridModel::parentRow(int row) const
+{
+    checkRow(row);
+    const int slot =
+        m_slots[static_cast<std::size_t>(m_rows[static_cast<std::size_t>(row)])].parent;
+    return slot < 0 ? -1 : m_slots[static_cast<std::size_t>(slot)].row;
+}
+
+int GridModel::childCount(int row) const
+{
+    checkRow(row);
+    const auto *below = children(m_rows[static_cast<std::size_t>(row)]);
+    return below ? static_cast<int>(below->size()) : 0;
+}
+
+GridModel::Filling::Filling(GridModel &model)
+    : m_model(model)
+{
+    if (m_model.m_filling++ == 0)
+        m_model.beginResetModel();
+}
+
+GridModel::Filling::~Filling()
+{
+    if (--m_model.m_filling == 0)
+        m_model.endResetModel();
+}
+
+// Cells
+
+QVariant GridModel::slotValue(int slot, const ColumnData &column) const
+{
+    if (!column.cells.isEmpty()) {
+        const auto found = column.cells.constFind(slot);
+        if (found != column.cells.constEnd())
+            return *found;
+    }
+    if (column.fill)
+        return *column.fill;
+    const int record = m_slots[static_cast<std::size_t>(slot)].record;
+    if (column.record >= 0 && record >= 0)
+        return m_recordset.value(record, column.record);
+    return {};
+}
+
+QVariant GridModel::value(int row, QStringView name) const
+{
+    checkRow(row);
+    return slotValue(m_rows[static_cast<std::size_t>(row)], named(name));
+}
+
+QVariant GridModel::valueAt(int row, int column) const
+{
+    checkRow(row);
+    return slotValue(m_rows[static_cast<std::size_t>(row)],
+                     *m_columns.at(static_cast<std::size_t>(column)));
+}
+
+QString GridModel::shownText(int slot, const ColumnData &data) const
+{
+    const QVariant value = slotValue(slot, data);
+    const Column &column = data.column;
+    if (column.editor == Editor::Check)
+        return isTicked(value) ? u"True"_s : u"False"_s;
+    QString text = column.editor == Editor::DropDown ? data.choiceText(value)
+                                                     : formatted(value, column.format, column.kind);
+    return text.isEmpty() ? column.placeholder : text;
+}
+
+QString GridModel::text(int row, QStringView name) const
+{
+    checkRow(row);
+    return shownText(m_rows[static_cast<std::size_t>(row)], named(name));
+}
+
+QString GridModel::textAt(int row, int column) const
+{
+    checkRow(row);
+    return shownText(m_rows[static_cast<std::size_t>(row)],
+                     *m_columns.at(static_cast<std::size_t>(column)));
+}
+
+void GridModel::store(int row, int column, const QVariant &value)
+{
+    ColumnData &data = *m_columns[static_cast<std::size_t>(column)];
+    data.cells.insert(m_rows[static_cast<std::size_t>(row)], value);
+    data.search.reset();
+    if (m_cellInRule == std::pair(row, column))
+        m_setByRule = true;
+    if (m_filling == 0) {
+        const QModelIndex cell = indexOf(row, column);
+        Q_EMIT dataChanged(cell, cell);
+    }
+}
+
+void GridModel::setValue(int row, QStringView name, const QVariant &value)
+{
+    checkRow(row);
+    static_cast<void>(named(name));
+    store(row, columnIndex(name), value);
+}
+
+void GridModel::setAll(QStringView name, const QVariant &value)
+{
+    ColumnData &data = named(name);
+    data.cells.clear();
+    data.fill = value;
+    data.search.reset();
+    if (m_filling > 0 || m_top.empty())
+        return;
+    const int column = columnIndex(name);
+    Q_EMIT dataChanged(index(0, column), index(rowCount(QModelIndex()) - 1, column));
+    for (auto it = m_children.cbegin(); it != m_children.cend(); ++it) {
+        const QModelIndex above = indexOf(m_slots[static_cast<std::size_t>(it.key())].row);
+        if (!it->empty())
+            Q_EMIT dataChanged(index(0, column, above),
+                               index(static_cast<int>(it->size()) - 1, column, above));
+    }
+}
+
+bool GridModel::mayEdit(int row, int column) const
+{
+    const Column &settings = columnAt(column);
+    if (!settings.editable || settings.locked || settings.editor == Editor::Button ||
+        settings.editor == Editor::Link)
+        return false;
+    return !editRule || editRule(row, settings.name);
+}
+
+bool GridModel::edit(int row, int column, const QVariant &newValue)
+{
+    checkRow(row);
+    const Column &settings = columnAt(column);
+    const QVariant old = valueAt(row, column);
+    const bool same = settings.editor == Editor::Check
+                          ? isTicked(old) == isTicked(newValue)
+                          : base::toText(old) == base::toText(newValue);
+    if (same)
+        return true;
+    const QString name = settings.name;
+    if (changeRule) {
+        const int generation = m_generation;
+        const auto outerCell = std::exchange(m_cellInRule, std::pair(row, column));
+        const bool outerSet = std::exchange(m_setByRule, false);
+        const bool accepted = changeRule(row, name, newValue);
+        m_cellInRule = outerCell;
+        const bool setByRule = std::exchange(m_setByRule, outerSet);
+        if (!accepted)
+            return false;
+        if (generation != m_generation)
+            return true; // the rule loaded the rows again: the change is in them already
+        if (!setByRule)
+            store(row, column, newValue);
+    } else {
+        store(row, column, newValue);
+    }
+    Q_EMIT edited(row, name);
+    return true;
+}
+
+Style GridModel::style(int row, int column) const
+{
+    return styleRule ? styleRule(row, columnAt(column).name) : Style{};
+}
+
+bool GridModel::isLink(int row, int column) const
+{
+    if (columnAt(column).editor != Editor::Link)
+        return false;
+    return (m_treeColumn.isEmpty() || parentRow(row) >= 0) && !textAt(row, column).isEmpty();
+}
+
+// The model's side for the view
+
+QModelIndex GridModel::indexOf(int row, int column) const
+{
+    if (row < 0 || row >= rowCount() || column < 0 || column >= columnCount())
+        return {};
+    const int slot = m_rows[static_cast<std::size_t>(row)];
+    return createIndex(m_slots[static_cast<std::size_t>(slot)].position, column,
+                       static_cast<quintptr>(slot));
+}
+
+int GridModel::rowOf(const QModelIndex &index) const
+{
+    return index.isValid() ? m_slots[static_cast<std::size_t>(index.internalId())].row : -1;
+}
+
+QModelIndex GridModel::index(int position, int column, const QModelIndex &parent) const
+{
+    const auto *order = children(parent.isValid() ? static_cast<int>(parent.internalId()) : -1);
+    if (!order || parent.column() > 0 || position < 0 ||
+        position >= static_cast<int>(order->size()) || column < 0 || column >= columnCount())
+        return {};
+    return createIndex(position, column,
+                       static_cast<quintptr>((*order)[static_cast<std::size_t>(position)]));
+}
+
+QModelIndex GridModel::parent(const QModelIndex &index) const
+{
+    if (!index.isValid())
+        return {};
+    const int above = m_slots[static_cast<std::size_t>(index.internalId())].parent;
+    return above < 0 ? QModelIndex()
+                     : createIndex(m_slots[static_cast<std::size_t>(above)].position, 0,
+                                   static_cast<quintptr>(above));
+}
+
+int GridModel::rowCount(const QModelIndex &parent) const
+{
+    if (parent.column() > 0)
+        return 0;
+    const auto *order = children(parent.isValid() ? static_cast<int>(parent.internalId()) : -1);
+    return order ? static_cast<int>(order->size()) : 0;
+}
+
+int GridModel::columnCount(const QModelIndex &) const
+{
+    return columnCount();
+}
+
+bool GridModel::hasChildren(const QModelIndex &parent) const
+{
+    return (!parent.isValid() || !m_children.isEmpty()) && rowCount(parent) > 0;
+}
+
+QVariant GridModel::data(const QModelIndex &index, int role) const
+{
+    if (!index.isValid())
+        return {};
+    const auto slot = static_cast<int>(index.internalId());
+    const ColumnData &data = *m_columns[static_cast<std::size_t>(index.column())];
+    const bool check = data.column.editor == Editor::Check;
+    switch (role) {
+    case Qt::DisplayRole:
+        return check ? QVariant() : QVariant(shownText(slot, data));
+    case Qt::EditRole:
+        return slotValue(slot, data);
+    case Qt::TextAlignmentRole:
+        return QVariant::fromValue(alignmentOf(data.column));
+    case Qt::CheckStateRole:
+        if (check)
+            return isTicked(slotValue(slot, data)) ? Qt::Checked : Qt::Unchecked;
+        return {};
+    case Qt::AccessibleTextRole:
+        if (check)
+            return data.column.caption +
+                   (isTicked(slotValue(slot, data)) ? u": checked"_s : u": not checked"_s);
+        return QString(data.column.caption + u": "_s + shownText(slot, data));
+    default:
+        return {};
+    }
+}
+
+bool GridModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    const int row = rowOf(index);
+    if (row < 0 || !mayEdit(row, index.column()))
+        return false;
+    if (role == Qt::CheckStateRole)
+        return edit(row, index.column(), value.toInt() == Qt::Checked);
+    return role == Qt::EditRole && edit(row, index.column(), value);
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
+        return {};
+    const Column &settings = columnAt(section);
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::AccessibleTextRole:
+        return settings.caption.isEmpty() ? settings.name : settings.caption;
+    case Qt::TextAlignmentRole:
+        return QVariant::fromValue(alignmentOf(settings));
+    default:
+        return {};
+    }
+}
+
+Qt::ItemFlags GridModel::flags(const QModelIndex &index) const
+{
+    if (!index.isValid())
+        return Qt::NoItemFlags;
+    Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+    const Column &settings = columnAt(index.column());
+    if (settings.editable && !settings.locked)
+        flags |= settings.editor == Editor::Check ? Qt::ItemIsUserCheckable : Qt::ItemIsEditable;
+    return flags;
+}
+
+} // namespace grid
