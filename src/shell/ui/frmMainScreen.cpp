@@ -305,7 +305,8 @@ void frmMainScreen::closeEvent(QCloseEvent *event)
     MDIForm_Unload();
     event->accept();
     // The process ends with its main form, whatever other windows there are.
-    QCoreApplication::quit();
+    if (m_end)
+        m_end();
 }
 
 void frmMainScreen::MDIForm_QueryUnload()

@@ -1,0 +1,52 @@
+#include "app/Screens.h"
+#include "core/Session.h"
+#include "core/StartUp.h"
+#include "platform/base/Environment.h"
+#include "platform/base/Prompts.h"
+#include "platform/input/DialogPrompts.h"
+#include "platform/input/Theme.h"
+#include "platform/system/SingleInstance.h"
+#include "shell/RightsTable.h"
+#include "shell/ui/frmLogin.h"
+#include "shell/ui/frmMainScreen.h"
+
+#include <QApplication>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+int main(int argc, char *argv[])
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(u"Quorvantis"_s);
+    // The process ends with its main form, not with whichever window was the last.
+    QApplication::setQuitOnLastWindowClosed(false);
+    theme::install(application);
+
+    input::DialogPrompts dialogs;
+    const base::ScopedPrompts prompts(dialogs);
+    const sys::SingleInstance instance(base::environment().applicationFolder);
+    app::joinScreens();
+
+    const auto end = [] { QCoreApplication::exit(); };
+    std::unique_ptr<frmMainScreen> mainScreen;
+    StartUpSteps steps;
+    steps.PrevInstance = [&] { return !instance.isFirst(); };
+    steps.frmLogin = [] {
+        bool loggedIn = false;
+        frmLogin::ShowLoginForm(loggedIn);
+        return loggedIn;
+    };
+    steps.SetUserRole = SetUserRole;
+    steps.frmMainScreen = [&] {
+        mainScreen = std::make_unique<frmMainScreen>(end);
+        mainScreen->show();
+    };
+    steps.End = end;
+
+    const int result = Main(steps) ? QApplication::exec() : 0;
+    mainScreen.reset();
+    gcnLookup.reset();
+    gcnData.reset();
+    return result;
+}
