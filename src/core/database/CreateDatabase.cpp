@@ -1,0 +1,110 @@
+#include "core/database/CreateDatabase.h"
+
+#include "core/database/Csv.h"
+#include "core/database/ListFile.h"
+#include "core/database/Resources.h"
+#include "core/database/RowWriter.h"
+#include "core/database/Script.h"
+#include "platform/base/Error.h"
+#include "platform/db/Maintenance.h"
+
+#include <QFile>
+
+namespace company {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// Above all numbers of lists, so that a list that comes later finds its number free.
+constexpr int FirstListMember = 101;
+
+void runScript(db::Connection &connection, const QString &name)
+{
+    for (const QString &statement : splitStatements(resourceText(name)))
+        connection.Execute(statement);
+}
+
+void writeLists(Batch &batch)
+{
+    RowWriter writer(batch, u"tblIndicator"_s,
+                     {u"ItemID"_s, u"ParentID"_s, u"ItemName"_s, u"Show"_s, u"FSize"_s});
+    for (const ListItem &item : parseLists(resourceText(u"lists.txt"_s), FirstListMember))
+        writer.add({item.id, item.parent, item.name, true, 0});
+}
+
+void writeFields(Batch &batch)
+{
+    const CsvTable fields(resourceText(u"fields.csv"_s));
+    RowWriter writer(batch, u"tblTableFields"_s,
+                     {u"Tablename"_s, u"RowID"_s, u"FieldDesc"_s, u"FieldName"_s, u"FieldType"_s});
+    for (int row = 0; row < fields.rowCount(); ++row)
+        writer.add({fields.text(row, u"Tablename"_s), row + 1, fields.text(row, u"FieldDesc"_s),
+                    fields.text(row, u"FieldName"_s), fields.text(row, u"FieldType"_s)});
+}
+
+void fillEmpty(db::Connection &connection)
+{
+    runScript(connection, u"schema.sql"_s);
+    Batch batch(connection);
+    for (const QString &statement : splitStatements(resourceText(u"firstrows.sql"_s)))
+        connection.Execute(statement);
+    writeLists(batch);
+    writeFields(batch);
+    batch.commit();
+    const qint64 last =
+        connection.Open(u"Select max(ItemID) as Last from tblIndicator"_s).row(0).integer(u"Last");
+    setCounter(connection, u"tblIndicator"_s, u"ItemID"_s, last + 1);
+}
+
+/// Makes a database by its steps under another name, and gives it its own when they are done. On a
+/// host, where files can't be renamed from here, it is made under its own name.
+template<class Fill>
+void createWhole(const db::Target &target, Fill &&fill)
+{
+    const bool local = target.host.isEmpty();
+    if (local && QFile::exists(target.file))
+        throw base::Error(base::ErrorNumber::PathAccess,
+                          u"The file \"%1\" exists already."_s.arg(target.file));
+    db::Target work = target;
+    work.forcedWrites = false;
+    if (local) {
+        work.file += u".new"_s;
+        QFile::remove(work.file);
+    }
+    try {
+        db::createDatabase(work);
+        {
+            db::Connection connection(work);
+            fill(connection);
+        }
+        if (target.forcedWrites) {
+            db::Target safe = work;
+            safe.forcedWrites = true;
+            const db::Connection connection(safe);
+        }
+    } catch (...) {
+        if (local)
+            QFile::remove(work.file);
+        throw;
+    }
+    if (local && !QFile::rename(work.file, target.file))
+        throw base::Error(base::ErrorNumber::PathAccess,
+                          u"The file \"%1\" can't be made."_s.arg(target.file));
+}
+
+} // namespace
+
+void createEmptyDatabase(const db::Target &target)
+{
+    createWhole(target, fillEmpty);
+}
+
+void createSampleDatabase(const db::Target &target, QDate today, SampleSize size, quint64 seed)
+{
+    createWhole(target, [&](db::Connection &connection) {
+        fillEmpty(connection);
+        loadSampleCompany(connection, today, size, seed);
+    });
+}
+
+} // namespace company
