@@ -52,27 +52,27 @@ int GetWeekNo(QDate Date)
     return static_cast<int>(std::lround(whole + day / 7.0));
 }
 
-QDate CheckMonth(const Months &Months, QDate Date)
+QDate CheckMonth(const Months &months, QDate Date)
 {
     int month = Date.month();
-    if (Months[month] == Selected)
+    if (months[month] == Selected)
         return Date;
     for (int year = Date.year(); year <= Date.year() + 1; ++year, month = 0) {
         while (++month <= 12)
-            if (Months[month] == Selected)
+            if (months[month] == Selected)
                 return QDate(year, month, 1);
     }
     throw base::Error(base::ErrorNumber::InvalidCall,
                       QStringLiteral("The service schedule selects no month of the year."));
 }
 
-QDate CheckWeek(const Weeks &Weeks, QDate Date, bool &MonthChanged)
+QDate CheckWeek(const Weeks &weeks, QDate Date, bool &MonthChanged)
 {
     int week = GetWeekNo(Date);
-    if (Weeks[week] == Selected)
+    if (weeks[week] == Selected)
         return Date;
     while (++week <= 5) {
-        if (Weeks[week] != Selected)
+        if (weeks[week] != Selected)
             continue;
         const QDate first(Date.year(), Date.month(), (week - 1) * 7 + 1);
         if (first.isValid())
@@ -83,12 +83,12 @@ QDate CheckWeek(const Weeks &Weeks, QDate Date, bool &MonthChanged)
     return firstOfNextMonth(Date);
 }
 
-QDate CheckDay(const Days &Days, QDate Date, bool &MonthChanged, bool &WeekChanged)
+QDate CheckDay(const Days &days, QDate Date, bool &MonthChanged, bool &WeekChanged)
 {
     const int month = Date.month();
     const int firstWeekday = weekday(QDate(Date.year(), month, 1));
     int day = weekday(Date);
-    while (Days[day] != Selected) {
+    while (days[day] != Selected) {
         day = day % 7 + 1;
         Date = Date.addDays(1);
         if (Date.month() != month) {
@@ -103,18 +103,18 @@ QDate CheckDay(const Days &Days, QDate Date, bool &MonthChanged, bool &WeekChang
     return Date;
 }
 
-QDate CheckDom(const DomDays &DomDays, QDate Date)
+QDate CheckDom(const DomDays &domDays, QDate Date)
 {
-    const auto begin = DomDays.begin() + 1;
-    if (std::none_of(begin, DomDays.end(), [](int day) { return day >= 1 && day <= 31; }))
+    const auto begin = domDays.begin() + 1;
+    if (std::none_of(begin, domDays.end(), [](int day) { return day >= 1 && day <= 31; }))
         throw base::Error(base::ErrorNumber::InvalidCall,
                           QStringLiteral("The service schedule lists no day of the month."));
-    while (std::find(begin, DomDays.end(), Date.day()) == DomDays.end())
+    while (std::find(begin, domDays.end(), Date.day()) == domDays.end())
         Date = Date.addDays(1);
     return Date;
 }
 
-void CheckSchDate(const Months &Months, const Weeks &Weeks, const Days &Days, QDate &Date)
+void CheckSchDate(const Months &months, const Weeks &weeks, const Days &days, QDate &Date)
 {
     const int lastYear = Date.year() + YearsOfTheCalendar;
     bool askMonth = true;
@@ -124,13 +124,13 @@ void CheckSchDate(const Months &Months, const Weeks &Weeks, const Days &Days, QD
                 base::ErrorNumber::InvalidCall,
                 QStringLiteral("No date ever meets the months, weeks and days of the schedule."));
         if (askMonth)
-            Date = CheckMonth(Months, Date);
+            Date = CheckMonth(months, Date);
         askMonth = false;
-        Date = CheckWeek(Weeks, Date, askMonth);
+        Date = CheckWeek(weeks, Date, askMonth);
         if (askMonth)
             continue;
         bool weekChanged = false;
-        Date = CheckDay(Days, Date, askMonth, weekChanged);
+        Date = CheckDay(days, Date, askMonth, weekChanged);
         if (!askMonth && !weekChanged)
             return;
     }

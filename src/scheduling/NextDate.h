@@ -35,20 +35,20 @@ struct Pattern
 
 /// The date if its month is selected, else the first day of the next month that is. At least one
 /// month must be selected.
-[[nodiscard]] QDate CheckMonth(const Months &Months, QDate Date);
+[[nodiscard]] QDate CheckMonth(const Months &months, QDate Date);
 /// The date if its week is selected, else the first day of the next selected week of this month, or
 /// the first of the next month, with MonthChanged set.
-[[nodiscard]] QDate CheckWeek(const Weeks &Weeks, QDate Date, bool &MonthChanged);
+[[nodiscard]] QDate CheckWeek(const Weeks &weeks, QDate Date, bool &MonthChanged);
 /// Walks to the next selected weekday, but not into the next month (MonthChanged) nor past the
 /// weekday of the month's first day (WeekChanged), where the months and weeks have to be asked
 /// again.
-[[nodiscard]] QDate CheckDay(const Days &Days, QDate Date, bool &MonthChanged, bool &WeekChanged);
+[[nodiscard]] QDate CheckDay(const Days &days, QDate Date, bool &MonthChanged, bool &WeekChanged);
 /// The first date, from this one on, whose day of the month is listed. Raises InvalidCall when no
 /// listed day occurs in any month.
-[[nodiscard]] QDate CheckDom(const DomDays &DomDays, QDate Date);
+[[nodiscard]] QDate CheckDom(const DomDays &domDays, QDate Date);
 /// Pushes the date forward until month, week and weekday are met. Raises InvalidCall when the
 /// pattern meets no date at all.
-void CheckSchDate(const Months &Months, const Weeks &Weeks, const Days &Days, QDate &Date);
+void CheckSchDate(const Months &months, const Weeks &weeks, const Days &days, QDate &Date);
 
 /// The next date of a calendar service: base plus interval, pushed forward to the pattern. The
 /// pattern must be complete: listed days with dom, else a month, a week and a day.

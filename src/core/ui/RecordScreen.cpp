@@ -1,0 +1,247 @@
+#include "core/ui/RecordScreen.h"
+
+#include "core/ui/Lock.h"
+#include "platform/base/Format.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/grid/GridView.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/Theme.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+QString RecordScreen::showRecord(Mode mode, const QVariant &key)
+{
+    RefreshRecordSet(key);
+    if (mode == Mode::Add)
+        QMetaObject::invokeMethod(
+            this, [this] { cmdAdd_Click(); }, Qt::QueuedConnection);
+    showModal();
+    return base::toText(currentKey());
+}
+
+QString RecordScreen::usedBy(const QVariant &) const
+{
+    return {};
+}
+
+QString RecordScreen::deleteQuestion() const
+{
+    return u"Are you sure you want to Delete this record?"_s;
+}
+
+void RecordScreen::makeButtons(input::FormBuilder &form, const Buttons &buttons)
+{
+    const auto navigation =
+        form.navigation(u"cmdFirst"_s, u"cmdPrevious"_s, u"cmdNext"_s, u"cmdLast"_s);
+    cmdFirst = navigation.first;
+    cmdPrevious = navigation.previous;
+    cmdNext = navigation.next;
+    cmdLast = navigation.last;
+    connect(cmdFirst, &QToolButton::clicked, this, [this] { moveTo(0); });
+    connect(cmdPrevious, &QToolButton::clicked, this, [this] { moveTo(m_rows.Position() - 1); });
+    connect(cmdNext, &QToolButton::clicked, this, [this] { moveTo(m_rows.Position() + 1); });
+    connect(cmdLast, &QToolButton::clicked, this, [this] { moveTo(m_rows.RecordCount() - 1); });
+
+    const auto make = [&](const QString &name, const QString &caption, const QString &icon,
+                          void (RecordScreen::*click)()) {
+        QPushButton *button = form.button(name, caption, theme::icon(icon));
+        connect(button, &QPushButton::clicked, this, click);
+        return button;
+    };
+    cmdAdd = make(buttons.addName, u"&Add"_s, u"add"_s, &RecordScreen::cmdAdd_Click);
+    cmdDelete = make(u"cmdDelete"_s, u"&Delete"_s, u"delete"_s, &RecordScreen::cmdDelete_Click);
+    if (buttons.find)
+        cmdFind = make(u"cmdFind"_s, u"&Find"_s, u"find"_s, &RecordScreen::cmdFind_Click);
+    if (buttons.print)
+        cmdPrint = make(u"cmdPrint"_s, u"&Print"_s, u"print"_s, &RecordScreen::cmdPrint_Click);
+    cmdUpdate = make(buttons.saveName, u"&Save"_s, u"save"_s, &RecordScreen::cmdUpdate_Click);
+    cmdCancel = make(u"cmdCancel"_s, u"&Cancel"_s, u"cancel"_s, &RecordScreen::cmdCancel_Click);
+    cmdExit = make(u"cmdExit"_s, u"&Return"_s, u"exit"_s, &RecordScreen::cmdExit_Click);
+}
+
+void RecordScreen::setDataControls(const QList<QWidget *> &controls)
+{
+    m_dataControls = controls;
+    watch(controls);
+}
+
+void RecordScreen::setRights(bool Rights::*add, bool Rights::*modify, bool Rights::*remove)
+{
+    m_addRight = add;
+    m_modifyRight = modify;
+    m_deleteRight = remove;
+}
+
+void RecordScreen::setListGrid(grid::GridView *grid)
+{
+    m_grid = grid;
+    connect(grid, &grid::GridView::currentRowChanged, this, [this](int row) {
+        if (!m_following && row >= 0 && mode() == Mode::Browse)
+            moveTo(row);
+    });
+}
+
+QVariant RecordScreen::currentKey() const
+{
+    return hasRows() ? m_rows[keyColumn()] : QVariant();
+}
+
+void RecordScreen::RefreshRecordSet(const QVariant &key)
+{
+    m_rows = loadRows();
+    if (m_grid) {
+        const QScopedValueRollback following(m_following, true);
+        m_grid->rows().setRecordset(m_rows);
+    }
+    const QString wanted = base::toText(key);
+    if (wanted.isEmpty() ||
+        !m_rows.Find(u"[%1] = '%2'"_s.arg(keyColumn(), base::doubledQuotes(wanted))))
+        m_rows.MoveFirst();
+    showCurrentRow();
+}
+
+void RecordScreen::moveTo(int row)
+{
+    if (row < 0 || row >= m_rows.RecordCount())
+        return;
+    m_rows.MoveTo(row);
+    showCurrentRow();
+}
+
+void RecordScreen::showCurrentRow()
+{
+    {
+        const Displaying displaying(*this);
+        base::trapped(qPrintable(formName()), "DisplayData", [this] {
+            if (hasRows())
+                DisplayData(m_rows.current());
+            else
+                ClearData();
+        });
+    }
+    if (m_grid && hasRows()) {
+        const QScopedValueRollback following(m_following, true);
+        m_grid->selectRow(m_rows.Position());
+    }
+    setMode(Mode::Browse);
+}
+
+bool RecordScreen::mayEdit() const
+{
+    if (mode() == Mode::Add)
+        return true;
+    return hasRows() && isGranted(m_modifyRight);
+}
+
+void RecordScreen::EnableControls()
+{
+    const bool browsing = mode() == Mode::Browse;
+    for (QPushButton *button : {cmdAdd, cmdDelete, cmdFind, cmdPrint, cmdExit})
+        if (button)
+            button->setVisible(browsing);
+    for (QPushButton *button : {cmdDelete, cmdFind, cmdPrint})
+        if (button)
+            button->setEnabled(hasRows());
+    cmdUpdate->setVisible(!browsing);
+    cmdCancel->setVisible(!browsing);
+    lockDataControls(!mayEdit());
+    if (m_grid)
+        m_grid->setEnabled(browsing);
+    setCloseEnabled(browsing);
+    NavigationControls();
+    recordShown();
+}
+
+void RecordScreen::NavigationControls()
+{
+    const bool browsing = mode() == Mode::Browse && hasRows();
+    const bool back = browsing && m_rows.Position() > 0;
+    const bool onward = browsing && m_rows.Position() < m_rows.RecordCount() - 1;
+    cmdFirst->setEnabled(back);
+    cmdPrevious->setEnabled(back);
+    cmdNext->setEnabled(onward);
+    cmdLast->setEnabled(onward);
+}
+
+void RecordScreen::lockDataControls(bool locked)
+{
+    for (QWidget *control : std::as_const(m_dataControls))
+        setLocked(control, locked);
+}
+
+bool RecordScreen::demand(bool Rights::*right) const
+{
+    if (isGranted(right))
+        return true;
+    base::showInformation(u"You do not have sufficient rights to this action. Please see your "
+                          "system administrator"_s);
+    return false;
+}
+
+bool RecordScreen::refuse(QWidget *field, const QString &message, bool information)
+{
+    if (information)
+        base::showInformation(message);
+    else
+        base::showMessage(message);
+    field->setFocus();
+    return false;
+}
+
+bool RecordScreen::confirmMassChange(QLineEdit *field, const QString &storedName,
+                                     const QString &answer)
+{
+    if (mode() != Mode::Modify || answer.isEmpty() ||
+        storedName.trimmed() == field->text().trimmed())
+        return true;
+    if (base::askYesNo(u"This will change %1 for all your %2. Do you want to do this?"_s.arg(
+            storedName.trimmed(), answer)))
+        return true;
+    field->setText(storedName);
+    field->setFocus();
+    return false;
+}
+
+void RecordScreen::cmdAdd_Click()
+{
+    if (!demand(m_addRight))
+        return;
+    {
+        const Displaying displaying(*this);
+        ClearData();
+    }
+    setMode(Mode::Add);
+    const Displaying displaying(*this);
+    prepareNewRecord();
+}
+
+void RecordScreen::cmdUpdate_Click()
+{
+    if (!VailidateFields())
+        return;
+    if (const std::optional<QVariant> key = saveRecord())
+        RefreshRecordSet(*key);
+}
+
+void RecordScreen::cmdCancel_Click()
+{
+    showCurrentRow();
+}
+
+void RecordScreen::cmdDelete_Click()
+{
+    if (!hasRows() || !demand(m_deleteRight) || !base::askYesNo(deleteQuestion()))
+        return;
+    const QVariant key = currentKey();
+    const QString word = usedBy(key);
+    if (!word.isEmpty())
+        base::showInformation(u"Deletion not allowed. Record is being used in %1."_s.arg(word));
+    else if (deleteRecord(key))
+        RefreshRecordSet();
+}

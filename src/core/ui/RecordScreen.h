@@ -1,0 +1,133 @@
+#pragma once
+
+#include "core/Session.h"
+#include "core/ui/Screen.h"
+#include "platform/db/Recordset.h"
+
+#include <optional>
+
+class QLineEdit;
+class QPushButton;
+class QToolButton;
+
+namespace input {
+class FormBuilder;
+}
+
+/// The shape of a screen that shows one record at a time: it moves through the rows of a table,
+/// adds, changes and deletes, and swaps its buttons by mode. A screen of this shape says only what
+/// differs: its rows, its controls, its checks and its writes.
+///
+///     Browse: navigation, Add, Delete, Find, Print, Return; the first edit turns it to Modify
+///     Modify, Add: Save and Cancel; the close box is off
+///     no rows: only Add and Return
+class RecordScreen : public Screen
+{
+    Q_OBJECT
+
+public:
+    /// Opens on the row of this key, on the first row when there is none; mode Add presses Add on
+    /// the new screen. Returns the key of the record shown last, as text.
+    QString showRecord(Mode mode, const QVariant &key = {});
+
+protected:
+    using Screen::Screen;
+
+    // --- What a screen says ------------------------------------------------------------------
+
+    /// All rows in their order.
+    [[nodiscard]] virtual db::Recordset loadRows() = 0;
+    [[nodiscard]] virtual QString keyColumn() const = 0;
+    /// Shows a row in the controls. Runs under Displaying, so that nothing counts as an edit.
+    virtual void DisplayData(const db::Row &row) = 0;
+    /// Empties the controls. Runs under Displaying.
+    virtual void ClearData() = 0;
+    /// Makes a cleared form ready for a new record: its key, presets, where the focus begins.
+    virtual void prepareNewRecord() {}
+    /// The checks of a save. A failed one tells the user, sets the focus, and answers False.
+    [[nodiscard]] virtual bool VailidateFields() = 0;
+    /// Writes what the controls show. The key of the row to show then, nothing when it failed.
+    [[nodiscard]] virtual std::optional<QVariant> saveRecord() = 0;
+    [[nodiscard]] virtual bool deleteRecord(const QVariant &key) = 0;
+    /// The word for what uses the record, empty when it may go.
+    [[nodiscard]] virtual QString usedBy(const QVariant &key) const;
+    /// Asked before a deletion.
+    [[nodiscard]] virtual QString deleteQuestion() const;
+    /// After the mode, the rows or the current row changed.
+    virtual void recordShown() {}
+
+    // --- What a screen calls while it is built -----------------------------------------------
+
+    struct Buttons
+    {
+        bool find = false;
+        bool print = false;
+        QString addName = QStringLiteral("cmdAdd");
+        QString saveName = QStringLiteral("cmdUpdate");
+    };
+    /// Makes the button row: First, Previous, Next, Last; Add, Delete, Find, Print; Save, Cancel;
+    /// Return.
+    void makeButtons(input::FormBuilder &form, const Buttons &buttons);
+    /// The controls that hold the record. Their edits turn the mode; they are locked when there is
+    /// nothing to edit or the user may not.
+    void setDataControls(const QList<QWidget *> &controls);
+    /// The rights that Add, Modify and Delete need. Without a call all are free.
+    void setRights(bool Rights::*add, bool Rights::*modify, bool Rights::*remove);
+    /// A grid that shows all rows beside the fields and moves with them.
+    void setListGrid(grid::GridView *grid);
+
+    // --- What a screen may use ---------------------------------------------------------------
+
+    [[nodiscard]] const db::Recordset &rows() const { return m_rows; }
+    [[nodiscard]] bool hasRows() const { return !m_rows.isEmpty(); }
+    /// The key of the row on show; Null without rows.
+    [[nodiscard]] QVariant currentKey() const;
+    /// The rows read again and the row of this key shown, the first when it isn't there.
+    void RefreshRecordSet(const QVariant &key = {});
+    void moveTo(int row);
+    void EnableControls() override;
+    void NavigationControls();
+    bool mayClose() override { return mode() == Mode::Browse; }
+    /// True when the user may change what the screen shows now.
+    [[nodiscard]] virtual bool mayEdit() const;
+    /// Shows the message for a field, gives it the focus, and answers False.
+    static bool refuse(QWidget *field, const QString &message, bool information = true);
+    /// In mode Modify, a changed name of a record in use reaches all its users and so is asked
+    /// about first. No puts the stored name back and answers False.
+    [[nodiscard]] bool confirmMassChange(QLineEdit *field, const QString &storedName,
+                                         const QString &answer);
+
+    virtual void cmdAdd_Click();
+    virtual void cmdUpdate_Click();
+    virtual void cmdCancel_Click();
+    virtual void cmdDelete_Click();
+    virtual void cmdFind_Click() {}
+    virtual void cmdPrint_Click() {}
+    virtual void cmdExit_Click() { unload(); }
+
+    QPushButton *cmdAdd = nullptr;
+    QPushButton *cmdDelete = nullptr;
+    QPushButton *cmdFind = nullptr;
+    QPushButton *cmdPrint = nullptr;
+    QPushButton *cmdUpdate = nullptr;
+    QPushButton *cmdCancel = nullptr;
+    QPushButton *cmdExit = nullptr;
+    QToolButton *cmdFirst = nullptr;
+    QToolButton *cmdPrevious = nullptr;
+    QToolButton *cmdNext = nullptr;
+    QToolButton *cmdLast = nullptr;
+
+private:
+    void showCurrentRow();
+    void lockDataControls(bool locked);
+    [[nodiscard]] bool isGranted(bool Rights::*right) const { return !right || gRights.*right; }
+    bool demand(bool Rights::*right) const;
+
+    db::Recordset m_rows;
+    QList<QWidget *> m_dataControls;
+    grid::GridView *m_grid = nullptr;
+    bool m_following = false; ///< the grid is being moved by the screen
+    bool Rights::*m_addRight = nullptr;
+    bool Rights::*m_modifyRight = nullptr;
+    bool Rights::*m_deleteRight = nullptr;
+};

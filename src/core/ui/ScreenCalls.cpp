@@ -1,0 +1,7 @@
+#include "core/ui/ScreenCalls.h"
+
+ScreenCalls &screenCalls()
+{
+    static ScreenCalls calls;
+    return calls;
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <functional>
+
+/// How a screen opens one of a later folder: by a function that the owner has put here when the
+/// program started. An empty function means that the screen doesn't exist in this program; who
+/// calls it keeps the control that would disabled.
+struct ScreenCalls
+{
+    struct QuickFind
+    {
+        QString field;        ///< column that the search begins with, "UnitNo"
+        QString label;        ///< "Unit No"
+        QString table;        ///< "tblEquipment"
+        QString form;         ///< "frmEquipment"
+        QString selected{};   ///< key to begin on
+        QString leftOut{};    ///< keys to leave out, joined by commas
+        bool several = false; ///< several keys may be chosen; they come back joined by commas
+    };
+    /// Finds a record; its key, blank when cancelled.
+    std::function<QString(const QuickFind &)> ShowQuickFind;
+    /// Ticks items of a query's rows: select text, filter text, title, key column and its type,
+    /// second column and its type. Returns the chosen keys joined by commas.
+    std::function<QString(const QString &, const QString &, const QString &, const QString &,
+                          const QString &, const QString &, const QString &)>
+        ShowItemListDetail;
+    /// The reports by the name of their procedure ("ShowEmployeeReport"); takes the filter text,
+    /// True when the report came up.
+    QHash<QString, std::function<bool(const QString &)>> reports;
+
+    [[nodiscard]] bool hasReport(const QString &procedure) const
+    {
+        return reports.contains(procedure);
+    }
+};
+
+/// The calls of this process.
+ScreenCalls &screenCalls();

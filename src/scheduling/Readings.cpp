@@ -1,0 +1,167 @@
+#include "scheduling/Readings.h"
+
+#include "core/General.h"
+#include "core/Session.h"
+#include "platform/base/Environment.h"
+#include "platform/base/Prompts.h"
+#include "scheduling/GetNextScheduledDate.h"
+
+namespace readings {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+struct CountPeriod
+{
+    QStringView code;
+    QStringView type;
+};
+constexpr CountPeriod CountPeriods[] = {
+    {u"C", u"Counts"}, {u"H", u"Hours"}, {u"K", u"Kilometers"}, {u"I", u"Miles"}};
+
+FirstReadingAsker &currentAsker()
+{
+    static FirstReadingAsker asker;
+    return asker;
+}
+
+void insert(qint64 equipment, const QDateTime &date, const QString &countType, qint64 value)
+{
+    gcnData->Execute(
+        u"insert into tblEquipmentCount(EquipmentID,ChangeDate,CountType,CountValue) values(?,?,?,?)"_s,
+        {equipment, date, countType, value});
+}
+
+} // namespace
+
+QString countType(const QString &periodCode)
+{
+    for (const CountPeriod &period : CountPeriods)
+        if (period.code == periodCode)
+            return period.type.toString();
+    return {};
+}
+
+QString periodCode(const QString &countType)
+{
+    for (const CountPeriod &period : CountPeriods)
+        if (period.type == countType)
+            return period.code.toString();
+    return {};
+}
+
+Reading newest(qint64 EquipmentID, const QString &countType)
+{
+    const db::Recordset rows = gcnData->Open(
+        u"SELECT TOP 1 Changedate, Countvalue From tblEquipmentCount Where EquipmentID = ? And "
+        "CountType = ? ORDER BY ChangeDate DESC , Countvalue DESC"_s,
+        {EquipmentID, countType});
+    if (rows.isEmpty())
+        return {};
+    return {rows.current().date(u"Changedate"), rows.current().integer(u"Countvalue")};
+}
+
+bool hasAny(qint64 EquipmentID, const QString &countType)
+{
+    return !gcnData
+                ->Open(
+                    u"SELECT TOP 1 * From tblequipmentCount WHERE tblequipmentCount.EquipmentID=? "
+                    "AND tblequipmentCount.CountType=?"_s,
+                    {EquipmentID, countType})
+                .isEmpty();
+}
+
+bool isInProcess(qint64 EquipmentID, const QString &countType)
+{
+    return GetRecordCount(u"tblWoServiceUsed"_s,
+                          u"Period = '%1' and EquipmentId = %2"_s.arg(
+                              periodCode(countType), QString::number(EquipmentID))) > 0;
+}
+
+void add(qint64 EquipmentID, const QDateTime &date, const QString &countType, qint64 value)
+{
+    insert(EquipmentID, date, countType, value);
+    applyToServices(EquipmentID);
+}
+
+void applyToServices(qint64 EquipmentID)
+{
+    const db::Recordset services = gcnData->Open(
+        u"Select serviceusedid,NextScheduledDate,Einterval,Period from tblServiceUsed where "
+        "EquipmentID = ? and Period IN ('C', 'H', 'K', 'I')"_s,
+        {EquipmentID});
+    for (const db::Row service : services) {
+        if (!service.isNull(u"NextScheduledDate"))
+            continue;
+        const qint64 id = service.integer(u"serviceusedid");
+        const QDateTime reached = GetNextScheduledDate(id);
+        if (reached.isValid())
+            gcnData->Execute(
+                u"Update tblServiceUsed Set NextScheduledDate = ? Where ServiceUsedID = ?"_s,
+                {reached, id});
+    }
+}
+
+void setFirstReadingAsker(FirstReadingAsker asker)
+{
+    currentAsker() = std::move(asker);
+}
+
+void addFirst(qint64 EquipmentID, qint64 ServiceUsedID, const QString &ServiceName,
+              QString &CountType)
+{
+    const FirstReadingAsker ask = currentAsker();
+    if (!ask || !ask(EquipmentID, ServiceUsedID, ServiceName, CountType))
+        insert(EquipmentID, base::wallClock(base::today()), CountType, 0);
+}
+
+int delay()
+{
+    return GetOption(u"COUNT_READING_DELAY"_s, false).trimmed().toInt();
+}
+
+db::Recordset due(int delayDays)
+{
+    return gcnData->Open(
+        u"SELECT equipmentcount.EquipmentID, equipmentcount.UnitNo, equipmentcount.Equipmentname "
+        u"AS "
+        "[Equipment Name], equipmentcount.CountType, equipmentcount.change_date AS [Last Date], "
+        "max(tblEquipmentCount.CountValue) AS [Last Count] "
+        "FROM (SELECT tblServiceUsed.EquipmentID, tblEquipment.UnitNo, tblEquipment.Equipmentname, "
+        "tblEquipmentCount.CountType, max(tblEquipmentCount.changeDate) AS change_date "
+        "FROM (tblServiceUsed LEFT JOIN tblEquipmentCount ON tblServiceUsed.EquipmentID = "
+        "tblEquipmentCount.EquipmentID) LEFT JOIN tblEquipment ON tblServiceUsed.EquipmentID = "
+        "tblEquipment.EquipmentID "
+        "WHERE tblServiceUsed.Period IN ('C', 'H', 'K', 'I') AND tblServiceUsed.ServiceUsedID not "
+        "in (Select ServiceUsedId from tblWoServiceUsed) AND tblEquipment.Inactive = '0' "
+        "GROUP BY tblServiceUsed.EquipmentID, tblEquipmentCount.CountType, tblEquipment.UnitNo, "
+        "tblEquipment.Equipmentname "
+        "HAVING (max(tblEquipmentCount.changeDate) < now()-%1)) AS equipmentcount "
+        "LEFT JOIN tblEquipmentCount ON (equipmentcount.change_date = "
+        "tblEquipmentCount.ChangeDate) "
+        "AND (equipmentcount.CountType = tblEquipmentCount.CountType) AND "
+        "(equipmentcount.EquipmentID = tblEquipmentCount.EquipmentID) "
+        "GROUP BY equipmentcount.EquipmentID, equipmentcount.UnitNo, equipmentcount.Equipmentname, "
+        "equipmentcount.CountType, equipmentcount.change_date "
+        "ORDER BY equipmentcount.UnitNo"_s.arg(delayDays));
+}
+
+void saveBatch(std::span<const Entry> entries)
+{
+    TransactionScope transaction;
+    const QDateTime today = base::wallClock(base::today());
+    for (const Entry &entry : entries) {
+        if (isInProcess(entry.EquipmentID, entry.CountType))
+            base::showInformation(inProcessMessage());
+        else
+            add(entry.EquipmentID, today, entry.CountType, entry.Value);
+    }
+    transaction.commit();
+}
+
+QString inProcessMessage()
+{
+    return u"Service is in-proccess for this equipment counts cann't be added till the service over."_s;
+}
+
+} // namespace readings

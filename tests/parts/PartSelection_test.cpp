@@ -1,0 +1,34 @@
+#include "parts/PartSelection.h"
+
+#include "platform/base/Error.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using parts::Chosen;
+
+TEST(PartSelection, KeepsPartsThroughTheText)
+{
+    const QList<Chosen> chosen{{"BL-21", 2, 12.5, 3}, {"O'RING 5", 0.25, 0, 0}};
+    const QString text = parts::selectionText(chosen);
+    EXPECT_EQ(text, QString("BL-21|2|12.5|3@@@@O'RING 5|0.25|0|0").replace(u'|', QChar(134)));
+    EXPECT_EQ(parts::parseSelection(text), chosen);
+    EXPECT_TRUE(parts::parseSelection({}).isEmpty());
+    EXPECT_TRUE(parts::selectionText({}).isEmpty());
+}
+
+TEST(PartSelection, RefusesADamagedText)
+{
+    EXPECT_THROW((void)parts::parseSelection("BL-21"), base::Error);
+    const QString noNumber = QStringList{"BL-21", "x", "1", "2"}.join(QChar(134));
+    EXPECT_THROW((void)parts::parseSelection(noNumber), base::Error);
+}
+
+TEST(ExclusionList, QuotesAndDoublesApostrophes)
+{
+    EXPECT_EQ(parts::exclusionList({"A", "O'RING"}), "'A', 'O''RING'");
+    EXPECT_EQ(parts::exclusionList({}), "");
+}
+
+} // namespace
