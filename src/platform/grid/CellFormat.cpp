@@ -295,7 +295,11 @@ QString editText(const QVariant &value, const Column &column)
 
 std::optional<QVariant> typedValue(QStringView text, const Column &column)
 {
-    if (!column.mask.isEmpty() && CellMask(column.mask).check(text) != CellMask::State::Complete)
+    // A point or a minus alone empties a number cell, mask or not.
+    const bool isEmptyNumber =
+        holdsNumbers(column) && std::none_of(text.begin(), text.end(), isDigit);
+    if (!column.mask.isEmpty() && !isEmptyNumber &&
+        CellMask(column.mask).check(text) != CellMask::State::Complete)
         return std::nullopt;
     if (holdsNumbers(column))
         return typedNumber(text, column);

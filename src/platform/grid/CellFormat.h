@@ -29,8 +29,8 @@ bool isTicked(const QVariant &value);
 /// The text with which editing of a cell begins.
 QString editText(const QVariant &value, const Column &column);
 /// The value of a text that was typed into a cell: qint64 or double for numbers, QDateTime for
-/// dates, otherwise the text; Null for an emptied number or date. Nothing when the text is no
-/// value of the column.
+/// dates, otherwise the text; Null for an emptied date and for a number without a digit (empty or
+/// a lone point). Nothing when the text is no value of the column.
 std::optional<QVariant> typedValue(QStringView text, const Column &column);
 /// False when the text, typed so far, can't become a value of the column: then the keystroke is
 /// refused.

@@ -38,6 +38,8 @@ CellMask::State CellMask::check(QStringView text) const
     if (m_parts.empty() || text.isEmpty())
         return State::Complete;
     State state = State::Complete;
+    bool anyDigit = false;
+    bool wantsDigits = false;
     for (const Part &part : m_parts) {
         if (text.isEmpty())
             break;
@@ -47,12 +49,14 @@ CellMask::State CellMask::check(QStringView text) const
             text = text.sliced(1);
             continue;
         }
+        wantsDigits = true;
         qsizetype count = 0;
         while (count < std::min<qsizetype>(text.size(), part.digits) && isDigit(text[count]))
             ++count;
+        anyDigit = anyDigit || count > 0;
         const qint64 value = text.first(count).toLongLong();
         if (part.kind == Part::Kind::Number && count > 0) {
-            if (value > part.high)
+            if (value > part.high || (value < part.low && count == part.digits))
                 return State::Invalid;
             if (value < part.low)
                 state = State::Unfinished;
@@ -61,7 +65,7 @@ CellMask::State CellMask::check(QStringView text) const
     }
     if (!text.isEmpty())
         return State::Invalid;
-    return state;
+    return wantsDigits && !anyDigit ? State::Unfinished : state;
 }
 
 } // namespace grid

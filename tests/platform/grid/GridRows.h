@@ -1,0 +1,95 @@
+#pragma once
+
+#include "platform/base/Environment.h"
+#include "platform/db/Recordset.h"
+#include "platform/db/RowData.h"
+
+#include <QVariant>
+#include <initializer_list>
+#include <memory>
+#include <vector>
+
+namespace test {
+
+/// A field of a recordset made by hand.
+struct Field
+{
+    QString name;
+    sql::ColumnKind kind;
+};
+
+/// A recordset made by hand: no database needed.
+inline db::Recordset recordsetOf(const std::vector<Field> &fields,
+                                 const std::vector<std::vector<QVariant>> &rows)
+{
+    using Storage = db::RowData::Storage;
+    auto data = std::make_shared<db::RowData>();
+    for (const Field &field : fields) {
+        Storage storage = Storage::Integer;
+        switch (field.kind) {
+        case sql::ColumnKind::Real:
+        case sql::ColumnKind::Money:
+            storage = Storage::Real;
+            break;
+        case sql::ColumnKind::Text:
+            storage = Storage::Text;
+            break;
+        case sql::ColumnKind::Date:
+            storage = Storage::Date;
+            break;
+        default:
+            break;
+        }
+        data->addColumn(field.name, field.kind, storage);
+    }
+    data->indexNames();
+    for (const auto &row : rows) {
+        for (int column = 0; column < data->columnCount(); ++column) {
+            const QVariant &value = row[static_cast<std::size_t>(column)];
+            if (value.isNull()) {
+                data->addNull(column);
+                continue;
+            }
+            switch (data->storage(column)) {
+            case Storage::Real:
+                data->addReal(column, value.toDouble());
+                break;
+            case Storage::Date:
+                data->addInteger(column, value.toDateTime().toMSecsSinceEpoch());
+                break;
+            case Storage::Text: {
+                const QByteArray utf8 = value.toString().toUtf8();
+                data->addText(column, utf8.constData(), static_cast<std::size_t>(utf8.size()));
+                break;
+            }
+            default:
+                data->addInteger(column, value.toLongLong());
+                break;
+            }
+        }
+        data->endRow();
+    }
+    return db::Recordset(data);
+}
+
+/// Four parts, not in the order of any column.
+inline db::Recordset parts()
+{
+    using sql::ColumnKind;
+    const auto day = [](int month, int dayOfMonth) {
+        return QVariant(base::wallClock(QDate(2024, month, dayOfMonth)));
+    };
+    return recordsetOf({{QStringLiteral("Part Number"), ColumnKind::Text},
+                        {QStringLiteral("Description"), ColumnKind::Text},
+                        {QStringLiteral("Qty on Hand"), ColumnKind::Integer},
+                        {QStringLiteral("Price"), ColumnKind::Money},
+                        {QStringLiteral("Ordered"), ColumnKind::Date},
+                        {QStringLiteral("Inactive"), ColumnKind::YesNo},
+                        {QStringLiteral("SupplierID"), ColumnKind::Integer}},
+                       {{"b-20", "Mower blade", 9, 12.5, day(3, 9), 0, 7},
+                        {"A-100", "oil filter", 10, 4.25, QVariant(), -1, 8},
+                        {"a-101", "Oil, 10W30", 2, 12.5, day(1, 31), 0, 99},
+                        {"C'3", QVariant(), QVariant(), QVariant(), day(12, 1), 0, QVariant()}});
+}
+
+} // namespace test
