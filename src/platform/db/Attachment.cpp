@@ -3,6 +3,7 @@
 #include "platform/db/EngineErrors.h"
 
 #include <array>
+#include <span>
 
 namespace db::engine {
 namespace {
@@ -21,6 +22,28 @@ constexpr std::array<unsigned char, 5> writeMode = {isc_tpb_version3, isc_tpb_wr
                                                     isc_tpb_read_committed, isc_tpb_rec_version};
 constexpr std::array<unsigned char, 5> readMode = {isc_tpb_version3, isc_tpb_read, isc_tpb_nowait,
                                                    isc_tpb_read_committed, isc_tpb_rec_version};
+// The time limit is one second, a number of one byte.
+constexpr std::array<unsigned char, 8> ddlMode = {isc_tpb_version3,
+                                                  isc_tpb_write,
+                                                  isc_tpb_wait,
+                                                  isc_tpb_read_committed,
+                                                  isc_tpb_rec_version,
+                                                  isc_tpb_lock_timeout,
+                                                  1,
+                                                  1};
+
+std::span<const unsigned char> blockOf(Transaction::Mode mode)
+{
+    switch (mode) {
+    case Transaction::Mode::Read:
+        return readMode;
+    case Transaction::Mode::Ddl:
+        return ddlMode;
+    case Transaction::Mode::Write:
+        break;
+    }
+    return writeMode;
+}
 
 } // namespace
 
@@ -32,7 +55,7 @@ QByteArray placeOf(const Target &target)
 Transaction::Transaction(Firebird::IAttachment *attachment, Mode mode)
 {
     Status status;
-    const auto &block = mode == Mode::Write ? writeMode : readMode;
+    const std::span<const unsigned char> block = blockOf(mode);
     m_transaction.reset(
         attachment->startTransaction(&status, static_cast<unsigned>(block.size()), block.data()));
 }
@@ -136,7 +159,7 @@ bool Attachment::hasForcedWrites()
 
 void Attachment::executeAlone(const QString &statement)
 {
-    Transaction transaction(m_attachment.get(), Transaction::Mode::Write);
+    Transaction transaction(m_attachment.get(), Transaction::Mode::Ddl);
     const QByteArray text = utf8(statement);
     m_attachment->execute(&m_status, transaction.get(), static_cast<unsigned>(text.size()),
                           text.constData(), dialect, nullptr, nullptr, nullptr, nullptr);
@@ -146,6 +169,12 @@ void Attachment::executeAlone(const QString &statement)
 void Attachment::detach()
 {
     m_attachment->detach(&m_status);
+    m_attachment.take();
+}
+
+void Attachment::drop()
+{
+    m_attachment->dropDatabase(&m_status);
     m_attachment.take();
 }
 

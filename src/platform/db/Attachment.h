@@ -16,6 +16,9 @@ public:
         Write,
         /// Costs nothing to keep open for hours: it holds neither rows nor old versions of them.
         Read,
+        /// For changes of tables: gives other attachments, which may keep the table's description
+        /// though they don't use it now, a moment to let go of it.
+        Ddl,
     };
 
     Transaction() = default;
@@ -46,10 +49,12 @@ public:
 
     [[nodiscard]] Firebird::IAttachment *get() const { return m_attachment.get(); }
 
-    /// Runs one statement of the engine in a transaction of its own.
+    /// Runs one statement of the engine that changes tables in a transaction of its own.
     void executeAlone(const QString &statement);
     /// Detaches now, so that a failure can be reported.
     void detach();
+    /// Removes the database.
+    void drop();
 
 private:
     void attach(const Target &target, bool setForcedWrites);

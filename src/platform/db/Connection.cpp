@@ -61,7 +61,7 @@ public:
     explicit Implementation(const Target &target)
         : m_target(target)
         , m_attachment(target)
-        , m_peer(identityOf(target), [this] { m_cache.clear(); })
+        , m_peer(identityOf(target), [this] { letGoOfTables(); })
     {}
 
     Result run(const Request &request);
@@ -87,6 +87,7 @@ private:
     bool collectValues(const sql::Plan &plan, const sql::Lifted &lifted,
                        const QVariantList &parameters);
     engine::Context readingContext();
+    void letGoOfTables();
     void forgetTables();
 
     // In this order: statements go before the transactions, and those before the attachment.
@@ -289,9 +290,8 @@ std::optional<Result> Connection::Implementation::execute(CachedPlan &plan,
 /// statement before.
 Result Connection::Implementation::runDdl(const sql::Plan &plan)
 {
-    m_cache.clear();
+    letGoOfTables();
     m_peer.askOthersToRelease();
-    m_reading = {};
     try {
         for (const QString &statement : plan.ddl)
             m_attachment.executeAlone(statement);
@@ -313,6 +313,14 @@ engine::Context Connection::Implementation::readingContext()
     if (!m_reading)
         m_reading = engine::Transaction(m_attachment.get(), engine::Transaction::Mode::Read);
     return {m_attachment.get(), m_reading.get()};
+}
+
+/// The engine counts a table as in use while a statement on it is kept or a transaction that has
+/// read it is open.
+void Connection::Implementation::letGoOfTables()
+{
+    m_cache.clear();
+    m_reading = {};
 }
 
 void Connection::Implementation::forgetTables()

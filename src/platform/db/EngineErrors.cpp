@@ -16,6 +16,10 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// The engine's headers have no names for these.
+constexpr ISC_STATUS indexKeyTooBig = 336068726;
+constexpr ISC_STATUS nullsInColumn = 335544989;
+
 /// One message of a status vector.
 struct Message
 {
@@ -100,9 +104,9 @@ public:
     {
         using Reading = std::optional<DbError> (Interpreter::*)() const;
         // A failure of a file or a lock explains the statement's failure that it may have caused.
-        static constexpr std::array<Reading, 5> readings = {
-            &Interpreter::lockError, &Interpreter::ioError, &Interpreter::nameError,
-            &Interpreter::valueError, &Interpreter::otherError};
+        static constexpr std::array<Reading, 6> readings = {
+            &Interpreter::lockError, &Interpreter::ioError,    &Interpreter::changeOfTableError,
+            &Interpreter::nameError, &Interpreter::valueError, &Interpreter::otherError};
         for (const Reading reading : readings) {
             if (auto result = (this->*reading)())
                 return *std::move(result);
@@ -158,12 +162,14 @@ private:
                                              [](const Message &m) { return m.systemError != 0; });
             if (caused != m_messages.end())
                 return fileError(caused->systemError, file);
+            // An empty or cut file: the engine finds its end where a page should be.
+            if (io->arguments.value(0) == u"read"_s)
+                return notADatabase();
             return DbError(ErrorNumber::Unspecified,
                            u"The file can't be read or written: %1"_s.arg(file));
         }
         if (has({isc_bad_db_format, isc_wrong_ods, isc_badblk}))
-            return DbError(ErrorNumber::NotADatabase,
-                           u"The file is not a database that this program can read."_s);
+            return notADatabase();
         if (has({isc_db_corrupt, isc_bad_checksum}))
             return DbError(ErrorNumber::NotADatabase, u"The database file is damaged."_s);
         if (has({isc_login}))
@@ -182,11 +188,36 @@ private:
         return std::nullopt;
     }
 
-    [[nodiscard]] std::optional<DbError> nameError() const
+    [[nodiscard]] static DbError notADatabase()
+    {
+        return {ErrorNumber::NotADatabase,
+                u"The file is not a database that this program can read."_s};
+    }
+
+    [[nodiscard]] std::optional<DbError> changeOfTableError() const
     {
         if (const Message *exists = find({isc_dyn_dup_table}))
             return DbError(ErrorNumber::TableExists,
                            u"Table '%1' already exists."_s.arg(nameAfter(exists)));
+        if (const Message *exists = find({isc_dyn_dup_index}))
+            return DbError(ErrorNumber::Syntax,
+                           u"Index '%1' already exists."_s.arg(nameAfter(exists)));
+        if (has({isc_dyn_index_not_found}))
+            return DbError(ErrorNumber::Syntax, u"There is no index of that name."_s);
+        if (has({isc_keytoobig, isc_key_too_big, indexKeyTooBig}))
+            return DbError(ErrorNumber::Syntax, u"The texts of the index are too long."_s);
+        if (const Message *column = find({nullsInColumn}))
+            return DbError(ErrorNumber::NullNotAllowed,
+                           u"The field %1 is empty in some records."_s.arg(nameAfter(column)));
+        // A column's name is a key in the engine's own catalogue.
+        const Message *key = find({isc_unique_key_violation, isc_no_dup});
+        if (key && plainName(key->arguments.value(1)) == u"RDB$RELATION_FIELDS"_s)
+            return DbError(ErrorNumber::Syntax, u"A column of that name already exists."_s);
+        return std::nullopt;
+    }
+
+    [[nodiscard]] std::optional<DbError> nameError() const
+    {
         if (const Message *table = find({isc_dsql_relation_err, isc_relnotdef,
                                          isc_dsql_table_not_found, isc_dyn_table_not_found}))
             return DbError(ErrorNumber::TableUnknown,
@@ -200,18 +231,15 @@ private:
         if (const Message *name = find({isc_dsql_ambiguous_field_name}))
             return DbError(ErrorNumber::Syntax,
                            u"The name '%1' could belong to more than one table."_s.arg(
-                               nameAfter(name).section(u' ', -1)));
+                               (name + 1)->arguments.value(0)));
         if (const Message *token = find({isc_dsql_token_unk_err, isc_token_err}))
             return DbError(
                 ErrorNumber::Syntax,
                 u"Syntax error at '%1'."_s.arg((token + 1 == m_messages.data() + m_messages.size())
                                                    ? QString()
                                                    : (token + 1)->arguments.value(0)));
-        if (has({isc_dsql_command_err, isc_command_end_err, isc_command_end_err2,
-                 isc_dsql_count_mismatch, isc_dsql_var_count_err, isc_imp_exc}) &&
-            !has({isc_convert_error}))
-            return DbError(ErrorNumber::Syntax,
-                           u"The statement is not correct or too long: "_s + engineText(m_status));
+        if (has({isc_command_end_err, isc_command_end_err2}))
+            return DbError(ErrorNumber::Syntax, u"Syntax error: the statement ends too early."_s);
         return std::nullopt;
     }
 
@@ -255,6 +283,19 @@ private:
     {
         if (has({isc_arith_except}))
             return DbError(ErrorNumber::Overflow, u"Overflow"_s);
+        if (has({isc_sing_select_err}))
+            return DbError(ErrorNumber::Syntax,
+                           u"A query in place of a single value gave more than one row."_s);
+        if (has({isc_dsql_agg_ref_err, isc_dsql_agg_where_err, isc_dsql_agg_group_err,
+                 isc_dsql_agg_column_err, isc_dsql_agg_having_err, isc_dsql_agg_nested_err}))
+            return DbError(ErrorNumber::Syntax,
+                           u"The statement mixes totals and single values in a way that has no "
+                           "meaning."_s);
+        if (has({isc_expression_eval_err}))
+            return DbError(ErrorNumber::TypeMismatch, u"Data type mismatch in the statement."_s);
+        if (has({isc_dsql_error, isc_imp_exc}))
+            return DbError(ErrorNumber::Syntax,
+                           u"The statement can't be carried out: "_s + engineText(m_status));
         return std::nullopt;
     }
 

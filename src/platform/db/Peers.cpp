@@ -21,9 +21,9 @@ Registry &registry()
 
 } // namespace
 
-Peer::Peer(const QByteArray &place, std::function<void()> releaseStatements)
+Peer::Peer(const QByteArray &place, std::function<void()> letGo)
     : m_place(place)
-    , m_releaseStatements(std::move(releaseStatements))
+    , m_letGo(std::move(letGo))
     , m_thread(std::this_thread::get_id())
 {
     const std::lock_guard lock(registry().mutex);
@@ -56,7 +56,7 @@ void Peer::askOthersToRelease()
     for (Peer *peer : registry().peers) {
         if (peer != this && peer->m_database == m_database &&
             peer->m_thread.load() == std::this_thread::get_id())
-            peer->m_releaseStatements();
+            peer->m_letGo();
     }
 }
 
