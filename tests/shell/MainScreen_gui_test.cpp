@@ -1,0 +1,281 @@
+#include "core/General.h"
+#include "core/ui/ScreenCalls.h"
+#include "platform/help/Help.h"
+#include "platform/input/QuickLink.h"
+#include "shell/Modal.h"
+#include "shell/RightsTable.h"
+#include "shell/ShellSession.h"
+#include "shell/ui/ScreenEntries.h"
+#include "shell/ui/frmMainScreen.h"
+#include "support/ScriptedPrompts.h"
+
+#include "platform/base/Error.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using test::child;
+using test::ScriptedPrompts;
+using test::ShellSession;
+using Icon = base::Prompts::Icon;
+
+namespace {
+
+struct MainScreen : testing::Test
+{
+    MainScreen()
+    {
+        QApplication::setApplicationName(u"Quorvantis"_s);
+        SetUserRole();
+    }
+    ~MainScreen() override
+    {
+        help::closeAll();
+        window.reset();
+        shell::screenEntries() = {};
+        screenCalls() = {};
+    }
+    void open()
+    {
+        window = std::make_unique<frmMainScreen>([this] { ++ended; });
+        window->show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    }
+    void trigger(const QString &entry) { window->menuAction(entry)->trigger(); }
+    bool enabled(const QString &entry) { return window->menuAction(entry)->isEnabled(); }
+    bool visible(const QString &entry) { return window->menuAction(entry)->isVisible(); }
+    input::QuickLink &link(int index)
+    {
+        return child<input::QuickLink>(*window, u"lblQuickMenu%1"_s.arg(index));
+    }
+
+    ShellSession session;
+    ScriptedPrompts prompts;
+    std::unique_ptr<frmMainScreen> window;
+    int ended = 0;
+};
+
+} // namespace
+
+TEST_F(MainScreen, ShowsEveryMenuObjectWithItsCaption)
+{
+    open();
+    EXPECT_EQ(window->windowTitle(), u"Quorvantis 2.3.1"_s);
+    QStringList bar;
+    for (const QAction *menu : window->menuBar()->actions())
+        bar << menu->text();
+    EXPECT_EQ(bar.join(u'|').toStdString(), "File|&Work Order|View|Add|&Equipment|&Reports|Help");
+    const auto entries = [this](const char *menu) {
+        QStringList texts;
+        for (const QAction *action :
+             window->menuAction(QString::fromLatin1(menu))->menu()->actions())
+            texts << (action->isSeparator() ? u"-"_s : action->text());
+        return texts.join(u'|').toStdString();
+    };
+    EXPECT_EQ(entries("mnuFile"),
+              "Compact And Repair Database|Export To Windows Mobile|Import From Windows Mobile|"
+              "Setup|Passwords|Update Database|Make a BackUp|Restore a BackUp|E&xit");
+    EXPECT_EQ(entries("munPasswords"), "Change Password|User Management");
+    EXPECT_EQ(entries("mnuWorkOrder"), "Record Work|Print W/O");
+    EXPECT_EQ(entries("mnuView"), "Equipment|Service|Supplier|Employee|Parts");
+    EXPECT_EQ(entries("mnuAdd"), "Equipment|Service|Supplier|Employee|Part");
+    EXPECT_EQ(entries("mnuEquipment"), "Record Count|Inspection Date Reading |"
+                                       "License Renewal Date Reading|Print Count");
+    EXPECT_EQ(entries("mnuReports"),
+              "Equipment Reports|Work Order History|Service Reports|Inventory Reports|-|"
+              "Error Report|-|Custom Reports");
+    EXPECT_EQ(entries("mnuEquipmentReports"),
+              "Equipment List|Equipment Detail List|Equipment Details|Equipment Crew History|"
+              "Expenses On Equipment|Equipment Utilization|Equipment Scan History|"
+              "Equipment Inspection Report|Equipment License Report");
+    EXPECT_EQ(entries("mnuServiceReports"), "Service History $|Services By Equipment Name|"
+                                            "List Of Services|Services History Times");
+    EXPECT_EQ(entries("mnuInventoryReports"),
+              "Inventory Report|Inventory Reorder|Inventory Order For Upcomming Services|"
+              "Inventory Part Usage|Inventory Part History");
+    EXPECT_EQ(entries("mnuCustomReport"), "Create New Report|View Custom Report|Modify Reports");
+    EXPECT_EQ(entries("mnuHelp"), "Quorvantis Help|Quorvantis Online|Quick Start Manual|"
+                                  "Contact Us|Check For Updates|About Quorvantis");
+}
+
+TEST_F(MainScreen, AnEntryIsEnabledWhenItsScreenJoinedAndItsRightIsGranted)
+{
+    int opened = 0;
+    for (const auto &entry : {u"mnuEquipmentList"_s, u"mnuRecordCount"_s, u"mnuViewPart"_s})
+        shell::screenEntries().add(entry, [&opened] { ++opened; });
+    gRights.EqList = false;
+    open();
+    EXPECT_FALSE(enabled(u"mnuEquipmentList"_s));
+    EXPECT_TRUE(enabled(u"mnuRecordCount"_s));
+    EXPECT_TRUE(enabled(u"mnuViewPart"_s));
+    EXPECT_FALSE(enabled(u"mnuViewSupplier"_s)) << "nothing has joined it";
+    trigger(u"mnuRecordCount"_s);
+    EXPECT_EQ(opened, 1);
+
+    prompts.expect(u"You do not have sufficient rights to this action. Please see your system "
+                   u"administrator"_s,
+                   Icon::None);
+    window->openEntry(u"mnuEquipmentList"_s);
+    EXPECT_EQ(opened, 1);
+    EXPECT_THROW(shell::screenEntries().add(u"mnuViewEquipment"_s, [] {}), base::Error);
+}
+
+TEST_F(MainScreen, AnErrorOfAScreenIsReportedUnderTheEntrysName)
+{
+    shell::screenEntries().add(u"mnuViewPart"_s, [] { throw base::Error(5, u"out of order"_s); });
+    open();
+    trigger(u"mnuViewPart"_s);
+    ASSERT_EQ(session.errors.size(), 1u);
+    EXPECT_EQ(session.errors[0].module, u"MainForm"_s);
+    EXPECT_EQ(session.errors[0].procedure, u"mnuViewPart_Click"_s);
+    EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(MainScreen, PasswordsAreForThoseWhoLoggedInAndUsersForTheAdministrator)
+{
+    const struct
+    {
+        QString user;
+        bool passwords, users;
+    } cases[] = {{{}, false, false}, {u"BOB"_s, true, false}, {u"ADMIN"_s, true, true}};
+    for (const auto &each : cases) {
+        gsLoginUser = each.user;
+        open();
+        EXPECT_EQ(visible(u"munPasswords"_s), each.passwords) << qPrintable(each.user);
+        EXPECT_EQ(visible(u"mnuusrmanagement"_s), each.users) << qPrintable(each.user);
+    }
+    EXPECT_EQ(child<QLabel>(*window, u"lblUser"_s).text(), u"User: ADMIN"_s);
+    const test::InModal modal(u"frmUserManageMent"_s, [](QWidget &) {});
+    trigger(u"mnuusrmanagement"_s);
+}
+
+TEST_F(MainScreen, UpdateDatabaseWaitsForADatabaseOutOfDateAndRunsOnce)
+{
+    int updates = 0;
+    shell::screenEntries().add(u"mnuUpdateDatabase"_s, [&updates] { ++updates; });
+    open();
+    EXPECT_FALSE(enabled(u"mnuUpdateDatabase"_s));
+    gbDatabaseOutOfDate = true;
+    open();
+    EXPECT_TRUE(enabled(u"mnuUpdateDatabase"_s));
+    trigger(u"mnuUpdateDatabase"_s);
+    EXPECT_EQ(updates, 1);
+    EXPECT_FALSE(enabled(u"mnuUpdateDatabase"_s));
+}
+
+TEST_F(MainScreen, AQuickLinkFindsAndOpensUntilTheFindIsCancelled)
+{
+    QStringList found{u"S1"_s, u" S2"_s, u"  "_s, u"never"_s};
+    QStringList opened;
+    ScreenCalls::QuickFind asked;
+    screenCalls().ShowQuickFind = [&](const ScreenCalls::QuickFind &find) {
+        asked = find;
+        return found.takeFirst();
+    };
+    shell::screenEntries().addRecordScreen(u"frmSupplier"_s,
+                                           [&](const QString &key) { opened << key; });
+    open();
+    EXPECT_FALSE(link(shell::EquipmentLink).isEnabled());
+    ASSERT_TRUE(link(shell::SuppliersLink).isEnabled());
+    QTest::mouseClick(&link(shell::SuppliersLink), Qt::LeftButton);
+    EXPECT_EQ(opened, (QStringList{u"S1"_s, u" S2"_s}));
+    EXPECT_EQ(found, QStringList{u"never"_s});
+    EXPECT_EQ(asked.field, u"Name"_s);
+    EXPECT_EQ(asked.label, u"Supplier Name"_s);
+    EXPECT_EQ(asked.table, u"tblSupplier"_s);
+    EXPECT_EQ(asked.form, u"frmSupplier"_s);
+
+    // By its key too, and cancelled at once.
+    found = {QString()};
+    opened.clear();
+    QTest::keyClick(window.get(), Qt::Key_F5);
+    EXPECT_TRUE(found.isEmpty());
+    EXPECT_TRUE(opened.isEmpty());
+}
+
+TEST_F(MainScreen, TheReportsLinkTogglesTheBoardsPaneAndActivationReloadsTheBoard)
+{
+    bool shown = true;
+    int loads = 0;
+    auto &board = shell::screenEntries().board;
+    board.make = [](QWidget *parent) { return new QLabel(u"board"_s, parent); };
+    board.LoadData = [&loads] { ++loads; };
+    board.reportsVisible = [&shown] { return shown; };
+    board.LoadUnloadReportsNavigator = [&shown](bool show) { shown = show; };
+    open();
+    EXPECT_EQ(loads, 1);
+    QTest::mouseClick(&link(shell::ReportsLink), Qt::LeftButton);
+    EXPECT_FALSE(shown);
+    QTest::keyClick(window.get(), Qt::Key_F8);
+    EXPECT_TRUE(shown);
+
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    EXPECT_EQ(loads, 2);
+}
+
+TEST_F(MainScreen, AnErrorBoxOfTheBoardDoesNotReloadTheBoard)
+{
+    int loads = 0;
+    auto &board = shell::screenEntries().board;
+    board.make = [](QWidget *parent) { return new QLabel(u"board"_s, parent); };
+    board.LoadData = [&loads] {
+        ++loads;
+        // As the error report does: a window of its own, which gives the main window back.
+        QDialog report;
+        QTimer::singleShot(20, &report, &QDialog::accept);
+        report.exec();
+    };
+    open();
+    QTest::qWait(100);
+    EXPECT_EQ(loads, 1);
+}
+
+TEST_F(MainScreen, TheStartPageNamesTheCompanyTheDayAndWhatCanBeOpened)
+{
+    SetOption(u"GEN_COMPANY_NAME"_s, u"Green & Sons"_s, false);
+    shell::screenEntries().add(u"mnuPrintWO"_s, [] {});
+    open();
+    EXPECT_EQ(child<QLabel>(*window, u"lblCompany"_s).text(), u"Green & Sons"_s);
+    EXPECT_EQ(child<QLabel>(*window, u"lblToday"_s).text(), u"Friday, March 15, 2024"_s);
+    EXPECT_NE(window->findChild<QWidget *>(u"lnkStart0"_s), nullptr);
+    EXPECT_EQ(window->findChild<QWidget *>(u"lnkStart1"_s), nullptr);
+    EXPECT_NE(window->findChild<QWidget *>(u"lnkStart7"_s), nullptr);
+}
+
+TEST_F(MainScreen, ClosingStoresTheSizeClosesTheHelpAndEndsWithoutAQuestion)
+{
+    open();
+    window->resize(900, 600);
+    trigger(u"mnuQuorvantisHelp"_s);
+    const auto helpShown = [] {
+        for (const QWidget *each : QApplication::topLevelWidgets()) {
+            if (each->objectName() == u"frmHelp" && each->isVisible())
+                return true;
+        }
+        return false;
+    };
+    EXPECT_TRUE(helpShown());
+    window->close();
+    EXPECT_FALSE(helpShown());
+    EXPECT_EQ(ended, 1);
+    EXPECT_EQ(GetOption(u"WIDTHfrmMainScreen"_s, true), u"13500"_s);
+    EXPECT_EQ(GetOption(u"HEIGHTfrmMainScreen"_s, true), u"9000"_s);
+    EXPECT_EQ(GetOption(u"LEFTfrmMainScreen"_s, true), QString());
+}
+
+TEST_F(MainScreen, ExitEndsAtOnceAndStoresNoSize)
+{
+    open();
+    trigger(u"mnuExit"_s);
+    EXPECT_EQ(ended, 1);
+    EXPECT_EQ(GetOption(u"WIDTHfrmMainScreen"_s, true), QString());
+}

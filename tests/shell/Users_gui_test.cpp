@@ -1,0 +1,207 @@
+#include "platform/grid/GridView.h"
+#include "platform/input/IdCombo.h"
+#include "shell/Modal.h"
+#include "shell/Passwords.h"
+#include "shell/RightsTable.h"
+#include "shell/ShellSession.h"
+#include "shell/ui/ScreenEntries.h"
+#include "shell/ui/frmUserManageMent.h"
+#include "shell/ui/frmUserRoles.h"
+#include "support/ScriptedPrompts.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTest>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+using test::child;
+using test::ScriptedPrompts;
+using test::ShellSession;
+using Icon = base::Prompts::Icon;
+using Buttons = base::Prompts::Buttons;
+using Answer = base::Prompts::Answer;
+
+namespace {
+
+struct Users : testing::Test
+{
+    Users()
+    {
+        gcnData->Execute(u"insert into tblEmployee(EmployeeID,FirstName,Lastname) "
+                         u"values('17','Ann','Miller')"_s);
+        ShellSession::addUser(u"Ann"_s, u"Secret"_s, u"17"_s);
+        ShellSession::addUser(u"Bob"_s, u"Other"_s);
+        screen = std::make_unique<frmUserManageMent>();
+        screen->show();
+    }
+    ~Users() override { shell::screenEntries() = {}; }
+
+    QLineEdit &line(const char *name)
+    {
+        return child<QLineEdit>(*screen, QString::fromLatin1(name));
+    }
+    QPushButton &button(const char *name)
+    {
+        return child<QPushButton>(*screen, QString::fromLatin1(name));
+    }
+    void press(const char *name) { QTest::mouseClick(&button(name), Qt::LeftButton); }
+    void select(const QString &user)
+    {
+        auto &grid = child<grid::GridView>(*screen, u"grdUser"_s);
+        grid.selectRow(grid.rows().findRow(u"UserName", user));
+    }
+    void type(const char *name, const QString &text)
+    {
+        line(name).selectAll();
+        QTest::keyClick(&line(name), Qt::Key_Delete);
+        QTest::keyClicks(&line(name), text);
+    }
+
+    ShellSession session;
+    ScriptedPrompts prompts;
+    std::unique_ptr<frmUserManageMent> screen;
+};
+
+} // namespace
+
+TEST_F(Users, ShowsAllButTheBuiltInUserAndNeverAPassword)
+{
+    auto &grid = child<grid::GridView>(*screen, u"grdUser"_s);
+    EXPECT_EQ(grid.rows().rowCount(), 2);
+    EXPECT_EQ(grid.rows().findRow(u"UserName", u"Admin"_s), -1);
+    EXPECT_FALSE(grid.rows().column(u"Password").visible);
+    select(u"Ann"_s);
+    EXPECT_EQ(line("txtUserName").text(), u"Ann"_s);
+    EXPECT_TRUE(line("txtPassword").text().isEmpty());
+    EXPECT_EQ(child<input::IdCombo>(*screen, u"cboEmployee"_s).currentText(),
+              u"17   Miller, Ann"_s);
+    EXPECT_FALSE(button("cmdSave").isEnabled());
+}
+
+TEST_F(Users, ANewUserNeedsANameOfItsOwn)
+{
+    press("cmdAdd");
+    EXPECT_TRUE(screen->mode() == Mode::Add);
+    EXPECT_TRUE(line("txtUserName").text().isEmpty());
+    EXPECT_FALSE(button("cmdExit").isEnabled());
+    prompts.expect(u"User Name should not be blank."_s, Icon::None);
+    press("cmdSave");
+    type("txtUserName", u"aDMIN"_s);
+    prompts.expect(u"User Name should be unique."_s, Icon::None);
+    press("cmdSave");
+    EXPECT_EQ(screen->focusWidget(), &line("txtUserName"));
+    prompts.expect(u"Please save this record first then goto next screen"_s, Icon::None);
+    press("cmdRole");
+
+    type("txtUserName", u"Carl"_s);
+    type("txtPassword", u"Pass"_s);
+    press("cmdSave");
+    EXPECT_TRUE(screen->mode() == Mode::Browse);
+    EXPECT_EQ(line("txtUserName").text(), u"Carl"_s);
+    EXPECT_TRUE(shell::passwordMatches(ShellSession::storedPassword(u"Carl"_s), u"pass"_s));
+}
+
+TEST_F(Users, TypingTurnsTheScreenToModifyAndAnUntouchedPasswordStays)
+{
+    select(u"Ann"_s);
+    type("txtUserName", u"Anna"_s);
+    EXPECT_TRUE(screen->mode() == Mode::Modify);
+    press("cmdSave");
+    EXPECT_TRUE(screen->mode() == Mode::Browse);
+    EXPECT_TRUE(shell::passwordMatches(ShellSession::storedPassword(u"Anna"_s), u"secret"_s));
+    EXPECT_EQ(ShellSession::count(u"tblUser"_s, u"UserName = 'Ann'"_s), 0);
+
+    type("txtPassword", u"Fresh"_s);
+    press("cmdSave");
+    EXPECT_TRUE(shell::passwordMatches(ShellSession::storedPassword(u"Anna"_s), u"fresh"_s));
+    EXPECT_EQ(ShellSession::count(u"tblUser"_s, u"UserName = 'Anna' and EmployeeID = '17'"_s), 1);
+
+    type("txtUserName", u"Nobody"_s);
+    press("cmdCancel");
+    EXPECT_EQ(line("txtUserName").text(), u"Anna"_s);
+    EXPECT_TRUE(session.errors.empty());
+}
+
+TEST_F(Users, DeletesAfterAYes)
+{
+    select(u"Bob"_s);
+    prompts.expect(u"Are you sure you want to Delete this record?"_s, Icon::Question,
+                   Buttons::YesNo, Answer::No);
+    press("cmdDelete");
+    EXPECT_EQ(ShellSession::count(u"tblUser"_s, u"UserName = 'Bob'"_s), 1);
+    prompts.expect(u"Are you sure you want to Delete this record?"_s, Icon::Question,
+                   Buttons::YesNo, Answer::Yes);
+    press("cmdDelete");
+    EXPECT_EQ(ShellSession::count(u"tblUser"_s, u"UserName = 'Bob'"_s), 0);
+    EXPECT_EQ(line("txtUserName").text(), u"Ann"_s);
+
+    gcnLookup.reset();
+    gcnData->Execute(u"drop table tblUser"_s);
+    prompts.expect(u"Are you sure you want to Delete this record?"_s, Icon::Question,
+                   Buttons::YesNo, Answer::Yes);
+    prompts.expect(u"Deletion not allowed."_s, Icon::None);
+    press("cmdDelete");
+}
+
+TEST_F(Users, TheEmployeeButtonWaitsForTheEmployeeScreen)
+{
+    EXPECT_FALSE(child<QToolButton>(*screen, u"cmdEmployee"_s).isEnabled());
+    shell::screenEntries().add(u"mnuViewEmployee"_s, [] {
+        gcnData->Execute(u"insert into tblEmployee(EmployeeID) values('18')"_s);
+    });
+    frmUserManageMent again;
+    again.show();
+    QTest::mouseClick(&child<QToolButton>(again, u"cmdEmployee"_s), Qt::LeftButton);
+    EXPECT_GE(child<input::IdCombo>(again, u"cboEmployee"_s).findText(u"18"_s), 0);
+    EXPECT_TRUE(again.mode() == Mode::Browse);
+}
+
+TEST_F(Users, RolesOpenOnTheUserShown)
+{
+    select(u"Bob"_s);
+    QString title;
+    const test::InModal modal(u"frmUserRoles"_s,
+                              [&](QWidget &form) { title = form.windowTitle(); });
+    press("cmdRole");
+    EXPECT_TRUE(title.contains(u"Bob"_s));
+}
+
+TEST(frmUserRoles, SavesAllBoxesAndReloads)
+{
+    const ShellSession session;
+    ShellSession::addUser(u"Bob"_s, u"Secret"_s);
+    gcnData->Execute(BuildQueryString(u"Bob"_s, {u"SerAdd"_s}));
+    frmUserRoles roles(u"Bob"_s);
+    roles.show();
+    EXPECT_EQ(child<QTabWidget>(roles, u"SSTab1"_s).count(), 3);
+    for (const shell::RightEntry &right : shell::rightsTable()) {
+        const QString name = QString::fromLatin1(right.column);
+        auto &box = child<QCheckBox>(roles, u"chk"_s + name);
+        EXPECT_EQ(box.text(), QString::fromLatin1(right.caption));
+        EXPECT_EQ(box.isChecked(), name == u"SerAdd") << right.column;
+    }
+    auto &save = child<QPushButton>(roles, u"cmdUpdate"_s);
+    auto &cancel = child<QPushButton>(roles, u"cmdCancel"_s);
+    EXPECT_FALSE(save.isEnabled());
+
+    child<QTabWidget>(roles, u"SSTab1"_s).setCurrentIndex(0);
+    auto &list = child<QCheckBox>(roles, u"chkEqList"_s);
+    QTest::keyClick(&list, Qt::Key_Space);
+    EXPECT_TRUE(save.isEnabled());
+    QTest::mouseClick(&cancel, Qt::LeftButton);
+    EXPECT_FALSE(list.isChecked());
+    EXPECT_FALSE(save.isEnabled());
+
+    QTest::keyClick(&list, Qt::Key_Space);
+    QTest::mouseClick(&save, Qt::LeftButton);
+    EXPECT_FALSE(save.isEnabled());
+    EXPECT_TRUE(list.isChecked());
+    EXPECT_EQ(ShellSession::count(u"tblUser"_s, u"UserName = 'Bob' and EqList = '1' and "
+                                                u"SerAdd = '1' and EqAdd = '0' and "
+                                                u"InvPartHistory = '0'"_s),
+              1);
+    EXPECT_TRUE(session.errors.empty());
+}
