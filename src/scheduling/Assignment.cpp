@@ -1,6 +1,5 @@
 #include "scheduling/Assignment.h"
 
-#include "core/General.h"
 #include "core/Session.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Format.h"
@@ -81,7 +80,7 @@ void startCounting(qint64 equipment, qint64 serviceUsedID, const QString &name,
         gcnData->Execute(
             u"Update tblServiceUsed set NextScheduledDate = NULL, NextScheduledCount = "
             "? Where ServiceUsedId = ?"_s,
-            {GetEquipmentCount(equipment, countType) + interval, serviceUsedID});
+            {readings::newest(equipment, countType).value + interval, serviceUsedID});
 }
 
 } // namespace

@@ -85,6 +85,18 @@ QString missingPattern(const scheduling::Pattern &pattern)
     return {};
 }
 
+/// The date of the newest reading when it has reached the target, else the zero date.
+QDateTime reached(qint64 equipment, const QString &countType, qint64 target)
+{
+    const db::Recordset rows = gcnData->Open(
+        u"Select top 1 countvalue,ChangeDate from tblequipmentcount where equipmentid = ? and "
+        "counttype = ? order by changedate desc,countvalue desc"_s,
+        {equipment, countType});
+    if (rows.isEmpty() || target > rows.current().integer(u"countvalue"))
+        return {};
+    return rows.current().date(u"ChangeDate");
+}
+
 void tellMissingPattern(const QString &missing, qint64 serviceUsedID)
 {
     const db::Recordset rows = gcnData->Open(
@@ -105,51 +117,43 @@ void tellMissingPattern(const QString &missing, qint64 serviceUsedID)
 
 } // namespace
 
+QDateTime scheduling::nextScheduledDate(qint64 ServiceUsedID,
+                                        const std::optional<QDateTime> &givenDate)
+{
+    const QDateTime today = base::wallClock(base::today());
+    const db::Recordset rows =
+        gcnData->Open(u"Select * from tblServiceUsed where ServiceUsedID = ?"_s, {ServiceUsedID});
+    if (rows.isEmpty())
+        return today;
+    const Schedule schedule = readSchedule(rows.current());
+    if (!isCalendar(schedule.period))
+        return reached(schedule.equipment, PeriodWord(schedule.period), schedule.target);
+
+    const QDateTime last =
+        schedule.fromLastScheduled ? schedule.lastScheduled : schedule.lastPerformed;
+    const QDate from = givenDate.value_or(last.isValid() ? last : today).date();
+    const QString missing =
+        schedule.pattern.dom == 0 ? missingPattern(schedule.pattern) : QString();
+    if (!missing.isEmpty()) {
+        // An interval that runs over is an error before anything is said.
+        (void)Addday(schedule.period, schedule.interval, from);
+        tellMissingPattern(missing, ServiceUsedID);
+        return base::now().addDays(1);
+    }
+    return base::wallClock(nextDate(schedule.pattern, schedule.period, schedule.interval, from));
+}
+
 QDateTime GetNextScheduledDate(qint64 ServiceUsedID, bool UseGivenDate, const QDateTime &GivenDate)
 {
-    return base::trapped(
-        "General Function", "GetNextScheduledDate", QDateTime(), [&]() -> QDateTime {
-            const QDateTime today = base::wallClock(base::today());
-            const db::Recordset rows = gcnData->Open(
-                u"Select * from tblServiceUsed where ServiceUsedID = ?"_s, {ServiceUsedID});
-            if (rows.isEmpty())
-                return today;
-            const Schedule schedule = readSchedule(rows.current());
-
-            if (!isCalendar(schedule.period)) {
-                QDateTime result;
-                CheckMeterLogic(schedule.equipment, PeriodWord(schedule.period), schedule.target,
-                                result);
-                return result;
-            }
-
-            const QDateTime last =
-                schedule.fromLastScheduled ? schedule.lastScheduled : schedule.lastPerformed;
-            const QDateTime base = UseGivenDate ? GivenDate : (last.isValid() ? last : today);
-            if (schedule.pattern.dom == 0) {
-                const QString missing = missingPattern(schedule.pattern);
-                if (!missing.isEmpty()) {
-                    // An interval that runs over must be an error before anything is said.
-                    (void)scheduling::Addday(schedule.period, schedule.interval, base.date());
-                    tellMissingPattern(missing, ServiceUsedID);
-                    return base::now().addDays(1);
-                }
-            }
-            return base::wallClock(scheduling::nextDate(schedule.pattern, schedule.period,
-                                                        schedule.interval, base.date()));
-        });
+    return base::trapped("General Function", "GetNextScheduledDate", QDateTime(), [&] {
+        return scheduling::nextScheduledDate(ServiceUsedID, UseGivenDate ? std::optional(GivenDate)
+                                                                         : std::nullopt);
+    });
 }
 
 void CheckMeterLogic(qint64 EquipmentID, const QString &CountType, qint64 NextScheduledCount,
                      QDateTime &Result)
 {
-    base::trapped("General Module", "CheckMeterLogic", [&] {
-        Result = {};
-        const db::Recordset rows = gcnData->Open(
-            u"Select top 1 countvalue,ChangeDate from tblequipmentcount where equipmentid = ? and "
-            "counttype = ? order by changedate desc,countvalue desc"_s,
-            {EquipmentID, CountType});
-        if (!rows.isEmpty() && NextScheduledCount <= rows.current().integer(u"countvalue"))
-            Result = rows.current().date(u"ChangeDate");
-    });
+    base::trapped("General Module", "CheckMeterLogic",
+                  [&] { Result = reached(EquipmentID, CountType, NextScheduledCount); });
 }

@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 #include <QString>
+#include <optional>
 
 /// When an assigned service falls due next, by its row of tblServiceUsed and, for a meter service,
 /// the machine's newest reading. Writes nothing: storing the date is the caller's job. Data, so
@@ -13,6 +14,13 @@
 /// weeks or days are missing; today when there is no such row.
 [[nodiscard]] QDateTime GetNextScheduledDate(qint64 ServiceUsedID, bool UseGivenDate = false,
                                              const QDateTime &GivenDate = {});
+
+namespace scheduling {
+/// The same for a step of something larger: an error goes on to the caller, who undoes the whole.
+/// With a given date, it stands for both last dates.
+[[nodiscard]] QDateTime nextScheduledDate(qint64 ServiceUsedID,
+                                          const std::optional<QDateTime> &givenDate = {});
+} // namespace scheduling
 
 /// The date of the machine's newest reading of a kind when it has reached the target, otherwise
 /// (also without any reading) the zero date. Data.

@@ -73,9 +73,11 @@ bool hasAny(qint64 EquipmentID, const QString &countType)
 
 bool isInProcess(qint64 EquipmentID, const QString &countType)
 {
-    return GetRecordCount(u"tblWoServiceUsed"_s,
-                          u"Period = '%1' and EquipmentId = %2"_s.arg(
-                              periodCode(countType), QString::number(EquipmentID))) > 0;
+    return !gcnData
+                ->Open(
+                    u"Select EquipmentId from tblWoServiceUsed where Period = ? and EquipmentId = ?"_s,
+                    {periodCode(countType), EquipmentID})
+                .isEmpty();
 }
 
 void add(qint64 EquipmentID, const QDateTime &date, const QString &countType, qint64 value)
@@ -94,7 +96,7 @@ void applyToServices(qint64 EquipmentID)
         if (!service.isNull(u"NextScheduledDate"))
             continue;
         const qint64 id = service.integer(u"serviceusedid");
-        const QDateTime reached = GetNextScheduledDate(id);
+        const QDateTime reached = scheduling::nextScheduledDate(id);
         if (reached.isValid())
             gcnData->Execute(
                 u"Update tblServiceUsed Set NextScheduledDate = ? Where ServiceUsedID = ?"_s,

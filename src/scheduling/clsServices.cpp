@@ -103,12 +103,12 @@ void followTheMeter(const clsServices &service, const AssignedSchedule &schedule
         readings::addFirst(schedule.EquipmentID, service.ServiceID, service.Name, countType);
         gcnData->Execute(
             u"Update tblServiceUsed set NextScheduledCount = ? where ServiceUsedID = ?"_s,
-            {GetEquipmentCount(schedule.EquipmentID, countType) + service.EInterval,
+            {readings::newest(schedule.EquipmentID, countType).value + service.EInterval,
              service.ServiceID});
     }
     if (schedule.NextScheduledDate.isValid())
         return;
-    const QDateTime due = GetNextScheduledDate(service.ServiceID);
+    const QDateTime due = scheduling::nextScheduledDate(service.ServiceID);
     if (due.isValid())
         gcnData->Execute(
             u"Update tblServiceUsed Set NextScheduledDate = ? Where ServiceUsedID = ?"_s,

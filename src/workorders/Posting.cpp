@@ -1,0 +1,323 @@
+#include "workorders/Posting.h"
+
+#include "core/Session.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "scheduling/GetNextScheduledDate.h"
+#include "scheduling/Readings.h"
+
+#include <QStringList>
+
+namespace posting {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr const char *Module = "Workorder";
+
+DateConfirmation &currentConfirmation()
+{
+    static DateConfirmation confirmation;
+    return confirmation;
+}
+
+QString joined(const QList<qint64> &numbers, const QString &separator = u","_s)
+{
+    QStringList texts;
+    for (const qint64 number : numbers)
+        texts.append(QString::number(number));
+    return texts.join(separator);
+}
+
+/// The columns of service history, and for each the column of the open service that it takes.
+const QStringList HistoryColumns{u"WorkorderNo"_s,
+                                 u"ServiceUsedID"_s,
+                                 u"EquipmentID"_s,
+                                 u"ServiceID"_s,
+                                 u"ServiceName"_s,
+                                 u"CrewID"_s,
+                                 u"CrewNumber"_s,
+                                 u"LastDateScheduled"_s,
+                                 u"LastDatePerformed"_s,
+                                 u"NextScheduleddate"_s,
+                                 u"CostCenterID"_s,
+                                 u"SeparateWo"_s,
+                                 u"LaborEstimate"_s,
+                                 u"CostEstimate"_s,
+                                 u"Note"_s,
+                                 u"Period"_s,
+                                 u"jobNo"_s,
+                                 u"CountValue"_s,
+                                 u"Skip"_s,
+                                 u"StartTime"_s,
+                                 u"EndTime"_s,
+                                 u"Workhrs"_s,
+                                 u"SupplierID"_s,
+                                 u"SupplierName"_s,
+                                 u"StartDate"_s,
+                                 u"CompleteDate"_s};
+
+/// The services of these orders that are completed or skipped, their columns in the order of the
+/// history's, and last the assignment behind each.
+db::Recordset postedServices(const QList<qint64> &orders)
+{
+    return gcnData->Open(
+        u"Select tblWoserviceUsed.WorkorderNo, NserviceUsedID, tblWoserviceUsed.EquipmentID, "
+        "ServiceID, tblWoServiceUsed.Name, tblCrew.CrewID, CrewNumber, LastDateScheduled, "
+        "LastDatePerformed, NextScheduleddate, tblCostCenter.Description as CostCenterID, "
+        "SeparateWo, LaborEstimate, CostEstimate, [Note], Period,JobNo,Countvalue, "
+        "(IIf(Skip=True,-1,0)) AS Skip1,StartTime , EndTime ,Workhrs ,tblSupplier.SupplierID "
+        ",tblSupplier.Name ,WoDate ,CompletedDate ,ServiceUSedID From (((tblWoServiceUsed left "
+        "join tblWorkorder on tblWoserviceUsed.Workorderno = tblWorkorder.Workorderno) left join "
+        "tblCrew on tblWoserviceUsed.CrewID = tblcrew.CrewID) left join tblSupplier on "
+        "tblWoserviceUsed.SupplierID = tblSupplier.SupplierID) left join tblCostCenter on "
+        "tblWoServiceUsed.CostcenterID = tblCostCenter.CostCenterID where "
+        "tblWoServiceUsed.WorkorderNo in(%1) and (not ((Skip is Null or Skip <> -1) and (Completed "
+        "is Null or Completed <> -1)))"_s.arg(joined(orders)));
+}
+
+void insertServiceHistory(const db::Row &service)
+{
+    QVariantList values;
+    QStringList columns;
+    for (int column = 0; column < HistoryColumns.size(); ++column) {
+        columns.append(u'[' + HistoryColumns[column] + u']');
+        values.append(service[column]);
+    }
+    const QStringList places(values.size(), u"?"_s);
+    gcnData->Execute(u"Insert into tblWOServiceUsedHistory(%1) Values(%2)"_s.arg(columns.join(u','),
+                                                                                 places.join(u',')),
+                     values);
+}
+
+void addReading(const db::Row &service, const QString &countType)
+{
+    gcnData->Execute(
+        u"insert into tblEquipmentCount(EquipmentID,ChangeDate,CountType,CountValue) "
+        "values(?,?,?,?)"_s,
+        {service[u"EquipmentID"], service[u"CompletedDate"], countType, service[u"Countvalue"]});
+}
+
+QDateTime confirmed(QDateTime next, const db::Row &service, qint64 serviceUsedID)
+{
+    const QDateTime completed = service.date(u"CompletedDate");
+    if (!next.isValid() || !completed.isValid() || next >= completed)
+        return next;
+    base::showMessage(u"You have chosen to reschedule this services based on the scheduled date \n"
+                      "rather then on the completed date and the new date is already older then\n"
+                      "the completed date."_s);
+    const DateConfirmation ask = currentConfirmation();
+    return ask ? ask(completed, serviceUsedID)
+               : scheduling::nextScheduledDate(serviceUsedID, completed);
+}
+
+/// Moves the schedule behind a posted service. The dates are written first, since the next date is
+/// reckoned from the row as it then stands.
+void reschedule(const db::Row &service, qint64 serviceUsedID)
+{
+    const bool again = IsServiceScheduleAgain(serviceUsedID);
+    gcnData->Execute(again
+                         ? u"Update tblServiceUsed Set LastDateScheduled = ?, LastDatePerformed = "
+                           "? Where ServiceUsedID = ?"_s
+                         : u"Update tblServiceUsed Set LastDateScheduled = ?, LastDatePerformed = "
+                           "?, Inactive = 1 Where ServiceUsedID = ?"_s,
+                     {service[u"NextScheduleddate"], service[u"CompletedDate"], serviceUsedID});
+
+    QDateTime next;
+    QString countType;
+    if (ChkServiceIsCountType(service.integer(u"NserviceUsedID"), countType)) {
+        addReading(service, countType);
+        ServiceCountUpdate(serviceUsedID, service.integer(u"Countvalue"));
+    } else if (again) {
+        next = confirmed(scheduling::nextScheduledDate(serviceUsedID), service, serviceUsedID);
+    }
+    if (again)
+        gcnData->Execute(
+            u"Update tblServiceUsed Set NextScheduledDate = ? Where ServiceUsedID = ?"_s,
+            {next.isValid() ? QVariant(next) : QVariant(), serviceUsedID});
+}
+
+/// A service that stood on the order without a schedule leaves a reading, unless it is there
+/// already; only this kind is tested for a doubled one.
+void keepReading(const db::Row &service)
+{
+    QString countType;
+    if (ChkServiceIsCountType(service.integer(u"NserviceUsedID"), countType) &&
+        !IsCountAvailable(service.integer(u"EquipmentID"), service.date(u"CompletedDate"),
+                          countType, service.integer(u"Countvalue")))
+        addReading(service, countType);
+}
+
+void insertPartHistory(const db::Row &part)
+{
+    gcnData->Execute(
+        u"Insert into tblWoPartHistory(ServiceusedID,partID, Description,PartCategoryID,Price,"
+        "SupplierID,QuantityRequired,QuantityUsed) Values(?,?,?,?,?,?,?,?)"_s,
+        {part[u"ServiceUsedID"], part[u"PartID"], part[u"Description"], part[u"ItemName"],
+         part[u"Price"], part[u"Name"], part[u"QuantityRequired"],
+         part.flag(u"Used") ? part[u"QuantityUsed"] : QVariant(0)});
+}
+
+/// Takes a used part from the stock that it had when the posting began: of two rows of one part the
+/// last decides. Stock may go below zero.
+void takeFromStock(const db::Row &part)
+{
+    const double used = part.real(u"QuantityUsed");
+    if (used <= 0 || !part.flag(u"Used") || IsPartInInventory(part.text(u"PartID")))
+        return;
+    gcnData->Execute(u"Update tblpart set Quantity = ? where partid = ?"_s,
+                     {part.real(u"Quantity") - used, part[u"PartID"]});
+}
+
+/// Passes the services and parts of these orders into history; the keys of the open services.
+QList<qint64> AddServiceHistoryRecord(const QList<qint64> &orders, const Progress &progress)
+{
+    QList<qint64> ids;
+    const db::Recordset services = postedServices(orders);
+    for (const db::Row service : services) {
+        insertServiceHistory(service);
+        const qint64 serviceUsedID = service.integer(u"ServiceUSedID");
+        if (serviceUsedID != 0)
+            reschedule(service, serviceUsedID);
+        else
+            keepReading(service);
+        ids.append(service.integer(u"NserviceUsedID"));
+        if (progress)
+            progress(static_cast<int>(ids.size()), services.RecordCount());
+    }
+    // A 0 keeps the list valid when it is empty.
+    ids.append(0);
+    const db::Recordset parts = gcnData->Open(
+        u"Select ServiceUsedID, tblWoPartUsed.PartID, Description, ItemName, tblWoPartUsed.Price, "
+        "Name, QuantityRequired, QuantityUsed, Quantity, Used From ((tblWoPartUsed Left join "
+        "tblPart on tblWoPartUsed.partID = tblPart.PartID) Left join tblSupplier on "
+        "tblWoPartUsed.SupplierId = tblSupplier.SupplierID) Left join tblIndicator on "
+        "tblPart.PartCategoryID = tblIndicator.ItemID where ServiceUsedId in (%1)"_s.arg(
+            joined(ids)));
+    for (const db::Row part : parts) {
+        insertPartHistory(part);
+        takeFromStock(part);
+    }
+    return ids;
+}
+
+/// Splits the orders that are there into those to post and those that wait for a count.
+void holdBack(const QList<qint64> &wanted, QList<qint64> &posted, QList<qint64> &held)
+{
+    const db::Recordset orders = gcnData->Open(
+        u"Select Workorderno From tblWorkorder Where WorkorderNo in (%1)"_s.arg(joined(wanted)));
+    for (const db::Row order : orders) {
+        const qint64 number = order.integer(u"Workorderno");
+        const bool waits =
+            !gcnData
+                 ->Open(u"Select Workorderno from tblwoServiceUsed where Workorderno "
+                        "= ? and Period in ('C','H','K','I') and countvalue is NULL "
+                        "and (Completed = -1 Or Skip = -1)"_s,
+                        {number})
+                 .isEmpty();
+        (waits ? held : posted).append(number);
+    }
+}
+
+void deleteOpenRows(const QList<qint64> &orders, const QList<qint64> &ids)
+{
+    const QString list = joined(orders);
+    const QString services = joined(ids);
+    gcnData->Execute(u"Delete from tblWoPartUsed where ServiceUSedID in (%1)"_s.arg(services));
+    gcnData->Execute(u"Delete from tblWoServiceUsed where NServiceUSedID in (%1)"_s.arg(services));
+    gcnData->Execute(
+        u"Delete from tblWorkorder where WorkOrderno in (%1) and (not workorderno in (SELECT "
+        "tblWorkorder.workorderno FROM tblWOServiceUSed LEFT JOIN tblWorkorder ON "
+        "tblworkorder.workorderno = tblWoServiceUsed.workorderno WHERE tblWorkorder.workorderno in "
+        "(%1)))"_s.arg(list));
+}
+
+/// All open orders lose their mark but those held back, also such as another workstation has
+/// marked: the mark is a selection for this posting.
+void clearMarks(const QList<qint64> &held)
+{
+    QString statement = u"Update tblWorkorder set Complete = 0 ,CompletedDate = NULL"_s;
+    if (!held.isEmpty())
+        statement += u" where not WorkorderNo in (%1)"_s.arg(joined(held));
+    gcnData->Execute(statement);
+}
+
+} // namespace
+
+void setDateConfirmation(DateConfirmation confirmation)
+{
+    currentConfirmation() = std::move(confirmation);
+}
+
+bool PostWorkOrder(QList<qint64> &orders, const Progress &progress)
+{
+    return base::trapped(Module, "PostWorkOrder", false, [&] {
+        TransactionScope transaction;
+        QList<qint64> posted;
+        QList<qint64> held;
+        holdBack(orders, posted, held);
+        if (!posted.isEmpty()) {
+            const QList<qint64> ids = AddServiceHistoryRecord(posted, progress);
+            deleteOpenRows(posted, ids);
+            clearMarks(held);
+        }
+        if (!held.isEmpty())
+            base::showMessage(u"Following Work Orders (%1) aren't posted. Enter counts for these "
+                              "Work Orders."_s.arg(joined(held, u", "_s)));
+        transaction.commit();
+        orders = posted;
+        return true;
+    });
+}
+
+bool IsServiceScheduleAgain(qint64 ServiceUsedID)
+{
+    const db::Recordset rows = gcnData->Open(
+        u"select RenewalOn from tblServiceUsed where ServiceUsedId = ?"_s, {ServiceUsedID});
+    return rows.isEmpty() || rows.current().text(u"RenewalOn") != u"D";
+}
+
+bool ChkServiceIsCountType(qint64 NServiceUsedID, QString &CountType)
+{
+    const db::Recordset rows = gcnData->Open(
+        u"Select Period from tblWOServiceUsed where NserviceUsedID = ?"_s, {NServiceUsedID});
+    if (rows.isEmpty())
+        return false;
+    const QString type = readings::countType(rows.current().text(u"Period"));
+    if (type.isEmpty())
+        return false;
+    CountType = type;
+    return true;
+}
+
+void ServiceCountUpdate(qint64 ServiceUsedID, qint64 Count)
+{
+    const db::Recordset rows = gcnData->Open(
+        u"Select RenewalOn,NextScheduledCount,Einterval From tblServiceUsed where ServiceUsedID = ?"_s,
+        {ServiceUsedID});
+    if (rows.isEmpty())
+        return;
+    const db::Row row = rows.current();
+    const qint64 from = row.text(u"RenewalOn") == u"W" ? Count : row.integer(u"NextScheduledCount");
+    gcnData->Execute(u"Update tblServiceUsed set nextScheduledCount = ? where ServiceUsedID = ?"_s,
+                     {from + row.integer(u"Einterval"), ServiceUsedID});
+}
+
+bool IsCountAvailable(qint64 EquipmentID, const QDateTime &Date, const QString &CountType,
+                      qint64 CountValue)
+{
+    return !gcnData
+                ->Open(u"SELECT * FROM tblEquipmentCount Where EquipmentID = ? and ChangeDate = "
+                       "? and CountType = ? and CountValue = ?"_s,
+                       {EquipmentID, Date, CountType, CountValue})
+                .isEmpty();
+}
+
+bool IsPartInInventory(const QString &PartID)
+{
+    const db::Recordset rows =
+        gcnData->Open(u"select TrackInventory from tblPart where PartID = ?"_s, {PartID});
+    return !rows.isEmpty() && rows.current().flag(u"TrackInventory");
+}
+
+} // namespace posting

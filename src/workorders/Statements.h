@@ -1,0 +1,39 @@
+#pragma once
+
+#include "workorders/WorkorderFilter.h"
+
+#include <QString>
+
+/// The queries behind the grids of the work-order screen and of the overdue board, with "?" for
+/// keys.
+namespace workorders::statements {
+
+/// Machines with due services and no order (WorkOrderNo Null), and open orders within the filter.
+[[nodiscard]] QString printWo(const WorkorderFilter &filter);
+/// Due services of a machine. Parameter: EquipmentID.
+[[nodiscard]] QString genServices(const WorkorderFilter &filter);
+/// Parts of a due service. Parameter: ServiceUsedID.
+[[nodiscard]] QString genParts();
+/// Services of an open order within the filter. Parameter: WorkorderNo.
+[[nodiscard]] QString printServices(const WorkorderFilter &filter);
+/// Parts of an order's service. Parameter: NServiceUsedID.
+[[nodiscard]] QString printParts();
+/// All open orders for recording.
+[[nodiscard]] QString recordWo();
+/// Services of an order for recording. Parameter: WorkorderNo.
+[[nodiscard]] QString recordServices();
+/// Parts of an order's service for recording. Parameter: NServiceUsedID.
+[[nodiscard]] QString recordParts();
+
+/// What is printed of orders: one row for each part of each service that is neither completed nor
+/// skipped.
+[[nodiscard]] QString printedOrders(const QString &orderList);
+/// One row for each part of each posted service of these orders.
+[[nodiscard]] QString historyDetail(const QString &where);
+/// Costs of posted orders.
+[[nodiscard]] QString historySummary(const QString &where);
+
+/// Overdue services of the last 30 days and open orders, for the board.
+[[nodiscard]] QString board();
+
+} // namespace workorders::statements
