@@ -125,7 +125,7 @@ QWidget *HelpWindow::makePagePane()
     QAction *back = add(QStyle::SP_ArrowBack, tr("Back"), QKeySequence(Qt::ALT | Qt::Key_Left));
     QAction *forward =
         add(QStyle::SP_ArrowForward, tr("Forward"), QKeySequence(Qt::ALT | Qt::Key_Right));
-    QAction *home = add(QStyle::SP_DirHomeIcon, tr("Start"), QKeySequence(Qt::ALT | Qt::Key_Home));
+    QAction *home = add(QStyle::SP_ArrowUp, tr("Start"), QKeySequence(Qt::ALT | Qt::Key_Home));
     back->setEnabled(false);
     forward->setEnabled(false);
     connect(back, &QAction::triggered, m_page, &QTextBrowser::backward);
