@@ -29,9 +29,6 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
 
 private:
-    void cleanInsertion(const QString &newText);
-
-    QString m_former;
     bool m_negativeAllowed = false;
     bool m_blankAllowed = true;
 };

@@ -46,6 +46,8 @@ protected:
     [[nodiscard]] std::optional<Mask::Edit> typedInto(const QString &current, int caret,
                                                       QChar character) const override;
 
+    [[nodiscard]] std::optional<QString> broughtIn(const QString &text) const override;
+
 private:
     void chooseDate(QDate date);
     void announceDate();

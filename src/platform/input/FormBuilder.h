@@ -50,7 +50,6 @@ class FormBuilder
 public:
     /// Lays out a widget that has no layout yet.
     explicit FormBuilder(QWidget *form);
-    ~FormBuilder();
     FormBuilder(const FormBuilder &) = delete;
     FormBuilder &operator=(const FormBuilder &) = delete;
 
@@ -77,8 +76,7 @@ public:
     /// A box to tick, in the column of the fields, with its caption beside it.
     QCheckBox *checkBox(const QString &name, const QString &caption);
     QRadioButton *optionButton(const QString &name, const QString &caption);
-    /// A control of the caller's in a row of its own; it takes its objectName from name when it has
-    /// none.
+    /// A control of the caller's, named by him, in a row of its own.
     void field(const QString &label, QWidget *control);
     /// A small button at the end of the last field; the tip is its accessible name too.
     QToolButton *sideButton(const QString &name, const QString &tip,
@@ -131,35 +129,46 @@ public:
     void finish();
 
 private:
+    /// What is being filled: the form, a group or a column.
     struct Block
     {
-        QVBoxLayout *stack = nullptr;
-        QGridLayout *rows = nullptr;
-        QHBoxLayout *columns = nullptr;
         QWidget *owner = nullptr;
+        QVBoxLayout *stack = nullptr;
+        /// The rows begun last, as long as nothing stood across them.
+        QGridLayout *rows = nullptr;
+        /// Set in a column: the line of columns it belongs to.
+        QHBoxLayout *columns = nullptr;
+        /// Something in it takes the height that is left.
+        bool stretches = false;
+        bool earlierColumnStretches = false;
     };
 
     Block &block() { return m_blocks.last(); }
     QGridLayout *rows();
-    void endRows() { block().rows = nullptr; }
-    QLabel *makeLabel(const QString &text, QWidget *buddy);
-    void addField(const QString &name, const QString &label, QWidget *control, bool tall = false);
-    void addUnlabelled(QWidget *control);
-    void addAcross(QWidget *control, bool stretch);
+    void beginBlock(QWidget *owner, QVBoxLayout *stack, QHBoxLayout *columns = nullptr);
+    void closeColumn();
     void prepare(QWidget *control, const QString &name, const QString &caption);
-    QHBoxLayout *fieldCell(QWidget *control, bool tall);
+    QLabel *makeLabel(const QString &text, QWidget *buddy);
+    /// How a control fills its row.
+    enum class Fill { Wide, Narrow, Tall };
+    void place(QLabel *label, QWidget *control, Fill fill);
+    void addField(const QString &name, const QString &label, QWidget *control, Fill fill);
     QPushButton *makeButton(const QString &name, const QString &caption, const QIcon &icon);
+    void addButtonRow();
 
     QWidget *m_form;
     QList<Block> m_blocks;
+    /// The controls in the order of making, for Tab.
     QList<QWidget *> m_order;
     QList<QWidget *> m_leftButtons;
     QList<QWidget *> m_rightButtons;
+    /// The line between beginRow and endRow.
     QHBoxLayout *m_line = nullptr;
+    bool m_lineIsWide = false;
+    /// Where the last field stands, for its side buttons.
     QHBoxLayout *m_lastCell = nullptr;
+    QWidget *m_lastControl = nullptr;
     QLabel *m_lastLabel = nullptr;
-    bool m_stretches = false;
-    bool m_finished = false;
 };
 
 /// A caption without its mnemonic mark and closing colon, for accessible names.

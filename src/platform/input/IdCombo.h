@@ -16,7 +16,7 @@ public:
 
     void clear();
     void add(const QString &text, qint64 id);
-    /// Adds many items at once.
+    /// Adds items that carry no id.
     void add(const QStringList &texts);
     /// The id of the item shown, 0 without one.
     [[nodiscard]] qint64 id() const;

@@ -38,6 +38,9 @@ protected:
     [[nodiscard]] virtual std::optional<Mask::Edit> typedInto(const QString &current, int caret,
                                                               QChar character) const;
 
+    /// A text that the program sets, brought into the pattern; nothing when it can't be.
+    [[nodiscard]] virtual std::optional<QString> broughtIn(const QString &text) const;
+
 private:
     void fitProgramText();
     bool eraseKey(QKeyEvent *event);

@@ -23,6 +23,9 @@ public:
     /// Completes the text as on leaving the box: leading zeros of hour and minute, and A where
     /// the last place is empty. An hour above 12 puts the replacement there and gives False.
     bool normalise(const QString &whenInvalid);
+
+protected:
+    [[nodiscard]] std::optional<QString> broughtIn(const QString &text) const override;
 };
 
 /// A completed "hh:mmA" of a half-typed one; nothing when its hour is above 12.

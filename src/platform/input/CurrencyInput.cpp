@@ -1,0 +1,79 @@
+#include "platform/input/CurrencyInput.h"
+
+#include "platform/base/Format.h"
+#include "platform/input/KeyFilter.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+
+namespace input {
+
+QString cleanedAmount(const QString &text, bool negativeAllowed)
+{
+    QString result;
+    for (const QChar character : text) {
+        const bool minus = character == u'-' && negativeAllowed && result.isEmpty();
+        const bool secondPoint = character == u'.' && result.contains(u'.');
+        if (minus || (!secondPoint &&
+                      Type_Check(character.unicode(), TypeCheck::Double, KeyEvent::KeyPress)))
+            result += character;
+    }
+    return result;
+}
+
+CurrencyInput::CurrencyInput(QWidget *parent)
+    : QLineEdit(parent)
+{
+    setAlignment(Qt::AlignRight);
+    setMaxLength(15);
+    connect(this, &QLineEdit::textEdited, this, [this](const QString &text) {
+        const QString cleaned = cleanedAmount(text, m_negativeAllowed);
+        if (cleaned == text)
+            return;
+        const int behind = int(text.size()) - cursorPosition();
+        setText(cleaned);
+        setCursorPosition(std::max(0, int(cleaned.size()) - behind));
+    });
+    connect(this, &QLineEdit::textChanged, this, [this] { Q_EMIT valueChanged(value()); });
+}
+
+double CurrencyInput::value() const
+{
+    return cleanedAmount(text(), true).toDouble();
+}
+
+void CurrencyInput::setValue(double value)
+{
+    setText(base::twoDecimals(value));
+}
+
+void CurrencyInput::keyPressEvent(QKeyEvent *event)
+{
+    const auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    const QString typed = event->text();
+    if (!isReadOnly() && !(event->modifiers() & commands) && typed.size() == 1 &&
+        typed.front().isPrint()) {
+        QString result = text();
+        int caret = cursorPosition();
+        if (hasSelectedText()) {
+            caret = selectionStart();
+            result.remove(caret, selectionLength());
+        }
+        result.insert(caret, typed);
+        if (cleanedAmount(result, m_negativeAllowed) != result)
+            return;
+    }
+    QLineEdit::keyPressEvent(event);
+}
+
+void CurrencyInput::focusOutEvent(QFocusEvent *event)
+{
+    const bool blank = text().trimmed().isEmpty();
+    if (!isReadOnly() && event->reason() != Qt::PopupFocusReason && (!blank || !m_blankAllowed)) {
+        if (const QString shown = base::twoDecimals(value()); shown != text())
+            setText(shown);
+    }
+    QLineEdit::focusOutEvent(event);
+}
+
+} // namespace input

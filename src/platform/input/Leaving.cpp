@@ -1,0 +1,112 @@
+#include "platform/input/Leaving.h"
+
+#include "platform/input/DateInput.h"
+
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QComboBox>
+#include <QFocusEvent>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QTextEdit>
+#include <utility>
+
+namespace input {
+namespace {
+
+constexpr char causesValidationProperty[] = "causesValidation";
+
+QString valueText(const QWidget *control)
+{
+    if (const auto *date = qobject_cast<const DateInput *>(control))
+        return date->isEmpty() ? QString() : date->text();
+    if (const auto *line = qobject_cast<const QLineEdit *>(control))
+        return line->text();
+    if (const auto *combo = qobject_cast<const QComboBox *>(control))
+        return combo->currentText();
+    if (const auto *plain = qobject_cast<const QPlainTextEdit *>(control))
+        return plain->toPlainText();
+    if (const auto *rich = qobject_cast<const QTextEdit *>(control))
+        return rich->toPlainText();
+    if (const auto *label = qobject_cast<const QLabel *>(control))
+        return label->text();
+    if (const auto *spin = qobject_cast<const QAbstractSpinBox *>(control))
+        return spin->text();
+    return control ? control->property("text").toString() : QString();
+}
+
+/// Asks once the focus has arrived at the next control, when the left one has completed its text,
+/// and before that one sees the click.
+class LeavingRule : public QObject
+{
+public:
+    LeavingRule(QWidget *control, std::function<bool()> mayLeave)
+        : QObject(control)
+        , m_control(control)
+        , m_mayLeave(std::move(mayLeave))
+    {
+        control->installEventFilter(this);
+        connect(qApp, &QApplication::focusChanged, this, &LeavingRule::focusMoved);
+    }
+
+private:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (watched == m_control && event->type() == QEvent::FocusOut)
+            m_reason = static_cast<QFocusEvent *>(event)->reason();
+        return QObject::eventFilter(watched, event);
+    }
+
+    [[nodiscard]] bool isOwn(const QWidget *widget) const
+    {
+        return widget == m_control || m_control->isAncestorOf(widget);
+    }
+
+    [[nodiscard]] bool byUser() const
+    {
+        return m_reason == Qt::MouseFocusReason || m_reason == Qt::TabFocusReason ||
+               m_reason == Qt::BacktabFocusReason || m_reason == Qt::ShortcutFocusReason;
+    }
+
+    void focusMoved(QWidget *left, QWidget *next)
+    {
+        if (m_asking || !left || !next || !isOwn(left) || isOwn(next) || !byUser() ||
+            next->window() != m_control->window() || !m_control->isEnabled() ||
+            !m_control->isVisible())
+            return;
+        const QVariant causes = next->property(causesValidationProperty);
+        if (causes.isValid() && !causes.toBool())
+            return;
+        m_asking = true;
+        const bool mayLeave = m_mayLeave();
+        m_asking = false;
+        if (!mayLeave)
+            QMetaObject::invokeMethod(
+                m_control, [control = m_control] { control->setFocus(Qt::OtherFocusReason); },
+                Qt::QueuedConnection);
+    }
+
+    QWidget *m_control;
+    std::function<bool()> m_mayLeave;
+    Qt::FocusReason m_reason = Qt::NoFocusReason;
+    bool m_asking = false;
+};
+
+} // namespace
+
+bool isBlank(const QWidget *control)
+{
+    return valueText(control).trimmed().isEmpty();
+}
+
+void validateOnLeave(QWidget *control, std::function<bool()> mayLeave)
+{
+    new LeavingRule(control, std::move(mayLeave));
+}
+
+void setCausesValidation(QWidget *control, bool causes)
+{
+    control->setProperty(causesValidationProperty, causes);
+}
+
+} // namespace input

@@ -1,0 +1,26 @@
+#include "platform/input/PhoneInput.h"
+
+#include "platform/input/KeyFilter.h"
+
+namespace input {
+
+PhoneInput::PhoneInput(QWidget *parent)
+    : MaskedInput(QStringLiteral("(###) ###-####"), parent)
+{
+    setMaxLength(14);
+}
+
+bool PhoneInput::digitsInPlace() const
+{
+    const QString number = text();
+    for (int position = 2; position <= 13; ++position) {
+        if (position == 5 || position == 6 || position == 10)
+            continue;
+        if (position > number.size() ||
+            !Type_Check(number[position - 1].unicode(), TypeCheck::Int, KeyEvent::KeyPress))
+            return false;
+    }
+    return true;
+}
+
+} // namespace input
