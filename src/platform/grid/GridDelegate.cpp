@@ -12,7 +12,7 @@
 namespace grid {
 namespace {
 
-constexpr int TextMargin = 4;
+constexpr int TextMargin = 3;
 constexpr int ArrowWidth = 16;
 
 void paintCheck(QPainter *painter, const QStyleOptionViewItem &option, bool ticked)
@@ -125,7 +125,7 @@ void GridDelegate::paintText(QPainter *painter, const QStyleOptionViewItem &opti
 
     QRect room = option.rect.adjusted(TextMargin, 0, -TextMargin - 1, -1);
     const bool opensList = column.editor == Editor::DropDown || column.editor == Editor::Date;
-    if (opensList && selected && m_view->isEditable(index)) {
+    if (opensList && selected && column.editable && !column.locked && m_view->editing()) {
         paintArrow(painter, option.rect, colour);
         room.setRight(arrowRect(option.rect).left() - 2);
     }
@@ -266,10 +266,8 @@ void GridDelegate::startAgain()
 
 void GridDelegate::close()
 {
-    const QPointer<QWidget> closing = m_editor;
-    m_editor = nullptr;
-    if (closing)
-        Q_EMIT closeEditor(closing, NoHint);
+    if (m_editor)
+        Q_EMIT closeEditor(m_editor, NoHint);
 }
 
 bool GridDelegate::keyPressed(const QKeyEvent &event)
@@ -302,8 +300,13 @@ bool GridDelegate::keyPressed(const QKeyEvent &event)
 
 void GridDelegate::focusLost()
 {
+    // While a rule asks, and while the editor's own calendar or list is open, it isn't left.
     if (m_storing)
         return;
+    for (QObject *focused = QApplication::focusWidget(); focused; focused = focused->parent()) {
+        if (focused == m_editor)
+            return;
+    }
     const bool accepted = store();
     if (!accepted && m_editor && !m_view->m_verticalColumn.isEmpty()) {
         m_holding = true;

@@ -50,6 +50,8 @@ public:
     void startAgain();
     /// Closes the open editor without storing.
     void close();
+    /// The view has closed the editor, or is about to be gone with it.
+    void forget() { m_editor = nullptr; }
     /// True while a refused editor is about to take the focus back.
     [[nodiscard]] bool isHolding() const { return m_holding; }
     /// Colour behind a cell that differs from the row's, invalid otherwise.

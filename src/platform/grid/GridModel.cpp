@@ -96,12 +96,15 @@ int GridModel::addColumn(Column column)
         return present;
     }
     const int index = columnCount();
-    beginInsertColumns({}, index, index);
+    if (m_filling == 0)
+        beginInsertColumns({}, index, index);
     m_columns.push_back(std::make_unique<ColumnData>());
     m_columns.back()->column = std::move(column);
     m_columns.back()->added = true;
-    endInsertColumns();
-    Q_EMIT columnSettingsChanged();
+    if (m_filling == 0) {
+        endInsertColumns();
+        Q_EMIT columnSettingsChanged();
+    }
     return index;
 }
 
@@ -109,6 +112,8 @@ void GridModel::columnsChanged()
 {
     for (const auto &data : m_columns)
         data->choiceTexts.reset();
+    if (m_filling > 0)
+        return;
     Q_EMIT columnSettingsChanged();
     if (!m_columns.empty())
         Q_EMIT headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);

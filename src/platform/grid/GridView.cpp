@@ -9,7 +9,7 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
-#include <numeric>
+#include <iterator>
 
 namespace grid {
 namespace {
@@ -67,7 +67,11 @@ GridView::GridView(QWidget *parent)
     });
 }
 
-GridView::~GridView() = default;
+GridView::~GridView()
+{
+    // An editor that is still open loses its focus on the way down; nothing is to be stored then.
+    m_delegate->forget();
+}
 
 // Columns and layout
 
@@ -92,17 +96,22 @@ void GridView::showColumns()
     viewport()->update();
 }
 
-/// Puts the headings in order: each at its position, those without one where they were added.
+/// Puts the headings in order: those without a position as they were added, then the others, one
+/// after the other, at theirs.
 void GridView::placeColumns()
 {
-    std::vector<int> order(static_cast<std::size_t>(m_rows->columnCount()));
-    std::iota(order.begin(), order.end(), 0);
-    const auto place = [this](int column) {
-        const int position = m_rows->columnAt(column).position;
-        return std::pair(position < 0 ? column : position, position >= 0);
-    };
-    std::stable_sort(order.begin(), order.end(),
-                     [&place](int left, int right) { return place(left) < place(right); });
+    std::vector<int> order;
+    std::vector<int> placed;
+    for (int i = 0; i < m_rows->columnCount(); ++i)
+        (m_rows->columnAt(i).position < 0 ? order : placed).push_back(i);
+    std::stable_sort(placed.begin(), placed.end(), [this](int left, int right) {
+        return m_rows->columnAt(left).position < m_rows->columnAt(right).position;
+    });
+    for (const int column : placed) {
+        const auto at =
+            std::min<std::ptrdiff_t>(m_rows->columnAt(column).position, std::ssize(order));
+        order.insert(order.begin() + at, column);
+    }
     for (std::size_t i = 0; i < order.size(); ++i)
         header()->moveSection(header()->visualIndex(order[i]), static_cast<int>(i));
 }
@@ -192,6 +201,7 @@ void GridView::headingResized(int section, int width)
 
 void GridView::rowsReset()
 {
+    m_delegate->forget();
     showColumns();
     if (m_lastRow < 0)
         return;
@@ -312,6 +322,8 @@ void GridView::drawBranches(QPainter *painter, const QRect &rect, const QModelIn
     const QColor back = m_delegate->background(cell, selected);
     if (back.isValid())
         painter->fillRect(rect, back);
+    painter->setPen(colours::Lines);
+    painter->drawLine(rect.bottomLeft(), rect.bottomRight());
     if (!m_rows->hasChildren(index.siblingAtColumn(0)))
         return;
     QRect box(0, 0, 9, 9);

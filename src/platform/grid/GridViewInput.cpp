@@ -50,6 +50,13 @@ bool GridView::finishEditing()
     return accepted;
 }
 
+void GridView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    if (editor == m_delegate->editor())
+        m_delegate->forget();
+    QTreeView::closeEditor(editor, hint);
+}
+
 void GridView::setVerticalEntry(QStringView column)
 {
     m_verticalColumn = m_rows->column(column).name;
@@ -252,7 +259,8 @@ void GridView::mouseReleaseEvent(QMouseEvent *event)
         edit(pressed, AllEditTriggers, nullptr);
     else
         press(pressed);
-    if (self && row < m_rows->rowCount())
+    // What the click set off may have loaded other rows.
+    if (self && pressed.isValid())
         Q_EMIT cellClicked(row, name);
 }
 
