@@ -196,7 +196,8 @@ std::optional<QDateTime> parseDate(QStringView text)
         const qsizetype blank = rest.indexOf(u' ');
         const QStringView monthAndDay = blank < 0 ? rest : rest.first(blank);
         const QStringView time = blank < 0 ? QStringView() : rest.sliced(blank);
-        return base::parseMonthFirst(monthAndDay.toString().append(text[4]).append(year).append(time));
+        return base::parseMonthFirst(
+            monthAndDay.toString().append(text[4]).append(year).append(time));
     }
     if (const auto time = parseTime(text))
         return base::wallClock(zeroDate, *time);
@@ -243,8 +244,12 @@ QVariant slotValue(const QVariant &value, const Slot &slot)
         }
         return *pattern;
     }
-    if (!slot.negate)
-        return converted(value, slot.kind);
+    if (!slot.negate) {
+        QVariant bound = converted(value, slot.kind);
+        if (slot.length > 0 && bound.typeId() == QMetaType::QString)
+            bound = bound.toString().left(slot.length);
+        return bound;
+    }
     const QVariant number = numberOf(value);
     if (number.typeId() == QMetaType::LongLong)
         return converted(-number.toLongLong(), slot.kind);

@@ -20,7 +20,7 @@ inline constexpr char16_t Money[] = u"D_MONEY";
 /// Characters of a memo column.
 inline constexpr int MemoLength = 4000;
 /// Characters of a text column that stands in a key: the longest that the engine can index.
-inline constexpr int MaximumKeyLength = 250;
+inline constexpr int MaximumKeyLength = 255;
 /// Bytes (UTF-8) that the engine allows a name.
 inline constexpr int MaximumNameLength = 31;
 

@@ -5,7 +5,8 @@ namespace sql {
 const Column *Table::find(QStringView column) const
 {
     for (const Column &candidate : columns) {
-        if (candidate.name.compare(column, Qt::CaseInsensitive) == 0)
+        if (candidate.name.size() == column.size() &&
+            candidate.name.compare(column, Qt::CaseInsensitive) == 0)
             return &candidate;
     }
     return nullptr;

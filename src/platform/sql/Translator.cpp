@@ -1,11 +1,13 @@
 #include "platform/sql/Translator.h"
 
-#include "platform/sql/EngineTypes.h"
+#include "platform/sql/DefinitionWriter.h"
+#include "platform/sql/JoinReduction.h"
 #include "platform/sql/Lexer.h"
+#include "platform/sql/Parser.h"
+#include "platform/sql/Resolver.h"
+#include "platform/sql/Writer.h"
 
 namespace sql {
-
-using namespace Qt::StringLiterals;
 
 Lifted lift(QStringView statement)
 {
@@ -29,60 +31,22 @@ Lifted lift(QStringView statement)
     return lifted;
 }
 
-} // namespace sql
-
-namespace sql {
-
 Plan translate(QStringView statement, const Schema &schema, const TranslateOptions &options)
 {
-    const std::vector<Token> tokens = tokensOf(statement);
-    std::vector<const Table *> tables;
-    for (const Token &token : tokens) {
-        if (const Table *table = schema.find(token.text))
-            tables.push_back(table);
-    }
+    Parser parser(statement);
+    Statement tree = parser.parseStatement();
     Plan plan;
-    switch (tokens.front().keyword) {
-    case Keyword::Insert:
-        plan.kind = StatementKind::Insert;
-        break;
-    case Keyword::Update:
-        plan.kind = StatementKind::Update;
-        break;
-    case Keyword::Delete:
-        plan.kind = StatementKind::Delete;
-        break;
-    default:
-        break;
+    if (tree.definition) {
+        plan.kind = StatementKind::Ddl;
+        plan.ddl = definitionStatements(*tree.definition, statement, schema);
+        const auto literals = static_cast<int>(lift(statement).literals.size());
+        for (int i = 0; i < literals; ++i)
+            plan.fixedLiterals.push_back(i);
+        return plan;
     }
-    for (const Token &token : tokens) {
-        if (!plan.text.isEmpty())
-            plan.text += u' ';
-        if (token.isLiteral() || token.kind == TokenKind::Parameter) {
-            Slot slot;
-            slot.source = token.isLiteral() ? Slot::Source::Literal : Slot::Source::Caller;
-            slot.index = token.number;
-            plan.slots.push_back(slot);
-            plan.text += u'?';
-            continue;
-        }
-        const bool name = token.kind == TokenKind::Name ||
-                          (token.kind == TokenKind::Word && token.keyword == Keyword::None);
-        if (!name) {
-            plan.text += token.text;
-            continue;
-        }
-        QString spelling;
-        if (const Table *table = schema.find(token.text))
-            spelling = table->name;
-        for (const Table *table : tables) {
-            if (const Column *column = table->find(token.text); column && spelling.isEmpty())
-                spelling = column->name;
-        }
-        plan.text += spelling.isEmpty() ? token.text.toString() : EngineTypes::quotedName(spelling);
-    }
-    if (!options.returning.isEmpty())
-        plan.text += u" RETURNING "_s + EngineTypes::quotedName(options.returning);
+    Resolver(statement, schema).resolve(tree);
+    reduceOuterJoins(tree);
+    Writer(statement, options, plan).write(tree);
     return plan;
 }
 

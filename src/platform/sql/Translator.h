@@ -51,6 +51,10 @@ struct Slot
     /// be bound: translate again with its value written out (TranslateOptions::inlineLiterals).
     bool likePattern = false;
     bool negate = false; ///< a unary minus stood before the number
+    /// Characters to which a text is cut: one more than the column has that it is compared with, so
+    /// that the outcome stays and the engine never meets a text that is too long for it. 0: as it
+    /// is.
+    int length = 0;
 };
 
 enum class StatementKind { Query, Insert, Update, Delete, Ddl };

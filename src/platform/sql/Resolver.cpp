@@ -1,0 +1,570 @@
+#include "platform/sql/Resolver.h"
+
+#include "platform/sql/Conversion.h"
+#include "platform/sql/EngineTypes.h"
+#include "platform/sql/Errors.h"
+#include "platform/sql/Functions.h"
+#include "platform/sql/Types.h"
+
+#include <QSet>
+
+namespace sql {
+
+using namespace Qt::StringLiterals;
+using Kind = Expression::Kind;
+
+namespace {
+
+bool equalNames(QStringView left, QStringView right)
+{
+    return left.size() == right.size() && left.compare(right, Qt::CaseInsensitive) == 0;
+}
+
+bool fitsEngine(QStringView name)
+{
+    return name.size() * 3 <= EngineTypes::MaximumNameLength ||
+           name.toUtf8().size() <= EngineTypes::MaximumNameLength;
+}
+
+QString shownName(const Expression &name)
+{
+    return name.qualifier.isEmpty() ? name.name.toString()
+                                    : u"%1.%2"_s.arg(name.qualifier, name.name);
+}
+
+ColumnKind literalType(TokenKind kind)
+{
+    switch (kind) {
+    case TokenKind::Integer:
+        return ColumnKind::Integer;
+    case TokenKind::Real:
+        return ColumnKind::Real;
+    case TokenKind::Date:
+        return ColumnKind::Date;
+    default:
+        return ColumnKind::Text;
+    }
+}
+
+} // namespace
+
+int Source::columnCount() const
+{
+    return static_cast<int>(table ? table->columns.size() : derivedColumns.size());
+}
+
+int Source::find(QStringView column) const
+{
+    const int count = columnCount();
+    for (int i = 0; i < count; ++i) {
+        if (equalNames(columnName(i), column))
+            return i;
+    }
+    return -1;
+}
+
+const QString &Source::columnName(int column) const
+{
+    const auto at = static_cast<std::size_t>(column);
+    return table ? table->columns[at].name : derivedColumns[at].name;
+}
+
+const QString &Source::writtenColumn(int column) const
+{
+    const auto at = static_cast<std::size_t>(column);
+    return table ? table->columns[at].name : derivedColumns[at].written;
+}
+
+ColumnKind Source::columnKind(int column) const
+{
+    const auto at = static_cast<std::size_t>(column);
+    return table ? table->columns[at].kind : derivedColumns[at].kind;
+}
+
+int Source::columnLength(int column) const
+{
+    const auto at = static_cast<std::size_t>(column);
+    return table ? table->columns[at].length : derivedColumns[at].length;
+}
+
+void Resolver::resolve(Statement &statement)
+{
+    if (statement.query)
+        resolveQuery(*statement.query, nullptr, false);
+    else if (statement.change)
+        resolveChange(*statement.change, statement.kind);
+}
+
+void Resolver::resolveChange(Change &change, StatementKind kind)
+{
+    resolveSource(*change.target, {});
+    const Scope target{nullptr, {change.target.get()}, nullptr};
+    const Scope nothing;
+    for (Expression &column : change.columns)
+        resolveName(column, target);
+    for (ExpressionPointer &value : change.values)
+        resolveExpression(*value, nothing);
+    for (Assignment &assignment : change.assignments) {
+        resolveName(assignment.target, target);
+        resolveExpression(*assignment.value, target);
+    }
+    if (change.where)
+        resolveExpression(*change.where, target);
+    if (kind != StatementKind::Insert)
+        return;
+    std::size_t values = change.values.size();
+    if (change.query) {
+        resolveQuery(*change.query, nullptr, false);
+        values = change.query->selects.front().output.size();
+    }
+    const std::size_t columns = change.columns.empty()
+                                    ? static_cast<std::size_t>(change.target->columnCount())
+                                    : change.columns.size();
+    if (values != columns) {
+        throw base::Error(
+            ErrorNumber::Syntax,
+            u"The statement gives %1 values for %2 columns."_s.arg(values).arg(columns));
+    }
+}
+
+void Resolver::resolveQuery(Query &query, const Scope *outer, bool derived)
+{
+    Scope first;
+    for (std::size_t i = 0; i < query.selects.size(); ++i) {
+        Scope scope;
+        scope.outer = outer;
+        resolveSelect(query.selects[i], scope, derived);
+        if (query.selects[i].output.size() != query.selects.front().output.size()) {
+            throw base::Error(ErrorNumber::Syntax,
+                              u"The selects of a UNION have to give the same number of columns."_s);
+        }
+        if (i == 0)
+            first = std::move(scope);
+    }
+    std::vector<OutputColumn> &output = query.selects.front().output;
+    for (const Select &select : query.selects) {
+        for (std::size_t i = 0; i < output.size(); ++i)
+            output[i].kind = commonType(output[i].kind, select.output[i].kind);
+    }
+    for (OrderItem &item : query.orderBy)
+        resolveOrder(item, query, first);
+}
+
+void Resolver::resolveSelect(Select &select, Scope &scope, bool derived)
+{
+    scope.select = &select;
+    resolveJoins(select.from, scope);
+    select.sources = scope.sources;
+    resolveJoinConditions(select.from, scope);
+    resolveItems(select, scope);
+    if (select.where)
+        resolveExpression(*select.where, scope);
+    for (ExpressionPointer &group : select.groupBy)
+        resolveExpression(*group, scope);
+    if (select.having)
+        resolveExpression(*select.having, scope);
+    select.aggregates = select.aggregates || !select.groupBy.empty();
+    makeOutput(select, derived);
+}
+
+void Resolver::resolveJoins(JoinChain &chain, Scope &scope)
+{
+    for (Join &member : chain) {
+        if (member.group) {
+            resolveJoins(*member.group, scope);
+            continue;
+        }
+        resolveSource(*member.source, scope);
+        for (const Source *other : scope.sources) {
+            if (!member.source->name().isEmpty() &&
+                equalNames(other->name(), member.source->name())) {
+                raiseSyntaxError(
+                    u"the name \"%1\" stands for two tables; give one of them another."_s.arg(
+                        member.source->name()),
+                    m_statement, member.source->position);
+            }
+        }
+        scope.sources.push_back(member.source.get());
+    }
+}
+
+void Resolver::resolveJoinConditions(JoinChain &chain, const Scope &scope)
+{
+    for (Join &member : chain) {
+        if (member.group)
+            resolveJoinConditions(*member.group, scope);
+        if (member.condition)
+            resolveExpression(*member.condition, scope);
+    }
+}
+
+void Resolver::resolveSource(Source &source, const Scope &scope)
+{
+    if (source.derived) {
+        // A derived table knows the selects around the one that it stands in, not its neighbours.
+        resolveQuery(*source.derived, scope.outer, true);
+        source.derivedColumns = source.derived->selects.front().output;
+    } else {
+        source.table = m_schema.find(source.tableName);
+        if (!source.table) {
+            throw base::Error(ErrorNumber::TableUnknown,
+                              u"The table \"%1\" does not exist."_s.arg(source.tableName));
+        }
+    }
+    nameSource(source);
+}
+
+void Resolver::nameSource(Source &source)
+{
+    if (source.alias.isEmpty() && source.table) {
+        source.written = EngineTypes::quotedName(source.table->name);
+        return;
+    }
+    source.renamed = true;
+    source.written = source.alias.isEmpty() || !fitsEngine(source.alias)
+                         ? EngineTypes::quotedName(u"~Q%1"_s.arg(++m_madeNames))
+                         : EngineTypes::quotedName(source.alias);
+}
+
+void Resolver::resolveItems(Select &select, const Scope &scope)
+{
+    for (SelectItem &item : select.items) {
+        if (item.kind == SelectItem::Kind::Value) {
+            resolveExpression(*item.value, scope);
+            continue;
+        }
+        if (select.sources.empty())
+            raiseSyntaxError(u"\"*\" needs a FROM clause."_s, m_statement, item.position);
+        if (item.kind == SelectItem::Kind::AllColumns) {
+            select.expanded = select.expanded || select.items.size() > 1;
+            continue;
+        }
+        for (const Source *source : select.sources) {
+            if (equalNames(source->name(), item.table))
+                item.source = source;
+        }
+        if (!item.source) {
+            throw base::Error(ErrorNumber::TableUnknown,
+                              u"The statement has no table \"%1\"."_s.arg(item.table));
+        }
+    }
+}
+
+void Resolver::makeOutput(Select &select, bool derived)
+{
+    QSet<QString> taken;
+    const auto add = [&](OutputColumn column) {
+        column.written = column.name;
+        if (!fitsEngine(column.name))
+            column.written = u"~C%1"_s.arg(select.output.size() + 1);
+        // Only the columns of a derived table have to be told apart by the engine.
+        if (derived) {
+            QString key = column.written.toLower();
+            if (taken.contains(key)) {
+                column.written = u"~C%1"_s.arg(select.output.size() + 1);
+                key = column.written;
+                select.expanded = true;
+            }
+            taken.insert(key);
+        }
+        select.output.push_back(std::move(column));
+    };
+    const auto addAll = [&](const Source &source) {
+        for (int i = 0; i < source.columnCount(); ++i)
+            add({source.columnName(i), {}, source.columnKind(i), source.columnLength(i)});
+    };
+    int unnamed = 0;
+    for (const SelectItem &item : select.items) {
+        if (item.kind == SelectItem::Kind::TableColumns) {
+            addAll(*item.source);
+        } else if (item.kind == SelectItem::Kind::AllColumns) {
+            for (const Source *source : select.sources)
+                addAll(*source);
+        } else {
+            const Expression &value = *item.value;
+            OutputColumn column;
+            column.kind = value.isCondition() ? ColumnKind::YesNo : value.type;
+            if (!item.alias.isEmpty())
+                column.name = item.alias.toString();
+            else if (value.kind == Kind::Name)
+                column.name = value.source->columnName(value.column);
+            else
+                column.name = u"Expr%1"_s.arg(1000 + unnamed++);
+            if (value.kind == Kind::Name)
+                column.length = value.source->columnLength(value.column);
+            add(std::move(column));
+        }
+    }
+}
+
+int Resolver::orderedOutput(const OrderItem &item, const Query &query, const Scope &scope)
+{
+    const Expression &value = *item.value;
+    const Select &select = query.selects.front();
+    if (value.kind != Kind::Name)
+        return 0;
+    const bool onlyOutput = query.selects.size() > 1;
+    const Found column = find(value, scope);
+    if (value.qualifier.isEmpty()) {
+        int named = 0;
+        for (std::size_t i = 0; i < select.output.size() && named == 0; ++i) {
+            if (equalNames(select.output[i].name, value.name))
+                named = static_cast<int>(i) + 1;
+        }
+        // A column of the tables goes before an output column of its name, so that an expression
+        // named like a column sorts by the column. Where only the output is left to sort by, the
+        // output's name counts.
+        const bool columnCounts = column.source && !column.ambiguous && !column.outside &&
+                                  !onlyOutput && !select.distinct && !select.aggregates;
+        if (named != 0 && !columnCounts)
+            return named;
+    }
+    if (!column.source || column.ambiguous || !(onlyOutput || select.distinct))
+        return 0;
+    int ordinal = 0;
+    for (const SelectItem &selected : select.items) {
+        if (selected.kind != SelectItem::Kind::Value)
+            return 0;
+        ++ordinal;
+        if (selected.value->kind == Kind::Name && selected.value->source == column.source &&
+            selected.value->column == column.column)
+            return ordinal;
+    }
+    return 0;
+}
+
+void Resolver::resolveOrder(OrderItem &item, Query &query, const Scope &scope)
+{
+    Expression &value = *item.value;
+    const auto columns = static_cast<int>(query.selects.front().output.size());
+    if (value.kind == Kind::Literal && value.token.kind == TokenKind::Integer) {
+        const qint64 ordinal = value.token.text.toLongLong();
+        if (value.negated || ordinal < 1 || ordinal > columns)
+            raiseSyntaxError(u"there is no column of this number to sort by."_s, m_statement,
+                             value.position);
+        value.type = ColumnKind::Integer;
+        return;
+    }
+    item.ordinal = orderedOutput(item, query, scope);
+    if (item.ordinal != 0)
+        return;
+    if (query.selects.size() > 1) {
+        raiseSyntaxError(u"a UNION is sorted by the names of its columns."_s, m_statement,
+                         value.position);
+    }
+    resolveExpression(value, scope);
+}
+
+Resolver::Found Resolver::find(const Expression &name, const Scope &scope) const
+{
+    bool outside = false;
+    for (const Scope *around = &scope; around; around = around->outer) {
+        Found found;
+        found.outside = outside;
+        for (const Source *source : around->sources) {
+            if (!name.qualifier.isEmpty() && !equalNames(source->name(), name.qualifier))
+                continue;
+            const int column = source->find(name.name);
+            if (column < 0)
+                continue;
+            if (found.source) {
+                found.ambiguous = true;
+                break;
+            }
+            found.source = source;
+            found.column = column;
+        }
+        if (found.source)
+            return found;
+        outside = true;
+    }
+    return {};
+}
+
+void Resolver::resolveName(Expression &name, const Scope &scope)
+{
+    const Found found = find(name, scope);
+    if (!found.source) {
+        throw base::Error(
+            ErrorNumber::ValueMissing,
+            u"No value is given for \"%1\": no table of the statement has a column of "
+            "that name."_s.arg(shownName(name)));
+    }
+    if (found.ambiguous) {
+        raiseSyntaxError(
+            u"the column \"%1\" stands in more than one table; write the table before it."_s.arg(
+                name.name),
+            m_statement, name.position);
+    }
+    name.source = found.source;
+    name.column = found.column;
+    name.qualified = found.outside || scope.sources.size() > 1;
+    name.type = found.source->columnKind(found.column);
+}
+
+void Resolver::resolveOperands(Expression &expression, const Scope &scope)
+{
+    for (ExpressionPointer &operand : expression.operands)
+        resolveExpression(*operand, scope);
+}
+
+void Resolver::resolveExpression(Expression &expression, const Scope &scope)
+{
+    switch (expression.kind) {
+    case Kind::Literal:
+        expression.type = literalType(expression.token.kind);
+        return;
+    case Kind::Parameter:
+    case Kind::Null:
+        return;
+    case Kind::Boolean:
+        expression.type = ColumnKind::YesNo;
+        return;
+    case Kind::Name:
+        resolveName(expression, scope);
+        return;
+    case Kind::CountRows:
+        if (scope.select)
+            scope.select->aggregates = true;
+        expression.type = ColumnKind::Integer;
+        return;
+    case Kind::Call:
+        resolveCall(expression, scope);
+        return;
+    case Kind::Negate:
+        resolveOperands(expression, scope);
+        expression.type = isNumber(expression.operands.front()->type)
+                              ? arithmeticType(Operator::Subtract, ColumnKind::Integer,
+                                               expression.operands.front()->type)
+                              : ColumnKind::Real;
+        return;
+    case Kind::Arithmetic:
+        resolveOperands(expression, scope);
+        checkTextOperands(expression);
+        expression.type = chainTypes(expression).back();
+        return;
+    case Kind::Scalar:
+    case Kind::Exists:
+    case Kind::InQuery:
+        resolveInQuery(expression, scope);
+        return;
+    default:
+        resolveOperands(expression, scope);
+        expression.type = ColumnKind::YesNo;
+    }
+}
+
+void Resolver::resolveInQuery(Expression &expression, const Scope &scope)
+{
+    resolveOperands(expression, scope);
+    resolveQuery(*expression.query, &scope, false);
+    expression.type = ColumnKind::YesNo;
+    if (expression.kind == Kind::Exists)
+        return;
+    const std::vector<OutputColumn> &output = expression.query->selects.front().output;
+    if (output.size() != 1) {
+        raiseSyntaxError(u"a query that stands for a value has to give one column."_s, m_statement,
+                         expression.position);
+    }
+    if (expression.kind == Kind::Scalar)
+        expression.type = output.front().kind;
+}
+
+void Resolver::checkTextOperands(const Expression &chain)
+{
+    // "number + 'text'" fails here and not at the first row: the text is known already.
+    const std::vector<ColumnKind> types = chainTypes(chain);
+    for (std::size_t i = 0; i < chain.operands.size(); ++i) {
+        const Expression &operand = *chain.operands[i];
+        if (operand.kind != Kind::Literal || operand.type != ColumnKind::Text)
+            continue;
+        const Operator operation = chain.operators[i == 0 ? 0 : i - 1];
+        const ColumnKind result = types[i == 0 ? 1 : i];
+        if (operation != Operator::Concatenate && result != ColumnKind::Text)
+            (void)converted(literalValue(operand.token, m_statement), ColumnKind::Real);
+    }
+}
+
+void Resolver::resolveCall(Expression &call, const Scope &scope)
+{
+    resolveOperands(call, scope);
+    const auto operandType = [&](std::size_t index) {
+        const Expression &operand = *call.operands[index];
+        return operand.isCondition() ? ColumnKind::YesNo : operand.type;
+    };
+    if (call.function->isAggregate() && scope.select)
+        scope.select->aggregates = true;
+    switch (call.function->id) {
+    case FunctionId::IsNull:
+        call.kind = Kind::IsNull;
+        call.type = ColumnKind::YesNo;
+        return;
+    case FunctionId::CBool:
+        call.type = ColumnKind::YesNo;
+        return;
+    case FunctionId::CCur:
+        call.type = ColumnKind::Money;
+        return;
+    case FunctionId::CDate:
+    case FunctionId::Date:
+    case FunctionId::DateAdd:
+    case FunctionId::DateSerial:
+    case FunctionId::DateValue:
+    case FunctionId::Now:
+    case FunctionId::Time:
+        call.type = ColumnKind::Date;
+        return;
+    case FunctionId::CStr:
+    case FunctionId::Chr:
+    case FunctionId::Format:
+    case FunctionId::LCase:
+    case FunctionId::LTrim:
+    case FunctionId::Left:
+    case FunctionId::Mid:
+    case FunctionId::RTrim:
+    case FunctionId::Replace:
+    case FunctionId::Right:
+    case FunctionId::Space:
+    case FunctionId::Trim:
+    case FunctionId::UCase:
+        call.type = ColumnKind::Text;
+        return;
+    case FunctionId::Avg:
+    case FunctionId::CDbl:
+    case FunctionId::Sqr:
+    case FunctionId::Val:
+        call.type = ColumnKind::Real;
+        return;
+    case FunctionId::IIf:
+        call.type = commonType(operandType(1), operandType(2));
+        return;
+    case FunctionId::Switch:
+        for (std::size_t i = 1; i < call.operands.size(); i += 2)
+            call.type = commonType(call.type, operandType(i));
+        return;
+    case FunctionId::Nz:
+        call.type =
+            call.operands.size() > 1 ? commonType(operandType(0), operandType(1)) : operandType(0);
+        return;
+    case FunctionId::Max:
+    case FunctionId::Min:
+        call.type = operandType(0);
+        return;
+    case FunctionId::Abs:
+    case FunctionId::Fix:
+    case FunctionId::Int:
+    case FunctionId::Round:
+    case FunctionId::Sum:
+        call.type = operandType(0) == ColumnKind::YesNo ? ColumnKind::Integer
+                    : isNumber(operandType(0))          ? operandType(0)
+                                                        : ColumnKind::Real;
+        if (operandType(0) == ColumnKind::Date &&
+            (call.function->id == FunctionId::Int || call.function->id == FunctionId::Fix))
+            call.type = ColumnKind::Date;
+        return;
+    default:
+        call.type = ColumnKind::Integer;
+    }
+}
+
+} // namespace sql

@@ -1,0 +1,335 @@
+#include "platform/sql/Writer.h"
+
+#include "platform/sql/EngineTypes.h"
+
+#include <algorithm>
+
+namespace sql {
+
+using namespace Qt::StringLiterals;
+using EngineTypes::quotedName;
+using Kind = Expression::Kind;
+
+Writer::Writer(QStringView statement, const TranslateOptions &options, Plan &plan)
+    : m_statement(statement)
+    , m_options(options)
+    , m_plan(plan)
+{
+    m_text.reserve(statement.size() * 2);
+}
+
+void Writer::raise(const QString &what, const Expression &at) const
+{
+    raiseSyntaxError(what, m_statement, at.position);
+}
+
+void Writer::write(const Statement &statement)
+{
+    m_plan.kind = statement.kind;
+    switch (statement.kind) {
+    case StatementKind::Insert:
+        writeInsert(*statement.change);
+        break;
+    case StatementKind::Update:
+        writeUpdate(*statement.change);
+        break;
+    case StatementKind::Delete:
+        writeDelete(*statement.change);
+        break;
+    default:
+        writeQuery(*statement.query);
+        noteLongNames(statement.query->selects.front());
+    }
+    m_plan.text = std::move(m_text);
+    std::ranges::sort(m_plan.fixedLiterals);
+    const auto repeated = std::ranges::unique(m_plan.fixedLiterals);
+    m_plan.fixedLiterals.erase(repeated.begin(), repeated.end());
+}
+
+void Writer::noteLongNames(const Select &select)
+{
+    for (std::size_t i = 0; i < select.output.size(); ++i) {
+        const OutputColumn &column = select.output[i];
+        if (column.written != column.name)
+            m_plan.longNames.emplace_back(static_cast<int>(i), column.name);
+    }
+}
+
+void Writer::writeQuery(const Query &query, const Change *insert)
+{
+    for (std::size_t i = 0; i < query.selects.size(); ++i) {
+        if (i > 0)
+            m_text += query.all[i - 1] ? u" UNION ALL "_s : u" UNION "_s;
+        writeSelect(query.selects[i], insert);
+    }
+    writeOrder(query);
+}
+
+void Writer::writeSelect(const Select &select, const Change *insert)
+{
+    m_text += u"SELECT "_s;
+    if (select.top) {
+        m_text += u"FIRST "_s + select.top->text.toString() + u' ';
+        m_plan.fixedLiterals.push_back(select.top->number);
+    }
+    if (select.distinct)
+        m_text += u"DISTINCT "_s;
+    {
+        const FixedLiterals fixed(*this);
+        writeItems(select, insert);
+    }
+    m_text += u" FROM "_s;
+    if (select.from.empty())
+        m_text += u"RDB$DATABASE"_s;
+    else
+        writeJoins(select.from);
+    if (select.where) {
+        m_text += u" WHERE "_s;
+        writeCondition(*select.where);
+    }
+    if (!select.groupBy.empty()) {
+        const FixedLiterals fixed(*this);
+        m_text += u" GROUP BY "_s;
+        for (std::size_t i = 0; i < select.groupBy.size(); ++i) {
+            if (i > 0)
+                m_text += u", "_s;
+            writeValue(*select.groupBy[i], {});
+        }
+    }
+    if (select.having) {
+        m_text += u" HAVING "_s;
+        writeCondition(*select.having);
+    }
+}
+
+void Writer::writeItems(const Select &select, const Change *insert)
+{
+    std::size_t output = 0;
+    for (std::size_t i = 0; i < select.items.size(); ++i) {
+        if (i > 0)
+            m_text += u", "_s;
+        const SelectItem &item = select.items[i];
+        if (item.kind == SelectItem::Kind::Value) {
+            writeOutput(select, item, output++, insert);
+        } else if (select.expanded) {
+            if (item.source) {
+                writeColumns(*item.source, select, output);
+                continue;
+            }
+            for (const Source *source : select.sources) {
+                if (source != select.sources.front())
+                    m_text += u", "_s;
+                writeColumns(*source, select, output);
+            }
+        } else if (item.source) {
+            m_text += item.source->written + u".*"_s;
+            output += static_cast<std::size_t>(item.source->columnCount());
+        } else {
+            m_text += u'*';
+        }
+    }
+    if (insert) {
+        // Columns that the insert leaves out and that default to today.
+        for (const Column &column : insert->target->table->columns) {
+            const bool given = insert->columns.empty() ||
+                               std::ranges::any_of(insert->columns, [&](const Expression &name) {
+                                   return insert->target->columnName(name.column) == column.name;
+                               });
+            if (column.defaultsToToday && !given) {
+                m_text += u", "_s;
+                writeMoment(Slot::Source::Today);
+            }
+        }
+    }
+}
+
+void Writer::writeColumns(const Source &source, const Select &select, std::size_t &output)
+{
+    for (int i = 0; i < source.columnCount(); ++i) {
+        if (i > 0)
+            m_text += u", "_s;
+        const QString &column = source.writtenColumn(i);
+        m_text += source.written + u'.' + quotedName(column);
+        if (select.output[output].written != column)
+            m_text += u" AS "_s + quotedName(select.output[output].written);
+        ++output;
+    }
+}
+
+void Writer::writeOutput(const Select &select, const SelectItem &item, std::size_t output,
+                         const Change *insert)
+{
+    const Expression &value = *item.value;
+    Wanted wanted{value.type, Place::Result, 0};
+    if (insert) {
+        const int column =
+            insert->columns.empty() ? static_cast<int>(output) : insert->columns[output].column;
+        wanted.length = insert->target->columnLength(column);
+        if (value.isValue())
+            wanted.kind = insert->target->columnKind(column);
+    }
+    writeValue(value, wanted);
+    const QString &name = select.output[output].written;
+    const bool itsOwn =
+        value.kind == Kind::Name && value.source->writtenColumn(value.column) == name;
+    if (!itsOwn && !insert)
+        m_text += u" AS "_s + quotedName(name);
+}
+
+void Writer::writeJoins(const JoinChain &chain)
+{
+    for (const Join &member : chain) {
+        if (&member == &chain.front()) {
+            writeJoinMember(member);
+            continue;
+        }
+        switch (member.kind) {
+        case JoinKind::Comma:
+            m_text += u", "_s;
+            break;
+        case JoinKind::Inner:
+            m_text += u" JOIN "_s;
+            break;
+        case JoinKind::Left:
+            m_text += u" LEFT JOIN "_s;
+            break;
+        case JoinKind::Right:
+            m_text += u" RIGHT JOIN "_s;
+            break;
+        case JoinKind::Full:
+            m_text += u" FULL JOIN "_s;
+            break;
+        }
+        writeJoinMember(member);
+        if (member.condition) {
+            m_text += u" ON "_s;
+            writeCondition(*member.condition);
+        }
+    }
+}
+
+void Writer::writeJoinMember(const Join &member)
+{
+    if (!member.group) {
+        writeSource(*member.source);
+        return;
+    }
+    // The engine knows parentheses only around joins.
+    const bool joins = member.group->size() > 1;
+    if (joins)
+        m_text += u'(';
+    writeJoins(*member.group);
+    if (joins)
+        m_text += u')';
+}
+
+void Writer::writeSource(const Source &source)
+{
+    if (source.derived) {
+        m_text += u'(';
+        writeQuery(*source.derived);
+        m_text += u')';
+    } else {
+        m_text += quotedName(source.table->name);
+    }
+    if (source.renamed)
+        m_text += u' ' + source.written;
+}
+
+void Writer::writeOrder(const Query &query)
+{
+    if (query.orderBy.empty())
+        return;
+    const FixedLiterals fixed(*this);
+    m_text += u" ORDER BY "_s;
+    for (std::size_t i = 0; i < query.orderBy.size(); ++i) {
+        const OrderItem &item = query.orderBy[i];
+        if (i > 0)
+            m_text += u", "_s;
+        if (item.ordinal > 0)
+            m_text += QString::number(item.ordinal);
+        else
+            writeValue(*item.value, {ColumnKind::Unknown, Place::Operand, 0});
+        if (item.descending)
+            m_text += u" DESC"_s;
+    }
+}
+
+void Writer::writeInsert(const Change &change)
+{
+    const Source &target = *change.target;
+    std::vector<int> columns;
+    if (change.columns.empty()) {
+        for (int i = 0; i < target.columnCount(); ++i)
+            columns.push_back(i);
+    }
+    for (const Expression &column : change.columns)
+        columns.push_back(column.column);
+    std::vector<int> today;
+    for (int i = 0; i < target.columnCount(); ++i) {
+        const auto &column = target.table->columns[static_cast<std::size_t>(i)];
+        if (column.defaultsToToday && std::ranges::find(columns, i) == columns.end())
+            today.push_back(i);
+    }
+    m_text += u"INSERT INTO "_s + target.written + u" ("_s;
+    const std::size_t given = columns.size();
+    columns.insert(columns.end(), today.begin(), today.end());
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (i > 0)
+            m_text += u", "_s;
+        m_text += quotedName(target.columnName(columns[i]));
+    }
+    m_text += u") "_s;
+    if (change.query) {
+        writeQuery(*change.query, &change);
+    } else {
+        m_text += u"VALUES ("_s;
+        for (std::size_t i = 0; i < given; ++i) {
+            if (i > 0)
+                m_text += u", "_s;
+            writeValue(*change.values[i], {target.columnKind(columns[i]), Place::Stored,
+                                           target.columnLength(columns[i])});
+        }
+        for (std::size_t i = 0; i < today.size(); ++i) {
+            m_text += u", "_s;
+            writeMoment(Slot::Source::Today);
+        }
+        m_text += u')';
+    }
+    if (m_options.returning.isEmpty())
+        return;
+    const Column *key = target.table->find(m_options.returning);
+    m_text += u" RETURNING "_s + quotedName(key ? key->name : m_options.returning);
+}
+
+void Writer::writeUpdate(const Change &change)
+{
+    const Source &target = *change.target;
+    m_text += u"UPDATE "_s;
+    writeSource(target);
+    m_text += u" SET "_s;
+    for (const Assignment &assignment : change.assignments) {
+        if (&assignment != &change.assignments.front())
+            m_text += u", "_s;
+        const int column = assignment.target.column;
+        m_text += quotedName(target.columnName(column)) + u" = "_s;
+        writeValue(*assignment.value,
+                   {target.columnKind(column), Place::Stored, target.columnLength(column)});
+    }
+    if (change.where) {
+        m_text += u" WHERE "_s;
+        writeCondition(*change.where);
+    }
+}
+
+void Writer::writeDelete(const Change &change)
+{
+    m_text += u"DELETE FROM "_s;
+    writeSource(*change.target);
+    if (change.where) {
+        m_text += u" WHERE "_s;
+        writeCondition(*change.where);
+    }
+}
+
+} // namespace sql

@@ -1,0 +1,142 @@
+#pragma once
+
+#include "platform/sql/Tree.h"
+
+#include <QString>
+
+namespace sql {
+
+/// Writes a resolved statement for the engine, and notes for each of its parameters where the value
+/// comes from.
+class Writer
+{
+public:
+    Writer(QStringView statement, const TranslateOptions &options, Plan &plan);
+
+    void write(const Statement &statement);
+
+private:
+    /// What a literal or parameter is for; decides how it is written.
+    enum class Place : quint8 {
+        Compared, ///< against something of the wanted kind
+        Stored,   ///< into a column of the wanted kind, which gives it its type
+        Operand,  ///< of an operation
+        Result,   ///< of a select list, a function, a branch: needs a type of its own
+    };
+    struct Wanted
+    {
+        ColumnKind kind = ColumnKind::Unknown;
+        Place place = Place::Result;
+        int length = 0; ///< characters of the column, 0 when there is none
+    };
+
+    // Queries and changes (Writer.cpp).
+    void writeQuery(const Query &query, const Change *insert = nullptr);
+    void writeSelect(const Select &select, const Change *insert);
+    void writeItems(const Select &select, const Change *insert);
+    void writeOutput(const Select &select, const SelectItem &item, std::size_t output,
+                     const Change *insert);
+    void writeColumns(const Source &source, const Select &select, std::size_t &output);
+    void writeJoins(const JoinChain &chain);
+    void writeJoinMember(const Join &member);
+    void writeSource(const Source &source);
+    void writeOrder(const Query &query);
+    void writeInsert(const Change &change);
+    void writeUpdate(const Change &change);
+    void writeDelete(const Change &change);
+    void noteLongNames(const Select &select);
+
+    // Expressions (WriterExpression.cpp).
+    void writeCondition(const Expression &condition);
+    void writeConditionOperand(const Expression &condition, Expression::Kind around);
+    /// Writes a value of the wanted kind; operands of operators get parentheses when they need any.
+    void writeValue(const Expression &value, const Wanted &wanted);
+    void writeNatural(const Expression &value);
+    void writeConverted(const Expression &value, ColumnKind kind);
+    void writeName(const Expression &name);
+    void writeArithmetic(const Expression &chain);
+    void writeChainOperand(const Expression &operand, ColumnKind other, Operator operation);
+    void writeCompare(const Expression &compare);
+    void writeComparison(const Expression &left, QStringView symbol, const Expression &right);
+    void writeIn(const Expression &in);
+    void writeInQuery(const Expression &in);
+    void writeBetween(const Expression &between);
+    void writeLike(const Expression &like);
+    void writeSimilar(const Expression &like, const QString &pattern);
+    [[nodiscard]] Wanted comparedWith(const Expression &other, const Expression &own) const;
+
+    // Literals and parameters (WriterValue.cpp).
+    void writeAdapted(const Expression &value, const Wanted &wanted);
+    void writeInline(const QVariant &value, const Wanted &wanted);
+    void writeSlot(Slot slot, const Wanted &wanted, bool typed);
+    void writeMoment(Slot::Source source);
+    /// The literal's value with its sign; the plan is bound to it from then on.
+    [[nodiscard]] QVariant fixedValue(const Expression &literal);
+    /// Literal, or parameter that the options give the value of.
+    [[nodiscard]] std::optional<QVariant> knownValue(const Expression &value);
+    [[nodiscard]] bool lifts(const Expression &value, const Wanted &wanted) const;
+
+    // Functions (WriterFunctions.cpp).
+    void writeCall(const Expression &call);
+    void writeAround(QStringView before, const Expression &value, ColumnKind kind,
+                     QStringView after);
+    void writeText(const Expression &value) { writeAround({}, value, ColumnKind::Text, {}); }
+    void writeCStr(const Expression &value);
+    void writeDateText(const Expression &date);
+    void writeRoundedToEven(const Expression &value);
+    void writeDatePart(const Expression &value, QStringView part);
+    void writeDateDiff(const Expression &call);
+    void writeDateAdd(const Expression &call);
+    void writeWeekday(const Expression &value);
+    void writeFormat(const Expression &call);
+    void writeFormattedDate(const Expression &date, const QString &format);
+    void writeSwitch(const Expression &call);
+    void writeMid(const Expression &call);
+    void writeInStr(const Expression &call);
+    [[nodiscard]] QString fixedText(const Expression &argument, QStringView of);
+
+    [[noreturn]] void raise(const QString &what, const Expression &at) const;
+
+    QStringView m_statement;
+    const TranslateOptions &m_options;
+    Plan &m_plan;
+    QString m_text;
+    int m_fixed = 0; ///< inside of something where literals have to stand in the text
+
+    friend class FixedLiterals;
+    friend class Repetition;
+    int m_repetitions = 0;
+};
+
+/// Literals are written out for as long as it lives.
+class FixedLiterals
+{
+public:
+    explicit FixedLiterals(Writer &writer)
+        : m_writer(writer)
+    {
+        ++m_writer.m_fixed;
+    }
+    ~FixedLiterals() { --m_writer.m_fixed; }
+    FixedLiterals(const FixedLiterals &) = delete;
+    FixedLiterals &operator=(const FixedLiterals &) = delete;
+
+private:
+    Writer &m_writer;
+};
+
+/// Stands around the writing of an argument more than once. Refuses to be nested beyond a few
+/// levels, each of which multiplies the length of the text.
+class Repetition
+{
+public:
+    Repetition(Writer &writer, const Expression &at);
+    ~Repetition() { --m_writer.m_repetitions; }
+    Repetition(const Repetition &) = delete;
+    Repetition &operator=(const Repetition &) = delete;
+
+private:
+    Writer &m_writer;
+};
+
+} // namespace sql

@@ -1,0 +1,510 @@
+#include "platform/sql/Conversion.h"
+#include "platform/sql/Functions.h"
+#include "platform/sql/Types.h"
+#include "platform/sql/Writer.h"
+
+#include <array>
+
+namespace sql {
+
+using namespace Qt::StringLiterals;
+using Kind = Expression::Kind;
+
+namespace {
+
+/// The zero date, from which dates as numbers count.
+constexpr QStringView zeroDate = u"TIMESTAMP '1899-12-30 00:00:00'";
+
+struct Interval
+{
+    QStringView name;
+    QStringView unit; ///< of the engine
+    int units;
+};
+
+constexpr std::array intervals = {
+    Interval{u"yyyy", u"YEAR", 1}, Interval{u"q", u"MONTH", 3}, Interval{u"m", u"MONTH", 1},
+    Interval{u"y", u"DAY", 1},     Interval{u"d", u"DAY", 1},   Interval{u"w", u"DAY", 1},
+    Interval{u"ww", u"DAY", 7},    Interval{u"h", u"HOUR", 1},  Interval{u"n", u"MINUTE", 1},
+    Interval{u"s", u"SECOND", 1},
+};
+
+const Interval *findInterval(QStringView name)
+{
+    for (const Interval &interval : intervals) {
+        if (interval.name.compare(name, Qt::CaseInsensitive) == 0)
+            return &interval;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+Repetition::Repetition(Writer &writer, const Expression &at)
+    : m_writer(writer)
+{
+    if (m_writer.m_repetitions >= 3)
+        m_writer.raise(u"functions that need their argument several times are nested too deeply."_s,
+                       at);
+    ++m_writer.m_repetitions;
+}
+
+QString Writer::fixedText(const Expression &argument, QStringView of)
+{
+    const auto known = knownValue(argument);
+    if (!known || known->typeId() != QMetaType::QString)
+        raise(u"%1 has to be a text in quotes."_s.arg(of), argument);
+    return known->toString();
+}
+
+void Writer::writeAround(QStringView before, const Expression &value, ColumnKind kind,
+                         QStringView after)
+{
+    m_text += before;
+    writeValue(value, {kind, Place::Result, 0});
+    m_text += after;
+}
+
+void Writer::writeCall(const Expression &call)
+{
+    const FixedLiterals fixed(*this);
+    const auto &operands = call.operands;
+    const auto first = [&]() -> const Expression & { return *operands.front(); };
+    const auto one = [&](QStringView before, ColumnKind kind, QStringView after) {
+        writeAround(before, first(), kind, after);
+    };
+    switch (call.function->id) {
+    case FunctionId::Abs:
+        return one(u"ABS(", ColumnKind::Real, u")");
+    case FunctionId::Avg:
+        return one(u"AVG(CAST(", ColumnKind::Real, u" AS DOUBLE PRECISION))");
+    case FunctionId::Count:
+        return one(u"COUNT(", ColumnKind::Unknown, u")");
+    case FunctionId::Max:
+        return one(u"MAX(", ColumnKind::Unknown, u")");
+    case FunctionId::Min:
+        return one(u"MIN(", ColumnKind::Unknown, u")");
+    case FunctionId::Sum:
+        return one(u"SUM(", ColumnKind::Real, u")");
+    case FunctionId::CBool:
+        m_text += u"CASE ("_s;
+        writeCondition(first());
+        m_text += u") WHEN TRUE THEN -1 WHEN FALSE THEN 0 END"_s;
+        return;
+    case FunctionId::CCur:
+        return one(u"CAST(", ColumnKind::Unknown, u" AS NUMERIC(18,4))");
+    case FunctionId::CDate:
+        if (isNumber(first().type)) {
+            m_text += u'(' + zeroDate.toString();
+            return one(u" + ", ColumnKind::Real, u")");
+        }
+        return one(u"CAST(", ColumnKind::Date, u" AS TIMESTAMP)");
+    case FunctionId::DateValue:
+        return one(u"CAST(CAST(", ColumnKind::Date, u" AS DATE) AS TIMESTAMP)");
+    case FunctionId::CDbl:
+        return one(u"CAST(", ColumnKind::Real, u" AS DOUBLE PRECISION)");
+    case FunctionId::CInt:
+        return writeRoundedToEven(first());
+    case FunctionId::CStr:
+        return writeCStr(first());
+    case FunctionId::Chr:
+        return one(u"UNICODE_CHAR(", ColumnKind::Integer, u")");
+    case FunctionId::Date:
+        return writeMoment(Slot::Source::Today);
+    case FunctionId::Now:
+        return writeMoment(Slot::Source::Now);
+    case FunctionId::Time:
+        m_text += u"DATEADD(SECOND, DATEDIFF(SECOND FROM "_s;
+        writeMoment(Slot::Source::Today);
+        m_text += u" TO "_s;
+        writeMoment(Slot::Source::Now);
+        m_text += u"), "_s + zeroDate.toString() + u')';
+        return;
+    case FunctionId::DateAdd:
+        return writeDateAdd(call);
+    case FunctionId::DateDiff:
+        return writeDateDiff(call);
+    case FunctionId::DateSerial:
+        m_text += u"DATEADD(DAY, "_s;
+        writeAround({}, *operands[2], ColumnKind::Integer, u" - 1, DATEADD(MONTH, ");
+        writeAround({}, *operands[1], ColumnKind::Integer, u" - 1, DATEADD(YEAR, ");
+        writeAround({}, *operands[0], ColumnKind::Integer,
+                    u" - 1900, TIMESTAMP '1900-01-01 00:00:00')))");
+        return;
+    case FunctionId::DatePart: {
+        const QString name = fixedText(first(), u"the interval of DatePart").toLower();
+        if (name == u"w")
+            return writeWeekday(*operands[1]);
+        if (name == u"q") {
+            m_text += u"((EXTRACT(MONTH FROM "_s;
+            writeAround({}, *operands[1], ColumnKind::Date, u") + 2) / 3)");
+            return;
+        }
+        if (name == u"y") {
+            m_text += u"(EXTRACT(YEARDAY FROM "_s;
+            writeAround({}, *operands[1], ColumnKind::Date, u") + 1)");
+            return;
+        }
+        const Interval *interval = findInterval(name);
+        if (!interval || name == u"ww")
+            raise(u"this interval of DatePart is not known."_s, call);
+        return writeDatePart(*operands[1], interval->unit);
+    }
+    case FunctionId::Year:
+        return writeDatePart(first(), u"YEAR");
+    case FunctionId::Month:
+        return writeDatePart(first(), u"MONTH");
+    case FunctionId::Day:
+        return writeDatePart(first(), u"DAY");
+    case FunctionId::Hour:
+        return writeDatePart(first(), u"HOUR");
+    case FunctionId::Minute:
+        return writeDatePart(first(), u"MINUTE");
+    case FunctionId::Second:
+        return writeDatePart(first(), u"SECOND");
+    case FunctionId::Weekday:
+        return writeWeekday(first());
+    case FunctionId::Fix:
+        if (call.type == ColumnKind::Date)
+            return one(u"CAST(CAST(", ColumnKind::Date, u" AS DATE) AS TIMESTAMP)");
+        return one(u"TRUNC(", ColumnKind::Real, u")");
+    case FunctionId::Int:
+        if (call.type == ColumnKind::Date)
+            return one(u"CAST(CAST(", ColumnKind::Date, u" AS DATE) AS TIMESTAMP)");
+        return one(u"FLOOR(", ColumnKind::Real, u")");
+    case FunctionId::Round:
+        if (operands.size() == 1)
+            return writeRoundedToEven(first());
+        m_text += u"ROUND("_s;
+        writeAround({}, first(), ColumnKind::Real, u", ");
+        return writeAround({}, *operands[1], ColumnKind::Integer, u")");
+    case FunctionId::Sgn:
+        return one(u"SIGN(", ColumnKind::Real, u")");
+    case FunctionId::Sqr:
+        return one(u"SQRT(", ColumnKind::Real, u")");
+    case FunctionId::Val:
+        m_text += u"CAST(COALESCE(NULLIF(SUBSTRING(TRIM("_s;
+        writeText(first());
+        m_text += u") SIMILAR '\\\"[+\\-]?[0-9]*(.[0-9]*)?\\\"%' ESCAPE '\\'), ''), '0') "
+                  "AS DOUBLE PRECISION)"_s;
+        return;
+    case FunctionId::Format:
+        return writeFormat(call);
+    case FunctionId::IIf:
+        m_text += u"IIF("_s;
+        writeCondition(first());
+        writeAround(u", ", *operands[1], call.type, u", ");
+        writeAround({}, *operands[2], call.type, u")");
+        return;
+    case FunctionId::Switch:
+        return writeSwitch(call);
+    case FunctionId::Nz:
+        if (operands.size() == 1) {
+            one(u"COALESCE(", call.type, {});
+            m_text += isNumber(call.type) ? u", 0)"_s : u", '')"_s;
+            return;
+        }
+        one(u"COALESCE(", call.type, u", ");
+        return writeAround({}, *operands[1], call.type, u")");
+    case FunctionId::Len:
+        return one(u"CHAR_LENGTH(", ColumnKind::Text, u")");
+    case FunctionId::Left:
+        one(u"LEFT(", ColumnKind::Text, u", ");
+        return writeAround({}, *operands[1], ColumnKind::Integer, u")");
+    case FunctionId::Right:
+        one(u"RIGHT(", ColumnKind::Text, u", ");
+        return writeAround({}, *operands[1], ColumnKind::Integer, u")");
+    case FunctionId::Mid:
+        return writeMid(call);
+    case FunctionId::InStr:
+        return writeInStr(call);
+    case FunctionId::Trim:
+        return one(u"TRIM(", ColumnKind::Text, u")");
+    case FunctionId::LTrim:
+        return one(u"TRIM(LEADING FROM ", ColumnKind::Text, u")");
+    case FunctionId::RTrim:
+        return one(u"TRIM(TRAILING FROM ", ColumnKind::Text, u")");
+    case FunctionId::UCase:
+        return one(u"UPPER(", ColumnKind::Text, u")");
+    case FunctionId::LCase:
+        return one(u"LOWER(", ColumnKind::Text, u")");
+    case FunctionId::Replace:
+        one(u"REPLACE(", ColumnKind::Text, u", ");
+        writeAround({}, *operands[1], ColumnKind::Text, u", ");
+        return writeAround({}, *operands[2], ColumnKind::Text, u")");
+    case FunctionId::Space:
+        return one(u"LPAD('', ", ColumnKind::Integer, u")");
+    case FunctionId::IsNull:
+        return; // the resolver made it a condition
+    }
+}
+
+void Writer::writeCStr(const Expression &value)
+{
+    if (value.isValue() || value.type == ColumnKind::Text || value.type == ColumnKind::Unknown) {
+        if (value.isValue())
+            writeAdapted(value, {ColumnKind::Text, Place::Result, 0});
+        else
+            writeNatural(value);
+        return;
+    }
+    if (value.type == ColumnKind::Date) {
+        writeDateText(value);
+        return;
+    }
+    if (value.type == ColumnKind::Money) {
+        m_text += u"TRIM(TRAILING '.' FROM TRIM(TRAILING '0' FROM CAST("_s;
+        writeNatural(value);
+        m_text += u" AS VARCHAR(24))))"_s;
+        return;
+    }
+    if (value.type == ColumnKind::Real) {
+        // The engine writes all digits that it has, and an exponent only beyond 15 of them.
+        const Repetition repetition(*this, value);
+        m_text += u"CASE WHEN ABS("_s;
+        writeNatural(value);
+        m_text += u") < 1e15 THEN TRIM(TRAILING '.' FROM TRIM(TRAILING '0' FROM CAST(ROUND("_s;
+        writeNatural(value);
+        m_text += u", 9) AS VARCHAR(32)))) ELSE CAST("_s;
+        writeNatural(value);
+        m_text += u" AS VARCHAR(32)) END"_s;
+        return;
+    }
+    m_text += u"CAST("_s;
+    writeNatural(value);
+    m_text += u" AS VARCHAR(20))"_s;
+}
+
+void Writer::writeDateText(const Expression &date)
+{
+    // 3/9/2024, with the time behind it when there is one: 3/9/2024 2:05:00 PM.
+    const Repetition repetition(*this, date);
+    const auto part = [&](QStringView name) {
+        m_text += u"EXTRACT("_s + name.toString() + u" FROM "_s;
+        writeNatural(date);
+        m_text += u')';
+    };
+    const auto twoDigits = [&](QStringView name) {
+        m_text += u"LPAD(CAST("_s;
+        part(name);
+        m_text += u" AS INTEGER), 2, '0')"_s;
+    };
+    m_text += u'(';
+    part(u"MONTH");
+    m_text += u" || '/' || "_s;
+    part(u"DAY");
+    m_text += u" || '/' || "_s;
+    part(u"YEAR");
+    m_text += u" || IIF(CAST("_s;
+    writeNatural(date);
+    m_text += u" AS TIME) = TIME '00:00:00', '', ' ' || (MOD("_s;
+    part(u"HOUR");
+    m_text += u" + 11, 12) + 1) || ':' || "_s;
+    twoDigits(u"MINUTE");
+    m_text += u" || ':' || "_s;
+    twoDigits(u"SECOND");
+    m_text += u" || IIF("_s;
+    part(u"HOUR");
+    m_text += u" < 12, ' AM', ' PM')))"_s;
+}
+
+void Writer::writeRoundedToEven(const Expression &value)
+{
+    const bool whole = value.type == ColumnKind::Integer || value.type == ColumnKind::YesNo;
+    if (value.isValue() || whole) {
+        writeAround(u"CAST(", value, whole ? ColumnKind::Integer : ColumnKind::Real,
+                    u" AS BIGINT)");
+        return;
+    }
+    // The engine rounds halves away from zero, the dialect to the even neighbour.
+    const Repetition repetition(*this, value);
+    const Wanted number{ColumnKind::Real, Place::Result, 0};
+    m_text += u"CAST(IIF("_s;
+    writeValue(value, number);
+    m_text += u" - FLOOR("_s;
+    writeValue(value, number);
+    m_text += u") = 0.5, 2 * ROUND("_s;
+    writeValue(value, number);
+    m_text += u" / 2e0), ROUND("_s;
+    writeValue(value, number);
+    m_text += u")) AS BIGINT)"_s;
+}
+
+void Writer::writeDatePart(const Expression &value, QStringView part)
+{
+    const bool ofTime = part == u"HOUR" || part == u"MINUTE" || part == u"SECOND";
+    const bool text = value.type == ColumnKind::Text && !value.isValue();
+    const bool whole = part == u"SECOND";
+    m_text += whole ? u"CAST(FLOOR(EXTRACT("_s : u"EXTRACT("_s;
+    m_text += part;
+    m_text += u" FROM "_s;
+    if (text) {
+        // "h:mm"; a blank text has no hour.
+        m_text += u"CAST(NULLIF(TRIM("_s;
+        writeNatural(value);
+        m_text += ofTime ? u"), '') AS TIME)"_s : u"), '') AS TIMESTAMP)"_s;
+    } else {
+        writeValue(value, {ColumnKind::Date, Place::Result, 0});
+    }
+    m_text += whole ? u")) AS INTEGER)"_s : u")"_s;
+}
+
+void Writer::writeDateDiff(const Expression &call)
+{
+    const Interval *interval =
+        findInterval(fixedText(*call.operands[0], u"the interval of DateDiff"));
+    if (!interval)
+        raise(u"this interval of DateDiff is not known."_s, call);
+    const Wanted date{ColumnKind::Date, Place::Result, 0};
+    const auto difference = [&](QStringView unit) {
+        m_text += u"DATEDIFF("_s + unit.toString() + u" FROM "_s;
+        writeValue(*call.operands[1], date);
+        m_text += u" TO "_s;
+        writeValue(*call.operands[2], date);
+        m_text += u')';
+    };
+    const auto counted = [&](const Expression &operand, QStringView unit, QStringView from) {
+        m_text += u"(DATEDIFF("_s + unit.toString() + u" FROM TIMESTAMP '"_s + from.toString() +
+                  u" 00:00:00' TO "_s;
+        writeValue(operand, date);
+        m_text += u") / "_s + QString::number(interval->units) + u')';
+    };
+    if (interval->name == u"w") {
+        m_text += u'(';
+        difference(u"DAY");
+        m_text += u" / 7)"_s;
+    } else if (interval->units > 1) {
+        // Quarters that begin, or Sundays, between the two; day one of the count is such a one.
+        const QStringView from = interval->name == u"q" ? u"0001-01-01" : u"0001-01-07";
+        m_text += u'(';
+        counted(*call.operands[2], interval->unit, from);
+        m_text += u" - "_s;
+        counted(*call.operands[1], interval->unit, from);
+        m_text += u')';
+    } else {
+        difference(interval->unit);
+    }
+}
+
+void Writer::writeDateAdd(const Expression &call)
+{
+    const Interval *interval =
+        findInterval(fixedText(*call.operands[0], u"the interval of DateAdd"));
+    if (!interval)
+        raise(u"this interval of DateAdd is not known."_s, call);
+    m_text += u"DATEADD("_s + interval->unit.toString() + u", "_s;
+    if (interval->units > 1)
+        m_text += QString::number(interval->units) + u" * "_s;
+    writeAround({}, *call.operands[1], ColumnKind::Integer, u", ");
+    writeAround({}, *call.operands[2], ColumnKind::Date, u")");
+}
+
+void Writer::writeWeekday(const Expression &value)
+{
+    // Sunday is 1.
+    m_text += u'(';
+    writeDatePart(value, u"WEEKDAY");
+    m_text += u" + 1)"_s;
+}
+
+void Writer::writeFormat(const Expression &call)
+{
+    const Expression &value = *call.operands[0];
+    const QString format = fixedText(*call.operands[1], u"the format");
+    const bool digits = format.startsWith(u'0') && format.count(u'.') <= 1;
+    if (!digits || QString(format).remove(u'.').remove(u'0').size() != 0) {
+        writeFormattedDate(value, format);
+        return;
+    }
+    const qsizetype point = format.indexOf(u'.');
+    const qsizetype decimals = point < 0 ? 0 : format.size() - point - 1;
+    if (decimals > 8 || point > 1 || (point < 0 && format.size() > 1))
+        raise(u"this format is not known."_s, call);
+    m_text += u"TRIM(CAST(CAST("_s;
+    writeValue(value, {ColumnKind::Real, Place::Result, 0});
+    m_text += u" AS NUMERIC(18,"_s + QString::number(decimals) + u")) AS VARCHAR(24)))"_s;
+}
+
+void Writer::writeFormattedDate(const Expression &date, const QString &format)
+{
+    static constexpr std::array<std::pair<QStringView, QStringView>, 13> parts = {{
+        {u"yyyy", u"YEAR"},
+        {u"yy", u"YEAR"},
+        {u"mm", u"MONTH"},
+        {u"m", u"MONTH"},
+        {u"dd", u"DAY"},
+        {u"d", u"DAY"},
+        {u"hh", u"HOUR"},
+        {u"h", u"HOUR"},
+        {u"nn", u"MINUTE"},
+        {u"n", u"MINUTE"},
+        {u"ss", u"SECOND"},
+        {u"s", u"SECOND"},
+        {u"", u""},
+    }};
+    const Repetition repetition(*this, date);
+    QStringView rest = format;
+    bool afterHour = false;
+    m_text += u'(';
+    for (bool first = true; !rest.isEmpty(); first = false) {
+        if (!first)
+            m_text += u" || "_s;
+        const QChar letter = rest.front().toLower();
+        if (!letter.isLetter()) {
+            m_text += letter == u'\'' ? u"''''"_s : u'\'' + QString(letter) + u'\'';
+            rest = rest.sliced(1);
+            continue;
+        }
+        qsizetype run = 1;
+        while (run < rest.size() && rest[run].toLower() == letter)
+            ++run;
+        QString sign(run, letter);
+        rest = rest.sliced(run);
+        // "mm" behind the hour means minutes.
+        if (letter == u'm' && afterHour)
+            sign.replace(u'm', u'n');
+        afterHour = letter == u'h';
+        const auto part = std::ranges::find(parts, QStringView(sign),
+                                            [](const auto &entry) { return entry.first; });
+        if (part == parts.end())
+            raise(u"this format is not known."_s, date);
+        const bool padded = sign.size() == 2;
+        m_text += padded ? u"RIGHT('0' || "_s : QString();
+        writeDatePart(date, part->second);
+        m_text += padded ? u", 2)"_s : QString();
+    }
+    m_text += u')';
+}
+
+void Writer::writeSwitch(const Expression &call)
+{
+    m_text += u"CASE"_s;
+    for (std::size_t i = 0; i + 1 < call.operands.size(); i += 2) {
+        m_text += u" WHEN "_s;
+        writeCondition(*call.operands[i]);
+        writeAround(u" THEN ", *call.operands[i + 1], call.type, {});
+    }
+    m_text += u" END"_s;
+}
+
+void Writer::writeMid(const Expression &call)
+{
+    writeAround(u"SUBSTRING(", *call.operands[0], ColumnKind::Text, u" FROM ");
+    writeAround({}, *call.operands[1], ColumnKind::Integer, {});
+    if (call.operands.size() > 2)
+        writeAround(u" FOR ", *call.operands[2], ColumnKind::Integer, {});
+    m_text += u')';
+}
+
+void Writer::writeInStr(const Expression &call)
+{
+    const bool starts = call.operands.size() == 3;
+    const std::size_t text = starts ? 1 : 0;
+    writeAround(u"POSITION(", *call.operands[text + 1], ColumnKind::Text, u", ");
+    writeText(*call.operands[text]);
+    if (starts)
+        writeAround(u", ", *call.operands[0], ColumnKind::Integer, {});
+    m_text += u')';
+}
+
+} // namespace sql

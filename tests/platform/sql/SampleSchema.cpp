@@ -1,0 +1,97 @@
+#include "SampleSchema.h"
+
+#include "platform/sql/Parser.h"
+
+#include <QFile>
+
+namespace test {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString contents(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("%s is missing", qPrintable(path));
+    return QString::fromUtf8(file.readAll());
+}
+
+} // namespace
+
+sql::Schema schemaOf(const QStringList &statements)
+{
+    sql::Schema schema;
+    for (const QString &statement : statements) {
+        const sql::Statement tree = sql::Parser(statement).parseStatement();
+        if (!tree.definition || tree.definition->kind != sql::Definition::Kind::CreateTable)
+            continue;
+        sql::Table table;
+        table.name = tree.definition->table.toString();
+        for (const sql::ColumnDefinition &definition : tree.definition->columns) {
+            sql::Column column;
+            column.name = definition.name.toString();
+            column.kind = definition.type.kind;
+            column.length = definition.type.length;
+            column.autoNumber = definition.type.autoNumber;
+            column.defaultsToToday = definition.defaultValue
+                                     && definition.defaultValue->text.compare(
+                                            u"date"_s, Qt::CaseInsensitive) == 0;
+            table.columns.push_back(std::move(column));
+        }
+        schema.add(std::move(table));
+    }
+    return schema;
+}
+
+QStringList statementsOf(const QString &script)
+{
+    QStringList statements;
+    QString statement;
+    for (const QString &line : script.split(u'\n')) {
+        if (line.startsWith(u"--"_s))
+            continue;
+        statement += line + u'\n';
+        if (line.trimmed().endsWith(u';')) {
+            statements += statement.trimmed();
+            statement.clear();
+        }
+    }
+    return statements;
+}
+
+QStringList shippedSchema()
+{
+    return statementsOf(contents(QStringLiteral(SCHEMA_SCRIPT)));
+}
+
+QStringList shippedStatements()
+{
+    QStringList statements;
+    for (const QString &line : contents(QStringLiteral(STATEMENTS_FILE)).split(u'\n')) {
+        if (!line.trimmed().isEmpty())
+            statements += line;
+    }
+    return statements;
+}
+
+QStringList machineTables()
+{
+    return {
+        u"create table Machine (Id counter primary key, Name nvarchar(20), [Year] long, "
+        "Hours double, Cost currency, Bought datetime, Sold yesno, Picture longbinary, "
+        "[Note] memo, Added datetime default Date())"_s,
+        u"create table Job (JobNo long, Machine long, Code nvarchar(10), Due datetime, Done yesno, "
+        "Price money)"_s,
+        u"create table Part (Code nvarchar(10), Job long, Quantity long, Spare yesno)"_s,
+    };
+}
+
+const sql::Schema &machineSchema()
+{
+    static const sql::Schema schema = schemaOf(machineTables());
+    return schema;
+}
+
+} // namespace test
