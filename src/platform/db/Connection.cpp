@@ -4,6 +4,7 @@
 #include "platform/db/Attachment.h"
 #include "platform/db/Catalogue.h"
 #include "platform/db/Peers.h"
+#include "platform/db/Statement.h"
 #include "platform/db/StatementCache.h"
 #include "platform/sql/Conversion.h"
 

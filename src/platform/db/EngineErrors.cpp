@@ -16,9 +16,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// The engine's headers have no names for these.
+/// The engine's headers have no name for this one.
 constexpr ISC_STATUS indexKeyTooBig = 336068726;
-constexpr ISC_STATUS nullsInColumn = 335544989;
 
 /// One message of a status vector.
 struct Message
@@ -138,6 +137,22 @@ private:
         return plainName(next->arguments.first());
     }
 
+    /// The operating system's reason for a failure, 0 when there is none. A server sends it as
+    /// text.
+    [[nodiscard]] int systemError() const
+    {
+        for (const Message &message : m_messages) {
+            if (message.systemError != 0)
+                return message.systemError;
+            for (const int reason :
+                 {ENOENT, ENOTDIR, EACCES, EPERM, EROFS, EISDIR, ENOSPC, EDQUOT, EFBIG}) {
+                if (message.arguments.contains(fromEngine(std::strerror(reason))))
+                    return reason;
+            }
+        }
+        return 0;
+    }
+
     [[nodiscard]] std::optional<DbError> lockError() const
     {
         if (has({isc_obj_in_use}))
@@ -158,10 +173,8 @@ private:
             if (has({isc_already_opened, isc_file_in_use}))
                 return DbError(ErrorNumber::FileInUse,
                                u"The database is in use by another program: %1"_s.arg(file));
-            const auto caused = std::find_if(m_messages.begin(), m_messages.end(),
-                                             [](const Message &m) { return m.systemError != 0; });
-            if (caused != m_messages.end())
-                return fileError(caused->systemError, file);
+            if (const int reason = systemError())
+                return fileError(reason, file);
             // An empty or cut file: the engine finds its end where a page should be.
             if (io->arguments.value(0) == u"read"_s)
                 return notADatabase();
@@ -206,7 +219,7 @@ private:
             return DbError(ErrorNumber::Syntax, u"There is no index of that name."_s);
         if (has({isc_keytoobig, isc_key_too_big, indexKeyTooBig}))
             return DbError(ErrorNumber::Syntax, u"The texts of the index are too long."_s);
-        if (const Message *column = find({nullsInColumn}))
+        if (const Message *column = find({isc_cannot_make_not_null}))
             return DbError(ErrorNumber::NullNotAllowed,
                            u"The field %1 is empty in some records."_s.arg(nameAfter(column)));
         // A column's name is a key in the engine's own catalogue.

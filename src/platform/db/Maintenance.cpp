@@ -66,6 +66,8 @@ void backupToPortable(const QString &source, const QString &destination)
     task.tag(isc_action_svc_backup);
     task.text(isc_spb_dbname, source);
     task.text(isc_spb_bkp_file, destination);
+    // Old versions of rows stay in the source, which is to be left as it is.
+    task.number(isc_spb_options, isc_spb_bkp_no_garbage_collect);
     refuseFailure(service.run(task));
 }
 

@@ -1,8 +1,13 @@
 #include "platform/db/StatementCache.h"
 
+#include "platform/db/Statement.h"
+
 #include <algorithm>
 
 namespace db {
+
+CachedPlan::CachedPlan() = default;
+CachedPlan::~CachedPlan() = default;
 
 CachedPlan *Shape::find(const std::vector<sql::Literal> &literals) const
 {

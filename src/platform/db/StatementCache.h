@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/db/Statement.h"
 #include "platform/sql/Translator.h"
 
 #include <QHash>
@@ -12,9 +11,16 @@
 
 namespace db {
 
+namespace engine {
+class Statement;
+}
+
 /// A translated statement and what the engine compiled from it.
 struct CachedPlan
 {
+    CachedPlan();
+    ~CachedPlan();
+
     sql::Plan plan;
     std::vector<QVariant> fixedValues; ///< values of the plan's fixed literals
     std::unique_ptr<engine::Statement> statement;

@@ -1,24 +1,281 @@
 #include "platform/db/Connection.h"
 
+#include "platform/db/Errors.h"
 #include "platform/db/TestDatabase.h"
+#include "support/TestEnvironment.h"
 
+#include <QFile>
 #include <gtest/gtest.h>
 
 namespace {
-using namespace Qt::StringLiterals;
 
-TEST(Connection, Works)
+using namespace Qt::StringLiterals;
+using test::raisedBy;
+namespace ErrorNumber = db::ErrorNumber;
+
+/// A database with parts and machines.
+class Connection : public testing::Test
 {
-    test::TestDatabase database;
-    db::Connection c = database.connect();
-    try {
-        c.Execute(u"Create table tblPart (PartID varchar(20), Price double precision)"_s);
-        c.Execute(u"Insert into tblPart(PartID, Price) Values('A', 3)"_s);
-        db::Recordset rs = c.Open(u"Select PartID, Price from tblPart where PartID = 'a'"_s);
-        ASSERT_EQ(rs.RecordCount(), 1);
-    } catch (const db::DbError &e) {
-        FAIL() << e.what() << e.number() << e.statement().toStdString();
+protected:
+    Connection()
+        : data(database.connect())
+    {
+        data.Execute(u"Create table tblPart (PartID text(20) not null primary key, "
+                     "Description text(50), Quantity integer, Price currency, Inactive yesno)"_s);
+        data.Execute(u"Create table tblSite (SiteID counter primary key, SiteName text(40))"_s);
     }
+
+    void addPart(const QString &id, int quantity, double price)
+    {
+        data.Execute(
+            u"Insert into tblPart(PartID, Description, Quantity, Price) Values(?, ?, ?, ?)"_s,
+            {id, u"Part "_s + id, quantity, price});
+    }
+    qint64 count(const QString &table)
+    {
+        return data.Open(u"Select count(*) as n from "_s + table).row(0).integer(u"n");
+    }
+
+    test::TestDatabase database;
+    db::Connection data;
+};
+
+TEST_F(Connection, RefusesAMissingFileAndWhatIsNoDatabase)
+{
+    db::Target target = database.target();
+    target.file = database.folder() + u"/none.mdb"_s;
+    const db::DbError missing = raisedBy([&] { db::Connection{target}; });
+    EXPECT_EQ(missing.number(), ErrorNumber::FileMissing);
+    EXPECT_TRUE(missing.description().contains(target.file)) << missing.what();
+    EXPECT_FALSE(QFile::exists(target.file));
+
+    for (const QByteArray &content :
+         {QByteArray(), QByteArray("[settings]\n"), QByteArray(50000, 'x')}) {
+        QFile file(target.file);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+        file.close();
+        EXPECT_EQ(raisedBy([&] { db::Connection{target}; }).number(), ErrorNumber::NotADatabase)
+            << content.size();
+    }
+}
+
+TEST_F(Connection, AnUnreachableHostIsToldFromABadFile)
+{
+    db::Target target = database.target();
+    target.host = u"127.0.0.1/1"_s;
+    EXPECT_EQ(raisedBy([&] { db::Connection{target}; }).number(), ErrorNumber::ServerUnreachable);
+}
+
+TEST_F(Connection, ErrorsCarryTheStatementAndTheSystemsNumbers)
+{
+    addPart(u"A-1"_s, 5, 1);
+    struct Case
+    {
+        QString statement;
+        int number;
+        QString mentions;
+    };
+    const Case cases[] = {
+        {u"Select * from tblNone"_s, ErrorNumber::TableUnknown, u"tblNone"_s},
+        {u"Select Prise from tblPart"_s, ErrorNumber::ValueMissing, u"Prise"_s},
+        {u"Select PartID from tblPart where Prise = 3"_s, ErrorNumber::ValueMissing, u"Prise"_s},
+        {u"Select from from tblPart"_s, ErrorNumber::Syntax, {}},
+        {u"Select PartID from tblPart where PartID = 'x"_s, ErrorNumber::Syntax, {}},
+        {u""_s, ErrorNumber::Syntax, {}},
+        {u"Insert into tblPart(PartID) values('A-1')"_s, ErrorNumber::DuplicateKey, {}},
+        {u"Insert into tblPart(Description) values('x')"_s, ErrorNumber::NullNotAllowed,
+         u"PartID"_s},
+        {u"Update tblPart set PartID = Null"_s, ErrorNumber::NullNotAllowed, u"PartID"_s},
+        {u"Update tblPart set Quantity = 'five'"_s, ErrorNumber::TypeMismatch, u"five"_s},
+        {u"Update tblPart set Quantity = 3000000000"_s, ErrorNumber::Overflow, {}},
+        {u"Select Price * 1E300 * 1E300 as n from tblPart"_s, ErrorNumber::Overflow, {}},
+        {u"Select Price / 0 as n from tblPart"_s, ErrorNumber::DivisionByZero, {}},
+        {u"Insert into tblPart(PartID) values('123456789012345678901')"_s,
+         ErrorNumber::TextTooLong,
+         {}},
+        {u"Create table tblPart (a integer)"_s, ErrorNumber::TableExists, u"Table"_s},
+        {u"Select PartID from tblPart where PartID = ?"_s, ErrorNumber::ValueMissing, {}},
+    };
+    for (const Case &c : cases) {
+        const db::DbError error = raisedBy([&] { (void)data.Open(c.statement); });
+        EXPECT_EQ(error.number(), c.number) << c.statement.toStdString() << '\n' << error.what();
+        EXPECT_EQ(error.statement(), c.statement);
+        EXPECT_FALSE(error.description().isEmpty());
+        EXPECT_TRUE(error.description().contains(c.mentions, Qt::CaseInsensitive))
+            << c.statement.toStdString() << '\n'
+            << error.what();
+    }
+    EXPECT_EQ(count(u"tblPart"_s), 1);
+    EXPECT_TRUE(raisedBy([&] { data.Execute(u"Create table TBLPART (a integer)"_s); })
+                    .description()
+                    .startsWith(u"Table"_s));
+}
+
+TEST_F(Connection, AFailureLeavesTheConnectionUsable)
+{
+    EXPECT_THROW(data.Execute(u"Insert into tblPart(PartID) values(Null)"_s), db::DbError);
+    data.BeginTrans();
+    addPart(u"A"_s, 1, 1);
+    EXPECT_THROW(addPart(u"A"_s, 1, 1), db::DbError);
+    EXPECT_TRUE(data.InTransaction());
+    addPart(u"B"_s, 1, 1);
+    data.CommitTrans();
+    EXPECT_EQ(count(u"tblPart"_s), 2);
+}
+
+TEST_F(Connection, ExecuteTellsHowManyRowsChanged)
+{
+    for (int i = 0; i < 5; ++i)
+        addPart(QString::number(i), i, 1.5);
+    EXPECT_EQ(data.Execute(u"Update tblPart set Price = 2 where Quantity > 2"_s), 2);
+    EXPECT_EQ(data.Execute(u"Update tblPart set Price = 2 where Quantity > 99"_s), 0);
+    EXPECT_EQ(data.Execute(u"Delete from tblPart where Quantity < ?"_s, {2}), 2);
+    EXPECT_EQ(data.Execute(u"Create table tblNew (a integer)"_s), 0);
+    EXPECT_EQ(data.Execute(u"Insert into tblNew(a) select Quantity from tblPart"_s), 3);
+    EXPECT_EQ(data.Execute(u"delete * from tblNew"_s), 3);
+}
+
+TEST_F(Connection, OpenOfAStatementWithoutRowsRunsItAndGivesAnEmptyRecordset)
+{
+    const db::Recordset rs = data.Open(u"Insert into tblSite(SiteName) values('North')"_s);
+    EXPECT_TRUE(rs.IsEOF() && rs.IsBOF());
+    EXPECT_EQ(rs.columnCount(), 0);
+    EXPECT_EQ(count(u"tblSite"_s), 1);
+}
+
+TEST_F(Connection, InsertGivesTheNewKeyBack)
+{
+    EXPECT_EQ(data.Insert(u"Insert into tblSite(SiteName) Values(?)"_s, {u"North"_s}, u"SiteID"_s),
+              1);
+    EXPECT_EQ(data.Insert(u"Insert into tblSite(SiteName) Values('South')"_s, {}, u"siteid"_s), 2);
+    data.BeginTrans();
+    const qint64 lost =
+        data.Insert(u"Insert into tblSite(SiteName) Values('East')"_s, {}, u"SiteID"_s);
+    data.RollbackTrans();
+    const qint64 next =
+        data.Insert(u"Insert into tblSite(SiteName) Values('West')"_s, {}, u"SiteID"_s);
+    EXPECT_EQ(lost, 3);
+    EXPECT_GT(next, lost);
+    EXPECT_EQ(data.Open(u"Select max(SiteID) as m from tblSite"_s).row(0).integer(u"m"), next);
+}
+
+TEST_F(Connection, ParametersAndLiteralsMeanTheSame)
+{
+    addPart(u"O'Neil \"7\""_s, 3, 2.25);
+    addPart(u"blade"_s, 4, 2);
+    const auto found = [this](const QString &where, const QVariantList &values = {}) {
+        QStringList ids;
+        for (const db::Row row : data.Open(
+                 u"Select PartID from tblPart where "_s + where + u" order by PartID"_s, values))
+            ids << row.text(u"PartID");
+        return ids.join(u',');
+    };
+    EXPECT_EQ(found(u"PartID = 'O''Neil \"7\"'"_s), u"O'Neil \"7\""_s);
+    EXPECT_EQ(found(u"PartID = ?"_s, {u"o'neil \"7\""_s}), u"O'Neil \"7\""_s);
+    EXPECT_EQ(found(u"PartID = 'BLADE'"_s), u"blade"_s);
+    EXPECT_EQ(found(u"Quantity = '4'"_s), u"blade"_s);
+    EXPECT_EQ(found(u"Quantity = ?"_s, {u"4"_s}), u"blade"_s);
+    EXPECT_EQ(found(u"Price = 2.25"_s), u"O'Neil \"7\""_s);
+    EXPECT_EQ(found(u"Price > ?"_s, {2}), u"O'Neil \"7\""_s);
+    EXPECT_EQ(found(u"Quantity between ? and 4"_s, {3.0}), u"blade,O'Neil \"7\""_s);
+    EXPECT_EQ(found(u"Quantity in (4, ?)"_s, {77}), u"blade"_s);
+}
+
+TEST_F(Connection, ValuesBeyondAColumnAreJustNotFound)
+{
+    addPart(u"A"_s, 1, 1);
+    const QString longText(300, u'x');
+    EXPECT_TRUE(data.Open(u"Select * from tblPart where PartID = ?"_s, {longText}).isEmpty());
+    EXPECT_TRUE(
+        data.Open(u"Select * from tblPart where PartID = '"_s + longText + u"'"_s).isEmpty());
+    EXPECT_TRUE(data.Open(u"Select * from tblPart where PartID like ?"_s, {u'*' + longText + u'*'})
+                    .isEmpty());
+    EXPECT_TRUE(
+        data.Open(u"Select * from tblPart where Quantity = ?"_s, {5'000'000'000LL}).isEmpty());
+    EXPECT_TRUE(data.Open(u"Select * from tblPart where Quantity = 5000000000"_s).isEmpty());
+    EXPECT_EQ(data.Open(u"Select * from tblPart where Quantity < 5000000000"_s).RecordCount(), 1);
+    EXPECT_EQ(data.Execute(u"Update tblPart set Price = 7 where PartID <> ?"_s, {longText}), 1);
+}
+
+TEST_F(Connection, PatternsInEveryForm)
+{
+    for (const auto &id : {u"A1"_s, u"A2x"_s, u"b#"_s, u"50%"_s, u"5_0"_s})
+        addPart(id, 1, 1);
+    const auto found = [this](const QString &pattern) {
+        QStringList byParameter;
+        for (const db::Row row : data.Open(
+                 u"Select PartID from tblPart where PartID like ? order by PartID"_s, {pattern}))
+            byParameter << row.text(u"PartID");
+        QStringList byLiteral;
+        for (const db::Row row : data.Open(u"Select PartID from tblPart where PartID like '"_s +
+                                           pattern + u"' order by PartID"_s))
+            byLiteral << row.text(u"PartID");
+        EXPECT_EQ(byParameter, byLiteral) << pattern.toStdString();
+        return byParameter;
+    };
+    EXPECT_EQ(found(u"a*"_s), (QStringList{u"A1"_s, u"A2x"_s}));
+    EXPECT_EQ(found(u"?1"_s), (QStringList{u"A1"_s}));
+    EXPECT_EQ(found(u"*%"_s), (QStringList{u"50%"_s}));
+    EXPECT_EQ(found(u"?_?"_s), (QStringList{u"5_0"_s}));
+    EXPECT_EQ(found(u"A#*"_s), (QStringList{u"A1"_s, u"A2x"_s}));
+    EXPECT_EQ(found(u"[ab]*"_s).size(), 3);
+    EXPECT_EQ(found(u"b[#]"_s), (QStringList{u"b#"_s}));
+}
+
+TEST_F(Connection, NowAndTodayComeFromTheEnvironmentsClock)
+{
+    test::TestEnvironment environment;
+    addPart(u"A"_s, 1, 1);
+    const auto clock = [this] {
+        return data.Open(u"Select Now() as n, Date() as d from tblPart"_s).row(0);
+    };
+    EXPECT_EQ(clock().date(u"n"), base::wallClock(QDate(2024, 3, 15), QTime(9, 30)));
+    EXPECT_EQ(clock().date(u"d"), base::wallClock(QDate(2024, 3, 15)));
+    environment.addDays(1);
+    EXPECT_EQ(clock().date(u"n"), base::wallClock(QDate(2024, 3, 16), QTime(9, 30)));
+}
+
+TEST_F(Connection, ColumnsKeepTheNamesOfTheStatement)
+{
+    addPart(u"A"_s, 1, 1);
+    const db::Recordset rs =
+        data.Open(u"Select PartID, Price as [Unit Price], Quantity as "
+                  "[A caption that is longer than any name in the engine's own catalogue] "
+                  "from tblPart"_s);
+    EXPECT_EQ(rs.columnName(0), u"PartID"_s);
+    EXPECT_EQ(rs.columnName(1), u"Unit Price"_s);
+    EXPECT_EQ(rs.columnName(2),
+              u"A caption that is longer than any name in the engine's own catalogue"_s);
+    EXPECT_EQ(rs.columnKind(1), sql::ColumnKind::Money);
+    EXPECT_EQ(data.Open(u"Select Inactive from tblPart"_s).columnKind(0), sql::ColumnKind::YesNo);
+}
+
+TEST_F(Connection, TheSchemaShowsTablesAsTheyAre)
+{
+    const sql::Table *part = data.schema().find(u"TBLPART");
+    ASSERT_NE(part, nullptr);
+    EXPECT_EQ(part->name, u"tblPart"_s);
+    ASSERT_EQ(part->columns.size(), 5U);
+    EXPECT_EQ(part->columns[0].name, u"PartID"_s);
+    EXPECT_EQ(part->find(u"description")->length, 50);
+    EXPECT_EQ(part->find(u"Price")->kind, sql::ColumnKind::Money);
+    EXPECT_EQ(part->find(u"Inactive")->kind, sql::ColumnKind::YesNo);
+    EXPECT_TRUE(data.schema().find(u"tblSite")->find(u"SiteID")->autoNumber);
+    EXPECT_FALSE(part->find(u"Quantity")->autoNumber);
+    EXPECT_EQ(data.schema().find(u"RDB$RELATIONS"), nullptr);
+
+    data.Execute(u"Alter table tblSite add column Zip text(10)"_s);
+    EXPECT_NE(data.schema().find(u"tblSite")->find(u"Zip"), nullptr);
+}
+
+TEST_F(Connection, MovesLikeAValue)
+{
+    addPart(u"A"_s, 1, 1);
+    db::Connection other = std::move(data);
+    EXPECT_EQ(other.Open(u"Select PartID from tblPart"_s).RecordCount(), 1);
+    data = database.connect();
+    EXPECT_EQ(count(u"tblPart"_s), 1);
 }
 
 } // namespace

@@ -1,0 +1,85 @@
+#include "platform/db/EngineErrors.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+
+/// Failures that a test can't bring about; the others are tested where they happen.
+namespace {
+
+using namespace Qt::StringLiterals;
+namespace ErrorNumber = db::ErrorNumber;
+
+// Kinds of items in a status vector, and codes of the engine.
+constexpr intptr_t end = 0;
+constexpr intptr_t code = 1;
+constexpr intptr_t text = 2;
+constexpr intptr_t number = 4;
+constexpr intptr_t systemError = 7;
+constexpr intptr_t state = 19;
+
+intptr_t words(const char *value)
+{
+    return reinterpret_cast<intptr_t>(value);
+}
+
+db::DbError errorOf(std::vector<intptr_t> status)
+{
+    status.push_back(end);
+    return db::engine::errorFrom(status.data());
+}
+
+TEST(ErrorFrom, TellsFailuresOfTheFileByTheSystemsReason)
+{
+    struct Case
+    {
+        int reason;
+        int number;
+    };
+    for (const Case c :
+         {Case{ENOSPC, ErrorNumber::DiskFull}, Case{EDQUOT, ErrorNumber::DiskFull},
+          Case{EFBIG, ErrorNumber::DiskFull}, Case{ENOENT, ErrorNumber::FileMissing},
+          Case{EACCES, ErrorNumber::FileAccess}, Case{EROFS, ErrorNumber::FileAccess},
+          Case{EIO, ErrorNumber::Unspecified}}) {
+        const db::DbError error =
+            errorOf({code, 335544344, text, words("write"), text, words("/data/q.mdb"), code,
+                     335544737, systemError, c.reason});
+        EXPECT_EQ(error.number(), c.number) << c.reason;
+        EXPECT_TRUE(error.description().contains(u"/data/q.mdb"_s)) << error.what();
+    }
+}
+
+TEST(ErrorFrom, AFileThatAnotherProgramHoldsIsPermissionDenied)
+{
+    const db::DbError error = errorOf({code, 335544344, text, words("open"), text,
+                                       words("/data/q.mdb"), code, 335544734, code, 335545107});
+    EXPECT_EQ(error.number(), 70);
+}
+
+TEST(ErrorFrom, ReadOnlyDatabaseAndLostConnection)
+{
+    EXPECT_EQ(errorOf({code, 335544765}).number(), ErrorNumber::ReadOnly);
+    EXPECT_EQ(errorOf({code, 335544741}).number(), ErrorNumber::ServerUnreachable);
+    EXPECT_EQ(errorOf({code, 335544726}).number(), ErrorNumber::ServerUnreachable);
+    EXPECT_EQ(errorOf({code, 335544472}).number(), ErrorNumber::LoginRefused);
+    EXPECT_EQ(errorOf({code, 335544335, text, words("page 5")}).number(),
+              ErrorNumber::NotADatabase);
+}
+
+TEST(ErrorFrom, AConflictCountsEvenWhenTheStatementsFailureComesFirst)
+{
+    const db::DbError error =
+        errorOf({code, 335544351, state, words("40001"), code, 335544345, number, 7});
+    EXPECT_EQ(error.number(), ErrorNumber::LockConflict);
+    EXPECT_EQ(error.description(), u"Another workstation is changing this record. Please try again "
+                                   "in a moment."_s);
+}
+
+TEST(ErrorFrom, WhatNobodyForesawKeepsTheEnginesWords)
+{
+    const db::DbError error = errorOf({code, 335544382, text, words("the moon is full")});
+    EXPECT_EQ(error.number(), ErrorNumber::Unspecified);
+    EXPECT_EQ(error.description(), u"the moon is full"_s);
+}
+
+} // namespace

@@ -1,0 +1,70 @@
+#include "platform/db/EngineHome.h"
+
+#include "platform/db/HelperProcess.h"
+#include "platform/db/Maintenance.h"
+#include "platform/db/TestDatabase.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using test::HelperProcess;
+
+QProcessEnvironment withHome(const QString &folder)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"QUORVANTIS_ENGINE"_s, folder);
+    return environment;
+}
+
+TEST(EngineHome, IsMadeOnceByProgramsThatStartTogether)
+{
+    const QTemporaryDir folder;
+    const QString home = folder.filePath(u"a/b/engine"_s);
+    std::vector<std::unique_ptr<HelperProcess>> programs;
+    for (int i = 0; i < 6; ++i)
+        programs.push_back(std::make_unique<HelperProcess>(
+            u"create"_s, folder.filePath(u"%1.mdb"_s.arg(i)), withHome(home)));
+    for (const auto &program : programs)
+        EXPECT_EQ(program->line(), u"created"_s);
+    // Links and settings, the engine's log and the locks; nothing that was on its way into place.
+    for (const QString &name : QDir(home).entryList(QDir::AllEntries | QDir::NoDotAndDotDot))
+        EXPECT_FALSE(name.contains(QRegularExpression(u"\\.\\d+$"_s))) << name.toStdString();
+    EXPECT_TRUE(QFileInfo(home + u"/plugins"_s).isSymbolicLink());
+    EXPECT_TRUE(QFileInfo(home + u"/lock"_s).isDir());
+}
+
+TEST(EngineHome, RepairsALinkThatLeadsNowhereAndOldSettings)
+{
+    const QTemporaryDir folder;
+    const QString home = folder.filePath(u"engine"_s);
+    ASSERT_TRUE(QDir().mkpath(home));
+    ASSERT_TRUE(QFile::link(u"/nowhere/at/all"_s, home + u"/plugins"_s));
+    QFile settings(home + u"/firebird.conf"_s);
+    ASSERT_TRUE(settings.open(QIODevice::WriteOnly));
+    settings.write("ServerMode = Super\n");
+    settings.close();
+    HelperProcess program(u"create"_s, folder.filePath(u"x.mdb"_s), withHome(home));
+    EXPECT_EQ(program.line(), u"created"_s);
+    ASSERT_TRUE(settings.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(settings.readAll().contains("ServerMode = SuperClassic"));
+}
+
+TEST(EngineHome, AFolderThatCanNotBeMadeIsToldInWords)
+{
+    const QTemporaryDir folder;
+    QFile inTheWay(folder.filePath(u"engine"_s));
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    HelperProcess program(u"create"_s, folder.filePath(u"x.mdb"_s), withHome(inTheWay.fileName()));
+    EXPECT_TRUE(program.line().contains(inTheWay.fileName()));
+    EXPECT_FALSE(QFile::exists(folder.filePath(u"x.mdb"_s)));
+}
+
+} // namespace

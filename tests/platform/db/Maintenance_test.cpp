@@ -1,0 +1,251 @@
+#include "platform/db/Maintenance.h"
+
+#include "platform/db/Errors.h"
+#include "platform/db/HelperProcess.h"
+#include "platform/db/TestDatabase.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using test::HelperProcess;
+using test::raisedBy;
+namespace ErrorNumber = db::ErrorNumber;
+
+class Maintenance : public testing::Test
+{
+protected:
+    Maintenance()
+    {
+        db::Connection data = database.connect();
+        data.Execute(
+            u"Create table tblLog (ID counter primary key, Name text(30), Flag yesno, Picture longbinary)"_s);
+        data.Execute(u"Create index iName on tblLog (Name)"_s);
+        data.BeginTrans();
+        for (int i = 0; i < 500; ++i)
+            data.Execute(u"Insert into tblLog(Name, Flag, Picture) values(?, '1', ?)"_s,
+                         {u"Name %1"_s.arg(i), QByteArray(2000, static_cast<char>(i))});
+        data.CommitTrans();
+    }
+
+    [[nodiscard]] QString path(const QString &name) const
+    {
+        return database.folder() + u'/' + name;
+    }
+    /// The names of all files beside the database.
+    [[nodiscard]] QStringList files() const
+    {
+        return QDir(database.folder()).entryList(QDir::Files);
+    }
+    [[nodiscard]] static QByteArray fingerprint(const QString &file)
+    {
+        QFile opened(file);
+        EXPECT_TRUE(opened.open(QIODevice::ReadOnly)) << file.toStdString();
+        return QCryptographicHash::hash(opened.readAll(), QCryptographicHash::Sha256);
+    }
+    /// A copy is whole when it opens, finds the same rows by its index and by hand, and takes rows.
+    void expectWhole(const QString &file, int atLeast = 500) const
+    {
+        db::Target target = database.target();
+        target.file = file;
+        {
+            db::Connection copy(target);
+            const qint64 rows =
+                copy.Open(u"Select count(*) as n from tblLog"_s).row(0).integer(u"n");
+            EXPECT_GE(rows, atLeast);
+            EXPECT_EQ(copy.Open(u"Select Picture from tblLog where Name = 'NAME 77'"_s).value(0, 0),
+                      QVariant(QByteArray(2000, 'M')));
+            const qint64 id =
+                copy.Insert(u"Insert into tblLog(Name, Flag) values('new', '1')"_s, {}, u"ID"_s);
+            EXPECT_GT(id, rows);
+            EXPECT_EQ(copy.Open(u"Select Flag from tblLog where ID = ?"_s, {id}).value(0, 0),
+                      QVariant(-1LL));
+            copy.Execute(u"Create table tblNew (Name text(10))"_s);
+            copy.Execute(u"Insert into tblNew(Name) values('Abc')"_s);
+            EXPECT_EQ(copy.Open(u"Select Name from tblNew where Name = 'aBC'"_s).RecordCount(), 1);
+        }
+        EXPECT_EQ(db::validate(file), QStringList());
+    }
+
+    test::TestDatabase database;
+};
+
+TEST_F(Maintenance, CreateRefusesAFileThatExists)
+{
+    const QByteArray before = fingerprint(database.file());
+    EXPECT_EQ(raisedBy([&] { db::createDatabase(database.target()); }).number(),
+              ErrorNumber::FileExists);
+    EXPECT_EQ(fingerprint(database.file()), before);
+    db::Target target = database.target();
+    target.file = path(u"no folder/new.mdb"_s);
+    EXPECT_EQ(raisedBy([&] { db::createDatabase(target); }).number(), ErrorNumber::FileMissing);
+}
+
+TEST_F(Maintenance, ForcedWritesFollowTheTarget)
+{
+    const auto forced = [this](bool wanted) {
+        db::Target target = database.target();
+        target.forcedWrites = wanted;
+        const db::Connection connection(target);
+        // The setting stands in the flags of the file's first page.
+        QFile file(target.file);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return (file.read(44).at(42) & 2) != 0;
+    };
+    EXPECT_FALSE(forced(false));
+    EXPECT_TRUE(forced(true));
+    EXPECT_FALSE(forced(false));
+}
+
+TEST_F(Maintenance, HeldMeansThatSomebodyIsAttached)
+{
+    EXPECT_EQ(raisedBy([&] { (void)db::isHeld(path(u"none.mdb"_s)); }).number(),
+              ErrorNumber::FileMissing);
+    EXPECT_FALSE(db::isHeld(database.file()));
+    {
+        const db::Connection connection = database.connect();
+        EXPECT_TRUE(db::isHeld(database.file()));
+    }
+    EXPECT_FALSE(db::isHeld(database.file()));
+    HelperProcess helper(u"attach"_s, database.file());
+    ASSERT_EQ(helper.line(), u"attached"_s);
+    EXPECT_TRUE(db::isHeld(database.file()));
+    EXPECT_TRUE(helper.finish());
+    EXPECT_FALSE(db::isHeld(database.file()));
+}
+
+TEST_F(Maintenance, BackupOfAFreeFileIsTheSameFile)
+{
+    const QByteArray before = fingerprint(database.file());
+    db::backupOnline(database.target(), path(u"copy.mdb"_s));
+    EXPECT_EQ(fingerprint(path(u"copy.mdb"_s)), before);
+    EXPECT_EQ(fingerprint(database.file()), before);
+    EXPECT_EQ(files(), (QStringList{u"copy.mdb"_s, u"test.mdb"_s}));
+    expectWhole(path(u"copy.mdb"_s));
+}
+
+TEST_F(Maintenance, BackupWhileTheFileIsInUseIsWhole)
+{
+    db::Connection data = database.connect();
+    data.BeginTrans();
+    data.Execute(u"Insert into tblLog(Name) values('uncommitted')"_s);
+    db::backupOnline(database.target(), path(u"copy.mdb"_s));
+    expectWhole(path(u"copy.mdb"_s));
+    data.CommitTrans();
+    EXPECT_EQ(data.Open(u"Select ID from tblLog where Name = 'uncommitted'"_s).RecordCount(), 1);
+    // Once more, over the copy.
+    db::backupOnline(database.target(), path(u"copy.mdb"_s));
+    expectWhole(path(u"copy.mdb"_s), 501);
+    EXPECT_EQ(files(), (QStringList{u"copy.mdb"_s, u"test.mdb"_s}));
+}
+
+TEST_F(Maintenance, BackupWhileAnotherProgramWritesIsWhole)
+{
+    {
+        db::Connection data = database.connect();
+        data.Execute(u"Alter table tblLog add column Number integer"_s);
+        data.Execute(u"Alter table tblLog add column Side integer"_s);
+    }
+    HelperProcess helper(u"write-forever"_s, database.file());
+    ASSERT_FALSE(helper.line().isEmpty());
+    for (int i = 0; i < 2; ++i) {
+        db::backupOnline(database.target(), path(u"copy.mdb"_s));
+        expectWhole(path(u"copy.mdb"_s));
+    }
+    ASSERT_FALSE(helper.line().isEmpty());
+    helper.kill();
+    expectWhole(database.file());
+}
+
+TEST_F(Maintenance, ABackupThatFailsLeavesNothingBehind)
+{
+    EXPECT_EQ(raisedBy([&] {
+                  db::backupOnline(database.target(), path(u"no folder/copy.mdb"_s));
+              }).number(),
+              ErrorNumber::FileMissing);
+    db::Target missing = database.target();
+    missing.file = path(u"none.mdb"_s);
+    EXPECT_EQ(raisedBy([&] { db::backupOnline(missing, path(u"copy.mdb"_s)); }).number(),
+              ErrorNumber::FileMissing);
+    // A folder in the place of the copy: the last step fails.
+    ASSERT_TRUE(QDir().mkpath(path(u"copy.mdb/inside"_s)));
+    EXPECT_EQ(raisedBy([&] { db::backupOnline(database.target(), path(u"copy.mdb"_s)); }).number(),
+              ErrorNumber::FileAccess);
+    const db::Connection data = database.connect();
+    EXPECT_EQ(raisedBy([&] { db::backupOnline(database.target(), path(u"copy.mdb"_s)); }).number(),
+              ErrorNumber::FileAccess);
+    EXPECT_EQ(files(), QStringList{u"test.mdb"_s});
+}
+
+TEST_F(Maintenance, CompactWritesASmallerWholeCopy)
+{
+    {
+        db::Connection data = database.connect();
+        data.Execute(u"Delete from tblLog where ID > 100"_s);
+    }
+    const qint64 sizeBefore = QFile(database.file()).size();
+    db::compact(database.file(), path(u"compact.mdb"_s));
+    EXPECT_EQ(QFile(database.file()).size(), sizeBefore);
+    EXPECT_LT(QFile(path(u"compact.mdb"_s)).size(), QFile(database.file()).size());
+    EXPECT_EQ(files(), (QStringList{u"compact.mdb"_s, u"test.mdb"_s}));
+    expectWhole(path(u"compact.mdb"_s), 100);
+    expectWhole(database.file(), 100);
+}
+
+TEST_F(Maintenance, CompactRefusesWhatItMustNotTouch)
+{
+    {
+        const db::Connection data = database.connect();
+        EXPECT_EQ(raisedBy([&] { db::compact(database.file(), path(u"compact.mdb"_s)); }).number(),
+                  ErrorNumber::FileInUse);
+    }
+    EXPECT_EQ(raisedBy([&] { db::compact(database.file(), database.file()); }).number(),
+              ErrorNumber::FileExists);
+    EXPECT_EQ(raisedBy([&] { db::compact(path(u"none.mdb"_s), path(u"compact.mdb"_s)); }).number(),
+              ErrorNumber::FileMissing);
+    EXPECT_NE(
+        raisedBy([&] { db::compact(database.file(), path(u"no folder/compact.mdb"_s)); }).number(),
+        0);
+    QFile junk(path(u"junk.mdb"_s));
+    ASSERT_TRUE(junk.open(QIODevice::WriteOnly));
+    junk.write(QByteArray(30000, 'j'));
+    junk.close();
+    EXPECT_EQ(raisedBy([&] { db::compact(junk.fileName(), path(u"compact.mdb"_s)); }).number(),
+              ErrorNumber::NotADatabase);
+    EXPECT_EQ(files(), (QStringList{u"junk.mdb"_s, u"test.mdb"_s}));
+    expectWhole(database.file());
+}
+
+TEST_F(Maintenance, ValidateNamesWhatIsWrong)
+{
+    EXPECT_EQ(db::validate(database.file()), QStringList());
+    {
+        const db::Connection data = database.connect();
+        EXPECT_EQ(raisedBy([&] { (void)db::validate(database.file()); }).number(),
+                  ErrorNumber::FileInUse);
+    }
+    EXPECT_EQ(raisedBy([&] { (void)db::validate(path(u"none.mdb"_s)); }).number(),
+              ErrorNumber::FileMissing);
+    // Page types: 5 holds rows, 7 an index.
+    QFile file(database.file());
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    constexpr qint64 pageSize = 8192;
+    int spoiled = 0;
+    for (qint64 page = file.size() / pageSize - 1; page > 0 && spoiled < 3; --page) {
+        file.seek(page * pageSize);
+        if (file.read(1) != "\x05")
+            continue;
+        file.seek(page * pageSize + 20);
+        file.write(QByteArray(100, 'Z'));
+        ++spoiled;
+    }
+    file.close();
+    ASSERT_EQ(spoiled, 3);
+    EXPECT_FALSE(db::validate(database.file()).isEmpty());
+}
+
+} // namespace

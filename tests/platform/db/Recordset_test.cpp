@@ -1,0 +1,315 @@
+#include "platform/db/Recordset.h"
+
+#include "platform/base/Environment.h"
+#include "platform/base/Error.h"
+#include "platform/db/Criterion.h"
+#include "platform/db/RowData.h"
+#include "platform/sql/Errors.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <limits>
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using db::Recordset;
+using db::Row;
+using db::RowData;
+
+/// The number of the error that an action raises, 0 for none.
+int errorOf(const std::function<void()> &action)
+{
+    try {
+        action();
+    } catch (const base::Error &error) {
+        return error.number();
+    }
+    return 0;
+}
+
+void addText(RowData &rows, int column, const QString &text)
+{
+    const QByteArray utf8 = text.toUtf8();
+    rows.addText(column, utf8.constData(), static_cast<std::size_t>(utf8.size()));
+}
+
+/// Four machines; the third has Null everywhere but in its key.
+Recordset machines()
+{
+    using Kind = sql::ColumnKind;
+    using Storage = RowData::Storage;
+    auto rows = std::make_shared<RowData>();
+    const int id = rows->addColumn(u"EquipmentID"_s, Kind::Integer, Storage::Integer);
+    const int unit = rows->addColumn(u"Unit No"_s, Kind::Text, Storage::Text);
+    const int price = rows->addColumn(u"Price"_s, Kind::Money, Storage::Real);
+    const int installed = rows->addColumn(u"Installed"_s, Kind::Date, Storage::Date);
+    const int picture = rows->addColumn(u"Picture"_s, Kind::Binary, Storage::Bytes);
+    const int used = rows->addColumn(u"Used"_s, Kind::YesNo, Storage::Integer);
+    rows->indexNames();
+    const auto add = [&](qint64 key, const QString &text, double amount, QDate date, qint64 flag) {
+        rows->addInteger(id, key);
+        addText(*rows, unit, text);
+        rows->addReal(price, amount);
+        rows->addInteger(installed, base::wallClock(date, QTime(8, 30)).toMSecsSinceEpoch());
+        rows->addBytes(picture, "abc");
+        rows->addInteger(used, flag);
+        rows->endRow();
+    };
+    add(1, u"Ax-1"_s, 12.5, QDate(2024, 3, 15), -1);
+    add(2, u"17"_s, 0, QDate(1999, 12, 31), 0);
+    rows->addInteger(id, 3);
+    for (const int column : {unit, price, installed, picture, used})
+        rows->addNull(column);
+    rows->endRow();
+    add(4, u"Größe's [4]"_s, -2.5, QDate(2024, 3, 16), -1);
+    return Recordset(rows);
+}
+
+TEST(Recordset, AnEmptyOneIsAtBothEndsAndHasNoRow)
+{
+    Recordset none;
+    EXPECT_TRUE(none.isEmpty());
+    EXPECT_TRUE(none.IsEOF());
+    EXPECT_TRUE(none.IsBOF());
+    EXPECT_EQ(none.columnCount(), 0);
+    EXPECT_EQ(none.columnIndex(u"EquipmentID"), -1);
+    EXPECT_EQ(errorOf([&] { (void)none.current(); }), base::ErrorNumber::NoCurrentRow);
+    EXPECT_EQ(errorOf([&] { none.MoveNext(); }), base::ErrorNumber::NoCurrentRow);
+    EXPECT_EQ(errorOf([&] { none.MovePrevious(); }), base::ErrorNumber::NoCurrentRow);
+    EXPECT_EQ(errorOf([&] { (void)none.row(0); }), base::ErrorNumber::NoCurrentRow);
+    for (const Row row : none)
+        ADD_FAILURE() << row.index();
+}
+
+TEST(Recordset, WrongPlacesRaiseErrors)
+{
+    const Recordset rs = machines();
+    EXPECT_EQ(errorOf([&] { (void)rs.value(4, 0); }), base::ErrorNumber::NoCurrentRow);
+    EXPECT_EQ(errorOf([&] { (void)rs.value(-1, 0); }), base::ErrorNumber::NoCurrentRow);
+    EXPECT_EQ(errorOf([&] { (void)rs.isNull(0, 6); }), base::ErrorNumber::NoSuchItem);
+    EXPECT_EQ(errorOf([&] { (void)rs.columnName(-1); }), base::ErrorNumber::NoSuchItem);
+    EXPECT_EQ(errorOf([&] { (void)rs.columnKind(6); }), base::ErrorNumber::NoSuchItem);
+    EXPECT_EQ(errorOf([&] { (void)rs.row(0)[6]; }), base::ErrorNumber::NoSuchItem);
+    EXPECT_EQ(errorOf([&] { (void)rs[u"UnitNo"]; }), base::ErrorNumber::NoSuchItem);
+}
+
+TEST(Recordset, CursorMovesBothWaysAndStopsBeyondTheEnds)
+{
+    Recordset rs = machines();
+    EXPECT_EQ(rs.Position(), 0);
+    EXPECT_FALSE(rs.IsBOF() || rs.IsEOF());
+    rs.MoveLast();
+    EXPECT_EQ(rs[u"EquipmentID"], QVariant(4LL));
+    rs.MoveNext();
+    EXPECT_TRUE(rs.IsEOF());
+    EXPECT_EQ(errorOf([&] { rs.MoveNext(); }), base::ErrorNumber::NoCurrentRow);
+    rs.MoveFirst();
+    rs.MovePrevious();
+    EXPECT_TRUE(rs.IsBOF());
+    EXPECT_EQ(errorOf([&] { (void)rs.current(); }), base::ErrorNumber::NoCurrentRow);
+    EXPECT_EQ(errorOf([&] { rs.MovePrevious(); }), base::ErrorNumber::NoCurrentRow);
+}
+
+TEST(Recordset, CopiesShareRowsAndHaveTheirOwnPosition)
+{
+    Recordset rs = machines();
+    rs.MoveLast();
+    Recordset copy = rs;
+    const Recordset clone = rs.Clone();
+    copy.MoveFirst();
+    EXPECT_EQ(rs.Position(), 3);
+    EXPECT_EQ(copy.Position(), 0);
+    EXPECT_EQ(clone.Position(), 0);
+    // A row outlives the recordset that it came from.
+    const Row last = machines().row(3);
+    EXPECT_EQ(last.text(u"Unit No"), u"Größe's [4]"_s);
+}
+
+TEST(Recordset, NamesAreFoundInAnyCaseAndTheFirstOfTwoEqualOnesCounts)
+{
+    auto rows = std::make_shared<RowData>();
+    // Many columns, so that places in the table of names collide.
+    for (int i = 0; i < 200; ++i)
+        rows->addColumn(u"Column%1"_s.arg(i), sql::ColumnKind::Integer, RowData::Storage::Integer);
+    rows->addColumn(u"cOLUMN7"_s, sql::ColumnKind::Integer, RowData::Storage::Integer);
+    rows->addColumn(u"Größe"_s, sql::ColumnKind::Integer, RowData::Storage::Integer);
+    rows->indexNames();
+    const Recordset rs(rows);
+    for (int i = 0; i < 200; ++i)
+        ASSERT_EQ(rs.columnIndex(u"COLUMN%1"_s.arg(i)), i);
+    EXPECT_EQ(rs.columnIndex(u"GRÖßE"), 201);
+    EXPECT_EQ(rs.columnIndex(u"Column200"), -1);
+    EXPECT_EQ(rs.columnIndex(u""), -1);
+}
+
+TEST(Row, GivesEachKindOfValue)
+{
+    const Row row = machines().row(0);
+    EXPECT_EQ(row[u"equipmentid"], QVariant(1LL));
+    EXPECT_EQ(row[1], QVariant(u"Ax-1"_s));
+    EXPECT_EQ(row[u"PRICE"], QVariant(12.5));
+    EXPECT_EQ(row.date(u"Installed"), base::wallClock(QDate(2024, 3, 15), QTime(8, 30)));
+    EXPECT_EQ(row[u"Installed"], QVariant(base::wallClock(QDate(2024, 3, 15), QTime(8, 30))));
+    EXPECT_EQ(row[u"Picture"], QVariant(QByteArray("abc")));
+    EXPECT_TRUE(row.flag(u"Used"));
+    EXPECT_EQ(row.text(u"Price"), u"12.5"_s);
+    EXPECT_EQ(row.text(u"Used"), u"-1"_s);
+    EXPECT_EQ(row.integer(u"Price"), 12);
+    EXPECT_EQ(machines().row(3).integer(u"Price"), -2);
+    EXPECT_EQ(machines().row(1).integer(u"Unit No"), 17);
+    EXPECT_EQ(machines().row(1).real(u"Unit No"), 17.0);
+    EXPECT_FALSE(machines().row(1).flag(u"Used"));
+}
+
+TEST(Row, NullIsEmptyInEveryForm)
+{
+    const Row row = machines().row(2);
+    for (const auto name : {u"Unit No", u"Price", u"Installed", u"Picture", u"Used"}) {
+        EXPECT_TRUE(row.isNull(name));
+        EXPECT_FALSE(row[name].isValid());
+        EXPECT_EQ(row.text(name), QString());
+        EXPECT_EQ(row.integer(name), 0);
+        EXPECT_EQ(row.real(name), 0);
+        EXPECT_FALSE(row.date(name).isValid());
+        EXPECT_FALSE(row.flag(name));
+    }
+    EXPECT_FALSE(row.isNull(u"EquipmentID"));
+}
+
+TEST(Row, WhatIsNoNumberOrDateRaisesTypeMismatch)
+{
+    const Row row = machines().row(0);
+    for (const auto name : {u"Unit No", u"Installed", u"Picture"}) {
+        EXPECT_EQ(errorOf([&] { (void)row.integer(name); }), base::ErrorNumber::TypeMismatch);
+        EXPECT_EQ(errorOf([&] { (void)row.real(name); }), base::ErrorNumber::TypeMismatch);
+    }
+    EXPECT_EQ(errorOf([&] { (void)row.date(u"Unit No"); }), base::ErrorNumber::TypeMismatch);
+    EXPECT_EQ(errorOf([&] { (void)row.date(u"Price"); }), base::ErrorNumber::TypeMismatch);
+}
+
+TEST(Row, LongKeysInTextKeepAllTheirDigits)
+{
+    auto rows = std::make_shared<RowData>();
+    rows->addColumn(u"Key"_s, sql::ColumnKind::Text, RowData::Storage::Text);
+    rows->indexNames();
+    for (const auto &text : {u" 9223372036854775807 "_s, u"1e30"_s}) {
+        addText(*rows, 0, text);
+        rows->endRow();
+    }
+    const Recordset rs(rows);
+    EXPECT_EQ(rs.row(0).integer(u"Key"), std::numeric_limits<qint64>::max());
+    EXPECT_EQ(errorOf([&] { (void)rs.row(1).integer(u"Key"); }), base::ErrorNumber::Overflow);
+}
+
+struct FindCase
+{
+    const char *name;
+    const char16_t *criterion;
+    std::vector<int> found; ///< rows, from 0
+};
+
+void PrintTo(const FindCase &value, std::ostream *out)
+{
+    *out << value.name;
+}
+
+class Find : public testing::TestWithParam<FindCase>
+{};
+
+TEST_P(Find, VisitsTheRowsThatMeetTheCriterion)
+{
+    Recordset rs = machines();
+    const QString criterion = QString::fromUtf16(GetParam().criterion);
+    std::vector<int> found;
+    for (int from = 0; rs.Find(criterion, from); from = rs.Position() + 1)
+        found.push_back(rs.Position());
+    EXPECT_EQ(found, GetParam().found);
+    EXPECT_TRUE(rs.IsEOF());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Criteria, Find,
+    testing::Values(FindCase{"number", u"EquipmentID = 2", {1}},
+                    FindCase{"quotedNumber", u"equipmentid='2'", {1}},
+                    FindCase{"notEqualLeavesNullOut", u"Price <> 12.5", {1, 3}},
+                    FindCase{"less", u"Price<0", {3}}, FindCase{"atMost", u"Price <= 0", {1, 3}},
+                    FindCase{"greater", u"Price > 0", {0}},
+                    FindCase{"atLeast", u"Price >= -2.5", {0, 1, 3}},
+                    FindCase{"textInAnyCase", u"[Unit No] = 'AX-1'", {0}},
+                    FindCase{"textInDoubleQuotes", u"[unit no] = \"ax-1\"", {0}},
+                    FindCase{"doubledQuote", u"[Unit No] = 'grösse''s [4]'", {}},
+                    FindCase{"umlautInAnyCase", u"[Unit No] = 'GRÖßE''S [4]'", {3}},
+                    FindCase{"textOrder", u"[Unit No] < 'b'", {0, 1}},
+                    FindCase{"numberAgainstText", u"[Unit No] = 17", {1}},
+                    FindCase{"likeBeginning", u"[Unit No] like 'A*'", {0}},
+                    FindCase{"likeEnd", u"[Unit No] LIKE '*7'", {1}},
+                    FindCase{"likeInside", u"[Unit No] like '*x-*'", {0}},
+                    FindCase{"likeEverything", u"[Unit No] like '*'", {0, 1, 3}},
+                    FindCase{"likeOnNumbers", u"EquipmentID like '?'", {0, 1, 2, 3}},
+                    FindCase{"date", u"Installed >= #03-15-2024#", {0, 3}},
+                    FindCase{"dateAndTime", u"Installed = #3/15/2024 8:30 AM#", {0}},
+                    FindCase{"yes", u"Used = True", {0, 3}}, FindCase{"no", u"Used = false", {1}},
+                    FindCase{"null", u"Price = Null", {2}},
+                    FindCase{"notNull", u"Price <> null", {0, 1, 3}},
+                    FindCase{"nothing", u"EquipmentID = 99", {}}),
+    [](const auto &tested) { return std::string(tested.param.name); });
+
+TEST(Find, RefusesWhatIsNoComparison)
+{
+    Recordset rs = machines();
+    for (const auto text :
+         {u"", u"EquipmentID", u"EquipmentID =", u"EquipmentID ! 3", u"[Unit No = 'x'",
+          u"[Unit No] = 'x", u"Installed = #hello#", u"Installed = #03-15-2024", u"= 3",
+          u"EquipmentID = abc", u"EquipmentID = 'a' or EquipmentID = 'b'"}) {
+        EXPECT_EQ(errorOf([&] { rs.Find(text); }), sql::ErrorNumber::Syntax)
+            << QString::fromUtf16(text).toStdString();
+    }
+    EXPECT_EQ(errorOf([&] { rs.Find(u"UnitNo = 3"); }), base::ErrorNumber::NoSuchItem);
+    EXPECT_EQ(errorOf([&] { rs.Find(u"Price = 'abc'"); }), base::ErrorNumber::TypeMismatch);
+    EXPECT_EQ(errorOf([&] { rs.Find(u"Price = #03-15-2024#"); }), base::ErrorNumber::TypeMismatch);
+    EXPECT_EQ(errorOf([&] { rs.Find(u"Picture = 'abc'"); }), base::ErrorNumber::TypeMismatch);
+}
+
+TEST(FitsPattern, KnowsItsSigns)
+{
+    struct Case
+    {
+        const char16_t *text;
+        const char16_t *pattern;
+        bool fits;
+    };
+    const Case cases[] = {
+        {u"", u"", true},
+        {u"", u"*", true},
+        {u"a", u"", false},
+        {u"abc", u"ABC", true},
+        {u"abc", u"a?c", true},
+        {u"ac", u"a?c", false},
+        {u"abc", u"*b*", true},
+        {u"aab", u"*ab", true},
+        {u"abab", u"*ab", true},
+        {u"abac", u"*ab", false},
+        {u"a1", u"a#", true},
+        {u"ax", u"a#", false},
+        {u"a#", u"a#", false},
+        {u"b2", u"[a-c]#", true},
+        {u"B2", u"[a-c]#", true},
+        {u"d2", u"[a-c]#", false},
+        {u"d2", u"[!a-c]#", true},
+        {u"a*", u"a[*]", true},
+        {u"ab", u"a[*]", false},
+        {u"a[b", u"a[b", true},
+        {u"x-y", u"x[-]y", true},
+        {u"mississippi", u"*iss*ppi", true},
+        {u"mississippi", u"*iss*ppo", false},
+    };
+    for (const Case &c : cases) {
+        EXPECT_EQ(db::fitsPattern(c.text, c.pattern), c.fits)
+            << QString::fromUtf16(c.text).toStdString() << " like "
+            << QString::fromUtf16(c.pattern).toStdString();
+    }
+}
+
+} // namespace
