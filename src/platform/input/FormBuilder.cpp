@@ -307,7 +307,8 @@ void FormBuilder::endGroup()
 {
     const Block group = m_blocks.takeLast();
     if (!group.stretches) {
-        group.stack->addStretch();
+        // Height that is left goes below the group, not into it.
+        group.owner->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
         return;
     }
     block().stretches = true;

@@ -15,6 +15,7 @@ MaskedInput::MaskedInput(const QString &pattern, QWidget *parent)
     , m_mask(pattern)
 {
     setText(emptyText());
+    widenBlanks();
     connect(this, &QLineEdit::textChanged, this, &MaskedInput::fitProgramText);
 }
 
@@ -30,6 +31,24 @@ QSize MaskedInput::sizeHint() const
                          QLineEdit::sizeHint().height());
     return {contents.width() + 2 * style()->pixelMetric(QStyle::PM_DefaultFrameWidth) + 6,
             contents.height()};
+}
+
+void MaskedInput::changeEvent(QEvent *event)
+{
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        widenBlanks();
+}
+
+/// Makes a blank as wide as a digit, so that the fixed characters stay in place while one types.
+void MaskedInput::widenBlanks()
+{
+    QFont wide = font();
+    wide.setWordSpacing(0);
+    const QFontMetricsF metrics(wide);
+    wide.setWordSpacing(metrics.horizontalAdvance(u'0') - metrics.horizontalAdvance(u' '));
+    if (!qFuzzyCompare(1 + wide.wordSpacing(), 1 + font().wordSpacing()))
+        setFont(wide);
 }
 
 void MaskedInput::fitProgramText()

@@ -30,6 +30,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+    void changeEvent(QEvent *event) override;
     /// Applies an edit of the user's: keeps undo, and signals textEdited.
     void applyEdit(const QString &newText, int caret);
     /// Types characters one after another at the caret, over the selection.
@@ -43,6 +44,7 @@ protected:
 
 private:
     void fitProgramText();
+    void widenBlanks();
     bool eraseKey(QKeyEvent *event);
 
     Mask m_mask;

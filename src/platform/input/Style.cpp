@@ -2,10 +2,11 @@
 
 #include "platform/input/Theme.h"
 
-#include <QAbstractItemView>
+#include <QGroupBox>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyleOption>
+#include <QTabBar>
 
 namespace theme {
 namespace {
@@ -78,6 +79,43 @@ void drawChevron(QPainter *painter, const QRect &rectangle, bool up, const QColo
     painter->restore();
 }
 
+/// The title stands above the frame, not across its line.
+void drawGroupFrame(QPainter *painter, const QStyleOption *option, const QWidget *widget)
+{
+    const auto *group = qobject_cast<const QGroupBox *>(widget);
+    const bool titled = group && !group->title().isEmpty();
+    const int above = titled ? option->fontMetrics.height() + 2 : 0;
+    drawBox(painter, option->rect.adjusted(0, above, 0, 0), QColor(Qt::transparent),
+            lineColor().lighter(118), 1);
+}
+
+/// The tab in front joins its page; a bar of the second colour marks it.
+void drawTab(QPainter *painter, const QStyleOptionTab &tab)
+{
+    const bool inFront = tab.state & QStyle::State_Selected;
+    const bool hovered = tab.state & QStyle::State_Enabled && tab.state & QStyle::State_MouseOver;
+    const QRect shape = tab.rect.adjusted(0, inFront ? 0 : 2, -1, inFront ? 1 : -1);
+    painter->save();
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(inFront ? formColor() : hovered ? panelColor().lighter(104) : panelColor());
+    painter->drawRect(shape.adjusted(0, 0, 1, 0));
+    painter->setPen(lineColor());
+    painter->drawLine(shape.topLeft(), shape.bottomLeft());
+    painter->drawLine(shape.topRight(), shape.bottomRight());
+    painter->drawLine(shape.topLeft(), shape.topRight());
+    if (inFront)
+        painter->fillRect(QRect(shape.left(), shape.top(), shape.width() + 1, 2), accentColor());
+    painter->restore();
+}
+
+void drawHeading(QPainter *painter, const QRect &rectangle)
+{
+    painter->fillRect(rectangle, panelColor());
+    painter->setPen(lineColor().lighter(115));
+    painter->drawLine(rectangle.topRight(), rectangle.bottomRight());
+    painter->drawLine(rectangle.bottomLeft(), rectangle.bottomRight());
+}
+
 QColor chevronColor(const QStyleOption *option)
 {
     return option->state & QStyle::State_Enabled ? mainColor() : disabledColor();
@@ -117,14 +155,19 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption *option, 
         painter->restore();
         return;
     case PE_FrameGroupBox:
-        drawBox(painter, option->rect, QColor(Qt::transparent), lineColor().lighter(118), 1);
+        drawGroupFrame(painter, option, widget);
+        return;
+    case PE_FrameTabWidget:
+        painter->fillRect(option->rect, formColor());
+        painter->setPen(lineColor());
+        painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
         return;
     case PE_Frame:
-        if (qobject_cast<const QAbstractItemView *>(widget) ||
-            (widget && widget->inherits("QAbstractScrollArea"))) {
-            const bool focused = option->state & State_HasFocus;
-            drawBox(painter, option->rect, QColor(Qt::transparent),
-                    focused ? selectionColor() : lineColor(), 1);
+        // Square, for what scrolls inside reaches into the corners.
+        if (widget && widget->inherits("QAbstractScrollArea")) {
+            painter->setPen(option->state & State_HasFocus ? selectionColor() : lineColor());
+            painter->setBrush(Qt::NoBrush);
+            painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
             return;
         }
         break;
@@ -166,6 +209,27 @@ void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex
         }
     }
     QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+void Style::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                        const QWidget *widget) const
+{
+    switch (element) {
+    case CE_TabBarTabShape:
+        if (const auto *tab = qstyleoption_cast<const QStyleOptionTab *>(option);
+            tab && tab->shape == QTabBar::RoundedNorth) {
+            drawTab(painter, *tab);
+            return;
+        }
+        break;
+    case CE_HeaderSection:
+    case CE_HeaderEmptyArea:
+        drawHeading(painter, option->rect);
+        return;
+    default:
+        break;
+    }
+    QProxyStyle::drawControl(element, option, painter, widget);
 }
 
 int Style::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,

@@ -5,6 +5,7 @@
 #include "platform/input/Style.h"
 
 #include <QAbstractItemView>
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -21,13 +22,12 @@
 namespace theme {
 namespace {
 
-void setForeground(QWidget *control, const QColor &color)
+void setForeground(QWidget *control, const QColor &color,
+                   QPalette::ColorRole role = QPalette::WindowText)
 {
     QPalette colors = control->palette();
-    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
-        colors.setColor(group, QPalette::WindowText, color);
-        colors.setColor(group, QPalette::Text, color);
-    }
+    colors.setColor(QPalette::Active, role, color);
+    colors.setColor(QPalette::Inactive, role, color);
     control->setPalette(colors);
 }
 
@@ -68,11 +68,12 @@ void applyTo(QWidget *control)
         phone->setFont(textFont());
         phone->setMaxLength(14);
     } else if (qobject_cast<QLineEdit *>(control) || qobject_cast<QPlainTextEdit *>(control) ||
-               qobject_cast<QTextEdit *>(control) || qobject_cast<QComboBox *>(control)) {
+               qobject_cast<QTextEdit *>(control) || qobject_cast<QComboBox *>(control) ||
+               qobject_cast<QAbstractSpinBox *>(control)) {
         control->setFont(textFont());
     } else if (qobject_cast<QListView *>(control)) {
         control->setFont(listFont());
-        setForeground(control, mainColor());
+        setForeground(control, mainColor(), QPalette::Text);
     } else if (auto *grid = qobject_cast<QAbstractItemView *>(control)) {
         applyToGrid(grid);
     } else if (qobject_cast<QGroupBox *>(control)) {
