@@ -75,14 +75,9 @@ QString tableQuery(const QString &Table, const QString &Order, const QString &Wh
     return statement;
 }
 
-QString guid()
+QString workstationGuid()
 {
     return settings::registry().value(settings::ProductKey, u"GUID"_s);
-}
-
-QString optionKey(const QString &Key, bool PerWorkstation)
-{
-    return PerWorkstation ? guid() + Key : Key;
 }
 
 } // namespace
@@ -125,7 +120,9 @@ bool IsRecordUsed(const QString &Table, const QString &Field, const QString &Val
                   const QString &Type)
 {
     return trapped(Module, "IsRecordUsed", false, [&] {
-        const QString statement = u"Select * from "_s + Table + u" where "_s + Field + u" = "_s;
+        // One row tells as much as all.
+        const QString statement =
+            u"Select top 1 * from "_s + Table + u" where "_s + Field + u" = "_s;
         const QString type = Type.toUpper();
         if (type == u"S")
             return !dataConnection().Open(statement + u'?', {Value}).isEmpty();
@@ -144,7 +141,8 @@ bool IsDuplicate(const QString &Table, const QString &Column, const QVariant &Ol
         const QString value = NewValue.trimmed();
         if (base::toText(OldValue).trimmed().toUpper() == value.toUpper())
             return false;
-        const QString statement = u"Select * from "_s + Table + u" Where "_s + Column + u" = "_s;
+        const QString statement =
+            u"Select top 1 * from "_s + Table + u" Where "_s + Column + u" = "_s;
         if (Numeric)
             return !dataConnection().Open(statement + NewValue).isEmpty();
         return !dataConnection().Open(statement + u'?', {value}).isEmpty();
@@ -225,11 +223,12 @@ QString GetOption(const QString &Key, bool PerWorkstation)
 {
     return trapped(Module, "GetOption", QString(), [&] {
         // Errors before the database is open have a report form too, which asks for its place.
-        if (!gcnLookup || guid().isEmpty())
+        const QString guid = workstationGuid();
+        if (!gcnLookup || guid.isEmpty())
             return QString();
         const db::Recordset rows =
             gcnLookup->Open(u"Select itemvalue From tblSysoption where Sysoption = '"_s +
-                            optionKey(Key, PerWorkstation) + u"'"_s);
+                            (PerWorkstation ? guid + Key : Key) + u"'"_s);
         return rows.isEmpty() ? QString() : rows.row(0).text(u"itemvalue");
     });
 }
@@ -239,9 +238,12 @@ void SetOption(const QString &Key, const QVariant &Value, bool PerWorkstation)
     trapped(Module, "SetOption", [&] {
         if (!gcnLookup)
             return;
-        if (guid().size() < ShortestGuid)
-            settings::registry().setValue(settings::ProductKey, u"GUID"_s, GetGUID());
-        const QVariantList valueAndKey{base::toText(Value), optionKey(Key, PerWorkstation)};
+        QString guid = workstationGuid();
+        if (guid.size() < ShortestGuid) {
+            guid = GetGUID();
+            settings::registry().setValue(settings::ProductKey, u"GUID"_s, guid);
+        }
+        const QVariantList valueAndKey{base::toText(Value), PerWorkstation ? guid + Key : Key};
         const bool exists = !gcnLookup
                                  ->Open(u"Select itemvalue From tblSysoption where Sysoption = ?"_s,
                                         {valueAndKey[1]})
