@@ -157,6 +157,8 @@ QVariant textOf(const QVariant &value)
 /// A time alone: that of a month-first date made for the purpose.
 std::optional<QTime> parseTime(QStringView text)
 {
+    if (text.isEmpty())
+        return std::nullopt;
     const auto date = base::parseMonthFirst(QString(u"01/01/2000 "_s).append(text));
     return date ? std::optional(date->time()) : std::nullopt;
 }

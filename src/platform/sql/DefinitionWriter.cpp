@@ -124,8 +124,8 @@ QString DefinitionWriter::alterTable() const
 QString DefinitionWriter::checkedName(QStringView name) const
 {
     if (name.toUtf8().size() > EngineTypes::MaximumNameLength) {
-        raise(u"the name \"%1\" is longer than %2 characters."_s.arg(name).arg(
-            EngineTypes::MaximumNameLength));
+        raise(u"the name \"%1\" is longer than %2 characters."_s.arg(
+            name, QString::number(EngineTypes::MaximumNameLength)));
     }
     return quotedName(name);
 }

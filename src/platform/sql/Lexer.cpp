@@ -134,8 +134,9 @@ void raiseSyntaxError(const QString &what, QStringView statement, qsizetype posi
                         .first(std::min<qsizetype>(30, statement.size() - position))
                         .toString()
                         .trimmed();
-    place = place.isEmpty() ? u"at its end"_s
-                            : u"at \"%1\" (character %2)"_s.arg(place).arg(position + 1);
+    place = place.isEmpty()
+                ? u"at its end"_s
+                : u"at \"%1\" (character %2)"_s.arg(place, QString::number(position + 1));
     throw base::Error(ErrorNumber::Syntax,
                       u"Syntax error in the statement, "_s + place + u": "_s + what);
 }

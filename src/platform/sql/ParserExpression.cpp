@@ -256,6 +256,9 @@ ExpressionPointer Parser::parsePrimary()
     case TokenKind::Parameter: {
         auto value = makeExpression(
             token.kind == TokenKind::Parameter ? Kind::Parameter : Kind::Literal, token.begin);
+        // A date that is none is found here, whether it is lifted later or not.
+        if (token.kind == TokenKind::Date)
+            static_cast<void>(literalValue(token, m_statement));
         value->token = take();
         return value;
     }

@@ -97,8 +97,15 @@ void Writer::writeSelect(const Select &select, const Change *insert)
         }
     }
     if (select.having) {
+        // The engine knows an expression of the groups again only by equal text.
+        const bool namesOnly =
+            std::ranges::all_of(select.groupBy, [](const ExpressionPointer &group) {
+                return group->kind == Kind::Name;
+            });
+        m_fixed += namesOnly ? 0 : 1;
         m_text += u" HAVING "_s;
         writeCondition(*select.having);
+        m_fixed -= namesOnly ? 0 : 1;
     }
 }
 

@@ -108,7 +108,7 @@ void Writer::writeCall(const Expression &call)
     case FunctionId::CStr:
         return writeCStr(first());
     case FunctionId::Chr:
-        return one(u"UNICODE_CHAR(", ColumnKind::Integer, u")");
+        return one(u"ASCII_CHAR(", ColumnKind::Integer, u")");
     case FunctionId::Date:
         return writeMoment(Slot::Source::Today);
     case FunctionId::Now:

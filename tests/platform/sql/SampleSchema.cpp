@@ -35,9 +35,9 @@ sql::Schema schemaOf(const QStringList &statements)
             column.kind = definition.type.kind;
             column.length = definition.type.length;
             column.autoNumber = definition.type.autoNumber;
-            column.defaultsToToday = definition.defaultValue
-                                     && definition.defaultValue->text.compare(
-                                            u"date"_s, Qt::CaseInsensitive) == 0;
+            column.defaultsToToday =
+                definition.defaultValue &&
+                definition.defaultValue->text.compare(u"date"_s, Qt::CaseInsensitive) == 0;
             table.columns.push_back(std::move(column));
         }
         schema.add(std::move(table));

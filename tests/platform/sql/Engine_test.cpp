@@ -1,0 +1,329 @@
+#include "SampleSchema.h"
+
+#include "platform/base/Environment.h"
+#include "platform/base/Format.h"
+#include "platform/db/Connection.h"
+#include "platform/sql/Errors.h"
+
+#include "platform/db/TestDatabase.h"
+#include "support/TestEnvironment.h"
+
+#include <gtest/gtest.h>
+
+/// What the statements mean once the engine has run them.
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class Engine : public testing::Test
+{
+protected:
+    Engine()
+        : data(database.connect())
+    {
+        for (const QString &table : test::machineTables())
+            data.Execute(table);
+        data.Execute(u"insert into Machine(Name,[Year],Hours,Cost,Bought,Sold) "
+                     "values('Mower',2023,12.5,1234.5,#3/9/2024 2:05:07 PM#,True)"_s);
+    }
+
+    /// The value of an expression in the first machine's row, as text.
+    QString value(const QString &expression, const QVariantList &parameters = {})
+    {
+        try {
+            const auto rows = data.Open(
+                u"select "_s + expression + u" as v from Machine where Id = 1"_s, parameters);
+            return base::toText(rows.value(0, 0));
+        } catch (const base::Error &error) {
+            return u"error: "_s + error.description();
+        }
+    }
+    /// How many machines meet the condition.
+    int count(const QString &condition, const QVariantList &parameters = {})
+    {
+        try {
+            return data.Open(u"select Id from Machine where "_s + condition, parameters)
+                .RecordCount();
+        } catch (const base::Error &error) {
+            ADD_FAILURE() << qPrintable(condition) << ": " << error.what();
+            return -1;
+        }
+    }
+    void addMachines(const QStringList &names)
+    {
+        for (const QString &name : names)
+            data.Execute(u"insert into Machine(Name) values(?)"_s, {name});
+    }
+
+    test::TestEnvironment environment; // 15 March 2024, half past nine
+    test::TestDatabase database;
+    db::Connection data;
+};
+
+} // namespace
+
+TEST_F(Engine, ExpressionsHaveTheDialectsValues)
+{
+    const std::vector<std::pair<QString, QString>> cases = {
+        {u"Name + ' x'"_s, u"Mower x"_s},
+        {u"Name + [Note]"_s, u""_s},
+        {u"Name & [Note] & '!'"_s, u"Mower!"_s},
+        {u"[Year] & '/' & Hours & '/' & Cost"_s, u"2023/12.5/1234.5"_s},
+        {u"cstr([Year]) + '   ' + Name"_s, u"2023   Mower"_s},
+        {u"cstr(Hours * 8)"_s, u"100"_s},
+        {u"cstr(0.1 + 0.2)"_s, u"0.3"_s},
+        {u"cstr(-0.5)"_s, u"-0.5"_s},
+        {u"cstr(Hours - Hours)"_s, u"0"_s},
+        {u"cstr(Cost)"_s, u"1234.5"_s},
+        {u"cstr(Bought)"_s, u"3/9/2024 2:05:07 PM"_s},
+        {u"cstr(Added)"_s, u"3/15/2024"_s},
+        {u"cstr(Sold)"_s, u"-1"_s},
+        {u"[Year]/2"_s, u"1011.5"_s},
+        {u"7/2"_s, u"3.5"_s},
+        {u"[Year]\\2"_s, u"1011"_s},
+        {u"[Year] mod 4"_s, u"3"_s},
+        {u"2^10"_s, u"1024"_s},
+        {u"-2^2"_s, u"-4"_s},
+        {u"2+3*4-1"_s, u"13"_s},
+        {u"10-2-3"_s, u"5"_s},
+        {u"5--3"_s, u"8"_s},
+        {u"'5' + 3"_s, u"8"_s},
+        {u"Cost * Cost"_s, u"1523990.25"_s},
+        {u"Sum(Hours)/Count(*)"_s, u"12.5"_s},
+        {u"Avg([Year])"_s, u"2023"_s},
+        {u"First(Name)"_s, u"Mower"_s},
+        {u"Hours > 10 and Sold"_s, u"-1"_s},
+        {u"[Note] = 'x'"_s, u""_s},
+        {u"not Sold"_s, u"0"_s},
+        {u"IIf(Hours > 10, 'more than ten', 'less')"_s, u"more than ten"_s},
+        {u"IIf(Hours > 20, 'more', 'no')"_s, u"no"_s},
+        {u"IIf(Sold, Hours, 'none')"_s, u"12.5"_s},
+        {u"Switch(Hours < 1, 'a', Hours < 20, 'bcd')"_s, u"bcd"_s},
+        {u"Switch(Hours < 1, 'a', Hours < 2, 'b')"_s, u""_s},
+        {u"Nz([Note], 'none')"_s, u"none"_s},
+        {u"Nz([Note]) & 'x'"_s, u"x"_s},
+        {u"IsNull([Note])"_s, u"-1"_s},
+        {u"Len(Name)"_s, u"5"_s},
+        {u"Left(Name,2) & Right(Name,2)"_s, u"Moer"_s},
+        {u"Mid(Name,2,3) & Mid(Name,5) & Mid(Name,9)"_s, u"ower"_s},
+        {u"InStr(Name,'W')"_s, u"3"_s},
+        {u"InStr(4,Name,'w')"_s, u"0"_s},
+        {u"UCase(Name) & LCase(Name)"_s, u"MOWERmower"_s},
+        {u"'[' & Trim('  a ') & LTrim(' b ') & RTrim(' c ') & ']'"_s, u"[ab  c]"_s},
+        {u"Val('12.5 kg')"_s, u"12.5"_s},
+        {u"Val('none')"_s, u"0"_s},
+        {u"Val('-7')"_s, u"-7"_s},
+        {u"CInt(2.5) & ' ' & CInt(3.5) & ' ' & CLng('7')"_s, u"2 4 7"_s},
+        {u"CInt(Hours) & ' ' & CInt(Hours + 1) & ' ' & CInt(-Hours)"_s, u"12 14 -12"_s},
+        {u"CDbl('2.5') * 2"_s, u"5"_s},
+        {u"Int(-2.5) & Fix(-2.5) & Sgn(-3) & Abs(-3.5)"_s, u"-3-2-13.5"_s},
+        {u"Round(Hours) & ' ' & Round(12.345, 1)"_s, u"12 12.3"_s},
+        {u"Replace(Name, 'ow', 'ai') & Chr(65)"_s, u"MaierA"_s},
+        {u"CDate('3/15/2024')"_s, u"3/15/2024"_s},
+        {u"CDate(45366)"_s, u"3/15/2024"_s},
+        {u"#3/15/2024# - #3/9/2024#"_s, u"6"_s},
+        {u"#3/15/2024# + 1.5"_s, u"3/16/2024 12:00:00 PM"_s},
+        {u"Int(Bought)"_s, u"3/9/2024"_s},
+        {u"Now()"_s, u"3/15/2024 9:30:00 AM"_s},
+        {u"Date() - 5"_s, u"3/10/2024"_s},
+        {u"Hour(Time()) & ':' & Minute(Time())"_s, u"9:30"_s},
+        {u"Year(Bought) & '-' & Month(Bought) & '-' & Day(Bought)"_s, u"2024-3-9"_s},
+        {u"Hour(Bought) & ':' & Minute(Bought) & ':' & Second(Bought)"_s, u"14:5:7"_s},
+        {u"Weekday(Bought)"_s, u"7"_s}, // a Saturday
+        {u"Hour('8:05') * 60 + Minute('8:05')"_s, u"485"_s},
+        {u"DatePart('q', Bought) & DatePart('yyyy', Bought)"_s, u"12024"_s},
+        {u"DateDiff('d', Bought, Added)"_s, u"6"_s},
+        {u"DateDiff('d', Added, Bought)"_s, u"-6"_s},
+        {u"DateDiff('ww', #3/9/2024#, #3/10/2024#)"_s, u"1"_s}, // a Sunday begins
+        {u"DateDiff('ww', #3/10/2024#, #3/16/2024#)"_s, u"0"_s},
+        {u"DateDiff('w', #3/9/2024#, #3/15/2024#)"_s, u"0"_s},
+        {u"DateDiff('m', #1/31/2024#, #2/1/2024#)"_s, u"1"_s},
+        {u"DateDiff('q', #3/31/2024#, #4/1/2024#)"_s, u"1"_s},
+        {u"DateDiff('yyyy', #12/31/2023#, #1/1/2024#)"_s, u"1"_s},
+        {u"DateDiff('n', #3/9/2024 14:00#, Bought)"_s, u"5"_s},
+        {u"DateAdd('m', 1, #1/31/2024#)"_s, u"2/29/2024"_s},
+        {u"DateAdd('ww', -1, #3/15/2024#)"_s, u"3/8/2024"_s},
+        {u"DateAdd('q', 1, #3/15/2024#)"_s, u"6/15/2024"_s},
+        {u"DateSerial(2024, 2, 30)"_s, u"3/1/2024"_s},
+        {u"DateSerial(2024, 13, 1)"_s, u"1/1/2025"_s},
+        {u"Format(Bought, 'mm-dd-yyyy')"_s, u"03-09-2024"_s},
+        {u"Format(Bought, 'm/d/yy hh:mm')"_s, u"3/9/24 14:05"_s},
+        {u"Format(Hours, '0.00') & Format(0.5, '0.00') & Format(2.5, '0')"_s, u"12.500.503"_s},
+    };
+    for (const auto &[expression, expected] : cases)
+        EXPECT_EQ(value(expression), expected) << qPrintable(expression);
+}
+
+TEST_F(Engine, ParametersMayStandAnywhere)
+{
+    EXPECT_EQ(value(u"?"_s, {u"abc"_s}), u"abc"_s);
+    EXPECT_EQ(value(u"Name + ?"_s, {u"-x"_s}), u"Mower-x"_s);
+    EXPECT_EQ(value(u"Hours + ?"_s, {u"2.5"_s}), u"15"_s);
+    EXPECT_EQ(value(u"IIf(Sold, ?, 'no')"_s, {u"a longer text"_s}), u"a longer text"_s);
+    EXPECT_EQ(value(u"DateAdd('d', ?, ?)"_s, {2, QDate(2024, 3, 15)}), u"3/17/2024"_s);
+    EXPECT_EQ(count(u"Id = ? and Name = ? and Bought < ? and Sold = ? and Cost > ?"_s,
+                    {u"1"_s, u"mower"_s, u"3/15/2024"_s, true, 1000}),
+              1);
+    EXPECT_EQ(count(u"Name like ?"_s, {u"m*r"_s}), 1);
+    EXPECT_EQ(count(u"Name like ?"_s, {u"[l-n]*"_s}), 1);
+    EXPECT_EQ(count(u"? is null"_s, {QVariant()}), 1);
+    EXPECT_EQ(count(u"Bought between ? and ?"_s, {QDate(2024, 3, 9), QDate(2024, 3, 10)}), 1);
+}
+
+TEST_F(Engine, ValuesThatNoColumnCouldHoldAreCompared)
+{
+    EXPECT_EQ(count(u"Name = '%1'"_s.arg(QString(5000, u'x'))), 0);
+    EXPECT_EQ(count(u"Name <> '%1'"_s.arg(QString(5000, u'x'))), 1);
+    EXPECT_EQ(count(u"Name < 'Mowerzzzzzzzzzzzzzzzzzzzzzzzzzzzz'"_s), 1);
+    EXPECT_EQ(count(u"Id = 99999999999"_s), 0);
+    EXPECT_EQ(count(u"Id < 99999999999"_s), 1);
+    EXPECT_EQ(count(u"[Year] = 2023.5"_s), 0);
+    EXPECT_EQ(count(u"[Year] < '2023.5'"_s), 1);
+    EXPECT_EQ(count(u"Sold = 100000"_s), 0);
+    QStringList texts;
+    QStringList numbers;
+    for (int i = 1; i <= 2500; ++i) {
+        texts += u"'name %1'"_s.arg(i);
+        numbers += QString::number(i);
+    }
+    EXPECT_EQ(count(u"Id in (%1)"_s.arg(numbers.join(u','))), 1);
+    EXPECT_EQ(count(u"Id not in (%1)"_s.arg(numbers.join(u','))), 0);
+    EXPECT_EQ(count(u"Name in (%1, 'MOWER')"_s.arg(texts.join(u','))), 1);
+}
+
+TEST_F(Engine, TextIsComparedWithoutRegardToCase)
+{
+    addMachines({u"mower 2"_s, u"50% off"_s, u"a_b"_s, u"Zürich"_s, u"X#1"_s});
+    EXPECT_EQ(count(u"Name = 'MOWER'"_s), 1);
+    EXPECT_EQ(count(u"Name in ('MOWER', 'zÜRICH')"_s), 2);
+    EXPECT_EQ(count(u"Name like 'MOWER*'"_s), 2);
+    EXPECT_EQ(count(u"Name like 'mower ?'"_s), 1);
+    EXPECT_EQ(count(u"Name like 'mower #'"_s), 1);
+    EXPECT_EQ(count(u"Name like '[A-C]*'"_s), 1);
+    EXPECT_EQ(count(u"Name like '[!a-m]*'"_s), 3);
+    EXPECT_EQ(count(u"Name like '*%*'"_s), 1);
+    EXPECT_EQ(count(u"Name like 'a_b'"_s), 1);
+    EXPECT_EQ(count(u"Name like '*[#]*'"_s), 1);
+    EXPECT_EQ(count(u"Name not like '*o*'"_s), 3);
+    EXPECT_EQ(count(u"Name like Left(Name, 1) & '*'"_s), 6);
+    EXPECT_EQ(
+        data.Open(u"select distinct LCase(Left(Name,5)) & '' as n from Machine"_s).RecordCount(),
+        5);
+}
+
+TEST_F(Engine, YesNoColumnsHoldMinusOneOrZeroWhoeverWrites)
+{
+    data.Execute(u"insert into Part(Code,Spare) values('a','1')"_s);
+    data.Execute(u"insert into Part(Code,Spare) values('b',?)"_s, {5});
+    data.Execute(u"insert into Part(Code) values('c')"_s);
+    data.Execute(u"insert into Part(Code,Spare) values('d',Null)"_s);
+    data.Execute(u"insert into Part(Code,Spare) select Name, Hours > 5 from Machine"_s);
+    const auto rows = data.Open(u"select Code, Spare from Part order by Code"_s);
+    QStringList found;
+    for (const db::Row row : rows)
+        found += row.text(u"Code") + base::toText(row[u"Spare"]);
+    EXPECT_EQ(found.join(u' '), u"a-1 b-1 c0 d0 Mower-1"_s);
+    for (const auto condition : {u"Spare", u"Spare = -1", u"Spare <> 0", u"Spare = True",
+                                 u"Spare = '1'", u"not (Spare = No)"}) {
+        EXPECT_EQ(data.Open(u"select * from Part where "_s + QStringView(condition).toString())
+                      .RecordCount(),
+                  3)
+            << qPrintable(QStringView(condition).toString());
+    }
+    data.Execute(u"alter table Part add Checked yesno"_s);
+    EXPECT_EQ(data.Open(u"select * from Part where Checked = 0"_s).RecordCount(), 5);
+    data.Execute(u"update Part set Checked = True where Code = 'a'"_s);
+    data.Execute(u"alter table Part drop column Spare"_s);
+    EXPECT_EQ(data.Open(u"select * from Part where Checked = -1"_s).RecordCount(), 1);
+}
+
+TEST_F(Engine, OuterJoinsGiveTheRowsThatTheConditionSays)
+{
+    data.Execute(u"insert into Machine(Name) values('Idle')"_s);
+    data.Execute(u"insert into Job(JobNo,Machine,Code,Due) values(1,1,'x',#3/1/2024#)"_s);
+    data.Execute(u"insert into Job(JobNo,Machine,Code) values(2,1,'y')"_s);
+    const QString from =
+        u"select m.Name from Machine m left join Job j on m.Id = j.Machine where "_s;
+    const auto rows = [&](const QString &where) { return data.Open(from + where).RecordCount(); };
+    EXPECT_EQ(rows(u"m.Id > 0"_s), 3);
+    EXPECT_EQ(rows(u"j.JobNo > 0"_s), 2);
+    EXPECT_EQ(rows(u"j.JobNo is null"_s), 1);
+    EXPECT_EQ(rows(u"j.Due < #3/15/2024#"_s), 1);
+    EXPECT_EQ(rows(u"(j.Due < #3/15/2024# or j.Due is null)"_s), 3);
+    EXPECT_EQ(rows(u"not (j.Code = 'x')"_s), 1);
+    EXPECT_EQ(rows(u"j.JobNo not in (select JobNo from Job where Code = 'x')"_s), 1);
+    EXPECT_EQ(rows(u"j.JobNo not in (select JobNo from Job where Code = 'q')"_s), 3);
+    EXPECT_EQ(rows(u"j.JobNo & '' = ''"_s), 1);
+}
+
+TEST_F(Engine, UnionsTakeNullAndNumbersBesideTexts)
+{
+    data.Execute(u"insert into Job(JobNo,Code) values(7,'seven')"_s);
+    const auto rows =
+        data.Open(u"select Name as [Unit No], Null as [No], 0 as [Printed] from Machine union "
+                  "select Code, JobNo, 'no' from Job order by [Unit No] desc"_s);
+    ASSERT_EQ(rows.RecordCount(), 2);
+    EXPECT_EQ(rows.row(0).text(u"Unit No"), u"seven"_s);
+    EXPECT_EQ(rows.row(0).integer(u"No"), 7);
+    EXPECT_EQ(rows.row(0).text(u"Printed"), u"no"_s);
+    EXPECT_TRUE(rows.row(1).isNull(u"No"));
+    EXPECT_EQ(rows.row(1).text(u"Printed"), u"0"_s);
+}
+
+TEST_F(Engine, AMismatchIsRaisedWhenTheStatementRuns)
+{
+    for (const auto condition : {u"Id = ''", u"Hours > 'abc'", u"Bought = 'soon'",
+                                 u"Sold = 'maybe'", u"Val(Name) + Name > 0", u"Minute(Name) = 5"}) {
+        try {
+            static_cast<void>(
+                data.Open(u"select * from Machine where "_s + QStringView(condition).toString()));
+            ADD_FAILURE() << qPrintable(QStringView(condition).toString());
+        } catch (const base::Error &error) {
+            EXPECT_EQ(error.number(), sql::ErrorNumber::TypeMismatch) << error.what();
+        }
+    }
+}
+
+TEST_F(Engine, DefinitionsDoWhatTheySay)
+{
+    data.Execute(
+        u"create table Log (No counter(100,1) primary key, Text text(10) not null, At datetime "
+        "default Date(), Price currency default 2.5, constraint byText unique (Text))"_s);
+    EXPECT_EQ(data.Insert(u"insert into Log(Text) values('a')"_s, {}, u"No"_s), 100);
+    EXPECT_EQ(data.Insert(u"insert into Log(Text) values('b')"_s, {}, u"no"_s), 101);
+    data.Execute(u"alter table Log alter column No counter(500,1)"_s);
+    EXPECT_EQ(data.Insert(u"insert into Log(Text) values('c')"_s, {}, u"No"_s), 500);
+    const auto row = data.Open(u"select * from Log where No = 100"_s).row(0);
+    EXPECT_EQ(row.date(u"At"), base::wallClock(QDate(2024, 3, 15)));
+    EXPECT_EQ(row.real(u"Price"), 2.5);
+    EXPECT_THROW(data.Execute(u"insert into Log(Text) values('A')"_s), base::Error);
+    EXPECT_THROW(data.Execute(u"insert into Log(Text) values(Null)"_s), base::Error);
+    data.Execute(u"create index Newest on Log (At desc)"_s);
+    data.Execute(u"create index Newest on Job (Due desc)"_s);
+    data.Execute(u"drop index Newest on Log"_s);
+    data.Execute(u"alter table Log drop constraint byText"_s);
+    data.Execute(u"insert into Log(Text) values('A')"_s);
+    data.Execute(u"drop table Log"_s);
+    EXPECT_THROW(static_cast<void>(data.Open(u"select * from Log"_s)), base::Error);
+}
+
+TEST(ShippedStatements, AreAllTakenByTheEngine)
+{
+    const test::TestEnvironment environment;
+    const test::TestDatabase database;
+    db::Connection data = database.connect();
+    for (const QString &statement : test::shippedSchema())
+        ASSERT_NO_THROW(data.Execute(statement)) << qPrintable(statement);
+    data.Execute(
+        u"Create table tblWotemp( strname nvarchar(1), strid nvarchar(15), strno nvarchar(15))"_s);
+    for (const QString &statement : test::shippedStatements()) {
+        try {
+            if (statement.trimmed().startsWith(u"select"_s, Qt::CaseInsensitive))
+                static_cast<void>(data.Open(statement));
+            else
+                data.Execute(statement);
+        } catch (const base::Error &error) {
+            ADD_FAILURE() << qPrintable(statement) << "\n" << error.what();
+        }
+    }
+}

@@ -1,0 +1,95 @@
+#include "platform/sql/Errors.h"
+#include "platform/sql/Lexer.h"
+#include "platform/sql/Translator.h"
+
+#include "platform/base/Environment.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QVariantList literalsOf(const QString &statement)
+{
+    QVariantList values;
+    for (const sql::Literal &literal : sql::lift(statement).literals)
+        values += literal.value;
+    return values;
+}
+
+} // namespace
+
+TEST(Lift, LiteralsComeOutInTheOrderOfTheText)
+{
+    const QVariantList values = literalsOf(
+        u"Update t set a='it''s', b=\"say \"\"x\"\"\", c=-5, d=2.50, e=#3-15-24# Where f=''"_s);
+    const QVariantList expected = {
+        u"it's"_s, u"say \"x\""_s, qint64(5), 2.5, base::wallClock(QDate(2024, 3, 15)), u""_s};
+    EXPECT_EQ(values, expected);
+}
+
+TEST(Lift, StatementsThatDifferInValuesAloneShareAKey)
+{
+    const auto key = [](const QString &statement) { return sql::lift(statement).key; };
+    EXPECT_EQ(key(u"select * from t where a = 5 and b = 'x'"_s),
+              key(u"select * from t where a = 123456 and b = 'yy ''z'"_s));
+    EXPECT_EQ(key(u"select a from t where d = #1/2/2024#"_s),
+              key(u"select a from t where d = #12-31-1999 10:05:00 PM#"_s));
+    EXPECT_NE(key(u"select a from t where b = 5"_s), key(u"select a from t where b = '5'"_s));
+    EXPECT_NE(key(u"select a from t where b = 5"_s), key(u"select a from t where b = 5.5"_s));
+    EXPECT_NE(key(u"select a from t where b in (1,2)"_s), key(u"select a from t where b in (1)"_s));
+    EXPECT_NE(key(u"select a from t where b = 5"_s), key(u"select a from t where c = 5"_s));
+}
+
+TEST(Lift, NamesAreNoLiterals)
+{
+    EXPECT_TRUE(literalsOf(u"select [a 'b' 5 #x#], t1.c2, `d 'e'` from t1"_s).isEmpty());
+    // Those of a derived table in brackets are.
+    EXPECT_EQ(
+        literalsOf(u"select x from [select [a 'b'] as x from t where c = 'd' and e=1]. as q"_s),
+        (QVariantList{u"d"_s, qint64(1)}));
+    EXPECT_EQ(literalsOf(u"select [Select one], a as [Select] from t where b=[Select 2 of]"_s),
+              QVariantList());
+}
+
+TEST(Lift, CountsTheCallersParameters)
+{
+    EXPECT_EQ(sql::lift(u"select '?', [a?] from t where b = ? and c in (?, ?)"_s).callerParameters,
+              3);
+}
+
+TEST(Lift, NumbersOfAllForms)
+{
+    EXPECT_EQ(
+        literalsOf(u"1 .5 5. 1.5e3 1E-2 007 999999999999999999"_s),
+        (QVariantList{qint64(1), 0.5, 5.0, 1500.0, 0.01, qint64(7), qint64(999999999999999999)}));
+    EXPECT_EQ(literalsOf(u"9999999999999999999"_s), (QVariantList{1e19}));
+    // A point between names parts them.
+    EXPECT_TRUE(literalsOf(u"t.a"_s).isEmpty());
+}
+
+TEST(Lift, TextThatCannotBeCutRaisesASyntaxError)
+{
+    for (const auto statement :
+         {u"select 'open", u"select \"open", u"select [open", u"where d = #3/15/2024", u"a = ##",
+          u"d = #13/45/2024#", u"select a$% from t", u"select []", u"a ] b", u"select \x01"}) {
+        try {
+            static_cast<void>(sql::lift(statement));
+            ADD_FAILURE() << qPrintable(QStringView(statement).toString()) << " was taken";
+        } catch (const base::Error &error) {
+            EXPECT_EQ(error.number(), sql::ErrorNumber::Syntax);
+        }
+    }
+}
+
+TEST(Lift, ASpaceOrNoneBetweenTokensMakesNoDifference)
+{
+    const auto kinds = [](const QString &statement) {
+        QStringList parts;
+        for (const sql::Token &token : sql::tokensOf(statement))
+            parts += token.text.toString();
+        return parts;
+    };
+    EXPECT_EQ(kinds(u"a=#1/2/2024#Where[b]From c"_s), kinds(u"a = #1/2/2024# Where [b] From c"_s));
+}

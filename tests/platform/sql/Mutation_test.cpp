@@ -1,0 +1,108 @@
+#include "SampleSchema.h"
+
+#include "platform/base/Error.h"
+#include "platform/sql/Translator.h"
+
+#include <QElapsedTimer>
+#include <QRandomGenerator>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Damages a statement in a few places: pieces go missing, are doubled, swapped or replaced.
+QString mutated(const QString &statement, const QStringList &pieces, QRandomGenerator &random)
+{
+    QString text = statement;
+    const int changes = 1 + static_cast<int>(random.bounded(4));
+    for (int i = 0; i < changes && !text.isEmpty(); ++i) {
+        const auto at = static_cast<qsizetype>(random.bounded(static_cast<quint32>(text.size())));
+        const auto length = static_cast<qsizetype>(random.bounded(12));
+        switch (random.bounded(5)) {
+        case 0:
+            text.remove(at, length);
+            break;
+        case 1:
+            text.insert(at, text.mid(at, length));
+            break;
+        case 2:
+            text.insert(at, pieces[static_cast<qsizetype>(
+                                random.bounded(static_cast<quint32>(pieces.size())))]);
+            break;
+        case 3:
+            text[at] = QChar(static_cast<char16_t>(random.bounded(0x20, 0x17f)));
+            break;
+        default:
+            text.truncate(at);
+        }
+    }
+    return text;
+}
+
+} // namespace
+
+TEST(Mutations, EveryTextIsTranslatedOrRefusedByTheDialect)
+{
+    QStringList tables = test::shippedSchema();
+    const sql::Schema schema = test::schemaOf(tables);
+    QStringList statements = test::shippedStatements();
+    statements += tables;
+    const QStringList pieces = {
+        u"("_s,        u")"_s,       u"["_s,     u"]"_s,          u"]. AS x"_s,
+        u"'"_s,        u"\""_s,      u"#"_s,     u"#1/2/2024#"_s, u" select "_s,
+        u" from "_s,   u" not "_s,   u" in ("_s, u" - "_s,        u" + '5'"_s,
+        u" & "_s,      u" union "_s, u"."_s,     u"?"_s,          u" like '[#*'"_s,
+        u"[select "_s, u"IIf("_s,    u"cstr("_s, u"1e999"_s,      u" order by 1"_s};
+    QRandomGenerator random(20240315);
+    QElapsedTimer timer;
+    timer.start();
+    int translated = 0;
+    int refused = 0;
+    while (timer.elapsed() < 3000) {
+        for (int i = 0; i < 100; ++i) {
+            const QString &base = statements[static_cast<qsizetype>(
+                random.bounded(static_cast<quint32>(statements.size())))];
+            const QString statement = mutated(base, pieces, random);
+            try {
+                const sql::Plan plan = sql::translate(statement, schema);
+                ++translated;
+                ASSERT_NO_THROW(static_cast<void>(sql::lift(statement))) << qPrintable(statement);
+                ASSERT_TRUE(plan.kind == sql::StatementKind::Ddl || !plan.text.isEmpty());
+            } catch (const base::Error &error) {
+                ++refused;
+                ASSERT_NE(error.number(), 0);
+                ASSERT_FALSE(error.description().isEmpty());
+            }
+        }
+    }
+    // Both roads were taken often enough to say something.
+    EXPECT_GT(translated, 50);
+    EXPECT_GT(refused, 50);
+}
+
+TEST(Mutations, TheTimeGrowsWithTheLengthAndNotFaster)
+{
+    const auto milliseconds = [](const QString &statement) {
+        QElapsedTimer timer;
+        timer.start();
+        try {
+            static_cast<void>(sql::lift(statement));
+            static_cast<void>(sql::translate(statement, test::machineSchema()));
+        } catch (const base::Error &) {
+            return timer.elapsed();
+        }
+        return timer.elapsed();
+    };
+    // Quadratic behaviour would take minutes here.
+    const int count = 100'000;
+    for (const QString &repeated : {u"[select "_s, u"["_s, u"'a"_s, u"(select "_s, u" or Id = 1"_s,
+                                    u", 1"_s, u"not "_s, u"- "_s, u" & Name"_s, u" + 1 & 'x'"_s}) {
+        const QString statement =
+            u"select Id from Machine where Id in (1) "_s + repeated.repeated(count);
+        EXPECT_LT(milliseconds(statement), 10'000) << qPrintable(repeated);
+        EXPECT_LT(milliseconds(u"select 1 "_s + repeated.repeated(count) + u" from Machine"_s),
+                  10'000)
+            << qPrintable(repeated);
+    }
+}
