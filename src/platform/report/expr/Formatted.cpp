@@ -1,0 +1,87 @@
+#include "platform/base/Format.h"
+#include "platform/report/expr/Expression.h"
+
+#include <QDateTime>
+#include <QLocale>
+#include <cmath>
+
+namespace report {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// "mm/dd/yyyy hh:mm AMPM" in Qt's form: months and minutes share a letter here, and an "m" behind
+/// an hour is a minute.
+QString qtDatePattern(const QString &format)
+{
+    QString pattern;
+    bool afterHour = false;
+    for (qsizetype at = 0; at < format.size(); ++at) {
+        const QStringView rest = QStringView(format).sliced(at);
+        const QChar c = format[at];
+        if (rest.startsWith(u"AMPM", Qt::CaseInsensitive)) {
+            pattern += u"AP";
+            at += 3;
+        } else if (c.toLower() == u'm') {
+            pattern += afterHour ? u'm' : u'M';
+        } else if (c.toLower() == u'h' || c.toLower() == u's') {
+            afterHour = true;
+            pattern += c;
+        } else if (c.toLower() == u'd' || c.toLower() == u'y') {
+            afterHour = false;
+            pattern += c.toLower();
+        } else {
+            pattern += c;
+        }
+    }
+    return pattern;
+}
+
+/// A number format: what stands before and behind the digits, the decimals, and whether thousands
+/// are parted.
+QString formattedNumber(double value, const QString &format)
+{
+    const qsizetype first = format.indexOf(u'0') < 0 ? format.indexOf(u'#')
+                            : format.indexOf(u'#') < 0
+                                ? format.indexOf(u'0')
+                                : qMin(format.indexOf(u'#'), format.indexOf(u'0'));
+    if (first < 0)
+        return format;
+    qsizetype last = first;
+    while (last + 1 < format.size() && QStringView(u"0#,.").contains(format[last + 1]))
+        ++last;
+    const QString digits = format.sliced(first, last - first + 1);
+    const qsizetype point = digits.indexOf(u'.');
+    const int decimals = point < 0 ? 0 : static_cast<int>(digits.size() - point - 1);
+    QLocale locale = QLocale::c();
+    locale.setNumberOptions(digits.contains(u',') ? QLocale::DefaultNumberOptions
+                                                  : QLocale::OmitGroupSeparator);
+    const QString text = locale.toString(std::abs(value), 'f', decimals);
+    const bool zero = text.count(u'0') + text.count(u'.') + text.count(u',') == text.size();
+    return (value < 0 && !zero ? u"-"_s : QString()) + format.first(first) + text +
+           format.sliced(last + 1);
+}
+
+} // namespace
+
+QString formatted(const QVariant &value, const QString &format)
+{
+    if (value.isNull())
+        return {};
+    if (format.isEmpty())
+        return base::toText(value);
+    if (value.typeId() == QMetaType::QDateTime)
+        return QLocale::c().toString(value.toDateTime(), qtDatePattern(format));
+    if (value.typeId() == QMetaType::QString) {
+        // A time of day is kept as text.
+        const QTime time = QTime::fromString(value.toString(), u"H:mm"_s);
+        if (format.contains(u"hh"_s, Qt::CaseInsensitive) && time.isValid())
+            return QLocale::c().toString(time, qtDatePattern(format));
+        bool ok = false;
+        const double number = value.toString().toDouble(&ok);
+        return ok ? formattedNumber(number, format) : value.toString();
+    }
+    return formattedNumber(value.toDouble(), format);
+}
+
+} // namespace report

@@ -1,0 +1,169 @@
+#pragma once
+
+#include "platform/report/layout/Units.h"
+
+#include <QColor>
+#include <QList>
+#include <QString>
+
+/// A report's layout as plain values: what the file holds, what the designer edits, what the
+/// paginator reads. Expressions are kept as text; see expr/Expression.h.
+namespace report {
+
+enum class Align { Left, Center, Right };
+enum class VerticalAlign { Top, Middle, Bottom };
+
+struct Font
+{
+    QString family = QStringLiteral("Arial");
+    double points = 9;
+    bool bold = false;
+    bool italic = false;
+    bool underline = false;
+
+    bool operator==(const Font &) const = default;
+};
+
+struct Border
+{
+    bool left = false, top = false, right = false, bottom = false;
+    Length width = 20;
+    QColor color = Qt::black;
+
+    [[nodiscard]] bool isNone() const { return !left && !top && !right && !bottom; }
+    bool operator==(const Border &) const = default;
+};
+
+struct Style
+{
+    Font font;
+    QColor color = Qt::black;
+    QColor fill; ///< invalid for none
+    Align align = Align::Left;
+    VerticalAlign verticalAlign = VerticalAlign::Top;
+    Border border;
+    Length padding = 0;
+
+    bool operator==(const Style &) const = default;
+};
+
+/// What changes of a style while a condition holds.
+struct ConditionalStyle
+{
+    QString when;
+    QColor color; ///< invalid: as it is
+    QColor fill;
+    bool bold = false;
+
+    bool operator==(const ConditionalStyle &) const = default;
+};
+
+enum class ObjectKind {
+    Text,    ///< words with expressions in braces: "Page {PageNumber} of {TotalPages}"
+    Field,   ///< the value of one expression, with a format
+    Line,    ///< from its place to its place plus width and height
+    Box,     ///< a frame or a filled rectangle
+    Picture, ///< a file beside the layout, or bytes from an expression
+    BarCode, ///< Code 128 of an expression
+};
+
+struct Object
+{
+    ObjectKind kind = ObjectKind::Text;
+    QString name; ///< by which the program sets a text; may be empty
+    Length x = 0; ///< from the left margin
+    Length y = 0; ///< from the top of the band
+    Length width = 3000;
+    Length height = 500;
+    QString content; ///< text, expression or file, by kind
+    QString format;  ///< of a field: "0.00", "$0.00", "mm/dd/yyyy", "hh:mm AMPM"
+    bool canGrow = false;
+    bool hideRepeated = false; ///< blank while the value is that of the row before
+    QString visibleIf;
+    Length lineWidth = 20; ///< of lines and boxes
+    Style style;
+    QList<ConditionalStyle> conditionalStyles;
+
+    bool operator==(const Object &) const = default;
+};
+
+enum class BandKind {
+    ReportHeader,
+    PageHeader,
+    GroupHeader,
+    Detail,
+    GroupFooter,
+    ReportFooter,
+    PageFooter,
+};
+
+struct Band
+{
+    BandKind kind = BandKind::Detail;
+    QString group; ///< of group headers and footers
+    Length height = 500;
+    QString printIf;
+    bool newPageBefore = false;
+    bool newPageAfter = false;
+    bool atBottom = false; ///< of a group or report footer: at the foot of the page
+    QList<Object> objects;
+
+    bool operator==(const Band &) const = default;
+};
+
+/// A group of rows; the first of the list is the outermost.
+struct Group
+{
+    QString name;
+    QString by;                ///< expression whose change begins a new group
+    bool newPage = false;      ///< each group but the first begins a page
+    bool keepTogether = false; ///< on one page where it fits on one
+    bool repeatHeader = false; ///< its header again on each page that it goes on to
+    bool resetPageNumber = false;
+
+    bool operator==(const Group &) const = default;
+};
+
+/// A named expression, used in others like a field.
+struct Formula
+{
+    QString name;
+    QString expression;
+
+    bool operator==(const Formula &) const = default;
+};
+
+struct PageSetup
+{
+    QString paper = QStringLiteral("Letter"); ///< "Letter", "A4", "Legal"
+    bool landscape = false;
+    Length left = 1270, top = 1270, right = 1270, bottom = 1270;
+
+    /// Of the sheet as it is printed.
+    [[nodiscard]] Length width() const;
+    [[nodiscard]] Length height() const;
+    /// Between the margins.
+    [[nodiscard]] Length innerWidth() const { return width() - left - right; }
+    [[nodiscard]] Length innerHeight() const { return height() - top - bottom; }
+    bool operator==(const PageSetup &) const = default;
+};
+
+struct Layout
+{
+    static constexpr int CurrentVersion = 1;
+
+    QString name;
+    QString title;
+    PageSetup page;
+    QList<Group> groups;
+    QList<Formula> formulas;
+    QList<Band> bands; ///< in the order of their kinds; of one kind in the order of printing
+
+    [[nodiscard]] int groupIndex(QStringView group) const;
+    /// The text object of a name in any band, or null.
+    [[nodiscard]] const Object *find(QStringView object) const;
+    [[nodiscard]] Object *find(QStringView object);
+    bool operator==(const Layout &) const = default;
+};
+
+} // namespace report

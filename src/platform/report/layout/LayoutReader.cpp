@@ -1,0 +1,348 @@
+#include "platform/report/layout/LayoutFile.h"
+#include "platform/report/layout/Words.h"
+
+#include <QFile>
+#include <QSet>
+#include <QXmlStreamReader>
+
+namespace report {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// What is wrong in a file that can still be told where.
+struct Failure
+{
+    QString what;
+};
+
+class Reader
+{
+public:
+    explicit Reader(const QByteArray &text)
+        : m_xml(text)
+    {}
+
+    LayoutReading read()
+    {
+        LayoutReading reading;
+        try {
+            if (!m_xml.readNextStartElement())
+                throw Failure{u"This is no report layout"_s};
+            if (m_xml.name() != u"report")
+                throw Failure{
+                    u"This is no report layout: it begins with \"%1\""_s.arg(m_xml.name())};
+            reading.layout = readReport();
+            if (m_xml.hasError())
+                throw Failure{m_xml.errorString()};
+        } catch (const Failure &failure) {
+            reading.layout.reset();
+            reading.error = at(m_xml.hasError() ? m_xml.errorString() : failure.what);
+        }
+        reading.warnings = m_warnings;
+        return reading;
+    }
+
+private:
+    [[nodiscard]] QString at(const QString &what) const
+    {
+        return u"Line %1, column %2: %3."_s.arg(m_xml.lineNumber())
+            .arg(m_xml.columnNumber())
+            .arg(what);
+    }
+
+    // --- Attributes --------------------------------------------------------------------------
+
+    void beginElement()
+    {
+        m_attributes.clear();
+        for (const QXmlStreamAttribute &attribute : m_xml.attributes())
+            m_attributes.insert(attribute.name().toString(), attribute.value().toString());
+    }
+    std::optional<QString> take(QStringView name)
+    {
+        const auto found = m_attributes.constFind(name.toString());
+        if (found == m_attributes.cend())
+            return std::nullopt;
+        const QString value = *found;
+        m_attributes.erase(found);
+        return value;
+    }
+    void endAttributes()
+    {
+        QStringList unknown = m_attributes.keys();
+        unknown.sort();
+        for (const QString &name : std::as_const(unknown))
+            m_warnings.append(at(u"\"%1\" of \"%2\" is not known"_s.arg(name, m_xml.name())));
+    }
+    void text(QStringView name, QString &target)
+    {
+        if (const auto value = take(name))
+            target = *value;
+    }
+    void length(QStringView name, Length &target)
+    {
+        const auto value = take(name);
+        if (!value)
+            return;
+        const auto length = parseLength(*value);
+        if (!length)
+            throw Failure{u"\"%1\" is no length, such as \"12.5mm\""_s.arg(*value)};
+        target = *length;
+    }
+    void flag(QStringView name, bool &target)
+    {
+        const auto value = take(name);
+        if (!value)
+            return;
+        if (*value != u"yes" && *value != u"no")
+            throw Failure{u"\"%1\" is \"yes\" or \"no\", not \"%2\""_s.arg(name, *value)};
+        target = *value == u"yes";
+    }
+    void number(QStringView name, double &target)
+    {
+        const auto value = take(name);
+        if (!value)
+            return;
+        bool ok = false;
+        target = value->toDouble(&ok);
+        if (!ok || target <= 0 || target > 1000)
+            throw Failure{u"\"%1\" is no size"_s.arg(*value)};
+    }
+    void color(QStringView name, QColor &target)
+    {
+        const auto value = take(name);
+        if (!value)
+            return;
+        const QColor parsed(*value);
+        if (!parsed.isValid())
+            throw Failure{u"\"%1\" is no colour, such as \"#24476d\""_s.arg(*value)};
+        target = parsed;
+    }
+    template<class Kind, std::size_t Count>
+    void word(QStringView name, const words::Word<Kind> (&known)[Count], Kind &target)
+    {
+        const auto value = take(name);
+        if (!value)
+            return;
+        const auto kind = words::kindOf(known, *value);
+        if (!kind)
+            throw Failure{u"\"%1\" can't be \"%2\""_s.arg(name, *value)};
+        target = *kind;
+    }
+    QString required(QStringView name)
+    {
+        const auto value = take(name);
+        if (!value || value->isEmpty())
+            throw Failure{u"\"%1\" has no \"%2\""_s.arg(m_xml.name(), name)};
+        return *value;
+    }
+
+    // --- Elements ----------------------------------------------------------------------------
+
+    /// Reads the elements below this one by name; unknown ones are skipped with a warning.
+    template<class Handle>
+    void children(Handle handle)
+    {
+        while (m_xml.readNextStartElement()) {
+            const QString name = m_xml.name().toString();
+            beginElement();
+            if (!handle(name)) {
+                m_warnings.append(at(u"\"%1\" is not known here"_s.arg(name)));
+                m_xml.skipCurrentElement();
+            }
+        }
+        if (m_xml.hasError())
+            throw Failure{m_xml.errorString()};
+    }
+
+    Layout readReport()
+    {
+        Layout layout;
+        beginElement();
+        const QString version = required(u"version");
+        if (version.toInt() < 1)
+            throw Failure{u"\"%1\" is no version"_s.arg(version)};
+        if (version.toInt() > Layout::CurrentVersion)
+            throw Failure{u"The layout was made by a newer version of the program"_s};
+        text(u"name", layout.name);
+        text(u"title", layout.title);
+        endAttributes();
+        children([&](const QString &name) {
+            if (name == u"page")
+                readPage(layout.page);
+            else if (name == u"group")
+                layout.groups.append(readGroup());
+            else if (name == u"formula")
+                layout.formulas.append(readFormula());
+            else if (name == u"band")
+                layout.bands.append(readBand());
+            else
+                return false;
+            return true;
+        });
+        check(layout);
+        return layout;
+    }
+
+    void check(const Layout &layout)
+    {
+        QSet<QString> names;
+        for (const Group &group : layout.groups) {
+            if (names.contains(group.name.toLower()))
+                throw Failure{u"There are two groups \"%1\""_s.arg(group.name)};
+            names.insert(group.name.toLower());
+        }
+        for (const Band &band : layout.bands)
+            if ((band.kind == BandKind::GroupHeader || band.kind == BandKind::GroupFooter) &&
+                layout.groupIndex(band.group) < 0)
+                throw Failure{
+                    u"A band belongs to the group \"%1\", which is not there"_s.arg(band.group)};
+        if (layout.page.innerWidth() <= 0 || layout.page.innerHeight() <= 0)
+            throw Failure{u"The margins leave no room on the page"_s};
+    }
+
+    void readPage(PageSetup &page)
+    {
+        text(u"paper", page.paper);
+        flag(u"landscape", page.landscape);
+        length(u"left", page.left);
+        length(u"top", page.top);
+        length(u"right", page.right);
+        length(u"bottom", page.bottom);
+        endAttributes();
+        children([](const QString &) { return false; });
+    }
+
+    Group readGroup()
+    {
+        Group group;
+        group.name = required(u"name");
+        group.by = required(u"by");
+        flag(u"newPage", group.newPage);
+        flag(u"keepTogether", group.keepTogether);
+        flag(u"repeatHeader", group.repeatHeader);
+        flag(u"resetPageNumber", group.resetPageNumber);
+        endAttributes();
+        children([](const QString &) { return false; });
+        return group;
+    }
+
+    Formula readFormula()
+    {
+        Formula formula;
+        formula.name = required(u"name");
+        endAttributes();
+        formula.expression = m_xml.readElementText();
+        return formula;
+    }
+
+    Band readBand()
+    {
+        Band band;
+        const QString kind = required(u"kind");
+        const auto known = words::kindOf(words::Bands, kind);
+        if (!known)
+            throw Failure{u"There is no band \"%1\""_s.arg(kind)};
+        band.kind = *known;
+        text(u"group", band.group);
+        length(u"height", band.height);
+        text(u"printIf", band.printIf);
+        flag(u"newPageBefore", band.newPageBefore);
+        flag(u"newPageAfter", band.newPageAfter);
+        flag(u"atBottom", band.atBottom);
+        endAttributes();
+        children([&](const QString &name) {
+            const auto object = words::kindOf(words::Objects, name);
+            if (object)
+                band.objects.append(readObject(*object));
+            return object.has_value();
+        });
+        return band;
+    }
+
+    Object readObject(ObjectKind kind)
+    {
+        Object object;
+        object.kind = kind;
+        text(u"name", object.name);
+        length(u"x", object.x);
+        length(u"y", object.y);
+        length(u"width", object.width);
+        length(u"height", object.height);
+        text(u"content", object.content);
+        text(u"format", object.format);
+        flag(u"canGrow", object.canGrow);
+        flag(u"hideRepeated", object.hideRepeated);
+        text(u"visibleIf", object.visibleIf);
+        length(u"lineWidth", object.lineWidth);
+        readStyle(object.style);
+        endAttributes();
+        children([&](const QString &name) {
+            if (name != u"when")
+                return false;
+            object.conditionalStyles.append(readCondition());
+            return true;
+        });
+        return object;
+    }
+
+    void readStyle(Style &style)
+    {
+        text(u"font", style.font.family);
+        number(u"size", style.font.points);
+        flag(u"bold", style.font.bold);
+        flag(u"italic", style.font.italic);
+        flag(u"underline", style.font.underline);
+        color(u"color", style.color);
+        color(u"fill", style.fill);
+        word(u"align", words::Aligns, style.align);
+        word(u"verticalAlign", words::VerticalAligns, style.verticalAlign);
+        length(u"padding", style.padding);
+        if (const auto sides = take(u"border")) {
+            style.border.left = sides->contains(u"left") || *sides == u"all";
+            style.border.top = sides->contains(u"top") || *sides == u"all";
+            style.border.right = sides->contains(u"right") || *sides == u"all";
+            style.border.bottom = sides->contains(u"bottom") || *sides == u"all";
+        }
+        length(u"borderWidth", style.border.width);
+        color(u"borderColor", style.border.color);
+    }
+
+    ConditionalStyle readCondition()
+    {
+        ConditionalStyle style;
+        style.when = required(u"condition");
+        color(u"color", style.color);
+        color(u"fill", style.fill);
+        flag(u"bold", style.bold);
+        endAttributes();
+        children([](const QString &) { return false; });
+        return style;
+    }
+
+    QXmlStreamReader m_xml;
+    QHash<QString, QString> m_attributes;
+    QStringList m_warnings;
+};
+
+} // namespace
+
+LayoutReading readLayout(const QByteArray &text)
+{
+    return Reader(text).read();
+}
+
+LayoutReading readLayoutFile(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        LayoutReading reading;
+        reading.error =
+            u"The report layout \"%1\" can't be opened: %2."_s.arg(path, file.errorString());
+        return reading;
+    }
+    return readLayout(file.readAll());
+}
+
+} // namespace report

@@ -1,0 +1,192 @@
+#include "platform/base/Error.h"
+#include "platform/report/layout/LayoutFile.h"
+#include "platform/report/layout/Words.h"
+
+#include <QSaveFile>
+#include <QXmlStreamWriter>
+
+namespace report {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// Writes attributes that differ from those of a fresh value.
+class Writer
+{
+public:
+    explicit Writer(QByteArray &target)
+        : m_xml(&target)
+    {
+        m_xml.setAutoFormatting(true);
+        m_xml.setAutoFormattingIndent(2);
+    }
+
+    void write(const Layout &layout)
+    {
+        m_xml.writeStartDocument();
+        m_xml.writeStartElement(u"report"_s);
+        m_xml.writeAttribute(u"version"_s, QString::number(Layout::CurrentVersion));
+        text(u"name", layout.name, {});
+        text(u"title", layout.title, {});
+        writePage(layout.page);
+        for (const Group &group : layout.groups)
+            writeGroup(group);
+        for (const Formula &formula : layout.formulas) {
+            m_xml.writeStartElement(u"formula"_s);
+            m_xml.writeAttribute(u"name"_s, formula.name);
+            m_xml.writeCharacters(formula.expression);
+            m_xml.writeEndElement();
+        }
+        for (const Band &band : layout.bands)
+            writeBand(band);
+        m_xml.writeEndElement();
+        m_xml.writeEndDocument();
+    }
+
+private:
+    void text(QStringView name, const QString &value, const QString &usual)
+    {
+        if (value != usual)
+            m_xml.writeAttribute(name.toString(), value);
+    }
+    void length(QStringView name, Length value, Length usual)
+    {
+        if (value != usual)
+            m_xml.writeAttribute(name.toString(), lengthText(value));
+    }
+    void flag(QStringView name, bool value)
+    {
+        if (value)
+            m_xml.writeAttribute(name.toString(), u"yes"_s);
+    }
+    void color(QStringView name, const QColor &value, const QColor &usual)
+    {
+        if (value != usual && value.isValid())
+            m_xml.writeAttribute(name.toString(), value.name());
+    }
+
+    void writePage(const PageSetup &page)
+    {
+        const PageSetup usual;
+        m_xml.writeStartElement(u"page"_s);
+        m_xml.writeAttribute(u"paper"_s, page.paper);
+        flag(u"landscape", page.landscape);
+        length(u"left", page.left, usual.left);
+        length(u"top", page.top, usual.top);
+        length(u"right", page.right, usual.right);
+        length(u"bottom", page.bottom, usual.bottom);
+        m_xml.writeEndElement();
+    }
+
+    void writeGroup(const Group &group)
+    {
+        m_xml.writeStartElement(u"group"_s);
+        m_xml.writeAttribute(u"name"_s, group.name);
+        m_xml.writeAttribute(u"by"_s, group.by);
+        flag(u"newPage", group.newPage);
+        flag(u"keepTogether", group.keepTogether);
+        flag(u"repeatHeader", group.repeatHeader);
+        flag(u"resetPageNumber", group.resetPageNumber);
+        m_xml.writeEndElement();
+    }
+
+    void writeBand(const Band &band)
+    {
+        m_xml.writeStartElement(u"band"_s);
+        m_xml.writeAttribute(u"kind"_s, words::textOf(words::Bands, band.kind));
+        text(u"group", band.group, {});
+        m_xml.writeAttribute(u"height"_s, lengthText(band.height));
+        text(u"printIf", band.printIf, {});
+        flag(u"newPageBefore", band.newPageBefore);
+        flag(u"newPageAfter", band.newPageAfter);
+        flag(u"atBottom", band.atBottom);
+        for (const Object &object : band.objects)
+            writeObject(object);
+        m_xml.writeEndElement();
+    }
+
+    void writeObject(const Object &object)
+    {
+        const Object usual;
+        m_xml.writeStartElement(words::textOf(words::Objects, object.kind));
+        text(u"name", object.name, {});
+        length(u"x", object.x, usual.x);
+        length(u"y", object.y, usual.y);
+        length(u"width", object.width, usual.width);
+        length(u"height", object.height, usual.height);
+        text(u"content", object.content, {});
+        text(u"format", object.format, {});
+        flag(u"canGrow", object.canGrow);
+        flag(u"hideRepeated", object.hideRepeated);
+        text(u"visibleIf", object.visibleIf, {});
+        length(u"lineWidth", object.lineWidth, usual.lineWidth);
+        writeStyle(object.style);
+        for (const ConditionalStyle &style : object.conditionalStyles) {
+            m_xml.writeStartElement(u"when"_s);
+            m_xml.writeAttribute(u"condition"_s, style.when);
+            color(u"color", style.color, {});
+            color(u"fill", style.fill, {});
+            flag(u"bold", style.bold);
+            m_xml.writeEndElement();
+        }
+        m_xml.writeEndElement();
+    }
+
+    void writeStyle(const Style &style)
+    {
+        const Style usual;
+        text(u"font", style.font.family, usual.font.family);
+        if (style.font.points != usual.font.points)
+            m_xml.writeAttribute(u"size"_s, QString::number(style.font.points));
+        flag(u"bold", style.font.bold);
+        flag(u"italic", style.font.italic);
+        flag(u"underline", style.font.underline);
+        color(u"color", style.color, usual.color);
+        color(u"fill", style.fill, usual.fill);
+        text(u"align", words::textOf(words::Aligns, style.align), u"left"_s);
+        text(u"verticalAlign", words::textOf(words::VerticalAligns, style.verticalAlign), u"top"_s);
+        length(u"padding", style.padding, usual.padding);
+        text(u"border", sides(style.border), {});
+        length(u"borderWidth", style.border.width, usual.border.width);
+        color(u"borderColor", style.border.color, usual.border.color);
+    }
+
+    static QString sides(const Border &border)
+    {
+        if (border.left && border.top && border.right && border.bottom)
+            return u"all"_s;
+        QStringList sides;
+        if (border.left)
+            sides.append(u"left"_s);
+        if (border.top)
+            sides.append(u"top"_s);
+        if (border.right)
+            sides.append(u"right"_s);
+        if (border.bottom)
+            sides.append(u"bottom"_s);
+        return sides.join(u' ');
+    }
+
+    QXmlStreamWriter m_xml;
+};
+
+} // namespace
+
+QByteArray writeLayout(const Layout &layout)
+{
+    QByteArray target;
+    Writer(target).write(layout);
+    return target;
+}
+
+void writeLayoutFile(const Layout &layout, const QString &path)
+{
+    QSaveFile file(path);
+    const QByteArray text = writeLayout(layout);
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit())
+        throw base::Error(
+            base::ErrorNumber::PathAccess,
+            u"The report layout \"%1\" can't be written: %2."_s.arg(path, file.errorString()));
+}
+
+} // namespace report

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/report/layout/Layout.h"
+
+#include <optional>
+
+/// The words of the layout file for kinds and alignments.
+namespace report::words {
+
+template<class Kind>
+struct Word
+{
+    QStringView text;
+    Kind kind;
+};
+
+inline constexpr Word<BandKind> Bands[] = {
+    {u"reportHeader", BandKind::ReportHeader}, {u"pageHeader", BandKind::PageHeader},
+    {u"groupHeader", BandKind::GroupHeader},   {u"detail", BandKind::Detail},
+    {u"groupFooter", BandKind::GroupFooter},   {u"reportFooter", BandKind::ReportFooter},
+    {u"pageFooter", BandKind::PageFooter}};
+
+inline constexpr Word<ObjectKind> Objects[] = {
+    {u"text", ObjectKind::Text},       {u"field", ObjectKind::Field},
+    {u"line", ObjectKind::Line},       {u"box", ObjectKind::Box},
+    {u"picture", ObjectKind::Picture}, {u"barCode", ObjectKind::BarCode}};
+
+inline constexpr Word<Align> Aligns[] = {
+    {u"left", Align::Left}, {u"center", Align::Center}, {u"right", Align::Right}};
+
+inline constexpr Word<VerticalAlign> VerticalAligns[] = {{u"top", VerticalAlign::Top},
+                                                         {u"middle", VerticalAlign::Middle},
+                                                         {u"bottom", VerticalAlign::Bottom}};
+
+template<class Kind, std::size_t Count>
+[[nodiscard]] std::optional<Kind> kindOf(const Word<Kind> (&words)[Count], QStringView text)
+{
+    for (const Word<Kind> &word : words)
+        if (word.text == text)
+            return word.kind;
+    return std::nullopt;
+}
+
+template<class Kind, std::size_t Count>
+[[nodiscard]] QString textOf(const Word<Kind> (&words)[Count], Kind kind)
+{
+    for (const Word<Kind> &word : words)
+        if (word.kind == kind)
+            return word.text.toString();
+    return {};
+}
+
+} // namespace report::words

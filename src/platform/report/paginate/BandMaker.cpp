@@ -1,0 +1,240 @@
+#include "platform/report/paginate/BandMaker.h"
+
+#include "platform/base/Format.h"
+#include "platform/report/paginate/BarCode.h"
+#include "platform/report/paginate/TextFlow.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace report {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+bool isTrue(const QVariant &value)
+{
+    if (value.isNull())
+        return false;
+    return value.typeId() == QMetaType::QString ? !value.toString().isEmpty()
+                                                : value.toDouble() != 0;
+}
+
+bool holdsText(const report::Object &object)
+{
+    return object.kind == ObjectKind::Text || object.kind == ObjectKind::Field;
+}
+
+bool stretches(const report::Object &object)
+{
+    return object.kind == ObjectKind::Box ||
+           (object.kind == ObjectKind::Line && object.height != 0);
+}
+
+QRect layoutFrame(const report::Object &object)
+{
+    return {object.x, object.y, object.width, object.height};
+}
+
+Length bottomOf(const QRect &frame)
+{
+    return frame.y() + frame.height();
+}
+
+/// Lines that a frame of fixed height can't show are left out, but never the first.
+void cutToHeight(QList<TextLine> &lines, const Style &style, Length height)
+{
+    while (lines.size() > 1 && flowHeight(lines, style) > height)
+        lines.removeLast();
+}
+
+Length verticalShift(const QList<TextLine> &lines, const Style &style, Length height)
+{
+    const Length room = height - flowHeight(lines, style);
+    switch (style.verticalAlign) {
+    case VerticalAlign::Top:
+        return 0;
+    case VerticalAlign::Middle:
+        return room / 2;
+    case VerticalAlign::Bottom:
+        return room;
+    }
+    return 0;
+}
+
+} // namespace
+
+BandMaker::BandMaker(const BandContext &context, const Inputs &inputs, QStringList &problems)
+    : m_context(context)
+    , m_inputs(inputs)
+    , m_problems(problems)
+{}
+
+bool BandMaker::isPrinted(const compiled::Band &band) const
+{
+    return !band.printIf || isTrue(m_context.evaluate(*band.printIf));
+}
+
+MadeBand BandMaker::make(const compiled::Band &band)
+{
+    MadeBand made;
+    QList<Placed> objects;
+    for (const compiled::Object &object : band.objects) {
+        Placed placed{&object, layoutFrame(*object.layout), 0, {}, {}, {}, {}};
+        if (prepare(object, placed, made))
+            objects.append(std::move(placed));
+    }
+    push(objects);
+    made.height = band.layout->height;
+    for (const Placed &placed : std::as_const(objects)) {
+        // What stood below an object in the layout keeps its distance to it.
+        const Length below = band.layout->height - bottomOf(layoutFrame(*placed.object->layout));
+        made.height = qMax(made.height, bottomOf(placed.frame) + qMax(0, below));
+        addItem(placed, made.items);
+    }
+    return made;
+}
+
+bool BandMaker::prepare(const compiled::Object &object, Placed &placed, MadeBand &band) const
+{
+    if (object.visibleIf && !isTrue(m_context.evaluate(*object.visibleIf)))
+        return false;
+    placed.style = styleOf(object);
+    if (object.value)
+        placed.value = m_context.evaluate(*object.value);
+    if (object.repeatSlot >= 0) {
+        const auto last = m_context.lastShown(object.repeatSlot);
+        if (last && compareValues(*last, placed.value) == 0)
+            return false;
+        band.shown.append({object.repeatSlot, placed.value});
+    }
+    if (!holdsText(*object.layout))
+        return true;
+    if (object.layout->kind == ObjectKind::Field) {
+        placed.text = formatted(placed.value, object.layout->format);
+    } else {
+        for (const compiled::Piece &piece : object.pieces)
+            placed.text +=
+                piece.value ? base::toText(m_context.evaluate(*piece.value)) : piece.words;
+    }
+    placed.lines = flowText(placed.text, placed.style, placed.frame.width());
+    const Length needed = flowHeight(placed.lines, placed.style);
+    if (object.layout->canGrow && needed > placed.frame.height()) {
+        placed.grown = needed - placed.frame.height();
+        placed.frame.setHeight(needed);
+    } else {
+        cutToHeight(placed.lines, placed.style, placed.frame.height());
+    }
+    return true;
+}
+
+void BandMaker::push(QList<Placed> &objects) const
+{
+    const auto growing = [](const Placed &placed) { return placed.grown > 0; };
+    if (std::none_of(objects.cbegin(), objects.cend(), growing))
+        return;
+    QList<Placed *> byTop;
+    for (Placed &placed : objects)
+        byTop.append(&placed);
+    std::stable_sort(byTop.begin(), byTop.end(), [](const Placed *a, const Placed *b) {
+        return a->object->layout->y < b->object->layout->y;
+    });
+    for (Placed *placed : byTop) {
+        const QRect own = layoutFrame(*placed->object->layout);
+        Length down = 0;
+        Length stretch = 0;
+        for (const Placed *other : byTop) {
+            const QRect theirs = layoutFrame(*other->object->layout);
+            const Length moved = other->frame.y() - theirs.y() + other->grown;
+            if (other == placed || !holdsText(*other->object->layout))
+                continue;
+            if (bottomOf(theirs) <= own.y())
+                down = qMax(down, moved);
+            else if (stretches(*placed->object->layout) && own.y() <= theirs.y() &&
+                     bottomOf(own) >= bottomOf(theirs))
+                stretch = qMax(stretch, moved);
+        }
+        placed->frame.moveTop(own.y() + down);
+        if (stretches(*placed->object->layout))
+            placed->frame.setHeight(own.height() + qMax(0, stretch - down));
+    }
+}
+
+void BandMaker::addItem(const Placed &placed, QList<PageItem> &items)
+{
+    const report::Object &object = *placed.object->layout;
+    const QRect &frame = placed.frame;
+    switch (object.kind) {
+    case ObjectKind::Text:
+    case ObjectKind::Field: {
+        if (placed.text.isEmpty() && placed.style.border.isNone() && !placed.style.fill.isValid())
+            return;
+        TextItem item{frame, placed.lines, placed.style};
+        const Length shift = verticalShift(item.lines, placed.style, frame.height());
+        for (TextLine &line : item.lines) {
+            line.x += frame.x();
+            line.baseline += frame.y() + shift;
+        }
+        items.append(std::move(item));
+        return;
+    }
+    case ObjectKind::Line:
+        items.append(LineItem{frame.topLeft(),
+                              QPoint(frame.x() + frame.width(), frame.y() + frame.height()),
+                              object.lineWidth, placed.style.color});
+        return;
+    case ObjectKind::Box:
+        items.append(BoxItem{frame, object.lineWidth, placed.style.color, placed.style.fill});
+        return;
+    case ObjectKind::Picture: {
+        const QByteArray data =
+            placed.object->value ? placed.value.toByteArray() : pictureFile(object.content);
+        if (!data.isEmpty())
+            items.append(PictureItem{frame, data, placed.style.align});
+        return;
+    }
+    case ObjectKind::BarCode: {
+        const QString text = base::toText(placed.value);
+        if (text.isEmpty())
+            return;
+        if (const auto code = barCode(text, frame))
+            items.append(*code);
+        else if (const QString problem = u"\"%1\" can't be written as a bar code."_s.arg(text);
+                 !m_problems.contains(problem))
+            m_problems.append(problem);
+        return;
+    }
+    }
+}
+
+Style BandMaker::styleOf(const compiled::Object &object) const
+{
+    Style style = object.layout->style;
+    for (const compiled::ConditionalStyle &condition : object.styles) {
+        if (!isTrue(m_context.evaluate(condition.when)))
+            continue;
+        if (condition.style->color.isValid())
+            style.color = condition.style->color;
+        if (condition.style->fill.isValid())
+            style.fill = condition.style->fill;
+        style.font.bold |= condition.style->bold;
+    }
+    return style;
+}
+
+QByteArray BandMaker::pictureFile(const QString &name)
+{
+    const auto known = m_pictures.constFind(name);
+    if (known != m_pictures.cend())
+        return *known;
+    QFile file(QDir(m_inputs.folder).filePath(name));
+    QByteArray data;
+    if (file.open(QIODevice::ReadOnly))
+        data = file.readAll();
+    else
+        m_problems.append(u"The picture \"%1\" is not there."_s.arg(name));
+    m_pictures.insert(name, data);
+    return data;
+}
+
+} // namespace report

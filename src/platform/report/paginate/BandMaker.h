@@ -1,0 +1,65 @@
+#pragma once
+
+#include "platform/report/paginate/Compiled.h"
+#include "platform/report/paginate/PageDocument.h"
+
+#include <utility>
+
+namespace report {
+
+/// A band ready to be placed: its items from its own upper left corner, and the height it takes.
+struct MadeBand
+{
+    QList<PageItem> items;
+    Length height = 0;
+    /// Values to remember once the band is placed, for objects that hide repeats.
+    QList<std::pair<int, QVariant>> shown;
+};
+
+/// What the maker of bands reads of the run.
+class BandContext
+{
+public:
+    virtual ~BandContext() = default;
+    [[nodiscard]] virtual QVariant evaluate(const compiled::Value &value) const = 0;
+    /// The value that an object showed last, nothing when it has to be shown anew.
+    [[nodiscard]] virtual std::optional<QVariant> lastShown(int repeatSlot) const = 0;
+};
+
+/// Makes a band's items for the row on hand: texts are flowed, objects that grow push those below
+/// them down and stretch the boxes around them.
+class BandMaker
+{
+public:
+    BandMaker(const BandContext &context, const Inputs &inputs, QStringList &problems);
+
+    /// True when the band's condition lets it print.
+    [[nodiscard]] bool isPrinted(const compiled::Band &band) const;
+    [[nodiscard]] MadeBand make(const compiled::Band &band);
+
+private:
+    struct Placed
+    {
+        const compiled::Object *object;
+        QRect frame; ///< grown and moved
+        Length grown = 0;
+        QString text;
+        QVariant value;
+        Style style;
+        QList<TextLine> lines;
+    };
+
+    [[nodiscard]] bool prepare(const compiled::Object &object, Placed &placed,
+                               MadeBand &band) const;
+    void push(QList<Placed> &objects) const;
+    void addItem(const Placed &placed, QList<PageItem> &items);
+    [[nodiscard]] Style styleOf(const compiled::Object &object) const;
+    [[nodiscard]] QByteArray pictureFile(const QString &name);
+
+    const BandContext &m_context;
+    const Inputs &m_inputs;
+    QStringList &m_problems;
+    QHash<QString, QByteArray> m_pictures;
+};
+
+} // namespace report

@@ -1,0 +1,252 @@
+#include "platform/report/paginate/Compiled.h"
+
+namespace report::compiled {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr QStringView SpecialNames[] = {u"pagenumber", u"totalpages", u"rownumber",
+                                        u"today",      u"now",        u"groupnumber"};
+
+class Compiler
+{
+public:
+    Compiler(const Layout &layout, const DataSource &rows, const Inputs &inputs)
+        : m_layout(layout)
+        , m_rows(rows)
+        , m_inputs(inputs)
+    {
+        m_report.layout = &layout;
+    }
+
+    Report run()
+    {
+        for (const Formula &formula : m_layout.formulas)
+            m_formulaNames.append(formula.name.toLower());
+        for (const Formula &formula : m_layout.formulas)
+            m_report.formulas[formula.name.toLower()] =
+                value(m_inputs.formulas.value(formula.name, formula.expression),
+                      u"formula %1"_s.arg(formula.name), {ScopeKind::Report, -1});
+        for (const Group &group : m_layout.groups)
+            m_report.groupBy.push_back(
+                value(group.by, u"group %1"_s.arg(group.name), {ScopeKind::Report, -1}));
+        m_report.groupHeaders.resize(m_report.groupBy.size());
+        m_report.groupFooters.resize(m_report.groupBy.size());
+        for (const report::Band &band : m_layout.bands)
+            addBand(band);
+        return std::move(m_report);
+    }
+
+private:
+    struct Scope
+    {
+        ScopeKind kind;
+        int group;
+    };
+
+    void addBand(const report::Band &band)
+    {
+        const int group = m_layout.groupIndex(band.group);
+        const bool ofGroup =
+            band.kind == BandKind::GroupHeader || band.kind == BandKind::GroupFooter;
+        if (ofGroup && group < 0) {
+            m_report.problems.append(
+                u"There is no group \"%1\" for one of the bands."_s.arg(band.group));
+            return;
+        }
+        const Scope scope = scopeOf(band.kind, group);
+        Band compiled;
+        compiled.layout = &band;
+        if (!band.printIf.isEmpty())
+            compiled.printIf = value(band.printIf, u"a band's condition"_s, scope);
+        for (const report::Object &object : band.objects)
+            compiled.objects.push_back(compileObject(object, scope));
+        bandsOf(band.kind, group).push_back(std::move(compiled));
+    }
+
+    static Scope scopeOf(BandKind kind, int group)
+    {
+        switch (kind) {
+        case BandKind::GroupHeader:
+        case BandKind::GroupFooter:
+            return {ScopeKind::Group, group};
+        case BandKind::PageHeader:
+        case BandKind::PageFooter:
+            return {ScopeKind::Page, -1};
+        case BandKind::ReportHeader:
+        case BandKind::ReportFooter:
+        case BandKind::Detail:
+            break;
+        }
+        return {ScopeKind::Report, -1};
+    }
+
+    Bands &bandsOf(BandKind kind, int group)
+    {
+        switch (kind) {
+        case BandKind::ReportHeader:
+            return m_report.reportHeader;
+        case BandKind::PageHeader:
+            return m_report.pageHeader;
+        case BandKind::GroupHeader:
+            return m_report.groupHeaders[group];
+        case BandKind::GroupFooter:
+            return m_report.groupFooters[group];
+        case BandKind::PageFooter:
+            return m_report.pageFooter;
+        case BandKind::ReportFooter:
+            return m_report.reportFooter;
+        case BandKind::Detail:
+            break;
+        }
+        return m_report.detail;
+    }
+
+    Object compileObject(const report::Object &object, Scope scope)
+    {
+        const QString where = object.name.isEmpty() ? u"an object"_s : object.name;
+        Object compiled;
+        compiled.layout = &object;
+        switch (object.kind) {
+        case ObjectKind::Text:
+            compiled.pieces = pieces(m_inputs.texts.contains(object.name) && !object.name.isEmpty()
+                                         ? plainText(m_inputs.texts.value(object.name))
+                                         : split(object.content, where),
+                                     where, scope);
+            break;
+        case ObjectKind::Field:
+        case ObjectKind::BarCode:
+            compiled.value = value(object.content, where, scope);
+            break;
+        case ObjectKind::Picture:
+            if (object.content.startsWith(u'='))
+                compiled.value = value(object.content.sliced(1), where, scope);
+            break;
+        case ObjectKind::Line:
+        case ObjectKind::Box:
+            break;
+        }
+        if (!object.visibleIf.isEmpty())
+            compiled.visibleIf = value(object.visibleIf, where, scope);
+        for (const report::ConditionalStyle &style : object.conditionalStyles)
+            compiled.styles.push_back({value(style.when, where, scope), &style});
+        if (object.hideRepeated)
+            compiled.repeatSlot = m_report.repeatSlots++;
+        return compiled;
+    }
+
+    struct RawPiece
+    {
+        QString text;
+        bool isExpression;
+    };
+
+    /// A text that the program sets is never read as an expression.
+    static std::vector<RawPiece> plainText(const QString &text) { return {{text, false}}; }
+
+    std::vector<RawPiece> split(const QString &content, const QString &where)
+    {
+        std::vector<RawPiece> raw;
+        qsizetype at = 0;
+        while (at < content.size()) {
+            const qsizetype open = content.indexOf(u'{', at);
+            if (open < 0)
+                break;
+            const qsizetype close = content.indexOf(u'}', open);
+            if (close < 0) {
+                m_report.problems.append(u"The text of %1 has no closing brace."_s.arg(where));
+                break;
+            }
+            if (open > at)
+                raw.push_back({content.sliced(at, open - at), false});
+            raw.push_back({content.sliced(open + 1, close - open - 1), true});
+            at = close + 1;
+        }
+        if (at < content.size())
+            raw.push_back({content.sliced(at), false});
+        return raw;
+    }
+
+    std::vector<Piece> pieces(const std::vector<RawPiece> &raw, const QString &where, Scope scope)
+    {
+        std::vector<Piece> result;
+        for (const RawPiece &piece : raw) {
+            if (piece.isExpression)
+                result.push_back({{}, value(piece.text, where, scope)});
+            else
+                result.push_back({piece.text, std::nullopt});
+        }
+        return result;
+    }
+
+    Value value(const QString &text, const QString &where, Scope scope)
+    {
+        QString error;
+        Value result;
+        result.expression = Expression::parse(text, &error);
+        if (!error.isEmpty()) {
+            m_report.problems.append(u"%1: %2"_s.arg(where, error));
+            return result;
+        }
+        checkNames(result.expression, where);
+        const QList<Aggregate> &aggregates = result.expression.aggregates();
+        for (int number = 0; number < aggregates.size(); ++number)
+            result.slots.push_back(slotFor(
+                aggregates[number], result.expression.aggregateArgument(number), scope, where));
+        return result;
+    }
+
+    void checkNames(const Expression &expression, const QString &where)
+    {
+        for (const QString &name : expression.names()) {
+            if (name == u"totalpages")
+                m_report.needsTotalPages = true;
+            const bool special = std::find(std::begin(SpecialNames), std::end(SpecialNames),
+                                           name) != std::end(SpecialNames);
+            if (!special && !m_formulaNames.contains(name) && m_rows.fieldIndex(name) < 0)
+                m_report.problems.append(u"%1: there is no field \"%2\"."_s.arg(where, name));
+        }
+    }
+
+    int slotFor(const Aggregate &aggregate, const Expression &argument, Scope scope,
+                const QString &where)
+    {
+        AggregateSlot slot;
+        slot.function = aggregate.function;
+        slot.argument = argument;
+        slot.scope = scope.kind;
+        slot.group = scope.group;
+        if (aggregate.scope.compare(u"page", Qt::CaseInsensitive) == 0) {
+            slot.scope = ScopeKind::Page;
+        } else if (aggregate.scope.compare(u"report", Qt::CaseInsensitive) == 0) {
+            slot.scope = ScopeKind::Report;
+        } else if (!aggregate.scope.isEmpty()) {
+            slot.scope = ScopeKind::Group;
+            slot.group = m_layout.groupIndex(aggregate.scope);
+            if (slot.group < 0) {
+                m_report.problems.append(
+                    u"%1: there is no group \"%2\"."_s.arg(where, aggregate.scope));
+                slot.scope = ScopeKind::Report;
+            }
+        }
+        m_report.slots.push_back(std::move(slot));
+        return static_cast<int>(m_report.slots.size()) - 1;
+    }
+
+    const Layout &m_layout;
+    const DataSource &m_rows;
+    const Inputs &m_inputs;
+    QStringList m_formulaNames;
+    Report m_report;
+};
+
+} // namespace
+
+Report compile(const Layout &layout, const DataSource &rows, const Inputs &inputs)
+{
+    Report report = Compiler(layout, rows, inputs).run();
+    report.problems.removeDuplicates();
+    return report;
+}
+
+} // namespace report::compiled

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "platform/report/expr/Expression.h"
+#include "platform/report/layout/Layout.h"
+#include "platform/report/paginate/DataSource.h"
+
+#include <map>
+#include <vector>
+
+/// A layout with its expressions parsed and its aggregates given their places, ready to run.
+namespace report::compiled {
+
+/// Where an aggregate begins anew.
+enum class ScopeKind { Report, Page, Group };
+
+struct AggregateSlot
+{
+    AggregateFunction function = AggregateFunction::Sum;
+    Expression argument;
+    ScopeKind scope = ScopeKind::Report;
+    int group = -1; ///< of Group
+};
+
+/// An expression and, for each of its aggregates, the number of its slot.
+struct Value
+{
+    Expression expression;
+    std::vector<int> slots;
+};
+
+/// A piece of a text: words as they stand, or a value.
+struct Piece
+{
+    QString words;
+    std::optional<Value> value;
+};
+
+struct ConditionalStyle
+{
+    Value when;
+    const report::ConditionalStyle *style = nullptr;
+};
+
+struct Object
+{
+    const report::Object *layout = nullptr;
+    std::vector<Piece> pieces;  ///< of texts
+    std::optional<Value> value; ///< of fields, bar codes and pictures from the rows
+    std::optional<Value> visibleIf;
+    std::vector<ConditionalStyle> styles;
+    int repeatSlot = -1; ///< its place among the remembered values, when repeats are hidden
+};
+
+struct Band
+{
+    const report::Band *layout = nullptr;
+    std::optional<Value> printIf;
+    std::vector<Object> objects;
+};
+
+/// The bands of one place: of one kind, and of one group.
+using Bands = std::vector<Band>;
+
+struct Report
+{
+    const Layout *layout = nullptr;
+    Bands reportHeader, pageHeader, detail, pageFooter, reportFooter;
+    std::vector<Bands> groupHeaders, groupFooters; ///< by the group's number
+    std::vector<Value> groupBy;
+    std::map<QString, Value> formulas; ///< by name in lower case
+    std::vector<AggregateSlot> slots;
+    int repeatSlots = 0;
+    bool needsTotalPages = false;
+    QStringList problems;
+};
+
+/// Parses a layout's expressions. What can't be read, and names that neither the rows nor the
+/// layout know, are told in problems; the value is then Null.
+[[nodiscard]] Report compile(const Layout &layout, const DataSource &rows, const Inputs &inputs);
+
+} // namespace report::compiled

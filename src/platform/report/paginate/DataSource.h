@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QDateTime>
+#include <QHash>
+#include <QString>
+#include <QVariant>
+
+namespace report {
+
+/// Where a report's rows come from.
+class DataSource
+{
+public:
+    virtual ~DataSource() = default;
+    [[nodiscard]] virtual int rowCount() const = 0;
+    /// The index of a field by its name in any case, -1 when there is none.
+    [[nodiscard]] virtual int fieldIndex(const QString &name) const = 0;
+    [[nodiscard]] virtual QVariant value(int row, int field) const = 0;
+};
+
+/// What a report is given besides its rows.
+struct Inputs
+{
+    QHash<QString, QString> texts;    ///< texts for named text objects, key: the object's name
+    QHash<QString, QString> formulas; ///< expressions in place of the layout's, by name
+    QDateTime now;                    ///< what Now and Today give
+    QString folder;                   ///< where the layout's picture files lie
+};
+
+} // namespace report

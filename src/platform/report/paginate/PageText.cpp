@@ -1,0 +1,59 @@
+#include "platform/report/paginate/PageDocument.h"
+
+#include <QStringList>
+
+namespace report {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+QString rectText(const QRect &frame)
+{
+    return u"%1,%2 %3x%4"_s.arg(frame.x()).arg(frame.y()).arg(frame.width()).arg(frame.height());
+}
+
+QString itemText(const TextItem &item)
+{
+    QStringList lines;
+    for (const TextLine &line : item.lines)
+        lines.append(line.text);
+    return u"text %1 \"%2\""_s.arg(rectText(item.frame), lines.join(u"|"_s));
+}
+
+QString itemText(const LineItem &item)
+{
+    return u"line %1,%2 %3,%4"_s.arg(item.from.x())
+        .arg(item.from.y())
+        .arg(item.to.x())
+        .arg(item.to.y());
+}
+
+QString itemText(const BoxItem &item)
+{
+    return u"box %1%2"_s.arg(rectText(item.frame),
+                             item.fill.isValid() ? u" "_s + item.fill.name() : QString());
+}
+
+QString itemText(const PictureItem &item)
+{
+    return u"picture %1 %2 bytes"_s.arg(rectText(item.frame)).arg(item.data.size());
+}
+
+QString itemText(const BarCodeItem &item)
+{
+    return u"barcode %1 %2 bars"_s.arg(rectText(item.frame)).arg(item.bars.size());
+}
+
+} // namespace
+
+QString pageText(const Page &page)
+{
+    QStringList lines{u"page %1"_s.arg(page.number)};
+    for (const PageItem &item : page.items)
+        lines.append(
+            u"  "_s +
+            std::visit([](const auto &alternative) { return itemText(alternative); }, item));
+    return lines.join(u'\n') + u'\n';
+}
+
+} // namespace report

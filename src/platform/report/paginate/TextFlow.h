@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/report/paginate/PageDocument.h"
+
+#include <QFont>
+
+namespace report {
+
+/// The font of a style in which one pixel is 1/100 mm, without hinting, so that text measures the
+/// same wherever it is drawn. "Arial" is set in the face of its measures.
+[[nodiscard]] QFont measuringFont(const Font &font);
+
+/// Breaks a text into lines that fit the width, and places them at the style's alignment within a
+/// rectangle whose corner is 0,0. Long words are broken.
+[[nodiscard]] QList<TextLine> flowText(const QString &text, const Style &style, Length width);
+/// The height that these lines take, the padding above and below included.
+[[nodiscard]] Length flowHeight(const QList<TextLine> &lines, const Style &style);
+
+} // namespace report
