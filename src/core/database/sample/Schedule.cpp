@@ -191,8 +191,14 @@ private:
             return;
         }
         m_assignment.nextCount = meter.at(start) + interval;
+        const int oldest = meter.at(m_machine.acquired);
         for (QDate performed = start; performed > m_first && wanted();) {
             const int count = meter.at(performed);
+            if (count - interval < oldest) {
+                // The first time: nothing before it set a target.
+                add(performed, performed, count);
+                return;
+            }
             QDate former = shopDayUpTo(m_machine, meter.reached(count - interval));
             while (meter.at(former) + interval > count)
                 former = former.addDays(-7);

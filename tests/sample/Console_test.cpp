@@ -1,0 +1,177 @@
+#include "console/Console.h"
+#include "platform/base/Error.h"
+#include "platform/db/Maintenance.h"
+#include "support/CompanyDatabase.h"
+#include "support/TestEnvironment.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+struct Outcome
+{
+    int code;
+    QString out;
+    QString err;
+};
+
+Outcome runConsole(const QStringList &arguments, QString input = {})
+{
+    Outcome outcome{};
+    QTextStream in(&input);
+    QTextStream out(&outcome.out);
+    QTextStream err(&outcome.err);
+    outcome.code = console::run(QStringList{u"quorvantis-console"_s} + arguments, {in, out, err});
+    return outcome;
+}
+
+std::vector<console::Request> requests(QString text)
+{
+    QTextStream in(&text);
+    console::RequestReader reader(in);
+    std::vector<console::Request> found;
+    while (std::optional<console::Request> request = reader.next())
+        found.push_back(*request);
+    return found;
+}
+
+TEST(RequestReader, AStatementIsALineOrEndsWithASemicolon)
+{
+    const std::vector<console::Request> expected = {
+        {u"Select 1 from t"_s, {}, 1},
+        {u"delete * from u"_s, {}, 2},
+        {u"Select a,\n'x;y'\nfrom v"_s, {}, 3},
+        {u"update w\nset a = 1"_s, {}, 8},
+    };
+    EXPECT_EQ(requests(u"Select 1 from t\ndelete * from u\nSelect a,\n  'x;y'\n\tfrom v;\n"
+                       "-- a remark\n\nupdate w\nset a = 1\n\n"_s),
+              expected);
+}
+
+TEST(RequestReader, ValuesStandBehindATabAsAnArray)
+{
+    const auto found = requests(
+        u"insert into t values (?, ?, ?)\t[\"a;b\", 2.5, null]\nselect * from t where a = ?\t[1]"_s);
+    ASSERT_EQ(found.size(), 2u);
+    EXPECT_EQ(found[0].statement, u"insert into t values (?, ?, ?)"_s);
+    EXPECT_EQ(found[0].parameters, (QVariantList{u"a;b"_s, 2.5, QVariant()}));
+    EXPECT_EQ(found[1].parameters.size(), 1);
+    EXPECT_EQ(found[1].line, 2);
+    EXPECT_THROW((void)requests(u"select 1\t[1,"_s), base::Error);
+}
+
+TEST(Console, WrongCommandLinesAreExplained)
+{
+    const QList<QStringList> lines = {{},
+                                      {u"mend"_s, u"x"_s},
+                                      {u"run"_s},
+                                      {u"backup"_s, u"x"_s},
+                                      {u"check"_s, u"x"_s, u"--deep"_s},
+                                      {u"create-sample"_s, u"x"_s, u"--today"_s, u"15.3."_s},
+                                      {u"create-sample"_s, u"x"_s, u"--seed"_s, u"one"_s}};
+    for (const QStringList &line : lines) {
+        const Outcome outcome = runConsole(line);
+        EXPECT_EQ(outcome.code, console::WrongUsage) << line.join(u' ').toStdString();
+        EXPECT_FALSE(outcome.err.isEmpty());
+        EXPECT_TRUE(outcome.out.isEmpty());
+    }
+    const Outcome help = runConsole({u"--help"_s});
+    EXPECT_EQ(help.code, console::Success);
+    EXPECT_TRUE(help.out.contains(u"create-sample FILE"_s));
+}
+
+class ConsoleRun : public testing::Test
+{
+protected:
+    test::TestEnvironment m_environment;
+    test::CompanyDatabase m_database;
+
+    [[nodiscard]] Outcome run(const QString &input)
+    {
+        return runConsole({u"run"_s, m_database.file()}, input);
+    }
+};
+
+TEST_F(ConsoleRun, PrintsRowsAsCsvAndCountsChanges)
+{
+    const Outcome outcome =
+        run(u"Insert into tblPart (PartID, Description, Price, Inactive) values (?, ?, 2.5, '1')"
+            "\t[\"A-1\", \"Belt, \\\"V\\\"\"]\n"
+            "Insert into tblPart (PartID, Price) values ('B-2', 0.1);\n"
+            "Select PartID as [Part Number], Description, Price,\n"
+            "  Inactive from tblPart order by PartID;\n"
+            "Update tblPart set Price = 3\n"
+            "Delete from tblPart where PartID = 'b-2'\n"_s);
+    EXPECT_EQ(outcome.code, console::Success) << outcome.err.toStdString();
+    EXPECT_EQ(outcome.out, u"1 row changed\n1 row changed\n"
+                           "Part Number,Description,Price,Inactive\n"
+                           "A-1,\"Belt, \"\"V\"\"\",2.5,-1\n"
+                           "B-2,,0.1,0\n"
+                           "2 rows changed\n1 row changed\n"_s);
+    EXPECT_TRUE(outcome.err.isEmpty());
+}
+
+TEST_F(ConsoleRun, TellsFailuresAndGoesOn)
+{
+    const Outcome outcome = run(u"Select * from tblNowhere\n"
+                                "Select Nothing from tblPart\n"
+                                "Select 1 from tblPart\t[oops\n"
+                                "Select count(*) as N from tblUser\n"_s);
+    EXPECT_EQ(outcome.code, console::Failed);
+    EXPECT_EQ(outcome.out, u"N\n1\n"_s);
+    const QStringList failures = outcome.err.split(u'\n', Qt::SkipEmptyParts);
+    ASSERT_EQ(failures.size(), 3);
+    EXPECT_TRUE(failures[0].startsWith(QString::number(db::ErrorNumber::TableUnknown) + u' '));
+    EXPECT_TRUE(failures[1].startsWith(QString::number(db::ErrorNumber::ValueMissing) + u' '));
+    EXPECT_TRUE(failures[2].contains(u"Line 3"_s));
+}
+
+TEST_F(ConsoleRun, AMissingDatabaseIsAFailure)
+{
+    const Outcome outcome = runConsole({u"run"_s, m_database.file() + u".not"_s}, u"Select 1"_s);
+    EXPECT_EQ(outcome.code, console::Failed);
+    EXPECT_FALSE(outcome.err.isEmpty());
+}
+
+TEST(Console, MakesChecksCopiesAndCompacts)
+{
+    const test::TestEnvironment environment;
+    const QDir folder(environment.folder());
+    const QString file = folder.filePath(u"made.fdb"_s);
+    const QString copy = folder.filePath(u"copy.fdb"_s);
+
+    ASSERT_EQ(runConsole({u"create-empty"_s, file}).code, console::Success);
+    EXPECT_FALSE(QFile::exists(file + u".new"_s));
+    const Outcome again = runConsole({u"create-empty"_s, file});
+    EXPECT_EQ(again.code, console::Failed);
+    EXPECT_TRUE(again.err.contains(u"exists already"_s));
+
+    EXPECT_EQ(runConsole({u"check"_s, file}).code, console::Success);
+    EXPECT_EQ(runConsole({u"backup"_s, file, copy}).code, console::Success);
+    EXPECT_EQ(runConsole({u"compact"_s, file}).code, console::Success);
+    for (const QString &database : {file, copy}) {
+        const Outcome outcome = runConsole({u"run"_s, database}, u"Select UserName from tblUser"_s);
+        EXPECT_EQ(outcome.out, u"UserName\nAdmin\n"_s) << outcome.err.toStdString();
+    }
+    EXPECT_EQ(folder.entryList({u"made.fdb*"_s}, QDir::Files), QStringList{u"made.fdb"_s});
+}
+
+TEST(Console, SetUpMakesTheFolderOnceAndLeavesItsDatabaseAlone)
+{
+    const test::TestEnvironment environment;
+    const QString home = environment.folder() + u"/home"_s;
+    const QString file = home + u"/Data/Quorvantis.mdb"_s;
+    ASSERT_EQ(runConsole({u"set-up"_s, home}).code, console::Success);
+    EXPECT_TRUE(QDir(home + u"/Data/Backup"_s).exists());
+    ASSERT_EQ(runConsole({u"run"_s, file}, u"Delete * from tblUser"_s).code, console::Success);
+    ASSERT_EQ(runConsole({u"set-up"_s, home, u"--sample"_s}).code, console::Success);
+    EXPECT_EQ(runConsole({u"run"_s, file}, u"Select count(*) as N from tblUser"_s).out,
+              u"N\n0\n"_s);
+}
+
+} // namespace

@@ -1,0 +1,312 @@
+#include "core/database/CreateDatabase.h"
+#include "core/database/sample/Calendar.h"
+#include "support/CompanyDatabase.h"
+#include "support/TestEnvironment.h"
+
+#include <gtest/gtest.h>
+
+#include <QCryptographicHash>
+#include <QRegularExpression>
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class SampleCompany : public testing::Test
+{
+protected:
+    test::TestEnvironment m_environment;
+    test::SampleCompany m_database;
+    std::unique_ptr<db::Connection> m_connection = m_database.open();
+
+    [[nodiscard]] qint64 number(const QString &query)
+    {
+        return m_connection->Open(query).row(0)[0].toLongLong();
+    }
+    /// How many rows a condition finds, in the form "tblX where ...".
+    [[nodiscard]] qint64 count(const QString &from)
+    {
+        return number(u"Select count(*) from "_s + from);
+    }
+};
+
+/// A digest of every row of every table that the sample fills.
+QByteArray digest(db::Connection &connection)
+{
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    for (const char *table :
+         {"tblEquipment", "tblEquipmentCount", "tblEquipmentPart", "tblEquipmentDepreciation",
+          "tblEquipmentCrewHistory", "tblEquipmentScan", "tblPart", "tblSupplier", "tblEmployee",
+          "tblServices", "tblServiceUsed", "tblServiceUsedPart", "tblWorkorder", "tblWoServiceUsed",
+          "tblWoPartUsed", "tblWOServiceUsedHistory", "tblWoPartHistory", "tblUser"}) {
+        const db::Recordset rows =
+            connection.Open(u"Select * from %1"_s.arg(QString::fromLatin1(table)));
+        for (int row = 0; row < rows.RecordCount(); ++row) {
+            for (int column = 0; column < rows.columnCount(); ++column)
+                hash.addData(rows.value(row, column).toString().toUtf8() + '|');
+        }
+    }
+    return hash.result();
+}
+
+TEST(LoadSampleCompany, IsTheSameForOneDayAndSeed)
+{
+    const test::TestEnvironment environment;
+    const auto made = [](QDate today, quint64 seed) {
+        const test::CompanyDatabase database;
+        const auto connection = database.open();
+        company::loadSampleCompany(*connection, today, company::SampleSize::Small, seed);
+        return digest(*connection);
+    };
+    const QDate today = test::SampleCompany::today();
+    const QByteArray first = made(today, company::UsualSeed);
+    EXPECT_EQ(made(today, company::UsualSeed), first);
+    EXPECT_NE(made(today, company::UsualSeed + 1), first);
+    EXPECT_NE(made(today.addDays(1), company::UsualSeed), first);
+}
+
+TEST_F(SampleCompany, HoldsWhatASmallCompanyHas)
+{
+    const std::pair<const char *, int> least[] = {
+        {"tblEquipment", 80},       {"tblSite", 6},           {"tblCrew", 8},
+        {"tblCostCenter", 5},       {"tblEmployee", 25},      {"tblServices", 45},
+        {"tblSupplier", 12},        {"tblPart", 270},         {"tblServiceUsed", 450},
+        {"tblWorkorder", 10},       {"tblLocation", 12},      {"tblEquipmentCount", 2000},
+        {"tblWoPartHistory", 2000}, {"tblEquipmentScan", 100}};
+    for (const auto &[table, rows] : least)
+        EXPECT_GE(count(QString::fromLatin1(table)), rows) << table;
+    EXPECT_EQ(count(u"tblUser"_s), 2);
+    EXPECT_GE(number(u"Select DateDiff('d', min(CompleteDate), max(CompleteDate)) "
+                     "from tblWOServiceUsedHistory"_s),
+              3 * 365 - 40);
+    // Each kind of schedule is in the catalogue.
+    for (const char *condition :
+         {"Period = 'D'", "Period = 'W'", "Period = 'M'", "Period = 'Y'", "Period = 'C'",
+          "Period = 'H'", "Period = 'K'", "Period = 'I'", "RenewalOn = 'W'", "RenewalOn = 'S'",
+          "RenewalOn = 'D'", "SeparateWo = '1'", "DOM = 1", "Sun = 0 and Mon = 1 and DOM = 0",
+          "SecondW = 1 and LastW = 0", "Nov = 1 and Jul = 0"})
+        EXPECT_GT(count(u"tblServices where "_s + QString::fromLatin1(condition)), 0) << condition;
+}
+
+TEST_F(SampleCompany, FlagsAreNeverNull)
+{
+    for (const char *table : {"tblServices", "tblServiceUsed"}) {
+        for (const sql::Column &column :
+             m_connection->schema().find(QString::fromLatin1(table))->columns) {
+            if (column.kind != sql::ColumnKind::Integer)
+                continue;
+            EXPECT_EQ(count(u"%1 where %2 is null"_s.arg(QString::fromLatin1(table), column.name)),
+                      0)
+                << column.name.toStdString();
+        }
+    }
+    EXPECT_EQ(count(u"tblEquipment where Inactive is null or CrewID is null"_s), 0);
+    EXPECT_EQ(count(u"tblWorkorder where Printed is null or Complete is null"_s), 0);
+    EXPECT_EQ(count(u"tblWoServiceUsed where Skip is null or Completed is null"_s), 0);
+}
+
+TEST_F(SampleCompany, SomethingIsAlwaysLateDueAndToCome)
+{
+    const QString waiting =
+        u"tblServiceUsed left join tblEquipment on tblServiceUsed.EquipmentID = "
+        "tblEquipment.EquipmentID where tblServiceUsed.Inactive = 0 and "
+        "tblEquipment.Inactive = '0' and ServiceUsedID not in "
+        "(Select ServiceUsedID from tblWoServiceUsed) and NextScheduledDate "_s;
+    // Also on the days after the one that it was made for.
+    for (const int later : {0, 1, 7}) {
+        SCOPED_TRACE(later);
+        const auto day = [&](int offset) {
+            return test::SampleCompany::today().addDays(later + offset).toString(u"#MM-dd-yyyy#"_s);
+        };
+        EXPECT_GT(count(waiting + u"= "_s + day(0)), 0);
+        EXPECT_GT(count(waiting + u"< %1 and NextScheduledDate >= %2"_s.arg(day(0), day(-13))), 0);
+        EXPECT_GT(count(waiting + u"< %1 and NextScheduledDate >= %2"_s.arg(day(-13), day(-30))),
+                  0);
+        EXPECT_GT(count(waiting + u"< "_s + day(-30)), 0);
+        EXPECT_GT(count(waiting + u"> "_s + day(0)), 100);
+        EXPECT_GT(count(waiting + u"<= %1 and Period in ('C','H','K','I')"_s.arg(day(0))), 0);
+    }
+}
+
+TEST_F(SampleCompany, CountServicesFollowTheReadings)
+{
+    const db::Recordset services = m_connection->Open(
+        u"Select ServiceUsedID, EquipmentID, Period, NextScheduledCount, NextScheduledDate, "
+        "LastDatePerformed from tblServiceUsed where Period in ('C','H','K','I')"_s);
+    ASSERT_GT(services.RecordCount(), 100);
+    const QHash<QString, QString> words = {{u"C"_s, u"Counts"_s},
+                                           {u"H"_s, u"Hours"_s},
+                                           {u"K"_s, u"Kilometers"_s},
+                                           {u"I"_s, u"Miles"_s}};
+    int reached = 0;
+    for (const db::Row service : services) {
+        const db::Recordset readings = m_connection->Open(
+            u"Select CountValue, ChangeDate from tblEquipmentCount where EquipmentID = ? and "
+            "CountType = ? order by ChangeDate"_s,
+            {service[u"EquipmentID"], words[service.text(u"Period")]});
+        ASSERT_FALSE(readings.isEmpty()) << service.integer(u"ServiceUsedID");
+        // The first reading that reached the target gives the date; without one there is none.
+        QDateTime expected;
+        qint64 former = 0;
+        for (const db::Row reading : readings) {
+            ASSERT_GE(reading.integer(u"CountValue"), former);
+            former = reading.integer(u"CountValue");
+            if (!expected.isValid() && former >= service.integer(u"NextScheduledCount"))
+                expected = reading.date(u"ChangeDate");
+        }
+        EXPECT_EQ(service.date(u"NextScheduledDate"), expected)
+            << service.integer(u"ServiceUsedID");
+        reached += expected.isValid();
+    }
+    EXPECT_GT(reached, 5);
+    EXPECT_LT(reached, services.RecordCount() / 3);
+}
+
+TEST_F(SampleCompany, CalendarServicesLieOneIntervalAfterTheLast)
+{
+    const db::Recordset services = m_connection->Open(
+        u"Select * from tblServiceUsed where Period in ('D','W','M','Y') and RenewalOn <> 'D' "
+        "and DOM = 0 and LastDatePerformed is not null"_s);
+    ASSERT_GT(services.RecordCount(), 100);
+    for (const db::Row service : services) {
+        const QDate base = service
+                               .date(service.text(u"RenewalOn") == u"S" ? u"LastDateScheduled"
+                                                                        : u"LastDatePerformed")
+                               .date();
+        EXPECT_EQ(company::sample::addInterval(base, service.text(u"Period").front(),
+                                               static_cast<int>(service.integer(u"EInterval"))),
+                  service.date(u"NextScheduledDate").date())
+            << service.integer(u"ServiceUsedID");
+    }
+    EXPECT_EQ(count(u"tblServiceUsed where LastDatePerformed > #03-15-2024# or "
+                    "LastDateScheduled > #03-15-2024#"_s),
+              0);
+}
+
+TEST_F(SampleCompany, PartHistoryBelongsToServiceHistory)
+{
+    EXPECT_EQ(count(u"tblWoPartHistory where ServiceusedID not in "
+                    "(Select ServiceUsedID from tblWOServiceUsedHistory)"_s),
+              0);
+    EXPECT_EQ(count(u"tblWoPartHistory where partID not in (Select PartID from tblPart)"_s), 0);
+    EXPECT_EQ(count(u"(Select ServiceUsedID from tblWOServiceUsedHistory group by ServiceUsedID "
+                    "having count(*) > 1)"_s),
+              0);
+    EXPECT_EQ(count(u"tblWoPartHistory where QuantityUsed < 0 or QuantityUsed > 100 or "
+                    "Price <= 0 or SupplierID is null"_s),
+              0);
+    // Parts of skipped work were not used.
+    EXPECT_GT(count(u"tblWOServiceUsedHistory where Skip = -1"_s), 20);
+    EXPECT_EQ(
+        count(u"tblWoPartHistory p inner join tblWOServiceUsedHistory s on "
+              "p.ServiceusedID = s.ServiceUsedID where s.Skip = -1 and p.QuantityUsed <> 0"_s),
+        0);
+    // New orders and their services are numbered behind all posted ones.
+    EXPECT_GT(number(u"Select min(WorkorderNo) from tblWorkorder"_s),
+              number(u"Select max(WorkorderNo) from tblWOServiceUsedHistory"_s));
+    EXPECT_GT(number(u"Select min(NServiceUsedID) from tblWoServiceUsed"_s),
+              number(u"Select max(ServiceUsedID) from tblWOServiceUsedHistory"_s));
+}
+
+TEST_F(SampleCompany, LaborIsHoursTimesTheCrewsRate)
+{
+    QHash<qint64, double> rates;
+    for (const db::Row row :
+         m_connection->Open(u"Select Crew, Sum(LaborCost) / Count(EmployeeID) as Rate "
+                            "from tblEmployee where Inactive = '0' and IncludeWoList = '1' "
+                            "group by Crew"_s))
+        rates.insert(row.integer(u"Crew"), std::round(row.real(u"Rate") * 100) / 100);
+    const db::Recordset history = m_connection->Open(
+        u"Select CrewID, Workhrs, StartTime, EndTime, CostEstimate from tblWOServiceUsedHistory "
+        "where Skip = 0"_s);
+    const QRegularExpression hours(u"^\\d+:\\d\\d$"_s);
+    ASSERT_GT(history.RecordCount(), 1000);
+    for (const db::Row row : history) {
+        const QString worked = row.text(u"Workhrs");
+        ASSERT_TRUE(hours.match(worked).hasMatch()) << worked.toStdString();
+        const int minutes =
+            worked.section(u':', 0, 0).toInt() * 60 + worked.section(u':', 1).toInt();
+        ASSERT_NEAR(row.real(u"CostEstimate"), minutes / 60.0 * rates[row.integer(u"CrewID")],
+                    0.006);
+        const QTime start = QTime::fromString(row.text(u"StartTime"), u"HH:mm"_s);
+        const QTime end = QTime::fromString(row.text(u"EndTime"), u"HH:mm"_s);
+        ASSERT_EQ(start.secsTo(end), minutes * 60);
+    }
+}
+
+TEST_F(SampleCompany, OpenOrdersAreInAllTheirStates)
+{
+    EXPECT_GT(count(u"tblWorkorder where Printed = '1'"_s), 0);
+    EXPECT_GT(count(u"tblWorkorder where Printed = '0'"_s), 0);
+    EXPECT_GT(count(u"tblWorkorder where Complete = -1 and CompletedDate = #03-15-2024#"_s), 0);
+    EXPECT_EQ(count(u"tblWorkorder where (Complete = -1) and CompletedDate is null"_s), 0);
+    EXPECT_EQ(count(u"tblWorkorder where (Complete = 0) and CompletedDate is not null"_s), 0);
+    EXPECT_EQ(count(u"tblWorkorder where WorkorderNo not in "
+                    "(Select WorkorderNo from tblWoServiceUsed)"_s),
+              1);
+    EXPECT_GT(count(u"tblWoServiceUsed where Skip = -1 and Completed = 0 and [Note] <> ''"_s), 0);
+    EXPECT_EQ(count(u"tblWoServiceUsed where Skip = -1 and Completed = -1"_s), 0);
+    // What is complete can be posted: its meters were read.
+    EXPECT_EQ(count(u"tblWoServiceUsed where Completed = -1 and Period in ('C','H','K','I') "
+                    "and CountValue is null"_s),
+              0);
+    EXPECT_EQ(count(u"tblWoPartUsed where ServiceUsedID not in "
+                    "(Select NServiceUsedID from tblWoServiceUsed)"_s),
+              0);
+    EXPECT_EQ(count(u"tblWoServiceUsed a inner join tblServiceUsed b on "
+                    "a.ServiceUsedID = b.ServiceUsedID where a.EquipmentID <> b.EquipmentID or "
+                    "b.NextScheduledDate is null or b.NextScheduledDate > #03-15-2024#"_s),
+              0);
+    // One order holds one crew's work of one machine, and what goes alone is alone.
+    EXPECT_EQ(count(u"(Select WorkorderNo from tblWoServiceUsed where SeparateWo = '1' "
+                    "group by WorkorderNo having count(*) > 1)"_s),
+              0);
+    EXPECT_EQ(count(u"(Select WorkorderNo from tblWoServiceUsed group by WorkorderNo "
+                    "having min(CrewID) <> max(CrewID) or min(EquipmentID) <> max(EquipmentID))"_s),
+              0);
+}
+
+TEST_F(SampleCompany, MachinesAndPartsAreWhatTheScreensExpect)
+{
+    EXPECT_EQ(count(u"(Select UnitNo from tblEquipment group by UnitNo having count(*) > 1)"_s), 0);
+    const QRegularExpression unit(u"^[A-Z0-9 ]+$"_s);
+    for (const db::Row row : m_connection->Open(u"Select UnitNo from tblEquipment"_s))
+        EXPECT_TRUE(unit.match(row.text(u"UnitNo")).hasMatch())
+            << row.text(u"UnitNo").toStdString();
+    // A model stands under its make and that under the machine's type.
+    EXPECT_EQ(count(u"(tblEquipment e inner join tblIndicator m on e.EquipmentModel = m.ItemID) "
+                    "inner join tblIndicator k on e.EquipmentMake = k.ItemID where "
+                    "m.ParentID = e.EquipmentMake and k.ParentID = e.EquipmentType"_s),
+              count(u"tblEquipment"_s));
+    EXPECT_EQ(count(u"tblEquipment e inner join tblLocation l on e.LocationID = l.LocationID "
+                    "where l.Site <> e.SiteID"_s),
+              0);
+    EXPECT_EQ(count(u"tblEquipment where Totalcost <= SalvageValue or LifeYears < 1 or "
+                    "Acquisitiondate > #03-15-2024#"_s),
+              0);
+    for (const char *condition : {"Quantity < QtyMin and Inactive = No and TrackInventory = No",
+                                  "TrackInventory = -1", "Inactive = -1", "Quantity >= QtyMin"})
+        EXPECT_GT(count(u"tblPart where "_s + QString::fromLatin1(condition)), 5) << condition;
+    for (const char *column : {"InspectionDate", "LicenseRenewalDate"}) {
+        const QString name = QString::fromLatin1(column);
+        EXPECT_GT(
+            count(u"tblEquipment where %1 >= #03-15-2023# and %1 <= #03-15-2024#"_s.arg(name)), 0);
+        EXPECT_GT(count(u"tblEquipment where %1 < #03-15-2023# or %1 > #03-15-2024#"_s.arg(name)),
+                  0);
+    }
+}
+
+TEST_F(SampleCompany, TheNextNewOrderGetsAFreeNumber)
+{
+    const qint64 last = number(u"Select max(WorkorderNo) from tblWorkorder"_s);
+    EXPECT_EQ(
+        m_connection->Insert(u"Insert into tblWorkOrder(EquipmentId,Printed) Values('1','0')"_s, {},
+                             u"WorkorderNo"_s),
+        last + 1);
+    const qint64 service = number(u"Select max(ServiceUsedID) from tblServiceUsed"_s);
+    EXPECT_EQ(m_connection->Insert(u"Insert into tblServiceUsed(EquipmentID) values (1)"_s, {},
+                                   u"ServiceUsedID"_s),
+              service + 1);
+}
+
+} // namespace
