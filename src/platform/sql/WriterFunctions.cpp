@@ -311,9 +311,14 @@ void Writer::writeDateText(const Expression &date)
 void Writer::writeRoundedToEven(const Expression &value)
 {
     const bool whole = value.type == ColumnKind::Integer || value.type == ColumnKind::YesNo;
+    if (value.kind == Kind::Literal) {
+        writeInline(converted(fixedValue(value), ColumnKind::Integer), {});
+        return;
+    }
     if (value.isValue() || whole) {
-        writeAround(u"CAST(", value, whole ? ColumnKind::Integer : ColumnKind::Real,
-                    u" AS BIGINT)");
+        m_text += u"CAST("_s;
+        writeValue(value, {ColumnKind::Integer, Place::Operand, 0});
+        m_text += u" AS BIGINT)"_s;
         return;
     }
     // The engine rounds halves away from zero, the dialect to the even neighbour.

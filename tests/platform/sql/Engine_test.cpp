@@ -287,13 +287,13 @@ TEST_F(Engine, AMismatchIsRaisedWhenTheStatementRuns)
 TEST_F(Engine, DefinitionsDoWhatTheySay)
 {
     data.Execute(
-        u"create table Log (No counter(100,1) primary key, Text text(10) not null, At datetime "
+        u"create table Log ([No] counter(100,1) primary key, Text text(10) not null, At datetime "
         "default Date(), Price currency default 2.5, constraint byText unique (Text))"_s);
     EXPECT_EQ(data.Insert(u"insert into Log(Text) values('a')"_s, {}, u"No"_s), 100);
     EXPECT_EQ(data.Insert(u"insert into Log(Text) values('b')"_s, {}, u"no"_s), 101);
-    data.Execute(u"alter table Log alter column No counter(500,1)"_s);
+    data.Execute(u"alter table Log alter column [No] counter(500,1)"_s);
     EXPECT_EQ(data.Insert(u"insert into Log(Text) values('c')"_s, {}, u"No"_s), 500);
-    const auto row = data.Open(u"select * from Log where No = 100"_s).row(0);
+    const auto row = data.Open(u"select * from Log where [No] = 100"_s).row(0);
     EXPECT_EQ(row.date(u"At"), base::wallClock(QDate(2024, 3, 15)));
     EXPECT_EQ(row.real(u"Price"), 2.5);
     EXPECT_THROW(data.Execute(u"insert into Log(Text) values('A')"_s), base::Error);
