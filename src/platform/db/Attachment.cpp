@@ -52,12 +52,12 @@ QByteArray placeOf(const Target &target)
     return utf8(target.host.isEmpty() ? target.file : target.host + u':' + target.file);
 }
 
-Transaction::Transaction(Firebird::IAttachment *attachment, Mode mode)
+Transaction::Transaction(Attachment &attachment, Mode mode)
+    : m_status(&attachment.m_status)
 {
-    Status status;
     const std::span<const unsigned char> block = blockOf(mode);
-    m_transaction.reset(
-        attachment->startTransaction(&status, static_cast<unsigned>(block.size()), block.data()));
+    m_transaction.reset(attachment.get()->startTransaction(
+        m_status, static_cast<unsigned>(block.size()), block.data()));
 }
 
 Transaction::~Transaction()
@@ -74,24 +74,26 @@ Transaction::~Transaction()
 Transaction &Transaction::operator=(Transaction &&other) noexcept
 {
     Transaction former;
+    former.m_status = m_status;
     former.m_transaction = std::move(m_transaction);
+    m_status = other.m_status;
     m_transaction = std::move(other.m_transaction);
     return *this;
 }
 
 void Transaction::commit()
 {
-    Status status;
-    m_transaction->commit(&status);
+    m_transaction->commit(m_status);
     // A successful commit has used up the count; after a failed one the transaction is still open.
     m_transaction.take();
 }
 
 void Transaction::rollback()
 {
-    Status status;
-    m_transaction->rollback(&status);
-    m_transaction.take();
+    // Whether the engine could be told or not, the transaction is over.
+    Ref<Firebird::ITransaction> ending = std::move(m_transaction);
+    ending->rollback(m_status);
+    ending.take();
 }
 
 Attachment::Attachment(const Target &target, Disposition disposition)
@@ -159,7 +161,7 @@ bool Attachment::hasForcedWrites()
 
 void Attachment::executeAlone(const QString &statement)
 {
-    Transaction transaction(m_attachment.get(), Transaction::Mode::Ddl);
+    Transaction transaction(*this, Transaction::Mode::Ddl);
     const QByteArray text = utf8(statement);
     m_attachment->execute(&m_status, transaction.get(), static_cast<unsigned>(text.size()),
                           text.constData(), dialect, nullptr, nullptr, nullptr, nullptr);

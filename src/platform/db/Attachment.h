@@ -8,6 +8,8 @@ namespace db::engine {
 /// The place of a database as the engine takes it: the file, or "host:file".
 [[nodiscard]] QByteArray placeOf(const Target &target);
 
+class Attachment;
+
 /// A transaction; rolled back unless it was committed.
 class Transaction
 {
@@ -22,7 +24,8 @@ public:
     };
 
     Transaction() = default;
-    Transaction(Firebird::IAttachment *attachment, Mode mode);
+    /// The attachment must outlive it.
+    Transaction(Attachment &attachment, Mode mode);
     ~Transaction();
     Transaction(Transaction &&) noexcept = default;
     Transaction &operator=(Transaction &&other) noexcept;
@@ -33,6 +36,7 @@ public:
     explicit operator bool() const { return static_cast<bool>(m_transaction); }
 
 private:
+    Status *m_status = nullptr; ///< the attachment's, since making one costs something
     Ref<Firebird::ITransaction> m_transaction;
 };
 
@@ -57,6 +61,7 @@ public:
     void drop();
 
 private:
+    friend class Transaction;
     void attach(const Target &target, bool setForcedWrites);
     [[nodiscard]] bool hasForcedWrites();
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/db/Message.h"
+#include "platform/db/Field.h"
 #include "platform/sql/Schema.h"
 
 namespace db::engine {

@@ -78,6 +78,7 @@ public:
 
 private:
     Result runOnce(const Request &request);
+    Shape &shapeOf(const Request &request, sql::Lifted &lifted);
     Result runInlined(const Request &request, const sql::Lifted &lifted, Shape &shape,
                       const std::optional<DbError> &firstError);
     Result runDdl(const sql::Plan &plan);
@@ -123,16 +124,34 @@ Result Connection::Implementation::run(const Request &request)
     }
 }
 
+/// The shape of a statement, and its literals.
+Shape &Connection::Implementation::shapeOf(const Request &request, sql::Lifted &lifted)
+{
+    const auto keyOf = [&request](const QString &text) {
+        return request.returning.isEmpty() ? text : text + QChar(u'\x1f') + request.returning;
+    };
+    // Most statements in loops have only parameters: they are known by their text as it is.
+    if (Shape *known = m_cache.find(keyOf(request.statement));
+        known && known->parametersOfPlainText >= 0) {
+        lifted.callerParameters = known->parametersOfPlainText;
+        return *known;
+    }
+    lifted = sql::lift(request.statement);
+    Shape &shape = m_cache.shape(keyOf(lifted.key));
+    if (lifted.literals.empty())
+        shape.parametersOfPlainText = lifted.callerParameters;
+    return shape;
+}
+
 Result Connection::Implementation::runOnce(const Request &request)
 {
-    const sql::Lifted lifted = sql::lift(request.statement);
+    sql::Lifted lifted;
+    Shape &shape = shapeOf(request, lifted);
     if (lifted.callerParameters != request.parameters.size())
         throw DbError(ErrorNumber::ValueMissing,
                       u"No value given for one or more required parameters: the statement has %1, "
                       "%2 were given."_s.arg(lifted.callerParameters)
                           .arg(request.parameters.size()));
-    Shape &shape = m_cache.shape(
-        request.returning.isEmpty() ? lifted.key : lifted.key + QChar(u'\x1f') + request.returning);
     std::optional<DbError> firstError;
     if (!shape.inlineOnly) {
         CachedPlan *plan = shape.find(lifted.literals);
@@ -274,7 +293,7 @@ std::optional<Result> Connection::Implementation::execute(CachedPlan &plan,
     }
     engine::Transaction own;
     if (!m_transaction)
-        own = engine::Transaction(m_attachment.get(), engine::Transaction::Mode::Write);
+        own = engine::Transaction(m_attachment, engine::Transaction::Mode::Write);
     const engine::Context context{m_attachment.get(),
                                   m_transaction ? m_transaction.get() : own.get()};
     if (!statement.bind(m_values, context))
@@ -312,7 +331,7 @@ engine::Context Connection::Implementation::readingContext()
     if (m_transaction)
         return {m_attachment.get(), m_transaction.get()};
     if (!m_reading)
-        m_reading = engine::Transaction(m_attachment.get(), engine::Transaction::Mode::Read);
+        m_reading = engine::Transaction(m_attachment, engine::Transaction::Mode::Read);
     return {m_attachment.get(), m_reading.get()};
 }
 
@@ -344,7 +363,7 @@ void Connection::Implementation::begin()
     if (m_transaction)
         throw DbError(ErrorNumber::WrongTransactionState,
                       u"A transaction has been started already on this connection."_s);
-    m_transaction = engine::Transaction(m_attachment.get(), engine::Transaction::Mode::Write);
+    m_transaction = engine::Transaction(m_attachment, engine::Transaction::Mode::Write);
 }
 
 void Connection::Implementation::commit()

@@ -38,7 +38,8 @@ QString textOf(std::string_view text)
 
 std::shared_ptr<const RowData> noRows()
 {
-    static const auto empty = std::make_shared<const RowData>();
+    static const auto empty = std::make_shared<const RowData>(
+        std::make_shared<const RowLayout>(std::vector<RowLayout::Column>()));
     return empty;
 }
 

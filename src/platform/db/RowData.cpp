@@ -21,40 +21,34 @@ std::size_t nameHash(QStringView name)
 
 } // namespace
 
-int RowData::addColumn(QString name, sql::ColumnKind kind, Storage storage)
-{
-    Column column;
-    column.name = std::move(name);
-    column.kind = kind;
-    column.storage = storage;
-    m_columns.push_back(std::move(column));
-    return columnCount() - 1;
-}
-
-void RowData::indexNames()
+RowLayout::RowLayout(std::vector<Column> columns)
+    : m_columns(std::move(columns))
 {
     const std::size_t size = std::bit_ceil(m_columns.size() * 2 + 1);
     m_names.assign(size, -1);
-    for (int column = 0; column < columnCount(); ++column) {
-        std::size_t place = nameHash(columnName(column)) & (size - 1);
+    for (std::size_t column = 0; column < m_columns.size(); ++column) {
+        std::size_t place = nameHash(m_columns[column].name) & (size - 1);
         while (m_names[place] >= 0)
             place = (place + 1) & (size - 1);
-        m_names[place] = column;
+        m_names[place] = static_cast<qint32>(column);
     }
 }
 
-int RowData::columnIndex(QStringView name) const
+int RowLayout::columnIndex(QStringView name) const
 {
-    if (m_names.empty())
-        return -1;
     const std::size_t mask = m_names.size() - 1;
     for (std::size_t place = nameHash(name) & mask; m_names[place] >= 0;
          place = (place + 1) & mask) {
-        if (name.compare(columnName(m_names[place]), Qt::CaseInsensitive) == 0)
+        if (name.compare(m_columns[m_names[place]].name, Qt::CaseInsensitive) == 0)
             return m_names[place];
     }
     return -1;
 }
+
+RowData::RowData(std::shared_ptr<const RowLayout> layout)
+    : m_layout(std::move(layout))
+    , m_columns(m_layout->columns().size())
+{}
 
 void RowData::addNull(int column)
 {
@@ -63,7 +57,7 @@ void RowData::addNull(int column)
     if (c.nulls.size() <= word)
         c.nulls.resize(word + 1);
     c.nulls[word] |= quint64(1) << (m_rows % 64);
-    switch (c.storage) {
+    switch (storage(column)) {
     case Storage::Integer:
     case Storage::Date:
         c.integers.push_back(0);

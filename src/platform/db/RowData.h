@@ -7,16 +7,15 @@
 #include <QString>
 #include <QVariant>
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace db {
 
-/// The rows that recordsets share: one vector of plain values for each column, so that a hundred
-/// thousand rows cost little more than their bytes. Filled once, column by column within each row,
-/// then only read.
-class RowData
+/// The columns of a result. All runs of one statement share them.
+class RowLayout
 {
 public:
     enum class Storage {
@@ -26,12 +25,33 @@ public:
         Text,
         Bytes,
     };
+    struct Column
+    {
+        QString name;
+        sql::ColumnKind kind = sql::ColumnKind::Unknown;
+        Storage storage = Storage::Integer;
+    };
 
-    /// Adds a column before the first row; gives its number.
-    int addColumn(QString name, sql::ColumnKind kind, Storage storage);
-    void renameColumn(int column, const QString &name) { m_columns[column].name = name; }
-    /// To be called when the columns are known, before any look-up by name.
-    void indexNames();
+    explicit RowLayout(std::vector<Column> columns);
+
+    [[nodiscard]] const std::vector<Column> &columns() const { return m_columns; }
+    /// The first column of that name in any case, -1 when there is none.
+    [[nodiscard]] int columnIndex(QStringView name) const;
+
+private:
+    std::vector<Column> m_columns;
+    std::vector<qint32> m_names; ///< hash table of column numbers, -1 for a free place
+};
+
+/// The rows that recordsets share: one vector of plain values for each column, so that a hundred
+/// thousand rows cost little more than their bytes. Filled once, column by column within each row,
+/// then only read.
+class RowData
+{
+public:
+    using Storage = RowLayout::Storage;
+
+    explicit RowData(std::shared_ptr<const RowLayout> layout);
 
     // One call for each column of each row, then endRow.
     void addNull(int column);
@@ -46,11 +66,17 @@ public:
 
     [[nodiscard]] int rowCount() const { return m_rows; }
     [[nodiscard]] int columnCount() const { return static_cast<int>(m_columns.size()); }
-    [[nodiscard]] const QString &columnName(int column) const { return m_columns[column].name; }
-    [[nodiscard]] sql::ColumnKind kind(int column) const { return m_columns[column].kind; }
-    [[nodiscard]] Storage storage(int column) const { return m_columns[column].storage; }
+    [[nodiscard]] const QString &columnName(int column) const
+    {
+        return m_layout->columns()[column].name;
+    }
+    [[nodiscard]] sql::ColumnKind kind(int column) const
+    {
+        return m_layout->columns()[column].kind;
+    }
+    [[nodiscard]] Storage storage(int column) const { return m_layout->columns()[column].storage; }
     /// The first column of that name in any case, -1 when there is none.
-    [[nodiscard]] int columnIndex(QStringView name) const;
+    [[nodiscard]] int columnIndex(QStringView name) const { return m_layout->columnIndex(name); }
 
     [[nodiscard]] bool isNull(int row, int column) const;
     [[nodiscard]] qint64 integer(int row, int column) const
@@ -70,9 +96,6 @@ public:
 private:
     struct Column
     {
-        QString name;
-        sql::ColumnKind kind = sql::ColumnKind::Unknown;
-        Storage storage = Storage::Integer;
         std::vector<qint64> integers; ///< Integer and Date
         std::vector<double> reals;
         std::string text;              ///< all texts, one after the other
@@ -81,8 +104,8 @@ private:
         std::vector<quint64> nulls; ///< a bit for each row; short when the last rows aren't Null
     };
 
+    std::shared_ptr<const RowLayout> m_layout;
     std::vector<Column> m_columns;
-    std::vector<qint32> m_names; ///< hash table of column numbers, -1 for a free place
     int m_rows = 0;
 };
 

@@ -24,8 +24,7 @@ Statement::Statement(const Context &context, const QString &text, const sql::Sch
 
 std::shared_ptr<RowData> Statement::fetch(const Context &context)
 {
-    auto rows = std::make_shared<RowData>();
-    m_output.addColumnsTo(*rows);
+    auto rows = std::make_shared<RowData>(m_output.layout());
     Ref<Firebird::IResultSet> cursor(m_statement->openCursor(&m_status, context.transaction,
                                                              m_input.metadata(), m_input.buffer(),
                                                              m_output.metadata(), 0));

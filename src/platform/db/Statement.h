@@ -1,6 +1,7 @@
 #pragma once
 
-#include "platform/db/Message.h"
+#include "platform/db/InputMessage.h"
+#include "platform/db/OutputMessage.h"
 
 #include <QString>
 

@@ -23,14 +23,21 @@ CachedPlan *Shape::find(const std::vector<sql::Literal> &literals) const
     return found == plans.end() ? nullptr : found->get();
 }
 
+Shape *StatementCache::find(const QString &key)
+{
+    const auto found = m_byKey.constFind(key);
+    if (found == m_byKey.constEnd())
+        return nullptr;
+    const auto entry = *found;
+    if (entry != m_entries.begin())
+        m_entries.splice(m_entries.begin(), m_entries, entry);
+    return &entry->shape;
+}
+
 Shape &StatementCache::shape(const QString &key)
 {
-    if (const auto found = m_byKey.constFind(key); found != m_byKey.constEnd()) {
-        const auto entry = *found;
-        if (entry != m_entries.begin())
-            m_entries.splice(m_entries.begin(), m_entries, entry);
-        return entry->shape;
-    }
+    if (Shape *found = find(key))
+        return *found;
     // A shape without plans is small, but strange texts must not heap up either.
     while (m_entries.size() >= 2 * MaximumPlans) {
         m_planCount -= static_cast<int>(m_entries.back().shape.plans.size());

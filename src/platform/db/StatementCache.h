@@ -33,6 +33,9 @@ struct Shape
     std::vector<std::unique_ptr<CachedPlan>> plans;
     /// The engine refuses the shape with parameters.
     bool inlineOnly = false;
+    /// How many "?" the statement holds, when it has no literals and so is its own key; otherwise
+    /// -1.
+    int parametersOfPlainText = -1;
 
     /// The plan that serves these literals, or null.
     [[nodiscard]] CachedPlan *find(const std::vector<sql::Literal> &literals) const;
@@ -48,6 +51,8 @@ public:
 
     /// The shape under a key, new when there was none. Holds until the next call.
     Shape &shape(const QString &key);
+    /// The shape under a key, or null.
+    [[nodiscard]] Shape *find(const QString &key);
     /// Adds a plan to a shape of this cache.
     CachedPlan &add(Shape &shape, std::unique_ptr<CachedPlan> plan);
     void clear();

@@ -17,6 +17,7 @@ using namespace Qt::StringLiterals;
 using db::Recordset;
 using db::Row;
 using db::RowData;
+using db::RowLayout;
 
 /// The number of the error that an action raises, 0 for none.
 int errorOf(const std::function<void()> &action)
@@ -40,14 +41,14 @@ Recordset machines()
 {
     using Kind = sql::ColumnKind;
     using Storage = RowData::Storage;
-    auto rows = std::make_shared<RowData>();
-    const int id = rows->addColumn(u"EquipmentID"_s, Kind::Integer, Storage::Integer);
-    const int unit = rows->addColumn(u"Unit No"_s, Kind::Text, Storage::Text);
-    const int price = rows->addColumn(u"Price"_s, Kind::Money, Storage::Real);
-    const int installed = rows->addColumn(u"Installed"_s, Kind::Date, Storage::Date);
-    const int picture = rows->addColumn(u"Picture"_s, Kind::Binary, Storage::Bytes);
-    const int used = rows->addColumn(u"Used"_s, Kind::YesNo, Storage::Integer);
-    rows->indexNames();
+    enum Column { id, unit, price, installed, picture, used };
+    auto rows = std::make_shared<RowData>(std::make_shared<const RowLayout>(
+        std::vector<RowLayout::Column>{{u"EquipmentID"_s, Kind::Integer, Storage::Integer},
+                                       {u"Unit No"_s, Kind::Text, Storage::Text},
+                                       {u"Price"_s, Kind::Money, Storage::Real},
+                                       {u"Installed"_s, Kind::Date, Storage::Date},
+                                       {u"Picture"_s, Kind::Binary, Storage::Bytes},
+                                       {u"Used"_s, Kind::YesNo, Storage::Integer}}));
     const auto add = [&](qint64 key, const QString &text, double amount, QDate date, qint64 flag) {
         rows->addInteger(id, key);
         addText(*rows, unit, text);
@@ -129,14 +130,13 @@ TEST(Recordset, CopiesShareRowsAndHaveTheirOwnPosition)
 
 TEST(Recordset, NamesAreFoundInAnyCaseAndTheFirstOfTwoEqualOnesCounts)
 {
-    auto rows = std::make_shared<RowData>();
     // Many columns, so that places in the table of names collide.
+    std::vector<RowLayout::Column> columns;
     for (int i = 0; i < 200; ++i)
-        rows->addColumn(u"Column%1"_s.arg(i), sql::ColumnKind::Integer, RowData::Storage::Integer);
-    rows->addColumn(u"cOLUMN7"_s, sql::ColumnKind::Integer, RowData::Storage::Integer);
-    rows->addColumn(u"Größe"_s, sql::ColumnKind::Integer, RowData::Storage::Integer);
-    rows->indexNames();
-    const Recordset rs(rows);
+        columns.push_back({u"Column%1"_s.arg(i), sql::ColumnKind::Integer});
+    columns.push_back({u"cOLUMN7"_s, sql::ColumnKind::Integer});
+    columns.push_back({u"Größe"_s, sql::ColumnKind::Integer});
+    const Recordset rs(std::make_shared<RowData>(std::make_shared<const RowLayout>(columns)));
     for (int i = 0; i < 200; ++i)
         ASSERT_EQ(rs.columnIndex(u"COLUMN%1"_s.arg(i)), i);
     EXPECT_EQ(rs.columnIndex(u"GRÖßE"), 201);
@@ -191,9 +191,8 @@ TEST(Row, WhatIsNoNumberOrDateRaisesTypeMismatch)
 
 TEST(Row, LongKeysInTextKeepAllTheirDigits)
 {
-    auto rows = std::make_shared<RowData>();
-    rows->addColumn(u"Key"_s, sql::ColumnKind::Text, RowData::Storage::Text);
-    rows->indexNames();
+    auto rows = std::make_shared<RowData>(std::make_shared<const RowLayout>(
+        std::vector<RowLayout::Column>{{u"Key"_s, sql::ColumnKind::Text, RowData::Storage::Text}}));
     for (const auto &text : {u" 9223372036854775807 "_s, u"1e30"_s}) {
         addText(*rows, 0, text);
         rows->endRow();
