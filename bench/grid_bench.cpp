@@ -15,27 +15,28 @@ using namespace Qt::StringLiterals;
 /// Parts as the quick find lists them.
 db::Recordset parts(int count)
 {
-    using Storage = db::RowData::Storage;
-    auto data = std::make_shared<db::RowData>();
-    const int number = data->addColumn(u"Part Number"_s, sql::ColumnKind::Text, Storage::Text);
-    const int name = data->addColumn(u"Description"_s, sql::ColumnKind::Text, Storage::Text);
-    const int quantity = data->addColumn(u"Qty on Hand"_s, sql::ColumnKind::Real, Storage::Real);
-    const int price = data->addColumn(u"Price"_s, sql::ColumnKind::Money, Storage::Real);
-    const int ordered = data->addColumn(u"Ordered"_s, sql::ColumnKind::Date, Storage::Date);
-    const int inactive = data->addColumn(u"Inactive"_s, sql::ColumnKind::YesNo, Storage::Integer);
-    data->indexNames();
+    using Fields = std::vector<db::RowLayout::Column>;
+    using Storage = db::RowLayout::Storage;
+    enum { Number, Name, Quantity, Price, Ordered, Inactive };
+    const auto data = std::make_shared<db::RowData>(std::make_shared<db::RowLayout>(
+        Fields{{u"Part Number"_s, sql::ColumnKind::Text, Storage::Text},
+               {u"Description"_s, sql::ColumnKind::Text, Storage::Text},
+               {u"Qty on Hand"_s, sql::ColumnKind::Real, Storage::Real},
+               {u"Price"_s, sql::ColumnKind::Money, Storage::Real},
+               {u"Ordered"_s, sql::ColumnKind::Date, Storage::Date},
+               {u"Inactive"_s, sql::ColumnKind::YesNo, Storage::Integer}}));
     const auto addText = [&data](int column, const QByteArray &text) {
         data->addText(column, text.constData(), static_cast<std::size_t>(text.size()));
     };
     unsigned state = 1;
     for (int row = 0; row < count; ++row) {
         state = state * 1103515245U + 12345U;
-        addText(number, "P-" + QByteArray::number(row).rightJustified(6, '0'));
-        addText(name, "Blade " + QByteArray::number((state >> 8) % 100000) + " for deck");
-        data->addReal(quantity, (state >> 4) % 500);
-        data->addReal(price, ((state >> 6) % 90000) / 100.0);
-        data->addInteger(ordered, 1700000000000LL + (state % 10000) * 86400000LL);
-        data->addInteger(inactive, state % 7 == 0 ? -1 : 0);
+        addText(Number, "P-" + QByteArray::number(row).rightJustified(6, '0'));
+        addText(Name, "Blade " + QByteArray::number((state >> 8) % 100000) + " for deck");
+        data->addReal(Quantity, (state >> 4) % 500);
+        data->addReal(Price, ((state >> 6) % 90000) / 100.0);
+        data->addInteger(Ordered, 1700000000000LL + (state % 10000) * 86400000LL);
+        data->addInteger(Inactive, state % 7 == 0 ? -1 : 0);
         data->endRow();
     }
     return db::Recordset(data);

@@ -293,9 +293,9 @@ int GridModel::find(QStringView criterion, int from) const
     }
     // The column as it now stands, changed and inserted cells included, in the form that the
     // criterion is tried on.
-    db::RowData rows;
-    rows.addColumn(data.column.name, data.column.kind, storageFor(data.column));
-    rows.indexNames();
+    using Fields = std::vector<db::RowLayout::Column>;
+    db::RowData rows(std::make_shared<db::RowLayout>(
+        Fields{{data.column.name, data.column.kind, storageFor(data.column)}}));
     for (const int slot : m_rows)
         append(rows, slotValue(slot, data), data.column);
     const QString bracketed = u'[' + data.column.name + u"] "_s + condition.toString();

@@ -23,7 +23,7 @@ inline db::Recordset recordsetOf(const std::vector<Field> &fields,
                                  const std::vector<std::vector<QVariant>> &rows)
 {
     using Storage = db::RowData::Storage;
-    auto data = std::make_shared<db::RowData>();
+    std::vector<db::RowLayout::Column> columns;
     for (const Field &field : fields) {
         Storage storage = Storage::Integer;
         switch (field.kind) {
@@ -40,9 +40,10 @@ inline db::Recordset recordsetOf(const std::vector<Field> &fields,
         default:
             break;
         }
-        data->addColumn(field.name, field.kind, storage);
+        columns.push_back({field.name, field.kind, storage});
     }
-    data->indexNames();
+    const auto data =
+        std::make_shared<db::RowData>(std::make_shared<db::RowLayout>(std::move(columns)));
     for (const auto &row : rows) {
         for (int column = 0; column < data->columnCount(); ++column) {
             const QVariant &value = row[static_cast<std::size_t>(column)];
