@@ -47,6 +47,25 @@ bool mayComeFromParameters(int number)
     return number == ErrorNumber::TextTooLong || number == ErrorNumber::Overflow;
 }
 
+/// True for the values that need no conversion, most of them: saves copying them.
+bool goesAsItIs(const QVariant &value, const sql::Slot &slot)
+{
+    if (slot.likePattern || slot.negate || slot.length != 0)
+        return false;
+    const int type = value.typeId();
+    switch (slot.kind) {
+    case sql::ColumnKind::Integer:
+        return type == QMetaType::LongLong || type == QMetaType::Int;
+    case sql::ColumnKind::Real:
+    case sql::ColumnKind::Money:
+        return type == QMetaType::Double;
+    case sql::ColumnKind::Text:
+        return type == QMetaType::QString;
+    default:
+        return false;
+    }
+}
+
 QByteArray identityOf(const Target &target)
 {
     if (!target.host.isEmpty())
@@ -100,7 +119,8 @@ private:
     std::optional<sql::Schema> m_schema;
     bool m_schemaIsFresh = false; ///< read during the call that is running
     StatementCache m_cache;
-    std::vector<QVariant> m_values; ///< of the parameters; kept for its memory
+    std::vector<const QVariant *> m_values; ///< of the parameters; kept for its memory
+    std::vector<QVariant> m_made;           ///< those that differ from what was given
     int m_preparations = 0;
     Peer m_peer;
 };
@@ -249,14 +269,21 @@ bool Connection::Implementation::collectValues(const sql::Plan &plan, const sql:
                                                const QVariantList &parameters)
 {
     m_values.clear();
+    m_made.clear();
+    // m_values points into it.
+    m_made.reserve(plan.slots.size());
+    const auto add = [this](QVariant value) {
+        m_made.push_back(std::move(value));
+        m_values.push_back(&m_made.back());
+    };
     for (const sql::Slot &slot : plan.slots) {
         const QVariant *given = nullptr;
         switch (slot.source) {
         case sql::Slot::Source::Now:
-            m_values.emplace_back(base::now());
+            add(base::now());
             continue;
         case sql::Slot::Source::Today:
-            m_values.emplace_back(base::wallClock(base::today()));
+            add(base::wallClock(base::today()));
             continue;
         case sql::Slot::Source::Caller:
             given = &parameters[slot.index];
@@ -270,7 +297,10 @@ bool Connection::Implementation::collectValues(const sql::Plan &plan, const sql:
             if (pattern.contains(u'#') || pattern.contains(u'['))
                 return false;
         }
-        m_values.push_back(sql::slotValue(*given, slot));
+        if (goesAsItIs(*given, slot))
+            m_values.push_back(given);
+        else
+            add(sql::slotValue(*given, slot));
     }
     return true;
 }

@@ -173,18 +173,18 @@ InputMessage::Bound InputMessage::bound(const QVariant &value)
     return {Form::Text, 0, 0};
 }
 
-bool InputMessage::bind(std::span<const QVariant> values, const Context &context)
+bool InputMessage::bind(std::span<const QVariant *const> values, const Context &context)
 {
     Q_ASSERT(values.size() == m_fields.size());
     bool changed = false;
     for (std::size_t i = 0; i < values.size(); ++i) {
-        if (!chooseField(i, values[i], changed))
+        if (!chooseField(i, *values[i], changed))
             return false;
     }
     if (changed)
         rebuild();
     for (std::size_t i = 0; i < values.size(); ++i)
-        write(i, values[i], context);
+        write(i, *values[i], context);
     return true;
 }
 

@@ -20,7 +20,7 @@ public:
     [[nodiscard]] std::size_t count() const { return m_described.size(); }
     /// Writes the values, one for each parameter. False when one can't be written without changing
     /// what it is compared with: the statement needs it as a literal then. Raises DbError.
-    [[nodiscard]] bool bind(std::span<const QVariant> values, const Context &context);
+    [[nodiscard]] bool bind(std::span<const QVariant *const> values, const Context &context);
 
     [[nodiscard]] Firebird::IMessageMetadata *metadata() const { return m_metadata.get(); }
     [[nodiscard]] void *buffer() { return m_buffer.data(); }

@@ -24,7 +24,7 @@ public:
     void renameColumn(int column, const QString &name) { m_output.renameColumn(column, name); }
 
     /// Sets the parameters; see InputMessage::bind.
-    [[nodiscard]] bool bind(std::span<const QVariant> values, const Context &context)
+    [[nodiscard]] bool bind(std::span<const QVariant *const> values, const Context &context)
     {
         return m_input.bind(values, context);
     }
