@@ -74,9 +74,10 @@ void Writer::writeSelect(const Select &select, const Change *insert)
     }
     if (select.distinct)
         m_text += u"DISTINCT "_s;
+    std::vector<WrittenItem> items;
     {
         const FixedLiterals fixed(*this);
-        writeItems(select, insert);
+        items = writeItems(select, insert);
     }
     m_text += u" FROM "_s;
     if (select.from.empty())
@@ -87,15 +88,8 @@ void Writer::writeSelect(const Select &select, const Change *insert)
         m_text += u" WHERE "_s;
         writeCondition(*select.where);
     }
-    if (!select.groupBy.empty()) {
-        const FixedLiterals fixed(*this);
-        m_text += u" GROUP BY "_s;
-        for (std::size_t i = 0; i < select.groupBy.size(); ++i) {
-            if (i > 0)
-                m_text += u", "_s;
-            writeValue(*select.groupBy[i], {});
-        }
-    }
+    if (!select.groupBy.empty())
+        writeGroups(select, items);
     if (select.having) {
         // The engine knows an expression of the groups again only by equal text.
         const bool namesOnly =
@@ -109,15 +103,59 @@ void Writer::writeSelect(const Select &select, const Change *insert)
     }
 }
 
-void Writer::writeItems(const Select &select, const Change *insert)
+void Writer::writeGroups(const Select &select, const std::vector<WrittenItem> &items)
 {
+    const FixedLiterals fixed(*this);
+    m_text += u" GROUP BY "_s;
+    for (const ExpressionPointer &group : select.groupBy) {
+        if (group != select.groupBy.front())
+            m_text += u", "_s;
+        WrittenItem written{0, m_text.size(), 0, m_plan.slots.size(), 0};
+        writeValue(*group, {});
+        written.end = m_text.size();
+        written.slotsEnd = m_plan.slots.size();
+        if (group->kind == Kind::Name)
+            continue;
+        // The engine does not see that two calculations are one, but knows an item by its number.
+        const auto item = std::ranges::find_if(
+            items, [&](const WrittenItem &candidate) { return repeats(candidate, written); });
+        if (item == items.end())
+            continue;
+        m_text.truncate(written.begin);
+        m_plan.slots.resize(written.slotsBegin);
+        m_text += QString::number(item->output + 1);
+    }
+}
+
+bool Writer::repeats(const WrittenItem &item, const WrittenItem &group) const
+{
+    const QStringView text = m_text;
+    if (text.sliced(item.begin, item.end - item.begin) !=
+        text.sliced(group.begin, group.end - group.begin))
+        return false;
+    // Equal texts have equally many parameters.
+    for (std::size_t i = group.slotsBegin; i < group.slotsEnd; ++i) {
+        const Slot &one = m_plan.slots[i];
+        const Slot &other = m_plan.slots[item.slotsBegin + i - group.slotsBegin];
+        if (one.source != other.source || one.index != other.index)
+            return false;
+    }
+    return true;
+}
+
+std::vector<Writer::WrittenItem> Writer::writeItems(const Select &select, const Change *insert)
+{
+    std::vector<WrittenItem> written;
     std::size_t output = 0;
     for (std::size_t i = 0; i < select.items.size(); ++i) {
         if (i > 0)
             m_text += u", "_s;
         const SelectItem &item = select.items[i];
         if (item.kind == SelectItem::Kind::Value) {
-            writeOutput(select, item, output++, insert);
+            WrittenItem place{output, m_text.size(), 0, m_plan.slots.size(), 0};
+            place.end = writeOutput(select, item, output++, insert);
+            place.slotsEnd = m_plan.slots.size();
+            written.push_back(place);
         } else if (select.expanded) {
             if (item.source) {
                 writeColumns(*item.source, select, output);
@@ -148,6 +186,7 @@ void Writer::writeItems(const Select &select, const Change *insert)
             }
         }
     }
+    return written;
 }
 
 void Writer::writeColumns(const Source &source, const Select &select, std::size_t &output)
@@ -163,8 +202,8 @@ void Writer::writeColumns(const Source &source, const Select &select, std::size_
     }
 }
 
-void Writer::writeOutput(const Select &select, const SelectItem &item, std::size_t output,
-                         const Change *insert)
+qsizetype Writer::writeOutput(const Select &select, const SelectItem &item, std::size_t output,
+                              const Change *insert)
 {
     const Expression &value = *item.value;
     Wanted wanted{value.type, Place::Result, 0};
@@ -176,11 +215,13 @@ void Writer::writeOutput(const Select &select, const SelectItem &item, std::size
             wanted.kind = insert->target->columnKind(column);
     }
     writeValue(value, wanted);
+    const qsizetype end = m_text.size();
     const QString &name = select.output[output].written;
     const bool itsOwn =
         value.kind == Kind::Name && value.source->writtenColumn(value.column) == name;
     if (!itsOwn && !insert)
         m_text += u" AS "_s + quotedName(name);
+    return end;
 }
 
 void Writer::writeJoins(const JoinChain &chain)

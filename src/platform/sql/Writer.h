@@ -30,12 +30,25 @@ private:
         int length = 0; ///< characters of the column, 0 when there is none
     };
 
+    /// Where the value of a select item stands in the text, and its parameters among the slots.
+    struct WrittenItem
+    {
+        std::size_t output = 0;
+        qsizetype begin = 0;
+        qsizetype end = 0;
+        std::size_t slotsBegin = 0;
+        std::size_t slotsEnd = 0;
+    };
+
     // Queries and changes (Writer.cpp).
     void writeQuery(const Query &query, const Change *insert = nullptr);
     void writeSelect(const Select &select, const Change *insert);
-    void writeItems(const Select &select, const Change *insert);
-    void writeOutput(const Select &select, const SelectItem &item, std::size_t output,
-                     const Change *insert);
+    std::vector<WrittenItem> writeItems(const Select &select, const Change *insert);
+    void writeGroups(const Select &select, const std::vector<WrittenItem> &items);
+    [[nodiscard]] bool repeats(const WrittenItem &item, const WrittenItem &group) const;
+    /// Gives the place where the value ends and its alias begins.
+    qsizetype writeOutput(const Select &select, const SelectItem &item, std::size_t output,
+                          const Change *insert);
     void writeColumns(const Source &source, const Select &select, std::size_t &output);
     void writeJoins(const JoinChain &chain);
     void writeJoinMember(const Join &member);
