@@ -1,0 +1,405 @@
+#include "core/General.h"
+
+#include "core/CompanySession.h"
+#include "platform/db/DbError.h"
+#include "platform/settings/Registry.h"
+
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class General : public test::CompanySession
+{
+protected:
+    static void addReading(qint64 equipment, const QString &type, const QString &date, int value)
+    {
+        gcnData->Execute(u"Insert into tblEquipmentCount(EquipmentID,CountType,ChangeDate,"
+                         u"CountValue) values(%1,'%2',#%3#,%4)"_s.arg(equipment)
+                             .arg(type, date)
+                             .arg(value));
+    }
+    static qint64 addCrew(int number, const QString &description)
+    {
+        return gcnLookup->Insert(u"Insert into tblCrew(CrewNumber,Description) values(?,?)"_s,
+                                 {number, description}, u"CrewID"_s);
+    }
+    static void addEmployee(const QString &id, qint64 crew, const QString &cost, int inactive,
+                            int counted)
+    {
+        gcnData->Execute(u"Insert into tblEmployee(EmployeeID,Crew,LaborCost,Inactive,"
+                         u"IncludeWoList) values(?,?,?,?,?)"_s,
+                         {id, crew, cost, inactive, counted});
+    }
+};
+
+} // namespace
+
+TEST_F(General, NewIdsFollowTheHighestOnTheirConnection)
+{
+    EXPECT_EQ(GenerateID(u"tblSupplier"_s, u"SupplierID"_s), 1);
+    gcnData->Execute(u"Insert into tblSupplier(SupplierID,Name) values(7,'Seven')"_s);
+    gcnData->Execute(u"Insert into tblSupplier(SupplierID,Name) values(9,'Nine')"_s);
+    EXPECT_EQ(GenerateID(u"tblSupplier"_s, u"SupplierID"_s), 10);
+    gcnData->Execute(u"Delete from tblSupplier where SupplierID = 9"_s);
+    EXPECT_EQ(GenerateID(u"tblSupplier"_s, u"SupplierID"_s), 8);
+
+    // What stands in an open transaction on Data is not there yet for Lookup.
+    BeginTrans();
+    gcnData->Execute(u"Insert into tblSupplier(SupplierID,Name) values(50,'Fifty')"_s);
+    EXPECT_EQ(GenerateID(u"tblSupplier"_s, u"SupplierID"_s), 51);
+    EXPECT_EQ(GenerateIDWithIndicator(u"tblSupplier"_s, u"SupplierID"_s), 8);
+    RollbackTrans();
+
+    EXPECT_EQ(GenerateID(u"tblSupplier"_s, u"Nothing"_s), 0);
+    EXPECT_EQ(errors.takeOne().ProcedureName, u"GenerateID"_s);
+    EXPECT_EQ(GenerateIDWithIndicator(u"tblNothing"_s, u"SupplierID"_s), 0);
+    EXPECT_EQ(errors.takeOne().ErrNumber, db::ErrorNumber::TableUnknown);
+}
+
+TEST_F(General, UniqueIdIsTheTimeAndAGuidHas32Digits)
+{
+    environment.setNow(base::wallClock(QDate(2024, 3, 9), QTime(17, 5, 8)));
+    EXPECT_EQ(GenrateUniqueID(), 309170508);
+    const QString guid = GetGUID();
+    EXPECT_TRUE(QRegularExpression(u"^[0-9A-F]{32}$"_s).match(guid).hasMatch())
+        << qUtf8Printable(guid);
+    EXPECT_NE(GetGUID(), guid);
+}
+
+TEST_F(General, CountsRowsWithAndWithoutACondition)
+{
+    for (int id : {1, 2, 3})
+        gcnData->Execute(u"Insert into tblSupplier(SupplierID,Name) values(?,'A')"_s, {id});
+    EXPECT_EQ(GetRecordCount(u"tblSupplier"_s, u"   "_s), 3);
+    EXPECT_EQ(GetRecordCount(u"tblSupplier"_s, u"SupplierID > 1"_s), 2);
+    EXPECT_EQ(GetRecordCount(u"tblSupplier"_s, u"SupplierID >"_s), 0);
+    EXPECT_EQ(errors.takeOne().ProcedureName, u"GetRecordCount"_s);
+}
+
+TEST_F(General, FindsWhetherARecordIsUsed)
+{
+    gcnData->Execute(u"Insert into tblPart(PartID,SupplierID) values('O''Ring',12)"_s);
+    struct Case
+    {
+        QString field, value, type;
+        bool used;
+    };
+    for (const Case &c :
+         {Case{u"PartID"_s, u"O'Ring"_s, u"S"_s, true},
+          Case{u"PartID"_s, u"o'ring"_s, u"s"_s, true}, Case{u"PartID"_s, u"Ring"_s, u"S"_s, false},
+          Case{u"SupplierID"_s, u"12"_s, u"N"_s, true},
+          Case{u"SupplierID"_s, u"12"_s, u"S"_s, true},
+          Case{u"SupplierID"_s, u"13"_s, u"n"_s, false}}) {
+        EXPECT_EQ(IsRecordUsed(u"tblPart"_s, c.field, c.value, c.type), c.used)
+            << qUtf8Printable(c.value + u' ' + c.type);
+    }
+    EXPECT_FALSE(IsRecordUsed(u"tblPart"_s, u"PartID"_s, u"O'Ring"_s, u"X"_s));
+    const ErrorReport report = errors.takeOne();
+    EXPECT_EQ(report.ProcedureName, u"IsRecordUsed"_s);
+    EXPECT_EQ(report.ModuleName, u"General Function"_s);
+    EXPECT_NE(report.ErrNumber, 0);
+}
+
+TEST_F(General, FindsDuplicates)
+{
+    gcnData->Execute(u"Insert into tblPart(PartID,SupplierID) values('O''Ring',12)"_s);
+    struct Case
+    {
+        QVariant old;
+        QString value;
+        bool numeric, duplicate;
+    };
+    for (const Case &c :
+         {Case{{}, u"  o'ring "_s, false, true}, Case{u" o'RING"_s, u"O'Ring  "_s, false, false},
+          Case{u"Other"_s, u"O'Ring"_s, false, true}, Case{{}, u"Seal"_s, false, false}}) {
+        EXPECT_EQ(IsDuplicate(u"tblPart"_s, u"PartID"_s, c.old, c.value, c.numeric), c.duplicate)
+            << qUtf8Printable(c.value);
+    }
+    EXPECT_TRUE(IsDuplicate(u"tblPart"_s, u"SupplierID"_s, 11, u"12"_s, true));
+    EXPECT_FALSE(IsDuplicate(u"tblPart"_s, u"SupplierID"_s, 12, u"12"_s, true));
+    // Equal values are settled without a look at the table.
+    EXPECT_FALSE(IsDuplicate(u"tblNothing"_s, u"x"_s, u"same"_s, u" SAME "_s, false));
+}
+
+TEST_F(General, FindsAServiceOnAnOpenOrder)
+{
+    const qint64 order =
+        gcnData->Insert(u"Insert into tblWorkorder(EquipmentID) values(1)"_s, {}, u"WorkorderNo"_s);
+    gcnData->Execute(u"Insert into tblWoServiceUsed(WorkorderNo,ServiceUsedID,CrewID) "
+                     u"values(?,41,6)"_s,
+                     {order});
+    EXPECT_TRUE(ServiceInWorkOrder(41));
+    EXPECT_FALSE(ServiceInWorkOrder(42));
+    // The key column goes by the exact name of the table.
+    const qint64 row =
+        gcnData->Open(u"Select NServiceUsedID from tblWoServiceUsed"_s).value(0, 0).toLongLong();
+    EXPECT_EQ(GetCrewIDByService(row, u"tblWoserviceUsed"_s), 6);
+    EXPECT_EQ(GetCrewIDByService(41, u"tblWoServiceUsed"_s), 6);
+    EXPECT_EQ(GetCrewIDByService(42, u"tblWoServiceUsed"_s), 0);
+}
+
+TEST_F(General, ACountryIsKnownInItsExactCase)
+{
+    EXPECT_TRUE(ChkCountryExist(u"Canada"_s));
+    EXPECT_FALSE(ChkCountryExist(u"canada"_s));
+    EXPECT_FALSE(ChkCountryExist(u"Owner"_s)); // of another list
+    EXPECT_FALSE(ChkCountryExist(u"Cote d'Ivoire"_s));
+    EXPECT_EQ(errors.takeOne().ProcedureName, u"ChkCountryExist"_s);
+}
+
+TEST_F(General, TableInfoTakesOrderAndCondition)
+{
+    for (int id : {1, 3, 2})
+        gcnData->Execute(u"Insert into tblSupplier(SupplierID,Name) values(?,'A')"_s, {id});
+    EXPECT_EQ(GetTableInfo(u"tblSupplier"_s).RecordCount(), 3);
+    const db::Recordset ordered =
+        GetTableInfoWithIndicator(u"tblSupplier"_s, u"SupplierID desc"_s, u"SupplierID > 1"_s);
+    ASSERT_EQ(ordered.RecordCount(), 2);
+    EXPECT_EQ(ordered.row(0).integer(u"SupplierID"), 3);
+}
+
+TEST_F(General, TableInfoNamesWhatIsWrong)
+{
+    struct Case
+    {
+        QString table, order, description;
+        int number;
+    };
+    for (const Case &c :
+         {Case{u"tblNothing"_s, {}, u"Invalid Table Name"_s, db::ErrorNumber::TableUnknown},
+          Case{u"tblSupplier"_s, u"Nothing"_s, u"Invalid Column Name"_s,
+               db::ErrorNumber::ValueMissing},
+          Case{u"tblSupplier"_s, u"Name ,, Name"_s, u"Invalid Column Name"_s,
+               db::ErrorNumber::Syntax}}) {
+        EXPECT_EQ(GetTableInfo(c.table, c.order).columnCount(), 0);
+        ErrorReport report = errors.takeOne();
+        EXPECT_EQ(report.ErrDescription, c.description);
+        EXPECT_EQ(report.ErrNumber, c.number);
+        EXPECT_EQ(report.ProcedureName, u"GetTableInfo"_s);
+        (void)GetTableInfoWithIndicator(c.table, c.order);
+        report = errors.takeOne();
+        EXPECT_EQ(report.ErrDescription, c.description);
+        EXPECT_EQ(report.ProcedureName, u"GetTableInfoWithIndicator"_s);
+    }
+}
+
+TEST_F(General, AListHoldsItsMembersShownOrAll)
+{
+    const qint64 list = 9000;
+    for (const auto &[name, show] :
+         {std::pair(u"Zeta"_s, 1), std::pair(u"Alpha"_s, 1), std::pair(u"Hidden"_s, 0)}) {
+        gcnLookup->Execute(u"Insert into tblIndicator(ParentID,ItemName,Show) values(?,?,?)"_s,
+                           {list, name, show});
+    }
+    const auto names = [](const db::Recordset &rows) {
+        QStringList result;
+        for (const db::Row row : rows)
+            result << row.text(u"ItemName");
+        return result;
+    };
+    EXPECT_EQ(names(GetIndicatorInfo(list, false, true)), QStringList({u"Alpha"_s, u"Zeta"_s}));
+    EXPECT_EQ(names(GetIndicatorInfo(list, false, false)), QStringList({u"Zeta"_s, u"Alpha"_s}));
+    EXPECT_EQ(names(GetIndicatorInfo(list, true, true)),
+              QStringList({u"Alpha"_s, u"Hidden"_s, u"Zeta"_s}));
+}
+
+TEST_F(General, ACrewIsListedByNumberAndDescription)
+{
+    addCrew(12, u"North"_s);
+    addCrew(3, u"South"_s);
+    gcnLookup->Execute(u"Insert into tblCrew(CrewNumber) values(20)"_s);
+    const db::Recordset crews = GetCrewInfo();
+    ASSERT_EQ(crews.RecordCount(), 3);
+    QStringList texts;
+    for (const db::Row row : crews)
+        texts << row.text(u"CrewNumber");
+    texts.sort();
+    // A crew without a description has no text at all.
+    EXPECT_EQ(texts, QStringList({QString(), u"12   North"_s, u"3   South"_s}));
+}
+
+TEST_F(General, OptionsAreSharedOrOfTheWorkstation)
+{
+    SetOption(u"Rate"_s, 5, false);
+    SetOption(u"RATE"_s, u"it's"_s, false);
+    SetOption(u"Rate"_s, u"mine"_s, true);
+    EXPECT_EQ(GetOption(u"rate"_s, false), u"it's"_s);
+    EXPECT_EQ(GetOption(u"Rate"_s, true), u"mine"_s);
+    EXPECT_EQ(GetOption(u"None"_s, false), QString());
+    EXPECT_EQ(GetRecordCount(u"tblSysOption"_s,
+                             u"SysOption = '%1RATE'"_s.arg(GetRegistryValue(u"GUID"_s))),
+              1);
+    SetOption(u"It's"_s, u"kept"_s, false);
+    EXPECT_EQ(GetRecordCount(u"tblSysOption"_s, u"SysOption = 'It''s'"_s), 1);
+    // The read takes the key as it stands.
+    EXPECT_EQ(GetOption(u"It's"_s, false), QString());
+    EXPECT_EQ(errors.takeOne().ProcedureName, u"GetOption"_s);
+}
+
+TEST_F(General, OptionsNeedAWorkstationsGuid)
+{
+    SetOption(u"Key"_s, u"1"_s, false);
+    SetRegistryValue(u"GUID"_s, QString());
+    EXPECT_EQ(GetOption(u"Key"_s, false), QString());
+    EXPECT_EQ(GetOption(u"Key"_s, true), QString());
+
+    const QString tooShort(29, u'A');
+    SetRegistryValue(u"GUID"_s, tooShort);
+    EXPECT_EQ(GetOption(u"Key"_s, false), u"1"_s);
+    SetOption(u"Key"_s, u"2"_s, true);
+    const QString made = GetRegistryValue(u"guid"_s);
+    EXPECT_EQ(made.size(), 32);
+    EXPECT_EQ(GetRecordCount(u"tblSysOption"_s, u"SysOption = '%1Key'"_s.arg(made)), 1);
+
+    const QString longEnough(30, u'B');
+    SetRegistryValue(u"GUID"_s, longEnough);
+    SetOption(u"Key"_s, u"3"_s, true);
+    EXPECT_EQ(GetRegistryValue(u"GUID"_s), longEnough);
+}
+
+TEST_F(General, OptionsOutliveARollback)
+{
+    BeginTrans();
+    gcnData->Execute(u"Insert into tblSupplier(SupplierID,Name) values(1,'A')"_s);
+    SetOption(u"Kept"_s, u"yes"_s, false);
+    RollbackTrans();
+    EXPECT_EQ(GetOption(u"Kept"_s, false), u"yes"_s);
+    EXPECT_EQ(GetRecordCount(u"tblSupplier"_s, {}), 0);
+}
+
+TEST_F(General, TheNewestReadingCountsAndTheHigherOfOneDay)
+{
+    addReading(1, u"Hours"_s, u"03-01-2024"_s, 500);
+    addReading(1, u"Hours"_s, u"03-05-2024"_s, 120);
+    addReading(1, u"Hours"_s, u"03-05-2024"_s, 130);
+    addReading(1, u"Miles"_s, u"03-09-2024"_s, 999);
+    addReading(1, u"Days"_s, u"03-09-2024"_s, 4);
+    addReading(2, u"Hours"_s, u"03-09-2024"_s, 7);
+    EXPECT_EQ(GetEquipmentCount(1, u"Hours"_s), 130);
+    EXPECT_EQ(GetEquipmentCount(1, u"Counts"_s), 0);
+    EXPECT_EQ(GetEquipmentCount(3, u"Hours"_s), 0);
+    EXPECT_EQ(GetEquipmentCountByCode(1, u"H"_s), 130);
+    EXPECT_EQ(GetEquipmentCountByCode(1, u"I"_s), 999);
+    EXPECT_EQ(GetEquipmentCountByCode(1, u"D"_s), 4);
+    EXPECT_EQ(GetEquipmentCountByCode(1, u"Hours"_s), 130);
+    EXPECT_EQ(GetEquipmentCountByCode(1, u"h"_s), 0);
+}
+
+TEST_F(General, LabourCostIsTheMeanOfThoseWhoCount)
+{
+    const qint64 crew = addCrew(1, u"North"_s);
+    const qint64 other = addCrew(2, u"South"_s);
+    addEmployee(u"1"_s, crew, u"10"_s, 0, 1);
+    addEmployee(u"2"_s, crew, u"10.01"_s, 0, 1);
+    addEmployee(u"3"_s, crew, u"12"_s, 0, 1);
+    addEmployee(u"4"_s, crew, u"900"_s, 1, 1);
+    addEmployee(u"5"_s, crew, u"900"_s, 0, 0);
+    EXPECT_DOUBLE_EQ(SetLaborCost(crew), 10.67); // 32.01 / 3
+    EXPECT_DOUBLE_EQ(SetLaborCost(other), 0);
+
+    gcnData->Execute(u"Insert into tblServiceUsed(Name,CrewID,LaborEstimate,CostEstimate) "
+                     u"values('A',?,2,1)"_s,
+                     {crew});
+    gcnData->Execute(u"Insert into tblServiceUsed(Name,CrewID,LaborEstimate,CostEstimate) "
+                     u"values('B',?,2,1)"_s,
+                     {other});
+    gcnData->Execute(u"Insert into tblWoServiceUsed(Name,CrewID,LaborEstimate,CostEstimate) "
+                     u"values('A',?,0.5,1)"_s,
+                     {crew});
+    EXPECT_TRUE(ChangeServiceLabourEstimate(crew));
+    const auto cost = [](const QString &table, const QString &name) {
+        return gcnData->Open(u"Select CostEstimate from "_s + table + u" where Name = ?"_s, {name})
+            .value(0, 0)
+            .toDouble();
+    };
+    EXPECT_DOUBLE_EQ(cost(u"tblServiceUsed"_s, u"A"_s), 21.34);
+    EXPECT_DOUBLE_EQ(cost(u"tblServiceUsed"_s, u"B"_s), 1);
+    EXPECT_DOUBLE_EQ(cost(u"tblWoServiceUsed"_s, u"A"_s), 5.335);
+}
+
+TEST_F(General, ACrewChangeIsDatedToday)
+{
+    EXPECT_TRUE(ChangeCrew(5, u"12"_s, u"Jim's crew"_s));
+    const db::Recordset rows = GetTableInfo(u"tblEquipmentCrewHistory"_s);
+    ASSERT_EQ(rows.RecordCount(), 1);
+    EXPECT_EQ(rows.row(0).text(u"CrewDescription"), u"Jim's crew"_s);
+    EXPECT_EQ(rows.row(0).text(u"CrewNumber"), u"12"_s);
+    EXPECT_EQ(rows.row(0).date(u"CrewDate").date(), QDate(2024, 3, 15));
+    EXPECT_FALSE(ChangeCrew(5, u"1'2"_s, u"x"_s));
+    EXPECT_EQ(errors.takeOne().ProcedureName, u"ChangeCrew"_s);
+}
+
+TEST_F(General, WithoutADatabaseProceduresReportAndGiveTheirDefault)
+{
+    closeConnections();
+    EXPECT_EQ(GenerateID(u"tblSupplier"_s, u"SupplierID"_s), 0);
+    EXPECT_EQ(errors.takeOne().ErrDescription, u"The database is not open."_s);
+    // The report form asks for its own place before there is a database.
+    EXPECT_EQ(GetOption(u"DBVERSION"_s, false), QString());
+    SetOption(u"DBVERSION"_s, u"1"_s, false);
+    openConnections();
+    EXPECT_EQ(GetOption(u"DBVERSION"_s, false), u"100"_s);
+}
+
+TEST_F(General, RegistryValuesAreTrimmedAndSeparateByKey)
+{
+    settings::registry().setValue(settings::MakerKey, u"HANDHELD"_s, u"C:\\Sync\\"_s);
+    EXPECT_EQ(GetMakerRegistryValue(u"handheld"_s), u"C:\\Sync\\"_s);
+    EXPECT_EQ(GetRegistryValue(u"HANDHELD"_s), QString());
+    SetRegistryValue(u"VERSION"_s, u" 2.3.1 "_s);
+    EXPECT_EQ(GetVersionNo(), u"2.3.1"_s);
+}
+
+TEST(CheckArray, LooksFromIndexOneOn)
+{
+    EXPECT_TRUE(CheckArray(std::array{0, 0, 1}));
+    EXPECT_FALSE(CheckArray(std::array{1, 0, 0}));
+    EXPECT_FALSE(CheckArray(std::array{0, 2, -1}));
+    EXPECT_FALSE(CheckArray({}));
+}
+
+TEST(ChangeMinuteInHour, GivesHoursAndTwoDigitMinutes)
+{
+    EXPECT_EQ(ChangeMinuteInHour(0), u"0:00"_s);
+    EXPECT_EQ(ChangeMinuteInHour(65), u"1:05"_s);
+    EXPECT_EQ(ChangeMinuteInHour(1439), u"23:59"_s);
+    EXPECT_EQ(ChangeMinuteInHour(1505), u"25:05"_s);
+}
+
+TEST(ValidateEmail, NamesTheFirstRuleThatFails)
+{
+    struct Case
+    {
+        const char *address, *message;
+    };
+    for (const Case &c : {Case{"", "Too short"},
+                          Case{"a@b.com", "Too short"},
+                          Case{"  a@b.com   ", "Too short"},
+                          Case{"nobody.example.com", "Missing the @"},
+                          Case{"a@b@example.com", "Too many @"},
+                          Case{"a@@example", "Too many @"},
+                          Case{"nobody@example", "Missing the period"},
+                          Case{"@example.com", "Invalid format"},
+                          Case{"example.com@", "Invalid format"},
+                          Case{".nobody@example.com", "Invalid format"},
+                          Case{"nobody@com.", "Invalid format"},
+                          Case{"no body@example.com", "Invalid character"},
+                          Case{"nob+dy@example.com", "Invalid character"},
+                          Case{"nob\xc3\xb6"
+                               "dy@example.com",
+                               "Invalid character"},
+                          Case{"nobody@example.c", "Suffix too short"},
+                          Case{"nobody@example.info", "Suffix too long"},
+                          Case{"nobody@a.examples", "Suffix too long"},
+                          Case{"nobody@example.com", ""},
+                          Case{"NoBody_9-x@Example.Co.Uk", ""},
+                          Case{"  nobody@example.us  ", ""},
+                          Case{"no.body@exampl.e1", ""}}) {
+        QString message;
+        EXPECT_EQ(ValidateEmail(QString::fromUtf8(c.address), message), *c.message == 0)
+            << c.address;
+        EXPECT_EQ(message.toStdString(), c.message) << c.address;
+    }
+}

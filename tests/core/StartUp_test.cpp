@@ -1,0 +1,315 @@
+#include "core/StartUp.h"
+
+#include "core/CompanySession.h"
+#include "platform/base/Error.h"
+#include "platform/db/Connection.h"
+#include "platform/settings/Registry.h"
+#include "platform/system/SingleInstance.h"
+#include "support/ScriptedPrompts.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+using Icon = base::Prompts::Icon;
+
+namespace {
+
+/// Starts the program in a folder of the test's own, with all steps of others recorded.
+class StartUp : public testing::Test
+{
+protected:
+    StartUp()
+    {
+        QDir().mkpath(path(u"Data/Backup"_s));
+        settings::registry().setValue(settings::ProductKey, u"VERSION"_s, u"2.3.1"_s);
+        steps.PrevInstance = [this] { return done(u"instance"_s, previousInstance); };
+        steps.CheckForUpdate = [this] { return done(u"update"_s, updateFound); };
+        steps.UpdateDatabase = [this](bool showFailure) {
+            EXPECT_TRUE(showFailure);
+            return done(u"migrate"_s, outOfDate);
+        };
+        steps.frmLogin = [this] { return done(u"login"_s, loggedIn); };
+        steps.SetUserRole = [this] { done(u"role"_s); };
+        steps.frmMainScreen = [this] { done(u"main"_s); };
+        steps.End = [this] { done(u"end"_s); };
+    }
+    ~StartUp() override
+    {
+        closeConnections();
+        gbDatabaseOutOfDate = false;
+        gsDatabasePath.clear();
+    }
+
+    bool done(const QString &step, bool result = true)
+    {
+        course << step;
+        return result;
+    }
+    static QString path(const QString &below)
+    {
+        return base::environment().applicationFolder + u'/' + below;
+    }
+    static QString live() { return path(u"Data/Quorvantis.mdb"_s); }
+    static QString backup(const QString &name = u"Quorvantis231.mdb"_s)
+    {
+        return path(u"Data/Backup/"_s + name);
+    }
+    void putDatabase() const { ASSERT_TRUE(QFile::copy(company.file(), live())); }
+    static db::Target target()
+    {
+        db::Target target;
+        target.file = live();
+        target.forcedWrites = false;
+        return target;
+    }
+    static void setOption(const QString &key, const QString &value)
+    {
+        db::Connection connection(target());
+        connection.Execute(u"Update tblSysOption set itemValue = ? where SysOption = ?"_s,
+                           {value, key});
+    }
+    static void write(const QString &file, const QByteArray &bytes)
+    {
+        QFile out(file);
+        ASSERT_TRUE(out.open(QIODevice::WriteOnly));
+        out.write(bytes);
+    }
+    static QByteArray bytes(const QString &file)
+    {
+        QFile in(file);
+        return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
+    }
+    static QString guid() { return settings::registry().value(settings::ProductKey, u"GUID"_s); }
+
+    void expectBackupProblem(const QString &description, int number)
+    {
+        prompts.expect(description + u' ' + QString::number(number) + u"Main Funtions(BackupDB) "_s,
+                       Icon::None);
+        prompts.expect(u"Problem in taking backup of Database."_s, Icon::Information);
+    }
+    void expectFailure(const QString &description, int number, const QString &where)
+    {
+        prompts.expect(description + u'\n' + QString::number(number) + u"\nmodData_Conntect ("_s +
+                           where + u')',
+                       Icon::Critical);
+    }
+
+    test::TestEnvironment environment;
+    test::CompanyDatabase company;
+    test::ScriptedPrompts prompts;
+    test::ErrorLog errors;
+    StartUpSteps steps;
+    QStringList course;
+    bool previousInstance = false;
+    bool updateFound = false;
+    bool outOfDate = false;
+    bool loggedIn = true;
+};
+
+} // namespace
+
+TEST_F(StartUp, RunsItsStepsInOrder)
+{
+    putDatabase();
+    setOption(u"SECURITYONOFF"_s, u"1"_s);
+    const QByteArray before = bytes(live());
+    EXPECT_TRUE(Main(steps));
+    EXPECT_EQ(course, QStringList({u"update"_s, u"instance"_s, u"migrate"_s, u"login"_s, u"role"_s,
+                                   u"main"_s}));
+    EXPECT_EQ(bytes(backup()), before);
+    EXPECT_TRUE(connectionsAreOpen());
+    EXPECT_EQ(gsDatabasePath, live());
+    EXPECT_EQ(guid().size(), 32);
+    EXPECT_FALSE(gbDatabaseOutOfDate);
+    EXPECT_FALSE(gWindowsVersion.name.isEmpty());
+    EXPECT_TRUE(QFileInfo(base::environment().appData + u"/Quorvantis"_s).isDir());
+}
+
+TEST_F(StartUp, NeedsNoneOfTheOthersSteps)
+{
+    putDatabase();
+    EXPECT_TRUE(Main({}));
+    EXPECT_TRUE(connectionsAreOpen());
+}
+
+TEST_F(StartUp, TheWorkstationsGuidIsMadeOnce)
+{
+    putDatabase();
+    EXPECT_TRUE(Main(steps));
+    const QString made = guid();
+    closeConnections();
+    EXPECT_TRUE(Main(steps));
+    EXPECT_EQ(guid(), made);
+    closeConnections();
+    // A short one is left to the next stored option.
+    settings::registry().setValue(settings::ProductKey, u"GUID"_s, u"ABC"_s);
+    EXPECT_TRUE(Main(steps));
+    EXPECT_EQ(guid(), u"ABC"_s);
+}
+
+TEST_F(StartUp, TheBackupHasTheVersionsNameAndTheLatestState)
+{
+    putDatabase();
+    write(backup(), "of the day before");
+    EXPECT_TRUE(BackupDB());
+    EXPECT_EQ(bytes(backup()), bytes(live()));
+    settings::registry().setValue(settings::ProductKey, u"VERSION"_s, QString());
+    EXPECT_TRUE(BackupDB());
+    EXPECT_EQ(bytes(backup(u"Quorvantis.mdb"_s)), bytes(live()));
+    EXPECT_EQ(QDir(path(u"Data/Backup"_s)).entryList(QDir::Files).size(), 2);
+}
+
+TEST_F(StartUp, AnUpdateEndsTheProcessBeforeAnythingElse)
+{
+    putDatabase();
+    updateFound = true;
+    EXPECT_FALSE(Main(steps));
+    EXPECT_EQ(course, QStringList({u"update"_s, u"end"_s}));
+    EXPECT_FALSE(QFile::exists(backup()));
+}
+
+TEST_F(StartUp, ASecondInstanceStopsBeforeTheBackup)
+{
+    putDatabase();
+    const sys::SingleInstance running(base::environment().applicationFolder);
+    steps.PrevInstance = [] {
+        return !sys::SingleInstance(base::environment().applicationFolder).isFirst();
+    };
+    prompts.expect(u"Quorvantis application is already open."_s, Icon::Information);
+    EXPECT_FALSE(Main(steps));
+    EXPECT_EQ(course, QStringList({u"update"_s, u"end"_s}));
+    EXPECT_FALSE(QFile::exists(backup()));
+    EXPECT_FALSE(connectionsAreOpen());
+}
+
+TEST_F(StartUp, AHeldDatabaseIsNotCopiedAndOpensAllTheSame)
+{
+    putDatabase();
+    const db::Connection other(target());
+    EXPECT_TRUE(Main(steps));
+    EXPECT_FALSE(QFile::exists(backup()));
+    EXPECT_EQ(course.last(), u"main"_s);
+}
+
+TEST_F(StartUp, AFailedBackupDoesNotStopTheStart)
+{
+    putDatabase();
+    QDir(path(u"Data/Backup"_s)).removeRecursively();
+    expectBackupProblem(u"Path not found: "_s + path(u"Data/Backup"_s), 76);
+    EXPECT_TRUE(Main(steps));
+    EXPECT_EQ(course.last(), u"main"_s);
+    closeConnections();
+
+    // What can't be written: a folder stands in the file's place.
+    QDir().mkpath(backup());
+    expectBackupProblem(u"A folder stands where a file is to be written: "_s + backup(), 75);
+    EXPECT_TRUE(Main(steps));
+}
+
+TEST_F(StartUp, AMissingDatabaseEndsTheProcess)
+{
+    expectBackupProblem(u"File not found: "_s + live(), 53);
+    expectFailure(u"Could not find file '%1'."_s.arg(live()), 53, u"ConnectToDB"_s);
+    EXPECT_FALSE(Main(steps));
+    EXPECT_EQ(course, QStringList({u"update"_s, u"instance"_s, u"end"_s}));
+    EXPECT_FALSE(QFile::exists(live()));
+    EXPECT_FALSE(connectionsAreOpen());
+}
+
+TEST_F(StartUp, AFileThatIsNoDatabaseIsLeftAsItIs)
+{
+    const QByteArray whole = bytes(company.file());
+    for (const QByteArray &content :
+         {QByteArray(), QByteArray("Dear Sir or Madam"), QByteArray(100'000, '\0'),
+          QByteArray(100'000, 'x') + whole.mid(100'000)}) {
+        write(live(), content);
+        course.clear();
+        QString description;
+        int number = 0;
+        try {
+            const db::Connection connection(target());
+        } catch (const base::Error &error) {
+            description = error.description();
+            number = error.number();
+        }
+        EXPECT_TRUE(description.contains(u"Quorvantis.mdb"_s)) << qUtf8Printable(description);
+        expectFailure(description, number, u"ConnectToDB"_s);
+        EXPECT_FALSE(Main(steps));
+        EXPECT_EQ(course.last(), u"end"_s);
+        EXPECT_EQ(bytes(live()), content);
+    }
+}
+
+TEST_F(StartUp, ACancelledLoginEndsAfterBackupAndMigration)
+{
+    putDatabase();
+    setOption(u"SECURITYONOFF"_s, u"1"_s);
+    loggedIn = false;
+    EXPECT_FALSE(Main(steps));
+    EXPECT_EQ(course,
+              QStringList({u"update"_s, u"instance"_s, u"migrate"_s, u"login"_s, u"end"_s}));
+    EXPECT_TRUE(QFile::exists(backup()));
+    closeConnections();
+    // Nobody passes a login that isn't there.
+    steps.frmLogin = nullptr;
+    EXPECT_FALSE(Main(steps));
+}
+
+TEST_F(StartUp, WithoutSecurityNobodyIsAsked)
+{
+    putDatabase();
+    for (const QString &value : {u"0"_s, u""_s, u"-1"_s, u"True"_s}) {
+        setOption(u"SECURITYONOFF"_s, value);
+        course.clear();
+        EXPECT_TRUE(Main(steps));
+        EXPECT_FALSE(course.contains(u"login"_s)) << qUtf8Printable(value);
+        gcnLookup->Execute(u"Delete from tblSysOption where SysOption = 'None'"_s);
+        closeConnections();
+    }
+    db::Connection(target()).Execute(
+        u"Delete from tblSysOption where SysOption = 'SECURITYONOFF'"_s);
+    course.clear();
+    EXPECT_TRUE(Main(steps));
+    EXPECT_FALSE(course.contains(u"login"_s));
+}
+
+TEST_F(StartUp, AnUnfinishedMigrationIsRemembered)
+{
+    putDatabase();
+    outOfDate = true;
+    EXPECT_TRUE(Main(steps));
+    EXPECT_TRUE(gbDatabaseOutOfDate);
+}
+
+TEST_F(StartUp, ADamagedRegistryEndsTheProcess)
+{
+    putDatabase();
+    write(base::environment().registryFile, "nonsense");
+    const QString description = u"The file with the program's settings is damaged at line 1: "_s +
+                                base::environment().registryFile;
+    expectBackupProblem(description, settings::RegistryDamaged);
+    expectFailure(description, settings::RegistryDamaged, u"ConnectToDB"_s);
+    EXPECT_FALSE(Main(steps));
+    EXPECT_EQ(bytes(base::environment().registryFile), "nonsense");
+}
+
+TEST_F(StartUp, AnErrorOfALaterStepEndsTheProcessWithItsMessage)
+{
+    putDatabase();
+    steps.frmMainScreen = [] { throw base::Error(13, u"Type mismatch"_s); };
+    expectFailure(u"Type mismatch"_s, 13, u"ConnectToDB"_s);
+    EXPECT_FALSE(Main(steps));
+    EXPECT_EQ(course.last(), u"end"_s);
+}
+
+TEST_F(StartUp, AnErrorBehindTheMainFormLeavesItRunning)
+{
+    putDatabase();
+    const QString folder = base::environment().appData + u"/Quorvantis"_s;
+    write(folder, "a file in its place");
+    expectFailure(u"The folder can't be made: "_s + folder, 75, u"Main"_s);
+    EXPECT_TRUE(Main(steps));
+    EXPECT_EQ(course.last(), u"main"_s);
+}

@@ -1,0 +1,195 @@
+#include "core/CompanySession.h"
+#include "core/General.h"
+#include "core/ui/Combos.h"
+#include "core/ui/GridData.h"
+#include "core/ui/GridSetting.h"
+#include "platform/base/Error.h"
+#include "platform/grid/GridView.h"
+#include "platform/input/IdCombo.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Combos : public test::CompanySession
+{
+protected:
+    static QStringList texts(const input::IdCombo &combo)
+    {
+        QStringList result;
+        for (int i = 0; i < combo.count(); ++i)
+            result << combo.itemText(i);
+        return result;
+    }
+    static db::Recordset suppliers(const QString &order = u"SupplierID"_s)
+    {
+        return GetTableInfo(u"tblSupplier"_s, order);
+    }
+    static void add(int id, const QVariant &name)
+    {
+        gcnData->Execute(u"Insert into tblSupplier(SupplierID,Name) values(?,?)"_s, {id, name});
+    }
+
+    input::IdCombo combo;
+};
+
+class GridLayouts : public test::CompanySession
+{
+protected:
+    GridLayouts() { addColumns(grid); }
+    static void addColumns(grid::GridView &view)
+    {
+        for (const QString &name : {u"Unit No"_s, u"Name"_s, u"Price"_s}) {
+            grid::Column column;
+            column.name = name;
+            view.rows().addColumn(column);
+        }
+    }
+    static qint64 storedRows(const QString &grid)
+    {
+        return GetRecordCount(u"tblGridSetting"_s,
+                              u"FormName = 'frmX' and Tablename = '%1'"_s.arg(grid));
+    }
+
+    grid::GridView grid;
+};
+
+} // namespace
+
+TEST_F(Combos, HoldIdsByTextWithABlankItem)
+{
+    add(5, u"Bolts"_s);
+    add(6, QVariant());
+    add(7, u"Oil"_s);
+    db::Recordset rows = suppliers();
+    const auto ids = LoadItemWithIdToCombo(combo, rows, u"SupplierID"_s, u"Name"_s, true);
+    EXPECT_EQ(texts(combo), QStringList({u"  "_s, u"Bolts"_s, QString(), u"Oil"_s}));
+    EXPECT_EQ(ids.value(u"  "_s), u"0"_s);
+    EXPECT_EQ(ids.value(u"Oil"_s), u"7"_s);
+    EXPECT_EQ(ids.value(QString()), u"6"_s);
+    EXPECT_EQ(combo.currentIndex(), 0);
+    EXPECT_EQ(combo.id(), 0);
+    EXPECT_TRUE(combo.select(7));
+    EXPECT_TRUE(rows.IsEOF());
+
+    LoadItemWithIdToCombo(combo, suppliers(), u"SupplierID"_s, u"Name"_s, false);
+    EXPECT_EQ(texts(combo).size(), 3);
+    EXPECT_EQ(combo.id(), 5);
+}
+
+TEST_F(Combos, AnEmptyListIsNoError)
+{
+    combo.add(u"old"_s, 1);
+    EXPECT_TRUE(
+        LoadItemWithIdToCombo(combo, suppliers(), u"SupplierID"_s, u"Name"_s, false).isEmpty());
+    EXPECT_EQ(combo.count(), 0);
+    LoadItemOnlyIdToCombo(combo, suppliers(), u"Name"_s, true);
+    EXPECT_EQ(texts(combo), QStringList({u"  "_s}));
+}
+
+TEST_F(Combos, LikeTextsAreReported)
+{
+    add(1, u"Oil"_s);
+    add(2, u"OIL"_s);
+    const auto ids = LoadItemWithIdToCombo(combo, suppliers(), u"SupplierID"_s, u"Name"_s, false);
+    const ErrorReport report = errors.takeOne();
+    EXPECT_EQ(report.ErrNumber, base::ErrorNumber::DuplicateKeyInCollection);
+    EXPECT_EQ(report.ProcedureName, u"LoadItemWithIdToCombo"_s);
+    EXPECT_EQ(ids.value(u"Oil"_s), u"1"_s);
+    EXPECT_EQ(ids.size(), 1);
+    LoadItemOnlyIdToCombo(combo, suppliers(), u"Name"_s, false);
+    EXPECT_EQ(combo.count(), 2);
+}
+
+TEST_F(Combos, AnIdBeyondTheItemsDataIsPassedOver)
+{
+    const db::Recordset rows = gcnData->Open(
+        u"Select SupplierID * 3000000000.0 as Id, Name from tblSupplier order by SupplierID"_s);
+    ASSERT_TRUE(rows.isEmpty());
+    add(1, u"Large"_s);
+    add(0, u"Small"_s);
+    const auto ids = LoadItemWithIdToCombo(
+        combo,
+        gcnData->Open(u"Select SupplierID * 3000000000.0 as Id, Name from tblSupplier "
+                      u"order by SupplierID"_s),
+        u"Id"_s, u"Name"_s, false);
+    EXPECT_EQ(texts(combo), QStringList({u"Small"_s, u"Large"_s}));
+    EXPECT_EQ(ids.value(u"Large"_s), u"3000000000"_s);
+    EXPECT_TRUE(combo.selectText(u"Large"_s));
+    EXPECT_EQ(combo.id(), 0);
+}
+
+TEST_F(Combos, AFieldThatIsMissingIsReported)
+{
+    add(1, u"Oil"_s);
+    LoadItemOnlyIdToCombo(combo, suppliers(), u"Nothing"_s, false);
+    EXPECT_EQ(errors.takeOne().ErrNumber, base::ErrorNumber::NoSuchItem);
+}
+
+TEST_F(GridLayouts, ComeBackWithWidthsPlacesAndSort)
+{
+    grid.applyLayout({{u"Price"_s, 55, 0, grid::Sort::Descending},
+                      {u"Unit No"_s, 120, 1, grid::Sort::None},
+                      {u"Name"_s, 240, 2, grid::Sort::None}});
+    SaveGridSetting(u"frmX"_s, u"grdX"_s, grid);
+    SaveGridSetting(u"frmX"_s, u"grdX"_s, grid);
+    EXPECT_EQ(storedRows(u"grdX"_s), 3);
+
+    grid::GridView other;
+    addColumns(other);
+    SetGridSetting(u"frmX"_s, u"grdX"_s, other);
+    EXPECT_EQ(other.layout(), grid.layout());
+    EXPECT_EQ(other.layout().front().field, u"Price"_s);
+    EXPECT_EQ(other.layout().front().width, 55);
+    EXPECT_EQ(other.layout().front().sort, grid::Sort::Descending);
+
+    grid::GridView another;
+    addColumns(another);
+    const grid::Layout designed = another.layout();
+    SetGridSetting(u"frmX"_s, u"grdOther"_s, another);
+    EXPECT_EQ(another.layout(), designed);
+}
+
+TEST_F(GridLayouts, StayWhenTheWorkOnDataIsUndone)
+{
+    BeginTrans();
+    SaveGridSetting(u"frmX"_s, u"grdX"_s, grid);
+    RollbackTrans();
+    EXPECT_EQ(storedRows(u"grdX"_s), 3);
+}
+
+TEST_F(GridLayouts, AColumnThatIsGoneIsAnErrorOfItsOwn)
+{
+    SaveGridSetting(u"frmX"_s, u"grdX"_s, grid);
+    gcnLookup->Execute(u"Update tblGridSetting set FieldName = 'Gone' where FieldName = 'Name'"_s);
+    gcnLookup->Execute(u"Update tblGridSetting set Width = 77 where FieldName = 'Price'"_s);
+    SetGridSetting(u"frmX"_s, u"grdX"_s, grid);
+    EXPECT_TRUE(errors.takeOne().ErrDescription.contains(u"Gone"_s));
+    EXPECT_EQ(grid.rows().column(u"Price").width, 77);
+}
+
+TEST_F(GridLayouts, WaitForColumnsThatComeWithTheRows)
+{
+    SaveGridSetting(u"frmX"_s, u"grdX"_s, grid);
+    gcnLookup->Execute(u"Update tblGridSetting set Width = 77 where FieldName = 'Price'"_s);
+    grid::GridView later;
+    SetGridSetting(u"frmX"_s, u"grdX"_s, later);
+    addColumns(later);
+    for (const grid::ColumnLayout &column : later.layout())
+        EXPECT_EQ(column.width, column.field == u"Price" ? 77 : 100);
+}
+
+TEST_F(GridLayouts, AssignedDataMakeTheirColumns)
+{
+    gcnData->Execute(
+        u"Insert into tblSupplier(SupplierID,Name) values(1,'A rather long name of a company')"_s);
+    grid::GridView filled;
+    AssignData(filled, gcnData->Open(u"Select SupplierID as ID, Name from tblSupplier"_s));
+    ASSERT_EQ(filled.rows().rowCount(), 1);
+    EXPECT_EQ(filled.rows().text(0, u"Name"), u"A rather long name of a company"_s);
+    EXPECT_GT(filled.rows().column(u"Name").width, 3 * filled.rows().column(u"ID").width);
+    ColAlign(filled, u"ID"_s, grid::Align::Center);
+    EXPECT_EQ(filled.rows().column(u"ID").align, grid::Align::Center);
+    ColAlign(filled, u"None"_s, grid::Align::Center);
+    EXPECT_EQ(errors.takeOne().ProcedureName, u"ColAlign"_s);
+}
