@@ -199,11 +199,11 @@ QWidget *GalleryWindow::makeInputs()
     form.beginGroup(u"Links"_s, u"fraLinks"_s);
     auto *link = form.linkField(u"lnkSite"_s, u"Web site"_s, u"www.example.com"_s);
     connect(link, &input::LinkLabel::clicked, this, [this] { echo(u"Link clicked"_s); });
-    const std::pair<QString, QString> quick[] = {
-        {u"Work Orders"_s, u"work-order"_s}, {u"Equipment"_s, u"equipment"_s},
-        {u"Services"_s, u"service"_s},       {u"Suppliers"_s, u"supplier"_s},
-        {u"Employees"_s, u"employee"_s},     {u"Part Inventory"_s, u"part"_s},
-        {u"Reports"_s, u"report"_s},         {u"Help && Support"_s, u"help"_s}};
+    const std::pair<QString, QString> quick[] = {{u"Work Orders"_s, u"work-order"_s},
+                                                 {u"Equipment"_s, u"equipment"_s},
+                                                 {u"Suppliers"_s, u"supplier"_s},
+                                                 {u"Part Inventory"_s, u"part"_s},
+                                                 {u"Help && Support"_s, u"help"_s}};
     for (int index = 0; const auto &[label, picture] : quick) {
         auto *quickLink = new input::QuickLink(label, theme::icon(picture), page);
         quickLink->setObjectName(u"lblQuickMenu%1"_s.arg(index++));

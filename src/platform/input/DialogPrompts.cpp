@@ -40,23 +40,6 @@ QMessageBox::Icon boxIcon(base::Prompts::Icon icon)
     return QMessageBox::NoIcon;
 }
 
-QString pictureName(base::Prompts::Icon icon)
-{
-    switch (icon) {
-    case base::Prompts::Icon::Information:
-        return QStringLiteral("information");
-    case base::Prompts::Icon::Question:
-        return QStringLiteral("question");
-    case base::Prompts::Icon::Warning:
-        return QStringLiteral("warning");
-    case base::Prompts::Icon::Critical:
-        return QStringLiteral("error");
-    case base::Prompts::Icon::None:
-        break;
-    }
-    return {};
-}
-
 struct Offer
 {
     QMessageBox::StandardButtons buttons;
@@ -105,14 +88,11 @@ base::Prompts::Answer DialogPrompts::show(const Message &message)
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(offered.harmless);
     box.setEscapeButton(offered.harmless);
-    if (message.icon != Icon::None)
-        box.setIconPixmap(
-            theme::icon(pictureName(message.icon)).pixmap(QSize(40, 40), box.devicePixelRatio()));
-    const QString captions[] = {QStringLiteral("&Yes"), QStringLiteral("&No")};
+    box.setFont(theme::listFont());
     if (auto *yes = box.button(QMessageBox::Yes))
-        yes->setText(captions[0]);
+        yes->setText(QStringLiteral("&Yes"));
     if (auto *no = box.button(QMessageBox::No))
-        no->setText(captions[1]);
+        no->setText(QStringLiteral("&No"));
     return answerOf(box.exec());
 }
 
@@ -125,6 +105,7 @@ std::optional<QString> DialogPrompts::input(const QString &text, const QString &
     dialog.setInputMode(QInputDialog::TextInput);
     dialog.setLabelText(text);
     dialog.setTextValue(initial);
+    dialog.setFont(theme::listFont());
     dialog.resize(dialog.sizeHint().expandedTo({380, 0}));
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;

@@ -487,7 +487,7 @@ void FormBuilder::prepare(QWidget *control, const QString &name, const QString &
 
 QLabel *FormBuilder::makeLabel(const QString &text, QWidget *buddy)
 {
-    const bool reachable = buddy && buddy->focusPolicy() != Qt::NoFocus;
+    const bool reachable = buddy && buddy->focusPolicy() & Qt::TabFocus;
     auto *label = new QLabel(reachable ? text : plainCaption(text), block().owner);
     label->setTextFormat(Qt::PlainText);
     if (reachable)

@@ -4,8 +4,10 @@
 #include <QLineEdit>
 #include <QList>
 #include <algorithm>
+#include <functional>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace input {
 namespace {
@@ -74,11 +76,28 @@ bool isWord(QStringView text, QStringView word, char16_t number)
            (text.size() == 1 && text.front() == QChar(number));
 }
 
-/// Follows what the user puts into a box and mends just that part, so that stored text with other
-/// characters, which the program has set, is not touched.
+/// What one rule makes of an inserted part; rest is the text around it.
+using Rule = std::function<QString(const QString &inserted, const QString &rest)>;
+
+/// Follows what the user puts into a box and applies the box's rules to just that part, so that
+/// stored text with other characters, which the program has set, is not touched. One for each box,
+/// since every rule must see what the others have left.
 class InsertionFilter : public QObject
 {
 public:
+    static void addRule(QLineEdit *edit, Rule rule)
+    {
+        const QString name = QStringLiteral("insertionFilter");
+        auto *filter = static_cast<InsertionFilter *>(
+            edit->findChild<QObject *>(name, Qt::FindDirectChildrenOnly));
+        if (!filter) {
+            filter = new InsertionFilter(edit);
+            filter->setObjectName(name);
+        }
+        filter->m_rules.push_back(std::move(rule));
+    }
+
+private:
     explicit InsertionFilter(QLineEdit *edit)
         : QObject(edit)
         , m_edit(edit)
@@ -90,26 +109,34 @@ public:
         connect(edit, &QLineEdit::textChanged, this, [this] { m_former = m_edit->text(); });
     }
 
-protected:
-    /// What is to stand for an inserted part; rest is the text around it.
-    [[nodiscard]] virtual QString mended(const QString &inserted, const QString &rest) const = 0;
-    /// Called before a character is typed; True when it has been dealt with.
-    virtual bool typed(QChar character) = 0;
-    [[nodiscard]] QLineEdit *edit() const { return m_edit; }
-
-    bool eventFilter(QObject *watched, QEvent *event) override
+    [[nodiscard]] QString ruled(QString inserted, const QString &rest) const
     {
-        if (watched == m_edit && event->type() == QEvent::KeyPress && !m_edit->isReadOnly()) {
-            const auto *key = static_cast<QKeyEvent *>(event);
-            const auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
-            if (!(key->modifiers() & commands) && key->text().size() == 1 &&
-                key->text().front().isPrint())
-                return typed(key->text().front());
-        }
-        return QObject::eventFilter(watched, event);
+        for (const Rule &rule : m_rules)
+            inserted = rule(inserted, rest);
+        return inserted;
     }
 
-private:
+    /// Deals with a typed character before the box sees it, which keeps the box's undo whole.
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (watched != m_edit || event->type() != QEvent::KeyPress || m_edit->isReadOnly())
+            return QObject::eventFilter(watched, event);
+        const auto *key = static_cast<QKeyEvent *>(event);
+        const auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+        if (key->modifiers() & commands || key->text().size() != 1 ||
+            !key->text().front().isPrint())
+            return QObject::eventFilter(watched, event);
+        QString rest = m_edit->text();
+        if (m_edit->hasSelectedText())
+            rest.remove(m_edit->selectionStart(), int(m_edit->selectedText().size()));
+        const QString better = ruled(key->text(), rest);
+        if (better == key->text())
+            return QObject::eventFilter(watched, event);
+        if (!better.isEmpty())
+            m_edit->insert(better);
+        return true;
+    }
+
     void mend(const QString &text)
     {
         // The inserted part lies between what the text before and after have in common.
@@ -122,8 +149,7 @@ private:
                text[text.size() - 1 - tail] == m_former[m_former.size() - 1 - tail])
             ++tail;
         const QString inserted = text.mid(head, text.size() - head - tail);
-        const QString rest = text.left(head) + text.right(tail);
-        const QString better = mended(inserted, rest);
+        const QString better = ruled(inserted, text.left(head) + text.right(tail));
         if (better == inserted)
             return;
         m_edit->setText(text.left(head) + better + text.right(tail));
@@ -132,72 +158,33 @@ private:
 
     QLineEdit *m_edit;
     QString m_former;
+    std::vector<Rule> m_rules;
 };
 
-class Restriction final : public InsertionFilter
+Rule restriction(const QList<TypeCheck> &types, const QString &alsoAllowed)
 {
-public:
-    Restriction(QLineEdit *edit, QList<TypeCheck> types, QString alsoAllowed)
-        : InsertionFilter(edit)
-        , m_types(std::move(types))
-        , m_alsoAllowed(std::move(alsoAllowed))
-    {}
-
-private:
-    [[nodiscard]] bool passes(QChar character, const QString &rest) const
-    {
-        if (m_alsoAllowed.contains(character))
-            return true;
-        // A number with two points is none, though each of its keys passes.
-        if (character == u'.' && rest.contains(u'.'))
-            return false;
-        return std::ranges::any_of(m_types, [character](TypeCheck type) {
-            return Type_Check(character.unicode(), type, KeyEvent::KeyPress);
-        });
-    }
-    [[nodiscard]] QString mended(const QString &inserted, const QString &rest) const override
-    {
+    return [types, alsoAllowed](const QString &inserted, const QString &rest) {
         QString result;
         for (const QChar character : inserted) {
-            if (passes(character, rest + result))
+            // A number with two points is none, though each of its keys passes.
+            const bool secondPoint =
+                character == u'.' && (rest.contains(u'.') || result.contains(u'.'));
+            const bool passes = !secondPoint && std::ranges::any_of(types, [&](TypeCheck type) {
+                return Type_Check(character.unicode(), type, KeyEvent::KeyPress);
+            });
+            if (passes || alsoAllowed.contains(character))
                 result += character;
         }
         return result;
-    }
-    bool typed(QChar character) override
-    {
-        QString rest = edit()->text();
-        if (edit()->hasSelectedText())
-            rest.remove(edit()->selectionStart(), edit()->selectionLength());
-        return !passes(character, rest);
-    }
+    };
+}
 
-    QList<TypeCheck> m_types;
-    QString m_alsoAllowed;
-};
-
-class Capitals final : public InsertionFilter
+QString capitals(QString inserted, const QString &)
 {
-public:
-    using InsertionFilter::InsertionFilter;
-
-private:
-    [[nodiscard]] QString mended(const QString &inserted, const QString &) const override
-    {
-        QString result = inserted;
-        for (QChar &character : result)
-            character = QChar(ChangeCase(character.unicode()));
-        return result;
-    }
-    bool typed(QChar character) override
-    {
-        const QChar capital(ChangeCase(character.unicode()));
-        if (capital == character)
-            return false;
-        edit()->insert(capital);
-        return true;
-    }
-};
+    for (QChar &character : inserted)
+        character = QChar(ChangeCase(character.unicode()));
+    return inserted;
+}
 
 } // namespace
 
@@ -234,17 +221,17 @@ int ChangeCase(int keyCode)
 
 void restrictTo(QLineEdit *edit, TypeCheck type, const QString &alsoAllowed)
 {
-    new Restriction(edit, {type}, alsoAllowed);
+    InsertionFilter::addRule(edit, restriction({type}, alsoAllowed));
 }
 
 void restrictTo(QLineEdit *edit, TypeCheck type, TypeCheck orType, const QString &alsoAllowed)
 {
-    new Restriction(edit, {type, orType}, alsoAllowed);
+    InsertionFilter::addRule(edit, restriction({type, orType}, alsoAllowed));
 }
 
 void upperCaseAsTyped(QLineEdit *edit)
 {
-    new Capitals(edit);
+    InsertionFilter::addRule(edit, capitals);
 }
 
 } // namespace input

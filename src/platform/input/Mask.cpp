@@ -83,27 +83,25 @@ std::optional<QString> Mask::fitted(QStringView text) const
 std::optional<Mask::Edit> Mask::typed(const QString &text, int caret, QChar character) const
 {
     const int place = placeFrom(caret);
-    if (place < length()) {
-        if (const auto taken = accepted(place, character)) {
-            QString result = text;
-            result[place] = *taken;
-            // Over the fixed characters behind it, so that the caret shows where the next one goes.
-            const int next = placeFrom(place + 1);
-            return Edit{result, next < length() ? next : place + 1};
-        }
-        if (character == blank) {
-            QString result = text;
-            result[place] = blank;
-            return Edit{result, place + 1};
-        }
+    const auto taken = place < length() ? accepted(place, character) : std::nullopt;
+    if (taken) {
+        QString result = text;
+        result[place] = *taken;
+        // Over the fixed characters behind it, so that the caret shows where the next one goes.
+        const int next = placeFrom(place + 1);
+        return Edit{result, next < length() ? next : place + 1};
     }
+    // Fixed characters that the caret has just been moved over may still be typed.
+    for (int i = caret - 1; i >= 0 && !isPlace(i); --i) {
+        if (m_pattern[i] == character)
+            return Edit{text, caret};
+    }
+    if (place < length() && character == blank)
+        return Edit{cleared(text, place, place + 1), place + 1};
     for (int i = caret; i < length(); ++i) {
         if (!isPlace(i) && m_pattern[i] == character)
             return Edit{text, i + 1};
     }
-    // A fixed character that the caret has just been moved over may still be typed.
-    if (caret > 0 && !isPlace(caret - 1) && m_pattern[caret - 1] == character)
-        return Edit{text, caret};
     return std::nullopt;
 }
 

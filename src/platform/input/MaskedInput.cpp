@@ -15,6 +15,7 @@ MaskedInput::MaskedInput(const QString &pattern, QWidget *parent)
     , m_mask(pattern)
 {
     setText(emptyText());
+    setCursorPosition(0);
     widenBlanks();
     connect(this, &QLineEdit::textChanged, this, &MaskedInput::fitProgramText);
 }
@@ -61,7 +62,7 @@ void MaskedInput::fitProgramText()
         m_applying = true;
         setText(*fitting);
         m_applying = false;
-        setCursorPosition(hasFocus() ? std::min(caret, m_mask.length()) : 0);
+        setCursorPosition(std::min(caret, m_mask.length()));
     }
 }
 
@@ -96,6 +97,8 @@ void MaskedInput::typeText(const QString &characters)
         edit.caret = selectionStart();
         edit.text = m_mask.cleared(edit.text, edit.caret, edit.caret + selectionLength());
     }
+    if (edit.text == emptyText() && m_mask.placeFrom(edit.caret) == m_mask.length())
+        edit.caret = 0;
     bool taken = false;
     for (const QChar character : characters) {
         if (const auto next = typedInto(edit.text, edit.caret, character)) {
@@ -172,6 +175,13 @@ void MaskedInput::inputMethodEvent(QInputMethodEvent *event)
     }
     typeText(event->commitString());
     event->accept();
+}
+
+void MaskedInput::focusInEvent(QFocusEvent *event)
+{
+    QLineEdit::focusInEvent(event);
+    if (isEmptyMask() && !hasSelectedText())
+        setCursorPosition(0);
 }
 
 void MaskedInput::mouseReleaseEvent(QMouseEvent *event)

@@ -53,7 +53,7 @@ void TimeInput::setTime(QTime time)
     setText(QStringLiteral("%1:%2%3")
                 .arg(hour, 2, 10, QChar(u'0'))
                 .arg(time.minute(), 2, 10, QChar(u'0'))
-                .arg(time.hour() < 12 ? u'A' : u'P'));
+                .arg(QChar(time.hour() < 12 ? u'A' : u'P')));
 }
 
 bool TimeInput::normalise(const QString &whenInvalid)

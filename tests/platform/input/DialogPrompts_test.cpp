@@ -1,0 +1,102 @@
+#include "platform/input/DialogPrompts.h"
+
+#include <QApplication>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+#include <gtest/gtest.h>
+
+using Answer = base::Prompts::Answer;
+using Buttons = base::Prompts::Buttons;
+using Icon = base::Prompts::Icon;
+
+namespace {
+
+/// Runs the script once a dialog is open; closes what the script leaves open.
+class WhileModal
+{
+public:
+    explicit WhileModal(std::function<void(QWidget *)> script)
+    {
+        m_timer.setInterval(5);
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this, script = std::move(script)] {
+            QWidget *modal = QApplication::activeModalWidget();
+            if (!modal)
+                return;
+            m_timer.stop();
+            script(modal);
+            QTimer::singleShot(2000, modal, [modal] {
+                ADD_FAILURE() << "the dialog stayed open";
+                modal->close();
+            });
+        });
+        m_timer.start();
+    }
+
+private:
+    QTimer m_timer;
+};
+
+Answer answered(Buttons buttons, Qt::Key key)
+{
+    const WhileModal script([key](QWidget *box) { QTest::keyClick(box, key); });
+    input::DialogPrompts prompts;
+    return prompts.show({QStringLiteral("Delete?"), Icon::Question, buttons, {}});
+}
+
+} // namespace
+
+TEST(DialogPrompts, EnterAndEscapeGiveTheMostHarmlessAnswer)
+{
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+        EXPECT_EQ(answered(Buttons::Ok, key), Answer::Ok);
+        EXPECT_EQ(answered(Buttons::OkCancel, key), Answer::Cancel);
+        EXPECT_EQ(answered(Buttons::YesNo, key), Answer::No);
+        EXPECT_EQ(answered(Buttons::YesNoCancel, key), Answer::Cancel);
+    }
+}
+
+TEST(DialogPrompts, LettersAnswerToo)
+{
+    EXPECT_EQ(answered(Buttons::YesNo, Qt::Key_Y), Answer::Yes);
+    EXPECT_EQ(answered(Buttons::YesNoCancel, Qt::Key_N), Answer::No);
+}
+
+TEST(DialogPrompts, ShowsTheTextAsItStands)
+{
+    const WhileModal script([](QWidget *widget) {
+        auto *box = qobject_cast<QMessageBox *>(widget);
+        ASSERT_TRUE(box);
+        EXPECT_EQ(box->windowTitle().toStdString(), "Quorvantis");
+        EXPECT_EQ(box->text().toStdString(), "A <b>bold</b> & \"quoted\" name");
+        EXPECT_EQ(box->textFormat(), Qt::PlainText);
+        EXPECT_EQ(box->icon(), QMessageBox::Critical);
+        box->button(QMessageBox::Ok)->click();
+    });
+    input::DialogPrompts prompts;
+    prompts.show(
+        {QStringLiteral("A <b>bold</b> & \"quoted\" name"), Icon::Critical, Buttons::Ok, {}});
+}
+
+TEST(DialogPrompts, InputGivesTheTextOrNothing)
+{
+    input::DialogPrompts prompts;
+    const auto ask = [&](const char *keys, Qt::Key end) {
+        const WhileModal script([=](QWidget *widget) {
+            auto *dialog = qobject_cast<QInputDialog *>(widget);
+            ASSERT_TRUE(dialog);
+            EXPECT_EQ(dialog->textValue().toStdString(), "Rain");
+            auto *line = dialog->findChild<QLineEdit *>();
+            QTest::keyClicks(line, QString::fromLatin1(keys));
+            QTest::keyClick(line, end);
+        });
+        return prompts.input(QStringLiteral("Reason"), {}, QStringLiteral("Rain"));
+    };
+    EXPECT_EQ(ask("Snow", Qt::Key_Return), QStringLiteral("Snow"));
+    EXPECT_EQ(ask("", Qt::Key_Return), QStringLiteral("Rain"));
+    EXPECT_EQ(ask("Snow", Qt::Key_Escape), std::nullopt);
+}

@@ -1,0 +1,154 @@
+#include "platform/input/KeyFilter.h"
+
+#include "platform/input/Shown.h"
+
+#include <set>
+
+using input::KeyEvent;
+using input::TypeCheck;
+
+namespace {
+
+using Codes = std::set<int>;
+
+Codes operator+(Codes left, const Codes &right)
+{
+    left.insert(right.begin(), right.end());
+    return left;
+}
+
+Codes range(int first, int last)
+{
+    Codes codes;
+    for (int code = first; code <= last; ++code)
+        codes.insert(code);
+    return codes;
+}
+
+struct TypeCheckCase
+{
+    const char *type;
+    const char *event;
+    TypeCheck typeNumber;
+    KeyEvent eventNumber;
+    Codes accepted;
+};
+
+const Codes locksAndFunctions = range(112, 123) + Codes{27, 44, 45, 46, 92, 93, 144, 145};
+const Codes decimals = range(48, 57) + Codes{8, 13, 46};
+const Codes stringKeys =
+    range(65, 90) + Codes{8, 9, 12, 13} + range(16, 20) + range(32, 40) + locksAndFunctions;
+const Codes intKeys = range(48, 57) + range(96, 105) + Codes{8, 12, 13} + range(16, 20) +
+                      range(33, 40) + locksAndFunctions;
+
+class TypeCheckTable : public testing::TestWithParam<TypeCheckCase>
+{};
+
+} // namespace
+
+TEST_P(TypeCheckTable, PassesExactlyTheseCodes)
+{
+    const TypeCheckCase &test = GetParam();
+    Codes byNumber;
+    Codes byWord;
+    for (int code = -1; code <= 300; ++code) {
+        if (input::Type_Check(code, test.typeNumber, test.eventNumber))
+            byNumber.insert(code);
+        if (input::Type_Check(code, QString::fromLatin1(test.type),
+                              QString::fromLatin1(test.event)))
+            byWord.insert(code);
+    }
+    EXPECT_EQ(byNumber, test.accepted);
+    EXPECT_EQ(byWord, test.accepted);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Types, TypeCheckTable,
+    testing::Values(
+        TypeCheckCase{"String", "KeyPress", TypeCheck::String, KeyEvent::KeyPress,
+                      range(65, 90) + range(97, 122) + Codes{32, 8, 13}},
+        TypeCheckCase{"int", "KEYPRESS", TypeCheck::Int, KeyEvent::KeyPress,
+                      range(48, 57) + Codes{8, 13}},
+        TypeCheckCase{"2", "2", TypeCheck::Double, KeyEvent::KeyPress, decimals},
+        TypeCheckCase{"STRING", "keyup", TypeCheck::String, KeyEvent::KeyUp, stringKeys},
+        TypeCheckCase{"0", "1", TypeCheck::String, KeyEvent::KeyDown, stringKeys},
+        TypeCheckCase{"INT", "KeyUp", TypeCheck::Int, KeyEvent::KeyUp, intKeys},
+        TypeCheckCase{"1", "KEYDOWN", TypeCheck::Int, KeyEvent::KeyDown, intKeys},
+        TypeCheckCase{"double", "0", TypeCheck::Double, KeyEvent::KeyUp, decimals},
+        TypeCheckCase{"DOUBLE", "KeyDown", TypeCheck::Double, KeyEvent::KeyDown, decimals},
+        TypeCheckCase{"DATE", "KEYPRESS", TypeCheck(7), KeyEvent::KeyPress, {}}));
+
+TEST(ChangeCase, TakesThirtyTwoFromSmallLettersOnly)
+{
+    EXPECT_EQ(input::ChangeCase('a'), 'A');
+    EXPECT_EQ(input::ChangeCase('z'), 'Z');
+    for (const int code : {96, 123, int('M'), int('7'), 13, 228})
+        EXPECT_EQ(input::ChangeCase(code), code);
+}
+
+TEST(RestrictTo, DropsOtherKeysAndCleansWhatIsPasted)
+{
+    test::ShownForm window;
+    QLineEdit *edit = window.form.textField(QStringLiteral("txtZip"), QStringLiteral("Zip"));
+    input::restrictTo(edit, TypeCheck::Int, QStringLiteral("-"));
+    window.showNow();
+    test::type(edit, "12a3-.4");
+    EXPECT_EQ(test::textOf(edit), "123-4");
+    QTest::keyClick(edit, Qt::Key_Home);
+    test::paste(edit, "x9 8y");
+    EXPECT_EQ(test::textOf(edit), "98123-4");
+    EXPECT_EQ(edit->cursorPosition(), 2);
+    QTest::keyClick(edit, Qt::Key_Backspace);
+    EXPECT_EQ(test::textOf(edit), "9123-4");
+}
+
+TEST(RestrictTo, LeavesStoredTextAsItIs)
+{
+    test::ShownForm window;
+    QLineEdit *edit = window.form.textField(QStringLiteral("txtSS"), QStringLiteral("SS"));
+    input::restrictTo(edit, TypeCheck::Int);
+    window.showNow();
+    edit->setText(QStringLiteral("12-ab"));
+    QTest::keyClick(edit, Qt::Key_End);
+    test::type(edit, "7x");
+    EXPECT_EQ(test::textOf(edit), "12-ab7");
+    test::paste(edit, "q8");
+    EXPECT_EQ(test::textOf(edit), "12-ab78");
+}
+
+TEST(RestrictTo, TakesOnePointInADecimalNumber)
+{
+    test::ShownForm window;
+    QLineEdit *edit = window.form.textField(QStringLiteral("txtHours"), QStringLiteral("Hours"));
+    input::restrictTo(edit, TypeCheck::Double);
+    window.showNow();
+    test::type(edit, "1.2.5");
+    EXPECT_EQ(test::textOf(edit), "1.25");
+    edit->selectAll();
+    test::type(edit, ".5");
+    EXPECT_EQ(test::textOf(edit), ".5");
+    edit->selectAll();
+    test::paste(edit, "3.1.4 h");
+    EXPECT_EQ(test::textOf(edit), "3.14");
+}
+
+TEST(UpperCaseAsTyped, WorksWithARestrictionInEitherOrder)
+{
+    for (const bool capitalsFirst : {true, false}) {
+        test::ShownForm window;
+        QLineEdit *edit =
+            window.form.textField(QStringLiteral("txtUnitNo"), QStringLiteral("Unit No"), 6);
+        if (capitalsFirst)
+            input::upperCaseAsTyped(edit);
+        input::restrictTo(edit, TypeCheck::String, TypeCheck::Int);
+        if (!capitalsFirst)
+            input::upperCaseAsTyped(edit);
+        window.showNow();
+        test::type(edit, "m-1b");
+        EXPECT_EQ(test::textOf(edit), "M1B");
+        edit->undo();
+        test::type(edit, "m1b");
+        test::paste(edit, "c#2");
+        EXPECT_EQ(test::textOf(edit), "M1BC2");
+    }
+}

@@ -1,0 +1,120 @@
+#include "platform/input/Theme.h"
+
+#include "platform/input/Style.h"
+
+#include <QIcon>
+#include <QImage>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+#include <gtest/gtest.h>
+
+namespace {
+
+double channel(double value)
+{
+    return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+}
+
+/// How much two colours stand out from one another, 1 to 21; text wants 4.5, pictures 3.
+double contrast(const QColor &one, const QColor &other)
+{
+    const auto luminance = [](const QColor &color) {
+        return 0.2126 * channel(color.redF()) + 0.7152 * channel(color.greenF()) +
+               0.0722 * channel(color.blueF());
+    };
+    const double light = std::max(luminance(one), luminance(other));
+    const double dark = std::min(luminance(one), luminance(other));
+    return (light + 0.05) / (dark + 0.05);
+}
+
+int inkIn(const QImage &image, const QColor &color)
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            count += image.pixelColor(x, y) == color;
+    }
+    return count;
+}
+
+} // namespace
+
+TEST(Theme, TextStandsOutFromItsGround)
+{
+    EXPECT_GE(contrast(theme::mainColor(), theme::formColor()), 4.5);
+    EXPECT_GE(contrast(theme::mainColor(), theme::panelColor()), 4.5);
+    EXPECT_GE(contrast(theme::textColor(), theme::lockedColor()), 4.5);
+    EXPECT_GE(contrast(theme::selectionTextColor(), theme::selectionColor()), 4.5);
+    EXPECT_GE(contrast(theme::accentColor(), theme::formColor()), 3.0);
+    EXPECT_GE(contrast(theme::selectionColor(), theme::formColor()), 3.0);
+}
+
+TEST(Icon, EveryNameGivesAPictureInEveryState)
+{
+    const QStringList names = theme::iconNames();
+    for (const char *needed :
+         {"add",       "save",         "cancel",     "delete",      "find",     "first",
+          "previous",  "next",         "last",       "exit",        "return",   "print",
+          "refresh",   "edit",         "select-all", "clear-all",   "calendar", "help",
+          "about",     "lock",         "user",       "users",       "roles",    "key",
+          "equipment", "truck",        "service",    "supplier",    "employee", "part",
+          "report",    "work-order",   "reading",    "check-in",    "crew",     "picture",
+          "document",  "depreciation", "history",    "note",        "backup",   "restore",
+          "compact",   "import",       "export",     "update",      "mail",     "error",
+          "warning",   "information",  "question",   "plus",        "minus",    "skip",
+          "complete",  "unschedule",   "site",       "cost-center", "settings"})
+        EXPECT_TRUE(names.contains(QString::fromLatin1(needed))) << needed;
+    for (const QString &name : names) {
+        const QIcon icon = theme::icon(name);
+        const QImage normal = icon.pixmap(24).toImage();
+        const QImage disabled = icon.pixmap(QSize(24, 24), QIcon::Disabled).toImage();
+        EXPECT_GT(inkIn(normal, theme::mainColor()) + inkIn(normal, theme::accentColor()), 20)
+            << name.toStdString();
+        EXPECT_EQ(inkIn(disabled, theme::mainColor()) + inkIn(disabled, theme::accentColor()), 0)
+            << name.toStdString();
+        EXPECT_NE(disabled, QImage()) << name.toStdString();
+    }
+    EXPECT_TRUE(theme::icon(QStringLiteral("no such picture")).isNull());
+}
+
+TEST(Icon, IsDrawnAtTheScaleOfTheScreen)
+{
+    const QPixmap twofold = theme::icon(QStringLiteral("save")).pixmap(QSize(24, 24), 2.0);
+    EXPECT_EQ(twofold.size(), QSize(48, 48));
+    EXPECT_DOUBLE_EQ(twofold.devicePixelRatio(), 2.0);
+    // Lines two units wide become four pixels of full colour, not a blur of two.
+    const QImage image = twofold.toImage();
+    int longest = 0;
+    for (int x = 0, run = 0; x < image.width(); ++x) {
+        run = image.pixelColor(x, 41) == theme::mainColor() ? run + 1 : 0;
+        longest = std::max(longest, run);
+    }
+    EXPECT_GE(longest, 20);
+}
+
+TEST(Icon, TurnsLightOnADarkGround)
+{
+    const QImage image =
+        theme::icon(QStringLiteral("find"), theme::Tone::OnDark).pixmap(24).toImage();
+    EXPECT_GT(inkIn(image, QColor(Qt::white)), 10);
+    EXPECT_EQ(inkIn(image, theme::mainColor()), 0);
+}
+
+TEST(ProgramIcon, HasTheUsualSizes)
+{
+    const QIcon icon = theme::programIcon();
+    for (const int side : {16, 32, 48, 256})
+        EXPECT_TRUE(icon.availableSizes().contains(QSize(side, side))) << side;
+}
+
+TEST(Header, FillsAnyWidth)
+{
+    QImage image(3000, theme::headerHeight, QImage::Format_ARGB32);
+    image.fill(Qt::magenta);
+    QPainter painter(&image);
+    theme::paintHeader(painter, image.rect());
+    painter.end();
+    EXPECT_EQ(inkIn(image, QColor(Qt::magenta)), 0);
+    EXPECT_GT(inkIn(image.copy(0, 0, 280, theme::headerHeight), QColor(Qt::white)), 500);
+}
