@@ -234,9 +234,20 @@ TEST_F(MainScreen, AnErrorBoxOfTheBoardDoesNotReloadTheBoard)
         QTimer::singleShot(20, &report, &QDialog::accept);
         report.exec();
     };
-    open();
-    QTest::qWait(100);
+    window = std::make_unique<frmMainScreen>([] {});
+    window->show();
+    ASSERT_TRUE(QTest::qWaitFor([&loads] { return loads == 1; }));
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
     EXPECT_EQ(loads, 1);
+
+    // The next time the user comes back the board is read again.
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&loads] { return loads == 2; }));
 }
 
 TEST_F(MainScreen, TheStartPageNamesTheCompanyTheDayAndWhatCanBeOpened)

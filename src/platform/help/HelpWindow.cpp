@@ -23,6 +23,7 @@ namespace {
 
 constexpr int indexRole = Qt::UserRole;
 constexpr QSize preferredSize(900, 620);
+constexpr int readingPoints = 10;
 const QColor hitColour(255, 235, 150);
 
 } // namespace
@@ -112,6 +113,10 @@ QWidget *HelpWindow::makePagePane()
     m_page->setOpenExternalLinks(true);
     m_page->setFrameShape(QFrame::NoFrame);
     m_page->document()->setDocumentMargin(18);
+    // A page is read, not glanced at.
+    QFont reading = m_page->font();
+    reading.setPointSize(readingPoints);
+    m_page->document()->setDefaultFont(reading);
     connect(m_page, &QTextBrowser::sourceChanged, this, &HelpWindow::pageShown);
 
     auto *bar = new QToolBar(pane);

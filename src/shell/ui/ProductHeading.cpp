@@ -45,4 +45,11 @@ ProductHeading::ProductHeading(QWidget *parent)
     row->addLayout(texts, 1);
 }
 
+void ProductHeading::showEvent(QShowEvent *)
+{
+    // After the form's layout has given all labels the same font.
+    lblProductName->setFont(theme::font(14, true));
+    lblVersion->setFont(theme::font(9));
+}
+
 } // namespace shell

@@ -17,6 +17,9 @@ public:
 
     QLabel *lblProductName;
     QLabel *lblVersion;
+
+protected:
+    void showEvent(QShowEvent *event) override;
 };
 
 } // namespace shell

@@ -48,6 +48,8 @@ ScreenEntries &screenEntries()
 bool isQuickLinkJoined(int index)
 {
     const ScreenEntries &entries = screenEntries();
+    if (index == HelpLink)
+        return true;
     const QString menu = QString::fromLatin1(quickLinks()[index].menuEntry);
     if (!menu.isEmpty())
         return entries.contains(menu);

@@ -36,12 +36,10 @@ StartPage::StartPage(QWidget *parent)
     setObjectName(u"picStartPage"_s);
     lblCompany = new QLabel(this);
     lblCompany->setObjectName(u"lblCompany"_s);
-    lblCompany->setFont(theme::font(18, true));
     lblCompany->setTextFormat(Qt::PlainText);
     lblCompany->setWordWrap(true);
     lblToday = new QLabel(this);
     lblToday->setObjectName(u"lblToday"_s);
-    lblToday->setFont(theme::font(11));
 
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(2 * margin, 2 * margin, 2 * margin, 2 * margin);
@@ -58,29 +56,42 @@ void StartPage::addLinks(QVBoxLayout *column)
     auto *rows = new QGridLayout;
     rows->setHorizontalSpacing(14);
     rows->setVerticalSpacing(12);
-    int row = 0;
-    for (int index = 0; const QuickLink &each : quickLinks()) {
-        if (isQuickLinkJoined(index) || index == HelpLink) {
-            auto *picture = new QLabel(this);
-            picture->setPixmap(theme::icon(QString::fromLatin1(each.icon)).pixmap(iconSize));
-            auto *link = new input::LinkLabel(plainText(each.label), this);
-            link->setObjectName(u"lnkStart%1"_s.arg(index));
-            link->setFont(theme::font(10, true));
-            auto *purpose = new QLabel(
-                u"%1 (%2)"_s.arg(QString::fromLatin1(each.purpose), QString::fromLatin1(each.key)),
-                this);
-            purpose->setFont(theme::font(10));
-            connect(link, &input::LinkLabel::clicked, this,
-                    [this, index] { Q_EMIT quickLinkClicked(index); });
-            rows->addWidget(picture, row, 0);
-            rows->addWidget(link, row, 1);
-            rows->addWidget(purpose, row, 2);
-            ++row;
-        }
-        ++index;
-    }
     rows->setColumnStretch(2, 1);
+    for (int index = 0; index < static_cast<int>(quickLinks().size()); ++index) {
+        if (isQuickLinkJoined(index))
+            addLink(rows, index);
+    }
     column->addLayout(rows);
+}
+
+void StartPage::addLink(QGridLayout *rows, int index)
+{
+    const QuickLink &each = quickLinks()[static_cast<std::size_t>(index)];
+    const auto text = [](const char *latin1) { return QString::fromLatin1(latin1); };
+    auto *picture = new QLabel(this);
+    picture->setPixmap(theme::icon(text(each.icon)).pixmap(iconSize));
+    auto *link = new input::LinkLabel(plainText(each.label), this);
+    link->setObjectName(u"lnkStart%1"_s.arg(index));
+    auto *purpose = new QLabel(u"%1 (%2)"_s.arg(text(each.purpose), text(each.key)), this);
+    connect(link, &input::LinkLabel::clicked, this,
+            [this, index] { Q_EMIT quickLinkClicked(index); });
+    const int row = rows->rowCount();
+    rows->addWidget(picture, row, 0);
+    rows->addWidget(link, row, 1);
+    rows->addWidget(purpose, row, 2);
+    m_purposes.append(purpose);
+}
+
+void StartPage::applyFonts()
+{
+    lblCompany->setFont(theme::font(18, true));
+    lblToday->setFont(theme::font(11));
+    for (QLabel *purpose : std::as_const(m_purposes)) {
+        purpose->setFont(theme::font(9));
+        QPalette colours = purpose->palette();
+        colours.setColor(QPalette::WindowText, theme::textColor());
+        purpose->setPalette(colours);
+    }
 }
 
 void StartPage::LoadData()

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+class QGridLayout;
 class QLabel;
 class QVBoxLayout;
 
@@ -18,6 +19,8 @@ public:
 
     /// Reads the company's name and the date anew.
     void LoadData();
+    /// Gives the texts their fonts; after the form's layout, which gives all labels the same.
+    void applyFonts();
 
 Q_SIGNALS:
     void quickLinkClicked(int index);
@@ -27,9 +30,11 @@ protected:
 
 private:
     void addLinks(QVBoxLayout *column);
+    void addLink(QGridLayout *rows, int index);
 
     QLabel *lblCompany = nullptr;
     QLabel *lblToday = nullptr;
+    QList<QLabel *> m_purposes;
 };
 
 } // namespace shell

@@ -25,6 +25,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenuBar>
+#include <QShortcut>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
@@ -131,12 +132,14 @@ void frmMainScreen::buildSideBar()
         link->setObjectName(u"lblQuickMenu%1"_s.arg(index));
         link->setToolTip(u"%1 (%2)"_s.arg(latin1(each.purpose), latin1(each.key)));
         link->setStatusTip(latin1(each.purpose));
-        link->setEnabled(isQuickLinkOffered(index));
+        link->setEnabled(shell::isQuickLinkJoined(index));
         connect(link, &input::QuickLink::clicked, this,
                 [this, index] { lblQuickMenu_Click(index); });
         // F1 is the menu's: two owners of a key would leave it to neither.
-        if (index != shell::HelpLink)
-            link->setShortcut(QKeySequence(latin1(each.key)));
+        if (index != shell::HelpLink) {
+            auto *key = new QShortcut(QKeySequence(latin1(each.key)), this);
+            connect(key, &QShortcut::activated, link, &input::QuickLink::click);
+        }
         lblQuickMenu[static_cast<std::size_t>(index)] = link;
         column->addWidget(link);
         ++index;
@@ -160,6 +163,7 @@ void frmMainScreen::buildBoard()
         m_startPage = new shell::StartPage(middle);
         connect(m_startPage, &shell::StartPage::quickLinkClicked, this,
                 &frmMainScreen::lblQuickMenu_Click);
+        m_startPage->LoadData();
         below->addWidget(m_startPage, 1);
     }
     whole->addLayout(below, 1);
@@ -184,6 +188,8 @@ void frmMainScreen::MDIForm_Load()
         m_actions.value(u"munPasswords"_s)->setVisible(!gsLoginUser.isEmpty());
         resize(factorySize);
         ApplyCenteredFormLayout(this, objectName());
+        ApplyMainFormColors();
+        ApplySideBarColors();
         setMainFormParts({this, theme::headerHeight, sideBarWidth});
         CheckRole();
     });
@@ -196,6 +202,19 @@ void frmMainScreen::setCaptions()
     m_actions.value(u"mnuQuorvantisHelp"_s)->setText(product + u" Help"_s);
     m_actions.value(u"mnuQuorvantisOnline"_s)->setText(product + u" Online"_s);
     m_actions.value(u"mnuAboutQuorvantis"_s)->setText(u"About "_s + product);
+}
+
+void frmMainScreen::ApplyMainFormColors()
+{
+    if (m_startPage != nullptr)
+        m_startPage->applyFonts();
+}
+
+void frmMainScreen::ApplySideBarColors()
+{
+    QPalette colours = picSideMenuBar->palette();
+    colours.setColor(QPalette::Window, theme::panelColor());
+    picSideMenuBar->setPalette(colours);
 }
 
 void frmMainScreen::CheckRole()
@@ -219,11 +238,6 @@ bool frmMainScreen::isOffered(const shell::MenuEntry &entry) const
 {
     const QString name = latin1(entry.name);
     return m_ownEntries.contains(name) || shell::screenEntries().contains(name);
-}
-
-bool frmMainScreen::isQuickLinkOffered(int index) const
-{
-    return index == shell::HelpLink || shell::isQuickLinkJoined(index);
 }
 
 void frmMainScreen::openEntry(const QString &name)
@@ -262,7 +276,7 @@ void frmMainScreen::lblQuickMenu_Click(int index)
 
 void frmMainScreen::runQuickLink(int index)
 {
-    if (!isQuickLinkOffered(index))
+    if (!shell::isQuickLinkJoined(index))
         return;
     const QString entry = latin1(shell::quickLinks()[static_cast<std::size_t>(index)].menuEntry);
     const auto &board = shell::screenEntries().board;

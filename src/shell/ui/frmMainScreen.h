@@ -56,8 +56,9 @@ private:
     void buildBoard();
     void buildStatusBar();
     void setCaptions();
+    void ApplyMainFormColors();
+    void ApplySideBarColors();
     [[nodiscard]] bool isOffered(const shell::MenuEntry &entry) const;
-    [[nodiscard]] bool isQuickLinkOffered(int index) const;
     void runQuickLink(int index);
     void mnuUpdateDatabase_Click();
     void mnuExit_Click();

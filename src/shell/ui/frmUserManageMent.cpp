@@ -40,8 +40,9 @@ frmUserManageMent::frmUserManageMent(QWidget *parent)
 {
     buildForm();
     RefreshCombo();
-    RefreshRecordSet();
+    grdUser->sortBy(u"UserName"_s, grid::Sort::Ascending);
     adoptGrid(grdUser, u"grdUser"_s);
+    RefreshRecordSet();
 
     watch({txtUserName, txtPassword, cboEmployee});
     connect(grdUser, &grid::GridView::currentRowChanged, this, [this] {
@@ -66,7 +67,8 @@ void frmUserManageMent::buildForm()
     grdUser->setEditing(false);
     grdUser->rows().addColumn({.name = u"UserName"_s, .caption = u"User Name"_s, .width = 200});
     grdUser->rows().addColumn({.name = u"Password"_s, .visible = false});
-    grdUser->rows().addColumn({.name = u"EmployeeID"_s, .caption = u"Employee"_s, .width = 140});
+    grdUser->rows().addColumn({.name = u"EmployeeID"_s, .visible = false});
+    grdUser->rows().addColumn({.name = u"Employee"_s, .width = 320});
     form.widget(grdUser, true);
 
     txtUserName = form.textField(u"txtUserName"_s, u"&User Name:"_s, 60);
@@ -93,6 +95,7 @@ void frmUserManageMent::RefreshRecordSet(const QString &userToShow)
 {
     base::trapped(module, "RefreshRecordSet", [&] {
         grdUser->rows().setRecordset(clsUser_Manager().Users());
+        showEmployeeNames();
         const int wanted =
             userToShow.isEmpty() ? -1 : grdUser->rows().findRow(u"UserName", userToShow);
         const int first = grdUser->displayedOrder().value(0, -1);
@@ -113,9 +116,29 @@ void frmUserManageMent::DisplayData()
     m_shown = {rows.text(row, u"UserName"), rows.text(row, u"Password"),
                rows.text(row, u"EmployeeID")};
     txtUserName->setText(m_shown.UserName);
-    cboEmployee->setCurrentIndex(
-        std::max<int>(0, static_cast<int>(m_employeeIDs.indexOf(m_shown.EmployeeID))));
+    showEmployee(m_shown.EmployeeID);
     showPasswordHint(m_shown.Password);
+}
+
+void frmUserManageMent::showEmployee(const QString &employeeID)
+{
+    // One who has left the register stays with the user until another one is chosen.
+    if (!employeeID.isEmpty() && !m_employeeIDs.contains(employeeID)) {
+        cboEmployee->add(employeeID, m_employeeIDs.size());
+        m_employeeIDs << employeeID;
+    }
+    cboEmployee->setCurrentIndex(
+        employeeID.isEmpty() ? 0 : static_cast<int>(m_employeeIDs.indexOf(employeeID)));
+}
+
+void frmUserManageMent::showEmployeeNames()
+{
+    grid::GridModel &rows = grdUser->rows();
+    for (int row = 0; row < rows.rowCount(); ++row) {
+        const QString id = rows.text(row, u"EmployeeID");
+        const auto index = static_cast<int>(m_employeeIDs.indexOf(id));
+        rows.setValue(row, u"Employee", index < 0 ? id : cboEmployee->itemText(index).trimmed());
+    }
 }
 
 void frmUserManageMent::showPasswordHint(const QString &stored)
@@ -247,8 +270,9 @@ void frmUserManageMent::cmdEmployee_Click()
     const QString chosen = m_employeeIDs.value(cboEmployee->currentIndex());
     shell::screenEntries().open(employeeEntry);
     RefreshCombo();
+    showEmployeeNames();
     const Displaying displaying(*this);
-    cboEmployee->setCurrentIndex(std::max<int>(0, static_cast<int>(m_employeeIDs.indexOf(chosen))));
+    showEmployee(chosen);
 }
 
 void frmUserManageMent::cmdExit_Click()

@@ -36,6 +36,8 @@ private:
     void RefreshCombo();
     [[nodiscard]] bool VailidateFields();
     void showPasswordHint(const QString &stored);
+    void showEmployee(const QString &employeeID);
+    void showEmployeeNames();
 
     void cmdAdd_Click();
     void cmdSave_Click();
