@@ -18,11 +18,6 @@ struct TableCase
     const char *columns;
 };
 
-void PrintTo(const TableCase &table, std::ostream *out)
-{
-    *out << table.name;
-}
-
 const TableCase tables[] = {
     {"tblEquipment",
      "EquipmentID:I EquipmentName:T EquipmentType:I EquipmentMake:I EquipmentModel:I "
@@ -165,9 +160,10 @@ TEST_F(EmptyDatabase, FlagsAndYesNoColumnsStartAtZero)
     m_connection->Execute(u"Insert into tblEquipment (EquipmentID) values (1)"_s);
     m_connection->Execute(u"Insert into tblPart (PartID) values ('A')"_s);
     const db::Recordset service = m_connection->Open(u"Select * from tblServiceUsed"_s);
-    for (const char16_t *column : {u"Sun", u"Sat", u"FirstW", u"LastW", u"DOM", u"Dom1", u"Dom5",
-                                   u"Jan", u"Dece", u"SeparateWo", u"Inactive", u"EInterval"})
-        EXPECT_EQ(service[column], QVariant(0)) << QString(column).toStdString();
+    for (const QString &column :
+         {u"Sun"_s, u"Sat"_s, u"FirstW"_s, u"LastW"_s, u"DOM"_s, u"Dom1"_s, u"Dom5"_s, u"Jan"_s,
+          u"Dece"_s, u"SeparateWo"_s, u"Inactive"_s, u"EInterval"_s})
+        EXPECT_EQ(service[column], QVariant(0)) << column.toStdString();
     EXPECT_EQ(number(u"Select count(*) from tblEquipment where Inactive = '0'"_s), 1);
     EXPECT_EQ(number(u"Select count(*) from tblPart where Inactive = No and TrackInventory = 0"_s),
               1);

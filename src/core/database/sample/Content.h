@@ -22,7 +22,7 @@ struct CatalogueService
     qint64 id = 0; ///< ServiceID
     int jobNo = 0;
     QString name;
-    QStringList classes; ///< of machines that get it
+    QStringList classes; ///< of machines that get it; "*" for all
     QChar period;
     int interval = 1;
     QChar renewal;

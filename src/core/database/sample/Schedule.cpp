@@ -40,7 +40,7 @@ QDate shopDayUpTo(const Machine &machine, QDate date)
 
 bool applies(const CatalogueService &service, const FleetModel &model, const Machine &machine)
 {
-    if (!service.classes.contains(model.machineClass))
+    if (!service.classes.contains(model.machineClass) && !service.classes.contains(u"*"_s))
         return false;
     if (service.isCounted())
         return service.period == model.meter;
