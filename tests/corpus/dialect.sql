@@ -643,3 +643,71 @@ update tblCrew set Description = 'a' where CrewID = 11;
 update tblCrew set Description = Description + 'b' where CrewID = 11;
 -- row 1: ab
 select Description from tblCrew where CrewID = 11;
+
+-- name: a column sorts before an output name
+-- changes: 1
+insert into tblCrew(CrewID,CrewNumber,Description) values(510,10,'Tenth');
+-- rows: 6
+-- row 1: 11
+-- row 2: 12
+-- row 6: 510 | '10   Tenth'
+Select CrewID,cstr(CrewNumber) + '   ' + Description AS [CrewNumber] from tblCrew order by CrewNumber;
+
+-- name: a text longer than its column finds nothing
+-- rows: 0
+select EquipmentID from tblEquipment where UnitNo =
+'A-1 and then some more than the thirty characters of a unit number';
+
+-- name: a number beyond its column finds nothing
+-- rows: 0
+select EquipmentID from tblEquipment where EquipmentID = 99999999999 or EquipmentID = '99999999999';
+
+-- name: a fraction finds no whole number
+-- rows: 0
+select EquipmentID from tblEquipment where EquipmentID = 501.5 or EquipmentID = '501.5';
+
+-- name: fractions bound whole numbers
+-- rows: 2
+select EquipmentID from tblEquipment where EquipmentID > 500.5 and EquipmentID < '502.5';
+
+-- name: like of a Null finds nothing
+-- rows: 1
+select EquipmentID from tblEquipment where Vin like '*';
+
+-- name: condition of a null column in a not
+-- rows: 0
+select EquipmentID from tblEquipment where not (Vin = 'VIN502') and not (Vin <> 'VIN502');
+
+-- name: update from other columns of the row
+-- changes: 1
+update tblPart set QtyMin = QtyMax, QtyMax = QtyMin where PartID = 'P-100';
+-- row 1: 20 | 5
+select QtyMin, QtyMax from tblPart where PartID = 'P-100';
+
+-- name: update with a subquery
+-- changes: 5
+update tblPart set Quantity = (select Count(*) from tblWoPartUsed where tblWoPartUsed.PartID =
+tblPart.PartID);
+-- rows: 2
+-- row 1: P-100 | 2
+-- row 2: P-200 | 1
+select PartID, Quantity from tblPart where PartID in ('P-100','P-200') order by PartID;
+
+-- name: sum of quantities times money
+-- row 1: 118.25
+select Sum(QuantityUsed*Price) as a from tblWoPartUsed;
+
+-- name: and binds before or
+-- rows: 2
+select EquipmentID from tblEquipment where UnitNo = 'A-1' or UnitNo = 'T-2' and Inactive = '0' or UnitNo
+= 'A-4' and Inactive = '0';
+
+-- name: not binds before and
+-- rows: 4
+select EquipmentID from tblEquipment where not UnitNo = 'A-1' and Inactive = '0';
+
+-- name: tabs stand for blanks
+-- rows: 1
+select	EquipmentID
+from tblEquipment
+where UnitNo='A-1';

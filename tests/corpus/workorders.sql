@@ -389,13 +389,6 @@ values('1','P-300', 1, 1,30,True,2);
 -- has row: P-300 | -1 | 1
 select PartID, Used, QuantityUsed from tblWoPartUsed where ServiceUsedID = 1;
 
--- name: a key with a blank behind it is another part
--- changes: 1
-insert into tblWoPartUsed(ServiceUsedID,PartID,QuantityRequired,QuantityUsed,Price,Used,SupplierID)
-values('4','P-100 ', 1, 1,30,-1,2);
--- rows: 1
-select PartID from tblWoPartUsed where ServiceUsedID = 4;
-
 -- name: remove a part from an order
 -- changes: 1
 Delete From tblWoPartUsed where ServiceUsedID = 2 and PartID = 'p-100';
