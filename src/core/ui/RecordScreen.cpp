@@ -81,6 +81,8 @@ void RecordScreen::setRights(bool Rights::*add, bool Rights::*modify, bool Right
 void RecordScreen::setListGrid(grid::GridView *grid)
 {
     m_grid = grid;
+    grid->setEditing(false);
+    adoptGrid(grid, grid->objectName());
     connect(grid, &grid::GridView::currentRowChanged, this, [this](int row) {
         if (!m_following && row >= 0 && mode() == Mode::Browse)
             moveTo(row);
@@ -97,7 +99,17 @@ void RecordScreen::RefreshRecordSet(const QVariant &key)
     m_rows = loadRows();
     if (m_grid) {
         const QScopedValueRollback following(m_following, true);
-        m_grid->rows().setRecordset(m_rows);
+        grid::GridModel &model = m_grid->rows();
+        QStringList listed;
+        for (int column = 0; column < model.columnCount(); ++column)
+            listed.append(model.columnAt(column).name.toLower());
+        model.setRecordset(m_rows);
+        for (int column = 0; column < model.columnCount(); ++column) {
+            const QString name = model.columnAt(column).name;
+            if (!listed.contains(name.toLower()))
+                model.column(name).visible = false;
+        }
+        model.columnsChanged();
     }
     const QString wanted = base::toText(key);
     if (wanted.isEmpty() ||

@@ -73,7 +73,8 @@ protected:
     void setDataControls(const QList<QWidget *> &controls);
     /// The rights that Add, Modify and Delete need. Without a call all are free.
     void setRights(bool Rights::*add, bool Rights::*modify, bool Rights::*remove);
-    /// A grid that shows all rows beside the fields and moves with them.
+    /// A grid that shows all rows beside the fields and moves with them. Its columns are those
+    /// that were added to it; others that the rows bring stay hidden.
     void setListGrid(grid::GridView *grid);
 
     // --- What a screen may use ---------------------------------------------------------------

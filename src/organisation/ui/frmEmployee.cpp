@@ -1,0 +1,317 @@
+#include "organisation/ui/frmEmployee.h"
+
+#include "core/General.h"
+#include "core/ui/Combos.h"
+#include "core/ui/LookupCombo.h"
+#include "core/ui/ScreenCalls.h"
+#include "organisation/clsEmployee.h"
+#include "organisation/clsIndicator.h"
+#include "organisation/ui/Entries.h"
+#include "platform/base/Environment.h"
+#include "platform/base/Format.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/input/CurrencyInput.h"
+#include "platform/input/DateInput.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/KeyFilter.h"
+#include "platform/input/Leaving.h"
+#include "platform/input/PhoneInput.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString flagText(const QCheckBox *box)
+{
+    return box->isChecked() ? u"1"_s : u"0"_s;
+}
+
+} // namespace
+
+frmEmployee::frmEmployee(QWidget *parent)
+    : RecordScreen(u"frmEmployee"_s, u"Employee"_s, parent)
+{
+    buildForm();
+    loadLists();
+    checkOnLeaving();
+}
+
+void frmEmployee::buildForm()
+{
+    input::FormBuilder form(this);
+    form.beginColumns();
+    txtEmployeeID = form.textField(u"txtEmployeeID"_s, u"Employee &Number:"_s, 20);
+    txtFirstName = form.textField(u"txtFirstName"_s, u"First Na&me:"_s, 60);
+    txtInitialName = form.textField(u"txtInitialName"_s, u"Initial:"_s, 10);
+    txtLastname = form.textField(u"txtLastname"_s, u"&Last Name:"_s, 60);
+    cboGender = form.comboField(u"cboGender"_s, u"&Gender:"_s);
+    datBirthDate = form.dateField(u"datBirthDate"_s, u"&Birth Date:"_s);
+    txtAddress = form.textField(u"txtAddress"_s, u"Add&ress:"_s, 100);
+    txtCity = form.textField(u"txtCity"_s, u"Cit&y:"_s, 60);
+    cboCountry = form.comboField(u"cboCountry"_s, u"C&ountry:"_s);
+    QToolButton *cmdCountry = form.sideButton(u"cmdCountry"_s, u"Edit the countries"_s);
+    cboState = form.comboField(u"cboState"_s, u"Stat&e:"_s);
+    QToolButton *cmdState = form.sideButton(u"cmdState"_s, u"Edit the states"_s);
+    txtZip = form.textField(u"txtZip"_s, u"&Zip:"_s, 15);
+    form.nextColumn();
+    txtPhone = form.phoneField(u"txtPhone"_s, u"P&hone:"_s);
+    txtCellPhone = form.phoneField(u"txtCellPhone"_s, u"Cell Phone:"_s);
+    txtPager = form.phoneField(u"txtPager"_s, u"Pager:"_s);
+    txtEmail = form.textField(u"txtEmail"_s, u"Ema&il:"_s, 100);
+    txtSS = form.digitsField(u"txtSS"_s, u"SS:"_s, 11);
+    txtLicenseNo = form.textField(u"txtLicenseNo"_s, u"License No:"_s, 30);
+    cboSite = form.comboField(u"cboSite"_s, u"Si&te:"_s);
+    QToolButton *cmdSite = form.sideButton(u"cmdSite"_s, u"Edit the sites"_s);
+    cboCrew = form.comboField(u"cboCrew"_s, u"Cre&w:"_s);
+    QToolButton *cmdCrew = form.sideButton(u"cmdCrew"_s, u"Edit the crews"_s);
+    cboPosition = form.comboField(u"cboPosition"_s, u"Position:"_s);
+    QToolButton *cmdPosition =
+        form.sideButton(u"cmdEmployeePosition"_s, u"Edit the employee positions"_s);
+    txtLaborCost = form.currencyField(u"txtLaborCost"_s, u"Labor Cost:"_s);
+    txtLaborRate = form.currencyField(u"txtLaborRate"_s, u"Labor Rate:"_s);
+    chkInactive = form.checkBox(u"chkInactive"_s, u"Inacti&ve"_s);
+    chkIncludeWoList = form.checkBox(u"chkIncludeWoList"_s, u"Include in WO List"_s);
+    form.endColumns();
+    txtSkills = form.memoField(u"txtSkills"_s, u"S&kills:"_s, 3);
+    makeButtons(form, {.find = true, .print = true});
+    form.finish();
+
+    input::restrictTo(txtEmployeeID, input::TypeCheck::String, input::TypeCheck::Int);
+    input::upperCaseAsTyped(txtEmployeeID);
+    setDataControls({txtEmployeeID, txtFirstName, txtInitialName, txtLastname,      cboGender,
+                     datBirthDate,  txtAddress,   txtCity,        cboCountry,       cboState,
+                     txtZip,        txtPhone,     txtCellPhone,   txtPager,         txtEmail,
+                     txtSS,         txtLicenseNo, cboSite,        cboCrew,          cboPosition,
+                     txtLaborCost,  txtLaborRate, chkInactive,    chkIncludeWoList, txtSkills});
+
+    connect(cboCountry, &QComboBox::activated, this, &frmEmployee::loadStates);
+    connect(cboCrew, &QComboBox::activated, this, [this] { m_crewTouched = true; });
+    connect(cmdCountry, &QToolButton::clicked, this, [this] {
+        ShowIndicatorDetail(LookupList::Country, cboCountry->id());
+        rebuildKeepingChoice(*cboCountry,
+                             [this] { loadLookupList(*cboCountry, LookupList::Country); });
+    });
+    connect(cmdState, &QToolButton::clicked, this, [this] {
+        ShowIndicatorDetail(LookupList::State, cboState->id(), cboCountry->currentText());
+        rebuildKeepingChoice(*cboState, [this] { loadStates(); });
+    });
+    connect(cmdSite, &QToolButton::clicked, this, [this] {
+        showSiteDetail(Mode::Browse, cboSite->id());
+        rebuildKeepingChoice(*cboSite, [this] { loadSites(*cboSite, u"SiteName"_s); });
+    });
+    connect(cmdCrew, &QToolButton::clicked, this, [this] {
+        ShowCrewDetail(Mode::Browse, cboCrew->id());
+        rebuildKeepingChoice(*cboCrew, [this] { loadCrews(*cboCrew); });
+    });
+    connect(cmdPosition, &QToolButton::clicked, this, [this] {
+        ShowIndicatorDetail(LookupList::EmployeePosition, cboPosition->id());
+        rebuildKeepingChoice(
+            *cboPosition, [this] { loadLookupList(*cboPosition, LookupList::EmployeePosition); });
+    });
+}
+
+void frmEmployee::loadLists()
+{
+    cboGender->add(u"  "_s, 0);
+    cboGender->add(u"Male"_s, 1);
+    cboGender->add(u"Female"_s, 2);
+    loadSites(*cboSite, u"SiteName"_s);
+    loadCrews(*cboCrew);
+    loadLookupList(*cboCountry, LookupList::Country);
+    loadLookupList(*cboPosition, LookupList::EmployeePosition);
+    loadStates();
+}
+
+void frmEmployee::loadStates()
+{
+    // Without a country there are no states.
+    loadLookupList(*cboState, cboCountry->id() == 0 ? -1 : cboCountry->id());
+}
+
+void frmEmployee::checkOnLeaving()
+{
+    const auto check = [this](input::PhoneInput *box, const QString &message) {
+        input::validateOnLeave(box, [box, message] {
+            if (box->isValidOrEmpty())
+                return true;
+            base::showInformation(message);
+            return false;
+        });
+    };
+    check(txtPhone, u"Invalid phone No"_s);
+    check(txtCellPhone, u"Invalid cell phone No"_s);
+    check(txtPager, u"Invalid pager no"_s);
+    datBirthDate->checkOnLeave();
+    for (QPushButton *button : {cmdCancel, cmdExit})
+        input::setCausesValidation(button, false);
+}
+
+db::Recordset frmEmployee::loadRows()
+{
+    return clsEmployee_Manager().GetEmployeeInfo();
+}
+
+void frmEmployee::DisplayData(const db::Row &row)
+{
+    const clsEmployee employee = clsEmployee::fromRow(row);
+    m_storedNumber = employee.EmployeeID;
+    m_storedCost = employee.LaborCost;
+    m_crewTouched = false;
+    txtEmployeeID->setText(employee.EmployeeID);
+    txtFirstName->setText(employee.FirstName);
+    txtLastname->setText(employee.Lastname);
+    txtInitialName->setText(employee.InitialName);
+    datBirthDate->setDate(employee.BirthDate);
+    showLookup(*cboGender, employee.Gender.toLongLong());
+    txtAddress->setText(employee.Address);
+    txtCity->setText(employee.City);
+    showLookup(*cboCountry, employee.Country.toLongLong());
+    loadStates();
+    showLookup(*cboState, employee.State.toLongLong());
+    txtZip->setText(employee.Zip);
+    txtPhone->setText(employee.Phone);
+    txtCellPhone->setText(employee.CellPhone);
+    txtEmail->setText(employee.Email);
+    txtPager->setText(employee.Pager);
+    txtSS->setText(employee.SS);
+    txtLicenseNo->setText(employee.LicenseNo);
+    showLookup(*cboSite, employee.Site);
+    txtSkills->setPlainText(employee.Skills);
+    showLookup(*cboCrew, employee.Crew);
+    showLookup(*cboPosition, employee.EmpPosition);
+    txtLaborCost->setValue(employee.LaborCost);
+    txtLaborRate->setValue(employee.LaborRate);
+    chkInactive->setChecked(employee.Inactive == u"1");
+    chkIncludeWoList->setChecked(employee.IncludeWoList == u"1");
+}
+
+void frmEmployee::ClearData()
+{
+    m_storedNumber.clear();
+    m_storedCost = 0;
+    m_crewTouched = false;
+    for (QLineEdit *box : {txtEmployeeID, txtFirstName, txtLastname, txtInitialName, txtAddress,
+                           txtCity, txtZip, txtEmail, txtSS, txtLicenseNo})
+        box->clear();
+    for (input::PhoneInput *box : {txtPhone, txtCellPhone, txtPager})
+        box->clear();
+    for (input::IdCombo *combo : {cboGender, cboCountry, cboSite, cboCrew, cboPosition})
+        combo->select(0);
+    loadStates();
+    datBirthDate->setDate(QDate());
+    txtSkills->clear();
+    txtLaborCost->setValue(0);
+    txtLaborRate->setValue(0);
+    chkInactive->setChecked(false);
+    chkIncludeWoList->setChecked(false);
+}
+
+void frmEmployee::prepareNewRecord()
+{
+    const QString usual = u"United States"_s;
+    if (ChkCountryExist(usual))
+        cboCountry->selectText(usual);
+    loadStates();
+    txtEmployeeID->setFocus();
+}
+
+bool frmEmployee::VailidateFields()
+{
+    if (input::isBlank(txtEmployeeID))
+        return refuse(txtEmployeeID, u"Employee Number should not be blank."_s);
+    if (input::isBlank(txtFirstName))
+        return refuse(txtFirstName, u"Employee's first name should not be blank."_s);
+    if (IsDuplicate(u"tblEmployee"_s, u"EmployeeID"_s, m_storedNumber, txtEmployeeID->text(),
+                    false))
+        return refuse(txtEmployeeID,
+                      u"Employee Number you specified already exists. Please enter a "
+                      "different Employee Number."_s);
+    return true;
+}
+
+std::optional<QVariant> frmEmployee::saveRecord()
+{
+    clsEmployee employee;
+    employee.OldEmployeeID = m_storedNumber;
+    employee.EmployeeID = txtEmployeeID->text().trimmed();
+    employee.FirstName = txtFirstName->text();
+    employee.Lastname = txtLastname->text();
+    employee.InitialName = txtInitialName->text();
+    if (datBirthDate->date().isValid())
+        employee.BirthDate = base::wallClock(datBirthDate->date());
+    employee.Gender = QString::number(cboGender->id());
+    employee.Address = txtAddress->text();
+    employee.City = txtCity->text();
+    employee.State = QString::number(cboState->id());
+    employee.Country = QString::number(cboCountry->id());
+    employee.Zip = txtZip->text();
+    employee.Phone = txtPhone->text();
+    employee.CellPhone = txtCellPhone->text();
+    employee.Email = txtEmail->text();
+    employee.Pager = txtPager->text();
+    employee.SS = txtSS->text();
+    employee.LicenseNo = txtLicenseNo->text();
+    employee.Site = cboSite->id();
+    employee.Skills = txtSkills->toPlainText();
+    employee.Crew = cboCrew->id();
+    employee.EmpPosition = cboPosition->id();
+    employee.LaborCost = txtLaborCost->value();
+    employee.LaborRate = txtLaborRate->value();
+    employee.Inactive = flagText(chkInactive);
+    employee.IncludeWoList = flagText(chkIncludeWoList);
+
+    return base::trapped(
+        "Employee", "cmdUpdate_Click", std::optional<QVariant>(), [&]() -> std::optional<QVariant> {
+            TransactionScope transaction;
+            if (!clsEmployee_Manager().SaveRecord(employee, mode()) || !recalculateLabourCosts())
+                return std::nullopt;
+            transaction.commit();
+            return QVariant(employee.EmployeeID);
+        });
+}
+
+bool frmEmployee::recalculateLabourCosts()
+{
+    const bool changed = m_crewTouched || txtLaborCost->value() != m_storedCost;
+    if (!changed ||
+        !base::askYesNo(u"Do you to update all the labor costs in every service that this "
+                        "employee is assiged to.?"_s))
+        return true;
+    if (ChangeServiceLabourEstimate(cboCrew->id()))
+        return true;
+    base::showInformation(u"Problem in changing Service Total Lobour cost."_s);
+    return false;
+}
+
+bool frmEmployee::deleteRecord(const QVariant &key)
+{
+    return clsEmployee_Manager().DeleteRecord(base::toText(key));
+}
+
+void frmEmployee::recordShown()
+{
+    cmdFind->setEnabled(hasRows() && screenCalls().ShowQuickFind != nullptr);
+    cmdPrint->setEnabled(hasRows() && screenCalls().hasReport(u"ShowEmployeeReport"_s));
+}
+
+void frmEmployee::cmdFind_Click()
+{
+    const QString found =
+        screenCalls().ShowQuickFind({u"EmployeeID"_s, u"Employee Number"_s, u"tblEmployee"_s,
+                                     u"frmEmployee"_s, m_storedNumber});
+    if (!found.trimmed().isEmpty())
+        RefreshRecordSet(found);
+}
+
+void frmEmployee::cmdPrint_Click()
+{
+    screenCalls().reports.value(u"ShowEmployeeReport"_s)(
+        u" Where tblEmployee.EmployeeID='%1'"_s.arg(base::doubledQuotes(m_storedNumber)));
+}

@@ -1,0 +1,222 @@
+#include "organisation/ui/frmIndicator.h"
+
+#include "core/General.h"
+#include "core/ui/Combos.h"
+#include "core/ui/ListGrid.h"
+#include "core/ui/LookupCombo.h"
+#include "organisation/clsIndicator.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/input/FormBuilder.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int NameLength = 35;
+constexpr int StateNameLength = 2;
+/// A parent that no item has, for lists whose parents are missing.
+constexpr qint64 NoParent = -1;
+
+db::Recordset members(qint64 parent)
+{
+    return GetTableInfoWithIndicator(u"tblindicator"_s, u"itemname"_s,
+                                     u"parentid =%1"_s.arg(parent));
+}
+
+} // namespace
+
+frmIndicator::frmIndicator(const Opening &opening, QWidget *parent)
+    : RecordScreen(u"frmIndicator"_s, u"Lookup List"_s, parent)
+    , m_opening(opening)
+{
+    buildForm();
+    arrange();
+    RefreshRecordSet(m_opening.itemID);
+}
+
+void frmIndicator::buildForm()
+{
+    input::FormBuilder form(this);
+    form.beginColumns();
+    lstIndicatorP = form.comboField(u"lstIndicatorP"_s, u"&List:"_s);
+    cboIndicator = form.comboField(u"cboIndicator"_s, u"&Of:"_s);
+    lblFilter = form.lastLabel();
+    lstIndicator = makeListGrid(this, u"lstIndicator"_s, u"Items of the list"_s,
+                                {{.name = u"ItemName"_s, .caption = u"Name"_s, .width = 280}});
+    form.widget(lstIndicator, true);
+    form.nextColumn();
+    txtItemID = form.textField(u"txtItemID"_s, u"&ID:"_s);
+    txtItemID->setReadOnly(true);
+    txtName = form.textField(u"txtName"_s, u"Na&me:"_s, NameLength);
+    cboParentType = form.comboField(u"cboParentType"_s, u"Paren&t:"_s);
+    lblParent = form.lastLabel();
+    form.stretch();
+    form.endColumns();
+    makeButtons(form, {});
+    form.finish();
+    for (QToolButton *button : {cmdFirst, cmdPrevious, cmdNext, cmdLast})
+        button->hide();
+    setDataControls({txtName, cboParentType});
+    setListGrid(lstIndicator);
+    connect(cboIndicator, &QComboBox::activated, this, [this] { RefreshRecordSet(); });
+}
+
+void frmIndicator::arrange()
+{
+    LoadItemWithIdToCombo(*lstIndicatorP,
+                          GetTableInfoWithIndicator(u"tblindicator"_s, u"ItemId"_s,
+                                                    u"Itemid =%1"_s.arg(m_opening.listNumber)),
+                          u"ItemID"_s, u"ItemName"_s, false);
+    const QString list = lstIndicatorP->currentText();
+    setWindowTitle(list);
+    if (list == u"Make Type")
+        m_parentLabel = u"Type"_s;
+    else if (list == u"Model Type")
+        m_parentLabel = u"Make Type"_s;
+    else if (list == u"State")
+        m_parentLabel = u"Country"_s;
+    txtName->setMaxLength(list == u"State" ? StateNameLength : NameLength);
+    for (QWidget *control : QList<QWidget *>{cboIndicator, lblFilter, cboParentType, lblParent})
+        control->setVisible(hasParents());
+    if (!hasParents())
+        return;
+    lblFilter->setText(m_parentLabel + u':');
+    lblParent->setText(m_parentLabel + u':');
+    loadParents(*cboIndicator);
+    loadParents(*cboParentType);
+    presetParent();
+}
+
+void frmIndicator::loadParents(input::IdCombo &combo) const
+{
+    qint64 parents = LookupList::Country;
+    if (m_opening.listNumber == LookupList::Make)
+        parents = LookupList::EquipmentType;
+    else if (m_opening.listNumber == LookupList::Model && m_opening.engine)
+        parents = LookupList::EngineMake;
+    else if (m_opening.listNumber == LookupList::Model)
+        parents = m_opening.typeID == 0 ? NoParent : m_opening.typeID;
+    LoadItemWithIdToCombo(combo, GetIndicatorInfo(parents, true, true), u"ItemID"_s, u"ItemName"_s,
+                          false);
+}
+
+void frmIndicator::presetParent()
+{
+    const QString wanted = m_opening.parentValue.trimmed();
+    bool isNumber = false;
+    qint64 parent = wanted.toLongLong(&isNumber);
+    if (wanted.isEmpty() && m_opening.itemID != 0) {
+        base::trapped("frmIndicator", "ShowIndicatorDetail", [&] {
+            const db::Recordset rows = gcnLookup->Open(
+                u"select * from tblindicator where itemid = (select parentid  from tblindicator "
+                "where itemid=?)"_s,
+                {m_opening.itemID});
+            if (!rows.isEmpty())
+                parent = rows.current().integer(u"ItemID");
+        });
+        isNumber = true;
+    }
+    for (input::IdCombo *combo : {cboIndicator, cboParentType}) {
+        if (isNumber)
+            combo->select(parent);
+        else if (!wanted.isEmpty())
+            combo->selectText(wanted);
+    }
+}
+
+db::Recordset frmIndicator::loadRows()
+{
+    if (!hasParents())
+        return members(m_opening.listNumber);
+    return members(cboIndicator->count() > 0 ? cboIndicator->id() : NoParent);
+}
+
+void frmIndicator::DisplayData(const db::Row &row)
+{
+    const clsIndicator item = clsIndicator::fromRow(row);
+    txtItemID->setText(QString::number(item.ItemID));
+    txtName->setText(item.ItemName);
+    m_storedName = item.ItemName;
+    if (hasParents() && !cboParentType->select(item.ParentID))
+        base::showMessage(u"One of lookup item has been deleted\nmanually from  database"_s);
+}
+
+void frmIndicator::ClearData()
+{
+    txtItemID->clear();
+    txtName->clear();
+    m_storedName.clear();
+    if (hasParents())
+        cboParentType->select(cboIndicator->id());
+}
+
+void frmIndicator::prepareNewRecord()
+{
+    // A preview: the database gives the number when the row is saved.
+    txtItemID->setText(QString::number(GenerateIDWithIndicator(u"tblIndicator"_s, u"ItemID"_s)));
+    txtName->setFocus();
+}
+
+qint64 frmIndicator::parentOfItem() const
+{
+    return hasParents() ? cboParentType->id() : m_opening.listNumber;
+}
+
+bool frmIndicator::VailidateFields()
+{
+    if (txtName->text().trimmed().isEmpty())
+        return refuse(txtName, u"Name should not be blank."_s);
+    if (hasParents() && cboParentType->currentText().trimmed().isEmpty())
+        return refuse(cboParentType, m_parentLabel + u" should not be blank."_s);
+    if (NameDupl(parentOfItem(), txtName->text()))
+        return refuse(txtName,
+                      u"The name you specified already exists. Specify a different name."_s);
+    return true;
+}
+
+bool frmIndicator::NameDupl(qint64 parent, const QString &name) const
+{
+    if (m_storedName.toUpper() == name.toUpper())
+        return false;
+    return base::trapped("frmIndicator", "NameDupl", false, [&] {
+        const QString wanted = name.trimmed().toUpper();
+        for (const db::Row row :
+             gcnLookup->Open(u"Select ItemName from tblIndicator where Parentid = ?"_s, {parent}))
+            if (row.text(u"ItemName").trimmed().toUpper() == wanted)
+                return true;
+        return false;
+    });
+}
+
+std::optional<QVariant> frmIndicator::saveRecord()
+{
+    clsIndicator item;
+    item.ParentID = parentOfItem();
+    item.ItemID = txtItemID->text().toLongLong();
+    item.ItemName = txtName->text().trimmed();
+    item.Show = 1;
+    item.FSize = 0;
+    if (!clsIndicatorManager().SaveRecord(item, mode()))
+        return std::nullopt;
+    return QVariant(item.ItemID);
+}
+
+bool frmIndicator::deleteRecord(const QVariant &key)
+{
+    return clsIndicatorManager().DeleteRecord(key.toLongLong());
+}
+
+QString frmIndicator::usedBy(const QVariant &key) const
+{
+    return clsIndicatorManager().CanDeleteIndicator(key.toLongLong());
+}
+
+void frmIndicator::recordShown()
+{
+    cboIndicator->setEnabled(mode() == Mode::Browse);
+}

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "core/ui/RecordScreen.h"
+
+namespace input {
+class IdCombo;
+}
+
+class QLabel;
+
+/// The one editor of all lookup lists. Lists whose items hang under a parent show the parents
+/// twice: to choose whose items are listed, and to choose the parent of the item being edited.
+class frmIndicator final : public RecordScreen
+{
+    Q_OBJECT
+
+public:
+    struct Opening
+    {
+        qint64 listNumber = 0;
+        qint64 itemID = 0;     ///< to begin on, 0 for none
+        QString parentValue{}; ///< name or number of the parent to begin with, may be empty
+        qint64 typeID = 0;     ///< of models: the equipment type whose makes are the parents
+        bool engine = false;   ///< models of engine makes
+    };
+
+    explicit frmIndicator(const Opening &opening, QWidget *parent = nullptr);
+
+protected:
+    db::Recordset loadRows() override;
+    QString keyColumn() const override { return QStringLiteral("ItemID"); }
+    void DisplayData(const db::Row &row) override;
+    void ClearData() override;
+    void prepareNewRecord() override;
+    bool VailidateFields() override;
+    std::optional<QVariant> saveRecord() override;
+    bool deleteRecord(const QVariant &key) override;
+    QString usedBy(const QVariant &key) const override;
+    void recordShown() override;
+
+private:
+    void buildForm();
+    /// How the list is edited: who its parents are, what they are called, how long a name may be.
+    void arrange();
+    void loadParents(input::IdCombo &combo) const;
+    void presetParent();
+    bool NameDupl(qint64 parent, const QString &name) const;
+    [[nodiscard]] bool hasParents() const { return !m_parentLabel.isEmpty(); }
+    [[nodiscard]] qint64 parentOfItem() const;
+
+    Opening m_opening;
+    QString m_parentLabel; ///< empty for a list without parents
+    QString m_storedName;
+
+    input::IdCombo *lstIndicatorP = nullptr; ///< the list's name
+    input::IdCombo *cboIndicator = nullptr;  ///< filter
+    grid::GridView *lstIndicator = nullptr;
+    QLineEdit *txtItemID = nullptr;
+    QLineEdit *txtName = nullptr;
+    input::IdCombo *cboParentType = nullptr;
+    QLabel *lblFilter = nullptr;
+    QLabel *lblParent = nullptr;
+};

@@ -1,0 +1,120 @@
+#include "organisation/ui/frmLocation.h"
+
+#include "core/ui/ListGrid.h"
+#include "core/ui/LookupCombo.h"
+#include "organisation/clsLocation.h"
+#include "organisation/ui/Entries.h"
+#include "platform/input/FormBuilder.h"
+
+#include <QEvent>
+#include <QLineEdit>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+frmLocation::frmLocation(QWidget *parent)
+    : RecordScreen(u"frmLocation"_s, u"Location"_s, parent)
+{
+    buildForm();
+    loadSites(*cboSite, u"SiteID"_s);
+}
+
+void frmLocation::buildForm()
+{
+    input::FormBuilder form(this);
+    grid::GridView *grdLocation =
+        makeListGrid(this, u"grdLocation"_s, u"Locations"_s,
+                     {{.name = u"LocationName"_s, .caption = u"Location Name"_s, .width = 200},
+                      {.name = u"Description"_s, .width = 280}});
+    form.widget(grdLocation, true);
+    txtLocationID = form.textField(u"txtLocationID"_s, u"Location &ID:"_s);
+    txtLocationID->setReadOnly(true);
+    txtLocationName = form.textField(u"txtLocationName"_s, u"Location &Name:"_s, 60);
+    txtDescription = form.textField(u"txtDescription"_s, u"D&escription:"_s, 100);
+    cboSite = form.comboField(u"cboSite"_s, u"Si&te Name:"_s);
+    QToolButton *cmdSite = form.sideButton(u"cmdSite"_s, u"Edit the sites"_s);
+    makeButtons(form, {});
+    form.finish();
+    setDataControls({txtLocationName, txtDescription, cboSite});
+    setListGrid(grdLocation);
+    connect(cmdSite, &QToolButton::clicked, this, &frmLocation::cmdSite_Click);
+}
+
+bool frmLocation::event(QEvent *event)
+{
+    // A site may have been added while another window was in front.
+    if (event->type() == QEvent::WindowActivate)
+        RefreshCombo();
+    return RecordScreen::event(event);
+}
+
+void frmLocation::RefreshCombo()
+{
+    rebuildKeepingChoice(*cboSite, [this] { loadSites(*cboSite, u"SiteID"_s); });
+}
+
+void frmLocation::cmdSite_Click()
+{
+    showSiteDetail(Mode::Browse, cboSite->id());
+    RefreshCombo();
+}
+
+db::Recordset frmLocation::loadRows()
+{
+    return clsLocation_Manager().GetLocationInfo();
+}
+
+void frmLocation::DisplayData(const db::Row &row)
+{
+    const clsLocation location = clsLocation::fromRow(row);
+    m_storedName = location.LocationName;
+    txtLocationID->setText(QString::number(location.LocationID));
+    txtLocationName->setText(location.LocationName);
+    txtDescription->setText(location.Description);
+    showLookup(*cboSite, location.Site);
+}
+
+void frmLocation::ClearData()
+{
+    m_storedName.clear();
+    for (QLineEdit *box : {txtLocationID, txtLocationName, txtDescription})
+        box->clear();
+    cboSite->select(0);
+}
+
+void frmLocation::prepareNewRecord()
+{
+    txtLocationID->setText(u"0"_s);
+    txtLocationName->setFocus();
+}
+
+bool frmLocation::VailidateFields()
+{
+    if (txtLocationID->text().trimmed().isEmpty())
+        return refuse(txtLocationID, u"Location ID should not be blank."_s);
+    if (txtLocationName->text().trimmed().isEmpty())
+        return refuse(txtLocationName, u"Location Name should not be blank."_s);
+    if (cboSite->currentText().trimmed().isEmpty())
+        return refuse(cboSite, u"Site Name should not be blank."_s);
+    return confirmMassChange(txtLocationName, m_storedName, usedBy(txtLocationID->text()));
+}
+
+std::optional<QVariant> frmLocation::saveRecord()
+{
+    const clsLocation location{txtLocationID->text().toLongLong(),
+                               txtLocationName->text().trimmed(), txtDescription->text().trimmed(),
+                               cboSite->id()};
+    if (!clsLocation_Manager().SaveRecord(location, mode()))
+        return std::nullopt;
+    return QVariant(location.LocationID);
+}
+
+bool frmLocation::deleteRecord(const QVariant &key)
+{
+    return clsLocation_Manager().DeleteRecord(key.toLongLong());
+}
+
+QString frmLocation::usedBy(const QVariant &key) const
+{
+    return clsLocation_Manager().CanDeleteLocation(key.toLongLong());
+}

@@ -1,0 +1,114 @@
+#include "organisation/ui/frmSite.h"
+
+#include "core/ui/ListGrid.h"
+#include "core/ui/LookupCombo.h"
+#include "organisation/clsIndicator.h"
+#include "organisation/clsSite.h"
+#include "organisation/ui/Entries.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/KeyFilter.h"
+
+#include <QLineEdit>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+frmSite::frmSite(QWidget *parent)
+    : RecordScreen(u"frmSite"_s, u"Site"_s, parent)
+{
+    buildForm();
+    loadAllStates(*cboState);
+}
+
+void frmSite::buildForm()
+{
+    input::FormBuilder form(this);
+    grid::GridView *grdSite =
+        makeListGrid(this, u"grdSite"_s, u"Sites"_s,
+                     {{.name = u"SiteName"_s, .caption = u"Site Name"_s, .width = 200},
+                      {.name = u"Address"_s, .width = 200},
+                      {.name = u"City"_s, .width = 120},
+                      {.name = u"Zip"_s, .width = 80}});
+    form.widget(grdSite, true);
+    txtSiteName = form.textField(u"txtSiteName"_s, u"Site &Name:"_s, 60);
+    txtAddress = form.textField(u"txtAddress"_s, u"Add&ress:"_s, 100);
+    txtCity = form.textField(u"txtCity"_s, u"C&ity:"_s, 60);
+    cboState = form.comboField(u"cboState"_s, u"S&tate:"_s);
+    QToolButton *cmdState = form.sideButton(u"cmdState"_s, u"Edit the states"_s);
+    txtZip = form.textField(u"txtZip"_s, u"&Zip:"_s, 10);
+    input::restrictTo(txtZip, input::TypeCheck::Int, input::TypeCheck::String);
+    makeButtons(form, {});
+    form.finish();
+    setDataControls({txtSiteName, txtAddress, txtCity, cboState, txtZip});
+    setListGrid(grdSite);
+    connect(cmdState, &QToolButton::clicked, this, &frmSite::cmdState_Click);
+}
+
+void frmSite::cmdState_Click()
+{
+    ShowIndicatorDetail(LookupList::State, cboState->id());
+    rebuildKeepingChoice(*cboState, [this] { loadAllStates(*cboState); });
+}
+
+db::Recordset frmSite::loadRows()
+{
+    return clsSiteManager().GetSiteInfo();
+}
+
+void frmSite::DisplayData(const db::Row &row)
+{
+    const clsSite site = clsSite::fromRow(row);
+    m_siteID = site.SiteID;
+    m_storedName = site.SiteName;
+    txtSiteName->setText(site.SiteName);
+    txtAddress->setText(site.Address);
+    txtCity->setText(site.City);
+    txtZip->setText(site.Zip);
+    showLookup(*cboState, site.StateID.toLongLong());
+}
+
+void frmSite::ClearData()
+{
+    m_siteID = 0;
+    m_storedName.clear();
+    for (QLineEdit *box : {txtSiteName, txtAddress, txtCity, txtZip})
+        box->clear();
+    cboState->select(0);
+}
+
+void frmSite::prepareNewRecord()
+{
+    txtSiteName->setFocus();
+}
+
+bool frmSite::VailidateFields()
+{
+    if (txtSiteName->text().trimmed().isEmpty())
+        return refuse(txtSiteName, u"Site Name should not be blank."_s);
+    return confirmMassChange(txtSiteName, m_storedName, usedBy(m_siteID));
+}
+
+std::optional<QVariant> frmSite::saveRecord()
+{
+    const QString zip = txtZip->text().trimmed();
+    const clsSite site{m_siteID,
+                       txtSiteName->text().trimmed(),
+                       txtAddress->text().trimmed(),
+                       txtCity->text().trimmed(),
+                       QString::number(cboState->id()),
+                       zip.isEmpty() ? u"0"_s : zip};
+    if (!clsSiteManager().SaveRecord(site, mode()))
+        return std::nullopt;
+    return QVariant(m_siteID);
+}
+
+bool frmSite::deleteRecord(const QVariant &key)
+{
+    return clsSiteManager().DeleteRecord(key.toLongLong());
+}
+
+QString frmSite::usedBy(const QVariant &key) const
+{
+    // The manager answers with a table; users read it without its "tbl".
+    return clsSiteManager().CanDeleteSite(key.toLongLong()).mid(3);
+}

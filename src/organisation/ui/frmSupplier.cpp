@@ -1,0 +1,194 @@
+#include "organisation/ui/frmSupplier.h"
+
+#include "core/General.h"
+#include "core/ui/LookupCombo.h"
+#include "core/ui/ScreenCalls.h"
+#include "organisation/clsIndicator.h"
+#include "organisation/clsSupplier.h"
+#include "organisation/ui/Entries.h"
+#include "platform/base/Prompts.h"
+#include "platform/input/CurrencyInput.h"
+#include "platform/input/DateStamp.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/Leaving.h"
+#include "platform/input/PhoneInput.h"
+
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+frmSupplier::frmSupplier(QWidget *parent)
+    : RecordScreen(u"frmSupplier"_s, u"Supplier"_s, parent)
+{
+    buildForm();
+    loadAllStates(*cboState);
+}
+
+void frmSupplier::buildForm()
+{
+    input::FormBuilder form(this);
+    form.beginColumns();
+    txtSupplierID = form.textField(u"txtSupplierID"_s, u"Supplier &ID:"_s);
+    txtSupplierID->setReadOnly(true);
+    txtName = form.textField(u"txtName"_s, u"Supplier Na&me:"_s, 60);
+    txtContactName = form.textField(u"txtContactName"_s, u"C&ontact Name:"_s, 60);
+    txtAtten = form.textField(u"txtAtten"_s, u"A&ttention:"_s, 60);
+    txtAddress = form.textField(u"txtAddress"_s, u"Add&ress:"_s, 100);
+    txtAddress2 = form.textField(u"txtAddress2"_s, u"Address &2:"_s, 100);
+    txtCity = form.textField(u"txtCity"_s, u"Cit&y:"_s, 60);
+    cboState = form.comboField(u"cboState"_s, u"Stat&e:"_s);
+    QToolButton *cmdState = form.sideButton(u"cmdState"_s, u"Edit the states"_s);
+    txtZip = form.textField(u"txtZip"_s, u"&Zip:"_s, 15);
+    form.nextColumn();
+    txtPhone = form.phoneField(u"txtPhone"_s, u"P&hone:"_s);
+    txtFax = form.phoneField(u"txtFax"_s, u"Fa&x:"_s);
+    txtEmail = form.textField(u"txtEmail"_s, u"Emai&l:"_s, 100);
+    txtWebSite = form.textField(u"txtWebSite"_s, u"&Web Site:"_s, 100);
+    txtTax = form.digitsField(u"txtTax"_s, u"Tax &Number:"_s, 20);
+    txtTerms = form.textField(u"txtTerms"_s, u"Terms:"_s, 60);
+    txtCreditLimit = form.currencyField(u"txtCreditLimit"_s, u"Credit Limit:"_s);
+    txtLicenseNo = form.textField(u"txtLicenseNo"_s, u"License No:"_s, 30);
+    form.endColumns();
+    txtNotes = form.memoField(u"txtNotes"_s, u"Notes:"_s, 5);
+    input::installDateStamp(txtNotes);
+    makeButtons(form, {.find = true, .print = true});
+    form.finish();
+    setDataControls({txtName, txtContactName, txtAtten, txtAddress, txtAddress2, txtCity, cboState,
+                     txtZip, txtPhone, txtFax, txtEmail, txtWebSite, txtTax, txtTerms,
+                     txtCreditLimit, txtLicenseNo, txtNotes});
+    connect(cmdState, &QToolButton::clicked, this, &frmSupplier::cmdState_Click);
+    input::validateOnLeave(txtPhone,
+                           [this] { return checkPhone(txtPhone, u"Invalid phone No"_s); });
+    input::validateOnLeave(txtFax, [this] { return checkPhone(txtFax, u"Invalid fax No"_s); });
+    for (QPushButton *button : {cmdCancel, cmdExit})
+        input::setCausesValidation(button, false);
+}
+
+bool frmSupplier::checkPhone(input::PhoneInput *box, const QString &message)
+{
+    if (box->isValidOrEmpty())
+        return true;
+    base::showInformation(message);
+    return false;
+}
+
+void frmSupplier::cmdState_Click()
+{
+    ShowIndicatorDetail(LookupList::State, cboState->id());
+    rebuildKeepingChoice(*cboState, [this] { loadAllStates(*cboState); });
+}
+
+db::Recordset frmSupplier::loadRows()
+{
+    return GetTableInfo(u"tblSupplier"_s, u"SupplierID"_s);
+}
+
+void frmSupplier::DisplayData(const db::Row &row)
+{
+    const clsSupplier supplier = clsSupplier::fromRow(row);
+    txtSupplierID->setText(QString::number(supplier.SupplierID));
+    txtName->setText(supplier.Name);
+    txtTax->setText(supplier.Tax);
+    txtTerms->setText(supplier.Terms);
+    txtCreditLimit->setValue(supplier.CreditLimit);
+    txtEmail->setText(supplier.Email);
+    txtWebSite->setText(supplier.WebSite);
+    txtAddress->setText(supplier.Address);
+    txtAddress2->setText(supplier.Address2);
+    txtCity->setText(supplier.City);
+    showLookup(*cboState, supplier.State);
+    txtZip->setText(supplier.Zip);
+    txtPhone->setText(supplier.Phone);
+    txtFax->setText(supplier.Fax);
+    txtAtten->setText(supplier.Atten);
+    txtLicenseNo->setText(supplier.LicenseNo);
+    txtContactName->setText(supplier.ContactName);
+    txtNotes->setPlainText(supplier.Notes);
+}
+
+void frmSupplier::ClearData()
+{
+    for (QLineEdit *box :
+         {txtSupplierID, txtName, txtTax, txtTerms, txtEmail, txtWebSite, txtAddress, txtAddress2,
+          txtCity, txtZip, txtAtten, txtLicenseNo, txtContactName})
+        box->clear();
+    txtCreditLimit->setValue(0);
+    cboState->select(0);
+    txtPhone->clear();
+    txtFax->clear();
+    txtNotes->clear();
+}
+
+void frmSupplier::prepareNewRecord()
+{
+    txtSupplierID->setText(QString::number(GenerateID(u"tblSupplier"_s, u"SupplierID"_s)));
+    txtName->setFocus();
+}
+
+bool frmSupplier::VailidateFields()
+{
+    if (input::isBlank(txtSupplierID))
+        return refuse(txtSupplierID, u"Supplier ID should not be blank."_s, false);
+    if (input::isBlank(txtName))
+        return refuse(txtName, u"Supplier Name should not be blank."_s, false);
+    return true;
+}
+
+std::optional<QVariant> frmSupplier::saveRecord()
+{
+    clsSupplier supplier;
+    supplier.SupplierID = txtSupplierID->text().toLongLong();
+    supplier.Name = txtName->text().trimmed();
+    supplier.Tax = txtTax->text().trimmed();
+    supplier.Terms = txtTerms->text();
+    supplier.CreditLimit = txtCreditLimit->value();
+    supplier.Email = txtEmail->text().trimmed();
+    supplier.WebSite = txtWebSite->text().trimmed();
+    supplier.Address = txtAddress->text();
+    supplier.Address2 = txtAddress2->text();
+    supplier.City = txtCity->text();
+    supplier.State = cboState->id();
+    supplier.Zip = txtZip->text().trimmed();
+    supplier.Phone = txtPhone->text();
+    supplier.Fax = txtFax->text();
+    supplier.Atten = txtAtten->text();
+    supplier.LicenseNo = txtLicenseNo->text();
+    supplier.ContactName = txtContactName->text();
+    supplier.Notes = txtNotes->toPlainText();
+    if (!clsSupplier_Manager().SaveRecord(supplier, mode()))
+        return std::nullopt;
+    return QVariant(supplier.SupplierID);
+}
+
+bool frmSupplier::deleteRecord(const QVariant &key)
+{
+    return clsSupplier_Manager().DeleteRecord(key.toLongLong());
+}
+
+QString frmSupplier::usedBy(const QVariant &key) const
+{
+    return clsSupplier_Manager().CanDeleteLocation(key.toLongLong());
+}
+
+void frmSupplier::recordShown()
+{
+    cmdFind->setEnabled(hasRows() && screenCalls().ShowQuickFind != nullptr);
+    cmdPrint->setEnabled(hasRows() && screenCalls().hasReport(u"ShowSupplierReport"_s));
+}
+
+void frmSupplier::cmdFind_Click()
+{
+    const QString found = screenCalls().ShowQuickFind(
+        {u"Name"_s, u"Supplier Name"_s, u"tblSupplier"_s, u"frmSupplier"_s, txtSupplierID->text()});
+    if (!found.trimmed().isEmpty())
+        RefreshRecordSet(found);
+}
+
+void frmSupplier::cmdPrint_Click()
+{
+    screenCalls().reports.value(u"ShowSupplierReport"_s)(u"Where tblSupplier.SupplierID="_s +
+                                                         txtSupplierID->text());
+}

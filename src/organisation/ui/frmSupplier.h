@@ -1,0 +1,58 @@
+#pragma once
+
+#include "core/ui/RecordScreen.h"
+
+class QPlainTextEdit;
+
+namespace input {
+class CurrencyInput;
+class IdCombo;
+class PhoneInput;
+} // namespace input
+
+/// Suppliers of machines and parts.
+class frmSupplier final : public RecordScreen
+{
+    Q_OBJECT
+
+public:
+    explicit frmSupplier(QWidget *parent = nullptr);
+
+protected:
+    db::Recordset loadRows() override;
+    QString keyColumn() const override { return QStringLiteral("SupplierID"); }
+    void DisplayData(const db::Row &row) override;
+    void ClearData() override;
+    void prepareNewRecord() override;
+    bool VailidateFields() override;
+    std::optional<QVariant> saveRecord() override;
+    bool deleteRecord(const QVariant &key) override;
+    QString usedBy(const QVariant &key) const override;
+    void recordShown() override;
+    void cmdFind_Click() override;
+    void cmdPrint_Click() override;
+
+private:
+    void buildForm();
+    void cmdState_Click();
+    bool checkPhone(input::PhoneInput *box, const QString &message);
+
+    QLineEdit *txtSupplierID = nullptr;
+    QLineEdit *txtName = nullptr;
+    QLineEdit *txtTax = nullptr;
+    QLineEdit *txtTerms = nullptr;
+    input::CurrencyInput *txtCreditLimit = nullptr;
+    QLineEdit *txtEmail = nullptr;
+    QLineEdit *txtWebSite = nullptr;
+    QLineEdit *txtAddress = nullptr;
+    QLineEdit *txtAddress2 = nullptr;
+    QLineEdit *txtCity = nullptr;
+    input::IdCombo *cboState = nullptr;
+    QLineEdit *txtZip = nullptr;
+    input::PhoneInput *txtPhone = nullptr;
+    input::PhoneInput *txtFax = nullptr;
+    QLineEdit *txtAtten = nullptr;
+    QLineEdit *txtLicenseNo = nullptr;
+    QLineEdit *txtContactName = nullptr;
+    QPlainTextEdit *txtNotes = nullptr;
+};
