@@ -12,8 +12,8 @@ sample::Plan planFor(SampleSize size)
     if (size == SampleSize::Large) {
         plan.machines = 10000;
         plan.partSeries = 72;
-        plan.historyPerService = 14;
-        plan.readingEveryDays = 30;
+        plan.historyPerService = 22;
+        plan.readingEveryDays = 60;
         plan.openOrders = 2000;
         plan.scansPerMachine = 6;
     }

@@ -131,9 +131,14 @@ private:
         QDate wished = chooseNext();
         QDate next = m_service.pattern.firstFrom(wished);
         QDate base = before(next);
-        // A pattern pushes the date on; what led to it must not lie in the future.
-        while (base > m_machine.lastDay) {
-            wished = wished.addDays(-5);
+        const auto isUnlikely = [&] {
+            // A pattern pushes the date on; what led to it must not lie in the future, nor, where
+            // there is a choice, at a weekend.
+            return base > m_machine.lastDay ||
+                   (m_case == Case::Any && next == wished && base.dayOfWeek() > 5);
+        };
+        while (isUnlikely()) {
+            wished = wished.addDays(-1);
             next = m_service.pattern.firstFrom(wished);
             base = before(next);
         }
@@ -177,6 +182,8 @@ private:
         const int from =
             std::max(now - static_cast<int>(part * interval), meter.at(m_machine.acquired));
         QDate start = meter.reached(from);
+        while (start.dayOfWeek() > 5 && start > m_machine.acquired)
+            start = start.addDays(-1);
         m_assignment.nextCount = from + interval;
         if (start <= m_first)
             return;
