@@ -41,9 +41,9 @@ void Writer::write(const Statement &statement)
         noteLongNames(statement.query->selects.front());
     }
     m_plan.text = std::move(m_text);
-    std::ranges::sort(m_plan.fixedLiterals);
-    const auto repeated = std::ranges::unique(m_plan.fixedLiterals);
-    m_plan.fixedLiterals.erase(repeated.begin(), repeated.end());
+    auto &fixed = m_plan.fixedLiterals;
+    std::ranges::sort(fixed);
+    fixed.erase(std::unique(fixed.begin(), fixed.end()), fixed.end());
 }
 
 void Writer::noteLongNames(const Select &select)
