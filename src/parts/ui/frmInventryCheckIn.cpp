@@ -1,0 +1,119 @@
+#include "parts/ui/frmInventryCheckIn.h"
+
+#include "core/Session.h"
+#include "core/ui/IncrementalSearch.h"
+#include "core/ui/ListGrid.h"
+#include "platform/base/Trapped.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/Theme.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr const char *Module = "frmInventryCheckIn";
+constexpr QStringView Received = u"Qty Received";
+} // namespace
+
+frmInventryCheckIn::frmInventryCheckIn(QWidget *parent)
+    : Screen(u"frmInventryCheckIn"_s, u"Inventory CheckIn"_s, parent)
+{
+    buildForm();
+    ShowGrid();
+    adoptGrid(grdParts, u"grdParts"_s);
+    setMode(Mode::Browse);
+}
+
+void frmInventryCheckIn::buildForm()
+{
+    input::FormBuilder form(this);
+    txtSearch = form.textField(u"txtSearch"_s, u"Sea&rch:"_s, 100);
+    chkReorder = form.checkBox(u"chkReorder"_s, u"Reorder &Inventory"_s);
+    grdParts = makeListGrid(this, u"grdParts"_s, u"Parts"_s,
+                            {{.name = u"Part Number"_s, .width = 140},
+                             {.name = u"Description"_s, .width = 320},
+                             {.name = u"Qty on Hand"_s, .width = 110, .format = u"0.00"_s},
+                             {.name = Received.toString(),
+                              .width = 110,
+                              .editable = true,
+                              .kind = sql::ColumnKind::Real}});
+    form.widget(grdParts, true);
+    cmdUpdate = form.button(u"cmdUpdate"_s, u"&Save"_s, theme::icon(u"save"_s));
+    cmdCancel = form.button(u"cmdCancel"_s, u"&Cancel"_s, theme::icon(u"cancel"_s));
+    cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
+    form.finish();
+    resize(800, 520);
+
+    auto *search = new IncrementalSearch(txtSearch, grdParts);
+    search->setColumns({{u"Part Number"_s, u"VARCHAR"_s}, {u"Description"_s, u"VARCHAR"_s}});
+    connect(chkReorder, &QCheckBox::toggled, this, &frmInventryCheckIn::ShowGrid);
+    connect(grdParts, &grid::GridView::typing, this, [this] { edited(); });
+    grdParts->rows().changeRule = [this](int row, const QString &, const QVariant &value) {
+        edited();
+        // An emptied cell has received nothing.
+        if (value.isNull() || value.toString().trimmed().isEmpty()) {
+            grdParts->rows().setValue(row, Received, 0.0);
+            return false;
+        }
+        return true;
+    };
+    connect(cmdUpdate, &QPushButton::clicked, this, &frmInventryCheckIn::SaveChanges);
+    connect(cmdCancel, &QPushButton::clicked, this, [this] {
+        ShowGrid();
+        setMode(Mode::Browse);
+    });
+    connect(cmdExit, &QPushButton::clicked, this, [this] { unload(); });
+}
+
+void frmInventryCheckIn::EnableControls()
+{
+    const bool browsing = mode() == Mode::Browse;
+    cmdUpdate->setVisible(!browsing);
+    cmdCancel->setVisible(!browsing);
+    cmdExit->setVisible(browsing);
+    chkReorder->setEnabled(browsing);
+    setCloseEnabled(browsing);
+}
+
+void frmInventryCheckIn::ShowGrid()
+{
+    base::trapped(Module, "ShowGrid", [&] {
+        QString statement = u"SELECT tblPart.PartID as [Part Number], tblPart.Description, "
+                            "tblPart.Quantity as [Qty on Hand] FROM tblPart"_s;
+        if (chkReorder->isChecked())
+            statement += u" where  Quantity<=QtyMin"_s;
+        grdParts->rows().setRecordset(gcnData->Open(statement));
+        FillValue();
+        grdParts->selectRow(grdParts->displayedOrder().value(0, -1));
+    });
+}
+
+void frmInventryCheckIn::FillValue()
+{
+    grdParts->rows().setAll(Received, 0.0);
+}
+
+void frmInventryCheckIn::SaveChanges()
+{
+    if (!grdParts->finishEditing())
+        return;
+    const bool saved = base::trapped(Module, "SaveChanges", false, [&] {
+        TransactionScope transaction;
+        const grid::GridModel &rows = grdParts->rows();
+        // Every row is written from what the grid shows, changed or not.
+        for (int row = 0; row < rows.rowCount(); ++row)
+            gcnData->Execute(
+                u"Update tblPart Set Quantity=? where  PartID=?"_s,
+                {rows.value(row, u"Qty on Hand").toDouble() + rows.value(row, Received).toDouble(),
+                 rows.value(row, u"Part Number")});
+        transaction.commit();
+        return true;
+    });
+    if (!saved)
+        return;
+    ShowGrid();
+    setMode(Mode::Browse);
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "core/ui/Screen.h"
+
+class QCheckBox;
+class QLineEdit;
+class QPushButton;
+
+/// Adds received goods to the stock of parts.
+class frmInventryCheckIn final : public Screen
+{
+    Q_OBJECT
+
+public:
+    explicit frmInventryCheckIn(QWidget *parent = nullptr);
+
+protected:
+    void EnableControls() override;
+    bool mayClose() override { return mode() == Mode::Browse; }
+
+private:
+    void buildForm();
+    void ShowGrid();
+    void FillValue();
+    void SaveChanges();
+
+    QLineEdit *txtSearch = nullptr;
+    QCheckBox *chkReorder = nullptr;
+    grid::GridView *grdParts = nullptr;
+    QPushButton *cmdUpdate = nullptr;
+    QPushButton *cmdCancel = nullptr;
+    QPushButton *cmdExit = nullptr;
+};

@@ -1,0 +1,271 @@
+#include "parts/ui/frmPart.h"
+
+#include "core/General.h"
+#include "core/ui/Combos.h"
+#include "core/ui/LookupCombo.h"
+#include "core/ui/ScreenCalls.h"
+#include "organisation/clsIndicator.h"
+#include "organisation/ui/Entries.h"
+#include "parts/clsPart.h"
+#include "platform/base/Format.h"
+#include "platform/base/Prompts.h"
+#include "platform/input/CurrencyInput.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/KeyFilter.h"
+#include "platform/input/Leaving.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString flagText(const QCheckBox *box)
+{
+    return box->isChecked() ? u"1"_s : u"0"_s;
+}
+
+double numberOf(const QLineEdit *box)
+{
+    return box->text().trimmed().toDouble();
+}
+
+} // namespace
+
+frmPart::frmPart(QWidget *parent)
+    : RecordScreen(u"frmPart"_s, u"Parts"_s, parent)
+{
+    setRights(&Rights::PaAdd, &Rights::PaMod, &Rights::PaDel);
+    buildForm();
+    loadCategories();
+    loadSuppliers();
+}
+
+void frmPart::buildForm()
+{
+    input::FormBuilder form(this);
+    txtPartID = form.textField(u"txtPartID"_s, u"Part &Number:"_s, 30);
+    txtDescription = form.textField(u"txtDescription"_s, u"D&escription:"_s, 100);
+    cboPartCategory = form.comboField(u"cboPartCategory"_s, u"Cate&gory:"_s);
+    QToolButton *cmdPartCategory = form.sideButton(u"cmdPartCategory"_s, u"Edit the categories"_s);
+    cboSupplier = form.comboField(u"cboSupplier"_s, u"Supp&lier:"_s);
+    QToolButton *cmdSupplier = form.sideButton(u"cmdSupplier"_s, u"Open the suppliers"_s);
+    txtPrice = form.currencyField(u"txtPrice"_s, u"Pri&ce:"_s);
+    txtBin = form.textField(u"txtBin"_s, u"&Bin:"_s, 30);
+    txtBarCode = form.textField(u"txtBarCode"_s, u"Bar Co&de:"_s, 30);
+    chkNotTrackInventory =
+        form.checkBox(u"chkNotTrackInventory"_s, u"Do Not &Track for Inventory"_s);
+    fraInventory = form.beginGroup(u"Inventory"_s, u"fraInventory"_s);
+    form.beginColumns();
+    txtQuantity = form.textField(u"txtQuantity"_s, u"&Quantity on Hand:"_s, 12);
+    form.nextColumn();
+    txtPartCommited = form.textField(u"txtPartCommited"_s, u"Part Commited:"_s);
+    txtPartCommited->setReadOnly(true);
+    form.endColumns();
+    form.beginRow(u"Reorder"_s);
+    txtMax = form.textField(u"txtMax"_s, {}, 12);
+    txtMin = form.textField(u"txtMin"_s, u"units when Quantity on Hand drops below"_s, 12);
+    form.endRow();
+    form.endGroup();
+    chkInactive = form.checkBox(u"chkInactive"_s, u"Inacti&ve"_s);
+    txtNotes = form.memoField(u"txtNotes"_s, u"N&otes:"_s, 3);
+    makeButtons(form, {.find = true, .print = true});
+    form.finish();
+
+    txtMax->setAccessibleName(u"Units to reorder"_s);
+    input::upperCaseAsTyped(txtPartID);
+    for (QLineEdit *box : {txtQuantity, txtMax, txtMin}) {
+        input::restrictTo(box, input::TypeCheck::Double);
+        connect(box, &QLineEdit::editingFinished, this, [this, box] { formatQuantity(box); });
+    }
+    setDataControls({txtPartID, txtDescription, cboPartCategory, cboSupplier, txtPrice, txtBin,
+                     txtBarCode, chkNotTrackInventory, txtQuantity, txtMax, txtMin, chkInactive,
+                     txtNotes});
+    connect(chkNotTrackInventory, &QCheckBox::toggled, this, &frmPart::ChangePosition);
+    connect(cmdPartCategory, &QToolButton::clicked, this, [this] {
+        ShowIndicatorDetail(LookupList::PartCategory, cboPartCategory->id());
+        rebuildKeepingChoice(*cboPartCategory, [this] { loadCategories(); });
+    });
+    connect(cmdSupplier, &QToolButton::clicked, this, [this] {
+        ShowSupplierDetail(Mode::Browse, cboSupplier->id());
+        rebuildKeepingChoice(*cboSupplier, [this] { loadSuppliers(); });
+    });
+    input::validateOnLeave(txtPartID, [this] { return txtPartID_Validate(); });
+    for (QPushButton *button : {cmdCancel, cmdExit})
+        input::setCausesValidation(button, false);
+}
+
+void frmPart::loadCategories()
+{
+    LoadItemWithIdToCombo(*cboPartCategory, GetIndicatorInfo(LookupList::PartCategory, false, true),
+                          u"ItemID"_s, u"ItemName"_s, true);
+}
+
+void frmPart::loadSuppliers()
+{
+    LoadItemWithIdToCombo(*cboSupplier, clsPartManager().GetSupplierInfo(), u"SupplierID"_s,
+                          u"Name"_s, true);
+}
+
+void frmPart::formatQuantity(QLineEdit *box)
+{
+    bool isNumber = false;
+    const QString text = box->text().trimmed();
+    const double value = text.isEmpty() ? (isNumber = true, 0.0) : text.toDouble(&isNumber);
+    if (isNumber)
+        box->setText(base::twoDecimals(value));
+}
+
+bool frmPart::txtPartID_Validate()
+{
+    if (!IsDuplicate(u"tblpart"_s, u"PartID"_s, m_storedNumber, txtPartID->text(), false))
+        return true;
+    db::Recordset clone = rows().Clone();
+    QString holder;
+    if (clone.Find(u"PartID='%1'"_s.arg(base::doubledQuotes(txtPartID->text().trimmed()))))
+        holder = clone.current().text(u"Description");
+    base::showInformation(
+        u"This part number is already in use on \"%1\". Please assign a different "
+        "number."_s.arg(holder));
+    txtPartID->clear();
+    return false;
+}
+
+void frmPart::ChangePosition()
+{
+    fraInventory->setVisible(!chkNotTrackInventory->isChecked());
+}
+
+db::Recordset frmPart::loadRows()
+{
+    return clsPartManager().GetPartInfo();
+}
+
+void frmPart::DisplayData(const db::Row &row)
+{
+    const clsPart part = clsPart::fromRow(row);
+    m_storedNumber = part.PartID;
+    txtPartID->setText(part.PartID);
+    txtDescription->setText(part.Description);
+    showLookup(*cboPartCategory, part.PartCategoryID);
+    showLookup(*cboSupplier, part.SupplierID);
+    txtPrice->setValue(part.Price);
+    txtBin->setText(part.Bin);
+    txtBarCode->setText(part.Bar_Code);
+    txtQuantity->setText(base::twoDecimals(part.Quantity));
+    txtMax->setText(base::twoDecimals(part.QtyMax));
+    txtMin->setText(base::twoDecimals(part.QtyMin));
+    txtPartCommited->setText(base::twoDecimals(clsPartManager().PartCommited(part.PartID)));
+    chkInactive->setChecked(part.Inactive == u"1");
+    chkNotTrackInventory->setChecked(part.TrackInventory == u"1");
+    txtNotes->setPlainText(part.Notes);
+    ChangePosition();
+}
+
+void frmPart::ClearData()
+{
+    m_storedNumber.clear();
+    for (QLineEdit *box : {txtPartID, txtDescription, txtBin, txtBarCode, txtQuantity, txtMax,
+                           txtMin, txtPartCommited})
+        box->clear();
+    cboPartCategory->select(0);
+    cboSupplier->select(0);
+    txtPrice->setValue(0);
+    chkInactive->setChecked(false);
+    chkNotTrackInventory->setChecked(false);
+    txtNotes->clear();
+    ChangePosition();
+}
+
+void frmPart::prepareNewRecord()
+{
+    txtPartID->setFocus();
+}
+
+bool frmPart::VailidateFields()
+{
+    if (input::isBlank(txtPartID))
+        return refuse(txtPartID, u"Part Number should not be blank."_s);
+    if (input::isBlank(txtDescription))
+        return refuse(txtDescription, u"Description should not be blank."_s);
+    bool isNumber = true;
+    if (!txtQuantity->text().trimmed().isEmpty())
+        (void)txtQuantity->text().trimmed().toDouble(&isNumber);
+    if (!isNumber)
+        return refuse(txtQuantity, u"Quantity should be numeric."_s);
+    const clsPartManager manager;
+    if (chkInactive->isChecked()) {
+        const QString word = manager.CanDeletePart(txtPartID->text().trimmed());
+        if (!word.isEmpty())
+            return refuse(chkInactive, u"This part is already assigned to %1 and can not be "
+                                       "decativated."_s.arg(word));
+    }
+    if (IsDuplicate(u"tblpart"_s, u"PartID"_s, m_storedNumber, txtPartID->text(), false))
+        return refuse(txtPartID, u"Part Number you specified already exists. Please enter a "
+                                 "different Part Number."_s);
+    if (mode() == Mode::Modify && txtPartID->text().trimmed() != m_storedNumber) {
+        const QString word = manager.CanDeletePart(m_storedNumber);
+        if (!word.isEmpty())
+            return refuse(txtPartID, u"You can't modified this Part Number. It's being used in "
+                                     "%1."_s.arg(word));
+    }
+    return true;
+}
+
+std::optional<QVariant> frmPart::saveRecord()
+{
+    clsPart part;
+    part.OldPartID = m_storedNumber;
+    part.PartID = txtPartID->text().trimmed();
+    part.Description = txtDescription->text().trimmed();
+    part.PartCategoryID = cboPartCategory->id();
+    part.SupplierID = cboSupplier->id();
+    part.Price = txtPrice->value();
+    part.Bin = txtBin->text().trimmed();
+    part.Bar_Code = txtBarCode->text().trimmed();
+    part.Quantity = numberOf(txtQuantity);
+    part.QtyMax = numberOf(txtMax);
+    part.QtyMin = numberOf(txtMin);
+    part.Inactive = flagText(chkInactive);
+    part.TrackInventory = flagText(chkNotTrackInventory);
+    part.Notes = txtNotes->toPlainText().trimmed();
+    if (!clsPartManager().SaveRecord(part, mode()))
+        return std::nullopt;
+    txtPartID->setFocus();
+    return QVariant(part.PartID);
+}
+
+bool frmPart::deleteRecord(const QVariant &key)
+{
+    return clsPartManager().DeleteRecord(base::toText(key));
+}
+
+QString frmPart::usedBy(const QVariant &key) const
+{
+    return clsPartManager().CanDeletePart(base::toText(key));
+}
+
+void frmPart::recordShown()
+{
+    cmdFind->setEnabled(hasRows() && screenCalls().ShowQuickFind != nullptr);
+    cmdPrint->setEnabled(hasRows() && screenCalls().hasReport(u"ShowInventoryReport"_s));
+}
+
+void frmPart::cmdFind_Click()
+{
+    const QString found = screenCalls().ShowQuickFind(
+        {u"PartID"_s, u"Part Number"_s, u"tblPart"_s, u"frmPart"_s, m_storedNumber});
+    if (!found.trimmed().isEmpty())
+        RefreshRecordSet(found);
+}
+
+void frmPart::cmdPrint_Click()
+{
+    screenCalls().reports.value(u"ShowInventoryReport"_s)(
+        u" where  tblPart.PartID = '%1'"_s.arg(base::doubledQuotes(m_storedNumber)));
+}

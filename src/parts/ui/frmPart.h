@@ -1,0 +1,61 @@
+#pragma once
+
+#include "core/ui/RecordScreen.h"
+
+class QCheckBox;
+class QPlainTextEdit;
+
+namespace input {
+class CurrencyInput;
+class IdCombo;
+} // namespace input
+
+/// Parts: what they are, what they cost, how many are there.
+class frmPart final : public RecordScreen
+{
+    Q_OBJECT
+
+public:
+    explicit frmPart(QWidget *parent = nullptr);
+
+protected:
+    db::Recordset loadRows() override;
+    QString keyColumn() const override { return QStringLiteral("PartID"); }
+    void DisplayData(const db::Row &row) override;
+    void ClearData() override;
+    void prepareNewRecord() override;
+    bool VailidateFields() override;
+    std::optional<QVariant> saveRecord() override;
+    bool deleteRecord(const QVariant &key) override;
+    QString usedBy(const QVariant &key) const override;
+    void recordShown() override;
+    void cmdFind_Click() override;
+    void cmdPrint_Click() override;
+
+private:
+    void buildForm();
+    void loadSuppliers();
+    void loadCategories();
+    bool txtPartID_Validate();
+    /// Shows or hides what only a tracked part has.
+    void ChangePosition();
+    void formatQuantity(QLineEdit *box);
+
+    QLineEdit *txtPartID = nullptr;
+    QLineEdit *txtDescription = nullptr;
+    input::IdCombo *cboPartCategory = nullptr;
+    input::IdCombo *cboSupplier = nullptr;
+    input::CurrencyInput *txtPrice = nullptr;
+    QLineEdit *txtBin = nullptr;
+    QLineEdit *txtBarCode = nullptr;
+    QCheckBox *chkNotTrackInventory = nullptr;
+    QWidget *fraInventory = nullptr;
+    QLineEdit *txtQuantity = nullptr;
+    QLineEdit *txtPartCommited = nullptr;
+    QLineEdit *txtMax = nullptr;
+    QLineEdit *txtMin = nullptr;
+    QCheckBox *chkInactive = nullptr;
+    QPlainTextEdit *txtNotes = nullptr;
+
+    QString m_storedNumber; ///< as displayed; empty for a new part
+};

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "core/ui/Screen.h"
+
+class QLineEdit;
+class QPushButton;
+
+/// The list of parts: to manage them, or to pick some with quantities for a machine, a service or
+/// an order.
+class frmPartManager final : public Screen
+{
+    Q_OBJECT
+
+public:
+    /// leftOut: quoted, comma-separated part numbers that are not listed; may be empty.
+    frmPartManager(const QString &leftOut, bool selectMode, QWidget *parent = nullptr);
+
+    /// What was picked, as selection text; empty when nothing was.
+    [[nodiscard]] const QString &selection() const { return m_selection; }
+
+protected:
+    void EnableControls() override;
+
+private:
+    void buildForm();
+    void ShowGrid(const QString &keepPart = {});
+    void FillValue();
+    bool partTicked(int row, const QString &column, const QVariant &value);
+    void cmdSelect_Click();
+    void cmdAdd_Click();
+    void cmdDelete_Click();
+    void openPart(int row);
+    [[nodiscard]] QString currentPart() const;
+
+    QString m_leftOut;
+    bool m_selectMode;
+    QString m_selection;
+
+    QLineEdit *txtSearch = nullptr;
+    grid::GridView *grdParts = nullptr;
+    QPushButton *cmdSelect = nullptr;
+    QPushButton *cmdAdd = nullptr;
+    QPushButton *cmdDelete = nullptr;
+    QPushButton *cmdExit = nullptr;
+};
