@@ -3,6 +3,15 @@
 #include "platform/db/EngineErrors.h"
 #include "platform/db/EngineHome.h"
 
+#ifdef __SANITIZE_ADDRESS__
+/// The engine keeps some memory until the process ends; only our own leaks count.
+extern "C" const char *__lsan_default_suppressions();
+extern "C" const char *__lsan_default_suppressions()
+{
+    return "leak:libfbclient\nleak:libEngine\n";
+}
+#endif
+
 namespace db::engine {
 
 Firebird::IMaster *master()

@@ -86,30 +86,64 @@ bool readHeader(int descriptor, Header &header)
            header[0] == headerPage;
 }
 
+/// What changes whenever somebody writes to the file.
+struct FileState
+{
+    qint64 seconds = 0;
+    qint64 nanoseconds = 0;
+    qint64 size = 0;
+    Header header{};
+
+    bool operator==(const FileState &) const = default;
+};
+
+FileState stateOf(int descriptor)
+{
+    FileState state;
+    struct stat status
+    {};
+    if (::fstat(descriptor, &status) == 0) {
+        state.seconds = status.st_mtim.tv_sec;
+        state.nanoseconds = status.st_mtim.tv_nsec;
+        state.size = status.st_size;
+    }
+    readHeader(descriptor, state.header);
+    return state;
+}
+
 } // namespace
 
-FileHold::FileHold(const QString &file)
+FreeFile::FreeFile(const QString &file)
     : m_file(file)
     , m_descriptor(::open(QFile::encodeName(file).constData(), O_RDONLY | O_CLOEXEC))
 {
     if (m_descriptor < 0)
         fail(file);
-    m_held = ::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0;
+    test();
 }
 
-FileHold::~FileHold()
+FreeFile::~FreeFile()
 {
     ::close(m_descriptor);
 }
 
-bool FileHold::isDiverted() const
+/// The engine locks the file, for sharing, while a program is attached.
+void FreeFile::test()
+{
+    m_isFree = ::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0;
+    if (m_isFree)
+        ::flock(m_descriptor, LOCK_UN);
+}
+
+bool FreeFile::isDiverted() const
 {
     Header header{};
     return readHeader(m_descriptor, header) && (header[flagsOffset + 1] & backupBits) != 0;
 }
 
-void FileHold::copyTo(const QString &destination) const
+bool FreeFile::copyTo(const QString &destination)
 {
+    const FileState before = stateOf(m_descriptor);
     constexpr std::size_t blockSize = 1 << 20;
     Descriptor output(destination, O_WRONLY | O_CREAT | O_EXCL);
     std::vector<char> block(blockSize);
@@ -124,6 +158,11 @@ void FileHold::copyTo(const QString &destination) const
         position += length;
     }
     output.finish();
+    test();
+    if (m_isFree && stateOf(m_descriptor) == before)
+        return true;
+    QFile::remove(destination);
+    return false;
 }
 
 void finishEngineCopy(const QString &file)

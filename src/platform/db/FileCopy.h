@@ -5,29 +5,33 @@
 /// Copying a database file as plain bytes. Raises DbError.
 namespace db {
 
-/// An exclusive hold on a database file: nobody can attach to it meanwhile.
-class FileHold
+/// A database file opened for copying. Never keeps anybody from attaching to it for longer than
+/// the moment of a test.
+class FreeFile
 {
 public:
-    /// Opens the file; held() tells whether the hold was granted. Raises DbError when the file
-    /// can't be opened.
-    explicit FileHold(const QString &file);
-    ~FileHold();
-    FileHold(const FileHold &) = delete;
-    FileHold &operator=(const FileHold &) = delete;
+    /// Opens the file and tests whether somebody is attached to it. Raises DbError when it can't be
+    /// opened.
+    explicit FreeFile(const QString &file);
+    ~FreeFile();
+    FreeFile(const FreeFile &) = delete;
+    FreeFile &operator=(const FreeFile &) = delete;
 
-    /// False when some program is attached to the file.
-    [[nodiscard]] bool held() const { return m_held; }
+    /// True when no program was attached to the file at the latest test.
+    [[nodiscard]] bool isFree() const { return m_isFree; }
     /// True while a backup of the engine's own has diverted the changes into a second file, so that
     /// this one is old.
     [[nodiscard]] bool isDiverted() const;
-    /// Writes the file's bytes to a new file and makes sure that they are on the disk.
-    void copyTo(const QString &destination) const;
+    /// Writes the file's bytes to a new file and makes sure that they are on the disk. False, and
+    /// no file, when somebody attached to the source meanwhile, since he may have changed it.
+    [[nodiscard]] bool copyTo(const QString &destination);
 
 private:
+    void test();
+
     QString m_file;
     int m_descriptor;
-    bool m_held;
+    bool m_isFree = false;
 };
 
 /// Marks a copy that the engine made of a file in use as a database of its own.

@@ -120,7 +120,7 @@ void createDatabase(const Target &target)
 
 bool isHeld(const QString &file)
 {
-    return !FileHold(file).held();
+    return !FreeFile(file).isFree();
 }
 
 void backupOnline(const Target &source, const QString &destinationFile)
@@ -134,16 +134,10 @@ void backupOnline(const Target &source, const QString &destinationFile)
         return;
     }
     PartialFile copy(destinationFile, u".part~"_s);
-    bool isStale = false;
-    {
-        const FileHold hold(source.file);
-        isStale = hold.held() && hold.isDiverted();
-        if (hold.held() && !isStale)
-            hold.copyTo(copy.path());
-    }
-    if (isStale)
+    FreeFile file(source.file);
+    if (file.isFree() && file.isDiverted())
         endStaleBackup(source);
-    if (!QFileInfo::exists(copy.path()))
+    if (!file.isFree() || !file.copyTo(copy.path()))
         copyInUse(source, copy.path());
     copy.moveTo(destinationFile);
 }

@@ -161,6 +161,21 @@ TEST_F(Maintenance, BackupWhileAnotherProgramWritesIsWhole)
     expectWhole(database.file());
 }
 
+/// A program that is killed during the engine's backup leaves the changes in a second file.
+TEST_F(Maintenance, BackupAfterABackupThatNeverEndedIsWhole)
+{
+    HelperProcess helper(u"begin-backup"_s, database.file());
+    ASSERT_EQ(helper.line(), u"begun"_s);
+    {
+        db::Connection data = database.connect();
+        data.Execute(u"Insert into tblLog(Name) values('after')"_s);
+    }
+    helper.kill();
+    db::backupOnline(database.target(), path(u"copy.mdb"_s));
+    expectWhole(path(u"copy.mdb"_s), 501);
+    EXPECT_EQ(files(), (QStringList{u"copy.mdb"_s, u"test.mdb"_s}));
+}
+
 TEST_F(Maintenance, ABackupThatFailsLeavesNothingBehind)
 {
     EXPECT_EQ(raisedBy([&] {
