@@ -11,9 +11,22 @@
 #include "shell/ui/frmMainScreen.h"
 
 #include <QApplication>
+#include <csignal>
 #include <memory>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The database engine answers these signals by taking its connections down and letting the process
+/// live on without them. A process that is told to end has to end.
+void letSignalsEndTheProcess()
+{
+    std::signal(SIGINT, SIG_DFL);
+    std::signal(SIGTERM, SIG_DFL);
+}
+
+} // namespace
 
 int main(int argc, char *argv[])
 {
@@ -33,12 +46,14 @@ int main(int argc, char *argv[])
     StartUpSteps steps;
     steps.PrevInstance = [&] { return !instance.isFirst(); };
     steps.frmLogin = [] {
+        letSignalsEndTheProcess();
         bool loggedIn = false;
         frmLogin::ShowLoginForm(loggedIn);
         return loggedIn;
     };
     steps.SetUserRole = SetUserRole;
     steps.frmMainScreen = [&] {
+        letSignalsEndTheProcess();
         mainScreen = std::make_unique<frmMainScreen>(end);
         mainScreen->show();
     };
