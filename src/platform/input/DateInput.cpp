@@ -54,10 +54,7 @@ public:
         m_calendar->setMinimumDate(QDate(1900, 1, 1));
         m_calendar->setMaximumDate(QDate(2099, 12, 31));
         m_calendar->setSelectedDate(box->date().isValid() ? box->date() : base::today());
-        QTextCharFormat today;
-        today.setFontWeight(QFont::Bold);
-        today.setFontUnderline(true);
-        m_calendar->setDateTextFormat(base::today(), today);
+        dressUp();
         auto *todayButton = new QPushButton(QStringLiteral("&Today"), this);
         auto *noneButton = new QPushButton(QStringLiteral("&None"), this);
         for (QPushButton *button : {todayButton, noneButton}) {
@@ -99,6 +96,33 @@ public:
     }
 
 private:
+    /// Gives the calendar the house's colours and pictures, and marks today by the program's clock.
+    void dressUp()
+    {
+        QTextCharFormat today;
+        today.setFontWeight(QFont::Bold);
+        today.setFontUnderline(true);
+        m_calendar->setDateTextFormat(base::today(), today);
+        QTextCharFormat weekend;
+        weekend.setForeground(theme::accentColor());
+        m_calendar->setWeekdayTextFormat(Qt::Saturday, weekend);
+        m_calendar->setWeekdayTextFormat(Qt::Sunday, weekend);
+        if (auto *bar =
+                m_calendar->findChild<QWidget *>(QStringLiteral("qt_calendar_navigationbar"))) {
+            QPalette colors = bar->palette();
+            colors.setColor(QPalette::Highlight, theme::mainColor());
+            bar->setPalette(colors);
+        }
+        setArrow(QStringLiteral("qt_calendar_prevmonth"), QStringLiteral("previous"));
+        setArrow(QStringLiteral("qt_calendar_nextmonth"), QStringLiteral("next"));
+    }
+
+    void setArrow(const QString &button, const QString &picture)
+    {
+        if (auto *arrow = m_calendar->findChild<QToolButton *>(button))
+            arrow->setIcon(theme::icon(picture, theme::Tone::OnDark));
+    }
+
     QCalendarWidget *m_calendar;
 };
 

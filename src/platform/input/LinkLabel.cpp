@@ -2,6 +2,7 @@
 
 #include "platform/input/Theme.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -9,12 +10,47 @@
 #include <QStyleOptionFocusRect>
 
 namespace input {
+namespace {
+
+/// Tells assistive tools that the label is a link and can be pressed.
+class AccessibleLink : public QAccessibleWidget
+{
+public:
+    explicit AccessibleLink(LinkLabel *link)
+        : QAccessibleWidget(link, QAccessible::Link)
+    {}
+
+    [[nodiscard]] QString text(QAccessible::Text kind) const override
+    {
+        const QString given = QAccessibleWidget::text(kind);
+        return kind == QAccessible::Name && given.isEmpty() ? link()->text() : given;
+    }
+    [[nodiscard]] QStringList actionNames() const override { return {pressAction()}; }
+    void doAction(const QString &name) override
+    {
+        if (name == pressAction())
+            link()->click();
+    }
+
+private:
+    [[nodiscard]] LinkLabel *link() const { return static_cast<LinkLabel *>(widget()); }
+};
+
+QAccessibleInterface *accessibleLink(const QString &, QObject *object)
+{
+    auto *link = qobject_cast<LinkLabel *>(object);
+    return link ? new AccessibleLink(link) : nullptr;
+}
+
+} // namespace
 
 LinkLabel::LinkLabel(const QString &text, QWidget *parent)
     : QLabel(text, parent)
     , m_normal(theme::mainColor())
     , m_highlighted(theme::accentColor())
 {
+    static const bool announced = (QAccessible::installFactory(accessibleLink), true);
+    Q_UNUSED(announced)
     setTextFormat(Qt::PlainText);
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::PointingHandCursor);
@@ -39,14 +75,15 @@ void LinkLabel::click()
 
 void LinkLabel::updateLook()
 {
+    const QColor color = m_hovered ? m_highlighted : m_normal;
     QPalette colors = palette();
-    colors.setColor(QPalette::Active, QPalette::WindowText, m_hovered ? m_highlighted : m_normal);
-    colors.setColor(QPalette::Inactive, QPalette::WindowText, m_hovered ? m_highlighted : m_normal);
+    colors.setColor(QPalette::Active, QPalette::WindowText, color);
+    colors.setColor(QPalette::Inactive, QPalette::WindowText, color);
     setPalette(colors);
-    QFont shown = font();
-    if (shown.underline() != (m_hovered || hasFocus())) {
-        shown.setUnderline(m_hovered || hasFocus());
-        setFont(shown);
+    if (!font().underline()) {
+        QFont underlined = font();
+        underlined.setUnderline(true);
+        setFont(underlined);
     }
 }
 
@@ -107,6 +144,8 @@ void LinkLabel::paintEvent(QPaintEvent *event)
 void LinkLabel::changeEvent(QEvent *event)
 {
     QLabel::changeEvent(event);
+    if (event->type() == QEvent::FontChange && !font().underline())
+        updateLook();
     if (event->type() == QEvent::EnabledChange) {
         m_hovered = false;
         setCursor(isEnabled() ? Qt::PointingHandCursor : Qt::ArrowCursor);

@@ -54,26 +54,21 @@ void MaskedInput::widenBlanks()
 
 void MaskedInput::fitProgramText()
 {
-    if (m_applying)
-        return;
     // Dropped text and that of the context menu's Paste come this way too.
-    if (const auto fitting = broughtIn(text()); fitting && *fitting != text()) {
-        const int caret = cursorPosition();
-        m_applying = true;
-        setText(*fitting);
-        m_applying = false;
-        setCursorPosition(std::min(caret, m_mask.length()));
-    }
+    const auto fitting = broughtIn(text());
+    if (!fitting || *fitting == text())
+        return;
+    const int caret = cursorPosition();
+    setText(*fitting);
+    setCursorPosition(std::min(caret, m_mask.length()));
 }
 
 void MaskedInput::applyEdit(const QString &newText, int caret)
 {
     if (newText != text()) {
         // Replacing through the selection keeps the line's own undo, and announces a user's edit.
-        m_applying = true;
         selectAll();
         insert(newText);
-        m_applying = false;
     }
     deselect();
     setCursorPosition(caret);

@@ -49,7 +49,6 @@ private:
     bool eraseKey(QKeyEvent *event);
 
     Mask m_mask;
-    bool m_applying = false;
 };
 
 } // namespace input

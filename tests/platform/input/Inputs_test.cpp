@@ -9,6 +9,7 @@
 #include "platform/input/Theme.h"
 #include "support/TestEnvironment.h"
 
+#include <QAccessible>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QShortcut>
@@ -129,6 +130,18 @@ TEST(LinkLabel, IsClickedByMouseEnterAndSpace)
     link->setEnabled(false);
     QTest::mouseClick(link, Qt::LeftButton);
     EXPECT_EQ(clicks.size(), 3);
+}
+
+TEST(LinkLabel, IsALinkForAssistiveTools)
+{
+    input::LinkLabel link(QStringLiteral("Web site"));
+    QSignalSpy clicks(&link, &input::LinkLabel::clicked);
+    QAccessibleInterface *told = QAccessible::queryAccessibleInterface(&link);
+    ASSERT_TRUE(told);
+    EXPECT_EQ(told->role(), QAccessible::Link);
+    EXPECT_EQ(told->text(QAccessible::Name).toStdString(), "Web site");
+    told->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(clicks.size(), 1);
 }
 
 TEST(QuickLink, IsOneControlForPictureAndLabel)
