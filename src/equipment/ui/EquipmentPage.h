@@ -1,0 +1,65 @@
+#pragma once
+
+#include "core/Mode.h"
+
+#include <QString>
+#include <QWidget>
+
+namespace grid {
+class GridView;
+}
+
+/// What the equipment screen offers to its pages.
+class EquipmentFrame
+{
+public:
+    virtual ~EquipmentFrame() = default;
+
+    [[nodiscard]] virtual Mode frameMode() const = 0;
+    /// To be called ahead of every write and at the first edit: a browsing screen turns to Modify,
+    /// which opens the transaction that Cancel undoes. Nothing happens in the other modes.
+    virtual void beginEdit() = 0;
+    /// Presses Save. True when the record was saved and the screen browses again.
+    virtual bool saveRecord() = 0;
+    /// To be called when a page has got content or lost it: marks the tabs anew.
+    virtual void contentChanged() = 0;
+    /// Restores the stored layout of a grid, whose columns have to exist, and stores it when the
+    /// screen is closed.
+    virtual void keepLayout(grid::GridView *grid, const QString &gridName) = 0;
+};
+
+/// A page of the equipment screen that shows the rows of a machine: services, history, parts,
+/// readings, pictures, documents, depreciation. It writes on gcnData inside the transaction of the
+/// screen (beginEdit ahead of it), so that Save keeps and Cancel undoes what it wrote.
+class EquipmentPage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit EquipmentPage(EquipmentFrame &frame, QWidget *parent = nullptr)
+        : QWidget(parent)
+        , m_frame(frame)
+    {}
+
+    /// Shows what the machine has; 0 empties the page. Called for each record on show, after Save
+    /// and after Cancel, whichever page is visible.
+    virtual void showMachine(qint64 EquipmentID) = 0;
+    /// Whether the page's tab is marked.
+    [[nodiscard]] virtual bool hasContent() const = 0;
+    /// Locks the page (grids can't be edited, buttons that change something are off) or opens it.
+    /// Called after each change of mode, rows or current record. Locked without the right to
+    /// change machines, and without rows; never in mode Add.
+    virtual void setEditable(bool editable) = 0;
+    /// Ends the edit of a cell ahead of Save; False when it was refused.
+    [[nodiscard]] virtual bool finishEditing() { return true; }
+    /// The page has come to the front: the control that begins it takes the focus.
+    virtual void pageShown() { setFocus(); }
+    /// The screen closes: the time to store options.
+    virtual void closing() {}
+
+protected:
+    [[nodiscard]] EquipmentFrame &frame() const { return m_frame; }
+
+private:
+    EquipmentFrame &m_frame;
+};
