@@ -11,7 +11,7 @@ build_packages=(
     "fonts-liberation2|fonts-liberation"
 )
 run_packages=(qt6-qpa-plugins)
-test_packages=(libgtest-dev libgmock-dev "firebird3.0-server|firebird4.0-server")
+test_packages=(libgtest-dev libgmock-dev "firebird3.0-utils|firebird4.0-utils")
 bench_packages=(libbenchmark-dev)
 
 is_installed() { dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null | grep -qx installed; }
@@ -42,21 +42,44 @@ find_missing() {
     done
 }
 
+# first_known NAME|NAME...: the first of these names that the package lists know.
+first_known() {
+    local name
+    for name in ${1//|/ }; do
+        if is_known "$name"; then
+            echo "$name"
+            return
+        fi
+    done
+}
+
 # install_packages NAME...: returns at once when nothing is missing.
 install_packages() {
     find_missing "$@"
     [ ${#missing[@]} -gt 0 ] || return 0
     echo "Installing: ${missing[*]}"
     as_root apt-get update -qq
-    local wanted name chosen=()
+    local wanted chosen=()
     for wanted in "${missing[@]}"; do
-        for name in ${wanted//|/ }; do
-            if is_known "$name"; then
-                chosen+=("$name")
-                break
-            fi
-        done
+        chosen+=("$(first_known "$wanted")")
     done
     as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
         "${chosen[@]}" >/dev/null
+}
+
+# unpack_database_server FOLDER: puts the server program of the database engine there for tests that
+# start one of their own. It is not installed, since that would leave a server running on this
+# computer. Prints the program's path.
+unpack_database_server() {
+    local folder=$1
+    if [ ! -x "$folder/usr/sbin/firebird" ]; then
+        mkdir -p "$folder"
+        (
+            cd "$folder"
+            apt-get download -qq "$(first_known "firebird3.0-server|firebird4.0-server")" >/dev/null 2>&1
+            dpkg-deb -x ./*.deb .
+            rm -f ./*.deb
+        )
+    fi
+    echo "$PWD/$folder/usr/sbin/firebird"
 }
