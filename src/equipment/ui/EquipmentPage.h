@@ -21,6 +21,11 @@ public:
     virtual void beginEdit() = 0;
     /// Presses Save. True when the record was saved and the screen browses again.
     virtual bool saveRecord() = 0;
+    /// Presses Cancel: everything since the first edit is undone and the machine shown anew.
+    virtual void cancelEdit() = 0;
+    /// Rebuilds the lists of a kind ("MAKE", "SITE", in any case) on all pages after its editor was
+    /// closed; what was chosen stays chosen.
+    virtual void RefreshCombo(const QString &listName) = 0;
     /// To be called when a page has got content or lost it: marks the tabs anew.
     virtual void contentChanged() = 0;
     /// Restores the stored layout of a grid, whose columns have to exist, and stores it when the
@@ -52,6 +57,9 @@ public:
     virtual void setEditable(bool editable) = 0;
     /// Ends the edit of a cell ahead of Save; False when it was refused.
     [[nodiscard]] virtual bool finishEditing() { return true; }
+    /// Asked ahead of another tab and of Save. False keeps the page; it has told the user why and
+    /// set the focus.
+    [[nodiscard]] virtual bool mayLeave() { return true; }
     /// The page has come to the front: the control that begins it takes the focus.
     virtual void pageShown() { setFocus(); }
     /// The screen closes: the time to store options.
