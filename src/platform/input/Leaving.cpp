@@ -2,12 +2,14 @@
 
 #include "platform/input/DateInput.h"
 
+#include <QAbstractButton>
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QComboBox>
 #include <QFocusEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QTextEdit>
 #include <utility>
 
@@ -80,10 +82,18 @@ private:
         m_asking = true;
         const bool mayLeave = m_mayLeave();
         m_asking = false;
-        if (!mayLeave)
-            QMetaObject::invokeMethod(
-                m_control, [control = m_control] { control->setFocus(Qt::OtherFocusReason); },
-                Qt::QueuedConnection);
+        if (mayLeave)
+            return;
+        // Queued, for the press that moved the focus is still on its way to the next control.
+        const QPointer<QWidget> pressed(next);
+        QMetaObject::invokeMethod(
+            m_control,
+            [control = m_control, pressed] {
+                if (auto *button = qobject_cast<QAbstractButton *>(pressed.data()))
+                    button->setDown(false);
+                control->setFocus(Qt::OtherFocusReason);
+            },
+            Qt::QueuedConnection);
     }
 
     QWidget *m_control;

@@ -1,10 +1,14 @@
 #include "platform/input/DialogPrompts.h"
 
+#include "platform/input/DateInput.h"
+#include "platform/input/Shown.h"
+
 #include <QApplication>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 #include <functional>
@@ -99,4 +103,28 @@ TEST(DialogPrompts, InputGivesTheTextOrNothing)
     EXPECT_EQ(ask("Snow", Qt::Key_Return), QStringLiteral("Snow"));
     EXPECT_EQ(ask("", Qt::Key_Return), QStringLiteral("Rain"));
     EXPECT_EQ(ask("Snow", Qt::Key_Escape), std::nullopt);
+}
+
+TEST(DialogPrompts, AMessageOnLeavingAFieldSwallowsTheClickThatLeft)
+{
+    input::DialogPrompts prompts;
+    const base::ScopedPrompts scope(prompts);
+    test::ShownForm window;
+    auto *date = window.form.dateField(QStringLiteral("datSold"), QStringLiteral("Sold"));
+    auto *save = window.form.button(QStringLiteral("cmdSave"), QStringLiteral("&Save"));
+    date->checkOnLeave();
+    window.showNow();
+    QSignalSpy clicks(save, &QPushButton::clicked);
+    date->setFocus();
+    QTest::keyClicks(date, QStringLiteral("13/45"));
+
+    const WhileModal script([](QWidget *box) { QTest::keyClick(box, Qt::Key_Return); });
+    QTest::mousePress(save, Qt::LeftButton);
+    // The offscreen platform leaves it to the program which window comes after a box.
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitFor([date] { return date->hasFocus(); }));
+    QTest::mouseRelease(save, Qt::LeftButton);
+    EXPECT_FALSE(save->isDown());
+    EXPECT_EQ(clicks.size(), 0);
+    EXPECT_EQ(test::textOf(date), "13/45/    ");
 }
