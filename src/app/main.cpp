@@ -11,6 +11,7 @@
 #include "shell/ui/frmMainScreen.h"
 
 #include <QApplication>
+#include <algorithm>
 #include <csignal>
 #include <memory>
 
@@ -30,7 +31,9 @@ void letSignalsEndTheProcess()
 
 int main(int argc, char *argv[])
 {
-    QApplication application(argc, argv);
+    // The command line configures nothing, so the toolkit doesn't get to see it either.
+    int programNameOnly = std::min(argc, 1);
+    QApplication application(programNameOnly, argv);
     QApplication::setApplicationName(u"Quorvantis"_s);
     // The process ends with its main form, not with whichever window was the last.
     QApplication::setQuitOnLastWindowClosed(false);

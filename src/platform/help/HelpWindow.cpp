@@ -3,11 +3,13 @@
 #include "platform/help/HelpBook.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QScreen>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStyle>
@@ -23,6 +25,7 @@ namespace {
 
 constexpr int indexRole = Qt::UserRole;
 constexpr QSize preferredSize(900, 620);
+constexpr QSize frameRoom(20, 50);
 constexpr int readingPoints = 10;
 const QColor hitColour(255, 235, 150);
 
@@ -46,12 +49,23 @@ HelpWindow::HelpWindow(const HelpBook &book, QWidget *parent)
     auto *whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
     whole->addWidget(halves);
-    resize(preferredSize);
+    place();
 
     fillContents();
     setTabOrder(txtSearch, m_contents);
     setTabOrder(m_contents, m_found);
     setTabOrder(m_found, m_page);
+}
+
+void HelpWindow::place()
+{
+    const QWidget *beside = QApplication::activeWindow();
+    const QRect area = (beside != nullptr ? beside : this)->screen()->availableGeometry();
+    // Room for the window's frame, which the system adds.
+    const QSize size = preferredSize.boundedTo(area.size() - frameRoom);
+    QRect rectangle(QPoint(), size);
+    rectangle.moveCenter(area.center());
+    setGeometry(rectangle);
 }
 
 QWidget *HelpWindow::makeNavigator()

@@ -26,6 +26,8 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    /// In the middle of the screen on which the user works, and within it.
+    void place();
     QWidget *makeNavigator();
     QWidget *makePagePane();
     void fillContents();
