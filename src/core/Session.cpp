@@ -59,10 +59,17 @@ db::Target databaseTarget()
 void openConnections()
 {
     const db::Target target = databaseTarget();
-    auto data = std::make_unique<db::Connection>(target);
-    auto lookup = std::make_unique<db::Connection>(target);
-    gcnData = std::move(data);
-    gcnLookup = std::move(lookup);
+    try {
+        auto data = std::make_unique<db::Connection>(target);
+        auto lookup = std::make_unique<db::Connection>(target);
+        gcnData = std::move(data);
+        gcnLookup = std::move(lookup);
+    } catch (const base::Error &error) {
+        // Whoever has to look after it needs to know which file was meant.
+        if (error.description().contains(target.file))
+            throw;
+        throw base::Error(error.number(), error.description() + u" ("_s + target.file + u')');
+    }
 }
 
 void closeConnections()

@@ -10,6 +10,7 @@
 #include <QIcon>
 #include <QPointer>
 #include <QScreen>
+#include <QStyle>
 #include <QWidget>
 #include <optional>
 
@@ -77,6 +78,17 @@ QPoint firstPlace(QSize size, const QWidget &form)
            QPoint(main.sideBarWidth, 2 * main.headerBarHeight);
 }
 
+/// What the window's frame adds to the form's own size: known once the form was shown, a guess
+/// before.
+QSize frameOf(const QWidget &form)
+{
+    if (form.testAttribute(Qt::WA_WState_Created))
+        return form.frameGeometry().size() - form.size();
+    const int border = 2 * form.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, &form);
+    const int title = form.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &form);
+    return {2 * border, title + 2 * border};
+}
+
 void applyIcon(QWidget &form)
 {
     const QString icon = base::applicationPath(u"\\Lib\\Icon.ico"_s);
@@ -106,11 +118,13 @@ void applyLayout(QWidget &form, const QString &formName, bool centred)
         size.setHeight(*height);
     size = size.expandedTo(form.minimumSizeHint()).expandedTo(form.minimumSize());
 
-    QPoint place = centred ? centredIn(size, surroundings(form)).topLeft() : firstPlace(size, form);
+    const QSize frame = frameOf(form);
+    QPoint place = centred ? centredIn(size + frame, surroundings(form)).topLeft()
+                           : firstPlace(size + frame, form);
     place = QPoint(left.value_or(place.x()), top.value_or(place.y()));
-    const QRect wanted(place, size);
+    const QRect wanted(place, size + frame);
     const QRect kept = keptWithin(wanted, screenAt(wanted)->availableGeometry());
-    form.resize(kept.size());
+    form.resize(kept.size() - frame);
     form.move(kept.topLeft());
 }
 

@@ -22,6 +22,8 @@ namespace {
 constexpr char Module[] = "frmSendErrorReport";
 const QString SenderOption = u"GEN_COMPANY_EMAIL"_s;
 constexpr int LongestEmail = 100;
+constexpr int DescriptionHeight = 72; // pixels
+constexpr QSize FirstSize(500, 560);
 
 /// How many report forms are loading or unloading now. They read and write options, and an error
 /// there must not open one form after another.
@@ -66,6 +68,7 @@ frmSendEmail::frmSendEmail(const ErrorReport &report, QWidget *parent)
     , m_saved(report.ProcedureName == u"SaveErrorList")
 {
     const Quiet loading;
+    resize(FirstSize);
     buildForm();
     load();
 }
@@ -119,6 +122,10 @@ void frmSendEmail::buildForm()
     for (QLineEdit *box : {txtModuleName, txtProcedureName, txtErrNumber, txtLineNumber})
         box->setReadOnly(true);
     txtErrDescription->setReadOnly(true);
+    txtErrDescription->setMaximumHeight(DescriptionHeight);
+    QPalette grey = txtErrDescription->palette();
+    grey.setColor(QPalette::Base, theme::panelColor());
+    txtErrDescription->setPalette(grey);
     cmdSend->setDefault(true);
     showProgress(false);
     connect(cmdSend, &QPushButton::clicked, this, &frmSendEmail::cmdSend_Click);
@@ -143,6 +150,8 @@ void frmSendEmail::setVisible(bool visible)
 {
     const Quiet placing;
     Screen::setVisible(visible);
+    // After the fonts that all labels get.
+    lblHeading->setFont(theme::font(14, true));
 }
 
 void frmSendEmail::reject()

@@ -16,7 +16,8 @@ inline void onNextModal(std::function<void(QWidget &)> action)
     const auto tick = [](const auto &self, const QElapsedTimer &since, const QWidget *former,
                          const std::function<void(QWidget &)> &act) -> void {
         QWidget *window = QApplication::activeModalWidget();
-        if (window && window != former && window->isVisible()) {
+        // Keys and mnemonics reach an active window only.
+        if (window && window != former && window == QApplication::activeWindow()) {
             const QPointer<QWidget> guard(window);
             act(*window);
             if (guard && guard->isVisible()) {

@@ -180,7 +180,7 @@ TEST_F(Screens, AScreenStaysOnTheVisibleDesktop)
     store(u"WIDTH"_s, u"900000"_s);
     frmSample form;
     form.show();
-    EXPECT_TRUE(desktop().contains(form.geometry()));
+    EXPECT_TRUE(desktop().contains(form.frameGeometry()));
     EXPECT_EQ(form.y(), desktop().y());
 
     const QRect area(100, 100, 800, 600);
@@ -196,8 +196,9 @@ TEST_F(Screens, AScreenThatKeepsItsSizeOnlyIsCentred)
     frmSample form(Screen::StoreWhat::SizeOnly);
     form.show();
     EXPECT_EQ(form.width(), 400);
-    EXPECT_NEAR(form.geometry().center().x(), desktop().center().x(), 1);
-    EXPECT_NEAR(form.geometry().center().y(), desktop().center().y(), 1);
+    // The window's frame may not be known yet when it is placed.
+    const QPoint off = form.frameGeometry().center() - desktop().center();
+    EXPECT_LT(off.manhattanLength(), 40) << off.x() << ' ' << off.y();
     form.unload();
     EXPECT_EQ(stored(u"LEFT"_s), u"15"_s);
     EXPECT_EQ(stored(u"TOP"_s), QString());

@@ -89,6 +89,7 @@ TEST_F(ErrorForm, ClosedUnsentItStoresOneRowHoweverItIsClosed)
                                Close([](QWidget &form) { QTest::keyClick(&form, Qt::Key_Escape); }),
                                Close([](QWidget &form) { form.close(); }), Close([](QWidget &form) {
                                    QTest::keyClick(&form, Qt::Key_R, Qt::AltModifier);
+                                   EXPECT_TRUE(QTest::qWaitFor([&] { return !form.isVisible(); }));
                                })}) {
         // The failed work is undone while its error stays.
         BeginTrans();
