@@ -281,19 +281,6 @@ tblIndicator.ItemName, Max(tblEquipmentCount.CountValue)-Min(tblEquipmentCount.C
 Max(tblEquipmentCount.ChangeDate)-Min(tblEquipmentCount.ChangeDate) AS NoofDays,
 IIf(Max(tblEquipmentCount.ChangeDate)-Min(tblEquipmentCount.ChangeDate)=0,0,(Max(tblEquipmentCount.CountValue)-Min(tblEquipmentCount.CountValue))/(Max(tblEquipmentCount.ChangeDate)-Min(tblEquipmentCount.ChangeDate))) AS perDay, IIf(Max(tblEquipmentCount.ChangeDate)-Min(tblEquipmentCount.ChangeDate)=0,0,(Max(tblEquipmentCount.CountValue)-Min(tblEquipmentCount.CountValue))/(Max(tblEquipmentCount.ChangeDate)-Min(tblEquipmentCount.ChangeDate)))/24 AS Utilization FROM ((tblEquipmentCount LEFT JOIN tblEquipment ON tblEquipmentCount.EquipmentID = tblEquipment.EquipmentID) LEFT JOIN tblCrew ON tblEquipment.CrewID = tblCrew.CrewID) LEFT JOIN tblIndicator ON tblEquipment.EquipmentType = tblIndicator.ItemID Where tblEquipmentCount.CountType = 'Hours' GROUP BY tblEquipment.EquipmentName, tblEquipment.UnitNo, tblEquipment.EquipmentID, tblCrew.CrewNumber, tblIndicator.ItemName;
 
--- name: equipment utilization with names for what is computed
--- rows: 3
--- has row: Rider mower | A-1 | 501 | 1 | Mower | 60 | 51 | 1.17647058823529 | 0.0490196078431373
--- has row: Old mower | A-4 | 504 | 1 | Mower | 0 | 0 | 0 | 0
-SELECT tblEquipment.EquipmentName, tblEquipment.UnitNo, tblEquipment.EquipmentID, tblCrew.CrewNumber,
-tblIndicator.ItemName, Max(tblEquipmentCount.CountValue)-Min(tblEquipmentCount.CountValue) AS [Count],
-DateDiff('d',Min(tblEquipmentCount.ChangeDate),Max(tblEquipmentCount.ChangeDate)) AS NoofDays,
-IIf(NoofDays=0,0,[Count]/NoofDays) AS perDay, perDay/24 AS Utilization FROM ((tblEquipmentCount LEFT
-JOIN tblEquipment ON tblEquipmentCount.EquipmentID = tblEquipment.EquipmentID) LEFT JOIN tblCrew ON
-tblEquipment.CrewID = tblCrew.CrewID) LEFT JOIN tblIndicator ON tblEquipment.EquipmentType =
-tblIndicator.ItemID Where tblEquipmentCount.CountType = 'Hours' GROUP BY tblEquipment.EquipmentName,
-tblEquipment.UnitNo, tblEquipment.EquipmentID, tblCrew.CrewNumber, tblIndicator.ItemName;
-
 -- name: equipment utilization of types and crews in a range
 -- rows: 1
 -- row 1: Rider mower | 40 | 29
@@ -331,17 +318,6 @@ EquipmentID = a.EquipmentID and ChangeDate < a.ChangeDate),a.ChangeDate))/24 AS 
 tblEquipmentCount AS a LEFT JOIN tblEquipment ON a.EquipmentID = tblEquipment.EquipmentID  Where
 (a.ChangeDate >= #01/01/24# and a.ChangeDate <= #03/15/24#)  and tblEquipment.UnitNo  in ('A-1') ORDER
 BY a.ChangeDate, a.ChangeDate ;
-
--- name: utilization of one machine with names for what is computed
--- rows: 4
--- row 2: #02-01-2024# | #01-10-2024# | 100 | 22 | 20 | 0.909090909090909 | 0.0378787878787879
-SELECT a.ChangeDate, (Select Max(ChangeDate) From tblEquipmentCount Where EquipmentID = a.EquipmentID
-and ChangeDate < a.ChangeDate) AS PrevDate, (Select Max(CountValue) From tblEquipmentCount Where
-EquipmentID = a.EquipmentID and CountValue < a.CountValue) AS PrevCount,
-DateDiff('d',PrevDate,a.ChangeDate) AS NoOfDays, a.CountValue-PrevCount AS CountChange,
-CountChange/NoofDays AS AvgUse, AvgUse/24 AS Utilizarion FROM tblEquipmentCount AS a LEFT JOIN
-tblEquipment ON a.EquipmentID = tblEquipment.EquipmentID  Where (a.ChangeDate >= #01/01/24# and
-a.ChangeDate <= #03/15/24#)  and tblEquipment.UnitNo  in ('A-1') ORDER BY a.ChangeDate, a.ChangeDate ;
 
 -- name: utilization of a machine with two readings on one day
 -- changes: 1
