@@ -352,7 +352,10 @@ void Resolver::resolveOrder(OrderItem &item, Query &query, const Scope &scope)
         raiseSyntaxError(u"a UNION is sorted by the names of its columns."_s, m_statement,
                          value.position);
     }
+    // The engine would take a bare name for an output column of that name.
+    m_sorting = true;
     resolveExpression(value, scope);
+    m_sorting = false;
 }
 
 Resolver::Found Resolver::find(const Expression &name, const Scope &scope) const
@@ -398,7 +401,7 @@ void Resolver::resolveName(Expression &name, const Scope &scope)
     }
     name.source = found.source;
     name.column = found.column;
-    name.qualified = found.outside || scope.sources.size() > 1;
+    name.qualified = found.outside || m_sorting || scope.sources.size() > 1;
     name.type = found.source->columnKind(found.column);
 }
 

@@ -56,6 +56,7 @@ private:
     QStringView m_statement;
     const Schema &m_schema;
     int m_madeNames = 0;
+    bool m_sorting = false; ///< within ORDER BY
 };
 
 } // namespace sql

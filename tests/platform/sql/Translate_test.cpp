@@ -79,7 +79,7 @@ INSTANTIATE_TEST_SUITE_P(
              u"select x from [select x from [select Id as x from Machine]. as a]. as b"_s,
              uR"(SELECT "x" FROM (SELECT "x" FROM (SELECT "Id" AS "x" FROM "Machine") "a") "b")"_s},
         Case{"DerivedWithoutName", u"select x from (select Id as x from Machine) order by x"_s,
-             uR"(SELECT "x" FROM (SELECT "Id" AS "x" FROM "Machine") "~Q1" ORDER BY "x")"_s},
+             uR"(SELECT "x" FROM (SELECT "Id" AS "x" FROM "Machine") "~Q1" ORDER BY "~Q1"."x")"_s},
         Case{
             "DoubledNamesOfADerivedTable",
             u"select * from (select Id, Id, Name as id from Machine) q"_s,
@@ -97,7 +97,7 @@ INSTANTIATE_TEST_SUITE_P(
         Case{
             "ColumnGoesBeforeAliasOfItsName",
             u"select cstr(Id) + Name as Id from Machine order by Id"_s,
-            uR"(SELECT (CAST("Id" AS VARCHAR(20)) || "Name") AS "Id" FROM "Machine" ORDER BY "Id")"_s},
+            uR"(SELECT (CAST("Id" AS VARCHAR(20)) || "Name") AS "Id" FROM "Machine" ORDER BY "Machine"."Id")"_s},
         Case{"AliasCountsInGroups",
              u"select max(Hours) as Hours from Machine group by Name order by Hours"_s,
              uR"(SELECT MAX("Hours") AS "Hours" FROM "Machine" GROUP BY "Name" ORDER BY 1)"_s},
