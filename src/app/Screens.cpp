@@ -1,14 +1,53 @@
 #include "app/Screens.h"
 
 #include "core/ui/frmSendEmail.h"
+#include "organisation/ui/Entries.h"
+#include "parts/ui/Entries.h"
 #include "platform/help/Help.h"
+#include "reporting/ui/QuickFindEntries.h"
+#include "shell/ui/ScreenEntries.h"
+
+using namespace Qt::StringLiterals;
 
 namespace app {
+namespace {
+
+void joinOrganisation()
+{
+    auto &entries = shell::screenEntries();
+    entries.add(u"mnuViewSupplier"_s, [] { ShowSupplierDetail(Mode::Browse, 0); });
+    entries.add(u"mnuAddSupplier"_s, [] { ShowSupplierDetail(Mode::Add, 0); });
+    entries.add(u"mnuViewEmployee"_s, [] { ShowEmployeeDetail(Mode::Browse, u"0"_s); });
+    entries.add(u"mnuAddEmployee"_s, [] { ShowEmployeeDetail(Mode::Add, u"0"_s); });
+    entries.addRecordScreen(u"frmSupplier"_s, [](const QString &key) {
+        ShowSupplierDetail(Mode::Browse, key.toLongLong());
+    });
+    entries.addRecordScreen(u"frmEmployee"_s,
+                            [](const QString &key) { ShowEmployeeDetail(Mode::Browse, key); });
+    setNewRecordScreen(u"tblSupplier"_s, [] { ShowSupplierDetail(Mode::Add, 0); });
+    setNewRecordScreen(u"tblEmployee"_s, [] { ShowEmployeeDetail(Mode::Add, u"0"_s); });
+}
+
+void joinParts()
+{
+    auto &entries = shell::screenEntries();
+    entries.add(u"mnuViewPart"_s, [] { showPartDetail(Mode::Browse, u"0"_s); });
+    entries.add(u"mnuAddPart"_s, [] { showPartDetail(Mode::Add, u"0"_s); });
+    entries.addRecordScreen(u"frmPart"_s,
+                            [](const QString &key) { showPartDetail(Mode::Browse, key); });
+    entries.ShowPartQuickFind = [] { return frmPartQuickFindEntry::ShowQuickFind({}); };
+    setNewRecordScreen(u"tblPart"_s, [] { showPartDetail(Mode::Add, u"0"_s); });
+}
+
+} // namespace
 
 void joinScreens()
 {
     installErrorReport();
     help::installHelpKey();
+    joinQuickFinds();
+    joinOrganisation();
+    joinParts();
 }
 
 } // namespace app

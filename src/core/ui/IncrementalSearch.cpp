@@ -5,6 +5,8 @@
 
 #include <QLineEdit>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 bool isExactType(const QString &fieldType)
@@ -43,10 +45,41 @@ void IncrementalSearch::search()
 
 int IncrementalSearch::match(const Column &column, const QString &text) const
 {
-    const grid::GridModel &rows = m_grid->rows();
-    if (!rows.hasColumn(column.name))
+    if (!m_grid->rows().hasColumn(column.name))
         return -1;
-    if (isExactType(column.type))
-        return rows.find(u"[%1] = '%2'"_s.arg(column.name, base::doubledQuotes(text)));
-    return rows.beginsWith(column.name, text);
+    if (!isExactType(column.type))
+        return firstBeginning(column.name, text);
+    // A number or date that is still being typed is not one yet, and matches nothing.
+    bool isValue = false;
+    if (column.type.compare(u"DATETIME", Qt::CaseInsensitive) == 0)
+        isValue = base::parseMonthFirst(text).has_value();
+    else
+        static_cast<void>(text.toDouble(&isValue));
+    return isValue ? firstEqual(column.name, text) : -1;
+}
+
+int IncrementalSearch::firstBeginning(const QString &column, const QString &text) const
+{
+    const grid::GridModel &rows = m_grid->rows();
+    const int found = rows.beginsWith(column, text);
+    if (found < 0 || rows.sortDirection() == grid::Sort::None)
+        return found;
+    const QList<int> order = rows.displayedOrder();
+    const auto first = std::ranges::find_if(order, [&](int row) {
+        return base::toText(rows.value(row, column)).startsWith(text, Qt::CaseInsensitive);
+    });
+    return first == order.end() ? found : *first;
+}
+
+int IncrementalSearch::firstEqual(const QString &column, const QString &text) const
+{
+    const grid::GridModel &rows = m_grid->rows();
+    const int found = rows.find(u"[%1] = '%2'"_s.arg(column, base::doubledQuotes(text)));
+    if (found < 0 || rows.sortDirection() == grid::Sort::None)
+        return found;
+    const QVariant value = rows.value(found, column);
+    const QList<int> order = rows.displayedOrder();
+    const auto first =
+        std::ranges::find_if(order, [&](int row) { return rows.value(row, column) == value; });
+    return first == order.end() ? found : *first;
 }

@@ -10,9 +10,10 @@ namespace grid {
 class GridView;
 }
 
-/// Moves a grid to the first match while the user types: a column of type INT, DECIMAL or DATETIME
-/// is matched exactly, any other at the beginning of its value, both without regard to case. When
-/// the first column has no match the next one is tried. An empty box does nothing.
+/// Moves a grid to the first match, in the order that it shows, while the user types: a column of
+/// type INT, DECIMAL or DATETIME is matched exactly, any other at the beginning of its value, both
+/// without regard to case. When the first column has no match the next one is tried. An empty box
+/// does nothing.
 class IncrementalSearch : public QObject
 {
     Q_OBJECT
@@ -36,6 +37,8 @@ public:
 
 private:
     [[nodiscard]] int match(const Column &column, const QString &text) const;
+    [[nodiscard]] int firstBeginning(const QString &column, const QString &text) const;
+    [[nodiscard]] int firstEqual(const QString &column, const QString &text) const;
 
     QLineEdit *m_box;
     grid::GridView *m_grid;

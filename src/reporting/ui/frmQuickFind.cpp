@@ -1,0 +1,258 @@
+#include "reporting/ui/frmQuickFind.h"
+
+#include "core/General.h"
+#include "core/ui/ListGrid.h"
+#include "platform/base/Format.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/IdCombo.h"
+#include "platform/input/Theme.h"
+#include "reporting/ui/FieldSearch.h"
+#include "reporting/ui/QuickFindEntries.h"
+#include "reporting/ui/SearchKeys.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char *Module = "frmQuickFind";
+constexpr QStringView Ticked = u"Select";
+
+/// Widths of columns whose texts are long or short by nature; others have the usual one.
+int widthOf(QStringView column)
+{
+    static const QHash<QStringView, int> widths{
+        {u"Name", 180},       {u"Description", 220}, {u"LocationName", 180}, {u"Site", 140},
+        {u"Location", 140},   {u"Assigned to", 150}, {u"Address", 160},      {u"Email", 180},
+        {u"WebSite", 180},    {u"Skills", 180},      {u"Inactive", 70},      {u"State", 60},
+        {u"Initial Name", 80}};
+    return widths.value(column, 110);
+}
+
+} // namespace
+
+frmQuickFind::frmQuickFind(const ScreenCalls::QuickFind &request, QWidget *parent)
+    : Screen(u"frmQuickFind"_s, quickfind::SetCaption(request.table), parent, StoreWhat::SizeOnly)
+    , m_request(request)
+    , m_table(quickfind::tableOf(request.table))
+{
+    if (m_table == nullptr)
+        throw base::Error(base::ErrorNumber::InvalidCall,
+                          u"There is no quick find of \"%1\"."_s.arg(request.table));
+    buildForm();
+}
+
+void frmQuickFind::buildForm()
+{
+    input::FormBuilder form(this);
+    form.beginColumns();
+    cboFieldNames = form.comboField(u"cboFieldNames"_s, u"Search &by:"_s);
+    lblFieldNames = form.lastLabel();
+    txtSearchText = form.textField(u"txtSearchText"_s, u"Enter "_s + m_request.label);
+    lblMainField = form.lastLabel();
+    lblMainField->setObjectName(u"lblMainField"_s);
+    // Stands in the place of the other box in the mode "Auto" and hands its text on to it.
+    txtSearchText2 = new QLineEdit(this);
+    txtSearchText2->setObjectName(u"txtSearchText2"_s);
+    txtSearchText2->setAccessibleName(txtSearchText->accessibleName());
+    form.field({}, txtSearchText2);
+    form.nextColumn();
+    form.beginRow();
+    optManual = form.optionButton(u"optOption0"_s, u"&Manual"_s);
+    optAuto = form.optionButton(u"optOption1"_s, u"A&uto"_s);
+    form.endRow();
+    chkInactive = form.checkBox(u"chkInactive"_s, u"Show &Inactive"_s);
+    form.endColumns();
+    grdQuickFind = new grid::GridView(this);
+    grdQuickFind->setObjectName(u"grdQuickFind"_s);
+    grdQuickFind->setAccessibleName(m_table->caption.toString());
+    form.widget(grdQuickFind, true);
+    cmdAdd = form.leftButton(u"cmdAdd"_s, u"&Add New"_s, theme::icon(u"add"_s));
+    cmdSelect = form.button(u"cmdSelect"_s, u"&Select"_s, theme::icon(u"find"_s));
+    cmdCancel = form.button(u"cmdCancel"_s, u"&Cancel"_s, theme::icon(u"cancel"_s));
+    form.finish();
+    resize(860, 540);
+
+    optManual->setChecked(true);
+    chkInactive->setVisible(!m_table->inactiveOption.isEmpty());
+    cmdAdd->setEnabled(newRecordScreen(m_request.table) != nullptr);
+    cmdSelect->setDefault(true);
+    m_search = new FieldSearch(cboFieldNames, txtSearchText, grdQuickFind,
+                               IncrementalSearch::WithoutMatch::ClearRow);
+    moveRowsFrom(txtSearchText, grdQuickFind);
+    moveRowsFrom(txtSearchText2, grdQuickFind);
+    setAutomatic(false);
+
+    connect(m_search, &FieldSearch::fieldChosen, this,
+            [this] { lblMainField->setText(u"Enter "_s + m_search->field().description); });
+    connect(txtSearchText2, &QLineEdit::textChanged, txtSearchText, &QLineEdit::setText);
+    connect(optAuto, &QRadioButton::toggled, this, &frmQuickFind::setAutomatic);
+    connect(chkInactive, &QCheckBox::clicked, this, &frmQuickFind::chkInactive_Click);
+    connect(grdQuickFind, &grid::GridView::rowActivated, this,
+            &frmQuickFind::grdQuickFind_Activated);
+    connect(cmdSelect, &QPushButton::clicked, this, &frmQuickFind::cmdSelect_Click);
+    connect(cmdAdd, &QPushButton::clicked, this, &frmQuickFind::cmdAdd_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &frmQuickFind::reject);
+}
+
+QString frmQuickFind::ShowQuickFind()
+{
+    if (!m_table->inactiveOption.isEmpty()) {
+        const QString option = m_table->inactiveOption.toString();
+        chkInactive->setChecked(base::toText(GetOption(option, true)) == u"1");
+    }
+    if (!ShowQuickFindMain())
+        return {};
+    // Each table has columns, and so a layout, of its own.
+    adoptGrid(grdQuickFind,
+              m_table->name.toString() + (m_request.several ? u"Several"_s : QString()));
+    showModal();
+    if (m_addNew)
+        newRecordScreen(m_request.table)();
+    return m_result;
+}
+
+bool frmQuickFind::ShowQuickFindMain()
+{
+    return base::trapped(Module, "ShowQuickFindMain - ", false, [&] {
+        const QList<quickfind::Field> fields = quickfind::fieldsOf(m_table->name);
+        if (fields.isEmpty()) {
+            base::showMessage(u"One of lookup item has been deleted\nmanually from database"_s);
+            return false;
+        }
+        const QString chosen = m_search->field().name;
+        m_search->setFields(fields, chosen.isEmpty() ? m_request.field : chosen);
+        const QStringList ticked = tickedKeys();
+        grdQuickFind->rows().setRecordset(gcnData->Open(quickfind::listStatement(
+            *m_table, m_request.field, chkInactive->isChecked(), m_request.leftOut)));
+        if (!std::exchange(m_columnsAreSet, true))
+            setColumns();
+        tick(ticked);
+        const int row = m_request.selected.isEmpty()
+                            ? -1
+                            : grdQuickFind->rows().findRow(m_table->key, m_request.selected);
+        grdQuickFind->selectRow(row >= 0 ? row : grdQuickFind->displayedOrder().value(0, -1));
+        return true;
+    });
+}
+
+void frmQuickFind::setColumns()
+{
+    grid::GridModel &rows = grdQuickFind->rows();
+    if (m_request.several)
+        rows.addColumn({.name = Ticked.toString(),
+                        .width = 60,
+                        .editable = true,
+                        .editor = grid::Editor::Check,
+                        .position = 0});
+    for (int index = 0; index < rows.columnCount(); ++index) {
+        const QString name = rows.columnAt(index).name;
+        if (name != Ticked)
+            rows.column(name).width = widthOf(name);
+    }
+    rows.column(m_table->key).visible = m_table->keyIsShown;
+    if (rows.hasColumn(u"Inactive"))
+        rows.column(u"Inactive").editor = grid::Editor::Check;
+    for (const quickfind::NumberColumn &number : m_table->numbers) {
+        rows.column(number.name).align = grid::Align::Right;
+        rows.column(number.name).format = number.format.toString();
+    }
+    rows.columnsChanged();
+}
+
+QStringList frmQuickFind::tickedKeys() const
+{
+    const grid::GridModel &rows = grdQuickFind->rows();
+    QStringList keys;
+    if (rows.hasColumn(Ticked))
+        for (int row = 0; row < rows.rowCount(); ++row)
+            if (rows.value(row, Ticked).toBool())
+                keys.append(base::toText(rows.value(row, m_table->key)));
+    return keys;
+}
+
+void frmQuickFind::tick(const QStringList &keys)
+{
+    if (!m_request.several)
+        return;
+    grid::GridModel &rows = grdQuickFind->rows();
+    rows.setAll(Ticked, false);
+    for (const QString &key : keys)
+        if (const int row = rows.findRow(m_table->key, key); row >= 0)
+            rows.setValue(row, Ticked, true);
+}
+
+void frmQuickFind::setAutomatic(bool automatic)
+{
+    cboFieldNames->setVisible(!automatic);
+    lblFieldNames->setVisible(!automatic);
+    txtSearchText->setVisible(!automatic);
+    lblMainField->setBuddy(automatic ? txtSearchText2 : txtSearchText);
+    txtSearchText2->setVisible(automatic);
+    QLineEdit *box = automatic ? txtSearchText2 : txtSearchText;
+    m_search->setAutomatic(
+        automatic ? QList<QStringView>(m_table->automatic.begin(), m_table->automatic.end())
+                  : QList<QStringView>());
+    lblMainField->setText(u"Enter "_s + (automatic || m_search->field().description.isEmpty()
+                                             ? m_request.label
+                                             : m_search->field().description));
+    if (automatic)
+        txtSearchText2->setText(txtSearchText->text());
+    m_search->search();
+    box->setFocus();
+}
+
+QString frmQuickFind::currentKey() const
+{
+    const int row = grdQuickFind->currentRow();
+    return row < 0 ? QString() : base::toText(grdQuickFind->rows().value(row, m_table->key));
+}
+
+void frmQuickFind::grdQuickFind_Activated(int row)
+{
+    // Among several, the row that was double-clicked is one of the chosen.
+    if (m_request.several)
+        grdQuickFind->rows().setValue(row, Ticked, true);
+    cmdSelect_Click();
+}
+
+void frmQuickFind::cmdSelect_Click()
+{
+    if (!grdQuickFind->finishEditing())
+        return;
+    // Who ticked nothing means the row under the cursor.
+    m_result = tickedKeys().join(u',');
+    if (m_result.isEmpty())
+        m_result = currentKey();
+    if (!m_result.isEmpty())
+        unload();
+}
+
+void frmQuickFind::cmdAdd_Click()
+{
+    if (m_table->addRight != nullptr && !(gRights.*m_table->addRight)) {
+        base::showInformation(u"You do not have sufficient rights to this action. Please see your "
+                              "system administrator"_s);
+        return;
+    }
+    m_addNew = true;
+    unload();
+}
+
+void frmQuickFind::chkInactive_Click()
+{
+    SetOption(m_table->inactiveOption.toString(), chkInactive->isChecked() ? u"1"_s : u"0"_s, true);
+    if (const QString current = currentKey(); !current.isEmpty())
+        m_request.selected = current;
+    if (!ShowQuickFindMain())
+        unload();
+}

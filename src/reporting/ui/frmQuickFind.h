@@ -1,0 +1,64 @@
+#pragma once
+
+#include "core/ui/Screen.h"
+#include "core/ui/ScreenCalls.h"
+#include "reporting/QuickFind.h"
+
+class FieldSearch;
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+
+namespace input {
+class IdCombo;
+}
+
+/// Picks one record out of a large table. The list keeps all its rows; what is typed moves to the
+/// first one that begins so.
+class frmQuickFind final : public Screen
+{
+    Q_OBJECT
+
+public:
+    explicit frmQuickFind(const ScreenCalls::QuickFind &request, QWidget *parent = nullptr);
+
+    /// Shows the dialog; the key that was chosen, several joined by commas where they may be
+    /// chosen, empty on Cancel. A list that can't be read doesn't open it.
+    [[nodiscard]] QString ShowQuickFind();
+
+private:
+    void buildForm();
+    void setColumns();
+    /// Reads search fields and rows. False when there is nothing to show, which the user was told.
+    bool ShowQuickFindMain();
+    void setAutomatic(bool automatic);
+    [[nodiscard]] QString currentKey() const;
+    [[nodiscard]] QStringList tickedKeys() const;
+    void tick(const QStringList &keys);
+    void grdQuickFind_Activated(int row);
+    void cmdSelect_Click();
+    void cmdAdd_Click();
+    void chkInactive_Click();
+
+    ScreenCalls::QuickFind m_request;
+    const quickfind::Table *m_table;
+    QString m_result;
+    bool m_addNew = false;
+    bool m_columnsAreSet = false;
+
+    QRadioButton *optManual = nullptr;
+    QRadioButton *optAuto = nullptr;
+    QLabel *lblFieldNames = nullptr;
+    input::IdCombo *cboFieldNames = nullptr;
+    QLabel *lblMainField = nullptr;
+    QLineEdit *txtSearchText = nullptr;
+    QLineEdit *txtSearchText2 = nullptr;
+    QCheckBox *chkInactive = nullptr;
+    grid::GridView *grdQuickFind = nullptr;
+    QPushButton *cmdAdd = nullptr;
+    QPushButton *cmdSelect = nullptr;
+    QPushButton *cmdCancel = nullptr;
+    FieldSearch *m_search = nullptr;
+};
