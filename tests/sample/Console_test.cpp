@@ -1,6 +1,7 @@
 #include "console/Console.h"
 #include "platform/base/Error.h"
 #include "platform/db/Maintenance.h"
+#include "platform/settings/Registry.h"
 #include "support/CompanyDatabase.h"
 #include "support/TestEnvironment.h"
 
@@ -168,6 +169,7 @@ TEST(Console, SetUpMakesTheFolderOnceAndLeavesItsDatabaseAlone)
     const QString file = home + u"/Data/Quorvantis.mdb"_s;
     ASSERT_EQ(runConsole({u"set-up"_s, home}).code, console::Success);
     EXPECT_TRUE(QDir(home + u"/Data/Backup"_s).exists());
+    EXPECT_FALSE(settings::registry().value(settings::ProductKey, u"Version"_s).isEmpty());
     ASSERT_EQ(runConsole({u"run"_s, file}, u"Delete * from tblUser"_s).code, console::Success);
     ASSERT_EQ(runConsole({u"set-up"_s, home, u"--sample"_s}).code, console::Success);
     EXPECT_EQ(runConsole({u"run"_s, file}, u"Select count(*) as N from tblUser"_s).out,

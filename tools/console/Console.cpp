@@ -5,8 +5,11 @@
 #include "platform/base/Environment.h"
 #include "platform/base/Format.h"
 #include "platform/db/Maintenance.h"
+#include "platform/settings/Registry.h"
+#include "platform/system/Files.h"
 
 #include <QCommandLineParser>
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <functional>
@@ -72,16 +75,30 @@ int createSample(const Options &options, const Streams &streams)
 }
 
 /// Makes the folders that the program expects, and the database where there is none.
+/// What an installer leaves behind: the version, which names the backup of each start, and the
+/// program's icon, which the build draws beside the programs.
+void installValues(const QDir &folder)
+{
+    const settings::Registry registry = settings::registry();
+    const QString version = QStringLiteral(QUORVANTIS_VERSION);
+    if (registry.value(settings::ProductKey, u"VERSION"_s) != version)
+        registry.setValue(settings::ProductKey, u"VERSION"_s, version);
+    const QString icon = QCoreApplication::applicationDirPath() + u"/../Lib/Icon.ico"_s;
+    if (QFileInfo::exists(icon) && !folder.exists(u"Lib/Icon.ico"_s))
+        sys::copyFile(icon, folder.filePath(u"Lib/Icon.ico"_s));
+}
+
 int setUp(const Options &options, const Streams &streams)
 {
     const QDir folder(options.files[0]);
     for (const QString &name :
-         {u"Data/Backup"_s, u"Custom Reports"_s, u"Doc"_s, u"Log"_s, u"Script"_s,
+         {u"Data/Backup"_s, u"Custom Reports"_s, u"Doc"_s, u"Lib"_s, u"Log"_s, u"Script"_s,
           u"User Defined Reports"_s, u"XML_IN"_s, u"XML_OUT"_s}) {
         if (!folder.mkpath(name))
             throw base::Error(base::ErrorNumber::PathAccess,
                               u"The folder \"%1\" can't be made."_s.arg(folder.filePath(name)));
     }
+    installValues(folder);
     Options database = options;
     database.files = {folder.filePath(u"Data/Quorvantis.mdb"_s)};
     if (QFileInfo::exists(database.files[0]))
