@@ -20,7 +20,7 @@ public:
     /// which opens the transaction that Cancel undoes. Nothing happens in the other modes.
     virtual void beginEdit() = 0;
     /// Presses Save. True when the record was saved and the screen browses again.
-    virtual bool saveRecord() = 0;
+    virtual bool save() = 0;
     /// Presses Cancel: everything since the first edit is undone and the machine shown anew.
     virtual void cancelEdit() = 0;
     /// Rebuilds the lists of a kind ("MAKE", "SITE", in any case) on all pages after its editor was
