@@ -1,13 +1,39 @@
 #include "equipment/DocumentStore.h"
 
+#include "core/Session.h"
 #include "platform/base/Environment.h"
+#include "platform/base/Error.h"
 #include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
 #include "platform/system/Files.h"
 
 #include <QDir>
 #include <QFileInfo>
 
 namespace documents {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr const char *Module = "Equipment";
+
+/// The name under which a machine has a document already, in whatever case; empty without one.
+QString storedName(qint64 equipment, const QString &name)
+{
+    const db::Recordset rows = dataConnection().Open(
+        u"Select DocumentName from tblEquipmentDocument where Equipmentid = ? and DocumentName = ?"_s,
+        {equipment, name});
+    return rows.isEmpty() ? QString() : rows.current().text(u"DocumentName");
+}
+
+void tellFolderIsGone()
+{
+    base::showMessage(u"Folder(Doc) has been deleted by user. Please create a folder named'Doc' at "
+                      "following path "_s +
+                      QDir::toNativeSeparators(base::environment().applicationFolder));
+}
+
+} // namespace
 
 QString folder(qint64 EquipmentID)
 {
@@ -48,6 +74,54 @@ void removeFolder(qint64 EquipmentID)
                                          "You can delete folder manually\n"
                                          "\"%1\"")
                               .arg(QDir::toNativeSeparators(machine.path())));
+}
+
+db::Recordset names(qint64 EquipmentID)
+{
+    return dataConnection().Open(
+        u"Select DocumentName as [Document Name] from tblEquipmentDocument Where EquipmentID = ?"_s,
+        {EquipmentID});
+}
+
+bool addDocument(qint64 EquipmentID, const QString &file)
+{
+    return base::trapped(Module, "cmdAddDocument_Click", false, [&] {
+        const QFileInfo chosen(file);
+        if (!chosen.isFile()) {
+            base::showMessage(u"Invalid File or Incorrect Path."_s);
+            return false;
+        }
+        const QString present = storedName(EquipmentID, chosen.fileName());
+        const QString name = present.isEmpty() ? chosen.fileName() : present;
+        if (!present.isEmpty() && exists(EquipmentID, name) &&
+            !base::askYesNo(name + u" already exists. Would you like to replace it."_s))
+            return false;
+        try {
+            store(EquipmentID, file, name);
+        } catch (const base::Error &error) {
+            if (error.number() != base::ErrorNumber::PathNotFound)
+                throw;
+            tellFolderIsGone();
+            return false;
+        }
+        // A name whose file had gone got its file back.
+        if (present.isEmpty())
+            dataConnection().Execute(
+                u"Insert Into tblEquipmentDocument(EquipmentId,DocumentName) values(?,?)"_s,
+                {EquipmentID, name});
+        return true;
+    });
+}
+
+bool DeleteDocumentRecord(qint64 EquipmentID, const QString &DocumentName)
+{
+    return base::trapped(Module, "DeleteDocumentRecord", false, [&] {
+        dataConnection().Execute(
+            u"Delete From tblEquipmentDocument where EquipmentId = ? and DocumentName = ?"_s,
+            {EquipmentID, DocumentName});
+        remove(EquipmentID, DocumentName);
+        return true;
+    });
 }
 
 } // namespace documents

@@ -1,8 +1,12 @@
 #pragma once
 
+#include "platform/db/Recordset.h"
+
 #include <QString>
 
-/// The folders beside the program in which machines keep their documents, one for each machine.
+/// The documents of machines: their names are rows of the database, written on Data inside the
+/// transaction of whoever holds one; their files lie beside the program in a folder for each
+/// machine, and no transaction brings them back.
 namespace documents {
 
 /// Full path of a machine's folder.
@@ -20,5 +24,14 @@ void remove(qint64 EquipmentID, const QString &DocumentName);
 /// Deletes a machine's files and its folder. A folder that isn't there is the normal case and
 /// passes in silence; one that can't be deleted is told to the user.
 void removeFolder(qint64 EquipmentID);
+
+/// The names of a machine's documents, as [Document Name]. Raises DbError.
+[[nodiscard]] db::Recordset names(qint64 EquipmentID);
+/// Makes a file a document of the machine: asks before one of that name is replaced, copies the
+/// file and stores the name. False when it was not added: the user said no or was told why.
+[[nodiscard]] bool addDocument(qint64 EquipmentID, const QString &file);
+/// Deletes a document's row, then its file. False when an error was reported; the row may have
+/// gone by then.
+[[nodiscard]] bool DeleteDocumentRecord(qint64 EquipmentID, const QString &DocumentName);
 
 } // namespace documents

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "platform/db/Recordset.h"
+
+#include <QDate>
+#include <QHash>
+#include <QString>
+#include <QTime>
+#include <QVariant>
+#include <optional>
+
+/// What has been done on a machine: its posted services with their parts and notes, and how these
+/// are corrected afterwards. A correction changes the past only: next dates, meters and the stock
+/// stay as they are.
+///
+/// All work is done on Data, inside the transaction of whoever holds one. No error crosses the
+/// writing functions; False means that nothing was written. The reading ones raise DbError.
+namespace history {
+
+/// A period of days, both ends included; an invalid date leaves that end open.
+struct Period
+{
+    QDate from{};
+    QDate to{};
+};
+
+/// The services of a machine that were completed in a period.
+[[nodiscard]] db::Recordset services(qint64 EquipmentID, const Period &period);
+/// What the parts of these services cost, by ServiceUsedID; services without parts are missing.
+[[nodiscard]] QHash<qint64, double> SetAllPastCost(qint64 EquipmentID, const Period &period);
+/// What the parts of one service cost, rounded to two decimals; 0 without any.
+[[nodiscard]] double SetPastCost(qint64 ServiceUsedID);
+/// The parts that were used in a service.
+[[nodiscard]] db::Recordset parts(qint64 ServiceUsedID);
+/// The note of a service of an order.
+[[nodiscard]] QString note(qint64 ServiceUsedID, qint64 WorkorderNo);
+
+/// Writes one column of a service; Null for an empty value.
+[[nodiscard]] bool UpdateEquipmentServiceHistory(qint64 ServiceUsedID, const QString &Column,
+                                                 const QVariant &Value);
+/// Gives a service to another crew, at what this crew costs today for the budgeted hours; the new
+/// labour cost, nothing when it was not written.
+[[nodiscard]] std::optional<double> changeCrew(qint64 ServiceUsedID, qint64 CrewID,
+                                               double budgetedHours);
+/// Writes one column of a part of a service.
+[[nodiscard]] bool UpdatePartHistory(qint64 ServiceUsedID, const QString &PartID,
+                                     const QString &Column, const QVariant &Value);
+[[nodiscard]] bool updateNote(qint64 ServiceUsedID, const QString &note);
+/// Deletes a service and its parts.
+[[nodiscard]] bool DeleteServiceHistoryRecord(qint64 ServiceUsedID);
+
+/// The time of day that a text spells, "13:05", "1:5 pm" or "1:05P". An invalid one when none was
+/// given, which a blank text and "00:00" mean; nothing when the text is no time.
+[[nodiscard]] std::optional<QTime> timeOf(const QString &text);
+
+/// What a typed time does to its service: the reason for which it is refused, or what to store.
+struct TimeCorrection
+{
+    QString refusal{};
+    QString stored{};                 ///< the time as rows hold it, empty for none
+    std::optional<QString> WorkHrs{}; ///< the hours worked, where they follow from the times
+};
+[[nodiscard]] TimeCorrection correctStart(const QString &typed, const QString &end);
+[[nodiscard]] TimeCorrection correctEnd(const QString &typed, const QString &start);
+/// Hours worked may be typed in spite of the times.
+[[nodiscard]] TimeCorrection correctWorkHrs(const QString &typed);
+/// Writes a correction that was not refused to StartTime, EndTime or WorkHrs.
+[[nodiscard]] bool storeTime(qint64 ServiceUsedID, const QString &Column,
+                             const TimeCorrection &correction);
+
+} // namespace history
