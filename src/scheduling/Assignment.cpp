@@ -29,12 +29,24 @@ QString joined(const QList<qint64> &ids)
     return texts.join(u',');
 }
 
-qint64 insertCopy(qint64 equipment, const db::Row &source, int copiedColumns)
+/// A column of a source. A number that a spoilt row lacks is copied as 0: the next date can't be
+/// calculated from flags that are Null.
+QVariant copied(const db::Recordset &sources, const db::Row &source, int column)
+{
+    const QVariant value = source[column];
+    const sql::ColumnKind kind = sources.columnKind(column);
+    if (value.isNull() && (kind == sql::ColumnKind::Integer || kind == sql::ColumnKind::Real ||
+                           kind == sql::ColumnKind::Money))
+        return 0;
+    return value;
+}
+
+qint64 insertCopy(qint64 equipment, const db::Recordset &sources, const db::Row &source)
 {
     QVariantList values{equipment, source[u"ServiceID"]};
     // The source query begins with its two keys.
-    for (int column = 0; column < copiedColumns; ++column)
-        values.append(source[column + 2]);
+    for (int column = 2; column < sources.columnCount(); ++column)
+        values.append(copied(sources, source, column));
     values.append(base::wallClock(base::today()));
     const QStringList places(values.size(), u"?"_s);
     return gcnData->Insert(
@@ -90,7 +102,6 @@ bool AddServiceRecord(qint64 EquipmentID, const QList<qint64> &ids, Source sourc
     return base::trapped(Module, "AddServiceRecord", false, [&] {
         if (ids.isEmpty())
             return true;
-        const int copied = static_cast<int>(CopiedColumns.count(u',')) + 1;
         const db::Recordset services =
             source == Source::Catalogue
                 ? gcnData->Open(
@@ -100,7 +111,7 @@ bool AddServiceRecord(qint64 EquipmentID, const QList<qint64> &ids, Source sourc
                                 "tblServiceUsed where ServiceUsedID in (%2)"_s.arg(CopiedColumns,
                                                                                    joined(ids)));
         for (const db::Row service : services) {
-            const qint64 id = insertCopy(EquipmentID, service, copied);
+            const qint64 id = insertCopy(EquipmentID, services, service);
             copyParts(partsOf(service, source), id);
             startCounting(EquipmentID, id, service.text(u"Name"), service.text(u"Period"),
                           service.integer(u"Einterval"));

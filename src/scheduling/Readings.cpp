@@ -86,6 +86,13 @@ void add(qint64 EquipmentID, const QDateTime &date, const QString &countType, qi
     applyToServices(EquipmentID);
 }
 
+void remove(qint64 EquipmentID, const Reading &reading, const QString &countType)
+{
+    gcnData->Execute(u"Delete From tblEquipmentCount where EquipmentId = ? and CountType = ? and "
+                     "ChangeDate = ? And CountValue = ?"_s,
+                     {EquipmentID, countType, reading.date, reading.value});
+}
+
 void applyToServices(qint64 EquipmentID)
 {
     const db::Recordset services = gcnData->Open(
@@ -154,7 +161,7 @@ void saveBatch(std::span<const Entry> entries)
     const QDateTime today = base::wallClock(base::today());
     for (const Entry &entry : entries) {
         if (isInProcess(entry.EquipmentID, entry.CountType))
-            base::showInformation(inProcessMessage());
+            base::showMessage(inProcessMessage());
         else
             add(entry.EquipmentID, today, entry.CountType, entry.Value);
     }

@@ -33,6 +33,8 @@ struct Reading
 
 /// Stores a reading and gives the machine's waiting count services their dates.
 void add(qint64 EquipmentID, const QDateTime &date, const QString &countType, qint64 value);
+/// Takes a reading away, and those that equal it. What it has changed in services stays.
+void remove(qint64 EquipmentID, const Reading &reading, const QString &countType);
 /// Gives every count service of the machine that has no date yet, whatever its type, the date of
 /// the reading that reached its target. Moves no date that is set, and no target.
 void applyToServices(qint64 EquipmentID);

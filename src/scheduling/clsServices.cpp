@@ -101,10 +101,13 @@ void followTheMeter(const clsServices &service, const AssignedSchedule &schedule
         return;
     if (!readings::hasAny(schedule.EquipmentID, countType)) {
         readings::addFirst(schedule.EquipmentID, service.ServiceID, service.Name, countType);
+        // The first reading is where the service counts from, so it is not due on it, whatever
+        // target it was stored with before.
         gcnData->Execute(
-            u"Update tblServiceUsed set NextScheduledCount = ? where ServiceUsedID = ?"_s,
+            u"Update tblServiceUsed set NextScheduledCount = ?, NextScheduledDate = ? "
+            "where ServiceUsedID = ?"_s,
             {readings::newest(schedule.EquipmentID, countType).value + service.EInterval,
-             service.ServiceID});
+             dateOrNull(schedule.NextScheduledDate), service.ServiceID});
     }
     if (schedule.NextScheduledDate.isValid())
         return;

@@ -51,7 +51,7 @@ private:
     [[nodiscard]] bool changeCell(int row, const QString &column, const QVariant &value);
     [[nodiscard]] bool changeNextSchedule(int row, const QVariant &value);
     [[nodiscard]] bool changeNextCount(int row, const QVariant &value);
-    void showLabourCost(int row, qint64 crew, double hours);
+    [[nodiscard]] bool showLabourCost(int row, qint64 crew, double hours);
     [[nodiscard]] qint64 serviceOf(int row) const;
 
     MachineScreen m_screen;

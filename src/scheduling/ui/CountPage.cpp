@@ -1,0 +1,107 @@
+#include "scheduling/ui/CountPage.h"
+
+#include "core/Session.h"
+#include "core/ui/ListGrid.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/Theme.h"
+#include "scheduling/Readings.h"
+#include "scheduling/ui/Entries.h"
+
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char *Module = "frmEquipment";
+
+} // namespace
+
+CountPage::CountPage(MachineScreen screen, QWidget *parent)
+    : QWidget(parent)
+    , m_screen(std::move(screen))
+{
+    buildPage();
+    EnableControls();
+}
+
+void CountPage::buildPage()
+{
+    setObjectName(u"fraCount"_s);
+    input::FormBuilder form(this);
+    grdCount = makeListGrid(this, u"grdCount"_s, u"Counts"_s,
+                            {{.name = u"Count Date"_s, .width = 120},
+                             {.name = u"Count Type"_s, .width = 120},
+                             {.name = u"Count Value"_s, .width = 120}});
+    form.widget(grdCount, true);
+    cmdAddCount = form.leftButton(u"cmdAddCount"_s, u"Add &Count"_s, theme::icon(u"add"_s));
+    cmdDeleteCount =
+        form.leftButton(u"cmdDeleteCount"_s, u"De&lete Count"_s, theme::icon(u"delete"_s));
+    form.finish();
+    connect(cmdAddCount, &QPushButton::clicked, this, &CountPage::cmdAddCount_Click);
+    connect(cmdDeleteCount, &QPushButton::clicked, this, &CountPage::cmdDeleteCount_Click);
+}
+
+void CountPage::RefreshCountGrid(qint64 EquipmentID)
+{
+    base::trapped(Module, "RefreshCountGrid", [&] {
+        m_equipment = EquipmentID;
+        grdCount->rows().setRecordset(gcnData->Open(
+            u"Select Changedate as [Count Date], CountType as [Count Type], CountValue as [Count "
+            "Value] from tblEquipmentCount Where EquipmentID = ?"_s,
+            {m_equipment}));
+        grdCount->selectRow(grdCount->displayedOrder().value(0, -1));
+    });
+    EnableControls();
+}
+
+bool CountPage::hasContent() const
+{
+    return grdCount->rows().rowCount() > 0;
+}
+
+void CountPage::setMayEdit(bool may)
+{
+    m_mayEdit = may;
+    EnableControls();
+}
+
+void CountPage::EnableControls()
+{
+    cmdAddCount->setEnabled(m_mayEdit && m_equipment != 0);
+    cmdDeleteCount->setEnabled(m_mayEdit && hasContent());
+}
+
+void CountPage::cmdAddCount_Click()
+{
+    m_screen.firstEdit();
+    const int row = grdCount->currentRow();
+    frmCountReadingEntry::ShowCountReadingForm(
+        m_equipment, row < 0 ? QString() : grdCount->rows().text(row, u"Count Type"));
+    RefreshCountGrid();
+    m_screen.refreshOthers();
+}
+
+void CountPage::cmdDeleteCount_Click()
+{
+    const int row = grdCount->currentRow();
+    if (row < 0)
+        return;
+    m_screen.firstEdit();
+    if (!base::askYesNo(u"Are you sure you want to Delete this record? Count"_s))
+        return;
+    const bool deleted = base::trapped(Module, "DeleteCountRecord", false, [&] {
+        const grid::GridModel &rows = grdCount->rows();
+        readings::remove(m_equipment,
+                         {rows.value(row, u"Count Date").toDateTime(),
+                          rows.value(row, u"Count Value").toLongLong()},
+                         rows.text(row, u"Count Type"));
+        return true;
+    });
+    if (!deleted)
+        return;
+    RefreshCountGrid();
+    m_screen.refreshOthers();
+}

@@ -1,0 +1,312 @@
+#include "scheduling/ui/ServicePage.h"
+
+#include "core/General.h"
+#include "core/Session.h"
+#include "core/ui/ListGrid.h"
+#include "platform/base/Environment.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/Theme.h"
+#include "scheduling/Assignment.h"
+#include "scheduling/GetNextScheduledDate.h"
+#include "scheduling/ui/Entries.h"
+#include "scheduling/ui/OrderWarning.h"
+
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char *Module = "frmEquipment";
+
+bool is(const QString &column, QStringView name)
+{
+    return QStringView(column).compare(name, Qt::CaseInsensitive) == 0;
+}
+
+QList<grid::Choice> crewChoices()
+{
+    QList<grid::Choice> choices;
+    for (const db::Row crew :
+         gcnData->Open(u"Select CrewID,cstr(CrewNumber) + '   ' + Description AS [Crew] from "
+                       "tblCrew order by CrewNumber"_s))
+        choices.append({crew.integer(u"CrewID"), crew.text(u"Crew")});
+    return choices;
+}
+
+} // namespace
+
+ServicePage::ServicePage(MachineScreen screen, QWidget *parent)
+    : QWidget(parent)
+    , m_screen(std::move(screen))
+{
+    buildPage();
+    EnableControls();
+}
+
+void ServicePage::buildPage()
+{
+    setObjectName(u"fraService"_s);
+    input::FormBuilder form(this);
+    grdService = makeListGrid(
+        this, u"grdService"_s, u"Services"_s,
+        {{.name = u"ServiceUsedID"_s, .visible = false},
+         {.name = u"Service No"_s, .width = 75},
+         {.name = u"ServiceID"_s, .visible = false},
+         {.name = u"Name"_s, .width = 190},
+         {.name = u"Next Schedule"_s, .width = 110, .editable = true, .editor = grid::Editor::Date},
+         {.name = u"Next Count"_s,
+          .width = 80,
+          .editable = true,
+          .editor = grid::Editor::Masked,
+          .mask = u"{1,999999999}"_s},
+         {.name = u"Service Crew"_s,
+          .width = 150,
+          .editable = true,
+          .align = grid::Align::Left,
+          .editor = grid::Editor::DropDown},
+         {.name = u"Budgeted Hrs"_s,
+          .width = 90,
+          .editable = true,
+          .format = u"0.00"_s,
+          .editor = grid::Editor::Masked,
+          .mask = u"{0,99999}.{0,99}"_s},
+         {.name = u"Labor Cost"_s, .width = 85, .editable = true, .format = u"$0.00"_s},
+         {.name = u"Interval"_s,
+          .width = 65,
+          .editable = true,
+          .editor = grid::Editor::Masked,
+          .mask = u"{1,99999}"_s},
+         {.name = u"Schedule Type"_s, .width = 100},
+         {.name = u"SeparateWo"_s, .visible = false}});
+    form.widget(grdService, true);
+    cmdAddNewService =
+        form.leftButton(u"cmdAddNewService"_s, u"Add Se&rvice"_s, theme::icon(u"add"_s));
+    cmdSelectService =
+        form.leftButton(u"cmdSelectService"_s, u"&Open Service"_s, theme::icon(u"service"_s));
+    cmdRemoveService =
+        form.leftButton(u"cmdRemoveService"_s, u"Remo&ve Service"_s, theme::icon(u"delete"_s));
+    form.finish();
+
+    grid::GridModel &rows = grdService->rows();
+    rows.editRule = [this](int row, const QString &column) { return grdService_Edit(row, column); };
+    rows.changeRule = [this](int row, const QString &column, const QVariant &value) {
+        return grdService_Change(row, column, value);
+    };
+    connect(grdService, &grid::GridView::rowActivated, this, &ServicePage::cmdSelectService_Click);
+    connect(cmdAddNewService, &QPushButton::clicked, this, &ServicePage::cmdAddNewService_Click);
+    connect(cmdSelectService, &QPushButton::clicked, this, &ServicePage::cmdSelectService_Click);
+    connect(cmdRemoveService, &QPushButton::clicked, this, &ServicePage::cmdRemoveService_Click);
+}
+
+void ServicePage::RefreshServiceGrid(qint64 EquipmentID)
+{
+    base::trapped(Module, "RefreshServiceGrid", [&] {
+        grid::GridModel &rows = grdService->rows();
+        const int current = grdService->currentRow();
+        const qint64 kept = current >= 0 && EquipmentID == m_equipment ? serviceOf(current) : 0;
+        m_equipment = EquipmentID;
+        rows.setRecordset(gcnData->Open(
+            u"SELECT  tblServiceUsed.ServiceUsedID, tblServiceUsed.JobNo as [Service No],  "
+            "tblServiceUsed.ServiceID,tblServiceUsed.Name, NextScheduledDate as [Next Schedule], "
+            "NextScheduledCount as [Next Count], CrewID as [Service Crew], LaborEstimate as "
+            "[Budgeted Hrs],CostEstimate as [Labor Cost], Einterval as [Interval], Switch( Period= "
+            "'D' ,'Days', Period='W','Weeks', Period='M','Months', Period='Y','Years', "
+            "Period='C','Counts', Period='H','Hours', Period='K','Kilometers', Period='I','Miles') "
+            "AS [Schedule Type], tblServiceUsed.SeparateWo  FROM tblServiceUsed where EquipmentId "
+            "= ?"_s,
+            {m_equipment}));
+        rows.column(u"Service Crew").choices = crewChoices();
+        rows.columnsChanged();
+        const int row = kept == 0 ? -1 : rows.findRow(u"ServiceUsedID", kept);
+        grdService->selectRow(row >= 0 ? row : grdService->displayedOrder().value(0, -1));
+    });
+    EnableControls();
+}
+
+bool ServicePage::hasContent() const
+{
+    return grdService->rows().rowCount() > 0;
+}
+
+void ServicePage::setMayEdit(bool may)
+{
+    m_mayEdit = may;
+    EnableControls();
+}
+
+bool ServicePage::finishEditing()
+{
+    return grdService->finishEditing();
+}
+
+void ServicePage::EnableControls()
+{
+    grdService->setEditing(m_mayEdit);
+    cmdAddNewService->setEnabled(m_mayEdit && m_equipment != 0);
+    cmdSelectService->setEnabled(hasContent());
+    cmdRemoveService->setEnabled(m_mayEdit && hasContent());
+}
+
+qint64 ServicePage::serviceOf(int row) const
+{
+    return grdService->rows().value(row, u"ServiceUsedID").toLongLong();
+}
+
+// --- Adding, opening, removing -------------------------------------------------------------------
+
+void ServicePage::cmdAddNewService_Click()
+{
+    if (!finishEditing())
+        return;
+    m_screen.firstEdit();
+    QStringList present;
+    const grid::GridModel &rows = grdService->rows();
+    for (int row = 0; row < rows.rowCount(); ++row)
+        present.append(rows.text(row, u"ServiceID"));
+    QString selection = present.join(u',');
+    QString kind = u"SL"_s;
+    const bool picked = frmServicesManagerEntry::ShowServiceManager(selection, 0, kind, true, true);
+    const bool added = base::trapped(Module, "cmdAddNewService_Click", false, [&] {
+        // The list commits what is open when a service was added to the catalogue from it.
+        BeginTrans();
+        if (!picked)
+            return true;
+        QList<qint64> ids;
+        for (const QString &id : selection.split(u',', Qt::SkipEmptyParts))
+            ids.append(id.trimmed().toLongLong());
+        return assignment::AddServiceRecord(m_equipment, ids,
+                                            kind == u"EL" ? assignment::Source::Machine
+                                                          : assignment::Source::Catalogue);
+    });
+    if (!added) {
+        m_screen.cancel();
+        return;
+    }
+    RefreshServiceGrid();
+    m_screen.refreshOthers();
+    (void)m_screen.save();
+}
+
+void ServicePage::cmdSelectService_Click()
+{
+    if (!finishEditing() || grdService->currentRow() < 0)
+        return;
+    const qint64 service = serviceOf(grdService->currentRow());
+    if (service == 0 || (!m_screen.isBrowsing() && !m_screen.save()))
+        return;
+    ShowServiceUsedDetail(service);
+    RefreshServiceGrid();
+    m_screen.refreshOthers();
+}
+
+void ServicePage::cmdRemoveService_Click()
+{
+    if (!finishEditing() || grdService->currentRow() < 0)
+        return;
+    m_screen.firstEdit();
+    if (!base::askYesNo(u"Are you sure you want to delete this service?"_s))
+        return;
+    if (assignment::DeleteServiceRecord(serviceOf(grdService->currentRow()))) {
+        RefreshServiceGrid();
+        m_screen.refreshOthers();
+    }
+}
+
+// --- Changes in the grid -------------------------------------------------------------------------
+
+bool ServicePage::grdService_Edit(int row, const QString &column) const
+{
+    const QString type = grdService->rows().text(row, u"Schedule Type");
+    if (is(column, u"Next Count"))
+        return !QStringList{u"Weeks"_s, u"Days"_s, u"Months"_s, u"Years"_s}.contains(type);
+    if (is(column, u"Next Schedule"))
+        return !QStringList{u"Miles"_s, u"Kilometers"_s, u"Hours"_s}.contains(type);
+    return true;
+}
+
+bool ServicePage::grdService_Change(int row, const QString &column, const QVariant &value)
+{
+    m_screen.firstEdit();
+    return base::trapped(Module, "grdService_Change", false,
+                         [&] { return changeCell(row, column, value); });
+}
+
+bool ServicePage::changeCell(int row, const QString &column, const QVariant &value)
+{
+    const grid::GridModel &rows = grdService->rows();
+    const qint64 service = serviceOf(row);
+    const auto update = [&](const QString &field) {
+        return assignment::UpdateEquipmentService(service, field, value.isNull() ? 0 : value);
+    };
+    if (is(column, u"Next Schedule"))
+        return changeNextSchedule(row, value);
+    if (is(column, u"Next Count"))
+        return changeNextCount(row, value);
+    if (is(column, u"Interval"))
+        return !value.isNull() && update(u"Einterval"_s);
+    if (is(column, u"Labor Cost"))
+        return update(u"CostEstimate"_s);
+    if (is(column, u"Service Crew")) {
+        if (!update(u"CrewID"_s))
+            return false;
+        return showLabourCost(row, value.toLongLong(), rows.value(row, u"Budgeted Hrs").toDouble());
+    }
+    if (is(column, u"Budgeted Hrs")) {
+        if (!update(u"LaborEstimate"_s))
+            return false;
+        return showLabourCost(row, rows.value(row, u"Service Crew").toLongLong(), value.toDouble());
+    }
+    return true;
+}
+
+bool ServicePage::showLabourCost(int row, qint64 crew, double hours)
+{
+    const double cost = SetLaborCost(crew) * hours;
+    if (!assignment::UpdateEquipmentService(serviceOf(row), u"CostEstimate"_s, cost))
+        return false;
+    grdService->rows().setValue(row, u"Labor Cost", cost);
+    return true;
+}
+
+bool ServicePage::changeNextSchedule(int row, const QVariant &value)
+{
+    const qint64 service = serviceOf(row);
+    if (ServiceInWorkOrder(service) && !orderwarning::confirmDate())
+        return false;
+    const QDateTime before = grdService->rows().value(row, u"Next Schedule").toDateTime();
+    const QDateTime date = value.toDateTime();
+    if (!before.isValid() && (!date.isValid() || date.date() < base::today())) {
+        base::showMessage(u"Next Schedule Date should be greater than or equal to current date"_s);
+        return false;
+    }
+    if (before.isValid() && (!date.isValid() || date <= before)) {
+        base::showMessage(u"Next Schedule Date should be greater than old date"_s);
+        return false;
+    }
+    return assignment::UpdateEquipmentService(service, u"NextScheduleddate"_s, date);
+}
+
+bool ServicePage::changeNextCount(int row, const QVariant &value)
+{
+    const qint64 service = serviceOf(row);
+    if (value.toLongLong() <= 0) {
+        base::showMessage(u"Count value shouldn't be less then or equal to 0"_s);
+        return false;
+    }
+    if (ServiceInWorkOrder(service) && !orderwarning::confirmCountInGrid())
+        return false;
+    if (!assignment::UpdateEquipmentService(service, u"NextScheduledCount"_s, value))
+        return false;
+    if (!grdService->rows().value(row, u"Next Schedule").isNull())
+        return true;
+    const QDateTime reached = scheduling::nextScheduledDate(service);
+    if (!reached.isValid())
+        return true;
+    if (!assignment::UpdateEquipmentService(service, u"NextScheduleddate"_s, reached))
+        return false;
+    grdService->rows().setValue(row, u"Next Schedule", reached);
+    return true;
+}

@@ -1,0 +1,180 @@
+#include "scheduling/ui/ServiceParts.h"
+
+#include "core/Session.h"
+#include "core/ui/ListGrid.h"
+#include "parts/PartSelection.h"
+#include "parts/ui/Entries.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/input/Theme.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char *Module = "frmServices";
+const QString AmountMask = u"{0,99999}.{0,99}"_s;
+
+} // namespace
+
+ServiceParts::ServiceParts(ServiceStore store, QWidget *parent)
+    : QGroupBox(u"Parts"_s, parent)
+    , m_store(store)
+{
+    setObjectName(u"fraParts"_s);
+    grdPartUsed = makeListGrid(this, u"grdPartUsed"_s, u"Parts of the service"_s,
+                               {{.name = u"Part Number"_s, .width = 110},
+                                {.name = u"Description"_s, .width = 190},
+                                {.name = u"Qty Req"_s,
+                                 .width = 70,
+                                 .editable = true,
+                                 .format = u"0.00"_s,
+                                 .editor = grid::Editor::Masked,
+                                 .mask = AmountMask},
+                                {.name = u"Price"_s,
+                                 .width = 80,
+                                 .editable = true,
+                                 .format = u"$0.00"_s,
+                                 .editor = grid::Editor::Masked,
+                                 .mask = AmountMask}});
+    grdPartUsed->setMinimumHeight(96);
+    const auto button = [this](const QString &name, const QString &caption, const QString &icon) {
+        auto *made = new QPushButton(theme::icon(icon), caption, this);
+        made->setObjectName(name);
+        made->setAutoDefault(false);
+        return made;
+    };
+    cmdAddPart = button(u"cmdAddPart"_s, u"Add &Part"_s, u"add"_s);
+    cmdRemove = button(u"cmdRemove"_s, u"Re&move Part"_s, u"delete"_s);
+    auto *buttons = new QHBoxLayout;
+    buttons->addWidget(cmdAddPart);
+    buttons->addWidget(cmdRemove);
+    buttons->addStretch();
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(10, 8, 10, 10);
+    layout->addWidget(grdPartUsed, 1);
+    layout->addLayout(buttons);
+    setFocusProxy(grdPartUsed);
+
+    grdPartUsed->rows().changeRule = [this](int row, const QString &column, const QVariant &value) {
+        return SavePartGirdChanges(row, column, value);
+    };
+    connect(grdPartUsed, &grid::GridView::changed, this, [this] {
+        Q_EMIT costChanged();
+        Q_EMIT edited();
+    });
+    connect(cmdAddPart, &QPushButton::clicked, this, &ServiceParts::cmdAddPart_Click);
+    connect(cmdRemove, &QPushButton::clicked, this, &ServiceParts::cmdRemove_Click);
+}
+
+QString ServiceParts::table() const
+{
+    return m_store == ServiceStore::Catalogue ? u"tblServicesPart"_s : u"tblServiceUsedPart"_s;
+}
+
+QString ServiceParts::keyColumn() const
+{
+    return m_store == ServiceStore::Catalogue ? u"ServiceID"_s : u"ServiceUsedID"_s;
+}
+
+void ServiceParts::RefreshPartGrid(qint64 key)
+{
+    m_key = key;
+    base::trapped(Module, "RefreshPartGrid", [&] {
+        const int row = grdPartUsed->currentRow();
+        grdPartUsed->rows().setRecordset(gcnData->Open(
+            u"Select  tblPart.PartID as [Part Number], Description, QuantityRequired as [Qty Req], "
+            "%1.Price  From %1 left join tblPart on %1.PartID = tblPart.PartID where %2 = ?"_s.arg(
+                table(), keyColumn()),
+            {m_key}));
+        grdPartUsed->selectRow(qMin(qMax(row, 0), grdPartUsed->rows().rowCount() - 1));
+    });
+    EnableControls();
+    Q_EMIT costChanged();
+}
+
+double ServiceParts::SetPastCost() const
+{
+    const grid::GridModel &rows = grdPartUsed->rows();
+    double cost = 0;
+    for (int row = 0; row < rows.rowCount(); ++row)
+        cost += rows.value(row, u"Qty Req").toDouble() * rows.value(row, u"Price").toDouble();
+    return std::round(cost * 100) / 100;
+}
+
+void ServiceParts::setMayEdit(bool may)
+{
+    m_mayEdit = may;
+    EnableControls();
+}
+
+void ServiceParts::EnableControls()
+{
+    grdPartUsed->setEditing(m_mayEdit);
+    cmdAddPart->setEnabled(m_mayEdit);
+    cmdRemove->setEnabled(m_mayEdit && grdPartUsed->rows().rowCount() > 0);
+}
+
+void ServiceParts::cmdAddPart_Click()
+{
+    if (!grdPartUsed->finishEditing())
+        return;
+    if (m_store == ServiceStore::Catalogue)
+        base::showMessage(
+            u"Note: You should not add equipment specfic parts to the master service list."_s);
+    if (mayAdd && !mayAdd())
+        return;
+    base::trapped(Module, "cmdAddPart_Click", [&] {
+        QStringList present;
+        for (int row = 0; row < grdPartUsed->rows().rowCount(); ++row)
+            present.append(grdPartUsed->rows().text(row, u"Part Number"));
+        QString selection = parts::exclusionList(present);
+        if (!frmPartManagerEntry::ShowServiceManager(selection, true))
+            return;
+        BeginTrans();
+        for (const parts::Chosen &part : parts::parseSelection(selection))
+            gcnData->Execute(u"insert into %1(PartID,%2,QuantityRequired,Price,SupplierID) "
+                             "values(?,?,?,?,?)"_s.arg(table(), keyColumn()),
+                             {part.PartID, m_key, part.Quantity, part.Price, part.SupplierID});
+        RefreshPartGrid(m_key);
+        Q_EMIT edited();
+    });
+}
+
+void ServiceParts::cmdRemove_Click()
+{
+    const int row = grdPartUsed->currentRow();
+    if (row < 0 || !base::askYesNo(u"Are you sure you want to Delete this record?"_s))
+        return;
+    base::trapped(Module, "cmdRemove_Click", [&] {
+        BeginTrans();
+        gcnData->Execute(u"Delete from %1 where partID = ? and %2 = ?"_s.arg(table(), keyColumn()),
+                         {grdPartUsed->rows().text(row, u"Part Number"), m_key});
+        RefreshPartGrid(m_key);
+        Q_EMIT edited();
+    });
+}
+
+bool ServiceParts::SavePartGirdChanges(int row, const QString &column, const QVariant &value)
+{
+    return base::trapped(Module, "SavePartGirdChanges", false, [&] {
+        const grid::GridModel &rows = grdPartUsed->rows();
+        const bool isQuantity = column.compare(u"Qty Req", Qt::CaseInsensitive) == 0;
+        const double quantity =
+            isQuantity ? value.toDouble() : rows.value(row, u"Qty Req").toDouble();
+        const double price = isQuantity ? rows.value(row, u"Price").toDouble() : value.toDouble();
+        BeginTrans();
+        gcnData->Execute(u"Update %1 set QuantityRequired = ?, Price = ? where PartID = ? and "
+                         "%2 = ?"_s.arg(table(), keyColumn()),
+                         {quantity, price, rows.text(row, u"Part Number"), m_key});
+        // An emptied cell is the 0 that was stored for it.
+        if (value.isNull())
+            grdPartUsed->rows().setValue(row, column, 0.0);
+        return true;
+    });
+}

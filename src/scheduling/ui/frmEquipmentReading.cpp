@@ -1,0 +1,142 @@
+#include "scheduling/ui/frmEquipmentReading.h"
+
+#include "core/ui/GridData.h"
+#include "core/ui/ListGrid.h"
+#include "core/ui/ScreenCalls.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/Theme.h"
+#include "scheduling/Readings.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char *Module = "frmEquipmentReading";
+const QString Report = u"EquipmentCountReport"_s;
+/// Stands in a cell for which no reading was entered.
+const QString Placeholder = u"______________"_s;
+
+} // namespace
+
+frmEquipmentReading::frmEquipmentReading(QWidget *parent)
+    : Screen(u"frmEquipmentReading"_s, u"Equipment Reading"_s, parent)
+{
+    buildForm();
+    RefreshRecordSet();
+    adoptGrid(grdReading, u"grdReading"_s);
+    grdReading->selectCell(grdReading->displayedOrder().value(0, -1), u"Count");
+}
+
+void frmEquipmentReading::buildForm()
+{
+    input::FormBuilder form(this);
+    lblHeading = form.note({}, u"lblHeading"_s);
+    grdReading = makeListGrid(this, u"grdReading"_s, u"Meters to read"_s,
+                              {{.name = u"EquipmentID"_s, .visible = false},
+                               {.name = u"UnitNo"_s, .caption = u"Unit No"_s, .width = 90},
+                               {.name = u"Equipment Name"_s, .width = 230},
+                               {.name = u"CountType"_s, .caption = u"Count Type"_s, .width = 90},
+                               {.name = u"Last Date"_s, .width = 90},
+                               {.name = u"Last Count"_s, .width = 90},
+                               {.name = u"Count"_s,
+                                .width = 120,
+                                .editable = true,
+                                .editor = grid::Editor::Masked,
+                                .mask = u"{0,2147483647}"_s,
+                                .kind = sql::ColumnKind::Integer,
+                                .placeholder = Placeholder}});
+    for (const QString &column : {u"Last Count"_s, u"Count"_s})
+        ColAlign(*grdReading, column, grid::Align::Right);
+    for (const QString &column : {u"UnitNo"_s, u"Equipment Name"_s, u"CountType"_s})
+        ColAlign(*grdReading, column, grid::Align::Left);
+    ColAlign(*grdReading, u"Last Date"_s, grid::Align::Center);
+    grdReading->setVerticalEntry(u"Count");
+    form.widget(grdReading, true);
+    cmdPrint = form.button(u"cmdPrint"_s, u"&Print"_s, theme::icon(u"print"_s));
+    cmdUpdate = form.button(u"cmdUpdate"_s, u"&Save"_s, theme::icon(u"save"_s));
+    cmdCancel = form.button(u"cmdCancel"_s, u"&Cancel"_s, theme::icon(u"cancel"_s));
+    cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
+    form.finish();
+    resize(780, 520);
+
+    grdReading->rows().changeRule = [this](int row, const QString &, const QVariant &value) {
+        return countEntered(row, value);
+    };
+    connect(grdReading, &grid::GridView::typing, this, &Screen::edited);
+    connect(grdReading, &grid::GridView::changed, this, &Screen::edited);
+    connect(cmdPrint, &QPushButton::clicked, this,
+            [] { screenCalls().reports.value(Report)(QString()); });
+    connect(cmdUpdate, &QPushButton::clicked, this, &frmEquipmentReading::cmdUpdate_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &frmEquipmentReading::cmdCancel_Click);
+    connect(cmdExit, &QPushButton::clicked, this, [this] { unload(); });
+}
+
+void frmEquipmentReading::EnableControls()
+{
+    const bool browsing = mode() == Mode::Browse;
+    cmdPrint->setVisible(browsing);
+    cmdPrint->setEnabled(screenCalls().hasReport(Report));
+    cmdExit->setVisible(browsing);
+    cmdUpdate->setVisible(!browsing);
+    cmdCancel->setVisible(!browsing);
+    setCloseEnabled(browsing);
+}
+
+void frmEquipmentReading::RefreshRecordSet()
+{
+    base::trapped(Module, "RefreshRecordSet", [this] {
+        const int days = readings::delay();
+        grdReading->rows().setRecordset(readings::due(days));
+        grdReading->rows().setAll(u"Count", QVariant());
+        lblHeading->setText(
+            grdReading->rows().rowCount() > 0
+                ? u"Meters that have not been read for %1 days. Type the reading and go on with "
+                  "Enter."_s.arg(days)
+                : u"All meters have been read in the last %1 days."_s.arg(days));
+    });
+    setMode(Mode::Browse);
+}
+
+bool frmEquipmentReading::countEntered(int row, const QVariant &value)
+{
+    const QVariant last = grdReading->rows().value(row, u"Last Count");
+    if (value.isNull() || value.toLongLong() >= last.toLongLong())
+        return true;
+    base::showCritical(u"Count value should be more than or equal to Last value"_s);
+    grdReading->rows().setValue(row, u"Count", last);
+    return false;
+}
+
+void frmEquipmentReading::cmdUpdate_Click()
+{
+    if (!grdReading->finishEditing())
+        return;
+    std::vector<readings::Entry> entries;
+    const grid::GridModel &rows = grdReading->rows();
+    for (const int row : grdReading->displayedOrder()) {
+        const QVariant count = rows.value(row, u"Count");
+        if (!count.isNull())
+            entries.push_back({rows.value(row, u"EquipmentID").toLongLong(),
+                               rows.text(row, u"CountType"), count.toLongLong()});
+    }
+    const bool saved = base::trapped(Module, "cmdUpdate_Click", false, [&] {
+        readings::saveBatch(entries);
+        return true;
+    });
+    if (saved)
+        RefreshRecordSet();
+    else
+        setMode(Mode::Browse);
+}
+
+void frmEquipmentReading::cmdCancel_Click()
+{
+    RefreshRecordSet();
+    grdReading->setFocus();
+}

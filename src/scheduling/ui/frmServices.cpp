@@ -1,0 +1,615 @@
+#include "scheduling/ui/frmServices.h"
+
+#include "core/General.h"
+#include "core/Session.h"
+#include "core/ui/Combos.h"
+#include "core/ui/Lock.h"
+#include "core/ui/LookupCombo.h"
+#include "platform/base/Environment.h"
+#include "platform/base/Format.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/grid/GridView.h"
+#include "platform/input/CurrencyInput.h"
+#include "platform/input/DateInput.h"
+#include "platform/input/IdCombo.h"
+#include "platform/input/Leaving.h"
+#include "platform/input/SpinInput.h"
+#include "scheduling/Readings.h"
+#include "scheduling/ui/OrderWarning.h"
+#include "scheduling/ui/PatternBox.h"
+#include "scheduling/ui/ServiceParts.h"
+
+#include <QCheckBox>
+#include <QEvent>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStackedWidget>
+#include <QToolButton>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char *Module = "frmServices";
+const QString Renewals[] = {u"W"_s, u"S"_s, u"D"_s};
+
+/// The period code of the word that the list shows; empty for another text.
+QString codeOf(const QString &word)
+{
+    for (const QString &code : {u"D"_s, u"W"_s, u"M"_s, u"Y"_s, u"C"_s, u"H"_s, u"K"_s, u"I"_s})
+        if (PeriodWord(code) == word)
+            return code;
+    return {};
+}
+
+QString dateText(const QDateTime &date)
+{
+    return date.isValid() ? date.toString(u"MM/dd/yyyy") : QString();
+}
+
+double amount(const QLineEdit *box)
+{
+    return box->text().trimmed().toDouble();
+}
+
+} // namespace
+
+frmServices::frmServices(ServiceStore store, QWidget *parent)
+    : Screen(u"frmServices"_s, u"Services"_s, parent)
+    , m_store(store)
+{
+    buildForm();
+    joinRules();
+    RefreshCrews();
+    RefreshCostCenters();
+    adoptGrid(fraParts->grid(), fraParts->grid()->objectName());
+}
+
+void frmServices::display(Mode mode, qint64 key)
+{
+    m_key = key;
+    if (mode == Mode::Add && !isAssigned())
+        beginNew();
+    else
+        RefreshRecordSet();
+}
+
+void frmServices::beginNew()
+{
+    ClearData();
+    m_key = GenrateUniqueID();
+    const Displaying displaying(*this);
+    m_oldJobNo = QString::number(GenerateID(u"tblServices"_s, u"JobNO"_s));
+    txtJobNo->setText(m_oldJobNo);
+    setMode(Mode::Add);
+    txtName->setFocus();
+}
+
+void frmServices::unloading()
+{
+    base::trapped(Module, "Form_Unload", [] { RollbackTrans(); });
+}
+
+// --- Controls by mode and schedule ---------------------------------------------------------------
+
+bool frmServices::mayEdit() const
+{
+    return mode() == Mode::Add || (m_hasRow && gRights.SerMod);
+}
+
+QString frmServices::period() const
+{
+    return codeOf(cboRenewalPeriod->currentText());
+}
+
+bool frmServices::isCountPeriod() const
+{
+    return !readings::countType(period()).isEmpty();
+}
+
+void frmServices::EnableControls()
+{
+    const bool browsing = mode() == Mode::Browse;
+    const bool may = mayEdit();
+    cmdUpdate->setEnabled(!browsing);
+    cmdCancel->setEnabled(!browsing);
+    for (QWidget *control : std::initializer_list<QWidget *>{
+             txtJobNo, txtName, cboCrew, cmdCrew, cboCostCenter, cmdCostCenter, ChkSeparateWO,
+             chkInactive, txtBudgetedlabor, txtBudgetedcost, txtNotes})
+        setLocked(control, !may);
+    fraParts->setMayEdit(may);
+    EnableLogicControl();
+    setCloseEnabled(browsing);
+}
+
+/// What of the schedule can be edited follows from its kind.
+void frmServices::EnableLogicControl()
+{
+    const bool may = mayEdit();
+    const bool active = may && !chkInactive->isChecked();
+    const bool again = active && !OptDSA->isChecked();
+    const bool calendar = again && !isCountPeriod();
+    const bool byDom = fraPattern->usesDayOfMonth();
+    fraPattern->setLive({.days = calendar && !byDom,
+                         .weeks = calendar && !byDom,
+                         .months = calendar && !byDom,
+                         .dom = calendar});
+    const bool interval = again && (!calendar || !byDom);
+    RRSpin1->setEnabled(interval);
+    cboRenewalPeriod->setEnabled(interval);
+    for (QRadioButton *option : {OptWOC, OptSOS, OptDSA})
+        option->setEnabled(active);
+    if (isAssigned()) {
+        stkNextDate->setEnabled(active);
+        txtCount->setEnabled(active);
+    }
+}
+
+void frmServices::RefreshCrews()
+{
+    rebuildKeepingChoice(*cboCrew, [this] { loadCrews(*cboCrew); });
+}
+
+void frmServices::RefreshCostCenters()
+{
+    rebuildKeepingChoice(*cboCostCenter, [this] {
+        LoadItemWithIdToCombo(*cboCostCenter, clsServicesManager().GetCostCenterInfo(),
+                              u"CostCenterID"_s, u"Description"_s, true);
+    });
+}
+
+// --- Showing -------------------------------------------------------------------------------------
+
+void frmServices::RefreshRecordSet()
+{
+    base::trapped(Module, "RefreshRecordSet", [this] {
+        const db::Recordset rows =
+            isAssigned()
+                ? gcnData->Open(u"Select * from tblServiceUsed where ServiceUsedID = ?"_s, {m_key})
+                : gcnData->Open(u"Select * from tblServices where ServiceID = ?"_s, {m_key});
+        if (rows.isEmpty())
+            ClearData();
+        else
+            DisplayData(rows.current());
+    });
+    setMode(Mode::Browse);
+}
+
+void frmServices::DisplayData(const db::Row &row)
+{
+    const Displaying displaying(*this);
+    m_hasRow = true;
+    m_stored = clsServicesManager::fromRow(row, m_store);
+    m_storedSchedule = {};
+    if (isAssigned()) {
+        m_storedSchedule.EquipmentID = row.integer(u"EquipmentID");
+        m_storedSchedule.NextScheduledDate = row.date(u"NextScheduledDate");
+        m_storedSchedule.NextScheduledCount = row.integer(u"NextScheduledCount");
+        m_storedSchedule.Inactive = static_cast<int>(row.integer(u"Inactive"));
+    }
+    showService(m_stored);
+    if (isAssigned())
+        displaySchedule(row);
+    clearChanges();
+    fraParts->RefreshPartGrid(m_key);
+    showTotalCost();
+}
+
+void frmServices::displaySchedule(const db::Row &row)
+{
+    lblLastDateScheduledData->setText(dateText(row.date(u"LastDateScheduled")));
+    lblLastDatePerformedData->setText(dateText(row.date(u"LastDatePerformed")));
+    showNextDate(m_storedSchedule.NextScheduledDate);
+    txtCount->setText(QString::number(m_storedSchedule.NextScheduledCount));
+    chkInactive->setChecked(m_storedSchedule.Inactive != 0);
+    showScheduleKind();
+}
+
+void frmServices::showService(const clsServices &service)
+{
+    m_oldJobNo = QString::number(service.JobNo);
+    txtJobNo->setText(m_oldJobNo);
+    if (lblJobNoData)
+        lblJobNoData->setText(m_oldJobNo);
+    txtName->setText(service.Name);
+    showLookup(*cboCrew, service.CrewID);
+    showLookup(*cboCostCenter, service.CostCenterID);
+    ChkSeparateWO->setChecked(service.SeparateWo == u"1");
+    RRSpin1->setValue(service.EInterval);
+    cboRenewalPeriod->selectText(PeriodWord(service.Period));
+    OptWOC->setChecked(service.RenewalOn == Renewals[0]);
+    OptSOS->setChecked(service.RenewalOn == Renewals[1]);
+    OptDSA->setChecked(service.RenewalOn == Renewals[2]);
+    fraPattern->display(service);
+    txtNotes->setPlainText(service.Note);
+    txtBudgetedlabor->setText(base::twoDecimals(service.LaborEstimate));
+    showLabourRate();
+    txtBudgetedcost->setValue(service.CostEstimate);
+}
+
+void frmServices::ClearData()
+{
+    const Displaying displaying(*this);
+    m_hasRow = false;
+    m_stored = {};
+    m_stored.Period = u"D"_s;
+    m_stored.RenewalOn = Renewals[0];
+    m_storedSchedule = {};
+    showService(m_stored);
+    txtJobNo->clear();
+    if (isAssigned()) {
+        for (QLabel *label : {lblJobNoData, lblLastDateScheduledData, lblLastDatePerformedData})
+            label->clear();
+        showNextDate({});
+        txtCount->clear();
+        chkInactive->setChecked(false);
+        showScheduleKind();
+    }
+    clearChanges();
+    fraParts->RefreshPartGrid(0);
+    showTotalCost();
+}
+
+void frmServices::clearChanges()
+{
+    m_nextDateChanged = false;
+    m_nextCountChanged = false;
+    m_jobNoChanged = false;
+    m_confirmedName.clear();
+}
+
+void frmServices::showLabourRate()
+{
+    txtLaborRate->setText(base::money(SetLaborCost(cboCrew->id())));
+}
+
+void frmServices::computeLabourCost()
+{
+    txtBudgetedcost->setValue(amount(txtBudgetedlabor) * SetLaborCost(cboCrew->id()));
+}
+
+void frmServices::showTotalCost()
+{
+    const double parts = fraParts->SetPastCost();
+    lblPartCost->setText(base::money(parts));
+    txtTotalCost->setText(base::money(txtBudgetedcost->value() + parts));
+}
+
+void frmServices::showNextDate(const QDateTime &date)
+{
+    datNextScheduledDate->setDate(date);
+    stkNextDate->setCurrentWidget(date.isValid() ? static_cast<QWidget *>(datNextScheduledDate)
+                                                 : txtNextScheduledDate);
+    stkNextDate->setFocusProxy(stkNextDate->currentWidget());
+}
+
+QDateTime frmServices::nextDate() const
+{
+    if (!isAssigned() || stkNextDate->currentWidget() == txtNextScheduledDate ||
+        !datNextScheduledDate->date().isValid())
+        return {};
+    return base::wallClock(datNextScheduledDate->date());
+}
+
+/// A count service waits for its count, and has a date once that is reached; a calendar service
+/// has a date only.
+void frmServices::showScheduleKind()
+{
+    const bool count = isCountPeriod();
+    lblNextSchedule->setText(count ? u"Ne&xt Scheduled Count:"_s : u"Ne&xt Scheduled Date:"_s);
+    lblNextSchedule->setBuddy(count ? static_cast<QWidget *>(txtCount) : datNextScheduledDate);
+    txtCount->setVisible(count);
+    lblDueOn->setVisible(count);
+}
+
+bool frmServices::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == txtNextScheduledDate && event->type() == QEvent::FocusIn) {
+        // Who comes to the blank box wants to give a date.
+        stkNextDate->setCurrentWidget(datNextScheduledDate);
+        stkNextDate->setFocusProxy(datNextScheduledDate);
+        datNextScheduledDate->setFocus();
+    }
+    return Screen::eventFilter(watched, event);
+}
+
+// --- Rules of single controls --------------------------------------------------------------------
+
+void frmServices::cboRenewalPeriod_Click()
+{
+    if (isAssigned() && period() != m_stored.Period)
+        CheckServiceChange();
+    else if (isAssigned())
+        showScheduleKind();
+    EnableLogicControl();
+}
+
+void frmServices::CheckServiceChange()
+{
+    showScheduleKind();
+    if (isCountPeriod()) {
+        const qint64 count =
+            GetEquipmentCount(m_storedSchedule.EquipmentID, readings::countType(period())) +
+            RRSpin1->value();
+        if (count > std::numeric_limits<qint32>::max())
+            tellCountTooBig();
+        else
+            txtCount->setText(QString::number(count));
+        showNextDate({});
+    } else {
+        showNextDate(base::wallClock(base::today()));
+    }
+}
+
+void frmServices::tellCountTooBig()
+{
+    QString address = GetMakerRegistryValue(u"SupportAddress"_s);
+    if (address.isEmpty())
+        address = u"Quorvantis support"_s;
+    base::showMessage(
+        u"Next service count is bigger than field size. please contact %1"_s.arg(address));
+}
+
+void frmServices::useDayOfMonth(bool used)
+{
+    if (used) {
+        RRSpin1->setValue(1);
+        const QString before = period();
+        cboRenewalPeriod->selectText(u"Days"_s);
+        OptWOC->setChecked(true);
+        if (before != period())
+            cboRenewalPeriod_Click();
+    }
+    EnableLogicControl();
+}
+
+void frmServices::chkInactive_Click()
+{
+    if (chkInactive->isChecked() && ServiceInWorkOrder(m_key)) {
+        chkInactive->setChecked(false);
+        base::showMessage(
+            u"This service is already assigned to a work order. You cann't setted inactive."_s);
+    } else {
+        edited();
+    }
+    EnableLogicControl();
+}
+
+bool frmServices::txtJobNo_Validate()
+{
+    if (mode() == Mode::Browse || txtJobNo->text().trimmed() == m_oldJobNo)
+        return true;
+    QString refusal;
+    if (input::isBlank(txtJobNo))
+        refusal = u"Service Job No should not be blank."_s;
+    else if (IsDuplicate(u"tblServices"_s, u"JobNO"_s, m_stored.JobNo, txtJobNo->text(), true))
+        refusal = u"Job Number you specified already exists. Please enter a different Part "
+                  "Number."_s;
+    if (refusal.isEmpty()) {
+        m_jobNoChanged = true;
+        m_oldJobNo = txtJobNo->text().trimmed();
+        return true;
+    }
+    base::showMessage(refusal);
+    txtJobNo->setText(m_oldJobNo);
+    return false;
+}
+
+bool frmServices::txtCount_Validate()
+{
+    if (mode() == Mode::Browse || !isCountPeriod())
+        return true;
+    if (input::isBlank(txtCount)) {
+        base::showMessage(u"Please enter the next schedule count"_s);
+        return false;
+    }
+    const qint64 count = txtCount->text().trimmed().toLongLong();
+    if (count > std::numeric_limits<qint32>::max()) {
+        tellCountTooBig();
+        return false;
+    }
+    if (count >= 1)
+        return true;
+    base::showMessage(u"Count value shouldn't be less then or equal to 0"_s);
+    txtCount->setText(QString::number(
+        GetEquipmentCount(m_storedSchedule.EquipmentID, readings::countType(period()))));
+    return false;
+}
+
+/// False when the stored name was put back.
+bool frmServices::txtName_LostFocus()
+{
+    const QString name = txtName->text().trimmed();
+    if (!isAssigned() || mode() == Mode::Browse || name == m_confirmedName ||
+        name.compare(m_stored.Name.trimmed(), Qt::CaseInsensitive) == 0)
+        return true;
+    if (base::askYesNo(u"You should not change the name of a service. If you need a new service "
+                       "add it using the \"Services\" navigator on the left side. Then add it to "
+                       "this piece of equipment. Are you sure you want to do this?"_s)) {
+        m_confirmedName = name;
+        return true;
+    }
+    txtName->setText(m_stored.Name);
+    return false;
+}
+
+bool frmServices::mayAddPart()
+{
+    if (mode() != Mode::Add)
+        return true;
+    return base::askYesNo(u"Record must be saved. Do you want to save it."_s) && cmdUpdate_Click();
+}
+
+// --- Saving --------------------------------------------------------------------------------------
+
+bool frmServices::refuse(QWidget *field, const QString &message)
+{
+    base::showInformation(message);
+    field->setFocus();
+    return false;
+}
+
+bool frmServices::ValidateFields()
+{
+    if (input::isBlank(txtName))
+        return refuse(txtName, u"Name should not be blank"_s);
+    if (input::isBlank(cboCostCenter))
+        return refuse(cboCostCenter, u"Select one Cost Center"_s);
+    if (input::isBlank(cboCrew))
+        return refuse(cboCrew, u"Select one Crew"_s);
+    if (fraPattern->usesDayOfMonth() && !fraPattern->hasDayOfMonth()) {
+        base::showInformation(u"User Should fill at least one day of the month"_s);
+        fraPattern->focusDayOfMonth();
+        return false;
+    }
+    if (OptDSA->isChecked() || isCountPeriod() || fraPattern->usesDayOfMonth())
+        return true;
+    if (!fraPattern->hasDay()) {
+        base::showInformation(u"At least select one day of week."_s);
+        fraPattern->focusDays();
+        return false;
+    }
+    if (!fraPattern->hasWeek()) {
+        base::showInformation(u"At least select one week of month."_s);
+        fraPattern->focusWeeks();
+        return false;
+    }
+    if (!fraPattern->hasMonth()) {
+        base::showInformation(u"At least select one month of year."_s);
+        fraPattern->focusMonths();
+        return false;
+    }
+    return true;
+}
+
+/// A date or count changed on a service that stands on an order is asked about, and put back on No.
+void frmServices::confirmChangesOnOrder()
+{
+    if (!isAssigned() || !(m_nextDateChanged || m_nextCountChanged) || !ServiceInWorkOrder(m_key))
+        return;
+    if (m_nextDateChanged && !orderwarning::confirmDate()) {
+        showNextDate(m_storedSchedule.NextScheduledDate);
+        m_nextDateChanged = false;
+    }
+    if (m_nextCountChanged && !orderwarning::confirmCount()) {
+        txtCount->setText(QString::number(m_storedSchedule.NextScheduledCount));
+        m_nextCountChanged = false;
+    }
+}
+
+clsServices frmServices::SetObjectValues()
+{
+    clsServices service = m_stored;
+    service.ServiceID = mode() == Mode::Modify ? m_key : GenrateUniqueID();
+    service.JobNo = txtJobNo->text().trimmed().toLongLong();
+    service.Name = txtName->text().trimmed();
+    service.CrewID = cboCrew->id();
+    service.CostCenterID = cboCostCenter->id();
+    if (const QString code = period(); !code.isEmpty())
+        service.Period = code;
+    service.EInterval = RRSpin1->value();
+    const QRadioButton *options[] = {OptWOC, OptSOS, OptDSA};
+    for (std::size_t i = 0; i < std::size(options); ++i) {
+        if (options[i]->isChecked()) {
+            service.RenewalOn = Renewals[i];
+            break;
+        }
+    }
+    if (!isCountPeriod())
+        fraPattern->take(service);
+    service.SeparateWo = ChkSeparateWO->isChecked() ? u"1"_s : u"0"_s;
+    service.LaborEstimate = amount(txtBudgetedlabor);
+    service.CostEstimate = txtBudgetedcost->value();
+    service.Note = txtNotes->toPlainText();
+    return service;
+}
+
+/// Offers to give a changed number to all copies of the service. False when that failed.
+bool frmServices::carryJobNumber(const clsServices &service)
+{
+    if (!m_jobNoChanged ||
+        !base::askYesNo(
+            u"Do you want to change Job No of \"%1\" to \"%2\" for all existing services?"_s.arg(
+                service.Name, QString::number(service.JobNo))))
+        return true;
+    return clsServicesManager().UpdateJobNoForAllService(service.ServiceID, service.JobNo);
+}
+
+bool frmServices::save()
+{
+    confirmChangesOnOrder();
+    AssignedSchedule schedule = m_storedSchedule;
+    if (isAssigned()) {
+        schedule.NextScheduledDate = nextDate();
+        schedule.NextScheduledCount = txtCount->text().trimmed().toLongLong();
+        schedule.Inactive = chkInactive->isChecked() ? 1 : 0;
+    }
+    clsServices service = SetObjectValues();
+    const qint64 typed = service.JobNo;
+    if (mode() == Mode::Modify && !carryJobNumber(service))
+        return false;
+    if (!clsServicesManager().SaveRecord(service, mode(), m_store, schedule))
+        return false;
+    if (mode() == Mode::Add) {
+        if (service.JobNo != typed)
+            base::showMessage(u"Service no %1 is already being used the new service number is "
+                              "%2."_s.arg(QString::number(typed), QString::number(service.JobNo)));
+        m_key = service.ServiceID;
+    }
+    CommitTrans();
+    return true;
+}
+
+bool frmServices::cmdUpdate_Click()
+{
+    // Save by its key leaves the focus, and so what has not been checked yet, in a field.
+    if (!fraParts->grid()->finishEditing() || (!isAssigned() && !txtJobNo_Validate()) ||
+        (isAssigned() && !txtCount_Validate()))
+        return false;
+    if (isAssigned() && !datNextScheduledDate->isValidOrEmpty())
+        return refuse(datNextScheduledDate, u"Please enter valid date."_s);
+    (void)txtName_LostFocus();
+    bool isValid = false;
+    const bool saved = base::trapped(Module, "cmdUpdate_Click", false, [&] {
+        BeginTrans();
+        isValid = ValidateFields();
+        return isValid && save();
+    });
+    if (!isValid)
+        return false;
+    if (!saved) {
+        base::trapped(Module, "cmdUpdate_Click", [] { RollbackTrans(); });
+        // The parts that were added or changed in this editing went with it.
+        if (m_hasRow)
+            fraParts->RefreshPartGrid(m_key);
+        return false;
+    }
+    RefreshRecordSet();
+    txtName->setFocus();
+    return true;
+}
+
+void frmServices::cmdCancel_Click()
+{
+    base::trapped(Module, "cmdCancel_Click", [] { RollbackTrans(); });
+    RefreshRecordSet();
+}
+
+void frmServices::cmdExit_Click()
+{
+    if (mode() != Mode::Browse) {
+        const auto answer = base::prompts().show({u"Do you want to save changes?"_s,
+                                                  base::Prompts::Icon::Question,
+                                                  base::Prompts::Buttons::YesNoCancel,
+                                                  {}});
+        if (answer == base::Prompts::Answer::Cancel ||
+            (answer == base::Prompts::Answer::Yes && !cmdUpdate_Click()))
+            return;
+    }
+    // Closing undoes what is open.
+    unload();
+}

@@ -1,0 +1,277 @@
+#include "scheduling/ui/frmServicesManager.h"
+
+#include "core/Session.h"
+#include "core/ui/ListGrid.h"
+#include "core/ui/ScreenCalls.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/Theme.h"
+#include "scheduling/clsServices.h"
+#include "scheduling/ui/Entries.h"
+
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char *Module = "frmServicesManager";
+const QString Catalogue = u"SL"_s;
+const QString Machine = u"EL"_s;
+
+/// The columns that both lists have, from either table.
+QString listColumns(const QString &table)
+{
+    return u"JobNo as [Service No], %1.Name, cstr(tblCrew.CrewNumber) + '   ' + "
+           "tblCrew.Description AS Crew,tblCostCenter.Description AS [Cost Center], %1.EInterval "
+           "AS [Interval],Switch (%1.RenewalOn='W' ,'Work Order Completion', "
+           "%1.RenewalOn='S','Service Original Scheduled')  as RenewalOn ,%1.SeparateWo, "
+           "%1.LaborEstimate as [Budgeted Hrs], %1.CostEstimate as [Labor Cost] FROM (%1 LEFT JOIN "
+           "tblCrew ON %1.CrewID = tblCrew.CrewID) LEFT JOIN tblCostCenter  ON %1.CostCenterID = "
+           "tblCostCenter.CostCenterID"_s.arg(table);
+}
+
+} // namespace
+
+frmServicesManager::frmServicesManager(const Request &request, QWidget *parent)
+    : Screen(u"frmServicesManager"_s, u"Services"_s, parent)
+    , m_leftOut(request.leftOut.trimmed())
+    , m_equipment(request.EquipmentID)
+    , m_kind(request.kind)
+    , m_selectMode(request.selectMode)
+    , m_equipmentOption(request.equipmentOption)
+{
+    buildForm();
+    (isCatalogue() ? optServiceMaster : optEquipmentService)->setChecked(true);
+    showMachine();
+    ShowGrid();
+    adoptGrid(grdServices, u"grdServices"_s);
+}
+
+bool frmServicesManager::isCatalogue() const
+{
+    return m_kind != Machine;
+}
+
+void frmServicesManager::buildForm()
+{
+    input::FormBuilder form(this);
+    fraEquipment = form.beginGroup(u"List"_s, u"fraEquipment"_s);
+    form.beginRow();
+    optServiceMaster = form.optionButton(u"optServiceMaster"_s, u"Service &Master List"_s);
+    optEquipmentService = form.optionButton(u"optEquipmentService"_s,
+                                            m_equipment != 0 ? u"This &Equipment's Service List"_s
+                                                             : u"&Equipment's Service List"_s);
+    lblUnitNo = form.readOnlyField(u"lblUnitNo"_s, u"Unit No:"_s);
+    lblEquipmentName = form.readOnlyField(u"lblEquipmentName"_s, u"Equipment Name:"_s);
+    form.endRow();
+    form.endGroup();
+    QList<grid::Column> columns;
+    if (m_selectMode)
+        columns.append(
+            {.name = u"Select"_s, .width = 60, .editable = true, .editor = grid::Editor::Check});
+    columns.append({.name = u"Service ID"_s, .visible = false});
+    columns.append({.name = u"Service No"_s, .width = 80});
+    columns.append({.name = u"Name"_s, .width = 210});
+    columns.append({.name = u"Crew"_s, .width = 150});
+    columns.append({.name = u"Cost Center"_s, .width = 120});
+    columns.append({.name = u"Interval"_s, .width = 65});
+    columns.append({.name = u"RenewalOn"_s, .width = 165});
+    columns.append({.name = u"SeparateWo"_s, .width = 85, .editor = grid::Editor::Check});
+    columns.append({.name = u"Budgeted Hrs"_s, .width = 90, .format = u"0.00"_s});
+    columns.append({.name = u"Labor Cost"_s, .width = 85, .format = u"$0.00"_s});
+    grdServices = makeListGrid(this, u"grdServices"_s, u"Services"_s, columns);
+    form.widget(grdServices, true);
+    cmdAdd = form.leftButton(u"cmdAdd"_s, u"&Add"_s, theme::icon(u"add"_s));
+    cmdDelete = form.leftButton(u"cmdDelete"_s, u"&Delete"_s, theme::icon(u"delete"_s));
+    cmdSelect = form.button(u"cmdSelect"_s, m_selectMode ? u"&Select"_s : u"&Open"_s,
+                            theme::icon(m_selectMode ? u"select-all"_s : u"service"_s));
+    cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
+    form.finish();
+    resize(1080, 560);
+
+    connect(optServiceMaster, &QRadioButton::clicked, this,
+            &frmServicesManager::optServiceMaster_Click);
+    connect(optEquipmentService, &QRadioButton::clicked, this,
+            &frmServicesManager::optEquipmentService_Click);
+    connect(grdServices, &grid::GridView::rowActivated, this, [this](int row) {
+        if (m_selectMode)
+            toggleSelect(row);
+        else
+            openService(row);
+    });
+    grdServices->installEventFilter(this);
+    connect(cmdSelect, &QPushButton::clicked, this, &frmServicesManager::cmdSelect_Click);
+    connect(cmdAdd, &QPushButton::clicked, this, &frmServicesManager::cmdAdd_Click);
+    connect(cmdDelete, &QPushButton::clicked, this, &frmServicesManager::cmdDelete_Click);
+    connect(cmdExit, &QPushButton::clicked, this, [this] { unload(); });
+}
+
+QString frmServicesManager::QueryString() const
+{
+    if (isCatalogue()) {
+        const QString where = m_leftOut.isEmpty()
+                                  ? QString()
+                                  : u" Where not tblServices.ServiceID in (%1)"_s.arg(m_leftOut);
+        return u"SELECT tblServices.ServiceID AS [Service ID], "_s + listColumns(u"tblServices"_s) +
+               where + u" order by tblServices.ServiceID"_s;
+    }
+    const QString where = m_leftOut.isEmpty()
+                              ? QString()
+                              : u" and  not tblServiceUSed.ServiceID in (%1)"_s.arg(m_leftOut);
+    return u"SELECT tblServiceUsed.ServiceUSedID AS [Service ID], "_s +
+           listColumns(u"tblServiceUsed"_s) +
+           u" where tblServiceUsed.EquipmentID=%1"_s.arg(m_equipment) + where +
+           u" order by tblServiceUsed.ServiceID"_s;
+}
+
+void frmServicesManager::ShowGrid(const QString &keepKey)
+{
+    base::trapped(Module, "ShowGrid", [&] {
+        grid::GridModel &rows = grdServices->rows();
+        rows.setRecordset(gcnData->Open(QueryString()));
+        if (m_selectMode)
+            rows.setAll(u"Select", false);
+        const int kept = keepKey.isEmpty() ? -1 : rows.findRow(u"Service ID", keepKey);
+        grdServices->selectRow(kept >= 0 ? kept : grdServices->displayedOrder().value(0, -1));
+    });
+    EnableControls();
+}
+
+void frmServicesManager::EnableControls()
+{
+    const bool rows = grdServices->rows().rowCount() > 0;
+    // What a machine has is removed on the machine's screen.
+    cmdDelete->setEnabled(rows && isCatalogue());
+    cmdSelect->setEnabled(rows);
+    cmdAdd->setEnabled(isCatalogue());
+    fraEquipment->setVisible(m_equipment != 0 || m_equipmentOption);
+    optEquipmentService->setEnabled(!m_equipmentOption || screenCalls().ShowQuickFind != nullptr);
+}
+
+/// Enter is the button, while a double click only ticks the row.
+bool frmServicesManager::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == grdServices && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            QMetaObject::invokeMethod(cmdSelect, &QPushButton::click, Qt::QueuedConnection);
+            return true;
+        }
+    }
+    return Screen::eventFilter(watched, event);
+}
+
+void frmServicesManager::showMachine()
+{
+    lblUnitNo->clear();
+    lblEquipmentName->clear();
+    if (m_equipment == 0)
+        return;
+    base::trapped(Module, "showMachine", [&] {
+        const db::Recordset rows =
+            gcnData->Open(u"select EquipmentName, UnitNo from  tblEquipment where EquipmentID=?"_s,
+                          {m_equipment});
+        if (rows.isEmpty())
+            return;
+        lblUnitNo->setText(rows.current().text(u"UnitNo"));
+        lblEquipmentName->setText(rows.current().text(u"EquipmentName"));
+    });
+}
+
+void frmServicesManager::optServiceMaster_Click()
+{
+    lblUnitNo->clear();
+    lblEquipmentName->clear();
+    m_kind = Catalogue;
+    ShowGrid();
+}
+
+void frmServicesManager::optEquipmentService_Click()
+{
+    if (m_equipmentOption) {
+        const QString found = screenCalls().ShowQuickFind(
+            {u"UnitNo"_s, u"Unit No"_s, u"tblEquipment"_s, u"frmEquipment"_s});
+        if (found.trimmed().isEmpty()) {
+            optServiceMaster->setChecked(true);
+            optServiceMaster_Click();
+            return;
+        }
+        m_equipment = found.trimmed().toLongLong();
+    }
+    m_kind = Machine;
+    showMachine();
+    ShowGrid();
+}
+
+QString frmServicesManager::keyOf(int row) const
+{
+    return row < 0 ? QString() : grdServices->rows().text(row, u"Service ID");
+}
+
+void frmServicesManager::toggleSelect(int row)
+{
+    grid::GridModel &rows = grdServices->rows();
+    rows.edit(row, rows.columnIndex(u"Select"), !rows.value(row, u"Select").toBool());
+}
+
+void frmServicesManager::openService(int row)
+{
+    const QString key = keyOf(row);
+    if (isCatalogue())
+        showServicesDetail(Mode::Browse, key.toLongLong());
+    else
+        ShowServiceUsedDetail(key.toLongLong());
+    ShowGrid(key);
+}
+
+void frmServicesManager::cmdSelect_Click()
+{
+    const grid::GridModel &rows = grdServices->rows();
+    if (!m_selectMode) {
+        if (grdServices->currentRow() >= 0)
+            openService(grdServices->currentRow());
+        return;
+    }
+    QStringList keys;
+    for (int row = 0; row < rows.rowCount(); ++row)
+        if (rows.value(row, u"Select").toBool())
+            keys.append(keyOf(row));
+    m_selection = keys.join(u", "_s);
+    unload();
+}
+
+void frmServicesManager::cmdAdd_Click()
+{
+    if (!gRights.SerAdd) {
+        base::showMessage(u"You do not have sufficient rights to this action. Please see your "
+                          "system administrator"_s);
+        return;
+    }
+    // The new service is to stay, whatever becomes of the edit that this list was opened from.
+    base::trapped(Module, "cmdAdd_Click", [] { CommitTrans(); });
+    ShowGrid(QString::number(showServicesDetail(Mode::Add, 0)));
+}
+
+void frmServicesManager::cmdDelete_Click()
+{
+    if (!gRights.SerDel) {
+        base::showMessage(u"You do not have sufficient rights to this action. Please see your "
+                          "system administrator"_s);
+        return;
+    }
+    const QString key = keyOf(grdServices->currentRow());
+    if (key.isEmpty() || !base::askYesNo(u"Are you sure you want to Delete this record?"_s))
+        return;
+    const clsServicesManager manager;
+    const QString word = manager.CanDeletePart(key.toLongLong());
+    if (!word.isEmpty())
+        base::showMessage(u"Deletion not allowed. Record is being used in %1."_s.arg(word));
+    else if (manager.DeleteRecord(key.toLongLong()))
+        ShowGrid();
+}
