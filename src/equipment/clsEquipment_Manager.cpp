@@ -4,7 +4,9 @@
 #include "core/RecordStore.h"
 #include "core/Usage.h"
 #include "equipment/DocumentStore.h"
+#include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
+#include "platform/db/DbError.h"
 
 namespace {
 
@@ -117,8 +119,16 @@ bool clsEquipment_Manager::SaveRecord(const clsEquipment &Equipment, ::Mode Mode
     return base::trapped(Module, "SaveRecord", false, [&] {
         clsEquipment stored = Equipment;
         stored.UnitNo = stored.UnitNo.trimmed();
-        record::save<clsEquipment>(record::Store::Data, u"tblEquipment", Fields, stored, Mode,
-                                   u"EquipmentID", stored.EquipmentID);
+        try {
+            record::save<clsEquipment>(record::Store::Data, u"tblEquipment", Fields, stored, Mode,
+                                       u"EquipmentID", stored.EquipmentID);
+        } catch (const db::DbError &error) {
+            if (error.number() != db::ErrorNumber::LockConflict)
+                throw;
+            // Nothing is wrong: the other one will be done in a moment, and the user saves again.
+            base::showMessage(error.description());
+            return false;
+        }
         return true;
     });
 }

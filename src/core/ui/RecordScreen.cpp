@@ -251,9 +251,10 @@ void RecordScreen::cmdDelete_Click()
     if (!hasRows() || !demand(m_deleteRight) || !base::askYesNo(deleteQuestion()))
         return;
     const QVariant key = currentKey();
+    const QVariant next = keyAfterDeletion();
     const QString word = usedBy(key);
     if (!word.isEmpty())
         base::showInformation(u"Deletion not allowed. Record is being used in %1."_s.arg(word));
     else if (deleteRecord(key))
-        RefreshRecordSet();
+        RefreshRecordSet(next);
 }

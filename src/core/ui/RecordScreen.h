@@ -53,6 +53,8 @@ protected:
     [[nodiscard]] virtual QString usedBy(const QVariant &key) const;
     /// Asked before a deletion.
     [[nodiscard]] virtual QString deleteQuestion() const;
+    /// The key of the row to show when the current one has been deleted; Null for the first row.
+    [[nodiscard]] virtual QVariant keyAfterDeletion() const { return {}; }
     /// After the mode, the rows or the current row changed.
     virtual void recordShown() {}
 

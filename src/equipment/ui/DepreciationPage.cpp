@@ -1,0 +1,168 @@
+#include "equipment/ui/DepreciationPage.h"
+
+#include "core/Session.h"
+#include "core/ui/ListGrid.h"
+#include "equipment/Depreciation.h"
+#include "equipment/ui/DepreciationChart.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/KeyFilter.h"
+#include "platform/input/Leaving.h"
+#include "platform/input/Theme.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr char Module[] = "Equipment";
+/// Lives that the column can hold.
+constexpr int LifeLength = 4;
+constexpr int AmountLength = 15;
+
+bool refuse(QWidget *field, const QString &message)
+{
+    base::showMessage(message);
+    field->setFocus();
+    return false;
+}
+
+} // namespace
+
+DepreciationPage::DepreciationPage(EquipmentFrame &frame, QWidget *parent)
+    : RecordPage(frame, parent)
+{
+    setObjectName(u"fraDepreciation"_s);
+    buildPage();
+    frame.keepLayout(grdDepreciation, grdDepreciation->objectName());
+}
+
+void DepreciationPage::buildPage()
+{
+    input::FormBuilder form(this);
+    form.beginColumns();
+    lblPurchaseYear = form.readOnlyField(u"lblPurchaseYear"_s, u"Purchase Year:"_s);
+    txtTotalCost = form.textField(u"txtTotalCost"_s, u"&Total Cost:"_s, AmountLength);
+    txtSalvageValue = form.textField(u"txtSalvageValue"_s, u"Sal&vage Value:"_s, AmountLength);
+    txtAssetYears = form.digitsField(u"txtAssetYears"_s, u"&Life of Asset (Years):"_s, LifeLength);
+    cmdRecalculate =
+        form.inlineButton(u"cmdRecalculate"_s, u"Recalc&ulate"_s, theme::icon(u"refresh"_s));
+    form.nextColumn(2);
+    m_chart = new DepreciationChart(this);
+    form.widget(m_chart, true);
+    form.endColumns();
+    grdDepreciation =
+        makeListGrid(this, u"grdDepreciation"_s, u"Depreciation schedule"_s,
+                     {{.name = u"End of Year"_s, .width = 110},
+                      {.name = u"Annual Depreciation"_s, .width = 170, .format = u"$0.00"_s},
+                      {.name = u"Accumualted Depreciation"_s, .width = 190, .format = u"$0.00"_s},
+                      {.name = u"Book Value"_s, .width = 140, .format = u"$0.00"_s},
+                      {.name = u"EquipmentID"_s, .visible = false}});
+    for (const auto *column :
+         {u"End of Year", u"Annual Depreciation", u"Accumualted Depreciation", u"Book Value"})
+        grdDepreciation->rows().column(column).align = grid::Align::Right;
+    grdDepreciation->setEditing(false);
+    form.widget(grdDepreciation, true);
+    form.finish();
+
+    input::restrictTo(txtTotalCost, input::TypeCheck::Double);
+    input::restrictTo(txtSalvageValue, input::TypeCheck::Double);
+    for (QLineEdit *box : {txtTotalCost, txtSalvageValue, txtAssetYears})
+        zeroWhenLeftBlank(box);
+    fields().add(txtTotalCost, &clsEquipment::Totalcost);
+    fields().add(txtSalvageValue, &clsEquipment::SalvageValue);
+    fields().add(txtAssetYears, &clsEquipment::LifeYears);
+    connect(cmdRecalculate, &QPushButton::clicked, this, &DepreciationPage::cmdRecalculate_Click);
+}
+
+void DepreciationPage::DisplayData(const clsEquipment &machine, const db::Row &row)
+{
+    RecordPage::DisplayData(machine, row);
+    blankIfNull(txtTotalCost, row, u"Totalcost");
+    blankIfNull(txtSalvageValue, row, u"SalvageValue");
+    blankIfNull(txtAssetYears, row, u"LifeYears");
+    m_isAcquired = machine.Acquisitiondate.isValid();
+    setPurchaseYear(m_isAcquired ? QString::number(machine.Acquisitiondate.date().year())
+                                 : QString());
+    enableRecalculate();
+}
+
+void DepreciationPage::ClearData()
+{
+    RecordPage::ClearData();
+    m_isAcquired = false;
+    setPurchaseYear({});
+    enableRecalculate();
+}
+
+void DepreciationPage::showMachine(qint64 EquipmentID)
+{
+    m_equipment = EquipmentID;
+    RefreshDepreciationGrid(EquipmentID);
+}
+
+void DepreciationPage::setEditable(bool editable)
+{
+    m_editable = editable;
+    enableRecalculate();
+}
+
+void DepreciationPage::enableRecalculate()
+{
+    cmdRecalculate->setEnabled(m_editable && m_isAcquired);
+}
+
+void DepreciationPage::setPurchaseYear(const QString &year)
+{
+    lblPurchaseYear->setText(year);
+}
+
+void DepreciationPage::RefreshDepreciationGrid(qint64 EquipmentID)
+{
+    base::trapped(Module, "RefreshDepreciationGrid", [&] {
+        const db::Recordset rows = dataConnection().Open(
+            u"Select EndofYear as [End of Year] ,AnnualDepreciation as [Annual Depreciation], "
+            "AccumualtedDepreciation as [Accumualted Depreciation]  ,BookValue as [Book Value], "
+            "EquipmentID  from tblEquipmentDepreciation  Where EquipmentID = ?"_s,
+            {EquipmentID});
+        grdDepreciation->rows().setRecordset(rows);
+        m_chart->show(rows);
+    });
+}
+
+bool DepreciationPage::ValidationDepreciation()
+{
+    if (lblPurchaseYear->text().trimmed().isEmpty()) {
+        base::showMessage(
+            u"Equipment purchase year is empty.First Enter Equipment purchase year."_s);
+        return false;
+    }
+    if (input::isBlank(txtTotalCost))
+        return refuse(txtTotalCost, u"Total cost should not be blank."_s);
+    if (input::isBlank(txtSalvageValue))
+        return refuse(txtSalvageValue, u"Salvage Value should not be blank."_s);
+    if (numberIn(txtTotalCost) <= numberIn(txtSalvageValue))
+        return refuse(txtSalvageValue, u"Salvage Value should be less then the Total Cost."_s);
+    if (input::isBlank(txtAssetYears))
+        return refuse(txtAssetYears, u"Life of Asset should not be blank."_s);
+    return true;
+}
+
+void DepreciationPage::cmdRecalculate_Click()
+{
+    if (!ValidationDepreciation())
+        return;
+    // At once and from what the boxes show, saved or not: while the machine is being edited the
+    // rows lie in its transaction.
+    base::trapped(Module, "cmdRecalculate_Click", [this] {
+        depreciation::store(m_equipment, depreciation::schedule(lblPurchaseYear->text().toShort(),
+                                                                numberIn(txtTotalCost),
+                                                                numberIn(txtSalvageValue),
+                                                                txtAssetYears->text().toInt()));
+    });
+    RefreshDepreciationGrid(m_equipment);
+}

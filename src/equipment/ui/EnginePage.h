@@ -1,0 +1,25 @@
+#pragma once
+
+#include "equipment/ui/RecordPage.h"
+
+/// The engine of a machine.
+class EnginePage final : public RecordPage
+{
+    Q_OBJECT
+
+public:
+    explicit EnginePage(EquipmentFrame &frame, QWidget *parent = nullptr);
+
+    void RefreshCombo(const QString &listName) override;
+
+private:
+    void buildPage();
+    void editModels();
+
+    QLineEdit *txtEngineSize = nullptr;
+    input::IdCombo *cboEngineMake = nullptr;
+    input::IdCombo *cboEngineModel = nullptr;
+    QLineEdit *txtEngineSerialNo = nullptr;
+    input::IdCombo *cboCycle = nullptr;
+    input::IdCombo *cboEngineFuelType = nullptr;
+};

@@ -1,0 +1,123 @@
+#include "equipment/ui/EquipmentTabs.h"
+
+#include "platform/input/Theme.h"
+
+#include <QApplication>
+#include <QButtonGroup>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <iterator>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Tab
+{
+    QStringView name;
+    QStringView caption;
+    int key;
+    QStringView picture;
+};
+
+constexpr Tab Tabs[] = {
+    {u"Equipment", u"Equipment (Ctrl+E)", Qt::Key_E, u"equipment"},
+    {u"Service", u"Service (Ctrl+S)", Qt::Key_S, u"service"},
+    {u"History", u"History (Ctrl+H)", Qt::Key_H, u"history"},
+    {u"Notes", u"Notes (Ctrl+N)", Qt::Key_N, u"note"},
+    {u"Fields", u"Fields (Ctrl+F)", Qt::Key_F, u"list"},
+    {u"Engine", u"Engine (Ctrl+G)", Qt::Key_G, u"settings"},
+    {u"Vehicle", u"Vehicle (Ctrl+V)", Qt::Key_V, u"truck"},
+    {u"Parts", u"Parts (Ctrl+P)", Qt::Key_P, u"part"},
+    {u"Purchase", u"Purchase (Ctrl+B)", Qt::Key_B, u"cost-center"},
+    {u"Counts", u"Counts (Ctrl+C)", Qt::Key_C, u"reading"},
+    {u"Pictures", u"Pictures (Ctrl+I)", Qt::Key_I, u"picture"},
+    {u"Documents", u"Documents (Ctrl+O)", Qt::Key_O, u"document"},
+    {u"Depreciation", u"Depreciation (Ctrl+D)", Qt::Key_D, u"depreciation"},
+};
+static_assert(std::size(Tabs) == EquipmentTabs::Count);
+
+/// Dark enough to be read on a button, and unlike the captions of empty pages.
+constexpr QRgb MarkRgb = qRgb(158, 62, 0);
+constexpr QRgb PlainRgb = qRgb(70, 76, 84);
+
+} // namespace
+
+EquipmentTabs::EquipmentTabs(QWidget *parent)
+    : QWidget(parent)
+{
+    auto *stack = new QVBoxLayout(this);
+    stack->setContentsMargins(0, 0, 0, 0);
+    stack->setSpacing(3);
+    auto *group = new QButtonGroup(this);
+    for (const Tab &tab : Tabs) {
+        auto *button =
+            new QPushButton(theme::icon(tab.picture.toString()), tab.caption.toString(), this);
+        button->setObjectName(u"tab"_s + tab.name.toString());
+        button->setAccessibleName(tab.name.toString());
+        button->setCheckable(true);
+        button->setAutoDefault(false);
+        button->setStyleSheet(u"text-align:left"_s);
+        const int index = static_cast<int>(m_buttons.size());
+        group->addButton(button, index);
+        connect(button, &QPushButton::clicked, this, [this, index] { Q_EMIT chosen(index); });
+        stack->addWidget(button);
+        m_buttons.append(button);
+        m_marked.append(false);
+    }
+    stack->addStretch();
+    ChangeButtonState(0);
+    qApp->installEventFilter(this);
+}
+
+void EquipmentTabs::ChangeButtonState(int index)
+{
+    m_buttons[index]->setChecked(true);
+}
+
+void EquipmentTabs::setMarked(int index, bool marked)
+{
+    m_marked[index] = marked;
+    QPushButton *button = m_buttons[index];
+    QPalette colors = button->palette();
+    colors.setColor(QPalette::Active, QPalette::ButtonText, marked ? MarkRgb : PlainRgb);
+    colors.setColor(QPalette::Inactive, QPalette::ButtonText, marked ? MarkRgb : PlainRgb);
+    button->setPalette(colors);
+    button->setAccessibleDescription(marked ? u"Has something in it"_s : u"Empty"_s);
+}
+
+int EquipmentTabs::indexOfKey(const QObject *target, const QEvent *event) const
+{
+    if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride)
+        return -1;
+    const auto *key = static_cast<const QKeyEvent *>(event);
+    if (key->modifiers() != Qt::ControlModifier)
+        return -1;
+    const auto *widget = qobject_cast<const QWidget *>(target);
+    if (!widget || widget->window() != window() || !isVisible())
+        return -1;
+    if (key->key() == Qt::Key_D)
+        for (const QWidget *noteBox : m_noteBoxes)
+            if (noteBox == widget)
+                return -1;
+    for (int index = 0; index < Count; ++index)
+        if (Tabs[index].key == key->key())
+            return index;
+    return -1;
+}
+
+bool EquipmentTabs::eventFilter(QObject *watched, QEvent *event)
+{
+    const int index = indexOfKey(watched, event);
+    if (index < 0)
+        return QWidget::eventFilter(watched, event);
+    event->accept();
+    if (event->type() == QEvent::ShortcutOverride)
+        return true;
+    // Ctrl+C also copies, since a selection would be lost with its page otherwise.
+    if (Tabs[index].key == Qt::Key_C)
+        QMetaObject::invokeMethod(watched, "copy");
+    Q_EMIT chosen(index);
+    return true;
+}

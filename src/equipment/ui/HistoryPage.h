@@ -1,0 +1,72 @@
+#pragma once
+
+#include "equipment/History.h"
+#include "equipment/ui/EquipmentPage.h"
+
+class QPlainTextEdit;
+class QPushButton;
+
+namespace input {
+class DateInput;
+}
+
+/// What has been done on a machine in a range of dates, with the parts and the note of each
+/// service. Cells can be corrected, which is written at once.
+class HistoryPage final : public EquipmentPage
+{
+    Q_OBJECT
+
+public:
+    explicit HistoryPage(EquipmentFrame &frame, QWidget *parent = nullptr);
+
+    void showMachine(qint64 EquipmentID) override;
+    [[nodiscard]] bool hasContent() const override;
+    void setEditable(bool editable) override;
+    [[nodiscard]] bool finishEditing() override;
+    [[nodiscard]] bool mayLeave() override;
+    void pageShown() override;
+    void closing() override;
+
+private:
+    void buildPage();
+    void buildServiceGrid();
+    void buildPartGrid();
+    void readRange();
+    [[nodiscard]] bool checkDate(input::DateInput *box, QDate &former);
+    [[nodiscard]] history::Period period() const;
+
+    void RefreshServiceHistoryGrid(qint64 EquipmentID);
+    void loadRows();
+    void loadCrews();
+    void RefreshPartHistoryGrid(qint64 ServiceUsedID);
+    void RefreshServiceNoteGrid();
+    void showDetails();
+    void EnableControls();
+
+    void cmdRefresh_Click();
+    void cmdDeleteHistory_Click();
+    [[nodiscard]] bool grdServiceHistory_Change(int row, const QString &column,
+                                                const QVariant &value);
+    [[nodiscard]] bool changeTime(int row, const QString &column, const QString &typed);
+    [[nodiscard]] bool changeCrew(int row, qint64 crew);
+    [[nodiscard]] bool grdPartHistory_Change(int row, const QString &column, const QVariant &value);
+    void showServiceTime(int row, const QString &column);
+    /// Writes the note when it was changed. False when it could not be.
+    bool storeNote();
+    [[nodiscard]] qint64 serviceOf(int row) const;
+
+    qint64 m_equipment = 0;
+    bool m_editable = false;
+    qint64 m_noteOf = 0; ///< the service whose note is on show, 0 for none
+    bool m_noteChanged = false;
+    QDate m_from; ///< the range as it was in order last
+    QDate m_to;
+
+    input::DateInput *datFrom = nullptr;
+    input::DateInput *datTo = nullptr;
+    QPushButton *cmdRefresh = nullptr;
+    QPushButton *cmdDeleteHistory = nullptr;
+    grid::GridView *grdServiceHistory = nullptr;
+    grid::GridView *grdPartHistory = nullptr;
+    QPlainTextEdit *txtNote = nullptr;
+};

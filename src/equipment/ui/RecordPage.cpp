@@ -1,0 +1,79 @@
+#include "equipment/ui/RecordPage.h"
+
+#include "core/ui/LookupCombo.h"
+#include "platform/base/Prompts.h"
+#include "platform/input/DateInput.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/Leaving.h"
+
+#include <QLineEdit>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+void RecordPage::DisplayData(const clsEquipment &machine, const db::Row &)
+{
+    m_fields.show(machine);
+}
+
+void RecordPage::ClearData()
+{
+    m_fields.clear();
+}
+
+bool RecordPage::mayLeave()
+{
+    input::DateInput *date = m_fields.invalidDate();
+    if (!date)
+        return true;
+    base::showMessage(u"Please enter valid date."_s);
+    date->setFocus();
+    return false;
+}
+
+void RecordPage::pageShown()
+{
+    m_fields.controls().first()->setFocus();
+}
+
+QToolButton *RecordPage::editorButton(input::FormBuilder &form, const QString &name,
+                                      const QString &tip, const QString &listName,
+                                      std::function<void()> open)
+{
+    QToolButton *button = form.sideButton(name, tip);
+    connect(button, &QToolButton::clicked, this, [this, listName, open = std::move(open)] {
+        open();
+        frame().RefreshCombo(listName);
+    });
+    return button;
+}
+
+void loadFixedList(input::IdCombo &list, const QStringList &texts)
+{
+    list.clear();
+    list.add(u"  "_s, 0);
+    for (const QString &text : texts)
+        list.add(text, list.count());
+}
+
+void loadChildren(input::IdCombo &list, qint64 parent)
+{
+    if (parent == 0)
+        list.clear();
+    else
+        loadLookupList(list, parent);
+}
+
+void blankIfNull(QLineEdit *box, const db::Row &row, QStringView column)
+{
+    if (row.isNull(column))
+        box->clear();
+}
+
+void zeroWhenLeftBlank(QLineEdit *box)
+{
+    QObject::connect(box, &QLineEdit::editingFinished, box, [box] {
+        if (!box->isReadOnly() && input::isBlank(box))
+            box->setText(u"0"_s);
+    });
+}

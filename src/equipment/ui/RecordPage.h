@@ -1,0 +1,57 @@
+#pragma once
+
+#include "equipment/ui/EquipmentPage.h"
+#include "equipment/ui/FieldBinding.h"
+#include "platform/db/Recordset.h"
+
+class QToolButton;
+
+namespace input {
+class FormBuilder;
+}
+
+/// A page that shows fields of the machine's own record.
+class RecordPage : public EquipmentPage
+{
+    Q_OBJECT
+
+public:
+    using EquipmentPage::EquipmentPage;
+
+    /// Shows the machine. The row tells what the record can't: which numbers were never entered.
+    virtual void DisplayData(const clsEquipment &machine, const db::Row &row);
+    virtual void ClearData();
+    /// Takes what the page shows into the record.
+    virtual void SetObjectValues(clsEquipment &machine) const { m_fields.read(machine); }
+    /// The controls that hold the record.
+    [[nodiscard]] QList<QWidget *> controls() const { return m_fields.controls(); }
+    /// Rebuilds the page's lists of that name, given in capitals.
+    virtual void RefreshCombo(const QString &) {}
+
+    void showMachine(qint64) override {}
+    [[nodiscard]] bool hasContent() const override { return m_fields.isAnyGiven(); }
+    void setEditable(bool) override {}
+    /// Refuses while a date box holds no date.
+    [[nodiscard]] bool mayLeave() override;
+    /// The first control takes the focus.
+    void pageShown() override;
+
+protected:
+    FieldBinding &fields() { return m_fields; }
+    /// Makes the small button beside the list made last. It opens an editor; afterwards all lists
+    /// of that name are rebuilt.
+    QToolButton *editorButton(input::FormBuilder &form, const QString &name, const QString &tip,
+                              const QString &listName, std::function<void()> open);
+
+private:
+    FieldBinding m_fields;
+};
+
+/// Fills a list with the blank row and texts whose ids count from 1.
+void loadFixedList(input::IdCombo &list, const QStringList &texts);
+/// Fills a list with the children of an item; without a parent it stays empty.
+void loadChildren(input::IdCombo &list, qint64 parent);
+/// Empties a number box whose column was never written.
+void blankIfNull(QLineEdit *box, const db::Row &row, QStringView column);
+/// Leaving the box blank fills in "0".
+void zeroWhenLeftBlank(QLineEdit *box);

@@ -1,0 +1,341 @@
+#include "equipment/ui/frmEquipment.h"
+
+#include "core/General.h"
+#include "core/ui/ScreenCalls.h"
+#include "equipment/clsEquipment_Manager.h"
+#include "equipment/ui/DepreciationPage.h"
+#include "equipment/ui/EnginePage.h"
+#include "equipment/ui/EquipmentTabs.h"
+#include "equipment/ui/IdentityPage.h"
+#include "equipment/ui/NotesPages.h"
+#include "equipment/ui/PurchasePage.h"
+#include "equipment/ui/VehiclePage.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/Leaving.h"
+#include "platform/input/Theme.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QStackedWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr char Module[] = "Equipment";
+constexpr char DetailReport[] = "ShowEquipmentDetailReport";
+
+/// A page may be larger than a small screen.
+QScrollArea *scrolled(QWidget *page)
+{
+    auto *area = new QScrollArea;
+    area->setWidget(page);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    return area;
+}
+
+} // namespace
+
+frmEquipment::frmEquipment(QWidget *parent)
+    : RecordScreen(u"frmEquipment"_s, u"Equipment"_s, parent)
+{
+    setRights(&Rights::EqAdd, &Rights::EqMod, &Rights::EqDel);
+    buildForm();
+    connectPages();
+    resize(1040, 600);
+}
+
+void frmEquipment::buildForm()
+{
+    auto *body = new QWidget(this);
+    auto *across = new QHBoxLayout(body);
+    across->setContentsMargins(0, 0, 0, 0);
+    across->setSpacing(10);
+    m_tabs = new EquipmentTabs(body);
+    m_stack = new QStackedWidget(body);
+    lblHeading = new QLabel(body);
+    lblHeading->setObjectName(u"lblHeading"_s);
+    lblHeading->setTextFormat(Qt::PlainText);
+    auto *right = new QVBoxLayout;
+    right->addWidget(lblHeading);
+    right->addWidget(m_stack, 1);
+    across->addWidget(m_tabs);
+    across->addLayout(right, 1);
+    makePages();
+
+    input::FormBuilder form(this);
+    form.widget(body, true);
+    makeButtons(form, {.find = true, .print = true});
+    form.finish();
+    lblHeading->setFont(theme::font(11, true));
+    for (QPushButton *button : {cmdCancel, cmdExit})
+        input::setCausesValidation(button, false);
+}
+
+void frmEquipment::addPage(EquipmentPage *page)
+{
+    m_pages.append(page);
+    m_stack->addWidget(scrolled(page));
+    if (auto *record = qobject_cast<RecordPage *>(page))
+        m_recordPages.append(record);
+}
+
+void frmEquipment::makePages()
+{
+    m_identity = new IdentityPage(*this);
+    addPage(m_identity);
+    addPage(new NotesPage(*this));
+    addPage(new UserFieldsPage(*this));
+    addPage(new EnginePage(*this));
+    addPage(new VehiclePage(*this));
+    addPage(new PurchasePage(*this));
+    addPage(new DepreciationPage(*this));
+}
+
+void frmEquipment::connectPages()
+{
+    QList<QWidget *> controls;
+    for (const RecordPage *page : std::as_const(m_recordPages))
+        controls += page->controls();
+    setDataControls(controls);
+    m_identity->setSaveControl(cmdUpdate);
+    for (const auto *noteBox : {u"rtfNotes", u"txtPurchaseNotes", u"txtNote"})
+        if (auto *box = findChild<QPlainTextEdit *>(QString::fromUtf16(noteBox)))
+            m_tabs->leaveStampTo(box);
+    connect(m_tabs, &EquipmentTabs::chosen, this, &frmEquipment::chooseTab);
+    connect(m_identity, &IdentityPage::yearChosen, findChild<DepreciationPage *>(),
+            &DepreciationPage::setPurchaseYear);
+}
+
+void frmEquipment::keepLayout(grid::GridView *grid, const QString &gridName)
+{
+    adoptGrid(grid, gridName);
+}
+
+void frmEquipment::RefreshCombo(const QString &listName)
+{
+    for (RecordPage *page : std::as_const(m_recordPages))
+        page->RefreshCombo(listName.toUpper());
+}
+
+// --- The record ----------------------------------------------------------------------------------
+
+db::Recordset frmEquipment::loadRows()
+{
+    const db::Recordset machines = GetTableInfo(u"tblEquipment"_s, u"Unitno"_s);
+    m_identity->setRows(machines);
+    return machines;
+}
+
+void frmEquipment::DisplayData(const db::Row &row)
+{
+    const clsEquipment machine = clsEquipment_Manager::fromRow(row);
+    m_equipmentID = machine.EquipmentID;
+    for (RecordPage *page : std::as_const(m_recordPages))
+        page->DisplayData(machine, row);
+    for (EquipmentPage *page : std::as_const(m_pages))
+        page->showMachine(m_equipmentID);
+}
+
+void frmEquipment::ClearData()
+{
+    m_equipmentID = 0;
+    for (RecordPage *page : std::as_const(m_recordPages))
+        page->ClearData();
+    for (EquipmentPage *page : std::as_const(m_pages))
+        page->showMachine(0);
+}
+
+void frmEquipment::prepareNewRecord()
+{
+    m_equipmentID = GenrateUniqueID();
+    FrameVisible(0);
+    m_identity->focusUnitNo();
+}
+
+clsEquipment frmEquipment::SetObjectValues() const
+{
+    clsEquipment machine;
+    for (const RecordPage *page : m_recordPages)
+        page->SetObjectValues(machine);
+    machine.EquipmentID = m_equipmentID;
+    return machine;
+}
+
+bool frmEquipment::refusedBy(EquipmentPage *page)
+{
+    const auto index = static_cast<int>(m_pages.indexOf(page));
+    m_tabs->ChangeButtonState(index);
+    m_stack->setCurrentIndex(index);
+    // A control takes the focus only when its page is in front.
+    if (QWidget *refusing = page->focusWidget())
+        refusing->setFocus();
+    return false;
+}
+
+bool frmEquipment::VailidateFields()
+{
+    for (EquipmentPage *page : std::as_const(m_pages))
+        if (!page->finishEditing())
+            return false;
+    if (!m_identity->VailidateFields())
+        return refusedBy(m_identity);
+    // A key that saves leaves no box, so what leaving checks is checked here.
+    for (EquipmentPage *page : std::as_const(m_pages))
+        if (!page->mayLeave())
+            return refusedBy(page);
+    return true;
+}
+
+std::optional<QVariant> frmEquipment::saveRecord()
+{
+    return base::trapped(Module, "cmdUpdate_Click", std::optional<QVariant>{}, [this] {
+        std::optional<QVariant> key;
+        if (m_identity->storeCrewHistory(m_equipmentID) &&
+            clsEquipment_Manager().SaveRecord(SetObjectValues(), mode())) {
+            CommitTrans();
+            key = m_equipmentID;
+        }
+        return key;
+    });
+}
+
+bool frmEquipment::save()
+{
+    cmdUpdate_Click();
+    return mode() == Mode::Browse;
+}
+
+void frmEquipment::cmdCancel_Click()
+{
+    base::trapped(Module, "cmdCancel_Click", [] { RollbackTrans(); });
+    RecordScreen::cmdCancel_Click();
+}
+
+bool frmEquipment::deleteRecord(const QVariant &key)
+{
+    return clsEquipment_Manager().DeleteRecord(key.toLongLong());
+}
+
+QString frmEquipment::usedBy(const QVariant &key) const
+{
+    return clsEquipment_Manager().CanDeleteEquipment(key.toLongLong());
+}
+
+QString frmEquipment::deleteQuestion() const
+{
+    return u"This will delete the entire piece of equipment and all its history. Are you sure you "
+           "want to do this?"_s;
+}
+
+QVariant frmEquipment::keyAfterDeletion() const
+{
+    const int position = rows().Position();
+    const int neighbour = position + 1 < rows().RecordCount() ? position + 1 : position - 1;
+    return neighbour < 0 ? QVariant() : rows().row(neighbour)[keyColumn()];
+}
+
+// --- Modes and pages -----------------------------------------------------------------------------
+
+void frmEquipment::EnableControls()
+{
+    base::trapped(Module, "EnableControls", [this] {
+        if (mode() == Mode::Browse)
+            RollbackTrans();
+        else
+            BeginTrans();
+    });
+    RecordScreen::EnableControls();
+}
+
+void frmEquipment::recordShown()
+{
+    for (EquipmentPage *page : std::as_const(m_pages))
+        page->setEditable(mayEdit());
+    cmdFind->setEnabled(hasRows() && screenCalls().ShowQuickFind != nullptr);
+    cmdPrint->setEnabled(hasRows() && screenCalls().hasReport(QString::fromLatin1(DetailReport)));
+    showHeading();
+    CheckUserDefinedfields();
+}
+
+void frmEquipment::showHeading()
+{
+    if (mode() == Mode::Add)
+        lblHeading->setText(u"New machine"_s);
+    else if (!hasRows())
+        lblHeading->setText(u"No machines yet"_s);
+    else
+        lblHeading->setText(u"%1   %2"_s.arg(rows().current().text(u"UnitNo"),
+                                             rows().current().text(u"EquipmentName")));
+}
+
+void frmEquipment::CheckUserDefinedfields()
+{
+    for (int index = 0; index < m_pages.size(); ++index)
+        m_tabs->setMarked(index, m_pages[index]->hasContent());
+}
+
+bool frmEquipment::ChkFrameVisible(int index) const
+{
+    return m_stack->currentIndex() == index;
+}
+
+bool frmEquipment::ChkEquipmentNameAndNo()
+{
+    if (mode() != Mode::Add)
+        return true;
+    return base::askYesNo(u"Record must be saved. Do you want to save it."_s) && save();
+}
+
+void frmEquipment::chooseTab(int index)
+{
+    m_tabs->ChangeButtonState(index);
+    if (ChkFrameVisible(index))
+        return;
+    EquipmentPage *current = m_pages[m_stack->currentIndex()];
+    if (!current->finishEditing() || !current->mayLeave()) {
+        m_tabs->ChangeButtonState(m_stack->currentIndex());
+    } else if (ChkEquipmentNameAndNo()) {
+        FrameVisible(index);
+    } else {
+        FrameVisible(0);
+        m_identity->focusUnitNo();
+    }
+}
+
+void frmEquipment::FrameVisible(int index)
+{
+    m_tabs->ChangeButtonState(index);
+    m_stack->setCurrentIndex(index);
+    m_pages[index]->pageShown();
+}
+
+void frmEquipment::unloading()
+{
+    for (EquipmentPage *page : std::as_const(m_pages))
+        page->closing();
+    base::trapped(Module, "Form_Unload", [] { RollbackTrans(); });
+}
+
+// --- Print and find ------------------------------------------------------------------------------
+
+void frmEquipment::cmdPrint_Click()
+{
+    screenCalls().reports.value(QString::fromLatin1(DetailReport))(
+        u" where  tblEquipment.EquipmentID  = %1"_s.arg(m_equipmentID));
+}
+
+void frmEquipment::cmdFind_Click()
+{
+    const QString found = screenCalls().ShowQuickFind(
+        {u"UnitNo"_s, u"Unit No"_s, u"tblEquipment"_s, u"frmEquipment"_s});
+    if (!found.trimmed().isEmpty())
+        RefreshRecordSet(found);
+}

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "core/ui/RecordScreen.h"
+#include "equipment/clsEquipment.h"
+#include "equipment/ui/EquipmentPage.h"
+
+#include <array>
+
+class EquipmentTabs;
+class IdentityPage;
+class QLabel;
+class QStackedWidget;
+class RecordPage;
+
+/// The machines: one record at a time on thirteen pages. From the first edit, or from Add, the
+/// screen holds one transaction until Save or Cancel, in which all that its pages write lies too.
+class frmEquipment final : public RecordScreen, public EquipmentFrame
+{
+    Q_OBJECT
+
+public:
+    explicit frmEquipment(QWidget *parent = nullptr);
+
+    // --- For the pages -----------------------------------------------------------------------
+
+    [[nodiscard]] Mode frameMode() const override { return mode(); }
+    void beginEdit() override { edited(); }
+    bool save() override;
+    void cancelEdit() override { cmdCancel_Click(); }
+    void RefreshCombo(const QString &listName) override;
+    void contentChanged() override { CheckUserDefinedfields(); }
+    void keepLayout(grid::GridView *grid, const QString &gridName) override;
+
+protected:
+    db::Recordset loadRows() override;
+    QString keyColumn() const override { return QStringLiteral("EquipmentID"); }
+    void DisplayData(const db::Row &row) override;
+    void ClearData() override;
+    void prepareNewRecord() override;
+    bool VailidateFields() override;
+    std::optional<QVariant> saveRecord() override;
+    bool deleteRecord(const QVariant &key) override;
+    QString usedBy(const QVariant &key) const override;
+    QString deleteQuestion() const override;
+    QVariant keyAfterDeletion() const override;
+    void EnableControls() override;
+    void recordShown() override;
+    void unloading() override;
+    void cmdCancel_Click() override;
+    void cmdFind_Click() override;
+    void cmdPrint_Click() override;
+
+private:
+    void buildForm();
+    void makePages();
+    void addPage(EquipmentPage *page);
+    void connectPages();
+
+    /// The user asked for a page by its button or key.
+    void chooseTab(int index);
+    /// True when the page is on show already.
+    [[nodiscard]] bool ChkFrameVisible(int index) const;
+    /// A new machine has to be saved before another page than the first is shown. True when the
+    /// page may be shown.
+    [[nodiscard]] bool ChkEquipmentNameAndNo();
+    void FrameVisible(int index);
+    /// Marks the tabs of the pages that have something in them.
+    void CheckUserDefinedfields();
+    /// Brings the page to the front whose control refuses to be saved; answers False.
+    bool refusedBy(EquipmentPage *page);
+    void showHeading();
+    [[nodiscard]] clsEquipment SetObjectValues() const;
+
+    qint64 m_equipmentID = 0;
+    QList<EquipmentPage *> m_pages;
+    QList<RecordPage *> m_recordPages;
+    IdentityPage *m_identity = nullptr;
+
+    EquipmentTabs *m_tabs = nullptr;
+    QStackedWidget *m_stack = nullptr;
+    QLabel *lblHeading = nullptr;
+};
