@@ -28,6 +28,7 @@ void frmCostCenter::buildForm()
     txtBudget = form.currencyField(u"txtBudget"_s, u"&Budget:"_s);
     makeButtons(form, {});
     form.finish();
+    resize(580, 400);
     setDataControls({txtDescription, txtBudget});
     setListGrid(grdCostCenter);
 }

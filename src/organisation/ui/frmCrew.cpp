@@ -21,13 +21,15 @@ void frmCrew::buildForm()
     input::FormBuilder form(this);
     grid::GridView *grdCrew =
         makeListGrid(this, u"grdCrew"_s, u"Crews"_s,
-                     {{.name = u"CrewNumber"_s, .caption = u"Crew Number"_s, .width = 110},
+                     {{.name = u"CrewID"_s, .caption = u"Crew ID"_s, .width = 70},
+                      {.name = u"CrewNumber"_s, .caption = u"Crew Number"_s, .width = 110},
                       {.name = u"Description"_s, .width = 320}});
     form.widget(grdCrew, true);
     txtCrewNumber = form.digitsField(u"txtCrewNumber"_s, u"Crew &Number:"_s, 9);
     txtDescription = form.textField(u"txtDescription"_s, u"D&escription:"_s, 60);
     makeButtons(form, {});
     form.finish();
+    resize(560, 400);
     setDataControls({txtCrewNumber, txtDescription});
     setListGrid(grdCrew);
 }

@@ -82,6 +82,7 @@ void frmEmployee::buildForm()
     txtSkills = form.memoField(u"txtSkills"_s, u"S&kills:"_s, 3);
     makeButtons(form, {.find = true, .print = true});
     form.finish();
+    resize(760, 600);
 
     input::restrictTo(txtEmployeeID, input::TypeCheck::String, input::TypeCheck::Int);
     input::upperCaseAsTyped(txtEmployeeID);
@@ -97,6 +98,7 @@ void frmEmployee::buildForm()
         ShowIndicatorDetail(LookupList::Country, cboCountry->id());
         rebuildKeepingChoice(*cboCountry,
                              [this] { loadLookupList(*cboCountry, LookupList::Country); });
+        rebuildKeepingChoice(*cboState, [this] { loadStates(); });
     });
     connect(cmdState, &QToolButton::clicked, this, [this] {
         ShowIndicatorDetail(LookupList::State, cboState->id(), cboCountry->currentText());

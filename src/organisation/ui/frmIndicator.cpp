@@ -47,7 +47,7 @@ void frmIndicator::buildForm()
     cboIndicator = form.comboField(u"cboIndicator"_s, u"&Of:"_s);
     lblFilter = form.lastLabel();
     lstIndicator = makeListGrid(this, u"lstIndicator"_s, u"Items of the list"_s,
-                                {{.name = u"ItemName"_s, .caption = u"Name"_s, .width = 280}});
+                                {{.name = u"ItemName"_s, .caption = u"Name"_s, .width = 230}});
     form.widget(lstIndicator, true);
     form.nextColumn();
     txtItemID = form.textField(u"txtItemID"_s, u"&ID:"_s);
@@ -59,6 +59,7 @@ void frmIndicator::buildForm()
     form.endColumns();
     makeButtons(form, {});
     form.finish();
+    resize(620, 400);
     for (QToolButton *button : {cmdFirst, cmdPrevious, cmdNext, cmdLast})
         button->hide();
     setDataControls({txtName, cboParentType});

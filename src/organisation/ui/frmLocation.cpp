@@ -35,6 +35,7 @@ void frmLocation::buildForm()
     QToolButton *cmdSite = form.sideButton(u"cmdSite"_s, u"Edit the sites"_s);
     makeButtons(form, {});
     form.finish();
+    resize(560, 480);
     setDataControls({txtLocationName, txtDescription, cboSite});
     setListGrid(grdLocation);
     connect(cmdSite, &QToolButton::clicked, this, &frmLocation::cmdSite_Click);

@@ -25,7 +25,8 @@ void frmSite::buildForm()
     input::FormBuilder form(this);
     grid::GridView *grdSite =
         makeListGrid(this, u"grdSite"_s, u"Sites"_s,
-                     {{.name = u"SiteName"_s, .caption = u"Site Name"_s, .width = 200},
+                     {{.name = u"SiteID"_s, .caption = u"Site ID"_s, .width = 60},
+                      {.name = u"SiteName"_s, .caption = u"Site Name"_s, .width = 200},
                       {.name = u"Address"_s, .width = 200},
                       {.name = u"City"_s, .width = 120},
                       {.name = u"Zip"_s, .width = 80}});
@@ -39,6 +40,7 @@ void frmSite::buildForm()
     input::restrictTo(txtZip, input::TypeCheck::Int, input::TypeCheck::String);
     makeButtons(form, {});
     form.finish();
+    resize(720, 480);
     setDataControls({txtSiteName, txtAddress, txtCity, cboState, txtZip});
     setListGrid(grdSite);
     connect(cmdState, &QToolButton::clicked, this, &frmSite::cmdState_Click);

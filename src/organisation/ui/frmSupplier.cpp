@@ -56,6 +56,8 @@ void frmSupplier::buildForm()
     input::installDateStamp(txtNotes);
     makeButtons(form, {.find = true, .print = true});
     form.finish();
+    resize(760, 560);
+    txtName->setFocus();
     setDataControls({txtName, txtContactName, txtAtten, txtAddress, txtAddress2, txtCity, cboState,
                      txtZip, txtPhone, txtFax, txtEmail, txtWebSite, txtTax, txtTerms,
                      txtCreditLimit, txtLicenseNo, txtNotes});

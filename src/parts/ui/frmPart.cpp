@@ -58,8 +58,11 @@ void frmPart::buildForm()
     txtPrice = form.currencyField(u"txtPrice"_s, u"Pri&ce:"_s);
     txtBin = form.textField(u"txtBin"_s, u"&Bin:"_s, 30);
     txtBarCode = form.textField(u"txtBarCode"_s, u"Bar Co&de:"_s, 30);
+    form.beginRow();
     chkNotTrackInventory =
         form.checkBox(u"chkNotTrackInventory"_s, u"Do Not &Track for Inventory"_s);
+    chkInactive = form.checkBox(u"chkInactive"_s, u"Inacti&ve"_s);
+    form.endRow();
     fraInventory = form.beginGroup(u"Inventory"_s, u"fraInventory"_s);
     form.beginColumns();
     txtQuantity = form.textField(u"txtQuantity"_s, u"&Quantity on Hand:"_s, 12);
@@ -72,10 +75,10 @@ void frmPart::buildForm()
     txtMin = form.textField(u"txtMin"_s, u"units when Quantity on Hand drops below"_s, 12);
     form.endRow();
     form.endGroup();
-    chkInactive = form.checkBox(u"chkInactive"_s, u"Inacti&ve"_s);
     txtNotes = form.memoField(u"txtNotes"_s, u"N&otes:"_s, 3);
     makeButtons(form, {.find = true, .print = true});
     form.finish();
+    resize(660, 580);
 
     txtMax->setAccessibleName(u"Units to reorder"_s);
     input::upperCaseAsTyped(txtPartID);

@@ -99,7 +99,7 @@ bool frmItemList::ShowGrid()
             rows.setAll(Ticked, false);
         for (const QString &name : {m_list.keyColumn, m_list.secondColumn})
             if (rows.hasColumn(name))
-                rows.column(name).width = name == m_list.keyColumn ? 150 : 240;
+                rows.column(name).width = name == m_list.keyColumn ? 150 : 320;
         rows.columnsChanged();
         grdList->selectRow(grdList->displayedOrder().value(0, -1));
         return true;

@@ -13,6 +13,7 @@
 #include "reporting/ui/SearchKeys.h"
 
 #include <QCheckBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -57,14 +58,22 @@ void frmQuickFind::buildForm()
     form.beginColumns();
     cboFieldNames = form.comboField(u"cboFieldNames"_s, u"Search &by:"_s);
     lblFieldNames = form.lastLabel();
-    txtSearchText = form.textField(u"txtSearchText"_s, u"Enter "_s + m_request.label);
+    auto *searchBoxes = new QWidget(this);
+    form.field(u"Enter "_s + m_request.label, searchBoxes);
     lblMainField = form.lastLabel();
     lblMainField->setObjectName(u"lblMainField"_s);
+    auto *layout = new QHBoxLayout(searchBoxes);
+    layout->setContentsMargins({});
+    const auto searchBox = [&](const QString &name) {
+        auto *box = new QLineEdit(searchBoxes);
+        box->setObjectName(name);
+        box->setAccessibleName(lblMainField->text());
+        layout->addWidget(box);
+        return box;
+    };
+    txtSearchText = searchBox(u"txtSearchText"_s);
     // Stands in the place of the other box in the mode "Auto" and hands its text on to it.
-    txtSearchText2 = new QLineEdit(this);
-    txtSearchText2->setObjectName(u"txtSearchText2"_s);
-    txtSearchText2->setAccessibleName(txtSearchText->accessibleName());
-    form.field({}, txtSearchText2);
+    txtSearchText2 = searchBox(u"txtSearchText2"_s);
     form.nextColumn();
     form.beginRow();
     optManual = form.optionButton(u"optOption0"_s, u"&Manual"_s);
