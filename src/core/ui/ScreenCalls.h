@@ -26,6 +26,18 @@ struct ScreenCalls
     std::function<QString(const QString &, const QString &, const QString &, const QString &,
                           const QString &, const QString &, const QString &)>
         ShowItemListDetail;
+    /// The times of a service that was worked on, as rows hold them.
+    struct ServiceTimes
+    {
+        qint64 id = 0; ///< NServiceUsedID of an open order's service, else ServiceUsedID
+        QString start = QStringLiteral("00:00");
+        QString end = QStringLiteral("00:00");
+        QString workHours = QStringLiteral("00:00");
+        QString table = QStringLiteral("tblWoserviceUsed");
+        std::function<void()> beforeWrite{}; ///< called when the user has decided to store them
+    };
+    /// Lets the user enter the times of a service; True when they were stored.
+    std::function<bool(const ServiceTimes &)> ShowServiceTimeForm;
     /// The reports by the name of their procedure ("ShowEmployeeReport"); takes the filter text,
     /// True when the report came up.
     QHash<QString, std::function<bool(const QString &)>> reports;
