@@ -9,6 +9,7 @@
 #include "equipment/ui/IdentityPage.h"
 #include "equipment/ui/NotesPages.h"
 #include "equipment/ui/PurchasePage.h"
+#include "equipment/ui/SchedulingPages.h"
 #include "equipment/ui/VehiclePage.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
@@ -91,11 +92,15 @@ void frmEquipment::makePages()
 {
     m_identity = new IdentityPage(*this);
     addPage(m_identity);
+    m_services = new EquipmentServicePage(*this);
+    addPage(m_services);
     addPage(new NotesPage(*this));
     addPage(new UserFieldsPage(*this));
     addPage(new EnginePage(*this));
     addPage(new VehiclePage(*this));
     addPage(new PurchasePage(*this));
+    m_counts = new EquipmentCountPage(*this);
+    addPage(m_counts);
     addPage(new DepreciationPage(*this));
 }
 
@@ -109,6 +114,11 @@ void frmEquipment::connectPages()
     for (const auto *noteBox : {u"rtfNotes", u"txtPurchaseNotes", u"txtNote"})
         if (auto *box = findChild<QPlainTextEdit *>(QString::fromUtf16(noteBox)))
             m_tabs->leaveStampTo(box);
+    // A service's target may hang on a reading, and a reading may bring a service's date.
+    connect(m_services, &EquipmentServicePage::servicesChanged, this,
+            [this] { m_counts->showMachine(m_equipmentID); });
+    connect(m_counts, &EquipmentCountPage::readingsChanged, this,
+            [this] { m_services->showMachine(m_equipmentID); });
     connect(m_tabs, &EquipmentTabs::chosen, this, &frmEquipment::chooseTab);
     connect(m_identity, &IdentityPage::yearChosen, findChild<DepreciationPage *>(),
             &DepreciationPage::setPurchaseYear);

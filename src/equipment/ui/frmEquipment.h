@@ -4,8 +4,8 @@
 #include "equipment/clsEquipment.h"
 #include "equipment/ui/EquipmentPage.h"
 
-#include <array>
-
+class EquipmentCountPage;
+class EquipmentServicePage;
 class EquipmentTabs;
 class IdentityPage;
 class QLabel;
@@ -75,6 +75,8 @@ private:
     QList<EquipmentPage *> m_pages;
     QList<RecordPage *> m_recordPages;
     IdentityPage *m_identity = nullptr;
+    EquipmentServicePage *m_services = nullptr;
+    EquipmentCountPage *m_counts = nullptr;
 
     EquipmentTabs *m_tabs = nullptr;
     QStackedWidget *m_stack = nullptr;
