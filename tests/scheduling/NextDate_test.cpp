@@ -72,8 +72,8 @@ INSTANTIATE_TEST_SUITE_P(
                AllDays, QDate(2025, 3, 1), QDate(2028, 2, 29)},
         // From Thursday the 14th the walk reaches Friday, the weekday of the 1st: a new block
         // begins, and week 3 is not wanted. The next week 2 begins on Monday 8 April.
-        Search{"AWeekThatTheWalkLeavesIsAskedAgain", AllMonths, only<Weeks>({2}),
-               only<Days>({Mon}), QDate(2024, 3, 14), QDate(2024, 4, 8)}),
+        Search{"AWeekThatTheWalkLeavesIsAskedAgain", AllMonths, only<Weeks>({2}), only<Days>({Mon}),
+               QDate(2024, 3, 14), QDate(2024, 4, 8)}),
     [](const auto &row) { return row.param.name; });
 
 TEST(CheckSchDate, StopsWithAnErrorWhenNoDateEverFits)

@@ -1,0 +1,174 @@
+#include "scheduling/Assignment.h"
+
+#include "scheduling/Fleet.h"
+#include "scheduling/Readings.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using assignment::Source;
+
+class AssignmentTest : public test::Fleet
+{
+protected:
+    AssignmentTest()
+    {
+        machine(1);
+        machine(2);
+    }
+    ~AssignmentTest() override { readings::setFirstReadingAsker({}); }
+
+    static db::Row onlyService(qint64 machine)
+    {
+        const db::Recordset rows =
+            gcnData->Open(u"Select * from tblServiceUsed where EquipmentID = ?"_s, {machine});
+        EXPECT_EQ(rows.RecordCount(), 1);
+        return rows.current();
+    }
+};
+
+TEST_F(AssignmentTest, ACalendarServiceIsCopiedWholeAndDueToday)
+{
+    catalogue(55, {{u"Name"_s, u"Owner's check"_s},
+                   {u"Period"_s, u"M"_s},
+                   {u"Wed"_s, 0},
+                   {u"Dece"_s, 0},
+                   {u"DOM"_s, 1},
+                   {u"Dom1"_s, 28},
+                   {u"SeparateWo"_s, 1},
+                   {u"JobNo"_s, 12}});
+    ASSERT_TRUE(assignment::AddServiceRecord(1, {55}, Source::Catalogue));
+    const db::Row row = onlyService(1);
+    EXPECT_EQ(row.integer(u"ServiceID"), 55);
+    EXPECT_EQ(row.date(u"NextScheduledDate"), day(3, 15)) << "whatever its pattern says";
+    EXPECT_TRUE(row.isNull(u"LastDatePerformed"));
+    EXPECT_TRUE(row.isNull(u"LastDateScheduled"));
+    EXPECT_EQ(row.integer(u"Inactive"), 0);
+    const db::Recordset source = gcnData->Open(u"Select * from tblServices"_s);
+    for (int column = 0; column < source.columnCount(); ++column) {
+        const QString name = source.columnName(column);
+        if (name != u"NextScheduledDate")
+            EXPECT_EQ(row[name], source.current()[column]) << qPrintable(name);
+    }
+}
+
+TEST_F(AssignmentTest, PartsComeAlongWithZeroForWhatTheyLack)
+{
+    catalogue(55);
+    insert(u"tblServicesPart"_s, {{u"ServiceID"_s, 55},
+                                  {u"PartID"_s, u"OIL'5"_s},
+                                  {u"QuantityRequired"_s, 2.5},
+                                  {u"Price"_s, 4.25},
+                                  {u"SupplierID"_s, 6}});
+    insert(u"tblServicesPart"_s, {{u"ServiceID"_s, 55},
+                                  {u"PartID"_s, u"F1"_s},
+                                  {u"QuantityRequired"_s, QVariant()},
+                                  {u"Price"_s, QVariant()},
+                                  {u"SupplierID"_s, QVariant()}});
+    ASSERT_TRUE(assignment::AddServiceRecord(1, {55}, Source::Catalogue));
+    const qint64 copy = onlyService(1).integer(u"ServiceUsedID");
+    const db::Recordset parts =
+        gcnData->Open(u"Select * from tblServiceUsedPart order by PartID"_s);
+    ASSERT_EQ(parts.RecordCount(), 2);
+    EXPECT_EQ(parts.row(0).text(u"PartID"), u"F1"_s);
+    for (const QString &column : {u"QuantityRequired"_s, u"Price"_s, u"SupplierID"_s}) {
+        EXPECT_FALSE(parts.row(0).isNull(column)) << qPrintable(column);
+        EXPECT_EQ(parts.row(0).real(column), 0) << qPrintable(column);
+    }
+    EXPECT_EQ(parts.row(1).real(u"QuantityRequired"), 2.5);
+    EXPECT_EQ(parts.row(1).real(u"Price"), 4.25);
+    EXPECT_EQ(parts.row(1).integer(u"SupplierID"), 6);
+    EXPECT_EQ(parts.row(1).integer(u"ServiceUsedID"), copy);
+
+    // From that machine to another one.
+    ASSERT_TRUE(assignment::AddServiceRecord(2, {copy}, Source::Machine));
+    EXPECT_EQ(onlyService(2).integer(u"ServiceID"), 55);
+    EXPECT_EQ(count(u"tblServiceUsedPart"_s,
+                    u"ServiceUsedID = %1"_s.arg(onlyService(2).integer(u"ServiceUsedID"))),
+              2);
+}
+
+TEST_F(AssignmentTest, ACountServiceCountsOnFromTheNewestReadingAndHasNoDate)
+{
+    reading(1, u"Hours"_s, day(3, 1), 700);
+    reading(1, u"Hours"_s, day(3, 2), 500);
+    catalogue(55, {{u"Period"_s, u"H"_s}, {u"EInterval"_s, 100}});
+    ASSERT_TRUE(assignment::AddServiceRecord(1, {55}, Source::Catalogue));
+    EXPECT_EQ(onlyService(1).integer(u"NextScheduledCount"), 600);
+    EXPECT_TRUE(onlyService(1).isNull(u"NextScheduledDate"));
+    EXPECT_EQ(count(u"tblEquipmentCount"_s), 2) << "nobody was asked";
+}
+
+TEST_F(AssignmentTest, WithoutAReadingTheFirstOneIsAskedForOncePerType)
+{
+    int asked = 0;
+    readings::setFirstReadingAsker(
+        [&](qint64 equipment, qint64 service, const QString &name, QString &type) {
+            ++asked;
+            EXPECT_EQ(service, value(u"Select max(ServiceUsedID) from tblServiceUsed"_s));
+            EXPECT_EQ(name, u"Oil change"_s);
+            EXPECT_EQ(type, u"Kilometers"_s);
+            readings::add(equipment, day(3, 1), type, 9000);
+            return true;
+        });
+    for (const int id : {55, 56})
+        catalogue(id, {{u"Period"_s, u"K"_s}, {u"EInterval"_s, 1000}});
+    ASSERT_TRUE(assignment::AddServiceRecord(1, {55, 56}, Source::Catalogue));
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(count(u"tblServiceUsed"_s, u"NextScheduledCount = 10000 and NextScheduledDate is "
+                                         "null"_s),
+              2);
+    readings::setFirstReadingAsker(
+        [](qint64, qint64, const QString &, QString &) { return false; });
+    ASSERT_TRUE(assignment::AddServiceRecord(2, {55}, Source::Catalogue));
+    EXPECT_EQ(readings::newest(2, u"Kilometers"_s).date, day(3, 15));
+    EXPECT_EQ(onlyService(2).integer(u"NextScheduledCount"), 1000);
+}
+
+TEST_F(AssignmentTest, EveryCountServiceIsSeenToThatHasNoReadingOfItsType)
+{
+    reading(1, u"Hours"_s, day(3, 1), 50);
+    assigned({{u"Period"_s, u"H"_s}, {u"NextScheduledCount"_s, 77}});
+    assigned({{u"Period"_s, u"I"_s}, {u"EInterval"_s, 300}, {u"NextScheduledDate"_s, day(3, 1)}});
+    assigned();
+    ASSERT_TRUE(assignment::ChkEveryServiceCount(1));
+    EXPECT_EQ(value(u"Select NextScheduledCount from tblServiceUsed where Period = 'H'"_s), 77);
+    EXPECT_EQ(value(u"Select NextScheduledCount from tblServiceUsed where Period = 'I'"_s), 300);
+    EXPECT_TRUE(
+        value(u"Select NextScheduledDate from tblServiceUsed where Period = 'I'"_s).isNull());
+    EXPECT_EQ(count(u"tblEquipmentCount"_s), 2);
+}
+
+TEST_F(AssignmentTest, NullsOfASpoiltSourceBecomeZeroInTheCopy)
+{
+    catalogue(55, {{u"Wed"_s, QVariant()}, {u"DOM"_s, QVariant()}, {u"Note"_s, QVariant()}});
+    ASSERT_TRUE(assignment::AddServiceRecord(1, {55}, Source::Catalogue));
+    EXPECT_FALSE(onlyService(1).isNull(u"Wed"));
+    EXPECT_FALSE(onlyService(1).isNull(u"DOM"));
+    EXPECT_TRUE(onlyService(1).isNull(u"Note"));
+}
+
+TEST_F(AssignmentTest, RemovalTakesThePartsAlongAndLeavesOrdersAlone)
+{
+    const qint64 id = assigned();
+    const qint64 other = assigned();
+    for (const qint64 service : {id, other})
+        insert(u"tblServiceUsedPart"_s, {{u"ServiceUsedID"_s, service}, {u"PartID"_s, u"F1"_s}});
+    insert(u"tblWoServiceUsed"_s, {{u"ServiceUsedID"_s, id}});
+    ASSERT_TRUE(assignment::DeleteServiceRecord(id));
+    EXPECT_EQ(onlyService(1).integer(u"ServiceUsedID"), other);
+    EXPECT_EQ(count(u"tblServiceUsedPart"_s), 1);
+    EXPECT_EQ(count(u"tblWoServiceUsed"_s), 1);
+}
+
+TEST_F(AssignmentTest, AFailureIsReportedAndFalse)
+{
+    catalogue(55);
+    EXPECT_TRUE(assignment::AddServiceRecord(1, {}, Source::Catalogue)) << "nothing to do";
+    EXPECT_FALSE(assignment::UpdateEquipmentService(assigned(), u"NoSuchColumn"_s, 1));
+    (void)errors.takeOne();
+}
+
+} // namespace

@@ -1,0 +1,122 @@
+#include "scheduling/Fleet.h"
+
+namespace test {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The schedule that both stores share: every ten days, on any day.
+QVariantMap schedule(qint64 crew, qint64 costCenter)
+{
+    QVariantMap values{{u"Name"_s, u"Oil change"_s},
+                       {u"CrewID"_s, crew},
+                       {u"CostCenterID"_s, costCenter},
+                       {u"Period"_s, u"D"_s},
+                       {u"EInterval"_s, 10},
+                       {u"RenewalOn"_s, u"W"_s},
+                       {u"JobNo"_s, 1},
+                       {u"LaborEstimate"_s, 1.5},
+                       {u"CostEstimate"_s, 30},
+                       {u"Note"_s, u"Warm engine"_s}};
+    for (const QString &flag :
+         {u"Sun"_s, u"Mon"_s,    u"Tue"_s,     u"Wed"_s,    u"Thu"_s,    u"Fri"_s,
+          u"Sat"_s, u"FirstW"_s, u"SecondW"_s, u"ThirdW"_s, u"ForthW"_s, u"LastW"_s,
+          u"Jan"_s, u"Feb"_s,    u"Mar"_s,     u"Apr"_s,    u"May"_s,    u"Jun"_s,
+          u"Jul"_s, u"Aug"_s,    u"Sep"_s,     u"Oct"_s,    u"Nov"_s,    u"Dece"_s})
+        values.insert(flag, 1);
+    return values;
+}
+
+} // namespace
+
+Fleet::Fleet()
+{
+    gRights = {};
+    crew =
+        insert(u"tblCrew"_s, {{u"CrewNumber"_s, 7}, {u"Description"_s, u"Mowing"_s}}, u"CrewID"_s);
+    costCenter = insert(u"tblCostCenter"_s, {{u"Description"_s, u"Shop"_s}}, u"CostCenterID"_s);
+    insert(u"tblEmployee"_s, {{u"EmployeeID"_s, u"E1"_s},
+                              {u"Crew"_s, crew},
+                              {u"LaborCost"_s, 20},
+                              {u"Inactive"_s, 0},
+                              {u"IncludeWoList"_s, 1}});
+}
+
+qint64 Fleet::insert(const QString &table, const QVariantMap &values, const QString &key)
+{
+    QStringList columns;
+    QVariantList parameters;
+    for (auto it = values.begin(); it != values.end(); ++it) {
+        columns.append(u'[' + it.key() + u']');
+        parameters.append(it.value());
+    }
+    const QString statement = u"Insert into %1(%2) values(%3)"_s.arg(
+        table, columns.join(u','), QStringList(columns.size(), u"?"_s).join(u','));
+    if (!key.isEmpty())
+        return gcnData->Insert(statement, parameters, key);
+    gcnData->Execute(statement, parameters);
+    return 0;
+}
+
+void Fleet::machine(qint64 id, const QVariantMap &more)
+{
+    QVariantMap values{{u"EquipmentID"_s, id},
+                       {u"UnitNo"_s, u"U%1"_s.arg(id)},
+                       {u"EquipmentName"_s, u"Mower %1"_s.arg(id)},
+                       {u"Inactive"_s, 0}};
+    values.insert(more);
+    insert(u"tblEquipment"_s, values);
+}
+
+qint64 Fleet::assigned(const QVariantMap &more) const
+{
+    QVariantMap values = schedule(crew, costCenter);
+    values.insert(QVariantMap{{u"EquipmentID"_s, 1},
+                              {u"ServiceID"_s, 100},
+                              {u"LastDatePerformed"_s, day(3, 1)},
+                              {u"LastDateScheduled"_s, day(2, 20)}});
+    values.insert(more);
+    return insert(u"tblServiceUsed"_s, values, u"ServiceUsedID"_s);
+}
+
+qint64 Fleet::catalogue(qint64 id, const QVariantMap &more) const
+{
+    QVariantMap values = schedule(crew, costCenter);
+    values.insert(u"ServiceID"_s, id);
+    values.insert(more);
+    insert(u"tblServices"_s, values);
+    return id;
+}
+
+void Fleet::reading(qint64 machine, const QString &type, const QDateTime &date, qint64 value)
+{
+    insert(u"tblEquipmentCount"_s, {{u"EquipmentID"_s, machine},
+                                    {u"CountType"_s, type},
+                                    {u"ChangeDate"_s, date},
+                                    {u"CountValue"_s, value}});
+}
+
+void Fleet::part(const QString &id, double price)
+{
+    insert(u"tblPart"_s, {{u"PartID"_s, id},
+                          {u"Description"_s, u"Part "_s + id},
+                          {u"Price"_s, price},
+                          {u"Quantity"_s, 5},
+                          {u"Inactive"_s, 0}});
+}
+
+QVariant Fleet::value(const QString &query, const QVariantList &parameters)
+{
+    const db::Recordset rows = gcnData->Open(query, parameters);
+    return rows.isEmpty() ? QVariant() : rows.value(0, 0);
+}
+
+qint64 Fleet::count(const QString &table, const QString &where)
+{
+    return value(u"Select count(*) from "_s + table +
+                 (where.isEmpty() ? QString() : u" where "_s + where))
+        .toLongLong();
+}
+
+} // namespace test

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "core/CompanySession.h"
+#include "support/ScriptedPrompts.h"
+
+#include <QVariantMap>
+
+namespace test {
+
+/// A company with one crew and helpers that put machines, services and readings into it. Today is
+/// Friday, March 15, 2024.
+class Fleet : public CompanySession
+{
+protected:
+    Fleet();
+
+    static QDateTime day(int month, int date, int year = 2024)
+    {
+        return base::wallClock(QDate(year, month, date));
+    }
+
+    static qint64 insert(const QString &table, const QVariantMap &values, const QString &key = {});
+    /// Machine with this key and the unit number "U<key>".
+    static void machine(qint64 id, const QVariantMap &more = {});
+    /// A service of machine 1, every ten days on any day, of crew and cost center 1, last performed
+    /// on March 1 and scheduled for February 20; what is given goes before.
+    qint64 assigned(const QVariantMap &more = {}) const;
+    /// A service of the catalogue with the same schedule.
+    qint64 catalogue(qint64 id, const QVariantMap &more = {}) const;
+    static void reading(qint64 machine, const QString &type, const QDateTime &date, qint64 value);
+    static void part(const QString &id, double price);
+
+    /// The only value that a query gives, Null when it gives no row.
+    static QVariant value(const QString &query, const QVariantList &parameters = {});
+    static qint64 count(const QString &table, const QString &where = {});
+
+    ScriptedPrompts prompts;
+    qint64 crew = 0;       ///< number 7, one employee at 20 an hour
+    qint64 costCenter = 0; ///< "Shop"
+};
+
+} // namespace test

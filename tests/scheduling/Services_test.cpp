@@ -1,0 +1,187 @@
+#include "platform/db/DbError.h"
+#include "scheduling/Fleet.h"
+#include "scheduling/Readings.h"
+#include "scheduling/clsServices.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class clsServicesManagerTest : public test::Fleet
+{
+protected:
+    clsServicesManagerTest() { machine(1); }
+    ~clsServicesManagerTest() override { readings::setFirstReadingAsker({}); }
+
+    static clsServices stored(ServiceStore store, qint64 key)
+    {
+        const db::Recordset rows =
+            store == ServiceStore::Catalogue
+                ? gcnData->Open(u"Select * from tblServices where ServiceID = ?"_s, {key})
+                : gcnData->Open(u"Select * from tblServiceUsed where ServiceUsedID = ?"_s, {key});
+        return clsServicesManager::fromRow(rows.current(), store);
+    }
+    static clsServices everyFieldDifferent()
+    {
+        clsServices service;
+        service.ServiceID = 55;
+        service.JobNo = 9;
+        service.Name = u"Grease 'all' points"_s;
+        service.CrewID = 3;
+        service.CostCenterID = 4;
+        service.SeparateWo = u"1"_s;
+        service.LaborEstimate = 2.25;
+        service.CostEstimate = 45.5;
+        service.Period = u"M"_s;
+        service.EInterval = 6;
+        service.RenewalOn = u"S"_s;
+        service.Sun = service.Thu = service.FirstW = service.LastW = service.Feb = service.Dece = 1;
+        service.Dom = 1;
+        service.DOM1 = 2;
+        service.DOM5 = 30;
+        service.Note = u"It's hot"_s;
+        return service;
+    }
+    qint64 hourService(const QVariantMap &more = {}) const
+    {
+        QVariantMap row{{u"Period"_s, u"H"_s}, {u"EInterval"_s, 100}};
+        row.insert(more);
+        return assigned(row);
+    }
+
+    const clsServicesManager manager;
+};
+
+TEST_F(clsServicesManagerTest, EveryFieldComesBackFromBothStores)
+{
+    clsServices service = everyFieldDifferent();
+    ASSERT_TRUE(manager.SaveRecord(service, Mode::Add, ServiceStore::Catalogue));
+    EXPECT_EQ(stored(ServiceStore::Catalogue, 55), service);
+    service.Name = u"Grease"_s;
+    service.Dece = 0;
+    ASSERT_TRUE(manager.SaveRecord(service, Mode::Modify, ServiceStore::Catalogue));
+    EXPECT_EQ(stored(ServiceStore::Catalogue, 55), service);
+
+    service.ServiceID = assigned();
+    ASSERT_TRUE(manager.SaveRecord(service, Mode::Modify, ServiceStore::Assigned,
+                                   {.EquipmentID = 1,
+                                    .NextScheduledDate = day(4, 1),
+                                    .NextScheduledCount = 7,
+                                    .Inactive = 1}));
+    EXPECT_EQ(stored(ServiceStore::Assigned, service.ServiceID), service);
+    const db::Recordset rows = gcnData->Open(u"Select * from tblServiceUsed"_s);
+    EXPECT_EQ(rows.current().date(u"NextScheduledDate"), day(4, 1));
+    EXPECT_EQ(rows.current().integer(u"NextScheduledCount"), 7);
+    EXPECT_EQ(rows.current().integer(u"Inactive"), 1);
+    EXPECT_EQ(rows.current().date(u"LastDatePerformed"), day(3, 1)) << "not the screen's to change";
+    EXPECT_EQ(rows.current().integer(u"ServiceID"), 100) << "where it came from stays";
+}
+
+TEST_F(clsServicesManagerTest, AChangeOfTheCatalogueReachesNoMachine)
+{
+    clsServices service = stored(ServiceStore::Catalogue, catalogue(100));
+    const clsServices copy = stored(ServiceStore::Assigned, assigned());
+    service.CrewID = 99;
+    service.EInterval = 77;
+    ASSERT_TRUE(manager.SaveRecord(service, Mode::Modify, ServiceStore::Catalogue));
+    EXPECT_EQ(stored(ServiceStore::Assigned, copy.ServiceID), copy);
+}
+
+TEST_F(clsServicesManagerTest, AJobNumberReachesAssignedAndOrderedServicesButNotHistory)
+{
+    const qint64 id = assigned({{u"ServiceID"_s, 100}});
+    const qint64 other = assigned({{u"ServiceID"_s, 101}});
+    insert(u"tblWoServiceUsed"_s, {{u"ServiceID"_s, 100}, {u"JobNo"_s, 1}});
+    ASSERT_TRUE(manager.UpdateJobNoForAllService(100, 42));
+    EXPECT_EQ(stored(ServiceStore::Assigned, id).JobNo, 42);
+    EXPECT_EQ(stored(ServiceStore::Assigned, other).JobNo, 1);
+    EXPECT_EQ(value(u"Select JobNo from tblWoServiceUsed"_s), 42);
+}
+
+TEST_F(clsServicesManagerTest, ATakenKeyGetsAnotherOneWithTheNextJobNumber)
+{
+    catalogue(55, {{u"JobNo"_s, 30}});
+    clsServices service = everyFieldDifferent();
+    ASSERT_TRUE(manager.SaveRecord(service, Mode::Add, ServiceStore::Catalogue));
+    EXPECT_NE(service.ServiceID, 55);
+    EXPECT_EQ(service.JobNo, 31);
+    EXPECT_EQ(stored(ServiceStore::Catalogue, service.ServiceID), service);
+}
+
+TEST_F(clsServicesManagerTest, DeletesAServiceWithItsParts)
+{
+    catalogue(55);
+    catalogue(56);
+    for (const int id : {55, 56})
+        insert(u"tblServicesPart"_s, {{u"ServiceID"_s, id}, {u"PartID"_s, u"F1"_s}});
+    assigned({{u"ServiceID"_s, 56}});
+    EXPECT_EQ(manager.CanDeletePart(55), QString());
+    EXPECT_EQ(manager.CanDeletePart(56), u"Service Used"_s);
+    ASSERT_TRUE(manager.DeleteRecord(55));
+    EXPECT_EQ(count(u"tblServices"_s), 1);
+    EXPECT_EQ(count(u"tblServicesPart"_s, u"ServiceID = 56"_s), 1);
+    EXPECT_EQ(count(u"tblServicesPart"_s), 1);
+}
+
+TEST_F(clsServicesManagerTest, ACountServiceWithoutAReadingGetsOneOfZeroWhenNoneIsGiven)
+{
+    clsServices service = stored(ServiceStore::Assigned, hourService());
+    ASSERT_TRUE(manager.SaveRecord(service, Mode::Modify, ServiceStore::Assigned,
+                                   {.EquipmentID = 1, .NextScheduledCount = 3}));
+    EXPECT_EQ(readings::newest(1, u"Hours"_s).date, day(3, 15));
+    EXPECT_EQ(readings::newest(1, u"Hours"_s).value, 0);
+    EXPECT_EQ(value(u"Select NextScheduledCount from tblServiceUsed"_s), 100);
+    EXPECT_TRUE(value(u"Select NextScheduledDate from tblServiceUsed"_s).isNull());
+}
+
+TEST_F(clsServicesManagerTest, TheFirstReadingIsWhereACountServiceCountsFrom)
+{
+    readings::setFirstReadingAsker(
+        [this](qint64 equipment, qint64, const QString &name, QString &type) {
+            EXPECT_EQ(name, u"Oil change"_s);
+            readings::add(equipment, day(3, 12), type, 500);
+            return true;
+        });
+    clsServices service = stored(ServiceStore::Assigned, hourService());
+    ASSERT_TRUE(manager.SaveRecord(service, Mode::Modify, ServiceStore::Assigned,
+                                   {.EquipmentID = 1, .NextScheduledCount = 100}));
+    EXPECT_EQ(value(u"Select NextScheduledCount from tblServiceUsed"_s), 600);
+    EXPECT_TRUE(value(u"Select NextScheduledDate from tblServiceUsed"_s).isNull())
+        << "the reading reached the target of before, which doesn't count";
+}
+
+TEST_F(clsServicesManagerTest, ACountServiceThatIsDueOnTheMeterGetsTheReadingsDate)
+{
+    reading(1, u"Hours"_s, day(3, 7), 500);
+    clsServices service = stored(ServiceStore::Assigned, hourService());
+    ASSERT_TRUE(manager.SaveRecord(service, Mode::Modify, ServiceStore::Assigned,
+                                   {.EquipmentID = 1, .NextScheduledCount = 501}));
+    EXPECT_TRUE(value(u"Select NextScheduledDate from tblServiceUsed"_s).isNull());
+    ASSERT_TRUE(manager.SaveRecord(service, Mode::Modify, ServiceStore::Assigned,
+                                   {.EquipmentID = 1, .NextScheduledCount = 500}));
+    EXPECT_EQ(value(u"Select NextScheduledDate from tblServiceUsed"_s), day(3, 7));
+    EXPECT_EQ(value(u"Select NextScheduledCount from tblServiceUsed"_s), 500)
+        << "a target that the user set stays";
+}
+
+TEST_F(clsServicesManagerTest, WritesTheThreeDatesOfAnAssignment)
+{
+    const qint64 id = assigned();
+    ASSERT_TRUE(manager.SaveServiceUsedRecord(id, {}, day(3, 3), day(4, 4)));
+    const db::Recordset rows = gcnData->Open(u"Select * from tblServiceUsed"_s);
+    EXPECT_TRUE(rows.current().isNull(u"LastDateScheduled"));
+    EXPECT_EQ(rows.current().date(u"LastDatePerformed"), day(3, 3));
+    EXPECT_EQ(rows.current().date(u"NextScheduledDate"), day(4, 4));
+}
+
+TEST_F(clsServicesManagerTest, ARefusedWriteIsReportedAndFalse)
+{
+    clsServices service = everyFieldDifferent();
+    service.Name = QString(101, u'x');
+    EXPECT_FALSE(manager.SaveRecord(service, Mode::Add, ServiceStore::Catalogue));
+    EXPECT_EQ(errors.takeOne().ModuleName, u"clsServicesManager"_s);
+}
+
+} // namespace
