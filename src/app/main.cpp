@@ -1,3 +1,4 @@
+#include "app/LoopbackOnly.h"
 #include "app/Screens.h"
 #include "core/Session.h"
 #include "core/StartUp.h"
@@ -33,6 +34,8 @@ int main(int argc, char *argv[])
 {
     // The command line configures nothing, so the toolkit doesn't get to see it either.
     int programNameOnly = std::min(argc, 1);
+    if (qEnvironmentVariable("QT_QPA_PLATFORM").startsWith(u"vnc"))
+        app::listenOnLoopbackOnly();
     QApplication application(programNameOnly, argv);
     QApplication::setApplicationName(u"Quorvantis"_s);
     // The process ends with its main form, not with whichever window was the last.
