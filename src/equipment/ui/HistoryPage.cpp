@@ -15,6 +15,7 @@
 
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSignalBlocker>
 
 using namespace Qt::StringLiterals;
 
@@ -246,13 +247,17 @@ void HistoryPage::RefreshServiceHistoryGrid(qint64 EquipmentID)
     const qint64 service =
         EquipmentID == m_equipment ? serviceOf(grdServiceHistory->currentRow()) : 0;
     m_equipment = EquipmentID;
-    base::trapped(Module, "RefreshServiceHistoryGrid", [this] {
-        loadCrews();
-        loadRows();
-    });
-    const grid::GridModel &rows = grdServiceHistory->rows();
-    const int row = rows.rowCount() > 0 ? rows.findRow(u"ServiceUsedID", service) : -1;
-    grdServiceHistory->selectRow(row < 0 && rows.rowCount() > 0 ? 0 : row);
+    {
+        // The details follow once, not with each step of the loading.
+        const QSignalBlocker silence(grdServiceHistory);
+        base::trapped(Module, "RefreshServiceHistoryGrid", [this] {
+            loadCrews();
+            loadRows();
+        });
+        const grid::GridModel &rows = grdServiceHistory->rows();
+        const int row = rows.rowCount() > 0 ? rows.findRow(u"ServiceUsedID", service) : -1;
+        grdServiceHistory->selectRow(row < 0 && rows.rowCount() > 0 ? 0 : row);
+    }
     showDetails();
     EnableControls();
 }
@@ -282,8 +287,7 @@ void HistoryPage::loadCrews()
 void HistoryPage::showDetails()
 {
     storeNote();
-    const int row = grdServiceHistory->currentRow();
-    RefreshPartHistoryGrid(serviceOf(row));
+    RefreshPartHistoryGrid(serviceOf(grdServiceHistory->currentRow()));
     RefreshServiceNoteGrid();
     EnableControls();
 }

@@ -1,0 +1,208 @@
+#include "equipment/ui/DateReading.h"
+
+#include "core/General.h"
+#include "core/ui/ListGrid.h"
+#include "core/ui/ScreenCalls.h"
+#include "platform/base/Environment.h"
+#include "platform/base/Format.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/input/DateInput.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/Leaving.h"
+#include "platform/input/Theme.h"
+
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString ButtonColumn = u"Select"_s;
+
+QDate dateOption(const QString &key, QDate fallback)
+{
+    const auto date = base::parseMonthFirst(GetOption(key, true));
+    return date ? date->date() : fallback;
+}
+
+} // namespace
+
+DateReading::DateReading(const datesheet::Sheet &sheet, QWidget *parent)
+    : Screen(sheet.form, sheet.title, parent)
+    , m_sheet(sheet)
+{
+    buildForm();
+    adoptGrid(m_grid, m_grid->objectName());
+    readRange();
+    RefreshRecordSet();
+    EnableControls();
+}
+
+void DateReading::buildForm()
+{
+    input::FormBuilder form(this);
+    form.beginRow(m_sheet.oldCaption);
+    datFrom = form.dateField(m_sheet.dateFrom, u"&from"_s);
+    datTo = form.dateField(m_sheet.dateTo, u"&to"_s);
+    cmdRefresh = form.inlineButton(u"cmdRefresh"_s, u"&Refresh"_s, theme::icon(u"refresh"_s));
+    form.endRow();
+    buildGrid();
+    form.widget(m_grid, true);
+    cmdUpdate = form.button(u"cmdUpdate"_s, u"&Save"_s, theme::icon(u"save"_s));
+    cmdCancel = form.button(u"cmdCancel"_s, u"&Cancel"_s, theme::icon(u"cancel"_s));
+    cmdPrint = form.button(u"cmdPrint"_s, u"&Print"_s, theme::icon(u"print"_s));
+    cmdExit = form.button(u"cmdExit"_s, u"E&xit"_s, theme::icon(u"exit"_s));
+    form.finish();
+    resize(760, 480);
+
+    input::setCausesValidation(cmdCancel, false);
+    input::setCausesValidation(cmdExit, false);
+    datFrom->checkOnLeave();
+    datTo->checkOnLeave();
+    connect(cmdRefresh, &QPushButton::clicked, this, &DateReading::cmdRefresh_Click);
+    connect(cmdUpdate, &QPushButton::clicked, this, &DateReading::cmdUpdate_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &DateReading::cmdCancel_Click);
+    connect(cmdPrint, &QPushButton::clicked, this, &DateReading::cmdPrint_Click);
+    connect(cmdExit, &QPushButton::clicked, this, &DateReading::unload);
+}
+
+void DateReading::buildGrid()
+{
+    m_grid = makeListGrid(
+        this, m_sheet.grid, m_sheet.title,
+        {{.name = u"EquipmentID"_s, .visible = false},
+         {.name = u"UnitNo"_s, .caption = u"Unit #"_s, .width = 80, .locked = true},
+         {.name = u"EquipmentName"_s, .caption = u"Equipment Name"_s, .width = 210, .locked = true},
+         {.name = m_sheet.column, .caption = m_sheet.oldCaption, .width = 154, .locked = true},
+         {.name = m_sheet.newCaption,
+          .width = 160,
+          .editable = true,
+          .editor = grid::Editor::Date,
+          .kind = sql::ColumnKind::Date},
+         {.name = ButtonColumn,
+          .width = 100,
+          .align = grid::Align::Center,
+          .editor = grid::Editor::Button}});
+    m_grid->rows().changeRule = [this](int row, const QString &column, const QVariant &value) {
+        return Change(row, column, value);
+    };
+    connect(m_grid, &grid::GridView::typing, this, &DateReading::edited);
+    connect(m_grid, &grid::GridView::buttonClicked, this, &DateReading::ButtonClick);
+}
+
+void DateReading::readRange()
+{
+    datFrom->setDate(dateOption(m_sheet.optionFrom, base::today().addYears(-1)));
+    datTo->setDate(dateOption(m_sheet.optionTo, base::today()));
+}
+
+void DateReading::unloading()
+{
+    SetOption(m_sheet.optionFrom, datFrom->isEmpty() ? QString() : datFrom->text(), true);
+    SetOption(m_sheet.optionTo, datTo->isEmpty() ? QString() : datTo->text(), true);
+}
+
+bool DateReading::rangeIsInOrder()
+{
+    for (input::DateInput *box : {datFrom, datTo}) {
+        if (box->date().isValid())
+            continue;
+        base::showMessage(u"Please enter valid date."_s);
+        box->setFocus();
+        return false;
+    }
+    return true;
+}
+
+void DateReading::RefreshRecordSet()
+{
+    base::trapped(m_sheet.module, "RefreshRecordSet", [this] {
+        m_grid->rows().setRecordset(datesheet::machines(m_sheet, datFrom->date(), datTo->date()));
+        m_grid->selectRow(m_grid->rows().rowCount() > 0 ? m_grid->displayedOrder().first() : -1);
+    });
+}
+
+void DateReading::EnableControls()
+{
+    const bool editing = mode() != Mode::Browse;
+    // Hiding the button that has the focus would hand it to whatever comes next.
+    if (m_grid->isVisible() && editing != cmdUpdate->isVisible() && !m_grid->hasFocus() &&
+        !m_grid->isAncestorOf(focusWidget()))
+        m_grid->setFocus();
+    for (QPushButton *button : {cmdUpdate, cmdCancel})
+        button->setVisible(editing);
+    for (QPushButton *button : {cmdPrint, cmdExit})
+        button->setVisible(!editing);
+    for (QWidget *control : std::initializer_list<QWidget *>{datFrom, datTo, cmdRefresh})
+        control->setEnabled(!editing);
+    cmdPrint->setEnabled(screenCalls().hasReport(m_sheet.report));
+    setCloseEnabled(!editing);
+}
+
+void DateReading::leaveEditing()
+{
+    RefreshRecordSet();
+    setMode(Mode::Browse);
+}
+
+void DateReading::ButtonClick(int row, const QString &column)
+{
+    if (column.compare(ButtonColumn, Qt::CaseInsensitive) != 0 || !m_grid->finishEditing())
+        return;
+    base::trapped(m_sheet.module, "ButtonClick", [&] {
+        grid::GridModel &rows = m_grid->rows();
+        const QDateTime oldDate = rows.value(row, m_sheet.column).toDateTime();
+        rows.edit(row, rows.columnIndex(m_sheet.newCaption), datesheet::oneYearLater(oldDate));
+    });
+}
+
+bool DateReading::Change(int row, const QString &column, const QVariant &value)
+{
+    return base::trapped(m_sheet.rule, "grdRecordService_Change", false, [&] {
+        edited();
+        if (column.compare(m_sheet.newCaption, Qt::CaseInsensitive) != 0 || value.isNull())
+            return true;
+        grid::GridModel &rows = m_grid->rows();
+        const QString refusal = datesheet::refusalOf(
+            m_sheet, rows.value(row, m_sheet.column).toDateTime(), value.toDateTime());
+        if (refusal.isEmpty())
+            return true;
+        base::showMessage(refusal);
+        rows.setValue(row, column, QVariant());
+        return false;
+    });
+}
+
+void DateReading::cmdRefresh_Click()
+{
+    if (rangeIsInOrder())
+        RefreshRecordSet();
+}
+
+void DateReading::cmdUpdate_Click()
+{
+    if (!m_grid->finishEditing())
+        return;
+    const grid::GridModel &rows = m_grid->rows();
+    QList<datesheet::NewDate> dates;
+    for (int row = 0; row < rows.rowCount(); ++row) {
+        const QVariant date = rows.value(row, m_sheet.newCaption);
+        if (!date.isNull())
+            dates.append({rows.value(row, u"EquipmentID").toLongLong(), date.toDateTime()});
+    }
+    if (datesheet::save(m_sheet, dates))
+        leaveEditing();
+}
+
+void DateReading::cmdCancel_Click()
+{
+    leaveEditing();
+}
+
+void DateReading::cmdPrint_Click()
+{
+    if (rangeIsInOrder())
+        screenCalls().reports.value(m_sheet.report)(
+            datesheet::filterText(m_sheet, datFrom->date(), datTo->date()));
+}

@@ -1,0 +1,116 @@
+#include "equipment/ui/MachinePartsPage.h"
+
+#include "core/Session.h"
+#include "core/ui/ListGrid.h"
+#include "equipment/MachineParts.h"
+#include "parts/PartSelection.h"
+#include "parts/ui/Entries.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/Theme.h"
+
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char *Module = "Equipment";
+
+} // namespace
+
+MachinePartsPage::MachinePartsPage(EquipmentFrame &frame, QWidget *parent)
+    : EquipmentPage(frame, parent)
+{
+    input::FormBuilder form(this);
+    grdPart = makeListGrid(this, u"grdPart"_s, u"Parts of the machine"_s,
+                           {{.name = u"Part Number"_s, .width = 150},
+                            {.name = u"Description"_s, .width = 320},
+                            {.name = u"Qty Req"_s, .width = 90, .format = u"0.00"_s},
+                            {.name = u"Extended Cost"_s, .width = 120, .format = u"$0.00"_s}});
+    form.widget(grdPart, true);
+    form.beginRow();
+    cmdAddNewPart = form.inlineButton(u"cmdAddNewPart"_s, u"Add &Part"_s, theme::icon(u"add"_s));
+    cmdRemovePart =
+        form.inlineButton(u"cmdRemovePart"_s, u"Re&move Part"_s, theme::icon(u"delete"_s));
+    form.endRow();
+    form.finish();
+    setFocusProxy(grdPart);
+    frame.keepLayout(grdPart, grdPart->objectName());
+    connect(cmdAddNewPart, &QPushButton::clicked, this, &MachinePartsPage::cmdAddNewPart_Click);
+    connect(cmdRemovePart, &QPushButton::clicked, this, &MachinePartsPage::cmdRemovePart_Click);
+}
+
+void MachinePartsPage::showMachine(qint64 EquipmentID)
+{
+    RefreshPartGrid(EquipmentID);
+}
+
+bool MachinePartsPage::hasContent() const
+{
+    return grdPart->rows().rowCount() > 0;
+}
+
+void MachinePartsPage::setEditable(bool editable)
+{
+    m_editable = editable;
+    EnableControls();
+}
+
+void MachinePartsPage::pageShown()
+{
+    grdPart->setFocus();
+}
+
+void MachinePartsPage::RefreshPartGrid(qint64 equipmentID)
+{
+    const int row = equipmentID == m_equipment ? grdPart->currentRow() : 0;
+    m_equipment = equipmentID;
+    base::trapped(Module, "RefreshPartGrid", [&] {
+        grdPart->rows().setRecordset(machineparts::listed(m_equipment));
+        grdPart->selectRow(qMin(qMax(row, 0), grdPart->rows().rowCount() - 1));
+    });
+    EnableControls();
+}
+
+void MachinePartsPage::EnableControls()
+{
+    cmdAddNewPart->setEnabled(m_editable);
+    cmdRemovePart->setEnabled(m_editable && hasContent());
+}
+
+void MachinePartsPage::cmdAddNewPart_Click()
+{
+    frame().beginEdit();
+    base::trapped(Module, "cmdAddNewPart_Click", [this] {
+        QStringList present;
+        for (int row = 0; row < grdPart->rows().rowCount(); ++row)
+            present.append(grdPart->rows().text(row, u"Part Number"));
+        QString selection = parts::exclusionList(present);
+        const bool chosen = frmPartManagerEntry::ShowServiceManager(selection, true);
+        // The selector commits what is open when a part is added from it.
+        BeginTrans();
+        if (!chosen)
+            return;
+        if (!machineparts::AddPartRecord(m_equipment, selection)) {
+            frame().cancelEdit();
+            return;
+        }
+        RefreshPartGrid(m_equipment);
+        frame().contentChanged();
+    });
+}
+
+void MachinePartsPage::cmdRemovePart_Click()
+{
+    const int row = grdPart->currentRow();
+    if (row < 0)
+        return;
+    frame().beginEdit();
+    if (!base::askYesNo(u"Are you sure you want to Delete this record?"_s) ||
+        !machineparts::DeletePartRecord(m_equipment, grdPart->rows().text(row, u"Part Number")))
+        return;
+    RefreshPartGrid(m_equipment);
+    frame().contentChanged();
+}

@@ -1,0 +1,167 @@
+#include "equipment/ui/PicturesPage.h"
+
+#include "core/ui/ListGrid.h"
+#include "equipment/Pictures.h"
+#include "equipment/ui/PictureView.h"
+#include "equipment/ui/ThumbnailColumn.h"
+#include "equipment/ui/frmEquipmentImage.h"
+#include "platform/base/Error.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/Theme.h"
+
+#include <QFile>
+#include <QPushButton>
+#include <QSignalBlocker>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char *Module = "Equipment";
+constexpr int InvalidPicture = 481;
+/// No screen shows more of a picture, and larger ones need not be held.
+constexpr int LongestSide = 4096;
+
+} // namespace
+
+PicturesPage::PicturesPage(EquipmentFrame &frame, QWidget *parent)
+    : EquipmentPage(frame, parent)
+{
+    input::FormBuilder form(this);
+    form.beginColumns();
+    grdImage =
+        makeListGrid(this, u"grdImage"_s, u"Pictures of the machine"_s,
+                     {{.name = u"Picture"_s, .caption = u" "_s, .width = ThumbnailColumn::Side + 8},
+                      {.name = u"Picture Name"_s, .width = 200}});
+    form.widget(grdImage, true);
+    form.nextColumn(2);
+    imgEquipment = new PictureView(this);
+    imgEquipment->setObjectName(u"imgEquipment"_s);
+    imgEquipment->setAccessibleName(u"The chosen picture"_s);
+    form.widget(imgEquipment, true);
+    form.endColumns();
+    form.beginRow();
+    cmdAddImage = form.inlineButton(u"cmdAddImage"_s, u"Add Pict&ure..."_s, theme::icon(u"add"_s));
+    cmdRemoveImage =
+        form.inlineButton(u"cmdRemoveImage"_s, u"Re&move Picture"_s, theme::icon(u"delete"_s));
+    form.endRow();
+    form.finish();
+    setFocusProxy(grdImage);
+    m_thumbnails =
+        new ThumbnailColumn(grdImage, u"Picture"_s, u"Picture Name"_s, [this](const QString &name) {
+            return base::trapped(Module, "RefreshImageGrid", QByteArray(),
+                                 [&] { return pictures::bytes(m_equipment, name); });
+        });
+    frame.keepLayout(grdImage, grdImage->objectName());
+    connect(cmdAddImage, &QPushButton::clicked, this, &PicturesPage::cmdAddImage_Click);
+    connect(cmdRemoveImage, &QPushButton::clicked, this, &PicturesPage::cmdRemoveImage_Click);
+    connect(grdImage, &grid::GridView::currentRowChanged, this,
+            &PicturesPage::LoadEquipmentPicture);
+}
+
+void PicturesPage::showMachine(qint64 EquipmentID)
+{
+    RefreshImageGrid(EquipmentID);
+}
+
+bool PicturesPage::hasContent() const
+{
+    return grdImage->rows().rowCount() > 0;
+}
+
+void PicturesPage::setEditable(bool editable)
+{
+    m_editable = editable;
+    EnableControls();
+}
+
+void PicturesPage::pageShown()
+{
+    grdImage->setFocus();
+}
+
+void PicturesPage::showEvent(QShowEvent *event)
+{
+    EquipmentPage::showEvent(event);
+    if (m_pictureIsOld)
+        LoadEquipmentPicture();
+}
+
+QString PicturesPage::currentName() const
+{
+    const int row = grdImage->currentRow();
+    return row < 0 ? QString() : grdImage->rows().text(row, u"Picture Name");
+}
+
+void PicturesPage::RefreshImageGrid(qint64 equipmentID)
+{
+    const QString name = equipmentID == m_equipment ? currentName() : QString();
+    m_equipment = equipmentID;
+    m_thumbnails->forget();
+    {
+        const QSignalBlocker silence(grdImage);
+        base::trapped(Module, "RefreshImageGrid", [&] {
+            grdImage->rows().setRecordset(pictures::names(m_equipment));
+            const int row = grdImage->rows().findRow(u"Picture Name", name);
+            grdImage->selectRow(row < 0 && hasContent() ? 0 : row);
+        });
+    }
+    LoadEquipmentPicture();
+    EnableControls();
+}
+
+void PicturesPage::LoadEquipmentPicture()
+{
+    // Going through the machines on another page must not wait for their photographs.
+    m_pictureIsOld = !isVisible();
+    if (m_pictureIsOld)
+        return;
+    EnableControls();
+    const QString name = currentName();
+    if (name.isEmpty()) {
+        imgEquipment->setImage({});
+        return;
+    }
+    base::trapped(Module, "LoadEquipmentPicture", [&] {
+        const pictures::ScratchFile scratch(pictures::bytes(m_equipment, name));
+        QFile file(scratch.path());
+        const QImage image =
+            file.open(QIODevice::ReadOnly) ? decodedPicture(file, LongestSide) : QImage();
+        if (image.isNull())
+            throw base::Error(InvalidPicture,
+                              u"The picture \"%1\" can't be shown: what is stored for it is no "
+                              "picture that this program knows."_s.arg(name));
+        imgEquipment->setImage(image);
+    });
+}
+
+void PicturesPage::EnableControls()
+{
+    cmdAddImage->setEnabled(m_editable);
+    cmdRemoveImage->setEnabled(m_editable && grdImage->currentRow() >= 0);
+}
+
+void PicturesPage::cmdAddImage_Click()
+{
+    frame().beginEdit();
+    const QString added = frmEquipmentImage::ShowEquipmentImageDetail(m_equipment, this);
+    RefreshImageGrid(m_equipment);
+    if (!added.isEmpty())
+        grdImage->selectRow(grdImage->rows().findRow(u"Picture Name", added));
+    frame().contentChanged();
+}
+
+void PicturesPage::cmdRemoveImage_Click()
+{
+    const QString name = currentName();
+    if (name.isEmpty())
+        return;
+    frame().beginEdit();
+    if (!base::askYesNo(u"Are you sure you want to Delete this record?"_s) ||
+        !pictures::DeleteImageRecord(m_equipment, name))
+        return;
+    RefreshImageGrid(m_equipment);
+    frame().contentChanged();
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "equipment/ui/EquipmentPage.h"
+
+class PictureView;
+class QPushButton;
+class ThumbnailColumn;
+
+/// The pictures of a machine: their names with small pictures, and the chosen one beside them as
+/// large as it goes.
+class PicturesPage final : public EquipmentPage
+{
+    Q_OBJECT
+
+public:
+    explicit PicturesPage(EquipmentFrame &frame, QWidget *parent = nullptr);
+
+    void showMachine(qint64 EquipmentID) override;
+    [[nodiscard]] bool hasContent() const override;
+    void setEditable(bool editable) override;
+    void pageShown() override;
+
+protected:
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void RefreshImageGrid(qint64 equipmentID);
+    void LoadEquipmentPicture();
+    void EnableControls();
+    void cmdAddImage_Click();
+    void cmdRemoveImage_Click();
+    [[nodiscard]] QString currentName() const;
+
+    qint64 m_equipment = 0;
+    bool m_editable = false;
+    bool m_pictureIsOld = false; ///< another one is to be loaded when the page is next seen
+
+    grid::GridView *grdImage = nullptr;
+    ThumbnailColumn *m_thumbnails = nullptr;
+    PictureView *imgEquipment = nullptr;
+    QPushButton *cmdAddImage = nullptr;
+    QPushButton *cmdRemoveImage = nullptr;
+};
