@@ -1,0 +1,284 @@
+#include "core/ui/RecordScreen.h"
+
+#include "core/CompanySession.h"
+#include "core/General.h"
+#include "core/ui/ListGrid.h"
+#include "core/ui/ScreenDriver.h"
+#include "platform/input/FormBuilder.h"
+#include "support/ScriptedPrompts.h"
+
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+using test::ScreenDriver;
+using Icon = base::Prompts::Icon;
+using Buttons = base::Prompts::Buttons;
+using Answer = base::Prompts::Answer;
+
+namespace {
+
+/// Crews without any rule but a required number.
+class frmSample final : public RecordScreen
+{
+public:
+    frmSample()
+        : RecordScreen(u"frmSample"_s, u"Sample"_s)
+    {
+        setRights(&Rights::PaAdd, &Rights::PaMod, &Rights::PaDel);
+        input::FormBuilder form(this);
+        grid::GridView *list =
+            makeListGrid(this, u"grdSample"_s, u"Crews"_s,
+                         {{.name = u"CrewNumber"_s}, {.name = u"Description"_s}});
+        form.widget(list, true);
+        txtNumber = form.textField(u"txtNumber"_s, u"&Number:"_s);
+        txtDescription = form.textField(u"txtDescription"_s, u"D&escription:"_s);
+        makeButtons(form, {.find = true});
+        form.finish();
+        setDataControls({txtNumber, txtDescription});
+        setListGrid(list);
+    }
+
+    QString word;
+
+protected:
+    db::Recordset loadRows() override
+    {
+        return gcnData->Open(u"Select * from tblCrew order by CrewNumber"_s);
+    }
+    QString keyColumn() const override { return u"CrewID"_s; }
+    void DisplayData(const db::Row &row) override
+    {
+        m_id = row.integer(u"CrewID");
+        m_stored = row.text(u"CrewNumber");
+        txtNumber->setText(m_stored);
+        txtDescription->setText(row.text(u"Description"));
+    }
+    void ClearData() override
+    {
+        txtNumber->clear();
+        txtDescription->clear();
+    }
+    void prepareNewRecord() override { txtNumber->setFocus(); }
+    bool VailidateFields() override
+    {
+        if (txtNumber->text().isEmpty())
+            return refuse(txtNumber, u"Number should not be blank."_s);
+        return confirmMassChange(txtNumber, m_stored, word);
+    }
+    std::optional<QVariant> saveRecord() override
+    {
+        if (mode() == Mode::Add)
+            return gcnData->Insert(u"Insert into tblCrew(CrewNumber,Description) values(?,?)"_s,
+                                   {txtNumber->text(), txtDescription->text()}, u"CrewID"_s);
+        gcnData->Execute(u"Update tblCrew set CrewNumber=?,Description=? where CrewID=?"_s,
+                         {txtNumber->text(), txtDescription->text(), m_id});
+        return QVariant(m_id);
+    }
+    bool deleteRecord(const QVariant &key) override
+    {
+        gcnData->Execute(u"Delete from tblCrew where CrewID=?"_s, {key});
+        return true;
+    }
+    QString usedBy(const QVariant &) const override { return word; }
+
+private:
+    QLineEdit *txtNumber = nullptr;
+    QLineEdit *txtDescription = nullptr;
+    qint64 m_id = 0;
+    QString m_stored;
+};
+
+class RecordScreens : public test::CompanySession
+{
+protected:
+    RecordScreens() { gRights.PaAdd = gRights.PaMod = gRights.PaDel = true; }
+    ~RecordScreens() override { gRights = {}; }
+
+    void addCrews(std::initializer_list<int> numbers)
+    {
+        for (const int number : numbers)
+            m_keys.append(
+                gcnData->Insert(u"Insert into tblCrew(CrewNumber,Description) values(?,?)"_s,
+                                {number, u"Crew %1"_s.arg(number)}, u"CrewID"_s));
+    }
+    QString work(Mode mode, const QVariant &key, std::function<void(ScreenDriver)> act)
+    {
+        frmSample sample;
+        sample.word = word;
+        QString shownLast;
+        test::inScreen([&] { shownLast = sample.showRecord(mode, key); }, std::move(act));
+        return shownLast;
+    }
+    static std::string buttons(const ScreenDriver &screen)
+    {
+        std::string shown;
+        for (const char *name :
+             {"cmdAdd", "cmdDelete", "cmdFind", "cmdUpdate", "cmdCancel", "cmdExit"})
+            if (screen.isShown(name))
+                shown += std::string(screen.isEnabled(name) ? "" : "-") + (name + 3) + ' ';
+        return shown;
+    }
+    static std::string moves(const ScreenDriver &screen)
+    {
+        std::string enabled;
+        for (const char *name : {"cmdFirst", "cmdPrevious", "cmdNext", "cmdLast"})
+            if (screen.isEnabled(name))
+                enabled += std::string(name + 3) + ' ';
+        return enabled;
+    }
+
+    test::ScriptedPrompts prompts;
+    QList<QVariant> m_keys;
+    QString word;
+};
+
+} // namespace
+
+TEST_F(RecordScreens, MovesThroughTheRowsAndStopsAtTheEnds)
+{
+    addCrews({1, 2, 3});
+    const QString last = work(Mode::Browse, m_keys[1], [](const ScreenDriver &screen) {
+        EXPECT_EQ(screen.text("txtNumber"), u"2"_s);
+        EXPECT_EQ(moves(screen), "First Previous Next Last ");
+        screen.press("cmdNext");
+        EXPECT_EQ(screen.text("txtDescription"), u"Crew 3"_s);
+        EXPECT_EQ(moves(screen), "First Previous ");
+        screen.press("cmdFirst");
+        EXPECT_EQ(screen.text("txtNumber"), u"1"_s);
+        EXPECT_EQ(moves(screen), "Next Last ");
+        auto &grid = screen.control<grid::GridView>("grdSample");
+        EXPECT_EQ(grid.currentRow(), 0);
+        QTest::keyClick(&grid, Qt::Key_Down);
+        EXPECT_EQ(screen.text("txtNumber"), u"2"_s);
+        screen.press("cmdExit");
+    });
+    EXPECT_EQ(last, m_keys[1].toString());
+}
+
+TEST_F(RecordScreens, AKeyThatIsNotThereShowsTheFirstRow)
+{
+    addCrews({7, 8});
+    work(Mode::Browse, 4711, [](const ScreenDriver &screen) {
+        EXPECT_EQ(screen.text("txtNumber"), u"7"_s);
+        screen.press("cmdExit");
+    });
+}
+
+TEST_F(RecordScreens, TheFirstEditSwapsTheButtonsAndCancelSwapsThemBack)
+{
+    addCrews({1, 2});
+    work(Mode::Browse, {}, [](const ScreenDriver &screen) {
+        EXPECT_EQ(buttons(screen), "Add Delete Find Exit ");
+        QTest::keyClicks(&screen.control("txtDescription"), u"!"_s);
+        EXPECT_EQ(buttons(screen), "Update Cancel ");
+        EXPECT_EQ(moves(screen), "");
+        EXPECT_FALSE(screen.isEnabled("grdSample"));
+        QTest::keyClick(&screen.screen(), Qt::Key_Escape);
+        ASSERT_TRUE(screen.isOpen());
+        screen.press("cmdCancel");
+        EXPECT_EQ(screen.text("txtDescription"), u"Crew 1"_s);
+        EXPECT_EQ(buttons(screen), "Add Delete Find Exit ");
+        QTest::keyClick(&screen.screen(), Qt::Key_Escape);
+        EXPECT_FALSE(screen.isOpen());
+    });
+}
+
+TEST_F(RecordScreens, ASavedRowIsShownAndAFailedCheckKeepsTheMode)
+{
+    addCrews({1, 3});
+    work(Mode::Add, {}, [this](const ScreenDriver &screen) {
+        EXPECT_EQ(screen.text("txtDescription"), QString());
+        EXPECT_EQ(screen.focused(), "txtNumber");
+        prompts.expect(u"Number should not be blank."_s, Icon::Information);
+        screen.press("cmdUpdate");
+        EXPECT_EQ(buttons(screen), "Update Cancel ");
+        EXPECT_EQ(screen.focused(), "txtNumber");
+        screen.type("txtNumber", u"2"_s);
+        screen.press("cmdUpdate");
+        EXPECT_EQ(buttons(screen), "Add Delete Find Exit ");
+        EXPECT_EQ(screen.text("txtNumber"), u"2"_s);
+        EXPECT_EQ(screen.control<grid::GridView>("grdSample").currentRow(), 1);
+        screen.press("cmdExit");
+    });
+}
+
+TEST_F(RecordScreens, WithoutRowsOnlyAddAndReturnAreLeft)
+{
+    work(Mode::Browse, {}, [](const ScreenDriver &screen) {
+        EXPECT_EQ(buttons(screen), "Add -Delete -Find Exit ");
+        EXPECT_EQ(moves(screen), "");
+        EXPECT_TRUE(screen.control<QLineEdit>("txtNumber").isReadOnly());
+        screen.press("cmdAdd");
+        EXPECT_FALSE(screen.control<QLineEdit>("txtNumber").isReadOnly());
+        screen.press("cmdCancel");
+        EXPECT_EQ(buttons(screen), "Add -Delete -Find Exit ");
+        screen.press("cmdExit");
+    });
+}
+
+TEST_F(RecordScreens, RightsRefuseAddAndDeleteAndLockTheFields)
+{
+    gRights = {};
+    addCrews({1});
+    const QString refusal = u"You do not have sufficient rights to this action. Please see your "
+                            "system administrator"_s;
+    prompts.expect(refusal, Icon::Information);
+    work(Mode::Add, {}, [&](const ScreenDriver &screen) {
+        EXPECT_EQ(buttons(screen), "Add Delete Find Exit ");
+        EXPECT_TRUE(screen.control<QLineEdit>("txtNumber").isReadOnly());
+        QTest::keyClicks(&screen.control("txtNumber"), u"9"_s);
+        EXPECT_EQ(screen.text("txtNumber"), u"1"_s);
+        prompts.expect(refusal, Icon::Information);
+        screen.press("cmdDelete");
+        screen.press("cmdExit");
+    });
+    EXPECT_EQ(GetRecordCount(u"tblCrew"_s, {}), 1);
+}
+
+TEST_F(RecordScreens, DeletionAsksThenTellsWhatUsesTheRecord)
+{
+    addCrews({1, 2});
+    const QString question = u"Are you sure you want to Delete this record?"_s;
+    work(Mode::Browse, m_keys[1], [&](const ScreenDriver &screen) {
+        prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::No);
+        screen.press("cmdDelete");
+        static_cast<frmSample &>(screen.screen()).word = u"Services"_s;
+        prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+        prompts.expect(u"Deletion not allowed. Record is being used in Services."_s,
+                       Icon::Information);
+        screen.press("cmdDelete");
+        EXPECT_EQ(GetRecordCount(u"tblCrew"_s, {}), 2);
+        static_cast<frmSample &>(screen.screen()).word.clear();
+        prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+        screen.press("cmdDelete");
+        EXPECT_EQ(screen.text("txtNumber"), u"1"_s);
+        prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+        screen.press("cmdDelete");
+        EXPECT_EQ(screen.text("txtNumber"), QString());
+        EXPECT_EQ(buttons(screen), "Add -Delete -Find Exit ");
+        screen.press("cmdExit");
+    });
+}
+
+TEST_F(RecordScreens, AMassChangeIsAskedForOnlyWhenTheNameOfAUsedRecordChanges)
+{
+    addCrews({1});
+    word = u"Employee"_s;
+    const QString question = u"This will change 1 for all your Employee. Do you want to do this?"_s;
+    work(Mode::Browse, {}, [&](const ScreenDriver &screen) {
+        screen.type("txtDescription", u"Other"_s);
+        screen.press("cmdUpdate"); // the number is the same
+        screen.type("txtNumber", u"5"_s);
+        prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::No);
+        screen.press("cmdUpdate");
+        EXPECT_EQ(screen.text("txtNumber"), u"1"_s);
+        EXPECT_EQ(screen.focused(), "txtNumber");
+        EXPECT_EQ(buttons(screen), "Update Cancel ");
+        screen.type("txtNumber", u"5"_s);
+        prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+        screen.press("cmdUpdate");
+        EXPECT_EQ(buttons(screen), "Add Delete Find Exit ");
+        screen.press("cmdExit");
+    });
+    EXPECT_EQ(GetRecordCount(u"tblCrew"_s, u"CrewNumber = 5"_s), 1);
+}

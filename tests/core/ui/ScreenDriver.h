@@ -1,0 +1,91 @@
+#pragma once
+
+#include "core/ui/Modal.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+namespace test {
+
+/// Works a screen as its user does, with clicks and keys, by the names of its controls.
+class ScreenDriver
+{
+public:
+    explicit ScreenDriver(QWidget &screen)
+        : m_screen(screen)
+    {}
+
+    [[nodiscard]] QWidget &screen() const { return m_screen; }
+
+    template<class Control = QWidget>
+    [[nodiscard]] Control &control(const char *name) const
+    {
+        return named<Control>(m_screen, QString::fromLatin1(name));
+    }
+
+    /// Clicks a button, which has to be there for the user.
+    void press(const char *name) const
+    {
+        auto &button = control<QAbstractButton>(name);
+        EXPECT_TRUE(button.isVisible() && button.isEnabled()) << name << " can't be pressed";
+        QTest::mouseClick(&button, Qt::LeftButton);
+    }
+
+    /// Replaces the content of a text box by typing.
+    void type(const char *name, const QString &text) const
+    {
+        auto &box = control(name);
+        QTest::mouseClick(&box, Qt::LeftButton);
+        if (auto *line = qobject_cast<QLineEdit *>(&box))
+            line->selectAll();
+        else
+            QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(&box, Qt::Key_Delete);
+        QTest::keyClicks(&box, text);
+    }
+
+    /// Takes an item of a list by its text.
+    void choose(const char *name, const QString &text) const
+    {
+        auto &list = control<QComboBox>(name);
+        const int index = list.findText(text);
+        ASSERT_GE(index, 0) << "no item " << text.toStdString() << " in " << name;
+        list.setFocus();
+        list.setCurrentIndex(index);
+        Q_EMIT list.activated(index);
+    }
+
+    [[nodiscard]] QString text(const char *name) const
+    {
+        QWidget &box = control(name);
+        if (auto *list = qobject_cast<QComboBox *>(&box))
+            return list->currentText().trimmed();
+        if (auto *memo = qobject_cast<QPlainTextEdit *>(&box))
+            return memo->toPlainText();
+        return control<QLineEdit>(name).text();
+    }
+
+    [[nodiscard]] bool isShown(const char *name) const { return control(name).isVisible(); }
+    [[nodiscard]] bool isEnabled(const char *name) const { return control(name).isEnabled(); }
+    [[nodiscard]] bool isOpen() const { return m_screen.isVisible(); }
+    /// The name of the control that has the focus.
+    [[nodiscard]] std::string focused() const
+    {
+        const QWidget *focus = m_screen.focusWidget();
+        return focus ? focus->objectName().toStdString() : std::string();
+    }
+
+private:
+    QWidget &m_screen;
+};
+
+/// Works the screen that open() shows; open() comes back when the screen is closed.
+inline void inScreen(const std::function<void()> &open, std::function<void(ScreenDriver)> act)
+{
+    onNextModal([act = std::move(act)](QWidget &screen) { act(ScreenDriver(screen)); });
+    open();
+}
+
+} // namespace test
