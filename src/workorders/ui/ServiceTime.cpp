@@ -1,0 +1,8 @@
+#include "workorders/ui/ServiceTime.h"
+
+#include "workorders/ui/frmServiceTime.h"
+
+void joinServiceTime()
+{
+    screenCalls().ShowServiceTimeForm = frmServiceTime::ShowServiceTimeForm;
+}

@@ -1,0 +1,126 @@
+#include "workorders/ui/frmServiceTime.h"
+
+#include "platform/base/Prompts.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/Leaving.h"
+#include "platform/input/Theme.h"
+#include "platform/input/TimeInput.h"
+#include "workorders/Recording.h"
+
+#include <QApplication>
+#include <QPushButton>
+#include <QTimeEdit>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QTime Midnight(0, 0); // also means that no time was given
+
+/// A time as rows hold it, "h:mm" with one or two digits of hours.
+QTime stored(const QString &text)
+{
+    const QTime time(text.section(u':', 0, 0).toInt(), text.section(u':', 1).toInt());
+    return time.isValid() ? time : Midnight;
+}
+
+QTime given(const input::TimeInput *box)
+{
+    return box->time().isValid() ? box->time() : Midnight;
+}
+
+} // namespace
+
+frmServiceTime::frmServiceTime(const ScreenCalls::ServiceTimes &times, QWidget *parent)
+    : Screen(u"frmServiceTime"_s, u"Service Time"_s, parent)
+    , m_times(times)
+{
+    buildForm();
+    timeStart->setTime(stored(m_times.start));
+    timeEnd->setTime(stored(m_times.end));
+    datWorkhrs->setTime(stored(m_times.workHours));
+}
+
+bool frmServiceTime::ShowServiceTimeForm(const ScreenCalls::ServiceTimes &times)
+{
+    frmServiceTime screen(times, QApplication::activeWindow());
+    screen.showModal();
+    return screen.m_stored;
+}
+
+void frmServiceTime::buildForm()
+{
+    input::FormBuilder form(this);
+    timeStart = form.timeField(u"timeStart"_s, u"S&tart Time:"_s);
+    timeEnd = form.timeField(u"timeEnd"_s, u"&End Time:"_s);
+    datWorkhrs = new QTimeEdit(this);
+    datWorkhrs->setObjectName(u"datWorkhrs"_s);
+    datWorkhrs->setDisplayFormat(u"HH:mm"_s);
+    form.field(u"&Work Hrs:"_s, datWorkhrs);
+    cmdUpdate = form.button(u"cmdUpdate"_s, u"&Save"_s, theme::icon(u"save"_s));
+    cmdCancel = form.button(u"cmdCancel"_s, u"&Cancel"_s, theme::icon(u"cancel"_s));
+    form.finish();
+    cmdUpdate->setDefault(true);
+
+    input::setCausesValidation(cmdCancel, false);
+    input::validateOnLeave(timeStart, [this] {
+        timeStart_Validate();
+        return true;
+    });
+    input::validateOnLeave(timeEnd, [this] {
+        timeEnd_Validate();
+        return true;
+    });
+    connect(cmdUpdate, &QPushButton::clicked, this, &frmServiceTime::cmdUpdate_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &frmServiceTime::unload);
+}
+
+void frmServiceTime::normalise(input::TimeInput *box, const QString &whenInvalid)
+{
+    const bool hourIsGood = box->normalise(whenInvalid);
+    if (hourIsGood && box->time().isValid())
+        return;
+    base::showMessage(u"Invalid Time"_s);
+    box->setText(whenInvalid);
+}
+
+void frmServiceTime::timeStart_Validate()
+{
+    normalise(timeStart, u"08:00A"_s);
+    computeWorkHours();
+}
+
+void frmServiceTime::timeEnd_Validate()
+{
+    normalise(timeEnd, u"12:00A"_s);
+    computeWorkHours();
+}
+
+void frmServiceTime::computeWorkHours()
+{
+    const QTime start = given(timeStart);
+    // Without a start the hours are what was typed.
+    if (start == Midnight)
+        return;
+    if (given(timeEnd) < start)
+        timeEnd->setTime(start);
+    datWorkhrs->setTime(Midnight.addSecs(start.secsTo(given(timeEnd))));
+}
+
+void frmServiceTime::cmdUpdate_Click()
+{
+    // Enter presses the button without leaving the box.
+    if (timeStart->hasFocus())
+        timeStart_Validate();
+    else if (timeEnd->hasFocus())
+        timeEnd_Validate();
+    datWorkhrs->interpretText();
+    if (m_times.beforeWrite)
+        m_times.beforeWrite();
+    const bool openOrder = m_times.table.compare(u"tblWoserviceUsed"_s, Qt::CaseInsensitive) == 0;
+    m_stored = recording::saveTimes(
+        m_times.id, openOrder ? recording::TimesOf::OpenOrder : recording::TimesOf::History,
+        given(timeStart), given(timeEnd), datWorkhrs->time());
+    if (m_stored)
+        unload();
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "core/ui/Screen.h"
+#include "core/ui/ScreenCalls.h"
+
+class QPushButton;
+class QTimeEdit;
+
+namespace input {
+class TimeInput;
+}
+
+/// Enters when work on a service began and ended and how long it took, for a service on an open
+/// order or in history.
+class frmServiceTime final : public Screen
+{
+    Q_OBJECT
+
+public:
+    explicit frmServiceTime(const ScreenCalls::ServiceTimes &times, QWidget *parent = nullptr);
+
+    /// Shows the screen and waits. True when the times were stored.
+    static bool ShowServiceTimeForm(const ScreenCalls::ServiceTimes &times);
+
+private:
+    void buildForm();
+    void timeStart_Validate();
+    void timeEnd_Validate();
+    /// Completes a time, in place of which one that can't be stands.
+    void normalise(input::TimeInput *box, const QString &whenInvalid);
+    void computeWorkHours();
+    void cmdUpdate_Click();
+
+    ScreenCalls::ServiceTimes m_times;
+    bool m_stored = false;
+
+    input::TimeInput *timeStart = nullptr;
+    input::TimeInput *timeEnd = nullptr;
+    QTimeEdit *datWorkhrs = nullptr;
+    QPushButton *cmdUpdate = nullptr;
+    QPushButton *cmdCancel = nullptr;
+};
