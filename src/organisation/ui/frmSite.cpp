@@ -32,7 +32,7 @@ void frmSite::buildForm()
                       {.name = u"Zip"_s, .width = 80}});
     form.widget(grdSite, true);
     txtSiteName = form.textField(u"txtSiteName"_s, u"Site &Name:"_s, 60);
-    txtAddress = form.textField(u"txtAddress"_s, u"Add&ress:"_s, 100);
+    txtAddress = form.textField(u"txtAddress"_s, u"Addr&ess:"_s, 100);
     txtCity = form.textField(u"txtCity"_s, u"C&ity:"_s, 60);
     cboState = form.comboField(u"cboState"_s, u"S&tate:"_s);
     QToolButton *cmdState = form.sideButton(u"cmdState"_s, u"Edit the states"_s);

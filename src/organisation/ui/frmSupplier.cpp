@@ -35,11 +35,11 @@ void frmSupplier::buildForm()
     txtSupplierID->setReadOnly(true);
     txtName = form.textField(u"txtName"_s, u"Supplier Na&me:"_s, 60);
     txtContactName = form.textField(u"txtContactName"_s, u"C&ontact Name:"_s, 60);
-    txtAtten = form.textField(u"txtAtten"_s, u"A&ttention:"_s, 60);
-    txtAddress = form.textField(u"txtAddress"_s, u"Add&ress:"_s, 100);
+    txtAtten = form.textField(u"txtAtten"_s, u"Atte&ntion:"_s, 60);
+    txtAddress = form.textField(u"txtAddress"_s, u"Addr&ess:"_s, 100);
     txtAddress2 = form.textField(u"txtAddress2"_s, u"Address &2:"_s, 100);
     txtCity = form.textField(u"txtCity"_s, u"Cit&y:"_s, 60);
-    cboState = form.comboField(u"cboState"_s, u"Stat&e:"_s);
+    cboState = form.comboField(u"cboState"_s, u"S&tate:"_s);
     QToolButton *cmdState = form.sideButton(u"cmdState"_s, u"Edit the states"_s);
     txtZip = form.textField(u"txtZip"_s, u"&Zip:"_s, 15);
     form.nextColumn();
@@ -47,7 +47,7 @@ void frmSupplier::buildForm()
     txtFax = form.phoneField(u"txtFax"_s, u"Fa&x:"_s);
     txtEmail = form.textField(u"txtEmail"_s, u"Emai&l:"_s, 100);
     txtWebSite = form.textField(u"txtWebSite"_s, u"&Web Site:"_s, 100);
-    txtTax = form.digitsField(u"txtTax"_s, u"Tax &Number:"_s, 20);
+    txtTax = form.digitsField(u"txtTax"_s, u"Tax N&umber:"_s, 20);
     txtTerms = form.textField(u"txtTerms"_s, u"Terms:"_s, 60);
     txtCreditLimit = form.currencyField(u"txtCreditLimit"_s, u"Credit Limit:"_s);
     txtLicenseNo = form.textField(u"txtLicenseNo"_s, u"License No:"_s, 30);

@@ -30,7 +30,7 @@ frmInventryCheckIn::frmInventryCheckIn(QWidget *parent)
 void frmInventryCheckIn::buildForm()
 {
     input::FormBuilder form(this);
-    txtSearch = form.textField(u"txtSearch"_s, u"Sea&rch:"_s, 100);
+    txtSearch = form.textField(u"txtSearch"_s, u"Searc&h:"_s, 100);
     chkReorder = form.checkBox(u"chkReorder"_s, u"Reorder &Inventory"_s);
     grdParts = makeListGrid(this, u"grdParts"_s, u"Parts"_s,
                             {{.name = u"Part Number"_s, .width = 140},

@@ -49,15 +49,15 @@ frmPart::frmPart(QWidget *parent)
 void frmPart::buildForm()
 {
     input::FormBuilder form(this);
-    txtPartID = form.textField(u"txtPartID"_s, u"Part &Number:"_s, 30);
+    txtPartID = form.textField(u"txtPartID"_s, u"Part N&umber:"_s, 30);
     txtDescription = form.textField(u"txtDescription"_s, u"D&escription:"_s, 100);
     cboPartCategory = form.comboField(u"cboPartCategory"_s, u"Cate&gory:"_s);
     QToolButton *cmdPartCategory = form.sideButton(u"cmdPartCategory"_s, u"Edit the categories"_s);
     cboSupplier = form.comboField(u"cboSupplier"_s, u"Supp&lier:"_s);
     QToolButton *cmdSupplier = form.sideButton(u"cmdSupplier"_s, u"Open the suppliers"_s);
-    txtPrice = form.currencyField(u"txtPrice"_s, u"Pri&ce:"_s);
+    txtPrice = form.currencyField(u"txtPrice"_s, u"Pr&ice:"_s);
     txtBin = form.textField(u"txtBin"_s, u"&Bin:"_s, 30);
-    txtBarCode = form.textField(u"txtBarCode"_s, u"Bar Co&de:"_s, 30);
+    txtBarCode = form.textField(u"txtBarCode"_s, u"Bar C&ode:"_s, 30);
     form.beginRow();
     chkNotTrackInventory =
         form.checkBox(u"chkNotTrackInventory"_s, u"Do Not &Track for Inventory"_s);
@@ -75,7 +75,7 @@ void frmPart::buildForm()
     txtMin = form.textField(u"txtMin"_s, u"units when Quantity on Hand drops below"_s, 12);
     form.endRow();
     form.endGroup();
-    txtNotes = form.memoField(u"txtNotes"_s, u"N&otes:"_s, 3);
+    txtNotes = form.memoField(u"txtNotes"_s, u"&Notes:"_s, 3);
     makeButtons(form, {.find = true, .print = true});
     form.finish();
     resize(660, 580);

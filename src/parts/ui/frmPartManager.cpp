@@ -50,7 +50,7 @@ frmPartManager::frmPartManager(const QString &leftOut, bool selectMode, QWidget 
 void frmPartManager::buildForm()
 {
     input::FormBuilder form(this);
-    txtSearch = form.textField(u"txtSearch"_s, u"Sea&rch:"_s, 100);
+    txtSearch = form.textField(u"txtSearch"_s, u"Searc&h:"_s, 100);
     QList<grid::Column> columns;
     if (m_selectMode) {
         columns.append(

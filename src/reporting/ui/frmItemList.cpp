@@ -34,7 +34,7 @@ void frmItemList::buildForm()
 {
     input::FormBuilder form(this);
     lblTitle = form.note(m_list.title, u"lblTitle"_s);
-    txtSearch = form.textField(u"txtSearch"_s, u"Sea&rch:"_s, 100);
+    txtSearch = form.textField(u"txtSearch"_s, u"Searc&h:"_s, 100);
     QList<grid::Column> columns;
     if (m_choice == Choice::Several)
         columns.append({.name = Ticked.toString(),

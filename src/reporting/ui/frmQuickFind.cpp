@@ -59,6 +59,7 @@ void frmQuickFind::buildForm()
     cboFieldNames = form.comboField(u"cboFieldNames"_s, u"Search &by:"_s);
     lblFieldNames = form.lastLabel();
     auto *searchBoxes = new QWidget(this);
+    searchBoxes->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     form.field(u"Enter "_s + m_request.label, searchBoxes);
     lblMainField = form.lastLabel();
     lblMainField->setObjectName(u"lblMainField"_s);
