@@ -45,22 +45,16 @@ bool isNumber(const QVariant &value)
 {
     switch (value.typeId()) {
     case QMetaType::Int:
+    case QMetaType::UInt:
     case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+    case QMetaType::Float:
     case QMetaType::Double:
     case QMetaType::Bool:
         return true;
     default:
         return false;
     }
-}
-
-bool truth(const QVariant &value)
-{
-    if (value.isNull())
-        return false;
-    if (value.typeId() == QMetaType::QString)
-        return !value.toString().isEmpty();
-    return isNumber(value) ? value.toDouble() != 0 : true;
 }
 
 /// Whole numbers stay whole as long as the operation allows it.
@@ -236,7 +230,7 @@ QVariant ExpressionNode::evaluate(const EvaluationContext &context) const
     case Kind::Aggregate:
         return context.aggregate(number);
     case Kind::Not:
-        return !truth(children[0].evaluate(context));
+        return !isTrueValue(children[0].evaluate(context));
     case Kind::Negate: {
         const QVariant value = children[0].evaluate(context);
         return value.isNull() ? value : report::number(-value.toDouble());
@@ -257,9 +251,9 @@ QVariant ExpressionNode::evaluateBinary(const EvaluationContext &context) const
 {
     const QVariant left = children[0].evaluate(context);
     if (text == u"and")
-        return truth(left) && truth(children[1].evaluate(context));
+        return isTrueValue(left) && isTrueValue(children[1].evaluate(context));
     if (text == u"or")
-        return truth(left) || truth(children[1].evaluate(context));
+        return isTrueValue(left) || isTrueValue(children[1].evaluate(context));
     const QVariant right = children[1].evaluate(context);
     if (text == u"&")
         return QVariant(base::toText(left) + base::toText(right));
@@ -556,7 +550,7 @@ QVariant Expression::evaluate(const EvaluationContext &context) const
 
 bool Expression::isTrue(const EvaluationContext &context) const
 {
-    return truth(evaluate(context));
+    return isTrueValue(evaluate(context));
 }
 
 const QList<Aggregate> &Expression::aggregates() const
@@ -603,8 +597,12 @@ void Accumulator::add(const QVariant &value)
     }
     const double scaled = value.toDouble() * 10000;
     const double whole = std::nearbyint(scaled);
-    // What four decimals hold is summed in whole numbers; binary fractions would drift.
-    if (std::abs(whole) < 1e15 && std::abs(scaled - whole) < 1e-6 * qMax(1.0, std::abs(whole)))
+    // What four decimals hold is summed in whole numbers; binary fractions would drift. The nearest
+    // binary fraction of such a value is off by no more than this.
+    const double tolerance = 1e-9 + 4.5e-16 * std::abs(whole);
+    constexpr qint64 Full = Q_INT64_C(9'000'000'000'000'000'000);
+    if (std::abs(whole) < 1e15 && std::abs(scaled - whole) <= tolerance &&
+        std::abs(m_tenThousandths) < Full)
         m_tenThousandths += static_cast<qint64>(whole);
     else
         m_rest += value.toDouble();
@@ -625,6 +623,15 @@ QVariant Accumulator::result() const
         return m_value;
     const double sum = static_cast<double>(m_tenThousandths) / 10000 + m_rest;
     return number(m_function == AggregateFunction::Sum ? sum : sum / static_cast<double>(m_count));
+}
+
+bool isTrueValue(const QVariant &value)
+{
+    if (value.isNull())
+        return false;
+    if (value.typeId() == QMetaType::QString)
+        return !value.toString().isEmpty();
+    return !isNumber(value) || value.toDouble() != 0;
 }
 
 int compareValues(const QVariant &left, const QVariant &right)

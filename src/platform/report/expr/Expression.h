@@ -84,13 +84,17 @@ private:
     AggregateFunction m_function;
     qint64 m_count = 0;
     qint64 m_tenThousandths = 0; ///< the exact part of the sum
-    double m_rest = 0;           ///< what has more decimals
+    double m_rest = 0;           ///< what has more decimals or is too large
     QVariant m_value;            ///< of Minimum, Maximum, First, Last
 };
 
-/// A value in a format: "0.00", "0", "#,##0.00", "$0.00", date and time patterns such as
-/// "mm/dd/yyyy" and "hh:mm AMPM"; without a format as base::toText. Empty for Null.
+/// A value in a format: "0.00", "0", "#,##0.00", "0.##", "$0.00", "0.0%" (of a share: 0.5 is
+/// "50.0%"), date and time patterns such as "mm/dd/yyyy" and "hh:mm AMPM"; without a format, or in
+/// one that doesn't suit it, as base::toText. Empty for Null.
 [[nodiscard]] QString formatted(const QVariant &value, const QString &format);
+
+/// True for a number other than 0, True, a date and a non-empty text.
+[[nodiscard]] bool isTrueValue(const QVariant &value);
 
 /// -1, 0 or 1: numbers as numbers, dates as dates, text without regard to case; Null comes first.
 [[nodiscard]] int compareValues(const QVariant &left, const QVariant &right);

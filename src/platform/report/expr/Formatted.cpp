@@ -3,6 +3,7 @@
 
 #include <QDateTime>
 #include <QLocale>
+#include <algorithm>
 #include <cmath>
 
 namespace report {
@@ -11,7 +12,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 /// "mm/dd/yyyy hh:mm AMPM" in Qt's form: months and minutes share a letter here, and an "m" behind
-/// an hour is a minute.
+/// an hour is a minute; "n" always is.
 QString qtDatePattern(const QString &format)
 {
     QString pattern;
@@ -24,9 +25,11 @@ QString qtDatePattern(const QString &format)
             at += 3;
         } else if (c.toLower() == u'm') {
             pattern += afterHour ? u'm' : u'M';
+        } else if (c.toLower() == u'n') {
+            pattern += u'm';
         } else if (c.toLower() == u'h' || c.toLower() == u's') {
             afterHour = true;
-            pattern += c;
+            pattern += c.toLower();
         } else if (c.toLower() == u'd' || c.toLower() == u'y') {
             afterHour = false;
             pattern += c.toLower();
@@ -38,28 +41,34 @@ QString qtDatePattern(const QString &format)
 }
 
 /// A number format: what stands before and behind the digits, the decimals, and whether thousands
-/// are parted.
-QString formattedNumber(double value, const QString &format)
+/// are parted. Nothing for a format without a place for digits.
+std::optional<QString> formattedNumber(double value, const QString &format)
 {
-    const qsizetype first = format.indexOf(u'0') < 0 ? format.indexOf(u'#')
-                            : format.indexOf(u'#') < 0
-                                ? format.indexOf(u'0')
-                                : qMin(format.indexOf(u'#'), format.indexOf(u'0'));
-    if (first < 0)
-        return format;
+    const auto isDigit = [](QChar c) { return c == u'0' || c == u'#'; };
+    const auto begin = std::find_if(format.cbegin(), format.cend(), isDigit);
+    if (begin == format.cend())
+        return std::nullopt;
+    const qsizetype first = begin - format.cbegin();
     qsizetype last = first;
     while (last + 1 < format.size() && QStringView(u"0#,.").contains(format[last + 1]))
         ++last;
     const QString digits = format.sliced(first, last - first + 1);
+    const QString behind = format.sliced(last + 1);
     const qsizetype point = digits.indexOf(u'.');
-    const int decimals = point < 0 ? 0 : static_cast<int>(digits.size() - point - 1);
+    const QString fraction = point < 0 ? QString() : digits.sliced(point + 1);
+    if (behind.contains(u'%'))
+        value *= 100;
     QLocale locale = QLocale::c();
     locale.setNumberOptions(digits.contains(u',') ? QLocale::DefaultNumberOptions
                                                   : QLocale::OmitGroupSeparator);
-    const QString text = locale.toString(std::abs(value), 'f', decimals);
+    QString text = locale.toString(std::abs(value), 'f', static_cast<int>(fraction.size()));
+    // Decimals written "#" are only shown when they are there.
+    for (qsizetype left = fraction.count(u'#'); left > 0 && text.endsWith(u'0'); --left)
+        text.chop(1);
+    if (text.endsWith(u'.'))
+        text.chop(1);
     const bool zero = text.count(u'0') + text.count(u'.') + text.count(u',') == text.size();
-    return (value < 0 && !zero ? u"-"_s : QString()) + format.first(first) + text +
-           format.sliced(last + 1);
+    return (value < 0 && !zero ? u"-"_s : QString()) + format.first(first) + text + behind;
 }
 
 } // namespace
@@ -79,9 +88,9 @@ QString formatted(const QVariant &value, const QString &format)
             return QLocale::c().toString(time, qtDatePattern(format));
         bool ok = false;
         const double number = value.toString().toDouble(&ok);
-        return ok ? formattedNumber(number, format) : value.toString();
+        return (ok ? formattedNumber(number, format) : std::nullopt).value_or(value.toString());
     }
-    return formattedNumber(value.toDouble(), format);
+    return formattedNumber(value.toDouble(), format).value_or(base::toText(value));
 }
 
 } // namespace report

@@ -11,14 +11,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-bool truth(const QVariant &value)
-{
-    if (value.isNull())
-        return false;
-    return value.typeId() == QMetaType::QString ? !value.toString().isEmpty()
-                                                : value.toDouble() != 0;
-}
-
 QVariant number(double value)
 {
     if (value == std::trunc(value) && std::abs(value) < 1e15)
@@ -83,7 +75,7 @@ QVariant hoursText(const QVariantList &arguments)
 
 QVariant choose(const QVariantList &a)
 {
-    return truth(a[0]) ? a[1] : (a.size() > 2 ? a[2] : QVariant());
+    return isTrueValue(a[0]) ? a[1] : (a.size() > 2 ? a[2] : QVariant());
 }
 
 constexpr Function Functions[] = {

@@ -24,6 +24,14 @@ const Paper &paperOf(QStringView name)
 
 } // namespace
 
+QStringList PageSetup::papers()
+{
+    QStringList names;
+    for (const Paper &paper : Papers)
+        names.append(paper.name.toString());
+    return names;
+}
+
 Length PageSetup::width() const
 {
     return landscape ? paperOf(paper).height : paperOf(paper).width;

@@ -5,6 +5,7 @@
 #include <QColor>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 /// A report's layout as plain values: what the file holds, what the designer edits, what the
 /// paginator reads. Expressions are kept as text; see expr/Expression.h.
@@ -139,6 +140,8 @@ struct PageSetup
     bool landscape = false;
     Length left = 1270, top = 1270, right = 1270, bottom = 1270;
 
+    /// The names of the papers that are known.
+    [[nodiscard]] static QStringList papers();
     /// Of the sheet as it is printed.
     [[nodiscard]] Length width() const;
     [[nodiscard]] Length height() const;

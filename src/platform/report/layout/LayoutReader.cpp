@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QSet>
 #include <QXmlStreamReader>
+#include <cmath>
 
 namespace report {
 namespace {
@@ -33,6 +34,8 @@ public:
                 throw Failure{
                     u"This is no report layout: it begins with \"%1\""_s.arg(m_xml.name())};
             reading.layout = readReport();
+            while (!m_xml.atEnd())
+                m_xml.readNext();
             if (m_xml.hasError())
                 throw Failure{m_xml.errorString()};
         } catch (const Failure &failure) {
@@ -90,6 +93,13 @@ private:
             throw Failure{u"\"%1\" is no length, such as \"12.5mm\""_s.arg(*value)};
         target = *length;
     }
+    /// A length that can't be less than nothing.
+    void size(QStringView name, Length &target)
+    {
+        length(name, target);
+        if (target < 0)
+            throw Failure{u"\"%1\" can't be less than 0"_s.arg(name)};
+    }
     void flag(QStringView name, bool &target)
     {
         const auto value = take(name);
@@ -106,7 +116,7 @@ private:
             return;
         bool ok = false;
         target = value->toDouble(&ok);
-        if (!ok || target <= 0 || target > 1000)
+        if (!ok || !std::isfinite(target) || target <= 0 || target > 1000)
             throw Failure{u"\"%1\" is no size"_s.arg(*value)};
     }
     void color(QStringView name, QColor &target)
@@ -193,6 +203,12 @@ private:
                 throw Failure{u"There are two groups \"%1\""_s.arg(group.name)};
             names.insert(group.name.toLower());
         }
+        names.clear();
+        for (const Formula &formula : layout.formulas) {
+            if (names.contains(formula.name.toLower()))
+                throw Failure{u"There are two formulas \"%1\""_s.arg(formula.name)};
+            names.insert(formula.name.toLower());
+        }
         for (const Band &band : layout.bands)
             if ((band.kind == BandKind::GroupHeader || band.kind == BandKind::GroupFooter) &&
                 layout.groupIndex(band.group) < 0)
@@ -205,11 +221,13 @@ private:
     void readPage(PageSetup &page)
     {
         text(u"paper", page.paper);
+        if (!PageSetup::papers().contains(page.paper, Qt::CaseInsensitive))
+            throw Failure{u"The paper \"%1\" is not known"_s.arg(page.paper)};
         flag(u"landscape", page.landscape);
-        length(u"left", page.left);
-        length(u"top", page.top);
-        length(u"right", page.right);
-        length(u"bottom", page.bottom);
+        size(u"left", page.left);
+        size(u"top", page.top);
+        size(u"right", page.right);
+        size(u"bottom", page.bottom);
         endAttributes();
         children([](const QString &) { return false; });
     }
@@ -246,7 +264,7 @@ private:
             throw Failure{u"There is no band \"%1\""_s.arg(kind)};
         band.kind = *known;
         text(u"group", band.group);
-        length(u"height", band.height);
+        size(u"height", band.height);
         text(u"printIf", band.printIf);
         flag(u"newPageBefore", band.newPageBefore);
         flag(u"newPageAfter", band.newPageAfter);
@@ -272,10 +290,13 @@ private:
         length(u"height", object.height);
         text(u"content", object.content);
         text(u"format", object.format);
+        // A line may lead up or to the left.
+        if (kind != ObjectKind::Line && (object.width < 0 || object.height < 0))
+            throw Failure{u"The size of an object can't be less than 0"_s};
         flag(u"canGrow", object.canGrow);
         flag(u"hideRepeated", object.hideRepeated);
         text(u"visibleIf", object.visibleIf);
-        length(u"lineWidth", object.lineWidth);
+        size(u"lineWidth", object.lineWidth);
         readStyle(object.style);
         endAttributes();
         children([&](const QString &name) {
@@ -298,15 +319,24 @@ private:
         color(u"fill", style.fill);
         word(u"align", words::Aligns, style.align);
         word(u"verticalAlign", words::VerticalAligns, style.verticalAlign);
-        length(u"padding", style.padding);
-        if (const auto sides = take(u"border")) {
-            style.border.left = sides->contains(u"left") || *sides == u"all";
-            style.border.top = sides->contains(u"top") || *sides == u"all";
-            style.border.right = sides->contains(u"right") || *sides == u"all";
-            style.border.bottom = sides->contains(u"bottom") || *sides == u"all";
-        }
-        length(u"borderWidth", style.border.width);
+        size(u"padding", style.padding);
+        if (const auto sides = take(u"border"))
+            readSides(*sides, style.border);
+        size(u"borderWidth", style.border.width);
         color(u"borderColor", style.border.color);
+    }
+
+    static void readSides(const QString &sides, Border &border)
+    {
+        for (const QString &side : sides.split(u' ', Qt::SkipEmptyParts)) {
+            const bool all = side == u"all";
+            if (!all && side != u"left" && side != u"top" && side != u"right" && side != u"bottom")
+                throw Failure{u"\"%1\" is no side of a border"_s.arg(side)};
+            border.left |= all || side == u"left";
+            border.top |= all || side == u"top";
+            border.right |= all || side == u"right";
+            border.bottom |= all || side == u"bottom";
+        }
     }
 
     ConditionalStyle readCondition()

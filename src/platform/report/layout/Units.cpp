@@ -1,6 +1,7 @@
 #include "platform/report/layout/Units.h"
 
 #include <array>
+#include <cmath>
 
 namespace report {
 
@@ -20,7 +21,8 @@ std::optional<Length> parseLength(const QString &text)
         bool ok = false;
         const double number = trimmed.chopped(unit.name.size()).trimmed().toDouble(&ok);
         // A page of ten metres is an error of writing, and keeps sums of lengths in range.
-        if (!ok || number * unit.millimetres > 10000 || number * unit.millimetres < -10000)
+        if (!ok || !std::isfinite(number) || number * unit.millimetres > 10000 ||
+            number * unit.millimetres < -10000)
             return std::nullopt;
         return fromMillimetres(number * unit.millimetres);
     }

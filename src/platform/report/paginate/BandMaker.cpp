@@ -12,14 +12,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-bool isTrue(const QVariant &value)
-{
-    if (value.isNull())
-        return false;
-    return value.typeId() == QMetaType::QString ? !value.toString().isEmpty()
-                                                : value.toDouble() != 0;
-}
-
 bool holdsText(const report::Object &object)
 {
     return object.kind == ObjectKind::Text || object.kind == ObjectKind::Field;
@@ -72,7 +64,7 @@ BandMaker::BandMaker(const BandContext &context, const Inputs &inputs, QStringLi
 
 bool BandMaker::isPrinted(const compiled::Band &band) const
 {
-    return !band.printIf || isTrue(m_context.evaluate(*band.printIf));
+    return !band.printIf || isTrueValue(m_context.evaluate(*band.printIf));
 }
 
 MadeBand BandMaker::make(const compiled::Band &band)
@@ -80,9 +72,12 @@ MadeBand BandMaker::make(const compiled::Band &band)
     MadeBand made;
     QList<Placed> objects;
     for (const compiled::Object &object : band.objects) {
-        Placed placed{&object, layoutFrame(*object.layout), 0, {}, {}, {}, {}};
-        if (prepare(object, placed, made))
-            objects.append(std::move(placed));
+        Placed placed{&object, layoutFrame(*object.layout), 0, {}, {}, {}, {}, false};
+        if (!prepare(object, placed, made) || placed.repeated)
+            continue;
+        if (holdsText(*object.layout))
+            flow(placed);
+        objects.append(std::move(placed));
     }
     push(objects);
     made.height = band.layout->height;
@@ -97,35 +92,52 @@ MadeBand BandMaker::make(const compiled::Band &band)
 
 bool BandMaker::prepare(const compiled::Object &object, Placed &placed, MadeBand &band) const
 {
-    if (object.visibleIf && !isTrue(m_context.evaluate(*object.visibleIf)))
+    if (object.visibleIf && !isTrueValue(m_context.evaluate(*object.visibleIf)))
         return false;
     placed.style = styleOf(object);
     if (object.value)
         placed.value = m_context.evaluate(*object.value);
-    if (object.repeatSlot >= 0) {
-        const auto last = m_context.lastShown(object.repeatSlot);
-        if (last && compareValues(*last, placed.value) == 0)
-            return false;
-        band.shown.append({object.repeatSlot, placed.value});
-    }
-    if (!holdsText(*object.layout))
-        return true;
-    if (object.layout->kind == ObjectKind::Field) {
+    if (object.layout->kind == ObjectKind::Field)
         placed.text = formatted(placed.value, object.layout->format);
-    } else {
-        for (const compiled::Piece &piece : object.pieces)
-            placed.text +=
-                piece.value ? base::toText(m_context.evaluate(*piece.value)) : piece.words;
+    for (const compiled::Piece &piece : object.pieces)
+        placed.text += piece.value ? base::toText(m_context.evaluate(*piece.value)) : piece.words;
+    if (object.repeatSlot >= 0) {
+        const QVariant shown = object.value ? placed.value : QVariant(placed.text);
+        const auto last = m_context.lastShown(object.repeatSlot);
+        placed.repeated = last && compareValues(*last, shown) == 0;
+        if (!placed.repeated)
+            band.shown.append({object.repeatSlot, shown});
     }
+    return true;
+}
+
+void BandMaker::flow(Placed &placed)
+{
     placed.lines = flowText(placed.text, placed.style, placed.frame.width());
-    const Length needed = flowHeight(placed.lines, placed.style);
-    if (object.layout->canGrow && needed > placed.frame.height()) {
+    const Length needed = placed.text.isEmpty() ? 0 : flowHeight(placed.lines, placed.style);
+    if (placed.object->layout->canGrow && needed > placed.frame.height()) {
         placed.grown = needed - placed.frame.height();
         placed.frame.setHeight(needed);
     } else {
         cutToHeight(placed.lines, placed.style, placed.frame.height());
     }
-    return true;
+}
+
+MadeBand BandMaker::makeCells(const compiled::Band &band) const
+{
+    MadeBand made;
+    for (const compiled::Object &object : band.objects) {
+        if (!holdsText(*object.layout) && object.layout->kind != ObjectKind::BarCode)
+            continue;
+        Placed placed{&object, {}, 0, {}, {}, {}, {}, false};
+        if (!prepare(object, placed, made))
+            continue;
+        if (object.layout->kind == ObjectKind::BarCode)
+            placed.text = base::toText(placed.value);
+        made.cells.append({object.layout, std::move(placed.text), std::move(placed.value),
+                           std::move(placed.style)});
+    }
+    return made;
 }
 
 void BandMaker::push(QList<Placed> &objects) const
@@ -139,24 +151,31 @@ void BandMaker::push(QList<Placed> &objects) const
     std::stable_sort(byTop.begin(), byTop.end(), [](const Placed *a, const Placed *b) {
         return a->object->layout->y < b->object->layout->y;
     });
+    // How far the lower edge of a text has come down.
+    const auto lowered = [](const Placed &placed) {
+        return placed.frame.y() - placed.object->layout->y + placed.grown;
+    };
     for (Placed *placed : byTop) {
-        const QRect own = layoutFrame(*placed->object->layout);
         Length down = 0;
+        for (const Placed *other : byTop)
+            if (other != placed && holdsText(*other->object->layout) &&
+                bottomOf(layoutFrame(*other->object->layout)) <= placed->object->layout->y)
+                down = qMax(down, lowered(*other));
+        placed->frame.moveTop(placed->object->layout->y + down);
+    }
+    for (Placed *placed : byTop) {
+        if (!stretches(*placed->object->layout))
+            continue;
+        const QRect own = layoutFrame(*placed->object->layout);
         Length stretch = 0;
         for (const Placed *other : byTop) {
             const QRect theirs = layoutFrame(*other->object->layout);
-            const Length moved = other->frame.y() - theirs.y() + other->grown;
-            if (other == placed || !holdsText(*other->object->layout))
-                continue;
-            if (bottomOf(theirs) <= own.y())
-                down = qMax(down, moved);
-            else if (stretches(*placed->object->layout) && own.y() <= theirs.y() &&
-                     bottomOf(own) >= bottomOf(theirs))
-                stretch = qMax(stretch, moved);
+            if (holdsText(*other->object->layout) && own.y() <= theirs.y() &&
+                bottomOf(own) >= bottomOf(theirs))
+                stretch = qMax(stretch, lowered(*other));
         }
-        placed->frame.moveTop(own.y() + down);
-        if (stretches(*placed->object->layout))
-            placed->frame.setHeight(own.height() + qMax(0, stretch - down));
+        const Length down = placed->frame.y() - own.y();
+        placed->frame.setHeight(own.height() + qMax(0, stretch - down));
     }
 }
 
@@ -211,7 +230,7 @@ Style BandMaker::styleOf(const compiled::Object &object) const
 {
     Style style = object.layout->style;
     for (const compiled::ConditionalStyle &condition : object.styles) {
-        if (!isTrue(m_context.evaluate(condition.when)))
+        if (!isTrueValue(m_context.evaluate(condition.when)))
             continue;
         if (condition.style->color.isValid())
             style.color = condition.style->color;

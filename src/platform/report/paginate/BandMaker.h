@@ -7,6 +7,15 @@
 
 namespace report {
 
+/// A text or value of a band as a table takes it.
+struct TableCell
+{
+    const report::Object *object = nullptr;
+    QString text;   ///< as printed
+    QVariant value; ///< of fields
+    Style style;
+};
+
 /// A band ready to be placed: its items from its own upper left corner, and the height it takes.
 struct MadeBand
 {
@@ -14,6 +23,7 @@ struct MadeBand
     Length height = 0;
     /// Values to remember once the band is placed, for objects that hide repeats.
     QList<std::pair<int, QVariant>> shown;
+    QList<TableCell> cells; ///< only when they are asked for
 };
 
 /// What the maker of bands reads of the run.
@@ -36,6 +46,8 @@ public:
     /// True when the band's condition lets it print.
     [[nodiscard]] bool isPrinted(const compiled::Band &band) const;
     [[nodiscard]] MadeBand make(const compiled::Band &band);
+    /// The same for a table: cells in place of items.
+    [[nodiscard]] MadeBand makeCells(const compiled::Band &band) const;
 
 private:
     struct Placed
@@ -47,10 +59,13 @@ private:
         QVariant value;
         Style style;
         QList<TextLine> lines;
+        bool repeated = false;
     };
 
+    /// Finds an object's value and style; False when it is not shown at all.
     [[nodiscard]] bool prepare(const compiled::Object &object, Placed &placed,
                                MadeBand &band) const;
+    static void flow(Placed &placed);
     void push(QList<Placed> &objects) const;
     void addItem(const Placed &placed, QList<PageItem> &items);
     [[nodiscard]] Style styleOf(const compiled::Object &object) const;

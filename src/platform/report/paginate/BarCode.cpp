@@ -13,6 +13,7 @@ std::optional<BarCodeItem> barCode(const QString &text, const QRect &frame)
     if (!symbol || bytes.isEmpty())
         return std::nullopt;
     symbol->symbology = BARCODE_CODE128;
+    symbol->input_mode = UNICODE_MODE;
     symbol->show_hrt = 0;
     QByteArray source = bytes;
     if (ZBarcode_Encode(symbol.get(), reinterpret_cast<unsigned char *>(source.data()),

@@ -5,8 +5,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr QStringView SpecialNames[] = {u"pagenumber", u"totalpages", u"rownumber",
-                                        u"today",      u"now",        u"groupnumber"};
+constexpr QStringView SpecialNames[] = {u"pagenumber", u"totalpages", u"rownumber", u"today",
+                                        u"now"};
 
 class Compiler
 {
@@ -14,9 +14,12 @@ public:
     Compiler(const Layout &layout, const DataSource &rows, const Inputs &inputs)
         : m_layout(layout)
         , m_rows(rows)
-        , m_inputs(inputs)
     {
         m_report.layout = &layout;
+        for (auto text = inputs.texts.cbegin(); text != inputs.texts.cend(); ++text)
+            m_texts.insert(text.key().toLower(), text.value());
+        for (auto text = inputs.formulas.cbegin(); text != inputs.formulas.cend(); ++text)
+            m_formulas.insert(text.key().toLower(), text.value());
     }
 
     Report run()
@@ -24,9 +27,7 @@ public:
         for (const Formula &formula : m_layout.formulas)
             m_formulaNames.append(formula.name.toLower());
         for (const Formula &formula : m_layout.formulas)
-            m_report.formulas[formula.name.toLower()] =
-                value(m_inputs.formulas.value(formula.name, formula.expression),
-                      u"formula %1"_s.arg(formula.name), {ScopeKind::Report, -1});
+            addFormula(formula);
         for (const Group &group : m_layout.groups)
             m_report.groupBy.push_back(
                 value(group.by, u"group %1"_s.arg(group.name), {ScopeKind::Report, -1}));
@@ -44,6 +45,16 @@ private:
         int group;
     };
 
+    void addFormula(const Formula &formula)
+    {
+        m_dependsOnPage = false;
+        const QString name = formula.name.toLower();
+        m_report.formulas[name] = value(m_formulas.value(name, formula.expression),
+                                        u"formula %1"_s.arg(formula.name), {ScopeKind::Report, -1});
+        if (m_dependsOnPage)
+            m_pageFormulas.append(name);
+    }
+
     void addBand(const report::Band &band)
     {
         const int group = m_layout.groupIndex(band.group);
@@ -57,10 +68,14 @@ private:
         const Scope scope = scopeOf(band.kind, group);
         Band compiled;
         compiled.layout = &band;
+        m_dependsOnPage = false;
+        const std::size_t slotsBefore = m_report.slots.size();
         if (!band.printIf.isEmpty())
             compiled.printIf = value(band.printIf, u"a band's condition"_s, scope);
         for (const report::Object &object : band.objects)
             compiled.objects.push_back(compileObject(object, scope));
+        compiled.dependsOnPage = m_dependsOnPage;
+        compiled.hasAggregates = m_report.slots.size() > slotsBefore;
         bandsOf(band.kind, group).push_back(std::move(compiled));
     }
 
@@ -109,10 +124,11 @@ private:
         compiled.layout = &object;
         switch (object.kind) {
         case ObjectKind::Text:
-            compiled.pieces = pieces(m_inputs.texts.contains(object.name) && !object.name.isEmpty()
-                                         ? plainText(m_inputs.texts.value(object.name))
-                                         : split(object.content, where),
-                                     where, scope);
+            compiled.pieces =
+                pieces(!object.name.isEmpty() && m_texts.contains(object.name.toLower())
+                           ? plainText(m_texts.value(object.name.toLower()))
+                           : split(object.content, where),
+                       where, scope);
             break;
         case ObjectKind::Field:
         case ObjectKind::BarCode:
@@ -130,8 +146,10 @@ private:
             compiled.visibleIf = value(object.visibleIf, where, scope);
         for (const report::ConditionalStyle &style : object.conditionalStyles)
             compiled.styles.push_back({value(style.when, where, scope), &style});
-        if (object.hideRepeated)
+        if (object.hideRepeated) {
             compiled.repeatSlot = m_report.repeatSlots++;
+            m_dependsOnPage = true;
+        }
         return compiled;
     }
 
@@ -144,6 +162,7 @@ private:
     /// A text that the program sets is never read as an expression.
     static std::vector<RawPiece> plainText(const QString &text) { return {{text, false}}; }
 
+    /// Parts words and expressions in braces; "{{" is a brace among the words.
     std::vector<RawPiece> split(const QString &content, const QString &where)
     {
         std::vector<RawPiece> raw;
@@ -152,6 +171,11 @@ private:
             const qsizetype open = content.indexOf(u'{', at);
             if (open < 0)
                 break;
+            if (open + 1 < content.size() && content[open + 1] == u'{') {
+                raw.push_back({content.sliced(at, open + 1 - at), false});
+                at = open + 2;
+                continue;
+            }
             const qsizetype close = content.indexOf(u'}', open);
             if (close < 0) {
                 m_report.problems.append(u"The text of %1 has no closing brace."_s.arg(where));
@@ -171,8 +195,11 @@ private:
     {
         std::vector<Piece> result;
         for (const RawPiece &piece : raw) {
+            // A field's name may hold blanks.
+            const bool isField = piece.isExpression && m_rows.fieldIndex(piece.text.trimmed()) >= 0;
             if (piece.isExpression)
-                result.push_back({{}, value(piece.text, where, scope)});
+                result.push_back(
+                    {{}, value(isField ? u"[%1]"_s.arg(piece.text) : piece.text, where, scope)});
             else
                 result.push_back({piece.text, std::nullopt});
         }
@@ -201,6 +228,8 @@ private:
         for (const QString &name : expression.names()) {
             if (name == u"totalpages")
                 m_report.needsTotalPages = true;
+            if (name == u"pagenumber" || name == u"totalpages" || m_pageFormulas.contains(name))
+                m_dependsOnPage = true;
             const bool special = std::find(std::begin(SpecialNames), std::end(SpecialNames),
                                            name) != std::end(SpecialNames);
             if (!special && !m_formulaNames.contains(name) && m_rows.fieldIndex(name) < 0)
@@ -235,8 +264,11 @@ private:
 
     const Layout &m_layout;
     const DataSource &m_rows;
-    const Inputs &m_inputs;
+    QHash<QString, QString> m_texts;    ///< of the inputs, by name in lower case
+    QHash<QString, QString> m_formulas; ///< the same
     QStringList m_formulaNames;
+    QStringList m_pageFormulas;
+    bool m_dependsOnPage = false; ///< something compiled since it was cleared shows the page
     Report m_report;
 };
 

@@ -56,6 +56,8 @@ struct Band
     const report::Band *layout = nullptr;
     std::optional<Value> printIf;
     std::vector<Object> objects;
+    bool dependsOnPage = false; ///< shows the page's number or hides repeats
+    bool hasAggregates = false;
 };
 
 /// The bands of one place: of one kind, and of one group.

@@ -75,6 +75,9 @@ struct BarCodeItem
 
 using PageItem = std::variant<TextItem, LineItem, BoxItem, PictureItem, BarCodeItem>;
 
+/// Moves an item and all that lies in it.
+void movePageItem(PageItem &item, QPoint by);
+
 struct Page
 {
     int number = 1; ///< of the sheet, from 1

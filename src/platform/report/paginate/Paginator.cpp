@@ -1,309 +1,237 @@
 #include "platform/report/paginate/Paginator.h"
 
-#include "platform/report/paginate/BandMaker.h"
 #include "platform/report/paginate/Compiled.h"
+#include "platform/report/paginate/RowWalk.h"
+#include "platform/report/paginate/SplitBand.h"
 
 #include <QScopedValueRollback>
 
 namespace report {
 namespace {
 
-using namespace Qt::StringLiterals;
 using compiled::Bands;
 using compiled::ScopeKind;
 
-void moveItem(PageItem &item, QPoint by)
-{
-    std::visit(
-        [by](auto &one) {
-            using Item = std::decay_t<decltype(one)>;
-            if constexpr (std::is_same_v<Item, LineItem>) {
-                one.from += by;
-                one.to += by;
-            } else {
-                one.frame.translate(by);
-            }
-            if constexpr (std::is_same_v<Item, TextItem>)
-                for (TextLine &line : one.lines) {
-                    line.x += by.x();
-                    line.baseline += by.y();
-                }
-            if constexpr (std::is_same_v<Item, BarCodeItem>)
-                for (QRect &bar : one.bars)
-                    bar.translate(by);
-        },
-        item);
-}
+/// The numbers of pages of each run of page numbers; a new run begins where numbering begins anew.
+using PageRuns = std::vector<int>;
 
-/// One pass over the rows.
-class Run final : public EvaluationContext, public BandContext
+/// One pass over the rows that fills pages.
+class PageWalk final : public RowWalk
 {
 public:
-    Run(const compiled::Report &report, const DataSource &rows, const Inputs &inputs,
-        QStringList &problems, const PageSink &sink, int totalPages)
-        : m_report(report)
+    PageWalk(const compiled::Report &report, const DataSource &rows, const Inputs &inputs,
+             QStringList &problems, const PageSink &sink, PageRuns counted)
+        : RowWalk(report, rows, inputs, problems)
         , m_page(report.layout->page)
-        , m_rows(rows)
-        , m_inputs(inputs)
         , m_sink(sink)
-        , m_maker(*this, inputs, problems)
-        , m_totalPages(totalPages)
-        , m_lastShown(static_cast<std::size_t>(report.repeatSlots))
+        , m_counted(std::move(counted))
     {
-        for (const compiled::AggregateSlot &slot : report.slots)
-            m_accumulators.emplace_back(slot.function);
         for (const compiled::Band &band : report.pageFooter)
             m_footerHeight += band.layout->height;
     }
 
-    /// Returns the number of pages.
-    int run()
+    void run()
     {
         startPage(true);
-        for (m_row = 0; m_row < m_rows.rowCount() && !m_stopped; ++m_row)
-            takeRow();
-        m_row = qMax(0, m_rows.rowCount() - 1);
-        if (m_rows.rowCount() > 0)
-            closeGroups(0);
+        walk();
+        release();
         placeAll(m_report.reportFooter);
-        finishPage();
-        return m_sheet;
+        if (!m_stopped)
+            finishPage();
     }
 
-    [[nodiscard]] bool stopped() const { return m_stopped; }
-
-    std::optional<QVariant> value(const QString &name) const override
-    {
-        const QString key = name.toLower();
-        if (key == u"pagenumber")
-            return m_pageNumber;
-        if (key == u"totalpages")
-            return m_totalPages;
-        if (key == u"rownumber")
-            return m_row + 1;
-        if (key == u"now")
-            return m_inputs.now;
-        if (key == u"today")
-            return QDateTime(m_inputs.now.date(), QTime(0, 0), Qt::UTC);
-        const auto formula = m_report.formulas.find(key);
-        if (formula != m_report.formulas.end())
-            return evaluateFormula(formula->second);
-        const int field = fieldIndex(key);
-        if (field < 0 || m_rows.rowCount() == 0)
-            return std::nullopt;
-        return m_rows.value(m_row, field);
-    }
-
-    QVariant aggregate(int number) const override
-    {
-        if (!m_slots || number >= static_cast<int>(m_slots->size()))
-            return {};
-        return m_accumulators[(*m_slots)[number]].result();
-    }
-
-    QVariant evaluate(const compiled::Value &value) const override
-    {
-        const QScopedValueRollback slots(m_slots, &value.slots);
-        return value.expression.evaluate(*this);
-    }
-
-    std::optional<QVariant> lastShown(int repeatSlot) const override
-    {
-        return m_lastShown[repeatSlot];
-    }
+    [[nodiscard]] bool isStopped() const override { return m_stopped; }
+    [[nodiscard]] int pages() const { return m_pages; }
+    [[nodiscard]] const PageRuns &pageRuns() const { return m_runs; }
 
 private:
-    /// A formula may name others; one that names itself ends in Null.
-    QVariant evaluateFormula(const compiled::Value &formula) const
+    /// A band that waits for those that must stand on one page with it.
+    struct Kept
     {
-        constexpr int MaximumDepth = 50;
-        if (m_formulaDepth >= MaximumDepth)
-            return {};
-        const QScopedValueRollback depth(m_formulaDepth, m_formulaDepth + 1);
-        return evaluate(formula);
+        const compiled::Band *band;
+        MadeBand made;
+        int row;
+        PageValues pageValues;
+    };
+
+    [[nodiscard]] QVariant pageNumber() const override { return m_pageNumber; }
+    [[nodiscard]] QVariant totalPages() const override
+    {
+        const std::size_t run = m_runs.size() - 1;
+        return run < m_counted.size() ? m_counted[run] : 0;
     }
 
-    int fieldIndex(const QString &key) const
-    {
-        auto found = m_fieldIndexes.constFind(key);
-        if (found == m_fieldIndexes.cend())
-            found = m_fieldIndexes.insert(key, m_rows.fieldIndex(key));
-        return *found;
-    }
+    // --- Groups ------------------------------------------------------------------------------
 
-    // --- Rows and groups ---------------------------------------------------------------------
-
-    void takeRow()
+    /// An outer group's header goes to the new page that an inner group asks for.
+    void beginGroups(int outermost) override
     {
-        std::vector<QVariant> keys;
-        for (const compiled::Value &by : m_report.groupBy)
-            keys.push_back(evaluate(by));
-        const int changed = m_row == 0 ? 0 : firstChange(keys);
-        if (m_row > 0 && changed < groupCount()) {
-            --m_row;
-            closeGroups(changed);
-            ++m_row;
+        bool newPage = m_breakPending;
+        bool fromOne = false;
+        for (int group = outermost; group < groupCount(); ++group) {
+            const Group &layout = m_report.layout->groups[group];
+            newPage |= layout.newPage;
+            fromOne |= layout.resetPageNumber;
         }
-        m_keys = std::move(keys);
-        for (int group = changed; group < groupCount(); ++group)
-            resetSlots(ScopeKind::Group, group);
-        accumulate(false);
-        for (int group = changed; group < groupCount(); ++group)
-            openGroup(group);
-        placeAll(m_report.detail);
-        accumulate(true);
+        if (!newPage || m_row == 0)
+            return;
+        release();
+        if (!m_bodyIsEmpty)
+            breakPage(fromOne);
     }
 
-    [[nodiscard]] int groupCount() const { return static_cast<int>(m_report.groupBy.size()); }
-
-    [[nodiscard]] int firstChange(const std::vector<QVariant> &keys) const
+    /// Headers wait for the first detail below them, so that none ends a page by itself.
+    void openGroup(int group) override
     {
-        int group = 0;
-        while (group < groupCount() && compareValues(keys[group], m_keys[group]) == 0)
-            ++group;
-        return group;
+        if (m_keptGroup)
+            return;
+        m_waiting = true;
+        if (m_report.layout->groups[group].keepTogether)
+            m_keptGroup = group;
     }
 
-    void openGroup(int group)
+    void closeGroup(int group) override
     {
-        const Group &layout = m_report.layout->groups[group];
-        if (layout.newPage && m_row > 0 && !m_buffering)
-            breakPage(layout.resetPageNumber ? 1 : m_pageNumber + 1);
-        else if (layout.resetPageNumber && !m_buffering)
-            m_pageNumber = 1;
-        forgetShown();
-        if (layout.keepTogether && !m_buffering) {
-            m_buffering = true;
-            m_bufferedGroup = group;
-        }
-        m_openGroups = group;
-        placeAll(m_report.groupHeaders[group]);
-        m_openGroups = group + 1;
+        if (m_keptGroup == group)
+            release();
     }
 
-    void closeGroups(int outermost)
+    void rowPlaced() override
     {
-        for (int group = groupCount() - 1; group >= outermost; --group) {
-            placeAll(m_report.groupFooters[group]);
-            m_openGroups = group;
-            if (m_buffering && m_bufferedGroup == group)
-                flushBuffer();
-        }
-    }
-
-    void resetSlots(ScopeKind scope, int group)
-    {
-        for (std::size_t slot = 0; slot < m_report.slots.size(); ++slot)
-            if (m_report.slots[slot].scope == scope &&
-                (scope != ScopeKind::Group || m_report.slots[slot].group == group))
-                m_accumulators[slot].reset();
-    }
-
-    /// Page aggregates take a row only once it stands on its page.
-    void accumulate(bool ofPage)
-    {
-        for (std::size_t slot = 0; slot < m_report.slots.size(); ++slot) {
-            const compiled::AggregateSlot &aggregate = m_report.slots[slot];
-            if ((aggregate.scope == ScopeKind::Page) == ofPage)
-                m_accumulators[slot].add(aggregate.argument.evaluate(*this));
-        }
+        PageValues values = pageValues();
+        if (m_waiting && !m_kept.empty())
+            m_kept.back().pageValues = std::move(values);
+        else
+            addPageValues(values);
+        if (m_waiting && !m_keptGroup)
+            release();
     }
 
     // --- Placing -----------------------------------------------------------------------------
 
     [[nodiscard]] Length bodyBottom() const { return m_page.innerHeight() - m_footerHeight; }
+    [[nodiscard]] bool fits(Length height) const { return m_y + height <= bodyBottom(); }
 
-    void placeAll(const Bands &bands)
+    void place(const compiled::Band &band) override
     {
-        for (const compiled::Band &band : bands)
-            if (!m_stopped && m_maker.isPrinted(band))
-                place(band);
-    }
-
-    void place(const compiled::Band &band)
-    {
-        if (band.layout->newPageBefore && !m_buffering && !m_bodyIsEmpty)
-            breakPage(m_pageNumber + 1);
-        MadeBand made = m_maker.make(band);
-        if (m_buffering) {
-            keepForLater(std::move(made));
+        if (band.layout->newPageBefore) {
+            release();
+            if (!m_bodyIsEmpty)
+                breakPage();
+        }
+        if (m_breakPending)
+            breakPage();
+        if (!m_waiting) {
+            putOnPage(band, m_maker.make(band));
             return;
         }
-        if (m_y + made.height > bodyBottom() && !m_bodyIsEmpty) {
-            breakPage(m_pageNumber + 1);
+        m_kept.push_back({&band, m_maker.make(band), m_row, {}});
+        rememberShown(m_kept.back().made);
+        m_keptHeight += m_kept.back().made.height;
+        // What is longer than a page can't be kept together, and shall not fill the memory.
+        if (band.layout->newPageAfter || m_keptHeight > bodyBottom() - m_bodyTop)
+            release();
+    }
+
+    /// Places what waits, on a new page when it doesn't fit here.
+    void release()
+    {
+        m_waiting = false;
+        m_keptGroup.reset();
+        std::vector<Kept> waiting;
+        waiting.swap(m_kept);
+        if (waiting.empty())
+            return;
+        Length height = std::exchange(m_keptHeight, 0);
+        if (height > bodyBottom() - m_bodyTop) {
+            height = 0;
+            for (std::size_t first = 0; first < qMin<std::size_t>(2, waiting.size()); ++first)
+                height += waiting[first].made.height;
+        }
+        bool moved = !fits(height) && !m_bodyIsEmpty;
+        if (moved)
+            breakPage();
+        for (Kept &kept : waiting) {
+            const int sheet = m_sheet;
+            // A later row's totals must not get into a band made anew.
+            const bool remake = moved && kept.band->dependsOnPage &&
+                                (kept.row == m_row || !kept.band->hasAggregates);
+            const QScopedValueRollback row(m_row, kept.row);
+            putOnPage(*kept.band, remake ? m_maker.make(*kept.band) : std::move(kept.made));
+            addPageValues(kept.pageValues);
+            moved |= sheet != m_sheet;
+        }
+    }
+
+    /// Places a band where there is room: here, on the next page, or over several.
+    void putOnPage(const compiled::Band &band, MadeBand made)
+    {
+        if (m_breakPending || (!fits(made.height) && !m_bodyIsEmpty)) {
+            breakPage();
             made = m_maker.make(band); // page numbers and repeats have changed
         }
         if (band.layout->atBottom)
             m_y = qMax(m_y, bodyBottom() - made.height);
+        while (!fits(made.height) && !m_stopped) {
+            std::optional<MadeBand> rest = splitBand(made, bodyBottom() - m_y);
+            if (!rest)
+                break;
+            put(std::move(made));
+            breakPage();
+            made = std::move(*rest);
+        }
         put(std::move(made));
         m_bodyIsEmpty = false;
-        if (band.layout->newPageAfter)
-            m_breakPending = true;
+        m_breakPending = band.layout->newPageAfter;
     }
 
     void put(MadeBand &&made)
     {
-        if (std::exchange(m_breakPending, false))
-            breakPage(m_pageNumber + 1);
         for (PageItem &item : made.items) {
-            moveItem(item, {m_page.left, m_page.top + m_y});
+            movePageItem(item, {m_page.left, m_page.top + m_y});
             m_current.items.append(std::move(item));
         }
         m_y += made.height;
-        for (const auto &[slot, value] : std::as_const(made.shown))
-            m_lastShown[slot] = value;
-    }
-
-    void keepForLater(MadeBand &&made)
-    {
-        m_bufferedHeight += made.height;
-        for (const auto &[slot, value] : std::as_const(made.shown))
-            m_lastShown[slot] = value;
-        m_buffer.push_back(std::move(made));
-        // What is longer than a page can't be kept together, and needs no room in memory.
-        if (m_bufferedHeight > bodyBottom())
-            flushBuffer();
-    }
-
-    void flushBuffer()
-    {
-        m_buffering = false;
-        std::vector<MadeBand> buffer;
-        buffer.swap(m_buffer);
-        const Length height = std::exchange(m_bufferedHeight, 0);
-        if (m_y + height > bodyBottom() && !m_bodyIsEmpty)
-            breakPage(m_pageNumber + 1);
-        for (MadeBand &made : buffer) {
-            if (m_y + made.height > bodyBottom() && !m_bodyIsEmpty)
-                breakPage(m_pageNumber + 1);
-            put(std::move(made));
-            m_bodyIsEmpty = false;
-        }
+        rememberShown(made);
     }
 
     // --- Pages -------------------------------------------------------------------------------
 
-    void breakPage(int nextNumber)
+    void breakPage(bool fromOne = false)
     {
         finishPage();
-        m_pageNumber = nextNumber;
+        if (m_stopped)
+            return;
+        m_pageNumber = fromOne ? 1 : m_pageNumber + 1;
+        if (fromOne)
+            m_runs.push_back(0);
         startPage(false);
     }
 
     void startPage(bool first)
     {
         m_current = Page{++m_sheet, {}};
+        ++m_runs.back();
         m_y = 0;
         m_breakPending = false;
         forgetShown();
         if (first)
             putAll(m_report.reportHeader);
         putAll(m_report.pageHeader);
-        if (!first)
-            for (int group = 0; group < m_openGroups; ++group)
-                if (m_report.layout->groups[group].repeatHeader)
-                    putAll(m_report.groupHeaders[group]);
-        m_bodyIsEmpty = true;
+        m_bodyTop = m_y;
+        if (first)
+            for (const compiled::Band &band : m_report.reportHeader)
+                m_breakPending |= band.layout->newPageAfter;
+        else
+            repeatHeaders();
+        m_bodyIsEmpty = !m_breakPending;
+    }
+
+    void repeatHeaders()
+    {
+        for (int group = 0; group < openGroups(); ++group)
+            if (m_report.layout->groups[group].repeatHeader)
+                putAll(m_report.groupHeaders[group]);
     }
 
     /// Bands that take their place without asking for room.
@@ -319,43 +247,32 @@ private:
         m_y = bodyBottom();
         putAll(m_report.pageFooter);
         resetSlots(ScopeKind::Page, -1);
-        if (!m_stopped && m_sink && !m_sink(std::move(m_current)))
+        ++m_pages;
+        if (m_sink && !m_sink(std::move(m_current)))
             m_stopped = true;
         m_current = {};
     }
 
-    void forgetShown() { std::fill(m_lastShown.begin(), m_lastShown.end(), std::nullopt); }
-
-    const compiled::Report &m_report;
     const PageSetup &m_page;
-    const DataSource &m_rows;
-    const Inputs &m_inputs;
     const PageSink &m_sink;
-    BandMaker m_maker;
-    const int m_totalPages;
-
-    int m_row = 0;
-    std::vector<QVariant> m_keys;
-    int m_openGroups = 0; ///< groups whose headers have been printed
-    std::vector<Accumulator> m_accumulators;
-    mutable const std::vector<int> *m_slots = nullptr;
-    mutable int m_formulaDepth = 0;
-    mutable QHash<QString, int> m_fieldIndexes;
-    std::vector<std::optional<QVariant>> m_lastShown;
+    const PageRuns m_counted;
+    PageRuns m_runs{0};
 
     Page m_current;
+    int m_pages = 0; ///< finished ones
     int m_sheet = 0;
     int m_pageNumber = 1;
     Length m_y = 0; ///< from the upper margin
+    Length m_bodyTop = 0;
     Length m_footerHeight = 0;
     bool m_bodyIsEmpty = true;
     bool m_breakPending = false;
     bool m_stopped = false;
 
-    bool m_buffering = false;
-    int m_bufferedGroup = -1;
-    std::vector<MadeBand> m_buffer;
-    Length m_bufferedHeight = 0;
+    bool m_waiting = false;
+    std::optional<int> m_keptGroup; ///< the group that waits for its end
+    std::vector<Kept> m_kept;
+    Length m_keptHeight = 0;
 };
 
 } // namespace
@@ -366,14 +283,18 @@ Outcome paginate(const Layout &layout, const DataSource &rows, const Inputs &inp
     const compiled::Report report = compiled::compile(layout, rows, inputs);
     Outcome outcome;
     outcome.problems = report.problems;
-    int totalPages = 0;
+    PageRuns counted;
     if (report.needsTotalPages) {
         QStringList sameProblems;
-        totalPages = Run(report, rows, inputs, sameProblems, {}, 0).run();
+        const PageSink none;
+        PageWalk counting(report, rows, inputs, sameProblems, none, {});
+        counting.run();
+        counted = counting.pageRuns();
     }
-    Run run(report, rows, inputs, outcome.problems, sink, totalPages);
-    outcome.pages = run.run();
-    outcome.stopped = run.stopped();
+    PageWalk walk(report, rows, inputs, outcome.problems, sink, counted);
+    walk.run();
+    outcome.pages = walk.pages();
+    outcome.stopped = walk.isStopped();
     return outcome;
 }
 

@@ -79,7 +79,10 @@ QList<TextLine> flowText(const QString &text, const Style &style, Length width)
                       static_cast<Length>(std::lround(top + ascent)), lineWidth});
         top += spacing;
     };
-    for (const QString &paragraph : text.split(u'\n')) {
+    QString clean = text;
+    clean.remove(u'\r');
+    clean.replace(u'\t', QStringLiteral("    "));
+    for (const QString &paragraph : clean.split(u'\n')) {
         if (font.metrics.horizontalAdvance(paragraph) <= inner) {
             place(paragraph);
             continue;
@@ -99,6 +102,16 @@ QList<TextLine> flowText(const QString &text, const Style &style, Length width)
         layout.endLayout();
     }
     return lines;
+}
+
+Length lineTop(const TextLine &line, const Style &style)
+{
+    return line.baseline - static_cast<Length>(std::lround(measured(style.font).metrics.ascent()));
+}
+
+Length lineBottom(const TextLine &line, const Style &style)
+{
+    return line.baseline + static_cast<Length>(std::lround(measured(style.font).metrics.descent()));
 }
 
 Length flowHeight(const QList<TextLine> &lines, const Style &style)

@@ -13,6 +13,9 @@ namespace report {
 /// Breaks a text into lines that fit the width, and places them at the style's alignment within a
 /// rectangle whose corner is 0,0. Long words are broken.
 [[nodiscard]] QList<TextLine> flowText(const QString &text, const Style &style, Length width);
+/// The upper and lower edge of a line, its place included.
+[[nodiscard]] Length lineTop(const TextLine &line, const Style &style);
+[[nodiscard]] Length lineBottom(const TextLine &line, const Style &style);
 /// The height that these lines take, the padding above and below included.
 [[nodiscard]] Length flowHeight(const QList<TextLine> &lines, const Style &style);
 

@@ -46,6 +46,29 @@ QString itemText(const BarCodeItem &item)
 
 } // namespace
 
+void movePageItem(PageItem &item, QPoint by)
+{
+    std::visit(
+        [by](auto &one) {
+            using Item = std::decay_t<decltype(one)>;
+            if constexpr (std::is_same_v<Item, LineItem>) {
+                one.from += by;
+                one.to += by;
+            } else {
+                one.frame.translate(by);
+            }
+            if constexpr (std::is_same_v<Item, TextItem>)
+                for (TextLine &line : one.lines) {
+                    line.x += by.x();
+                    line.baseline += by.y();
+                }
+            if constexpr (std::is_same_v<Item, BarCodeItem>)
+                for (QRect &bar : one.bars)
+                    bar.translate(by);
+        },
+        item);
+}
+
 QString pageText(const Page &page)
 {
     QStringList lines{u"page %1"_s.arg(page.number)};

@@ -1,0 +1,183 @@
+#include "platform/report/paginate/RowWalk.h"
+
+#include <QScopedValueRollback>
+
+namespace report {
+
+using compiled::ScopeKind;
+
+RowWalk::RowWalk(const compiled::Report &report, const DataSource &rows, const Inputs &inputs,
+                 QStringList &problems)
+    : m_report(report)
+    , m_rows(rows)
+    , m_inputs(inputs)
+    , m_maker(*this, inputs, problems)
+    , m_lastShown(static_cast<std::size_t>(report.repeatSlots))
+{
+    for (const compiled::AggregateSlot &slot : report.slots)
+        m_accumulators.emplace_back(slot.function);
+}
+
+void RowWalk::walk()
+{
+    for (m_row = 0; m_row < m_rows.rowCount() && !isStopped(); ++m_row)
+        takeRow();
+    m_row = qMax(0, m_rows.rowCount() - 1);
+    if (m_rows.rowCount() > 0)
+        closeGroups(0);
+}
+
+void RowWalk::placeAll(const compiled::Bands &bands)
+{
+    for (const compiled::Band &band : bands)
+        if (!isStopped() && m_maker.isPrinted(band))
+            place(band);
+}
+
+std::optional<QVariant> RowWalk::value(const QString &name) const
+{
+    const QString key = name.toLower();
+    if (key == u"pagenumber")
+        return pageNumber();
+    if (key == u"totalpages")
+        return totalPages();
+    if (key == u"rownumber")
+        return m_row + 1;
+    if (key == u"now")
+        return m_inputs.now;
+    if (key == u"today")
+        return QDateTime(m_inputs.now.date(), QTime(0, 0), Qt::UTC);
+    const auto formula = m_report.formulas.find(key);
+    if (formula != m_report.formulas.end())
+        return evaluateFormula(formula->second);
+    const int field = fieldIndex(key);
+    if (field < 0 || m_rows.rowCount() == 0)
+        return std::nullopt;
+    return m_rows.value(m_row, field);
+}
+
+QVariant RowWalk::aggregate(int number) const
+{
+    if (!m_slots || number >= static_cast<int>(m_slots->size()))
+        return {};
+    return m_accumulators[(*m_slots)[number]].result();
+}
+
+QVariant RowWalk::evaluate(const compiled::Value &value) const
+{
+    const QScopedValueRollback slots(m_slots, &value.slots);
+    return value.expression.evaluate(*this);
+}
+
+std::optional<QVariant> RowWalk::lastShown(int repeatSlot) const
+{
+    return m_lastShown[repeatSlot];
+}
+
+/// A formula may name others; one that names itself ends in Null.
+QVariant RowWalk::evaluateFormula(const compiled::Value &formula) const
+{
+    constexpr int MaximumDepth = 50;
+    if (m_formulaDepth >= MaximumDepth)
+        return {};
+    const QScopedValueRollback depth(m_formulaDepth, m_formulaDepth + 1);
+    return evaluate(formula);
+}
+
+int RowWalk::fieldIndex(const QString &key) const
+{
+    auto found = m_fieldIndexes.constFind(key);
+    if (found == m_fieldIndexes.cend())
+        found = m_fieldIndexes.insert(key, m_rows.fieldIndex(key));
+    return *found;
+}
+
+void RowWalk::takeRow()
+{
+    std::vector<QVariant> keys;
+    for (const compiled::Value &by : m_report.groupBy)
+        keys.push_back(evaluate(by));
+    const int changed = m_row == 0 ? 0 : firstChange(keys);
+    if (m_row > 0 && changed < groupCount()) {
+        // Footers show the last row of their group.
+        --m_row;
+        closeGroups(changed);
+        ++m_row;
+    }
+    m_keys = std::move(keys);
+    for (int group = changed; group < groupCount(); ++group)
+        resetSlots(ScopeKind::Group, group);
+    accumulate();
+    if (changed < groupCount())
+        beginGroups(changed);
+    for (int group = changed; group < groupCount(); ++group) {
+        forgetShown();
+        m_openGroups = group;
+        openGroup(group);
+        placeAll(m_report.groupHeaders[group]);
+        m_openGroups = group + 1;
+    }
+    placeAll(m_report.detail);
+    rowPlaced();
+}
+
+int RowWalk::firstChange(const std::vector<QVariant> &keys) const
+{
+    int group = 0;
+    while (group < groupCount() && compareValues(keys[group], m_keys[group]) == 0)
+        ++group;
+    return group;
+}
+
+void RowWalk::closeGroups(int outermost)
+{
+    for (int group = groupCount() - 1; group >= outermost; --group) {
+        placeAll(m_report.groupFooters[group]);
+        m_openGroups = group;
+        closeGroup(group);
+    }
+}
+
+void RowWalk::resetSlots(ScopeKind scope, int group)
+{
+    for (std::size_t slot = 0; slot < m_report.slots.size(); ++slot)
+        if (m_report.slots[slot].scope == scope &&
+            (scope != ScopeKind::Group || m_report.slots[slot].group == group))
+            m_accumulators[slot].reset();
+}
+
+/// The aggregates of the page are left out: they take a row only once it stands on its page.
+void RowWalk::accumulate()
+{
+    for (std::size_t slot = 0; slot < m_report.slots.size(); ++slot)
+        if (m_report.slots[slot].scope != ScopeKind::Page)
+            m_accumulators[slot].add(m_report.slots[slot].argument.evaluate(*this));
+}
+
+RowWalk::PageValues RowWalk::pageValues() const
+{
+    PageValues values;
+    for (std::size_t slot = 0; slot < m_report.slots.size(); ++slot)
+        if (m_report.slots[slot].scope == ScopeKind::Page)
+            values.emplace_back(slot, m_report.slots[slot].argument.evaluate(*this));
+    return values;
+}
+
+void RowWalk::addPageValues(const PageValues &values)
+{
+    for (const auto &[slot, value] : values)
+        m_accumulators[slot].add(value);
+}
+
+void RowWalk::rememberShown(const MadeBand &made)
+{
+    for (const auto &[slot, value] : made.shown)
+        m_lastShown[slot] = value;
+}
+
+void RowWalk::forgetShown()
+{
+    std::fill(m_lastShown.begin(), m_lastShown.end(), std::nullopt);
+}
+
+} // namespace report

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "platform/report/paginate/BandMaker.h"
+
+#include <QStringList>
+
+namespace report {
+
+/// Goes through the rows: finds where groups begin and end, keeps the aggregates, and gives each
+/// expression the values of the row on hand. What becomes of a band is for the class behind it.
+class RowWalk : public EvaluationContext, public BandContext
+{
+public:
+    /// All arguments must outlive it; problems that show only on the way are added to the list.
+    RowWalk(const compiled::Report &report, const DataSource &rows, const Inputs &inputs,
+            QStringList &problems);
+
+    [[nodiscard]] std::optional<QVariant> value(const QString &name) const override;
+    [[nodiscard]] QVariant aggregate(int number) const override;
+    [[nodiscard]] QVariant evaluate(const compiled::Value &value) const override;
+    [[nodiscard]] std::optional<QVariant> lastShown(int repeatSlot) const override;
+
+protected:
+    /// Walks all rows; every band comes to place.
+    void walk();
+    void placeAll(const compiled::Bands &bands);
+
+    virtual void place(const compiled::Band &band) = 0;
+    /// Groups from this one on begin with the row on hand; nothing of them is placed yet.
+    virtual void beginGroups(int outermost) { Q_UNUSED(outermost) }
+    /// The headers of a group come next.
+    virtual void openGroup(int group) { Q_UNUSED(group) }
+    /// The footers of a group have been placed.
+    virtual void closeGroup(int group) { Q_UNUSED(group) }
+    /// The detail bands of the row on hand have been placed.
+    virtual void rowPlaced() {}
+    [[nodiscard]] virtual bool isStopped() const { return false; }
+    [[nodiscard]] virtual QVariant pageNumber() const { return 1; }
+    [[nodiscard]] virtual QVariant totalPages() const { return 1; }
+
+    [[nodiscard]] int groupCount() const { return static_cast<int>(m_report.groupBy.size()); }
+    /// How many groups, from the outermost on, have their headers printed.
+    [[nodiscard]] int openGroups() const { return m_openGroups; }
+
+    void resetSlots(compiled::ScopeKind scope, int group);
+    /// The values that the row on hand adds to the aggregates of the page, by their slots.
+    using PageValues = std::vector<std::pair<std::size_t, QVariant>>;
+    [[nodiscard]] PageValues pageValues() const;
+    void addPageValues(const PageValues &values);
+
+    void rememberShown(const MadeBand &made);
+    void forgetShown();
+
+    const compiled::Report &m_report;
+    const DataSource &m_rows;
+    const Inputs &m_inputs;
+    BandMaker m_maker;
+    int m_row = 0;
+
+private:
+    void takeRow();
+    [[nodiscard]] int firstChange(const std::vector<QVariant> &keys) const;
+    void closeGroups(int outermost);
+    void accumulate();
+    [[nodiscard]] QVariant evaluateFormula(const compiled::Value &formula) const;
+    [[nodiscard]] int fieldIndex(const QString &key) const;
+
+    std::vector<QVariant> m_keys;
+    int m_openGroups = 0;
+    std::vector<Accumulator> m_accumulators;
+    mutable const std::vector<int> *m_slots = nullptr;
+    mutable int m_formulaDepth = 0;
+    mutable QHash<QString, int> m_fieldIndexes;
+    std::vector<std::optional<QVariant>> m_lastShown;
+};
+
+} // namespace report

@@ -1,0 +1,189 @@
+#include "platform/base/Error.h"
+#include "platform/report/layout/LayoutFile.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <gmock/gmock.h>
+
+namespace report {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+struct LengthCase
+{
+    QString text;
+    std::optional<Length> length;
+};
+
+class ParseLength : public testing::TestWithParam<LengthCase>
+{};
+
+TEST_P(ParseLength, IsInHundredthsOfAMillimetre)
+{
+    EXPECT_EQ(parseLength(GetParam().text), GetParam().length);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Texts, ParseLength,
+    testing::Values(LengthCase{u"12.5mm"_s, 1250}, LengthCase{u"2cm"_s, 2000},
+                    LengthCase{u"1in"_s, 2540}, LengthCase{u"72pt"_s, 2540},
+                    LengthCase{u" 3 mm "_s, 300}, LengthCase{u"-1.005mm"_s, -101},
+                    LengthCase{u"0mm"_s, 0}, LengthCase{u"12"_s, std::nullopt},
+                    LengthCase{u"mm"_s, std::nullopt}, LengthCase{u"1,5mm"_s, std::nullopt},
+                    LengthCase{u"nanmm"_s, std::nullopt}, LengthCase{u"infmm"_s, std::nullopt},
+                    LengthCase{u"99999999mm"_s, std::nullopt},
+                    LengthCase{QString(), std::nullopt}));
+
+const QByteArray wholeLayout = R"(<?xml version="1.0" encoding="UTF-8"?>
+<report version="1" name="rptOrders" title="Orders">
+  <page paper="A4" landscape="yes" left="10mm"/>
+  <group name="site" by="SiteName"/>
+  <group name="order" by="WorkorderNo" newPage="yes" keepTogether="yes" repeatHeader="yes" resetPageNumber="yes"/>
+  <formula name="Total">Price * Quantity</formula>
+  <band kind="reportHeader" height="12mm">
+    <text name="lblCompanyName" width="100mm" height="8mm" content="Company" size="14" bold="yes" color="#24476d"/>
+  </band>
+  <band kind="groupHeader" group="order" height="6.5mm" printIf="Quantity &gt; 0" newPageAfter="yes">
+    <box height="6mm" lineWidth="0.35mm" fill="#eeeeee"/>
+  </band>
+  <band kind="detail" height="5mm">
+    <field x="10mm" width="20mm" content="Total" format="$0.00" canGrow="yes" hideRepeated="yes" visibleIf="Skip = 0" font="Courier New" italic="yes" underline="yes" align="right" verticalAlign="middle" padding="0.5mm" border="left bottom" borderWidth="0.1mm" borderColor="#ff0000">
+      <when condition="Total &gt; 100" color="#ff0000" fill="#ffff00" bold="yes"/>
+    </field>
+    <line y="5mm" width="100mm" height="0mm"/>
+    <picture content="logo.png"/>
+    <barCode content="UnitNo" border="all"/>
+  </band>
+  <band kind="groupFooter" group="site" height="5mm" newPageBefore="yes" atBottom="yes"/>
+</report>
+)";
+
+TEST(LayoutFile, KeepsAllThatALayoutHolds)
+{
+    const LayoutReading reading = readLayout(wholeLayout);
+    ASSERT_TRUE(reading.layout) << reading.error.toStdString();
+    EXPECT_TRUE(reading.warnings.isEmpty());
+    const Layout &layout = *reading.layout;
+    EXPECT_EQ(layout.page.width(), 29700);
+    EXPECT_EQ(layout.page.innerHeight(), 21000 - 2 * 1270);
+    EXPECT_TRUE(layout.groups[1].resetPageNumber && layout.groups[1].keepTogether);
+    EXPECT_EQ(layout.bands[1].printIf, u"Quantity > 0");
+    const Object &field = layout.bands[2].objects[0];
+    EXPECT_EQ(field.x, 1000);
+    EXPECT_EQ(field.height, 500) << "as usual";
+    EXPECT_EQ(field.style.align, Align::Right);
+    EXPECT_TRUE(field.style.border.left && field.style.border.bottom);
+    EXPECT_FALSE(field.style.border.top || field.style.border.right);
+    EXPECT_EQ(field.conditionalStyles[0].fill, QColor(Qt::yellow));
+    EXPECT_EQ(layout.find(u"LBLCOMPANYNAME"), &layout.bands[0].objects[0]);
+    EXPECT_EQ(layout.find(u"lblNone"), nullptr);
+    EXPECT_EQ(writeLayout(layout).toStdString(), wholeLayout.toStdString())
+        << "the same text comes back, so that versions of a file can be compared";
+}
+
+TEST(LayoutFile, UnknownPartsWarnAndTheRestIsRead)
+{
+    const LayoutReading reading = readLayout("<report version=\"1\">\n"
+                                             "  <band kind=\"detail\" colour=\"red\">\n"
+                                             "    <chart><slice/></chart>\n"
+                                             "    <field content=\"Name\"/>\n"
+                                             "  </band>\n"
+                                             "</report>");
+    ASSERT_TRUE(reading.layout) << reading.error.toStdString();
+    EXPECT_EQ(reading.layout->bands[0].objects.size(), 1);
+    ASSERT_EQ(reading.warnings.size(), 2);
+    EXPECT_THAT(reading.warnings[0].toStdString(),
+                testing::AllOf(testing::StartsWith("Line 2, column "),
+                               testing::HasSubstr("\"colour\" of \"band\" is not known")));
+    EXPECT_THAT(reading.warnings[1].toStdString(),
+                testing::AllOf(testing::StartsWith("Line 3, column "),
+                               testing::HasSubstr("\"chart\" is not known here")));
+}
+
+struct Damaged
+{
+    const char *name;
+    QByteArray text;
+    const char *place;
+    const char *error;
+};
+
+void PrintTo(const Damaged &damaged, std::ostream *out)
+{
+    *out << damaged.name;
+}
+
+class DamagedLayout : public testing::TestWithParam<Damaged>
+{};
+
+TEST_P(DamagedLayout, IsRefusedWithLineAndColumn)
+{
+    const LayoutReading reading = readLayout(GetParam().text);
+    EXPECT_FALSE(reading.layout);
+    EXPECT_THAT(reading.error.toStdString(), testing::AllOf(testing::StartsWith(GetParam().place),
+                                                            testing::HasSubstr(GetParam().error)));
+}
+
+QByteArray inBand(const QByteArray &object)
+{
+    return "<report version=\"1\">\n<band kind=\"detail\">\n" + object + "\n</band>\n</report>";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Files, DamagedLayout,
+    testing::Values(
+        Damaged{"Empty", "", "Line 1, column 0", ""},
+        Damaged{"Binary", QByteArray("\x50\x4b\x03\x04", 4), "Line 1, column", ""},
+        Damaged{"OtherFile", "<html/>", "Line 1, column", "it begins with \"html\""},
+        Damaged{"NoVersion", "<report/>", "Line 1, column", "\"report\" has no \"version\""},
+        Damaged{"Newer", "<report version=\"99\"/>", "Line 1, column", "newer version"},
+        Damaged{"CutOff", "<report version=\"1\">\n<band kind=\"detail\">", "Line 2, column 20",
+                ""},
+        Damaged{"Behind", "<report version=\"1\"></report>\n<x/>", "Line 2, column", ""},
+        Damaged{"BadBand", "<report version=\"1\">\n<band kind=\"side\"/></report>",
+                "Line 2, column", "There is no band \"side\""},
+        Damaged{"BadGroup",
+                "<report version=\"1\">\n<band kind=\"groupHeader\" group=\"x\"/></report>",
+                "Line 2, column", "group \"x\", which is not there"},
+        Damaged{"TwoGroups",
+                "<report version=\"1\"><group name=\"a\" by=\"b\"/><group name=\"A\" "
+                "by=\"c\"/></report>",
+                "Line 1, column", "two groups \"A\""},
+        Damaged{"NoUnit", inBand("<field width=\"12\"/>"), "Line 3, column 20",
+                "\"12\" is no length"},
+        Damaged{"BadColour", inBand("<field color=\"reddish\"/>"), "Line 3", "is no colour"},
+        Damaged{"BadFlag", inBand("<field bold=\"true\"/>"), "Line 3", "\"yes\" or \"no\""},
+        Damaged{"BadWord", inBand("<field align=\"justify\"/>"), "Line 3", "can't be \"justify\""},
+        Damaged{"BadSize", inBand("<field size=\"nan\"/>"), "Line 3", "is no size"},
+        Damaged{"BadSide", inBand("<field border=\"lefty\"/>"), "Line 3", "no side of a border"},
+        Damaged{"Negative", inBand("<field height=\"-1mm\"/>"), "Line 3", "less than 0"},
+        Damaged{"BadPaper", "<report version=\"1\"><page paper=\"A0\"/></report>", "Line 1",
+                "paper \"A0\" is not known"},
+        Damaged{"NoRoom", "<report version=\"1\"><page left=\"20cm\" right=\"20cm\"/></report>",
+                "Line 1", "no room"}),
+    [](const auto &info) { return info.param.name; });
+
+TEST(LayoutFile, IsWrittenWholeOrNotAtAll)
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath(u"rptX.rpt"_s);
+    writeLayoutFile(*readLayout(wholeLayout).layout, path);
+    EXPECT_EQ(readLayoutFile(path).layout, readLayout(wholeLayout).layout);
+    EXPECT_THROW(writeLayoutFile(Layout(), folder.filePath(u"missing/rptX.rpt"_s)), base::Error);
+    const LayoutReading missing = readLayoutFile(folder.filePath(u"none.rpt"_s));
+    EXPECT_FALSE(missing.layout);
+    EXPECT_TRUE(missing.error.contains(u"none.rpt"));
+}
+
+TEST(LayoutFile, EveryOldVersionIsStillRead)
+{
+    const LayoutReading reading = readLayoutFile(QStringLiteral(REPORT_TEST_DATA "/version1.rpt"));
+    ASSERT_TRUE(reading.layout) << reading.error.toStdString();
+    EXPECT_TRUE(reading.warnings.isEmpty());
+    EXPECT_EQ(reading.layout->bands.size(), 4);
+    EXPECT_EQ(reading.layout->find(u"lblCompanyName")->style.font.points, 14);
+}
+
+} // namespace
+} // namespace report

@@ -1,0 +1,486 @@
+#include "platform/base/Environment.h"
+#include "platform/report/paginate/Paginator.h"
+#include "platform/report/paginate/Tabulator.h"
+#include "platform/report/paginate/TextFlow.h"
+
+#include "ReportRows.h"
+
+#include <QTemporaryDir>
+#include <gmock/gmock.h>
+
+namespace report {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// A page with 10 mm margins at the left and top and room for six bands of 5 mm.
+constexpr auto smallPage = R"(<page left="10mm" top="10mm" right="10mm" bottom="239.4mm"/>)";
+
+Layout smallLayout(const QByteArray &content)
+{
+    return layoutOf(QByteArray("<report version=\"1\">") + smallPage + content + "</report>");
+}
+
+QString pagesText(const Layout &layout, const DataSource &rows, const Inputs &inputs = {})
+{
+    QString text;
+    QStringList problems;
+    for (const Page &page : allPages(layout, rows, inputs, &problems))
+        text += pageText(page);
+    EXPECT_TRUE(problems.isEmpty()) << problems.join(u'\n').toStdString();
+    return text;
+}
+
+/// The texts of a page alone, in their order.
+QString words(const Page &page)
+{
+    QStringList words;
+    for (const PageItem &item : page.items)
+        if (const auto *text = std::get_if<TextItem>(&item))
+            for (const TextLine &line : text->lines)
+                words.append(line.text);
+    return words.join(u' ');
+}
+
+/// The texts of all pages, a line for each.
+std::string pageWords(const Layout &layout, const DataSource &rows, const Inputs &inputs = {})
+{
+    QStringList lines;
+    QStringList problems;
+    for (const Page &page : allPages(layout, rows, inputs, &problems))
+        lines.append(words(page));
+    EXPECT_TRUE(problems.isEmpty()) << problems.join(u'\n').toStdString();
+    return lines.join(u" / "_s).toStdString();
+}
+
+Rows numbers(int count)
+{
+    QList<QVariantList> rows;
+    for (int number = 1; number <= count; ++number)
+        rows.append({number});
+    return {{u"N"_s}, rows};
+}
+
+/// Rows of texts such as "a a1 x": one field for each word, named A, B, C.
+Rows lettered(const QStringList &lines)
+{
+    QList<QVariantList> rows;
+    for (const QString &line : lines) {
+        QVariantList row;
+        for (const QString &word : line.split(u' '))
+            row.append(word);
+        rows.append(row);
+    }
+    return {{u"A"_s, u"B"_s, u"C"_s}, rows};
+}
+
+constexpr auto detailN = R"(<band kind="detail" height="5mm"><field content="N"/></band>)";
+
+TEST(Paginate, EverythingStandsAtItsPlace)
+{
+    const Layout layout =
+        smallLayout(R"(
+        <band kind="reportHeader" height="6mm"><text name="lblCompanyName" width="80mm" content="?"/></band>
+        <band kind="pageHeader" height="5mm"><text content="Part"/><line y="5mm" width="60mm" height="0mm"/></band>
+        <band kind="detail" height="5mm"><box width="60mm" height="5mm" fill="#eeeeee"/>
+          <field x="1mm" content="Part"/><field x="31mm" content="Price" format="$0.00" align="right"/></band>
+        <band kind="reportFooter" height="5mm"><field x="31mm" content="sum(Price)" format =
+                        "$0.00" / > </ band><band kind = "pageFooter" height = "4mm">
+                        <text content = "Page {PageNumber} of {TotalPages}" /></ band>) ");
+        const Rows rows({u"Part"_s, u"Price"_s}, {{u"Oil"_s, 2.5}, {u"Belt"_s, 10}});
+    Inputs inputs;
+    inputs.texts.insert(u"LBLCOMPANYNAME"_s, u"Green {Acres}"_s);
+    EXPECT_EQ(pagesText(layout, rows, inputs).toStdString(), R"(page 1
+  text 1000,1000 8000x500 "Green {Acres}"
+  text 1000,1600 3000x500 "Part"
+  line 1000,2100 7000,2100
+  box 1000,2100 6000x500 #eeeeee
+  text 1100,2100 3000x500 "Oil"
+  text 4100,2100 3000x500 "$2.50"
+  box 1000,2600 6000x500 #eeeeee
+  text 1100,2600 3000x500 "Belt"
+  text 4100,2600 3000x500 "$10.00"
+  text 4100,3100 3000x500 "$12.50"
+  text 1000,3600 3000x500 "Page 1 of 1"
+)");
+}
+
+TEST(Paginate, LinesOfTextStandOnTheirBaselines)
+{
+    const Layout layout = smallLayout(
+        R"(<band kind="detail" height="5mm"><field content="N" align="right" verticalAlign="bottom"/></band>)");
+    const QList<Page> pages = allPages(layout, numbers(1), {});
+    const auto &text = std::get<TextItem>(pages[0].items[0]);
+    // 9 points are 318 units; a figure is 0.556 of that wide, the ascent is 0.905 and the descent
+    // 0.212 of it.
+    ASSERT_EQ(text.lines.size(), 1);
+    EXPECT_EQ(text.lines[0].width, 177);
+    EXPECT_EQ(text.lines[0].x, 1000 + 3000 - 177);
+    EXPECT_NEAR(text.lines[0].baseline, 1000 + 500 - 67, 1);
+}
+
+TEST(Paginate, APageHoldsWhatFitsAboveItsFooter)
+{
+    const Layout layout = smallLayout(
+        QByteArray(detailN) +
+        R"(<band kind="pageFooter" height="5mm"><text content="{PageNumber}/{TotalPages}:{sum(N)}"/></band>)");
+    EXPECT_EQ(pageWords(layout, numbers(5)), "1 2 3 4 5 1/1:15");
+    EXPECT_EQ(pageWords(layout, numbers(6)), "1 2 3 4 5 1/2:15 / 6 2/2:6");
+    EXPECT_EQ(pageWords(layout, numbers(0)), "1/1:");
+}
+
+TEST(Paginate, GroupsToThreeLevelsTotalEachForItself)
+{
+    const Layout layout = layoutOf(
+        R"(<report version="1">
+        <group name="site" by="Site"/><group name="crew" by="Crew"/><group name="unit" by="Unit"/>
+        <band kind="groupHeader" group="site"><field content="'S' &amp; Site"/></band>
+        <band kind="groupHeader" group="crew"><field content="'C' &amp; Crew"/></band>
+        <band kind="groupHeader" group="unit"><field content="'U' &amp; Unit"/></band>
+        <band kind="detail"><field content="Cost &amp; '=' &amp; sum(Cost, 'unit') &amp; '+' &amp; sum(Cost)" /
+        > </ band><band kind = "groupFooter" group = "unit">
+        <field content = "'u' &amp; sum(Cost)" /></ band><band kind = "groupFooter" group = "crew">
+        <field content = "'c' &amp; sum(Cost) &amp; 'n' &amp; count(*)" /></ band>
+        <band kind = "groupFooter" group = "site">
+        <field content = "'s' &amp; Site &amp; sum(Cost) &amp; 'x' &amp; max(Cost)" /></ band>
+        <band kind = "reportFooter">
+        <field content = "'r' &amp; sum(Cost) &amp; 'a' &amp; avg(Cost)" /></ band></ report>) ");
+        const Rows rows({u"Site"_s, u"Crew"_s, u"Unit"_s, u"Cost"_s}, {{u"A"_s, 1, 1, 1},
+                                                                       {u"A"_s, 1, 1, 2},
+                                                                       {u"A"_s, 1, 2, 4},
+                                                                       {u"a"_s, 2, 2, 8},
+                                                                       {u"B"_s, 2, 2, 16},
+                                                                       {QVariant(), 2, 2, 9}});
+    EXPECT_EQ(pageWords(layout, rows), "SA C1 U1 1=1+1 2=3+3 u3 U2 4=4+7 u4 c7n3 "
+                                       "C2 U2 8=8+15 u8 c8n1 sa15x8 "
+                                       "SB C2 U2 16=16+31 u16 c16n1 sB16x16 "
+                                       "S C2 U2 9=9+40 u9 c9n1 s9x9 "
+                                       "r40a6.666666666666667" +
+                                           std::string());
+}
+
+TEST(Paginate, TotalsOfPagesCountOnlyWhatStandsOnThem)
+{
+    const Layout layout = smallLayout(
+        R"(<group name="g" by="A" keepTogether="yes"/>
+           <band kind="groupHeader" group="g" height="5mm"><field content="A"/></band>
+           <band kind="detail" height="5mm"><field content="B"/></band>
+           <band kind="pageFooter" height="5mm"><text content="={sum(number(B))}"/></band>)");
+    // Five bands a page: the second group would need one more than is left.
+    EXPECT_EQ(pageWords(layout, lettered({u"a 1"_s, u"a 2"_s, u"b 4"_s, u"b 8"_s, u"c 16"_s})),
+              "a 1 2 =3 / b 4 8 c 16 =28");
+}
+
+TEST(Paginate, KeptGroupsMoveToTheNextPageWhole)
+{
+    const QByteArray bands = R"(
+           <band kind="groupHeader" group="g" height="5mm"><field content="A"/></band>
+           <band kind="detail" height="5mm"><field content="B"/></band>
+           <band kind="groupFooter" group="g" height="5mm"><field content="'t' &amp; count(*)"/></band>)";
+    const Layout kept = smallLayout(R"(<group name="g" by="A" keepTogether="yes"/>)" + bands);
+    EXPECT_EQ(pageWords(kept, lettered({u"a 1"_s, u"a 2"_s, u"b 1"_s, u"c 1"_s, u"c 2"_s})),
+              "a 1 2 t2 / b 1 t1 / c 1 2 t2");
+    EXPECT_EQ(pageWords(kept, lettered({u"a 1"_s, u"b 1"_s, u"c 1"_s})), "a 1 t1 b 1 t1 / c 1 t1");
+    // A group longer than a page goes on where it is, and nothing of it is lost.
+    EXPECT_EQ(pageWords(kept, lettered({u"a 1"_s, u"b 1"_s, u"b 2"_s, u"b 3"_s, u"b 4"_s, u"b 5"_s,
+                                        u"b 6"_s})),
+              "a 1 t1 b 1 2 / 3 4 5 6 t6");
+    const Layout loose = smallLayout(R"(<group name="g" by="A"/>)" + bands);
+    EXPECT_EQ(pageWords(loose, lettered({u"a 1"_s, u"a 2"_s, u"b 1"_s})), "a 1 2 t2 b 1 / t1");
+}
+
+TEST(Paginate, AHeaderStandsWithItsFirstDetail)
+{
+    const Layout layout = smallLayout(
+        R"(<group name="g" by="A"/><group name="h" by="B"/>
+           <band kind="groupHeader" group="g" height="5mm"><field content="A &amp; '@' &amp; PageNumber"/></band>
+           <band kind="groupHeader" group="h" height="5mm"><field content="B"/></band>
+           <band kind="detail" height="5mm"><field content="C"/></band>)");
+    EXPECT_EQ(pageWords(layout, lettered({u"a x 1"_s, u"a x 2"_s, u"b y 3"_s})),
+              "a@1 x 1 2 / b@2 y 3");
+}
+
+TEST(Paginate, HeadersRepeatOnThePagesThatAGroupGoesOnTo)
+{
+    const Layout layout = smallLayout(
+        R"(<group name="g" by="A" repeatHeader="yes"/>
+           <band kind="pageHeader" height="5mm"><text content="P{PageNumber}"/></band>
+           <band kind="groupHeader" group="g" height="5mm"><field content="A"/></band>
+           <band kind="detail" height="5mm"><field content="B"/></band>)");
+    EXPECT_EQ(
+        pageWords(layout, lettered({u"a 1"_s, u"a 2"_s, u"a 3"_s, u"a 4"_s, u"a 5"_s, u"b 6"_s})),
+        "P1 a 1 2 3 4 / P2 a 5 b 6");
+}
+
+TEST(Paginate, GroupsBeginPagesAndTheirNumbers)
+{
+    const QByteArray bands = R"(
+           <band kind="groupHeader" group="g" height="5mm"><field content="A"/></band>
+           <band kind="detail" height="15mm"><field content="B"/></band>
+           <band kind="pageFooter" height="5mm"><text content="{PageNumber}of{TotalPages}"/></band>)";
+    const Rows rows = lettered({u"a 1"_s, u"a 2"_s, u"b 1"_s});
+    EXPECT_EQ(pageWords(smallLayout(R"(<group name="g" by="A" newPage="yes"/>)" + bands), rows),
+              "a 1 1of3 / 2 2of3 / b 1 3of3");
+    EXPECT_EQ(
+        pageWords(
+            smallLayout(R"(<group name="g" by="A" newPage="yes" resetPageNumber="yes"/>)" + bands),
+            rows),
+        "a 1 1of2 / 2 2of2 / b 1 1of1");
+}
+
+TEST(Paginate, AnOuterHeaderGoesToThePageOfItsInnerGroup)
+{
+    const Layout layout = smallLayout(
+        R"(<group name="g" by="A"/><group name="h" by="B" newPage="yes"/>
+           <band kind="groupHeader" group="g" height="5mm"><field content="A"/></band>
+           <band kind="groupHeader" group="h" height="5mm"><field content="B"/></band>
+           <band kind="detail" height="5mm"><field content="C"/></band>)");
+    EXPECT_EQ(pageWords(layout, lettered({u"a x 1"_s, u"a y 2"_s, u"b z 3"_s})),
+              "a x 1 / y 2 / b z 3");
+}
+
+TEST(Paginate, BandsAskForNewPagesBeforeAndAfter)
+{
+    const QByteArray group = R"(<group name="g" by="A" keepTogether="yes"/>)";
+    const QByteArray detail = R"(<band kind="detail" height="5mm"><field content="B"/></band>)";
+    const Rows rows = lettered({u"a 1"_s, u"b 2"_s});
+    EXPECT_EQ(
+        pageWords(
+            smallLayout(
+                group + detail +
+                R"(<band kind="groupFooter" group="g" newPageAfter="yes"><field content="'f' &amp; A"/></band>
+                         <band kind="pageFooter" height="5mm"><text content="p{PageNumber}"/></band>)"),
+            rows),
+        "1 fa p1 / 2 fb p2")
+        << "no empty page at the end";
+    EXPECT_EQ(
+        pageWords(
+            smallLayout(
+                detail +
+                R"(<band kind="reportFooter" newPageBefore="yes"><text content="end"/></band>)"),
+            rows),
+        "1 2 / end");
+    EXPECT_EQ(
+        pageWords(
+            smallLayout(
+                R"(<band kind="reportHeader" newPageAfter="yes"><text content="title"/></band>)" +
+                detail),
+            rows),
+        "title / 1 2");
+}
+
+TEST(Paginate, BandsPrintOnlyUnderTheirConditionAndFootersAtTheBottom)
+{
+    const Layout layout = smallLayout(
+        R"(<band kind="detail" height="5mm" printIf="N mod 2 = 1"><field content="N"/></band>
+           <band kind="reportFooter" height="5mm" atBottom="yes"><text content="sum {sum(N)}"/></band>
+           <band kind="pageFooter" height="5mm" printIf="PageNumber &gt; 1"><text content="no"/></band>)");
+    EXPECT_EQ(pagesText(layout, numbers(3)).toStdString(), R"(page 1
+  text 1000,1000 3000x500 "1"
+  text 1000,1500 3000x500 "3"
+  text 1000,3000 3000x500 "sum 6"
+)");
+}
+
+TEST(Paginate, GrowingTextPushesAndStretches)
+{
+    const Layout layout = layoutOf(R"(<report version="1"><page left="0mm" top="0mm"/>
+        <band kind="detail" height="12mm">
+          <box width="60mm" height="11mm"/>
+          <field width="20mm" height="4mm" content="'one two three four'" canGrow="yes"/>
+          <field x="25mm" width="20mm" height="4mm" content="'a'"/>
+          <field y="5mm" width="20mm" height="4mm" content="'five six seven eight'" canGrow="yes"/>
+          <line y="12mm" width="60mm" height="0mm"/>
+        </band></report>)");
+    // Two lines of 9 points are 710.5, rounded up 711 high: 311 more than there is, twice.
+    EXPECT_EQ(pagesText(layout, numbers(1)).toStdString(), R"(page 1
+  box 0,0 6000x1722
+  text 0,0 2000x711 "one two three|four"
+  text 2500,0 2000x400 "a"
+  text 0,811 2000x711 "five six seven|eight"
+  line 0,1822 6000,1822
+)");
+}
+
+TEST(Paginate, TextThatMayNotGrowIsCutAtItsFrame)
+{
+    const Layout layout = smallLayout(
+        R"(<band kind="detail" height="5mm"><field width="20mm" height="4mm" content="'one two three four'"/></band>)");
+    EXPECT_EQ(pageWords(layout, numbers(1)), "one two three");
+}
+
+TEST(Paginate, ATextLongerThanAPageGoesOnOnTheNext)
+{
+    const Layout layout = smallLayout(
+        R"(<band kind="pageHeader" height="5mm"><text content="P{PageNumber}"/></band>
+           <band kind="detail" height="5mm"><field content="B" canGrow="yes"/></band>)");
+    QStringList lines;
+    for (int line = 1; line <= 20; ++line)
+        lines.append(QString::number(line));
+    const Rows rows({u"B"_s}, {{lines.join(u'\n')}, {u"next"_s}});
+    // 2,500 of room holds seven lines of 355.
+    EXPECT_EQ(pageWords(layout, rows), "P1 1 2 3 4 5 6 7 / P2 8 9 10 11 12 13 14 / "
+                                       "P3 15 16 17 18 19 20 / P4 next");
+}
+
+TEST(Paginate, RepeatedValuesAreHiddenUntilAGroupOrPageBegins)
+{
+    const QByteArray detail = R"(<band kind="detail" height="5mm">
+        <field content="B" hideRepeated="yes"/><text content="{B}!" hideRepeated="yes"/><field content="C"/></band>)";
+    EXPECT_EQ(pageWords(smallLayout(detail), lettered({u"a x 1"_s, u"a x 2"_s, u"a y 3"_s})),
+              "x x! 1 2 y y! 3");
+    EXPECT_EQ(pageWords(smallLayout(R"(<group name="g" by="A"/>)" + detail),
+                        lettered({u"a x 1"_s, u"b x 2"_s, u"b x 3"_s})),
+              "x x! 1 x x! 2 3");
+    EXPECT_EQ(
+        pageWords(smallLayout(detail), lettered({u"a x 1"_s, u"a x 2"_s, u"a x 3"_s, u"a x 4"_s,
+                                                 u"a x 5"_s, u"a x 6"_s, u"a x 7"_s})),
+        "x x! 1 2 3 4 5 6 / x x! 7");
+}
+
+TEST(Paginate, ConditionsChangeStylesAndHide)
+{
+    const Layout layout = smallLayout(
+        R"(<band kind="detail" height="5mm">
+             <field content="N"><when condition="N = 2" color="#ff0000" fill="#ffff00" bold="yes"/></field>
+             <text content="odd" visibleIf="N mod 2 = 1"/></band>)");
+    const QList<Page> pages = allPages(layout, numbers(2), {});
+    ASSERT_EQ(pages[0].items.size(), 3);
+    EXPECT_EQ(std::get<TextItem>(pages[0].items[0]).style, Style());
+    const Style &marked = std::get<TextItem>(pages[0].items[2]).style;
+    EXPECT_EQ(marked.color, QColor(Qt::red));
+    EXPECT_EQ(marked.fill, QColor(Qt::yellow));
+    EXPECT_TRUE(marked.font.bold);
+}
+
+TEST(Paginate, FormulasServeAsFieldsAndCanBeReplaced)
+{
+    const Layout layout = smallLayout(
+        R"(<formula name="NoOfDays">0</formula><formula name="Twice">N * 2</formula>
+           <formula name="Self">Self + 1</formula>
+           <band kind="detail" height="5mm"><text content="{Twice}:{NoOfDays}:{sum(Twice)}:{Self}{{x}"/></band>)");
+    Inputs inputs;
+    inputs.formulas.insert(u"NoOfDays"_s, u"31"_s);
+    EXPECT_EQ(pageWords(layout, numbers(2), inputs), "2:31:2:{x} 4:31:6:{x}");
+}
+
+TEST(Paginate, KnowsTheDayAndTheRow)
+{
+    const Layout layout = smallLayout(
+        R"(<band kind="detail" height="5mm"><text width="60mm" content="{RowNumber} {Today} {format(Now, 'hh:mm')} {Unit No}"/></band>)");
+    Inputs inputs;
+    inputs.now = base::wallClock(QDate(2024, 3, 15), QTime(9, 30));
+    EXPECT_EQ(pageWords(layout, Rows({u"Unit No"_s}, {{u"M-1"_s}}), inputs),
+              "1 3/15/2024 09:30 M-1");
+}
+
+TEST(Paginate, ProblemsAreToldOnceAndTheRestPrints)
+{
+    const Layout layout = smallLayout(
+        R"(<band kind="detail" height="5mm"><field content="N"/><field content="Colour"/>
+             <field name="lblSum" content="sum(N,"/><field content="sum(N, 'nobody')" /
+        > <picture content = "missing.png" /><barCode content = "'&#x4e2d;'" />
+        <text content = "open {N" /></ band>) ");
+        QStringList problems;
+    const QList<Page> pages = allPages(layout, numbers(3), {}, &problems);
+    EXPECT_TRUE(words(pages[0]).startsWith(u"1"));
+    EXPECT_EQ(problems.size(), 6) << problems.join(u'\n').toStdString();
+    const std::string all = problems.join(u'\n').toStdString();
+    for (const char *part :
+         {"there is no field \"colour\"", "lblSum: ", "there is no group \"nobody\"",
+          "\"missing.png\" is not there", "can't be written as a bar code", "has no closing brace"})
+        EXPECT_THAT(all, testing::HasSubstr(part));
+}
+
+TEST(Paginate, TheSinkEndsTheReport)
+{
+    int seen = 0;
+    const Outcome outcome = paginate(smallLayout(detailN), numbers(100), {}, [&](Page &&page) {
+        EXPECT_EQ(page.number, ++seen);
+        return seen < 3;
+    });
+    EXPECT_EQ(seen, 3);
+    EXPECT_EQ(outcome.pages, 3);
+    EXPECT_TRUE(outcome.stopped);
+}
+
+TEST(Paginate, PicturesComeFromFilesAndRows)
+{
+    QTemporaryDir folder;
+    QFile file(folder.filePath(u"logo.png"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("12345");
+    file.close();
+    Inputs inputs;
+    inputs.folder = folder.path();
+    const Layout layout = smallLayout(
+        R"(<band kind="detail" height="5mm"><picture content="logo.png"/><picture content="=Photo"/></band>)");
+    EXPECT_EQ(pagesText(layout, Rows({u"Photo"_s}, {{QByteArray("123")}, {QVariant()}}), inputs)
+                  .toStdString(),
+              R"(page 1
+  picture 1000,1000 3000x500 5 bytes
+  picture 1000,1000 3000x500 3 bytes
+  picture 1000,1500 3000x500 5 bytes
+)");
+}
+
+TEST(Paginate, BarCodesAreCode128)
+{
+    const Layout layout = smallLayout(
+        R"(<band kind="detail" height="15mm"><barCode width="46mm" height="10mm" content="'A'"/></band>)");
+    const QList<Page> pages = allPages(layout, numbers(1), {});
+    const auto &code = std::get<BarCodeItem>(pages[0].items[0]);
+    // Start B 211214, "A" 111323, check (104 + 33) mod 103 = 34, which is 131123, stop 2331112: 46
+    // modules of 100 units.
+    const int widths[] = {2, 1, 1, 2, 1, 4, 1, 1, 1, 3, 2, 3, 1,
+                          3, 1, 1, 2, 3, 2, 3, 3, 1, 1, 1, 2};
+    int at = 1000;
+    qsizetype bar = 0;
+    for (std::size_t part = 0; part < std::size(widths); ++part) {
+        if (part % 2 == 0) {
+            ASSERT_LT(bar, code.bars.size());
+            EXPECT_EQ(code.bars[bar++], QRect(at, 1000, widths[part] * 100, 1000));
+        }
+        at += widths[part] * 100;
+    }
+    EXPECT_EQ(bar, code.bars.size());
+}
+
+TEST(FlowText, BreaksBetweenWordsAndWithinLongOnes)
+{
+    Style style;
+    QStringList lines;
+    // A figure of 9 points is 177 wide, so 1,000 holds five.
+    for (const TextLine &line : flowText(u"12 34\r\n1234567 8\n\nab"_s, style, 1000))
+        lines.append(line.text);
+    EXPECT_EQ(lines, (QStringList{u"12 34"_s, u"12345"_s, u"67 8"_s, QString(), u"ab"_s}));
+    style.padding = 100;
+    style.align = Align::Center;
+    const QList<TextLine> padded = flowText(u"11"_s, style, 1000);
+    EXPECT_EQ(padded[0].x, (1000 - 354) / 2);
+    EXPECT_EQ(flowHeight(padded, style), 356 + 200);
+}
+
+TEST(Tabulate, GivesBandsWithoutPages)
+{
+    const Layout layout = smallLayout(
+        R"(<group name="g" by="A"/>
+           <band kind="reportHeader"><text content="Title"/></band>
+           <band kind="pageHeader"><text content="Head"/></band>
+           <band kind="groupHeader" group="g"><field content="A"/></band>
+           <band kind="detail"><field content="B" hideRepeated="yes"/><line/></band>
+           <band kind="groupFooter" group="g"><field content="count(*)" format =
+            "0.0" / > </ band><band kind = "pageFooter"><text content = "Foot" /></ band>) ");
+        QStringList lines;
+    const Outcome outcome =
+        tabulate(layout, lettered({u"a x"_s, u"a x"_s, u"b x"_s}), {}, [&](const TableBand &band) {
+            for (const TableCell &cell : band.cells)
+                lines.append(cell.text);
+            return true;
+        });
+    EXPECT_FALSE(outcome.stopped);
+    EXPECT_EQ(lines.join(u' ').toStdString(), "Title Head a x x 2.0 b x 1.0");
+}
+
+} // namespace
+} // namespace report

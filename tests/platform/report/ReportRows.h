@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/report/layout/LayoutFile.h"
+#include "platform/report/paginate/DataSource.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace report {
+
+/// Rows written out by hand.
+class Rows final : public DataSource
+{
+public:
+    Rows(QStringList fields, QList<QVariantList> rows)
+        : m_fields(std::move(fields))
+        , m_rows(std::move(rows))
+    {}
+
+    [[nodiscard]] int rowCount() const override { return static_cast<int>(m_rows.size()); }
+    [[nodiscard]] int fieldIndex(const QString &name) const override
+    {
+        const auto isIt = [&](const QString &field) {
+            return field.compare(name, Qt::CaseInsensitive) == 0;
+        };
+        const auto found = std::find_if(m_fields.cbegin(), m_fields.cend(), isIt);
+        return found == m_fields.cend() ? -1 : static_cast<int>(found - m_fields.cbegin());
+    }
+    [[nodiscard]] QVariant value(int row, int field) const override { return m_rows[row][field]; }
+
+private:
+    QStringList m_fields;
+    QList<QVariantList> m_rows;
+};
+
+/// A layout written in its file's form; the test fails when it can't be read without a warning.
+inline Layout layoutOf(const QByteArray &text)
+{
+    const LayoutReading reading = readLayout(text);
+    EXPECT_TRUE(reading.layout.has_value()) << reading.error.toStdString();
+    EXPECT_TRUE(reading.warnings.isEmpty()) << reading.warnings.join(u'\n').toStdString();
+    return reading.layout.value_or(Layout());
+}
+
+} // namespace report
