@@ -94,6 +94,14 @@ clsEquipment fullMachine()
     return machine;
 }
 
+clsEquipment bareMachine(qint64 id, const QString &unit)
+{
+    clsEquipment machine;
+    machine.EquipmentID = id;
+    machine.UnitNo = unit;
+    return machine;
+}
+
 /// What that machine leaves in the table, written down by hand.
 QMap<QString, QString> fullRow()
 {
@@ -244,7 +252,7 @@ TEST_F(Machines, EveryColumnIsWrittenAddedOrModified)
     clsEquipment other = fullMachine();
     other.EquipmentID = 78;
     other.UnitNo = u"M13"_s;
-    ASSERT_TRUE(manager.SaveRecord({.EquipmentID = 78, .UnitNo = u"blank"_s}, Mode::Add));
+    ASSERT_TRUE(manager.SaveRecord(bareMachine(78, u"blank"_s), Mode::Add));
     ASSERT_TRUE(manager.SaveRecord(other, Mode::Modify));
     QMap<QString, QString> expected = fullRow();
     expected[u"EquipmentID"_s] = u"78"_s;
@@ -266,7 +274,7 @@ TEST_F(Machines, ReadingARowGivesBackWhatWasSaved)
 TEST_F(Machines, ADateThatWasNotGivenIsNull)
 {
     ASSERT_TRUE(manager.SaveRecord(fullMachine(), Mode::Add));
-    ASSERT_TRUE(manager.SaveRecord({.EquipmentID = 77, .UnitNo = u"A"_s}, Mode::Modify));
+    ASSERT_TRUE(manager.SaveRecord(bareMachine(77, u"A"_s), Mode::Modify));
     const db::Recordset rows = gcnData->Open(u"select * from tblEquipment"_s);
     for (const auto *column :
          {u"InstalledDate", u"LeaseStartDate", u"LeaseEndDate", u"WarrantyStartDate",
@@ -283,11 +291,11 @@ TEST_F(Machines, AnotherModeWritesNothing)
 TEST_F(Machines, ASaveThatFailsLeavesTheTransactionOpen)
 {
     BeginTrans();
-    ASSERT_TRUE(manager.SaveRecord({.EquipmentID = 1, .UnitNo = u"A"_s}, Mode::Add));
-    EXPECT_FALSE(manager.SaveRecord({.EquipmentID = 1, .UnitNo = u"B"_s}, Mode::Add));
+    ASSERT_TRUE(manager.SaveRecord(bareMachine(1, u"A"_s), Mode::Add));
+    EXPECT_FALSE(manager.SaveRecord(bareMachine(1, u"B"_s), Mode::Add));
     EXPECT_EQ(errors.takeOne().ModuleName, u"Class Equipment manager");
     EXPECT_TRUE(gbInTransaction);
-    EXPECT_TRUE(manager.SaveRecord({.EquipmentID = 2, .UnitNo = u"B"_s}, Mode::Add));
+    EXPECT_TRUE(manager.SaveRecord(bareMachine(2, u"B"_s), Mode::Add));
     CommitTrans();
     EXPECT_EQ(storedRow(2).value(u"UnitNo"_s), u"B");
 }

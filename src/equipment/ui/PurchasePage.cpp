@@ -102,7 +102,7 @@ void PurchasePage::buildWarranty(input::FormBuilder &form)
     cboWarrantyPeriod = form.comboField(u"cboWarrantyPeriod"_s, {});
     cboWarrantyPeriod->setAccessibleName(u"Period of the warranty"_s);
     form.endRow();
-    addDate(form, u"datWarrantyStart"_s, u"Warranty &Start Date:"_s,
+    addDate(form, u"datWarrantyStart"_s, u"Warrant&y Start Date:"_s,
             &clsEquipment::WarrantyStartDate);
     addDate(form, u"datWarrantyEnd"_s, u"Warranty &End Date:"_s, &clsEquipment::WarrantyEndDate);
     form.endGroup();
@@ -124,7 +124,7 @@ void PurchasePage::buildPurchase(input::FormBuilder &form)
     editorButton(form, u"cmdManufacturer"_s, u"Edit the manufacturers"_s, u"MANUFACTURE"_s,
                  [this] { ShowIndicatorDetail(LookupList::Manufacturer, cboManufacturer->id()); });
     QLineEdit *txtManufacturePartNo =
-        form.textField(u"txtManufacturePartNo"_s, u"Manu&facturer Part No:"_s, 50);
+        form.textField(u"txtManufacturePartNo"_s, u"Manufacturer Part No:"_s, 50);
     addDate(form, u"datAcquisition"_s, u"Ac&quisition Date:"_s, &clsEquipment::Acquisitiondate);
     input::CurrencyInput *cost =
         form.currencyField(u"txtAcquisitionCost"_s, u"Acquisition Cos&t:"_s);

@@ -4,10 +4,14 @@
 #include "core/ui/ScreenCalls.h"
 #include "equipment/clsEquipment_Manager.h"
 #include "equipment/ui/DepreciationPage.h"
+#include "equipment/ui/DocumentsPage.h"
 #include "equipment/ui/EnginePage.h"
 #include "equipment/ui/EquipmentTabs.h"
+#include "equipment/ui/HistoryPage.h"
 #include "equipment/ui/IdentityPage.h"
+#include "equipment/ui/MachinePartsPage.h"
 #include "equipment/ui/NotesPages.h"
+#include "equipment/ui/PicturesPage.h"
 #include "equipment/ui/PurchasePage.h"
 #include "equipment/ui/SchedulingPages.h"
 #include "equipment/ui/VehiclePage.h"
@@ -91,17 +95,16 @@ void frmEquipment::addPage(EquipmentPage *page)
 void frmEquipment::makePages()
 {
     m_identity = new IdentityPage(*this);
-    addPage(m_identity);
     m_services = new EquipmentServicePage(*this);
-    addPage(m_services);
-    addPage(new NotesPage(*this));
-    addPage(new UserFieldsPage(*this));
-    addPage(new EnginePage(*this));
-    addPage(new VehiclePage(*this));
-    addPage(new PurchasePage(*this));
     m_counts = new EquipmentCountPage(*this);
-    addPage(m_counts);
-    addPage(new DepreciationPage(*this));
+    m_depreciation = new DepreciationPage(*this);
+    // In the order of the tabs.
+    for (EquipmentPage *page : std::initializer_list<EquipmentPage *>{
+             m_identity, m_services, new HistoryPage(*this), new NotesPage(*this),
+             new UserFieldsPage(*this), new EnginePage(*this), new VehiclePage(*this),
+             new MachinePartsPage(*this), new PurchasePage(*this), m_counts,
+             new PicturesPage(*this), new DocumentsPage(*this), m_depreciation})
+        addPage(page);
 }
 
 void frmEquipment::connectPages()
@@ -120,7 +123,7 @@ void frmEquipment::connectPages()
     connect(m_counts, &EquipmentCountPage::readingsChanged, this,
             [this] { m_services->showMachine(m_equipmentID); });
     connect(m_tabs, &EquipmentTabs::chosen, this, &frmEquipment::chooseTab);
-    connect(m_identity, &IdentityPage::yearChosen, findChild<DepreciationPage *>(),
+    connect(m_identity, &IdentityPage::yearChosen, m_depreciation,
             &DepreciationPage::setPurchaseYear);
 }
 

@@ -4,6 +4,7 @@
 #include "equipment/clsEquipment.h"
 #include "equipment/ui/EquipmentPage.h"
 
+class DepreciationPage;
 class EquipmentCountPage;
 class EquipmentServicePage;
 class EquipmentTabs;
@@ -77,6 +78,7 @@ private:
     IdentityPage *m_identity = nullptr;
     EquipmentServicePage *m_services = nullptr;
     EquipmentCountPage *m_counts = nullptr;
+    DepreciationPage *m_depreciation = nullptr;
 
     EquipmentTabs *m_tabs = nullptr;
     QStackedWidget *m_stack = nullptr;

@@ -1,0 +1,713 @@
+#include "core/CompanySession.h"
+#include "core/General.h"
+#include "core/ui/ScreenCalls.h"
+#include "core/ui/ScreenDriver.h"
+#include "equipment/ui/Entries.h"
+#include "equipment/ui/EquipmentTabs.h"
+#include "organisation/clsIndicator.h"
+#include "platform/base/Format.h"
+#include "platform/grid/GridView.h"
+#include "platform/input/CurrencyInput.h"
+#include "platform/input/DateInput.h"
+#include "support/ScriptedPrompts.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QStackedWidget>
+
+using namespace Qt::StringLiterals;
+using test::ScreenDriver;
+using Icon = base::Prompts::Icon;
+using Buttons = base::Prompts::Buttons;
+using Answer = base::Prompts::Answer;
+
+namespace {
+
+const QString NoRights =
+    u"You do not have sufficient rights to this action. Please see your system administrator"_s;
+const QString TakenUnit =
+    u"Unit Number you specified already exists. Please enter a different Unit Number."_s;
+const QString SaveFirst = u"Record must be saved. Do you want to save it."_s;
+
+class EquipmentScreen : public test::CompanySession
+{
+protected:
+    EquipmentScreen() { gRights.EqAdd = gRights.EqMod = gRights.EqDel = true; }
+    ~EquipmentScreen() override
+    {
+        gRights = {};
+        screenCalls() = {};
+    }
+
+    static qint64 addItem(qint64 parent, const QString &name)
+    {
+        gcnLookup->Execute(
+            u"insert into tblIndicator(ParentID,ItemName,Show,FSize) values(?,?,1,0)"_s,
+            {parent, name});
+        return number(u"select max(ItemID) from tblIndicator"_s);
+    }
+    static void addMachine(qint64 id, const QString &unit, const QString &name,
+                           const QString &serial = {})
+    {
+        gcnData->Execute(u"insert into tblEquipment(EquipmentID,UnitNo,EquipmentName,"
+                         "EquipmentSerialNo) values(?,?,?,?)"_s,
+                         {id, unit, name, serial});
+    }
+    static qint64 number(const QString &query)
+    {
+        return gcnData->Open(query).value(0, 0).toLongLong();
+    }
+    static QString stored(const QString &column, qint64 id)
+    {
+        return base::toText(
+            gcnData
+                ->Open(u"select %1 from tblEquipment where EquipmentID = %2"_s.arg(column).arg(id))
+                .value(0, 0));
+    }
+
+    /// Works the screen and closes it; what its entry answers comes back.
+    static qint64 work(Mode mode, qint64 id, std::function<void(ScreenDriver)> act)
+    {
+        qint64 last = -1;
+        test::inScreen([&] { last = ShowEquipmentDetail(mode, id); },
+                       [&](ScreenDriver screen) {
+                           EXPECT_TRUE(QTest::qWaitForWindowActive(&screen.screen()));
+                           act(screen);
+                           if (!screen.isOpen())
+                               return;
+                           if (screen.isShown("cmdCancel"))
+                               screen.press("cmdCancel");
+                           screen.press("cmdExit");
+                       });
+        return last;
+    }
+    static int page(const ScreenDriver &screen)
+    {
+        return screen.screen().findChild<QStackedWidget *>()->currentIndex();
+    }
+    static void press(const ScreenDriver &screen, Qt::Key key)
+    {
+        QWidget *target = screen.screen().focusWidget();
+        QTest::keyClick(target ? target : &screen.screen(), key, Qt::ControlModifier);
+    }
+    static bool marked(const ScreenDriver &screen, int index)
+    {
+        return screen.screen().findChild<EquipmentTabs *>()->isMarked(index);
+    }
+
+    test::ScriptedPrompts prompts;
+};
+
+} // namespace
+
+TEST_F(EquipmentScreen, WithoutMachinesOnlyAddAndReturnAreOffered)
+{
+    EXPECT_EQ(work(Mode::Browse, 0,
+                   [](ScreenDriver screen) {
+                       EXPECT_TRUE(screen.isEnabled("cmdAdd"));
+                       EXPECT_TRUE(screen.isEnabled("cmdExit"));
+                       EXPECT_FALSE(screen.isEnabled("cmdDelete"));
+                       EXPECT_FALSE(screen.isShown("cmdUpdate"));
+                       EXPECT_TRUE(screen.control<QLineEdit>("txtUnitNo").isReadOnly());
+                       EXPECT_FALSE(screen.isEnabled("cmdNext"));
+                   }),
+              0);
+}
+
+TEST_F(EquipmentScreen, OpensOnTheMachineAskedForAndMovesInTheOrderOfUnits)
+{
+    addMachine(1, u"B"_s, u"second"_s);
+    addMachine(2, u"A"_s, u"first"_s);
+    addMachine(3, u"C"_s, u"third"_s);
+    EXPECT_EQ(work(Mode::Browse, 1,
+                   [](ScreenDriver screen) {
+                       EXPECT_EQ(screen.text("txtUnitNo"), u"B");
+                       screen.press("cmdNext");
+                       EXPECT_EQ(screen.text("txtEquipmentName"), u"third");
+                       EXPECT_FALSE(screen.isEnabled("cmdNext"));
+                       screen.press("cmdFirst");
+                       EXPECT_EQ(screen.text("txtEquipmentName"), u"first");
+                   }),
+              2);
+}
+
+TEST_F(EquipmentScreen, EachPageHasItsKeyAndItsButton)
+{
+    addMachine(1, u"A"_s, u"mower"_s);
+    struct Tab
+    {
+        Qt::Key key;
+        const char *caption;
+        const char *frame;
+    };
+    const Tab tabs[] = {
+        {Qt::Key_E, "Equipment (Ctrl+E)", "fraEquipment"},
+        {Qt::Key_S, "Service (Ctrl+S)", "fraService"},
+        {Qt::Key_H, "History (Ctrl+H)", "fraHistory"},
+        {Qt::Key_N, "Notes (Ctrl+N)", "fraNotes"},
+        {Qt::Key_F, "Fields (Ctrl+F)", "fraUserDefined"},
+        {Qt::Key_G, "Engine (Ctrl+G)", "fraEngineInfo"},
+        {Qt::Key_V, "Vehicle (Ctrl+V)", "fraVehicleInfo"},
+        {Qt::Key_P, "Parts (Ctrl+P)", "fraPartUsed"},
+        {Qt::Key_B, "Purchase (Ctrl+B)", "fraPurchase"},
+        {Qt::Key_C, "Counts (Ctrl+C)", "fraCounts"},
+        {Qt::Key_I, "Pictures (Ctrl+I)", "fraImages"},
+        {Qt::Key_O, "Documents (Ctrl+O)", "fraDocuments"},
+        {Qt::Key_D, "Depreciation (Ctrl+D)", "fraDepreciation"},
+    };
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        auto *buttons = screen.screen().findChild<EquipmentTabs *>();
+        for (int index = 12; index >= 0; --index) {
+            press(screen, tabs[index].key);
+            EXPECT_EQ(page(screen), index);
+            EXPECT_TRUE(screen.isShown(tabs[index].frame)) << tabs[index].frame;
+            EXPECT_TRUE(buttons->button(index)->isChecked());
+            EXPECT_EQ(buttons->button(index)->text(), QString::fromLatin1(tabs[index].caption));
+        }
+        for (int index = 12; index >= 0; --index) {
+            QTest::mouseClick(buttons->button(index), Qt::LeftButton);
+            EXPECT_EQ(page(screen), index);
+        }
+        EXPECT_FALSE(gbInTransaction) << "looking at pages edits nothing";
+    });
+}
+
+TEST_F(EquipmentScreen, TheFirstEditOpensTheTransactionAndSaveEndsIt)
+{
+    addMachine(1, u"A"_s, u"mower"_s);
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        EXPECT_FALSE(gbInTransaction);
+        screen.type("txtCapacity", u"60'"_s);
+        EXPECT_TRUE(gbInTransaction);
+        EXPECT_FALSE(screen.isShown("cmdAdd"));
+        EXPECT_FALSE(screen.isEnabled("cmdNext"));
+        screen.press("cmdUpdate");
+        EXPECT_FALSE(gbInTransaction);
+        EXPECT_TRUE(screen.isShown("cmdAdd"));
+    });
+    EXPECT_EQ(stored(u"Capacity"_s, 1), u"60'");
+}
+
+TEST_F(EquipmentScreen, CancelUndoesTheRecordAndTheRowsOfItsPages)
+{
+    addMachine(1, u"A"_s, u"mower"_s);
+    gcnData->Execute(u"update tblEquipment set Acquisitiondate = #05-01-2004#, Totalcost = 1000, "
+                     "SalvageValue = 100, LifeYears = 3 where EquipmentID = 1"_s);
+    gcnData->Execute(
+        u"insert into tblEquipmentDepreciation(EquipmentID,EndofYear) values(1,1999)"_s);
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        screen.type("txtEquipmentName", u"other"_s);
+        press(screen, Qt::Key_D);
+        screen.press("cmdRecalculate");
+        const grid::GridModel &schedule = screen.control<grid::GridView>("grdDepreciation").rows();
+        EXPECT_EQ(schedule.rowCount(), 3);
+        screen.press("cmdCancel");
+        EXPECT_EQ(schedule.rowCount(), 1);
+        EXPECT_EQ(schedule.text(0, u"End of Year"), u"1999");
+        EXPECT_EQ(screen.text("txtEquipmentName"), u"mower");
+    });
+    EXPECT_EQ(number(u"select max(EndofYear) from tblEquipmentDepreciation"_s), 1999);
+    EXPECT_EQ(stored(u"EquipmentName"_s, 1), u"mower");
+}
+
+TEST_F(EquipmentScreen, ANewMachineIsSavedUnderAKeyOfTheMoment)
+{
+    const qint64 id = work(Mode::Add, 0, [&](ScreenDriver screen) {
+        EXPECT_EQ(screen.focused(), "txtUnitNo");
+        EXPECT_TRUE(gbInTransaction);
+        QTest::keyClicks(screen.screen().focusWidget(), u"m-12 b"_s);
+        EXPECT_EQ(screen.text("txtUnitNo"), u"M12 B") << "letters, digits and blanks, in capitals";
+        screen.type("txtEquipmentName", u"Mower"_s);
+        screen.press("cmdUpdate");
+        EXPECT_EQ(screen.text("txtUnitNo"), u"M12 B");
+    });
+    EXPECT_EQ(id, 315093000) << "month, day, hour, minute, second of the clock";
+    EXPECT_EQ(stored(u"UnitNo"_s, id), u"M12 B");
+    EXPECT_EQ(stored(u"StateLicensed"_s, id), u"0");
+    EXPECT_EQ(number(u"select count(*) from tblEquipmentCrewHistory"_s), 0);
+}
+
+TEST_F(EquipmentScreen, ANewMachineShowsNoOtherPageUntilItIsSaved)
+{
+    work(Mode::Add, 0, [&](ScreenDriver screen) {
+        prompts.expect(SaveFirst, Icon::Question, Buttons::YesNo, Answer::No);
+        press(screen, Qt::Key_H);
+        EXPECT_EQ(page(screen), 0);
+        EXPECT_EQ(screen.focused(), "txtUnitNo");
+        EXPECT_TRUE(screen.control<QPushButton>("tabEquipment").isChecked());
+
+        prompts.expect(SaveFirst, Icon::Question, Buttons::YesNo, Answer::Yes);
+        prompts.expect(u"Equipment Unit No should not be blank."_s, Icon::None);
+        press(screen, Qt::Key_H);
+        EXPECT_EQ(page(screen), 0);
+        EXPECT_EQ(screen.focused(), "txtUnitNo");
+
+        screen.type("txtUnitNo", u"1"_s);
+        prompts.expect(u"Equipment Name should not be blank."_s, Icon::None);
+        screen.press("cmdUpdate");
+        EXPECT_EQ(screen.focused(), "txtEquipmentName");
+
+        screen.type("txtEquipmentName", u"Blower"_s);
+        prompts.expect(SaveFirst, Icon::Question, Buttons::YesNo, Answer::Yes);
+        press(screen, Qt::Key_H);
+        EXPECT_EQ(page(screen), 2);
+    });
+    EXPECT_EQ(number(u"select count(*) from tblEquipment"_s), 1);
+}
+
+TEST_F(EquipmentScreen, AUnitThatIsTakenIsRefused)
+{
+    addMachine(1, u"A 1"_s, u"mower"_s);
+    addMachine(2, u"B 1"_s, u"blower"_s);
+    work(Mode::Browse, 2, [&](ScreenDriver screen) {
+        screen.type("txtUnitNo", u"a 1"_s);
+        prompts.expect(TakenUnit, Icon::None);
+        QTest::keyClick(screen.screen().focusWidget(), Qt::Key_Tab);
+        QApplication::processEvents();
+        EXPECT_EQ(screen.text("txtUnitNo"), u"");
+        EXPECT_EQ(screen.focused(), "txtUnitNo");
+
+        screen.type("txtUnitNo", u"A 1"_s);
+        prompts.expect(TakenUnit, Icon::None);
+        screen.press("cmdUpdate");
+        EXPECT_EQ(screen.text("txtUnitNo"), u"A 1") << "Save leaves the text to be corrected";
+        EXPECT_EQ(screen.focused(), "txtUnitNo");
+        EXPECT_TRUE(gbInTransaction);
+
+        screen.type("txtUnitNo", u"b 1"_s);
+        screen.press("cmdUpdate");
+        EXPECT_FALSE(gbInTransaction) << "its own number may stay";
+    });
+}
+
+TEST_F(EquipmentScreen, ASerialNumberInUseNamesItsMachine)
+{
+    addMachine(1, u"A"_s, u"O'Hara's"_s, u"S'1"_s);
+    addMachine(2, u"B"_s, u"blower"_s, u""_s);
+    addMachine(3, u"C"_s, u"edger"_s, u""_s);
+    const QString taken = u"This serial number is already in use on \"A\" - \"O'Hara's\""_s;
+    work(Mode::Browse, 2, [&](ScreenDriver screen) {
+        screen.type("txtSerialNo", u"S'1"_s);
+        prompts.expect(taken, Icon::None);
+        QTest::keyClick(screen.screen().focusWidget(), Qt::Key_Tab);
+        QApplication::processEvents();
+        EXPECT_EQ(screen.text("txtSerialNo"), u"");
+        EXPECT_EQ(screen.focused(), "txtSerialNo");
+
+        screen.type("txtSerialNo", u"S'1"_s);
+        prompts.expect(taken, Icon::None);
+        press(screen, Qt::Key_N);
+        EXPECT_EQ(page(screen), 0) << "a key of another page leaves the box, too";
+
+        screen.type("txtSerialNo", u"S2"_s);
+        screen.press("cmdUpdate");
+        EXPECT_FALSE(gbInTransaction);
+    });
+    EXPECT_EQ(stored(u"EquipmentSerialNo"_s, 2), u"S2");
+}
+
+TEST_F(EquipmentScreen, AClickOnTheCrewIsHistoryEvenOfTheSameCrew)
+{
+    gcnLookup->Execute(u"insert into tblCrew(CrewNumber,Description) values(7,'North''s')"_s);
+    addMachine(1, u"A"_s, u"mower"_s);
+    const auto history = [] {
+        return gcnData->Open(
+            u"select CrewNumber, CrewDescription from tblEquipmentCrewHistory order by CrewNumber"_s);
+    };
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        screen.choose("cboCrew", u"7   North's"_s);
+        screen.press("cmdUpdate");
+        EXPECT_EQ(history().RecordCount(), 1);
+        screen.choose("cboCrew", u"7   North's"_s);
+        screen.press("cmdUpdate");
+        EXPECT_EQ(history().RecordCount(), 2);
+        screen.type("txtCapacity", u"1"_s);
+        screen.press("cmdUpdate");
+        EXPECT_EQ(history().RecordCount(), 2) << "the crew was not touched";
+        screen.choose("cboCrew", u"  "_s);
+        screen.press("cmdUpdate");
+    });
+    const db::Recordset rows = history();
+    ASSERT_EQ(rows.RecordCount(), 3);
+    EXPECT_EQ(rows.row(0).text(u"CrewNumber"), u"");
+    EXPECT_EQ(rows.row(2).text(u"CrewNumber"), u"7");
+    EXPECT_EQ(rows.row(2).text(u"CrewDescription"), u"North's");
+    EXPECT_EQ(stored(u"CrewID"_s, 1), u"0");
+}
+
+TEST_F(EquipmentScreen, ListsFollowTheirParents)
+{
+    const qint64 mower = addItem(LookupList::EquipmentType, u"Mower"_s);
+    addItem(LookupList::EquipmentType, u"Truck"_s);
+    const qint64 make = addItem(mower, u"Acme"_s);
+    addItem(make, u"X 1"_s);
+    gcnLookup->Execute(u"insert into tblSite(SiteName) values('Yard')"_s);
+    gcnLookup->Execute(u"insert into tblLocation(LocationName,Site) values('Shed',1)"_s);
+    addMachine(1, u"A"_s, u"mower"_s);
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        const auto items = [&](const char *list) {
+            return screen.control<QComboBox>(list).count();
+        };
+        EXPECT_EQ(items("cboMake"), 0);
+        screen.choose("cboType", u"Mower"_s);
+        EXPECT_EQ(items("cboMake"), 2);
+        EXPECT_EQ(items("cboModel"), 0);
+        screen.choose("cboMake", u"Acme"_s);
+        screen.choose("cboModel", u"X 1"_s);
+        screen.choose("cboSite", u"Yard"_s);
+        screen.choose("cboLocation", u"Shed"_s);
+        screen.press("cmdUpdate");
+        EXPECT_EQ(screen.text("cboModel"), u"X 1");
+        EXPECT_EQ(screen.text("cboLocation"), u"Shed");
+
+        screen.choose("cboType", u"Truck"_s);
+        EXPECT_EQ(screen.text("cboMake"), u"");
+        EXPECT_EQ(items("cboModel"), 0) << "the models of the former make are gone";
+        screen.press("cmdCancel");
+        EXPECT_EQ(screen.text("cboMake"), u"Acme");
+    });
+    EXPECT_EQ(stored(u"EquipmentMake"_s, 1).toLongLong(), make);
+}
+
+TEST_F(EquipmentScreen, AMakeThatWasDeletedByHandIsToldAndSavedAsNone)
+{
+    const qint64 mower = addItem(LookupList::EquipmentType, u"Mower"_s);
+    addMachine(1, u"A"_s, u"mower"_s);
+    gcnData->Execute(u"update tblEquipment set EquipmentType = ?, EquipmentMake = 9999, "
+                     "Capacity = 'kept' where EquipmentID = 1"_s,
+                     {mower});
+    const auto missing = [this] {
+        prompts.expect(u"One of lookup item has been deleted\nmanually from database"_s,
+                       Icon::None);
+    };
+    missing();
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        EXPECT_EQ(screen.text("cboMake"), u"");
+        EXPECT_EQ(screen.text("cboType"), u"Mower");
+        EXPECT_EQ(screen.text("txtCapacity"), u"kept") << "the other fields are shown";
+        prompts.expect(u"You must first add a new Make before adding a new Model"_s, Icon::None);
+        screen.press("cmdModel");
+        screen.type("txtCapacity", u"1"_s);
+        screen.press("cmdUpdate");
+    });
+    EXPECT_EQ(stored(u"EquipmentMake"_s, 1), u"0");
+}
+
+TEST_F(EquipmentScreen, ALoanRenamesTheLease)
+{
+    addMachine(1, u"A"_s, u"mower"_s);
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        press(screen, Qt::Key_B);
+        const auto has = [&](const QString &caption) {
+            for (const QLabel *label : screen.screen().findChildren<QLabel *>())
+                if (label->isVisible() && label->text() == caption)
+                    return true;
+            return false;
+        };
+        const auto expectBlock = [&](const QString &word, const QString &other) {
+            for (const auto *rest :
+                 {" Company:", " is for:", " Start Date:", " End Date:", " Payment:"}) {
+                EXPECT_TRUE(has(word + QLatin1String(rest))) << rest;
+                EXPECT_FALSE(has(other + QLatin1String(rest))) << rest;
+            }
+        };
+        expectBlock(u"Lease"_s, u"Loan"_s);
+        screen.choose("cboLeaseOwnedLeased", u"Loan"_s);
+        expectBlock(u"Loan"_s, u"Lease"_s);
+        screen.choose("cboLeaseOwnedLeased", u"Owned"_s);
+        expectBlock(u"Lease"_s, u"Loan"_s);
+    });
+}
+
+TEST_F(EquipmentScreen, ADateThatIsNoneHoldsThePageAndTheSave)
+{
+    addMachine(1, u"A"_s, u"mower"_s);
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        press(screen, Qt::Key_B);
+        auto &date = screen.control<input::DateInput>("datAcquisition");
+        date.setFocus();
+        QTest::keyClicks(&date, u"13452024"_s);
+        prompts.expect(u"Please enter valid date."_s, Icon::None);
+        press(screen, Qt::Key_E);
+        EXPECT_EQ(page(screen), 8);
+        prompts.expect(u"Please enter valid date."_s, Icon::None);
+        screen.control<QPushButton>("cmdUpdate").click();
+        EXPECT_EQ(screen.focused(), "datAcquisition");
+        EXPECT_TRUE(gbInTransaction);
+        date.setDate(QDate(2019, 6, 2));
+        screen.press("cmdUpdate");
+        EXPECT_FALSE(gbInTransaction);
+    });
+    EXPECT_EQ(stored(u"Acquisitiondate"_s, 1), u"6/2/2019");
+}
+
+TEST_F(EquipmentScreen, BlankIntervalsBecomeZeroWhenLeft)
+{
+    addMachine(1, u"A"_s, u"mower"_s);
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        press(screen, Qt::Key_B);
+        for (const char *box : {"txtLeaseInterval", "txtWarrantyInterval"}) {
+            EXPECT_EQ(screen.text(box), u"");
+            screen.type(box, u"1x2"_s);
+            EXPECT_EQ(screen.text(box), u"12");
+            screen.type(box, u""_s);
+            QTest::keyClick(screen.screen().focusWidget(), Qt::Key_Tab);
+            EXPECT_EQ(screen.text(box), u"0");
+        }
+    });
+}
+
+TEST_F(EquipmentScreen, TabsOfPagesWithContentAreMarked)
+{
+    addMachine(1, u"A"_s, u"bare"_s);
+    addMachine(2, u"B"_s, u"full"_s);
+    gcnData->Execute(u"update tblEquipment set Notes = 'n', UserDefined10 = 'u', EngineSize = '5', "
+                     "InspectionDate = #01-02-2024#, LeasePeriod = 2, LifeYears = 4 "
+                     "where EquipmentID = 2"_s);
+    gcnData->Execute(u"insert into tblEquipmentCount(EquipmentID,ChangeDate,CountType,CountValue) "
+                     "values(2,#01-02-2024#,'Hours',5)"_s);
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        for (int index = 0; index < 13; ++index)
+            EXPECT_EQ(marked(screen, index), index == 0) << index;
+        screen.press("cmdNext");
+        for (int index : {0, 3, 4, 5, 6, 8, 9, 12})
+            EXPECT_TRUE(marked(screen, index)) << index;
+        for (int index : {1, 2, 7, 10, 11})
+            EXPECT_FALSE(marked(screen, index)) << index;
+    });
+}
+
+TEST_F(EquipmentScreen, DeletingAsksAndShowsTheNeighbour)
+{
+    addMachine(1, u"A"_s, u"first"_s);
+    addMachine(2, u"B"_s, u"second"_s);
+    addMachine(3, u"C"_s, u"third"_s);
+    gcnData->Execute(u"insert into tblWorkorder(EquipmentID) values(1)"_s);
+    const QString question = u"This will delete the entire piece of equipment and all its history. "
+                             "Are you sure you want to do this?"_s;
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+        prompts.expect(u"Deletion not allowed. Record is being used in WorkOrder."_s,
+                       Icon::Information);
+        screen.press("cmdDelete");
+        screen.press("cmdNext");
+        prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::No);
+        screen.press("cmdDelete");
+        prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+        screen.press("cmdDelete");
+        EXPECT_EQ(screen.text("txtUnitNo"), u"C");
+        prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+        screen.press("cmdDelete");
+        EXPECT_EQ(screen.text("txtUnitNo"), u"A");
+        gRights.EqDel = false;
+        prompts.expect(NoRights, Icon::Information);
+        screen.press("cmdDelete");
+    });
+    EXPECT_EQ(number(u"select count(*) from tblEquipment"_s), 1);
+}
+
+TEST_F(EquipmentScreen, WithoutTheRightsNothingCanBeChanged)
+{
+    gRights.EqAdd = gRights.EqMod = false;
+    addMachine(1, u"A"_s, u"mower"_s);
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        prompts.expect(NoRights, Icon::Information);
+        screen.press("cmdAdd");
+        for (const char *box : {"txtUnitNo", "txtCapacity", "txtVin", "datInspection"})
+            EXPECT_TRUE(screen.control<QLineEdit>(box).isReadOnly()) << box;
+        EXPECT_TRUE(screen.control<QPlainTextEdit>("rtfNotes").isReadOnly());
+        for (const char *control :
+             {"cboType", "cboCrew", "chkInactive", "cmdAddNewService", "cmdAddCount"})
+            EXPECT_FALSE(screen.isEnabled(control)) << control;
+        QTest::keyClicks(&screen.control("txtCapacity"), u"5"_s);
+        press(screen, Qt::Key_D);
+        EXPECT_EQ(page(screen), 12) << "looking stays allowed";
+        EXPECT_FALSE(gbInTransaction);
+    });
+}
+
+TEST_F(EquipmentScreen, CtrlDStampsNotesAndElsewhereShowsTheDepreciation)
+{
+    addMachine(1, u"A"_s, u"mower"_s);
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        press(screen, Qt::Key_N);
+        EXPECT_EQ(screen.focused(), "rtfNotes");
+        press(screen, Qt::Key_D);
+        EXPECT_EQ(page(screen), 3);
+        EXPECT_EQ(screen.text("rtfNotes"), u"3/15/2024 9:30 AM");
+        press(screen, Qt::Key_B);
+        screen.control("txtPurchaseNotes").setFocus();
+        press(screen, Qt::Key_D);
+        EXPECT_EQ(screen.text("txtPurchaseNotes"), u"3/15/2024 9:30 AM");
+        screen.control("txtSupplierPartNo").setFocus();
+        press(screen, Qt::Key_D);
+        EXPECT_EQ(page(screen), 12);
+    });
+}
+
+TEST_F(EquipmentScreen, UserFieldsCarryTheCustomersNames)
+{
+    SetOption(u"UserDefinedField2"_s, u"Insurance"_s, false);
+    addMachine(1, u"A"_s, u"mower"_s);
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        EXPECT_EQ(screen.control("txtUserDefined2").accessibleName(), u"Insurance");
+        press(screen, Qt::Key_F);
+        screen.type("txtUserDefined2", u"Policy 5"_s);
+        screen.press("cmdUpdate");
+    });
+    EXPECT_EQ(stored(u"UserDefined2"_s, 1), u"Policy 5");
+}
+
+TEST_F(EquipmentScreen, FindAndPrintGoThroughTheirFolders)
+{
+    addMachine(1, u"A"_s, u"mower"_s);
+    addMachine(2, u"B"_s, u"blower"_s);
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        EXPECT_FALSE(screen.isEnabled("cmdFind"));
+        EXPECT_FALSE(screen.isEnabled("cmdPrint"));
+    });
+    QString filter;
+    screenCalls().reports.insert(u"ShowEquipmentDetailReport"_s, [&](const QString &given) {
+        filter = given;
+        return true;
+    });
+    screenCalls().ShowQuickFind = [](const ScreenCalls::QuickFind &find) {
+        EXPECT_EQ(find.field, u"UnitNo");
+        EXPECT_EQ(find.form, u"frmEquipment");
+        return u"2"_s;
+    };
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        screen.press("cmdFind");
+        EXPECT_EQ(screen.text("txtUnitNo"), u"B");
+        screen.press("cmdPrint");
+    });
+    EXPECT_EQ(filter, u" where  tblEquipment.EquipmentID  = 2");
+}
+
+TEST_F(EquipmentScreen, AMachineThatAnotherWorkstationHoldsKeepsWhatWasTyped)
+{
+    addMachine(1, u"A"_s, u"mower"_s);
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        screen.type("txtCapacity", u"mine"_s);
+        const auto other = database.open();
+        other->BeginTrans();
+        other->Execute(u"update tblEquipment set Weight = 'theirs' where EquipmentID = 1"_s);
+        prompts.expect(
+            u"Another workstation is changing this record. Please try again in a moment."_s,
+            Icon::None);
+        screen.press("cmdUpdate");
+        EXPECT_EQ(screen.text("txtCapacity"), u"mine");
+        EXPECT_TRUE(screen.isShown("cmdUpdate"));
+        other->CommitTrans();
+        screen.press("cmdUpdate");
+        EXPECT_FALSE(gbInTransaction);
+    });
+    EXPECT_EQ(stored(u"Capacity"_s, 1), u"mine");
+}
+
+// --- Depreciation --------------------------------------------------------------------------------
+
+namespace {
+
+class DepreciationOnScreen : public EquipmentScreen
+{
+protected:
+    DepreciationOnScreen()
+    {
+        addMachine(1, u"A"_s, u"mower"_s);
+        gcnData->Execute(u"update tblEquipment set Acquisitiondate = #05-01-2004# "
+                         "where EquipmentID = 1"_s);
+    }
+};
+
+} // namespace
+
+TEST_F(DepreciationOnScreen, ChecksWhatItIsWorkedOutFrom)
+{
+    struct Case
+    {
+        const char *message;
+        const char *focus;
+        QString total, salvage, life;
+    };
+    const Case cases[] = {
+        {"Total cost should not be blank.", "txtTotalCost", {}, {}, {}},
+        {"Salvage Value should not be blank.", "txtSalvageValue", u"100"_s, {}, {}},
+        {"Salvage Value should be less then the Total Cost.",
+         "txtSalvageValue",
+         u"100"_s,
+         u"100.00"_s,
+         {}},
+        {"Life of Asset should not be blank.", "txtAssetYears", u"1000.5"_s, u"1000.25"_s, {}},
+    };
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        press(screen, Qt::Key_D);
+        for (const Case &given : cases) {
+            screen.control<QLineEdit>("txtTotalCost").setText(given.total);
+            screen.control<QLineEdit>("txtSalvageValue").setText(given.salvage);
+            screen.control<QLineEdit>("txtAssetYears").setText(given.life);
+            prompts.expect(QString::fromLatin1(given.message), Icon::None);
+            // A key presses the button without leaving the box.
+            screen.control<QPushButton>("cmdRecalculate").click();
+            EXPECT_EQ(screen.focused(), given.focus);
+        }
+    });
+}
+
+TEST_F(DepreciationOnScreen, WritesAtOnceAndTurnsNoMode)
+{
+    gcnData->Execute(u"update tblEquipment set Totalcost = 1000, SalvageValue = 0, LifeYears = 3 "
+                     "where EquipmentID = 1"_s);
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        press(screen, Qt::Key_D);
+        EXPECT_EQ(screen.control<QLabel>("lblPurchaseYear").text(), u"2004");
+        screen.press("cmdRecalculate");
+        EXPECT_TRUE(screen.isShown("cmdAdd"));
+        EXPECT_FALSE(gbInTransaction);
+        const grid::GridModel &schedule = screen.control<grid::GridView>("grdDepreciation").rows();
+        ASSERT_EQ(schedule.rowCount(), 3);
+        EXPECT_EQ(schedule.text(0, u"End of Year"), u"2004");
+        EXPECT_EQ(schedule.text(1, u"Annual Depreciation"), u"$333.33");
+        EXPECT_EQ(schedule.text(1, u"Accumualted Depreciation"), u"$666.67");
+        EXPECT_EQ(schedule.text(2, u"Book Value"), u"$0.00");
+    });
+    EXPECT_EQ(number(u"select count(*) from tblEquipmentDepreciation"_s), 3);
+}
+
+TEST_F(DepreciationOnScreen, TheYearListGivesAnotherFirstYearUntilTheNextDisplay)
+{
+    gcnData->Execute(u"update tblEquipment set Totalcost = 10, SalvageValue = 0, LifeYears = 1 "
+                     "where EquipmentID = 1"_s);
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        screen.choose("cboYear", u"2010"_s);
+        press(screen, Qt::Key_D);
+        EXPECT_EQ(screen.control<QLabel>("lblPurchaseYear").text(), u"2010");
+        screen.press("cmdRecalculate");
+        screen.press("cmdUpdate");
+        EXPECT_EQ(screen.control<QLabel>("lblPurchaseYear").text(), u"2004");
+        EXPECT_EQ(number(u"select max(EndofYear) from tblEquipmentDepreciation"_s), 2010);
+
+        press(screen, Qt::Key_E);
+        screen.choose("cboYear", u"  "_s);
+        press(screen, Qt::Key_D);
+        prompts.expect(u"Equipment purchase year is empty.First Enter Equipment purchase year."_s,
+                       Icon::None);
+        screen.press("cmdRecalculate");
+    });
+}
+
+TEST_F(DepreciationOnScreen, NeedsAnAcquisitionDateAndFillsBlanksWithZero)
+{
+    gcnData->Execute(u"update tblEquipment set Acquisitiondate = NULL where EquipmentID = 1"_s);
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        press(screen, Qt::Key_D);
+        EXPECT_EQ(screen.control<QLabel>("lblPurchaseYear").text(), u"");
+        EXPECT_FALSE(screen.isEnabled("cmdRecalculate"));
+        screen.type("txtTotalCost", u"1a0.5.x"_s);
+        EXPECT_EQ(screen.text("txtTotalCost"), u"10.5");
+        screen.type("txtTotalCost", u""_s);
+        QTest::keyClick(screen.screen().focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(screen.text("txtTotalCost"), u"0");
+    });
+}
