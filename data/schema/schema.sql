@@ -431,6 +431,9 @@ create table tblWoServiceUsed (
 );
 create index ixWoServiceUsedOrder on tblWoServiceUsed (WorkorderNo);
 create index ixWoServiceUsedService on tblWoServiceUsed (ServiceUsedID);
+-- A service stands on one open order at most, however many workstations make orders at once. 0 is no
+-- service of a machine.
+create unique index ixWoServiceUsedOnce on tblWoServiceUsed (ServiceUsedID) with ignore zero;
 create index ixWoServiceUsedEquipment on tblWoServiceUsed (EquipmentID);
 create index ixWoServiceUsedNewest on tblWoServiceUsed (NServiceUsedID desc);
 

@@ -6,7 +6,9 @@
 #include "scheduling/GetNextScheduledDate.h"
 #include "scheduling/Readings.h"
 
+#include <QHash>
 #include <QStringList>
+#include <optional>
 
 namespace posting {
 namespace {
@@ -27,6 +29,16 @@ QString joined(const QList<qint64> &numbers, const QString &separator = u","_s)
     for (const qint64 number : numbers)
         texts.append(QString::number(number));
     return texts.join(separator);
+}
+
+/// Numbers as lists for "in (...)", none longer than the database takes. No list is empty.
+QStringList listsOf(const QList<qint64> &numbers)
+{
+    constexpr qsizetype longest = 1000;
+    QStringList lists;
+    for (qsizetype at = 0; at < numbers.size(); at += longest)
+        lists.append(joined(numbers.mid(at, longest)));
+    return lists;
 }
 
 /// The columns of service history, and for each the column of the open service that it takes.
@@ -59,7 +71,7 @@ const QStringList HistoryColumns{u"WorkorderNo"_s,
 
 /// The services of these orders that are completed or skipped, their columns in the order of the
 /// history's, and last the assignment behind each.
-db::Recordset postedServices(const QList<qint64> &orders)
+db::Recordset postedServices(const QString &orders)
 {
     return gcnData->Open(
         u"Select tblWoserviceUsed.WorkorderNo, NserviceUsedID, tblWoserviceUsed.EquipmentID, "
@@ -73,7 +85,7 @@ db::Recordset postedServices(const QList<qint64> &orders)
         "tblWoserviceUsed.SupplierID = tblSupplier.SupplierID) left join tblCostCenter on "
         "tblWoServiceUsed.CostcenterID = tblCostCenter.CostCenterID where "
         "tblWoServiceUsed.WorkorderNo in(%1) and (not ((Skip is Null or Skip <> -1) and (Completed "
-        "is Null or Completed <> -1)))"_s.arg(joined(orders)));
+        "is Null or Completed <> -1)))"_s.arg(orders));
 }
 
 void insertServiceHistory(const db::Row &service)
@@ -158,78 +170,150 @@ void insertPartHistory(const db::Row &part)
          part.flag(u"Used") ? part[u"QuantityUsed"] : QVariant(0)});
 }
 
-/// Takes a used part from the stock that it had when the posting began: of two rows of one part the
-/// last decides. Stock may go below zero.
-void takeFromStock(const db::Row &part)
+/// What takes used parts out of the stock that they had when the posting began: of two rows of one
+/// part the last decides. Stock may go below zero.
+class Stock
 {
-    const double used = part.real(u"QuantityUsed");
-    if (used <= 0 || !part.flag(u"Used") || IsPartInInventory(part.text(u"PartID")))
-        return;
-    gcnData->Execute(u"Update tblpart set Quantity = ? where partid = ?"_s,
-                     {part.real(u"Quantity") - used, part[u"PartID"]});
-}
-
-/// Passes the services and parts of these orders into history; the keys of the open services.
-QList<qint64> AddServiceHistoryRecord(const QList<qint64> &orders, const Progress &progress)
-{
-    QList<qint64> ids;
-    const db::Recordset services = postedServices(orders);
-    for (const db::Row service : services) {
-        insertServiceHistory(service);
-        const qint64 serviceUsedID = service.integer(u"ServiceUSedID");
-        if (serviceUsedID != 0)
-            reschedule(service, serviceUsedID);
-        else
-            keepReading(service);
-        ids.append(service.integer(u"NserviceUsedID"));
-        if (progress)
-            progress(static_cast<int>(ids.size()), services.RecordCount());
+public:
+    void take(const db::Row &part)
+    {
+        const double used = part.real(u"QuantityUsed");
+        const QString id = part.text(u"PartID");
+        if (used <= 0 || !part.flag(u"Used") || IsPartInInventory(id))
+            return;
+        gcnData->Execute(u"Update tblpart set Quantity = ? where partid = ?"_s,
+                         {atBegin(id) - used, id});
     }
-    // A 0 keeps the list valid when it is empty.
-    ids.append(0);
-    const db::Recordset parts = gcnData->Open(
+
+private:
+    /// The quantity, held from here on against other workstations: what one of them has taken since
+    /// the parts were read must not come back.
+    double atBegin(const QString &id)
+    {
+        const QString key = id.toCaseFolded();
+        const auto known = m_atBegin.constFind(key);
+        if (known != m_atBegin.constEnd())
+            return *known;
+        gcnData->Execute(u"Update tblpart set Quantity = Quantity where partid = ?"_s, {id});
+        const db::Recordset rows =
+            gcnData->Open(u"Select Quantity from tblPart where PartID = ?"_s, {id});
+        const double quantity = rows.isEmpty() ? 0 : rows.current().real(u"Quantity");
+        m_atBegin.insert(key, quantity);
+        return quantity;
+    }
+
+    QHash<QString, double> m_atBegin; ///< by part number, whose case doesn't count
+};
+
+db::Recordset usedParts(const QString &services)
+{
+    return gcnData->Open(
         u"Select ServiceUsedID, tblWoPartUsed.PartID, Description, ItemName, tblWoPartUsed.Price, "
-        "Name, QuantityRequired, QuantityUsed, Quantity, Used From ((tblWoPartUsed Left join "
+        "Name, QuantityRequired, QuantityUsed, Used From ((tblWoPartUsed Left join "
         "tblPart on tblWoPartUsed.partID = tblPart.PartID) Left join tblSupplier on "
         "tblWoPartUsed.SupplierId = tblSupplier.SupplierID) Left join tblIndicator on "
-        "tblPart.PartCategoryID = tblIndicator.ItemID where ServiceUsedId in (%1)"_s.arg(
-            joined(ids)));
-    for (const db::Row part : parts) {
-        insertPartHistory(part);
-        takeFromStock(part);
+        "tblPart.PartCategoryID = tblIndicator.ItemID where ServiceUsedId in (%1)"_s.arg(services));
+}
+
+/// The services to post, list by list.
+QList<db::Recordset> servicesOf(const QList<qint64> &orders)
+{
+    QList<db::Recordset> services;
+    for (const QString &list : listsOf(orders))
+        services.append(postedServices(list));
+    return services;
+}
+
+void postParts(const QList<qint64> &ids)
+{
+    Stock stock;
+    for (const QString &list : listsOf(ids)) {
+        for (const db::Row part : usedParts(list)) {
+            insertPartHistory(part);
+            stock.take(part);
+        }
     }
-    return ids;
+}
+
+/// Passes the services and parts of these orders into history; the keys of the open services. A
+/// failure is reported, and nothing is given back then: the whole transaction is undone.
+std::optional<QList<qint64>> AddServiceHistoryRecord(const QList<qint64> &orders,
+                                                     const Progress &progress)
+{
+    const auto none = std::optional<QList<qint64>>();
+    return base::trapped(Module, "AddServiceHistoryRecord", none, [&] {
+        TransactionScope transaction;
+        QList<qint64> ids;
+        const QList<db::Recordset> lists = servicesOf(orders);
+        int all = 0;
+        for (const db::Recordset &services : lists)
+            all += services.RecordCount();
+        for (const db::Recordset &services : lists) {
+            for (const db::Row service : services) {
+                insertServiceHistory(service);
+                const qint64 serviceUsedID = service.integer(u"ServiceUSedID");
+                if (serviceUsedID != 0)
+                    reschedule(service, serviceUsedID);
+                else
+                    keepReading(service);
+                ids.append(service.integer(u"NserviceUsedID"));
+                if (progress)
+                    progress(static_cast<int>(ids.size()), all);
+            }
+        }
+        postParts(ids);
+        transaction.leaveOpen();
+        return std::optional(ids);
+    });
+}
+
+/// Holds the orders against other workstations, so that of two that post one order the second
+/// finds it gone, or is refused while the first is still at it.
+void hold(const QList<qint64> &orders)
+{
+    for (const QString &list : listsOf(orders))
+        gcnData->Execute(
+            u"Update tblWorkorder set Complete = Complete where WorkorderNo in (%1)"_s.arg(list));
+}
+
+/// True when a service of the order that is done, or skipped, lacks the count that it needs.
+bool waitsForCount(qint64 order)
+{
+    return !gcnData
+                ->Open(u"Select Workorderno from tblwoServiceUsed where Workorderno = ? and Period "
+                       "in ('C','H','K','I') and countvalue is NULL and (Completed = -1 Or Skip = "
+                       "-1)"_s,
+                       {order})
+                .isEmpty();
 }
 
 /// Splits the orders that are there into those to post and those that wait for a count.
 void holdBack(const QList<qint64> &wanted, QList<qint64> &posted, QList<qint64> &held)
 {
-    const db::Recordset orders = gcnData->Open(
-        u"Select Workorderno From tblWorkorder Where WorkorderNo in (%1)"_s.arg(joined(wanted)));
-    for (const db::Row order : orders) {
-        const qint64 number = order.integer(u"Workorderno");
-        const bool waits =
-            !gcnData
-                 ->Open(u"Select Workorderno from tblwoServiceUsed where Workorderno "
-                        "= ? and Period in ('C','H','K','I') and countvalue is NULL "
-                        "and (Completed = -1 Or Skip = -1)"_s,
-                        {number})
-                 .isEmpty();
-        (waits ? held : posted).append(number);
+    for (const QString &list : listsOf(wanted)) {
+        for (const db::Row order : gcnData->Open(
+                 u"Select Workorderno From tblWorkorder Where WorkorderNo in (%1)"_s.arg(list))) {
+            const qint64 number = order.integer(u"Workorderno");
+            (waitsForCount(number) ? held : posted).append(number);
+        }
     }
 }
 
+/// Removes the posted services with their parts, and the orders that have no service left.
 void deleteOpenRows(const QList<qint64> &orders, const QList<qint64> &ids)
 {
-    const QString list = joined(orders);
-    const QString services = joined(ids);
-    gcnData->Execute(u"Delete from tblWoPartUsed where ServiceUSedID in (%1)"_s.arg(services));
-    gcnData->Execute(u"Delete from tblWoServiceUsed where NServiceUSedID in (%1)"_s.arg(services));
-    gcnData->Execute(
-        u"Delete from tblWorkorder where WorkOrderno in (%1) and (not workorderno in (SELECT "
-        "tblWorkorder.workorderno FROM tblWOServiceUSed LEFT JOIN tblWorkorder ON "
-        "tblworkorder.workorderno = tblWoServiceUsed.workorderno WHERE tblWorkorder.workorderno in "
-        "(%1)))"_s.arg(list));
+    for (const QString &services : listsOf(ids)) {
+        gcnData->Execute(u"Delete from tblWoPartUsed where ServiceUSedID in (%1)"_s.arg(services));
+        gcnData->Execute(
+            u"Delete from tblWoServiceUsed where NServiceUSedID in (%1)"_s.arg(services));
+    }
+    for (const QString &list : listsOf(orders)) {
+        gcnData->Execute(
+            u"Delete from tblWorkorder where WorkOrderno in (%1) and (not workorderno in (SELECT "
+            "tblWorkorder.workorderno FROM tblWOServiceUSed LEFT JOIN tblWorkorder ON "
+            "tblworkorder.workorderno = tblWoServiceUsed.workorderno WHERE "
+            "tblWorkorder.workorderno in (%1)))"_s.arg(list));
+    }
 }
 
 /// All open orders lose their mark but those held back, also such as another workstation has
@@ -255,10 +339,13 @@ bool PostWorkOrder(QList<qint64> &orders, const Progress &progress)
         TransactionScope transaction;
         QList<qint64> posted;
         QList<qint64> held;
+        hold(orders);
         holdBack(orders, posted, held);
         if (!posted.isEmpty()) {
-            const QList<qint64> ids = AddServiceHistoryRecord(posted, progress);
-            deleteOpenRows(posted, ids);
+            const auto ids = AddServiceHistoryRecord(posted, progress);
+            if (!ids)
+                return false;
+            deleteOpenRows(posted, *ids);
             clearMarks(held);
         }
         if (!held.isEmpty())

@@ -94,6 +94,7 @@ public:
     const sql::Schema &schema();
     [[nodiscard]] const Target &target() const { return m_target; }
     [[nodiscard]] int preparations() const { return m_preparations; }
+    void setObserver(Observer observer) { m_observer = std::move(observer); }
 
 private:
     Result runOnce(const Request &request);
@@ -122,6 +123,7 @@ private:
     std::vector<const QVariant *> m_values; ///< of the parameters; kept for its memory
     std::vector<QVariant> m_made;           ///< those that differ from what was given
     int m_preparations = 0;
+    Observer m_observer;
     Peer m_peer;
 };
 
@@ -131,6 +133,8 @@ Result Connection::Implementation::run(const Request &request)
         forgetTables();
     m_schemaIsFresh = false;
     try {
+        if (m_observer)
+            m_observer(request.statement);
         try {
             return runOnce(request);
         } catch (const base::Error &error) {
@@ -470,6 +474,11 @@ int Connection::preparations() const
 const Target &Connection::target() const
 {
     return m_implementation->target();
+}
+
+void Connection::setObserver(Observer observer)
+{
+    m_implementation->setObserver(std::move(observer));
 }
 
 } // namespace db

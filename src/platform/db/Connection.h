@@ -6,6 +6,7 @@
 
 #include <QString>
 #include <QVariantList>
+#include <functional>
 #include <memory>
 
 namespace db {
@@ -57,6 +58,11 @@ public:
     /// How many statements this connection has had compiled so far, for measuring.
     [[nodiscard]] int preparations() const;
     [[nodiscard]] const Target &target() const;
+
+    /// Is told of each statement before it runs; what it throws is the statement's failure. Lets a
+    /// test fail a procedure at any of its steps.
+    using Observer = std::function<void(const QString &statement)>;
+    void setObserver(Observer observer);
 
 private:
     class Implementation;

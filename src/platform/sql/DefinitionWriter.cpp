@@ -376,7 +376,9 @@ void DefinitionWriter::createIndex()
         text += u"DESCENDING "_s;
     m_statements.push_back(
         text + u"INDEX "_s + quotedName(EngineTypes::indexName(table().name, m_definition.name)) +
-        u" ON "_s + quotedName(table().name) + u" ("_s + columns.join(u", ") + u')');
+        u" ON "_s + quotedName(table().name) +
+        (m_definition.ignoreZero ? u" COMPUTED BY (NULLIF("_s + columns.front() + u", 0))"_s
+                                 : u" ("_s + columns.join(u", ") + u')'));
 }
 
 } // namespace

@@ -193,10 +193,17 @@ void Parser::parseCreateIndex(Definition &definition)
     definition.indexColumns = parseIndexColumns();
     if (!accept(Keyword::With))
         return;
-    if (accept(Keyword::Primary))
+    if (accept(Keyword::Primary)) {
         definition.primary = true;
-    else if (!(acceptWord(u"disallow") || acceptWord(u"ignore")) || !accept(Keyword::Null))
-        raise(u"expected PRIMARY, DISALLOW NULL or IGNORE NULL behind WITH."_s);
+        return;
+    }
+    const bool ignore = acceptWord(u"ignore");
+    if (ignore && acceptWord(u"zero"))
+        definition.ignoreZero = true;
+    else if (!(ignore || acceptWord(u"disallow")) || !accept(Keyword::Null))
+        raise(u"expected PRIMARY, DISALLOW NULL, IGNORE NULL or IGNORE ZERO behind WITH."_s);
+    if (definition.ignoreZero && definition.indexColumns.size() != 1)
+        raise(u"IGNORE ZERO is for an index of one column."_s);
 }
 
 std::unique_ptr<Definition> Parser::parseAlter()

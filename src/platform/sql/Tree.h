@@ -250,6 +250,7 @@ struct Definition
     QStringView name; ///< of the column, index or constraint
     bool unique = false;
     bool primary = false;
+    bool ignoreZero = false; ///< a unique index that leaves zeros out
     std::vector<IndexColumn> indexColumns;
 };
 

@@ -111,6 +111,8 @@ TEST(Index, NamesAreTheTablesOwn)
               uR"(CREATE UNIQUE INDEX "Part.ByCode" ON "Part" ("Code"))"_s);
     EXPECT_EQ(firstOf(u"create index Newest on Job (Machine desc, Due desc)"_s),
               uR"(CREATE DESCENDING INDEX "Job.Newest" ON "Job" ("Machine", "Due"))"_s);
+    EXPECT_EQ(firstOf(u"create unique index Once on Job (Machine) with ignore zero"_s),
+              uR"(CREATE UNIQUE INDEX "Job.Once" ON "Job" COMPUTED BY (NULLIF("Machine", 0)))"_s);
     EXPECT_EQ(firstOf(u"drop index ByCode on Part"_s), uR"(DROP INDEX "Part.ByCode")"_s);
     EXPECT_EQ(ddlOf(u"create index pk on Part (Code) with primary"_s).back(),
               uR"(ALTER TABLE "Part" ADD CONSTRAINT "Part.pk" PRIMARY KEY ("Code"))"_s);

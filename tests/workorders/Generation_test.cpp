@@ -1,0 +1,246 @@
+#include "workorders/Generation.h"
+
+#include "platform/base/Error.h"
+#include "workorders/Statements.h"
+#include "workorders/Workshop.h"
+
+#include <QSet>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class GenerateWorkorder : public test::Workshop
+{
+protected:
+    [[nodiscard]] bool generate(const QList<qint64> &machines = {1})
+    {
+        return generation::GenerateWorkorder(filter, machines, made);
+    }
+
+    /// The services of each order, by name.
+    [[nodiscard]] static QSet<QString> orders()
+    {
+        QHash<qint64, QStringList> names;
+        for (const db::Row row :
+             gcnData->Open(u"Select WorkorderNo, Name from tblWoServiceUsed order by Name"_s))
+            names[row.integer(u"WorkorderNo")].append(row.text(u"Name"));
+        QSet<QString> result;
+        for (const QStringList &each : names)
+            result.insert(each.join(u'+'));
+        return result;
+    }
+
+    [[nodiscard]] db::Recordset listed(const WorkorderFilter &by) const
+    {
+        return gcnData->Open(workorders::statements::printWo(by));
+    }
+
+    WorkorderFilter filter{QDate(2024, 2, 14), QDate(2024, 3, 15), {}, {}};
+    QList<qint64> made;
+};
+
+} // namespace
+
+TEST_F(GenerateWorkorder, MakesAnOrderForEachCrewAndOneForEachServiceThatGoesAlone)
+{
+    service({{u"Name"_s, u"a"_s}});
+    service({{u"Name"_s, u"b"_s}});
+    service({{u"Name"_s, u"alone"_s}, {u"SeparateWo"_s, 1}});
+    service({{u"Name"_s, u"alone too"_s}, {u"SeparateWo"_s, 1}});
+    service({{u"Name"_s, u"c"_s}, {u"CrewID"_s, crew2}});
+    ASSERT_TRUE(generate());
+    EXPECT_EQ(orders(), (QSet<QString>{u"a+b"_s, u"c"_s, u"alone"_s, u"alone too"_s}));
+    EXPECT_EQ(made.size(), 4);
+    EXPECT_EQ(count(u"tblWorkorder"_s, u"Printed = 0 and Complete = 0 and EquipmentID = 1"_s), 4);
+    EXPECT_EQ(value(u"Select max(WoDate) from tblWorkorder"_s).toDateTime(), day(3, 15));
+}
+
+TEST_F(GenerateWorkorder, TakesTheServicesOfTheWindowBothEndsIncluded)
+{
+    struct Row
+    {
+        QString name;
+        QVariant date;
+        int inactive;
+        bool taken;
+    };
+    const Row rows[] = {
+        {u"first day"_s, day(2, 14), 0, true},    {u"last day"_s, day(3, 15), 0, true},
+        {u"before"_s, day(2, 13), 0, false},      {u"after"_s, day(3, 16), 0, false},
+        {u"no date yet"_s, QVariant(), 0, false}, {u"inactive"_s, day(3, 1), 1, false},
+    };
+    for (const Row &row : rows)
+        service({{u"Name"_s, row.name},
+                 {u"NextScheduledDate"_s, row.date},
+                 {u"Inactive"_s, row.inactive}});
+    ASSERT_TRUE(generate());
+    for (const Row &row : rows)
+        EXPECT_EQ(count(u"tblWoServiceUsed"_s, u"Name = '%1'"_s.arg(row.name)), row.taken ? 1 : 0)
+            << qPrintable(row.name);
+}
+
+TEST_F(GenerateWorkorder, CopiesTheServiceWithItsParts)
+{
+    part(u"P1"_s, 5);
+    const qint64 id = service({{u"ServiceID"_s, 77},
+                               {u"Name"_s, u"Jim's oil"_s},
+                               {u"LaborEstimate"_s, 1.5},
+                               {u"CostEstimate"_s, 30},
+                               {u"Note"_s, u"Warm engine"_s},
+                               {u"JobNo"_s, 12},
+                               {u"CostCenterID"_s, 3},
+                               {u"LastDateScheduled"_s, day(2, 1)},
+                               {u"LastDatePerformed"_s, day(2, 2)}});
+    servicePart(id, u"P1"_s, 3);
+    insert(u"tblServiceUsedPart"_s, {{u"ServiceUsedID"_s, id}, {u"PartID"_s, QVariant()}});
+    const QString before = value(u"Select NextScheduledDate from tblServiceUsed"_s).toString();
+    ASSERT_TRUE(generate());
+
+    const db::Recordset rows = gcnData->Open(u"Select * from tblWoServiceUsed"_s);
+    ASSERT_EQ(rows.RecordCount(), 1);
+    const db::Row row = rows.current();
+    EXPECT_EQ(row.integer(u"WorkorderNo"), made.value(0));
+    EXPECT_EQ(row.integer(u"ServiceUsedID"), id);
+    EXPECT_EQ(row.integer(u"ServiceID"), 77);
+    EXPECT_EQ(row.text(u"Name"), u"Jim's oil"_s);
+    EXPECT_EQ(row.real(u"LaborEstimate"), 1.5);
+    EXPECT_EQ(row.real(u"CostEstimate"), 30);
+    EXPECT_EQ(row.text(u"Note"), u"Warm engine"_s);
+    EXPECT_EQ(row.integer(u"JobNo"), 12);
+    EXPECT_EQ(row.integer(u"CostCenterID"), 3);
+    EXPECT_EQ(row.date(u"LastDateScheduled"), day(2, 1));
+    EXPECT_EQ(row.date(u"LastDatePerformed"), day(2, 2));
+    EXPECT_EQ(row.date(u"NextScheduledDate"), day(3, 10));
+    EXPECT_FALSE(row.flag(u"Completed") || row.flag(u"Skip"));
+    EXPECT_TRUE(row.isNull(u"CountValue") && row.isNull(u"StartTime") && row.isNull(u"Workhrs"));
+
+    const db::Recordset parts = gcnData->Open(u"Select * from tblWoPartUsed"_s);
+    ASSERT_EQ(parts.RecordCount(), 1) << "a row without a part number is no part";
+    EXPECT_EQ(parts.current().integer(u"ServiceUsedID"), row.integer(u"NServiceUsedID"));
+    EXPECT_EQ(parts.current().real(u"QuantityRequired"), 3);
+    EXPECT_EQ(parts.current().real(u"QuantityUsed"), 3);
+    EXPECT_EQ(parts.current().real(u"Price"), 2.5);
+    EXPECT_FALSE(parts.current().flag(u"Used"));
+    EXPECT_EQ(value(u"Select NextScheduledDate from tblServiceUsed"_s).toString(), before);
+}
+
+TEST_F(GenerateWorkorder, TakesNoServiceTwice)
+{
+    service();
+    ASSERT_TRUE(generate());
+    ASSERT_TRUE(generate());
+    EXPECT_EQ(made.size(), 1);
+    EXPECT_EQ(count(u"tblWorkorder"_s), 1);
+}
+
+TEST_F(GenerateWorkorder, TheServiceCrewsNarrowItAndTheMachinesCrewDoesNot)
+{
+    machine(2, u"M2"_s, {{u"CrewID"_s, crew2}});
+    service({{u"Name"_s, u"mine"_s}, {u"EquipmentID"_s, 2}});
+    service({{u"Name"_s, u"other"_s}, {u"EquipmentID"_s, 2}, {u"CrewID"_s, crew2}});
+    filter.crewRange = u"1"_s;
+    filter.assignCrew = u"1"_s;
+    EXPECT_TRUE(listed(filter).isEmpty()) << "the machine is of crew 2";
+    ASSERT_TRUE(generate({2}));
+    EXPECT_EQ(orders(), QSet<QString>{u"mine"_s});
+}
+
+TEST_F(GenerateWorkorder, IsUndoneAsAWholeForAServiceOfADeletedCrew)
+{
+    machine(2, u"M2"_s);
+    service();
+    service({{u"EquipmentID"_s, 2}, {u"CrewID"_s, 4711}});
+    EXPECT_FALSE(generate({1, 2}));
+    const ErrorReport report = errors.takeOne();
+    EXPECT_EQ(report.ProcedureName, u"AddGenerateWo"_s);
+    EXPECT_EQ(report.ModuleName, u"Work Order"_s);
+    EXPECT_TRUE(made.isEmpty());
+    EXPECT_FALSE(gbInTransaction);
+    EXPECT_EQ(count(u"tblWorkorder"_s) + count(u"tblWoServiceUsed"_s), 0);
+}
+
+TEST_F(GenerateWorkorder, AFailureAtAnyStatementLeavesNothing)
+{
+    part(u"P1"_s, 5);
+    servicePart(service(), u"P1"_s, 1);
+    service({{u"SeparateWo"_s, 1}});
+    const QString before = everything();
+    int statements = 0;
+    for (int failing = 1;; ++failing) {
+        ASSERT_LT(failing, 100);
+        int running = 0;
+        gcnData->setObserver([&](const QString &) {
+            if (++running == failing)
+                throw base::Error(5, u"broken"_s);
+        });
+        const bool done = generate();
+        gcnData->setObserver({});
+        if (done)
+            break;
+        statements = failing;
+        EXPECT_EQ(errors.take().size(), 1u);
+        EXPECT_EQ(everything(), before) << "after statement " << failing;
+    }
+    EXPECT_GE(statements, 9);
+    EXPECT_EQ(count(u"tblWorkorder"_s), 2);
+}
+
+TEST_F(GenerateWorkorder, FromAMachinesRowInactiveServicesComeAlong)
+{
+    service({{u"Name"_s, u"a"_s}});
+    service({{u"Name"_s, u"inactive"_s}, {u"Inactive"_s, 1}});
+    ASSERT_TRUE(generation::generateForRow(filter, 1, made));
+    EXPECT_EQ(orders(), QSet<QString>{u"a+inactive"_s});
+}
+
+TEST_F(GenerateWorkorder, AWrongCrewFilterIsReported)
+{
+    service();
+    filter.crewRange = u"-5"_s;
+    EXPECT_FALSE(generate());
+    EXPECT_EQ(errors.take().size(), 1u);
+}
+
+TEST_F(GenerateWorkorder, DeletingTheOrderMakesItsServicesDueAgain)
+{
+    part(u"P1"_s, 5);
+    servicePart(service(), u"P1"_s, 1);
+    const QString before = everything();
+    ASSERT_TRUE(generate());
+    ASSERT_TRUE(generation::deleteOrder(made.value(0)));
+    EXPECT_EQ(everything(), before);
+    EXPECT_EQ(listed(filter).RecordCount(), 1);
+}
+
+TEST_F(GenerateWorkorder, TheDatabaseRefusesAServiceThatIsOnAnOrder)
+{
+    const qint64 id = service();
+    orderService(order(), {{u"ServiceUsedID"_s, id}});
+    EXPECT_THROW(orderService(order(), {{u"ServiceUsedID"_s, id}}), base::Error);
+    // Services without a schedule behind them may stand on any number of orders.
+    orderService(order(), {{u"ServiceUsedID"_s, 0}});
+    orderService(order(), {{u"ServiceUsedID"_s, 0}});
+    orderService(order(), {{u"ServiceUsedID"_s, QVariant()}});
+    EXPECT_EQ(count(u"tblWoServiceUsed"_s), 4);
+}
+
+TEST_F(GenerateWorkorder, TheListHoldsMachinesWithDueServicesAndOpenOrders)
+{
+    machine(2, u"M2"_s);
+    machine(3, u"M3"_s, {{u"Inactive"_s, 1}});
+    service();
+    service({{u"Name"_s, u"second of the machine"_s}});
+    service({{u"EquipmentID"_s, 3}});
+    const qint64 empty = order({{u"EquipmentID"_s, 2}});
+    const qint64 outside = order({{u"EquipmentID"_s, 2}});
+    orderService(outside, {{u"NextScheduledDate"_s, day(5, 1)}});
+    const qint64 within = order({{u"EquipmentID"_s, 2}, {u"Printed"_s, 1}});
+    orderService(within);
+
+    QStringList rows;
+    for (const db::Row row : listed(filter))
+        rows.append(row.text(u"Unit No") + u' ' + row.text(u"WorkOrderNo"));
+    rows.sort();
+    EXPECT_EQ(rows, (QStringList{u"M1 "_s, u"M2 %1"_s.arg(empty), u"M2 %1"_s.arg(within)}));
+}

@@ -1,0 +1,425 @@
+#include "workorders/Posting.h"
+
+#include "workorders/Generation.h"
+#include "workorders/Recording.h"
+#include "workorders/Workshop.h"
+
+using namespace Qt::StringLiterals;
+using Icon = base::Prompts::Icon;
+
+namespace {
+
+const QString OlderThanCompletion =
+    u"You have chosen to reschedule this services based on the scheduled date \n"
+    "rather then on the completed date and the new date is already older then\n"
+    "the completed date."_s;
+
+class PostWorkOrder : public test::Workshop
+{
+protected:
+    ~PostWorkOrder() override { posting::setDateConfirmation({}); }
+
+    /// An order that is complete as of March 12.
+    static qint64 completeOrder()
+    {
+        return order({{u"Complete"_s, true}, {u"CompletedDate"_s, day(3, 12)}});
+    }
+    /// The same with one completed service that has a schedule.
+    qint64 completeOrderOf(qint64 serviceUsedID, const QVariantMap &more = {})
+    {
+        const qint64 number = completeOrder();
+        QVariantMap values{{u"ServiceUsedID"_s, serviceUsedID}, {u"Completed"_s, true}};
+        values.insert(more);
+        last = orderService(number, values);
+        return number;
+    }
+    [[nodiscard]] static bool post(QList<qint64> orders, const posting::Progress &progress = {})
+    {
+        return posting::PostWorkOrder(orders, progress);
+    }
+    static QVariant ofService(qint64 id, const QString &column)
+    {
+        return value(u"Select %1 from tblServiceUsed where ServiceUsedID = ?"_s.arg(column), {id});
+    }
+    static double stock(const QString &part)
+    {
+        return value(u"Select Quantity from tblPart where PartID = ?"_s, {part}).toDouble();
+    }
+
+    test::ScriptedPrompts prompts;
+    qint64 last = 0; ///< NServiceUsedID of the service last put on an order
+};
+
+} // namespace
+
+TEST_F(PostWorkOrder, ReschedulesEachKindOfServiceByItsOwnRule)
+{
+    struct Row
+    {
+        QString period;
+        QString renewalOn;
+        QVariant scheduled; ///< date on the order
+        int interval;
+        QVariant next; ///< NextScheduledDate afterwards
+        qint64 target; ///< NextScheduledCount afterwards; it was 500
+        bool inactive;
+        bool reading;
+    };
+    // Completed on March 12, a count of 530 taken.
+    const Row rows[] = {
+        {u"D"_s, u"W"_s, day(3, 10), 10, day(3, 22), 500, false, false},
+        {u"D"_s, u"S"_s, day(3, 10), 10, day(3, 20), 500, false, false},
+        {u"D"_s, u"D"_s, day(3, 10), 10, day(3, 10), 500, true, false},
+        {u"W"_s, u"W"_s, day(3, 10), 2, day(3, 26), 500, false, false},
+        {u"M"_s, u"S"_s, day(3, 10), 1, day(4, 10), 500, false, false},
+        {u"C"_s, u"W"_s, day(3, 10), 100, QVariant(), 630, false, true},
+        {u"H"_s, u"S"_s, day(3, 10), 100, QVariant(), 600, false, true},
+        {u"K"_s, u"D"_s, day(3, 10), 100, day(3, 10), 600, true, true},
+        {u"I"_s, u"W"_s, day(3, 10), 50, QVariant(), 580, false, true},
+    };
+    for (const bool skipped : {false, true}) {
+        for (const Row &row : rows) {
+            SCOPED_TRACE(
+                qPrintable(row.period + row.renewalOn + (skipped ? u" skipped"_s : u""_s)));
+            gcnData->Execute(u"Delete from tblEquipmentCount"_s);
+            const qint64 id = service({{u"Period"_s, row.period},
+                                       {u"RenewalOn"_s, row.renewalOn},
+                                       {u"EInterval"_s, row.interval},
+                                       {u"NextScheduledDate"_s, row.scheduled},
+                                       {u"NextScheduledCount"_s, 500}});
+            const qint64 number =
+                completeOrderOf(id, {{u"Period"_s, row.period},
+                                     {u"NextScheduledDate"_s, row.scheduled},
+                                     {u"CountValue"_s, row.reading ? QVariant(530) : QVariant()},
+                                     {u"Completed"_s, !skipped},
+                                     {u"Skip"_s, skipped}});
+            ASSERT_TRUE(post({number}));
+            EXPECT_EQ(ofService(id, u"LastDateScheduled"_s), row.scheduled);
+            EXPECT_EQ(ofService(id, u"LastDatePerformed"_s), QVariant(day(3, 12)));
+            EXPECT_EQ(ofService(id, u"NextScheduledDate"_s), row.next);
+            EXPECT_EQ(ofService(id, u"NextScheduledCount"_s).toLongLong(), row.target);
+            EXPECT_EQ(ofService(id, u"Inactive"_s).toInt(), row.inactive ? 1 : 0);
+            EXPECT_EQ(
+                count(u"tblEquipmentCount"_s,
+                      u"EquipmentID = 1 and CountValue = 530 and ChangeDate = #03-12-2024#"_s),
+                row.reading ? 1 : 0);
+            EXPECT_EQ(count(u"tblWOServiceUsedHistory"_s,
+                            u"ServiceUsedID = %1 and Skip = %2"_s.arg(last).arg(skipped ? -1 : 0)),
+                      1);
+            EXPECT_EQ(count(u"tblWorkorder"_s) + count(u"tblWoServiceUsed"_s), 0);
+        }
+    }
+}
+
+TEST_F(PostWorkOrder, NamesTheReadingByThePeriod)
+{
+    const std::pair<QString, QString> words[] = {{u"C"_s, u"Counts"_s},
+                                                 {u"H"_s, u"Hours"_s},
+                                                 {u"K"_s, u"Kilometers"_s},
+                                                 {u"I"_s, u"Miles"_s}};
+    for (const auto &[period, word] : words) {
+        const qint64 id = service({{u"Period"_s, period}});
+        ASSERT_TRUE(post({completeOrderOf(id, {{u"Period"_s, period}, {u"CountValue"_s, 9}})}));
+        EXPECT_EQ(count(u"tblEquipmentCount"_s, u"CountType = '%1'"_s.arg(word)), 1);
+    }
+}
+
+TEST_F(PostWorkOrder, WritesHistoryWithNamesInPlaceOfKeys)
+{
+    const qint64 center =
+        insert(u"tblCostCenter"_s, {{u"Description"_s, u"Yard"_s}}, u"CostCenterID"_s);
+    insert(u"tblSupplier"_s, {{u"SupplierID"_s, 6}, {u"Name"_s, u"O'Hara"_s}});
+    insert(u"tblIndicator"_s, {{u"ItemID"_s, 90001}, {u"ItemName"_s, u"Filters"_s}});
+    part(u"P1"_s, 5);
+    gcnData->Execute(u"Update tblPart set PartCategoryID = 90001"_s);
+    const qint64 number = completeOrderOf(0, {{u"ServiceID"_s, 7},
+                                              {u"Name"_s, u"Jim's wash"_s},
+                                              {u"CostCenterID"_s, center},
+                                              {u"SupplierID"_s, 6},
+                                              {u"StartTime"_s, u"08:00"_s},
+                                              {u"EndTime"_s, u"09:30"_s},
+                                              {u"Workhrs"_s, u"01:30"_s},
+                                              {u"CostEstimate"_s, 30},
+                                              {u"Note"_s, u"fine"_s},
+                                              {u"JobNo"_s, 4}});
+    orderPart(last, u"P1"_s, 2, true);
+    gcnData->Execute(u"Update tblWoPartUsed set SupplierID = 6"_s);
+    ASSERT_TRUE(post({number}));
+
+    const db::Recordset rows = gcnData->Open(u"Select * from tblWOServiceUsedHistory"_s);
+    ASSERT_EQ(rows.RecordCount(), 1);
+    const db::Row row = rows.current();
+    EXPECT_EQ(row.integer(u"WorkorderNo"), number);
+    EXPECT_EQ(row.integer(u"ServiceUsedID"), last);
+    EXPECT_EQ(row.text(u"ServiceName"), u"Jim's wash"_s);
+    EXPECT_EQ(row.integer(u"CrewID"), crew1);
+    EXPECT_EQ(row.integer(u"CrewNumber"), 1);
+    EXPECT_EQ(row.text(u"CostCenterID"), u"Yard"_s);
+    EXPECT_EQ(row.integer(u"SupplierID"), 6);
+    EXPECT_EQ(row.text(u"SupplierName"), u"O'Hara"_s);
+    EXPECT_EQ(row.text(u"StartTime") + row.text(u"EndTime") + row.text(u"Workhrs"),
+              u"08:0009:3001:30"_s);
+    EXPECT_EQ(row.real(u"CostEstimate"), 30);
+    EXPECT_EQ(row.text(u"Note"), u"fine"_s);
+    EXPECT_EQ(row.integer(u"jobNo"), 4);
+    EXPECT_EQ(row.date(u"NextScheduleddate"), day(3, 10));
+    EXPECT_EQ(row.date(u"StartDate"), day(3, 15)) << "the day the order was made";
+    EXPECT_EQ(row.date(u"CompleteDate"), day(3, 12));
+
+    const db::Recordset parts = gcnData->Open(u"Select * from tblWoPartHistory"_s);
+    ASSERT_EQ(parts.RecordCount(), 1);
+    EXPECT_EQ(parts.current().integer(u"ServiceusedID"), last);
+    EXPECT_EQ(parts.current().text(u"Description"), u"Part P1"_s);
+    EXPECT_EQ(parts.current().text(u"PartCategoryID"), u"Filters"_s);
+    EXPECT_EQ(parts.current().text(u"SupplierID"), u"O'Hara"_s);
+    EXPECT_EQ(parts.current().real(u"Price"), 2.5);
+    EXPECT_EQ(parts.current().real(u"QuantityUsed"), 2);
+}
+
+TEST_F(PostWorkOrder, TakesOnlyUsedPartsThatAreTrackedFromTheStock)
+{
+    struct Row
+    {
+        QString part;
+        bool notTracked;
+        bool used;
+        QVariant quantityUsed;
+        double stock;         ///< afterwards; it was 10
+        QVariant historyUsed; ///< QuantityUsed in history
+    };
+    const Row rows[] = {
+        {u"used"_s, false, true, 3, 7, 3.0},
+        {u"below zero"_s, false, true, 12, -2, 12.0},
+        {u"unused"_s, false, false, 3, 10, 0.0},
+        {u"untracked"_s, true, true, 3, 10, 3.0},
+        {u"none"_s, false, true, 0, 10, 0.0},
+        {u"null"_s, false, true, QVariant(), 10, QVariant()},
+    };
+    const qint64 number = completeOrderOf(0);
+    for (const Row &row : rows) {
+        part(row.part, 10, row.notTracked);
+        orderPart(last, row.part, 5, row.used);
+        gcnData->Execute(u"Update tblWoPartUsed set QuantityUsed = ? where PartID = ?"_s,
+                         {row.quantityUsed, row.part});
+    }
+    orderPart(last, u"not in the list of parts"_s, 1, true);
+    ASSERT_TRUE(post({number}));
+    for (const Row &row : rows) {
+        EXPECT_EQ(stock(row.part), row.stock) << qPrintable(row.part);
+        EXPECT_EQ(
+            value(u"Select QuantityUsed from tblWoPartHistory where partID = ?"_s, {row.part}),
+            row.historyUsed)
+            << qPrintable(row.part);
+    }
+    EXPECT_EQ(count(u"tblWoPartHistory"_s), 7);
+    EXPECT_EQ(count(u"tblWoPartUsed"_s), 0);
+}
+
+TEST_F(PostWorkOrder, OfAPartOnTwoServicesTheLastRowDecidesTheStock)
+{
+    part(u"P1"_s, 10);
+    const qint64 number = completeOrderOf(0);
+    orderPart(last, u"P1"_s, 2, true);
+    orderPart(orderService(number, {{u"Completed"_s, true}}), u"p1"_s, 2, true);
+    ASSERT_TRUE(post({number}));
+    EXPECT_EQ(stock(u"P1"_s), 8);
+    EXPECT_EQ(count(u"tblWoPartHistory"_s), 2);
+}
+
+TEST_F(PostWorkOrder, ASkippedServicesPartsStayInTheStock)
+{
+    part(u"P1"_s, 10);
+    const qint64 number = completeOrderOf(service(), {{u"Completed"_s, false}, {u"Skip"_s, true}});
+    orderPart(last, u"P1"_s, 2, false);
+    ASSERT_TRUE(post({number}));
+    EXPECT_EQ(stock(u"P1"_s), 10);
+    EXPECT_EQ(value(u"Select QuantityUsed from tblWoPartHistory"_s).toDouble(), 0);
+}
+
+TEST_F(PostWorkOrder, HoldsBackWhatWaitsForACountAndPostsTheOthers)
+{
+    const qint64 counted = completeOrderOf(0, {{u"Period"_s, u"H"_s}});
+    const qint64 skipped =
+        completeOrderOf(0, {{u"Period"_s, u"K"_s}, {u"Completed"_s, false}, {u"Skip"_s, true}});
+    const qint64 ready = completeOrderOf(0);
+    // A count that nobody needs, since the service stays open.
+    orderService(ready, {{u"Period"_s, u"C"_s}});
+    const qint64 elsewhere = completeOrder();
+    QList<qint64> orders{counted, skipped, ready, 4711};
+    prompts.expect(u"Following Work Orders (%1, %2) aren't posted. Enter counts for these Work "
+                   "Orders."_s.arg(counted)
+                       .arg(skipped),
+                   Icon::None);
+    ASSERT_TRUE(posting::PostWorkOrder(orders));
+    EXPECT_EQ(orders, QList<qint64>{ready});
+    EXPECT_EQ(count(u"tblWOServiceUsedHistory"_s), 1);
+    EXPECT_EQ(count(u"tblWoServiceUsed"_s), 3);
+    for (const qint64 number : {counted, skipped})
+        EXPECT_EQ(
+            count(u"tblWorkorder"_s,
+                  u"WorkorderNo = %1 and Complete = -1 and CompletedDate = #03-12-2024#"_s.arg(
+                      number)),
+            1);
+    // The one with an open service survives, and like any other it loses its mark.
+    for (const qint64 number : {ready, elsewhere})
+        EXPECT_EQ(
+            count(u"tblWorkorder"_s,
+                  u"WorkorderNo = %1 and Complete = 0 and CompletedDate is Null"_s.arg(number)),
+            1);
+}
+
+TEST_F(PostWorkOrder, WithNothingToPostNoMarkIsLost)
+{
+    const qint64 counted = completeOrderOf(0, {{u"Period"_s, u"H"_s}});
+    const qint64 elsewhere = completeOrder();
+    QList<qint64> orders{counted};
+    prompts.expect(u"Following Work Orders (%1) aren't posted. Enter counts for these Work "
+                   "Orders."_s.arg(counted),
+                   Icon::None);
+    ASSERT_TRUE(posting::PostWorkOrder(orders));
+    EXPECT_TRUE(orders.isEmpty());
+    EXPECT_EQ(count(u"tblWorkorder"_s, u"Complete = -1"_s), 2);
+    orders = {};
+    ASSERT_TRUE(posting::PostWorkOrder(orders));
+    EXPECT_EQ(count(u"tblWorkorder"_s, u"WorkorderNo = %1"_s.arg(elsewhere)), 1);
+}
+
+TEST_F(PostWorkOrder, ACatalogueServiceLeavesAReadingOnlyWhenItIsNew)
+{
+    const QVariantMap hours{{u"Period"_s, u"H"_s}, {u"CountValue"_s, 530}};
+    ASSERT_TRUE(post({completeOrderOf(0, hours)}));
+    ASSERT_TRUE(post({completeOrderOf(0, hours)}));
+    EXPECT_EQ(count(u"tblEquipmentCount"_s), 1);
+    // A service with a schedule is not tested for a reading that is there.
+    ASSERT_TRUE(post({completeOrderOf(service({{u"Period"_s, u"H"_s}}), hours)}));
+    EXPECT_EQ(count(u"tblEquipmentCount"_s), 2);
+}
+
+TEST_F(PostWorkOrder, AsksForTheDateWhenTheNextOneIsOlderThanTheCompletion)
+{
+    // Due in December and monthly by the schedule: January 10 is long past.
+    const QDateTime december = base::wallClock({2023, 12, 10});
+    const QVariantMap monthly{{u"Period"_s, u"M"_s},
+                              {u"RenewalOn"_s, u"S"_s},
+                              {u"EInterval"_s, 1},
+                              {u"NextScheduledDate"_s, december}};
+    const qint64 id = service(monthly);
+    QList<QPair<QDateTime, qint64>> asked;
+    posting::setDateConfirmation([&](const QDateTime &completed, qint64 serviceUsedID) {
+        asked.append({completed, serviceUsedID});
+        return day(4, 20);
+    });
+    prompts.expect(OlderThanCompletion, Icon::None);
+    ASSERT_TRUE(post({completeOrderOf(id, {{u"NextScheduledDate"_s, december}})}));
+    EXPECT_EQ(asked, (QList<QPair<QDateTime, qint64>>{{day(3, 12), id}}));
+    EXPECT_EQ(ofService(id, u"NextScheduledDate"_s), QVariant(day(4, 20)));
+    EXPECT_EQ(ofService(id, u"LastDateScheduled"_s), QVariant(december));
+
+    // Without a window to ask in, the completion is counted from.
+    posting::setDateConfirmation({});
+    const qint64 second = service(monthly);
+    prompts.expect(OlderThanCompletion, Icon::None);
+    ASSERT_TRUE(post({completeOrderOf(second, {{u"NextScheduledDate"_s, december}})}));
+    EXPECT_EQ(ofService(second, u"NextScheduledDate"_s), QVariant(day(4, 12)));
+}
+
+TEST_F(PostWorkOrder, ANextDateOnTheDayOfCompletionIsTaken)
+{
+    const qint64 id = service(
+        {{u"RenewalOn"_s, u"S"_s}, {u"EInterval"_s, 2}, {u"NextScheduledDate"_s, day(3, 10)}});
+    ASSERT_TRUE(post({completeOrderOf(id)}));
+    EXPECT_EQ(ofService(id, u"NextScheduledDate"_s), QVariant(day(3, 12)));
+}
+
+TEST_F(PostWorkOrder, AFailureAtAnyStatementLeavesNothingHalfDone)
+{
+    part(u"P1"_s, 10);
+    const qint64 counted = service({{u"Period"_s, u"H"_s}});
+    const qint64 dated = service();
+    const qint64 number = completeOrderOf(counted, {{u"Period"_s, u"H"_s}, {u"CountValue"_s, 5}});
+    orderPart(last, u"P1"_s, 2, true);
+    orderService(number, {{u"ServiceUsedID"_s, dated}, {u"Completed"_s, true}});
+    orderService(number, {{u"Period"_s, u"H"_s}, {u"CountValue"_s, 5}, {u"Completed"_s, true}});
+    completeOrder();
+    const QString before = everything();
+    int failing = 1;
+    for (;; ++failing) {
+        ASSERT_LT(failing, 100);
+        int running = 0;
+        gcnData->setObserver([&](const QString &) {
+            if (++running == failing)
+                throw base::Error(5, u"broken"_s);
+        });
+        QList<qint64> orders{number};
+        const bool done = posting::PostWorkOrder(orders);
+        gcnData->setObserver({});
+        if (done)
+            break;
+        EXPECT_EQ(orders, QList<qint64>{number});
+        EXPECT_EQ(errors.take().size(), 1u) << "statement " << failing;
+        EXPECT_FALSE(gbInTransaction);
+        EXPECT_EQ(everything(), before) << "statement " << failing;
+    }
+    EXPECT_GT(failing, 20) << "all statements of the posting were tried";
+    EXPECT_EQ(count(u"tblWOServiceUsedHistory"_s), 3);
+    EXPECT_EQ(stock(u"P1"_s), 8);
+}
+
+TEST_F(PostWorkOrder, AFailureWithinAServiceIsReportedAsItsOwn)
+{
+    const qint64 number = completeOrderOf(service({{u"Sun"_s, QVariant()}}));
+    EXPECT_FALSE(post({number}));
+    const ErrorReport report = errors.takeOne();
+    EXPECT_EQ(report.ProcedureName, u"AddServiceHistoryRecord"_s);
+    EXPECT_EQ(report.ModuleName, u"Workorder"_s);
+    EXPECT_EQ(count(u"tblWOServiceUsedHistory"_s), 0);
+}
+
+TEST_F(PostWorkOrder, TakesMoreOrdersAndServicesThanOneListCanHold)
+{
+    QList<qint64> orders;
+    {
+        TransactionScope transaction;
+        for (int i = 0; i < 1600; ++i)
+            orders.append(completeOrderOf(0));
+        transaction.commit();
+    }
+    int told = 0;
+    ASSERT_TRUE(post(orders, [&](int done, int all) {
+        EXPECT_EQ(all, 1600);
+        EXPECT_EQ(done, ++told);
+    }));
+    EXPECT_EQ(told, 1600);
+    EXPECT_EQ(count(u"tblWOServiceUsedHistory"_s), 1600);
+    EXPECT_EQ(count(u"tblWorkorder"_s) + count(u"tblWoServiceUsed"_s), 0);
+}
+
+TEST_F(PostWorkOrder, TheWholeRoadLeavesAServiceScheduledAnew)
+{
+    part(u"P1"_s, 10);
+    const qint64 id = service();
+    servicePart(id, u"P1"_s, 4);
+    const WorkorderFilter filter{QDate(2024, 2, 14), QDate(2024, 3, 15), {}, {}};
+    QList<qint64> orders;
+    ASSERT_TRUE(generation::GenerateWorkorder(filter, {1}, orders));
+    ASSERT_TRUE(recording::UpdateWorkorder(orders.value(0), QDate(2024, 3, 14)));
+    ASSERT_TRUE(posting::PostWorkOrder(orders));
+    EXPECT_EQ(ofService(id, u"NextScheduledDate"_s), QVariant(day(3, 24)));
+    EXPECT_EQ(stock(u"P1"_s), 6);
+    EXPECT_EQ(count(u"tblWorkorder"_s) + count(u"tblWoServiceUsed"_s) + count(u"tblWoPartUsed"_s),
+              0);
+}
+
+TEST(PostingSteps, AnswerAlsoWithoutARow)
+{
+    test::TestEnvironment environment;
+    test::CompanyDatabase database;
+    gcnData = database.open();
+    EXPECT_TRUE(posting::IsServiceScheduleAgain(1));
+    EXPECT_FALSE(posting::IsPartInInventory(u"x"_s));
+    QString word = u"kept"_s;
+    EXPECT_FALSE(posting::ChkServiceIsCountType(1, word));
+    EXPECT_EQ(word, u"kept"_s);
+    posting::ServiceCountUpdate(1, 5);
+    gcnData.reset();
+}

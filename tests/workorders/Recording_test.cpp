@@ -1,0 +1,301 @@
+#include "workorders/Recording.h"
+
+#include "core/General.h"
+#include "workorders/Workshop.h"
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// An order with three services, the third skipped, each with a part.
+class Recording : public test::Workshop
+{
+protected:
+    Recording()
+        : number(order())
+    {
+        for (int i = 0; i < 3; ++i) {
+            services[i] = orderService(
+                number,
+                {{u"Skip"_s, i == 2}, {u"Note"_s, u"note %1"_s.arg(i)}, {u"LaborEstimate"_s, 1.5}});
+            orderPart(services[i], u"P1"_s, 2, false);
+        }
+        other = orderService(order(), {{u"Note"_s, u"other"_s}});
+        orderPart(other, u"P1"_s, 2, false);
+    }
+    ~Recording() override
+    {
+        EXPECT_EQ(state(other), u"---"_s) << "the other order was touched";
+        EXPECT_EQ(note(other), u"other"_s);
+    }
+
+    /// "CSU" for completed, skipped and its part used, "-" in place of each that isn't.
+    static QString state(qint64 id)
+    {
+        const auto flag = [&](const QString &query, QChar letter) {
+            return value(query, {id}).toInt() != 0 ? letter : QChar(u'-');
+        };
+        return QString(flag(u"Select Completed from tblWoServiceUsed where NServiceUsedID = ?"_s,
+                            u'C')) +
+               flag(u"Select Skip from tblWoServiceUsed where NServiceUsedID = ?"_s, u'S') +
+               flag(u"Select Used from tblWoPartUsed where ServiceUsedID = ?"_s, u'U');
+    }
+    [[nodiscard]] QStringList states() const
+    {
+        return {state(services[0]), state(services[1]), state(services[2])};
+    }
+    static QString note(qint64 id)
+    {
+        return value(u"Select [Note] from tblWoServiceUsed where NServiceUsedID = ?"_s, {id})
+            .toString();
+    }
+    [[nodiscard]] QVariant ofOrder(const QString &column) const
+    {
+        return value(u"Select %1 from tblWorkorder where WorkorderNo = ?"_s.arg(column), {number});
+    }
+    static QVariant ofService(qint64 id, const QString &column)
+    {
+        return value(u"Select [%1] from tblWoServiceUsed where NServiceUsedID = ?"_s.arg(column),
+                     {id});
+    }
+
+    qint64 number;
+    std::array<qint64, 3> services{};
+    qint64 other = 0;
+};
+
+} // namespace
+
+TEST_F(Recording, CompletingAnOrderCompletesAllButTheSkipped)
+{
+    ASSERT_TRUE(recording::UpdateWorkorder(number, QDate(2024, 3, 12)));
+    EXPECT_EQ(states(), (QStringList{u"C-U"_s, u"C-U"_s, u"-S-"_s}));
+    EXPECT_EQ(ofOrder(u"CompletedDate"_s).toDateTime(), day(3, 12));
+    EXPECT_EQ(ofOrder(u"Complete"_s).toInt(), -1);
+
+    ASSERT_TRUE(recording::UpdateWorkorder(number, std::nullopt));
+    EXPECT_EQ(states(), (QStringList{u"---"_s, u"---"_s, u"-S-"_s}));
+    EXPECT_TRUE(ofOrder(u"CompletedDate"_s).isNull());
+    EXPECT_EQ(ofOrder(u"Complete"_s).toInt(), 0);
+}
+
+TEST_F(Recording, ReopeningAloneLeavesTheServices)
+{
+    ASSERT_TRUE(recording::UpdateWorkorder(number, QDate(2024, 3, 12)));
+    ASSERT_TRUE(recording::UpdateWorkorder(number, std::nullopt, false));
+    EXPECT_EQ(states(), (QStringList{u"C-U"_s, u"C-U"_s, u"-S-"_s}));
+    EXPECT_EQ(ofOrder(u"Complete"_s).toInt(), 0);
+}
+
+TEST_F(Recording, CompletedAndSkippedExcludeEachOther)
+{
+    ASSERT_TRUE(recording::completeService(services[2]));
+    EXPECT_EQ(state(services[2]), u"C-U"_s);
+    ASSERT_TRUE(recording::skipService(services[2], u"No time; \"Jim's\" turn"_s));
+    EXPECT_EQ(state(services[2]), u"-S-"_s);
+    EXPECT_EQ(note(services[2]), u"No time; \"Jim's\" turn"_s);
+    EXPECT_TRUE(recording::IsServiceSkiped(services[2]));
+    ASSERT_TRUE(recording::UpdateWorkorderServiceComplete(services[0], true));
+    ASSERT_TRUE(recording::UpdateWorkorderServiceComplete(services[0], false));
+    EXPECT_EQ(states(), (QStringList{u"---"_s, u"---"_s, u"-S-"_s}));
+}
+
+TEST_F(Recording, SkippingAllReplacesAllNotes)
+{
+    ASSERT_TRUE(recording::UpdateWorkorder(number, QDate(2024, 3, 12)));
+    ASSERT_TRUE(recording::skipAll(number, u"Rain"_s));
+    for (const qint64 id : services) {
+        EXPECT_EQ(state(id), u"-S-"_s);
+        EXPECT_EQ(note(id), u"Rain"_s);
+    }
+}
+
+TEST_F(Recording, ACrewIsPricedByItsBudgetedHours)
+{
+    ASSERT_TRUE(recording::changeCrew(services[0], crew1));
+    EXPECT_EQ(ofService(services[0], u"CostEstimate"_s).toDouble(), 30.0); // 1.5 hours at 20
+    ASSERT_TRUE(recording::changeCrew(services[0], crew2));                // nobody in it
+    EXPECT_EQ(ofService(services[0], u"CostEstimate"_s).toDouble(), 0.0);
+    EXPECT_EQ(ofService(services[0], u"CrewID"_s).toLongLong(), crew2);
+    EXPECT_EQ(recording::GetBudgetedHrs(4711), 0.0);
+}
+
+TEST_F(Recording, TimesArePricedByTheCrewsRateAndGoToHistoryToo)
+{
+    using recording::TimesOf;
+    ASSERT_TRUE(recording::saveTimes(services[0], TimesOf::OpenOrder, {8, 0}, {10, 15}, {2, 15}));
+    EXPECT_EQ(ofService(services[0], u"StartTime"_s).toString(), u"08:00"_s);
+    EXPECT_EQ(ofService(services[0], u"EndTime"_s).toString(), u"10:15"_s);
+    EXPECT_EQ(ofService(services[0], u"Workhrs"_s).toString(), u"02:15"_s);
+    EXPECT_EQ(ofService(services[0], u"CostEstimate"_s).toDouble(), 45.0); // 2.25 hours at 20
+
+    insert(u"tblWOServiceUsedHistory"_s, {{u"ServiceUsedID"_s, 900}, {u"CrewID"_s, crew1}});
+    ASSERT_TRUE(recording::saveTimes(900, TimesOf::History, {13, 0}, {13, 30}, {0, 30}));
+    const db::Recordset rows =
+        gcnData->Open(u"Select StartTime, Workhrs, CostEstimate from tblWOServiceUsedHistory"_s);
+    EXPECT_EQ(rows.current().text(u"StartTime"), u"13:00"_s);
+    EXPECT_EQ(rows.current().text(u"Workhrs"), u"00:30"_s);
+    EXPECT_EQ(rows.current().real(u"CostEstimate"), 10.0);
+}
+
+TEST_F(Recording, PartsAreAddedChangedAndRemoved)
+{
+    ASSERT_TRUE(
+        recording::AddPartRecord({{u"O'P"_s, 4, 1.25, 6}, {u"P2"_s, 1, 2, 0}}, services[0], true));
+    const db::Recordset rows =
+        gcnData->Open(u"Select * from tblWoPartUsed where ServiceUsedID = ? and PartID = ?"_s,
+                      {services[0], u"O'P"_s});
+    ASSERT_EQ(rows.RecordCount(), 1);
+    EXPECT_EQ(rows.current().real(u"QuantityRequired"), 4);
+    EXPECT_EQ(rows.current().real(u"QuantityUsed"), 4);
+    EXPECT_EQ(rows.current().real(u"Price"), 1.25);
+    EXPECT_EQ(rows.current().integer(u"SupplierID"), 6);
+    EXPECT_TRUE(rows.current().flag(u"Used"));
+
+    ASSERT_TRUE(recording::UpdateWorkorderPart(u"O'P"_s, services[0], u"QuantityUsed"_s, 2.5));
+    EXPECT_EQ(value(u"Select QuantityUsed from tblWoPartUsed where PartID = 'O''P'"_s).toDouble(),
+              2.5);
+    ASSERT_TRUE(recording::DeletePartRecord(services[0], u"O'P"_s));
+    EXPECT_EQ(count(u"tblWoPartUsed"_s, u"ServiceUsedID = %1"_s.arg(services[0])), 2);
+}
+
+TEST_F(Recording, AServiceAddedFromTheCatalogueHasNoScheduleAndComesOnce)
+{
+    insert(u"tblServices"_s, {{u"ServiceID"_s, 7},
+                              {u"Name"_s, u"Wash"_s},
+                              {u"CrewID"_s, crew2},
+                              {u"Period"_s, u"H"_s},
+                              {u"LaborEstimate"_s, 2},
+                              {u"JobNo"_s, 9}});
+    insert(u"tblServicesPart"_s,
+           {{u"ServiceID"_s, 7}, {u"PartID"_s, u"P9"_s}, {u"QuantityRequired"_s, 3}});
+    using recording::ServiceSource;
+    ASSERT_TRUE(
+        recording::AddServiceRecord({7, 7, 4711}, number, 1, ServiceSource::Catalogue, true));
+    ASSERT_TRUE(recording::AddServiceRecord({7}, number, 1, ServiceSource::Catalogue, false));
+    const db::Recordset rows =
+        gcnData->Open(u"Select * from tblWoServiceUsed where ServiceID = 7"_s);
+    ASSERT_EQ(rows.RecordCount(), 1);
+    const db::Row row = rows.current();
+    EXPECT_EQ(row.integer(u"ServiceUsedID"), 0);
+    EXPECT_EQ(row.integer(u"WorkorderNo"), number);
+    EXPECT_EQ(row.date(u"NextScheduledDate"), day(3, 15));
+    EXPECT_TRUE(row.isNull(u"LastDateScheduled"));
+    EXPECT_TRUE(row.flag(u"Completed"));
+    EXPECT_EQ(row.text(u"Period"), u"H"_s);
+    EXPECT_EQ(row.integer(u"CrewID"), crew2);
+    EXPECT_EQ(row.integer(u"JobNo"), 9);
+    const db::Recordset parts = gcnData->Open(u"Select * from tblWoPartUsed where PartID = 'P9'"_s);
+    ASSERT_EQ(parts.RecordCount(), 1);
+    EXPECT_EQ(parts.current().integer(u"ServiceUsedID"), row.integer(u"NServiceUsedID"));
+    EXPECT_EQ(parts.current().real(u"QuantityUsed"), 3);
+}
+
+TEST_F(Recording, AMachinesServiceKeepsItsSchedule)
+{
+    part(u"P5"_s, 1);
+    const qint64 id = service({{u"ServiceID"_s, 8}});
+    servicePart(id, u"P5"_s, 1);
+    using recording::ServiceSource;
+    ASSERT_TRUE(recording::AddServiceRecord({id}, number, 1, ServiceSource::Machine, false));
+    // The same catalogue service by another copy is there already.
+    ASSERT_TRUE(recording::AddServiceRecord({service({{u"ServiceID"_s, 8}})}, number, 1,
+                                            ServiceSource::Machine, false));
+    EXPECT_EQ(count(u"tblWoServiceUsed"_s, u"ServiceID = 8"_s), 1);
+    EXPECT_EQ(value(u"Select ServiceUsedID from tblWoServiceUsed where ServiceID = 8"_s), id);
+    EXPECT_EQ(count(u"tblWoPartUsed"_s, u"PartID = 'P5'"_s), 1);
+}
+
+TEST_F(Recording, RemovingAServiceTakesItsPartsAndLeavesTheOrder)
+{
+    for (const qint64 id : services)
+        ASSERT_TRUE(recording::DeleteServiceRecord(id));
+    EXPECT_EQ(count(u"tblWoServiceUsed"_s), 1);
+    EXPECT_EQ(count(u"tblWoPartUsed"_s), 1);
+    EXPECT_EQ(count(u"tblWorkorder"_s), 2);
+}
+
+TEST_F(Recording, UnscheduledOrdersComeAllOrNone)
+{
+    ASSERT_TRUE(recording::addUnscheduled({1, 1}));
+    EXPECT_EQ(count(u"tblWorkorder"_s), 4);
+    int running = 0;
+    gcnData->setObserver([&](const QString &) {
+        if (++running == 2)
+            throw base::Error(5, u"broken"_s);
+    });
+    EXPECT_FALSE(recording::addUnscheduled({1, 1}));
+    gcnData->setObserver({});
+    EXPECT_EQ(errors.take().size(), 1u);
+    EXPECT_EQ(count(u"tblWorkorder"_s), 4);
+}
+
+TEST_F(Recording, OnlyTheOrdersOfTheListAreMarkedAsPrinted)
+{
+    ASSERT_TRUE(recording::UpdatePrintColInWorkOrder({}));
+    EXPECT_EQ(count(u"tblWorkorder"_s, u"Printed <> 0"_s), 0);
+    ASSERT_TRUE(recording::UpdatePrintColInWorkOrder({number, 0}));
+    EXPECT_EQ(ofOrder(u"Printed"_s).toInt(), 1);
+    EXPECT_EQ(count(u"tblWorkorder"_s, u"Printed <> 0"_s), 1);
+}
+
+TEST_F(Recording, AnOrderIsLateByTwoLateServices)
+{
+    struct Row
+    {
+        QString yellow;
+        QString red;
+        int second; ///< day of March of the second service; the first is of the 1st, two weeks ago
+        bool late;
+    };
+    const Row rows[] = {
+        {u"7"_s, u"14"_s, 8, true},  {u"7"_s, u"14"_s, 9, false}, {u"14"_s, u"7"_s, 8, true},
+        {u"0"_s, u"14"_s, 1, false}, {u""_s, u"14"_s, 1, false},  {u"14"_s, u"14"_s, 1, true},
+    };
+    const qint64 late = order();
+    orderService(late, {{u"NextScheduledDate"_s, day(3, 1)}});
+    const qint64 second = orderService(late);
+    for (const Row &row : rows) {
+        SetOption(u"SERVICE_LATE_YELLOW"_s, row.yellow, false);
+        SetOption(u"SERVICE_LATE_RED"_s, row.red, false);
+        ASSERT_TRUE(
+            recording::UpdateWorkorderService(second, u"NextScheduledDate"_s, day(3, row.second)));
+        EXPECT_EQ(recording::ISWorkOrderLate(late, QDate(2024, 3, 15)), row.late)
+            << qPrintable(row.yellow) << ' ' << qPrintable(row.red) << ' ' << row.second;
+    }
+}
+
+TEST_F(Recording, EachStepIsWrittenAsAWholeOrNotAtAll)
+{
+    const std::function<bool()> steps[] = {
+        [&] { return recording::UpdateWorkorder(number, QDate(2024, 3, 12)); },
+        [&] { return recording::completeService(services[2]); },
+        [&] { return recording::skipService(services[1], u"Rain"_s); },
+        [&] { return recording::skipAll(number, u"Rain"_s); },
+        [&] {
+            return recording::AddPartRecord({{u"A"_s, 1, 1, 0}, {u"B"_s, 1, 1, 0}}, services[0],
+                                            false);
+        },
+        [&] { return recording::DeleteServiceRecord(services[0]); },
+    };
+    for (std::size_t step = 0; step < std::size(steps); ++step) {
+        const QString before = everything();
+        for (int failing = 1;; ++failing) {
+            int running = 0;
+            gcnData->setObserver([&](const QString &) {
+                if (++running == failing)
+                    throw base::Error(5, u"broken"_s);
+            });
+            const bool done = steps[step]();
+            gcnData->setObserver({});
+            if (done) {
+                EXPECT_GE(failing, 3) << "step " << step << " has several statements";
+                break;
+            }
+            EXPECT_EQ(errors.take().size(), 1u);
+            EXPECT_EQ(everything(), before) << "step " << step << ", statement " << failing;
+        }
+    }
+}

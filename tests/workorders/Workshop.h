@@ -1,0 +1,43 @@
+#pragma once
+
+#include "core/CompanySession.h"
+#include "support/ScriptedPrompts.h"
+
+#include <QMap>
+#include <QVariantMap>
+
+namespace test {
+
+/// A company with two crews and a few helpers that put machines, services, parts and orders into
+/// it. Today is March 15, 2024.
+class Workshop : public CompanySession
+{
+protected:
+    Workshop();
+
+    static QDateTime day(int month, int date) { return base::wallClock({2024, month, date}); }
+
+    static qint64 insert(const QString &table, const QVariantMap &values, const QString &key = {});
+    static void machine(qint64 id, const QString &unit, const QVariantMap &more = {});
+    /// A service of machine 1 due on March 10, every ten days, on any day, of crew 1; what is given
+    /// goes before.
+    qint64 service(const QVariantMap &more = {}) const;
+    static void part(const QString &id, double quantity, bool notTracked = false);
+    static void servicePart(qint64 serviceUsedID, const QString &part, double quantity);
+    /// An order of machine 1.
+    static qint64 order(const QVariantMap &more = {});
+    /// A service on an order; without "ServiceUsedID" one from the catalogue.
+    qint64 orderService(qint64 order, const QVariantMap &more = {}) const;
+    static void orderPart(qint64 nServiceUsedID, const QString &part, double quantity, bool used);
+
+    /// The only value that a query gives, Null when it gives no row.
+    static QVariant value(const QString &query, const QVariantList &parameters = {});
+    static qint64 count(const QString &table, const QString &where = {});
+    /// All rows of what the cycle writes to, as text: what must be equal after an undone step.
+    static QString everything();
+
+    qint64 crew1 = 0; ///< number 1, one employee at 20 an hour
+    qint64 crew2 = 0; ///< number 2
+};
+
+} // namespace test

@@ -1,0 +1,137 @@
+#include "workorders/Generation.h"
+#include "workorders/Posting.h"
+#include "workorders/Workshop.h"
+
+#include <gmock/gmock.h>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Two workstations at one file, in one process: the second steps in between two statements of the
+/// first, with a connection of its own in gcnData's place.
+class Workstations : public test::Workshop
+{
+protected:
+    Workstations()
+        : m_second(database.open())
+    {}
+
+    /// Runs a procedure, and within it, before the given statement, another one from the second
+    /// workstation. Returns how many statements the first had.
+    template<class First, class Second>
+    int interleaved(int before, First &&first, Second &&second)
+    {
+        int running = 0;
+        gcnData->setObserver([&](const QString &) {
+            if (++running != before)
+                return;
+            fromSecond(second);
+        });
+        first();
+        gcnData->setObserver({});
+        return running;
+    }
+    template<class Second>
+    void fromSecond(Second &&second)
+    {
+        const bool inTransaction = std::exchange(gbInTransaction, false);
+        std::swap(gcnData, m_second);
+        second();
+        std::swap(gcnData, m_second);
+        gbInTransaction = inTransaction;
+    }
+
+    std::unique_ptr<db::Connection> m_second;
+};
+
+} // namespace
+
+TEST_F(Workstations, GeneratingAtOnceDoublesNoService)
+{
+    const WorkorderFilter filter{QDate(2024, 2, 14), QDate(2024, 3, 15), {}, {}};
+    for (int i = 0; i < 3; ++i)
+        service({{u"SeparateWo"_s, i == 0 ? 1 : 0}});
+    int statements = 1;
+    for (int before = 1; before <= statements; ++before) {
+        bool first = false;
+        bool second = false;
+        QList<qint64> made;
+        statements = interleaved(
+            before, [&] { first = generation::GenerateWorkorder(filter, {1}, made); },
+            [&] { second = generation::GenerateWorkorder(filter, {1}, made); });
+        EXPECT_TRUE(first || second) << "before statement " << before;
+        EXPECT_EQ(errors.take().size(), (first && second) ? 0u : 1u);
+        EXPECT_EQ(count(u"tblWoServiceUsed"_s), 3) << "before statement " << before;
+        EXPECT_EQ(count(u"tblWorkorder"_s), 2) << "before statement " << before;
+        EXPECT_EQ(made.size(), 2);
+        gcnData->Execute(u"Delete from tblWoServiceUsed"_s);
+        gcnData->Execute(u"Delete from tblWorkorder"_s);
+    }
+    EXPECT_GT(statements, 5);
+}
+
+TEST_F(Workstations, PostingOneOrderAtOncePostsItOnce)
+{
+    const qint64 id =
+        service({{u"Period"_s, u"H"_s}, {u"RenewalOn"_s, u"S"_s}, {u"EInterval"_s, 100}});
+    part(u"P1"_s, 100);
+    double stock = 100;
+    qint64 target = 0;
+    int statements = 1;
+    for (int before = 1; before <= statements; ++before) {
+        const qint64 number = order({{u"Complete"_s, true}, {u"CompletedDate"_s, day(3, 12)}});
+        const qint64 line = orderService(number, {{u"ServiceUsedID"_s, id},
+                                                  {u"Period"_s, u"H"_s},
+                                                  {u"CountValue"_s, 7},
+                                                  {u"Completed"_s, true}});
+        orderPart(line, u"P1"_s, 1, true);
+        bool first = false;
+        bool second = false;
+        QList<qint64> orders{number};
+        QList<qint64> theirs{number};
+        statements = interleaved(
+            before, [&] { first = posting::PostWorkOrder(orders); },
+            [&] { second = posting::PostWorkOrder(theirs); });
+        EXPECT_TRUE(first || second) << "before statement " << before;
+        EXPECT_EQ(errors.take().size(), (first && second) ? 0u : 1u);
+        EXPECT_EQ(count(u"tblWOServiceUsedHistory"_s, u"ServiceUsedID = %1"_s.arg(line)), 1)
+            << "before statement " << before;
+        EXPECT_EQ(count(u"tblEquipmentCount"_s), before);
+        EXPECT_EQ(value(u"Select NextScheduledCount from tblServiceUsed"_s).toLongLong(),
+                  target += 100);
+        EXPECT_EQ(value(u"Select Quantity from tblPart"_s).toDouble(), stock -= 1);
+        EXPECT_EQ(count(u"tblWorkorder"_s) + count(u"tblWoServiceUsed"_s), 0);
+    }
+    EXPECT_GT(statements, 12);
+}
+
+TEST_F(Workstations, PostingTwoOrdersWithOnePartTakesBothFromTheStock)
+{
+    part(u"P1"_s, 100);
+    double stock = 100;
+    int statements = 1;
+    for (int before = 1; before <= statements; ++before) {
+        QList<qint64> orders[2];
+        for (QList<qint64> &each : orders) {
+            each = {order({{u"Complete"_s, true}, {u"CompletedDate"_s, day(3, 12)}})};
+            orderPart(orderService(each[0], {{u"Completed"_s, true}}), u"P1"_s, 1, true);
+        }
+        bool first = false;
+        bool second = false;
+        statements = interleaved(
+            before, [&] { first = posting::PostWorkOrder(orders[0]); },
+            [&] { second = posting::PostWorkOrder(orders[1]); });
+        const int posted = (first ? 1 : 0) + (second ? 1 : 0);
+        EXPECT_GE(posted, 1);
+        EXPECT_EQ(errors.take().size(), static_cast<std::size_t>(2 - posted));
+        EXPECT_EQ(count(u"tblWorkorder"_s), 2 - posted) << "before statement " << before;
+        EXPECT_EQ(value(u"Select Quantity from tblPart"_s).toDouble(), stock -= posted)
+            << "before statement " << before;
+        gcnData->Execute(u"Delete from tblWoPartUsed"_s);
+        gcnData->Execute(u"Delete from tblWoServiceUsed"_s);
+        gcnData->Execute(u"Delete from tblWorkorder"_s);
+    }
+    EXPECT_GT(statements, 8);
+}
