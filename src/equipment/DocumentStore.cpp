@@ -98,8 +98,8 @@ bool addDocument(qint64 EquipmentID, const QString &file)
             return false;
         try {
             store(EquipmentID, file, name);
-        } catch (const base::Error &error) {
-            if (error.number() != base::ErrorNumber::PathNotFound)
+        } catch (const base::Error &) {
+            if (QFileInfo::exists(folder(EquipmentID)))
                 throw;
             tellFolderIsGone();
             return false;

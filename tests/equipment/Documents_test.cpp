@@ -1,0 +1,109 @@
+#include "equipment/DocumentStore.h"
+
+#include "equipment/Workshop.h"
+#include "support/ScriptedPrompts.h"
+
+#include <QDir>
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Documents : public test::Workshop
+{
+protected:
+    using Icon = base::Prompts::Icon;
+    using Buttons = base::Prompts::Buttons;
+    using Answer = base::Prompts::Answer;
+
+    static void write(const QString &path, const QByteArray &content)
+    {
+        QFile made(path);
+        EXPECT_TRUE(made.open(QIODevice::WriteOnly)) << path.toStdString();
+        made.write(content);
+    }
+    /// A file that the user could choose.
+    QString file(const QString &name, const QByteArray &content) const
+    {
+        QDir().mkpath(environment.folder() + u"/chosen"_s);
+        const QString path = environment.folder() + u"/chosen/"_s + name;
+        write(path, content);
+        return path;
+    }
+    static QByteArray stored(qint64 machine, const QString &name)
+    {
+        QFile file(documents::path(machine, name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : "(none)";
+    }
+
+    test::ScriptedPrompts prompts;
+};
+
+} // namespace
+
+TEST_F(Documents, AreCopiedIntoTheMachinesFolder)
+{
+    EXPECT_TRUE(documents::addDocument(1, file(u"Bob's manual.pdf"_s, "one")));
+    EXPECT_TRUE(documents::addDocument(2, file(u"Bob's manual.pdf"_s, "two")));
+    EXPECT_EQ(documents::path(1, u"x"_s), base::applicationPath(u"\\Doc\\1\\x"_s));
+    EXPECT_EQ(stored(1, u"Bob's manual.pdf"_s), "one");
+    EXPECT_EQ(stored(2, u"Bob's manual.pdf"_s), "two");
+    EXPECT_EQ(documents::names(1).row(0).text(u"Document Name"), u"Bob's manual.pdf");
+}
+
+TEST_F(Documents, ADocumentOfThatNameIsReplacedOnlyOnYes)
+{
+    ASSERT_TRUE(documents::addDocument(1, file(u"Manual.pdf"_s, "one")));
+    // In other letters it is the same document.
+    const QString other = file(u"MANUAL.pdf"_s, "two");
+    const QString question = u"Manual.pdf already exists. Would you like to replace it."_s;
+    prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::No);
+    EXPECT_FALSE(documents::addDocument(1, other));
+    EXPECT_EQ(stored(1, u"Manual.pdf"_s), "one");
+    prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+    EXPECT_TRUE(documents::addDocument(1, other));
+    EXPECT_EQ(stored(1, u"Manual.pdf"_s), "two");
+    EXPECT_EQ(documents::names(1).RecordCount(), 1);
+    EXPECT_EQ(QDir(documents::folder(1)).entryList(QDir::Files).size(), 1);
+    // A row whose file has gone gets it back without a question.
+    documents::remove(1, u"Manual.pdf"_s);
+    EXPECT_TRUE(documents::addDocument(1, other));
+    EXPECT_EQ(stored(1, u"Manual.pdf"_s), "two");
+    EXPECT_EQ(documents::names(1).RecordCount(), 1);
+}
+
+TEST_F(Documents, WhatCantBeAddedLeavesNoRow)
+{
+    prompts.expect(u"Invalid File or Incorrect Path."_s, Icon::None);
+    EXPECT_FALSE(documents::addDocument(1, environment.folder() + u"/gone.pdf"_s));
+    // The store can't be had: a file stands where its folder should.
+    write(base::applicationPath(u"\\Doc"_s), "no folder");
+    prompts.expect(u"Folder(Doc) has been deleted by user. Please create a folder named'Doc' at "
+                   "following path "_s +
+                       QDir::toNativeSeparators(base::environment().applicationFolder),
+                   Icon::None);
+    EXPECT_FALSE(documents::addDocument(1, file(u"a.pdf"_s, "one")));
+    // The file can't be copied: a folder stands under its name.
+    QFile::remove(base::applicationPath(u"\\Doc"_s));
+    QDir().mkpath(documents::path(1, u"a.pdf"_s));
+    EXPECT_FALSE(documents::addDocument(1, file(u"a.pdf"_s, "one")));
+    EXPECT_EQ(errors.takeOne().ErrNumber, base::ErrorNumber::PathAccess);
+    EXPECT_TRUE(documents::names(1).isEmpty());
+}
+
+TEST_F(Documents, RemovingTakesTheRowThenTheFile)
+{
+    ASSERT_TRUE(documents::addDocument(1, file(u"a.pdf"_s, "one")));
+    BeginTrans();
+    EXPECT_TRUE(documents::DeleteDocumentRecord(1, u"a.pdf"_s));
+    EXPECT_FALSE(documents::exists(1, u"a.pdf"_s));
+    // The row comes back with the transaction, the file doesn't.
+    RollbackTrans();
+    EXPECT_EQ(documents::names(1).RecordCount(), 1);
+    EXPECT_FALSE(documents::DeleteDocumentRecord(1, u"a.pdf"_s));
+    const ErrorReport report = errors.takeOne();
+    EXPECT_EQ(report.ProcedureName, u"DeleteDocumentRecord");
+    EXPECT_EQ(report.ErrNumber, base::ErrorNumber::FileNotFound);
+    EXPECT_TRUE(documents::names(1).isEmpty());
+}

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "core/CompanySession.h"
+
+#include <QVariant>
+
+namespace test {
+
+/// A company with machines on which work has been posted.
+class Workshop : public CompanySession
+{
+protected:
+    static void run(const QString &statement, const QVariantList &values = {})
+    {
+        gcnData->Execute(statement, values);
+    }
+    /// The first value of a query's first row, Null without rows.
+    static QVariant value(const QString &query, const QVariantList &values = {})
+    {
+        const db::Recordset rows = gcnData->Open(query, values);
+        return rows.isEmpty() ? QVariant() : rows.value(0, 0);
+    }
+    static int count(const QString &table)
+    {
+        return value(QStringLiteral("Select count(*) as N from ") + table).toInt();
+    }
+
+    static void addMachine(qint64 id, const QString &unit)
+    {
+        run(QStringLiteral("insert into tblEquipment(EquipmentID,UnitNo,EquipmentName,Inactive) "
+                           "values(?,?,?,'0')"),
+            {id, unit, QStringLiteral("Mower ") + unit});
+    }
+    /// A posted service of order 70.
+    static void addHistory(qint64 machine, qint64 service, QDate completed,
+                           const QString &name = QStringLiteral("Oil change"))
+    {
+        run(QStringLiteral(
+                "insert into tblWOServiceUsedHistory(WorkorderNo,ServiceUsedID,"
+                "EquipmentID,ServiceName,CompleteDate,LaborEstimate,CostEstimate,[Note]) "
+                "values(70,?,?,?,?,2,30,'as found')"),
+            {service, machine, name, base::wallClock(completed)});
+    }
+    static void addPartHistory(qint64 service, const QString &part, double quantity, double price)
+    {
+        run(QStringLiteral("insert into tblWoPartHistory(ServiceusedID,partID,Description,"
+                           "QuantityUsed,Price) values(?,?,'a part',?,?)"),
+            {service, part, quantity, price});
+    }
+    /// A crew whose one counted employee costs this an hour.
+    static void addCrew(qint64 id, int number, double hourly)
+    {
+        run(QStringLiteral("insert into tblCrew(CrewID,CrewNumber,Description) values(?,?,'Crew')"),
+            {id, number});
+        run(QStringLiteral("insert into tblEmployee(EmployeeID,Crew,LaborCost,Inactive,"
+                           "IncludeWoList) values(?,?,?,'0','1')"),
+            {QString::number(id), id, hourly});
+    }
+};
+
+} // namespace test
