@@ -1,11 +1,14 @@
 #include "app/Screens.h"
 
 #include "core/ui/frmSendEmail.h"
+#include "equipment/ui/DateSheets.h"
 #include "organisation/ui/Entries.h"
 #include "parts/ui/Entries.h"
 #include "platform/help/Help.h"
 #include "reporting/ui/QuickFindEntries.h"
+#include "scheduling/ui/Entries.h"
 #include "shell/ui/ScreenEntries.h"
+#include "workorders/ui/ServiceTime.h"
 
 using namespace Qt::StringLiterals;
 
@@ -39,6 +42,22 @@ void joinParts()
     setNewRecordScreen(u"tblPart"_s, [] { showPartDetail(Mode::Add, u"0"_s); });
 }
 
+void joinScheduling()
+{
+    auto &entries = shell::screenEntries();
+    entries.add(u"mnuViewService"_s, [] { frmServicesManagerEntry::showCatalogue(); });
+    entries.add(u"mnuAddService"_s, [] { (void)showServicesDetail(Mode::Add, 0); });
+    entries.add(u"mnuRecordCount"_s, [] { ShowEquipmentReading(); });
+    joinFirstReading();
+}
+
+void joinDateSheets()
+{
+    auto &entries = shell::screenEntries();
+    entries.add(u"munInspectiondate"_s, [] { ShowInspectionDateReading(); });
+    entries.add(u"munLicenseDate"_s, [] { ShowLicenseDateReading(); });
+}
+
 } // namespace
 
 void joinScreens()
@@ -48,6 +67,9 @@ void joinScreens()
     joinQuickFinds();
     joinOrganisation();
     joinParts();
+    joinScheduling();
+    joinDateSheets();
+    joinServiceTime();
 }
 
 } // namespace app

@@ -38,7 +38,7 @@ enum class ServiceStore { Catalogue, Assigned };
 struct AssignedSchedule
 {
     qint64 EquipmentID = 0;
-    QDateTime NextScheduledDate; ///< the zero date when the service has none
+    QDateTime NextScheduledDate{}; ///< the zero date when the service has none
     qint64 NextScheduledCount = 0;
     int Inactive = 0;
 };

@@ -49,8 +49,9 @@ TEST_F(AssignmentTest, ACalendarServiceIsCopiedWholeAndDueToday)
     const db::Recordset source = gcnData->Open(u"Select * from tblServices"_s);
     for (int column = 0; column < source.columnCount(); ++column) {
         const QString name = source.columnName(column);
-        if (name != u"NextScheduledDate")
+        if (name != u"NextScheduledDate") {
             EXPECT_EQ(row[name], source.current()[column]) << qPrintable(name);
+        }
     }
 }
 

@@ -13,11 +13,11 @@ class GetNextScheduledDateTest : public test::Fleet
 protected:
     GetNextScheduledDateTest() { machine(1); }
 
-    static QVariantMap without(std::initializer_list<const char16_t *> columns)
+    static QVariantMap without(std::initializer_list<QStringView> columns)
     {
         QVariantMap values;
-        for (const char16_t *column : columns)
-            values.insert(QString(column), 0);
+        for (const QStringView column : columns)
+            values.insert(column.toString(), 0);
         return values;
     }
 };

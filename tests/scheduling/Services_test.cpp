@@ -51,7 +51,7 @@ protected:
         return assigned(row);
     }
 
-    const clsServicesManager manager;
+    clsServicesManager manager;
 };
 
 TEST_F(clsServicesManagerTest, EveryFieldComesBackFromBothStores)

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "core/ui/Modal.h"
+#include "scheduling/Fleet.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+namespace test {
+
+/// The company with a user who may do everything, and hands for its screens.
+class ScreenFleet : public Fleet
+{
+protected:
+    ScreenFleet()
+    {
+        gRights.SerAdd = gRights.SerMod = gRights.SerDel = true;
+        machine(1);
+    }
+
+    /// Shows a screen and waits until keys reach it.
+    static void open(QWidget &screen)
+    {
+        screen.show();
+        screen.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&screen));
+    }
+    static void click(const QWidget &screen, const QString &button)
+    {
+        auto &control = named<QAbstractButton>(screen, button);
+        ASSERT_TRUE(control.isVisible() && control.isEnabled()) << qPrintable(button);
+        QTest::mouseClick(&control, Qt::LeftButton);
+    }
+    /// Replaces the text of a box by typing.
+    static void type(const QWidget &screen, const QString &box, const QString &text)
+    {
+        auto &line = named<QLineEdit>(screen, box);
+        line.setFocus();
+        line.selectAll();
+        if (text.isEmpty())
+            QTest::keyClick(&line, Qt::Key_Delete);
+        else
+            QTest::keyClicks(&line, text);
+    }
+    static QString text(const QWidget &screen, const QString &box)
+    {
+        return named<QLineEdit>(screen, box).text();
+    }
+    static bool enabled(const QWidget &screen, const QString &control)
+    {
+        return named<QWidget>(screen, control).isEnabled();
+    }
+    static QString focused(const QWidget &screen)
+    {
+        const QWidget *widget = screen.focusWidget();
+        return widget ? widget->objectName() : QString();
+    }
+
+    void inform(const QString &message)
+    {
+        prompts.expect(message, base::Prompts::Icon::Information);
+    }
+    void say(const QString &message) { prompts.expect(message, base::Prompts::Icon::None); }
+    void ask(const QString &question, bool yes)
+    {
+        prompts.expect(question, base::Prompts::Icon::Question, base::Prompts::Buttons::YesNo,
+                       yes ? base::Prompts::Answer::Yes : base::Prompts::Answer::No);
+    }
+
+    static void putOnOrder(qint64 service, const QString &period = QStringLiteral("D"))
+    {
+        insert(QStringLiteral("tblWoServiceUsed"), {{QStringLiteral("ServiceUsedID"), service},
+                                                    {QStringLiteral("EquipmentID"), 1},
+                                                    {QStringLiteral("Period"), period}});
+    }
+};
+
+} // namespace test
