@@ -2,6 +2,7 @@
 
 #include "core/ui/frmSendEmail.h"
 #include "equipment/ui/DateSheets.h"
+#include "equipment/ui/Entries.h"
 #include "organisation/ui/Entries.h"
 #include "parts/ui/Entries.h"
 #include "platform/help/Help.h"
@@ -51,9 +52,15 @@ void joinScheduling()
     joinFirstReading();
 }
 
-void joinDateSheets()
+void joinEquipment()
 {
     auto &entries = shell::screenEntries();
+    entries.add(u"mnuViewEqipment"_s, [] { ShowEquipmentDetail(Mode::Browse, 0); });
+    entries.add(u"mnuAddEquipment"_s, [] { ShowEquipmentDetail(Mode::Add, 0); });
+    entries.addRecordScreen(u"frmEquipment"_s, [](const QString &key) {
+        ShowEquipmentDetail(Mode::Browse, key.toLongLong());
+    });
+    setNewRecordScreen(u"tblEquipment"_s, [] { ShowEquipmentDetail(Mode::Add, 0); });
     entries.add(u"munInspectiondate"_s, [] { ShowInspectionDateReading(); });
     entries.add(u"munLicenseDate"_s, [] { ShowLicenseDateReading(); });
 }
@@ -68,7 +75,7 @@ void joinScreens()
     joinOrganisation();
     joinParts();
     joinScheduling();
-    joinDateSheets();
+    joinEquipment();
     joinServiceTime();
 }
 

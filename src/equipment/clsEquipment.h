@@ -18,12 +18,12 @@ struct clsEquipment
     QString UnitNo;            ///< the number shown to users; unique
     QDateTime InstalledDate;   ///< zero date when not given
     QString AttachedTo;
-    qint64 SiteID = 0;        ///< 0 for none
-    qint64 LocationID = 0;    ///< of the site
-    qint64 CrewID = 0;        ///< 0 for none
-    QString Inactive;         ///< "0" or "1"
-    int LeaseOwnedLeased = 0; ///< 0 blank, 1 "Owned", 2 "Leased", 3 "Loan"
-    qint64 LeaseCompany = 0;  ///< lookup list 6
+    qint64 SiteID = 0;                      ///< 0 for none
+    qint64 LocationID = 0;                  ///< of the site
+    qint64 CrewID = 0;                      ///< 0 for none
+    QString Inactive = QStringLiteral("0"); ///< or "1"
+    int LeaseOwnedLeased = 0;               ///< 0 blank, 1 "Owned", 2 "Leased", 3 "Loan"
+    qint64 LeaseCompany = 0;                ///< lookup list 6
     QDateTime LeaseStartDate;
     QDateTime LeaseEndDate;
     qint64 LeasePeriod =

@@ -36,7 +36,6 @@ bool refuse(QWidget *field, const QString &message)
 DepreciationPage::DepreciationPage(EquipmentFrame &frame, QWidget *parent)
     : RecordPage(frame, parent)
 {
-    setObjectName(u"fraDepreciation"_s);
     buildPage();
     frame.keepLayout(grdDepreciation, grdDepreciation->objectName());
 }

@@ -13,7 +13,6 @@ using namespace Qt::StringLiterals;
 EnginePage::EnginePage(EquipmentFrame &frame, QWidget *parent)
     : RecordPage(frame, parent)
 {
-    setObjectName(u"fraEngineInfo"_s);
     buildPage();
     loadLookupList(*cboEngineMake, LookupList::EngineMake);
     loadLookupList(*cboEngineFuelType, LookupList::FuelType);

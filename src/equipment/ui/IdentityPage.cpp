@@ -43,7 +43,6 @@ bool refuse(QWidget *field, const QString &message)
 IdentityPage::IdentityPage(EquipmentFrame &frame, QWidget *parent)
     : RecordPage(frame, parent)
 {
-    setObjectName(u"fraEquipment"_s);
     buildPage();
     loadLists();
 }

@@ -26,7 +26,6 @@ constexpr int UserFieldLength = 100;
 NotesPage::NotesPage(EquipmentFrame &frame, QWidget *parent)
     : RecordPage(frame, parent)
 {
-    setObjectName(u"fraNotes"_s);
     input::FormBuilder form(this);
     QPlainTextEdit *rtfNotes = form.memoField(u"rtfNotes"_s, u"N&otes:"_s, 12);
     form.note(u"Ctrl+D inserts the date and time."_s);
@@ -38,7 +37,6 @@ NotesPage::NotesPage(EquipmentFrame &frame, QWidget *parent)
 UserFieldsPage::UserFieldsPage(EquipmentFrame &frame, QWidget *parent)
     : RecordPage(frame, parent)
 {
-    setObjectName(u"fraUserDefined"_s);
     input::FormBuilder form(this);
     for (int number = 1; number <= static_cast<int>(std::size(UserFields)); ++number) {
         QLineEdit *box = form.textField(u"txtUserDefined%1"_s.arg(number),

@@ -31,7 +31,6 @@ constexpr QStringView LoanCaptions[] = {u"Loan Company", u"Loan is for", u"Loan 
 PurchasePage::PurchasePage(EquipmentFrame &frame, QWidget *parent)
     : RecordPage(frame, parent)
 {
-    setObjectName(u"fraPurchase"_s);
     input::FormBuilder form(this);
     form.beginColumns();
     buildLease(form);

@@ -33,7 +33,6 @@ EquipmentServicePage::EquipmentServicePage(EquipmentFrame &frame, QWidget *paren
     : EquipmentPage(frame, parent)
     , m_page(new ServicePage(screenOf(frame, [this] { Q_EMIT servicesChanged(); }), this))
 {
-    setObjectName(u"fraService"_s);
     fillWith(this, m_page);
     frame.keepLayout(m_page->grid(), m_page->grid()->objectName());
 }
@@ -67,7 +66,6 @@ EquipmentCountPage::EquipmentCountPage(EquipmentFrame &frame, QWidget *parent)
     : EquipmentPage(frame, parent)
     , m_page(new CountPage(screenOf(frame, [this] { Q_EMIT readingsChanged(); }), this))
 {
-    setObjectName(u"fraCounts"_s);
     fillWith(this, m_page);
     frame.keepLayout(m_page->grid(), m_page->grid()->objectName());
 }

@@ -13,7 +13,6 @@ using namespace Qt::StringLiterals;
 VehiclePage::VehiclePage(EquipmentFrame &frame, QWidget *parent)
     : RecordPage(frame, parent)
 {
-    setObjectName(u"fraVehicleInfo"_s);
     input::FormBuilder form(this);
     form.beginColumns();
     buildLicence(form);

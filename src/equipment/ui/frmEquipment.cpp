@@ -84,27 +84,35 @@ void frmEquipment::buildForm()
         input::setCausesValidation(button, false);
 }
 
-void frmEquipment::addPage(EquipmentPage *page)
+void frmEquipment::addPage(const QString &name, EquipmentPage *page)
 {
+    page->setObjectName(name);
     m_pages.append(page);
     m_stack->addWidget(scrolled(page));
     if (auto *record = qobject_cast<RecordPage *>(page))
         m_recordPages.append(record);
 }
 
+/// In the order of the tabs.
 void frmEquipment::makePages()
 {
     m_identity = new IdentityPage(*this);
+    addPage(u"fraEquipment"_s, m_identity);
     m_services = new EquipmentServicePage(*this);
+    addPage(u"fraService"_s, m_services);
+    addPage(u"fraHistory"_s, new HistoryPage(*this));
+    addPage(u"fraNotes"_s, new NotesPage(*this));
+    addPage(u"fraUserDefined"_s, new UserFieldsPage(*this));
+    addPage(u"fraEngineInfo"_s, new EnginePage(*this));
+    addPage(u"fraVehicleInfo"_s, new VehiclePage(*this));
+    addPage(u"fraPartUsed"_s, new MachinePartsPage(*this));
+    addPage(u"fraPurchase"_s, new PurchasePage(*this));
     m_counts = new EquipmentCountPage(*this);
+    addPage(u"fraCounts"_s, m_counts);
+    addPage(u"fraImages"_s, new PicturesPage(*this));
+    addPage(u"fraDocuments"_s, new DocumentsPage(*this));
     m_depreciation = new DepreciationPage(*this);
-    // In the order of the tabs.
-    for (EquipmentPage *page : std::initializer_list<EquipmentPage *>{
-             m_identity, m_services, new HistoryPage(*this), new NotesPage(*this),
-             new UserFieldsPage(*this), new EnginePage(*this), new VehiclePage(*this),
-             new MachinePartsPage(*this), new PurchasePage(*this), m_counts,
-             new PicturesPage(*this), new DocumentsPage(*this), m_depreciation})
-        addPage(page);
+    addPage(u"fraDepreciation"_s, m_depreciation);
 }
 
 void frmEquipment::connectPages()

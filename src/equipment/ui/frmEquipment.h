@@ -54,7 +54,7 @@ protected:
 private:
     void buildForm();
     void makePages();
-    void addPage(EquipmentPage *page);
+    void addPage(const QString &name, EquipmentPage *page);
     void connectPages();
 
     /// The user asked for a page by its button or key.
