@@ -211,8 +211,9 @@ TEST_F(frmServicesTest, WhatCanBeEditedFollowsFromTheKindOfSchedule)
         frmServices screen(ServiceStore::Assigned);
         show(screen, Mode::Browse, assigned(test.row));
         const std::pair<char, QStringList> groups[] = {
-            {'D', {u"chkMon"_s, u"cmdMarkAllDays"_s, u"chkFirst"_s, u"cmdAllWeeks"_s, u"chkJan"_s,
-                   u"cmdMOY"_s}},
+            {'D',
+             {u"chkMon"_s, u"cmdMarkAllDays"_s, u"chkFirst"_s, u"cmdAllWeeks"_s, u"chkJan"_s,
+              u"cmdMOY"_s}},
             {'M', {u"chkUseDayoftheMonth"_s, u"cboDOM1"_s, u"cboDOM5"_s, u"cmdClearAll"_s}},
             {'I', {u"RRSpin1"_s, u"cboRenewalPeriod"_s}},
             {'R', {u"OptWOC"_s, u"OptSOS"_s, u"OptDSA"_s}},
@@ -230,8 +231,8 @@ TEST_F(frmServicesTest, WithoutTheRightToModifyItOnlyShows)
     frmServices screen(ServiceStore::Catalogue);
     show(screen, Mode::Browse, catalogue(50));
     EXPECT_TRUE(named<QLineEdit>(screen, u"txtName"_s).isReadOnly());
-    for (const QString &control : {u"cboCrew"_s, u"RRSpin1"_s, u"chkMon"_s, u"OptDSA"_s,
-                                   u"cmdAddPart"_s, u"cmdUpdate"_s})
+    for (const QString &control :
+         {u"cboCrew"_s, u"RRSpin1"_s, u"chkMon"_s, u"OptDSA"_s, u"cmdAddPart"_s, u"cmdUpdate"_s})
         EXPECT_FALSE(enabled(screen, control)) << qPrintable(control);
     type(screen, u"txtName"_s, u"Other"_s);
     EXPECT_EQ(screen.mode(), Mode::Browse);

@@ -1,0 +1,217 @@
+#include "scheduling/ui/ServicePage.h"
+
+#include "platform/grid/GridView.h"
+#include "scheduling/ui/ScreenFleet.h"
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using test::named;
+
+class ServicePageTest : public test::ScreenFleet
+{
+protected:
+    ServicePageTest()
+        : page({.isBrowsing = [this] { return browsing; },
+                .firstEdit =
+                    [this] {
+                        browsing = false;
+                        BeginTrans();
+                    },
+                .save =
+                    [this] {
+                        browsing = true;
+                        CommitTrans();
+                        return true;
+                    },
+                .cancel =
+                    [this] {
+                        browsing = true;
+                        RollbackTrans();
+                    },
+                .refreshOthers = [this] { ++refreshed; }})
+    {}
+
+    /// Shows the page with one service.
+    void show(const QVariantMap &row)
+    {
+        service = assigned(row);
+        page.RefreshServiceGrid(1);
+        open(page);
+    }
+    bool edit(const QString &column, const QVariant &newValue)
+    {
+        grid::GridModel &rows = page.grid()->rows();
+        return rows.edit(0, rows.columnIndex(column), newValue);
+    }
+    bool mayEdit(const QString &column)
+    {
+        grid::GridModel &rows = page.grid()->rows();
+        return rows.mayEdit(0, rows.columnIndex(column));
+    }
+    [[nodiscard]] QVariant stored(const QString &column) const
+    {
+        return value(u"Select %1 from tblServiceUsed where ServiceUsedID = ?"_s.arg(column),
+                     {service});
+    }
+
+    ServicePage page;
+    bool browsing = true;
+    int refreshed = 0;
+    qint64 service = 0;
+};
+
+TEST_F(ServicePageTest, OnlyTheCellThatTheScheduleGoesByIsEdited)
+{
+    struct Case
+    {
+        QString period;
+        bool count, date;
+    };
+    for (const Case &test :
+         {Case{u"D"_s, false, true}, Case{u"W"_s, false, true}, Case{u"M"_s, false, true},
+          Case{u"Y"_s, false, true}, Case{u"H"_s, true, false}, Case{u"K"_s, true, false},
+          Case{u"I"_s, true, false}, Case{u"C"_s, true, true}}) {
+        gcnData->Execute(u"Delete from tblServiceUsed"_s);
+        show({{u"Period"_s, test.period}});
+        EXPECT_EQ(mayEdit(u"Next Count"_s), test.count) << qPrintable(test.period);
+        EXPECT_EQ(mayEdit(u"Next Schedule"_s), test.date) << qPrintable(test.period);
+        EXPECT_TRUE(mayEdit(u"Interval"_s));
+        EXPECT_FALSE(mayEdit(u"Name"_s));
+    }
+    page.setMayEdit(false);
+    EXPECT_FALSE(page.grid()->editing());
+    EXPECT_FALSE(enabled(page, u"cmdAddNewService"_s));
+    EXPECT_TRUE(enabled(page, u"cmdSelectService"_s));
+}
+
+TEST_F(ServicePageTest, CrewAndHoursMoveTheLabourCost)
+{
+    const qint64 second =
+        insert(u"tblCrew"_s, {{u"CrewNumber"_s, 8}, {u"Description"_s, u"Trees"_s}}, u"CrewID"_s);
+    insert(u"tblEmployee"_s, {{u"EmployeeID"_s, u"E2"_s},
+                              {u"Crew"_s, second},
+                              {u"LaborCost"_s, 30},
+                              {u"Inactive"_s, 0},
+                              {u"IncludeWoList"_s, 1}});
+    show({});
+    EXPECT_EQ(page.grid()->rows().text(0, u"Service Crew"), u"7   Mowing"_s);
+    EXPECT_TRUE(edit(u"Service Crew"_s, second));
+    EXPECT_FALSE(browsing);
+    EXPECT_EQ(stored(u"CrewID"_s), second);
+    EXPECT_EQ(stored(u"CostEstimate"_s).toDouble(), 45);
+    EXPECT_EQ(page.grid()->rows().text(0, u"Labor Cost"), u"$45.00"_s);
+    EXPECT_TRUE(edit(u"Budgeted Hrs"_s, 2.0));
+    EXPECT_EQ(stored(u"LaborEstimate"_s).toDouble(), 2);
+    EXPECT_EQ(stored(u"CostEstimate"_s).toDouble(), 60);
+    EXPECT_TRUE(edit(u"Labor Cost"_s, 12.5));
+    EXPECT_EQ(stored(u"CostEstimate"_s).toDouble(), 12.5);
+    EXPECT_TRUE(edit(u"Interval"_s, 30));
+    EXPECT_EQ(stored(u"Einterval"_s), 30);
+    EXPECT_FALSE(edit(u"Interval"_s, QVariant()));
+    EXPECT_EQ(stored(u"Einterval"_s), 30);
+}
+
+TEST_F(ServicePageTest, ANextDateMovesOnwardOnly)
+{
+    show({});
+    say(u"Next Schedule Date should be greater than or equal to current date"_s);
+    EXPECT_FALSE(edit(u"Next Schedule"_s, day(3, 14)));
+    EXPECT_TRUE(page.grid()->rows().value(0, u"Next Schedule").isNull());
+    EXPECT_TRUE(edit(u"Next Schedule"_s, day(3, 15)));
+    EXPECT_EQ(stored(u"NextScheduledDate"_s), day(3, 15));
+    for (const QVariant &refused : {QVariant(day(3, 14)), QVariant()}) {
+        say(u"Next Schedule Date should be greater than old date"_s);
+        EXPECT_FALSE(edit(u"Next Schedule"_s, refused));
+    }
+    EXPECT_EQ(stored(u"NextScheduledDate"_s), day(3, 15));
+
+    // A date that is past already may move to another past one.
+    gcnData->Execute(u"Update tblServiceUsed set NextScheduledDate = #01-01-2024#"_s);
+    page.RefreshServiceGrid();
+    EXPECT_TRUE(edit(u"Next Schedule"_s, day(1, 2)));
+    putOnOrder(service);
+    ask(u"This service is already assigned to a work order. Changing this date will not remove it "
+        "from the work order.If you are using the \"Reschedule Based on Service Original "
+        "Scheduled\" changing the date will change when the service on the work order will be "
+        "rescheduled\" Are you sure you want to do this \"Yes\" \"No\""_s,
+        false);
+    EXPECT_FALSE(edit(u"Next Schedule"_s, day(5, 5)));
+    EXPECT_EQ(stored(u"NextScheduledDate"_s), day(1, 2));
+}
+
+TEST_F(ServicePageTest, ANextCountThatTheMeterHasReachedBringsTheReadingsDate)
+{
+    reading(1, u"Hours"_s, day(3, 3), 500);
+    show({{u"Period"_s, u"H"_s}, {u"NextScheduledCount"_s, 600}});
+    say(u"Count value shouldn't be less then or equal to 0"_s);
+    EXPECT_FALSE(edit(u"Next Count"_s, QVariant()));
+    EXPECT_TRUE(edit(u"Next Count"_s, 501));
+    EXPECT_TRUE(stored(u"NextScheduledDate"_s).isNull());
+    EXPECT_TRUE(edit(u"Next Count"_s, 500));
+    EXPECT_EQ(stored(u"NextScheduledDate"_s), day(3, 3));
+    EXPECT_EQ(page.grid()->rows().text(0, u"Next Schedule"), u"03/03/2024"_s);
+    putOnOrder(service, u"H"_s);
+    ask(u"This service is already assigned to a work order. Changing this Count will not remove it "
+        "from the work order.If you are using the \"Reschedule Based on Service Original Scheduled "
+        "or Work Order Completion\" changing the count will change when the service on the work "
+        "order will be rescheduled\" Are you sure you want to do this \"Yes\" \"No\""_s,
+        false);
+    EXPECT_FALSE(edit(u"Next Count"_s, 700));
+    EXPECT_EQ(stored(u"NextScheduledCount"_s), 500);
+}
+
+TEST_F(ServicePageTest, AddsFromTheCatalogueWhatTheMachineLacks)
+{
+    catalogue(100);
+    catalogue(101, {{u"Name"_s, u"New one"_s}});
+    show({{u"ServiceID"_s, 100}});
+    test::onNextModal([](QWidget &list) {
+        auto &grid = named<grid::GridView>(list, u"grdServices"_s);
+        ASSERT_EQ(grid.rows().rowCount(), 1) << "what the machine has is left out";
+        grid.setFocus();
+        QTest::keyClick(&grid, Qt::Key_Space);
+        click(list, u"cmdSelect"_s);
+    });
+    click(page, u"cmdAddNewService"_s);
+    EXPECT_EQ(page.grid()->rows().rowCount(), 2);
+    EXPECT_EQ(value(u"Select NextScheduledDate from tblServiceUsed where ServiceID = 101"_s),
+              day(3, 15));
+    EXPECT_TRUE(browsing) << "adding saves the machine";
+    EXPECT_FALSE(gbInTransaction);
+    EXPECT_EQ(refreshed, 1);
+}
+
+TEST_F(ServicePageTest, OpensAServiceAfterSavingTheMachine)
+{
+    show({});
+    EXPECT_TRUE(edit(u"Interval"_s, 30));
+    EXPECT_TRUE(gbInTransaction);
+    test::onNextModal([](QWidget &screen) {
+        EXPECT_FALSE(gbInTransaction);
+        click(screen, u"ChkSeparateWO"_s);
+        click(screen, u"cmdUpdate"_s);
+        click(screen, u"cmdExit"_s);
+    });
+    click(page, u"cmdSelectService"_s);
+    EXPECT_EQ(stored(u"SeparateWo"_s), 1);
+    EXPECT_EQ(stored(u"Einterval"_s), 30);
+}
+
+TEST_F(ServicePageTest, RemovesAServiceUndoneByTheMachinesCancel)
+{
+    show({});
+    putOnOrder(service);
+    ask(u"Are you sure you want to delete this service?"_s, false);
+    click(page, u"cmdRemoveService"_s);
+    EXPECT_EQ(count(u"tblServiceUsed"_s), 1);
+    ask(u"Are you sure you want to delete this service?"_s, true);
+    click(page, u"cmdRemoveService"_s);
+    EXPECT_FALSE(page.hasContent());
+    EXPECT_FALSE(enabled(page, u"cmdRemoveService"_s));
+    EXPECT_EQ(count(u"tblWoServiceUsed"_s), 1);
+    RollbackTrans();
+    EXPECT_EQ(count(u"tblServiceUsed"_s), 1);
+}
+
+} // namespace
