@@ -15,11 +15,11 @@ struct clsEmployee
     QString Lastname;
     QString InitialName;
     QDateTime BirthDate;
-    QString Gender; ///< "0" blank, "1" male, "2" female
+    QString Gender = QStringLiteral("0"); ///< "0" blank, "1" male, "2" female
     QString Address;
     QString City;
-    QString State;   ///< an item of the country's states
-    QString Country; ///< an item of list 1
+    QString State = QStringLiteral("0");   ///< an item of the country's states
+    QString Country = QStringLiteral("0"); ///< an item of list 1
     QString Zip;
     QString Phone; ///< masked "(###) ###-####", as the next two
     QString CellPhone;
@@ -31,10 +31,10 @@ struct clsEmployee
     QString Skills;
     qint64 Crew = 0;
     qint64 EmpPosition = 0;
-    double LaborCost = 0;  ///< per hour, what the employee costs
-    double LaborRate = 0;  ///< per hour, what the employee is charged out at
-    QString Inactive;      ///< "0" or "1"
-    QString IncludeWoList; ///< "0" or "1": counts in the crew's average
+    double LaborCost = 0;                        ///< per hour, what the employee costs
+    double LaborRate = 0;                        ///< per hour, what the employee is charged out at
+    QString Inactive = QStringLiteral("0");      ///< "0" or "1"
+    QString IncludeWoList = QStringLiteral("0"); ///< "0" or "1": counts in the crew's average
 
     bool operator==(const clsEmployee &) const = default;
     [[nodiscard]] static clsEmployee fromRow(const db::Row &row);

@@ -12,7 +12,7 @@ struct clsSite
     QString SiteName;
     QString Address;
     QString City;
-    QString StateID; ///< an item of a state list; empty reads as none
+    QString StateID = QStringLiteral("0"); ///< an item of a state list, "0" for none
     QString Zip;
 
     bool operator==(const clsSite &) const = default;

@@ -13,6 +13,8 @@
 #include <QScopedValueRollback>
 #include <QToolButton>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 QString RecordScreen::showRecord(Mode mode, const QVariant &key)
@@ -82,7 +84,6 @@ void RecordScreen::setListGrid(grid::GridView *grid)
 {
     m_grid = grid;
     grid->setEditing(false);
-    adoptGrid(grid, grid->objectName());
     connect(grid, &grid::GridView::currentRowChanged, this, [this](int row) {
         if (!m_following && row >= 0 && mode() == Mode::Browse)
             moveTo(row);
@@ -110,6 +111,9 @@ void RecordScreen::RefreshRecordSet(const QVariant &key)
                 model.column(name).visible = false;
         }
         model.columnsChanged();
+        // Not before all columns are there, since a stored layout names the hidden ones too.
+        if (!std::exchange(m_gridIsAdopted, true))
+            adoptGrid(m_grid, m_grid->objectName());
     }
     const QString wanted = base::toText(key);
     if (wanted.isEmpty() ||

@@ -129,6 +129,7 @@ private:
     db::Recordset m_rows;
     QList<QWidget *> m_dataControls;
     grid::GridView *m_grid = nullptr;
+    bool m_gridIsAdopted = false;
     bool m_following = false; ///< the grid is being moved by the screen
     bool Rights::*m_addRight = nullptr;
     bool Rights::*m_modifyRight = nullptr;

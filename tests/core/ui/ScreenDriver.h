@@ -70,9 +70,10 @@ public:
     [[nodiscard]] bool isShown(const char *name) const { return control(name).isVisible(); }
     [[nodiscard]] bool isEnabled(const char *name) const { return control(name).isEnabled(); }
     [[nodiscard]] bool isOpen() const { return m_screen.isVisible(); }
-    /// The name of the control that has the focus.
+    /// The name of the control that has the focus, once what was pressed has taken effect.
     [[nodiscard]] std::string focused() const
     {
+        QCoreApplication::processEvents();
         const QWidget *focus = m_screen.focusWidget();
         return focus ? focus->objectName().toStdString() : std::string();
     }

@@ -1,0 +1,206 @@
+#include "organisation/MasterSession.h"
+#include "organisation/ui/Entries.h"
+#include "platform/grid/GridView.h"
+
+using namespace Qt::StringLiterals;
+using test::inScreen;
+using test::ScreenDriver;
+
+namespace {
+
+class MasterScreens : public test::MasterSession
+{
+protected:
+    static qint64 addCrew(int number)
+    {
+        return insert(
+            u"Insert into tblCrew(CrewNumber,Description) values(%1,'Crew %1')"_s.arg(number),
+            u"CrewID"_s);
+    }
+    static qint64 addSite(const QString &name)
+    {
+        return insert(u"Insert into tblSite(SiteName) values('%1')"_s.arg(name), u"SiteID"_s);
+    }
+};
+
+} // namespace
+
+TEST_F(MasterScreens, ACrewNeedsANumberOfItsOwnAndADescription)
+{
+    addCrew(1);
+    addCrew(2);
+    inScreen([] { ShowCrewDetail(Mode::Add, 0); },
+             [this](const ScreenDriver &screen) {
+                 EXPECT_EQ(screen.focused(), "txtCrewNumber");
+                 expectRefusal(screen, "cmdUpdate", u"Crew Number should not be blank."_s,
+                               "txtCrewNumber");
+                 screen.type("txtCrewNumber", u"a2-"_s);
+                 EXPECT_EQ(screen.text("txtCrewNumber"), u"2"_s);
+                 expectRefusal(screen, "cmdUpdate", u"Description should not be blank."_s,
+                               "txtDescription");
+                 screen.type("txtDescription", u"O'Neil's crew"_s);
+                 expectRefusal(screen, "cmdUpdate",
+                               u"Crew Number you specified already exists. Please enter a "
+                               "different Crew Number."_s,
+                               "txtCrewNumber");
+                 screen.type("txtCrewNumber", u"3"_s);
+                 screen.press("cmdUpdate");
+                 // The new key isn't read back, so the first crew is shown.
+                 EXPECT_EQ(screen.text("txtCrewNumber"), u"1"_s);
+                 EXPECT_EQ(screen.control<grid::GridView>("grdCrew").rows().rowCount(), 3);
+                 screen.press("cmdExit");
+             });
+    EXPECT_EQ(value(u"Select Description from tblCrew where CrewNumber = 3"_s), u"O'Neil's crew"_s);
+}
+
+TEST_F(MasterScreens, RenumberingAUsedCrewAsksBecauseItReachesAllItsUsers)
+{
+    const qint64 crew = addCrew(1);
+    gcnData->Execute(u"Insert into tblServiceUsed(CrewID) values(%1)"_s.arg(crew));
+    const qint64 free = addCrew(2);
+    const QString question =
+        u"This will change 1 for all your ServiceUsed. Do you want to do this?"_s;
+    inScreen([&] { ShowCrewDetail(Mode::Browse, crew); },
+             [&](const ScreenDriver &screen) {
+                 screen.type("txtCrewNumber", u"5"_s);
+                 expectQuestion(question, Answer::No);
+                 screen.press("cmdUpdate");
+                 EXPECT_EQ(screen.text("txtCrewNumber"), u"1"_s);
+                 EXPECT_EQ(screen.focused(), "txtCrewNumber");
+                 EXPECT_TRUE(screen.isShown("cmdCancel"));
+                 screen.type("txtCrewNumber", u"5"_s);
+                 expectQuestion(question, Answer::Yes);
+                 screen.press("cmdUpdate");
+                 EXPECT_EQ(screen.text("txtCrewNumber"), u"5"_s);
+                 expectDeletion(Answer::Yes);
+                 prompts.expect(u"Deletion not allowed. Record is being used in ServiceUsed."_s,
+                                Icon::Information);
+                 screen.press("cmdDelete");
+                 screen.press("cmdNext");
+                 screen.type("txtCrewNumber", u"6"_s);
+                 screen.press("cmdUpdate");
+                 expectDeletion(Answer::Yes);
+                 screen.press("cmdDelete");
+                 screen.press("cmdExit");
+             });
+    EXPECT_EQ(value(u"Select CrewNumber from tblCrew where CrewID = %1"_s.arg(crew)), u"5"_s);
+    EXPECT_EQ(GetRecordCount(u"tblCrew"_s, u"CrewID = %1"_s.arg(free)), 0);
+}
+
+TEST_F(MasterScreens, ASiteIsNamedByThePlaceThatUsesItWithoutItsPrefix)
+{
+    const qint64 site = addSite(u"North Yard"_s);
+    gcnData->Execute(u"Insert into tblEmployee(EmployeeID,Site) values('E1',%1)"_s.arg(site));
+    inScreen([&] { showSiteDetail(Mode::Browse, site); },
+             [&](const ScreenDriver &screen) {
+                 screen.type("txtSiteName", {});
+                 expectRefusal(screen, "cmdUpdate", u"Site Name should not be blank."_s,
+                               "txtSiteName");
+                 screen.type("txtSiteName", u"South Yard"_s);
+                 screen.type("txtZip", u"5?06 A1"_s);
+                 EXPECT_EQ(screen.text("txtZip"), u"506 A1"_s);
+                 screen.type("txtZip", {});
+                 screen.choose("cboState", u"IA"_s);
+                 expectQuestion(u"This will change North Yard for all your Employee. Do you want "
+                                "to do this?"_s,
+                                Answer::Yes);
+                 screen.press("cmdUpdate");
+                 EXPECT_EQ(screen.text("txtZip"), u"0"_s);
+                 EXPECT_EQ(screen.text("cboState"), u"IA"_s);
+                 gcnData->Execute(
+                     u"Insert into tblLocation(LocationName,Site) values('Shed',%1)"_s.arg(site));
+                 expectDeletion(Answer::Yes);
+                 prompts.expect(u"Deletion not allowed. Record is being used in Location."_s,
+                                Icon::Information);
+                 screen.press("cmdDelete");
+                 screen.press("cmdExit");
+             });
+    EXPECT_EQ(value(u"Select SiteName from tblSite"_s), u"South Yard"_s);
+}
+
+TEST_F(MasterScreens, AStateThatIsThereNoMoreIsToldAndTheSiteIsShown)
+{
+    gcnData->Execute(u"Insert into tblSite(SiteName,StateID) values('Lost',987654)"_s);
+    prompts.expect(u"One of lookup item has been deleted\nmanually from database"_s, Icon::None);
+    inScreen([] { showSiteDetail(Mode::Browse, 0); },
+             [](const ScreenDriver &screen) {
+                 EXPECT_EQ(screen.text("txtSiteName"), u"Lost"_s);
+                 EXPECT_EQ(screen.text("cboState"), QString());
+                 screen.press("cmdExit");
+             });
+}
+
+TEST_F(MasterScreens, ALocationNeedsANameAndASite)
+{
+    const qint64 site = addSite(u"North Yard"_s);
+    inScreen(
+        [] { ShowLocationDetail(Mode::Add, 0); },
+        [&](const ScreenDriver &screen) {
+            EXPECT_EQ(screen.text("txtLocationID"), u"0"_s);
+            expectRefusal(screen, "cmdUpdate", u"Location Name should not be blank."_s,
+                          "txtLocationName");
+            screen.type("txtLocationName", u"Shed A"_s);
+            expectRefusal(screen, "cmdUpdate", u"Site Name should not be blank."_s, "cboSite");
+            screen.choose("cboSite", u"North Yard"_s);
+            screen.press("cmdUpdate");
+            EXPECT_EQ(screen.text("txtLocationName"), u"Shed A"_s);
+            EXPECT_FALSE(
+                screen.control<grid::GridView>("grdLocation").rows().column(u"LocationID").visible);
+            // A machine stands there.
+            gcnData->Execute(u"Insert into tblEquipment(EquipmentID,LocationID) values(1,%1)"_s.arg(
+                screen.text("txtLocationID")));
+            screen.type("txtLocationName", u"Shed B"_s);
+            expectQuestion(u"This will change Shed A for all your Equipment. Do you want to "
+                           "do this?"_s,
+                           Answer::No);
+            screen.press("cmdUpdate");
+            EXPECT_EQ(screen.text("txtLocationName"), u"Shed A"_s);
+            screen.press("cmdCancel");
+            screen.press("cmdExit");
+        });
+    EXPECT_EQ(value(u"Select Site from tblLocation"_s), QString::number(site));
+}
+
+TEST_F(MasterScreens, ASiteAddedFromTheLocationCanBeChosenThere)
+{
+    addSite(u"North Yard"_s);
+    inScreen([] { ShowLocationDetail(Mode::Add, 0); },
+             [&](const ScreenDriver &screen) {
+                 screen.choose("cboSite", u"North Yard"_s);
+                 test::onNextModal([](QWidget &window) {
+                     const ScreenDriver site(window);
+                     site.press("cmdAdd");
+                     site.type("txtSiteName", u"West Yard"_s);
+                     site.press("cmdUpdate");
+                     site.press("cmdExit");
+                 });
+                 screen.press("cmdSite");
+                 EXPECT_EQ(screen.text("cboSite"), u"North Yard"_s);
+                 screen.choose("cboSite", u"West Yard"_s);
+                 screen.press("cmdCancel");
+                 screen.press("cmdExit");
+             });
+}
+
+TEST_F(MasterScreens, ANewCostCenterIsShownAfterSaving)
+{
+    gcnData->Execute(u"Insert into tblCostCenter(Description) values('Repairs')"_s);
+    inScreen([] { ShowCostCenterDetail(Mode::Add, 0); },
+             [&](const ScreenDriver &screen) {
+                 expectRefusal(screen, "cmdUpdate", u"Description should not be blank."_s,
+                               "txtDescription");
+                 screen.type("txtDescription", u"Repairs"_s); // a name may stand twice
+                 screen.type("txtBudget", {});
+                 screen.press("cmdUpdate");
+                 EXPECT_EQ(screen.control<grid::GridView>("grdCostCenter").currentRow(), 1);
+                 gcnData->Execute(u"Insert into tblServices(ServiceID,CostCenterID) values(1,2)"_s);
+                 screen.type("txtBudget", u"1250.5"_s);
+                 screen.press("cmdUpdate"); // the budget is no name
+                 expectDeletion(Answer::Yes);
+                 prompts.expect(u"Deletion not allowed. Record is being used in Services."_s,
+                                Icon::Information);
+                 screen.press("cmdDelete");
+                 screen.press("cmdExit");
+             });
+    EXPECT_EQ(value(u"Select Budget from tblCostCenter where CostCenterID = 2"_s), u"1250.5"_s);
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "core/CompanySession.h"
+#include "core/General.h"
+#include "core/ui/ScreenDriver.h"
+#include "support/ScriptedPrompts.h"
+
+namespace test {
+
+/// A session for screens of master data, with boxes that answer from a script.
+class MasterSession : public CompanySession
+{
+protected:
+    using Icon = base::Prompts::Icon;
+    using Buttons = base::Prompts::Buttons;
+    using Answer = base::Prompts::Answer;
+
+    /// Expects a question with Yes and No.
+    void expectQuestion(const QString &text, Answer answer)
+    {
+        prompts.expect(text, Icon::Question, Buttons::YesNo, answer);
+    }
+    void expectDeletion(Answer answer)
+    {
+        expectQuestion(QStringLiteral("Are you sure you want to Delete this record?"), answer);
+    }
+    /// Presses a button that ends in a refusal: its message, and the control that has the focus
+    /// then.
+    void expectRefusal(const ScreenDriver &screen, const char *button, const QString &message,
+                       const char *focus, Icon icon = Icon::Information)
+    {
+        prompts.expect(message, icon);
+        screen.press(button);
+        EXPECT_EQ(screen.focused(), focus);
+    }
+    static qint64 insert(const QString &statement, const QString &key)
+    {
+        return gcnData->Insert(statement, {}, key);
+    }
+    static QString value(const QString &statement)
+    {
+        const db::Recordset rows = gcnData->Open(statement);
+        return rows.isEmpty() ? QStringLiteral("no row") : rows.current().text(rows.columnName(0));
+    }
+
+    ScriptedPrompts prompts;
+};
+
+} // namespace test

@@ -1,0 +1,122 @@
+#include "core/ui/ScreenCalls.h"
+#include "organisation/MasterSession.h"
+#include "organisation/ui/Entries.h"
+
+using namespace Qt::StringLiterals;
+using test::inScreen;
+using test::ScreenDriver;
+
+namespace {
+
+class Suppliers : public test::MasterSession
+{
+protected:
+    ~Suppliers() override { screenCalls() = {}; }
+    static void addSupplier(int id, const QString &name)
+    {
+        gcnData->Execute(u"Insert into tblSupplier(SupplierID,Name,Notes) values(%1,'%2','')"_s.arg(
+            QString::number(id), name));
+    }
+};
+
+} // namespace
+
+TEST_F(Suppliers, ANewOneTakesTheNextNumberAndNeedsAName)
+{
+    addSupplier(4, u"Tool Barn"_s);
+    inScreen([] { ShowSupplierDetail(Mode::Add, 0); },
+             [this](const ScreenDriver &screen) {
+                 EXPECT_EQ(screen.text("txtSupplierID"), u"5"_s);
+                 EXPECT_EQ(screen.text("txtFax"), u"(   )    -    "_s);
+                 EXPECT_EQ(screen.focused(), "txtName");
+                 expectRefusal(screen, "cmdUpdate", u"Supplier Name should not be blank."_s,
+                               "txtName", Icon::None);
+                 screen.type("txtName", u"Tool Barn"_s); // names may be alike
+                 screen.type("txtTax", u"42-a1"_s);
+                 screen.type("txtCreditLimit", u"1500"_s);
+                 screen.choose("cboState", u"IA"_s);
+                 screen.type("txtPhone", u"3195550124"_s);
+                 screen.press("cmdUpdate");
+                 EXPECT_EQ(screen.text("txtSupplierID"), u"5"_s);
+                 EXPECT_EQ(screen.text("txtTax"), u"421"_s);
+                 EXPECT_EQ(screen.text("txtCreditLimit"), u"1500.00"_s);
+                 EXPECT_EQ(screen.text("cboState"), u"IA"_s);
+                 EXPECT_EQ(screen.text("txtPhone"), u"(319) 555-0124"_s);
+                 screen.press("cmdExit");
+             });
+}
+
+TEST_F(Suppliers, AnUnfinishedPhoneNumberIsNotLeft)
+{
+    addSupplier(1, u"Tool Barn"_s);
+    inScreen([] { ShowSupplierDetail(Mode::Browse, 1); },
+             [this](const ScreenDriver &screen) {
+                 screen.type("txtPhone", u"319"_s);
+                 prompts.expect(u"Invalid phone No"_s, Icon::Information);
+                 QTest::keyClick(&screen.control("txtPhone"), Qt::Key_Tab);
+                 EXPECT_EQ(screen.focused(), "txtPhone");
+                 screen.type("txtPhone", {});
+                 screen.type("txtFax", u"31955"_s);
+                 prompts.expect(u"Invalid fax No"_s, Icon::Information);
+                 QTest::mouseClick(&screen.control("txtName"), Qt::LeftButton);
+                 EXPECT_EQ(screen.focused(), "txtFax");
+                 screen.press("cmdCancel"); // which throws the number away
+                 screen.press("cmdExit");
+             });
+}
+
+TEST_F(Suppliers, CtrlDStampsTheNotesAtTheCaret)
+{
+    addSupplier(1, u"Tool Barn"_s);
+    inScreen([] { ShowSupplierDetail(Mode::Browse, 1); },
+             [](const ScreenDriver &screen) {
+                 screen.type("txtNotes", u"called "_s);
+                 auto &notes = screen.control<QPlainTextEdit>("txtNotes");
+                 QTest::keyClick(&notes, Qt::Key_D, Qt::ControlModifier);
+                 QTest::keyClicks(&notes, u"!"_s);
+                 EXPECT_EQ(notes.toPlainText(), u"called 3/15/2024 9:30 AM!"_s);
+                 screen.press("cmdUpdate");
+                 screen.press("cmdExit");
+             });
+    EXPECT_EQ(value(u"Select Notes from tblSupplier"_s), u"called 3/15/2024 9:30 AM!"_s);
+}
+
+TEST_F(Suppliers, AUsedOneStays)
+{
+    addSupplier(1, u"Tool Barn"_s);
+    gcnData->Execute(u"Insert into tblPart(PartID,SupplierID) values('P1',1)"_s);
+    inScreen([] { ShowSupplierDetail(Mode::Browse, 1); },
+             [this](const ScreenDriver &screen) {
+                 expectDeletion(Answer::Yes);
+                 prompts.expect(u"Deletion not allowed. Record is being used in Part."_s,
+                                Icon::Information);
+                 screen.press("cmdDelete");
+                 gcnData->Execute(u"Delete from tblPart"_s);
+                 expectDeletion(Answer::Yes);
+                 screen.press("cmdDelete");
+                 EXPECT_EQ(screen.text("txtName"), QString());
+                 screen.press("cmdExit");
+             });
+}
+
+TEST_F(Suppliers, FindGoesToTheSupplierThatWasFound)
+{
+    addSupplier(1, u"Tool Barn"_s);
+    addSupplier(2, u"Belt World"_s);
+    QString answer;
+    screenCalls().ShowQuickFind = [&](const ScreenCalls::QuickFind &asked) {
+        EXPECT_EQ(asked.field, u"Name"_s);
+        EXPECT_EQ(asked.table, u"tblSupplier"_s);
+        return answer;
+    };
+    inScreen([] { ShowSupplierDetail(Mode::Browse, 1); },
+             [&](const ScreenDriver &screen) {
+                 EXPECT_FALSE(screen.isEnabled("cmdPrint")) << "there is no such report";
+                 screen.press("cmdFind");
+                 EXPECT_EQ(screen.text("txtName"), u"Tool Barn"_s);
+                 answer = u"2"_s;
+                 screen.press("cmdFind");
+                 EXPECT_EQ(screen.text("txtName"), u"Belt World"_s);
+                 screen.press("cmdExit");
+             });
+}
