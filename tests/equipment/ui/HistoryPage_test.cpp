@@ -1,0 +1,264 @@
+#include "equipment/ui/HistoryPage.h"
+
+#include "core/General.h"
+#include "core/ui/ScreenCalls.h"
+#include "equipment/ui/PageFrame.h"
+#include "platform/input/DateInput.h"
+
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class HistoryPages : public test::PageTest
+{
+protected:
+    HistoryPages()
+    {
+        addMachine(1, u"M1"_s);
+        addHistory(1, 11, {2024, 1, 10});
+        addHistory(1, 12, {2024, 3, 1}, u"Blades"_s);
+        addPartHistory(11, u"F-1"_s, 2, 3.25);
+        SetOption(u"EqDateFrom"_s, u"01/01/2024"_s, true);
+    }
+    ~HistoryPages() override { screenCalls() = {}; }
+
+    HistoryPage &show()
+    {
+        auto &page = frame.show<HistoryPage>(1);
+        services().selectRow(0);
+        return page;
+    }
+    grid::GridView &services() { return control<grid::GridView>(u"grdServiceHistory"_s); }
+    grid::GridView &parts() { return control<grid::GridView>(u"grdPartHistory"_s); }
+    QPlainTextEdit &note() { return control<QPlainTextEdit>(u"txtNote"_s); }
+    QString shown(const QString &column, int row = 0)
+    {
+        return services().rows().text(row, column);
+    }
+    static QVariant stored(const QString &column, qint64 service = 11)
+    {
+        return value(
+            u"Select %1 from tblWOServiceUsedHistory where ServiceUsedID = ?"_s.arg(column),
+            {service});
+    }
+};
+
+} // namespace
+
+TEST_F(HistoryPages, ShowARowWithItsPartsCostAndNote)
+{
+    show();
+    EXPECT_EQ(services().rows().rowCount(), 2);
+    EXPECT_TRUE(frame.page->hasContent());
+    EXPECT_EQ(shown(u"Part Cost"_s), u"$6.50");
+    EXPECT_EQ(shown(u"Part Cost"_s, 1), u"$0.00");
+    EXPECT_EQ(parts().rows().rowCount(), 1);
+    EXPECT_EQ(note().toPlainText(), u"as found");
+    services().selectRow(1);
+    EXPECT_EQ(parts().rows().rowCount(), 0);
+    EXPECT_EQ(frame.layouts, (QStringList{u"grdServiceHistory"_s, u"grdPartHistory"_s}));
+    EXPECT_EQ(frame.mode, Mode::Browse);
+    frame.page->showMachine(0);
+    EXPECT_FALSE(frame.page->hasContent());
+    EXPECT_EQ(note().toPlainText(), QString());
+    EXPECT_FALSE(control<QPushButton>(u"cmdDeleteHistory"_s).isEnabled());
+}
+
+TEST_F(HistoryPages, ACorrectionIsWrittenAtOnceAndUndoneByCancel)
+{
+    show();
+    prompts.expect(u"Changing the count will not effect the schedule"_s, Icon::None);
+    type(services(), 0, u"Count"_s, u"450"_s);
+    EXPECT_EQ(frame.mode, Mode::Modify);
+    EXPECT_EQ(stored(u"CountValue"_s).toInt(), 450);
+    prompts.expect(u"Changing the date will not adjust the schedule"_s, Icon::None);
+    type(services(), 0, u"Date"_s, u"01/12/2024"_s);
+    EXPECT_EQ(stored(u"CompleteDate"_s).toDateTime(), base::wallClock({2024, 1, 12}));
+    type(services(), 0, u"Labor Cost"_s, u"44.5"_s);
+    EXPECT_EQ(stored(u"CostEstimate"_s).toDouble(), 44.5);
+    type(services(), 0, u"Labor Cost"_s, {});
+    EXPECT_TRUE(stored(u"CostEstimate"_s).isNull());
+    frame.cancelEdit();
+    EXPECT_TRUE(stored(u"CountValue"_s).isNull());
+    EXPECT_EQ(shown(u"Date"_s), u"01/10/2024");
+    EXPECT_EQ(shown(u"Labor Cost"_s), u"$30.00");
+}
+
+TEST_F(HistoryPages, AnotherCrewPricesTheBudgetedHours)
+{
+    addCrew(5, 12, 20.25);
+    show();
+    grid::GridModel &rows = services().rows();
+    EXPECT_TRUE(rows.edit(0, rows.columnIndex(u"Service Crew"), 5));
+    EXPECT_EQ(shown(u"Service Crew"_s), u"12   Crew");
+    EXPECT_EQ(shown(u"Labor Cost"_s), u"$40.50");
+    EXPECT_EQ(stored(u"CrewNumber"_s).toInt(), 12);
+    EXPECT_EQ(stored(u"CostEstimate"_s).toDouble(), 40.5);
+}
+
+TEST_F(HistoryPages, TimesThatCantBeAreRefusedAndTheOldOnesStay)
+{
+    show();
+    EXPECT_EQ(shown(u"StartTime"_s), u"00:00");
+    prompts.expect(u"Start Time Shouln't be Blank"_s, Icon::None);
+    type(services(), 0, u"EndTime"_s, u"10:00"_s);
+    type(services(), 0, u"StartTime"_s, u"9:00 pm"_s);
+    EXPECT_EQ(shown(u"StartTime"_s), u"09:00 PM");
+    EXPECT_EQ(stored(u"StartTime"_s).toString(), u"21:00");
+    prompts.expect(u"End Time should be greater than Start Time"_s, Icon::None);
+    type(services(), 0, u"EndTime"_s, u"20:00"_s);
+    EXPECT_TRUE(stored(u"EndTime"_s).isNull());
+    type(services(), 0, u"EndTime"_s, u"22:15"_s);
+    EXPECT_EQ(stored(u"Workhrs"_s).toString(), u"1:15");
+    EXPECT_EQ(shown(u"WorkHrs"_s), u"1:15");
+    prompts.expect(u"Start Time should be less than End Time"_s, Icon::None);
+    type(services(), 0, u"StartTime"_s, u"22:15"_s);
+    EXPECT_EQ(shown(u"StartTime"_s), u"09:00 PM");
+    prompts.expect(u"Work Hrs should be greater than 10 Minutes."_s, Icon::None);
+    type(services(), 0, u"WorkHrs"_s, u"0:10"_s);
+    EXPECT_EQ(stored(u"Workhrs"_s).toString(), u"1:15");
+    type(services(), 0, u"WorkHrs"_s, u"2:00"_s);
+    EXPECT_EQ(stored(u"Workhrs"_s).toString(), u"2:00");
+}
+
+TEST_F(HistoryPages, AClickOnATimeOpensItsEntryAndLoadsTheRowAgain)
+{
+    ScreenCalls::ServiceTimes asked;
+    int calls = 0;
+    screenCalls().ShowServiceTimeForm = [&](const ScreenCalls::ServiceTimes &times) {
+        ++calls;
+        asked = times;
+        times.beforeWrite();
+        run(u"update tblWOServiceUsedHistory set StartTime = '08:00' where ServiceUsedID = 12"_s);
+        return true;
+    };
+    show();
+    const auto clickCell = [this](int row, const QString &column) {
+        services().selectCell(row, column);
+        QTest::mouseClick(services().viewport(), Qt::LeftButton, {},
+                          services().cellRect(row, column).center());
+    };
+    clickCell(1, u"Service Name"_s);
+    EXPECT_EQ(calls, 0);
+    clickCell(1, u"EndTime"_s);
+    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(asked.id, 12);
+    EXPECT_EQ(asked.start, u"00:00");
+    EXPECT_EQ(asked.table, u"tblWOServiceUsedHistory");
+    EXPECT_EQ(frame.mode, Mode::Modify);
+    EXPECT_EQ(shown(u"StartTime"_s, 1), u"08:00 AM");
+    EXPECT_EQ(services().currentRow(), 1);
+    frame.page->setEditable(false);
+    clickCell(0, u"EndTime"_s);
+    EXPECT_EQ(calls, 1);
+}
+
+TEST_F(HistoryPages, PartsAreCorrectedWithoutTouchingTheStock)
+{
+    run(u"insert into tblPart(PartID,Description,Quantity) values('F-1','Filter',8)"_s);
+    show();
+    prompts.expect(u"This will not adjust the quantity on hand for the inventory. You will "
+                   "manually need to adjust this if needed."_s,
+                   Icon::None);
+    type(parts(), 0, u"Qty Used"_s, u"4"_s);
+    EXPECT_EQ(shown(u"Part Cost"_s), u"$13.00");
+    type(parts(), 0, u"Price"_s, u"1.10"_s);
+    EXPECT_EQ(shown(u"Part Cost"_s), u"$4.40");
+    // The same number again is no change, so there is no message.
+    type(parts(), 0, u"Qty Used"_s, u"4.0"_s);
+    type(parts(), 0, u"Price"_s, {});
+    EXPECT_EQ(parts().rows().text(0, u"Price"), u"$0.00");
+    EXPECT_EQ(value(u"Select Price from tblWoPartHistory"_s).toDouble(), 0);
+    EXPECT_EQ(value(u"Select Quantity from tblPart"_s).toDouble(), 8);
+}
+
+TEST_F(HistoryPages, TheNoteIsWrittenWhenItIsLeft)
+{
+    show();
+    note().setFocus();
+    note().selectAll();
+    QTest::keyClicks(&note(), u"it's worn"_s);
+    EXPECT_EQ(frame.mode, Mode::Modify);
+    EXPECT_EQ(stored(u"[Note]"_s).toString(), u"as found");
+    services().setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(stored(u"[Note]"_s).toString(), u"it's worn");
+    // By another row, by Save, and not by Cancel.
+    note().setPlainText(u"two"_s);
+    services().selectRow(1);
+    EXPECT_EQ(stored(u"[Note]"_s).toString(), u"two");
+    EXPECT_EQ(stored(u"[Note]"_s, 12).toString(), u"as found");
+    note().setPlainText(u"three"_s);
+    EXPECT_TRUE(frame.save());
+    EXPECT_EQ(stored(u"[Note]"_s, 12).toString(), u"three");
+    note().setPlainText(u"four"_s);
+    frame.cancelEdit();
+    EXPECT_EQ(note().toPlainText(), u"three");
+    EXPECT_EQ(stored(u"[Note]"_s, 12).toString(), u"three");
+}
+
+TEST_F(HistoryPages, DeletingAsksAndIsUndoneByCancel)
+{
+    show();
+    const QString question = u"Are you sure you want to Delete this record? history"_s;
+    prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::No);
+    click(u"cmdDeleteHistory"_s);
+    EXPECT_EQ(frame.mode, Mode::Browse);
+    prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+    click(u"cmdDeleteHistory"_s);
+    EXPECT_EQ(services().rows().rowCount(), 1);
+    EXPECT_EQ(count(u"tblWoPartHistory"_s), 0);
+    EXPECT_EQ(frame.changes, 1);
+    frame.cancelEdit();
+    EXPECT_EQ(services().rows().rowCount(), 2);
+}
+
+TEST_F(HistoryPages, TheRangeGoesBackWhenItRunsBackwards)
+{
+    show();
+    auto &from = control<input::DateInput>(u"datEqDateFrom"_s);
+    auto &to = control<input::DateInput>(u"datEqDateTo"_s);
+    EXPECT_EQ(from.date(), QDate(2024, 1, 1));
+    EXPECT_EQ(to.date(), QDate(2024, 3, 15));
+    to.setFocus();
+    to.setDate(QDate(2023, 12, 31));
+    prompts.expect(u"Date To should not be less than to Date From"_s, Icon::None);
+    services().setFocus(Qt::TabFocusReason);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(to.date(), QDate(2024, 3, 15));
+    EXPECT_TRUE(to.hasFocus());
+
+    to.setDate(QDate(2024, 2, 1));
+    click(u"cmdRefresh"_s);
+    EXPECT_EQ(services().rows().rowCount(), 1);
+    frame.page->closing();
+    EXPECT_EQ(GetOption(u"EqDateTo"_s, true), u"02/01/2024");
+}
+
+TEST_F(HistoryPages, RefreshingWhileEditingSavesFirst)
+{
+    show();
+    frame.beginEdit();
+    const QString question =
+        u"You must be save record for refreshing the service history records."_s;
+    prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::No);
+    click(u"cmdRefresh"_s);
+    EXPECT_EQ(frame.saves, 0);
+    prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+    click(u"cmdRefresh"_s);
+    EXPECT_EQ(frame.saves, 1);
+    EXPECT_EQ(frame.mode, Mode::Browse);
+}
+
+TEST_F(HistoryPages, ALockedPageCanOnlyBeRead)
+{
+    show();
+    frame.page->setEditable(false);
+    EXPECT_FALSE(services().editCell(0, u"Count"));
+    EXPECT_FALSE(parts().editCell(0, u"Price"));
+    EXPECT_TRUE(note().isReadOnly());
+    EXPECT_FALSE(control<QPushButton>(u"cmdDeleteHistory"_s).isEnabled());
+    EXPECT_TRUE(control<QPushButton>(u"cmdRefresh"_s).isEnabled());
+}
