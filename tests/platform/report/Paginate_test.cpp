@@ -57,7 +57,7 @@ Rows numbers(int count)
 {
     QList<QVariantList> rows;
     for (int number = 1; number <= count; ++number)
-        rows.append({number});
+        rows.append(QVariantList{number});
     return {{u"N"_s}, rows};
 }
 
@@ -78,16 +78,14 @@ constexpr auto detailN = R"(<band kind="detail" height="5mm"><field content="N"/
 
 TEST(Paginate, EverythingStandsAtItsPlace)
 {
-    const Layout layout =
-        smallLayout(R"(
+    const Layout layout = smallLayout(R"x(
         <band kind="reportHeader" height="6mm"><text name="lblCompanyName" width="80mm" content="?"/></band>
         <band kind="pageHeader" height="5mm"><text content="Part"/><line y="5mm" width="60mm" height="0mm"/></band>
         <band kind="detail" height="5mm"><box width="60mm" height="5mm" fill="#eeeeee"/>
           <field x="1mm" content="Part"/><field x="31mm" content="Price" format="$0.00" align="right"/></band>
-        <band kind="reportFooter" height="5mm"><field x="31mm" content="sum(Price)" format =
-                        "$0.00" / > </ band><band kind = "pageFooter" height = "4mm">
-                        <text content = "Page {PageNumber} of {TotalPages}" /></ band>) ");
-        const Rows rows({u"Part"_s, u"Price"_s}, {{u"Oil"_s, 2.5}, {u"Belt"_s, 10}});
+        <band kind="reportFooter" height="5mm"><field x="31mm" content="sum(Price)" format="$0.00"/></band>
+        <band kind="pageFooter" height="4mm"><text content="Page {PageNumber} of {TotalPages}"/></band>)x");
+    const Rows rows({u"Part"_s, u"Price"_s}, {{u"Oil"_s, 2.5}, {u"Belt"_s, 10}});
     Inputs inputs;
     inputs.texts.insert(u"LBLCOMPANYNAME"_s, u"Green {Acres}"_s);
     EXPECT_EQ(pagesText(layout, rows, inputs).toStdString(), R"(page 1
@@ -131,32 +129,28 @@ TEST(Paginate, APageHoldsWhatFitsAboveItsFooter)
 
 TEST(Paginate, GroupsToThreeLevelsTotalEachForItself)
 {
-    const Layout layout = layoutOf(
-        R"(<report version="1">
+    const Layout layout = layoutOf(R"x(<report version="1">
         <group name="site" by="Site"/><group name="crew" by="Crew"/><group name="unit" by="Unit"/>
         <band kind="groupHeader" group="site"><field content="'S' &amp; Site"/></band>
         <band kind="groupHeader" group="crew"><field content="'C' &amp; Crew"/></band>
         <band kind="groupHeader" group="unit"><field content="'U' &amp; Unit"/></band>
-        <band kind="detail"><field content="Cost &amp; '=' &amp; sum(Cost, 'unit') &amp; '+' &amp; sum(Cost)" /
-        > </ band><band kind = "groupFooter" group = "unit">
-        <field content = "'u' &amp; sum(Cost)" /></ band><band kind = "groupFooter" group = "crew">
-        <field content = "'c' &amp; sum(Cost) &amp; 'n' &amp; count(*)" /></ band>
-        <band kind = "groupFooter" group = "site">
-        <field content = "'s' &amp; Site &amp; sum(Cost) &amp; 'x' &amp; max(Cost)" /></ band>
-        <band kind = "reportFooter">
-        <field content = "'r' &amp; sum(Cost) &amp; 'a' &amp; avg(Cost)" /></ band></ report>) ");
-        const Rows rows({u"Site"_s, u"Crew"_s, u"Unit"_s, u"Cost"_s}, {{u"A"_s, 1, 1, 1},
-                                                                       {u"A"_s, 1, 1, 2},
-                                                                       {u"A"_s, 1, 2, 4},
-                                                                       {u"a"_s, 2, 2, 8},
-                                                                       {u"B"_s, 2, 2, 16},
-                                                                       {QVariant(), 2, 2, 9}});
+        <band kind="detail"><field content="Cost &amp; '=' &amp; sum(Cost, 'unit') &amp; '+' &amp; sum(Cost)"/></band>
+        <band kind="groupFooter" group="unit"><field content="'u' &amp; sum(Cost)"/></band>
+        <band kind="groupFooter" group="crew"><field content="'c' &amp; sum(Cost) &amp; 'n' &amp; count(*)"/></band>
+        <band kind="groupFooter" group="site"><field content="'s' &amp; Site &amp; sum(Cost) &amp; 'x' &amp; max(Cost)"/></band>
+        <band kind="reportFooter"><field width="80mm" content="'r' &amp; sum(Cost) &amp; 'a' &amp; avg(Cost)"/></band>
+        </report>)x");
+    const Rows rows({u"Site"_s, u"Crew"_s, u"Unit"_s, u"Cost"_s}, {{u"A"_s, 1, 1, 1},
+                                                                   {u"A"_s, 1, 1, 2},
+                                                                   {u"A"_s, 1, 2, 4},
+                                                                   {u"a"_s, 2, 2, 8},
+                                                                   {u"B"_s, 2, 2, 16},
+                                                                   {QVariant(), 2, 2, 9}});
     EXPECT_EQ(pageWords(layout, rows), "SA C1 U1 1=1+1 2=3+3 u3 U2 4=4+7 u4 c7n3 "
                                        "C2 U2 8=8+15 u8 c8n1 sa15x8 "
                                        "SB C2 U2 16=16+31 u16 c16n1 sB16x16 "
                                        "S C2 U2 9=9+40 u9 c9n1 s9x9 "
-                                       "r40a6.666666666666667" +
-                                           std::string());
+                                       "r40a6.66666666666667");
 }
 
 TEST(Paginate, TotalsOfPagesCountOnlyWhatStandsOnThem)
@@ -173,10 +167,10 @@ TEST(Paginate, TotalsOfPagesCountOnlyWhatStandsOnThem)
 
 TEST(Paginate, KeptGroupsMoveToTheNextPageWhole)
 {
-    const QByteArray bands = R"(
+    const QByteArray bands = R"x(
            <band kind="groupHeader" group="g" height="5mm"><field content="A"/></band>
            <band kind="detail" height="5mm"><field content="B"/></band>
-           <band kind="groupFooter" group="g" height="5mm"><field content="'t' &amp; count(*)"/></band>)";
+           <band kind="groupFooter" group="g" height="5mm"><field content="'t' &amp; count(*)"/></band>)x";
     const Layout kept = smallLayout(R"(<group name="g" by="A" keepTogether="yes"/>)" + bands);
     EXPECT_EQ(pageWords(kept, lettered({u"a 1"_s, u"a 2"_s, u"b 1"_s, u"c 1"_s, u"c 2"_s})),
               "a 1 2 t2 / b 1 t1 / c 1 2 t2");
@@ -377,11 +371,10 @@ TEST(Paginate, KnowsTheDayAndTheRow)
 TEST(Paginate, ProblemsAreToldOnceAndTheRestPrints)
 {
     const Layout layout = smallLayout(
-        R"(<band kind="detail" height="5mm"><field content="N"/><field content="Colour"/>
-             <field name="lblSum" content="sum(N,"/><field content="sum(N, 'nobody')" /
-        > <picture content = "missing.png" /><barCode content = "'&#x4e2d;'" />
-        <text content = "open {N" /></ band>) ");
-        QStringList problems;
+        R"x(<band kind="detail" height="5mm"><field content="N"/><field content="Colour"/>
+             <field name="lblSum" content="sum(N,"/><field content="sum(N, 'nobody')"/>
+             <picture content="missing.png"/><barCode content="'&#x4e2d;'"/><text content="open {N"/></band>)x");
+    QStringList problems;
     const QList<Page> pages = allPages(layout, numbers(3), {}, &problems);
     EXPECT_TRUE(words(pages[0]).startsWith(u"1"));
     EXPECT_EQ(problems.size(), 6) << problems.join(u'\n').toStdString();
@@ -464,14 +457,14 @@ TEST(FlowText, BreaksBetweenWordsAndWithinLongOnes)
 TEST(Tabulate, GivesBandsWithoutPages)
 {
     const Layout layout = smallLayout(
-        R"(<group name="g" by="A"/>
+        R"x(<group name="g" by="A"/>
            <band kind="reportHeader"><text content="Title"/></band>
            <band kind="pageHeader"><text content="Head"/></band>
            <band kind="groupHeader" group="g"><field content="A"/></band>
            <band kind="detail"><field content="B" hideRepeated="yes"/><line/></band>
-           <band kind="groupFooter" group="g"><field content="count(*)" format =
-            "0.0" / > </ band><band kind = "pageFooter"><text content = "Foot" /></ band>) ");
-        QStringList lines;
+           <band kind="groupFooter" group="g"><field content="count(*)" format="0.0"/></band>
+           <band kind="pageFooter"><text content="Foot"/></band>)x");
+    QStringList lines;
     const Outcome outcome =
         tabulate(layout, lettered({u"a x"_s, u"a x"_s, u"b x"_s}), {}, [&](const TableBand &band) {
             for (const TableCell &cell : band.cells)

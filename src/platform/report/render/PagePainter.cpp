@@ -1,0 +1,105 @@
+#include "platform/report/render/PagePainter.h"
+
+#include "platform/report/paginate/TextFlow.h"
+
+#include <QPainter>
+
+namespace report {
+namespace {
+
+/// Of the pictures that are kept decoded.
+constexpr qsizetype MaximumPictureBytes = 64 * 1024 * 1024;
+
+void drawBorder(const Border &border, const QRect &frame, QPainter &painter)
+{
+    if (border.isNone())
+        return;
+    painter.setPen(QPen(border.color, border.width, Qt::SolidLine, Qt::SquareCap));
+    const int right = frame.x() + frame.width();
+    const int bottom = frame.y() + frame.height();
+    if (border.left)
+        painter.drawLine(frame.x(), frame.y(), frame.x(), bottom);
+    if (border.top)
+        painter.drawLine(frame.x(), frame.y(), right, frame.y());
+    if (border.right)
+        painter.drawLine(right, frame.y(), right, bottom);
+    if (border.bottom)
+        painter.drawLine(frame.x(), bottom, right, bottom);
+}
+
+} // namespace
+
+PagePainter::PagePainter()
+    : m_pictures(MaximumPictureBytes)
+{}
+
+void PagePainter::paint(const Page &page, QPainter &painter)
+{
+    for (const PageItem &item : page.items)
+        std::visit([&](const auto &one) { draw(one, painter); }, item);
+}
+
+void PagePainter::draw(const TextItem &item, QPainter &painter)
+{
+    if (item.style.fill.isValid())
+        painter.fillRect(item.frame, item.style.fill);
+    painter.setFont(measuringFont(item.style.font));
+    painter.setPen(item.style.color);
+    for (const TextLine &line : item.lines)
+        if (!line.text.isEmpty())
+            painter.drawText(QPointF(line.x, line.baseline), line.text);
+    drawBorder(item.style.border, item.frame, painter);
+}
+
+void PagePainter::draw(const LineItem &item, QPainter &painter)
+{
+    painter.setPen(QPen(item.color, item.width, Qt::SolidLine, Qt::FlatCap));
+    painter.drawLine(item.from, item.to);
+}
+
+void PagePainter::draw(const BoxItem &item, QPainter &painter)
+{
+    if (item.fill.isValid())
+        painter.fillRect(item.frame, item.fill);
+    if (item.lineWidth <= 0)
+        return;
+    painter.setPen(QPen(item.color, item.lineWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(item.frame);
+}
+
+void PagePainter::draw(const PictureItem &item, QPainter &painter)
+{
+    const QImage image = picture(item.data);
+    if (!image.isNull())
+        painter.drawImage(pictureFrame(item, image.size()), image);
+}
+
+void PagePainter::draw(const BarCodeItem &item, QPainter &painter)
+{
+    // Softened edges would change the widths that a reader measures.
+    const bool soft = painter.testRenderHint(QPainter::Antialiasing);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    for (const QRect &bar : item.bars)
+        painter.fillRect(bar, Qt::black);
+    painter.setRenderHint(QPainter::Antialiasing, soft);
+}
+
+QImage PagePainter::picture(const QByteArray &data)
+{
+    if (const QImage *known = m_pictures.object(data))
+        return *known;
+    const QImage image = QImage::fromData(data);
+    m_pictures.insert(data, new QImage(image), qMax<qsizetype>(1, image.sizeInBytes()));
+    return image;
+}
+
+QRect pictureFrame(const PictureItem &item, QSize size)
+{
+    const QSize fitting = size.scaled(item.frame.size(), Qt::KeepAspectRatio);
+    const int room = item.frame.width() - fitting.width();
+    const int shift = item.align == Align::Left ? 0 : item.align == Align::Center ? room / 2 : room;
+    return {item.frame.topLeft() + QPoint(shift, 0), fitting};
+}
+
+} // namespace report

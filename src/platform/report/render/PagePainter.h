@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/report/paginate/PageDocument.h"
+
+#include <QCache>
+#include <QImage>
+
+class QPainter;
+
+namespace report {
+
+/// Draws pages onto whatever a painter paints on. One unit of the painter is 1/100 mm. Kept over
+/// many pages, it reads each picture once.
+class PagePainter
+{
+public:
+    PagePainter();
+    void paint(const Page &page, QPainter &painter);
+
+private:
+    void draw(const TextItem &item, QPainter &painter);
+    void draw(const LineItem &item, QPainter &painter);
+    void draw(const BoxItem &item, QPainter &painter);
+    void draw(const PictureItem &item, QPainter &painter);
+    void draw(const BarCodeItem &item, QPainter &painter);
+    [[nodiscard]] QImage picture(const QByteArray &data);
+
+    QCache<QByteArray, QImage> m_pictures;
+};
+
+/// Where a picture of this size stands in its frame: as large as fits, at the left, middle or
+/// right.
+[[nodiscard]] QRect pictureFrame(const PictureItem &item, QSize size);
+
+} // namespace report
