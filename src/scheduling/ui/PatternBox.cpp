@@ -104,7 +104,7 @@ void PatternBox::makeDayOfMonthRow(QGridLayout *layout, int row)
     }
     line->addStretch();
     layout->addWidget(m_domRow, row, 2, 1, ButtonColumn - 2);
-    cmdClearAll = new QPushButton(theme::icon(u"clear-all"_s), u"C&lear All"_s, this);
+    cmdClearAll = new QPushButton(theme::icon(u"clear-all"_s), u"Cle&ar All"_s, this);
     cmdClearAll->setObjectName(u"cmdClearAll"_s);
     cmdClearAll->setAutoDefault(false);
     layout->addWidget(cmdClearAll, row, ButtonColumn);

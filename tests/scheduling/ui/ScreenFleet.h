@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/ui/Modal.h"
+#include "core/ui/Screen.h"
 #include "scheduling/Fleet.h"
 
 #include <QLineEdit>
@@ -31,6 +32,12 @@ protected:
         auto &control = named<QAbstractButton>(screen, button);
         ASSERT_TRUE(control.isVisible() && control.isEnabled()) << qPrintable(button);
         QTest::mouseClick(&control, Qt::LeftButton);
+    }
+    /// Presses Save by its key, which takes the moment in which the button shows itself pressed.
+    static void saveByKey(const Screen &screen)
+    {
+        QTest::keyClick(screen.focusWidget(), Qt::Key_S, Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return screen.mode() == Mode::Browse; }, 2000));
     }
     /// Replaces the text of a box by typing.
     static void type(const QWidget &screen, const QString &box, const QString &text)
