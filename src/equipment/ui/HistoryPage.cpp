@@ -15,6 +15,7 @@
 
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 
 using namespace Qt::StringLiterals;
@@ -22,7 +23,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr const char *Module = "Equipment";
-constexpr int RowsToSee = 5; // of the lower half
+constexpr int LeastRows = 5; // of the lower half
+constexpr int MostRows = 9;
 const QString TimeFormat = u"hh:mm AMPM"_s;
 const QString NoTime = u"00:00"_s;
 const QString AmountMask = u"{0,9999999}.{0,99}"_s;
@@ -83,7 +85,7 @@ void HistoryPage::buildPage()
     form.beginRow(u"Work completed"_s);
     datFrom = form.dateField(u"datEqDateFrom"_s, u"from"_s);
     datTo = form.dateField(u"datEqDateTo"_s, u"to"_s);
-    cmdRefresh = form.inlineButton(u"cmdRefresh"_s, u"&Refresh"_s, theme::icon(u"refresh"_s));
+    cmdRefresh = form.inlineButton(u"cmdRefresh"_s, u"Refres&h"_s, theme::icon(u"refresh"_s));
     cmdDeleteHistory =
         form.inlineButton(u"cmdDeleteHistory"_s, u"Delete Histor&y"_s, theme::icon(u"delete"_s));
     form.endRow();
@@ -105,9 +107,11 @@ void HistoryPage::buildPage()
     form.endGroup();
     form.endColumns();
     form.finish();
-    const int lowHeight = fontMetrics().height() * RowsToSee;
-    grdPartHistory->setMinimumHeight(lowHeight);
-    txtNote->setMinimumHeight(lowHeight);
+    // What room there is goes to the services.
+    for (QWidget *low : std::initializer_list<QWidget *>{grdPartHistory, txtNote}) {
+        low->setMinimumHeight(fontMetrics().height() * LeastRows);
+        low->setMaximumHeight(fontMetrics().height() * MostRows);
+    }
     setFocusProxy(grdServiceHistory);
 }
 
@@ -159,6 +163,7 @@ void HistoryPage::buildServiceGrid()
          {.name = u"Skip"_s, .width = 42, .locked = true},
          {.name = u"Count"_s, .width = 70, .editable = true, .mask = u"{0,9999999}"_s},
          {.name = u"SupplierName"_s, .caption = u"Supplier"_s, .width = 120, .locked = true}});
+    grdServiceHistory->rows().editRule = [this](int, const QString &) { return !m_enteringTime; };
     grdServiceHistory->rows().changeRule = [this](int row, const QString &column,
                                                   const QVariant &value) {
         return grdServiceHistory_Change(row, column, value);
@@ -442,6 +447,8 @@ void HistoryPage::showServiceTime(int row, const QString &column)
         const QString time = rows.value(row, name).toString();
         return time.isEmpty() ? NoTime : time;
     };
+    // The click may be about to edit the cell as well, which must not happen under the entry.
+    const QScopedValueRollback entering(m_enteringTime, true);
     if (screenCalls().ShowServiceTimeForm({.id = serviceOf(row),
                                            .start = timeIn(u"StartTime"),
                                            .end = timeIn(u"EndTime"),

@@ -31,7 +31,7 @@ MachinePartsPage::MachinePartsPage(EquipmentFrame &frame, QWidget *parent)
                             {.name = u"Extended Cost"_s, .width = 120, .format = u"$0.00"_s}});
     form.widget(grdPart, true);
     form.beginRow();
-    cmdAddNewPart = form.inlineButton(u"cmdAddNewPart"_s, u"Add &Part"_s, theme::icon(u"add"_s));
+    cmdAddNewPart = form.inlineButton(u"cmdAddNewPart"_s, u"Add Par&t"_s, theme::icon(u"add"_s));
     cmdRemovePart =
         form.inlineButton(u"cmdRemovePart"_s, u"Re&move Part"_s, theme::icon(u"delete"_s));
     form.endRow();

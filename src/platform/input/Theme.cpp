@@ -49,6 +49,8 @@ void applyToGrid(QAbstractItemView *grid)
     colors.setColor(QPalette::HighlightedText, selectionTextColor());
     grid->setPalette(colors);
     grid->setAlternatingRowColors(true);
+    // Inside a group it would take that one's bold title font.
+    grid->setFont(QApplication::font(grid));
 }
 
 void applyTo(QWidget *control)

@@ -1,0 +1,138 @@
+#include "workorders/ui/frmServiceTime.h"
+
+#include "core/CompanySession.h"
+#include "platform/input/TimeInput.h"
+#include "support/ScriptedPrompts.h"
+
+#include <QPushButton>
+#include <QTest>
+#include <QTimeEdit>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class ServiceTimes : public test::CompanySession
+{
+protected:
+    ServiceTimes()
+    {
+        gcnData->Execute(
+            u"insert into tblCrew(CrewID,CrewNumber,Description) values(5,12,'Crew')"_s);
+        gcnData->Execute(u"insert into tblEmployee(EmployeeID,Crew,LaborCost,Inactive,"
+                         "IncludeWoList) values('1',5,20,'0','1')"_s);
+        gcnData->Execute(
+            u"insert into tblWoServiceUsed(WorkorderNo,Name,CrewID) values(1,'a',5)"_s);
+        gcnData->Execute(
+            u"insert into tblWOServiceUsedHistory(WorkorderNo,ServiceUsedID,CrewID) values(1,77,5)"_s);
+    }
+    void show(const ScreenCalls::ServiceTimes &times)
+    {
+        screen = std::make_unique<frmServiceTime>(times);
+        screen->show();
+        screen->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(screen.get()));
+        start().setFocus();
+    }
+    template<class Control>
+    Control &named(const QString &name)
+    {
+        return *screen->findChild<Control *>(name);
+    }
+    input::TimeInput &start() { return named<input::TimeInput>(u"timeStart"_s); }
+    input::TimeInput &end() { return named<input::TimeInput>(u"timeEnd"_s); }
+    QTimeEdit &hours() { return named<QTimeEdit>(u"datWorkhrs"_s); }
+    static void type(input::TimeInput &box, const QString &text)
+    {
+        box.setFocus();
+        box.selectAll();
+        QTest::keyClick(&box, Qt::Key_Delete);
+        QTest::keyClicks(&box, text);
+    }
+    static db::Row row(const QString &table)
+    {
+        return gcnData->Open(u"Select * from "_s + table).row(0);
+    }
+
+    test::ScriptedPrompts prompts;
+    std::unique_ptr<frmServiceTime> screen;
+};
+
+} // namespace
+
+TEST_F(ServiceTimes, HoursFollowFromTheTimes)
+{
+    show({.id = 1, .start = u"08:05"_s, .end = u"13:30"_s, .workHours = u"1:20"_s});
+    EXPECT_EQ(start().text(), u"08:05A");
+    EXPECT_EQ(end().text(), u"01:30P");
+    EXPECT_EQ(hours().time(), QTime(1, 20));
+    type(end(), u"12:00P"_s);
+    QTest::keyClick(&end(), Qt::Key_Tab);
+    EXPECT_EQ(hours().time(), QTime(3, 55));
+    // An end before the start becomes the start.
+    type(start(), u"01:15P"_s);
+    QTest::keyClick(&start(), Qt::Key_Tab);
+    EXPECT_EQ(end().text(), u"01:15P");
+    EXPECT_EQ(hours().time(), QTime(0, 0));
+}
+
+TEST_F(ServiceTimes, WithoutAStartTheEndAndTheHoursStay)
+{
+    show({.id = 1, .workHours = u"02:30"_s});
+    type(end(), u"05:00P"_s);
+    QTest::keyClick(&end(), Qt::Key_Tab);
+    EXPECT_EQ(end().text(), u"05:00P");
+    EXPECT_EQ(hours().time(), QTime(2, 30));
+}
+
+TEST_F(ServiceTimes, AnHourAboveTwelveIsReplaced)
+{
+    show({.id = 1, .start = u"08:05"_s, .end = u"13:30"_s});
+    prompts.expect(u"Invalid Time"_s, base::Prompts::Icon::None);
+    type(start(), u"13:00A"_s);
+    QTest::keyClick(&start(), Qt::Key_Tab);
+    EXPECT_EQ(start().text(), u"08:00A");
+    prompts.expect(u"Invalid Time"_s, base::Prompts::Icon::None);
+    type(end(), u"20:00"_s);
+    QTest::keyClick(&end(), Qt::Key_Tab);
+    // Midnight lies before the start.
+    EXPECT_EQ(end().text(), u"08:00A");
+}
+
+TEST_F(ServiceTimes, AreStoredWithWhatTheCrewCosts)
+{
+    int asked = 0;
+    show({.id = 77,
+          .start = u"08:00"_s,
+          .end = u"09:00"_s,
+          .table = u"tblWOServiceUsedHistory"_s,
+          .beforeWrite = [&] { ++asked; }});
+    EXPECT_EQ(asked, 0);
+    // Enter in a box completes it first.
+    type(end(), u"09:30A"_s);
+    QTest::keyClick(&end(), Qt::Key_Return);
+    EXPECT_FALSE(screen->isVisible());
+    EXPECT_EQ(asked, 1);
+    const db::Row stored = row(u"tblWOServiceUsedHistory"_s);
+    EXPECT_EQ(stored.text(u"StartTime"), u"08:00");
+    EXPECT_EQ(stored.text(u"EndTime"), u"09:30");
+    EXPECT_EQ(stored.text(u"Workhrs"), u"01:30");
+    EXPECT_EQ(stored.real(u"CostEstimate"), 30);
+    EXPECT_TRUE(row(u"tblWoServiceUsed"_s).isNull(u"StartTime"));
+}
+
+TEST_F(ServiceTimes, HoursMayBeTypedAndCancelStoresNothing)
+{
+    const qint64 id = row(u"tblWoServiceUsed"_s).integer(u"NServiceUsedID");
+    show({.id = id});
+    hours().setTime(QTime(0, 45));
+    QTest::mouseClick(&named<QPushButton>(u"cmdCancel"_s), Qt::LeftButton);
+    EXPECT_TRUE(row(u"tblWoServiceUsed"_s).isNull(u"Workhrs"));
+    show({.id = id});
+    hours().setTime(QTime(0, 45));
+    QTest::mouseClick(&named<QPushButton>(u"cmdUpdate"_s), Qt::LeftButton);
+    const db::Row stored = row(u"tblWoServiceUsed"_s);
+    EXPECT_EQ(stored.text(u"StartTime"), u"00:00");
+    EXPECT_EQ(stored.text(u"Workhrs"), u"00:45");
+    EXPECT_EQ(stored.real(u"CostEstimate"), 15);
+}
