@@ -7,6 +7,7 @@
 #include "platform/input/FormBuilder.h"
 #include "support/ScriptedPrompts.h"
 
+#include <QHeaderView>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -160,6 +161,22 @@ TEST_F(RecordScreens, AKeyThatIsNotThereShowsTheFirstRow)
     addCrews({7, 8});
     work(Mode::Browse, 4711, [](const ScreenDriver &screen) {
         EXPECT_EQ(screen.text("txtNumber"), u"7"_s);
+        screen.press("cmdExit");
+    });
+}
+
+TEST_F(RecordScreens, TheListComesBackAsItWasLeft)
+{
+    addCrews({1});
+    work(Mode::Browse, {}, [](const ScreenDriver &screen) {
+        auto &grid = screen.control<grid::GridView>("grdSample");
+        EXPECT_FALSE(grid.rows().column(u"CrewID").visible) << "was not asked for";
+        grid.header()->resizeSection(grid.rows().columnIndex(u"Description"), 222);
+        screen.press("cmdExit");
+    });
+    work(Mode::Browse, {}, [](const ScreenDriver &screen) {
+        EXPECT_EQ(screen.control<grid::GridView>("grdSample").rows().column(u"Description").width,
+                  222);
         screen.press("cmdExit");
     });
 }

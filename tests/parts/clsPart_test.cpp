@@ -1,0 +1,100 @@
+#include "parts/clsPart.h"
+
+#include "core/CompanySession.h"
+#include "core/General.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Parts : public test::CompanySession
+{
+protected:
+    static clsPart part(const QString &number)
+    {
+        clsPart result;
+        result.PartID = number;
+        result.Description = u"9\" blade"_s;
+        result.PartCategoryID = 151;
+        result.Quantity = 2.5;
+        result.Price = 19.95;
+        result.SupplierID = 3;
+        result.QtyMax = 10;
+        result.QtyMin = 4;
+        result.Inactive = u"0"_s;
+        result.Notes = u"don't bend"_s;
+        result.Bin = u"A'1"_s;
+        result.Bar_Code = u"0012"_s;
+        result.TrackInventory = u"1"_s;
+        return result;
+    }
+    static clsPart only() { return clsPart::fromRow(clsPartManager().GetPartInfo().current()); }
+};
+
+} // namespace
+
+TEST_F(Parts, ComeBackAsTheyWereSaved)
+{
+    const clsPartManager manager;
+    EXPECT_TRUE(manager.SaveRecord(part(u" P-O'9 "_s), Mode::Add));
+    clsPart expected = part(u"P-O'9"_s);
+    expected.OldPartID = u"P-O'9"_s;
+    EXPECT_EQ(only(), expected);
+    // The tick reads back as the database's own True.
+    EXPECT_EQ(GetRecordCount(u"tblPart"_s, u"TrackInventory = -1 and Inactive = 0"_s), 1);
+
+    expected.PartID = u"P-10"_s;
+    expected.Inactive = u"1"_s;
+    expected.Quantity = 0;
+    EXPECT_TRUE(manager.SaveRecord(expected, Mode::Modify));
+    expected.OldPartID = u"P-10"_s;
+    EXPECT_EQ(only(), expected);
+    EXPECT_TRUE(manager.DeleteRecord(u"P-O'9"_s));
+    EXPECT_EQ(GetRecordCount(u"tblPart"_s, {}), 1);
+    EXPECT_TRUE(manager.DeleteRecord(u"P-10"_s));
+    EXPECT_EQ(GetRecordCount(u"tblPart"_s, {}), 0);
+}
+
+TEST_F(Parts, AModeThatSavesNothingStillSucceeds)
+{
+    EXPECT_TRUE(clsPartManager().SaveRecord(part(u"P1"_s), Mode::Browse));
+    EXPECT_EQ(GetRecordCount(u"tblPart"_s, {}), 0);
+}
+
+TEST_F(Parts, ANumberThatExistsIsOnlyStoppedByTheTable)
+{
+    EXPECT_TRUE(clsPartManager().SaveRecord(part(u"P1"_s), Mode::Add));
+    EXPECT_FALSE(clsPartManager().SaveRecord(part(u"p1"_s), Mode::Add));
+    EXPECT_EQ(errors.takeOne().ProcedureName, u"SaveRecord"_s);
+}
+
+TEST_F(Parts, TheFirstUserOfAPartNamesItHistoryDoesNot)
+{
+    const clsPartManager manager;
+    gcnData->Execute(u"Insert into tblWoPartHistory(PartID) values('P''1')"_s);
+    EXPECT_EQ(manager.CanDeletePart(u"P'1"_s), QString());
+    // From the last of the order to the first, so that each has to come before the others.
+    const struct
+    {
+        QString table, owner, word;
+    } users[] = {{u"tblWoPartUsed"_s, u"ServiceUsedID"_s, u"WorkOrder"_s},
+                 {u"tblServiceUsedPart"_s, u"ServiceUsedID"_s, u"ServiceUsed Part"_s},
+                 {u"tblServicesPart"_s, u"ServiceID"_s, u"Services"_s},
+                 {u"tblEquipmentPart"_s, u"EquipmentID"_s, u"Equipment"_s}};
+    for (const auto &[table, owner, word] : users) {
+        gcnData->Execute(u"Insert into %1(PartID,%2) values('P''1',1)"_s.arg(table, owner));
+        EXPECT_EQ(manager.CanDeletePart(u"P'1"_s), word);
+    }
+    EXPECT_EQ(manager.CanDeletePart(u"P"_s), QString());
+}
+
+TEST_F(Parts, WhatOpenOrdersReserveIsSummed)
+{
+    const clsPartManager manager;
+    EXPECT_EQ(manager.PartCommited(u"P1"_s), 0);
+    for (const double quantity : {1.5, 2.0})
+        gcnData->Execute(u"Insert into tblWoPartUsed(PartID,QuantityRequired) values('P1',?)"_s,
+                         {quantity});
+    gcnData->Execute(u"Insert into tblWoPartUsed(PartID,QuantityRequired) values('P2',50)"_s);
+    EXPECT_EQ(manager.PartCommited(u"P1"_s), 3.5);
+}

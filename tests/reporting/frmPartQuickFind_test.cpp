@@ -1,0 +1,103 @@
+#include "organisation/MasterSession.h"
+#include "organisation/clsIndicator.h"
+#include "platform/grid/GridView.h"
+#include "reporting/ui/QuickFindEntries.h"
+
+using namespace Qt::StringLiterals;
+using test::inScreen;
+using test::ScreenDriver;
+
+namespace {
+
+class PartQuickFind : public test::MasterSession
+{
+protected:
+    PartQuickFind()
+    {
+        const qint64 belts =
+            insert(u"Insert into tblIndicator(ParentID,ItemName,Show) values(10,'Zbelts','1')"_s,
+                   u"ItemID"_s);
+        for (const auto &[number, description, category, inactive] :
+             {std::tuple(u"B-1"_s, u"Drive belt"_s, belts, u"0"_s),
+              std::tuple(u"B-2"_s, u"Old belt"_s, belts, u"1"_s),
+              std::tuple(u"F-1"_s, u"Oil filter"_s, qint64(0), u"0"_s)})
+            gcnData->Execute(
+                u"Insert into tblPart(PartID,Description,PartCategoryID,Quantity,Inactive) "
+                "values(?,?,?,4,?)"_s,
+                {number, description, category, inactive});
+    }
+    ~PartQuickFind() override { gRights = {}; }
+
+    static QString parts(const ScreenDriver &screen)
+    {
+        const auto &grid = screen.control<grid::GridView>("grdParts");
+        QStringList numbers;
+        for (const int row : grid.displayedOrder())
+            numbers.append(grid.rows().text(row, u"Part Number") +
+                           (row == grid.currentRow() ? u"*"_s : QString()));
+        return numbers.join(u' ');
+    }
+    static QString find(const QString &start, std::function<void(ScreenDriver)> act)
+    {
+        QString key;
+        inScreen([&] { key = frmPartQuickFindEntry::ShowQuickFind(start); }, std::move(act));
+        return key;
+    }
+};
+
+} // namespace
+
+TEST_F(PartQuickFind, ListsByCategoryAndActivityAndKeepsTheRow)
+{
+    const QString key = find(u"F-1"_s, [](const ScreenDriver &screen) {
+        EXPECT_EQ(parts(screen), u"B-1 F-1*"_s);
+        EXPECT_EQ(screen.text("cboFieldNames"), u"Part Number"_s);
+        screen.press("chkInactive");
+        EXPECT_EQ(parts(screen), u"B-1 B-2 F-1*"_s);
+        screen.choose("cboPartCategory", u"Zbelts"_s);
+        EXPECT_EQ(parts(screen), u"B-1* B-2"_s);
+        screen.type("txtSearchText", u"b-2"_s);
+        EXPECT_EQ(parts(screen), u"B-1 B-2*"_s);
+        screen.choose("cboFieldNames", u"Description"_s);
+        screen.type("txtSearchText", u"dr"_s);
+        EXPECT_EQ(parts(screen), u"B-1* B-2"_s);
+        screen.type("txtSearchText", u"xx"_s); // no match keeps the row
+        EXPECT_EQ(parts(screen), u"B-1* B-2"_s);
+        screen.press("cmdSelect");
+    });
+    EXPECT_EQ(key, u"B-1"_s);
+    EXPECT_EQ(GetOption(u"PARTINACTIVE"_s, true), u"1"_s);
+}
+
+TEST_F(PartQuickFind, WithoutRowsSelectDoesNothing)
+{
+    gcnData->Execute(u"Delete from tblPart"_s);
+    const QString key = find({}, [](const ScreenDriver &screen) {
+        screen.press("cmdSelect");
+        ASSERT_TRUE(screen.isOpen());
+        screen.press("cmdCancel");
+    });
+    EXPECT_EQ(key, QString());
+}
+
+TEST_F(PartQuickFind, ANewPartNeedsTheRightAndIsListedThen)
+{
+    const QString key = find({}, [this](const ScreenDriver &screen) {
+        expectRefusal(screen, "cmdAdd",
+                      u"You do not have sufficient rights to this action. Please see your system "
+                      "administrator"_s,
+                      "cmdAdd");
+        gRights.PaAdd = true;
+        test::onNextModal([](QWidget &window) {
+            const ScreenDriver part(window);
+            part.type("txtPartID", u"C-1"_s);
+            part.type("txtDescription", u"Clutch"_s);
+            part.press("cmdUpdate");
+            part.press("cmdExit");
+        });
+        screen.press("cmdAdd");
+        EXPECT_EQ(parts(screen), u"B-1 C-1* F-1"_s);
+        screen.press("cmdSelect");
+    });
+    EXPECT_EQ(key, u"C-1"_s);
+}

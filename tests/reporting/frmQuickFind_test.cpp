@@ -1,0 +1,267 @@
+#include "organisation/MasterSession.h"
+#include "platform/grid/GridView.h"
+#include "reporting/ui/QuickFindEntries.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QRadioButton>
+
+using namespace Qt::StringLiterals;
+using test::inScreen;
+using test::ScreenDriver;
+
+namespace {
+
+class QuickFindScreen : public test::MasterSession
+{
+protected:
+    QuickFindScreen()
+    {
+        addMachine(11, u"M-1"_s, u"Rider mower"_s, false);
+        addMachine(12, u"M-2"_s, u"Zero-turn"_s, false);
+        addMachine(13, u"T-1"_s, u"Miller's trailer"_s, false);
+        addMachine(14, u"X-9"_s, u"Old mower"_s, true);
+    }
+    ~QuickFindScreen() override
+    {
+        gRights = {};
+        setNewRecordScreen(u"tblEquipment"_s, nullptr);
+    }
+
+    static void addMachine(int id, const QString &unit, const QString &name, bool inactive)
+    {
+        gcnData->Execute(
+            u"Insert into tblEquipment(EquipmentID,UnitNo,EquipmentName,Inactive) values(?,?,?,?)"_s,
+            {id, unit, name, inactive ? 1 : 0});
+    }
+    static ScreenCalls::QuickFind machines(bool several = false, const QString &selected = {},
+                                           const QString &leftOut = {})
+    {
+        return {.field = u"UnitNo"_s,
+                .label = u"Unit No"_s,
+                .table = u"tblEquipment"_s,
+                .form = u"frmEquipment"_s,
+                .selected = selected,
+                .leftOut = leftOut,
+                .several = several};
+    }
+    static grid::GridView &list(const ScreenDriver &screen)
+    {
+        return screen.control<grid::GridView>("grdQuickFind");
+    }
+    static QString unit(const ScreenDriver &screen)
+    {
+        const int row = list(screen).currentRow();
+        return row < 0 ? u"none"_s : list(screen).rows().text(row, u"Unit No");
+    }
+    static QString find(const ScreenCalls::QuickFind &request,
+                        std::function<void(ScreenDriver)> act)
+    {
+        QString key;
+        inScreen([&] { key = ShowQuickFind(request); }, std::move(act));
+        return key;
+    }
+};
+
+} // namespace
+
+TEST_F(QuickFindScreen, TypingMovesToTheFirstRowThatBeginsSo)
+{
+    const QString key = find(machines(), [](const ScreenDriver &screen) {
+        EXPECT_EQ(screen.screen().windowTitle(), u"Quick Find-Equipment"_s);
+        EXPECT_EQ(screen.control<QLabel>("lblMainField").text(), u"Enter Unit No"_s);
+        EXPECT_EQ(screen.focused(), "txtSearchText");
+        EXPECT_FALSE(list(screen).rows().column(u"EquipmentID").visible);
+        QTest::keyClicks(&screen.control("txtSearchText"), u"t"_s);
+        EXPECT_EQ(unit(screen), u"T-1"_s);
+        screen.type("txtSearchText", u"-1"_s); // in the middle of a value
+        EXPECT_EQ(unit(screen), u"none"_s);
+        screen.press("cmdSelect"); // picks nothing, and stays
+        ASSERT_TRUE(screen.isOpen());
+        screen.choose("cboFieldNames", u"Name"_s);
+        screen.type("txtSearchText", u"miller's"_s);
+        EXPECT_EQ(unit(screen), u"T-1"_s);
+        QTest::keyClick(&screen.control("txtSearchText"), Qt::Key_Up);
+        EXPECT_EQ(unit(screen), u"M-2"_s);
+        QTest::keyClick(&screen.control("txtSearchText"), Qt::Key_Return);
+    });
+    EXPECT_EQ(key, u"12"_s);
+}
+
+TEST_F(QuickFindScreen, TheFirstRowIsThatOfTheSortInView)
+{
+    find(machines(), [](const ScreenDriver &screen) {
+        list(screen).sortBy(u"Unit No", grid::Sort::Descending);
+        screen.type("txtSearchText", u"m"_s);
+        EXPECT_EQ(unit(screen), u"M-2"_s);
+        screen.press("cmdCancel");
+    });
+}
+
+TEST_F(QuickFindScreen, AutoSearchesTheMainColumnAndThenTheSecond)
+{
+    find(machines(), [](const ScreenDriver &screen) {
+        screen.press("optOption1");
+        EXPECT_FALSE(screen.isShown("cboFieldNames"));
+        EXPECT_FALSE(screen.isShown("txtSearchText"));
+        screen.type("txtSearchText2", u"m"_s);
+        EXPECT_EQ(unit(screen), u"M-1"_s);
+        screen.type("txtSearchText2", u"mi"_s);
+        EXPECT_EQ(unit(screen), u"T-1"_s);
+        EXPECT_EQ(screen.text("txtSearchText"), u"mi"_s);
+        screen.press("optOption0");
+        EXPECT_TRUE(screen.isShown("cboFieldNames"));
+        screen.press("cmdCancel");
+    });
+}
+
+TEST_F(QuickFindScreen, TheInactiveBoxIsRememberedForTheWorkstation)
+{
+    find(machines(), [](const ScreenDriver &screen) {
+        EXPECT_EQ(list(screen).rows().rowCount(), 3);
+        list(screen).selectRow(1);
+        screen.press("chkInactive");
+        EXPECT_EQ(list(screen).rows().rowCount(), 4);
+        EXPECT_EQ(unit(screen), u"M-2"_s) << "the row under the cursor stays";
+        screen.press("cmdCancel");
+    });
+    EXPECT_EQ(GetOption(u"EQUIPMENTINACTIVE"_s, true), u"1"_s);
+    const QString key = find(machines(false, u"14"_s, u"11,12"_s), [](const ScreenDriver &screen) {
+        EXPECT_EQ(list(screen).rows().rowCount(), 2);
+        EXPECT_EQ(unit(screen), u"X-9"_s);
+        QTest::keyClick(&list(screen), Qt::Key_Return);
+    });
+    EXPECT_EQ(key, u"14"_s);
+}
+
+TEST_F(QuickFindScreen, CancelAndEscapeFindNothing)
+{
+    EXPECT_EQ(find(machines(), [](const ScreenDriver &screen) { screen.press("cmdCancel"); }),
+              QString());
+    EXPECT_EQ(find(machines(true),
+                   [](const ScreenDriver &screen) {
+                       QTest::keyClick(&screen.control("txtSearchText"), Qt::Key_Escape);
+                   }),
+              QString());
+}
+
+TEST_F(QuickFindScreen, SeveralMachinesComeBackJoinedByCommas)
+{
+    const auto tick = [](const ScreenDriver &screen, int row) {
+        QTest::mouseClick(list(screen).viewport(), Qt::LeftButton, {},
+                          list(screen).cellRect(row, u"Select").center());
+    };
+    EXPECT_EQ(find(machines(true),
+                   [&](const ScreenDriver &screen) {
+                       tick(screen, 2);
+                       tick(screen, 0);
+                       screen.press("chkInactive"); // what was ticked stays ticked
+                       tick(screen, 3);
+                       screen.press("cmdSelect");
+                   }),
+              u"11,13,14"_s);
+    EXPECT_EQ(find(machines(true),
+                   [&](const ScreenDriver &screen) {
+                       tick(screen, 0);
+                       QTest::mouseDClick(list(screen).viewport(), Qt::LeftButton, {},
+                                          list(screen).cellRect(1, u"Name").center());
+                   }),
+              u"11,12"_s);
+    EXPECT_EQ(find(machines(true),
+                   [&](const ScreenDriver &screen) {
+                       list(screen).selectRow(1);
+                       screen.press("cmdSelect");
+                   }),
+              u"12"_s)
+        << "without a tick, the row under the cursor";
+}
+
+TEST_F(QuickFindScreen, AddNewNeedsTheRightAndOpensTheScreenAfterTheDialog)
+{
+    int opened = 0;
+    const ScreenCalls::QuickFind request = machines();
+    find(request, [](const ScreenDriver &screen) {
+        EXPECT_FALSE(screen.isEnabled("cmdAdd")) << "no screen has joined";
+        screen.press("cmdCancel");
+    });
+    setNewRecordScreen(u"tblEquipment"_s, [&] {
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+        ++opened;
+    });
+    EXPECT_EQ(find(request,
+                   [&](const ScreenDriver &screen) {
+                       expectRefusal(screen, "cmdAdd",
+                                     u"You do not have sufficient rights to this action. Please "
+                                     "see your system administrator"_s,
+                                     "cmdAdd");
+                       EXPECT_TRUE(screen.isOpen());
+                       gRights.EqAdd = true;
+                       screen.press("cmdAdd");
+                   }),
+              QString());
+    EXPECT_EQ(opened, 1);
+}
+
+TEST_F(QuickFindScreen, ATableWithoutSearchFieldsDoesNotOpen)
+{
+    gcnData->Execute(u"Delete from tblTableFields where Tablename = 'tblEquipment'"_s);
+    prompts.expect(u"One of lookup item has been deleted\nmanually from database"_s, Icon::None);
+    EXPECT_EQ(ShowQuickFind(machines()), QString());
+}
+
+TEST_F(QuickFindScreen, AListThatFailsIsReported)
+{
+    ScreenCalls::QuickFind request = machines();
+    request.field = u"NoSuchColumn"_s;
+    EXPECT_EQ(ShowQuickFind(request), QString());
+    EXPECT_EQ(errors.takeOne().ProcedureName, u"ShowQuickFindMain -"_s);
+}
+
+TEST_F(QuickFindScreen, NumbersAreTypedAsNumbersAndMatchedWhole)
+{
+    for (const auto &[number, name, limit] :
+         {std::tuple(3, u"Tool Barn"_s, 1500.5), std::tuple(12, u"Belt World"_s, 20.0)})
+        gcnData->Execute(u"Insert into tblSupplier(SupplierID,Name,CreditLimit) values(?,?,?)"_s,
+                         {number, name, limit});
+    const QString key =
+        find({u"Name"_s, u"Supplier Name"_s, u"tblSupplier"_s, u"frmSupplier"_s},
+             [](const ScreenDriver &screen) {
+                 EXPECT_FALSE(screen.isShown("chkInactive"));
+                 const auto name = [&] {
+                     const int row = list(screen).currentRow();
+                     return row < 0 ? u"none"_s : list(screen).rows().text(row, u"Name");
+                 };
+                 EXPECT_EQ(name(), u"Belt World"_s) << "in the order of the names";
+                 screen.choose("cboFieldNames", u"SupplierID"_s);
+                 screen.type("txtSearchText", u"1"_s);
+                 EXPECT_EQ(name(), u"none"_s);
+                 screen.type("txtSearchText", u"1'x2"_s);
+                 EXPECT_EQ(screen.text("txtSearchText"), u"12"_s);
+                 EXPECT_EQ(name(), u"Belt World"_s);
+                 screen.choose("cboFieldNames", u"Credit Limit"_s);
+                 screen.type("txtSearchText", u"."_s); // not a number yet
+                 EXPECT_EQ(name(), u"none"_s);
+                 screen.type("txtSearchText", u"1500..5"_s);
+                 EXPECT_EQ(screen.text("txtSearchText"), u"1500.5"_s);
+                 EXPECT_EQ(name(), u"Tool Barn"_s);
+                 screen.press("cmdSelect");
+             });
+    EXPECT_EQ(key, u"3"_s);
+}
+
+TEST_F(QuickFindScreen, EveryTableOpensTwiceWithItsStoredLayout)
+{
+    gcnData->Execute(u"Insert into tblEmployee(EmployeeID,FirstName) values('E1','Ann')"_s);
+    gcnData->Execute(u"Insert into tblLocation(LocationName) values('Shed')"_s);
+    gcnData->Execute(u"Insert into tblPart(PartID,Inactive) values('P-1','0')"_s);
+    const std::tuple<QString, QString, QString> tables[] = {
+        {u"tblEquipment"_s, u"UnitNo"_s, u"11"_s},
+        {u"tblEmployee"_s, u"EmployeeID"_s, u"E1"_s},
+        {u"tblLocation"_s, u"LocationName"_s, u"1"_s},
+        {u"tblPart"_s, u"PartID"_s, u"P-1"_s}};
+    for (int time = 0; time < 2; ++time)
+        for (const auto &[table, field, key] : tables)
+            EXPECT_EQ(find({.field = field, .label = field, .table = table, .form = {}},
+                           [](const ScreenDriver &screen) { screen.press("cmdSelect"); }),
+                      key);
+}
