@@ -1,6 +1,7 @@
 #include "core/ui/IncrementalSearch.h"
 
 #include "platform/base/Format.h"
+#include "platform/base/Trapped.h"
 #include "platform/grid/GridView.h"
 
 #include <QLineEdit>
@@ -32,15 +33,17 @@ void IncrementalSearch::search()
     const QString text = m_box->text().trimmed();
     if (text.isEmpty())
         return;
-    for (const Column &column : std::as_const(m_columns)) {
-        const int row = match(column, text);
-        if (row >= 0) {
-            m_grid->selectRow(row);
-            return;
+    base::trapped(qPrintable(m_box->window()->objectName()), "txtSearchText_Change - ", [&] {
+        for (const Column &column : std::as_const(m_columns)) {
+            const int row = match(column, text);
+            if (row >= 0) {
+                m_grid->selectRow(row);
+                return;
+            }
         }
-    }
-    if (m_withoutMatch == WithoutMatch::ClearRow)
-        m_grid->clearCurrent();
+        if (m_withoutMatch == WithoutMatch::ClearRow)
+            m_grid->clearCurrent();
+    });
 }
 
 int IncrementalSearch::match(const Column &column, const QString &text) const

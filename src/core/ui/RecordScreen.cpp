@@ -116,8 +116,11 @@ void RecordScreen::RefreshRecordSet(const QVariant &key)
             adoptGrid(m_grid, m_grid->objectName());
     }
     const QString wanted = base::toText(key);
-    if (wanted.isEmpty() ||
-        !m_rows.Find(u"[%1] = '%2'"_s.arg(keyColumn(), base::doubledQuotes(wanted))))
+    const bool found = base::trapped(qPrintable(formName()), "RefreshRecordSet", false, [&] {
+        return !wanted.isEmpty() &&
+               m_rows.Find(u"[%1] = '%2'"_s.arg(keyColumn(), base::doubledQuotes(wanted)));
+    });
+    if (!found)
         m_rows.MoveFirst();
     showCurrentRow();
 }
