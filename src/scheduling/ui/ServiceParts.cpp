@@ -4,11 +4,13 @@
 #include "core/ui/ListGrid.h"
 #include "parts/PartSelection.h"
 #include "parts/ui/Entries.h"
+#include "platform/base/Format.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "platform/input/Theme.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <cmath>
@@ -55,6 +57,10 @@ ServiceParts::ServiceParts(ServiceStore store, QWidget *parent)
     buttons->addWidget(cmdAddPart);
     buttons->addWidget(cmdRemove);
     buttons->addStretch();
+    lblPartCost = new QLabel(this);
+    lblPartCost->setObjectName(u"lblPartCost"_s);
+    buttons->addWidget(new QLabel(u"Part Cost:"_s, this));
+    buttons->addWidget(lblPartCost);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(10, 8, 10, 10);
     layout->addWidget(grdPartUsed, 1);
@@ -65,7 +71,7 @@ ServiceParts::ServiceParts(ServiceStore store, QWidget *parent)
         return SavePartGirdChanges(row, column, value);
     };
     connect(grdPartUsed, &grid::GridView::changed, this, [this] {
-        Q_EMIT costChanged();
+        showCost();
         Q_EMIT edited();
     });
     connect(cmdAddPart, &QPushButton::clicked, this, &ServiceParts::cmdAddPart_Click);
@@ -95,6 +101,12 @@ void ServiceParts::RefreshPartGrid(qint64 key)
         grdPartUsed->selectRow(qMin(qMax(row, 0), grdPartUsed->rows().rowCount() - 1));
     });
     EnableControls();
+    showCost();
+}
+
+void ServiceParts::showCost()
+{
+    lblPartCost->setText(base::money(SetPastCost()));
     Q_EMIT costChanged();
 }
 

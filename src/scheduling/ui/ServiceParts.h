@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <functional>
 
+class QLabel;
 class QPushButton;
 
 namespace grid {
@@ -40,6 +41,7 @@ private:
     void cmdAddPart_Click();
     void cmdRemove_Click();
     [[nodiscard]] bool SavePartGirdChanges(int row, const QString &column, const QVariant &value);
+    void showCost();
     void EnableControls();
     [[nodiscard]] QString table() const;
     [[nodiscard]] QString keyColumn() const;
@@ -50,4 +52,5 @@ private:
     grid::GridView *grdPartUsed = nullptr;
     QPushButton *cmdAddPart = nullptr;
     QPushButton *cmdRemove = nullptr;
+    QLabel *lblPartCost = nullptr;
 };

@@ -94,11 +94,12 @@ void frmEquipmentReading::RefreshRecordSet()
         const int days = readings::delay();
         grdReading->rows().setRecordset(readings::due(days));
         grdReading->rows().setAll(u"Count", QVariant());
-        lblHeading->setText(
-            grdReading->rows().rowCount() > 0
-                ? u"Meters that have not been read for %1 days. Type the reading and go on with "
-                  "Enter."_s.arg(days)
-                : u"All meters have been read in the last %1 days."_s.arg(days));
+        QString heading = u"All meters have been read."_s;
+        if (grdReading->rows().rowCount() > 0)
+            heading = (days > 0 ? u"Meters that have not been read for %1 days."_s.arg(days)
+                                : u"Meters to read."_s) +
+                      u" Type the reading and go on with Enter."_s;
+        lblHeading->setText(heading);
     });
     setMode(Mode::Browse);
 }

@@ -274,9 +274,7 @@ void frmServices::computeLabourCost()
 
 void frmServices::showTotalCost()
 {
-    const double parts = fraParts->SetPastCost();
-    lblPartCost->setText(base::money(parts));
-    txtTotalCost->setText(base::money(txtBudgetedcost->value() + parts));
+    txtTotalCost->setText(base::money(txtBudgetedcost->value() + fraParts->SetPastCost()));
 }
 
 void frmServices::showNextDate(const QDateTime &date)

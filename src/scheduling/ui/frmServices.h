@@ -119,7 +119,6 @@ private:
     QLineEdit *txtLaborRate = nullptr;
     QLineEdit *txtBudgetedlabor = nullptr;
     input::CurrencyInput *txtBudgetedcost = nullptr;
-    QLabel *lblPartCost = nullptr;
     QLineEdit *txtTotalCost = nullptr;
     input::SpinInput *RRSpin1 = nullptr;
     input::IdCombo *cboRenewalPeriod = nullptr;

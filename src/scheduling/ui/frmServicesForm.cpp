@@ -28,6 +28,7 @@ namespace {
 
 constexpr int NameLength = 100;
 constexpr int JobNoLength = 9;
+constexpr int AmountLength = 12;
 /// Digits of the largest count that a service can have.
 constexpr int CountLength = 10;
 
@@ -79,24 +80,24 @@ void frmServices::buildService(input::FormBuilder &form)
 void frmServices::buildBudget(input::FormBuilder &form)
 {
     form.beginGroup(u"Budget"_s, u"fraBudget"_s);
-    const auto readOnly = [&](const QString &name, const QString &label) {
-        QLineEdit *box = form.textField(name, label, 14);
-        box->setReadOnly(true);
-        box->setFocusPolicy(Qt::ClickFocus);
+    const auto amountField = [&](const QString &name, const QString &label) {
+        QLineEdit *box = form.textField(name, label, AmountLength);
         box->setAlignment(Qt::AlignRight);
         return box;
     };
-    txtBudgetedlabor = form.textField(u"txtBudgetedlabor"_s, u"&Budgeted Hrs:"_s, 9);
-    txtBudgetedlabor->setAlignment(Qt::AlignRight);
+    const auto readOnly = [&](const QString &name, const QString &label) {
+        QLineEdit *box = amountField(name, label);
+        box->setReadOnly(true);
+        box->setFocusPolicy(Qt::ClickFocus);
+        return box;
+    };
+    txtBudgetedlabor = amountField(u"txtBudgetedlabor"_s, u"&Budgeted Hrs:"_s);
     txtLaborRate = readOnly(u"txtLaborRate"_s, u"Labor Rate:"_s);
     txtBudgetedcost = form.currencyField(u"txtBudgetedcost"_s, u"&Labor Cost:"_s);
     txtBudgetedcost->setAlignment(Qt::AlignRight);
     txtTotalCost = readOnly(u"txtTotalCost"_s, u"Total Cost:"_s);
-    lblPartCost = form.readOnlyField(u"lblPartCost"_s, u"Part Cost:"_s);
-    lblPartCost->setAlignment(Qt::AlignRight);
-    for (QWidget *box : std::initializer_list<QWidget *>{txtBudgetedlabor, txtLaborRate,
-                                                         txtTotalCost, lblPartCost})
-        box->setFixedWidth(txtBudgetedcost->width());
+    for (QLineEdit *box : {txtBudgetedlabor, txtLaborRate, txtTotalCost})
+        box->setFixedWidth(txtBudgetedcost->minimumWidth());
     form.endGroup();
 }
 
