@@ -13,9 +13,9 @@
 #include "platform/input/Leaving.h"
 #include "platform/input/Theme.h"
 
+#include <QItemSelectionModel>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScopedValueRollback>
 #include <QSignalBlocker>
 
 using namespace Qt::StringLiterals;
@@ -72,7 +72,15 @@ HistoryPage::HistoryPage(EquipmentFrame &frame, QWidget *parent)
     connect(cmdDeleteHistory, &QPushButton::clicked, this, &HistoryPage::cmdDeleteHistory_Click);
     connect(grdServiceHistory, &grid::GridView::currentRowChanged, this, &HistoryPage::showDetails);
     connect(grdServiceHistory, &grid::GridView::cellClicked, this, &HistoryPage::showServiceTime);
-    // The same by the keyboard: Enter in a cell with a time.
+    // Clicks on times are for their entry; typing edits them in their cells.
+    connect(grdServiceHistory->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [grid = grdServiceHistory] {
+                QAbstractItemView::EditTriggers triggers = grid->editTriggers();
+                triggers.setFlag(QAbstractItemView::SelectedClicked,
+                                 !isTime(grid->currentColumn()));
+                grid->setEditTriggers(triggers);
+            });
+    // The entry by the keyboard: Enter in a cell with a time.
     connect(grdServiceHistory, &grid::GridView::rowActivated, this, [this](int row) {
         if (grdServiceHistory->hasFocus())
             showServiceTime(row, grdServiceHistory->currentColumn());
@@ -163,7 +171,6 @@ void HistoryPage::buildServiceGrid()
          {.name = u"Skip"_s, .width = 42, .locked = true},
          {.name = u"Count"_s, .width = 70, .editable = true, .mask = u"{0,9999999}"_s},
          {.name = u"SupplierName"_s, .caption = u"Supplier"_s, .width = 120, .locked = true}});
-    grdServiceHistory->rows().editRule = [this](int, const QString &) { return !m_enteringTime; };
     grdServiceHistory->rows().changeRule = [this](int row, const QString &column,
                                                   const QVariant &value) {
         return grdServiceHistory_Change(row, column, value);
@@ -447,8 +454,6 @@ void HistoryPage::showServiceTime(int row, const QString &column)
         const QString time = rows.value(row, name).toString();
         return time.isEmpty() ? NoTime : time;
     };
-    // The click may be about to edit the cell as well, which must not happen under the entry.
-    const QScopedValueRollback entering(m_enteringTime, true);
     if (screenCalls().ShowServiceTimeForm({.id = serviceOf(row),
                                            .start = timeIn(u"StartTime"),
                                            .end = timeIn(u"EndTime"),

@@ -59,8 +59,7 @@ private:
     bool m_editable = false;
     qint64 m_noteOf = 0; ///< the service whose note is on show, 0 for none
     bool m_noteChanged = false;
-    bool m_enteringTime = false; ///< the entry of times is open
-    QDate m_from;                ///< the range as it was in order last
+    QDate m_from; ///< the range as it was in order last
     QDate m_to;
 
     input::DateInput *datFrom = nullptr;

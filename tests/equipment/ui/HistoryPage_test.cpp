@@ -154,9 +154,13 @@ TEST_F(HistoryPages, AClickOnATimeOpensItsEntryAndLoadsTheRowAgain)
     EXPECT_EQ(frame.mode, Mode::Modify);
     EXPECT_EQ(shown(u"StartTime"_s, 1), u"08:00 AM");
     EXPECT_EQ(services().currentRow(), 1);
+    services().selectCell(0, u"WorkHrs");
+    QTest::keyClick(&services(), Qt::Key_Return);
+    EXPECT_EQ(calls, 2);
+    EXPECT_EQ(asked.id, 11);
     frame.page->setEditable(false);
     clickCell(0, u"EndTime"_s);
-    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(calls, 2);
 }
 
 TEST_F(HistoryPages, PartsAreCorrectedWithoutTouchingTheStock)
