@@ -202,6 +202,21 @@ TEST_F(QuickFindScreen, AddNewNeedsTheRightAndOpensTheScreenAfterTheDialog)
     EXPECT_EQ(opened, 1);
 }
 
+TEST_F(QuickFindScreen, OpensAtTheStoredPlaceAndKeepsOnlyItsSize)
+{
+    SetOption(u"LEFTfrmQuickFind"_s, 300, true); // in twips, 15 a pixel
+    SetOption(u"TOPfrmQuickFind"_s, 450, true);
+    find(machines(), [](const ScreenDriver &screen) {
+        EXPECT_EQ(screen.screen().pos(), QPoint(20, 30));
+        screen.screen().move(60, 60);
+        screen.screen().resize(700, 500);
+        screen.press("cmdCancel");
+    });
+    EXPECT_EQ(GetOption(u"LEFTfrmQuickFind"_s, true), u"300"_s);
+    EXPECT_EQ(GetOption(u"WIDTHfrmQuickFind"_s, true), u"10500"_s);
+    EXPECT_EQ(GetOption(u"HEIGHTfrmQuickFind"_s, true), u"7500"_s);
+}
+
 TEST_F(QuickFindScreen, ATableWithoutSearchFieldsDoesNotOpen)
 {
     gcnData->Execute(u"Delete from tblTableFields where Tablename = 'tblEquipment'"_s);

@@ -66,10 +66,10 @@ void Screen::setVisible(bool visible)
 {
     if (visible && !m_loaded) {
         m_loaded = true;
-        if (m_storeWhat == StoreWhat::Placement)
-            ApplyFormLayout(this, m_formName);
-        else
+        if (m_storeWhat == StoreWhat::SizeOnly)
             ApplyCenteredFormLayout(this, m_formName);
+        else
+            ApplyFormLayout(this, m_formName);
     }
     QDialog::setVisible(visible);
     if (visible)

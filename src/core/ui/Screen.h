@@ -21,8 +21,8 @@ class Screen : public QDialog
 public:
     using Mode = ::Mode;
     /// What of a screen's place is kept for the workstation. A screen that keeps its size only is
-    /// centred.
-    enum class StoreWhat { Placement, SizeOnly };
+    /// centred, or opens at the usual place (SizeAtUsualPlace).
+    enum class StoreWhat { Placement, SizeOnly, SizeAtUsualPlace };
 
     /// formName: the screen's fixed name ("frmCrew"), which its stored layout goes by.
     Screen(const QString &formName, const QString &title, QWidget *parent = nullptr,

@@ -45,7 +45,7 @@ void frmInventryCheckIn::buildForm()
     cmdCancel = form.button(u"cmdCancel"_s, u"&Cancel"_s, theme::icon(u"cancel"_s));
     cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
     form.finish();
-    resize(800, 520);
+    resize(740, 520);
 
     auto *search = new IncrementalSearch(txtSearch, grdParts);
     search->setColumns({{u"Part Number"_s, u"VARCHAR"_s}, {u"Description"_s, u"VARCHAR"_s}});

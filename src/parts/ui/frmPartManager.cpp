@@ -79,7 +79,7 @@ void frmPartManager::buildForm()
                             theme::icon(u"part"_s));
     cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
     form.finish();
-    resize(900, 520);
+    resize(m_selectMode ? 1030 : 890, 520);
 
     auto *search = new IncrementalSearch(txtSearch, grdParts);
     search->setColumns({{u"Part Number"_s, u"VARCHAR"_s}, {u"Description"_s, u"VARCHAR"_s}});
