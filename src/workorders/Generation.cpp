@@ -85,11 +85,15 @@ void AddGenerateWo(const Selection &selection, QList<qint64> &generated)
             throw base::Error(base::ErrorNumber::InvalidUseOfNull,
                               u"A due service of this machine belongs to a crew that has been "
                               "deleted. Give the service a crew first."_s);
+        const db::Recordset services =
+            servicesOf(selection, u"(tblServiceUsed.SeparateWo = '0') and tblcrew.crewid = ?"_s,
+                       {crew[u"CrewID"]});
+        // Another workstation may have put them on an order by now.
+        if (services.isEmpty())
+            continue;
         const qint64 order = addOrder(selection.equipment);
         generated.append(order);
-        for (const db::Row service :
-             servicesOf(selection, u"(tblServiceUsed.SeparateWo = '0') and tblcrew.crewid = ?"_s,
-                        {crew[u"CrewID"]}))
+        for (const db::Row service : services)
             AddOneService(order, service);
     }
     for (const db::Row service :

@@ -196,4 +196,20 @@ QString board()
            "tblEquipment.EquipmentID Where CompletedDate is NULL"_s;
 }
 
+QString boardDueServices()
+{
+    return u"SELECT UnitNO + ' - ' + Equipmentname AS [Unit No], Min(NextScheduledDate) AS Due, "
+           "Count(ServiceUsedID) AS Services From tblServiceUsed inner JOIN tblEquipment ON "
+           "tblEquipment.EquipmentID = tblServiceUsed.EquipmentID Where "
+           "(tblServiceUsed.NextScheduledDate >= Now()-30 and tblServiceUsed.NextScheduledDate <= "
+           "Now()) And Serviceusedid not in (Select ServiceUsedId from tblWoServiceUsed) and "
+           "tblServiceUsed.Inactive = 0 GROUP BY UnitNO + ' - ' + Equipmentname"_s;
+}
+
+QString boardOrderServices()
+{
+    return u"SELECT WorkorderNo AS [WorkOrderNo], Min(NextScheduledDate) AS Due, "
+           "Count(NServiceUsedID) AS Services From tblWoServiceUsed GROUP BY WorkorderNo"_s;
+}
+
 } // namespace workorders::statements

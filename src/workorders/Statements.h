@@ -35,5 +35,9 @@ namespace workorders::statements {
 
 /// Overdue services of the last 30 days and open orders, for the board.
 [[nodiscard]] QString board();
+/// Beside it, when its services fell due and how many they are: by machine ("Unit No", Due,
+/// Services), and by order (WorkOrderNo, Due, Services).
+[[nodiscard]] QString boardDueServices();
+[[nodiscard]] QString boardOrderServices();
 
 } // namespace workorders::statements

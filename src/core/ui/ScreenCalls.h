@@ -42,6 +42,15 @@ struct ScreenCalls
     /// True when the report came up.
     QHash<QString, std::function<bool(const QString &)>> reports;
 
+    /// Reports whose whole query the caller gives: ShowWorkorderReport, whose flag chooses the
+    /// layout by crew, and ShowWorkorderHistoryReport, whose flag chooses the summary. True when the
+    /// report came up.
+    QHash<QString, std::function<bool(const QString &statement, bool flag)>> statementReports;
+    /// What opens without arguments in a later folder and is offered by a screen of an earlier one,
+    /// by the name of its form or procedure: the report filters ("ShowEquipmentDetails"), the
+    /// screens of reports ("frmServiceHistory"), and reports of everything ("ShowServiceList").
+    QHash<QString, std::function<void()>> openings;
+
     [[nodiscard]] bool hasReport(const QString &procedure) const
     {
         return reports.contains(procedure);

@@ -1,0 +1,518 @@
+#include "workorders/ui/PrintWorkPage.h"
+
+#include "core/Session.h"
+#include "core/ui/ListGrid.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/Theme.h"
+#include "workorders/Generation.h"
+#include "workorders/Recording.h"
+#include "workorders/Statements.h"
+#include "workorders/ui/ServiceNote.h"
+#include "workorders/ui/WorkLists.h"
+
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char *Module = "WorkOrder";
+const QColor WithoutOrder(223, 234, 250); // machines that still wait for an order
+
+grid::Column hidden(const QString &name)
+{
+    return {.name = name, .visible = false};
+}
+
+QList<grid::Column> serviceColumns()
+{
+    return {{.name = u"Service No"_s, .width = 75},
+            {.name = u"Service Name"_s, .width = 180},
+            {.name = u"Service Crew"_s, .width = 130},
+            {.name = u"Next Service Date"_s, .width = 125, .format = u"mm/dd/yyyy"_s},
+            {.name = u"SeparateWo"_s, .width = 90, .editor = grid::Editor::Check}};
+}
+
+QList<grid::Column> partColumns(bool editablePrice)
+{
+    return {{.name = u"Part Number"_s, .width = 120},
+            {.name = u"Description"_s, .width = 240},
+            {.name = u"Qty Req"_s, .width = 80, .format = u"0.00"_s},
+            {.name = u"Price"_s,
+             .width = 90,
+             .editable = editablePrice,
+             .format = u"0.00"_s,
+             .editor = editablePrice ? grid::Editor::Masked : grid::Editor::None,
+             .mask = editablePrice ? u"{0,99999}.{0,99}"_s : QString()}};
+}
+
+QString noteOf(const QString &statement, qint64 id)
+{
+    const db::Recordset rows = gcnData->Open(statement, {id});
+    return rows.isEmpty() ? QString() : rows.current().text(u"Note");
+}
+
+} // namespace
+
+PrintWorkPage::PrintWorkPage(std::function<WorkorderFilter()> filter,
+                             std::function<bool()> reachToday, QWidget *parent)
+    : QWidget(parent)
+    , m_filter(std::move(filter))
+    , m_reachToday(std::move(reachToday))
+{
+    setObjectName(u"pagePrintWorkOrder"_s);
+    buildPage();
+    connectButtons();
+    EnableControls();
+}
+
+void PrintWorkPage::buildPage()
+{
+    auto *splitter = new QSplitter(Qt::Horizontal, this);
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(buildList());
+    m_frames = new QStackedWidget(splitter);
+    fraGen = buildDue();
+    fraPrint = buildOrder();
+    m_frames->addWidget(fraGen);
+    m_frames->addWidget(fraPrint);
+    splitter->addWidget(m_frames);
+    splitter->setStretchFactor(0, 1);
+    splitter->setStretchFactor(1, 1);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(splitter);
+}
+
+QWidget *PrintWorkPage::buildList()
+{
+    auto *pane = new QWidget(this);
+    input::FormBuilder form(pane);
+    grdPrintWO = makeListGrid(
+        pane, u"grdPrintWO"_s, u"Machines with due services, and open work orders"_s,
+        {{.name = u"Select"_s, .width = 50, .editable = true, .editor = grid::Editor::Check},
+         {.name = u"WorkOrderNo"_s, .caption = u"W/O No"_s, .width = 70},
+         {.name = u"Unit No"_s, .width = 80},
+         {.name = u"Equipment Name"_s, .width = 150},
+         {.name = u"Equipment Type"_s, .width = 110},
+         {.name = u"Printed"_s, .width = 60, .editor = grid::Editor::Check},
+         hidden(u"EquipmentId"_s)});
+    grdPrintWO->rows().styleRule = [this](int row, const QString &) {
+        return grdPrintWO->rows().value(row, u"WorkOrderNo").isValid()
+                   ? grid::Style{}
+                   : grid::Style{.background = WithoutOrder};
+    };
+    form.widget(grdPrintWO, true);
+    cmdPrintSelect = form.leftButton(u"cmdPrintSelect"_s, u"Select A&ll"_s);
+    cmdPrintUnSelect = form.leftButton(u"cmdPrintUnSelect"_s, u"Select UnPrin&ted"_s);
+    cmdGenrateWo = form.button(u"cmdGenrateWo"_s, u"&Generate W/O"_s, theme::icon(u"work-order"_s));
+    cmdDelete = form.button(u"cmdDelete"_s, u"&Delete"_s, theme::icon(u"delete"_s));
+    form.finish();
+    return pane;
+}
+
+QWidget *PrintWorkPage::buildDue()
+{
+    auto *pane = new QWidget(m_frames);
+    pane->setObjectName(u"fraGen"_s);
+    input::FormBuilder form(pane);
+    grdGenService = makeListGrid(pane, u"grdGenService"_s, u"Due services of the machine"_s,
+                                 serviceColumns() + QList{hidden(u"ServiceUsedID"_s)});
+    form.beginGroup(u"Due Services"_s);
+    form.widget(grdGenService, true);
+    form.beginRow();
+    cmdGenAddService = form.inlineButton(u"cmdGenAddService"_s, u"Add &Service"_s);
+    cmdGenRemoveService = form.inlineButton(u"cmdGenRemoveService"_s, u"Remo&ve Service"_s);
+    form.endRow();
+    form.endGroup();
+    grdGenPart = makeListGrid(pane, u"grdGenPart"_s, u"Parts of the service"_s, partColumns(false));
+    form.beginGroup(u"Parts"_s);
+    form.widget(grdGenPart, true);
+    form.beginRow();
+    cmdGenAddPart = form.inlineButton(u"cmdGenAddPart"_s, u"&Add Part"_s);
+    cmdGenRemovePart = form.inlineButton(u"cmdGenRemovePart"_s, u"Re&move Part"_s);
+    form.endRow();
+    form.endGroup();
+    txtGenServiceNote = form.memoField(u"txtGenServiceNote"_s, u"&Note:"_s, 2);
+    form.finish();
+    return pane;
+}
+
+QWidget *PrintWorkPage::buildOrder()
+{
+    auto *pane = new QWidget(m_frames);
+    pane->setObjectName(u"fraPrint"_s);
+    input::FormBuilder form(pane);
+    grdPrintService =
+        makeListGrid(pane, u"grdPrintService"_s, u"Services of the work order"_s,
+                     serviceColumns() + QList{hidden(u"Skip"_s), hidden(u"ServiceID"_s),
+                                              hidden(u"NServiceUsedID"_s)});
+    form.beginGroup(u"Services of the Work Order"_s);
+    form.widget(grdPrintService, true);
+    form.beginRow();
+    cmdPrintAddService = form.inlineButton(u"cmdPrintAddService"_s, u"Add &Service"_s);
+    cmdPrintRemoveService = form.inlineButton(u"cmdPrintRemoveService"_s, u"Remo&ve Service"_s);
+    form.endRow();
+    form.endGroup();
+    grdPrintPart =
+        makeListGrid(pane, u"grdPrintPart"_s, u"Parts of the service"_s, partColumns(true));
+    form.beginGroup(u"Parts"_s);
+    form.widget(grdPrintPart, true);
+    form.beginRow();
+    cmdPrintAddPart = form.inlineButton(u"cmdPrintAddPart"_s, u"&Add Part"_s);
+    cmdPrintRemovePart = form.inlineButton(u"cmdPrintRemovePart"_s, u"Re&move Part"_s);
+    form.endRow();
+    form.endGroup();
+    txtPrintNote = form.memoField(u"txtPrintNote"_s, u"&Note:"_s, 2);
+    form.finish();
+    return pane;
+}
+
+void PrintWorkPage::connectButtons()
+{
+    const auto click = [this](QPushButton *button, void (PrintWorkPage::*procedure)()) {
+        connect(button, &QPushButton::clicked, this, [this, button, procedure] {
+            base::trapped(Module, qPrintable(button->objectName() + u"_Click"_s),
+                          [&] { (this->*procedure)(); });
+        });
+    };
+    click(cmdPrintSelect, &PrintWorkPage::cmdPrintSelect_Click);
+    click(cmdPrintUnSelect, &PrintWorkPage::cmdPrintUnSelect_Click);
+    click(cmdGenrateWo, &PrintWorkPage::cmdGenrateWo_Click);
+    click(cmdDelete, &PrintWorkPage::cmdDelete_Click);
+    for (QPushButton *button :
+         {cmdGenAddService, cmdGenRemoveService, cmdGenAddPart, cmdGenRemovePart})
+        click(button, &PrintWorkPage::generateFirst);
+    click(cmdPrintAddService, &PrintWorkPage::cmdPrintAddService_Click);
+    click(cmdPrintRemoveService, &PrintWorkPage::cmdPrintRemoveService_Click);
+    click(cmdPrintAddPart, &PrintWorkPage::cmdPrintAddPart_Click);
+    click(cmdPrintRemovePart, &PrintWorkPage::cmdPrintRemovePart_Click);
+
+    connect(grdPrintWO, &grid::GridView::currentRowChanged, this, [this] { rowSelected(); });
+    connect(grdPrintWO, &grid::GridView::changed, grdPrintWO, &grid::GridView::selectRow);
+    connect(grdPrintWO, &grid::GridView::rowActivated, this, [this](int row) {
+        grid::GridModel &rows = grdPrintWO->rows();
+        rows.edit(row, rows.columnIndex(u"Select"), !rows.value(row, u"Select").toBool());
+    });
+    connect(grdGenService, &grid::GridView::currentRowChanged, this, [this] {
+        if (!m_filling)
+            RefreshGenPartGrid(worklists::currentKey(*grdGenService, u"ServiceUsedID"));
+    });
+    connect(grdPrintService, &grid::GridView::currentRowChanged, this, [this] {
+        if (!m_filling)
+            RefreshPrintPartGrid();
+    });
+    for (grid::GridView *services : {grdGenService, grdPrintService}) {
+        services->rows().styleRule = [this, services](int row, const QString &) {
+            return m_lateness.of(
+                services->rows().value(row, u"Next Service Date").toDateTime().date());
+        };
+    }
+    grdPrintPart->rows().changeRule = [this](int row, const QString &column,
+                                             const QVariant &value) {
+        return grdPrintPart_Change(row, column, value);
+    };
+    m_genNote = new ServiceNote(txtGenServiceNote, [](qint64 service, const QString &note) {
+        return base::trapped(Module, "txtGenServiceNote_Validate", false, [&] {
+            gcnData->Execute(u"update tblServiceUsed set [Note] = ? where ServiceUsedID = ?"_s,
+                             {note, service});
+            return true;
+        });
+    });
+    m_printNote = new ServiceNote(txtPrintNote, [](qint64 service, const QString &note) {
+        if (note.trimmed().isEmpty() && recording::IsServiceSkiped(service)) {
+            base::showMessage(u"Note Field Cann't left blank. When Service has Skiped."_s);
+            return false;
+        }
+        return recording::updateNote(service, note);
+    });
+}
+
+void PrintWorkPage::EnableControls()
+{
+    const bool rows = grdPrintWO->rows().rowCount() > 0;
+    const bool dueRows = grdGenService->rows().rowCount() > 0;
+    const bool services = grdPrintService->rows().rowCount() > 0;
+    for (QPushButton *button :
+         {cmdPrintSelect, cmdPrintUnSelect, cmdGenrateWo, cmdPrintAddService, cmdGenAddService})
+        button->setEnabled(rows);
+    cmdDelete->setEnabled(rows && currentOrder() != 0);
+    cmdPrintRemoveService->setEnabled(services);
+    cmdPrintAddPart->setEnabled(services);
+    cmdPrintRemovePart->setEnabled(grdPrintPart->rows().rowCount() > 0);
+    cmdGenRemoveService->setEnabled(dueRows);
+    cmdGenAddPart->setEnabled(dueRows);
+    cmdGenRemovePart->setEnabled(grdGenPart->rows().rowCount() > 0);
+}
+
+QList<grid::GridView *> PrintWorkPage::grids() const
+{
+    return {grdPrintWO, grdGenService, grdGenPart, grdPrintService, grdPrintPart};
+}
+
+qint64 PrintWorkPage::currentOrder() const
+{
+    return worklists::currentKey(*grdPrintWO, u"WorkOrderNo");
+}
+
+qint64 PrintWorkPage::currentMachine() const
+{
+    return worklists::currentKey(*grdPrintWO, u"EquipmentId");
+}
+
+bool PrintWorkPage::leaveNotes()
+{
+    return m_genNote->leave() && m_printNote->leave();
+}
+
+// --- Lists -------------------------------------------------------------------------------------
+
+void PrintWorkPage::RefreshPrintWo()
+{
+    base::trapped(Module, "RefreshPrintWo", [this] {
+        m_lateness = LatenessStyle::current();
+        const db::Recordset rows = gcnData->Open(workorders::statements::printWo(m_filter()));
+        m_filling = true;
+        grdPrintWO->rows().setRecordset(rows);
+        grdPrintWO->rows().setAll(u"Select", false);
+        m_filling = false;
+        cmdPrintSelect->setText(u"Select A&ll"_s);
+        worklists::selectFirst(*grdPrintWO);
+    });
+    rowSelected();
+}
+
+void PrintWorkPage::rowSelected()
+{
+    if (m_filling)
+        return;
+    const bool ordered = currentOrder() != 0;
+    m_frames->setCurrentWidget(ordered ? fraPrint : fraGen);
+    RefreshGenServiceGrid(ordered ? 0 : currentMachine());
+    RefreshPrintServiceGrid();
+}
+
+void PrintWorkPage::RefreshGenServiceGrid(qint64 EquipmentID)
+{
+    base::trapped(Module, "RefreshGenServiceGrid", [&] {
+        m_filling = true;
+        if (EquipmentID == 0)
+            grdGenService->rows().clear();
+        else
+            grdGenService->rows().setRecordset(
+                gcnData->Open(workorders::statements::genServices(m_filter()), {EquipmentID}));
+        worklists::selectFirst(*grdGenService);
+    });
+    m_filling = false;
+    RefreshGenPartGrid(worklists::currentKey(*grdGenService, u"ServiceUsedID"));
+}
+
+void PrintWorkPage::RefreshGenPartGrid(qint64 ServiceUsedID)
+{
+    base::trapped(Module, "RefreshGenPartGrid", [&] {
+        if (ServiceUsedID == 0) {
+            grdGenPart->rows().clear();
+            m_genNote->show(0, {});
+            return;
+        }
+        grdGenPart->rows().setRecordset(
+            gcnData->Open(workorders::statements::genParts(), {ServiceUsedID}));
+        worklists::selectFirst(*grdGenPart);
+        m_genNote->show(
+            ServiceUsedID,
+            noteOf(u"Select [Note] From tblServiceUsed where ServiceusedID = ?"_s, ServiceUsedID));
+    });
+    EnableControls();
+}
+
+void PrintWorkPage::RefreshPrintServiceGrid()
+{
+    base::trapped(Module, "RefreshPrintServiceGrid", [this] {
+        const qint64 order = currentOrder();
+        const qint64 kept = worklists::currentKey(*grdPrintService, u"NServiceUsedID");
+        m_filling = true;
+        if (order == 0)
+            grdPrintService->rows().clear();
+        else
+            grdPrintService->rows().setRecordset(
+                gcnData->Open(workorders::statements::printServices(m_filter()), {order}));
+        worklists::selectKey(*grdPrintService, u"NServiceUsedID", kept);
+    });
+    m_filling = false;
+    RefreshPrintPartGrid();
+}
+
+void PrintWorkPage::RefreshPrintPartGrid()
+{
+    base::trapped(Module, "RefreshPrintPartGrid", [this] {
+        const qint64 service = worklists::currentKey(*grdPrintService, u"NServiceUsedID");
+        if (service == 0) {
+            grdPrintPart->rows().clear();
+            m_printNote->show(0, {});
+            return;
+        }
+        grdPrintPart->rows().setRecordset(
+            gcnData->Open(workorders::statements::printParts(), {service}));
+        worklists::selectFirst(*grdPrintPart);
+        m_printNote->show(
+            service,
+            noteOf(u"Select [Note] From tblWoServiceUsed where NServiceusedID = ?"_s, service));
+    });
+    EnableControls();
+}
+
+void PrintWorkPage::FindNSelectPrintWorkorder(const QString &unitNo)
+{
+    const grid::GridModel &rows = grdPrintWO->rows();
+    for (const int row : grdPrintWO->displayedOrder()) {
+        if (!rows.value(row, u"WorkOrderNo").isValid() &&
+            rows.text(row, u"Unit No").toUpper() == unitNo.toUpper())
+            return grdPrintWO->selectRow(row);
+    }
+}
+
+void PrintWorkPage::FindNSelectPrintWorkorderByWO(qint64 WorkorderNo)
+{
+    const int row = grdPrintWO->rows().findRow(u"WorkOrderNo", WorkorderNo);
+    if (row >= 0)
+        grdPrintWO->selectRow(row);
+}
+
+QList<qint64> PrintWorkPage::tickedOrders() const
+{
+    QList<qint64> orders;
+    const grid::GridModel &rows = grdPrintWO->rows();
+    for (int row = 0; row < rows.rowCount(); ++row) {
+        const qint64 order = rows.value(row, u"WorkOrderNo").toLongLong();
+        if (order != 0 && rows.value(row, u"Select").toBool())
+            orders.append(order);
+    }
+    return orders;
+}
+
+QList<qint64> PrintWorkPage::tickedMachines() const
+{
+    QList<qint64> machines;
+    const grid::GridModel &rows = grdPrintWO->rows();
+    for (int row = 0; row < rows.rowCount(); ++row) {
+        if (!rows.value(row, u"WorkOrderNo").isValid() && rows.value(row, u"Select").toBool())
+            machines.append(rows.value(row, u"EquipmentId").toLongLong());
+    }
+    return machines;
+}
+
+QString PrintWorkPage::machines() const
+{
+    return worklists::joinedKeys(grdPrintWO->rows(), u"EquipmentId");
+}
+
+// --- Selecting and generating --------------------------------------------------------------------
+
+void PrintWorkPage::cmdPrintSelect_Click()
+{
+    const bool all = cmdPrintSelect->text().startsWith(u"Select"_s);
+    grdPrintWO->rows().setAll(u"Select", all);
+    cmdPrintSelect->setText(all ? u"Unselect A&ll"_s : u"Select A&ll"_s);
+}
+
+void PrintWorkPage::cmdPrintUnSelect_Click()
+{
+    grid::GridModel &rows = grdPrintWO->rows();
+    for (int row = 0; row < rows.rowCount(); ++row)
+        rows.setValue(row, u"Select", rows.value(row, u"Printed").toInt() == 0);
+}
+
+bool PrintWorkPage::GenerateWorkorder(QList<qint64> &generated)
+{
+    return generation::GenerateWorkorder(m_filter(), tickedMachines(), generated);
+}
+
+void PrintWorkPage::cmdGenrateWo_Click()
+{
+    if (tickedMachines().isEmpty() && tickedOrders().isEmpty())
+        return base::showMessage(u"Please select at least one record"_s);
+    QList<qint64> generated;
+    if (!GenerateWorkorder(generated))
+        return;
+    base::showMessage(u"Workorder Generated"_s);
+    RefreshPrintWo();
+}
+
+/// A due service can't be changed before it stands on an order.
+void PrintWorkPage::generateFirst()
+{
+    if (currentMachine() == 0 ||
+        !base::askYesNo(u"You must genearte a Work Order before you can make changes. Do you wish "
+                        "to generate the Work Order?"_s))
+        return;
+    QList<qint64> generated;
+    if (!generation::generateForRow(m_filter(), currentMachine(), generated))
+        return;
+    base::showMessage(u"Workorder Generated"_s);
+    RefreshPrintWo();
+    if (!generated.isEmpty())
+        FindNSelectPrintWorkorderByWO(generated.first());
+}
+
+void PrintWorkPage::cmdDelete_Click()
+{
+    const qint64 order = currentOrder();
+    if (order == 0 || !worklists::confirmDeletion())
+        return;
+    if (generation::deleteOrder(order))
+        RefreshPrintWo();
+}
+
+// --- What stands on an order ---------------------------------------------------------------------
+
+void PrintWorkPage::cmdPrintAddService_Click()
+{
+    const qint64 order = currentOrder();
+    if (order == 0 ||
+        !worklists::addServices(grdPrintService->rows(), order, currentMachine(), false))
+        return;
+    // The new service is dated today, and must not be filtered away.
+    if (m_reachToday()) {
+        RefreshPrintWo();
+        FindNSelectPrintWorkorderByWO(order);
+    }
+    RefreshPrintServiceGrid();
+}
+
+void PrintWorkPage::cmdPrintRemoveService_Click()
+{
+    const qint64 service = worklists::currentKey(*grdPrintService, u"NServiceUsedID");
+    if (service == 0 || !worklists::confirmDeletion())
+        return;
+    if (recording::DeleteServiceRecord(service))
+        RefreshPrintServiceGrid();
+    else
+        base::showMessage(u"Deletion not allowed."_s);
+}
+
+void PrintWorkPage::cmdPrintAddPart_Click()
+{
+    const qint64 service = worklists::currentKey(*grdPrintService, u"NServiceUsedID");
+    if (service != 0 && worklists::addParts(grdPrintPart->rows(), service, false))
+        RefreshPrintPartGrid();
+}
+
+void PrintWorkPage::cmdPrintRemovePart_Click()
+{
+    const qint64 service = worklists::currentKey(*grdPrintService, u"NServiceUsedID");
+    if (worklists::removePart(*grdPrintPart, service))
+        RefreshPrintPartGrid();
+}
+
+bool PrintWorkPage::grdPrintPart_Change(int row, const QString &column, const QVariant &value)
+{
+    return recording::UpdateWorkorderPart(
+        grdPrintPart->rows().text(row, u"Part Number"),
+        worklists::currentKey(*grdPrintService, u"NServiceUsedID"), column, value);
+}

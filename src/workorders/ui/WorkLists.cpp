@@ -1,0 +1,117 @@
+#include "workorders/ui/WorkLists.h"
+
+#include "core/Session.h"
+#include "parts/PartSelection.h"
+#include "parts/ui/Entries.h"
+#include "platform/base/Prompts.h"
+#include "platform/grid/GridView.h"
+#include "scheduling/ui/Entries.h"
+#include "workorders/Recording.h"
+
+using namespace Qt::StringLiterals;
+
+namespace worklists {
+namespace {
+
+QList<grid::Choice> choicesOf(const QString &statement, QStringView key, QStringView text)
+{
+    QList<grid::Choice> choices;
+    for (const db::Row row : gcnData->Open(statement))
+        choices.append({row.integer(key), row.text(text)});
+    return choices;
+}
+
+} // namespace
+
+QList<grid::Choice> suppliers()
+{
+    return choicesOf(u"Select SupplierID,Name from tblSupplier order by Name"_s, u"SupplierID",
+                     u"Name");
+}
+
+QList<grid::Choice> crews()
+{
+    return choicesOf(u"Select CrewID,cstr(CrewNumber) + '   ' + Description AS [CrewText] from "
+                     "tblCrew order by tblCrew.CrewNumber"_s,
+                     u"CrewID", u"CrewText");
+}
+
+QString joinedKeys(const grid::GridModel &rows, QStringView column)
+{
+    QStringList keys;
+    for (int row = 0; row < rows.rowCount(); ++row)
+        keys.append(QString::number(rows.value(row, column).toLongLong()));
+    return keys.join(u',');
+}
+
+qint64 currentKey(const grid::GridView &grid, QStringView column)
+{
+    const int row = grid.currentRow();
+    return row < 0 ? 0 : grid.rows().value(row, column).toLongLong();
+}
+
+void selectFirst(grid::GridView &grid)
+{
+    grid.selectRow(grid.displayedOrder().value(0, -1));
+}
+
+void selectKey(grid::GridView &grid, QStringView column, qint64 key)
+{
+    const int row = key == 0 ? -1 : grid.rows().findRow(column, key);
+    if (row >= 0)
+        grid.selectRow(row);
+    else
+        selectFirst(grid);
+}
+
+QList<qint64> numbersOf(const QString &text)
+{
+    QList<qint64> numbers;
+    for (const QString &each : text.split(u',', Qt::SkipEmptyParts)) {
+        bool ok = false;
+        const qint64 number = each.trimmed().toLongLong(&ok);
+        if (ok)
+            numbers.append(number);
+    }
+    return numbers;
+}
+
+bool addServices(const grid::GridModel &present, qint64 WorkorderNo, qint64 EquipmentID,
+                 bool completed)
+{
+    QString selection = joinedKeys(present, u"ServiceID");
+    QString kind = u"SL"_s;
+    if (!frmServicesManagerEntry::ShowServiceManager(selection, 0, kind, true, false))
+        return false;
+    return recording::AddServiceRecord(numbersOf(selection), WorkorderNo, EquipmentID,
+                                       recording::ServiceSource::Catalogue, completed);
+}
+
+bool addParts(const grid::GridModel &present, qint64 NServiceUsedID, bool used)
+{
+    QStringList numbers;
+    for (int row = 0; row < present.rowCount(); ++row)
+        numbers.append(present.text(row, u"Part Number"));
+    QString selection = parts::exclusionList(numbers);
+    if (!frmPartManagerEntry::ShowServiceManager(selection, true) || selection.trimmed().isEmpty())
+        return false;
+    return recording::AddPartRecord(parts::parseSelection(selection), NServiceUsedID, used);
+}
+
+bool removePart(const grid::GridView &grid, qint64 NServiceUsedID)
+{
+    if (grid.currentRow() < 0 || !confirmDeletion())
+        return false;
+    if (recording::DeletePartRecord(NServiceUsedID,
+                                    grid.rows().text(grid.currentRow(), u"Part Number")))
+        return true;
+    base::showMessage(u"Deletion not allowed."_s);
+    return false;
+}
+
+bool confirmDeletion()
+{
+    return base::askYesNo(u"Are you sure you want to Delete this record?"_s);
+}
+
+} // namespace worklists

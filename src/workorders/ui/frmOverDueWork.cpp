@@ -1,0 +1,359 @@
+#include "workorders/ui/frmOverDueWork.h"
+
+#include "core/General.h"
+#include "core/Session.h"
+#include "core/ui/ListGrid.h"
+#include "core/ui/ScreenCalls.h"
+#include "parts/ui/Entries.h"
+#include "platform/base/Environment.h"
+#include "platform/base/Format.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/input/LinkLabel.h"
+#include "platform/input/Theme.h"
+#include "scheduling/ui/Entries.h"
+#include "workorders/Board.h"
+#include "workorders/ui/BoardReports.h"
+#include "workorders/ui/Entries.h"
+
+#include <QLabel>
+#include <QLocale>
+#include <QPainter>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char *Module = "frmOverDueWork";
+constexpr int Margin = 14;
+constexpr int ReportsWidth = 290;
+constexpr int BoardDays = 30; ///< services that are overdue for longer are not on the board
+
+const QString OpenOrders = u"Open Work Order"_s;
+const QString OverDue = u"Over Due Service"_s;
+
+QString insufficientRights()
+{
+    return u"You do not have sufficient rights to see this report. Please see your system "
+           "administrator"_s;
+}
+
+struct ShortcutText
+{
+    const char *caption;
+    const char *icon;
+    const char *purpose;
+};
+
+constexpr ShortcutText Shortcuts[] = {
+    {"Print Work Orders ", "print", "What is due, and the orders to print"},
+    {"Record Work Order", "complete", "Enter the work that was done, and post it"},
+    {"Equipment Reading", "reading", "Enter the meter readings that are missing"},
+    {"Add New Part", "part", "Enter a new part"},
+    {"Inventory CheckIn", "check-in", "Receive parts into stock"},
+    {"Assign Crew", "crew", "Give a machine to another crew"},
+};
+
+} // namespace
+
+frmOverDueWork::frmOverDueWork(QWidget *parent)
+    : QWidget(parent)
+{
+    setObjectName(u"frmOverDueWork"_s);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(Margin, Margin, Margin, Margin);
+    column->setSpacing(10);
+    auto *heading = new QHBoxLayout;
+    lblToday = new QLabel(this);
+    lblToday->setObjectName(u"lblToday"_s);
+    lblSummary = new QLabel(this);
+    lblSummary->setObjectName(u"lblSummary"_s);
+    heading->addWidget(lblToday);
+    heading->addStretch();
+    heading->addWidget(lblSummary);
+    column->addLayout(heading);
+    buildShortcuts(column);
+    auto *panels = new QHBoxLayout;
+    panels->setSpacing(12);
+    buildBoard(panels);
+    buildReports(panels);
+    column->addLayout(panels, 1);
+    ShowReports();
+    LoadData();
+}
+
+void frmOverDueWork::buildShortcuts(QBoxLayout *column)
+{
+    auto *row = new QHBoxLayout;
+    row->setSpacing(8);
+    for (int index = 0; const ShortcutText &text : Shortcuts) {
+        auto *button = new QToolButton(this);
+        button->setObjectName(u"cmdToolbar%1"_s.arg(index));
+        button->setText(QString::fromLatin1(text.caption));
+        button->setAccessibleName(QString::fromLatin1(text.caption).trimmed());
+        button->setToolTip(QString::fromLatin1(text.purpose));
+        button->setIcon(theme::icon(QString::fromLatin1(text.icon)));
+        button->setIconSize({28, 28});
+        button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        button->setMinimumHeight(62);
+        button->setFocusPolicy(Qt::StrongFocus);
+        connect(button, &QToolButton::clicked, this, [this, index] {
+            base::trapped(Module, "cmdToolbar_Click", [&] { cmdToolbar_Click(index); });
+        });
+        cmdToolbar[index++] = button;
+        row->addWidget(button, 1);
+    }
+    cmdToolbar[AssignCrew]->setEnabled(static_cast<bool>(screenCalls().ShowQuickFind));
+    column->addLayout(row);
+}
+
+void frmOverDueWork::buildBoard(QBoxLayout *row)
+{
+    auto *column = new QVBoxLayout;
+    column->setSpacing(6);
+    lblBoard = new QLabel(u"Work to be done"_s, this);
+    lblBoard->setObjectName(u"lblBoard"_s);
+    column->addWidget(lblBoard);
+    grdEquipWithSer = makeListGrid(
+        this, u"grdEquipWithSer"_s, u"Work to be done"_s,
+        {{.name = u"Unit No"_s, .width = 330, .editor = grid::Editor::Link},
+         {.name = u"WorkOrderNo"_s, .visible = false, .kind = sql::ColumnKind::Integer},
+         {.name = u"W/O"_s, .width = 70, .kind = sql::ColumnKind::Integer},
+         {.name = u"Due Since"_s,
+          .width = 90,
+          .format = u"mm/dd/yyyy"_s,
+          .kind = sql::ColumnKind::Date},
+         {.name = u"Count"_s,
+          .caption = u"Services"_s,
+          .width = 70,
+          .kind = sql::ColumnKind::Integer}});
+    grid::GridModel &rows = grdEquipWithSer->rows();
+    rows.setTreeColumn(u"Unit No");
+    rows.styleRule = [this](int line, const QString &name) {
+        const grid::GridModel &model = grdEquipWithSer->rows();
+        if (model.parentRow(line) < 0)
+            return grid::Style{.foreground = theme::mainColor(), .bold = true};
+        if (name.compare(u"Due Since", Qt::CaseInsensitive) != 0)
+            return grid::Style{};
+        return m_lateness.of(model.value(line, u"Due Since").toDateTime().date());
+    };
+    connect(grdEquipWithSer, &grid::GridView::linkClicked, this,
+            &frmOverDueWork::grdEquipWithSer_HyperLinkClick);
+    connect(grdEquipWithSer, &grid::GridView::rowActivated, this,
+            &frmOverDueWork::grdEquipWithSer_HyperLinkClick);
+    column->addWidget(grdEquipWithSer, 1);
+    row->addLayout(column, 1);
+}
+
+void frmOverDueWork::buildReports(QBoxLayout *row)
+{
+    picReports = new QWidget(this);
+    picReports->setObjectName(u"picReports"_s);
+    auto *column = new QVBoxLayout(picReports);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(6);
+    auto *heading = new QHBoxLayout;
+    lblReports = new input::LinkLabel(u"Reports"_s, picReports);
+    lblReports->setObjectName(u"lblReports"_s);
+    lblReports->setToolTip(u"Show or hide the reports"_s);
+    imgClose = new QToolButton(picReports);
+    imgClose->setObjectName(u"imgClose"_s);
+    imgClose->setAccessibleName(u"Show or hide the reports"_s);
+    imgClose->setAutoRaise(true);
+    heading->addWidget(lblReports);
+    heading->addStretch();
+    heading->addWidget(imgClose);
+    column->addLayout(heading);
+    grdReport = makeListGrid(picReports, u"grdReport"_s, u"Reports"_s,
+                             {{.name = u"ReportName"_s,
+                               .caption = u"Report"_s,
+                               .width = ReportsWidth - 30,
+                               .editor = grid::Editor::Link}});
+    grdReport->rows().setTreeColumn(u"ReportName");
+    grdReport->rows().styleRule = [this](int line, const QString &) {
+        if (grdReport->rows().parentRow(line) < 0)
+            return grid::Style{.foreground = theme::mainColor(), .bold = true};
+        const board::ReportEntry *entry =
+            board::reportEntry(grdReport->rows().text(line, u"ReportName"));
+        return entry && board::isJoined(*entry) ? grid::Style{}
+                                                : grid::Style{.foreground = theme::disabledColor()};
+    };
+    connect(grdReport, &grid::GridView::linkClicked, this,
+            &frmOverDueWork::grdReport_HyperLinkClick);
+    column->addWidget(grdReport, 1);
+    column->addStretch();
+    row->addWidget(picReports);
+    const auto toggle = [this] { LoadUnloadReportsNavigator(!reportsVisible()); };
+    connect(lblReports, &input::LinkLabel::clicked, this, toggle);
+    connect(imgClose, &QToolButton::clicked, this, toggle);
+    LoadUnloadReportsNavigator(true);
+}
+
+void frmOverDueWork::applyFonts()
+{
+    lblToday->setFont(theme::font(13, true));
+    lblSummary->setFont(theme::font(10));
+    lblBoard->setFont(theme::font(10, true));
+    lblReports->setFont(theme::font(10, true));
+}
+
+void frmOverDueWork::ShowReports()
+{
+    grid::GridModel &rows = grdReport->rows();
+    rows.clear();
+    QString parent;
+    int parentRow = -1;
+    for (const board::ReportEntry &entry : board::reportEntries()) {
+        if (const QString title = QString::fromLatin1(entry.parent); title != parent) {
+            parent = title;
+            parentRow = rows.insertRow({{u"ReportName"_s, title}});
+        }
+        rows.insertRow({{u"ReportName"_s, QString::fromLatin1(entry.caption)}}, parentRow);
+    }
+    for (int row = 0; row < rows.rowCount(); ++row) {
+        if (rows.parentRow(row) < 0)
+            grdReport->setRowExpanded(row, false);
+    }
+}
+
+void frmOverDueWork::LoadData()
+{
+    base::trapped(Module, "LoadData", [this] {
+        m_lateness = LatenessStyle::current();
+        const QList<board::Entry> entries = board::entries();
+        grid::GridModel &rows = grdEquipWithSer->rows();
+        const auto keyOf = [&](int row) {
+            return rows.text(row, u"Unit No") + u'\n' + rows.text(row, u"WorkOrderNo");
+        };
+        const bool loaded = rows.rowCount() > 0;
+        const int former = grdEquipWithSer->currentRow();
+        const QString current = former >= 0 ? keyOf(former) : QString();
+        const auto wasExpanded = [&](const QString &parent) {
+            const int row = loaded ? rows.findRow(u"Unit No", parent) : -1;
+            return row < 0 || grdEquipWithSer->isRowExpanded(row);
+        };
+        const bool openExpanded = wasExpanded(OpenOrders);
+        const bool dueExpanded = wasExpanded(OverDue);
+
+        rows.clear();
+        int open = 0;
+        int due = 0;
+        for (const board::Entry &entry : entries)
+            (entry.WorkOrderNo != 0 ? open : due) += 1;
+        const int openRow = rows.insertRow({{u"Unit No"_s, OpenOrders}, {u"Count"_s, open}});
+        const int dueRow = rows.insertRow({{u"Unit No"_s, OverDue}, {u"Count"_s, due}});
+        {
+            const grid::GridModel::Filling filling(rows);
+            for (const board::Entry &entry : entries) {
+                const bool ordered = entry.WorkOrderNo != 0;
+                const QVariant number = ordered ? QVariant(entry.WorkOrderNo) : QVariant();
+                rows.insertRow(
+                    {{u"Unit No"_s, entry.text},
+                     {u"WorkOrderNo"_s, number},
+                     {u"W/O"_s, number},
+                     {u"Due Since"_s,
+                      entry.since.isValid() ? QVariant(base::wallClock(entry.since)) : QVariant()},
+                     {u"Count"_s, entry.services}},
+                    ordered ? openRow : dueRow);
+            }
+        }
+        grdEquipWithSer->setRowExpanded(openRow, openExpanded);
+        grdEquipWithSer->setRowExpanded(dueRow, dueExpanded);
+        for (int row = 0; row < rows.rowCount() && !current.isEmpty(); ++row) {
+            if (keyOf(row) == current) {
+                grdEquipWithSer->selectRow(row);
+                break;
+            }
+        }
+        // The program speaks one language, whatever the computer is set to.
+        lblToday->setText(QLocale(QLocale::English, QLocale::UnitedStates)
+                              .toString(base::today(), u"dddd, MMMM d, yyyy"_s));
+        lblSummary->setText(u"Open work orders: %1     Machines overdue: %2"_s.arg(open).arg(due));
+    });
+    applyFonts();
+}
+
+void frmOverDueWork::LoadUnloadReportsNavigator(bool show)
+{
+    grdReport->setVisible(show);
+    imgClose->setIcon(theme::icon(show ? u"minus"_s : u"plus"_s));
+    imgClose->setToolTip(show ? u"Hide the reports"_s : u"Show the reports"_s);
+    if (show)
+        picReports->setFixedWidth(ReportsWidth);
+    else
+        picReports->setFixedWidth(picReports->layout()->sizeHint().width());
+}
+
+bool frmOverDueWork::reportsVisible() const
+{
+    return !grdReport->isHidden();
+}
+
+void frmOverDueWork::cmdToolbar_Click(int index)
+{
+    switch (index) {
+    case PrintOrders:
+        return ShowPrintWorkorder();
+    case RecordOrders:
+        return ShowCompleteWorkorder();
+    case Reading:
+        if (gRights.EqCountSheet)
+            ShowEquipmentReading();
+        else
+            base::showMessage(insufficientRights());
+        return;
+    case NewPart:
+        showPartDetail(Mode::Add, u"0"_s);
+        return;
+    case CheckIn:
+        return ShowInventoryCheckIn();
+    case AssignCrew: {
+        const QString machine = screenCalls().ShowQuickFind({.field = u"UnitNo"_s,
+                                                             .label = u"Unit No"_s,
+                                                             .table = u"tblEquipment"_s,
+                                                             .form = u"frmEquipment"_s});
+        if (!machine.trimmed().isEmpty())
+            (void)ShowAssignCrewForm(machine.toLongLong());
+        return;
+    }
+    default:
+        return;
+    }
+}
+
+void frmOverDueWork::grdEquipWithSer_HyperLinkClick(int row)
+{
+    base::trapped(Module, "grdEquipWithSer_HyperLinkClick", [&] {
+        const grid::GridModel &rows = grdEquipWithSer->rows();
+        if (rows.parentRow(row) < 0)
+            return;
+        const qint64 order = rows.value(row, u"WorkOrderNo").toLongLong();
+        if (order != 0)
+            return ShowCompleteWorkorder(order);
+        SetOption(u"WoDateFrom"_s, base::monthFirst(base::today().addDays(-BoardDays)), true);
+        SetOption(u"WodateTo"_s, base::monthFirst(base::today()), true);
+        ShowPrintWorkorder(board::unitNumberOf(rows.text(row, u"Unit No")));
+    });
+}
+
+void frmOverDueWork::grdReport_HyperLinkClick(int row)
+{
+    base::trapped(Module, "grdReport_HyperLinkClick", [&] {
+        const board::ReportEntry *entry =
+            board::reportEntry(grdReport->rows().text(row, u"ReportName"));
+        if (entry == nullptr || !board::isJoined(*entry))
+            return;
+        if (!(gRights.*entry->right))
+            return base::showMessage(insufficientRights());
+        const auto open = screenCalls().openings.value(QString::fromLatin1(entry->opening));
+        open();
+    });
+}
+
+void frmOverDueWork::paintEvent(QPaintEvent *)
+{
+    QPainter(this).fillRect(rect(), theme::formColor());
+}

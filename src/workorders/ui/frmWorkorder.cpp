@@ -1,0 +1,346 @@
+#include "workorders/ui/frmWorkorder.h"
+
+#include "core/General.h"
+#include "core/Session.h"
+#include "core/ui/ScreenCalls.h"
+#include "platform/base/Environment.h"
+#include "platform/base/Format.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/grid/GridView.h"
+#include "platform/input/DateInput.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/KeyFilter.h"
+#include "platform/input/Leaving.h"
+#include "platform/input/Theme.h"
+#include "workorders/Posting.h"
+#include "workorders/Recording.h"
+#include "workorders/Statements.h"
+#include "workorders/ui/PrintWorkPage.h"
+#include "workorders/ui/RecordWorkPage.h"
+#include "workorders/ui/WorkLists.h"
+#include "workorders/ui/frmWOCompletedDate.h"
+
+#include <QCheckBox>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QTabWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char *Module = "WorkOrder";
+const QString PrintedReport = u"ShowWorkorderReport"_s;
+const QString HistoryReport = u"ShowWorkorderHistoryReport"_s;
+
+/// Shows its shape in the busy pointer while it lives.
+class BusyPointer
+{
+public:
+    BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~BusyPointer() { QGuiApplication::restoreOverrideCursor(); }
+    BusyPointer(const BusyPointer &) = delete;
+    BusyPointer &operator=(const BusyPointer &) = delete;
+};
+
+QDate storedDate(const QString &option)
+{
+    const auto date = base::parseMonthFirst(GetOption(option, true).trimmed());
+    return date ? date->date() : base::today();
+}
+
+QString joined(const QList<qint64> &numbers)
+{
+    QStringList texts;
+    for (const qint64 number : numbers)
+        texts.append(QString::number(number));
+    return texts.join(u',');
+}
+
+} // namespace
+
+frmWorkorder::frmWorkorder(QWidget *parent)
+    : Screen(u"frmWorkorder"_s, u"Work Order"_s, parent)
+{
+    buildForm();
+    Form_Load();
+    for (grid::GridView *each : m_printing->grids() + m_recording->grids())
+        adoptGrid(each, each->objectName());
+    EnableControls();
+}
+
+void frmWorkorder::buildForm()
+{
+    input::FormBuilder form(this);
+    fraFilter = buildFilter();
+    form.widget(fraFilter);
+    sstabWorkorder = new QTabWidget(this);
+    sstabWorkorder->setObjectName(u"sstabWorkorder"_s);
+    m_printing =
+        new PrintWorkPage([this] { return filter(); }, [this] { return reachToday(); }, this);
+    m_recording = new RecordWorkPage(this);
+    sstabWorkorder->addTab(m_printing, u"Print Work Order"_s);
+    sstabWorkorder->addTab(m_recording, u"Complete Work Order"_s);
+    form.widget(sstabWorkorder, true);
+    cmdUnschedule =
+        form.leftButton(u"cmdUnschedule"_s, u"&UnScheduled"_s, theme::icon(u"unschedule"_s));
+    cmdPrint = form.button(u"cmdPrint"_s, u"&Print"_s, theme::icon(u"print"_s));
+    cmdPost = form.button(u"cmdPost"_s, u"&Post"_s, theme::icon(u"complete"_s));
+    cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
+    form.finish();
+    resize(1180, 660);
+
+    const auto click = [this](QPushButton *button, const char *procedure,
+                              void (frmWorkorder::*action)()) {
+        connect(button, &QPushButton::clicked, this, [this, procedure, action] {
+            if (m_printing->leaveNotes() && m_recording->finishEditing())
+                base::trapped(Module, procedure, [&] { (this->*action)(); });
+        });
+    };
+    click(cmdRefreshWo, "cmdRefreshWo_Click", &frmWorkorder::cmdRefreshWo_Click);
+    click(cmdPrint, "cmdPrint_Click", &frmWorkorder::cmdPrint_Click);
+    click(cmdPost, "cmdPost_Click", &frmWorkorder::cmdPost_Click);
+    click(cmdUnschedule, "cmdUnschedule_Click", &frmWorkorder::cmdUnschedule_Click);
+    connect(cmdExit, &QPushButton::clicked, this, &frmWorkorder::reject);
+    connect(m_recording, &RecordWorkPage::refreshed, this, [this] { EnableControls(); });
+    connect(sstabWorkorder, &QTabWidget::currentChanged, this,
+            [this](int tab) { sstabWorkorder_Click(tab); });
+}
+
+QWidget *frmWorkorder::buildFilter()
+{
+    auto *pane = new QWidget(this);
+    pane->setObjectName(u"fraFilter"_s);
+    input::FormBuilder form(pane);
+    form.beginRow();
+    datDateFrom = form.dateField(u"datDateFrom"_s, u"&From:"_s);
+    datDateTo = form.dateField(u"datDateTo"_s, u"T&o:"_s);
+    txtCrewRange = form.textField(u"txtCrewRange"_s, u"Service &Crew:"_s, 60);
+    txtAssignCrew = form.textField(u"txtAssignCrew"_s, u"Ass&ign Crew:"_s, 60);
+    chkGroupWo = form.checkBox(u"chkGroupWo"_s, u"Group &Wo"_s);
+    cmdRefreshWo = form.inlineButton(u"cmdRefreshWo"_s, u"R&efresh"_s, theme::icon(u"refresh"_s));
+    form.endRow();
+    form.finish();
+    for (QLineEdit *crews : {txtCrewRange, txtAssignCrew}) {
+        input::restrictTo(crews, input::TypeCheck::Int, u",-"_s);
+        crews->setPlaceholderText(u"1,3-5"_s);
+    }
+    input::validateOnLeave(datDateFrom, [this] {
+        datDateFrom_Change();
+        return true;
+    });
+    input::validateOnLeave(datDateTo, [this] {
+        datDateTo_Change();
+        return true;
+    });
+    return pane;
+}
+
+void frmWorkorder::Form_Load()
+{
+    base::trapped(Module, "Form_Load", [this] {
+        datDateFrom->setDate(storedDate(u"WoDateFrom"_s));
+        datDateTo->setDate(storedDate(u"WoDateTo"_s));
+        txtCrewRange->setText(GetOption(u"WoCrewNo"_s, true));
+        txtAssignCrew->setText(GetOption(u"WoAssignCrew"_s, true));
+        chkGroupWo->setChecked(GetOption(u"WoGroup"_s, true).trimmed() == u"1");
+    });
+}
+
+void frmWorkorder::Form_Unload()
+{
+    base::trapped(Module, "Form_Unload", [this] {
+        SetOption(u"WoDateFrom"_s, base::monthFirst(dateFrom()), true);
+        SetOption(u"WodateTo"_s, base::monthFirst(dateTo()), true);
+        SetOption(u"WoCrewNo"_s, txtCrewRange->text(), true);
+        SetOption(u"WoAssignCrew"_s, txtAssignCrew->text(), true);
+        SetOption(u"WoGroup"_s, chkGroupWo->isChecked() ? 1 : 0, true);
+    });
+}
+
+bool frmWorkorder::mayClose()
+{
+    return m_printing->leaveNotes() && m_recording->finishEditing();
+}
+
+void frmWorkorder::unloading()
+{
+    Form_Unload();
+}
+
+void frmWorkorder::EnableControls()
+{
+    const ScreenCalls &calls = screenCalls();
+    cmdPost->setEnabled(m_recording->hasOrders());
+    cmdPrint->setEnabled(calls.statementReports.contains(PrintedReport));
+    cmdUnschedule->setEnabled(static_cast<bool>(calls.ShowQuickFind));
+}
+
+// --- The window of dates -------------------------------------------------------------------------
+
+QDate frmWorkorder::dateFrom() const
+{
+    return datDateFrom->date().isValid() ? datDateFrom->date() : base::today();
+}
+
+QDate frmWorkorder::dateTo() const
+{
+    return datDateTo->date().isValid() ? datDateTo->date() : base::today();
+}
+
+WorkorderFilter frmWorkorder::filter() const
+{
+    return {dateFrom(), dateTo(), txtCrewRange->text(), txtAssignCrew->text()};
+}
+
+void frmWorkorder::datDateFrom_Change()
+{
+    if (dateFrom() > dateTo())
+        datDateTo->setDate(dateFrom());
+}
+
+void frmWorkorder::datDateTo_Change()
+{
+    if (dateTo() >= dateFrom())
+        return;
+    base::showMessage(u"End date can't be less than Work Order Date"_s);
+    datDateTo->setDate(dateFrom());
+}
+
+bool frmWorkorder::reachToday()
+{
+    if (dateTo() >= base::today())
+        return false;
+    datDateTo->setDate(base::today());
+    return true;
+}
+
+// --- The two tabs --------------------------------------------------------------------------------
+
+void frmWorkorder::showTab(Tab tab)
+{
+    const QSignalBlocker quiet(sstabWorkorder);
+    sstabWorkorder->setCurrentIndex(tab);
+    const bool printing = tab == PrintTab;
+    fraFilter->setVisible(printing);
+    cmdPrint->setVisible(printing);
+    cmdPost->setVisible(!printing);
+}
+
+void frmWorkorder::ShowPrintWorkorder(const QString &unitNo)
+{
+    showTab(PrintTab);
+    m_printing->RefreshPrintWo();
+    if (!unitNo.isEmpty())
+        m_printing->FindNSelectPrintWorkorder(unitNo);
+}
+
+void frmWorkorder::ShowCompleteWorkorder(qint64 WorkorderNo)
+{
+    showTab(CompleteTab);
+    m_recording->RefreshRecordWorkorder();
+    if (WorkorderNo != 0)
+        m_recording->FindNSelectRecordWorkorder(WorkorderNo);
+}
+
+void frmWorkorder::sstabWorkorder_Click(int tab)
+{
+    if (tab == PrintTab)
+        ShowPrintWorkorder();
+    else
+        ShowCompleteWorkorder();
+}
+
+void frmWorkorder::cmdRefreshWo_Click()
+{
+    datDateFrom_Change();
+    if (sstabWorkorder->currentIndex() == PrintTab)
+        m_printing->RefreshPrintWo();
+    else
+        m_recording->RefreshRecordWorkorder();
+}
+
+// --- Printing
+// --------------------------------------------------------------------------------------
+
+void frmWorkorder::cmdPrint_Click()
+{
+    const auto show = screenCalls().statementReports.value(PrintedReport);
+    QList<qint64> generated;
+    if (!show || !m_printing->GenerateWorkorder(generated))
+        return;
+    const QList<qint64> orders = m_printing->tickedOrders() + generated;
+    if (orders.isEmpty())
+        return base::showMessage(u"Please select workorder to print."_s);
+    (void)show(workorders::statements::printedOrders(joined(orders)), chkGroupWo->isChecked());
+    if (base::askYesNo(u"Mark Work Orders as Printed"_s))
+        (void)recording::UpdatePrintColInWorkOrder(orders);
+    m_printing->RefreshPrintWo();
+}
+
+// --- Posting
+// ---------------------------------------------------------------------------------------
+
+void frmWorkorder::cmdPost_Click()
+{
+    QList<qint64> orders = m_recording->completeOrders();
+    if (orders.isEmpty())
+        return base::showMessage(u"No Work Order is selected to post"_s);
+    const auto date = frmWOCompletedDate::ShowCompletedDateForm();
+    if (!date || !m_recording->setCompletedDate(*date))
+        return;
+    if (post(orders) && !orders.isEmpty())
+        printPosted(orders);
+    m_recording->RefreshRecordWorkorder();
+}
+
+bool frmWorkorder::post(QList<qint64> &orders)
+{
+    const BusyPointer busy;
+    QProgressDialog progress(u"Posting work orders..."_s, {}, 0, 0, this);
+    progress.setObjectName(u"prgPosting"_s);
+    progress.setWindowTitle(windowTitle());
+    progress.setWindowModality(Qt::WindowModal);
+    progress.setMinimumDuration(1000);
+    return posting::PostWorkOrder(orders, [&](int done, int all) {
+        progress.setMaximum(all);
+        progress.setValue(done);
+    });
+}
+
+void frmWorkorder::printPosted(const QList<qint64> &orders)
+{
+    const auto show = screenCalls().statementReports.value(HistoryReport);
+    if (!show || !base::askYesNo(u"Do you want to print a list of Work Orders posted?"_s))
+        return;
+    const QString where = u"where workorderno in (%1)"_s.arg(joined(orders));
+    if (base::askYesNo(u"Do you want to print out each individual Work Order"_s))
+        (void)show(workorders::statements::historyDetail(where), false);
+    (void)show(workorders::statements::historySummary(where), true);
+}
+
+// --- Work that no schedule called for
+// --------------------------------------------------------------
+
+void frmWorkorder::cmdUnschedule_Click()
+{
+    const bool printing = sstabWorkorder->currentIndex() == PrintTab;
+    const QString machines = screenCalls().ShowQuickFind(
+        {.field = u"UnitNo"_s,
+         .label = u"Unit No"_s,
+         .table = u"tblEquipment"_s,
+         .form = u"frmEquipment"_s,
+         .leftOut = printing ? m_printing->machines() : m_recording->machines(),
+         .several = true});
+    const QList<qint64> chosen = worklists::numbersOf(machines);
+    if (chosen.isEmpty() || !recording::addUnscheduled(chosen))
+        return;
+    base::showMessage(u"Workorder Generated"_s);
+    if (printing)
+        m_printing->RefreshPrintWo();
+    else
+        m_recording->RefreshRecordWorkorder();
+}

@@ -1,0 +1,279 @@
+#include "workorders/ui/WorkScreen.h"
+
+#include "core/General.h"
+#include "platform/input/DateInput.h"
+
+#include <QTabWidget>
+
+using namespace Qt::StringLiterals;
+using Icon = base::Prompts::Icon;
+using Buttons = base::Prompts::Buttons;
+using Answer = base::Prompts::Answer;
+
+namespace {
+
+const QString DeleteQuestion = u"Are you sure you want to Delete this record?"_s;
+const QString GenerateQuestion =
+    u"You must genearte a Work Order before you can make changes. Do you wish to generate the Work "
+    "Order?"_s;
+
+class PrintWork : public test::WorkScreen
+{
+protected:
+    PrintWork()
+    {
+        SetOption(u"WoDateFrom"_s, u"02-14-2024"_s, true);
+        machine(2, u"M2"_s);
+    }
+    void choose(Answer answer)
+    {
+        prompts.expect(DeleteQuestion, Icon::Question, Buttons::YesNo, answer);
+    }
+    void toggleSelect(int row) { edit("grdPrintWO", row, u"Select"_s, true); }
+    input::DateInput &date(const char *name) { return driver().control<input::DateInput>(name); }
+};
+
+} // namespace
+
+TEST_F(PrintWork, ShowsTheFrameThatFitsTheRow)
+{
+    part(u"P1"_s, 5);
+    servicePart(service({{u"Note"_s, u"of the schedule"_s}}), u"P1"_s, 2);
+    const qint64 number = order({{u"EquipmentID"_s, 2}});
+    const qint64 line =
+        orderService(number, {{u"EquipmentID"_s, 2}, {u"Note"_s, u"of the order"_s}});
+    orderPart(line, u"P9"_s, 1, false);
+    openPrinting();
+    EXPECT_EQ(column("grdPrintWO", u"Unit No"_s), (QStringList{u"M1"_s, u"M2"_s}));
+    EXPECT_TRUE(driver().isShown("fraGen"));
+    EXPECT_FALSE(driver().isEnabled("cmdDelete"));
+    EXPECT_EQ(column("grdGenService", u"Service Name"_s), QStringList{u"Oil change"_s});
+    EXPECT_EQ(column("grdGenService", u"Service Crew"_s), QStringList{u"1   North"_s});
+    EXPECT_EQ(column("grdGenPart", u"Part Number"_s), QStringList{u"P1"_s});
+    EXPECT_EQ(driver().text("txtGenServiceNote"), u"of the schedule"_s);
+    const grid::GridModel &rows = grid("grdPrintWO").rows();
+    EXPECT_TRUE(rows.style(0, 1).background.isValid()) << "a machine without an order stands out";
+    EXPECT_FALSE(rows.style(1, 1).background.isValid());
+
+    key("grdPrintWO", Qt::Key_Down);
+    EXPECT_TRUE(driver().isShown("fraPrint"));
+    EXPECT_TRUE(driver().isEnabled("cmdDelete"));
+    EXPECT_EQ(column("grdPrintService", u"Service Name"_s), QStringList{u"Oil change"_s});
+    EXPECT_EQ(driver().text("txtPrintNote"), u"of the order"_s);
+}
+
+TEST_F(PrintWork, GeneratesTheTickedMachines)
+{
+    service();
+    service({{u"EquipmentID"_s, 2}});
+    openPrinting();
+    prompts.expect(u"Please select at least one record"_s, Icon::None);
+    press("cmdGenrateWo");
+    key("grdPrintWO", Qt::Key_Down);
+    key("grdPrintWO", Qt::Key_Space);
+    prompts.expect(u"Workorder Generated"_s, Icon::None);
+    press("cmdGenrateWo");
+    EXPECT_EQ(count(u"tblWorkorder"_s, u"EquipmentID = 2"_s), 1);
+    EXPECT_EQ(count(u"tblWorkorder"_s), 1);
+    EXPECT_EQ(column("grdPrintWO", u"Select"_s), (QStringList{u"False"_s, u"False"_s}));
+}
+
+TEST_F(PrintWork, TheButtonsOfADueServiceGenerateFirst)
+{
+    service();
+    openPrinting();
+    prompts.expect(GenerateQuestion, Icon::Question, Buttons::YesNo, Answer::No);
+    press("cmdGenAddService");
+    EXPECT_EQ(count(u"tblWorkorder"_s), 0);
+    prompts.expect(GenerateQuestion, Icon::Question, Buttons::YesNo, Answer::Yes);
+    prompts.expect(u"Workorder Generated"_s, Icon::None);
+    press("cmdGenRemoveService");
+    EXPECT_EQ(count(u"tblWoServiceUsed"_s), 1);
+    EXPECT_TRUE(driver().isShown("fraPrint"));
+}
+
+TEST_F(PrintWork, SelectsAllAndWhatIsNotPrinted)
+{
+    order({{u"EquipmentID"_s, 1}});
+    order({{u"EquipmentID"_s, 2}, {u"Printed"_s, 1}});
+    openPrinting();
+    press("cmdPrintSelect");
+    EXPECT_EQ(column("grdPrintWO", u"Select"_s), (QStringList{u"True"_s, u"True"_s}));
+    EXPECT_EQ(driver().control<QAbstractButton>("cmdPrintSelect").text().remove(u'&'),
+              u"Unselect All"_s);
+    press("cmdPrintSelect");
+    EXPECT_EQ(column("grdPrintWO", u"Select"_s), (QStringList{u"False"_s, u"False"_s}));
+    press("cmdPrintUnSelect");
+    EXPECT_EQ(column("grdPrintWO", u"Select"_s), (QStringList{u"True"_s, u"False"_s}));
+}
+
+TEST_F(PrintWork, DeletesAnOrderAndItsServicesAfterAQuestion)
+{
+    orderService(order());
+    openPrinting();
+    choose(Answer::No);
+    press("cmdDelete");
+    EXPECT_EQ(count(u"tblWorkorder"_s), 1);
+    choose(Answer::Yes);
+    press("cmdDelete");
+    EXPECT_EQ(count(u"tblWorkorder"_s) + count(u"tblWoServiceUsed"_s), 0);
+    EXPECT_TRUE(column("grdPrintWO", u"Unit No"_s).isEmpty());
+}
+
+TEST_F(PrintWork, ChangesWhatStandsOnAnOrder)
+{
+    const qint64 number = order();
+    const qint64 line = orderService(number, {{u"Skip"_s, true}, {u"Note"_s, u"Rain"_s}});
+    part(u"P1"_s, 5);
+    orderPart(line, u"P1"_s, 1, false);
+    openPrinting();
+    EXPECT_TRUE(edit("grdPrintPart", 0, u"Price"_s, 7.25));
+    EXPECT_EQ(value(u"Select Price from tblWoPartUsed"_s).toDouble(), 7.25);
+
+    driver().type("txtPrintNote", u""_s);
+    prompts.expect(u"Note Field Cann't left blank. When Service has Skiped."_s, Icon::None);
+    QTest::mouseClick(&driver().control("cmdDelete"), Qt::LeftButton);
+    EXPECT_EQ(driver().focused(), "txtPrintNote");
+    QTest::keyClicks(&driver().control("txtPrintNote"), u"Snow"_s);
+    QTest::keyClick(&driver().control("txtPrintNote"), Qt::Key_Tab);
+    EXPECT_EQ(value(u"Select [Note] from tblWoServiceUsed"_s).toString(), u"Snow"_s);
+
+    choose(Answer::Yes);
+    press("cmdPrintRemovePart");
+    EXPECT_EQ(count(u"tblWoPartUsed"_s), 0);
+    choose(Answer::Yes);
+    press("cmdPrintRemoveService");
+    EXPECT_EQ(count(u"tblWoServiceUsed"_s), 0);
+    EXPECT_EQ(column("grdPrintWO", u"Unit No"_s), QStringList{u"M1"_s}) << "the order stays";
+    EXPECT_FALSE(driver().isEnabled("cmdPrintRemoveService"));
+}
+
+TEST_F(PrintWork, AServiceAddedTodayMovesTheEndOfTheWindow)
+{
+    insert(u"tblServices"_s, {{u"ServiceID"_s, 7}, {u"Name"_s, u"Wash"_s}, {u"CrewID"_s, crew1}});
+    SetOption(u"WodateTo"_s, u"03-14-2024"_s, true);
+    const qint64 number = order();
+    orderService(number);
+    openPrinting();
+    test::onNextModal([](QWidget &list) {
+        const test::ScreenDriver services(list);
+        auto &rows = services.control<grid::GridView>("grdServices").rows();
+        rows.edit(0, rows.columnIndex(u"Select"), true);
+        services.press("cmdSelect");
+    });
+    press("cmdPrintAddService");
+    EXPECT_EQ(date("datDateTo").date(), QDate(2024, 3, 15));
+    EXPECT_EQ(column("grdPrintService", u"Service Name"_s),
+              (QStringList{u"Oil change"_s, u"Wash"_s}));
+    EXPECT_EQ(value(u"Select ServiceUsedID from tblWoServiceUsed where ServiceID = 7"_s).toInt(),
+              0);
+}
+
+TEST_F(PrintWork, PrintsOldAndNewOrdersTogetherAndMarksThemWhenAsked)
+{
+    service();
+    const qint64 number = order({{u"EquipmentID"_s, 2}});
+    orderService(number, {{u"EquipmentID"_s, 2}});
+    QList<std::pair<QString, bool>> printed;
+    screenCalls().statementReports[u"ShowWorkorderReport"_s] = [&](const QString &statement,
+                                                                   bool byCrew) {
+        printed.append({statement, byCrew});
+        return true;
+    };
+    openPrinting();
+    prompts.expect(u"Please select workorder to print."_s, Icon::None);
+    press("cmdPrint");
+    press("cmdPrintSelect");
+    prompts.expect(u"Mark Work Orders as Printed"_s, Icon::Question, Buttons::YesNo, Answer::No);
+    press("cmdPrint");
+    ASSERT_EQ(printed.size(), 1);
+    EXPECT_FALSE(printed[0].second);
+    EXPECT_EQ(gcnData->Open(printed[0].first).RecordCount(), 2) << "one line for each service";
+    EXPECT_EQ(count(u"tblWorkorder"_s), 2);
+    EXPECT_EQ(count(u"tblWorkorder"_s, u"Printed <> 0"_s), 0);
+
+    driver().press("chkGroupWo");
+    press("cmdPrintSelect");
+    prompts.expect(u"Mark Work Orders as Printed"_s, Icon::Question, Buttons::YesNo, Answer::Yes);
+    press("cmdPrint");
+    EXPECT_TRUE(printed[1].second);
+    EXPECT_EQ(count(u"tblWorkorder"_s, u"Printed = 1"_s), 2);
+}
+
+TEST_F(PrintWork, WithoutTheReportNothingCanBePrinted)
+{
+    openPrinting();
+    EXPECT_FALSE(driver().isEnabled("cmdPrint"));
+    EXPECT_FALSE(driver().isEnabled("cmdUnschedule")) << "nor a machine be found";
+}
+
+TEST_F(PrintWork, UnscheduledOrdersAreForMachinesThatAreNotListed)
+{
+    order();
+    ScreenCalls::QuickFind asked;
+    screenCalls().ShowQuickFind = [&](const ScreenCalls::QuickFind &request) {
+        asked = request;
+        return u"2"_s;
+    };
+    openPrinting();
+    prompts.expect(u"Workorder Generated"_s, Icon::None);
+    press("cmdUnschedule");
+    EXPECT_EQ(asked.leftOut, u"1"_s);
+    EXPECT_EQ(asked.form, u"frmEquipment"_s);
+    EXPECT_TRUE(asked.several);
+    EXPECT_EQ(column("grdPrintWO", u"Unit No"_s), (QStringList{u"M1"_s, u"M2"_s}));
+    screenCalls().ShowQuickFind = [](const ScreenCalls::QuickFind &) { return QString(); };
+    press("cmdUnschedule");
+    EXPECT_EQ(count(u"tblWorkorder"_s), 2);
+}
+
+TEST_F(PrintWork, KeepsTheWindowInOrderAndForTheNextTime)
+{
+    openPrinting();
+    EXPECT_EQ(date("datDateFrom").date(), QDate(2024, 2, 14));
+    EXPECT_EQ(date("datDateTo").date(), QDate(2024, 3, 15)) << "a blank date means today";
+    driver().type("datDateFrom", u"04012024"_s);
+    QTest::keyClick(&date("datDateFrom"), Qt::Key_Tab);
+    EXPECT_EQ(date("datDateTo").date(), QDate(2024, 4, 1));
+    driver().type("datDateTo", u"03012024"_s);
+    prompts.expect(u"End date can't be less than Work Order Date"_s, Icon::None);
+    QTest::keyClick(&date("datDateTo"), Qt::Key_Tab);
+    EXPECT_EQ(date("datDateTo").date(), QDate(2024, 4, 1));
+    driver().type("txtCrewRange", u"1,x3-5"_s);
+    EXPECT_EQ(driver().text("txtCrewRange"), u"1,3-5"_s);
+    driver().type("txtAssignCrew", u"2"_s);
+    driver().press("chkGroupWo");
+    press("cmdExit");
+    EXPECT_EQ(GetOption(u"WoDateFrom"_s, true), u"04-01-2024"_s);
+    EXPECT_EQ(GetOption(u"WoDateTo"_s, true), u"04-01-2024"_s);
+    EXPECT_EQ(GetOption(u"WoCrewNo"_s, true), u"1,3-5"_s);
+    EXPECT_EQ(GetOption(u"WoAssignCrew"_s, true), u"2"_s);
+    EXPECT_EQ(GetOption(u"WoGroup"_s, true), u"1"_s);
+}
+
+TEST_F(PrintWork, FindsTheMachinesRowWithoutAnOrder)
+{
+    service({{u"EquipmentID"_s, 2}});
+    order({{u"EquipmentID"_s, 2}});
+    service();
+    openPrinting(u"m2"_s);
+    const int row = grid("grdPrintWO").currentRow();
+    EXPECT_EQ(cell("grdPrintWO", row, u"Unit No"_s), u"M2"_s);
+    EXPECT_EQ(cell("grdPrintWO", row, u"WorkOrderNo"_s), u""_s);
+}
+
+TEST_F(PrintWork, TurningTheTabShowsWhatBelongsToIt)
+{
+    openPrinting();
+    auto &tabs = driver().control<QTabWidget>("sstabWorkorder");
+    EXPECT_EQ(tabs.tabText(0), u"Print Work Order"_s);
+    EXPECT_EQ(tabs.tabText(1), u"Complete Work Order"_s);
+    EXPECT_FALSE(driver().isShown("cmdPost"));
+    tabs.setCurrentIndex(1);
+    for (const char *hidden : {"cmdRefreshWo", "datDateFrom", "txtCrewRange", "cmdPrint"})
+        EXPECT_FALSE(driver().isShown(hidden)) << hidden;
+    EXPECT_TRUE(driver().isShown("cmdPost"));
+    EXPECT_FALSE(driver().isEnabled("cmdPost")) << "there is nothing to post";
+    tabs.setCurrentIndex(0);
+    EXPECT_TRUE(driver().isShown("cmdRefreshWo"));
+}

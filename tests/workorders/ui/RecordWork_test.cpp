@@ -1,0 +1,299 @@
+#include "workorders/ui/WorkScreen.h"
+
+#include "platform/input/DateInput.h"
+#include "workorders/ui/frmServiceDateConfirmation.h"
+
+#include <QRadioButton>
+
+using namespace Qt::StringLiterals;
+using Icon = base::Prompts::Icon;
+using Buttons = base::Prompts::Buttons;
+using Answer = base::Prompts::Answer;
+
+namespace {
+
+const QString SkipReason = u"Please mention the reason for Skiping the Service"_s;
+
+/// An order with two services, the first counted in hours, with a part each.
+class RecordWork : public test::WorkScreen
+{
+protected:
+    RecordWork()
+        : number(order())
+        , first(orderService(
+              number, {{u"Period"_s, u"H"_s}, {u"Note"_s, u"first"_s}, {u"LaborEstimate"_s, 2}}))
+        , second(orderService(number, {{u"Name"_s, u"Wash"_s}, {u"Note"_s, u"second"_s}}))
+    {
+        part(u"P1"_s, 10);
+        orderPart(first, u"P1"_s, 2, false);
+    }
+
+    static QVariant ofService(qint64 id, const QString &name)
+    {
+        return value(u"Select [%1] from tblWoServiceUsed where NServiceUsedID = ?"_s.arg(name),
+                     {id});
+    }
+    [[nodiscard]] bool isComplete() const
+    {
+        return value(u"Select Complete from tblWorkorder where WorkorderNo = ?"_s, {number})
+                   .toInt() != 0;
+    }
+    bool complete(bool set = true) { return edit("grdRecordWo", 0, u"Complete"_s, set); }
+
+    qint64 number;
+    qint64 first;
+    qint64 second;
+};
+
+} // namespace
+
+TEST_F(RecordWork, ATickCompletesTheOrderWithItsServices)
+{
+    openRecording();
+    EXPECT_FALSE(driver().isEnabled("cmdSkipAll"));
+    key("grdRecordWo", Qt::Key_Space);
+    EXPECT_TRUE(isComplete());
+    EXPECT_EQ(cell("grdRecordWo", 0, u"CompletedDate"_s), u"03/15/2024"_s);
+    EXPECT_EQ(column("grdRecordService", u"Completed"_s), (QStringList{u"True"_s, u"True"_s}));
+    EXPECT_EQ(column("grdRecordPart", u"Used"_s), QStringList{u"True"_s});
+    EXPECT_TRUE(driver().isEnabled("cmdSkipAll"));
+    key("grdRecordWo", Qt::Key_Space);
+    EXPECT_FALSE(isComplete());
+    EXPECT_EQ(cell("grdRecordWo", 0, u"CompletedDate"_s), u""_s);
+    EXPECT_EQ(column("grdRecordService", u"Completed"_s), (QStringList{u"False"_s, u"False"_s}));
+    key("grdRecordWo", Qt::Key_T);
+    EXPECT_TRUE(isComplete());
+    EXPECT_EQ(cell("grdRecordWo", 0, u"Complete"_s), u"True"_s);
+}
+
+TEST_F(RecordWork, TheCompletedDateTicksTheOrderAndHasALimit)
+{
+    openRecording();
+    ASSERT_TRUE(edit("grdRecordWo", 0, u"CompletedDate"_s, day(3, 1)));
+    EXPECT_TRUE(isComplete());
+    EXPECT_EQ(cell("grdRecordWo", 0, u"Complete"_s), u"True"_s);
+    prompts.expect(u"Complete date cann't less than to 50 year of Current Date."_s, Icon::None);
+    EXPECT_FALSE(edit("grdRecordWo", 0, u"CompletedDate"_s, base::wallClock({1974, 3, 14})));
+    EXPECT_EQ(cell("grdRecordWo", 0, u"CompletedDate"_s), u"03/01/2024"_s);
+    EXPECT_TRUE(edit("grdRecordWo", 0, u"CompletedDate"_s, base::wallClock({1974, 3, 15})));
+    ASSERT_TRUE(edit("grdRecordWo", 0, u"CompletedDate"_s, QVariant()));
+    EXPECT_FALSE(isComplete());
+    EXPECT_EQ(cell("grdRecordWo", 0, u"Complete"_s), u"False"_s);
+}
+
+TEST_F(RecordWork, SkippingNeedsAReasonAndReopensTheOrderAlone)
+{
+    openRecording();
+    complete();
+    prompts.expectInput(SkipReason, u"  "_s);
+    EXPECT_FALSE(edit("grdRecordService", 0, u"Skip"_s, true));
+    prompts.expectInput(SkipReason, std::nullopt);
+    EXPECT_FALSE(edit("grdRecordService", 0, u"Skip"_s, true));
+    EXPECT_TRUE(isComplete());
+    prompts.expectInput(SkipReason, u"No filter"_s);
+    EXPECT_TRUE(edit("grdRecordService", 0, u"Skip"_s, true));
+    EXPECT_FALSE(isComplete());
+    EXPECT_EQ(cell("grdRecordWo", 0, u"CompletedDate"_s), u""_s);
+    EXPECT_EQ(column("grdRecordService", u"Completed"_s), (QStringList{u"False"_s, u"True"_s}));
+    EXPECT_EQ(column("grdRecordPart", u"Used"_s), QStringList{u"False"_s});
+    EXPECT_EQ(driver().text("txtRecordNote"), u"No filter"_s);
+    EXPECT_EQ(ofService(first, u"Note"_s).toString(), u"No filter"_s);
+    EXPECT_EQ(ofService(second, u"Completed"_s).toInt(), -1);
+
+    // A skipped service keeps its note.
+    driver().type("txtRecordNote", u""_s);
+    prompts.expect(u"Note Field Cann't left blank. When Service has Skiped."_s, Icon::Critical);
+    QTest::mouseClick(&driver().control("cmdPost"), Qt::LeftButton);
+    EXPECT_EQ(driver().focused(), "txtRecordNote");
+    QTest::keyClicks(&driver().control("txtRecordNote"), u"Later"_s);
+
+    EXPECT_TRUE(edit("grdRecordService", 0, u"Completed"_s, true));
+    EXPECT_EQ(cell("grdRecordService", 0, u"Skip"_s), u"False"_s);
+    EXPECT_EQ(ofService(first, u"Skip"_s).toInt(), 0);
+    EXPECT_EQ(column("grdRecordPart", u"Used"_s), QStringList{u"True"_s});
+}
+
+TEST_F(RecordWork, AllServicesAreSkippedForOneReason)
+{
+    openRecording();
+    complete();
+    prompts.expectInput(u"Please mention the reason for Skiping the Services"_s, u""_s);
+    press("cmdSkipAll");
+    EXPECT_EQ(ofService(second, u"Skip"_s).toInt(), 0);
+    prompts.expectInput(u"Please mention the reason for Skiping the Services"_s, u"Rain"_s);
+    press("cmdSkipAll");
+    EXPECT_EQ(column("grdRecordService", u"Skip"_s), (QStringList{u"True"_s, u"True"_s}));
+    EXPECT_EQ(ofService(second, u"Note"_s).toString(), u"Rain"_s);
+}
+
+TEST_F(RecordWork, ACountBelowTheNewestReadingIsAskedAbout)
+{
+    insert(u"tblEquipmentCount"_s, {{u"EquipmentID"_s, 1},
+                                    {u"ChangeDate"_s, day(3, 1)},
+                                    {u"CountType"_s, u"Hours"_s},
+                                    {u"CountValue"_s, 500}});
+    openRecording();
+    const QString question =
+        u"Enter count is smaller than previous count(500). Do you want to continue ?"_s;
+    EXPECT_TRUE(edit("grdRecordService", 0, u"Count"_s, 510));
+    prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::No);
+    EXPECT_FALSE(edit("grdRecordService", 0, u"Count"_s, 499));
+    EXPECT_EQ(ofService(first, u"CountValue"_s).toInt(), 510);
+    prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+    EXPECT_TRUE(edit("grdRecordService", 0, u"Count"_s, 499));
+    EXPECT_EQ(ofService(first, u"CountValue"_s).toInt(), 499);
+    EXPECT_TRUE(edit("grdRecordService", 0, u"Count"_s, QVariant()));
+    EXPECT_TRUE(ofService(first, u"CountValue"_s).isNull());
+    // The cell is marked where posting needs the count.
+    const grid::GridModel &rows = grid("grdRecordService").rows();
+    const int count = rows.columnIndex(u"Count");
+    EXPECT_NE(rows.style(0, count).background, rows.style(1, count).background);
+}
+
+TEST_F(RecordWork, ACrewChangesTheCostAtOnce)
+{
+    openRecording();
+    ASSERT_TRUE(edit("grdRecordService", 0, u"Service Crew"_s, crew2));
+    ASSERT_TRUE(edit("grdRecordService", 0, u"Service Crew"_s, crew1));
+    EXPECT_EQ(cell("grdRecordService", 0, u"Service Crew"_s), u"1   North"_s);
+    EXPECT_EQ(cell("grdRecordService", 0, u"Lbr Cost"_s), u"40.00"_s); // 2 hours at 20
+}
+
+TEST_F(RecordWork, PartsFollowTheirService)
+{
+    openRecording();
+    EXPECT_FALSE(edit("grdRecordPart", 0, u"Used"_s, true)) << "the service is not done";
+    EXPECT_EQ(cell("grdRecordPart", 0, u"Used"_s), u"False"_s);
+    ASSERT_TRUE(edit("grdRecordService", 0, u"Completed"_s, true));
+    EXPECT_TRUE(edit("grdRecordPart", 0, u"Used"_s, false));
+    EXPECT_EQ(value(u"Select Used from tblWoPartUsed"_s).toInt(), 0);
+    EXPECT_TRUE(edit("grdRecordPart", 0, u"Qty Used"_s, 1.5));
+    EXPECT_EQ(value(u"Select QuantityUsed from tblWoPartUsed"_s).toDouble(), 1.5);
+    EXPECT_TRUE(edit("grdRecordPart", 0, u"Qty Used"_s, QVariant()));
+    const QVariant emptied = value(u"Select QuantityUsed from tblWoPartUsed"_s);
+    EXPECT_TRUE(emptied.isValid() && emptied.toDouble() == 0);
+    EXPECT_TRUE(edit("grdRecordPart", 0, u"Price"_s, 9.5));
+    EXPECT_EQ(value(u"Select Price from tblWoPartUsed"_s).toDouble(), 9.5);
+    prompts.expect(u"Are you sure you want to Delete this record?"_s, Icon::Question,
+                   Buttons::YesNo, Answer::Yes);
+    press("cmdRecordRemovePart");
+    EXPECT_EQ(count(u"tblWoPartUsed"_s), 0);
+    EXPECT_FALSE(driver().isEnabled("cmdRecordRemovePart"));
+}
+
+TEST_F(RecordWork, AFailedWriteLeavesTheCellAsItWas)
+{
+    openRecording();
+    gcnData->setObserver([](const QString &statement) {
+        if (statement.startsWith(u"Update"_s, Qt::CaseInsensitive))
+            throw base::Error(5, u"broken"_s);
+    });
+    EXPECT_FALSE(complete());
+    EXPECT_FALSE(edit("grdRecordService", 0, u"Completed"_s, true));
+    EXPECT_FALSE(edit("grdRecordPart", 0, u"Price"_s, 1.0));
+    gcnData->setObserver({});
+    EXPECT_EQ(errors.take().size(), 3u);
+    EXPECT_EQ(cell("grdRecordWo", 0, u"Complete"_s), u"False"_s);
+    EXPECT_EQ(cell("grdRecordWo", 0, u"CompletedDate"_s), u""_s);
+    EXPECT_EQ(cell("grdRecordService", 0, u"Completed"_s), u"False"_s);
+}
+
+TEST_F(RecordWork, TheTimesOfAServiceOpenByKey)
+{
+    openRecording();
+    grid("grdRecordService").selectCell(0, u"StartTime");
+    test::onNextModal([](QWidget &times) { test::ScreenDriver(times).press("cmdUpdate"); });
+    key("grdRecordService", Qt::Key_Return);
+    EXPECT_EQ(ofService(first, u"Workhrs"_s).toString(), u"00:00"_s);
+}
+
+TEST_F(RecordWork, PostingAsksForTheDateAndPrintsWhenWanted)
+{
+    QList<std::pair<QString, bool>> printed;
+    screenCalls().statementReports[u"ShowWorkorderHistoryReport"_s] = [&](const QString &statement,
+                                                                          bool summary) {
+        printed.append({statement, summary});
+        return true;
+    };
+    openRecording();
+    prompts.expect(u"No Work Order is selected to post"_s, Icon::None);
+    press("cmdPost");
+    complete();
+    edit("grdRecordService", 0, u"Count"_s, 7);
+    const QString before = everything();
+    test::onNextModal([](QWidget &dates) { test::ScreenDriver(dates).press("cmdCancel"); });
+    press("cmdPost");
+    EXPECT_EQ(everything(), before);
+
+    test::onNextModal([](QWidget &dates) {
+        const test::ScreenDriver driver(dates);
+        driver.type("dtpCompledDate", u"03102024"_s);
+        driver.press("cmdOK");
+    });
+    prompts.expect(u"Do you want to print a list of Work Orders posted?"_s, Icon::Question,
+                   Buttons::YesNo, Answer::Yes);
+    prompts.expect(u"Do you want to print out each individual Work Order"_s, Icon::Question,
+                   Buttons::YesNo, Answer::Yes);
+    press("cmdPost");
+    EXPECT_EQ(count(u"tblWOServiceUsedHistory"_s, u"CompleteDate = #03-10-2024#"_s), 2);
+    EXPECT_TRUE(column("grdRecordWo", u"Unit No"_s).isEmpty());
+    EXPECT_FALSE(driver().isEnabled("cmdPost"));
+    ASSERT_EQ(printed.size(), 2);
+    EXPECT_FALSE(printed[0].second);
+    EXPECT_EQ(gcnData->Open(printed[0].first).RecordCount(), 2);
+    EXPECT_TRUE(printed[1].second);
+    EXPECT_EQ(gcnData->Open(printed[1].first).RecordCount(), 1);
+}
+
+TEST_F(RecordWork, AnOrderThatWaitsForACountStaysComplete)
+{
+    openRecording();
+    complete();
+    test::onNextModal([](QWidget &dates) { test::ScreenDriver(dates).press("cmdOK"); });
+    prompts.expect(u"Following Work Orders (%1) aren't posted. Enter counts for these Work "
+                   "Orders."_s.arg(number),
+                   Icon::None);
+    press("cmdPost");
+    EXPECT_EQ(cell("grdRecordWo", 0, u"Complete"_s), u"True"_s);
+}
+
+TEST_F(RecordWork, OpensOnTheGivenOrder)
+{
+    order();
+    openRecording(number);
+    const int row = grid("grdRecordWo").currentRow();
+    EXPECT_EQ(cell("grdRecordWo", row, u"WorkOrderNo"_s).toLongLong(), number);
+    EXPECT_EQ(column("grdRecordService", u"Service Name"_s).size(), 2);
+}
+
+TEST_F(RecordWork, TheNextDateOfAServiceIsConfirmed)
+{
+    const qint64 id = service({{u"EInterval"_s, 30}});
+    QDateTime chosen;
+    const auto ask = [&](const std::function<void(test::ScreenDriver)> &act) {
+        test::inScreen(
+            [&] {
+                chosen =
+                    frmServiceDateConfirmation::ShowServiceDateConfirmationForm(day(3, 12), id);
+            },
+            act);
+    };
+    ask([](const test::ScreenDriver &driver) {
+        EXPECT_FALSE(driver.isEnabled("datNextScheduled"));
+        QTest::keyClick(&driver.screen(), Qt::Key_Escape);
+        EXPECT_TRUE(driver.isOpen()) << "the posting waits for an answer";
+        driver.press("cmdOK");
+    });
+    EXPECT_EQ(chosen, day(4, 11));
+    ask([&](const test::ScreenDriver &driver) {
+        driver.press("optNextScheduled");
+        EXPECT_EQ(driver.text("datNextScheduled"), u"03/12/2024"_s);
+        driver.type("datNextScheduled", u"03112024"_s);
+        prompts.expect(u"Next Scheduled Date cann't be Less than to Complete Date"_s, Icon::None);
+        QTest::keyClick(&driver.control("datNextScheduled"), Qt::Key_Tab);
+        EXPECT_EQ(driver.text("datNextScheduled"), u"03/12/2024"_s);
+        driver.type("datNextScheduled", u"05012024"_s);
+        driver.press("cmdOK");
+    });
+    EXPECT_EQ(chosen, day(5, 1));
+}

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "core/ui/ScreenCalls.h"
+#include "core/ui/ScreenDriver.h"
+#include "platform/grid/GridView.h"
+#include "workorders/Workshop.h"
+#include "workorders/ui/frmWorkorder.h"
+
+#include <memory>
+
+namespace test {
+
+/// The work-order screen of a workshop, worked by clicks, keys and edits of cells.
+class WorkScreen : public Workshop
+{
+protected:
+    WorkScreen() { screenCalls() = {}; }
+    ~WorkScreen() override
+    {
+        screen.reset();
+        screenCalls() = {};
+    }
+
+    void openPrinting(const QString &unitNo = {})
+    {
+        open([&] { screen->ShowPrintWorkorder(unitNo); });
+    }
+    void openRecording(qint64 number = 0)
+    {
+        open([&] { screen->ShowCompleteWorkorder(number); });
+    }
+
+    [[nodiscard]] ScreenDriver driver() const { return ScreenDriver(*screen); }
+    void press(const char *button) const { driver().press(button); }
+    [[nodiscard]] grid::GridView &grid(const char *name) const
+    {
+        return driver().control<grid::GridView>(name);
+    }
+    /// What a grid shows of a column, from top to bottom.
+    [[nodiscard]] QStringList column(const char *name, const QString &columnName) const
+    {
+        QStringList texts;
+        for (const int row : grid(name).displayedOrder())
+            texts.append(grid(name).rows().text(row, columnName));
+        return texts;
+    }
+    [[nodiscard]] QString cell(const char *name, int row, const QString &columnName) const
+    {
+        return grid(name).rows().text(row, columnName);
+    }
+    /// An edit by the user; False when it was refused.
+    bool edit(const char *name, int row, const QString &columnName, const QVariant &value) const
+    {
+        grid::GridModel &rows = grid(name).rows();
+        grid(name).selectRow(row);
+        return rows.edit(row, rows.columnIndex(columnName), value);
+    }
+    void key(const char *name, Qt::Key pressed) const
+    {
+        grid(name).setFocus();
+        QTest::keyClick(&grid(name), pressed);
+    }
+
+    ScriptedPrompts prompts;
+    std::unique_ptr<frmWorkorder> screen;
+
+private:
+    template<class Show>
+    void open(Show &&show)
+    {
+        screen = std::make_unique<frmWorkorder>();
+        show();
+        screen->show();
+        screen->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(screen.get()));
+    }
+};
+
+} // namespace test
