@@ -5,8 +5,11 @@
 #include "platform/report/render/TableColumns.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFile>
+#include <QStorageInfo>
 #include <QTemporaryDir>
+#include <cstdio>
 #include <map>
 #include <xlsxwriter.h>
 
@@ -36,6 +39,7 @@ public:
     {
         lxw_workbook_options options{};
         options.constant_memory = LXW_TRUE;
+        options.tmpdir = m_folderName.data();
         m_workbook = workbook_new_opt(QFile::encodeName(scratchFile()).constData(), &options);
         m_sheet = m_workbook ? workbook_add_worksheet(m_workbook, nullptr) : nullptr;
         if (!m_sheet)
@@ -89,6 +93,7 @@ public:
     /// Copies the whole file to its place. Raises base::Error.
     void close(OutputFile &target)
     {
+        checkScratch();
         const lxw_error error = workbook_close(std::exchange(m_workbook, nullptr));
         if (error != LXW_NO_ERROR)
             throw base::Error(base::ErrorNumber::DiskFull,
@@ -105,6 +110,20 @@ public:
     }
 
 private:
+    /// The library looks neither at what became of the rows that it keeps in a file for the time
+    /// being, nor at the copy that it makes of them at the end; a full disk would cut the sheet.
+    void checkScratch() const
+    {
+        const qint64 spare = 4 * CopiedAtOnce;
+        std::FILE *rows = m_sheet->optimize_tmpfile;
+        if (rows && (std::fflush(rows) != 0 || std::ferror(rows) ||
+                     QStorageInfo(m_folder.path()).bytesAvailable() < std::ftell(rows) + spare))
+            throw base::Error(
+                base::ErrorNumber::DiskFull,
+                u"The spreadsheet can't be written: no space is left in \"%1\"."_s.arg(
+                    QDir::tempPath()));
+    }
+
     [[nodiscard]] QString scratchFile() const { return m_folder.filePath(u"sheet.xlsx"_s); }
 
     const std::vector<SheetPlace> &placesOf(const Band &band)
@@ -167,6 +186,7 @@ private:
     }
 
     QTemporaryDir m_folder; ///< the library writes files only by their names
+    QByteArray m_folderName = QFile::encodeName(m_folder.path());
     SheetColumns m_columns;
     std::map<const Band *, std::vector<SheetPlace>> m_places;
     QHash<QString, lxw_format *> m_formats;

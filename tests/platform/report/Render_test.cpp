@@ -1,0 +1,302 @@
+#include "platform/base/Environment.h"
+#include "platform/base/Error.h"
+#include "platform/report/render/Export.h"
+#include "platform/report/render/PagePainter.h"
+#include "platform/report/render/SpreadsheetFile.h"
+#include "platform/report/render/TableColumns.h"
+
+#include "ReportRows.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QPainter>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <csignal>
+#include <gmock/gmock.h>
+#include <sys/resource.h>
+
+namespace report {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// Parts by bin: a group, captions, numbers, dates and texts that files have to quote.
+Layout partsLayout()
+{
+    return layoutOf(R"x(<report version="1" title="Parts &amp; bins">
+        <page left="10mm" top="10mm" right="10mm" bottom="229.4mm"/>
+        <group name="Bin" by="Bin"/>
+        <band kind="reportHeader" height="10mm"><text width="90mm" height="8mm" content="Parts" size="14" bold="yes"/></band>
+        <band kind="pageHeader" height="5mm"><text width="40mm" content="Part"/>
+          <text x="40mm" content="Price" align="right"/><text x="80mm" content="Bought"/></band>
+        <band kind="groupHeader" group="Bin" height="5mm"><field content="Bin" bold="yes"/></band>
+        <band kind="detail" height="5mm"><field width="40mm" content="Description"/>
+          <field x="40mm" content="Price" format="$0.00" align="right"/>
+          <field x="80mm" content="Bought" format="mm/dd/yyyy"/></band>
+        <band kind="groupFooter" group="Bin" height="5mm">
+          <field x="40mm" content="sum(Price)" format="$0.00" align="right" border="top" fill="#eeeeee"/></band>
+        </report>)x");
+}
+
+Rows parts()
+{
+    const QDateTime bought = base::wallClock(QDate(2024, 3, 5));
+    return {{u"Bin"_s, u"Description"_s, u"Price"_s, u"Bought"_s},
+            {{u"A1"_s, u"Belt, 40\""_s, 12.5, bought},
+             {u"A1"_s, u"Oil <5W>"_s, 7.25, QVariant()},
+             {u"B2"_s, u"=1+1"_s, -3, bought},
+             {u"B2"_s, u"Two\nlines"_s, QVariant(), bought}}};
+}
+
+class Export : public testing::Test
+{
+protected:
+    QString write(const Layout &layout, const DataSource &rows, const QString &name)
+    {
+        const QString path = m_folder.filePath(name);
+        const Outcome outcome = exportReport(layout, rows, {}, path, *exportFormat(path));
+        EXPECT_TRUE(outcome.problems.isEmpty());
+        return path;
+    }
+    static QByteArray contents(const QString &path)
+    {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
+    /// What a program of the system prints, nothing where it isn't installed.
+    static std::optional<QString> output(const QString &program, const QStringList &arguments)
+    {
+        QProcess process;
+        process.start(program, arguments);
+        if (!process.waitForStarted() || !process.waitForFinished())
+            return std::nullopt;
+        return QString::fromUtf8(process.readAllStandardOutput());
+    }
+
+    QTemporaryDir m_folder;
+};
+
+TEST_F(Export, KnowsFormatsByTheirEndings)
+{
+    EXPECT_EQ(exportFormat(u"a/b.PDF"_s), ExportFormat::Pdf);
+    EXPECT_EQ(exportFormat(u"b.xlsx"_s), ExportFormat::Spreadsheet);
+    EXPECT_EQ(exportFormat(u"b.csv"_s), ExportFormat::Csv);
+    EXPECT_EQ(exportFormat(u"b.html"_s), ExportFormat::Html);
+    EXPECT_FALSE(exportFormat(u"pdf"_s));
+    EXPECT_FALSE(exportFormat(u"b.doc"_s));
+}
+
+TEST_F(Export, CsvHasALineForEachDetail)
+{
+    EXPECT_EQ(contents(write(partsLayout(), parts(), u"parts.csv"_s)).toStdString(),
+              "\xEF\xBB\xBF"
+              "Bin,Part,Price,Bought\r\n"
+              "A1,\"Belt, 40\"\"\",12.5,03/05/2024\r\n"
+              "A1,Oil <5W>,7.25,\r\n"
+              "B2,=1+1,-3,03/05/2024\r\n"
+              "B2,\"Two\nlines\",,03/05/2024\r\n");
+}
+
+TEST_F(Export, CsvOfASummaryHasALineForEachGroup)
+{
+    const Layout layout = layoutOf(R"x(<report version="1"><group name="Bin" by="Bin"/>
+        <band kind="groupFooter" group="Bin"><field content="Bin"/><field name="Worth" content="sum(Price)" format="$0.00"/></band>
+        <band kind="reportFooter"><field content="sum(Price)"/></band></report>)x");
+    EXPECT_EQ(contents(write(layout, parts(), u"bins.csv"_s)).toStdString(),
+              "\xEF\xBB\xBF"
+              "Bin,Worth\r\nA1,19.75\r\nB2,-3\r\n");
+}
+
+TEST_F(Export, HtmlStandsForItself)
+{
+    const Layout layout = layoutOf(R"x(<report version="1" title="A &amp; B">
+        <page left="10mm" top="10mm"/>
+        <band kind="detail" height="10mm"><box width="50mm" height="9mm" fill="#eeeeee"/>
+          <field content="Description" color="#24476d" bold="yes" border="bottom"/><line y="10mm" height="0mm"/></band>
+        </report>)x");
+    const Rows rows({u"Description"_s}, {{u"Oil <5W>"_s}});
+    const std::string html = contents(write(layout, rows, u"parts.html"_s)).toStdString();
+    // The ascent of 9 points is 288 units, so the line begins at the frame's top.
+    EXPECT_THAT(html,
+                testing::StartsWith("<!DOCTYPE html>\n<html>\n<head>\n<meta charset=\"utf-8\">\n"
+                                    "<title>A &amp; B</title>\n"));
+    const std::string page = R"(<div class="page">
+<div style="left:10mm;top:10mm;width:50mm;height:9mm;background:#eeeeee;border:0.2mm solid #000000"></div>
+<div style="left:10mm;top:10mm;width:30mm;height:5mm;border-bottom:0.2mm solid #000000"></div>
+<p style="left:10mm;top:10mm;font:bold 9pt 'Arial',Arial,sans-serif;color:#24476d;line-height:3.55mm">Oil &lt;5W&gt;</p>
+<div style="left:10mm;top:20mm;width:30mm;height:0.2mm;background:#000000"></div>
+</div>
+</body>
+</html>
+)";
+    EXPECT_THAT(html, testing::EndsWith(page));
+}
+
+TEST_F(Export, PdfHasItsPagesAndTheirWords)
+{
+    // 40 mm of page hold the title, captions and four bands of 5 mm with the header; the rest goes
+    // on.
+    const QString path = write(partsLayout(), parts(), u"parts.pdf"_s);
+    const QByteArray bytes = contents(path);
+    EXPECT_TRUE(bytes.startsWith("%PDF-"));
+    EXPECT_TRUE(bytes.trimmed().endsWith("%%EOF"));
+    const auto information = output(u"pdfinfo"_s, {path});
+    if (!information)
+        GTEST_SKIP() << "no program to read PDF files";
+    EXPECT_THAT(information->toStdString(), testing::ContainsRegex("Pages: +2\n"));
+    EXPECT_THAT(information->toStdString(), testing::ContainsRegex("Page size: +612 x 792 pts"));
+    EXPECT_THAT(information->toStdString(), testing::HasSubstr("Parts & bins"));
+    const auto text = output(u"pdftotext"_s, {u"-layout"_s, path, u"-"_s});
+    ASSERT_TRUE(text);
+    for (const char *words : {"Belt, 40\"", "$12.50", "$19.75", "-$3.00", "03/05/2024"})
+        EXPECT_THAT(text->toStdString(), testing::HasSubstr(words));
+}
+
+TEST_F(Export, SpreadsheetKeepsNumbersAndDates)
+{
+    const QString path = write(partsLayout(), parts(), u"parts.xlsx"_s);
+    EXPECT_TRUE(contents(path).startsWith("PK"));
+    const auto sheet = output(u"unzip"_s, {u"-p"_s, path, u"xl/worksheets/sheet1.xml"_s});
+    const auto styles = output(u"unzip"_s, {u"-p"_s, path, u"xl/styles.xml"_s});
+    if (!sheet || !styles)
+        GTEST_SKIP() << "no program to unpack files";
+    const std::string xml = sheet->toStdString();
+    // Row 1 is the title, 2 the captions, 3 the bin, 4 the first part.
+    EXPECT_THAT(xml, testing::ContainsRegex("<c r=\"A1\"[^>]*t=\"inlineStr\"><is><t>Parts</t>"));
+    EXPECT_THAT(xml, testing::ContainsRegex("<c r=\"B2\"[^>]*><is><t>Price</t>"));
+    EXPECT_THAT(xml, testing::ContainsRegex("<c r=\"A3\"[^>]*><is><t>A1</t>"));
+    EXPECT_THAT(xml, testing::ContainsRegex("<c r=\"A4\"[^>]*><is><t>Belt, 40"));
+    EXPECT_THAT(xml, testing::ContainsRegex("<c r=\"B4\"[^>]*><v>12.5</v>"));
+    // Days since the end of 1899.
+    EXPECT_THAT(xml, testing::ContainsRegex("<c r=\"C4\"[^>]*><v>45356</v>"));
+    EXPECT_THAT(xml, testing::ContainsRegex("<c r=\"B6\"[^>]*><v>19.75</v>"));
+    EXPECT_THAT(xml, testing::ContainsRegex("<c r=\"A8\"[^>]*><is><t>=1\\+1</t>")) << "no formula";
+    EXPECT_THAT(xml, testing::HasSubstr("<pane ySplit=\"2\""));
+    EXPECT_THAT(styles->toStdString(), testing::HasSubstr("mm/dd/yyyy"));
+    EXPECT_THAT(styles->toStdString(), testing::HasSubstr("$0.00"));
+}
+
+TEST(SpreadsheetFormat, QuotesWords)
+{
+    EXPECT_EQ(spreadsheetFormat(u"$#,##0.00"_s), u"$#,##0.00");
+    EXPECT_EQ(spreadsheetFormat(u"0 hrs"_s), u"0\" hrs\"");
+    EXPECT_EQ(spreadsheetFormat(u"0.0%"_s), u"0.0%");
+    EXPECT_EQ(spreadsheetFormat(u"m/d/yy hh:mm AMPM"_s), u"m/d/yy hh:mm AM/PM");
+}
+
+TEST(SheetColumns, ThingsStandWhereTheDetailsBegin)
+{
+    const Layout layout = layoutOf(R"x(<report version="1">
+        <band kind="pageHeader"><text content="Name"/><text x="33mm" content="near the third"/></band>
+        <band kind="detail"><field content="A"/><field x="20mm" content="B"/><field x="32.5mm" content="C"/>
+          <field y="5mm" x="20.5mm" content="D"/><line/></band>
+        <band kind="reportFooter"><text x="1mm" content="one"/><text x="5mm" content="two"/><text x="90mm" content="far"/></band>
+        </report>)x");
+    const SheetColumns columns(layout);
+    EXPECT_EQ(columns.count(), 3);
+    EXPECT_EQ(columns.width(0), 2000);
+    EXPECT_EQ(columns.width(2), 3000);
+    const auto at = [&](int band, std::size_t object) {
+        const SheetPlace place = columns.places(layout.bands[band])[object];
+        return std::pair(place.line, place.column);
+    };
+    EXPECT_EQ(at(0, 1), std::pair(0, 2));
+    EXPECT_EQ(at(1, 2), std::pair(0, 2));
+    EXPECT_EQ(at(1, 3), std::pair(1, 1));
+    EXPECT_EQ(at(1, 4).second, -1);
+    EXPECT_EQ(at(2, 0), std::pair(0, 0));
+    EXPECT_EQ(at(2, 1), std::pair(0, 1)) << "no two share a cell";
+    EXPECT_EQ(at(2, 2), std::pair(0, 2));
+}
+
+/// Lets this process write no more than so many bytes into a file, as a full disk would.
+class SmallDisk
+{
+public:
+    explicit SmallDisk(rlim_t bytes)
+    {
+        m_formerHandler = std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_former);
+        const rlimit limit{bytes, m_former.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~SmallDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_former);
+        std::signal(SIGXFSZ, m_formerHandler);
+    }
+    SmallDisk(const SmallDisk &) = delete;
+    SmallDisk &operator=(const SmallDisk &) = delete;
+
+private:
+    rlimit m_former{};
+    void (*m_formerHandler)(int) = nullptr;
+};
+
+TEST_F(Export, AFullDiskIsToldAndLeavesTheFormerFile)
+{
+    QList<QVariantList> many;
+    for (int row = 0; row < 3000; ++row)
+        many.append({u"A1"_s, u"Belt %1"_s.arg(row), row * 1.25, QVariant()});
+    const Rows rows({u"Bin"_s, u"Description"_s, u"Price"_s, u"Bought"_s}, many);
+    for (const QString &ending : {u"pdf"_s, u"xlsx"_s, u"csv"_s, u"html"_s}) {
+        const QString path = m_folder.filePath(u"parts."_s + ending);
+        QFile former(path);
+        ASSERT_TRUE(former.open(QIODevice::WriteOnly));
+        former.write("former");
+        former.close();
+        try {
+            const SmallDisk disk(20'000);
+            (void)exportReport(partsLayout(), rows, {}, path, *exportFormat(path));
+            ADD_FAILURE() << ending.toStdString() << " was written";
+        } catch (const base::Error &error) {
+            EXPECT_THAT(error.what(), testing::HasSubstr("can't be written"));
+        }
+        EXPECT_EQ(contents(path), "former");
+    }
+    EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files).size(), 4) << "no half file stays";
+}
+
+TEST_F(Export, APlaceThatCantBeWrittenToIsTold)
+{
+    for (const QString &ending : {u"pdf"_s, u"xlsx"_s, u"csv"_s, u"html"_s}) {
+        const QString path = m_folder.filePath(u"missing/parts."_s + ending);
+        EXPECT_THROW((void)exportReport(partsLayout(), parts(), {}, path, *exportFormat(path)),
+                     base::Error)
+            << ending.toStdString();
+    }
+}
+
+TEST(PagePainter, DrawsEachKindAtItsPlace)
+{
+    Page page;
+    page.items = {BoxItem{QRect(1000, 1000, 1000, 1000), 0, Qt::black, Qt::red},
+                  LineItem{{0, 3000}, {5000, 3000}, 200, Qt::blue},
+                  BarCodeItem{QRect(3000, 1000, 1000, 1000), {QRect(3000, 1000, 500, 1000)}}};
+    QImage picture(10, 20, QImage::Format_RGB32);
+    picture.fill(Qt::green);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    ASSERT_TRUE(picture.save(&buffer, "PNG"));
+    page.items.append(PictureItem{QRect(0, 4000, 2000, 1000), bytes, Align::Right});
+    QImage sheet(50, 50, QImage::Format_RGB32);
+    sheet.fill(Qt::white);
+    QPainter painter(&sheet);
+    painter.scale(0.01, 0.01); // a pixel for each millimetre
+    PagePainter().paint(page, painter);
+    painter.end();
+    EXPECT_EQ(sheet.pixelColor(15, 15), QColor(Qt::red));
+    EXPECT_EQ(sheet.pixelColor(9, 15), QColor(Qt::white));
+    EXPECT_EQ(sheet.pixelColor(25, 30), QColor(Qt::blue));
+    EXPECT_EQ(sheet.pixelColor(32, 15), QColor(Qt::black));
+    EXPECT_EQ(sheet.pixelColor(38, 15), QColor(Qt::white));
+    // 1:2 in a frame of 20 by 10: 5 by 10 at the right.
+    EXPECT_EQ(sheet.pixelColor(17, 45), QColor(Qt::green));
+    EXPECT_EQ(sheet.pixelColor(12, 45), QColor(Qt::white));
+}
+
+} // namespace
+} // namespace report
