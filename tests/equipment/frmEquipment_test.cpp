@@ -339,7 +339,7 @@ TEST_F(EquipmentScreen, AClickOnTheCrewIsHistoryEvenOfTheSameCrew)
 TEST_F(EquipmentScreen, ListsFollowTheirParents)
 {
     const qint64 mower = addItem(LookupList::EquipmentType, u"Mower"_s);
-    addItem(LookupList::EquipmentType, u"Truck"_s);
+    addItem(LookupList::EquipmentType, u"Lorry"_s);
     const qint64 make = addItem(mower, u"Acme"_s);
     addItem(make, u"X 1"_s);
     gcnLookup->Execute(u"insert into tblSite(SiteName) values('Yard')"_s);
@@ -361,7 +361,7 @@ TEST_F(EquipmentScreen, ListsFollowTheirParents)
         EXPECT_EQ(screen.text("cboModel"), u"X 1");
         EXPECT_EQ(screen.text("cboLocation"), u"Shed");
 
-        screen.choose("cboType", u"Truck"_s);
+        screen.choose("cboType", u"Lorry"_s);
         EXPECT_EQ(screen.text("cboMake"), u"");
         EXPECT_EQ(items("cboModel"), 0) << "the models of the former make are gone";
         screen.press("cmdCancel");

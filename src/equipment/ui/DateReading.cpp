@@ -150,7 +150,7 @@ void DateReading::ButtonClick(int row, const QString &column)
 {
     if (column.compare(ButtonColumn, Qt::CaseInsensitive) != 0 || !m_grid->finishEditing())
         return;
-    base::trapped(m_sheet.module, "ButtonClick", [&] {
+    base::trapped(m_sheet.module, m_sheet.button, [&] {
         grid::GridModel &rows = m_grid->rows();
         const QDateTime oldDate = rows.value(row, m_sheet.column).toDateTime();
         rows.edit(row, rows.columnIndex(m_sheet.newCaption), datesheet::oneYearLater(oldDate));

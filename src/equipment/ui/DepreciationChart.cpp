@@ -42,7 +42,9 @@ DepreciationChart::DepreciationChart(QWidget *parent)
     setMinimumHeight(160);
     setFrameShape(QFrame::StyledPanel);
     setFocusPolicy(Qt::NoFocus);
-    chart()->setMargins({4, 0, 4, 0});
+    setBackgroundBrush(Qt::white);
+    chart()->setBackgroundVisible(false);
+    chart()->setMargins({0, 0, 8, 0});
     chart()->setTitleFont(theme::labelFont());
     chart()->setTitleBrush(theme::mainColor());
     chart()->legend()->setFont(theme::textFont());

@@ -56,10 +56,10 @@ void DepreciationPage::buildPage()
     form.endColumns();
     grdDepreciation =
         makeListGrid(this, u"grdDepreciation"_s, u"Depreciation schedule"_s,
-                     {{.name = u"End of Year"_s, .width = 110},
-                      {.name = u"Annual Depreciation"_s, .width = 170, .format = u"$0.00"_s},
-                      {.name = u"Accumualted Depreciation"_s, .width = 190, .format = u"$0.00"_s},
-                      {.name = u"Book Value"_s, .width = 140, .format = u"$0.00"_s},
+                     {{.name = u"End of Year"_s, .width = 100},
+                      {.name = u"Annual Depreciation"_s, .width = 150, .format = u"$0.00"_s},
+                      {.name = u"Accumualted Depreciation"_s, .width = 185, .format = u"$0.00"_s},
+                      {.name = u"Book Value"_s, .width = 120, .format = u"$0.00"_s},
                       {.name = u"EquipmentID"_s, .visible = false}});
     for (const auto *column :
          {u"End of Year", u"Annual Depreciation", u"Accumualted Depreciation", u"Book Value"})

@@ -116,7 +116,7 @@ bool EquipmentTabs::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::ShortcutOverride)
         return true;
     // Ctrl+C also copies, since a selection would be lost with its page otherwise.
-    if (Tabs[index].key == Qt::Key_C)
+    if (Tabs[index].key == Qt::Key_C && watched->metaObject()->indexOfMethod("copy()") >= 0)
         QMetaObject::invokeMethod(watched, "copy");
     Q_EMIT chosen(index);
     return true;

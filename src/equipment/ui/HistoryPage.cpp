@@ -13,6 +13,7 @@
 #include "platform/input/Leaving.h"
 #include "platform/input/Theme.h"
 
+#include <QGroupBox>
 #include <QItemSelectionModel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -23,8 +24,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr const char *Module = "Equipment";
-constexpr int LeastRows = 5; // of the lower half
-constexpr int MostRows = 9;
+constexpr int LeastRows = 5; // of text, in the boxes of the lower half
+constexpr int MostRows = 13; // for one of these with its title
 const QString TimeFormat = u"hh:mm AMPM"_s;
 const QString NoTime = u"00:00"_s;
 const QString AmountMask = u"{0,9999999}.{0,99}"_s;
@@ -100,12 +101,12 @@ void HistoryPage::buildPage()
     buildServiceGrid();
     form.widget(grdServiceHistory, true);
     form.beginColumns();
-    form.beginGroup(u"Parts used"_s, u"fraPartHistory"_s);
+    QGroupBox *partGroup = form.beginGroup(u"Parts used"_s, u"fraPartHistory"_s);
     buildPartGrid();
     form.widget(grdPartHistory, true);
     form.endGroup();
     form.nextColumn();
-    form.beginGroup(u"Note"_s, u"fraNote"_s);
+    QGroupBox *noteGroup = form.beginGroup(u"Note"_s, u"fraNote"_s);
     txtNote = new QPlainTextEdit(this);
     txtNote->setObjectName(u"txtNote"_s);
     txtNote->setAccessibleName(u"Note of the service"_s);
@@ -116,10 +117,10 @@ void HistoryPage::buildPage()
     form.endColumns();
     form.finish();
     // What room there is goes to the services.
-    for (QWidget *low : std::initializer_list<QWidget *>{grdPartHistory, txtNote}) {
+    for (QWidget *low : std::initializer_list<QWidget *>{grdPartHistory, txtNote})
         low->setMinimumHeight(fontMetrics().height() * LeastRows);
-        low->setMaximumHeight(fontMetrics().height() * MostRows);
-    }
+    for (QGroupBox *group : {partGroup, noteGroup})
+        group->setMaximumHeight(fontMetrics().height() * MostRows);
     setFocusProxy(grdServiceHistory);
 }
 

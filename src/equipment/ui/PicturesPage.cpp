@@ -34,7 +34,7 @@ PicturesPage::PicturesPage(EquipmentFrame &frame, QWidget *parent)
     grdImage =
         makeListGrid(this, u"grdImage"_s, u"Pictures of the machine"_s,
                      {{.name = u"Picture"_s, .caption = u" "_s, .width = ThumbnailColumn::Side + 8},
-                      {.name = u"Picture Name"_s, .width = 130}});
+                      {.name = u"Picture Name"_s, .width = 116}});
     form.widget(grdImage, true);
     form.nextColumn(2);
     imgEquipment = new PictureView(this);

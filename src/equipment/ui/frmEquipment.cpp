@@ -17,22 +17,28 @@
 #include "equipment/ui/VehiclePage.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
+#include "platform/help/Help.h"
 #include "platform/input/FormBuilder.h"
 #include "platform/input/Leaving.h"
 #include "platform/input/Theme.h"
 
+#include <QComboBox>
 #include <QHBoxLayout>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QStackedWidget>
+#include <QWhatsThis>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr char Module[] = "Equipment";
+/// Characters of an item that a list shows at least.
+constexpr int ListLength = 9;
 constexpr char DetailReport[] = "ShowEquipmentDetailReport";
 
 /// A page may be larger than a small screen.
@@ -78,6 +84,8 @@ void frmEquipment::buildForm()
     input::FormBuilder form(this);
     form.widget(body, true);
     makeButtons(form, {.find = true, .print = true});
+    QPushButton *cmdHelp = form.leftButton(u"cmdHelp"_s, u"Help"_s, theme::icon(u"help"_s));
+    connect(cmdHelp, &QPushButton::clicked, this, [] { cmdHelp_Click(); });
     form.finish();
     lblHeading->setFont(theme::font(11, true));
     for (QPushButton *button : {cmdCancel, cmdExit})
@@ -87,6 +95,11 @@ void frmEquipment::buildForm()
 void frmEquipment::addPage(const QString &name, EquipmentPage *page)
 {
     page->setObjectName(name);
+    // Long items must not make a page wider than the window.
+    for (QComboBox *list : page->findChildren<QComboBox *>()) {
+        list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        list->setMinimumContentsLength(ListLength);
+    }
     m_pages.append(page);
     m_stack->addWidget(scrolled(page));
     if (auto *record = qobject_cast<RecordPage *>(page))
@@ -343,6 +356,46 @@ void frmEquipment::unloading()
     for (EquipmentPage *page : std::as_const(m_pages))
         page->closing();
     base::trapped(Module, "Form_Unload", [] { RollbackTrans(); });
+}
+
+// --- The help pointer ----------------------------------------------------------------------------
+
+void frmEquipment::cmdHelp_Click()
+{
+    QWhatsThis::enterWhatsThisMode();
+}
+
+bool frmEquipment::event(QEvent *event)
+{
+    if (event->type() != QEvent::WhatsThis)
+        return RecordScreen::event(event);
+    // A click with the help pointer comes here from whatever it hit, which does not act.
+    const QPoint place = static_cast<QHelpEvent *>(event)->pos();
+    QWhatsThis::leaveWhatsThisMode();
+    help::showHelp(this, FindHelpContextId(childAt(place)));
+    event->accept();
+    return true;
+}
+
+QString frmEquipment::FindHelpContextId(const QWidget *control)
+{
+    static constexpr std::pair<QStringView, QStringView> Anchors[] = {
+        {u"Equipment", u"identity"},  {u"Service", u"service"},
+        {u"History", u"history"},     {u"Notes", u"notes"},
+        {u"UserDefined", u"fields"},  {u"Fields", u"fields"},
+        {u"EngineInfo", u"engine"},   {u"Engine", u"engine"},
+        {u"VehicleInfo", u"vehicle"}, {u"Vehicle", u"vehicle"},
+        {u"PartUsed", u"parts"},      {u"Parts", u"parts"},
+        {u"Purchase", u"purchase"},   {u"Counts", u"counts"},
+        {u"Images", u"pictures"},     {u"Pictures", u"pictures"},
+        {u"Documents", u"documents"}, {u"Depreciation", u"depreciation"},
+    };
+    for (const QWidget *widget = control; widget; widget = widget->parentWidget())
+        for (const auto &[name, anchor] : Anchors)
+            if (widget->objectName() == u"fra"_s + name.toString() ||
+                widget->objectName() == u"tab"_s + name.toString())
+                return u"equipment#"_s + anchor.toString();
+    return u"equipment"_s;
 }
 
 // --- Print and find ------------------------------------------------------------------------------

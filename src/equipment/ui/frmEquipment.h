@@ -50,6 +50,7 @@ protected:
     void cmdCancel_Click() override;
     void cmdFind_Click() override;
     void cmdPrint_Click() override;
+    bool event(QEvent *event) override;
 
 private:
     void buildForm();
@@ -71,6 +72,10 @@ private:
     bool refusedBy(EquipmentPage *page);
     void showHeading();
     [[nodiscard]] clsEquipment SetObjectValues() const;
+    /// The next click shows the help about what it hits.
+    static void cmdHelp_Click();
+    /// The topic about a control: that of its page or tab, else that of the screen.
+    [[nodiscard]] static QString FindHelpContextId(const QWidget *control);
 
     qint64 m_equipmentID = 0;
     QList<EquipmentPage *> m_pages;
