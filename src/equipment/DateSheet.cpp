@@ -25,7 +25,8 @@ const Sheet &inspection()
         .refusal = u"New Inspection date should be greater than old Inspection Date(%1)."_s,
         .report = u"ShowEquipmentInspectionReport"_s,
         .module = "InspectionReading",
-        .rule = "Inspection Reading"};
+        .rule = "Inspection Reading",
+        .button = "grdInspectiondate_ButtonClick"};
     return sheet;
 }
 
@@ -46,7 +47,8 @@ const Sheet &license()
             u"New License Renewal Date should be greater than Old License Renewal Date(%1)."_s,
         .report = u"ShowEquipmentLicenseReport"_s,
         .module = "LicenseReading",
-        .rule = "License Reading"};
+        .rule = "License Reading",
+        .button = "grdLicensedate_ButtonClick"};
     return sheet;
 }
 

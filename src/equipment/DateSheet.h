@@ -27,6 +27,7 @@ struct Sheet
     QString report;     ///< procedure that prints it
     const char *module; ///< label of its errors
     const char *rule;   ///< label of errors of its change rule
+    const char *button; ///< procedure of its buttons, for errors
 };
 
 [[nodiscard]] const Sheet &inspection();
