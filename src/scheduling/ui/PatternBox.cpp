@@ -94,6 +94,8 @@ void PatternBox::makeDayOfMonthRow(QGridLayout *layout, int row)
         auto *combo = new input::IdCombo(m_domRow);
         combo->setObjectName(u"cboDOM%1"_s.arg(i + 1));
         combo->setAccessibleName(u"Day of the month %1"_s.arg(i + 1));
+        // Two digits and the arrow.
+        combo->setFixedWidth(combo->fontMetrics().horizontalAdvance(u"00"_s) + 44);
         cboDOM[i] = combo;
         AddValue(i, 0);
         line->addWidget(combo);

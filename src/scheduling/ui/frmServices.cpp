@@ -221,6 +221,7 @@ void frmServices::showService(const clsServices &service)
     ChkSeparateWO->setChecked(service.SeparateWo == u"1");
     RRSpin1->setValue(service.EInterval);
     cboRenewalPeriod->selectText(PeriodWord(service.Period));
+    m_shownPeriod = period();
     OptWOC->setChecked(service.RenewalOn == Renewals[0]);
     OptSOS->setChecked(service.RenewalOn == Renewals[1]);
     OptDSA->setChecked(service.RenewalOn == Renewals[2]);
@@ -319,16 +320,16 @@ bool frmServices::eventFilter(QObject *watched, QEvent *event)
 
 void frmServices::cboRenewalPeriod_Click()
 {
-    if (isAssigned() && period() != m_stored.Period)
+    if (isAssigned() && period() != m_shownPeriod)
         CheckServiceChange();
-    else if (isAssigned())
-        showScheduleKind();
+    m_shownPeriod = period();
     EnableLogicControl();
 }
 
 void frmServices::CheckServiceChange()
 {
     showScheduleKind();
+    m_nextDateChanged = true;
     if (isCountPeriod()) {
         const qint64 count =
             GetEquipmentCount(m_storedSchedule.EquipmentID, readings::countType(period())) +
@@ -356,11 +357,9 @@ void frmServices::useDayOfMonth(bool used)
 {
     if (used) {
         RRSpin1->setValue(1);
-        const QString before = period();
         cboRenewalPeriod->selectText(u"Days"_s);
         OptWOC->setChecked(true);
-        if (before != period())
-            cboRenewalPeriod_Click();
+        cboRenewalPeriod_Click();
     }
     EnableLogicControl();
 }
@@ -529,7 +528,7 @@ clsServices frmServices::SetObjectValues()
 /// Offers to give a changed number to all copies of the service. False when that failed.
 bool frmServices::carryJobNumber(const clsServices &service)
 {
-    if (!m_jobNoChanged ||
+    if (!m_jobNoChanged || service.JobNo == m_stored.JobNo ||
         !base::askYesNo(
             u"Do you want to change Job No of \"%1\" to \"%2\" for all existing services?"_s.arg(
                 service.Name, QString::number(service.JobNo))))

@@ -102,6 +102,7 @@ private:
     clsServices m_stored;              ///< as displayed
     AssignedSchedule m_storedSchedule; ///< of an assigned service, as displayed
     QString m_oldJobNo;
+    QString m_shownPeriod;   ///< code of the period chosen last
     QString m_confirmedName; ///< a changed name that the user insists on
     bool m_nextDateChanged = false;
     bool m_nextCountChanged = false;

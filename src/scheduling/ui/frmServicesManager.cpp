@@ -134,9 +134,13 @@ void frmServicesManager::ShowGrid(const QString &keepKey)
 {
     base::trapped(Module, "ShowGrid", [&] {
         grid::GridModel &rows = grdServices->rows();
+        const QStringList ticked = keepKey.isEmpty() ? QStringList() : tickedKeys();
         rows.setRecordset(gcnData->Open(QueryString()));
         if (m_selectMode)
             rows.setAll(u"Select", false);
+        for (const QString &key : ticked)
+            if (const int row = rows.findRow(u"Service ID", key); row >= 0)
+                rows.setValue(row, u"Select", true);
         const int kept = keepKey.isEmpty() ? -1 : rows.findRow(u"Service ID", keepKey);
         grdServices->selectRow(kept >= 0 ? kept : grdServices->displayedOrder().value(0, -1));
     });
@@ -232,18 +236,22 @@ void frmServicesManager::openService(int row)
 
 void frmServicesManager::cmdSelect_Click()
 {
-    const grid::GridModel &rows = grdServices->rows();
-    if (!m_selectMode) {
-        if (grdServices->currentRow() >= 0)
-            openService(grdServices->currentRow());
-        return;
+    if (m_selectMode) {
+        m_selection = tickedKeys().join(u", "_s);
+        unload();
+    } else if (grdServices->currentRow() >= 0) {
+        openService(grdServices->currentRow());
     }
+}
+
+QStringList frmServicesManager::tickedKeys() const
+{
     QStringList keys;
-    for (int row = 0; row < rows.rowCount(); ++row)
+    const grid::GridModel &rows = grdServices->rows();
+    for (int row = 0; m_selectMode && row < rows.rowCount(); ++row)
         if (rows.value(row, u"Select").toBool())
             keys.append(keyOf(row));
-    m_selection = keys.join(u", "_s);
-    unload();
+    return keys;
 }
 
 void frmServicesManager::cmdAdd_Click()

@@ -57,6 +57,23 @@ TEST_F(frmServicesManagerTest, GivesBackWhatWasTickedByKey)
     EXPECT_EQ(screen.selection(), u"50, 52"_s);
 }
 
+TEST_F(frmServicesManagerTest, KeepsTheTicksWhileAServiceIsAdded)
+{
+    frmServicesManager screen({.selectMode = true});
+    open(screen);
+    grid(screen).setFocus();
+    QTest::keyClick(&grid(screen), Qt::Key_Space);
+    test::onNextModal([this](QWidget &service) {
+        catalogue(53, {{u"Name"_s, u"Service 53"_s}});
+        click(service, u"cmdCancel"_s);
+        click(service, u"cmdExit"_s);
+    });
+    click(screen, u"cmdAdd"_s);
+    EXPECT_EQ(listed(screen).size(), 4);
+    click(screen, u"cmdSelect"_s);
+    EXPECT_EQ(screen.selection(), u"50"_s);
+}
+
 TEST_F(frmServicesManagerTest, LeavingItPicksNothingThoughKeysWereLeftOut)
 {
     QString selection = u"51"_s;

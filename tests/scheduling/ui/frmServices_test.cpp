@@ -145,6 +145,7 @@ TEST_F(frmServicesTest, DaysOfTheMonthRiseAndRuleAlone)
     EXPECT_EQ(named<input::IdCombo>(screen, u"cboRenewalPeriod"_s).currentText(), u"Days"_s);
     EXPECT_EQ(named<input::SpinInput>(screen, u"RRSpin1"_s).value(), 1);
     EXPECT_TRUE(isChecked(screen, u"OptWOC"_s));
+    EXPECT_LE(screen.minimumSizeHint().width(), 1366) << "with the five lists too";
     EXPECT_FALSE(enabled(screen, u"RRSpin1"_s));
     EXPECT_FALSE(enabled(screen, u"chkMon"_s));
     inform(u"User Should fill at least one day of the month"_s);
@@ -363,6 +364,9 @@ TEST_F(frmServicesTest, ANewPeriodBringsACountOrADate)
 
     choosePeriod(screen, u"Weeks"_s);
     EXPECT_FALSE(named<QWidget>(screen, u"txtCount"_s).isVisible());
+    choosePeriod(screen, u"Hours"_s);
+    EXPECT_EQ(text(screen, u"txtCount"_s), u"510"_s);
+    choosePeriod(screen, u"Weeks"_s);
     EXPECT_EQ(nextDateText(screen), u"03/15/2024"_s);
     click(screen, u"cmdUpdate"_s);
     EXPECT_EQ(value(u"Select NextScheduledDate from tblServiceUsed"_s), day(3, 15));
