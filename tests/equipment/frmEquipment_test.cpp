@@ -7,6 +7,7 @@
 #include "organisation/clsIndicator.h"
 #include "platform/base/Format.h"
 #include "platform/grid/GridView.h"
+#include "platform/help/Help.h"
 #include "platform/input/CurrencyInput.h"
 #include "platform/input/DateInput.h"
 #include "support/ScriptedPrompts.h"
@@ -15,6 +16,8 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStackedWidget>
+#include <QTextBrowser>
+#include <QWhatsThis>
 
 using namespace Qt::StringLiterals;
 using test::ScreenDriver;
@@ -583,6 +586,50 @@ TEST_F(EquipmentScreen, FindAndPrintGoThroughTheirFolders)
         screen.press("cmdPrint");
     });
     EXPECT_EQ(filter, u" where  tblEquipment.EquipmentID  = 2");
+}
+
+TEST_F(EquipmentScreen, AListIsRebuiltWhenItsEditorClosesAndKeepsItsChoice)
+{
+    const qint64 fuel = addItem(LookupList::FuelType, u"Peat"_s);
+    addMachine(1, u"A"_s, u"mower"_s);
+    gcnData->Execute(u"update tblEquipment set EngineFuelType = ?, VehicleFuelType = ? "
+                     "where EquipmentID = 1"_s,
+                     {fuel, fuel});
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        press(screen, Qt::Key_G);
+        test::inScreen([&] { screen.press("cmdEngineFuelType"); },
+                       [](ScreenDriver editor) {
+                           EXPECT_EQ(editor.text("txtName"), u"Peat") << "begins on the choice";
+                           gcnLookup->Execute(u"update tblIndicator set ItemName = 'Turf' "
+                                              "where ItemName = 'Peat'"_s);
+                           addItem(LookupList::FuelType, u"Straw"_s);
+                           editor.press("cmdExit");
+                       });
+        for (const char *list : {"cboEngineFuelType", "cboVehicleFuelType"}) {
+            EXPECT_EQ(screen.text(list), u"Turf") << list;
+            EXPECT_GE(screen.control<QComboBox>(list).findText(u"Straw"_s), 0) << list;
+        }
+        EXPECT_TRUE(screen.isShown("cmdAdd")) << "looking at a list is no edit";
+    });
+}
+
+TEST_F(EquipmentScreen, TheHelpPointerExplainsAButtonInsteadOfPressingIt)
+{
+    addMachine(1, u"A"_s, u"mower"_s);
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        screen.press("cmdHelp");
+        EXPECT_TRUE(QWhatsThis::inWhatsThisMode());
+        QTest::mouseClick(&screen.control("tabPurchase"), Qt::LeftButton);
+        EXPECT_EQ(page(screen), 0);
+        EXPECT_FALSE(QWhatsThis::inWhatsThisMode());
+        const auto *help = screen.screen().findChild<QTextBrowser *>(u"txtPage"_s);
+        ASSERT_NE(help, nullptr);
+        EXPECT_EQ(help->source().fileName(), u"equipment.html");
+        EXPECT_EQ(help->source().fragment(), u"purchase");
+        help::closeAll();
+        QTest::mouseClick(&screen.control("tabPurchase"), Qt::LeftButton);
+        EXPECT_EQ(page(screen), 8);
+    });
 }
 
 TEST_F(EquipmentScreen, AMachineThatAnotherWorkstationHoldsKeepsWhatWasTyped)

@@ -39,7 +39,7 @@ DepreciationChart::DepreciationChart(QWidget *parent)
     setObjectName(u"DepreciationChart"_s);
     setAccessibleName(u"Curve of the depreciation"_s);
     setRenderHint(QPainter::Antialiasing);
-    setMinimumHeight(160);
+    setMinimumHeight(210);
     setFrameShape(QFrame::StyledPanel);
     setFocusPolicy(Qt::NoFocus);
     setBackgroundBrush(Qt::white);
@@ -60,7 +60,7 @@ void DepreciationChart::show(const db::Recordset &rows)
         delete axis;
     }
     chart()->legend()->setVisible(!rows.isEmpty());
-    chart()->setTitle(rows.isEmpty() ? u"No schedule yet"_s : u"Value over the years"_s);
+    chart()->setTitle(rows.isEmpty() ? u"No schedule yet"_s : QString());
     if (rows.isEmpty())
         return;
 
