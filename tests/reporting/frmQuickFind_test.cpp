@@ -206,6 +206,7 @@ TEST_F(QuickFindScreen, OpensAtTheStoredPlaceAndKeepsOnlyItsSize)
 {
     SetOption(u"LEFTfrmQuickFind"_s, 300, true); // in twips, 15 a pixel
     SetOption(u"TOPfrmQuickFind"_s, 450, true);
+    SetOption(u"WIDTHfrmQuickFind"_s, 9000, true);
     find(machines(), [](const ScreenDriver &screen) {
         EXPECT_EQ(screen.screen().pos(), QPoint(20, 30));
         screen.screen().move(60, 60);
