@@ -1,0 +1,74 @@
+#include "platform/report/viewer/PrintPages.h"
+
+#include "platform/report/render/PagePainter.h"
+
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
+
+namespace report {
+namespace {
+
+constexpr double UnitsPerInch = 2540;
+
+struct Range
+{
+    int first;
+    int last;
+};
+
+Range rangeOf(const QPrinter &printer, int pages)
+{
+    if (printer.printRange() != QPrinter::PageRange || printer.fromPage() <= 0)
+        return {0, pages - 1};
+    return {printer.fromPage() - 1, qMin(printer.toPage(), pages) - 1};
+}
+
+} // namespace
+
+bool choosePrinter(QPrinter &printer, int pages, QWidget *parent)
+{
+    QPrintDialog dialog(&printer, parent);
+    dialog.setMinMax(1, qMax(1, pages));
+    dialog.setFromTo(1, qMax(1, pages));
+    dialog.setPrintRange(QAbstractPrintDialog::AllPages);
+    return dialog.exec() == QDialog::Accepted;
+}
+
+void setUpPrinter(QPrinter &printer, const PageSetup &page, const QString &title)
+{
+    const Length shorter = qMin(page.width(), page.height());
+    const Length longer = qMax(page.width(), page.height());
+    printer.setPageSize(QPageSize(QSizeF(shorter / 100.0, longer / 100.0), QPageSize::Millimeter));
+    printer.setPageOrientation(page.landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
+    printer.setFullPage(true);
+    printer.setPageMargins(QMarginsF());
+    printer.setDocName(title);
+}
+
+bool printPages(QPrinter &printer, const PageStore &pages)
+{
+    QPainter painter;
+    if (pages.count() == 0 || !painter.begin(&printer))
+        return false;
+    PagePainter pagePainter;
+    const Range range = rangeOf(printer, pages.count());
+    // Where the printer makes no copies by itself, they are printed one after another.
+    const int copies = printer.supportsMultipleCopies() ? 1 : qMax(1, printer.copyCount());
+    bool isFirst = true;
+    for (int copy = 0; copy < copies; ++copy) {
+        for (int index = range.first; index <= range.last; ++index) {
+            if (!isFirst && !printer.newPage())
+                return false;
+            isFirst = false;
+            painter.save();
+            painter.scale(printer.logicalDpiX() / UnitsPerInch,
+                          printer.logicalDpiY() / UnitsPerInch);
+            pagePainter.paint(pages.page(index), painter);
+            painter.restore();
+        }
+    }
+    return painter.end() && printer.printerState() != QPrinter::Error;
+}
+
+} // namespace report

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/report/layout/Layout.h"
+#include "platform/report/viewer/PageStore.h"
+
+#include <functional>
+
+class QPrinter;
+class QWidget;
+
+namespace report {
+
+/// Lets the user choose the printer, copies and pages out of so many; False when cancelled.
+using PrinterChooser = std::function<bool(QPrinter &printer, int pages, QWidget *parent)>;
+/// The system's print window.
+[[nodiscard]] bool choosePrinter(QPrinter &printer, int pages, QWidget *parent);
+
+/// Sets a printer to a layout's paper, edge to edge: the layout has its own margins.
+void setUpPrinter(QPrinter &printer, const PageSetup &page, const QString &title);
+/// Prints the pages of the printer's range. False when the printer refuses.
+[[nodiscard]] bool printPages(QPrinter &printer, const PageStore &pages);
+
+} // namespace report
