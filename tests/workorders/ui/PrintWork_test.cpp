@@ -132,7 +132,7 @@ TEST_F(PrintWork, ChangesWhatStandsOnAnOrder)
 
     driver().type("txtPrintNote", u""_s);
     prompts.expect(u"Note Field Cann't left blank. When Service has Skiped."_s, Icon::None);
-    QTest::mouseClick(&driver().control("cmdDelete"), Qt::LeftButton);
+    pressSlowly("cmdDelete");
     EXPECT_EQ(driver().focused(), "txtPrintNote");
     QTest::keyClicks(&driver().control("txtPrintNote"), u"Snow"_s);
     QTest::keyClick(&driver().control("txtPrintNote"), Qt::Key_Tab);

@@ -103,7 +103,7 @@ TEST_F(RecordWork, SkippingNeedsAReasonAndReopensTheOrderAlone)
     // A skipped service keeps its note.
     driver().type("txtRecordNote", u""_s);
     prompts.expect(u"Note Field Cann't left blank. When Service has Skiped."_s, Icon::Critical);
-    QTest::mouseClick(&driver().control("cmdPost"), Qt::LeftButton);
+    pressSlowly("cmdPost");
     EXPECT_EQ(driver().focused(), "txtRecordNote");
     QTest::keyClicks(&driver().control("txtRecordNote"), u"Later"_s);
 

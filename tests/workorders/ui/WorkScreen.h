@@ -55,6 +55,13 @@ protected:
         grid(name).selectRow(row);
         return rows.edit(row, rows.columnIndex(columnName), value);
     }
+    /// A click as slow as a user's: the press has taken effect before the release.
+    void pressSlowly(const char *button) const
+    {
+        QTest::mousePress(&driver().control(button), Qt::LeftButton);
+        QCoreApplication::processEvents();
+        QTest::mouseRelease(&driver().control(button), Qt::LeftButton);
+    }
     void key(const char *name, Qt::Key pressed) const
     {
         grid(name).setFocus();
