@@ -57,6 +57,15 @@ QVariantList values(const Record &record, std::span<const Field<Record>> fields)
     return result;
 }
 
+/// A whole number of a row. A text column may hold blanks or words from older releases, which count
+/// as 0: a record must be shown even then.
+[[nodiscard]] inline qint64 wholeNumber(const db::Row &row, QStringView column)
+{
+    const QVariant value = row[column];
+    return value.typeId() == QMetaType::QString ? value.toString().trimmed().toLongLong()
+                                                : row.integer(column);
+}
+
 /// Reads all fields from a row; a column that the row lacks raises base::Error NoSuchItem.
 template<class Record>
 Record load(const db::Row &row, std::span<const Field<Record>> fields)
@@ -73,7 +82,7 @@ Record load(const db::Row &row, std::span<const Field<Record>> fields)
                 else if constexpr (std::is_same_v<Value, QDateTime>)
                     record.*member = row.date(field.column);
                 else
-                    record.*member = static_cast<Value>(row.integer(field.column));
+                    record.*member = static_cast<Value>(wholeNumber(row, field.column));
             },
             field.member);
     }

@@ -448,6 +448,7 @@ TEST_F(EquipmentScreen, ADateThatIsNoneHoldsThePageAndTheSave)
 TEST_F(EquipmentScreen, BlankIntervalsBecomeZeroWhenLeft)
 {
     addMachine(1, u"A"_s, u"mower"_s);
+    gcnData->Execute(u"update tblEquipment set LeaseInterval = ' ' where EquipmentID = 1"_s);
     work(Mode::Browse, 1, [&](ScreenDriver screen) {
         press(screen, Qt::Key_B);
         for (const char *box : {"txtLeaseInterval", "txtWarrantyInterval"}) {

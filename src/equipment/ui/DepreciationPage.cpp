@@ -81,9 +81,9 @@ void DepreciationPage::buildPage()
 void DepreciationPage::DisplayData(const clsEquipment &machine, const db::Row &row)
 {
     RecordPage::DisplayData(machine, row);
-    blankIfNull(txtTotalCost, row, u"Totalcost");
-    blankIfNull(txtSalvageValue, row, u"SalvageValue");
-    blankIfNull(txtAssetYears, row, u"LifeYears");
+    blankIfNeverGiven(txtTotalCost, row, u"Totalcost");
+    blankIfNeverGiven(txtSalvageValue, row, u"SalvageValue");
+    blankIfNeverGiven(txtAssetYears, row, u"LifeYears");
     m_isAcquired = machine.Acquisitiondate.isValid();
     setPurchaseYear(m_isAcquired ? QString::number(machine.Acquisitiondate.date().year())
                                  : QString());

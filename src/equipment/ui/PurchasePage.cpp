@@ -146,8 +146,8 @@ void PurchasePage::buildPurchase(input::FormBuilder &form)
 void PurchasePage::DisplayData(const clsEquipment &machine, const db::Row &row)
 {
     RecordPage::DisplayData(machine, row);
-    blankIfNull(txtLeaseInterval, row, u"LeaseInterval");
-    blankIfNull(txtWarrantyInterval, row, u"WarrantyInterval");
+    blankIfNeverGiven(txtLeaseInterval, row, u"LeaseInterval");
+    blankIfNeverGiven(txtWarrantyInterval, row, u"WarrantyInterval");
 }
 
 void PurchasePage::nameLease()

@@ -64,9 +64,9 @@ void loadChildren(input::IdCombo &list, qint64 parent)
         loadLookupList(list, parent);
 }
 
-void blankIfNull(QLineEdit *box, const db::Row &row, QStringView column)
+void blankIfNeverGiven(QLineEdit *box, const db::Row &row, QStringView column)
 {
-    if (row.isNull(column))
+    if (row.text(column).trimmed().isEmpty())
         box->clear();
 }
 

@@ -51,7 +51,7 @@ private:
 void loadFixedList(input::IdCombo &list, const QStringList &texts);
 /// Fills a list with the children of an item; without a parent it stays empty.
 void loadChildren(input::IdCombo &list, qint64 parent);
-/// Empties a number box whose column was never written.
-void blankIfNull(QLineEdit *box, const db::Row &row, QStringView column);
+/// Empties a number box whose column is Null or blank.
+void blankIfNeverGiven(QLineEdit *box, const db::Row &row, QStringView column);
 /// Leaving the box blank fills in "0".
 void zeroWhenLeftBlank(QLineEdit *box);

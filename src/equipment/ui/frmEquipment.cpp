@@ -170,12 +170,15 @@ db::Recordset frmEquipment::loadRows()
 
 void frmEquipment::DisplayData(const db::Row &row)
 {
-    const clsEquipment machine = clsEquipment_Manager::fromRow(row);
-    m_equipmentID = machine.EquipmentID;
-    for (RecordPage *page : std::as_const(m_recordPages))
-        page->DisplayData(machine, row);
+    // Ahead of all that may fail: what is saved later must not land on the machine shown before.
+    m_equipmentID = row.integer(keyColumn());
+    base::trapped(Module, "DisplayData", [&] {
+        const clsEquipment machine = clsEquipment_Manager::fromRow(row);
+        for (RecordPage *page : std::as_const(m_recordPages))
+            page->DisplayData(machine, row);
+    });
     for (EquipmentPage *page : std::as_const(m_pages))
-        page->showMachine(m_equipmentID);
+        base::trapped(Module, "DisplayData", [&] { page->showMachine(m_equipmentID); });
 }
 
 void frmEquipment::ClearData()
@@ -184,7 +187,7 @@ void frmEquipment::ClearData()
     for (RecordPage *page : std::as_const(m_recordPages))
         page->ClearData();
     for (EquipmentPage *page : std::as_const(m_pages))
-        page->showMachine(0);
+        base::trapped(Module, "ClearData", [&] { page->showMachine(0); });
 }
 
 void frmEquipment::prepareNewRecord()
