@@ -1,8 +1,10 @@
 #include "equipment/ui/HistoryPage.h"
 
 #include "core/General.h"
+#include "core/ui/Modal.h"
 #include "core/ui/ScreenCalls.h"
 #include "equipment/ui/PageFrame.h"
+#include "equipment/ui/frmEquipment.h"
 #include "platform/input/DateInput.h"
 
 #include <QPlainTextEdit>
@@ -268,4 +270,35 @@ TEST_F(HistoryPages, ALockedPageCanOnlyBeRead)
     EXPECT_TRUE(note().isReadOnly());
     EXPECT_FALSE(control<QPushButton>(u"cmdDeleteHistory"_s).isEnabled());
     EXPECT_TRUE(control<QPushButton>(u"cmdRefresh"_s).isEnabled());
+}
+
+TEST_F(HistoryPages, OnTheMachinesScreenCancelUndoesAndSaveKeeps)
+{
+    gRights.EqMod = true;
+    prompts.expect(u"Changing the count will not effect the schedule"_s, Icon::None);
+    prompts.expect(u"Changing the count will not effect the schedule"_s, Icon::None);
+    test::onNextModal([](QWidget &screen) {
+        QTest::keyClick(&screen, Qt::Key_H, Qt::ControlModifier);
+        auto &grid = test::named<grid::GridView>(screen, u"grdServiceHistory"_s);
+        const auto press = [&screen](const QString &button) {
+            QTest::mouseClick(&test::named<QWidget>(screen, button), Qt::LeftButton);
+        };
+        EXPECT_TRUE(grid.isVisible());
+        type(grid, 0, u"Count"_s, u"450"_s);
+        press(u"cmdCancel"_s);
+        EXPECT_TRUE(stored(u"CountValue"_s).isNull());
+        EXPECT_EQ(grid.rows().text(0, u"Count"), QString());
+        type(grid, 0, u"Count"_s, u"460"_s);
+        auto &noteBox = test::named<QPlainTextEdit>(screen, u"txtNote"_s);
+        noteBox.setFocus();
+        noteBox.selectAll();
+        QTest::keyClicks(&noteBox, u"worn"_s);
+        press(u"cmdUpdate"_s);
+        EXPECT_FALSE(gbInTransaction);
+        static_cast<QDialog &>(screen).reject();
+    });
+    frmEquipment().showRecord(Mode::Browse, 1);
+    gRights = {};
+    EXPECT_EQ(stored(u"CountValue"_s).toInt(), 460);
+    EXPECT_EQ(stored(u"[Note]"_s).toString(), u"worn");
 }
