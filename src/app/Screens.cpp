@@ -7,6 +7,7 @@
 #include "parts/ui/Entries.h"
 #include "platform/help/Help.h"
 #include "reporting/ui/QuickFindEntries.h"
+#include "reporting/ui/frmReportPreview.h"
 #include "scheduling/ui/Entries.h"
 #include "shell/ui/ScreenEntries.h"
 #include "workorders/ui/ServiceTime.h"
@@ -77,6 +78,8 @@ void joinScreens()
     joinScheduling();
     joinEquipment();
     joinServiceTime();
+    joinReports();
+    shell::screenEntries().add(u"mnuPrintCount"_s, [] { EquipmentCountReport(); });
 }
 
 } // namespace app

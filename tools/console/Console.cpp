@@ -7,6 +7,7 @@
 #include "platform/db/Maintenance.h"
 #include "platform/settings/Registry.h"
 #include "platform/system/Files.h"
+#include "reporting/ReportFiles.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -99,6 +100,7 @@ int setUp(const Options &options, const Streams &streams)
                               u"The folder \"%1\" can't be made."_s.arg(folder.filePath(name)));
     }
     installValues(folder);
+    reportfiles::installDelivered(folder.path());
     Options database = options;
     database.files = {folder.filePath(u"Data/Quorvantis.mdb"_s)};
     if (QFileInfo::exists(database.files[0]))

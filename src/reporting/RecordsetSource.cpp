@@ -1,0 +1,66 @@
+#include "reporting/RecordsetSource.h"
+
+#include "platform/report/expr/Expression.h"
+
+#include <algorithm>
+#include <numeric>
+
+RecordsetSource::RecordsetSource(db::Recordset rows)
+    : m_rows(std::move(rows))
+    , m_order(static_cast<std::size_t>(m_rows.RecordCount()))
+{
+    std::iota(m_order.begin(), m_order.end(), 0);
+}
+
+void RecordsetSource::sortBy(const QStringList &fields)
+{
+    std::vector<int> columns;
+    for (const QString &field : fields)
+        if (const int column = m_rows.columnIndex(field); column >= 0)
+            columns.push_back(column);
+    std::ranges::stable_sort(m_order, [&](int left, int right) {
+        for (const int column : columns) {
+            const int order =
+                report::compareValues(m_rows.value(left, column), m_rows.value(right, column));
+            if (order != 0)
+                return order < 0;
+        }
+        return false;
+    });
+}
+
+void RecordsetSource::addOnce(const QString &name, const QString &field, const QString &key)
+{
+    const int keyColumn = m_rows.columnIndex(key);
+    const int column = m_rows.columnIndex(field);
+    if (keyColumn < 0 || column < 0)
+        return;
+    OnceField once{name, column, std::vector<bool>(m_order.size(), true)};
+    for (std::size_t row = 1; row < m_order.size(); ++row)
+        once.shown[row] = report::compareValues(m_rows.value(m_order[row - 1], keyColumn),
+                                                m_rows.value(m_order[row], keyColumn)) != 0;
+    m_once.push_back(std::move(once));
+}
+
+int RecordsetSource::rowCount() const
+{
+    return static_cast<int>(m_order.size());
+}
+
+int RecordsetSource::fieldIndex(const QString &name) const
+{
+    for (std::size_t index = 0; index < m_once.size(); ++index)
+        if (name.compare(m_once[index].name, Qt::CaseInsensitive) == 0)
+            return m_rows.columnCount() + static_cast<int>(index);
+    return m_rows.columnIndex(name);
+}
+
+QVariant RecordsetSource::value(int row, int field) const
+{
+    const int stored = m_order[static_cast<std::size_t>(row)];
+    if (field < m_rows.columnCount())
+        return m_rows.value(stored, field);
+    const OnceField &once = m_once[static_cast<std::size_t>(field - m_rows.columnCount())];
+    return once.shown[static_cast<std::size_t>(row)] ? m_rows.value(stored, once.field)
+                                                     : QVariant();
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/report/layout/Layout.h"
+
+#include <QString>
+
+/// The layout files beside the program.
+namespace reportfiles {
+
+/// The file of a report's layout: the customer's own copy in "\Custom Reports\" when there is one,
+/// else the delivered one in "\Reports\".
+[[nodiscard]] QString layoutPath(const QString &report);
+/// Reads it. A layout that isn't there or is damaged raises base::Error with the place of the
+/// damage.
+[[nodiscard]] report::Layout readLayout(const QString &report);
+/// Puts the delivered layouts into the folder "Reports" of an application folder, in place of those
+/// of an earlier version. Raises base::Error.
+void installDelivered(const QString &applicationFolder);
+
+} // namespace reportfiles

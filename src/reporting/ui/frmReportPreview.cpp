@@ -1,0 +1,145 @@
+#include "reporting/ui/frmReportPreview.h"
+
+#include "core/General.h"
+#include "core/Session.h"
+#include "core/ui/ScreenCalls.h"
+#include "platform/base/Environment.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/Theme.h"
+#include "platform/report/viewer/ReportViewer.h"
+#include "reporting/RecordsetSource.h"
+#include "reporting/ReportFiles.h"
+#include "scheduling/Readings.h"
+
+#include <QApplication>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char *Module = "Report Preview";
+const QString NoRecords = u"No records found."_s;
+
+/// The hourglass for as long as it lives.
+class BusyPointer
+{
+public:
+    BusyPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~BusyPointer() { QApplication::restoreOverrideCursor(); }
+    BusyPointer(const BusyPointer &) = delete;
+    BusyPointer &operator=(const BusyPointer &) = delete;
+};
+
+struct Report
+{
+    const char *procedure;
+    QString title;
+    QString layout;
+    QStringList sort;
+    /// A field that is summed once for each value of a key: its new name, the field, the key.
+    QStringList once{};
+};
+
+/// Opens the query, and shows its rows, or the message of a report without any.
+bool showReport(const Report &report, const std::function<db::Recordset()> &open)
+{
+    return base::trapped(Module, report.procedure, false, [&] {
+        frmReportPreview preview(report.title, QApplication::activeWindow());
+        {
+            const BusyPointer busy;
+            auto rows = std::make_shared<RecordsetSource>(open());
+            if (rows->rowCount() > 0) {
+                rows->sortBy(report.sort);
+                if (report.once.size() == 3)
+                    rows->addOnce(report.once[0], report.once[1], report.once[2]);
+                preview.show(report.layout, std::move(rows));
+            } else {
+                rows.reset();
+                QApplication::restoreOverrideCursor();
+                base::showInformation(NoRecords);
+                QApplication::setOverrideCursor(Qt::WaitCursor);
+                return false;
+            }
+        }
+        preview.showModal();
+        return true;
+    });
+}
+
+} // namespace
+
+frmReportPreview::frmReportPreview(const QString &title, QWidget *parent)
+    : Screen(u"frmReportPreview"_s, title, parent, StoreWhat::SizeOnly)
+{
+    input::FormBuilder form(this);
+    CRViewerReport = new report::ReportViewer(this);
+    CRViewerReport->setObjectName(u"CRViewerReport"_s);
+    form.widget(CRViewerReport, true);
+    cmdPrint = form.button(u"cmdPrint"_s, u"&Print"_s, theme::icon(u"print"_s));
+    cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
+    form.finish();
+    resize(1000, 660);
+    connect(cmdPrint, &QPushButton::clicked, this, [this] { CRViewerReport->print(); });
+    connect(cmdExit, &QPushButton::clicked, this, [this] { unload(); });
+}
+
+void frmReportPreview::show(const QString &layout, std::shared_ptr<RecordsetSource> rows,
+                            const QHash<QString, QString> &texts)
+{
+    report::Inputs inputs;
+    inputs.texts = texts;
+    inputs.texts.insert(u"lblCompanyName"_s, GetOption(u"GEN_COMPANY_NAME"_s, false));
+    inputs.now = base::now();
+    inputs.folder = base::applicationPath(u"\\Reports"_s);
+    CRViewerReport->setReport(reportfiles::readLayout(layout), std::move(rows), inputs);
+    CRViewerReport->setZoom(100);
+}
+
+void joinReports()
+{
+    ScreenCalls &calls = screenCalls();
+    calls.statementReports.insert(u"ShowWorkorderReport"_s, ShowWorkorderReport);
+    calls.statementReports.insert(u"ShowWorkorderHistoryReport"_s, ShowWorkorderHistoryReport);
+    calls.reports.insert(u"EquipmentCountReport"_s,
+                         [](const QString &) { return EquipmentCountReport(); });
+    calls.openings.insert(u"EquipmentCountReport"_s, [] { EquipmentCountReport(); });
+}
+
+bool ShowWorkorderReport(const QString &statement, bool byCrew)
+{
+    const Report plain{"ShowWorkorderReport",
+                       u"Work Orders"_s,
+                       u"rptWorkorder"_s,
+                       {u"WorkorderNo"_s, u"NserviceUsedID"_s, u"PartID"_s}};
+    const Report grouped{"ShowWorkorderReport",
+                         u"Work Orders"_s,
+                         u"rptWorkOrderByCrew"_s,
+                         {u"CrewNumber"_s, u"WorkorderNo"_s, u"NserviceUsedID"_s, u"PartID"_s}};
+    return showReport(byCrew ? grouped : plain, [&] { return gcnData->Open(statement); });
+}
+
+bool ShowWorkorderHistoryReport(const QString &statement, bool summary)
+{
+    const Report detail{"ShowWorkorderHistoryReport",
+                        u"Work Order History"_s,
+                        u"rptWorkOrderHistory"_s,
+                        {u"WorkOrderNo"_s, u"ServiceUSedID"_s, u"PartID"_s},
+                        {u"LaborOnce"_s, u"CostEstimate"_s, u"ServiceUSedID"_s}};
+    const Report totals{"ShowWorkorderHistoryReport",
+                        u"Work Order History"_s,
+                        u"rptWorkorderHistorySummary"_s,
+                        {u"WorkOrderNo"_s}};
+    return showReport(summary ? totals : detail, [&] { return gcnData->Open(statement); });
+}
+
+bool EquipmentCountReport()
+{
+    return showReport({"EquipmentCountReport",
+                       u"Equipment Count Sheet"_s,
+                       u"rptEquipmentCount"_s,
+                       {u"UnitNo"_s, u"Equipment Name"_s}},
+                      [] { return readings::due(readings::delay()); });
+}
