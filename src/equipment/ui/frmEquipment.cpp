@@ -148,6 +148,13 @@ void frmEquipment::connectPages()
             &DepreciationPage::setPurchaseYear);
 }
 
+void frmEquipment::beginEdit()
+{
+    edited();
+    // A dialog that joined the transaction may have ended it with its own commit.
+    base::trapped(Module, "beginEdit", [] { BeginTrans(); });
+}
+
 void frmEquipment::keepLayout(grid::GridView *grid, const QString &gridName)
 {
     adoptGrid(grid, gridName);
@@ -235,6 +242,7 @@ std::optional<QVariant> frmEquipment::saveRecord()
 {
     return base::trapped(Module, "cmdUpdate_Click", std::optional<QVariant>{}, [this] {
         std::optional<QVariant> key;
+        BeginTrans();
         if (m_identity->storeCrewHistory(m_equipmentID) &&
             clsEquipment_Manager().SaveRecord(SetObjectValues(), mode())) {
             CommitTrans();

@@ -25,7 +25,7 @@ public:
     // --- For the pages -----------------------------------------------------------------------
 
     [[nodiscard]] Mode frameMode() const override { return mode(); }
-    void beginEdit() override { edited(); }
+    void beginEdit() override;
     bool save() override;
     void cancelEdit() override { cmdCancel_Click(); }
     void RefreshCombo(const QString &listName) override;
