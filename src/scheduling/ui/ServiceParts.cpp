@@ -31,7 +31,7 @@ ServiceParts::ServiceParts(ServiceStore store, QWidget *parent)
     setObjectName(u"fraParts"_s);
     grdPartUsed = makeListGrid(this, u"grdPartUsed"_s, u"Parts of the service"_s,
                                {{.name = u"Part Number"_s, .width = 110},
-                                {.name = u"Description"_s, .width = 190},
+                                {.name = u"Description"_s, .width = 170},
                                 {.name = u"Qty Req"_s,
                                  .width = 70,
                                  .editable = true,

@@ -51,6 +51,7 @@ frmServicesManager::frmServicesManager(const Request &request, QWidget *parent)
     showMachine();
     ShowGrid();
     adoptGrid(grdServices, u"grdServices"_s);
+    grdServices->setFocus();
 }
 
 bool frmServicesManager::isCatalogue() const
@@ -78,8 +79,8 @@ void frmServicesManager::buildForm()
     columns.append({.name = u"Service ID"_s, .visible = false});
     columns.append({.name = u"Service No"_s, .width = 80});
     columns.append({.name = u"Name"_s, .width = 210});
-    columns.append({.name = u"Crew"_s, .width = 150});
-    columns.append({.name = u"Cost Center"_s, .width = 120});
+    columns.append({.name = u"Crew"_s, .width = 140});
+    columns.append({.name = u"Cost Center"_s, .width = 150});
     columns.append({.name = u"Interval"_s, .width = 65});
     columns.append({.name = u"RenewalOn"_s, .width = 165});
     columns.append({.name = u"SeparateWo"_s, .width = 85, .editor = grid::Editor::Check});
