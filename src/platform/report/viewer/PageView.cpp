@@ -13,7 +13,7 @@ constexpr double UnitsPerInch = 2540;
 
 const QColor GroundColor(120, 126, 132);
 const QColor EdgeColor(70, 76, 82);
-const QColor MarkColor(255, 214, 64, 140);
+const QColor MarkColor(255, 214, 64);
 
 } // namespace
 
@@ -178,8 +178,11 @@ void PageView::paintEvent(QPaintEvent *)
         painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
                                QPainter::SmoothPixmapTransform);
         m_painter.paint(m_pages->page(index), painter);
-        if (m_mark && m_mark->page == index)
+        if (m_mark && m_mark->page == index) {
+            // Like a marker pen: what is dark stays dark.
+            painter.setCompositionMode(QPainter::CompositionMode_Multiply);
             painter.fillRect(m_mark->place, MarkColor);
+        }
         painter.restore();
         painter.setPen(EdgeColor);
         painter.drawRect(sheet.adjusted(-1, -1, 0, 0));

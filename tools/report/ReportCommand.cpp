@@ -1,0 +1,128 @@
+#include "report/ReportCommand.h"
+
+#include "platform/base/Environment.h"
+#include "platform/base/Error.h"
+#include "platform/db/Connection.h"
+#include "platform/report/layout/LayoutFile.h"
+#include "platform/report/paginate/CsvSource.h"
+#include "platform/report/paginate/RecordsetSource.h"
+#include "platform/report/render/Export.h"
+
+#include <QCommandLineParser>
+#include <QFile>
+#include <QFileInfo>
+
+namespace report_command {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr QStringView usage =
+    u"Use: quorvantis-report LAYOUT.rpt DATA.csv OUTPUT\n"
+    "     quorvantis-report LAYOUT.rpt DATABASE --query STATEMENT OUTPUT\n"
+    "OUTPUT ends in .pdf, .xlsx, .csv or .html.\n"
+    "  --text NAME=VALUE     the text of a named object\n"
+    "  --formula NAME=TEXT   an expression in place of the layout's\n";
+
+/// A command line that can't be understood, and why.
+struct UsageError
+{
+    QString what;
+};
+
+struct Request
+{
+    QString layout;
+    QString data;
+    QString query;
+    QString output;
+    report::ExportFormat format = report::ExportFormat::Pdf;
+    report::Inputs inputs;
+};
+
+QHash<QString, QString> assignments(const QStringList &texts)
+{
+    QHash<QString, QString> values;
+    for (const QString &text : texts) {
+        const qsizetype equals = text.indexOf(u'=');
+        if (equals <= 0)
+            throw UsageError{u"\"%1\" is not of the form name=value."_s.arg(text)};
+        values.insert(text.first(equals), text.sliced(equals + 1));
+    }
+    return values;
+}
+
+Request parse(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    parser.addOptions({{u"text"_s, {}, u"name=value"_s},
+                       {u"formula"_s, {}, u"name=expression"_s},
+                       {u"query"_s, {}, u"statement"_s}});
+    if (!parser.parse(arguments))
+        throw UsageError{parser.errorText()};
+    const QStringList places = parser.positionalArguments();
+    if (places.size() != 3)
+        throw UsageError{u"A layout, the data and an output are wanted."_s};
+    Request request;
+    request.layout = places[0];
+    request.data = places[1];
+    request.output = places[2];
+    request.query = parser.value(u"query"_s);
+    const auto format = report::exportFormat(request.output);
+    if (!format)
+        throw UsageError{u"The form of \"%1\" is not known."_s.arg(request.output)};
+    request.format = *format;
+    request.inputs.texts = assignments(parser.values(u"text"_s));
+    request.inputs.formulas = assignments(parser.values(u"formula"_s));
+    request.inputs.now = base::now();
+    request.inputs.folder = QFileInfo(request.layout).absolutePath();
+    return request;
+}
+
+std::unique_ptr<report::DataSource> openData(const Request &request)
+{
+    if (!request.query.isEmpty()) {
+        db::Target target;
+        target.file = QFileInfo(request.data).absoluteFilePath();
+        db::Connection connection(target);
+        return std::make_unique<report::RecordsetSource>(connection.Open(request.query));
+    }
+    QFile file(request.data);
+    if (!file.open(QIODevice::ReadOnly))
+        throw base::Error(base::ErrorNumber::FileNotFound,
+                          u"\"%1\" can't be opened: %2."_s.arg(request.data, file.errorString()));
+    return std::make_unique<report::CsvSource>(file.readAll());
+}
+
+} // namespace
+
+int run(const QStringList &arguments, QTextStream &out, QTextStream &err)
+{
+    try {
+        const Request request = parse(arguments);
+        const report::LayoutReading reading = report::readLayoutFile(request.layout);
+        for (const QString &warning : reading.warnings)
+            err << request.layout << u": "_s << warning << u'\n';
+        if (!reading.layout)
+            throw base::Error(base::ErrorNumber::InvalidCall,
+                              u"%1: %2"_s.arg(request.layout, reading.error));
+        const auto rows = openData(request);
+        const report::Outcome outcome = report::exportReport(*reading.layout, *rows, request.inputs,
+                                                             request.output, request.format);
+        for (const QString &problem : outcome.problems)
+            err << request.layout << u": "_s << problem << u'\n';
+        out << u"%1 rows"_s.arg(rows->rowCount());
+        if (outcome.pages > 0)
+            out << u", %1 pages"_s.arg(outcome.pages);
+        out << u'\n';
+        return Success;
+    } catch (const UsageError &error) {
+        err << error.what << u'\n' << usage;
+        return WrongUsage;
+    } catch (const base::Error &error) {
+        err << error.description() << u'\n';
+        return Failed;
+    }
+}
+
+} // namespace report_command
