@@ -10,7 +10,12 @@
 #include "reporting/ui/frmReportPreview.h"
 #include "scheduling/ui/Entries.h"
 #include "shell/ui/ScreenEntries.h"
+#include "workorders/ui/Entries.h"
 #include "workorders/ui/ServiceTime.h"
+#include "workorders/ui/frmOverDueWork.h"
+
+#include <QPointer>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -66,6 +71,30 @@ void joinEquipment()
     entries.add(u"munLicenseDate"_s, [] { ShowLicenseDateReading(); });
 }
 
+void joinWorkorders()
+{
+    auto &entries = shell::screenEntries();
+    entries.add(u"mnuRecordWork"_s, [] { ShowCompleteWorkorder(); });
+    entries.add(u"mnuPrintWO"_s, [] { ShowPrintWorkorder(); });
+    joinDateConfirmation();
+    joinServiceTime();
+
+    const auto board = std::make_shared<QPointer<frmOverDueWork>>();
+    entries.board.make = [board](QWidget *parent) {
+        *board = new frmOverDueWork(parent);
+        return board->data();
+    };
+    entries.board.LoadData = [board] {
+        if (*board)
+            (*board)->LoadData();
+    };
+    entries.board.reportsVisible = [board] { return *board && (*board)->reportsVisible(); };
+    entries.board.LoadUnloadReportsNavigator = [board](bool show) {
+        if (*board)
+            (*board)->LoadUnloadReportsNavigator(show);
+    };
+}
+
 } // namespace
 
 void joinScreens()
@@ -77,7 +106,7 @@ void joinScreens()
     joinParts();
     joinScheduling();
     joinEquipment();
-    joinServiceTime();
+    joinWorkorders();
     joinReports();
     shell::screenEntries().add(u"mnuPrintCount"_s, [] { EquipmentCountReport(); });
 }

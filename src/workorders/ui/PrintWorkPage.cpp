@@ -23,6 +23,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr const char *Module = "WorkOrder";
+constexpr int NoteHeight = 62;            // pixels, four lines
 const QColor WithoutOrder(223, 234, 250); // machines that still wait for an order
 
 grid::Column hidden(const QString &name)
@@ -32,17 +33,17 @@ grid::Column hidden(const QString &name)
 
 QList<grid::Column> serviceColumns()
 {
-    return {{.name = u"Service No"_s, .width = 75},
-            {.name = u"Service Name"_s, .width = 180},
-            {.name = u"Service Crew"_s, .width = 130},
-            {.name = u"Next Service Date"_s, .width = 125, .format = u"mm/dd/yyyy"_s},
-            {.name = u"SeparateWo"_s, .width = 90, .editor = grid::Editor::Check}};
+    return {{.name = u"Service No"_s, .width = 72},
+            {.name = u"Service Name"_s, .width = 150},
+            {.name = u"Service Crew"_s, .width = 118},
+            {.name = u"Next Service Date"_s, .width = 112, .format = u"mm/dd/yyyy"_s},
+            {.name = u"SeparateWo"_s, .width = 75, .editor = grid::Editor::Check}};
 }
 
 QList<grid::Column> partColumns(bool editablePrice)
 {
-    return {{.name = u"Part Number"_s, .width = 120},
-            {.name = u"Description"_s, .width = 240},
+    return {{.name = u"Part Number"_s, .width = 110},
+            {.name = u"Description"_s, .width = 220},
             {.name = u"Qty Req"_s, .width = 80, .format = u"0.00"_s},
             {.name = u"Price"_s,
              .width = 90,
@@ -140,6 +141,7 @@ QWidget *PrintWorkPage::buildDue()
     form.endRow();
     form.endGroup();
     txtGenServiceNote = form.memoField(u"txtGenServiceNote"_s, u"&Note:"_s, 2);
+    txtGenServiceNote->setFixedHeight(NoteHeight);
     form.finish();
     return pane;
 }
@@ -170,6 +172,7 @@ QWidget *PrintWorkPage::buildOrder()
     form.endRow();
     form.endGroup();
     txtPrintNote = form.memoField(u"txtPrintNote"_s, u"&Note:"_s, 2);
+    txtPrintNote->setFixedHeight(NoteHeight);
     form.finish();
     return pane;
 }

@@ -20,8 +20,8 @@ public:
 
     /// Shows the note of a service, of none for 0.
     void show(qint64 service, const QString &note);
-    /// Writes what was changed, where the box is left without its focus going: the screen is closed,
-    /// or a key presses a button. False when it was refused; the box then has the focus.
+    /// Writes what was changed, where the box is left without its focus going: the screen is
+    /// closed, or a key presses a button. False when it was refused; the box then has the focus.
     [[nodiscard]] bool leave();
 
 private:

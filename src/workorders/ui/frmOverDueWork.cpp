@@ -16,6 +16,7 @@
 #include "workorders/ui/BoardReports.h"
 #include "workorders/ui/Entries.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QLocale>
 #include <QPainter>
@@ -29,6 +30,7 @@ namespace {
 constexpr const char *Module = "frmOverDueWork";
 constexpr int Margin = 14;
 constexpr int ReportsWidth = 290;
+constexpr int HeadingHeight = 26;
 constexpr int BoardDays = 30; ///< services that are overdue for longer are not on the board
 
 const QString OpenOrders = u"Open Work Order"_s;
@@ -116,14 +118,19 @@ void frmOverDueWork::buildBoard(QBoxLayout *row)
     column->setSpacing(6);
     lblBoard = new QLabel(u"Work to be done"_s, this);
     lblBoard->setObjectName(u"lblBoard"_s);
+    lblBoard->setFixedHeight(HeadingHeight);
     column->addWidget(lblBoard);
     grdEquipWithSer = makeListGrid(
         this, u"grdEquipWithSer"_s, u"Work to be done"_s,
         {{.name = u"Unit No"_s, .width = 330, .editor = grid::Editor::Link},
          {.name = u"WorkOrderNo"_s, .visible = false, .kind = sql::ColumnKind::Integer},
-         {.name = u"W/O"_s, .width = 70, .kind = sql::ColumnKind::Integer},
+         {.name = u"W/O"_s,
+          .width = 80,
+          .align = grid::Align::Center,
+          .kind = sql::ColumnKind::Integer},
          {.name = u"Due Since"_s,
-          .width = 90,
+          .width = 100,
+          .align = grid::Align::Center,
           .format = u"mm/dd/yyyy"_s,
           .kind = sql::ColumnKind::Date},
          {.name = u"Count"_s,
@@ -144,6 +151,7 @@ void frmOverDueWork::buildBoard(QBoxLayout *row)
             &frmOverDueWork::grdEquipWithSer_HyperLinkClick);
     connect(grdEquipWithSer, &grid::GridView::rowActivated, this,
             &frmOverDueWork::grdEquipWithSer_HyperLinkClick);
+    grdEquipWithSer->viewport()->installEventFilter(this);
     column->addWidget(grdEquipWithSer, 1);
     row->addLayout(column, 1);
 }
@@ -163,6 +171,7 @@ void frmOverDueWork::buildReports(QBoxLayout *row)
     imgClose->setObjectName(u"imgClose"_s);
     imgClose->setAccessibleName(u"Show or hide the reports"_s);
     imgClose->setAutoRaise(true);
+    imgClose->setFixedHeight(HeadingHeight);
     heading->addWidget(lblReports);
     heading->addStretch();
     heading->addWidget(imgClose);
@@ -351,6 +360,32 @@ void frmOverDueWork::grdReport_HyperLinkClick(int row)
         const auto open = screenCalls().openings.value(QString::fromLatin1(entry->opening));
         open();
     });
+}
+
+bool frmOverDueWork::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == grdEquipWithSer->viewport() && event->type() == QEvent::Resize)
+        fillWidth();
+    return QWidget::eventFilter(watched, event);
+}
+
+/// Gives the names the width that the other columns leave.
+void frmOverDueWork::fillWidth()
+{
+    grid::GridModel &rows = grdEquipWithSer->rows();
+    int others = 0;
+    for (int index = 0; index < rows.columnCount(); ++index) {
+        const grid::Column &column = rows.columnAt(index);
+        if (column.visible && index != rows.treeColumn())
+            others += column.width;
+    }
+    constexpr int narrowest = 200;
+    grid::Column &names = rows.column(u"Unit No");
+    const int width = qMax(narrowest, grdEquipWithSer->viewport()->width() - others);
+    if (names.width == width)
+        return;
+    names.width = width;
+    rows.columnsChanged();
 }
 
 void frmOverDueWork::paintEvent(QPaintEvent *)

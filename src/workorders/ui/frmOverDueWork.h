@@ -32,6 +32,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     enum Shortcut { PrintOrders, RecordOrders, Reading, NewPart, CheckIn, AssignCrew };
@@ -40,6 +41,7 @@ private:
     void buildBoard(QBoxLayout *row);
     void buildReports(QBoxLayout *row);
     void applyFonts();
+    void fillWidth();
     void ShowReports();
     void cmdToolbar_Click(int index);
     void grdEquipWithSer_HyperLinkClick(int row);

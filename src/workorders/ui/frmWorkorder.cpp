@@ -91,7 +91,7 @@ void frmWorkorder::buildForm()
     cmdPost = form.button(u"cmdPost"_s, u"&Post"_s, theme::icon(u"complete"_s));
     cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
     form.finish();
-    resize(1180, 660);
+    resize(1240, 680);
 
     const auto click = [this](QPushButton *button, const char *procedure,
                               void (frmWorkorder::*action)()) {
