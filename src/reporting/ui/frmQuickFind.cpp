@@ -42,7 +42,8 @@ int widthOf(QStringView column)
 } // namespace
 
 frmQuickFind::frmQuickFind(const ScreenCalls::QuickFind &request, QWidget *parent)
-    : Screen(u"frmQuickFind"_s, quickfind::SetCaption(request.table), parent, StoreWhat::SizeAtUsualPlace)
+    : Screen(u"frmQuickFind"_s, quickfind::SetCaption(request.table), parent,
+             StoreWhat::SizeAtUsualPlace)
     , m_request(request)
     , m_table(quickfind::tableOf(request.table))
 {
