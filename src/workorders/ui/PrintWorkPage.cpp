@@ -181,8 +181,9 @@ void PrintWorkPage::connectButtons()
 {
     const auto click = [this](QPushButton *button, void (PrintWorkPage::*procedure)()) {
         connect(button, &QPushButton::clicked, this, [this, button, procedure] {
-            base::trapped(Module, qPrintable(button->objectName() + u"_Click"_s),
-                          [&] { (this->*procedure)(); });
+            if (leaveNotes())
+                base::trapped(Module, qPrintable(button->objectName() + u"_Click"_s),
+                              [&] { (this->*procedure)(); });
         });
     };
     click(cmdPrintSelect, &PrintWorkPage::cmdPrintSelect_Click);
@@ -278,7 +279,7 @@ bool PrintWorkPage::leaveNotes()
 
 void PrintWorkPage::RefreshPrintWo()
 {
-    base::trapped(Module, "RefreshPrintWo", [this] {
+    const bool loaded = base::trapped(Module, "RefreshPrintWo", false, [this] {
         m_lateness = LatenessStyle::current();
         const db::Recordset rows = gcnData->Open(workorders::statements::printWo(m_filter()));
         m_filling = true;
@@ -287,8 +288,11 @@ void PrintWorkPage::RefreshPrintWo()
         m_filling = false;
         cmdPrintSelect->setText(u"Select A&ll"_s);
         worklists::selectFirst(*grdPrintWO);
+        return true;
     });
-    rowSelected();
+    // A filter that the database refuses would be refused again for the services.
+    if (loaded)
+        rowSelected();
 }
 
 void PrintWorkPage::rowSelected()

@@ -22,7 +22,6 @@
 #include "workorders/ui/frmWOCompletedDate.h"
 
 #include <QCheckBox>
-#include <QGuiApplication>
 #include <QLineEdit>
 #include <QProgressDialog>
 #include <QPushButton>
@@ -35,16 +34,6 @@ namespace {
 constexpr const char *Module = "WorkOrder";
 const QString PrintedReport = u"ShowWorkorderReport"_s;
 const QString HistoryReport = u"ShowWorkorderHistoryReport"_s;
-
-/// Shows its shape in the busy pointer while it lives.
-class BusyPointer
-{
-public:
-    BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~BusyPointer() { QGuiApplication::restoreOverrideCursor(); }
-    BusyPointer(const BusyPointer &) = delete;
-    BusyPointer &operator=(const BusyPointer &) = delete;
-};
 
 QDate storedDate(const QString &option)
 {
@@ -299,7 +288,6 @@ void frmWorkorder::cmdPost_Click()
 
 bool frmWorkorder::post(QList<qint64> &orders)
 {
-    const BusyPointer busy;
     QProgressDialog progress(u"Posting work orders..."_s, {}, 0, 0, this);
     progress.setObjectName(u"prgPosting"_s);
     progress.setWindowTitle(windowTitle());

@@ -251,6 +251,28 @@ TEST_F(PrintWork, KeepsTheWindowInOrderAndForTheNextTime)
     EXPECT_EQ(GetOption(u"WoGroup"_s, true), u"1"_s);
 }
 
+TEST_F(PrintWork, ARefusedFilterIsReportedOnceAndLeavesTheList)
+{
+    service();
+    openPrinting();
+    driver().type("txtCrewRange", u"-5"_s);
+    press("cmdRefreshWo");
+    EXPECT_EQ(errors.takeOne().ProcedureName, u"RefreshPrintWo"_s);
+    EXPECT_EQ(column("grdPrintWO", u"Unit No"_s), QStringList{u"M1"_s});
+}
+
+TEST_F(PrintWork, ANoteIsKeptWhenAKeyPressesAButton)
+{
+    service();
+    openPrinting();
+    driver().type("txtGenServiceNote", u"Jim's turn"_s);
+    QTest::keyClick(&driver().control("txtGenServiceNote"), Qt::Key_E, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([] {
+        return value(u"Select [Note] from tblServiceUsed"_s).toString() == u"Jim's turn"_s;
+    }));
+    EXPECT_EQ(driver().text("txtGenServiceNote"), u"Jim's turn"_s);
+}
+
 TEST_F(PrintWork, FindsTheMachinesRowWithoutAnOrder)
 {
     service({{u"EquipmentID"_s, 2}});
