@@ -11,7 +11,7 @@ build_packages=(
     "fonts-liberation2|fonts-liberation"
 )
 run_packages=(qt6-qpa-plugins)
-test_packages=(libgtest-dev libgmock-dev "firebird3.0-utils|firebird4.0-utils")
+test_packages=(libgtest-dev libgmock-dev poppler-utils unzip "firebird3.0-utils|firebird4.0-utils")
 bench_packages=(libbenchmark-dev)
 
 is_installed() { dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null | grep -qx installed; }

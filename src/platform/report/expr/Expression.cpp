@@ -429,8 +429,8 @@ private:
             return node;
         }
         node.kind = Kind::Name;
-        node.text = token.text;
-        names.append(token.text.toLower());
+        node.text = token.text.toLower();
+        names.append(node.text);
         return node;
     }
 

@@ -1,5 +1,7 @@
 #include "platform/report/paginate/Compiled.h"
 
+#include <algorithm>
+
 namespace report::compiled {
 namespace {
 
@@ -74,6 +76,10 @@ private:
             compiled.printIf = value(band.printIf, u"a band's condition"_s, scope);
         for (const report::Object &object : band.objects)
             compiled.objects.push_back(compileObject(object, scope));
+        compiled.fixedHeight = std::none_of(
+            band.objects.cbegin(), band.objects.cend(), [&](const report::Object &object) {
+                return object.canGrow || object.y + object.height > band.height;
+            });
         compiled.dependsOnPage = m_dependsOnPage;
         compiled.hasAggregates = m_report.slots.size() > slotsBefore;
         bandsOf(band.kind, group).push_back(std::move(compiled));

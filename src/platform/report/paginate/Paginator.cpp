@@ -20,11 +20,12 @@ class PageWalk final : public RowWalk
 {
 public:
     PageWalk(const compiled::Report &report, const DataSource &rows, const Inputs &inputs,
-             QStringList &problems, const PageSink &sink, PageRuns counted)
+             QStringList &problems, const PageSink &sink, std::optional<PageRuns> counted)
         : RowWalk(report, rows, inputs, problems)
         , m_page(report.layout->page)
         , m_sink(sink)
-        , m_counted(std::move(counted))
+        , m_isCounting(!counted)
+        , m_counted(std::move(counted).value_or(PageRuns()))
     {
         for (const compiled::Band &band : report.pageFooter)
             m_footerHeight += band.layout->height;
@@ -59,6 +60,16 @@ private:
     {
         const std::size_t run = m_runs.size() - 1;
         return run < m_counted.size() ? m_counted[run] : 0;
+    }
+
+    /// While pages are only counted, the height of most bands is known without making them. Of high
+    /// ones it matters where they can be cut.
+    [[nodiscard]] MadeBand make(const compiled::Band &band)
+    {
+        const Length height = band.layout->height;
+        if (m_isCounting && band.fixedHeight && 2 * height < m_page.innerHeight())
+            return {{}, height, {}, {}};
+        return m_maker.make(band);
     }
 
     // --- Groups ------------------------------------------------------------------------------
@@ -122,10 +133,10 @@ private:
         if (m_breakPending)
             breakPage();
         if (!m_waiting) {
-            putOnPage(band, m_maker.make(band));
+            putOnPage(band, make(band));
             return;
         }
-        m_kept.push_back({&band, m_maker.make(band), m_row, {}});
+        m_kept.push_back({&band, make(band), m_row, {}});
         rememberShown(m_kept.back().made);
         m_keptHeight += m_kept.back().made.height;
         // What is longer than a page can't be kept together, and shall not fill the memory.
@@ -157,7 +168,7 @@ private:
             const bool remake = moved && kept.band->dependsOnPage &&
                                 (kept.row == m_row || !kept.band->hasAggregates);
             const QScopedValueRollback row(m_row, kept.row);
-            putOnPage(*kept.band, remake ? m_maker.make(*kept.band) : std::move(kept.made));
+            putOnPage(*kept.band, remake ? make(*kept.band) : std::move(kept.made));
             addPageValues(kept.pageValues);
             moved |= sheet != m_sheet;
         }
@@ -168,7 +179,7 @@ private:
     {
         if (m_breakPending || (!fits(made.height) && !m_bodyIsEmpty)) {
             breakPage();
-            made = m_maker.make(band); // page numbers and repeats have changed
+            made = make(band); // page numbers and repeats have changed
         }
         if (band.layout->atBottom)
             m_y = qMax(m_y, bodyBottom() - made.height);
@@ -239,7 +250,7 @@ private:
     {
         for (const compiled::Band &band : bands)
             if (m_maker.isPrinted(band))
-                put(m_maker.make(band));
+                put(make(band));
     }
 
     void finishPage()
@@ -255,6 +266,7 @@ private:
 
     const PageSetup &m_page;
     const PageSink &m_sink;
+    const bool m_isCounting;
     const PageRuns m_counted;
     PageRuns m_runs{0};
 
@@ -287,7 +299,7 @@ Outcome paginate(const Layout &layout, const DataSource &rows, const Inputs &inp
     if (report.needsTotalPages) {
         QStringList sameProblems;
         const PageSink none;
-        PageWalk counting(report, rows, inputs, sameProblems, none, {});
+        PageWalk counting(report, rows, inputs, sameProblems, none, std::nullopt);
         counting.run();
         counted = counting.pageRuns();
     }

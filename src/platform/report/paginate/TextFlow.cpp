@@ -1,9 +1,11 @@
 #include "platform/report/paginate/TextFlow.h"
 
 #include <QFontMetricsF>
-#include <QHash>
 #include <QTextLayout>
+#include <array>
 #include <cmath>
+#include <memory>
+#include <vector>
 
 namespace report {
 namespace {
@@ -14,24 +16,45 @@ QString face(const QString &family)
                                                               : family;
 }
 
-/// Fonts and their measures are costly to make and few.
-struct Measured
-{
-    QFont font;
-    QFontMetricsF metrics;
-};
+/// Letters up to here have widths of their own, whatever stands beside them: without kerning a
+/// text of them is as wide as they are together.
+constexpr char16_t LastSimpleLetter = 0x17f;
+constexpr char16_t SoftHyphen = 0xad;
 
-const Measured &measured(const Font &font)
+/// A font with its measures, which are costly to make, and are few.
+class Measured
 {
-    thread_local QHash<QString, std::shared_ptr<Measured>> known;
-    const QString key = QStringLiteral("%1/%2/%3%4%5")
-                            .arg(font.family)
-                            .arg(font.points)
-                            .arg(font.bold)
-                            .arg(font.italic)
-                            .arg(font.underline);
-    std::shared_ptr<Measured> &entry = known[key];
-    if (!entry) {
+public:
+    explicit Measured(const Font &font)
+        : wanted(font)
+        , made(makeFont(font))
+        , metrics(made)
+    {
+        widths.fill(-1);
+    }
+
+    [[nodiscard]] qreal width(const QString &text) const
+    {
+        qreal sum = 0;
+        for (const QChar c : text) {
+            const char16_t letter = c.unicode();
+            if (letter < u' ' || letter > LastSimpleLetter || letter == SoftHyphen)
+                return metrics.horizontalAdvance(text);
+            qreal &known = widths[letter];
+            if (known < 0)
+                known = metrics.horizontalAdvance(c);
+            sum += known;
+        }
+        return sum;
+    }
+
+    const Font wanted;
+    const QFont made;
+    const QFontMetricsF metrics;
+
+private:
+    static QFont makeFont(const Font &font)
+    {
         QFont made(face(font.family));
         made.setPixelSize(fromPoints(font.points));
         made.setBold(font.bold);
@@ -39,9 +62,20 @@ const Measured &measured(const Font &font)
         made.setUnderline(font.underline);
         made.setHintingPreference(QFont::PreferNoHinting);
         made.setKerning(false);
-        entry = std::make_shared<Measured>(Measured{made, QFontMetricsF(made)});
+        return made;
     }
-    return *entry;
+
+    mutable std::array<qreal, LastSimpleLetter + 1> widths;
+};
+
+const Measured &measured(const Font &font)
+{
+    thread_local std::vector<std::unique_ptr<Measured>> known;
+    for (const std::unique_ptr<Measured> &entry : known)
+        if (entry->wanted == font)
+            return *entry;
+    known.push_back(std::make_unique<Measured>(font));
+    return *known.back();
 }
 
 Length alignedStart(const Style &style, Length width, Length lineWidth)
@@ -61,7 +95,7 @@ Length alignedStart(const Style &style, Length width, Length lineWidth)
 
 QFont measuringFont(const Font &font)
 {
-    return measured(font).font;
+    return measured(font).made;
 }
 
 QList<TextLine> flowText(const QString &text, const Style &style, Length width)
@@ -73,8 +107,7 @@ QList<TextLine> flowText(const QString &text, const Style &style, Length width)
     QList<TextLine> lines;
     qreal top = style.padding;
     const auto place = [&](const QString &line) {
-        const auto lineWidth =
-            static_cast<Length>(std::lround(font.metrics.horizontalAdvance(line)));
+        const auto lineWidth = static_cast<Length>(std::lround(font.width(line)));
         lines.append({line, alignedStart(style, width, lineWidth),
                       static_cast<Length>(std::lround(top + ascent)), lineWidth});
         top += spacing;
@@ -83,11 +116,11 @@ QList<TextLine> flowText(const QString &text, const Style &style, Length width)
     clean.remove(u'\r');
     clean.replace(u'\t', QStringLiteral("    "));
     for (const QString &paragraph : clean.split(u'\n')) {
-        if (font.metrics.horizontalAdvance(paragraph) <= inner) {
+        if (font.width(paragraph) <= inner) {
             place(paragraph);
             continue;
         }
-        QTextLayout layout(paragraph, font.font);
+        QTextLayout layout(paragraph, font.made);
         QTextOption option;
         option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
         layout.setTextOption(option);
