@@ -4,6 +4,8 @@
 #include "platform/base/Error.h"
 #include "platform/base/Trapped.h"
 
+#include <QHash>
+#include <QMap>
 #include <QStringList>
 
 namespace generation {
@@ -32,39 +34,32 @@ const QStringList CopiedColumns{u"ServiceUsedID"_s,
                                 u"Period"_s,
                                 u"JobNo"_s};
 
-/// The condition under which services of a machine are taken.
-struct Selection
-{
-    QString condition;
-    qint64 equipment = 0;
-};
+/// The due services of these machines, by machine; a query for each machine would look through the
+/// whole window each time. Of a deleted crew CrewID is Null.
+using ServicesByMachine = QHash<qint64, QList<db::Row>>;
 
-Selection selectionOf(const WorkorderFilter &filter, qint64 equipment, bool withInactive)
+ServicesByMachine dueServices(const WorkorderFilter &filter, const QList<qint64> &machines,
+                              bool withInactive)
 {
-    QString condition =
-        BuildFilterExpression(filter) + u" And "_s + NotOnAnOrder + u" and Equipmentid = ?"_s;
-    if (!withInactive)
-        condition += u" and inactive = 0"_s;
-    return {condition, equipment};
-}
-
-db::Recordset crewsOf(const Selection &selection)
-{
-    return gcnData->Open(
-        u"Select tblCrew.CrewID From tblServiceUsed Left Join tblCrew on tblServiceUsed.CrewId = "
-        "tblCrew.crewID Where %1 AND (tblServiceUsed.SeparateWo = '0') group by tblCrew.CrewId"_s
-            .arg(selection.condition),
-        {selection.equipment});
-}
-
-db::Recordset servicesOf(const Selection &selection, const QString &also, const QVariantList &more)
-{
-    return gcnData->Open(
-        u"Select ServiceUsedID, ServiceID, EquipmentID, LastDateScheduled, LastDatePerformed, "
-        "NextScheduledDate, Name, tblCrew.CrewID, CostCenterID, SeparateWo, LaborEstimate, "
-        "CostEstimate, [Note], Period, JobNo From tblServiceUsed Left Join tblCrew on "
-        "tblServiceUsed.CrewId = tblCrew.crewID Where %1 AND %2"_s.arg(selection.condition, also),
-        QVariantList{selection.equipment} + more);
+    constexpr qsizetype listLength = 500;
+    ServicesByMachine services;
+    for (qsizetype at = 0; at < machines.size(); at += listLength) {
+        QStringList ids;
+        for (const qint64 machine : machines.mid(at, listLength))
+            ids.append(QString::number(machine));
+        const QString condition = BuildFilterExpression(filter) + u" And "_s + NotOnAnOrder +
+                                  u" and Equipmentid in (%1)"_s.arg(ids.join(u',')) +
+                                  (withInactive ? QString() : u" and inactive = 0"_s);
+        for (
+            const db::Row row : gcnData->Open(
+                u"Select ServiceUsedID, ServiceID, EquipmentID, LastDateScheduled, "
+                "LastDatePerformed, NextScheduledDate, Name, tblCrew.CrewID, CostCenterID, "
+                "SeparateWo, LaborEstimate, CostEstimate, [Note], Period, JobNo From "
+                "tblServiceUsed Left Join tblCrew on tblServiceUsed.CrewId = tblCrew.crewID Where "_s +
+                condition + u" order by ServiceUsedID"_s))
+            services[row.integer(u"EquipmentID")].append(row);
+    }
+    return services;
 }
 
 void AddOneService(qint64 workorderNo, const db::Row &service)
@@ -76,41 +71,43 @@ void AddOneService(qint64 workorderNo, const db::Row &service)
     addService(workorderNo, service, parts);
 }
 
-void AddGenerateWo(const Selection &selection, QList<qint64> &generated)
+void AddGenerateWo(qint64 machine, const QList<db::Row> &services, QList<qint64> &generated)
 {
-    for (const db::Row crew : crewsOf(selection)) {
-        // Services whose crew was deleted form a group without a number, and no order can be made
-        // for nobody.
-        if (crew.isNull(u"CrewID"))
+    QMap<qint64, QList<db::Row>> byCrew;
+    for (const db::Row &service : services) {
+        if (service.integer(u"SeparateWo") != 0)
+            continue;
+        // No order can be made for nobody.
+        if (service.isNull(u"CrewID"))
             throw base::Error(base::ErrorNumber::InvalidUseOfNull,
                               u"A due service of this machine belongs to a crew that has been "
                               "deleted. Give the service a crew first."_s);
-        const db::Recordset services =
-            servicesOf(selection, u"(tblServiceUsed.SeparateWo = '0') and tblcrew.crewid = ?"_s,
-                       {crew[u"CrewID"]});
-        // Another workstation may have put them on an order by now.
-        if (services.isEmpty())
-            continue;
-        const qint64 order = addOrder(selection.equipment);
+        byCrew[service.integer(u"CrewID")].append(service);
+    }
+    for (const QList<db::Row> &shared : std::as_const(byCrew)) {
+        const qint64 order = addOrder(machine);
         generated.append(order);
-        for (const db::Row service : services)
+        for (const db::Row &service : shared)
             AddOneService(order, service);
     }
-    for (const db::Row service :
-         servicesOf(selection, u"(tblServiceUsed.SeparateWo = '1')"_s, {})) {
-        const qint64 order = addOrder(selection.equipment);
+    for (const db::Row &service : services) {
+        if (service.integer(u"SeparateWo") != 1)
+            continue;
+        const qint64 order = addOrder(machine);
         generated.append(order);
         AddOneService(order, service);
     }
 }
 
-bool generate(const char *procedure, const QList<Selection> &selections, QList<qint64> &generated)
+bool generate(const WorkorderFilter &filter, const QList<qint64> &machines, bool withInactive,
+              QList<qint64> &generated)
 {
     QList<qint64> made;
-    const bool done = base::trapped(Module, procedure, false, [&] {
+    const bool done = base::trapped(Module, "AddGenerateWo", false, [&] {
         TransactionScope transaction;
-        for (const Selection &selection : selections)
-            AddGenerateWo(selection, made);
+        ServicesByMachine services = dueServices(filter, machines, withInactive);
+        for (const qint64 machine : machines)
+            AddGenerateWo(machine, services.take(machine), made);
         transaction.commit();
         return true;
     });
@@ -124,15 +121,12 @@ bool generate(const char *procedure, const QList<Selection> &selections, QList<q
 bool GenerateWorkorder(const WorkorderFilter &filter, const QList<qint64> &equipmentIDs,
                        QList<qint64> &generated)
 {
-    QList<Selection> selections;
-    for (const qint64 equipment : equipmentIDs)
-        selections.append(selectionOf(filter, equipment, false));
-    return generate("AddGenerateWo", selections, generated);
+    return generate(filter, equipmentIDs, false, generated);
 }
 
 bool generateForRow(const WorkorderFilter &filter, qint64 EquipmentID, QList<qint64> &generated)
 {
-    return generate("AddGenerateWo", {selectionOf(filter, EquipmentID, true)}, generated);
+    return generate(filter, {EquipmentID}, true, generated);
 }
 
 qint64 addOrder(qint64 EquipmentID)

@@ -185,31 +185,18 @@ QString historySummary(const QString &where)
 
 QString board()
 {
-    return u"SELECT distinct  UnitNO + ' - ' + Equipmentname AS [Unit No], NULL as [WorkOrderNo] "
-           "From  tblEquipment left JOIN tblServiceUsed ON tblEquipment.EquipmentID = "
-           "tblServiceUsed.EquipmentID Where (tblServiceUsed.NextScheduledDate >= Now()-30 and "
-           "tblServiceUsed.NextScheduledDate <= Now()) And Serviceusedid not in (Select "
-           "ServiceUsedId from tblWoServiceUsed) and tblServiceUsed.Inactive = 0 Union SELECT "
-           "DISTINCT UnitNO + ' - ' + Equipmentname AS [Unit No], tblWorkorder.WorkOrderNo FROM "
-           "(tblWorkOrder LEFT JOIN tblWoserviceUsed ON tblWorkOrder.WorkOrderNo = "
-           "tblWoserviceUsed.WorkOrderNo) LEFT JOIN tblEquipment ON tblWorkorder.EquipmentID = "
-           "tblEquipment.EquipmentID Where CompletedDate is NULL"_s;
-}
-
-QString boardDueServices()
-{
-    return u"SELECT UnitNO + ' - ' + Equipmentname AS [Unit No], Min(NextScheduledDate) AS Due, "
-           "Count(ServiceUsedID) AS Services From tblServiceUsed inner JOIN tblEquipment ON "
-           "tblEquipment.EquipmentID = tblServiceUsed.EquipmentID Where "
+    return u"SELECT UnitNO + ' - ' + Equipmentname AS [Unit No], NULL as [WorkOrderNo], "
+           "Min(NextScheduledDate) AS Due, Count(ServiceUsedID) AS Services From tblEquipment left "
+           "JOIN tblServiceUsed ON tblEquipment.EquipmentID = tblServiceUsed.EquipmentID Where "
            "(tblServiceUsed.NextScheduledDate >= Now()-30 and tblServiceUsed.NextScheduledDate <= "
            "Now()) And Serviceusedid not in (Select ServiceUsedId from tblWoServiceUsed) and "
-           "tblServiceUsed.Inactive = 0 GROUP BY UnitNO + ' - ' + Equipmentname"_s;
-}
-
-QString boardOrderServices()
-{
-    return u"SELECT WorkorderNo AS [WorkOrderNo], Min(NextScheduledDate) AS Due, "
-           "Count(NServiceUsedID) AS Services From tblWoServiceUsed GROUP BY WorkorderNo"_s;
+           "tblServiceUsed.Inactive = 0 GROUP BY UnitNO + ' - ' + Equipmentname Union SELECT "
+           "UnitNO + ' - ' + Equipmentname AS [Unit No], tblWorkorder.WorkOrderNo, "
+           "Min(NextScheduledDate) AS Due, Count(NServiceUsedID) AS Services FROM (tblWorkOrder "
+           "LEFT JOIN tblWoserviceUsed ON tblWorkOrder.WorkOrderNo = "
+           "tblWoserviceUsed.WorkOrderNo) LEFT JOIN tblEquipment ON tblWorkorder.EquipmentID = "
+           "tblEquipment.EquipmentID Where CompletedDate is NULL GROUP BY UnitNO + ' - ' + "
+           "Equipmentname, tblWorkorder.WorkOrderNo"_s;
 }
 
 } // namespace workorders::statements

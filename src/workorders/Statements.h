@@ -33,11 +33,8 @@ namespace workorders::statements {
 /// Costs of posted orders.
 [[nodiscard]] QString historySummary(const QString &where);
 
-/// Overdue services of the last 30 days and open orders, for the board.
+/// For the board, machines with services that fell due within the last 30 days (WorkOrderNo Null)
+/// and open orders: "Unit No", WorkOrderNo, Due (of the oldest service), Services (how many).
 [[nodiscard]] QString board();
-/// Beside it, when its services fell due and how many they are: by machine ("Unit No", Due,
-/// Services), and by order (WorkOrderNo, Due, Services).
-[[nodiscard]] QString boardDueServices();
-[[nodiscard]] QString boardOrderServices();
 
 } // namespace workorders::statements
