@@ -317,6 +317,14 @@ TEST(Paginate, ATextLongerThanAPageGoesOnOnTheNext)
                                        "P3 15 16 17 18 19 20 / P4 next");
 }
 
+TEST(Paginate, HeadersThatFillThePageLeaveABandForEach)
+{
+    const Layout layout = smallLayout(
+        QByteArray(R"(<band kind="pageHeader" height="28mm"><text content="P"/></band>)") +
+        detailN);
+    EXPECT_EQ(pageWords(layout, numbers(3)), "P 1 / P 2 / P 3");
+}
+
 TEST(Paginate, RepeatedValuesAreHiddenUntilAGroupOrPageBegins)
 {
     const QByteArray detail = R"(<band kind="detail" height="5mm">

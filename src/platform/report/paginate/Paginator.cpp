@@ -12,6 +12,9 @@ namespace {
 using compiled::Bands;
 using compiled::ScopeKind;
 
+/// Of a band that goes on over pages.
+constexpr Length SmallestPart = 500;
+
 /// The numbers of pages of each run of page numbers; a new run begins where numbering begins anew.
 using PageRuns = std::vector<int>;
 
@@ -184,7 +187,10 @@ private:
         if (band.layout->atBottom)
             m_y = qMax(m_y, bodyBottom() - made.height);
         while (!fits(made.height) && !m_stopped) {
-            std::optional<MadeBand> rest = splitBand(made, bodyBottom() - m_y);
+            // Slices over page after page would help nobody where headers fill the page.
+            const Length room = bodyBottom() - m_y;
+            std::optional<MadeBand> rest =
+                room < SmallestPart ? std::nullopt : splitBand(made, room);
             if (!rest)
                 break;
             put(std::move(made));
