@@ -85,13 +85,16 @@ QDate CheckWeek(const Weeks &weeks, QDate Date, bool &MonthChanged)
 
 QDate CheckDay(const Days &days, QDate Date, bool &MonthChanged, bool &WeekChanged)
 {
-    const int month = Date.month();
-    const int firstWeekday = weekday(QDate(Date.year(), month, 1));
+    // The walk counts days and asks the calendar only at its end.
+    const int dayOfMonth = Date.day();
+    const int lastDay = Date.daysInMonth();
     int day = weekday(Date);
+    const int firstWeekday = (day - dayOfMonth % 7 + 7) % 7 + 1;
+    int steps = 0;
     while (days[day] != Selected) {
         day = day % 7 + 1;
-        Date = Date.addDays(1);
-        if (Date.month() != month) {
+        ++steps;
+        if (dayOfMonth + steps > lastDay) {
             MonthChanged = true;
             break;
         }
@@ -100,7 +103,7 @@ QDate CheckDay(const Days &days, QDate Date, bool &MonthChanged, bool &WeekChang
             break;
         }
     }
-    return Date;
+    return Date.addDays(steps);
 }
 
 QDate CheckDom(const DomDays &domDays, QDate Date)

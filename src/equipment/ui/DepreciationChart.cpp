@@ -3,7 +3,6 @@
 #include "platform/db/Recordset.h"
 #include "platform/input/Theme.h"
 
-#include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
 
 #include <algorithm>
@@ -14,53 +13,15 @@ namespace {
 
 constexpr int MostYearLabels = 12;
 
-QLineSeries *makeLine(const QString &name, const QColor &color, Qt::PenStyle style)
-{
-    auto *line = new QLineSeries;
-    line->setName(name);
-    line->setPen(QPen(color, 2, style));
-    line->setPointsVisible(true);
-    return line;
-}
-
-void dress(QValueAxis &axis)
-{
-    axis.setLabelsFont(theme::textFont());
-    axis.setLabelsColor(theme::textColor());
-    axis.setLinePenColor(theme::lineColor());
-    axis.setGridLineColor(theme::lineColor().lighter(135));
-}
-
 } // namespace
 
 DepreciationChart::DepreciationChart(QWidget *parent)
-    : QChartView(parent)
-{
-    setObjectName(u"DepreciationChart"_s);
-    setAccessibleName(u"Curve of the depreciation"_s);
-    setRenderHint(QPainter::Antialiasing);
-    setMinimumHeight(210);
-    setFrameShape(QFrame::StyledPanel);
-    setFocusPolicy(Qt::NoFocus);
-    setBackgroundBrush(Qt::white);
-    chart()->setBackgroundVisible(false);
-    chart()->setMargins({0, 0, 8, 0});
-    chart()->setTitleFont(theme::labelFont());
-    chart()->setTitleBrush(theme::mainColor());
-    chart()->legend()->setFont(theme::textFont());
-    chart()->legend()->setAlignment(Qt::AlignBottom);
-}
+    : LineChart(u"DepreciationChart"_s, u"Curve of the depreciation"_s, parent)
+{}
 
 void DepreciationChart::show(const db::Recordset &rows)
 {
-    chart()->removeAllSeries();
-    const auto former = chart()->axes();
-    for (QAbstractAxis *axis : former) {
-        chart()->removeAxis(axis);
-        delete axis;
-    }
-    chart()->legend()->setVisible(!rows.isEmpty());
-    chart()->setTitle(rows.isEmpty() ? u"No schedule yet"_s : QString());
+    clear(rows.isEmpty() ? u"No schedule yet"_s : QString());
     if (rows.isEmpty())
         return;
 

@@ -1,13 +1,13 @@
 #pragma once
 
-#include <QtCharts/QChartView>
+#include "core/ui/LineChart.h"
 
 namespace db {
 class Recordset;
 }
 
 /// The curve of a depreciation schedule: book value and accumulated depreciation over the years.
-class DepreciationChart final : public QChartView
+class DepreciationChart final : public LineChart
 {
     Q_OBJECT
 
@@ -17,5 +17,5 @@ public:
     /// Draws the rows of a schedule, columns [End of Year], [Accumualted Depreciation] and
     /// [Book Value]; without rows the chart says that there are none.
     void show(const db::Recordset &rows);
-    using QChartView::show;
+    using LineChart::show;
 };

@@ -8,6 +8,7 @@
 #include "platform/input/Theme.h"
 #include "scheduling/Readings.h"
 #include "scheduling/ui/Entries.h"
+#include "scheduling/ui/ReadingTrend.h"
 
 #include <QPushButton>
 
@@ -35,7 +36,12 @@ void CountPage::buildPage()
                             {{.name = u"Count Date"_s, .width = 120},
                              {.name = u"Count Type"_s, .width = 120},
                              {.name = u"Count Value"_s, .width = 120}});
+    m_trend = new ReadingTrend(this);
+    form.beginColumns();
     form.widget(grdCount, true);
+    form.nextColumn();
+    form.widget(m_trend, true);
+    form.endColumns();
     cmdAddCount = form.leftButton(u"cmdAddCount"_s, u"Add &Count"_s, theme::icon(u"add"_s));
     cmdDeleteCount =
         form.leftButton(u"cmdDeleteCount"_s, u"De&lete Count"_s, theme::icon(u"delete"_s));
@@ -48,10 +54,12 @@ void CountPage::RefreshCountGrid(qint64 EquipmentID)
 {
     base::trapped(Module, "RefreshCountGrid", [&] {
         m_equipment = EquipmentID;
-        grdCount->rows().setRecordset(gcnData->Open(
+        const db::Recordset counts = gcnData->Open(
             u"Select Changedate as [Count Date], CountType as [Count Type], CountValue as [Count "
             "Value] from tblEquipmentCount Where EquipmentID = ?"_s,
-            {m_equipment}));
+            {m_equipment});
+        grdCount->rows().setRecordset(counts);
+        m_trend->show(counts);
         grdCount->selectRow(grdCount->displayedOrder().value(0, -1));
     });
     EnableControls();

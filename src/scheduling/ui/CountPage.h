@@ -5,6 +5,7 @@
 #include <QWidget>
 
 class QPushButton;
+class ReadingTrend;
 
 namespace grid {
 class GridView;
@@ -42,6 +43,7 @@ private:
     bool m_mayEdit = true;
 
     grid::GridView *grdCount = nullptr;
+    ReadingTrend *m_trend = nullptr;
     QPushButton *cmdAddCount = nullptr;
     QPushButton *cmdDeleteCount = nullptr;
 };

@@ -1,0 +1,67 @@
+#include "scheduling/ui/ReadingTrend.h"
+
+#include "platform/db/Recordset.h"
+#include "platform/input/Theme.h"
+
+#include <QtCharts/QDateTimeAxis>
+#include <QtCharts/QValueAxis>
+
+#include <algorithm>
+#include <map>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// By count type: the readings in the order of their dates.
+using Courses = std::map<QString, QList<QPointF>>;
+
+Courses coursesOf(const db::Recordset &readings)
+{
+    Courses courses;
+    for (const db::Row reading : readings) {
+        const QDateTime date = reading.date(u"Count Date");
+        if (date.isValid())
+            courses[reading.text(u"Count Type")].append(
+                {static_cast<double>(date.toMSecsSinceEpoch()), reading.real(u"Count Value")});
+    }
+    for (auto &[type, points] : courses)
+        std::ranges::sort(points, {}, [](const QPointF &point) { return point.x(); });
+    return courses;
+}
+
+} // namespace
+
+ReadingTrend::ReadingTrend(QWidget *parent)
+    : LineChart(u"ReadingTrend"_s, u"Course of the meter readings"_s, parent)
+{}
+
+void ReadingTrend::show(const db::Recordset &readings)
+{
+    const Courses courses = coursesOf(readings);
+    clear(courses.empty() ? u"No readings yet"_s : QString());
+    if (courses.empty())
+        return;
+
+    const QColor colors[] = {theme::mainColor(), theme::accentColor(), theme::selectionColor(),
+                             theme::disabledColor()};
+    auto *dates = new QDateTimeAxis;
+    dates->setFormat(u"MM/yyyy"_s);
+    dates->setTickCount(4);
+    auto *counts = new QValueAxis;
+    counts->setLabelFormat(u"%.0f"_s);
+    dress(*dates);
+    dress(*counts);
+    chart()->addAxis(dates, Qt::AlignBottom);
+    chart()->addAxis(counts, Qt::AlignLeft);
+    std::size_t next = 0;
+    for (const auto &[type, points] : courses) {
+        QLineSeries *line = makeLine(type, colors[next++ % std::size(colors)]);
+        line->setPointsVisible(points.size() < 40);
+        line->replace(points);
+        chart()->addSeries(line);
+        line->attachAxis(dates);
+        line->attachAxis(counts);
+    }
+    counts->applyNiceNumbers();
+}
