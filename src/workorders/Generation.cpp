@@ -34,31 +34,38 @@ const QStringList CopiedColumns{u"ServiceUsedID"_s,
                                 u"Period"_s,
                                 u"JobNo"_s};
 
-/// The due services of these machines, by machine; a query for each machine would look through the
-/// whole window each time. Of a deleted crew CrewID is Null.
+/// The due services of these machines, by machine. Of a deleted crew CrewID is Null.
 using ServicesByMachine = QHash<qint64, QList<db::Row>>;
+
+/// The condition that names the machines, empty when they are so many that the whole window is read
+/// faster than they are picked out.
+QString machineCondition(const QList<qint64> &machines)
+{
+    constexpr qsizetype few = 20;
+    if (machines.size() > few)
+        return {};
+    QStringList ids;
+    for (const qint64 machine : machines)
+        ids.append(QString::number(machine));
+    return u" and Equipmentid in (%1)"_s.arg(ids.join(u','));
+}
 
 ServicesByMachine dueServices(const WorkorderFilter &filter, const QList<qint64> &machines,
                               bool withInactive)
 {
-    constexpr qsizetype listLength = 500;
     ServicesByMachine services;
-    for (qsizetype at = 0; at < machines.size(); at += listLength) {
-        QStringList ids;
-        for (const qint64 machine : machines.mid(at, listLength))
-            ids.append(QString::number(machine));
-        const QString condition = BuildFilterExpression(filter) + u" And "_s + NotOnAnOrder +
-                                  u" and Equipmentid in (%1)"_s.arg(ids.join(u',')) +
-                                  (withInactive ? QString() : u" and inactive = 0"_s);
-        for (
-            const db::Row row : gcnData->Open(
-                u"Select ServiceUsedID, ServiceID, EquipmentID, LastDateScheduled, "
-                "LastDatePerformed, NextScheduledDate, Name, tblCrew.CrewID, CostCenterID, "
-                "SeparateWo, LaborEstimate, CostEstimate, [Note], Period, JobNo From "
-                "tblServiceUsed Left Join tblCrew on tblServiceUsed.CrewId = tblCrew.crewID Where "_s +
-                condition + u" order by ServiceUsedID"_s))
-            services[row.integer(u"EquipmentID")].append(row);
-    }
+    if (machines.isEmpty())
+        return services;
+    const QString condition = BuildFilterExpression(filter) + u" And "_s + NotOnAnOrder +
+                              machineCondition(machines) +
+                              (withInactive ? QString() : u" and inactive = 0"_s);
+    for (const db::Row row : gcnData->Open(
+             u"Select ServiceUsedID, ServiceID, EquipmentID, LastDateScheduled, LastDatePerformed, "
+             "NextScheduledDate, Name, tblCrew.CrewID, CostCenterID, SeparateWo, LaborEstimate, "
+             "CostEstimate, [Note], Period, JobNo From tblServiceUsed Left Join tblCrew on "
+             "tblServiceUsed.CrewId = tblCrew.crewID Where "_s +
+             condition + u" order by ServiceUsedID"_s))
+        services[row.integer(u"EquipmentID")].append(row);
     return services;
 }
 

@@ -80,6 +80,22 @@ TEST_F(GenerateWorkorder, TakesTheServicesOfTheWindowBothEndsIncluded)
             << qPrintable(row.name);
 }
 
+TEST_F(GenerateWorkorder, OfManyMachinesOnlyTheChosenGetOrders)
+{
+    QList<qint64> chosen;
+    for (qint64 id = 100; id < 130; ++id) {
+        machine(id, u"U%1"_s.arg(id));
+        service({{u"EquipmentID"_s, id}});
+        if (id != 105)
+            chosen.append(id);
+    }
+    service();
+    ASSERT_TRUE(generate(chosen));
+    EXPECT_EQ(made.size(), 29);
+    EXPECT_EQ(count(u"tblWorkorder"_s, u"EquipmentID in (1,105)"_s), 0);
+    EXPECT_EQ(count(u"tblWoServiceUsed"_s), 29);
+}
+
 TEST_F(GenerateWorkorder, CopiesTheServiceWithItsParts)
 {
     part(u"P1"_s, 5);
