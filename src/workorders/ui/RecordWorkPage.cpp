@@ -105,7 +105,7 @@ QList<grid::Column> partColumns()
 {
     return {{.name = u"Part Number"_s, .width = 95},
             check(u"Used"_s, 45),
-            {.name = u"Description"_s, .width = 150},
+            {.name = u"Description"_s, .width = 135},
             {.name = u"Qty Req"_s, .width = 60, .format = u"0.00"_s},
             {.name = u"Qty Used"_s,
              .width = 65,
