@@ -9,8 +9,8 @@
 #include "platform/input/FormBuilder.h"
 #include "platform/input/Theme.h"
 #include "platform/report/viewer/ReportViewer.h"
-#include "reporting/RecordsetSource.h"
 #include "reporting/ReportFiles.h"
+#include "reporting/ReportRows.h"
 #include "scheduling/Readings.h"
 
 #include <QApplication>
@@ -50,7 +50,7 @@ bool showReport(const Report &report, const std::function<db::Recordset()> &open
         frmReportPreview preview(report.title, QApplication::activeWindow());
         {
             const BusyPointer busy;
-            auto rows = std::make_shared<RecordsetSource>(open());
+            auto rows = std::make_shared<ReportRows>(open());
             if (rows->rowCount() > 0) {
                 rows->sortBy(report.sort);
                 if (report.once.size() == 3)
@@ -86,7 +86,7 @@ frmReportPreview::frmReportPreview(const QString &title, QWidget *parent)
     connect(cmdExit, &QPushButton::clicked, this, [this] { unload(); });
 }
 
-void frmReportPreview::show(const QString &layout, std::shared_ptr<RecordsetSource> rows,
+void frmReportPreview::show(const QString &layout, std::shared_ptr<ReportRows> rows,
                             const QHash<QString, QString> &texts)
 {
     report::Inputs inputs;

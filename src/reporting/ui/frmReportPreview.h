@@ -6,7 +6,7 @@
 #include <memory>
 
 class QPushButton;
-class RecordsetSource;
+class ReportRows;
 
 namespace report {
 class ReportViewer;
@@ -23,7 +23,7 @@ public:
 
     /// Shows the rows in the layout, with the company's name and the other named texts. Raises
     /// base::Error when the layout can't be read.
-    void show(const QString &layout, std::shared_ptr<RecordsetSource> rows,
+    void show(const QString &layout, std::shared_ptr<ReportRows> rows,
               const QHash<QString, QString> &texts = {});
 
 private:

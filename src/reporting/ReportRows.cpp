@@ -1,18 +1,18 @@
-#include "reporting/RecordsetSource.h"
+#include "reporting/ReportRows.h"
 
 #include "platform/report/expr/Expression.h"
 
 #include <algorithm>
 #include <numeric>
 
-RecordsetSource::RecordsetSource(db::Recordset rows)
+ReportRows::ReportRows(db::Recordset rows)
     : m_rows(std::move(rows))
     , m_order(static_cast<std::size_t>(m_rows.RecordCount()))
 {
     std::iota(m_order.begin(), m_order.end(), 0);
 }
 
-void RecordsetSource::sortBy(const QStringList &fields)
+void ReportRows::sortBy(const QStringList &fields)
 {
     std::vector<int> columns;
     for (const QString &field : fields)
@@ -29,7 +29,7 @@ void RecordsetSource::sortBy(const QStringList &fields)
     });
 }
 
-void RecordsetSource::addOnce(const QString &name, const QString &field, const QString &key)
+void ReportRows::addOnce(const QString &name, const QString &field, const QString &key)
 {
     const int keyColumn = m_rows.columnIndex(key);
     const int column = m_rows.columnIndex(field);
@@ -42,12 +42,12 @@ void RecordsetSource::addOnce(const QString &name, const QString &field, const Q
     m_once.push_back(std::move(once));
 }
 
-int RecordsetSource::rowCount() const
+int ReportRows::rowCount() const
 {
     return static_cast<int>(m_order.size());
 }
 
-int RecordsetSource::fieldIndex(const QString &name) const
+int ReportRows::fieldIndex(const QString &name) const
 {
     for (std::size_t index = 0; index < m_once.size(); ++index)
         if (name.compare(m_once[index].name, Qt::CaseInsensitive) == 0)
@@ -55,7 +55,7 @@ int RecordsetSource::fieldIndex(const QString &name) const
     return m_rows.columnIndex(name);
 }
 
-QVariant RecordsetSource::value(int row, int field) const
+QVariant ReportRows::value(int row, int field) const
 {
     const int stored = m_order[static_cast<std::size_t>(row)];
     if (field < m_rows.columnCount())

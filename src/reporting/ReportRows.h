@@ -8,10 +8,10 @@
 
 /// A recordset as the rows of a report. Reports group their rows and so need them sorted, which
 /// the queries leave open.
-class RecordsetSource final : public report::DataSource
+class ReportRows final : public report::DataSource
 {
 public:
-    explicit RecordsetSource(db::Recordset rows);
+    explicit ReportRows(db::Recordset rows);
 
     /// Sorts by these fields in their order; rows that are equal in all keep theirs. A field that
     /// the rows lack is passed over.
