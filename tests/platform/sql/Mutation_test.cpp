@@ -81,28 +81,21 @@ TEST(Mutations, EveryTextIsTranslatedOrRefusedByTheDialect)
     EXPECT_GT(refused, 50);
 }
 
-TEST(Mutations, TheTimeGrowsWithTheLengthAndNotFaster)
+TEST(Mutations, AVeryLongStatementIsReadWithinTheTimeOfATest)
 {
-    const auto milliseconds = [](const QString &statement) {
-        QElapsedTimer timer;
-        timer.start();
+    const auto read = [](const QString &statement) {
         try {
             static_cast<void>(sql::lift(statement));
             static_cast<void>(sql::translate(statement, test::machineSchema()));
-        } catch (const base::Error &) {
-            return timer.elapsed();
+        } catch (const base::Error &error) {
+            EXPECT_NE(error.number(), 0);
         }
-        return timer.elapsed();
     };
-    // Quadratic behaviour would take minutes here.
+    // Anything quadratic would take minutes here, which the time limit of every test ends.
     const int count = 100'000;
     for (const QString &repeated : {u"[select "_s, u"["_s, u"'a"_s, u"(select "_s, u" or Id = 1"_s,
                                     u", 1"_s, u"not "_s, u"- "_s, u" & Name"_s, u" + 1 & 'x'"_s}) {
-        const QString statement =
-            u"select Id from Machine where Id in (1) "_s + repeated.repeated(count);
-        EXPECT_LT(milliseconds(statement), 10'000) << qPrintable(repeated);
-        EXPECT_LT(milliseconds(u"select 1 "_s + repeated.repeated(count) + u" from Machine"_s),
-                  10'000)
-            << qPrintable(repeated);
+        read(u"select Id from Machine where Id in (1) "_s + repeated.repeated(count));
+        read(u"select 1 "_s + repeated.repeated(count) + u" from Machine"_s);
     }
 }
