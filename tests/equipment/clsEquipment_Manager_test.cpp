@@ -3,6 +3,7 @@
 #include "core/CompanySession.h"
 #include "equipment/DocumentStore.h"
 #include "platform/base/Format.h"
+#include "platform/db/HelperProcess.h"
 #include "support/ScriptedPrompts.h"
 
 #include <QDir>
@@ -300,12 +301,13 @@ TEST_F(Machines, ASaveThatFailsLeavesTheTransactionOpen)
     EXPECT_EQ(storedRow(2).value(u"UnitNo"_s), u"B");
 }
 
-TEST_F(Machines, ARowThatAnotherWorkstationChangesCanBeSavedLater)
+TEST_F(Machines, ARowThatAnotherProgramChangesCanBeSavedLater)
 {
     ASSERT_TRUE(manager.SaveRecord(fullMachine(), Mode::Add));
-    const auto other = database.open();
-    other->BeginTrans();
-    other->Execute(u"update tblEquipment set Capacity = 'theirs' where EquipmentID = 77"_s);
+    test::HelperProcess other(
+        u"hold-row"_s, database.file(), QProcessEnvironment::systemEnvironment(),
+        u"update tblEquipment set Capacity = 'theirs' where EquipmentID = 77"_s);
+    ASSERT_EQ(other.line(), u"holding"_s);
 
     clsEquipment mine = fullMachine();
     mine.VehicleColor = u"mine"_s;
@@ -314,7 +316,7 @@ TEST_F(Machines, ARowThatAnotherWorkstationChangesCanBeSavedLater)
                    Icon::None);
     EXPECT_FALSE(manager.SaveRecord(mine, Mode::Modify));
     EXPECT_TRUE(gbInTransaction);
-    other->CommitTrans();
+    ASSERT_TRUE(other.finish());
     EXPECT_TRUE(manager.SaveRecord(mine, Mode::Modify));
     CommitTrans();
     EXPECT_EQ(storedRow(77).value(u"VehicleColor"_s), u"mine");

@@ -59,12 +59,12 @@ void writeForever(const QString &file)
     }
 }
 
-/// Changes a row in a transaction and keeps it open until a line comes in; then rolls back.
-void holdRow(const QString &file)
+/// Runs a statement in a transaction and keeps it open until a line comes in; then rolls back.
+void holdRow(const QString &file, const QString &statement)
 {
     db::Connection connection(targetOf(file));
     connection.BeginTrans();
-    connection.Execute(u"Update tblLog set Side = 99 where Number = 1"_s);
+    connection.Execute(statement);
     say(u"holding"_s);
     waitForInput();
     connection.RollbackTrans();
@@ -128,7 +128,7 @@ int main(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() != 3)
+    if (arguments.size() < 3)
         return 2;
     const QString &command = arguments[1];
     const QString &file = arguments[2];
@@ -136,7 +136,7 @@ int main(int argc, char *argv[])
         if (command == u"write-forever"_s)
             writeForever(file);
         else if (command == u"hold-row"_s)
-            holdRow(file);
+            holdRow(file, arguments.value(3));
         else if (command == u"attach"_s)
             attach(file);
         else if (command == u"fill-disk"_s)

@@ -12,13 +12,14 @@ class HelperProcess
 public:
     explicit HelperProcess(
         const QString &command, const QString &file,
-        const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment())
+        const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment(),
+        const QString &statement = {})
     {
         m_process.setProcessEnvironment(environment);
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         m_process.start(QCoreApplication::applicationDirPath() +
                             QStringLiteral("/platform_db_test_helper"),
-                        {command, file});
+                        {command, file, statement});
         EXPECT_TRUE(m_process.waitForStarted());
     }
     ~HelperProcess() { kill(); }

@@ -138,7 +138,8 @@ TEST_F(Transaction, TheEndOfAConnectionRollsBack)
 
 TEST_F(Transaction, AnotherProgramHoldsItsRowsOnly)
 {
-    HelperProcess helper(u"hold-row"_s, database.file());
+    HelperProcess helper(u"hold-row"_s, database.file(), QProcessEnvironment::systemEnvironment(),
+                         u"Update tblLog set Side = 99 where Number = 1"_s);
     ASSERT_EQ(helper.line(), u"holding"_s);
     EXPECT_EQ(
         raisedBy([&] { data.Execute(u"Update tblLog set Side = 1 where Number = 1"_s); }).number(),
