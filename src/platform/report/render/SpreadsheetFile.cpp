@@ -116,8 +116,11 @@ private:
     {
         const qint64 spare = 4 * CopiedAtOnce;
         std::FILE *rows = m_sheet->optimize_tmpfile;
-        if (rows && (std::fflush(rows) != 0 || std::ferror(rows) ||
-                     QStorageInfo(m_folder.path()).bytesAvailable() < std::ftell(rows) + spare))
+        // A place of which the system tells nothing is taken to have room.
+        const QStorageInfo place(m_folder.path());
+        const bool isFull =
+            place.isValid() && rows && place.bytesAvailable() < std::ftell(rows) + spare;
+        if (rows && (std::fflush(rows) != 0 || std::ferror(rows) || isFull))
             throw base::Error(
                 base::ErrorNumber::DiskFull,
                 u"The spreadsheet can't be written: no space is left in \"%1\"."_s.arg(
