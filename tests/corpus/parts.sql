@@ -1,52 +1,8 @@
 -- Parts, parts of a machine, check-in, part selection, quick find of a part.
 
--- name: all parts
--- rows: 5
--- row 1: P-100
--- row 4: p-400
-select * from tblPart order by PartID;
-
--- name: part categories of a table that does not exist
--- error: 0x80040E37
-SELECT * From  tblPartCategory Order by PartCategoryID;
-
--- name: all suppliers
--- rows: 3
--- row 1: 2
-SELECT * From  tblSupplier Order by Name;
-
--- name: new part
--- changes: 1
-insert into tblPart(PartID, Description, PartCategoryID, Quantity, Price, SupplierID, QtyMax, QtyMin,
-Inactive, Notes, Bin, Bar_Code, TrackInventory) values('P-O''9','9" hose','151','0','12.34','0','0','0',
-'0','it''s new','','','1');
--- row 1: 9" hose | 12.34 | 0 | -1
-select Description, Price, Inactive, TrackInventory from tblPart where PartID = 'p-o''9';
-
--- name: the same part in other letters
--- error: -2147467259
-insert into tblPart(PartID, Description) values('P-400','Rags again');
-
--- name: change a part
--- changes: 1
-update tblPart set Description='Oil filter',PartCategoryID='152',Quantity='10.25',Price='13',
-SupplierID='2',PartID='P-101',QtyMax='20',QtyMin='5',Inactive='1',Notes='',Bin='B9',Bar_Code='',
-TrackInventory='0' where PartID='P-100';
--- row 1: 10.25 | -1 | 0
-select Quantity, Inactive, TrackInventory from tblPart where PartID = 'P-101';
-
--- name: delete a part
--- changes: 1
-Delete from tblPart where PartID='P-O''5';
-
 -- name: committed quantity
 -- row 1: 7
 Select Sum(QuantityRequired) from tblWoPartUsed Where PartID = 'P-100';
-
--- name: no committed quantity
--- rows: 1
--- row 1: null
-Select Sum(QuantityRequired) from tblWoPartUsed Where PartID = 'P-O''5';
 
 -- name: parts of a machine
 -- columns: Part Number | Description | Qty Req | Extended Cost
@@ -64,29 +20,10 @@ Select tblPart.Partid as [Part Number],Description, tblEquipmentPart.QuantityReq
 ,tblEquipmentPart.Price as [Extended Cost] from tblEquipmentPart Left Join tblPart on
 tblEquipmentPart.PartID = tblPart.PartID where EquipmentID = 502;
 
--- name: add a part to a machine
--- changes: 1
-insert into tblEquipmentPart(EquipmentID,PartID,QuantityRequired,Price,SupplierID) values('503',
-'P-O''5','1.50','0.1','2');
-
--- name: remove a part from a machine
--- changes: 1
-Delete From tblEquipmentPart where EquipmentId = 501 and PartID = 'P-O''5';
-
--- name: check-in list
--- columns: Part Number | Description | Qty on Hand
--- rows: 5
-SELECT tblPart.PartID as [Part Number], tblPart.Description, tblPart.Quantity as [Qty on Hand] FROM
-tblPart;
-
 -- name: check-in list of parts to reorder
 -- rows: 4
 SELECT tblPart.PartID as [Part Number], tblPart.Description, tblPart.Quantity as [Qty on Hand] FROM
 tblPart where  Quantity<=QtyMin;
-
--- name: check in
--- changes: 1
-Update tblPart Set Quantity=12.5 where  PartID='P-O''5';
 
 -- name: parts to choose from
 -- columns: Part Number | Description | Part Category | Qty on Hand | Price | Supplier | Inactive | SupplierID
@@ -99,20 +36,6 @@ tblPart.SupplierID FROM (tblPart LEFT JOIN tblSupplier ON tblPart.SupplierID = t
 LEFT JOIN tblIndicator ON tblPart.PartCategoryID = tblIndicator.ItemID Where tblpart.Inactive=No order
 by tblpart.PartID;
 
--- name: parts to choose from without some
--- rows: 2
--- row 1: P-200
--- row 2: p-400
-SELECT tblPart.PartID as [Part Number] , tblPart.Description, tblIndicator.ItemName as [Part Category],
-tblPart.Quantity as [Qty on Hand], tblPart.Price, tblSupplier.Name as [Supplier], tblPart.Inactive,
-tblPart.SupplierID FROM (tblPart LEFT JOIN tblSupplier ON tblPart.SupplierID = tblSupplier.SupplierID)
-LEFT JOIN tblIndicator ON tblPart.PartCategoryID = tblIndicator.ItemID Where tblpart.Inactive=No and
-tblpart.partId not in ( 'p-100', 'P-O''5' ) order by tblpart.PartID;
-
--- name: forget a picked part
--- changes: 1
-Delete from tblTempServicePart where PartId='p-100';
-
 -- name: quick find of active parts
 -- columns: PartID | Part Number | Description | Part Category | Qty on Hand | Price | Supplier | Inactive
 -- rows: 4
@@ -122,39 +45,6 @@ SELECT tblPart.PartID, tblPart.PartID AS [Part Number], tblPart.Description , tb
 tblPart.Inactive FROM (tblPart LEFT JOIN tblIndicator ON tblPart.PartCategoryID = tblIndicator.ItemID)
 LEFT JOIN tblSupplier ON tblPart.SupplierID = tblSupplier.SupplierID where Inactive = 0 order by
 tblPart.[PartID]  ASC;
-
--- name: quick find of active parts of a category
--- rows: 2
-SELECT tblPart.PartID, tblPart.PartID AS [Part Number], tblPart.Description , tblIndicator.ItemName AS
-[Part Category], tblPart.Quantity as [Qty on Hand], tblPart.Price, tblSupplier.Name AS Supplier,
-tblPart.Inactive FROM (tblPart LEFT JOIN tblIndicator ON tblPart.PartCategoryID = tblIndicator.ItemID)
-LEFT JOIN tblSupplier ON tblPart.SupplierID = tblSupplier.SupplierID where Inactive = 0 and
-PartCategoryID = 151 order by tblPart.[PartID]  ASC;
-
--- name: quick find of all parts of a category
--- rows: 3
-SELECT tblPart.PartID, tblPart.PartID AS [Part Number], tblPart.Description , tblIndicator.ItemName AS
-[Part Category], tblPart.Quantity as [Qty on Hand], tblPart.Price, tblSupplier.Name AS Supplier,
-tblPart.Inactive FROM (tblPart LEFT JOIN tblIndicator ON tblPart.PartCategoryID = tblIndicator.ItemID)
-LEFT JOIN tblSupplier ON tblPart.SupplierID = tblSupplier.SupplierID where PartCategoryID = 151 order by
-tblPart.[PartID]  ASC;
-
--- name: quick find of all parts
--- rows: 5
--- row 1: P-100
-SELECT tblPart.PartID, tblPart.PartID AS [Part Number], tblPart.Description , tblIndicator.ItemName AS
-[Part Category], tblPart.Quantity as [Qty on Hand], tblPart.Price, tblSupplier.Name AS Supplier,
-tblPart.Inactive FROM (tblPart LEFT JOIN tblIndicator ON tblPart.PartCategoryID = tblIndicator.ItemID)
-LEFT JOIN tblSupplier ON tblPart.SupplierID = tblSupplier.SupplierID order by tblPart.[PartID]  ASC;
-
--- name: quick find list of parts with both kinds
--- rows: 5
--- row 1: Belt
-SELECT tblPart.Description, tblPart.PartID, tblPart.PartID AS [Part Number], tblIndicator.ItemName AS
-[Part Category], tblPart.Quantity AS [Qty on Hand], tblPart.Price, tblSupplier.Name AS Supplier,
-tblPart.Inactive FROM (tblPart LEFT JOIN tblIndicator ON tblPart.PartCategoryID = tblIndicator.ItemID)
-LEFT JOIN tblSupplier ON tblPart.SupplierID = tblSupplier.SupplierID where Inactive = -1 or Inactive = 0
-order by tblPart.[Description]  ASC;
 
 -- name: quick find list of machines
 -- columns: EquipmentID | Unit No | Name | Type | Make | Model | Serial No | Site | Location | Assigned to | Inactive | License
@@ -171,22 +61,6 @@ tblEquipment.EquipmentMake = Make.ItemID) LEFT JOIN tblIndicator AS Model ON tbl
 = Model.ItemID) LEFT JOIN tblSite ON tblEquipment.SiteID = tblSite.SiteID) LEFT JOIN tblLocation ON
 tblEquipment.LocationID = tblLocation.LocationID) LEFT JOIN tblCrew ON tblEquipment.CrewID =
 tblCrew.CrewID where tblEquipment.Inactive  = '0' order by tblEquipment.[UnitNo]  ASC;
-
--- name: quick find list of machines with both kinds
--- rows: 6
-SELECT tblEquipment.EquipmentID, tblEquipment.UnitNo AS [Unit No] FROM tblEquipment where
-tblEquipment.Inactive  = '1' or tblEquipment.Inactive  = '0' order by tblEquipment.[UnitNo]  ASC;
-
--- name: quick find list of machines without some
--- rows: 3
-SELECT tblEquipment.EquipmentID, tblEquipment.UnitNo AS [Unit No] FROM tblEquipment where
-tblEquipment.Inactive  = '0' and  EquipmentID not in (501,502) order by tblEquipment.[UnitNo]  ASC;
-
--- name: quick find list of machines of both kinds without some
--- rows: 5
-SELECT tblEquipment.EquipmentID, tblEquipment.UnitNo AS [Unit No] FROM tblEquipment where
-tblEquipment.Inactive  = '1' or tblEquipment.Inactive  = '0' and  EquipmentID not in (501) order by
-tblEquipment.[UnitNo]  ASC;
 
 -- name: quick find list of employees
 -- columns: EmployeeID | Employee Number | Last Name | First Name | Initial Name | Address | City | State | Zip | Country | Email | Phone | CellPhone | Pager | License No | Site | Skills | Crew | Employee Position | Labor Cost | Labor Rate | Inactive
@@ -210,14 +84,3 @@ tblEmployee.EmpPosition = Positions.ItemID order by tblEmployee.[EmployeeID]  AS
 SELECT tblLocation.LocationID, tblLocation.LocationName, tblLocation.Description, tblSite.SiteName AS
 [Site] FROM tblLocation LEFT JOIN tblSite ON tblLocation.Site = tblSite.SiteID order by
 tblLocation.[LocationName]  ASC;
-
--- name: quick find list of suppliers
--- columns: SupplierID | Name | Phone | Fax | Address | Tax | Terms | Credit Limit | Email | WebSite | Address2 | City | State | Zip | Atten | License No | Contact Name
--- rows: 3
--- row 3: 1 | Tool Barn | (937) 555-0101 | null | null | 123 | 30 days | 5000 | sales@toolbarn.test | null | null | null | OH
-SELECT tblSupplier.SupplierID, tblSupplier.Name, tblSupplier.Phone, tblSupplier.Fax,
-tblSupplier.Address, tblSupplier.Tax, tblSupplier.Terms, tblSupplier.CreditLimit AS [Credit Limit],
-tblSupplier.Email, tblSupplier.WebSite, tblSupplier.Address2, tblSupplier.City, tblIndicator.ItemName AS
-State, tblSupplier.Zip, tblSupplier.Atten, tblSupplier.LicenseNo AS [License No],
-tblSupplier.ContactName AS [Contact Name] FROM tblSupplier LEFT JOIN tblIndicator ON tblSupplier.State =
-tblIndicator.ItemID order by tblSupplier.[Name]  ASC;

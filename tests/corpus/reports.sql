@@ -1,21 +1,7 @@
 -- The queries of the reports, without a filter and with those that the filter screens build.
 
--- name: equipment list
--- columns: EquipmentID | UnitNo | EquipmentName | EquipmentType | EquipmentMake | EquipmentModel | SiteName | LocationName | CrewNumber | Description
--- rows: 6
--- row 1: 503 | b-3 | Back-pack blower | Blower | null | null | null | null | null | null
--- row 2: 502 | T-2 | Dump truck | Truck | Hollis | H-250 | South Yard | Bay 3 | 2 | Trucks
-SELECT tblEquipment.EquipmentID, tblEquipment.UnitNo, tblEquipment.EquipmentName, tblIndicator.ItemName
-AS EquipmentType, tblIndicator_1.ItemName AS EquipmentMake, tblIndicator_2.ItemName AS EquipmentModel,
-tblSite.SiteName, tblLocation.LocationName, tblCrew.CrewNumber, tblCrew.Description FROM
-(((((tblEquipment LEFT JOIN tblIndicator ON tblEquipment.EquipmentType = tblIndicator.ItemID) LEFT JOIN
-tblIndicator AS tblIndicator_1 ON tblEquipment.EquipmentMake = tblIndicator_1.ItemID) LEFT JOIN
-tblIndicator AS tblIndicator_2 ON tblEquipment.EquipmentModel = tblIndicator_2.ItemID) LEFT JOIN tblSite
-ON tblEquipment.SiteID = tblSite.SiteID) LEFT JOIN tblLocation ON tblEquipment.LocationID =
-tblLocation.LocationID) LEFT JOIN tblCrew ON tblEquipment.CrewID = tblCrew.CrewID ORder by
-tblEquipment.EquipmentName ASC;
-
 -- name: equipment list with all filters
+-- columns: EquipmentID | UnitNo | EquipmentName | EquipmentType | EquipmentMake | EquipmentModel | SiteName | LocationName | CrewNumber | Description
 -- rows: 2
 -- has row: 501 | A-1
 -- has row: 506 | a-10
@@ -29,47 +15,6 @@ ON tblEquipment.SiteID = tblSite.SiteID) LEFT JOIN tblLocation ON tblEquipment.L
 tblLocation.LocationID) LEFT JOIN tblCrew ON tblEquipment.CrewID = tblCrew.CrewID Where
 tblIndicator.ItemName  in ('mower', 'Truck') and tblCrew.CrewNumber  in ('1', '3') and SiteName  in
 ('North yard') and Inactive = '0' ORder by tblEquipment.EquipmentName ASC;
-
--- name: equipment list of some crews
--- rows: 1
--- row 1: 502
-SELECT tblEquipment.EquipmentID, tblEquipment.EquipmentName, tblIndicator.ItemName AS EquipmentType,
-tblCrew.CrewNumber, tblCrew.Description FROM (tblEquipment LEFT JOIN tblIndicator ON
-tblEquipment.EquipmentType = tblIndicator.ItemID) LEFT JOIN tblCrew ON tblEquipment.CrewID =
-tblCrew.CrewID Where tblCrew.CrewNumber  in ('2') and Inactive = '0' ORder by tblEquipment.EquipmentName
-ASC;
-
--- name: equipment list of a crew that is no number
--- error: 0x80040E07
-SELECT tblEquipment.EquipmentID, tblEquipment.EquipmentName, tblIndicator.ItemName AS EquipmentType,
-tblCrew.CrewNumber, tblCrew.Description FROM (tblEquipment LEFT JOIN tblIndicator ON
-tblEquipment.EquipmentType = tblIndicator.ItemID) LEFT JOIN tblCrew ON tblEquipment.CrewID =
-tblCrew.CrewID Where tblCrew.CrewNumber  in ('A-11') ORder by tblEquipment.EquipmentName ASC;
-
--- name: equipment list with only the inactive rule
--- rows: 5
-SELECT tblEquipment.EquipmentID, tblEquipment.EquipmentName, tblIndicator.ItemName AS EquipmentType FROM
-tblEquipment LEFT JOIN tblIndicator ON tblEquipment.EquipmentType = tblIndicator.ItemID where Inactive =
-'0' ORder by tblEquipment.EquipmentName ASC;
-
--- name: equipment list with an empty list
--- error: 0x80040E14
-SELECT tblEquipment.EquipmentID, tblEquipment.EquipmentName, tblIndicator.ItemName AS EquipmentType FROM
-tblEquipment LEFT JOIN tblIndicator ON tblEquipment.EquipmentType = tblIndicator.ItemID Where
-tblIndicator.ItemName  in () ORder by tblEquipment.EquipmentName ASC;
-
--- name: equipment list in landscape
--- rows: 6
--- row 2: T-2 | Dump truck | Truck | Hollis | H-250 | South Yard | Bay 3 | 2 | Trucks | SN502 | OH123 | VIN502
-SELECT tblEquipment.UnitNo, tblEquipment.EquipmentName, tblIndicator.ItemName AS EquipmentType,
-tblIndicator_1.ItemName AS EquipmentMake, tblIndicator_2.ItemName AS EquipmentModel, tblSite.SiteName,
-tblLocation.LocationName, tblCrew.CrewNumber, tblCrew.Description, tblEquipment.EquipmentSerialNo,
-tblEquipment.LicenseNo, tblEquipment.VIN FROM (((((tblEquipment LEFT JOIN tblIndicator ON
-tblEquipment.EquipmentType = tblIndicator.ItemID) LEFT JOIN tblIndicator AS tblIndicator_1 ON
-tblEquipment.EquipmentMake = tblIndicator_1.ItemID) LEFT JOIN tblIndicator AS tblIndicator_2 ON
-tblEquipment.EquipmentModel = tblIndicator_2.ItemID) LEFT JOIN tblSite ON tblEquipment.SiteID =
-tblSite.SiteID) LEFT JOIN tblLocation ON tblEquipment.LocationID = tblLocation.LocationID) LEFT JOIN
-tblCrew ON tblEquipment.CrewID = tblCrew.CrewID ORder by tblEquipment.EquipmentName ASC;
 
 -- name: equipment list by crew
 -- columns: LocationName | UnitNo | SiteName | EquipmentName | EquipmentMake | EquipmentModel | Description | EquipmentSerialNo | LicenseNo | Vin
@@ -86,50 +31,8 @@ tblIndicator_2 ON tblEquipment.EquipmentModel = tblIndicator_2.ItemID) LEFT JOIN
 tblEquipment.SiteID = tblSite.SiteID) LEFT JOIN tblLocation ON tblEquipment.LocationID =
 tblLocation.LocationID) LEFT JOIN tblCrew ON tblEquipment.CrewID = tblCrew.CrewID where Inactive = '0';
 
--- name: equipment list with cost
--- rows: 3
--- has row: Shed A | A-1 | North Yard | Rider mower | Fernhill | F-48 | 1 - Mowing | SN501 | 5000 | null
-SELECT tblLocation.LocationName, tblEquipment.UnitNo, tblSite.SiteName, tblEquipment.EquipmentName,
-tblIndicator_1.ItemName AS EquipmentMake, tblIndicator_2.ItemName AS EquipmentModel,
-IIf(tblEquipment.CrewID=0,'',(cstr(tblCrew.CrewNumber)+' - '+tblCrew.Description)) AS Description,
-tblEquipment.EquipmentSerialNo, tblEquipment.AcquisitionCost, tblEquipment.VIN FROM (((((tblEquipment
-LEFT JOIN tblIndicator ON tblEquipment.EquipmentType = tblIndicator.ItemID) LEFT JOIN tblIndicator AS
-tblIndicator_1 ON tblEquipment.EquipmentMake = tblIndicator_1.ItemID) LEFT JOIN tblIndicator AS
-tblIndicator_2 ON tblEquipment.EquipmentModel = tblIndicator_2.ItemID) LEFT JOIN tblSite ON
-tblEquipment.SiteID = tblSite.SiteID) LEFT JOIN tblLocation ON tblEquipment.LocationID =
-tblLocation.LocationID) LEFT JOIN tblCrew ON tblEquipment.CrewID = tblCrew.CrewID Where
-tblIndicator.ItemName  in ('Mower');
-
--- name: equipment list of titles
--- columns: UnitNo | EquipmentName | EquipmentYear | INS | Description | AcquisitionCost | Acquisitiondate | Vin | EquipmentSerialNo | LicenseNo | StickerNumber | EquipmentModel | Title | LicenseRenewalDate | SiteName
--- rows: 2
--- row 1: A-1 | Rider mower | 2019 | INS-1 | Mowing | 5000 | #04-01-2019# | null | SN501 | null | null | F-48 | Title 1 | null | North Yard
-SELECT tblEquipment.UnitNo, tblEquipment.EquipmentName, tblEquipment.EquipmentYear,
-tblEquipment.UserDefined1 AS INS, tblCrew.Description, tblEquipment.AcquisitionCost,
-tblEquipment.AcquisitionDate, tblEquipment.Vin, tblEquipment.EquipmentSerialNo, tblEquipment.LicenseNo,
-tblEquipment.StickerNumber, tblIndicator.ItemName AS EquipmentModel, tblEquipment.UserDefined4 AS Title,
-tblEquipment.LicenseRenewalDate, tblSite.SiteName FROM ((tblEquipment LEFT JOIN tblCrew ON
-tblEquipment.CrewID = tblCrew.CrewID) LEFT JOIN tblIndicator ON tblEquipment.EquipmentModel =
-tblIndicator.ItemID) LEFT JOIN tblSite ON tblEquipment.SiteID = tblSite.SiteID where SiteName  in
-('North Yard') and Inactive = '0' ORDER BY tblEquipment.UnitNo;
-
--- name: equipment list of meters
--- columns: UnitNo | EquipmentName | CountType | LastDate | LastCount | Make | Model | CrewNumber
--- rows: 5
--- has row: T-2 | Dump truck | Miles | #03-12-2024# | 20400 | Hollis | H-250 | 2
--- has row: A-1 | Rider mower | Hours | #03-01-2024# | 160 | Fernhill | F-48 | 1
-SELECT tblEquipment.UnitNo, tblEquipment.EquipmentName, tblEquipmentCount.CountType,
-Max(tblEquipmentCount.ChangeDate) AS LastDate, Max(tblEquipmentCount.CountValue) AS LastCount,
-tblIndicator_1.ItemName AS Make, tblIndicator_2.ItemName AS Model, tblCrew.CrewNumber FROM
-((((tblEquipment INNER JOIN tblEquipmentCount ON tblEquipment.EquipmentID =
-tblEquipmentCount.EquipmentID) LEFT JOIN tblIndicator ON tblEquipment.EquipmentType =
-tblIndicator.ItemID) LEFT JOIN tblIndicator AS tblIndicator_1 ON tblEquipment.EquipmentMake =
-tblIndicator_1.ItemID) LEFT JOIN tblIndicator AS tblIndicator_2 ON tblEquipment.EquipmentModel =
-tblIndicator_2.ItemID) LEFT JOIN tblCrew ON tblEquipment.CrewID = tblCrew.CrewID GROUP BY
-tblEquipment.UnitNo, tblEquipment.EquipmentName, tblEquipmentCount.CountType, tblIndicator.ItemName,
-tblIndicator_1.ItemName, tblIndicator_2.ItemName, tblCrew.CrewNumber, tblEquipment.Inactive;
-
 -- name: equipment list of meters with all filters
+-- columns: UnitNo | EquipmentName | CountType | LastDate | LastCount | Make | Model | CrewNumber
 -- rows: 1
 -- row 1: A-1 | Rider mower | Hours
 SELECT tblEquipment.UnitNo, tblEquipment.EquipmentName, tblEquipmentCount.CountType,
@@ -143,51 +46,6 @@ tblIndicator_2.ItemID) LEFT JOIN tblCrew ON tblEquipment.CrewID = tblCrew.CrewID
 tblEquipment.UnitNo, tblEquipment.EquipmentName, tblEquipmentCount.CountType, tblIndicator.ItemName,
 tblIndicator_1.ItemName, tblIndicator_2.ItemName, tblCrew.CrewNumber, tblEquipment.Inactive Having
 tblIndicator.ItemName  in ('MOWER') and tblCrew.CrewNumber  in ('1', '2') and Inactive = '0';
-
--- name: equipment list of meters that are active
--- rows: 4
-SELECT tblEquipment.UnitNo, tblEquipmentCount.CountType, Max(tblEquipmentCount.ChangeDate) AS LastDate,
-Max(tblEquipmentCount.CountValue) AS LastCount FROM tblEquipment INNER JOIN tblEquipmentCount ON
-tblEquipment.EquipmentID = tblEquipmentCount.EquipmentID GROUP BY tblEquipment.UnitNo,
-tblEquipmentCount.CountType, tblEquipment.Inactive Having Inactive = '0';
-
--- name: equipment details
--- rows: 1
-SELECT tblEquipment.EquipmentID, tblEquipment.EquipmentName, tblEquipment.UnitNo, tblEquipment.Capacity,
-tblEquipment.EquipmentYear, tblEquipment.EquipmentSerialNo, tblEquipment.InstalledDate,
-tblEquipment.AttachedTo, tblEquipment.Inactive, tblEquipment.LeaseOwnedLeased,
-tblEquipment.LeaseStartDate, tblEquipment.LeaseEndDate, tblEquipment.LeasePeriod,
-tblEquipment.LeaseInterval, tblEquipment.LeasePayment, tblEquipment.WarrantyStartDate,
-tblEquipment.WarrantyEndDate, tblEquipment.WarrantyPeriod, tblEquipment.WarrantyInterval,
-tblEquipment.Notes, tblEquipment.UserDefined1, tblEquipment.UserDefined2, tblEquipment.UserDefined3,
-tblEquipment.UserDefined4, tblEquipment.UserDefined5, tblEquipment.UserDefined6,
-tblEquipment.UserDefined7, tblEquipment.UserDefined8, tblEquipment.UserDefined9,
-tblEquipment.UserDefined10, tblEquipment.EngineSize, tblEquipment.EngineSerialNo, tblEquipment.Cycle,
-tblEquipment.BeginingHub, tblEquipment.StateLicensed, tblEquipment.LicenseNo,
-tblEquipment.StickerNumber, tblEquipment.LicenseRenewalDate, tblEquipment.PermanentLicense,
-tblEquipment.InspectionDate, tblEquipment.Tyre, tblEquipment.Rear_Tires, tblEquipment.Weight,
-tblEquipment.Vin, tblEquipment.VehicleEngineNo, tblEquipment.VehicleColor,
-tblEquipment.VehicleEngineModel, tblEquipment.SupplierPartNo, tblEquipment.ManufacturePartNo,
-tblEquipment.Acquisitiondate, tblEquipment.AcquisitionCost, tblEquipment.AdditionalCost,
-tblEquipment.PurchaseNotes, tblEquipment.Totalcost, tblEquipment.SalvageValue, tblEquipment.LifeYears,
-Type.ItemName AS TypeName, Make.ItemName AS MakeName, Model.ItemName AS ModelName, Manufacture.ItemName
-AS ManufactureName, LeaseCompany.ItemName AS LeaseCompanyName, EngineMake.ItemName AS EngineMakeName,
-EngineModel.ItemName AS EngineModelName, EngineFuel.ItemName AS EngineFuelName, Body.ItemName AS
-BodyName, Chassis.ItemName AS ChassisName, Trans.ItemName AS TransName, tblSite.SiteName,
-tblLocation.LocationName, tblCrew.CrewNumber, tblCrew.Description, tblSupplier.Name FROM
-((((((((((((((tblEquipment LEFT JOIN tblIndicator AS Type ON tblEquipment.EquipmentType = Type.ItemID)
-LEFT JOIN tblIndicator AS Make ON tblEquipment.EquipmentMake = Make.ItemID) LEFT JOIN tblIndicator AS
-Model ON tblEquipment.EquipmentModel = Model.ItemID) LEFT JOIN tblIndicator AS Manufacture ON
-tblEquipment.ManufactureID = Manufacture.ItemID) LEFT JOIN tblIndicator AS LeaseCompany ON
-tblEquipment.LeaseCompany = LeaseCompany.ItemID) LEFT JOIN tblIndicator AS EngineMake ON
-tblEquipment.EngineMake = EngineMake.ItemID) LEFT JOIN tblIndicator AS EngineModel ON
-tblEquipment.EngineModel = EngineModel.ItemID) LEFT JOIN tblIndicator AS EngineFuel ON
-tblEquipment.EngineFuelType = EngineFuel.ItemID) LEFT JOIN tblIndicator AS Body ON tblEquipment.Body =
-Body.ItemID) LEFT JOIN tblIndicator AS Chassis ON tblEquipment.Chassis = Chassis.ItemID) LEFT JOIN
-tblIndicator AS Trans ON tblEquipment.Trans = Trans.ItemID) LEFT JOIN tblSite ON tblEquipment.SiteID =
-tblSite.SiteID) LEFT JOIN tblLocation ON tblEquipment.LocationID = tblLocation.LocationID) LEFT JOIN
-tblCrew ON tblEquipment.CrewID = tblCrew.CrewID) LEFT JOIN tblSupplier ON tblEquipment.SupplierID =
-tblSupplier.SupplierID where  tblEquipment.EquipmentID  = 502 Order by tblEquipment.EquipmentName;
 
 -- name: names of equipment details
 -- row 1: Truck | Hollis | H-250 | Northfield Works | Acme Leasing | Kesslin | K-12 | Diesel | Flatbed | Long | Automatic | Tool Barn
@@ -208,16 +66,6 @@ tblIndicator AS Trans ON tblEquipment.Trans = Trans.ItemID) LEFT JOIN tblSupplie
 tblEquipment.SupplierID = tblSupplier.SupplierID  where  tblEquipment.UnitNo  in('T-2', 'O''x') and
 Inactive = '0' Order by tblEquipment.EquipmentName;
 
--- name: equipment crew history
--- columns: EquipmentName | UnitNo | CrewNumber | CrewDescription | CrewDate
--- rows: 3
--- row 1: Dump truck | T-2 | 1 | Mowing | #01-06-2024#
--- row 3: Rider mower | A-1 | 2 | Trucks | #01-05-2024#
-SELECT tblEquipment.EquipmentName, tblEquipment.UnitNo, tblEquipmentCrewHistory.CrewNumber,
-tblEquipmentCrewHistory.CrewDescription, tblEquipmentCrewHistory.CrewDate FROM tblEquipmentCrewHistory
-LEFT JOIN tblEquipment ON tblEquipmentCrewHistory.EquipmentID = tblEquipment.EquipmentID Order by
-tblEquipment.EquipmentName ;
-
 -- name: equipment crew history of names and crews
 -- rows: 1
 -- row 1: Rider mower
@@ -226,14 +74,6 @@ tblEquipmentCrewHistory.CrewDescription, tblEquipmentCrewHistory.CrewDate FROM t
 LEFT JOIN tblEquipment ON tblEquipmentCrewHistory.EquipmentID = tblEquipment.EquipmentID
 Where  tblEquipment.EquipmentName  in ('Rider Mower', 'Jim''s trailer')
 and   tblEquipmentCrewHistory.CrewNumber   in ('2') Order by tblEquipment.EquipmentName ;
-
--- name: equipment crew history of crews
--- rows: 1
--- row 1: Dump truck
-SELECT tblEquipment.EquipmentName, tblEquipment.UnitNo, tblEquipmentCrewHistory.CrewNumber,
-tblEquipmentCrewHistory.CrewDescription, tblEquipmentCrewHistory.CrewDate FROM tblEquipmentCrewHistory
-LEFT JOIN tblEquipment ON tblEquipmentCrewHistory.EquipmentID = tblEquipment.EquipmentID
-where  tblEquipmentCrewHistory.CrewNumber  in ('1', ' 2') Order by tblEquipment.EquipmentName ;
 
 -- name: expenses on equipment
 -- columns: UnitNo | EquipmentName | Labor Cost | Part Cost | ServiceHrs | ServiceMin
@@ -253,23 +93,6 @@ tblEquipment.UnitNo, tblEquipment.EquipmentName, tblEquipment.Inactive,
 tblWOServiceUsedHistory.ServiceUsedID]. AS EquipmentExpense GROUP BY EquipmentExpense.UnitNo,
 EquipmentExpense.EquipmentName Order by   EquipmentExpense.EquipmentName, EquipmentExpense.UnitNo  ;
 
--- name: expenses on some equipment
--- rows: 1
--- row 1: A-1 | Rider mower | 85 | 72.5 | 3 | 65
-SELECT EquipmentExpense.UnitNo, EquipmentExpense.EquipmentName,
-Sum(EquipmentExpense.FirstOfCostEstimate) AS [Labor Cost], Sum(EquipmentExpense.PartCost) AS
-[Part Cost], Sum(EquipmentExpense.Hrs) AS ServiceHrs, Sum(EquipmentExpense.Mins) AS ServiceMin FROM
-(SELECT tblEquipment.UnitNo, tblEquipment.EquipmentName, tblEquipment.Inactive,
-tblWOServiceUsedHistory.ServiceUsedID, First(tblWOServiceUsedHistory.CostEstimate) AS
-FirstOfCostEstimate, Sum(tblWoPartHistory.Price*tblWoPartHistory.QuantityUsed) AS PartCost,
-First(Hour(workhrs)) AS Hrs, First(Minute(workhrs)) AS Mins FROM (tblWOServiceUsedHistory INNER JOIN
-tblEquipment ON tblWOServiceUsedHistory.EquipmentID = tblEquipment.EquipmentID) LEFT JOIN
-tblWoPartHistory ON tblWOServiceUsedHistory.ServiceUsedID = tblWoPartHistory.ServiceusedID GROUP BY
-tblEquipment.UnitNo, tblEquipment.EquipmentName, tblEquipment.Inactive,
-tblWOServiceUsedHistory.ServiceUsedID) AS EquipmentExpense  where  UnitNo  in('a-1', 'x') and Inactive =
-'0' GROUP BY EquipmentExpense.UnitNo, EquipmentExpense.EquipmentName Order
-by   EquipmentExpense.EquipmentName, EquipmentExpense.UnitNo  ;
-
 -- name: equipment utilization
 -- columns: EquipmentName | UnitNo | EquipmentID | CrewNumber | ItemName | Count | NoofDays | perDay | Utilization
 -- rows: 3
@@ -280,21 +103,6 @@ SELECT tblEquipment.EquipmentName, tblEquipment.UnitNo, tblEquipment.EquipmentID
 tblIndicator.ItemName, Max(tblEquipmentCount.CountValue)-Min(tblEquipmentCount.CountValue) AS [Count],
 Max(tblEquipmentCount.ChangeDate)-Min(tblEquipmentCount.ChangeDate) AS NoofDays,
 IIf(Max(tblEquipmentCount.ChangeDate)-Min(tblEquipmentCount.ChangeDate)=0,0,(Max(tblEquipmentCount.CountValue)-Min(tblEquipmentCount.CountValue))/(Max(tblEquipmentCount.ChangeDate)-Min(tblEquipmentCount.ChangeDate))) AS perDay, IIf(Max(tblEquipmentCount.ChangeDate)-Min(tblEquipmentCount.ChangeDate)=0,0,(Max(tblEquipmentCount.CountValue)-Min(tblEquipmentCount.CountValue))/(Max(tblEquipmentCount.ChangeDate)-Min(tblEquipmentCount.ChangeDate)))/24 AS Utilization FROM ((tblEquipmentCount LEFT JOIN tblEquipment ON tblEquipmentCount.EquipmentID = tblEquipment.EquipmentID) LEFT JOIN tblCrew ON tblEquipment.CrewID = tblCrew.CrewID) LEFT JOIN tblIndicator ON tblEquipment.EquipmentType = tblIndicator.ItemID Where tblEquipmentCount.CountType = 'Hours' GROUP BY tblEquipment.EquipmentName, tblEquipment.UnitNo, tblEquipment.EquipmentID, tblCrew.CrewNumber, tblIndicator.ItemName;
-
--- name: equipment utilization of types and crews in a range
--- rows: 1
--- row 1: Rider mower | 40 | 29
-SELECT u.EquipmentName, u.MostCount-u.LeastCount AS [Count], u.LastDate-u.FirstDate AS NoofDays FROM
-(SELECT tblEquipment.EquipmentName, tblEquipment.UnitNo, tblEquipment.EquipmentID, tblCrew.CrewNumber,
-tblIndicator.ItemName, Max(tblEquipmentCount.CountValue) AS MostCount, Min(tblEquipmentCount.CountValue)
-AS LeastCount, Max(tblEquipmentCount.ChangeDate) AS LastDate, Min(tblEquipmentCount.ChangeDate) AS
-FirstDate FROM ((tblEquipmentCount LEFT JOIN tblEquipment ON tblEquipmentCount.EquipmentID =
-tblEquipment.EquipmentID) LEFT JOIN tblCrew ON tblEquipment.CrewID = tblCrew.CrewID) LEFT JOIN
-tblIndicator ON tblEquipment.EquipmentType = tblIndicator.ItemID Where tblEquipmentCount.CountType =
-'Hours' and tblIndicator.ItemName  in ('Mower') and tblCrew.CrewNumber  in ('1', '2') and
-(tblEquipmentCount.ChangeDate >= #01/15/24# and tblEquipmentCount.ChangeDate <= #03/15/24#)  GROUP BY
-tblEquipment.EquipmentName, tblEquipment.UnitNo, tblEquipment.EquipmentID, tblCrew.CrewNumber,
-tblIndicator.ItemName) AS u;
 
 -- name: utilization of one machine
 -- columns: UnitNo | EquipmentName | ChangeDate | CountType | CountValue | PrevDate | PrevCount | NoOfDays | CountChange | AvgUse | Utilizarion
@@ -319,21 +127,6 @@ tblEquipmentCount AS a LEFT JOIN tblEquipment ON a.EquipmentID = tblEquipment.Eq
 (a.ChangeDate >= #01/01/24# and a.ChangeDate <= #03/15/24#)  and tblEquipment.UnitNo  in ('A-1') ORDER
 BY a.ChangeDate, a.ChangeDate ;
 
--- name: utilization of a machine with two readings on one day
--- changes: 1
-insert into tblEquipmentCount(EquipmentID,ChangeDate,CountType,CountValue)
-values(505,#03-14-2024 08:00:00#,'Hours',5);
--- changes: 1
-insert into tblEquipmentCount(EquipmentID,ChangeDate,CountType,CountValue)
-values(505,#03-14-2024 17:00:00#,'Hours',9);
--- error: 11
-SELECT a.ChangeDate, (a.CountValue-(Select Max(CountValue) From tblEquipmentCount Where EquipmentID =
-a.EquipmentID and CountValue < a.CountValue))/DateDiff('d',(Select Max(ChangeDate) From
-tblEquipmentCount Where EquipmentID = a.EquipmentID and ChangeDate < a.ChangeDate),a.ChangeDate) AS
-AvgUse FROM tblEquipmentCount AS a LEFT JOIN tblEquipment ON a.EquipmentID =
-tblEquipment.EquipmentID  Where (a.ChangeDate >= #01/01/24# and a.ChangeDate <= #03/15/24#)  and
-tblEquipment.UnitNo  in ('TR5') ORDER BY a.ChangeDate, a.ChangeDate ;
-
 -- name: last scans by unit number
 -- columns: EquipmentName | UnitNo | Scantime1
 -- rows: 1
@@ -345,17 +138,6 @@ tblEquipmentScan ON tblEquipment.EquipmentID = tblEquipmentScan.EquipmentID  Whe
 #03/01/24# and ScanTime <= #03/10/24#) and UnitNo in ('A-1', 'T-2')) Group
 by  tblEquipment.EquipmentName,tblEquipment.UnitNo)  order by scanTime1,UnitNo;
 
--- name: last scans by time
--- rows: 2
--- row 1: Rider mower | A-1
--- row 2: Dump truck | T-2
-Select EquipmentName,UnitNo,ScanTime1 from (Select tblEquipment.EquipmentName,tblEquipment.UnitNo,
-Max(scanTime) as Scantime1  FROM tblEquipment LEFT JOIN tblEquipmentScan ON tblEquipment.EquipmentID =
-tblEquipmentScan.EquipmentID where UnitNo in (Select tblEquipment.UnitNo FROM tblEquipment LEFT JOIN
-tblEquipmentScan ON tblEquipment.EquipmentID = tblEquipmentScan.EquipmentID  Where (ScanTime >=
-#01/01/24# and ScanTime <= #03/15/24#) ) Group
-by  tblEquipment.EquipmentName,tblEquipment.UnitNo)  order by UnitNo,ScanTime1;
-
 -- name: machines not scanned in the last days
 -- rows: 5
 -- has row: Dump truck | T-2 | #02-01-2024 08:00#
@@ -366,44 +148,6 @@ ScanTime as ScanTime1 FROM tblEquipment Left JOIN tblEquipmentScan ON tblEquipme
 tblEquipmentScan.EquipmentID Where tblEquipment.EquipmentID not in (SELECT EquipmentID FROM
 tblEquipmentScan Where (ScanTime > #03/13/2024# and ScanTime <= #03/15/2024#))) order by
 UnitNo,ScanTime1;
-
--- name: machines not scanned in the last days by time
--- rows: 5
--- row 5: Dump truck | T-2 | #02-01-2024 08:00#
-Select EquipmentName,UnitNo,ScanTime1 from (SELECT tblEquipment.EquipmentName, tblEquipment.UnitNo,
-ScanTime as ScanTime1 FROM tblEquipment Left JOIN tblEquipmentScan ON tblEquipment.EquipmentID =
-tblEquipmentScan.EquipmentID Where tblEquipment.EquipmentID not in (SELECT EquipmentID FROM
-tblEquipmentScan Where (ScanTime > #03/13/2024# and ScanTime <= #03/15/2024#))) order by
-scanTime1,UnitNo;
-
--- name: inspection dates
--- rows: 2
--- row 1: 504 | A-4 | Old mower | #02-10-2024#
--- row 2: 502 | T-2 | Dump truck | #05-01-2024#
-SELECT EquipmentID, UnitNo, EquipmentName, InspectionDate FROM tblEquipment  WHERE InspectionDate >=
-#3/15/2023# and InspectionDate <= #5/1/2024# order by UnitNo, EquipmentName;
-
--- name: licence dates
--- rows: 1
-SELECT EquipmentID, UnitNo, EquipmentName, LicenseRenewalDate FROM
-tblEquipment  where  LicenseRenewalDate >= #03/15/23# and LicenseRenewalDate <= #03/15/24# order by
-UnitNo, EquipmentName;
-
--- name: count sheet
--- rows: 2
--- row 1: 501 | A-1 | Rider mower | Hours | #03-01-2024# | 160
-SELECT equipmentcount.EquipmentID, UnitNo, EquipmentName, equipmentcount.CountType, change_date AS
-[Last Date], max (tblequipmentcount.CountValue) AS [Last Count] FROM (SELECT tblEquipment.EquipmentID,
-UnitNo, Equipmentname, Counttype, max(changedate) AS change_date FROM (tblServiceUsed LEFT JOIN
-tblEquipmentCount ON tblServiceUsed.EquipmentID = tblEquipmentCount.EquipmentID) LEFT JOIN tblEquipment
-ON tblServiceUsed.EquipmentID = tblEquipment.EquipmentID WHERE tblServiceUsed.Period IN ('C', 'H', 'K',
-'I') AND tblServiceUsed.ServiceUsedID not in (Select ServiceUsedId from tblWoServiceUsed) and
-tblEquipment.Inactive = '0' GROUP BY tblEquipment.EquipmentID, counttype, unitno, equipmentname HAVING
-(max(changeDate) < now()-5)) AS equipmentcount LEFT JOIN tblequipmentcount ON
-(equipmentcount.change_date = tblequipmentcount.ChangeDate) AND (equipmentcount.CountType =
-tblequipmentcount.CountType) AND (equipmentcount.EquipmentID = tblequipmentcount.EquipmentID) GROUP BY
-equipmentcount.EquipmentID, UnitNo, Equipmentname, equipmentcount.CountType, change_date order by
-UnitNo, EquipmentName;
 
 -- name: service history
 -- columns: WorkorderNo | UnitNo | EquipmentName | ServiceName | CompleteDate | CostEstimate | ServiceUsedID | PartCost
@@ -422,39 +166,6 @@ BY tblWOServiceUsedHistory.WorkorderNo, tblEquipment.UnitNo, tblEquipment.Equipm
 tblWOServiceUsedHistory.ServiceName, tblWOServiceUsedHistory.CompleteDate,
 tblWOServiceUsedHistory.CostEstimate, tblWOServiceUsedHistory.ServiceUsedID;
 
--- name: service history of units
--- rows: 1
-SELECT tblEquipment.UnitNo, tblWOServiceUsedHistory.ServiceName, Sum(Price*QuantityUSed) AS PartCost
-FROM (tblWOServiceUsedHistory LEFT JOIN tblEquipment ON tblWOServiceUsedHistory.EquipmentID =
-tblEquipment.EquipmentID) LEFT JOIN tblWopartHistory ON tblWOServiceUsedHistory.ServiceUsedID =
-tblWopartHistory.ServiceusedID Where (CompleteDate >= #01/01/24# and CompleteDate <= #03/15/24#) and
-(UnitNo  in ('T-2')) GROUP BY tblEquipment.UnitNo, tblWOServiceUsedHistory.ServiceName;
-
--- name: service history by site
--- rows: 2
--- has row: North Yard | A-1 | Oil change | 72.5
--- has row: North Yard | A-1 | Blade check | null
-SELECT tblSite.SiteName, tblEquipment.UnitNo, tblWOServiceUsedHistory.ServiceName,
-Sum(Price*QuantityUSed) AS PartCost FROM ((tblWOServiceUsedHistory LEFT JOIN tblEquipment ON
-tblWOServiceUsedHistory.EquipmentID = tblEquipment.EquipmentID) LEFT JOIN tblWopartHistory ON
-tblWOServiceUsedHistory.ServiceUsedID = tblWopartHistory.ServiceusedID) LEFT JOIN tblSite ON
-tblEquipment.SiteID = tblSite.SiteID Where (CompleteDate >= #01/01/24# and CompleteDate <= #03/15/24#)
-and (SiteName  in ('North Yard')) GROUP BY tblSite.SiteName, tblEquipment.UnitNo,
-tblWOServiceUsedHistory.ServiceName;
-
--- name: service history by crew
--- columns: SiteName | UnitNo | ServiceName | AssignedTo | Description | PartCost
--- rows: 3
--- has row: South Yard | T-2 | Inspection | 2 | Trucks | 50
-SELECT tblSite.SiteName, tblEquipment.UnitNo, tblWOServiceUsedHistory.ServiceName, tblCrew.CrewNumber as
-AssignedTo, tblCrew.Description, Sum(Price*QuantityUSed) AS PartCost FROM (((tblWOServiceUsedHistory
-LEFT JOIN tblEquipment ON tblWOServiceUsedHistory.EquipmentID = tblEquipment.EquipmentID) LEFT JOIN
-tblWopartHistory ON tblWOServiceUsedHistory.ServiceUsedID = tblWopartHistory.ServiceusedID) LEFT JOIN
-tblSite ON tblEquipment.SiteID = tblSite.SiteID) LEFT JOIN tblCrew ON tblEquipment.CrewID =
-tblCrew.CrewID Where (CompleteDate >= #01/01/24# and CompleteDate <= #03/15/24#)  GROUP BY
-tblSite.SiteName, tblEquipment.UnitNo, tblWOServiceUsedHistory.ServiceName, tblCrew.CrewNumber,
-tblCrew.Description;
-
 -- name: services by equipment
 -- columns: UnitNo | EquipmentName | Name | EInterval | Period | NextScheduledDate | LastDatePerformed | CrewNumber | CrewDescription | CostCenter
 -- rows: 14
@@ -466,24 +177,6 @@ tblCrew.Description AS CrewDescription, tblCostCenter.Description AS CostCenter 
 LEFT JOIN tblEquipment ON tblServiceUsed.EquipmentID = tblEquipment.EquipmentID) LEFT JOIN tblCrew ON
 tblServiceUsed.CrewID = tblCrew.CrewID) LEFT JOIN tblCostCenter ON tblServiceUsed.CostCenterID =
 tblCostCenter.CostCenterID Order by  tblServiceUsed.Name;
-
--- name: services by some equipment
--- rows: 4
--- row 1: A-1 | Rider mower | Blade check | 1 | W | #03-10-2024# | 1 | Mowing | Grounds
--- row 4: A-1 | Rider mower | Retired check
-SELECT tblEquipment.UnitNo, tblEquipment.EquipmentName, tblServiceUsed.Name, tblServiceUsed.EInterval,
-tblServiceUsed.Period, tblServiceUsed.NextScheduledDate, tblCrew.CrewNumber, tblCrew.Description,
-tblCostCenter.Description AS CostCenter FROM ((tblServiceUsed LEFT JOIN tblEquipment ON
-tblServiceUsed.EquipmentID = tblEquipment.EquipmentID) LEFT JOIN tblCrew ON tblServiceUsed.CrewID =
-tblCrew.CrewID) LEFT JOIN tblCostCenter ON tblServiceUsed.CostCenterID = tblCostCenter.CostCenterID
-Where tblEquipment.UnitNo  in ('A-1', 'A-4') and tblEquipment.Inactive = '0' Order
-by  tblServiceUsed.Name;
-
--- name: services by active equipment
--- rows: 13
-SELECT tblEquipment.UnitNo, tblServiceUsed.Name FROM tblServiceUsed LEFT JOIN tblEquipment ON
-tblServiceUsed.EquipmentID = tblEquipment.EquipmentID where tblEquipment.Inactive = '0' Order
-by  tblServiceUsed.Name;
 
 -- name: list of services
 -- rows: 3
@@ -507,50 +200,6 @@ FROM tblWOServiceUsedHistory INNER JOIN tblEquipment ON tblWOServiceUsedHistory.
 tblEquipment.EquipmentID Where (tblWOServiceUsedHistory.Completedate >= #01/01/24# and CompleteDate <=
 #03/15/24#) Order By tblEquipment.EquipmentName;
 
--- name: service history times of names by service
--- changes: 1
-update tblWOServiceUsedHistory set Workhrs = '' where ServiceUsedID = 52;
--- rows: 3
--- row 1: Blade check | null
--- row 2: Oil change
-SELECT tblWOServiceUsedHistory.ServiceName, IIf(Workhrs = "",Null,Hour(Workhrs)) AS shrs FROM
-tblWOServiceUsedHistory INNER JOIN tblEquipment ON tblWOServiceUsedHistory.EquipmentID =
-tblEquipment.EquipmentID Where (tblWOServiceUsedHistory.Completedate >= #01/01/24# and CompleteDate <=
-#03/15/24#) and (tblEquipment.EquipmentName  in ('rider mower', 'Jim''s trailer')) Order By
-tblWOServiceUsedHistory.Servicename;
-
--- name: inventory
--- rows: 3
--- row 1: P-100 | Oil filter | 10 | 12.5 | B1 | Filters | Tool Barn | 0
-SELECT tblPart.PartID, tblPart.Description, tblPart.Quantity, tblPart.Price, tblPart.Bin,
-tblIndicator.ItemName, tblSupplier.Name, tblPart.Inactive FROM (tblPart LEFT JOIN tblIndicator ON
-tblPart.PartCategoryID = tblIndicator.ItemID) LEFT JOIN tblSupplier ON tblPart.SupplierID =
-tblSupplier.SupplierID  where  Inactive =0 and TrackInventory=0 Order by tblPart.PartID;
-
--- name: inventory of inactive parts
--- rows: 1
--- row 1: P-300
-SELECT tblPart.PartID, tblPart.Description, tblPart.Quantity, tblPart.Price, tblPart.Bin,
-tblPart.Inactive FROM (tblPart LEFT JOIN tblIndicator ON tblPart.PartCategoryID = tblIndicator.ItemID)
-LEFT JOIN tblSupplier ON tblPart.SupplierID = tblSupplier.SupplierID  where  Inactive =-1 and
-TrackInventory=0 Order by tblPart.PartID;
-
--- name: inventory of categories
--- rows: 2
--- row 1: P-100
--- row 2: P-O'5
-SELECT tblPart.PartID, tblPart.Description, tblPart.Quantity, tblPart.Price, tblPart.Bin,
-tblPart.Inactive FROM (tblPart LEFT JOIN tblIndicator ON tblPart.PartCategoryID = tblIndicator.ItemID)
-LEFT JOIN tblSupplier ON tblPart.SupplierID = tblSupplier.SupplierID Where ItemName  in ('filters')
-and  Inactive =0 and TrackInventory=0 Order by tblPart.PartID;
-
--- name: inventory of suppliers
--- rows: 2
-SELECT tblPart.PartID, tblPart.Description, tblPart.Quantity, tblPart.Price, tblPart.Bin,
-tblPart.Inactive FROM (tblPart LEFT JOIN tblIndicator ON tblPart.PartCategoryID = tblIndicator.ItemID)
-LEFT JOIN tblSupplier ON tblPart.SupplierID = tblSupplier.SupplierID  where  name  in ('O''Brien Parts')
-and  Inactive =0 and TrackInventory=0 Order by tblPart.PartID;
-
 -- name: inventory of categories and suppliers
 -- rows: 1
 -- row 1: P-O'5
@@ -558,39 +207,6 @@ SELECT tblPart.PartID, tblPart.Description, tblPart.Quantity, tblPart.Price, tbl
 tblPart.Inactive FROM (tblPart LEFT JOIN tblIndicator ON tblPart.PartCategoryID = tblIndicator.ItemID)
 LEFT JOIN tblSupplier ON tblPart.SupplierID = tblSupplier.SupplierID Where ItemName  in ('Filters',
 'Oil') and  name  in ('O''Brien Parts') and  Inactive =0 and TrackInventory=0 Order by tblPart.PartID;
-
--- name: inventory with a list left open
--- error: 0x80040E14
-SELECT tblPart.PartID, tblPart.Description, tblPart.Inactive FROM (tblPart LEFT JOIN tblIndicator ON
-tblPart.PartCategoryID = tblIndicator.ItemID) LEFT JOIN tblSupplier ON tblPart.SupplierID =
-tblSupplier.SupplierID Where ItemName  in ('Filters') and  name  in ('Tool Barn' and  Inactive =0 and
-TrackInventory=0 Order by tblPart.PartID;
-
--- name: inventory without a filter
--- rows: 4
-SELECT tblPart.PartID, tblPart.Description, tblPart.Quantity, tblPart.Price, tblPart.Bin,
-tblPart.Inactive FROM (tblPart LEFT JOIN tblIndicator ON tblPart.PartCategoryID = tblIndicator.ItemID)
-LEFT JOIN tblSupplier ON tblPart.SupplierID = tblSupplier.SupplierID where TrackInventory=0 Order by
-tblPart.PartID;
-
--- name: reorder of posted services
--- columns: PartID | Description | Quantity | QtyRequired | ItemName | Name | Inactive
--- rows: 1
--- row 1: P-200 | Belt | 2 | 6 | Belts | O'Brien Parts | 0
-SELECT tblPart.PartID, tblPart.Description, tblPart.Quantity, tblPart.QtyMax AS QtyRequired,
-tblIndicator.ItemName, tblSupplier.Name, tblPart.Inactive FROM (tblPart LEFT JOIN tblSupplier ON
-tblPart.SupplierID = tblSupplier.SupplierID) LEFT JOIN tblIndicator ON tblPart.PartCategoryID =
-tblIndicator.ItemID Where Inactive = 0 and TrackInventory=0 and (Quantity<QtyMin);
-
--- name: reorder of parts on orders
--- rows: 2
--- has row: P-100
--- has row: P-200
-SELECT tblPart.PartID, tblPart.Description, tblPart.Quantity, tblPart.QtyMax AS QtyRequired,
-tblIndicator.ItemName, tblSupplier.Name, tblPart.Inactive FROM (tblPart LEFT JOIN tblSupplier ON
-tblPart.SupplierID = tblSupplier.SupplierID) LEFT JOIN tblIndicator ON tblPart.PartCategoryID =
-tblIndicator.ItemID Where Inactive = 0 and TrackInventory=0 and (((Quantity-(Select
-Sum(QuantityRequired) from tblWoPartUsed Where PartID = tblPart.PartID))<QtyMin) OR (Quantity<QtyMin));
 
 -- name: reorder of categories and suppliers
 -- rows: 1
@@ -601,12 +217,6 @@ tblPart.SupplierID = tblSupplier.SupplierID) LEFT JOIN tblIndicator ON tblPart.P
 tblIndicator.ItemID Where Inactive = 0 and TrackInventory=0 and (((Quantity-(Select
 Sum(QuantityRequired) from tblWoPartUsed Where PartID = tblPart.PartID))<QtyMin) OR (Quantity<QtyMin))
 and ItemName  in ('Filters') and  name  in ('Tool Barn');
-
--- name: reorder without a filter
--- rows: 1
-SELECT tblPart.PartID, tblPart.Description FROM (tblPart LEFT JOIN tblSupplier ON tblPart.SupplierID =
-tblSupplier.SupplierID) LEFT JOIN tblIndicator ON tblPart.PartCategoryID = tblIndicator.ItemID WHERE
-Inactive = 0 and TrackInventory=0 and (Quantity<QtyMin);
 
 -- name: order for upcoming services
 -- columns: PartID | Description | ItemName | SupplierName | Current Inventory | Quantity Required
@@ -623,27 +233,6 @@ tblServiceUsed.NextScheduledDate  >= #03/01/24# and tblServiceUsed.NextScheduled
 #04/30/24#)  GROUP BY tblServiceUsedPart.PartID, tblPart.Description, tblIndicator.ItemName,
 tblSupplier.Name;
 
--- name: order for upcoming services of suppliers
--- rows: 1
--- row 1: P-200
-SELECT tblServiceUsedPart.PartID, tblPart.Description,
-Sum(tblPart.Quantity)/Count(tblServiceUsedPart.PartID) AS [Current Inventory],
-Sum(tblServiceUsedPart.QuantityRequired) AS [Quantity Required] FROM ((tblServiceUsedPart INNER JOIN
-tblPart ON tblServiceUsedPart.PartID = tblPart.PartID) LEFT JOIN tblSupplier ON tblPart.SupplierID =
-tblSupplier.SupplierID) LEFT JOIN tblServiceUsed ON tblServiceUsedPart.ServiceUsedID =
-tblServiceUsed.ServiceUsedID  Where ( tblServiceUsed.NextScheduledDate  >= #03/01/24# and
-tblServiceUsed.NextScheduledDate <= #04/30/24#) and (tblSupplier.Name  in ('O''Brien Parts')) GROUP BY
-tblServiceUsedPart.PartID, tblPart.Description;
-
--- name: order for upcoming services with a bracket left open
--- error: 0x80040E14
-SELECT tblServiceUsedPart.PartID, tblPart.Description, Sum(tblServiceUsedPart.QuantityRequired) AS
-[Quantity Required] FROM ((tblServiceUsedPart INNER JOIN tblPart ON tblServiceUsedPart.PartID =
-tblPart.PartID) LEFT JOIN tblSupplier ON tblPart.SupplierID = tblSupplier.SupplierID) LEFT JOIN
-tblServiceUsed ON tblServiceUsedPart.ServiceUsedID = tblServiceUsed.ServiceUsedID  Where (
-tblServiceUsed.NextScheduledDate  >= #03/01/24# and tblServiceUsed.NextScheduledDate <= #04/30/24#) and
-(tblSupplier.Name  in ('Tool Barn') GROUP BY tblServiceUsedPart.PartID, tblPart.Description;
-
 -- name: part usage
 -- columns: UnitNo | EquipmentName | Name | PartID | JobNo | Crew
 -- rows: 2
@@ -656,18 +245,6 @@ tblServiceUsed.ServiceUsedID) LEFT JOIN tblEquipment ON tblServiceUsed.Equipment
 tblEquipment.EquipmentID) LEFT JOIN tblCrew ON tblServiceUsed.CrewID =
 tblCrew.CrewID  where  tblServiceUsedPart.PartID  in('p-100', 'P-O''5');
 
--- name: part history
--- columns: CompleteDate | UnitNo | partID | ServiceName | Description | QuantityUsed | Price
--- rows: 3
--- has row: #01-10-2024# | A-1 | P-100 | Oil change | Oil filter | 1 | 12.5
-SELECT tblWOServiceUsedHistory.CompleteDate, tblEquipment.UnitNo, tblWoPartHistory.partID,
-tblWOServiceUsedHistory.ServiceName, tblWoPartHistory.Description, tblWoPartHistory.QuantityUsed,
-tblWoPartHistory.Price FROM (tblWOServiceUsedHistory INNER JOIN tblWoPartHistory ON
-tblWOServiceUsedHistory.ServiceUsedID = tblWoPartHistory.ServiceusedID) LEFT JOIN tblEquipment ON
-tblWOServiceUsedHistory.EquipmentID = tblEquipment.EquipmentID Where
-(tblWOServiceUsedHistory.Completedate >= #01/01/24# and tblWOServiceUsedHistory.Completedate <=
-#03/15/24#) and (tblWoPartHistory.PartID  in ('P-100')) Order by   tblWOServiceUsedHistory.Servicename ;
-
 -- name: part history in short
 -- columns: partID | Description | Qty | Bin
 -- rows: 2
@@ -679,34 +256,6 @@ tblWOServiceUsedHistory.ServiceUsedID = tblWoPartHistory.ServiceusedID) LEFT JOI
 tblWoPartHistory.PartID = tblpart.PartID Where (tblWOServiceUsedHistory.Completedate >= #01/01/24# and
 tblWOServiceUsedHistory.Completedate <= #03/15/24#)  GROUP BY tblWoPartHistory.PartID,
 tblWoPartHistory.Description, tblpart.Bin;
-
--- name: error list
--- rows: 1
--- row 1: 6 | 0 | Equipment | cmdUpdate_Click | Overflow
-SELECT ErrNumber, LineNumber, ModuleName, ProcedureName, ErrDescription, UserMsg, ErrDateTime FROM
-tblErrorList Order by ErrDateTime Asc;
-
--- name: supplier
--- rows: 1
--- row 1: 1 | Tool Barn | 123 | 30 days | 5000 | sales@toolbarn.test | null | null | null | null | OH
-SELECT tblSupplier.SupplierID, tblSupplier.Name, tblSupplier.Tax, tblSupplier.Terms,
-tblSupplier.CreditLimit, tblSupplier.Email, tblSupplier.WebSite, tblSupplier.Address,
-tblSupplier.Address2, tblSupplier.City, tblIndicator.ItemName, tblSupplier.Zip, tblSupplier.Phone,
-tblSupplier.Fax, tblSupplier.Atten, tblSupplier.LicenseNo, tblSupplier.ContactName, tblSupplier.Notes
-FROM tblSupplier LEFT JOIN tblIndicator ON tblSupplier.State = tblIndicator.ItemID Where
-tblSupplier.SupplierID=1 order by tblSupplier.Name;
-
--- name: employee
--- rows: 1
--- row 1: E1 | Ann | Ames | OH | United States | North Yard | 1 | Mowing | Mechanic
-SELECT tblEmployee.EmployeeID, tblEmployee.FirstName, tblEmployee.Lastname, State.ItemName AS StateName,
-Country.ItemName AS CountryName, tblSite.SiteName, tblCrew.CrewNumber, tblCrew.Description,
-EmpPosition.ItemName AS PositionName, tblEmployee.BirthDate, tblEmployee.LaborCost FROM ((((tblEmployee
-LEFT JOIN tblIndicator AS State ON tblEmployee.State = State.ItemID) LEFT JOIN tblIndicator AS Country
-ON tblEmployee.Country = Country.ItemID) LEFT JOIN tblSite ON tblEmployee.Site = tblSite.SiteID) LEFT
-JOIN tblCrew ON tblEmployee.Crew = tblCrew.CrewID) LEFT JOIN tblIndicator AS EmpPosition ON
-tblEmployee.EmpPosition = EmpPosition.ItemID  Where tblEmployee.EmployeeID='E1' order By
-tblEmployee.FirstName;
 
 -- name: work order history in detail
 -- rows: 3
@@ -734,35 +283,7 @@ tblEquipment.CrewID = tblCrew.CrewID) LEFT JOIN tblCrew AS tblServiceCrew ON
 tblWOServiceUsedHistory.CrewID = tblServiceCrew.CrewID Where UnitNo in ('A-1') and (workorderno >= 1 And
 workorderno <= 91) Or (workorderno = 21);
 
--- name: work order history in short
--- rows: 1
--- row 1: 93 | A-1 | 40 | 0 | Mowing | Rider mower
-SELECT tblWOServiceUsedHistory.WorkOrderNo, tblEquipment.UnitNo,
-Sum(tblWOServiceUsedHistory.CostEstimate) AS SumOfCostEstimate, Sum(QuantityUsed * Price) AS SumOfPrice,
-tblCrew.Description, tblEquipment.EquipmentName FROM ((tblWOServiceUsedHistory LEFT JOIN tblEquipment ON
-tblWOServiceUsedHistory.EquipmentID = tblEquipment.EquipmentID) LEFT JOIN tblWoPartHistory ON
-tblWOServiceUsedHistory.ServiceUsedID = tblWoPartHistory.ServiceusedID) LEFT JOIN tblCrew ON
-tblWOServiceUsedHistory.CrewID = tblCrew.CrewID Where (workorderno = 93) GROUP BY
-tblWOServiceUsedHistory.WorkOrderNo, tblEquipment.UnitNo, tblCrew.Description,
-tblEquipment.EquipmentName;
-
 -- name: pick list of units
 -- rows: 4
 SELECT tblEquipment.UnitNo, tblEquipment.EquipmentName FROM tblEquipment  where  tblEquipment.UnitNo not
 in ('a-1', 'T-2');
-
--- name: pick list of crews
--- columns: Crew | Description
--- rows: 3
-SELECT tblCrew.CrewNumber as  [Crew], tblCrew.Description FROM tblCrew  where  tblCrew.CrewNumber not in
-('1', '2');
-
--- name: pick list of suppliers
--- rows: 2
-SELECT tblSupplier.Name, tblSupplier.ContactName FROM tblSupplier  where  tblSupplier.Name not in
-('O''Brien Parts');
-
--- name: pick list of part categories
--- rows: 2
-SELECT tblIndicator.ItemName as [Part Category] FROM tblIndicator where ParentID = 10
-and  tblIndicator.ItemName not in ('Belts');

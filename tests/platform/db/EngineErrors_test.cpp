@@ -49,21 +49,19 @@ TEST(ErrorFrom, TellsFailuresOfTheFileByTheSystemsReason)
     }
 }
 
-TEST(ErrorFrom, AFileThatAnotherProgramHoldsIsPermissionDenied)
+TEST(ErrorFrom, TellsOtherFailuresByTheEnginesCode)
 {
-    const db::DbError error = errorOf({code, 335544344, text, words("open"), text,
-                                       words("/data/q.mdb"), code, 335544734, code, 335545107});
-    EXPECT_EQ(error.number(), 70);
-}
-
-TEST(ErrorFrom, ReadOnlyDatabaseAndLostConnection)
-{
-    EXPECT_EQ(errorOf({code, 335544765}).number(), ErrorNumber::ReadOnly);
-    EXPECT_EQ(errorOf({code, 335544741}).number(), ErrorNumber::ServerUnreachable);
-    EXPECT_EQ(errorOf({code, 335544726}).number(), ErrorNumber::ServerUnreachable);
-    EXPECT_EQ(errorOf({code, 335544472}).number(), ErrorNumber::LoginRefused);
-    EXPECT_EQ(errorOf({code, 335544335, text, words("page 5")}).number(),
-              ErrorNumber::NotADatabase);
+    const std::pair<std::vector<intptr_t>, int> cases[] = {
+        {{code, 335544344, text, words("open"), text, words("/q.mdb"), code, 335544734, code,
+          335545107},
+         70}, // another program holds the file
+        {{code, 335544765}, ErrorNumber::ReadOnly},
+        {{code, 335544741}, ErrorNumber::ServerUnreachable},
+        {{code, 335544726}, ErrorNumber::ServerUnreachable},
+        {{code, 335544472}, ErrorNumber::LoginRefused},
+        {{code, 335544335, text, words("page 5")}, ErrorNumber::NotADatabase}};
+    for (const auto &[status, expected] : cases)
+        EXPECT_EQ(errorOf(status).number(), expected) << status[1];
 }
 
 TEST(ErrorFrom, AConflictCountsEvenWhenTheStatementsFailureComesFirst)

@@ -3,6 +3,7 @@
 #include "platform/db/HelperProcess.h"
 #include "platform/db/Maintenance.h"
 #include "platform/db/TestDatabase.h"
+#include "support/TestFiles.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -47,23 +48,19 @@ TEST(EngineHome, RepairsALinkThatLeadsNowhereAndOldSettings)
     const QString home = folder.filePath(u"engine"_s);
     ASSERT_TRUE(QDir().mkpath(home));
     ASSERT_TRUE(QFile::link(u"/nowhere/at/all"_s, home + u"/plugins"_s));
-    QFile settings(home + u"/firebird.conf"_s);
-    ASSERT_TRUE(settings.open(QIODevice::WriteOnly));
-    settings.write("ServerMode = Super\n");
-    settings.close();
+    test::writeFile(home + u"/firebird.conf"_s, "ServerMode = Super\n");
     HelperProcess program(u"create"_s, folder.filePath(u"x.mdb"_s), withHome(home));
     EXPECT_EQ(program.line(), u"created"_s);
-    ASSERT_TRUE(settings.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(settings.readAll().contains("ServerMode = SuperClassic"));
+    EXPECT_TRUE(test::readFile(home + u"/firebird.conf"_s).contains("ServerMode = SuperClassic"));
 }
 
 TEST(EngineHome, AFolderThatCanNotBeMadeIsToldInWords)
 {
     const QTemporaryDir folder;
-    QFile inTheWay(folder.filePath(u"engine"_s));
-    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
-    HelperProcess program(u"create"_s, folder.filePath(u"x.mdb"_s), withHome(inTheWay.fileName()));
-    EXPECT_TRUE(program.line().contains(inTheWay.fileName()));
+    const QString inTheWay = folder.filePath(u"engine"_s);
+    test::writeFile(inTheWay, {});
+    HelperProcess program(u"create"_s, folder.filePath(u"x.mdb"_s), withHome(inTheWay));
+    EXPECT_TRUE(program.line().contains(inTheWay));
     EXPECT_FALSE(QFile::exists(folder.filePath(u"x.mdb"_s)));
 }
 

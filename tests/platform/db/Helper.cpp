@@ -6,6 +6,8 @@
 #include <QTextStream>
 
 #include <csignal>
+#include <functional>
+#include <map>
 #include <sys/resource.h>
 
 #ifdef __SANITIZE_ADDRESS__
@@ -130,25 +132,20 @@ int main(int argc, char *argv[])
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() < 3)
         return 2;
-    const QString &command = arguments[1];
     const QString &file = arguments[2];
+    const std::map<QString, std::function<void()>> commands = {
+        {u"write-forever"_s, [&] { writeForever(file); }},
+        {u"hold-row"_s, [&] { holdRow(file, arguments.value(3)); }},
+        {u"attach"_s, [&] { attach(file); }},
+        {u"fill-disk"_s, [&] { fillDisk(file); }},
+        {u"create"_s, [&] { create(file); }},
+        {u"begin-backup"_s, [&] { beginBackup(file); }},
+        {u"add-table"_s, [&] { addTable(file); }}};
+    const auto command = commands.find(arguments[1]);
+    if (command == commands.end())
+        return 2;
     try {
-        if (command == u"write-forever"_s)
-            writeForever(file);
-        else if (command == u"hold-row"_s)
-            holdRow(file, arguments.value(3));
-        else if (command == u"attach"_s)
-            attach(file);
-        else if (command == u"fill-disk"_s)
-            fillDisk(file);
-        else if (command == u"create"_s)
-            create(file);
-        else if (command == u"begin-backup"_s)
-            beginBackup(file);
-        else if (command == u"add-table"_s)
-            addTable(file);
-        else
-            return 2;
+        command->second();
     } catch (const base::Error &error) {
         say(u"error %1: %2"_s.arg(error.number()).arg(error.description()));
         return 1;

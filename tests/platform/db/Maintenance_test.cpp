@@ -1,8 +1,9 @@
 #include "platform/db/Maintenance.h"
 
-#include "platform/db/Errors.h"
 #include "platform/db/HelperProcess.h"
 #include "platform/db/TestDatabase.h"
+#include "support/Raised.h"
+#include "support/TestFiles.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -43,9 +44,7 @@ protected:
     }
     [[nodiscard]] static QByteArray fingerprint(const QString &file)
     {
-        QFile opened(file);
-        EXPECT_TRUE(opened.open(QIODevice::ReadOnly)) << file.toStdString();
-        return QCryptographicHash::hash(opened.readAll(), QCryptographicHash::Sha256);
+        return QCryptographicHash::hash(test::readFile(file), QCryptographicHash::Sha256);
     }
     /// A copy is whole when it opens, finds the same rows by its index and by hand, and takes rows.
     void expectWhole(const QString &file, int atLeast = 500) const
@@ -92,9 +91,7 @@ TEST_F(Maintenance, ForcedWritesFollowTheTarget)
         target.forcedWrites = wanted;
         const db::Connection connection(target);
         // The setting stands in the flags of the file's first page.
-        QFile file(target.file);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return (file.read(44).at(42) & 2) != 0;
+        return (test::readFile(target.file).at(42) & 2) != 0;
     };
     EXPECT_FALSE(forced(false));
     EXPECT_TRUE(forced(true));
@@ -178,21 +175,18 @@ TEST_F(Maintenance, BackupAfterABackupThatNeverEndedIsWhole)
 
 TEST_F(Maintenance, ABackupThatFailsLeavesNothingBehind)
 {
-    EXPECT_EQ(raisedBy([&] {
-                  db::backupOnline(database.target(), path(u"no folder/copy.mdb"_s));
-              }).number(),
-              ErrorNumber::FileMissing);
-    db::Target missing = database.target();
-    missing.file = path(u"none.mdb"_s);
-    EXPECT_EQ(raisedBy([&] { db::backupOnline(missing, path(u"copy.mdb"_s)); }).number(),
-              ErrorNumber::FileMissing);
+    const auto backingUp = [this](const QString &from, const QString &to) {
+        db::Target target = database.target();
+        target.file = path(from);
+        return raisedBy([&] { db::backupOnline(target, path(to)); }).number();
+    };
+    EXPECT_EQ(backingUp(u"test.mdb"_s, u"no folder/copy.mdb"_s), ErrorNumber::FileMissing);
+    EXPECT_EQ(backingUp(u"none.mdb"_s, u"copy.mdb"_s), ErrorNumber::FileMissing);
     // A folder in the place of the copy: the last step fails.
     ASSERT_TRUE(QDir().mkpath(path(u"copy.mdb/inside"_s)));
-    EXPECT_EQ(raisedBy([&] { db::backupOnline(database.target(), path(u"copy.mdb"_s)); }).number(),
-              ErrorNumber::FileAccess);
+    EXPECT_EQ(backingUp(u"test.mdb"_s, u"copy.mdb"_s), ErrorNumber::FileAccess);
     const db::Connection data = database.connect();
-    EXPECT_EQ(raisedBy([&] { db::backupOnline(database.target(), path(u"copy.mdb"_s)); }).number(),
-              ErrorNumber::FileAccess);
+    EXPECT_EQ(backingUp(u"test.mdb"_s, u"copy.mdb"_s), ErrorNumber::FileAccess);
     EXPECT_EQ(files(), QStringList{u"test.mdb"_s});
 }
 
@@ -213,24 +207,18 @@ TEST_F(Maintenance, CompactWritesASmallerWholeCopy)
 
 TEST_F(Maintenance, CompactRefusesWhatItMustNotTouch)
 {
+    const auto compacting = [this](const QString &from, const QString &to) {
+        return raisedBy([&] { db::compact(path(from), path(to)); }).number();
+    };
     {
         const db::Connection data = database.connect();
-        EXPECT_EQ(raisedBy([&] { db::compact(database.file(), path(u"compact.mdb"_s)); }).number(),
-                  ErrorNumber::FileInUse);
+        EXPECT_EQ(compacting(u"test.mdb"_s, u"compact.mdb"_s), ErrorNumber::FileInUse);
     }
-    EXPECT_EQ(raisedBy([&] { db::compact(database.file(), database.file()); }).number(),
-              ErrorNumber::FileExists);
-    EXPECT_EQ(raisedBy([&] { db::compact(path(u"none.mdb"_s), path(u"compact.mdb"_s)); }).number(),
-              ErrorNumber::FileMissing);
-    EXPECT_NE(
-        raisedBy([&] { db::compact(database.file(), path(u"no folder/compact.mdb"_s)); }).number(),
-        0);
-    QFile junk(path(u"junk.mdb"_s));
-    ASSERT_TRUE(junk.open(QIODevice::WriteOnly));
-    junk.write(QByteArray(30000, 'j'));
-    junk.close();
-    EXPECT_EQ(raisedBy([&] { db::compact(junk.fileName(), path(u"compact.mdb"_s)); }).number(),
-              ErrorNumber::NotADatabase);
+    EXPECT_EQ(compacting(u"test.mdb"_s, u"test.mdb"_s), ErrorNumber::FileExists);
+    EXPECT_EQ(compacting(u"none.mdb"_s, u"compact.mdb"_s), ErrorNumber::FileMissing);
+    EXPECT_NE(compacting(u"test.mdb"_s, u"no folder/compact.mdb"_s), 0);
+    test::writeFile(path(u"junk.mdb"_s), QByteArray(30000, 'j'));
+    EXPECT_EQ(compacting(u"junk.mdb"_s, u"compact.mdb"_s), ErrorNumber::NotADatabase);
     EXPECT_EQ(files(), (QStringList{u"junk.mdb"_s, u"test.mdb"_s}));
     expectWhole(database.file());
 }

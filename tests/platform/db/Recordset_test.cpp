@@ -1,14 +1,13 @@
 #include "platform/db/Recordset.h"
 
 #include "platform/base/Environment.h"
-#include "platform/base/Error.h"
 #include "platform/db/Criterion.h"
 #include "platform/db/RowData.h"
 #include "platform/sql/Errors.h"
+#include "support/Raised.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <limits>
 
 namespace {
@@ -19,15 +18,11 @@ using db::Row;
 using db::RowData;
 using db::RowLayout;
 
-/// The number of the error that an action raises, 0 for none.
-int errorOf(const std::function<void()> &action)
+/// The number of the error that an action raises.
+template<class Action>
+int errorOf(Action &&action)
 {
-    try {
-        action();
-    } catch (const base::Error &error) {
-        return error.number();
-    }
-    return 0;
+    return test::raisedBy(action).number();
 }
 
 void addText(RowData &rows, int column, const QString &text)
@@ -202,58 +197,34 @@ TEST(Row, LongKeysInTextKeepAllTheirDigits)
     EXPECT_EQ(errorOf([&] { (void)rs.row(1).integer(u"Key"); }), base::ErrorNumber::Overflow);
 }
 
-struct FindCase
+TEST(Find, VisitsTheRowsThatMeetTheCriterion)
 {
-    const char *name;
-    const char16_t *criterion;
-    std::vector<int> found; ///< rows, from 0
-};
-
-void PrintTo(const FindCase &value, std::ostream *out)
-{
-    *out << value.name;
+    using Case = std::pair<QStringView, std::vector<int>>;
+    const Case criteria[] = {
+        // Numbers.
+        Case{u"EquipmentID = 2", {1}}, Case{u"equipmentid='2'", {1}},
+        Case{u"Price <> 12.5", {1, 3}}, Case{u"Price<0", {3}}, Case{u"Price <= 0", {1, 3}},
+        Case{u"Price > 0", {0}}, Case{u"Price >= -2.5", {0, 1, 3}},
+        // Texts.
+        Case{u"[Unit No] = 'AX-1'", {0}}, Case{u"[unit no] = \"ax-1\"", {0}},
+        Case{u"[Unit No] = 'grösse''s [4]'", {}}, Case{u"[Unit No] = 'GRÖßE''S [4]'", {3}},
+        Case{u"[Unit No] < 'b'", {0, 1}}, Case{u"[Unit No] = 17", {1}},
+        Case{u"[Unit No] like 'A*'", {0}}, Case{u"[Unit No] LIKE '*7'", {1}},
+        Case{u"[Unit No] like '*x-*'", {0}}, Case{u"[Unit No] like '*'", {0, 1, 3}},
+        Case{u"EquipmentID like '?'", {0, 1, 2, 3}},
+        // Dates, Yes/No, Null.
+        Case{u"Installed >= #03-15-2024#", {0, 3}}, Case{u"Installed = #3/15/2024 8:30 AM#", {0}},
+        Case{u"Used = True", {0, 3}}, Case{u"Used = false", {1}}, Case{u"Price = Null", {2}},
+        Case{u"Price <> null", {0, 1, 3}}, Case{u"EquipmentID = 99", {}}};
+    for (const auto &[criterion, rows] : criteria) {
+        Recordset rs = machines();
+        std::vector<int> found;
+        for (int from = 0; rs.Find(criterion, from); from = rs.Position() + 1)
+            found.push_back(rs.Position());
+        EXPECT_EQ(found, rows) << criterion.toString().toStdString();
+        EXPECT_TRUE(rs.IsEOF());
+    }
 }
-
-class Find : public testing::TestWithParam<FindCase>
-{};
-
-TEST_P(Find, VisitsTheRowsThatMeetTheCriterion)
-{
-    Recordset rs = machines();
-    const QString criterion = QString::fromUtf16(GetParam().criterion);
-    std::vector<int> found;
-    for (int from = 0; rs.Find(criterion, from); from = rs.Position() + 1)
-        found.push_back(rs.Position());
-    EXPECT_EQ(found, GetParam().found);
-    EXPECT_TRUE(rs.IsEOF());
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Criteria, Find,
-    testing::Values(FindCase{"number", u"EquipmentID = 2", {1}},
-                    FindCase{"quotedNumber", u"equipmentid='2'", {1}},
-                    FindCase{"notEqualLeavesNullOut", u"Price <> 12.5", {1, 3}},
-                    FindCase{"less", u"Price<0", {3}}, FindCase{"atMost", u"Price <= 0", {1, 3}},
-                    FindCase{"greater", u"Price > 0", {0}},
-                    FindCase{"atLeast", u"Price >= -2.5", {0, 1, 3}},
-                    FindCase{"textInAnyCase", u"[Unit No] = 'AX-1'", {0}},
-                    FindCase{"textInDoubleQuotes", u"[unit no] = \"ax-1\"", {0}},
-                    FindCase{"doubledQuote", u"[Unit No] = 'grösse''s [4]'", {}},
-                    FindCase{"umlautInAnyCase", u"[Unit No] = 'GRÖßE''S [4]'", {3}},
-                    FindCase{"textOrder", u"[Unit No] < 'b'", {0, 1}},
-                    FindCase{"numberAgainstText", u"[Unit No] = 17", {1}},
-                    FindCase{"likeBeginning", u"[Unit No] like 'A*'", {0}},
-                    FindCase{"likeEnd", u"[Unit No] LIKE '*7'", {1}},
-                    FindCase{"likeInside", u"[Unit No] like '*x-*'", {0}},
-                    FindCase{"likeEverything", u"[Unit No] like '*'", {0, 1, 3}},
-                    FindCase{"likeOnNumbers", u"EquipmentID like '?'", {0, 1, 2, 3}},
-                    FindCase{"date", u"Installed >= #03-15-2024#", {0, 3}},
-                    FindCase{"dateAndTime", u"Installed = #3/15/2024 8:30 AM#", {0}},
-                    FindCase{"yes", u"Used = True", {0, 3}}, FindCase{"no", u"Used = false", {1}},
-                    FindCase{"null", u"Price = Null", {2}},
-                    FindCase{"notNull", u"Price <> null", {0, 1, 3}},
-                    FindCase{"nothing", u"EquipmentID = 99", {}}),
-    [](const auto &tested) { return std::string(tested.param.name); });
 
 TEST(Find, RefusesWhatIsNoComparison)
 {
@@ -275,35 +246,21 @@ TEST(FitsPattern, KnowsItsSigns)
 {
     struct Case
     {
-        const char16_t *text;
-        const char16_t *pattern;
+        const char16_t *text, *pattern;
         bool fits;
     };
     const Case cases[] = {
-        {u"", u"", true},
-        {u"", u"*", true},
-        {u"a", u"", false},
-        {u"abc", u"ABC", true},
-        {u"abc", u"a?c", true},
-        {u"ac", u"a?c", false},
-        {u"abc", u"*b*", true},
-        {u"aab", u"*ab", true},
-        {u"abab", u"*ab", true},
-        {u"abac", u"*ab", false},
-        {u"a1", u"a#", true},
-        {u"ax", u"a#", false},
-        {u"a#", u"a#", false},
-        {u"b2", u"[a-c]#", true},
-        {u"B2", u"[a-c]#", true},
-        {u"d2", u"[a-c]#", false},
-        {u"d2", u"[!a-c]#", true},
-        {u"a*", u"a[*]", true},
-        {u"ab", u"a[*]", false},
-        {u"a[b", u"a[b", true},
-        {u"x-y", u"x[-]y", true},
-        {u"mississippi", u"*iss*ppi", true},
-        {u"mississippi", u"*iss*ppo", false},
-    };
+        // Any text, one character.
+        Case{u"", u"", true}, Case{u"", u"*", true}, Case{u"a", u"", false},
+        Case{u"abc", u"ABC", true}, Case{u"abc", u"a?c", true}, Case{u"ac", u"a?c", false},
+        Case{u"abc", u"*b*", true}, Case{u"aab", u"*ab", true}, Case{u"abab", u"*ab", true},
+        Case{u"abac", u"*ab", false},
+        // Digits and lists.
+        Case{u"a1", u"a#", true}, Case{u"ax", u"a#", false}, Case{u"a#", u"a#", false},
+        Case{u"b2", u"[a-c]#", true}, Case{u"B2", u"[a-c]#", true}, Case{u"d2", u"[a-c]#", false},
+        Case{u"d2", u"[!a-c]#", true}, Case{u"a*", u"a[*]", true}, Case{u"ab", u"a[*]", false},
+        Case{u"a[b", u"a[b", true}, Case{u"x-y", u"x[-]y", true},
+        Case{u"mississippi", u"*iss*ppi", true}, Case{u"mississippi", u"*iss*ppo", false}};
     for (const Case &c : cases) {
         EXPECT_EQ(db::fitsPattern(c.text, c.pattern), c.fits)
             << QString::fromUtf16(c.text).toStdString() << " like "

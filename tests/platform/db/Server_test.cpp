@@ -1,8 +1,9 @@
 #include "platform/db/Connection.h"
 
 #include "platform/db/EngineHome.h"
-#include "platform/db/Errors.h"
 #include "platform/db/Maintenance.h"
+#include "support/Raised.h"
+#include "support/TestFiles.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -42,15 +43,13 @@ public:
         for (const auto &part : {u"plugins"_s, u"intl"_s, u"firebird.msg"_s, u"plugins.conf"_s})
             QFile::link(installed + u'/' + part, m_home.filePath(part));
         const QString security = m_home.filePath(u"security.fdb"_s);
-        QFile settings(m_home.filePath(u"firebird.conf"_s));
-        EXPECT_TRUE(settings.open(QIODevice::WriteOnly));
-        settings.write(
+        test::writeFile(
+            m_home.filePath(u"firebird.conf"_s),
             u"RemoteServicePort = %1\nRemoteBindAddress = 127.0.0.1\n"
             "SecurityDatabase = %2\nAuthServer = Srp\nUserManager = Srp\nProviders = Engine12,Engine13\n"_s
                 .arg(m_port)
                 .arg(security)
                 .toUtf8());
-        settings.close();
         m_environment.insert(u"FIREBIRD"_s, m_home.path());
         m_environment.insert(u"FIREBIRD_LOCK"_s, m_home.path());
         run(QStandardPaths::findExecutable(u"isql-fb"_s), {},
@@ -124,7 +123,7 @@ TEST(Server, ServesTheSameStatementsToSeveralConnections)
         GTEST_SKIP() << "needs the programs firebird and isql-fb of the database server";
     const Server server;
     const db::Target target = server.target(u"q.mdb"_s);
-    const db::DbError missing = raisedBy([&] { db::Connection{target}; });
+    const base::Error missing = raisedBy([&] { db::Connection{target}; });
     EXPECT_EQ(missing.number(), ErrorNumber::FileMissing) << missing.what();
     db::createDatabase(target);
     db::Target stranger = target;

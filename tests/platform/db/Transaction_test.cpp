@@ -1,9 +1,9 @@
 #include "platform/db/Connection.h"
 
-#include "platform/db/Errors.h"
 #include "platform/db/HelperProcess.h"
 #include "platform/db/Maintenance.h"
 #include "platform/db/TestDatabase.h"
+#include "support/Raised.h"
 
 #include <QElapsedTimer>
 #include <gtest/gtest.h>
@@ -103,7 +103,7 @@ TEST_F(Transaction, TwoWritersOfOneRowConflictAtOnce)
     timer.start();
     for (const auto &statement :
          {u"Update tblLog set Side = 6 where Number = 1"_s, u"Delete from tblLog"_s}) {
-        const db::DbError error = raisedBy([&] { lookup.Execute(statement); });
+        const base::Error error = raisedBy([&] { lookup.Execute(statement); });
         EXPECT_EQ(error.number(), ErrorNumber::LockConflict) << error.what();
         EXPECT_EQ(error.description(),
                   u"Another workstation is changing this record. Please try again in a moment."_s);

@@ -2,8 +2,8 @@
 
 #include "platform/base/Environment.h"
 
-#include "platform/db/Errors.h"
 #include "platform/db/TestDatabase.h"
+#include "support/Raised.h"
 
 #include <gtest/gtest.h>
 
@@ -55,39 +55,23 @@ TEST_F(Types, ValuesComeBackAsTheyWere)
         QVariant out;
     };
     const Case cases[] = {
-        {u"Whole"_s, 2147483647, 2147483647LL},
-        {u"Whole"_s, -2147483647 - 1, -2147483648LL},
-        {u"Whole"_s, u"15"_s, 15LL},
-        {u"Whole"_s, u" -3 "_s, -3LL},
-        {u"Whole"_s, 2.5, 2LL},
-        {u"Whole"_s, true, -1LL},
-        {u"Small"_s, 32767, 32767LL},
-        {u"Amount"_s, 0.1, 0.1},
-        {u"Amount"_s, 1e300, 1e300},
-        {u"Amount"_s, 7, 7.0},
-        {u"Amount"_s, u"2.5"_s, 2.5},
-        {u"Money"_s, 0.07, 0.07},
-        {u"Money"_s, 99999999999.99, 99999999999.99},
-        {u"Money"_s, -1234.5678, -1234.5678},
-        {u"Money"_s, u"12.34"_s, 12.34},
-        {u"Name"_s, u"O'Brien \"the\" %_\\ [x] ; --"_s, u"O'Brien \"the\" %_\\ [x] ; --"_s},
-        {u"Name"_s, u"Größe 日本 🚜"_s, u"Größe 日本 🚜"_s},
-        {u"Name"_s, u""_s, u""_s},
-        {u"Name"_s, u"trailing  "_s, u"trailing  "_s},
-        {u"Name"_s, 5, u"5"_s},
-        {u"Name"_s, u"123456789012345678901234567890"_s, u"123456789012345678901234567890"_s},
-        {u"Moment"_s, moment, moment},
-        {u"Moment"_s, QDate(1901, 1, 2), base::wallClock(QDate(1901, 1, 2))},
-        {u"Moment"_s, u"02-29-2024"_s, base::wallClock(QDate(2024, 2, 29))},
-        {u"Moment"_s, QDateTime(), QVariant()},
-        {u"Flag"_s, true, -1LL},
-        {u"Flag"_s, 1, -1LL},
-        {u"Flag"_s, u"1"_s, -1LL},
-        {u"Flag"_s, 0, 0LL},
-        {u"Flag"_s, u"False"_s, 0LL},
-        {u"Picture"_s, QByteArray("a\0b\xff", 4), QByteArray("a\0b\xff", 4)},
-        {u"Picture"_s, QByteArray(), QByteArray()},
-    };
+        // Numbers.
+        Case{u"Whole"_s, 2147483647, 2147483647LL},
+        Case{u"Whole"_s, -2147483647 - 1, -2147483648LL}, Case{u"Whole"_s, 2.5, 2LL},
+        Case{u"Small"_s, 32767, 32767LL}, Case{u"Amount"_s, 0.1, 0.1},
+        Case{u"Amount"_s, 1e300, 1e300}, Case{u"Money"_s, 0.07, 0.07},
+        Case{u"Money"_s, 99999999999.99, 99999999999.99}, Case{u"Money"_s, -1234.5678, -1234.5678},
+        // Texts, dates, bytes.
+        Case{u"Name"_s, u"O'Brien \"the\" %_\\ [x] ; --"_s, u"O'Brien \"the\" %_\\ [x] ; --"_s},
+        Case{u"Name"_s, u"Größe 日本 🚜"_s, u"Größe 日本 🚜"_s}, Case{u"Name"_s, u""_s, u""_s},
+        Case{u"Name"_s, u"trailing  "_s, u"trailing  "_s},
+        Case{u"Name"_s, u"123456789012345678901234567890"_s, u"123456789012345678901234567890"_s},
+        Case{u"Moment"_s, moment, moment},
+        Case{u"Moment"_s, QDate(1901, 1, 2), base::wallClock(QDate(1901, 1, 2))},
+        Case{u"Moment"_s, QDateTime(), QVariant()}, Case{u"Flag"_s, true, -1LL},
+        Case{u"Flag"_s, 1, -1LL}, Case{u"Flag"_s, 0, 0LL},
+        Case{u"Picture"_s, QByteArray("a\0b\xff", 4), QByteArray("a\0b\xff", 4)},
+        Case{u"Picture"_s, QByteArray(), QByteArray()}};
     for (const Case &c : cases) {
         EXPECT_EQ(through(c.column, c.in), c.out)
             << c.column.toStdString() << ' ' << c.in.toString().toStdString();
@@ -106,19 +90,27 @@ TEST_F(Types, NullIsNullInEveryColumnButYesNo)
 
 TEST_F(Types, LiteralsAreStoredLikeParameters)
 {
-    EXPECT_EQ(throughLiteral(u"Whole"_s, u"'12'"_s), QVariant(12LL));
-    EXPECT_EQ(throughLiteral(u"Whole"_s, u"-12"_s), QVariant(-12LL));
-    EXPECT_EQ(throughLiteral(u"Money"_s, u"'0.07'"_s), QVariant(0.07));
-    EXPECT_EQ(throughLiteral(u"Money"_s, u"-0.07"_s), QVariant(-0.07));
-    EXPECT_EQ(throughLiteral(u"Name"_s, u"'it''s'"_s), QVariant(u"it's"_s));
-    EXPECT_EQ(throughLiteral(u"Name"_s, u"\"\""_s), QVariant(u""_s));
-    EXPECT_EQ(throughLiteral(u"Moment"_s, u"#03-09-2024#"_s),
-              QVariant(base::wallClock(QDate(2024, 3, 9))));
-    EXPECT_EQ(throughLiteral(u"Moment"_s, u"'03/09/2024 2:05 PM'"_s),
-              QVariant(base::wallClock(QDate(2024, 3, 9), QTime(14, 5))));
-    EXPECT_EQ(throughLiteral(u"Flag"_s, u"'1'"_s), QVariant(-1LL));
-    EXPECT_EQ(throughLiteral(u"Flag"_s, u"True"_s), QVariant(-1LL));
-    EXPECT_EQ(throughLiteral(u"Flag"_s, u"No"_s), QVariant(0LL));
+    struct Case
+    {
+        QString column, literal;
+        QVariant stored;
+    };
+    const QDate day(2024, 3, 9);
+    const Case cases[] = {
+        {u"Whole"_s, u"'12'"_s, 12LL},
+        {u"Whole"_s, u"-12"_s, -12LL},
+        {u"Money"_s, u"'0.07'"_s, 0.07},
+        {u"Money"_s, u"-0.07"_s, -0.07},
+        {u"Name"_s, u"'it''s'"_s, u"it's"_s},
+        {u"Name"_s, u"\"\""_s, u""_s},
+        {u"Name"_s, u"77"_s, u"77"_s},
+        {u"Moment"_s, u"#03-09-2024#"_s, base::wallClock(day)},
+        {u"Moment"_s, u"'03/09/2024 2:05 PM'"_s, base::wallClock(day, QTime(14, 5))},
+        {u"Flag"_s, u"'1'"_s, -1LL},
+        {u"Flag"_s, u"True"_s, -1LL},
+        {u"Flag"_s, u"No"_s, 0LL}};
+    for (const Case &c : cases)
+        EXPECT_EQ(throughLiteral(c.column, c.literal), c.stored) << c.literal.toStdString();
 }
 
 TEST_F(Types, MoneyStaysExactOverTheWholeRange)
@@ -137,18 +129,24 @@ TEST_F(Types, MoneyStaysExactOverTheWholeRange)
 
 TEST_F(Types, WhatDoesNotFitRaisesItsNumber)
 {
-    const auto error = [this](const QString &column, const QVariant &value) {
-        return test::raisedBy([&] { (void)through(column, value); }).number();
+    struct Case
+    {
+        QString column;
+        QVariant value;
+        int number;
     };
-    EXPECT_EQ(error(u"Name"_s, QString(31, u'x')), ErrorNumber::TextTooLong);
-    EXPECT_EQ(error(u"Name"_s, QString(31, u'ü')), ErrorNumber::TextTooLong);
-    EXPECT_EQ(error(u"Whole"_s, 2147483648LL), ErrorNumber::Overflow);
-    EXPECT_EQ(error(u"Small"_s, 32768), ErrorNumber::Overflow);
-    EXPECT_EQ(error(u"Money"_s, 1e18), ErrorNumber::Overflow);
-    EXPECT_EQ(error(u"Whole"_s, u"abc"_s), ErrorNumber::TypeMismatch);
-    EXPECT_EQ(error(u"Whole"_s, u""_s), ErrorNumber::TypeMismatch);
-    EXPECT_EQ(error(u"Moment"_s, u"31-31-2024"_s), ErrorNumber::TypeMismatch);
-    EXPECT_EQ(error(u"Picture"_s, 5), ErrorNumber::TypeMismatch);
+    const Case cases[] = {{u"Name"_s, QString(31, u'x'), ErrorNumber::TextTooLong},
+                          {u"Name"_s, QString(31, u'ü'), ErrorNumber::TextTooLong},
+                          {u"Whole"_s, 2147483648LL, ErrorNumber::Overflow},
+                          {u"Small"_s, 32768, ErrorNumber::Overflow},
+                          {u"Money"_s, 1e18, ErrorNumber::Overflow},
+                          {u"Whole"_s, u"abc"_s, ErrorNumber::TypeMismatch},
+                          {u"Whole"_s, u""_s, ErrorNumber::TypeMismatch},
+                          {u"Moment"_s, u"31-31-2024"_s, ErrorNumber::TypeMismatch},
+                          {u"Picture"_s, 5, ErrorNumber::TypeMismatch}};
+    for (const Case &c : cases)
+        EXPECT_EQ(test::raisedBy([&] { (void)through(c.column, c.value); }).number(), c.number)
+            << c.column.toStdString() << ' ' << c.value.toString().toStdString();
     // Thirty characters fit, however many bytes they need.
     EXPECT_EQ(through(u"Name"_s, QString(30, u'ü')), QVariant(QString(30, u'ü')));
 }

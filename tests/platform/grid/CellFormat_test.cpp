@@ -24,44 +24,37 @@ struct Shown
     ColumnKind kind = ColumnKind::Unknown;
 };
 
-class CellFormatShown : public testing::TestWithParam<Shown>
-{};
-
-TEST_P(CellFormatShown, AsTheFormatSays)
+TEST(CellFormat, ShowsValuesAsTheFormatSays)
 {
-    const Shown &c = GetParam();
-    EXPECT_EQ(grid::formatted(c.value, QString::fromLatin1(c.format), c.kind).toStdString(), c.text)
-        << c.value.toString().toStdString() << " as " << c.format;
+    const Shown cases[] = {
+        // Numbers.
+        Shown{1234.5, "0.00", "1234.50"}, Shown{1234.5, "$0.00", "$1234.50"},
+        Shown{-3.5, "$0.00", "-$3.50"}, Shown{-0.001, "$0.00", "$0.00"},
+        Shown{"12.5", "$0.00", "$12.50"}, Shown{7, "000", "007"},
+        Shown{1234567.891, "#,##0.00", "1,234,567.89"}, Shown{999, "#,##0", "999"},
+        Shown{0.5, "#.##", ".5"}, Shown{5.0, "0.##", "5"}, Shown{45, "0 %", "45 %"},
+        Shown{QVariant(), "$0.00", ""}, Shown{"", "$0.00", ""}, Shown{"none", "$0.00", "none"},
+        Shown{0, "$0.00", "$0.00"}, Shown{2.5, "", "2.5"}, Shown{QVariant(qint64(12)), "", "12"},
+        // Dates and times.
+        Shown{when(2024, 3, 9), "", "03/09/2024", ColumnKind::Date},
+        Shown{when(2024, 3, 9), "mm/dd/yyyy", "03/09/2024"},
+        Shown{when(2024, 3, 9), "m-d-yy", "3-9-24"},
+        Shown{when(2024, 3, 9), "MM/dd/yy", "03/09/24"},
+        Shown{when(2024, 3, 9), "d mmm yyyy", "9 Mar 2024"},
+        Shown{when(2024, 3, 9, 0, 5), "hh:mm AMPM", "12:05 AM"},
+        Shown{when(2024, 3, 9, 12, 0), "hh:mm AMPM", "12:00 PM"},
+        Shown{when(2024, 3, 9, 15, 7), "h:mm AM/PM", "3:07 PM"},
+        Shown{when(2024, 3, 9, 15, 7, 2), "mm/dd/yyyy hh:mm:ss", "03/09/2024 15:07:02"},
+        Shown{when(2024, 3, 9, 15, 7, 2), "hh:nn:ss", "15:07:02"},
+        Shown{"13:05", "hh:mm AMPM", "01:05 PM"}, Shown{"8:30", "hh:mm AMPM", "08:30 AM"},
+        Shown{"3/9/24", "mm/dd/yyyy", "03/09/2024"}, Shown{"soon", "mm/dd/yyyy", "soon"},
+        Shown{"", "hh:mm AMPM", ""}, Shown{QVariant(QDateTime()), "mm/dd/yyyy", ""}};
+    for (const Shown &c : cases) {
+        EXPECT_EQ(grid::formatted(c.value, QString::fromLatin1(c.format), c.kind).toStdString(),
+                  c.text)
+            << c.value.toString().toStdString() << " as " << c.format;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Numbers, CellFormatShown,
-    testing::Values(Shown{1234.5, "0.00", "1234.50"}, Shown{1234.5, "$0.00", "$1234.50"},
-                    Shown{-3.5, "$0.00", "-$3.50"}, Shown{-0.001, "$0.00", "$0.00"},
-                    Shown{"12.5", "$0.00", "$12.50"}, Shown{7, "000", "007"},
-                    Shown{1234567.891, "#,##0.00", "1,234,567.89"}, Shown{999, "#,##0", "999"},
-                    Shown{0.5, "#.##", ".5"}, Shown{5.0, "0.##", "5"}, Shown{45, "0 %", "45 %"},
-                    Shown{QVariant(), "$0.00", ""}, Shown{"", "$0.00", ""},
-                    Shown{"none", "$0.00", "none"}, Shown{0, "$0.00", "$0.00"},
-                    Shown{2.5, "", "2.5"}, Shown{QVariant(qint64(12)), "", "12"}));
-
-INSTANTIATE_TEST_SUITE_P(
-    DatesAndTimes, CellFormatShown,
-    testing::Values(Shown{when(2024, 3, 9), "", "03/09/2024", ColumnKind::Date},
-                    Shown{when(2024, 3, 9), "mm/dd/yyyy", "03/09/2024"},
-                    Shown{when(2024, 3, 9), "m-d-yy", "3-9-24"},
-                    Shown{when(2024, 3, 9), "MM/dd/yy", "03/09/24"},
-                    Shown{when(2024, 3, 9), "d mmm yyyy", "9 Mar 2024"},
-                    Shown{when(2024, 3, 9, 0, 5), "hh:mm AMPM", "12:05 AM"},
-                    Shown{when(2024, 3, 9, 12, 0), "hh:mm AMPM", "12:00 PM"},
-                    Shown{when(2024, 3, 9, 15, 7), "h:mm AM/PM", "3:07 PM"},
-                    Shown{when(2024, 3, 9, 15, 7, 2), "mm/dd/yyyy hh:mm:ss", "03/09/2024 15:07:02"},
-                    Shown{when(2024, 3, 9, 15, 7, 2), "hh:nn:ss", "15:07:02"},
-                    Shown{"13:05", "hh:mm AMPM", "01:05 PM"},
-                    Shown{"8:30", "hh:mm AMPM", "08:30 AM"},
-                    Shown{"3/9/24", "mm/dd/yyyy", "03/09/2024"},
-                    Shown{"soon", "mm/dd/yyyy", "soon"}, Shown{"", "hh:mm AMPM", ""},
-                    Shown{QVariant(QDateTime()), "mm/dd/yyyy", ""}));
 
 struct Typed
 {
@@ -71,20 +64,6 @@ struct Typed
     QVariant value;
 };
 
-class CellFormatTyped : public testing::TestWithParam<Typed>
-{};
-
-TEST_P(CellFormatTyped, BecomesAValueOfTheColumn)
-{
-    const Typed &c = GetParam();
-    const auto value = grid::typedValue(QString::fromLatin1(c.text), c.column);
-    ASSERT_EQ(value.has_value(), c.isValue) << c.text;
-    if (value) {
-        EXPECT_EQ(*value, c.value) << c.text;
-        EXPECT_EQ(value->typeId(), c.value.typeId()) << c.text;
-    }
-}
-
 const Column Masked{.name = u"Qty"_s, .mask = u"{0,99999}.{0,99}"_s};
 const Column Interval{.name = u"Interval"_s, .mask = u"{1,99999}"_s};
 const Column Whole{.name = u"Count"_s, .kind = ColumnKind::Integer};
@@ -92,18 +71,30 @@ const Column Price{.name = u"Price"_s, .kind = ColumnKind::Money};
 const Column Day{.name = u"Date"_s, .editor = Editor::Date};
 const Column Note{.name = u"Note"_s, .kind = ColumnKind::Text};
 
-INSTANTIATE_TEST_SUITE_P(
-    Texts, CellFormatTyped,
-    testing::Values(Typed{"12", Masked, true, qint64(12)}, Typed{"12.50", Masked, true, 12.5},
-                    Typed{"7.", Masked, true, 7.0}, Typed{"", Masked, true, {}},
-                    Typed{".", Masked, true, {}}, Typed{"100000", Masked, false, {}},
-                    Typed{"0", Interval, false, {}}, Typed{"30", Interval, true, qint64(30)},
-                    Typed{"-4", Whole, true, qint64(-4)}, Typed{"4.5", Whole, false, {}},
-                    Typed{"4.25", Price, true, 4.25}, Typed{".", Price, true, {}},
-                    Typed{"1-", Price, false, {}}, Typed{"3/9/24", Day, true, when(2024, 3, 9)},
-                    Typed{"03-09-2024", Day, true, when(2024, 3, 9)}, Typed{" ", Day, true, {}},
-                    Typed{"2/30/2024", Day, false, {}}, Typed{"3/9", Day, false, {}},
-                    Typed{"it's", Note, true, u"it's"_s}, Typed{"", Note, true, u""_s}));
+TEST(CellFormat, TypedTextsBecomeValuesOfTheColumn)
+{
+    const Typed cases[] = {
+        // Numbers.
+        Typed{"12", Masked, true, qint64(12)}, Typed{"12.50", Masked, true, 12.5},
+        Typed{"7.", Masked, true, 7.0}, Typed{"", Masked, true, {}}, Typed{".", Masked, true, {}},
+        Typed{"100000", Masked, false, {}}, Typed{"0", Interval, false, {}},
+        Typed{"30", Interval, true, qint64(30)}, Typed{"-4", Whole, true, qint64(-4)},
+        Typed{"4.5", Whole, false, {}}, Typed{"4.25", Price, true, 4.25},
+        Typed{".", Price, true, {}}, Typed{"1-", Price, false, {}},
+        // Dates and texts.
+        Typed{"3/9/24", Day, true, when(2024, 3, 9)},
+        Typed{"03-09-2024", Day, true, when(2024, 3, 9)}, Typed{" ", Day, true, {}},
+        Typed{"2/30/2024", Day, false, {}}, Typed{"3/9", Day, false, {}},
+        Typed{"it's", Note, true, u"it's"_s}, Typed{"", Note, true, u""_s}};
+    for (const Typed &c : cases) {
+        const auto value = grid::typedValue(QString::fromLatin1(c.text), c.column);
+        ASSERT_EQ(value.has_value(), c.isValue) << c.text;
+        if (value) {
+            EXPECT_EQ(*value, c.value) << c.text;
+            EXPECT_EQ(value->typeId(), c.value.typeId()) << c.text;
+        }
+    }
+}
 
 TEST(CellFormat, RefusesKeystrokesThatLeadNowhere)
 {
@@ -113,18 +104,14 @@ TEST(CellFormat, RefusesKeystrokesThatLeadNowhere)
         const char *text;
         bool accepted;
     };
-    for (const Keystroke &k : std::initializer_list<Keystroke>{{Masked, "7.12", true},
-                                                               {Masked, "7.123", false},
-                                                               {Masked, ".", true},
-                                                               {Price, "-", true},
-                                                               {Price, "1.2.3", false},
-                                                               {Price, "1e5", false},
-                                                               {Price, "3-", false},
-                                                               {Whole, "3.", false},
-                                                               {Day, "3/", true},
-                                                               {Day, "3a", false},
-                                                               {Day, "03/09/20245", false},
-                                                               {Note, "x", true}})
+    const Keystroke cases[] = {
+        Keystroke{Masked, "7.12", true},      Keystroke{Masked, "7.123", false},
+        Keystroke{Masked, ".", true},         Keystroke{Price, "-", true},
+        Keystroke{Price, "1.2.3", false},     Keystroke{Price, "1e5", false},
+        Keystroke{Price, "3-", false},        Keystroke{Whole, "3.", false},
+        Keystroke{Day, "3/", true},           Keystroke{Day, "3a", false},
+        Keystroke{Day, "03/09/20245", false}, Keystroke{Note, "x", true}};
+    for (const Keystroke &k : cases)
         EXPECT_EQ(grid::mayBecomeValue(QString::fromLatin1(k.text), k.column), k.accepted)
             << k.column.name.toStdString() << ": " << k.text;
 }

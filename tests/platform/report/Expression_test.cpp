@@ -39,62 +39,52 @@ struct Case
     const char *text; ///< of the value, by base::toText
 };
 
-class ExpressionValue : public testing::TestWithParam<Case>
-{};
-
-TEST_P(ExpressionValue, IsAsWorkedOutByHand)
+TEST(Expression, HasTheValueWorkedOutByHand)
 {
-    QString error;
-    const Expression expression =
-        Expression::parse(QString::fromUtf8(GetParam().expression), &error);
-    EXPECT_EQ(error.toStdString(), "");
-    EXPECT_EQ(base::toText(expression.evaluate(Machine())).toStdString(), GetParam().text);
+    const Case cases[] = {
+        // Operators.
+        Case{"1 + 2 * 3", "7"}, Case{"(1 + 2) * 3", "9"}, Case{"10 - 4 - 3", "3"},
+        Case{"20 / 4 / 2", "2.5"}, Case{"7 mod 4", "3"}, Case{"-2 * -3", "6"}, Case{"- -4", "4"},
+        Case{"1 / 0", ""}, Case{"5 mod 0", ""}, Case{"Price * Quantity", "37.5"},
+        Case{"[Labor Cost] + 1", "8.25"}, Case{"{Labor Cost}", "7.25"}, Case{"tblPart.Bin", "B-7"},
+        Case{"Name & ' ' & Quantity", "Mower 3"}, Case{"'No ' & 1 + 2", "No 3"},
+        Case{"Name + '!'", "Mower!"}, Case{"'it''s'", "it's"},
+        Case{"\"say \"\"hi\"\"\"", "say \"hi\""}, Case{".5 + .25", "0.75"},
+        // Null.
+        Case{"Note + 1", ""}, Case{"Note & 'x'", "x"}, Case{"Note = Note", ""},
+        Case{"not Note", "True"}, Case{"isnull(Note)", "True"}, Case{"nz(Note)", "0"},
+        Case{"nz(Note, 'none')", "none"}, Case{"left(Note, 2)", ""},
+        Case{"if(Note, 'a', 'b')", "b"}, Case{"-Note", ""}, Case{"missing", ""},
+        // Comparisons.
+        Case{"2 < 10", "True"}, Case{"'2' < '10'", "False"}, Case{"'abc' = 'ABC'", "True"},
+        Case{"Quantity >= 3 and Price <> 12.5", "False"}, Case{"1 = 2 or 2 = 2 and 3 = 3", "True"},
+        Case{"not 1 = 2", "True"}, Case{"Due > #03/01/2024#", "True"},
+        Case{"Due = #3-15-2024#", "True"}, Case{"Due <= Started", "False"},
+        Case{"0.1 + 0.2 > 0.4", "False"},
+        // Functions.
+        Case{"if(Skip <> 0, 'skipped', 'done')", "skipped"}, Case{"IIF(Quantity > 5, 1, 2)", "2"},
+        Case{"if(False1, 1)", ""}, Case{"left(Name, 3) & mid(Name, 4)", "Mower"},
+        Case{"mid(Name, 2, 2)", "ow"}, Case{"right(Name, 2)", "er"}, Case{"left(Name, -1)", ""},
+        Case{"len(Name)", "5"}, Case{"upper(Name) & lower(Name)", "MOWERmower"},
+        Case{"trim('  a ')", "a"}, Case{"round(1.005, 2)", "1.01"}, Case{"round(-2.5)", "-3"},
+        Case{"int(-1.2)", "-2"}, Case{"abs(-4.5)", "4.5"}, Case{"number('12.50') * 2", "25"},
+        Case{"number('x')", ""}, Case{"text(Price) & 'x'", "12.5x"},
+        Case{"year(Due) * 100 + month(Due)", "202403"}, Case{"day(Note)", ""},
+        Case{"days(Started, Due)", "14"}, Case{"Due + 1", "3/16/2024"},
+        Case{"Due - 15", "2/29/2024"}, Case{"Due - #03/05/2024#", "10"},
+        Case{"minutes(Workhrs)", "105"}, Case{"hours(minutes(Workhrs) + 30)", "2:15"},
+        Case{"minutes('soon')", ""}, Case{"format(Price, '$0.00')", "$12.50"},
+        // Aggregates.
+        Case{"sum(Price)", "100"}, Case{"sum(Price) + count(*) * 0 + avg(Quantity)", "202"},
+        Case{"if(max(Due) > 5, min(Due), 0)", "101"}};
+    for (const Case &c : cases) {
+        QString error;
+        const Expression expression = Expression::parse(QString::fromUtf8(c.expression), &error);
+        EXPECT_EQ(error.toStdString(), "") << c.expression;
+        EXPECT_EQ(base::toText(expression.evaluate(Machine())).toStdString(), c.text)
+            << c.expression;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Operators, ExpressionValue,
-    testing::Values(Case{"1 + 2 * 3", "7"}, Case{"(1 + 2) * 3", "9"}, Case{"10 - 4 - 3", "3"},
-                    Case{"20 / 4 / 2", "2.5"}, Case{"7 mod 4", "3"}, Case{"-2 * -3", "6"},
-                    Case{"- -4", "4"}, Case{"1 / 0", ""}, Case{"5 mod 0", ""},
-                    Case{"Price * Quantity", "37.5"}, Case{"[Labor Cost] + 1", "8.25"},
-                    Case{"{Labor Cost}", "7.25"}, Case{"tblPart.Bin", "B-7"},
-                    Case{"Name & ' ' & Quantity", "Mower 3"}, Case{"'No ' & 1 + 2", "No 3"},
-                    Case{"Name + '!'", "Mower!"}, Case{"'it''s'", "it's"},
-                    Case{"\"say \"\"hi\"\"\"", "say \"hi\""}, Case{".5 + .25", "0.75"}));
-INSTANTIATE_TEST_SUITE_P(Null, ExpressionValue,
-                         testing::Values(Case{"Note + 1", ""}, Case{"Note & 'x'", "x"},
-                                         Case{"Note = Note", ""}, Case{"not Note", "True"},
-                                         Case{"isnull(Note)", "True"}, Case{"nz(Note)", "0"},
-                                         Case{"nz(Note, 'none')", "none"},
-                                         Case{"left(Note, 2)", ""}, Case{"if(Note, 'a', 'b')", "b"},
-                                         Case{"-Note", ""}, Case{"missing", ""}));
-INSTANTIATE_TEST_SUITE_P(
-    Comparisons, ExpressionValue,
-    testing::Values(Case{"2 < 10", "True"}, Case{"'2' < '10'", "False"},
-                    Case{"'abc' = 'ABC'", "True"}, Case{"Quantity >= 3 and Price <> 12.5", "False"},
-                    Case{"1 = 2 or 2 = 2 and 3 = 3", "True"}, Case{"not 1 = 2", "True"},
-                    Case{"Due > #03/01/2024#", "True"}, Case{"Due = #3-15-2024#", "True"},
-                    Case{"Due <= Started", "False"}, Case{"0.1 + 0.2 > 0.4", "False"}));
-INSTANTIATE_TEST_SUITE_P(
-    Functions, ExpressionValue,
-    testing::Values(Case{"if(Skip <> 0, 'skipped', 'done')", "skipped"},
-                    Case{"IIF(Quantity > 5, 1, 2)", "2"}, Case{"if(False1, 1)", ""},
-                    Case{"left(Name, 3) & mid(Name, 4)", "Mower"}, Case{"mid(Name, 2, 2)", "ow"},
-                    Case{"right(Name, 2)", "er"}, Case{"left(Name, -1)", ""},
-                    Case{"len(Name)", "5"}, Case{"upper(Name) & lower(Name)", "MOWERmower"},
-                    Case{"trim('  a ')", "a"}, Case{"round(1.005, 2)", "1.01"},
-                    Case{"round(-2.5)", "-3"}, Case{"int(-1.2)", "-2"}, Case{"abs(-4.5)", "4.5"},
-                    Case{"number('12.50') * 2", "25"}, Case{"number('x')", ""},
-                    Case{"text(Price) & 'x'", "12.5x"},
-                    Case{"year(Due) * 100 + month(Due)", "202403"}, Case{"day(Note)", ""},
-                    Case{"days(Started, Due)", "14"}, Case{"Due + 1", "3/16/2024"},
-                    Case{"Due - 15", "2/29/2024"}, Case{"Due - #03/05/2024#", "10"},
-                    Case{"minutes(Workhrs)", "105"}, Case{"hours(minutes(Workhrs) + 30)", "2:15"},
-                    Case{"minutes('soon')", ""}, Case{"format(Price, '$0.00')", "$12.50"}));
-INSTANTIATE_TEST_SUITE_P(Aggregates, ExpressionValue,
-                         testing::Values(Case{"sum(Price)", "100"},
-                                         Case{"sum(Price) + count(*) * 0 + avg(Quantity)", "202"},
-                                         Case{"if(max(Due) > 5, min(Due), 0)", "101"}));
 
 TEST(Expression, TellsWhatItReads)
 {
@@ -109,38 +99,27 @@ TEST(Expression, TellsWhatItReads)
         EXPECT_TRUE(expression.names().contains(name)) << name.toStdString();
 }
 
-struct Wrong
+TEST(Expression, ErrorsNameTheCharacter)
 {
-    const char *expression;
-    const char *error;
-};
-
-class ExpressionError : public testing::TestWithParam<Wrong>
-{};
-
-TEST_P(ExpressionError, NamesTheCharacter)
-{
-    QString error;
-    const Expression expression =
-        Expression::parse(QString::fromUtf8(GetParam().expression), &error);
-    EXPECT_THAT(error.toStdString(), testing::StartsWith(GetParam().error));
-    EXPECT_TRUE(expression.evaluate(Machine()).isNull());
+    const std::pair<const char *, const char *> cases[] = {
+        {"1 +", "the expression ends too early (character 4 of"},
+        {"(1 + 2", "\")\" is missing (character 7 of"},
+        {"1 2", "this is not expected here (character 3 of"},
+        {"Price & 'abc", "the text has no closing quote (character 9 of"},
+        {"[Unit No", "the name has no closing bracket (character 1 of"},
+        {"#13/45/2024#", "this is no date (character 1 of"},
+        {"1.2.3", "this is no number (character 1 of"},
+        {"frobnicate(1)", "there is no function \"frobnicate\" (character 1 of"},
+        {"left(Name)", "\"left\" has another number of arguments (character 1 of"},
+        {"sum(max(Price))", "an aggregate can't stand within another (character 5 of"},
+        {"sum(Price, order)", "the scope of an aggregate is a text (character 12 of"}};
+    for (const auto &[text, message] : cases) {
+        QString error;
+        const Expression expression = Expression::parse(QString::fromUtf8(text), &error);
+        EXPECT_THAT(error.toStdString(), testing::StartsWith(message));
+        EXPECT_TRUE(expression.evaluate(Machine()).isNull()) << text;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Expressions, ExpressionError,
-    testing::Values(
-        Wrong{"1 +", "the expression ends too early (character 4 of"},
-        Wrong{"(1 + 2", "\")\" is missing (character 7 of"},
-        Wrong{"1 2", "this is not expected here (character 3 of"},
-        Wrong{"Price & 'abc", "the text has no closing quote (character 9 of"},
-        Wrong{"[Unit No", "the name has no closing bracket (character 1 of"},
-        Wrong{"#13/45/2024#", "this is no date (character 1 of"},
-        Wrong{"1.2.3", "this is no number (character 1 of"},
-        Wrong{"frobnicate(1)", "there is no function \"frobnicate\" (character 1 of"},
-        Wrong{"left(Name)", "\"left\" has another number of arguments (character 1 of"},
-        Wrong{"sum(max(Price))", "an aggregate can't stand within another (character 5 of"},
-        Wrong{"sum(Price, order)", "the scope of an aggregate is a text (character 12 of"}));
 
 TEST(Expression, DeepNestingIsRefusedWithoutExhaustingTheStack)
 {
@@ -198,34 +177,29 @@ struct FormatCase
     QString text;
 };
 
-class Formatted : public testing::TestWithParam<FormatCase>
-{};
-
-TEST_P(Formatted, IsAsTheFormatSays)
-{
-    EXPECT_EQ(formatted(GetParam().value, GetParam().format).toStdString(),
-              GetParam().text.toStdString());
-}
-
 const QDateTime afternoon = base::wallClock(QDate(2024, 3, 9), QTime(14, 5, 7));
 
-INSTANTIATE_TEST_SUITE_P(
-    Values, Formatted,
-    testing::Values(FormatCase{1234.5, u"0.00"_s, u"1234.50"_s},
-                    FormatCase{1234.5, u"#,##0.00"_s, u"1,234.50"_s},
-                    FormatCase{-3, u"$0.00"_s, u"-$3.00"_s},
-                    FormatCase{-0.001, u"0.00"_s, u"0.00"_s}, FormatCase{2.5, u"0.##"_s, u"2.5"_s},
-                    FormatCase{2, u"0.##"_s, u"2"_s}, FormatCase{2, u"0.0#"_s, u"2.0"_s},
-                    FormatCase{0.256, u"0.0%"_s, u"25.6%"_s}, FormatCase{7, u"0 hrs"_s, u"7 hrs"_s},
-                    FormatCase{QVariant(), u"0.00"_s, QString()},
-                    FormatCase{u"12.5"_s, u"0.00"_s, u"12.50"_s},
-                    FormatCase{u"n/a"_s, u"0.00"_s, u"n/a"_s},
-                    FormatCase{afternoon, u"mm/dd/yyyy"_s, u"03/09/2024"_s},
-                    FormatCase{afternoon, u"m/d/yy hh:mm AMPM"_s, u"3/9/24 02:05 PM"_s},
-                    FormatCase{afternoon, u"mmm d, yyyy"_s, u"Mar 9, 2024"_s},
-                    FormatCase{afternoon, u"HH:nn:ss"_s, u"14:05:07"_s},
-                    FormatCase{u"13:05"_s, u"hh:mm AMPM"_s, u"01:05 PM"_s},
-                    FormatCase{5, u"mm/dd/yyyy"_s, u"5"_s}, FormatCase{0.5, QString(), u"0.5"_s}));
+TEST(Formatted, IsAsTheFormatSays)
+{
+    const FormatCase cases[] = {
+        // Numbers.
+        FormatCase{1234.5, u"0.00"_s, u"1234.50"_s},
+        FormatCase{1234.5, u"#,##0.00"_s, u"1,234.50"_s}, FormatCase{-3, u"$0.00"_s, u"-$3.00"_s},
+        FormatCase{-0.001, u"0.00"_s, u"0.00"_s}, FormatCase{2.5, u"0.##"_s, u"2.5"_s},
+        FormatCase{2, u"0.##"_s, u"2"_s}, FormatCase{2, u"0.0#"_s, u"2.0"_s},
+        FormatCase{0.256, u"0.0%"_s, u"25.6%"_s}, FormatCase{7, u"0 hrs"_s, u"7 hrs"_s},
+        FormatCase{QVariant(), u"0.00"_s, QString()}, FormatCase{u"12.5"_s, u"0.00"_s, u"12.50"_s},
+        FormatCase{u"n/a"_s, u"0.00"_s, u"n/a"_s},
+        // Dates and times.
+        FormatCase{afternoon, u"mm/dd/yyyy"_s, u"03/09/2024"_s},
+        FormatCase{afternoon, u"m/d/yy hh:mm AMPM"_s, u"3/9/24 02:05 PM"_s},
+        FormatCase{afternoon, u"mmm d, yyyy"_s, u"Mar 9, 2024"_s},
+        FormatCase{afternoon, u"HH:nn:ss"_s, u"14:05:07"_s},
+        FormatCase{u"13:05"_s, u"hh:mm AMPM"_s, u"01:05 PM"_s},
+        FormatCase{5, u"mm/dd/yyyy"_s, u"5"_s}, FormatCase{0.5, QString(), u"0.5"_s}};
+    for (const FormatCase &c : cases)
+        EXPECT_EQ(formatted(c.value, c.format).toStdString(), c.text.toStdString());
+}
 
 } // namespace
 } // namespace report

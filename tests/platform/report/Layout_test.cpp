@@ -10,30 +10,20 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-struct LengthCase
+TEST(ParseLength, IsInHundredthsOfAMillimetre)
 {
-    QString text;
-    std::optional<Length> length;
-};
-
-class ParseLength : public testing::TestWithParam<LengthCase>
-{};
-
-TEST_P(ParseLength, IsInHundredthsOfAMillimetre)
-{
-    EXPECT_EQ(parseLength(GetParam().text), GetParam().length);
+    using Case = std::pair<QString, std::optional<Length>>;
+    const Case cases[] = {
+        // Lengths.
+        Case{u"12.5mm"_s, 1250}, Case{u"2cm"_s, 2000}, Case{u"1in"_s, 2540}, Case{u"72pt"_s, 2540},
+        Case{u" 3 mm "_s, 300}, Case{u"-1.006mm"_s, -101}, Case{u"0mm"_s, 0},
+        // None.
+        Case{u"12"_s, std::nullopt}, Case{u"mm"_s, std::nullopt}, Case{u"1,5mm"_s, std::nullopt},
+        Case{u"nanmm"_s, std::nullopt}, Case{u"infmm"_s, std::nullopt},
+        Case{u"99999999mm"_s, std::nullopt}, Case{QString(), std::nullopt}};
+    for (const auto &[text, length] : cases)
+        EXPECT_EQ(parseLength(text), length) << text.toStdString();
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Texts, ParseLength,
-    testing::Values(LengthCase{u"12.5mm"_s, 1250}, LengthCase{u"2cm"_s, 2000},
-                    LengthCase{u"1in"_s, 2540}, LengthCase{u"72pt"_s, 2540},
-                    LengthCase{u" 3 mm "_s, 300}, LengthCase{u"-1.006mm"_s, -101},
-                    LengthCase{u"0mm"_s, 0}, LengthCase{u"12"_s, std::nullopt},
-                    LengthCase{u"mm"_s, std::nullopt}, LengthCase{u"1,5mm"_s, std::nullopt},
-                    LengthCase{u"nanmm"_s, std::nullopt}, LengthCase{u"infmm"_s, std::nullopt},
-                    LengthCase{u"99999999mm"_s, std::nullopt},
-                    LengthCase{QString(), std::nullopt}));
 
 const QByteArray wholeLayout = R"(<?xml version="1.0" encoding="UTF-8"?>
 <report version="1" name="rptOrders" title="Orders">
@@ -101,68 +91,52 @@ TEST(LayoutFile, UnknownPartsWarnAndTheRestIsRead)
                                testing::HasSubstr("\"chart\" is not known here")));
 }
 
-struct Damaged
-{
-    const char *name;
-    QByteArray text;
-    const char *place;
-    const char *error;
-};
-
-void PrintTo(const Damaged &damaged, std::ostream *out)
-{
-    *out << damaged.name;
-}
-
-class DamagedLayout : public testing::TestWithParam<Damaged>
-{};
-
-TEST_P(DamagedLayout, IsRefusedWithLineAndColumn)
-{
-    const LayoutReading reading = readLayout(GetParam().text);
-    EXPECT_FALSE(reading.layout);
-    EXPECT_THAT(reading.error.toStdString(), testing::AllOf(testing::StartsWith(GetParam().place),
-                                                            testing::HasSubstr(GetParam().error)));
-}
-
 QByteArray inBand(const QByteArray &object)
 {
     return "<report version=\"1\">\n<band kind=\"detail\">\n" + object + "\n</band>\n</report>";
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Files, DamagedLayout,
-    testing::Values(
-        Damaged{"Empty", "", "Line 1, column 0", ""},
-        Damaged{"Binary", QByteArray("\x50\x4b\x03\x04", 4), "Line 1, column", ""},
-        Damaged{"OtherFile", "<html/>", "Line 1, column", "it begins with \"html\""},
-        Damaged{"NoVersion", "<report/>", "Line 1, column", "\"report\" has no \"version\""},
-        Damaged{"Newer", "<report version=\"99\"/>", "Line 1, column", "newer version"},
-        Damaged{"CutOff", "<report version=\"1\">\n<band kind=\"detail\">", "Line 2, column 20",
-                ""},
-        Damaged{"Behind", "<report version=\"1\"></report>\n<x/>", "Line 2, column", ""},
-        Damaged{"BadBand", "<report version=\"1\">\n<band kind=\"side\"/></report>",
-                "Line 2, column", "There is no band \"side\""},
-        Damaged{"BadGroup",
-                "<report version=\"1\">\n<band kind=\"groupHeader\" group=\"x\"/></report>",
-                "Line 2, column", "group \"x\", which is not there"},
-        Damaged{"TwoGroups",
-                "<report version=\"1\"><group name=\"a\" by=\"b\"/><group name=\"A\" "
-                "by=\"c\"/></report>",
-                "Line 1, column", "two groups \"A\""},
-        Damaged{"NoUnit", inBand("<field width=\"12\"/>"), "Line 3, column 19",
-                "\"12\" is no length"},
-        Damaged{"BadColour", inBand("<field color=\"reddish\"/>"), "Line 3", "is no colour"},
-        Damaged{"BadFlag", inBand("<field bold=\"true\"/>"), "Line 3", "\"yes\" or \"no\""},
-        Damaged{"BadWord", inBand("<field align=\"justify\"/>"), "Line 3", "can't be \"justify\""},
-        Damaged{"BadSize", inBand("<field size=\"nan\"/>"), "Line 3", "is no size"},
-        Damaged{"BadSide", inBand("<field border=\"lefty\"/>"), "Line 3", "no side of a border"},
-        Damaged{"Negative", inBand("<field height=\"-1mm\"/>"), "Line 3", "less than 0"},
-        Damaged{"BadPaper", "<report version=\"1\"><page paper=\"A0\"/></report>", "Line 1",
-                "paper \"A0\" is not known"},
-        Damaged{"NoRoom", "<report version=\"1\"><page left=\"20cm\" right=\"20cm\"/></report>",
-                "Line 1", "no room"}),
-    [](const auto &damaged) { return damaged.param.name; });
+TEST(LayoutFile, DamagedOnesAreRefusedWithLineAndColumn)
+{
+    struct Damaged
+    {
+        QByteArray text;
+        const char *place, *error;
+    };
+    const Damaged files[] = {
+        {"", "Line 1, column 0", ""},
+        {QByteArray("\x50\x4b\x03\x04", 4), "Line 1, column", ""},
+        {"<html/>", "Line 1, column", "it begins with \"html\""},
+        {"<report/>", "Line 1, column", "\"report\" has no \"version\""},
+        {"<report version=\"99\"/>", "Line 1, column", "newer version"},
+        {"<report version=\"1\">\n<band kind=\"detail\">", "Line 2, column 20", ""},
+        {"<report version=\"1\"></report>\n<x/>", "Line 2, column", ""},
+        {"<report version=\"1\">\n<band kind=\"side\"/></report>", "Line 2, column",
+         "There is no band \"side\""},
+        {"<report version=\"1\">\n<band kind=\"groupHeader\" group=\"x\"/></report>",
+         "Line 2, column", "group \"x\", which is not there"},
+        {"<report version=\"1\"><group name=\"a\" by=\"b\"/><group name=\"A\" "
+         "by=\"c\"/></report>",
+         "Line 1, column", "two groups \"A\""},
+        {inBand("<field width=\"12\"/>"), "Line 3, column 19", "\"12\" is no length"},
+        {inBand("<field color=\"reddish\"/>"), "Line 3", "is no colour"},
+        {inBand("<field bold=\"true\"/>"), "Line 3", "\"yes\" or \"no\""},
+        {inBand("<field align=\"justify\"/>"), "Line 3", "can't be \"justify\""},
+        {inBand("<field size=\"nan\"/>"), "Line 3", "is no size"},
+        {inBand("<field border=\"lefty\"/>"), "Line 3", "no side of a border"},
+        {inBand("<field height=\"-1mm\"/>"), "Line 3", "less than 0"},
+        {"<report version=\"1\"><page paper=\"A0\"/></report>", "Line 1",
+         "paper \"A0\" is not known"},
+        {"<report version=\"1\"><page left=\"20cm\" right=\"20cm\"/></report>", "Line 1",
+         "no room"}};
+    for (const Damaged &file : files) {
+        SCOPED_TRACE(file.text.toStdString());
+        const LayoutReading reading = readLayout(file.text);
+        EXPECT_FALSE(reading.layout);
+        EXPECT_THAT(reading.error.toStdString(), testing::AllOf(testing::StartsWith(file.place),
+                                                                testing::HasSubstr(file.error)));
+    }
+}
 
 TEST(LayoutFile, IsWrittenWholeOrNotAtAll)
 {

@@ -3,6 +3,7 @@
 #include "platform/sql/Translator.h"
 
 #include "platform/base/Environment.h"
+#include "support/Raised.h"
 
 #include <gtest/gtest.h>
 
@@ -74,12 +75,9 @@ TEST(Lift, TextThatCannotBeCutRaisesASyntaxError)
     for (const auto statement :
          {u"select 'open", u"select \"open", u"select [open", u"where d = #3/15/2024", u"a = ##",
           u"d = #13/45/2024#", u"select a$% from t", u"select []", u"a ] b", u"select \x01"}) {
-        try {
-            static_cast<void>(sql::lift(statement));
-            ADD_FAILURE() << qPrintable(QStringView(statement).toString()) << " was taken";
-        } catch (const base::Error &error) {
-            EXPECT_EQ(error.number(), sql::ErrorNumber::Syntax);
-        }
+        EXPECT_EQ(test::raisedBy([&] { (void)sql::lift(statement); }).number(),
+                  sql::ErrorNumber::Syntax)
+            << qPrintable(QStringView(statement).toString());
     }
 }
 

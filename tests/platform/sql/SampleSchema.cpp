@@ -1,7 +1,9 @@
 #include "SampleSchema.h"
 
+#include "corpus/Statements.h"
 #include "platform/sql/Parser.h"
 
+#include <QDir>
 #include <QFile>
 
 namespace test {
@@ -69,9 +71,15 @@ QStringList shippedSchema()
 QStringList shippedStatements()
 {
     QStringList statements;
-    for (const QString &line : contents(QStringLiteral(STATEMENTS_FILE)).split(u'\n')) {
-        if (!line.trimmed().isEmpty())
-            statements += line;
+    QStringList problems;
+    const QDir folder(QStringLiteral(CORPUS_FOLDER));
+    for (const QString &file : folder.entryList({u"*.sql"_s}, QDir::Files)) {
+        for (const corpus::Case &instance :
+             corpus::parseCases(file, contents(folder.filePath(file)), problems)) {
+            for (const corpus::Step &step : instance.steps)
+                if (!instance.ownDatabase && !step.error)
+                    statements += QString(step.statement).replace(u"{key}"_s, u"1"_s);
+        }
     }
     return statements;
 }

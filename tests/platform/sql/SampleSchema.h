@@ -23,7 +23,7 @@ namespace test {
 /// The program's own schema script, statement by statement.
 [[nodiscard]] QStringList shippedSchema();
 
-/// The statements that the program sends, one a line of statements.txt.
+/// The statements of tests/corpus that are taken and need no table of their own.
 [[nodiscard]] QStringList shippedStatements();
 
 /// A few tables with a column of each kind:
