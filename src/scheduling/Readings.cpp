@@ -103,7 +103,8 @@ void applyToServices(qint64 EquipmentID)
         if (!service.isNull(u"NextScheduledDate"))
             continue;
         const qint64 id = service.integer(u"serviceusedid");
-        const QDateTime reached = scheduling::nextScheduledDate(id);
+        // One service that can't be calculated is reported, and keeps no reading from being taken.
+        const QDateTime reached = GetNextScheduledDate(id);
         if (reached.isValid())
             gcnData->Execute(
                 u"Update tblServiceUsed Set NextScheduledDate = ? Where ServiceUsedID = ?"_s,

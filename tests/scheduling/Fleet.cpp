@@ -1,5 +1,7 @@
 #include "scheduling/Fleet.h"
 
+#include "platform/base/Error.h"
+
 namespace test {
 
 using namespace Qt::StringLiterals;
@@ -117,6 +119,14 @@ qint64 Fleet::count(const QString &table, const QString &where)
     return value(u"Select count(*) from "_s + table +
                  (where.isEmpty() ? QString() : u" where "_s + where))
         .toLongLong();
+}
+
+void Fleet::failAt(const QString &text)
+{
+    gcnData->setObserver([text](const QString &statement) {
+        if (!text.isEmpty() && statement.contains(text, Qt::CaseInsensitive))
+            throw base::Error(5, u"broken"_s);
+    });
 }
 
 } // namespace test

@@ -34,6 +34,9 @@ protected:
     static QVariant value(const QString &query, const QVariantList &parameters = {});
     static qint64 count(const QString &table, const QString &where = {});
 
+    /// Lets each statement on gcnData that holds this text fail, none for an empty one.
+    static void failAt(const QString &text);
+
     ScriptedPrompts prompts;
     qint64 crew = 0;       ///< number 7, one employee at 20 an hour
     qint64 costCenter = 0; ///< "Shop"

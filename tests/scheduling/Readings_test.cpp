@@ -35,6 +35,7 @@ protected:
 TEST_F(ReadingsTest, AReadingDatesTheWaitingServicesThatItsMachineHasReached)
 {
     reading(1, u"Miles"_s, day(3, 1), 2000);
+    waiting(u"H"_s, 1, {{u"Sun"_s, QVariant()}}); // can't be calculated
     const qint64 reached = waiting(u"H"_s, 500);
     const qint64 notYet = waiting(u"H"_s, 501);
     const qint64 dated = waiting(u"H"_s, 400, {{u"NextScheduledDate"_s, day(2, 1)}});
@@ -44,6 +45,7 @@ TEST_F(ReadingsTest, AReadingDatesTheWaitingServicesThatItsMachineHasReached)
 
     readings::add(1, day(3, 10), u"Hours"_s, 500);
 
+    EXPECT_EQ(errors.takeOne().ProcedureName, u"GetNextScheduledDate"_s);
     EXPECT_EQ(dateOf(reached), day(3, 10)) << "the reading's date, not today's";
     EXPECT_TRUE(dateOf(notYet).isNull());
     EXPECT_EQ(dateOf(dated), day(2, 1)) << "a date that is set doesn't move";
@@ -144,11 +146,12 @@ TEST_F(ReadingsTest, ABatchIsDatedTodayAndPassesOverWhatIsInProcess)
 
 TEST_F(ReadingsTest, ABatchThatFailsStoresNothing)
 {
-    // A flag that is Null keeps the machine's service from being looked at.
-    waiting(u"H"_s, 1, {{u"Sun"_s, QVariant()}});
+    waiting(u"H"_s, 1);
     machine(2);
     const readings::Entry entries[] = {{2, u"Hours"_s, 30}, {1, u"Hours"_s, 10}};
+    failAt(u"Update tblServiceUsed"_s);
     EXPECT_THROW(readings::saveBatch(entries), base::Error);
+    failAt({});
     EXPECT_EQ(count(u"tblEquipmentCount"_s), 0);
     EXPECT_FALSE(gbInTransaction);
 }
