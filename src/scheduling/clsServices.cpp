@@ -8,6 +8,8 @@
 #include "scheduling/GetNextScheduledDate.h"
 #include "scheduling/Readings.h"
 
+#include <optional>
+
 namespace {
 
 using namespace Qt::StringLiterals;
@@ -154,8 +156,14 @@ bool clsServicesManager::SaveRecord(clsServices &Service, ::Mode Mode, ServiceSt
 bool clsServicesManager::DeleteRecord(qint64 ServiceID) const
 {
     return base::trapped(Module, "DeleteRecord", false, [&] {
+        // The transaction of a machine's edit is ended by the machine's screen.
+        std::optional<TransactionScope> own;
+        if (!gbInTransaction)
+            own.emplace();
         gcnData->Execute(u"Delete from tblServices where serviceID=?"_s, {ServiceID});
         gcnData->Execute(u"Delete from tblServicesPart where serviceID=?"_s, {ServiceID});
+        if (own)
+            own->commit();
         return true;
     });
 }
@@ -169,7 +177,7 @@ QString clsServicesManager::CanDeletePart(qint64 ServiceID) const
 
 db::Recordset clsServicesManager::GetCostCenterInfo() const
 {
-    return GetTableInfo(u"tblCostCenter"_s, u"CostCenterId"_s);
+    return GetTableInfoWithIndicator(u"tblCostCenter"_s, u"CostCenterId"_s);
 }
 
 bool clsServicesManager::SaveServiceUsedRecord(qint64 ServiceUsedID,

@@ -54,10 +54,12 @@ public:
     /// (see askFirstReading) and then counts on from the machine's newest reading.
     [[nodiscard]] bool SaveRecord(clsServices &Service, Mode Mode, ServiceStore Store,
                                   const AssignedSchedule &Schedule = {}) const;
+    /// Deletes a service of the catalogue with its parts.
     [[nodiscard]] bool DeleteRecord(qint64 ServiceID) const;
     /// "Service Used" while a machine has the catalogue service, else empty. It guards the service,
     /// in spite of its name.
     [[nodiscard]] QString CanDeletePart(qint64 ServiceID) const;
+    /// All cost centers. Lookup.
     [[nodiscard]] db::Recordset GetCostCenterInfo() const;
     /// Writes the three dates of an assignment; the zero date stores Null.
     [[nodiscard]] bool SaveServiceUsedRecord(qint64 ServiceUsedID,

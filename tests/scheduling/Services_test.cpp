@@ -123,6 +123,12 @@ TEST_F(clsServicesManagerTest, DeletesAServiceWithItsParts)
     EXPECT_EQ(count(u"tblServices"_s), 1);
     EXPECT_EQ(count(u"tblServicesPart"_s, u"ServiceID = 56"_s), 1);
     EXPECT_EQ(count(u"tblServicesPart"_s), 1);
+
+    failAt(u"tblServicesPart"_s);
+    EXPECT_FALSE(manager.DeleteRecord(56));
+    failAt({});
+    (void)errors.takeOne();
+    EXPECT_EQ(count(u"tblServices"_s), 1) << "a service goes with its parts or not at all";
 }
 
 TEST_F(clsServicesManagerTest, ACountServiceWithoutAReadingGetsOneOfZeroWhenNoneIsGiven)
