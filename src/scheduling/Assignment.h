@@ -5,8 +5,8 @@
 #include <QVariant>
 
 /// Services of a machine: copying them from the catalogue or from a machine, and changing the
-/// copies. Data, inside the transaction of the equipment screen. No error crosses these procedures:
-/// False means that the whole edit of the machine has to be undone.
+/// copies. Data, inside the transaction of the equipment screen. No error crosses these procedures,
+/// which return False instead; after a failed copy the whole edit of the machine has to be undone.
 namespace assignment {
 
 /// Where the services to copy come from.

@@ -29,11 +29,44 @@ bool is(const QString &column, QStringView name)
 QList<grid::Choice> crewChoices()
 {
     QList<grid::Choice> choices;
-    for (const db::Row crew :
-         gcnData->Open(u"Select CrewID,cstr(CrewNumber) + '   ' + Description AS [Crew] from "
-                       "tblCrew order by CrewNumber"_s))
-        choices.append({crew.integer(u"CrewID"), crew.text(u"Crew")});
+    for (const db::Row crew : GetCrewInfo())
+        choices.append({crew.integer(u"CrewID"), crew.text(u"CrewNumber")});
     return choices;
+}
+
+QList<grid::Column> columns()
+{
+    return {
+        {.name = u"ServiceUsedID"_s, .visible = false},
+        {.name = u"Service No"_s, .width = 75},
+        {.name = u"ServiceID"_s, .visible = false},
+        {.name = u"Name"_s, .width = 190},
+        {.name = u"Next Schedule"_s, .width = 110, .editable = true, .editor = grid::Editor::Date},
+        {.name = u"Next Count"_s,
+         .width = 80,
+         .editable = true,
+         .editor = grid::Editor::Masked,
+         .mask = u"{1,999999999}"_s},
+        {.name = u"Service Crew"_s,
+         .width = 150,
+         .editable = true,
+         .align = grid::Align::Left,
+         .editor = grid::Editor::DropDown},
+        {.name = u"Budgeted Hrs"_s,
+         .width = 90,
+         .editable = true,
+         .format = u"0.00"_s,
+         .editor = grid::Editor::Masked,
+         .mask = u"{0,99999}.{0,99}"_s},
+        {.name = u"Labor Cost"_s, .width = 85, .editable = true, .format = u"$0.00"_s},
+        {.name = u"Interval"_s,
+         .width = 65,
+         .editable = true,
+         .editor = grid::Editor::Masked,
+         .mask = u"{1,99999}"_s},
+        {.name = u"Schedule Type"_s, .width = 100},
+        {.name = u"SeparateWo"_s, .visible = false},
+    };
 }
 
 } // namespace
@@ -50,37 +83,7 @@ void ServicePage::buildPage()
 {
     setObjectName(u"fraService"_s);
     input::FormBuilder form(this);
-    grdService = makeListGrid(
-        this, u"grdService"_s, u"Services"_s,
-        {{.name = u"ServiceUsedID"_s, .visible = false},
-         {.name = u"Service No"_s, .width = 75},
-         {.name = u"ServiceID"_s, .visible = false},
-         {.name = u"Name"_s, .width = 190},
-         {.name = u"Next Schedule"_s, .width = 110, .editable = true, .editor = grid::Editor::Date},
-         {.name = u"Next Count"_s,
-          .width = 80,
-          .editable = true,
-          .editor = grid::Editor::Masked,
-          .mask = u"{1,999999999}"_s},
-         {.name = u"Service Crew"_s,
-          .width = 150,
-          .editable = true,
-          .align = grid::Align::Left,
-          .editor = grid::Editor::DropDown},
-         {.name = u"Budgeted Hrs"_s,
-          .width = 90,
-          .editable = true,
-          .format = u"0.00"_s,
-          .editor = grid::Editor::Masked,
-          .mask = u"{0,99999}.{0,99}"_s},
-         {.name = u"Labor Cost"_s, .width = 85, .editable = true, .format = u"$0.00"_s},
-         {.name = u"Interval"_s,
-          .width = 65,
-          .editable = true,
-          .editor = grid::Editor::Masked,
-          .mask = u"{1,99999}"_s},
-         {.name = u"Schedule Type"_s, .width = 100},
-         {.name = u"SeparateWo"_s, .visible = false}});
+    grdService = makeListGrid(this, u"grdService"_s, u"Services"_s, columns());
     form.widget(grdService, true);
     cmdAddNewService =
         form.leftButton(u"cmdAddNewService"_s, u"Add Se&rvice"_s, theme::icon(u"add"_s));
@@ -165,7 +168,8 @@ void ServicePage::cmdAddNewService_Click()
     QStringList present;
     const grid::GridModel &rows = grdService->rows();
     for (int row = 0; row < rows.rowCount(); ++row)
-        present.append(rows.text(row, u"ServiceID"));
+        if (const QString id = rows.text(row, u"ServiceID"); !id.isEmpty())
+            present.append(id);
     QString selection = present.join(u',');
     QString kind = u"SL"_s;
     const bool picked = frmServicesManagerEntry::ShowServiceManager(selection, 0, kind, true, true);
@@ -177,9 +181,10 @@ void ServicePage::cmdAddNewService_Click()
         QList<qint64> ids;
         for (const QString &id : selection.split(u',', Qt::SkipEmptyParts))
             ids.append(id.trimmed().toLongLong());
-        return assignment::AddServiceRecord(m_equipment, ids,
-                                            kind == u"EL" ? assignment::Source::Machine
-                                                          : assignment::Source::Catalogue);
+        const auto source =
+            kind == u"EL" ? assignment::Source::Machine : assignment::Source::Catalogue;
+        return assignment::AddServiceRecord(m_equipment, ids, source) &&
+               assignment::ChkEveryServiceCount(m_equipment);
     });
     if (!added) {
         m_screen.cancel();
@@ -209,10 +214,10 @@ void ServicePage::cmdRemoveService_Click()
     m_screen.firstEdit();
     if (!base::askYesNo(u"Are you sure you want to delete this service?"_s))
         return;
-    if (assignment::DeleteServiceRecord(serviceOf(grdService->currentRow()))) {
-        RefreshServiceGrid();
-        m_screen.refreshOthers();
-    }
+    // What is left is shown, also of a deletion that failed.
+    (void)assignment::DeleteServiceRecord(serviceOf(grdService->currentRow()));
+    RefreshServiceGrid();
+    m_screen.refreshOthers();
 }
 
 // --- Changes in the grid -------------------------------------------------------------------------
@@ -252,23 +257,21 @@ bool ServicePage::changeCell(int row, const QString &column, const QVariant &val
     if (is(column, u"Service Crew")) {
         if (!update(u"CrewID"_s))
             return false;
-        return showLabourCost(row, value.toLongLong(), rows.value(row, u"Budgeted Hrs").toDouble());
+        changeLabourCost(row, value.toLongLong(), rows.value(row, u"Budgeted Hrs").toDouble());
     }
     if (is(column, u"Budgeted Hrs")) {
         if (!update(u"LaborEstimate"_s))
             return false;
-        return showLabourCost(row, rows.value(row, u"Service Crew").toLongLong(), value.toDouble());
+        changeLabourCost(row, rows.value(row, u"Service Crew").toLongLong(), value.toDouble());
     }
     return true;
 }
 
-bool ServicePage::showLabourCost(int row, qint64 crew, double hours)
+void ServicePage::changeLabourCost(int row, qint64 crew, double hours)
 {
     const double cost = SetLaborCost(crew) * hours;
-    if (!assignment::UpdateEquipmentService(serviceOf(row), u"CostEstimate"_s, cost))
-        return false;
-    grdService->rows().setValue(row, u"Labor Cost", cost);
-    return true;
+    if (assignment::UpdateEquipmentService(serviceOf(row), u"CostEstimate"_s, cost))
+        grdService->rows().setValue(row, u"Labor Cost", cost);
 }
 
 bool ServicePage::changeNextSchedule(int row, const QVariant &value)
@@ -300,13 +303,15 @@ bool ServicePage::changeNextCount(int row, const QVariant &value)
         return false;
     if (!assignment::UpdateEquipmentService(service, u"NextScheduledCount"_s, value))
         return false;
-    if (!grdService->rows().value(row, u"Next Schedule").isNull())
-        return true;
-    const QDateTime reached = scheduling::nextScheduledDate(service);
-    if (!reached.isValid())
-        return true;
-    if (!assignment::UpdateEquipmentService(service, u"NextScheduleddate"_s, reached))
-        return false;
-    grdService->rows().setValue(row, u"Next Schedule", reached);
+    if (grdService->rows().value(row, u"Next Schedule").isNull())
+        dateIfReached(row);
     return true;
+}
+
+void ServicePage::dateIfReached(int row)
+{
+    const QDateTime reached = GetNextScheduledDate(serviceOf(row));
+    if (reached.isValid() &&
+        assignment::UpdateEquipmentService(serviceOf(row), u"NextScheduleddate"_s, reached))
+        grdService->rows().setValue(row, u"Next Schedule", reached);
 }

@@ -101,6 +101,13 @@ TEST_F(ServicePageTest, CrewAndHoursMoveTheLabourCost)
     EXPECT_EQ(stored(u"CrewID"_s), second);
     EXPECT_EQ(stored(u"CostEstimate"_s).toDouble(), 45);
     EXPECT_EQ(page.grid()->rows().text(0, u"Labor Cost"), u"$45.00"_s);
+    failAt(u"CostEstimate] ="_s);
+    EXPECT_TRUE(edit(u"Service Crew"_s, crew)) << "the crew is stored all the same";
+    failAt({});
+    (void)errors.takeOne();
+    EXPECT_EQ(stored(u"CrewID"_s), crew);
+    EXPECT_EQ(page.grid()->rows().text(0, u"Labor Cost"), u"$45.00"_s);
+    EXPECT_TRUE(edit(u"Service Crew"_s, second));
     EXPECT_TRUE(edit(u"Budgeted Hrs"_s, 2.0));
     EXPECT_EQ(stored(u"LaborEstimate"_s).toDouble(), 2);
     EXPECT_EQ(stored(u"CostEstimate"_s).toDouble(), 60);
@@ -148,6 +155,11 @@ TEST_F(ServicePageTest, ANextCountThatTheMeterHasReachedBringsTheReadingsDate)
     EXPECT_FALSE(edit(u"Next Count"_s, QVariant()));
     EXPECT_TRUE(edit(u"Next Count"_s, 501));
     EXPECT_TRUE(stored(u"NextScheduledDate"_s).isNull());
+    gcnData->Execute(u"Update tblServiceUsed set Sun = NULL"_s);
+    EXPECT_TRUE(edit(u"Next Count"_s, 502)) << "stored, though its date can't be calculated";
+    (void)errors.takeOne();
+    EXPECT_EQ(stored(u"NextScheduledCount"_s), 502);
+    gcnData->Execute(u"Update tblServiceUsed set Sun = 1"_s);
     EXPECT_TRUE(edit(u"Next Count"_s, 500));
     EXPECT_EQ(stored(u"NextScheduledDate"_s), day(3, 3));
     EXPECT_EQ(page.grid()->rows().text(0, u"Next Schedule"), u"03/03/2024"_s);
@@ -165,7 +177,7 @@ TEST_F(ServicePageTest, AddsFromTheCatalogueWhatTheMachineLacks)
 {
     catalogue(100);
     catalogue(101, {{u"Name"_s, u"New one"_s}});
-    show({{u"ServiceID"_s, 100}});
+    show({{u"ServiceID"_s, 100}, {u"Period"_s, u"H"_s}, {u"EInterval"_s, 50}});
     test::onNextModal([](QWidget &list) {
         auto &grid = named<grid::GridView>(list, u"grdServices"_s);
         ASSERT_EQ(grid.rows().rowCount(), 1) << "what the machine has is left out";
@@ -177,6 +189,8 @@ TEST_F(ServicePageTest, AddsFromTheCatalogueWhatTheMachineLacks)
     EXPECT_EQ(page.grid()->rows().rowCount(), 2);
     EXPECT_EQ(value(u"Select NextScheduledDate from tblServiceUsed where ServiceID = 101"_s),
               day(3, 15));
+    EXPECT_EQ(value(u"Select NextScheduledCount from tblServiceUsed where ServiceID = 100"_s), 50)
+        << "a meter that was never read begins at 0";
     EXPECT_TRUE(browsing) << "adding saves the machine";
     EXPECT_FALSE(gbInTransaction);
     EXPECT_EQ(refreshed, 1);
