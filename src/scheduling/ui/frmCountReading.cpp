@@ -123,12 +123,15 @@ void frmCountReading::checkDate()
     const QDate date = datCountDate->date();
     if (!date.isValid())
         return;
-    if (showsLastReading() && m_last.date.isValid() && date < m_last.date.date()) {
+    const QDate today = base::today();
+    // A last reading that lies ahead of today leaves today as the one date to choose.
+    const QDate last = qMin(m_last.date.date(), today);
+    if (showsLastReading() && last.isValid() && date < last) {
         base::showMessage(u"New  date cann't be less than to last count date."_s);
-        datCountDate->setDate(m_last.date);
-    } else if (date > base::today()) {
+        datCountDate->setDate(last);
+    } else if (date > today) {
         base::showMessage(u"New  date cann't be greater than to current date."_s);
-        datCountDate->setDate(base::today());
+        datCountDate->setDate(today);
     }
 }
 

@@ -11,6 +11,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -21,6 +22,25 @@ constexpr const char *Module = "frmEquipmentReading";
 const QString Report = u"EquipmentCountReport"_s;
 /// Stands in a cell for which no reading was entered.
 const QString Placeholder = u"______________"_s;
+
+QList<grid::Column> columns()
+{
+    return {
+        {.name = u"EquipmentID"_s, .visible = false},
+        {.name = u"UnitNo"_s, .caption = u"Unit No"_s, .width = 90},
+        {.name = u"Equipment Name"_s, .width = 230},
+        {.name = u"CountType"_s, .caption = u"Count Type"_s, .width = 90},
+        {.name = u"Last Date"_s, .width = 90},
+        {.name = u"Last Count"_s, .width = 90},
+        {.name = u"Count"_s,
+         .width = 120,
+         .editable = true,
+         .editor = grid::Editor::Masked,
+         .mask = u"{0,2147483647}"_s,
+         .kind = sql::ColumnKind::Integer,
+         .placeholder = Placeholder},
+    };
+}
 
 } // namespace
 
@@ -37,20 +57,7 @@ void frmEquipmentReading::buildForm()
 {
     input::FormBuilder form(this);
     lblHeading = form.note({}, u"lblHeading"_s);
-    grdReading = makeListGrid(this, u"grdReading"_s, u"Meters to read"_s,
-                              {{.name = u"EquipmentID"_s, .visible = false},
-                               {.name = u"UnitNo"_s, .caption = u"Unit No"_s, .width = 90},
-                               {.name = u"Equipment Name"_s, .width = 230},
-                               {.name = u"CountType"_s, .caption = u"Count Type"_s, .width = 90},
-                               {.name = u"Last Date"_s, .width = 90},
-                               {.name = u"Last Count"_s, .width = 90},
-                               {.name = u"Count"_s,
-                                .width = 120,
-                                .editable = true,
-                                .editor = grid::Editor::Masked,
-                                .mask = u"{0,2147483647}"_s,
-                                .kind = sql::ColumnKind::Integer,
-                                .placeholder = Placeholder}});
+    grdReading = makeListGrid(this, u"grdReading"_s, u"Meters to read"_s, columns());
     for (const QString &column : {u"Last Count"_s, u"Count"_s})
         ColAlign(*grdReading, column, grid::Align::Right);
     for (const QString &column : {u"UnitNo"_s, u"Equipment Name"_s, u"CountType"_s})
@@ -68,6 +75,9 @@ void frmEquipmentReading::buildForm()
     grdReading->rows().changeRule = [this](int row, const QString &, const QVariant &value) {
         return countEntered(row, value);
     };
+    // By the user; going on to a row that lies beyond the edge scrolls too.
+    connect(grdReading->verticalScrollBar(), &QScrollBar::actionTriggered, this,
+            [this] { (void)grdReading->finishEditing(); });
     connect(grdReading, &grid::GridView::typing, this, &Screen::edited);
     connect(grdReading, &grid::GridView::changed, this, &Screen::edited);
     connect(cmdPrint, &QPushButton::clicked, this,

@@ -11,6 +11,7 @@
 #include "scheduling/ui/frmEquipmentReading.h"
 
 #include <QLabel>
+#include <QScrollBar>
 
 namespace {
 
@@ -66,6 +67,17 @@ TEST_F(frmCountReadingTest, EachRefusalKeepsTheDialogAndWritesNothing)
     EXPECT_FALSE(screen.isVisible());
     EXPECT_TRUE(screen.saved());
     EXPECT_EQ(readings::newest(1, u"Hours"_s).date, day(3, 12)) << "an equal value is taken";
+}
+
+TEST_F(frmCountReadingTest, ALastReadingAheadOfTodayLeavesToday)
+{
+    reading(1, u"Hours"_s, day(4, 1), 500);
+    frmCountReading screen(1, u"Hours"_s);
+    auto &date = named<input::DateInput>(screen, u"datCountDate"_s);
+    EXPECT_EQ(date.date(), QDate(2024, 3, 15));
+    say(u"New  date cann't be less than to last count date."_s);
+    date.setDate(QDate(2024, 3, 14));
+    EXPECT_EQ(date.date(), QDate(2024, 3, 15));
 }
 
 TEST_F(frmCountReadingTest, WithoutATypeTheUserChoosesIt)
@@ -212,6 +224,9 @@ TEST_F(frmEquipmentReadingTest, AnEmptiedBoxAndCancelTakeReadingsBack)
     keys(screen, {}, Qt::Key_Return);
     EXPECT_EQ(cell(screen, 0), u"______________"_s);
     keys(screen, u"250"_s, Qt::Key_Return);
+    EXPECT_NE(screen.focusWidget(), &grid(screen)) << "the box of the next row";
+    grid(screen).verticalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    EXPECT_EQ(screen.focusWidget(), &grid(screen)) << "scrolling hides it";
     click(screen, u"cmdCancel"_s);
     EXPECT_EQ(screen.mode(), Mode::Browse);
     EXPECT_TRUE(named<QWidget>(screen, u"cmdExit"_s).isVisible());
