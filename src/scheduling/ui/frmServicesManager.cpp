@@ -36,6 +36,26 @@ QString listColumns(const QString &table)
            "tblCostCenter.CostCenterID"_s.arg(table);
 }
 
+QList<grid::Column> columns(bool selectMode)
+{
+    QList<grid::Column> list{
+        {.name = u"Service ID"_s, .visible = false},
+        {.name = u"Service No"_s, .width = 80},
+        {.name = u"Name"_s, .width = 210},
+        {.name = u"Crew"_s, .width = 140},
+        {.name = u"Cost Center"_s, .width = 150},
+        {.name = u"Interval"_s, .width = 65},
+        {.name = u"RenewalOn"_s, .width = 165},
+        {.name = u"SeparateWo"_s, .width = 85, .editor = grid::Editor::Check},
+        {.name = u"Budgeted Hrs"_s, .width = 90, .format = u"0.00"_s},
+        {.name = u"Labor Cost"_s, .width = 85, .format = u"$0.00"_s},
+    };
+    if (selectMode)
+        list.prepend(
+            {.name = u"Select"_s, .width = 60, .editable = true, .editor = grid::Editor::Check});
+    return list;
+}
+
 } // namespace
 
 frmServicesManager::frmServicesManager(const Request &request, QWidget *parent)
@@ -72,21 +92,7 @@ void frmServicesManager::buildForm()
     lblEquipmentName = form.readOnlyField(u"lblEquipmentName"_s, u"Equipment Name:"_s);
     form.endRow();
     form.endGroup();
-    QList<grid::Column> columns;
-    if (m_selectMode)
-        columns.append(
-            {.name = u"Select"_s, .width = 60, .editable = true, .editor = grid::Editor::Check});
-    columns.append({.name = u"Service ID"_s, .visible = false});
-    columns.append({.name = u"Service No"_s, .width = 80});
-    columns.append({.name = u"Name"_s, .width = 210});
-    columns.append({.name = u"Crew"_s, .width = 140});
-    columns.append({.name = u"Cost Center"_s, .width = 150});
-    columns.append({.name = u"Interval"_s, .width = 65});
-    columns.append({.name = u"RenewalOn"_s, .width = 165});
-    columns.append({.name = u"SeparateWo"_s, .width = 85, .editor = grid::Editor::Check});
-    columns.append({.name = u"Budgeted Hrs"_s, .width = 90, .format = u"0.00"_s});
-    columns.append({.name = u"Labor Cost"_s, .width = 85, .format = u"$0.00"_s});
-    grdServices = makeListGrid(this, u"grdServices"_s, u"Services"_s, columns);
+    grdServices = makeListGrid(this, u"grdServices"_s, u"Services"_s, columns(m_selectMode));
     form.widget(grdServices, true);
     cmdAdd = form.leftButton(u"cmdAdd"_s, u"&Add"_s, theme::icon(u"add"_s));
     cmdDelete = form.leftButton(u"cmdDelete"_s, u"&Delete"_s, theme::icon(u"delete"_s));
