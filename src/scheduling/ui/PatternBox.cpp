@@ -243,22 +243,22 @@ bool PatternBox::hasDayOfMonth() const
     return cboDOM.front()->id() != 0;
 }
 
-void PatternBox::focusDays()
+QWidget *PatternBox::firstDay() const
 {
-    m_days.boxes.front()->setFocus();
+    return m_days.boxes.front();
 }
 
-void PatternBox::focusWeeks()
+QWidget *PatternBox::firstWeek() const
 {
-    m_weeks.boxes.front()->setFocus();
+    return m_weeks.boxes.front();
 }
 
-void PatternBox::focusMonths()
+QWidget *PatternBox::firstMonth() const
 {
-    m_months.boxes.front()->setFocus();
+    return m_months.boxes.front();
 }
 
-void PatternBox::focusDayOfMonth()
+QWidget *PatternBox::firstDayOfMonth() const
 {
-    cboDOM.front()->setFocus();
+    return cboDOM.front();
 }

@@ -46,10 +46,11 @@ public:
     [[nodiscard]] bool hasDay() const { return AllCheck(m_days); }
     [[nodiscard]] bool hasWeek() const { return AllCheck(m_weeks); }
     [[nodiscard]] bool hasMonth() const { return AllCheck(m_months); }
-    void focusDays();
-    void focusWeeks();
-    void focusMonths();
-    void focusDayOfMonth();
+    /// Where to go on when nothing of a group is chosen.
+    [[nodiscard]] QWidget *firstDay() const;
+    [[nodiscard]] QWidget *firstWeek() const;
+    [[nodiscard]] QWidget *firstMonth() const;
+    [[nodiscard]] QWidget *firstDayOfMonth() const;
 
 Q_SIGNALS:
     /// The user changed something.

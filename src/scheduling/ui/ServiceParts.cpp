@@ -28,6 +28,20 @@ ServiceParts::ServiceParts(ServiceStore store, QWidget *parent)
     : QGroupBox(u"Parts"_s, parent)
     , m_store(store)
 {
+    buildBox();
+    grdPartUsed->rows().changeRule = [this](int row, const QString &column, const QVariant &value) {
+        return SavePartGirdChanges(row, column, value);
+    };
+    connect(grdPartUsed, &grid::GridView::changed, this, [this] {
+        showCost();
+        Q_EMIT edited();
+    });
+    connect(cmdAddPart, &QPushButton::clicked, this, &ServiceParts::cmdAddPart_Click);
+    connect(cmdRemove, &QPushButton::clicked, this, &ServiceParts::cmdRemove_Click);
+}
+
+void ServiceParts::buildBox()
+{
     setObjectName(u"fraParts"_s);
     grdPartUsed = makeListGrid(this, u"grdPartUsed"_s, u"Parts of the service"_s,
                                {{.name = u"Part Number"_s, .width = 110},
@@ -66,16 +80,6 @@ ServiceParts::ServiceParts(ServiceStore store, QWidget *parent)
     layout->addWidget(grdPartUsed, 1);
     layout->addLayout(buttons);
     setFocusProxy(grdPartUsed);
-
-    grdPartUsed->rows().changeRule = [this](int row, const QString &column, const QVariant &value) {
-        return SavePartGirdChanges(row, column, value);
-    };
-    connect(grdPartUsed, &grid::GridView::changed, this, [this] {
-        showCost();
-        Q_EMIT edited();
-    });
-    connect(cmdAddPart, &QPushButton::clicked, this, &ServiceParts::cmdAddPart_Click);
-    connect(cmdRemove, &QPushButton::clicked, this, &ServiceParts::cmdRemove_Click);
 }
 
 QString ServiceParts::table() const
@@ -132,6 +136,17 @@ void ServiceParts::EnableControls()
     cmdRemove->setEnabled(m_mayEdit && grdPartUsed->rows().rowCount() > 0);
 }
 
+/// A failure undoes all that the transaction holds, so that no half of a change is saved later.
+bool ServiceParts::write(const char *procedure, const std::function<void()> &change)
+{
+    return base::trapped(Module, procedure, false, [&] {
+        TransactionScope transaction;
+        change();
+        transaction.leaveOpen();
+        return true;
+    });
+}
+
 void ServiceParts::cmdAddPart_Click()
 {
     if (!grdPartUsed->finishEditing())
@@ -141,21 +156,21 @@ void ServiceParts::cmdAddPart_Click()
             u"Note: You should not add equipment specfic parts to the master service list."_s);
     if (mayAdd && !mayAdd())
         return;
-    base::trapped(Module, "cmdAddPart_Click", [&] {
-        QStringList present;
-        for (int row = 0; row < grdPartUsed->rows().rowCount(); ++row)
-            present.append(grdPartUsed->rows().text(row, u"Part Number"));
-        QString selection = parts::exclusionList(present);
-        if (!frmPartManagerEntry::ShowServiceManager(selection, true))
-            return;
-        BeginTrans();
+    QStringList present;
+    for (int row = 0; row < grdPartUsed->rows().rowCount(); ++row)
+        present.append(grdPartUsed->rows().text(row, u"Part Number"));
+    QString selection = parts::exclusionList(present);
+    if (!frmPartManagerEntry::ShowServiceManager(selection, true))
+        return;
+    const bool added = write("cmdAddPart_Click", [&] {
         for (const parts::Chosen &part : parts::parseSelection(selection))
             gcnData->Execute(u"insert into %1(PartID,%2,QuantityRequired,Price,SupplierID) "
                              "values(?,?,?,?,?)"_s.arg(table(), keyColumn()),
                              {part.PartID, m_key, part.Quantity, part.Price, part.SupplierID});
-        RefreshPartGrid(m_key);
-        Q_EMIT edited();
     });
+    RefreshPartGrid(m_key);
+    if (added)
+        Q_EMIT edited();
 }
 
 void ServiceParts::cmdRemove_Click()
@@ -163,30 +178,34 @@ void ServiceParts::cmdRemove_Click()
     const int row = grdPartUsed->currentRow();
     if (row < 0 || !base::askYesNo(u"Are you sure you want to Delete this record?"_s))
         return;
-    base::trapped(Module, "cmdRemove_Click", [&] {
-        BeginTrans();
+    const bool removed = write("cmdRemove_Click", [&] {
         gcnData->Execute(u"Delete from %1 where partID = ? and %2 = ?"_s.arg(table(), keyColumn()),
                          {grdPartUsed->rows().text(row, u"Part Number"), m_key});
-        RefreshPartGrid(m_key);
-        Q_EMIT edited();
     });
+    RefreshPartGrid(m_key);
+    if (removed)
+        Q_EMIT edited();
 }
 
 bool ServiceParts::SavePartGirdChanges(int row, const QString &column, const QVariant &value)
 {
-    return base::trapped(Module, "SavePartGirdChanges", false, [&] {
-        const grid::GridModel &rows = grdPartUsed->rows();
-        const bool isQuantity = column.compare(u"Qty Req", Qt::CaseInsensitive) == 0;
-        const double quantity =
-            isQuantity ? value.toDouble() : rows.value(row, u"Qty Req").toDouble();
-        const double price = isQuantity ? rows.value(row, u"Price").toDouble() : value.toDouble();
-        BeginTrans();
+    grid::GridModel &rows = grdPartUsed->rows();
+    const bool isQuantity = column.compare(u"Qty Req", Qt::CaseInsensitive) == 0;
+    const double quantity = isQuantity ? value.toDouble() : rows.value(row, u"Qty Req").toDouble();
+    const double price = isQuantity ? rows.value(row, u"Price").toDouble() : value.toDouble();
+    const bool saved = write("SavePartGirdChanges", [&] {
         gcnData->Execute(u"Update %1 set QuantityRequired = ?, Price = ? where PartID = ? and "
                          "%2 = ?"_s.arg(table(), keyColumn()),
                          {quantity, price, rows.text(row, u"Part Number"), m_key});
-        // An emptied cell is the 0 that was stored for it.
-        if (value.isNull())
-            grdPartUsed->rows().setValue(row, column, 0.0);
-        return true;
     });
+    if (!saved) {
+        // Not before the grid is done with the cell.
+        QMetaObject::invokeMethod(
+            this, [this] { RefreshPartGrid(m_key); }, Qt::QueuedConnection);
+        return false;
+    }
+    // An emptied cell is the 0 that was stored for it.
+    if (value.isNull())
+        rows.setValue(row, column, 0.0);
+    return true;
 }

@@ -38,6 +38,8 @@ Q_SIGNALS:
     void costChanged();
 
 private:
+    void buildBox();
+    [[nodiscard]] bool write(const char *procedure, const std::function<void()> &change);
     void cmdAddPart_Click();
     void cmdRemove_Click();
     [[nodiscard]] bool SavePartGirdChanges(int row, const QString &column, const QVariant &value);

@@ -458,28 +458,17 @@ bool frmServices::ValidateFields()
         return refuse(cboCostCenter, u"Select one Cost Center"_s);
     if (input::isBlank(cboCrew))
         return refuse(cboCrew, u"Select one Crew"_s);
-    if (fraPattern->usesDayOfMonth() && !fraPattern->hasDayOfMonth()) {
-        base::showInformation(u"User Should fill at least one day of the month"_s);
-        fraPattern->focusDayOfMonth();
-        return false;
-    }
+    if (fraPattern->usesDayOfMonth() && !fraPattern->hasDayOfMonth())
+        return refuse(fraPattern->firstDayOfMonth(),
+                      u"User Should fill at least one day of the month"_s);
     if (OptDSA->isChecked() || isCountPeriod() || fraPattern->usesDayOfMonth())
         return true;
-    if (!fraPattern->hasDay()) {
-        base::showInformation(u"At least select one day of week."_s);
-        fraPattern->focusDays();
-        return false;
-    }
-    if (!fraPattern->hasWeek()) {
-        base::showInformation(u"At least select one week of month."_s);
-        fraPattern->focusWeeks();
-        return false;
-    }
-    if (!fraPattern->hasMonth()) {
-        base::showInformation(u"At least select one month of year."_s);
-        fraPattern->focusMonths();
-        return false;
-    }
+    if (!fraPattern->hasDay())
+        return refuse(fraPattern->firstDay(), u"At least select one day of week."_s);
+    if (!fraPattern->hasWeek())
+        return refuse(fraPattern->firstWeek(), u"At least select one week of month."_s);
+    if (!fraPattern->hasMonth())
+        return refuse(fraPattern->firstMonth(), u"At least select one month of year."_s);
     return true;
 }
 
@@ -561,15 +550,27 @@ bool frmServices::save()
     return true;
 }
 
-bool frmServices::cmdUpdate_Click()
+/// Save by its key leaves the focus, and so what has not been checked yet, in a field. A count that
+/// an earlier release left at 0 keeps nobody from changing something else.
+bool frmServices::finishFields()
 {
-    // Save by its key leaves the focus, and so what has not been checked yet, in a field.
-    if (!fraParts->grid()->finishEditing() || (!isAssigned() && !txtJobNo_Validate()) ||
-        (isAssigned() && !txtCount_Validate()))
+    if (!fraParts->grid()->finishEditing())
         return false;
-    if (isAssigned() && !datNextScheduledDate->isValidOrEmpty())
+    if (!isAssigned())
+        return txtJobNo_Validate();
+    const bool isCountNew = m_nextCountChanged || period() != m_stored.Period;
+    if ((isCountNew || txtCount->hasFocus()) && !txtCount_Validate())
+        return false;
+    if (!datNextScheduledDate->isValidOrEmpty())
         return refuse(datNextScheduledDate, u"Please enter valid date."_s);
     (void)txtName_LostFocus();
+    return true;
+}
+
+bool frmServices::cmdUpdate_Click()
+{
+    if (!finishFields())
+        return false;
     bool isValid = false;
     const bool saved = base::trapped(Module, "cmdUpdate_Click", false, [&] {
         BeginTrans();

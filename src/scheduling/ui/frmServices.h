@@ -52,6 +52,7 @@ private:
     void buildBudget(input::FormBuilder &form);
     void buildSchedule(input::FormBuilder &form);
     void buildNextSchedule(input::FormBuilder &form);
+    void joinBudgetRules();
     void joinRules();
 
     [[nodiscard]] bool isAssigned() const { return m_store == ServiceStore::Assigned; }
@@ -75,6 +76,7 @@ private:
     [[nodiscard]] bool carryJobNumber(const clsServices &service);
     [[nodiscard]] bool save();
 
+    [[nodiscard]] bool finishFields();
     bool cmdUpdate_Click();
     void cmdCancel_Click();
     void cmdExit_Click();

@@ -161,27 +161,9 @@ void frmServices::buildNextSchedule(input::FormBuilder &form)
     form.endRow();
 }
 
-void frmServices::joinRules()
+void frmServices::joinBudgetRules()
 {
     input::restrictTo(txtBudgetedlabor, input::TypeCheck::Double);
-    cboRenewalPeriod->add({u"Days"_s, u"Weeks"_s, u"Months"_s, u"Years"_s, u"Counts"_s, u"Hours"_s,
-                           u"Kilometers"_s, u"Miles"_s});
-    watch({txtJobNo, txtName, cboCrew, cboCostCenter, ChkSeparateWO, txtBudgetedlabor,
-           txtBudgetedcost, RRSpin1, cboRenewalPeriod, OptWOC, OptSOS, OptDSA, txtNotes});
-    connect(fraPattern, &PatternBox::dayOfMonthToggled, this, &frmServices::useDayOfMonth);
-    connect(fraPattern, &PatternBox::edited, this, &Screen::edited);
-    connect(fraParts, &ServiceParts::edited, this, &Screen::edited);
-    connect(fraParts, &ServiceParts::costChanged, this, &frmServices::showTotalCost);
-    fraParts->mayAdd = [this] { return mayAddPart(); };
-
-    connect(cmdCrew, &QToolButton::clicked, this, [this] {
-        ShowCrewDetail(Mode::Browse, cboCrew->id());
-        RefreshCrews();
-    });
-    connect(cmdCostCenter, &QToolButton::clicked, this, [this] {
-        ShowCostCenterDetail(Mode::Browse, cboCostCenter->id());
-        RefreshCostCenters();
-    });
     connect(cboCrew, &QComboBox::activated, this, [this] {
         showLabourRate();
         computeLabourCost();
@@ -193,6 +175,29 @@ void frmServices::joinRules()
     });
     connect(txtBudgetedcost, &input::CurrencyInput::valueChanged, this,
             &frmServices::showTotalCost);
+    connect(fraParts, &ServiceParts::costChanged, this, &frmServices::showTotalCost);
+}
+
+void frmServices::joinRules()
+{
+    joinBudgetRules();
+    cboRenewalPeriod->add({u"Days"_s, u"Weeks"_s, u"Months"_s, u"Years"_s, u"Counts"_s, u"Hours"_s,
+                           u"Kilometers"_s, u"Miles"_s});
+    watch({txtJobNo, txtName, cboCrew, cboCostCenter, ChkSeparateWO, txtBudgetedlabor,
+           txtBudgetedcost, RRSpin1, cboRenewalPeriod, OptWOC, OptSOS, OptDSA, txtNotes});
+    connect(fraPattern, &PatternBox::dayOfMonthToggled, this, &frmServices::useDayOfMonth);
+    connect(fraPattern, &PatternBox::edited, this, &Screen::edited);
+    connect(fraParts, &ServiceParts::edited, this, &Screen::edited);
+    fraParts->mayAdd = [this] { return mayAddPart(); };
+
+    connect(cmdCrew, &QToolButton::clicked, this, [this] {
+        ShowCrewDetail(Mode::Browse, cboCrew->id());
+        RefreshCrews();
+    });
+    connect(cmdCostCenter, &QToolButton::clicked, this, [this] {
+        ShowCostCenterDetail(Mode::Browse, cboCostCenter->id());
+        RefreshCostCenters();
+    });
     connect(cboRenewalPeriod, &QComboBox::activated, this, &frmServices::cboRenewalPeriod_Click);
     for (QRadioButton *option : {OptWOC, OptSOS, OptDSA})
         connect(option, &QRadioButton::clicked, this, &frmServices::EnableLogicControl);

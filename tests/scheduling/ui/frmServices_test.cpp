@@ -400,6 +400,15 @@ TEST_F(frmServicesTest, ATargetCountIsAboveZero)
     EXPECT_EQ(value(u"Select NextScheduledCount from tblServiceUsed"_s), 499);
     EXPECT_EQ(value(u"Select NextScheduledDate from tblServiceUsed"_s), day(3, 1))
         << "due on the meter already";
+
+    // A count of 0 from an earlier release stands until somebody changes it.
+    gcnData->Execute(u"Delete from tblWoServiceUsed"_s);
+    gcnData->Execute(u"Update tblServiceUsed set NextScheduledCount = 0"_s);
+    frmServices other(ServiceStore::Assigned);
+    show(other, Mode::Browse, id);
+    click(other, u"ChkSeparateWO"_s);
+    click(other, u"cmdUpdate"_s);
+    EXPECT_EQ(value(u"Select SeparateWo from tblServiceUsed"_s), 1);
 }
 
 TEST_F(frmServicesTest, AnAssignedServiceIsRenamedOnlyOnInsisting)
@@ -511,6 +520,34 @@ TEST_F(frmServicesParts, AreUndoneByRevert)
     EXPECT_FALSE(gbInTransaction);
     EXPECT_EQ(named<grid::GridView>(screen, u"grdPartUsed"_s).rows().rowCount(), 0);
     EXPECT_EQ(screen.mode(), Mode::Browse);
+}
+
+TEST_F(frmServicesParts, AreAllUndoneWhenOneFails)
+{
+    const qint64 id = assigned();
+    insert(u"tblServiceUsedPart"_s, {{u"ServiceUsedID"_s, id},
+                                     {u"PartID"_s, u"F1"_s},
+                                     {u"QuantityRequired"_s, 2},
+                                     {u"Price"_s, 4.5}});
+    frmServices screen(ServiceStore::Assigned);
+    show(screen, Mode::Browse, id);
+    grid::GridModel &rows = named<grid::GridView>(screen, u"grdPartUsed"_s).rows();
+    const auto changeQuantity = [&] { return rows.edit(0, rows.columnIndex(u"Qty Req"), 3.0); };
+    EXPECT_TRUE(changeQuantity());
+    failAt(u"tblServiceUsedPart(PartID"_s);
+    selectAllParts(1);
+    click(screen, u"cmdAddPart"_s);
+    (void)errors.takeOne();
+    EXPECT_FALSE(gbInTransaction);
+    EXPECT_EQ(screen.mode(), Mode::Modify);
+    EXPECT_EQ(rows.text(0, u"Qty Req"), u"2.00"_s);
+
+    failAt(u"Update tblServiceUsedPart"_s);
+    EXPECT_FALSE(changeQuantity());
+    failAt({});
+    (void)errors.takeOne();
+    QApplication::processEvents();
+    EXPECT_EQ(rows.text(0, u"Qty Req"), u"2.00"_s);
 }
 
 TEST_F(frmServicesParts, NeedAStoredService)
