@@ -53,6 +53,7 @@ private:
     void buildSchedule(input::FormBuilder &form);
     void buildNextSchedule(input::FormBuilder &form);
     void joinBudgetRules();
+    void joinScheduleRules();
     void joinRules();
 
     [[nodiscard]] bool isAssigned() const { return m_store == ServiceStore::Assigned; }

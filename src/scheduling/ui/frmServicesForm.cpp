@@ -178,15 +178,35 @@ void frmServices::joinBudgetRules()
     connect(fraParts, &ServiceParts::costChanged, this, &frmServices::showTotalCost);
 }
 
-void frmServices::joinRules()
+void frmServices::joinScheduleRules()
 {
-    joinBudgetRules();
     cboRenewalPeriod->add({u"Days"_s, u"Weeks"_s, u"Months"_s, u"Years"_s, u"Counts"_s, u"Hours"_s,
                            u"Kilometers"_s, u"Miles"_s});
-    watch({txtJobNo, txtName, cboCrew, cboCostCenter, ChkSeparateWO, txtBudgetedlabor,
-           txtBudgetedcost, RRSpin1, cboRenewalPeriod, OptWOC, OptSOS, OptDSA, txtNotes});
+    connect(cboRenewalPeriod, &QComboBox::activated, this, &frmServices::cboRenewalPeriod_Click);
+    for (QRadioButton *option : {OptWOC, OptSOS, OptDSA})
+        connect(option, &QRadioButton::clicked, this, &frmServices::EnableLogicControl);
+    connect(chkInactive, &QCheckBox::clicked, this, &frmServices::chkInactive_Click);
     connect(fraPattern, &PatternBox::dayOfMonthToggled, this, &frmServices::useDayOfMonth);
     connect(fraPattern, &PatternBox::edited, this, &Screen::edited);
+    if (!isAssigned())
+        return;
+    connect(datNextScheduledDate, &input::DateInput::edited, this, [this] {
+        m_nextDateChanged = true;
+        edited();
+    });
+    connect(txtCount, &QLineEdit::textEdited, this, [this] {
+        m_nextCountChanged = true;
+        edited();
+    });
+    input::validateOnLeave(txtCount, [this] { return txtCount_Validate(); });
+}
+
+void frmServices::joinRules()
+{
+    watch({txtJobNo, txtName, cboCrew, cboCostCenter, ChkSeparateWO, txtBudgetedlabor,
+           txtBudgetedcost, RRSpin1, cboRenewalPeriod, OptWOC, OptSOS, OptDSA, txtNotes});
+    joinBudgetRules();
+    joinScheduleRules();
     connect(fraParts, &ServiceParts::edited, this, &Screen::edited);
     fraParts->mayAdd = [this] { return mayAddPart(); };
 
@@ -198,27 +218,12 @@ void frmServices::joinRules()
         ShowCostCenterDetail(Mode::Browse, cboCostCenter->id());
         RefreshCostCenters();
     });
-    connect(cboRenewalPeriod, &QComboBox::activated, this, &frmServices::cboRenewalPeriod_Click);
-    for (QRadioButton *option : {OptWOC, OptSOS, OptDSA})
-        connect(option, &QRadioButton::clicked, this, &frmServices::EnableLogicControl);
-    connect(chkInactive, &QCheckBox::clicked, this, &frmServices::chkInactive_Click);
     input::validateOnLeave(txtName, [this] {
         (void)txtName_LostFocus();
         return true;
     });
-    if (isAssigned()) {
-        connect(datNextScheduledDate, &input::DateInput::edited, this, [this] {
-            m_nextDateChanged = true;
-            edited();
-        });
-        connect(txtCount, &QLineEdit::textEdited, this, [this] {
-            m_nextCountChanged = true;
-            edited();
-        });
-        input::validateOnLeave(txtCount, [this] { return txtCount_Validate(); });
-    } else {
+    if (!isAssigned())
         input::validateOnLeave(txtJobNo, [this] { return txtJobNo_Validate(); });
-    }
     connect(cmdUpdate, &QPushButton::clicked, this, &frmServices::cmdUpdate_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &frmServices::cmdCancel_Click);
     connect(cmdExit, &QPushButton::clicked, this, &frmServices::cmdExit_Click);
