@@ -3,6 +3,7 @@
 #include "core/Session.h"
 #include "platform/base/Error.h"
 #include "platform/base/Trapped.h"
+#include "workorders/NumberList.h"
 
 #include <QHash>
 #include <QMap>
@@ -44,10 +45,7 @@ QString machineCondition(const QList<qint64> &machines)
     constexpr qsizetype few = 20;
     if (machines.size() > few)
         return {};
-    QStringList ids;
-    for (const qint64 machine : machines)
-        ids.append(QString::number(machine));
-    return u" and Equipmentid in (%1)"_s.arg(ids.join(u','));
+    return u" and Equipmentid in (%1)"_s.arg(numberList(machines));
 }
 
 ServicesByMachine dueServices(const WorkorderFilter &filter, const QList<qint64> &machines,
@@ -107,14 +105,18 @@ void AddGenerateWo(qint64 machine, const QList<db::Row> &services, QList<qint64>
 }
 
 bool generate(const WorkorderFilter &filter, const QList<qint64> &machines, bool withInactive,
-              QList<qint64> &generated)
+              QList<qint64> &generated, const base::Progress &progress)
 {
     QList<qint64> made;
     const bool done = base::trapped(Module, "AddGenerateWo", false, [&] {
         TransactionScope transaction;
         ServicesByMachine services = dueServices(filter, machines, withInactive);
-        for (const qint64 machine : machines)
+        int machinesDone = 0;
+        for (const qint64 machine : machines) {
             AddGenerateWo(machine, services.take(machine), made);
+            if (progress)
+                progress(++machinesDone, static_cast<int>(machines.size()));
+        }
         transaction.commit();
         return true;
     });
@@ -126,14 +128,14 @@ bool generate(const WorkorderFilter &filter, const QList<qint64> &machines, bool
 } // namespace
 
 bool GenerateWorkorder(const WorkorderFilter &filter, const QList<qint64> &equipmentIDs,
-                       QList<qint64> &generated)
+                       QList<qint64> &generated, const base::Progress &progress)
 {
-    return generate(filter, equipmentIDs, false, generated);
+    return generate(filter, equipmentIDs, false, generated, progress);
 }
 
 bool generateForRow(const WorkorderFilter &filter, qint64 EquipmentID, QList<qint64> &generated)
 {
-    return generate(filter, {EquipmentID}, true, generated);
+    return generate(filter, {EquipmentID}, true, generated, {});
 }
 
 qint64 addOrder(qint64 EquipmentID)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/Progress.h"
 #include "platform/db/Recordset.h"
 #include "workorders/WorkorderFilter.h"
 
@@ -12,9 +13,11 @@ namespace generation {
 
 /// Makes orders for the due services of these machines, in one transaction: for each machine one
 /// order for each crew, and one for each service that goes alone. All or none: False when a step
-/// failed, which is reported. The numbers of the orders made are appended to generated.
+/// failed, which is reported. The numbers of the orders made are appended to generated. progress is
+/// told of each machine.
 [[nodiscard]] bool GenerateWorkorder(const WorkorderFilter &filter,
-                                     const QList<qint64> &equipmentIDs, QList<qint64> &generated);
+                                     const QList<qint64> &equipmentIDs, QList<qint64> &generated,
+                                     const base::Progress &progress = {});
 
 /// The same for one machine, from its row in the list. This way inactive services within the
 /// window are swept onto the order too.

@@ -1,10 +1,12 @@
 #include "workorders/Posting.h"
 
+#include "core/ServiceHistory.h"
 #include "core/Session.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "scheduling/GetNextScheduledDate.h"
 #include "scheduling/Readings.h"
+#include "workorders/NumberList.h"
 
 #include <QHash>
 #include <QStringList>
@@ -23,51 +25,15 @@ DateConfirmation &currentConfirmation()
     return confirmation;
 }
 
-QString joined(const QList<qint64> &numbers, const QString &separator = u","_s)
-{
-    QStringList texts;
-    for (const qint64 number : numbers)
-        texts.append(QString::number(number));
-    return texts.join(separator);
-}
-
 /// Numbers as lists for "in (...)", none longer than the database takes. No list is empty.
 QStringList listsOf(const QList<qint64> &numbers)
 {
     constexpr qsizetype longest = 1000;
     QStringList lists;
     for (qsizetype at = 0; at < numbers.size(); at += longest)
-        lists.append(joined(numbers.mid(at, longest)));
+        lists.append(numberList(numbers.mid(at, longest)));
     return lists;
 }
-
-/// The columns of service history, and for each the column of the open service that it takes.
-const QStringList HistoryColumns{u"WorkorderNo"_s,
-                                 u"ServiceUsedID"_s,
-                                 u"EquipmentID"_s,
-                                 u"ServiceID"_s,
-                                 u"ServiceName"_s,
-                                 u"CrewID"_s,
-                                 u"CrewNumber"_s,
-                                 u"LastDateScheduled"_s,
-                                 u"LastDatePerformed"_s,
-                                 u"NextScheduleddate"_s,
-                                 u"CostCenterID"_s,
-                                 u"SeparateWo"_s,
-                                 u"LaborEstimate"_s,
-                                 u"CostEstimate"_s,
-                                 u"Note"_s,
-                                 u"Period"_s,
-                                 u"jobNo"_s,
-                                 u"CountValue"_s,
-                                 u"Skip"_s,
-                                 u"StartTime"_s,
-                                 u"EndTime"_s,
-                                 u"Workhrs"_s,
-                                 u"SupplierID"_s,
-                                 u"SupplierName"_s,
-                                 u"StartDate"_s,
-                                 u"CompleteDate"_s};
 
 /// The services of these orders that are completed or skipped, their columns in the order of the
 /// history's, and last the assignment behind each.
@@ -90,12 +56,10 @@ db::Recordset postedServices(const QString &orders)
 
 void insertServiceHistory(const db::Row &service)
 {
+    const QStringList &columns = serviceHistoryColumns();
     QVariantList values;
-    QStringList columns;
-    for (int column = 0; column < HistoryColumns.size(); ++column) {
-        columns.append(u'[' + HistoryColumns[column] + u']');
+    for (int column = 0; column < columns.size(); ++column)
         values.append(service[column]);
-    }
     const QStringList places(values.size(), u"?"_s);
     gcnData->Execute(u"Insert into tblWOServiceUsedHistory(%1) Values(%2)"_s.arg(columns.join(u','),
                                                                                  places.join(u',')),
@@ -238,7 +202,7 @@ void postParts(const QList<qint64> &ids)
 /// Passes the services and parts of these orders into history; the keys of the open services. A
 /// failure is reported, and nothing is given back then: the whole transaction is undone.
 std::optional<QList<qint64>> AddServiceHistoryRecord(const QList<qint64> &orders,
-                                                     const Progress &progress)
+                                                     const base::Progress &progress)
 {
     const auto none = std::optional<QList<qint64>>();
     return base::trapped(Module, "AddServiceHistoryRecord", none, [&] {
@@ -322,7 +286,7 @@ void clearMarks(const QList<qint64> &held)
 {
     QString statement = u"Update tblWorkorder set Complete = 0 ,CompletedDate = NULL"_s;
     if (!held.isEmpty())
-        statement += u" where not WorkorderNo in (%1)"_s.arg(joined(held));
+        statement += u" where not WorkorderNo in (%1)"_s.arg(numberList(held));
     gcnData->Execute(statement);
 }
 
@@ -333,7 +297,7 @@ void setDateConfirmation(DateConfirmation confirmation)
     currentConfirmation() = std::move(confirmation);
 }
 
-bool PostWorkOrder(QList<qint64> &orders, const Progress &progress)
+bool PostWorkOrder(QList<qint64> &orders, const base::Progress &progress)
 {
     return base::trapped(Module, "PostWorkOrder", false, [&] {
         TransactionScope transaction;
@@ -350,7 +314,7 @@ bool PostWorkOrder(QList<qint64> &orders, const Progress &progress)
         }
         if (!held.isEmpty())
             base::showMessage(u"Following Work Orders (%1) aren't posted. Enter counts for these "
-                              "Work Orders."_s.arg(joined(held, u", "_s)));
+                              "Work Orders."_s.arg(numberList(held, u", "_s)));
         transaction.commit();
         orders = posted;
         return true;

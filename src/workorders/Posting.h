@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/base/Progress.h"
+
 #include <QDateTime>
 #include <QList>
 #include <QString>
@@ -17,13 +19,10 @@ using DateConfirmation =
 /// Set by the screen that asks. Without one the completion is counted from.
 void setDateConfirmation(DateConfirmation confirmation);
 
-/// Tells how far a long posting is: services done and services in all.
-using Progress = std::function<void(int done, int all)>;
-
 /// Posts orders. Those that wait for a meter count are held back and named in a message; on return
 /// the list holds the orders posted. False when a step failed, which is reported; then nothing has
-/// been posted.
-[[nodiscard]] bool PostWorkOrder(QList<qint64> &orders, const Progress &progress = {});
+/// been posted. progress is told of each service.
+[[nodiscard]] bool PostWorkOrder(QList<qint64> &orders, const base::Progress &progress = {});
 
 // The steps of a posting. They raise DbError, so that a failing one undoes it all.
 

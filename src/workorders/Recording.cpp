@@ -5,8 +5,7 @@
 #include "platform/base/Environment.h"
 #include "platform/base/Trapped.h"
 #include "workorders/Generation.h"
-
-#include <QStringList>
+#include "workorders/NumberList.h"
 
 namespace recording {
 namespace {
@@ -15,12 +14,26 @@ using namespace Qt::StringLiterals;
 
 constexpr const char *Module = "Workorder";
 
+/// What an error is reported under: the procedure, and the module that it counts to.
+struct Label
+{
+    constexpr Label(const char *name, const char *moduleName = Module)
+        : procedure(name)
+        , module(moduleName)
+    {}
+    const char *procedure;
+    const char *module;
+};
+
+/// The rule behind the grid of services, which is the screen's.
+constexpr Label ServiceChange("grdRecordService_Change", "WorkOrder");
+
 const QString NotSkipped = u"(skip is null or skip <> -1)"_s;
 
 /// One statement that commits by itself, as one step of a procedure of this name.
-bool execute(const char *procedure, const QString &statement, const QVariantList &parameters)
+bool execute(Label label, const QString &statement, const QVariantList &parameters)
 {
-    return base::trapped(Module, procedure, false, [&] {
+    return base::trapped(label.module, label.procedure, false, [&] {
         gcnData->Execute(statement, parameters);
         return true;
     });
@@ -28,9 +41,9 @@ bool execute(const char *procedure, const QString &statement, const QVariantList
 
 /// Several statements that commit together.
 template<class Body>
-bool together(const char *procedure, Body &&body)
+bool together(Label label, Body &&body)
 {
-    return base::trapped(Module, procedure, false, [&] {
+    return base::trapped(label.module, label.procedure, false, [&] {
         TransactionScope transaction;
         body();
         transaction.commit();
@@ -170,7 +183,7 @@ bool UpdateWorkorderServiceComplete(qint64 NServiceUsedID, bool completed)
 
 bool completeService(qint64 NServiceUsedID)
 {
-    return together("grdRecordService_Change", [&] {
+    return together(ServiceChange, [&] {
         setCompleted(NServiceUsedID, true);
         gcnData->Execute(u"Update tblWoServiceUsed set Skip = '0' where NServiceUsedid = ?"_s,
                          {NServiceUsedID});
@@ -179,7 +192,7 @@ bool completeService(qint64 NServiceUsedID)
 
 bool skipService(qint64 NServiceUsedID, const QString &reason)
 {
-    return together("grdRecordService_Change", [&] {
+    return together(ServiceChange, [&] {
         gcnData->Execute(
             u"Update tblWoServiceUsed set [Note] = ?, Skip = '1' where NServiceUsedid = ?"_s,
             {reason, NServiceUsedID});
@@ -229,7 +242,7 @@ bool IsServiceSkiped(qint64 NServiceUsedID)
 bool changeCrew(qint64 NServiceUsedID, qint64 CrewID)
 {
     const double cost = SetLaborCost(CrewID) * GetBudgetedHrs(NServiceUsedID);
-    return together("grdRecordService_Change", [&] {
+    return together(ServiceChange, [&] {
         gcnData->Execute(
             u"Update tblWoServiceUsed set CrewID = ?, CostEstimate = ? where NServiceUsedid = ?"_s,
             {CrewID, cost, NServiceUsedID});
@@ -316,12 +329,9 @@ bool UpdatePrintColInWorkOrder(const QList<qint64> &orders)
 {
     if (orders.isEmpty())
         return true;
-    QStringList list;
-    for (const qint64 order : orders)
-        list.append(QString::number(order));
     return execute(
         "UpdatePrintColInWorkOrder",
-        u"Update tblWorkorder set Printed = 1 where Workorderno in (%1)"_s.arg(list.join(u',')),
+        u"Update tblWorkorder set Printed = 1 where Workorderno in (%1)"_s.arg(numberList(orders)),
         {});
 }
 

@@ -90,7 +90,12 @@ TEST_F(GenerateWorkorder, OfManyMachinesOnlyTheChosenGetOrders)
             chosen.append(id);
     }
     service();
-    ASSERT_TRUE(generate(chosen));
+    int told = 0;
+    ASSERT_TRUE(generation::GenerateWorkorder(filter, chosen, made, [&](int done, int all) {
+        EXPECT_EQ(done, ++told);
+        EXPECT_EQ(all, 29);
+    }));
+    EXPECT_EQ(told, 29);
     EXPECT_EQ(made.size(), 29);
     EXPECT_EQ(count(u"tblWorkorder"_s, u"EquipmentID in (1,105)"_s), 0);
     EXPECT_EQ(count(u"tblWoServiceUsed"_s), 29);

@@ -33,7 +33,7 @@ protected:
         last = orderService(number, values);
         return number;
     }
-    [[nodiscard]] static bool post(QList<qint64> orders, const posting::Progress &progress = {})
+    [[nodiscard]] static bool post(QList<qint64> orders, const base::Progress &progress = {})
     {
         return posting::PostWorkOrder(orders, progress);
     }

@@ -393,6 +393,17 @@ TEST(Paginate, ProblemsAreToldOnceAndTheRestPrints)
         EXPECT_THAT(all, testing::HasSubstr(part));
 }
 
+TEST(Paginate, TellsOfEachRowInEachPass)
+{
+    const Layout layout = smallLayout(QByteArray(detailN) + R"(<band kind="pageFooter" height="5mm">
+        <text content="of {TotalPages}"/></band>)");
+    QStringList told;
+    Inputs inputs;
+    inputs.progress = [&](int done, int all) { told.append(u"%1/%2"_s.arg(done).arg(all)); };
+    (void)pagesText(layout, numbers(2), inputs);
+    EXPECT_EQ(told.join(u' '), u"1/2 2/2 1/2 2/2"_s);
+}
+
 TEST(Paginate, TheSinkEndsTheReport)
 {
     int seen = 0;

@@ -208,6 +208,13 @@ TEST_F(Viewer, PrintsTheChosenPages)
     EXPECT_EQ(file.readAll().count("/Type /Page\n"), 2);
     m_viewer.setPrinterChooser([](QPrinter &, int, QWidget *) { return false; });
     EXPECT_FALSE(m_viewer.print());
+    m_viewer.setPrinterChooser([&](QPrinter &printer, int, QWidget *) {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(folder.filePath(u"none/printed.pdf"_s));
+        return true;
+    });
+    m_prompts.expect(u"The report could not be printed."_s, base::Prompts::Icon::Critical);
+    EXPECT_FALSE(m_viewer.print());
 }
 
 TEST_F(Viewer, EmptyViewerOffersNothing)

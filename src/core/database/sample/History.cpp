@@ -1,5 +1,7 @@
 #include "core/database/sample/History.h"
 
+#include "core/ServiceHistory.h"
+
 #include <algorithm>
 #include <cmath>
 #include <tuple>
@@ -16,33 +18,7 @@ public:
         : m_content(content)
         , m_masters(masters)
         , m_today(today)
-        , m_services(batch, u"tblWOServiceUsedHistory"_s,
-                     {u"WorkorderNo"_s,
-                      u"ServiceUsedID"_s,
-                      u"EquipmentID"_s,
-                      u"ServiceID"_s,
-                      u"ServiceName"_s,
-                      u"CrewID"_s,
-                      u"CrewNumber"_s,
-                      u"LastDateScheduled"_s,
-                      u"LastDatePerformed"_s,
-                      u"NextScheduleddate"_s,
-                      u"CostCenterID"_s,
-                      u"SeparateWo"_s,
-                      u"LaborEstimate"_s,
-                      u"CostEstimate"_s,
-                      u"[Note]"_s,
-                      u"Period"_s,
-                      u"jobNo"_s,
-                      u"CountValue"_s,
-                      u"Skip"_s,
-                      u"StartTime"_s,
-                      u"EndTime"_s,
-                      u"Workhrs"_s,
-                      u"SupplierID"_s,
-                      u"SupplierName"_s,
-                      u"StartDate"_s,
-                      u"CompleteDate"_s})
+        , m_services(batch, u"tblWOServiceUsedHistory"_s, serviceHistoryColumns())
         , m_parts(batch, u"tblWoPartHistory"_s,
                   {u"ServiceusedID"_s, u"partID"_s, u"Description"_s, u"PartCategoryID"_s,
                    u"Price"_s, u"SupplierID"_s, u"QuantityRequired"_s, u"QuantityUsed"_s})

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/base/Progress.h"
+
 #include <QDateTime>
 #include <QHash>
 #include <QString>
@@ -25,6 +27,7 @@ struct Inputs
     QHash<QString, QString> formulas; ///< expressions in place of the layout's, by name
     QDateTime now;                    ///< what Now and Today give
     QString folder;                   ///< where the layout's picture files lie
+    base::Progress progress{};        ///< told of each row, in each pass over them
 };
 
 } // namespace report

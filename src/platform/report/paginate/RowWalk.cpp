@@ -20,8 +20,11 @@ RowWalk::RowWalk(const compiled::Report &report, const DataSource &rows, const I
 
 void RowWalk::walk()
 {
-    for (m_row = 0; m_row < m_rows.rowCount() && !isStopped(); ++m_row)
+    for (m_row = 0; m_row < m_rows.rowCount() && !isStopped(); ++m_row) {
         takeRow();
+        if (m_inputs.progress)
+            m_inputs.progress(m_row + 1, m_rows.rowCount());
+    }
     m_row = qMax(0, m_rows.rowCount() - 1);
     if (m_rows.rowCount() > 0)
         closeGroups(0);

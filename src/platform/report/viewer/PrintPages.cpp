@@ -46,7 +46,7 @@ void setUpPrinter(QPrinter &printer, const PageSetup &page, const QString &title
     printer.setDocName(title);
 }
 
-bool printPages(QPrinter &printer, const PageStore &pages)
+bool printPages(QPrinter &printer, const PageStore &pages, const base::Progress &progress)
 {
     QPainter painter;
     if (pages.count() == 0 || !painter.begin(&printer))
@@ -55,17 +55,20 @@ bool printPages(QPrinter &printer, const PageStore &pages)
     const Range range = rangeOf(printer, pages.count());
     // Where the printer makes no copies by itself, they are printed one after another.
     const int copies = printer.supportsMultipleCopies() ? 1 : qMax(1, printer.copyCount());
-    bool isFirst = true;
+    const int sheets = copies * (range.last - range.first + 1);
+    int printed = 0;
     for (int copy = 0; copy < copies; ++copy) {
         for (int index = range.first; index <= range.last; ++index) {
-            if (!isFirst && !printer.newPage())
+            if (printed > 0 && !printer.newPage())
                 return false;
-            isFirst = false;
             painter.save();
             painter.scale(printer.logicalDpiX() / UnitsPerInch,
                           printer.logicalDpiY() / UnitsPerInch);
             pagePainter.paint(pages.page(index), painter);
             painter.restore();
+            ++printed;
+            if (progress)
+                progress(printed, sheets);
         }
     }
     return painter.end() && printer.printerState() != QPrinter::Error;

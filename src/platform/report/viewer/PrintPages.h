@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/Progress.h"
 #include "platform/report/layout/Layout.h"
 #include "platform/report/viewer/PageStore.h"
 
@@ -18,6 +19,7 @@ using PrinterChooser = std::function<bool(QPrinter &printer, int pages, QWidget 
 /// Sets a printer to a layout's paper, edge to edge: the layout has its own margins.
 void setUpPrinter(QPrinter &printer, const PageSetup &page, const QString &title);
 /// Prints the pages of the printer's range. False when the printer refuses.
-[[nodiscard]] bool printPages(QPrinter &printer, const PageStore &pages);
+[[nodiscard]] bool printPages(QPrinter &printer, const PageStore &pages,
+                              const base::Progress &progress = {});
 
 } // namespace report

@@ -2,6 +2,7 @@
 
 #include "platform/base/Error.h"
 #include "platform/base/Prompts.h"
+#include "platform/input/ProgressBox.h"
 #include "platform/input/Theme.h"
 #include "platform/report/render/Export.h"
 #include "platform/report/viewer/PageView.h"
@@ -220,15 +221,25 @@ Outcome ReportViewer::setReport(const Layout &layout, std::shared_ptr<const Data
     m_inputs = inputs;
     m_pages.clear();
     m_found.reset();
-    Outcome outcome = paginate(m_layout, *m_rows, m_inputs, [this](Page &&page) {
-        m_pages.append(page);
-        return true;
-    });
+    Outcome outcome = [&] {
+        input::ProgressBox box(u"Preparing the report..."_s, this);
+        return paginate(m_layout, *m_rows, inputsTelling(box), [this](Page &&page) {
+            m_pages.append(page);
+            return true;
+        });
+    }();
     m_thumbnails->setPages(&m_pages, m_layout.page);
     m_view->setPages(&m_pages, m_layout.page);
     showPageNumber(0);
     showZoom();
     return outcome;
+}
+
+Inputs ReportViewer::inputsTelling(input::ProgressBox &box) const
+{
+    Inputs inputs = m_inputs;
+    inputs.progress = box.progress();
+    return inputs;
 }
 
 void ReportViewer::clear()
@@ -258,7 +269,8 @@ bool ReportViewer::print()
         return false;
     const bool printed = [&] {
         const WaitCursor wait;
-        return printPages(printer, m_pages);
+        input::ProgressBox box(u"Printing..."_s, this);
+        return printPages(printer, m_pages, box.progress());
     }();
     if (!printed)
         base::showCritical(u"The report could not be printed."_s);
@@ -282,7 +294,8 @@ bool ReportViewer::exportToFile()
     }
     try {
         const WaitCursor wait;
-        (void)exportReport(m_layout, *m_rows, m_inputs, path, *format);
+        input::ProgressBox box(u"Writing the file..."_s, this);
+        (void)exportReport(m_layout, *m_rows, inputsTelling(box), path, *format);
     } catch (const base::Error &error) {
         base::showCritical(error.description());
         return false;

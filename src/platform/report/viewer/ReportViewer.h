@@ -14,6 +14,10 @@ class QLineEdit;
 class QSpinBox;
 class QToolButton;
 
+namespace input {
+class ProgressBox;
+}
+
 namespace report {
 
 class PageView;
@@ -56,6 +60,7 @@ private:
                            const QString &icon, const QList<QKeySequence> &keys);
     void addZoom(QHBoxLayout *bar);
     void addSearch(QHBoxLayout *bar);
+    [[nodiscard]] Inputs inputsTelling(input::ProgressBox &box) const;
     void search(bool backward);
     void applyZoomText();
     void showZoom();

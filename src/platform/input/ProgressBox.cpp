@@ -1,0 +1,71 @@
+#include "platform/input/ProgressBox.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QLabel>
+#include <QProgressBar>
+#include <QVBoxLayout>
+
+namespace input {
+namespace {
+
+constexpr qint64 Interval = 50; ///< milliseconds between two looks at the window
+constexpr int BarWidth = 320;
+
+/// Ends with the step alone.
+class StepWindow : public QDialog
+{
+public:
+    using QDialog::QDialog;
+    void reject() override {}
+};
+
+} // namespace
+
+ProgressBox::ProgressBox(QString text, QWidget *parent, std::chrono::milliseconds after)
+    : m_text(std::move(text))
+    , m_parent(parent)
+    , m_next(after.count())
+{
+    m_clock.start();
+}
+
+ProgressBox::~ProgressBox() = default;
+
+void ProgressBox::tell(int done, int all)
+{
+    if (m_clock.elapsed() < m_next)
+        return;
+    if (!m_window)
+        open();
+    m_bar->setRange(0, all);
+    m_bar->setValue(done);
+    QCoreApplication::processEvents();
+    m_next = m_clock.elapsed() + Interval;
+}
+
+base::Progress ProgressBox::progress()
+{
+    return [this](int done, int all) { tell(done, all); };
+}
+
+void ProgressBox::open()
+{
+    QWidget *owner =
+        m_parent && m_parent->isVisible() ? m_parent->window() : QApplication::activeWindow();
+    m_window = std::make_unique<StepWindow>(owner, Qt::Dialog | Qt::CustomizeWindowHint |
+                                                       Qt::WindowTitleHint);
+    m_window->setObjectName(QStringLiteral("progressBox"));
+    m_window->setWindowTitle(owner ? owner->windowTitle() : QString());
+    m_window->setWindowModality(Qt::ApplicationModal);
+    m_window->setCursor(Qt::WaitCursor);
+    auto *column = new QVBoxLayout(m_window.get());
+    column->addWidget(new QLabel(m_text, m_window.get()));
+    m_bar = new QProgressBar(m_window.get());
+    m_bar->setMinimumWidth(BarWidth);
+    m_bar->setAccessibleName(m_text);
+    column->addWidget(m_bar);
+    m_window->show();
+}
+
+} // namespace input
