@@ -15,6 +15,7 @@
 
 #include <QApplication>
 #include <QPushButton>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -33,37 +34,46 @@ public:
     BusyPointer &operator=(const BusyPointer &) = delete;
 };
 
+/// A field that is summed once for each value of a key, under a name of its own.
+struct OnceField
+{
+    QString name;
+    QString field;
+    QString key;
+};
+
 struct Report
 {
     const char *procedure;
     QString title;
     QString layout;
     QStringList sort;
-    /// A field that is summed once for each value of a key: its new name, the field, the key.
-    QStringList once{};
+    std::optional<OnceField> once{};
 };
 
-/// Opens the query, and shows its rows, or the message of a report without any.
+std::shared_ptr<ReportRows> rowsOf(const Report &report, const std::function<db::Recordset()> &open)
+{
+    const BusyPointer busy;
+    auto rows = std::make_shared<ReportRows>(open());
+    rows->sortBy(report.sort);
+    if (report.once)
+        rows->addOnce(report.once->name, report.once->field, report.once->key);
+    return rows;
+}
+
+/// Shows the rows of a query in the report's layout, or the message of a report without any.
 bool showReport(const Report &report, const std::function<db::Recordset()> &open)
 {
     return base::trapped(Module, report.procedure, false, [&] {
-        frmReportPreview preview(report.title, QApplication::activeWindow());
-        {
-            const BusyPointer busy;
-            auto rows = std::make_shared<ReportRows>(open());
-            if (rows->rowCount() > 0) {
-                rows->sortBy(report.sort);
-                if (report.once.size() == 3)
-                    rows->addOnce(report.once[0], report.once[1], report.once[2]);
-                preview.show(report.layout, std::move(rows));
-            } else {
-                rows.reset();
-                QApplication::restoreOverrideCursor();
-                base::showInformation(NoRecords);
-                QApplication::setOverrideCursor(Qt::WaitCursor);
-                return false;
-            }
+        // A layout that can't be read is told before anybody waits for the rows.
+        const report::Layout layout = reportfiles::readLayout(report.layout);
+        auto rows = rowsOf(report, open);
+        if (rows->rowCount() == 0) {
+            base::showInformation(NoRecords);
+            return false;
         }
+        frmReportPreview preview(report.title, QApplication::activeWindow());
+        preview.show(layout, std::move(rows));
         preview.showModal();
         return true;
     });
@@ -86,7 +96,7 @@ frmReportPreview::frmReportPreview(const QString &title, QWidget *parent)
     connect(cmdExit, &QPushButton::clicked, this, [this] { unload(); });
 }
 
-void frmReportPreview::show(const QString &layout, std::shared_ptr<ReportRows> rows,
+void frmReportPreview::show(const report::Layout &layout, std::shared_ptr<ReportRows> rows,
                             const QHash<QString, QString> &texts)
 {
     report::Inputs inputs;
@@ -94,7 +104,7 @@ void frmReportPreview::show(const QString &layout, std::shared_ptr<ReportRows> r
     inputs.texts.insert(u"lblCompanyName"_s, GetOption(u"GEN_COMPANY_NAME"_s, false));
     inputs.now = base::now();
     inputs.folder = base::applicationPath(u"\\Reports"_s);
-    CRViewerReport->setReport(reportfiles::readLayout(layout), std::move(rows), inputs);
+    CRViewerReport->setReport(layout, std::move(rows), inputs);
     CRViewerReport->setZoom(100);
 }
 
@@ -127,7 +137,7 @@ bool ShowWorkorderHistoryReport(const QString &statement, bool summary)
                         u"Work Order History"_s,
                         u"rptWorkOrderHistory"_s,
                         {u"WorkOrderNo"_s, u"ServiceUSedID"_s, u"PartID"_s},
-                        {u"LaborOnce"_s, u"CostEstimate"_s, u"ServiceUSedID"_s}};
+                        OnceField{u"LaborOnce"_s, u"CostEstimate"_s, u"ServiceUSedID"_s}};
     const Report totals{"ShowWorkorderHistoryReport",
                         u"Work Order History"_s,
                         u"rptWorkorderHistorySummary"_s,

@@ -21,9 +21,8 @@ class frmReportPreview final : public Screen
 public:
     explicit frmReportPreview(const QString &title, QWidget *parent = nullptr);
 
-    /// Shows the rows in the layout, with the company's name and the other named texts. Raises
-    /// base::Error when the layout can't be read.
-    void show(const QString &layout, std::shared_ptr<ReportRows> rows,
+    /// Lays the rows out, with the company's name and the other named texts.
+    void show(const report::Layout &layout, std::shared_ptr<ReportRows> rows,
               const QHash<QString, QString> &texts = {});
 
 private:

@@ -5,6 +5,7 @@
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "platform/input/FormBuilder.h"
+#include "platform/input/ProgressBox.h"
 #include "platform/input/Theme.h"
 #include "workorders/Generation.h"
 #include "workorders/Recording.h"
@@ -14,6 +15,7 @@
 
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -53,10 +55,33 @@ QList<grid::Column> partColumns(bool editablePrice)
              .mask = editablePrice ? u"{0,99999}.{0,99}"_s : QString()}};
 }
 
-QString noteOf(const QString &statement, qint64 id)
+/// A button of the page: where it is kept, its name and its text.
+struct PageButton
 {
-    const db::Recordset rows = gcnData->Open(statement, {id});
-    return rows.isEmpty() ? QString() : rows.current().text(u"Note");
+    QPushButton *&button;
+    QString name;
+    QString text;
+};
+
+/// A grid in a group of its own, with two buttons below it.
+void addGridGroup(input::FormBuilder &form, const QString &title, grid::GridView *grid,
+                  const PageButton &first, const PageButton &second)
+{
+    form.beginGroup(title);
+    form.widget(grid, true);
+    form.beginRow();
+    for (const PageButton &each : {first, second})
+        each.button = form.inlineButton(each.name, each.text);
+    form.endRow();
+    form.endGroup();
+}
+
+/// The parts and the note of a service, of none for 0.
+void showService(qint64 service, grid::GridView &parts, const QString &partStatement,
+                 ServiceNote &note, const QString &noteStatement)
+{
+    worklists::load(parts, partStatement, service);
+    note.show(service, worklists::noteOf(noteStatement, service));
 }
 
 } // namespace
@@ -70,6 +95,8 @@ PrintWorkPage::PrintWorkPage(std::function<WorkorderFilter()> filter,
     setObjectName(u"pagePrintWorkOrder"_s);
     buildPage();
     connectButtons();
+    connectGrids();
+    setRules();
     EnableControls();
 }
 
@@ -104,11 +131,6 @@ QWidget *PrintWorkPage::buildList()
          {.name = u"Equipment Type"_s, .width = 110},
          {.name = u"Printed"_s, .width = 60, .editor = grid::Editor::Check},
          hidden(u"EquipmentId"_s)});
-    grdPrintWO->rows().styleRule = [this](int row, const QString &) {
-        return grdPrintWO->rows().value(row, u"WorkOrderNo").isValid()
-                   ? grid::Style{}
-                   : grid::Style{.background = WithoutOrder};
-    };
     form.widget(grdPrintWO, true);
     cmdPrintSelect = form.leftButton(u"cmdPrintSelect"_s, u"Select A&ll"_s);
     cmdPrintUnSelect = form.leftButton(u"cmdPrintUnSelect"_s, u"Select UnPrin&ted"_s);
@@ -125,21 +147,12 @@ QWidget *PrintWorkPage::buildDue()
     input::FormBuilder form(pane);
     grdGenService = makeListGrid(pane, u"grdGenService"_s, u"Due services of the machine"_s,
                                  serviceColumns() + QList{hidden(u"ServiceUsedID"_s)});
-    form.beginGroup(u"Due Services"_s);
-    form.widget(grdGenService, true);
-    form.beginRow();
-    cmdGenAddService = form.inlineButton(u"cmdGenAddService"_s, u"Add &Service"_s);
-    cmdGenRemoveService = form.inlineButton(u"cmdGenRemoveService"_s, u"Remo&ve Service"_s);
-    form.endRow();
-    form.endGroup();
+    addGridGroup(form, u"Due Services"_s, grdGenService,
+                 {cmdGenAddService, u"cmdGenAddService"_s, u"Add &Service"_s},
+                 {cmdGenRemoveService, u"cmdGenRemoveService"_s, u"Remo&ve Service"_s});
     grdGenPart = makeListGrid(pane, u"grdGenPart"_s, u"Parts of the service"_s, partColumns(false));
-    form.beginGroup(u"Parts"_s);
-    form.widget(grdGenPart, true);
-    form.beginRow();
-    cmdGenAddPart = form.inlineButton(u"cmdGenAddPart"_s, u"&Add Part"_s);
-    cmdGenRemovePart = form.inlineButton(u"cmdGenRemovePart"_s, u"Re&move Part"_s);
-    form.endRow();
-    form.endGroup();
+    addGridGroup(form, u"Parts"_s, grdGenPart, {cmdGenAddPart, u"cmdGenAddPart"_s, u"&Add Part"_s},
+                 {cmdGenRemovePart, u"cmdGenRemovePart"_s, u"Re&move Part"_s});
     txtGenServiceNote = form.memoField(u"txtGenServiceNote"_s, u"&Note:"_s, 2);
     txtGenServiceNote->setFixedHeight(NoteHeight);
     form.finish();
@@ -155,22 +168,14 @@ QWidget *PrintWorkPage::buildOrder()
         makeListGrid(pane, u"grdPrintService"_s, u"Services of the work order"_s,
                      serviceColumns() + QList{hidden(u"Skip"_s), hidden(u"ServiceID"_s),
                                               hidden(u"NServiceUsedID"_s)});
-    form.beginGroup(u"Services of the Work Order"_s);
-    form.widget(grdPrintService, true);
-    form.beginRow();
-    cmdPrintAddService = form.inlineButton(u"cmdPrintAddService"_s, u"Add &Service"_s);
-    cmdPrintRemoveService = form.inlineButton(u"cmdPrintRemoveService"_s, u"Remo&ve Service"_s);
-    form.endRow();
-    form.endGroup();
+    addGridGroup(form, u"Services of the Work Order"_s, grdPrintService,
+                 {cmdPrintAddService, u"cmdPrintAddService"_s, u"Add &Service"_s},
+                 {cmdPrintRemoveService, u"cmdPrintRemoveService"_s, u"Remo&ve Service"_s});
     grdPrintPart =
         makeListGrid(pane, u"grdPrintPart"_s, u"Parts of the service"_s, partColumns(true));
-    form.beginGroup(u"Parts"_s);
-    form.widget(grdPrintPart, true);
-    form.beginRow();
-    cmdPrintAddPart = form.inlineButton(u"cmdPrintAddPart"_s, u"&Add Part"_s);
-    cmdPrintRemovePart = form.inlineButton(u"cmdPrintRemovePart"_s, u"Re&move Part"_s);
-    form.endRow();
-    form.endGroup();
+    addGridGroup(form, u"Parts"_s, grdPrintPart,
+                 {cmdPrintAddPart, u"cmdPrintAddPart"_s, u"&Add Part"_s},
+                 {cmdPrintRemovePart, u"cmdPrintRemovePart"_s, u"Re&move Part"_s});
     txtPrintNote = form.memoField(u"txtPrintNote"_s, u"&Note:"_s, 2);
     txtPrintNote->setFixedHeight(NoteHeight);
     form.finish();
@@ -181,7 +186,7 @@ void PrintWorkPage::connectButtons()
 {
     const auto click = [this](QPushButton *button, void (PrintWorkPage::*procedure)()) {
         connect(button, &QPushButton::clicked, this, [this, button, procedure] {
-            if (leaveNotes())
+            if (finishEditing())
                 base::trapped(Module, qPrintable(button->objectName() + u"_Click"_s),
                               [&] { (this->*procedure)(); });
         });
@@ -197,7 +202,10 @@ void PrintWorkPage::connectButtons()
     click(cmdPrintRemoveService, &PrintWorkPage::cmdPrintRemoveService_Click);
     click(cmdPrintAddPart, &PrintWorkPage::cmdPrintAddPart_Click);
     click(cmdPrintRemovePart, &PrintWorkPage::cmdPrintRemovePart_Click);
+}
 
+void PrintWorkPage::connectGrids()
+{
     connect(grdPrintWO, &grid::GridView::currentRowChanged, this, [this] { rowSelected(); });
     connect(grdPrintWO, &grid::GridView::changed, grdPrintWO, &grid::GridView::selectRow);
     connect(grdPrintWO, &grid::GridView::rowActivated, this, [this](int row) {
@@ -206,12 +214,21 @@ void PrintWorkPage::connectButtons()
     });
     connect(grdGenService, &grid::GridView::currentRowChanged, this, [this] {
         if (!m_filling)
-            RefreshGenPartGrid(worklists::currentKey(*grdGenService, u"ServiceUsedID"));
+            RefreshGenPartGrid();
     });
     connect(grdPrintService, &grid::GridView::currentRowChanged, this, [this] {
         if (!m_filling)
             RefreshPrintPartGrid();
     });
+}
+
+void PrintWorkPage::setRules()
+{
+    grdPrintWO->rows().styleRule = [this](int row, const QString &) {
+        return grdPrintWO->rows().value(row, u"WorkOrderNo").isValid()
+                   ? grid::Style{}
+                   : grid::Style{.background = WithoutOrder};
+    };
     for (grid::GridView *services : {grdGenService, grdPrintService}) {
         services->rows().styleRule = [this, services](int row, const QString &) {
             return m_lateness.of(
@@ -229,13 +246,13 @@ void PrintWorkPage::connectButtons()
             return true;
         });
     });
-    m_printNote = new ServiceNote(txtPrintNote, [](qint64 service, const QString &note) {
-        if (note.trimmed().isEmpty() && recording::IsServiceSkiped(service)) {
+    m_printNote = new ServiceNote(
+        txtPrintNote, recording::updateNote, [](qint64 service, const QString &note) {
+            if (!note.trimmed().isEmpty() || !recording::IsServiceSkiped(service))
+                return true;
             base::showMessage(u"Note Field Cann't left blank. When Service has Skiped."_s);
             return false;
-        }
-        return recording::updateNote(service, note);
-    });
+        });
 }
 
 void PrintWorkPage::EnableControls()
@@ -270,9 +287,14 @@ qint64 PrintWorkPage::currentMachine() const
     return worklists::currentKey(*grdPrintWO, u"EquipmentId");
 }
 
-bool PrintWorkPage::leaveNotes()
+qint64 PrintWorkPage::currentOrderService() const
 {
-    return m_genNote->leave() && m_printNote->leave();
+    return worklists::currentKey(*grdPrintService, u"NServiceUsedID");
+}
+
+bool PrintWorkPage::finishEditing()
+{
+    return grdPrintPart->finishEditing() && m_genNote->leave() && m_printNote->leave();
 }
 
 // --- Lists -------------------------------------------------------------------------------------
@@ -282,10 +304,9 @@ void PrintWorkPage::RefreshPrintWo()
     const bool loaded = base::trapped(Module, "RefreshPrintWo", false, [this] {
         m_lateness = LatenessStyle::current();
         const db::Recordset rows = gcnData->Open(workorders::statements::printWo(m_filter()));
-        m_filling = true;
+        const QScopedValueRollback filling(m_filling, true);
         grdPrintWO->rows().setRecordset(rows);
         grdPrintWO->rows().setAll(u"Select", false);
-        m_filling = false;
         cmdPrintSelect->setText(u"Select A&ll"_s);
         worklists::selectFirst(*grdPrintWO);
         return true;
@@ -308,32 +329,19 @@ void PrintWorkPage::rowSelected()
 void PrintWorkPage::RefreshGenServiceGrid(qint64 EquipmentID)
 {
     base::trapped(Module, "RefreshGenServiceGrid", [&] {
-        m_filling = true;
-        if (EquipmentID == 0)
-            grdGenService->rows().clear();
-        else
-            grdGenService->rows().setRecordset(
-                gcnData->Open(workorders::statements::genServices(m_filter()), {EquipmentID}));
-        worklists::selectFirst(*grdGenService);
+        const QScopedValueRollback filling(m_filling, true);
+        worklists::load(*grdGenService, workorders::statements::genServices(m_filter()),
+                        EquipmentID, u"ServiceUsedID");
     });
-    m_filling = false;
-    RefreshGenPartGrid(worklists::currentKey(*grdGenService, u"ServiceUsedID"));
+    RefreshGenPartGrid();
 }
 
-void PrintWorkPage::RefreshGenPartGrid(qint64 ServiceUsedID)
+void PrintWorkPage::RefreshGenPartGrid()
 {
-    base::trapped(Module, "RefreshGenPartGrid", [&] {
-        if (ServiceUsedID == 0) {
-            grdGenPart->rows().clear();
-            m_genNote->show(0, {});
-            return;
-        }
-        grdGenPart->rows().setRecordset(
-            gcnData->Open(workorders::statements::genParts(), {ServiceUsedID}));
-        worklists::selectFirst(*grdGenPart);
-        m_genNote->show(
-            ServiceUsedID,
-            noteOf(u"Select [Note] From tblServiceUsed where ServiceusedID = ?"_s, ServiceUsedID));
+    base::trapped(Module, "RefreshGenPartGrid", [this] {
+        showService(worklists::currentKey(*grdGenService, u"ServiceUsedID"), *grdGenPart,
+                    workorders::statements::genParts(), *m_genNote,
+                    u"Select [Note] From tblServiceUsed where ServiceusedID = ?"_s);
     });
     EnableControls();
 }
@@ -341,35 +349,19 @@ void PrintWorkPage::RefreshGenPartGrid(qint64 ServiceUsedID)
 void PrintWorkPage::RefreshPrintServiceGrid()
 {
     base::trapped(Module, "RefreshPrintServiceGrid", [this] {
-        const qint64 order = currentOrder();
-        const qint64 kept = worklists::currentKey(*grdPrintService, u"NServiceUsedID");
-        m_filling = true;
-        if (order == 0)
-            grdPrintService->rows().clear();
-        else
-            grdPrintService->rows().setRecordset(
-                gcnData->Open(workorders::statements::printServices(m_filter()), {order}));
-        worklists::selectKey(*grdPrintService, u"NServiceUsedID", kept);
+        const QScopedValueRollback filling(m_filling, true);
+        worklists::load(*grdPrintService, workorders::statements::printServices(m_filter()),
+                        currentOrder(), u"NServiceUsedID");
     });
-    m_filling = false;
     RefreshPrintPartGrid();
 }
 
 void PrintWorkPage::RefreshPrintPartGrid()
 {
     base::trapped(Module, "RefreshPrintPartGrid", [this] {
-        const qint64 service = worklists::currentKey(*grdPrintService, u"NServiceUsedID");
-        if (service == 0) {
-            grdPrintPart->rows().clear();
-            m_printNote->show(0, {});
-            return;
-        }
-        grdPrintPart->rows().setRecordset(
-            gcnData->Open(workorders::statements::printParts(), {service}));
-        worklists::selectFirst(*grdPrintPart);
-        m_printNote->show(
-            service,
-            noteOf(u"Select [Note] From tblWoServiceUsed where NServiceusedID = ?"_s, service));
+        showService(currentOrderService(), *grdPrintPart, workorders::statements::printParts(),
+                    *m_printNote,
+                    u"Select [Note] From tblWoServiceUsed where NServiceusedID = ?"_s);
     });
     EnableControls();
 }
@@ -437,7 +429,8 @@ void PrintWorkPage::cmdPrintUnSelect_Click()
 
 bool PrintWorkPage::GenerateWorkorder(QList<qint64> &generated)
 {
-    return generation::GenerateWorkorder(m_filter(), tickedMachines(), generated);
+    input::ProgressBox box(u"Generating work orders..."_s, this);
+    return generation::GenerateWorkorder(m_filter(), tickedMachines(), generated, box.progress());
 }
 
 void PrintWorkPage::cmdGenrateWo_Click()
@@ -494,7 +487,7 @@ void PrintWorkPage::cmdPrintAddService_Click()
 
 void PrintWorkPage::cmdPrintRemoveService_Click()
 {
-    const qint64 service = worklists::currentKey(*grdPrintService, u"NServiceUsedID");
+    const qint64 service = currentOrderService();
     if (service == 0 || !worklists::confirmDeletion())
         return;
     if (recording::DeleteServiceRecord(service))
@@ -505,21 +498,19 @@ void PrintWorkPage::cmdPrintRemoveService_Click()
 
 void PrintWorkPage::cmdPrintAddPart_Click()
 {
-    const qint64 service = worklists::currentKey(*grdPrintService, u"NServiceUsedID");
+    const qint64 service = currentOrderService();
     if (service != 0 && worklists::addParts(grdPrintPart->rows(), service, false))
         RefreshPrintPartGrid();
 }
 
 void PrintWorkPage::cmdPrintRemovePart_Click()
 {
-    const qint64 service = worklists::currentKey(*grdPrintService, u"NServiceUsedID");
-    if (worklists::removePart(*grdPrintPart, service))
+    if (worklists::removePart(*grdPrintPart, currentOrderService()))
         RefreshPrintPartGrid();
 }
 
 bool PrintWorkPage::grdPrintPart_Change(int row, const QString &column, const QVariant &value)
 {
-    return recording::UpdateWorkorderPart(
-        grdPrintPart->rows().text(row, u"Part Number"),
-        worklists::currentKey(*grdPrintService, u"NServiceUsedID"), column, value);
+    return recording::UpdateWorkorderPart(grdPrintPart->rows().text(row, u"Part Number"),
+                                          currentOrderService(), column, value);
 }

@@ -38,8 +38,8 @@ public:
     [[nodiscard]] QList<qint64> tickedOrders() const;
     /// The machines of all rows, joined by commas.
     [[nodiscard]] QString machines() const;
-    /// Writes a note that is being edited; False when it is refused.
-    [[nodiscard]] bool leaveNotes();
+    /// Stores what is being edited; False when it is refused.
+    [[nodiscard]] bool finishEditing();
     [[nodiscard]] QList<grid::GridView *> grids() const;
 
 private:
@@ -48,12 +48,15 @@ private:
     QWidget *buildDue();
     QWidget *buildOrder();
     void connectButtons();
+    void connectGrids();
+    void setRules();
     void EnableControls();
     [[nodiscard]] qint64 currentOrder() const;
     [[nodiscard]] qint64 currentMachine() const;
+    [[nodiscard]] qint64 currentOrderService() const;
     void rowSelected();
     void RefreshGenServiceGrid(qint64 EquipmentID);
-    void RefreshGenPartGrid(qint64 ServiceUsedID);
+    void RefreshGenPartGrid();
     void RefreshPrintServiceGrid();
     void RefreshPrintPartGrid();
     [[nodiscard]] QList<qint64> tickedMachines() const;

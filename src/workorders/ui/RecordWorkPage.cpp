@@ -19,6 +19,7 @@
 #include <QKeyEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -197,37 +198,32 @@ QWidget *RecordWorkPage::buildParts()
 
 void RecordWorkPage::setRules()
 {
-    const auto trapping = [](const char *procedure, auto &&rule) {
-        return [procedure, rule](int row, const QString &column, const QVariant &value) {
+    using Change = bool (RecordWorkPage::*)(int, const QString &, const QVariant &);
+    const auto rule = [this](const char *procedure, Change change) {
+        return [this, procedure, change](int row, const QString &column, const QVariant &value) {
             return base::trapped(Module, procedure, false,
-                                 [&] { return rule(row, column, value); });
+                                 [&] { return (this->*change)(row, column, value); });
         };
     };
-    grdRecordWo->rows().changeRule = trapping(
-        "grdRecordWo_Change", [this](int row, const QString &column, const QVariant &value) {
-            return grdRecordWo_Change(row, column, value);
-        });
-    grdRecordService->rows().changeRule = trapping(
-        "grdRecordService_Change", [this](int row, const QString &column, const QVariant &value) {
-            return grdRecordService_Change(row, column, value);
-        });
-    grdRecordPart->rows().changeRule = trapping(
-        "grdRecordPart_Change", [this](int row, const QString &column, const QVariant &value) {
-            return grdRecordPart_Change(row, column, value);
-        });
+    grdRecordWo->rows().changeRule =
+        rule("grdRecordWo_Change", &RecordWorkPage::grdRecordWo_Change);
+    grdRecordService->rows().changeRule =
+        rule("grdRecordService_Change", &RecordWorkPage::grdRecordService_Change);
+    grdRecordPart->rows().changeRule =
+        rule("grdRecordPart_Change", &RecordWorkPage::grdRecordPart_Change);
     grdRecordWo->rows().styleRule = [this](int row, const QString &) { return orderStyle(row); };
     grdRecordService->rows().styleRule = [this](int row, const QString &column) {
         return serviceStyle(row, column);
     };
-    m_note = new ServiceNote(txtRecordNote, [this](qint64 service, const QString &note) {
-        const int row = grdRecordService->rows().findRow(u"NServiceUsedID", service);
-        if (row >= 0 && note.trimmed().isEmpty() &&
-            grdRecordService->rows().value(row, u"Skip").toBool()) {
+    m_note = new ServiceNote(
+        txtRecordNote, recording::updateNote, [this](qint64 service, const QString &note) {
+            const grid::GridModel &rows = grdRecordService->rows();
+            const int row = rows.findRow(u"NServiceUsedID", service);
+            if (row < 0 || !note.trimmed().isEmpty() || !rows.value(row, u"Skip").toBool())
+                return true;
             base::showCritical(u"Note Field Cann't left blank. When Service has Skiped."_s);
             return false;
-        }
-        return recording::updateNote(service, note);
-    });
+        });
 }
 
 void RecordWorkPage::connectControls()
@@ -358,11 +354,10 @@ void RecordWorkPage::RefreshRecordWorkorder()
 
         const qint64 kept = currentOrder();
         const db::Recordset rows = gcnData->Open(workorders::statements::recordWo());
-        m_filling = true;
+        const QScopedValueRollback filling(m_filling, true);
         grdRecordWo->rows().setRecordset(rows);
         worklists::selectKey(*grdRecordWo, u"WorkOrderNo", kept);
     });
-    m_filling = false;
     RefreshRecordServiceGrid();
     Q_EMIT refreshed();
 }
@@ -370,29 +365,17 @@ void RecordWorkPage::RefreshRecordWorkorder()
 void RecordWorkPage::RefreshRecordServiceGrid()
 {
     base::trapped(Module, "RefreshRecordServiceGrid", [this] {
-        const qint64 order = currentOrder();
-        const qint64 kept = currentService();
-        m_filling = true;
-        if (order == 0)
-            grdRecordService->rows().clear();
-        else
-            grdRecordService->rows().setRecordset(
-                gcnData->Open(workorders::statements::recordServices(), {order}));
-        worklists::selectKey(*grdRecordService, u"NServiceUsedID", kept);
+        const QScopedValueRollback filling(m_filling, true);
+        worklists::load(*grdRecordService, workorders::statements::recordServices(), currentOrder(),
+                        u"NServiceUsedID");
     });
-    m_filling = false;
     showPartsAndNote();
 }
 
 void RecordWorkPage::RefreshRecordPartGrid()
 {
     base::trapped(Module, "RefreshRecordPartGrid", [this] {
-        const qint64 service = currentService();
-        if (service == 0)
-            return grdRecordPart->rows().clear();
-        grdRecordPart->rows().setRecordset(
-            gcnData->Open(workorders::statements::recordParts(), {service}));
-        worklists::selectFirst(*grdRecordPart);
+        worklists::load(*grdRecordPart, workorders::statements::recordParts(), currentService());
     });
     EnableControls();
 }
@@ -406,11 +389,8 @@ void RecordWorkPage::showPartsAndNote()
 
 QString RecordWorkPage::storedNote() const
 {
-    if (currentService() == 0)
-        return {};
-    const db::Recordset rows = gcnData->Open(
-        u"Select [Note],skip From tblWoServiceUsed where NServiceusedID = ?"_s, {currentService()});
-    return rows.isEmpty() ? QString() : rows.current().text(u"Note");
+    return worklists::noteOf(u"Select [Note],skip From tblWoServiceUsed where NServiceusedID = ?"_s,
+                             currentService());
 }
 
 void RecordWorkPage::FindNSelectRecordWorkorder(qint64 WorkorderNo)

@@ -5,10 +5,11 @@
 
 #include <QPlainTextEdit>
 
-ServiceNote::ServiceNote(QPlainTextEdit *box, Write write)
+ServiceNote::ServiceNote(QPlainTextEdit *box, Write write, MayStand mayStand)
     : QObject(box)
     , m_box(box)
     , m_write(std::move(write))
+    , m_mayStand(std::move(mayStand))
 {
     setLocked(m_box, true);
     m_box->setTabChangesFocus(true);
@@ -25,7 +26,7 @@ void ServiceNote::show(qint64 service, const QString &note)
 
 bool ServiceNote::leave()
 {
-    if (store())
+    if ((text() == m_shown && !m_box->hasFocus()) || store())
         return true;
     m_box->setFocus();
     return false;
@@ -33,7 +34,11 @@ bool ServiceNote::leave()
 
 bool ServiceNote::store()
 {
-    if (m_service == 0 || text() == m_shown)
+    if (m_service == 0)
+        return true;
+    if (m_mayStand && !m_mayStand(m_service, text()))
+        return false;
+    if (text() == m_shown)
         return true;
     if (!m_write(m_service, text()))
         return false;

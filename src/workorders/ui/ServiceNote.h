@@ -13,10 +13,13 @@ class ServiceNote final : public QObject
     Q_OBJECT
 
 public:
-    /// Writes the note of a service; False when it is refused, and the box then keeps the focus.
+    /// Writes the note of a service; False when that failed, and the box then keeps the focus.
     using Write = std::function<bool(qint64 service, const QString &note)>;
+    /// False when a note can't stand as it is, changed or not, which the rule has told; the box
+    /// then keeps the focus.
+    using MayStand = std::function<bool(qint64 service, const QString &note)>;
 
-    ServiceNote(QPlainTextEdit *box, Write write);
+    ServiceNote(QPlainTextEdit *box, Write write, MayStand mayStand = {});
 
     /// Shows the note of a service, of none for 0.
     void show(qint64 service, const QString &note);
@@ -30,6 +33,7 @@ private:
 
     QPlainTextEdit *m_box;
     Write m_write;
+    MayStand m_mayStand;
     qint64 m_service = 0;
     QString m_shown;
 };

@@ -64,6 +64,24 @@ void selectKey(grid::GridView &grid, QStringView column, qint64 key)
         selectFirst(grid);
 }
 
+void load(grid::GridView &grid, const QString &statement, qint64 owner, QStringView keyColumn)
+{
+    const qint64 kept = keyColumn.isEmpty() ? 0 : currentKey(grid, keyColumn);
+    if (owner == 0)
+        grid.rows().clear();
+    else
+        grid.rows().setRecordset(gcnData->Open(statement, {owner}));
+    selectKey(grid, keyColumn, kept);
+}
+
+QString noteOf(const QString &statement, qint64 service)
+{
+    if (service == 0)
+        return {};
+    const db::Recordset rows = gcnData->Open(statement, {service});
+    return rows.isEmpty() ? QString() : rows.current().text(u"Note");
+}
+
 QList<qint64> numbersOf(const QString &text)
 {
     QList<qint64> numbers;

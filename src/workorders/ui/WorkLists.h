@@ -22,9 +22,15 @@ namespace worklists {
 [[nodiscard]] QString joinedKeys(const grid::GridModel &rows, QStringView column);
 /// The value of a column in the current row, 0 without one.
 [[nodiscard]] qint64 currentKey(const grid::GridView &grid, QStringView column);
-/// Selects the topmost row, or the row that has this value in a key column.
+/// Selects the topmost row.
 void selectFirst(grid::GridView &grid);
+/// Selects the row that has this value in a key column, without one the topmost.
 void selectKey(grid::GridView &grid, QStringView column, qint64 key);
+/// Loads the rows of a query whose parameter is the key of what they belong to, none for 0. With a
+/// key column the row that was current stays so. Data; raises DbError.
+void load(grid::GridView &grid, const QString &statement, qint64 owner, QStringView keyColumn = {});
+/// The note of a service by a query whose parameter is its key, empty for 0. Data; raises DbError.
+[[nodiscard]] QString noteOf(const QString &statement, qint64 service);
 
 /// Whole numbers of a comma-joined text; what is none is left out.
 [[nodiscard]] QList<qint64> numbersOf(const QString &text);

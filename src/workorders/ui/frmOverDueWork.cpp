@@ -22,6 +22,7 @@
 #include <QPainter>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -233,56 +234,71 @@ void frmOverDueWork::LoadData()
     base::trapped(Module, "LoadData", [this] {
         m_lateness = LatenessStyle::current();
         const QList<board::Entry> entries = board::entries();
-        grid::GridModel &rows = grdEquipWithSer->rows();
-        const auto keyOf = [&](int row) {
-            return rows.text(row, u"Unit No") + u'\n' + rows.text(row, u"WorkOrderNo");
-        };
-        const bool loaded = rows.rowCount() > 0;
-        const int former = grdEquipWithSer->currentRow();
-        const QString current = former >= 0 ? keyOf(former) : QString();
-        const auto wasExpanded = [&](const QString &parent) {
-            const int row = loaded ? rows.findRow(u"Unit No", parent) : -1;
-            return row < 0 || grdEquipWithSer->isRowExpanded(row);
-        };
-        const bool openExpanded = wasExpanded(OpenOrders);
-        const bool dueExpanded = wasExpanded(OverDue);
+        const int open = static_cast<int>(std::ranges::count_if(
+            entries, [](const board::Entry &entry) { return entry.WorkOrderNo != 0; }));
+        const int due = static_cast<int>(entries.size()) - open;
 
+        const BoardView former = boardView();
+        grid::GridModel &rows = grdEquipWithSer->rows();
         rows.clear();
-        int open = 0;
-        int due = 0;
-        for (const board::Entry &entry : entries)
-            (entry.WorkOrderNo != 0 ? open : due) += 1;
         const int openRow = rows.insertRow({{u"Unit No"_s, OpenOrders}, {u"Count"_s, open}});
         const int dueRow = rows.insertRow({{u"Unit No"_s, OverDue}, {u"Count"_s, due}});
-        {
-            const grid::GridModel::Filling filling(rows);
-            for (const board::Entry &entry : entries) {
-                const bool ordered = entry.WorkOrderNo != 0;
-                const QVariant number = ordered ? QVariant(entry.WorkOrderNo) : QVariant();
-                rows.insertRow(
-                    {{u"Unit No"_s, entry.text},
-                     {u"WorkOrderNo"_s, number},
-                     {u"W/O"_s, number},
-                     {u"Due Since"_s,
-                      entry.since.isValid() ? QVariant(base::wallClock(entry.since)) : QVariant()},
-                     {u"Count"_s, entry.services}},
-                    ordered ? openRow : dueRow);
-            }
-        }
-        grdEquipWithSer->setRowExpanded(openRow, openExpanded);
-        grdEquipWithSer->setRowExpanded(dueRow, dueExpanded);
-        for (int row = 0; row < rows.rowCount() && !current.isEmpty(); ++row) {
-            if (keyOf(row) == current) {
-                grdEquipWithSer->selectRow(row);
-                break;
-            }
-        }
+        showEntries(entries, openRow, dueRow);
+        grdEquipWithSer->setRowExpanded(openRow, former.openExpanded);
+        grdEquipWithSer->setRowExpanded(dueRow, former.dueExpanded);
+        selectEntry(former.current);
+
         // The program speaks one language, whatever the computer is set to.
         lblToday->setText(QLocale(QLocale::English, QLocale::UnitedStates)
                               .toString(base::today(), u"dddd, MMMM d, yyyy"_s));
         lblSummary->setText(u"Open work orders: %1     Machines overdue: %2"_s.arg(open).arg(due));
     });
     applyFonts();
+}
+
+QString frmOverDueWork::keyOf(int row) const
+{
+    const grid::GridModel &rows = grdEquipWithSer->rows();
+    return rows.text(row, u"Unit No") + u'\n' + rows.text(row, u"WorkOrderNo");
+}
+
+frmOverDueWork::BoardView frmOverDueWork::boardView() const
+{
+    const grid::GridModel &rows = grdEquipWithSer->rows();
+    if (rows.rowCount() == 0)
+        return {};
+    const auto isExpanded = [&](const QString &parent) {
+        const int row = rows.findRow(u"Unit No", parent);
+        return row < 0 || grdEquipWithSer->isRowExpanded(row);
+    };
+    const int current = grdEquipWithSer->currentRow();
+    return {isExpanded(OpenOrders), isExpanded(OverDue), current >= 0 ? keyOf(current) : QString()};
+}
+
+void frmOverDueWork::showEntries(const QList<board::Entry> &entries, int openRow, int dueRow)
+{
+    grid::GridModel &rows = grdEquipWithSer->rows();
+    const grid::GridModel::Filling filling(rows);
+    for (const board::Entry &entry : entries) {
+        const bool ordered = entry.WorkOrderNo != 0;
+        const QVariant number = ordered ? QVariant(entry.WorkOrderNo) : QVariant();
+        const QVariant since =
+            entry.since.isValid() ? QVariant(base::wallClock(entry.since)) : QVariant();
+        rows.insertRow({{u"Unit No"_s, entry.text},
+                        {u"WorkOrderNo"_s, number},
+                        {u"W/O"_s, number},
+                        {u"Due Since"_s, since},
+                        {u"Count"_s, entry.services}},
+                       ordered ? openRow : dueRow);
+    }
+}
+
+void frmOverDueWork::selectEntry(const QString &key)
+{
+    for (int row = 0; row < grdEquipWithSer->rows().rowCount() && !key.isEmpty(); ++row) {
+        if (keyOf(row) == key)
+            return grdEquipWithSer->selectRow(row);
+    }
 }
 
 void frmOverDueWork::LoadUnloadReportsNavigator(bool show)

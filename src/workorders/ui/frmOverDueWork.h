@@ -1,5 +1,6 @@
 #pragma once
 
+#include "workorders/Board.h"
 #include "workorders/ui/LatenessStyle.h"
 
 #include <QWidget>
@@ -37,12 +38,24 @@ protected:
 private:
     enum Shortcut { PrintOrders, RecordOrders, Reading, NewPart, CheckIn, AssignCrew };
 
+    /// What a reading anew keeps of the board.
+    struct BoardView
+    {
+        bool openExpanded = true;
+        bool dueExpanded = true;
+        QString current{}; ///< key of the selected row
+    };
+
     void buildShortcuts(QBoxLayout *column);
     void buildBoard(QBoxLayout *row);
     void buildReports(QBoxLayout *row);
     void applyFonts();
     void fillWidth();
     void ShowReports();
+    [[nodiscard]] QString keyOf(int row) const;
+    [[nodiscard]] BoardView boardView() const;
+    void showEntries(const QList<board::Entry> &entries, int openRow, int dueRow);
+    void selectEntry(const QString &key);
     void cmdToolbar_Click(int index);
     void grdEquipWithSer_HyperLinkClick(int row);
     void grdReport_HyperLinkClick(int row);

@@ -108,7 +108,12 @@ void frmServiceDateConfirmation::cmdOK_Click()
             return;
         m_result = base::wallClock(date);
     } else {
-        m_result = GetNextScheduledDate(m_service, true, m_completed);
+        // Without a date the posting would go on and leave the service without one.
+        m_result = base::trapped(Module, "cmdOK_Click", QDateTime(), [this] {
+            return scheduling::nextScheduledDate(m_service, m_completed);
+        });
+        if (!m_result.isValid())
+            return;
     }
     unload();
 }

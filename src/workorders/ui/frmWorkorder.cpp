@@ -12,7 +12,9 @@
 #include "platform/input/FormBuilder.h"
 #include "platform/input/KeyFilter.h"
 #include "platform/input/Leaving.h"
+#include "platform/input/ProgressBox.h"
 #include "platform/input/Theme.h"
+#include "workorders/NumberList.h"
 #include "workorders/Posting.h"
 #include "workorders/Recording.h"
 #include "workorders/Statements.h"
@@ -23,7 +25,6 @@
 
 #include <QCheckBox>
 #include <QLineEdit>
-#include <QProgressDialog>
 #include <QPushButton>
 #include <QTabWidget>
 
@@ -39,14 +40,6 @@ QDate storedDate(const QString &option)
 {
     const auto date = base::parseMonthFirst(GetOption(option, true).trimmed());
     return date ? date->date() : base::today();
-}
-
-QString joined(const QList<qint64> &numbers)
-{
-    QStringList texts;
-    for (const qint64 number : numbers)
-        texts.append(QString::number(number));
-    return texts.join(u',');
 }
 
 } // namespace
@@ -85,7 +78,7 @@ void frmWorkorder::buildForm()
     const auto click = [this](QPushButton *button, const char *procedure,
                               void (frmWorkorder::*action)()) {
         connect(button, &QPushButton::clicked, this, [this, procedure, action] {
-            if (m_printing->leaveNotes() && m_recording->finishEditing())
+            if (m_printing->finishEditing() && m_recording->finishEditing())
                 base::trapped(Module, procedure, [&] { (this->*action)(); });
         });
     };
@@ -152,7 +145,7 @@ void frmWorkorder::Form_Unload()
 
 bool frmWorkorder::mayClose()
 {
-    return m_printing->leaveNotes() && m_recording->finishEditing();
+    return m_printing->finishEditing() && m_recording->finishEditing();
 }
 
 void frmWorkorder::unloading()
@@ -252,8 +245,7 @@ void frmWorkorder::cmdRefreshWo_Click()
         m_recording->RefreshRecordWorkorder();
 }
 
-// --- Printing
-// --------------------------------------------------------------------------------------
+// --- Printing ------------------------------------------------------------------------------------
 
 void frmWorkorder::cmdPrint_Click()
 {
@@ -264,14 +256,13 @@ void frmWorkorder::cmdPrint_Click()
     const QList<qint64> orders = m_printing->tickedOrders() + generated;
     if (orders.isEmpty())
         return base::showMessage(u"Please select workorder to print."_s);
-    (void)show(workorders::statements::printedOrders(joined(orders)), chkGroupWo->isChecked());
+    (void)show(workorders::statements::printedOrders(numberList(orders)), chkGroupWo->isChecked());
     if (base::askYesNo(u"Mark Work Orders as Printed"_s))
         (void)recording::UpdatePrintColInWorkOrder(orders);
     m_printing->RefreshPrintWo();
 }
 
-// --- Posting
-// ---------------------------------------------------------------------------------------
+// --- Posting -------------------------------------------------------------------------------------
 
 void frmWorkorder::cmdPost_Click()
 {
@@ -288,15 +279,8 @@ void frmWorkorder::cmdPost_Click()
 
 bool frmWorkorder::post(QList<qint64> &orders)
 {
-    QProgressDialog progress(u"Posting work orders..."_s, {}, 0, 0, this);
-    progress.setObjectName(u"prgPosting"_s);
-    progress.setWindowTitle(windowTitle());
-    progress.setWindowModality(Qt::WindowModal);
-    progress.setMinimumDuration(1000);
-    return posting::PostWorkOrder(orders, [&](int done, int all) {
-        progress.setMaximum(all);
-        progress.setValue(done);
-    });
+    input::ProgressBox box(u"Posting work orders..."_s, this);
+    return posting::PostWorkOrder(orders, box.progress());
 }
 
 void frmWorkorder::printPosted(const QList<qint64> &orders)
@@ -304,14 +288,13 @@ void frmWorkorder::printPosted(const QList<qint64> &orders)
     const auto show = screenCalls().statementReports.value(HistoryReport);
     if (!show || !base::askYesNo(u"Do you want to print a list of Work Orders posted?"_s))
         return;
-    const QString where = u"where workorderno in (%1)"_s.arg(joined(orders));
+    const QString where = u"where workorderno in (%1)"_s.arg(numberList(orders));
     if (base::askYesNo(u"Do you want to print out each individual Work Order"_s))
         (void)show(workorders::statements::historyDetail(where), false);
     (void)show(workorders::statements::historySummary(where), true);
 }
 
-// --- Work that no schedule called for
-// --------------------------------------------------------------
+// --- Work that no schedule called for ------------------------------------------------------------
 
 void frmWorkorder::cmdUnschedule_Click()
 {

@@ -129,6 +129,10 @@ TEST_F(PrintWork, ChangesWhatStandsOnAnOrder)
     openPrinting();
     EXPECT_TRUE(edit("grdPrintPart", 0, u"Price"_s, 7.25));
     EXPECT_EQ(value(u"Select Price from tblWoPartUsed"_s).toDouble(), 7.25);
+    ASSERT_TRUE(grid("grdPrintPart").editCell(0, u"Price"));
+    QTest::keyClicks(QApplication::focusWidget(), u"8.5"_s);
+    driver().control<QAbstractButton>("cmdPrintUnSelect").click();
+    EXPECT_EQ(value(u"Select Price from tblWoPartUsed"_s).toDouble(), 8.5);
 
     driver().type("txtPrintNote", u""_s);
     prompts.expect(u"Note Field Cann't left blank. When Service has Skiped."_s, Icon::None);

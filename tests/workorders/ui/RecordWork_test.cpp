@@ -113,6 +113,22 @@ TEST_F(RecordWork, SkippingNeedsAReasonAndReopensTheOrderAlone)
     EXPECT_EQ(column("grdRecordPart", u"Used"_s), QStringList{u"True"_s});
 }
 
+TEST_F(RecordWork, ASkippedServiceThatCameWithoutANoteNeedsOneToo)
+{
+    gcnData->Execute(u"Update tblWoServiceUsed set Skip = '1', [Note] = Null"_s);
+    openRecording();
+    auto &note = driver().control("txtRecordNote");
+    prompts.expect(u"No Work Order is selected to post"_s, Icon::None);
+    press("cmdPost"); // nobody was in the box
+    note.setFocus();
+    prompts.expect(u"Note Field Cann't left blank. When Service has Skiped."_s, Icon::Critical);
+    QTest::keyClick(&note, Qt::Key_Tab);
+    EXPECT_EQ(driver().focused(), "txtRecordNote");
+    QTest::keyClicks(&note, u"Rain"_s);
+    QTest::keyClick(&note, Qt::Key_Tab);
+    EXPECT_EQ(ofService(first, u"Note"_s).toString(), u"Rain"_s);
+}
+
 TEST_F(RecordWork, AllServicesAreSkippedForOneReason)
 {
     openRecording();
@@ -192,7 +208,10 @@ TEST_F(RecordWork, AFailedWriteLeavesTheCellAsItWas)
     EXPECT_FALSE(edit("grdRecordService", 0, u"Completed"_s, true));
     EXPECT_FALSE(edit("grdRecordPart", 0, u"Price"_s, 1.0));
     gcnData->setObserver({});
-    EXPECT_EQ(errors.take().size(), 3u);
+    const auto reports = errors.take();
+    ASSERT_EQ(reports.size(), 3u);
+    EXPECT_EQ(reports[1].ProcedureName, u"grdRecordService_Change"_s);
+    EXPECT_EQ(reports[1].ModuleName, u"WorkOrder"_s);
     EXPECT_EQ(cell("grdRecordWo", 0, u"Complete"_s), u"False"_s);
     EXPECT_EQ(cell("grdRecordWo", 0, u"CompletedDate"_s), u""_s);
     EXPECT_EQ(cell("grdRecordService", 0, u"Completed"_s), u"False"_s);
@@ -282,9 +301,14 @@ TEST_F(RecordWork, TheNextDateOfAServiceIsConfirmed)
         EXPECT_FALSE(driver.isEnabled("datNextScheduled"));
         QTest::keyClick(&driver.screen(), Qt::Key_Escape);
         EXPECT_TRUE(driver.isOpen()) << "the posting waits for an answer";
+        gcnData->setObserver([](const QString &) { throw base::Error(5, u"broken"_s); });
+        driver.press("cmdOK");
+        gcnData->setObserver({});
+        EXPECT_TRUE(driver.isOpen()) << "no service is left without a date";
         driver.press("cmdOK");
     });
     EXPECT_EQ(chosen, day(4, 11));
+    EXPECT_EQ(errors.takeOne().ProcedureName, u"cmdOK_Click"_s);
     ask([&](const test::ScreenDriver &driver) {
         driver.press("optNextScheduled");
         EXPECT_EQ(driver.text("datNextScheduled"), u"03/12/2024"_s);
