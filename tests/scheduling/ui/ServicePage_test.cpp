@@ -178,14 +178,25 @@ TEST_F(ServicePageTest, AddsFromTheCatalogueWhatTheMachineLacks)
     catalogue(100);
     catalogue(101, {{u"Name"_s, u"New one"_s}});
     show({{u"ServiceID"_s, 100}, {u"Period"_s, u"H"_s}, {u"EInterval"_s, 50}});
-    test::onNextModal([](QWidget &list) {
-        auto &grid = named<grid::GridView>(list, u"grdServices"_s);
-        ASSERT_EQ(grid.rows().rowCount(), 1) << "what the machine has is left out";
-        grid.setFocus();
-        QTest::keyClick(&grid, Qt::Key_Space);
-        click(list, u"cmdSelect"_s);
-    });
-    click(page, u"cmdAddNewService"_s);
+    const auto add = [this] {
+        test::onNextModal([](QWidget &list) {
+            auto &grid = named<grid::GridView>(list, u"grdServices"_s);
+            ASSERT_EQ(grid.rows().rowCount(), 1) << "what the machine has is left out";
+            grid.setFocus();
+            QTest::keyClick(&grid, Qt::Key_Space);
+            click(list, u"cmdSelect"_s);
+        });
+        click(page, u"cmdAddNewService"_s);
+    };
+    failAt(u"Update tblServiceUsed set NextScheduledDate"_s);
+    add();
+    failAt({});
+    (void)errors.takeOne();
+    EXPECT_EQ(count(u"tblServiceUsed"_s), 1) << "undone by the machine's cancel";
+    EXPECT_FALSE(gbInTransaction);
+    EXPECT_EQ(refreshed, 0);
+
+    add();
     EXPECT_EQ(page.grid()->rows().rowCount(), 2);
     EXPECT_EQ(value(u"Select NextScheduledDate from tblServiceUsed where ServiceID = 101"_s),
               day(3, 15));
