@@ -225,6 +225,8 @@ TEST_F(PartScreens, TheReorderBoxListsWhatIsAtItsPointOrBelow)
                  EXPECT_EQ(grid.rows().text(grid.currentRow(), u"Part Number"), u"P-2"_s);
                  screen.type("txtSearch", u"x"_s); // no match keeps the row
                  EXPECT_EQ(grid.rows().text(grid.currentRow(), u"Part Number"), u"P-2"_s);
+                 QTest::keyClick(&screen.control("txtSearch"), Qt::Key_Down);
+                 EXPECT_EQ(grid.rows().text(grid.currentRow(), u"Part Number"), u"P-3"_s);
                  screen.press("cmdExit");
              });
 }

@@ -1,5 +1,6 @@
 #include "core/ui/IncrementalSearch.h"
 
+#include "core/ui/SearchKeys.h"
 #include "platform/base/Format.h"
 #include "platform/base/Trapped.h"
 #include "platform/grid/GridView.h"
@@ -25,6 +26,7 @@ IncrementalSearch::IncrementalSearch(QLineEdit *box, grid::GridView *grid,
     , m_grid(grid)
     , m_withoutMatch(withoutMatch)
 {
+    moveRowsFrom(box, grid);
     connect(box, &QLineEdit::textChanged, this, &IncrementalSearch::search);
 }
 

@@ -13,7 +13,7 @@ class GridView;
 /// Moves a grid to the first match, in the order that it shows, while the user types: a column of
 /// type INT, DECIMAL or DATETIME is matched exactly, any other at the beginning of its value, both
 /// without regard to case. When the first column has no match the next one is tried. An empty box
-/// does nothing.
+/// does nothing. Up, Down, Page Up and Page Down in the box move the rows.
 class IncrementalSearch : public QObject
 {
     Q_OBJECT

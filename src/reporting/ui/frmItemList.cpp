@@ -9,7 +9,6 @@
 #include "platform/db/DbError.h"
 #include "platform/input/FormBuilder.h"
 #include "platform/input/Theme.h"
-#include "reporting/ui/SearchKeys.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -58,16 +57,7 @@ void frmItemList::buildForm()
     auto *search = new IncrementalSearch(txtSearch, grdList);
     search->setColumns(
         {{m_list.keyColumn, m_list.keyType}, {m_list.secondColumn, m_list.secondType}});
-    moveRowsFrom(txtSearch, grdList);
-    if (several) {
-        connect(grdList, &grid::GridView::rowActivated, this, [this](int row) {
-            grid::GridModel &rows = grdList->rows();
-            rows.setValue(row, Ticked, !rows.value(row, Ticked).toBool());
-        });
-    } else {
-        connect(grdList, &grid::GridView::rowActivated, this,
-                &frmItemList::cmdSelectForEqpUti_Click);
-    }
+    connect(grdList, &grid::GridView::rowActivated, this, &frmItemList::grdList_Activated);
     connect(cmdSelect, &QPushButton::clicked, this, &frmItemList::cmdSelect_Click);
     connect(cmdSelectForEqpUti, &QPushButton::clicked, this,
             &frmItemList::cmdSelectForEqpUti_Click);
@@ -104,6 +94,14 @@ bool frmItemList::ShowGrid()
         grdList->selectRow(grdList->displayedOrder().value(0, -1));
         return true;
     });
+}
+
+void frmItemList::grdList_Activated(int row)
+{
+    if (m_choice == Choice::One)
+        return cmdSelectForEqpUti_Click();
+    grid::GridModel &rows = grdList->rows();
+    rows.setValue(row, Ticked, !rows.value(row, Ticked).toBool());
 }
 
 void frmItemList::cmdSelect_Click()

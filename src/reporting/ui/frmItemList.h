@@ -32,6 +32,7 @@ public:
 private:
     void buildForm();
     bool ShowGrid();
+    void grdList_Activated(int row);
     void cmdSelect_Click();
     void cmdSelectForEqpUti_Click();
 

@@ -1,5 +1,6 @@
 #include "reporting/ui/frmPartQuickFind.h"
 
+#include "core/Flag.h"
 #include "core/General.h"
 #include "core/Session.h"
 #include "core/ui/ListGrid.h"
@@ -12,7 +13,6 @@
 #include "platform/input/FormBuilder.h"
 #include "platform/input/Theme.h"
 #include "reporting/ui/FieldSearch.h"
-#include "reporting/ui/SearchKeys.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
@@ -68,7 +68,6 @@ void frmPartQuickFind::buildForm()
     txtSearchText->setFocus();
     m_search = new FieldSearch(cboFieldNames, txtSearchText, grdParts,
                                IncrementalSearch::WithoutMatch::KeepRow);
-    moveRowsFrom(txtSearchText, grdParts);
     connect(cboPartCategory, &QComboBox::activated, this, [this] { ShowGrid(currentPart()); });
     connect(chkInactive, &QCheckBox::clicked, this, &frmPartQuickFind::chkInactive_Click);
     connect(grdParts, &grid::GridView::rowActivated, this, &frmPartQuickFind::cmdSelect_Click);
@@ -112,7 +111,7 @@ QString frmPartQuickFind::currentPart() const
 
 void frmPartQuickFind::chkInactive_Click()
 {
-    SetOption(InactiveOption, chkInactive->isChecked() ? u"1"_s : u"0"_s, true);
+    SetOption(InactiveOption, flagText(chkInactive->isChecked()), true);
     ShowGrid(currentPart());
 }
 

@@ -1,7 +1,9 @@
 #include "reporting/ui/frmQuickFind.h"
 
+#include "core/Flag.h"
 #include "core/General.h"
 #include "core/ui/ListGrid.h"
+#include "core/ui/SearchKeys.h"
 #include "platform/base/Format.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
@@ -10,7 +12,6 @@
 #include "platform/input/Theme.h"
 #include "reporting/ui/FieldSearch.h"
 #include "reporting/ui/QuickFindEntries.h"
-#include "reporting/ui/SearchKeys.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -56,6 +57,38 @@ frmQuickFind::frmQuickFind(const ScreenCalls::QuickFind &request, QWidget *paren
 void frmQuickFind::buildForm()
 {
     input::FormBuilder form(this);
+    addSearch(form);
+    grdQuickFind = new grid::GridView(this);
+    grdQuickFind->setObjectName(u"grdQuickFind"_s);
+    grdQuickFind->setAccessibleName(m_table->caption.toString());
+    form.widget(grdQuickFind, true);
+    cmdAdd = form.leftButton(u"cmdAdd"_s, u"&Add New"_s, theme::icon(u"add"_s));
+    cmdSelect = form.button(u"cmdSelect"_s, u"&Select"_s, theme::icon(u"find"_s));
+    cmdCancel = form.button(u"cmdCancel"_s, u"&Cancel"_s, theme::icon(u"cancel"_s));
+    form.finish();
+    resize(860, 540);
+
+    cmdAdd->setEnabled(newRecordScreen(m_request.table) != nullptr);
+    cmdSelect->setDefault(true);
+    m_search = new FieldSearch(cboFieldNames, txtSearchText, grdQuickFind,
+                               IncrementalSearch::WithoutMatch::ClearRow);
+    moveRowsFrom(txtSearchText2, grdQuickFind);
+    setAutomatic(false);
+
+    connect(m_search, &FieldSearch::fieldChosen, this,
+            [this] { lblMainField->setText(u"Enter "_s + m_search->field().description); });
+    connect(txtSearchText2, &QLineEdit::textChanged, txtSearchText, &QLineEdit::setText);
+    connect(optAuto, &QRadioButton::toggled, this, &frmQuickFind::setAutomatic);
+    connect(chkInactive, &QCheckBox::clicked, this, &frmQuickFind::chkInactive_Click);
+    connect(grdQuickFind, &grid::GridView::rowActivated, this,
+            &frmQuickFind::grdQuickFind_Activated);
+    connect(cmdSelect, &QPushButton::clicked, this, &frmQuickFind::cmdSelect_Click);
+    connect(cmdAdd, &QPushButton::clicked, this, &frmQuickFind::cmdAdd_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &frmQuickFind::reject);
+}
+
+void frmQuickFind::addSearch(input::FormBuilder &form)
+{
     form.beginColumns();
     cboFieldNames = form.comboField(u"cboFieldNames"_s, u"Search &by:"_s);
     lblFieldNames = form.lastLabel();
@@ -83,36 +116,8 @@ void frmQuickFind::buildForm()
     form.endRow();
     chkInactive = form.checkBox(u"chkInactive"_s, u"Show &Inactive"_s);
     form.endColumns();
-    grdQuickFind = new grid::GridView(this);
-    grdQuickFind->setObjectName(u"grdQuickFind"_s);
-    grdQuickFind->setAccessibleName(m_table->caption.toString());
-    form.widget(grdQuickFind, true);
-    cmdAdd = form.leftButton(u"cmdAdd"_s, u"&Add New"_s, theme::icon(u"add"_s));
-    cmdSelect = form.button(u"cmdSelect"_s, u"&Select"_s, theme::icon(u"find"_s));
-    cmdCancel = form.button(u"cmdCancel"_s, u"&Cancel"_s, theme::icon(u"cancel"_s));
-    form.finish();
-    resize(860, 540);
-
     optManual->setChecked(true);
     chkInactive->setVisible(!m_table->inactiveOption.isEmpty());
-    cmdAdd->setEnabled(newRecordScreen(m_request.table) != nullptr);
-    cmdSelect->setDefault(true);
-    m_search = new FieldSearch(cboFieldNames, txtSearchText, grdQuickFind,
-                               IncrementalSearch::WithoutMatch::ClearRow);
-    moveRowsFrom(txtSearchText, grdQuickFind);
-    moveRowsFrom(txtSearchText2, grdQuickFind);
-    setAutomatic(false);
-
-    connect(m_search, &FieldSearch::fieldChosen, this,
-            [this] { lblMainField->setText(u"Enter "_s + m_search->field().description); });
-    connect(txtSearchText2, &QLineEdit::textChanged, txtSearchText, &QLineEdit::setText);
-    connect(optAuto, &QRadioButton::toggled, this, &frmQuickFind::setAutomatic);
-    connect(chkInactive, &QCheckBox::clicked, this, &frmQuickFind::chkInactive_Click);
-    connect(grdQuickFind, &grid::GridView::rowActivated, this,
-            &frmQuickFind::grdQuickFind_Activated);
-    connect(cmdSelect, &QPushButton::clicked, this, &frmQuickFind::cmdSelect_Click);
-    connect(cmdAdd, &QPushButton::clicked, this, &frmQuickFind::cmdAdd_Click);
-    connect(cmdCancel, &QPushButton::clicked, this, &frmQuickFind::reject);
 }
 
 QString frmQuickFind::ShowQuickFind()
@@ -261,7 +266,7 @@ void frmQuickFind::cmdAdd_Click()
 
 void frmQuickFind::chkInactive_Click()
 {
-    SetOption(m_table->inactiveOption.toString(), chkInactive->isChecked() ? u"1"_s : u"0"_s, true);
+    SetOption(m_table->inactiveOption.toString(), flagText(chkInactive->isChecked()), true);
     if (const QString current = currentKey(); !current.isEmpty())
         m_request.selected = current;
     if (!ShowQuickFindMain())

@@ -12,8 +12,9 @@ class QPushButton;
 class QRadioButton;
 
 namespace input {
+class FormBuilder;
 class IdCombo;
-}
+} // namespace input
 
 /// Picks one record out of a large table. The list keeps all its rows; what is typed moves to the
 /// first one that begins so.
@@ -30,6 +31,7 @@ public:
 
 private:
     void buildForm();
+    void addSearch(input::FormBuilder &form);
     void setColumns();
     /// Reads search fields and rows. False when there is nothing to show, which the user was told.
     bool ShowQuickFindMain();

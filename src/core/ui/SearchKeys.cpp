@@ -1,4 +1,4 @@
-#include "reporting/ui/SearchKeys.h"
+#include "core/ui/SearchKeys.h"
 
 #include "platform/grid/GridView.h"
 
