@@ -80,6 +80,13 @@ QString workstationGuid()
     return settings::registry().value(settings::ProductKey, u"GUID"_s);
 }
 
+/// Two decimals as they are shown: the decimal number rounded, a half away from zero.
+double roundedToCents(double amount)
+{
+    // As a binary number 23.345 lies a hair below its half.
+    return std::round(QString::number(amount * 100, 'g', 15).toDouble()) / 100;
+}
+
 } // namespace
 
 // --- Identifiers and row tests -------------------------------------------------------------------
@@ -383,7 +390,7 @@ double SetLaborCost(qint64 CrewID)
             QString::number(CrewID) + u" and (Inactive = '0' and IncludeWoList = '1')"_s);
         if (rows.isEmpty() || rows.isNull(0, 0))
             return 0.0;
-        return std::nearbyint(rows.value(0, 0).toDouble() * 100) / 100;
+        return roundedToCents(rows.value(0, 0).toDouble());
     });
 }
 

@@ -298,6 +298,9 @@ TEST_F(General, LabourCostIsTheMeanOfThoseWhoCount)
     addEmployee(u"5"_s, crew, u"900"_s, 0, 0);
     EXPECT_DOUBLE_EQ(SetLaborCost(crew), 10.67); // 32.01 / 3
     EXPECT_DOUBLE_EQ(SetLaborCost(other), 0);
+    addEmployee(u"6"_s, other, u"23.34"_s, 0, 1);
+    addEmployee(u"7"_s, other, u"23.35"_s, 0, 1);
+    EXPECT_DOUBLE_EQ(SetLaborCost(other), 23.35); // the half of a cent goes up
 
     gcnData->Execute(u"Insert into tblServiceUsed(Name,CrewID,LaborEstimate,CostEstimate) "
                      u"values('A',?,2,1)"_s,
