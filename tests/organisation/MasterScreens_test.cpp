@@ -182,6 +182,34 @@ TEST_F(MasterScreens, ASiteAddedFromTheLocationCanBeChosenThere)
              });
 }
 
+TEST_F(MasterScreens, ComingBackFromTheReportOfTwoLikeSitesReportsNothingMore)
+{
+    addSite(u"North Yard"_s);
+    addSite(u"north yard"_s);
+    const auto tell = [](QWidget &window, QEvent::Type type) {
+        QEvent event(type);
+        QApplication::sendEvent(&window, &event);
+    };
+    int reports = 0;
+    const ErrorReportForm former = setErrorReportForm([&](const ErrorReport &) {
+        ++reports;
+        // The report takes the place in front.
+        if (QWidget *screen = QApplication::activeModalWidget())
+            tell(*screen, QEvent::WindowDeactivate);
+    });
+    inScreen([] { ShowLocationDetail(Mode::Browse, 0); },
+             [&](const ScreenDriver &screen) {
+                 tell(screen.screen(), QEvent::WindowActivate); // back from the first report
+                 reports = 0;
+                 for (const int reported : {1, 1, 2}) {
+                     tell(screen.screen(), QEvent::WindowActivate);
+                     EXPECT_EQ(reports, reported);
+                 }
+                 screen.press("cmdExit");
+             });
+    setErrorReportForm(former);
+}
+
 TEST_F(MasterScreens, ANewCostCenterIsShownAfterSaving)
 {
     gcnData->Execute(u"Insert into tblCostCenter(Description) values('Repairs')"_s);

@@ -6,6 +6,7 @@
 #include "platform/base/Trapped.h"
 #include "platform/grid/GridView.h"
 #include "platform/input/FormBuilder.h"
+#include "platform/input/Leaving.h"
 #include "platform/input/Theme.h"
 
 #include <QLineEdit>
@@ -213,13 +214,13 @@ bool RecordScreen::refuse(QWidget *field, const QString &message, bool informati
     return false;
 }
 
-bool RecordScreen::confirmMassChange(QLineEdit *field, const QString &storedName,
-                                     const QString &answer)
+bool RecordScreen::confirmMassChange(QLineEdit *field, const QString &storedName)
 {
-    if (mode() != Mode::Modify || answer.isEmpty() ||
-        storedName.trimmed() == field->text().trimmed())
+    if (mode() != Mode::Modify || storedName.trimmed() == field->text().trimmed())
         return true;
-    if (base::askYesNo(u"This will change %1 for all your %2. Do you want to do this?"_s.arg(
+    const QString answer = usedBy(currentKey());
+    if (answer.isEmpty() ||
+        base::askYesNo(u"This will change %1 for all your %2. Do you want to do this?"_s.arg(
             storedName.trimmed(), answer)))
         return true;
     field->setText(storedName);
@@ -242,7 +243,8 @@ void RecordScreen::cmdAdd_Click()
 
 void RecordScreen::cmdUpdate_Click()
 {
-    if (!VailidateFields())
+    // Alt+S comes here while the field that was typed into still has the focus.
+    if (!input::focusedMayLeave(this) || !VailidateFields())
         return;
     if (const std::optional<QVariant> key = saveRecord())
         RefreshRecordSet(*key);

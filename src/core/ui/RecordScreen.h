@@ -97,8 +97,7 @@ protected:
     static bool refuse(QWidget *field, const QString &message, bool information = true);
     /// In mode Modify, a changed name of a record in use reaches all its users and so is asked
     /// about first. No puts the stored name back and answers False.
-    [[nodiscard]] bool confirmMassChange(QLineEdit *field, const QString &storedName,
-                                         const QString &answer);
+    [[nodiscard]] bool confirmMassChange(QLineEdit *field, const QString &storedName);
 
     virtual void cmdAdd_Click();
     virtual void cmdUpdate_Click();

@@ -64,7 +64,7 @@ bool frmCostCenter::VailidateFields()
 {
     if (txtDescription->text().trimmed().isEmpty())
         return refuse(txtDescription, u"Description should not be blank."_s);
-    return confirmMassChange(txtDescription, m_storedName, usedBy(m_costCenterID));
+    return confirmMassChange(txtDescription, m_storedName);
 }
 
 std::optional<QVariant> frmCostCenter::saveRecord()

@@ -67,7 +67,7 @@ bool frmCrew::VailidateFields()
         return refuse(txtCrewNumber, u"Crew Number should not be blank."_s);
     if (txtDescription->text().trimmed().isEmpty())
         return refuse(txtDescription, u"Description should not be blank."_s);
-    if (!confirmMassChange(txtCrewNumber, m_storedNumber, usedBy(m_crewID)))
+    if (!confirmMassChange(txtCrewNumber, m_storedNumber))
         return false;
     if (IsDuplicate(u"tblcrew"_s, u"crewnumber"_s, m_storedNumber, txtCrewNumber->text(), true))
         return refuse(txtCrewNumber, u"Crew Number you specified already exists. Please enter a "

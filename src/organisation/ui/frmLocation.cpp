@@ -8,7 +8,10 @@
 
 #include <QEvent>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 #include <QToolButton>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -43,10 +46,22 @@ void frmLocation::buildForm()
 
 bool frmLocation::event(QEvent *event)
 {
-    // A site may have been added while another window was in front.
     if (event->type() == QEvent::WindowActivate)
-        RefreshCombo();
+        Form_Activate();
+    else if (event->type() == QEvent::WindowDeactivate)
+        m_leftForReport = m_refreshing;
     return RecordScreen::event(event);
+}
+
+void frmLocation::Form_Activate()
+{
+    // Coming back from the report that the list could not be filled must not fill it, and so
+    // report, once more.
+    if (std::exchange(m_leftForReport, false))
+        return;
+    // A site may have been added while another window was in front.
+    const QScopedValueRollback refreshing(m_refreshing, true);
+    RefreshCombo();
 }
 
 void frmLocation::RefreshCombo()
@@ -97,7 +112,7 @@ bool frmLocation::VailidateFields()
         return refuse(txtLocationName, u"Location Name should not be blank."_s);
     if (cboSite->currentText().trimmed().isEmpty())
         return refuse(cboSite, u"Site Name should not be blank."_s);
-    return confirmMassChange(txtLocationName, m_storedName, usedBy(txtLocationID->text()));
+    return confirmMassChange(txtLocationName, m_storedName);
 }
 
 std::optional<QVariant> frmLocation::saveRecord()

@@ -28,6 +28,7 @@ protected:
 
 private:
     void buildForm();
+    void Form_Activate();
     void RefreshCombo();
     void cmdSite_Click();
 
@@ -36,4 +37,6 @@ private:
     QLineEdit *txtDescription = nullptr;
     input::IdCombo *cboSite = nullptr;
     QString m_storedName;
+    bool m_refreshing = false;
+    bool m_leftForReport = false; ///< the window in front reports that the sites failed to load
 };

@@ -36,7 +36,7 @@ void frmSite::buildForm()
     txtCity = form.textField(u"txtCity"_s, u"C&ity:"_s, 60);
     cboState = form.comboField(u"cboState"_s, u"S&tate:"_s);
     QToolButton *cmdState = form.sideButton(u"cmdState"_s, u"Edit the states"_s);
-    txtZip = form.textField(u"txtZip"_s, u"&Zip:"_s, 10);
+    txtZip = form.textField(u"txtZip"_s, u"&Zip:"_s, 20);
     input::restrictTo(txtZip, input::TypeCheck::Int, input::TypeCheck::String);
     makeButtons(form, {});
     form.finish();
@@ -87,7 +87,7 @@ bool frmSite::VailidateFields()
 {
     if (txtSiteName->text().trimmed().isEmpty())
         return refuse(txtSiteName, u"Site Name should not be blank."_s);
-    return confirmMassChange(txtSiteName, m_storedName, usedBy(m_siteID));
+    return confirmMassChange(txtSiteName, m_storedName);
 }
 
 std::optional<QVariant> frmSite::saveRecord()

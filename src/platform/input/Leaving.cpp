@@ -51,6 +51,16 @@ public:
         connect(qApp, &QApplication::focusChanged, this, &LeavingRule::focusMoved);
     }
 
+    bool mayLeave()
+    {
+        if (m_asking || !m_control->isEnabled() || !m_control->isVisible())
+            return true;
+        m_asking = true;
+        const bool may = m_mayLeave();
+        m_asking = false;
+        return may;
+    }
+
 private:
     bool eventFilter(QObject *watched, QEvent *event) override
     {
@@ -73,16 +83,10 @@ private:
     void focusMoved(QWidget *left, QWidget *next)
     {
         if (m_asking || !left || !next || !isOwn(left) || isOwn(next) || !byUser() ||
-            next->window() != m_control->window() || !m_control->isEnabled() ||
-            !m_control->isVisible())
+            next->window() != m_control->window())
             return;
         const QVariant causes = next->property(causesValidationProperty);
-        if (causes.isValid() && !causes.toBool())
-            return;
-        m_asking = true;
-        const bool mayLeave = m_mayLeave();
-        m_asking = false;
-        if (mayLeave)
+        if ((causes.isValid() && !causes.toBool()) || mayLeave())
             return;
         // Queued, for the press that moved the focus is still on its way to the next control.
         const QPointer<QWidget> pressed(next);
@@ -112,6 +116,18 @@ bool isBlank(const QWidget *control)
 void validateOnLeave(QWidget *control, std::function<bool()> mayLeave)
 {
     new LeavingRule(control, std::move(mayLeave));
+}
+
+bool focusedMayLeave(const QWidget *window)
+{
+    for (const QWidget *control = window->focusWidget(); control && control != window;
+         control = control->parentWidget()) {
+        for (QObject *child : control->children()) {
+            if (auto *rule = dynamic_cast<LeavingRule *>(child); rule && !rule->mayLeave())
+                return false;
+        }
+    }
+    return true;
 }
 
 void setCausesValidation(QWidget *control, bool causes)

@@ -16,6 +16,10 @@ namespace input {
 /// no rule, nor does leaving a control that can't be edited.
 void validateOnLeave(QWidget *control, std::function<bool()> mayLeave);
 
+/// Runs the rule of the control that has the focus in a window, for a key that presses a button
+/// without going there (Alt+S). False when the rule refuses.
+[[nodiscard]] bool focusedMayLeave(const QWidget *window);
+
 /// Whether going to this control runs the rule of the one that is left (True unless set). False
 /// suits buttons that throw an edit away.
 void setCausesValidation(QWidget *control, bool causes);

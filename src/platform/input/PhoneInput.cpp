@@ -1,5 +1,6 @@
 #include "platform/input/PhoneInput.h"
 
+#include "platform/base/Prompts.h"
 #include "platform/input/KeyFilter.h"
 
 namespace input {
@@ -21,6 +22,14 @@ bool PhoneInput::digitsInPlace() const
             return false;
     }
     return true;
+}
+
+bool PhoneInput::check(const QString &message) const
+{
+    if (isValidOrEmpty())
+        return true;
+    base::showInformation(message);
+    return false;
 }
 
 } // namespace input

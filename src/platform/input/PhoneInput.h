@@ -17,6 +17,8 @@ public:
     [[nodiscard]] bool digitsInPlace() const;
     /// The rule on leaving: True when empty or digitsInPlace.
     [[nodiscard]] bool isValidOrEmpty() const { return isEmptyMask() || digitsInPlace(); }
+    /// That rule with the message for the user, where it fails.
+    [[nodiscard]] bool check(const QString &message) const;
 };
 
 } // namespace input

@@ -64,7 +64,7 @@ protected:
     {
         if (txtNumber->text().isEmpty())
             return refuse(txtNumber, u"Number should not be blank."_s);
-        return confirmMassChange(txtNumber, m_stored, word);
+        return confirmMassChange(txtNumber, m_stored);
     }
     std::optional<QVariant> saveRecord() override
     {
