@@ -13,9 +13,11 @@ const QString LineSeparator = QStringLiteral("@@@@");
 
 double number(const QString &text)
 {
-    bool ok = false;
-    const double value = text.trimmed().isEmpty() ? (ok = true, 0.0) : text.toDouble(&ok);
-    if (!ok)
+    if (text.trimmed().isEmpty())
+        return 0;
+    bool isNumber = false;
+    const double value = text.toDouble(&isNumber);
+    if (!isNumber)
         throw base::Error(base::ErrorNumber::TypeMismatch, QStringLiteral("Type mismatch"));
     return value;
 }

@@ -1,5 +1,6 @@
 #include "parts/clsPart.h"
 
+#include "core/Flag.h"
 #include "core/General.h"
 #include "core/RecordStore.h"
 #include "core/Usage.h"
@@ -25,11 +26,6 @@ constexpr record::Field<clsPart> Fields[] = {
     {u"TrackInventory", &clsPart::TrackInventory},
 };
 
-QString flagText(bool set)
-{
-    return set ? QStringLiteral("1") : QStringLiteral("0");
-}
-
 } // namespace
 
 clsPart clsPart::fromRow(const db::Row &row)
@@ -44,6 +40,11 @@ clsPart clsPart::fromRow(const db::Row &row)
 db::Recordset clsPartManager::GetPartInfo() const
 {
     return GetTableInfo(QStringLiteral("tblPart"), QStringLiteral("PartID"));
+}
+
+db::Recordset clsPartManager::GetPartCategory() const
+{
+    return GetTableInfo(QStringLiteral("tblPartCategory"), QStringLiteral("PartCategoryID"));
 }
 
 db::Recordset clsPartManager::GetSupplierInfo() const

@@ -35,6 +35,9 @@ class clsPartManager
 {
 public:
     [[nodiscard]] db::Recordset GetPartInfo() const;
+    /// Of a database that keeps the categories in a table of their own; the screen of parts offers
+    /// lookup list 10.
+    [[nodiscard]] db::Recordset GetPartCategory() const;
     [[nodiscard]] db::Recordset GetSupplierInfo() const;
     /// A mode other than Add and Modify runs nothing and still succeeds.
     [[nodiscard]] bool SaveRecord(const clsPart &Part, Mode Mode) const;

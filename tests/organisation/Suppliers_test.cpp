@@ -60,6 +60,10 @@ TEST_F(Suppliers, AnUnfinishedPhoneNumberIsNotLeft)
                  prompts.expect(u"Invalid fax No"_s, Icon::Information);
                  QTest::mouseClick(&screen.control("txtName"), Qt::LeftButton);
                  EXPECT_EQ(screen.focused(), "txtFax");
+                 // Alt+S saves without leaving the field.
+                 prompts.expect(u"Invalid fax No"_s, Icon::Information);
+                 screen.control<QAbstractButton>("cmdUpdate").click();
+                 EXPECT_EQ(screen.focused(), "txtFax");
                  screen.press("cmdCancel"); // which throws the number away
                  screen.press("cmdExit");
              });

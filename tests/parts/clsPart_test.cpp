@@ -55,6 +55,14 @@ TEST_F(Parts, ComeBackAsTheyWereSaved)
     EXPECT_EQ(GetRecordCount(u"tblPart"_s, {}), 0);
 }
 
+TEST_F(Parts, CategoriesOfATableOfTheirOwnComeInTheirOrder)
+{
+    gcnData->Execute(u"Create table tblPartCategory(PartCategoryID long, Name nvarchar(30))"_s);
+    for (const int category : {2, 1})
+        gcnData->Execute(u"Insert into tblPartCategory(PartCategoryID) values(?)"_s, {category});
+    EXPECT_EQ(clsPartManager().GetPartCategory().current().integer(u"PartCategoryID"), 1);
+}
+
 TEST_F(Parts, AModeThatSavesNothingStillSucceeds)
 {
     EXPECT_TRUE(clsPartManager().SaveRecord(part(u"P1"_s), Mode::Browse));

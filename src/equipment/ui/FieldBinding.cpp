@@ -1,5 +1,6 @@
 #include "equipment/ui/FieldBinding.h"
 
+#include "core/Flag.h"
 #include "core/ui/LookupCombo.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Format.h"
@@ -138,7 +139,7 @@ void FieldBinding::add(QCheckBox *box, QString clsEquipment::*member)
              box->setChecked(!flag.isEmpty() && flag != u"0");
          },
          [=] { box->setChecked(false); },
-         [=](clsEquipment &machine) { machine.*member = box->isChecked() ? u"1"_s : u"0"_s; },
+         [=](clsEquipment &machine) { machine.*member = flagText(box->isChecked()); },
          [=] { return box->isChecked(); }});
 }
 

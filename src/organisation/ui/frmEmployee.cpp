@@ -1,5 +1,6 @@
 #include "organisation/ui/frmEmployee.h"
 
+#include "core/Flag.h"
 #include "core/General.h"
 #include "core/ui/Combos.h"
 #include "core/ui/LookupCombo.h"
@@ -26,15 +27,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QString flagText(const QCheckBox *box)
-{
-    return box->isChecked() ? u"1"_s : u"0"_s;
-}
-
-} // namespace
-
 frmEmployee::frmEmployee(QWidget *parent)
     : RecordScreen(u"frmEmployee"_s, u"Employee"_s, parent)
 {
@@ -47,37 +39,9 @@ void frmEmployee::buildForm()
 {
     input::FormBuilder form(this);
     form.beginColumns();
-    txtEmployeeID = form.textField(u"txtEmployeeID"_s, u"Employee &Number:"_s, 20);
-    txtFirstName = form.textField(u"txtFirstName"_s, u"First Na&me:"_s, 60);
-    txtInitialName = form.textField(u"txtInitialName"_s, u"Initial:"_s, 10);
-    txtLastname = form.textField(u"txtLastname"_s, u"&Last Name:"_s, 60);
-    cboGender = form.comboField(u"cboGender"_s, u"&Gender:"_s);
-    datBirthDate = form.dateField(u"datBirthDate"_s, u"&Birth Date:"_s);
-    txtAddress = form.textField(u"txtAddress"_s, u"Addr&ess:"_s, 100);
-    txtCity = form.textField(u"txtCity"_s, u"Cit&y:"_s, 60);
-    cboCountry = form.comboField(u"cboCountry"_s, u"C&ountry:"_s);
-    QToolButton *cmdCountry = form.sideButton(u"cmdCountry"_s, u"Edit the countries"_s);
-    cboState = form.comboField(u"cboState"_s, u"S&tate:"_s);
-    QToolButton *cmdState = form.sideButton(u"cmdState"_s, u"Edit the states"_s);
-    txtZip = form.textField(u"txtZip"_s, u"&Zip:"_s, 15);
+    addPerson(form);
     form.nextColumn();
-    txtPhone = form.phoneField(u"txtPhone"_s, u"P&hone:"_s);
-    txtCellPhone = form.phoneField(u"txtCellPhone"_s, u"Cell Phone:"_s);
-    txtPager = form.phoneField(u"txtPager"_s, u"Pager:"_s);
-    txtEmail = form.textField(u"txtEmail"_s, u"Email:"_s, 100);
-    txtSS = form.digitsField(u"txtSS"_s, u"SS:"_s, 11);
-    txtLicenseNo = form.textField(u"txtLicenseNo"_s, u"License No:"_s, 30);
-    cboSite = form.comboField(u"cboSite"_s, u"S&ite:"_s);
-    QToolButton *cmdSite = form.sideButton(u"cmdSite"_s, u"Edit the sites"_s);
-    cboCrew = form.comboField(u"cboCrew"_s, u"Cre&w:"_s);
-    QToolButton *cmdCrew = form.sideButton(u"cmdCrew"_s, u"Edit the crews"_s);
-    cboPosition = form.comboField(u"cboPosition"_s, u"Position:"_s);
-    QToolButton *cmdPosition =
-        form.sideButton(u"cmdEmployeePosition"_s, u"Edit the employee positions"_s);
-    txtLaborCost = form.currencyField(u"txtLaborCost"_s, u"Labor Cost:"_s);
-    txtLaborRate = form.currencyField(u"txtLaborRate"_s, u"Labor Rate:"_s);
-    chkInactive = form.checkBox(u"chkInactive"_s, u"Inacti&ve"_s);
-    chkIncludeWoList = form.checkBox(u"chkIncludeWoList"_s, u"Include in WO List"_s);
+    addWork(form);
     form.endColumns();
     txtSkills = form.memoField(u"txtSkills"_s, u"S&kills:"_s, 3);
     makeButtons(form, {.find = true, .print = true});
@@ -91,32 +55,69 @@ void frmEmployee::buildForm()
                      txtZip,        txtPhone,     txtCellPhone,   txtPager,         txtEmail,
                      txtSS,         txtLicenseNo, cboSite,        cboCrew,          cboPosition,
                      txtLaborCost,  txtLaborRate, chkInactive,    chkIncludeWoList, txtSkills});
+}
 
+void frmEmployee::addPerson(input::FormBuilder &form)
+{
+    txtEmployeeID = form.textField(u"txtEmployeeID"_s, u"Employee &Number:"_s, 20);
+    txtFirstName = form.textField(u"txtFirstName"_s, u"First Na&me:"_s, 60);
+    txtInitialName = form.textField(u"txtInitialName"_s, u"Initial:"_s, 10);
+    txtLastname = form.textField(u"txtLastname"_s, u"&Last Name:"_s, 60);
+    cboGender = form.comboField(u"cboGender"_s, u"&Gender:"_s);
+    datBirthDate = form.dateField(u"datBirthDate"_s, u"&Birth Date:"_s);
+    txtAddress = form.textField(u"txtAddress"_s, u"Addr&ess:"_s, 100);
+    txtCity = form.textField(u"txtCity"_s, u"Cit&y:"_s, 60);
+    cboCountry = form.comboField(u"cboCountry"_s, u"C&ountry:"_s);
+    connect(form.sideButton(u"cmdCountry"_s, u"Edit the countries"_s), &QToolButton::clicked, this,
+            [this] {
+                ShowIndicatorDetail(LookupList::Country, cboCountry->id());
+                rebuildKeepingChoice(*cboCountry,
+                                     [this] { loadLookupList(*cboCountry, LookupList::Country); });
+                rebuildKeepingChoice(*cboState, [this] { loadStates(); });
+            });
+    cboState = form.comboField(u"cboState"_s, u"S&tate:"_s);
+    connect(form.sideButton(u"cmdState"_s, u"Edit the states"_s), &QToolButton::clicked, this,
+            [this] {
+                ShowIndicatorDetail(LookupList::State, cboState->id(), cboCountry->currentText());
+                rebuildKeepingChoice(*cboState, [this] { loadStates(); });
+            });
+    txtZip = form.textField(u"txtZip"_s, u"&Zip:"_s, 20);
     connect(cboCountry, &QComboBox::activated, this, &frmEmployee::loadStates);
+}
+
+void frmEmployee::addWork(input::FormBuilder &form)
+{
+    txtPhone = form.phoneField(u"txtPhone"_s, u"P&hone:"_s);
+    txtCellPhone = form.phoneField(u"txtCellPhone"_s, u"Cell Phone:"_s);
+    txtPager = form.phoneField(u"txtPager"_s, u"Pager:"_s);
+    txtEmail = form.textField(u"txtEmail"_s, u"Email:"_s, 100);
+    txtSS = form.digitsField(u"txtSS"_s, u"SS:"_s, 20);
+    txtLicenseNo = form.textField(u"txtLicenseNo"_s, u"License No:"_s, 30);
+    cboSite = form.comboField(u"cboSite"_s, u"S&ite:"_s);
+    connect(form.sideButton(u"cmdSite"_s, u"Edit the sites"_s), &QToolButton::clicked, this,
+            [this] {
+                showSiteDetail(Mode::Browse, cboSite->id());
+                rebuildKeepingChoice(*cboSite, [this] { loadSites(*cboSite, u"SiteName"_s); });
+            });
+    cboCrew = form.comboField(u"cboCrew"_s, u"Cre&w:"_s);
+    connect(form.sideButton(u"cmdCrew"_s, u"Edit the crews"_s), &QToolButton::clicked, this,
+            [this] {
+                ShowCrewDetail(Mode::Browse, cboCrew->id());
+                rebuildKeepingChoice(*cboCrew, [this] { loadCrews(*cboCrew); });
+            });
+    cboPosition = form.comboField(u"cboPosition"_s, u"Position:"_s);
+    connect(form.sideButton(u"cmdEmployeePosition"_s, u"Edit the employee positions"_s),
+            &QToolButton::clicked, this, [this] {
+                ShowIndicatorDetail(LookupList::EmployeePosition, cboPosition->id());
+                rebuildKeepingChoice(*cboPosition, [this] {
+                    loadLookupList(*cboPosition, LookupList::EmployeePosition);
+                });
+            });
+    txtLaborCost = form.currencyField(u"txtLaborCost"_s, u"Labor Cost:"_s);
+    txtLaborRate = form.currencyField(u"txtLaborRate"_s, u"Labor Rate:"_s);
+    chkInactive = form.checkBox(u"chkInactive"_s, u"Inacti&ve"_s);
+    chkIncludeWoList = form.checkBox(u"chkIncludeWoList"_s, u"Include in WO List"_s);
     connect(cboCrew, &QComboBox::activated, this, [this] { m_crewTouched = true; });
-    connect(cmdCountry, &QToolButton::clicked, this, [this] {
-        ShowIndicatorDetail(LookupList::Country, cboCountry->id());
-        rebuildKeepingChoice(*cboCountry,
-                             [this] { loadLookupList(*cboCountry, LookupList::Country); });
-        rebuildKeepingChoice(*cboState, [this] { loadStates(); });
-    });
-    connect(cmdState, &QToolButton::clicked, this, [this] {
-        ShowIndicatorDetail(LookupList::State, cboState->id(), cboCountry->currentText());
-        rebuildKeepingChoice(*cboState, [this] { loadStates(); });
-    });
-    connect(cmdSite, &QToolButton::clicked, this, [this] {
-        showSiteDetail(Mode::Browse, cboSite->id());
-        rebuildKeepingChoice(*cboSite, [this] { loadSites(*cboSite, u"SiteName"_s); });
-    });
-    connect(cmdCrew, &QToolButton::clicked, this, [this] {
-        ShowCrewDetail(Mode::Browse, cboCrew->id());
-        rebuildKeepingChoice(*cboCrew, [this] { loadCrews(*cboCrew); });
-    });
-    connect(cmdPosition, &QToolButton::clicked, this, [this] {
-        ShowIndicatorDetail(LookupList::EmployeePosition, cboPosition->id());
-        rebuildKeepingChoice(
-            *cboPosition, [this] { loadLookupList(*cboPosition, LookupList::EmployeePosition); });
-    });
 }
 
 void frmEmployee::loadLists()
@@ -139,13 +140,8 @@ void frmEmployee::loadStates()
 
 void frmEmployee::checkOnLeaving()
 {
-    const auto check = [this](input::PhoneInput *box, const QString &message) {
-        input::validateOnLeave(box, [box, message] {
-            if (box->isValidOrEmpty())
-                return true;
-            base::showInformation(message);
-            return false;
-        });
+    const auto check = [](input::PhoneInput *box, const QString &message) {
+        input::validateOnLeave(box, [box, message] { return box->check(message); });
     };
     check(txtPhone, u"Invalid phone No"_s);
     check(txtCellPhone, u"Invalid cell phone No"_s);
@@ -266,8 +262,8 @@ std::optional<QVariant> frmEmployee::saveRecord()
     employee.EmpPosition = cboPosition->id();
     employee.LaborCost = txtLaborCost->value();
     employee.LaborRate = txtLaborRate->value();
-    employee.Inactive = flagText(chkInactive);
-    employee.IncludeWoList = flagText(chkIncludeWoList);
+    employee.Inactive = flagText(chkInactive->isChecked());
+    employee.IncludeWoList = flagText(chkIncludeWoList->isChecked());
 
     return base::trapped(
         "Employee", "cmdUpdate_Click", std::optional<QVariant>(), [&]() -> std::optional<QVariant> {

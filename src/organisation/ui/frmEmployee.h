@@ -35,6 +35,8 @@ protected:
 
 private:
     void buildForm();
+    void addPerson(input::FormBuilder &form);
+    void addWork(input::FormBuilder &form);
     void loadLists();
     void loadStates();
     void checkOnLeaving();

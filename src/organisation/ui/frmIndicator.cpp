@@ -35,7 +35,7 @@ frmIndicator::frmIndicator(const Opening &opening, QWidget *parent)
     , m_opening(opening)
 {
     buildForm();
-    arrange();
+    lstIndicatorP_Click();
     RefreshRecordSet(m_opening.itemID);
 }
 
@@ -67,7 +67,7 @@ void frmIndicator::buildForm()
     connect(cboIndicator, &QComboBox::activated, this, [this] { RefreshRecordSet(); });
 }
 
-void frmIndicator::arrange()
+void frmIndicator::lstIndicatorP_Click()
 {
     LoadItemWithIdToCombo(*lstIndicatorP,
                           GetTableInfoWithIndicator(u"tblindicator"_s, u"ItemId"_s,

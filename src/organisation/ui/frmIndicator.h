@@ -40,8 +40,9 @@ protected:
 
 private:
     void buildForm();
-    /// How the list is edited: who its parents are, what they are called, how long a name may be.
-    void arrange();
+    /// Arranges the form for the list whose name was chosen: who its parents are, what they are
+    /// called, how long a name may be.
+    void lstIndicatorP_Click();
     void loadParents(input::IdCombo &combo) const;
     void presetParent();
     bool NameDupl(qint64 parent, const QString &name) const;

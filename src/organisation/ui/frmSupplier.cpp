@@ -6,7 +6,6 @@
 #include "organisation/clsIndicator.h"
 #include "organisation/clsSupplier.h"
 #include "organisation/ui/Entries.h"
-#include "platform/base/Prompts.h"
 #include "platform/input/CurrencyInput.h"
 #include "platform/input/DateStamp.h"
 #include "platform/input/FormBuilder.h"
@@ -31,26 +30,9 @@ void frmSupplier::buildForm()
 {
     input::FormBuilder form(this);
     form.beginColumns();
-    txtSupplierID = form.textField(u"txtSupplierID"_s, u"Supplier &ID:"_s);
-    txtSupplierID->setReadOnly(true);
-    txtName = form.textField(u"txtName"_s, u"Supplier Na&me:"_s, 60);
-    txtContactName = form.textField(u"txtContactName"_s, u"C&ontact Name:"_s, 60);
-    txtAtten = form.textField(u"txtAtten"_s, u"Atte&ntion:"_s, 60);
-    txtAddress = form.textField(u"txtAddress"_s, u"Addr&ess:"_s, 100);
-    txtAddress2 = form.textField(u"txtAddress2"_s, u"Address &2:"_s, 100);
-    txtCity = form.textField(u"txtCity"_s, u"Cit&y:"_s, 60);
-    cboState = form.comboField(u"cboState"_s, u"S&tate:"_s);
-    QToolButton *cmdState = form.sideButton(u"cmdState"_s, u"Edit the states"_s);
-    txtZip = form.textField(u"txtZip"_s, u"&Zip:"_s, 15);
+    addAddress(form);
     form.nextColumn();
-    txtPhone = form.phoneField(u"txtPhone"_s, u"P&hone:"_s);
-    txtFax = form.phoneField(u"txtFax"_s, u"Fa&x:"_s);
-    txtEmail = form.textField(u"txtEmail"_s, u"Emai&l:"_s, 100);
-    txtWebSite = form.textField(u"txtWebSite"_s, u"&Web Site:"_s, 100);
-    txtTax = form.digitsField(u"txtTax"_s, u"Tax N&umber:"_s, 20);
-    txtTerms = form.textField(u"txtTerms"_s, u"Terms:"_s, 60);
-    txtCreditLimit = form.currencyField(u"txtCreditLimit"_s, u"Credit Limit:"_s);
-    txtLicenseNo = form.textField(u"txtLicenseNo"_s, u"License No:"_s, 30);
+    addTerms(form);
     form.endColumns();
     txtNotes = form.memoField(u"txtNotes"_s, u"Notes:"_s, 5);
     input::installDateStamp(txtNotes);
@@ -61,20 +43,48 @@ void frmSupplier::buildForm()
     setDataControls({txtName, txtContactName, txtAtten, txtAddress, txtAddress2, txtCity, cboState,
                      txtZip, txtPhone, txtFax, txtEmail, txtWebSite, txtTax, txtTerms,
                      txtCreditLimit, txtLicenseNo, txtNotes});
-    connect(cmdState, &QToolButton::clicked, this, &frmSupplier::cmdState_Click);
-    input::validateOnLeave(txtPhone,
-                           [this] { return checkPhone(txtPhone, u"Invalid phone No"_s); });
-    input::validateOnLeave(txtFax, [this] { return checkPhone(txtFax, u"Invalid fax No"_s); });
+    input::validateOnLeave(txtPhone, [this] { return txtPhone_Validate(); });
+    input::validateOnLeave(txtFax, [this] { return txtFax_Validate(); });
     for (QPushButton *button : {cmdCancel, cmdExit})
         input::setCausesValidation(button, false);
 }
 
-bool frmSupplier::checkPhone(input::PhoneInput *box, const QString &message)
+void frmSupplier::addAddress(input::FormBuilder &form)
 {
-    if (box->isValidOrEmpty())
-        return true;
-    base::showInformation(message);
-    return false;
+    txtSupplierID = form.textField(u"txtSupplierID"_s, u"Supplier &ID:"_s);
+    txtSupplierID->setReadOnly(true);
+    txtName = form.textField(u"txtName"_s, u"Supplier Na&me:"_s, 80);
+    txtContactName = form.textField(u"txtContactName"_s, u"C&ontact Name:"_s, 60);
+    txtAtten = form.textField(u"txtAtten"_s, u"Atte&ntion:"_s, 60);
+    txtAddress = form.textField(u"txtAddress"_s, u"Addr&ess:"_s, 100);
+    txtAddress2 = form.textField(u"txtAddress2"_s, u"Address &2:"_s, 100);
+    txtCity = form.textField(u"txtCity"_s, u"Cit&y:"_s, 60);
+    cboState = form.comboField(u"cboState"_s, u"S&tate:"_s);
+    connect(form.sideButton(u"cmdState"_s, u"Edit the states"_s), &QToolButton::clicked, this,
+            &frmSupplier::cmdState_Click);
+    txtZip = form.textField(u"txtZip"_s, u"&Zip:"_s, 20);
+}
+
+void frmSupplier::addTerms(input::FormBuilder &form)
+{
+    txtPhone = form.phoneField(u"txtPhone"_s, u"P&hone:"_s);
+    txtFax = form.phoneField(u"txtFax"_s, u"Fa&x:"_s);
+    txtEmail = form.textField(u"txtEmail"_s, u"Emai&l:"_s, 100);
+    txtWebSite = form.textField(u"txtWebSite"_s, u"&Web Site:"_s, 100);
+    txtTax = form.digitsField(u"txtTax"_s, u"Tax N&umber:"_s, 30);
+    txtTerms = form.textField(u"txtTerms"_s, u"Terms:"_s, 60);
+    txtCreditLimit = form.currencyField(u"txtCreditLimit"_s, u"Credit Limit:"_s);
+    txtLicenseNo = form.textField(u"txtLicenseNo"_s, u"License No:"_s, 30);
+}
+
+bool frmSupplier::txtPhone_Validate() const
+{
+    return txtPhone->check(u"Invalid phone No"_s);
+}
+
+bool frmSupplier::txtFax_Validate() const
+{
+    return txtFax->check(u"Invalid fax No"_s);
 }
 
 void frmSupplier::cmdState_Click()

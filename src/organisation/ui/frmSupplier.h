@@ -34,8 +34,11 @@ protected:
 
 private:
     void buildForm();
+    void addAddress(input::FormBuilder &form);
+    void addTerms(input::FormBuilder &form);
     void cmdState_Click();
-    bool checkPhone(input::PhoneInput *box, const QString &message);
+    [[nodiscard]] bool txtPhone_Validate() const;
+    [[nodiscard]] bool txtFax_Validate() const;
 
     QLineEdit *txtSupplierID = nullptr;
     QLineEdit *txtName = nullptr;

@@ -1,5 +1,6 @@
 #include "parts/ui/frmPart.h"
 
+#include "core/Flag.h"
 #include "core/General.h"
 #include "core/ui/Combos.h"
 #include "core/ui/LookupCombo.h"
@@ -25,14 +26,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString flagText(const QCheckBox *box)
+/// A blank box counts as 0; nothing for what is no number.
+std::optional<double> numberIn(const QLineEdit *box)
 {
-    return box->isChecked() ? u"1"_s : u"0"_s;
-}
-
-double numberOf(const QLineEdit *box)
-{
-    return box->text().trimmed().toDouble();
+    const QString text = box->text().trimmed();
+    bool isNumber = text.isEmpty();
+    const double number = isNumber ? 0 : text.toDouble(&isNumber);
+    return isNumber ? std::optional(number) : std::nullopt;
 }
 
 } // namespace
@@ -49,15 +49,45 @@ frmPart::frmPart(QWidget *parent)
 void frmPart::buildForm()
 {
     input::FormBuilder form(this);
+    addDescription(form);
+    addStock(form);
+    txtNotes = form.memoField(u"txtNotes"_s, u"&Notes:"_s, 3);
+    makeButtons(form, {.find = true, .print = true});
+    form.finish();
+    resize(660, 580);
+
+    setDataControls({txtPartID, txtDescription, cboPartCategory, cboSupplier, txtPrice, txtBin,
+                     txtBarCode, chkNotTrackInventory, txtQuantity, txtMax, txtMin, chkInactive,
+                     txtNotes});
+    for (QPushButton *button : {cmdCancel, cmdExit})
+        input::setCausesValidation(button, false);
+}
+
+void frmPart::addDescription(input::FormBuilder &form)
+{
     txtPartID = form.textField(u"txtPartID"_s, u"Part N&umber:"_s, 30);
+    input::upperCaseAsTyped(txtPartID);
+    input::validateOnLeave(txtPartID, [this] { return txtPartID_Validate(); });
     txtDescription = form.textField(u"txtDescription"_s, u"D&escription:"_s, 100);
     cboPartCategory = form.comboField(u"cboPartCategory"_s, u"Cate&gory:"_s);
-    QToolButton *cmdPartCategory = form.sideButton(u"cmdPartCategory"_s, u"Edit the categories"_s);
+    connect(form.sideButton(u"cmdPartCategory"_s, u"Edit the categories"_s), &QToolButton::clicked,
+            this, [this] {
+                ShowIndicatorDetail(LookupList::PartCategory, cboPartCategory->id());
+                rebuildKeepingChoice(*cboPartCategory, [this] { loadCategories(); });
+            });
     cboSupplier = form.comboField(u"cboSupplier"_s, u"Supp&lier:"_s);
-    QToolButton *cmdSupplier = form.sideButton(u"cmdSupplier"_s, u"Open the suppliers"_s);
+    connect(form.sideButton(u"cmdSupplier"_s, u"Open the suppliers"_s), &QToolButton::clicked, this,
+            [this] {
+                ShowSupplierDetail(Mode::Browse, cboSupplier->id());
+                rebuildKeepingChoice(*cboSupplier, [this] { loadSuppliers(); });
+            });
     txtPrice = form.currencyField(u"txtPrice"_s, u"Pr&ice:"_s);
     txtBin = form.textField(u"txtBin"_s, u"&Bin:"_s, 30);
-    txtBarCode = form.textField(u"txtBarCode"_s, u"Bar C&ode:"_s, 30);
+    txtBarCode = form.textField(u"txtBarCode"_s, u"Bar C&ode:"_s, 50);
+}
+
+void frmPart::addStock(input::FormBuilder &form)
+{
     form.beginRow();
     chkNotTrackInventory =
         form.checkBox(u"chkNotTrackInventory"_s, u"Do Not &Track for Inventory"_s);
@@ -72,35 +102,16 @@ void frmPart::buildForm()
     form.endColumns();
     form.beginRow(u"Reorder"_s);
     txtMax = form.textField(u"txtMax"_s, {}, 12);
+    txtMax->setAccessibleName(u"Units to reorder"_s);
     txtMin = form.textField(u"txtMin"_s, u"units when Quantity on Hand drops below"_s, 12);
     form.endRow();
     form.endGroup();
-    txtNotes = form.memoField(u"txtNotes"_s, u"&Notes:"_s, 3);
-    makeButtons(form, {.find = true, .print = true});
-    form.finish();
-    resize(660, 580);
 
-    txtMax->setAccessibleName(u"Units to reorder"_s);
-    input::upperCaseAsTyped(txtPartID);
     for (QLineEdit *box : {txtQuantity, txtMax, txtMin}) {
         input::restrictTo(box, input::TypeCheck::Double);
         connect(box, &QLineEdit::editingFinished, this, [this, box] { formatQuantity(box); });
     }
-    setDataControls({txtPartID, txtDescription, cboPartCategory, cboSupplier, txtPrice, txtBin,
-                     txtBarCode, chkNotTrackInventory, txtQuantity, txtMax, txtMin, chkInactive,
-                     txtNotes});
     connect(chkNotTrackInventory, &QCheckBox::toggled, this, &frmPart::ChangePosition);
-    connect(cmdPartCategory, &QToolButton::clicked, this, [this] {
-        ShowIndicatorDetail(LookupList::PartCategory, cboPartCategory->id());
-        rebuildKeepingChoice(*cboPartCategory, [this] { loadCategories(); });
-    });
-    connect(cmdSupplier, &QToolButton::clicked, this, [this] {
-        ShowSupplierDetail(Mode::Browse, cboSupplier->id());
-        rebuildKeepingChoice(*cboSupplier, [this] { loadSuppliers(); });
-    });
-    input::validateOnLeave(txtPartID, [this] { return txtPartID_Validate(); });
-    for (QPushButton *button : {cmdCancel, cmdExit})
-        input::setCausesValidation(button, false);
 }
 
 void frmPart::loadCategories()
@@ -117,11 +128,8 @@ void frmPart::loadSuppliers()
 
 void frmPart::formatQuantity(QLineEdit *box)
 {
-    bool isNumber = false;
-    const QString text = box->text().trimmed();
-    const double value = text.isEmpty() ? (isNumber = true, 0.0) : text.toDouble(&isNumber);
-    if (isNumber)
-        box->setText(base::twoDecimals(value));
+    if (const std::optional<double> number = numberIn(box))
+        box->setText(base::twoDecimals(*number));
 }
 
 bool frmPart::txtPartID_Validate()
@@ -196,10 +204,7 @@ bool frmPart::VailidateFields()
         return refuse(txtPartID, u"Part Number should not be blank."_s);
     if (input::isBlank(txtDescription))
         return refuse(txtDescription, u"Description should not be blank."_s);
-    bool isNumber = true;
-    if (!txtQuantity->text().trimmed().isEmpty())
-        (void)txtQuantity->text().trimmed().toDouble(&isNumber);
-    if (!isNumber)
+    if (!numberIn(txtQuantity))
         return refuse(txtQuantity, u"Quantity should be numeric."_s);
     const clsPartManager manager;
     if (chkInactive->isChecked()) {
@@ -231,11 +236,11 @@ std::optional<QVariant> frmPart::saveRecord()
     part.Price = txtPrice->value();
     part.Bin = txtBin->text().trimmed();
     part.Bar_Code = txtBarCode->text().trimmed();
-    part.Quantity = numberOf(txtQuantity);
-    part.QtyMax = numberOf(txtMax);
-    part.QtyMin = numberOf(txtMin);
-    part.Inactive = flagText(chkInactive);
-    part.TrackInventory = flagText(chkNotTrackInventory);
+    part.Quantity = numberIn(txtQuantity).value_or(0);
+    part.QtyMax = numberIn(txtMax).value_or(0);
+    part.QtyMin = numberIn(txtMin).value_or(0);
+    part.Inactive = flagText(chkInactive->isChecked());
+    part.TrackInventory = flagText(chkNotTrackInventory->isChecked());
     part.Notes = txtNotes->toPlainText().trimmed();
     if (!clsPartManager().SaveRecord(part, mode()))
         return std::nullopt;

@@ -34,6 +34,8 @@ protected:
 
 private:
     void buildForm();
+    void addDescription(input::FormBuilder &form);
+    void addStock(input::FormBuilder &form);
     void loadSuppliers();
     void loadCategories();
     bool txtPartID_Validate();

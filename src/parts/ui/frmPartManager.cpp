@@ -26,33 +26,17 @@ QString listStatement(const QString &leftOut)
     if (!leftOut.trimmed().isEmpty())
         where = u" Where tblpart.Inactive=No and  tblpart.partId not in ( %1 )"_s.arg(leftOut);
     return u"SELECT tblPart.PartID as [Part Number] , tblPart.Description, tblIndicator.ItemName "
-           u"as "
-           "[Part Category], tblPart.Quantity as [Qty on Hand], tblPart.Price, tblSupplier.Name as "
-           "[Supplier], tblPart.Inactive, tblPart.SupplierID FROM (tblPart LEFT JOIN tblSupplier "
-           "ON "
-           "tblPart.SupplierID = tblSupplier.SupplierID) LEFT JOIN tblIndicator ON "
-           "tblPart.PartCategoryID = tblIndicator.ItemID"_s +
+           "as [Part Category], tblPart.Quantity as [Qty on Hand], tblPart.Price, "
+           "tblSupplier.Name as [Supplier], tblPart.Inactive, tblPart.SupplierID FROM (tblPart "
+           "LEFT JOIN tblSupplier ON tblPart.SupplierID = tblSupplier.SupplierID) LEFT JOIN "
+           "tblIndicator ON tblPart.PartCategoryID = tblIndicator.ItemID"_s +
            where + u" order by tblpart.PartID"_s;
 }
 
-} // namespace
-
-frmPartManager::frmPartManager(const QString &leftOut, bool selectMode, QWidget *parent)
-    : Screen(u"frmPartManager"_s, u"Parts"_s, parent)
-    , m_leftOut(leftOut)
-    , m_selectMode(selectMode)
+QList<grid::Column> listColumns(bool selectMode)
 {
-    buildForm();
-    ShowGrid();
-    adoptGrid(grdParts, u"grdParts"_s);
-}
-
-void frmPartManager::buildForm()
-{
-    input::FormBuilder form(this);
-    txtSearch = form.textField(u"txtSearch"_s, u"Searc&h:"_s, 100);
     QList<grid::Column> columns;
-    if (m_selectMode) {
+    if (selectMode) {
         columns.append(
             {.name = u"Select"_s, .width = 60, .editable = true, .editor = grid::Editor::Check});
         columns.append({.name = u"Qty Req"_s,
@@ -71,7 +55,26 @@ void frmPartManager::buildForm()
     columns.append({.name = u"Supplier"_s, .width = 160});
     columns.append({.name = u"Inactive"_s, .visible = false});
     columns.append({.name = u"SupplierID"_s, .visible = false});
-    grdParts = makeListGrid(this, u"grdParts"_s, u"Parts"_s, columns);
+    return columns;
+}
+
+} // namespace
+
+frmPartManager::frmPartManager(const QString &leftOut, bool selectMode, QWidget *parent)
+    : Screen(u"frmPartManager"_s, u"Parts"_s, parent)
+    , m_leftOut(leftOut)
+    , m_selectMode(selectMode)
+{
+    buildForm();
+    ShowGrid();
+    adoptGrid(grdParts, u"grdParts"_s);
+}
+
+void frmPartManager::buildForm()
+{
+    input::FormBuilder form(this);
+    txtSearch = form.textField(u"txtSearch"_s, u"Searc&h:"_s, 100);
+    grdParts = makeListGrid(this, u"grdParts"_s, u"Parts"_s, listColumns(m_selectMode));
     form.widget(grdParts, true);
     cmdAdd = form.leftButton(u"cmdAdd"_s, u"&Add"_s, theme::icon(u"add"_s));
     cmdDelete = form.leftButton(u"cmdDelete"_s, u"&Delete"_s, theme::icon(u"delete"_s));

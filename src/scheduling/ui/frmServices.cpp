@@ -1,5 +1,6 @@
 #include "scheduling/ui/frmServices.h"
 
+#include "core/Flag.h"
 #include "core/General.h"
 #include "core/Session.h"
 #include "core/ui/Combos.h"
@@ -507,7 +508,7 @@ clsServices frmServices::SetObjectValues()
     }
     if (!isCountPeriod())
         fraPattern->take(service);
-    service.SeparateWo = ChkSeparateWO->isChecked() ? u"1"_s : u"0"_s;
+    service.SeparateWo = flagText(ChkSeparateWO->isChecked());
     service.LaborEstimate = amount(txtBudgetedlabor);
     service.CostEstimate = txtBudgetedcost->value();
     service.Note = txtNotes->toPlainText();
