@@ -9,6 +9,7 @@
 #include "platform/input/Leaving.h"
 #include "platform/input/Theme.h"
 
+#include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
@@ -162,20 +163,30 @@ bool RecordScreen::mayEdit() const
 void RecordScreen::EnableControls()
 {
     const bool browsing = mode() == Mode::Browse;
-    for (QPushButton *button : {cmdAdd, cmdDelete, cmdFind, cmdPrint, cmdExit})
-        if (button)
-            button->setVisible(browsing);
+    showButtons(browsing);
     for (QPushButton *button : {cmdDelete, cmdFind, cmdPrint})
         if (button)
             button->setEnabled(hasRows());
-    cmdUpdate->setVisible(!browsing);
-    cmdCancel->setVisible(!browsing);
     lockDataControls(!mayEdit());
     if (m_grid)
         m_grid->setEnabled(browsing);
     setCloseEnabled(browsing);
     NavigationControls();
     recordShown();
+}
+
+void RecordScreen::showButtons(bool browsing)
+{
+    // The row must not be laid out while both sets are in it: the form would grow for them.
+    if (layout())
+        layout()->setEnabled(false);
+    for (QPushButton *button : {cmdAdd, cmdDelete, cmdFind, cmdPrint, cmdExit})
+        if (button)
+            button->setVisible(browsing);
+    for (QPushButton *button : {cmdUpdate, cmdCancel})
+        button->setVisible(!browsing);
+    if (layout())
+        layout()->setEnabled(true);
 }
 
 void RecordScreen::NavigationControls()

@@ -121,6 +121,7 @@ protected:
 
 private:
     void showCurrentRow();
+    void showButtons(bool browsing);
     void lockDataControls(bool locked);
     [[nodiscard]] bool isGranted(bool Rights::*right) const { return !right || gRights.*right; }
     bool demand(bool Rights::*right) const;
