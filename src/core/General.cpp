@@ -410,11 +410,10 @@ bool ChangeServiceLabourEstimate(qint64 CrewID)
 bool ChangeCrew(qint64 EquipmentID, const QString &CrewNumber, const QString &CrewDescription)
 {
     return trapped(Module, "ChangeCrew", false, [&] {
-        // The number goes in as it stands.
         dataConnection().Execute(
-            u"Insert into tblEquipmentCrewHistory(EquipmentID,CrewNumber,CrewDescription) values("_s +
-            QString::number(EquipmentID) + u",'"_s + CrewNumber + u"','"_s +
-            doubledQuotes(CrewDescription) + u"')"_s);
+            u"Insert into tblEquipmentCrewHistory(EquipmentID,CrewNumber,CrewDescription) "
+            "values(?,?,?)"_s,
+            {EquipmentID, CrewNumber, CrewDescription});
         return true;
     });
 }

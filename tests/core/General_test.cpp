@@ -324,14 +324,12 @@ TEST_F(General, LabourCostIsTheMeanOfThoseWhoCount)
 
 TEST_F(General, ACrewChangeIsDatedToday)
 {
-    EXPECT_TRUE(ChangeCrew(5, u"12"_s, u"Jim's crew"_s));
+    EXPECT_TRUE(ChangeCrew(5, u"1'2"_s, u"Jim's crew"_s));
     const db::Recordset rows = GetTableInfo(u"tblEquipmentCrewHistory"_s);
     ASSERT_EQ(rows.RecordCount(), 1);
     EXPECT_EQ(rows.row(0).text(u"CrewDescription"), u"Jim's crew"_s);
-    EXPECT_EQ(rows.row(0).text(u"CrewNumber"), u"12"_s);
+    EXPECT_EQ(rows.row(0).text(u"CrewNumber"), u"1'2"_s);
     EXPECT_EQ(rows.row(0).date(u"CrewDate").date(), QDate(2024, 3, 15));
-    EXPECT_FALSE(ChangeCrew(5, u"1'2"_s, u"x"_s));
-    EXPECT_EQ(errors.takeOne().ProcedureName, u"ChangeCrew"_s);
 }
 
 TEST_F(General, WithoutADatabaseProceduresReportAndGiveTheirDefault)
