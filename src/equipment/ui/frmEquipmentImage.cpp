@@ -21,9 +21,11 @@ constexpr int NameLength = 100;
 /// Enough for the preview, and for telling whether a file is a picture.
 constexpr int PreviewSide = 800;
 
-const QStringList Filters{u"Bitmap Files(*.bmp)"_s, u"JPEG(*.JPG *.JPEG *.JPE *.JFIF)"_s,
-                          u"GIF(*.GIF)"_s,
-                          u"All Pictures Files(*.bmp *.JPG *.JPEG *.JPE *.JFIF *.gif)"_s};
+/// Each with its patterns behind what is shown.
+const QStringList Filters{u"Bitmap Files(*.bmp) (*.bmp)"_s,
+                          u"JPEG(*.JPG,*.JPEG,*.JPE,*.JFIF) (*.JPG *.JPEG *.JPE *.JFIF)"_s,
+                          u"GIF(*.GIF) (*.gif)"_s,
+                          u"All Pictures Files (*.bmp *.JPG *.JPEG *.JPE *.JFIF *.gif)"_s};
 
 } // namespace
 

@@ -35,7 +35,8 @@ public:
                                          const QString &initial) = 0;
     /// Chooses an existing folder; empty when cancelled.
     virtual QString chooseFolder(const QString &title) = 0;
-    /// Chooses an existing file; filters in Qt's form, "Bitmap Files(*.bmp)"; empty when cancelled.
+    /// Chooses an existing file; empty when cancelled. A filter ends in its patterns, "Pictures
+    /// (*.bmp *.gif)", which are not shown.
     virtual QString chooseFile(const QString &title, const QStringList &filters) = 0;
     /// Chooses where to write a file; empty when cancelled.
     virtual QString chooseSaveFile(const QString &title, const QStringList &filters,

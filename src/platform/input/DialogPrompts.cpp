@@ -120,7 +120,8 @@ QString DialogPrompts::chooseFolder(const QString &title)
 QString DialogPrompts::chooseFile(const QString &title, const QStringList &filters)
 {
     return QFileDialog::getOpenFileName(owner(), titleOr(title), {},
-                                        filters.join(QStringLiteral(";;")));
+                                        filters.join(QStringLiteral(";;")), nullptr,
+                                        QFileDialog::HideNameFilterDetails);
 }
 
 QString DialogPrompts::chooseSaveFile(const QString &title, const QStringList &filters,

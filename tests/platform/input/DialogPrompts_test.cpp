@@ -4,6 +4,7 @@
 #include "platform/input/Shown.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -84,6 +85,24 @@ TEST(DialogPrompts, ShowsTheTextAsItStands)
     input::DialogPrompts prompts;
     prompts.show(
         {QStringLiteral("A <b>bold</b> & \"quoted\" name"), Icon::Critical, Buttons::Ok, {}});
+}
+
+TEST(DialogPrompts, FiltersAreShownWithoutTheirPatterns)
+{
+    QStringList shown;
+    const WhileModal script([&shown](QWidget *chooser) {
+        const auto *types = chooser->findChild<QComboBox *>(QStringLiteral("fileTypeCombo"));
+        ASSERT_TRUE(types);
+        for (int index = 0; index < types->count(); ++index)
+            shown += types->itemText(index);
+        chooser->close();
+    });
+    input::DialogPrompts prompts;
+    EXPECT_TRUE(prompts
+                    .chooseFile({}, {QStringLiteral("JPEG(*.JPG,*.JPE) (*.JPG *.JPE)"),
+                                     QStringLiteral("All Pictures Files (*.bmp *.JPG)")})
+                    .isEmpty());
+    EXPECT_EQ(shown.join(u'|').toStdString(), "JPEG(*.JPG,*.JPE)|All Pictures Files");
 }
 
 TEST(DialogPrompts, InputGivesTheTextOrNothing)
