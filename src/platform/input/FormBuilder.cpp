@@ -55,6 +55,17 @@ QHBoxLayout *makeLine()
     return line;
 }
 
+QString withoutMnemonic(const QString &caption)
+{
+    QString result;
+    for (int i = 0; i < caption.size(); ++i) {
+        if (caption[i] == u'&' && ++i == caption.size())
+            break;
+        result += caption[i];
+    }
+    return result;
+}
+
 } // namespace
 
 QString plainCaption(QString caption)
@@ -62,13 +73,7 @@ QString plainCaption(QString caption)
     caption = caption.trimmed();
     while (caption.endsWith(u':'))
         caption.chop(1);
-    QString result;
-    for (int i = 0; i < caption.size(); ++i) {
-        if (caption[i] == u'&' && ++i == caption.size())
-            break;
-        result += caption[i];
-    }
-    return result.trimmed();
+    return withoutMnemonic(caption).trimmed();
 }
 
 FormBuilder::FormBuilder(QWidget *form)
@@ -488,7 +493,7 @@ void FormBuilder::prepare(QWidget *control, const QString &name, const QString &
 QLabel *FormBuilder::makeLabel(const QString &text, QWidget *buddy)
 {
     const bool reachable = buddy && buddy->focusPolicy() & Qt::TabFocus;
-    auto *label = new QLabel(reachable ? text : plainCaption(text), block().owner);
+    auto *label = new QLabel(reachable ? text : withoutMnemonic(text), block().owner);
     label->setTextFormat(Qt::PlainText);
     if (reachable)
         label->setBuddy(buddy);

@@ -39,7 +39,7 @@ protected:
         form.beginGroup(QStringLiteral("Address"), QStringLiteral("fraAddress"));
         form.comboField(QStringLiteral("cboState"), QStringLiteral("S&tate"));
         form.sideButton(QStringLiteral("cmdState"), QStringLiteral("Edit the states"));
-        form.readOnlyField(QStringLiteral("lblSince"), QStringLiteral("&Since"));
+        form.readOnlyField(QStringLiteral("lblSince"), QStringLiteral("&Since:"));
         form.endGroup();
         form.nextColumn();
         form.beginRow();
@@ -96,7 +96,7 @@ TEST_F(FormBuilderTest, EveryControlCanBeNamedByAssistiveTools)
     QStringList captions;
     for (const QLabel *label : window.findChildren<QLabel *>())
         captions += label->text();
-    EXPECT_TRUE(captions.contains(QStringLiteral("Since")));
+    EXPECT_TRUE(captions.contains(QStringLiteral("Since:")));
 }
 
 TEST_F(FormBuilderTest, EnterInAFieldPressesNoButton)
