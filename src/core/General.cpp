@@ -240,6 +240,12 @@ QString GetOption(const QString &Key, bool PerWorkstation)
     });
 }
 
+QDate dateOption(const QString &Key, QDate Fallback)
+{
+    const auto date = base::parseMonthFirst(GetOption(Key, true).trimmed());
+    return date ? date->date() : Fallback;
+}
+
 void SetOption(const QString &Key, const QVariant &Value, bool PerWorkstation)
 {
     trapped(Module, "SetOption", [&] {

@@ -62,6 +62,8 @@ bool ErrorHandler(const QString &ModuleName, const QString &ProcedureName, int E
 
 /// An option's text, "" when it is missing or the workstation has no GUID. Lookup.
 [[nodiscard]] QString GetOption(const QString &Key, bool PerWorkstation);
+/// The date that the workstation keeps under an option, Fallback without one. Lookup.
+[[nodiscard]] QDate dateOption(const QString &Key, QDate Fallback);
 /// Writes an option. Lookup.
 void SetOption(const QString &Key, const QVariant &Value, bool PerWorkstation);
 /// The newest reading of a kind ("Counts", "Hours", "Kilometers", "Miles"), 0 without one. Data.

@@ -20,12 +20,6 @@ namespace {
 
 const QString ButtonColumn = u"Select"_s;
 
-QDate dateOption(const QString &key, QDate fallback)
-{
-    const auto date = base::parseMonthFirst(GetOption(key, true));
-    return date ? date->date() : fallback;
-}
-
 } // namespace
 
 DateReading::DateReading(const datesheet::Sheet &sheet, QWidget *parent)

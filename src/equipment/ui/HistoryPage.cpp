@@ -41,10 +41,52 @@ bool isTime(const QString &column)
            isColumn(column, u"WorkHrs");
 }
 
-QDate dateOption(const QString &key)
+QList<grid::Column> serviceColumns()
 {
-    const auto date = base::parseMonthFirst(GetOption(key, true));
-    return date ? date->date() : base::today();
+    return {{.name = u"WorkOrderNo"_s, .caption = u"Work Order"_s, .width = 74, .locked = true},
+            {.name = u"ServiceUsedID"_s, .visible = false},
+            {.name = u"Date"_s, .width = 84, .editable = true, .editor = grid::Editor::Date},
+            {.name = u"Service Name"_s, .width = 150, .locked = true},
+            {.name = u"Service Crew"_s,
+             .width = 110,
+             .editable = true,
+             .editor = grid::Editor::DropDown},
+            {.name = u"Cost Center"_s, .width = 90, .locked = true},
+            {.name = u"Budgeted Hrs"_s,
+             .width = 84,
+             .editable = true,
+             .format = u"0.00"_s,
+             .mask = AmountMask},
+            {.name = u"Labor Cost"_s,
+             .width = 76,
+             .editable = true,
+             .format = u"$0.00"_s,
+             .mask = AmountMask},
+            {.name = u"Part Cost"_s,
+             .width = 76,
+             .locked = true,
+             .format = u"$0.00"_s,
+             .kind = sql::ColumnKind::Money},
+            {.name = u"StartTime"_s,
+             .caption = u"Start Time"_s,
+             .width = 74,
+             .editable = true,
+             .format = TimeFormat,
+             .placeholder = NoTime},
+            {.name = u"EndTime"_s,
+             .caption = u"End Time"_s,
+             .width = 74,
+             .editable = true,
+             .format = TimeFormat,
+             .placeholder = NoTime},
+            {.name = u"WorkHrs"_s,
+             .caption = u"Work Hrs"_s,
+             .width = 66,
+             .editable = true,
+             .placeholder = NoTime},
+            {.name = u"Skip"_s, .width = 42, .locked = true},
+            {.name = u"Count"_s, .width = 70, .editable = true, .mask = u"{0,9999999}"_s},
+            {.name = u"SupplierName"_s, .caption = u"Supplier"_s, .width = 120, .locked = true}};
 }
 
 } // namespace
@@ -71,6 +113,8 @@ HistoryPage::HistoryPage(EquipmentFrame &frame, QWidget *parent)
     });
     connect(cmdRefresh, &QPushButton::clicked, this, &HistoryPage::cmdRefresh_Click);
     connect(cmdDeleteHistory, &QPushButton::clicked, this, &HistoryPage::cmdDeleteHistory_Click);
+    for (const grid::GridView *grid : {grdServiceHistory, grdPartHistory})
+        connect(grid, &grid::GridView::typing, this, [this] { this->frame().beginEdit(); });
     connect(grdServiceHistory, &grid::GridView::currentRowChanged, this, &HistoryPage::showDetails);
     connect(grdServiceHistory, &grid::GridView::cellClicked, this, &HistoryPage::showServiceTime);
     // Clicks on times are for their entry; typing edits them in their cells.
@@ -126,52 +170,8 @@ void HistoryPage::buildPage()
 
 void HistoryPage::buildServiceGrid()
 {
-    grdServiceHistory = makeListGrid(
-        this, u"grdServiceHistory"_s, u"Services done"_s,
-        {{.name = u"WorkOrderNo"_s, .caption = u"Work Order"_s, .width = 74, .locked = true},
-         {.name = u"ServiceUsedID"_s, .visible = false},
-         {.name = u"Date"_s, .width = 84, .editable = true, .editor = grid::Editor::Date},
-         {.name = u"Service Name"_s, .width = 150, .locked = true},
-         {.name = u"Service Crew"_s,
-          .width = 110,
-          .editable = true,
-          .editor = grid::Editor::DropDown},
-         {.name = u"Cost Center"_s, .width = 90, .locked = true},
-         {.name = u"Budgeted Hrs"_s,
-          .width = 84,
-          .editable = true,
-          .format = u"0.00"_s,
-          .mask = AmountMask},
-         {.name = u"Labor Cost"_s,
-          .width = 76,
-          .editable = true,
-          .format = u"$0.00"_s,
-          .mask = AmountMask},
-         {.name = u"Part Cost"_s,
-          .width = 76,
-          .locked = true,
-          .format = u"$0.00"_s,
-          .kind = sql::ColumnKind::Money},
-         {.name = u"StartTime"_s,
-          .caption = u"Start Time"_s,
-          .width = 74,
-          .editable = true,
-          .format = TimeFormat,
-          .placeholder = NoTime},
-         {.name = u"EndTime"_s,
-          .caption = u"End Time"_s,
-          .width = 74,
-          .editable = true,
-          .format = TimeFormat,
-          .placeholder = NoTime},
-         {.name = u"WorkHrs"_s,
-          .caption = u"Work Hrs"_s,
-          .width = 66,
-          .editable = true,
-          .placeholder = NoTime},
-         {.name = u"Skip"_s, .width = 42, .locked = true},
-         {.name = u"Count"_s, .width = 70, .editable = true, .mask = u"{0,9999999}"_s},
-         {.name = u"SupplierName"_s, .caption = u"Supplier"_s, .width = 120, .locked = true}});
+    grdServiceHistory =
+        makeListGrid(this, u"grdServiceHistory"_s, u"Services done"_s, serviceColumns());
     grdServiceHistory->rows().changeRule = [this](int row, const QString &column,
                                                   const QVariant &value) {
         return grdServiceHistory_Change(row, column, value);
@@ -205,8 +205,8 @@ void HistoryPage::buildPartGrid()
 
 void HistoryPage::readRange()
 {
-    m_from = dateOption(u"EqDateFrom"_s);
-    m_to = dateOption(u"EqDateTo"_s);
+    m_from = dateOption(u"EqDateFrom"_s, base::today());
+    m_to = dateOption(u"EqDateTo"_s, base::today());
     datFrom->setDate(m_from);
     datTo->setDate(m_to);
 }
@@ -217,15 +217,20 @@ bool HistoryPage::checkDate(input::DateInput *box, QDate &former)
         base::showMessage(u"Please enter valid date."_s);
         return false;
     }
-    const QDate from = datFrom->date();
-    const QDate to = datTo->date();
-    if (from.isValid() && to.isValid() && from > to) {
+    if (runsBackwards()) {
         base::showMessage(u"Date To should not be less than to Date From"_s);
         box->setDate(former);
         return false;
     }
     former = box->date();
     return true;
+}
+
+bool HistoryPage::runsBackwards() const
+{
+    const QDate from = datFrom->date();
+    const QDate to = datTo->date();
+    return from.isValid() && to.isValid() && from > to;
 }
 
 history::Period HistoryPage::period() const
@@ -235,6 +240,11 @@ history::Period HistoryPage::period() const
 
 void HistoryPage::closing()
 {
+    // Closing leaves no box, so a date that was typed last has not been taken over yet.
+    if (datFrom->isValidOrEmpty() && datTo->isValidOrEmpty() && !runsBackwards()) {
+        m_from = datFrom->date();
+        m_to = datTo->date();
+    }
     const auto text = [](QDate date) {
         return date.isValid() ? date.toString(u"MM/dd/yyyy") : QString();
     };

@@ -32,6 +32,7 @@ private:
     void buildServiceGrid();
     void buildPartGrid();
     void readRange();
+    [[nodiscard]] bool runsBackwards() const;
     [[nodiscard]] bool checkDate(input::DateInput *box, QDate &former);
     [[nodiscard]] history::Period period() const;
 

@@ -36,12 +36,6 @@ constexpr const char *Module = "WorkOrder";
 const QString PrintedReport = u"ShowWorkorderReport"_s;
 const QString HistoryReport = u"ShowWorkorderHistoryReport"_s;
 
-QDate storedDate(const QString &option)
-{
-    const auto date = base::parseMonthFirst(GetOption(option, true).trimmed());
-    return date ? date->date() : base::today();
-}
-
 } // namespace
 
 frmWorkorder::frmWorkorder(QWidget *parent)
@@ -124,8 +118,8 @@ QWidget *frmWorkorder::buildFilter()
 void frmWorkorder::Form_Load()
 {
     base::trapped(Module, "Form_Load", [this] {
-        datDateFrom->setDate(storedDate(u"WoDateFrom"_s));
-        datDateTo->setDate(storedDate(u"WoDateTo"_s));
+        datDateFrom->setDate(dateOption(u"WoDateFrom"_s, base::today()));
+        datDateTo->setDate(dateOption(u"WoDateTo"_s, base::today()));
         txtCrewRange->setText(GetOption(u"WoCrewNo"_s, true));
         txtAssignCrew->setText(GetOption(u"WoAssignCrew"_s, true));
         chkGroupWo->setChecked(GetOption(u"WoGroup"_s, true).trimmed() == u"1");

@@ -72,9 +72,12 @@ TEST_F(HistoryPages, ShowARowWithItsPartsCostAndNote)
 TEST_F(HistoryPages, ACorrectionIsWrittenAtOnceAndUndoneByCancel)
 {
     show();
+    ASSERT_TRUE(services().editCell(0, u"Count"));
+    QTest::keyClicks(QApplication::focusWidget(), u"4"_s);
+    EXPECT_EQ(frame.mode, Mode::Modify) << "with the first key";
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     prompts.expect(u"Changing the count will not effect the schedule"_s, Icon::None);
     type(services(), 0, u"Count"_s, u"450"_s);
-    EXPECT_EQ(frame.mode, Mode::Modify);
     EXPECT_EQ(stored(u"CountValue"_s).toInt(), 450);
     prompts.expect(u"Changing the date will not adjust the schedule"_s, Icon::None);
     type(services(), 0, u"Date"_s, u"01/12/2024"_s);
@@ -242,8 +245,14 @@ TEST_F(HistoryPages, TheRangeGoesBackWhenItRunsBackwards)
     to.setDate(QDate(2024, 2, 1));
     click(u"cmdRefresh"_s);
     EXPECT_EQ(services().rows().rowCount(), 1);
+    // Closing takes a date over that was typed last, unless it is out of order.
+    to.setDate(QDate(2024, 2, 9));
+    from.setDate(QDate(2024, 1, 5));
     frame.page->closing();
-    EXPECT_EQ(GetOption(u"EqDateTo"_s, true), u"02/01/2024");
+    EXPECT_EQ(GetOption(u"EqDateTo"_s, true), u"02/09/2024");
+    from.setDate(QDate(2024, 2, 10));
+    frame.page->closing();
+    EXPECT_EQ(GetOption(u"EqDateFrom"_s, true), u"01/05/2024");
 }
 
 TEST_F(HistoryPages, RefreshingWhileEditingSavesFirst)
