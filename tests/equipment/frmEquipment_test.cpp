@@ -453,6 +453,9 @@ TEST_F(EquipmentScreen, BlankIntervalsBecomeZeroWhenLeft)
         press(screen, Qt::Key_B);
         for (const char *box : {"txtLeaseInterval", "txtWarrantyInterval"}) {
             EXPECT_EQ(screen.text(box), u"");
+            screen.control(box).setFocus();
+            QTest::keyClick(&screen.control(box), Qt::Key_Tab);
+            EXPECT_EQ(screen.text(box), u"0") << "left without typing";
             screen.type(box, u"1x2"_s);
             EXPECT_EQ(screen.text(box), u"12");
             screen.type(box, u""_s);

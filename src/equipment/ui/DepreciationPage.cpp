@@ -24,13 +24,6 @@ constexpr char Module[] = "Equipment";
 constexpr int LifeLength = 4;
 constexpr int AmountLength = 15;
 
-bool refuse(QWidget *field, const QString &message)
-{
-    base::showMessage(message);
-    field->setFocus();
-    return false;
-}
-
 } // namespace
 
 DepreciationPage::DepreciationPage(EquipmentFrame &frame, QWidget *parent)

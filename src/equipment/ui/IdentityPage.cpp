@@ -31,37 +31,36 @@ void loadLocations(input::IdCombo &list, qint64 site)
                           u"LocationID"_s, u"LocationName"_s, site != 0);
 }
 
-bool refuse(QWidget *field, const QString &message)
-{
-    base::showMessage(message);
-    field->setFocus();
-    return false;
-}
-
 } // namespace
 
 IdentityPage::IdentityPage(EquipmentFrame &frame, QWidget *parent)
     : RecordPage(frame, parent)
 {
     buildPage();
+    checkFields();
+    bindFields();
+    followChoices();
     loadLists();
 }
 
 void IdentityPage::buildPage()
 {
     input::FormBuilder form(this);
-    const auto editLookup = [this, &form](const QString &name, const QString &tip,
-                                          const QString &listName, qint64 list,
-                                          input::IdCombo *combo) {
-        editorButton(form, name, tip, listName,
-                     [list, combo] { ShowIndicatorDetail(list, combo->id()); });
-    };
     form.beginColumns();
+    buildMachine(form);
+    form.nextColumn();
+    buildPlace(form);
+    form.endColumns();
+    form.finish();
+}
+
+void IdentityPage::buildMachine(input::FormBuilder &form)
+{
     txtUnitNo = form.textField(u"txtUnitNo"_s, u"&Unit No:"_s, 30);
     txtEquipmentName = form.textField(u"txtEquipmentName"_s, u"Equipment &Name:"_s, 100);
     cboType = form.comboField(u"cboType"_s, u"&Type:"_s);
-    editLookup(u"cmdType"_s, u"Edit the equipment types"_s, u"TYPE"_s, LookupList::EquipmentType,
-               cboType);
+    editorButton(form, u"cmdType"_s, u"Edit the equipment types"_s, u"TYPE"_s,
+                 [this] { ShowIndicatorDetail(LookupList::EquipmentType, cboType->id()); });
     cboMake = form.comboField(u"cboMake"_s, u"&Make:"_s);
     editorButton(form, u"cmdMake"_s, u"Edit the makes"_s, u"MAKE"_s, [this] {
         ShowIndicatorDetail(LookupList::Make, cboMake->id(), cboType->currentText().trimmed());
@@ -71,7 +70,10 @@ void IdentityPage::buildPage()
     txtCapacity = form.textField(u"txtCapacity"_s, u"Capacit&y:"_s, 50);
     cboYear = form.comboField(u"cboYear"_s, u"Y&ear:"_s);
     txtSerialNo = form.textField(u"txtSerialNo"_s, u"Serial N&o:"_s, 50);
-    form.nextColumn();
+}
+
+void IdentityPage::buildPlace(input::FormBuilder &form)
+{
     txtBarCode = form.textField(u"txtBarCode"_s, u"&Bar Code:"_s, 50);
     datInstalled = form.dateField(u"datInstalled"_s, u"&Installed Date:"_s);
     txtAttachedTo = form.textField(u"txtAttachedTo"_s, u"Attac&hed To:"_s, 60);
@@ -85,9 +87,10 @@ void IdentityPage::buildPage()
     editorButton(form, u"cmdCrew"_s, u"Open the crews"_s, u"CREW"_s,
                  [this] { ShowCrewDetail(Mode::Browse, cboCrew->id()); });
     chkInactive = form.checkBox(u"chkInactive"_s, u"Inacti&ve"_s);
-    form.endColumns();
-    form.finish();
+}
 
+void IdentityPage::checkFields()
+{
     input::restrictTo(txtUnitNo, input::TypeCheck::Int, input::TypeCheck::String);
     input::upperCaseAsTyped(txtUnitNo);
     datInstalled->checkOnLeave();
@@ -95,7 +98,12 @@ void IdentityPage::buildPage()
         return QApplication::focusWidget() == m_save || txtUnitNo_Validate();
     });
     input::validateOnLeave(txtSerialNo, [this] { return txtSerialNo_Validate(); });
+    connect(txtUnitNo, &QLineEdit::textEdited, this, [this] { m_unitTyped = true; });
+    connect(txtSerialNo, &QLineEdit::textEdited, this, [this] { m_serialTyped = true; });
+}
 
+void IdentityPage::bindFields()
+{
     fields().add(txtUnitNo, &clsEquipment::UnitNo);
     fields().add(txtEquipmentName, &clsEquipment::EquipmentName);
     fields().add(txtCapacity, &clsEquipment::Capacity);
@@ -112,7 +120,10 @@ void IdentityPage::buildPage()
     fields().add(cboLocation, &clsEquipment::LocationID);
     fields().add(cboCrew, &clsEquipment::CrewID);
     fields().add(chkInactive, &clsEquipment::Inactive);
+}
 
+void IdentityPage::followChoices()
+{
     const auto follow = [this](input::IdCombo *parent, auto &&rebuild) {
         connect(parent, &QComboBox::currentIndexChanged, this, rebuild);
     };
@@ -125,8 +136,6 @@ void IdentityPage::buildPage()
     connect(cboCrew, &QComboBox::activated, this, [this] { m_crewChanged = true; });
     connect(cboYear, &QComboBox::activated, this,
             [this] { Q_EMIT yearChosen(cboYear->currentText().trimmed()); });
-    connect(txtUnitNo, &QLineEdit::textEdited, this, [this] { m_unitTyped = true; });
-    connect(txtSerialNo, &QLineEdit::textEdited, this, [this] { m_serialTyped = true; });
 }
 
 void IdentityPage::loadLists()

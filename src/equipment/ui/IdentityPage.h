@@ -35,6 +35,13 @@ Q_SIGNALS:
 
 private:
     void buildPage();
+    void buildMachine(input::FormBuilder &form);
+    void buildPlace(input::FormBuilder &form);
+    /// Lets boxes check what is typed into them and what they hold when they are left.
+    void checkFields();
+    void bindFields();
+    /// Lists rebuild those that depend on them, and choices that others wait for are passed on.
+    void followChoices();
     void loadLists();
     [[nodiscard]] bool txtUnitNo_Validate();
     [[nodiscard]] bool txtSerialNo_Validate();

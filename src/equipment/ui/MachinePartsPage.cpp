@@ -21,7 +21,7 @@ constexpr const char *Module = "Equipment";
 } // namespace
 
 MachinePartsPage::MachinePartsPage(EquipmentFrame &frame, QWidget *parent)
-    : EquipmentPage(frame, parent)
+    : GridPage(frame, parent)
 {
     input::FormBuilder form(this);
     grdPart = makeListGrid(this, u"grdPart"_s, u"Parts of the machine"_s,
@@ -36,8 +36,7 @@ MachinePartsPage::MachinePartsPage(EquipmentFrame &frame, QWidget *parent)
         form.inlineButton(u"cmdRemovePart"_s, u"Re&move Part"_s, theme::icon(u"delete"_s));
     form.endRow();
     form.finish();
-    setFocusProxy(grdPart);
-    frame.keepLayout(grdPart, grdPart->objectName());
+    setGrid(grdPart);
     connect(cmdAddNewPart, &QPushButton::clicked, this, &MachinePartsPage::cmdAddNewPart_Click);
     connect(cmdRemovePart, &QPushButton::clicked, this, &MachinePartsPage::cmdRemovePart_Click);
 }
@@ -47,37 +46,15 @@ void MachinePartsPage::showMachine(qint64 EquipmentID)
     RefreshPartGrid(EquipmentID);
 }
 
-bool MachinePartsPage::hasContent() const
-{
-    return grdPart->rows().rowCount() > 0;
-}
-
-void MachinePartsPage::setEditable(bool editable)
-{
-    m_editable = editable;
-    EnableControls();
-}
-
-void MachinePartsPage::pageShown()
-{
-    grdPart->setFocus();
-}
-
 void MachinePartsPage::RefreshPartGrid(qint64 equipmentID)
 {
-    const int row = equipmentID == m_equipment ? grdPart->currentRow() : 0;
-    m_equipment = equipmentID;
-    base::trapped(Module, "RefreshPartGrid", [&] {
-        grdPart->rows().setRecordset(machineparts::listed(m_equipment));
-        grdPart->selectRow(qMin(qMax(row, 0), grdPart->rows().rowCount() - 1));
-    });
-    EnableControls();
+    showRows(equipmentID, "RefreshPartGrid", [&] { return machineparts::listed(equipmentID); });
 }
 
 void MachinePartsPage::EnableControls()
 {
-    cmdAddNewPart->setEnabled(m_editable);
-    cmdRemovePart->setEnabled(m_editable && hasContent());
+    cmdAddNewPart->setEnabled(isEditable());
+    cmdRemovePart->setEnabled(isEditable() && hasContent());
 }
 
 void MachinePartsPage::cmdAddNewPart_Click()
@@ -93,24 +70,18 @@ void MachinePartsPage::cmdAddNewPart_Click()
         BeginTrans();
         if (!chosen)
             return;
-        if (!machineparts::AddPartRecord(m_equipment, selection)) {
+        if (!machineparts::AddPartRecord(equipment(), selection)) {
             frame().cancelEdit();
             return;
         }
-        RefreshPartGrid(m_equipment);
+        RefreshPartGrid(equipment());
         frame().contentChanged();
     });
 }
 
 void MachinePartsPage::cmdRemovePart_Click()
 {
-    const int row = grdPart->currentRow();
-    if (row < 0)
-        return;
-    frame().beginEdit();
-    if (!base::askYesNo(u"Are you sure you want to Delete this record?"_s) ||
-        !machineparts::DeletePartRecord(m_equipment, grdPart->rows().text(row, u"Part Number")))
-        return;
-    RefreshPartGrid(m_equipment);
-    frame().contentChanged();
+    removeChosen(chosen(u"Part Number"), [this](const QString &number) {
+        return machineparts::DeletePartRecord(equipment(), number);
+    });
 }

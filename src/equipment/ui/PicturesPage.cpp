@@ -13,7 +13,6 @@
 
 #include <QFile>
 #include <QPushButton>
-#include <QSignalBlocker>
 
 using namespace Qt::StringLiterals;
 
@@ -27,7 +26,7 @@ constexpr int LongestSide = 4096;
 } // namespace
 
 PicturesPage::PicturesPage(EquipmentFrame &frame, QWidget *parent)
-    : EquipmentPage(frame, parent)
+    : GridPage(frame, parent)
 {
     input::FormBuilder form(this);
     form.beginColumns();
@@ -48,17 +47,14 @@ PicturesPage::PicturesPage(EquipmentFrame &frame, QWidget *parent)
         form.inlineButton(u"cmdRemoveImage"_s, u"Re&move Picture"_s, theme::icon(u"delete"_s));
     form.endRow();
     form.finish();
-    setFocusProxy(grdImage);
     m_thumbnails =
         new ThumbnailColumn(grdImage, u"Picture"_s, u"Picture Name"_s, [this](const QString &name) {
             return base::trapped(Module, "RefreshImageGrid", QByteArray(),
-                                 [&] { return pictures::bytes(m_equipment, name); });
+                                 [&] { return pictures::bytes(equipment(), name); });
         });
-    frame.keepLayout(grdImage, grdImage->objectName());
+    setGrid(grdImage);
     connect(cmdAddImage, &QPushButton::clicked, this, &PicturesPage::cmdAddImage_Click);
     connect(cmdRemoveImage, &QPushButton::clicked, this, &PicturesPage::cmdRemoveImage_Click);
-    connect(grdImage, &grid::GridView::currentRowChanged, this,
-            &PicturesPage::LoadEquipmentPicture);
 }
 
 void PicturesPage::showMachine(qint64 EquipmentID)
@@ -66,50 +62,23 @@ void PicturesPage::showMachine(qint64 EquipmentID)
     RefreshImageGrid(EquipmentID);
 }
 
-bool PicturesPage::hasContent() const
-{
-    return grdImage->rows().rowCount() > 0;
-}
-
-void PicturesPage::setEditable(bool editable)
-{
-    m_editable = editable;
-    EnableControls();
-}
-
-void PicturesPage::pageShown()
-{
-    grdImage->setFocus();
-}
-
 void PicturesPage::showEvent(QShowEvent *event)
 {
-    EquipmentPage::showEvent(event);
+    GridPage::showEvent(event);
     if (m_pictureIsOld)
         LoadEquipmentPicture();
 }
 
-QString PicturesPage::currentName() const
-{
-    const int row = grdImage->currentRow();
-    return row < 0 ? QString() : grdImage->rows().text(row, u"Picture Name");
-}
-
 void PicturesPage::RefreshImageGrid(qint64 equipmentID)
 {
-    const QString name = equipmentID == m_equipment ? currentName() : QString();
-    m_equipment = equipmentID;
     m_thumbnails->forget();
-    {
-        const QSignalBlocker silence(grdImage);
-        base::trapped(Module, "RefreshImageGrid", [&] {
-            grdImage->rows().setRecordset(pictures::names(m_equipment));
-            const int row = grdImage->rows().findRow(u"Picture Name", name);
-            grdImage->selectRow(row < 0 && hasContent() ? 0 : row);
-        });
-    }
-    LoadEquipmentPicture();
+    showRows(equipmentID, "RefreshImageGrid", [&] { return pictures::names(equipmentID); });
+}
+
+void PicturesPage::rowChanged()
+{
     EnableControls();
+    LoadEquipmentPicture();
 }
 
 void PicturesPage::LoadEquipmentPicture()
@@ -118,14 +87,13 @@ void PicturesPage::LoadEquipmentPicture()
     m_pictureIsOld = !isVisible();
     if (m_pictureIsOld)
         return;
-    EnableControls();
-    const QString name = currentName();
+    const QString name = chosen(u"Picture Name");
     if (name.isEmpty()) {
         imgEquipment->setImage({});
         return;
     }
     base::trapped(Module, "LoadEquipmentPicture", [&] {
-        const pictures::ScratchFile scratch(pictures::bytes(m_equipment, name));
+        const pictures::ScratchFile scratch(pictures::bytes(equipment(), name));
         QFile file(scratch.path());
         const QImage image =
             file.open(QIODevice::ReadOnly) ? decodedPicture(file, LongestSide) : QImage();
@@ -139,15 +107,15 @@ void PicturesPage::LoadEquipmentPicture()
 
 void PicturesPage::EnableControls()
 {
-    cmdAddImage->setEnabled(m_editable);
-    cmdRemoveImage->setEnabled(m_editable && grdImage->currentRow() >= 0);
+    cmdAddImage->setEnabled(isEditable());
+    cmdRemoveImage->setEnabled(isEditable() && grdImage->currentRow() >= 0);
 }
 
 void PicturesPage::cmdAddImage_Click()
 {
     frame().beginEdit();
-    const QString added = frmEquipmentImage::ShowEquipmentImageDetail(m_equipment, this);
-    RefreshImageGrid(m_equipment);
+    const QString added = frmEquipmentImage::ShowEquipmentImageDetail(equipment(), this);
+    RefreshImageGrid(equipment());
     if (!added.isEmpty())
         grdImage->selectRow(grdImage->rows().findRow(u"Picture Name", added));
     frame().contentChanged();
@@ -155,13 +123,7 @@ void PicturesPage::cmdAddImage_Click()
 
 void PicturesPage::cmdRemoveImage_Click()
 {
-    const QString name = currentName();
-    if (name.isEmpty())
-        return;
-    frame().beginEdit();
-    if (!base::askYesNo(u"Are you sure you want to Delete this record?"_s) ||
-        !pictures::DeleteImageRecord(m_equipment, name))
-        return;
-    RefreshImageGrid(m_equipment);
-    frame().contentChanged();
+    removeChosen(chosen(u"Picture Name"), [this](const QString &name) {
+        return pictures::DeleteImageRecord(equipment(), name);
+    });
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "equipment/ui/EquipmentPage.h"
+#include "equipment/ui/GridPage.h"
 
 class PictureView;
 class QPushButton;
@@ -8,7 +8,7 @@ class ThumbnailColumn;
 
 /// The pictures of a machine: their names with small pictures, and the chosen one beside them as
 /// large as it goes.
-class PicturesPage final : public EquipmentPage
+class PicturesPage final : public GridPage
 {
     Q_OBJECT
 
@@ -16,9 +16,6 @@ public:
     explicit PicturesPage(EquipmentFrame &frame, QWidget *parent = nullptr);
 
     void showMachine(qint64 EquipmentID) override;
-    [[nodiscard]] bool hasContent() const override;
-    void setEditable(bool editable) override;
-    void pageShown() override;
 
 protected:
     void showEvent(QShowEvent *event) override;
@@ -26,13 +23,11 @@ protected:
 private:
     void RefreshImageGrid(qint64 equipmentID);
     void LoadEquipmentPicture();
-    void EnableControls();
+    void EnableControls() override;
+    void rowChanged() override;
     void cmdAddImage_Click();
     void cmdRemoveImage_Click();
-    [[nodiscard]] QString currentName() const;
 
-    qint64 m_equipment = 0;
-    bool m_editable = false;
     bool m_pictureIsOld = false; ///< another one is to be loaded when the page is next seen
 
     grid::GridView *grdImage = nullptr;

@@ -24,16 +24,19 @@ void RecordPage::ClearData()
 bool RecordPage::mayLeave()
 {
     input::DateInput *date = m_fields.invalidDate();
-    if (!date)
-        return true;
-    base::showMessage(u"Please enter valid date."_s);
-    date->setFocus();
-    return false;
+    return !date || refuse(date, u"Please enter valid date."_s);
 }
 
 void RecordPage::pageShown()
 {
     m_fields.controls().first()->setFocus();
+}
+
+bool RecordPage::refuse(QWidget *field, const QString &message)
+{
+    base::showMessage(message);
+    field->setFocus();
+    return false;
 }
 
 QToolButton *RecordPage::editorButton(input::FormBuilder &form, const QString &name,

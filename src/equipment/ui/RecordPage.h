@@ -38,6 +38,8 @@ public:
 
 protected:
     FieldBinding &fields() { return m_fields; }
+    /// Shows the message for a field, gives it the focus, and answers False.
+    static bool refuse(QWidget *field, const QString &message);
     /// Makes the small button beside the list made last. It opens an editor; afterwards all lists
     /// of that name are rebuilt.
     QToolButton *editorButton(input::FormBuilder &form, const QString &name, const QString &tip,
