@@ -82,6 +82,8 @@ void DateReading::buildGrid()
         return Change(row, column, value);
     };
     connect(m_grid, &grid::GridView::typing, this, &DateReading::edited);
+    connect(m_grid, &grid::GridView::entryRefused, this,
+            [] { base::showMessage(u"Please enter valid date."_s); });
     connect(m_grid, &grid::GridView::buttonClicked, this, &DateReading::ButtonClick);
 }
 
@@ -113,7 +115,8 @@ void DateReading::RefreshRecordSet()
 {
     base::trapped(m_sheet.module, "RefreshRecordSet", [this] {
         m_grid->rows().setRecordset(datesheet::machines(m_sheet, datFrom->date(), datTo->date()));
-        m_grid->selectRow(m_grid->rows().rowCount() > 0 ? m_grid->displayedOrder().first() : -1);
+        // Typing begins with the first machine's new date.
+        m_grid->selectCell(m_grid->displayedOrder().value(0, -1), m_sheet.newCaption);
     });
 }
 

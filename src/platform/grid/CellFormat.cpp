@@ -40,6 +40,15 @@ std::optional<QTime> parseTime(QStringView text)
     return read && text.contains(u':') ? std::optional(read->time()) : std::nullopt;
 }
 
+/// A date as a user types it, who may leave the separators out.
+std::optional<QDateTime> typedDate(QStringView text)
+{
+    QString date = text.trimmed().toString();
+    if ((date.size() == 6 || date.size() == 8) && std::ranges::all_of(date, isDigit))
+        date.insert(4, u'/').insert(2, u'/');
+    return base::parseMonthFirst(date);
+}
+
 std::optional<QDateTime> asDateTime(const QVariant &value)
 {
     switch (value.typeId()) {
@@ -307,7 +316,7 @@ std::optional<QVariant> typedValue(QStringView text, const Column &column)
         return QVariant(text.toString());
     if (text.trimmed().isEmpty())
         return QVariant();
-    const auto date = base::parseMonthFirst(text);
+    const auto date = typedDate(text);
     return date ? std::optional(QVariant(*date)) : std::nullopt;
 }
 

@@ -116,7 +116,10 @@ TEST_F(DateReadings, AddOneYearAndSave)
 TEST_F(DateReadings, ADateThatIsNotLaterIsRefusedAndTheCellEmptied)
 {
     show<frmInspectionDateReading>();
-    type(sheet(), rowOf(2), NewDate, u"06/02/2023"_s);
+    EXPECT_EQ(sheet().currentColumn(), NewDate);
+    prompts.expect(u"Please enter valid date."_s, Icon::None);
+    type(sheet(), rowOf(2), NewDate, u"06/32/2023"_s);
+    type(sheet(), rowOf(2), NewDate, u"06022023"_s);
     EXPECT_EQ(sheet().rows().text(rowOf(2), NewDate), u"06/02/2023");
     prompts.expect(u"New Inspection date should be greater than old Inspection Date(6/1/2023)."_s,
                    Icon::None);

@@ -82,6 +82,9 @@ TEST_F(HistoryPages, ACorrectionIsWrittenAtOnceAndUndoneByCancel)
     prompts.expect(u"Changing the date will not adjust the schedule"_s, Icon::None);
     type(services(), 0, u"Date"_s, u"01/12/2024"_s);
     EXPECT_EQ(stored(u"CompleteDate"_s).toDateTime(), base::wallClock({2024, 1, 12}));
+    prompts.expect(u"Please enter valid date."_s, Icon::None);
+    type(services(), 0, u"Date"_s, u"13/45/2024"_s);
+    EXPECT_EQ(shown(u"Date"_s), u"01/12/2024");
     type(services(), 0, u"Labor Cost"_s, u"44.5"_s);
     EXPECT_EQ(stored(u"CostEstimate"_s).toDouble(), 44.5);
     type(services(), 0, u"Labor Cost"_s, {});

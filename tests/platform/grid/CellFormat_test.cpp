@@ -84,6 +84,8 @@ TEST(CellFormat, TypedTextsBecomeValuesOfTheColumn)
         // Dates and texts.
         Typed{"3/9/24", Day, true, when(2024, 3, 9)},
         Typed{"03-09-2024", Day, true, when(2024, 3, 9)}, Typed{" ", Day, true, {}},
+        Typed{"03092024", Day, true, when(2024, 3, 9)},
+        Typed{"030924", Day, true, when(2024, 3, 9)}, Typed{"13452024", Day, false, {}},
         Typed{"2/30/2024", Day, false, {}}, Typed{"3/9", Day, false, {}},
         Typed{"it's", Note, true, u"it's"_s}, Typed{"", Note, true, u""_s}};
     for (const Typed &c : cases) {
