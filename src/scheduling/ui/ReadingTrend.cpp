@@ -30,6 +30,23 @@ Courses coursesOf(const db::Recordset &readings)
     return courses;
 }
 
+/// What the axes show: all readings, and some room around a single one.
+void span(const Courses &courses, QDateTimeAxis &dates, QValueAxis &counts)
+{
+    QList<QPointF> all;
+    for (const auto &[type, points] : courses)
+        all += points;
+    const auto [first, last] = std::ranges::minmax(all, {}, &QPointF::x);
+    const auto [lowest, highest] = std::ranges::minmax(all, {}, &QPointF::y);
+    const QDateTime from = QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(first.x()));
+    const QDateTime to = QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(last.x()));
+    const bool isOneDay = from == to;
+    dates.setRange(isOneDay ? from.addMonths(-3) : from, isOneDay ? to.addMonths(3) : to);
+    const bool isOneCount = lowest.y() == highest.y();
+    counts.setRange(isOneCount ? std::max(lowest.y() - 10, 0.0) : lowest.y(),
+                    isOneCount ? highest.y() + 10 : highest.y());
+}
+
 } // namespace
 
 ReadingTrend::ReadingTrend(QWidget *parent)
@@ -50,6 +67,7 @@ void ReadingTrend::show(const db::Recordset &readings)
     dates->setTickCount(4);
     auto *counts = new QValueAxis;
     counts->setLabelFormat(u"%.0f"_s);
+    span(courses, *dates, *counts);
     dress(*dates);
     dress(*counts);
     chart()->addAxis(dates, Qt::AlignBottom);
