@@ -176,6 +176,39 @@ TEST_F(EquipmentScreen, EachPageHasItsKeyAndItsButton)
     });
 }
 
+TEST_F(EquipmentScreen, EachAltKeyOfAPageReachesOneControl)
+{
+    addMachine(1, u"A"_s, u"mower"_s);
+    const auto expectNoneTwice = [](const ScreenDriver &screen) {
+        QStringList captions;
+        for (const auto *button : screen.screen().findChildren<QAbstractButton *>())
+            if (button->isVisible())
+                captions.append(button->text());
+        for (const auto *label : screen.screen().findChildren<QLabel *>())
+            if (label->isVisible() && label->buddy())
+                captions.append(label->text());
+        QHash<QChar, QString> taken;
+        for (const QString &caption : std::as_const(captions))
+            if (const qsizetype mark = caption.indexOf(u'&'); mark >= 0) {
+                QString &former = taken[caption[mark + 1].toLower()];
+                EXPECT_TRUE(former.isEmpty())
+                    << former.toStdString() << " and " << caption.toStdString();
+                former = caption;
+            }
+    };
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        for (const bool editing : {false, true}) {
+            if (editing)
+                screen.type("txtCapacity", u"60"_s);
+            for (int index = EquipmentTabs::Count - 1; index >= 0; --index) {
+                screen.screen().findChild<EquipmentTabs *>()->button(index)->click();
+                EXPECT_EQ(page(screen), index);
+                expectNoneTwice(screen);
+            }
+        }
+    });
+}
+
 TEST_F(EquipmentScreen, TheFirstEditOpensTheTransactionAndSaveEndsIt)
 {
     addMachine(1, u"A"_s, u"mower"_s);

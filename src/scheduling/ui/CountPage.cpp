@@ -42,7 +42,7 @@ void CountPage::buildPage()
     form.nextColumn();
     form.widget(m_trend, true);
     form.endColumns();
-    cmdAddCount = form.leftButton(u"cmdAddCount"_s, u"Add &Count"_s, theme::icon(u"add"_s));
+    cmdAddCount = form.leftButton(u"cmdAddCount"_s, u"Add Cou&nt"_s, theme::icon(u"add"_s));
     cmdDeleteCount =
         form.leftButton(u"cmdDeleteCount"_s, u"De&lete Count"_s, theme::icon(u"delete"_s));
     form.finish();

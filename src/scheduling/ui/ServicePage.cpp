@@ -86,7 +86,7 @@ void ServicePage::buildPage()
     grdService = makeListGrid(this, u"grdService"_s, u"Services"_s, columns());
     form.widget(grdService, true);
     cmdAddNewService =
-        form.leftButton(u"cmdAddNewService"_s, u"Add Se&rvice"_s, theme::icon(u"add"_s));
+        form.leftButton(u"cmdAddNewService"_s, u"Add S&ervice"_s, theme::icon(u"add"_s));
     cmdSelectService =
         form.leftButton(u"cmdSelectService"_s, u"&Open Service"_s, theme::icon(u"service"_s));
     cmdRemoveService =
