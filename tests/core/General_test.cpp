@@ -375,29 +375,24 @@ TEST(ValidateEmail, NamesTheFirstRuleThatFails)
     {
         const char *address, *message;
     };
-    for (const Case &c : {Case{"", "Too short"},
-                          Case{"a@b.com", "Too short"},
-                          Case{"  a@b.com   ", "Too short"},
-                          Case{"nobody.example.com", "Missing the @"},
-                          Case{"a@b@example.com", "Too many @"},
-                          Case{"a@@example", "Too many @"},
-                          Case{"nobody@example", "Missing the period"},
-                          Case{"@example.com", "Invalid format"},
-                          Case{"example.com@", "Invalid format"},
-                          Case{".nobody@example.com", "Invalid format"},
-                          Case{"nobody@com.", "Invalid format"},
-                          Case{"no body@example.com", "Invalid character"},
-                          Case{"nob+dy@example.com", "Invalid character"},
-                          Case{"nob\xc3\xb6"
-                               "dy@example.com",
-                               "Invalid character"},
-                          Case{"nobody@example.c", "Suffix too short"},
-                          Case{"nobody@example.info", "Suffix too long"},
-                          Case{"nobody@a.examples", "Suffix too long"},
-                          Case{"nobody@example.com", ""},
-                          Case{"NoBody_9-x@Example.Co.Uk", ""},
-                          Case{"  nobody@example.us  ", ""},
-                          Case{"no.body@exampl.e1", ""}}) {
+    for (const Case &c :
+         {// Refused.
+          Case{"", "Too short"}, Case{"a@b.com", "Too short"}, Case{"  a@b.com   ", "Too short"},
+          Case{"nobody.example.com", "Missing the @"}, Case{"a@b@example.com", "Too many @"},
+          Case{"a@@example", "Too many @"}, Case{"nobody@example", "Missing the period"},
+          Case{"@example.com", "Invalid format"}, Case{"example.com@", "Invalid format"},
+          Case{".nobody@example.com", "Invalid format"}, Case{"nobody@com.", "Invalid format"},
+          Case{"no body@example.com", "Invalid character"},
+          Case{"nob+dy@example.com", "Invalid character"},
+          Case{"nob\xc3\xb6"
+               "dy@example.com",
+               "Invalid character"},
+          Case{"nobody@example.c", "Suffix too short"},
+          Case{"nobody@example.info", "Suffix too long"},
+          Case{"nobody@a.examples", "Suffix too long"},
+          // Taken.
+          Case{"nobody@example.com", ""}, Case{"NoBody_9-x@Example.Co.Uk", ""},
+          Case{"  nobody@example.us  ", ""}, Case{"no.body@exampl.e1", ""}}) {
         QString message;
         EXPECT_EQ(ValidateEmail(QString::fromUtf8(c.address), message), *c.message == 0)
             << c.address;

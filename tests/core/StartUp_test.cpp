@@ -5,7 +5,9 @@
 #include "platform/db/Connection.h"
 #include "platform/settings/Registry.h"
 #include "platform/system/SingleInstance.h"
+#include "support/Raised.h"
 #include "support/ScriptedPrompts.h"
+#include "support/TestFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -70,17 +72,6 @@ protected:
         connection.Execute(u"Update tblSysOption set itemValue = ? where SysOption = ?"_s,
                            {value, key});
     }
-    static void write(const QString &file, const QByteArray &bytes)
-    {
-        QFile out(file);
-        ASSERT_TRUE(out.open(QIODevice::WriteOnly));
-        out.write(bytes);
-    }
-    static QByteArray bytes(const QString &file)
-    {
-        QFile in(file);
-        return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
-    }
     static QString guid() { return settings::registry().value(settings::ProductKey, u"GUID"_s); }
 
     void expectBackupProblem(const QString &description, int number)
@@ -114,11 +105,11 @@ TEST_F(StartUp, RunsItsStepsInOrder)
 {
     putDatabase();
     setOption(u"SECURITYONOFF"_s, u"1"_s);
-    const QByteArray before = bytes(live());
+    const QByteArray before = test::readFile(live());
     EXPECT_TRUE(Main(steps));
     EXPECT_EQ(course, QStringList({u"update"_s, u"instance"_s, u"migrate"_s, u"login"_s, u"role"_s,
                                    u"main"_s}));
-    EXPECT_EQ(bytes(backup()), before);
+    EXPECT_EQ(test::readFile(backup()), before);
     EXPECT_TRUE(connectionsAreOpen());
     EXPECT_EQ(gsDatabasePath, live());
     EXPECT_EQ(guid().size(), 32);
@@ -152,12 +143,12 @@ TEST_F(StartUp, TheWorkstationsGuidIsMadeOnce)
 TEST_F(StartUp, TheBackupHasTheVersionsNameAndTheLatestState)
 {
     putDatabase();
-    write(backup(), "of the day before");
+    test::writeFile(backup(), "of the day before");
     EXPECT_TRUE(BackupDB());
-    EXPECT_EQ(bytes(backup()), bytes(live()));
+    EXPECT_EQ(test::readFile(backup()), test::readFile(live()));
     settings::registry().setValue(settings::ProductKey, u"VERSION"_s, QString());
     EXPECT_TRUE(BackupDB());
-    EXPECT_EQ(bytes(backup(u"Quorvantis.mdb"_s)), bytes(live()));
+    EXPECT_EQ(test::readFile(backup(u"Quorvantis.mdb"_s)), test::readFile(live()));
     EXPECT_EQ(QDir(path(u"Data/Backup"_s)).entryList(QDir::Files).size(), 2);
 }
 
@@ -220,24 +211,18 @@ TEST_F(StartUp, AMissingDatabaseEndsTheProcess)
 
 TEST_F(StartUp, AFileThatIsNoDatabaseIsLeftAsItIs)
 {
-    const QByteArray whole = bytes(company.file());
+    const QByteArray whole = test::readFile(company.file());
     for (const QByteArray &content :
          {QByteArray(), QByteArray("Dear Sir or Madam"), QByteArray(100'000, '\0'),
           QByteArray(100'000, 'x') + whole.mid(100'000)}) {
-        write(live(), content);
+        test::writeFile(live(), content);
         course.clear();
-        QString description;
-        int number = 0;
-        try {
-            const db::Connection connection(target());
-        } catch (const base::Error &error) {
-            description = error.description();
-            number = error.number();
-        }
-        expectFailure(description + u" ("_s + live() + u')', number, u"ConnectToDB"_s);
+        const base::Error error = test::raisedBy([] { const db::Connection c(target()); });
+        expectFailure(error.description() + u" ("_s + live() + u')', error.number(),
+                      u"ConnectToDB"_s);
         EXPECT_FALSE(Main(steps));
         EXPECT_EQ(course.last(), u"end"_s);
-        EXPECT_EQ(bytes(live()), content);
+        EXPECT_EQ(test::readFile(live()), content);
     }
 }
 
@@ -285,13 +270,13 @@ TEST_F(StartUp, AnUnfinishedMigrationIsRemembered)
 TEST_F(StartUp, ADamagedRegistryEndsTheProcess)
 {
     putDatabase();
-    write(base::environment().registryFile, "nonsense");
+    test::writeFile(base::environment().registryFile, "nonsense");
     const QString description = u"The file with the program's settings is damaged at line 1: "_s +
                                 base::environment().registryFile;
     expectBackupProblem(description, settings::RegistryDamaged);
     expectFailure(description, settings::RegistryDamaged, u"ConnectToDB"_s);
     EXPECT_FALSE(Main(steps));
-    EXPECT_EQ(bytes(base::environment().registryFile), "nonsense");
+    EXPECT_EQ(test::readFile(base::environment().registryFile), "nonsense");
 }
 
 TEST_F(StartUp, AnErrorOfALaterStepEndsTheProcessWithItsMessage)
@@ -307,7 +292,7 @@ TEST_F(StartUp, AnErrorBehindTheMainFormLeavesItRunning)
 {
     putDatabase();
     const QString folder = base::environment().appData + u"/Quorvantis"_s;
-    write(folder, "a file in its place");
+    test::writeFile(folder, "a file in its place");
     expectFailure(u"The folder can't be made: "_s + folder, 75, u"Main"_s);
     EXPECT_TRUE(Main(steps));
     EXPECT_EQ(course.last(), u"main"_s);

@@ -2,7 +2,7 @@
 #include "core/database/ListFile.h"
 #include "core/database/Script.h"
 #include "core/database/sample/Calendar.h"
-#include "platform/base/Error.h"
+#include "support/Raised.h"
 
 #include <gtest/gtest.h>
 
@@ -63,13 +63,8 @@ TEST(ListFile, LinesThatFitNowhereAreRefusedWithTheirNumber)
 {
     for (const QString &text :
          {u"4 Type\n      Deep\n"_s, u"4 Type\n   Odd\n"_s, u"4 Type\nNoNumber Here\n"_s}) {
-        try {
-            (void)company::parseLists(text, 101);
-            ADD_FAILURE() << text.toStdString();
-        } catch (const base::Error &error) {
-            EXPECT_TRUE(error.description().startsWith(u"Line 2"_s))
-                << error.description().toStdString();
-        }
+        const base::Error error = test::raisedBy([&] { (void)company::parseLists(text, 101); });
+        EXPECT_TRUE(error.description().startsWith(u"Line 2"_s)) << error.what();
     }
 }
 

@@ -6,6 +6,7 @@
 #include "core/ui/frmQV_Log.h"
 #include "platform/base/Error.h"
 #include "support/ScriptedPrompts.h"
+#include "support/TestFiles.h"
 
 #include <QDesktopServices>
 #include <QDir>
@@ -238,9 +239,7 @@ TEST_F(ErrorForm, TheLogViewerShowsTheWholeLogOrNothing)
     EXPECT_EQ(shown(), QString());
     QDir().mkpath(base::applicationPath(u"\\Log"_s));
     const auto write = [](const QByteArray &bytes) {
-        QFile file(base::applicationPath(u"\\Log\\QVLog.txt"_s));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
+        test::writeFile(base::applicationPath(u"\\Log\\QVLog.txt"_s), bytes);
     };
     write("");
     EXPECT_EQ(shown(), QString());

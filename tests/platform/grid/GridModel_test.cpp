@@ -1,7 +1,7 @@
 #include "platform/grid/GridModel.h"
 
 #include "GridRows.h"
-#include "platform/base/Error.h"
+#include "support/Raised.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
@@ -65,22 +65,13 @@ TEST_F(GridModelOfParts, TellsAssistiveToolsWhatACellIs)
 
 TEST_F(GridModelOfParts, UnknownNamesAndRowsRaise)
 {
-    const auto number = [](const std::function<void()> &action) {
-        try {
-            action();
-        } catch (const base::Error &error) {
-            return error.number();
-        }
-        return 0;
-    };
-    EXPECT_EQ(number([&] { m_rows.column(u"Nothing").width = 1; }), base::ErrorNumber::NoSuchItem);
-    EXPECT_EQ(number([&] { m_rows.setValue(0, u"Nothing", 1); }), base::ErrorNumber::NoSuchItem);
-    EXPECT_EQ(number([&] {
-                  m_rows.insertRow({{u"Nothing"_s, 1}});
-              }),
-              base::ErrorNumber::NoSuchItem);
-    EXPECT_EQ(number([&] { static_cast<void>(m_rows.text(4, u"Price")); }),
-              base::ErrorNumber::InvalidCall);
+    const auto number = [](const auto &action) { return test::raisedBy(action).number(); };
+    using namespace base::ErrorNumber;
+    EXPECT_EQ(number([&] { m_rows.column(u"Nothing").width = 1; }), NoSuchItem);
+    EXPECT_EQ(number([&] { m_rows.setValue(0, u"Nothing", 1); }), NoSuchItem);
+    const QVariantMap unknown{{u"Nothing"_s, 1}};
+    EXPECT_EQ(number([&] { m_rows.insertRow(unknown); }), NoSuchItem);
+    EXPECT_EQ(number([&] { (void)m_rows.text(4, u"Price"); }), InvalidCall);
     EXPECT_EQ(m_rows.rowCount(), 4);
 }
 
@@ -189,19 +180,17 @@ TEST_F(GridModelOfParts, FindsByCriterionAmongChangedCellsToo)
         int from;
         int row;
     };
-    for (const Search &s : std::initializer_list<Search>{{u"[Description] like 'oil*'", 0, 1},
-                                                         {u"[Description] like 'oil*'", 2, 2},
-                                                         {u"Description like '*10w*'", 0, 2},
-                                                         {u"Description like 'mow*'", 0, -1},
-                                                         {u"Description = 'CHUTE'", 0, 0},
-                                                         {u"[Part Number] = 'c''3'", 0, 3},
-                                                         {u"[Part Number] like 'c''*'", 0, 3},
-                                                         {u"[Qty on Hand] = '10'", 0, 1},
-                                                         {u"Price >= 13", 0, 4},
-                                                         {u"Ordered = #01-31-2024#", 0, 2},
-                                                         {u"Ordered = '12/1/2024'", 0, 3},
-                                                         {u"Select = True", 0, 2},
-                                                         {u"Price = 12.5", 1, 2}})
+    const Search searches[] = {
+        // By texts.
+        Search{u"[Description] like 'oil*'", 0, 1}, Search{u"[Description] like 'oil*'", 2, 2},
+        Search{u"Description like '*10w*'", 0, 2}, Search{u"Description like 'mow*'", 0, -1},
+        Search{u"Description = 'CHUTE'", 0, 0}, Search{u"[Part Number] = 'c''3'", 0, 3},
+        Search{u"[Part Number] like 'c''*'", 0, 3},
+        // By numbers, dates and ticks.
+        Search{u"[Qty on Hand] = '10'", 0, 1}, Search{u"Price >= 13", 0, 4},
+        Search{u"Ordered = #01-31-2024#", 0, 2}, Search{u"Ordered = '12/1/2024'", 0, 3},
+        Search{u"Select = True", 0, 2}, Search{u"Price = 12.5", 1, 2}};
+    for (const Search &s : searches)
         EXPECT_EQ(m_rows.find(s.criterion, s.from), s.row) << s.criterion.toString().toStdString();
     EXPECT_THROW(static_cast<void>(m_rows.find(u"[Nothing] = 1")), base::Error);
     EXPECT_THROW(static_cast<void>(m_rows.find(u"[Price] near 1")), base::Error);

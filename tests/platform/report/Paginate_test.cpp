@@ -4,6 +4,7 @@
 #include "platform/report/paginate/TextFlow.h"
 
 #include "ReportRows.h"
+#include "support/TestFiles.h"
 
 #include <QTemporaryDir>
 #include <gmock/gmock.h>
@@ -419,10 +420,7 @@ TEST(Paginate, TheSinkEndsTheReport)
 TEST(Paginate, PicturesComeFromFilesAndRows)
 {
     QTemporaryDir folder;
-    QFile file(folder.filePath(u"logo.png"_s));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("12345");
-    file.close();
+    test::writeFile(folder.filePath(u"logo.png"_s), "12345");
     Inputs inputs;
     inputs.folder = folder.path();
     const Layout layout = smallLayout(

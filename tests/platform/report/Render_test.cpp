@@ -1,11 +1,12 @@
 #include "platform/base/Environment.h"
-#include "platform/base/Error.h"
 #include "platform/report/render/Export.h"
 #include "platform/report/render/PagePainter.h"
 #include "platform/report/render/SpreadsheetFile.h"
 #include "platform/report/render/TableColumns.h"
 
 #include "ReportRows.h"
+#include "support/Raised.h"
+#include "support/TestFiles.h"
 
 #include <QBuffer>
 #include <QDir>
@@ -59,12 +60,6 @@ protected:
         EXPECT_TRUE(outcome.problems.isEmpty());
         return path;
     }
-    static QByteArray contents(const QString &path)
-    {
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.readAll();
-    }
     /// What a program of the system prints, nothing where it isn't installed.
     static std::optional<QString> output(const QString &program, const QStringList &arguments)
     {
@@ -90,7 +85,7 @@ TEST_F(Export, KnowsFormatsByTheirEndings)
 
 TEST_F(Export, CsvHasALineForEachDetail)
 {
-    EXPECT_EQ(contents(write(partsLayout(), parts(), u"parts.csv"_s)).toStdString(),
+    EXPECT_EQ(test::readFile(write(partsLayout(), parts(), u"parts.csv"_s)).toStdString(),
               "\xEF\xBB\xBF"
               "Bin,Part,Price,Bought\r\n"
               "A1,\"Belt, 40\"\"\",12.5,03/05/2024\r\n"
@@ -104,7 +99,7 @@ TEST_F(Export, CsvOfASummaryHasALineForEachGroup)
     const Layout layout = layoutOf(R"x(<report version="1"><group name="Bin" by="Bin"/>
         <band kind="groupFooter" group="Bin"><field content="Bin"/><field name="Worth" content="sum(Price)" format="$0.00"/></band>
         <band kind="reportFooter"><field content="sum(Price)"/></band></report>)x");
-    EXPECT_EQ(contents(write(layout, parts(), u"bins.csv"_s)).toStdString(),
+    EXPECT_EQ(test::readFile(write(layout, parts(), u"bins.csv"_s)).toStdString(),
               "\xEF\xBB\xBF"
               "Bin,Worth\r\nA1,19.75\r\nB2,-3\r\n");
 }
@@ -117,7 +112,7 @@ TEST_F(Export, HtmlStandsForItself)
           <field content="Description" color="#24476d" bold="yes" border="bottom"/><line y="10mm" height="0mm"/></band>
         </report>)x");
     const Rows rows({u"Description"_s}, {{u"Oil <5W>"_s}});
-    const std::string html = contents(write(layout, rows, u"parts.html"_s)).toStdString();
+    const std::string html = test::readFile(write(layout, rows, u"parts.html"_s)).toStdString();
     // The ascent of 9 points is 288 units, so the line begins at the frame's top.
     EXPECT_THAT(html,
                 testing::StartsWith("<!DOCTYPE html>\n<html>\n<head>\n<meta charset=\"utf-8\">\n"
@@ -139,7 +134,7 @@ TEST_F(Export, PdfHasItsPagesAndTheirWords)
     // 40 mm of page hold the title, captions and four bands of 5 mm with the header; the rest goes
     // on.
     const QString path = write(partsLayout(), parts(), u"parts.pdf"_s);
-    const QByteArray bytes = contents(path);
+    const QByteArray bytes = test::readFile(path);
     EXPECT_TRUE(bytes.startsWith("%PDF-"));
     EXPECT_TRUE(bytes.trimmed().endsWith("%%EOF"));
     const auto information = output(u"pdfinfo"_s, {path});
@@ -157,7 +152,7 @@ TEST_F(Export, PdfHasItsPagesAndTheirWords)
 TEST_F(Export, SpreadsheetKeepsNumbersAndDates)
 {
     const QString path = write(partsLayout(), parts(), u"parts.xlsx"_s);
-    EXPECT_TRUE(contents(path).startsWith("PK"));
+    EXPECT_TRUE(test::readFile(path).startsWith("PK"));
     const auto sheet = output(u"unzip"_s, {u"-p"_s, path, u"xl/worksheets/sheet1.xml"_s});
     const auto styles = output(u"unzip"_s, {u"-p"_s, path, u"xl/styles.xml"_s});
     if (!sheet || !styles)
@@ -243,18 +238,13 @@ TEST_F(Export, AFullDiskIsToldAndLeavesTheFormerFile)
     const Rows rows({u"Bin"_s, u"Description"_s, u"Price"_s, u"Bought"_s}, many);
     for (const QString &ending : {u"pdf"_s, u"xlsx"_s, u"csv"_s, u"html"_s}) {
         const QString path = m_folder.filePath(u"parts."_s + ending);
-        QFile former(path);
-        ASSERT_TRUE(former.open(QIODevice::WriteOnly));
-        former.write("former");
-        former.close();
-        try {
+        test::writeFile(path, "former");
+        const base::Error error = test::raisedBy([&] {
             const SmallDisk disk(20'000);
             (void)exportReport(partsLayout(), rows, {}, path, *exportFormat(path));
-            ADD_FAILURE() << ending.toStdString() << " was written";
-        } catch (const base::Error &error) {
-            EXPECT_THAT(error.what(), testing::HasSubstr("can't be written"));
-        }
-        EXPECT_EQ(contents(path), "former");
+        });
+        EXPECT_THAT(error.what(), testing::HasSubstr("can't be written")) << ending.toStdString();
+        EXPECT_EQ(test::readFile(path), "former");
     }
     EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files).size(), 4) << "no half file stays";
 }

@@ -4,8 +4,8 @@
 #include "platform/base/Format.h"
 #include "platform/report/paginate/CsvSource.h"
 #include "support/CompanyDatabase.h"
+#include "support/TestFiles.h"
 
-#include <QFile>
 #include <gmock/gmock.h>
 
 namespace report {
@@ -58,16 +58,9 @@ protected:
     QString path(const QString &name) const { return m_folder.filePath(name); }
     void write(const QString &name, const QByteArray &text) const
     {
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
+        test::writeFile(path(name), text);
     }
-    std::string read(const QString &name) const
-    {
-        QFile file(path(name));
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.readAll().toStdString();
-    }
+    std::string read(const QString &name) const { return test::readFile(path(name)).toStdString(); }
     int run(const QStringList &arguments)
     {
         m_out.clear();

@@ -2,6 +2,7 @@
 #include "platform/report/viewer/ReportViewer.h"
 #include "platform/report/viewer/Thumbnails.h"
 #include "support/ScriptedPrompts.h"
+#include "support/TestFiles.h"
 
 #include "ReportRows.h"
 
@@ -203,9 +204,7 @@ TEST_F(Viewer, PrintsTheChosenPages)
     });
     QTest::keyClick(m_view, Qt::Key_P, Qt::ControlModifier);
     EXPECT_EQ(offered, 3);
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll().count("/Type /Page\n"), 2);
+    EXPECT_EQ(test::readFile(path).count("/Type /Page\n"), 2);
     m_viewer.setPrinterChooser([](QPrinter &, int, QWidget *) { return false; });
     EXPECT_FALSE(m_viewer.print());
     m_viewer.setPrinterChooser([&](QPrinter &printer, int, QWidget *) {

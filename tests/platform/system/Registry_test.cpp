@@ -1,6 +1,7 @@
-#include "platform/base/Error.h"
 #include "platform/settings/Registry.h"
+#include "support/Raised.h"
 #include "support/TestEnvironment.h"
+#include "support/TestFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -18,28 +19,16 @@ class Registry : public testing::Test
 {
 protected:
     static QString path() { return base::environment().registryFile; }
-    static void write(const QByteArray &bytes)
+    static void write(const QByteArray &bytes) { test::writeFile(path(), bytes); }
+    static QByteArray bytes() { return test::readFile(path()); }
+    template<class Action>
+    static int errorOf(Action &&action)
     {
-        QFile file(path());
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
-    static QByteArray bytes()
-    {
-        QFile file(path());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-    static int errorOf(const std::function<void()> &action)
-    {
-        try {
-            action();
-        } catch (const base::Error &error) {
-            EXPECT_TRUE(error.description().contains(QDir::toNativeSeparators(path())) ||
-                        error.number() == base::ErrorNumber::InvalidCall)
-                << error.what();
-            return error.number();
-        }
-        return 0;
+        const base::Error error = test::raisedBy(action);
+        EXPECT_TRUE(error.description().contains(QDir::toNativeSeparators(path())) ||
+                    error.number() == base::ErrorNumber::InvalidCall)
+            << error.what();
+        return error.number();
     }
 
     test::TestEnvironment environment;

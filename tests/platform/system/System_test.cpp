@@ -1,8 +1,9 @@
-#include "platform/base/Error.h"
 #include "platform/system/Files.h"
 #include "platform/system/OsVersion.h"
 #include "platform/system/Process.h"
 #include "platform/system/SingleInstance.h"
+#include "support/Raised.h"
+#include "support/TestFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -21,28 +22,18 @@ protected:
     QString path(const QString &name) const { return m_folder.filePath(name); }
     void write(const QString &name, const QByteArray &bytes) const
     {
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
+        test::writeFile(path(name), bytes);
     }
-    QByteArray bytes(const QString &name) const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : "(none)";
-    }
+    QByteArray bytes(const QString &name) const { return test::readFile(path(name)); }
     QStringList names() const { return QDir(m_folder.path()).entryList(QDir::Files, QDir::Name); }
 
     QTemporaryDir m_folder;
 };
 
-int errorOf(const std::function<void()> &action)
+template<class Action>
+int errorOf(Action &&action)
 {
-    try {
-        action();
-    } catch (const base::Error &error) {
-        return error.number();
-    }
-    return 0;
+    return test::raisedBy(action).number();
 }
 
 } // namespace
