@@ -224,6 +224,28 @@ qsizetype Writer::writeOutput(const Select &select, const SelectItem &item, std:
     return end;
 }
 
+namespace {
+
+/// What stands between the two sides of a join.
+QStringView joinWord(JoinKind kind)
+{
+    switch (kind) {
+    case JoinKind::Comma:
+        return u", ";
+    case JoinKind::Inner:
+        return u" JOIN ";
+    case JoinKind::Left:
+        return u" LEFT JOIN ";
+    case JoinKind::Right:
+        return u" RIGHT JOIN ";
+    case JoinKind::Full:
+        break;
+    }
+    return u" FULL JOIN ";
+}
+
+} // namespace
+
 void Writer::writeJoins(const JoinChain &chain)
 {
     for (const Join &member : chain) {
@@ -231,23 +253,7 @@ void Writer::writeJoins(const JoinChain &chain)
             writeJoinMember(member);
             continue;
         }
-        switch (member.kind) {
-        case JoinKind::Comma:
-            m_text += u", "_s;
-            break;
-        case JoinKind::Inner:
-            m_text += u" JOIN "_s;
-            break;
-        case JoinKind::Left:
-            m_text += u" LEFT JOIN "_s;
-            break;
-        case JoinKind::Right:
-            m_text += u" RIGHT JOIN "_s;
-            break;
-        case JoinKind::Full:
-            m_text += u" FULL JOIN "_s;
-            break;
-        }
+        m_text += joinWord(member.kind);
         writeJoinMember(member);
         if (member.condition) {
             m_text += u" ON "_s;

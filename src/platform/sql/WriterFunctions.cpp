@@ -3,6 +3,7 @@
 #include "platform/sql/Types.h"
 #include "platform/sql/Writer.h"
 
+#include <algorithm>
 #include <array>
 
 namespace sql {
@@ -37,6 +38,50 @@ const Interval *findInterval(QStringView name)
     }
     return nullptr;
 }
+
+/// A function whose one argument stands between two texts of the engine.
+struct Wrapped
+{
+    FunctionId id;
+    QStringView before;
+    ColumnKind kind; ///< as which the argument is written
+    QStringView after;
+};
+
+constexpr std::array wrapped = {
+    Wrapped{FunctionId::Abs, u"ABS(", ColumnKind::Real, u")"},
+    Wrapped{FunctionId::Avg, u"AVG(CAST(", ColumnKind::Real, u" AS DOUBLE PRECISION))"},
+    Wrapped{FunctionId::Count, u"COUNT(", ColumnKind::Unknown, u")"},
+    Wrapped{FunctionId::Max, u"MAX(", ColumnKind::Unknown, u")"},
+    Wrapped{FunctionId::Min, u"MIN(", ColumnKind::Unknown, u")"},
+    Wrapped{FunctionId::Sum, u"SUM(", ColumnKind::Real, u")"},
+    Wrapped{FunctionId::CCur, u"CAST(", ColumnKind::Unknown, u" AS NUMERIC(18,4))"},
+    Wrapped{FunctionId::DateValue, u"CAST(CAST(", ColumnKind::Date, u" AS DATE) AS TIMESTAMP)"},
+    Wrapped{FunctionId::CDbl, u"CAST(", ColumnKind::Real, u" AS DOUBLE PRECISION)"},
+    Wrapped{FunctionId::Chr, u"ASCII_CHAR(", ColumnKind::Integer, u")"},
+    Wrapped{FunctionId::Sgn, u"SIGN(", ColumnKind::Real, u")"},
+    Wrapped{FunctionId::Sqr, u"SQRT(", ColumnKind::Real, u")"},
+    Wrapped{FunctionId::Len, u"CHAR_LENGTH(", ColumnKind::Text, u")"},
+    Wrapped{FunctionId::Trim, u"TRIM(", ColumnKind::Text, u")"},
+    Wrapped{FunctionId::LTrim, u"TRIM(LEADING FROM ", ColumnKind::Text, u")"},
+    Wrapped{FunctionId::RTrim, u"TRIM(TRAILING FROM ", ColumnKind::Text, u")"},
+    Wrapped{FunctionId::UCase, u"UPPER(", ColumnKind::Text, u")"},
+    Wrapped{FunctionId::LCase, u"LOWER(", ColumnKind::Text, u")"},
+    Wrapped{FunctionId::Space, u"LPAD('', ", ColumnKind::Integer, u")"},
+};
+
+/// A part of a date that the engine extracts.
+struct DatePart
+{
+    FunctionId id;
+    QStringView unit;
+};
+
+constexpr std::array dateParts = {
+    DatePart{FunctionId::Year, u"YEAR"},     DatePart{FunctionId::Month, u"MONTH"},
+    DatePart{FunctionId::Day, u"DAY"},       DatePart{FunctionId::Hour, u"HOUR"},
+    DatePart{FunctionId::Minute, u"MINUTE"}, DatePart{FunctionId::Second, u"SECOND"},
+};
 
 } // namespace
 
@@ -73,42 +118,37 @@ void Writer::writeCall(const Expression &call)
     const auto one = [&](QStringView before, ColumnKind kind, QStringView after) {
         writeAround(before, first(), kind, after);
     };
-    switch (call.function->id) {
-    case FunctionId::Abs:
-        return one(u"ABS(", ColumnKind::Real, u")");
-    case FunctionId::Avg:
-        return one(u"AVG(CAST(", ColumnKind::Real, u" AS DOUBLE PRECISION))");
-    case FunctionId::Count:
-        return one(u"COUNT(", ColumnKind::Unknown, u")");
-    case FunctionId::Max:
-        return one(u"MAX(", ColumnKind::Unknown, u")");
-    case FunctionId::Min:
-        return one(u"MIN(", ColumnKind::Unknown, u")");
-    case FunctionId::Sum:
-        return one(u"SUM(", ColumnKind::Real, u")");
+    const FunctionId id = call.function->id;
+    if (const auto *found = std::ranges::find(wrapped, id, &Wrapped::id); found != wrapped.end())
+        return one(found->before, found->kind, found->after);
+    if (const auto *found = std::ranges::find(dateParts, id, &DatePart::id);
+        found != dateParts.end())
+        return writeDatePart(first(), found->unit);
+    const auto arguments = [&](QStringView name, std::initializer_list<ColumnKind> kinds) {
+        QStringView before = name;
+        std::size_t argument = 0;
+        for (const ColumnKind kind : kinds) {
+            writeAround(before, *operands[argument++], kind, {});
+            before = u", ";
+        }
+        m_text += u')';
+    };
+    switch (id) {
     case FunctionId::CBool:
         m_text += u"CASE ("_s;
         writeCondition(first());
         m_text += u") WHEN TRUE THEN -1 WHEN FALSE THEN 0 END"_s;
         return;
-    case FunctionId::CCur:
-        return one(u"CAST(", ColumnKind::Unknown, u" AS NUMERIC(18,4))");
     case FunctionId::CDate:
         if (isNumber(first().type)) {
             m_text += u'(' + zeroDate.toString();
             return one(u" + ", ColumnKind::Real, u")");
         }
         return one(u"CAST(", ColumnKind::Date, u" AS TIMESTAMP)");
-    case FunctionId::DateValue:
-        return one(u"CAST(CAST(", ColumnKind::Date, u" AS DATE) AS TIMESTAMP)");
-    case FunctionId::CDbl:
-        return one(u"CAST(", ColumnKind::Real, u" AS DOUBLE PRECISION)");
     case FunctionId::CInt:
         return writeRoundedToEven(first());
     case FunctionId::CStr:
         return writeCStr(first());
-    case FunctionId::Chr:
-        return one(u"ASCII_CHAR(", ColumnKind::Integer, u")");
     case FunctionId::Date:
         return writeMoment(Slot::Source::Today);
     case FunctionId::Now:
@@ -150,38 +190,17 @@ void Writer::writeCall(const Expression &call)
             raise(u"this interval of DatePart is not known."_s, call);
         return writeDatePart(*operands[1], interval->unit);
     }
-    case FunctionId::Year:
-        return writeDatePart(first(), u"YEAR");
-    case FunctionId::Month:
-        return writeDatePart(first(), u"MONTH");
-    case FunctionId::Day:
-        return writeDatePart(first(), u"DAY");
-    case FunctionId::Hour:
-        return writeDatePart(first(), u"HOUR");
-    case FunctionId::Minute:
-        return writeDatePart(first(), u"MINUTE");
-    case FunctionId::Second:
-        return writeDatePart(first(), u"SECOND");
     case FunctionId::Weekday:
         return writeWeekday(first());
     case FunctionId::Fix:
-        if (call.type == ColumnKind::Date)
-            return one(u"CAST(CAST(", ColumnKind::Date, u" AS DATE) AS TIMESTAMP)");
-        return one(u"TRUNC(", ColumnKind::Real, u")");
     case FunctionId::Int:
         if (call.type == ColumnKind::Date)
             return one(u"CAST(CAST(", ColumnKind::Date, u" AS DATE) AS TIMESTAMP)");
-        return one(u"FLOOR(", ColumnKind::Real, u")");
+        return one(id == FunctionId::Fix ? u"TRUNC(" : u"FLOOR(", ColumnKind::Real, u")");
     case FunctionId::Round:
         if (operands.size() == 1)
             return writeRoundedToEven(first());
-        m_text += u"ROUND("_s;
-        writeAround({}, first(), ColumnKind::Real, u", ");
-        return writeAround({}, *operands[1], ColumnKind::Integer, u")");
-    case FunctionId::Sgn:
-        return one(u"SIGN(", ColumnKind::Real, u")");
-    case FunctionId::Sqr:
-        return one(u"SQRT(", ColumnKind::Real, u")");
+        return arguments(u"ROUND(", {ColumnKind::Real, ColumnKind::Integer});
     case FunctionId::Val:
         m_text += u"CAST(COALESCE(NULLIF(SUBSTRING(TRIM("_s;
         writeText(first());
@@ -204,38 +223,19 @@ void Writer::writeCall(const Expression &call)
             m_text += isNumber(call.type) ? u", 0)"_s : u", '')"_s;
             return;
         }
-        one(u"COALESCE(", call.type, u", ");
-        return writeAround({}, *operands[1], call.type, u")");
-    case FunctionId::Len:
-        return one(u"CHAR_LENGTH(", ColumnKind::Text, u")");
+        return arguments(u"COALESCE(", {call.type, call.type});
     case FunctionId::Left:
-        one(u"LEFT(", ColumnKind::Text, u", ");
-        return writeAround({}, *operands[1], ColumnKind::Integer, u")");
+        return arguments(u"LEFT(", {ColumnKind::Text, ColumnKind::Integer});
     case FunctionId::Right:
-        one(u"RIGHT(", ColumnKind::Text, u", ");
-        return writeAround({}, *operands[1], ColumnKind::Integer, u")");
+        return arguments(u"RIGHT(", {ColumnKind::Text, ColumnKind::Integer});
     case FunctionId::Mid:
         return writeMid(call);
     case FunctionId::InStr:
         return writeInStr(call);
-    case FunctionId::Trim:
-        return one(u"TRIM(", ColumnKind::Text, u")");
-    case FunctionId::LTrim:
-        return one(u"TRIM(LEADING FROM ", ColumnKind::Text, u")");
-    case FunctionId::RTrim:
-        return one(u"TRIM(TRAILING FROM ", ColumnKind::Text, u")");
-    case FunctionId::UCase:
-        return one(u"UPPER(", ColumnKind::Text, u")");
-    case FunctionId::LCase:
-        return one(u"LOWER(", ColumnKind::Text, u")");
     case FunctionId::Replace:
-        one(u"REPLACE(", ColumnKind::Text, u", ");
-        writeAround({}, *operands[1], ColumnKind::Text, u", ");
-        return writeAround({}, *operands[2], ColumnKind::Text, u")");
-    case FunctionId::Space:
-        return one(u"LPAD('', ", ColumnKind::Integer, u")");
-    case FunctionId::IsNull:
-        return; // the resolver made it a condition
+        return arguments(u"REPLACE(", {ColumnKind::Text, ColumnKind::Text, ColumnKind::Text});
+    default:
+        return; // IsNull, of which the resolver made a condition; the others stand in the tables
     }
 }
 

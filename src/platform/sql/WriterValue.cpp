@@ -20,6 +20,26 @@ bool isNumberToken(const Token &token)
     return token.kind == TokenKind::Integer || token.kind == TokenKind::Real;
 }
 
+/// The engine's type as which a value of that kind is bound, where it isn't a text.
+QStringView boundType(ColumnKind kind)
+{
+    switch (kind) {
+    case ColumnKind::Integer:
+        return u"BIGINT";
+    case ColumnKind::Real:
+        return u"DOUBLE PRECISION";
+    case ColumnKind::Money:
+        // As exact as the column, whose index the engine would not use otherwise.
+        return u"NUMERIC(18,4)";
+    case ColumnKind::YesNo:
+        return u"SMALLINT";
+    case ColumnKind::Date:
+        return u"TIMESTAMP";
+    default:
+        return {};
+    }
+}
+
 QString realText(double value)
 {
     QString text = QString::number(value, 'g', 17);
@@ -112,35 +132,17 @@ void Writer::writeSlot(Slot slot, const Wanted &wanted, bool typed)
         m_plan.slots.push_back(slot);
         return;
     }
-    m_text += u"CAST(? AS "_s;
-    switch (slot.kind) {
-    case ColumnKind::Integer:
-        // A whole number may be compared with 2.5, but an operand keeps being whole.
-        if (wanted.place == Place::Operand) {
-            m_text += u"BIGINT"_s;
-            break;
-        }
+    // A whole number may be compared with 2.5, but an operand keeps being whole.
+    if (slot.kind == ColumnKind::Integer && wanted.place != Place::Operand)
         slot.kind = ColumnKind::Real;
-        [[fallthrough]];
-    case ColumnKind::Real:
-        m_text += u"DOUBLE PRECISION"_s;
-        break;
-    case ColumnKind::Money:
-        // As exact as the column, whose index the engine would not use otherwise.
-        m_text += u"NUMERIC(18,4)"_s;
-        break;
-    case ColumnKind::YesNo:
-        m_text += u"SMALLINT"_s;
-        break;
-    case ColumnKind::Date:
-        m_text += u"TIMESTAMP"_s;
-        break;
-    default: {
+    m_text += u"CAST(? AS "_s;
+    if (const QStringView type = boundType(slot.kind); !type.isEmpty()) {
+        m_text += type;
+    } else {
         int length = wanted.place == Place::Operand ? patternLength : comparedLength;
         if (wanted.place == Place::Compared && wanted.length > 0)
             slot.length = length = wanted.length + 1;
         m_text += u"VARCHAR("_s + QString::number(length) + u')';
-    }
     }
     m_text += u')';
     m_plan.slots.push_back(slot);
