@@ -7,132 +7,149 @@
 namespace shell {
 namespace {
 
-constexpr MenuEntry menu(const char *name, const char *caption, const char *parent = "")
+/// A menu, through which its entries get their places.
+struct Menu
 {
-    return {MenuKind::Menu, name, caption, parent, "", nullptr};
-}
+    const char *name;
 
-constexpr MenuEntry entry(const char *parent, const char *name, const char *caption,
-                          const char *purpose, bool Rights::*right = nullptr)
-{
-    return {MenuKind::Entry, name, caption, parent, purpose, right};
-}
+    constexpr MenuEntry shown(const char *caption, const char *parent = "") const
+    {
+        return {MenuKind::Menu, name, caption, parent, "", nullptr};
+    }
+    constexpr MenuEntry entry(const char *entryName, const char *caption, const char *purpose,
+                              bool Rights::*right = nullptr) const
+    {
+        return {MenuKind::Entry, entryName, caption, name, purpose, right};
+    }
+    constexpr MenuEntry separator(const char *separatorName) const
+    {
+        return {MenuKind::Separator, separatorName, "", name, "", nullptr};
+    }
+};
 
-constexpr MenuEntry separator(const char *parent, const char *name)
-{
-    return {MenuKind::Separator, name, "", parent, "", nullptr};
-}
+constexpr Menu file{"mnuFile"};
+constexpr Menu passwords{"munPasswords"};
+constexpr Menu workOrder{"mnuWorkOrder"};
+constexpr Menu view{"mnuView"};
+constexpr Menu add{"mnuAdd"};
+constexpr Menu equipment{"mnuEquipment"};
+constexpr Menu reports{"mnuReports"};
+constexpr Menu equipmentReports{"mnuEquipmentReports"};
+constexpr Menu serviceReports{"mnuServiceReports"};
+constexpr Menu inventoryReports{"mnuInventoryReports"};
+constexpr Menu customReport{"mnuCustomReport"};
+constexpr Menu help{"mnuHelp"};
 
 // clang-format off
 constexpr std::array tree{
-    menu("mnuFile", "File"),
-    entry("mnuFile", "mnuCompactDB", "Compact And Repair Database",
+    file.shown("File"),
+    file.entry("mnuCompactDB", "Compact And Repair Database",
           "Makes the database file smaller and mends it"),
-    entry("mnuFile", "mnuExportXml", "Export To Windows Mobile",
+    file.entry("mnuExportXml", "Export To Windows Mobile",
           "Writes the exchange file for the handheld"),
-    entry("mnuFile", "mnuImporttXml", "Import From Windows Mobile",
+    file.entry("mnuImporttXml", "Import From Windows Mobile",
           "Reads what the handheld has recorded"),
-    entry("mnuFile", "mnuSetup", "Setup", "Company, warning days, security and lookup lists"),
-    menu("munPasswords", "Passwords", "mnuFile"),
-    entry("munPasswords", "mnuChangePassword", "Change Password", "Changes your own password"),
-    entry("munPasswords", "mnuusrmanagement", "User Management",
+    file.entry("mnuSetup", "Setup", "Company, warning days, security and lookup lists"),
+    passwords.shown("Passwords", file.name),
+    passwords.entry("mnuChangePassword", "Change Password", "Changes your own password"),
+    passwords.entry("mnuusrmanagement", "User Management",
           "Users, their passwords and their rights"),
-    entry("mnuFile", "mnuUpdateDatabase", "Update Database",
+    file.entry("mnuUpdateDatabase", "Update Database",
           "Brings the database to this program's release"),
-    entry("mnuFile", "mnumakebackup", "Make a BackUp", "Copies the database to another place"),
-    entry("mnuFile", "mnurestorebackup", "Restore a BackUp",
+    file.entry("mnumakebackup", "Make a BackUp", "Copies the database to another place"),
+    file.entry("mnurestorebackup", "Restore a BackUp",
           "Puts a copy in the place of the database"),
-    entry("mnuFile", "mnuExit", "E&xit", "Ends the program"),
+    file.entry("mnuExit", "E&xit", "Ends the program"),
 
-    menu("mnuWorkOrder", "&Work Order"),
-    entry("mnuWorkOrder", "mnuRecordWork", "Record Work",
+    workOrder.shown("&Work Order"),
+    workOrder.entry("mnuRecordWork", "Record Work",
           "Enters what the mechanics have done on their work orders"),
-    entry("mnuWorkOrder", "mnuPrintWO", "Print W/O",
+    workOrder.entry("mnuPrintWO", "Print W/O",
           "Makes and prints work orders for what has fallen due"),
 
-    menu("mnuView", "View"),
-    entry("mnuView", "mnuViewEqipment", "Equipment", "The register of machines"),
-    entry("mnuView", "mnuViewService", "Service", "The catalogue of services"),
-    entry("mnuView", "mnuViewSupplier", "Supplier", "The suppliers"),
-    entry("mnuView", "mnuViewEmployee", "Employee", "The employees"),
-    entry("mnuView", "mnuViewPart", "Parts", "The parts inventory"),
+    view.shown("View"),
+    view.entry("mnuViewEqipment", "Equipment", "The register of machines"),
+    view.entry("mnuViewService", "Service", "The catalogue of services"),
+    view.entry("mnuViewSupplier", "Supplier", "The suppliers"),
+    view.entry("mnuViewEmployee", "Employee", "The employees"),
+    view.entry("mnuViewPart", "Parts", "The parts inventory"),
 
-    menu("mnuAdd", "Add"),
-    entry("mnuAdd", "mnuAddEquipment", "Equipment", "Enters a new machine"),
-    entry("mnuAdd", "mnuAddService", "Service", "Enters a new service"),
-    entry("mnuAdd", "mnuAddSupplier", "Supplier", "Enters a new supplier"),
-    entry("mnuAdd", "mnuAddEmployee", "Employee", "Enters a new employee"),
-    entry("mnuAdd", "mnuAddPart", "Part", "Enters a new part"),
+    add.shown("Add"),
+    add.entry("mnuAddEquipment", "Equipment", "Enters a new machine"),
+    add.entry("mnuAddService", "Service", "Enters a new service"),
+    add.entry("mnuAddSupplier", "Supplier", "Enters a new supplier"),
+    add.entry("mnuAddEmployee", "Employee", "Enters a new employee"),
+    add.entry("mnuAddPart", "Part", "Enters a new part"),
 
-    menu("mnuEquipment", "&Equipment"),
-    entry("mnuEquipment", "mnuRecordCount", "Record Count", "Enters meter readings",
+    equipment.shown("&Equipment"),
+    equipment.entry("mnuRecordCount", "Record Count", "Enters meter readings",
           &Rights::EqCountSheet),
-    entry("mnuEquipment", "munInspectiondate", "Inspection Date Reading ",
+    equipment.entry("munInspectiondate", "Inspection Date Reading ",
           "Enters inspection dates of many machines", &Rights::InspDatReading),
-    entry("mnuEquipment", "munLicenseDate", "License Renewal Date Reading",
+    equipment.entry("munLicenseDate", "License Renewal Date Reading",
           "Enters license renewal dates of many machines", &Rights::LicRenDateReading),
-    entry("mnuEquipment", "mnuPrintCount", "Print Count", "The sheet for taking meter readings",
+    equipment.entry("mnuPrintCount", "Print Count", "The sheet for taking meter readings",
           &Rights::EqCountSheet),
 
-    menu("mnuReports", "&Reports"),
-    menu("mnuEquipmentReports", "Equipment Reports", "mnuReports"),
-    entry("mnuEquipmentReports", "mnuEquipmentList", "Equipment List", "All machines, short",
+    reports.shown("&Reports"),
+    equipmentReports.shown("Equipment Reports", reports.name),
+    equipmentReports.entry("mnuEquipmentList", "Equipment List", "All machines, short",
           &Rights::EqList),
-    entry("mnuEquipmentReports", "mnuEquipmentDetailList", "Equipment Detail List",
+    equipmentReports.entry("mnuEquipmentDetailList", "Equipment Detail List",
           "All machines, wide"),
-    entry("mnuEquipmentReports", "mnuEquipmentDetails", "Equipment Details",
+    equipmentReports.entry("mnuEquipmentDetails", "Equipment Details",
           "Everything about chosen machines", &Rights::EqDetail),
-    entry("mnuEquipmentReports", "mnuEquipmentCrewHistory", "Equipment Crew History",
+    equipmentReports.entry("mnuEquipmentCrewHistory", "Equipment Crew History",
           "Which crew had which machine, and when", &Rights::EqCrewHistory),
-    entry("mnuEquipmentReports", "mnuExpensesOnEquip", "Expenses On Equipment",
+    equipmentReports.entry("mnuExpensesOnEquip", "Expenses On Equipment",
           "What chosen machines have cost", &Rights::ExpOnEq),
-    entry("mnuEquipmentReports", "mnuEquipmentUtilization", "Equipment Utilization",
+    equipmentReports.entry("mnuEquipmentUtilization", "Equipment Utilization",
           "How much machines were used", &Rights::EqUtilization),
-    entry("mnuEquipmentReports", "mnuEquipmentScanHistory", "Equipment Scan History",
+    equipmentReports.entry("mnuEquipmentScanHistory", "Equipment Scan History",
           "Where and when machines were scanned", &Rights::EqScanHistory),
-    entry("mnuEquipmentReports", "mnuEquipmentInspectionReport", "Equipment Inspection Report",
+    equipmentReports.entry("mnuEquipmentInspectionReport", "Equipment Inspection Report",
           "Inspections that come due", &Rights::InspDatReading),
-    entry("mnuEquipmentReports", "mnuEquipmentLicenseReport", "Equipment License Report",
+    equipmentReports.entry("mnuEquipmentLicenseReport", "Equipment License Report",
           "Licenses that come due for renewal", &Rights::LicRenDateReading),
-    entry("mnuReports", "mnuWorkorderhistoryReport", "Work Order History",
+    reports.entry("mnuWorkorderhistoryReport", "Work Order History",
           "Posted work orders of a period", &Rights::WOHistory),
-    menu("mnuServiceReports", "Service Reports", "mnuReports"),
-    entry("mnuServiceReports", "mnuServiceHistory", "Service History $",
+    serviceReports.shown("Service Reports", reports.name),
+    serviceReports.entry("mnuServiceHistory", "Service History $",
           "Services done and what they cost", &Rights::SerHistory),
-    entry("mnuServiceReports", "mnuServiceByUnitno", "Services By Equipment Name",
+    serviceReports.entry("mnuServiceByUnitno", "Services By Equipment Name",
           "The services of each machine", &Rights::SerEqName),
-    entry("mnuServiceReports", "mnuServiceList", "List Of Services", "The whole catalogue",
+    serviceReports.entry("mnuServiceList", "List Of Services", "The whole catalogue",
           &Rights::SerList),
-    entry("mnuServiceReports", "mnuServicesHistoryTimes", "Services History Times",
+    serviceReports.entry("mnuServicesHistoryTimes", "Services History Times",
           "Time spent on services", &Rights::SerHistoryTime),
-    menu("mnuInventoryReports", "Inventory Reports", "mnuReports"),
-    entry("mnuInventoryReports", "mnuInventoryReport", "Inventory Report",
+    inventoryReports.shown("Inventory Reports", reports.name),
+    inventoryReports.entry("mnuInventoryReport", "Inventory Report",
           "Parts with stock and value", &Rights::InvReport),
-    entry("mnuInventoryReports", "mnuInventoryReorder", "Inventory Reorder",
+    inventoryReports.entry("mnuInventoryReorder", "Inventory Reorder",
           "Parts at or below their reorder level", &Rights::InvReorderReport),
-    entry("mnuInventoryReports", "mnuInventoryOrderUpcommingServices",
+    inventoryReports.entry("mnuInventoryOrderUpcommingServices",
           "Inventory Order For Upcomming Services", "Parts that services due soon will need",
           &Rights::InvOrUpSer),
-    entry("mnuInventoryReports", "mnuInventoryPartUsage", "Inventory Part Usage",
+    inventoryReports.entry("mnuInventoryPartUsage", "Inventory Part Usage",
           "Which machines and services use a part", &Rights::InvPartUsage),
-    entry("mnuInventoryReports", "mnuInventoryPartHistory", "Inventory Part History",
+    inventoryReports.entry("mnuInventoryPartHistory", "Inventory Part History",
           "Parts used in a period", &Rights::InvPartHistory),
-    separator("mnuReports", "mnuReportDash"),
-    entry("mnuReports", "mnuErrorReport", "Error Report", "Errors that this program has met"),
-    separator("mnuReports", "mnuReportDash2"),
-    menu("mnuCustomReport", "Custom Reports", "mnuReports"),
-    entry("mnuCustomReport", "mnuNewReport", "Create New Report", "Designs a report of your own"),
-    entry("mnuCustomReport", "mnuViewUserReport", "View Custom Report", "Opens a report of your own"),
-    entry("mnuCustomReport", "mnuModifyReport", "Modify Reports", "Changes the layout of a report"),
+    reports.separator("mnuReportDash"),
+    reports.entry("mnuErrorReport", "Error Report", "Errors that this program has met"),
+    reports.separator("mnuReportDash2"),
+    customReport.shown("Custom Reports", reports.name),
+    customReport.entry("mnuNewReport", "Create New Report", "Designs a report of your own"),
+    customReport.entry("mnuViewUserReport", "View Custom Report", "Opens a report of your own"),
+    customReport.entry("mnuModifyReport", "Modify Reports", "Changes the layout of a report"),
 
-    menu("mnuHelp", "Help"),
-    entry("mnuHelp", "mnuQuorvantisHelp", "Quorvantis Help", "Opens the help"),
-    entry("mnuHelp", "mnuQuorvantisOnline", "Quorvantis Online",
+    help.shown("Help"),
+    help.entry("mnuQuorvantisHelp", "Quorvantis Help", "Opens the help"),
+    help.entry("mnuQuorvantisOnline", "Quorvantis Online",
           "Opens the product's web page in your browser"),
-    entry("mnuHelp", "mnuQickStart", "Quick Start Manual", "Opens the manual for the first day"),
-    entry("mnuHelp", "mnuContactUs", "Contact Us", "Opens the maker's contact page in your browser"),
-    entry("mnuHelp", "mnuCheckForUpdates", "Check For Updates", "Looks for a newer release"),
-    entry("mnuHelp", "mnuAboutQuorvantis", "About Quorvantis", "The program and its version"),
+    help.entry("mnuQickStart", "Quick Start Manual", "Opens the manual for the first day"),
+    help.entry("mnuContactUs", "Contact Us", "Opens the maker's contact page in your browser"),
+    help.entry("mnuCheckForUpdates", "Check For Updates", "Looks for a newer release"),
+    help.entry("mnuAboutQuorvantis", "About Quorvantis", "The program and its version"),
 };
 
 constexpr std::array<QuickLink, 8> links{{
@@ -148,9 +165,10 @@ constexpr std::array<QuickLink, 8> links{{
 }};
 // clang-format on
 
-constexpr QuickFindTarget equipment{"UnitNo", "Unit No", "tblEquipment", "frmEquipment"};
-constexpr QuickFindTarget supplier{"Name", "Supplier Name", "tblSupplier", "frmSupplier"};
-constexpr QuickFindTarget employee{"EmployeeID", "Employee Number", "tblEmployee", "frmEmployee"};
+constexpr QuickFindTarget equipmentSearch{"UnitNo", "Unit No", "tblEquipment", "frmEquipment"};
+constexpr QuickFindTarget supplierSearch{"Name", "Supplier Name", "tblSupplier", "frmSupplier"};
+constexpr QuickFindTarget employeeSearch{"EmployeeID", "Employee Number", "tblEmployee",
+                                         "frmEmployee"};
 
 } // namespace
 
@@ -180,11 +198,11 @@ const QuickFindTarget *quickFindTarget(int quickLink)
 {
     switch (quickLink) {
     case EquipmentLink:
-        return &equipment;
+        return &equipmentSearch;
     case SuppliersLink:
-        return &supplier;
+        return &supplierSearch;
     case EmployeesLink:
-        return &employee;
+        return &employeeSearch;
     default:
         return nullptr;
     }
