@@ -44,17 +44,25 @@ QString addressText(QString text)
 
 } // namespace
 
-bool ErrorHandler(const QString &ModuleName, const QString &ProcedureName, int ErrNumber,
-                  const QString &ErrDescription, const QString &, int LineNumber)
+ErrorReport trimmedReport(const QString &ModuleName, const QString &ProcedureName, int ErrNumber,
+                          const QString &ErrDescription, int LineNumber)
 {
-    if (ErrNumber == 0)
-        return false;
     ErrorReport report;
     report.ModuleName = ModuleName.trimmed();
     report.ProcedureName = ProcedureName.trimmed();
     report.ErrNumber = ErrNumber;
     report.ErrDescription = ErrDescription.trimmed();
     report.LineNumber = LineNumber;
+    return report;
+}
+
+bool ErrorHandler(const QString &ModuleName, const QString &ProcedureName, int ErrNumber,
+                  const QString &ErrDescription, const QString &, int LineNumber)
+{
+    if (ErrNumber == 0)
+        return false;
+    const ErrorReport report =
+        trimmedReport(ModuleName, ProcedureName, ErrNumber, ErrDescription, LineNumber);
     // A copy, since the form runs an event loop in which it may be replaced.
     if (const ErrorReportForm form = currentForm()) {
         form(report);

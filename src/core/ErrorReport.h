@@ -17,6 +17,11 @@ struct ErrorReport
     QString UserEmail; ///< the sender's address
 };
 
+/// A report of these values without blanks around them.
+[[nodiscard]] ErrorReport trimmedReport(const QString &ModuleName, const QString &ProcedureName,
+                                        int ErrNumber, const QString &ErrDescription,
+                                        int LineNumber);
+
 /// Shows one error modally and comes back when its form is closed.
 using ErrorReportForm = std::function<void(const ErrorReport &)>;
 /// Sets what ErrorHandler shows an error with; returns the one set before. Without one an error

@@ -2,8 +2,8 @@
 #include "platform/base/Environment.h"
 #include "platform/report/layout/LayoutFile.h"
 #include "platform/report/paginate/Paginator.h"
+#include "platform/report/paginate/RecordsetSource.h"
 #include "reporting/ReportFiles.h"
-#include "reporting/ReportRows.h"
 #include "scheduling/Readings.h"
 #include "workorders/Statements.h"
 
@@ -79,7 +79,7 @@ TEST_F(Reports, EveryDeliveredLayoutFitsItsQuery)
         EXPECT_TRUE(reading.warnings.isEmpty()) << qPrintable(reading.warnings.join(u'\n'));
         EXPECT_TRUE(reading.layout->find(u"lblCompanyName")) << delivered.layout;
 
-        ReportRows rows(delivered.rows());
+        report::RecordsetSource rows(delivered.rows());
         rows.addOnce(u"LaborOnce"_s, u"CostEstimate"_s, u"ServiceUSedID"_s);
         ASSERT_GT(rows.rowCount(), 0) << delivered.layout;
         QStringList problems;
@@ -94,7 +94,7 @@ TEST_F(Reports, EveryDeliveredLayoutFitsItsQuery)
 
 TEST_F(Reports, AWorkOrderBeginsAPageAndBearsItsNumberTwice)
 {
-    ReportRows rows(openOrders());
+    report::RecordsetSource rows(openOrders());
     rows.sortBy({u"WorkorderNo"_s, u"NserviceUsedID"_s, u"PartID"_s});
     const int number = rows.fieldIndex(u"WorkorderNo"_s);
     QSet<qint64> orders;
@@ -118,7 +118,7 @@ TEST_F(Reports, AWorkOrderBeginsAPageAndBearsItsNumberTwice)
 
 TEST_F(Reports, ACostOfAServiceCountsOnceHoweverManyPartsItHas)
 {
-    ReportRows rows(gcnData->Open(
+    report::RecordsetSource rows(gcnData->Open(
         u"Select 1 as Service, 10 as Cost, 'a' as Part from tblCrew where CrewID = (Select "
         u"min(CrewID) "
         "from tblCrew) union all Select 1, 10, 'b' from tblCrew where CrewID = (Select min(CrewID) "

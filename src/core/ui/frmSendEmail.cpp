@@ -77,12 +77,8 @@ void frmSendEmail::ShowErrorReportDetails(const QString &ModuleName, const QStri
                                           int ErrNumber, const QString &ErrDescription,
                                           int LineNumber, int &Result)
 {
-    ErrorReport report;
-    report.ModuleName = ModuleName.trimmed();
-    report.ProcedureName = ProcedureName.trimmed();
-    report.ErrNumber = ErrNumber;
-    report.ErrDescription = ErrDescription.trimmed();
-    report.LineNumber = LineNumber;
+    const ErrorReport report =
+        trimmedReport(ModuleName, ProcedureName, ErrNumber, ErrDescription, LineNumber);
     // The procedure that failed may have set the wait cursor.
     const CursorShape arrow(Qt::ArrowCursor);
     frmSendEmail form(report, QApplication::activeWindow());

@@ -45,6 +45,18 @@ std::span<const unsigned char> blockOf(Transaction::Mode mode)
     return writeMode;
 }
 
+/// What the engine is told whether the file is made or opened.
+void addCommonParameters(ParameterBlock &block, const Target &target)
+{
+    block.tag(isc_dpb_utf8_filename);
+    block.text(isc_dpb_user_name, target.user);
+    if (!target.host.isEmpty())
+        block.text(isc_dpb_password, target.password);
+    block.text(isc_dpb_lc_ctype, u"UTF8"_s);
+    block.number(isc_dpb_sql_dialect, dialect);
+    block.number(isc_dpb_num_buffers, pageBuffers);
+}
+
 } // namespace
 
 QByteArray placeOf(const Target &target)
@@ -100,14 +112,8 @@ Attachment::Attachment(const Target &target, Disposition disposition)
 {
     if (disposition == Disposition::Create) {
         ParameterBlock block(ParameterBlock::Kind::Attach);
-        block.tag(isc_dpb_utf8_filename);
-        block.text(isc_dpb_user_name, target.user);
-        if (!target.host.isEmpty())
-            block.text(isc_dpb_password, target.password);
-        block.text(isc_dpb_lc_ctype, u"UTF8"_s);
-        block.number(isc_dpb_sql_dialect, dialect);
+        addCommonParameters(block, target);
         block.number(isc_dpb_page_size, pageSize);
-        block.number(isc_dpb_num_buffers, pageBuffers);
         block.number(isc_dpb_force_write, target.forcedWrites ? 1 : 0);
         block.text(isc_dpb_set_db_charset, u"UTF8"_s);
         m_attachment.reset(provider()->createDatabase(&m_status, placeOf(target).constData(),
@@ -136,13 +142,7 @@ Attachment::~Attachment()
 void Attachment::attach(const Target &target, bool setForcedWrites)
 {
     ParameterBlock block(ParameterBlock::Kind::Attach);
-    block.tag(isc_dpb_utf8_filename);
-    block.text(isc_dpb_user_name, target.user);
-    if (!target.host.isEmpty())
-        block.text(isc_dpb_password, target.password);
-    block.text(isc_dpb_lc_ctype, u"UTF8"_s);
-    block.number(isc_dpb_sql_dialect, dialect);
-    block.number(isc_dpb_num_buffers, pageBuffers);
+    addCommonParameters(block, target);
     if (setForcedWrites)
         block.number(isc_dpb_force_write, target.forcedWrites ? 1 : 0);
     m_attachment.reset(provider()->attachDatabase(&m_status, placeOf(target).constData(),

@@ -70,10 +70,17 @@ bool passesKey(int code, TypeCheck type)
     return false;
 }
 
-bool isWord(QStringView text, QStringView word, char16_t number)
+/// The value that a text names: by its word in any case, or by its place among them, from "0".
+template<class Value>
+std::optional<Value> meant(QStringView text,
+                           std::initializer_list<std::pair<QStringView, Value>> words)
 {
-    return text.compare(word, Qt::CaseInsensitive) == 0 ||
-           (text.size() == 1 && text.front() == QChar(number));
+    int place = 0;
+    for (const auto &[word, value] : words) {
+        if (text.compare(word, Qt::CaseInsensitive) == 0 || text == QString::number(place++))
+            return value;
+    }
+    return std::nullopt;
 }
 
 /// What one rule makes of an inserted part; rest is the text around it.
@@ -195,22 +202,12 @@ bool Type_Check(int keyCode, TypeCheck type, KeyEvent event)
 
 bool Type_Check(int keyCode, QStringView type, QStringView event)
 {
-    std::optional<TypeCheck> typeCheck;
-    if (isWord(type, u"STRING", u'0'))
-        typeCheck = TypeCheck::String;
-    else if (isWord(type, u"INT", u'1'))
-        typeCheck = TypeCheck::Int;
-    else if (isWord(type, u"DOUBLE", u'2'))
-        typeCheck = TypeCheck::Double;
-
-    std::optional<KeyEvent> keyEvent;
-    if (isWord(event, u"KEYUP", u'0'))
-        keyEvent = KeyEvent::KeyUp;
-    else if (isWord(event, u"KEYDOWN", u'1'))
-        keyEvent = KeyEvent::KeyDown;
-    else if (isWord(event, u"KEYPRESS", u'2'))
-        keyEvent = KeyEvent::KeyPress;
-
+    const auto typeCheck = meant<TypeCheck>(
+        type,
+        {{u"STRING", TypeCheck::String}, {u"INT", TypeCheck::Int}, {u"DOUBLE", TypeCheck::Double}});
+    const auto keyEvent = meant<KeyEvent>(event, {{u"KEYUP", KeyEvent::KeyUp},
+                                                  {u"KEYDOWN", KeyEvent::KeyDown},
+                                                  {u"KEYPRESS", KeyEvent::KeyPress}});
     return typeCheck && keyEvent && Type_Check(keyCode, *typeCheck, *keyEvent);
 }
 

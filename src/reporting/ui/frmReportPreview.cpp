@@ -8,9 +8,9 @@
 #include "platform/base/Trapped.h"
 #include "platform/input/FormBuilder.h"
 #include "platform/input/Theme.h"
+#include "platform/report/paginate/RecordsetSource.h"
 #include "platform/report/viewer/ReportViewer.h"
 #include "reporting/ReportFiles.h"
-#include "reporting/ReportRows.h"
 #include "scheduling/Readings.h"
 
 #include <QApplication>
@@ -51,10 +51,11 @@ struct Report
     std::optional<OnceField> once{};
 };
 
-std::shared_ptr<ReportRows> rowsOf(const Report &report, const std::function<db::Recordset()> &open)
+std::shared_ptr<report::RecordsetSource> rowsOf(const Report &report,
+                                                const std::function<db::Recordset()> &open)
 {
     const BusyPointer busy;
-    auto rows = std::make_shared<ReportRows>(open());
+    auto rows = std::make_shared<report::RecordsetSource>(open());
     rows->sortBy(report.sort);
     if (report.once)
         rows->addOnce(report.once->name, report.once->field, report.once->key);
@@ -96,7 +97,8 @@ frmReportPreview::frmReportPreview(const QString &title, QWidget *parent)
     connect(cmdExit, &QPushButton::clicked, this, [this] { unload(); });
 }
 
-void frmReportPreview::show(const report::Layout &layout, std::shared_ptr<ReportRows> rows,
+void frmReportPreview::show(const report::Layout &layout,
+                            std::shared_ptr<report::RecordsetSource> rows,
                             const QHash<QString, QString> &texts)
 {
     report::Inputs inputs;

@@ -6,9 +6,9 @@
 #include <memory>
 
 class QPushButton;
-class ReportRows;
 
 namespace report {
+class RecordsetSource;
 class ReportViewer;
 struct Layout;
 } // namespace report
@@ -22,7 +22,7 @@ public:
     explicit frmReportPreview(const QString &title, QWidget *parent = nullptr);
 
     /// Lays the rows out, with the company's name and the other named texts.
-    void show(const report::Layout &layout, std::shared_ptr<ReportRows> rows,
+    void show(const report::Layout &layout, std::shared_ptr<report::RecordsetSource> rows,
               const QHash<QString, QString> &texts = {});
 
 private:

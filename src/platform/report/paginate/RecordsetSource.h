@@ -3,30 +3,41 @@
 #include "platform/db/Recordset.h"
 #include "platform/report/paginate/DataSource.h"
 
-#include <utility>
+#include <QStringList>
+#include <vector>
 
 namespace report {
 
-/// The rows of a query as a report reads them. Whoever uses it links platform_db.
+/// A recordset as the rows of a report. Reports group their rows and so need them sorted, which
+/// the queries leave open.
 class RecordsetSource final : public DataSource
 {
 public:
-    explicit RecordsetSource(db::Recordset rows)
-        : m_rows(std::move(rows))
-    {}
+    explicit RecordsetSource(db::Recordset rows);
 
-    [[nodiscard]] int rowCount() const override { return m_rows.RecordCount(); }
-    [[nodiscard]] int fieldIndex(const QString &name) const override
-    {
-        return m_rows.columnIndex(name);
-    }
-    [[nodiscard]] QVariant value(int row, int field) const override
-    {
-        return m_rows.value(row, field);
-    }
+    /// Sorts by these fields in their order; rows that are equal in all keep theirs. A field that
+    /// the rows lack is passed over.
+    void sortBy(const QStringList &fields);
+    /// Adds a field that has another one's value in the first of the rows that share a key and
+    /// follow each other, and Null in the rest: a row for each part of a service repeats the
+    /// service's cost, which must be summed once. Sort first.
+    void addOnce(const QString &name, const QString &field, const QString &key);
+
+    [[nodiscard]] int rowCount() const override;
+    [[nodiscard]] int fieldIndex(const QString &name) const override;
+    [[nodiscard]] QVariant value(int row, int field) const override;
 
 private:
+    struct OnceField
+    {
+        QString name;
+        int field;
+        std::vector<bool> shown; ///< by row
+    };
+
     db::Recordset m_rows;
+    std::vector<int> m_order;
+    std::vector<OnceField> m_once;
 };
 
 } // namespace report

@@ -1,18 +1,20 @@
-#include "reporting/ReportRows.h"
+#include "platform/report/paginate/RecordsetSource.h"
 
 #include "platform/report/expr/Expression.h"
 
 #include <algorithm>
 #include <numeric>
 
-ReportRows::ReportRows(db::Recordset rows)
+namespace report {
+
+RecordsetSource::RecordsetSource(db::Recordset rows)
     : m_rows(std::move(rows))
     , m_order(static_cast<std::size_t>(m_rows.RecordCount()))
 {
     std::iota(m_order.begin(), m_order.end(), 0);
 }
 
-void ReportRows::sortBy(const QStringList &fields)
+void RecordsetSource::sortBy(const QStringList &fields)
 {
     std::vector<int> columns;
     for (const QString &field : fields)
@@ -21,7 +23,7 @@ void ReportRows::sortBy(const QStringList &fields)
     std::ranges::stable_sort(m_order, [&](int left, int right) {
         for (const int column : columns) {
             const int order =
-                report::compareValues(m_rows.value(left, column), m_rows.value(right, column));
+                compareValues(m_rows.value(left, column), m_rows.value(right, column));
             if (order != 0)
                 return order < 0;
         }
@@ -29,7 +31,7 @@ void ReportRows::sortBy(const QStringList &fields)
     });
 }
 
-void ReportRows::addOnce(const QString &name, const QString &field, const QString &key)
+void RecordsetSource::addOnce(const QString &name, const QString &field, const QString &key)
 {
     const int keyColumn = m_rows.columnIndex(key);
     const int column = m_rows.columnIndex(field);
@@ -37,17 +39,17 @@ void ReportRows::addOnce(const QString &name, const QString &field, const QStrin
         return;
     OnceField once{name, column, std::vector<bool>(m_order.size(), true)};
     for (std::size_t row = 1; row < m_order.size(); ++row)
-        once.shown[row] = report::compareValues(m_rows.value(m_order[row - 1], keyColumn),
-                                                m_rows.value(m_order[row], keyColumn)) != 0;
+        once.shown[row] = compareValues(m_rows.value(m_order[row - 1], keyColumn),
+                                        m_rows.value(m_order[row], keyColumn)) != 0;
     m_once.push_back(std::move(once));
 }
 
-int ReportRows::rowCount() const
+int RecordsetSource::rowCount() const
 {
     return static_cast<int>(m_order.size());
 }
 
-int ReportRows::fieldIndex(const QString &name) const
+int RecordsetSource::fieldIndex(const QString &name) const
 {
     for (std::size_t index = 0; index < m_once.size(); ++index)
         if (name.compare(m_once[index].name, Qt::CaseInsensitive) == 0)
@@ -55,7 +57,7 @@ int ReportRows::fieldIndex(const QString &name) const
     return m_rows.columnIndex(name);
 }
 
-QVariant ReportRows::value(int row, int field) const
+QVariant RecordsetSource::value(int row, int field) const
 {
     const int stored = m_order[static_cast<std::size_t>(row)];
     if (field < m_rows.columnCount())
@@ -64,3 +66,5 @@ QVariant ReportRows::value(int row, int field) const
     return once.shown[static_cast<std::size_t>(row)] ? m_rows.value(stored, once.field)
                                                      : QVariant();
 }
+
+} // namespace report
