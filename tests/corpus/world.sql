@@ -3,8 +3,6 @@
 -- be worked out by hand: change a row and the checks that rest on it change with it.
 
 delete from tblIndicator;
-delete from tblSysOption;
-delete from tblUser;
 delete from tblTableFields;
 delete from tblCrew;
 delete from tblCostCenter;
@@ -315,33 +313,10 @@ values(502,'1','Mowing',#01-06-2024#);
 insert into tblEquipmentCrewHistory(EquipmentID,CrewNumber,CrewDescription,CrewDate)
 values(505,'','',#01-07-2024#);
 
-insert into tblEquipmentDepreciation(EndofYear,AnnualDepreciation,AccumualtedDepreciation,BookValue,
-EquipmentID) values(2019,900,900,4100,501);
-insert into tblEquipmentDepreciation(EndofYear,AnnualDepreciation,AccumualtedDepreciation,BookValue,
-EquipmentID) values(2020,900,1800,3200,501);
-insert into tblEquipmentImage(EquipmentID,ImageName) values(501,'front');
-insert into tblEquipmentDocument(EquipmentId,DocumentName) values(501,'manual.pdf');
-
--- The workstation of this company has the identity 0123456789ABCDEF0123456789ABCDEF.
-insert into tblSysOption(SysOption,itemValue) values('GEN_COMPANY_NAME','Willow Grounds');
-insert into tblSysOption(SysOption,itemValue) values('COUNT_READING_DELAY','5');
-insert into tblSysOption(SysOption,itemValue) values('SECURITYONOFF','0');
-insert into tblSysOption(SysOption,itemValue)
-values('0123456789ABCDEF0123456789ABCDEFEqdateTo','03/15/24');
-
-insert into tblUser(UserName,[Password],EmployeeID) values('Admin','secret',Null);
-insert into tblUser(UserName,[Password],EmployeeID,EqAdd,EqMod,EqDel)
-values('jane','Pass1','E1','1','0','0');
-
 insert into tblGridSetting(Tablename,Width,FieldName,FormName,FPosition,SortType)
 values('grdService','2000','Name','frmEquipment','1','0');
 insert into tblGridSetting(Tablename,Width,FieldName,FormName,FPosition,SortType)
 values('grdService','900','Service No','frmEquipment','0','1');
-
-insert into tblErrorList(ErrNumber,ErrDescription,LineNumber,UserMsg,ModuleName,ProcedureName,
-ErrDateTime,UserEmail)
-values('6','Overflow','0','typed a big number','Equipment','cmdUpdate_Click','3/14/2024 4:05:00 PM',
-'ann@willow.test');
 
 insert into tblTableFields(Tablename,RowID,FieldDesc,FieldName,FieldType)
 values('tblPart',1,'Part Number','PartID','VARCHAR');

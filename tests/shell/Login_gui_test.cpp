@@ -1,4 +1,4 @@
-#include "shell/Modal.h"
+#include "core/ui/ScreenDriver.h"
 #include "shell/Passwords.h"
 #include "shell/ShellSession.h"
 #include "shell/ui/frmChangePassword.h"
@@ -8,30 +8,14 @@
 #include "platform/db/DbError.h"
 
 #include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
-using test::child;
+using test::ScreenDriver;
 using test::ScriptedPrompts;
 using test::ShellSession;
 using Icon = base::Prompts::Icon;
 
 namespace {
-
-void type(QWidget &form, const QString &box, const QString &text)
-{
-    auto &line = child<QLineEdit>(form, box);
-    line.selectAll();
-    QTest::keyClick(&line, Qt::Key_Delete);
-    QTest::keyClicks(&line, text);
-}
-
-void press(QWidget &form, const QString &button)
-{
-    QTest::mouseClick(&child<QPushButton>(form, button), Qt::LeftButton);
-}
 
 /// A login dialog on the screen, over a database with the user Bob, password Secret.
 struct Login : testing::Test
@@ -43,21 +27,22 @@ struct Login : testing::Test
     }
     void attempt(const QString &name, const QString &password)
     {
-        type(login, u"txtUserName"_s, name);
-        type(login, u"txtPassword"_s, password);
-        press(login, u"cmdContinue"_s);
+        screen.type("txtUserName", name);
+        screen.type("txtPassword", password);
+        screen.press("cmdContinue");
     }
     ShellSession session;
     ScriptedPrompts prompts;
     frmLogin login;
+    const ScreenDriver screen{login};
 };
 
 } // namespace
 
 TEST_F(Login, WrongCaseLogsInAndTheNameIsKeptInUpperCase)
 {
-    EXPECT_EQ(child<QLabel>(login, u"lblVersion"_s).text(), u"Version 2.3.1"_s);
-    EXPECT_EQ(login.focusWidget(), &child<QLineEdit>(login, u"txtUserName"_s));
+    EXPECT_EQ(screen.control<QLabel>("lblVersion").text(), u"Version 2.3.1"_s);
+    EXPECT_EQ(screen.focused(), "txtUserName");
     attempt(u"bOb"_s, u"sECRET"_s);
     EXPECT_FALSE(login.isVisible());
     EXPECT_EQ(gsLoginUser, u"BOB"_s);
@@ -68,7 +53,7 @@ TEST_F(Login, TheThirdRefusalClosesTheDialog)
 {
     prompts.expect(u"Invalid Username or Password!"_s, Icon::None);
     attempt(u"Bob"_s, u"secrets"_s);
-    EXPECT_EQ(login.focusWidget(), &child<QLineEdit>(login, u"txtPassword"_s));
+    EXPECT_EQ(screen.focused(), "txtPassword");
     prompts.expect(u"Invalid Username or Password!"_s, Icon::None);
     attempt(u"Rob"_s, u"Secret"_s);
     EXPECT_TRUE(login.isVisible());
@@ -94,33 +79,24 @@ TEST_F(Login, AnApostropheGoesToTheErrorPathAndRunsNothing)
     EXPECT_TRUE(gsLoginUser.isEmpty());
 }
 
-TEST_F(Login, EnterContinuesAndEscapeGivesUp)
+TEST_F(Login, EnterContinuesEscapeGivesUpAndTheCallerIsTold)
 {
-    type(login, u"txtUserName"_s, u"Bob"_s);
-    type(login, u"txtPassword"_s, u"Secret"_s);
-    QTest::keyClick(&child<QLineEdit>(login, u"txtPassword"_s), Qt::Key_Return);
+    screen.type("txtUserName", u"Bob"_s);
+    screen.type("txtPassword", u"Secret"_s);
+    QTest::keyClick(&screen.control("txtPassword"), Qt::Key_Return);
     EXPECT_EQ(gsLoginUser, u"BOB"_s);
     EXPECT_FALSE(login.isVisible());
 
-    gsLoginUser.clear();
     bool result = true;
-    const test::InModal modal(u"frmLogin"_s,
-                              [](QWidget &form) { QTest::keyClick(&form, Qt::Key_Escape); });
-    frmLogin::ShowLoginForm(result);
+    const auto open = [&] { frmLogin::ShowLoginForm(result); };
+    test::inScreen(
+        open, [](const ScreenDriver &again) { QTest::keyClick(&again.screen(), Qt::Key_Escape); });
     EXPECT_FALSE(result);
-}
-
-TEST(frmLogin, ShowLoginFormTellsThatAUserLoggedIn)
-{
-    const ShellSession session;
-    ShellSession::addUser(u"Bob"_s, u"Secret"_s);
-    bool result = false;
-    const test::InModal modal(u"frmLogin"_s, [](QWidget &form) {
-        type(form, u"txtUserName"_s, u"bob"_s);
-        type(form, u"txtPassword"_s, u"secret"_s);
-        press(form, u"cmdContinue"_s);
+    test::inScreen(open, [](const ScreenDriver &again) {
+        again.type("txtUserName", u"bob"_s);
+        again.type("txtPassword", u"secret"_s);
+        again.press("cmdContinue");
     });
-    frmLogin::ShowLoginForm(result);
     EXPECT_TRUE(result);
 }
 
@@ -136,14 +112,15 @@ struct ChangePassword : testing::Test
     }
     void change(const QString &existing, const QString &wanted, const QString &confirmed)
     {
-        type(form, u"txtOldPassword"_s, existing);
-        type(form, u"txtNewPassword"_s, wanted);
-        type(form, u"txtConfirmPassword"_s, confirmed);
-        press(form, u"cmdSave"_s);
+        screen.type("txtOldPassword", existing);
+        screen.type("txtNewPassword", wanted);
+        screen.type("txtConfirmPassword", confirmed);
+        screen.press("cmdSave");
     }
     ShellSession session;
     ScriptedPrompts prompts;
     frmChangePassword form;
+    const ScreenDriver screen{form};
 };
 
 } // namespace
@@ -162,7 +139,7 @@ TEST_F(ChangePassword, RefusesAWrongOneAndOnesThatDiffer)
 {
     prompts.expect(u"Existing password did not match."_s, Icon::None);
     change(u"wrong"_s, u"a"_s, u"b"_s);
-    EXPECT_EQ(form.focusWidget(), &child<QLineEdit>(form, u"txtOldPassword"_s));
+    EXPECT_EQ(screen.focused(), "txtOldPassword");
     // Between the two new ones case counts.
     prompts.expect(u"New password and Confirm Password are not same."_s, Icon::None);
     change(u"Secret"_s, u"New"_s, u"new"_s);
@@ -172,7 +149,7 @@ TEST_F(ChangePassword, RefusesAWrongOneAndOnesThatDiffer)
     change(u"Secret"_s, u"it's"_s, u"it's"_s);
     ASSERT_EQ(session.errors.size(), 1u);
     EXPECT_EQ(session.errors[0].number, db::ErrorNumber::Syntax);
-    press(form, u"cmdExit"_s);
+    screen.press("cmdExit");
     EXPECT_FALSE(form.isVisible());
 }
 

@@ -40,14 +40,4 @@ private:
     base::ErrorReporter m_formerReporter;
 };
 
-/// The child of that object name; fails the test, and throws, when there is none.
-template<class Widget>
-Widget &child(const QObject &parent, const QString &name)
-{
-    auto *found = parent.findChild<Widget *>(name);
-    if (found == nullptr)
-        throw std::runtime_error("no control " + name.toStdString());
-    return *found;
-}
-
 } // namespace test

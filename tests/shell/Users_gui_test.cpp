@@ -1,6 +1,6 @@
+#include "core/ui/ScreenDriver.h"
 #include "platform/grid/GridView.h"
 #include "platform/input/IdCombo.h"
-#include "shell/Modal.h"
 #include "shell/Passwords.h"
 #include "shell/RightsTable.h"
 #include "shell/ShellSession.h"
@@ -17,7 +17,8 @@
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
-using test::child;
+using test::named;
+using test::ScreenDriver;
 using test::ScriptedPrompts;
 using test::ShellSession;
 using Icon = base::Prompts::Icon;
@@ -41,23 +42,14 @@ struct Users : testing::Test
 
     QLineEdit &line(const char *name)
     {
-        return child<QLineEdit>(*screen, QString::fromLatin1(name));
+        return named<QLineEdit>(*screen, QString::fromLatin1(name));
     }
-    QPushButton &button(const char *name)
-    {
-        return child<QPushButton>(*screen, QString::fromLatin1(name));
-    }
-    void press(const char *name) { QTest::mouseClick(&button(name), Qt::LeftButton); }
+    void press(const char *name) { ScreenDriver(*screen).press(name); }
+    void type(const char *name, const QString &text) { ScreenDriver(*screen).type(name, text); }
     void select(const QString &user)
     {
-        auto &grid = child<grid::GridView>(*screen, u"grdUser"_s);
+        auto &grid = named<grid::GridView>(*screen, u"grdUser"_s);
         grid.selectRow(grid.rows().findRow(u"UserName", user));
-    }
-    void type(const char *name, const QString &text)
-    {
-        line(name).selectAll();
-        QTest::keyClick(&line(name), Qt::Key_Delete);
-        QTest::keyClicks(&line(name), text);
     }
 
     ShellSession session;
@@ -69,16 +61,16 @@ struct Users : testing::Test
 
 TEST_F(Users, ShowsAllButTheBuiltInUserAndNeverAPassword)
 {
-    auto &grid = child<grid::GridView>(*screen, u"grdUser"_s);
+    auto &grid = named<grid::GridView>(*screen, u"grdUser"_s);
     EXPECT_EQ(grid.rows().rowCount(), 2);
     EXPECT_EQ(grid.rows().findRow(u"UserName", u"Admin"_s), -1);
     EXPECT_FALSE(grid.rows().column(u"Password").visible);
     select(u"Ann"_s);
     EXPECT_EQ(line("txtUserName").text(), u"Ann"_s);
     EXPECT_TRUE(line("txtPassword").text().isEmpty());
-    EXPECT_EQ(child<input::IdCombo>(*screen, u"cboEmployee"_s).currentText(),
+    EXPECT_EQ(named<input::IdCombo>(*screen, u"cboEmployee"_s).currentText(),
               u"17   Miller, Ann"_s);
-    EXPECT_FALSE(button("cmdSave").isEnabled());
+    EXPECT_FALSE(ScreenDriver(*screen).isEnabled("cmdSave"));
 }
 
 TEST_F(Users, ANewUserNeedsANameOfItsOwn)
@@ -86,7 +78,7 @@ TEST_F(Users, ANewUserNeedsANameOfItsOwn)
     press("cmdAdd");
     EXPECT_TRUE(screen->mode() == Mode::Add);
     EXPECT_TRUE(line("txtUserName").text().isEmpty());
-    EXPECT_FALSE(button("cmdExit").isEnabled());
+    EXPECT_FALSE(ScreenDriver(*screen).isEnabled("cmdExit"));
     prompts.expect(u"User Name should not be blank."_s, Icon::None);
     press("cmdSave");
     type("txtUserName", u"aDMIN"_s);
@@ -148,14 +140,14 @@ TEST_F(Users, DeletesAfterAYes)
 
 TEST_F(Users, TheEmployeeButtonWaitsForTheEmployeeScreen)
 {
-    EXPECT_FALSE(child<QToolButton>(*screen, u"cmdEmployee"_s).isEnabled());
+    EXPECT_FALSE(named<QToolButton>(*screen, u"cmdEmployee"_s).isEnabled());
     shell::screenEntries().add(u"mnuViewEmployee"_s, [] {
         gcnData->Execute(u"insert into tblEmployee(EmployeeID) values('18')"_s);
     });
     frmUserManageMent again;
     again.show();
-    QTest::mouseClick(&child<QToolButton>(again, u"cmdEmployee"_s), Qt::LeftButton);
-    EXPECT_GE(child<input::IdCombo>(again, u"cboEmployee"_s).findText(u"18"_s), 0);
+    QTest::mouseClick(&named<QToolButton>(again, u"cmdEmployee"_s), Qt::LeftButton);
+    EXPECT_GE(named<input::IdCombo>(again, u"cboEmployee"_s).findText(u"18"_s), 0);
     EXPECT_TRUE(again.mode() == Mode::Browse);
 }
 
@@ -163,8 +155,10 @@ TEST_F(Users, RolesOpenOnTheUserShown)
 {
     select(u"Bob"_s);
     QString title;
-    const test::InModal modal(u"frmUserRoles"_s,
-                              [&](QWidget &form) { title = form.windowTitle(); });
+    test::onNextModal([&](QWidget &form) {
+        title = form.windowTitle();
+        form.close();
+    });
     press("cmdRole");
     EXPECT_TRUE(title.contains(u"Bob"_s));
 }
@@ -176,19 +170,19 @@ TEST(frmUserRoles, SavesAllBoxesAndReloads)
     gcnData->Execute(BuildQueryString(u"Bob"_s, {u"SerAdd"_s}));
     frmUserRoles roles(u"Bob"_s);
     roles.show();
-    EXPECT_EQ(child<QTabWidget>(roles, u"SSTab1"_s).count(), 3);
+    EXPECT_EQ(named<QTabWidget>(roles, u"SSTab1"_s).count(), 3);
     for (const shell::RightEntry &right : shell::rightsTable()) {
         const QString name = QString::fromLatin1(right.column);
-        auto &box = child<QCheckBox>(roles, u"chk"_s + name);
+        auto &box = named<QCheckBox>(roles, u"chk"_s + name);
         EXPECT_EQ(box.text(), QString::fromLatin1(right.caption));
         EXPECT_EQ(box.isChecked(), name == u"SerAdd") << right.column;
     }
-    auto &save = child<QPushButton>(roles, u"cmdUpdate"_s);
-    auto &cancel = child<QPushButton>(roles, u"cmdCancel"_s);
+    auto &save = named<QPushButton>(roles, u"cmdUpdate"_s);
+    auto &cancel = named<QPushButton>(roles, u"cmdCancel"_s);
     EXPECT_FALSE(save.isEnabled());
 
-    child<QTabWidget>(roles, u"SSTab1"_s).setCurrentIndex(0);
-    auto &list = child<QCheckBox>(roles, u"chkEqList"_s);
+    named<QTabWidget>(roles, u"SSTab1"_s).setCurrentIndex(0);
+    auto &list = named<QCheckBox>(roles, u"chkEqList"_s);
     QTest::keyClick(&list, Qt::Key_Space);
     EXPECT_TRUE(save.isEnabled());
     QTest::mouseClick(&cancel, Qt::LeftButton);

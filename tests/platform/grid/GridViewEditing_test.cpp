@@ -12,7 +12,16 @@ using grid::Editor;
 using grid::GridView;
 
 class GridViewEditing : public test::ShownGrid
-{};
+{
+protected:
+    /// Types into a cell from the grid and presses a key at the end.
+    void enter(int row, QStringView column, const QString &text, Qt::Key end = Qt::Key_Return)
+    {
+        m_grid.selectCell(row, column);
+        type(text);
+        key(end);
+    }
+};
 
 TEST_F(GridViewEditing, TypingReplacesEnterStoresAndStaysEscapeRestores)
 {
@@ -75,9 +84,7 @@ TEST_F(GridViewEditing, AnEntryBelowTheMasksRangeIsGivenUpAndTold)
     rows().setAll(u"Interval", 30);
     show();
     QSignalSpy refused(&m_grid, &GridView::entryRefused);
-    m_grid.selectCell(0, u"Interval");
-    type(u"0"_s);
-    key(Qt::Key_Return);
+    enter(0, u"Interval", u"0"_s);
     EXPECT_FALSE(isEditing());
     EXPECT_EQ(rows().value(0, u"Interval"), QVariant(30));
     ASSERT_EQ(refused.count(), 1);
@@ -89,9 +96,7 @@ TEST_F(GridViewEditing, TabStoresAndGoesToTheNextEditableCell)
     makeEditable({u"Description", u"Price"});
     rows().editRule = [](int row, const QString &) { return row != 1; };
     show();
-    m_grid.selectCell(0, u"Description");
-    type(u"x"_s);
-    key(Qt::Key_Tab);
+    enter(0, u"Description", u"x"_s, Qt::Key_Tab);
     EXPECT_EQ(rows().text(0, u"Description"), u"x");
     ASSERT_TRUE(isEditing());
     EXPECT_EQ(m_grid.currentColumn(), u"Price");
@@ -118,9 +123,7 @@ TEST_F(GridViewEditing, ARefusedChangeLeavesTheOldValue)
     };
     show();
     QSignalSpy changed(&m_grid, &GridView::changed);
-    m_grid.selectCell(0, u"Price");
-    type(u"0"_s);
-    key(Qt::Key_Return);
+    enter(0, u"Price", u"0"_s);
     EXPECT_EQ(rows().value(0, u"Price"), QVariant(12.5));
     EXPECT_EQ(changed.count(), 0);
     type(u"3"_s);
@@ -141,9 +144,7 @@ TEST_F(GridViewEditing, ARuleThatAsksRunsOnce)
         return true;
     };
     show();
-    m_grid.selectCell(0, u"Price");
-    type(u"8"_s);
-    key(Qt::Key_Return);
+    enter(0, u"Price", u"8"_s);
     EXPECT_EQ(asked, 1);
     EXPECT_EQ(rows().value(0, u"Price"), QVariant(qint64(8)));
     EXPECT_FALSE(isEditing());
@@ -166,9 +167,7 @@ TEST_F(GridViewEditing, ARuleMayReloadTheGridUnderTheEditor)
         return true;
     };
     show();
-    m_grid.selectCell(0, u"Price");
-    type(u"8"_s);
-    key(Qt::Key_Tab);
+    enter(0, u"Price", u"8"_s, Qt::Key_Tab);
     EXPECT_FALSE(isEditing());
     EXPECT_EQ(m_grid.currentRow(), 3);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -44,16 +44,13 @@ TEST(Mask, BringsValuesInUnlessACharacterWouldGetLost)
 {
     const Mask phone(phonePattern);
     const FittedCase cases[] = {
-        {"(555) 123-4567", "(555) 123-4567"},
-        {"5551234567", "(555) 123-4567"},
-        {"555-123-4567", "(555) 123-4567"},
-        {"555", "(555)    -    "},
-        {"", "(   )    -    "},
-        {"  ", "(   )    -    "},
-        {"55512345678", nullptr},
-        {"(555) 123-456x", nullptr},
-        {"ext. 12", nullptr},
-    };
+        // What fits.
+        FittedCase{"(555) 123-4567", "(555) 123-4567"}, FittedCase{"5551234567", "(555) 123-4567"},
+        FittedCase{"555-123-4567", "(555) 123-4567"}, FittedCase{"555", "(555)    -    "},
+        FittedCase{"", "(   )    -    "}, FittedCase{"  ", "(   )    -    "},
+        // What would lose a character.
+        FittedCase{"55512345678", nullptr}, FittedCase{"(555) 123-456x", nullptr},
+        FittedCase{"ext. 12", nullptr}};
     for (const FittedCase &test : cases) {
         const auto fitted = phone.fitted(QString::fromLatin1(test.text));
         EXPECT_EQ(fitted.has_value(), test.fitted != nullptr) << test.text;

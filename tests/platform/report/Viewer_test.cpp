@@ -121,27 +121,27 @@ TEST_F(Viewer, AHundredPercentIsTheSizeOnPaper)
 TEST_F(Viewer, ZoomIsChosenTypedAndStepped)
 {
     auto *zoom = child<QComboBox>(u"zoom"_s);
-    zoom->setEditText(u"whole PAGE"_s);
-    QTest::keyClick(zoom->lineEdit(), Qt::Key_Return);
+    const auto enter = [zoom](const QString &text) {
+        zoom->setEditText(text);
+        QTest::keyClick(zoom->lineEdit(), Qt::Key_Return);
+    };
+    enter(u"whole PAGE"_s);
     EXPECT_EQ(m_view->zoomMode(), ZoomMode::WholePage);
     EXPECT_EQ(m_view->zoom(),
               100 * (m_view->viewport()->height() - 20) / (11 * m_view->logicalDpiY()));
-    zoom->setEditText(u"Full width"_s);
-    QTest::keyClick(zoom->lineEdit(), Qt::Key_Return);
+    enter(u"Full width"_s);
     const int wide = m_view->zoom();
     EXPECT_EQ(wide, static_cast<int>(100 * (m_view->viewport()->width() - 20) /
                                      (8.5 * m_view->logicalDpiX())));
     m_viewer.resize(800, 700);
     EXPECT_LT(m_view->zoom(), wide) << "follows the window";
-    zoom->setEditText(u"60 %"_s);
-    QTest::keyClick(zoom->lineEdit(), Qt::Key_Return);
+    enter(u"60 %"_s);
     EXPECT_EQ(m_view->zoom(), 60);
     press(u"zoomIn"_s);
     EXPECT_EQ(zoom->currentText(), u"75%");
     press(u"zoomOut"_s);
     EXPECT_EQ(zoom->currentText(), u"50%");
-    zoom->setEditText(u"large"_s);
-    QTest::keyClick(zoom->lineEdit(), Qt::Key_Return);
+    enter(u"large"_s);
     EXPECT_EQ(zoom->currentText(), u"50%") << "what is no zoom is put back";
     QTest::keyClick(m_view, Qt::Key_0, Qt::ControlModifier);
     EXPECT_EQ(m_view->zoom(), 100);
