@@ -16,8 +16,6 @@ using namespace Qt::StringLiterals;
 
 constexpr const char *Module = "Work Order";
 
-const QString NotOnAnOrder = u"Serviceusedid not in (Select ServiceUsedId from tblWoServiceUsed)"_s;
-
 /// What an order's service copies from the schedule, in the order of the insert.
 const QStringList CopiedColumns{u"ServiceUsedID"_s,
                                 u"ServiceID"_s,
@@ -54,8 +52,7 @@ ServicesByMachine dueServices(const WorkorderFilter &filter, const QList<qint64>
     ServicesByMachine services;
     if (machines.isEmpty())
         return services;
-    const QString condition = BuildFilterExpression(filter) + u" And "_s + NotOnAnOrder +
-                              machineCondition(machines) +
+    const QString condition = dueCondition(filter) + machineCondition(machines) +
                               (withInactive ? QString() : u" and inactive = 0"_s);
     for (const db::Row row : gcnData->Open(
              u"Select ServiceUsedID, ServiceID, EquipmentID, LastDateScheduled, LastDatePerformed, "

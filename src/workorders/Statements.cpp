@@ -5,8 +5,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-const QString NotOnAnOrder = u"Serviceusedid not in (Select ServiceUsedId from tblWoServiceUsed)"_s;
-
 const QString PeriodWords =
     u"Switch( Period= 'D' ,'Days', Period='W','Weeks', Period='M','Months', Period='Y','Years', "
     "Period='C','Counts', Period='H','Hours', Period='K','Kilometers', Period='I','Miles') AS "
@@ -16,7 +14,7 @@ const QString PeriodWords =
 
 QString printWo(const WorkorderFilter &filter)
 {
-    const QString condition = BuildFilterExpression(filter, u"tblcrew.crewnumber"_s, true);
+    const QString column = u"tblcrew.crewnumber"_s;
     return u"SELECT distinct  tblEquipment.EquipmentId, NULL as [WorkOrderNo], UnitNO AS [Unit "
            u"No], "
            "Equipmentname AS [Equipment Name], Etype.itemname AS [Equipment Type], 0 as [Printed]"
@@ -25,7 +23,7 @@ QString printWo(const WorkorderFilter &filter)
            "tblCrew.CrewID)  left JOIN tblIndicator As Make ON tblEquipment.EquipmentMake = "
            "Make.ItemID)  Left JOIN tblIndicator AS Etype ON tblEquipment.EquipmentType = "
            "Etype.ItemID)  LEFT JOIN tblCrew AS ECrew ON tblEquipment.CrewID = ECrew.CrewID Where "_s +
-           condition + u" And "_s + NotOnAnOrder +
+           dueCondition(filter, column, true) +
            u" and tblServiceUsed.Inactive = 0 and tblEquipment.Inactive = '0' Union SELECT "
            "DISTINCT tblWorkorder.EquipmentId, tblWorkorder.WorkOrderNo, UnitNO AS [Unit No], "
            "Equipmentname AS [Equipment Name], Etype.itemname AS [Equipment Type], Printed FROM "
@@ -35,7 +33,7 @@ QString printWo(const WorkorderFilter &filter)
            "tblEquipment.EquipmentID) LEFT JOIN tblIndicator AS Etype ON "
            "tblEquipment.EquipmentType = Etype.itemid) LEFT JOIN tblCrew AS ECrew ON "
            "tblEquipment.CrewID = ECrew.CrewID Where ("_s +
-           condition + u" or nextscheduleddate is null) "_s;
+           filterCondition(filter, column, true) + u" or nextscheduleddate is null) "_s;
 }
 
 QString genServices(const WorkorderFilter &filter)
@@ -44,8 +42,7 @@ QString genServices(const WorkorderFilter &filter)
            "'   ' + Description as [Service Crew], NextScheduledDate as [Next Service Date], "
            "SeparateWo From tblServiceUsed left JOIN tblCrew ON tblServiceUsed.CrewID = "
            "tblCrew.CrewID Where "_s +
-           BuildFilterExpression(filter) + u" And "_s + NotOnAnOrder +
-           u" and tblServiceUsed.Inactive = 0 and EquipmentID = ?"_s;
+           dueCondition(filter) + u" and tblServiceUsed.Inactive = 0 and EquipmentID = ?"_s;
 }
 
 QString genParts()
@@ -62,7 +59,7 @@ QString printServices(const WorkorderFilter &filter)
            "Description as [Service Crew], NextScheduledDate as [Next Service Date], "
            "Skip,SeparateWo,ServiceID,NServiceUsedID from tblWoServiceUsed Left Join tblCrew on "
            "tblWoServiceUsed.CrewId = tblCrew.CrewID Where Workorderno = ? and ("_s +
-           BuildFilterExpression(filter) + u" or Nextscheduleddate is null)"_s;
+           filterCondition(filter) + u" or Nextscheduleddate is null)"_s;
 }
 
 QString printParts()

@@ -1,5 +1,6 @@
 #include "workorders/WorkorderFilter.h"
 
+#include "platform/base/Error.h"
 #include "workorders/Recording.h"
 
 #include <gtest/gtest.h>
@@ -46,6 +47,22 @@ TEST(BuildFilterExpression, ReadsListsOfCrewNumbers)
         const QString expected = terms.isEmpty() ? Window : u"(%1) And "_s.arg(terms) + Window;
         EXPECT_EQ(BuildFilterExpression(filter(row.typed)), expected) << qPrintable(row.typed);
     }
+}
+
+TEST(BuildFilterExpression, OfAListThatCantBeTheUserIsToldInPlainWords)
+{
+    for (const QString &list : {u"-5"_s, u"1,-5-7"_s}) {
+        try {
+            (void)filterCondition(filter(list));
+            ADD_FAILURE() << qPrintable(list);
+        } catch (const base::Error &error) {
+            EXPECT_TRUE(error.description().contains(u"up to 5 has no first crew"_s))
+                << qPrintable(error.description());
+        }
+        EXPECT_THROW((void)filterCondition(filter({}, list), {}, true), base::Error);
+        EXPECT_EQ(filterCondition(filter({}, list)), Window) << "the machines' crews don't count";
+    }
+    EXPECT_NO_THROW((void)dueCondition(filter(u"-"_s))) << "nothing is left of it";
 }
 
 TEST(BuildFilterExpression, PutsTheMachinesCrewsInFrontWhenAsked)
