@@ -43,6 +43,11 @@ QString insufficientRights()
            "administrator"_s;
 }
 
+grid::Style headingStyle()
+{
+    return {.foreground = theme::mainColor(), .bold = true};
+}
+
 struct ShortcutText
 {
     const char *caption;
@@ -140,14 +145,7 @@ void frmOverDueWork::buildBoard(QBoxLayout *row)
           .kind = sql::ColumnKind::Integer}});
     grid::GridModel &rows = grdEquipWithSer->rows();
     rows.setTreeColumn(u"Unit No");
-    rows.styleRule = [this](int line, const QString &name) {
-        const grid::GridModel &model = grdEquipWithSer->rows();
-        if (model.parentRow(line) < 0)
-            return grid::Style{.foreground = theme::mainColor(), .bold = true};
-        if (name.compare(u"Due Since", Qt::CaseInsensitive) != 0)
-            return grid::Style{};
-        return m_lateness.of(model.value(line, u"Due Since").toDateTime().date());
-    };
+    rows.styleRule = [this](int line, const QString &name) { return boardStyle(line, name); };
     connect(grdEquipWithSer, &grid::GridView::linkClicked, this,
             &frmOverDueWork::grdEquipWithSer_HyperLinkClick);
     connect(grdEquipWithSer, &grid::GridView::rowActivated, this,
@@ -183,14 +181,7 @@ void frmOverDueWork::buildReports(QBoxLayout *row)
                                .width = ReportsWidth - 30,
                                .editor = grid::Editor::Link}});
     grdReport->rows().setTreeColumn(u"ReportName");
-    grdReport->rows().styleRule = [this](int line, const QString &) {
-        if (grdReport->rows().parentRow(line) < 0)
-            return grid::Style{.foreground = theme::mainColor(), .bold = true};
-        const board::ReportEntry *entry =
-            board::reportEntry(grdReport->rows().text(line, u"ReportName"));
-        return entry && board::isJoined(*entry) ? grid::Style{}
-                                                : grid::Style{.foreground = theme::disabledColor()};
-    };
+    grdReport->rows().styleRule = [this](int line, const QString &) { return reportStyle(line); };
     connect(grdReport, &grid::GridView::linkClicked, this,
             &frmOverDueWork::grdReport_HyperLinkClick);
     column->addWidget(grdReport, 1);
@@ -200,6 +191,26 @@ void frmOverDueWork::buildReports(QBoxLayout *row)
     connect(lblReports, &input::LinkLabel::clicked, this, toggle);
     connect(imgClose, &QToolButton::clicked, this, toggle);
     LoadUnloadReportsNavigator(true);
+}
+
+grid::Style frmOverDueWork::boardStyle(int row, const QString &column) const
+{
+    const grid::GridModel &rows = grdEquipWithSer->rows();
+    if (rows.parentRow(row) < 0)
+        return headingStyle();
+    if (column.compare(u"Due Since", Qt::CaseInsensitive) != 0)
+        return {};
+    return m_lateness.of(rows.value(row, u"Due Since").toDateTime().date());
+}
+
+grid::Style frmOverDueWork::reportStyle(int row) const
+{
+    const grid::GridModel &rows = grdReport->rows();
+    if (rows.parentRow(row) < 0)
+        return headingStyle();
+    const board::ReportEntry *entry = board::reportEntry(rows.text(row, u"ReportName"));
+    return entry && board::isJoined(*entry) ? grid::Style{}
+                                            : grid::Style{.foreground = theme::disabledColor()};
 }
 
 void frmOverDueWork::applyFonts()

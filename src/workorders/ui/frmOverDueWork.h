@@ -49,6 +49,8 @@ private:
     void buildShortcuts(QBoxLayout *column);
     void buildBoard(QBoxLayout *row);
     void buildReports(QBoxLayout *row);
+    [[nodiscard]] grid::Style boardStyle(int row, const QString &column) const;
+    [[nodiscard]] grid::Style reportStyle(int row) const;
     void applyFonts();
     void fillWidth();
     void ShowReports();

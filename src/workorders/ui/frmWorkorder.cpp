@@ -72,7 +72,7 @@ void frmWorkorder::buildForm()
     const auto click = [this](QPushButton *button, const char *procedure,
                               void (frmWorkorder::*action)()) {
         connect(button, &QPushButton::clicked, this, [this, procedure, action] {
-            if (m_printing->finishEditing() && m_recording->finishEditing())
+            if (finishEditing())
                 base::trapped(Module, procedure, [&] { (this->*action)(); });
         });
     };
@@ -137,9 +137,14 @@ void frmWorkorder::Form_Unload()
     });
 }
 
-bool frmWorkorder::mayClose()
+bool frmWorkorder::finishEditing()
 {
     return m_printing->finishEditing() && m_recording->finishEditing();
+}
+
+bool frmWorkorder::mayClose()
+{
+    return finishEditing();
 }
 
 void frmWorkorder::unloading()
@@ -224,7 +229,10 @@ void frmWorkorder::ShowCompleteWorkorder(qint64 WorkorderNo)
 
 void frmWorkorder::sstabWorkorder_Click(int tab)
 {
-    if (tab == PrintTab)
+    // A key turns the tab without anything being left.
+    if (!finishEditing())
+        showTab(tab == PrintTab ? CompleteTab : PrintTab);
+    else if (tab == PrintTab)
         ShowPrintWorkorder();
     else
         ShowCompleteWorkorder();

@@ -40,6 +40,8 @@ private:
     QWidget *buildFilter();
     void Form_Load();
     void Form_Unload();
+    /// Stores what is being edited on either page; False when it is refused.
+    [[nodiscard]] bool finishEditing();
     void EnableControls() override;
     void showTab(Tab tab);
     [[nodiscard]] WorkorderFilter filter() const;

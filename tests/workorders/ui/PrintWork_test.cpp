@@ -277,6 +277,22 @@ TEST_F(PrintWork, ANoteIsKeptWhenAKeyPressesAButton)
     EXPECT_EQ(driver().text("txtGenServiceNote"), u"Jim's turn"_s);
 }
 
+TEST_F(PrintWork, AKeyThatTurnsTheTabLosesNoNote)
+{
+    orderService(order(), {{u"Skip"_s, true}, {u"Note"_s, u"Rain"_s}});
+    openPrinting();
+    auto &tabs = driver().control<QTabWidget>("sstabWorkorder");
+    driver().type("txtPrintNote", u" "_s);
+    prompts.expect(u"Note Field Cann't left blank. When Service has Skiped."_s, Icon::None);
+    QTest::keyClick(&driver().control("txtPrintNote"), Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(tabs.currentIndex(), 0);
+    driver().type("txtPrintNote", u"Snow"_s);
+    QTest::keyClick(&driver().control("txtPrintNote"), Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(tabs.currentIndex(), 1);
+    EXPECT_EQ(value(u"Select [Note] from tblWoServiceUsed"_s).toString(), u"Snow"_s);
+    EXPECT_EQ(driver().text("txtRecordNote"), u"Snow"_s);
+}
+
 TEST_F(PrintWork, FindsTheMachinesRowWithoutAnOrder)
 {
     service({{u"EquipmentID"_s, 2}});
