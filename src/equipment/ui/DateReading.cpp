@@ -82,8 +82,6 @@ void DateReading::buildGrid()
         return Change(row, column, value);
     };
     connect(m_grid, &grid::GridView::typing, this, &DateReading::edited);
-    connect(m_grid, &grid::GridView::entryRefused, this,
-            [] { base::showMessage(u"Please enter valid date."_s); });
     connect(m_grid, &grid::GridView::buttonClicked, this, &DateReading::ButtonClick);
 }
 

@@ -115,10 +115,6 @@ HistoryPage::HistoryPage(EquipmentFrame &frame, QWidget *parent)
     connect(cmdDeleteHistory, &QPushButton::clicked, this, &HistoryPage::cmdDeleteHistory_Click);
     for (const grid::GridView *grid : {grdServiceHistory, grdPartHistory})
         connect(grid, &grid::GridView::typing, this, [this] { this->frame().beginEdit(); });
-    connect(grdServiceHistory, &grid::GridView::entryRefused, this, [](int, const QString &column) {
-        if (isColumn(column, u"Date"))
-            base::showMessage(u"Please enter valid date."_s);
-    });
     connect(grdServiceHistory, &grid::GridView::currentRowChanged, this, &HistoryPage::showDetails);
     connect(grdServiceHistory, &grid::GridView::cellClicked, this, &HistoryPage::showServiceTime);
     // Clicks on times are for their entry; typing edits them in their cells.
