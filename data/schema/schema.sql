@@ -209,7 +209,7 @@ create table tblEmployee (
     SS nvarchar(20),
     LicenseNo nvarchar(30),
     Site long default 0,
-    Skills nvarchar(250),
+    Skills memo,
     Crew long default 0,
     EmpPosition long default 0,
     LaborCost currency default 0,

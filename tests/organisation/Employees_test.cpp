@@ -59,6 +59,7 @@ TEST_F(Employees, ANewOneNeedsANumberOfItsOwnAndAFirstName)
                  screen.type("txtSS", u"12-3a4"_s);
                  EXPECT_EQ(screen.text("txtSS"), u"1234"_s);
                  screen.choose("cboState", u"IA"_s);
+                 screen.control<QPlainTextEdit>("txtSkills").insertPlainText(u"x"_s.repeated(300));
                  screen.press("cmdUpdate");
                  EXPECT_EQ(screen.text("txtEmployeeID"), u"E2"_s);
                  EXPECT_EQ(screen.text("cboState"), u"IA"_s);

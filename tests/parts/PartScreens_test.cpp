@@ -188,6 +188,7 @@ TEST_F(PartScreens, ReceivedGoodsAreAddedToWhatTheListShows)
              [](const ScreenDriver &screen) {
                  auto &grid = screen.control<grid::GridView>("grdParts");
                  EXPECT_EQ(grid.rows().rowCount(), 3);
+                 EXPECT_EQ(grid.currentColumn(), u"Qty Received"_s) << "where typing goes";
                  EXPECT_FALSE(screen.isShown("cmdUpdate"));
                  typeInCell(grid, 0, u"Qty Received"_s, u"2d"_s);
                  EXPECT_TRUE(screen.isShown("cmdUpdate"));

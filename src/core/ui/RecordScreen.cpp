@@ -66,7 +66,7 @@ void RecordScreen::makeButtons(input::FormBuilder &form, const Buttons &buttons)
         cmdPrint = make(u"cmdPrint"_s, u"&Print"_s, u"print"_s, &RecordScreen::cmdPrint_Click);
     cmdUpdate = make(buttons.saveName, u"&Save"_s, u"save"_s, &RecordScreen::cmdUpdate_Click);
     cmdCancel = make(u"cmdCancel"_s, u"&Cancel"_s, u"cancel"_s, &RecordScreen::cmdCancel_Click);
-    cmdExit = make(u"cmdExit"_s, u"&Return"_s, u"exit"_s, &RecordScreen::cmdExit_Click);
+    cmdExit = make(u"cmdExit"_s, u"&Return"_s, u"return"_s, &RecordScreen::cmdExit_Click);
 }
 
 void RecordScreen::setDataControls(const QList<QWidget *> &controls)

@@ -64,6 +64,7 @@ void frmIndicator::buildForm()
         button->hide();
     setDataControls({txtName, cboParentType});
     setListGrid(lstIndicator);
+    lstIndicator->setFocus();
     connect(cboIndicator, &QComboBox::activated, this, [this] { RefreshRecordSet(); });
 }
 

@@ -87,7 +87,8 @@ void frmInventryCheckIn::ShowGrid()
             statement += u" where  Quantity<=QtyMin"_s;
         grdParts->rows().setRecordset(gcnData->Open(statement));
         FillValue();
-        grdParts->selectRow(grdParts->displayedOrder().value(0, -1));
+        // What is typed goes to the one column that can be, whichever row a search moves to.
+        grdParts->selectCell(grdParts->displayedOrder().value(0, -1), Received);
     });
 }
 

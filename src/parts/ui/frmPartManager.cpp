@@ -109,7 +109,11 @@ void frmPartManager::ShowGrid(const QString &keepPart)
         FillValue();
         const int kept =
             keepPart.isEmpty() ? -1 : grdParts->rows().findRow(u"Part Number", keepPart);
-        grdParts->selectRow(kept >= 0 ? kept : grdParts->displayedOrder().value(0, -1));
+        const int row = kept >= 0 ? kept : grdParts->displayedOrder().value(0, -1);
+        if (m_selectMode)
+            grdParts->selectCell(row, u"Qty Req");
+        else
+            grdParts->selectRow(row);
     });
     EnableControls();
 }

@@ -51,7 +51,7 @@ void frmServices::buildForm()
     form.endColumns();
     cmdUpdate = form.button(u"cmdUpdate"_s, u"&Save"_s, theme::icon(u"save"_s));
     cmdCancel = form.button(u"cmdCancel"_s, u"Re&vert"_s, theme::icon(u"undo"_s));
-    cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"exit"_s));
+    cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
     form.finish();
 }
 
