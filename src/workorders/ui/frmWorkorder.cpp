@@ -139,7 +139,8 @@ void frmWorkorder::Form_Unload()
 
 bool frmWorkorder::finishEditing()
 {
-    return m_printing->finishEditing() && m_recording->finishEditing();
+    return input::focusedMayLeave(this) && m_printing->finishEditing() &&
+           m_recording->finishEditing();
 }
 
 bool frmWorkorder::mayClose()
