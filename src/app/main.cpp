@@ -1,34 +1,8 @@
 #include "app/LoopbackOnly.h"
-#include "app/Screens.h"
-#include "core/Session.h"
-#include "core/StartUp.h"
-#include "platform/base/Environment.h"
-#include "platform/base/Prompts.h"
-#include "platform/input/DialogPrompts.h"
-#include "platform/input/Theme.h"
-#include "platform/system/SingleInstance.h"
-#include "shell/RightsTable.h"
-#include "shell/ui/frmLogin.h"
-#include "shell/ui/frmMainScreen.h"
+#include "app/Program.h"
 
 #include <QApplication>
 #include <algorithm>
-#include <csignal>
-#include <memory>
-
-using namespace Qt::StringLiterals;
-
-namespace {
-
-/// The database engine answers these signals by taking its connections down and letting the process
-/// live on without them. A process that is told to end has to end.
-void letSignalsEndTheProcess()
-{
-    std::signal(SIGINT, SIG_DFL);
-    std::signal(SIGTERM, SIG_DFL);
-}
-
-} // namespace
 
 int main(int argc, char *argv[])
 {
@@ -37,37 +11,5 @@ int main(int argc, char *argv[])
     if (qEnvironmentVariable("QT_QPA_PLATFORM").startsWith(u"vnc"))
         app::listenOnLoopbackOnly();
     QApplication application(programNameOnly, argv);
-    QApplication::setApplicationName(u"Quorvantis"_s);
-    // The process ends with its main form, not with whichever window was the last.
-    QApplication::setQuitOnLastWindowClosed(false);
-    theme::install(application);
-
-    input::DialogPrompts dialogs;
-    const base::ScopedPrompts prompts(dialogs);
-    const sys::SingleInstance instance(base::environment().applicationFolder);
-    app::joinScreens();
-
-    const auto end = [] { QCoreApplication::exit(); };
-    std::unique_ptr<frmMainScreen> mainScreen;
-    StartUpSteps steps;
-    steps.PrevInstance = [&] { return !instance.isFirst(); };
-    steps.frmLogin = [] {
-        letSignalsEndTheProcess();
-        bool loggedIn = false;
-        frmLogin::ShowLoginForm(loggedIn);
-        return loggedIn;
-    };
-    steps.SetUserRole = SetUserRole;
-    steps.frmMainScreen = [&] {
-        letSignalsEndTheProcess();
-        mainScreen = std::make_unique<frmMainScreen>(end);
-        mainScreen->show();
-    };
-    steps.End = end;
-
-    const int result = Main(steps) ? QApplication::exec() : 0;
-    mainScreen.reset();
-    gcnLookup.reset();
-    gcnData.reset();
-    return result;
+    return app::runProgram(application);
 }

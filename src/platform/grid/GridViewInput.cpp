@@ -29,6 +29,11 @@ bool GridView::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event
     const bool wanted = trigger == AllEditTriggers || editTriggers().testFlag(trigger);
     if (wanted && (!isEditable(index) || m_rows->columnAt(index.column()).editor == Editor::Check))
         return false;
+    // A click in the selected row opens the cell after the time of a double click, and until then
+    // the view takes no keys. What is typed behind such a click must not be lost: a double click
+    // ends the waiting, and here opens nothing.
+    if (trigger == AnyKeyPressed || trigger == EditKeyPressed)
+        QTreeView::edit(index, DoubleClicked, nullptr);
     return QTreeView::edit(index, trigger, event);
 }
 

@@ -1,0 +1,73 @@
+#include "app/Program.h"
+
+#include "app/Screens.h"
+#include "core/Session.h"
+#include "core/StartUp.h"
+#include "platform/base/Environment.h"
+#include "platform/base/Prompts.h"
+#include "platform/input/DialogPrompts.h"
+#include "platform/input/Theme.h"
+#include "platform/system/SingleInstance.h"
+#include "shell/RightsTable.h"
+#include "shell/ui/frmLogin.h"
+#include "shell/ui/frmMainScreen.h"
+
+#include <QApplication>
+#include <csignal>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace app {
+namespace {
+
+/// The database engine answers these signals by taking its connections down and letting the process
+/// live on without them. A process that is told to end has to end.
+void letSignalsEndTheProcess()
+{
+    std::signal(SIGINT, SIG_DFL);
+    std::signal(SIGTERM, SIG_DFL);
+}
+
+} // namespace
+
+int runProgram(QApplication &application, const std::function<void(QWidget &)> &shown)
+{
+    QApplication::setApplicationName(u"Quorvantis"_s);
+    // The process ends with its main form, not with whichever window was the last.
+    QApplication::setQuitOnLastWindowClosed(false);
+    theme::install(application);
+
+    input::DialogPrompts dialogs;
+    const base::ScopedPrompts prompts(dialogs);
+    const sys::SingleInstance instance(base::environment().applicationFolder);
+    joinScreens();
+
+    const auto end = [] { QCoreApplication::exit(); };
+    std::unique_ptr<frmMainScreen> mainScreen;
+    StartUpSteps steps;
+    steps.PrevInstance = [&] { return !instance.isFirst(); };
+    steps.frmLogin = [] {
+        letSignalsEndTheProcess();
+        bool loggedIn = false;
+        frmLogin::ShowLoginForm(loggedIn);
+        return loggedIn;
+    };
+    steps.SetUserRole = SetUserRole;
+    steps.frmMainScreen = [&] {
+        letSignalsEndTheProcess();
+        mainScreen = std::make_unique<frmMainScreen>(end);
+        mainScreen->show();
+        if (shown)
+            shown(*mainScreen);
+    };
+    steps.End = end;
+
+    const int result = Main(steps) ? QApplication::exec() : 0;
+    mainScreen.reset();
+    gcnLookup.reset();
+    gcnData.reset();
+    return result;
+}
+
+} // namespace app

@@ -1,0 +1,239 @@
+#include "tour/Hands.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QMessageBox>
+#include <QProgressDialog>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
+#include <QWindow>
+
+namespace tour {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int LookEvery = 5;        // milliseconds
+constexpr int RestfulLooks = 2;     // one behind another: what was posted has come
+constexpr int Patience = 30 * 1000; // milliseconds
+
+QString describe(const QWidget &window)
+{
+    const QString name = window.objectName().isEmpty()
+                             ? QString::fromLatin1(window.metaObject()->className())
+                             : window.objectName();
+    const auto *box = qobject_cast<const QMessageBox *>(&window);
+    return box ? u"the message \"%1\""_s.arg(box->text())
+               : u"%1 (\"%2\")"_s.arg(name, window.windowTitle());
+}
+
+} // namespace
+
+Hands::Hands()
+{
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { look(); });
+}
+
+// --- Waiting -------------------------------------------------------------------------------------
+
+Hands::Rest Hands::perform(std::function<void()> action)
+{
+    m_posted = true;
+    // Not from here: an action may last until the window that it opens is closed.
+    QTimer::singleShot(0, &m_timer, [this, action = std::move(action)] {
+        m_posted = false;
+        m_running.push_back(QApplication::activeModalWidget());
+        action();
+        m_running.pop_back();
+    });
+    return rest();
+}
+
+void Hands::waitFor(std::coroutine_handle<> waiting)
+{
+    m_waiting = waiting;
+    m_restful = 0;
+    m_since.start();
+    m_timer.start(LookEvery);
+}
+
+void Hands::look()
+{
+    m_restful = isAtRest() ? m_restful + 1 : 0;
+    if (m_restful < RestfulLooks && !m_since.hasExpired(Patience))
+        return;
+    if (m_restful < RestfulLooks)
+        m_fault = u"The program doesn't come to rest; in front is %1."_s.arg(frontText());
+    m_timer.stop();
+    std::exchange(m_waiting, {}).resume();
+}
+
+bool Hands::isAtRest() const
+{
+    QWidget *modal = QApplication::activeModalWidget();
+    const bool atWork = m_posted || (!m_running.empty() && m_running.back() == modal);
+    if (atWork || qobject_cast<QProgressDialog *>(modal) != nullptr)
+        return false;
+    QWidget *window = front();
+    // Without a desktop nobody hands the keys back to the window below a closed one.
+    if (window != nullptr && window->isVisible() && !window->isActiveWindow())
+        window->activateWindow();
+    return window != nullptr && window->isVisible() && window->isActiveWindow();
+}
+
+void Hands::raiseFault()
+{
+    if (!m_fault.isEmpty())
+        throw Fault(std::exchange(m_fault, {}));
+}
+
+// --- Looking -------------------------------------------------------------------------------------
+
+QWidget *Hands::front()
+{
+    if (QWidget *modal = QApplication::activeModalWidget())
+        return modal;
+    if (QWidget *active = QApplication::activeWindow())
+        return active;
+    const QList<QWidget *> visible = windows();
+    return visible.isEmpty() ? nullptr : visible.first();
+}
+
+QString Hands::frontText()
+{
+    const QWidget *window = front();
+    return window != nullptr ? describe(*window) : u"no window"_s;
+}
+
+QWidget &Hands::requireWindow(const QString &name) const
+{
+    QWidget *window = front();
+    require(window != nullptr && window->objectName() == name,
+            u"The window %1 must be in front, but it is %2."_s.arg(name, frontText()));
+    return *window;
+}
+
+QWidget &Hands::find(const QString &name) const
+{
+    QWidget *found = nullptr;
+    if (const QWidget *window = front()) {
+        for (QWidget *each : window->findChildren<QWidget *>(name)) {
+            if (each->isVisible())
+                found = each;
+        }
+    }
+    require(found != nullptr, u"There is no %1 in %2."_s.arg(name, frontText()));
+    return *found;
+}
+
+QString Hands::message()
+{
+    const auto *box = qobject_cast<const QMessageBox *>(front());
+    return box != nullptr ? box->text() : QString();
+}
+
+QList<QWidget *> Hands::windows()
+{
+    QList<QWidget *> visible;
+    for (const QWindow *window : QGuiApplication::topLevelWindows()) {
+        for (QWidget *widget : QApplication::topLevelWidgets()) {
+            if (widget->windowHandle() == window && widget->isVisible())
+                visible.append(widget);
+        }
+    }
+    return visible;
+}
+
+// --- Acting --------------------------------------------------------------------------------------
+
+Hands::Rest Hands::clickAt(QWidget &widget, QPoint place)
+{
+    QWidget *window = widget.window();
+    const QPoint there = widget.mapTo(window, place);
+    require(widget.isEnabled(),
+            u"%1 of %2 is disabled."_s.arg(widget.objectName(), describe(*window)));
+    require(window->rect().contains(there),
+            u"%1 lies outside of %2."_s.arg(widget.objectName(), describe(*window)));
+    const QWidget *hit = window->childAt(there);
+    require(hit == &widget || widget.isAncestorOf(hit),
+            u"%1 of %2 is covered."_s.arg(widget.objectName(), describe(*window)));
+    return perform([window, there] {
+        QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier, there);
+    });
+}
+
+Hands::Rest Hands::press(const QString &name)
+{
+    auto &button = control<QAbstractButton>(name);
+    const bool tick = qobject_cast<QCheckBox *>(&button) != nullptr;
+    return clickAt(button, tick ? QPoint(button.height() / 2, button.height() / 2)
+                                : button.rect().center());
+}
+
+Hands::Rest Hands::answer(const QString &text, const QString &caption)
+{
+    require(message() == text,
+            u"The message \"%1\" must be in front, but it is %2."_s.arg(text, frontText()));
+    for (QAbstractButton *button : front()->findChildren<QAbstractButton *>()) {
+        if (button->isVisible() && button->text().remove(u'&') == caption)
+            return clickAt(*button, button->rect().center());
+    }
+    throw Fault(u"The message \"%1\" has no button \"%2\"."_s.arg(text, caption));
+}
+
+Hands::Rest Hands::chooseTab(const QString &name, int index)
+{
+    QTabBar *bar = control<QTabWidget>(name).tabBar();
+    return clickAt(*bar, bar->tabRect(index).center());
+}
+
+Hands::Rest Hands::click(const QString &gridName, int row, const QString &column)
+{
+    grid::GridView &view = grid(gridName);
+    require(row >= 0, u"%1 lacks the row for a click in \"%2\"."_s.arg(gridName, column));
+    view.scrollTo(view.rows().indexOf(row, view.rows().columnIndex(column)));
+    // At the left, where a cell's text begins; tick boxes stand in the middle.
+    const QRect cell = view.cellRect(row, column);
+    return clickAt(*view.viewport(), cell.center());
+}
+
+Hands::Rest Hands::type(const QString &name, const QString &text)
+{
+    QWidget &box = control(name);
+    QWidget *window = box.window();
+    require(box.isEnabled(), u"%1 is disabled."_s.arg(name));
+    return perform([&box, window, text] {
+        QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                          box.mapTo(window, box.rect().center()));
+        QTest::keyClick(window->windowHandle(), Qt::Key_A, Qt::ControlModifier);
+        for (const QChar each : text)
+            QTest::keyClick(window->windowHandle(), each.toLatin1());
+    });
+}
+
+Hands::Rest Hands::type(const QString &text)
+{
+    QWindow *window = front()->windowHandle();
+    return perform([window, text] {
+        for (const QChar each : text)
+            QTest::keyClick(window, each.toLatin1());
+    });
+}
+
+Hands::Rest Hands::key(Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QWindow *window = front()->windowHandle();
+    return perform([window, key, modifiers] { QTest::keyClick(window, key, modifiers); });
+}
+
+Hands::Rest Hands::closeWindow()
+{
+    QWidget *window = front();
+    require(window != nullptr, u"There is no window to close."_s);
+    return perform([window] { window->close(); });
+}
+
+} // namespace tour

@@ -1,0 +1,105 @@
+#pragma once
+
+#include "platform/grid/GridView.h"
+#include "tour/Fault.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+#include <QWidget>
+#include <coroutine>
+#include <functional>
+#include <vector>
+
+namespace tour {
+
+/// The user's hands on the window in front: clicks and keys that go in where the system's own
+/// would, so that they reach only what lies uncovered, enabled and in front.
+///
+///     co_await hands.press("cmdPost");
+///     co_await hands.answer("No Work Order is selected to post", "OK");
+///
+/// Each call comes back when the program rests again: when what was set off has ended, or asks in a
+/// new window. A program that doesn't rest within half a minute, and a control that the window in
+/// front lacks, raise a Fault that names the window; so a box that nobody expected stops the tour.
+class Hands
+{
+public:
+    Hands();
+    Hands(const Hands &) = delete;
+    Hands &operator=(const Hands &) = delete;
+
+    /// Waits until the program rests.
+    class Rest
+    {
+    public:
+        explicit Rest(Hands &hands)
+            : m_hands(hands)
+        {}
+        [[nodiscard]] bool await_ready() const { return false; }
+        void await_suspend(std::coroutine_handle<> waiting) { m_hands.waitFor(waiting); }
+        void await_resume() const { m_hands.raiseFault(); }
+
+    private:
+        Hands &m_hands;
+    };
+    Rest rest() { return Rest(*this); }
+
+    /// The window in front; raises a Fault unless it has that name.
+    QWidget &requireWindow(const QString &name) const;
+    /// A visible control of the window in front.
+    template<class Control = QWidget>
+    [[nodiscard]] Control &control(const QString &name) const
+    {
+        auto *found = qobject_cast<Control *>(&find(name));
+        require(found != nullptr, QStringLiteral("%1 is of another kind.").arg(name));
+        return *found;
+    }
+    [[nodiscard]] grid::GridView &grid(const QString &name) const
+    {
+        return control<grid::GridView>(name);
+    }
+
+    /// Clicks in the middle of a button, of a box to tick at its left.
+    Rest press(const QString &name);
+    /// Answers the message in front, which has to have this text, by the button of that caption.
+    Rest answer(const QString &text, const QString &caption);
+    /// Clicks on a page's name in a row of tabs.
+    Rest chooseTab(const QString &name, int index);
+    /// Clicks in a cell, after scrolling to it.
+    Rest click(const QString &gridName, int row, const QString &column);
+    /// Types over what a box holds.
+    Rest type(const QString &name, const QString &text);
+    /// Types into whatever has the focus.
+    Rest type(const QString &text);
+    Rest key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    /// Closes the window in front by its close box.
+    Rest closeWindow();
+
+    /// The text of a message in front, empty when it is none.
+    [[nodiscard]] static QString message();
+    /// All visible windows, the one in front last.
+    [[nodiscard]] static QList<QWidget *> windows();
+
+private:
+    [[nodiscard]] static QWidget *front();
+    [[nodiscard]] static QString frontText();
+    [[nodiscard]] QWidget &find(const QString &name) const;
+    Rest perform(std::function<void()> action);
+    Rest clickAt(QWidget &widget, QPoint place);
+    void waitFor(std::coroutine_handle<> waiting);
+    void look();
+    [[nodiscard]] bool isAtRest() const;
+    void raiseFault();
+
+    QTimer m_timer;
+    QElapsedTimer m_since;
+    std::coroutine_handle<> m_waiting;
+    bool m_posted = false; ///< an action is on its way
+    /// The modal window in front at the begin of each action that has not ended: those that wait in
+    /// a window which they have opened, the last one perhaps still at work.
+    std::vector<QWidget *> m_running;
+    QString m_fault;
+    int m_restful = 0;
+};
+
+} // namespace tour

@@ -1,0 +1,106 @@
+#pragma once
+
+#include "tour/Company.h"
+#include "tour/Hands.h"
+#include "tour/Task.h"
+
+#include <QDir>
+#include <QTextStream>
+#include <optional>
+
+namespace tour {
+
+/// The main job on the real windows: what is due becomes work orders, these are printed, recorded
+/// and posted, and the machine shows what was done and when it is due again. Each step is a
+/// sequence of clicks and keys, is held against the database, and leaves a picture.
+class Tour
+{
+public:
+    /// Pictures and printed files go into the folder, a line for each picture to out.
+    Tour(const QDir &folder, QDate today, QTextStream &out);
+
+    /// The whole tour, from the main window to its end.
+    Task run();
+    /// The picture that was taken last.
+    [[nodiscard]] const QString &lastPicture() const { return m_picture; }
+
+    /// A service on an order, with its schedule as it stood before the posting.
+    struct Ordered
+    {
+        qint64 line = 0; ///< NServiceUsedID
+        qint64 order = 0;
+        qint64 machine = 0;
+        std::optional<qint64> count;
+        Service schedule;
+    };
+    /// A part of a posted service that leaves the stock.
+    struct Taken
+    {
+        QString part;
+        double before = 0;
+        double used = 0;
+    };
+
+private:
+    // Due, generated, printed
+    Task seeTheBoard();
+    Task followTheLink();
+    Task generateOrders();
+    Task changeAnOrder();
+    Task printByCrew();
+    Task printOrders();
+    // Recorded
+    Task openRecording();
+    Task enterTheCount();
+    Task enterTheTimes();
+    Task completeAService();
+    Task completeTheOrders();
+    Task skipAService();
+    // Posted
+    Task post();
+    Task printPosted();
+    Task postTheHeldBack();
+    // What came of it
+    Task seeTheHistory();
+    Task seeTheSchedule();
+    Task seeTheBoardAgain();
+
+    void see(const QString &name, const QString &what);
+    void requireBoard();
+    void requireList(const QString &gridName, const QString &column, const QStringList &wanted);
+    void requireGenerated(const Machine &machine);
+    void requireMarked(qint64 orders);
+    void requireFile(const QString &path) const;
+    void requirePosted(const Ordered &service);
+    void requireRescheduled(const Ordered &service);
+    void requireTaken(const Taken &part);
+
+    Task tickMachines();
+    Task tickOrders();
+    Task selectLine(qint64 line);
+    Task enterCount(const Service &service, qint64 count);
+    Task enterCounts(const Machine &machine);
+    Task exportReport(const QString &file);
+    Task completeOrders(const Machine &machine);
+    Task confirmDates();
+    [[nodiscard]] int rowOfMachine(const QString &gridName, const Machine &machine);
+    [[nodiscard]] QString path(const QString &file) const;
+    [[nodiscard]] const Service &dueService(const Machine &machine, bool (*test)(const Service &));
+    [[nodiscard]] qint64 lineOf(const Service &service);
+    [[nodiscard]] db::Row stored(qint64 line);
+    [[nodiscard]] QList<Ordered> completed();
+    [[nodiscard]] QList<Taken> partsOf(const QList<Ordered> &services);
+
+    QDir m_folder;
+    QDate m_today;
+    QTextStream &m_out;
+    Hands m_hands;
+    std::optional<Company> m_company; ///< from the moment that the program stands
+    Cast m_cast;
+    qint64 m_dueBefore = 0;
+    QList<qint64> m_orders;
+    QString m_picture;
+    int m_number = 0;
+};
+
+} // namespace tour
