@@ -130,6 +130,12 @@ QList<Machine> Company::machinesWithDueWork()
         machines.last().services.last().trackedParts =
             parts.value(machines.last().services.last().id);
     }
+    // The board's month ends at this hour 30 days ago.
+    machines.removeIf([this](const Machine &machine) {
+        return std::ranges::none_of(machine.services, [this](const Service &service) {
+            return service.next > boardBegin();
+        });
+    });
     return machines;
 }
 
@@ -170,7 +176,7 @@ qint64 Company::overdueMachines()
 {
     QSet<qint64> machines;
     for (const db::Row row :
-         rows(u"Select EquipmentID from tblServiceUsed where NextScheduledDate >= ? and "
+         rows(u"Select EquipmentID from tblServiceUsed where NextScheduledDate > ? and "
               "NextScheduledDate <= ? and ServiceUsedID not in (Select ServiceUsedID from "
               "tblWoServiceUsed) and Inactive = 0"_s,
               {boardBegin(), today()}))

@@ -229,11 +229,4 @@ Hands::Rest Hands::key(Qt::Key key, Qt::KeyboardModifiers modifiers)
     return perform([window, key, modifiers] { QTest::keyClick(window, key, modifiers); });
 }
 
-Hands::Rest Hands::closeWindow()
-{
-    QWidget *window = front();
-    require(window != nullptr, u"There is no window to close."_s);
-    return perform([window] { window->close(); });
-}
-
 } // namespace tour

@@ -72,8 +72,6 @@ public:
     /// Types into whatever has the focus.
     Rest type(const QString &text);
     Rest key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-    /// Closes the window in front by its close box.
-    Rest closeWindow();
 
     /// The text of a message in front, empty when it is none.
     [[nodiscard]] static QString message();

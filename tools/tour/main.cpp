@@ -31,6 +31,13 @@ void takeOwnScreen(const QString &descriptionFile)
     qputenv("QT_QPA_PLATFORMTHEME", {});
 }
 
+/// Passes on what Qt tells, but for what every screen without a display lacks.
+void tell(QtMsgType, const QMessageLogContext &, const QString &text)
+{
+    if (!text.startsWith(u"This plugin does not support ") && !text.contains(u"XDG_RUNTIME_DIR"))
+        QTextStream(stderr) << text << Qt::endl;
+}
+
 /// The program in a folder of its own, on a day that doesn't go on.
 void takeOwnSurroundings(const QString &folder, QDate today)
 {
@@ -79,6 +86,7 @@ int giveTour(QApplication &application, const QDir &folder, QDate today, QTextSt
             return;
         try {
             whole.rethrow();
+            QApplication::closeAllWindows();
         } catch (const std::exception &fault) {
             err << "The tour stops behind " << tour.lastPicture() << ": " << fault.what()
                 << "\nstopped.png shows the screen as it is." << Qt::endl;
@@ -98,6 +106,7 @@ int main(int argc, char *argv[])
     QTextStream out(stdout);
     QTextStream err(stderr);
     const QTemporaryDir surroundings;
+    qInstallMessageHandler(tell);
     try {
         takeOwnScreen(surroundings.filePath(u"screen.json"_s));
         QApplication application(argc, argv);
@@ -106,17 +115,17 @@ int main(int argc, char *argv[])
             u"Does the main job on the real windows of a fresh sample company, and leaves a "
             "picture of each step and the printed files."_s);
         parser.addHelpOption();
-        parser.addPositionalArgument(u"folder"_s, u"Where these go."_s);
+        parser.addPositionalArgument(u"folder"_s, u"Where these go (build/tour)."_s, u"[folder]"_s);
         const QCommandLineOption day(u"today"_s, u"The day of the tour, as 2024-03-15."_s,
                                      u"date"_s, QDate::currentDate().toString(Qt::ISODate));
         parser.addOption(day);
         parser.process(application);
         const QDate today = QDate::fromString(parser.value(day), Qt::ISODate);
-        if (parser.positionalArguments().size() != 1 || !today.isValid()) {
+        if (parser.positionalArguments().size() > 1 || !today.isValid()) {
             err << parser.helpText() << Qt::flush;
             return WrongUsage;
         }
-        const QDir folder(parser.positionalArguments().first());
+        const QDir folder(parser.positionalArguments().value(0, u"build/tour"_s));
         tour::require(clear(folder), u"The folder \"%1\" can't be used."_s.arg(folder.path()));
         takeOwnSurroundings(surroundings.path(), today);
         if (!setUpCompany(today, err))

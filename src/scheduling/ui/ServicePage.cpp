@@ -38,33 +38,33 @@ QList<grid::Column> columns()
 {
     return {
         {.name = u"ServiceUsedID"_s, .visible = false},
-        {.name = u"Service No"_s, .width = 75},
+        {.name = u"Service No"_s, .width = 70},
         {.name = u"ServiceID"_s, .visible = false},
-        {.name = u"Name"_s, .width = 190},
-        {.name = u"Next Schedule"_s, .width = 110, .editable = true, .editor = grid::Editor::Date},
+        {.name = u"Name"_s, .width = 170},
+        {.name = u"Next Schedule"_s, .width = 95, .editable = true, .editor = grid::Editor::Date},
         {.name = u"Next Count"_s,
-         .width = 80,
+         .width = 75,
          .editable = true,
          .editor = grid::Editor::Masked,
          .mask = u"{1,999999999}"_s},
         {.name = u"Service Crew"_s,
-         .width = 150,
+         .width = 125,
          .editable = true,
          .align = grid::Align::Left,
          .editor = grid::Editor::DropDown},
         {.name = u"Budgeted Hrs"_s,
-         .width = 90,
+         .width = 80,
          .editable = true,
          .format = u"0.00"_s,
          .editor = grid::Editor::Masked,
          .mask = u"{0,99999}.{0,99}"_s},
-        {.name = u"Labor Cost"_s, .width = 85, .editable = true, .format = u"$0.00"_s},
+        {.name = u"Labor Cost"_s, .width = 74, .editable = true, .format = u"$0.00"_s},
         {.name = u"Interval"_s,
-         .width = 65,
+         .width = 52,
          .editable = true,
          .editor = grid::Editor::Masked,
          .mask = u"{1,99999}"_s},
-        {.name = u"Schedule Type"_s, .width = 100},
+        {.name = u"Schedule Type"_s, .width = 80},
         {.name = u"SeparateWo"_s, .visible = false},
     };
 }
@@ -123,6 +123,11 @@ void ServicePage::RefreshServiceGrid(qint64 EquipmentID)
             {m_equipment}));
         rows.column(u"Service Crew").choices = crewChoices();
         rows.columnsChanged();
+        // 0 is no count: the service waits for none.
+        for (int each = 0; each < rows.rowCount(); ++each) {
+            if (rows.value(each, u"Next Count").toLongLong() == 0)
+                rows.setValue(each, u"Next Count", {});
+        }
         const int row = kept == 0 ? -1 : rows.findRow(u"ServiceUsedID", kept);
         grdService->selectRow(row >= 0 ? row : grdService->displayedOrder().value(0, -1));
     });

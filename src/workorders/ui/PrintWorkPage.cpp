@@ -26,6 +26,8 @@ namespace {
 
 constexpr const char *Module = "WorkOrder";
 constexpr int NoteHeight = 62;            // pixels, four lines
+constexpr int ListWidth = 560;            // pixels
+constexpr int FramesWidth = 620;          // pixels
 const QColor WithoutOrder(223, 234, 250); // machines that still wait for an order
 
 grid::Column hidden(const QString &name)
@@ -36,7 +38,7 @@ grid::Column hidden(const QString &name)
 QList<grid::Column> serviceColumns()
 {
     return {{.name = u"Service No"_s, .width = 72},
-            {.name = u"Service Name"_s, .width = 150},
+            {.name = u"Service Name"_s, .width = 190},
             {.name = u"Service Crew"_s, .width = 118},
             {.name = u"Next Service Date"_s, .width = 112, .format = u"mm/dd/yyyy"_s},
             {.name = u"SeparateWo"_s, .width = 75, .editor = grid::Editor::Check}};
@@ -111,8 +113,8 @@ void PrintWorkPage::buildPage()
     m_frames->addWidget(fraGen);
     m_frames->addWidget(fraPrint);
     splitter->addWidget(m_frames);
-    splitter->setStretchFactor(0, 1);
-    splitter->setStretchFactor(1, 1);
+    // Wide enough for the columns of either side.
+    splitter->setSizes({ListWidth, FramesWidth});
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(splitter);

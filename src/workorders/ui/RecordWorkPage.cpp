@@ -111,6 +111,7 @@ QList<grid::Column> partColumns()
             {.name = u"Qty Used"_s,
              .width = 65,
              .editable = true,
+             .format = u"0.00"_s,
              .editor = grid::Editor::Masked,
              .mask = u"{0,99999}.##"_s},
             {.name = u"Price"_s,
