@@ -68,6 +68,15 @@ bool takesParts(const Service &service)
     return service.trackedParts > 0;
 }
 
+QString list(QList<qint64> numbers)
+{
+    std::ranges::sort(numbers);
+    QStringList texts;
+    for (const qint64 number : std::as_const(numbers))
+        texts.append(QString::number(number));
+    return texts.join(u", ");
+}
+
 QString Service::meter() const
 {
     static const QHash<QString, QString> words{{u"C"_s, u"Counts"_s},

@@ -42,6 +42,9 @@ struct Machine
     [[nodiscard]] int ordersToCome() const;
 };
 
+/// Numbers in their order, parted by commas.
+[[nodiscard]] QString list(QList<qint64> numbers);
+
 /// The machines that the tour works on: one with everything, one of which a service is skipped, and
 /// one whose meter nobody reads.
 struct Cast

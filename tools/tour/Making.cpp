@@ -10,14 +10,6 @@ using namespace Qt::StringLiterals;
 
 const QString MarkQuestion = u"Mark Work Orders as Printed"_s;
 
-QString list(const QList<qint64> &numbers)
-{
-    QStringList texts;
-    for (const qint64 number : numbers)
-        texts.append(QString::number(number));
-    return texts.join(u", ");
-}
-
 } // namespace
 
 Task Tour::followTheLink()

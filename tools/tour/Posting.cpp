@@ -165,8 +165,9 @@ Task Tour::post()
             u"An order without its count must be held back."_s);
     for (const qint64 order : held)
         require(message.contains(QString::number(order)),
-                u"Order %1 must be held back: \"%2\""_s.arg(order).arg(message));
-    see(u"held-back"_s, u"The order without a count is held back, the others are posted."_s);
+                u"Order %1 must be held back; the message says \"%2\"."_s.arg(order).arg(message));
+    see(u"held-back"_s,
+        u"Held back without their counts: %1; the others are posted."_s.arg(list(held)));
     co_await m_hands.answer(message, u"OK"_s);
 
     for (const Ordered &service : posted)
@@ -203,7 +204,7 @@ Task Tour::postTheHeldBack()
     co_await m_hands.answer(ListQuestion, u"No"_s);
     for (const Ordered &service : services)
         requirePosted(service);
-    see(u"recorded-all"_s, u"With its count the last order is posted, too."_s);
+    see(u"recorded-all"_s, u"With their counts these are posted, too."_s);
 }
 
 } // namespace tour
