@@ -20,6 +20,24 @@ QString contents(const QString &path)
     return QString::fromUtf8(file.readAll());
 }
 
+/// The statements of a script: parted by semicolons at the ends of lines, lines beginning with
+/// "--" left out.
+QStringList statementsOf(const QString &script)
+{
+    QStringList statements;
+    QString statement;
+    for (const QString &line : script.split(u'\n')) {
+        if (line.startsWith(u"--"_s))
+            continue;
+        statement += line + u'\n';
+        if (line.trimmed().endsWith(u';')) {
+            statements += statement.trimmed();
+            statement.clear();
+        }
+    }
+    return statements;
+}
+
 } // namespace
 
 sql::Schema schemaOf(const QStringList &statements)
@@ -45,22 +63,6 @@ sql::Schema schemaOf(const QStringList &statements)
         schema.add(std::move(table));
     }
     return schema;
-}
-
-QStringList statementsOf(const QString &script)
-{
-    QStringList statements;
-    QString statement;
-    for (const QString &line : script.split(u'\n')) {
-        if (line.startsWith(u"--"_s))
-            continue;
-        statement += line + u'\n';
-        if (line.trimmed().endsWith(u';')) {
-            statements += statement.trimmed();
-            statement.clear();
-        }
-    }
-    return statements;
 }
 
 QStringList shippedSchema()

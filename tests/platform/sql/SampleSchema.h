@@ -16,10 +16,6 @@ namespace test {
 /// The tables that CREATE TABLE statements of the dialect describe.
 [[nodiscard]] sql::Schema schemaOf(const QStringList &statements);
 
-/// The statements of a script: parted by semicolons at the ends of lines, lines beginning with
-/// "--" left out.
-[[nodiscard]] QStringList statementsOf(const QString &script);
-
 /// The program's own schema script, statement by statement.
 [[nodiscard]] QStringList shippedSchema();
 
