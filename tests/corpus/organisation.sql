@@ -10,13 +10,3 @@ select ParentID, ItemName, Show, FSize from tblIndicator where ItemID = {key};
 -- rows: 1
 -- row 1: 131
 select * from tblindicator where itemid = (select parentid  from tblindicator where itemid=133);
-
--- name: new employee
--- changes: 1
-insert into tblEmployee(EmployeeID , FirstName, Lastname, InitialName, BirthDate, Gender, Address, City,
-State, Country, Zip, Phone, CellPhone, Email, Pager, SS, LicenseNo, Site, Skills, Crew, EmpPosition,
-LaborCost, LaborRate, Inactive, IncludeWoList) values('E9','Pat','O''Dea','',NULL,'0','','','0','101','',
-'(   )    -    ','(   )    -    ','','(   )    -    ','','','0','','13','111','18.5','0','0','1');
--- row 1: O'Dea | null | '(   )    -    ' | 18.5 | 0 | 1
-select Lastname, BirthDate, Phone, LaborCost, Inactive, IncludeWoList from tblEmployee where EmployeeID =
-'e9';

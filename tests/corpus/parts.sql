@@ -62,22 +62,6 @@ tblEquipment.EquipmentMake = Make.ItemID) LEFT JOIN tblIndicator AS Model ON tbl
 tblEquipment.LocationID = tblLocation.LocationID) LEFT JOIN tblCrew ON tblEquipment.CrewID =
 tblCrew.CrewID where tblEquipment.Inactive  = '0' order by tblEquipment.[UnitNo]  ASC;
 
--- name: quick find list of employees
--- columns: EmployeeID | Employee Number | Last Name | First Name | Initial Name | Address | City | State | Zip | Country | Email | Phone | CellPhone | Pager | License No | Site | Skills | Crew | Employee Position | Labor Cost | Labor Rate | Inactive
--- rows: 4
--- row 1: E1 | E1 | Ames | Ann | null | null | Dayton | OH | null | United States | null | null | null | null | null | North Yard | null | 1 | Mechanic | 20 | 40 | 0
-SELECT tblEmployee.EmployeeID, tblEmployee.EmployeeID AS [Employee Number], tblEmployee.Lastname AS
-[Last Name], tblEmployee.FirstName AS [First Name], tblEmployee.InitialName AS [Initial Name],
-tblEmployee.Address, tblEmployee.City, States.ItemName AS State, tblEmployee.Zip, Countries.ItemName AS
-Country, tblEmployee.Email, tblEmployee.Phone, tblEmployee.CellPhone, tblEmployee.Pager,
-tblEmployee.LicenseNo AS [License No], tblSite.SiteName AS Site, tblEmployee.Skills, tblCrew.CrewNumber
-AS Crew, Positions.ItemName AS [Employee Position], tblEmployee.LaborCost AS [Labor Cost],
-tblEmployee.LaborRate AS [Labor Rate], tblEmployee.Inactive FROM ((((tblEmployee LEFT JOIN tblIndicator
-AS States ON tblEmployee.State = States.ItemID) LEFT JOIN tblIndicator AS Countries ON
-tblEmployee.Country = Countries.ItemID) LEFT JOIN tblSite ON tblEmployee.Site = tblSite.SiteID) LEFT
-JOIN tblCrew ON tblEmployee.Crew = tblCrew.CrewID) LEFT JOIN tblIndicator AS Positions ON
-tblEmployee.EmpPosition = Positions.ItemID order by tblEmployee.[EmployeeID]  ASC;
-
 -- name: quick find list of locations
 -- rows: 2
 -- row 1: 2 | Bay 3 | Truck bay | South Yard

@@ -1,17 +1,5 @@
 -- Catalogue, assigned services, meter readings.
 
--- name: new catalogue service
--- changes: 1
-Insert into tblServices(ServiceID,Name,CrewID,CostCenterID,Period,EInterval,RenewalOn,Mon,Tue,Wed,Thu,
-Fri,Sat,Sun,FirstW,SecondW,ThirdW,ForthW,LastW,DOM,DOM1,DOM2,DOM3,DOM4,DOM5,Jan,Feb,Mar,Apr,May,Jun,
-Jul,Aug,Sep,Oct,Nov,Dece,SeparateWo,LaborEstimate,CostEstimate,[Note],JobNo) values('315093000',
-'Bob''s check','11','1','M','1','W','1','0','0','0','0','0','0','1','0','0','0','0','0','0','0','0',
-'0','0','1','1','1','1','1','1','1','1','1','1','1','1','0','1.25','28.13','it''s "new"','12');
--- rows: 1
--- row 1: 315093000 | Bob's check | 1 | 0 | 1 | 1.25 | 28.13 | it's "new" | 12
-select ServiceID, Name, Mon, Sun, Dece, LaborEstimate, CostEstimate, Note, JobNo from tblServices where
-ServiceID = '315093000';
-
 -- name: any reading of a kind
 -- rows: 1
 SELECT TOP 1 * From tblequipmentCount WHERE tblequipmentCount.EquipmentID=501 AND
@@ -80,26 +68,6 @@ Einterval as [Interval], Switch( Period= 'D' ,'Days', Period='W','Weeks', Period
 Period='Y','Years', Period='C','Counts', Period='H','Hours', Period='K','Kilometers',
 Period='I','Miles') AS [Schedule Type], tblServiceUsed.SeparateWo  FROM tblServiceUsed where
 EquipmentId=502;
-
--- name: assign a service
--- key: ServiceUsedID
- insert into tblserviceused(Equipmentid,serviceid,Name,CrewID, CostCenterID, Period,
-Einterval,Renewalon,Mon,tue,wed,thu,Fri, Sat, Sun,FirstW, SecondW, ThirdW,ForthW,
-LastW,Dom,Dom1,Dom2,Dom3,Dom4,Dom5,jan,Feb, Mar,Apr,may, jun,jul,aug, sep, oct,nov, dece,
-separateWo,LaborEstimate, costEstimate, [note],Jobno ,NextScheduledDate) values('506','902',
-'Bob''s check','11','1','W','1','S','1','0','0','0','0','0','0','1','0','0','0','0','0','0','0','0',
-'0','0','1','1','1','1','1','1','1','1','1','1','1','1','0','0.5','11.25','it''s','2','03-15-2024');
--- rows: 1
--- row 1: {key}
-Select max(ServiceUsedID) From tblServiceUsed;
--- row 1: 506 | Bob's check | #03-15-2024# | null | null | it's
-select EquipmentID, Name, NextScheduledDate, LastDateScheduled, LastDatePerformed, [note] from
-tblServiceUsed where ServiceUsedID = {key};
--- changes: 1
-Insert into tblServiceUsedPart(PartID,ServiceUsedID,QuantityRequired,price,SupplierID) Values('P-O''5',
-{key},2,0.1,2) ;
--- row 1: W | Bob's check | 1
-Select Period,Name,Einterval from tblServiceUsed where ServiceUsedId = {key};
 
 -- name: parts to be copied from an assigned service
 -- rows: 1

@@ -65,48 +65,6 @@ tblServiceUsed Left Join tblCrew on tblServiceUsed.CrewId = tblCrew.crewID Where
 tblWoServiceUsed)  and inactive = 0 and Equipmentid = 501  AND (tblServiceUsed.SeparateWo = '0') and
 tblcrew.crewid = 11;
 
--- name: generate an order
--- key: WorkorderNo
-Insert into tblWorkOrder(EquipmentId,Printed) Values('501','0');
--- row 1: {key}
-Select max(Workorderno) from tblWorkorder;
--- row 1: 501 | 0 | 0 | null | #03-15-2024#
-select EquipmentID, Printed, Complete, CompletedDate, WoDate from tblWorkorder where WorkorderNo = {key};
--- key: NServiceUsedID
-Insert into tblWoserviceUsed(WorkOrderNo,ServiceUsedID,ServiceID,EquipmentID,LastdateScheduled,
-LastDatePerformed,NextScheduledDate,Name,CrewID,CostCenterID,SeparateWo,LaborEstimate,CostEstimate,
-[Note],Period,JobNo)values('{key}','2','902','501',#3/3/2024#,#3/4/2024#,#3/10/2024#,'Blade''s check',
-'11','1','0','0.5','11.25',NULL,'W','2');
--- row 1: {key}
-Select max(NserviceUsedID) from tblWoserviceUsed;
--- row 1: 2 | #03-03-2024# | Blade's check | null | 0 | 0 | null | null
-select ServiceUsedID, LastDateScheduled, Name, [Note], Completed, Skip, StartTime, CountValue from
-tblWoServiceUsed where NServiceUsedID = {key};
--- rows: 1
--- row 1: P-100 | 1 | 12.5 | 1
-Select partID,QuantityRequired,Price,SupplierID from tblServiceUsedpart where PartId is not Null and
-ServiceUsedId = 2;
--- changes: 1
-Insert into tblWoPartUsed(ServiceUsedID,PartID,QuantityRequired,QuantityUsed,Price,SupplierID) Values(
-'{key}','P-100',1,1,12.5,1);
--- changes: 1
-Insert into tblWoPartUsed(ServiceUsedID,PartID,QuantityRequired,QuantityUsed,Price,SupplierID) Values(
-'{key}','P-O''5',1,1,NULL,NULL);
--- row 1: 0
-select Used from tblWoPartUsed where ServiceUsedID = {key} and PartID = 'P-100';
--- rows: 0
-Select ServiceUsedID from tblServiceUsed where ServiceUsedID = 2 and Serviceusedid not in (Select
-ServiceUsedId from tblWoServiceUsed);
-
--- name: delete an order
--- changes: 3
-Delete from tblWoPartUsed where ServiceUSedID in (Select NserviceUSedID from tblWoServiceUsed where
-Workorderno = 2);
--- changes: 2
-Delete from tblWoServiceUsed where WorkorderNo = 2;
--- changes: 1
-Delete from tblWorkorder where Workorderno = 2;
-
 -- name: orders to be recorded
 -- columns: Complete | CompletedDate | WorkorderNo | Unit No | Equipment Name | Equipment Type | Printed | EquipmentID | Work Order Date
 -- rows: 5
@@ -148,17 +106,6 @@ Req],QuantityUsed as [Qty Used], tblWoPartUSed.Price,tblWoPartUsed.SupplierID as
 (tblWoPartUsed Left Join tblWoServiceUsed on tblWopartUsed.ServiceUsedID =
 tblWoServiceUsed.ServiceUsedID) Left Join tblPart on tblWoPartUsed.PArtID = tblPart.PartID where
 tblWoPartUSed.ServiceusedID = 2;
-
--- name: complete an order
--- changes: 1
- Update tblWorkorder Set CompletedDate = #03-15-2024#, Complete = '1' Where WorkorderNo =2;
--- changes: 1
- Update tblWoServiceUsed Set Completed = '1' Where WorkorderNo =2 and (skip is null or skip <> -1);
--- changes: 2
- Update tblWoPartUsed Set Used = '1' Where ServiceUsedId in (Select NserviceUsedID from tblWoServiceUsed
-Where WorkorderNo =2 and (skip is null or skip <> -1));
--- row 1: -1 | #03-15-2024#
-select Complete, CompletedDate from tblWorkorder where WorkorderNo = 2;
 
 -- name: meter services without a count hold an order back
 -- row 1: 1

@@ -313,11 +313,6 @@ values(502,'1','Mowing',#01-06-2024#);
 insert into tblEquipmentCrewHistory(EquipmentID,CrewNumber,CrewDescription,CrewDate)
 values(505,'','',#01-07-2024#);
 
-insert into tblGridSetting(Tablename,Width,FieldName,FormName,FPosition,SortType)
-values('grdService','2000','Name','frmEquipment','1','0');
-insert into tblGridSetting(Tablename,Width,FieldName,FormName,FPosition,SortType)
-values('grdService','900','Service No','frmEquipment','0','1');
-
 insert into tblTableFields(Tablename,RowID,FieldDesc,FieldName,FieldType)
 values('tblPart',1,'Part Number','PartID','VARCHAR');
 insert into tblTableFields(Tablename,RowID,FieldDesc,FieldName,FieldType)

@@ -168,17 +168,6 @@ TEST_F(GridLayouts, AColumnThatIsGoneIsAnErrorOfItsOwn)
     EXPECT_EQ(grid.rows().column(u"Price").width, 77);
 }
 
-TEST_F(GridLayouts, WaitForColumnsThatComeWithTheRows)
-{
-    SaveGridSetting(u"frmX"_s, u"grdX"_s, grid);
-    gcnLookup->Execute(u"Update tblGridSetting set Width = 77 where FieldName = 'Price'"_s);
-    grid::GridView later;
-    SetGridSetting(u"frmX"_s, u"grdX"_s, later);
-    addColumns(later);
-    for (const grid::ColumnLayout &column : later.layout())
-        EXPECT_EQ(column.width, column.field == u"Price" ? 77 : 100);
-}
-
 TEST_F(GridLayouts, AssignedDataMakeTheirColumns)
 {
     gcnData->Execute(
