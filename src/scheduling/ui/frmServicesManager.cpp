@@ -41,14 +41,14 @@ QList<grid::Column> columns(bool selectMode)
     QList<grid::Column> list{
         {.name = u"Service ID"_s, .visible = false},
         {.name = u"Service No"_s, .width = 80},
-        {.name = u"Name"_s, .width = 210},
-        {.name = u"Crew"_s, .width = 140},
-        {.name = u"Cost Center"_s, .width = 150},
-        {.name = u"Interval"_s, .width = 65},
-        {.name = u"RenewalOn"_s, .width = 165},
-        {.name = u"SeparateWo"_s, .width = 85, .editor = grid::Editor::Check},
-        {.name = u"Budgeted Hrs"_s, .width = 90, .format = u"0.00"_s},
-        {.name = u"Labor Cost"_s, .width = 85, .format = u"$0.00"_s},
+        {.name = u"Name"_s, .width = 200},
+        {.name = u"Crew"_s, .width = 125},
+        {.name = u"Cost Center"_s, .width = 130},
+        {.name = u"Interval"_s, .width = 55},
+        {.name = u"RenewalOn"_s, .width = 150},
+        {.name = u"SeparateWo"_s, .width = 80, .editor = grid::Editor::Check},
+        {.name = u"Budgeted Hrs"_s, .width = 85, .format = u"0.00"_s},
+        {.name = u"Labor Cost"_s, .width = 75, .format = u"$0.00"_s},
     };
     if (selectMode)
         list.prepend(
@@ -70,7 +70,8 @@ frmServicesManager::frmServicesManager(const Request &request, QWidget *parent)
     (isCatalogue() ? optServiceMaster : optEquipmentService)->setChecked(true);
     showMachine();
     ShowGrid();
-    adoptGrid(grdServices, u"grdServices"_s);
+    // Rows to be ticked have a column more, and so a layout of their own.
+    adoptGrid(grdServices, m_selectMode ? u"grdServicesSelect"_s : u"grdServices"_s);
     grdServices->setFocus();
 }
 

@@ -57,6 +57,17 @@ TEST_F(frmServicesManagerTest, GivesBackWhatWasTickedByKey)
     EXPECT_EQ(screen.selection(), u"50, 52"_s);
 }
 
+TEST_F(frmServicesManagerTest, ListsWithAndWithoutTicksKeepTheirOwnLayouts)
+{
+    for (const bool selectMode : {false, true, false}) {
+        frmServicesManager screen({.selectMode = selectMode});
+        open(screen);
+        const grid::GridView &services = grid(screen);
+        EXPECT_EQ(services.layout().at(0).field, selectMode ? u"Select"_s : u"Service ID"_s);
+        click(screen, u"cmdExit"_s);
+    }
+}
+
 TEST_F(frmServicesManagerTest, KeepsTheTicksWhileAServiceIsAdded)
 {
     frmServicesManager screen({.selectMode = true});
