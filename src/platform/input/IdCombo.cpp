@@ -1,5 +1,7 @@
 #include "platform/input/IdCombo.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QWheelEvent>
 
 namespace input {
@@ -51,6 +53,39 @@ bool IdCombo::selectText(const QString &text)
     if (index >= 0)
         setCurrentIndex(index);
     return index >= 0;
+}
+
+void IdCombo::keyPressEvent(QKeyEvent *event)
+{
+    // The toolkit stays on the first item when the letter comes again quickly.
+    if (!isEditable() && isLetterAgain(event->text()))
+        chooseNext(event->text());
+    else
+        QComboBox::keyPressEvent(event);
+}
+
+bool IdCombo::isLetterAgain(const QString &letter)
+{
+    if (letter.size() != 1 || !letter.at(0).isLetterOrNumber())
+        return false;
+    if (!m_sinceTyped.isValid() || m_sinceTyped.hasExpired(QApplication::keyboardInputInterval()))
+        m_typed.clear();
+    m_sinceTyped.start();
+    m_typed += letter;
+    return m_typed.size() > 1 && m_typed.count(letter, Qt::CaseInsensitive) == m_typed.size() &&
+           findText(m_typed, Qt::MatchStartsWith) < 0;
+}
+
+void IdCombo::chooseNext(const QString &beginning)
+{
+    for (int step = 1; step < count(); ++step) {
+        const int index = (currentIndex() + step) % count();
+        if (itemText(index).startsWith(beginning, Qt::CaseInsensitive)) {
+            setCurrentIndex(index);
+            Q_EMIT activated(index);
+            return;
+        }
+    }
 }
 
 void IdCombo::wheelEvent(QWheelEvent *event)

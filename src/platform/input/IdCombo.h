@@ -1,12 +1,14 @@
 #pragma once
 
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QHash>
 
 namespace input {
 
 /// A list to choose from whose items carry the ids of rows. Typing moves to the next item that
-/// begins with what was typed. A wheel turned over it changes nothing unless it has the focus.
+/// begins with what was typed, one letter again and again through all that begin with it. A wheel
+/// turned over it changes nothing unless it has the focus.
 class IdCombo : public QComboBox
 {
     Q_OBJECT
@@ -28,10 +30,16 @@ public:
     [[nodiscard]] const QHash<QString, QString> &collection() const { return m_collection; }
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
 
 private:
+    bool isLetterAgain(const QString &letter);
+    void chooseNext(const QString &beginning);
+
     QHash<QString, QString> m_collection;
+    QString m_typed; ///< within one pause of typing
+    QElapsedTimer m_sinceTyped;
 };
 
 } // namespace input

@@ -96,6 +96,8 @@ private:
                 if (auto *button = qobject_cast<QAbstractButton *>(pressed.data()))
                     button->setDown(false);
                 control->setFocus(Qt::OtherFocusReason);
+                if (auto *line = qobject_cast<QLineEdit *>(control))
+                    line->selectAll();
             },
             Qt::QueuedConnection);
     }

@@ -243,6 +243,9 @@ int Style::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *
     // A list below the box, which scrolls, rather than one laid over it.
     case SH_ComboBox_Popup:
         return 0;
+    // Half the menus have no letter to be opened with.
+    case SH_MenuBar_AltKeyNavigation:
+        return 1;
     case SH_EtchDisabledText:
         return 0;
     case SH_DialogButtonBox_ButtonsHaveIcons:

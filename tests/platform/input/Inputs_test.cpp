@@ -204,6 +204,23 @@ TEST(DateStamp, GoesInAtTheCaretAheadOfAShortcutOfTheWindow)
     EXPECT_EQ(notes->toPlainText().toStdString(), "a3/15/2024 2:7 PM:b");
 }
 
+TEST(IdCombo, OneLetterAgainAndAgainGoesThroughAllThatBeginWithIt)
+{
+    test::ShownForm window;
+    auto *combo = window.form.comboField(QStringLiteral("cboPeriod"), QStringLiteral("Period"));
+    combo->add({QStringLiteral("  "), QStringLiteral("Miles"), QStringLiteral("Days"),
+                QStringLiteral("Months")});
+    window.showNow();
+    QSignalSpy choices(combo, &QComboBox::activated);
+    QString chosen;
+    for (int i = 0; i < 3; ++i) {
+        test::type(combo, "m");
+        chosen += combo->currentText() + u' ';
+    }
+    EXPECT_EQ(chosen.toStdString(), "Miles Months Miles ");
+    EXPECT_EQ(choices.size(), 3);
+}
+
 TEST(ValidateOnLeave, HoldsTheFocusAndSwallowsTheClickUntilTheRuleAgrees)
 {
     test::ShownForm window;
@@ -215,6 +232,7 @@ TEST(ValidateOnLeave, HoldsTheFocusAndSwallowsTheClickUntilTheRuleAgrees)
     input::validateOnLeave(field, [&] { return ++asked, mayLeave; });
     input::setCausesValidation(cancel, false);
     window.showNow();
+    field->setText(QStringLiteral("12"));
     QSignalSpy saves(save, &QPushButton::clicked);
     field->setFocus();
 
@@ -224,6 +242,8 @@ TEST(ValidateOnLeave, HoldsTheFocusAndSwallowsTheClickUntilTheRuleAgrees)
     EXPECT_TRUE(field->hasFocus());
     EXPECT_EQ(asked, 1);
     EXPECT_EQ(saves.size(), 0);
+    // What was refused is ready to be typed over.
+    EXPECT_EQ(field->selectedText().toStdString(), "12");
 
     QTest::mouseClick(cancel, Qt::LeftButton);
     EXPECT_EQ(asked, 1);
