@@ -70,6 +70,9 @@ void Screen::setVisible(bool visible)
             ApplyCenteredFormLayout(this, m_formName);
         else
             ApplyFormLayout(this, m_formName);
+        // The first control is entered as if by Tab: what one types replaces what it holds.
+        if (!focusWidget())
+            focusNextChild();
     }
     QDialog::setVisible(visible);
     if (visible)

@@ -147,8 +147,7 @@ QDate DateInput::date() const
 
 void DateInput::setDate(QDate date)
 {
-    setText(date.isValid() ? shown(date) : emptyText());
-    setCursorPosition(0);
+    showText(date.isValid() ? shown(date) : emptyText());
 }
 
 void DateInput::checkOnLeave()

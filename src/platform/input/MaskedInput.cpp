@@ -63,6 +63,16 @@ void MaskedInput::fitProgramText()
     setCursorPosition(std::min(caret, m_mask.length()));
 }
 
+void MaskedInput::showText(const QString &newText)
+{
+    const bool whole = hasSelectedText() && selectedText() == text();
+    setText(newText);
+    if (whole)
+        selectAll();
+    else
+        setCursorPosition(0);
+}
+
 void MaskedInput::applyEdit(const QString &newText, int caret)
 {
     if (newText != text()) {

@@ -32,6 +32,9 @@ protected:
     void focusInEvent(QFocusEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void changeEvent(QEvent *event) override;
+    /// Shows a text of the program's. A box that the user has just entered stays selected, ready to
+    /// be typed over.
+    void showText(const QString &newText);
     /// Applies an edit of the user's: keeps undo, and signals textEdited.
     void applyEdit(const QString &newText, int caret);
     /// Types characters one after another at the caret, over the selection.

@@ -50,10 +50,10 @@ void TimeInput::setTime(QTime time)
         return;
     }
     const int hour = time.hour() % 12 == 0 ? 12 : time.hour() % 12;
-    setText(QStringLiteral("%1:%2%3")
-                .arg(hour, 2, 10, QChar(u'0'))
-                .arg(time.minute(), 2, 10, QChar(u'0'))
-                .arg(QChar(time.hour() < 12 ? u'A' : u'P')));
+    showText(QStringLiteral("%1:%2%3")
+                 .arg(hour, 2, 10, QChar(u'0'))
+                 .arg(time.minute(), 2, 10, QChar(u'0'))
+                 .arg(QChar(time.hour() < 12 ? u'A' : u'P')));
 }
 
 bool TimeInput::normalise(const QString &whenInvalid)

@@ -97,6 +97,16 @@ TEST_F(Screens, TheUsersFirstEditTurnsBrowseToModify)
     }
 }
 
+TEST_F(Screens, TypingAfterOpeningReplacesWhatTheFirstControlHolds)
+{
+    frmSample screen;
+    screen.DisplayData();
+    screen.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&screen));
+    EXPECT_TRUE(screen.line->hasFocus());
+    EXPECT_EQ(screen.line->selectedText(), u"shown"_s);
+}
+
 TEST_F(Screens, ItsCloseBoxAndEscapeFollowTheMode)
 {
     frmSample form;

@@ -74,6 +74,10 @@ TEST_F(ServiceTimes, HoursFollowFromTheTimes)
     QTest::keyClick(&start(), Qt::Key_Tab);
     EXPECT_EQ(end().text(), u"01:15P");
     EXPECT_EQ(hours().time(), QTime(0, 0));
+    // The end, which now has the focus, is typed over.
+    QTest::keyClicks(&end(), u"2:30p"_s);
+    QTest::keyClick(&end(), Qt::Key_Tab);
+    EXPECT_EQ(hours().time(), QTime(1, 15));
 }
 
 TEST_F(ServiceTimes, WithoutAStartTheEndAndTheHoursStay)
