@@ -6,6 +6,7 @@
 #include "platform/base/Environment.h"
 #include "platform/base/Prompts.h"
 #include "platform/input/DialogPrompts.h"
+#include "platform/input/KeyFilter.h"
 #include "platform/input/Theme.h"
 #include "platform/system/SingleInstance.h"
 #include "shell/RightsTable.h"
@@ -37,6 +38,7 @@ int runProgram(QApplication &application, const std::function<void(QWidget &)> &
     // The process ends with its main form, not with whichever window was the last.
     QApplication::setQuitOnLastWindowClosed(false);
     theme::install(application);
+    input::keepAltFromTyping(application);
 
     input::DialogPrompts dialogs;
     const base::ScopedPrompts prompts(dialogs);

@@ -1,8 +1,11 @@
 #include "platform/input/KeyFilter.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QList>
+#include <QMenu>
+#include <QMenuBar>
 #include <algorithm>
 #include <functional>
 #include <optional>
@@ -193,6 +196,23 @@ QString capitals(QString inserted, const QString &)
     return inserted;
 }
 
+/// Menus take their letters from the key itself; all others get them through shortcuts.
+class AltFilter final : public QObject
+{
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() != QEvent::KeyPress || !watched->isWidgetType() ||
+            qobject_cast<QMenu *>(watched) || qobject_cast<QMenuBar *>(watched))
+            return QObject::eventFilter(watched, event);
+        const auto &key = *static_cast<QKeyEvent *>(event);
+        const bool alone = (key.modifiers() & ~Qt::ShiftModifier) == Qt::AltModifier;
+        return alone && !key.text().isEmpty() && key.text().front().isPrint();
+    }
+};
+
 } // namespace
 
 bool Type_Check(int keyCode, TypeCheck type, KeyEvent event)
@@ -229,6 +249,11 @@ void restrictTo(QLineEdit *edit, TypeCheck type, TypeCheck orType, const QString
 void upperCaseAsTyped(QLineEdit *edit)
 {
     InsertionFilter::addRule(edit, capitals);
+}
+
+void keepAltFromTyping(QApplication &application)
+{
+    application.installEventFilter(new AltFilter(&application));
 }
 
 } // namespace input

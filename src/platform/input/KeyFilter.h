@@ -2,6 +2,7 @@
 
 #include <QString>
 
+class QApplication;
 class QLineEdit;
 
 namespace input {
@@ -30,5 +31,9 @@ void restrictTo(QLineEdit *edit, TypeCheck type, TypeCheck orType, const QString
 
 /// Turns letters into capitals as they are typed or pasted (ChangeCase).
 void upperCaseAsTyped(QLineEdit *edit);
+
+/// Keeps characters pressed with Alt for menus and buttons. A letter that no button in sight has
+/// would otherwise be typed into the text, or move the list, that has the focus.
+void keepAltFromTyping(QApplication &application);
 
 } // namespace input

@@ -1,5 +1,6 @@
 #include "platform/input/KeyFilter.h"
 
+#include "platform/input/IdCombo.h"
 #include "platform/input/Shown.h"
 
 #include <set>
@@ -147,4 +148,22 @@ TEST(UpperCaseAsTyped, WorksWithARestrictionInEitherOrder)
         test::paste(edit, "c#2");
         EXPECT_EQ(test::textOf(edit), "M1BC2");
     }
+}
+
+TEST(KeepAltFromTyping, OnlyLettersWithoutAltAreTyped)
+{
+    test::ShownForm window;
+    auto *name = window.form.textField(QStringLiteral("txtName"), QStringLiteral("&Name"));
+    auto *list = window.form.comboField(QStringLiteral("cboState"), QStringLiteral("&State"));
+    list->addItems({QStringLiteral("Ohio"), QStringLiteral("Reno")});
+    window.showNow();
+    input::keepAltFromTyping(*qApp);
+    name->setFocus();
+    QTest::keyClick(name, Qt::Key_R, Qt::AltModifier);
+    QTest::keyClick(name, 'r');
+    EXPECT_EQ(test::textOf(name), "r");
+    QTest::keyClick(list, Qt::Key_R, Qt::AltModifier);
+    EXPECT_EQ(list->currentIndex(), 0);
+    QTest::keyClick(name, Qt::Key_S, Qt::AltModifier);
+    EXPECT_TRUE(list->hasFocus());
 }
