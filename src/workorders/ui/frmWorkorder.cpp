@@ -104,12 +104,16 @@ QWidget *frmWorkorder::buildFilter()
         input::restrictTo(crews, input::TypeCheck::Int, u",-"_s);
         crews->setPlaceholderText(u"1,3-5"_s);
     }
+    datDateFrom->checkOnLeave();
     input::validateOnLeave(datDateFrom, [this] {
-        datDateFrom_Change();
+        if (datDateFrom->isValidOrEmpty())
+            datDateFrom_Change();
         return true;
     });
+    datDateTo->checkOnLeave();
     input::validateOnLeave(datDateTo, [this] {
-        datDateTo_Change();
+        if (datDateTo->isValidOrEmpty())
+            datDateTo_Change();
         return true;
     });
     return pane;

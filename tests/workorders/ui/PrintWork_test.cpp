@@ -247,6 +247,12 @@ TEST_F(PrintWork, KeepsTheWindowInOrderAndForTheNextTime)
     prompts.expect(u"End date can't be less than Work Order Date"_s, Icon::None);
     driver().control<QAbstractButton>("cmdRefreshWo").click(); // as a key does
     EXPECT_EQ(date("datDateTo").date(), QDate(2024, 4, 1));
+    // What the list shows is what the boxes say, so half a date can't be left.
+    driver().type("datDateTo", u"13"_s);
+    prompts.expect(u"Please enter valid date."_s, Icon::None);
+    QTest::keyClick(&date("datDateTo"), Qt::Key_Tab);
+    EXPECT_EQ(driver().focused(), "datDateTo");
+    driver().type("datDateTo", u"04012024"_s);
     driver().type("txtCrewRange", u"1,x3-5"_s);
     EXPECT_EQ(driver().text("txtCrewRange"), u"1,3-5"_s);
     driver().type("txtAssignCrew", u"2"_s);
