@@ -3,7 +3,6 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
-#include <QDialogButtonBox>
 #include <QMessageBox>
 #include <QProgressDialog>
 #include <QTabBar>
@@ -43,12 +42,13 @@ Hands::Rest Hands::perform(std::function<void()> action)
 {
     m_posted = true;
     // Not from here: an action may last until the window that it opens is closed.
-    QTimer::singleShot(0, &m_timer, [this, action = std::move(action)] {
+    const auto act = [this, action = std::move(action)] {
         m_posted = false;
         m_running.push_back(QApplication::activeModalWidget());
         action();
         m_running.pop_back();
-    });
+    };
+    QMetaObject::invokeMethod(&m_timer, act, Qt::QueuedConnection);
     return rest();
 }
 
@@ -195,9 +195,7 @@ Hands::Rest Hands::click(const QString &gridName, int row, const QString &column
     grid::GridView &view = grid(gridName);
     require(row >= 0, u"%1 lacks the row for a click in \"%2\"."_s.arg(gridName, column));
     view.scrollTo(view.rows().indexOf(row, view.rows().columnIndex(column)));
-    // At the left, where a cell's text begins; tick boxes stand in the middle.
-    const QRect cell = view.cellRect(row, column);
-    return clickAt(*view.viewport(), cell.center());
+    return clickAt(*view.viewport(), view.cellRect(row, column).center());
 }
 
 Hands::Rest Hands::type(const QString &name, const QString &text)
