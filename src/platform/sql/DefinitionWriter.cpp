@@ -30,6 +30,7 @@ private:
     void createTable();
     void addColumns();
     void alterColumn();
+    void replaceColumn(const Column &present, const ColumnDefinition &wanted);
     void dropColumn();
     void addKey();
     void createIndex();
@@ -317,7 +318,12 @@ void DefinitionWriter::alterColumn()
     const bool becomesYesNo = wanted.type.kind == ColumnKind::YesNo;
     if (wasYesNo && !becomesYesNo)
         replaceYesNoTrigger(yesNoColumns({}), yesNoColumns(present.name));
-    m_statements.push_back(alter + u"TYPE "_s + typeText(wanted, false));
+    const bool becomesMemo =
+        wanted.type.kind == ColumnKind::Text && wanted.type.length == MemoLength;
+    if (becomesMemo == (present.length == MemoLength))
+        m_statements.push_back(alter + u"TYPE "_s + typeText(wanted, false));
+    else
+        replaceColumn(present, wanted);
     if (const QString text = defaultText(wanted); !text.isEmpty())
         m_statements.push_back(alter + u"SET"_s + text);
     if (wanted.notNull)
@@ -329,6 +335,26 @@ void DefinitionWriter::alterColumn()
         m_statements.push_back(u"UPDATE "_s + quotedName(table().name) + u" SET "_s +
                                quotedName(present.name) + u" = "_s + quotedName(present.name));
     }
+}
+
+/// The engine can't turn a memo into another type or the other way round, but it can move the
+/// values to a column that takes the other one's name and place.
+void DefinitionWriter::replaceColumn(const Column &present, const ColumnDefinition &wanted)
+{
+    const QString name = quotedName(present.name);
+    const QString moved = quotedName(u"~moved"_s);
+    const QString update = u"UPDATE "_s + quotedName(table().name) + u" SET "_s;
+    const QString type = typeText(wanted, false);
+    // What doesn't fit has to fail before anything has changed.
+    if (present.length == MemoLength)
+        m_statements.push_back(update + name + u" = CAST("_s + name + u" AS "_s + type + u')');
+    m_statements.push_back(alterTable() + u"ADD "_s + moved + u' ' + type);
+    m_statements.push_back(update + moved + u" = "_s + name);
+    m_statements.push_back(alterTable() + u"DROP "_s + name);
+    m_statements.push_back(alterTable() + u"ALTER COLUMN "_s + moved + u" TO "_s + name);
+    const auto position = &present - table().columns.data() + 1;
+    m_statements.push_back(alterTable() + u"ALTER COLUMN "_s + name +
+                           u" POSITION %1"_s.arg(position));
 }
 
 void DefinitionWriter::dropColumn()

@@ -118,6 +118,7 @@ Column columnFromCatalogue(const QString &name, QStringView domain, int fieldTyp
         break;
     case Blob:
         column.kind = subType == 1 ? ColumnKind::Text : ColumnKind::Binary;
+        column.length = subType == 1 ? MemoLength : 0;
         break;
     default:
         break;

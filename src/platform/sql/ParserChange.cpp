@@ -47,8 +47,8 @@ constexpr std::array types = {
     TypeEntry{u"logical", ColumnKind::YesNo, TypeShape::Plain, u"D_YESNO"},
     TypeEntry{u"long", ColumnKind::Integer, TypeShape::Plain, u"INTEGER"},
     TypeEntry{u"longbinary", ColumnKind::Binary, TypeShape::Plain, u"BLOB SUB_TYPE BINARY"},
-    TypeEntry{u"longtext", ColumnKind::Text, TypeShape::Plain, u"VARCHAR(4000)"},
-    TypeEntry{u"memo", ColumnKind::Text, TypeShape::Plain, u"VARCHAR(4000)"},
+    TypeEntry{u"longtext", ColumnKind::Text, TypeShape::Plain, EngineTypes::Memo},
+    TypeEntry{u"memo", ColumnKind::Text, TypeShape::Plain, EngineTypes::Memo},
     TypeEntry{u"money", ColumnKind::Money, TypeShape::Plain, u"D_MONEY"},
     TypeEntry{u"nchar", ColumnKind::Text, TypeShape::Text, {}},
     TypeEntry{u"number", ColumnKind::Real, TypeShape::Plain, u"DOUBLE PRECISION"},
@@ -386,7 +386,7 @@ TypeName Parser::parseType()
         if (bracketed)
             parseLength(std::numeric_limits<int>::max());
         if (type.kind == ColumnKind::Text)
-            type.length = EngineTypes::MemoLength;
+            type.length = MemoLength;
         break;
     }
     if (bracketed)

@@ -148,6 +148,23 @@ void Resolver::resolveQuery(Query &query, const Scope *outer, bool derived)
     }
     for (OrderItem &item : query.orderBy)
         resolveOrder(item, query, first);
+    markCompared(query);
+}
+
+/// The engine compares a memo by its place in the file, so where rows are compared it has to be
+/// written as a plain text.
+void Resolver::markCompared(Query &query)
+{
+    const bool united = std::ranges::find(query.all, false) != query.all.end();
+    const bool sorted = std::ranges::any_of(query.orderBy, [](const OrderItem &item) {
+        return item.ordinal > 0 || item.value->kind == Expression::Kind::Literal;
+    });
+    for (Select &select : query.selects) {
+        select.compared = united || sorted || select.distinct || !select.groupBy.empty();
+        const bool memos = std::ranges::find(select.output, MemoLength, &OutputColumn::length) !=
+                           select.output.end();
+        select.expanded = select.expanded || (select.compared && memos);
+    }
 }
 
 void Resolver::resolveSelect(Select &select, Scope &scope, bool derived)

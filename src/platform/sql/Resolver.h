@@ -42,6 +42,7 @@ private:
     void nameSource(Source &source);
     void resolveItems(Select &select, const Scope &scope);
     void makeOutput(Select &select, bool derived);
+    static void markCompared(Query &query);
     void resolveOrder(OrderItem &item, Query &query, const Scope &scope);
     [[nodiscard]] int orderedOutput(const OrderItem &item, const Query &query, const Scope &scope);
 

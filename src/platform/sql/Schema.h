@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QString>
 #include <QStringView>
+#include <limits>
 #include <vector>
 
 namespace sql {
@@ -20,11 +21,14 @@ enum class ColumnKind {
     Binary,
 };
 
+/// The length of a memo, a text column without a limit.
+inline constexpr int MemoLength = std::numeric_limits<int>::max();
+
 struct Column
 {
     QString name; ///< as created, which is how the engine stores it
     ColumnKind kind = ColumnKind::Unknown;
-    int length = 0; ///< characters, for text
+    int length = 0; ///< characters, for text; MemoLength for a memo
     bool autoNumber = false;
     bool defaultsToToday = false; ///< an insert that leaves the column out stores today
 };

@@ -119,6 +119,7 @@ struct Source
     [[nodiscard]] const QString &writtenColumn(int column) const;
     [[nodiscard]] ColumnKind columnKind(int column) const;
     [[nodiscard]] int columnLength(int column) const;
+    [[nodiscard]] bool isMemo(int column) const { return columnLength(column) == MemoLength; }
 };
 
 enum class JoinKind : quint8 { Comma, Inner, Left, Right, Full };
@@ -160,6 +161,7 @@ struct Select
     std::vector<OutputColumn> output; ///< what it gives
     bool aggregates = false;          ///< groups, or an aggregate in the list
     bool expanded = false;            ///< stars have to be written out column by column
+    bool compared = false; ///< rows are told apart, grouped or sorted by what the list gives
 };
 
 struct OrderItem

@@ -2,6 +2,8 @@
 
 #include "platform/sql/EngineTypes.h"
 
+#include <QScopedValueRollback>
+
 #include <algorithm>
 
 namespace sql {
@@ -9,6 +11,15 @@ namespace sql {
 using namespace Qt::StringLiterals;
 using EngineTypes::quotedName;
 using Kind = Expression::Kind;
+
+namespace {
+
+bool isMemo(const Expression &value)
+{
+    return value.kind == Kind::Name && value.source->isMemo(value.column);
+}
+
+} // namespace
 
 Writer::Writer(QStringView statement, const TranslateOptions &options, Plan &plan)
     : m_statement(statement)
@@ -67,6 +78,7 @@ void Writer::writeQuery(const Query &query, const Change *insert)
 
 void Writer::writeSelect(const Select &select, const Change *insert)
 {
+    const QScopedValueRollback own(m_comparing, false);
     m_text += u"SELECT "_s;
     if (select.top) {
         m_text += u"FIRST "_s + select.top->text.toString() + u' ';
@@ -77,6 +89,7 @@ void Writer::writeSelect(const Select &select, const Change *insert)
     std::vector<WrittenItem> items;
     {
         const FixedLiterals fixed(*this);
+        const QScopedValueRollback comparing(m_comparing, select.compared);
         items = writeItems(select, insert);
     }
     m_text += u" FROM "_s;
@@ -88,13 +101,14 @@ void Writer::writeSelect(const Select &select, const Change *insert)
         m_text += u" WHERE "_s;
         writeCondition(*select.where);
     }
+    const QScopedValueRollback comparing(m_comparing, select.compared);
     if (!select.groupBy.empty())
         writeGroups(select, items);
     if (select.having) {
         // The engine knows an expression of the groups again only by equal text.
         const bool namesOnly =
             std::ranges::all_of(select.groupBy, [](const ExpressionPointer &group) {
-                return group->kind == Kind::Name;
+                return group->kind == Kind::Name && !isMemo(*group);
             });
         m_fixed += namesOnly ? 0 : 1;
         m_text += u" HAVING "_s;
@@ -114,7 +128,7 @@ void Writer::writeGroups(const Select &select, const std::vector<WrittenItem> &i
         writeValue(*group, {});
         written.end = m_text.size();
         written.slotsEnd = m_plan.slots.size();
-        if (group->kind == Kind::Name)
+        if (group->kind == Kind::Name && !isMemo(*group))
             continue;
         // The engine does not see that two calculations are one, but knows an item by its number.
         const auto item = std::ranges::find_if(
@@ -195,8 +209,8 @@ void Writer::writeColumns(const Source &source, const Select &select, std::size_
         if (i > 0)
             m_text += u", "_s;
         const QString &column = source.writtenColumn(i);
-        m_text += source.written + u'.' + quotedName(column);
-        if (select.output[output].written != column)
+        writeColumn(source, i, true);
+        if (select.output[output].written != column || (m_comparing && source.isMemo(i)))
             m_text += u" AS "_s + quotedName(select.output[output].written);
         ++output;
     }
@@ -217,8 +231,8 @@ qsizetype Writer::writeOutput(const Select &select, const SelectItem &item, std:
     writeValue(value, wanted);
     const qsizetype end = m_text.size();
     const QString &name = select.output[output].written;
-    const bool itsOwn =
-        value.kind == Kind::Name && value.source->writtenColumn(value.column) == name;
+    const bool itsOwn = value.kind == Kind::Name && !(m_comparing && isMemo(value)) &&
+                        value.source->writtenColumn(value.column) == name;
     if (!itsOwn && !insert)
         m_text += u" AS "_s + quotedName(name);
     return end;
@@ -295,6 +309,7 @@ void Writer::writeOrder(const Query &query)
     if (query.orderBy.empty())
         return;
     const FixedLiterals fixed(*this);
+    const QScopedValueRollback comparing(m_comparing, true);
     m_text += u" ORDER BY "_s;
     for (std::size_t i = 0; i < query.orderBy.size(); ++i) {
         const OrderItem &item = query.orderBy[i];

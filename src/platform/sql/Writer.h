@@ -67,6 +67,7 @@ private:
     void writeNatural(const Expression &value);
     void writeConverted(const Expression &value, ColumnKind kind);
     void writeName(const Expression &name);
+    void writeColumn(const Source &source, int column, bool qualified);
     void writeArithmetic(const Expression &chain);
     void writeChainOperand(const Expression &operand, ColumnKind other, Operator operation);
     void writeCompare(const Expression &compare);
@@ -114,7 +115,8 @@ private:
     const TranslateOptions &m_options;
     Plan &m_plan;
     QString m_text;
-    int m_fixed = 0; ///< inside of something where literals have to stand in the text
+    int m_fixed = 0;          ///< inside of something where literals have to stand in the text
+    bool m_comparing = false; ///< inside of what rows are told apart, grouped or sorted by
 
     friend class FixedLiterals;
     friend class Repetition;

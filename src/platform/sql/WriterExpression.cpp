@@ -209,9 +209,19 @@ void Writer::writeNatural(const Expression &value)
 
 void Writer::writeName(const Expression &name)
 {
-    if (name.qualified)
-        m_text += name.source->written + u'.';
-    m_text += EngineTypes::quotedName(name.source->writtenColumn(name.column));
+    writeColumn(*name.source, name.column, name.qualified);
+}
+
+void Writer::writeColumn(const Source &source, int column, bool qualified)
+{
+    const bool cut = m_comparing && source.isMemo(column);
+    QString written = EngineTypes::quotedName(source.writtenColumn(column));
+    // The bare name would be that of the output.
+    if (qualified || cut)
+        written.prepend(source.written + u'.');
+    m_text += cut ? u"CAST(SUBSTRING(%1 FROM 1 FOR %2) AS VARCHAR(%2))"_s.arg(written).arg(
+                        EngineTypes::SortedMemoLength)
+                  : written;
 }
 
 void Writer::writeArithmetic(const Expression &chain)

@@ -108,7 +108,7 @@ void Writer::writeAdapted(const Expression &value, const Wanted &wanted)
                                 isNumber(kind) && kind != ColumnKind::YesNo;
             QVariant shown = number ? *known : converted(*known, kind);
             if (adapted.place == Place::Compared && adapted.length > 0 &&
-                shown.typeId() == QMetaType::QString)
+                adapted.length < MemoLength && shown.typeId() == QMetaType::QString)
                 shown = shown.toString().left(adapted.length + 1);
             writeInline(shown, adapted);
             return;
@@ -140,7 +140,7 @@ void Writer::writeSlot(Slot slot, const Wanted &wanted, bool typed)
         m_text += type;
     } else {
         int length = wanted.place == Place::Operand ? patternLength : comparedLength;
-        if (wanted.place == Place::Compared && wanted.length > 0)
+        if (wanted.place == Place::Compared && wanted.length > 0 && wanted.length < comparedLength)
             slot.length = length = wanted.length + 1;
         m_text += u"VARCHAR("_s + QString::number(length) + u')';
     }

@@ -1,6 +1,7 @@
 #include "platform/db/Connection.h"
 
 #include "platform/base/Environment.h"
+#include "platform/base/Format.h"
 
 #include "platform/db/TestDatabase.h"
 #include "support/Raised.h"
@@ -154,7 +155,7 @@ TEST_F(Types, WhatDoesNotFitRaisesItsNumber)
 TEST_F(Types, LongTextsAndPicturesComeBackWhole)
 {
     QString text;
-    while (text.size() < 3990)
+    while (text.size() < 100'000)
         text += u"Zeile 'ü' "_s;
     EXPECT_EQ(through(u"Note"_s, text), QVariant(text));
     EXPECT_EQ(throughLiteral(u"Note"_s, u'\'' + QString(text).replace(u"'"_s, u"''"_s) + u'\''),
@@ -163,6 +164,71 @@ TEST_F(Types, LongTextsAndPicturesComeBackWhole)
     for (qsizetype i = 0; i < picture.size(); ++i)
         picture[i] = static_cast<char>(i * 31 >> 3);
     EXPECT_EQ(through(u"Picture"_s, picture), QVariant(picture));
+}
+
+TEST_F(Types, MemosAreTextsInEveryPlaceOfAStatement)
+{
+    int whole = 0;
+    for (const QString &note : {u"pear"_s, u"Apple"_s, u"PEAR"_s, u"100% #1 [x]"_s, u""_s})
+        data.Execute(u"Insert into tblAll(Whole, Name, Note) values(?, ?, ?)"_s,
+                     {++whole, note.left(2), note});
+    data.Execute(u"Insert into tblAll(Whole) values(9)"_s);
+    // Each statement, and the first column of its rows.
+    const std::pair<QString, QString> cases[] = {
+        {u"Select Whole from tblAll where Note = 'Pear' order by Whole"_s, u"1 3"_s},
+        {u"Select Whole from tblAll where Note = ''"_s, u"5"_s},
+        {u"Select Whole from tblAll where Note is null"_s, u"9"_s},
+        {u"Select Whole from tblAll where Note like '*#1 [[]x]'"_s, u""_s},
+        {u"Select Whole from tblAll where Note like '*[#]1 [[]x]'"_s, u"4"_s},
+        {u"Select Whole from tblAll where Note like 'ap*' or Note in ('x', 'pear') order by Whole"_s,
+         u"1 2 3"_s},
+        {u"Select Whole from tblAll where Note > 'b' and Note <= 'pear' order by Whole"_s,
+         u"1 3"_s},
+        {u"Select Note from tblAll where Whole < 4 and Whole <> 3 order by Note "
+         "desc"_s,
+         u"pear Apple"_s},
+        {u"Select Note as N, Whole from tblAll where Whole < 3 order by 1"_s, u"Apple pear"_s},
+        {u"Select distinct Note from tblAll where Whole < 4 order by Note"_s, u"Apple PEAR"_s},
+        {u"Select Note, Count(*) from tblAll where Whole < 4 group by Note having Count(*) > 1"_s,
+         u"PEAR"_s},
+        {u"Select First(Note) from tblAll where Whole < 4"_s, u"Apple"_s},
+        {u"Select Note from tblAll where Whole = 1 union select Note from tblAll where Whole = 3"_s,
+         u"pear"_s},
+        {u"Select Name from tblAll where Whole = 2 union all select Note from tblAll where Whole = 2"_s,
+         u"Ap Apple"_s},
+        {u"Select N from (Select distinct Note as N from tblAll) where N = 'apple'"_s, u"Apple"_s},
+        {u"Select Left(Note, 2) + '-' + UCase(Mid(Note, 3)) from tblAll where Whole = 1"_s,
+         u"pe-AR"_s},
+        {u"Select IIf(InStr(Note, 'pp') > 0, Note, Name) from tblAll where Whole = 2"_s,
+         u"Apple"_s},
+        {u"Select Len(Note) from tblAll where Whole = 1"_s, u"4"_s},
+    };
+    for (const auto &[statement, expected] : cases) {
+        QStringList values;
+        for (const db::Row row : data.Open(statement))
+            values += base::toText(row[0]);
+        EXPECT_EQ(values.join(u' '), expected) << statement.toStdString();
+    }
+    data.Execute(u"Insert into tblAll(Whole, Note) Select 20, Note from tblAll where Whole = 2"_s);
+    EXPECT_EQ(data.Execute(u"Update tblAll set Name = Note where Whole = 20"_s), 1);
+    EXPECT_EQ(data.Open(u"Select Name from tblAll where Whole = 20"_s).value(0, 0), u"Apple"_s);
+}
+
+TEST_F(Types, AColumnBecomesAMemoAndBack)
+{
+    data.Execute(u"Insert into tblAll(Name, Note) values('kept', 'too long')"_s);
+    EXPECT_EQ(test::raisedBy([&] {
+                  data.Execute(u"Alter table tblAll alter column Note text(3)"_s);
+              }).number(),
+              ErrorNumber::TextTooLong);
+    EXPECT_EQ(data.Open(u"Select * from tblAll"_s).columnCount(), 10);
+    data.Execute(u"Alter table tblAll alter column Note text(8)"_s);
+    data.Execute(u"Alter table tblAll alter column Name memo"_s);
+    const QString text(9000, u'x');
+    data.Execute(u"Update tblAll set Name = Name + ?"_s, {text});
+    const db::Recordset rows = data.Open(u"Select * from tblAll"_s);
+    EXPECT_EQ(rows.value(0, 5), u"kept"_s + text);
+    EXPECT_EQ(rows.value(0, 6), u"too long"_s);
 }
 
 TEST_F(Types, ManyTextsAndNullsKeepTheirPlaces)

@@ -35,7 +35,7 @@ TEST(CreateTable, WritesTheColumnsWithTheEnginesTypes)
         firstOf(u"create table T (a byte, b short, c int, d long, e single, f double, "
                 "g currency, h datetime, i memo, j text, k longbinary, [l m] yesno)"_s),
         uR"(CREATE TABLE "T" ("a" SMALLINT, "b" SMALLINT, "c" INTEGER, "d" INTEGER, "e" FLOAT, )"_s +
-            uR"("f" DOUBLE PRECISION, "g" D_MONEY, "h" TIMESTAMP, "i" VARCHAR(4000), )"_s +
+            uR"("f" DOUBLE PRECISION, "g" D_MONEY, "h" TIMESTAMP, "i" BLOB SUB_TYPE TEXT, )"_s +
             uR"("j" VARCHAR(255), "k" BLOB SUB_TYPE BINARY, "l m" D_YESNO))"_s);
 }
 
