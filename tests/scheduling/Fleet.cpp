@@ -123,8 +123,8 @@ qint64 Fleet::count(const QString &table, const QString &where)
 
 void Fleet::failAt(const QString &text)
 {
-    gcnData->setObserver([text](const QString &statement) {
-        if (!text.isEmpty() && statement.contains(text, Qt::CaseInsensitive))
+    gcnData->setObserver([text](const db::Sent &sent) {
+        if (!text.isEmpty() && sent.statement.contains(text, Qt::CaseInsensitive))
             throw base::Error(5, u"broken"_s);
     });
 }

@@ -191,7 +191,7 @@ TEST_F(GenerateWorkorder, AFailureAtAnyStatementLeavesNothing)
     for (int failing = 1;; ++failing) {
         ASSERT_LT(failing, 100);
         int running = 0;
-        gcnData->setObserver([&](const QString &) {
+        gcnData->setObserver([&](const db::Sent &) {
             if (++running == failing)
                 throw base::Error(5, u"broken"_s);
         });

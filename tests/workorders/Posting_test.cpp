@@ -346,7 +346,7 @@ TEST_F(PostWorkOrder, AFailureAtAnyStatementLeavesNothingHalfDone)
     for (;; ++failing) {
         ASSERT_LT(failing, 100);
         int running = 0;
-        gcnData->setObserver([&](const QString &) {
+        gcnData->setObserver([&](const db::Sent &) {
             if (++running == failing)
                 throw base::Error(5, u"broken"_s);
         });

@@ -222,7 +222,7 @@ TEST_F(Recording, UnscheduledOrdersComeAllOrNone)
     ASSERT_TRUE(recording::addUnscheduled({1, 1}));
     EXPECT_EQ(count(u"tblWorkorder"_s), 4);
     int running = 0;
-    gcnData->setObserver([&](const QString &) {
+    gcnData->setObserver([&](const db::Sent &) {
         if (++running == 2)
             throw base::Error(5, u"broken"_s);
     });
@@ -284,7 +284,7 @@ TEST_F(Recording, EachStepIsWrittenAsAWholeOrNotAtAll)
         const QString before = everything();
         for (int failing = 1;; ++failing) {
             int running = 0;
-            gcnData->setObserver([&](const QString &) {
+            gcnData->setObserver([&](const db::Sent &) {
                 if (++running == failing)
                     throw base::Error(5, u"broken"_s);
             });

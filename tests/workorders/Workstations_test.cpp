@@ -2,6 +2,10 @@
 #include "workorders/Posting.h"
 #include "workorders/Workshop.h"
 
+#include <QCoreApplication>
+#include <QProcess>
+
+#include <array>
 #include <gmock/gmock.h>
 #include <memory>
 
@@ -24,7 +28,7 @@ protected:
     bool interleaved(int before, First &&first, Second &&second)
     {
         int running = 0;
-        gcnData->setObserver([&](const QString &) {
+        gcnData->setObserver([&](const db::Sent &) {
             if (++running == before)
                 fromSecond(second);
         });
@@ -136,4 +140,49 @@ TEST_F(Workstations, PostingTwoOrdersWithOnePartTakesBothFromTheStock)
         gcnData->Execute(u"Delete from tblWorkorder"_s);
     }
     EXPECT_GT(before, 8);
+}
+
+TEST_F(Workstations, TwoProgramsPostEveryServiceOnce)
+{
+    constexpr int machines = 8;
+    part(u"P1"_s, 1000);
+    for (int id = 2; id <= machines; ++id)
+        machine(id, u"M%1"_s.arg(id));
+    for (int id = 1; id <= machines; ++id) {
+        servicePart(service({{u"EquipmentID"_s, id}}), u"P1"_s, 2);
+        servicePart(service({{u"EquipmentID"_s, id}, {u"SeparateWo"_s, 1}}), u"P1"_s, 3);
+        service({{u"EquipmentID"_s, id},
+                 {u"CrewID"_s, crew2},
+                 {u"Period"_s, u"H"_s},
+                 {u"RenewalOn"_s, u"S"_s},
+                 {u"EInterval"_s, 100}});
+    }
+    std::array<QProcess, 2> programs;
+    for (QProcess &program : programs) {
+        program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        program.start(QCoreApplication::applicationDirPath() + u"/test_workorders_workstation"_s,
+                      {database.file()});
+        ASSERT_TRUE(program.waitForReadyRead(20'000));
+        ASSERT_EQ(program.readLine(), "ready\n");
+    }
+    for (QProcess &program : programs)
+        program.write("\n");
+    int orders = 0;
+    for (QProcess &program : programs) {
+        ASSERT_TRUE(program.waitForFinished(40'000));
+        EXPECT_EQ(program.exitCode(), 0);
+        orders += program.readAll().trimmed().toInt();
+    }
+
+    EXPECT_EQ(orders, machines * 3);
+    EXPECT_EQ(count(u"tblWorkorder"_s) + count(u"tblWoServiceUsed"_s) + count(u"tblWoPartUsed"_s),
+              0);
+    EXPECT_EQ(count(u"tblWOServiceUsedHistory"_s), machines * 3);
+    EXPECT_EQ(value(u"Select Count(*) from (Select distinct WorkorderNo from "
+                    "tblWOServiceUsedHistory)"_s),
+              machines * 3);
+    EXPECT_EQ(count(u"tblWoPartHistory"_s), machines * 2);
+    EXPECT_EQ(value(u"Select Quantity from tblPart"_s), 1000.0 - machines * 5);
+    EXPECT_EQ(count(u"tblEquipmentCount"_s), machines);
+    EXPECT_EQ(count(u"tblServiceUsed"_s, u"NextScheduledDate = #03/25/2024#"_s), machines * 2);
 }

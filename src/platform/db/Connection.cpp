@@ -18,14 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What a caller asks for.
-struct Request
-{
-    const QString &statement;
-    const QVariantList &parameters;
-    QString returning; ///< the key column of an insert, or empty
-};
-
 /// What comes back; which of it counts depends on the statement.
 struct Result
 {
@@ -84,7 +76,7 @@ public:
         , m_peer(identityOf(target), [this] { letGoOfTables(); })
     {}
 
-    Result run(const Request &request);
+    Result run(const Sent &request);
 
     void begin();
     void commit();
@@ -97,15 +89,14 @@ public:
     void setObserver(Observer observer) { m_observer = std::move(observer); }
 
 private:
-    Result runOnce(const Request &request);
-    Shape &shapeOf(const Request &request, sql::Lifted &lifted);
-    Result runInlined(const Request &request, const sql::Lifted &lifted, Shape &shape,
+    Result runOnce(const Sent &request);
+    Shape &shapeOf(const Sent &request, sql::Lifted &lifted);
+    Result runInlined(const Sent &request, const sql::Lifted &lifted, Shape &shape,
                       const std::optional<DbError> &firstError);
     Result runDdl(const sql::Plan &plan);
     std::unique_ptr<CachedPlan> prepared(sql::Plan plan, const sql::Lifted &lifted);
     CachedPlan *prepareLifted(Shape &shape, sql::Plan plan, const sql::Lifted &lifted);
-    std::optional<Result> execute(CachedPlan &plan, const sql::Lifted &lifted,
-                                  const Request &request);
+    std::optional<Result> execute(CachedPlan &plan, const sql::Lifted &lifted, const Sent &request);
     bool collectValues(const sql::Plan &plan, const sql::Lifted &lifted,
                        const QVariantList &parameters);
     engine::Context readingContext();
@@ -127,14 +118,14 @@ private:
     Peer m_peer;
 };
 
-Result Connection::Implementation::run(const Request &request)
+Result Connection::Implementation::run(const Sent &request)
 {
     if (m_peer.tablesHaveChanged())
         forgetTables();
     m_schemaIsFresh = false;
     try {
         if (m_observer)
-            m_observer(request.statement);
+            m_observer(request);
         try {
             return runOnce(request);
         } catch (const base::Error &error) {
@@ -149,7 +140,7 @@ Result Connection::Implementation::run(const Request &request)
 }
 
 /// The shape of a statement, and its literals.
-Shape &Connection::Implementation::shapeOf(const Request &request, sql::Lifted &lifted)
+Shape &Connection::Implementation::shapeOf(const Sent &request, sql::Lifted &lifted)
 {
     const auto keyOf = [&request](const QString &text) {
         return request.returning.isEmpty() ? text : text + QChar(u'\x1f') + request.returning;
@@ -167,7 +158,7 @@ Shape &Connection::Implementation::shapeOf(const Request &request, sql::Lifted &
     return shape;
 }
 
-Result Connection::Implementation::runOnce(const Request &request)
+Result Connection::Implementation::runOnce(const Sent &request)
 {
     sql::Lifted lifted;
     Shape &shape = shapeOf(request, lifted);
@@ -233,7 +224,7 @@ CachedPlan *Connection::Implementation::prepareLifted(Shape &shape, sql::Plan pl
 }
 
 /// Runs a statement with its literals, and if need be the caller's values, written into its text.
-Result Connection::Implementation::runInlined(const Request &request, const sql::Lifted &lifted,
+Result Connection::Implementation::runInlined(const Sent &request, const sql::Lifted &lifted,
                                               Shape &shape,
                                               const std::optional<DbError> &firstError)
 {
@@ -312,7 +303,7 @@ bool Connection::Implementation::collectValues(const sql::Plan &plan, const sql:
 /// Nothing when the values can't be bound to the plan's parameters.
 std::optional<Result> Connection::Implementation::execute(CachedPlan &plan,
                                                           const sql::Lifted &lifted,
-                                                          const Request &request)
+                                                          const Sent &request)
 {
     if (!collectValues(plan.plan, lifted, request.parameters))
         return std::nullopt;

@@ -22,6 +22,14 @@ struct Target
     bool forcedWrites = true;
 };
 
+/// A statement as a connection gets it.
+struct Sent
+{
+    const QString &statement;
+    const QVariantList &parameters;
+    QString returning; ///< the key column of an insert, or empty
+};
+
 /// A connection to one database. Usable from construction to destruction; not to be used from two
 /// threads at once. Two connections to one file have independent transactions, and neither waits
 /// for the other: a row that the other one holds raises LockConflict.
@@ -61,7 +69,7 @@ public:
 
     /// Is told of each statement before it runs; what it throws is the statement's failure. Lets a
     /// test fail a procedure at any of its steps.
-    using Observer = std::function<void(const QString &statement)>;
+    using Observer = std::function<void(const Sent &sent)>;
     void setObserver(Observer observer);
 
 private:

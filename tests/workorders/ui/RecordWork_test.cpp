@@ -200,8 +200,8 @@ TEST_F(RecordWork, PartsFollowTheirService)
 TEST_F(RecordWork, AFailedWriteLeavesTheCellAsItWas)
 {
     openRecording();
-    gcnData->setObserver([](const QString &statement) {
-        if (statement.startsWith(u"Update"_s, Qt::CaseInsensitive))
+    gcnData->setObserver([](const db::Sent &sent) {
+        if (sent.statement.startsWith(u"Update"_s, Qt::CaseInsensitive))
             throw base::Error(5, u"broken"_s);
     });
     EXPECT_FALSE(complete());
@@ -301,7 +301,7 @@ TEST_F(RecordWork, TheNextDateOfAServiceIsConfirmed)
         EXPECT_FALSE(driver.isEnabled("datNextScheduled"));
         QTest::keyClick(&driver.screen(), Qt::Key_Escape);
         EXPECT_TRUE(driver.isOpen()) << "the posting waits for an answer";
-        gcnData->setObserver([](const QString &) { throw base::Error(5, u"broken"_s); });
+        gcnData->setObserver([](const db::Sent &) { throw base::Error(5, u"broken"_s); });
         driver.press("cmdOK");
         gcnData->setObserver({});
         EXPECT_TRUE(driver.isOpen()) << "no service is left without a date";
