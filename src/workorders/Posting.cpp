@@ -25,10 +25,11 @@ DateConfirmation &currentConfirmation()
     return confirmation;
 }
 
-/// Numbers as lists for "in (...)", none longer than the database takes. No list is empty.
+/// Numbers as lists for "in (...)". Short ones, since the database compares each row that it finds
+/// with the numbers one after the other. No list is empty.
 QStringList listsOf(const QList<qint64> &numbers)
 {
-    constexpr qsizetype longest = 1000;
+    constexpr qsizetype longest = 100;
     QStringList lists;
     for (qsizetype at = 0; at < numbers.size(); at += longest)
         lists.append(numberList(numbers.mid(at, longest)));

@@ -17,8 +17,6 @@ inline constexpr char16_t DateToday[] = u"D_DATE_TODAY";
 /// NUMERIC(18,4): ColumnKind::Money.
 inline constexpr char16_t Money[] = u"D_MONEY";
 
-/// What a memo is stored as: beside its row, which stays small however long the text is.
-inline constexpr char16_t Memo[] = u"BLOB SUB_TYPE TEXT";
 /// Characters by which memos are sorted, grouped and told apart.
 inline constexpr int SortedMemoLength = 4000;
 /// Characters of a text column that stands in a key: the longest that the engine can index.

@@ -26,6 +26,7 @@ struct TypeEntry
     QStringView engineType; ///< empty for text
 };
 
+// A memo stands beside its row, which stays short however long the text is.
 constexpr std::array types = {
     TypeEntry{u"autoincrement", ColumnKind::Integer, TypeShape::Counter, u"INTEGER"},
     TypeEntry{u"binary", ColumnKind::Binary, TypeShape::Plain, u"BLOB SUB_TYPE BINARY"},
@@ -47,8 +48,8 @@ constexpr std::array types = {
     TypeEntry{u"logical", ColumnKind::YesNo, TypeShape::Plain, u"D_YESNO"},
     TypeEntry{u"long", ColumnKind::Integer, TypeShape::Plain, u"INTEGER"},
     TypeEntry{u"longbinary", ColumnKind::Binary, TypeShape::Plain, u"BLOB SUB_TYPE BINARY"},
-    TypeEntry{u"longtext", ColumnKind::Text, TypeShape::Plain, EngineTypes::Memo},
-    TypeEntry{u"memo", ColumnKind::Text, TypeShape::Plain, EngineTypes::Memo},
+    TypeEntry{u"longtext", ColumnKind::Text, TypeShape::Plain, u"BLOB SUB_TYPE TEXT"},
+    TypeEntry{u"memo", ColumnKind::Text, TypeShape::Plain, u"BLOB SUB_TYPE TEXT"},
     TypeEntry{u"money", ColumnKind::Money, TypeShape::Plain, u"D_MONEY"},
     TypeEntry{u"nchar", ColumnKind::Text, TypeShape::Text, {}},
     TypeEntry{u"number", ColumnKind::Real, TypeShape::Plain, u"DOUBLE PRECISION"},
