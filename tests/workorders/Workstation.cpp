@@ -11,15 +11,6 @@
 
 #include <cstdio>
 
-#ifdef __SANITIZE_ADDRESS__
-/// It ends while the engine's threads may still run, which the search for leaks doesn't survive.
-extern "C" int __lsan_is_turned_off();
-extern "C" int __lsan_is_turned_off()
-{
-    return 1;
-}
-#endif
-
 /// One of several workstations at one database file: as soon as it may begin, it makes an order of
 /// whatever is due, completes and posts it, and tries again where another one was in its way, until
 /// nothing is left. Says how many orders it has posted.

@@ -17,6 +17,7 @@
 #include "workorders/ui/Entries.h"
 
 #include <QEvent>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLocale>
 #include <QPainter>
@@ -180,6 +181,7 @@ void frmOverDueWork::buildReports(QBoxLayout *row)
                                .caption = u"Report"_s,
                                .width = ReportsWidth - 30,
                                .editor = grid::Editor::Link}});
+    grdReport->header()->setStretchLastSection(true);
     grdReport->rows().setTreeColumn(u"ReportName");
     grdReport->rows().styleRule = [this](int line, const QString &) { return reportStyle(line); };
     connect(grdReport, &grid::GridView::linkClicked, this,

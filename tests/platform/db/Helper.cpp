@@ -10,15 +10,6 @@
 #include <map>
 #include <sys/resource.h>
 
-#ifdef __SANITIZE_ADDRESS__
-/// It ends while the engine's threads may still run, which the search for leaks doesn't survive.
-extern "C" int __lsan_is_turned_off();
-extern "C" int __lsan_is_turned_off()
-{
-    return 1;
-}
-#endif
-
 /// A second program beside a test: takes a command and a database file.
 namespace {
 
