@@ -2,6 +2,7 @@
 
 #include "core/ErrorLog.h"
 #include "core/Session.h"
+#include "platform/base/Format.h"
 #include "platform/settings/Registry.h"
 #include "support/CompanyDatabase.h"
 #include "support/TestEnvironment.h"
@@ -21,6 +22,20 @@ protected:
         gcnLookup = database.open();
     }
     ~CompanySession() override { closeConnections(); }
+
+    /// What a query finds, as text: the values of a row parted by '|', the rows by '/'.
+    static QString found(const QString &query, const QVariantList &parameters = {})
+    {
+        QStringList lines;
+        const db::Recordset rows = gcnData->Open(query, parameters);
+        for (int row = 0; row < rows.RecordCount(); ++row) {
+            QStringList values;
+            for (int column = 0; column < rows.columnCount(); ++column)
+                values.append(base::toText(rows.value(row, column)));
+            lines.append(values.join(u'|'));
+        }
+        return lines.join(u'/');
+    }
 
     TestEnvironment environment;
     CompanyDatabase database;

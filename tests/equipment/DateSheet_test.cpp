@@ -15,12 +15,6 @@ protected:
         run(u"update tblEquipment set %1 = ? where EquipmentID = ?"_s.arg(column),
             {base::wallClock(date), id});
     }
-    static QDate dateOf(qint64 id, const QString &column)
-    {
-        return value(u"Select %1 from tblEquipment where EquipmentID = ?"_s.arg(column), {id})
-            .toDateTime()
-            .date();
-    }
     static QList<qint64> listed(const datesheet::Sheet &sheet, QDate from, QDate to)
     {
         QList<qint64> ids;
@@ -67,30 +61,4 @@ TEST_F(DateSheets, OnlyALaterDateIsTaken)
     EXPECT_EQ(datesheet::oneYearLater(old), base::wallClock({2025, 2, 28}));
     EXPECT_EQ(datesheet::oneYearLater(base::wallClock({2023, 2, 28})),
               base::wallClock({2024, 2, 28}));
-}
-
-TEST_F(DateSheets, SaveAllDatesOrNone)
-{
-    const datesheet::Sheet &sheet = datesheet::inspection();
-    addDated(1, sheet.column, {2024, 1, 1});
-    addDated(2, sheet.column, {2024, 1, 2});
-    const QDate next(2025, 1, 1);
-    EXPECT_TRUE(datesheet::save(sheet, {{1, base::wallClock(next)}}));
-    EXPECT_FALSE(gbInTransaction);
-    EXPECT_EQ(dateOf(1, sheet.column), next);
-    EXPECT_EQ(dateOf(2, sheet.column), QDate(2024, 1, 2));
-
-    // Another workstation holds the second machine.
-    const auto other = database.open();
-    other->BeginTrans();
-    other->Execute(u"update tblEquipment set UnitNo = 'x' where EquipmentID = 2"_s);
-    EXPECT_FALSE(datesheet::save(
-        sheet, {{1, base::wallClock(next.addYears(1))}, {2, base::wallClock(next)}}));
-    other->RollbackTrans();
-    const ErrorReport report = errors.takeOne();
-    EXPECT_EQ(report.ProcedureName, u"cmdUpdate_Click");
-    EXPECT_EQ(report.ModuleName, u"InspectionReading");
-    EXPECT_FALSE(gbInTransaction);
-    EXPECT_EQ(dateOf(1, sheet.column), next);
-    EXPECT_EQ(dateOf(2, sheet.column), QDate(2024, 1, 2));
 }

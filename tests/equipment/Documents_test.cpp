@@ -2,6 +2,7 @@
 
 #include "equipment/Workshop.h"
 #include "support/ScriptedPrompts.h"
+#include "support/TestFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -17,24 +18,17 @@ protected:
     using Buttons = base::Prompts::Buttons;
     using Answer = base::Prompts::Answer;
 
-    static void write(const QString &path, const QByteArray &content)
-    {
-        QFile made(path);
-        EXPECT_TRUE(made.open(QIODevice::WriteOnly)) << path.toStdString();
-        made.write(content);
-    }
     /// A file that the user could choose.
     QString file(const QString &name, const QByteArray &content) const
     {
         QDir().mkpath(environment.folder() + u"/chosen"_s);
         const QString path = environment.folder() + u"/chosen/"_s + name;
-        write(path, content);
+        test::writeFile(path, content);
         return path;
     }
     static QByteArray stored(qint64 machine, const QString &name)
     {
-        QFile file(documents::path(machine, name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : "(none)";
+        return test::readFile(documents::path(machine, name));
     }
 
     test::ScriptedPrompts prompts;
@@ -78,7 +72,7 @@ TEST_F(Documents, WhatCantBeAddedLeavesNoRow)
     prompts.expect(u"Invalid File or Incorrect Path."_s, Icon::None);
     EXPECT_FALSE(documents::addDocument(1, environment.folder() + u"/gone.pdf"_s));
     // The store can't be had: a file stands where its folder should.
-    write(base::applicationPath(u"\\Doc"_s), "no folder");
+    test::writeFile(base::applicationPath(u"\\Doc"_s), "no folder");
     prompts.expect(u"Folder(Doc) has been deleted by user. Please create a folder named'Doc' at "
                    "following path "_s +
                        QDir::toNativeSeparators(base::environment().applicationFolder),

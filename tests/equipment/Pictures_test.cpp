@@ -2,8 +2,7 @@
 
 #include "equipment/Workshop.h"
 #include "support/ScriptedPrompts.h"
-
-#include <QFile>
+#include "support/TestFiles.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,9 +16,7 @@ protected:
     QString file(const QString &name, const QByteArray &content) const
     {
         const QString path = environment.folder() + u'/' + name;
-        QFile made(path);
-        EXPECT_TRUE(made.open(QIODevice::WriteOnly));
-        made.write(content);
+        test::writeFile(path, content);
         return path;
     }
     static bool startsWithP(const QByteArray &bytes) { return bytes.startsWith('P'); }
@@ -78,9 +75,7 @@ TEST_F(Pictures, TheScratchFileGoesWithItsObject)
         const pictures::ScratchFile again("new bytes");
         path = again.path();
         EXPECT_EQ(path, base::appDataPath(u"\\Temp.bmp"_s));
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        EXPECT_EQ(file.readAll(), "new bytes");
+        EXPECT_EQ(test::readFile(path), "new bytes");
     }
     EXPECT_FALSE(QFile::exists(path));
 }

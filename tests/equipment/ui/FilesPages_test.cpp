@@ -6,6 +6,7 @@
 #include "equipment/ui/PageFrame.h"
 #include "equipment/ui/PictureView.h"
 #include "equipment/ui/PicturesPage.h"
+#include "support/TestFiles.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -33,9 +34,7 @@ protected:
     QString file(const QString &name, const QByteArray &content) const
     {
         const QString path = environment.folder() + u'/' + name;
-        QFile made(path);
-        EXPECT_TRUE(made.open(QIODevice::WriteOnly));
-        made.write(content);
+        test::writeFile(path, content);
         return path;
     }
     static void store(qint64 machine, const QString &name, const QByteArray &bytes)
