@@ -23,7 +23,7 @@ protected:
     }
     ~CompanySession() override { closeConnections(); }
 
-    /// What a query finds, as text: the values of a row parted by '|', the rows by '/'.
+    /// What a query finds, as text: a line for each row, its values parted by '|'.
     static QString found(const QString &query, const QVariantList &parameters = {})
     {
         QStringList lines;
@@ -34,7 +34,7 @@ protected:
                 values.append(base::toText(rows.value(row, column)));
             lines.append(values.join(u'|'));
         }
-        return lines.join(u'/');
+        return lines.join(u'\n');
     }
 
     TestEnvironment environment;

@@ -83,13 +83,11 @@ TEST_F(Machines, EveryColumnIsReadAndWrittenAddedOrModified)
     // No two columns hold the same, so that a value in a wrong one shows.
     const db::Recordset columns = gcnData->Open(u"select * from tblEquipment"_s);
     for (int column = 0; column < columns.columnCount(); ++column) {
-        QVariant value = 100 + column;
+        QVariant value = 400 + column;
         if (columns.columnKind(column) == sql::ColumnKind::Text)
-            value = u"%1'"_s.arg(column);
+            value = columns.columnName(column) == u"Inactive" ? 1 : 200 + column;
         else if (columns.columnKind(column) == sql::ColumnKind::Date)
             value = base::wallClock(QDate(2020, 1, 1).addDays(column));
-        if (columns.columnName(column) == u"Inactive")
-            value = u"1"_s;
         if (columns.columnName(column) != u"EquipmentID")
             gcnData->Execute(u"update tblEquipment set %1 = ?"_s.arg(columns.columnName(column)),
                              {value});

@@ -126,34 +126,25 @@ TEST_F(Recording, TimesArePricedByTheCrewsRateAndGoToHistoryToo)
 {
     using recording::TimesOf;
     ASSERT_TRUE(recording::saveTimes(services[0], TimesOf::OpenOrder, {8, 0}, {10, 15}, {2, 15}));
-    EXPECT_EQ(ofService(services[0], u"StartTime"_s).toString(), u"08:00"_s);
-    EXPECT_EQ(ofService(services[0], u"EndTime"_s).toString(), u"10:15"_s);
-    EXPECT_EQ(ofService(services[0], u"Workhrs"_s).toString(), u"02:15"_s);
-    EXPECT_EQ(ofService(services[0], u"CostEstimate"_s).toDouble(), 45.0); // 2.25 hours at 20
+    EXPECT_EQ(found(u"Select StartTime, EndTime, Workhrs, CostEstimate from tblWoServiceUsed where "
+                    "NServiceUsedID = ?"_s,
+                    {services[0]}),
+              u"08:00|10:15|02:15|45"); // 2.25 hours at 20
 
     insert(u"tblWOServiceUsedHistory"_s, {{u"ServiceUsedID"_s, 900}, {u"CrewID"_s, crew1}});
     ASSERT_TRUE(recording::saveTimes(900, TimesOf::History, {13, 0}, {13, 30}, {0, 30}));
-    const db::Recordset rows =
-        gcnData->Open(u"Select StartTime, Workhrs, CostEstimate from tblWOServiceUsedHistory"_s);
-    EXPECT_EQ(rows.current().text(u"StartTime"), u"13:00"_s);
-    EXPECT_EQ(rows.current().text(u"Workhrs"), u"00:30"_s);
-    EXPECT_EQ(rows.current().real(u"CostEstimate"), 10.0);
+    EXPECT_EQ(found(u"Select StartTime, Workhrs, CostEstimate from tblWOServiceUsedHistory"_s),
+              u"13:00|00:30|10");
 }
 
 TEST_F(Recording, PartsAreAddedChangedAndRemoved)
 {
     ASSERT_TRUE(
         recording::AddPartRecord({{u"O'P"_s, 4, 1.25, 6}, {u"P2"_s, 1, 2, 0}}, services[0], true));
-    const db::Recordset rows =
-        gcnData->Open(u"Select * from tblWoPartUsed where ServiceUsedID = ? and PartID = ?"_s,
-                      {services[0], u"O'P"_s});
-    ASSERT_EQ(rows.RecordCount(), 1);
-    EXPECT_EQ(rows.current().real(u"QuantityRequired"), 4);
-    EXPECT_EQ(rows.current().real(u"QuantityUsed"), 4);
-    EXPECT_EQ(rows.current().real(u"Price"), 1.25);
-    EXPECT_EQ(rows.current().integer(u"SupplierID"), 6);
-    EXPECT_TRUE(rows.current().flag(u"Used"));
-
+    EXPECT_EQ(
+        found(u"Select ServiceUsedID, QuantityRequired, QuantityUsed, Price, SupplierID, Used "
+              "from tblWoPartUsed where PartID = 'O''P'"_s),
+        u"%1|4|4|1.25|6|-1"_s.arg(services[0]));
     ASSERT_TRUE(recording::UpdateWorkorderPart(u"O'P"_s, services[0], u"QuantityUsed"_s, 2.5));
     EXPECT_EQ(value(u"Select QuantityUsed from tblWoPartUsed where PartID = 'O''P'"_s).toDouble(),
               2.5);
@@ -175,22 +166,13 @@ TEST_F(Recording, AServiceAddedFromTheCatalogueHasNoScheduleAndComesOnce)
     ASSERT_TRUE(
         recording::AddServiceRecord({7, 7, 4711}, number, 1, ServiceSource::Catalogue, true));
     ASSERT_TRUE(recording::AddServiceRecord({7}, number, 1, ServiceSource::Catalogue, false));
-    const db::Recordset rows =
-        gcnData->Open(u"Select * from tblWoServiceUsed where ServiceID = 7"_s);
-    ASSERT_EQ(rows.RecordCount(), 1);
-    const db::Row row = rows.current();
-    EXPECT_EQ(row.integer(u"ServiceUsedID"), 0);
-    EXPECT_EQ(row.integer(u"WorkorderNo"), number);
-    EXPECT_EQ(row.date(u"NextScheduledDate"), day(3, 15));
-    EXPECT_TRUE(row.isNull(u"LastDateScheduled"));
-    EXPECT_TRUE(row.flag(u"Completed"));
-    EXPECT_EQ(row.text(u"Period"), u"H"_s);
-    EXPECT_EQ(row.integer(u"CrewID"), crew2);
-    EXPECT_EQ(row.integer(u"JobNo"), 9);
-    const db::Recordset parts = gcnData->Open(u"Select * from tblWoPartUsed where PartID = 'P9'"_s);
-    ASSERT_EQ(parts.RecordCount(), 1);
-    EXPECT_EQ(parts.current().integer(u"ServiceUsedID"), row.integer(u"NServiceUsedID"));
-    EXPECT_EQ(parts.current().real(u"QuantityUsed"), 3);
+    const QString line =
+        found(u"Select NServiceUsedID from tblWoServiceUsed where ServiceID = 7"_s);
+    EXPECT_EQ(found(u"Select ServiceUsedID, WorkorderNo, NextScheduledDate, LastDateScheduled, "
+                    "Completed, Period, CrewID, JobNo from tblWoServiceUsed where ServiceID = 7"_s),
+              u"0|%1|3/15/2024||-1|H|%2|9"_s.arg(number).arg(crew2));
+    EXPECT_EQ(found(u"Select ServiceUsedID, QuantityUsed from tblWoPartUsed where PartID = 'P9'"_s),
+              line + u"|3"_s);
 }
 
 TEST_F(Recording, AMachinesServiceKeepsItsSchedule)

@@ -1,7 +1,6 @@
 #include "workorders/Workshop.h"
 
 #include "core/General.h"
-#include "platform/base/Format.h"
 
 namespace test {
 
@@ -137,14 +136,7 @@ QString Workshop::everything()
     for (const QString &table : {u"tblWorkorder"_s, u"tblWoServiceUsed"_s, u"tblWoPartUsed"_s,
                                  u"tblWOServiceUsedHistory"_s, u"tblWoPartHistory"_s,
                                  u"tblServiceUsed"_s, u"tblEquipmentCount"_s, u"tblPart"_s}) {
-        const db::Recordset rows = gcnData->Open(u"Select * from "_s + table);
-        QStringList lines;
-        for (int row = 0; row < rows.RecordCount(); ++row) {
-            QString line;
-            for (int column = 0; column < rows.columnCount(); ++column)
-                line += base::toText(rows.value(row, column)) + u'|';
-            lines.append(line);
-        }
+        QStringList lines = found(u"Select * from "_s + table).split(u'\n');
         lines.sort();
         text += table + u'\n' + lines.join(u'\n') + u'\n';
     }

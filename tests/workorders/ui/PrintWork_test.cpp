@@ -313,19 +313,3 @@ TEST_F(PrintWork, FindsTheMachinesRowWithoutAnOrder)
     EXPECT_EQ(cell("grdPrintWO", row, u"Unit No"_s), u"M2"_s);
     EXPECT_EQ(cell("grdPrintWO", row, u"WorkOrderNo"_s), u""_s);
 }
-
-TEST_F(PrintWork, TurningTheTabShowsWhatBelongsToIt)
-{
-    openPrinting();
-    auto &tabs = driver().control<QTabWidget>("sstabWorkorder");
-    EXPECT_EQ(tabs.tabText(0), u"Print Work Order"_s);
-    EXPECT_EQ(tabs.tabText(1), u"Complete Work Order"_s);
-    EXPECT_FALSE(driver().isShown("cmdPost"));
-    tabs.setCurrentIndex(1);
-    for (const char *hidden : {"cmdRefreshWo", "datDateFrom", "txtCrewRange", "cmdPrint"})
-        EXPECT_FALSE(driver().isShown(hidden)) << hidden;
-    EXPECT_TRUE(driver().isShown("cmdPost"));
-    EXPECT_FALSE(driver().isEnabled("cmdPost")) << "there is nothing to post";
-    tabs.setCurrentIndex(0);
-    EXPECT_TRUE(driver().isShown("cmdRefreshWo"));
-}

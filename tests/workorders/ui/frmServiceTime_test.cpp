@@ -49,10 +49,6 @@ protected:
         QTest::keyClick(&box, Qt::Key_Delete);
         QTest::keyClicks(&box, text);
     }
-    static db::Row row(const QString &table)
-    {
-        return gcnData->Open(u"Select * from "_s + table).row(0);
-    }
 
     test::ScriptedPrompts prompts;
     std::unique_ptr<frmServiceTime> screen;
@@ -117,26 +113,22 @@ TEST_F(ServiceTimes, AreStoredWithWhatTheCrewCosts)
     QTest::keyClick(&end(), Qt::Key_Return);
     EXPECT_FALSE(screen->isVisible());
     EXPECT_EQ(asked, 1);
-    const db::Row stored = row(u"tblWOServiceUsedHistory"_s);
-    EXPECT_EQ(stored.text(u"StartTime"), u"08:00");
-    EXPECT_EQ(stored.text(u"EndTime"), u"09:30");
-    EXPECT_EQ(stored.text(u"Workhrs"), u"01:30");
-    EXPECT_EQ(stored.real(u"CostEstimate"), 30);
-    EXPECT_TRUE(row(u"tblWoServiceUsed"_s).isNull(u"StartTime"));
+    EXPECT_EQ(found(u"Select StartTime, EndTime, Workhrs, CostEstimate from "
+                    "tblWOServiceUsedHistory"_s),
+              u"08:00|09:30|01:30|30");
+    EXPECT_EQ(found(u"Select StartTime from tblWoServiceUsed"_s), QString());
 }
 
 TEST_F(ServiceTimes, HoursMayBeTypedAndCancelStoresNothing)
 {
-    const qint64 id = row(u"tblWoServiceUsed"_s).integer(u"NServiceUsedID");
+    const qint64 id = found(u"Select NServiceUsedID from tblWoServiceUsed"_s).toLongLong();
     show({.id = id});
     hours().setTime(QTime(0, 45));
     QTest::mouseClick(&named<QPushButton>(u"cmdCancel"_s), Qt::LeftButton);
-    EXPECT_TRUE(row(u"tblWoServiceUsed"_s).isNull(u"Workhrs"));
+    EXPECT_EQ(found(u"Select Workhrs from tblWoServiceUsed"_s), QString());
     show({.id = id});
     hours().setTime(QTime(0, 45));
     QTest::mouseClick(&named<QPushButton>(u"cmdUpdate"_s), Qt::LeftButton);
-    const db::Row stored = row(u"tblWoServiceUsed"_s);
-    EXPECT_EQ(stored.text(u"StartTime"), u"00:00");
-    EXPECT_EQ(stored.text(u"Workhrs"), u"00:45");
-    EXPECT_EQ(stored.real(u"CostEstimate"), 15);
+    EXPECT_EQ(found(u"Select StartTime, Workhrs, CostEstimate from tblWoServiceUsed"_s),
+              u"00:00|00:45|15");
 }
