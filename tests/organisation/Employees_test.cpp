@@ -155,19 +155,6 @@ TEST_F(Employees, AnUnfinishedPhoneNumberIsNotLeft)
              });
 }
 
-TEST_F(Employees, DeletionAsksForNothingButConsent)
-{
-    inScreen([] { ShowEmployeeDetail(Mode::Browse, u"E1"_s); },
-             [this](const ScreenDriver &screen) {
-                 expectDeletion(Answer::Yes);
-                 screen.press("cmdDelete");
-                 EXPECT_FALSE(screen.isEnabled("cmdDelete"));
-                 screen.press("cmdExit");
-             });
-    EXPECT_EQ(GetRecordCount(u"tblEmployee"_s, {}), 0);
-    EXPECT_EQ(estimate(), u"40"_s);
-}
-
 TEST_F(Employees, FindAndPrintGoToTheScreensThatHaveJoined)
 {
     gcnData->Execute(u"Insert into tblEmployee(EmployeeID,FirstName) values('E9','Zoe')"_s);

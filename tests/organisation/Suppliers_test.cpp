@@ -69,40 +69,6 @@ TEST_F(Suppliers, AnUnfinishedPhoneNumberIsNotLeft)
              });
 }
 
-TEST_F(Suppliers, CtrlDStampsTheNotesAtTheCaret)
-{
-    addSupplier(1, u"Tool Barn"_s);
-    inScreen([] { ShowSupplierDetail(Mode::Browse, 1); },
-             [](const ScreenDriver &screen) {
-                 screen.type("txtNotes", u"called "_s);
-                 auto &notes = screen.control<QPlainTextEdit>("txtNotes");
-                 QTest::keyClick(&notes, Qt::Key_D, Qt::ControlModifier);
-                 QTest::keyClicks(&notes, u"!"_s);
-                 EXPECT_EQ(notes.toPlainText(), u"called 3/15/2024 9:30 AM!"_s);
-                 screen.press("cmdUpdate");
-                 screen.press("cmdExit");
-             });
-    EXPECT_EQ(value(u"Select Notes from tblSupplier"_s), u"called 3/15/2024 9:30 AM!"_s);
-}
-
-TEST_F(Suppliers, AUsedOneStays)
-{
-    addSupplier(1, u"Tool Barn"_s);
-    gcnData->Execute(u"Insert into tblPart(PartID,SupplierID) values('P1',1)"_s);
-    inScreen([] { ShowSupplierDetail(Mode::Browse, 1); },
-             [this](const ScreenDriver &screen) {
-                 expectDeletion(Answer::Yes);
-                 prompts.expect(u"Deletion not allowed. Record is being used in Part."_s,
-                                Icon::Information);
-                 screen.press("cmdDelete");
-                 gcnData->Execute(u"Delete from tblPart"_s);
-                 expectDeletion(Answer::Yes);
-                 screen.press("cmdDelete");
-                 EXPECT_EQ(screen.text("txtName"), QString());
-                 screen.press("cmdExit");
-             });
-}
-
 TEST_F(Suppliers, FindGoesToTheSupplierThatWasFound)
 {
     addSupplier(1, u"Tool Barn"_s);

@@ -149,20 +149,6 @@ TEST_F(PartScreens, APartThatIsNotTrackedHidesItsStockAndKeepsIt)
     EXPECT_EQ(GetRecordCount(u"tblPart"_s, u"TrackInventory = -1"_s), 1);
 }
 
-TEST_F(PartScreens, TheLastPartLeavesAnEmptyScreen)
-{
-    addPart(u"P-1"_s, u"Oil filter"_s);
-    inScreen([] { showPartDetail(Mode::Browse, {}); },
-             [this](const ScreenDriver &screen) {
-                 expectDeletion(Answer::Yes);
-                 screen.press("cmdDelete");
-                 EXPECT_EQ(screen.text("txtPartID"), QString());
-                 EXPECT_FALSE(screen.isEnabled("cmdNext"));
-                 EXPECT_TRUE(screen.isShown("cmdAdd"));
-                 screen.press("cmdExit");
-             });
-}
-
 TEST_F(PartScreens, WithoutTheRightAPartCanBeLookedAtOnly)
 {
     gRights.PaMod = false;

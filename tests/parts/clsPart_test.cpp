@@ -63,19 +63,6 @@ TEST_F(Parts, CategoriesOfATableOfTheirOwnComeInTheirOrder)
     EXPECT_EQ(clsPartManager().GetPartCategory().current().integer(u"PartCategoryID"), 1);
 }
 
-TEST_F(Parts, AModeThatSavesNothingStillSucceeds)
-{
-    EXPECT_TRUE(clsPartManager().SaveRecord(part(u"P1"_s), Mode::Browse));
-    EXPECT_EQ(GetRecordCount(u"tblPart"_s, {}), 0);
-}
-
-TEST_F(Parts, ANumberThatExistsIsOnlyStoppedByTheTable)
-{
-    EXPECT_TRUE(clsPartManager().SaveRecord(part(u"P1"_s), Mode::Add));
-    EXPECT_FALSE(clsPartManager().SaveRecord(part(u"p1"_s), Mode::Add));
-    EXPECT_EQ(errors.takeOne().ProcedureName, u"SaveRecord"_s);
-}
-
 TEST_F(Parts, TheFirstUserOfAPartNamesItHistoryDoesNot)
 {
     const clsPartManager manager;

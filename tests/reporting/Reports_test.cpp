@@ -8,7 +8,6 @@
 #include "workorders/Statements.h"
 
 #include <QDir>
-#include <QFile>
 #include <gtest/gtest.h>
 
 namespace {
@@ -141,21 +140,6 @@ TEST_F(Reports, TheCustomersOwnLayoutComesFirst)
     layout.title = u"Ours"_s;
     report::writeLayoutFile(layout, custom + u"/rptEquipmentCount.rpt"_s);
     EXPECT_EQ(reportfiles::readLayout(u"rptEquipmentCount"_s).title, u"Ours"_s);
-}
-
-TEST_F(Reports, AMissingOrDamagedLayoutSaysWhere)
-{
-    EXPECT_THROW((void)reportfiles::readLayout(u"rptNothing"_s), base::Error);
-    QFile file(reportfiles::layoutPath(u"rptWorkorder"_s));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("<report version=\"1\">\n  <band kind=\"detail\" height=\"5\"/>\n</report>\n");
-    file.close();
-    try {
-        (void)reportfiles::readLayout(u"rptWorkorder"_s);
-        FAIL() << "the layout was read";
-    } catch (const base::Error &error) {
-        EXPECT_TRUE(error.description().contains(u"Line 2")) << qPrintable(error.description());
-    }
 }
 
 } // namespace

@@ -126,24 +126,6 @@ TEST_F(ReadingsTest, ListsTheMetersThatWereNotReadForTheDelay)
     EXPECT_EQ(readings::delay(), 14);
 }
 
-TEST_F(ReadingsTest, ABatchIsDatedTodayAndPassesOverWhatIsInProcess)
-{
-    machine(2);
-    onOrder(1, u"H"_s);
-    const qint64 service = waiting(u"I"_s, 2000);
-    prompts.expect(
-        u"Service is in-proccess for this equipment counts cann't be added till the service over."_s,
-        base::Prompts::Icon::None);
-    const readings::Entry entries[] = {
-        {1, u"Hours"_s, 10}, {1, u"Miles"_s, 2500}, {2, u"Hours"_s, 30}};
-    readings::saveBatch(entries);
-    EXPECT_EQ(count(u"tblEquipmentCount"_s), 2);
-    EXPECT_EQ(readings::newest(1, u"Miles"_s).date, day(3, 15));
-    EXPECT_EQ(readings::newest(2, u"Hours"_s).value, 30);
-    EXPECT_EQ(dateOf(service), day(3, 15));
-    EXPECT_FALSE(gbInTransaction);
-}
-
 TEST_F(ReadingsTest, ABatchThatFailsStoresNothing)
 {
     waiting(u"H"_s, 1);

@@ -266,38 +266,6 @@ TEST_F(GridModelOfParts, ARuleMaySetTheCellItself)
     EXPECT_EQ(m_rows.value(1, u"Price"), QVariant(0.0));
 }
 
-TEST_F(GridModelOfParts, ARuleMayLoadTheRowsAgain)
-{
-    m_rows.changeRule = [&](int, const QString &, const QVariant &) {
-        m_rows.setRecordset(test::recordsetOf({{u"Price"_s, sql::ColumnKind::Money}}, {}));
-        return true;
-    };
-    EXPECT_TRUE(m_rows.edit(3, m_rows.columnIndex(u"Price"), 8.0));
-    EXPECT_EQ(m_rows.rowCount(), 0);
-}
-
-TEST_F(GridModelOfParts, LockedColumnsAndTheEditRuleForbidEditing)
-{
-    const int price = m_rows.columnIndex(u"Price");
-    EXPECT_FALSE(m_rows.mayEdit(0, price));
-    m_rows.column(u"Price").editable = true;
-    EXPECT_TRUE(m_rows.mayEdit(0, price));
-    m_rows.editRule = [](int row, const QString &name) { return row != 1 || name != u"Price"; };
-    EXPECT_TRUE(m_rows.mayEdit(0, price));
-    EXPECT_FALSE(m_rows.mayEdit(1, price));
-    m_rows.column(u"Price").locked = true;
-    EXPECT_FALSE(m_rows.mayEdit(0, price));
-}
-
-TEST_F(GridModelOfParts, APlaceholderStandsInEmptyCellsOnly)
-{
-    m_rows.addColumn({.name = u"Count"_s, .editable = true, .placeholder = u"____"_s});
-    m_rows.setValue(1, u"Count", 120);
-    EXPECT_EQ(m_rows.text(0, u"Count"), u"____");
-    EXPECT_FALSE(m_rows.value(0, u"Count").isValid());
-    EXPECT_EQ(m_rows.text(1, u"Count"), u"120");
-}
-
 TEST(GridModel, TreeRowsSortAndGoWithinTheirParent)
 {
     GridModel rows;

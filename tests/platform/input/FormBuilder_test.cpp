@@ -118,19 +118,3 @@ TEST_F(FormBuilderTest, HeightThatIsLeftGoesToTheNotes)
     EXPECT_GE(height("txtNotes"), notes + 190);
     EXPECT_EQ(height("fraAddress"), group);
 }
-
-TEST_F(FormBuilderTest, FontsAndColoursFollowTheClassOfTheControl)
-{
-    const auto *name = control("txtName");
-    EXPECT_EQ(name->font().pointSize(), 8);
-    EXPECT_FALSE(name->font().bold());
-    const auto *label = window.findChildren<QLabel *>().first();
-    EXPECT_EQ(label->font().pointSize(), 9);
-    EXPECT_TRUE(label->font().bold());
-    EXPECT_EQ(label->font().families().first().toStdString(), "Arial");
-    EXPECT_EQ(label->palette().color(QPalette::WindowText), QColor(36, 71, 109));
-    EXPECT_EQ(control("cmdSave")->font().pointSize(), 8);
-    EXPECT_TRUE(control("cmdSave")->font().bold());
-    EXPECT_TRUE(control("chkInactive")->font().bold());
-    EXPECT_EQ(window.palette().color(QPalette::Window), QColor(241, 239, 226));
-}

@@ -106,20 +106,10 @@ TEST_F(frmServicesTest, ANewServiceIsCheckedFieldByFieldAndThenStored)
     EXPECT_TRUE(screen.isCloseEnabled());
     EXPECT_EQ(focused(screen), u"txtName"_s);
     EXPECT_FALSE(gbInTransaction);
-    const db::Recordset rows =
-        gcnData->Open(u"Select * from tblServices where Name = 'Sharpen blades'"_s);
-    ASSERT_EQ(rows.RecordCount(), 1);
-    const db::Row row = rows.current();
-    EXPECT_EQ(row.integer(u"ServiceID"), screen.currentKey());
-    EXPECT_EQ(row.integer(u"JobNo"), 9);
-    EXPECT_EQ(row.integer(u"CrewID"), crew);
-    EXPECT_EQ(row.text(u"Period"), u"D"_s);
-    EXPECT_EQ(row.integer(u"EInterval"), 2);
-    EXPECT_EQ(row.text(u"RenewalOn"), u"W"_s);
-    EXPECT_EQ(row.integer(u"SeparateWo"), 1);
-    EXPECT_EQ(row.integer(u"Sat") + row.integer(u"LastW") + row.integer(u"Apr"), 3);
-    EXPECT_EQ(row.integer(u"May"), 0);
-    EXPECT_EQ(row.real(u"CostEstimate"), 50);
+    EXPECT_EQ(
+        found(u"Select ServiceID, JobNo, CrewID, Period, EInterval, RenewalOn, SeparateWo, "
+              "Sat, LastW, Apr, May, CostEstimate from tblServices where Name like 'Sharpen*'"_s),
+        u"%1|9|%2|D|2|W|1|1|1|1|0|50"_s.arg(screen.currentKey()).arg(crew));
 }
 
 TEST_F(frmServicesTest, AServiceThatIsNotScheduledAgainNeedsNoPattern)
@@ -171,12 +161,8 @@ TEST_F(frmServicesTest, DaysOfTheMonthRiseAndRuleAlone)
     for (int step = 0; step < 5; ++step)
         QTest::keyClick(&first, Qt::Key_Down);
     click(screen, u"cmdUpdate"_s);
-    const db::Recordset rows = gcnData->Open(u"Select * from tblServices"_s);
-    EXPECT_EQ(rows.current().integer(u"DOM"), 1);
-    EXPECT_EQ(rows.current().integer(u"Dom1"), 5);
-    EXPECT_EQ(rows.current().integer(u"Dom2"), 0);
-    EXPECT_EQ(rows.current().integer(u"Mon"), 1) << "the flags are left alone";
-    EXPECT_EQ(rows.current().text(u"Period"), u"D"_s);
+    EXPECT_EQ(found(u"Select DOM, Dom1, Dom2, Mon, Period from tblServices"_s), u"1|5|0|1|D")
+        << "the flags are left alone";
 }
 
 TEST_F(frmServicesTest, OneButtonTicksAndUnticksAWholeGroup)
@@ -357,10 +343,8 @@ TEST_F(frmServicesTest, ANewPeriodBringsACountOrADate)
     EXPECT_EQ(text(screen, u"txtCount"_s), u"510"_s);
     EXPECT_EQ(nextDateText(screen), QString());
     click(screen, u"cmdUpdate"_s);
-    const db::Recordset rows = gcnData->Open(u"Select * from tblServiceUsed"_s);
-    EXPECT_EQ(rows.current().text(u"Period"), u"H"_s);
-    EXPECT_EQ(rows.current().integer(u"NextScheduledCount"), 510);
-    EXPECT_TRUE(rows.current().isNull(u"NextScheduledDate"));
+    EXPECT_EQ(found(u"Select Period, NextScheduledCount, NextScheduledDate from tblServiceUsed"_s),
+              u"H|510|");
 
     choosePeriod(screen, u"Weeks"_s);
     EXPECT_FALSE(named<QWidget>(screen, u"txtCount"_s).isVisible());
@@ -460,6 +444,16 @@ protected:
         part(u"F1"_s, 4.5);
         part(u"OIL'5"_s, 10);
     }
+    /// An assigned service with two of the first part.
+    qint64 assignedWithPart() const
+    {
+        const qint64 id = assigned();
+        insert(u"tblServiceUsedPart"_s, {{u"ServiceUsedID"_s, id},
+                                         {u"PartID"_s, u"F1"_s},
+                                         {u"QuantityRequired"_s, 2},
+                                         {u"Price"_s, 4.5}});
+        return id;
+    }
     /// Ticks all parts that the selector offers.
     void selectAllParts(int offered)
     {
@@ -475,13 +469,8 @@ protected:
 
 TEST_F(frmServicesParts, AreAddedChangedAndRemovedInOneEdit)
 {
-    const qint64 id = assigned();
-    insert(u"tblServiceUsedPart"_s, {{u"ServiceUsedID"_s, id},
-                                     {u"PartID"_s, u"F1"_s},
-                                     {u"QuantityRequired"_s, 2},
-                                     {u"Price"_s, 4.5}});
     frmServices screen(ServiceStore::Assigned);
-    show(screen, Mode::Browse, id);
+    show(screen, Mode::Browse, assignedWithPart());
     EXPECT_EQ(named<QLabel>(screen, u"lblPartCost"_s).text(), u"$9.00"_s);
     EXPECT_EQ(text(screen, u"txtTotalCost"_s), u"$39.00"_s);
 
@@ -499,11 +488,8 @@ TEST_F(frmServicesParts, AreAddedChangedAndRemovedInOneEdit)
     click(screen, u"cmdRemove"_s);
     click(screen, u"cmdUpdate"_s);
     EXPECT_FALSE(gbInTransaction);
-    const db::Recordset parts = gcnData->Open(u"Select * from tblServiceUsedPart"_s);
-    ASSERT_EQ(parts.RecordCount(), 1);
-    EXPECT_EQ(parts.current().text(u"PartID"), u"OIL'5"_s);
-    EXPECT_EQ(parts.current().real(u"QuantityRequired"), 0.25);
-    EXPECT_EQ(parts.current().real(u"Price"), 10);
+    EXPECT_EQ(found(u"Select PartID, QuantityRequired, Price from tblServiceUsedPart"_s),
+              u"OIL'5|0.25|10");
 }
 
 TEST_F(frmServicesParts, AreUndoneByRevert)
@@ -524,13 +510,8 @@ TEST_F(frmServicesParts, AreUndoneByRevert)
 
 TEST_F(frmServicesParts, AreAllUndoneWhenOneFails)
 {
-    const qint64 id = assigned();
-    insert(u"tblServiceUsedPart"_s, {{u"ServiceUsedID"_s, id},
-                                     {u"PartID"_s, u"F1"_s},
-                                     {u"QuantityRequired"_s, 2},
-                                     {u"Price"_s, 4.5}});
     frmServices screen(ServiceStore::Assigned);
-    show(screen, Mode::Browse, id);
+    show(screen, Mode::Browse, assignedWithPart());
     grid::GridModel &rows = named<grid::GridView>(screen, u"grdPartUsed"_s).rows();
     const auto changeQuantity = [&] { return rows.edit(0, rows.columnIndex(u"Qty Req"), 3.0); };
     EXPECT_TRUE(changeQuantity());
