@@ -59,6 +59,21 @@ void setCompleted(qint64 id, bool completed)
                      {completed, id});
 }
 
+/// Marks the parts of an order's services. The services are read first: with the query inside the
+/// update the engine would go through the parts of all orders.
+void setPartsUsed(qint64 order, bool used, const QString &condition = {})
+{
+    QList<qint64> services;
+    for (const db::Row service : gcnData->Open(
+             u"Select NServiceUsedID from tblWoServiceUsed where WorkorderNo = ?"_s + condition,
+             {order}))
+        services.append(service.integer(u"NServiceUsedID"));
+    if (!services.isEmpty())
+        gcnData->Execute(u"Update tblWoPartUsed set Used = ? where ServiceUsedID in (%1)"_s.arg(
+                             numberList(services)),
+                         {used});
+}
+
 bool isOnOrder(qint64 id, qint64 workorderNo, ServiceSource source)
 {
     const QString statement =
@@ -142,10 +157,7 @@ bool UpdateWorkorder(qint64 WorkorderNo, const std::optional<QDate> &date, bool 
                 u"Update tblWoServiceUsed Set Completed = '1' Where WorkorderNo = ? and "_s +
                     NotSkipped,
                 {WorkorderNo});
-            gcnData->Execute(u"Update tblWoPartUsed Set Used = '1' Where ServiceUsedId in (Select "
-                             "NserviceUsedID from tblWoServiceUsed Where WorkorderNo = ? and "_s +
-                                 NotSkipped + u')',
-                             {WorkorderNo});
+            setPartsUsed(WorkorderNo, true, u" and "_s + NotSkipped);
         } else {
             gcnData->Execute(u"Update tblWorkorder Set CompletedDate = NULL, Complete = '0' Where "
                              "WorkorderNo = ?"_s,
@@ -154,9 +166,7 @@ bool UpdateWorkorder(qint64 WorkorderNo, const std::optional<QDate> &date, bool 
                 return;
             gcnData->Execute(u"Update tblWoServiceUsed Set Completed = '0' Where WorkorderNo = ?"_s,
                              {WorkorderNo});
-            gcnData->Execute(u"Update tblWoPartUsed Set Used = '0' Where ServiceUsedId in (Select "
-                             "NserviceUsedID from tblWoServiceUsed Where WorkorderNo = ?)"_s,
-                             {WorkorderNo});
+            setPartsUsed(WorkorderNo, false);
         }
     });
 }
@@ -206,9 +216,7 @@ bool skipAll(qint64 WorkorderNo, const QString &reason)
         gcnData->Execute(
             u"Update tblWoServiceUsed set Skip  = '1',Completed = '0' where Workorderno = ?"_s,
             {WorkorderNo});
-        gcnData->Execute(u"Update tblWoPartUsed set Used = '0' where ServiceUsedid in (select "
-                         "NServiceUsedid from tblWoServiceUsed where Workorderno = ?)"_s,
-                         {WorkorderNo});
+        setPartsUsed(WorkorderNo, false);
         gcnData->Execute(u"update tblWoServiceUsed set [Note] = ? where Workorderno = ?"_s,
                          {reason, WorkorderNo});
     });
