@@ -56,28 +56,6 @@ TEST_F(History, PartsCostQuantityTimesPrice)
     EXPECT_EQ(history::SetPastCost(12), 1.0);
 }
 
-TEST_F(History, CorrectionsAreWrittenAtOnceAndUndoneWithTheTransaction)
-{
-    BeginTrans();
-    EXPECT_TRUE(history::UpdateEquipmentServiceHistory(11, u"Countvalue"_s, 450));
-    EXPECT_TRUE(history::UpdateEquipmentServiceHistory(11, u"Completedate"_s, QVariant()));
-    EXPECT_TRUE(history::UpdatePartHistory(11, u"f-1"_s, u"QuantityUsed"_s, 4.0));
-    EXPECT_TRUE(history::updateNote(11, u"it's worn"_s));
-    EXPECT_EQ(of(11, u"CountValue"_s).toInt(), 450);
-    EXPECT_TRUE(of(11, u"CompleteDate"_s).isNull());
-    EXPECT_EQ(history::note(11, 70), u"it's worn");
-    EXPECT_EQ(history::SetPastCost(11), 19);
-    EXPECT_TRUE(of(12, u"CountValue"_s).isNull());
-    EXPECT_TRUE(history::DeleteServiceHistoryRecord(12));
-    RollbackTrans();
-
-    EXPECT_TRUE(of(11, u"CountValue"_s).isNull());
-    EXPECT_EQ(of(11, u"CompleteDate"_s).toDateTime(), base::wallClock({2024, 1, 10}));
-    EXPECT_EQ(history::note(11, 70), u"as found");
-    EXPECT_EQ(history::SetPastCost(11), 12.5);
-    EXPECT_EQ(history::services(1, {}).RecordCount(), 2);
-}
-
 TEST_F(History, AnotherCrewCostsTheBudgetedHours)
 {
     addCrew(5, 12, 21.5);
@@ -161,15 +139,4 @@ TEST(TimeOfHistory, CorrectionsKeepStartBeforeEnd)
         EXPECT_EQ(cases[i].made.stored, cases[i].stored) << i;
         EXPECT_EQ(cases[i].made.WorkHrs, cases[i].hours) << i;
     }
-}
-
-TEST_F(History, ACorrectedTimeIsStoredWithTheHours)
-{
-    EXPECT_TRUE(history::storeTime(11, u"StartTime"_s, {.stored = u"08:00"_s}));
-    EXPECT_TRUE(of(11, u"Workhrs"_s).isNull());
-    EXPECT_TRUE(history::storeTime(11, u"EndTime"_s, {.stored = u"09:30"_s, .WorkHrs = u"1:30"_s}));
-    EXPECT_EQ(of(11, u"Workhrs"_s).toString(), u"1:30");
-    EXPECT_TRUE(history::storeTime(11, u"EndTime"_s, {}));
-    EXPECT_TRUE(of(11, u"EndTime"_s).isNull());
-    EXPECT_EQ(of(11, u"StartTime"_s).toString(), u"08:00");
 }

@@ -14,17 +14,6 @@ protected:
     {
         gcnData->Execute(statement, values);
     }
-    /// The first value of a query's first row, Null without rows.
-    static QVariant value(const QString &query, const QVariantList &values = {})
-    {
-        const db::Recordset rows = gcnData->Open(query, values);
-        return rows.isEmpty() ? QVariant() : rows.value(0, 0);
-    }
-    static int count(const QString &table)
-    {
-        return value(QStringLiteral("Select count(*) as N from ") + table).toInt();
-    }
-
     static void addMachine(qint64 id, const QString &unit)
     {
         run(QStringLiteral("insert into tblEquipment(EquipmentID,UnitNo,EquipmentName,Inactive) "

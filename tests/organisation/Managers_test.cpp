@@ -26,6 +26,8 @@ protected:
         const char *answer;
     };
 
+    inline static int number = 0; ///< of the last row made
+
     /// Refers to the id from one place after the other, the last of the order first: each new
     /// reference has to change the answer to its own word.
     template<class Ask>
@@ -35,25 +37,17 @@ protected:
         for (const Reference &reference : std::views::reverse(references)) {
             const QString table = QString::fromLatin1(reference.table);
             const QString column = QString::fromLatin1(reference.column);
-            QString key, value;
-            if (table.compare(u"tblEquipment"_s, Qt::CaseInsensitive) == 0) {
-                key = u",EquipmentID"_s;
-                value = u",%1"_s.arg(GenerateID(u"tblEquipment"_s, u"EquipmentID"_s));
-            } else if (table.compare(u"tblEmployee"_s, Qt::CaseInsensitive) == 0) {
-                key = u",EmployeeID"_s;
-                value = u",'E%1'"_s.arg(GetRecordCount(u"tblEmployee"_s, {}));
-            } else if (table.compare(u"tblSupplier"_s, Qt::CaseInsensitive) == 0) {
-                key = u",SupplierID"_s;
-                value = u",1"_s;
-            } else if (table.compare(u"tblPart"_s, Qt::CaseInsensitive) == 0) {
-                key = u",PartID"_s;
-                value = u",'P1'"_s;
-            } else if (table.compare(u"tblServices"_s, Qt::CaseInsensitive) == 0) {
-                key = u",ServiceID"_s;
-                value = u",%1"_s.arg(GenerateID(u"tblServices"_s, u"ServiceID"_s));
-            }
-            gcnData->Execute(
-                u"Insert into %1(%2%3) values(%4%5)"_s.arg(table, column, key).arg(id).arg(value));
+            // Tables whose numbers the database doesn't give.
+            static const QHash<QString, std::pair<QString, QString>> keys{
+                {u"tblequipment"_s, {u",EquipmentID"_s, u",%1"_s}},
+                {u"tblservices"_s, {u",ServiceID"_s, u",%1"_s}},
+                {u"tblemployee"_s, {u",EmployeeID"_s, u",'E%1'"_s}},
+                {u"tblsupplier"_s, {u",SupplierID"_s, u",%1"_s}},
+                {u"tblpart"_s, {u",PartID"_s, u",'P%1'"_s}}};
+            const auto &[key, value] = keys.value(table.toLower());
+            gcnData->Execute(u"Insert into %1(%2%3) values(%4%5)"_s.arg(table, column, key)
+                                 .arg(id)
+                                 .arg(QString(value).replace(u"%1"_s, QString::number(++number))));
             EXPECT_EQ(ask(id), QString::fromLatin1(reference.answer))
                 << reference.table << '.' << reference.column;
         }

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The schedule that both stores share: every ten days, on any day.
-QVariantMap schedule(qint64 crew, qint64 costCenter)
+QVariantMap schedule(qint64 crew, qint64 costCenter, const QVariantMap &anyDay)
 {
     QVariantMap values{{u"Name"_s, u"Oil change"_s},
                        {u"CrewID"_s, crew},
@@ -21,12 +21,7 @@ QVariantMap schedule(qint64 crew, qint64 costCenter)
                        {u"LaborEstimate"_s, 1.5},
                        {u"CostEstimate"_s, 30},
                        {u"Note"_s, u"Warm engine"_s}};
-    for (const QString &flag :
-         {u"Sun"_s, u"Mon"_s,    u"Tue"_s,     u"Wed"_s,    u"Thu"_s,    u"Fri"_s,
-          u"Sat"_s, u"FirstW"_s, u"SecondW"_s, u"ThirdW"_s, u"ForthW"_s, u"LastW"_s,
-          u"Jan"_s, u"Feb"_s,    u"Mar"_s,     u"Apr"_s,    u"May"_s,    u"Jun"_s,
-          u"Jul"_s, u"Aug"_s,    u"Sep"_s,     u"Oct"_s,    u"Nov"_s,    u"Dece"_s})
-        values.insert(flag, 1);
+    values.insert(anyDay);
     return values;
 }
 
@@ -45,22 +40,6 @@ Fleet::Fleet()
                               {u"IncludeWoList"_s, 1}});
 }
 
-qint64 Fleet::insert(const QString &table, const QVariantMap &values, const QString &key)
-{
-    QStringList columns;
-    QVariantList parameters;
-    for (auto it = values.begin(); it != values.end(); ++it) {
-        columns.append(u'[' + it.key() + u']');
-        parameters.append(it.value());
-    }
-    const QString statement = u"Insert into %1(%2) values(%3)"_s.arg(
-        table, columns.join(u','), QStringList(columns.size(), u"?"_s).join(u','));
-    if (!key.isEmpty())
-        return gcnData->Insert(statement, parameters, key);
-    gcnData->Execute(statement, parameters);
-    return 0;
-}
-
 void Fleet::machine(qint64 id, const QVariantMap &more)
 {
     QVariantMap values{{u"EquipmentID"_s, id},
@@ -73,7 +52,7 @@ void Fleet::machine(qint64 id, const QVariantMap &more)
 
 qint64 Fleet::assigned(const QVariantMap &more) const
 {
-    QVariantMap values = schedule(crew, costCenter);
+    QVariantMap values = schedule(crew, costCenter, anyDay());
     values.insert(QVariantMap{{u"EquipmentID"_s, 1},
                               {u"ServiceID"_s, 100},
                               {u"LastDatePerformed"_s, day(3, 1)},
@@ -84,7 +63,7 @@ qint64 Fleet::assigned(const QVariantMap &more) const
 
 qint64 Fleet::catalogue(qint64 id, const QVariantMap &more) const
 {
-    QVariantMap values = schedule(crew, costCenter);
+    QVariantMap values = schedule(crew, costCenter, anyDay());
     values.insert(u"ServiceID"_s, id);
     values.insert(more);
     insert(u"tblServices"_s, values);
@@ -106,19 +85,6 @@ void Fleet::part(const QString &id, double price)
                           {u"Price"_s, price},
                           {u"Quantity"_s, 5},
                           {u"Inactive"_s, 0}});
-}
-
-QVariant Fleet::value(const QString &query, const QVariantList &parameters)
-{
-    const db::Recordset rows = gcnData->Open(query, parameters);
-    return rows.isEmpty() ? QVariant() : rows.value(0, 0);
-}
-
-qint64 Fleet::count(const QString &table, const QString &where)
-{
-    return value(u"Select count(*) from "_s + table +
-                 (where.isEmpty() ? QString() : u" where "_s + where))
-        .toLongLong();
 }
 
 void Fleet::failAt(const QString &text)

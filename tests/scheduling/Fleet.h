@@ -19,7 +19,6 @@ protected:
         return base::wallClock(QDate(year, month, date));
     }
 
-    static qint64 insert(const QString &table, const QVariantMap &values, const QString &key = {});
     /// Machine with this key and the unit number "U<key>".
     static void machine(qint64 id, const QVariantMap &more = {});
     /// A service of machine 1, every ten days on any day, of crew and cost center 1, last performed
@@ -29,10 +28,6 @@ protected:
     qint64 catalogue(qint64 id, const QVariantMap &more = {}) const;
     static void reading(qint64 machine, const QString &type, const QDateTime &date, qint64 value);
     static void part(const QString &id, double price);
-
-    /// The only value that a query gives, Null when it gives no row.
-    static QVariant value(const QString &query, const QVariantList &parameters = {});
-    static qint64 count(const QString &table, const QString &where = {});
 
     /// Lets each statement on gcnData that holds this text fail, none for an empty one.
     static void failAt(const QString &text);

@@ -172,24 +172,7 @@ TEST_F(GenerateWorkorder, AFailureAtAnyStatementLeavesNothing)
     part(u"P1"_s, 5);
     servicePart(service(), u"P1"_s, 1);
     service({{u"SeparateWo"_s, 1}});
-    const QString before = everything();
-    int statements = 0;
-    for (int failing = 1;; ++failing) {
-        ASSERT_LT(failing, 100);
-        int running = 0;
-        gcnData->setObserver([&](const db::Sent &) {
-            if (++running == failing)
-                throw base::Error(5, u"broken"_s);
-        });
-        const bool done = generate();
-        gcnData->setObserver({});
-        if (done)
-            break;
-        statements = failing;
-        EXPECT_EQ(errors.take().size(), 1u);
-        EXPECT_EQ(everything(), before) << "after statement " << failing;
-    }
-    EXPECT_GE(statements, 8);
+    EXPECT_GE(failAtEachStatement([&] { return generate(); }), 8);
     EXPECT_EQ(count(u"tblWorkorder"_s), 2);
 }
 

@@ -293,26 +293,14 @@ TEST_F(PostWorkOrder, AFailureAtAnyStatementLeavesNothingHalfDone)
     orderService(number, {{u"ServiceUsedID"_s, dated}, {u"Completed"_s, true}});
     orderService(number, {{u"Period"_s, u"H"_s}, {u"CountValue"_s, 5}, {u"Completed"_s, true}});
     completeOrder();
-    const QString before = everything();
-    int failing = 1;
-    for (;; ++failing) {
-        ASSERT_LT(failing, 100);
-        int running = 0;
-        gcnData->setObserver([&](const db::Sent &) {
-            if (++running == failing)
-                throw base::Error(5, u"broken"_s);
-        });
-        QList<qint64> orders{number};
-        const bool done = posting::PostWorkOrder(orders);
-        gcnData->setObserver({});
-        if (done)
-            break;
-        EXPECT_EQ(orders, QList<qint64>{number});
-        EXPECT_EQ(errors.take().size(), 1u) << "statement " << failing;
-        EXPECT_FALSE(gbInTransaction);
-        EXPECT_EQ(everything(), before) << "statement " << failing;
-    }
-    EXPECT_GT(failing, 20) << "all statements of the posting were tried";
+    QList<qint64> orders{number};
+    EXPECT_GT(failAtEachStatement([&] {
+                  const bool done = posting::PostWorkOrder(orders);
+                  EXPECT_EQ(orders, QList<qint64>{number});
+                  return done;
+              }),
+              20)
+        << "all statements of the posting were tried";
     EXPECT_EQ(count(u"tblWOServiceUsedHistory"_s), 3);
     EXPECT_EQ(stock(u"P1"_s), 8);
 }

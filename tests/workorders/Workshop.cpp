@@ -1,21 +1,10 @@
 #include "workorders/Workshop.h"
 
-#include "core/General.h"
+#include "platform/base/Error.h"
 
 namespace test {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QVariantMap with(QVariantMap values, const QVariantMap &more)
-{
-    for (auto each = more.begin(); each != more.end(); ++each)
-        values[each.key()] = each.value();
-    return values;
-}
-
-} // namespace
 
 Workshop::Workshop()
 {
@@ -31,29 +20,14 @@ Workshop::Workshop()
     machine(1, u"M1"_s);
 }
 
-qint64 Workshop::insert(const QString &table, const QVariantMap &values, const QString &key)
-{
-    QStringList columns;
-    QStringList places;
-    for (const QString &column : values.keys()) {
-        columns.append(u'[' + column + u']');
-        places.append(u"?"_s);
-    }
-    const QString statement =
-        u"Insert into %1(%2) values(%3)"_s.arg(table, columns.join(u','), places.join(u','));
-    if (!key.isEmpty())
-        return gcnData->Insert(statement, values.values(), key);
-    gcnData->Execute(statement, values.values());
-    return 0;
-}
-
 void Workshop::machine(qint64 id, const QString &unit, const QVariantMap &more)
 {
-    insert(u"tblEquipment"_s, with({{u"EquipmentID"_s, id},
-                                    {u"UnitNo"_s, unit},
-                                    {u"EquipmentName"_s, u"Mower "_s + unit},
-                                    {u"Inactive"_s, 0}},
-                                   more));
+    QVariantMap values{{u"EquipmentID"_s, id},
+                       {u"UnitNo"_s, unit},
+                       {u"EquipmentName"_s, u"Mower "_s + unit},
+                       {u"Inactive"_s, 0}};
+    values.insert(more);
+    insert(u"tblEquipment"_s, values);
 }
 
 qint64 Workshop::service(const QVariantMap &more) const
@@ -65,13 +39,9 @@ qint64 Workshop::service(const QVariantMap &more) const
                        {u"EInterval"_s, 10},
                        {u"RenewalOn"_s, u"W"_s},
                        {u"NextScheduledDate"_s, day(3, 10)}};
-    for (const QString &flag :
-         {u"Sun"_s, u"Mon"_s,    u"Tue"_s,     u"Wed"_s,    u"Thu"_s,    u"Fri"_s,
-          u"Sat"_s, u"FirstW"_s, u"SecondW"_s, u"ThirdW"_s, u"ForthW"_s, u"LastW"_s,
-          u"Jan"_s, u"Feb"_s,    u"Mar"_s,     u"Apr"_s,    u"May"_s,    u"Jun"_s,
-          u"Jul"_s, u"Aug"_s,    u"Sep"_s,     u"Oct"_s,    u"Nov"_s,    u"Dece"_s})
-        values[flag] = 1;
-    return insert(u"tblServiceUsed"_s, with(values, more), u"ServiceUsedID"_s);
+    values.insert(anyDay());
+    values.insert(more);
+    return insert(u"tblServiceUsed"_s, values, u"ServiceUsedID"_s);
 }
 
 void Workshop::part(const QString &id, double quantity, bool notTracked)
@@ -92,21 +62,18 @@ void Workshop::servicePart(qint64 serviceUsedID, const QString &part, double qua
 
 qint64 Workshop::order(const QVariantMap &more)
 {
-    return insert(u"tblWorkorder"_s, with({{u"EquipmentID"_s, 1}, {u"Printed"_s, 0}}, more),
-                  u"WorkorderNo"_s);
+    QVariantMap values{{u"EquipmentID"_s, 1}, {u"Printed"_s, 0}};
+    values.insert(more);
+    return insert(u"tblWorkorder"_s, values, u"WorkorderNo"_s);
 }
 
 qint64 Workshop::orderService(qint64 order, const QVariantMap &more) const
 {
-    return insert(u"tblWoServiceUsed"_s,
-                  with({{u"WorkorderNo"_s, order},
-                        {u"EquipmentID"_s, 1},
-                        {u"Name"_s, u"Oil change"_s},
-                        {u"CrewID"_s, crew1},
-                        {u"Period"_s, u"D"_s},
-                        {u"NextScheduledDate"_s, day(3, 10)}},
-                       more),
-                  u"NServiceUsedID"_s);
+    QVariantMap values{{u"WorkorderNo"_s, order},    {u"EquipmentID"_s, 1},
+                       {u"Name"_s, u"Oil change"_s}, {u"CrewID"_s, crew1},
+                       {u"Period"_s, u"D"_s},        {u"NextScheduledDate"_s, day(3, 10)}};
+    values.insert(more);
+    return insert(u"tblWoServiceUsed"_s, values, u"NServiceUsedID"_s);
 }
 
 void Workshop::orderPart(qint64 nServiceUsedID, const QString &part, double quantity, bool used)
@@ -119,15 +86,23 @@ void Workshop::orderPart(qint64 nServiceUsedID, const QString &part, double quan
                                 {u"Used"_s, used}});
 }
 
-QVariant Workshop::value(const QString &query, const QVariantList &parameters)
+int Workshop::failAtEachStatement(const std::function<bool()> &step)
 {
-    const db::Recordset rows = gcnData->Open(query, parameters);
-    return rows.isEmpty() ? QVariant() : rows.value(0, 0);
-}
-
-qint64 Workshop::count(const QString &table, const QString &where)
-{
-    return GetRecordCount(table, where);
+    const QString before = everything();
+    for (int failing = 1;; ++failing) {
+        int running = 0;
+        gcnData->setObserver([&](const db::Sent &) {
+            if (++running == failing)
+                throw base::Error(5, u"broken"_s);
+        });
+        const bool done = step();
+        gcnData->setObserver({});
+        if (done || failing == 100)
+            return failing - 1;
+        EXPECT_EQ(errors.take().size(), 1u) << "statement " << failing;
+        EXPECT_FALSE(gbInTransaction) << "statement " << failing;
+        EXPECT_EQ(everything(), before) << "statement " << failing;
+    }
 }
 
 QString Workshop::everything()

@@ -3,8 +3,7 @@
 #include "core/CompanySession.h"
 #include "support/ScriptedPrompts.h"
 
-#include <QMap>
-#include <QVariantMap>
+#include <functional>
 
 namespace test {
 
@@ -17,7 +16,6 @@ protected:
 
     static QDateTime day(int month, int date) { return base::wallClock({2024, month, date}); }
 
-    static qint64 insert(const QString &table, const QVariantMap &values, const QString &key = {});
     static void machine(qint64 id, const QString &unit, const QVariantMap &more = {});
     /// A service of machine 1 due on March 10, every ten days, on any day, of crew 1; what is given
     /// goes before.
@@ -30,9 +28,9 @@ protected:
     qint64 orderService(qint64 order, const QVariantMap &more = {}) const;
     static void orderPart(qint64 nServiceUsedID, const QString &part, double quantity, bool used);
 
-    /// The only value that a query gives, Null when it gives no row.
-    static QVariant value(const QString &query, const QVariantList &parameters = {});
-    static qint64 count(const QString &table, const QString &where = {});
+    /// Runs a step with its first statement failing, then its second, and so on until none does:
+    /// each failure is told once and leaves everything as it was. Gives how many there were.
+    int failAtEachStatement(const std::function<bool()> &step);
     /// All rows of what the cycle writes to, as text: what must be equal after an undone step.
     static QString everything();
 

@@ -167,7 +167,8 @@ TEST_F(FilesPages, PartsOfAMachineAreRemovedInsideTheEdit)
 
 TEST_F(FilesPages, APartThatTheSelectorGivesIsAdded)
 {
-    run(u"insert into tblPart(PartID,Description,Price,Inactive) values('F-1','Filter',4.5,0)"_s);
+    run(u"insert into tblPart(PartID,Description,Price,Inactive,SupplierID) "
+        "values('F-1','Filter',4.5,0,3)"_s);
     frame.show<MachinePartsPage>(1);
     test::onNextModal([](QWidget &screen) {
         auto &list = *screen.findChild<grid::GridView *>();
@@ -179,6 +180,9 @@ TEST_F(FilesPages, APartThatTheSelectorGivesIsAdded)
     click(u"cmdAddNewPart"_s);
     ASSERT_EQ(grid(u"grdPart"_s).rows().rowCount(), 1);
     EXPECT_EQ(grid(u"grdPart"_s).rows().text(0, u"Part Number"), u"F-1");
+    EXPECT_EQ(found(u"Select EquipmentID, PartID, QuantityRequired, Price, SupplierID from "
+                    "tblEquipmentPart"_s),
+              u"1|F-1|1|4.5|3");
     EXPECT_EQ(frame.changes, 1);
     frame.cancelEdit();
     EXPECT_EQ(count(u"tblEquipmentPart"_s), 0);
