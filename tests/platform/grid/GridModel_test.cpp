@@ -248,6 +248,11 @@ TEST_F(GridModelOfParts, OnlyTheUsersChangesRunTheRule)
     EXPECT_EQ(m_rows.value(0, u"Price"), QVariant(4.5));
     EXPECT_EQ(edited.count(), 1);
     EXPECT_FALSE(m_rows.setData(m_rows.indexOf(0, 0), u"x"_s)) << "not an editable column";
+    m_rows.editRule = [](int row, const QString &) { return row != 1; };
+    EXPECT_TRUE(m_rows.mayEdit(0, price.column()));
+    EXPECT_FALSE(m_rows.mayEdit(1, price.column()));
+    m_rows.column(u"Price").locked = true;
+    EXPECT_FALSE(m_rows.mayEdit(0, price.column()));
 }
 
 TEST_F(GridModelOfParts, ARuleMaySetTheCellItself)
