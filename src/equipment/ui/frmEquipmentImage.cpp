@@ -105,12 +105,19 @@ void frmEquipmentImage::cmdSave_Click()
     if (!VailidateFields())
         return;
     const QString name = txtFileName->text().trimmed();
-    const auto isPicture = [](const QByteArray &bytes) {
-        return !decodedPicture(bytes, PreviewSide).isNull();
+    bool isGood = false;
+    const auto isPicture = [&isGood](const QByteArray &bytes) {
+        isGood = !decodedPicture(bytes, PreviewSide).isNull();
+        return isGood;
     };
     if (!pictures::SaveImageInEquipment(m_equipment, txtFilePath->text().trimmed(), name,
-                                        isPicture))
+                                        isPicture)) {
+        // With a good picture only its name can be at fault.
+        QLineEdit *refused = isGood ? txtFileName : txtFilePath;
+        refused->setFocus();
+        refused->selectAll();
         return;
+    }
     m_added = name;
     unload();
 }

@@ -59,7 +59,12 @@ void GridView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint h
 {
     if (editor == m_delegate->editor())
         m_delegate->forget();
+    // A message that a rule has just shown may still be the active window: the focus would then go
+    // to whatever follows the editor.
+    const bool hadFocus = editor && window()->focusWidget() == editor;
     QTreeView::closeEditor(editor, hint);
+    if (hadFocus)
+        setFocus();
 }
 
 void GridView::setVerticalEntry(QStringView column)

@@ -153,7 +153,7 @@ TEST_F(GridViewEditing, ARuleThatAsksRunsOnce)
     // Without a window manager nobody gives the window its turn back.
     m_window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
-    m_grid.setFocus();
+    EXPECT_TRUE(m_grid.hasFocus()) << "the keys go on in the grid";
     type(u"9"_s);
     m_other.setFocus();
     EXPECT_EQ(asked, 2);
