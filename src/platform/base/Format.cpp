@@ -3,6 +3,7 @@
 #include "platform/base/Environment.h"
 
 #include <QLocale>
+#include <QRegularExpression>
 #include <cmath>
 
 namespace base {
@@ -110,10 +111,18 @@ QString doubledQuotes(QString text)
     return text.replace(u'\'', QStringLiteral("''"));
 }
 
+QString onOneLine(QString text)
+{
+    static const QRegularExpression ends(
+        QStringLiteral("^[\\r\\n\\x{2028}\\x{2029}]+|[\\r\\n\\x{2028}\\x{2029}]+$"));
+    static const QRegularExpression breaks(QStringLiteral("[\\r\\n\\x{2028}\\x{2029}]+"));
+    return text.remove(ends).replace(breaks, QStringLiteral(" "));
+}
+
 QString money(double amount)
 {
-    return (amount < 0 ? QStringLiteral("-$") : QStringLiteral("$"))
-           + twoDecimals(std::abs(amount));
+    return (amount < 0 ? QStringLiteral("-$") : QStringLiteral("$")) +
+           twoDecimals(std::abs(amount));
 }
 
 QString twoDecimals(double amount)

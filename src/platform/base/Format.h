@@ -27,6 +27,10 @@ std::optional<QDateTime> parseMonthFirst(QStringView text);
 /// Text for a single-quoted literal of the dialect: each apostrophe doubled.
 QString doubledQuotes(QString text);
 
+/// The text with a blank for each line break inside it, and without those at its ends: a cell that
+/// is copied from a sheet brings one along.
+QString onOneLine(QString text);
+
 /// "$1234.50"-like text with two decimals and no thousands separator, the form "$0.00".
 QString money(double amount);
 /// Two decimals, the form "0.00".

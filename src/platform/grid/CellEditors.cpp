@@ -26,8 +26,10 @@ public:
         , m_column(std::move(column))
     {}
 
-    State validate(QString &text, int &) const override
+    State validate(QString &text, int &position) const override
     {
+        text = base::onOneLine(text);
+        position = std::min(position, int(text.size()));
         if (!mayBecomeValue(text, m_column))
             return Invalid;
         return typedValue(text, m_column) ? Acceptable : Intermediate;

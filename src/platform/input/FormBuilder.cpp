@@ -90,6 +90,7 @@ FormBuilder::FormBuilder(QWidget *form)
 QLineEdit *FormBuilder::textField(const QString &name, const QString &label, int maxLength)
 {
     auto *edit = new QLineEdit(block().owner);
+    keepOnOneLine(edit);
     if (maxLength > 0)
         edit->setMaxLength(maxLength);
     const bool narrow = maxLength > 0 && maxLength <= narrowLength;

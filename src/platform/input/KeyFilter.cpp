@@ -1,5 +1,7 @@
 #include "platform/input/KeyFilter.h"
 
+#include "platform/base/Format.h"
+
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -249,6 +251,12 @@ void restrictTo(QLineEdit *edit, TypeCheck type, TypeCheck orType, const QString
 void upperCaseAsTyped(QLineEdit *edit)
 {
     InsertionFilter::addRule(edit, capitals);
+}
+
+void keepOnOneLine(QLineEdit *edit)
+{
+    InsertionFilter::addRule(
+        edit, [](const QString &inserted, const QString &) { return base::onOneLine(inserted); });
 }
 
 void keepAltFromTyping(QApplication &application)

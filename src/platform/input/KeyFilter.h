@@ -32,6 +32,9 @@ void restrictTo(QLineEdit *edit, TypeCheck type, TypeCheck orType, const QString
 /// Turns letters into capitals as they are typed or pasted (ChangeCase).
 void upperCaseAsTyped(QLineEdit *edit);
 
+/// Keeps line breaks out of what is pasted or dropped into the box (base::onOneLine).
+void keepOnOneLine(QLineEdit *edit);
+
 /// Keeps characters pressed with Alt for menus and buttons. A letter that no button in sight has
 /// would otherwise be typed into the text, or move the list, that has the focus.
 void keepAltFromTyping(QApplication &application);

@@ -9,6 +9,7 @@
 #include "platform/base/Trapped.h"
 #include "platform/input/FormBuilder.h"
 #include "platform/input/IdCombo.h"
+#include "platform/input/KeyFilter.h"
 #include "platform/input/Theme.h"
 #include "reporting/ui/FieldSearch.h"
 #include "reporting/ui/QuickFindEntries.h"
@@ -101,6 +102,7 @@ void frmQuickFind::addSearch(input::FormBuilder &form)
     layout->setContentsMargins({});
     const auto searchBox = [&](const QString &name) {
         auto *box = new QLineEdit(searchBoxes);
+        input::keepOnOneLine(box);
         box->setObjectName(name);
         box->setAccessibleName(lblMainField->text());
         layout->addWidget(box);

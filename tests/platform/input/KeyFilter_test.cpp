@@ -129,6 +129,17 @@ TEST(RestrictTo, TakesOnePointInADecimalNumber)
     EXPECT_EQ(test::textOf(edit), "3.14");
 }
 
+TEST(KeepOnOneLine, PastedLineBreaksBecomeBlanksOrGo)
+{
+    test::ShownForm window;
+    QLineEdit *edit = window.form.textField(QStringLiteral("txtName"), QStringLiteral("Name"));
+    window.showNow();
+    test::paste(edit, "Anna\r\nMaria\n");
+    EXPECT_EQ(test::textOf(edit), "Anna Maria");
+    test::type(edit, "!");
+    EXPECT_EQ(test::textOf(edit), "Anna Maria!");
+}
+
 TEST(UpperCaseAsTyped, WorksWithARestrictionInEitherOrder)
 {
     for (const bool capitalsFirst : {true, false}) {
