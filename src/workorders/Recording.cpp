@@ -325,12 +325,16 @@ bool DeleteServiceRecord(qint64 NServiceUsedID)
     });
 }
 
-bool addUnscheduled(const QList<qint64> &equipmentIDs)
+qint64 addUnscheduled(const QList<qint64> &equipmentIDs)
 {
-    return together("AddWorkorderRecord", [&] {
-        for (const qint64 equipment : equipmentIDs)
-            generation::addOrder(equipment);
+    qint64 first = 0;
+    const bool done = together("AddWorkorderRecord", [&] {
+        for (const qint64 equipment : equipmentIDs) {
+            const qint64 order = generation::addOrder(equipment);
+            first = first == 0 ? order : first;
+        }
     });
+    return done ? first : 0;
 }
 
 bool UpdatePrintColInWorkOrder(const QList<qint64> &orders)

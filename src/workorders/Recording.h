@@ -60,8 +60,8 @@ enum class ServiceSource { Catalogue, Machine };
                                     qint64 EquipmentID, ServiceSource source, bool completed);
 /// Takes a service with its parts off an order.
 [[nodiscard]] bool DeleteServiceRecord(qint64 NServiceUsedID);
-/// An empty order for each of these machines, all or none.
-[[nodiscard]] bool addUnscheduled(const QList<qint64> &equipmentIDs);
+/// An empty order for each of these machines, all or none; the number of the first, 0 for none.
+[[nodiscard]] qint64 addUnscheduled(const QList<qint64> &equipmentIDs);
 /// Marks orders as printed. Nothing for an empty list.
 [[nodiscard]] bool UpdatePrintColInWorkOrder(const QList<qint64> &orders);
 

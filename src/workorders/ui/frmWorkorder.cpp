@@ -314,11 +314,16 @@ void frmWorkorder::cmdUnschedule_Click()
          .leftOut = printing ? m_printing->machines() : m_recording->machines(),
          .several = true});
     const QList<qint64> chosen = worklists::numbersOf(machines);
-    if (chosen.isEmpty() || !recording::addUnscheduled(chosen))
+    const qint64 order = recording::addUnscheduled(chosen);
+    if (order == 0)
         return;
     base::showMessage(u"Workorder Generated"_s);
-    if (printing)
+    // What is added next is meant for the new order.
+    if (printing) {
         m_printing->RefreshPrintWo();
-    else
+        m_printing->FindNSelectPrintWorkorderByWO(order);
+    } else {
         m_recording->RefreshRecordWorkorder();
+        m_recording->FindNSelectRecordWorkorder(order);
+    }
 }

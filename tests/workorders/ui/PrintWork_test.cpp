@@ -226,6 +226,7 @@ TEST_F(PrintWork, UnscheduledOrdersAreForMachinesThatAreNotListed)
     EXPECT_EQ(asked.form, u"frmEquipment"_s);
     EXPECT_TRUE(asked.several);
     EXPECT_EQ(column("grdPrintWO", u"Unit No"_s), (QStringList{u"M1"_s, u"M2"_s}));
+    EXPECT_EQ(grid("grdPrintWO").currentRow(), 1) << "services go to the new order";
     screenCalls().ShowQuickFind = [](const ScreenCalls::QuickFind &) { return QString(); };
     press("cmdUnschedule");
     EXPECT_EQ(count(u"tblWorkorder"_s), 2);
