@@ -5,14 +5,12 @@
 #include "equipment/ui/Entries.h"
 #include "equipment/ui/EquipmentTabs.h"
 #include "organisation/clsIndicator.h"
-#include "platform/base/Format.h"
 #include "platform/grid/GridView.h"
 #include "platform/help/Help.h"
 #include "platform/input/CurrencyInput.h"
 #include "platform/input/DateInput.h"
 #include "support/ScriptedPrompts.h"
 
-#include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QStackedWidget>
@@ -57,16 +55,10 @@ protected:
                          "EquipmentSerialNo) values(?,?,?,?)"_s,
                          {id, unit, name, serial});
     }
-    static qint64 number(const QString &query)
-    {
-        return gcnData->Open(query).value(0, 0).toLongLong();
-    }
+    static qint64 number(const QString &query) { return value(query).toLongLong(); }
     static QString stored(const QString &column, qint64 id)
     {
-        return base::toText(
-            gcnData
-                ->Open(u"select %1 from tblEquipment where EquipmentID = %2"_s.arg(column).arg(id))
-                .value(0, 0));
+        return found(u"select %1 from tblEquipment where EquipmentID = %2"_s.arg(column).arg(id));
     }
 
     /// Works the screen and closes it; what its entry answers comes back.
@@ -89,6 +81,7 @@ protected:
     {
         return screen.screen().findChild<QStackedWidget *>()->currentIndex();
     }
+    /// Presses a key with Ctrl.
     static void press(const ScreenDriver &screen, Qt::Key key)
     {
         QWidget *target = screen.screen().focusWidget();
@@ -313,28 +306,22 @@ TEST_F(EquipmentScreen, AClickOnTheCrewIsHistoryEvenOfTheSameCrew)
 {
     gcnLookup->Execute(u"insert into tblCrew(CrewNumber,Description) values(7,'North''s')"_s);
     addMachine(1, u"A"_s, u"mower"_s);
-    const auto history = [] {
-        return gcnData->Open(
-            u"select CrewNumber, CrewDescription from tblEquipmentCrewHistory order by CrewNumber"_s);
-    };
     work(Mode::Browse, 1, [&](ScreenDriver screen) {
         screen.choose("cboCrew", u"7   North's"_s);
         screen.press("cmdUpdate");
-        EXPECT_EQ(history().RecordCount(), 1);
+        EXPECT_EQ(count(u"tblEquipmentCrewHistory"_s), 1);
         screen.choose("cboCrew", u"7   North's"_s);
         screen.press("cmdUpdate");
-        EXPECT_EQ(history().RecordCount(), 2);
+        EXPECT_EQ(count(u"tblEquipmentCrewHistory"_s), 2);
         screen.type("txtCapacity", u"1"_s);
         screen.press("cmdUpdate");
-        EXPECT_EQ(history().RecordCount(), 2) << "the crew was not touched";
+        EXPECT_EQ(count(u"tblEquipmentCrewHistory"_s), 2) << "the crew was not touched";
         screen.choose("cboCrew", u"  "_s);
         screen.press("cmdUpdate");
     });
-    const db::Recordset rows = history();
-    ASSERT_EQ(rows.RecordCount(), 3);
-    EXPECT_EQ(rows.row(0).text(u"CrewNumber"), u"");
-    EXPECT_EQ(rows.row(2).text(u"CrewNumber"), u"7");
-    EXPECT_EQ(rows.row(2).text(u"CrewDescription"), u"North's");
+    EXPECT_EQ(found(u"select CrewNumber, CrewDescription from tblEquipmentCrewHistory order by "
+                    "CrewNumber"_s),
+              u"|\n7|North's\n7|North's");
     EXPECT_EQ(stored(u"CrewID"_s, 1), u"0");
 }
 

@@ -2,8 +2,6 @@
 #include "organisation/MasterSession.h"
 #include "organisation/ui/Entries.h"
 
-#include <QCheckBox>
-
 using namespace Qt::StringLiterals;
 using test::inScreen;
 using test::ScreenDriver;

@@ -74,17 +74,12 @@ TEST_F(Recording, CompletingAnOrderCompletesAllButTheSkipped)
     EXPECT_EQ(ofOrder(u"CompletedDate"_s).toDateTime(), day(3, 12));
     EXPECT_EQ(ofOrder(u"Complete"_s).toInt(), -1);
 
+    ASSERT_TRUE(recording::UpdateWorkorder(number, std::nullopt, false));
+    EXPECT_EQ(states(), (QStringList{u"C-U"_s, u"C-U"_s, u"-S-"_s})) << "reopened alone";
+    EXPECT_EQ(ofOrder(u"Complete"_s).toInt(), 0);
     ASSERT_TRUE(recording::UpdateWorkorder(number, std::nullopt));
     EXPECT_EQ(states(), (QStringList{u"---"_s, u"---"_s, u"-S-"_s}));
     EXPECT_TRUE(ofOrder(u"CompletedDate"_s).isNull());
-    EXPECT_EQ(ofOrder(u"Complete"_s).toInt(), 0);
-}
-
-TEST_F(Recording, ReopeningAloneLeavesTheServices)
-{
-    ASSERT_TRUE(recording::UpdateWorkorder(number, QDate(2024, 3, 12)));
-    ASSERT_TRUE(recording::UpdateWorkorder(number, std::nullopt, false));
-    EXPECT_EQ(states(), (QStringList{u"C-U"_s, u"C-U"_s, u"-S-"_s}));
     EXPECT_EQ(ofOrder(u"Complete"_s).toInt(), 0);
 }
 

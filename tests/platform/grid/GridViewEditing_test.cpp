@@ -69,17 +69,6 @@ TEST_F(GridViewEditing, NothingIsTypedIntoCellsThatCannotBeEdited)
     EXPECT_FALSE(m_grid.editCell(1, u"Price"));
 }
 
-TEST_F(GridViewEditing, TheMaskRefusesKeystrokes)
-{
-    rows().addColumn({.name = u"Qty Req"_s, .editable = true, .mask = u"{0,99999}.{0,99}"_s});
-    show();
-    m_grid.selectCell(0, u"Qty Req");
-    type(u"a12x3456.789"_s);
-    EXPECT_EQ(editorText(), u"12345.78");
-    key(Qt::Key_Return);
-    EXPECT_EQ(rows().value(0, u"Qty Req"), QVariant(12345.78));
-}
-
 TEST_F(GridViewEditing, AnEntryBelowTheMasksRangeIsGivenUpAndTold)
 {
     rows().addColumn({.name = u"Interval"_s, .editable = true, .mask = u"{1,99999}"_s});

@@ -11,17 +11,7 @@ using grid::Editor;
 using grid::GridView;
 using grid::Sort;
 
-class GridViewShown : public test::ShownGrid
-{
-protected:
-    [[nodiscard]] QStringList headings() const
-    {
-        QStringList names;
-        for (int visual = 0; visual < m_grid.header()->count(); ++visual)
-            names.append(m_grid.rows().columnAt(m_grid.header()->logicalIndex(visual)).name);
-        return names;
-    }
-};
+using GridViewShown = test::ShownGrid;
 
 TEST_F(GridViewShown, TellsOfTheCurrentRowOnceAndOfItsLoss)
 {

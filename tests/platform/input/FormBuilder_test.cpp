@@ -6,10 +6,8 @@
 #include "platform/input/Shown.h"
 #include "platform/input/Theme.h"
 
-#include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QToolButton>
 #include <gmock/gmock.h>

@@ -7,9 +7,7 @@
 #include "platform/input/SpinInput.h"
 #include "scheduling/ui/ScreenFleet.h"
 
-#include <QCheckBox>
 #include <QLabel>
-#include <QRadioButton>
 #include <QStackedWidget>
 
 namespace {
@@ -110,19 +108,6 @@ TEST_F(frmServicesTest, ANewServiceIsCheckedFieldByFieldAndThenStored)
         found(u"Select ServiceID, JobNo, CrewID, Period, EInterval, RenewalOn, SeparateWo, "
               "Sat, LastW, Apr, May, CostEstimate from tblServices where Name like 'Sharpen*'"_s),
         u"%1|9|%2|D|2|W|1|1|1|1|0|50"_s.arg(screen.currentKey()).arg(crew));
-}
-
-TEST_F(frmServicesTest, AServiceThatIsNotScheduledAgainNeedsNoPattern)
-{
-    frmServices screen(ServiceStore::Catalogue);
-    show(screen, Mode::Add, 0);
-    type(screen, u"txtName"_s, u"Once"_s);
-    chooseCrewAndCostCenter(screen);
-    click(screen, u"OptDSA"_s);
-    EXPECT_FALSE(enabled(screen, u"chkMon"_s));
-    EXPECT_FALSE(enabled(screen, u"RRSpin1"_s));
-    click(screen, u"cmdUpdate"_s);
-    EXPECT_EQ(value(u"Select RenewalOn from tblServices"_s), u"D"_s);
 }
 
 TEST_F(frmServicesTest, DaysOfTheMonthRiseAndRuleAlone)
@@ -270,19 +255,21 @@ TEST_F(frmServicesTest, AJobNumberIsCheckedOnLeavingAndCarriedToTheMachines)
     EXPECT_EQ(value(u"Select JobNo from tblServiceUsed"_s), 12);
 }
 
-TEST_F(frmServicesTest, ATakenJobNumberIsReplacedAndTold)
+TEST_F(frmServicesTest, ATakenJobNumberIsReplacedAndToldAndNoPatternIsNeededWithoutASchedule)
 {
     frmServices screen(ServiceStore::Catalogue);
     show(screen, Mode::Add, 0);
     type(screen, u"txtName"_s, u"Once"_s);
     chooseCrewAndCostCenter(screen);
     click(screen, u"OptDSA"_s);
+    EXPECT_FALSE(enabled(screen, u"chkMon"_s)) << "a service that is not scheduled again";
+    EXPECT_FALSE(enabled(screen, u"RRSpin1"_s));
     // Another workstation takes the key: in this second, both get the same one.
     catalogue(315093000, {{u"JobNo"_s, 1}});
     say(u"Service no 1 is already being used the new service number is 2."_s);
     click(screen, u"cmdUpdate"_s);
     EXPECT_EQ(text(screen, u"txtJobNo"_s), u"2"_s);
-    EXPECT_EQ(count(u"tblServices"_s), 2);
+    EXPECT_EQ(found(u"Select JobNo, RenewalOn from tblServices order by JobNo"_s), u"1|W\n2|D");
 }
 
 TEST_F(frmServicesTest, AnAssignedServiceShowsItsScheduleAndTakesANewDate)

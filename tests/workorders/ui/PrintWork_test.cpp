@@ -29,7 +29,6 @@ protected:
     {
         prompts.expect(DeleteQuestion, Icon::Question, Buttons::YesNo, answer);
     }
-    void toggleSelect(int row) { edit("grdPrintWO", row, u"Select"_s, true); }
     input::DateInput &date(const char *name) { return driver().control<input::DateInput>(name); }
 };
 

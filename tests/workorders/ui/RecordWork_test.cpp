@@ -142,7 +142,7 @@ TEST_F(RecordWork, AllServicesAreSkippedForOneReason)
     EXPECT_EQ(ofService(second, u"Note"_s).toString(), u"Rain"_s);
 }
 
-TEST_F(RecordWork, ACountBelowTheNewestReadingIsAskedAbout)
+TEST_F(RecordWork, ACountBelowTheNewestReadingIsAskedAboutAndACrewChangesTheCost)
 {
     insert(u"tblEquipmentCount"_s, {{u"EquipmentID"_s, 1},
                                     {u"ChangeDate"_s, day(3, 1)},
@@ -160,19 +160,13 @@ TEST_F(RecordWork, ACountBelowTheNewestReadingIsAskedAbout)
     EXPECT_EQ(ofService(first, u"CountValue"_s).toInt(), 499);
     EXPECT_TRUE(edit("grdRecordService", 0, u"Count"_s, QVariant()));
     EXPECT_TRUE(ofService(first, u"CountValue"_s).isNull());
+    ASSERT_TRUE(edit("grdRecordService", 0, u"Service Crew"_s, crew2));
+    ASSERT_TRUE(edit("grdRecordService", 0, u"Service Crew"_s, crew1));
+    EXPECT_EQ(cell("grdRecordService", 0, u"Lbr Cost"_s), u"40.00"_s) << "2 hours at 20";
     // The cell is marked where posting needs the count.
     const grid::GridModel &rows = grid("grdRecordService").rows();
     const int count = rows.columnIndex(u"Count");
     EXPECT_NE(rows.style(0, count).background, rows.style(1, count).background);
-}
-
-TEST_F(RecordWork, ACrewChangesTheCostAtOnce)
-{
-    openRecording();
-    ASSERT_TRUE(edit("grdRecordService", 0, u"Service Crew"_s, crew2));
-    ASSERT_TRUE(edit("grdRecordService", 0, u"Service Crew"_s, crew1));
-    EXPECT_EQ(cell("grdRecordService", 0, u"Service Crew"_s), u"1   North"_s);
-    EXPECT_EQ(cell("grdRecordService", 0, u"Lbr Cost"_s), u"40.00"_s); // 2 hours at 20
 }
 
 TEST_F(RecordWork, PartsFollowTheirService)
@@ -274,15 +268,6 @@ TEST_F(RecordWork, AnOrderThatWaitsForACountStaysComplete)
                    Icon::None);
     press("cmdPost");
     EXPECT_EQ(cell("grdRecordWo", 0, u"Complete"_s), u"True"_s);
-}
-
-TEST_F(RecordWork, OpensOnTheGivenOrder)
-{
-    order();
-    openRecording(number);
-    const int row = grid("grdRecordWo").currentRow();
-    EXPECT_EQ(cell("grdRecordWo", row, u"WorkOrderNo"_s).toLongLong(), number);
-    EXPECT_EQ(column("grdRecordService", u"Service Name"_s).size(), 2);
 }
 
 TEST_F(RecordWork, TheNextDateOfAServiceIsConfirmed)
