@@ -109,10 +109,19 @@ bool generate(const WorkorderFilter &filter, const QList<qint64> &machines, bool
         TransactionScope transaction;
         ServicesByMachine services = dueServices(filter, machines, withInactive);
         int machinesDone = 0;
-        for (const qint64 machine : machines) {
-            AddGenerateWo(machine, services.take(machine), made);
-            if (progress)
-                progress(++machinesDone, static_cast<int>(machines.size()));
+        try {
+            for (const qint64 machine : machines) {
+                AddGenerateWo(machine, services.take(machine), made);
+                if (progress)
+                    progress(++machinesDone, static_cast<int>(machines.size()));
+            }
+        } catch (const db::DbError &error) {
+            // The index that lets a service be on one open order only.
+            if (error.number() == db::ErrorNumber::DuplicateKey)
+                throw db::DbError(error.number(),
+                                  u"Another workstation has just generated work orders for these "
+                                  "services. Press Refresh to see them."_s);
+            throw;
         }
         transaction.commit();
         return true;
