@@ -26,6 +26,7 @@
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTabWidget>
 
 using namespace Qt::StringLiterals;
@@ -84,6 +85,12 @@ void frmWorkorder::buildForm()
     connect(m_recording, &RecordWorkPage::refreshed, this, [this] { EnableControls(); });
     connect(sstabWorkorder, &QTabWidget::currentChanged, this,
             [this](int tab) { sstabWorkorder_Click(tab); });
+    // The filter stands outside of the tabs, which only turn by a key that is pressed in them.
+    connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Tab), this), &QShortcut::activated, this,
+            [this] {
+                sstabWorkorder->setCurrentIndex((sstabWorkorder->currentIndex() + 1) %
+                                                sstabWorkorder->count());
+            });
 }
 
 QWidget *frmWorkorder::buildFilter()
