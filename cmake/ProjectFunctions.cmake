@@ -63,6 +63,7 @@ function(add_project_test name)
     endif()
     target_link_libraries(${name} PRIVATE project_options ${ARG_LINK} ${support} GTest::gmock GTest::gtest)
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    target_compile_options(${name} PRIVATE "SHELL:-include support/PrintText.h")
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
     include(GoogleTest)
     gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 TEST_PREFIX "${name}."

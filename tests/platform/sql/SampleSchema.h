@@ -3,13 +3,6 @@
 #include "platform/sql/Schema.h"
 
 #include <QStringList>
-#include <ostream>
-
-/// Lets a failed comparison show texts as texts.
-inline void PrintTo(const QString &text, std::ostream *out)
-{
-    *out << qPrintable(text);
-}
 
 namespace test {
 
