@@ -133,9 +133,9 @@ int delay()
 db::Recordset due(int delayDays)
 {
     return gcnData->Open(
-        u"SELECT equipmentcount.EquipmentID, equipmentcount.UnitNo, equipmentcount.Equipmentname "
-        u"AS "
-        "[Equipment Name], equipmentcount.CountType, equipmentcount.change_date AS [Last Date], "
+        u"SELECT equipmentcount.EquipmentID, equipmentcount.UnitNo, "
+        "equipmentcount.Equipmentname AS [Equipment Name], equipmentcount.CountType, "
+        "equipmentcount.change_date AS [Last Date], "
         "max(tblEquipmentCount.CountValue) AS [Last Count] "
         "FROM (SELECT tblServiceUsed.EquipmentID, tblEquipment.UnitNo, tblEquipment.Equipmentname, "
         "tblEquipmentCount.CountType, max(tblEquipmentCount.changeDate) AS change_date "

@@ -15,9 +15,9 @@ const QString PeriodWords =
 QString printWo(const WorkorderFilter &filter)
 {
     const QString column = u"tblcrew.crewnumber"_s;
-    return u"SELECT distinct  tblEquipment.EquipmentId, NULL as [WorkOrderNo], UnitNO AS [Unit "
-           u"No], "
-           "Equipmentname AS [Equipment Name], Etype.itemname AS [Equipment Type], 0 as [Printed]"
+    return u"SELECT distinct  tblEquipment.EquipmentId, NULL as [WorkOrderNo], UnitNO AS "
+           "[Unit No], Equipmentname AS [Equipment Name], Etype.itemname AS [Equipment Type], 0 "
+           "as [Printed]"
            "From  ((((tblEquipment left JOIN tblServiceUsed ON tblEquipment.EquipmentID = "
            "tblServiceUsed.EquipmentID)  left JOIN tblCrew ON tblServiceUsed.CrewID = "
            "tblCrew.CrewID)  left JOIN tblIndicator As Make ON tblEquipment.EquipmentMake = "
@@ -64,24 +64,23 @@ QString printServices(const WorkorderFilter &filter)
 
 QString printParts()
 {
-    return u"Select tblPart.PartId as [Part Number], Description, tblWoPartUsed.QuantityRequired "
-           u"as "
-           "[Qty Req],tblWoPartUsed.Price from (tblWoPartUsed Left Join tblWoServiceUsed on "
+    return u"Select tblPart.PartId as [Part Number], Description, "
+           "tblWoPartUsed.QuantityRequired as [Qty Req],tblWoPartUsed.Price from (tblWoPartUsed "
+           "Left Join tblWoServiceUsed on "
            "tblWopartUsed.ServiceUsedID = tblWoServiceUsed.ServiceUsedID) Left Join tblPart on "
            "tblWoPartUsed.PArtID = tblPart.PartID where tblWoPartUSed.ServiceusedID = ?"_s;
 }
 
 QString recordWo()
 {
-    return u"SELECT DISTINCT Complete,CompletedDate, tblWorkorder.WorkOrderNo, UnitNO AS [Unit "
-           u"No], "
-           "Equipmentname AS [Equipment Name], Etype.itemname AS [Equipment Type], Printed, "
+    return u"SELECT DISTINCT Complete,CompletedDate, tblWorkorder.WorkOrderNo, UnitNO AS "
+           "[Unit No], Equipmentname AS [Equipment Name], Etype.itemname AS [Equipment Type], "
+           "Printed, "
            "tblWorkorder.EquipmentId, WoDate as [Work Order Date]FROM (((tblWorkOrder LEFT JOIN "
            "tblWoserviceUsed ON tblWorkOrder.WorkOrderNo = tblWoserviceUsed.WorkOrderNo) LEFT JOIN "
            "tblCrew ON tblWoserviceUsed.CrewID = tblCrew.Crewid) LEFT JOIN tblEquipment ON "
            "tblWorkorder.EquipmentID = tblEquipment.EquipmentID) LEFT JOIN tblIndicator AS Etype "
-           "ON "
-           "tblEquipment.EquipmentType = Etype.itemid order by tblWorkorder.workorderno desc"_s;
+           "ON tblEquipment.EquipmentType = Etype.itemid order by tblWorkorder.workorderno desc"_s;
 }
 
 QString recordServices()
