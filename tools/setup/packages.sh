@@ -3,7 +3,7 @@
 # Ubuntu 24.04 carry version 4 of the database engine and other names for some libraries.
 
 build_packages=(
-    g++ cmake ninja-build ccache lld pkg-config
+    g++ cmake ninja-build lld pkg-config
     qt6-base-dev "qt6-svg-dev|libqt6svg6-dev" "qt6-charts-dev|libqt6charts6-dev" libqt6opengl6-dev
     qt6-tools-dev qt6-tools-dev-tools libgl-dev
     firebird-dev "firebird3.0-server-core|firebird4.0-server-core"

@@ -1,0 +1,1 @@
+// A precompiled header needs a target, and a target a source.
