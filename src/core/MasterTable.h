@@ -32,11 +32,12 @@ template<class Record>
 }
 
 template<class Record>
-[[nodiscard]] bool saveRecord(const MasterTable<Record> &master, const Record &record, Mode mode)
+[[nodiscard]] bool saveRecord(const MasterTable<Record> &master, const Record &record, Mode mode,
+                              const std::optional<Record> &shown)
 {
     return base::trapped(master.module, "SaveRecord", false, [&] {
-        save<Record>(master.store, master.table, master.fields, record, mode, master.key,
-                     record.*master.id);
+        save<Record>(master.store, master.table, master.fields, record, shown, mode, master.key,
+                     record.*master.id, [&](const db::Row &row) { return fromRow(master, row); });
         return true;
     });
 }

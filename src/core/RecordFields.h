@@ -31,9 +31,9 @@ struct Field
     Member<Record> member;
 };
 
-/// The member's value as a statement takes it.
+/// A member's value as a statement takes it.
 template<class Record>
-QVariant value(const Record &record, const Field<Record> &field)
+QVariant value(const Record &record, const Member<Record> &source)
 {
     return std::visit(
         [&](auto member) -> QVariant {
@@ -43,7 +43,25 @@ QVariant value(const Record &record, const Field<Record> &field)
             else
                 return QVariant::fromValue(record.*member);
         },
-        field.member);
+        source);
+}
+
+template<class Record>
+QVariant value(const Record &record, const Field<Record> &field)
+{
+    return value(record, field.member);
+}
+
+/// Puts a value, as value() gives it, into a member.
+template<class Record>
+void setValue(Record &record, const Member<Record> &target, const QVariant &value)
+{
+    std::visit(
+        [&](auto member) {
+            using Value = std::decay_t<decltype(record.*member)>;
+            record.*member = value.value<Value>();
+        },
+        target);
 }
 
 /// The values of all fields, in their order.

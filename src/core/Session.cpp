@@ -124,5 +124,5 @@ TransactionScope::~TransactionScope()
 void TransactionScope::commit()
 {
     CommitTrans();
-    m_done = true;
+    leaveOpen();
 }

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "platform/base/Trapped.h"
 #include "platform/db/Connection.h"
 
 #include <QString>
 #include <memory>
+#include <optional>
 
 /// The session: the two connections to the one database file, the shared transaction on the first
 /// of them, and who is working.
@@ -43,7 +45,8 @@ void RollbackTrans();
 
 /// Joins or opens the shared transaction for a block. Leaving the block without commit() undoes
 /// the whole transaction, also the part of those who opened it: a step that failed must not be
-/// committed by anybody.
+/// committed by anybody. While it lives, trapped procedures pass their errors on (base::Whole), so
+/// that the error is reported when nothing is locked any more.
 class TransactionScope
 {
 public:
@@ -52,11 +55,17 @@ public:
     TransactionScope(const TransactionScope &) = delete;
     TransactionScope &operator=(const TransactionScope &) = delete;
 
+    /// Ends the whole too: what follows is no step of it any more.
     void commit();
     /// Leaves the transaction open for the caller who holds it.
-    void leaveOpen() { m_done = true; }
+    void leaveOpen()
+    {
+        m_done = true;
+        m_whole.reset();
+    }
 
 private:
+    std::optional<base::Whole> m_whole{std::in_place};
     bool m_done = false;
 };
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/RecordFields.h"
+
 #include <QDateTime>
 #include <QString>
 
@@ -85,4 +87,6 @@ struct clsEquipment
     QString Bar_Code;
 
     bool operator==(const clsEquipment &) const = default;
+    /// Its columns and members.
+    [[nodiscard]] static std::span<const record::Field<clsEquipment>> fields();
 };

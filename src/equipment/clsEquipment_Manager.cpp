@@ -4,9 +4,7 @@
 #include "core/RecordStore.h"
 #include "core/Usage.h"
 #include "equipment/DocumentStore.h"
-#include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
-#include "platform/db/DbError.h"
 
 namespace {
 
@@ -109,26 +107,24 @@ constexpr QStringView Cascade[] = {
 
 } // namespace
 
+std::span<const record::Field<clsEquipment>> clsEquipment::fields()
+{
+    return Fields;
+}
+
 clsEquipment clsEquipment_Manager::fromRow(const db::Row &row)
 {
     return record::load<clsEquipment>(row, Fields);
 }
 
-bool clsEquipment_Manager::SaveRecord(const clsEquipment &Equipment, ::Mode Mode) const
+bool clsEquipment_Manager::SaveRecord(const clsEquipment &Equipment, ::Mode Mode,
+                                      const std::optional<clsEquipment> &Shown) const
 {
     return base::trapped(Module, "SaveRecord", false, [&] {
         clsEquipment stored = Equipment;
         stored.UnitNo = stored.UnitNo.trimmed();
-        try {
-            record::save<clsEquipment>(record::Store::Data, u"tblEquipment", Fields, stored, Mode,
-                                       u"EquipmentID", stored.EquipmentID);
-        } catch (const db::DbError &error) {
-            if (error.number() != db::ErrorNumber::LockConflict)
-                throw;
-            // Nothing is wrong: the other one will be done in a moment, and the user saves again.
-            base::showMessage(error.description());
-            return false;
-        }
+        record::save<clsEquipment>(record::Store::Data, u"tblEquipment", Fields, stored, Shown,
+                                   Mode, u"EquipmentID", stored.EquipmentID, fromRow);
         return true;
     });
 }

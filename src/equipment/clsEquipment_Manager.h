@@ -10,7 +10,8 @@ class clsEquipment_Manager
 public:
     /// Writes one row; a mode other than Add and Modify writes nothing. A failure leaves the
     /// transaction open, so that the user can correct and save again.
-    [[nodiscard]] bool SaveRecord(const clsEquipment &Equipment, Mode Mode) const;
+    [[nodiscard]] bool SaveRecord(const clsEquipment &Equipment, Mode Mode,
+                                  const std::optional<clsEquipment> &Shown = {}) const;
     /// Deletes the machine with all that it has gathered, its document folder too, in one
     /// transaction. Files that can't be deleted don't stop it.
     [[nodiscard]] bool DeleteRecord(qint64 EquipmentID) const;

@@ -26,14 +26,20 @@ constexpr record::MasterTable<clsCostCenter> Master{
 
 } // namespace
 
+std::span<const record::Field<clsCostCenter>> clsCostCenter::fields()
+{
+    return Fields;
+}
+
 clsCostCenter clsCostCenter::fromRow(const db::Row &row)
 {
     return record::fromRow(Master, row);
 }
 
-bool clsCostCenterManager::SaveRecord(const clsCostCenter &Record, ::Mode Mode) const
+bool clsCostCenterManager::SaveRecord(const clsCostCenter &Record, ::Mode Mode,
+                                      const std::optional<clsCostCenter> &Shown) const
 {
-    return record::saveRecord(Master, Record, Mode);
+    return record::saveRecord(Master, Record, Mode, Shown);
 }
 
 bool clsCostCenterManager::DeleteRecord(qint64 CostCenterID) const

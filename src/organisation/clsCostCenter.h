@@ -1,9 +1,11 @@
 #pragma once
 
 #include "core/Mode.h"
+#include "core/RecordFields.h"
 #include "platform/db/Recordset.h"
 
 #include <QString>
+#include <optional>
 
 /// What a service is charged to.
 struct clsCostCenter
@@ -14,13 +16,16 @@ struct clsCostCenter
 
     bool operator==(const clsCostCenter &) const = default;
     [[nodiscard]] static clsCostCenter fromRow(const db::Row &row);
+    /// Its columns and members.
+    [[nodiscard]] static std::span<const record::Field<clsCostCenter>> fields();
 };
 
 /// Cost centres in the database. Lookup; the usage test reads Data.
 class clsCostCenterManager
 {
 public:
-    [[nodiscard]] bool SaveRecord(const clsCostCenter &Record, Mode Mode) const;
+    [[nodiscard]] bool SaveRecord(const clsCostCenter &Record, Mode Mode,
+                                  const std::optional<clsCostCenter> &Shown = {}) const;
     [[nodiscard]] bool DeleteRecord(qint64 CostCenterID) const;
     /// What uses it, empty when it may go.
     [[nodiscard]] QString CanDeleteCostCenter(qint64 CostCenterID) const;

@@ -29,14 +29,20 @@ constexpr record::MasterTable<clsCrew> Master{
 
 } // namespace
 
+std::span<const record::Field<clsCrew>> clsCrew::fields()
+{
+    return Fields;
+}
+
 clsCrew clsCrew::fromRow(const db::Row &row)
 {
     return record::fromRow(Master, row);
 }
 
-bool clsCrewManager::SaveRecord(const clsCrew &Crew, ::Mode Mode) const
+bool clsCrewManager::SaveRecord(const clsCrew &Crew, ::Mode Mode,
+                                const std::optional<clsCrew> &Shown) const
 {
-    return record::saveRecord(Master, Crew, Mode);
+    return record::saveRecord(Master, Crew, Mode, Shown);
 }
 
 bool clsCrewManager::DeleteRecord(qint64 CrewID) const

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "core/Mode.h"
+#include "core/RecordFields.h"
 #include "platform/db/Recordset.h"
 
 #include <QString>
+#include <optional>
 
 /// A crew, known to users by its number.
 struct clsCrew
@@ -14,13 +16,16 @@ struct clsCrew
 
     bool operator==(const clsCrew &) const = default;
     [[nodiscard]] static clsCrew fromRow(const db::Row &row);
+    /// Its columns and members.
+    [[nodiscard]] static std::span<const record::Field<clsCrew>> fields();
 };
 
 /// Crews in the database. Lookup; the usage test reads Data.
 class clsCrewManager
 {
 public:
-    [[nodiscard]] bool SaveRecord(const clsCrew &Crew, Mode Mode) const;
+    [[nodiscard]] bool SaveRecord(const clsCrew &Crew, Mode Mode,
+                                  const std::optional<clsCrew> &Shown = {}) const;
     [[nodiscard]] bool DeleteRecord(qint64 CrewID) const;
     /// What uses the crew, empty when it may go.
     [[nodiscard]] QString CanDeleteCrew(qint64 CrewID) const;

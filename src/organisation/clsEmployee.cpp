@@ -36,6 +36,11 @@ constexpr record::Field<clsEmployee> Fields[] = {
 
 } // namespace
 
+std::span<const record::Field<clsEmployee>> clsEmployee::fields()
+{
+    return Fields;
+}
+
 clsEmployee clsEmployee::fromRow(const db::Row &row)
 {
     clsEmployee employee = record::load<clsEmployee>(row, Fields);
@@ -43,13 +48,14 @@ clsEmployee clsEmployee::fromRow(const db::Row &row)
     return employee;
 }
 
-bool clsEmployee_Manager::SaveRecord(const clsEmployee &Employee, ::Mode Mode) const
+bool clsEmployee_Manager::SaveRecord(const clsEmployee &Employee, ::Mode Mode,
+                                     const std::optional<clsEmployee> &Shown) const
 {
     return base::trapped(Module, "SaveRecord", false, [&] {
         clsEmployee stored = Employee;
         stored.EmployeeID = stored.EmployeeID.trimmed();
-        record::save<clsEmployee>(record::Store::Data, u"tblEmployee", Fields, stored, Mode,
-                                  u"EmployeeID", Employee.OldEmployeeID);
+        record::save<clsEmployee>(record::Store::Data, u"tblEmployee", Fields, stored, Shown, Mode,
+                                  u"EmployeeID", Employee.OldEmployeeID, clsEmployee::fromRow);
         return true;
     });
 }

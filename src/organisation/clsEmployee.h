@@ -1,10 +1,12 @@
 #pragma once
 
 #include "core/Mode.h"
+#include "core/RecordFields.h"
 #include "platform/db/Recordset.h"
 
 #include <QDateTime>
 #include <QString>
+#include <optional>
 
 /// An employee, whose key is the number that the office gives.
 struct clsEmployee
@@ -38,6 +40,8 @@ struct clsEmployee
 
     bool operator==(const clsEmployee &) const = default;
     [[nodiscard]] static clsEmployee fromRow(const db::Row &row);
+    /// Its columns and members.
+    [[nodiscard]] static std::span<const record::Field<clsEmployee>> fields();
 };
 
 /// Employees in the database. Data.
@@ -45,7 +49,8 @@ class clsEmployee_Manager
 {
 public:
     /// A changed number is written too; the row is found by the old one.
-    [[nodiscard]] bool SaveRecord(const clsEmployee &Employee, Mode Mode) const;
+    [[nodiscard]] bool SaveRecord(const clsEmployee &Employee, Mode Mode,
+                                  const std::optional<clsEmployee> &Shown = {}) const;
     /// No usage test stands before this. A failure is reported as "Deletion not allowed.".
     [[nodiscard]] bool DeleteRecord(const QString &EmployeeID) const;
     [[nodiscard]] db::Recordset GetEmployeeInfo() const;

@@ -50,14 +50,20 @@ constexpr record::MasterTable<clsIndicator> Master{
 
 } // namespace
 
+std::span<const record::Field<clsIndicator>> clsIndicator::fields()
+{
+    return Fields;
+}
+
 clsIndicator clsIndicator::fromRow(const db::Row &row)
 {
     return record::fromRow(Master, row);
 }
 
-bool clsIndicatorManager::SaveRecord(const clsIndicator &Indicator, ::Mode Mode) const
+bool clsIndicatorManager::SaveRecord(const clsIndicator &Indicator, ::Mode Mode,
+                                     const std::optional<clsIndicator> &Shown) const
 {
-    return record::saveRecord(Master, Indicator, Mode);
+    return record::saveRecord(Master, Indicator, Mode, Shown);
 }
 
 bool clsIndicatorManager::DeleteRecord(qint64 ItemID) const

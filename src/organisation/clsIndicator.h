@@ -1,9 +1,11 @@
 #pragma once
 
 #include "core/Mode.h"
+#include "core/RecordFields.h"
 #include "platform/db/Recordset.h"
 
 #include <QString>
+#include <optional>
 
 /// An item of a lookup list, or the row of a list itself.
 struct clsIndicator
@@ -16,6 +18,8 @@ struct clsIndicator
 
     bool operator==(const clsIndicator &) const = default;
     [[nodiscard]] static clsIndicator fromRow(const db::Row &row);
+    /// Its columns and members.
+    [[nodiscard]] static std::span<const record::Field<clsIndicator>> fields();
 };
 
 /// The fixed numbers of the lists, which are part of the data.
@@ -42,7 +46,8 @@ inline constexpr qint64 EngineMake = 17;
 class clsIndicatorManager
 {
 public:
-    [[nodiscard]] bool SaveRecord(const clsIndicator &Indicator, Mode Mode) const;
+    [[nodiscard]] bool SaveRecord(const clsIndicator &Indicator, Mode Mode,
+                                  const std::optional<clsIndicator> &Shown = {}) const;
     [[nodiscard]] bool DeleteRecord(qint64 ItemID) const;
     /// The word for what uses the item, empty when it may go. The number is looked for in the
     /// columns of all lists, whatever list the item belongs to.

@@ -27,14 +27,20 @@ constexpr record::MasterTable<clsLocation> Master{
 
 } // namespace
 
+std::span<const record::Field<clsLocation>> clsLocation::fields()
+{
+    return Fields;
+}
+
 clsLocation clsLocation::fromRow(const db::Row &row)
 {
     return record::fromRow(Master, row);
 }
 
-bool clsLocation_Manager::SaveRecord(const clsLocation &Record, ::Mode Mode) const
+bool clsLocation_Manager::SaveRecord(const clsLocation &Record, ::Mode Mode,
+                                     const std::optional<clsLocation> &Shown) const
 {
-    return record::saveRecord(Master, Record, Mode);
+    return record::saveRecord(Master, Record, Mode, Shown);
 }
 
 bool clsLocation_Manager::DeleteRecord(qint64 LocationID) const

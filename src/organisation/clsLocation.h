@@ -1,9 +1,11 @@
 #pragma once
 
 #include "core/Mode.h"
+#include "core/RecordFields.h"
 #include "platform/db/Recordset.h"
 
 #include <QString>
+#include <optional>
 
 /// A spot within a site.
 struct clsLocation
@@ -15,13 +17,16 @@ struct clsLocation
 
     bool operator==(const clsLocation &) const = default;
     [[nodiscard]] static clsLocation fromRow(const db::Row &row);
+    /// Its columns and members.
+    [[nodiscard]] static std::span<const record::Field<clsLocation>> fields();
 };
 
 /// Locations in the database. Lookup; the usage test reads Data.
 class clsLocation_Manager
 {
 public:
-    [[nodiscard]] bool SaveRecord(const clsLocation &Record, Mode Mode) const;
+    [[nodiscard]] bool SaveRecord(const clsLocation &Record, Mode Mode,
+                                  const std::optional<clsLocation> &Shown = {}) const;
     [[nodiscard]] bool DeleteRecord(qint64 LocationID) const;
     /// What uses it, empty when it may go.
     [[nodiscard]] QString CanDeleteLocation(qint64 LocationID) const;

@@ -28,14 +28,20 @@ constexpr record::MasterTable<clsSite> Master{
 
 } // namespace
 
+std::span<const record::Field<clsSite>> clsSite::fields()
+{
+    return Fields;
+}
+
 clsSite clsSite::fromRow(const db::Row &row)
 {
     return record::fromRow(Master, row);
 }
 
-bool clsSiteManager::SaveRecord(const clsSite &Record, ::Mode Mode) const
+bool clsSiteManager::SaveRecord(const clsSite &Record, ::Mode Mode,
+                                const std::optional<clsSite> &Shown) const
 {
-    return record::saveRecord(Master, Record, Mode);
+    return record::saveRecord(Master, Record, Mode, Shown);
 }
 
 bool clsSiteManager::DeleteRecord(qint64 SiteID) const

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "core/Mode.h"
+#include "core/RecordFields.h"
 #include "platform/db/Recordset.h"
 
 #include <QString>
+#include <optional>
 
 /// A place where machines stand.
 struct clsSite
@@ -17,13 +19,16 @@ struct clsSite
 
     bool operator==(const clsSite &) const = default;
     [[nodiscard]] static clsSite fromRow(const db::Row &row);
+    /// Its columns and members.
+    [[nodiscard]] static std::span<const record::Field<clsSite>> fields();
 };
 
 /// Sites in the database. Lookup; the usage test reads Data.
 class clsSiteManager
 {
 public:
-    [[nodiscard]] bool SaveRecord(const clsSite &Record, Mode Mode) const;
+    [[nodiscard]] bool SaveRecord(const clsSite &Record, Mode Mode,
+                                  const std::optional<clsSite> &Shown = {}) const;
     [[nodiscard]] bool DeleteRecord(qint64 SiteID) const;
     /// The table that uses the site, empty when it may go; users see it without its first three
     /// letters.

@@ -32,7 +32,7 @@ constexpr UsageTest Usage[] = {
 
 constexpr record::MasterTable<clsSupplier> Master{
     "Class Supplier manager",
-    record::Store::Data,
+    record::Store::Lookup,
     u"tblSupplier",
     u"SupplierID",
     &clsSupplier::SupplierID,
@@ -43,14 +43,20 @@ constexpr record::MasterTable<clsSupplier> Master{
 
 } // namespace
 
+std::span<const record::Field<clsSupplier>> clsSupplier::fields()
+{
+    return Fields;
+}
+
 clsSupplier clsSupplier::fromRow(const db::Row &row)
 {
     return record::fromRow(Master, row);
 }
 
-bool clsSupplier_Manager::SaveRecord(const clsSupplier &Supplier, ::Mode Mode) const
+bool clsSupplier_Manager::SaveRecord(const clsSupplier &Supplier, ::Mode Mode,
+                                     const std::optional<clsSupplier> &Shown) const
 {
-    return record::saveRecord(Master, Supplier, Mode);
+    return record::saveRecord(Master, Supplier, Mode, Shown);
 }
 
 bool clsSupplier_Manager::DeleteRecord(qint64 SupplierID) const

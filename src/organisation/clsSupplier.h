@@ -1,9 +1,11 @@
 #pragma once
 
 #include "core/Mode.h"
+#include "core/RecordFields.h"
 #include "platform/db/Recordset.h"
 
 #include <QString>
+#include <optional>
 
 /// A supplier of machines or parts.
 struct clsSupplier
@@ -29,13 +31,17 @@ struct clsSupplier
 
     bool operator==(const clsSupplier &) const = default;
     [[nodiscard]] static clsSupplier fromRow(const db::Row &row);
+    /// Its columns and members.
+    [[nodiscard]] static std::span<const record::Field<clsSupplier>> fields();
 };
 
-/// Suppliers in the database. Data.
+/// Suppliers in the database. Lookup, so that one that is added from inside the edit of a machine
+/// is there for everybody and stays when that edit is cancelled; the usage test reads Data.
 class clsSupplier_Manager
 {
 public:
-    [[nodiscard]] bool SaveRecord(const clsSupplier &Supplier, Mode Mode) const;
+    [[nodiscard]] bool SaveRecord(const clsSupplier &Supplier, Mode Mode,
+                                  const std::optional<clsSupplier> &Shown = {}) const;
     [[nodiscard]] bool DeleteRecord(qint64 SupplierID) const;
     /// The supplier's usage test, in spite of its name: the word for what uses it, empty when it
     /// may go. Lines of a machine's parts are not asked.

@@ -28,6 +28,11 @@ constexpr record::Field<clsPart> Fields[] = {
 
 } // namespace
 
+std::span<const record::Field<clsPart>> clsPart::fields()
+{
+    return Fields;
+}
+
 clsPart clsPart::fromRow(const db::Row &row)
 {
     clsPart part = record::load<clsPart>(row, Fields);
@@ -52,13 +57,14 @@ db::Recordset clsPartManager::GetSupplierInfo() const
     return GetTableInfo(QStringLiteral("tblSupplier"), QStringLiteral("Name"));
 }
 
-bool clsPartManager::SaveRecord(const clsPart &Part, ::Mode Mode) const
+bool clsPartManager::SaveRecord(const clsPart &Part, ::Mode Mode,
+                                const std::optional<clsPart> &Shown) const
 {
     return base::trapped(Module, "SaveRecord", false, [&] {
         clsPart stored = Part;
         stored.PartID = stored.PartID.trimmed();
-        record::save<clsPart>(record::Store::Data, u"tblPart", Fields, stored, Mode, u"PartID",
-                              Part.OldPartID);
+        record::save<clsPart>(record::Store::Data, u"tblPart", Fields, stored, Shown, Mode,
+                              u"PartID", Part.OldPartID, clsPart::fromRow);
         return true;
     });
 }

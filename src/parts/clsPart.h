@@ -1,9 +1,11 @@
 #pragma once
 
 #include "core/Mode.h"
+#include "core/RecordFields.h"
 #include "platform/db/Recordset.h"
 
 #include <QString>
+#include <optional>
 
 /// A part, whose key is the number that the user gives it.
 struct clsPart
@@ -28,6 +30,8 @@ struct clsPart
     bool operator==(const clsPart &) const = default;
     /// Flags come back as "1" or "0".
     [[nodiscard]] static clsPart fromRow(const db::Row &row);
+    /// Its columns and members.
+    [[nodiscard]] static std::span<const record::Field<clsPart>> fields();
 };
 
 /// Parts in the database. Data, outside any transaction of their own.
@@ -40,7 +44,8 @@ public:
     [[nodiscard]] db::Recordset GetPartCategory() const;
     [[nodiscard]] db::Recordset GetSupplierInfo() const;
     /// A mode other than Add and Modify runs nothing and still succeeds.
-    [[nodiscard]] bool SaveRecord(const clsPart &Part, Mode Mode) const;
+    [[nodiscard]] bool SaveRecord(const clsPart &Part, Mode Mode,
+                                  const std::optional<clsPart> &Shown = {}) const;
     [[nodiscard]] bool DeleteRecord(const QString &PartID) const;
     /// The word for what uses the part, empty when it is free. Posted history does not count.
     [[nodiscard]] QString CanDeletePart(const QString &PartID) const;

@@ -22,6 +22,17 @@ qint64 itemData(const db::Row &row, const QString &field)
                                                                                                 : 0;
 }
 
+/// A list is filled again and again, and what is wrong in it needs to be told only once.
+bool isFirstReport(const QString &list, const QString &text)
+{
+    static QSet<QPair<QString, QString>> reported;
+    const QPair<QString, QString> key{list.toLower(), text.toLower()};
+    if (reported.contains(key))
+        return false;
+    reported.insert(key);
+    return true;
+}
+
 } // namespace
 
 QHash<QString, QString> LoadItemWithIdToCombo(input::IdCombo &Combo, db::Recordset &Rows,
@@ -32,11 +43,12 @@ QHash<QString, QString> LoadItemWithIdToCombo(input::IdCombo &Combo, db::Records
     base::trapped(Module, "LoadItemWithIdToCombo", [&] {
         const QSignalBlocker silence(Combo);
         QSet<QString> seen;
+        QString repeated;
         const auto collect = [&](const QString &text, const QString &id) {
             if (seen.contains(text.toLower())) {
-                throw base::Error(
-                    base::ErrorNumber::DuplicateKeyInCollection,
-                    u"The list holds \"%1\" twice, and only the first can be chosen."_s.arg(text));
+                if (repeated.isEmpty())
+                    repeated = text;
+                return;
             }
             seen.insert(text.toLower());
             ids.insert(text, id);
@@ -54,6 +66,11 @@ QHash<QString, QString> LoadItemWithIdToCombo(input::IdCombo &Combo, db::Records
         }
         if (Combo.count() > 0)
             Combo.setCurrentIndex(0);
+        if (!repeated.isEmpty() && isFirstReport(TextField, repeated))
+            throw base::Error(
+                base::ErrorNumber::DuplicateKeyInCollection,
+                u"The list holds \"%1\" twice. Please give one of them another name."_s.arg(
+                    repeated));
     });
     return ids;
 }

@@ -11,8 +11,9 @@ class IdCombo;
 
 /// Fills a list with texts and ids, the item "  " (two blanks, id 0) first if AddBlank, and shows
 /// the first item. Gives back the ids as text by the items' texts, which is what a screen finds an
-/// id from. A text that was there already, whatever its case, is reported and ends the filling; an
-/// id that is too large stays 0 in the list. Leaves the recordset at its end.
+/// id from. All rows are listed; a text that was there already, whatever its case, is reported,
+/// once while the program runs. An id that is too large stays 0 in the list. Leaves the recordset
+/// at its end.
 QHash<QString, QString> LoadItemWithIdToCombo(input::IdCombo &Combo, db::Recordset &Rows,
                                               const QString &IdField, const QString &TextField,
                                               bool AddBlank);

@@ -34,9 +34,6 @@ void loadCrews(input::IdCombo &combo)
 
 void showLookup(input::IdCombo &combo, qint64 id)
 {
-    if (combo.select(id))
-        return;
-    combo.select(0);
-    if (id != 0)
+    if (!combo.display(id) && id != 0)
         base::showMessage(u"One of lookup item has been deleted\nmanually from database"_s);
 }

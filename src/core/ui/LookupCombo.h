@@ -16,16 +16,15 @@ void loadSites(input::IdCombo &combo, const QString &order);
 void loadCrews(input::IdCombo &combo);
 
 /// Shows the item of an id, 0 for the blank row. An item that is there no more is told to the user
-/// ("One of lookup item has been deleted"), and the list stays blank.
+/// ("One of lookup item has been deleted"); the list is blank then, and keeps the id.
 void showLookup(input::IdCombo &combo, qint64 id);
 
-/// RefreshCombo: rebuilds a list after its editor was closed, and shows the earlier choice again as
-/// far as it is still there.
+/// RefreshCombo: rebuilds a list after its editor was closed, and keeps the earlier choice, shown
+/// as far as it is still there.
 template<class Load>
 void rebuildKeepingChoice(input::IdCombo &combo, Load &&load)
 {
     const qint64 chosen = combo.id();
     std::forward<Load>(load)();
-    if (!combo.select(chosen))
-        combo.select(0);
+    combo.display(chosen);
 }

@@ -1,11 +1,12 @@
 #pragma once
 
-#include "core/Session.h"
+#include "core/RecordStore.h"
 #include "core/ui/Screen.h"
 #include "platform/db/Recordset.h"
 
 #include <optional>
 
+class Bindings;
 class QLineEdit;
 class QPushButton;
 class QToolButton;
@@ -46,8 +47,14 @@ protected:
     virtual void prepareNewRecord() {}
     /// The checks of a save. A failed one tells the user, sets the focus, and answers False.
     [[nodiscard]] virtual bool VailidateFields() = 0;
-    /// Writes what the controls show. The key of the row to show then, nothing when it failed.
+    /// Writes what the controls show. The key of the row to show then, nothing when it failed. What
+    /// its steps raise is dealt with by the screen: a row that was changed or deleted elsewhere,
+    /// one that another workstation holds, a key that was taken meanwhile.
     [[nodiscard]] virtual std::optional<QVariant> saveRecord() = 0;
+    /// Gives a new record another key, when its key is given in advance and was taken meanwhile.
+    virtual bool takeFreshKey() { return false; }
+    /// What the record is called in a sentence, "the crew \"7\"".
+    [[nodiscard]] virtual QString recordName() const { return QStringLiteral("this record"); }
     [[nodiscard]] virtual bool deleteRecord(const QVariant &key) = 0;
     /// The word for what uses the record, empty when it may go.
     [[nodiscard]] virtual QString usedBy(const QVariant &key) const;
@@ -70,9 +77,10 @@ protected:
     /// Makes the button row: First, Previous, Next, Last; Add, Delete, Find, Print; Save, Cancel;
     /// Return.
     void makeButtons(input::FormBuilder &form, const Buttons &buttons);
-    /// The controls that hold the record. Their edits turn the mode; they are locked when there is
+    /// The fields that hold the record. Their edits turn the mode; they are locked when there is
     /// nothing to edit or the user may not.
-    void setDataControls(const QList<QWidget *> &controls);
+    /// Further controls are those that a screen shows and reads by itself.
+    void setFields(const QList<Bindings *> &fields, const QList<QWidget *> &further = {});
     /// The rights that Add, Modify and Delete need. Without a call all are free.
     void setRights(bool Rights::*add, bool Rights::*modify, bool Rights::*remove);
     /// A grid that shows all rows beside the fields and moves with them. Its columns are those
@@ -121,13 +129,20 @@ protected:
 
 private:
     void showCurrentRow();
+    [[nodiscard]] std::optional<QVariant> store();
+    [[nodiscard]] bool resolve(const record::Conflict &conflict);
+    void tellFailure(const base::Error &error, const char *procedure) const;
+    [[nodiscard]] bool removed(const QVariant &key);
+    [[nodiscard]] QString difference(const record::Difference &difference) const;
     void showButtons(bool browsing);
     void lockDataControls(bool locked);
     [[nodiscard]] bool isGranted(bool Rights::*right) const { return !right || gRights.*right; }
     bool demand(bool Rights::*right) const;
 
     db::Recordset m_rows;
+    QList<Bindings *> m_fields;
     QList<QWidget *> m_dataControls;
+    bool m_isStale = false; ///< the row on show is known to be another one by now
     grid::GridView *m_grid = nullptr;
     bool m_gridIsAdopted = false;
     bool m_following = false; ///< the grid is being moved by the screen

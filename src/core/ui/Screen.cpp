@@ -2,6 +2,7 @@
 
 #include "core/ui/FormLayout.h"
 #include "core/ui/GridSetting.h"
+#include "platform/base/Trapped.h"
 #include "platform/grid/GridView.h"
 
 #include <QAbstractButton>
@@ -54,6 +55,7 @@ void Screen::applyCloseButton()
 
 int Screen::showModal()
 {
+    const base::Interlude interlude;
     return exec();
 }
 

@@ -196,17 +196,17 @@ void IdentityPage::RefreshCombo(const QString &listName)
                              [this] { loadLookupList(*cboType, LookupList::EquipmentType); });
     if (listName == u"TYPE" || listName == u"MAKE") {
         loadChildren(*cboMake, cboType->id());
-        cboMake->select(make);
+        cboMake->display(make);
     }
     if (listName == u"TYPE" || listName == u"MAKE" || listName == u"MODEL") {
         loadChildren(*cboModel, cboMake->id());
-        cboModel->select(model);
+        cboModel->display(model);
     }
     if (listName == u"SITE")
         rebuildKeepingChoice(*cboSite, [this] { loadSites(*cboSite, u"SiteName"_s); });
     if (listName == u"SITE" || listName == u"LOCATION") {
         loadLocations(*cboLocation, cboSite->id());
-        cboLocation->select(location);
+        cboLocation->display(location);
     }
     if (listName == u"CREW")
         rebuildKeepingChoice(*cboCrew, [this] { loadCrews(*cboCrew); });

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "core/ui/Binding.h"
+#include "equipment/clsEquipment.h"
 #include "equipment/ui/EquipmentPage.h"
-#include "equipment/ui/FieldBinding.h"
 #include "platform/db/Recordset.h"
 
 class QToolButton;
@@ -22,9 +23,9 @@ public:
     virtual void DisplayData(const clsEquipment &machine, const db::Row &row);
     virtual void ClearData();
     /// Takes what the page shows into the record.
-    virtual void SetObjectValues(clsEquipment &machine) const { m_fields.read(machine); }
-    /// The controls that hold the record.
-    [[nodiscard]] QList<QWidget *> controls() const { return m_fields.controls(); }
+    void SetObjectValues(clsEquipment &machine) const { m_fields.readInto(machine); }
+    /// The page's fields, which know the whole machine as it was shown.
+    [[nodiscard]] Binding<clsEquipment> &fields() { return m_fields; }
     /// Rebuilds the page's lists of that name, given in capitals.
     virtual void RefreshCombo(const QString &) {}
 
@@ -37,7 +38,6 @@ public:
     void pageShown() override;
 
 protected:
-    FieldBinding &fields() { return m_fields; }
     /// Shows the message for a field, gives it the focus, and answers False.
     static bool refuse(QWidget *field, const QString &message);
     /// Makes the small button beside the list made last. It opens an editor; afterwards all lists
@@ -46,7 +46,7 @@ protected:
                               const QString &listName, std::function<void()> open);
 
 private:
-    FieldBinding m_fields;
+    Binding<clsEquipment> m_fields{clsEquipment::fields()};
 };
 
 /// Fills a list with the blank row and texts whose ids count from 1.

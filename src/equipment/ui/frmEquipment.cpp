@@ -130,10 +130,10 @@ void frmEquipment::makePages()
 
 void frmEquipment::connectPages()
 {
-    QList<QWidget *> controls;
-    for (const RecordPage *page : std::as_const(m_recordPages))
-        controls += page->controls();
-    setDataControls(controls);
+    QList<Bindings *> fields;
+    for (RecordPage *page : std::as_const(m_recordPages))
+        fields.append(&page->fields());
+    setFields(fields);
     m_identity->setSaveControl(cmdUpdate);
     for (const auto *noteBox : {u"rtfNotes", u"txtPurchaseNotes", u"txtNote"})
         if (auto *box = findChild<QPlainTextEdit *>(QString::fromUtf16(noteBox)))
@@ -204,9 +204,20 @@ void frmEquipment::prepareNewRecord()
     m_identity->focusUnitNo();
 }
 
+bool frmEquipment::takeFreshKey()
+{
+    m_equipmentID = qMax(GenrateUniqueID(), m_equipmentID + 1);
+    return true;
+}
+
+QString frmEquipment::recordName() const
+{
+    return u"the machine \"%1\""_s.arg(m_identity->fields().read().UnitNo.trimmed());
+}
+
 clsEquipment frmEquipment::SetObjectValues() const
 {
-    clsEquipment machine;
+    clsEquipment machine = m_identity->fields().shown();
     for (const RecordPage *page : m_recordPages)
         page->SetObjectValues(machine);
     machine.EquipmentID = m_equipmentID;
@@ -243,8 +254,10 @@ std::optional<QVariant> frmEquipment::saveRecord()
     return base::trapped(Module, "cmdUpdate_Click", std::optional<QVariant>{}, [this] {
         std::optional<QVariant> key;
         BeginTrans();
-        if (m_identity->storeCrewHistory(m_equipmentID) &&
-            clsEquipment_Manager().SaveRecord(SetObjectValues(), mode())) {
+        // The machine first, since its number may be taken and another one be given.
+        if (clsEquipment_Manager().SaveRecord(SetObjectValues(), mode(),
+                                              m_identity->fields().shown()) &&
+            m_identity->storeCrewHistory(m_equipmentID)) {
             CommitTrans();
             key = m_equipmentID;
         }

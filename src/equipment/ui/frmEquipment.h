@@ -38,6 +38,8 @@ protected:
     void DisplayData(const db::Row &row) override;
     void ClearData() override;
     void prepareNewRecord() override;
+    bool takeFreshKey() override;
+    QString recordName() const override;
     bool VailidateFields() override;
     std::optional<QVariant> saveRecord() override;
     bool deleteRecord(const QVariant &key) override;

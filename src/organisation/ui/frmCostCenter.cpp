@@ -1,7 +1,6 @@
 #include "organisation/ui/frmCostCenter.h"
 
 #include "core/ui/ListGrid.h"
-#include "organisation/clsCostCenter.h"
 #include "platform/input/CurrencyInput.h"
 #include "platform/input/FormBuilder.h"
 
@@ -29,7 +28,9 @@ void frmCostCenter::buildForm()
     makeButtons(form, {});
     form.finish();
     resize(580, 400);
-    setDataControls({txtDescription, txtBudget});
+    m_fields.addTrimmed(txtDescription, &clsCostCenter::Description);
+    m_fields.add(txtBudget, &clsCostCenter::Budget);
+    setFields({&m_fields});
     setListGrid(grdCostCenter);
 }
 
@@ -40,19 +41,12 @@ db::Recordset frmCostCenter::loadRows()
 
 void frmCostCenter::DisplayData(const db::Row &row)
 {
-    const clsCostCenter center = clsCostCenter::fromRow(row);
-    m_costCenterID = center.CostCenterID;
-    m_storedName = center.Description;
-    txtDescription->setText(center.Description);
-    txtBudget->setValue(center.Budget);
+    m_fields.show(clsCostCenter::fromRow(row));
 }
 
 void frmCostCenter::ClearData()
 {
-    m_costCenterID = 0;
-    m_storedName.clear();
-    txtDescription->clear();
-    txtBudget->setValue(0);
+    m_fields.clear();
 }
 
 void frmCostCenter::prepareNewRecord()
@@ -64,17 +58,23 @@ bool frmCostCenter::VailidateFields()
 {
     if (txtDescription->text().trimmed().isEmpty())
         return refuse(txtDescription, u"Description should not be blank."_s);
-    return confirmMassChange(txtDescription, m_storedName);
+    return confirmMassChange(txtDescription, m_fields.shown().Description);
 }
 
 std::optional<QVariant> frmCostCenter::saveRecord()
 {
     const clsCostCenterManager manager;
-    const clsCostCenter center{mode() == Mode::Add ? manager.GenrateID() : m_costCenterID,
-                               txtDescription->text().trimmed(), txtBudget->value()};
-    if (!manager.SaveRecord(center, mode()))
+    clsCostCenter center = m_fields.read();
+    if (mode() == Mode::Add)
+        center.CostCenterID = manager.GenrateID();
+    if (!manager.SaveRecord(center, mode(), m_fields.shown()))
         return std::nullopt;
     return QVariant(center.CostCenterID);
+}
+
+QString frmCostCenter::recordName() const
+{
+    return u"the cost center \"%1\""_s.arg(txtDescription->text().trimmed());
 }
 
 bool frmCostCenter::deleteRecord(const QVariant &key)

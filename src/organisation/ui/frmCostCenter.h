@@ -1,6 +1,8 @@
 #pragma once
 
+#include "core/ui/Binding.h"
 #include "core/ui/RecordScreen.h"
+#include "organisation/clsCostCenter.h"
 
 namespace input {
 class CurrencyInput;
@@ -20,6 +22,9 @@ protected:
     void DisplayData(const db::Row &row) override;
     void ClearData() override;
     void prepareNewRecord() override;
+    /// The number is made as it is saved, so a taken one needs only another try.
+    bool takeFreshKey() override { return true; }
+    QString recordName() const override;
     bool VailidateFields() override;
     std::optional<QVariant> saveRecord() override;
     bool deleteRecord(const QVariant &key) override;
@@ -28,8 +33,7 @@ protected:
 private:
     void buildForm();
 
+    Binding<clsCostCenter> m_fields{clsCostCenter::fields()};
     QLineEdit *txtDescription = nullptr;
     input::CurrencyInput *txtBudget = nullptr;
-    qint64 m_costCenterID = 0;
-    QString m_storedName;
 };

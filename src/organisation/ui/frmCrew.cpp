@@ -2,8 +2,6 @@
 
 #include "core/General.h"
 #include "core/ui/ListGrid.h"
-#include "organisation/clsCrew.h"
-#include "platform/base/Format.h"
 #include "platform/input/FormBuilder.h"
 
 #include <QLineEdit>
@@ -30,7 +28,9 @@ void frmCrew::buildForm()
     makeButtons(form, {});
     form.finish();
     resize(560, 400);
-    setDataControls({txtCrewNumber, txtDescription});
+    m_fields.addTrimmed(txtCrewNumber, &clsCrew::CrewNumber);
+    m_fields.addTrimmed(txtDescription, &clsCrew::Description);
+    setFields({&m_fields});
     setListGrid(grdCrew);
 }
 
@@ -41,19 +41,12 @@ db::Recordset frmCrew::loadRows()
 
 void frmCrew::DisplayData(const db::Row &row)
 {
-    const clsCrew crew = clsCrew::fromRow(row);
-    m_crewID = crew.CrewID;
-    m_storedNumber = crew.CrewNumber;
-    txtCrewNumber->setText(crew.CrewNumber);
-    txtDescription->setText(crew.Description);
+    m_fields.show(clsCrew::fromRow(row));
 }
 
 void frmCrew::ClearData()
 {
-    m_crewID = 0;
-    m_storedNumber.clear();
-    txtCrewNumber->clear();
-    txtDescription->clear();
+    m_fields.clear();
 }
 
 void frmCrew::prepareNewRecord()
@@ -67,9 +60,10 @@ bool frmCrew::VailidateFields()
         return refuse(txtCrewNumber, u"Crew Number should not be blank."_s);
     if (txtDescription->text().trimmed().isEmpty())
         return refuse(txtDescription, u"Description should not be blank."_s);
-    if (!confirmMassChange(txtCrewNumber, m_storedNumber))
+    if (!confirmMassChange(txtCrewNumber, m_fields.shown().CrewNumber))
         return false;
-    if (IsDuplicate(u"tblcrew"_s, u"crewnumber"_s, m_storedNumber, txtCrewNumber->text(), true))
+    if (IsDuplicate(u"tblcrew"_s, u"crewnumber"_s, m_fields.shown().CrewNumber,
+                    txtCrewNumber->text(), true))
         return refuse(txtCrewNumber, u"Crew Number you specified already exists. Please enter a "
                                      "different Crew Number."_s);
     return true;
@@ -77,10 +71,14 @@ bool frmCrew::VailidateFields()
 
 std::optional<QVariant> frmCrew::saveRecord()
 {
-    const clsCrew crew{m_crewID, txtCrewNumber->text().trimmed(), txtDescription->text().trimmed()};
-    if (!clsCrewManager().SaveRecord(crew, mode()))
+    if (!clsCrewManager().SaveRecord(m_fields.read(), mode(), m_fields.shown()))
         return std::nullopt;
-    return QVariant(m_crewID);
+    return QVariant(m_fields.shown().CrewID);
+}
+
+QString frmCrew::recordName() const
+{
+    return u"the crew \"%1\""_s.arg(txtCrewNumber->text().trimmed());
 }
 
 bool frmCrew::deleteRecord(const QVariant &key)

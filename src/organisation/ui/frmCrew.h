@@ -1,6 +1,8 @@
 #pragma once
 
+#include "core/ui/Binding.h"
 #include "core/ui/RecordScreen.h"
+#include "organisation/clsCrew.h"
 
 /// Crews: their numbers and descriptions.
 class frmCrew final : public RecordScreen
@@ -16,6 +18,7 @@ protected:
     void DisplayData(const db::Row &row) override;
     void ClearData() override;
     void prepareNewRecord() override;
+    QString recordName() const override;
     bool VailidateFields() override;
     std::optional<QVariant> saveRecord() override;
     bool deleteRecord(const QVariant &key) override;
@@ -24,8 +27,7 @@ protected:
 private:
     void buildForm();
 
+    Binding<clsCrew> m_fields{clsCrew::fields()};
     QLineEdit *txtCrewNumber = nullptr;
     QLineEdit *txtDescription = nullptr;
-    qint64 m_crewID = 0;
-    QString m_storedNumber; ///< as displayed; empty for a new crew
 };

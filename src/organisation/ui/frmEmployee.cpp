@@ -5,7 +5,6 @@
 #include "core/ui/Combos.h"
 #include "core/ui/LookupCombo.h"
 #include "core/ui/ScreenCalls.h"
-#include "organisation/clsEmployee.h"
 #include "organisation/clsIndicator.h"
 #include "organisation/ui/Entries.h"
 #include "platform/base/Environment.h"
@@ -50,11 +49,38 @@ void frmEmployee::buildForm()
 
     input::restrictTo(txtEmployeeID, input::TypeCheck::String, input::TypeCheck::Int);
     input::upperCaseAsTyped(txtEmployeeID);
-    setDataControls({txtEmployeeID, txtFirstName, txtInitialName, txtLastname,      cboGender,
-                     datBirthDate,  txtAddress,   txtCity,        cboCountry,       cboState,
-                     txtZip,        txtPhone,     txtCellPhone,   txtPager,         txtEmail,
-                     txtSS,         txtLicenseNo, cboSite,        cboCrew,          cboPosition,
-                     txtLaborCost,  txtLaborRate, chkInactive,    chkIncludeWoList, txtSkills});
+    bindFields();
+    setFields({&m_fields});
+}
+
+void frmEmployee::bindFields()
+{
+    m_fields.addTrimmed(txtEmployeeID, &clsEmployee::EmployeeID);
+    m_fields.add(txtFirstName, &clsEmployee::FirstName);
+    m_fields.add(txtInitialName, &clsEmployee::InitialName);
+    m_fields.add(txtLastname, &clsEmployee::Lastname);
+    m_fields.addIdAsText(cboGender, &clsEmployee::Gender);
+    m_fields.add(datBirthDate, &clsEmployee::BirthDate);
+    m_fields.add(txtAddress, &clsEmployee::Address);
+    m_fields.add(txtCity, &clsEmployee::City);
+    // The country stands ahead of the list that follows it.
+    m_fields.addIdAsText(cboCountry, &clsEmployee::Country);
+    m_fields.addIdAsText(cboState, &clsEmployee::State);
+    m_fields.add(txtZip, &clsEmployee::Zip);
+    m_fields.add(txtPhone, &clsEmployee::Phone);
+    m_fields.add(txtCellPhone, &clsEmployee::CellPhone);
+    m_fields.add(txtPager, &clsEmployee::Pager);
+    m_fields.add(txtEmail, &clsEmployee::Email);
+    m_fields.add(txtSS, &clsEmployee::SS);
+    m_fields.add(txtLicenseNo, &clsEmployee::LicenseNo);
+    m_fields.add(cboSite, &clsEmployee::Site);
+    m_fields.add(cboCrew, &clsEmployee::Crew);
+    m_fields.add(cboPosition, &clsEmployee::EmpPosition);
+    m_fields.add(txtLaborCost, &clsEmployee::LaborCost);
+    m_fields.add(txtLaborRate, &clsEmployee::LaborRate);
+    m_fields.add(chkInactive, &clsEmployee::Inactive);
+    m_fields.add(chkIncludeWoList, &clsEmployee::IncludeWoList);
+    m_fields.add(txtSkills, &clsEmployee::Skills);
 }
 
 void frmEmployee::addPerson(input::FormBuilder &form)
@@ -82,7 +108,8 @@ void frmEmployee::addPerson(input::FormBuilder &form)
                 rebuildKeepingChoice(*cboState, [this] { loadStates(); });
             });
     txtZip = form.textField(u"txtZip"_s, u"&Zip:"_s, 20);
-    connect(cboCountry, &QComboBox::activated, this, &frmEmployee::loadStates);
+    // The states follow whatever country is shown, also while a record is displayed.
+    connect(cboCountry, &QComboBox::currentIndexChanged, this, &frmEmployee::loadStates);
 }
 
 void frmEmployee::addWork(input::FormBuilder &form)
@@ -158,57 +185,14 @@ db::Recordset frmEmployee::loadRows()
 
 void frmEmployee::DisplayData(const db::Row &row)
 {
-    const clsEmployee employee = clsEmployee::fromRow(row);
-    m_storedNumber = employee.EmployeeID;
-    m_storedCost = employee.LaborCost;
     m_crewTouched = false;
-    txtEmployeeID->setText(employee.EmployeeID);
-    txtFirstName->setText(employee.FirstName);
-    txtLastname->setText(employee.Lastname);
-    txtInitialName->setText(employee.InitialName);
-    datBirthDate->setDate(employee.BirthDate);
-    showLookup(*cboGender, employee.Gender.toLongLong());
-    txtAddress->setText(employee.Address);
-    txtCity->setText(employee.City);
-    showLookup(*cboCountry, employee.Country.toLongLong());
-    loadStates();
-    showLookup(*cboState, employee.State.toLongLong());
-    txtZip->setText(employee.Zip);
-    txtPhone->setText(employee.Phone);
-    txtCellPhone->setText(employee.CellPhone);
-    txtEmail->setText(employee.Email);
-    txtPager->setText(employee.Pager);
-    txtSS->setText(employee.SS);
-    txtLicenseNo->setText(employee.LicenseNo);
-    showLookup(*cboSite, employee.Site);
-    txtSkills->setPlainText(employee.Skills);
-    showLookup(*cboCrew, employee.Crew);
-    showLookup(*cboPosition, employee.EmpPosition);
-    txtLaborCost->setValue(employee.LaborCost);
-    txtLaborRate->setValue(employee.LaborRate);
-    chkInactive->setChecked(employee.Inactive == u"1");
-    chkIncludeWoList->setChecked(employee.IncludeWoList == u"1");
+    m_fields.show(clsEmployee::fromRow(row));
 }
 
 void frmEmployee::ClearData()
 {
-    m_storedNumber.clear();
-    m_storedCost = 0;
     m_crewTouched = false;
-    for (QLineEdit *box : {txtEmployeeID, txtFirstName, txtLastname, txtInitialName, txtAddress,
-                           txtCity, txtZip, txtEmail, txtSS, txtLicenseNo})
-        box->clear();
-    for (input::PhoneInput *box : {txtPhone, txtCellPhone, txtPager})
-        box->clear();
-    for (input::IdCombo *combo : {cboGender, cboCountry, cboSite, cboCrew, cboPosition})
-        combo->select(0);
-    loadStates();
-    datBirthDate->setDate(QDate());
-    txtSkills->clear();
-    txtLaborCost->setValue(0);
-    txtLaborRate->setValue(0);
-    chkInactive->setChecked(false);
-    chkIncludeWoList->setChecked(false);
+    m_fields.clear();
 }
 
 void frmEmployee::prepareNewRecord()
@@ -226,8 +210,8 @@ bool frmEmployee::VailidateFields()
         return refuse(txtEmployeeID, u"Employee Number should not be blank."_s);
     if (input::isBlank(txtFirstName))
         return refuse(txtFirstName, u"Employee's first name should not be blank."_s);
-    if (IsDuplicate(u"tblEmployee"_s, u"EmployeeID"_s, m_storedNumber, txtEmployeeID->text(),
-                    false))
+    if (IsDuplicate(u"tblEmployee"_s, u"EmployeeID"_s, m_fields.shown().EmployeeID,
+                    txtEmployeeID->text(), false))
         return refuse(txtEmployeeID,
                       u"Employee Number you specified already exists. Please enter a "
                       "different Employee Number."_s);
@@ -236,53 +220,31 @@ bool frmEmployee::VailidateFields()
 
 std::optional<QVariant> frmEmployee::saveRecord()
 {
-    clsEmployee employee;
-    employee.OldEmployeeID = m_storedNumber;
-    employee.EmployeeID = txtEmployeeID->text().trimmed();
-    employee.FirstName = txtFirstName->text();
-    employee.Lastname = txtLastname->text();
-    employee.InitialName = txtInitialName->text();
-    if (datBirthDate->date().isValid())
-        employee.BirthDate = base::wallClock(datBirthDate->date());
-    employee.Gender = QString::number(cboGender->id());
-    employee.Address = txtAddress->text();
-    employee.City = txtCity->text();
-    employee.State = QString::number(cboState->id());
-    employee.Country = QString::number(cboCountry->id());
-    employee.Zip = txtZip->text();
-    employee.Phone = txtPhone->text();
-    employee.CellPhone = txtCellPhone->text();
-    employee.Email = txtEmail->text();
-    employee.Pager = txtPager->text();
-    employee.SS = txtSS->text();
-    employee.LicenseNo = txtLicenseNo->text();
-    employee.Site = cboSite->id();
-    employee.Skills = txtSkills->toPlainText();
-    employee.Crew = cboCrew->id();
-    employee.EmpPosition = cboPosition->id();
-    employee.LaborCost = txtLaborCost->value();
-    employee.LaborRate = txtLaborRate->value();
-    employee.Inactive = flagText(chkInactive->isChecked());
-    employee.IncludeWoList = flagText(chkIncludeWoList->isChecked());
-
+    const clsEmployee employee = m_fields.read();
     return base::trapped(
         "Employee", "cmdUpdate_Click", std::optional<QVariant>(), [&]() -> std::optional<QVariant> {
             TransactionScope transaction;
-            if (!clsEmployee_Manager().SaveRecord(employee, mode()) || !recalculateLabourCosts())
+            if (!clsEmployee_Manager().SaveRecord(employee, mode(), m_fields.shown()) ||
+                !recalculateLabourCosts(employee))
                 return std::nullopt;
             transaction.commit();
             return QVariant(employee.EmployeeID);
         });
 }
 
-bool frmEmployee::recalculateLabourCosts()
+QString frmEmployee::recordName() const
 {
-    const bool changed = m_crewTouched || txtLaborCost->value() != m_storedCost;
+    return u"the employee \"%1\""_s.arg(txtEmployeeID->text().trimmed());
+}
+
+bool frmEmployee::recalculateLabourCosts(const clsEmployee &employee)
+{
+    const bool changed = m_crewTouched || employee.LaborCost != m_fields.shown().LaborCost;
     if (!changed ||
         !base::askYesNo(u"Do you to update all the labor costs in every service that this "
                         "employee is assiged to.?"_s))
         return true;
-    if (ChangeServiceLabourEstimate(cboCrew->id()))
+    if (ChangeServiceLabourEstimate(employee.Crew))
         return true;
     base::showInformation(u"Problem in changing Service Total Lobour cost."_s);
     return false;
@@ -303,7 +265,7 @@ void frmEmployee::cmdFind_Click()
 {
     const QString found =
         screenCalls().ShowQuickFind({u"EmployeeID"_s, u"Employee Number"_s, u"tblEmployee"_s,
-                                     u"frmEmployee"_s, m_storedNumber});
+                                     u"frmEmployee"_s, m_fields.shown().EmployeeID});
     if (!found.trimmed().isEmpty())
         RefreshRecordSet(found);
 }
@@ -311,5 +273,6 @@ void frmEmployee::cmdFind_Click()
 void frmEmployee::cmdPrint_Click()
 {
     screenCalls().reports.value(u"ShowEmployeeReport"_s)(
-        u" Where tblEmployee.EmployeeID='%1'"_s.arg(base::doubledQuotes(m_storedNumber)));
+        u" Where tblEmployee.EmployeeID='%1'"_s.arg(
+            base::doubledQuotes(m_fields.shown().EmployeeID)));
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "core/ui/Binding.h"
 #include "core/ui/RecordScreen.h"
+#include "organisation/clsEmployee.h"
 
 class QCheckBox;
 class QPlainTextEdit;
@@ -26,6 +28,7 @@ protected:
     void DisplayData(const db::Row &row) override;
     void ClearData() override;
     void prepareNewRecord() override;
+    QString recordName() const override;
     bool VailidateFields() override;
     std::optional<QVariant> saveRecord() override;
     bool deleteRecord(const QVariant &key) override;
@@ -35,12 +38,13 @@ protected:
 
 private:
     void buildForm();
+    void bindFields();
     void addPerson(input::FormBuilder &form);
     void addWork(input::FormBuilder &form);
     void loadLists();
     void loadStates();
     void checkOnLeaving();
-    bool recalculateLabourCosts();
+    bool recalculateLabourCosts(const clsEmployee &employee);
 
     QLineEdit *txtEmployeeID = nullptr;
     QLineEdit *txtFirstName = nullptr;
@@ -68,7 +72,6 @@ private:
     QCheckBox *chkInactive = nullptr;
     QCheckBox *chkIncludeWoList = nullptr;
 
-    QString m_storedNumber; ///< as displayed; empty for a new employee
-    double m_storedCost = 0;
+    Binding<clsEmployee> m_fields{clsEmployee::fields()};
     bool m_crewTouched = false; ///< any choice in the crew list, even of the same crew
 };

@@ -62,7 +62,8 @@ void frmIndicator::buildForm()
     resize(620, 400);
     for (QToolButton *button : {cmdFirst, cmdPrevious, cmdNext, cmdLast})
         button->hide();
-    setDataControls({txtName, cboParentType});
+    m_fields.addTrimmed(txtName, &clsIndicator::ItemName);
+    setFields({&m_fields}, {cboParentType});
     setListGrid(lstIndicator);
     lstIndicator->setFocus();
     connect(cboIndicator, &QComboBox::activated, this, [this] { RefreshRecordSet(); });
@@ -140,19 +141,17 @@ db::Recordset frmIndicator::loadRows()
 
 void frmIndicator::DisplayData(const db::Row &row)
 {
-    const clsIndicator item = clsIndicator::fromRow(row);
+    m_fields.show(clsIndicator::fromRow(row));
+    const clsIndicator &item = m_fields.shown();
     txtItemID->setText(QString::number(item.ItemID));
-    txtName->setText(item.ItemName);
-    m_storedName = item.ItemName;
-    if (hasParents() && !cboParentType->select(item.ParentID))
+    if (hasParents() && !cboParentType->display(item.ParentID))
         base::showMessage(u"One of lookup item has been deleted\nmanually from  database"_s);
 }
 
 void frmIndicator::ClearData()
 {
     txtItemID->clear();
-    txtName->clear();
-    m_storedName.clear();
+    m_fields.clear();
     if (hasParents())
         cboParentType->select(cboIndicator->id());
 }
@@ -183,7 +182,7 @@ bool frmIndicator::VailidateFields()
 
 bool frmIndicator::NameDupl(qint64 parent, const QString &name) const
 {
-    if (m_storedName.toUpper() == name.toUpper())
+    if (m_fields.shown().ItemName.toUpper() == name.toUpper())
         return false;
     return base::trapped("frmIndicator", "NameDupl", false, [&] {
         const QString wanted = name.trimmed().toUpper();
@@ -197,15 +196,19 @@ bool frmIndicator::NameDupl(qint64 parent, const QString &name) const
 
 std::optional<QVariant> frmIndicator::saveRecord()
 {
-    clsIndicator item;
+    clsIndicator item = m_fields.read();
     item.ParentID = parentOfItem();
     item.ItemID = txtItemID->text().toLongLong();
-    item.ItemName = txtName->text().trimmed();
     item.Show = 1;
     item.FSize = 0;
-    if (!clsIndicatorManager().SaveRecord(item, mode()))
+    if (!clsIndicatorManager().SaveRecord(item, mode(), m_fields.shown()))
         return std::nullopt;
     return QVariant(item.ItemID);
+}
+
+QString frmIndicator::recordName() const
+{
+    return u"the item \"%1\""_s.arg(txtName->text().trimmed());
 }
 
 bool frmIndicator::deleteRecord(const QVariant &key)

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "core/ui/Binding.h"
 #include "core/ui/RecordScreen.h"
+#include "organisation/clsIndicator.h"
 
 namespace input {
 class IdCombo;
@@ -32,6 +34,7 @@ protected:
     void DisplayData(const db::Row &row) override;
     void ClearData() override;
     void prepareNewRecord() override;
+    QString recordName() const override;
     bool VailidateFields() override;
     std::optional<QVariant> saveRecord() override;
     bool deleteRecord(const QVariant &key) override;
@@ -51,7 +54,7 @@ private:
 
     Opening m_opening;
     QString m_parentLabel; ///< empty for a list without parents
-    QString m_storedName;
+    Binding<clsIndicator> m_fields{clsIndicator::fields()};
 
     input::IdCombo *lstIndicatorP = nullptr; ///< the list's name
     input::IdCombo *cboIndicator = nullptr;  ///< filter

@@ -2,16 +2,12 @@
 
 #include "core/ui/ListGrid.h"
 #include "core/ui/LookupCombo.h"
-#include "organisation/clsLocation.h"
 #include "organisation/ui/Entries.h"
 #include "platform/input/FormBuilder.h"
 
 #include <QEvent>
 #include <QLineEdit>
-#include <QScopedValueRollback>
 #include <QToolButton>
-
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -39,29 +35,20 @@ void frmLocation::buildForm()
     makeButtons(form, {});
     form.finish();
     resize(560, 480);
-    setDataControls({txtLocationName, txtDescription, cboSite});
+    m_fields.addTrimmed(txtLocationName, &clsLocation::LocationName);
+    m_fields.addTrimmed(txtDescription, &clsLocation::Description);
+    m_fields.add(cboSite, &clsLocation::Site);
+    setFields({&m_fields});
     setListGrid(grdLocation);
     connect(cmdSite, &QToolButton::clicked, this, &frmLocation::cmdSite_Click);
 }
 
 bool frmLocation::event(QEvent *event)
 {
-    if (event->type() == QEvent::WindowActivate)
-        Form_Activate();
-    else if (event->type() == QEvent::WindowDeactivate)
-        m_leftForReport = m_refreshing;
-    return RecordScreen::event(event);
-}
-
-void frmLocation::Form_Activate()
-{
-    // Coming back from the report that the list could not be filled must not fill it, and so
-    // report, once more.
-    if (std::exchange(m_leftForReport, false))
-        return;
     // A site may have been added while another window was in front.
-    const QScopedValueRollback refreshing(m_refreshing, true);
-    RefreshCombo();
+    if (event->type() == QEvent::WindowActivate)
+        RefreshCombo();
+    return RecordScreen::event(event);
 }
 
 void frmLocation::RefreshCombo()
@@ -82,20 +69,14 @@ db::Recordset frmLocation::loadRows()
 
 void frmLocation::DisplayData(const db::Row &row)
 {
-    const clsLocation location = clsLocation::fromRow(row);
-    m_storedName = location.LocationName;
-    txtLocationID->setText(QString::number(location.LocationID));
-    txtLocationName->setText(location.LocationName);
-    txtDescription->setText(location.Description);
-    showLookup(*cboSite, location.Site);
+    m_fields.show(clsLocation::fromRow(row));
+    txtLocationID->setText(QString::number(m_fields.shown().LocationID));
 }
 
 void frmLocation::ClearData()
 {
-    m_storedName.clear();
-    for (QLineEdit *box : {txtLocationID, txtLocationName, txtDescription})
-        box->clear();
-    cboSite->select(0);
+    m_fields.clear();
+    txtLocationID->clear();
 }
 
 void frmLocation::prepareNewRecord()
@@ -112,17 +93,20 @@ bool frmLocation::VailidateFields()
         return refuse(txtLocationName, u"Location Name should not be blank."_s);
     if (cboSite->currentText().trimmed().isEmpty())
         return refuse(cboSite, u"Site Name should not be blank."_s);
-    return confirmMassChange(txtLocationName, m_storedName);
+    return confirmMassChange(txtLocationName, m_fields.shown().LocationName);
 }
 
 std::optional<QVariant> frmLocation::saveRecord()
 {
-    const clsLocation location{txtLocationID->text().toLongLong(),
-                               txtLocationName->text().trimmed(), txtDescription->text().trimmed(),
-                               cboSite->id()};
-    if (!clsLocation_Manager().SaveRecord(location, mode()))
+    const clsLocation location = m_fields.read();
+    if (!clsLocation_Manager().SaveRecord(location, mode(), m_fields.shown()))
         return std::nullopt;
     return QVariant(location.LocationID);
+}
+
+QString frmLocation::recordName() const
+{
+    return u"the location \"%1\""_s.arg(txtLocationName->text().trimmed());
 }
 
 bool frmLocation::deleteRecord(const QVariant &key)

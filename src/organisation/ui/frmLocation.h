@@ -1,6 +1,8 @@
 #pragma once
 
+#include "core/ui/Binding.h"
 #include "core/ui/RecordScreen.h"
+#include "organisation/clsLocation.h"
 
 namespace input {
 class IdCombo;
@@ -20,6 +22,7 @@ protected:
     void DisplayData(const db::Row &row) override;
     void ClearData() override;
     void prepareNewRecord() override;
+    QString recordName() const override;
     bool VailidateFields() override;
     std::optional<QVariant> saveRecord() override;
     bool deleteRecord(const QVariant &key) override;
@@ -28,15 +31,12 @@ protected:
 
 private:
     void buildForm();
-    void Form_Activate();
     void RefreshCombo();
     void cmdSite_Click();
 
+    Binding<clsLocation> m_fields{clsLocation::fields()};
     QLineEdit *txtLocationID = nullptr;
     QLineEdit *txtLocationName = nullptr;
     QLineEdit *txtDescription = nullptr;
     input::IdCombo *cboSite = nullptr;
-    QString m_storedName;
-    bool m_refreshing = false;
-    bool m_leftForReport = false; ///< the window in front reports that the sites failed to load
 };

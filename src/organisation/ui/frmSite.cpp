@@ -3,7 +3,6 @@
 #include "core/ui/ListGrid.h"
 #include "core/ui/LookupCombo.h"
 #include "organisation/clsIndicator.h"
-#include "organisation/clsSite.h"
 #include "organisation/ui/Entries.h"
 #include "platform/input/FormBuilder.h"
 #include "platform/input/KeyFilter.h"
@@ -41,7 +40,12 @@ void frmSite::buildForm()
     makeButtons(form, {});
     form.finish();
     resize(720, 480);
-    setDataControls({txtSiteName, txtAddress, txtCity, cboState, txtZip});
+    m_fields.addTrimmed(txtSiteName, &clsSite::SiteName);
+    m_fields.addTrimmed(txtAddress, &clsSite::Address);
+    m_fields.addTrimmed(txtCity, &clsSite::City);
+    m_fields.addIdAsText(cboState, &clsSite::StateID);
+    m_fields.addTrimmed(txtZip, &clsSite::Zip);
+    setFields({&m_fields});
     setListGrid(grdSite);
     connect(cmdState, &QToolButton::clicked, this, &frmSite::cmdState_Click);
 }
@@ -59,23 +63,12 @@ db::Recordset frmSite::loadRows()
 
 void frmSite::DisplayData(const db::Row &row)
 {
-    const clsSite site = clsSite::fromRow(row);
-    m_siteID = site.SiteID;
-    m_storedName = site.SiteName;
-    txtSiteName->setText(site.SiteName);
-    txtAddress->setText(site.Address);
-    txtCity->setText(site.City);
-    txtZip->setText(site.Zip);
-    showLookup(*cboState, site.StateID.toLongLong());
+    m_fields.show(clsSite::fromRow(row));
 }
 
 void frmSite::ClearData()
 {
-    m_siteID = 0;
-    m_storedName.clear();
-    for (QLineEdit *box : {txtSiteName, txtAddress, txtCity, txtZip})
-        box->clear();
-    cboState->select(0);
+    m_fields.clear();
 }
 
 void frmSite::prepareNewRecord()
@@ -87,21 +80,22 @@ bool frmSite::VailidateFields()
 {
     if (txtSiteName->text().trimmed().isEmpty())
         return refuse(txtSiteName, u"Site Name should not be blank."_s);
-    return confirmMassChange(txtSiteName, m_storedName);
+    return confirmMassChange(txtSiteName, m_fields.shown().SiteName);
 }
 
 std::optional<QVariant> frmSite::saveRecord()
 {
-    const QString zip = txtZip->text().trimmed();
-    const clsSite site{m_siteID,
-                       txtSiteName->text().trimmed(),
-                       txtAddress->text().trimmed(),
-                       txtCity->text().trimmed(),
-                       QString::number(cboState->id()),
-                       zip.isEmpty() ? u"0"_s : zip};
-    if (!clsSiteManager().SaveRecord(site, mode()))
+    clsSite site = m_fields.read();
+    if (site.Zip.isEmpty())
+        site.Zip = u"0"_s;
+    if (!clsSiteManager().SaveRecord(site, mode(), m_fields.shown()))
         return std::nullopt;
-    return QVariant(m_siteID);
+    return QVariant(site.SiteID);
+}
+
+QString frmSite::recordName() const
+{
+    return u"the site \"%1\""_s.arg(txtSiteName->text().trimmed());
 }
 
 bool frmSite::deleteRecord(const QVariant &key)

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "core/ui/Binding.h"
 #include "core/ui/RecordScreen.h"
+#include "organisation/clsSite.h"
 
 namespace input {
 class IdCombo;
@@ -20,6 +22,7 @@ protected:
     void DisplayData(const db::Row &row) override;
     void ClearData() override;
     void prepareNewRecord() override;
+    QString recordName() const override;
     bool VailidateFields() override;
     std::optional<QVariant> saveRecord() override;
     bool deleteRecord(const QVariant &key) override;
@@ -29,11 +32,10 @@ private:
     void buildForm();
     void cmdState_Click();
 
+    Binding<clsSite> m_fields{clsSite::fields()};
     QLineEdit *txtSiteName = nullptr;
     QLineEdit *txtAddress = nullptr;
     QLineEdit *txtCity = nullptr;
     input::IdCombo *cboState = nullptr;
     QLineEdit *txtZip = nullptr;
-    qint64 m_siteID = 0;
-    QString m_storedName;
 };

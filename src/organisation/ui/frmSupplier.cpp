@@ -4,7 +4,6 @@
 #include "core/ui/LookupCombo.h"
 #include "core/ui/ScreenCalls.h"
 #include "organisation/clsIndicator.h"
-#include "organisation/clsSupplier.h"
 #include "organisation/ui/Entries.h"
 #include "platform/input/CurrencyInput.h"
 #include "platform/input/DateStamp.h"
@@ -40,13 +39,33 @@ void frmSupplier::buildForm()
     form.finish();
     resize(760, 560);
     txtName->setFocus();
-    setDataControls({txtName, txtContactName, txtAtten, txtAddress, txtAddress2, txtCity, cboState,
-                     txtZip, txtPhone, txtFax, txtEmail, txtWebSite, txtTax, txtTerms,
-                     txtCreditLimit, txtLicenseNo, txtNotes});
+    bindFields();
+    setFields({&m_fields});
     input::validateOnLeave(txtPhone, [this] { return txtPhone_Validate(); });
     input::validateOnLeave(txtFax, [this] { return txtFax_Validate(); });
     for (QPushButton *button : {cmdCancel, cmdExit})
         input::setCausesValidation(button, false);
+}
+
+void frmSupplier::bindFields()
+{
+    m_fields.addTrimmed(txtName, &clsSupplier::Name);
+    m_fields.add(txtContactName, &clsSupplier::ContactName);
+    m_fields.add(txtAtten, &clsSupplier::Atten);
+    m_fields.add(txtAddress, &clsSupplier::Address);
+    m_fields.add(txtAddress2, &clsSupplier::Address2);
+    m_fields.add(txtCity, &clsSupplier::City);
+    m_fields.add(cboState, &clsSupplier::State);
+    m_fields.addTrimmed(txtZip, &clsSupplier::Zip);
+    m_fields.add(txtPhone, &clsSupplier::Phone);
+    m_fields.add(txtFax, &clsSupplier::Fax);
+    m_fields.addTrimmed(txtEmail, &clsSupplier::Email);
+    m_fields.addTrimmed(txtWebSite, &clsSupplier::WebSite);
+    m_fields.addTrimmed(txtTax, &clsSupplier::Tax);
+    m_fields.add(txtTerms, &clsSupplier::Terms);
+    m_fields.add(txtCreditLimit, &clsSupplier::CreditLimit);
+    m_fields.add(txtLicenseNo, &clsSupplier::LicenseNo);
+    m_fields.add(txtNotes, &clsSupplier::Notes);
 }
 
 void frmSupplier::addAddress(input::FormBuilder &form)
@@ -95,49 +114,32 @@ void frmSupplier::cmdState_Click()
 
 db::Recordset frmSupplier::loadRows()
 {
-    return GetTableInfo(u"tblSupplier"_s, u"SupplierID"_s);
+    return GetTableInfoWithIndicator(u"tblSupplier"_s, u"SupplierID"_s);
 }
 
 void frmSupplier::DisplayData(const db::Row &row)
 {
-    const clsSupplier supplier = clsSupplier::fromRow(row);
-    txtSupplierID->setText(QString::number(supplier.SupplierID));
-    txtName->setText(supplier.Name);
-    txtTax->setText(supplier.Tax);
-    txtTerms->setText(supplier.Terms);
-    txtCreditLimit->setValue(supplier.CreditLimit);
-    txtEmail->setText(supplier.Email);
-    txtWebSite->setText(supplier.WebSite);
-    txtAddress->setText(supplier.Address);
-    txtAddress2->setText(supplier.Address2);
-    txtCity->setText(supplier.City);
-    showLookup(*cboState, supplier.State);
-    txtZip->setText(supplier.Zip);
-    txtPhone->setText(supplier.Phone);
-    txtFax->setText(supplier.Fax);
-    txtAtten->setText(supplier.Atten);
-    txtLicenseNo->setText(supplier.LicenseNo);
-    txtContactName->setText(supplier.ContactName);
-    txtNotes->setPlainText(supplier.Notes);
+    m_fields.show(clsSupplier::fromRow(row));
+    txtSupplierID->setText(QString::number(m_fields.shown().SupplierID));
 }
 
 void frmSupplier::ClearData()
 {
-    for (QLineEdit *box :
-         {txtSupplierID, txtName, txtTax, txtTerms, txtEmail, txtWebSite, txtAddress, txtAddress2,
-          txtCity, txtZip, txtAtten, txtLicenseNo, txtContactName})
-        box->clear();
-    txtCreditLimit->setValue(0);
-    cboState->select(0);
-    txtPhone->clear();
-    txtFax->clear();
-    txtNotes->clear();
+    m_fields.clear();
+    txtSupplierID->clear();
 }
 
 void frmSupplier::prepareNewRecord()
 {
-    txtSupplierID->setText(QString::number(GenerateID(u"tblSupplier"_s, u"SupplierID"_s)));
+    (void)takeFreshKey();
     txtName->setFocus();
+}
+
+bool frmSupplier::takeFreshKey()
+{
+    txtSupplierID->setText(
+        QString::number(GenerateIDWithIndicator(u"tblSupplier"_s, u"SupplierID"_s)));
+    return true;
 }
 
 bool frmSupplier::VailidateFields()
@@ -151,28 +153,16 @@ bool frmSupplier::VailidateFields()
 
 std::optional<QVariant> frmSupplier::saveRecord()
 {
-    clsSupplier supplier;
+    clsSupplier supplier = m_fields.read();
     supplier.SupplierID = txtSupplierID->text().toLongLong();
-    supplier.Name = txtName->text().trimmed();
-    supplier.Tax = txtTax->text().trimmed();
-    supplier.Terms = txtTerms->text();
-    supplier.CreditLimit = txtCreditLimit->value();
-    supplier.Email = txtEmail->text().trimmed();
-    supplier.WebSite = txtWebSite->text().trimmed();
-    supplier.Address = txtAddress->text();
-    supplier.Address2 = txtAddress2->text();
-    supplier.City = txtCity->text();
-    supplier.State = cboState->id();
-    supplier.Zip = txtZip->text().trimmed();
-    supplier.Phone = txtPhone->text();
-    supplier.Fax = txtFax->text();
-    supplier.Atten = txtAtten->text();
-    supplier.LicenseNo = txtLicenseNo->text();
-    supplier.ContactName = txtContactName->text();
-    supplier.Notes = txtNotes->toPlainText();
-    if (!clsSupplier_Manager().SaveRecord(supplier, mode()))
+    if (!clsSupplier_Manager().SaveRecord(supplier, mode(), m_fields.shown()))
         return std::nullopt;
     return QVariant(supplier.SupplierID);
+}
+
+QString frmSupplier::recordName() const
+{
+    return u"the supplier \"%1\""_s.arg(txtName->text().trimmed());
 }
 
 bool frmSupplier::deleteRecord(const QVariant &key)

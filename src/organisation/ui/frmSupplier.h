@@ -1,6 +1,8 @@
 #pragma once
 
+#include "core/ui/Binding.h"
 #include "core/ui/RecordScreen.h"
+#include "organisation/clsSupplier.h"
 
 class QPlainTextEdit;
 
@@ -24,6 +26,8 @@ protected:
     void DisplayData(const db::Row &row) override;
     void ClearData() override;
     void prepareNewRecord() override;
+    bool takeFreshKey() override;
+    QString recordName() const override;
     bool VailidateFields() override;
     std::optional<QVariant> saveRecord() override;
     bool deleteRecord(const QVariant &key) override;
@@ -34,12 +38,14 @@ protected:
 
 private:
     void buildForm();
+    void bindFields();
     void addAddress(input::FormBuilder &form);
     void addTerms(input::FormBuilder &form);
     void cmdState_Click();
     [[nodiscard]] bool txtPhone_Validate() const;
     [[nodiscard]] bool txtFax_Validate() const;
 
+    Binding<clsSupplier> m_fields{clsSupplier::fields()};
     QLineEdit *txtSupplierID = nullptr;
     QLineEdit *txtName = nullptr;
     QLineEdit *txtTax = nullptr;

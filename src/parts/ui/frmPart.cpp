@@ -7,7 +7,6 @@
 #include "core/ui/ScreenCalls.h"
 #include "organisation/clsIndicator.h"
 #include "organisation/ui/Entries.h"
-#include "parts/clsPart.h"
 #include "platform/base/Format.h"
 #include "platform/base/Prompts.h"
 #include "platform/input/CurrencyInput.h"
@@ -26,13 +25,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A blank box counts as 0; nothing for what is no number.
-std::optional<double> numberIn(const QLineEdit *box)
+/// A blank box counts as 0.
+bool isNumeric(const QLineEdit *box)
 {
     const QString text = box->text().trimmed();
     bool isNumber = text.isEmpty();
-    const double number = isNumber ? 0 : text.toDouble(&isNumber);
-    return isNumber ? std::optional(number) : std::nullopt;
+    if (!isNumber)
+        (void)text.toDouble(&isNumber);
+    return isNumber;
 }
 
 } // namespace
@@ -56,11 +56,27 @@ void frmPart::buildForm()
     form.finish();
     resize(660, 580);
 
-    setDataControls({txtPartID, txtDescription, cboPartCategory, cboSupplier, txtPrice, txtBin,
-                     txtBarCode, chkNotTrackInventory, txtQuantity, txtMax, txtMin, chkInactive,
-                     txtNotes});
+    bindFields();
+    setFields({&m_fields});
     for (QPushButton *button : {cmdCancel, cmdExit})
         input::setCausesValidation(button, false);
+}
+
+void frmPart::bindFields()
+{
+    m_fields.addTrimmed(txtPartID, &clsPart::PartID);
+    m_fields.addTrimmed(txtDescription, &clsPart::Description);
+    m_fields.add(cboPartCategory, &clsPart::PartCategoryID);
+    m_fields.add(cboSupplier, &clsPart::SupplierID);
+    m_fields.add(txtPrice, &clsPart::Price);
+    m_fields.addTrimmed(txtBin, &clsPart::Bin);
+    m_fields.addTrimmed(txtBarCode, &clsPart::Bar_Code);
+    m_fields.add(chkNotTrackInventory, &clsPart::TrackInventory);
+    m_fields.addQuantity(txtQuantity, &clsPart::Quantity);
+    m_fields.addQuantity(txtMax, &clsPart::QtyMax);
+    m_fields.addQuantity(txtMin, &clsPart::QtyMin);
+    m_fields.add(chkInactive, &clsPart::Inactive);
+    m_fields.addTrimmed(txtNotes, &clsPart::Notes);
 }
 
 void frmPart::addDescription(input::FormBuilder &form)
@@ -128,13 +144,13 @@ void frmPart::loadSuppliers()
 
 void frmPart::formatQuantity(QLineEdit *box)
 {
-    if (const std::optional<double> number = numberIn(box))
-        box->setText(base::twoDecimals(*number));
+    if (isNumeric(box))
+        box->setText(base::twoDecimals(numberIn(box)));
 }
 
 bool frmPart::txtPartID_Validate()
 {
-    if (!IsDuplicate(u"tblpart"_s, u"PartID"_s, m_storedNumber, txtPartID->text(), false))
+    if (!IsDuplicate(u"tblpart"_s, u"PartID"_s, m_fields.shown().PartID, txtPartID->text(), false))
         return true;
     db::Recordset clone = rows().Clone();
     QString holder;
@@ -159,37 +175,16 @@ db::Recordset frmPart::loadRows()
 
 void frmPart::DisplayData(const db::Row &row)
 {
-    const clsPart part = clsPart::fromRow(row);
-    m_storedNumber = part.PartID;
-    txtPartID->setText(part.PartID);
-    txtDescription->setText(part.Description);
-    showLookup(*cboPartCategory, part.PartCategoryID);
-    showLookup(*cboSupplier, part.SupplierID);
-    txtPrice->setValue(part.Price);
-    txtBin->setText(part.Bin);
-    txtBarCode->setText(part.Bar_Code);
-    txtQuantity->setText(base::twoDecimals(part.Quantity));
-    txtMax->setText(base::twoDecimals(part.QtyMax));
-    txtMin->setText(base::twoDecimals(part.QtyMin));
-    txtPartCommited->setText(base::twoDecimals(clsPartManager().PartCommited(part.PartID)));
-    chkInactive->setChecked(part.Inactive == u"1");
-    chkNotTrackInventory->setChecked(part.TrackInventory == u"1");
-    txtNotes->setPlainText(part.Notes);
+    m_fields.show(clsPart::fromRow(row));
+    txtPartCommited->setText(
+        base::twoDecimals(clsPartManager().PartCommited(m_fields.shown().PartID)));
     ChangePosition();
 }
 
 void frmPart::ClearData()
 {
-    m_storedNumber.clear();
-    for (QLineEdit *box : {txtPartID, txtDescription, txtBin, txtBarCode, txtQuantity, txtMax,
-                           txtMin, txtPartCommited})
-        box->clear();
-    cboPartCategory->select(0);
-    cboSupplier->select(0);
-    txtPrice->setValue(0);
-    chkInactive->setChecked(false);
-    chkNotTrackInventory->setChecked(false);
-    txtNotes->clear();
+    m_fields.clear();
+    txtPartCommited->clear();
     ChangePosition();
 }
 
@@ -204,7 +199,7 @@ bool frmPart::VailidateFields()
         return refuse(txtPartID, u"Part Number should not be blank."_s);
     if (input::isBlank(txtDescription))
         return refuse(txtDescription, u"Description should not be blank."_s);
-    if (!numberIn(txtQuantity))
+    if (!isNumeric(txtQuantity))
         return refuse(txtQuantity, u"Quantity should be numeric."_s);
     const clsPartManager manager;
     if (chkInactive->isChecked()) {
@@ -213,11 +208,11 @@ bool frmPart::VailidateFields()
             return refuse(chkInactive, u"This part is already assigned to %1 and can not be "
                                        "decativated."_s.arg(word));
     }
-    if (IsDuplicate(u"tblpart"_s, u"PartID"_s, m_storedNumber, txtPartID->text(), false))
+    if (IsDuplicate(u"tblpart"_s, u"PartID"_s, m_fields.shown().PartID, txtPartID->text(), false))
         return refuse(txtPartID, u"Part Number you specified already exists. Please enter a "
                                  "different Part Number."_s);
-    if (mode() == Mode::Modify && txtPartID->text().trimmed() != m_storedNumber) {
-        const QString word = manager.CanDeletePart(m_storedNumber);
+    if (mode() == Mode::Modify && txtPartID->text().trimmed() != m_fields.shown().PartID) {
+        const QString word = manager.CanDeletePart(m_fields.shown().PartID);
         if (!word.isEmpty())
             return refuse(txtPartID, u"You can't modified this Part Number. It's being used in "
                                      "%1."_s.arg(word));
@@ -227,25 +222,16 @@ bool frmPart::VailidateFields()
 
 std::optional<QVariant> frmPart::saveRecord()
 {
-    clsPart part;
-    part.OldPartID = m_storedNumber;
-    part.PartID = txtPartID->text().trimmed();
-    part.Description = txtDescription->text().trimmed();
-    part.PartCategoryID = cboPartCategory->id();
-    part.SupplierID = cboSupplier->id();
-    part.Price = txtPrice->value();
-    part.Bin = txtBin->text().trimmed();
-    part.Bar_Code = txtBarCode->text().trimmed();
-    part.Quantity = numberIn(txtQuantity).value_or(0);
-    part.QtyMax = numberIn(txtMax).value_or(0);
-    part.QtyMin = numberIn(txtMin).value_or(0);
-    part.Inactive = flagText(chkInactive->isChecked());
-    part.TrackInventory = flagText(chkNotTrackInventory->isChecked());
-    part.Notes = txtNotes->toPlainText().trimmed();
-    if (!clsPartManager().SaveRecord(part, mode()))
+    const clsPart part = m_fields.read();
+    if (!clsPartManager().SaveRecord(part, mode(), m_fields.shown()))
         return std::nullopt;
     txtPartID->setFocus();
     return QVariant(part.PartID);
+}
+
+QString frmPart::recordName() const
+{
+    return u"the part \"%1\""_s.arg(txtPartID->text().trimmed());
 }
 
 bool frmPart::deleteRecord(const QVariant &key)
@@ -267,7 +253,7 @@ void frmPart::recordShown()
 void frmPart::cmdFind_Click()
 {
     const QString found = screenCalls().ShowQuickFind(
-        {u"PartID"_s, u"Part Number"_s, u"tblPart"_s, u"frmPart"_s, m_storedNumber});
+        {u"PartID"_s, u"Part Number"_s, u"tblPart"_s, u"frmPart"_s, m_fields.shown().PartID});
     if (!found.trimmed().isEmpty())
         RefreshRecordSet(found);
 }
@@ -275,5 +261,5 @@ void frmPart::cmdFind_Click()
 void frmPart::cmdPrint_Click()
 {
     screenCalls().reports.value(u"ShowInventoryReport"_s)(
-        u" where  tblPart.PartID = '%1'"_s.arg(base::doubledQuotes(m_storedNumber)));
+        u" where  tblPart.PartID = '%1'"_s.arg(base::doubledQuotes(m_fields.shown().PartID)));
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "core/ui/Binding.h"
 #include "core/ui/RecordScreen.h"
+#include "parts/clsPart.h"
 
 class QCheckBox;
 class QPlainTextEdit;
@@ -24,6 +26,7 @@ protected:
     void DisplayData(const db::Row &row) override;
     void ClearData() override;
     void prepareNewRecord() override;
+    QString recordName() const override;
     bool VailidateFields() override;
     std::optional<QVariant> saveRecord() override;
     bool deleteRecord(const QVariant &key) override;
@@ -34,6 +37,7 @@ protected:
 
 private:
     void buildForm();
+    void bindFields();
     void addDescription(input::FormBuilder &form);
     void addStock(input::FormBuilder &form);
     void loadSuppliers();
@@ -59,5 +63,5 @@ private:
     QCheckBox *chkInactive = nullptr;
     QPlainTextEdit *txtNotes = nullptr;
 
-    QString m_storedNumber; ///< as displayed; empty for a new part
+    Binding<clsPart> m_fields{clsPart::fields()};
 };

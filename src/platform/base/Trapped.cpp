@@ -4,12 +4,54 @@
 
 namespace base {
 namespace {
+
+/// How many wholes are running. There is one thread that traps.
+int runningWholes = 0;
+
+/// The innermost procedure that an error on its way up a whole was trapped in.
+struct Origin
+{
+    std::exception_ptr exception;
+    const char *module = nullptr;
+    const char *procedure = nullptr;
+};
+Origin origin;
+
 ErrorReporter &currentReporter()
 {
     static ErrorReporter reporter;
     return reporter;
 }
+
 } // namespace
+
+Whole::Whole()
+{
+    ++runningWholes;
+}
+
+Whole::~Whole()
+{
+    --runningWholes;
+}
+
+Interlude::Interlude()
+    : m_suspended(std::exchange(runningWholes, 0))
+{}
+
+Interlude::~Interlude()
+{
+    runningWholes = m_suspended;
+}
+
+bool detail::passesOn(const char *module, const char *procedure)
+{
+    if (runningWholes == 0)
+        return false;
+    if (std::current_exception() != origin.exception)
+        origin = {std::current_exception(), module, procedure};
+    return true;
+}
 
 ErrorReporter setErrorReporter(ErrorReporter reporter)
 {
@@ -25,8 +67,13 @@ void reportError(const char *module, const char *procedure, int number, const QS
         qWarning("%s/%s: %d %s", module, procedure, number, qUtf8Printable(description));
 }
 
-void detail::reportCurrentException(const char *module, const char *procedure)
+void reportCurrentException(const char *module, const char *procedure)
 {
+    if (const Origin first = std::exchange(origin, {});
+        first.exception && first.exception == std::current_exception()) {
+        module = first.module;
+        procedure = first.procedure;
+    }
     try {
         throw;
     } catch (const Error &error) {

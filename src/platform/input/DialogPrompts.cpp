@@ -1,5 +1,6 @@
 #include "platform/input/DialogPrompts.h"
 
+#include "platform/base/Trapped.h"
 #include "platform/input/Theme.h"
 
 #include <QApplication>
@@ -93,6 +94,8 @@ base::Prompts::Answer DialogPrompts::show(const Message &message)
         yes->setText(QStringLiteral("&Yes"));
     if (auto *no = box.button(QMessageBox::No))
         no->setText(QStringLiteral("&No"));
+    // Other windows go on living behind the box.
+    const base::Interlude interlude;
     return answerOf(box.exec());
 }
 
@@ -107,6 +110,7 @@ std::optional<QString> DialogPrompts::input(const QString &text, const QString &
     dialog.setTextValue(initial);
     dialog.setFont(theme::listFont());
     dialog.resize(dialog.sizeHint().expandedTo({380, 0}));
+    const base::Interlude interlude;
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     return dialog.textValue();

@@ -14,12 +14,16 @@ IdCombo::IdCombo(QWidget *parent)
     setMinimumContentsLength(14);
     setFocusPolicy(Qt::StrongFocus);
     setMaxVisibleItems(15);
+    const auto chosen = [this] { m_unlisted = 0; };
+    connect(this, &QComboBox::currentIndexChanged, this, chosen);
+    connect(this, &QComboBox::activated, this, chosen);
 }
 
 void IdCombo::clear()
 {
     QComboBox::clear();
     m_collection.clear();
+    m_unlisted = 0;
 }
 
 void IdCombo::add(const QString &text, qint64 id)
@@ -36,15 +40,26 @@ void IdCombo::add(const QStringList &texts)
 
 qint64 IdCombo::id() const
 {
-    return currentData().toLongLong();
+    return m_unlisted != 0 ? m_unlisted : currentData().toLongLong();
+}
+
+bool IdCombo::display(qint64 id)
+{
+    if (select(id))
+        return true;
+    select(0);
+    m_unlisted = id;
+    return false;
 }
 
 bool IdCombo::select(qint64 id)
 {
     const int index = findData(id);
-    if (index >= 0)
-        setCurrentIndex(index);
-    return index >= 0;
+    if (index < 0)
+        return false;
+    setCurrentIndex(index);
+    m_unlisted = 0;
+    return true;
 }
 
 bool IdCombo::selectText(const QString &text)

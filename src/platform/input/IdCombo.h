@@ -20,8 +20,12 @@ public:
     void add(const QString &text, qint64 id);
     /// Adds items that carry no id.
     void add(const QStringList &texts);
-    /// The id of the item shown, 0 without one.
+    /// The id of the item shown, or the one that display() could not show; 0 without one.
     [[nodiscard]] qint64 id() const;
+    /// Shows the item with this id. Without one (it was deleted, or the list is not whole) the list
+    /// shows its blank item and keeps the id until another item is chosen, so that what can't be
+    /// shown is not lost; False then.
+    bool display(qint64 id);
     /// Shows the item with this id; False, and nothing changes, when there is none.
     bool select(qint64 id);
     /// Shows the item with this text, without regard to case; False when there is none.
@@ -38,7 +42,8 @@ private:
     void chooseNext(const QString &beginning);
 
     QHash<QString, QString> m_collection;
-    QString m_typed; ///< within one pause of typing
+    qint64 m_unlisted = 0; ///< what display() could not show
+    QString m_typed;       ///< within one pause of typing
     QElapsedTimer m_sinceTyped;
 };
 

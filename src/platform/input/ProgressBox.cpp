@@ -1,5 +1,7 @@
 #include "platform/input/ProgressBox.h"
 
+#include "platform/base/Trapped.h"
+
 #include <QApplication>
 #include <QDialog>
 #include <QLabel>
@@ -40,6 +42,7 @@ void ProgressBox::tell(int done, int all)
         open();
     m_bar->setRange(0, all);
     m_bar->setValue(done);
+    const base::Interlude interlude;
     QCoreApplication::processEvents();
     m_next = m_clock.elapsed() + Interval;
 }

@@ -35,7 +35,7 @@ public:
         txtDescription = form.textField(u"txtDescription"_s, u"D&escription:"_s);
         makeButtons(form, {.find = true});
         form.finish();
-        setDataControls({txtNumber, txtDescription});
+        setFields({}, {txtNumber, txtDescription});
         setListGrid(list);
     }
 
