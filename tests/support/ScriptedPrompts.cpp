@@ -8,17 +8,22 @@ namespace {
 base::Prompts::Answer mostHarmless(base::Prompts::Buttons buttons)
 {
     switch (buttons) {
-    case base::Prompts::Buttons::Ok: return base::Prompts::Answer::Ok;
-    case base::Prompts::Buttons::YesNo: return base::Prompts::Answer::No;
+    case base::Prompts::Buttons::Ok:
+        return base::Prompts::Answer::Ok;
+    case base::Prompts::Buttons::YesNo:
+        return base::Prompts::Answer::No;
     case base::Prompts::Buttons::OkCancel:
-    case base::Prompts::Buttons::YesNoCancel: break;
+    case base::Prompts::Buttons::YesNoCancel:
+        break;
     }
     return base::Prompts::Answer::Cancel;
 }
 
 } // namespace
 
-ScriptedPrompts::ScriptedPrompts() : m_scope(*this) {}
+ScriptedPrompts::ScriptedPrompts()
+    : m_scope(*this)
+{}
 
 ScriptedPrompts::~ScriptedPrompts()
 {
@@ -34,8 +39,13 @@ void ScriptedPrompts::expect(const QString &text, Icon icon, Buttons buttons, An
 
 void ScriptedPrompts::expectInput(const QString &text, std::optional<QString> answer)
 {
-    Expected expected{Expected::Kind::Input, text, Icon::None, Buttons::OkCancel, Answer::Ok,
-                      std::move(answer), std::exchange(m_meanwhile, {})};
+    Expected expected{Expected::Kind::Input,
+                      text,
+                      Icon::None,
+                      Buttons::OkCancel,
+                      Answer::Ok,
+                      std::move(answer),
+                      std::exchange(m_meanwhile, {})};
     m_expected.push_back(std::move(expected));
 }
 

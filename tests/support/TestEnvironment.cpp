@@ -4,7 +4,8 @@
 
 namespace test {
 
-TestEnvironment::TestEnvironment(QDateTime now) : m_former(base::environment())
+TestEnvironment::TestEnvironment(QDateTime now)
+    : m_former(base::environment())
 {
     base::Environment environment;
     environment.clockIsFixed = true;

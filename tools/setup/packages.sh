@@ -1,4 +1,4 @@
-# Installs what building, running and testing need, where it is missing. Sourced by ./run and ./test.
+# Installs what building, running, testing and checking need, where it is missing. Sourced by other scripts.
 # Of names separated by "|" the first that this system's package lists know is taken: Debian 13 and
 # Ubuntu 24.04 carry version 4 of the database engine and other names for some libraries.
 
@@ -13,6 +13,7 @@ build_packages=(
 run_packages=(qt6-qpa-plugins)
 test_packages=(libgtest-dev libgmock-dev poppler-utils unzip "firebird3.0-utils|firebird4.0-utils")
 bench_packages=(libbenchmark-dev)
+format_packages=("clang-format-14|clang-format")
 
 is_installed() { dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null | grep -qx installed; }
 is_known() { apt-cache show "$1" >/dev/null 2>&1; }

@@ -43,8 +43,8 @@ struct ScreenCalls
     QHash<QString, std::function<bool(const QString &)>> reports;
 
     /// Reports whose whole query the caller gives: ShowWorkorderReport, whose flag chooses the
-    /// layout by crew, and ShowWorkorderHistoryReport, whose flag chooses the summary. True when the
-    /// report came up.
+    /// layout by crew, and ShowWorkorderHistoryReport, whose flag chooses the summary. True when
+    /// the report came up.
     QHash<QString, std::function<bool(const QString &statement, bool flag)>> statementReports;
     /// What opens without arguments in a later folder and is offered by a screen of an earlier one,
     /// by the name of its form or procedure: the report filters ("ShowEquipmentDetails"), the

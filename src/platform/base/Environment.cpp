@@ -41,11 +41,11 @@ Environment Environment::ofProcess()
     const QString beside =
         QCoreApplication::instance() ? QCoreApplication::applicationDirPath() : QDir::currentPath();
     result.applicationFolder = QDir(valueOr("QUORVANTIS_HOME", beside)).absolutePath();
-    const QString config =
-        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    const QString config = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     result.appData = valueOr("APPDATA", config);
     result.computerName = valueOr("ComputerName", QSysInfo::machineHostName());
-    result.registryFile = valueOr("QUORVANTIS_REGISTRY", config + QStringLiteral("/Quorvantis/registry.ini"));
+    result.registryFile =
+        valueOr("QUORVANTIS_REGISTRY", config + QStringLiteral("/Quorvantis/registry.ini"));
     return result;
 }
 

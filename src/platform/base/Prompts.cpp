@@ -14,10 +14,13 @@ public:
     {
         qWarning("%s", qUtf8Printable(message.text));
         switch (message.buttons) {
-        case Buttons::Ok: return Answer::Ok;
-        case Buttons::YesNo: return Answer::No;
+        case Buttons::Ok:
+            return Answer::Ok;
+        case Buttons::YesNo:
+            return Answer::No;
         case Buttons::OkCancel:
-        case Buttons::YesNoCancel: break;
+        case Buttons::YesNoCancel:
+            break;
         }
         return Answer::Cancel;
     }
@@ -48,7 +51,9 @@ Prompts &prompts()
     return installed() ? *installed() : log;
 }
 
-ScopedPrompts::ScopedPrompts(Prompts &prompts) : m_former(std::exchange(installed(), &prompts)) {}
+ScopedPrompts::ScopedPrompts(Prompts &prompts)
+    : m_former(std::exchange(installed(), &prompts))
+{}
 
 ScopedPrompts::~ScopedPrompts()
 {

@@ -33,9 +33,9 @@ TEST(ParseMonthFirst, ReadsEveryFormThatTheDialectWrites)
 
 TEST(ParseMonthFirst, RefusesWhatIsNoDate)
 {
-    for (const char *text : {"", "13-01-2024", "02-29-2023", "2024-03-09", "3-9", "3-9/2024",
-                             "3-9-024", "3-9-2024x", "3-9-2024 25:00", "3-9-2024 13:00 PM",
-                             "3-9-2024 0:30 AM", "March 9"})
+    for (const char *text :
+         {"", "13-01-2024", "02-29-2023", "2024-03-09", "3-9", "3-9/2024", "3-9-024", "3-9-2024x",
+          "3-9-2024 25:00", "3-9-2024 13:00 PM", "3-9-2024 0:30 AM", "March 9"})
         EXPECT_FALSE(base::parseMonthFirst(QString::fromLatin1(text))) << text;
 }
 
