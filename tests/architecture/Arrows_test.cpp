@@ -1,5 +1,6 @@
 #include <QDir>
 #include <QDirIterator>
+#include <QLibraryInfo>
 #include <QRegularExpression>
 #include <gtest/gtest.h>
 
@@ -10,18 +11,28 @@ using namespace Qt::StringLiterals;
 /// From the ground up: a folder includes only itself and what stands before it.
 const QStringList Platform{u"base"_s,  u"settings"_s, u"sql"_s,  u"db"_s,    u"system"_s,
                            u"input"_s, u"grid"_s,     u"help"_s, u"report"_s};
-/// The logic folders in the order of their arrows; their screens keep an order of their own.
-const QStringList Logic{u"core"_s,      u"scheduling"_s, u"organisation"_s,
-                        u"parts"_s,     u"equipment"_s,  u"workorders"_s,
-                        u"reporting"_s, u"exchange"_s,   u"shell"_s};
-const QStringList Screens{u"core"_s,       u"organisation"_s, u"parts"_s,
-                          u"scheduling"_s, u"equipment"_s,    u"workorders"_s,
-                          u"reporting"_s,  u"exchange"_s,     u"shell"_s};
+/// The order of the subsystems, which their screens keep as well as their logic.
+const QStringList Subsystems{u"core"_s,       u"organisation"_s, u"parts"_s,
+                             u"scheduling"_s, u"equipment"_s,    u"workorders"_s,
+                             u"reporting"_s,  u"exchange"_s,     u"shell"_s};
+
+/// Screens whose statements are still to move into logic. None may join them.
+const QStringList ScreensWithStatements{
+    u"equipment/ui/DepreciationPage.cpp"_s,    u"organisation/ui/frmIndicator.cpp"_s,
+    u"parts/ui/frmInventryCheckIn.cpp"_s,      u"parts/ui/frmPartManager.cpp"_s,
+    u"scheduling/ui/CountPage.cpp"_s,          u"scheduling/ui/ServicePage.cpp"_s,
+    u"scheduling/ui/ServiceParts.cpp"_s,       u"scheduling/ui/frmAssignCrew.cpp"_s,
+    u"scheduling/ui/frmCountReading.cpp"_s,    u"scheduling/ui/frmServices.cpp"_s,
+    u"scheduling/ui/frmServicesManager.cpp"_s, u"shell/ui/frmUserRoles.cpp"_s,
+    u"workorders/ui/PrintWorkPage.cpp"_s,      u"workorders/ui/RecordWorkPage.cpp"_s,
+    u"workorders/ui/WorkLists.cpp"_s,          u"workorders/ui/frmServiceDateConfirmation.cpp"_s};
 
 struct Place
 {
     int rank = -1; ///< -1: not one of the house's folders
+    QString subsystem;
     bool isLogic = false;
+    bool isScreen = false;
 };
 
 /// Where a file stands, by its path from src/.
@@ -31,12 +42,41 @@ Place placeOf(const QString &path)
     if (parts.size() < 2)
         return {};
     if (parts[0] == u"platform")
-        return {static_cast<int>(Platform.indexOf(parts[1])), false};
+        return {.rank = static_cast<int>(Platform.indexOf(parts[1])), .subsystem = {}};
     if (parts[0] == u"app")
-        return {1000, false};
+        return {.rank = 1000, .subsystem = {}};
+    const int order = static_cast<int>(Subsystems.indexOf(parts[0]));
+    if (order < 0)
+        return {};
     if (parts[1] == u"ui")
-        return {200 + static_cast<int>(Screens.indexOf(parts[0])), false};
-    return {100 + static_cast<int>(Logic.indexOf(parts[0])), true};
+        return {.rank = 200 + order, .subsystem = parts[0], .isScreen = true};
+    return {.rank = 100 + order, .subsystem = parts[0], .isLogic = true};
+}
+
+struct Source
+{
+    QString file; ///< from src/
+    QString text; ///< without comments that have lines of their own
+};
+
+const QList<Source> &allSources()
+{
+    static const QList<Source> sources = [] {
+        const QDir folder(QStringLiteral(QUORVANTIS_SOURCE_FOLDER));
+        static const QRegularExpression comment(u"^\\s*//.*$|///<.*$"_s,
+                                                QRegularExpression::MultilineOption);
+        QList<Source> found;
+        QDirIterator files(folder.path(), {u"*.h"_s, u"*.cpp"_s}, QDir::Files,
+                           QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            QFile file(files.next());
+            EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(file.fileName());
+            found.append({folder.relativeFilePath(file.fileName()),
+                          QString::fromUtf8(file.readAll()).remove(comment)});
+        }
+        return found;
+    }();
+    return sources;
 }
 
 struct Include
@@ -47,20 +87,50 @@ struct Include
 
 QList<Include> allIncludes()
 {
-    const QDir source(QStringLiteral(QUORVANTIS_SOURCE_FOLDER));
     static const QRegularExpression pattern(u"^\\s*#include [\"<]([^\">]+)[\">]"_s,
                                             QRegularExpression::MultilineOption);
     QList<Include> includes;
-    QDirIterator files(source.path(), {u"*.h"_s, u"*.cpp"_s}, QDir::Files,
-                       QDirIterator::Subdirectories);
-    while (files.hasNext()) {
-        QFile file(files.next());
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(file.fileName());
-        const QString text = QString::fromUtf8(file.readAll());
-        for (const QRegularExpressionMatch &match : pattern.globalMatch(text))
-            includes.append({source.relativeFilePath(file.fileName()), match.captured(1)});
+    for (const Source &source : allSources()) {
+        for (const QRegularExpressionMatch &match : pattern.globalMatch(source.text))
+            includes.append({source.file, match.captured(1)});
     }
     return includes;
+}
+
+/// Expects that no source matches, but those below a folder.
+void expectOnlyBelow(const QString &folder, const QRegularExpression &pattern)
+{
+    ASSERT_TRUE(pattern.isValid()) << qPrintable(pattern.errorString());
+    for (const Source &source : allSources()) {
+        if (source.file.startsWith(folder))
+            continue;
+        const QRegularExpressionMatch match = pattern.match(source.text);
+        EXPECT_FALSE(match.hasMatch())
+            << qPrintable(source.file) << " has " << qPrintable(match.captured());
+    }
+}
+
+/// The file's name without its folders.
+QString nameOf(const QString &file)
+{
+    return file.section(u'/', -1);
+}
+
+/// A form: a window of its own, told by the names that the system gives to forms.
+bool isForm(const QString &file)
+{
+    return placeOf(file).isScreen && nameOf(file).startsWith(u"frm");
+}
+
+/// True when a text between quotes, pieces on several lines joined, begins a statement.
+bool hasStatement(QString text)
+{
+    static const QRegularExpression seam(u"\"(?:_s)?\\s*\\n\\s*u?\""_s);
+    static const QRegularExpression statement(
+        u"\"\\s*(?:select\\s[^\"]*\\s(?:from|as)\\s|insert\\s+into\\s|update\\s+\\S+\\s+set\\s|"
+        "delete\\s+from\\s)"_s,
+        QRegularExpression::CaseInsensitiveOption);
+    return text.remove(seam).contains(statement);
 }
 
 TEST(Arrows, PointToFoldersBelow)
@@ -80,14 +150,21 @@ TEST(Arrows, PointToFoldersBelow)
 
 TEST(Arrows, LeaveWidgetsToScreens)
 {
-    static const QStringList widgets{u"QWidget"_s,     u"QDialog"_s,     u"QApplication"_s,
-                                     u"QMessageBox"_s, u"QMainWindow"_s, u"QLineEdit"_s};
+    const QDir toolkit(QLibraryInfo::path(QLibraryInfo::HeadersPath));
+    const QStringList modules{u"QtWidgets/"_s, u"QtGui/"_s, u"QtPrintSupport/"_s, u"QtCharts/"_s};
+    ASSERT_TRUE(toolkit.exists(u"QtWidgets/QWidget"_s)) << qPrintable(toolkit.path());
     for (const Include &include : allIncludes()) {
         if (!placeOf(include.file).isLogic)
             continue;
-        EXPECT_FALSE(widgets.contains(include.included) ||
-                     include.included.startsWith(u"platform/input/") ||
-                     include.included.startsWith(u"platform/grid/"))
+        for (const QString &module : modules) {
+            EXPECT_FALSE(include.included.startsWith(module) ||
+                         toolkit.exists(module + include.included))
+                << qPrintable(include.file) << " includes " << qPrintable(include.included);
+        }
+        EXPECT_FALSE(include.included.startsWith(u"platform/input/") ||
+                     include.included.startsWith(u"platform/grid/") ||
+                     include.included.startsWith(u"platform/help/") ||
+                     include.included.startsWith(u"platform/report/viewer/"))
             << qPrintable(include.file) << " includes " << qPrintable(include.included);
     }
 }
@@ -101,10 +178,69 @@ TEST(Arrows, KeepTheDoorsToTheOutsideInOnePlaceEach)
     for (const Include &include : allIncludes()) {
         for (const auto &[header, folder] : doors) {
             const bool used = include.included == header ||
+                              include.included.endsWith(u'/' + header) ||
                               (header.endsWith(u'/') && include.included.startsWith(header));
             EXPECT_TRUE(!used || include.file.startsWith(folder))
                 << qPrintable(include.file) << " includes " << qPrintable(include.included);
         }
+    }
+}
+
+TEST(Arrows, TakeTheClockFromTheEnvironment)
+{
+    expectOnlyBelow(
+        u"platform/base/Environment.cpp"_s,
+        QRegularExpression(
+            u"\\bcurrent(?:Date|DateTime|DateTimeUtc|Time|MSecsSinceEpoch|SecsSinceEpoch)\\s*\\(|"
+            "\\bsystem_clock\\b|\\bgettimeofday\\b|\\bclock_gettime\\b|\\bstd::time\\s*\\(|"
+            "(?<![\\w.>:])time\\s*\\(\\s*(?:nullptr|NULL|0|&\\s*\\w+)\\s*\\)"_s));
+}
+
+TEST(Arrows, StartProcessesInOnePlace)
+{
+    expectOnlyBelow(u"platform/system/"_s,
+                    QRegularExpression(u"\\bstd::system\\s*\\(|\\bpopen\\s*\\(|\\bposix_spawn|"
+                                       "(?<![\\w.>:])(?:system|fork|execv\\w*)\\s*\\("_s));
+}
+
+TEST(Arrows, KeepFormsOutOfHeaders)
+{
+    for (const Include &include : allIncludes()) {
+        EXPECT_FALSE(placeOf(include.file).isScreen && include.file.endsWith(u".h") &&
+                     isForm(include.included))
+            << qPrintable(include.file) << " includes " << qPrintable(include.included);
+    }
+}
+
+/// The pages that the machine's screen takes in stand in the folder of their subject, so a
+/// page may be included like a folder's entries.
+TEST(Arrows, ReachTheScreensOfOtherFoldersByTheirEntries)
+{
+    for (const Include &include : allIncludes()) {
+        const Place from = placeOf(include.file);
+        const Place to = placeOf(include.included);
+        if (!from.isScreen || !to.isScreen || to.subsystem == from.subsystem ||
+            to.subsystem == u"core")
+            continue;
+        EXPECT_TRUE(include.included.endsWith(u"Entries.h") || include.included.endsWith(u"Page.h"))
+            << qPrintable(include.file) << " includes " << qPrintable(include.included);
+    }
+}
+
+TEST(Arrows, LeaveStatementsToLogic)
+{
+    for (const Source &source : allSources()) {
+        const Place place = placeOf(source.file);
+        if (!place.isScreen || place.subsystem == u"core")
+            continue;
+        const bool isListed = ScreensWithStatements.contains(source.file);
+        if (!hasStatement(source.text)) {
+            if (isListed)
+                printf("%s has no statement any more: take it off the list.\n",
+                       qPrintable(source.file));
+            continue;
+        }
+        EXPECT_TRUE(isListed) << qPrintable(source.file) << " has a statement";
     }
 }
 
