@@ -11,7 +11,7 @@ namespace shell {
 /// What the main window can open. The application fills it at start, one line for each screen; the
 /// main window knows no screen of another folder. An entry that nobody has joined is disabled.
 ///
-///     screenEntries().add(u"mnuViewPart"_s, [] { ShowPartDetail(u"0"_s); });
+///     screenEntries().add(u"mnuViewPart"_s, [] { showPartDetail(Mode::Browse, u"0"_s); });
 class ScreenEntries
 {
 public:
