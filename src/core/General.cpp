@@ -14,7 +14,6 @@
 #include <algorithm>
 #include <cmath>
 
-using base::doubledQuotes;
 using base::trapped;
 using namespace Qt::StringLiterals;
 

@@ -14,6 +14,7 @@ run_packages=(qt6-qpa-plugins)
 test_packages=(libgtest-dev libgmock-dev poppler-utils unzip "firebird3.0-utils|firebird4.0-utils")
 bench_packages=(libbenchmark-dev)
 mutant_packages=(python3)
+tidy_packages=(clang clang-tidy)
 format_packages=("clang-format-14|clang-format")
 
 is_installed() { dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null | grep -qx installed; }

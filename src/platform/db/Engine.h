@@ -17,7 +17,7 @@ class Status final : public Firebird::BaseStatusWrapper<Status>
 {
 public:
     Status();
-    ~Status();
+    ~Status() override;
     Status(const Status &) = delete;
     Status &operator=(const Status &) = delete;
 

@@ -78,10 +78,8 @@ void collectNeeded(const Expression &condition, Sources &needed)
             collectStrict(*operand, needed);
         return;
     case Kind::In:
-        collectStrict(*condition.operands.front(), needed);
-        return;
     case Kind::Between:
-        // A negated one may hold by one bound alone.
+        // A negated "between" may hold by one bound alone.
         collectStrict(*condition.operands.front(), needed);
         return;
     case Kind::IsNull:

@@ -15,7 +15,7 @@ const Column *Table::find(QStringView column) const
 void Schema::add(Table table)
 {
     QString key = table.name.toLower();
-    m_tables.insert(std::move(key), std::move(table));
+    m_tables.emplace(std::move(key), std::move(table));
 }
 
 const Table *Schema::find(QStringView table) const

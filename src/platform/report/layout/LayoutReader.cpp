@@ -64,12 +64,10 @@ private:
     }
     std::optional<QString> take(QStringView name)
     {
-        const auto found = m_attributes.constFind(name.toString());
-        if (found == m_attributes.cend())
+        const QString key = name.toString();
+        if (!m_attributes.contains(key))
             return std::nullopt;
-        const QString value = *found;
-        m_attributes.erase(found);
-        return value;
+        return m_attributes.take(key);
     }
     void endAttributes()
     {
