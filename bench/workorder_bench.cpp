@@ -1,6 +1,6 @@
 #include "Replay.h"
+#include "company/SampleCompany.h"
 #include "core/Session.h"
-#include "core/database/CreateDatabase.h"
 #include "platform/base/Environment.h"
 #include "workorders/Board.h"
 #include "workorders/Generation.h"

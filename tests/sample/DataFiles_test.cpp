@@ -1,7 +1,7 @@
+#include "company/Calendar.h"
 #include "core/database/Csv.h"
 #include "core/database/ListFile.h"
 #include "core/database/Script.h"
-#include "core/database/sample/Calendar.h"
 #include "support/Raised.h"
 
 #include <gtest/gtest.h>

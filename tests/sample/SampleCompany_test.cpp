@@ -1,5 +1,6 @@
+#include "company/Calendar.h"
+#include "company/SampleCompany.h"
 #include "core/database/CreateDatabase.h"
-#include "core/database/sample/Calendar.h"
 #include "support/CompanyDatabase.h"
 #include "support/TestEnvironment.h"
 

@@ -1,5 +1,6 @@
 #include "console/Console.h"
 
+#include "company/SampleCompany.h"
 #include "core/database/CreateDatabase.h"
 #include "core/database/Csv.h"
 #include "platform/base/Environment.h"

@@ -99,11 +99,11 @@ void createEmptyDatabase(const db::Target &target)
     createWhole(target, fillEmpty);
 }
 
-void createSampleDatabase(const db::Target &target, QDate today, SampleSize size, quint64 seed)
+void createDatabase(const db::Target &target, const std::function<void(db::Connection &)> &fill)
 {
     createWhole(target, [&](db::Connection &connection) {
         fillEmpty(connection);
-        loadSampleCompany(connection, today, size, seed);
+        fill(connection);
     });
 }
 

@@ -1,4 +1,4 @@
-#include "core/database/sample/Schedule.h"
+#include "company/Schedule.h"
 
 #include "platform/base/Environment.h"
 

@@ -1,4 +1,4 @@
-#include "core/database/sample/Orders.h"
+#include "company/Orders.h"
 
 #include <algorithm>
 #include <map>

@@ -1,4 +1,4 @@
-#include "core/database/sample/Fleet.h"
+#include "company/Fleet.h"
 
 #include "platform/base/Environment.h"
 

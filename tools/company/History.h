@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/database/sample/Schedule.h"
+#include "company/Schedule.h"
 
 namespace company::sample {
 

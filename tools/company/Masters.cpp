@@ -1,7 +1,6 @@
-#include "core/database/sample/Masters.h"
+#include "company/Masters.h"
 
 #include "core/database/Csv.h"
-#include "core/database/Resources.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Error.h"
 
@@ -96,7 +95,7 @@ void Masters::readItems(db::Connection &connection)
 void Masters::writeSites(Batch &batch)
 {
     db::Connection &connection = batch.connection();
-    const CsvTable table(resourceText(u"sample/sites.csv"_s));
+    const CsvTable table(sampleText(u"sites"_s));
     for (int row = 0; row < table.rowCount(); ++row) {
         Site site;
         const QString name = table.text(row, u"SiteName"_s);
@@ -116,7 +115,7 @@ void Masters::writeSites(Batch &batch)
 
 void Masters::writeCrews(Batch &batch)
 {
-    const CsvTable table(resourceText(u"sample/crews.csv"_s));
+    const CsvTable table(sampleText(u"crews"_s));
     for (int row = 0; row < table.rowCount(); ++row) {
         Crew crew;
         crew.number = table.integer(row, u"CrewNumber"_s);
@@ -130,7 +129,7 @@ void Masters::writeCrews(Batch &batch)
 
 void Masters::writeCostCenters(Batch &batch)
 {
-    const CsvTable table(resourceText(u"sample/costcenters.csv"_s));
+    const CsvTable table(sampleText(u"costcenters"_s));
     for (int row = 0; row < table.rowCount(); ++row) {
         const QString description = table.text(row, u"Description"_s);
         const qint64 id = batch.connection().Insert(
@@ -142,7 +141,7 @@ void Masters::writeCostCenters(Batch &batch)
 
 void Masters::writeEmployees(Batch &batch, QDate today)
 {
-    const CsvTable table(resourceText(u"sample/employees.csv"_s));
+    const CsvTable table(sampleText(u"employees"_s));
     RowWriter writer(
         batch, u"tblEmployee"_s,
         {u"EmployeeID"_s,  u"FirstName"_s, u"Lastname"_s,  u"InitialName"_s, u"Gender"_s,
@@ -200,7 +199,7 @@ void Masters::writeEmployees(Batch &batch, QDate today)
 
 void Masters::writeSuppliers(Batch &batch)
 {
-    const CsvTable table(resourceText(u"sample/suppliers.csv"_s));
+    const CsvTable table(sampleText(u"suppliers"_s));
     const QStringList texts = {
         u"Name"_s, u"Tax"_s, u"Terms"_s, u"Email"_s, u"WebSite"_s, u"Address"_s,     u"Address2"_s,
         u"City"_s, u"Zip"_s, u"Phone"_s, u"Fax"_s,   u"Atten"_s,   u"ContactName"_s, u"Notes"_s};

@@ -1,4 +1,4 @@
-#include "core/database/sample/History.h"
+#include "company/History.h"
 
 #include "core/ServiceHistory.h"
 

@@ -1,9 +1,22 @@
-#include "core/database/sample/Content.h"
+#include "company/Content.h"
 
 #include "core/database/Csv.h"
 #include "core/database/Resources.h"
 
+// Outside any namespace, as the macro demands; see core/database/Resources.cpp.
+static void initialiseResources()
+{
+    Q_INIT_RESOURCE(sample_company);
+}
+
 namespace company::sample {
+
+QString sampleText(const QString &name)
+{
+    initialiseResources();
+    return resourceText(QStringLiteral("sample/") + name + QStringLiteral(".csv"));
+}
+
 namespace {
 
 using namespace Qt::StringLiterals;
@@ -31,7 +44,7 @@ QList<int> numbers(const QString &text)
 
 std::vector<CatalogueService> readServices()
 {
-    const CsvTable table(resourceText(u"sample/services.csv"_s));
+    const CsvTable table(sampleText(u"services"_s));
     std::vector<CatalogueService> services;
     for (int row = 0; row < table.rowCount(); ++row) {
         // Keys of the form that adding on the screen gives: month, day, hour, minute, second.
@@ -50,7 +63,7 @@ std::vector<CatalogueService> readServices()
 
 std::vector<FleetModel> readFleet()
 {
-    const CsvTable table(resourceText(u"sample/fleet.csv"_s));
+    const CsvTable table(sampleText(u"fleet"_s));
     std::vector<FleetModel> fleet;
     for (int row = 0; row < table.rowCount(); ++row) {
         const auto text = [&](const char *column) {
@@ -89,7 +102,7 @@ std::vector<FleetModel> readFleet()
 
 std::vector<PartFamily> readParts()
 {
-    const CsvTable table(resourceText(u"sample/parts.csv"_s));
+    const CsvTable table(sampleText(u"parts"_s));
     std::vector<PartFamily> parts;
     for (int row = 0; row < table.rowCount(); ++row)
         parts.push_back({table.text(row, u"Code"_s), table.text(row, u"Category"_s),
@@ -102,7 +115,7 @@ std::vector<PartFamily> readParts()
 
 QStringList readNotes(const QString &kind)
 {
-    const CsvTable table(resourceText(u"sample/notes.csv"_s));
+    const CsvTable table(sampleText(u"notes"_s));
     QStringList notes;
     for (int row = 0; row < table.rowCount(); ++row) {
         if (table.text(row, u"Kind"_s) == kind)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/database/sample/History.h"
+#include "company/History.h"
 
 namespace company::sample {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/database/sample/Calendar.h"
+#include "company/Calendar.h"
 
 #include <QList>
 #include <QString>
@@ -9,6 +9,9 @@
 
 /// What the sample company's tables in data/sample say.
 namespace company::sample {
+
+/// The text of a file of data/sample, by its name without ending.
+[[nodiscard]] QString sampleText(const QString &name);
 
 struct PartNeed
 {

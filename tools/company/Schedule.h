@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/database/sample/Fleet.h"
+#include "company/Fleet.h"
 
 namespace company::sample {
 

@@ -1,5 +1,7 @@
+#include "company/SampleCompany.h"
+
+#include "company/Orders.h"
 #include "core/database/CreateDatabase.h"
-#include "core/database/sample/Orders.h"
 
 namespace company {
 namespace {
@@ -72,6 +74,13 @@ void loadSampleCompany(db::Connection &connection, QDate today, SampleSize size,
         sample::writeHistory(batch, content, masters, machines, schedule, today, seed);
     sample::writeOrders(batch, content, masters, machines, schedule, plan, numbers, today, seed);
     batch.commit();
+}
+
+void createSampleDatabase(const db::Target &target, QDate today, SampleSize size, quint64 seed)
+{
+    createDatabase(target, [&](db::Connection &connection) {
+        loadSampleCompany(connection, today, size, seed);
+    });
 }
 
 } // namespace company

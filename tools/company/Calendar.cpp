@@ -1,4 +1,4 @@
-#include "core/database/sample/Calendar.h"
+#include "company/Calendar.h"
 
 #include "platform/base/Environment.h"
 #include "platform/base/Error.h"

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "company/Content.h"
+#include "company/Random.h"
 #include "core/database/RowWriter.h"
-#include "core/database/sample/Content.h"
-#include "core/database/sample/Random.h"
 
 #include <QHash>
 #include <map>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/database/sample/Masters.h"
+#include "company/Masters.h"
 
 namespace company::sample {
 
