@@ -104,6 +104,7 @@ std::vector<PartFamily> readParts()
 {
     const CsvTable table(sampleText(u"parts"_s));
     std::vector<PartFamily> parts;
+    parts.reserve(static_cast<size_t>(table.rowCount()));
     for (int row = 0; row < table.rowCount(); ++row)
         parts.push_back({table.text(row, u"Code"_s), table.text(row, u"Category"_s),
                          table.text(row, u"Description"_s), table.text(row, u"Supplier"_s),
