@@ -359,7 +359,7 @@ TEST_F(EquipmentScreen, ListsFollowTheirParents)
     EXPECT_EQ(stored(u"EquipmentMake"_s, 1).toLongLong(), make);
 }
 
-TEST_F(EquipmentScreen, AMakeThatWasDeletedByHandIsToldAndSavedAsNone)
+TEST_F(EquipmentScreen, AMakeThatWasDeletedByHandIsToldAndKept)
 {
     const qint64 mower = addItem(LookupList::EquipmentType, u"Mower"_s);
     addMachine(1, u"A"_s, u"mower"_s);
@@ -378,9 +378,11 @@ TEST_F(EquipmentScreen, AMakeThatWasDeletedByHandIsToldAndSavedAsNone)
         prompts.expect(u"You must first add a new Make before adding a new Model"_s, Icon::None);
         screen.press("cmdModel");
         screen.type("txtCapacity", u"1"_s);
+        missing();
         screen.press("cmdUpdate");
     });
-    EXPECT_EQ(stored(u"EquipmentMake"_s, 1), u"0");
+    EXPECT_EQ(stored(u"EquipmentMake"_s, 1), u"9999");
+    EXPECT_EQ(stored(u"Capacity"_s, 1), u"1");
 }
 
 TEST_F(EquipmentScreen, ALoanRenamesTheLease)
@@ -631,7 +633,7 @@ TEST_F(EquipmentScreen, AMachineThatAnotherWorkstationHoldsKeepsWhatWasTyped)
         other->BeginTrans();
         other->Execute(u"update tblEquipment set Weight = 'theirs' where EquipmentID = 1"_s);
         prompts.expect(
-            u"Another workstation is changing this record. Please try again in a moment."_s,
+            u"Another workstation is changing the machine \"A\". Please try again in a moment."_s,
             Icon::None);
         screen.press("cmdUpdate");
         EXPECT_EQ(screen.text("txtCapacity"), u"mine");

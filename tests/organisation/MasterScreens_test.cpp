@@ -1,6 +1,7 @@
 #include "organisation/MasterSession.h"
 #include "organisation/ui/Entries.h"
 #include "platform/grid/GridView.h"
+#include "platform/input/IdCombo.h"
 
 using namespace Qt::StringLiterals;
 using test::inScreen;
@@ -170,32 +171,23 @@ TEST_F(MasterScreens, ASiteAddedFromTheLocationCanBeChosenThere)
              });
 }
 
-TEST_F(MasterScreens, ComingBackFromTheReportOfTwoLikeSitesReportsNothingMore)
+TEST_F(MasterScreens, OfTwoLikeSitesEachIsShownAndKept)
 {
     addSite(u"North Yard"_s);
-    addSite(u"north yard"_s);
-    const auto tell = [](QWidget &window, QEvent::Type type) {
-        QEvent event(type);
-        QApplication::sendEvent(&window, &event);
-    };
-    int reports = 0;
-    const ErrorReportForm former = setErrorReportForm([&](const ErrorReport &) {
-        ++reports;
-        // The report takes the place in front.
-        if (QWidget *screen = QApplication::activeModalWidget())
-            tell(*screen, QEvent::WindowDeactivate);
-    });
-    inScreen([] { ShowLocationDetail(Mode::Browse, 0); },
+    const qint64 second = addSite(u"north yard"_s);
+    inScreen([] { ShowLocationDetail(Mode::Add, 0); },
              [&](const ScreenDriver &screen) {
-                 tell(screen.screen(), QEvent::WindowActivate); // back from the first report
-                 reports = 0;
-                 for (const int reported : {1, 1, 2}) {
-                     tell(screen.screen(), QEvent::WindowActivate);
-                     EXPECT_EQ(reports, reported);
-                 }
+                 screen.type("txtLocationName", u"Shed"_s);
+                 auto &sites = screen.control<input::IdCombo>("cboSite");
+                 sites.select(second);
+                 screen.press("cmdUpdate");
+                 EXPECT_EQ(sites.id(), second);
+                 screen.type("txtLocationName", u"Barn"_s);
+                 screen.press("cmdUpdate");
                  screen.press("cmdExit");
              });
-    setErrorReportForm(former);
+    EXPECT_EQ(errors.takeOne().ErrNumber, base::ErrorNumber::DuplicateKeyInCollection);
+    EXPECT_EQ(value(u"Select Site from tblLocation"_s), QString::number(second));
 }
 
 TEST_F(MasterScreens, ANewCostCenterIsShownAfterSaving)

@@ -102,10 +102,9 @@ void Bindings::display(Entry &entry, const QVariant &value)
 
 void Bindings::empty(Entry &entry)
 {
-    if (!entry.clear)
-        return;
-    entry.clear();
-    entry.shown = entry.get();
+    if (entry.clear)
+        entry.clear();
+    entry.shown = {};
 }
 
 Bindings::Entry Bindings::entryOf(QLineEdit *box)

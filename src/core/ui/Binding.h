@@ -128,7 +128,7 @@ public:
         for (std::size_t i = 0; i < m_entries.size(); ++i)
             display(m_entries[i], record::value(record, m_members[i]));
     }
-    /// Empties the controls for a record that is not stored yet.
+    /// Empties the controls for a record that is not stored yet, of which all counts as typed.
     void clear()
     {
         show(Record());

@@ -51,7 +51,7 @@ void EnginePage::buildPage()
 
 void EnginePage::editModels()
 {
-    if (cboEngineMake->id() == 0) {
+    if (!cboEngineMake->isItemChosen()) {
         base::showMessage(u"You must first add a new Make before adding a new Model"_s);
         return;
     }

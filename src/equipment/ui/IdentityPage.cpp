@@ -177,7 +177,7 @@ void IdentityPage::focusUnitNo()
 
 void IdentityPage::editModels()
 {
-    if (cboMake->id() == 0) {
+    if (!cboMake->isItemChosen()) {
         base::showMessage(u"You must first add a new Make before adding a new Model"_s);
         return;
     }

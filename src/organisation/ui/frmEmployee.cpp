@@ -221,15 +221,24 @@ bool frmEmployee::VailidateFields()
 std::optional<QVariant> frmEmployee::saveRecord()
 {
     const clsEmployee employee = m_fields.read();
-    return base::trapped(
-        "Employee", "cmdUpdate_Click", std::optional<QVariant>(), [&]() -> std::optional<QVariant> {
-            TransactionScope transaction;
-            if (!clsEmployee_Manager().SaveRecord(employee, mode(), m_fields.shown()) ||
-                !recalculateLabourCosts(employee))
-                return std::nullopt;
-            transaction.commit();
-            return QVariant(employee.EmployeeID);
-        });
+    bool isCarriedOn = false;
+    try {
+        TransactionScope transaction;
+        if (!clsEmployee_Manager().SaveRecord(employee, mode(), m_fields.shown()))
+            return std::nullopt;
+        isCarriedOn = isLabourCostCarriedOn(employee);
+        if (isCarriedOn && !ChangeServiceLabourEstimate(employee.Crew))
+            return std::nullopt;
+        transaction.commit();
+        return QVariant(employee.EmployeeID);
+    } catch (const base::Error &error) {
+        if (!isCarriedOn || error.number() == db::ErrorNumber::LockConflict)
+            throw;
+        const base::Interlude telling;
+        base::reportCurrentException("Employee", "cmdUpdate_Click");
+        base::showInformation(u"Problem in changing Service Total Lobour cost."_s);
+        return std::nullopt;
+    }
 }
 
 QString frmEmployee::recordName() const
@@ -237,17 +246,12 @@ QString frmEmployee::recordName() const
     return u"the employee \"%1\""_s.arg(txtEmployeeID->text().trimmed());
 }
 
-bool frmEmployee::recalculateLabourCosts(const clsEmployee &employee)
+bool frmEmployee::isLabourCostCarriedOn(const clsEmployee &employee) const
 {
     const bool changed = m_crewTouched || employee.LaborCost != m_fields.shown().LaborCost;
-    if (!changed ||
-        !base::askYesNo(u"Do you to update all the labor costs in every service that this "
-                        "employee is assiged to.?"_s))
-        return true;
-    if (ChangeServiceLabourEstimate(employee.Crew))
-        return true;
-    base::showInformation(u"Problem in changing Service Total Lobour cost."_s);
-    return false;
+    return changed &&
+           base::askYesNo(u"Do you to update all the labor costs in every service that this "
+                          "employee is assiged to.?"_s);
 }
 
 bool frmEmployee::deleteRecord(const QVariant &key)

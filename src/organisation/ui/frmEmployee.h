@@ -44,7 +44,8 @@ private:
     void loadLists();
     void loadStates();
     void checkOnLeaving();
-    bool recalculateLabourCosts(const clsEmployee &employee);
+    /// Asks whether a changed labour cost reaches the services of the crew.
+    bool isLabourCostCarriedOn(const clsEmployee &employee) const;
 
     QLineEdit *txtEmployeeID = nullptr;
     QLineEdit *txtFirstName = nullptr;

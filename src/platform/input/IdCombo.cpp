@@ -43,6 +43,11 @@ qint64 IdCombo::id() const
     return m_unlisted != 0 ? m_unlisted : currentData().toLongLong();
 }
 
+bool IdCombo::isItemChosen() const
+{
+    return currentData().toLongLong() != 0;
+}
+
 bool IdCombo::display(qint64 id)
 {
     if (select(id))

@@ -22,6 +22,8 @@ public:
     void add(const QStringList &texts);
     /// The id of the item shown, or the one that display() could not show; 0 without one.
     [[nodiscard]] qint64 id() const;
+    /// True when the item shown is one of the list, and not the blank one.
+    [[nodiscard]] bool isItemChosen() const;
     /// Shows the item with this id. Without one (it was deleted, or the list is not whole) the list
     /// shows its blank item and keeps the id until another item is chosen, so that what can't be
     /// shown is not lost; False then.
