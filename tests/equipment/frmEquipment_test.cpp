@@ -1,7 +1,9 @@
 #include "core/CompanySession.h"
 #include "core/General.h"
+#include "core/ui/EveryField.h"
 #include "core/ui/ScreenCalls.h"
 #include "core/ui/ScreenDriver.h"
+#include "equipment/clsEquipment.h"
 #include "equipment/ui/Entries.h"
 #include "equipment/ui/EquipmentTabs.h"
 #include "organisation/clsIndicator.h"
@@ -357,6 +359,20 @@ TEST_F(EquipmentScreen, ListsFollowTheirParents)
         EXPECT_EQ(screen.text("cboMake"), u"Acme");
     });
     EXPECT_EQ(stored(u"EquipmentMake"_s, 1).toLongLong(), make);
+}
+
+TEST_F(EquipmentScreen, EveryFieldIsShownAndSaved)
+{
+    const qint64 site = insert(u"tblSite"_s, {{u"SiteName"_s, u"Yard"_s}}, u"SiteID"_s);
+    insert(u"tblLocation"_s, {{u"LocationName"_s, u"Shed"_s}, {u"Site"_s, site}}, u"LocationID"_s);
+    insert(u"tblCrew"_s, {{u"CrewNumber"_s, 1}, {u"Description"_s, u"Mowing"_s}}, u"CrewID"_s);
+    insert(u"tblSupplier"_s, {{u"SupplierID"_s, 1}, {u"Name"_s, u"Tool Barn"_s}});
+    addMachine(1, u"A"_s, u"mower"_s);
+    work(Mode::Browse, 1, [&](const ScreenDriver &screen) {
+        test::expectEveryFieldIsSaved(screen, u"tblEquipment"_s,
+                                      record::columns(clsEquipment::fields()),
+                                      {u"EquipmentID"_s, u"VehicleOwnedLeased"_s});
+    });
 }
 
 TEST_F(EquipmentScreen, AMakeThatWasDeletedByHandIsToldAndKept)

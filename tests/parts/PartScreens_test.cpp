@@ -1,6 +1,8 @@
+#include "core/ui/EveryField.h"
 #include "core/ui/ScreenCalls.h"
 #include "organisation/MasterSession.h"
 #include "parts/PartSelection.h"
+#include "parts/clsPart.h"
 #include "parts/ui/Entries.h"
 #include "platform/grid/GridView.h"
 
@@ -79,6 +81,18 @@ TEST_F(PartScreens, ANewPartNeedsANumberAndADescription)
                  screen.press("cmdExit");
              });
     EXPECT_EQ(last, u"P-2"_s);
+}
+
+TEST_F(PartScreens, EveryFieldIsShownAndSaved)
+{
+    addPart(u"P-1"_s, u"Oil filter"_s);
+    inScreen([] { showPartDetail(Mode::Browse, u"P-1"_s); },
+             [](const ScreenDriver &screen) {
+                 test::expectEveryFieldIsSaved(screen, u"tblPart"_s,
+                                               record::columns(clsPart::fields()),
+                                               {u"chkNotTrackInventory"_s, u"TrackInventory"_s});
+                 screen.press("cmdExit");
+             });
 }
 
 TEST_F(PartScreens, ANumberInUseIsRefusedWhenTheFieldIsLeft)
