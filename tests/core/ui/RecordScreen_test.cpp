@@ -2,6 +2,8 @@
 
 #include "core/CompanySession.h"
 #include "core/General.h"
+#include "core/RecordStore.h"
+#include "core/ui/Binding.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/ScreenDriver.h"
 #include "platform/input/FormBuilder.h"
@@ -17,6 +19,24 @@ using Buttons = base::Prompts::Buttons;
 using Answer = base::Prompts::Answer;
 
 namespace {
+
+struct SampleCrew
+{
+    qint64 CrewID = 0;
+    QString CrewNumber;
+    QString Description;
+};
+constexpr record::Field<SampleCrew> Fields[] = {
+    {u"CrewNumber", &SampleCrew::CrewNumber},
+    {u"Description", &SampleCrew::Description},
+};
+
+SampleCrew fromRow(const db::Row &row)
+{
+    SampleCrew crew = record::load<SampleCrew>(row, std::span(Fields));
+    crew.CrewID = row.integer(u"CrewID");
+    return crew;
+}
 
 /// Crews without any rule but a required number.
 class frmSample final : public RecordScreen
@@ -35,7 +55,9 @@ public:
         txtDescription = form.textField(u"txtDescription"_s, u"D&escription:"_s);
         makeButtons(form, {.find = true});
         form.finish();
-        setFields({}, {txtNumber, txtDescription});
+        m_fields.add(txtNumber, &SampleCrew::CrewNumber);
+        m_fields.add(txtDescription, &SampleCrew::Description);
+        setFields({&m_fields});
         setListGrid(list);
     }
 
@@ -47,34 +69,26 @@ protected:
         return gcnData->Open(u"Select * from tblCrew order by CrewNumber"_s);
     }
     QString keyColumn() const override { return u"CrewID"_s; }
-    void DisplayData(const db::Row &row) override
-    {
-        m_id = row.integer(u"CrewID");
-        m_stored = row.text(u"CrewNumber");
-        txtNumber->setText(m_stored);
-        txtDescription->setText(row.text(u"Description"));
-    }
-    void ClearData() override
-    {
-        txtNumber->clear();
-        txtDescription->clear();
-    }
+    void DisplayData(const db::Row &row) override { m_fields.show(fromRow(row)); }
+    void ClearData() override { m_fields.clear(); }
     void prepareNewRecord() override { txtNumber->setFocus(); }
     bool VailidateFields() override
     {
         if (txtNumber->text().isEmpty())
             return refuse(txtNumber, u"Number should not be blank."_s);
-        return confirmMassChange(txtNumber, m_stored);
+        return confirmMassChange(txtNumber, m_fields.shown().CrewNumber);
     }
     std::optional<QVariant> saveRecord() override
     {
+        const SampleCrew crew = m_fields.read();
         if (mode() == Mode::Add)
             return gcnData->Insert(u"Insert into tblCrew(CrewNumber,Description) values(?,?)"_s,
-                                   {txtNumber->text(), txtDescription->text()}, u"CrewID"_s);
-        gcnData->Execute(u"Update tblCrew set CrewNumber=?,Description=? where CrewID=?"_s,
-                         {txtNumber->text(), txtDescription->text(), m_id});
-        return QVariant(m_id);
+                                   {crew.CrewNumber, crew.Description}, u"CrewID"_s);
+        record::change<SampleCrew>(record::Store::Data, u"tblCrew", Fields, crew, m_fields.shown(),
+                                   u"CrewID", crew.CrewID, fromRow);
+        return QVariant(crew.CrewID);
     }
+    QString recordName() const override { return u"the crew \"%1\""_s.arg(txtNumber->text()); }
     bool deleteRecord(const QVariant &key) override
     {
         gcnData->Execute(u"Delete from tblCrew where CrewID=?"_s, {key});
@@ -85,8 +99,7 @@ protected:
 private:
     QLineEdit *txtNumber = nullptr;
     QLineEdit *txtDescription = nullptr;
-    qint64 m_id = 0;
-    QString m_stored;
+    Binding<SampleCrew> m_fields{Fields};
 };
 
 class RecordScreens : public test::CompanySession
@@ -293,4 +306,97 @@ TEST_F(RecordScreens, AMassChangeIsAskedForOnlyWhenTheNameOfAUsedRecordChanges)
         screen.press("cmdExit");
     });
     EXPECT_EQ(GetRecordCount(u"tblCrew"_s, u"CrewNumber = 5"_s), 1);
+}
+
+TEST_F(RecordScreens, WhatAnotherWorkstationChangedIsToldAndTheUserChooses)
+{
+    addCrews({1});
+    const std::unique_ptr<db::Connection> other = database.open();
+    const auto describe = [&](const QString &text) {
+        other->Execute(u"Update tblCrew set Description = ?"_s, {text});
+    };
+    const auto expectQuestion = [this](const QString &mine, const QString &theirs, Answer answer) {
+        prompts.expect(u"Another workstation has changed the crew \"1\" meanwhile.\n\nDescription: "
+                       "yours \"%1\", theirs \"%2\"\n\nDo you want to store your values? No shows "
+                       "theirs, and nothing is stored yet."_s.arg(mine, theirs),
+                       Icon::Question, Buttons::YesNoCancel, answer);
+    };
+    const auto stored = [] { return value(u"Select Description from tblCrew"_s).toString(); };
+    work(Mode::Browse, {}, [&](const ScreenDriver &screen) {
+        screen.type("txtDescription", u"mine"_s);
+        describe(u"theirs"_s);
+        expectQuestion(u"mine"_s, u"theirs"_s, Answer::Cancel);
+        screen.press("cmdUpdate");
+        EXPECT_EQ(screen.text("txtDescription"), u"mine"_s) << "what was typed is still there";
+        EXPECT_EQ(stored(), u"theirs"_s);
+
+        expectQuestion(u"mine"_s, u"theirs"_s, Answer::Yes);
+        screen.press("cmdUpdate");
+        EXPECT_EQ(stored(), u"mine"_s);
+
+        screen.type("txtDescription", u"more"_s);
+        describe(u"again"_s);
+        expectQuestion(u"more"_s, u"again"_s, Answer::No);
+        screen.press("cmdUpdate");
+        EXPECT_EQ(screen.text("txtDescription"), u"again"_s);
+        EXPECT_EQ(stored(), u"again"_s);
+        EXPECT_EQ(buttons(screen), "Update Cancel ");
+        screen.type("txtDescription", u"last"_s);
+        screen.press("cmdUpdate");
+        EXPECT_EQ(stored(), u"last"_s) << "theirs counts as shown by now";
+
+        screen.type("txtNumber", u"2"_s);
+        describe(u"beside"_s);
+        screen.press("cmdUpdate");
+        EXPECT_EQ(stored(), u"beside"_s) << "a field that was not changed is left to the other";
+        EXPECT_EQ(screen.text("txtDescription"), u"beside"_s);
+        screen.press("cmdExit");
+    });
+}
+
+TEST_F(RecordScreens, ACancelAfterAConflictShowsTheRowAsItIsNow)
+{
+    addCrews({1});
+    work(Mode::Browse, {}, [&](const ScreenDriver &screen) {
+        screen.type("txtDescription", u"mine"_s);
+        database.open()->Execute(u"Update tblCrew set Description = 'theirs'"_s);
+        prompts.expect(u"Another workstation has changed the crew \"1\" meanwhile.\n\nDescription: "
+                       "yours \"mine\", theirs \"theirs\"\n\nDo you want to store your values? No "
+                       "shows theirs, and nothing is stored yet."_s,
+                       Icon::Question, Buttons::YesNoCancel, Answer::Cancel);
+        screen.press("cmdUpdate");
+        screen.press("cmdCancel");
+        EXPECT_EQ(screen.text("txtDescription"), u"theirs"_s);
+        screen.press("cmdExit");
+    });
+}
+
+TEST_F(RecordScreens, ARowThatIsGoneCanBeAddedAgainAndAHeldOneIsLeft)
+{
+    addCrews({1, 2});
+    const QString gone = u"Another workstation has deleted the crew \"1\" or given it another "
+                         "number. What you typed is still here. Do you want to add it as a new "
+                         "record?"_s;
+    const std::unique_ptr<db::Connection> other = database.open();
+    work(Mode::Browse, {}, [&](const ScreenDriver &screen) {
+        screen.type("txtDescription", u"mine"_s);
+        other->BeginTrans();
+        other->Execute(u"Update tblCrew set Description = 'held'"_s);
+        const QString busy =
+            u"Another workstation is changing the crew \"1\". Please try again in a moment."_s;
+        prompts.expect(busy, Icon::None);
+        screen.press("cmdUpdate");
+        other->RollbackTrans();
+
+        other->Execute(u"Delete from tblCrew where CrewNumber = 1"_s);
+        prompts.expect(gone, Icon::Question, Buttons::YesNo, Answer::No);
+        screen.press("cmdUpdate");
+        EXPECT_EQ(screen.text("txtDescription"), u"mine"_s);
+        EXPECT_EQ(count(u"tblCrew"_s), 1);
+        prompts.expect(gone, Icon::Question, Buttons::YesNo, Answer::Yes);
+        screen.press("cmdUpdate");
+        EXPECT_EQ(screen.text("txtDescription"), u"mine"_s);
+        EXPECT_EQ(count(u"tblCrew"_s, u"CrewNumber = 1 and Description = 'mine'"_s), 1);
+        screen.press("cmdExit");
+    });
 }
