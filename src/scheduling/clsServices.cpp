@@ -76,28 +76,59 @@ void insertIntoCatalogue(const clsServices &service)
     gcnData->Execute(record::insertStatement(u"tblServices", columns), values);
 }
 
-void updateCatalogue(const clsServices &service)
+/// A field of the service as one of the assigned service.
+record::Field<AssignedService> assignedField(const record::Field<clsServices> &field)
 {
-    QVariantList values = record::values<clsServices>(service, Fields);
-    values.append(service.ServiceID);
-    gcnData->Execute(record::updateStatement<clsServices>(u"tblServices", Fields, u"ServiceID"),
-                     values);
+    return {field.column, std::visit(
+                              [](auto member) -> record::Member<AssignedService> {
+                                  using Value = std::decay_t<decltype(clsServices().*member)>;
+                                  return static_cast<Value AssignedService::*>(member);
+                              },
+                              field.member)};
 }
 
-void updateAssigned(const clsServices &service, const AssignedSchedule &schedule)
+std::vector<record::Field<AssignedService>> assignedFields()
 {
-    std::vector<QStringView> columns = record::columns<clsServices>(Fields);
-    columns.insert(columns.end(), {u"NextScheduledDate", u"Inactive", u"NextScheduledCount"});
-    QVariantList values = record::values<clsServices>(service, Fields);
-    values << dateOrNull(schedule.NextScheduledDate) << schedule.Inactive
-           << schedule.NextScheduledCount << service.ServiceID;
-    gcnData->Execute(record::updateStatement(u"tblServiceUsed", columns, u"ServiceUsedID"), values);
+    std::vector<record::Field<AssignedService>> fields;
+    std::ranges::transform(Fields, std::back_inserter(fields), assignedField);
+    fields.push_back({u"NextScheduledDate", &AssignedService::NextScheduledDate});
+    fields.push_back({u"Inactive", &AssignedService::Inactive});
+    fields.push_back({u"NextScheduledCount", &AssignedService::NextScheduledCount});
+    return fields;
+}
+
+AssignedService whole(const clsServices &service, const AssignedSchedule &schedule)
+{
+    return {service, schedule};
+}
+
+void change(const clsServices &service, const std::optional<AssignedService> &shown)
+{
+    std::optional<clsServices> before;
+    if (shown)
+        before = *shown;
+    record::change<clsServices>(record::Store::Data, u"tblServices", Fields, service, before,
+                                u"ServiceID", service.ServiceID, [](const db::Row &row) {
+                                    return clsServicesManager::fromRow(row,
+                                                                       ServiceStore::Catalogue);
+                                });
+}
+
+void change(const AssignedService &service, const std::optional<AssignedService> &shown)
+{
+    record::change<AssignedService>(record::Store::Data, u"tblServiceUsed",
+                                    AssignedService::fields(), service, shown, u"ServiceUsedID",
+                                    service.ServiceID, AssignedService::fromRow);
 }
 
 /// A count service needs a first reading to count from; without a date of its own it may be due on
 /// the meter already.
-void followTheMeter(const clsServices &service, const AssignedSchedule &schedule)
+void followTheMeter(qint64 serviceUsedID)
 {
+    const AssignedService service = AssignedService::fromRow(
+        gcnData->Open(u"Select * from tblServiceUsed where ServiceUsedID = ?"_s, {serviceUsedID})
+            .row(0));
+    const AssignedSchedule &schedule = service;
     QString countType = readings::countType(service.Period);
     if (countType.isEmpty())
         return;
@@ -122,17 +153,39 @@ void followTheMeter(const clsServices &service, const AssignedSchedule &schedule
 
 } // namespace
 
+std::span<const record::Field<clsServices>> clsServices::fields()
+{
+    return Fields;
+}
+
+std::span<const record::Field<AssignedService>> AssignedService::fields()
+{
+    static const std::vector<record::Field<AssignedService>> fields = assignedFields();
+    return fields;
+}
+
+AssignedService AssignedService::fromRow(const db::Row &row)
+{
+    AssignedService service{clsServicesManager::fromRow(row, ServiceStore::Assigned), {}};
+    service.EquipmentID = row.integer(u"EquipmentID");
+    service.NextScheduledDate = row.date(u"NextScheduledDate");
+    service.NextScheduledCount = row.integer(u"NextScheduledCount");
+    service.Inactive = static_cast<int>(row.integer(u"Inactive"));
+    return service;
+}
+
 bool clsServicesManager::SaveRecord(clsServices &Service, ::Mode Mode, ServiceStore Store,
-                                    const AssignedSchedule &Schedule) const
+                                    const AssignedSchedule &Schedule,
+                                    const std::optional<AssignedService> &Shown) const
 {
     const auto write = [&] {
         if (Mode == Mode::Add) {
             insertIntoCatalogue(Service);
         } else if (Store == ServiceStore::Catalogue) {
-            updateCatalogue(Service);
+            change(Service, Shown);
         } else {
-            updateAssigned(Service, Schedule);
-            followTheMeter(Service, Schedule);
+            change(whole(Service, Schedule), Shown);
+            followTheMeter(Service.ServiceID);
         }
     };
     return base::trapped(Module, "SaveRecord", false, [&] {

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "core/Mode.h"
+#include "core/RecordFields.h"
 #include "platform/db/Recordset.h"
 
 #include <QDateTime>
 #include <QString>
+#include <optional>
 
 /// A service: a row of the catalogue tblServices, or of tblServiceUsed, its copy on a machine.
 struct clsServices
@@ -29,6 +31,8 @@ struct clsServices
     QString Note;
 
     bool operator==(const clsServices &) const = default;
+    /// The columns that both stores have, but the key.
+    [[nodiscard]] static std::span<const record::Field<clsServices>> fields();
 };
 
 /// The two stores of services.
@@ -43,6 +47,14 @@ struct AssignedSchedule
     int Inactive = 0;
 };
 
+/// An assigned service whole.
+struct AssignedService : clsServices, AssignedSchedule
+{
+    /// Its columns, but the keys.
+    [[nodiscard]] static std::span<const record::Field<AssignedService>> fields();
+    [[nodiscard]] static AssignedService fromRow(const db::Row &row);
+};
+
 /// Services in the database. Data, inside the transaction that the caller holds.
 class clsServicesManager
 {
@@ -52,8 +64,10 @@ public:
     /// is repeated, so read both back from it.
     /// An assigned count service on a machine without a reading of its kind asks for the first one
     /// (see askFirstReading) and then counts on from the machine's newest reading.
+    /// A change writes what differs from Shown, see record::change; what it raises is that, too.
     [[nodiscard]] bool SaveRecord(clsServices &Service, Mode Mode, ServiceStore Store,
-                                  const AssignedSchedule &Schedule = {}) const;
+                                  const AssignedSchedule &Schedule = {},
+                                  const std::optional<AssignedService> &Shown = {}) const;
     /// Deletes a service of the catalogue with its parts.
     [[nodiscard]] bool DeleteRecord(qint64 ServiceID) const;
     /// "Service Used" while a machine has the catalogue service, else empty. It guards the service,

@@ -7,6 +7,7 @@
 #include "platform/input/CurrencyInput.h"
 #include "platform/input/DateInput.h"
 #include "platform/input/PhoneInput.h"
+#include "platform/input/SpinInput.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -207,6 +208,20 @@ Bindings::Entry Bindings::textEntryOf(input::IdCombo *list)
                 }
             },
             [=] { return !list->currentText().trimmed().isEmpty(); }};
+}
+
+Bindings::Entry Bindings::entryOf(input::SpinInput *box)
+{
+    return {box, [=] { return box->value(); },
+            [=](const QVariant &value) { box->setValue(value.toInt()); },
+            [=] { return box->value() != 0; }};
+}
+
+Bindings::Entry Bindings::entryOf(QCheckBox *box, int ticked)
+{
+    return {box, [=] { return box->isChecked() ? ticked : 0; },
+            [=](const QVariant &value) { box->setChecked(value.toInt() != 0); },
+            [=] { return box->isChecked(); }};
 }
 
 Bindings::Entry Bindings::entryOf(QCheckBox *box)

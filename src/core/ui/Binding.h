@@ -18,6 +18,7 @@ class CurrencyInput;
 class DateInput;
 class IdCombo;
 class PhoneInput;
+class SpinInput;
 } // namespace input
 
 /// Ties controls to the fields of a record: one line for each field serves showing, emptying and
@@ -70,7 +71,9 @@ protected:
     static Entry entryOf(input::IdCombo *list);
     static Entry idAsTextEntryOf(input::IdCombo *list);
     static Entry textEntryOf(input::IdCombo *list);
+    static Entry entryOf(input::SpinInput *box);
     static Entry entryOf(QCheckBox *box);
+    static Entry entryOf(QCheckBox *box, int ticked);
 
     /// Shows a value in one control, and remembers how it looks there.
     static void display(Entry &entry, const QVariant &value);
@@ -118,6 +121,19 @@ public:
     }
     /// A list of texts. A stored text that it lacks is added to it.
     void add(input::IdCombo *list, QString Record::*member) { push(textEntryOf(list), member); }
+    void add(input::SpinInput *box, int Record::*member) { push(entryOf(box), member); }
+    /// A tick that is kept as a number, 0 without it.
+    void add(QCheckBox *box, int Record::*member, int ticked)
+    {
+        push(entryOf(box, ticked), member);
+    }
+    /// Controls of a kind of their own: get gives what they hold, as the member keeps it, set shows
+    /// a value. The control is the one whose caption names the field.
+    void add(QWidget *control, const record::Member<Record> &member, std::function<QVariant()> get,
+             std::function<void(const QVariant &)> set)
+    {
+        push({control, std::move(get), std::move(set), [] { return false; }}, member);
+    }
     /// A tick that is kept as "0" or "1".
     void add(QCheckBox *box, QString Record::*member) { push(entryOf(box), member); }
 

@@ -72,7 +72,7 @@ void RecordScreen::makeButtons(input::FormBuilder &form, const Buttons &buttons)
 
 void RecordScreen::setFields(const QList<Bindings *> &fields, const QList<QWidget *> &further)
 {
-    m_fields = fields;
+    setSavedFields(fields);
     m_dataControls = further;
     for (const Bindings *binding : fields)
         m_dataControls += binding->controls();
@@ -103,7 +103,7 @@ QVariant RecordScreen::currentKey() const
 
 void RecordScreen::RefreshRecordSet(const QVariant &key)
 {
-    m_isStale = false;
+    setStale(false);
     m_rows = loadRows();
     if (m_grid) {
         const QScopedValueRollback following(m_following, true);
@@ -266,84 +266,9 @@ void RecordScreen::cmdUpdate_Click()
         RefreshRecordSet(*key);
 }
 
-std::optional<QVariant> RecordScreen::store()
-{
-    constexpr int Tries = 10;
-    for (int tries = 1;; ++tries) {
-        try {
-            const base::Whole whole;
-            return saveRecord();
-        } catch (const record::Conflict &conflict) {
-            const base::Interlude asking;
-            if (!resolve(conflict))
-                return std::nullopt;
-        } catch (const base::Error &error) {
-            const bool isKeyTaken =
-                error.number() == db::ErrorNumber::DuplicateKey && mode() == Mode::Add;
-            if (!isKeyTaken || tries >= Tries || !takeFreshKey()) {
-                tellFailure(error, "cmdUpdate_Click");
-                return std::nullopt;
-            }
-        }
-    }
-}
-
-void RecordScreen::tellFailure(const base::Error &error, const char *procedure) const
-{
-    // Nothing is wrong then: the other one will be done in a moment, and the user tries again.
-    if (error.number() == db::ErrorNumber::LockConflict)
-        base::showMessage(
-            u"Another workstation is changing %1. Please try again in a moment."_s.arg(
-                recordName()));
-    else
-        base::reportCurrentException(qPrintable(formName()), procedure);
-}
-
-/// Asks what is to be stored. True when the save is to be tried again.
-bool RecordScreen::resolve(const record::Conflict &conflict)
-{
-    m_isStale = true;
-    if (conflict.isGone()) {
-        if (!base::askYesNo(u"Another workstation has deleted %1 or given it another number. What "
-                            "you typed is still here. Do you want to add it as a new "
-                            "record?"_s.arg(recordName())))
-            return false;
-        setMode(Mode::Add);
-        return true;
-    }
-    QStringList lines;
-    for (const record::Difference &one : conflict.differences())
-        lines.append(difference(one));
-    const auto answer = base::prompts().show(
-        {u"Another workstation has changed %1 meanwhile.\n\n%2\n\nDo you want to store your "
-         "values? No shows theirs, and nothing is stored yet."_s.arg(recordName(),
-                                                                     lines.join(u'\n')),
-         base::Prompts::Icon::Question,
-         base::Prompts::Buttons::YesNoCancel,
-         {}});
-    if (answer == base::Prompts::Answer::Cancel)
-        return false;
-    const bool keepMine = answer == base::Prompts::Answer::Yes;
-    const Displaying displaying(*this);
-    for (const record::Difference &one : conflict.differences())
-        for (Bindings *binding : std::as_const(m_fields))
-            binding->rebase(one.column, one.theirs, keepMine);
-    return keepMine;
-}
-
-QString RecordScreen::difference(const record::Difference &difference) const
-{
-    for (const Bindings *binding : m_fields)
-        if (const QString caption = binding->caption(difference.column); !caption.isEmpty())
-            return u"%1: yours \"%2\", theirs \"%3\""_s.arg(
-                caption, binding->text(difference.column, difference.mine),
-                binding->text(difference.column, difference.theirs));
-    return difference.column;
-}
-
 void RecordScreen::cmdCancel_Click()
 {
-    if (std::exchange(m_isStale, false))
+    if (isStale())
         RefreshRecordSet(currentKey());
     else
         showCurrentRow();

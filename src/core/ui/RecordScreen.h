@@ -1,12 +1,8 @@
 #pragma once
 
-#include "core/RecordStore.h"
-#include "core/ui/Screen.h"
+#include "core/ui/SavingScreen.h"
 #include "platform/db/Recordset.h"
 
-#include <optional>
-
-class Bindings;
 class QLineEdit;
 class QPushButton;
 class QToolButton;
@@ -22,7 +18,7 @@ class FormBuilder;
 ///     Browse: navigation, Add, Delete, Find, Print, Return; the first edit turns it to Modify
 ///     Modify, Add: Save and Cancel; the close box is off
 ///     no rows: only Add and Return
-class RecordScreen : public Screen
+class RecordScreen : public SavingScreen
 {
     Q_OBJECT
 
@@ -32,7 +28,7 @@ public:
     QString showRecord(Mode mode, const QVariant &key = {});
 
 protected:
-    using Screen::Screen;
+    using SavingScreen::SavingScreen;
 
     // --- What a screen says ------------------------------------------------------------------
 
@@ -47,14 +43,6 @@ protected:
     virtual void prepareNewRecord() {}
     /// The checks of a save. A failed one tells the user, sets the focus, and answers False.
     [[nodiscard]] virtual bool VailidateFields() = 0;
-    /// Writes what the controls show. The key of the row to show then, nothing when it failed. What
-    /// its steps raise is dealt with by the screen: a row that was changed or deleted elsewhere,
-    /// one that another workstation holds, a key that was taken meanwhile.
-    [[nodiscard]] virtual std::optional<QVariant> saveRecord() = 0;
-    /// Gives a new record another key, when its key is given in advance and was taken meanwhile.
-    virtual bool takeFreshKey() { return false; }
-    /// What the record is called in a sentence, "the crew \"7\"".
-    [[nodiscard]] virtual QString recordName() const { return QStringLiteral("this record"); }
     [[nodiscard]] virtual bool deleteRecord(const QVariant &key) = 0;
     /// The word for what uses the record, empty when it may go.
     [[nodiscard]] virtual QString usedBy(const QVariant &key) const;
@@ -129,20 +117,14 @@ protected:
 
 private:
     void showCurrentRow();
-    [[nodiscard]] std::optional<QVariant> store();
-    [[nodiscard]] bool resolve(const record::Conflict &conflict);
-    void tellFailure(const base::Error &error, const char *procedure) const;
     [[nodiscard]] bool removed(const QVariant &key);
-    [[nodiscard]] QString difference(const record::Difference &difference) const;
     void showButtons(bool browsing);
     void lockDataControls(bool locked);
     [[nodiscard]] bool isGranted(bool Rights::*right) const { return !right || gRights.*right; }
     bool demand(bool Rights::*right) const;
 
     db::Recordset m_rows;
-    QList<Bindings *> m_fields;
     QList<QWidget *> m_dataControls;
-    bool m_isStale = false; ///< the row on show is known to be another one by now
     grid::GridView *m_grid = nullptr;
     bool m_gridIsAdopted = false;
     bool m_following = false; ///< the grid is being moved by the screen

@@ -188,38 +188,51 @@ void PatternBox::showDaysOfMonth()
     cmdClearAll->setVisible(chkUseDayoftheMonth->isChecked());
 }
 
-void PatternBox::display(const clsServices &service)
+void PatternBox::bind(Binding<AssignedService> &fields)
 {
-    const auto show = [&](const Group &group, std::span<const Flag> flags) {
+    const auto bindAll = [&](const Group &group, std::span<const Flag> flags) {
         for (std::size_t i = 0; i < flags.size(); ++i)
-            group.boxes[i]->setChecked(service.*flags[i] == Selected);
+            fields.add(group.boxes[i], flags[i], Selected);
     };
-    show(m_days, DayFlags);
-    show(m_weeks, WeekFlags);
-    show(m_months, MonthFlags);
-    chkUseDayoftheMonth->setChecked(service.Dom != 0);
-    clearDaysOfMonth();
+    bindAll(m_days, DayFlags);
+    bindAll(m_weeks, WeekFlags);
+    bindAll(m_months, MonthFlags);
+    fields.add(chkUseDayoftheMonth, &clsServices::Dom, Selected);
+    // Each list offers the days behind those of the lists before it, so they are shown in order.
     for (std::size_t i = 0; i < cboDOM.size(); ++i) {
-        cboDOM[i]->select(service.*DomFields[i]);
-        refillBehind(i);
+        fields.add(
+            cboDOM[i], DomFields[i], [this, i] { return static_cast<int>(cboDOM[i]->id()); },
+            [this, i](const QVariant &day) {
+                if (i == 0)
+                    clearDaysOfMonth();
+                cboDOM[i]->select(day.toInt());
+                refillBehind(i);
+            });
     }
 }
 
-void PatternBox::take(clsServices &service) const
+void PatternBox::keepUnused(clsServices &service, const clsServices &former)
 {
-    service.Dom = usesDayOfMonth() ? Selected : 0;
-    if (usesDayOfMonth()) {
-        for (std::size_t i = 0; i < cboDOM.size(); ++i)
-            service.*DomFields[i] = static_cast<int>(cboDOM[i]->id());
+    const auto keep = [&](std::span<const Flag> flags) {
+        for (const Flag flag : flags)
+            service.*flag = former.*flag;
+    };
+    if (service.Dom == 0) {
+        keep(DomFields);
         return;
     }
-    const auto take = [&](const Group &group, std::span<const Flag> flags) {
-        for (std::size_t i = 0; i < flags.size(); ++i)
-            service.*flags[i] = group.boxes[i]->isChecked() ? Selected : 0;
-    };
-    take(m_days, DayFlags);
-    take(m_weeks, WeekFlags);
-    take(m_months, MonthFlags);
+    keep(DayFlags);
+    keep(WeekFlags);
+    keep(MonthFlags);
+}
+
+void PatternBox::keepAll(clsServices &service, const clsServices &former)
+{
+    service.Dom = former.Dom;
+    for (const std::span<const Flag> flags :
+         std::initializer_list<std::span<const Flag>>{DayFlags, WeekFlags, MonthFlags, DomFields})
+        for (const Flag flag : flags)
+            service.*flag = former.*flag;
 }
 
 void PatternBox::setLive(Live live)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/ui/Binding.h"
 #include "scheduling/clsServices.h"
 
 #include <QGroupBox>
@@ -25,11 +26,13 @@ class PatternBox final : public QGroupBox
 public:
     explicit PatternBox(QWidget *parent = nullptr);
 
-    /// Shows the pattern of a service.
-    void display(const clsServices &service);
-    /// Copies the pattern into a service: the days of the month when these are used, and otherwise
-    /// the flags; the other part of the service stays as it is.
-    void take(clsServices &service) const;
+    /// Ties its boxes and lists to the pattern of a service.
+    void bind(Binding<AssignedService> &fields);
+    /// Gives a service the part of the former pattern that its own doesn't use: the flags while it
+    /// goes by days of the month, and these otherwise.
+    static void keepUnused(clsServices &service, const clsServices &former);
+    /// Gives a service the whole former pattern.
+    static void keepAll(clsServices &service, const clsServices &former);
 
     /// What of it can be edited now.
     struct Live

@@ -52,6 +52,12 @@ QString dateText(const QDateTime &date)
     return date.isValid() ? date.toString(u"MM/dd/yyyy") : QString();
 }
 
+bool canBeTriedAgain(const base::Error &error)
+{
+    return error.number() == db::ErrorNumber::LockConflict ||
+           dynamic_cast<const record::Conflict *>(&error) != nullptr;
+}
+
 double amount(const QLineEdit *box)
 {
     return box->text().trimmed().toDouble();
@@ -60,10 +66,12 @@ double amount(const QLineEdit *box)
 } // namespace
 
 frmServices::frmServices(ServiceStore store, QWidget *parent)
-    : Screen(u"frmServices"_s, u"Services"_s, parent)
+    : SavingScreen(u"frmServices"_s, u"Services"_s, parent)
     , m_store(store)
+    , m_fields(AssignedService::fields())
 {
     buildForm();
+    bindFields();
     joinRules();
     RefreshCrews();
     RefreshCostCenters();
@@ -105,6 +113,23 @@ bool frmServices::mayEdit() const
 QString frmServices::period() const
 {
     return codeOf(cboRenewalPeriod->currentText());
+}
+
+/// The code of the way of renewal that is chosen; empty while none is.
+QString frmServices::renewal() const
+{
+    const QRadioButton *options[] = {OptWOC, OptSOS, OptDSA};
+    for (std::size_t i = 0; i < std::size(options); ++i)
+        if (options[i]->isChecked())
+            return Renewals[i];
+    return {};
+}
+
+void frmServices::showRenewal(const QString &code)
+{
+    QRadioButton *options[] = {OptWOC, OptSOS, OptDSA};
+    for (std::size_t i = 0; i < std::size(options); ++i)
+        options[i]->setChecked(code == Renewals[i]);
 }
 
 bool frmServices::isCountPeriod() const
@@ -184,72 +209,42 @@ void frmServices::DisplayData(const db::Row &row)
 {
     const Displaying displaying(*this);
     m_hasRow = true;
-    m_stored = clsServicesManager::fromRow(row, m_store);
-    m_storedSchedule = {};
+    showService(isAssigned() ? AssignedService::fromRow(row)
+                             : AssignedService{clsServicesManager::fromRow(row, m_store), {}});
     if (isAssigned()) {
-        m_storedSchedule.EquipmentID = row.integer(u"EquipmentID");
-        m_storedSchedule.NextScheduledDate = row.date(u"NextScheduledDate");
-        m_storedSchedule.NextScheduledCount = row.integer(u"NextScheduledCount");
-        m_storedSchedule.Inactive = static_cast<int>(row.integer(u"Inactive"));
+        lblLastDateScheduledData->setText(dateText(row.date(u"LastDateScheduled")));
+        lblLastDatePerformedData->setText(dateText(row.date(u"LastDatePerformed")));
     }
-    showService(m_stored);
-    if (isAssigned())
-        displaySchedule(row);
     clearChanges();
     fraParts->RefreshPartGrid(m_key);
     showTotalCost();
 }
 
-void frmServices::displaySchedule(const db::Row &row)
+void frmServices::showService(const AssignedService &service)
 {
-    lblLastDateScheduledData->setText(dateText(row.date(u"LastDateScheduled")));
-    lblLastDatePerformedData->setText(dateText(row.date(u"LastDatePerformed")));
-    showNextDate(m_storedSchedule.NextScheduledDate);
-    txtCount->setText(QString::number(m_storedSchedule.NextScheduledCount));
-    chkInactive->setChecked(m_storedSchedule.Inactive != 0);
-    showScheduleKind();
-}
-
-void frmServices::showService(const clsServices &service)
-{
+    m_fields.show(service);
     m_oldJobNo = QString::number(service.JobNo);
-    txtJobNo->setText(m_oldJobNo);
-    if (lblJobNoData)
+    if (isAssigned()) {
         lblJobNoData->setText(m_oldJobNo);
-    txtName->setText(service.Name);
-    showLookup(*cboCrew, service.CrewID);
-    showLookup(*cboCostCenter, service.CostCenterID);
-    ChkSeparateWO->setChecked(service.SeparateWo == u"1");
-    RRSpin1->setValue(service.EInterval);
-    cboRenewalPeriod->selectText(PeriodWord(service.Period));
+        showScheduleKind();
+    }
     m_shownPeriod = period();
-    OptWOC->setChecked(service.RenewalOn == Renewals[0]);
-    OptSOS->setChecked(service.RenewalOn == Renewals[1]);
-    OptDSA->setChecked(service.RenewalOn == Renewals[2]);
-    fraPattern->display(service);
-    txtNotes->setPlainText(service.Note);
-    txtBudgetedlabor->setText(base::twoDecimals(service.LaborEstimate));
     showLabourRate();
-    txtBudgetedcost->setValue(service.CostEstimate);
 }
 
 void frmServices::ClearData()
 {
     const Displaying displaying(*this);
     m_hasRow = false;
-    m_stored = {};
-    m_stored.Period = u"D"_s;
-    m_stored.RenewalOn = Renewals[0];
-    m_storedSchedule = {};
-    showService(m_stored);
+    AssignedService blank;
+    blank.Period = u"D"_s;
+    blank.RenewalOn = Renewals[0];
+    showService(blank);
     txtJobNo->clear();
     if (isAssigned()) {
         for (QLabel *label : {lblJobNoData, lblLastDateScheduledData, lblLastDatePerformedData})
             label->clear();
-        showNextDate({});
         txtCount->clear();
-        chkInactive->setChecked(false);
-        showScheduleKind();
     }
     clearChanges();
     fraParts->RefreshPartGrid(0);
@@ -333,7 +328,7 @@ void frmServices::CheckServiceChange()
     m_nextDateChanged = true;
     if (isCountPeriod()) {
         const qint64 count =
-            GetEquipmentCount(m_storedSchedule.EquipmentID, readings::countType(period())) +
+            GetEquipmentCount(m_fields.shown().EquipmentID, readings::countType(period())) +
             RRSpin1->value();
         if (count > std::numeric_limits<qint32>::max())
             tellCountTooBig();
@@ -384,7 +379,8 @@ bool frmServices::txtJobNo_Validate()
     QString refusal;
     if (input::isBlank(txtJobNo))
         refusal = u"Service Job No should not be blank."_s;
-    else if (IsDuplicate(u"tblServices"_s, u"JobNO"_s, m_stored.JobNo, txtJobNo->text(), true))
+    else if (IsDuplicate(u"tblServices"_s, u"JobNO"_s, m_fields.shown().JobNo, txtJobNo->text(),
+                         true))
         refusal = u"Job Number you specified already exists. Please enter a different Part "
                   "Number."_s;
     if (refusal.isEmpty()) {
@@ -414,7 +410,7 @@ bool frmServices::txtCount_Validate()
         return true;
     base::showMessage(u"Count value shouldn't be less then or equal to 0"_s);
     txtCount->setText(QString::number(
-        GetEquipmentCount(m_storedSchedule.EquipmentID, readings::countType(period()))));
+        GetEquipmentCount(m_fields.shown().EquipmentID, readings::countType(period()))));
     return false;
 }
 
@@ -423,7 +419,7 @@ bool frmServices::txtName_LostFocus()
 {
     const QString name = txtName->text().trimmed();
     if (!isAssigned() || mode() == Mode::Browse || name == m_confirmedName ||
-        name.compare(m_stored.Name.trimmed(), Qt::CaseInsensitive) == 0)
+        name.compare(m_fields.shown().Name.trimmed(), Qt::CaseInsensitive) == 0)
         return true;
     if (base::askYesNo(u"You should not change the name of a service. If you need a new service "
                        "add it using the \"Services\" navigator on the left side. Then add it to "
@@ -431,7 +427,7 @@ bool frmServices::txtName_LostFocus()
         m_confirmedName = name;
         return true;
     }
-    txtName->setText(m_stored.Name);
+    txtName->setText(m_fields.shown().Name);
     return false;
 }
 
@@ -479,76 +475,77 @@ void frmServices::confirmChangesOnOrder()
     if (!isAssigned() || !(m_nextDateChanged || m_nextCountChanged) || !ServiceInWorkOrder(m_key))
         return;
     if (m_nextDateChanged && !orderwarning::confirmDate()) {
-        showNextDate(m_storedSchedule.NextScheduledDate);
+        showNextDate(m_fields.shown().NextScheduledDate);
         m_nextDateChanged = false;
     }
     if (m_nextCountChanged && !orderwarning::confirmCount()) {
-        txtCount->setText(QString::number(m_storedSchedule.NextScheduledCount));
+        txtCount->setText(QString::number(m_fields.shown().NextScheduledCount));
         m_nextCountChanged = false;
     }
 }
 
-clsServices frmServices::SetObjectValues()
+AssignedService frmServices::SetObjectValues() const
 {
-    clsServices service = m_stored;
+    const AssignedService &shown = m_fields.shown();
+    AssignedService service = m_fields.read();
     service.ServiceID = mode() == Mode::Modify ? m_key : GenrateUniqueID();
-    service.JobNo = txtJobNo->text().trimmed().toLongLong();
-    service.Name = txtName->text().trimmed();
-    service.CrewID = cboCrew->id();
-    service.CostCenterID = cboCostCenter->id();
-    if (const QString code = period(); !code.isEmpty())
-        service.Period = code;
-    service.EInterval = RRSpin1->value();
-    const QRadioButton *options[] = {OptWOC, OptSOS, OptDSA};
-    for (std::size_t i = 0; i < std::size(options); ++i) {
-        if (options[i]->isChecked()) {
-            service.RenewalOn = Renewals[i];
-            break;
-        }
-    }
-    if (!isCountPeriod())
-        fraPattern->take(service);
-    service.SeparateWo = flagText(ChkSeparateWO->isChecked());
-    service.LaborEstimate = amount(txtBudgetedlabor);
-    service.CostEstimate = txtBudgetedcost->value();
-    service.Note = txtNotes->toPlainText();
+    if (service.Period.isEmpty())
+        service.Period = shown.Period;
+    if (service.RenewalOn.isEmpty())
+        service.RenewalOn = shown.RenewalOn;
+    if (isCountPeriod())
+        PatternBox::keepAll(service, shown);
+    else
+        PatternBox::keepUnused(service, shown);
     return service;
 }
 
-/// Offers to give a changed number to all copies of the service. False when that failed.
-bool frmServices::carryJobNumber(const clsServices &service)
+/// Asks whether a changed number is given to all copies of the service.
+bool frmServices::isJobNumberCarried() const
 {
-    if (!m_jobNoChanged || service.JobNo == m_stored.JobNo ||
-        !base::askYesNo(
-            u"Do you want to change Job No of \"%1\" to \"%2\" for all existing services?"_s.arg(
-                service.Name, QString::number(service.JobNo))))
-        return true;
-    return clsServicesManager().UpdateJobNoForAllService(service.ServiceID, service.JobNo);
+    const AssignedService service = m_fields.read();
+    return mode() == Mode::Modify && m_jobNoChanged && service.JobNo != m_fields.shown().JobNo &&
+           base::askYesNo(
+               u"Do you want to change Job No of \"%1\" to \"%2\" for all existing services?"_s.arg(
+                   service.Name, QString::number(service.JobNo)));
 }
 
-bool frmServices::save()
+std::optional<QVariant> frmServices::saveRecord()
 {
-    confirmChangesOnOrder();
-    AssignedSchedule schedule = m_storedSchedule;
-    if (isAssigned()) {
-        schedule.NextScheduledDate = nextDate();
-        schedule.NextScheduledCount = txtCount->text().trimmed().toLongLong();
-        schedule.Inactive = chkInactive->isChecked() ? 1 : 0;
-    }
-    clsServices service = SetObjectValues();
+    AssignedService service = SetObjectValues();
     const qint64 typed = service.JobNo;
-    if (mode() == Mode::Modify && !carryJobNumber(service))
-        return false;
-    if (!clsServicesManager().SaveRecord(service, mode(), m_store, schedule))
-        return false;
-    if (mode() == Mode::Add) {
-        if (service.JobNo != typed)
-            base::showMessage(u"Service no %1 is already being used the new service number is "
-                              "%2."_s.arg(QString::number(typed), QString::number(service.JobNo)));
-        m_key = service.ServiceID;
+    const bool holdsParts = gbInTransaction;
+    try {
+        BeginTrans();
+        const clsServicesManager manager;
+        if (!manager.SaveRecord(service, mode(), m_store, service, m_fields.shown()) ||
+            (m_carriesJobNo && !manager.UpdateJobNoForAllService(service.ServiceID, service.JobNo)))
+            return std::nullopt;
+        CommitTrans();
+    } catch (const base::Error &error) {
+        // Parts that were added or changed in this editing stay when the save can be tried again.
+        if (!holdsParts || !canBeTriedAgain(error))
+            RollbackTrans();
+        throw;
     }
-    CommitTrans();
-    return true;
+    if (mode() == Mode::Add && service.JobNo != typed)
+        base::showMessage(u"Service no %1 is already being used the new service number is "
+                          "%2."_s.arg(QString::number(typed), QString::number(service.JobNo)));
+    return QVariant(service.ServiceID);
+}
+
+bool frmServices::becomesNew()
+{
+    if (!isAssigned())
+        return SavingScreen::becomesNew();
+    base::showMessage(u"Another workstation has removed %1 from its machine. What you typed is "
+                      "still here, but there is nothing left to store it in."_s.arg(recordName()));
+    return false;
+}
+
+QString frmServices::recordName() const
+{
+    return u"the service \"%1\""_s.arg(m_fields.shown().Name.trimmed());
 }
 
 /// Save by its key leaves the focus, and so what has not been checked yet, in a field. A count that
@@ -559,7 +556,7 @@ bool frmServices::finishFields()
         return false;
     if (!isAssigned())
         return txtJobNo_Validate();
-    const bool isCountNew = m_nextCountChanged || period() != m_stored.Period;
+    const bool isCountNew = m_nextCountChanged || period() != m_fields.shown().Period;
     if ((isCountNew || txtCount->hasFocus()) && !txtCount_Validate())
         return false;
     if (!datNextScheduledDate->isValidOrEmpty())
@@ -572,21 +569,20 @@ bool frmServices::cmdUpdate_Click()
 {
     if (!finishFields())
         return false;
-    bool isValid = false;
-    const bool saved = base::trapped(Module, "cmdUpdate_Click", false, [&] {
-        BeginTrans();
-        isValid = ValidateFields();
-        return isValid && save();
-    });
-    if (!isValid)
+    if (!ValidateFields())
         return false;
-    if (!saved) {
-        base::trapped(Module, "cmdUpdate_Click", [] { RollbackTrans(); });
-        // The parts that were added or changed in this editing went with it.
-        if (m_hasRow)
+    confirmChangesOnOrder();
+    m_carriesJobNo = isJobNumberCarried();
+    const std::optional<QVariant> key = store();
+    if (!key) {
+        if (!gbInTransaction && m_hasRow)
             fraParts->RefreshPartGrid(m_key);
+        if (isAssigned())
+            showScheduleKind();
+        EnableLogicControl();
         return false;
     }
+    m_key = key->toLongLong();
     RefreshRecordSet();
     txtName->setFocus();
     return true;

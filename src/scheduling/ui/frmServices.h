@@ -1,6 +1,7 @@
 #pragma once
 
-#include "core/ui/Screen.h"
+#include "core/ui/Binding.h"
+#include "core/ui/SavingScreen.h"
 #include "scheduling/clsServices.h"
 
 #include <QDateTime>
@@ -27,7 +28,7 @@ class SpinInput;
 /// A service: of the catalogue, or the copy of it on a machine. One screen, one set of checks, and
 /// a different table. What an assigned service has besides is its schedule: last and next dates,
 /// the target count, and whether it is inactive.
-class frmServices final : public Screen
+class frmServices final : public SavingScreen
 {
     Q_OBJECT
 
@@ -55,27 +56,31 @@ private:
     void joinBudgetRules();
     void joinScheduleRules();
     void joinRules();
+    void bindFields();
 
     [[nodiscard]] bool isAssigned() const { return m_store == ServiceStore::Assigned; }
     [[nodiscard]] bool mayEdit() const;
     [[nodiscard]] QString period() const;
+    [[nodiscard]] QString renewal() const;
+    void showRenewal(const QString &code);
     [[nodiscard]] bool isCountPeriod() const;
     void EnableLogicControl();
     void RefreshCrews();
     void RefreshCostCenters();
     void RefreshRecordSet();
     void DisplayData(const db::Row &row);
-    void displaySchedule(const db::Row &row);
     void ClearData();
-    void showService(const clsServices &service);
+    void showService(const AssignedService &service);
     void beginNew();
 
     [[nodiscard]] bool ValidateFields();
     [[nodiscard]] bool refuse(QWidget *field, const QString &message);
-    [[nodiscard]] clsServices SetObjectValues();
+    [[nodiscard]] AssignedService SetObjectValues() const;
     void confirmChangesOnOrder();
-    [[nodiscard]] bool carryJobNumber(const clsServices &service);
-    [[nodiscard]] bool save();
+    [[nodiscard]] bool isJobNumberCarried() const;
+    [[nodiscard]] std::optional<QVariant> saveRecord() override;
+    [[nodiscard]] bool becomesNew() override;
+    [[nodiscard]] QString recordName() const override;
 
     [[nodiscard]] bool finishFields();
     bool cmdUpdate_Click();
@@ -102,11 +107,11 @@ private:
     ServiceStore m_store;
     qint64 m_key = 0;
     bool m_hasRow = false;
-    clsServices m_stored;              ///< as displayed
-    AssignedSchedule m_storedSchedule; ///< of an assigned service, as displayed
+    Binding<AssignedService> m_fields;
     QString m_oldJobNo;
-    QString m_shownPeriod;   ///< code of the period chosen last
-    QString m_confirmedName; ///< a changed name that the user insists on
+    bool m_carriesJobNo = false; ///< the number that is being saved goes to all copies
+    QString m_shownPeriod;       ///< code of the period chosen last
+    QString m_confirmedName;     ///< a changed name that the user insists on
     bool m_nextDateChanged = false;
     bool m_nextCountChanged = false;
     bool m_jobNoChanged = false;

@@ -1,3 +1,4 @@
+#include "core/General.h"
 #include "core/ui/ScreenCalls.h"
 #include "organisation/ui/Entries.h"
 #include "platform/input/CurrencyInput.h"
@@ -199,6 +200,37 @@ void frmServices::joinScheduleRules()
         edited();
     });
     input::validateOnLeave(txtCount, [this] { return txtCount_Validate(); });
+}
+
+void frmServices::bindFields()
+{
+    m_fields.add(txtJobNo, &clsServices::JobNo);
+    m_fields.addTrimmed(txtName, &clsServices::Name);
+    m_fields.add(cboCrew, &clsServices::CrewID);
+    m_fields.add(cboCostCenter, &clsServices::CostCenterID);
+    m_fields.add(ChkSeparateWO, &clsServices::SeparateWo);
+    m_fields.add(RRSpin1, &clsServices::EInterval);
+    m_fields.add(
+        cboRenewalPeriod, &clsServices::Period, [this] { return period(); },
+        [this](const QVariant &code) {
+            cboRenewalPeriod->selectText(PeriodWord(code.toString()));
+        });
+    m_fields.add(
+        OptWOC, &clsServices::RenewalOn, [this] { return renewal(); },
+        [this](const QVariant &code) { showRenewal(code.toString()); });
+    fraPattern->bind(m_fields);
+    m_fields.add(txtNotes, &clsServices::Note);
+    m_fields.addQuantity(txtBudgetedlabor, &clsServices::LaborEstimate);
+    m_fields.add(txtBudgetedcost, &clsServices::CostEstimate);
+    if (isAssigned()) {
+        m_fields.add(
+            datNextScheduledDate, &AssignedSchedule::NextScheduledDate,
+            [this] { return nextDate().isValid() ? QVariant(nextDate()) : QVariant(); },
+            [this](const QVariant &date) { showNextDate(date.toDateTime()); });
+        m_fields.add(txtCount, &AssignedSchedule::NextScheduledCount);
+        m_fields.add(chkInactive, &AssignedSchedule::Inactive, 1);
+    }
+    setSavedFields({&m_fields});
 }
 
 void frmServices::joinRules()

@@ -560,25 +560,65 @@ TEST_F(frmServicesTest, LeavingAnEditAsks)
     EXPECT_EQ(value(u"Select Name from tblServices"_s), u"Oil change"_s);
 }
 
-TEST_F(frmServicesTest, AFailedSaveUndoesTheEditAndKeepsWhatWasTyped)
+TEST_F(frmServicesTest, AServiceThatAnotherHoldsKeepsWhatWasTyped)
 {
-    part(u"F1"_s, 4.5);
     catalogue(50);
     frmServices screen(ServiceStore::Catalogue);
     show(screen, Mode::Browse, 50);
     type(screen, u"txtName"_s, u"Other name"_s);
-    // Another workstation holds the row.
     const auto other = database.open();
     other->BeginTrans();
     other->Execute(u"Update tblServices set CrewID = 5 where ServiceID = 50"_s);
+    say(u"Another workstation is changing the service \"Oil change\". Please try again in a "
+        "moment."_s);
     click(screen, u"cmdUpdate"_s);
-    EXPECT_EQ(errors.take().size(), 1u);
     EXPECT_EQ(screen.mode(), Mode::Modify);
     EXPECT_EQ(text(screen, u"txtName"_s), u"Other name"_s);
     EXPECT_FALSE(gbInTransaction);
-    other->RollbackTrans();
+    other->CommitTrans();
     click(screen, u"cmdUpdate"_s);
-    EXPECT_EQ(value(u"Select Name from tblServices"_s), u"Other name"_s);
+    EXPECT_EQ(found(u"Select Name, CrewID from tblServices"_s), u"Other name|5");
+}
+
+TEST_F(frmServicesTest, ASaveLeavesAloneWhatAPostingMovedMeanwhile)
+{
+    const qint64 id = assigned({{u"NextScheduledDate"_s, day(3, 20)}, {u"LaborEstimate"_s, 1.333}});
+    const auto other = database.open();
+    const auto move = [&](const QDateTime &date) {
+        other->Execute(u"Update tblServiceUsed set NextScheduledDate = ?"_s, {date});
+    };
+    frmServices screen(ServiceStore::Assigned);
+    show(screen, Mode::Browse, id);
+    click(screen, u"ChkSeparateWO"_s);
+    move(day(4, 20));
+    click(screen, u"cmdUpdate"_s);
+    EXPECT_EQ(found(u"Select NextScheduledDate, SeparateWo, LaborEstimate from tblServiceUsed"_s),
+              u"4/20/2024|1|1.333");
+    EXPECT_EQ(nextDateText(screen), u"04/20/2024"_s);
+
+    auto &date = named<input::DateInput>(screen, u"datNextScheduledDate"_s);
+    date.setFocus();
+    QTest::keyClick(&date, Qt::Key_Up);
+    const QString typed = nextDateText(screen);
+    move(day(5, 20));
+    prompts.expect(u"Another workstation has changed the service \"Oil change\" meanwhile.\n\n"
+                   "Next Scheduled Date: yours \"%1\", theirs \"5/20/2024\"\n\nDo you want to "
+                   "store your values? No shows theirs, and nothing is stored yet."_s.arg(
+                       base::toText(date.date())),
+                   base::Prompts::Icon::Question, base::Prompts::Buttons::YesNoCancel,
+                   base::Prompts::Answer::No);
+    click(screen, u"cmdUpdate"_s);
+    EXPECT_EQ(nextDateText(screen), u"05/20/2024"_s);
+    EXPECT_EQ(value(u"Select NextScheduledDate from tblServiceUsed"_s), day(5, 20));
+
+    other->Execute(u"Delete from tblServiceUsed"_s);
+    click(screen, u"ChkSeparateWO"_s);
+    say(u"Another workstation has removed the service \"Oil change\" from its machine. What you "
+        "typed is still here, but there is nothing left to store it in."_s);
+    click(screen, u"cmdUpdate"_s);
+    EXPECT_EQ(screen.mode(), Mode::Modify);
+    EXPECT_FALSE(gbInTransaction);
+    click(screen, u"cmdCancel"_s);
 }
 
 } // namespace
