@@ -11,11 +11,23 @@ namespace {
 
 constexpr int attemptsAllowed = 3;
 
+bool hasApostrophe(const QString &text)
+{
+    return text.contains(u'\'');
+}
+
 void refuseApostrophe(const QString &text)
 {
-    if (text.contains(u'\''))
+    if (hasApostrophe(text))
         throw db::DbError(db::ErrorNumber::Syntax,
                           u"Syntax error: a user name or password can't hold an apostrophe (')."_s);
+}
+
+/// The users of a name: one at most, since the name is the key.
+db::Recordset usersNamed(const QString &userName)
+{
+    return gcnData->Open(u"select UserName, [Password] from tblUser where UserName = ?"_s,
+                         {userName});
 }
 
 void writePassword(const QString &userName, const QString &password)
@@ -30,12 +42,9 @@ bool isUserPassword(const QString &userName, const QString &password)
 {
     refuseApostrophe(userName);
     refuseApostrophe(password);
-    const db::Recordset users =
-        gcnData->Open(u"select UserName, [Password] from tblUser where UserName = ?"_s, {userName});
-    for (const db::Row row : users) {
+    for (const db::Row row : usersNamed(userName)) {
         const QString name = row.text(u"UserName");
-        // The engine takes trailing blanks for nothing, a login doesn't.
-        if (!sameText(name, userName) || row.isNull(u"Password"))
+        if (row.isNull(u"Password"))
             continue;
         const QString stored = row.text(u"Password");
         if (!passwordMatches(stored, password))
@@ -52,6 +61,21 @@ bool isUserPassword(const QString &userName, const QString &password)
     return false;
 }
 
+QString refusalOfLoginText(const QString &text)
+{
+    return hasApostrophe(text) ? u"A user name or password can't hold an apostrophe (')."_s
+                               : QString();
+}
+
+QString sessionName(const QString &userName)
+{
+    const QString stored = usersNamed(userName).current().text(u"UserName");
+    const QString upper = stored.toUpper();
+    // A dotless i would turn into the "I" of somebody else's name, a sharp s into two letters.
+    const db::Recordset found = usersNamed(upper);
+    return !found.isEmpty() && found.current().text(u"UserName") == stored ? upper : stored;
+}
+
 void storePassword(const QString &userName, const QString &password)
 {
     refuseApostrophe(password);
@@ -62,7 +86,7 @@ LoginAttempts::Outcome LoginAttempts::attempt(const QString &userName, const QSt
 {
     ++m_count;
     if (isUserPassword(userName, password)) {
-        gsLoginUser = userName.toUpper();
+        gsLoginUser = sessionName(userName);
         return Outcome::LoggedIn;
     }
     return m_count < attemptsAllowed ? Outcome::Refused : Outcome::LastRefused;

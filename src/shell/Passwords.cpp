@@ -48,15 +48,10 @@ bool isHashedPassword(const QString &stored)
 bool passwordMatches(const QString &stored, const QString &typed)
 {
     if (!isHashedPassword(stored))
-        return sameText(stored, typed);
+        return folded(stored) == folded(typed);
     const QByteArray utf8 = folded(typed).toUtf8();
     return crypto_pwhash_str_verify(stored.toLatin1().constData(), utf8.constData(),
                                     static_cast<size_t>(utf8.size())) == 0;
-}
-
-bool sameText(const QString &one, const QString &other)
-{
-    return folded(one) == folded(other);
 }
 
 } // namespace shell

@@ -12,7 +12,5 @@ namespace shell {
 [[nodiscard]] bool isHashedPassword(const QString &stored);
 /// True when the typed password is the stored one, in whichever form that is.
 [[nodiscard]] bool passwordMatches(const QString &stored, const QString &typed);
-/// True when two names or clear passwords are the same without regard to case.
-[[nodiscard]] bool sameText(const QString &one, const QString &other);
 
 } // namespace shell

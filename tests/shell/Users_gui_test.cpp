@@ -89,6 +89,14 @@ TEST_F(Users, ANewUserNeedsANameOfItsOwn)
     press("cmdRole");
 
     type("txtUserName", u"Carl"_s);
+    for (const char *box : {"txtUserName", "txtPassword"}) {
+        const QString good = line(box).text();
+        type(box, u"it's"_s);
+        prompts.expect(u"A user name or password can't hold an apostrophe (')."_s, Icon::None);
+        press("cmdSave");
+        EXPECT_EQ(screen->focusWidget(), &line(box));
+        type(box, good);
+    }
     type("txtPassword", u"Pass"_s);
     press("cmdSave");
     EXPECT_TRUE(screen->mode() == Mode::Browse);

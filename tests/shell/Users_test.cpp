@@ -39,7 +39,7 @@ TEST(isUserPassword, NameAndPasswordCountWithoutCase)
     ShellSession::addUser(u"Nopass"_s, {});
     EXPECT_TRUE(shell::isUserPassword(u"bOB"_s, u"sECRET"_s));
     EXPECT_FALSE(shell::isUserPassword(u"Bob"_s, u"Secret1"_s));
-    EXPECT_FALSE(shell::isUserPassword(u"Bob "_s, u"Secret"_s));
+    EXPECT_TRUE(shell::isUserPassword(u"Bob "_s, u"Secret"_s)) << "the database's comparison";
     EXPECT_FALSE(shell::isUserPassword(u"Rob"_s, u"Secret"_s));
     EXPECT_FALSE(shell::isUserPassword({}, {}));
 }
@@ -88,6 +88,55 @@ TEST(LoginAttempts, TheThirdRefusalIsTheLast)
     shell::LoginAttempts others;
     EXPECT_EQ(others.attempt(u"bob"_s, u"secret"_s), LoggedIn);
     EXPECT_EQ(gsLoginUser, u"BOB"_s);
+}
+
+TEST(LoginAttempts, ASessionIsOfTheUserThatTheDatabaseFound)
+{
+    ShellSession session;
+    struct Case
+    {
+        QString stored;
+        QString typed;
+        QString session;
+    };
+    // Rows from before, whose names upper-casing mixes up: each keeps its own rights.
+    for (const auto &[stored, typed, name] :
+         {Case{u"adm\u0131n"_s, u"ADM\u0131N"_s, u"adm\u0131n"_s},
+          Case{u"wei\u00DF"_s, u"WEI\u00DF"_s, u"wei\u00DF"_s},
+          Case{u"r\u00FCben"_s, u"R\u00DCben"_s, u"R\u00DCBEN"_s},
+          Case{u"Ann"_s, u"\uFF21nn"_s, u"ANN"_s}}) {
+        ShellSession::addUser(stored, u"Secret"_s);
+        gcnData->Execute(BuildQueryString(stored, {u"SerMod"_s}));
+        gRights = {};
+        shell::LoginAttempts attempts;
+        EXPECT_EQ(attempts.attempt(typed, u"secret"_s), shell::LoginAttempts::Outcome::LoggedIn);
+        EXPECT_EQ(gsLoginUser, name);
+        SetUserRole();
+        EXPECT_TRUE(gRights.SerMod) << qPrintable(stored);
+        EXPECT_FALSE(gRights.EqDel) << qPrintable(stored);
+        EXPECT_TRUE(shell::isUserPassword(gsLoginUser, u"Secret"_s));
+    }
+    EXPECT_TRUE(session.errors.empty());
+}
+
+TEST(clsUser_Manager, NoTwoNamesDifferInCapitalsOnly)
+{
+    ShellSession session;
+    ShellSession::addUser(u"Weiss"_s, u"x"_s);
+    ShellSession::addUser(u"Bob"_s, u"x"_s);
+    bool result = false;
+    for (const QString &name : {u"adm\u0131n"_s, u"ADMIN "_s, u"wei\u00DF"_s, u"\uFF22ob"_s}) {
+        EXPECT_TRUE(clsUser_Manager().IsUserExist(name)) << qPrintable(name);
+        clsUser_Manager().SaveRecord({name, u"y"_s, {}}, Mode::Add, result);
+        EXPECT_FALSE(result) << qPrintable(name);
+    }
+    EXPECT_EQ(session.errors.size(), 4u);
+    // One's own name is no other's.
+    clsUser_Manager().SaveRecord({u"wei\u00DF"_s, u"y"_s, {}}, Mode::Modify, result, u"weiss"_s);
+    EXPECT_TRUE(result);
+    clsUser_Manager().SaveRecord({u"Adm\u0131n"_s, u"y"_s, {}}, Mode::Modify, result, u"Bob"_s);
+    EXPECT_FALSE(result);
+    EXPECT_EQ(ShellSession::count(u"tblUser"_s, u"UserName = 'Bob'"_s), 1);
 }
 
 TEST(SetUserRole, GrantsAllWithoutALoginAndWhatIsStoredWithOne)

@@ -64,6 +64,12 @@ void frmChangePassword::cmdSave_Click()
             askAgain(txtConfirmPassword);
             return;
         }
+        if (const QString refusal = shell::refusalOfLoginText(txtNewPassword->text());
+            !refusal.isEmpty()) {
+            base::showMessage(refusal);
+            askAgain(txtNewPassword);
+            return;
+        }
         shell::storePassword(gsLoginUser, txtNewPassword->text());
         base::showMessage(u"Your password changed Succesfully."_s);
         unload();

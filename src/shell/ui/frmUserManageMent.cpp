@@ -8,6 +8,7 @@
 #include "platform/input/IdCombo.h"
 #include "platform/input/Leaving.h"
 #include "platform/input/Theme.h"
+#include "shell/Login.h"
 #include "shell/clsUser_Manager.h"
 #include "shell/ui/ScreenEntries.h"
 #include "shell/ui/frmUserRoles.h"
@@ -210,7 +211,18 @@ bool frmUserManageMent::VailidateFields()
         txtUserName->selectAll();
         return false;
     }
-    return true;
+    return mayLogInWith(txtUserName) && mayLogInWith(txtPassword);
+}
+
+bool frmUserManageMent::mayLogInWith(QLineEdit *box)
+{
+    const QString refusal = shell::refusalOfLoginText(box->text());
+    if (refusal.isEmpty())
+        return true;
+    base::showMessage(refusal);
+    box->setFocus();
+    box->selectAll();
+    return false;
 }
 
 void frmUserManageMent::cmdAdd_Click()

@@ -35,6 +35,8 @@ private:
     void EnableControls() override;
     void RefreshCombo();
     [[nodiscard]] bool VailidateFields();
+    /// False, after a message, when nobody could log in with the text of the box.
+    [[nodiscard]] bool mayLogInWith(QLineEdit *box);
     void showPasswordHint(const QString &stored);
     void showEmployee(const QString &employeeID);
     void showEmployeeNames();
