@@ -169,14 +169,21 @@ int runStatements(const Options &options, const Streams &streams)
 
 int check(const Options &options, const Streams &streams)
 {
-    const QStringList faults = db::validate(targetOf(options.files[0]).file);
-    if (faults.isEmpty()) {
-        streams.out << options.files[0] << " is sound." << Qt::endl;
-        return Success;
+    const db::Findings findings = db::validate(targetOf(options.files[0]).file);
+    if (!findings.remarks.isEmpty()) {
+        streams.out << "Harmless traces of a program that was ended in the midst of its work:"
+                    << Qt::endl;
+        for (const QString &remark : findings.remarks)
+            streams.out << "  " << remark << Qt::endl;
     }
-    for (const QString &fault : faults)
+    for (const QString &fault : findings.damage)
         streams.err << fault << Qt::endl;
-    return Failed;
+    if (!findings.damage.isEmpty()) {
+        streams.err << options.files[0] << " is damaged." << Qt::endl;
+        return Failed;
+    }
+    streams.out << options.files[0] << " is sound." << Qt::endl;
+    return Success;
 }
 
 int compact(const Options &options, const Streams &streams)

@@ -118,8 +118,12 @@ Attachment::Attachment(const Target &target, Disposition disposition)
         block.text(isc_dpb_set_db_charset, u"UTF8"_s);
         m_attachment.reset(provider()->createDatabase(&m_status, placeOf(target).constData(),
                                                       block.length(), block.data()));
+        if (target.host.isEmpty())
+            m_use.emplace(target.file);
         return;
     }
+    if (target.host.isEmpty())
+        m_use.emplace(target.file);
     attach(target, false);
     // The setting belongs to the file, and a copied file may have come with another one.
     if (hasForcedWrites() != target.forcedWrites) {

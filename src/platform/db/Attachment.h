@@ -2,6 +2,9 @@
 
 #include "platform/db/Connection.h"
 #include "platform/db/Engine.h"
+#include "platform/db/SharedUse.h"
+
+#include <optional>
 
 namespace db::engine {
 
@@ -66,6 +69,8 @@ private:
     [[nodiscard]] bool hasForcedWrites();
 
     Status m_status;
+    /// Outlives the attachment; none for a file on a host.
+    std::optional<SharedUse> m_use;
     Ref<Firebird::IAttachment> m_attachment;
 };
 

@@ -3,6 +3,8 @@
 #include "platform/db/EngineErrors.h"
 #include "platform/db/EngineHome.h"
 
+#include <cstdlib>
+
 #ifdef __SANITIZE_ADDRESS__
 /// The engine keeps some memory until the process ends; only our own leaks count.
 extern "C" const char *__lsan_default_suppressions();
@@ -13,6 +15,12 @@ extern "C" const char *__lsan_default_suppressions()
 #endif
 
 namespace db::engine {
+
+namespace {
+
+constexpr unsigned shutdownWait = 10'000; // milliseconds
+
+} // namespace
 
 Firebird::IMaster *master()
 {
@@ -26,7 +34,12 @@ Firebird::IMaster *master()
 Firebird::IProvider *provider()
 {
     // Kept until the process ends, like the engine itself.
-    static Firebird::IProvider *const instance = master()->getDispatcher();
+    static Firebird::IProvider *const instance = [] {
+        Firebird::IProvider *const dispatcher = master()->getDispatcher();
+        // Registered after the engine's own ends, so run before them.
+        std::atexit([] { fb_shutdown(shutdownWait, fb_shutrsn_exit_called); });
+        return dispatcher;
+    }();
     return instance;
 }
 

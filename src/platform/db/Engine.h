@@ -68,7 +68,8 @@ private:
 
 /// The engine's root object; readies the engine's folder first.
 Firebird::IMaster *master();
-/// What attaches, creates and serves.
+/// What attaches, creates and serves. From the first call on, the engine is shut down when the
+/// process ends by itself: its threads must not run on while its code is unloaded under them.
 Firebird::IProvider *provider();
 
 /// A block of parameters for attaching, transactions or services.

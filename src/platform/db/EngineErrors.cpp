@@ -181,6 +181,12 @@ private:
             return DbError(ErrorNumber::Unspecified,
                            u"The file can't be read or written: %1"_s.arg(file));
         }
+        if (const Message *refused = find({isc_no_priv}); refused && isDatabase(*refused))
+            return fileError(EACCES, refused->arguments.value(2));
+        if (has({isc_transliteration_failed}) && !has({isc_arith_except, isc_dsql_error}))
+            return DbError(ErrorNumber::FileAccess,
+                           u"The name of the database's file can't be written in the language "
+                           "that is set for this session (LC_ALL, LANG)."_s);
         if (has({isc_bad_db_format, isc_wrong_ods, isc_badblk}))
             return notADatabase();
         if (has({isc_db_corrupt, isc_bad_checksum}))
@@ -199,6 +205,12 @@ private:
         if (has({isc_read_only_database, isc_read_only_trans}))
             return DbError(ErrorNumber::ReadOnly, u"The database can only be read."_s);
         return std::nullopt;
+    }
+
+    /// Tells the refusal of a whole file from that of a table.
+    [[nodiscard]] static bool isDatabase(const Message &refusal)
+    {
+        return refusal.arguments.value(1).compare(u"database"_s, Qt::CaseInsensitive) == 0;
     }
 
     [[nodiscard]] static DbError notADatabase()

@@ -88,30 +88,71 @@ QByteArray settings()
            "BugcheckAbort = 0\n";
 }
 
-QString writableFolder()
-{
-    QString folder = qEnvironmentVariable("QUORVANTIS_ENGINE");
-    if (!folder.isEmpty())
-        return QDir::cleanPath(QDir(folder).absolutePath());
-    folder = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
-             u"/Quorvantis/engine"_s;
-    if (QDir().mkpath(folder) && QFileInfo(folder).isWritable())
-        return folder;
-    return QDir::tempPath() + u"/quorvantis-engine-%1"_s.arg(::getuid());
-}
-
-/// Programs of all users of this computer who share a database need one set of lock files: the
-/// folder belongs to a group, and what is made in it does too. Someone outside the group is refused
-/// by the engine, which is right: with lock files of his own he would damage the database.
-void makeLockFolder(const QString &folder)
+/// Makes a folder for the user alone, or takes his own that is there: no link, nobody else's, and
+/// nobody else could ever put anything into it.
+bool takeOwnFolder(const QString &folder)
 {
     const QByteArray path = QFile::encodeName(folder);
-    if (::mkdir(path.constData(), 02770) == 0) {
-        ::chmod(path.constData(), 02770);
-        return;
+    ::mkdir(path.constData(), S_IRWXU);
+    struct stat found
+    {};
+    return ::lstat(path.constData(), &found) == 0 && S_ISDIR(found.st_mode) &&
+           found.st_uid == ::geteuid() && (found.st_mode & (S_IWGRP | S_IWOTH)) == 0 &&
+           ::chmod(path.constData(), S_IRWXU) == 0;
+}
+
+QString userFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
+           u"/Quorvantis"_s;
+}
+
+/// The first of these that is the user's own. A place in the folder for temporary files can be
+/// guessed by everybody, so somebody may have been there first.
+QString ownFolder(const QStringList &places)
+{
+    for (const QString &place : places) {
+        if (QDir().mkpath(QFileInfo(place).path()) && takeOwnFolder(place))
+            return place;
     }
-    if (!QFileInfo(folder).isDir())
+    refuse(u"The folder of the database engine must be the user's own: "_s + places.join(u", "_s));
+}
+
+QString numbered(const QString &name)
+{
+    return QDir::tempPath() + u'/' + name + QString::number(::geteuid());
+}
+
+QString chosenHome()
+{
+    return qEnvironmentVariable("QUORVANTIS_ENGINE");
+}
+
+QString writableFolder()
+{
+    if (const QString folder = chosenHome(); !folder.isEmpty())
+        return QDir::cleanPath(QDir(folder).absolutePath());
+    const QString usual = userFolder() + u"/engine"_s;
+    // From before, made as open as the user makes his folders.
+    ::chmod(QFile::encodeName(usual).constData(), S_IRWXU);
+    return ownFolder({usual, numbered(u"quorvantis-engine-"_s)});
+}
+
+/// Whoever names the folder himself may share it with a group, but not with everybody.
+QString chosenLockFolder()
+{
+    const QString folder = engineHome() + u"/lock"_s;
+    const QByteArray path = QFile::encodeName(folder);
+    QDir().mkpath(engineHome());
+    ::mkdir(path.constData(), S_IRWXU);
+    struct stat found
+    {};
+    if (::lstat(path.constData(), &found) != 0 || !S_ISDIR(found.st_mode) ||
+        ::access(path.constData(), R_OK | W_OK | X_OK) != 0)
         refuse(u"The folder for the database's locks can't be made: "_s + folder);
+    if ((found.st_mode & S_IWOTH) != 0)
+        refuse(u"The folder for the database's locks must not be everybody's: "_s + folder);
+    return folder;
 }
 
 void prepare()
@@ -126,7 +167,6 @@ void prepare()
             makeLink(installed + u'/' + part, home + u'/' + part);
     }
     writeWhenDifferent(home + u"/firebird.conf"_s, settings());
-    makeLockFolder(engineLockFolder());
     qputenv("FIREBIRD", QFile::encodeName(home));
     qputenv("FIREBIRD_LOCK", QFile::encodeName(engineLockFolder()));
 }
@@ -141,9 +181,12 @@ QString engineHome()
 
 QString engineLockFolder()
 {
-    if (qEnvironmentVariableIsSet("QUORVANTIS_ENGINE"))
-        return engineHome() + u"/lock"_s;
-    return QDir::tempPath() + u"/quorvantis-lock"_s;
+    // In the folder for temporary files first: a home may lie on another computer.
+    static const QString folder =
+        chosenHome().isEmpty()
+            ? ownFolder({numbered(u"quorvantis-lock-"_s), userFolder() + u"/lock"_s})
+            : chosenLockFolder();
+    return folder;
 }
 
 void prepareEngineHome()

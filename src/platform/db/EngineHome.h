@@ -15,9 +15,11 @@ void prepareEngineHome();
 /// cache.
 [[nodiscard]] QString engineHome();
 
-/// The folder of the lock files by which programs on this computer share a database. It must be the
-/// same for all of them: "lock" under QUORVANTIS_ENGINE when that is set, otherwise one in the
-/// computer's folder for temporary files.
+/// The folder of the lock files by which the user's programs on this computer share a database:
+/// "lock" under QUORVANTIS_ENGINE when that is set, which must not be everybody's; otherwise a
+/// folder that is the user's alone, "quorvantis-lock-" with his number in the folder for temporary
+/// files, or one in his cache when somebody else has put something in that place. Who has another
+/// folder is kept out of the database meanwhile (SharedUse).
 [[nodiscard]] QString engineLockFolder();
 
 } // namespace db

@@ -4,6 +4,7 @@
 #include "platform/db/EngineErrors.h"
 #include "platform/db/FileCopy.h"
 #include "platform/db/Service.h"
+#include "platform/db/SharedUse.h"
 #include "platform/sql/EngineTypes.h"
 
 #include <QFile>
@@ -49,6 +50,7 @@ void endStaleBackup(const Target &source)
 /// A copy of a file that others are writing to, made by the engine.
 void copyInUse(const Target &source, const QString &destination)
 {
+    const SharedUse use(source.file);
     engine::Service service(source);
     ParameterBlock task(ParameterBlock::Kind::ServiceStart);
     task.tag(isc_action_svc_nbak);
@@ -97,6 +99,47 @@ void restorePortable(const QString &source, const QString &destination)
     task.number(isc_spb_res_page_size, pageSize);
     task.number(isc_spb_options, isc_spb_res_create);
     refuseFailure(service.run(task));
+}
+
+/// What the engine says about a file as it stands.
+Findings findingsOf(const QString &file)
+{
+    const SharedUse use(file);
+    engine::Service service(localFile(file));
+    ParameterBlock task(ParameterBlock::Kind::ServiceStart);
+    task.tag(isc_action_svc_validate);
+    task.text(isc_spb_dbname, file);
+    // Each line begins with the time; the ones that only tell how far the check is are left out.
+    static const QRegularExpression time(u"^\\d\\d:\\d\\d:\\d\\d\\.\\d\\d\\s*"_s);
+    static const QRegularExpression progress(
+        u"^(Validation (started|finished)|Relation \\d+ \\(.*\\)( is ok)?|process pointer page .*|"
+        "Index \\d+ \\(.*\\)|Relation \\d+ \\(.*\\) : \\d+ WARNINGS found)$"_s);
+    Findings findings;
+    for (QString line : service.run(task)) {
+        line.remove(time);
+        if (line.isEmpty() || progress.match(line).hasMatch())
+            continue;
+        (line.startsWith(u"Warning:"_s) ? findings.remarks : findings.damage) << line;
+    }
+    return findings;
+}
+
+/// The same of a copy without the rows of programs that were ended: the engine counts a row whose
+/// entries in the indexes were never written as an error, also when nobody will ever see the row.
+Findings findingsOfCleared(const QString &file)
+{
+    const PartialFile copy(file, u".check~"_s);
+    if (!FreeFile(file).copyTo(copy.path()))
+        throw engine::fileError(EBUSY, file);
+    {
+        engine::Service service(localFile(copy.path()));
+        ParameterBlock task(ParameterBlock::Kind::ServiceStart);
+        task.tag(isc_action_svc_repair);
+        task.text(isc_spb_dbname, copy.path());
+        task.number(isc_spb_options, isc_spb_rpr_sweep_db);
+        refuseFailure(service.run(task));
+    }
+    return findingsOf(copy.path());
 }
 
 } // namespace
@@ -148,6 +191,7 @@ void compact(const QString &sourceFile, const QString &destinationFile)
         throw engine::fileError(EBUSY, sourceFile);
     if (QFileInfo::exists(destinationFile))
         throw engine::fileError(EEXIST, destinationFile);
+    const SharedUse use(sourceFile);
     const PartialFile portable(destinationFile, u".portable~"_s);
     PartialFile database(destinationFile, u".part~"_s);
     backupToPortable(sourceFile, portable.path());
@@ -155,24 +199,22 @@ void compact(const QString &sourceFile, const QString &destinationFile)
     database.moveTo(destinationFile);
 }
 
-QStringList validate(const QString &file)
+Findings validate(const QString &file)
 {
     if (isHeld(file))
         throw engine::fileError(EBUSY, file);
-    engine::Service service(localFile(file));
-    ParameterBlock task(ParameterBlock::Kind::ServiceStart);
-    task.tag(isc_action_svc_validate);
-    task.text(isc_spb_dbname, file);
-    // Each line begins with the time; the ones that only tell how far the check is are left out.
-    static const QRegularExpression time(u"^\\d\\d:\\d\\d:\\d\\d\\.\\d\\d\\s*"_s);
-    static const QRegularExpression progress(
-        u"^(Validation (started|finished)|Relation \\d+ \\(.*\\)( is ok)?|process pointer page .*|"
-        "Index \\d+ \\(.*\\))$"_s);
-    QStringList findings;
-    for (QString line : service.run(task)) {
-        line.remove(time);
-        if (!line.isEmpty() && !progress.match(line).hasMatch())
-            findings << line;
+    Findings findings = findingsOf(file);
+    if (findings.damage.isEmpty())
+        return findings;
+    try {
+        const Findings lasting = findingsOfCleared(file);
+        for (const QString &line : std::as_const(findings.damage)) {
+            if (!lasting.damage.contains(line))
+                findings.remarks << line;
+        }
+        findings.damage = lasting.damage;
+    } catch (const DbError &) {
+        // What can't even be cleared away is damage; and so is everything when there is no copy.
     }
     return findings;
 }

@@ -18,7 +18,16 @@ void createDatabase(const Target &target);
 void backupOnline(const Target &source, const QString &destinationFile);
 /// Writes a compacted copy of a database that nobody holds.
 void compact(const QString &sourceFile, const QString &destinationFile);
-/// Checks a database file; what is wrong with it, line by line, empty when it is sound.
-[[nodiscard]] QStringList validate(const QString &file);
+/// What a check of a database file has found, line by line.
+struct Findings
+{
+    QStringList damage;  ///< empty when the file is sound
+    QStringList remarks; ///< traces of programs that were ended in the midst of a write: harmless
+};
+
+/// Checks a database file. One with faults is checked a second time as a copy beside it in which
+/// the unfinished work of programs that were ended has been cleared away: what is gone there was no
+/// damage.
+[[nodiscard]] Findings validate(const QString &file);
 
 } // namespace db

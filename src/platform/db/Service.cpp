@@ -2,7 +2,10 @@
 
 #include "platform/db/EngineErrors.h"
 
+#include <QDir>
 #include <QFileDevice>
+#include <QFileInfo>
+#include <QThread>
 
 #include <array>
 #include <cerrno>
@@ -18,6 +21,25 @@ namespace {
 unsigned shortAt(const unsigned char *place)
 {
     return place[0] | static_cast<unsigned>(place[1]) << 8U;
+}
+
+const QString threadFolder = u"/proc/self/task"_s;
+
+/// The threads of this process, where the operating system tells them.
+QStringList runningThreads()
+{
+    return QDir(threadFolder).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+}
+
+/// The engine ends a task before the task's thread, and can't unload itself under that: a process
+/// that ended meanwhile would crash. Gives up in the end, since it costs nothing else.
+void waitForEndOf(const QStringList &threads)
+{
+    constexpr int rounds = 1000;
+    for (const QString &thread : threads) {
+        for (int i = 0; i < rounds && QFileInfo::exists(threadFolder + u'/' + thread); ++i)
+            QThread::usleep(1000);
+    }
 }
 
 } // namespace
@@ -42,11 +64,22 @@ Service::~Service()
     } catch (const DbError &) {
         // The server is gone, and with it the task.
     }
+    waitForEndOf(m_threads);
+}
+
+void Service::start(ParameterBlock &task)
+{
+    const QStringList before = runningThreads();
+    m_service->start(&m_status, task.length(), task.data());
+    for (const QString &thread : runningThreads()) {
+        if (!before.contains(thread))
+            m_threads << thread;
+    }
 }
 
 QStringList Service::run(ParameterBlock &task)
 {
-    m_service->start(&m_status, task.length(), task.data());
+    start(task);
     constexpr std::array<unsigned char, 1> items = {isc_info_svc_line};
     std::vector<unsigned char> answer(16384);
     QStringList lines;
@@ -62,7 +95,7 @@ QStringList Service::run(ParameterBlock &task)
 
 void Service::runInto(ParameterBlock &task, QIODevice &output)
 {
-    m_service->start(&m_status, task.length(), task.data());
+    start(task);
     constexpr std::array<unsigned char, 1> items = {isc_info_svc_to_eof};
     std::vector<unsigned char> answer(32768);
     for (;;) {

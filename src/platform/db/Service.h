@@ -18,14 +18,18 @@ public:
     Service(const Service &) = delete;
     Service &operator=(const Service &) = delete;
 
-    /// Starts a task and waits for its end; the lines that it wrote. Raises DbError.
+    /// Starts a task and waits for its end; the lines that it wrote. Raises DbError. The engine's
+    /// thread for it is gone when this object is.
     QStringList run(ParameterBlock &task);
     /// Starts a task that writes its result to its standard output, and stores that.
     void runInto(ParameterBlock &task, QIODevice &output);
 
 private:
+    void start(ParameterBlock &task);
+
     Status m_status;
     Ref<Firebird::IService> m_service;
+    QStringList m_threads; ///< of this process, begun with the tasks
 };
 
 } // namespace db::engine

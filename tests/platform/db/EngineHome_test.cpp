@@ -64,4 +64,40 @@ TEST(EngineHome, AFolderThatCanNotBeMadeIsToldInWords)
     EXPECT_FALSE(QFile::exists(folder.filePath(u"x.mdb"_s)));
 }
 
+TEST(EngineHome, WithLocksOfItsOwnNobodyEntersADatabaseInUse)
+{
+    const QTemporaryDir folder;
+    const test::TestDatabase database;
+    const auto attached = [&](const QString &home) {
+        return std::make_unique<HelperProcess>(u"attach"_s, database.file(),
+                                               withHome(folder.filePath(home)));
+    };
+    auto first = attached(u"one"_s);
+    ASSERT_EQ(first->line(), u"attached"_s);
+    EXPECT_EQ(attached(u"one"_s)->line(), u"attached"_s) << "the same locks";
+    EXPECT_NE(attached(u"two"_s)->line(), u"attached"_s);
+    first.reset();
+    EXPECT_EQ(attached(u"two"_s)->line(), u"attached"_s);
+}
+
+TEST(EngineHome, ALockFolderOfEverybodyIsRefused)
+{
+    const QTemporaryDir folder;
+    const QString lock = folder.filePath(u"engine/lock"_s);
+    const auto answer = [&] {
+        return HelperProcess(u"create"_s, folder.filePath(u"x.mdb"_s),
+                             withHome(folder.filePath(u"engine"_s)))
+            .line();
+    };
+    ASSERT_TRUE(QDir().mkpath(lock));
+    ASSERT_TRUE(QFile::setPermissions(lock, QFile::Permissions(0x7777)));
+    EXPECT_TRUE(answer().contains(lock));
+    ASSERT_TRUE(QDir().rmdir(lock));
+    ASSERT_TRUE(QFile::link(folder.path(), lock));
+    EXPECT_TRUE(answer().contains(lock));
+    ASSERT_TRUE(QFile::remove(lock));
+    EXPECT_EQ(answer(), u"created"_s);
+    EXPECT_EQ(QFileInfo(lock).permissions() & QFile::Permissions(0x0077), QFile::Permissions());
+}
+
 } // namespace

@@ -1,5 +1,6 @@
 #include "platform/db/Maintenance.h"
 
+#include "platform/db/FileCheck.h"
 #include "platform/db/HelperProcess.h"
 #include "platform/db/TestDatabase.h"
 #include "support/Raised.h"
@@ -67,7 +68,7 @@ protected:
             copy.Execute(u"Insert into tblNew(Name) values('Abc')"_s);
             EXPECT_EQ(copy.Open(u"Select Name from tblNew where Name = 'aBC'"_s).RecordCount(), 1);
         }
-        EXPECT_EQ(db::validate(file), QStringList());
+        EXPECT_EQ(db::validate(file).damage, QStringList());
     }
 
     test::TestDatabase database;
@@ -225,7 +226,7 @@ TEST_F(Maintenance, CompactRefusesWhatItMustNotTouch)
 
 TEST_F(Maintenance, ValidateNamesWhatIsWrong)
 {
-    EXPECT_EQ(db::validate(database.file()), QStringList());
+    EXPECT_EQ(db::validate(database.file()).damage, QStringList());
     {
         const db::Connection data = database.connect();
         EXPECT_EQ(raisedBy([&] { (void)db::validate(database.file()); }).number(),
@@ -248,7 +249,58 @@ TEST_F(Maintenance, ValidateNamesWhatIsWrong)
     }
     file.close();
     ASSERT_EQ(spoiled, 3);
-    EXPECT_FALSE(db::validate(database.file()).isEmpty());
+    EXPECT_FALSE(db::validate(database.file()).damage.isEmpty());
+    EXPECT_EQ(files(), QStringList{u"test.mdb"_s}) << "nothing is left beside it";
+}
+
+TEST_F(Maintenance, ValidateTellsHarmlessTracesFromDamage)
+{
+    // A table's list of its pages (kind 4) says of one that it is full, of another that it isn't:
+    // what a program leaves that is killed between the two writes.
+    QByteArray bytes = test::readFile(database.file());
+    constexpr qsizetype pageSize = 8192;
+    constexpr qsizetype tableAt = 26;
+    constexpr qsizetype statesAt = 6560;
+    int changed = 0;
+    for (qsizetype page = 0; page < bytes.size(); page += pageSize) {
+        if (bytes[page] != '\x04' || static_cast<uchar>(bytes[page + tableAt]) < 128)
+            continue;
+        bytes[page + statesAt] = static_cast<char>(bytes[page + statesAt] ^ 1);
+        ++changed;
+    }
+    ASSERT_GT(changed, 0);
+    test::writeFile(database.file(), bytes);
+    const db::Findings findings = db::validate(database.file());
+    EXPECT_EQ(findings.damage, QStringList());
+    EXPECT_FALSE(findings.remarks.isEmpty());
+}
+
+TEST_F(Maintenance, AFileIsKnownAsWholeWithoutATouch)
+{
+    const QByteArray whole = test::readFile(database.file());
+    EXPECT_NO_THROW(db::requireWholeDatabase(database.file(), {"TBLLOG"}));
+    struct Case
+    {
+        const char *what;
+        QByteArray content;
+        QByteArrayList names;
+    };
+    for (const auto &[what, content, names] :
+         {Case{"empty", {}, {}}, Case{"a letter", "Dear Sir or Madam", {}},
+          Case{"zeros", QByteArray(100'000, '\0'), {}},
+          Case{"half", whole.left(whole.size() / 2), {}},
+          Case{"the first page", whole.left(8192), {}},
+          Case{"less than a page", whole.left(500), {}}, Case{"another's", whole, {"TBLPART"}}}) {
+        test::writeFile(path(u"bad.mdb"_s), content);
+        EXPECT_EQ(raisedBy([&, &names = names] {
+                      db::requireWholeDatabase(path(u"bad.mdb"_s), names);
+                  }).number(),
+                  ErrorNumber::NotADatabase)
+            << what;
+    }
+    EXPECT_EQ(raisedBy([&] { db::requireWholeDatabase(path(u"none.mdb"_s)); }).number(),
+              ErrorNumber::FileMissing);
+    EXPECT_EQ(test::readFile(database.file()), whole);
 }
 
 } // namespace

@@ -187,7 +187,7 @@ TEST(KilledProgram, LosesNothingThatWasCommitted)
         committed = static_cast<int>(pairs);
         connection.Execute(u"Delete from tblLog where Number < 0"_s);
     }
-    EXPECT_TRUE(db::validate(database.file()).isEmpty());
+    EXPECT_TRUE(db::validate(database.file()).damage.isEmpty());
 }
 
 TEST(FullDisk, IsToldAndLeavesTheFileSound)
