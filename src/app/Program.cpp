@@ -64,8 +64,11 @@ int runProgram(QApplication &application, const std::function<void(QWidget &)> &
             shown(*mainScreen);
     };
     steps.End = end;
+    int result = 0;
+    steps.Failed = [&result] { result = 1; };
 
-    const int result = Main(steps) ? QApplication::exec() : 0;
+    if (Main(steps))
+        result = QApplication::exec();
     mainScreen.reset();
     gcnLookup.reset();
     gcnData.reset();

@@ -53,6 +53,8 @@ db::Target databaseTarget()
     if (const QString user = value(u"HOSTUSER"_s); !user.isEmpty())
         target.user = user;
     target.password = value(u"HOSTPASSWORD"_s);
+    if (!target.password.isEmpty())
+        registry.keepPrivate();
     return target;
 }
 

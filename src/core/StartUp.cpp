@@ -5,6 +5,8 @@
 #include "platform/base/Environment.h"
 #include "platform/base/Error.h"
 #include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/db/FileCheck.h"
 #include "platform/db/Maintenance.h"
 #include "platform/settings/Registry.h"
 #include "platform/system/Files.h"
@@ -43,6 +45,12 @@ void showFailure(const base::Error &error, const QString &where)
                        where);
 }
 
+void fail(const StartUpSteps &Steps)
+{
+    if (Steps.Failed)
+        Steps.Failed();
+}
+
 void end(const StartUpSteps &Steps)
 {
     if (Steps.End)
@@ -55,6 +63,9 @@ QString registryValue(const QString &name)
     return settings::registry().value(settings::ProductKey, name);
 }
 
+/// What makes a database the program's own, whatever else it holds.
+const QByteArrayList ownTables = {"TBLSYSOPTION", "TBLUSER", "TBLEQUIPMENT"};
+
 void copyToBackup()
 {
     const QString version = registryValue(u"VERSION"_s).remove(u'.');
@@ -66,6 +77,9 @@ void copyToBackup()
     // A copy taken while somebody writes would be broken: asked before, and again at the end.
     if (QFileInfo::exists(source) && !isFree())
         throw base::Error(base::ErrorNumber::PermissionDenied, u"Permission denied"_s);
+    // What is no database any more must not take the place of the last one that was.
+    if (QFileInfo(source).isFile())
+        db::requireWholeDatabase(source, ownTables);
     sys::copyFile(source,
                   base::applicationPath(u"\\Data\\Backup\\Quorvantis"_s + version + u".mdb"_s),
                   isFree);
@@ -77,19 +91,29 @@ void makeGuid()
         settings::registry().setValue(settings::ProductKey, u"GUID"_s, GetGUID());
 }
 
-/// The engine's word for a missing file is about its own affairs.
+/// The engine's word for a missing file is about its own affairs, and a cut one it opens: the first
+/// that anybody would see of it is an empty main window.
 void requireDatabaseFile()
 {
-    if (!registryValue(u"HOST"_s).isEmpty() || QFileInfo(gsDatabasePath).isFile())
+    if (!registryValue(u"HOST"_s).isEmpty())
         return;
-    throw base::Error(base::ErrorNumber::FileNotFound,
-                      u"Could not find file '%1'."_s.arg(gsDatabasePath));
+    if (!QFileInfo(gsDatabasePath).isFile())
+        throw base::Error(base::ErrorNumber::FileNotFound,
+                          u"Could not find file '%1'."_s.arg(gsDatabasePath));
+    // Whoever holds it has started with it.
+    if (!db::isHeld(gsDatabasePath))
+        db::requireWholeDatabase(gsDatabasePath, ownTables);
 }
 
-/// True when nobody has to log in, or somebody did.
+/// True when nobody has to log in, or somebody did. Raises when that can't be read: a damaged
+/// table must not open the program to everybody.
 bool letIn(const StartUpSteps &Steps)
 {
-    if (GetOption(u"SECURITYONOFF"_s, false) != u"1")
+    const QString security = [] {
+        const base::Whole raising;
+        return GetOption(u"SECURITYONOFF"_s, false);
+    }();
+    if (security != u"1")
         return true;
     return Steps.frmLogin && Steps.frmLogin();
 }
@@ -114,6 +138,8 @@ bool Main(const StartUpSteps &Steps)
     });
     if (error)
         showFailure(*error, u"modData_Conntect (Main)"_s);
+    if (error && !running)
+        fail(Steps);
     return running;
 }
 
@@ -123,6 +149,7 @@ bool ConnectToDB(const StartUpSteps &Steps)
     const auto error = errorOf([&] {
         if (Steps.PrevInstance && Steps.PrevInstance()) {
             base::showInformation(u"Quorvantis application is already open."_s);
+            fail(Steps);
             return;
         }
         if (!BackupDB())
@@ -141,8 +168,10 @@ bool ConnectToDB(const StartUpSteps &Steps)
             Steps.frmMainScreen();
         running = true;
     });
-    if (error)
+    if (error) {
         showFailure(*error, u"modData_Conntect (ConnectToDB)"_s);
+        fail(Steps);
+    }
     if (!running)
         end(Steps);
     return running;

@@ -25,6 +25,8 @@ struct StartUpSteps
     std::function<void()> frmMainScreen;
     /// Ends the process. May come back (in tests); nothing else happens then.
     std::function<void()> End;
+    /// Told before End when the program could not start: an error, or another instance runs.
+    std::function<void()> Failed;
 };
 
 /// The start of the program, step by step. True when the main form was shown and the process is to

@@ -3,6 +3,7 @@
 #include "core/CompanySession.h"
 #include "platform/base/Error.h"
 #include "platform/db/Connection.h"
+#include "platform/db/DbError.h"
 #include "platform/settings/Registry.h"
 #include "platform/system/SingleInstance.h"
 #include "support/Raised.h"
@@ -36,6 +37,7 @@ protected:
         steps.SetUserRole = [this] { done(u"role"_s); };
         steps.frmMainScreen = [this] { done(u"main"_s); };
         steps.End = [this] { done(u"end"_s); };
+        steps.Failed = [this] { failed = true; };
     }
     ~StartUp() override
     {
@@ -97,6 +99,7 @@ protected:
     bool updateFound = false;
     bool outOfDate = false;
     bool loggedIn = true;
+    bool failed = false;
 };
 
 } // namespace
@@ -159,6 +162,7 @@ TEST_F(StartUp, AnUpdateEndsTheProcessBeforeAnythingElse)
     EXPECT_FALSE(Main(steps));
     EXPECT_EQ(course, QStringList({u"update"_s, u"end"_s}));
     EXPECT_FALSE(QFile::exists(backup()));
+    EXPECT_FALSE(failed);
 }
 
 TEST_F(StartUp, ASecondInstanceStopsBeforeTheBackup)
@@ -173,6 +177,7 @@ TEST_F(StartUp, ASecondInstanceStopsBeforeTheBackup)
     EXPECT_EQ(course, QStringList({u"update"_s, u"end"_s}));
     EXPECT_FALSE(QFile::exists(backup()));
     EXPECT_FALSE(connectionsAreOpen());
+    EXPECT_TRUE(failed);
 }
 
 TEST_F(StartUp, AHeldDatabaseIsNotCopiedAndOpensAllTheSame)
@@ -212,18 +217,47 @@ TEST_F(StartUp, AMissingDatabaseEndsTheProcess)
 TEST_F(StartUp, AFileThatIsNoDatabaseIsLeftAsItIs)
 {
     const QByteArray whole = test::readFile(company.file());
-    for (const QByteArray &content :
-         {QByteArray(), QByteArray("Dear Sir or Madam"), QByteArray(100'000, '\0'),
-          QByteArray(100'000, 'x') + whole.mid(100'000)}) {
+    struct Case
+    {
+        QByteArray content;
+        QString sentence;
+    };
+    QByteArray anothers = whole;
+    anothers.replace("tblEquipment", "tblAppliance");
+    for (const auto &[content, sentence] :
+         {Case{{}, u"The database file is empty: "_s},
+          Case{"Dear Sir or Madam", u"The file is not a database that this program can read: "_s},
+          Case{QByteArray(100'000, 'x') + whole.mid(100'000),
+               u"The file is not a database that this program can read: "_s},
+          Case{whole.left(whole.size() / 2),
+               u"The database file is damaged: its end is missing: "_s},
+          Case{anothers, u"The file is not a database of this program: "_s}}) {
         test::writeFile(live(), content);
+        test::writeFile(backup(), "the last good one");
         course.clear();
-        const base::Error error = test::raisedBy([] { const db::Connection c(target()); });
-        expectFailure(error.description() + u" ("_s + live() + u')', error.number(),
-                      u"ConnectToDB"_s);
+        failed = false;
+        expectBackupProblem(sentence + live(), db::ErrorNumber::NotADatabase);
+        expectFailure(sentence + live(), db::ErrorNumber::NotADatabase, u"ConnectToDB"_s);
         EXPECT_FALSE(Main(steps));
         EXPECT_EQ(course.last(), u"end"_s);
-        EXPECT_EQ(test::readFile(live()), content);
+        EXPECT_TRUE(failed);
+        EXPECT_EQ(test::readFile(live()), content) << "not one byte";
+        EXPECT_EQ(test::readFile(backup()), "the last good one");
     }
+}
+
+TEST_F(StartUp, SecurityThatCantBeReadLetsNobodyIn)
+{
+    putDatabase();
+    db::Connection(target()).Execute(u"alter table tblSysOption drop column ItemValue"_s);
+    const base::Error error = test::raisedBy([] {
+        (void)db::Connection(target()).Open(
+            u"Select itemvalue From tblSysoption where Sysoption = 'SECURITYONOFF'"_s);
+    });
+    expectFailure(error.description(), error.number(), u"ConnectToDB"_s);
+    EXPECT_FALSE(Main(steps));
+    EXPECT_FALSE(course.contains(u"main"_s));
+    EXPECT_TRUE(failed);
 }
 
 TEST_F(StartUp, ACancelledLoginEndsAfterBackupAndMigration)
@@ -236,6 +270,7 @@ TEST_F(StartUp, ACancelledLoginEndsAfterBackupAndMigration)
               QStringList({u"update"_s, u"instance"_s, u"migrate"_s, u"login"_s, u"end"_s}));
     EXPECT_TRUE(QFile::exists(backup()));
     closeConnections();
+    EXPECT_FALSE(failed) << "his own wish";
     // Nobody passes a login that isn't there.
     steps.frmLogin = nullptr;
     EXPECT_FALSE(Main(steps));

@@ -18,6 +18,7 @@ namespace settings {
 namespace {
 
 constexpr int LockWait = 5000; // milliseconds
+constexpr QFileDevice::Permissions ownersOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
 
 bool sameName(QStringView left, QStringView right)
 {
@@ -163,12 +164,24 @@ void Registry::setValue(const QString &key, const QString &name, const QString &
     else
         lines << u'[' + key + u']' << entry;
 
+    const bool isNew = !QFileInfo::exists(m_file);
     QSaveFile file(m_file);
     if (!file.open(QIODevice::WriteOnly))
         refuse(file.errorString());
+    if (isNew)
+        file.setPermissions(ownersOnly);
     file.write((lines.join(u'\n') + u'\n').toUtf8());
     if (!file.commit())
         refuse(file.errorString());
+}
+
+void Registry::keepPrivate() const
+{
+    constexpr QFileDevice::Permissions others = QFileDevice::ReadGroup | QFileDevice::WriteGroup |
+                                                QFileDevice::ExeGroup | QFileDevice::ReadOther |
+                                                QFileDevice::WriteOther | QFileDevice::ExeOther;
+    if ((QFile::permissions(m_file) & others) != QFileDevice::Permissions())
+        QFile::setPermissions(m_file, ownersOnly);
 }
 
 Registry registry()

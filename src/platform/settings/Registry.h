@@ -33,6 +33,9 @@ public:
     /// line can't hold, PermissionDenied while another program holds the lock, PathAccess when the
     /// file can't be written.
     void setValue(const QString &key, const QString &name, const QString &value) const;
+    /// Lets nobody but its owner read the file any more, as one is made by the first write: for
+    /// whoever reads a password in it. A file of somebody else's stays as it is.
+    void keepPrivate() const;
 
 private:
     QString m_file;

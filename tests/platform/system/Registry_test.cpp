@@ -55,6 +55,21 @@ TEST_F(Registry, MissingFileIsEmptyAndMadeByTheFirstWrite)
     EXPECT_EQ(bytes(), "[Software\\Quorvantis]\nGUID=0123\n");
 }
 
+TEST_F(Registry, APasswordIsForTheOwnersEyesOnly)
+{
+    constexpr auto mode = [](const QString &file) {
+        return QFile::permissions(file) & QFile::Permissions(0x0077);
+    };
+    registry.setValue(ProductKey, u"GUID"_s, u"0123"_s);
+    EXPECT_EQ(mode(path()), QFile::Permissions()) << "made so";
+    QFile::setPermissions(path(), QFile::Permissions(0x6644));
+    registry.setValue(ProductKey, u"GUID"_s, u"4567"_s);
+    EXPECT_EQ(mode(path()), QFile::Permissions(0x0044)) << "an administrator's choice stays";
+    registry.keepPrivate();
+    EXPECT_EQ(mode(path()), QFile::Permissions());
+    EXPECT_EQ(registry.value(ProductKey, u"GUID"_s), u"4567"_s);
+}
+
 TEST_F(Registry, AWriteChangesItsOwnLineOnly)
 {
     write("# kept\n[Software\\Quorvantis]\nversion=1\n\n; also kept\n"
