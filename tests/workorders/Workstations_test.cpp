@@ -39,6 +39,8 @@ protected:
     template<class Second>
     void fromSecond(Second &&second)
     {
+        // The other program's procedures are no steps of the first one's.
+        const base::Interlude itsOwn;
         const bool inTransaction = std::exchange(gbInTransaction, false);
         std::swap(gcnData, m_second);
         second();
