@@ -174,13 +174,13 @@ TEST_F(PartScreens, WithoutTheRightAPartCanBeLookedAtOnly)
              });
 }
 
-TEST_F(PartScreens, ReceivedGoodsAreAddedToWhatTheListShows)
+TEST_F(PartScreens, ReceivedGoodsAreAddedToTheStockAsItStands)
 {
     addPart(u"P-1"_s, u"Oil filter"_s, 5);
     addPart(u"P-2"_s, u"Belt"_s, 1);
     addPart(u"P-3"_s, u"Blade"_s, 4);
     inScreen([] { ShowInventoryCheckIn(); },
-             [](const ScreenDriver &screen) {
+             [this](const ScreenDriver &screen) {
                  auto &grid = screen.control<grid::GridView>("grdParts");
                  EXPECT_EQ(grid.rows().rowCount(), 3);
                  EXPECT_EQ(grid.currentColumn(), u"Qty Received"_s) << "where typing goes";
@@ -191,17 +191,28 @@ TEST_F(PartScreens, ReceivedGoodsAreAddedToWhatTheListShows)
                  typeInCell(grid, 2, u"Qty Received"_s, u"7"_s);
                  typeInCell(grid, 2, u"Qty Received"_s, u"."_s);
                  EXPECT_EQ(grid.rows().value(2, u"Qty Received").toDouble(), 0);
-                 // Another workstation takes one: the list's view of the stock wins.
+                 // What another workstation takes or counts meanwhile stays taken.
                  gcnData->Execute(u"Update tblPart set Quantity = 3 where PartID = 'P-3'"_s);
+                 gcnData->Execute(u"Update tblPart set Quantity = Null where PartID = 'P-2'"_s);
+                 const auto second = database.open();
+                 second->BeginTrans();
+                 second->Execute(u"Update tblPart set Quantity = 4.8 where PartID = 'P-1'"_s);
+                 prompts.expect(
+                     u"Another workstation is changing part \"P-1\". Nothing was stored. "
+                     "Please try again in a moment."_s,
+                     base::Prompts::Icon::None);
                  screen.press("cmdUpdate");
-                 EXPECT_EQ(grid.rows().value(0, u"Qty on Hand").toDouble(), 7);
+                 EXPECT_TRUE(screen.isShown("cmdUpdate")) << "what was typed is still there";
+                 second->CommitTrans();
+                 screen.press("cmdUpdate");
+                 EXPECT_EQ(grid.rows().value(0, u"Qty on Hand").toDouble(), 6.8);
                  EXPECT_EQ(grid.rows().value(0, u"Qty Received").toDouble(), 0);
                  EXPECT_TRUE(screen.isShown("cmdExit"));
                  screen.press("cmdExit");
              });
-    EXPECT_EQ(quantity(u"P-1"_s), u"7"_s);
-    EXPECT_EQ(quantity(u"P-2"_s), u"-2"_s);
-    EXPECT_EQ(quantity(u"P-3"_s), u"4"_s);
+    EXPECT_EQ(quantity(u"P-1"_s), u"6.8"_s);
+    EXPECT_EQ(quantity(u"P-2"_s), u"-3"_s);
+    EXPECT_EQ(quantity(u"P-3"_s), u"3"_s);
 }
 
 TEST_F(PartScreens, TheReorderBoxListsWhatIsAtItsPointOrBelow)

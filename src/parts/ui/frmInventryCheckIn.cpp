@@ -3,6 +3,8 @@
 #include "core/Session.h"
 #include "core/ui/IncrementalSearch.h"
 #include "core/ui/ListGrid.h"
+#include "core/ui/Telling.h"
+#include "parts/Stock.h"
 #include "platform/base/Trapped.h"
 #include "platform/input/FormBuilder.h"
 #include "platform/input/Theme.h"
@@ -101,16 +103,13 @@ void frmInventryCheckIn::SaveChanges()
 {
     if (!grdParts->finishEditing())
         return;
-    const bool saved = base::trapped(Module, "SaveChanges", false, [&] {
-        TransactionScope transaction;
-        const grid::GridModel &rows = grdParts->rows();
-        // Every row is written from what the grid shows, changed or not.
-        for (int row = 0; row < rows.rowCount(); ++row)
-            gcnData->Execute(
-                u"Update tblPart Set Quantity=? where  PartID=?"_s,
-                {rows.value(row, u"Qty on Hand").toDouble() + rows.value(row, Received).toDouble(),
-                 rows.value(row, u"Part Number")});
-        transaction.commit();
+    QList<stock::Receipt> receipts;
+    const grid::GridModel &rows = grdParts->rows();
+    for (int row = 0; row < rows.rowCount(); ++row)
+        receipts.append(
+            {rows.value(row, u"Part Number").toString(), rows.value(row, Received).toDouble()});
+    const bool saved = telling(Module, "SaveChanges", false, [&] {
+        stock::checkIn(receipts);
         return true;
     });
     if (!saved)

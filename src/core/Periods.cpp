@@ -1,0 +1,48 @@
+#include "core/Periods.h"
+
+#include <QStringList>
+#include <algorithm>
+
+namespace periods {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr Period Table[] = {
+    {u"D", u"Days", false},      {u"W", u"Weeks", false}, {u"M", u"Months", false},
+    {u"Y", u"Years", false},     {u"C", u"Counts", true}, {u"H", u"Hours", true},
+    {u"K", u"Kilometers", true}, {u"I", u"Miles", true},
+};
+
+const Period *found(QStringView text, QStringView Period::*member)
+{
+    const auto *period = std::ranges::find(Table, text, member);
+    return period == std::end(Table) ? nullptr : period;
+}
+
+} // namespace
+
+std::span<const Period> all()
+{
+    return Table;
+}
+
+const Period *ofCode(QStringView code)
+{
+    return found(code, &Period::code);
+}
+
+const Period *ofWord(QStringView word)
+{
+    return found(word, &Period::word);
+}
+
+QString wordExpression()
+{
+    QStringList pairs;
+    for (const Period &period : Table)
+        pairs.append(u"Period='%1','%2'"_s.arg(period.code, period.word));
+    return u"Switch("_s + pairs.join(u", "_s) + u')';
+}
+
+} // namespace periods
