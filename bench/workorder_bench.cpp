@@ -4,6 +4,7 @@
 #include "platform/base/Environment.h"
 #include "workorders/Board.h"
 #include "workorders/Generation.h"
+#include "workorders/OrderServices.h"
 #include "workorders/Posting.h"
 #include "workorders/Recording.h"
 #include "workorders/Statements.h"
@@ -125,7 +126,7 @@ QList<qint64> completedOrders()
     qint64 machine = 0;
     QList<qint64> services;
     const auto makeOrder = [&] {
-        made.append(generation::addOrder(machine));
+        made.append(orderservices::addOrder(machine));
         (void)recording::AddServiceRecord(services, made.last(), machine,
                                           recording::ServiceSource::Machine, false);
         services.clear();

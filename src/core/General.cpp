@@ -1,5 +1,6 @@
 #include "core/General.h"
 
+#include "core/Periods.h"
 #include "core/Session.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Error.h"
@@ -284,16 +285,8 @@ qint64 GetEquipmentCountByCode(qint64 EquipmentID, const QString &PeriodCode)
 
 QString PeriodWord(const QString &PeriodCode)
 {
-    struct Word
-    {
-        QStringView code;
-        QStringView word;
-    };
-    static constexpr Word words[] = {{u"D", u"Days"},       {u"W", u"Weeks"},  {u"M", u"Months"},
-                                     {u"Y", u"Years"},      {u"C", u"Counts"}, {u"H", u"Hours"},
-                                     {u"K", u"Kilometers"}, {u"I", u"Miles"}};
-    const auto *found = std::ranges::find(words, QStringView(PeriodCode), &Word::code);
-    return found == std::end(words) ? PeriodCode : found->word.toString();
+    const periods::Period *period = periods::ofCode(PeriodCode);
+    return period ? period->word.toString() : PeriodCode;
 }
 
 QString GetVersionNo()

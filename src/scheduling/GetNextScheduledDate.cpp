@@ -1,6 +1,7 @@
 #include "scheduling/GetNextScheduledDate.h"
 
 #include "core/General.h"
+#include "core/Periods.h"
 #include "core/Session.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Prompts.h"
@@ -8,6 +9,7 @@
 #include "scheduling/NextDate.h"
 
 #include <limits>
+#include <optional>
 
 namespace {
 
@@ -68,9 +70,10 @@ Schedule readSchedule(const db::Row &row)
     return schedule;
 }
 
-bool isCalendar(const QString &period)
+bool isCalendar(const QString &code)
 {
-    return period == u"W" || period == u"D" || period == u"M" || period == u"Y";
+    const periods::Period *period = periods::ofCode(code);
+    return period && !period->isCount;
 }
 
 /// What the schedule lacks, as the message names it; empty when it is complete.
@@ -115,10 +118,8 @@ void tellMissingPattern(const QString &missing, qint64 serviceUsedID)
                                            row.text(u"EquipmentName"), row.text(u"Name")));
 }
 
-} // namespace
-
-QDateTime scheduling::nextScheduledDate(qint64 ServiceUsedID,
-                                        const std::optional<QDateTime> &givenDate)
+/// With a given date, it stands for both last dates.
+QDateTime nextScheduledDate(qint64 ServiceUsedID, const std::optional<QDateTime> &givenDate)
 {
     const QDateTime today = base::wallClock(base::today());
     const db::Recordset rows =
@@ -136,18 +137,21 @@ QDateTime scheduling::nextScheduledDate(qint64 ServiceUsedID,
         schedule.pattern.dom == 0 ? missingPattern(schedule.pattern) : QString();
     if (!missing.isEmpty()) {
         // An interval that runs over is an error before anything is said.
-        (void)Addday(schedule.period, schedule.interval, from);
+        (void)scheduling::Addday(schedule.period, schedule.interval, from);
         tellMissingPattern(missing, ServiceUsedID);
-        return base::now().addDays(1);
+        return today.addDays(1); // whole, so that a window of that day holds it
     }
-    return base::wallClock(nextDate(schedule.pattern, schedule.period, schedule.interval, from));
+    return base::wallClock(
+        scheduling::nextDate(schedule.pattern, schedule.period, schedule.interval, from));
 }
+
+} // namespace
 
 QDateTime GetNextScheduledDate(qint64 ServiceUsedID, bool UseGivenDate, const QDateTime &GivenDate)
 {
     return base::trapped("General Function", "GetNextScheduledDate", QDateTime(), [&] {
-        return scheduling::nextScheduledDate(ServiceUsedID, UseGivenDate ? std::optional(GivenDate)
-                                                                         : std::nullopt);
+        return nextScheduledDate(ServiceUsedID,
+                                 UseGivenDate ? std::optional(GivenDate) : std::nullopt);
     });
 }
 

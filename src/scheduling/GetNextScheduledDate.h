@@ -2,7 +2,6 @@
 
 #include <QDateTime>
 #include <QString>
-#include <optional>
 
 /// When an assigned service falls due next, by its row of tblServiceUsed and, for a meter service,
 /// the machine's newest reading. Writes nothing: storing the date is the caller's job. Data, so
@@ -10,17 +9,10 @@
 ///
 /// With UseGivenDate the given date stands for both the last scheduled and the last performed
 /// date. The result is the date; the zero date for a meter service whose target isn't reached;
-/// the current date and time plus one day, after a message, for a calendar service whose months,
-/// weeks or days are missing; today when there is no such row.
+/// tomorrow, after a message, for a calendar service whose months, weeks or days are missing; today
+/// when there is no such row. As a step of a whole it passes its error on.
 [[nodiscard]] QDateTime GetNextScheduledDate(qint64 ServiceUsedID, bool UseGivenDate = false,
                                              const QDateTime &GivenDate = {});
-
-namespace scheduling {
-/// The same for a step of something larger: an error goes on to the caller, who undoes the whole.
-/// With a given date, it stands for both last dates.
-[[nodiscard]] QDateTime nextScheduledDate(qint64 ServiceUsedID,
-                                          const std::optional<QDateTime> &givenDate = {});
-} // namespace scheduling
 
 /// The date of the machine's newest reading of a kind when it has reached the target, otherwise
 /// (also without any reading) the zero date. Data.

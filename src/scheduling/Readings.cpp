@@ -1,6 +1,7 @@
 #include "scheduling/Readings.h"
 
 #include "core/General.h"
+#include "core/Periods.h"
 #include "core/Session.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Prompts.h"
@@ -11,43 +12,24 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-struct CountPeriod
-{
-    QStringView code;
-    QStringView type;
-};
-constexpr CountPeriod CountPeriods[] = {
-    {u"C", u"Counts"}, {u"H", u"Hours"}, {u"K", u"Kilometers"}, {u"I", u"Miles"}};
-
 FirstReadingAsker &currentAsker()
 {
     static FirstReadingAsker asker;
     return asker;
 }
 
-void insert(qint64 equipment, const QDateTime &date, const QString &countType, qint64 value)
-{
-    gcnData->Execute(
-        u"insert into tblEquipmentCount(EquipmentID,ChangeDate,CountType,CountValue) values(?,?,?,?)"_s,
-        {equipment, date, countType, value});
-}
-
 } // namespace
 
 QString countType(const QString &periodCode)
 {
-    for (const CountPeriod &period : CountPeriods)
-        if (period.code == periodCode)
-            return period.type.toString();
-    return {};
+    const periods::Period *period = periods::ofCode(periodCode);
+    return period && period->isCount ? period->word.toString() : QString();
 }
 
 QString periodCode(const QString &countType)
 {
-    for (const CountPeriod &period : CountPeriods)
-        if (period.type == countType)
-            return period.code.toString();
-    return {};
+    const periods::Period *period = periods::ofWord(countType);
+    return period && period->isCount ? period->code.toString() : QString();
 }
 
 Reading newest(qint64 EquipmentID, const QString &countType)
@@ -80,9 +62,16 @@ bool isInProcess(qint64 EquipmentID, const QString &countType)
                 .isEmpty();
 }
 
+void store(qint64 EquipmentID, const QDateTime &date, const QString &countType, qint64 value)
+{
+    gcnData->Execute(
+        u"insert into tblEquipmentCount(EquipmentID,ChangeDate,CountType,CountValue) values(?,?,?,?)"_s,
+        {EquipmentID, date, countType, value});
+}
+
 void add(qint64 EquipmentID, const QDateTime &date, const QString &countType, qint64 value)
 {
-    insert(EquipmentID, date, countType, value);
+    store(EquipmentID, date, countType, value);
     applyToServices(EquipmentID);
 }
 
@@ -93,18 +82,21 @@ void remove(qint64 EquipmentID, const Reading &reading, const QString &countType
                      {EquipmentID, countType, reading.date, reading.value});
 }
 
-void applyToServices(qint64 EquipmentID)
+void applyToServices(qint64 EquipmentID, const QSet<qint64> &leftOut)
 {
     const db::Recordset services = gcnData->Open(
-        u"Select serviceusedid,NextScheduledDate,Einterval,Period from tblServiceUsed where "
-        "EquipmentID = ? and Period IN ('C', 'H', 'K', 'I')"_s,
+        u"Select serviceusedid,NextScheduledDate,NextScheduledCount,Period from tblServiceUsed "
+        "where EquipmentID = ? and Period IN ('C', 'H', 'K', 'I')"_s,
         {EquipmentID});
     for (const db::Row service : services) {
-        if (!service.isNull(u"NextScheduledDate"))
-            continue;
         const qint64 id = service.integer(u"serviceusedid");
-        // One service that can't be calculated is reported, and keeps no reading from being taken.
-        const QDateTime reached = GetNextScheduledDate(id);
+        if (!service.isNull(u"NextScheduledDate") || leftOut.contains(id))
+            continue;
+        // The meter alone decides. A pattern that something has spoilt is none of its business, and
+        // keeps no reading from being taken.
+        QDateTime reached;
+        CheckMeterLogic(EquipmentID, countType(service.text(u"Period")),
+                        service.integer(u"NextScheduledCount"), reached);
         if (reached.isValid())
             gcnData->Execute(
                 u"Update tblServiceUsed Set NextScheduledDate = ? Where ServiceUsedID = ?"_s,
@@ -122,7 +114,7 @@ void addFirst(qint64 EquipmentID, qint64 ServiceUsedID, const QString &ServiceNa
 {
     const FirstReadingAsker ask = currentAsker();
     if (!ask || !ask(EquipmentID, ServiceUsedID, ServiceName, CountType))
-        insert(EquipmentID, base::wallClock(base::today()), CountType, 0);
+        store(EquipmentID, base::wallClock(base::today()), CountType, 0);
 }
 
 int delay()

@@ -3,6 +3,7 @@
 #include "platform/db/Recordset.h"
 
 #include <QDateTime>
+#include <QSet>
 #include <QString>
 #include <functional>
 #include <span>
@@ -31,13 +32,16 @@ struct Reading
 /// added by hand.
 [[nodiscard]] bool isInProcess(qint64 EquipmentID, const QString &countType);
 
+/// Stores a reading as it is. There is no other way by which one comes into the database.
+void store(qint64 EquipmentID, const QDateTime &date, const QString &countType, qint64 value);
 /// Stores a reading and gives the machine's waiting count services their dates.
 void add(qint64 EquipmentID, const QDateTime &date, const QString &countType, qint64 value);
 /// Takes a reading away, and those that equal it. What it has changed in services stays.
 void remove(qint64 EquipmentID, const Reading &reading, const QString &countType);
 /// Gives every count service of the machine that has no date yet, whatever its type, the date of
-/// the reading that reached its target. Moves no date that is set, and no target.
-void applyToServices(qint64 EquipmentID);
+/// the reading that reached its target. Moves no date that is set, and no target. Those left out
+/// go on waiting.
+void applyToServices(qint64 EquipmentID, const QSet<qint64> &leftOut = {});
 
 /// Asks the user for the reading at which a service was last performed. Returns True when one was
 /// saved; the count type may have been changed by then.

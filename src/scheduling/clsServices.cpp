@@ -144,7 +144,8 @@ void followTheMeter(qint64 serviceUsedID)
     }
     if (schedule.NextScheduledDate.isValid())
         return;
-    const QDateTime due = scheduling::nextScheduledDate(service.ServiceID);
+    const base::Whole whole;
+    const QDateTime due = GetNextScheduledDate(service.ServiceID);
     if (due.isValid())
         gcnData->Execute(
             u"Update tblServiceUsed Set NextScheduledDate = ? Where ServiceUsedID = ?"_s,

@@ -4,6 +4,8 @@
 #include "platform/base/Error.h"
 #include "platform/base/Trapped.h"
 #include "workorders/NumberList.h"
+#include "workorders/OrderNames.h"
+#include "workorders/OrderServices.h"
 
 #include <QHash>
 #include <QMap>
@@ -15,23 +17,6 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr const char *Module = "Work Order";
-
-/// What an order's service copies from the schedule, in the order of the insert.
-const QStringList CopiedColumns{u"ServiceUsedID"_s,
-                                u"ServiceID"_s,
-                                u"EquipmentID"_s,
-                                u"LastDateScheduled"_s,
-                                u"LastDatePerformed"_s,
-                                u"NextScheduledDate"_s,
-                                u"Name"_s,
-                                u"CrewID"_s,
-                                u"CostCenterID"_s,
-                                u"SeparateWo"_s,
-                                u"LaborEstimate"_s,
-                                u"CostEstimate"_s,
-                                u"Note"_s,
-                                u"Period"_s,
-                                u"JobNo"_s};
 
 /// The due services of these machines, by machine. Of a deleted crew CrewID is Null.
 using ServicesByMachine = QHash<qint64, QList<db::Row>>;
@@ -70,7 +55,7 @@ void AddOneService(qint64 workorderNo, const db::Row &service)
         u"Select partID,QuantityRequired,Price,SupplierID from tblServiceUsedpart where PartId is "
         "not Null and ServiceUsedId = ?"_s,
         {service[u"ServiceUsedID"]});
-    addService(workorderNo, service, parts);
+    orderservices::addService(workorderNo, service, parts);
 }
 
 void AddGenerateWo(qint64 machine, const QList<db::Row> &services, QList<qint64> &generated)
@@ -81,13 +66,15 @@ void AddGenerateWo(qint64 machine, const QList<db::Row> &services, QList<qint64>
             continue;
         // No order can be made for nobody.
         if (service.isNull(u"CrewID"))
-            throw base::Error(base::ErrorNumber::InvalidUseOfNull,
-                              u"A due service of this machine belongs to a crew that has been "
-                              "deleted. Give the service a crew first."_s);
+            throw base::Error(
+                base::ErrorNumber::InvalidUseOfNull,
+                u"The due service \"%1\" of machine %2 belongs to a crew that has been deleted. "
+                "Give the service a crew first."_s.arg(service.text(u"Name"),
+                                                       ordernames::machine(machine)));
         byCrew[service.integer(u"CrewID")].append(service);
     }
     for (const QList<db::Row> &shared : std::as_const(byCrew)) {
-        const qint64 order = addOrder(machine);
+        const qint64 order = orderservices::addOrder(machine);
         generated.append(order);
         for (const db::Row &service : shared)
             AddOneService(order, service);
@@ -95,9 +82,26 @@ void AddGenerateWo(qint64 machine, const QList<db::Row> &services, QList<qint64>
     for (const db::Row &service : services) {
         if (service.integer(u"SeparateWo") != 1)
             continue;
-        const qint64 order = addOrder(machine);
+        const qint64 order = orderservices::addOrder(machine);
         generated.append(order);
         AddOneService(order, service);
+    }
+}
+
+/// Makes the orders of a machine. The index that lets a service be on one open order only keeps
+/// two workstations from making them both.
+template<class Body>
+void unlessDoneElsewhere(qint64 machine, Body &&body)
+{
+    try {
+        body();
+    } catch (const db::DbError &error) {
+        if (error.number() != db::ErrorNumber::DuplicateKey &&
+            error.number() != db::ErrorNumber::LockConflict)
+            throw;
+        throw InTheWay(
+            u"Another workstation has just generated work orders for services of "
+            "machine %1. Press Refresh to see them."_s.arg(ordernames::machine(machine)));
     }
 }
 
@@ -109,19 +113,11 @@ bool generate(const WorkorderFilter &filter, const QList<qint64> &machines, bool
         TransactionScope transaction;
         ServicesByMachine services = dueServices(filter, machines, withInactive);
         int machinesDone = 0;
-        try {
-            for (const qint64 machine : machines) {
-                AddGenerateWo(machine, services.take(machine), made);
-                if (progress)
-                    progress(++machinesDone, static_cast<int>(machines.size()));
-            }
-        } catch (const db::DbError &error) {
-            // The index that lets a service be on one open order only.
-            if (error.number() == db::ErrorNumber::DuplicateKey)
-                throw db::DbError(error.number(),
-                                  u"Another workstation has just generated work orders for these "
-                                  "services. Press Refresh to see them."_s);
-            throw;
+        for (const qint64 machine : machines) {
+            unlessDoneElsewhere(machine,
+                                [&] { AddGenerateWo(machine, services.take(machine), made); });
+            if (progress)
+                progress(++machinesDone, static_cast<int>(machines.size()));
         }
         transaction.commit();
         return true;
@@ -144,41 +140,20 @@ bool generateForRow(const WorkorderFilter &filter, qint64 EquipmentID, QList<qin
     return generate(filter, {EquipmentID}, true, generated, {});
 }
 
-qint64 addOrder(qint64 EquipmentID)
-{
-    return gcnData->Insert(u"Insert into tblWorkOrder(EquipmentId,Printed) Values(?,'0')"_s,
-                           {EquipmentID}, u"WorkorderNo"_s);
-}
-
-qint64 addService(qint64 WorkorderNo, const db::Row &serviceRow, const db::Recordset &parts)
-{
-    QVariantList values{WorkorderNo};
-    for (const QString &column : CopiedColumns)
-        values.append(serviceRow[column]);
-    const qint64 id = gcnData->Insert(
-        u"Insert into tblWoserviceUsed(WorkOrderNo,ServiceUsedID,ServiceID,EquipmentID,"
-        "LastdateScheduled,LastDatePerformed,NextScheduledDate,Name,CrewID,CostCenterID,SeparateWo,"
-        "LaborEstimate,CostEstimate,[Note],Period,JobNo)values(?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)"_s,
-        values, u"NServiceUsedID"_s);
-    for (const db::Row part : parts) {
-        const QVariant required = part[u"QuantityRequired"];
-        gcnData->Execute(
-            u"Insert into tblWoPartUsed(ServiceUsedID,PartID,QuantityRequired,QuantityUsed,Price,"
-            "SupplierID) Values(?,?,?,?,?,?)"_s,
-            {id, part[u"partID"], required, required, part[u"Price"], part[u"SupplierID"]});
-    }
-    return id;
-}
-
 bool deleteOrder(qint64 WorkorderNo)
 {
     return base::trapped(Module, "cmdDelete_Click", false, [&] {
         TransactionScope transaction;
-        gcnData->Execute(u"Delete from tblWoPartUsed where ServiceUSedID in (Select NserviceUSedID "
-                         "from tblWoServiceUSed where Workorderno = ?)"_s,
-                         {WorkorderNo});
-        gcnData->Execute(u"Delete from tblWoServiceUsed where WorkorderNo = ?"_s, {WorkorderNo});
-        gcnData->Execute(u"Delete from tblWorkorder where Workorderno = ?"_s, {WorkorderNo});
+        const auto remove = [&] {
+            gcnData->Execute(u"Delete from tblWoPartUsed where ServiceUSedID in (Select "
+                             "NserviceUSedID from tblWoServiceUSed where Workorderno = ?)"_s,
+                             {WorkorderNo});
+            gcnData->Execute(u"Delete from tblWoServiceUsed where WorkorderNo = ?"_s,
+                             {WorkorderNo});
+            gcnData->Execute(u"Delete from tblWorkorder where Workorderno = ?"_s, {WorkorderNo});
+        };
+        orInTheWay(remove,
+                   [&] { return ordernames::beingChanged(ordernames::order(WorkorderNo)); });
         transaction.commit();
         return true;
     });

@@ -2,14 +2,19 @@
 
 #include "core/ServiceHistory.h"
 #include "core/Session.h"
+#include "parts/Stock.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "scheduling/GetNextScheduledDate.h"
 #include "scheduling/Readings.h"
 #include "workorders/NumberList.h"
+#include "workorders/OrderNames.h"
+#include "workorders/Recording.h"
 
-#include <QHash>
+#include <QMap>
+#include <QSet>
 #include <QStringList>
+#include <algorithm>
 #include <optional>
 
 namespace posting {
@@ -18,6 +23,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr const char *Module = "Workorder";
+constexpr qsizetype LongestList = 100;
 
 DateConfirmation &currentConfirmation()
 {
@@ -29,10 +35,9 @@ DateConfirmation &currentConfirmation()
 /// with the numbers one after the other. No list is empty.
 QStringList listsOf(const QList<qint64> &numbers)
 {
-    constexpr qsizetype longest = 100;
     QStringList lists;
-    for (qsizetype at = 0; at < numbers.size(); at += longest)
-        lists.append(numberList(numbers.mid(at, longest)));
+    for (qsizetype at = 0; at < numbers.size(); at += LongestList)
+        lists.append(numberList(numbers.mid(at, LongestList)));
     return lists;
 }
 
@@ -52,7 +57,8 @@ db::Recordset postedServices(const QString &orders)
         "tblWoserviceUsed.SupplierID = tblSupplier.SupplierID) left join tblCostCenter on "
         "tblWoServiceUsed.CostcenterID = tblCostCenter.CostCenterID where "
         "tblWoServiceUsed.WorkorderNo in(%1) and (not ((Skip is Null or Skip <> -1) and (Completed "
-        "is Null or Completed <> -1)))"_s.arg(orders));
+        "is Null or Completed <> -1))) order by tblWoServiceUsed.WorkorderNo, NserviceUsedID"_s.arg(
+            orders));
 }
 
 void insertServiceHistory(const db::Row &service)
@@ -69,10 +75,8 @@ void insertServiceHistory(const db::Row &service)
 
 void addReading(const db::Row &service, const QString &countType)
 {
-    gcnData->Execute(
-        u"insert into tblEquipmentCount(EquipmentID,ChangeDate,CountType,CountValue) "
-        "values(?,?,?,?)"_s,
-        {service[u"EquipmentID"], service[u"CompletedDate"], countType, service[u"Countvalue"]});
+    readings::store(service.integer(u"EquipmentID"), service.date(u"CompletedDate"), countType,
+                    service.integer(u"Countvalue"));
 }
 
 QDateTime confirmed(QDateTime next, const db::Row &service, qint64 serviceUsedID)
@@ -85,44 +89,78 @@ QDateTime confirmed(QDateTime next, const db::Row &service, qint64 serviceUsedID
                       "the completed date."_s);
     const DateConfirmation ask = currentConfirmation();
     return ask ? ask(completed, serviceUsedID)
-               : scheduling::nextScheduledDate(serviceUsedID, completed);
+               : GetNextScheduledDate(serviceUsedID, true, completed);
+}
+
+/// The schedule behind an order's service, as it stands now: it may have been changed since.
+struct Schedule
+{
+    bool again = true; ///< it is to be scheduled again
+    QString period;
+};
+
+/// Nothing for a service that has been taken off its machine meanwhile.
+std::optional<Schedule> scheduleOf(qint64 serviceUsedID)
+{
+    const db::Recordset rows = gcnData->Open(
+        u"select RenewalOn, Period from tblServiceUsed where ServiceUsedId = ?"_s, {serviceUsedID});
+    if (rows.isEmpty())
+        return std::nullopt;
+    return Schedule{rows.current().text(u"RenewalOn") != u"D", rows.current().text(u"Period")};
+}
+
+/// The date that follows from the schedule as it now stands. A service that had been counted when
+/// its order was made may go by the calendar by now, and the other way round.
+QDateTime nextDate(const db::Row &service, qint64 serviceUsedID, const Schedule &schedule)
+{
+    const QDateTime next = GetNextScheduledDate(serviceUsedID);
+    return readings::countType(schedule.period).isEmpty() ? confirmed(next, service, serviceUsedID)
+                                                          : next;
 }
 
 /// Moves the schedule behind a posted service. The dates are written first, since the next date is
-/// reckoned from the row as it then stands.
-void reschedule(const db::Row &service, qint64 serviceUsedID)
+/// reckoned from the row as it then stands. True when the service left a reading.
+bool reschedule(const db::Row &service, qint64 serviceUsedID)
 {
-    const bool again = IsServiceScheduleAgain(serviceUsedID);
-    gcnData->Execute(again
-                         ? u"Update tblServiceUsed Set LastDateScheduled = ?, LastDatePerformed = "
-                           "? Where ServiceUsedID = ?"_s
-                         : u"Update tblServiceUsed Set LastDateScheduled = ?, LastDatePerformed = "
-                           "?, Inactive = 1 Where ServiceUsedID = ?"_s,
-                     {service[u"NextScheduleddate"], service[u"CompletedDate"], serviceUsedID});
+    const std::optional<Schedule> schedule = scheduleOf(serviceUsedID);
+    QString countType;
+    const bool counted = ChkServiceIsCountType(service.integer(u"NserviceUsedID"), countType);
+    if (schedule)
+        gcnData->Execute(
+            schedule->again
+                ? u"Update tblServiceUsed Set LastDateScheduled = ?, LastDatePerformed = "
+                  "? Where ServiceUsedID = ?"_s
+                : u"Update tblServiceUsed Set LastDateScheduled = ?, LastDatePerformed = "
+                  "?, Inactive = 1 Where ServiceUsedID = ?"_s,
+            {service[u"NextScheduleddate"], service[u"CompletedDate"], serviceUsedID});
+    if (counted)
+        addReading(service, countType);
+    if (!schedule)
+        return counted;
 
     QDateTime next;
-    QString countType;
-    if (ChkServiceIsCountType(service.integer(u"NserviceUsedID"), countType)) {
-        addReading(service, countType);
+    if (counted && schedule->period == service.text(u"Period"))
         ServiceCountUpdate(serviceUsedID, service.integer(u"Countvalue"));
-    } else if (again) {
-        next = confirmed(scheduling::nextScheduledDate(serviceUsedID), service, serviceUsedID);
-    }
-    if (again)
+    else if (schedule->again)
+        next = nextDate(service, serviceUsedID, *schedule);
+    if (schedule->again)
         gcnData->Execute(
             u"Update tblServiceUsed Set NextScheduledDate = ? Where ServiceUsedID = ?"_s,
             {next.isValid() ? QVariant(next) : QVariant(), serviceUsedID});
+    return counted;
 }
 
 /// A service that stood on the order without a schedule leaves a reading, unless it is there
-/// already; only this kind is tested for a doubled one.
-void keepReading(const db::Row &service)
+/// already; only this kind is tested for a doubled one. True when it left one.
+bool keepReading(const db::Row &service)
 {
     QString countType;
-    if (ChkServiceIsCountType(service.integer(u"NserviceUsedID"), countType) &&
-        !IsCountAvailable(service.integer(u"EquipmentID"), service.date(u"CompletedDate"),
-                          countType, service.integer(u"Countvalue")))
-        addReading(service, countType);
+    if (!ChkServiceIsCountType(service.integer(u"NserviceUsedID"), countType) ||
+        IsCountAvailable(service.integer(u"EquipmentID"), service.date(u"CompletedDate"), countType,
+                         service.integer(u"Countvalue")))
+        return false;
+    addReading(service, countType);
+    return true;
 }
 
 void insertPartHistory(const db::Row &part)
@@ -135,39 +173,77 @@ void insertPartHistory(const db::Row &part)
          part.flag(u"Used") ? part[u"QuantityUsed"] : QVariant(0)});
 }
 
-/// What takes used parts out of the stock that they had when the posting began: of two rows of one
-/// part the last decides. Stock may go below zero.
+/// A service on its way into history, as messages name it.
+struct Posted
+{
+    qint64 id = 0; ///< NServiceUsedID
+    qint64 order = 0;
+    QString name;
+};
+
+/// True when leaving one order out is a way round the error.
+bool concernsOneOrder(const base::Error &error)
+{
+    switch (error.number()) {
+    case db::ErrorNumber::LockConflict:
+    case base::ErrorNumber::InvalidCall:
+    case base::ErrorNumber::InvalidUseOfNull:
+    case base::ErrorNumber::Overflow:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// Runs the step of a service. What goes wrong in it is said of that service.
+template<class Step>
+auto stepOf(const Posted &service, Step &&step)
+{
+    try {
+        return step();
+    } catch (const base::Error &error) {
+        if (!concernsOneOrder(error))
+            throw;
+        const QString reason =
+            error.number() == db::ErrorNumber::LockConflict
+                ? u"can't be posted now: another workstation is changing the schedule or a part of "
+                  "its service \"%1\". Please try again in a moment."_s.arg(service.name)
+                : u"can't be posted: the schedule of its service \"%1\" can't be moved on (%2)."_s
+                      .arg(service.name, error.description());
+        throw Obstacle(error.number(), service.order,
+                       ordernames::sentence(ordernames::order(service.order), reason));
+    }
+}
+
+/// What takes used parts out of the stock: of several rows of one part the last decides. Stock may
+/// go below zero.
 class Stock
 {
 public:
-    void take(const db::Row &part)
+    void take(const db::Row &part, const Posted &service)
     {
         const double used = part.real(u"QuantityUsed");
         const QString id = part.text(u"PartID");
-        if (used <= 0 || !part.flag(u"Used") || IsPartInInventory(id))
-            return;
-        gcnData->Execute(u"Update tblpart set Quantity = ? where partid = ?"_s,
-                         {atBegin(id) - used, id});
+        if (used > 0 && part.flag(u"Used"))
+            m_taken.insert(id.toCaseFolded(), {id, used, service}); // case doesn't count
+    }
+    void write() const
+    {
+        for (const Taken &part : m_taken)
+            stepOf(part.service, [&] {
+                if (!IsPartInInventory(part.id))
+                    stock::move(part.id, -part.used);
+            });
     }
 
 private:
-    /// The quantity, held from here on against other workstations: what one of them has taken since
-    /// the parts were read must not come back.
-    double atBegin(const QString &id)
+    struct Taken
     {
-        const QString key = id.toCaseFolded();
-        const auto known = m_atBegin.constFind(key);
-        if (known != m_atBegin.constEnd())
-            return *known;
-        gcnData->Execute(u"Update tblpart set Quantity = Quantity where partid = ?"_s, {id});
-        const db::Recordset rows =
-            gcnData->Open(u"Select Quantity from tblPart where PartID = ?"_s, {id});
-        const double quantity = rows.isEmpty() ? 0 : rows.current().real(u"Quantity");
-        m_atBegin.insert(key, quantity);
-        return quantity;
-    }
-
-    QHash<QString, double> m_atBegin; ///< by part number, whose case doesn't count
+        QString id;
+        double used = 0;
+        Posted service;
+    };
+    QMap<QString, Taken> m_taken;
 };
 
 db::Recordset usedParts(const QString &services)
@@ -177,7 +253,8 @@ db::Recordset usedParts(const QString &services)
         "Name, QuantityRequired, QuantityUsed, Used From ((tblWoPartUsed Left join "
         "tblPart on tblWoPartUsed.partID = tblPart.PartID) Left join tblSupplier on "
         "tblWoPartUsed.SupplierId = tblSupplier.SupplierID) Left join tblIndicator on "
-        "tblPart.PartCategoryID = tblIndicator.ItemID where ServiceUsedId in (%1)"_s.arg(services));
+        "tblPart.PartCategoryID = tblIndicator.ItemID where ServiceUsedId in (%1) order by "
+        "ServiceUsedID, tblWoPartUsed.PartID"_s.arg(services));
 }
 
 /// The services to post, list by list.
@@ -189,79 +266,206 @@ QList<db::Recordset> servicesOf(const QList<qint64> &orders)
     return services;
 }
 
-void postParts(const QList<qint64> &ids)
+void postParts(const QMap<qint64, Posted> &services)
 {
     Stock stock;
-    for (const QString &list : listsOf(ids)) {
+    for (const QString &list : listsOf(services.keys())) {
         for (const db::Row part : usedParts(list)) {
             insertPartHistory(part);
-            stock.take(part);
+            stock.take(part, services[part.integer(u"ServiceUsedID")]);
         }
     }
+    stock.write();
 }
 
-/// Passes the services and parts of these orders into history; the keys of the open services. A
-/// failure is reported, and nothing is given back then: the whole transaction is undone.
-std::optional<QList<qint64>> AddServiceHistoryRecord(const QList<qint64> &orders,
-                                                     const base::Progress &progress)
+/// The services of these orders pass into history, their schedules move on, and other services of
+/// their machines that wait for a count fall due by the readings that come of it.
+class HistoryWriter
 {
-    const auto none = std::optional<QList<qint64>>();
-    return base::trapped(Module, "AddServiceHistoryRecord", none, [&] {
-        TransactionScope transaction;
-        QList<qint64> ids;
-        const QList<db::Recordset> lists = servicesOf(orders);
-        int all = 0;
-        for (const db::Recordset &services : lists)
-            all += services.RecordCount();
-        for (const db::Recordset &services : lists) {
-            for (const db::Row service : services) {
-                insertServiceHistory(service);
-                const qint64 serviceUsedID = service.integer(u"ServiceUSedID");
-                if (serviceUsedID != 0)
-                    reschedule(service, serviceUsedID);
-                else
-                    keepReading(service);
-                ids.append(service.integer(u"NserviceUsedID"));
-                if (progress)
-                    progress(static_cast<int>(ids.size()), all);
-            }
+public:
+    HistoryWriter(QList<db::Recordset> services, const base::Progress &progress)
+        : m_services(std::move(services))
+        , m_progress(progress)
+    {
+        for (const db::Recordset &list : m_services)
+            m_all += list.RecordCount();
+    }
+
+    /// The services passed on, by key.
+    QMap<qint64, Posted> write()
+    {
+        for (const db::Recordset &list : m_services) {
+            for (const db::Row service : list)
+                pass(service);
         }
-        postParts(ids);
-        transaction.leaveOpen();
-        return std::optional(ids);
+        for (const auto &[machine, service] : m_read.asKeyValueRange())
+            stepOf(service, [&] { readings::applyToServices(machine, m_moved); });
+        postParts(m_posted);
+        return m_posted;
+    }
+
+private:
+    void pass(const db::Row &row)
+    {
+        const Posted service{row.integer(u"NserviceUsedID"), row.integer(u"WorkorderNo"),
+                             row.text(u"Name")};
+        const qint64 serviceUsedID = row.integer(u"ServiceUSedID");
+        const bool hasRead = stepOf(service, [&] {
+            insertServiceHistory(row);
+            return serviceUsedID != 0 ? reschedule(row, serviceUsedID) : keepReading(row);
+        });
+        if (serviceUsedID != 0)
+            m_moved.insert(serviceUsedID);
+        if (hasRead)
+            m_read.insert(row.integer(u"EquipmentID"), service);
+        m_posted.insert(service.id, service);
+        if (m_progress)
+            m_progress(static_cast<int>(m_posted.size()), m_all);
+    }
+
+    QList<db::Recordset> m_services;
+    const base::Progress &m_progress;
+    int m_all = 0;
+    QMap<qint64, Posted> m_posted;
+    QSet<qint64> m_moved;        ///< ServiceUsedID of what has just been rescheduled
+    QMap<qint64, Posted> m_read; ///< machines with new readings, and a service that left one
+};
+
+/// Passes the services and parts of these orders into history; the keys of the open services.
+QList<qint64> AddServiceHistoryRecord(const QList<qint64> &orders, const base::Progress &progress)
+{
+    return base::trapped(Module, "AddServiceHistoryRecord", QList<qint64>(), [&] {
+        return HistoryWriter(servicesOf(orders), progress).write().keys();
     });
 }
 
-/// Holds the orders against other workstations, so that of two that post one order the second
-/// finds it gone, or is refused while the first is still at it.
+/// Runs the step of an order. A row that another workstation holds is said of that order.
+template<class Step>
+void stepOf(qint64 order, Step &&step)
+{
+    try {
+        step();
+    } catch (const db::DbError &error) {
+        if (error.number() != db::ErrorNumber::LockConflict)
+            throw;
+        throw Obstacle(error.number(), order,
+                       ordernames::sentence(ordernames::order(order),
+                                            u"can't be posted now: another workstation is changing "
+                                            "it. Please try again in a moment."_s));
+    }
+}
+
+/// Holds the orders with their services against other workstations: of two that post one order the
+/// second finds it gone, or is refused while the first is still at it, and nothing is typed into
+/// one any more that would be deleted unread.
 void hold(const QList<qint64> &orders)
 {
-    for (const QString &list : listsOf(orders))
+    const auto holdThem = [](const QString &list) {
         gcnData->Execute(
             u"Update tblWorkorder set Complete = Complete where WorkorderNo in (%1)"_s.arg(list));
-}
-
-/// True when a service of the order that is done, or skipped, lacks the count that it needs.
-bool waitsForCount(qint64 order)
-{
-    return !gcnData
-                ->Open(u"Select Workorderno from tblwoServiceUsed where Workorderno = ? and Period "
-                       "in ('C','H','K','I') and countvalue is NULL and (Completed = -1 Or Skip = "
-                       "-1)"_s,
-                       {order})
-                .isEmpty();
-}
-
-/// Splits the orders that are there into those to post and those that wait for a count.
-void holdBack(const QList<qint64> &wanted, QList<qint64> &posted, QList<qint64> &held)
-{
-    for (const QString &list : listsOf(wanted)) {
-        for (const db::Row order : gcnData->Open(
-                 u"Select Workorderno From tblWorkorder Where WorkorderNo in (%1)"_s.arg(list))) {
-            const qint64 number = order.integer(u"Workorderno");
-            (waitsForCount(number) ? held : posted).append(number);
+        gcnData->Execute(
+            u"Update tblWoServiceUsed set Completed = Completed where WorkorderNo in (%1)"_s.arg(
+                list));
+    };
+    for (const QString &list : listsOf(orders)) {
+        try {
+            holdThem(list);
+        } catch (const db::DbError &error) {
+            if (error.number() != db::ErrorNumber::LockConflict)
+                throw;
+            // Which one it is: the list doesn't say.
+            for (const qint64 order : orders)
+                stepOf(order, [&] { holdThem(QString::number(order)); });
         }
     }
+}
+
+/// An order that is to be posted, as it stands in the database.
+struct Order
+{
+    qint64 number = 0;
+    bool complete = false;
+    QDate completed;
+};
+
+QList<Order> ordersOf(const QList<qint64> &numbers)
+{
+    QList<Order> orders;
+    for (const QString &list : listsOf(numbers))
+        for (const db::Row row : gcnData->Open(
+                 u"Select Workorderno, Complete, CompletedDate From tblWorkorder Where WorkorderNo "
+                 "in (%1) order by Workorderno"_s.arg(list)))
+            orders.append({row.integer(u"Workorderno"), row.flag(u"Complete"),
+                           row.date(u"CompletedDate").date()});
+    return orders;
+}
+
+/// Gives the orders the date of their completion. One whose date changes completes its services
+/// again, as on the list of orders. One that has been opened elsewhere is complete again, but what
+/// of its services is not done stays so: nobody here has seen it.
+void complete(QList<Order> &orders, QDate date)
+{
+    for (Order &order : orders) {
+        if (order.complete && order.completed == date)
+            continue;
+        recording::writeCompletion(order.number, date, order.complete);
+        order = {order.number, true, date};
+    }
+}
+
+/// The orders with a service that is done, or skipped, and lacks the count that it needs.
+QSet<qint64> waitingForCounts(const QList<qint64> &orders)
+{
+    QSet<qint64> waiting;
+    for (const QString &list : listsOf(orders))
+        for (const db::Row row : gcnData->Open(
+                 u"Select Distinct Workorderno from tblwoServiceUsed where Workorderno in (%1) and "
+                 "Period in ('C','H','K','I') and countvalue is NULL and (Completed = -1 Or Skip = "
+                 "-1)"_s.arg(list)))
+            waiting.insert(row.integer(u"Workorderno"));
+    return waiting;
+}
+
+/// What becomes of the orders that were chosen, each list in ascending order.
+struct Choice
+{
+    QList<qint64> posted;
+    QList<qint64> held;       ///< waits for a count
+    QList<qint64> incomplete; ///< not complete, or without a date
+    QList<qint64> gone;       ///< posted or deleted meanwhile
+};
+
+Choice chosen(const QList<qint64> &wanted, const QList<Order> &orders)
+{
+    Choice choice;
+    const QSet<qint64> waiting = waitingForCounts(wanted);
+    QSet<qint64> there;
+    for (const Order &order : orders) {
+        there.insert(order.number);
+        if (!order.complete || !order.completed.isValid())
+            choice.incomplete.append(order.number);
+        else if (waiting.contains(order.number))
+            choice.held.append(order.number);
+        else
+            choice.posted.append(order.number);
+    }
+    for (const qint64 number : wanted)
+        if (!there.contains(number))
+            choice.gone.append(number);
+    return choice;
+}
+
+void tell(const Choice &choice)
+{
+    const auto tellOf = [](const QList<qint64> &orders, const QString &reason) {
+        if (!orders.isEmpty())
+            base::showMessage(
+                u"Following Work Orders (%1) aren't posted. "_s.arg(ordernames::listed(orders)) +
+                reason);
+    };
+    tellOf(choice.held, u"Enter counts for these Work Orders."_s);
+    tellOf(choice.incomplete, u"They are complete no longer."_s);
+    tellOf(choice.gone, u"Another workstation has posted or deleted them."_s);
 }
 
 /// Removes the posted services with their parts, and the orders that have no service left.
@@ -282,13 +486,34 @@ void deleteOpenRows(const QList<qint64> &orders, const QList<qint64> &ids)
 }
 
 /// All open orders lose their mark but those held back, also such as another workstation has
-/// marked: the mark is a selection for this posting.
+/// marked: the mark is a selection for this posting. What another workstation is writing at this
+/// moment, most likely to post it, keeps it: nobody has to wait for a mark.
 void clearMarks(const QList<qint64> &held)
 {
-    QString statement = u"Update tblWorkorder set Complete = 0 ,CompletedDate = NULL"_s;
-    if (!held.isEmpty())
-        statement += u" where not WorkorderNo in (%1)"_s.arg(numberList(held));
-    gcnData->Execute(statement);
+    const QSet<qint64> kept(held.begin(), held.end());
+    QList<qint64> marked;
+    for (const db::Row row :
+         gcnData->Open(u"Select WorkorderNo from tblWorkorder where Complete <> "
+                       "0 or CompletedDate is not Null"_s))
+        if (const qint64 order = row.integer(u"WorkorderNo"); !kept.contains(order))
+            marked.append(order);
+    const auto clear = [](const QString &list) {
+        try {
+            gcnData->Execute(u"Update tblWorkorder set Complete = 0 ,CompletedDate = NULL where "
+                             "WorkorderNo in (%1)"_s.arg(list));
+            return true;
+        } catch (const db::DbError &error) {
+            if (error.number() != db::ErrorNumber::LockConflict)
+                throw;
+            return false;
+        }
+    };
+    for (qsizetype at = 0; at < marked.size(); at += LongestList) {
+        const QList<qint64> some = marked.mid(at, LongestList);
+        if (!clear(numberList(some)))
+            for (const qint64 order : some)
+                (void)clear(QString::number(order));
+    }
 }
 
 } // namespace
@@ -298,35 +523,49 @@ void setDateConfirmation(DateConfirmation confirmation)
     currentConfirmation() = std::move(confirmation);
 }
 
-bool PostWorkOrder(QList<qint64> &orders, const base::Progress &progress)
+ServiceName nameOf(qint64 ServiceUsedID)
+{
+    const db::Recordset rows = gcnData->Open(
+        u"select EquipmentName,UnitNo,Name from tblServiceUsed left join tblEquipment on "
+        "tblserviceused.Equipmentid = tblequipment.equipmentid where ServiceUsedID = ?"_s,
+        {ServiceUsedID});
+    if (rows.isEmpty())
+        return {};
+    const db::Row row = rows.current();
+    return {row.text(u"EquipmentName"), row.text(u"UnitNo"), row.text(u"Name")};
+}
+
+bool PostWorkOrder(QList<qint64> &orders, const base::Progress &progress, const QDate &completed)
 {
     return base::trapped(Module, "PostWorkOrder", false, [&] {
-        TransactionScope transaction;
-        QList<qint64> posted;
-        QList<qint64> held;
-        hold(orders);
-        holdBack(orders, posted, held);
-        if (!posted.isEmpty()) {
-            const auto ids = AddServiceHistoryRecord(posted, progress);
-            if (!ids)
-                return false;
-            deleteOpenRows(posted, *ids);
-            clearMarks(held);
+        QList<qint64> wanted = orders;
+        std::ranges::sort(wanted);
+        wanted.erase(std::ranges::unique(wanted).begin(), wanted.end());
+        Choice choice;
+        {
+            TransactionScope transaction;
+            hold(wanted);
+            QList<Order> found = ordersOf(wanted);
+            if (completed.isValid())
+                complete(found, completed);
+            choice = chosen(wanted, found);
+            if (!choice.posted.isEmpty()) {
+                const QList<qint64> ids = AddServiceHistoryRecord(choice.posted, progress);
+                deleteOpenRows(choice.posted, ids);
+                clearMarks(choice.held);
+            }
+            transaction.commit();
         }
-        if (!held.isEmpty())
-            base::showMessage(u"Following Work Orders (%1) aren't posted. Enter counts for these "
-                              "Work Orders."_s.arg(numberList(held, u", "_s)));
-        transaction.commit();
-        orders = posted;
+        orders = choice.posted;
+        tell(choice);
         return true;
     });
 }
 
 bool IsServiceScheduleAgain(qint64 ServiceUsedID)
 {
-    const db::Recordset rows = gcnData->Open(
-        u"select RenewalOn from tblServiceUsed where ServiceUsedId = ?"_s, {ServiceUsedID});
-    return rows.isEmpty() || rows.current().text(u"RenewalOn") != u"D";
+    const std::optional<Schedule> schedule = scheduleOf(ServiceUsedID);
+    return !schedule || schedule->again;
 }
 
 bool ChkServiceIsCountType(qint64 NServiceUsedID, QString &CountType)

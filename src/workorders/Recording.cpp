@@ -1,11 +1,15 @@
 #include "workorders/Recording.h"
 
 #include "core/General.h"
+#include "core/RecordStore.h"
 #include "core/Session.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Trapped.h"
-#include "workorders/Generation.h"
 #include "workorders/NumberList.h"
+#include "workorders/OrderNames.h"
+#include "workorders/OrderServices.h"
+
+#include <algorithm>
 
 namespace recording {
 namespace {
@@ -30,25 +34,70 @@ constexpr Label ServiceChange("grdRecordService_Change", "WorkOrder");
 
 const QString NotSkipped = u"(skip is null or skip <> -1)"_s;
 
-/// One statement that commits by itself, as one step of a procedure of this name.
-bool execute(Label label, const QString &statement, const QVariantList &parameters)
+/// Runs a change as a whole that commits at once. What another workstation holds is told with the
+/// name that the second function gives.
+template<class Body, class Name>
+bool together(Label label, Body &&body, Name &&name)
 {
     return base::trapped(label.module, label.procedure, false, [&] {
-        gcnData->Execute(statement, parameters);
+        TransactionScope transaction;
+        orInTheWay(body, [&] { return ordernames::beingChanged(name()); });
+        transaction.commit();
         return true;
     });
 }
 
-/// Several statements that commit together.
+/// Runs a change of an order, which is held for it and must be open. The body gets its row.
 template<class Body>
-bool together(Label label, Body &&body)
+bool onOrder(Label label, qint64 order, Body &&body)
 {
-    return base::trapped(label.module, label.procedure, false, [&] {
-        TransactionScope transaction;
-        body();
-        transaction.commit();
-        return true;
-    });
+    return together(
+        label,
+        [&] {
+            try {
+                body(record::hold(*gcnData, u"tblWorkorder", u"WorkorderNo", order).current());
+            } catch (const record::Conflict &conflict) {
+                if (conflict.isGone())
+                    throw ordernames::gone(order);
+                throw;
+            }
+        },
+        [&] { return ordernames::order(order); });
+}
+
+/// Runs a change of an order's service, or of its parts; it is held for it and must be there. The
+/// body gets its row.
+template<class Body>
+bool onService(Label label, qint64 id, Body &&body)
+{
+    return together(
+        label,
+        [&] {
+            try {
+                body(record::hold(*gcnData, u"tblWoServiceUsed", u"NServiceUsedID", id).current());
+            } catch (const record::Conflict &conflict) {
+                if (conflict.isGone())
+                    throw ordernames::serviceGone();
+                throw;
+            }
+        },
+        [&] { return ordernames::orderOfService(id); });
+}
+
+bool isSame(const QVariant &left, const QVariant &right)
+{
+    // An empty text is what a Null shows.
+    if (left.isNull() || right.isNull())
+        return left.toString().isEmpty() && right.toString().isEmpty();
+    return left == right || left.toString() == right.toString();
+}
+
+/// Raises Conflict when a column holds neither what was shown nor what is to be written.
+void demandShown(const db::Row &now, const QString &column, const QVariant &value,
+                 const Shown &shown)
+{
+    if (shown && !isSame(now[column], *shown) && !isSame(now[column], value))
+        throw record::Conflict({{column, now[column], value}});
 }
 
 void setCompleted(qint64 id, bool completed)
@@ -57,6 +106,14 @@ void setCompleted(qint64 id, bool completed)
                      {completed, id});
     gcnData->Execute(u"Update tblWoPartUsed set Used = ? where ServiceUsedid = ?"_s,
                      {completed, id});
+}
+
+/// An order of which a service changes is complete no longer.
+void reopenOrderOf(const db::Row &service)
+{
+    gcnData->Execute(u"Update tblWorkorder Set CompletedDate = NULL, Complete = '0' Where "
+                     "WorkorderNo = ? and (Complete <> 0 or CompletedDate is not Null)"_s,
+                     {service[u"WorkorderNo"]});
 }
 
 /// Marks the parts of an order's services. The services are read first: with the query inside the
@@ -114,27 +171,12 @@ db::Recordset sourceParts(qint64 id, ServiceSource source)
                      {id});
 }
 
-void insertPart(qint64 id, const QVariant &part, const QVariant &quantity, const QVariant &price,
-                const QVariant &used, const QVariant &supplier)
+/// The note behind a key; empty without a row.
+QString noteBehind(const QString &table, const QString &keyColumn, qint64 key)
 {
-    gcnData->Execute(
-        u"insert into tblWoPartUsed(ServiceUsedID,PartID,QuantityRequired,QuantityUsed,"
-        "Price,Used,SupplierID) values(?,?,?,?,?,?,?)"_s,
-        {id, part, quantity, quantity, price, used, supplier});
-}
-
-qint64 insertService(const db::Row &service, qint64 workorderNo, qint64 equipment, bool completed)
-{
-    return gcnData->Insert(
-        u"Insert into tblWoserviceUsed(WorkOrderNo,EquipmentID,LastdateScheduled,LastDatePerformed,"
-        "NextScheduledDate,Completed,ServiceID,crewID,Name,CostCenterID,SeparateWo,LaborEstimate,"
-        "CostEstimate,[Note],Period,JobNo,ServiceUsedID) "
-        "values(?,?,Null,Null,?,?,?,?,?,?,?,?,?,?,?,?,?)"_s,
-        {workorderNo, equipment, base::wallClock(base::today()), completed, service[u"ServiceID"],
-         service[u"CrewID"], service[u"Name"], service[u"CostCenterId"], service[u"SeparateWo"],
-         service[u"LaborEstimate"], service[u"CostEstimate"], service[u"Note"], service[u"Period"],
-         service[u"JobNo"], service[u"ServiceUsedID"]},
-        u"NServiceUsedID"_s);
+    const db::Recordset rows =
+        gcnData->Open(u"Select [Note] From %1 where %2 = ?"_s.arg(table, keyColumn), {key});
+    return rows.isEmpty() ? QString() : rows.current().text(u"Note");
 }
 
 int option(const QString &key)
@@ -144,65 +186,70 @@ int option(const QString &key)
 
 } // namespace
 
-bool UpdateWorkorder(qint64 WorkorderNo, const std::optional<QDate> &date, bool withServices)
+void writeCompletion(qint64 WorkorderNo, const std::optional<QDate> &date, bool withServices)
 {
-    return together("UpdateWorkorder", [&] {
-        if (date) {
-            gcnData->Execute(u"Update tblWorkorder Set CompletedDate = ?, Complete = '1' Where "
-                             "WorkorderNo = ?"_s,
-                             {base::wallClock(*date), WorkorderNo});
-            if (!withServices)
-                return;
-            gcnData->Execute(
-                u"Update tblWoServiceUsed Set Completed = '1' Where WorkorderNo = ? and "_s +
-                    NotSkipped,
-                {WorkorderNo});
-            setPartsUsed(WorkorderNo, true, u" and "_s + NotSkipped);
-        } else {
-            gcnData->Execute(u"Update tblWorkorder Set CompletedDate = NULL, Complete = '0' Where "
-                             "WorkorderNo = ?"_s,
-                             {WorkorderNo});
-            if (!withServices)
-                return;
-            gcnData->Execute(u"Update tblWoServiceUsed Set Completed = '0' Where WorkorderNo = ?"_s,
-                             {WorkorderNo});
-            setPartsUsed(WorkorderNo, false);
-        }
+    gcnData->Execute(
+        date ? u"Update tblWorkorder Set CompletedDate = ?, Complete = '1' Where WorkorderNo = ?"_s
+             : u"Update tblWorkorder Set CompletedDate = ?, Complete = '0' Where WorkorderNo = ?"_s,
+        {date ? QVariant(base::wallClock(*date)) : QVariant(), WorkorderNo});
+    if (!withServices)
+        return;
+    const QString which = date ? u" and "_s + NotSkipped : QString();
+    gcnData->Execute(u"Update tblWoServiceUsed Set Completed = ? Where WorkorderNo = ?"_s + which,
+                     {date.has_value(), WorkorderNo});
+    setPartsUsed(WorkorderNo, date.has_value(), which);
+}
+
+bool UpdateWorkorder(qint64 WorkorderNo, const std::optional<QDate> &date, bool withServices,
+                     const Shown &shownDate)
+{
+    return onOrder("UpdateWorkorder", WorkorderNo, [&](const db::Row &now) {
+        demandShown(now, u"CompletedDate"_s, date ? QVariant(base::wallClock(*date)) : QVariant(),
+                    shownDate);
+        writeCompletion(WorkorderNo, date, withServices);
     });
 }
 
 bool UpdateWorkorder2(qint64 WorkorderNo, const QString &Column, const QVariant &Value)
 {
-    return execute("UpdateWorkorder2",
-                   u"Update tblWorkorder set [%1] = ? where WorkorderNo = ?"_s.arg(Column),
-                   {Value, WorkorderNo});
+    return onOrder("UpdateWorkorder2", WorkorderNo, [&](const db::Row &) {
+        gcnData->Execute(u"Update tblWorkorder set [%1] = ? where WorkorderNo = ?"_s.arg(Column),
+                         {Value, WorkorderNo});
+    });
 }
 
-bool UpdateWorkorderService(qint64 NServiceUsedID, const QString &Column, const QVariant &Value)
+bool UpdateWorkorderService(qint64 NServiceUsedID, const QString &Column, const QVariant &Value,
+                            const Shown &shown)
 {
-    return execute("UpdateWorkorderService",
-                   u"Update tblWoServiceUsed set [%1] = ? where NServiceUsedid = ?"_s.arg(Column),
-                   {Value, NServiceUsedID});
+    return onService("UpdateWorkorderService", NServiceUsedID, [&](const db::Row &now) {
+        demandShown(now, Column, Value, shown);
+        gcnData->Execute(
+            u"Update tblWoServiceUsed set [%1] = ? where NServiceUsedid = ?"_s.arg(Column),
+            {Value, NServiceUsedID});
+    });
 }
 
 bool UpdateWorkorderServiceComplete(qint64 NServiceUsedID, bool completed)
 {
-    return together("UpdateWorkorderServiceComplete",
-                    [&] { setCompleted(NServiceUsedID, completed); });
+    return onService("UpdateWorkorderServiceComplete", NServiceUsedID,
+                     [&](const db::Row &) { setCompleted(NServiceUsedID, completed); });
 }
 
-bool completeService(qint64 NServiceUsedID)
+bool completeService(qint64 NServiceUsedID, bool completed)
 {
-    return together(ServiceChange, [&] {
-        setCompleted(NServiceUsedID, true);
-        gcnData->Execute(u"Update tblWoServiceUsed set Skip = '0' where NServiceUsedid = ?"_s,
-                         {NServiceUsedID});
+    return onService(ServiceChange, NServiceUsedID, [&](const db::Row &service) {
+        reopenOrderOf(service);
+        setCompleted(NServiceUsedID, completed);
+        if (completed)
+            gcnData->Execute(u"Update tblWoServiceUsed set Skip = '0' where NServiceUsedid = ?"_s,
+                             {NServiceUsedID});
     });
 }
 
 bool skipService(qint64 NServiceUsedID, const QString &reason)
 {
-    return together(ServiceChange, [&] {
+    return onService(ServiceChange, NServiceUsedID, [&](const db::Row &service) {
+        reopenOrderOf(service);
         gcnData->Execute(
             u"Update tblWoServiceUsed set [Note] = ?, Skip = '1' where NServiceUsedid = ?"_s,
             {reason, NServiceUsedID});
@@ -212,7 +259,7 @@ bool skipService(qint64 NServiceUsedID, const QString &reason)
 
 bool skipAll(qint64 WorkorderNo, const QString &reason)
 {
-    return together("cmdSkipAll_Click", [&] {
+    return onOrder("cmdSkipAll_Click", WorkorderNo, [&](const db::Row &) {
         gcnData->Execute(
             u"Update tblWoServiceUsed set Skip  = '1',Completed = '0' where Workorderno = ?"_s,
             {WorkorderNo});
@@ -223,19 +270,73 @@ bool skipAll(qint64 WorkorderNo, const QString &reason)
 }
 
 bool UpdateWorkorderPart(const QString &PartID, qint64 NServiceUsedID, const QString &Column,
-                         const QVariant &Value)
+                         const QVariant &Value, const Shown &shown)
 {
-    return execute(
-        "UpdateWorkorderPart",
-        u"Update tblWoPartUsed set [%1] = ? where ServiceUsedid = ? and Partid = ?"_s.arg(Column),
-        {Value, NServiceUsedID, PartID});
+    return onService("UpdateWorkorderPart", NServiceUsedID, [&](const db::Row &) {
+        const db::Recordset part = gcnData->Open(
+            u"Select [%1] from tblWoPartUsed where ServiceUsedid = ? and Partid = ?"_s.arg(Column),
+            {NServiceUsedID, PartID});
+        if (part.isEmpty())
+            throw InTheWay(u"Part \"%1\" has been removed from this service on another "
+                           "workstation. Nothing was stored."_s.arg(PartID));
+        demandShown(part.current(), Column, Value, shown);
+        gcnData->Execute(
+            u"Update tblWoPartUsed set [%1] = ? where ServiceUsedid = ? and Partid = ?"_s.arg(
+                Column),
+            {Value, NServiceUsedID, PartID});
+    });
 }
 
-bool updateNote(qint64 NServiceUsedID, const QString &note)
+bool updateNote(qint64 NServiceUsedID, const QString &note, const Shown &shown)
 {
-    return execute("txtRecordNote_Validate",
-                   u"update tblWoServiceUsed set [Note] = ? where NserviceUsedID = ?"_s,
-                   {note, NServiceUsedID});
+    return onService("txtRecordNote_Validate", NServiceUsedID, [&](const db::Row &) {
+        // A memo stands beside its row, so it is read on its own.
+        if (shown && noteOf(NServiceUsedID) != shown->toString())
+            throw record::Conflict({{u"Note"_s, noteOf(NServiceUsedID), note}});
+        gcnData->Execute(u"update tblWoServiceUsed set [Note] = ? where NserviceUsedID = ?"_s,
+                         {note, NServiceUsedID});
+    });
+}
+
+bool updateScheduleNote(qint64 ServiceUsedID, const QString &note, const Shown &shown)
+{
+    return together(
+        {"txtGenServiceNote_Validate", "WorkOrder"},
+        [&] {
+            if (shown && scheduleNoteOf(ServiceUsedID) != shown->toString())
+                throw record::Conflict({{u"Note"_s, scheduleNoteOf(ServiceUsedID), note}});
+            if (gcnData->Execute(u"update tblServiceUsed set [Note] = ? where ServiceUsedID = ?"_s,
+                                 {note, ServiceUsedID}) == 0)
+                throw InTheWay(u"This service has been removed from its machine on another "
+                               "workstation. Nothing was stored."_s);
+        },
+        [] { return u"this service"_s; });
+}
+
+QString noteOf(qint64 NServiceUsedID)
+{
+    return noteBehind(u"tblWoServiceUsed"_s, u"NServiceusedID"_s, NServiceUsedID);
+}
+
+QString scheduleNoteOf(qint64 ServiceUsedID)
+{
+    return noteBehind(u"tblServiceUsed"_s, u"ServiceusedID"_s, ServiceUsedID);
+}
+
+bool isOpen(qint64 WorkorderNo)
+{
+    return !gcnData
+                ->Open(u"Select WorkorderNo from tblWorkorder where WorkorderNo = ?"_s,
+                       {WorkorderNo})
+                .isEmpty();
+}
+
+bool isOnOpenOrder(qint64 NServiceUsedID)
+{
+    return !gcnData
+                ->Open(u"Select NServiceUsedID from tblWoServiceUsed where NServiceUsedID = ?"_s,
+                       {NServiceUsedID})
+                .isEmpty();
 }
 
 bool IsServiceSkiped(qint64 NServiceUsedID)
@@ -247,14 +348,16 @@ bool IsServiceSkiped(qint64 NServiceUsedID)
     });
 }
 
-bool changeCrew(qint64 NServiceUsedID, qint64 CrewID)
+std::optional<double> changeCrew(qint64 NServiceUsedID, qint64 CrewID, const Shown &shown)
 {
     const double cost = SetLaborCost(CrewID) * GetBudgetedHrs(NServiceUsedID);
-    return together(ServiceChange, [&] {
+    const bool done = onService(ServiceChange, NServiceUsedID, [&](const db::Row &now) {
+        demandShown(now, u"CrewID"_s, CrewID, shown);
         gcnData->Execute(
             u"Update tblWoServiceUsed set CrewID = ?, CostEstimate = ? where NServiceUsedid = ?"_s,
             {CrewID, cost, NServiceUsedID});
     });
+    return done ? std::optional(cost) : std::nullopt;
 }
 
 double GetBudgetedHrs(qint64 NServiceUsedID)
@@ -267,6 +370,21 @@ double GetBudgetedHrs(qint64 NServiceUsedID)
     });
 }
 
+WorkSpan workSpan(QTime start, QTime end, bool endIsGiven)
+{
+    constexpr int Day = 24 * 60 * 60;
+    constexpr int LongestNight = 12 * 60 * 60;
+    const QTime midnight(0, 0);
+    int seconds = start.secsTo(end);
+    if (seconds < 0) {
+        const bool isMorning = seconds + Day <= LongestNight && (endIsGiven || end != midnight);
+        if (!isMorning)
+            end = start;
+        seconds = isMorning ? seconds + Day : 0;
+    }
+    return {end, midnight.addSecs(seconds)};
+}
+
 bool saveTimes(qint64 id, TimesOf where, const QTime &start, const QTime &end,
                const QTime &workHours)
 {
@@ -274,66 +392,90 @@ bool saveTimes(qint64 id, TimesOf where, const QTime &start, const QTime &end,
     const QString table = open ? u"tblWoserviceUsed"_s : u"tblWOServiceUsedHistory"_s;
     const double rate = SetLaborCost(GetCrewIDByService(id, table));
     const double hours = workHours.hour() + workHours.minute() / 60.0;
-    return execute("cmdUpdate_Click",
-                   u"update %1 set StartTime = ?, EndTime = ?, WorkHrs = ?, CostEstimate = ? where "
-                   "%2 = ?"_s.arg(table, open ? u"NServiceUsedID"_s : u"ServiceUsedID"_s),
-                   {start.toString(u"HH:mm"), end.toString(u"HH:mm"), workHours.toString(u"HH:mm"),
-                    hours * rate, id});
+    return together(
+        "cmdUpdate_Click",
+        [&] {
+            if (gcnData->Execute(
+                    u"update %1 set StartTime = ?, EndTime = ?, WorkHrs = ?, CostEstimate = ? "
+                    "where %2 = ?"_s.arg(table, open ? u"NServiceUsedID"_s : u"ServiceUsedID"_s),
+                    {start.toString(u"HH:mm"), end.toString(u"HH:mm"), workHours.toString(u"HH:mm"),
+                     hours * rate, id}) == 0)
+                throw ordernames::serviceGone();
+        },
+        [&] { return open ? ordernames::orderOfService(id) : u"this record"_s; });
 }
 
 bool AddPartRecord(const QList<parts::Chosen> &chosen, qint64 NServiceUsedID, bool used)
 {
-    return together("AddPartRecord", [&] {
+    return onService("AddPartRecord", NServiceUsedID, [&](const db::Row &) {
         for (const parts::Chosen &part : chosen)
-            insertPart(NServiceUsedID, part.PartID, part.Quantity, part.Price, used,
-                       part.SupplierID);
+            orderservices::addPart(NServiceUsedID,
+                                   {part.PartID, part.Quantity, part.Price, part.SupplierID}, used);
     });
 }
 
 bool DeletePartRecord(qint64 NServiceUsedID, const QString &PartID)
 {
-    return execute("DeletePartRecord",
-                   u"Delete From tblWoPartUsed where ServiceUsedID = ? and PartID = ?"_s,
-                   {NServiceUsedID, PartID});
+    return together(
+        "DeletePartRecord",
+        [&] {
+            gcnData->Execute(u"Delete From tblWoPartUsed where ServiceUsedID = ? and PartID = ?"_s,
+                             {NServiceUsedID, PartID});
+        },
+        [&] { return ordernames::orderOfService(NServiceUsedID); });
 }
 
 bool AddServiceRecord(const QList<qint64> &ids, qint64 WorkorderNo, qint64 EquipmentID,
-                      ServiceSource source, bool completed)
+                      ServiceSource source, bool completed, bool partsUsed)
 {
-    return together("AddServiceRecord", [&] {
+    const QVariantMap given{{u"EquipmentID"_s, EquipmentID},
+                            {u"LastDateScheduled"_s, {}},
+                            {u"LastDatePerformed"_s, {}},
+                            {u"NextScheduledDate"_s, base::wallClock(base::today())},
+                            {u"Completed"_s, completed}};
+    return onOrder("AddServiceRecord", WorkorderNo, [&](const db::Row &) {
         for (const qint64 id : ids) {
             if (isOnOrder(id, WorkorderNo, source))
                 continue;
             const db::Recordset service = sourceRow(id, source);
-            if (service.isEmpty())
-                continue;
-            const qint64 key =
-                insertService(service.current(), WorkorderNo, EquipmentID, completed);
-            for (const db::Row part : sourceParts(id, source))
-                insertPart(key, part[u"partID"], part[u"QuantityRequired"], part[u"Price"], false,
-                           part[u"SupplierID"]);
+            if (!service.isEmpty())
+                orderservices::addService(WorkorderNo, service.current(), sourceParts(id, source),
+                                          given, partsUsed);
         }
     });
 }
 
+bool needParts(const QList<qint64> &ServiceIDs)
+{
+    return std::ranges::any_of(
+        ServiceIDs, [](qint64 id) { return !sourceParts(id, ServiceSource::Catalogue).isEmpty(); });
+}
+
 bool DeleteServiceRecord(qint64 NServiceUsedID)
 {
-    return together("DeleteServiceRecord", [&] {
-        gcnData->Execute(u"Delete From tblWoServiceUsed where NServiceUsedId = ?"_s,
-                         {NServiceUsedID});
-        gcnData->Execute(u"Delete From tblWoPartUsed where ServiceUsedID = ?"_s, {NServiceUsedID});
-    });
+    return together(
+        "DeleteServiceRecord",
+        [&] {
+            gcnData->Execute(u"Delete From tblWoServiceUsed where NServiceUsedId = ?"_s,
+                             {NServiceUsedID});
+            gcnData->Execute(u"Delete From tblWoPartUsed where ServiceUsedID = ?"_s,
+                             {NServiceUsedID});
+        },
+        [&] { return ordernames::orderOfService(NServiceUsedID); });
 }
 
 qint64 addUnscheduled(const QList<qint64> &equipmentIDs)
 {
     qint64 first = 0;
-    const bool done = together("AddWorkorderRecord", [&] {
-        for (const qint64 equipment : equipmentIDs) {
-            const qint64 order = generation::addOrder(equipment);
-            first = first == 0 ? order : first;
-        }
-    });
+    const bool done = together(
+        "AddWorkorderRecord",
+        [&] {
+            for (const qint64 equipment : equipmentIDs) {
+                const qint64 order = orderservices::addOrder(equipment);
+                first = first == 0 ? order : first;
+            }
+        },
+        [] { return u"these machines"_s; });
     return done ? first : 0;
 }
 
@@ -341,10 +483,13 @@ bool UpdatePrintColInWorkOrder(const QList<qint64> &orders)
 {
     if (orders.isEmpty())
         return true;
-    return execute(
+    return together(
         "UpdatePrintColInWorkOrder",
-        u"Update tblWorkorder set Printed = 1 where Workorderno in (%1)"_s.arg(numberList(orders)),
-        {});
+        [&] {
+            gcnData->Execute(u"Update tblWorkorder set Printed = 1 where Workorderno in (%1)"_s.arg(
+                numberList(orders)));
+        },
+        [&] { return u"one of the work orders "_s + ordernames::listed(orders); });
 }
 
 bool ISWorkOrderLate(qint64 WorkorderNo, QDate today)

@@ -1,16 +1,10 @@
 #include "workorders/Statements.h"
 
+#include "core/Periods.h"
+
 namespace workorders::statements {
-namespace {
 
 using namespace Qt::StringLiterals;
-
-const QString PeriodWords =
-    u"Switch( Period= 'D' ,'Days', Period='W','Weeks', Period='M','Months', Period='Y','Years', "
-    "Period='C','Counts', Period='H','Hours', Period='K','Kilometers', Period='I','Miles') AS "
-    "[Schedule Type]"_s;
-
-} // namespace
 
 QString printWo(const WorkorderFilter &filter)
 {
@@ -88,8 +82,9 @@ QString recordServices()
     return u"Select Completed,Skip,JobNo as [Service No],Name As [Service Name], "
            "tblWoServiceUsed.CrewID as [Service Crew], NextScheduledDate as [Next Service Date], "
            "Period, "_s +
-           PeriodWords +
-           u", Countvalue as [Count], StartTime , EndTime, Workhrs, CostEstimate as [Lbr "
+           periods::wordExpression() +
+           u" AS [Schedule Type], Countvalue as [Count], StartTime , EndTime, Workhrs, "
+           u"CostEstimate as [Lbr "
            "Cost],ServiceID,NServiceUsedID,SupplierID as [Supplier] from tblWoServiceUsed Left "
            "Join tblCrew on tblWoServiceUsed.CrewId = tblCrew.CrewID Where Workorderno = ?"_s;
 }
@@ -102,6 +97,17 @@ QString recordParts()
            "tblWoServiceUsed on tblWopartUsed.ServiceUsedID = tblWoServiceUsed.ServiceUsedID) Left "
            "Join tblPart on tblWoPartUsed.PArtID = tblPart.PartID where "
            "tblWoPartUSed.ServiceusedID = ?"_s;
+}
+
+QString suppliers()
+{
+    return u"Select SupplierID,Name from tblSupplier order by Name"_s;
+}
+
+QString crews()
+{
+    return u"Select CrewID,cstr(CrewNumber) + '   ' + Description AS [CrewText] from tblCrew order "
+           "by tblCrew.CrewNumber"_s;
 }
 
 QString printedOrders(const QString &orderList)

@@ -25,6 +25,11 @@ namespace workorders::statements {
 /// Parts of an order's service for recording. Parameter: NServiceUsedID.
 [[nodiscard]] QString recordParts();
 
+/// What the drop-downs of these grids choose from: suppliers with SupplierID and Name, crews with
+/// CrewID and CrewText.
+[[nodiscard]] QString suppliers();
+[[nodiscard]] QString crews();
+
 /// What is printed of orders: one row for each part of each service that is neither completed nor
 /// skipped.
 [[nodiscard]] QString printedOrders(const QString &orderList);

@@ -81,7 +81,7 @@ TEST_F(GetNextScheduledDateTest, NoSuchRowGivesToday)
     EXPECT_EQ(GetNextScheduledDate(4711), day(3, 15));
 }
 
-TEST_F(GetNextScheduledDateTest, AMissingPatternIsToldAndGivesTheNextDayWithItsTime)
+TEST_F(GetNextScheduledDateTest, AMissingPatternIsToldAndGivesTheNextDay)
 {
     struct Case
     {
@@ -103,8 +103,7 @@ TEST_F(GetNextScheduledDateTest, AMissingPatternIsToldAndGivesTheNextDayWithItsT
             "below.\nUnit No : - U1\nEquipment Name : - Mower 1\nService Job No : - "
             "1\nService Description : - Oil change"_s.arg(test.missing),
             base::Prompts::Icon::Information);
-        EXPECT_EQ(GetNextScheduledDate(assigned(test.row)),
-                  base::wallClock(QDate(2024, 3, 16), QTime(9, 30)));
+        EXPECT_EQ(GetNextScheduledDate(assigned(test.row)), day(3, 16));
     }
 }
 

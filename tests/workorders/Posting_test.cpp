@@ -205,10 +205,17 @@ TEST_F(PostWorkOrder, HoldsBackWhatWaitsForACountAndPostsTheOthers)
     // A count that nobody needs, since the service stays open.
     orderService(ready, {{u"Period"_s, u"C"_s}});
     const qint64 elsewhere = completeOrder();
-    QList<qint64> orders{counted, skipped, ready, 4711};
+    const qint64 opened = order();
+    QList<qint64> orders{skipped, 4711, opened, ready, counted};
     prompts.expect(u"Following Work Orders (%1, %2) aren't posted. Enter counts for these Work "
                    "Orders."_s.arg(counted)
                        .arg(skipped),
+                   Icon::None);
+    prompts.expect(
+        u"Following Work Orders (%1) aren't posted. They are complete no longer."_s.arg(opened),
+        Icon::None);
+    prompts.expect(u"Following Work Orders (4711) aren't posted. Another workstation has posted or "
+                   "deleted them."_s,
                    Icon::None);
     ASSERT_TRUE(posting::PostWorkOrder(orders));
     EXPECT_EQ(orders, QList<qint64>{ready});

@@ -2,6 +2,7 @@
 
 #include "core/Session.h"
 #include "core/ui/ListGrid.h"
+#include "core/ui/Telling.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "platform/input/FormBuilder.h"
@@ -80,10 +81,10 @@ void addGridGroup(input::FormBuilder &form, const QString &title, grid::GridView
 
 /// The parts and the note of a service, of none for 0.
 void showService(qint64 service, grid::GridView &parts, const QString &partStatement,
-                 ServiceNote &note, const QString &noteStatement)
+                 ServiceNote &note, const QString &text)
 {
     worklists::load(parts, partStatement, service);
-    note.show(service, worklists::noteOf(noteStatement, service));
+    note.show(service, text);
 }
 
 } // namespace
@@ -239,15 +240,10 @@ void PrintWorkPage::setRules()
     }
     grdPrintPart->rows().changeRule = [this](int row, const QString &column,
                                              const QVariant &value) {
-        return grdPrintPart_Change(row, column, value);
+        return telling(Module, "grdPrintPart_Change", false,
+                       [&] { return grdPrintPart_Change(row, column, value); });
     };
-    m_genNote = new ServiceNote(txtGenServiceNote, [](qint64 service, const QString &note) {
-        return base::trapped(Module, "txtGenServiceNote_Validate", false, [&] {
-            gcnData->Execute(u"update tblServiceUsed set [Note] = ? where ServiceUsedID = ?"_s,
-                             {note, service});
-            return true;
-        });
-    });
+    m_genNote = new ServiceNote(txtGenServiceNote, recording::updateScheduleNote);
     m_printNote = new ServiceNote(
         txtPrintNote, recording::updateNote, [](qint64 service, const QString &note) {
             if (!note.trimmed().isEmpty() || !recording::IsServiceSkiped(service))
@@ -305,7 +301,9 @@ void PrintWorkPage::RefreshPrintWo()
 {
     const bool loaded = base::trapped(Module, "RefreshPrintWo", false, [this] {
         m_lateness = LatenessStyle::current();
-        const db::Recordset rows = gcnData->Open(workorders::statements::printWo(m_filter()));
+        const WorkorderFilter filter = m_filter();
+        const db::Recordset rows = gcnData->Open(workorders::statements::printWo(filter));
+        m_shown = filter;
         const QScopedValueRollback filling(m_filling, true);
         grdPrintWO->rows().setRecordset(rows);
         grdPrintWO->rows().setAll(u"Select", false);
@@ -332,8 +330,8 @@ void PrintWorkPage::RefreshGenServiceGrid(qint64 EquipmentID)
 {
     base::trapped(Module, "RefreshGenServiceGrid", [&] {
         const QScopedValueRollback filling(m_filling, true);
-        worklists::load(*grdGenService, workorders::statements::genServices(m_filter()),
-                        EquipmentID, u"ServiceUsedID");
+        worklists::load(*grdGenService, workorders::statements::genServices(m_shown), EquipmentID,
+                        u"ServiceUsedID");
     });
     RefreshGenPartGrid();
 }
@@ -341,9 +339,9 @@ void PrintWorkPage::RefreshGenServiceGrid(qint64 EquipmentID)
 void PrintWorkPage::RefreshGenPartGrid()
 {
     base::trapped(Module, "RefreshGenPartGrid", [this] {
-        showService(worklists::currentKey(*grdGenService, u"ServiceUsedID"), *grdGenPart,
-                    workorders::statements::genParts(), *m_genNote,
-                    u"Select [Note] From tblServiceUsed where ServiceusedID = ?"_s);
+        const qint64 service = worklists::currentKey(*grdGenService, u"ServiceUsedID");
+        showService(service, *grdGenPart, workorders::statements::genParts(), *m_genNote,
+                    recording::scheduleNoteOf(service));
     });
     EnableControls();
 }
@@ -352,7 +350,7 @@ void PrintWorkPage::RefreshPrintServiceGrid()
 {
     base::trapped(Module, "RefreshPrintServiceGrid", [this] {
         const QScopedValueRollback filling(m_filling, true);
-        worklists::load(*grdPrintService, workorders::statements::printServices(m_filter()),
+        worklists::load(*grdPrintService, workorders::statements::printServices(m_shown),
                         currentOrder(), u"NServiceUsedID");
     });
     RefreshPrintPartGrid();
@@ -362,8 +360,7 @@ void PrintWorkPage::RefreshPrintPartGrid()
 {
     base::trapped(Module, "RefreshPrintPartGrid", [this] {
         showService(currentOrderService(), *grdPrintPart, workorders::statements::printParts(),
-                    *m_printNote,
-                    u"Select [Note] From tblWoServiceUsed where NServiceusedID = ?"_s);
+                    *m_printNote, recording::noteOf(currentOrderService()));
     });
     EnableControls();
 }
@@ -432,7 +429,9 @@ void PrintWorkPage::cmdPrintUnSelect_Click()
 bool PrintWorkPage::GenerateWorkorder(QList<qint64> &generated)
 {
     input::ProgressBox box(u"Generating work orders..."_s, this);
-    return generation::GenerateWorkorder(m_filter(), tickedMachines(), generated, box.progress());
+    return telling(Module, "GenerateWorkorder", false, [&] {
+        return generation::GenerateWorkorder(m_shown, tickedMachines(), generated, box.progress());
+    });
 }
 
 void PrintWorkPage::cmdGenrateWo_Click()
@@ -454,7 +453,8 @@ void PrintWorkPage::generateFirst()
                         "to generate the Work Order?"_s))
         return;
     QList<qint64> generated;
-    if (!generation::generateForRow(m_filter(), currentMachine(), generated))
+    if (!telling(Module, "GenerateWorkorder", false,
+                 [&] { return generation::generateForRow(m_shown, currentMachine(), generated); }))
         return;
     base::showMessage(u"Workorder Generated"_s);
     RefreshPrintWo();
@@ -467,7 +467,7 @@ void PrintWorkPage::cmdDelete_Click()
     const qint64 order = currentOrder();
     if (order == 0 || !worklists::confirmDeletion())
         return;
-    if (generation::deleteOrder(order))
+    if (telling(Module, "cmdDelete_Click", false, [&] { return generation::deleteOrder(order); }))
         RefreshPrintWo();
 }
 
@@ -492,7 +492,8 @@ void PrintWorkPage::cmdPrintRemoveService_Click()
     const qint64 service = currentOrderService();
     if (service == 0 || !worklists::confirmDeletion())
         return;
-    if (recording::DeleteServiceRecord(service))
+    if (telling(Module, "DeleteServiceRecord", false,
+                [&] { return recording::DeleteServiceRecord(service); }))
         RefreshPrintServiceGrid();
     else
         base::showMessage(u"Deletion not allowed."_s);
@@ -513,6 +514,9 @@ void PrintWorkPage::cmdPrintRemovePart_Click()
 
 bool PrintWorkPage::grdPrintPart_Change(int row, const QString &column, const QVariant &value)
 {
-    return recording::UpdateWorkorderPart(grdPrintPart->rows().text(row, u"Part Number"),
-                                          currentOrderService(), column, value);
+    grid::GridModel &rows = grdPrintPart->rows();
+    return worklists::writeCell(rows, row, column, value, [&](const recording::Shown &shown) {
+        return recording::UpdateWorkorderPart(rows.text(row, u"Part Number"), currentOrderService(),
+                                              column, value, shown);
+    });
 }

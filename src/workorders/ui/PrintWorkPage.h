@@ -73,6 +73,7 @@ private:
 
     std::function<WorkorderFilter()> m_filter;
     std::function<bool()> m_reachToday;
+    WorkorderFilter m_shown; ///< what the lists were read by: also what is generated
     LatenessStyle m_lateness;
     bool m_filling = false; ///< rows are being loaded: no row counts as chosen
 

@@ -4,6 +4,7 @@
 #include "core/Session.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/ScreenCalls.h"
+#include "core/ui/Telling.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
@@ -202,8 +203,13 @@ void RecordWorkPage::setRules()
     using Change = bool (RecordWorkPage::*)(int, const QString &, const QVariant &);
     const auto rule = [this](const char *procedure, Change change) {
         return [this, procedure, change](int row, const QString &column, const QVariant &value) {
-            return base::trapped(Module, procedure, false,
-                                 [&] { return (this->*change)(row, column, value); });
+            const bool done = telling(Module, procedure, false,
+                                      [&] { return (this->*change)(row, column, value); });
+            // What was refused may be gone. Not before the grid is done with the cell.
+            if (!done)
+                QMetaObject::invokeMethod(
+                    this, [this] { showWhatIsLeft(); }, Qt::QueuedConnection);
+            return done;
         };
     };
     grdRecordWo->rows().changeRule =
@@ -363,6 +369,18 @@ void RecordWorkPage::RefreshRecordWorkorder()
     Q_EMIT refreshed();
 }
 
+/// After a refused change: orders, services and parts that another workstation has taken away go
+/// from the lists. What is there stays as the user sees it.
+void RecordWorkPage::showWhatIsLeft()
+{
+    const bool isThere = telling(Module, "RefreshRecordWorkorder", true, [this] {
+        return recording::isOpen(currentOrder()) &&
+               (currentService() == 0 || recording::isOnOpenOrder(currentService()));
+    });
+    if (!isThere)
+        RefreshRecordWorkorder();
+}
+
 void RecordWorkPage::RefreshRecordServiceGrid()
 {
     base::trapped(Module, "RefreshRecordServiceGrid", [this] {
@@ -390,8 +408,7 @@ void RecordWorkPage::showPartsAndNote()
 
 QString RecordWorkPage::storedNote() const
 {
-    return worklists::noteOf(u"Select [Note],skip From tblWoServiceUsed where NServiceusedID = ?"_s,
-                             currentService());
+    return recording::noteOf(currentService());
 }
 
 void RecordWorkPage::FindNSelectRecordWorkorder(qint64 WorkorderNo)
@@ -433,15 +450,12 @@ QList<qint64> RecordWorkPage::completeOrders() const
     return orders;
 }
 
-bool RecordWorkPage::setCompletedDate(QDate date)
+bool RecordWorkPage::mayComplete(QDate date)
 {
-    grid::GridModel &rows = grdRecordWo->rows();
-    const int column = rows.columnIndex(u"CompletedDate");
-    for (int row = 0; row < rows.rowCount(); ++row) {
-        if (rows.value(row, u"Complete").toBool() && !rows.edit(row, column, base::wallClock(date)))
-            return false;
-    }
-    return true;
+    if (date >= base::today().addYears(-OldestCompletion))
+        return true;
+    base::showMessage(u"Complete date cann't less than to 50 year of Current Date."_s);
+    return false;
 }
 
 bool RecordWorkPage::grdRecordWo_Change(int row, const QString &column, const QVariant &value)
@@ -455,7 +469,7 @@ bool RecordWorkPage::completeChanged(int row, bool complete)
     grid::GridModel &rows = grdRecordWo->rows();
     const qint64 order = rows.value(row, u"WorkOrderNo").toLongLong();
     const auto date = complete ? std::optional(base::today()) : std::nullopt;
-    if (!recording::UpdateWorkorder(order, date, !gbSkipServiceCascade))
+    if (!recording::UpdateWorkorder(order, date))
         return false;
     rows.setValue(row, u"CompletedDate", date ? QVariant(base::wallClock(*date)) : QVariant());
     cmdSkipAll->setEnabled(complete);
@@ -465,16 +479,15 @@ bool RecordWorkPage::completeChanged(int row, bool complete)
 bool RecordWorkPage::completedDateChanged(int row, const QVariant &value)
 {
     const QDate date = dateOf(value);
-    if (date.isValid() && date < base::today().addYears(-OldestCompletion)) {
-        base::showMessage(u"Complete date cann't less than to 50 year of Current Date."_s);
+    if (date.isValid() && !mayComplete(date))
         return false;
-    }
     grid::GridModel &rows = grdRecordWo->rows();
-    const QVariant old = rows.value(row, u"CompletedDate");
-    if (old.isValid() && dateOf(old) == date)
-        return true;
     const qint64 order = rows.value(row, u"WorkOrderNo").toLongLong();
-    if (!recording::UpdateWorkorder(order, date.isValid() ? std::optional(date) : std::nullopt))
+    const auto write = [&](const recording::Shown &shown) {
+        return recording::UpdateWorkorder(
+            order, date.isValid() ? std::optional(date) : std::nullopt, true, shown);
+    };
+    if (!worklists::writeCell(rows, row, u"CompletedDate"_s, value, write))
         return false;
     rows.setValue(row, u"Complete", date.isValid());
     cmdSkipAll->setEnabled(date.isValid());
@@ -482,26 +495,28 @@ bool RecordWorkPage::completedDateChanged(int row, const QVariant &value)
 }
 
 /// An order of which a service changes is complete no longer; its other services stay as they are.
-void RecordWorkPage::reopenOrder()
+void RecordWorkPage::showOrderReopened()
 {
-    if (!isOrderComplete())
-        return;
-    gbSkipServiceCascade = true;
     const int row = grdRecordWo->currentRow();
-    if (completeChanged(row, false))
-        grdRecordWo->rows().setValue(row, u"Complete", false);
-    gbSkipServiceCascade = false;
+    grid::GridModel &rows = grdRecordWo->rows();
+    rows.setValue(row, u"Complete", false);
+    rows.setValue(row, u"CompletedDate", QVariant());
+    cmdSkipAll->setEnabled(false);
 }
 
 // --- Services ------------------------------------------------------------------------------------
 
 bool RecordWorkPage::grdRecordService_Change(int row, const QString &column, const QVariant &value)
 {
-    const qint64 id = grdRecordService->rows().value(row, u"NServiceUsedID").toLongLong();
+    grid::GridModel &rows = grdRecordService->rows();
+    const qint64 id = rows.value(row, u"NServiceUsedID").toLongLong();
     if (is(column, u"Service Crew"))
         return crewChanged(row, value.toLongLong());
     if (is(column, u"Supplier"))
-        return recording::UpdateWorkorderService(id, u"SupplierID"_s, value.toLongLong());
+        return worklists::writeCell(rows, row, column, value, [&](const recording::Shown &shown) {
+            return recording::UpdateWorkorderService(id, u"SupplierID"_s, value.toLongLong(),
+                                                     shown);
+        });
     if (is(column, u"Count"))
         return countChanged(row, value);
     if (is(column, u"Skip"))
@@ -515,26 +530,30 @@ bool RecordWorkPage::crewChanged(int row, qint64 crew)
 {
     grid::GridModel &rows = grdRecordService->rows();
     const qint64 id = rows.value(row, u"NServiceUsedID").toLongLong();
-    if (!recording::changeCrew(id, crew))
+    std::optional<double> cost;
+    const auto write = [&](const recording::Shown &shown) {
+        cost = recording::changeCrew(id, crew, shown);
+        return cost.has_value();
+    };
+    if (!worklists::writeCell(rows, row, u"Service Crew"_s, crew, write))
         return false;
-    const db::Recordset stored = gcnData->Open(
-        u"Select CostEstimate from tblWoServiceUsed where NServiceUsedID = ?"_s, {id});
-    if (!stored.isEmpty())
-        rows.setValue(row, u"Lbr Cost", stored[u"CostEstimate"]);
+    rows.setValue(row, u"Lbr Cost", *cost);
     return true;
 }
 
 bool RecordWorkPage::countChanged(int row, const QVariant &count)
 {
-    const grid::GridModel &rows = grdRecordService->rows();
+    grid::GridModel &rows = grdRecordService->rows();
     const qint64 previous = GetEquipmentCount(currentMachine(), rows.text(row, u"Schedule Type"));
     if (count.isValid() && previous > count.toLongLong() &&
         !base::askYesNo(
             u"Enter count is smaller than previous count(%1). Do you want to continue ?"_s.arg(
                 previous)))
         return false;
-    return recording::UpdateWorkorderService(rows.value(row, u"NServiceUsedID").toLongLong(),
-                                             u"CountValue"_s, count);
+    const qint64 id = rows.value(row, u"NServiceUsedID").toLongLong();
+    return worklists::writeCell(rows, row, u"Count"_s, count, [&](const recording::Shown &shown) {
+        return recording::UpdateWorkorderService(id, u"CountValue"_s, count, shown);
+    });
 }
 
 bool RecordWorkPage::skipChanged(int row, bool skip)
@@ -547,7 +566,7 @@ bool RecordWorkPage::skipChanged(int row, bool skip)
         u"Please mention the reason for Skiping the Service"_s, {}, storedNote());
     if (!reason || reason->trimmed().isEmpty() || !recording::skipService(id, *reason))
         return false;
-    reopenOrder();
+    showOrderReopened();
     rows.setValue(row, u"Completed", false);
     showPartsAndNote();
     return true;
@@ -557,11 +576,9 @@ bool RecordWorkPage::completedChanged(int row, bool completed)
 {
     grid::GridModel &rows = grdRecordService->rows();
     const qint64 id = rows.value(row, u"NServiceUsedID").toLongLong();
-    reopenOrder();
-    const bool done = completed ? recording::completeService(id)
-                                : recording::UpdateWorkorderServiceComplete(id, false);
-    if (!done)
+    if (!recording::completeService(id, completed))
         return false;
+    showOrderReopened();
     if (completed)
         rows.setValue(row, u"Skip", false);
     RefreshRecordPartGrid();
@@ -592,7 +609,9 @@ void RecordWorkPage::cmdSkipAll_Click()
         return;
     const auto reason = base::prompts().input(
         u"Please mention the reason for Skiping the Services"_s, {}, storedNote());
-    if (reason && !reason->trimmed().isEmpty() && recording::skipAll(order, *reason))
+    if (reason && !reason->trimmed().isEmpty() && telling(Module, "cmdSkipAll_Click", false, [&] {
+            return recording::skipAll(order, *reason);
+        }))
         RefreshRecordServiceGrid();
 }
 
@@ -610,13 +629,18 @@ bool RecordWorkPage::grdRecordPart_Change(int row, const QString &column, const 
     grid::GridModel &rows = grdRecordPart->rows();
     const QString part = rows.text(row, u"Part Number");
     const qint64 service = currentService();
+    const auto written = [&](const QString &stored, const QVariant &wanted) {
+        return worklists::writeCell(rows, row, column, wanted, [&](const recording::Shown &shown) {
+            return recording::UpdateWorkorderPart(part, service, stored, wanted, shown);
+        });
+    };
     if (is(column, u"Supplier"))
-        return recording::UpdateWorkorderPart(part, service, u"SupplierID"_s, value.toLongLong());
+        return written(u"SupplierID"_s, value.toLongLong());
     if (is(column, u"Price"))
-        return recording::UpdateWorkorderPart(part, service, u"Price"_s, value);
+        return written(u"Price"_s, value);
     if (is(column, u"Qty Used")) {
         const QVariant quantity = value.isValid() ? value : QVariant(0.0);
-        if (!recording::UpdateWorkorderPart(part, service, u"QuantityUsed"_s, quantity))
+        if (!written(u"QuantityUsed"_s, quantity))
             return false;
         rows.setValue(row, u"Qty Used", quantity);
         return true;

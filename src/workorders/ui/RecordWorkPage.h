@@ -29,9 +29,8 @@ public:
     void FindNSelectRecordWorkorder(qint64 WorkorderNo);
     /// The orders that are ticked as complete.
     [[nodiscard]] QList<qint64> completeOrders() const;
-    /// Gives all ticked orders this date, as the user would cell by cell. False when one was
-    /// refused.
-    [[nodiscard]] bool setCompletedDate(QDate date);
+    /// True when work may have been completed on this date; else the user is told.
+    [[nodiscard]] static bool mayComplete(QDate date);
     /// The machines of all rows, joined by commas.
     [[nodiscard]] QString machines() const;
     [[nodiscard]] bool hasOrders() const;
@@ -61,6 +60,7 @@ private:
     [[nodiscard]] bool isServiceCompleted() const;
     [[nodiscard]] QString storedNote() const;
 
+    void showWhatIsLeft();
     void RefreshRecordServiceGrid();
     void RefreshRecordPartGrid();
     void showPartsAndNote();
@@ -76,7 +76,7 @@ private:
     bool countChanged(int row, const QVariant &count);
     bool skipChanged(int row, bool skip);
     bool completedChanged(int row, bool completed);
-    void reopenOrder();
+    void showOrderReopened();
     bool grdRecordPart_Change(int row, const QString &column, const QVariant &value);
     void openTimes(int row, const QString &column);
     void cmdSkipAll_Click();
@@ -87,7 +87,6 @@ private:
     LatenessStyle m_lateness;
     QHash<qint64, bool> m_late; ///< ISWorkOrderLate of the orders painted so far
     bool m_filling = false;     ///< rows are being loaded: no row counts as chosen
-    bool gbSkipServiceCascade = false;
 
     grid::GridView *grdRecordWo = nullptr;
     QPushButton *cmdSkipAll = nullptr;

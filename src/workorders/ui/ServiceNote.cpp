@@ -1,9 +1,13 @@
 #include "workorders/ui/ServiceNote.h"
 
+#include "core/RecordStore.h"
 #include "core/ui/Lock.h"
+#include "core/ui/Telling.h"
 #include "platform/input/Leaving.h"
 
 #include <QPlainTextEdit>
+
+using namespace Qt::StringLiterals;
 
 ServiceNote::ServiceNote(QPlainTextEdit *box, Write write, MayStand mayStand)
     : QObject(box)
@@ -40,7 +44,29 @@ bool ServiceNote::store()
         return false;
     if (text() == m_shown)
         return true;
-    if (!m_write(m_service, text()))
+    return telling("WorkOrder", "Note_Validate", false, [this] { return write(); });
+}
+
+bool ServiceNote::write()
+{
+    QString theirs;
+    try {
+        if (!m_write(m_service, text(), m_shown))
+            return false;
+        m_shown = text();
+        return true;
+    } catch (const record::Conflict &conflict) {
+        if (conflict.isGone())
+            throw;
+        theirs = conflict.differences().front().theirs.toString();
+    }
+    if (!base::askYesNo(
+            u"Another workstation has changed this note meanwhile:\n\n%1\n\nDo you want "
+            "to store yours in its place?"_s.arg(theirs))) {
+        show(m_service, theirs);
+        return true;
+    }
+    if (!m_write(m_service, text(), std::nullopt))
         return false;
     m_shown = text();
     return true;

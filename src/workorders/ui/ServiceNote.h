@@ -2,7 +2,9 @@
 
 #include <QObject>
 #include <QString>
+#include <QVariant>
 #include <functional>
+#include <optional>
 
 class QPlainTextEdit;
 
@@ -13,8 +15,11 @@ class ServiceNote final : public QObject
     Q_OBJECT
 
 public:
-    /// Writes the note of a service; False when that failed, and the box then keeps the focus.
-    using Write = std::function<bool(qint64 service, const QString &note)>;
+    /// Writes the note of a service over what was shown of it; nothing: over whatever it is. False
+    /// when that failed, and the box then keeps the focus. Raises record::Conflict when another
+    /// workstation has changed the note meanwhile.
+    using Write = std::function<bool(qint64 service, const QString &note,
+                                     const std::optional<QVariant> &shown)>;
     /// False when a note can't stand as it is, changed or not, which the rule has told; the box
     /// then keeps the focus.
     using MayStand = std::function<bool(qint64 service, const QString &note)>;
@@ -29,6 +34,7 @@ public:
 
 private:
     bool store();
+    [[nodiscard]] bool write();
     [[nodiscard]] QString text() const;
 
     QPlainTextEdit *m_box;

@@ -1,17 +1,22 @@
 #include "workorders/ui/WorkLists.h"
 
+#include "core/RecordStore.h"
 #include "core/Session.h"
+#include "core/ui/Telling.h"
 #include "parts/PartSelection.h"
 #include "parts/ui/Entries.h"
 #include "platform/base/Prompts.h"
 #include "platform/grid/GridView.h"
 #include "scheduling/ui/Entries.h"
 #include "workorders/Recording.h"
+#include "workorders/Statements.h"
 
 using namespace Qt::StringLiterals;
 
 namespace worklists {
 namespace {
+
+constexpr const char *Module = "WorkOrder";
 
 QList<grid::Choice> choicesOf(const QString &statement, QStringView key, QStringView text)
 {
@@ -25,15 +30,12 @@ QList<grid::Choice> choicesOf(const QString &statement, QStringView key, QString
 
 QList<grid::Choice> suppliers()
 {
-    return choicesOf(u"Select SupplierID,Name from tblSupplier order by Name"_s, u"SupplierID",
-                     u"Name");
+    return choicesOf(workorders::statements::suppliers(), u"SupplierID", u"Name");
 }
 
 QList<grid::Choice> crews()
 {
-    return choicesOf(u"Select CrewID,cstr(CrewNumber) + '   ' + Description AS [CrewText] from "
-                     "tblCrew order by tblCrew.CrewNumber"_s,
-                     u"CrewID", u"CrewText");
+    return choicesOf(workorders::statements::crews(), u"CrewID", u"CrewText");
 }
 
 QString joinedKeys(const grid::GridModel &rows, QStringView column)
@@ -74,12 +76,33 @@ void load(grid::GridView &grid, const QString &statement, qint64 owner, QStringV
     selectKey(grid, keyColumn, kept);
 }
 
-QString noteOf(const QString &statement, qint64 service)
+bool writeCell(grid::GridModel &rows, int row, const QString &column, const QVariant &value,
+               const std::function<bool(const std::optional<QVariant> &shown)> &write)
 {
-    if (service == 0)
-        return {};
-    const db::Recordset rows = gcnData->Open(statement, {service});
-    return rows.isEmpty() ? QString() : rows.current().text(u"Note");
+    std::optional<QVariant> theirs;
+    try {
+        return write(rows.value(row, column));
+    } catch (const record::Conflict &conflict) {
+        if (conflict.isGone())
+            throw;
+        theirs = conflict.differences().front().theirs;
+    }
+    // As the grid shows them: a crew by its name, not by its key.
+    const QVariant old = rows.value(row, column);
+    const auto shownAs = [&](const QVariant &each) {
+        rows.setValue(row, column, each);
+        return rows.text(row, column);
+    };
+    const QString mine = shownAs(value);
+    const QString other = shownAs(*theirs);
+    const QString caption = rows.column(column).caption;
+    if (base::askYesNo(
+            u"Another workstation has changed %1 meanwhile: yours \"%2\", theirs \"%3\". Do you "
+            "want to store yours?"_s.arg(caption.isEmpty() ? column : caption, mine, other))) {
+        rows.setValue(row, column, old); // until it is written
+        return write(std::nullopt);
+    }
+    return false;
 }
 
 QList<qint64> numbersOf(const QString &text)
@@ -101,8 +124,17 @@ bool addServices(const grid::GridModel &present, qint64 WorkorderNo, qint64 Equi
     QString kind = u"SL"_s;
     if (!frmServicesManagerEntry::ShowServiceManager(selection, 0, kind, true, false))
         return false;
-    return recording::AddServiceRecord(numbersOf(selection), WorkorderNo, EquipmentID,
-                                       recording::ServiceSource::Catalogue, completed);
+    const QList<qint64> services = numbersOf(selection);
+    // Beside services that are ticked nobody looks for parts that are not.
+    const bool partsUsed =
+        completed && recording::needParts(services) &&
+        base::askYesNo(u"The work order is complete, so what is added counts as done. Were its "
+                       "parts used?"_s);
+    return telling(Module, "AddServiceRecord", false, [&] {
+        return recording::AddServiceRecord(services, WorkorderNo, EquipmentID,
+                                           recording::ServiceSource::Catalogue, completed,
+                                           partsUsed);
+    });
 }
 
 bool addParts(const grid::GridModel &present, qint64 NServiceUsedID, bool used)
@@ -113,15 +145,18 @@ bool addParts(const grid::GridModel &present, qint64 NServiceUsedID, bool used)
     QString selection = parts::exclusionList(numbers);
     if (!frmPartManagerEntry::ShowServiceManager(selection, true) || selection.trimmed().isEmpty())
         return false;
-    return recording::AddPartRecord(parts::parseSelection(selection), NServiceUsedID, used);
+    return telling(Module, "AddPartRecord", false, [&] {
+        return recording::AddPartRecord(parts::parseSelection(selection), NServiceUsedID, used);
+    });
 }
 
 bool removePart(const grid::GridView &grid, qint64 NServiceUsedID)
 {
     if (grid.currentRow() < 0 || !confirmDeletion())
         return false;
-    if (recording::DeletePartRecord(NServiceUsedID,
-                                    grid.rows().text(grid.currentRow(), u"Part Number")))
+    const QString part = grid.rows().text(grid.currentRow(), u"Part Number");
+    if (telling(Module, "DeletePartRecord", false,
+                [&] { return recording::DeletePartRecord(NServiceUsedID, part); }))
         return true;
     base::showMessage(u"Deletion not allowed."_s);
     return false;

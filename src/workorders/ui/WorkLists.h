@@ -5,6 +5,9 @@
 #include <QList>
 #include <QString>
 #include <QStringView>
+#include <QVariant>
+#include <functional>
+#include <optional>
 
 namespace grid {
 class GridModel;
@@ -29,8 +32,13 @@ void selectKey(grid::GridView &grid, QStringView column, qint64 key);
 /// Loads the rows of a query whose parameter is the key of what they belong to, none for 0. With a
 /// key column the row that was current stays so. Data; raises DbError.
 void load(grid::GridView &grid, const QString &statement, qint64 owner, QStringView keyColumn = {});
-/// The note of a service by a query whose parameter is its key, empty for 0. Data; raises DbError.
-[[nodiscard]] QString noteOf(const QString &statement, qint64 service);
+/// Writes a cell that the user has changed, by a function that is given what the cell showed and
+/// raises record::Conflict when another workstation has stored something else there meanwhile. Then
+/// the user chooses between both: the function is called again without what was shown, or the cell
+/// takes theirs. False when the change was not written.
+[[nodiscard]] bool
+writeCell(grid::GridModel &rows, int row, const QString &column, const QVariant &value,
+          const std::function<bool(const std::optional<QVariant> &shown)> &write);
 
 /// Whole numbers of a comma-joined text; what is none is left out.
 [[nodiscard]] QList<qint64> numbersOf(const QString &text);

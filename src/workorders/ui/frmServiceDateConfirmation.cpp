@@ -1,6 +1,5 @@
 #include "workorders/ui/frmServiceDateConfirmation.h"
 
-#include "core/Session.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
@@ -9,6 +8,7 @@
 #include "platform/input/Leaving.h"
 #include "platform/input/Theme.h"
 #include "scheduling/GetNextScheduledDate.h"
+#include "workorders/Posting.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -71,15 +71,10 @@ void frmServiceDateConfirmation::buildForm()
 void frmServiceDateConfirmation::showService()
 {
     base::trapped(Module, "Form_Load", [this] {
-        const db::Recordset rows = gcnData->Open(
-            u"select EquipmentName,UnitNo,Name from tblServiceUsed left join tblEquipment on "
-            "tblserviceused.Equipmentid = tblequipment.equipmentid where ServiceUsedID = ?"_s,
-            {m_service});
-        if (rows.isEmpty())
-            return;
-        lblEquipmentName->setText(rows.current().text(u"EquipmentName"));
-        lblUnitNo->setText(rows.current().text(u"UnitNo"));
-        lblName->setText(rows.current().text(u"Name"));
+        const posting::ServiceName service = posting::nameOf(m_service);
+        lblEquipmentName->setText(service.EquipmentName);
+        lblUnitNo->setText(service.UnitNo);
+        lblName->setText(service.Name);
     });
 }
 
@@ -109,9 +104,7 @@ void frmServiceDateConfirmation::cmdOK_Click()
         m_result = base::wallClock(date);
     } else {
         // Without a date the posting would go on and leave the service without one.
-        m_result = base::trapped(Module, "cmdOK_Click", QDateTime(), [this] {
-            return scheduling::nextScheduledDate(m_service, m_completed);
-        });
+        m_result = GetNextScheduledDate(m_service, true, m_completed);
         if (!m_result.isValid())
             return;
     }

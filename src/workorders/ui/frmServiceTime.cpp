@@ -1,5 +1,6 @@
 #include "workorders/ui/frmServiceTime.h"
 
+#include "core/ui/Telling.h"
 #include "platform/base/Prompts.h"
 #include "platform/input/FormBuilder.h"
 #include "platform/input/Leaving.h"
@@ -39,6 +40,7 @@ frmServiceTime::frmServiceTime(const ScreenCalls::ServiceTimes &times, QWidget *
     timeStart->setTime(stored(m_times.start));
     timeEnd->setTime(stored(m_times.end));
     datWorkhrs->setTime(stored(m_times.workHours));
+    m_endIsGiven = timeStart->time() != Midnight && datWorkhrs->time() != Midnight;
 }
 
 bool frmServiceTime::ShowServiceTimeForm(const ScreenCalls::ServiceTimes &times)
@@ -93,6 +95,7 @@ void frmServiceTime::timeStart_Validate()
 void frmServiceTime::timeEnd_Validate()
 {
     normalise(timeEnd, u"12:00A"_s);
+    m_endIsGiven = true;
     computeWorkHours();
 }
 
@@ -102,9 +105,10 @@ void frmServiceTime::computeWorkHours()
     // Without a start the hours are what was typed.
     if (start == Midnight)
         return;
-    if (given(timeEnd) < start)
-        timeEnd->setTime(start);
-    datWorkhrs->setTime(Midnight.addSecs(start.secsTo(given(timeEnd))));
+    const recording::WorkSpan span = recording::workSpan(start, given(timeEnd), m_endIsGiven);
+    if (span.end != given(timeEnd))
+        timeEnd->setTime(span.end);
+    datWorkhrs->setTime(span.hours);
 }
 
 void frmServiceTime::cmdUpdate_Click()
@@ -118,9 +122,11 @@ void frmServiceTime::cmdUpdate_Click()
     if (m_times.beforeWrite)
         m_times.beforeWrite();
     const bool openOrder = m_times.table.compare(u"tblWoserviceUsed"_s, Qt::CaseInsensitive) == 0;
-    m_stored = recording::saveTimes(
-        m_times.id, openOrder ? recording::TimesOf::OpenOrder : recording::TimesOf::History,
-        given(timeStart), given(timeEnd), datWorkhrs->time());
+    m_stored = telling("frmServiceTime", "cmdUpdate_Click", false, [&] {
+        return recording::saveTimes(
+            m_times.id, openOrder ? recording::TimesOf::OpenOrder : recording::TimesOf::History,
+            given(timeStart), given(timeEnd), datWorkhrs->time());
+    });
     if (m_stored)
         unload();
 }

@@ -33,6 +33,7 @@ private:
 
     ScreenCalls::ServiceTimes m_times;
     bool m_stored = false;
+    bool m_endIsGiven = false; ///< also midnight, which an empty box reads as
 
     input::TimeInput *timeStart = nullptr;
     input::TimeInput *timeEnd = nullptr;

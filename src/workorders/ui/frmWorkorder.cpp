@@ -3,6 +3,7 @@
 #include "core/General.h"
 #include "core/Session.h"
 #include "core/ui/ScreenCalls.h"
+#include "core/ui/Telling.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Format.h"
 #include "platform/base/Prompts.h"
@@ -272,7 +273,8 @@ void frmWorkorder::cmdPrint_Click()
         return base::showMessage(u"Please select workorder to print."_s);
     (void)show(workorders::statements::printedOrders(numberList(orders)), chkGroupWo->isChecked());
     if (base::askYesNo(u"Mark Work Orders as Printed"_s))
-        (void)recording::UpdatePrintColInWorkOrder(orders);
+        (void)telling(Module, "UpdatePrintColInWorkOrder", false,
+                      [&] { return recording::UpdatePrintColInWorkOrder(orders); });
     m_printing->RefreshPrintWo();
 }
 
@@ -284,17 +286,38 @@ void frmWorkorder::cmdPost_Click()
     if (orders.isEmpty())
         return base::showMessage(u"No Work Order is selected to post"_s);
     const auto date = frmWOCompletedDate::ShowCompletedDateForm();
-    if (!date || !m_recording->setCompletedDate(*date))
+    if (!date || !RecordWorkPage::mayComplete(*date))
         return;
-    if (post(orders) && !orders.isEmpty())
+    if (post(orders, *date) && !orders.isEmpty())
         printPosted(orders);
     m_recording->RefreshRecordWorkorder();
 }
 
-bool frmWorkorder::post(QList<qint64> &orders)
+bool frmWorkorder::post(QList<qint64> &orders, QDate completed)
 {
-    input::ProgressBox box(u"Posting work orders..."_s, this);
-    return posting::PostWorkOrder(orders, box.progress());
+    return telling(Module, "PostWorkOrder", false,
+                   [&] { return postWhatCanBe(orders, completed); });
+}
+
+/// An order that can't be posted need not keep the others.
+bool frmWorkorder::postWhatCanBe(QList<qint64> &orders, QDate completed)
+{
+    for (;;) {
+        QString obstacle;
+        try {
+            input::ProgressBox box(u"Posting work orders..."_s, this);
+            return posting::PostWorkOrder(orders, box.progress(), completed);
+        } catch (const posting::Obstacle &error) {
+            obstacle = error.description() + u"\n\nNothing has been posted."_s;
+            orders.removeOne(error.order());
+        }
+        if (orders.isEmpty()) {
+            base::showMessage(obstacle);
+            return false;
+        }
+        if (!base::askYesNo(obstacle + u" Do you want to post the other work orders without it?"_s))
+            return false;
+    }
 }
 
 void frmWorkorder::printPosted(const QList<qint64> &orders)

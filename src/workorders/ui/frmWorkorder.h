@@ -54,7 +54,8 @@ private:
     void cmdRefreshWo_Click();
     void cmdPrint_Click();
     void cmdPost_Click();
-    [[nodiscard]] bool post(QList<qint64> &orders);
+    [[nodiscard]] bool post(QList<qint64> &orders, QDate completed);
+    [[nodiscard]] bool postWhatCanBe(QList<qint64> &orders, QDate completed);
     void printPosted(const QList<qint64> &orders);
     void cmdUnschedule_Click();
 

@@ -293,7 +293,7 @@ TEST_F(RecordWork, TheNextDateOfAServiceIsConfirmed)
         driver.press("cmdOK");
     });
     EXPECT_EQ(chosen, day(4, 11));
-    EXPECT_EQ(errors.takeOne().ProcedureName, u"cmdOK_Click"_s);
+    EXPECT_EQ(errors.takeOne().ProcedureName, u"GetNextScheduledDate"_s);
     ask([&](const test::ScreenDriver &driver) {
         driver.press("optNextScheduled");
         EXPECT_EQ(driver.text("datNextScheduled"), u"03/12/2024"_s);

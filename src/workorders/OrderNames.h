@@ -1,0 +1,29 @@
+#pragma once
+
+#include "core/InTheWay.h"
+
+#include <QString>
+
+/// How messages name an order, its machine and its services. Data; as messages are often made when
+/// something has just failed, these raise nothing and leave out what they can't read.
+namespace ordernames {
+
+/// "work order 12 of machine M1 - Mower".
+[[nodiscard]] QString order(qint64 WorkorderNo);
+/// The same of the order that a service stands on.
+[[nodiscard]] QString orderOfService(qint64 NServiceUsedID);
+/// "M1 - Mower".
+[[nodiscard]] QString machine(qint64 EquipmentID);
+
+/// Numbers for a message: ten at most, and how many more there are.
+[[nodiscard]] QString listed(const QList<qint64> &numbers);
+/// A sentence that begins with such a name.
+[[nodiscard]] QString sentence(const QString &name, const QString &rest);
+
+/// What is told while another workstation changes an order or a row of it.
+[[nodiscard]] QString beingChanged(const QString &order);
+/// What is told of something that an order has no more.
+[[nodiscard]] InTheWay gone(qint64 WorkorderNo);
+[[nodiscard]] InTheWay serviceGone();
+
+} // namespace ordernames
