@@ -568,7 +568,7 @@ TEST_F(frmServicesTest, AServiceThatAnotherHoldsKeepsWhatWasTyped)
     type(screen, u"txtName"_s, u"Other name"_s);
     const auto other = database.open();
     other->BeginTrans();
-    other->Execute(u"Update tblServices set CrewID = 5 where ServiceID = 50"_s);
+    other->Execute(u"Update tblServices set LaborEstimate = 5 where ServiceID = 50"_s);
     say(u"Another workstation is changing the service \"Oil change\". Please try again in a "
         "moment."_s);
     click(screen, u"cmdUpdate"_s);
@@ -577,7 +577,7 @@ TEST_F(frmServicesTest, AServiceThatAnotherHoldsKeepsWhatWasTyped)
     EXPECT_FALSE(gbInTransaction);
     other->CommitTrans();
     click(screen, u"cmdUpdate"_s);
-    EXPECT_EQ(found(u"Select Name, CrewID from tblServices"_s), u"Other name|5");
+    EXPECT_EQ(found(u"Select Name, LaborEstimate from tblServices"_s), u"Other name|5");
 }
 
 TEST_F(frmServicesTest, ASaveLeavesAloneWhatAPostingMovedMeanwhile)
