@@ -13,6 +13,13 @@ QString told(const std::vector<Difference> &differences)
                : u"This record has been changed on another workstation. Nothing was stored."_s;
 }
 
+bool isSame(const QVariant &left, const QVariant &right)
+{
+    if (left.isNull() || right.isNull())
+        return left.toString().isEmpty() && right.toString().isEmpty();
+    return left == right || left.toString() == right.toString();
+}
+
 } // namespace
 
 Conflict::Conflict(std::vector<Difference> differences)
@@ -58,6 +65,13 @@ db::Recordset hold(db::Connection &connection, QStringView table, QStringView ke
             {key}) == 0)
         throw Conflict();
     return connection.Open(u"Select * from "_s + table.toString() + condition, {key});
+}
+
+void demandShown(const db::Row &now, const QString &column, const QVariant &value,
+                 const std::optional<QVariant> &shown)
+{
+    if (shown && !isSame(now[column], *shown) && !isSame(now[column], value))
+        throw Conflict({{column, now[column], value}});
 }
 
 } // namespace record

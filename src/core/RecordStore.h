@@ -69,6 +69,11 @@ private:
 [[nodiscard]] db::Recordset hold(db::Connection &connection, QStringView table,
                                  QStringView keyColumn, const QVariant &key);
 
+/// Raises Conflict when a column of a row holds neither what was shown nor what is to be written.
+/// An empty text counts as the Null that shows it.
+void demandShown(const db::Row &now, const QString &column, const QVariant &value,
+                 const std::optional<QVariant> &shown);
+
 /// Writes the fields in which a record differs from what was shown to the row of a key, inside a
 /// transaction of its own or the one that is open. Without a shown record the row itself counts as
 /// shown. load reads a record from a row. Raises Conflict and DbError.

@@ -1,9 +1,13 @@
 #include "scheduling/Assignment.h"
 
+#include "core/General.h"
+#include "core/InTheWay.h"
+#include "core/RecordStore.h"
 #include "core/Session.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Format.h"
 #include "platform/base/Trapped.h"
+#include "scheduling/GetNextScheduledDate.h"
 #include "scheduling/Readings.h"
 
 #include <QStringList>
@@ -95,6 +99,24 @@ void startCounting(qint64 equipment, qint64 serviceUsedID, const QString &name,
             {readings::newest(equipment, countType).value + interval, serviceUsedID});
 }
 
+/// The row of a service, held for the transaction.
+db::Recordset held(qint64 serviceUsedID)
+{
+    try {
+        return orInTheWay(
+            [&] {
+                return record::hold(*gcnData, u"tblServiceUsed", u"ServiceUsedID", serviceUsedID);
+            },
+            [] {
+                return u"Another workstation is changing this service. Please try again in a "
+                       "moment."_s;
+            });
+    } catch (const record::Conflict &) {
+        throw InTheWay(u"This service has been removed from its machine on another workstation. "
+                       "Nothing was stored."_s);
+    }
+}
+
 } // namespace
 
 bool AddServiceRecord(qint64 EquipmentID, const QList<qint64> &ids, Source source)
@@ -130,14 +152,56 @@ bool DeleteServiceRecord(qint64 ServiceUsedID)
     });
 }
 
-bool UpdateEquipmentService(qint64 ServiceUsedID, const QString &Column, const QVariant &Value)
+bool UpdateEquipmentService(qint64 ServiceUsedID, const QString &Column, const QVariant &Value,
+                            const std::optional<QVariant> &Shown)
 {
     return base::trapped(Module, "UpdateEquipmentService", false, [&] {
+        record::ShortTransaction transaction(*gcnData);
+        const db::Recordset rows = held(ServiceUsedID);
+        record::demandShown(rows.current(), Column, Value, Shown);
         gcnData->Execute(
             u"Update tblServiceUsed set [%1] = ? where ServiceUsedid = ?"_s.arg(Column),
             {Value, ServiceUsedID});
+        transaction.commit();
         return true;
     });
+}
+
+std::optional<double> UpdateLabourCost(qint64 ServiceUsedID)
+{
+    return base::trapped(
+        Module, "UpdateLabourCost", std::optional<double>(), [&]() -> std::optional<double> {
+            const db::Row service =
+                gcnData
+                    ->Open(
+                        u"Select CrewID, LaborEstimate from tblServiceUsed where ServiceUsedID = "
+                        "?"_s,
+                        {ServiceUsedID})
+                    .row(0);
+            const double cost =
+                SetLaborCost(service.integer(u"CrewID")) * service.real(u"LaborEstimate");
+            if (!UpdateEquipmentService(ServiceUsedID, u"CostEstimate"_s, cost))
+                return std::nullopt;
+            return cost;
+        });
+}
+
+QDateTime UpdateDateIfReached(qint64 ServiceUsedID)
+{
+    const QDateTime reached = GetNextScheduledDate(ServiceUsedID);
+    if (!reached.isValid() ||
+        !UpdateEquipmentService(ServiceUsedID, u"NextScheduledDate"_s, reached))
+        return {};
+    return reached;
+}
+
+QString refusalOfNextDate(const QDateTime &before, const QDateTime &date)
+{
+    if (!before.isValid() && (!date.isValid() || date.date() < base::today()))
+        return u"Next Schedule Date should be greater than or equal to current date"_s;
+    if (before.isValid() && (!date.isValid() || date <= before))
+        return u"Next Schedule Date should be greater than old date"_s;
+    return {};
 }
 
 bool ChkEveryServiceCount(qint64 EquipmentID)

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QDateTime>
 #include <QList>
 #include <QString>
 #include <QVariant>
+#include <optional>
 
 /// Services of a machine: copying them from the catalogue or from a machine, and changing the
 /// copies. Data, inside the transaction of the equipment screen. No error crosses these procedures,
@@ -21,9 +23,20 @@ enum class Source {
 [[nodiscard]] bool AddServiceRecord(qint64 EquipmentID, const QList<qint64> &ids, Source source);
 /// Removes a service with its parts from its machine. Open orders and history keep their rows.
 [[nodiscard]] bool DeleteServiceRecord(qint64 ServiceUsedID);
-/// Writes one column of an assigned service.
+/// Writes one column of an assigned service while it holds what was shown; without Shown in any
+/// case. Inside a whole raises record::Conflict when it holds something else, InTheWay when the
+/// service has been removed or is held elsewhere.
 [[nodiscard]] bool UpdateEquipmentService(qint64 ServiceUsedID, const QString &Column,
-                                          const QVariant &Value);
+                                          const QVariant &Value,
+                                          const std::optional<QVariant> &Shown = {});
+/// Writes the labour cost that the crew and the hours of a service come to; that cost.
+[[nodiscard]] std::optional<double> UpdateLabourCost(qint64 ServiceUsedID);
+/// Writes the date of a count service that has none, once its count is reached; that date, the zero
+/// date before.
+[[nodiscard]] QDateTime UpdateDateIfReached(qint64 ServiceUsedID);
+/// Why a service that was scheduled for a date, the zero date for none, can't be scheduled for
+/// another one; empty when it can.
+[[nodiscard]] QString refusalOfNextDate(const QDateTime &before, const QDateTime &date);
 /// Sees to a first reading and a target for each count service of the machine that has no reading
 /// of its type.
 [[nodiscard]] bool ChkEveryServiceCount(qint64 EquipmentID);

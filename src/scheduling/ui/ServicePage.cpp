@@ -2,14 +2,14 @@
 
 #include "core/General.h"
 #include "core/Session.h"
+#include "core/ui/CellWrite.h"
 #include "core/ui/ListGrid.h"
-#include "platform/base/Environment.h"
+#include "core/ui/Telling.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "platform/input/FormBuilder.h"
 #include "platform/input/Theme.h"
 #include "scheduling/Assignment.h"
-#include "scheduling/GetNextScheduledDate.h"
 #include "scheduling/ui/Entries.h"
 #include "scheduling/ui/OrderWarning.h"
 
@@ -240,61 +240,60 @@ bool ServicePage::grdService_Edit(int row, const QString &column) const
 bool ServicePage::grdService_Change(int row, const QString &column, const QVariant &value)
 {
     m_screen.firstEdit();
-    return base::trapped(Module, "grdService_Change", false,
-                         [&] { return changeCell(row, column, value); });
+    const std::optional<bool> changed =
+        telling(Module, "grdService_Change", std::optional<bool>(),
+                [&] { return std::optional(changeCell(row, column, value)); });
+    if (!changed) {
+        // What another workstation did is shown, but not before the grid is done with the cell.
+        QMetaObject::invokeMethod(
+            this, [this] { RefreshServiceGrid(); }, Qt::QueuedConnection);
+    }
+    return changed.value_or(false);
 }
 
 bool ServicePage::changeCell(int row, const QString &column, const QVariant &value)
 {
-    const grid::GridModel &rows = grdService->rows();
-    const qint64 service = serviceOf(row);
-    const auto update = [&](const QString &field) {
-        return assignment::UpdateEquipmentService(service, field, value.isNull() ? 0 : value);
-    };
     if (is(column, u"Next Schedule"))
         return changeNextSchedule(row, value);
     if (is(column, u"Next Count"))
         return changeNextCount(row, value);
     if (is(column, u"Interval"))
-        return !value.isNull() && update(u"Einterval"_s);
+        return !value.isNull() && update(row, column, u"Einterval"_s, value);
     if (is(column, u"Labor Cost"))
-        return update(u"CostEstimate"_s);
-    if (is(column, u"Service Crew")) {
-        if (!update(u"CrewID"_s))
-            return false;
-        changeLabourCost(row, value.toLongLong(), rows.value(row, u"Budgeted Hrs").toDouble());
-    }
-    if (is(column, u"Budgeted Hrs")) {
-        if (!update(u"LaborEstimate"_s))
-            return false;
-        changeLabourCost(row, rows.value(row, u"Service Crew").toLongLong(), value.toDouble());
-    }
+        return update(row, column, u"CostEstimate"_s, value);
+    const QString field = is(column, u"Service Crew") ? u"CrewID"_s : u"LaborEstimate"_s;
+    if (!update(row, column, field, value))
+        return false;
+    if (const std::optional<double> cost = assignment::UpdateLabourCost(serviceOf(row)))
+        grdService->rows().setValue(row, u"Labor Cost", *cost);
     return true;
 }
 
-void ServicePage::changeLabourCost(int row, qint64 crew, double hours)
+bool ServicePage::update(int row, const QString &column, const QString &field,
+                         const QVariant &value)
 {
-    const double cost = SetLaborCost(crew) * hours;
-    if (assignment::UpdateEquipmentService(serviceOf(row), u"CostEstimate"_s, cost))
-        grdService->rows().setValue(row, u"Labor Cost", cost);
+    const auto stored = [&](const QVariant &each) {
+        return each.isNull() && !is(column, u"Next Schedule") ? QVariant(0) : each;
+    };
+    return writeCell(grdService->rows(), row, column, value,
+                     [&](const std::optional<QVariant> &shown) {
+                         return assignment::UpdateEquipmentService(
+                             serviceOf(row), field, stored(value),
+                             shown ? std::optional(stored(*shown)) : std::nullopt);
+                     });
 }
 
 bool ServicePage::changeNextSchedule(int row, const QVariant &value)
 {
-    const qint64 service = serviceOf(row);
-    if (ServiceInWorkOrder(service) && !orderwarning::confirmDate())
+    if (ServiceInWorkOrder(serviceOf(row)) && !orderwarning::confirmDate())
         return false;
-    const QDateTime before = grdService->rows().value(row, u"Next Schedule").toDateTime();
-    const QDateTime date = value.toDateTime();
-    if (!before.isValid() && (!date.isValid() || date.date() < base::today())) {
-        base::showMessage(u"Next Schedule Date should be greater than or equal to current date"_s);
-        return false;
-    }
-    if (before.isValid() && (!date.isValid() || date <= before)) {
-        base::showMessage(u"Next Schedule Date should be greater than old date"_s);
+    const QString refusal = assignment::refusalOfNextDate(
+        grdService->rows().value(row, u"Next Schedule").toDateTime(), value.toDateTime());
+    if (!refusal.isEmpty()) {
+        base::showMessage(refusal);
         return false;
     }
-    return assignment::UpdateEquipmentService(service, u"NextScheduleddate"_s, date);
+    return update(row, u"Next Schedule"_s, u"NextScheduledDate"_s, value.toDateTime());
 }
 
 bool ServicePage::changeNextCount(int row, const QVariant &value)
@@ -306,17 +305,10 @@ bool ServicePage::changeNextCount(int row, const QVariant &value)
     }
     if (ServiceInWorkOrder(service) && !orderwarning::confirmCountInGrid())
         return false;
-    if (!assignment::UpdateEquipmentService(service, u"NextScheduledCount"_s, value))
+    if (!update(row, u"Next Count"_s, u"NextScheduledCount"_s, value))
         return false;
     if (grdService->rows().value(row, u"Next Schedule").isNull())
-        dateIfReached(row);
+        if (const QDateTime reached = assignment::UpdateDateIfReached(service); reached.isValid())
+            grdService->rows().setValue(row, u"Next Schedule", reached);
     return true;
-}
-
-void ServicePage::dateIfReached(int row)
-{
-    const QDateTime reached = GetNextScheduledDate(serviceOf(row));
-    if (reached.isValid() &&
-        assignment::UpdateEquipmentService(serviceOf(row), u"NextScheduleddate"_s, reached))
-        grdService->rows().setValue(row, u"Next Schedule", reached);
 }

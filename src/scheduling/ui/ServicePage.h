@@ -51,9 +51,9 @@ private:
     [[nodiscard]] bool changeCell(int row, const QString &column, const QVariant &value);
     [[nodiscard]] bool changeNextSchedule(int row, const QVariant &value);
     [[nodiscard]] bool changeNextCount(int row, const QVariant &value);
-    void changeLabourCost(int row, qint64 crew, double hours);
-    /// Gives a waiting service the date of the reading that has reached its count.
-    void dateIfReached(int row);
+    /// Writes a changed cell into its field.
+    [[nodiscard]] bool update(int row, const QString &column, const QString &field,
+                              const QVariant &value);
     [[nodiscard]] qint64 serviceOf(int row) const;
 
     MachineScreen m_screen;

@@ -1,0 +1,36 @@
+#include "core/ui/CellWrite.h"
+
+#include "core/RecordStore.h"
+#include "platform/base/Prompts.h"
+#include "platform/grid/GridModel.h"
+
+using namespace Qt::StringLiterals;
+
+bool writeCell(grid::GridModel &rows, int row, const QString &column, const QVariant &value,
+               const std::function<bool(const std::optional<QVariant> &shown)> &write)
+{
+    std::optional<QVariant> theirs;
+    try {
+        return write(rows.value(row, column));
+    } catch (const record::Conflict &conflict) {
+        if (conflict.isGone())
+            throw;
+        theirs = conflict.differences().front().theirs;
+    }
+    // As the grid shows them: a crew by its name, not by its key.
+    const QVariant old = rows.value(row, column);
+    const auto shownAs = [&](const QVariant &each) {
+        rows.setValue(row, column, each);
+        return rows.text(row, column);
+    };
+    const QString mine = shownAs(value);
+    const QString other = shownAs(*theirs);
+    const QString caption = rows.column(column).caption;
+    if (base::askYesNo(
+            u"Another workstation has changed %1 meanwhile: yours \"%2\", theirs \"%3\". Do you "
+            "want to store yours?"_s.arg(caption.isEmpty() ? column : caption, mine, other))) {
+        rows.setValue(row, column, old); // until it is written
+        return write(std::nullopt);
+    }
+    return false;
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QVariant>
+#include <functional>
+#include <optional>
+
+namespace grid {
+class GridModel;
+}
+
+/// Writes a cell that the user has changed, by a function that is given what the cell showed and
+/// raises record::Conflict when another workstation has stored something else there meanwhile. Then
+/// the user chooses between both: the function is called again without what was shown, or the cell
+/// takes theirs. False when the change was not written. A row that is gone raises on.
+[[nodiscard]] bool
+writeCell(grid::GridModel &rows, int row, const QString &column, const QVariant &value,
+          const std::function<bool(const std::optional<QVariant> &shown)> &write);
