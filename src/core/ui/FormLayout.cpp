@@ -1,6 +1,7 @@
 #include "core/ui/FormLayout.h"
 
 #include "core/General.h"
+#include "core/ui/StoredLayout.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Trapped.h"
 #include "platform/input/Theme.h"
@@ -158,12 +159,16 @@ void StoreFormLayout(const QWidget &form, const QString &formName, bool withPlac
     const auto store = [&](const QString &measure, int pixels) {
         SetOption(measure + formName, twipsOf(pixels), true);
     };
-    if (withPlace) {
-        store(u"LEFT"_s, normal.x());
-        store(u"TOP"_s, normal.y());
-    }
-    store(u"HEIGHT"_s, normal.height());
-    store(u"WIDTH"_s, normal.width());
+    const auto storeAll = [&] {
+        const base::Whole measures;
+        if (withPlace) {
+            store(u"LEFT"_s, normal.x());
+            store(u"TOP"_s, normal.y());
+        }
+        store(u"HEIGHT"_s, normal.height());
+        store(u"WIDTH"_s, normal.width());
+    };
+    base::trapped(Module, "StoreFormLayout", [&] { storeUnlessLocked(storeAll); });
 }
 
 void setMainFormParts(const MainFormParts &parts)

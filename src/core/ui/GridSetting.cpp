@@ -1,6 +1,7 @@
 #include "core/ui/GridSetting.h"
 
 #include "core/Session.h"
+#include "core/ui/StoredLayout.h"
 #include "platform/base/Error.h"
 #include "platform/base/Trapped.h"
 #include "platform/grid/GridView.h"
@@ -20,22 +21,34 @@ grid::Sort sortOf(qint64 number)
                          : grid::Sort::None;
 }
 
+/// All rows or none: a layout that can't be stored leaves the one from before.
+void storeLayout(const QString &formName, const QString &gridName, const grid::GridView &grid)
+{
+    db::Connection &lookup = lookupConnection();
+    lookup.BeginTrans();
+    try {
+        lookup.Execute(u"Delete from  tblgridsetting where  formname=? and Tablename=?"_s,
+                       {formName, gridName});
+        for (const grid::ColumnLayout &column : grid.layout()) {
+            lookup.Execute(
+                u"INSERT INTO tblGridSetting(Tablename,Width,FieldName,FormName,FPosition, "
+                u"SortType)  values(?,?,?,?,?,?)"_s,
+                {gridName, column.width, column.field, formName, column.position,
+                 static_cast<int>(column.sort)});
+        }
+        lookup.CommitTrans();
+    } catch (const base::Error &) {
+        lookup.RollbackTrans();
+        throw;
+    }
+}
+
 } // namespace
 
 void SaveGridSetting(const QString &FormName, const QString &GridName, const grid::GridView &Grid)
 {
-    base::trapped(Module, "SaveGridSetting", [&] {
-        db::Connection &lookup = lookupConnection();
-        lookup.Execute(u"Delete from  tblgridsetting where  formname=? and Tablename=?"_s,
-                       {FormName, GridName});
-        for (const grid::ColumnLayout &column : Grid.layout()) {
-            lookup.Execute(
-                u"INSERT INTO tblGridSetting(Tablename,Width,FieldName,FormName,FPosition, "
-                u"SortType)  values(?,?,?,?,?,?)"_s,
-                {GridName, column.width, column.field, FormName, column.position,
-                 static_cast<int>(column.sort)});
-        }
-    });
+    base::trapped(Module, "SaveGridSetting",
+                  [&] { storeUnlessLocked([&] { storeLayout(FormName, GridName, Grid); }); });
 }
 
 void SetGridSetting(const QString &FormName, const QString &GridName, grid::GridView &Grid)

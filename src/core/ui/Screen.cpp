@@ -91,9 +91,13 @@ void Screen::done(int result)
 {
     if (m_loaded) {
         unloading();
-        for (const AdoptedGrid &adopted : std::as_const(m_grids))
-            SaveGridSetting(m_formName, adopted.name, *adopted.view);
-        StoreFormLayout(*this, m_formName, m_storeWhat == StoreWhat::Placement);
+        // What keeps one layout from being stored keeps the others too: it is reported once.
+        base::trapped("Screen", "Form_Unload", [this] {
+            const base::Whole layouts;
+            for (const AdoptedGrid &adopted : std::as_const(m_grids))
+                SaveGridSetting(m_formName, adopted.name, *adopted.view);
+            StoreFormLayout(*this, m_formName, m_storeWhat == StoreWhat::Placement);
+        });
         // The next opening is a new one.
         m_loaded = false;
     }

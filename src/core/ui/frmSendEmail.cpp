@@ -1,12 +1,12 @@
 #include "core/ui/frmSendEmail.h"
 
 #include "core/General.h"
-#include "core/ui/Launch.h"
+#include "platform/base/Error.h"
 #include "platform/base/Format.h"
 #include "platform/base/Prompts.h"
-#include "platform/base/Trapped.h"
 #include "platform/input/FormBuilder.h"
 #include "platform/input/Theme.h"
+#include "platform/system/Open.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -19,14 +19,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr char Module[] = "frmSendErrorReport";
 const QString SenderOption = u"GEN_COMPANY_EMAIL"_s;
 constexpr int LongestEmail = 100;
 constexpr int DescriptionHeight = 72; // pixels
 constexpr QSize FirstSize(500, 560);
 
-/// How many report forms are loading or unloading now. They read and write options, and an error
-/// there must not open one form after another.
+/// How many report forms are loading, sending or unloading now. They read and write options, and an
+/// error there must not open one form after another.
 int quiet = 0;
 
 struct Quiet
@@ -64,8 +63,6 @@ void showReport(const ErrorReport &report)
 frmSendEmail::frmSendEmail(const ErrorReport &report, QWidget *parent)
     : Screen(u"frmSendEmail"_s, u"Error Report"_s, parent, StoreWhat::SizeOnly)
     , m_report(report)
-    // A row that can't be stored isn't tried again for the error of storing it.
-    , m_saved(report.ProcedureName == u"SaveErrorList")
 {
     const Quiet loading;
     resize(FirstSize);
@@ -105,6 +102,8 @@ void frmSendEmail::buildForm()
     txtUserMsg->setAccessibleName(u"Steps that produced the error"_s);
     txtUserMsg->setTabChangesFocus(true);
     form.widget(txtUserMsg, true);
+    lblFailure = form.note(QString(), u"lblFailure"_s);
+    lblFailure->hide();
     lblProgress = form.note(u"Sending Error Report....."_s, u"lblProgress"_s);
     prgSend = new QProgressBar(this);
     prgSend->setObjectName(u"prgSend"_s);
@@ -204,30 +203,39 @@ void frmSendEmail::showProgress(bool sending)
 
 void frmSendEmail::cmdSend_Click()
 {
-    base::trapped(Module, "cmdSend_Click", [&] {
-        if (!VailidateFields())
-            return;
-        bool sent = false;
-        const ErrorReportDetails details = ErrorReportDetails::of(entered());
-        {
-            const CursorShape wait(Qt::WaitCursor);
-            showProgress(true);
-            const ReportTransport &transport = reportTransport();
-            if (transport.storeRemote)
-                transport.storeRemote(details);
-            sent = transport.sendMail &&
-                   transport.sendMail({details.report.UserEmail, reportSenderName(),
-                                       reportSubject(details.report.UserEmail), htmlBody(details),
-                                       QString()});
-            if (!sent)
-                poSendMail_SendFailed(details);
-        }
-        if (sent)
-            poSendMail_SendSuccesful();
-        else
-            unload();
-    });
+    if (!VailidateFields())
+        return;
+    const Quiet sending;
+    const ErrorReportDetails details = ErrorReportDetails::of(entered());
+    showProgress(true);
+    if (send(details))
+        poSendMail_SendSuccesful();
+    else if (poSendMail_SendFailed(details))
+        unload();
     showProgress(false);
+}
+
+bool frmSendEmail::send(const ErrorReportDetails &details)
+{
+    const CursorShape wait(Qt::WaitCursor);
+    const ReportTransport &transport = reportTransport();
+    try {
+        if (transport.storeRemote)
+            transport.storeRemote(details);
+        return transport.sendMail &&
+               transport.sendMail({details.report.UserEmail, reportSenderName(),
+                                   reportSubject(details.report.UserEmail), htmlBody(details),
+                                   QString()});
+    } catch (const base::Error &error) {
+        qWarning("error report: %s", error.what());
+        return false;
+    }
+}
+
+void frmSendEmail::tellFailure(const QString &text)
+{
+    lblFailure->setText(text);
+    lblFailure->show();
 }
 
 void frmSendEmail::poSendMail_SendSuccesful()
@@ -238,25 +246,37 @@ void frmSendEmail::poSendMail_SendSuccesful()
     unload();
 }
 
-void frmSendEmail::poSendMail_SendFailed(const ErrorReportDetails &details)
+bool frmSendEmail::poSendMail_SendFailed(const ErrorReportDetails &details)
 {
-    SaveErrorList();
-    launchIt(mailtoAddress(reportTransport().mailbox, plainBody(details)));
+    const bool kept = m_saved || SaveErrorList();
+    try {
+        sys::openWithDefault(mailtoAddress(reportTransport().mailbox, plainBody(details)));
+        return kept;
+    } catch (const base::Error &) {
+        tellFailure(u"The report could not be sent, and no mail program could be opened for it."_s +
+                    (kept ? u" It is kept in the error list of the database."_s
+                          : u" Nor could it be kept in the error list of the database."_s));
+        return false;
+    }
 }
 
-void frmSendEmail::SaveErrorList()
+bool frmSendEmail::SaveErrorList()
 {
-    base::trapped(Module, "SaveErrorList", [&] {
+    try {
         storeError(entered());
         m_saved = true;
-    });
+    } catch (const base::Error &error) {
+        m_cantBeSaved = true;
+        tellFailure(u"The error could not be kept in the error list of the database: "_s +
+                    error.description());
+    }
+    return m_saved;
 }
 
 void frmSendEmail::cmdExit_Click()
 {
-    if (!m_saved)
-        SaveErrorList();
-    unload();
+    if (m_saved || m_cantBeSaved || SaveErrorList())
+        unload();
 }
 
 void installErrorReport()

@@ -11,6 +11,8 @@ class QPushButton;
 
 /// Shows a run-time error and offers to send it to the makers. Every error that is shown here
 /// comes into tblErrorList at most once: when the form is closed unsent, or when sending failed.
+/// What goes wrong with the report itself is told in the form, which then stays open: another form
+/// for it would fail in the same way.
 class frmSendEmail : public Screen
 {
     Q_OBJECT
@@ -37,14 +39,20 @@ private:
     void cmdSend_Click();
     void cmdExit_Click();
     void poSendMail_SendSuccesful();
-    void poSendMail_SendFailed(const ErrorReportDetails &details);
-    void SaveErrorList();
+    /// Hands the report to the user's own mail program; False when something went wrong with that.
+    [[nodiscard]] bool poSendMail_SendFailed(const ErrorReportDetails &details);
+    /// False, after telling why, when the row could not be stored.
+    [[nodiscard]] bool SaveErrorList();
+    /// True when the makers have got the report.
+    [[nodiscard]] bool send(const ErrorReportDetails &details);
+    void tellFailure(const QString &text);
     void showProgress(bool sending);
     /// The report with what the user has entered.
     [[nodiscard]] ErrorReport entered() const;
 
     ErrorReport m_report;
     bool m_saved = false;
+    bool m_cantBeSaved = false; ///< told once, and not tried again when the form is closed
 
     QLabel *lblHeading = nullptr;
     QLineEdit *txtModuleName = nullptr;
@@ -54,6 +62,7 @@ private:
     QLineEdit *txtLineNumber = nullptr;
     QLineEdit *txtEmail = nullptr;
     QPlainTextEdit *txtUserMsg = nullptr;
+    QLabel *lblFailure = nullptr;
     QLabel *lblProgress = nullptr;
     QProgressBar *prgSend = nullptr;
     QPushButton *cmdSend = nullptr;

@@ -1,8 +1,10 @@
 #include "core/CompanySession.h"
 #include "core/General.h"
 #include "core/ui/Combos.h"
+#include "core/ui/FormLayout.h"
 #include "core/ui/GridData.h"
 #include "core/ui/GridSetting.h"
+#include "core/ui/Screen.h"
 #include "platform/base/Error.h"
 #include "platform/grid/GridView.h"
 #include "platform/input/IdCombo.h"
@@ -146,6 +148,46 @@ TEST_F(GridLayouts, StayWhenTheWorkOnDataIsUndone)
     SaveGridSetting(u"frmX"_s, u"grdX"_s, grid);
     RollbackTrans();
     EXPECT_EQ(storedRows(u"grdX"_s), 3);
+}
+
+TEST_F(GridLayouts, OfAnotherProgramsLockAreLeftSilently)
+{
+    SaveGridSetting(u"frmX"_s, u"grdX"_s, grid);
+    StoreFormLayout(grid, u"frmX"_s, true);
+    const auto other = database.open();
+    other->BeginTrans();
+    other->Execute(u"Update tblGridSetting set Width = 1 where FieldName = 'Price'"_s);
+    other->Execute(u"Update tblSysOption set ItemValue = '1'"_s);
+    SaveGridSetting(u"frmX"_s, u"grdX"_s, grid);
+    grid.resize(grid.width() + 50, grid.height() + 50);
+    StoreFormLayout(grid, u"frmX"_s, true);
+    EXPECT_TRUE(errors.take().empty());
+    other->RollbackTrans();
+    EXPECT_EQ(storedRows(u"grdX"_s), 3);
+    SaveGridSetting(u"frmX"_s, u"grdX"_s, grid);
+    EXPECT_EQ(storedRows(u"grdX"_s), 3);
+}
+
+TEST_F(GridLayouts, WhatKeepsThemAllFromBeingStoredIsReportedOnce)
+{
+    struct frmTwo : Screen
+    {
+        frmTwo()
+            : Screen(u"frmTwo"_s, u"Two"_s)
+        {
+            for (const QString &name : {u"grdOne"_s, u"grdTwo"_s}) {
+                auto *view = new grid::GridView(this);
+                addColumns(*view);
+                adoptGrid(view, name);
+            }
+        }
+    } screen;
+    screen.show();
+    gcnLookup->Execute(u"Drop table tblGridSetting"_s);
+    gcnLookup->Execute(u"Drop table tblSysOption"_s);
+    screen.unload();
+    EXPECT_FALSE(screen.isVisible());
+    EXPECT_EQ(errors.takeOne().ProcedureName, u"SaveGridSetting"_s);
 }
 
 TEST_F(GridLayouts, AColumnThatIsGoneIsAnErrorOfItsOwn)

@@ -168,7 +168,7 @@ TEST_F(ErrorForm, ASentReportIsThankedForAndNotStored)
     EXPECT_TRUE(mail.opened.isEmpty());
 }
 
-TEST_F(ErrorForm, AnErrorOfTheMakersStoreIsReportedInAFormOfItsOwn)
+TEST_F(ErrorForm, AnErrorOfTheMakersStoreIsAFailedSend)
 {
     setReportTransport(
         {[](const ErrorReportDetails &) { throw base::Error(17, u"no such server"_s); },
@@ -176,27 +176,41 @@ TEST_F(ErrorForm, AnErrorOfTheMakersStoreIsReportedInAFormOfItsOwn)
          {}});
     report([](QWidget &form) {
         line(form, u"txtEmail"_s).setText(Address);
-        test::onNextModal([](QWidget &second) {
-            EXPECT_EQ(line(second, u"txtProcedureName"_s).text(), u"cmdSend_Click"_s);
-            click(second, u"cmdExit"_s);
-        });
         click(form, u"cmdSend"_s);
-        EXPECT_TRUE(form.isVisible());
-        EXPECT_TRUE(test::named<QPushButton>(form, u"cmdSend"_s).isEnabled());
-        click(form, u"cmdExit"_s);
+        EXPECT_FALSE(form.isVisible());
     });
-    EXPECT_EQ(storedErrors(), 2);
+    EXPECT_EQ(storedErrors(), 1);
+    EXPECT_EQ(mail.opened.size(), 1);
 }
 
-TEST_F(ErrorForm, AnErrorThatCantBeStoredComesToAnEnd)
+TEST_F(ErrorForm, WithoutAMailProgramTheFormItselfTellsIt)
+{
+    QDesktopServices::unsetUrlHandler(u"mailto"_s);
+    report([](QWidget &form) {
+        line(form, u"txtEmail"_s).setText(Address);
+        for (int i = 0; i < 2; ++i) {
+            click(form, u"cmdSend"_s);
+            EXPECT_TRUE(form.isVisible());
+            EXPECT_EQ(QApplication::activeModalWidget(), &form) << "no second form";
+            EXPECT_TRUE(test::named<QLabel>(form, u"lblFailure"_s)
+                            .text()
+                            .endsWith(u"It is kept in the error list of the database."_s));
+        }
+        click(form, u"cmdExit"_s);
+    });
+    EXPECT_EQ(storedErrors(), 1);
+}
+
+TEST_F(ErrorForm, AnErrorThatCantBeStoredIsToldOnceInTheForm)
 {
     gcnLookup->Execute(u"Drop table tblErrorList"_s);
     report([](QWidget &form) {
-        test::onNextModal([](QWidget &second) {
-            EXPECT_EQ(line(second, u"txtProcedureName"_s).text(), u"SaveErrorList"_s);
-            click(second, u"cmdExit"_s);
-        });
+        EXPECT_FALSE(test::named<QLabel>(form, u"lblFailure"_s).isVisible());
         click(form, u"cmdExit"_s);
+        EXPECT_EQ(QApplication::activeModalWidget(), &form);
+        EXPECT_TRUE(test::named<QLabel>(form, u"lblFailure"_s).isVisible());
+        click(form, u"cmdExit"_s);
+        EXPECT_FALSE(form.isVisible());
     });
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
