@@ -261,9 +261,16 @@ void SetOption(const QString &Key, const QVariant &Value, bool PerWorkstation)
                                  ->Open(u"Select itemvalue From tblSysoption where Sysoption = ?"_s,
                                         {valueAndKey[1]})
                                  .isEmpty();
-        gcnLookup->Execute(exists ? u"Update tblSysOption set itemValue = ? where SysOption = ?"_s
-                                  : u"Insert into tblSysOption(itemValue,SysOption) values(?,?)"_s,
-                           valueAndKey);
+        try {
+            gcnLookup->Execute(exists
+                                   ? u"Update tblSysOption set itemValue = ? where SysOption = ?"_s
+                                   : u"Insert into tblSysOption(itemValue,SysOption) values(?,?)"_s,
+                               valueAndKey);
+        } catch (const db::DbError &error) {
+            // What a workstation remembers for itself is worth no message: the former value stays.
+            if (!PerWorkstation || error.number() != db::ErrorNumber::LockConflict)
+                throw;
+        }
     });
 }
 

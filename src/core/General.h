@@ -64,7 +64,8 @@ bool ErrorHandler(const QString &ModuleName, const QString &ProcedureName, int E
 [[nodiscard]] QString GetOption(const QString &Key, bool PerWorkstation);
 /// The date that the workstation keeps under an option, Fallback without one. Lookup.
 [[nodiscard]] QDate dateOption(const QString &Key, QDate Fallback);
-/// Writes an option. Lookup.
+/// Writes an option. One of the workstation's own that another program holds locked keeps its
+/// former value, without a word. Lookup.
 void SetOption(const QString &Key, const QVariant &Value, bool PerWorkstation);
 /// The newest reading of a kind ("Counts", "Hours", "Kilometers", "Miles"), 0 without one. Data.
 [[nodiscard]] qint64 GetEquipmentCount(qint64 EquipmentID, const QString &CountType);

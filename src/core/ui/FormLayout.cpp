@@ -1,7 +1,6 @@
 #include "core/ui/FormLayout.h"
 
 #include "core/General.h"
-#include "core/ui/StoredLayout.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Trapped.h"
 #include "platform/input/Theme.h"
@@ -159,7 +158,7 @@ void StoreFormLayout(const QWidget &form, const QString &formName, bool withPlac
     const auto store = [&](const QString &measure, int pixels) {
         SetOption(measure + formName, twipsOf(pixels), true);
     };
-    const auto storeAll = [&] {
+    base::trapped(Module, "StoreFormLayout", [&] {
         const base::Whole measures;
         if (withPlace) {
             store(u"LEFT"_s, normal.x());
@@ -167,8 +166,7 @@ void StoreFormLayout(const QWidget &form, const QString &formName, bool withPlac
         }
         store(u"HEIGHT"_s, normal.height());
         store(u"WIDTH"_s, normal.width());
-    };
-    base::trapped(Module, "StoreFormLayout", [&] { storeUnlessLocked(storeAll); });
+    });
 }
 
 void setMainFormParts(const MainFormParts &parts)

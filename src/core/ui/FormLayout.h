@@ -18,8 +18,7 @@ void ApplyFormLayout(QWidget *form, const QString &formName);
 /// The same for a form that is centred.
 void ApplyCenteredFormLayout(QWidget *form, const QString &formName);
 
-/// Stores the form's place and size, or its size only, under its name. What another program holds
-/// locked is left.
+/// Stores the form's place and size, or its size only, under its name.
 void StoreFormLayout(const QWidget &form, const QString &formName, bool withPlace);
 
 /// The parts of the main form that the first place of other forms follows. Registered by the main

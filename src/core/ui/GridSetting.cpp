@@ -1,9 +1,9 @@
 #include "core/ui/GridSetting.h"
 
 #include "core/Session.h"
-#include "core/ui/StoredLayout.h"
 #include "platform/base/Error.h"
 #include "platform/base/Trapped.h"
+#include "platform/db/DbError.h"
 #include "platform/grid/GridView.h"
 
 #include <algorithm>
@@ -47,8 +47,15 @@ void storeLayout(const QString &formName, const QString &gridName, const grid::G
 
 void SaveGridSetting(const QString &FormName, const QString &GridName, const grid::GridView &Grid)
 {
-    base::trapped(Module, "SaveGridSetting",
-                  [&] { storeUnlessLocked([&] { storeLayout(FormName, GridName, Grid); }); });
+    base::trapped(Module, "SaveGridSetting", [&] {
+        try {
+            storeLayout(FormName, GridName, Grid);
+        } catch (const db::DbError &error) {
+            // A column's width is worth no message: the layout from before stays.
+            if (error.number() != db::ErrorNumber::LockConflict)
+                throw;
+        }
+    });
 }
 
 void SetGridSetting(const QString &FormName, const QString &GridName, grid::GridView &Grid)
