@@ -213,6 +213,7 @@ void frmSendEmail::cmdSend_Click()
     else if (poSendMail_SendFailed(details))
         unload();
     showProgress(false);
+    cmdExit->setFocus();
 }
 
 bool frmSendEmail::send(const ErrorReportDetails &details)
