@@ -100,4 +100,16 @@ TEST(EngineHome, ALockFolderOfEverybodyIsRefused)
     EXPECT_EQ(QFileInfo(lock).permissions() & QFile::Permissions(0x0077), QFile::Permissions());
 }
 
+/// The engine's thread for a check lives a moment longer than the check: of programs that ended
+/// without regard to it every second one crashed.
+TEST(EngineEnd, AProgramEndsWellAfterACheck)
+{
+    const test::TestDatabase database;
+    for (int i = 0; i < 10; ++i) {
+        HelperProcess program(u"check"_s, database.file());
+        EXPECT_EQ(program.line(), u"0"_s);
+        EXPECT_TRUE(program.finish());
+    }
+}
+
 } // namespace

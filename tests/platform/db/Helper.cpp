@@ -130,6 +130,7 @@ int main(int argc, char *argv[])
         {u"attach"_s, [&] { attach(file); }},
         {u"fill-disk"_s, [&] { fillDisk(file); }},
         {u"create"_s, [&] { create(file); }},
+        {u"check"_s, [&] { say(QString::number(db::validate(file).damage.size())); }},
         {u"begin-backup"_s, [&] { beginBackup(file); }},
         {u"add-table"_s, [&] { addTable(file); }}};
     const auto command = commands.find(arguments[1]);
