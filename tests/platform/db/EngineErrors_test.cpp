@@ -59,7 +59,14 @@ TEST(ErrorFrom, TellsOtherFailuresByTheEnginesCode)
         {{code, 335544741}, ErrorNumber::ServerUnreachable},
         {{code, 335544726}, ErrorNumber::ServerUnreachable},
         {{code, 335544472}, ErrorNumber::LoginRefused},
-        {{code, 335544335, text, words("page 5")}, ErrorNumber::NotADatabase}};
+        {{code, 335544335, text, words("page 5")}, ErrorNumber::NotADatabase},
+        {{code, 335544352, text, words("read-write"), text, words("database"), text,
+          words("/q.mdb")},
+         ErrorNumber::FileAccess},
+        {{code, 335544352, text, words("SELECT"), text, words("TABLE"), text, words("T")},
+         ErrorNumber::Unspecified},
+        {{code, 335544972, code, 335544565}, ErrorNumber::FileAccess}, // beyond the language set
+        {{code, 335544321, code, 335544565}, ErrorNumber::Overflow}};  // in a statement
     for (const auto &[status, expected] : cases)
         EXPECT_EQ(errorOf(status).number(), expected) << status[1];
 }
