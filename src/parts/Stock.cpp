@@ -23,6 +23,15 @@ bool move(const QString &PartID, double difference)
         });
 }
 
+db::Recordset onHand(bool atReorderPoint)
+{
+    QString statement = u"SELECT tblPart.PartID as [Part Number], tblPart.Description, "
+                        "tblPart.Quantity as [Qty on Hand] FROM tblPart"_s;
+    if (atReorderPoint)
+        statement += u" where  Quantity<=QtyMin"_s;
+    return gcnData->Open(statement);
+}
+
 void checkIn(const QList<Receipt> &receipts)
 {
     record::ShortTransaction transaction(*gcnData);

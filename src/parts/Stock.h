@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/db/Recordset.h"
+
 #include <QList>
 #include <QString>
 
@@ -12,6 +14,10 @@ namespace stock {
 /// False when there is no such part. Raises DbError, and InTheWay while another workstation holds
 /// the part.
 bool move(const QString &PartID, double difference);
+
+/// The parts of the check-in: "Part Number", "Description", "Qty on Hand". atReorderPoint: only
+/// those that have come down to the stock at which to order. Raises DbError.
+[[nodiscard]] db::Recordset onHand(bool atReorderPoint);
 
 /// What was received of a part; less than 0 takes from the stock.
 struct Receipt

@@ -137,6 +137,26 @@ TEST_F(clsServicesManagerTest, TheFirstReadingIsWhereACountServiceCountsFrom)
         << "the reading reached the target of before, which doesn't count";
 }
 
+TEST_F(clsServicesManagerTest, EveryKindOfCountAsksForItsFirstReadingAndLeavesAGivenDate)
+{
+    QStringList asked;
+    readings::setFirstReadingAsker([&](qint64, qint64, const QString &, const QString &type) {
+        asked.append(type);
+        return false;
+    });
+    for (const QString &period : {u"C"_s, u"H"_s, u"K"_s, u"I"_s, u"D"_s}) {
+        clsServices service =
+            stored(ServiceStore::Assigned, assigned({{u"Period"_s, period}, {u"EInterval"_s, 0}}));
+        for (int saves = 0; saves < 2; ++saves)
+            ASSERT_TRUE(manager.SaveRecord(
+                service, Mode::Modify, ServiceStore::Assigned,
+                {.EquipmentID = 1, .NextScheduledDate = day(4, 1), .NextScheduledCount = 0}));
+    }
+    EXPECT_EQ(asked, (QStringList{u"Counts"_s, u"Hours"_s, u"Kilometers"_s, u"Miles"_s}));
+    EXPECT_EQ(count(u"tblServiceUsed"_s, u"NextScheduledDate = #04/01/2024#"_s), 5)
+        << "the meters have reached the targets, but the dates were given";
+}
+
 TEST_F(clsServicesManagerTest, ARefusedWriteIsReportedAndFalse)
 {
     clsServices service = everyFieldDifferent();

@@ -1,5 +1,6 @@
 #include "workorders/Posting.h"
 
+#include "scheduling/Readings.h"
 #include "workorders/Workshop.h"
 
 using namespace Qt::StringLiterals;
@@ -233,6 +234,155 @@ TEST_F(PostWorkOrder, HoldsBackWhatWaitsForACountAndPostsTheOthers)
             count(u"tblWorkorder"_s,
                   u"WorkorderNo = %1 and Complete = 0 and CompletedDate is Null"_s.arg(number)),
             1);
+}
+
+TEST_F(PostWorkOrder, EveryCountPeriodAsksForItsCountAndTenOrdersAreNamed)
+{
+    QList<qint64> orders;
+    QStringList held;
+    for (const QChar period : u"CHKIDWMYCHKICHKI"_s) {
+        orders.prepend(completeOrderOf(0, {{u"Period"_s, QString(period)}}));
+        if (u"CHKI"_s.contains(period))
+            held.append(QString::number(orders.first()));
+    }
+    ASSERT_EQ(held.size(), 12);
+    prompts.expect(u"Following Work Orders (%1 and 2 more) aren't posted. Enter counts for these "
+                   "Work Orders."_s.arg(held.first(10).join(u", "_s)),
+                   Icon::None);
+    ASSERT_TRUE(post(orders));
+    EXPECT_EQ(count(u"tblWorkorder"_s, u"Complete = -1"_s), 12);
+    EXPECT_EQ(count(u"tblWOServiceUsedHistory"_s), 4);
+}
+
+TEST_F(PostWorkOrder, EveryOrderGetsTheDateThatIsChosen)
+{
+    const QVariantMap done{{u"Completed"_s, true}};
+    const qint64 same = order({{u"Complete"_s, true}, {u"CompletedDate"_s, day(3, 14)}});
+    const qint64 other = completeOrder();
+    // Its mark went with another workstation's posting; one of its services was opened there too.
+    const qint64 cleared = order();
+    for (const qint64 number : {same, other, cleared}) {
+        orderService(number, done);
+        orderPart(orderService(number), u"P1"_s, 1, false);
+    }
+    QList<qint64> orders{same, other, cleared};
+    ASSERT_TRUE(posting::PostWorkOrder(orders, {}, QDate(2024, 3, 14)));
+    EXPECT_EQ(orders.size(), 3);
+    EXPECT_EQ(found(u"Select WorkorderNo, Count(*) from tblWOServiceUsedHistory where CompleteDate "
+                    "= #03/14/2024# group by WorkorderNo order by WorkorderNo"_s),
+              u"%1|1\n%2|2\n%3|1"_s.arg(same).arg(other).arg(cleared))
+        << "only a date that changes completes what is open";
+    EXPECT_EQ(count(u"tblWOServiceUsedHistory"_s), 4);
+    EXPECT_EQ(count(u"tblWorkorder"_s, u"Complete = 0 and CompletedDate is Null"_s), 2);
+}
+
+TEST_F(PostWorkOrder, WhatKeepsAnOrderFromBeingPostedIsNamed)
+{
+    const QVariantMap spoilt[] = {
+        {{u"Sun"_s, QVariant()}, {u"Name"_s, u"Wash"_s}},
+        {{u"Period"_s, u"Y"_s}, {u"EInterval"_s, 9000}, {u"Name"_s, u"Wash"_s}},
+        {{u"DOM"_s, 1}, {u"Name"_s, u"Wash"_s}},
+    };
+    const QString reasons[] = {u"Invalid use of Null"_s, u"Overflow"_s,
+                               u"The service schedule lists no day of the month."_s};
+    for (std::size_t i = 0; i < std::size(spoilt); ++i) {
+        const qint64 good = completeOrderOf(service());
+        const qint64 bad = completeOrderOf(service(spoilt[i]), {{u"Name"_s, u"Wash"_s}});
+        QList<qint64> orders{bad, good};
+        const QString before = everything();
+        try {
+            const base::Whole whole;
+            (void)posting::PostWorkOrder(orders);
+            ADD_FAILURE() << qPrintable(reasons[i]);
+        } catch (const posting::Obstacle &obstacle) {
+            EXPECT_EQ(obstacle.order(), bad);
+            EXPECT_EQ(
+                obstacle.description(),
+                u"Work order %1 of machine M1 - Mower M1 can't be posted: the schedule of its "
+                "service \"Wash\" can't be moved on (%2)."_s.arg(bad)
+                    .arg(reasons[i]));
+        }
+        EXPECT_EQ(everything(), before);
+        EXPECT_EQ(orders, (QList<qint64>{bad, good}));
+        EXPECT_TRUE(post({good}));
+        gcnData->Execute(u"Delete from tblWoServiceUsed"_s);
+        gcnData->Execute(u"Delete from tblWorkorder"_s);
+    }
+}
+
+TEST_F(PostWorkOrder, ASchedulesKindCountsAsItNowStands)
+{
+    struct Row
+    {
+        QString ordered; ///< the period that the order took over
+        QString now;
+        QVariant next;
+        qint64 target; ///< it was 500
+        QString readings;
+    };
+    const QString before = u"Hours|520|3/11/2024"_s;
+    const Row rows[] = {
+        {u"H"_s, u"M"_s, day(4, 12), 500, u"Hours|530|3/12/2024\n"_s + before},
+        {u"H"_s, u"K"_s, QVariant(), 500, u"Hours|530|3/12/2024\n"_s + before},
+        {u"K"_s, u"H"_s, day(3, 11), 500, before + u"\nKilometers|530|3/12/2024"_s},
+        {u"M"_s, u"H"_s, day(3, 11), 500, before},
+        {u"M"_s, u"D"_s, day(3, 13), 500, before},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(qPrintable(row.ordered + row.now));
+        gcnData->Execute(u"Delete from tblEquipmentCount"_s);
+        readings::store(1, day(3, 11), u"Hours"_s, 520);
+        const qint64 id =
+            service({{u"Period"_s, row.now}, {u"EInterval"_s, 1}, {u"NextScheduledCount"_s, 500}});
+        ASSERT_TRUE(
+            post({completeOrderOf(id, {{u"Period"_s, row.ordered}, {u"CountValue"_s, 530}})}));
+        EXPECT_EQ(ofService(id, u"NextScheduledDate"_s), row.next);
+        EXPECT_EQ(ofService(id, u"NextScheduledCount"_s).toLongLong(), row.target);
+        EXPECT_EQ(found(u"Select CountType, CountValue, ChangeDate from tblEquipmentCount order by "
+                        "CountType, CountValue desc"_s),
+                  row.readings);
+    }
+}
+
+TEST_F(PostWorkOrder, AServiceThatWasTakenOffItsMachineLeavesHistoryAlone)
+{
+    const qint64 number = completeOrderOf(
+        4711, {{u"Period"_s, u"H"_s}, {u"CountValue"_s, 530}, {u"NextScheduledDate"_s, day(1, 1)}});
+    orderService(
+        number,
+        {{u"ServiceUsedID"_s, 4712}, {u"Completed"_s, true}, {u"NextScheduledDate"_s, day(1, 1)}});
+    gcnData->Execute(u"Update tblWorkorder set CompletedDate = #04/20/2024#"_s);
+    ASSERT_TRUE(post({number})); // nothing is asked for it
+    EXPECT_EQ(count(u"tblWOServiceUsedHistory"_s), 2);
+    EXPECT_EQ(count(u"tblEquipmentCount"_s), 1);
+}
+
+TEST_F(PostWorkOrder, ItsReadingMakesOtherWaitingServicesOfTheMachineDue)
+{
+    machine(2, u"M2"_s);
+    const auto waiting = [this](const QString &period, qint64 target,
+                                const QVariantMap &more = {}) {
+        QVariantMap values{{u"Period"_s, period},
+                           {u"NextScheduledCount"_s, target},
+                           {u"NextScheduledDate"_s, QVariant()},
+                           {u"RenewalOn"_s, u"S"_s},
+                           {u"EInterval"_s, 10}};
+        values.insert(more);
+        return service(values);
+    };
+    const qint64 reached = waiting(u"H"_s, 530);
+    const qint64 notYet = waiting(u"H"_s, 531);
+    const qint64 miles = waiting(u"I"_s, 1);
+    const qint64 elsewhere = waiting(u"H"_s, 1, {{u"EquipmentID"_s, 2}});
+    // The reading lies beyond the new targets of these, which wait for a later one all the same.
+    const qint64 posted = waiting(u"H"_s, 500, {{u"NextScheduledDate"_s, day(3, 1)}});
+    const qint64 alike = waiting(u"H"_s, 400, {{u"NextScheduledDate"_s, day(3, 1)}});
+    const QVariantMap hours{{u"Period"_s, u"H"_s}, {u"CountValue"_s, 530}};
+    ASSERT_TRUE(post({completeOrderOf(posted, hours), completeOrderOf(alike, hours)}));
+    EXPECT_EQ(ofService(reached, u"NextScheduledDate"_s), QVariant(day(3, 12)));
+    for (const qint64 id : {notYet, miles, elsewhere, posted, alike})
+        EXPECT_TRUE(ofService(id, u"NextScheduledDate"_s).isNull()) << id;
+    EXPECT_EQ(ofService(reached, u"NextScheduledCount"_s).toInt(), 530);
 }
 
 TEST_F(PostWorkOrder, WithNothingToPostNoMarkIsLost)

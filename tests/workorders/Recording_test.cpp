@@ -1,5 +1,7 @@
 #include "workorders/Recording.h"
 
+#include "core/InTheWay.h"
+#include "core/RecordStore.h"
 #include "workorders/Workshop.h"
 
 #include <array>
@@ -160,6 +162,8 @@ TEST_F(Recording, AServiceAddedFromTheCatalogueHasNoScheduleAndComesOnce)
     ASSERT_TRUE(
         recording::AddServiceRecord({7, 7, 4711}, number, 1, ServiceSource::Catalogue, true));
     ASSERT_TRUE(recording::AddServiceRecord({7}, number, 1, ServiceSource::Catalogue, false));
+    EXPECT_TRUE(recording::needParts({4711, 7}));
+    EXPECT_FALSE(recording::needParts({4711}));
     const QString line =
         found(u"Select NServiceUsedID from tblWoServiceUsed where ServiceID = 7"_s);
     EXPECT_EQ(found(u"Select ServiceUsedID, WorkorderNo, NextScheduledDate, LastDateScheduled, "
@@ -243,12 +247,146 @@ TEST_F(Recording, AnOrderIsLateByTwoLateServices)
     }
 }
 
+TEST_F(Recording, WhatIsTypedIntoSomethingThatIsGoneIsRefusedInWords)
+{
+    insert(u"tblServices"_s, {{u"ServiceID"_s, 7}, {u"CrewID"_s, crew1}});
+    const QString order = u"Work order 4711 is open no longer"_s;
+    const QString service = u"This service stands on no open work order any more"_s;
+    const std::pair<std::function<bool()>, QString> writes[] = {
+        {[] { return recording::UpdateWorkorder(4711, QDate(2024, 3, 12)); }, order},
+        {[] { return recording::skipAll(4711, u"Rain"_s); }, order},
+        {[] {
+             return recording::AddServiceRecord({7}, 4711, 1, recording::ServiceSource::Catalogue,
+                                                false);
+         },
+         order},
+        {[] { return recording::UpdateWorkorderService(4711, u"CountValue"_s, 777); }, service},
+        {[] { return recording::completeService(4711); }, service},
+        {[] { return recording::skipService(4711, u"Rain"_s); }, service},
+        {[this] { return recording::changeCrew(4711, crew1).has_value(); }, service},
+        {[] { return recording::updateNote(4711, u"Rain"_s); }, service},
+        {[] {
+             return recording::saveTimes(4711, recording::TimesOf::OpenOrder, {8, 0}, {9, 0},
+                                         {1, 0});
+         },
+         service},
+        {[] {
+             return recording::AddPartRecord({{u"P1"_s, 1, 1, 0}}, 4711, false);
+         },
+         service},
+        {[this] { return recording::UpdateWorkorderPart(u"P9"_s, services[0], u"Price"_s, 1); },
+         u"Part \"P9\" has been removed"_s},
+        {[] { return recording::updateScheduleNote(4711, u"Rain"_s); },
+         u"This service has been removed from its machine"_s},
+    };
+    const QString before = everything();
+    for (const auto &[write, sentence] : writes) {
+        try {
+            const base::Whole whole;
+            EXPECT_FALSE(write());
+            ADD_FAILURE() << "not refused: " << qPrintable(sentence);
+        } catch (const InTheWay &refusal) {
+            EXPECT_TRUE(refusal.description().startsWith(sentence)) << refusal.what();
+        }
+        EXPECT_EQ(everything(), before) << qPrintable(sentence);
+        EXPECT_FALSE(gbInTransaction);
+    }
+}
+
+TEST_F(Recording, WhatHasChangedSinceItWasShownIsNotOverwritten)
+{
+    const auto id = services[0];
+    ASSERT_TRUE(recording::UpdateWorkorderService(id, u"CountValue"_s, 500, QVariant()));
+    ASSERT_TRUE(recording::UpdateWorkorderService(id, u"CountValue"_s, 510, 500));
+    ASSERT_TRUE(recording::UpdateWorkorderService(id, u"CountValue"_s, 510, 7)) << "already so";
+    ASSERT_TRUE(recording::UpdateWorkorder(number, QDate(2024, 3, 12), true, QVariant()));
+    const std::function<bool()> stale[] = {
+        [&] { return recording::UpdateWorkorderService(id, u"CountValue"_s, 520, 500); },
+        [&] { return recording::changeCrew(id, crew2, crew2 + 1).has_value(); },
+        [&] { return recording::UpdateWorkorderPart(u"P1"_s, id, u"QuantityUsed"_s, 5, 1.0); },
+        [&] { return recording::updateNote(id, u"mine"_s, u"old"_s); },
+        [&] { return recording::UpdateWorkorder(number, QDate(2024, 3, 13), true, QVariant()); },
+    };
+    const QString before = everything();
+    for (const auto &write : stale) {
+        try {
+            const base::Whole whole;
+            EXPECT_FALSE(write());
+            ADD_FAILURE() << "overwritten";
+        } catch (const record::Conflict &conflict) {
+            EXPECT_EQ(conflict.differences().size(), 1u);
+        }
+        EXPECT_EQ(everything(), before);
+    }
+    EXPECT_TRUE(recording::updateNote(id, u"mine"_s, u"note 0"_s));
+}
+
+TEST_F(Recording, WhatAnotherWorkstationHoldsIsNamed)
+{
+    const auto second = database.open();
+    second->BeginTrans();
+    second->Execute(u"Update tblWoServiceUsed set [Note] = 'theirs' where NServiceUsedID = ?"_s,
+                    {services[1]});
+    try {
+        const base::Whole whole;
+        (void)recording::UpdateWorkorder(number, QDate(2024, 3, 12));
+        ADD_FAILURE();
+    } catch (const InTheWay &refusal) {
+        EXPECT_EQ(
+            refusal.description(),
+            u"Another workstation is changing work order %1 of machine M1 - Mower M1. Nothing "
+            "was stored. Please try again in a moment."_s.arg(number));
+    }
+    second->RollbackTrans();
+    EXPECT_EQ(ofOrder(u"Complete"_s).toInt(), 0);
+}
+
+TEST_F(Recording, AChangedServiceReopensItsOrderInOneStep)
+{
+    const std::function<bool()> changes[] = {
+        [&] { return recording::completeService(services[2]); },
+        [&] { return recording::completeService(services[0], false); },
+        [&] { return recording::skipService(services[1], u"Rain"_s); },
+    };
+    for (const auto &change : changes) {
+        ASSERT_TRUE(recording::UpdateWorkorder(number, QDate(2024, 3, 12)));
+        EXPECT_GE(failAtEachStatement(change), 3);
+        EXPECT_EQ(ofOrder(u"Complete"_s).toInt(), 0);
+        EXPECT_TRUE(ofOrder(u"CompletedDate"_s).isNull());
+    }
+    EXPECT_EQ(states(), (QStringList{u"C-U"_s, u"-S-"_s, u"C-U"_s}))
+        << "completing the order again completed the first";
+}
+
+TEST(WorkSpan, ANightsWorkGoesOnIntoTheMorning)
+{
+    struct Row
+    {
+        QTime start, end;
+        bool given;
+        QTime endAfter, hours;
+    };
+    const QTime none(0, 0);
+    const Row rows[] = {
+        {{8, 0}, {9, 30}, true, {9, 30}, {1, 30}},
+        {{22, 0}, {2, 0}, false, {2, 0}, {4, 0}},
+        {{22, 0}, none, true, none, {2, 0}},
+        {{22, 0}, none, false, {22, 0}, none}, // it still has to be entered
+        {{20, 0}, {8, 0}, true, {8, 0}, {12, 0}},
+        {{20, 0}, {8, 1}, true, {20, 0}, none}, // no night is that long
+        {{8, 0}, {8, 0}, true, {8, 0}, none},
+    };
+    for (const Row &row : rows) {
+        const recording::WorkSpan span = recording::workSpan(row.start, row.end, row.given);
+        EXPECT_EQ(span.end, row.endAfter) << qPrintable(row.start.toString());
+        EXPECT_EQ(span.hours, row.hours) << qPrintable(row.start.toString());
+    }
+}
+
 TEST_F(Recording, EachStepIsWrittenAsAWholeOrNotAtAll)
 {
     const std::function<bool()> steps[] = {
         [&] { return recording::UpdateWorkorder(number, QDate(2024, 3, 12)); },
-        [&] { return recording::completeService(services[2]); },
-        [&] { return recording::skipService(services[1], u"Rain"_s); },
         [&] { return recording::skipAll(number, u"Rain"_s); },
         [&] {
             return recording::AddPartRecord({{u"A"_s, 1, 1, 0}, {u"B"_s, 1, 1, 0}}, services[0],

@@ -1,6 +1,5 @@
 #include "parts/ui/frmInventryCheckIn.h"
 
-#include "core/Session.h"
 #include "core/ui/IncrementalSearch.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/Telling.h"
@@ -83,11 +82,7 @@ void frmInventryCheckIn::EnableControls()
 void frmInventryCheckIn::ShowGrid()
 {
     base::trapped(Module, "ShowGrid", [&] {
-        QString statement = u"SELECT tblPart.PartID as [Part Number], tblPart.Description, "
-                            "tblPart.Quantity as [Qty on Hand] FROM tblPart"_s;
-        if (chkReorder->isChecked())
-            statement += u" where  Quantity<=QtyMin"_s;
-        grdParts->rows().setRecordset(gcnData->Open(statement));
+        grdParts->rows().setRecordset(stock::onHand(chkReorder->isChecked()));
         FillValue();
         // What is typed goes to the one column that can be, whichever row a search moves to.
         grdParts->selectCell(grdParts->displayedOrder().value(0, -1), Received);

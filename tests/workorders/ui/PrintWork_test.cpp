@@ -70,11 +70,14 @@ TEST_F(PrintWork, GeneratesTheTickedMachines)
     press("cmdGenrateWo");
     key("grdPrintWO", Qt::Key_Down);
     key("grdPrintWO", Qt::Key_Space);
+    service({{u"EquipmentID"_s, 2}, {u"NextScheduledDate"_s, day(3, 20)}});
+    driver().type("datDateTo", u"03312024"_s); // not refreshed
     prompts.expect(u"Workorder Generated"_s, Icon::None);
     press("cmdGenrateWo");
     EXPECT_EQ(count(u"tblWorkorder"_s, u"EquipmentID = 2"_s), 1);
     EXPECT_EQ(count(u"tblWorkorder"_s), 1);
-    EXPECT_EQ(column("grdPrintWO", u"Select"_s), (QStringList{u"False"_s, u"False"_s}));
+    EXPECT_EQ(count(u"tblWoServiceUsed"_s), 1) << "of the window that was shown";
+    EXPECT_EQ(column("grdPrintWO", u"Select"_s), QStringList(3, u"False"_s)) << "refreshed by now";
 }
 
 TEST_F(PrintWork, TheButtonsOfADueServiceGenerateFirst)

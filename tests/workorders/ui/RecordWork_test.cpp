@@ -258,6 +258,97 @@ TEST_F(RecordWork, PostingAsksForTheDateAndPrintsWhenWanted)
     EXPECT_EQ(gcnData->Open(printed[1].first).RecordCount(), 1);
 }
 
+TEST_F(RecordWork, WhatAnotherWorkstationDidMeanwhileIsToldAndNotOverwritten)
+{
+    openRecording();
+    // Something else is in the cell by now: theirs, then mine.
+    const auto theirs = [&](int count) {
+        gcnData->Execute(u"Update tblWoServiceUsed set CountValue = ? where NServiceUsedID = ?"_s,
+                         {count, first});
+    };
+    const auto question = [](const QString &theirCount) {
+        return u"Another workstation has changed Count meanwhile: yours \"777\", theirs \"%1\". Do "
+               "you want to store yours?"_s.arg(theirCount);
+    };
+    theirs(500);
+    prompts.expect(question(u"500"_s), Icon::Question, Buttons::YesNo, Answer::No);
+    EXPECT_FALSE(edit("grdRecordService", 0, u"Count"_s, 777));
+    EXPECT_EQ(cell("grdRecordService", 0, u"Count"_s), u"500"_s);
+    theirs(510);
+    prompts.expect(question(u"510"_s), Icon::Question, Buttons::YesNo, Answer::Yes);
+    EXPECT_TRUE(edit("grdRecordService", 0, u"Count"_s, 777));
+    EXPECT_EQ(ofService(first, u"CountValue"_s).toInt(), 777);
+    gcnData->Execute(u"Update tblWoServiceUsed set [Note] = 'theirs'"_s);
+    driver().type("txtRecordNote", u"mine"_s);
+    prompts.expect(u"Another workstation has changed this note meanwhile:\n\ntheirs\n\nDo you want "
+                   "to store yours in its place?"_s,
+                   Icon::Question, Buttons::YesNo, Answer::Yes);
+    QTest::keyClick(&driver().control("txtRecordNote"), Qt::Key_Tab);
+    EXPECT_EQ(ofService(first, u"Note"_s).toString(), u"mine"_s);
+
+    // The order has been posted: what is shown of it goes.
+    gcnData->Execute(u"Delete from tblWoServiceUsed"_s);
+    gcnData->Execute(u"Delete from tblWorkorder"_s);
+    prompts.expect(u"This service stands on no open work order any more: another workstation has "
+                   "posted, removed or deleted it. Nothing was stored."_s,
+                   Icon::None);
+    EXPECT_FALSE(edit("grdRecordService", 0, u"Count"_s, 778));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(column("grdRecordWo", u"Unit No"_s).isEmpty());
+}
+
+TEST_F(RecordWork, OrdersThatCantBePostedDontKeepTheOthers)
+{
+    const qint64 spoilt = order({{u"Complete"_s, true}, {u"CompletedDate"_s, day(3, 12)}});
+    orderService(spoilt,
+                 {{u"ServiceUsedID"_s, service({{u"Sun"_s, QVariant()}})}, {u"Completed"_s, true}});
+    const qint64 held = order({{u"Complete"_s, true}, {u"CompletedDate"_s, day(3, 12)}});
+    orderService(held, {{u"Completed"_s, true}});
+    const qint64 good = order({{u"Complete"_s, true}, {u"CompletedDate"_s, day(3, 12)}});
+    orderService(good, {{u"Completed"_s, true}});
+    openRecording();
+    const auto workstation = database.open();
+    workstation->BeginTrans();
+    workstation->Execute(u"Update tblWorkorder set Printed = 1 where WorkorderNo = ?"_s, {held});
+    test::onNextModal([](QWidget &dates) { test::ScreenDriver(dates).press("cmdOK"); });
+    const QString offer =
+        u"\n\nNothing has been posted. Do you want to post the other work orders without it?"_s;
+    prompts.expect(
+        u"Work order %1 of machine M1 - Mower M1 can't be posted now: another workstation "
+        "is changing it. Please try again in a moment."_s.arg(held) +
+            offer,
+        Icon::Question, Buttons::YesNo, Answer::Yes);
+    prompts.expect(u"Work order %1 of machine M1 - Mower M1 can't be posted: the schedule of its "
+                   "service \"Oil change\" can't be moved on (Invalid use of Null)."_s.arg(spoilt) +
+                       offer,
+                   Icon::Question, Buttons::YesNo, Answer::Yes);
+    press("cmdPost");
+    workstation->RollbackTrans();
+    EXPECT_EQ(found(u"Select WorkorderNo, CompleteDate from tblWOServiceUsedHistory"_s),
+              u"%1|3/15/2024"_s.arg(good));
+    EXPECT_EQ(count(u"tblWorkorder"_s), 3);
+}
+
+TEST_F(RecordWork, AServiceAddedToACompleteOrderAsksForItsParts)
+{
+    insert(u"tblServices"_s, {{u"ServiceID"_s, 7}, {u"Name"_s, u"Belt"_s}, {u"CrewID"_s, crew1}});
+    insert(u"tblServicesPart"_s, {{u"ServiceID"_s, 7}, {u"PartID"_s, u"P1"_s}});
+    openRecording();
+    complete();
+    test::onNextModal([](QWidget &list) {
+        const test::ScreenDriver services(list);
+        auto &rows = services.control<grid::GridView>("grdServices").rows();
+        rows.edit(0, rows.columnIndex(u"Select"), true);
+        services.press("cmdSelect");
+    });
+    prompts.expect(u"The work order is complete, so what is added counts as done. Were its parts "
+                   "used?"_s,
+                   Icon::Question, Buttons::YesNo, Answer::Yes);
+    press("cmdRecordAddService");
+    EXPECT_EQ(count(u"tblWoServiceUsed"_s, u"ServiceID = 7 and Completed = -1"_s), 1);
+    EXPECT_EQ(count(u"tblWoPartUsed"_s, u"Used = -1"_s), 2);
+}
+
 TEST_F(RecordWork, AnOrderThatWaitsForACountStaysComplete)
 {
     openRecording();

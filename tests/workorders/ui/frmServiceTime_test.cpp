@@ -76,6 +76,21 @@ TEST_F(ServiceTimes, HoursFollowFromTheTimes)
     EXPECT_EQ(hours().time(), QTime(1, 15));
 }
 
+TEST_F(ServiceTimes, WorkOverMidnightCountsItsHours)
+{
+    show({.id = 1});
+    type(start(), u"10:00P"_s);
+    QTest::keyClick(&start(), Qt::Key_Tab);
+    EXPECT_EQ(hours().time(), QTime(0, 0)) << "no end has been given";
+    type(end(), u"02:00A"_s);
+    QTest::keyClick(&end(), Qt::Key_Tab);
+    EXPECT_EQ(end().text(), u"02:00A");
+    EXPECT_EQ(hours().time(), QTime(4, 0));
+    type(end(), u"12:00A"_s);
+    QTest::keyClick(&end(), Qt::Key_Tab);
+    EXPECT_EQ(hours().time(), QTime(2, 0));
+}
+
 TEST_F(ServiceTimes, WithoutAStartTheEndAndTheHoursStay)
 {
     show({.id = 1, .workHours = u"02:30"_s});
