@@ -37,6 +37,15 @@ const Period *ofWord(QStringView word)
     return found(word, &Period::word);
 }
 
+QString countCodes()
+{
+    QStringList codes;
+    for (const Period &period : Table)
+        if (period.isCount)
+            codes.append(u"'%1'"_s.arg(period.code));
+    return codes.join(u',');
+}
+
 QString wordExpression()
 {
     QStringList pairs;

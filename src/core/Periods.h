@@ -18,6 +18,8 @@ struct Period
 /// The period of a code or of a word, in exactly this case; null for another text.
 [[nodiscard]] const Period *ofCode(QStringView code);
 [[nodiscard]] const Period *ofWord(QStringView word);
+/// The codes of the counts as a list for "in (...)".
+[[nodiscard]] QString countCodes();
 /// An expression of the dialect that gives the word of the column Period.
 [[nodiscard]] QString wordExpression();
 

@@ -86,7 +86,7 @@ void applyToServices(qint64 EquipmentID, const QSet<qint64> &leftOut)
 {
     const db::Recordset services = gcnData->Open(
         u"Select serviceusedid,NextScheduledDate,NextScheduledCount,Period from tblServiceUsed "
-        "where EquipmentID = ? and Period IN ('C', 'H', 'K', 'I')"_s,
+        "where EquipmentID = ? and Period IN (%1)"_s.arg(periods::countCodes()),
         {EquipmentID});
     for (const db::Row service : services) {
         const qint64 id = service.integer(u"serviceusedid");
@@ -134,7 +134,7 @@ db::Recordset due(int delayDays)
         "FROM (tblServiceUsed LEFT JOIN tblEquipmentCount ON tblServiceUsed.EquipmentID = "
         "tblEquipmentCount.EquipmentID) LEFT JOIN tblEquipment ON tblServiceUsed.EquipmentID = "
         "tblEquipment.EquipmentID "
-        "WHERE tblServiceUsed.Period IN ('C', 'H', 'K', 'I') AND tblServiceUsed.ServiceUsedID not "
+        "WHERE tblServiceUsed.Period IN (%2) AND tblServiceUsed.ServiceUsedID not "
         "in (Select ServiceUsedId from tblWoServiceUsed) AND tblEquipment.Inactive = '0' "
         "GROUP BY tblServiceUsed.EquipmentID, tblEquipmentCount.CountType, tblEquipment.UnitNo, "
         "tblEquipment.Equipmentname "
@@ -145,7 +145,7 @@ db::Recordset due(int delayDays)
         "(equipmentcount.EquipmentID = tblEquipmentCount.EquipmentID) "
         "GROUP BY equipmentcount.EquipmentID, equipmentcount.UnitNo, equipmentcount.Equipmentname, "
         "equipmentcount.CountType, equipmentcount.change_date "
-        "ORDER BY equipmentcount.UnitNo"_s.arg(delayDays));
+        "ORDER BY equipmentcount.UnitNo"_s.arg(QString::number(delayDays), periods::countCodes()));
 }
 
 void saveBatch(std::span<const Entry> entries)

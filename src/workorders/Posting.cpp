@@ -1,5 +1,6 @@
 #include "workorders/Posting.h"
 
+#include "core/Periods.h"
 #include "core/ServiceHistory.h"
 #include "core/Session.h"
 #include "parts/Stock.h"
@@ -420,8 +421,8 @@ QSet<qint64> waitingForCounts(const QList<qint64> &orders)
     for (const QString &list : listsOf(orders))
         for (const db::Row row : gcnData->Open(
                  u"Select Distinct Workorderno from tblwoServiceUsed where Workorderno in (%1) and "
-                 "Period in ('C','H','K','I') and countvalue is NULL and (Completed = -1 Or Skip = "
-                 "-1)"_s.arg(list)))
+                 "Period in (%2) and countvalue is NULL and (Completed = -1 Or Skip = -1)"_s.arg(
+                     list, periods::countCodes())))
             waiting.insert(row.integer(u"Workorderno"));
     return waiting;
 }

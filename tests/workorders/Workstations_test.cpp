@@ -1,5 +1,8 @@
+#include "core/InTheWay.h"
+#include "parts/Stock.h"
 #include "workorders/Generation.h"
 #include "workorders/Posting.h"
+#include "workorders/Recording.h"
 #include "workorders/Workshop.h"
 
 #include <QCoreApplication>
@@ -9,6 +12,7 @@
 #include <array>
 #include <gmock/gmock.h>
 #include <memory>
+#include <random>
 
 using namespace Qt::StringLiterals;
 
@@ -163,6 +167,146 @@ TEST_F(Workstations, PostingTwoOrdersWithOnePartTakesBothFromTheStock)
                             "workstation is changing the schedule or a part of its service "
                             "\"Oil change\". Please try again in a moment."_s})
         << QStringList(told.values()).join(u'\n').toStdString();
+}
+
+/// Both do whatever comes to their minds, one of them in the middle of what the other is at. What
+/// one of them was told is stored must be in history or on the order, and nothing hang loose.
+TEST_F(Workstations, NoRandomWorkOfTwoIsLostOrDoneTwice)
+{
+    std::mt19937 random(20240315);
+    const auto any = [&](int below) { return static_cast<int>(random() % unsigned(below)); };
+    struct Line
+    {
+        qint64 order = 0;
+        QString part;
+        QSet<int> counts; ///< one of these was stored last
+    };
+    QMap<qint64, Line> lines;
+    QMap<QString, double> stock;
+    const auto addOrder = [&] {
+        const qint64 number = order();
+        for (int i = 0; i < 2; ++i) {
+            const QString id = u"P%1"_s.arg(stock.size());
+            part(id, 100);
+            stock[id] = 100;
+            const qint64 line = orderService(number, {{u"Period"_s, u"H"_s}, {u"CountValue"_s, 1}});
+            orderPart(line, id, 2, false);
+            lines[line] = {number, id, {1}};
+        }
+    };
+    const auto open = [](const QString &column, const QString &table) {
+        QList<qint64> keys;
+        for (const db::Row row :
+             gcnData->Open(u"Select %1 from %2 order by %1"_s.arg(column, table)))
+            keys.append(row[0].toLongLong());
+        return keys;
+    };
+
+    struct Act
+    {
+        int kind;
+        qint64 order, line;
+        int count;
+        QList<qint64> orders;
+        bool done = false;
+    };
+    const auto run = [&](Act &act) {
+        switch (act.kind) {
+        case 0:
+            act.done = recording::UpdateWorkorder(act.order, QDate(2024, 3, 12));
+            break;
+        case 1:
+            act.done = recording::UpdateWorkorderService(act.line, u"CountValue"_s, act.count);
+            break;
+        case 2:
+            act.done = recording::completeService(act.line, act.count % 2 == 0);
+            break;
+        case 3:
+            try {
+                stock::checkIn({{lines[act.line].part, 5}});
+                act.done = true;
+            } catch (const InTheWay &) {
+            }
+            break;
+        case 4:
+            act.done = recording::skipService(act.line, u"Rain"_s);
+            break;
+        case 5:
+            act.done = generation::deleteOrder(act.order);
+            break;
+        default:
+            act.done = posting::PostWorkOrder(act.orders, {}, QDate(2024, 3, 14));
+        }
+    };
+
+    int posted = 0;
+    int refused = 0;
+    for (int round = 0; round < 300; ++round) {
+        while (count(u"tblWorkorder"_s) < 4)
+            addOrder();
+        const QList<qint64> orders = open(u"WorkorderNo"_s, u"tblWorkorder"_s);
+        const QList<qint64> services = open(u"NServiceUsedID"_s, u"tblWoServiceUsed"_s);
+        const auto plan = [&] {
+            const qint64 line = services.isEmpty() ? 0 : services[any(services.size())];
+            return Act{any(20) == 0 ? 5 : any(10) % 9,
+                       orders[any(orders.size())],
+                       line,
+                       1 + any(1000),
+                       {orders[any(orders.size())], orders[any(orders.size())]}};
+        };
+        Act acts[2] = {plan(), plan()};
+        // Mostly they meet at one order.
+        if (any(3) != 0)
+            for (const qint64 line : services)
+                if (lines[line].order == acts[0].orders[0])
+                    acts[1].line = line;
+        if (!interleaved(
+                1 + any(30), [&] { run(acts[0]); }, [&] { run(acts[1]); }))
+            run(acts[1]);
+        for (const Act &act : acts) {
+            refused += act.done ? 0 : 1;
+            if (act.done && act.kind == 3)
+                stock[lines[act.line].part] += 5;
+        }
+        for (int i = 0; i < 2; ++i)
+            if (acts[i].done && acts[i].kind == 1)
+                lines[acts[i].line].counts = {};
+        for (const Act &act : acts)
+            if (act.done && act.kind == 1)
+                lines[act.line].counts.insert(act.count);
+        (void)errors.take();
+
+        for (const db::Row row : gcnData->Open(
+                 u"Select tblWOServiceUsedHistory.ServiceUsedID, WorkorderNo, CountValue, "
+                 "CompleteDate, PartID, QuantityUsed from tblWOServiceUsedHistory left join "
+                 "tblWoPartHistory on tblWOServiceUsedHistory.ServiceUsedID = "
+                 "tblWoPartHistory.ServiceusedID"_s)) {
+            const qint64 id = row.integer(u"ServiceUsedID");
+            ASSERT_TRUE(lines.contains(id)) << "posted twice in round " << round;
+            const Line line = lines.take(id);
+            EXPECT_EQ(row.integer(u"WorkorderNo"), line.order);
+            EXPECT_TRUE(line.counts.contains(static_cast<int>(row.integer(u"CountValue"))))
+                << "round " << round;
+            EXPECT_EQ(row.date(u"CompleteDate"), day(3, 14));
+            EXPECT_EQ(row.text(u"PartID"), line.part);
+            stock[line.part] -= row.real(u"QuantityUsed");
+            ++posted;
+        }
+        gcnData->Execute(u"Delete from tblWOServiceUsedHistory"_s);
+        gcnData->Execute(u"Delete from tblWoPartHistory"_s);
+        for (const db::Row row : gcnData->Open(u"Select PartID, Quantity from tblPart"_s))
+            ASSERT_EQ(row.real(u"Quantity"), stock[row.text(u"PartID")]) << "round " << round;
+        ASSERT_EQ(count(u"tblWoServiceUsed"_s,
+                        u"WorkorderNo not in (Select WorkorderNo from tblWorkorder)"_s),
+                  0);
+        ASSERT_EQ(count(u"tblWoPartUsed"_s,
+                        u"ServiceUsedID not in (Select NServiceUsedID from tblWoServiceUsed)"_s),
+                  0);
+        ASSERT_EQ(count(u"tblWorkorder"_s, u"Complete <> 0 and CompletedDate is Null"_s), 0);
+        ASSERT_FALSE(gbInTransaction);
+    }
+    EXPECT_GT(posted, 25);
+    EXPECT_GT(refused, 20);
 }
 
 TEST_F(Workstations, TwoProgramsPostEveryServiceOnce)

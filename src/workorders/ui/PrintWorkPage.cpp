@@ -240,8 +240,13 @@ void PrintWorkPage::setRules()
     }
     grdPrintPart->rows().changeRule = [this](int row, const QString &column,
                                              const QVariant &value) {
-        return telling(Module, "grdPrintPart_Change", false,
-                       [&] { return grdPrintPart_Change(row, column, value); });
+        const bool done = telling(Module, "grdPrintPart_Change", false,
+                                  [&] { return grdPrintPart_Change(row, column, value); });
+        // What was refused may be gone. Not before the grid is done with the cell.
+        if (!done)
+            QMetaObject::invokeMethod(
+                this, [this] { RefreshPrintServiceGrid(); }, Qt::QueuedConnection);
+        return done;
     };
     m_genNote = new ServiceNote(txtGenServiceNote, recording::updateScheduleNote);
     m_printNote = new ServiceNote(
