@@ -1,9 +1,11 @@
 #include "platform/base/Format.h"
 
+#include "platform/base/Decimal.h"
 #include "platform/base/Environment.h"
 
 #include <QLocale>
 #include <QRegularExpression>
+#include <algorithm>
 #include <cmath>
 
 namespace base {
@@ -121,13 +123,13 @@ QString onOneLine(QString text)
 
 QString money(double amount)
 {
-    return (amount < 0 ? QStringLiteral("-$") : QStringLiteral("$")) +
-           twoDecimals(std::abs(amount));
+    const QString text = twoDecimals(amount);
+    return text.startsWith(u'-') ? QStringLiteral("-$") + text.sliced(1) : u'$' + text;
 }
 
 QString twoDecimals(double amount)
 {
-    return QString::number(amount, 'f', 2);
+    return fixedDecimals(amount, 2);
 }
 
 qint64 roundedToEven(double value)
@@ -146,7 +148,16 @@ QString toText(const QVariant &value)
         const double number = value.toDouble();
         if (number == std::trunc(number) && std::abs(number) < 1e15)
             return QString::number(static_cast<qint64>(number));
-        return QString::number(number, 'g', 15);
+        // Written out as far as 15 digits reach: 0.00001, but 1E-15 and 1E+20.
+        if (std::abs(number) < 1e15 && std::abs(number) >= 1e-9) {
+            const double power = std::floor(std::log10(std::abs(number)));
+            const int decimals = std::clamp(14 - static_cast<int>(power), 1, 18);
+            QString text = fixedDecimals(number, decimals);
+            while (text.endsWith(u'0'))
+                text.chop(1);
+            return text.endsWith(u'.') ? text.chopped(1) : text;
+        }
+        return QString::number(number, 'g', 15).toUpper();
     }
     case QMetaType::QDate:
         return value.toDate().toString(u"M/d/yyyy");

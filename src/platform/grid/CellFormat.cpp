@@ -1,5 +1,6 @@
 #include "platform/grid/CellFormat.h"
 
+#include "platform/base/Decimal.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Format.h"
 #include "platform/grid/CellMask.h"
@@ -182,7 +183,7 @@ void insertGroups(QString &digits)
 QString formattedNumber(double number, QStringView pattern)
 {
     const NumberFormat format(pattern);
-    QString digits = QString::number(std::abs(number), 'f', format.decimals);
+    QString digits = base::fixedDecimals(std::abs(number), format.decimals);
     const bool negative = number < 0 && std::any_of(digits.begin(), digits.end(), [](QChar c) {
                               return isDigit(c) && c != u'0';
                           });

@@ -33,6 +33,10 @@ public:
     [[nodiscard]] QVariant aggregate(int number) const override { return 100 + number; }
 };
 
+/// Zeros behind a digit.
+#define PLENTY                                                                                     \
+    "00000000000000000000000000000000000000000000000000000000000000000000000000000000000000000000"
+
 struct Case
 {
     const char *expression;
@@ -74,6 +78,19 @@ TEST(Expression, HasTheValueWorkedOutByHand)
         Case{"Due - 15", "2/29/2024"}, Case{"Due - #03/05/2024#", "10"},
         Case{"minutes(Workhrs)", "105"}, Case{"hours(minutes(Workhrs) + 30)", "2:15"},
         Case{"minutes('soon')", ""}, Case{"format(Price, '$0.00')", "$12.50"},
+        // Decimals, whatever their binary neighbours are.
+        Case{"0.1 + 0.2 = 0.3", "True"}, Case{"1000000.1 - 1000000", "0.1"},
+        Case{"1.5 * 17.35", "26.025"}, Case{"format(1.5 * 17.35, '$0.00')", "$26.03"},
+        Case{"format(-1234567.005, '#,##0.00')", "-1,234,567.01"},
+        Case{"format(0.285, '0%')", "29%"}, Case{"round(0.5 * 0.33, 2)", "0.17"},
+        Case{"format(-0.001, '$0.00')", "$0.00"},
+        // What leads out of all bounds.
+        Case{"left(Name, 1" PLENTY ")", "Mower"}, Case{"mid(Name, 1" PLENTY ", 1" PLENTY ")", ""},
+        Case{"right(Name, -1" PLENTY ")", ""}, Case{"Due + 1" PLENTY, ""},
+        Case{"Due - 1" PLENTY, ""}, Case{"Due + 3000000", ""}, Case{"Due - 800000", ""},
+        Case{"round(1.5, 1" PLENTY ")", "1.5"}, Case{"round(1.5, -1" PLENTY ")", "0"},
+        Case{"hours(1" PLENTY ")", ""}, Case{"minutes('9000000000000000000:1')", ""},
+        Case{"1" PLENTY " * 1" PLENTY " * 1" PLENTY " * 1" PLENTY, ""},
         // Aggregates.
         Case{"sum(Price)", "100"}, Case{"sum(Price) + count(*) * 0 + avg(Quantity)", "202"},
         Case{"if(max(Due) > 5, min(Due), 0)", "101"}};

@@ -1,5 +1,6 @@
 #include "platform/report/expr/Expression.h"
 
+#include "platform/base/Decimal.h"
 #include "platform/base/Format.h"
 #include "platform/report/expr/Functions.h"
 
@@ -55,6 +56,17 @@ bool isNumber(const QVariant &value)
     default:
         return false;
     }
+}
+
+/// So many days after the date; Null beyond the years of four digits.
+QVariant daysAfter(const QDateTime &date, double days)
+{
+    constexpr double Most = 4'000'000;
+    if (!(std::abs(days) < Most))
+        return {};
+    const QDateTime result = date.addSecs(static_cast<qint64>(std::llround(days * 86'400)));
+    const int year = result.date().year();
+    return result.isValid() && year >= 1 && year <= 9999 ? QVariant(result) : QVariant();
 }
 
 /// Whole numbers stay whole as long as the operation allows it.
@@ -277,18 +289,17 @@ QVariant ExpressionNode::evaluateBinary(const EvaluationContext &context) const
         return report::number(static_cast<double>(right.toDateTime().secsTo(left.toDateTime())) /
                               86400);
     if (leftDate)
-        return left.toDateTime().addSecs(
-            static_cast<qint64>((text == u"-" ? -1 : 1) * right.toDouble() * 86400));
+        return daysAfter(left.toDateTime(), (text == u"-" ? -1 : 1) * right.toDouble());
     if (text == u"+" && (!isNumber(left) || !isNumber(right)))
         return QVariant(base::toText(left) + base::toText(right));
     const double a = left.toDouble();
     const double b = right.toDouble();
     if (text == u"+")
-        return report::number(a + b);
+        return report::number(base::decimalSum(a, b));
     if (text == u"-")
-        return report::number(a - b);
+        return report::number(base::decimalDifference(a, b));
     if (text == u"*")
-        return report::number(a * b);
+        return report::number(base::decimalProduct(a, b));
     if (b == 0)
         return {};
     return report::number(text == u"mod" ? std::fmod(a, b) : a / b);

@@ -1,3 +1,4 @@
+#include "platform/base/Decimal.h"
 #include "platform/base/Format.h"
 #include "platform/report/expr/Expression.h"
 
@@ -57,11 +58,13 @@ std::optional<QString> formattedNumber(double value, const QString &format)
     const qsizetype point = digits.indexOf(u'.');
     const QString fraction = point < 0 ? QString() : digits.sliced(point + 1);
     if (behind.contains(u'%'))
-        value *= 100;
-    QLocale locale = QLocale::c();
-    locale.setNumberOptions(digits.contains(u',') ? QLocale::DefaultNumberOptions
-                                                  : QLocale::OmitGroupSeparator);
-    QString text = locale.toString(std::abs(value), 'f', static_cast<int>(fraction.size()));
+        value = base::decimalProduct(value, 100);
+    QString text = base::fixedDecimals(std::abs(value), static_cast<int>(fraction.size()));
+    if (digits.contains(u',')) {
+        const qsizetype end = text.indexOf(u'.');
+        for (qsizetype at = (end < 0 ? text.size() : end) - 3; at > 0; at -= 3)
+            text.insert(at, u',');
+    }
     // Decimals written "#" are only shown when they are there.
     for (qsizetype left = fraction.count(u'#'); left > 0 && text.endsWith(u'0'); --left)
         text.chop(1);

@@ -1,10 +1,13 @@
 #include "platform/report/expr/Functions.h"
 
+#include "platform/base/Decimal.h"
 #include "platform/base/Format.h"
 #include "platform/report/expr/Expression.h"
 
 #include <QDateTime>
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace report {
 namespace {
@@ -13,6 +16,8 @@ using namespace Qt::StringLiterals;
 
 QVariant number(double value)
 {
+    if (!std::isfinite(value))
+        return {};
     if (value == std::trunc(value) && std::abs(value) < 1e15)
         return static_cast<qint64>(value);
     return value;
@@ -38,18 +43,17 @@ QVariant onDate(const QVariantList &arguments, Make make)
     return date.isValid() ? QVariant(static_cast<qint64>(make(date))) : QVariant();
 }
 
-qsizetype count(const QVariant &value)
+/// A whole number between the bounds: a text has no more characters than these, whatever number
+/// was worked out.
+int bounded(const QVariant &value, int least, int most)
 {
-    return qMax<qsizetype>(0, static_cast<qsizetype>(value.toDouble()));
+    const double number = value.toDouble();
+    return std::isnan(number) ? least : static_cast<int>(std::clamp<double>(number, least, most));
 }
 
-/// Rounds half away from zero, as people do with money.
-double rounded(double value, int decimals)
+int count(const QVariant &value)
 {
-    const double scale = std::pow(10.0, decimals);
-    const double scaled = value * scale;
-    // A value such as 1.005 lies a hair below its half in binary.
-    return std::round(scaled + (scaled < 0 ? -1 : 1) * 1e-9 * std::abs(scaled)) / scale;
+    return bounded(value, 0, std::numeric_limits<int>::max());
 }
 
 /// Minutes of a text "h:mm"; Null for another text.
@@ -60,17 +64,19 @@ QVariant minutesOf(const QVariantList &arguments)
         return {};
     bool hoursOk = false;
     bool minutesOk = false;
-    const qint64 minutes = parts[0].toLongLong(&hoursOk) * 60 + parts[1].toLongLong(&minutesOk);
-    return hoursOk && minutesOk ? QVariant(minutes) : QVariant();
+    const qint64 hours = parts[0].toInt(&hoursOk);
+    const qint64 minutes = parts[1].toInt(&minutesOk);
+    return hoursOk && minutesOk ? QVariant(hours * 60 + minutes) : QVariant();
 }
 
 /// "h:mm" of a number of minutes.
 QVariant hoursText(const QVariantList &arguments)
 {
-    return onNumber(arguments, [](double value) { return value; }).isNull()
-               ? QVariant()
-               : QVariant(u"%1:%2"_s.arg(arguments[0].toLongLong() / 60)
-                              .arg(arguments[0].toLongLong() % 60, 2, 10, QChar(u'0')));
+    const double value = arguments[0].toDouble();
+    if (arguments[0].isNull() || !(std::abs(value) < 1e15))
+        return {};
+    const auto minutes = static_cast<qint64>(value);
+    return u"%1:%2"_s.arg(minutes / 60).arg(minutes % 60, 2, 10, QChar(u'0'));
 }
 
 QVariant choose(const QVariantList &a)
@@ -123,8 +129,8 @@ constexpr Function Functions[] = {
      [](const QVariantList &a) { return onNumber(a, [](double v) { return std::floor(v); }); }},
     {u"round", 1, 2,
      [](const QVariantList &a) {
-         const int decimals = a.size() > 1 ? a[1].toInt() : 0;
-         return onNumber(a, [=](double v) { return rounded(v, decimals); });
+         const int decimals = a.size() > 1 ? bounded(a[1], -400, 400) : 0;
+         return onNumber(a, [=](double v) { return base::roundedDecimals(v, decimals); });
      }},
     {u"year", 1, 1,
      [](const QVariantList &a) {
