@@ -2,6 +2,7 @@
 
 #include "core/Periods.h"
 #include "core/Session.h"
+#include "platform/base/Decimal.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Error.h"
 #include "platform/base/Format.h"
@@ -13,7 +14,6 @@
 
 #include <QUuid>
 #include <algorithm>
-#include <cmath>
 
 using base::trapped;
 using namespace Qt::StringLiterals;
@@ -78,13 +78,6 @@ QString tableQuery(const QString &Table, const QString &Order, const QString &Wh
 QString workstationGuid()
 {
     return settings::registry().value(settings::ProductKey, u"GUID"_s);
-}
-
-/// Two decimals as they are shown: the decimal number rounded, a half away from zero.
-double roundedToCents(double amount)
-{
-    // As a binary number 23.345 lies a hair below its half.
-    return std::round(QString::number(amount * 100, 'g', 15).toDouble()) / 100;
 }
 
 } // namespace
@@ -395,7 +388,7 @@ double SetLaborCost(qint64 CrewID)
             QString::number(CrewID) + u" and (Inactive = '0' and IncludeWoList = '1')"_s);
         if (rows.isEmpty() || rows.isNull(0, 0))
             return 0.0;
-        return roundedToCents(rows.value(0, 0).toDouble());
+        return base::roundedDecimals(rows.value(0, 0).toDouble(), 2);
     });
 }
 
@@ -405,8 +398,9 @@ bool ChangeServiceLabourEstimate(qint64 CrewID)
         const QString rate = base::twoDecimals(SetLaborCost(CrewID));
         for (const QString &table : {u"tblServiceUsed"_s, u"tblWoServiceUsed"_s}) {
             dataConnection().Execute(u"update "_s + table +
-                                     u" set CostEstimate = (LaborEstimate * "_s + rate +
-                                     u") where crewID = "_s + QString::number(CrewID));
+                                     // In cents, as everywhere else that a cost is worked out.
+                                     u" set CostEstimate = Round(CCur(LaborEstimate * "_s + rate +
+                                     u"), 2) where crewID = "_s + QString::number(CrewID));
         }
         return true;
     });

@@ -2,12 +2,12 @@
 
 #include "core/General.h"
 #include "core/Session.h"
+#include "platform/base/Decimal.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Format.h"
 #include "platform/base/Trapped.h"
 
 #include <QRegularExpression>
-#include <cmath>
 
 namespace history {
 namespace {
@@ -97,7 +97,7 @@ double SetPastCost(qint64 ServiceUsedID)
     const db::Recordset rows = dataConnection().Open(
         u"Select sum(QuantityUsed  * Price) as Exp  From tblWoPartHistory where  ServiceusedID  = ?"_s,
         {ServiceUsedID});
-    return rows.isEmpty() ? 0 : std::round(rows.current().real(u"Exp") * 100) / 100;
+    return rows.isEmpty() ? 0 : base::roundedDecimals(rows.current().real(u"Exp"), 2);
 }
 
 db::Recordset parts(qint64 ServiceUsedID)
@@ -129,7 +129,7 @@ bool UpdateEquipmentServiceHistory(qint64 ServiceUsedID, const QString &Column,
 
 std::optional<double> changeCrew(qint64 ServiceUsedID, qint64 CrewID, double budgetedHours)
 {
-    const double cost = budgetedHours * SetLaborCost(CrewID);
+    const double cost = base::Money(SetLaborCost(CrewID)).centsTimes(budgetedHours).toDouble();
     return base::trapped(Module, "UpdateEquipmentServiceHistory", std::optional<double>(), [&] {
         const db::Recordset crew =
             dataConnection().Open(u"Select CrewNumber from tblCrew where CrewID = ?"_s, {CrewID});

@@ -4,6 +4,7 @@
 #include "core/InTheWay.h"
 #include "core/RecordStore.h"
 #include "core/Session.h"
+#include "platform/base/Decimal.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Format.h"
 #include "platform/base/Trapped.h"
@@ -178,8 +179,9 @@ std::optional<double> UpdateLabourCost(qint64 ServiceUsedID)
                         "?"_s,
                         {ServiceUsedID})
                     .row(0);
-            const double cost =
-                SetLaborCost(service.integer(u"CrewID")) * service.real(u"LaborEstimate");
+            const double cost = base::Money(SetLaborCost(service.integer(u"CrewID")))
+                                    .centsTimes(service.real(u"LaborEstimate"))
+                                    .toDouble();
             if (!UpdateEquipmentService(ServiceUsedID, u"CostEstimate"_s, cost))
                 return std::nullopt;
             return cost;

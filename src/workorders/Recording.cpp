@@ -3,6 +3,7 @@
 #include "core/General.h"
 #include "core/RecordStore.h"
 #include "core/Session.h"
+#include "platform/base/Decimal.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Trapped.h"
 #include "workorders/NumberList.h"
@@ -350,7 +351,8 @@ bool IsServiceSkiped(qint64 NServiceUsedID)
 
 std::optional<double> changeCrew(qint64 NServiceUsedID, qint64 CrewID, const Shown &shown)
 {
-    const double cost = SetLaborCost(CrewID) * GetBudgetedHrs(NServiceUsedID);
+    const double cost =
+        base::Money(SetLaborCost(CrewID)).centsTimes(GetBudgetedHrs(NServiceUsedID)).toDouble();
     const bool done = onService(ServiceChange, NServiceUsedID, [&](const db::Row &now) {
         demandShown(now, u"CrewID"_s, CrewID, shown);
         gcnData->Execute(
@@ -390,8 +392,8 @@ bool saveTimes(qint64 id, TimesOf where, const QTime &start, const QTime &end,
 {
     const bool open = where == TimesOf::OpenOrder;
     const QString table = open ? u"tblWoserviceUsed"_s : u"tblWOServiceUsedHistory"_s;
-    const double rate = SetLaborCost(GetCrewIDByService(id, table));
-    const double hours = workHours.hour() + workHours.minute() / 60.0;
+    const base::Money rate(SetLaborCost(GetCrewIDByService(id, table)));
+    const int minutes = workHours.hour() * 60 + workHours.minute();
     return together(
         "cmdUpdate_Click",
         [&] {
@@ -399,7 +401,7 @@ bool saveTimes(qint64 id, TimesOf where, const QTime &start, const QTime &end,
                     u"update %1 set StartTime = ?, EndTime = ?, WorkHrs = ?, CostEstimate = ? "
                     "where %2 = ?"_s.arg(table, open ? u"NServiceUsedID"_s : u"ServiceUsedID"_s),
                     {start.toString(u"HH:mm"), end.toString(u"HH:mm"), workHours.toString(u"HH:mm"),
-                     hours * rate, id}) == 0)
+                     rate.centsOfMinutes(minutes).toDouble(), id}) == 0)
                 throw ordernames::serviceGone();
         },
         [&] { return open ? ordernames::orderOfService(id) : u"this record"_s; });

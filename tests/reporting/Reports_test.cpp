@@ -1,8 +1,10 @@
 #include "core/CompanySession.h"
+#include "platform/base/Decimal.h"
 #include "platform/base/Environment.h"
 #include "platform/report/layout/LayoutFile.h"
 #include "platform/report/paginate/Paginator.h"
 #include "platform/report/paginate/RecordsetSource.h"
+#include "reporting/PostedLabor.h"
 #include "reporting/ReportFiles.h"
 #include "scheduling/Readings.h"
 #include "workorders/Statements.h"
@@ -80,6 +82,7 @@ TEST_F(Reports, EveryDeliveredLayoutFitsItsQuery)
 
         report::RecordsetSource rows(delivered.rows());
         rows.addOnce(u"LaborOnce"_s, u"CostEstimate"_s, u"ServiceUSedID"_s);
+        rows.addValues(u"Labor"_s, QVariantList(rows.rowCount(), 1.5));
         ASSERT_GT(rows.rowCount(), 0) << delivered.layout;
         QStringList problems;
         const QList<report::Page> pages = report::allPages(
@@ -130,6 +133,32 @@ TEST_F(Reports, ACostOfAServiceCountsOnceHoweverManyPartsItHas)
     EXPECT_EQ(rows.value(0, once).toInt(), 10);
     EXPECT_TRUE(rows.value(1, once).isNull());
     EXPECT_EQ(rows.value(2, once).toInt(), 5);
+}
+
+TEST_F(Reports, TheTwoPapersOfAPostingShowTheSameLabor)
+{
+    gcnData->Execute(u"update tblWOServiceUsedHistory set CostEstimate = 26.025 "_s + lastPosted());
+    report::RecordsetSource detail(
+        gcnData->Open(workorders::statements::historyDetail(lastPosted())));
+    detail.sortBy({u"WorkOrderNo"_s, u"ServiceUSedID"_s, u"PartID"_s});
+    detail.addOnce(u"LaborOnce"_s, u"CostEstimate"_s, u"ServiceUSedID"_s);
+    const db::Recordset summary =
+        gcnData->Open(workorders::statements::historySummary(lastPosted()));
+    const QVariantList labor = postedlabor::ofSummary(summary);
+
+    base::Money individual;
+    for (int row = 0; row < detail.rowCount(); ++row)
+        individual +=
+            base::Money(detail.value(row, detail.fieldIndex(u"LaborOnce"_s)).toDouble()).cents();
+    base::Money listed;
+    base::Money multiplied;
+    for (const db::Row row : summary) {
+        listed += base::Money(labor[row.index()].toDouble());
+        multiplied += base::Money(row.real(u"SumOfCostEstimate"));
+    }
+    EXPECT_EQ(listed.tenThousandths(), individual.tenThousandths());
+    EXPECT_EQ(listed.tenThousandths() % 260'300, 0);
+    EXPECT_GT(multiplied, listed);
 }
 
 TEST_F(Reports, TheCustomersOwnLayoutComesFirst)

@@ -10,6 +10,7 @@
 #include "platform/input/Theme.h"
 #include "platform/report/paginate/RecordsetSource.h"
 #include "platform/report/viewer/ReportViewer.h"
+#include "reporting/PostedLabor.h"
 #include "reporting/ReportFiles.h"
 #include "scheduling/Readings.h"
 
@@ -49,13 +50,17 @@ struct Report
     QString layout;
     QStringList sort;
     std::optional<OnceField> once{};
+    bool addsLabor = false; ///< the field Labor beside the sum of a summary
 };
 
 std::shared_ptr<report::RecordsetSource> rowsOf(const Report &report,
                                                 const std::function<db::Recordset()> &open)
 {
     const BusyPointer busy;
-    auto rows = std::make_shared<report::RecordsetSource>(open());
+    const db::Recordset found = open();
+    auto rows = std::make_shared<report::RecordsetSource>(found);
+    if (report.addsLabor)
+        rows->addValues(u"Labor"_s, postedlabor::ofSummary(found));
     rows->sortBy(report.sort);
     if (report.once)
         rows->addOnce(report.once->name, report.once->field, report.once->key);
@@ -143,7 +148,9 @@ bool ShowWorkorderHistoryReport(const QString &statement, bool summary)
     const Report totals{"ShowWorkorderHistoryReport",
                         u"Work Order History"_s,
                         u"rptWorkorderHistorySummary"_s,
-                        {u"WorkOrderNo"_s}};
+                        {u"WorkOrderNo"_s},
+                        std::nullopt,
+                        true};
     return showReport(summary ? totals : detail, [&] { return gcnData->Open(statement); });
 }
 

@@ -4,6 +4,7 @@
 #include "core/ui/ListGrid.h"
 #include "parts/PartSelection.h"
 #include "parts/ui/Entries.h"
+#include "platform/base/Decimal.h"
 #include "platform/base/Format.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
@@ -13,7 +14,6 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -117,10 +117,11 @@ void ServiceParts::showCost()
 double ServiceParts::SetPastCost() const
 {
     const grid::GridModel &rows = grdPartUsed->rows();
-    double cost = 0;
+    base::Money cost;
     for (int row = 0; row < rows.rowCount(); ++row)
-        cost += rows.value(row, u"Qty Req").toDouble() * rows.value(row, u"Price").toDouble();
-    return std::round(cost * 100) / 100;
+        cost += base::Money(rows.value(row, u"Price").toDouble())
+                    .times(rows.value(row, u"Qty Req").toDouble());
+    return cost.cents().toDouble();
 }
 
 void ServiceParts::setMayEdit(bool may)

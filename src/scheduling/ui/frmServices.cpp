@@ -6,6 +6,7 @@
 #include "core/ui/Combos.h"
 #include "core/ui/Lock.h"
 #include "core/ui/LookupCombo.h"
+#include "platform/base/Decimal.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Format.h"
 #include "platform/base/Prompts.h"
@@ -266,12 +267,14 @@ void frmServices::showLabourRate()
 
 void frmServices::computeLabourCost()
 {
-    txtBudgetedcost->setValue(amount(txtBudgetedlabor) * SetLaborCost(cboCrew->id()));
+    txtBudgetedcost->setValue(
+        base::Money(SetLaborCost(cboCrew->id())).centsTimes(amount(txtBudgetedlabor)).toDouble());
 }
 
 void frmServices::showTotalCost()
 {
-    txtTotalCost->setText(base::money(txtBudgetedcost->value() + fraParts->SetPastCost()));
+    txtTotalCost->setText(
+        base::money(base::decimalSum(txtBudgetedcost->value(), fraParts->SetPastCost())));
 }
 
 void frmServices::showNextDate(const QDateTime &date)

@@ -44,6 +44,11 @@ void RecordsetSource::addOnce(const QString &name, const QString &field, const Q
     m_once.push_back(std::move(once));
 }
 
+void RecordsetSource::addValues(const QString &name, QVariantList values)
+{
+    m_added.push_back({name, std::move(values)});
+}
+
 int RecordsetSource::rowCount() const
 {
     return static_cast<int>(m_order.size());
@@ -54,6 +59,9 @@ int RecordsetSource::fieldIndex(const QString &name) const
     for (std::size_t index = 0; index < m_once.size(); ++index)
         if (name.compare(m_once[index].name, Qt::CaseInsensitive) == 0)
             return m_rows.columnCount() + static_cast<int>(index);
+    for (std::size_t index = 0; index < m_added.size(); ++index)
+        if (name.compare(m_added[index].name, Qt::CaseInsensitive) == 0)
+            return m_rows.columnCount() + static_cast<int>(m_once.size() + index);
     return m_rows.columnIndex(name);
 }
 
@@ -62,7 +70,10 @@ QVariant RecordsetSource::value(int row, int field) const
     const int stored = m_order[static_cast<std::size_t>(row)];
     if (field < m_rows.columnCount())
         return m_rows.value(stored, field);
-    const OnceField &once = m_once[static_cast<std::size_t>(field - m_rows.columnCount())];
+    const auto further = static_cast<std::size_t>(field - m_rows.columnCount());
+    if (further >= m_once.size())
+        return m_added[further - m_once.size()].values.value(stored);
+    const OnceField &once = m_once[further];
     return once.shown[static_cast<std::size_t>(row)] ? m_rows.value(stored, once.field)
                                                      : QVariant();
 }

@@ -4,6 +4,7 @@
 #include "platform/report/paginate/DataSource.h"
 
 #include <QStringList>
+#include <QVariant>
 #include <vector>
 
 namespace report {
@@ -22,6 +23,8 @@ public:
     /// follow each other, and Null in the rest: a row for each part of a service repeats the
     /// service's cost, which must be summed once. Sort first.
     void addOnce(const QString &name, const QString &field, const QString &key);
+    /// Adds a field with a value for each row, in the order that the recordset has.
+    void addValues(const QString &name, QVariantList values);
 
     [[nodiscard]] int rowCount() const override;
     [[nodiscard]] int fieldIndex(const QString &name) const override;
@@ -35,9 +38,16 @@ private:
         std::vector<bool> shown; ///< by row
     };
 
+    struct AddedField
+    {
+        QString name;
+        QVariantList values; ///< by the recordset's rows
+    };
+
     db::Recordset m_rows;
     std::vector<int> m_order;
     std::vector<OnceField> m_once;
+    std::vector<AddedField> m_added;
 };
 
 } // namespace report
