@@ -319,7 +319,7 @@ TEST_F(General, LabourCostIsTheMeanOfThoseWhoCount)
     };
     EXPECT_DOUBLE_EQ(cost(u"tblServiceUsed"_s, u"A"_s), 21.34);
     EXPECT_DOUBLE_EQ(cost(u"tblServiceUsed"_s, u"B"_s), 1);
-    EXPECT_DOUBLE_EQ(cost(u"tblWoServiceUsed"_s, u"A"_s), 5.335);
+    EXPECT_DOUBLE_EQ(cost(u"tblWoServiceUsed"_s, u"A"_s), 5.34);
 }
 
 TEST_F(General, ACrewChangeIsDatedToday)
