@@ -1,6 +1,7 @@
 #include "equipment/clsEquipment_Manager.h"
 
 #include "core/General.h"
+#include "core/Permission.h"
 #include "core/RecordStore.h"
 #include "core/Usage.h"
 #include "equipment/DocumentStore.h"
@@ -121,6 +122,7 @@ bool clsEquipment_Manager::SaveRecord(const clsEquipment &Equipment, ::Mode Mode
                                       const std::optional<clsEquipment> &Shown) const
 {
     return base::trapped(Module, "SaveRecord", false, [&] {
+        rights::demand(rights::Machines.toSave(Mode));
         clsEquipment stored = Equipment;
         stored.UnitNo = stored.UnitNo.trimmed();
         record::save<clsEquipment>(record::Store::Data, u"tblEquipment", Fields, stored, Shown,
@@ -132,6 +134,7 @@ bool clsEquipment_Manager::SaveRecord(const clsEquipment &Equipment, ::Mode Mode
 bool clsEquipment_Manager::DeleteRecord(qint64 EquipmentID) const
 {
     return base::trapped(Module, "DeleteRecord", false, [&] {
+        rights::demand(rights::Machines.remove);
         TransactionScope transaction;
         for (const QStringView statement : Cascade)
             gcnData->Execute(statement.toString(), {EquipmentID});

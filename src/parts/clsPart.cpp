@@ -2,6 +2,7 @@
 
 #include "core/Flag.h"
 #include "core/General.h"
+#include "core/Permission.h"
 #include "core/RecordStore.h"
 #include "core/Usage.h"
 #include "platform/base/Trapped.h"
@@ -61,6 +62,7 @@ bool clsPartManager::SaveRecord(const clsPart &Part, ::Mode Mode,
                                 const std::optional<clsPart> &Shown) const
 {
     return base::trapped(Module, "SaveRecord", false, [&] {
+        rights::demand(rights::Parts.toSave(Mode));
         clsPart stored = Part;
         stored.PartID = stored.PartID.trimmed();
         record::save<clsPart>(record::Store::Data, u"tblPart", Fields, stored, Shown, Mode,
@@ -72,6 +74,7 @@ bool clsPartManager::SaveRecord(const clsPart &Part, ::Mode Mode,
 bool clsPartManager::DeleteRecord(const QString &PartID) const
 {
     return base::trapped(Module, "DeleteRecord", false, [&] {
+        rights::demand(rights::Parts.remove);
         gcnData->Execute(QStringLiteral("Delete from tblPart where PartID=?"), {PartID});
         return true;
     });

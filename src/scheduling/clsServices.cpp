@@ -1,6 +1,7 @@
 #include "scheduling/clsServices.h"
 
 #include "core/General.h"
+#include "core/Permission.h"
 #include "core/RecordStore.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Trapped.h"
@@ -190,6 +191,7 @@ bool clsServicesManager::SaveRecord(clsServices &Service, ::Mode Mode, ServiceSt
         }
     };
     return base::trapped(Module, "SaveRecord", false, [&] {
+        rights::demand(rights::Services.toSave(Mode));
         constexpr int Tries = 10;
         for (int tries = 1;; ++tries) {
             try {
@@ -210,6 +212,7 @@ bool clsServicesManager::SaveRecord(clsServices &Service, ::Mode Mode, ServiceSt
 bool clsServicesManager::DeleteRecord(qint64 ServiceID) const
 {
     return base::trapped(Module, "DeleteRecord", false, [&] {
+        rights::demand(rights::Services.remove);
         // The transaction of a machine's edit is ended by the machine's screen.
         std::optional<TransactionScope> own;
         if (!gbInTransaction)

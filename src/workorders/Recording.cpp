@@ -85,22 +85,6 @@ bool onService(Label label, qint64 id, Body &&body)
         [&] { return ordernames::orderOfService(id); });
 }
 
-bool isSame(const QVariant &left, const QVariant &right)
-{
-    // An empty text is what a Null shows.
-    if (left.isNull() || right.isNull())
-        return left.toString().isEmpty() && right.toString().isEmpty();
-    return left == right || left.toString() == right.toString();
-}
-
-/// Raises Conflict when a column holds neither what was shown nor what is to be written.
-void demandShown(const db::Row &now, const QString &column, const QVariant &value,
-                 const Shown &shown)
-{
-    if (shown && !isSame(now[column], *shown) && !isSame(now[column], value))
-        throw record::Conflict({{column, now[column], value}});
-}
-
 void setCompleted(qint64 id, bool completed)
 {
     gcnData->Execute(u"Update tblWoServiceUsed set Completed = ? where NServiceUsedid = ?"_s,
@@ -205,8 +189,8 @@ bool UpdateWorkorder(qint64 WorkorderNo, const std::optional<QDate> &date, bool 
                      const Shown &shownDate)
 {
     return onOrder("UpdateWorkorder", WorkorderNo, [&](const db::Row &now) {
-        demandShown(now, u"CompletedDate"_s, date ? QVariant(base::wallClock(*date)) : QVariant(),
-                    shownDate);
+        record::demandShown(now, u"CompletedDate"_s,
+                            date ? QVariant(base::wallClock(*date)) : QVariant(), shownDate);
         writeCompletion(WorkorderNo, date, withServices);
     });
 }
@@ -223,7 +207,7 @@ bool UpdateWorkorderService(qint64 NServiceUsedID, const QString &Column, const 
                             const Shown &shown)
 {
     return onService("UpdateWorkorderService", NServiceUsedID, [&](const db::Row &now) {
-        demandShown(now, Column, Value, shown);
+        record::demandShown(now, Column, Value, shown);
         gcnData->Execute(
             u"Update tblWoServiceUsed set [%1] = ? where NServiceUsedid = ?"_s.arg(Column),
             {Value, NServiceUsedID});
@@ -280,7 +264,7 @@ bool UpdateWorkorderPart(const QString &PartID, qint64 NServiceUsedID, const QSt
         if (part.isEmpty())
             throw InTheWay(u"Part \"%1\" has been removed from this service on another "
                            "workstation. Nothing was stored."_s.arg(PartID));
-        demandShown(part.current(), Column, Value, shown);
+        record::demandShown(part.current(), Column, Value, shown);
         gcnData->Execute(
             u"Update tblWoPartUsed set [%1] = ? where ServiceUsedid = ? and Partid = ?"_s.arg(
                 Column),
@@ -354,7 +338,7 @@ std::optional<double> changeCrew(qint64 NServiceUsedID, qint64 CrewID, const Sho
     const double cost =
         base::Money(SetLaborCost(CrewID)).centsTimes(GetBudgetedHrs(NServiceUsedID)).toDouble();
     const bool done = onService(ServiceChange, NServiceUsedID, [&](const db::Row &now) {
-        demandShown(now, u"CrewID"_s, CrewID, shown);
+        record::demandShown(now, u"CrewID"_s, CrewID, shown);
         gcnData->Execute(
             u"Update tblWoServiceUsed set CrewID = ?, CostEstimate = ? where NServiceUsedid = ?"_s,
             {CrewID, cost, NServiceUsedID});

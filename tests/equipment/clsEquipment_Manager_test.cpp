@@ -2,6 +2,7 @@
 
 #include "core/CompanySession.h"
 #include "core/General.h"
+#include "core/Permission.h"
 #include "equipment/DocumentStore.h"
 #include "platform/base/Format.h"
 #include "support/ScriptedPrompts.h"
@@ -43,6 +44,9 @@ constexpr const char *Gathered[] = {
 class Machines : public test::CompanySession
 {
 protected:
+    Machines() { gRights.EqAdd = gRights.EqMod = gRights.EqDel = true; }
+    ~Machines() override { gRights = {}; }
+
     static qint64 count(const char *table, qint64 id)
     {
         return GetRecordCount(QString::fromLatin1(table), u"EquipmentID = %1"_s.arg(id));
@@ -150,6 +154,19 @@ TEST_F(Machines, AMachineWithoutDocumentsIsDeletedWithoutAWord)
     ASSERT_TRUE(manager.SaveRecord(bareMachine(77, u"A"_s), Mode::Add));
     EXPECT_TRUE(manager.DeleteRecord(77));
     EXPECT_TRUE(prompts.shown().empty());
+}
+
+TEST_F(Machines, ThoseWhoMayNotChangeNothingWhateverTheRoad)
+{
+    addMachineWithAll(1);
+    gRights = {};
+    EXPECT_FALSE(manager.SaveRecord(bareMachine(2, u"B"_s), Mode::Add));
+    EXPECT_FALSE(manager.SaveRecord(bareMachine(1, u"B"_s), Mode::Modify));
+    EXPECT_FALSE(manager.DeleteRecord(1));
+    for (const ErrorReport &report : errors.take())
+        EXPECT_EQ(report.ErrNumber, rights::Refused::Number);
+    EXPECT_EQ(found(u"select UnitNo from tblEquipment"_s), u"U1");
+    EXPECT_TRUE(documents::exists(1, u"a.txt"_s));
 }
 
 TEST_F(Machines, ADeletionThatFailsHalfwayTakesNothing)

@@ -174,6 +174,27 @@ TEST_F(PartScreens, WithoutTheRightAPartCanBeLookedAtOnly)
              });
 }
 
+TEST_F(PartScreens, WithoutTheRightTheSelectorAddsAndDeletesNothing)
+{
+    gRights = {};
+    addPart(u"P-1"_s, u"Oil filter"_s);
+    BeginTrans();
+    QString selection;
+    inScreen([&] { EXPECT_FALSE(frmPartManagerEntry::ShowServiceManager(selection, true)); },
+             [this](const ScreenDriver &screen) {
+                 for (const char *button : {"cmdAdd", "cmdDelete"}) {
+                     prompts.expect(u"You do not have sufficient rights to this action. Please see "
+                                    "your system administrator"_s,
+                                    Icon::Information);
+                     screen.press(button);
+                 }
+                 screen.press("cmdExit");
+             });
+    EXPECT_TRUE(gbInTransaction) << "the caller's edit can still be cancelled";
+    RollbackTrans();
+    EXPECT_EQ(GetRecordCount(u"tblPart"_s, {}), 1);
+}
+
 TEST_F(PartScreens, ReceivedGoodsAreAddedToTheStockAsItStands)
 {
     addPart(u"P-1"_s, u"Oil filter"_s, 5);

@@ -2,6 +2,9 @@
 
 #include "core/CompanySession.h"
 #include "core/General.h"
+#include "core/Permission.h"
+
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -10,6 +13,9 @@ namespace {
 class Parts : public test::CompanySession
 {
 protected:
+    Parts() { gRights.PaAdd = gRights.PaMod = gRights.PaDel = true; }
+    ~Parts() override { gRights = {}; }
+
     static clsPart part(const QString &number)
     {
         clsPart result;
@@ -53,6 +59,39 @@ TEST_F(Parts, ComeBackAsTheyWereSaved)
     EXPECT_EQ(GetRecordCount(u"tblPart"_s, {}), 1);
     EXPECT_TRUE(manager.DeleteRecord(u"P-10"_s));
     EXPECT_EQ(GetRecordCount(u"tblPart"_s, {}), 0);
+}
+
+/// Whatever screen asks for it.
+TEST_F(Parts, AreAddedChangedAndDeletedByThoseWhoMay)
+{
+    const clsPartManager manager;
+    ASSERT_TRUE(manager.SaveRecord(part(u"P-1"_s), Mode::Add));
+    const clsPart stored = only();
+    clsPart changed = stored;
+    changed.Bin = u"B2"_s;
+    const struct
+    {
+        bool Rights::*right;
+        std::function<bool()> step;
+    } steps[] = {
+        {rights::Parts.add, [&] { return manager.SaveRecord(part(u"P-2"_s), Mode::Add); }},
+        {rights::Parts.modify, [&] { return manager.SaveRecord(changed, Mode::Modify); }},
+        {rights::Parts.remove, [&] { return manager.DeleteRecord(u"P-1"_s); }},
+    };
+    for (const auto &[right, step] : steps) {
+        gRights = {.PaAdd = true, .PaMod = true, .PaDel = true};
+        gRights.*right = false;
+        EXPECT_FALSE(step());
+        const ErrorReport report = errors.takeOne();
+        EXPECT_EQ(report.ErrNumber, rights::Refused::Number);
+        EXPECT_EQ(report.ErrDescription, u"You do not have sufficient rights to this action. "
+                                         "Please see your system administrator"_s);
+        EXPECT_EQ(only(), stored);
+    }
+    // The history of a part is a report.
+    EXPECT_EQ(rights::refusal(&Rights::InvPartHistory),
+              u"You do not have sufficient rights to see this report. Please see your system "
+              "administrator"_s);
 }
 
 TEST_F(Parts, CategoriesOfATableOfTheirOwnComeInTheirOrder)

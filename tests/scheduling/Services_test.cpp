@@ -1,3 +1,4 @@
+#include "core/Permission.h"
 #include "platform/db/DbError.h"
 #include "scheduling/Fleet.h"
 #include "scheduling/Readings.h"
@@ -12,8 +13,16 @@ using namespace Qt::StringLiterals;
 class clsServicesManagerTest : public test::Fleet
 {
 protected:
-    clsServicesManagerTest() { machine(1); }
-    ~clsServicesManagerTest() override { readings::setFirstReadingAsker({}); }
+    clsServicesManagerTest()
+    {
+        gRights.SerAdd = gRights.SerMod = gRights.SerDel = true;
+        machine(1);
+    }
+    ~clsServicesManagerTest() override
+    {
+        gRights = {};
+        readings::setFirstReadingAsker({});
+    }
 
     static clsServices stored(ServiceStore store, qint64 key)
     {
@@ -155,6 +164,20 @@ TEST_F(clsServicesManagerTest, EveryKindOfCountAsksForItsFirstReadingAndLeavesAG
     EXPECT_EQ(asked, (QStringList{u"Counts"_s, u"Hours"_s, u"Kilometers"_s, u"Miles"_s}));
     EXPECT_EQ(count(u"tblServiceUsed"_s, u"NextScheduledDate = #04/01/2024#"_s), 5)
         << "the meters have reached the targets, but the dates were given";
+}
+
+TEST_F(clsServicesManagerTest, ThoseWhoMayNotChangeNothingWhateverTheRoad)
+{
+    clsServices service = stored(ServiceStore::Catalogue, catalogue(55));
+    service.Name = u"Grease"_s;
+    gRights = {};
+    EXPECT_FALSE(manager.SaveRecord(service, Mode::Modify, ServiceStore::Catalogue));
+    EXPECT_FALSE(manager.DeleteRecord(55));
+    service.ServiceID = 56;
+    EXPECT_FALSE(manager.SaveRecord(service, Mode::Add, ServiceStore::Catalogue));
+    for (const ErrorReport &report : errors.take())
+        EXPECT_EQ(report.ErrNumber, rights::Refused::Number);
+    EXPECT_EQ(found(u"Select ServiceID, Name from tblServices"_s), u"55|Oil change");
 }
 
 TEST_F(clsServicesManagerTest, ARefusedWriteIsReportedAndFalse)

@@ -2,6 +2,7 @@
 
 #include "core/ui/Binding.h"
 #include "core/ui/Lock.h"
+#include "core/ui/MayDo.h"
 #include "platform/base/Format.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
@@ -213,11 +214,7 @@ void RecordScreen::lockDataControls(bool locked)
 
 bool RecordScreen::demand(bool Rights::*right) const
 {
-    if (isGranted(right))
-        return true;
-    base::showInformation(u"You do not have sufficient rights to this action. Please see your "
-                          "system administrator"_s);
-    return false;
+    return mayDo(right);
 }
 
 bool RecordScreen::refuse(QWidget *field, const QString &message, bool information)

@@ -41,9 +41,9 @@ void SavingScreen::tellFailure(const base::Error &error, const char *procedure) 
 
 bool SavingScreen::becomesNew()
 {
-    if (!base::askYesNo(u"Another workstation has deleted %1 or given it another number. What you "
-                        "typed is still here. Do you want to add it as a new record?"_s.arg(
-                            recordName())))
+    if (!base::askYesNo(
+            u"Another workstation has deleted %1 or given it another number. What you "
+            "typed is still here. Do you want to add it as a new record?"_s.arg(recordName())))
         return false;
     setMode(Mode::Add);
     return true;

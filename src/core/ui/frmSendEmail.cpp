@@ -1,6 +1,8 @@
 #include "core/ui/frmSendEmail.h"
 
 #include "core/General.h"
+#include "core/Permission.h"
+#include "core/ui/Launch.h"
 #include "platform/base/Error.h"
 #include "platform/base/Format.h"
 #include "platform/base/Prompts.h"
@@ -47,6 +49,9 @@ public:
 
 void showReport(const ErrorReport &report)
 {
+    // Nothing is broken, so there is nothing to report.
+    if (report.ErrNumber == rights::Refused::Number)
+        return base::showInformation(report.ErrDescription);
     if (quiet > 0) {
         qWarning("%s/%s: %d %s", qUtf8Printable(report.ModuleName),
                  qUtf8Printable(report.ProcedureName), report.ErrNumber,

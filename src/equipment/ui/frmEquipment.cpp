@@ -1,6 +1,7 @@
 #include "equipment/ui/frmEquipment.h"
 
 #include "core/General.h"
+#include "core/Permission.h"
 #include "core/ui/ScreenCalls.h"
 #include "equipment/clsEquipment_Manager.h"
 #include "equipment/ui/DepreciationPage.h"
@@ -57,7 +58,7 @@ QScrollArea *scrolled(QWidget *page)
 frmEquipment::frmEquipment(QWidget *parent)
     : RecordScreen(u"frmEquipment"_s, u"Equipment"_s, parent)
 {
-    setRights(&Rights::EqAdd, &Rights::EqMod, &Rights::EqDel);
+    setRights(rights::Machines.add, rights::Machines.modify, rights::Machines.remove);
     buildForm();
     connectPages();
     resize(1040, 600);

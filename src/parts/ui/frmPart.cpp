@@ -2,6 +2,7 @@
 
 #include "core/Flag.h"
 #include "core/General.h"
+#include "core/Permission.h"
 #include "core/ui/Combos.h"
 #include "core/ui/LookupCombo.h"
 #include "core/ui/ScreenCalls.h"
@@ -40,7 +41,7 @@ bool isNumeric(const QLineEdit *box)
 frmPart::frmPart(QWidget *parent)
     : RecordScreen(u"frmPart"_s, u"Parts"_s, parent)
 {
-    setRights(&Rights::PaAdd, &Rights::PaMod, &Rights::PaDel);
+    setRights(rights::Parts.add, rights::Parts.modify, rights::Parts.remove);
     buildForm();
     loadCategories();
     loadSuppliers();

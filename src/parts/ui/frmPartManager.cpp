@@ -3,6 +3,7 @@
 #include "core/Session.h"
 #include "core/ui/IncrementalSearch.h"
 #include "core/ui/ListGrid.h"
+#include "core/ui/MayDo.h"
 #include "parts/PartSelection.h"
 #include "parts/clsPart.h"
 #include "parts/ui/Entries.h"
@@ -177,6 +178,8 @@ void frmPartManager::cmdSelect_Click()
 
 void frmPartManager::cmdAdd_Click()
 {
+    if (!mayDo(rights::Parts.add))
+        return;
     // A new part is to stay, whatever becomes of the edit that this list was opened from.
     base::trapped(Module, "cmdAdd_Click", [] { CommitTrans(); });
     const QString part = showPartDetail(Mode::Add, u"0"_s);
@@ -185,6 +188,8 @@ void frmPartManager::cmdAdd_Click()
 
 void frmPartManager::cmdDelete_Click()
 {
+    if (!mayDo(rights::Parts.remove))
+        return;
     const QString part = currentPart();
     if (part.isEmpty() || !base::askYesNo(u"Are you sure you want to Delete this record?"_s))
         return;

@@ -5,6 +5,7 @@
 #include "core/Session.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/LookupCombo.h"
+#include "core/ui/MayDo.h"
 #include "organisation/clsIndicator.h"
 #include "parts/ui/Entries.h"
 #include "platform/base/Format.h"
@@ -124,10 +125,6 @@ void frmPartQuickFind::cmdSelect_Click()
 
 void frmPartQuickFind::cmdAdd_Click()
 {
-    if (!gRights.PaAdd) {
-        base::showInformation(u"You do not have sufficient rights to this action. Please see your "
-                              "system administrator"_s);
-        return;
-    }
-    ShowGrid(showPartDetail(Mode::Add, u"0"_s));
+    if (mayDo(rights::Parts.add))
+        ShowGrid(showPartDetail(Mode::Add, u"0"_s));
 }

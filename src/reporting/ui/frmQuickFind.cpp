@@ -3,6 +3,7 @@
 #include "core/Flag.h"
 #include "core/General.h"
 #include "core/ui/ListGrid.h"
+#include "core/ui/MayDo.h"
 #include "core/ui/SearchKeys.h"
 #include "platform/base/Format.h"
 #include "platform/base/Prompts.h"
@@ -257,11 +258,8 @@ void frmQuickFind::cmdSelect_Click()
 
 void frmQuickFind::cmdAdd_Click()
 {
-    if (m_table->addRight != nullptr && !(gRights.*m_table->addRight)) {
-        base::showInformation(u"You do not have sufficient rights to this action. Please see your "
-                              "system administrator"_s);
+    if (!mayDo(m_table->addRight))
         return;
-    }
     m_addNew = true;
     unload();
 }

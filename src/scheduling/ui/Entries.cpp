@@ -1,5 +1,6 @@
 #include "scheduling/ui/Entries.h"
 
+#include "core/ui/MayDo.h"
 #include "scheduling/Readings.h"
 #include "scheduling/ui/frmAssignCrew.h"
 #include "scheduling/ui/frmCountReading.h"
@@ -11,6 +12,8 @@
 
 qint64 showServicesDetail(Mode mode, qint64 ServiceID)
 {
+    if (mode == Mode::Add && !mayDo(rights::Services.add))
+        return 0;
     frmServices screen(ServiceStore::Catalogue, QApplication::activeWindow());
     screen.display(mode, ServiceID);
     screen.showModal();

@@ -7,7 +7,7 @@
 /// How other screens open those of this folder. Each waits until its screen is closed.
 
 /// Opens a service of the catalogue, or a new one in mode Add. Returns the key of the service shown
-/// last.
+/// last; 0 when none was, or when the user may not add one and has been told so.
 qint64 showServicesDetail(Mode mode, qint64 ServiceID);
 /// Opens the service of a machine.
 void ShowServiceUsedDetail(qint64 ServiceUsedID);

@@ -2,6 +2,7 @@
 
 #include "core/Session.h"
 #include "core/ui/ListGrid.h"
+#include "core/ui/MayDo.h"
 #include "core/ui/ScreenCalls.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
@@ -264,11 +265,8 @@ QStringList frmServicesManager::tickedKeys() const
 
 void frmServicesManager::cmdAdd_Click()
 {
-    if (!gRights.SerAdd) {
-        base::showMessage(u"You do not have sufficient rights to this action. Please see your "
-                          "system administrator"_s);
+    if (!mayDo(rights::Services.add))
         return;
-    }
     // The new service is to stay, whatever becomes of the edit that this list was opened from.
     base::trapped(Module, "cmdAdd_Click", [] { CommitTrans(); });
     ShowGrid(QString::number(showServicesDetail(Mode::Add, 0)));
@@ -276,11 +274,8 @@ void frmServicesManager::cmdAdd_Click()
 
 void frmServicesManager::cmdDelete_Click()
 {
-    if (!gRights.SerDel) {
-        base::showMessage(u"You do not have sufficient rights to this action. Please see your "
-                          "system administrator"_s);
+    if (!mayDo(rights::Services.remove))
         return;
-    }
     const QString key = keyOf(grdServices->currentRow());
     if (key.isEmpty() || !base::askYesNo(u"Are you sure you want to Delete this record?"_s))
         return;

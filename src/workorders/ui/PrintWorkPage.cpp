@@ -1,6 +1,7 @@
 #include "workorders/ui/PrintWorkPage.h"
 
 #include "core/Session.h"
+#include "core/ui/CellWrite.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/Telling.h"
 #include "platform/base/Prompts.h"
@@ -520,7 +521,7 @@ void PrintWorkPage::cmdPrintRemovePart_Click()
 bool PrintWorkPage::grdPrintPart_Change(int row, const QString &column, const QVariant &value)
 {
     grid::GridModel &rows = grdPrintPart->rows();
-    return worklists::writeCell(rows, row, column, value, [&](const recording::Shown &shown) {
+    return writeCell(rows, row, column, value, [&](const recording::Shown &shown) {
         return recording::UpdateWorkorderPart(rows.text(row, u"Part Number"), currentOrderService(),
                                               column, value, shown);
     });

@@ -2,6 +2,7 @@
 
 #include "core/General.h"
 #include "core/Session.h"
+#include "core/ui/CellWrite.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/ScreenCalls.h"
 #include "core/ui/Telling.h"
@@ -487,7 +488,7 @@ bool RecordWorkPage::completedDateChanged(int row, const QVariant &value)
         return recording::UpdateWorkorder(
             order, date.isValid() ? std::optional(date) : std::nullopt, true, shown);
     };
-    if (!worklists::writeCell(rows, row, u"CompletedDate"_s, value, write))
+    if (!writeCell(rows, row, u"CompletedDate"_s, value, write))
         return false;
     rows.setValue(row, u"Complete", date.isValid());
     cmdSkipAll->setEnabled(date.isValid());
@@ -513,7 +514,7 @@ bool RecordWorkPage::grdRecordService_Change(int row, const QString &column, con
     if (is(column, u"Service Crew"))
         return crewChanged(row, value.toLongLong());
     if (is(column, u"Supplier"))
-        return worklists::writeCell(rows, row, column, value, [&](const recording::Shown &shown) {
+        return writeCell(rows, row, column, value, [&](const recording::Shown &shown) {
             return recording::UpdateWorkorderService(id, u"SupplierID"_s, value.toLongLong(),
                                                      shown);
         });
@@ -535,7 +536,7 @@ bool RecordWorkPage::crewChanged(int row, qint64 crew)
         cost = recording::changeCrew(id, crew, shown);
         return cost.has_value();
     };
-    if (!worklists::writeCell(rows, row, u"Service Crew"_s, crew, write))
+    if (!writeCell(rows, row, u"Service Crew"_s, crew, write))
         return false;
     rows.setValue(row, u"Lbr Cost", *cost);
     return true;
@@ -551,7 +552,7 @@ bool RecordWorkPage::countChanged(int row, const QVariant &count)
                 previous)))
         return false;
     const qint64 id = rows.value(row, u"NServiceUsedID").toLongLong();
-    return worklists::writeCell(rows, row, u"Count"_s, count, [&](const recording::Shown &shown) {
+    return writeCell(rows, row, u"Count"_s, count, [&](const recording::Shown &shown) {
         return recording::UpdateWorkorderService(id, u"CountValue"_s, count, shown);
     });
 }
@@ -630,7 +631,7 @@ bool RecordWorkPage::grdRecordPart_Change(int row, const QString &column, const 
     const QString part = rows.text(row, u"Part Number");
     const qint64 service = currentService();
     const auto written = [&](const QString &stored, const QVariant &wanted) {
-        return worklists::writeCell(rows, row, column, wanted, [&](const recording::Shown &shown) {
+        return writeCell(rows, row, column, wanted, [&](const recording::Shown &shown) {
             return recording::UpdateWorkorderPart(part, service, stored, wanted, shown);
         });
     };

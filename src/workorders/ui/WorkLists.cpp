@@ -1,6 +1,5 @@
 #include "workorders/ui/WorkLists.h"
 
-#include "core/RecordStore.h"
 #include "core/Session.h"
 #include "core/ui/Telling.h"
 #include "parts/PartSelection.h"
@@ -74,35 +73,6 @@ void load(grid::GridView &grid, const QString &statement, qint64 owner, QStringV
     else
         grid.rows().setRecordset(gcnData->Open(statement, {owner}));
     selectKey(grid, keyColumn, kept);
-}
-
-bool writeCell(grid::GridModel &rows, int row, const QString &column, const QVariant &value,
-               const std::function<bool(const std::optional<QVariant> &shown)> &write)
-{
-    std::optional<QVariant> theirs;
-    try {
-        return write(rows.value(row, column));
-    } catch (const record::Conflict &conflict) {
-        if (conflict.isGone())
-            throw;
-        theirs = conflict.differences().front().theirs;
-    }
-    // As the grid shows them: a crew by its name, not by its key.
-    const QVariant old = rows.value(row, column);
-    const auto shownAs = [&](const QVariant &each) {
-        rows.setValue(row, column, each);
-        return rows.text(row, column);
-    };
-    const QString mine = shownAs(value);
-    const QString other = shownAs(*theirs);
-    const QString caption = rows.column(column).caption;
-    if (base::askYesNo(
-            u"Another workstation has changed %1 meanwhile: yours \"%2\", theirs \"%3\". Do you "
-            "want to store yours?"_s.arg(caption.isEmpty() ? column : caption, mine, other))) {
-        rows.setValue(row, column, old); // until it is written
-        return write(std::nullopt);
-    }
-    return false;
 }
 
 QList<qint64> numbersOf(const QString &text)

@@ -32,14 +32,6 @@ void selectKey(grid::GridView &grid, QStringView column, qint64 key);
 /// Loads the rows of a query whose parameter is the key of what they belong to, none for 0. With a
 /// key column the row that was current stays so. Data; raises DbError.
 void load(grid::GridView &grid, const QString &statement, qint64 owner, QStringView keyColumn = {});
-/// Writes a cell that the user has changed, by a function that is given what the cell showed and
-/// raises record::Conflict when another workstation has stored something else there meanwhile. Then
-/// the user chooses between both: the function is called again without what was shown, or the cell
-/// takes theirs. False when the change was not written.
-[[nodiscard]] bool
-writeCell(grid::GridModel &rows, int row, const QString &column, const QVariant &value,
-          const std::function<bool(const std::optional<QVariant> &shown)> &write);
-
 /// Whole numbers of a comma-joined text; what is none is left out.
 [[nodiscard]] QList<qint64> numbersOf(const QString &text);
 

@@ -145,10 +145,15 @@ TEST_F(frmServicesManagerTest, AddsAndDeletesByRightAndUse)
     frmServicesManager screen({});
     open(screen);
     gRights = {};
-    say(noRight);
+    BeginTrans();
+    inform(noRight);
     click(screen, u"cmdAdd"_s);
-    say(noRight);
+    EXPECT_TRUE(gbInTransaction) << "nothing is committed for somebody who may not";
+    RollbackTrans();
+    inform(noRight);
     click(screen, u"cmdDelete"_s);
+    inform(noRight);
+    EXPECT_EQ(showServicesDetail(Mode::Add, 0), 0) << "whoever opens it";
     gRights.SerAdd = gRights.SerDel = true;
 
     grid(screen).selectRow(0);
