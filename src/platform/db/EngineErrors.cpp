@@ -291,7 +291,8 @@ private:
         if (has({isc_exception_integer_divide_by_zero, isc_exception_float_divide_by_zero}))
             return DbError(ErrorNumber::DivisionByZero, u"Division by zero"_s);
         if (has({isc_numeric_out_of_range, isc_exception_integer_overflow,
-                 isc_exception_float_overflow, isc_date_range_exceeded}))
+                 isc_exception_float_overflow, isc_date_range_exceeded, isc_datetime_range_exceeded,
+                 isc_time_range_exceeded}))
             return DbError(ErrorNumber::Overflow, u"Overflow"_s);
         if (const Message *text = find({isc_convert_error}))
             return DbError(

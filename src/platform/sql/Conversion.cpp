@@ -69,8 +69,8 @@ double serialOf(const QDateTime &date)
 
 QDateTime dateOfSerial(const QVariant &value, double serial)
 {
-    // Outside these bounds there is no date of four-digit years.
-    if (!(std::abs(serial) < 3'000'000))
+    // The years 100 to 9999, as far as dates are written with four digits and read again.
+    if (!(serial >= -657'434 && serial < 2'958'466))
         raiseMismatch(value, u"a date"_s);
     const double days = std::floor(serial);
     const auto seconds = static_cast<qint64>(std::llround((serial - days) * 86'400));
@@ -104,6 +104,15 @@ QVariant integerOf(const QVariant &value)
     if (!(std::abs(real) < 9.2e18))
         throw base::Error(base::ErrorNumber::Overflow, u"Overflow"_s);
     return base::roundedToEven(real);
+}
+
+double moneyOf(const QVariant &value)
+{
+    // Four decimals in 64 bits.
+    const double number = numberOf(value).toDouble();
+    if (!(std::abs(number) < 922'337'203'685'477.5))
+        throw base::Error(base::ErrorNumber::Overflow, u"Overflow"_s);
+    return number;
 }
 
 QVariant yesNoOf(const QVariant &value)
@@ -216,8 +225,9 @@ QVariant converted(const QVariant &value, ColumnKind kind)
     case ColumnKind::Integer:
         return integerOf(value);
     case ColumnKind::Real:
-    case ColumnKind::Money:
         return numberOf(value).toDouble();
+    case ColumnKind::Money:
+        return moneyOf(value);
     case ColumnKind::Text:
         return textOf(value);
     case ColumnKind::Date:

@@ -172,6 +172,12 @@ void Resolver::resolveSelect(Select &select, Scope &scope, bool derived)
     scope.select = &select;
     resolveJoins(select.from, scope);
     select.sources = scope.sources;
+    scope.qualifies =
+        !select.groupBy.empty() && std::ranges::any_of(select.items, [&](const SelectItem &item) {
+            return std::ranges::any_of(scope.sources, [&](const Source *source) {
+                return !item.alias.isEmpty() && source->find(item.alias) >= 0;
+            });
+        });
     resolveJoinConditions(select.from, scope);
     resolveItems(select, scope);
     if (select.where)
@@ -418,7 +424,7 @@ void Resolver::resolveName(Expression &name, const Scope &scope)
     }
     name.source = found.source;
     name.column = found.column;
-    name.qualified = found.outside || m_sorting || scope.sources.size() > 1;
+    name.qualified = found.outside || m_sorting || scope.qualifies || scope.sources.size() > 1;
     name.type = found.source->columnKind(found.column);
 }
 

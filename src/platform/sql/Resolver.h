@@ -24,6 +24,8 @@ private:
         Select *select = nullptr; ///< null for the target of a change
         std::vector<Source *> sources;
         const Scope *outer = nullptr;
+        /// In the engine's GROUP BY a bare name is an output column's before a table's.
+        bool qualifies = false;
     };
     struct Found
     {

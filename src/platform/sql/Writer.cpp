@@ -227,6 +227,11 @@ qsizetype Writer::writeOutput(const Select &select, const SelectItem &item, std:
         wanted.length = insert->target->columnLength(column);
         if (value.isValue())
             wanted.kind = insert->target->columnKind(column);
+        if (insert->target->columnKind(column) == ColumnKind::Money &&
+            value.type == ColumnKind::Real && !value.isValue()) {
+            writeMoney(value);
+            return m_text.size();
+        }
     }
     writeValue(value, wanted);
     const qsizetype end = m_text.size();

@@ -6,6 +6,8 @@
 
 namespace sql {
 
+struct NumberPicture;
+
 /// Writes a resolved statement for the engine, and notes for each of its parameters where the value
 /// comes from.
 class Writer
@@ -103,7 +105,16 @@ private:
     void writeDateAdd(const Expression &call);
     void writeWeekday(const Expression &value);
     void writeFormat(const Expression &call);
-    void writeFormattedDate(const Expression &date, const QString &format);
+    void writeMoney(const Expression &value);
+    void writeRealText(const Expression &value);
+    void writeExact(const Expression &value, QStringView factor = {});
+    void writeNumberSections(const Expression &value, const QString &picture);
+    void writeNumberSection(const Expression &value, const NumberPicture &picture, bool signs);
+    void writeRounded(const Expression &value, const NumberPicture &picture);
+    void writeWhole(const Expression &value, const NumberPicture &picture);
+    void writeFormattedDate(const Expression &date, const QString &picture);
+    void writeDateSign(const Expression &date, const QString &sign, bool twelveHours);
+    void writeQuoted(QStringView text);
     void writeSwitch(const Expression &call);
     void writeMid(const Expression &call);
     void writeInStr(const Expression &call);

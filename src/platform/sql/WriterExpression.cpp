@@ -152,8 +152,12 @@ void Writer::writeValue(const Expression &value, const Wanted &wanted)
                         (wanted.place != Place::Stored || value.type != ColumnKind::Integer);
     const bool toNumber =
         isNumber(wanted.kind) && wanted.place != Place::Stored && value.type == ColumnKind::Text;
+    const bool toMoney = wanted.kind == ColumnKind::Money && wanted.place == Place::Stored &&
+                         value.type == ColumnKind::Real;
     if (toText)
         writeConverted(value, ColumnKind::Text);
+    else if (toMoney)
+        writeMoney(value);
     else if (toNumber)
         writeConverted(value, ColumnKind::Real);
     else
@@ -169,6 +173,16 @@ void Writer::writeConverted(const Expression &value, ColumnKind kind)
     m_text += u"CAST("_s;
     writeNatural(value);
     m_text += u" AS DOUBLE PRECISION)"_s;
+}
+
+void Writer::writeMoney(const Expression &value)
+{
+    // A text is where the engine notices each number that is too large: the binary number behind
+    // the last one becomes the most negative amount.
+    const bool exact = !value.isValue() && value.type != ColumnKind::Real && isNumber(value.type);
+    m_text += exact ? u"CAST("_s : u"CAST(CAST("_s;
+    writeValue(value, {exact ? ColumnKind::Unknown : ColumnKind::Real, Place::Result, 0});
+    m_text += exact ? u" AS NUMERIC(18,4))"_s : u" AS VARCHAR(32)) AS NUMERIC(18,4))"_s;
 }
 
 void Writer::writeNatural(const Expression &value)

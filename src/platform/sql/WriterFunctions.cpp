@@ -55,7 +55,6 @@ constexpr std::array wrapped = {
     Wrapped{FunctionId::Max, u"MAX(", ColumnKind::Unknown, u")"},
     Wrapped{FunctionId::Min, u"MIN(", ColumnKind::Unknown, u")"},
     Wrapped{FunctionId::Sum, u"SUM(", ColumnKind::Real, u")"},
-    Wrapped{FunctionId::CCur, u"CAST(", ColumnKind::Unknown, u" AS NUMERIC(18,4))"},
     Wrapped{FunctionId::DateValue, u"CAST(CAST(", ColumnKind::Date, u" AS DATE) AS TIMESTAMP)"},
     Wrapped{FunctionId::CDbl, u"CAST(", ColumnKind::Real, u" AS DOUBLE PRECISION)"},
     Wrapped{FunctionId::Chr, u"ASCII_CHAR(", ColumnKind::Integer, u")"},
@@ -139,6 +138,8 @@ void Writer::writeCall(const Expression &call)
         writeCondition(first());
         m_text += u") WHEN TRUE THEN -1 WHEN FALSE THEN 0 END"_s;
         return;
+    case FunctionId::CCur:
+        return writeMoney(first());
     case FunctionId::CDate:
         if (isNumber(first().type)) {
             m_text += u'(' + zeroDate.toString();
@@ -259,15 +260,7 @@ void Writer::writeCStr(const Expression &value)
         return;
     }
     if (value.type == ColumnKind::Real) {
-        // The engine writes all digits that it has, and an exponent only beyond 15 of them.
-        const Repetition repetition(*this, value);
-        m_text += u"CASE WHEN ABS("_s;
-        writeNatural(value);
-        m_text += u") < 1e15 THEN TRIM(TRAILING '.' FROM TRIM(TRAILING '0' FROM CAST(ROUND("_s;
-        writeNatural(value);
-        m_text += u", 9) AS VARCHAR(32)))) ELSE CAST("_s;
-        writeNatural(value);
-        m_text += u" AS VARCHAR(32)) END"_s;
+        writeRealText(value);
         return;
     }
     m_text += u"CAST("_s;
@@ -410,75 +403,6 @@ void Writer::writeWeekday(const Expression &value)
     m_text += u'(';
     writeDatePart(value, u"WEEKDAY");
     m_text += u" + 1)"_s;
-}
-
-void Writer::writeFormat(const Expression &call)
-{
-    const Expression &value = *call.operands[0];
-    const QString format = fixedText(*call.operands[1], u"the format");
-    const bool digits = format.startsWith(u'0') && format.count(u'.') <= 1;
-    if (!digits || QString(format).remove(u'.').remove(u'0').size() != 0) {
-        writeFormattedDate(value, format);
-        return;
-    }
-    const qsizetype point = format.indexOf(u'.');
-    const qsizetype decimals = point < 0 ? 0 : format.size() - point - 1;
-    if (decimals > 8 || point > 1 || (point < 0 && format.size() > 1))
-        raise(u"this format is not known."_s, call);
-    m_text += u"TRIM(CAST(CAST("_s;
-    writeValue(value, {ColumnKind::Real, Place::Result, 0});
-    m_text += u" AS NUMERIC(18,"_s + QString::number(decimals) + u")) AS VARCHAR(24)))"_s;
-}
-
-void Writer::writeFormattedDate(const Expression &date, const QString &format)
-{
-    static constexpr std::array<std::pair<QStringView, QStringView>, 13> parts = {{
-        {u"yyyy", u"YEAR"},
-        {u"yy", u"YEAR"},
-        {u"mm", u"MONTH"},
-        {u"m", u"MONTH"},
-        {u"dd", u"DAY"},
-        {u"d", u"DAY"},
-        {u"hh", u"HOUR"},
-        {u"h", u"HOUR"},
-        {u"nn", u"MINUTE"},
-        {u"n", u"MINUTE"},
-        {u"ss", u"SECOND"},
-        {u"s", u"SECOND"},
-        {u"", u""},
-    }};
-    const Repetition repetition(*this, date);
-    QStringView rest = format;
-    bool afterHour = false;
-    m_text += u'(';
-    for (bool first = true; !rest.isEmpty(); first = false) {
-        if (!first)
-            m_text += u" || "_s;
-        const QChar letter = rest.front().toLower();
-        if (!letter.isLetter()) {
-            m_text += letter == u'\'' ? u"''''"_s : u'\'' + QString(letter) + u'\'';
-            rest = rest.sliced(1);
-            continue;
-        }
-        qsizetype run = 1;
-        while (run < rest.size() && rest[run].toLower() == letter)
-            ++run;
-        QString sign(run, letter);
-        rest = rest.sliced(run);
-        // "mm" behind the hour means minutes.
-        if (letter == u'm' && afterHour)
-            sign.replace(u'm', u'n');
-        afterHour = letter == u'h';
-        const auto part = std::ranges::find(parts, QStringView(sign),
-                                            [](const auto &entry) { return entry.first; });
-        if (part == parts.end())
-            raise(u"this format is not known."_s, date);
-        const bool padded = sign.size() == 2;
-        m_text += padded ? u"RIGHT('0' || "_s : QString();
-        writeDatePart(date, part->second);
-        m_text += padded ? u", 2)"_s : QString();
-    }
-    m_text += u')';
 }
 
 void Writer::writeSwitch(const Expression &call)

@@ -106,6 +106,8 @@ void Writer::writeAdapted(const Expression &value, const Wanted &wanted)
             const ColumnKind kind = rounds ? adapted.kind : ColumnKind::Real;
             const bool number = value.kind == Kind::Literal && isNumberToken(value.token) &&
                                 isNumber(kind) && kind != ColumnKind::YesNo;
+            if (number && kind == ColumnKind::Money && adapted.place != Place::Compared)
+                static_cast<void>(converted(*known, kind));
             QVariant shown = number ? *known : converted(*known, kind);
             if (adapted.place == Place::Compared && adapted.length > 0 &&
                 adapted.length < MemoLength && shown.typeId() == QMetaType::QString)

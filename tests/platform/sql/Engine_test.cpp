@@ -135,14 +135,122 @@ TEST_F(Engine, ExpressionsHaveTheDialectsValues)
         Row{u"DateSerial(2024, 13, 1)"_s, u"1/1/2025"_s},
         Row{u"Format(Bought, 'mm-dd-yyyy')"_s, u"03-09-2024"_s},
         Row{u"Format(Bought, 'm/d/yy hh:mm')"_s, u"3/9/24 14:05"_s},
-        Row{u"Format(Hours, '0.00') & Format(0.5, '0.00') & Format(2.5, '0')"_s, u"12.500.503"_s}};
+        Row{u"Format(Hours, '0.00') & Format(0.5, '0.00') & Format(2.5, '0')"_s, u"12.500.503"_s},
+        Row{u"Format(Bought, 'ddd d mmmm yyyy')"_s, u"Sat 9 March 2024"_s},
+        Row{u"Format(Bought, 'dddd, mmm dd')"_s, u"Saturday, Mar 09"_s},
+        Row{u"Format(Bought, 'h:nn AM/PM')"_s, u"2:05 PM"_s},
+        Row{u"Format(Bought, 'hh:mm:ss a/p')"_s, u"02:05:07 p"_s},
+        Row{u"Format(Bought, 'q y w ww')"_s, u"1 69 7 10"_s},
+        Row{u"Format(Bought, '\"Day\" d')"_s, u"Day 9"_s},
+        Row{u"Format(Bought, 'Medium Date') & Format(Bought, 'short time')"_s, u"09-Mar-2414:05"_s},
+        Row{u"Format(Bought, 'c')"_s, u"3/9/2024 2:05:07 PM"_s},
+        Row{u"Format(Bought, 'nn:ss')"_s, u"05:07"_s},
+        // Numbers in every picture, a half away from zero.
+        Row{u"Format(Cost, '#,##0.00')"_s, u"1,234.50"_s},
+        Row{u"Format(-Cost * 1000000, '#,##0')"_s, u"-1,234,500,000"_s},
+        Row{u"Format(12, '#,##0') & Format(0, '#,##0') & '|' & Format(0, '#,###')"_s, u"120|"_s},
+        Row{u"Format(1000000, '#,##0.0')"_s, u"1,000,000.0"_s},
+        Row{u"Format(26.025, '0.00') & ' ' & Format(1.005, '0.00')"_s, u"26.03 1.01"_s},
+        Row{u"Format(-0.001, '0.00') & Format(-0.001, '$0.00')"_s, u"0.00$0.00"_s},
+        Row{u"Format(1.5, '0.##') & ' ' & Format(5, '0.0#') & ' ' & Format(.5, '#.00')"_s,
+            u"1.5 5.0 .50"_s},
+        Row{u"Format(7, '000') & Format(1234, '000')"_s, u"0071234"_s},
+        Row{u"Format(0.285, '0%') & Format(0.125, '0.0%')"_s, u"29%12.5%"_s},
+        Row{u"Format(-3, '$0.00') & Format(3, '0.0 \"kg\"')"_s, u"-$3.003.0 kg"_s},
+        Row{u"Format(-1234.5, 'Currency') & Format(1234.5, 'currency')"_s,
+            u"($1,234.50)$1,234.50"_s},
+        Row{u"Format(0, '0.0;-0.0;\"none\"') & Format(-2, '0;(0)')"_s, u"none(2)"_s},
+        Row{u"Format(Sold, 'Yes/No') & Format(0, 'on/off')"_s, u"YesOff"_s},
+        Row{u"Format([Year], '0.0') & Format('2.5', '0.00')"_s, u"2023.02.50"_s},
+        Row{u"Format(Sum(Hours), '#,##0.00')"_s, u"12.50"_s},
+        // As many digits as a number has.
+        Row{u"cstr(Hours * 744000000.04)"_s, u"9300000000.5"_s},
+        Row{u"cstr(1 / (Hours - 9.5))"_s, u"0.333333333333333"_s},
+        Row{u"cstr(Hours * 8e12) & '|' & cstr(Hours * 8e13)"_s, u"100000000000000|1E+15"_s},
+        Row{u"cstr(Hours * 8e18) & '|' & cstr(Hours / 1e12)"_s, u"1E+20|1.25E-11"_s},
+        Row{u"'' & Hours * 1e-6 & '|' & -Hours / 3"_s, u"0.0000125|-4.16666666666667"_s},
+        Row{u"cstr(1e20) & '|' & cstr(0.00001)"_s, u"1E+20|0.00001"_s},
+        Row{u"Format(0, 'Yes/No') & '|' & Format(Hours, 'True/False')"_s, u"No|True"_s}};
     for (const auto &[expression, expected] : cases)
         EXPECT_EQ(value(expression), expected) << qPrintable(expression);
+}
+
+TEST_F(Engine, AFormatThatIsNoneIsRefused)
+{
+    for (const QString &call :
+         {u"Hours, '0.0E+00'"_s, u"Hours, 'Scientific'"_s, u"Hours, '@@'"_s, u"Hours, '0.0 kg'"_s,
+          u"Hours, '#,##0,'"_s, u"Hours, '0.0.0'"_s, u"Hours, '0.000000000'"_s, u"Hours, ';0'"_s,
+          u"Hours, 'mm/dd'"_s, u"Bought, '0.00'"_s, u"Bought, 'mm xx'"_s, u"Bought, 'dddddddd'"_s,
+          u"Name, '>'"_s, u"Hours, '0 0'"_s, u"Hours, '0%%'"_s}) {
+        const auto open = [&] { (void)data.Open(u"select Format(%1) from Machine"_s.arg(call)); };
+        EXPECT_EQ(test::raisedBy(open).number(), sql::ErrorNumber::Syntax) << qPrintable(call);
+    }
+}
+
+TEST_F(Engine, WhatAColumnCanNotHoldIsAnOverflow)
+{
+    const auto overflows = [&](const QString &change, const QVariantList &values = {}) {
+        const auto run = [&] { data.Execute(change, values); };
+        EXPECT_EQ(test::raisedBy(run).number(), base::ErrorNumber::Overflow) << qPrintable(change);
+    };
+    for (const QString &amount :
+         {u"922337203685477.5807"_s, u"922337203685478"_s, u"-922337203685478"_s, u"1e20"_s,
+          u"'922337203685477.5807'"_s, u"Hours * 1e15"_s, u"9e14 + 9e14"_s,
+          u"CCur(922337203685477.5807)"_s, u"CCur(Hours * 73786976294838.22)"_s,
+          u"Hours * 73786976294838.22"_s, u"922337203685477.5807 * 1"_s}) {
+        overflows(u"update Machine set Cost = "_s + amount);
+        overflows(u"insert into Machine(Name, Cost) select Name, %1 from Machine"_s.arg(amount));
+    }
+    overflows(u"update Machine set Cost = ?"_s, {922337203685477.5807});
+    overflows(u"insert into Machine(Cost) values(922337203685477.5807)"_s);
+    overflows(u"update Machine set Cost = 900000000000000 where Id = 1 and Cost * 1e15 > "
+              "CCur(Cost * 1e13)"_s);
+    EXPECT_EQ(value(u"Cost"_s), u"1234.5"_s);
+    for (const QString &date : {u"DateAdd('d', 5, #12/30/9999#)"_s, u"#12/30/9999# + 5"_s,
+                                u"DateSerial(9999, 13, 1)"_s, u"DateAdd('yyyy', 8000, Bought)"_s})
+        overflows(u"update Machine set Bought = "_s + date);
+    EXPECT_EQ(value(u"CDate(2958465)"_s), u"12/31/9999"_s);
+    data.Execute(u"update Machine set Cost = Hours * 73786976294838"_s);
+    EXPECT_EQ(value(u"Cost"_s), u"922337203685475"_s);
+}
+
+TEST_F(Engine, AGroupIsMadeOfTheColumnAndNotOfAnOutputOfItsName)
+{
+    addMachines({u"Mixer"_s, u"mower"_s, u"Saw"_s});
+    data.Execute(u"insert into Job(JobNo,Machine,Price) values(1,1,5)"_s);
+    data.Execute(u"insert into Job(JobNo,Machine,Price) values(2,1,7)"_s);
+    const auto rows = [&](const QString &statement) {
+        QStringList found;
+        for (const db::Row row : data.Open(statement))
+            found += base::toText(row[0]) + u',' + base::toText(row[1]);
+        found.sort(Qt::CaseInsensitive);
+        return found.join(u' ');
+    };
+    const std::pair<QString, QString> cases[] = {
+        {u"select left(A.Name,1) as Name, count(*) from Machine A group by A.Name"_s,
+         u"M,1 M,2 S,1"_s},
+        {u"select left(Name,1) as Name, count(*) from Machine group by Name"_s, u"M,1 M,2 S,1"_s},
+        {u"select left(Name,1) as Name, count(*) from Machine group by left(Name,1)"_s,
+         u"M,3 S,1"_s},
+        {u"select left(Name,1) as Name, count(*) from Machine group by left(Name,1) having "
+         "left(Name,1) = 'S'"_s,
+         u"S,1"_s},
+        {u"select left(Name,1) as x, Name as Id from Machine group by Name, left(Name,1)"_s,
+         u"M,Mixer M,Mower S,Saw"_s},
+        {u"select sum(Price) as Machine, count(*) from Job group by Machine"_s, u"12,2"_s},
+        {u"select ucase(Name) as Name, (select count(*) from Job j where j.Machine = min(m.Id)) "
+         "from Machine m group by Name"_s,
+         u"MIXER,0 MOWER,2 SAW,0"_s},
+    };
+    for (const auto &[statement, expected] : cases)
+        EXPECT_EQ(rows(statement).toLower(), expected.toLower()) << qPrintable(statement);
 }
 
 TEST_F(Engine, ParametersMayStandAnywhere)
 {
     EXPECT_EQ(value(u"?"_s, {u"abc"_s}), u"abc"_s);
+    EXPECT_EQ(value(u"Format(?, '#,##0.00')"_s, {1234.565}), u"1,234.57"_s);
+    EXPECT_EQ(value(u"Format(?, '0.00')"_s, {QVariant()}), u""_s);
     EXPECT_EQ(value(u"Name + ?"_s, {u"-x"_s}), u"Mower-x"_s);
     EXPECT_EQ(value(u"Hours + ?"_s, {u"2.5"_s}), u"15"_s);
     EXPECT_EQ(value(u"IIf(Sold, ?, 'no')"_s, {u"a longer text"_s}), u"a longer text"_s);

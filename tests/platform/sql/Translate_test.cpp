@@ -82,7 +82,7 @@ select Code as c, Job from Part union all select Code, JobNo from Job order by J
 select cstr(Id) + Name as Id from Machine order by Id
   SELECT (CAST("Id" AS VARCHAR(20)) || "Name") AS "Id" FROM "Machine" ORDER BY "Machine"."Id"
 select max(Hours) as Hours from Machine group by Name order by Hours
-  SELECT MAX("Hours") AS "Hours" FROM "Machine" GROUP BY "Name" ORDER BY 1
+  SELECT MAX("Machine"."Hours") AS "Hours" FROM "Machine" GROUP BY "Machine"."Name" ORDER BY 1
 select count(*) as n from Machine group by Hours*2 having Hours*2>5
   SELECT COUNT(*) AS "n" FROM "Machine" GROUP BY ("Hours" * 2) HAVING ("Hours" * 2) > 5
 select Switch(Name='a','x',Name='b','yy') as s, IIf(Sold,'',Name) as i from Machine
