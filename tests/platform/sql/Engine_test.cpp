@@ -11,6 +11,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <random>
+
 /// What the statements mean once the engine has run them.
 namespace {
 
@@ -173,6 +176,40 @@ TEST_F(Engine, ExpressionsHaveTheDialectsValues)
         Row{u"Format(0, 'Yes/No') & '|' & Format(Hours, 'True/False')"_s, u"No|True"_s}};
     for (const auto &[expression, expected] : cases)
         EXPECT_EQ(value(expression), expected) << qPrintable(expression);
+}
+
+TEST_F(Engine, RandomAmountsAreWrittenAsWholeNumbersSay)
+{
+    std::mt19937_64 random(20240315);
+    // A number of up to four decimals, worked out in ten-thousandths.
+    for (int i = 0; i < 300; ++i) {
+        const auto limit = static_cast<qint64>(std::pow(10, 1 + i % 14));
+        const qint64 units =
+            static_cast<qint64>(random() % static_cast<quint64>(2 * limit)) - limit;
+        const qint64 size = std::abs(units);
+        const QString sign = units < 0 ? u"-"_s : QString();
+        const qint64 cents = (size + 50) / 100;
+        const QString hundredth = u"%1.%2"_s.arg(cents / 100).arg(cents % 100, 2, 10, QChar(u'0'));
+        const QString exact = u"%1.%2"_s.arg(size / 10'000).arg(size % 10'000, 4, 10, QChar(u'0'));
+        QString shortest = exact;
+        while (shortest.endsWith(u'0'))
+            shortest.chop(1);
+        if (shortest.endsWith(u'.'))
+            shortest.chop(1);
+        QString grouped = hundredth;
+        for (qsizetype at = grouped.size() - 6; at > 0; at -= 3)
+            grouped.insert(at, u',');
+        const QString before = cents == 0 ? QString() : sign;
+        data.Execute(u"update Machine set Hours = ?, Cost = ?"_s,
+                     {static_cast<double>(units) / 10'000, static_cast<double>(units) / 10'000});
+        for (const QString &column : {u"Hours"_s, u"Cost"_s}) {
+            const QString all = u"cstr(%1) & '|' & Format(%1, '0.00') & '|' & Format(%1, "
+                                "'#,##0.00') & '|' & Format(%1, '0.0000')"_s.arg(column);
+            ASSERT_EQ(value(all), (units == 0 ? u"0"_s : sign + shortest) + u'|' + before +
+                                      hundredth + u'|' + before + grouped + u'|' + sign + exact)
+                << column.toStdString() << ' ' << units;
+        }
+    }
 }
 
 TEST_F(Engine, AFormatThatIsNoneIsRefused)
