@@ -1,5 +1,6 @@
 #include "app/Screens.h"
 
+#include "core/ui/Openings.h"
 #include "core/ui/frmSendEmail.h"
 #include "equipment/ui/DateSheets.h"
 #include "equipment/ui/Entries.h"
@@ -9,7 +10,7 @@
 #include "reporting/ui/QuickFindEntries.h"
 #include "reporting/ui/frmReportPreview.h"
 #include "scheduling/ui/Entries.h"
-#include "shell/ui/ScreenEntries.h"
+#include "shell/ui/MainBoard.h"
 #include "workorders/ui/Entries.h"
 #include "workorders/ui/ServiceTime.h"
 #include "workorders/ui/frmOverDueWork.h"
@@ -22,77 +23,63 @@ using namespace Qt::StringLiterals;
 namespace app {
 namespace {
 
-void joinOrganisation()
+using Arguments = OpeningArguments;
+
+void joinOrganisation(Openings &all)
 {
-    auto &entries = shell::screenEntries();
-    entries.add(u"mnuViewSupplier"_s, [] { ShowSupplierDetail(Mode::Browse, 0); });
-    entries.add(u"mnuAddSupplier"_s, [] { ShowSupplierDetail(Mode::Add, 0); });
-    entries.add(u"mnuViewEmployee"_s, [] { ShowEmployeeDetail(Mode::Browse, u"0"_s); });
-    entries.add(u"mnuAddEmployee"_s, [] { ShowEmployeeDetail(Mode::Add, u"0"_s); });
-    entries.addRecordScreen(u"frmSupplier"_s, [](const QString &key) {
-        ShowSupplierDetail(Mode::Browse, key.toLongLong());
-    });
-    entries.addRecordScreen(u"frmEmployee"_s,
-                            [](const QString &key) { ShowEmployeeDetail(Mode::Browse, key); });
-    setNewRecordScreen(u"tblSupplier"_s, [] { ShowSupplierDetail(Mode::Add, 0); });
-    setNewRecordScreen(u"tblEmployee"_s, [] { ShowEmployeeDetail(Mode::Add, u"0"_s); });
+    all.join(u"frmSupplier"_s,
+             [](const Arguments &a) { ShowSupplierDetail(a.mode, a.key.toLongLong()); });
+    all.join(u"frmEmployee"_s, [](const Arguments &a) { ShowEmployeeDetail(a.mode, a.key); });
 }
 
-void joinParts()
+void joinParts(Openings &all)
 {
-    auto &entries = shell::screenEntries();
-    entries.add(u"mnuViewPart"_s, [] { showPartDetail(Mode::Browse, u"0"_s); });
-    entries.add(u"mnuAddPart"_s, [] { showPartDetail(Mode::Add, u"0"_s); });
-    entries.addRecordScreen(u"frmPart"_s,
-                            [](const QString &key) { showPartDetail(Mode::Browse, key); });
-    entries.ShowPartQuickFind = [] { return frmPartQuickFindEntry::ShowQuickFind({}); };
-    setNewRecordScreen(u"tblPart"_s, [] { showPartDetail(Mode::Add, u"0"_s); });
+    all.join(u"frmPart"_s, [](const Arguments &a) { showPartDetail(a.mode, a.key); });
 }
 
-void joinScheduling()
+void joinScheduling(Openings &all)
 {
-    auto &entries = shell::screenEntries();
-    entries.add(u"mnuViewService"_s, [] { frmServicesManagerEntry::showCatalogue(); });
-    entries.add(u"mnuAddService"_s, [] { (void)showServicesDetail(Mode::Add, 0); });
-    entries.add(u"mnuRecordCount"_s, [] { ShowEquipmentReading(); });
+    all.join(u"frmServicesManager"_s, frmServicesManagerEntry::showCatalogue);
+    all.join(u"frmServices"_s,
+             [](const Arguments &a) { showServicesDetail(a.mode, a.key.toLongLong()); });
+    all.join(u"frmEquipmentReading"_s, ShowEquipmentReading);
     joinFirstReading();
 }
 
-void joinEquipment()
+void joinEquipment(Openings &all)
 {
-    auto &entries = shell::screenEntries();
-    entries.add(u"mnuViewEqipment"_s, [] { ShowEquipmentDetail(Mode::Browse, 0); });
-    entries.add(u"mnuAddEquipment"_s, [] { ShowEquipmentDetail(Mode::Add, 0); });
-    entries.addRecordScreen(u"frmEquipment"_s, [](const QString &key) {
-        ShowEquipmentDetail(Mode::Browse, key.toLongLong());
-    });
-    setNewRecordScreen(u"tblEquipment"_s, [] { ShowEquipmentDetail(Mode::Add, 0); });
-    entries.add(u"munInspectiondate"_s, [] { ShowInspectionDateReading(); });
-    entries.add(u"munLicenseDate"_s, [] { ShowLicenseDateReading(); });
+    all.join(u"frmEquipment"_s,
+             [](const Arguments &a) { ShowEquipmentDetail(a.mode, a.key.toLongLong()); });
+    all.join(u"frmInspectionDateReading"_s, ShowInspectionDateReading);
+    all.join(u"frmLicenseDateReading"_s, ShowLicenseDateReading);
 }
 
-void joinWorkorders()
+void joinBoard()
 {
-    auto &entries = shell::screenEntries();
-    entries.add(u"mnuRecordWork"_s, [] { ShowCompleteWorkorder(); });
-    entries.add(u"mnuPrintWO"_s, [] { ShowPrintWorkorder(); });
-    joinDateConfirmation();
-    joinServiceTime();
-
     const auto board = std::make_shared<QPointer<frmOverDueWork>>();
-    entries.board.make = [board](QWidget *parent) {
+    shell::MainBoard &main = shell::mainBoard();
+    main.make = [board](QWidget *parent) {
         *board = new frmOverDueWork(parent);
         return board->data();
     };
-    entries.board.LoadData = [board] {
+    main.LoadData = [board] {
         if (*board)
             (*board)->LoadData();
     };
-    entries.board.reportsVisible = [board] { return *board && (*board)->reportsVisible(); };
-    entries.board.LoadUnloadReportsNavigator = [board](bool show) {
+    main.reportsVisible = [board] { return *board && (*board)->reportsVisible(); };
+    main.LoadUnloadReportsNavigator = [board](bool show) {
         if (*board)
             (*board)->LoadUnloadReportsNavigator(show);
     };
+}
+
+void joinWorkorders(Openings &all)
+{
+    all.join(u"ShowCompleteWorkorder"_s, [] { ShowCompleteWorkorder(); });
+    all.join(u"ShowPrintWorkorder"_s, [] { ShowPrintWorkorder(); });
+    joinDateConfirmation();
+    joinServiceTime();
+    joinBoard();
 }
 
 } // namespace
@@ -102,13 +89,13 @@ void joinScreens()
     installErrorReport();
     help::installHelpKey();
     joinQuickFinds();
-    joinOrganisation();
-    joinParts();
-    joinScheduling();
-    joinEquipment();
-    joinWorkorders();
+    Openings &all = openings();
+    joinOrganisation(all);
+    joinParts(all);
+    joinScheduling(all);
+    joinEquipment(all);
+    joinWorkorders(all);
     joinReports();
-    shell::screenEntries().add(u"mnuPrintCount"_s, [] { EquipmentCountReport(); });
 }
 
 } // namespace app

@@ -1,5 +1,7 @@
 #include "reporting/QuickFind.h"
 
+#include "core/Permission.h"
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -22,9 +24,10 @@ constexpr QStringView SupplierAutomatic[] = {u"Name"};
 constexpr Table Tables[] = {
     {u"tblEquipment", u"Quick Find-Equipment", u"EquipmentID", false, EquipmentNumbers,
      EquipmentAutomatic, u"EQUIPMENTINACTIVE", u" where tblEquipment.Inactive  = '0'",
-     u" where (tblEquipment.Inactive  = '1' or tblEquipment.Inactive  = '0')", &Rights::EqAdd},
+     u" where (tblEquipment.Inactive  = '1' or tblEquipment.Inactive  = '0')",
+     rights::Machines.add},
     {u"tblPart", u"Quick Find-Part", u"PartID", false, PartNumbers, PartAutomatic, u"PARTINACTIVE",
-     u" where Inactive = 0", u" where Inactive = -1 or Inactive = 0", &Rights::PaAdd},
+     u" where Inactive = 0", u" where Inactive = -1 or Inactive = 0", rights::Parts.add},
     {u"tblEmployee", u"Quick Find-Employee", u"EmployeeID", false, EmployeeNumbers,
      EmployeeAutomatic, u"", u"", u"", nullptr},
     {u"tblLocation",

@@ -64,12 +64,6 @@ std::span<const RightEntry> rightsTable()
     return rights;
 }
 
-QString insufficientRightsMessage()
-{
-    return u"You do not have sufficient rights to this action. Please see your system "
-           u"administrator"_s;
-}
-
 } // namespace shell
 
 void SetUserRole()

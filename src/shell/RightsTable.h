@@ -23,9 +23,6 @@ struct RightEntry
 /// The 28 rights in the order of their columns.
 [[nodiscard]] std::span<const RightEntry> rightsTable();
 
-/// The message for an action whose right the user lacks.
-[[nodiscard]] QString insufficientRightsMessage();
-
 } // namespace shell
 
 /// Loads the rights of gsLoginUser into gRights; grants all when nobody has logged in. A user

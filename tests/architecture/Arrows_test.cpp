@@ -194,6 +194,18 @@ TEST(Arrows, TakeTheClockFromTheEnvironment)
             "(?<![\\w.>:])time\\s*\\(\\s*(?:nullptr|NULL|0|&\\s*\\w+)\\s*\\)"_s));
 }
 
+/// A right that is written down twice is asked on one road and forgotten on the other.
+TEST(Arrows, NameRightsInTheListOfOpeningsAndWithTheirRecords)
+{
+    const QRegularExpression named(u"&\\s*Rights::|\\bgRights\\b"_s);
+    for (const Source &source : allSources()) {
+        if (source.file.startsWith(u"core/") || source.file.startsWith(u"shell/RightsTable"))
+            continue;
+        EXPECT_FALSE(named.match(source.text).hasMatch())
+            << qPrintable(source.file) << " names a right of its own";
+    }
+}
+
 TEST(Arrows, StartProcessesInOnePlace)
 {
     expectOnlyBelow(u"platform/system/"_s,

@@ -1,6 +1,7 @@
 #include "core/CompanySession.h"
 #include "core/General.h"
 #include "core/ui/EveryField.h"
+#include "core/ui/Openings.h"
 #include "core/ui/ScreenCalls.h"
 #include "core/ui/ScreenDriver.h"
 #include "equipment/clsEquipment.h"
@@ -41,6 +42,7 @@ protected:
     {
         gRights = {};
         screenCalls() = {};
+        openings() = {};
     }
 
     static qint64 addItem(qint64 parent, const QString &name)
@@ -579,10 +581,8 @@ TEST_F(EquipmentScreen, FindAndPrintGoThroughTheirFolders)
         EXPECT_FALSE(screen.isEnabled("cmdPrint"));
     });
     QString filter;
-    screenCalls().reports.insert(u"ShowEquipmentDetailReport"_s, [&](const QString &given) {
-        filter = given;
-        return true;
-    });
+    openings().join(u"ShowEquipmentDetailReport"_s,
+                    [&](const OpeningArguments &asked) { filter = asked.query; });
     screenCalls().ShowQuickFind = [](const ScreenCalls::QuickFind &find) {
         EXPECT_EQ(find.field, u"UnitNo");
         EXPECT_EQ(find.form, u"frmEquipment");
@@ -591,6 +591,12 @@ TEST_F(EquipmentScreen, FindAndPrintGoThroughTheirFolders)
     work(Mode::Browse, 1, [&](ScreenDriver screen) {
         screen.press("cmdFind");
         EXPECT_EQ(screen.text("txtUnitNo"), u"B");
+        prompts.expect(u"You do not have sufficient rights to see this report. Please see your "
+                       "system administrator"_s,
+                       Icon::Information);
+        screen.press("cmdPrint");
+        EXPECT_EQ(filter, QString());
+        gRights.EqDetail = true;
         screen.press("cmdPrint");
     });
     EXPECT_EQ(filter, u" where  tblEquipment.EquipmentID  = 2");

@@ -1,3 +1,4 @@
+#include "core/ui/Openings.h"
 #include "core/ui/ScreenCalls.h"
 #include "organisation/MasterSession.h"
 #include "organisation/ui/Entries.h"
@@ -22,7 +23,11 @@ protected:
             u"Insert into tblServiceUsed(CrewID,LaborEstimate,CostEstimate) values(%1,2,40)"_s.arg(
                 crew));
     }
-    ~Employees() override { screenCalls() = {}; }
+    ~Employees() override
+    {
+        screenCalls() = {};
+        openings() = {};
+    }
 
     static QString estimate() { return value(u"Select CostEstimate from tblServiceUsed"_s); }
 
@@ -162,10 +167,8 @@ TEST_F(Employees, FindAndPrintGoToTheScreensThatHaveJoined)
         request = asked;
         return u"E9"_s;
     };
-    screenCalls().reports.insert(u"ShowEmployeeReport"_s, [&](const QString &text) {
-        filter = text;
-        return true;
-    });
+    openings().join(u"ShowEmployeeReport"_s,
+                    [&](const OpeningArguments &asked) { filter = asked.query; });
     inScreen([] { ShowEmployeeDetail(Mode::Browse, u"E1"_s); },
              [&](const ScreenDriver &screen) {
                  screen.press("cmdFind");

@@ -1,3 +1,4 @@
+#include "core/ui/Openings.h"
 #include "organisation/MasterSession.h"
 #include "platform/grid/GridView.h"
 #include "reporting/ui/QuickFindEntries.h"
@@ -25,7 +26,7 @@ protected:
     ~QuickFindScreen() override
     {
         gRights = {};
-        setNewRecordScreen(u"tblEquipment"_s, nullptr);
+        openings() = {};
     }
 
     static void addMachine(int id, const QString &unit, const QString &name, bool inactive)
@@ -184,7 +185,8 @@ TEST_F(QuickFindScreen, AddNewNeedsTheRightAndOpensTheScreenAfterTheDialog)
         EXPECT_FALSE(screen.isEnabled("cmdAdd")) << "no screen has joined";
         screen.press("cmdCancel");
     });
-    setNewRecordScreen(u"tblEquipment"_s, [&] {
+    openings().join(u"frmEquipment"_s, [&](const OpeningArguments &asked) {
+        EXPECT_EQ(asked.mode, Mode::Add);
         EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
         ++opened;
     });

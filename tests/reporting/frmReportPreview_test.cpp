@@ -2,6 +2,7 @@
 
 #include "core/CompanySession.h"
 #include "core/General.h"
+#include "core/ui/Openings.h"
 #include "core/ui/ScreenDriver.h"
 #include "reporting/ReportFiles.h"
 #include "support/ScriptedPrompts.h"
@@ -19,6 +20,7 @@ class ReportPreview : public test::CompanySession
 protected:
     ReportPreview()
     {
+        joinReports();
         reportfiles::installDelivered(base::environment().applicationFolder);
         gcnData->Execute(u"Insert into tblEquipment(EquipmentID,UnitNo,EquipmentName,Inactive) "
                          "values(1,'M1','Mower',0)"_s);
@@ -30,8 +32,10 @@ protected:
 
     [[nodiscard]] bool print(bool byCrew = false) const
     {
-        return ShowWorkorderReport(workorders::statements::printedOrders(QString::number(order)),
-                                   byCrew);
+        return openings().open(
+            u"ShowWorkorderReport",
+            {.query = workorders::statements::printedOrders(QString::number(order)),
+             .other = byCrew});
     }
 
     qint64 order = 0;

@@ -1,12 +1,14 @@
 #include "core/General.h"
+#include "core/OpeningTable.h"
 #include "core/ui/Modal.h"
+#include "core/ui/Openings.h"
 #include "core/ui/ScreenCalls.h"
 #include "platform/help/Help.h"
 #include "platform/input/QuickLink.h"
-#include "shell/MenuTree.h"
+#include "shell/QuickLinks.h"
 #include "shell/RightsTable.h"
 #include "shell/ShellSession.h"
-#include "shell/ui/ScreenEntries.h"
+#include "shell/ui/MainBoard.h"
 #include "shell/ui/frmMainScreen.h"
 #include "support/ScriptedPrompts.h"
 
@@ -37,7 +39,8 @@ struct MainScreen : testing::Test
     {
         help::closeAll();
         window.reset();
-        shell::screenEntries() = {};
+        openings() = {};
+        shell::mainBoard() = {};
         screenCalls() = {};
     }
     void open()
@@ -83,10 +86,10 @@ TEST_F(MainScreen, ShowsEveryMenuObjectWithItsCaption)
     EXPECT_EQ(entries("mnuReports"),
               "Equipment Reports|Work Order History|Service Reports|Inventory Reports|-|"
               "Error Report|-|Custom Reports");
-    for (const shell::MenuEntry &entry : shell::menuTree()) {
-        if (entry.kind != shell::MenuKind::Entry)
+    for (const Opening &entry : openingTable()) {
+        if (entry.kind != OpeningKind::Entry)
             continue;
-        EXPECT_EQ(window->menuAction(QString::fromLatin1(entry.name))->text(),
+        EXPECT_EQ(window->menuAction(QString::fromLatin1(entry.object))->text(),
                   QString::fromLatin1(entry.caption));
     }
 }
@@ -94,8 +97,10 @@ TEST_F(MainScreen, ShowsEveryMenuObjectWithItsCaption)
 TEST_F(MainScreen, AnEntryIsEnabledWhenItsScreenJoinedAndItsRightIsGranted)
 {
     int opened = 0;
-    for (const auto &entry : {u"mnuEquipmentList"_s, u"mnuRecordCount"_s, u"mnuViewPart"_s})
-        shell::screenEntries().add(entry, [&opened] { ++opened; });
+    QList<Mode> modes;
+    for (const auto &name : {u"frmEquipmentListReport"_s, u"frmEquipmentReading"_s})
+        openings().join(name, [&opened] { ++opened; });
+    openings().join(u"frmPart"_s, [&modes](const OpeningArguments &a) { modes.append(a.mode); });
     gRights.EqList = false;
     open();
     EXPECT_FALSE(enabled(u"mnuEquipmentList"_s));
@@ -104,18 +109,26 @@ TEST_F(MainScreen, AnEntryIsEnabledWhenItsScreenJoinedAndItsRightIsGranted)
     EXPECT_FALSE(enabled(u"mnuViewSupplier"_s)) << "nothing has joined it";
     trigger(u"mnuRecordCount"_s);
     EXPECT_EQ(opened, 1);
+    trigger(u"mnuViewPart"_s);
+    trigger(u"mnuAddPart"_s);
+    EXPECT_EQ(modes, (QList<Mode>{Mode::Browse, Mode::Add}));
 
-    prompts.expect(u"You do not have sufficient rights to this action. Please see your system "
-                   u"administrator"_s,
-                   Icon::None);
-    window->openEntry(u"mnuEquipmentList"_s);
+    // The menu is one road of several.
+    for (const auto &road :
+         {std::function<void()>([this] { window->openEntry(u"mnuEquipmentList"_s); }),
+          std::function<void()>([] { openings().open(u"frmEquipmentListReport"); })}) {
+        prompts.expect(u"You do not have sufficient rights to see this report. Please see your "
+                       u"system administrator"_s,
+                       Icon::Information);
+        road();
+    }
     EXPECT_EQ(opened, 1);
-    EXPECT_THROW(shell::screenEntries().add(u"mnuViewEquipment"_s, [] {}), base::Error);
+    EXPECT_THROW(openings().join(u"mnuViewPart"_s, [] {}), base::Error) << "not a name to open by";
 }
 
 TEST_F(MainScreen, AnErrorOfAScreenIsReportedUnderTheEntrysName)
 {
-    shell::screenEntries().add(u"mnuViewPart"_s, [] { throw base::Error(5, u"out of order"_s); });
+    openings().join(u"frmPart"_s, [] { throw base::Error(5, u"out of order"_s); });
     open();
     trigger(u"mnuViewPart"_s);
     ASSERT_EQ(session.errors.size(), 1u);
@@ -148,7 +161,7 @@ TEST_F(MainScreen, PasswordsAreForThoseWhoLoggedInAndUsersForTheAdministrator)
 TEST_F(MainScreen, UpdateDatabaseWaitsForADatabaseOutOfDateAndRunsOnce)
 {
     int updates = 0;
-    shell::screenEntries().add(u"mnuUpdateDatabase"_s, [&updates] { ++updates; });
+    openings().join(u"mnuUpdateDatabase"_s, [&updates] { ++updates; });
     open();
     EXPECT_FALSE(enabled(u"mnuUpdateDatabase"_s));
     gbDatabaseOutOfDate = true;
@@ -168,8 +181,7 @@ TEST_F(MainScreen, AQuickLinkFindsAndOpensUntilTheFindIsCancelled)
         asked = find;
         return found.takeFirst();
     };
-    shell::screenEntries().addRecordScreen(u"frmSupplier"_s,
-                                           [&](const QString &key) { opened << key; });
+    openings().join(u"frmSupplier"_s, [&](const OpeningArguments &a) { opened << a.key; });
     open();
     EXPECT_FALSE(link(shell::EquipmentLink).isEnabled());
     ASSERT_TRUE(link(shell::SuppliersLink).isEnabled());
@@ -193,7 +205,7 @@ TEST_F(MainScreen, TheReportsLinkTogglesTheBoardsPaneAndActivationReloadsTheBoar
 {
     bool shown = true;
     int loads = 0;
-    auto &board = shell::screenEntries().board;
+    auto &board = shell::mainBoard();
     board.make = [](QWidget *parent) { return new QLabel(u"board"_s, parent); };
     board.LoadData = [&loads] { ++loads; };
     board.reportsVisible = [&shown] { return shown; };
@@ -217,7 +229,7 @@ TEST_F(MainScreen, TheReportsLinkTogglesTheBoardsPaneAndActivationReloadsTheBoar
 TEST_F(MainScreen, AnErrorBoxOfTheBoardDoesNotReloadTheBoard)
 {
     int loads = 0;
-    auto &board = shell::screenEntries().board;
+    auto &board = shell::mainBoard();
     board.make = [](QWidget *parent) { return new QLabel(u"board"_s, parent); };
     board.LoadData = [&loads] {
         ++loads;
@@ -245,7 +257,7 @@ TEST_F(MainScreen, AnErrorBoxOfTheBoardDoesNotReloadTheBoard)
 TEST_F(MainScreen, TheStartPageNamesTheCompanyTheDayAndWhatCanBeOpened)
 {
     SetOption(u"GEN_COMPANY_NAME"_s, u"Green & Sons"_s, false);
-    shell::screenEntries().add(u"mnuPrintWO"_s, [] {});
+    openings().join(u"ShowPrintWorkorder"_s, [] {});
     open();
     EXPECT_EQ(named<QLabel>(*window, u"lblCompany"_s).text(), u"Green & Sons"_s);
     EXPECT_EQ(named<QLabel>(*window, u"lblToday"_s).text(), u"Friday, March 15, 2024"_s);

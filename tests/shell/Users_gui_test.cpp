@@ -1,10 +1,10 @@
+#include "core/ui/Openings.h"
 #include "core/ui/ScreenDriver.h"
 #include "platform/grid/GridView.h"
 #include "platform/input/IdCombo.h"
 #include "shell/Passwords.h"
 #include "shell/RightsTable.h"
 #include "shell/ShellSession.h"
-#include "shell/ui/ScreenEntries.h"
 #include "shell/ui/frmUserManageMent.h"
 #include "shell/ui/frmUserRoles.h"
 #include "support/ScriptedPrompts.h"
@@ -38,7 +38,7 @@ struct Users : testing::Test
         screen = std::make_unique<frmUserManageMent>();
         screen->show();
     }
-    ~Users() override { shell::screenEntries() = {}; }
+    ~Users() override { openings() = {}; }
 
     QLineEdit &line(const char *name)
     {
@@ -149,7 +149,7 @@ TEST_F(Users, DeletesAfterAYes)
 TEST_F(Users, TheEmployeeButtonWaitsForTheEmployeeScreen)
 {
     EXPECT_FALSE(named<QToolButton>(*screen, u"cmdEmployee"_s).isEnabled());
-    shell::screenEntries().add(u"mnuViewEmployee"_s, [] {
+    openings().join(u"frmEmployee"_s, [] {
         gcnData->Execute(u"insert into tblEmployee(EmployeeID) values('18')"_s);
     });
     frmUserManageMent again;

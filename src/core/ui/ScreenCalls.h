@@ -1,12 +1,12 @@
 #pragma once
 
-#include <QHash>
 #include <QString>
 #include <functional>
 
-/// How a screen opens one of a later folder: by a function that the owner has put here when the
-/// program started. An empty function means that the screen doesn't exist in this program; who
-/// calls it keeps the control that would disabled.
+/// How a screen asks something by a dialog of a later folder: by a function that the owner has put
+/// here when the program started. An empty function means that the dialog doesn't exist in this
+/// program; who calls it keeps the control that would disabled. What is only opened, and what needs
+/// a right, goes by name (core/ui/Openings.h).
 struct ScreenCalls
 {
     struct QuickFind
@@ -21,6 +21,8 @@ struct ScreenCalls
     };
     /// Finds a record; its key, blank when cancelled.
     std::function<QString(const QuickFind &)> ShowQuickFind;
+    /// Finds a part by the find that parts have of their own; its number, blank when cancelled.
+    std::function<QString()> ShowPartQuickFind;
     /// Ticks items of a query's rows: select text, filter text, title, key column and its type,
     /// second column and its type. Returns the chosen keys joined by commas.
     std::function<QString(const QString &, const QString &, const QString &, const QString &,
@@ -38,23 +40,6 @@ struct ScreenCalls
     };
     /// Lets the user enter the times of a service; True when they were stored.
     std::function<bool(const ServiceTimes &)> ShowServiceTimeForm;
-    /// The reports by the name of their procedure ("ShowEmployeeReport"); takes the filter text,
-    /// True when the report came up.
-    QHash<QString, std::function<bool(const QString &)>> reports;
-
-    /// Reports whose whole query the caller gives: ShowWorkorderReport, whose flag chooses the
-    /// layout by crew, and ShowWorkorderHistoryReport, whose flag chooses the summary. True when
-    /// the report came up.
-    QHash<QString, std::function<bool(const QString &statement, bool flag)>> statementReports;
-    /// What opens without arguments in a later folder and is offered by a screen of an earlier one,
-    /// by the name of its form or procedure: the report filters ("ShowEquipmentDetails"), the
-    /// screens of reports ("frmServiceHistory"), and reports of everything ("ShowServiceList").
-    QHash<QString, std::function<void()>> openings;
-
-    [[nodiscard]] bool hasReport(const QString &procedure) const
-    {
-        return reports.contains(procedure);
-    }
 };
 
 /// The calls of this process.

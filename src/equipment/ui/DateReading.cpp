@@ -2,7 +2,7 @@
 
 #include "core/General.h"
 #include "core/ui/ListGrid.h"
-#include "core/ui/ScreenCalls.h"
+#include "core/ui/Openings.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Format.h"
 #include "platform/base/Prompts.h"
@@ -131,7 +131,7 @@ void DateReading::EnableControls()
         button->setVisible(!editing);
     for (QWidget *control : std::initializer_list<QWidget *>{datFrom, datTo, cmdRefresh})
         control->setEnabled(!editing);
-    cmdPrint->setEnabled(screenCalls().hasReport(m_sheet.report));
+    cmdPrint->setEnabled(openings().isJoined(m_sheet.report));
     setCloseEnabled(!editing);
 }
 
@@ -198,6 +198,6 @@ void DateReading::cmdCancel_Click()
 void DateReading::cmdPrint_Click()
 {
     if (rangeIsInOrder())
-        screenCalls().reports.value(m_sheet.report)(
-            datesheet::filterText(m_sheet, datFrom->date(), datTo->date()));
+        openings().open(m_sheet.report,
+                        {.query = datesheet::filterText(m_sheet, datFrom->date(), datTo->date())});
 }

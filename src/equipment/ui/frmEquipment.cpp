@@ -2,6 +2,7 @@
 
 #include "core/General.h"
 #include "core/Permission.h"
+#include "core/ui/Openings.h"
 #include "core/ui/ScreenCalls.h"
 #include "equipment/clsEquipment_Manager.h"
 #include "equipment/ui/DepreciationPage.h"
@@ -40,7 +41,7 @@ namespace {
 constexpr char Module[] = "Equipment";
 /// Characters of an item that a list shows at least.
 constexpr int ListLength = 9;
-constexpr char DetailReport[] = "ShowEquipmentDetailReport";
+constexpr QStringView DetailReport = u"ShowEquipmentDetailReport";
 
 /// A page may be larger than a small screen.
 QScrollArea *scrolled(QWidget *page)
@@ -319,7 +320,7 @@ void frmEquipment::recordShown()
     for (EquipmentPage *page : std::as_const(m_pages))
         page->setEditable(mayEdit());
     cmdFind->setEnabled(hasRows() && screenCalls().ShowQuickFind != nullptr);
-    cmdPrint->setEnabled(hasRows() && screenCalls().hasReport(QString::fromLatin1(DetailReport)));
+    cmdPrint->setEnabled(hasRows() && openings().isJoined(DetailReport));
     showHeading();
     CheckUserDefinedfields();
 }
@@ -427,8 +428,8 @@ QString frmEquipment::FindHelpContextId(const QWidget *control)
 
 void frmEquipment::cmdPrint_Click()
 {
-    screenCalls().reports.value(QString::fromLatin1(DetailReport))(
-        u" where  tblEquipment.EquipmentID  = %1"_s.arg(m_equipmentID));
+    openings().open(DetailReport,
+                    {.query = u" where  tblEquipment.EquipmentID  = %1"_s.arg(m_equipmentID)});
 }
 
 void frmEquipment::cmdFind_Click()

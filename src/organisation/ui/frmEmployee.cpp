@@ -4,6 +4,7 @@
 #include "core/General.h"
 #include "core/ui/Combos.h"
 #include "core/ui/LookupCombo.h"
+#include "core/ui/Openings.h"
 #include "core/ui/ScreenCalls.h"
 #include "organisation/clsIndicator.h"
 #include "organisation/ui/Entries.h"
@@ -262,7 +263,7 @@ bool frmEmployee::deleteRecord(const QVariant &key)
 void frmEmployee::recordShown()
 {
     cmdFind->setEnabled(hasRows() && screenCalls().ShowQuickFind != nullptr);
-    cmdPrint->setEnabled(hasRows() && screenCalls().hasReport(u"ShowEmployeeReport"_s));
+    cmdPrint->setEnabled(hasRows() && openings().isJoined(u"ShowEmployeeReport"));
 }
 
 void frmEmployee::cmdFind_Click()
@@ -276,7 +277,6 @@ void frmEmployee::cmdFind_Click()
 
 void frmEmployee::cmdPrint_Click()
 {
-    screenCalls().reports.value(u"ShowEmployeeReport"_s)(
-        u" Where tblEmployee.EmployeeID='%1'"_s.arg(
-            base::doubledQuotes(m_fields.shown().EmployeeID)));
+    openings().open(u"ShowEmployeeReport", {.query = u" Where tblEmployee.EmployeeID='%1'"_s.arg(
+                                                base::doubledQuotes(m_fields.shown().EmployeeID))});
 }

@@ -2,6 +2,7 @@
 
 #include "core/General.h"
 #include "core/ui/LookupCombo.h"
+#include "core/ui/Openings.h"
 #include "core/ui/ScreenCalls.h"
 #include "organisation/clsIndicator.h"
 #include "organisation/ui/Entries.h"
@@ -178,7 +179,7 @@ QString frmSupplier::usedBy(const QVariant &key) const
 void frmSupplier::recordShown()
 {
     cmdFind->setEnabled(hasRows() && screenCalls().ShowQuickFind != nullptr);
-    cmdPrint->setEnabled(hasRows() && screenCalls().hasReport(u"ShowSupplierReport"_s));
+    cmdPrint->setEnabled(hasRows() && openings().isJoined(u"ShowSupplierReport"));
 }
 
 void frmSupplier::cmdFind_Click()
@@ -191,6 +192,6 @@ void frmSupplier::cmdFind_Click()
 
 void frmSupplier::cmdPrint_Click()
 {
-    screenCalls().reports.value(u"ShowSupplierReport"_s)(u"Where tblSupplier.SupplierID="_s +
-                                                         txtSupplierID->text());
+    openings().open(u"ShowSupplierReport",
+                    {.query = u"Where tblSupplier.SupplierID="_s + txtSupplierID->text()});
 }

@@ -5,6 +5,7 @@
 #include "core/Permission.h"
 #include "core/ui/Combos.h"
 #include "core/ui/LookupCombo.h"
+#include "core/ui/Openings.h"
 #include "core/ui/ScreenCalls.h"
 #include "organisation/clsIndicator.h"
 #include "organisation/ui/Entries.h"
@@ -248,7 +249,7 @@ QString frmPart::usedBy(const QVariant &key) const
 void frmPart::recordShown()
 {
     cmdFind->setEnabled(hasRows() && screenCalls().ShowQuickFind != nullptr);
-    cmdPrint->setEnabled(hasRows() && screenCalls().hasReport(u"ShowInventoryReport"_s));
+    cmdPrint->setEnabled(hasRows() && openings().isJoined(u"ShowInventoryReport"));
 }
 
 void frmPart::cmdFind_Click()
@@ -261,6 +262,6 @@ void frmPart::cmdFind_Click()
 
 void frmPart::cmdPrint_Click()
 {
-    screenCalls().reports.value(u"ShowInventoryReport"_s)(
-        u" where  tblPart.PartID = '%1'"_s.arg(base::doubledQuotes(m_fields.shown().PartID)));
+    openings().open(u"ShowInventoryReport", {.query = u" where  tblPart.PartID = '%1'"_s.arg(
+                                                 base::doubledQuotes(m_fields.shown().PartID))});
 }

@@ -5,17 +5,6 @@
 #include "reporting/ui/frmQuickFind.h"
 
 #include <QApplication>
-#include <QHash>
-
-namespace {
-
-QHash<QString, std::function<void()>> &newRecordScreens()
-{
-    static QHash<QString, std::function<void()>> screens;
-    return screens;
-}
-
-} // namespace
 
 QString ShowQuickFind(const ScreenCalls::QuickFind &request)
 {
@@ -48,18 +37,9 @@ QString ShowItemListDetailForEquUti(const QString &selectText, const QString &fi
         .choose();
 }
 
-void setNewRecordScreen(const QString &table, std::function<void()> open)
-{
-    newRecordScreens().insert(table, std::move(open));
-}
-
-std::function<void()> newRecordScreen(const QString &table)
-{
-    return newRecordScreens().value(table);
-}
-
 void joinQuickFinds()
 {
     screenCalls().ShowQuickFind = ShowQuickFind;
+    screenCalls().ShowPartQuickFind = [] { return frmPartQuickFindEntry::ShowQuickFind({}); };
     screenCalls().ShowItemListDetail = ShowItemListDetail;
 }

@@ -3,7 +3,6 @@
 #include "core/ui/ScreenCalls.h"
 
 #include <QString>
-#include <functional>
 
 /// How other screens open the finds and the pick list. Each waits until its dialog is closed.
 
@@ -30,12 +29,6 @@ namespace frmPartQuickFindEntry {
                                                   const QString &keyColumn, const QString &keyType,
                                                   const QString &secondColumn,
                                                   const QString &secondType);
-
-/// Gives "Add New" of the finds the screen that opens on a new record of a table. Without one the
-/// button is disabled.
-void setNewRecordScreen(const QString &table, std::function<void()> open);
-/// The screen given for a table, empty without one.
-[[nodiscard]] std::function<void()> newRecordScreen(const QString &table);
 
 /// Joins these to the calls that screens of earlier folders make.
 void joinQuickFinds();

@@ -4,6 +4,7 @@
 #include "core/General.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/MayDo.h"
+#include "core/ui/Openings.h"
 #include "core/ui/SearchKeys.h"
 #include "platform/base/Format.h"
 #include "platform/base/Prompts.h"
@@ -13,7 +14,6 @@
 #include "platform/input/KeyFilter.h"
 #include "platform/input/Theme.h"
 #include "reporting/ui/FieldSearch.h"
-#include "reporting/ui/QuickFindEntries.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -70,7 +70,7 @@ void frmQuickFind::buildForm()
     form.finish();
     resize(860, 540);
 
-    cmdAdd->setEnabled(newRecordScreen(m_request.table) != nullptr);
+    cmdAdd->setEnabled(openings().isJoined(m_request.form));
     cmdSelect->setDefault(true);
     m_search = new FieldSearch(cboFieldNames, txtSearchText, grdQuickFind,
                                IncrementalSearch::WithoutMatch::ClearRow);
@@ -136,7 +136,7 @@ QString frmQuickFind::ShowQuickFind()
               m_table->name.toString() + (m_request.several ? u"Several"_s : QString()));
     showModal();
     if (m_addNew)
-        newRecordScreen(m_request.table)();
+        openings().open(m_request.form, {.mode = Mode::Add});
     return m_result;
 }
 

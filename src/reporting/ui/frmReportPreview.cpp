@@ -2,7 +2,7 @@
 
 #include "core/General.h"
 #include "core/Session.h"
-#include "core/ui/ScreenCalls.h"
+#include "core/ui/Openings.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
@@ -85,6 +85,44 @@ bool showReport(const Report &report, const std::function<db::Recordset()> &open
     });
 }
 
+bool ShowWorkorderReport(const OpeningArguments &asked)
+{
+    const Report plain{"ShowWorkorderReport",
+                       u"Work Orders"_s,
+                       u"rptWorkorder"_s,
+                       {u"WorkorderNo"_s, u"NserviceUsedID"_s, u"PartID"_s}};
+    const Report grouped{"ShowWorkorderReport",
+                         u"Work Orders"_s,
+                         u"rptWorkOrderByCrew"_s,
+                         {u"CrewNumber"_s, u"WorkorderNo"_s, u"NserviceUsedID"_s, u"PartID"_s}};
+    return showReport(asked.other ? grouped : plain, [&] { return gcnData->Open(asked.query); });
+}
+
+bool ShowWorkorderHistoryReport(const OpeningArguments &asked)
+{
+    const Report detail{"ShowWorkorderHistoryReport",
+                        u"Work Order History"_s,
+                        u"rptWorkOrderHistory"_s,
+                        {u"WorkOrderNo"_s, u"ServiceUSedID"_s, u"PartID"_s},
+                        OnceField{u"LaborOnce"_s, u"CostEstimate"_s, u"ServiceUSedID"_s}};
+    const Report totals{"ShowWorkorderHistoryReport",
+                        u"Work Order History"_s,
+                        u"rptWorkorderHistorySummary"_s,
+                        {u"WorkOrderNo"_s},
+                        std::nullopt,
+                        true};
+    return showReport(asked.other ? totals : detail, [&] { return gcnData->Open(asked.query); });
+}
+
+bool EquipmentCountReport()
+{
+    return showReport({"EquipmentCountReport",
+                       u"Equipment Count Sheet"_s,
+                       u"rptEquipmentCount"_s,
+                       {u"UnitNo"_s, u"Equipment Name"_s}},
+                      [] { return readings::due(readings::delay()); });
+}
+
 } // namespace
 
 frmReportPreview::frmReportPreview(const QString &title, QWidget *parent)
@@ -117,48 +155,8 @@ void frmReportPreview::show(const report::Layout &layout,
 
 void joinReports()
 {
-    ScreenCalls &calls = screenCalls();
-    calls.statementReports.insert(u"ShowWorkorderReport"_s, ShowWorkorderReport);
-    calls.statementReports.insert(u"ShowWorkorderHistoryReport"_s, ShowWorkorderHistoryReport);
-    calls.reports.insert(u"EquipmentCountReport"_s,
-                         [](const QString &) { return EquipmentCountReport(); });
-    calls.openings.insert(u"EquipmentCountReport"_s, [] { EquipmentCountReport(); });
-}
-
-bool ShowWorkorderReport(const QString &statement, bool byCrew)
-{
-    const Report plain{"ShowWorkorderReport",
-                       u"Work Orders"_s,
-                       u"rptWorkorder"_s,
-                       {u"WorkorderNo"_s, u"NserviceUsedID"_s, u"PartID"_s}};
-    const Report grouped{"ShowWorkorderReport",
-                         u"Work Orders"_s,
-                         u"rptWorkOrderByCrew"_s,
-                         {u"CrewNumber"_s, u"WorkorderNo"_s, u"NserviceUsedID"_s, u"PartID"_s}};
-    return showReport(byCrew ? grouped : plain, [&] { return gcnData->Open(statement); });
-}
-
-bool ShowWorkorderHistoryReport(const QString &statement, bool summary)
-{
-    const Report detail{"ShowWorkorderHistoryReport",
-                        u"Work Order History"_s,
-                        u"rptWorkOrderHistory"_s,
-                        {u"WorkOrderNo"_s, u"ServiceUSedID"_s, u"PartID"_s},
-                        OnceField{u"LaborOnce"_s, u"CostEstimate"_s, u"ServiceUSedID"_s}};
-    const Report totals{"ShowWorkorderHistoryReport",
-                        u"Work Order History"_s,
-                        u"rptWorkorderHistorySummary"_s,
-                        {u"WorkOrderNo"_s},
-                        std::nullopt,
-                        true};
-    return showReport(summary ? totals : detail, [&] { return gcnData->Open(statement); });
-}
-
-bool EquipmentCountReport()
-{
-    return showReport({"EquipmentCountReport",
-                       u"Equipment Count Sheet"_s,
-                       u"rptEquipmentCount"_s,
-                       {u"UnitNo"_s, u"Equipment Name"_s}},
-                      [] { return readings::due(readings::delay()); });
+    Openings &all = openings();
+    all.join(u"ShowWorkorderReport"_s, ShowWorkorderReport);
+    all.join(u"ShowWorkorderHistoryReport"_s, ShowWorkorderHistoryReport);
+    all.join(u"EquipmentCountReport"_s, EquipmentCountReport);
 }

@@ -31,14 +31,10 @@ private:
     QPushButton *cmdExit = nullptr;
 };
 
-/// Joins the reports that exist to the calls that screens make.
+/// Joins the reports that exist to the list of what can be opened. Each shows its window and waits
+/// until it is closed, and answers True when it came up. Data.
+///
+///     ShowWorkorderReport          the orders of a statement, each on a page; other: by their
+///     crews ShowWorkorderHistoryReport   posted orders of a statement; other: a summary
+///     EquipmentCountReport         the sheet on which meters are read
 void joinReports();
-
-// Each shows its report and waits until the window is closed; True when it came up. Data.
-
-/// The orders of a query, each on a page, or, with byCrew, in the order of their crews.
-bool ShowWorkorderReport(const QString &statement, bool byCrew);
-/// Posted orders of a query, in detail or as a summary.
-bool ShowWorkorderHistoryReport(const QString &statement, bool summary);
-/// The sheet on which meters are read.
-bool EquipmentCountReport();

@@ -2,7 +2,7 @@
 
 #include "core/ui/GridData.h"
 #include "core/ui/ListGrid.h"
-#include "core/ui/ScreenCalls.h"
+#include "core/ui/Openings.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "platform/input/FormBuilder.h"
@@ -80,8 +80,7 @@ void frmEquipmentReading::buildForm()
             [this] { (void)grdReading->finishEditing(); });
     connect(grdReading, &grid::GridView::typing, this, &Screen::edited);
     connect(grdReading, &grid::GridView::changed, this, &Screen::edited);
-    connect(cmdPrint, &QPushButton::clicked, this,
-            [] { screenCalls().reports.value(Report)(QString()); });
+    connect(cmdPrint, &QPushButton::clicked, this, [] { openings().open(Report); });
     connect(cmdUpdate, &QPushButton::clicked, this, &frmEquipmentReading::cmdUpdate_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &frmEquipmentReading::cmdCancel_Click);
     connect(cmdExit, &QPushButton::clicked, this, [this] { unload(); });
@@ -91,7 +90,7 @@ void frmEquipmentReading::EnableControls()
 {
     const bool browsing = mode() == Mode::Browse;
     cmdPrint->setVisible(browsing);
-    cmdPrint->setEnabled(screenCalls().hasReport(Report));
+    cmdPrint->setEnabled(openings().isJoined(Report));
     cmdExit->setVisible(browsing);
     cmdUpdate->setVisible(!browsing);
     cmdCancel->setVisible(!browsing);

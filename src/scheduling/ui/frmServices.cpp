@@ -2,6 +2,7 @@
 
 #include "core/Flag.h"
 #include "core/General.h"
+#include "core/Permission.h"
 #include "core/Session.h"
 #include "core/ui/Combos.h"
 #include "core/ui/Lock.h"
@@ -108,7 +109,7 @@ void frmServices::unloading()
 
 bool frmServices::mayEdit() const
 {
-    return mode() == Mode::Add || (m_hasRow && gRights.SerMod);
+    return mode() == Mode::Add || (m_hasRow && rights::isGranted(rights::Services.modify));
 }
 
 QString frmServices::period() const

@@ -4,8 +4,8 @@
 #include "platform/base/Environment.h"
 #include "platform/input/LinkLabel.h"
 #include "platform/input/Theme.h"
-#include "shell/MenuTree.h"
-#include "shell/ui/ScreenEntries.h"
+#include "shell/QuickLinks.h"
+#include "shell/ui/QuickLinkActions.h"
 
 #include <QApplication>
 #include <QGridLayout>

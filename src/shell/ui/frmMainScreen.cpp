@@ -1,9 +1,12 @@
 #include "shell/ui/frmMainScreen.h"
 
 #include "core/General.h"
+#include "core/OpeningTable.h"
+#include "core/Permission.h"
 #include "core/Session.h"
 #include "core/ui/FormLayout.h"
 #include "core/ui/Launch.h"
+#include "core/ui/Openings.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
@@ -11,9 +14,10 @@
 #include "platform/input/QuickLink.h"
 #include "platform/input/Theme.h"
 #include "shell/CleanUpParts.h"
-#include "shell/RightsTable.h"
+#include "shell/QuickLinks.h"
 #include "shell/ui/HeaderBar.h"
-#include "shell/ui/ScreenEntries.h"
+#include "shell/ui/MainBoard.h"
+#include "shell/ui/QuickLinkActions.h"
 #include "shell/ui/StartPage.h"
 #include "shell/ui/frmAbout.h"
 #include "shell/ui/frmChangePassword.h"
@@ -75,28 +79,33 @@ frmMainScreen::frmMainScreen(std::function<void()> End, QWidget *parent)
 
 void frmMainScreen::joinOwnEntries()
 {
-    m_ownEntries = {
-        {u"mnuExit"_s, [this] { mnuExit_Click(); }},
-        {u"mnuChangePassword"_s, [] { frmChangePassword::ShowSystemSettings(); }},
-        {u"mnuusrmanagement"_s, [] { frmUserManageMent::ShowUserManagement(); }},
-        {u"mnuQuorvantisHelp"_s, [this] { help::showHelp(this); }},
-        {u"mnuAboutQuorvantis"_s, [] { frmAbout::ShowAbout(); }},
-    };
+    // None of them holds on to this window, which they may outlive.
+    Openings &all = openings();
+    all.join(u"mnuExit"_s, [end = m_end] {
+        if (end)
+            end();
+    });
+    all.join(u"frmChangePassword"_s, [] { frmChangePassword::ShowSystemSettings(); });
+    all.join(u"frmUserManageMent"_s, [] { frmUserManageMent::ShowUserManagement(); });
+    all.join(u"mnuQuorvantisHelp"_s, [] { help::showHelp(QApplication::activeWindow()); });
+    all.join(u"frmAbout"_s, [] { frmAbout::ShowAbout(); });
     // What has no target on this computer is not offered.
     if (!onlinePage().isEmpty())
-        m_ownEntries.insert(u"mnuQuorvantisOnline"_s, [] { launchIt(onlinePage()); });
+        all.join(u"mnuQuorvantisOnline"_s, [] { launchIt(onlinePage()); });
     if (!contactPage().isEmpty())
-        m_ownEntries.insert(u"mnuContactUs"_s, [] { launchIt(contactPage()); });
+        all.join(u"mnuContactUs"_s, [] { launchIt(contactPage()); });
     if (QFileInfo::exists(quickStartManual()))
-        m_ownEntries.insert(u"mnuQickStart"_s, [] { launchIt(quickStartManual()); });
+        all.join(u"mnuQickStart"_s, [] { launchIt(quickStartManual()); });
 }
 
 void frmMainScreen::buildMenu()
 {
-    for (const shell::MenuEntry &entry : shell::menuTree()) {
+    for (const Opening &entry : openingTable()) {
+        if (entry.kind == OpeningKind::Inner)
+            continue;
         QMenu *parent = m_menus.value(latin1(entry.parent));
-        const QString name = latin1(entry.name);
-        if (entry.kind == shell::MenuKind::Menu) {
+        const QString name = latin1(entry.object);
+        if (entry.kind == OpeningKind::Menu) {
             QMenu *menu = parent != nullptr ? parent->addMenu(latin1(entry.caption))
                                             : menuBar()->addMenu(latin1(entry.caption));
             menu->setObjectName(name);
@@ -104,7 +113,7 @@ void frmMainScreen::buildMenu()
             m_actions.insert(name, menu->menuAction());
             continue;
         }
-        QAction *action = entry.kind == shell::MenuKind::Separator
+        QAction *action = entry.kind == OpeningKind::Separator
                               ? parent->addSeparator()
                               : parent->addAction(latin1(entry.caption));
         action->setObjectName(name);
@@ -157,7 +166,7 @@ void frmMainScreen::buildBoard()
     auto *below = new QHBoxLayout;
     below->setSpacing(0);
     below->addWidget(picSideMenuBar);
-    if (const auto &board = shell::screenEntries().board; !board.isEmpty()) {
+    if (const auto &board = shell::mainBoard(); !board.isEmpty()) {
         below->addWidget(board.make(middle), 1);
     } else {
         m_startPage = new shell::StartPage(middle);
@@ -219,10 +228,11 @@ void frmMainScreen::ApplySideBarColors()
 
 void frmMainScreen::CheckRole()
 {
-    for (const shell::MenuEntry &entry : shell::menuTree()) {
-        if (entry.kind == shell::MenuKind::Entry)
-            m_actions.value(latin1(entry.name))
-                ->setEnabled(isOffered(entry) && shell::isAllowed(entry));
+    for (const Opening &entry : openingTable()) {
+        if (entry.kind == OpeningKind::Entry)
+            m_actions.value(latin1(entry.object))
+                ->setEnabled(openings().isJoined(latin1(entry.name)) &&
+                             rights::isGranted(entry.right));
     }
     // It waits for the start to find the database out of date.
     if (!gbDatabaseOutOfDate)
@@ -234,39 +244,20 @@ bool frmMainScreen::CleanUpParts() const
     return ::CleanUpParts();
 }
 
-bool frmMainScreen::isOffered(const shell::MenuEntry &entry) const
-{
-    const QString name = latin1(entry.name);
-    return m_ownEntries.contains(name) || shell::screenEntries().contains(name);
-}
-
 void frmMainScreen::openEntry(const QString &name)
 {
     base::trapped(module, qPrintable(name + u"_Click"_s), [&] {
-        const shell::MenuEntry *entry = shell::menuEntry(name);
-        if (entry == nullptr)
-            return;
-        if (!shell::isAllowed(*entry))
-            base::showMessage(shell::insufficientRightsMessage());
-        else if (name == u"mnuUpdateDatabase")
+        if (name == u"mnuUpdateDatabase")
             mnuUpdateDatabase_Click();
-        else if (const auto own = m_ownEntries.value(name))
-            own();
-        else
-            shell::screenEntries().open(name);
+        else if (const Opening *entry = menuOpening(name))
+            openings().open(latin1(entry->name), {.mode = entry->mode});
     });
 }
 
 void frmMainScreen::mnuUpdateDatabase_Click()
 {
-    shell::screenEntries().open(u"mnuUpdateDatabase");
+    openings().open(u"mnuUpdateDatabase");
     m_actions.value(u"mnuUpdateDatabase"_s)->setEnabled(false);
-}
-
-void frmMainScreen::mnuExit_Click()
-{
-    if (m_end)
-        m_end();
 }
 
 void frmMainScreen::lblQuickMenu_Click(int index)
@@ -278,10 +269,10 @@ void frmMainScreen::runQuickLink(int index)
 {
     if (!shell::isQuickLinkJoined(index))
         return;
-    const QString entry = latin1(shell::quickLinks()[static_cast<std::size_t>(index)].menuEntry);
-    const auto &board = shell::screenEntries().board;
-    if (!entry.isEmpty())
-        openEntry(entry);
+    const QString opening = latin1(shell::quickLinks()[static_cast<std::size_t>(index)].opening);
+    const auto &board = shell::mainBoard();
+    if (!opening.isEmpty())
+        openings().open(opening);
     else if (index == shell::ReportsLink)
         board.LoadUnloadReportsNavigator(!board.reportsVisible());
     else
@@ -307,7 +298,7 @@ void frmMainScreen::MDIForm_Activate()
     base::trapped(module, "MDIForm_Activate", [this] {
         if (m_startPage != nullptr)
             m_startPage->LoadData();
-        else if (const auto &LoadData = shell::screenEntries().board.LoadData)
+        else if (const auto &LoadData = shell::mainBoard().LoadData)
             LoadData();
     });
     m_activating = false;

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "shell/MenuTree.h"
-
 #include <QHash>
 #include <QMainWindow>
 #include <array>
@@ -18,8 +16,8 @@ class HeaderBar;
 class StartPage;
 } // namespace shell
 
-/// The main window: menus, header, side bar of quick links and the board. It opens what has joined
-/// shell::screenEntries(), as far as the user's rights go.
+/// The main window: menus, header, side bar of quick links and the board. Its menus are those of
+/// the list of what can be opened; an entry that nobody has joined to openings() is disabled.
 class frmMainScreen : public QMainWindow
 {
     Q_OBJECT
@@ -58,16 +56,12 @@ private:
     void setCaptions();
     void ApplyMainFormColors();
     void ApplySideBarColors();
-    [[nodiscard]] bool isOffered(const shell::MenuEntry &entry) const;
     void runQuickLink(int index);
     void mnuUpdateDatabase_Click();
-    void mnuExit_Click();
 
     std::function<void()> m_end;
     QHash<QString, QAction *> m_actions;
     QHash<QString, QMenu *> m_menus;
-    /// What the window does itself, by menu object.
-    QHash<QString, std::function<void()>> m_ownEntries;
 
     shell::HeaderBar *picHeaderBar = nullptr;
     QWidget *picSideMenuBar = nullptr;

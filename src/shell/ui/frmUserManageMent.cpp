@@ -1,6 +1,7 @@
 #include "shell/ui/frmUserManageMent.h"
 
 #include "core/General.h"
+#include "core/ui/Openings.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "platform/grid/GridView.h"
@@ -10,7 +11,6 @@
 #include "platform/input/Theme.h"
 #include "shell/Login.h"
 #include "shell/clsUser_Manager.h"
-#include "shell/ui/ScreenEntries.h"
 #include "shell/ui/frmUserRoles.h"
 
 #include <QApplication>
@@ -23,7 +23,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr auto module = "frmUserManageMent";
-constexpr auto employeeEntry = u"mnuViewEmployee";
+constexpr auto employeeScreen = u"frmEmployee";
 
 /// "17   Miller, Ann"
 QString employeeText(const db::Row &row)
@@ -174,7 +174,7 @@ void frmUserManageMent::EnableControls()
     const bool hasRow = grdUser->currentRow() >= 0;
     for (QWidget *box : std::initializer_list<QWidget *>{txtUserName, txtPassword, cboEmployee})
         box->setEnabled(!browsing || hasRow);
-    cmdEmployee->setEnabled(shell::screenEntries().contains(employeeEntry));
+    cmdEmployee->setEnabled(openings().isJoined(employeeScreen));
     grdUser->setEnabled(browsing);
     cmdAdd->setEnabled(browsing);
     cmdDelete->setEnabled(browsing && hasRow);
@@ -280,7 +280,7 @@ void frmUserManageMent::cmdRole_Click()
 void frmUserManageMent::cmdEmployee_Click()
 {
     const QString chosen = m_employeeIDs.value(cboEmployee->currentIndex());
-    shell::screenEntries().open(employeeEntry);
+    openings().open(employeeScreen);
     RefreshCombo();
     showEmployeeNames();
     const Displaying displaying(*this);

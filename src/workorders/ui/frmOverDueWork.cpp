@@ -1,8 +1,9 @@
 #include "workorders/ui/frmOverDueWork.h"
 
 #include "core/General.h"
-#include "core/Session.h"
+#include "core/OpeningTable.h"
 #include "core/ui/ListGrid.h"
+#include "core/ui/Openings.h"
 #include "core/ui/ScreenCalls.h"
 #include "parts/ui/Entries.h"
 #include "platform/base/Environment.h"
@@ -13,7 +14,6 @@
 #include "platform/input/Theme.h"
 #include "scheduling/ui/Entries.h"
 #include "workorders/Board.h"
-#include "workorders/ui/BoardReports.h"
 #include "workorders/ui/Entries.h"
 
 #include <QEvent>
@@ -38,10 +38,11 @@ constexpr int BoardDays = 30; ///< services that are overdue for longer are not 
 const QString OpenOrders = u"Open Work Order"_s;
 const QString OverDue = u"Over Due Service"_s;
 
-QString insufficientRights()
+/// What a link of the report tree opens, empty for a heading.
+QString openingNameOf(const QString &link)
 {
-    return u"You do not have sufficient rights to see this report. Please see your system "
-           "administrator"_s;
+    const Opening *row = boardOpening(link);
+    return row != nullptr ? QString::fromLatin1(row->name) : QString();
 }
 
 grid::Style headingStyle()
@@ -210,9 +211,9 @@ grid::Style frmOverDueWork::reportStyle(int row) const
     const grid::GridModel &rows = grdReport->rows();
     if (rows.parentRow(row) < 0)
         return headingStyle();
-    const board::ReportEntry *entry = board::reportEntry(rows.text(row, u"ReportName"));
-    return entry && board::isJoined(*entry) ? grid::Style{}
-                                            : grid::Style{.foreground = theme::disabledColor()};
+    return openings().isJoined(openingNameOf(rows.text(row, u"ReportName")))
+               ? grid::Style{}
+               : grid::Style{.foreground = theme::disabledColor()};
 }
 
 void frmOverDueWork::applyFonts()
@@ -229,12 +230,12 @@ void frmOverDueWork::ShowReports()
     rows.clear();
     QString parent;
     int parentRow = -1;
-    for (const board::ReportEntry &entry : board::reportEntries()) {
-        if (const QString title = QString::fromLatin1(entry.parent); title != parent) {
+    for (const Opening *report : boardOpenings()) {
+        if (const QString title = QString::fromLatin1(report->boardParent); title != parent) {
             parent = title;
             parentRow = rows.insertRow({{u"ReportName"_s, title}});
         }
-        rows.insertRow({{u"ReportName"_s, QString::fromLatin1(entry.caption)}}, parentRow);
+        rows.insertRow({{u"ReportName"_s, QString::fromLatin1(report->boardCaption)}}, parentRow);
     }
     for (int row = 0; row < rows.rowCount(); ++row) {
         if (rows.parentRow(row) < 0)
@@ -338,10 +339,7 @@ void frmOverDueWork::cmdToolbar_Click(int index)
     case RecordOrders:
         return ShowCompleteWorkorder();
     case Reading:
-        if (gRights.EqCountSheet)
-            ShowEquipmentReading();
-        else
-            base::showMessage(insufficientRights());
+        openings().open(u"frmEquipmentReading");
         return;
     case NewPart:
         showPartDetail(Mode::Add, u"0"_s);
@@ -380,14 +378,7 @@ void frmOverDueWork::grdEquipWithSer_HyperLinkClick(int row)
 void frmOverDueWork::grdReport_HyperLinkClick(int row)
 {
     base::trapped(Module, "grdReport_HyperLinkClick", [&] {
-        const board::ReportEntry *entry =
-            board::reportEntry(grdReport->rows().text(row, u"ReportName"));
-        if (entry == nullptr || !board::isJoined(*entry))
-            return;
-        if (!(gRights.*entry->right))
-            return base::showMessage(insufficientRights());
-        const auto open = screenCalls().openings.value(QString::fromLatin1(entry->opening));
-        open();
+        openings().open(openingNameOf(grdReport->rows().text(row, u"ReportName")));
     });
 }
 

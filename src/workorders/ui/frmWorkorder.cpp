@@ -2,6 +2,7 @@
 
 #include "core/General.h"
 #include "core/Session.h"
+#include "core/ui/Openings.h"
 #include "core/ui/ScreenCalls.h"
 #include "core/ui/Telling.h"
 #include "platform/base/Environment.h"
@@ -167,10 +168,9 @@ void frmWorkorder::unloading()
 
 void frmWorkorder::EnableControls()
 {
-    const ScreenCalls &calls = screenCalls();
     cmdPost->setEnabled(m_recording->hasOrders());
-    cmdPrint->setEnabled(calls.statementReports.contains(PrintedReport));
-    cmdUnschedule->setEnabled(static_cast<bool>(calls.ShowQuickFind));
+    cmdPrint->setEnabled(openings().isJoined(PrintedReport));
+    cmdUnschedule->setEnabled(static_cast<bool>(screenCalls().ShowQuickFind));
 }
 
 // --- The window of dates -------------------------------------------------------------------------
@@ -264,14 +264,15 @@ void frmWorkorder::cmdRefreshWo_Click()
 
 void frmWorkorder::cmdPrint_Click()
 {
-    const auto show = screenCalls().statementReports.value(PrintedReport);
     QList<qint64> generated;
-    if (!show || !m_printing->GenerateWorkorder(generated))
+    if (!openings().isJoined(PrintedReport) || !m_printing->GenerateWorkorder(generated))
         return;
     const QList<qint64> orders = m_printing->tickedOrders() + generated;
     if (orders.isEmpty())
         return base::showMessage(u"Please select workorder to print."_s);
-    (void)show(workorders::statements::printedOrders(numberList(orders)), chkGroupWo->isChecked());
+    openings().open(PrintedReport,
+                    {.query = workorders::statements::printedOrders(numberList(orders)),
+                     .other = chkGroupWo->isChecked()});
     if (base::askYesNo(u"Mark Work Orders as Printed"_s))
         (void)telling(Module, "UpdatePrintColInWorkOrder", false,
                       [&] { return recording::UpdatePrintColInWorkOrder(orders); });
@@ -322,13 +323,14 @@ bool frmWorkorder::postWhatCanBe(QList<qint64> &orders, QDate completed)
 
 void frmWorkorder::printPosted(const QList<qint64> &orders)
 {
-    const auto show = screenCalls().statementReports.value(HistoryReport);
-    if (!show || !base::askYesNo(u"Do you want to print a list of Work Orders posted?"_s))
+    if (!openings().isJoined(HistoryReport) ||
+        !base::askYesNo(u"Do you want to print a list of Work Orders posted?"_s))
         return;
     const QString where = u"where workorderno in (%1)"_s.arg(numberList(orders));
     if (base::askYesNo(u"Do you want to print out each individual Work Order"_s))
-        (void)show(workorders::statements::historyDetail(where), false);
-    (void)show(workorders::statements::historySummary(where), true);
+        openings().open(HistoryReport, {.query = workorders::statements::historyDetail(where)});
+    openings().open(HistoryReport,
+                    {.query = workorders::statements::historySummary(where), .other = true});
 }
 
 // --- Work that no schedule called for ------------------------------------------------------------

@@ -1,7 +1,7 @@
 #include "equipment/ui/DateReading.h"
 
 #include "core/General.h"
-#include "core/ui/ScreenCalls.h"
+#include "core/ui/Openings.h"
 #include "equipment/ui/PageFrame.h"
 #include "equipment/ui/frmInspectionDateReading.h"
 #include "equipment/ui/frmLicenseDateReading.h"
@@ -27,7 +27,8 @@ protected:
     ~DateReadings() override
     {
         screen.reset();
-        screenCalls() = {};
+        openings() = {};
+        gRights = {};
     }
 
     static void addDated(qint64 id, QDate date)
@@ -155,10 +156,9 @@ TEST_F(DateReadings, AFailedSaveKeepsTheSheet)
 TEST_F(DateReadings, LicensesHaveTheirOwnColumnOptionsAndReport)
 {
     QString filter;
-    screenCalls().reports.insert(u"ShowEquipmentLicenseReport"_s, [&](const QString &text) {
-        filter = text;
-        return true;
-    });
+    gRights.LicRenDateReading = true;
+    openings().join(u"ShowEquipmentLicenseReport"_s,
+                    [&](const OpeningArguments &asked) { filter = asked.query; });
     show<frmLicenseDateReading>();
     EXPECT_EQ(screen->objectName(), u"frmLicenseDateReading");
     EXPECT_EQ(sheet().objectName(), u"grdLicensedate");
@@ -176,7 +176,7 @@ TEST_F(DateReadings, LicensesHaveTheirOwnColumnOptionsAndReport)
     EXPECT_EQ(GetOption(u"LicenseDateFrom"_s, true), u"03/15/2023");
     EXPECT_EQ(GetOption(u"LicenseDateTo"_s, true), QString());
     // Without its report the button is off.
-    screenCalls().reports.clear();
+    openings() = {};
     show<frmInspectionDateReading>();
     EXPECT_FALSE(button(u"cmdPrint"_s).isEnabled());
 }

@@ -181,11 +181,10 @@ TEST_F(PrintWork, PrintsOldAndNewOrdersTogetherAndMarksThemWhenAsked)
     const qint64 number = order({{u"EquipmentID"_s, 2}});
     orderService(number, {{u"EquipmentID"_s, 2}});
     QList<std::pair<QString, bool>> printed;
-    screenCalls().statementReports[u"ShowWorkorderReport"_s] = [&](const QString &statement,
-                                                                   bool byCrew) {
-        printed.append({statement, byCrew});
+    openings().join(u"ShowWorkorderReport"_s, [&](const OpeningArguments &asked) {
+        printed.append({asked.query, asked.other});
         return true;
-    };
+    });
     openPrinting();
     prompts.expect(u"Please select workorder to print."_s, Icon::None);
     press("cmdPrint");

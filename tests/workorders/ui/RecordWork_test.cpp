@@ -223,11 +223,10 @@ TEST_F(RecordWork, TheTimesOfAServiceOpenByKey)
 TEST_F(RecordWork, PostingAsksForTheDateAndPrintsWhenWanted)
 {
     QList<std::pair<QString, bool>> printed;
-    screenCalls().statementReports[u"ShowWorkorderHistoryReport"_s] = [&](const QString &statement,
-                                                                          bool summary) {
-        printed.append({statement, summary});
+    openings().join(u"ShowWorkorderHistoryReport"_s, [&](const OpeningArguments &asked) {
+        printed.append({asked.query, asked.other});
         return true;
-    };
+    });
     openRecording();
     prompts.expect(u"No Work Order is selected to post"_s, Icon::None);
     press("cmdPost");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/ui/Openings.h"
 #include "core/ui/ScreenCalls.h"
 #include "core/ui/ScreenDriver.h"
 #include "platform/grid/GridView.h"
@@ -19,6 +20,7 @@ protected:
     {
         screen.reset();
         screenCalls() = {};
+        openings() = {};
     }
 
     void openPrinting(const QString &unitNo = {})
