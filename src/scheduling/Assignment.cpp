@@ -2,6 +2,7 @@
 
 #include "core/General.h"
 #include "core/InTheWay.h"
+#include "core/Periods.h"
 #include "core/RecordStore.h"
 #include "core/Session.h"
 #include "platform/base/Decimal.h"
@@ -25,6 +26,8 @@ const QString CopiedColumns =
     u"Name,CrewID, CostCenterID, Period,Einterval,Renewalon,Mon,tue,wed,thu,Fri, Sat, Sun,FirstW, "
     "SecondW, ThirdW,ForthW, LastW,Dom,Dom1,Dom2,Dom3,Dom4,Dom5,jan,Feb,Mar,Apr,may, jun,jul,aug, "
     "sep, oct,nov, dece, separateWo,LaborEstimate, costEstimate, [note],jobno"_s;
+
+const QString BetweenNumberAndDescription = u"   "_s;
 
 QString joined(const QList<qint64> &ids)
 {
@@ -143,6 +146,18 @@ bool AddServiceRecord(qint64 EquipmentID, const QList<qint64> &ids, Source sourc
     });
 }
 
+db::Recordset servicesOf(qint64 EquipmentID)
+{
+    return gcnData->Open(
+        u"SELECT  tblServiceUsed.ServiceUsedID, tblServiceUsed.JobNo as [Service No],  "
+        "tblServiceUsed.ServiceID,tblServiceUsed.Name, NextScheduledDate as [Next Schedule], "
+        "NextScheduledCount as [Next Count], CrewID as [Service Crew], LaborEstimate as "
+        "[Budgeted Hrs],CostEstimate as [Labor Cost], Einterval as [Interval], %1 AS [Schedule "
+        "Type], tblServiceUsed.SeparateWo  FROM tblServiceUsed where EquipmentId = ?"_s.arg(
+            periods::wordExpression()),
+        {EquipmentID});
+}
+
 bool DeleteServiceRecord(qint64 ServiceUsedID)
 {
     return base::trapped(Module, "DeleteServiceRecord", false, [&] {
@@ -204,6 +219,45 @@ QString refusalOfNextDate(const QDateTime &before, const QDateTime &date)
     if (before.isValid() && (!date.isValid() || date <= before))
         return u"Next Schedule Date should be greater than old date"_s;
     return {};
+}
+
+db::Recordset crewOf(qint64 EquipmentID)
+{
+    return gcnData->Open(
+        u"SELECT EquipmentName, UnitNo, tblEquipment.CrewID, "
+        "IIf(tblCrew.CrewID<>0,(cstr(CrewNumber)+'   '+tblCrew.Description),'  ') AS "
+        "CrewNumber FROM tblEquipment LEFT JOIN tblCrew ON tblEquipment.CrewID = "
+        "tblCrew.CrewID Where Equipmentid = ?"_s,
+        {EquipmentID});
+}
+
+void assignCrew(qint64 EquipmentID, qint64 CrewID, qint64 ShownCrewID)
+{
+    TransactionScope transaction;
+    try {
+        orInTheWay(
+            [&] {
+                const db::Recordset now =
+                    record::hold(*gcnData, u"tblEquipment", u"EquipmentID", EquipmentID);
+                if (now.current().integer(u"CrewID") != ShownCrewID)
+                    throw InTheWay(u"Another workstation has given this machine to another crew "
+                                   "meanwhile, which is shown now. Nothing was stored."_s);
+            },
+            [] {
+                return u"Another workstation is changing this machine. Please try again in a "
+                       "moment."_s;
+            });
+    } catch (const record::Conflict &) {
+        throw InTheWay(u"This machine has been deleted on another workstation. Nothing was "
+                       "stored."_s);
+    }
+    const QStringList former =
+        crewOf(EquipmentID).current().text(u"CrewNumber").split(BetweenNumberAndDescription);
+    if (!ChangeCrew(EquipmentID, former.value(0).trimmed(), former.value(1).trimmed()))
+        return;
+    gcnData->Execute(u"update tblEquipment set CrewID = ? where EquipmentID = ?"_s,
+                     {CrewID, EquipmentID});
+    transaction.commit();
 }
 
 bool ChkEveryServiceCount(qint64 EquipmentID)

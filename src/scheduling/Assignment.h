@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/db/Recordset.h"
+
 #include <QDateTime>
 #include <QList>
 #include <QString>
@@ -21,6 +23,8 @@ enum class Source {
 /// pattern says; a count service has no date and counts on from the machine's newest reading,
 /// asking for a first one where there is none.
 [[nodiscard]] bool AddServiceRecord(qint64 EquipmentID, const QList<qint64> &ids, Source source);
+/// The services of a machine as its page lists them.
+[[nodiscard]] db::Recordset servicesOf(qint64 EquipmentID);
 /// Removes a service with its parts from its machine. Open orders and history keep their rows.
 [[nodiscard]] bool DeleteServiceRecord(qint64 ServiceUsedID);
 /// Writes one column of an assigned service while it holds what was shown; without Shown in any
@@ -37,6 +41,13 @@ enum class Source {
 /// Why a service that was scheduled for a date, the zero date for none, can't be scheduled for
 /// another one; empty when it can.
 [[nodiscard]] QString refusalOfNextDate(const QDateTime &before, const QDateTime &date);
+/// The name, unit number and crew of a machine as one row: EquipmentName, UnitNo, CrewNumber
+/// (number and description, blank without a crew) and CrewID. No row when it is not there.
+[[nodiscard]] db::Recordset crewOf(qint64 EquipmentID);
+/// Gives a machine to a crew, and its former one to the crew history. In a transaction of its own
+/// or the one that is open. Raises InTheWay when the machine is gone, is held by another
+/// workstation, or has another crew than ShownCrewID by now.
+void assignCrew(qint64 EquipmentID, qint64 CrewID, qint64 ShownCrewID);
 /// Sees to a first reading and a target for each count service of the machine that has no reading
 /// of its type.
 [[nodiscard]] bool ChkEveryServiceCount(qint64 EquipmentID);

@@ -43,6 +43,14 @@ Reading newest(qint64 EquipmentID, const QString &countType)
     return {rows.current().date(u"Changedate"), rows.current().integer(u"Countvalue")};
 }
 
+db::Recordset list(qint64 EquipmentID)
+{
+    return gcnData->Open(
+        u"Select Changedate as [Count Date], CountType as [Count Type], CountValue as [Count "
+        "Value] from tblEquipmentCount Where EquipmentID = ?"_s,
+        {EquipmentID});
+}
+
 bool hasAny(qint64 EquipmentID, const QString &countType)
 {
     return !gcnData

@@ -26,6 +26,8 @@ struct Reading
 
 /// The newest reading of a machine: by date, and of one date the highest.
 [[nodiscard]] Reading newest(qint64 EquipmentID, const QString &countType);
+/// All readings of a machine as its page lists them.
+[[nodiscard]] db::Recordset list(qint64 EquipmentID);
 /// True when the machine has any reading of that type.
 [[nodiscard]] bool hasAny(qint64 EquipmentID, const QString &countType);
 /// True while a service of that type is on an open order of the machine: no reading may then be

@@ -127,8 +127,7 @@ void change(const AssignedService &service, const std::optional<AssignedService>
 void followTheMeter(qint64 serviceUsedID)
 {
     const AssignedService service = AssignedService::fromRow(
-        gcnData->Open(u"Select * from tblServiceUsed where ServiceUsedID = ?"_s, {serviceUsedID})
-            .row(0));
+        clsServicesManager().GetServiceInfo(serviceUsedID, ServiceStore::Assigned).row(0));
     const AssignedSchedule &schedule = service;
     QString countType = readings::countType(service.Period);
     if (countType.isEmpty())
@@ -230,6 +229,14 @@ QString clsServicesManager::CanDeletePart(qint64 ServiceID) const
     return IsRecordUsed(u"tblServiceUsed"_s, u"ServiceID"_s, QString::number(ServiceID), u"N"_s)
                ? u"Service Used"_s
                : QString();
+}
+
+db::Recordset clsServicesManager::GetServiceInfo(qint64 ServiceID, ServiceStore Store) const
+{
+    return gcnData->Open(Store == ServiceStore::Assigned
+                             ? u"Select * from tblServiceUsed where ServiceUsedID = ?"_s
+                             : u"Select * from tblServices where ServiceID = ?"_s,
+                         {ServiceID});
 }
 
 db::Recordset clsServicesManager::GetCostCenterInfo() const

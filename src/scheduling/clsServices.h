@@ -73,6 +73,8 @@ public:
     /// "Service Used" while a machine has the catalogue service, else empty. It guards the service,
     /// in spite of its name.
     [[nodiscard]] QString CanDeletePart(qint64 ServiceID) const;
+    /// The row of a service, no row when it is not there.
+    [[nodiscard]] db::Recordset GetServiceInfo(qint64 ServiceID, ServiceStore Store) const;
     /// All cost centers. Lookup.
     [[nodiscard]] db::Recordset GetCostCenterInfo() const;
     /// Writes the three dates of an assignment; the zero date stores Null.

@@ -1,7 +1,10 @@
 #include "scheduling/Assignment.h"
 
+#include "core/RecordStore.h"
 #include "scheduling/Fleet.h"
 #include "scheduling/Readings.h"
+#include "scheduling/RequiredParts.h"
+#include "support/Raised.h"
 
 #include <gtest/gtest.h>
 
@@ -147,6 +150,42 @@ TEST_F(AssignmentTest, RemovalTakesThePartsAlongAndLeavesOrdersAlone)
     EXPECT_EQ(onlyService(1).integer(u"ServiceUsedID"), other);
     EXPECT_EQ(count(u"tblServiceUsedPart"_s), 1);
     EXPECT_EQ(count(u"tblWoServiceUsed"_s), 1);
+}
+
+TEST_F(AssignmentTest, ACrewIsGivenOnlyWhileTheMachineHasTheOneShown)
+{
+    EXPECT_NO_THROW(assignment::assignCrew(1, crew, 0));
+    EXPECT_EQ(
+        test::raisedBy([] { assignment::assignCrew(1, 99, 0); }).description(),
+        u"Another workstation has given this machine to another crew meanwhile, which is shown "
+        "now. Nothing was stored."_s);
+    EXPECT_EQ(test::raisedBy([] { assignment::assignCrew(77, 99, 0); }).description(),
+              u"This machine has been deleted on another workstation. Nothing was stored."_s);
+    EXPECT_EQ(value(u"Select CrewID from tblEquipment where EquipmentID = 1"_s), crew);
+    EXPECT_EQ(count(u"tblEquipmentCrewHistory"_s), 1);
+    EXPECT_FALSE(gbInTransaction);
+}
+
+TEST_F(AssignmentTest, ALineOfPartsIsChangedOnlyWhileItHoldsWhatWasShown)
+{
+    catalogue(55);
+    requiredparts::add(ServiceStore::Catalogue, 55, {{u"F1"_s, 2, 4.5, 0}, {u"F2"_s, 1, 1, 0}});
+    const auto change = [](const QString &part, const QVariant &quantity, const QVariant &shown) {
+        requiredparts::change(ServiceStore::Catalogue, 55, part, u"QuantityRequired"_s, quantity,
+                              shown);
+    };
+    change(u"F1"_s, 3, 2.0);
+    try {
+        change(u"F1"_s, 4, 2.0);
+        ADD_FAILURE() << "written over another one's quantity";
+    } catch (const record::Conflict &conflict) {
+        EXPECT_EQ(conflict.differences().front().theirs, 3);
+    }
+    EXPECT_EQ(test::raisedBy([&] { change(u"F3"_s, 4, 2.0); }).description(),
+              u"Part \"F3\" has been removed from this service on another workstation. Nothing was "
+              "stored."_s);
+    requiredparts::remove(ServiceStore::Catalogue, 55, u"F2"_s);
+    EXPECT_EQ(found(u"Select PartID, QuantityRequired, Price from tblServicesPart"_s), u"F1|3|4.5");
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 #include "scheduling/ui/CountPage.h"
 
-#include "core/Session.h"
 #include "core/ui/ListGrid.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
@@ -54,10 +53,7 @@ void CountPage::RefreshCountGrid(qint64 EquipmentID)
 {
     base::trapped(Module, "RefreshCountGrid", [&] {
         m_equipment = EquipmentID;
-        const db::Recordset counts = gcnData->Open(
-            u"Select Changedate as [Count Date], CountType as [Count Type], CountValue as [Count "
-            "Value] from tblEquipmentCount Where EquipmentID = ?"_s,
-            {m_equipment});
+        const db::Recordset counts = readings::list(m_equipment);
         grdCount->rows().setRecordset(counts);
         m_trend->show(counts);
         grdCount->selectRow(grdCount->displayedOrder().value(0, -1));

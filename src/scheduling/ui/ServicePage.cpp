@@ -1,6 +1,7 @@
 #include "scheduling/ui/ServicePage.h"
 
 #include "core/General.h"
+#include "core/Periods.h"
 #include "core/Session.h"
 #include "core/ui/CellWrite.h"
 #include "core/ui/ListGrid.h"
@@ -111,16 +112,7 @@ void ServicePage::RefreshServiceGrid(qint64 EquipmentID)
         const int current = grdService->currentRow();
         const qint64 kept = current >= 0 && EquipmentID == m_equipment ? serviceOf(current) : 0;
         m_equipment = EquipmentID;
-        rows.setRecordset(gcnData->Open(
-            u"SELECT  tblServiceUsed.ServiceUsedID, tblServiceUsed.JobNo as [Service No],  "
-            "tblServiceUsed.ServiceID,tblServiceUsed.Name, NextScheduledDate as [Next Schedule], "
-            "NextScheduledCount as [Next Count], CrewID as [Service Crew], LaborEstimate as "
-            "[Budgeted Hrs],CostEstimate as [Labor Cost], Einterval as [Interval], Switch( Period= "
-            "'D' ,'Days', Period='W','Weeks', Period='M','Months', Period='Y','Years', "
-            "Period='C','Counts', Period='H','Hours', Period='K','Kilometers', Period='I','Miles') "
-            "AS [Schedule Type], tblServiceUsed.SeparateWo  FROM tblServiceUsed where EquipmentId "
-            "= ?"_s,
-            {m_equipment}));
+        rows.setRecordset(assignment::servicesOf(m_equipment));
         rows.column(u"Service Crew").choices = crewChoices();
         rows.columnsChanged();
         // 0 is no count: the service waits for none.
@@ -229,11 +221,11 @@ void ServicePage::cmdRemoveService_Click()
 
 bool ServicePage::grdService_Edit(int row, const QString &column) const
 {
-    const QString type = grdService->rows().text(row, u"Schedule Type");
+    const periods::Period *period = periods::ofWord(grdService->rows().text(row, u"Schedule Type"));
     if (is(column, u"Next Count"))
-        return !QStringList{u"Weeks"_s, u"Days"_s, u"Months"_s, u"Years"_s}.contains(type);
+        return !period || period->isCount;
     if (is(column, u"Next Schedule"))
-        return !QStringList{u"Miles"_s, u"Kilometers"_s, u"Hours"_s}.contains(type);
+        return !period || !period->isCount || period->code == u'C';
     return true;
 }
 
@@ -248,7 +240,23 @@ bool ServicePage::grdService_Change(int row, const QString &column, const QVaria
         QMetaObject::invokeMethod(
             this, [this] { RefreshServiceGrid(); }, Qt::QueuedConnection);
     }
+    // The change is stored even where what follows from it can't be worked out.
+    if (changed == true)
+        showWhatFollows(row, column);
     return changed.value_or(false);
+}
+
+void ServicePage::showWhatFollows(int row, const QString &column)
+{
+    grid::GridModel &rows = grdService->rows();
+    if (is(column, u"Next Count") && rows.value(row, u"Next Schedule").isNull()) {
+        const QDateTime reached = assignment::UpdateDateIfReached(serviceOf(row));
+        if (reached.isValid())
+            rows.setValue(row, u"Next Schedule", reached);
+    } else if (is(column, u"Service Crew") || is(column, u"Budgeted Hrs")) {
+        if (const std::optional<double> cost = assignment::UpdateLabourCost(serviceOf(row)))
+            rows.setValue(row, u"Labor Cost", *cost);
+    }
 }
 
 bool ServicePage::changeCell(int row, const QString &column, const QVariant &value)
@@ -262,11 +270,7 @@ bool ServicePage::changeCell(int row, const QString &column, const QVariant &val
     if (is(column, u"Labor Cost"))
         return update(row, column, u"CostEstimate"_s, value);
     const QString field = is(column, u"Service Crew") ? u"CrewID"_s : u"LaborEstimate"_s;
-    if (!update(row, column, field, value))
-        return false;
-    if (const std::optional<double> cost = assignment::UpdateLabourCost(serviceOf(row)))
-        grdService->rows().setValue(row, u"Labor Cost", *cost);
-    return true;
+    return update(row, column, field, value);
 }
 
 bool ServicePage::update(int row, const QString &column, const QString &field,
@@ -305,10 +309,5 @@ bool ServicePage::changeNextCount(int row, const QVariant &value)
     }
     if (ServiceInWorkOrder(service) && !orderwarning::confirmCountInGrid())
         return false;
-    if (!update(row, u"Next Count"_s, u"NextScheduledCount"_s, value))
-        return false;
-    if (grdService->rows().value(row, u"Next Schedule").isNull())
-        if (const QDateTime reached = assignment::UpdateDateIfReached(service); reached.isValid())
-            grdService->rows().setValue(row, u"Next Schedule", reached);
-    return true;
+    return update(row, u"Next Count"_s, u"NextScheduledCount"_s, value);
 }

@@ -51,6 +51,9 @@ private:
     [[nodiscard]] bool changeCell(int row, const QString &column, const QVariant &value);
     [[nodiscard]] bool changeNextSchedule(int row, const QVariant &value);
     [[nodiscard]] bool changeNextCount(int row, const QVariant &value);
+    /// The labour cost that follows from crew and hours, and the date that a waiting service gets
+    /// of the reading that has reached its new count.
+    void showWhatFollows(int row, const QString &column);
     /// Writes a changed cell into its field.
     [[nodiscard]] bool update(int row, const QString &column, const QString &field,
                               const QVariant &value);

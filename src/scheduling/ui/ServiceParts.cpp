@@ -1,7 +1,10 @@
 #include "scheduling/ui/ServiceParts.h"
 
+#include "core/InTheWay.h"
 #include "core/Session.h"
+#include "core/ui/CellWrite.h"
 #include "core/ui/ListGrid.h"
+#include "core/ui/Telling.h"
 #include "parts/PartSelection.h"
 #include "parts/ui/Entries.h"
 #include "platform/base/Decimal.h"
@@ -9,6 +12,7 @@
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "platform/input/Theme.h"
+#include "scheduling/RequiredParts.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -82,26 +86,12 @@ void ServiceParts::buildBox()
     setFocusProxy(grdPartUsed);
 }
 
-QString ServiceParts::table() const
-{
-    return m_store == ServiceStore::Catalogue ? u"tblServicesPart"_s : u"tblServiceUsedPart"_s;
-}
-
-QString ServiceParts::keyColumn() const
-{
-    return m_store == ServiceStore::Catalogue ? u"ServiceID"_s : u"ServiceUsedID"_s;
-}
-
 void ServiceParts::RefreshPartGrid(qint64 key)
 {
     m_key = key;
     base::trapped(Module, "RefreshPartGrid", [&] {
         const int row = grdPartUsed->currentRow();
-        grdPartUsed->rows().setRecordset(gcnData->Open(
-            u"Select  tblPart.PartID as [Part Number], Description, QuantityRequired as [Qty Req], "
-            "%1.Price  From %1 left join tblPart on %1.PartID = tblPart.PartID where %2 = ?"_s.arg(
-                table(), keyColumn()),
-            {m_key}));
+        grdPartUsed->rows().setRecordset(requiredparts::list(m_store, m_key));
         grdPartUsed->selectRow(qMin(qMax(row, 0), grdPartUsed->rows().rowCount() - 1));
     });
     EnableControls();
@@ -138,13 +128,22 @@ void ServiceParts::EnableControls()
 }
 
 /// A failure undoes all that the transaction holds, so that no half of a change is saved later.
-bool ServiceParts::write(const char *procedure, const std::function<void()> &change)
+/// Where another workstation was in the way nothing was written, and what was changed before stays.
+template<class Body>
+bool ServiceParts::write(const char *procedure, Body &&change)
 {
-    return base::trapped(Module, procedure, false, [&] {
+    const bool holdsEdit = gbInTransaction;
+    return telling(Module, procedure, false, [&] {
         TransactionScope transaction;
-        change();
-        transaction.leaveOpen();
-        return true;
+        try {
+            const bool done = change();
+            transaction.leaveOpen();
+            return done;
+        } catch (const InTheWay &) {
+            if (holdsEdit)
+                transaction.leaveOpen();
+            throw;
+        }
     });
 }
 
@@ -164,10 +163,8 @@ void ServiceParts::cmdAddPart_Click()
     if (!frmPartManagerEntry::ShowServiceManager(selection, true))
         return;
     const bool added = write("cmdAddPart_Click", [&] {
-        for (const parts::Chosen &part : parts::parseSelection(selection))
-            gcnData->Execute(u"insert into %1(PartID,%2,QuantityRequired,Price,SupplierID) "
-                             "values(?,?,?,?,?)"_s.arg(table(), keyColumn()),
-                             {part.PartID, m_key, part.Quantity, part.Price, part.SupplierID});
+        requiredparts::add(m_store, m_key, parts::parseSelection(selection));
+        return true;
     });
     RefreshPartGrid(m_key);
     if (added)
@@ -180,8 +177,8 @@ void ServiceParts::cmdRemove_Click()
     if (row < 0 || !base::askYesNo(u"Are you sure you want to Delete this record?"_s))
         return;
     const bool removed = write("cmdRemove_Click", [&] {
-        gcnData->Execute(u"Delete from %1 where partID = ? and %2 = ?"_s.arg(table(), keyColumn()),
-                         {grdPartUsed->rows().text(row, u"Part Number"), m_key});
+        requiredparts::remove(m_store, m_key, grdPartUsed->rows().text(row, u"Part Number"));
+        return true;
     });
     RefreshPartGrid(m_key);
     if (removed)
@@ -191,13 +188,16 @@ void ServiceParts::cmdRemove_Click()
 bool ServiceParts::SavePartGirdChanges(int row, const QString &column, const QVariant &value)
 {
     grid::GridModel &rows = grdPartUsed->rows();
-    const bool isQuantity = column.compare(u"Qty Req", Qt::CaseInsensitive) == 0;
-    const double quantity = isQuantity ? value.toDouble() : rows.value(row, u"Qty Req").toDouble();
-    const double price = isQuantity ? rows.value(row, u"Price").toDouble() : value.toDouble();
+    const QString field =
+        column.compare(u"Qty Req", Qt::CaseInsensitive) == 0 ? u"QuantityRequired"_s : u"Price"_s;
+    // An emptied cell is the 0 that is stored for it.
+    const QVariant stored = value.isNull() ? QVariant(0) : value;
     const bool saved = write("SavePartGirdChanges", [&] {
-        gcnData->Execute(u"Update %1 set QuantityRequired = ?, Price = ? where PartID = ? and "
-                         "%2 = ?"_s.arg(table(), keyColumn()),
-                         {quantity, price, rows.text(row, u"Part Number"), m_key});
+        return writeCell(rows, row, column, value, [&](const std::optional<QVariant> &shown) {
+            requiredparts::change(m_store, m_key, rows.text(row, u"Part Number"), field, stored,
+                                  shown);
+            return true;
+        });
     });
     if (!saved) {
         // Not before the grid is done with the cell.
@@ -205,7 +205,6 @@ bool ServiceParts::SavePartGirdChanges(int row, const QString &column, const QVa
             this, [this] { RefreshPartGrid(m_key); }, Qt::QueuedConnection);
         return false;
     }
-    // An emptied cell is the 0 that was stored for it.
     if (value.isNull())
         rows.setValue(row, column, 0.0);
     return true;

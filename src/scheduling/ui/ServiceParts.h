@@ -39,14 +39,13 @@ Q_SIGNALS:
 
 private:
     void buildBox();
-    [[nodiscard]] bool write(const char *procedure, const std::function<void()> &change);
+    template<class Body>
+    [[nodiscard]] bool write(const char *procedure, Body &&change);
     void cmdAddPart_Click();
     void cmdRemove_Click();
     [[nodiscard]] bool SavePartGirdChanges(int row, const QString &column, const QVariant &value);
     void showCost();
     void EnableControls();
-    [[nodiscard]] QString table() const;
-    [[nodiscard]] QString keyColumn() const;
 
     ServiceStore m_store;
     qint64 m_key = 0;

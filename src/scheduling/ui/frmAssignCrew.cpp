@@ -1,11 +1,11 @@
 #include "scheduling/ui/frmAssignCrew.h"
 
-#include "core/General.h"
-#include "core/Session.h"
 #include "core/ui/LookupCombo.h"
+#include "core/ui/Telling.h"
 #include "platform/base/Trapped.h"
 #include "platform/input/FormBuilder.h"
 #include "platform/input/Theme.h"
+#include "scheduling/Assignment.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -15,7 +15,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr const char *Module = "frmAssignCrew";
-const QString BetweenNumberAndDescription = u"   "_s;
 
 } // namespace
 
@@ -47,17 +46,14 @@ void frmAssignCrew::load()
 {
     base::trapped(Module, "ShowAssignCrewForm", [this] {
         loadCrews(*cboCrew);
-        const db::Recordset rows = gcnData->Open(
-            u"SELECT EquipmentName, UnitNo, "
-            "IIf(tblCrew.CrewID<>0,(cstr(CrewNumber)+'   '+tblCrew.Description),'  ') AS "
-            "CrewNumber FROM tblEquipment LEFT JOIN tblCrew ON tblEquipment.CrewID = "
-            "tblCrew.CrewID Where Equipmentid = ?"_s,
-            {m_equipment});
+        const db::Recordset rows = assignment::crewOf(m_equipment);
         if (rows.isEmpty())
             return;
-        lblUnitNo->setText(rows.current().text(u"UnitNo"));
-        lblEquipmentName->setText(rows.current().text(u"EquipmentName"));
-        m_oldCrew = rows.current().text(u"CrewNumber");
+        const db::Row machine = rows.current();
+        lblUnitNo->setText(machine.text(u"UnitNo"));
+        lblEquipmentName->setText(machine.text(u"EquipmentName"));
+        m_shownCrew = machine.integer(u"CrewID");
+        m_oldCrew = machine.text(u"CrewNumber");
         cboCrew->selectText(m_oldCrew);
     });
 }
@@ -68,16 +64,15 @@ void frmAssignCrew::cmdUpdate_Click()
         unload();
         return;
     }
-    const QStringList old = m_oldCrew.split(BetweenNumberAndDescription);
-    m_saved = base::trapped(Module, "cmdUpdate_Click", false, [&] {
-        TransactionScope transaction;
-        if (!ChangeCrew(m_equipment, old.value(0).trimmed(), old.value(1).trimmed()))
-            return false;
-        gcnData->Execute(u"update tblEquipment set CrewID = ? where EquipmentID = ?"_s,
-                         {cboCrew->id(), m_equipment});
-        transaction.commit();
+    m_saved = telling(Module, "cmdUpdate_Click", false, [&] {
+        assignment::assignCrew(m_equipment, cboCrew->id(), m_shownCrew);
         return true;
     });
-    if (m_saved)
+    if (m_saved) {
         unload();
+        return;
+    }
+    const qint64 chosen = cboCrew->id();
+    load();
+    cboCrew->select(chosen);
 }

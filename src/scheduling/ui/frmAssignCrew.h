@@ -26,6 +26,7 @@ private:
     void cmdUpdate_Click();
 
     qint64 m_equipment;
+    qint64 m_shownCrew = 0;
     QString m_oldCrew; ///< number, three blanks, description; blank for none
     bool m_saved = false;
 

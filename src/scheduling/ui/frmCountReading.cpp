@@ -1,6 +1,6 @@
 #include "scheduling/ui/frmCountReading.h"
 
-#include "core/Session.h"
+#include "core/Periods.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Error.h"
 #include "platform/base/Prompts.h"
@@ -10,6 +10,7 @@
 #include "platform/input/IdCombo.h"
 #include "platform/input/Leaving.h"
 #include "platform/input/Theme.h"
+#include "scheduling/Assignment.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -65,7 +66,9 @@ void frmCountReading::buildForm(const QString &serviceName)
     }
     if (choosesType()) {
         cboCountType = form.comboField(u"cboCountType"_s, u"Count &Type:"_s);
-        cboCountType->add({u"Counts"_s, u"Hours"_s, u"Kilometers"_s, u"Miles"_s});
+        for (const periods::Period &each : periods::all())
+            if (each.isCount)
+                cboCountType->add(QStringList(each.word.toString()));
         cboCountType->selectText(u"Counts"_s);
         connect(cboCountType, &QComboBox::activated, this, [this] {
             m_typeChanged = true;
@@ -140,9 +143,9 @@ bool frmCountReading::AddCount(const QString &periodCode)
     return base::trapped(Module, "AddCount", false, [&] {
         const QString type = chosenType();
         // Told ahead of the consequences, which go by the service's type.
-        if (m_service != 0 && m_typeChanged)
-            gcnData->Execute(u"Update tblServiceUsed set period = ? where ServiceUsedID = ?"_s,
-                             {periodCode, m_service});
+        if (m_service != 0 && m_typeChanged &&
+            !assignment::UpdateEquipmentService(m_service, u"Period"_s, periodCode))
+            return false;
         readings::add(m_equipment, base::wallClock(datCountDate->date()), type,
                       readingOf(txtCountValue->text()));
         m_type = type;

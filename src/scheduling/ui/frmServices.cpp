@@ -2,6 +2,7 @@
 
 #include "core/Flag.h"
 #include "core/General.h"
+#include "core/Periods.h"
 #include "core/Permission.h"
 #include "core/Session.h"
 #include "core/ui/Combos.h"
@@ -39,15 +40,6 @@ namespace {
 
 constexpr const char *Module = "frmServices";
 const QString Renewals[] = {u"W"_s, u"S"_s, u"D"_s};
-
-/// The period code of the word that the list shows; empty for another text.
-QString codeOf(const QString &word)
-{
-    for (const QString &code : {u"D"_s, u"W"_s, u"M"_s, u"Y"_s, u"C"_s, u"H"_s, u"K"_s, u"I"_s})
-        if (PeriodWord(code) == word)
-            return code;
-    return {};
-}
 
 QString dateText(const QDateTime &date)
 {
@@ -114,7 +106,8 @@ bool frmServices::mayEdit() const
 
 QString frmServices::period() const
 {
-    return codeOf(cboRenewalPeriod->currentText());
+    const periods::Period *chosen = periods::ofWord(cboRenewalPeriod->currentText());
+    return chosen ? chosen->code.toString() : QString();
 }
 
 /// The code of the way of renewal that is chosen; empty while none is.
@@ -195,10 +188,7 @@ void frmServices::RefreshCostCenters()
 void frmServices::RefreshRecordSet()
 {
     base::trapped(Module, "RefreshRecordSet", [this] {
-        const db::Recordset rows =
-            isAssigned()
-                ? gcnData->Open(u"Select * from tblServiceUsed where ServiceUsedID = ?"_s, {m_key})
-                : gcnData->Open(u"Select * from tblServices where ServiceID = ?"_s, {m_key});
+        const db::Recordset rows = clsServicesManager().GetServiceInfo(m_key, m_store);
         if (rows.isEmpty())
             ClearData();
         else

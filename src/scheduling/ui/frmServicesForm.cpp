@@ -1,4 +1,5 @@
 #include "core/General.h"
+#include "core/Periods.h"
 #include "core/ui/ScreenCalls.h"
 #include "organisation/ui/Entries.h"
 #include "platform/input/CurrencyInput.h"
@@ -181,8 +182,8 @@ void frmServices::joinBudgetRules()
 
 void frmServices::joinScheduleRules()
 {
-    cboRenewalPeriod->add({u"Days"_s, u"Weeks"_s, u"Months"_s, u"Years"_s, u"Counts"_s, u"Hours"_s,
-                           u"Kilometers"_s, u"Miles"_s});
+    for (const periods::Period &each : periods::all())
+        cboRenewalPeriod->add(QStringList(each.word.toString()));
     connect(cboRenewalPeriod, &QComboBox::activated, this, &frmServices::cboRenewalPeriod_Click);
     for (QRadioButton *option : {OptWOC, OptSOS, OptDSA})
         connect(option, &QRadioButton::clicked, this, &frmServices::EnableLogicControl);

@@ -173,6 +173,41 @@ TEST_F(ServicePageTest, ANextCountThatTheMeterHasReachedBringsTheReadingsDate)
     EXPECT_EQ(stored(u"NextScheduledCount"_s), 500);
 }
 
+TEST_F(ServicePageTest, ACellThatAnotherWorkstationChangedIsAskedAboutAndAGoneServiceTold)
+{
+    show({{u"LaborEstimate"_s, 2}, {u"CostEstimate"_s, 40}});
+    const auto other = database.open();
+    const auto change = [&](double hours) {
+        other->Execute(u"Update tblServiceUsed set LaborEstimate = ?"_s, {hours});
+    };
+    const QString question = u"Another workstation has changed Budgeted Hrs meanwhile: yours "
+                             "\"3.00\", theirs \"%1\". Do you want to store yours?"_s;
+    change(5);
+    ask(question.arg(u"5.00"_s), false);
+    EXPECT_FALSE(edit(u"Budgeted Hrs"_s, 3));
+    EXPECT_EQ(stored(u"LaborEstimate"_s), 5);
+    EXPECT_EQ(page.grid()->rows().text(0, u"Budgeted Hrs"), u"5.00"_s);
+    RollbackTrans();
+    change(6);
+    ask(question.arg(u"6.00"_s), true);
+    EXPECT_TRUE(edit(u"Budgeted Hrs"_s, 3));
+    EXPECT_EQ(stored(u"LaborEstimate"_s), 3);
+    EXPECT_EQ(stored(u"CostEstimate"_s), 60);
+
+    RollbackTrans();
+    other->BeginTrans();
+    change(7);
+    say(u"Another workstation is changing this service. Please try again in a moment."_s);
+    EXPECT_FALSE(edit(u"Interval"_s, 3));
+    other->Execute(u"Delete from tblServiceUsed"_s);
+    other->CommitTrans();
+    say(u"This service has been removed from its machine on another workstation. Nothing was "
+        "stored."_s);
+    EXPECT_FALSE(edit(u"Interval"_s, 3));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(page.grid()->rows().rowCount(), 0) << "the list shows what is left";
+}
+
 TEST_F(ServicePageTest, AddsFromTheCatalogueWhatTheMachineLacks)
 {
     catalogue(100);
