@@ -149,6 +149,7 @@ TEST_F(MainScreen, PasswordsAreForThoseWhoLoggedInAndUsersForTheAdministrator)
         open();
         EXPECT_EQ(visible(u"munPasswords"_s), each.passwords) << qPrintable(each.user);
         EXPECT_EQ(visible(u"mnuusrmanagement"_s), each.users) << qPrintable(each.user);
+        EXPECT_EQ(openings().isJoined(u"frmUserManageMent"), each.users) << "hidden is not enough";
     }
     EXPECT_EQ(named<QLabel>(*window, u"lblUser"_s).text(), u"User: ADMIN"_s);
     test::onNextModal([](QWidget &form) {

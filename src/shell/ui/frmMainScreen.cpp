@@ -86,7 +86,8 @@ void frmMainScreen::joinOwnEntries()
             end();
     });
     all.join(u"frmChangePassword"_s, [] { frmChangePassword::ShowSystemSettings(); });
-    all.join(u"frmUserManageMent"_s, [] { frmUserManageMent::ShowUserManagement(); });
+    if (gsLoginUser == administrator)
+        all.join(u"frmUserManageMent"_s, [] { frmUserManageMent::ShowUserManagement(); });
     all.join(u"mnuQuorvantisHelp"_s, [] { help::showHelp(QApplication::activeWindow()); });
     all.join(u"frmAbout"_s, [] { frmAbout::ShowAbout(); });
     // What has no target on this computer is not offered.
