@@ -1,0 +1,68 @@
+#include "app/Screens.h"
+#include "core/CompanySession.h"
+#include "core/OpeningTable.h"
+#include "core/Permission.h"
+#include "core/ui/Openings.h"
+#include "core/ui/ScreenCalls.h"
+#include "core/ui/ScreenDriver.h"
+#include "shell/ui/MainBoard.h"
+#include "support/ScriptedPrompts.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The whole program's roads, for a user without any right.
+class Roads : public test::CompanySession
+{
+protected:
+    Roads()
+    {
+        gRights = {};
+        app::joinScreens();
+    }
+    ~Roads() override
+    {
+        openings() = {};
+        screenCalls() = {};
+        shell::mainBoard() = {};
+    }
+    void expectRefusal(bool Rights::*right)
+    {
+        prompts.expect(rights::refusal(right), base::Prompts::Icon::Information);
+    }
+
+    test::ScriptedPrompts prompts;
+};
+
+} // namespace
+
+TEST_F(Roads, WhatNeedsARightOpensForNobodyWithoutIt)
+{
+    int refused = 0;
+    for (const Opening &row : openingTable()) {
+        const QString name = QString::fromLatin1(row.name);
+        if (row.right == nullptr || !openings().isJoined(name))
+            continue;
+        expectRefusal(row.right);
+        EXPECT_FALSE(openings().open(name)) << row.name;
+        ++refused;
+    }
+    EXPECT_GT(refused, 0);
+}
+
+TEST_F(Roads, NoAddEntryAddsForThoseWhoMayNot)
+{
+    expectRefusal(rights::Services.add);
+    openings().open(u"frmServices", {.mode = Mode::Add});
+    const std::pair<QStringView, bool Rights::*> screens[] = {
+        {u"frmEquipment", rights::Machines.add}, {u"frmPart", rights::Parts.add}};
+    for (const auto &[name, right] : screens) {
+        expectRefusal(right);
+        test::inScreen([name = name] { openings().open(name, {.mode = Mode::Add}); },
+                       [](const test::ScreenDriver &screen) {
+                           EXPECT_FALSE(screen.isShown("cmdUpdate"));
+                           screen.press("cmdExit");
+                       });
+    }
+}
