@@ -3,6 +3,8 @@
 #include "core/OpeningTable.h"
 #include "core/ui/MayDo.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 void Openings::insert(const QString &name, Open open)
@@ -10,7 +12,7 @@ void Openings::insert(const QString &name, Open open)
     if (openingOf(name) == nullptr)
         throw base::Error(base::ErrorNumber::NoSuchItem,
                           u"There is nothing to open under the name \"%1\""_s.arg(name));
-    m_functions.insert(name, std::move(open));
+    m_functions[name] = std::move(open);
 }
 
 bool Openings::isJoined(QStringView name) const
