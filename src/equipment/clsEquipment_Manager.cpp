@@ -90,8 +90,8 @@ constexpr record::Field<clsEquipment> Fields[] = {
     {u"LifeYears", &clsEquipment::LifeYears},
 };
 
-/// What goes with a machine, in an order that matters: part history is found through the service
-/// history, so it goes first.
+/// What goes with a machine, in an order that matters: parts are found through their services, so
+/// they go first.
 constexpr QStringView Cascade[] = {
     u"Delete from tblEquipment where EquipmentID = ?",
     u"Delete from tblEquipmentDepreciation where EquipmentID = ?",
@@ -99,11 +99,15 @@ constexpr QStringView Cascade[] = {
     u"Delete FROM tblWoPartHistory where  tblWoPartHistory.ServiceusedID In( Select ServiceUsedID "
     "from tblWOServiceUsedHistory where EquipmentID = ?)",
     u"Delete from tblWOServiceUsedHistory where EquipmentID = ?",
+    // Left behind, they would keep each part from being deleted or renumbered for good.
+    u"Delete from tblServiceUsedPart where ServiceUsedID in (Select ServiceUsedID from "
+    "tblServiceUsed where EquipmentID = ?)",
     u"Delete from tblServiceUSed where equipmentID = ?",
     u"Delete from tblEquipmentpart where equipmentID = ?",
     u"Delete from tblEquipmentCount where equipmentID = ?",
     u"Delete from tblEquipmentImage where equipmentID = ?",
     u"Delete from tblEquipmentDocument where equipmentID = ?",
+    u"Delete from tblEquipmentScan where EquipmentID = ?",
 };
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "core/General.h"
 #include "core/Permission.h"
 #include "equipment/DocumentStore.h"
+#include "parts/clsPart.h"
 #include "platform/base/Format.h"
 #include "support/ScriptedPrompts.h"
 #include "support/TestFiles.h"
@@ -39,6 +40,7 @@ constexpr const char *Gathered[] = {
     "tblEquipment",      "tblEquipmentDepreciation", "tblEquipmentCrewHistory",
     "tblServiceUsed",    "tblWOServiceUsedHistory",  "tblEquipmentPart",
     "tblEquipmentCount", "tblEquipmentImage",        "tblEquipmentDocument",
+    "tblEquipmentScan",
 };
 
 class Machines : public test::CompanySession
@@ -62,6 +64,9 @@ protected:
         run(u"insert into tblEquipmentCrewHistory(EquipmentID,CrewNumber) values(%1,'1')"_s.arg(
             id));
         run(u"insert into tblServiceUsed(EquipmentID,Name) values(%1,'oil')"_s.arg(id));
+        run(u"insert into tblServiceUsedPart(ServiceUsedID,PartID) select ServiceUsedID,'S%1' from "
+            "tblServiceUsed where EquipmentID = %1"_s.arg(id));
+        run(u"insert into tblEquipmentScan(EquipmentID,ScanStatus) values(%1,'In')"_s.arg(id));
         run(u"insert into tblWOServiceUsedHistory(EquipmentID,ServiceUsedID) values(%1,50%1)"_s.arg(
             id));
         run(u"insert into tblWoPartHistory(ServiceusedID,partID) values(50%1,'P')"_s.arg(id));
@@ -145,6 +150,9 @@ TEST_F(Machines, DeletingTakesAllThatAMachineHasGatheredAndNothingElse)
         EXPECT_EQ(count(table, 2), 1) << table;
     }
     EXPECT_EQ(found(u"select ServiceusedID from tblWoPartHistory"_s), u"502");
+    EXPECT_EQ(found(u"select PartID from tblServiceUsedPart"_s), u"S2");
+    EXPECT_EQ(clsPartManager().CanDeletePart(u"S1"_s), QString());
+    EXPECT_EQ(clsPartManager().CanDeletePart(u"S2"_s), u"ServiceUsed Part");
     EXPECT_FALSE(QDir(documents::folder(1)).exists());
     EXPECT_TRUE(QDir(documents::folder(2)).exists());
 }
