@@ -16,6 +16,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr const char *Module = "Equipment";
+constexpr qsizetype LongestName = 200; // what the database keeps of a name
 
 /// The name under which a machine has a document already, in whatever case; empty without one.
 QString storedName(qint64 equipment, const QString &name)
@@ -24,6 +25,13 @@ QString storedName(qint64 equipment, const QString &name)
         u"Select DocumentName from tblEquipmentDocument where Equipmentid = ? and DocumentName = ?"_s,
         {equipment, name});
     return rows.isEmpty() ? QString() : rows.current().text(u"DocumentName");
+}
+
+void deleteRow(qint64 equipment, const QString &name)
+{
+    dataConnection().Execute(
+        u"Delete From tblEquipmentDocument where EquipmentId = ? and DocumentName = ?"_s,
+        {equipment, name});
 }
 
 void tellFolderIsGone()
@@ -91,24 +99,32 @@ bool addDocument(qint64 EquipmentID, const QString &file)
             base::showMessage(u"Invalid File or Incorrect Path."_s);
             return false;
         }
+        if (chosen.fileName().size() > LongestName) {
+            base::showMessage(u"The name of the file is too long: a document's name may have %1 "
+                              "characters at most. Please rename the file."_s.arg(LongestName));
+            return false;
+        }
         const QString present = storedName(EquipmentID, chosen.fileName());
         const QString name = present.isEmpty() ? chosen.fileName() : present;
         if (!present.isEmpty() && exists(EquipmentID, name) &&
             !base::askYesNo(name + u" already exists. Would you like to replace it."_s))
             return false;
+        // The row first: what the database refuses must leave no file. A name that is there
+        // already only gets its file, be it anew.
+        if (present.isEmpty())
+            dataConnection().Execute(
+                u"Insert Into tblEquipmentDocument(EquipmentId,DocumentName) values(?,?)"_s,
+                {EquipmentID, name});
         try {
             store(EquipmentID, file, name);
         } catch (const base::Error &) {
+            if (present.isEmpty())
+                deleteRow(EquipmentID, name);
             if (QFileInfo::exists(folder(EquipmentID)))
                 throw;
             tellFolderIsGone();
             return false;
         }
-        // A name whose file had gone got its file back.
-        if (present.isEmpty())
-            dataConnection().Execute(
-                u"Insert Into tblEquipmentDocument(EquipmentId,DocumentName) values(?,?)"_s,
-                {EquipmentID, name});
         return true;
     });
 }
@@ -116,9 +132,7 @@ bool addDocument(qint64 EquipmentID, const QString &file)
 bool DeleteDocumentRecord(qint64 EquipmentID, const QString &DocumentName)
 {
     return base::trapped(Module, "DeleteDocumentRecord", false, [&] {
-        dataConnection().Execute(
-            u"Delete From tblEquipmentDocument where EquipmentId = ? and DocumentName = ?"_s,
-            {EquipmentID, DocumentName});
+        deleteRow(EquipmentID, DocumentName);
         remove(EquipmentID, DocumentName);
         return true;
     });

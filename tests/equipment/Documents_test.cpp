@@ -67,6 +67,25 @@ TEST_F(Documents, ADocumentOfThatNameIsReplacedOnlyOnYes)
     EXPECT_EQ(documents::names(1).RecordCount(), 1);
 }
 
+TEST_F(Documents, WhatTheDatabaseRefusesLeavesNoFile)
+{
+    const QString longest = QString(196, u'n') + u".pdf"_s;
+    EXPECT_TRUE(documents::addDocument(1, file(longest, "one")));
+    prompts.expect(u"The name of the file is too long: a document's name may have 200 characters "
+                   "at most. Please rename the file."_s,
+                   Icon::None);
+    EXPECT_FALSE(documents::addDocument(1, file(u'n' + longest, "two")));
+    // Another workstation is adding the same name.
+    const auto other = database.open();
+    other->BeginTrans();
+    other->Execute(
+        u"insert into tblEquipmentDocument(EquipmentID,DocumentName) values(1,'a.pdf')"_s);
+    EXPECT_FALSE(documents::addDocument(1, file(u"a.pdf"_s, "one")));
+    EXPECT_NE(errors.takeOne().ErrNumber, 0);
+    other->RollbackTrans();
+    EXPECT_EQ(QDir(documents::folder(1)).entryList(QDir::Files), QStringList{longest});
+}
+
 TEST_F(Documents, WhatCantBeAddedLeavesNoRow)
 {
     prompts.expect(u"Invalid File or Incorrect Path."_s, Icon::None);
