@@ -29,7 +29,7 @@ db::Recordset onHand(bool atReorderPoint)
                         "tblPart.Quantity as [Qty on Hand] FROM tblPart"_s;
     if (atReorderPoint)
         statement += u" where  Quantity<=QtyMin"_s;
-    return gcnData->Open(statement);
+    return gcnData->Open(statement + u" order by PartID"_s);
 }
 
 void checkIn(const QList<Receipt> &receipts)

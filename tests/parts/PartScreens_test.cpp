@@ -197,9 +197,10 @@ TEST_F(PartScreens, WithoutTheRightTheSelectorAddsAndDeletesNothing)
 
 TEST_F(PartScreens, ReceivedGoodsAreAddedToTheStockAsItStands)
 {
+    // The list is in order, whatever the order of entry.
+    addPart(u"P-3"_s, u"Blade"_s, 4);
     addPart(u"P-1"_s, u"Oil filter"_s, 5);
     addPart(u"P-2"_s, u"Belt"_s, 1);
-    addPart(u"P-3"_s, u"Blade"_s, 4);
     inScreen([] { ShowInventoryCheckIn(); },
              [this](const ScreenDriver &screen) {
                  auto &grid = screen.control<grid::GridView>("grdParts");
@@ -318,6 +319,14 @@ TEST_F(PartScreens, APartAddedFromTheSelectorEndsTheTransactionOfItsCaller)
                  EXPECT_FALSE(gbInTransaction);
                  auto &grid = screen.control<grid::GridView>("grdParts");
                  EXPECT_EQ(grid.rows().text(grid.currentRow(), u"Part Number"), u"P-2"_s);
+                 test::onNextModal([](QWidget &window) {
+                     const ScreenDriver part(window);
+                     part.press("cmdCancel");
+                     part.press("cmdExit");
+                 });
+                 screen.press("cmdAdd");
+                 EXPECT_EQ(grid.rows().text(grid.currentRow(), u"Part Number"), u"P-2"_s)
+                     << "a cancelled Add stays where it was";
                  // A used part stays, another goes with its picks.
                  gcnData->Execute(u"Insert into tblTempServicePart(PartID) values('P-2')"_s);
                  expectDeletion(Answer::Yes);

@@ -97,6 +97,15 @@ TEST_F(PartQuickFind, ANewPartNeedsTheRightAndIsListedThen)
         });
         screen.press("cmdAdd");
         EXPECT_EQ(parts(screen), u"B-1 C-1* F-1"_s);
+        test::onNextModal([](QWidget &window) {
+            const ScreenDriver part(window);
+            EXPECT_EQ(part.text("txtPartID"), QString());
+            part.press("cmdCancel");
+            EXPECT_EQ(part.text("txtPartID"), u"C-1") << "what was on show before Add";
+            part.press("cmdExit");
+        });
+        screen.press("cmdAdd");
+        EXPECT_EQ(parts(screen), u"B-1 C-1* F-1"_s) << "a cancelled Add stays where it was";
         screen.press("cmdSelect");
     });
     EXPECT_EQ(key, u"C-1"_s);

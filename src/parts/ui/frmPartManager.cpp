@@ -182,8 +182,8 @@ void frmPartManager::cmdAdd_Click()
         return;
     // A new part is to stay, whatever becomes of the edit that this list was opened from.
     base::trapped(Module, "cmdAdd_Click", [] { CommitTrans(); });
-    const QString part = showPartDetail(Mode::Add, u"0"_s);
-    ShowGrid(part);
+    // An Add that is cancelled shows that part again, and so the list stays where it was.
+    ShowGrid(showPartDetail(Mode::Add, currentPart()));
 }
 
 void frmPartManager::cmdDelete_Click()

@@ -126,5 +126,5 @@ void frmPartQuickFind::cmdSelect_Click()
 void frmPartQuickFind::cmdAdd_Click()
 {
     if (mayDo(rights::Parts.add))
-        ShowGrid(showPartDetail(Mode::Add, u"0"_s));
+        ShowGrid(showPartDetail(Mode::Add, currentPart())); // shown again after a Cancel
 }
