@@ -52,6 +52,7 @@ void UserFieldsPage::DisplayUserDefinedName(int number, QLabel &label, QLineEdit
     const QString caption = GetOption(u"UserDefinedField%1"_s.arg(number), false).trimmed();
     if (caption.isEmpty())
         return;
-    label.setText(caption + u':');
+    // "&" is a character of the customer's, not the mark of a key.
+    label.setText(QString(caption).replace(u'&', u"&&"_s) + u':');
     box.setAccessibleName(caption);
 }

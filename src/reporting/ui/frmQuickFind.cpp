@@ -42,6 +42,13 @@ int widthOf(QStringView column)
     return widths.value(column, 110);
 }
 
+/// A field may bear a name of the customer's, in which "&" is a character and not the mark of a
+/// key.
+void showWhatToEnter(QLabel &label, QString field)
+{
+    label.setText(u"Enter "_s + field.replace(u'&', u"&&"_s));
+}
+
 } // namespace
 
 frmQuickFind::frmQuickFind(const ScreenCalls::QuickFind &request, QWidget *parent)
@@ -78,7 +85,7 @@ void frmQuickFind::buildForm()
     setAutomatic(false);
 
     connect(m_search, &FieldSearch::fieldChosen, this,
-            [this] { lblMainField->setText(u"Enter "_s + m_search->field().description); });
+            [this] { showWhatToEnter(*lblMainField, m_search->field().description); });
     connect(txtSearchText2, &QLineEdit::textChanged, txtSearchText, &QLineEdit::setText);
     connect(optAuto, &QRadioButton::toggled, this, &frmQuickFind::setAutomatic);
     connect(chkInactive, &QCheckBox::clicked, this, &frmQuickFind::chkInactive_Click);
@@ -221,9 +228,9 @@ void frmQuickFind::setAutomatic(bool automatic)
     m_search->setAutomatic(
         automatic ? QList<QStringView>(m_table->automatic.begin(), m_table->automatic.end())
                   : QList<QStringView>());
-    lblMainField->setText(u"Enter "_s + (automatic || m_search->field().description.isEmpty()
-                                             ? m_request.label
-                                             : m_search->field().description));
+    showWhatToEnter(*lblMainField, automatic || m_search->field().description.isEmpty()
+                                       ? m_request.label
+                                       : m_search->field().description);
     if (automatic)
         txtSearchText2->setText(txtSearchText->text());
     m_search->search();
