@@ -14,7 +14,10 @@
 #include "platform/input/DateInput.h"
 #include "support/ScriptedPrompts.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTextBrowser>
@@ -91,6 +94,13 @@ protected:
         QWidget *target = screen.screen().focusWidget();
         QTest::keyClick(target ? target : &screen.screen(), key, Qt::ControlModifier);
     }
+    static const QLabel *labelOf(const ScreenDriver &screen, const char *box)
+    {
+        for (const QLabel *label : screen.screen().findChildren<QLabel *>())
+            if (label->buddy() == &screen.control(box))
+                return label;
+        return nullptr;
+    }
     static bool marked(const ScreenDriver &screen, int index)
     {
         return screen.screen().findChild<EquipmentTabs *>()->isMarked(index);
@@ -145,6 +155,8 @@ TEST_F(EquipmentScreen, EachPageHasItsKeyAndItsButton)
     work(Mode::Browse, 1, [&](ScreenDriver screen) {
         auto *buttons = screen.screen().findChild<EquipmentTabs *>();
         for (int index = 12; index >= 0; --index) {
+            // A text that can be changed keeps some of the keys for itself.
+            buttons->button(0)->setFocus();
             press(screen, tabs[index].key);
             EXPECT_EQ(page(screen), index);
             EXPECT_TRUE(screen.isShown(tabs[index].frame)) << tabs[index].frame;
@@ -559,12 +571,71 @@ TEST_F(EquipmentScreen, CtrlDStampsNotesAndElsewhereShowsTheDepreciation)
     });
 }
 
+TEST_F(EquipmentScreen, TheKeysOfTheClipboardActOnATextThatCanBeChanged)
+{
+    addMachine(1, u"A"_s, u"mower"_s);
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        QGuiApplication::clipboard()->setText(u"cutter"_s);
+        auto &name = screen.control<QLineEdit>("txtEquipmentName");
+        for (const char *box : {"txtEquipmentName", "rtfNotes"}) {
+            const int there = qstrcmp(box, "rtfNotes") == 0 ? 3 : 0;
+            screen.screen().findChild<EquipmentTabs *>()->button(there)->click();
+            screen.control(box).setFocus();
+            for (const Qt::Key key : {Qt::Key_A, Qt::Key_V, Qt::Key_A, Qt::Key_C, Qt::Key_X})
+                press(screen, key);
+            EXPECT_EQ(page(screen), there) << box;
+            EXPECT_EQ(screen.text(box), QString()) << box;
+            EXPECT_EQ(QGuiApplication::clipboard()->text(), u"cutter") << box;
+            press(screen, Qt::Key_Z);
+            EXPECT_EQ(screen.text(box), u"cutter") << box;
+        }
+        screen.press("cmdCancel");
+        // What can't be changed only copies, and the keys turn to their pages.
+        screen.screen().findChild<EquipmentTabs *>()->button(0)->click();
+        name.setReadOnly(true);
+        name.setFocus();
+        press(screen, Qt::Key_A);
+        press(screen, Qt::Key_C);
+        EXPECT_EQ(QGuiApplication::clipboard()->text(), u"mower");
+        EXPECT_EQ(page(screen), 9);
+    });
+}
+
+TEST_F(EquipmentScreen, WithoutMachinesNoPageCanBeTurnedTo)
+{
+    work(Mode::Browse, 0, [&](ScreenDriver screen) {
+        auto &tabs = *screen.screen().findChild<EquipmentTabs *>();
+        EXPECT_FALSE(tabs.isEnabled());
+        press(screen, Qt::Key_N);
+        EXPECT_EQ(page(screen), 0);
+        screen.press("cmdAdd");
+        EXPECT_TRUE(tabs.isEnabled());
+        screen.press("cmdCancel");
+        EXPECT_FALSE(tabs.isEnabled());
+    });
+    // The last machine goes while another page is in front.
+    addMachine(1, u"A"_s, u"mower"_s);
+    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+        press(screen, Qt::Key_N);
+        prompts.expect(u"This will delete the entire piece of equipment and all its history. Are "
+                       "you sure you want to do this?"_s,
+                       Icon::Question, Buttons::YesNo, Answer::Yes);
+        screen.press("cmdDelete");
+        EXPECT_EQ(page(screen), 0);
+    });
+}
+
 TEST_F(EquipmentScreen, UserFieldsCarryTheCustomersNames)
 {
     SetOption(u"UserDefinedField2"_s, u"Insurance"_s, false);
+    SetOption(u"UserDefinedField3"_s, u"Oil & Grease"_s, false);
     addMachine(1, u"A"_s, u"mower"_s);
     work(Mode::Browse, 1, [&](ScreenDriver screen) {
         EXPECT_EQ(screen.control("txtUserDefined2").accessibleName(), u"Insurance");
+        EXPECT_EQ(screen.control("txtUserDefined3").accessibleName(), u"Oil & Grease");
+        // As QLabel takes it: a single one would be no character, but the mark of a key.
+        ASSERT_NE(labelOf(screen, "txtUserDefined3"), nullptr);
+        EXPECT_EQ(labelOf(screen, "txtUserDefined3")->text(), u"Oil && Grease:");
         press(screen, Qt::Key_F);
         screen.type("txtUserDefined2", u"Policy 5"_s);
         screen.press("cmdUpdate");

@@ -2,9 +2,13 @@
 
 #include "platform/input/Theme.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QButtonGroup>
+#include <QComboBox>
 #include <QKeyEvent>
+#include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <iterator>
@@ -41,6 +45,25 @@ static_assert(std::size(Tabs) == EquipmentTabs::Count);
 /// Dark enough to be read on a button, and unlike the captions of empty pages.
 constexpr QRgb MarkRgb = qRgb(158, 62, 0);
 constexpr QRgb PlainRgb = qRgb(70, 76, 84);
+
+/// True for a text that the user can change, an editor in a grid's cell among them.
+bool isEditableText(const QWidget *widget)
+{
+    if (const auto *line = qobject_cast<const QLineEdit *>(widget))
+        return !line->isReadOnly();
+    if (const auto *memo = qobject_cast<const QPlainTextEdit *>(widget))
+        return !memo->isReadOnly();
+    if (const auto *list = qobject_cast<const QComboBox *>(widget))
+        return list->isEditable();
+    const auto *spin = qobject_cast<const QAbstractSpinBox *>(widget);
+    return spin && !spin->isReadOnly();
+}
+
+/// Cut, copy, paste and undo, which a text needs for itself.
+bool isTextKey(int key)
+{
+    return key == Qt::Key_X || key == Qt::Key_C || key == Qt::Key_V || key == Qt::Key_Z;
+}
 
 } // namespace
 
@@ -95,7 +118,9 @@ int EquipmentTabs::indexOfKey(const QObject *target, const QEvent *event) const
     if (key->modifiers() != Qt::ControlModifier)
         return -1;
     const auto *widget = qobject_cast<const QWidget *>(target);
-    if (!widget || widget->window() != window() || !isVisible())
+    if (!widget || widget->window() != window() || !isVisible() || !isEnabled())
+        return -1;
+    if (isTextKey(key->key()) && isEditableText(widget))
         return -1;
     if (key->key() == Qt::Key_D)
         for (const QWidget *noteBox : m_noteBoxes)
@@ -115,7 +140,7 @@ bool EquipmentTabs::eventFilter(QObject *watched, QEvent *event)
     event->accept();
     if (event->type() == QEvent::ShortcutOverride)
         return true;
-    // Ctrl+C also copies, since a selection would be lost with its page otherwise.
+    // Ctrl+C also copies what only can be read, since a selection would be lost with its page.
     if (Tabs[index].key == Qt::Key_C && watched->metaObject()->indexOfMethod("copy()") >= 0)
         QMetaObject::invokeMethod(watched, "copy");
     Q_EMIT chosen(index);

@@ -30,7 +30,8 @@ Q_SIGNALS:
     void chosen(int index);
 
 protected:
-    /// The keys of the pages go ahead of what a text box would make of them.
+    /// The keys of the pages go ahead of what a text box would make of them, but for cut, copy,
+    /// paste and undo in a text that can be changed.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:

@@ -319,6 +319,11 @@ void frmEquipment::recordShown()
 {
     for (EquipmentPage *page : std::as_const(m_pages))
         page->setEditable(mayEdit());
+    // Without a machine there is nothing on any page, and no page to leave.
+    const bool hasMachine = hasRows() || mode() == Mode::Add;
+    m_tabs->setEnabled(hasMachine);
+    if (!hasMachine && m_stack->currentIndex() != 0)
+        FrameVisible(0);
     cmdFind->setEnabled(hasRows() && screenCalls().ShowQuickFind != nullptr);
     cmdPrint->setEnabled(hasRows() && openings().isJoined(DetailReport));
     showHeading();
