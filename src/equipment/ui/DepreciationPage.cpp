@@ -14,6 +14,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRegularExpressionValidator>
 
 using namespace Qt::StringLiterals;
 
@@ -63,6 +64,10 @@ void DepreciationPage::buildPage()
 
     input::restrictTo(txtTotalCost, input::TypeCheck::Double);
     input::restrictTo(txtSalvageValue, input::TypeCheck::Double);
+    // No more than the database can hold, once a rounding has been added to it.
+    static const QRegularExpression amount(u"\\d{0,12}(\\.\\d*)?"_s);
+    for (QLineEdit *box : {txtTotalCost, txtSalvageValue})
+        box->setValidator(new QRegularExpressionValidator(amount, box));
     for (QLineEdit *box : {txtTotalCost, txtSalvageValue, txtAssetYears})
         zeroWhenLeftBlank(box);
     fields().add(txtTotalCost, &clsEquipment::Totalcost);

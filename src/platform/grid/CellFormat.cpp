@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace grid {
 namespace {
@@ -229,8 +230,23 @@ std::optional<QVariant> typedNumber(QStringView text, const Column &column)
 }
 
 /// A minus in front, digits, and one point unless the column holds whole numbers.
+/// Digits before the point that a number may have: sums and products of such numbers stay within
+/// what the database can hold.
+constexpr qsizetype MostDigits = 12;
+
+bool isWithinBounds(QStringView text, const Column &column)
+{
+    if (column.kind == sql::ColumnKind::Integer)
+        return std::abs(text.toLongLong()) <= std::numeric_limits<qint32>::max() &&
+               text.size() <= MostDigits;
+    const QStringView whole = text.left(text.indexOf(u'.'));
+    return std::count_if(whole.begin(), whole.end(), isDigit) <= MostDigits;
+}
+
 bool mayBecomeNumber(QStringView text, const Column &column)
 {
+    if (!isWithinBounds(text, column))
+        return false;
     bool point = column.kind == sql::ColumnKind::Integer;
     for (qsizetype i = 0; i < text.size(); ++i) {
         if (text[i] == u'.' && !point)

@@ -7,6 +7,25 @@
 #include <QKeyEvent>
 
 namespace input {
+namespace {
+
+/// Digits before the point: with two decimals an amount then fills the box, and sums of many stay
+/// within what the database can hold.
+constexpr qsizetype MostDigits = 12;
+
+/// What may be typed: an amount without the digits that are too many.
+QString typedAmount(const QString &text, bool negativeAllowed)
+{
+    QString amount = cleanedAmount(text, negativeAllowed);
+    const qsizetype first = amount.startsWith(u'-') ? 1 : 0;
+    const qsizetype point = amount.indexOf(u'.');
+    const qsizetype digits = (point < 0 ? amount.size() : point) - first;
+    if (digits > MostDigits)
+        amount.remove(first + MostDigits, digits - MostDigits);
+    return amount;
+}
+
+} // namespace
 
 QString cleanedAmount(const QString &text, bool negativeAllowed)
 {
@@ -27,7 +46,7 @@ CurrencyInput::CurrencyInput(QWidget *parent)
     setAlignment(Qt::AlignRight);
     setMaxLength(15);
     connect(this, &QLineEdit::textEdited, this, [this](const QString &text) {
-        const QString cleaned = cleanedAmount(text, m_negativeAllowed);
+        const QString cleaned = typedAmount(text, m_negativeAllowed);
         if (cleaned == text)
             return;
         const int behind = int(text.size()) - cursorPosition();
@@ -60,7 +79,7 @@ void CurrencyInput::keyPressEvent(QKeyEvent *event)
             result.remove(caret, selectionLength());
         }
         result.insert(caret, typed);
-        if (cleanedAmount(result, m_negativeAllowed) != result)
+        if (typedAmount(result, m_negativeAllowed) != result)
             return;
     }
     QLineEdit::keyPressEvent(event);

@@ -2,7 +2,6 @@
 
 #include "core/Periods.h"
 #include "platform/base/Environment.h"
-#include "platform/base/Error.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "platform/input/DateInput.h"
@@ -12,6 +11,7 @@
 #include "platform/input/Theme.h"
 #include "scheduling/Assignment.h"
 
+#include <QIntValidator>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -28,10 +28,7 @@ constexpr int ValueLength = 10;
 /// The whole number that a box of digits holds; raises Overflow beyond what a reading can be.
 qint64 readingOf(const QString &text)
 {
-    const qint64 value = text.trimmed().toLongLong();
-    if (value > std::numeric_limits<qint32>::max())
-        throw base::Error(base::ErrorNumber::Overflow, u"Overflow"_s);
-    return value;
+    return text.trimmed().toLongLong();
 }
 
 } // namespace
@@ -85,6 +82,8 @@ void frmCountReading::buildForm(const QString &serviceName)
     datCountDate = form.dateField(u"datCountDate"_s, u"New Count &Date:"_s);
     datCountDate->checkOnLeave();
     txtCountValue = form.digitsField(u"txtCountValue"_s, u"New Count &Value:"_s, ValueLength);
+    txtCountValue->setValidator(
+        new QIntValidator(0, std::numeric_limits<qint32>::max(), txtCountValue));
     cmdUpdate = form.button(u"cmdUpdate"_s, u"&Save"_s, theme::icon(u"save"_s));
     cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
     form.finish();

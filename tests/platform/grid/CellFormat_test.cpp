@@ -107,11 +107,14 @@ TEST(CellFormat, RefusesKeystrokesThatLeadNowhere)
         bool accepted;
     };
     const Keystroke cases[] = {
-        Keystroke{Masked, "7.12", true},      Keystroke{Masked, "7.123", false},
-        Keystroke{Masked, ".", true},         Keystroke{Price, "-", true},
-        Keystroke{Price, "1.2.3", false},     Keystroke{Price, "1e5", false},
-        Keystroke{Price, "3-", false},        Keystroke{Whole, "3.", false},
-        Keystroke{Day, "3/", true},           Keystroke{Day, "3a", false},
+        Keystroke{Masked, "7.12", true}, Keystroke{Masked, "7.123", false},
+        Keystroke{Masked, ".", true}, Keystroke{Price, "-", true}, Keystroke{Price, "1.2.3", false},
+        Keystroke{Price, "1e5", false}, Keystroke{Price, "3-", false},
+        Keystroke{Whole, "3.", false},
+        // No more than what a column holds.
+        Keystroke{Price, "-123456789012.55", true}, Keystroke{Price, "1234567890123", false},
+        Keystroke{Whole, "-2147483647", true}, Keystroke{Whole, "2147483648", false},
+        Keystroke{Day, "3/", true}, Keystroke{Day, "3a", false},
         Keystroke{Day, "03/09/20245", false}, Keystroke{Note, "x", true}};
     for (const Keystroke &k : cases)
         EXPECT_EQ(grid::mayBecomeValue(QString::fromLatin1(k.text), k.column), k.accepted)

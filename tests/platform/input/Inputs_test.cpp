@@ -29,6 +29,9 @@ TEST(CurrencyInput, TakesAmountsAndShowsTwoDecimals)
     EXPECT_DOUBLE_EQ(cost->value(), 1234.5);
     QTest::keyClick(cost, Qt::Key_Tab);
     EXPECT_EQ(test::textOf(cost), "1234.50");
+    cost->selectAll();
+    test::type(cost, "1234567890123.456");
+    EXPECT_EQ(test::textOf(cost), "123456789012.45") << "no more than the database can hold";
     cost->setValue(0.005);
     EXPECT_EQ(cost->text().size(), 4);
     cost->setFocus();
