@@ -9,13 +9,21 @@
 #include "scheduling/ui/Entries.h"
 #include "scheduling/ui/ReadingTrend.h"
 
+#include <QFontMetrics>
 #include <QPushButton>
+#include <QStyle>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr const char *Module = "frmEquipment";
+
+/// Room for each heading and a date, whatever the size of the letters.
+int columnWidth()
+{
+    return QFontMetrics(theme::listFont()).horizontalAdvance(u"Count Value"_s) + 34;
+}
 
 } // namespace
 
@@ -32,9 +40,12 @@ void CountPage::buildPage()
     setObjectName(u"fraCount"_s);
     input::FormBuilder form(this);
     grdCount = makeListGrid(this, u"grdCount"_s, u"Counts"_s,
-                            {{.name = u"Count Date"_s, .width = 120},
-                             {.name = u"Count Type"_s, .width = 120},
-                             {.name = u"Count Value"_s, .width = 120}});
+                            {{.name = u"Count Date"_s, .width = columnWidth()},
+                             {.name = u"Count Type"_s, .width = columnWidth()},
+                             {.name = u"Count Value"_s, .width = columnWidth()}});
+    // On a small screen the chart gives way, not the readings.
+    grdCount->setMinimumWidth(3 * columnWidth() + 2 * grdCount->frameWidth() +
+                              style()->pixelMetric(QStyle::PM_ScrollBarExtent));
     m_trend = new ReadingTrend(this);
     form.beginColumns();
     form.widget(grdCount, true);
