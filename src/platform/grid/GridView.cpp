@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QResizeEvent>
 #include <QScrollBar>
 #include <algorithm>
 #include <iterator>
@@ -15,6 +16,41 @@ namespace grid {
 namespace {
 
 constexpr int SmallestWidth = 16;
+
+/// Keeps the current row wholly in view when the room of the rows changes: it may have been made
+/// current before its screen was laid out. A row that was scrolled away stays there.
+class CurrentRowInView final : public QObject
+{
+public:
+    explicit CurrentRowInView(QAbstractItemView &view)
+        : QObject(&view)
+        , m_view(view)
+    {
+        view.viewport()->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Resize && m_view.currentIndex().isValid()) {
+            const QRect former(QPoint(), static_cast<QResizeEvent *>(event)->oldSize());
+            const QRect row = m_view.visualRect(m_view.currentIndex());
+            if (!m_view.isVisible() || former.intersects(row))
+                QMetaObject::invokeMethod(
+                    this, [this] { show(); }, Qt::QueuedConnection);
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    void show()
+    {
+        const int across = m_view.horizontalScrollBar()->value();
+        m_view.scrollTo(m_view.currentIndex());
+        m_view.horizontalScrollBar()->setValue(across);
+    }
+
+    QAbstractItemView &m_view;
+};
 
 } // namespace
 
@@ -45,6 +81,8 @@ GridView::GridView(QWidget *parent)
         colours.setColor(group, QPalette::HighlightedText, colours::SelectionText);
     }
     setPalette(colours);
+
+    new CurrentRowInView(*this);
 
     header()->setSectionsMovable(true);
     header()->setFirstSectionMovable(true);

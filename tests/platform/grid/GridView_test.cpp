@@ -1,6 +1,7 @@
 #include "ShownGrid.h"
 
 #include <QClipboard>
+#include <QScrollBar>
 
 namespace {
 
@@ -38,6 +39,30 @@ TEST_F(GridViewShown, TheFirstFocusSelectsARow)
     show();
     EXPECT_EQ(m_grid.currentRow(), 0);
     EXPECT_TRUE(m_grid.selectionModel()->isRowSelected(0));
+}
+
+TEST_F(GridViewShown, TheCurrentRowIsWhollyInViewHoweverTheRoomChanges)
+{
+    for (int i = 0; i < 60; ++i)
+        rows().insertRow({{u"Part Number"_s, u"P%1"_s.arg(i)}});
+    const int row = m_grid.displayedOrder().last();
+    // Chosen before there is any room, as by a link that opens a screen.
+    m_grid.selectRow(row);
+    show();
+    const auto inView = [&] {
+        return m_grid.viewport()->rect().contains(
+            m_grid.cellRect(row, u"Part Number").adjusted(1, 0, -1, 0));
+    };
+    EXPECT_TRUE(QTest::qWaitFor(inView, 1000)) << "shown";
+    for (const int height : {300, 180, 233}) {
+        m_window.resize(900, height);
+        EXPECT_TRUE(QTest::qWaitFor(inView, 1000)) << height;
+    }
+    // A user who has scrolled away stays there.
+    m_grid.scrollToTop();
+    m_window.resize(900, 200);
+    QTest::qWait(0);
+    EXPECT_EQ(m_grid.verticalScrollBar()->value(), 0);
 }
 
 TEST_F(GridViewShown, AClickOnAHeadingSortsASecondTurnsItRound)
