@@ -137,9 +137,9 @@ TEST_F(frmCountReadingTest, AReadingTooLargeCantBeTyped)
     frmCountReading screen(1, u"Hours"_s);
     open(screen);
     type(screen, u"txtCountValue"_s, u"2147483648"_s);
-    EXPECT_EQ(find<QLineEdit>(screen, u"txtCountValue"_s)->text(), u"214748364");
+    EXPECT_EQ(text(screen, u"txtCountValue"_s), u"214748364");
     type(screen, u"txtCountValue"_s, u"2147483647"_s);
-    EXPECT_EQ(find<QLineEdit>(screen, u"txtCountValue"_s)->text(), u"2147483647");
+    EXPECT_EQ(text(screen, u"txtCountValue"_s), u"2147483647");
 }
 
 class frmEquipmentReadingTest : public test::ScreenFleet
