@@ -18,6 +18,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScrollArea>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -253,6 +254,18 @@ TEST_F(MainScreen, AnErrorBoxOfTheBoardDoesNotReloadTheBoard)
     ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
     window->activateWindow();
     ASSERT_TRUE(QTest::qWaitFor([&loads] { return loads == 2; }));
+}
+
+TEST_F(MainScreen, FitsIntoAScreenOf768LinesAtOneAndAHalf)
+{
+    shell::mainBoard().make = [](QWidget *parent) { return new QWidget(parent); };
+    open();
+    window->resize(880, 440);
+    EXPECT_EQ(window->size(), QSize(880, 440)) << "a higher window's title is off the screen";
+    input::QuickLink &last = link(shell::HelpLink);
+    last.setFocus(Qt::TabFocusReason);
+    window->findChild<QScrollArea *>()->ensureWidgetVisible(&last);
+    EXPECT_TRUE(last.visibleRegion().boundingRect() == last.rect()) << "each link can be reached";
 }
 
 TEST_F(MainScreen, TheStartPageNamesTheCompanyTheDayAndWhatCanBeOpened)

@@ -29,6 +29,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenuBar>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QVBoxLayout>
@@ -132,7 +133,6 @@ void frmMainScreen::buildSideBar()
     picSideMenuBar->setObjectName(u"picSideMenuBar"_s);
     picSideMenuBar->setAccessibleName(u"Quick links"_s);
     picSideMenuBar->setAutoFillBackground(true);
-    picSideMenuBar->setFixedWidth(sideBarWidth);
     auto *column = new QVBoxLayout(picSideMenuBar);
     column->setContentsMargins(6, 10, 6, 10);
     column->setSpacing(4);
@@ -166,7 +166,16 @@ void frmMainScreen::buildBoard()
     whole->addWidget(picHeaderBar);
     auto *below = new QHBoxLayout;
     below->setSpacing(0);
-    below->addWidget(picSideMenuBar);
+    // On a small or much enlarged screen the links scroll: they must not make the window higher
+    // than the screen, which would put its title beyond the edge.
+    auto *sideBar = new QScrollArea(middle);
+    sideBar->setWidget(picSideMenuBar);
+    sideBar->setWidgetResizable(true);
+    sideBar->setFrameShape(QFrame::NoFrame);
+    sideBar->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    sideBar->setFocusPolicy(Qt::NoFocus);
+    sideBar->setFixedWidth(sideBarWidth);
+    below->addWidget(sideBar);
     if (const auto &board = shell::mainBoard(); !board.isEmpty()) {
         below->addWidget(board.make(middle), 1);
     } else {
