@@ -269,7 +269,12 @@ void frmServicesManager::cmdAdd_Click()
         return;
     // The new service is to stay, whatever becomes of the edit that this list was opened from.
     base::trapped(Module, "cmdAdd_Click", [] { CommitTrans(); });
-    ShowGrid(QString::number(showServicesDetail(Mode::Add, 0)));
+    const QString former = keyOf(grdServices->currentRow());
+    const QString added = QString::number(showServicesDetail(Mode::Add, 0));
+    ShowGrid(added);
+    // A cancelled Add leaves the list where it was.
+    if (!former.isEmpty() && keyOf(grdServices->currentRow()) != added)
+        grdServices->selectRow(grdServices->rows().findRow(u"Service ID", former));
 }
 
 void frmServicesManager::cmdDelete_Click()

@@ -135,6 +135,13 @@ TEST_F(frmServicesManagerTest, OpensAServiceAndComesBackToIt)
     click(screen, u"cmdSelect"_s);
     EXPECT_EQ(grid(screen).currentRow(), 1);
     EXPECT_EQ(listed(screen).value(1), u"Renamed"_s);
+    test::onNextModal([](QWidget &service) {
+        click(service, u"cmdCancel"_s);
+        if (service.isVisible())
+            click(service, u"cmdExit"_s);
+    });
+    click(screen, u"cmdAdd"_s);
+    EXPECT_EQ(grid(screen).currentRow(), 1) << "a cancelled Add stays where it was";
 }
 
 TEST_F(frmServicesManagerTest, AddsAndDeletesByRightAndUse)
