@@ -31,10 +31,7 @@ protected:
         , m_other(database.open())
     {}
 
-    static Place load(const db::Row &row)
-    {
-        return record::load<Place>(row, std::span(Fields));
-    }
+    static Place load(const db::Row &row) { return record::load<Place>(row, std::span(Fields)); }
     [[nodiscard]] Place stored() const
     {
         return load(gcnData->Open(u"Select * from tblSite where SiteID = ?"_s, {m_key}).row(0));

@@ -126,7 +126,8 @@ inline void expectEveryFieldIsSaved(const ScreenDriver &screen, const QString &t
         left.insert(field->objectName(), shownIn(*field));
     screen.press("cmdUpdate");
     for (QWidget *field : fieldsOf(screen.screen()))
-        EXPECT_EQ(shownIn(*field), left.value(field->objectName())) << qPrintable(field->objectName());
+        EXPECT_EQ(shownIn(*field), left.value(field->objectName()))
+            << qPrintable(field->objectName());
     const QMap<QString, QString> after = row();
     for (const QStringView column : columns) {
         const QString name = column.toString();
