@@ -11,7 +11,6 @@
 #include "platform/input/Theme.h"
 #include "scheduling/Assignment.h"
 
-#include <QIntValidator>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -82,8 +81,6 @@ void frmCountReading::buildForm(const QString &serviceName)
     datCountDate = form.dateField(u"datCountDate"_s, u"New Count &Date:"_s);
     datCountDate->checkOnLeave();
     txtCountValue = form.digitsField(u"txtCountValue"_s, u"New Count &Value:"_s, ValueLength);
-    txtCountValue->setValidator(
-        new QIntValidator(0, std::numeric_limits<qint32>::max(), txtCountValue));
     cmdUpdate = form.button(u"cmdUpdate"_s, u"&Save"_s, theme::icon(u"save"_s));
     cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
     form.finish();
@@ -91,6 +88,11 @@ void frmCountReading::buildForm(const QString &serviceName)
     cmdUpdate->setDefault(true);
     txtCountValue->setFocus();
 
+    // Ten digits may be more than the database holds.
+    connect(txtCountValue, &QLineEdit::textEdited, this, [this](const QString &text) {
+        if (text.toLongLong() > std::numeric_limits<qint32>::max())
+            txtCountValue->setText(text.left(ValueLength - 1));
+    });
     connect(datCountDate, &input::DateInput::dateChanged, this, &frmCountReading::checkDate);
     connect(cmdUpdate, &QPushButton::clicked, this, &frmCountReading::cmdUpdate_Click);
     connect(cmdExit, &QPushButton::clicked, this, [this] { unload(); });
