@@ -119,17 +119,13 @@ void tellMissingPattern(const QString &missing, qint64 serviceUsedID)
 }
 
 /// With a given date, it stands for both last dates.
-QDateTime nextScheduledDate(qint64 ServiceUsedID, const std::optional<QDateTime> &givenDate)
+QDateTime nextOf(const Schedule &schedule, qint64 serviceUsedID,
+                 const std::optional<QDateTime> &givenDate)
 {
-    const QDateTime today = base::wallClock(base::today());
-    const db::Recordset rows =
-        gcnData->Open(u"Select * from tblServiceUsed where ServiceUsedID = ?"_s, {ServiceUsedID});
-    if (rows.isEmpty())
-        return today;
-    const Schedule schedule = readSchedule(rows.current());
     if (!isCalendar(schedule.period))
         return reached(schedule.equipment, PeriodWord(schedule.period), schedule.target);
 
+    const QDateTime today = base::wallClock(base::today());
     const QDateTime last =
         schedule.fromLastScheduled ? schedule.lastScheduled : schedule.lastPerformed;
     const QDate from = givenDate.value_or(last.isValid() ? last : today).date();
@@ -138,14 +134,41 @@ QDateTime nextScheduledDate(qint64 ServiceUsedID, const std::optional<QDateTime>
     if (!missing.isEmpty()) {
         // An interval that runs over is an error before anything is said.
         (void)scheduling::Addday(schedule.period, schedule.interval, from);
-        tellMissingPattern(missing, ServiceUsedID);
+        tellMissingPattern(missing, serviceUsedID);
         return today.addDays(1); // whole, so that a window of that day holds it
     }
     return base::wallClock(
         scheduling::nextDate(schedule.pattern, schedule.period, schedule.interval, from));
 }
 
+QDateTime nextScheduledDate(qint64 ServiceUsedID, const std::optional<QDateTime> &givenDate)
+{
+    const db::Recordset rows = gcnData->Open(
+        u"Select %1 from tblServiceUsed where ServiceUsedID = ?"_s.arg(scheduleColumns()),
+        {ServiceUsedID});
+    if (rows.isEmpty())
+        return base::wallClock(base::today());
+    return nextOf(readSchedule(rows.current()), ServiceUsedID, givenDate);
+}
+
 } // namespace
+
+QString scheduleColumns()
+{
+    return u"ServiceUsedID, EquipmentID, Period, RenewalOn, EInterval, Sun, Mon, Tue, Wed, Thu, "
+           "Fri, Sat, FirstW, SecondW, ThirdW, ForthW, LastW, Jan, Feb, Mar, Apr, May, Jun, Jul, "
+           "Aug, Sep, Oct, Nov, Dece, DOM, Dom1, Dom2, Dom3, Dom4, Dom5, NextScheduledCount, "
+           "LastDateScheduled, LastDatePerformed, NextScheduledDate, Inactive"_s;
+}
+
+QDateTime nextDateAfter(const db::Row &schedule, const QDateTime &scheduled,
+                        const QDateTime &performed)
+{
+    Schedule moved = readSchedule(schedule);
+    moved.lastScheduled = scheduled;
+    moved.lastPerformed = performed;
+    return nextOf(moved, schedule.integer(u"ServiceUsedID"), std::nullopt);
+}
 
 QDateTime GetNextScheduledDate(qint64 ServiceUsedID, bool UseGivenDate, const QDateTime &GivenDate)
 {

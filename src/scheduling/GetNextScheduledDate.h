@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/db/Recordset.h"
+
 #include <QDateTime>
 #include <QString>
 
@@ -13,6 +15,14 @@
 /// when there is no such row. As a step of a whole it passes its error on.
 [[nodiscard]] QDateTime GetNextScheduledDate(qint64 ServiceUsedID, bool UseGivenDate = false,
                                              const QDateTime &GivenDate = {});
+
+/// The columns of tblServiceUsed that make up a schedule, as a select lists them.
+[[nodiscard]] QString scheduleColumns();
+/// GetNextScheduledDate of a schedule that has been read already, as if the service had just been
+/// scheduled and performed on these dates. The row holds scheduleColumns. Raises what an
+/// incomplete schedule raises. Data.
+[[nodiscard]] QDateTime nextDateAfter(const db::Row &schedule, const QDateTime &scheduled,
+                                      const QDateTime &performed);
 
 /// The date of the machine's newest reading of a kind when it has reached the target, otherwise
 /// (also without any reading) the zero date. Data.

@@ -90,26 +90,34 @@ void remove(qint64 EquipmentID, const Reading &reading, const QString &countType
                      {EquipmentID, countType, reading.date, reading.value});
 }
 
-void applyToServices(qint64 EquipmentID, const QSet<qint64> &leftOut)
+QList<Waiting> waitingServices(const QString &machines)
 {
-    const db::Recordset services = gcnData->Open(
-        u"Select serviceusedid,NextScheduledDate,NextScheduledCount,Period from tblServiceUsed "
-        "where EquipmentID = ? and Period IN (%1)"_s.arg(periods::countCodes()),
-        {EquipmentID});
-    for (const db::Row service : services) {
-        const qint64 id = service.integer(u"serviceusedid");
-        if (!service.isNull(u"NextScheduledDate") || leftOut.contains(id))
-            continue;
-        // The meter alone decides. A pattern that something has spoilt is none of its business, and
-        // keeps no reading from being taken.
-        QDateTime reached;
-        CheckMeterLogic(EquipmentID, countType(service.text(u"Period")),
-                        service.integer(u"NextScheduledCount"), reached);
-        if (reached.isValid())
-            gcnData->Execute(
-                u"Update tblServiceUsed Set NextScheduledDate = ? Where ServiceUsedID = ?"_s,
-                {reached, id});
-    }
+    QList<Waiting> services;
+    for (const db::Row row : gcnData->Open(
+             u"Select serviceusedid, EquipmentID, NextScheduledCount, Period from tblServiceUsed "
+             "where EquipmentID in (%1) and Period IN (%2) and NextScheduledDate is Null"_s.arg(
+                 machines, periods::countCodes())))
+        services.append({row.integer(u"serviceusedid"), row.integer(u"EquipmentID"),
+                         countType(row.text(u"Period")), row.integer(u"NextScheduledCount")});
+    return services;
+}
+
+void applyTo(const Waiting &service)
+{
+    // The meter alone decides. A pattern that something has spoilt is none of its business, and
+    // keeps no reading from being taken.
+    QDateTime reached;
+    CheckMeterLogic(service.EquipmentID, service.countType, service.target, reached);
+    if (reached.isValid())
+        gcnData->Execute(
+            u"Update tblServiceUsed Set NextScheduledDate = ? Where ServiceUsedID = ?"_s,
+            {reached, service.ServiceUsedID});
+}
+
+void applyToServices(qint64 EquipmentID)
+{
+    for (const Waiting &service : waitingServices(QString::number(EquipmentID)))
+        applyTo(service);
 }
 
 void setFirstReadingAsker(FirstReadingAsker asker)

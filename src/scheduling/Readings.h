@@ -3,7 +3,7 @@
 #include "platform/db/Recordset.h"
 
 #include <QDateTime>
-#include <QSet>
+#include <QList>
 #include <QString>
 #include <functional>
 #include <span>
@@ -41,9 +41,21 @@ void add(qint64 EquipmentID, const QDateTime &date, const QString &countType, qi
 /// Takes a reading away, and those that equal it. What it has changed in services stays.
 void remove(qint64 EquipmentID, const Reading &reading, const QString &countType);
 /// Gives every count service of the machine that has no date yet, whatever its type, the date of
-/// the reading that reached its target. Moves no date that is set, and no target. Those left out
-/// go on waiting.
-void applyToServices(qint64 EquipmentID, const QSet<qint64> &leftOut = {});
+/// the reading that reached its target. Moves no date that is set, and no target.
+void applyToServices(qint64 EquipmentID);
+
+/// A count service that has no date yet.
+struct Waiting
+{
+    qint64 ServiceUsedID = 0;
+    qint64 EquipmentID = 0;
+    QString countType;
+    qint64 target = 0;
+};
+/// Those of several machines, whose keys are given as numbers with commas between them.
+[[nodiscard]] QList<Waiting> waitingServices(const QString &machines);
+/// The step of applyToServices for one of them.
+void applyTo(const Waiting &service);
 
 /// Asks the user for the reading at which a service was last performed. Returns True when one was
 /// saved; the count type may have been changed by then.

@@ -12,11 +12,11 @@
 #include "workorders/OrderNames.h"
 #include "workorders/Recording.h"
 
+#include <QHash>
 #include <QMap>
 #include <QSet>
 #include <QStringList>
 #include <algorithm>
-#include <optional>
 
 namespace posting {
 namespace {
@@ -42,36 +42,35 @@ QStringList listsOf(const QList<qint64> &numbers)
     return lists;
 }
 
-/// The services of these orders that are completed or skipped, their columns in the order of the
-/// history's, and last the assignment behind each.
+/// The services of these orders that are completed or skipped.
 db::Recordset postedServices(const QString &orders)
 {
     return gcnData->Open(
         u"Select tblWoserviceUsed.WorkorderNo, NserviceUsedID, tblWoserviceUsed.EquipmentID, "
-        "ServiceID, tblWoServiceUsed.Name, tblCrew.CrewID, CrewNumber, LastDateScheduled, "
-        "LastDatePerformed, NextScheduleddate, tblCostCenter.Description as CostCenterID, "
-        "SeparateWo, LaborEstimate, CostEstimate, [Note], Period,JobNo,Countvalue, "
-        "(IIf(Skip=True,-1,0)) AS Skip1,StartTime , EndTime ,Workhrs ,tblSupplier.SupplierID "
-        ",tblSupplier.Name ,WoDate ,CompletedDate ,ServiceUSedID From (((tblWoServiceUsed left "
-        "join tblWorkorder on tblWoserviceUsed.Workorderno = tblWorkorder.Workorderno) left join "
-        "tblCrew on tblWoserviceUsed.CrewID = tblcrew.CrewID) left join tblSupplier on "
-        "tblWoserviceUsed.SupplierID = tblSupplier.SupplierID) left join tblCostCenter on "
-        "tblWoServiceUsed.CostcenterID = tblCostCenter.CostCenterID where "
+        "tblWoServiceUsed.Name, NextScheduleddate, Period, Countvalue, CompletedDate, "
+        "ServiceUSedID From tblWoServiceUsed left join tblWorkorder on "
+        "tblWoserviceUsed.Workorderno = tblWorkorder.Workorderno where "
         "tblWoServiceUsed.WorkorderNo in(%1) and (not ((Skip is Null or Skip <> -1) and (Completed "
         "is Null or Completed <> -1))) order by tblWoServiceUsed.WorkorderNo, NserviceUsedID"_s.arg(
             orders));
 }
 
-void insertServiceHistory(const db::Row &service)
+/// Copies services into the history, their columns in the order of the history's.
+void writeServiceHistory(const QString &services)
 {
-    const QStringList &columns = serviceHistoryColumns();
-    QVariantList values;
-    for (int column = 0; column < columns.size(); ++column)
-        values.append(service[column]);
-    const QStringList places(values.size(), u"?"_s);
-    gcnData->Execute(u"Insert into tblWOServiceUsedHistory(%1) Values(%2)"_s.arg(columns.join(u','),
-                                                                                 places.join(u',')),
-                     values);
+    gcnData->Execute(
+        u"Insert into tblWOServiceUsedHistory(%1) "
+        "Select tblWoserviceUsed.WorkorderNo, NserviceUsedID, tblWoserviceUsed.EquipmentID, "
+        "ServiceID, tblWoServiceUsed.Name, tblCrew.CrewID, CrewNumber, LastDateScheduled, "
+        "LastDatePerformed, NextScheduleddate, tblCostCenter.Description, "
+        "SeparateWo, LaborEstimate, CostEstimate, [Note], Period,JobNo,Countvalue, "
+        "(IIf(Skip=True,-1,0)),StartTime , EndTime ,Workhrs ,tblSupplier.SupplierID "
+        ",tblSupplier.Name ,WoDate ,CompletedDate From (((tblWoServiceUsed left "
+        "join tblWorkorder on tblWoserviceUsed.Workorderno = tblWorkorder.Workorderno) left join "
+        "tblCrew on tblWoserviceUsed.CrewID = tblcrew.CrewID) left join tblSupplier on "
+        "tblWoserviceUsed.SupplierID = tblSupplier.SupplierID) left join tblCostCenter on "
+        "tblWoServiceUsed.CostcenterID = tblCostCenter.CostCenterID where NServiceUsedID in "
+        "(%2)"_s.arg(serviceHistoryColumns().join(u','), services));
 }
 
 void addReading(const db::Row &service, const QString &countType)
@@ -93,70 +92,78 @@ QDateTime confirmed(QDateTime next, const db::Row &service, qint64 serviceUsedID
                : GetNextScheduledDate(serviceUsedID, true, completed);
 }
 
-/// The schedule behind an order's service, as it stands now: it may have been changed since.
-struct Schedule
+bool ChkServiceIsCountType(const db::Row &service, QString &CountType)
 {
-    bool again = true; ///< it is to be scheduled again
-    QString period;
-};
+    CountType = readings::countType(service.text(u"Period"));
+    return !CountType.isEmpty();
+}
 
-/// Nothing for a service that has been taken off its machine meanwhile.
-std::optional<Schedule> scheduleOf(qint64 serviceUsedID)
+/// True when the machine has exactly this reading already.
+bool IsCountAvailable(qint64 EquipmentID, const QDateTime &Date, const QString &CountType,
+                      qint64 CountValue)
 {
-    const db::Recordset rows = gcnData->Open(
-        u"select RenewalOn, Period from tblServiceUsed where ServiceUsedId = ?"_s, {serviceUsedID});
-    if (rows.isEmpty())
-        return std::nullopt;
-    return Schedule{rows.current().text(u"RenewalOn") != u"D", rows.current().text(u"Period")};
+    return !gcnData
+                ->Open(u"SELECT * FROM tblEquipmentCount Where EquipmentID = ? and ChangeDate = "
+                       "? and CountType = ? and CountValue = ?"_s,
+                       {EquipmentID, Date, CountType, CountValue})
+                .isEmpty();
+}
+
+/// True unless the service is one that is not to be scheduled again.
+bool IsServiceScheduleAgain(const db::Row &schedule)
+{
+    return schedule.text(u"RenewalOn") != u"D";
+}
+
+/// The next target of a count service: from the count taken for one that goes by completion, from
+/// its old target for any other.
+qint64 ServiceCountUpdate(const db::Row &schedule, qint64 Count)
+{
+    const qint64 from =
+        schedule.text(u"RenewalOn") == u"W" ? Count : schedule.integer(u"NextScheduledCount");
+    return from + schedule.integer(u"Einterval");
 }
 
 /// The date that follows from the schedule as it now stands. A service that had been counted when
 /// its order was made may go by the calendar by now, and the other way round.
-QDateTime nextDate(const db::Row &service, qint64 serviceUsedID, const Schedule &schedule)
+QDateTime nextDate(const db::Row &service, qint64 serviceUsedID, const db::Row &schedule)
 {
-    const QDateTime next = GetNextScheduledDate(serviceUsedID);
-    return readings::countType(schedule.period).isEmpty() ? confirmed(next, service, serviceUsedID)
-                                                          : next;
+    const QDateTime next =
+        nextDateAfter(schedule, service.date(u"NextScheduleddate"), service.date(u"CompletedDate"));
+    return readings::countType(schedule.text(u"Period")).isEmpty()
+               ? confirmed(next, service, serviceUsedID)
+               : next;
 }
 
-/// Moves the schedule behind a posted service. The dates are written first, since the next date is
-/// reckoned from the row as it then stands. True when the service left a reading.
-bool reschedule(const db::Row &service, qint64 serviceUsedID)
+/// Moves the schedule behind a posted service, which has left its reading already.
+void reschedule(const db::Row &service, qint64 serviceUsedID, const db::Row &schedule)
 {
-    const std::optional<Schedule> schedule = scheduleOf(serviceUsedID);
-    QString countType;
-    const bool counted = ChkServiceIsCountType(service.integer(u"NserviceUsedID"), countType);
-    if (schedule)
-        gcnData->Execute(
-            schedule->again
-                ? u"Update tblServiceUsed Set LastDateScheduled = ?, LastDatePerformed = "
-                  "? Where ServiceUsedID = ?"_s
-                : u"Update tblServiceUsed Set LastDateScheduled = ?, LastDatePerformed = "
-                  "?, Inactive = 1 Where ServiceUsedID = ?"_s,
-            {service[u"NextScheduleddate"], service[u"CompletedDate"], serviceUsedID});
-    if (counted)
-        addReading(service, countType);
-    if (!schedule)
-        return counted;
-
+    const bool again = IsServiceScheduleAgain(schedule);
+    const QString period = schedule.text(u"Period");
+    QVariant target = schedule[u"NextScheduledCount"];
     QDateTime next;
-    if (counted && schedule->period == service.text(u"Period"))
-        ServiceCountUpdate(serviceUsedID, service.integer(u"Countvalue"));
-    else if (schedule->again)
-        next = nextDate(service, serviceUsedID, *schedule);
-    if (schedule->again)
-        gcnData->Execute(
-            u"Update tblServiceUsed Set NextScheduledDate = ? Where ServiceUsedID = ?"_s,
-            {next.isValid() ? QVariant(next) : QVariant(), serviceUsedID});
-    return counted;
+    if (period == service.text(u"Period") && !readings::countType(period).isEmpty())
+        target = ServiceCountUpdate(schedule, service.integer(u"Countvalue"));
+    else if (again)
+        next = nextDate(service, serviceUsedID, schedule);
+    gcnData->Execute(
+        u"Update tblServiceUsed Set LastDateScheduled = ?, LastDatePerformed = ?, "
+        "NextScheduledDate = ?, NextScheduledCount = ?, Inactive = ? Where ServiceUsedID = ?"_s,
+        {service[u"NextScheduleddate"], service[u"CompletedDate"],
+         !again           ? schedule[u"NextScheduledDate"]
+         : next.isValid() ? QVariant(next)
+                          : QVariant(),
+         target, again ? schedule[u"Inactive"] : QVariant(1), serviceUsedID});
 }
 
 /// A service that stood on the order without a schedule leaves a reading, unless it is there
 /// already; only this kind is tested for a doubled one. True when it left one.
-bool keepReading(const db::Row &service)
+bool keepReading(const db::Row &service, qint64 serviceUsedID)
 {
     QString countType;
-    if (!ChkServiceIsCountType(service.integer(u"NserviceUsedID"), countType) ||
+    if (!ChkServiceIsCountType(service, countType))
+        return false;
+    if (serviceUsedID == 0 &&
         IsCountAvailable(service.integer(u"EquipmentID"), service.date(u"CompletedDate"), countType,
                          service.integer(u"Countvalue")))
         return false;
@@ -164,14 +171,17 @@ bool keepReading(const db::Row &service)
     return true;
 }
 
-void insertPartHistory(const db::Row &part)
+/// Copies the parts of services into the history.
+void writePartHistory(const QString &services)
 {
     gcnData->Execute(
         u"Insert into tblWoPartHistory(ServiceusedID,partID, Description,PartCategoryID,Price,"
-        "SupplierID,QuantityRequired,QuantityUsed) Values(?,?,?,?,?,?,?,?)"_s,
-        {part[u"ServiceUsedID"], part[u"PartID"], part[u"Description"], part[u"ItemName"],
-         part[u"Price"], part[u"Name"], part[u"QuantityRequired"],
-         part.flag(u"Used") ? part[u"QuantityUsed"] : QVariant(0)});
+        "SupplierID,QuantityRequired,QuantityUsed) Select ServiceUsedID, tblWoPartUsed.PartID, "
+        "Description, ItemName, tblWoPartUsed.Price, Name, QuantityRequired, IIf(Used = "
+        "True,QuantityUsed,0) From ((tblWoPartUsed Left join tblPart on tblWoPartUsed.partID = "
+        "tblPart.PartID) Left join tblSupplier on tblWoPartUsed.SupplierId = "
+        "tblSupplier.SupplierID) Left join tblIndicator on tblPart.PartCategoryID = "
+        "tblIndicator.ItemID where ServiceUsedId in (%1)"_s.arg(services));
 }
 
 /// A service on its way into history, as messages name it.
@@ -216,6 +226,12 @@ auto stepOf(const Posted &service, Step &&step)
     }
 }
 
+/// True when the stock of a part is NOT tracked, in spite of the name.
+bool IsPartInInventory(const db::Row &part)
+{
+    return part.flag(u"TrackInventory");
+}
+
 /// What takes used parts out of the stock: of several rows of one part the last decides. Stock may
 /// go below zero.
 class Stock
@@ -226,13 +242,14 @@ public:
         const double used = part.real(u"QuantityUsed");
         const QString id = part.text(u"PartID");
         if (used > 0 && part.flag(u"Used"))
-            m_taken.insert(id.toCaseFolded(), {id, used, service}); // case doesn't count
+            m_taken.insert(id.toCaseFolded(), // case doesn't count
+                           {id, used, IsPartInInventory(part), service});
     }
     void write() const
     {
         for (const Taken &part : m_taken)
             stepOf(part.service, [&] {
-                if (!IsPartInInventory(part.id))
+                if (!part.untracked)
                     stock::move(part.id, -part.used);
             });
     }
@@ -242,6 +259,7 @@ private:
     {
         QString id;
         double used = 0;
+        bool untracked = false;
         Posted service;
     };
     QMap<QString, Taken> m_taken;
@@ -250,12 +268,9 @@ private:
 db::Recordset usedParts(const QString &services)
 {
     return gcnData->Open(
-        u"Select ServiceUsedID, tblWoPartUsed.PartID, Description, ItemName, tblWoPartUsed.Price, "
-        "Name, QuantityRequired, QuantityUsed, Used From ((tblWoPartUsed Left join "
-        "tblPart on tblWoPartUsed.partID = tblPart.PartID) Left join tblSupplier on "
-        "tblWoPartUsed.SupplierId = tblSupplier.SupplierID) Left join tblIndicator on "
-        "tblPart.PartCategoryID = tblIndicator.ItemID where ServiceUsedId in (%1) order by "
-        "ServiceUsedID, tblWoPartUsed.PartID"_s.arg(services));
+        u"Select ServiceUsedID, tblWoPartUsed.PartID, QuantityUsed, Used, TrackInventory From "
+        "tblWoPartUsed Left join tblPart on tblWoPartUsed.partID = tblPart.PartID where "
+        "ServiceUsedId in (%1) order by ServiceUsedID, tblWoPartUsed.PartID"_s.arg(services));
 }
 
 /// The services to post, list by list.
@@ -271,12 +286,48 @@ void postParts(const QMap<qint64, Posted> &services)
 {
     Stock stock;
     for (const QString &list : listsOf(services.keys())) {
-        for (const db::Row part : usedParts(list)) {
-            insertPartHistory(part);
+        writePartHistory(list);
+        for (const db::Row part : usedParts(list))
             stock.take(part, services[part.integer(u"ServiceUsedID")]);
-        }
     }
     stock.write();
+}
+
+Posted postedOf(const db::Row &service)
+{
+    return {service.integer(u"NserviceUsedID"), service.integer(u"WorkorderNo"),
+            service.text(u"Name")};
+}
+
+/// The schedules behind services, by their key and as they stand now: they may have been changed
+/// since the orders were made. Held first, so that what is reckoned from them is what is moved on,
+/// however long the user thinks about a date. A service that has been taken off its machine
+/// meanwhile has none.
+QHash<qint64, db::Row> heldSchedules(const QMap<qint64, Posted> &services)
+{
+    const auto hold = [](const QString &list) {
+        gcnData->Execute(
+            u"Update tblServiceUsed set Inactive = Inactive where ServiceUsedID in (%1)"_s.arg(
+                list));
+    };
+    QHash<qint64, db::Row> schedules;
+    for (const QString &list : listsOf(services.keys())) {
+        try {
+            hold(list);
+        } catch (const db::DbError &error) {
+            if (error.number() != db::ErrorNumber::LockConflict)
+                throw;
+            // Which one it is: the list doesn't say.
+            for (const auto &[id, service] : services.asKeyValueRange())
+                stepOf(service, [&, key = id] { hold(QString::number(key)); });
+            throw;
+        }
+        for (const db::Row schedule :
+             gcnData->Open(u"Select %1 from tblServiceUsed where ServiceUsedID in (%2)"_s.arg(
+                 scheduleColumns(), list)))
+            schedules.insert(schedule.integer(u"ServiceUsedID"), schedule);
+    }
+    return schedules;
 }
 
 /// The services of these orders pass into history, their schedules move on, and other services of
@@ -295,28 +346,41 @@ public:
     /// The services passed on, by key.
     QMap<qint64, Posted> write()
     {
+        m_schedules = heldSchedules(schedulesBehind());
         for (const db::Recordset &list : m_services) {
             for (const db::Row service : list)
                 pass(service);
         }
-        for (const auto &[machine, service] : m_read.asKeyValueRange())
-            stepOf(service, [&] { readings::applyToServices(machine, m_moved); });
+        applyReadings();
+        for (const QString &list : listsOf(m_posted.keys()))
+            writeServiceHistory(list);
         postParts(m_posted);
         return m_posted;
     }
 
 private:
+    [[nodiscard]] QMap<qint64, Posted> schedulesBehind() const
+    {
+        QMap<qint64, Posted> schedules;
+        for (const db::Recordset &list : m_services) {
+            for (const db::Row service : list)
+                if (const qint64 id = service.integer(u"ServiceUSedID"); id != 0)
+                    schedules.insert(id, postedOf(service));
+        }
+        return schedules;
+    }
+
     void pass(const db::Row &row)
     {
-        const Posted service{row.integer(u"NserviceUsedID"), row.integer(u"WorkorderNo"),
-                             row.text(u"Name")};
+        const Posted service = postedOf(row);
         const qint64 serviceUsedID = row.integer(u"ServiceUSedID");
+        const auto schedule = m_schedules.constFind(serviceUsedID);
         const bool hasRead = stepOf(service, [&] {
-            insertServiceHistory(row);
-            return serviceUsedID != 0 ? reschedule(row, serviceUsedID) : keepReading(row);
+            const bool left = keepReading(row, serviceUsedID);
+            if (schedule != m_schedules.cend())
+                reschedule(row, serviceUsedID, *schedule);
+            return left;
         });
-        if (serviceUsedID != 0)
-            m_moved.insert(serviceUsedID);
         if (hasRead)
             m_read.insert(row.integer(u"EquipmentID"), service);
         m_posted.insert(service.id, service);
@@ -324,11 +388,20 @@ private:
             m_progress(static_cast<int>(m_posted.size()), m_all);
     }
 
+    /// The services that were posted wait for a reading after their posting.
+    void applyReadings() const
+    {
+        for (const QString &machines : listsOf(m_read.keys()))
+            for (const readings::Waiting &waiting : readings::waitingServices(machines))
+                if (!m_schedules.contains(waiting.ServiceUsedID))
+                    stepOf(m_read[waiting.EquipmentID], [&] { readings::applyTo(waiting); });
+    }
+
     QList<db::Recordset> m_services;
     const base::Progress &m_progress;
     int m_all = 0;
+    QHash<qint64, db::Row> m_schedules;
     QMap<qint64, Posted> m_posted;
-    QSet<qint64> m_moved;        ///< ServiceUsedID of what has just been rescheduled
     QMap<qint64, Posted> m_read; ///< machines with new readings, and a service that left one
 };
 
@@ -561,55 +634,6 @@ bool PostWorkOrder(QList<qint64> &orders, const base::Progress &progress, const 
         tell(choice);
         return true;
     });
-}
-
-bool IsServiceScheduleAgain(qint64 ServiceUsedID)
-{
-    const std::optional<Schedule> schedule = scheduleOf(ServiceUsedID);
-    return !schedule || schedule->again;
-}
-
-bool ChkServiceIsCountType(qint64 NServiceUsedID, QString &CountType)
-{
-    const db::Recordset rows = gcnData->Open(
-        u"Select Period from tblWOServiceUsed where NserviceUsedID = ?"_s, {NServiceUsedID});
-    if (rows.isEmpty())
-        return false;
-    const QString type = readings::countType(rows.current().text(u"Period"));
-    if (type.isEmpty())
-        return false;
-    CountType = type;
-    return true;
-}
-
-void ServiceCountUpdate(qint64 ServiceUsedID, qint64 Count)
-{
-    const db::Recordset rows = gcnData->Open(
-        u"Select RenewalOn,NextScheduledCount,Einterval From tblServiceUsed where ServiceUsedID = ?"_s,
-        {ServiceUsedID});
-    if (rows.isEmpty())
-        return;
-    const db::Row row = rows.current();
-    const qint64 from = row.text(u"RenewalOn") == u"W" ? Count : row.integer(u"NextScheduledCount");
-    gcnData->Execute(u"Update tblServiceUsed set nextScheduledCount = ? where ServiceUsedID = ?"_s,
-                     {from + row.integer(u"Einterval"), ServiceUsedID});
-}
-
-bool IsCountAvailable(qint64 EquipmentID, const QDateTime &Date, const QString &CountType,
-                      qint64 CountValue)
-{
-    return !gcnData
-                ->Open(u"SELECT * FROM tblEquipmentCount Where EquipmentID = ? and ChangeDate = "
-                       "? and CountType = ? and CountValue = ?"_s,
-                       {EquipmentID, Date, CountType, CountValue})
-                .isEmpty();
-}
-
-bool IsPartInInventory(const QString &PartID)
-{
-    const db::Recordset rows =
-        gcnData->Open(u"select TrackInventory from tblPart where PartID = ?"_s, {PartID});
-    return !rows.isEmpty() && rows.current().flag(u"TrackInventory");
 }
 
 } // namespace posting

@@ -56,19 +56,4 @@ private:
 [[nodiscard]] bool PostWorkOrder(QList<qint64> &orders, const base::Progress &progress = {},
                                  const QDate &completed = {});
 
-// The steps of a posting. They raise DbError, so that a failing one undoes it all.
-
-/// True unless the service is one that is not to be scheduled again. True also without a row.
-[[nodiscard]] bool IsServiceScheduleAgain(qint64 ServiceUsedID);
-/// True when an order's service counts on a meter; CountType becomes its word.
-[[nodiscard]] bool ChkServiceIsCountType(qint64 NServiceUsedID, QString &CountType);
-/// Moves the target of a count service: from the count taken for one that goes by completion, from
-/// its old target for any other.
-void ServiceCountUpdate(qint64 ServiceUsedID, qint64 Count);
-/// True when the machine has exactly this reading already.
-[[nodiscard]] bool IsCountAvailable(qint64 EquipmentID, const QDateTime &Date,
-                                    const QString &CountType, qint64 CountValue);
-/// True when the stock of a part is NOT tracked, in spite of the name.
-[[nodiscard]] bool IsPartInInventory(const QString &PartID);
-
 } // namespace posting

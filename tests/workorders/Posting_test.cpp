@@ -456,7 +456,7 @@ TEST_F(PostWorkOrder, AFailureAtAnyStatementLeavesNothingHalfDone)
                   EXPECT_EQ(orders, QList<qint64>{number});
                   return done;
               }),
-              20)
+              15)
         << "all statements of the posting were tried";
     EXPECT_EQ(count(u"tblWOServiceUsedHistory"_s), 3);
     EXPECT_EQ(stock(u"P1"_s), 8);
