@@ -6,28 +6,54 @@ namespace workorders::statements {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// Adds the crews that a filter's condition asks for: that of the service, and that of the machine
+/// of these rows. What isn't asked for isn't joined, since it would cost a look-up for each row.
+QString withCrews(QString rows, const WorkorderFilter &filter, const QString &services,
+                  const QString &machines)
+{
+    const auto join = [&rows](const QString &more) {
+        rows = u"(%1 left JOIN %2)"_s.arg(rows, more);
+    };
+    if (!filter.crewRange.trimmed().isEmpty())
+        join(u"tblCrew ON %1.CrewID = tblCrew.CrewID"_s.arg(services));
+    if (!filter.assignCrew.trimmed().isEmpty()) {
+        join(u"tblEquipment AS Owner ON %1.EquipmentID = Owner.EquipmentID"_s.arg(machines));
+        join(u"tblCrew AS ECrew ON Owner.CrewID = ECrew.CrewID"_s);
+    }
+    return rows;
+}
+
+} // namespace
+
+// Machines and orders are found by their keys first, and only then get their texts: what has to be
+// sorted to find each once is small then, and no text is compared. The "+ 0" keeps the engine from
+// walking the index of all rows for the few that are found.
 QString printWo(const WorkorderFilter &filter)
 {
     const QString column = u"tblcrew.crewnumber"_s;
-    return u"SELECT distinct  tblEquipment.EquipmentId, NULL as [WorkOrderNo], UnitNO AS "
-           "[Unit No], Equipmentname AS [Equipment Name], Etype.itemname AS [Equipment Type], 0 "
-           "as [Printed]"
-           "From  ((((tblEquipment left JOIN tblServiceUsed ON tblEquipment.EquipmentID = "
-           "tblServiceUsed.EquipmentID)  left JOIN tblCrew ON tblServiceUsed.CrewID = "
-           "tblCrew.CrewID)  left JOIN tblIndicator As Make ON tblEquipment.EquipmentMake = "
-           "Make.ItemID)  Left JOIN tblIndicator AS Etype ON tblEquipment.EquipmentType = "
-           "Etype.ItemID)  LEFT JOIN tblCrew AS ECrew ON tblEquipment.CrewID = ECrew.CrewID Where "_s +
-           dueCondition(filter, column, true) +
-           u" and tblServiceUsed.Inactive = 0 and tblEquipment.Inactive = '0' Union SELECT "
-           "DISTINCT tblWorkorder.EquipmentId, tblWorkorder.WorkOrderNo, UnitNO AS [Unit No], "
-           "Equipmentname AS [Equipment Name], Etype.itemname AS [Equipment Type], Printed FROM "
-           "((((tblWorkOrder LEFT JOIN tblWoserviceUsed ON tblWorkOrder.WorkOrderNo = "
-           "tblWoserviceUsed.WorkOrderNo) LEFT JOIN tblCrew ON tblWoserviceUsed.CrewID = "
-           "tblCrew.Crewid) LEFT JOIN tblEquipment ON tblWorkorder.EquipmentID = "
-           "tblEquipment.EquipmentID) LEFT JOIN tblIndicator AS Etype ON "
-           "tblEquipment.EquipmentType = Etype.itemid) LEFT JOIN tblCrew AS ECrew ON "
-           "tblEquipment.CrewID = ECrew.CrewID Where ("_s +
-           filterCondition(filter, column, true) + u" or nextscheduleddate is null) "_s;
+    const QString columns =
+        u"UnitNO AS [Unit No], Equipmentname AS [Equipment Name], Etype.itemname AS "
+        "[Equipment Type], "_s;
+    return u"SELECT tblEquipment.EquipmentId, NULL as [WorkOrderNo], "_s + columns +
+           u"0 as [Printed] From ((Select distinct tblServiceUsed.EquipmentID + 0 as Machine from "_s +
+           withCrews(u"tblServiceUsed"_s, filter, u"tblServiceUsed"_s, u"tblServiceUsed"_s) +
+           u" Where "_s + dueCondition(filter, column, true) +
+           u" and tblServiceUsed.Inactive = 0) as Due inner join tblEquipment on "
+           "tblEquipment.EquipmentID = Due.Machine) Left JOIN tblIndicator AS Etype ON "
+           "tblEquipment.EquipmentType = Etype.ItemID Where tblEquipment.Inactive = '0' Union all "
+           "SELECT tblWorkorder.EquipmentId, tblWorkorder.WorkOrderNo, "_s +
+           columns +
+           u"Printed FROM (((Select distinct tblWorkorder.WorkOrderNo + 0 as Number from "_s +
+           withCrews(u"(tblWorkOrder LEFT JOIN tblWoserviceUsed ON tblWorkOrder.WorkOrderNo = "
+                     "tblWoserviceUsed.WorkOrderNo)"_s,
+                     filter, u"tblWoserviceUsed"_s, u"tblWorkorder"_s) +
+           u" Where ("_s + filterCondition(filter, column, true) +
+           u" or nextscheduleddate is null)) as Found inner join tblWorkorder on "
+           "tblWorkorder.WorkOrderNo = Found.Number) LEFT JOIN tblEquipment ON "
+           "tblWorkorder.EquipmentID = tblEquipment.EquipmentID) LEFT JOIN tblIndicator AS Etype "
+           "ON tblEquipment.EquipmentType = Etype.itemid order by 1, 2"_s;
 }
 
 QString genServices(const WorkorderFilter &filter)
@@ -187,18 +213,21 @@ QString historySummary(const QString &where)
 
 QString board()
 {
-    return u"SELECT UnitNO + ' - ' + Equipmentname AS [Unit No], NULL as [WorkOrderNo], "
-           "Min(NextScheduledDate) AS Due, Count(ServiceUsedID) AS Services From tblEquipment left "
-           "JOIN tblServiceUsed ON tblEquipment.EquipmentID = tblServiceUsed.EquipmentID Where "
+    return u"SELECT UnitNO, Equipmentname, NULL as [WorkOrderNo], Due, Services From (Select "
+           "tblServiceUsed.EquipmentID + 0 as Machine, Min(NextScheduledDate) AS Due, "
+           "Count(ServiceUsedID) AS Services from tblServiceUsed Where "
            "(tblServiceUsed.NextScheduledDate >= Now()-30 and tblServiceUsed.NextScheduledDate <= "
-           "Now()) And Serviceusedid not in (Select ServiceUsedId from tblWoServiceUsed) and "
-           "tblServiceUsed.Inactive = 0 GROUP BY UnitNO + ' - ' + Equipmentname Union SELECT "
-           "UnitNO + ' - ' + Equipmentname AS [Unit No], tblWorkorder.WorkOrderNo, "
-           "Min(NextScheduledDate) AS Due, Count(NServiceUsedID) AS Services FROM (tblWorkOrder "
-           "LEFT JOIN tblWoserviceUsed ON tblWorkOrder.WorkOrderNo = "
-           "tblWoserviceUsed.WorkOrderNo) LEFT JOIN tblEquipment ON tblWorkorder.EquipmentID = "
-           "tblEquipment.EquipmentID Where CompletedDate is NULL GROUP BY UnitNO + ' - ' + "
-           "Equipmentname, tblWorkorder.WorkOrderNo"_s;
+           "Now())"_s +
+           onNoOrder() +
+           u" and tblServiceUsed.Inactive = 0 GROUP BY tblServiceUsed.EquipmentID + 0) as Waiting "
+           "inner join tblEquipment ON tblEquipment.EquipmentID = Waiting.Machine Union all "
+           "SELECT UnitNO, Equipmentname, Number, Due, Services FROM (Select "
+           "tblWorkorder.WorkOrderNo as Number, tblWorkorder.EquipmentID as Machine, "
+           "Min(NextScheduledDate) AS Due, Count(NServiceUsedID) AS Services from tblWorkOrder "
+           "LEFT JOIN tblWoserviceUsed ON tblWorkOrder.WorkOrderNo = tblWoserviceUsed.WorkOrderNo "
+           "Where CompletedDate is NULL GROUP BY tblWorkorder.WorkOrderNo, "
+           "tblWorkorder.EquipmentID) as Opened LEFT JOIN tblEquipment ON Opened.Machine = "
+           "tblEquipment.EquipmentID"_s;
 }
 
 } // namespace workorders::statements

@@ -83,9 +83,14 @@ QString filterCondition(const WorkorderFilter &filter, const QString &crewColumn
     return BuildFilterExpression(filter, crewColumn, withAssignedCrew);
 }
 
+QString onNoOrder()
+{
+    return u" And not exists (Select Taken.ServiceUsedID from tblWoServiceUsed as Taken where "
+           "Taken.ServiceUsedID = tblServiceUsed.ServiceUsedID)"_s;
+}
+
 QString dueCondition(const WorkorderFilter &filter, const QString &crewColumn,
                      bool withAssignedCrew)
 {
-    return filterCondition(filter, crewColumn, withAssignedCrew) +
-           u" And Serviceusedid not in (Select ServiceUsedId from tblWoServiceUsed)"_s;
+    return filterCondition(filter, crewColumn, withAssignedCrew) + onNoOrder();
 }

@@ -25,6 +25,11 @@ struct WorkorderFilter
 [[nodiscard]] QString filterCondition(const WorkorderFilter &filter, const QString &crewColumn = {},
                                       bool withAssignedCrew = false);
 
-/// The condition of what is due: within the filter, as above, and on no order.
+/// What follows a condition on services of machines (tblServiceUsed), to leave out those that are
+/// on an order.
+[[nodiscard]] QString onNoOrder();
+
+/// The condition of what is due: within the filter, as above, and on no order. For statements on
+/// tblServiceUsed.
 [[nodiscard]] QString dueCondition(const WorkorderFilter &filter, const QString &crewColumn = {},
                                    bool withAssignedCrew = false);
