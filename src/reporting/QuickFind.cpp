@@ -2,6 +2,7 @@
 
 #include "core/Permission.h"
 
+#include <QSet>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -143,14 +144,24 @@ int SetLength(QStringView fieldType)
     return isType(fieldType, u"CHAR") ? 10 : 100;
 }
 
-QString listStatement(const Table &table, const QString &orderColumn, bool showInactive,
-                      const QString &leftOut)
+QString listStatement(const Table &table, const QString &orderColumn, bool showInactive)
 {
     QString statement = QueryString(table.name);
     statement += showInactive ? table.bothKinds : table.activeOnly;
-    if (!leftOut.trimmed().isEmpty() && isType(table.name, u"tblEquipment"))
-        statement += u" and  EquipmentID not in ("_s + leftOut + u')';
     return statement + u" order by %1.[%2]  ASC"_s.arg(table.name, orderColumn);
+}
+
+db::Recordset list(const Table &table, const QString &orderColumn, bool showInactive,
+                   const QString &leftOut)
+{
+    const db::Recordset rows =
+        dataConnection().Open(listStatement(table, orderColumn, showInactive));
+    if (!isType(table.name, u"tblEquipment"))
+        return rows;
+    QSet<qint64> keys;
+    for (const QStringView key : QStringView(leftOut).split(u',', Qt::SkipEmptyParts))
+        keys.insert(key.trimmed().toLongLong());
+    return rows.without(table.key, keys);
 }
 
 QString partListStatement(bool showInactive, qint64 category)

@@ -43,10 +43,13 @@ struct Table
 /// How many characters can be typed to search a field of that type.
 [[nodiscard]] int SetLength(QStringView fieldType);
 
-/// The whole statement of a list in the order of a column of the table. leftOut: machines to leave
-/// out, keys joined by commas, may be empty.
+/// The whole statement of a list in the order of a column of the table.
 [[nodiscard]] QString listStatement(const Table &table, const QString &orderColumn,
-                                    bool showInactive, const QString &leftOut = {});
+                                    bool showInactive);
+/// The rows of a list. leftOut: keys of machines that are not listed, joined by commas, may be
+/// empty; other tables take no notice of it. Data; raises DbError.
+[[nodiscard]] db::Recordset list(const Table &table, const QString &orderColumn, bool showInactive,
+                                 const QString &leftOut);
 /// The statement of the parts' own quick find; category 0 for all.
 [[nodiscard]] QString partListStatement(bool showInactive, qint64 category);
 

@@ -89,13 +89,20 @@ TEST_F(QuickFind, InactiveMachinesAndThoseLeftOutAreAbsentWhicheverWayTheBoxStan
     addMachine(3, u"C-1"_s, false);
     const quickfind::Table &table = *quickfind::tableOf(u"TBLEQUIPMENT");
     const auto listed = [&](bool inactive, const QString &leftOut) {
-        return keys(quickfind::listStatement(table, u"UnitNo"_s, inactive, leftOut),
-                    u"EquipmentID"_s);
+        QStringList found;
+        for (const db::Row row : quickfind::list(table, u"UnitNo"_s, inactive, leftOut))
+            found.append(row.text(u"EquipmentID") + u' ' + row.text(u"Unit No"));
+        return found.join(u", "_s);
     };
-    EXPECT_EQ(listed(false, {}), u"1,3"_s);
-    EXPECT_EQ(listed(true, {}), u"2,1,3"_s);
-    EXPECT_EQ(listed(false, u"3"_s), u"1"_s);
-    EXPECT_EQ(listed(true, u"2,3"_s), u"1"_s);
+    EXPECT_EQ(listed(false, {}), u"1 B-1, 3 C-1"_s);
+    EXPECT_EQ(listed(true, {}), u"2 A-1, 1 B-1, 3 C-1"_s);
+    EXPECT_EQ(listed(false, u"1"_s), u"3 C-1"_s);
+    EXPECT_EQ(listed(true, u" 2, 3 ,4711"_s), u"1 B-1"_s);
+    EXPECT_EQ(listed(true, u"1,2,3"_s), QString());
+    const quickfind::Table &suppliers = *quickfind::tableOf(u"tblSupplier");
+    gcnData->Execute(u"Insert into tblSupplier(SupplierID,Name) values(1,'Parts Depot')"_s);
+    EXPECT_EQ(quickfind::list(suppliers, u"Name"_s, false, u"1"_s).RecordCount(),
+              gcnData->Open(u"Select * from tblSupplier"_s).RecordCount());
 }
 
 TEST_F(QuickFind, PartsAreListedByActivityAndCategory)

@@ -261,4 +261,17 @@ Recordset Recordset::Clone() const
     return Recordset(m_data);
 }
 
+Recordset Recordset::without(QStringView column, const QSet<qint64> &keys) const
+{
+    if (columnIndex(column) < 0)
+        noSuchItem(column.toString());
+    if (keys.isEmpty())
+        return Clone();
+    const auto kept = std::make_shared<RowData>(m_data->layout());
+    for (const Row each : *this)
+        if (each.isNull(column) || !keys.contains(each.integer(column)))
+            kept->addRow(*m_data, each.index());
+    return Recordset(kept);
+}
+
 } // namespace db

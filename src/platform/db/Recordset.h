@@ -3,6 +3,7 @@
 #include "platform/sql/Schema.h"
 
 #include <QDateTime>
+#include <QSet>
 #include <QString>
 #include <QVariant>
 #include <memory>
@@ -90,6 +91,10 @@ public:
 
     /// A copy on its first row.
     [[nodiscard]] Recordset Clone() const;
+    /// A copy without the rows whose key, a column of whole numbers, is one of these; on its first
+    /// row. Costs the same however many keys there are, where the engine would compare each row
+    /// with one after the other. Raises base::Error NoSuchItem for an unknown column.
+    [[nodiscard]] Recordset without(QStringView column, const QSet<qint64> &keys) const;
 
     class Iterator
     {

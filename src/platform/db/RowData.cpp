@@ -86,6 +86,34 @@ void RowData::addBytes(int column, QByteArray bytes)
     m_columns[column].blobs.push_back(std::move(bytes));
 }
 
+void RowData::addRow(const RowData &source, int row)
+{
+    for (int column = 0; column < columnCount(); ++column) {
+        if (source.isNull(row, column)) {
+            addNull(column);
+            continue;
+        }
+        switch (storage(column)) {
+        case Storage::Integer:
+        case Storage::Date:
+            addInteger(column, source.integer(row, column));
+            break;
+        case Storage::Real:
+            addReal(column, source.real(row, column));
+            break;
+        case Storage::Text: {
+            const std::string_view view = source.text(row, column);
+            addText(column, view.data(), view.size());
+            break;
+        }
+        case Storage::Bytes:
+            addBytes(column, source.bytes(row, column));
+            break;
+        }
+    }
+    endRow();
+}
+
 void RowData::squeeze()
 {
     for (Column &c : m_columns) {

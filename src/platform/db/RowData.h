@@ -61,9 +61,12 @@ public:
     void addText(int column, const char *text, std::size_t length);
     void addBytes(int column, QByteArray bytes);
     void endRow() { ++m_rows; }
+    /// Copies a row of another result with the same layout to the end.
+    void addRow(const RowData &source, int row);
     /// Gives back memory that was set aside for more rows.
     void squeeze();
 
+    [[nodiscard]] const std::shared_ptr<const RowLayout> &layout() const { return m_layout; }
     [[nodiscard]] int rowCount() const { return m_rows; }
     [[nodiscard]] int columnCount() const { return static_cast<int>(m_columns.size()); }
     [[nodiscard]] const QString &columnName(int column) const

@@ -158,8 +158,8 @@ bool frmQuickFind::ShowQuickFindMain()
         const QString chosen = m_search->field().name;
         m_search->setFields(fields, chosen.isEmpty() ? m_request.field : chosen);
         const QStringList ticked = tickedKeys();
-        grdQuickFind->rows().setRecordset(gcnData->Open(quickfind::listStatement(
-            *m_table, m_request.field, chkInactive->isChecked(), m_request.leftOut)));
+        grdQuickFind->rows().setRecordset(quickfind::list(
+            *m_table, m_request.field, chkInactive->isChecked(), m_request.leftOut));
         if (!std::exchange(m_columnsAreSet, true))
             setColumns();
         tick(ticked);

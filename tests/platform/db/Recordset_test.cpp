@@ -123,6 +123,22 @@ TEST(Recordset, CopiesShareRowsAndHaveTheirOwnPosition)
     EXPECT_EQ(last.text(u"Unit No"), u"Größe's [4]"_s);
 }
 
+TEST(Recordset, WhatIsLeftOutLeavesTheOtherRowsWhole)
+{
+    const Recordset all = machines();
+    const Recordset some = all.without(u"equipmentid", {1, 4, 4711});
+    ASSERT_EQ(some.RecordCount(), 2);
+    for (int column = 0; column < all.columnCount(); ++column) {
+        EXPECT_EQ(some.columnName(column), all.columnName(column));
+        EXPECT_EQ(some.value(0, column), all.value(1, column)) << column;
+        EXPECT_EQ(some.value(1, column), all.value(2, column)) << column;
+    }
+    EXPECT_EQ(all.without(u"EquipmentID", {}).RecordCount(), 4);
+    EXPECT_TRUE(all.without(u"EquipmentID", {1, 2, 3, 4}).IsEOF());
+    EXPECT_EQ(all.without(u"Used", {0, -1}).RecordCount(), 1) << "Null is no key";
+    EXPECT_EQ(errorOf([&] { (void)all.without(u"none", {1}); }), base::ErrorNumber::NoSuchItem);
+}
+
 TEST(Recordset, NamesAreFoundInAnyCaseAndTheFirstOfTwoEqualOnesCounts)
 {
     // Many columns, so that places in the table of names collide.
