@@ -103,21 +103,19 @@ void startCounting(qint64 equipment, qint64 serviceUsedID, const QString &name,
             {readings::newest(equipment, countType).value + interval, serviceUsedID});
 }
 
-/// The row of a service, held for the transaction.
-db::Recordset held(qint64 serviceUsedID)
+/// A row of what a sentence calls it ("service"), held for the transaction. gone: what is told when
+/// it is not there any more.
+db::Recordset held(QStringView table, QStringView keyColumn, qint64 key, QStringView what,
+                   const QString &gone)
 {
     try {
-        return orInTheWay(
-            [&] {
-                return record::hold(*gcnData, u"tblServiceUsed", u"ServiceUsedID", serviceUsedID);
-            },
-            [] {
-                return u"Another workstation is changing this service. Please try again in a "
-                       "moment."_s;
-            });
+        return orInTheWay([&] { return record::hold(*gcnData, table, keyColumn, key); },
+                          [&] {
+                              return u"Another workstation is changing this %1. Please try again "
+                                     "in a moment."_s.arg(what);
+                          });
     } catch (const record::Conflict &) {
-        throw InTheWay(u"This service has been removed from its machine on another workstation. "
-                       "Nothing was stored."_s);
+        throw InTheWay(gone);
     }
 }
 
@@ -173,7 +171,10 @@ bool UpdateEquipmentService(qint64 ServiceUsedID, const QString &Column, const Q
 {
     return base::trapped(Module, "UpdateEquipmentService", false, [&] {
         record::ShortTransaction transaction(*gcnData);
-        const db::Recordset rows = held(ServiceUsedID);
+        const db::Recordset rows =
+            held(u"tblServiceUsed", u"ServiceUsedID", ServiceUsedID, u"service",
+                 u"This service has been removed from its machine on another workstation. Nothing "
+                 "was stored."_s);
         record::demandShown(rows.current(), Column, Value, Shown);
         gcnData->Execute(
             u"Update tblServiceUsed set [%1] = ? where ServiceUsedid = ?"_s.arg(Column),
@@ -234,23 +235,13 @@ db::Recordset crewOf(qint64 EquipmentID)
 void assignCrew(qint64 EquipmentID, qint64 CrewID, qint64 ShownCrewID)
 {
     TransactionScope transaction;
-    try {
-        orInTheWay(
-            [&] {
-                const db::Recordset now =
-                    record::hold(*gcnData, u"tblEquipment", u"EquipmentID", EquipmentID);
-                if (now.current().integer(u"CrewID") != ShownCrewID)
-                    throw InTheWay(u"Another workstation has given this machine to another crew "
-                                   "meanwhile, which is shown now. Nothing was stored."_s);
-            },
-            [] {
-                return u"Another workstation is changing this machine. Please try again in a "
-                       "moment."_s;
-            });
-    } catch (const record::Conflict &) {
-        throw InTheWay(u"This machine has been deleted on another workstation. Nothing was "
-                       "stored."_s);
-    }
+    const db::Recordset now =
+        held(u"tblEquipment", u"EquipmentID", EquipmentID, u"machine",
+             u"This machine has been deleted on another workstation. Nothing was stored."_s);
+    if (now.current().integer(u"CrewID") != ShownCrewID)
+        throw InTheWay(
+            u"Another workstation has given this machine to another crew meanwhile, which "
+            "is shown now. Nothing was stored."_s);
     const QStringList former =
         crewOf(EquipmentID).current().text(u"CrewNumber").split(BetweenNumberAndDescription);
     if (!ChangeCrew(EquipmentID, former.value(0).trimmed(), former.value(1).trimmed()))
