@@ -8,7 +8,7 @@
 #include "parts/ui/Entries.h"
 #include "platform/help/Help.h"
 #include "reporting/ui/QuickFindEntries.h"
-#include "reporting/ui/frmReportPreview.h"
+#include "reporting/ui/ShowReport.h"
 #include "scheduling/ui/Entries.h"
 #include "shell/ui/MainBoard.h"
 #include "workorders/ui/Entries.h"

@@ -3,52 +3,42 @@
 #include "platform/db/Recordset.h"
 
 #include <QHash>
+#include <QList>
 #include <QString>
-#include <QStringView>
-#include <span>
 
 /// All reports of the program: what each reads, how it asks and answers, and which layout prints
 /// it. One row for each layout; a procedure that prints in several layouts has several rows.
 namespace catalogue {
 
-/// Where a report's filter has its place in the query.
-enum class FilterPlace {
-    Behind,     ///< behind the query's text, and the tail after it
-    WholeQuery, ///< the caller's text is the query
-};
-
 /// A field that is summed once for each value of a key: rows of parts repeat their service's cost.
 struct OnceField
 {
-    QStringView name;
-    QStringView field;
-    QStringView key;
+    QString name;
+    QString field;
+    QString key;
 };
 
 struct Report
 {
-    QStringView layout;    ///< the layout file's name, without its ending
-    QStringView procedure; ///< by which it is known to screens and error reports
-    QStringView title;     ///< of the window
-    QStringView query;     ///< up to the filter
-    QStringView tail;      ///< behind the filter: grouping and order
-    QStringView empty;     ///< what is said without rows
-    /// Asked when the engine refuses the filter; empty where a failure is reported as any other.
-    QStringView question;
-    /// Asked when the filter compares values of different kinds; the first one where empty.
-    QStringView mismatchQuestion{};
-    FilterPlace place = FilterPlace::Behind;
-    QStringView unfiltered{}; ///< stands in the filter's place when there is none
-    QStringView filtered{};   ///< follows a filter, before the tail
+    QString layout;       ///< the layout file's name, without its ending
+    QByteArray procedure; ///< by which screens and error reports know it
+    QString title;        ///< of the window
+    QString query{};      ///< up to the filter; empty where the caller's text is the whole query
+    QString tail{};       ///< behind the filter: grouping and order
+    QString empty{};      ///< what is said without rows
+    QString question{};   ///< asked when the engine refuses the filter; empty: an error like others
+    QString mismatchQuestion{}; ///< asked when it compares unlike kinds; empty: the same question
+    QString unfiltered{};       ///< stands in the filter's place when there is none
+    QString filtered{};         ///< follows a filter, before the tail
     OnceField once{};
-    bool addsLabor = false;    ///< the field Labor beside the sums of a summary of orders
+    bool addsLabor = false;     ///< the field Labor beside the sums of a summary of orders
     bool onlyDelivered = false; ///< no layout of the customer's own takes its place
 };
 
-/// The rows in the order in which the menus offer their reports.
-[[nodiscard]] std::span<const Report> reports();
+/// The rows, those of one menu together.
+[[nodiscard]] const QList<Report> &reports();
 /// The report of a layout; raises base::Error NoSuchItem for a name that the catalogue lacks.
-[[nodiscard]] const Report &reportOf(QStringView layout);
+[[nodiscard]] const Report &reportOf(const QString &layout);
 
 /// What a report is asked for.
 struct Request
@@ -62,10 +52,10 @@ struct Request
 
 /// The report's statement with this filter.
 [[nodiscard]] QString statement(const Report &report, const QString &filter);
-/// Its rows. Data; raises DbError, also for a text that does more than read.
+/// Its rows. Data; raises DbError, a syntax error for a text that does more than read.
 [[nodiscard]] db::Recordset open(const Report &report, const QString &filter);
-/// The named texts that the program knows by itself: the company's name, the labels of free fields,
-/// what the error report tells of the computer. Lookup.
+/// The named texts that the program knows by itself: the company's name, the labels of a machine's
+/// free fields, what the error report tells of the computer. Lookup.
 [[nodiscard]] QHash<QString, QString> namedTexts(const Report &report);
 
 } // namespace catalogue

@@ -19,16 +19,20 @@ namespace reportfiles {
 
 using namespace Qt::StringLiterals;
 
-QString layoutPath(const QString &report)
+namespace {
+
+QString ownPath(const QString &report)
 {
-    const QString file = report + u".rpt"_s;
-    const QString custom = base::applicationPath(u"\\Custom Reports\\"_s) + file;
-    return QFile::exists(custom) ? custom : base::applicationPath(u"\\Reports\\"_s) + file;
+    return base::applicationPath(u"\\Custom Reports\\%1.rpt"_s.arg(report));
 }
 
-report::Layout readLayout(const QString &report)
+QString deliveredPath(const QString &report)
 {
-    const QString path = layoutPath(report);
+    return base::applicationPath(u"\\Reports\\%1.rpt"_s.arg(report));
+}
+
+report::Layout readFile(const QString &path)
+{
     if (!QFile::exists(path))
         throw base::Error(base::ErrorNumber::FileNotFound,
                           u"The layout of this report is missing: %1"_s.arg(path));
@@ -38,6 +42,33 @@ report::Layout readLayout(const QString &report)
             base::ErrorNumber::InvalidCall,
             u"The layout of this report can't be read.\n%1\n%2"_s.arg(path, reading.error));
     return *std::move(reading.layout);
+}
+
+} // namespace
+
+QString layoutPath(const QString &report)
+{
+    return hasOwnLayout(report) ? ownPath(report) : deliveredPath(report);
+}
+
+bool hasOwnLayout(const QString &report)
+{
+    return QFile::exists(ownPath(report));
+}
+
+bool isDelivered(const QString &report)
+{
+    return QFile::exists(deliveredPath(report));
+}
+
+report::Layout readLayout(const QString &report)
+{
+    return readFile(layoutPath(report));
+}
+
+report::Layout readDelivered(const QString &report)
+{
+    return readFile(deliveredPath(report));
 }
 
 void installDelivered(const QString &applicationFolder)

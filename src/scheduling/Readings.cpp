@@ -138,30 +138,37 @@ int delay()
     return GetOption(u"COUNT_READING_DELAY"_s, false).trimmed().toInt();
 }
 
+QString dueStatement(int delayDays)
+{
+    return u"SELECT equipmentcount.EquipmentID, equipmentcount.UnitNo, "
+           "equipmentcount.Equipmentname AS [Equipment Name], equipmentcount.CountType, "
+           "equipmentcount.change_date AS [Last Date], "
+           "max(tblEquipmentCount.CountValue) AS [Last Count] "
+           "FROM (SELECT tblServiceUsed.EquipmentID, tblEquipment.UnitNo, "
+           "tblEquipment.Equipmentname, "
+           "tblEquipmentCount.CountType, max(tblEquipmentCount.changeDate) AS change_date "
+           "FROM (tblServiceUsed LEFT JOIN tblEquipmentCount ON tblServiceUsed.EquipmentID = "
+           "tblEquipmentCount.EquipmentID) LEFT JOIN tblEquipment ON tblServiceUsed.EquipmentID = "
+           "tblEquipment.EquipmentID "
+           "WHERE tblServiceUsed.Period IN (%2) AND tblServiceUsed.ServiceUsedID not "
+           "in (Select ServiceUsedId from tblWoServiceUsed) AND tblEquipment.Inactive = '0' "
+           "GROUP BY tblServiceUsed.EquipmentID, tblEquipmentCount.CountType, tblEquipment.UnitNo, "
+           "tblEquipment.Equipmentname "
+           "HAVING (max(tblEquipmentCount.changeDate) < now()-%1)) AS equipmentcount "
+           "LEFT JOIN tblEquipmentCount ON (equipmentcount.change_date = "
+           "tblEquipmentCount.ChangeDate) "
+           "AND (equipmentcount.CountType = tblEquipmentCount.CountType) AND "
+           "(equipmentcount.EquipmentID = tblEquipmentCount.EquipmentID) "
+           "GROUP BY equipmentcount.EquipmentID, equipmentcount.UnitNo, "
+           "equipmentcount.Equipmentname, "
+           "equipmentcount.CountType, equipmentcount.change_date "
+           "ORDER BY equipmentcount.UnitNo"_s.arg(QString::number(delayDays),
+                                                  periods::countCodes());
+}
+
 db::Recordset due(int delayDays)
 {
-    return gcnData->Open(
-        u"SELECT equipmentcount.EquipmentID, equipmentcount.UnitNo, "
-        "equipmentcount.Equipmentname AS [Equipment Name], equipmentcount.CountType, "
-        "equipmentcount.change_date AS [Last Date], "
-        "max(tblEquipmentCount.CountValue) AS [Last Count] "
-        "FROM (SELECT tblServiceUsed.EquipmentID, tblEquipment.UnitNo, tblEquipment.Equipmentname, "
-        "tblEquipmentCount.CountType, max(tblEquipmentCount.changeDate) AS change_date "
-        "FROM (tblServiceUsed LEFT JOIN tblEquipmentCount ON tblServiceUsed.EquipmentID = "
-        "tblEquipmentCount.EquipmentID) LEFT JOIN tblEquipment ON tblServiceUsed.EquipmentID = "
-        "tblEquipment.EquipmentID "
-        "WHERE tblServiceUsed.Period IN (%2) AND tblServiceUsed.ServiceUsedID not "
-        "in (Select ServiceUsedId from tblWoServiceUsed) AND tblEquipment.Inactive = '0' "
-        "GROUP BY tblServiceUsed.EquipmentID, tblEquipmentCount.CountType, tblEquipment.UnitNo, "
-        "tblEquipment.Equipmentname "
-        "HAVING (max(tblEquipmentCount.changeDate) < now()-%1)) AS equipmentcount "
-        "LEFT JOIN tblEquipmentCount ON (equipmentcount.change_date = "
-        "tblEquipmentCount.ChangeDate) "
-        "AND (equipmentcount.CountType = tblEquipmentCount.CountType) AND "
-        "(equipmentcount.EquipmentID = tblEquipmentCount.EquipmentID) "
-        "GROUP BY equipmentcount.EquipmentID, equipmentcount.UnitNo, equipmentcount.Equipmentname, "
-        "equipmentcount.CountType, equipmentcount.change_date "
-        "ORDER BY equipmentcount.UnitNo"_s.arg(QString::number(delayDays), periods::countCodes()));
+    return gcnData->Open(dueStatement(delayDays));
 }
 
 void saveBatch(std::span<const Entry> entries)

@@ -74,6 +74,8 @@ void addFirst(qint64 EquipmentID, qint64 ServiceUsedID, const QString &ServiceNa
 /// CountType, "Last Date", "Last Count", by UnitNo. A machine never read is not among them, and
 /// every type that a machine was ever read in is.
 [[nodiscard]] db::Recordset due(int delayDays);
+/// The statement of these rows.
+[[nodiscard]] QString dueStatement(int delayDays);
 
 /// A row of the batch sheet.
 struct Entry

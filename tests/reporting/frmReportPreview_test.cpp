@@ -1,4 +1,4 @@
-#include "reporting/ui/frmReportPreview.h"
+#include "reporting/ui/ShowReport.h"
 
 #include "core/CompanySession.h"
 #include "core/General.h"
@@ -37,6 +37,17 @@ protected:
             {.query = workorders::statements::printedOrders(QString::number(order)),
              .other = byCrew});
     }
+
+    static void ownLayout(const QString &report, const QByteArray &content)
+    {
+        const QString folder = base::applicationPath(u"\\Custom Reports"_s);
+        ASSERT_TRUE(QDir().mkpath(folder));
+        QFile file(folder + u"/%1.rpt"_s.arg(report));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+    static constexpr const char *Plain = "<report version=\"1\"><band kind=\"detail\">"
+                                         "<field content=\"UnitNo\"/></band></report>";
 
     qint64 order = 0;
     test::ScriptedPrompts prompts;
@@ -81,4 +92,82 @@ TEST_F(ReportPreview, ALayoutThatIsMissingOrDamagedIsReportedFirst)
     EXPECT_FALSE(print());
     report = errors.takeOne();
     EXPECT_TRUE(report.ErrDescription.contains(u"missing"_s)) << qPrintable(report.ErrDescription);
+}
+
+TEST_F(ReportPreview, ARefusedFilterIsAskedAboutInTheReportsOwnWords)
+{
+    for (const QString &report : {u"rptEquipmentServices"_s, u"rptEquipmentList"_s})
+        ownLayout(report, Plain);
+    const auto asked = [&](const char *layout, const QString &filter, const QString &question) {
+        prompts.expect(question, base::Prompts::Icon::Information, base::Prompts::Buttons::YesNo,
+                       base::Prompts::Answer::No);
+        EXPECT_FALSE(showReport({.layout = QString::fromLatin1(layout), .filter = filter}))
+            << layout;
+    };
+    const QString syntax = u" where UnitNo in ()"_s;
+    const QString parameter = u" where Nowhere = 1"_s;
+    asked("rptEquipmentServices", syntax, u"Incorrect filter. Show all Equipment Services?"_s);
+    asked("rptEquipmentServices", parameter, u"Incorrect filter. Show all Equipment Services?"_s);
+    asked("rptEquipmentServices", u" where tblServiceUsed.NextScheduledDate = 'soon'"_s,
+          u"Incorrect filter. Show all Equipment Details?"_s);
+    asked("rptEquipmentList", u" where AcquisitionDate = 'soon'"_s,
+          u"Incorrect filter. Show all Equipment Details?"_s);
+}
+
+TEST_F(ReportPreview, YesShowsEverythingAndNothingAsked)
+{
+    ownLayout(u"rptEquipmentList"_s, Plain);
+    prompts.expect(u"Incorrect filter. Show all Equipment Details?"_s,
+                   base::Prompts::Icon::Information, base::Prompts::Buttons::YesNo,
+                   base::Prompts::Answer::Yes);
+    bool shown = false;
+    test::inScreen(
+        [&] {
+            shown = showReport({.layout = u"rptEquipmentList"_s,
+                                .filter = u"where Inactive = "_s,
+                                .asked = u"Active machines"_s});
+        },
+        [](const test::ScreenDriver &driver) { driver.press("cmdExit"); });
+    EXPECT_TRUE(shown);
+}
+
+TEST_F(ReportPreview, AReportOnlyReads)
+{
+    EXPECT_FALSE(
+        showReport({.layout = u"rptWorkorder"_s, .filter = u"delete from tblWorkorder"_s}));
+    EXPECT_EQ(errors.takeOne().ErrDescription, u"A report only reads."_s);
+    EXPECT_EQ(count(u"tblWorkorder"_s), 1);
+}
+
+TEST_F(ReportPreview, ADamagedLayoutOfTheCustomersOwnGivesWayWhenTheUserWantsIt)
+{
+    ownLayout(u"rptWorkorder"_s, "<report version=\"1\">\n  <nonsense\n");
+    QString failure;
+    try {
+        static_cast<void>(reportfiles::readLayout(u"rptWorkorder"_s));
+    } catch (const base::Error &error) {
+        failure = error.description();
+    }
+    EXPECT_TRUE(failure.contains(u"Line 3, column"_s)) << qPrintable(failure);
+    for (const bool wanted : {false, true}) {
+        prompts.expect(failure + u"\n\nUse the layout that came with the program instead?"_s,
+                       base::Prompts::Icon::Question, base::Prompts::Buttons::YesNo,
+                       wanted ? base::Prompts::Answer::Yes : base::Prompts::Answer::No);
+        bool shown = false;
+        if (wanted)
+            test::inScreen([&] { shown = print(); },
+                           [](const test::ScreenDriver &driver) { driver.press("cmdExit"); });
+        else
+            shown = print();
+        EXPECT_EQ(shown, wanted);
+    }
+}
+
+TEST_F(ReportPreview, TheErrorReportKnowsOnlyTheDeliveredLayout)
+{
+    ASSERT_TRUE(!reportfiles::isDelivered(u"rptErrorReport"_s) ||
+                QFile::remove(reportfiles::layoutPath(u"rptErrorReport"_s)));
+    ownLayout(u"rptErrorReport"_s, Plain);
+    prompts.expect(u"Report not found."_s, base::Prompts::Icon::Information);
+    EXPECT_FALSE(openings().open(u"ShowErrorList"));
 }

@@ -159,6 +159,7 @@ struct Layout
     QString title;
     PageSetup page;
     QList<Group> groups;
+    QStringList sort; ///< expressions by which the rows of the innermost group are sorted
     QList<Formula> formulas;
     QList<Band> bands; ///< in the order of their kinds; of one kind in the order of printing
 

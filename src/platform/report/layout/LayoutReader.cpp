@@ -181,6 +181,8 @@ private:
                 readPage(layout.page);
             else if (name == u"group")
                 layout.groups.append(readGroup());
+            else if (name == u"sort")
+                layout.sort.append(readSort());
             else if (name == u"formula")
                 layout.formulas.append(readFormula());
             else if (name == u"band")
@@ -242,6 +244,14 @@ private:
         endAttributes();
         children([](const QString &) { return false; });
         return group;
+    }
+
+    QString readSort()
+    {
+        const QString by = required(u"by");
+        endAttributes();
+        children([](const QString &) { return false; });
+        return by;
     }
 
     Formula readFormula()

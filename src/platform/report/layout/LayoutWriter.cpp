@@ -31,6 +31,11 @@ public:
         writePage(layout.page);
         for (const Group &group : layout.groups)
             writeGroup(group);
+        for (const QString &by : layout.sort) {
+            m_xml.writeStartElement(u"sort"_s);
+            m_xml.writeAttribute(u"by"_s, by);
+            m_xml.writeEndElement();
+        }
         for (const Formula &formula : layout.formulas) {
             m_xml.writeStartElement(u"formula"_s);
             m_xml.writeAttribute(u"name"_s, formula.name);

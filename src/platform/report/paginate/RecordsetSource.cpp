@@ -1,8 +1,8 @@
 #include "platform/report/paginate/RecordsetSource.h"
 
 #include "platform/report/expr/Expression.h"
+#include "platform/report/paginate/RowOrder.h"
 
-#include <algorithm>
 #include <numeric>
 
 namespace report {
@@ -14,21 +14,13 @@ RecordsetSource::RecordsetSource(db::Recordset rows)
     std::iota(m_order.begin(), m_order.end(), 0);
 }
 
-void RecordsetSource::sortBy(const QStringList &fields)
+void RecordsetSource::sortFor(const Layout &layout, const Inputs &inputs)
 {
-    std::vector<int> columns;
-    for (const QString &field : fields)
-        if (const int column = m_rows.columnIndex(field); column >= 0)
-            columns.push_back(column);
-    std::ranges::stable_sort(m_order, [&](int left, int right) {
-        for (const int column : columns) {
-            const int order =
-                compareValues(m_rows.value(left, column), m_rows.value(right, column));
-            if (order != 0)
-                return order < 0;
-        }
-        return false;
-    });
+    std::vector<int> order;
+    order.reserve(m_order.size());
+    for (const int row : orderOf(layout, *this, inputs))
+        order.push_back(m_order[static_cast<std::size_t>(row)]);
+    m_order = std::move(order);
 }
 
 void RecordsetSource::addOnce(const QString &name, const QString &field, const QString &key)

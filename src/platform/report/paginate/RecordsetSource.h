@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/db/Recordset.h"
+#include "platform/report/layout/Layout.h"
 #include "platform/report/paginate/DataSource.h"
 
-#include <QStringList>
 #include <QVariant>
 #include <vector>
 
@@ -16,9 +16,8 @@ class RecordsetSource final : public DataSource
 public:
     explicit RecordsetSource(db::Recordset rows);
 
-    /// Sorts by these fields in their order; rows that are equal in all keep theirs. A field that
-    /// the rows lack is passed over.
-    void sortBy(const QStringList &fields);
+    /// Puts the rows into the order that a layout's groups need, see orderOf.
+    void sortFor(const Layout &layout, const Inputs &inputs);
     /// Adds a field that has another one's value in the first of the rows that share a key and
     /// follow each other, and Null in the rest: a row for each part of a service repeats the
     /// service's cost, which must be summed once. Sort first.
