@@ -43,7 +43,7 @@ struct Report
 /// What a report is asked for.
 struct Request
 {
-    QString layout;
+    QString layout{};
     QString filter{}; ///< a clause with its keyword, or the whole query where the report takes one
     QString asked{};  ///< range and filter in plain words, printed as the object lblAsked
     QHash<QString, QString> texts{};    ///< of further named objects

@@ -75,11 +75,11 @@ QString machineList(const QString &more)
 /// The columns of the lists by crew; one of them differs.
 QString crewList(const QString &own)
 {
-    return machines(u"tblLocation.LocationName, tblEquipment.UnitNo, tblSite.SiteName, "
-                    "tblEquipment.EquipmentName, MakeItem.ItemName AS EquipmentMake, "
-                    "ModelItem.ItemName AS EquipmentModel, %1 AS Description, "
-                    "tblEquipment.EquipmentSerialNo, tblEquipment.%2, tblEquipment.VIN"_s.arg(
-                        CrewText, own));
+    return machines(
+        u"tblLocation.LocationName, tblEquipment.UnitNo, tblSite.SiteName, "
+        "tblEquipment.EquipmentName, MakeItem.ItemName AS EquipmentMake, "
+        "ModelItem.ItemName AS EquipmentModel, %1 AS Description, "
+        "tblEquipment.EquipmentSerialNo, tblEquipment.%2, tblEquipment.VIN"_s.arg(CrewText, own));
 }
 
 QString version5()
@@ -100,10 +100,9 @@ QString version6()
            "Max(tblEquipmentCount.ChangeDate) AS LastDate, "
            "Max(tblEquipmentCount.CountValue) AS LastCount, MakeItem.ItemName AS EquipmentMake, "
            "ModelItem.ItemName AS EquipmentModel, tblCrew.CrewNumber, tblCrew.Description"_s +
-           joined(u"tblEquipment"_s,
-                  {u"INNER JOIN tblEquipmentCount ON tblEquipment.EquipmentID = "
-                   "tblEquipmentCount.EquipmentID"_s,
-                   Type, Make, Model, Crew}) +
+           joined(u"tblEquipment"_s, {u"INNER JOIN tblEquipmentCount ON tblEquipment.EquipmentID = "
+                                      "tblEquipmentCount.EquipmentID"_s,
+                                      Type, Make, Model, Crew}) +
            u" GROUP BY tblEquipment.EquipmentID, tblEquipment.UnitNo, tblEquipment.EquipmentName, "
            "tblEquipment.Inactive, tblIndicator.ItemName, tblEquipmentCount.CountType, "
            "MakeItem.ItemName, ModelItem.ItemName, tblCrew.CrewNumber, tblCrew.Description"_s;
@@ -126,12 +125,16 @@ QString machineDetails()
     for (int field = 1; field <= 10; ++field)
         columns += u", UserDefined%1"_s.arg(field);
     QStringList joins{Type};
-    for (const auto &[alias, column] :
-         {std::pair(u"EquipmentMake"_s, u"EquipmentMake"_s), {u"EquipmentModel"_s, u"EquipmentModel"_s},
-          {u"Manufacture"_s, u"ManufactureID"_s}, {u"LeaseCompany"_s, u"LeaseCompany"_s},
-          {u"EngineMake"_s, u"EngineMake"_s}, {u"EngineModel"_s, u"EngineModel"_s},
-          {u"EngineFuel"_s, u"EngineFuelType"_s}, {u"Body"_s, u"Body"_s},
-          {u"Chassis"_s, u"Chassis"_s}, {u"Trans"_s, u"Trans"_s}}) {
+    for (const auto &[alias, column] : {std::pair(u"EquipmentMake"_s, u"EquipmentMake"_s),
+                                        {u"EquipmentModel"_s, u"EquipmentModel"_s},
+                                        {u"Manufacture"_s, u"ManufactureID"_s},
+                                        {u"LeaseCompany"_s, u"LeaseCompany"_s},
+                                        {u"EngineMake"_s, u"EngineMake"_s},
+                                        {u"EngineModel"_s, u"EngineModel"_s},
+                                        {u"EngineFuel"_s, u"EngineFuelType"_s},
+                                        {u"Body"_s, u"Body"_s},
+                                        {u"Chassis"_s, u"Chassis"_s},
+                                        {u"Trans"_s, u"Trans"_s}}) {
         columns += u", %1Item.ItemName AS %1Name"_s.arg(alias);
         joins.append(lookedUp(alias + u"Item"_s, u"tblEquipment."_s + column));
     }
@@ -192,10 +195,9 @@ QString utilization()
 /// date the lower one came first; the days between them are 0, and the division fails.
 QString utilizationSingle()
 {
-    const QString before =
-        u"tblEquipmentCount AS b WHERE b.EquipmentID = a.EquipmentID and "
-        "(b.ChangeDate < a.ChangeDate or (b.ChangeDate = a.ChangeDate and "
-        "b.CountValue < a.CountValue))"_s;
+    const QString before = u"tblEquipmentCount AS b WHERE b.EquipmentID = a.EquipmentID and "
+                           "(b.ChangeDate < a.ChangeDate or (b.ChangeDate = a.ChangeDate and "
+                           "b.CountValue < a.CountValue))"_s;
     const QString date = u"(SELECT Max(b.ChangeDate) FROM %1)"_s.arg(before);
     const QString count = u"(SELECT Max(b.CountValue) FROM tblEquipmentCount AS b WHERE "
                           "b.EquipmentID = a.EquipmentID and b.CountValue < a.CountValue)"_s;
@@ -261,10 +263,9 @@ QString serviceList()
            "tblServices.EInterval, tblServices.LaborEstimate, tblServices.CostEstimate, "
            "tblCrew.CrewNumber, tblCrew.Description, "
            "tblCostCenter.Description AS CostCenter"_s.arg(periods::wordExpression()) +
-           joined(u"tblServices"_s,
-                  {u"INNER JOIN tblCrew ON tblServices.CrewID = tblCrew.CrewID"_s,
-                   u"INNER JOIN tblCostCenter ON tblServices.CostCenterID = "
-                   "tblCostCenter.CostCenterID"_s});
+           joined(u"tblServices"_s, {u"INNER JOIN tblCrew ON tblServices.CrewID = tblCrew.CrewID"_s,
+                                     u"INNER JOIN tblCostCenter ON tblServices.CostCenterID = "
+                                     "tblCostCenter.CostCenterID"_s});
 }
 
 QString historyTimes()
@@ -356,12 +357,11 @@ QString employees()
            "Pager, LicenseNo, Skills, tblEmployee.Inactive, StateItem.ItemName AS StateName, "
            "CountryItem.ItemName AS CountryName, PositionItem.ItemName AS PositionName, "
            "tblSite.SiteName, %1 AS Crew"_s.arg(CrewText) +
-           joined(u"tblEmployee"_s,
-                  {lookedUp(u"StateItem"_s, u"tblEmployee.State"_s),
-                   lookedUp(u"CountryItem"_s, u"tblEmployee.Country"_s),
-                   u"LEFT JOIN tblSite ON tblEmployee.Site = tblSite.SiteID"_s,
-                   u"LEFT JOIN tblCrew ON tblEmployee.Crew = tblCrew.CrewID"_s,
-                   lookedUp(u"PositionItem"_s, u"tblEmployee.EmpPosition"_s)});
+           joined(u"tblEmployee"_s, {lookedUp(u"StateItem"_s, u"tblEmployee.State"_s),
+                                     lookedUp(u"CountryItem"_s, u"tblEmployee.Country"_s),
+                                     u"LEFT JOIN tblSite ON tblEmployee.Site = tblSite.SiteID"_s,
+                                     u"LEFT JOIN tblCrew ON tblEmployee.Crew = tblCrew.CrewID"_s,
+                                     lookedUp(u"PositionItem"_s, u"tblEmployee.EmpPosition"_s)});
 }
 
 QString siteJoin()

@@ -133,8 +133,8 @@ void joinReports()
     };
     for (const Joined &report : filtered)
         openings().join(report.name, [report](const OpeningArguments &asked) {
-            return showReport({.layout = asked.other ? report.other : report.layout,
-                               .filter = asked.query});
+            return showReport(
+                {.layout = asked.other ? report.other : report.layout, .filter = asked.query});
         });
     openings().join(u"EquipmentCountReport"_s, [] {
         return showReport({.layout = u"rptEquipmentCount"_s,

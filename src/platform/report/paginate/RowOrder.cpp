@@ -24,9 +24,8 @@ public:
         , m_inputs(inputs)
     {
         for (const Formula &formula : layout.formulas)
-            m_formulas.emplace(
-                formula.name.toLower(),
-                Expression::parse(inputs.formulas.value(formula.name, formula.expression)));
+            m_formulas.emplace(formula.name.toLower(), Expression::parse(inputs.formulas.value(
+                                                           formula.name, formula.expression)));
     }
 
     void setRow(int row) { m_row = row; }
