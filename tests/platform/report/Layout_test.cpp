@@ -25,7 +25,7 @@ TEST(ParseLength, IsInHundredthsOfAMillimetre)
         EXPECT_EQ(parseLength(text), length) << text.toStdString();
 }
 
-const QByteArray wholeLayout = R"(<?xml version="1.0" encoding="UTF-8"?>
+const QByteArray wholeLayout = R"x(<?xml version="1.0" encoding="UTF-8"?>
 <report version="1" name="rptOrders" title="Orders">
   <page paper="A4" landscape="yes" left="10mm"/>
   <group name="site" by="SiteName"/>
@@ -44,10 +44,15 @@ const QByteArray wholeLayout = R"(<?xml version="1.0" encoding="UTF-8"?>
     <line y="5mm" width="100mm" height="0mm"/>
     <picture content="logo.png"/>
     <barCode content="UnitNo" border="all"/>
+    <chart x="1mm" width="80mm" height="50mm" format="$0" kind="stackedBars" title="Cost of {SiteName}" category="Day" categoryFormat="mmm yyyy" categoryTitle="Month" valueTitle="Cost" legend="right" order="category" most="12" others="yes">
+      <when condition="Total &gt; 0" fill="#ffffff"/>
+      <series name="Parts" value="sum(Total)" color="#0072b2"/>
+      <series value="Labor" by="Crew"/>
+    </chart>
   </band>
   <band kind="groupFooter" group="site" height="5mm" newPageBefore="yes" atBottom="yes"/>
 </report>
-)";
+)x";
 
 TEST(LayoutFile, KeepsAllThatALayoutHolds)
 {
@@ -76,7 +81,7 @@ TEST(LayoutFile, UnknownPartsWarnAndTheRestIsRead)
 {
     const LayoutReading reading = readLayout("<report version=\"1\">\n"
                                              "  <band kind=\"detail\" colour=\"red\">\n"
-                                             "    <chart><slice/></chart>\n"
+                                             "    <map><slice/></map>\n"
                                              "    <field content=\"Name\"/>\n"
                                              "  </band>\n"
                                              "</report>");
@@ -88,7 +93,7 @@ TEST(LayoutFile, UnknownPartsWarnAndTheRestIsRead)
                                testing::HasSubstr("\"colour\" of \"band\" is not known")));
     EXPECT_THAT(reading.warnings[1].toStdString(),
                 testing::AllOf(testing::StartsWith("Line 3, column "),
-                               testing::HasSubstr("\"chart\" is not known here")));
+                               testing::HasSubstr("\"map\" is not known here")));
 }
 
 QByteArray inBand(const QByteArray &object)
@@ -125,6 +130,9 @@ TEST(LayoutFile, DamagedOnesAreRefusedWithLineAndColumn)
         {inBand("<field size=\"nan\"/>"), "Line 3", "is no size"},
         {inBand("<field border=\"lefty\"/>"), "Line 3", "no side of a border"},
         {inBand("<field height=\"-1mm\"/>"), "Line 3", "less than 0"},
+        {inBand("<chart category=\"a\"/>"), "Line 3", "no \"series\""},
+        {inBand("<chart><series value=\"a\"/></chart>"), "Line 3", "no \"category\""},
+        {inBand("<chart category=\"a\" most=\"-1\"/>"), "Line 3", "no number of things"},
         {"<report version=\"1\"><page paper=\"A0\"/></report>", "Line 1",
          "paper \"A0\" is not known"},
         {"<report version=\"1\"><page left=\"20cm\" right=\"20cm\"/></report>", "Line 1",

@@ -235,10 +235,14 @@ TEST(PageStore, GivesBackWhatWasPutIn)
     text.lines = {{u"one"_s, 1, 2, 3}, {u"two"_s, 4, 5, 6}};
     text.style.font.bold = true;
     text.style.fill = Qt::yellow;
-    page.items = {text, LineItem{{1, 2}, {3, 4}, 5, Qt::red},
+    page.items = {text,
+                  LineItem{{1, 2}, {3, 4}, 5, Qt::red},
                   BoxItem{QRect(5, 6, 7, 8), 9, Qt::blue, QColor()},
                   PictureItem{QRect(1, 1, 2, 2), "bytes", Align::Center},
-                  BarCodeItem{QRect(0, 0, 9, 9), {QRect(1, 0, 1, 9)}}};
+                  BarCodeItem{QRect(0, 0, 9, 9), {QRect(1, 0, 1, 9)}},
+                  ShapeItem{QRect(1, 2, 3, 4), {{1, 2}, {4, 6}}, true, 7, Qt::red, Qt::blue}};
+    text.turned = true;
+    page.items.append(text);
     PageStore pages;
     for (int count = 0; count < 40; ++count) {
         page.number = count + 1;

@@ -579,6 +579,28 @@ const QStringList &Expression::names() const
     return m_tree->names;
 }
 
+/// Beyond this the exact part of a sum takes no more.
+constexpr qint64 Full = Q_INT64_C(4'000'000'000'000'000'000);
+
+void Accumulator::add(const Accumulator &other)
+{
+    if (other.m_count == 0)
+        return;
+    if (m_function == AggregateFunction::Sum || m_function == AggregateFunction::Average) {
+        m_rest += other.m_rest;
+        if (std::abs(m_tenThousandths) < Full)
+            m_tenThousandths += other.m_tenThousandths;
+        else
+            m_rest += static_cast<double>(other.m_tenThousandths) / 10000;
+        m_count += other.m_count;
+        return;
+    }
+    const qint64 count = m_count + other.m_count;
+    if (m_function != AggregateFunction::Count)
+        add(other.m_value);
+    m_count = count;
+}
+
 void Accumulator::add(const QVariant &value)
 {
     if (value.isNull())
@@ -611,7 +633,6 @@ void Accumulator::add(const QVariant &value)
     // What four decimals hold is summed in whole numbers; binary fractions would drift. The nearest
     // binary fraction of such a value is off by no more than this.
     const double tolerance = 1e-9 + 4.5e-16 * std::abs(whole);
-    constexpr qint64 Full = Q_INT64_C(9'000'000'000'000'000'000);
     if (std::abs(whole) < 1e15 && std::abs(scaled - whole) <= tolerance &&
         std::abs(m_tenThousandths) < Full)
         m_tenThousandths += static_cast<qint64>(whole);

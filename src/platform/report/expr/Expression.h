@@ -77,6 +77,8 @@ public:
     {}
 
     void add(const QVariant &value);
+    /// Takes what another one of the same function has collected, as if it had come after its own.
+    void add(const Accumulator &other);
     void reset();
     [[nodiscard]] QVariant result() const;
 

@@ -66,6 +66,44 @@ enum class ObjectKind {
     Box,     ///< a frame or a filled rectangle
     Picture, ///< a file beside the layout, or bytes from an expression
     BarCode, ///< Code 128 of an expression
+    Chart,   ///< bars or lines over the rows of the band's group, or of the report
+};
+
+enum class ChartKind { Bars, StackedBars, Line };
+enum class LegendPlace { Bottom, Right, None };
+enum class ChartOrder {
+    Rows,     ///< as the rows come
+    Category, ///< smallest category first
+    Value,    ///< largest first value first
+};
+
+/// A row of bars or a line of a chart.
+struct Series
+{
+    QString name;
+    QString value; ///< expression over the rows of a category
+    QString by;    ///< expression; each of its values makes a series of its own
+    QColor color;  ///< invalid: the next of the usual ones
+
+    bool operator==(const Series &) const = default;
+};
+
+/// What an object shows that is a chart.
+struct Chart
+{
+    ChartKind kind = ChartKind::Bars;
+    QString title;          ///< words with expressions in braces
+    QString category;       ///< expression; rows that share its value make one category
+    QString categoryFormat; ///< the object's own format is that of the values
+    QString categoryTitle;  ///< of the axis, with expressions in braces
+    QString valueTitle;     ///< the same
+    LegendPlace legend = LegendPlace::Bottom; ///< of two series or more
+    ChartOrder order = ChartOrder::Rows;
+    int most = 0;        ///< so many categories, 0 for all
+    bool others = false; ///< what is beyond them together as one more
+    QList<Series> series;
+
+    bool operator==(const Chart &) const = default;
 };
 
 struct Object
@@ -84,6 +122,7 @@ struct Object
     Length lineWidth = 20; ///< of lines and boxes
     Style style;
     QList<ConditionalStyle> conditionalStyles;
+    Chart chart; ///< of a chart
 
     bool operator==(const Object &) const = default;
 };

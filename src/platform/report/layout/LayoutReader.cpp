@@ -117,6 +117,16 @@ private:
         if (!ok || !std::isfinite(target) || target <= 0 || target > 1000)
             throw Failure{u"\"%1\" is no size"_s.arg(*value)};
     }
+    void count(QStringView name, int &target)
+    {
+        const auto value = take(name);
+        if (!value)
+            return;
+        bool ok = false;
+        target = value->toInt(&ok);
+        if (!ok || target < 0)
+            throw Failure{u"\"%1\" is no number of things"_s.arg(*value)};
+    }
     void color(QStringView name, QColor &target)
     {
         const auto value = take(name);
@@ -306,14 +316,47 @@ private:
         text(u"visibleIf", object.visibleIf);
         size(u"lineWidth", object.lineWidth);
         readStyle(object.style);
+        if (kind == ObjectKind::Chart)
+            readChart(object.chart);
         endAttributes();
         children([&](const QString &name) {
-            if (name != u"when")
+            if (name == u"when")
+                object.conditionalStyles.append(readCondition());
+            else if (name == u"series" && kind == ObjectKind::Chart)
+                object.chart.series.append(readSeries());
+            else
                 return false;
-            object.conditionalStyles.append(readCondition());
             return true;
         });
+        if (kind == ObjectKind::Chart && object.chart.series.isEmpty())
+            throw Failure{u"A chart has no \"series\""_s};
         return object;
+    }
+
+    void readChart(Chart &chart)
+    {
+        word(u"kind", words::ChartKinds, chart.kind);
+        text(u"title", chart.title);
+        chart.category = required(u"category");
+        text(u"categoryFormat", chart.categoryFormat);
+        text(u"categoryTitle", chart.categoryTitle);
+        text(u"valueTitle", chart.valueTitle);
+        word(u"legend", words::LegendPlaces, chart.legend);
+        word(u"order", words::ChartOrders, chart.order);
+        count(u"most", chart.most);
+        flag(u"others", chart.others);
+    }
+
+    Series readSeries()
+    {
+        Series series;
+        text(u"name", series.name);
+        series.value = required(u"value");
+        text(u"by", series.by);
+        color(u"color", series.color);
+        endAttributes();
+        children([](const QString &) { return false; });
+        return series;
     }
 
     void readStyle(Style &style)

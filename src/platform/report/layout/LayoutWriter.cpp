@@ -126,6 +126,8 @@ private:
         text(u"visibleIf", object.visibleIf, {});
         length(u"lineWidth", object.lineWidth, usual.lineWidth);
         writeStyle(object.style);
+        if (object.kind == ObjectKind::Chart)
+            writeChart(object.chart);
         for (const ConditionalStyle &style : object.conditionalStyles) {
             m_xml.writeStartElement(u"when"_s);
             m_xml.writeAttribute(u"condition"_s, style.when);
@@ -134,6 +136,34 @@ private:
             flag(u"bold", style.bold);
             m_xml.writeEndElement();
         }
+        if (object.kind == ObjectKind::Chart)
+            for (const Series &series : object.chart.series)
+                writeSeries(series);
+        m_xml.writeEndElement();
+    }
+
+    void writeChart(const Chart &chart)
+    {
+        text(u"kind", words::textOf(words::ChartKinds, chart.kind), u"bars"_s);
+        text(u"title", chart.title, {});
+        m_xml.writeAttribute(u"category"_s, chart.category);
+        text(u"categoryFormat", chart.categoryFormat, {});
+        text(u"categoryTitle", chart.categoryTitle, {});
+        text(u"valueTitle", chart.valueTitle, {});
+        text(u"legend", words::textOf(words::LegendPlaces, chart.legend), u"bottom"_s);
+        text(u"order", words::textOf(words::ChartOrders, chart.order), u"rows"_s);
+        if (chart.most > 0)
+            m_xml.writeAttribute(u"most"_s, QString::number(chart.most));
+        flag(u"others", chart.others);
+    }
+
+    void writeSeries(const Series &series)
+    {
+        m_xml.writeStartElement(u"series"_s);
+        text(u"name", series.name, {});
+        m_xml.writeAttribute(u"value"_s, series.value);
+        text(u"by", series.by, {});
+        color(u"color", series.color, {});
         m_xml.writeEndElement();
     }
 

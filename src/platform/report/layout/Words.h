@@ -23,7 +23,19 @@ inline constexpr Word<BandKind> Bands[] = {
 inline constexpr Word<ObjectKind> Objects[] = {
     {u"text", ObjectKind::Text},       {u"field", ObjectKind::Field},
     {u"line", ObjectKind::Line},       {u"box", ObjectKind::Box},
-    {u"picture", ObjectKind::Picture}, {u"barCode", ObjectKind::BarCode}};
+    {u"picture", ObjectKind::Picture}, {u"barCode", ObjectKind::BarCode},
+    {u"chart", ObjectKind::Chart}};
+
+inline constexpr Word<ChartKind> ChartKinds[] = {{u"bars", ChartKind::Bars},
+                                                 {u"stackedBars", ChartKind::StackedBars},
+                                                 {u"line", ChartKind::Line}};
+
+inline constexpr Word<LegendPlace> LegendPlaces[] = {
+    {u"bottom", LegendPlace::Bottom}, {u"right", LegendPlace::Right}, {u"none", LegendPlace::None}};
+
+inline constexpr Word<ChartOrder> ChartOrders[] = {{u"rows", ChartOrder::Rows},
+                                                   {u"category", ChartOrder::Category},
+                                                   {u"value", ChartOrder::Value}};
 
 inline constexpr Word<Align> Aligns[] = {
     {u"left", Align::Left}, {u"center", Align::Center}, {u"right", Align::Right}};

@@ -2,6 +2,7 @@
 
 #include "platform/base/Format.h"
 #include "platform/report/paginate/BarCode.h"
+#include "platform/report/paginate/ChartDrawing.h"
 #include "platform/report/paginate/TextFlow.h"
 
 #include <QDir>
@@ -38,6 +39,30 @@ void cutToHeight(QList<TextLine> &lines, const Style &style, Length height)
 {
     while (lines.size() > 1 && flowHeight(lines, style) > height)
         lines.removeLast();
+}
+
+TableGrid chartGrid(const report::Object &object, const ChartData &data)
+{
+    TableGrid grid{&object, data.title, {}, {QString()}};
+    QVariantList headings{data.categoryTitle};
+    for (const ChartSeries &series : data.series) {
+        headings.append(series.name);
+        grid.formats.append(object.format);
+    }
+    grid.rows.append(headings);
+    for (qsizetype category = 0; category < data.categories.size(); ++category) {
+        // Where a format puts values together, their label says more than the first of them.
+        const ChartCategory &known = data.categories[category];
+        QVariantList row{object.chart.categoryFormat.isEmpty() && !known.value.isNull()
+                             ? known.value
+                             : QVariant(known.label)};
+        for (const ChartSeries &series : data.series) {
+            const std::optional<double> &value = series.values[category];
+            row.append(value ? QVariant(*value) : QVariant());
+        }
+        grid.rows.append(row);
+    }
+    return grid;
 }
 
 Length verticalShift(const QList<TextLine> &lines, const Style &style, Length height)
@@ -99,8 +124,7 @@ bool BandMaker::prepare(const compiled::Object &object, Placed &placed, MadeBand
         placed.value = m_context.evaluate(*object.value);
     if (object.layout->kind == ObjectKind::Field)
         placed.text = formatted(placed.value, object.layout->format);
-    for (const compiled::Piece &piece : object.pieces)
-        placed.text += piece.value ? base::toText(m_context.evaluate(*piece.value)) : piece.words;
+    placed.text += textOf(object.pieces);
     if (object.repeatSlot >= 0) {
         const QVariant shown = object.value ? placed.value : QVariant(placed.text);
         const auto last = m_context.lastShown(object.repeatSlot);
@@ -109,6 +133,23 @@ bool BandMaker::prepare(const compiled::Object &object, Placed &placed, MadeBand
             band.shown.append({object.repeatSlot, shown});
     }
     return true;
+}
+
+QString BandMaker::textOf(const std::vector<compiled::Piece> &pieces) const
+{
+    QString text;
+    for (const compiled::Piece &piece : pieces)
+        text += piece.value ? base::toText(m_context.evaluate(*piece.value)) : piece.words;
+    return text;
+}
+
+ChartData BandMaker::chartOf(const compiled::Object &object) const
+{
+    ChartData data = m_context.chartData(object);
+    data.title = textOf(object.chart->title);
+    data.categoryTitle = textOf(object.chart->categoryTitle);
+    data.valueTitle = textOf(object.chart->valueTitle);
+    return data;
 }
 
 void BandMaker::flow(Placed &placed)
@@ -127,11 +168,16 @@ MadeBand BandMaker::makeCells(const compiled::Band &band) const
 {
     MadeBand made;
     for (const compiled::Object &object : band.objects) {
-        if (!holdsText(*object.layout) && object.layout->kind != ObjectKind::BarCode)
+        if (!holdsText(*object.layout) && object.layout->kind != ObjectKind::BarCode &&
+            !object.chart)
             continue;
         Placed placed{&object, {}, 0, {}, {}, {}, {}, false};
         if (!prepare(object, placed, made))
             continue;
+        if (object.chart) {
+            made.grids.append(chartGrid(*object.layout, chartOf(object)));
+            continue;
+        }
         if (object.layout->kind == ObjectKind::BarCode)
             placed.text = base::toText(placed.value);
         made.cells.append({object.layout, std::move(placed.text), std::move(placed.value),
@@ -212,6 +258,9 @@ void BandMaker::addItem(const Placed &placed, QList<PageItem> &items)
             items.append(PictureItem{frame, data, placed.style.align});
         return;
     }
+    case ObjectKind::Chart:
+        items.append(drawChart(object, placed.style, chartOf(*placed.object), frame));
+        return;
     case ObjectKind::BarCode: {
         const QString text = base::toText(placed.value);
         if (text.isEmpty())

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/report/paginate/ChartData.h"
 #include "platform/report/paginate/Compiled.h"
 #include "platform/report/paginate/PageDocument.h"
 
@@ -16,6 +17,15 @@ struct TableCell
     Style style;
 };
 
+/// What a chart shows, as a table: a line of headings, then one for each category.
+struct TableGrid
+{
+    const report::Object *object = nullptr;
+    QString title;
+    QList<QVariantList> rows;
+    QStringList formats; ///< of the columns
+};
+
 /// A band ready to be placed: its items from its own upper left corner, and the height it takes.
 struct MadeBand
 {
@@ -24,6 +34,7 @@ struct MadeBand
     /// Values to remember once the band is placed, for objects that hide repeats.
     QList<std::pair<int, QVariant>> shown;
     QList<TableCell> cells; ///< only when they are asked for
+    QList<TableGrid> grids; ///< the same
 };
 
 /// What the maker of bands reads of the run.
@@ -34,6 +45,8 @@ public:
     [[nodiscard]] virtual QVariant evaluate(const compiled::Value &value) const = 0;
     /// The value that an object showed last, nothing when it has to be shown anew.
     [[nodiscard]] virtual std::optional<QVariant> lastShown(int repeatSlot) const = 0;
+    /// The values of a chart, its titles left out.
+    [[nodiscard]] virtual ChartData chartData(const compiled::Object &object) const = 0;
 };
 
 /// Makes a band's items for the row on hand: texts are flowed, objects that grow push those below
@@ -68,6 +81,8 @@ private:
     static void flow(Placed &placed);
     void push(QList<Placed> &objects) const;
     void addItem(const Placed &placed, QList<PageItem> &items);
+    [[nodiscard]] QString textOf(const std::vector<compiled::Piece> &pieces) const;
+    [[nodiscard]] ChartData chartOf(const compiled::Object &object) const;
     [[nodiscard]] Style styleOf(const compiled::Object &object) const;
     [[nodiscard]] QByteArray pictureFile(const QString &name);
 

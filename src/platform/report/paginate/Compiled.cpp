@@ -144,6 +144,9 @@ private:
             if (object.content.startsWith(u'='))
                 compiled.value = value(object.content.sliced(1), where, scope);
             break;
+        case ObjectKind::Chart:
+            compiled.chart = compileChart(object.chart, where, scope);
+            break;
         case ObjectKind::Line:
         case ObjectKind::Box:
             break;
@@ -157,6 +160,53 @@ private:
             m_dependsOnPage = true;
         }
         return compiled;
+    }
+
+    Chart compileChart(const report::Chart &chart, const QString &where, Scope scope)
+    {
+        Chart compiled;
+        // The rows of a page are known only when it is full.
+        compiled.scope = scope.kind == ScopeKind::Group ? ScopeKind::Group : ScopeKind::Report;
+        compiled.group = scope.group;
+        compiled.category = rowValue(chart.category, where);
+        for (const report::Series &series : chart.series)
+            compiled.series.push_back(
+                {&series, categoryValue(series.value, where),
+                 series.by.isEmpty() ? std::nullopt : std::optional(rowValue(series.by, where))});
+        compiled.title = pieces(split(chart.title, where), where, scope);
+        compiled.categoryTitle = pieces(split(chart.categoryTitle, where), where, scope);
+        compiled.valueTitle = pieces(split(chart.valueTitle, where), where, scope);
+        return compiled;
+    }
+
+    /// A value of single rows.
+    Value rowValue(const QString &text, const QString &where)
+    {
+        Value result = parsed(text, where);
+        if (!result.expression.aggregates().isEmpty()) {
+            m_report.problems.append(
+                u"%1: \"%2\" is asked of each row and can't hold an aggregate."_s.arg(where, text));
+            return {};
+        }
+        return result;
+    }
+
+    /// A value of all rows of a category; what names no aggregate is summed.
+    Value categoryValue(const QString &text, const QString &where)
+    {
+        Value result = parsed(text, where);
+        if (result.expression.aggregates().isEmpty() && !result.expression.names().isEmpty())
+            result = parsed(u"sum(%1)"_s.arg(text), where);
+        const QList<Aggregate> &aggregates = result.expression.aggregates();
+        for (int number = 0; number < aggregates.size(); ++number) {
+            checkNames(result.expression.aggregateArgument(number), where);
+            result.slots.push_back(number);
+            if (!aggregates[number].scope.isEmpty())
+                m_report.problems.append(
+                    u"%1: an aggregate counts over its category and takes no \"%2\"."_s.arg(
+                        where, aggregates[number].scope));
+        }
+        return result;
     }
 
     struct RawPiece
@@ -212,16 +262,22 @@ private:
         return result;
     }
 
-    Value value(const QString &text, const QString &where, Scope scope)
+    /// An expression whose aggregates have no places yet.
+    Value parsed(const QString &text, const QString &where)
     {
         QString error;
         Value result;
         result.expression = Expression::parse(text, &error);
-        if (!error.isEmpty()) {
+        if (error.isEmpty())
+            checkNames(result.expression, where);
+        else
             m_report.problems.append(u"%1: %2"_s.arg(where, error));
-            return result;
-        }
-        checkNames(result.expression, where);
+        return result;
+    }
+
+    Value value(const QString &text, const QString &where, Scope scope)
+    {
+        Value result = parsed(text, where);
         const QList<Aggregate> &aggregates = result.expression.aggregates();
         for (int number = 0; number < aggregates.size(); ++number)
             result.slots.push_back(slotFor(

@@ -41,6 +41,22 @@ struct ConditionalStyle
     const report::ConditionalStyle *style = nullptr;
 };
 
+struct Series
+{
+    const report::Series *layout = nullptr;
+    Value value; ///< its slots number the aggregates of a category
+    std::optional<Value> by;
+};
+
+struct Chart
+{
+    Value category;
+    std::vector<Series> series;
+    std::vector<Piece> title, categoryTitle, valueTitle;
+    ScopeKind scope = ScopeKind::Report; ///< over whose rows it goes
+    int group = -1;                      ///< of Group
+};
+
 struct Object
 {
     const report::Object *layout = nullptr;
@@ -48,6 +64,7 @@ struct Object
     std::optional<Value> value; ///< of fields, bar codes and pictures from the rows
     std::optional<Value> visibleIf;
     std::vector<ConditionalStyle> styles;
+    std::optional<Chart> chart;
     int repeatSlot = -1; ///< its place among the remembered values, when repeats are hidden
 };
 

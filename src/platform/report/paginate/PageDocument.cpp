@@ -17,7 +17,8 @@ QString itemText(const TextItem &item)
     QStringList lines;
     for (const TextLine &line : item.lines)
         lines.append(line.text);
-    return u"text %1 \"%2\""_s.arg(rectText(item.frame), lines.join(u"|"_s));
+    return u"%1 %2 \"%3\""_s.arg(item.turned ? u"turned"_s : u"text"_s, rectText(item.frame),
+                                 lines.join(u"|"_s));
 }
 
 QString itemText(const LineItem &item)
@@ -44,6 +45,13 @@ QString itemText(const BarCodeItem &item)
     return u"barcode %1 %2 bars"_s.arg(rectText(item.frame)).arg(item.bars.size());
 }
 
+QString itemText(const ShapeItem &item)
+{
+    return u"shape %1 %2 points%3"_s.arg(rectText(item.frame))
+        .arg(item.points.size())
+        .arg(item.fill.isValid() ? u" "_s + item.fill.name() : QString());
+}
+
 } // namespace
 
 void movePageItem(PageItem &item, QPoint by)
@@ -65,6 +73,9 @@ void movePageItem(PageItem &item, QPoint by)
             if constexpr (std::is_same_v<Item, BarCodeItem>)
                 for (QRect &bar : one.bars)
                     bar.translate(by);
+            if constexpr (std::is_same_v<Item, ShapeItem>)
+                for (QPoint &point : one.points)
+                    point += by;
         },
         item);
 }

@@ -30,6 +30,8 @@ struct TextItem
     QRect frame;
     QList<TextLine> lines;
     Style style;
+    /// Written upwards: a line's place is where its baseline begins at the foot.
+    bool turned = false;
 
     bool operator==(const TextItem &) const = default;
 };
@@ -73,7 +75,20 @@ struct BarCodeItem
     bool operator==(const BarCodeItem &) const = default;
 };
 
-using PageItem = std::variant<TextItem, LineItem, BoxItem, PictureItem, BarCodeItem>;
+/// Lines from point to point, or the area within them.
+struct ShapeItem
+{
+    QRect frame; ///< about all points
+    QList<QPoint> points;
+    bool closed = false;
+    Length lineWidth = 20; ///< 0 for no line
+    QColor color;
+    QColor fill; ///< invalid for none
+
+    bool operator==(const ShapeItem &) const = default;
+};
+
+using PageItem = std::variant<TextItem, LineItem, BoxItem, PictureItem, BarCodeItem, ShapeItem>;
 
 /// Moves an item and all that lies in it.
 void movePageItem(PageItem &item, QPoint by);

@@ -70,9 +70,11 @@ private:
     [[nodiscard]] MadeBand make(const compiled::Band &band)
     {
         const Length height = band.layout->height;
-        if (m_isCounting && band.fixedHeight && 2 * height < m_page.innerHeight())
-            return {{}, height, {}, {}};
-        return m_maker.make(band);
+        if (!m_isCounting || !band.fixedHeight || 2 * height >= m_page.innerHeight())
+            return m_maker.make(band);
+        MadeBand made;
+        made.height = height;
+        return made;
     }
 
     // --- Groups ------------------------------------------------------------------------------

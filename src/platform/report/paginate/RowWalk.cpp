@@ -1,5 +1,7 @@
 #include "platform/report/paginate/RowWalk.h"
 
+#include "platform/report/paginate/ChartCollector.h"
+
 #include <QScopedValueRollback>
 
 namespace report {
@@ -97,10 +99,8 @@ int RowWalk::fieldIndex(const QString &key) const
 
 void RowWalk::takeRow()
 {
-    std::vector<QVariant> keys;
-    for (const compiled::Value &by : m_report.groupBy)
-        keys.push_back(evaluate(by));
-    const int changed = m_row == 0 ? 0 : firstChange(keys);
+    std::vector<QVariant> keys = this->keys();
+    const int changed = m_row == 0 ? 0 : firstChange(m_keys, keys);
     if (m_row > 0 && changed < groupCount()) {
         // Footers show the last row of their group.
         --m_row;
@@ -124,12 +124,57 @@ void RowWalk::takeRow()
     rowPlaced();
 }
 
-int RowWalk::firstChange(const std::vector<QVariant> &keys) const
+std::vector<QVariant> RowWalk::keys() const
 {
-    int group = 0;
-    while (group < groupCount() && compareValues(keys[group], m_keys[group]) == 0)
+    std::vector<QVariant> keys;
+    keys.reserve(m_report.groupBy.size());
+    for (const compiled::Value &by : m_report.groupBy)
+        keys.push_back(evaluate(by));
+    return keys;
+}
+
+int RowWalk::firstChange(const std::vector<QVariant> &before, const std::vector<QVariant> &keys)
+{
+    std::size_t group = 0;
+    while (group < keys.size() && compareValues(keys[group], before[group]) == 0)
         ++group;
-    return group;
+    return static_cast<int>(group);
+}
+
+/// The rows of the group that the row on hand belongs to.
+RowWalk::Span RowWalk::groupSpan(int group) const
+{
+    const QScopedValueRollback row(m_row);
+    const int here = m_row;
+    const std::vector<QVariant> own = keys();
+    const auto belongs = [&](int other) {
+        m_row = other;
+        return firstChange(own, keys()) > group;
+    };
+    Span span{here, here + 1};
+    while (span.first > 0 && belongs(span.first - 1))
+        --span.first;
+    while (span.end < m_rows.rowCount() && belongs(span.end))
+        ++span.end;
+    return span;
+}
+
+ChartData RowWalk::chartData(const compiled::Object &object) const
+{
+    const compiled::Chart &chart = *object.chart;
+    const auto known = m_charts.find(&object);
+    const bool ofGroup = chart.scope == ScopeKind::Group && m_rows.rowCount() > 0;
+    if (known != m_charts.end() &&
+        (!ofGroup || (known->second.span.first <= m_row && m_row < known->second.span.end)))
+        return known->second.data;
+    const Span span = ofGroup ? groupSpan(chart.group) : Span{0, m_rows.rowCount()};
+    const QScopedValueRollback row(m_row);
+    ChartCollector collector(chart, object.layout->chart);
+    for (m_row = span.first; m_row < span.end && !isStopped(); ++m_row)
+        collector.add(*this, m_row);
+    ChartData data = collector.result(*this, [this](int of) { m_row = of; });
+    m_charts.insert_or_assign(&object, KnownChart{span, data});
+    return data;
 }
 
 void RowWalk::closeGroups(int outermost)

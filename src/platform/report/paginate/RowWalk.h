@@ -19,6 +19,7 @@ public:
     [[nodiscard]] QVariant aggregate(int number) const override;
     [[nodiscard]] QVariant evaluate(const compiled::Value &value) const override;
     [[nodiscard]] std::optional<QVariant> lastShown(int repeatSlot) const override;
+    [[nodiscard]] ChartData chartData(const compiled::Object &object) const override;
 
 protected:
     /// Walks all rows; every band comes to place.
@@ -55,11 +56,29 @@ protected:
     const DataSource &m_rows;
     const Inputs &m_inputs;
     BandMaker m_maker;
-    int m_row = 0;
+    /// The row on hand; a chart goes through others and comes back.
+    mutable int m_row = 0;
 
 private:
+    /// Rows from one on to before another.
+    struct Span
+    {
+        int first;
+        int end;
+
+        bool operator==(const Span &) const = default;
+    };
+    struct KnownChart
+    {
+        Span span;
+        ChartData data;
+    };
+    [[nodiscard]] Span groupSpan(int group) const;
+    [[nodiscard]] std::vector<QVariant> keys() const;
+
     void takeRow();
-    [[nodiscard]] int firstChange(const std::vector<QVariant> &keys) const;
+    [[nodiscard]] static int firstChange(const std::vector<QVariant> &before,
+                                         const std::vector<QVariant> &keys);
     void closeGroups(int outermost);
     void accumulate();
     [[nodiscard]] QVariant evaluateFormula(const compiled::Value &formula) const;
@@ -72,6 +91,8 @@ private:
     mutable int m_formulaDepth = 0;
     mutable QHash<QString, int> m_fieldIndexes;
     std::vector<std::optional<QVariant>> m_lastShown;
+    /// A band may be made several times, on page after page.
+    mutable std::map<const compiled::Object *, KnownChart> m_charts;
 };
 
 } // namespace report

@@ -33,7 +33,7 @@ QList<Extent> wholes(const QList<PageItem> &items)
 {
     QList<Extent> extents;
     for (const PageItem &item : items) {
-        if (const auto *text = std::get_if<TextItem>(&item)) {
+        if (const auto *text = std::get_if<TextItem>(&item); text && !text->turned) {
             for (const TextLine &line : text->lines)
                 extents.append({lineTop(line, text->style), lineBottom(line, text->style)});
         } else if (const auto *line = std::get_if<LineItem>(&item)) {

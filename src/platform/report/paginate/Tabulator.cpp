@@ -27,7 +27,8 @@ public:
 private:
     void place(const compiled::Band &band) override
     {
-        m_stopped = !m_sink({band.layout, m_row, m_maker.makeCells(band).cells});
+        MadeBand made = m_maker.makeCells(band);
+        m_stopped = !m_sink({band.layout, m_row, std::move(made.cells), std::move(made.grids)});
     }
 
     /// The whole table counts as one page.

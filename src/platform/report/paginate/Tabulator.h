@@ -11,6 +11,7 @@ struct TableBand
     const report::Band *band = nullptr;
     int row = 0; ///< of the data source
     QList<TableCell> cells;
+    QList<TableGrid> grids; ///< of charts
 };
 
 /// Takes bands one after another; False stops the report.

@@ -137,6 +137,28 @@ QList<TextLine> flowText(const QString &text, const Style &style, Length width)
     return lines;
 }
 
+Length textWidth(const QString &text, const Font &font)
+{
+    return static_cast<Length>(std::lround(measured(font).width(text)));
+}
+
+QString elidedText(const QString &text, const Font &font, Length width)
+{
+    if (textWidth(text, font) <= width)
+        return text;
+    const QString ellipsis(QChar(0x2026));
+    qsizetype fits = 0;
+    qsizetype tooLong = text.size();
+    while (tooLong - fits > 1) {
+        const qsizetype middle = (fits + tooLong) / 2;
+        (textWidth(text.first(middle) + ellipsis, font) <= width ? fits : tooLong) = middle;
+    }
+    // Half of a letter that takes two places would show as a box.
+    if (fits > 0 && text[fits - 1].isHighSurrogate())
+        --fits;
+    return text.first(fits).trimmed() + ellipsis;
+}
+
 Length lineTop(const TextLine &line, const Style &style)
 {
     return line.baseline - static_cast<Length>(std::lround(measured(style.font).metrics.ascent()));

@@ -13,6 +13,10 @@ namespace report {
 /// Breaks a text into lines that fit the width, and places them at the style's alignment within a
 /// rectangle whose corner is 0,0. Long words are broken.
 [[nodiscard]] QList<TextLine> flowText(const QString &text, const Style &style, Length width);
+/// How wide a text is in one line.
+[[nodiscard]] Length textWidth(const QString &text, const Font &font);
+/// A text that fits the width, cut with an ellipsis where it is longer.
+[[nodiscard]] QString elidedText(const QString &text, const Font &font, Length width);
 /// The upper and lower edge of a line, its place included.
 [[nodiscard]] Length lineTop(const TextLine &line, const Style &style);
 [[nodiscard]] Length lineBottom(const TextLine &line, const Style &style);

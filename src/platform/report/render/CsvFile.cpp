@@ -46,6 +46,7 @@ public:
 
     bool take(const TableBand &band)
     {
+        m_grids.append(band.grids);
         const bool isLine = band.band->kind == m_lineBand &&
                             (m_lineBand == BandKind::Detail ||
                              m_layout.groupIndex(band.band->group) == m_layout.groups.size() - 1);
@@ -76,6 +77,22 @@ public:
                     m_cells.remove(&object);
     }
 
+    /// Charts follow as tables of their own, an empty line ahead of each.
+    void writeGrids()
+    {
+        for (const TableGrid &grid : std::as_const(m_grids)) {
+            write({});
+            if (!grid.title.isEmpty())
+                write({quoted(grid.title)});
+            for (const QVariantList &row : grid.rows) {
+                QStringList cells;
+                for (const QVariant &value : row)
+                    cells.append(quoted(base::toText(value)));
+                write(cells);
+            }
+        }
+    }
+
 private:
     void write(const QStringList &cells) { m_file.write((cells.join(u',') + u"\r\n"_s).toUtf8()); }
 
@@ -84,6 +101,7 @@ private:
     const Layout &m_layout;
     OutputFile &m_file;
     QHash<const Object *, QString> m_cells;
+    QList<TableGrid> m_grids;
     bool m_pending = false;
     int m_row = -1;
 };
@@ -98,6 +116,7 @@ Outcome writeCsv(const Layout &layout, const DataSource &rows, const Inputs &inp
     Outcome outcome =
         tabulate(layout, rows, inputs, [&](const TableBand &band) { return lines.take(band); });
     lines.flush();
+    lines.writeGrids();
     file.finish();
     return outcome;
 }

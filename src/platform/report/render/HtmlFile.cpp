@@ -66,6 +66,14 @@ QString itemHtml(const TextItem &item)
         if (line.text.isEmpty())
             continue;
         const Length top = lineTop(line, style);
+        if (item.turned) {
+            // Turned about the foot of its baseline, which is where the line begins.
+            html += u"<p style=\"left:%1;top:%2;%3;line-height:%4;transform-origin:0 %5;"
+                    "transform:rotate(-90deg)\">%6</p>\n"_s.arg(
+                        mm(line.x), mm(top), fontStyle(style), mm(lineBottom(line, style) - top),
+                        mm(line.baseline - top), line.text.toHtmlEscaped());
+            continue;
+        }
         html += u"<p style=\"left:%1;top:%2;%3;line-height:%4\">%5</p>\n"_s.arg(
             mm(line.x), mm(top), fontStyle(style), mm(lineBottom(line, style) - top),
             line.text.toHtmlEscaped());
@@ -118,6 +126,24 @@ QString itemHtml(const BarCodeItem &item)
     for (const QRect &bar : item.bars)
         html += filled(bar, Qt::black);
     return html;
+}
+
+QString itemHtml(const ShapeItem &item)
+{
+    // Lines may be half their width outside of the points.
+    const Length edge = item.lineWidth;
+    const QRect frame = item.frame.adjusted(-edge, -edge, edge, edge);
+    QStringList points;
+    for (const QPoint &point : item.points)
+        points.append(u"%1,%2"_s.arg(point.x() - frame.x()).arg(point.y() - frame.y()));
+    return u"<svg style=\"%1\" viewBox=\"0 0 %2 %3\"><%4 points=\"%5\" fill=\"%6\" stroke=\"%7\" "
+           "stroke-width=\"%8\" stroke-linejoin=\"round\"/></svg>\n"_s.arg(place(frame))
+               .arg(frame.width())
+               .arg(frame.height())
+               .arg(item.closed ? u"polygon"_s : u"polyline"_s, points.join(u' '),
+                    item.fill.isValid() ? item.fill.name() : u"none"_s,
+                    item.lineWidth > 0 ? item.color.name() : u"none"_s)
+               .arg(item.lineWidth);
 }
 
 constexpr QStringView head =

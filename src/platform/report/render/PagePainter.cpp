@@ -45,9 +45,19 @@ void PagePainter::draw(const TextItem &item, QPainter &painter)
         painter.fillRect(item.frame, item.style.fill);
     painter.setFont(measuringFont(item.style.font));
     painter.setPen(item.style.color);
-    for (const TextLine &line : item.lines)
-        if (!line.text.isEmpty())
+    for (const TextLine &line : item.lines) {
+        if (line.text.isEmpty())
+            continue;
+        if (!item.turned) {
             painter.drawText(QPointF(line.x, line.baseline), line.text);
+            continue;
+        }
+        painter.save();
+        painter.translate(line.x, line.baseline);
+        painter.rotate(-90);
+        painter.drawText(QPointF(0, 0), line.text);
+        painter.restore();
+    }
     drawBorder(item.style.border, item.frame, painter);
 }
 
@@ -83,6 +93,19 @@ void PagePainter::draw(const BarCodeItem &item, QPainter &painter)
     for (const QRect &bar : item.bars)
         painter.fillRect(bar, Qt::black);
     painter.setRenderHint(QPainter::Antialiasing, soft);
+}
+
+void PagePainter::draw(const ShapeItem &item, QPainter &painter)
+{
+    painter.setPen(item.lineWidth > 0 ? QPen(item.color, item.lineWidth, Qt::SolidLine,
+                                             Qt::RoundCap, Qt::RoundJoin)
+                                      : QPen(Qt::NoPen));
+    painter.setBrush(item.fill.isValid() ? QBrush(item.fill) : QBrush(Qt::NoBrush));
+    if (item.closed)
+        painter.drawPolygon(QPolygon(item.points));
+    else
+        painter.drawPolyline(QPolygon(item.points));
+    painter.setBrush(Qt::NoBrush);
 }
 
 QImage PagePainter::picture(const QByteArray &data)

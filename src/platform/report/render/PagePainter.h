@@ -23,6 +23,7 @@ private:
     void draw(const BoxItem &item, QPainter &painter);
     void draw(const PictureItem &item, QPainter &painter);
     void draw(const BarCodeItem &item, QPainter &painter);
+    void draw(const ShapeItem &item, QPainter &painter);
     [[nodiscard]] QImage picture(const QByteArray &data);
 
     QCache<QByteArray, QImage> m_pictures;

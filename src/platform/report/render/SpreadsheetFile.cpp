@@ -1,6 +1,7 @@
 #include "platform/report/render/SpreadsheetFile.h"
 
 #include "platform/base/Error.h"
+#include "platform/base/Format.h"
 #include "platform/report/render/OutputFile.h"
 #include "platform/report/render/TableColumns.h"
 
@@ -87,6 +88,8 @@ public:
                 write(static_cast<lxw_col_t>(column), *cell);
             ++m_row;
         }
+        for (const TableGrid &grid : band.grids)
+            write(grid);
         return true;
     }
 
@@ -137,25 +140,50 @@ private:
                    : m_places.emplace(&band, m_columns.places(band)).first->second;
     }
 
+    /// A chart's values, their headings in bold. Such a head isn't frozen: it would fill the
+    /// window.
+    void write(const TableGrid &grid)
+    {
+        m_headIsFrozen = true;
+        Style bold;
+        bold.font.bold = true;
+        if (!grid.title.isEmpty()) {
+            write(0, grid.title, grid.title, bold, {});
+            ++m_row;
+        }
+        for (qsizetype row = 0; row < grid.rows.size() && m_row < MaximumRows; ++row, ++m_row)
+            for (qsizetype column = 0; column < grid.rows[row].size(); ++column) {
+                const QVariant &value = grid.rows[row][column];
+                if (!value.isNull())
+                    write(static_cast<lxw_col_t>(column), value, base::toText(value),
+                          row == 0 ? bold : Style(), grid.formats.value(column));
+            }
+    }
+
     void write(lxw_col_t column, const TableCell &cell)
     {
-        const QString &pattern = cell.object->format;
-        if (isNumber(cell.value)) {
-            worksheet_write_number(m_sheet, m_row, column, cell.value.toDouble(),
-                                   format(cell.style, pattern));
-        } else if (cell.value.typeId() == QMetaType::QDateTime) {
-            const QDateTime date = cell.value.toDateTime();
+        write(column, cell.value, cell.text, cell.style, cell.object->format);
+    }
+
+    void write(lxw_col_t column, const QVariant &value, const QString &text, const Style &style,
+               const QString &pattern)
+    {
+        if (isNumber(value)) {
+            worksheet_write_number(m_sheet, m_row, column, value.toDouble(),
+                                   format(style, pattern));
+        } else if (value.typeId() == QMetaType::QDateTime) {
+            const QDateTime date = value.toDateTime();
             lxw_datetime when{date.date().year(),   date.date().month(),
                               date.date().day(),    date.time().hour(),
                               date.time().minute(), static_cast<double>(date.time().second())};
             const QString usual =
                 date.time() == QTime(0, 0) ? u"m/d/yyyy"_s : u"m/d/yyyy h:mm:ss AMPM"_s;
             worksheet_write_datetime(m_sheet, m_row, column, &when,
-                                     format(cell.style, pattern.isEmpty() ? usual : pattern));
+                                     format(style, pattern.isEmpty() ? usual : pattern));
         } else {
             worksheet_write_string(m_sheet, m_row, column,
-                                   cell.text.left(MaximumCellText).toUtf8().constData(),
-                                   format(cell.style, {}));
+                                   text.left(MaximumCellText).toUtf8().constData(),
+                                   format(style, {}));
         }
     }
 

@@ -7,12 +7,16 @@
 namespace report {
 namespace {
 
-QRect placeIn(const TextLine &line, const Style &style, qsizetype from, qsizetype length)
+QRect placeIn(const TextLine &line, const TextItem &item, qsizetype from, qsizetype length)
 {
+    const Style &style = item.style;
     const QFontMetricsF metrics(measuringFont(style.font));
     const auto begin = static_cast<int>(metrics.horizontalAdvance(line.text.first(from)));
     const auto end = static_cast<int>(metrics.horizontalAdvance(line.text.first(from + length)));
     const Length top = lineTop(line, style);
+    if (item.turned)
+        return {line.x - (line.baseline - top), line.baseline - end, lineBottom(line, style) - top,
+                end - begin};
     return {line.x + begin, top, end - begin, lineBottom(line, style) - top};
 }
 
@@ -30,7 +34,7 @@ QList<QRect> placesOnPage(const Page &page, const QString &text)
         for (const TextLine &line : words->lines)
             for (qsizetype at = line.text.indexOf(text, 0, Qt::CaseInsensitive); at >= 0;
                  at = line.text.indexOf(text, at + text.size(), Qt::CaseInsensitive))
-                places.append(placeIn(line, words->style, at, text.size()));
+                places.append(placeIn(line, *words, at, text.size()));
     }
     return places;
 }

@@ -31,7 +31,8 @@ public:
 
     void operator()(const TextItem &item)
     {
-        m_out << item.frame << indexOf(m_styles, item.style) << qint32(item.lines.size());
+        m_out << item.frame << item.turned << indexOf(m_styles, item.style)
+              << qint32(item.lines.size());
         for (const TextLine &line : item.lines)
             m_out << line.text << line.x << line.baseline << line.width;
     }
@@ -48,6 +49,11 @@ public:
         m_out << item.frame << indexOf(m_pictures, item.data) << qint32(item.align);
     }
     void operator()(const BarCodeItem &item) { m_out << item.frame << item.bars; }
+    void operator()(const ShapeItem &item)
+    {
+        m_out << item.frame << item.points << item.closed << item.lineWidth << item.color
+              << item.fill;
+    }
 
 private:
     QDataStream &m_out;
@@ -68,7 +74,7 @@ public:
     {
         qint32 style = 0;
         qint32 lines = 0;
-        m_in >> item.frame >> style >> lines;
+        m_in >> item.frame >> item.turned >> style >> lines;
         item.style = m_styles.at(style);
         for (qint32 count = 0; count < lines; ++count) {
             TextLine line;
@@ -90,6 +96,11 @@ public:
         item.align = static_cast<Align>(align);
     }
     void operator()(BarCodeItem &item) { m_in >> item.frame >> item.bars; }
+    void operator()(ShapeItem &item)
+    {
+        m_in >> item.frame >> item.points >> item.closed >> item.lineWidth >> item.color >>
+            item.fill;
+    }
 
 private:
     QDataStream &m_in;

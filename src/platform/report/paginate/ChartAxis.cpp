@@ -1,0 +1,70 @@
+#include "platform/report/paginate/ChartAxis.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace report {
+namespace {
+
+/// What lies this near to a tick, in steps, lies on it.
+constexpr double Near = 1e-9;
+
+} // namespace
+
+ChartAxis::ChartAxis(double least, double largest, int mostSteps, bool whole)
+    : m_least(std::min(least, largest))
+    , m_largest(std::max(least, largest))
+{
+    // A flat line stands between two ticks.
+    if (m_least == m_largest) {
+        if (m_largest > 0)
+            m_least = 0;
+        else if (m_least < 0)
+            m_largest = 0;
+        else
+            m_largest = 1;
+    }
+    const double wanted = (m_largest - m_least) / std::max(1, mostSteps);
+    m_power = static_cast<int>(std::floor(std::log10(wanted)));
+    if (whole && m_power < 0)
+        m_power = 0;
+    cover();
+    while (m_last - m_first > std::max(1, mostSteps))
+        widen();
+}
+
+double ChartAxis::step() const
+{
+    return tick(-m_first + 1);
+}
+
+/// Reckoned in whole numbers as far as they go, so that 3 steps of 0.1 are 0.3.
+double ChartAxis::tick(int number) const
+{
+    const double count = static_cast<double>(m_first + number) * m_digit;
+    return m_power >= 0 ? count * std::pow(10.0, m_power) : count / std::pow(10.0, -m_power);
+}
+
+void ChartAxis::widen()
+{
+    if (m_digit == 1) {
+        m_digit = 2;
+    } else if (m_digit == 2) {
+        m_digit = 5;
+    } else {
+        m_digit = 1;
+        ++m_power;
+    }
+    cover();
+}
+
+void ChartAxis::cover()
+{
+    m_first = 0;
+    const double one = step();
+    const int first = static_cast<int>(std::floor(m_least / one + Near));
+    m_last = std::max(first + 1, static_cast<int>(std::ceil(m_largest / one - Near)));
+    m_first = first;
+}
+
+} // namespace report

@@ -1,0 +1,217 @@
+#include "platform/report/paginate/ChartCollector.h"
+
+#include "platform/base/Format.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+namespace report {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString NoLabel = u"(none)"_s;
+const QString OthersLabel = u"Others (%1)"_s;
+
+/// Reads aggregates from a cell of the chart, and all else from the report.
+class CellContext final : public EvaluationContext
+{
+public:
+    CellContext(const EvaluationContext &rows, const std::vector<Accumulator> &aggregates)
+        : m_rows(rows)
+        , m_aggregates(aggregates)
+    {}
+    [[nodiscard]] std::optional<QVariant> value(const QString &name) const override
+    {
+        return m_rows.value(name);
+    }
+    [[nodiscard]] QVariant aggregate(int number) const override
+    {
+        return m_aggregates[static_cast<std::size_t>(number)].result();
+    }
+
+private:
+    const EvaluationContext &m_rows;
+    const std::vector<Accumulator> &m_aggregates;
+};
+
+std::vector<Accumulator> freshAggregates(const Expression &expression)
+{
+    std::vector<Accumulator> fresh;
+    for (const Aggregate &aggregate : expression.aggregates())
+        fresh.emplace_back(aggregate.function);
+    return fresh;
+}
+
+QString labelOf(const QVariant &value, const QString &format)
+{
+    const QString label = formatted(value, format);
+    return label.isEmpty() ? NoLabel : label;
+}
+
+} // namespace
+
+ChartCollector::ChartCollector(const compiled::Chart &chart, const Chart &layout)
+    : m_chart(chart)
+    , m_layout(layout)
+{
+    for (const compiled::Series &series : chart.series)
+        if (!series.by)
+            m_shown.push_back({&series, series.layout->name, {}});
+}
+
+void ChartCollector::add(const EvaluationContext &context, int row)
+{
+    const std::size_t category = categoryOf(context);
+    for (std::size_t number = 0; number < m_chart.series.size(); ++number) {
+        Shown &shown = m_shown[seriesOf(number, context)];
+        if (shown.cells.size() <= category)
+            shown.cells.resize(category + 1);
+        std::optional<Cell> &cell = shown.cells[category];
+        const Expression &value = shown.series->value.expression;
+        if (!cell)
+            cell = Cell{freshAggregates(value), row};
+        cell->lastRow = row;
+        for (std::size_t aggregate = 0; aggregate < cell->aggregates.size(); ++aggregate)
+            cell->aggregates[aggregate].add(
+                value.aggregateArgument(static_cast<int>(aggregate)).evaluate(context));
+    }
+}
+
+std::size_t ChartCollector::categoryOf(const EvaluationContext &context)
+{
+    const QVariant value = m_chart.category.expression.evaluate(context);
+    const QString label = labelOf(value, m_layout.categoryFormat);
+    const auto fresh = static_cast<std::size_t>(m_categories.size());
+    const QString key = label.toCaseFolded();
+    const auto known = m_categoryNumbers.constFind(key);
+    if (known != m_categoryNumbers.cend())
+        return *known;
+    m_categoryNumbers.insert(key, fresh);
+    m_categories.append({value, label});
+    return fresh;
+}
+
+std::size_t ChartCollector::seriesOf(std::size_t number, const EvaluationContext &context)
+{
+    const compiled::Series &series = m_chart.series[number];
+    QString name = series.layout->name;
+    if (series.by) {
+        const QString by = labelOf(series.by->expression.evaluate(context), {});
+        name = name.isEmpty() ? by : u"%1, %2"_s.arg(name, by);
+    }
+    const QString key = u"%1 %2"_s.arg(number).arg(name.toCaseFolded());
+    const auto known = m_seriesNumbers.constFind(key);
+    if (known != m_seriesNumbers.cend())
+        return *known;
+    const auto isIt = [&](const Shown &shown) { return shown.series == &series && !series.by; };
+    const auto place = std::find_if(m_shown.begin(), m_shown.end(), isIt);
+    const auto found = static_cast<std::size_t>(place - m_shown.begin());
+    if (place == m_shown.end())
+        m_shown.push_back({&series, name, {}});
+    m_seriesNumbers.insert(key, found);
+    return found;
+}
+
+std::optional<double> ChartCollector::valueOf(const Shown &shown, const std::optional<Cell> &cell,
+                                              const EvaluationContext &context,
+                                              const std::function<void(int row)> &goTo)
+{
+    if (!cell)
+        return std::nullopt;
+    goTo(cell->lastRow);
+    const QVariant value =
+        shown.series->value.expression.evaluate(CellContext(context, cell->aggregates));
+    bool isNumber = false;
+    const double number = value.toDouble(&isNumber);
+    // What no paper could show would spoil the axis for all else.
+    return !value.isNull() && isNumber && std::abs(number) < 1e15 ? std::optional(number)
+                                                                  : std::nullopt;
+}
+
+std::vector<std::size_t>
+ChartCollector::inOrder(const std::vector<std::optional<double>> &firstValues) const
+{
+    std::vector<std::size_t> order(static_cast<std::size_t>(m_categories.size()));
+    std::iota(order.begin(), order.end(), std::size_t(0));
+    if (m_layout.order == ChartOrder::Category)
+        std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
+            return compareValues(m_categories[static_cast<qsizetype>(a)].value,
+                                 m_categories[static_cast<qsizetype>(b)].value) < 0;
+        });
+    else if (m_layout.order == ChartOrder::Value)
+        std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
+            return firstValues[a] > firstValues[b];
+        });
+    return order;
+}
+
+/// All categories from one on in the order as one.
+std::optional<ChartCollector::Cell>
+ChartCollector::together(const Shown &shown, const std::vector<std::size_t> &order,
+                         std::size_t from)
+{
+    std::optional<Cell> sum;
+    for (std::size_t place = from; place < order.size(); ++place) {
+        if (order[place] >= shown.cells.size() || !shown.cells[order[place]])
+            continue;
+        const Cell &cell = *shown.cells[order[place]];
+        if (!sum) {
+            sum = cell;
+            continue;
+        }
+        sum->lastRow = qMax(sum->lastRow, cell.lastRow);
+        for (std::size_t aggregate = 0; aggregate < cell.aggregates.size(); ++aggregate)
+            sum->aggregates[aggregate].add(cell.aggregates[aggregate]);
+    }
+    return sum;
+}
+
+ChartData ChartCollector::result(const EvaluationContext &context,
+                                 const std::function<void(int row)> &goTo) const
+{
+    const auto value = [&](const Shown &shown, std::size_t category) {
+        return category < shown.cells.size()
+                   ? valueOf(shown, shown.cells[category], context, goTo)
+                   : std::nullopt;
+    };
+    std::vector<std::optional<double>> firstValues;
+    if (m_layout.order == ChartOrder::Value && !m_shown.empty())
+        for (std::size_t category = 0; category < static_cast<std::size_t>(m_categories.size());
+             ++category)
+            firstValues.push_back(value(m_shown.front(), category));
+    const std::vector<std::size_t> order = inOrder(firstValues);
+    const std::size_t kept =
+        m_layout.most > 0 ? qMin(order.size(), static_cast<std::size_t>(m_layout.most))
+                          : order.size();
+    const auto beyond = static_cast<int>(order.size() - kept);
+
+    ChartData data;
+    for (std::size_t place = 0; place < kept; ++place)
+        data.categories.append(m_categories[static_cast<qsizetype>(order[place])]);
+    const bool hasOthers = m_layout.others && beyond > 0;
+    if (hasOthers)
+        data.categories.append({OthersLabel.arg(beyond), OthersLabel.arg(beyond)});
+    data.leftOut = hasOthers ? 0 : beyond;
+    for (std::size_t number = 0; number < m_shown.size(); ++number) {
+        const Shown &shown = m_shown[number];
+        const QColor own = shown.series->by ? QColor() : shown.series->layout->color;
+        ChartSeries series{shown.name, own.isValid() ? own : usualSeriesColor(number), {}};
+        for (std::size_t place = 0; place < kept; ++place)
+            series.values.append(value(shown, order[place]));
+        if (hasOthers)
+            series.values.append(valueOf(shown, together(shown, order, kept), context, goTo));
+        data.series.append(std::move(series));
+    }
+    return data;
+}
+
+QColor usualSeriesColor(std::size_t number)
+{
+    static constexpr QRgb Colors[] = {0xff0072b2, 0xffe69f00, 0xff009e73, 0xffcc79a7,
+                                      0xff56b4e9, 0xffd55e00, 0xfff0e442, 0xff5a5a5a};
+    return QColor(Colors[number % std::size(Colors)]);
+}
+
+} // namespace report
