@@ -196,11 +196,14 @@ QString historyDetail(const QString &where)
            where;
 }
 
-QString historySummary(const QString &where)
+QString historySummary(const QString &where, PartQuantity quantity)
 {
+    const QString price = quantity == PartQuantity::Used ? u"Sum(QuantityUsed * Price)"_s
+                                                         : u"Sum(Price*QuantityRequired)"_s;
     return u"SELECT tblWOServiceUsedHistory.WorkOrderNo, tblEquipment.UnitNo, "
-           "Sum(tblWOServiceUsedHistory.CostEstimate) AS SumOfCostEstimate, "
-           "Sum(Price*QuantityRequired) AS SumOfPrice, tblCrew.Description, "
+           "Sum(tblWOServiceUsedHistory.CostEstimate) AS SumOfCostEstimate, "_s +
+           price +
+           u" AS SumOfPrice, tblCrew.Description, "
            "tblEquipment.EquipmentName  FROM ((tblWOServiceUsedHistory LEFT JOIN tblEquipment ON "
            "tblWOServiceUsedHistory.EquipmentID = tblEquipment.EquipmentID) LEFT JOIN "
            "tblWoPartHistory ON tblWOServiceUsedHistory.ServiceUsedID = "

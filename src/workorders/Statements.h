@@ -35,8 +35,11 @@ namespace workorders::statements {
 [[nodiscard]] QString printedOrders(const QString &orderList);
 /// One row for each part of each posted service of these orders.
 [[nodiscard]] QString historyDetail(const QString &where);
+/// Which quantity of a posted part its price is multiplied with.
+enum class PartQuantity { Required, Used };
 /// Costs of posted orders.
-[[nodiscard]] QString historySummary(const QString &where);
+[[nodiscard]] QString historySummary(const QString &where,
+                                     PartQuantity quantity = PartQuantity::Required);
 
 /// For the board, machines with services that fell due within the last 30 days (WorkOrderNo Null)
 /// and open orders: "Unit No", WorkOrderNo, Due (of the oldest service), Services (how many).
