@@ -4,6 +4,7 @@
 #include "core/ui/frmSendEmail.h"
 #include "equipment/ui/DateSheets.h"
 #include "equipment/ui/Entries.h"
+#include "exchange/ui/Entries.h"
 #include "organisation/ui/Entries.h"
 #include "parts/ui/Entries.h"
 #include "platform/help/Help.h"
@@ -82,6 +83,11 @@ void joinWorkorders(Openings &all)
     joinBoard();
 }
 
+void joinExchange(Openings &all)
+{
+    all.join(u"mnuExportXml"_s, mnuExportXml_Click);
+}
+
 } // namespace
 
 void joinScreens()
@@ -96,6 +102,7 @@ void joinScreens()
     joinEquipment(all);
     joinWorkorders(all);
     joinReports();
+    joinExchange(all);
 }
 
 } // namespace app

@@ -94,6 +94,15 @@ void copyFile(const QString &source, const QString &destination,
         raiseWriteError(to, destination);
 }
 
+void writeFile(const QString &path, const QByteArray &content)
+{
+    QSaveFile file(path);
+    openDestination(file);
+    writeAll(file, content);
+    if (!file.commit())
+        raiseWriteError(file, path);
+}
+
 void removeFile(const QString &path)
 {
     QFile file(path);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <functional>
 
@@ -13,6 +14,9 @@ namespace sys {
 /// byte was read; False drops the copy and raises PermissionDenied.
 void copyFile(const QString &source, const QString &destination,
               const std::function<bool()> &mayReplace = {});
+/// Writes a file with this content, or replaces one. It appears under its name only when it is
+/// whole and on the disk: until then, and after a failure, whatever stood there stays.
+void writeFile(const QString &path, const QByteArray &content);
 /// Deletes a file.
 void removeFile(const QString &path);
 /// Makes a folder and those above it; content with one that is there.

@@ -1,0 +1,30 @@
+#include "exchange/Carrier.h"
+
+#include "core/General.h"
+#include "platform/base/Prompts.h"
+
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+
+namespace exchange {
+
+bool runCarrier(const QString &program)
+{
+    const QString folder = GetMakerRegistryValue(u"Path"_s);
+    if (folder.isEmpty()) {
+        base::showMessage(u"QV2go Sync Application is not Installed"_s);
+        return false;
+    }
+    RunAndWait(u'"' + systemPath(folder + program) + u'"');
+    return true;
+}
+
+QString systemPath(QString stored)
+{
+    if (QDir::separator() == u'/')
+        stored.replace(u'\\', u'/');
+    return stored;
+}
+
+} // namespace exchange

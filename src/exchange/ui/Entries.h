@@ -1,0 +1,9 @@
+#pragma once
+
+/// How the menus open what this folder offers. Each waits until it has ended.
+
+/// The export with its progress, without what carries the file to the device.
+void ShowExportXml();
+/// The menu entry "Export To Windows Mobile": exports, and starts the program that carries the file
+/// to the device.
+void mnuExportXml_Click();

@@ -1,0 +1,277 @@
+#include "exchange/Export.h"
+
+#include "core/CompanySession.h"
+#include "exchange/ValueText.h"
+#include "exchange/XmlFault.h"
+#include "platform/base/Error.h"
+#include "support/ScriptedPrompts.h"
+#include "support/TestFiles.h"
+
+#include <QDir>
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using Icon = base::Prompts::Icon;
+using test::readFile;
+using test::writeFile;
+
+const QString Exported = u"Quorvantis records have been exported successfully.\n"
+                         "Put the Windows Mobile device Into the cradle."_s;
+
+/// A small company made by hand, with a row for each case of the format.
+class Export : public test::CompanySession
+{
+protected:
+    Export()
+    {
+        insert(u"tblCrew"_s, {{u"CrewNumber"_s, 7}, {u"Description"_s, u"North & \"South\""_s}},
+               u"CrewID"_s);
+        SetOption(u"COUNT_READING_DELAY"_s, QString(), false);
+    }
+
+    static QDateTime at(int month, int day, QTime time = {0, 0})
+    {
+        return base::wallClock({2024, month, day}, time);
+    }
+    static void machine(qint64 id, const QVariantMap &more = {})
+    {
+        QVariantMap values{{u"EquipmentID"_s, id},
+                           {u"UnitNo"_s, u"M%1"_s.arg(id)},
+                           {u"EquipmentName"_s, u"Mower"_s},
+                           {u"CrewID"_s, 1},
+                           {u"Inactive"_s, 0}};
+        values.insert(more);
+        insert(u"tblEquipment"_s, values);
+    }
+    static qint64 service(qint64 machine, const QString &period, const QVariant &hours = 1.5)
+    {
+        return insert(u"tblServiceUsed"_s,
+                      {{u"EquipmentID"_s, machine},
+                       {u"Period"_s, period},
+                       {u"LaborEstimate"_s, hours}},
+                      u"ServiceUsedID"_s);
+    }
+    static void reading(qint64 machine, const QDateTime &date, const QString &type, int value)
+    {
+        insert(u"tblEquipmentCount"_s, {{u"EquipmentID"_s, machine},
+                                        {u"ChangeDate"_s, date},
+                                        {u"CountType"_s, type},
+                                        {u"CountValue"_s, value}});
+    }
+    static qint64 order(qint64 machine, bool complete = false)
+    {
+        return insert(u"tblWorkorder"_s,
+                      {{u"EquipmentID"_s, machine}, {u"Complete"_s, complete}}, u"WorkorderNo"_s);
+    }
+    static qint64 line(qint64 order, qint64 machine, const QVariantMap &more = {})
+    {
+        QVariantMap values{{u"WorkorderNo"_s, order},
+                           {u"EquipmentID"_s, machine},
+                           {u"Name"_s, u"Oil"_s},
+                           {u"Period"_s, u"D"_s}};
+        values.insert(more);
+        return insert(u"tblWoServiceUsed"_s, values, u"NServiceUsedID"_s);
+    }
+    static void makeOrders()
+    {
+        const qint64 hours = service(1, u"H"_s, 0.75);
+        const qint64 open = order(1);
+        line(open, 1,
+             {{u"ServiceUsedID"_s, hours},
+              {u"ServiceID"_s, 44},
+              {u"Name"_s, u"Blades \"A\" & B"_s},
+              {u"StartTime"_s, u"08:30"_s},
+              {u"EndTime"_s, u"09:15"_s},
+              {u"Note"_s, u"it's > that & \"more\""_s},
+              {u"Period"_s, u"H"_s},
+              {u"CrewID"_s, 1},
+              {u"JobNo"_s, 12}});
+        const qint64 done = line(open, 1, {{u"Completed"_s, true}});
+        line(open, 1, {{u"ServiceID"_s, QVariant()}, {u"CrewID"_s, QVariant()},
+                       {u"Period"_s, QVariant()}});
+        insert(u"tblWoPartUsed"_s, {{u"ServiceUsedID"_s, done},
+                                    {u"PartID"_s, u"P&1"_s},
+                                    {u"QuantityRequired"_s, 2.5},
+                                    {u"Price"_s, 12.5},
+                                    {u"Used"_s, true},
+                                    {u"QuantityUsed"_s, QVariant()}});
+        insert(u"tblWoPartUsed"_s,
+               {{u"ServiceUsedID"_s, done}, {u"PartID"_s, u"unknown"_s}});
+        const qint64 closed = order(1, true);
+        line(closed, 1);
+        order(1); // without work
+    }
+    static void makeCatalogue()
+    {
+        insert(u"tblPart"_s, {{u"PartID"_s, u"P&1"_s},
+                              {u"Description"_s, u"Blade 21\""_s},
+                              {u"Quantity"_s, 3},
+                              {u"Bar_Code"_s, QVariant()},
+                              {u"Price"_s, 1234.5}});
+        insert(u"tblServices"_s, {{u"ServiceID"_s, 44},
+                                  {u"Name"_s, u"Blades"_s},
+                                  {u"CrewID"_s, QVariant()},
+                                  {u"CostCenterID"_s, QVariant()},
+                                  {u"CostEstimate"_s, QVariant()},
+                                  {u"LaborEstimate"_s, QVariant()},
+                                  {u"JobNo"_s, QVariant()}});
+        insert(u"tblServicesPart"_s, {{u"PartID"_s, u"P&1"_s},
+                                      {u"ServiceID"_s, 44},
+                                      {u"QuantityRequired"_s, 2},
+                                      {u"Price"_s, QVariant()},
+                                      {u"SupplierID"_s, 9}});
+    }
+    /// Runs an export that writes its file; the file's text.
+    static QByteArray exported()
+    {
+        test::ScriptedPrompts prompts;
+        prompts.expect(Exported, Icon::Information);
+        bool failed = true;
+        EXPECT_TRUE(exchange::GenrateXML(failed));
+        EXPECT_FALSE(failed);
+        return readFile(exchange::exportedFile());
+    }
+};
+
+TEST_F(Export, WritesTheFileOfASmallCompanyByteForByte)
+{
+    machine(1, {{u"EquipmentName"_s, u"Big \"Blue\" & &quot;old&quot;"_s},
+                {u"Bar_Code"_s, u"b&1"_s}});
+    machine(2, {{u"Inactive"_s, 1}, {u"CrewID"_s, QVariant()}, {u"UnitNo"_s, QVariant()}});
+    makeCatalogue();
+    makeOrders();
+    service(1, u"C"_s);
+    reading(1, at(3, 9, {14, 5}), u"Hours"_s, 500);
+    reading(1, at(3, 9, {14, 5}), u"Hours"_s, 480);
+    reading(1, at(3, 2), u"Hours"_s, 900);
+    reading(1, at(3, 16), u"Miles"_s, 20);
+    const QByteArray golden = readFile(QStringLiteral(QUORVANTIS_TEST_DATA "/Data.xml"));
+    EXPECT_EQ(QString::fromUtf8(exported()).replace(u'\r', u'\n'), QString::fromUtf8(golden))
+        << "the file in tests/exchange/data has line feeds where the format has carriage returns";
+    EXPECT_FALSE(readFile(exchange::exportedFile()).contains('\n'));
+}
+
+TEST_F(Export, LeavesOutSectionsWithoutRows)
+{
+    EXPECT_EQ(exported(), "<?xml version=\"1.0\" encoding=\"UTF-8\"?><tables>\r<tblCrew>\r"
+                          "<record CrewID=\"1\" CrewNumber=\"7\" Description=\"North &amp; "
+                          "&quot;South&quot;\" />\r</tblCrew>\r\r</tables>");
+}
+
+TEST_F(Export, StopsAtANameThatIsNoXmlAndKeepsTheFormerFile)
+{
+    exported();
+    const QByteArray former = readFile(exchange::exportedFile());
+    machine(1, {{u"EquipmentName"_s, u"a < b"_s}});
+    test::ScriptedPrompts prompts;
+    const QString source = u"<record EquipmentID=\"1\" UnitNo=\"M1\" EquipmentName=\"a < b\" "
+                           "CrewID=\"1\" Equip_BarCode=\"\" LastCrewID=\"1\" />"_s;
+    const QString reason = exchange::faultIn(u"<a b=\"<\"/>"_s).value().reason;
+    prompts.expect(reason + u"\n\nLINE: 3  "_s + source, Icon::Critical);
+    bool failed = false;
+    EXPECT_FALSE(exchange::GenrateXML(failed));
+    EXPECT_TRUE(failed);
+    EXPECT_EQ(readFile(exchange::exportedFile()), former);
+}
+
+TEST_F(Export, WithoutAnythingToExportTellsSoAndMayBeTriedAgain)
+{
+    gcnData->Execute(u"Delete from tblCrew"_s);
+    gcnData->Execute(u"Delete from tblEquipment"_s);
+    test::ScriptedPrompts prompts;
+    prompts.expect(u"There is not data for exporting"_s, Icon::Information);
+    bool failed = true;
+    EXPECT_FALSE(exchange::GenrateXML(failed));
+    EXPECT_FALSE(failed);
+    EXPECT_FALSE(QFile::exists(exchange::exportedFile()));
+}
+
+TEST_F(Export, WritesNothingWhenASectionCannotBeRead)
+{
+    machine(1);
+    makeCatalogue();
+    makeOrders();
+    const QByteArray former = exported();
+    test::ScriptedPrompts prompts; // a file without that section would look whole
+    for (int failing = 1, running = 0;; ++failing, running = 0) {
+        gcnData->setObserver([&](const db::Sent &) {
+            if (++running == failing)
+                throw base::Error(5, u"broken"_s);
+        });
+        if (running = 0; failing > 10)
+            break;
+        bool failed = false;
+        EXPECT_FALSE(exchange::GenrateXML(failed)) << failing;
+        EXPECT_TRUE(failed) << failing;
+        EXPECT_EQ(errors.takeOne().ErrDescription, u"broken");
+        EXPECT_EQ(readFile(exchange::exportedFile()), former);
+    }
+    gcnData->setObserver({});
+}
+
+TEST_F(Export, IsReportedWhenTheFileCannotBeWritten)
+{
+    ASSERT_TRUE(QDir().mkpath(exchange::exportedFile() + u"/in the way"_s));
+    bool failed = false;
+    EXPECT_FALSE(exchange::GenrateXML(failed));
+    EXPECT_TRUE(failed);
+    EXPECT_EQ(errors.takeOne().ProcedureName, u"GenrateXML");
+}
+
+TEST_F(Export, ListsMetersWhoseNewestReadingIsOlderThanTheDelay)
+{
+    machine(1);
+    machine(2, {{u"Inactive"_s, 1}});
+    service(1, u"H"_s);
+    service(2, u"H"_s);
+    reading(1, at(3, 14, {9, 29}), u"Hours"_s, 10);
+    reading(1, at(3, 15, {9, 31}), u"Miles"_s, 10); // later than this moment
+    reading(2, at(3, 1), u"Hours"_s, 10);
+    EXPECT_EQ(exchange::EquipmentCount_XML(),
+              u"<tblEquipmentCount>\r<record EquipmentID=\"1\" ChangeDate=\"3/14/2024 9:29:00 AM\" "
+              "CountType=\"Hours\" LastCount=\"10\" CurrentCount=\"0\" />\r</tblEquipmentCount>\r");
+    SetOption(u"COUNT_READING_DELAY"_s, 1, false);
+    EXPECT_EQ(exchange::EquipmentCount_XML().count(u"<record"), 1) << "a day and a minute old";
+    SetOption(u"COUNT_READING_DELAY"_s, 2, false);
+    EXPECT_EQ(exchange::EquipmentCount_XML(), QString());
+}
+
+TEST(ValueText, HasOneFormForEachKindOfValue)
+{
+    using Kind = sql::ColumnKind;
+    const struct
+    {
+        QVariant value;
+        Kind kind;
+        const char16_t *text;
+    } rows[] = {
+        {{}, Kind::YesNo, u""},
+        {qint64{-1}, Kind::YesNo, u"True"},
+        {qint64{0}, Kind::YesNo, u"False"},
+        {qint64{-1}, Kind::Integer, u"-1"},
+        {12.50, Kind::Money, u"12.5"},
+        {base::wallClock({2024, 3, 9}), Kind::Date, u"3/9/2024"},
+        {base::wallClock({2024, 12, 19}, {14, 5}), Kind::Date, u"12/19/2024 2:05:00 PM"},
+        {u" a <\t"_s, Kind::Text, u" a <\t"},
+    };
+    for (const auto &[value, kind, text] : rows)
+        EXPECT_EQ(exchange::valueText(value, kind), text);
+}
+
+TEST(XmlFault, NamesTheLineHoweverLinesEnd)
+{
+    for (const char16_t *text : {u"<a>\r<b>\rx</c>\r", u"<a>\n<b>\nx</c>", u"<a>\r\n<b>\r\nx</c>"}) {
+        const auto fault = exchange::faultIn(QString::fromUtf16(text));
+        ASSERT_TRUE(fault);
+        EXPECT_EQ(fault->line, 3);
+        EXPECT_EQ(fault->source, u"x</c>");
+    }
+    EXPECT_FALSE(exchange::faultIn(u"<a/>"_s));
+    const auto longLine = exchange::faultIn(u"<a b=\"%1\" c=<>"_s.arg(QString(5000, u'x')));
+    ASSERT_TRUE(longLine);
+    EXPECT_TRUE(longLine->source.endsWith(u"c=<>"));
+    EXPECT_LT(longLine->source.size(), 1000);
+}
+
+} // namespace
