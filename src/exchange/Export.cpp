@@ -107,9 +107,9 @@ QString sectionOf(const char *procedure, QStringView element, const QString &sta
 QString exchangeText()
 {
     QString text = u"<?xml version=\"1.0\" encoding=\"UTF-8\"?><tables>"_s + Return;
-    for (QString (*const build)() : {Equipment_XML, Crew_XML, EquipmentCount_XML, WorkOrder_XML,
-                                     ServiceUsed_XML, ServiceUsedPart_XML, Part_XML, Service_XML,
-                                     ServicePart_XML}) {
+    for (QString (*const build)() :
+         {Equipment_XML, Crew_XML, EquipmentCount_XML, WorkOrder_XML, ServiceUsed_XML,
+          ServiceUsedPart_XML, Part_XML, Service_XML, ServicePart_XML}) {
         const QString built = build();
         if (!built.trimmed().isEmpty())
             text += built;

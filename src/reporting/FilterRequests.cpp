@@ -116,19 +116,19 @@ Request request(const Parts &asked)
 {
     return {.layout = u"rptInventoryReport"_s,
             .filter = inventory(asked),
-            .asked = sentences({categories(asked.categories), suppliers(asked.suppliers),
-                                asked.inactive ? u"Inactive parts only."_s
-                                               : u"Inactive parts left out."_s})};
+            .asked = sentences(
+                {categories(asked.categories), suppliers(asked.suppliers),
+                 asked.inactive ? u"Inactive parts only."_s : u"Inactive parts left out."_s})};
 }
 
 Request request(const Reorder &asked)
 {
     return {.layout = u"rptInventoryReorderReport"_s,
             .filter = reorder(asked),
-            .asked = sentences({asked.lessOrders
-                                    ? u"Below the minimum quantity, now or after open work orders."_s
-                                    : u"Below the minimum quantity."_s,
-                                categories(asked.categories), suppliers(asked.suppliers)})};
+            .asked = sentences(
+                {asked.lessOrders ? u"Below the minimum quantity, now or after open work orders."_s
+                                  : u"Below the minimum quantity."_s,
+                 categories(asked.categories), suppliers(asked.suppliers)})};
 }
 
 Request partUsageRequest(const QString &numbers)
@@ -167,15 +167,15 @@ Request request(const HistoryTimes &asked)
 {
     return {.layout = asked.byDate ? u"rptServiceHistoryTimesCDate"_s : u"rptServiceHistoryTimes"_s,
             .filter = historyTimes(asked),
-            .asked =
-                sentences({happened(u"Completed"_s, asked.completed), machines(asked.names)})};
+            .asked = sentences({happened(u"Completed"_s, asked.completed), machines(asked.names)})};
 }
 
 Request request(const UpcomingParts &asked)
 {
     return {.layout = u"rptInventoryOrder_UpCommingServices"_s,
             .filter = upcomingParts(asked),
-            .asked = sentences({happened(u"Services due"_s, asked.due), suppliers(asked.suppliers)})};
+            .asked =
+                sentences({happened(u"Services due"_s, asked.due), suppliers(asked.suppliers)})};
 }
 
 Request request(const EquipmentList &asked)
@@ -272,8 +272,8 @@ Request request(const WorkorderHistory &asked)
 {
     return {.layout = asked.summary ? u"rptWorkorderHistorySummary"_s : u"rptWorkOrderHistory"_s,
             .filter = workorderHistory(asked),
-            .asked = sentences({units(asked.units), listed(u"work order"_s, u"work orders"_s,
-                                                           asked.numbers)})};
+            .asked = sentences(
+                {units(asked.units), listed(u"work order"_s, u"work orders"_s, asked.numbers)})};
 }
 
 } // namespace filters

@@ -51,7 +51,8 @@ QString order(bool byTime)
 QStringList valuesOf(const QString &text, QChar delimiter)
 {
     QStringList values = text.isEmpty() ? QStringList() : text.split(delimiter);
-    values.removeIf([](const QString &piece) { return piece.startsWith(u'"') || piece.endsWith(u'"'); });
+    values.removeIf(
+        [](const QString &piece) { return piece.startsWith(u'"') || piece.endsWith(u'"'); });
     return values;
 }
 
@@ -119,8 +120,8 @@ QString inspectionDates(const DateRange &asked)
 
 QString licenseDates(const DateRange &asked)
 {
-    return within(u" where  LicenseRenewalDate >= #"_s, asked,
-                  u"# and LicenseRenewalDate <= #"_s, u"#"_s);
+    return within(u" where  LicenseRenewalDate >= #"_s, asked, u"# and LicenseRenewalDate <= #"_s,
+                  u"#"_s);
 }
 
 QString inventory(const Parts &asked)
@@ -278,8 +279,8 @@ QString workorderHistory(const WorkorderHistory &asked)
     using namespace workorders;
     QString where = inList(u"Where UnitNo in ("_s, asked.units);
     if (!isBlank(asked.numbers))
-        where += (where.isEmpty() ? u"Where "_s : u" and "_s) +
-                 BuildFilterExpression(asked.numbers);
+        where +=
+            (where.isEmpty() ? u"Where "_s : u" and "_s) + BuildFilterExpression(asked.numbers);
     return asked.summary ? statements::historySummary(where, statements::PartQuantity::Used)
                          : statements::historyDetail(where);
 }

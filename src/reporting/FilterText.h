@@ -6,7 +6,8 @@
 
 /// What the filters of reports come to: the clause that a report's query takes, made of what the
 /// user typed and picked. One value and one clause for each set of fields; a list of values that is
-/// blank asks for all. A range without both of its dates raises DbError Syntax, as the engine would.
+/// blank asks for all. A range without both of its dates raises DbError Syntax, as the engine
+/// would.
 namespace filters {
 
 /// The values between the delimiters, as they stand; one that begins or ends with a double quote is

@@ -14,8 +14,9 @@ const QString Number = u"INT"_s;
 
 PickList lookupList(qint64 list, const QString &title)
 {
-    return {.query = u"SELECT tblIndicator.ItemName AS [%1] FROM tblIndicator where ParentID = %2"_s
-                         .arg(title, QString::number(list)),
+    return {.query =
+                u"SELECT tblIndicator.ItemName AS [%1] FROM tblIndicator where ParentID = %2"_s.arg(
+                    title, QString::number(list)),
             .title = title,
             .column = u"tblIndicator.ItemName"_s,
             .keyword = u" and "_s,

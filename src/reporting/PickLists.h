@@ -7,11 +7,11 @@ namespace picklists {
 
 struct PickList
 {
-    QString query;  ///< up to its condition
-    QString title;  ///< stands above the list
-    QString column; ///< what is picked, as the query names it in a condition
+    QString query;   ///< up to its condition
+    QString title;   ///< stands above the list
+    QString column;  ///< what is picked, as the query names it in a condition
     QString keyword; ///< that begins a condition: the query may have one already
-    QString key;    ///< the picked column's heading
+    QString key;     ///< the picked column's heading
     QString keyType;
     QString second; ///< the heading of what it means
     QString order;  ///< by what the rows are sorted

@@ -46,11 +46,10 @@ protected:
     }
     static qint64 service(qint64 machine, const QString &period, const QVariant &hours = 1.5)
     {
-        return insert(u"tblServiceUsed"_s,
-                      {{u"EquipmentID"_s, machine},
-                       {u"Period"_s, period},
-                       {u"LaborEstimate"_s, hours}},
-                      u"ServiceUsedID"_s);
+        return insert(
+            u"tblServiceUsed"_s,
+            {{u"EquipmentID"_s, machine}, {u"Period"_s, period}, {u"LaborEstimate"_s, hours}},
+            u"ServiceUsedID"_s);
     }
     static void reading(qint64 machine, const QDateTime &date, const QString &type, int value)
     {
@@ -61,8 +60,8 @@ protected:
     }
     static qint64 order(qint64 machine, bool complete = false)
     {
-        return insert(u"tblWorkorder"_s,
-                      {{u"EquipmentID"_s, machine}, {u"Complete"_s, complete}}, u"WorkorderNo"_s);
+        return insert(u"tblWorkorder"_s, {{u"EquipmentID"_s, machine}, {u"Complete"_s, complete}},
+                      u"WorkorderNo"_s);
     }
     static qint64 line(qint64 order, qint64 machine, const QVariantMap &more = {})
     {
@@ -88,16 +87,15 @@ protected:
               {u"CrewID"_s, 1},
               {u"JobNo"_s, 12}});
         const qint64 done = line(open, 1, {{u"Completed"_s, true}});
-        line(open, 1, {{u"ServiceID"_s, QVariant()}, {u"CrewID"_s, QVariant()},
-                       {u"Period"_s, QVariant()}});
+        line(open, 1,
+             {{u"ServiceID"_s, QVariant()}, {u"CrewID"_s, QVariant()}, {u"Period"_s, QVariant()}});
         insert(u"tblWoPartUsed"_s, {{u"ServiceUsedID"_s, done},
                                     {u"PartID"_s, u"P&1"_s},
                                     {u"QuantityRequired"_s, 2.5},
                                     {u"Price"_s, 12.5},
                                     {u"Used"_s, true},
                                     {u"QuantityUsed"_s, QVariant()}});
-        insert(u"tblWoPartUsed"_s,
-               {{u"ServiceUsedID"_s, done}, {u"PartID"_s, u"unknown"_s}});
+        insert(u"tblWoPartUsed"_s, {{u"ServiceUsedID"_s, done}, {u"PartID"_s, u"unknown"_s}});
         const qint64 closed = order(1, true);
         line(closed, 1);
         order(1); // without work
@@ -136,8 +134,8 @@ protected:
 
 TEST_F(Export, WritesTheFileOfASmallCompanyByteForByte)
 {
-    machine(1, {{u"EquipmentName"_s, u"Big \"Blue\" & &quot;old&quot;"_s},
-                {u"Bar_Code"_s, u"b&1"_s}});
+    machine(1,
+            {{u"EquipmentName"_s, u"Big \"Blue\" & &quot;old&quot;"_s}, {u"Bar_Code"_s, u"b&1"_s}});
     machine(2, {{u"Inactive"_s, 1}, {u"CrewID"_s, QVariant()}, {u"UnitNo"_s, QVariant()}});
     makeCatalogue();
     makeOrders();
@@ -261,7 +259,8 @@ TEST(ValueText, HasOneFormForEachKindOfValue)
 
 TEST(XmlFault, NamesTheLineHoweverLinesEnd)
 {
-    for (const char16_t *text : {u"<a>\r<b>\rx</c>\r", u"<a>\n<b>\nx</c>", u"<a>\r\n<b>\r\nx</c>"}) {
+    for (const char16_t *text :
+         {u"<a>\r<b>\rx</c>\r", u"<a>\n<b>\nx</c>", u"<a>\r\n<b>\r\nx</c>"}) {
         const auto fault = exchange::faultIn(QString::fromUtf16(text));
         ASSERT_TRUE(fault);
         EXPECT_EQ(fault->line, 3);

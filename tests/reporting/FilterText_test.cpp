@@ -54,7 +54,8 @@ TEST(FilterText, ReadsNumbersAndRangesOfWorkOrders)
                 {BuildFilterExpression(u"1-11,21"_s),
                  u"(workorderno >= 1 And workorderno <= 11) Or (workorderno = 21)"_s},
                 {BuildFilterExpression(u"3-3"_s, u"x.No"_s), u"(x.No >= 3 And x.No <= 3)"_s}});
-    for (const QString &wrong : {u""_s, u"1,"_s, u",1"_s, u"5-"_s, u"-5"_s, u"1-2-3"_s, u"1 or 1"_s})
+    for (const QString &wrong :
+         {u""_s, u"1,"_s, u",1"_s, u"5-"_s, u"-5"_s, u"1-2-3"_s, u"1 or 1"_s})
         EXPECT_EQ(test::raisedBy([&] { return BuildFilterExpression(wrong); }).number(),
                   db::ErrorNumber::Syntax)
             << qPrintable(wrong);
@@ -76,7 +77,8 @@ TEST(FilterText, MakesTheClausesOfMachines)
          {equipmentDetails({.units = u"1"_s, .inactive = true}),
           u" where  tblEquipment.UnitNo  in('1')"_s},
          {equipmentExpense({}), u"where Inactive = '0'"_s},
-         {equipmentExpense({.units = u"1,2"_s}), u" where  UnitNo  in('1', '2') and Inactive = '0'"_s},
+         {equipmentExpense({.units = u"1,2"_s}),
+          u" where  UnitNo  in('1', '2') and Inactive = '0'"_s},
          {equipmentExpense({.units = u"1"_s, .inactive = true}), u" where  UnitNo  in('1')"_s},
          {inspectionDates(range),
           u" where  InspectionDate >= #01/02/2024# and InspectionDate <= #03/15/2024#"_s},
@@ -96,9 +98,8 @@ TEST(FilterText, MakesTheClausesOfParts)
     const QString orders =
         u"(((Quantity-(Select Sum(QuantityRequired) from tblWoPartUsed Where PartID = "
         "tblPart.PartID))<QtyMin) OR (Quantity<QtyMin))"_s;
-    const QString completed =
-        u"Where (tblWOServiceUsedHistory.Completedate >= #01/02/2024# and "
-        "tblWOServiceUsedHistory.Completedate <= #03/15/2024#) "_s;
+    const QString completed = u"Where (tblWOServiceUsedHistory.Completedate >= #01/02/2024# and "
+                              "tblWOServiceUsedHistory.Completedate <= #03/15/2024#) "_s;
     const QString due = u" Where ( tblServiceUsed.NextScheduledDate  >= #01/02/2024# and "
                         "tblServiceUsed.NextScheduledDate <= #03/15/2024#) "_s;
     expectEach(
@@ -138,26 +139,26 @@ TEST(FilterText, MakesTheClausesOfTheEquipmentListsByTheirVersion)
     };
     const QString typeAndCrew =
         u"Where tblIndicator.ItemName  in ('Mower') and tblCrew.CrewNumber  in ('1', '2')"_s;
-    expectEach({{made(ListVersion::One, true), typeAndCrew + u" and SiteName  in ('Yard')"_s},
-                {made(ListVersion::One, false),
-                 typeAndCrew + u" and SiteName  in ('Yard') and Inactive = '0'"_s},
-                {made(ListVersion::Two, false), typeAndCrew + u" and Inactive = '0'"_s},
-                {made(ListVersion::Three, true), typeAndCrew},
-                {made(ListVersion::Four, false), typeAndCrew + u" and Inactive = '0'"_s},
-                {made(ListVersion::Five, true), u"where SiteName  in ('Yard')"_s},
-                {made(ListVersion::Five, false),
-                 u"where SiteName  in ('Yard') and Inactive = '0'"_s},
-                {made(ListVersion::Six, false),
-                 u"Having tblIndicator.ItemName  in ('Mower') and tblCrew.CrewNumber  in ('1', "
-                 "'2') and Inactive = '0'"_s},
-                {only(ListVersion::One, u"3"_s, u""_s), u"Where tblCrew.CrewNumber  in ('3')"_s},
-                {only(ListVersion::One, u""_s, u"Yard"_s), u"where SiteName  in ('Yard')"_s},
-                {only(ListVersion::Six, u"3"_s, u""_s), u"Having tblCrew.CrewNumber  in ('3')"_s},
-                {equipmentList({.version = ListVersion::One}), u"where Inactive = '0'"_s},
-                {equipmentList({.version = ListVersion::Five}), u" where Inactive = '0'"_s},
-                {equipmentList({.version = ListVersion::Six}), u"Having Inactive = '0'"_s},
-                {wideEquipmentList(u"Mower"_s, u"1,2"_s), typeAndCrew},
-                {wideEquipmentList(u""_s, u""_s), u""_s}});
+    expectEach(
+        {{made(ListVersion::One, true), typeAndCrew + u" and SiteName  in ('Yard')"_s},
+         {made(ListVersion::One, false),
+          typeAndCrew + u" and SiteName  in ('Yard') and Inactive = '0'"_s},
+         {made(ListVersion::Two, false), typeAndCrew + u" and Inactive = '0'"_s},
+         {made(ListVersion::Three, true), typeAndCrew},
+         {made(ListVersion::Four, false), typeAndCrew + u" and Inactive = '0'"_s},
+         {made(ListVersion::Five, true), u"where SiteName  in ('Yard')"_s},
+         {made(ListVersion::Five, false), u"where SiteName  in ('Yard') and Inactive = '0'"_s},
+         {made(ListVersion::Six, false),
+          u"Having tblIndicator.ItemName  in ('Mower') and tblCrew.CrewNumber  in ('1', "
+          "'2') and Inactive = '0'"_s},
+         {only(ListVersion::One, u"3"_s, u""_s), u"Where tblCrew.CrewNumber  in ('3')"_s},
+         {only(ListVersion::One, u""_s, u"Yard"_s), u"where SiteName  in ('Yard')"_s},
+         {only(ListVersion::Six, u"3"_s, u""_s), u"Having tblCrew.CrewNumber  in ('3')"_s},
+         {equipmentList({.version = ListVersion::One}), u"where Inactive = '0'"_s},
+         {equipmentList({.version = ListVersion::Five}), u" where Inactive = '0'"_s},
+         {equipmentList({.version = ListVersion::Six}), u"Having Inactive = '0'"_s},
+         {wideEquipmentList(u"Mower"_s, u"1,2"_s), typeAndCrew},
+         {wideEquipmentList(u""_s, u""_s), u""_s}});
 }
 
 TEST(FilterText, MakesTheClausesOfHistories)
@@ -177,7 +178,9 @@ TEST(FilterText, MakesTheClausesOfHistories)
                 {history(HistoryGroup::Crew), completed},
                 {history(HistoryGroup::None), completed + u"and (UnitNo  in ('1'))"_s},
                 {serviceHistory({.completed = range}), completed}});
-    EXPECT_EQ(test::raisedBy([] { return serviceHistory({.completed = {{}, range.to}}); }).number(),
+    EXPECT_EQ(test::raisedBy([] {
+                  return serviceHistory({.completed = {{}, range.to}});
+              }).number(),
               db::ErrorNumber::Syntax);
 
     const QString orders = u" ON tblWOServiceUsedHistory.CrewID = tblServiceCrew.CrewID "_s;
@@ -193,9 +196,9 @@ TEST(FilterText, MakesTheClausesOfHistories)
                  u"Where UnitNo in ('1') and (workorderno >= 7 And workorderno <= 9)"_s}});
     const QString summary = workorderHistory({.numbers = u"7"_s, .summary = true});
     EXPECT_TRUE(summary.contains(u"Sum(QuantityUsed * Price) AS SumOfPrice"_s));
-    EXPECT_TRUE(summary.endsWith(
-        u" Where (workorderno = 7) GROUP BY tblWOServiceUsedHistory.WorkOrderNo, "
-        "tblEquipment.UnitNo, tblCrew.Description, tblEquipment.EquipmentName"_s))
+    EXPECT_TRUE(
+        summary.endsWith(u" Where (workorderno = 7) GROUP BY tblWOServiceUsedHistory.WorkOrderNo, "
+                         "tblEquipment.UnitNo, tblCrew.Description, tblEquipment.EquipmentName"_s))
         << qPrintable(summary);
 }
 
@@ -206,12 +209,12 @@ TEST(FilterText, MakesTheClausesOfUtilization)
     expectEach(
         {{utilization(Utilization{.read = range}), read},
          {utilization(Utilization{.read = range, .types = u"Mower"_s, .crews = u"1,2"_s}),
-          u" and tblIndicator.ItemName  in ('Mower') and tblCrew.CrewNumber  in ('1', '2')"_s + read},
+          u" and tblIndicator.ItemName  in ('Mower') and tblCrew.CrewNumber  in ('1', '2')"_s +
+              read},
          {utilization(SingleUtilization{.read = range, .units = u"A-1"_s}),
           u" Where (a.ChangeDate >= #01/02/2024# and a.ChangeDate <= #03/15/2024#)  and "
           "tblEquipment.UnitNo  in ('A-1')"_s}});
-    const catalogue::Request single =
-        request(SingleUtilization{.read = range, .units = u"A-1"_s});
+    const catalogue::Request single = request(SingleUtilization{.read = range, .units = u"A-1"_s});
     EXPECT_EQ(single.texts.value(u"lblDateFrom"_s), u"01/02/2024 - 03/15/2024"_s);
     EXPECT_EQ(single.formulas.value(u"days"_s), u"73"_s);
     EXPECT_EQ(request(Utilization{.read = range}).texts.value(u"lblDateFrom"_s),
@@ -280,8 +283,8 @@ TEST(FilterText, TellsInPlainWordsWhatWasAsked)
          {said(wideListRequest({}, u"3"_s)), u"All types. Crew 3. Inactive machines included."_s},
          {said(request(ServiceHistory{.completed = range, .sites = u"Yard"_s})),
           u"Completed 01/02/2024 to 03/15/2024. All units."_s},
-         {said(request(ServiceHistory{
-              .completed = range, .sites = u"Yard"_s, .group = HistoryGroup::Site})),
+         {said(request(
+              ServiceHistory{.completed = range, .sites = u"Yard"_s, .group = HistoryGroup::Site})),
           u"Completed 01/02/2024 to 03/15/2024. Site Yard."_s},
          {said(request(Scans{.scanned = range, .units = u"1"_s})),
           u"Scanned 01/02/2024 to 03/15/2024. Unit 1."_s},
@@ -305,25 +308,25 @@ TEST(FilterText, NamesTheLayoutOfEachChoice)
     const auto part = [](PartHistoryForm form) {
         return request(PartHistory{.completed = range, .form = form}).layout;
     };
-    expectEach({{list(ListVersion::One), u"rptEquipmentList"_s},
-                {list(ListVersion::One, true), u"rptEquipmentListSiteWise"_s},
-                {list(ListVersion::Two, true), u"rptEquipmentListLandScape"_s},
-                {list(ListVersion::Three), u"rptEquipmentListCrewWise"_s},
-                {list(ListVersion::Four), u"rptEquipmentListVer4"_s},
-                {list(ListVersion::Five), u"rptEquipmentListVer5"_s},
-                {list(ListVersion::Six), u"rptEquipmentListVer6"_s},
-                {history(HistoryGroup::None), u"rptServiceHistory"_s},
-                {history(HistoryGroup::Site), u"rptServiceHistorySiteWise"_s},
-                {history(HistoryGroup::Crew), u"rptServiceHistoryCrewWise"_s},
-                {part(PartHistoryForm::DetailByPart), u"rptInventoryPartHistory"_s},
-                {part(PartHistoryForm::DetailByDate), u"rptInventoryPartHistoryCDate"_s},
-                {part(PartHistoryForm::Summary), u"rptInventoryPartHistorySummary"_s},
-                {request(HistoryTimes{.completed = range}).layout, u"rptServiceHistoryTimes"_s},
-                {request(HistoryTimes{.completed = range, .byDate = true}).layout,
-                 u"rptServiceHistoryTimesCDate"_s},
-                {request(WorkorderHistory{}).layout, u"rptWorkOrderHistory"_s},
-                {request(WorkorderHistory{.summary = true}).layout,
-                 u"rptWorkorderHistorySummary"_s}});
+    expectEach(
+        {{list(ListVersion::One), u"rptEquipmentList"_s},
+         {list(ListVersion::One, true), u"rptEquipmentListSiteWise"_s},
+         {list(ListVersion::Two, true), u"rptEquipmentListLandScape"_s},
+         {list(ListVersion::Three), u"rptEquipmentListCrewWise"_s},
+         {list(ListVersion::Four), u"rptEquipmentListVer4"_s},
+         {list(ListVersion::Five), u"rptEquipmentListVer5"_s},
+         {list(ListVersion::Six), u"rptEquipmentListVer6"_s},
+         {history(HistoryGroup::None), u"rptServiceHistory"_s},
+         {history(HistoryGroup::Site), u"rptServiceHistorySiteWise"_s},
+         {history(HistoryGroup::Crew), u"rptServiceHistoryCrewWise"_s},
+         {part(PartHistoryForm::DetailByPart), u"rptInventoryPartHistory"_s},
+         {part(PartHistoryForm::DetailByDate), u"rptInventoryPartHistoryCDate"_s},
+         {part(PartHistoryForm::Summary), u"rptInventoryPartHistorySummary"_s},
+         {request(HistoryTimes{.completed = range}).layout, u"rptServiceHistoryTimes"_s},
+         {request(HistoryTimes{.completed = range, .byDate = true}).layout,
+          u"rptServiceHistoryTimesCDate"_s},
+         {request(WorkorderHistory{}).layout, u"rptWorkOrderHistory"_s},
+         {request(WorkorderHistory{.summary = true}).layout, u"rptWorkorderHistorySummary"_s}});
 }
 
 TEST(PickLists, LeaveOutWhatTheFieldHoldsAndAddWhatWasPicked)

@@ -88,7 +88,8 @@ QList<catalogue::Request> requests(QDate today)
     const QString unit = muchUsedUnit();
     const QString orders = u"where workorderno in (%1)"_s.arg(lastOrders());
     const QHash<QString, catalogue::Request> particular{
-        {u"rptEquipmentDetail"_s, {.filter = u"where tblEquipment.UnitNo < '2' and Inactive = '0'"_s}},
+        {u"rptEquipmentDetail"_s,
+         {.filter = u"where tblEquipment.UnitNo < '2' and Inactive = '0'"_s}},
         {u"rptEquipmentUtilization"_s,
          {.filter = u" and "_s + year.clause(u"tblEquipmentCount.ChangeDate"_s),
           .texts = {{u"lblDateFrom"_s, year.words()}}}},
@@ -99,10 +100,11 @@ QList<catalogue::Request> requests(QDate today)
           .texts = {{u"lblDateFrom"_s, year.words()}},
           .formulas = {{u"days"_s, QString::number(year.from.daysTo(year.to))}}}},
         {u"rptEquipmentScanHistory"_s,
-         {.filter = u"Select EquipmentName,UnitNo,ScanTime1 from (Select tblEquipment.EquipmentName,"
-                    "tblEquipment.UnitNo, Max(scanTime) as Scantime1 FROM tblEquipment LEFT JOIN "
-                    "tblEquipmentScan ON tblEquipment.EquipmentID = tblEquipmentScan.EquipmentID "
-                    "Group by tblEquipment.EquipmentName,tblEquipment.UnitNo) order by UnitNo"_s}},
+         {.filter =
+              u"Select EquipmentName,UnitNo,ScanTime1 from (Select tblEquipment.EquipmentName,"
+              "tblEquipment.UnitNo, Max(scanTime) as Scantime1 FROM tblEquipment LEFT JOIN "
+              "tblEquipmentScan ON tblEquipment.EquipmentID = tblEquipmentScan.EquipmentID "
+              "Group by tblEquipment.EquipmentName,tblEquipment.UnitNo) order by UnitNo"_s}},
         {u"rptEquipmentInspectionDate"_s,
          {.filter = u" where "_s + year.clause(u"InspectionDate"_s), .asked = year.words()}},
         {u"rptEquipmentLicenseDate"_s,
@@ -120,8 +122,8 @@ QList<catalogue::Request> requests(QDate today)
         {u"rptInventoryReport"_s,
          {.filter = u" where  Inactive =0"_s, .asked = u"Inactive parts left out."_s}},
         {u"rptInventoryOrder_UpCommingServices"_s,
-         {.filter = u" Where "_s + Range{today, today.addMonths(1)}.clause(
-                                       u"tblServiceUsed.NextScheduledDate"_s),
+         {.filter = u" Where "_s +
+                    Range{today, today.addMonths(1)}.clause(u"tblServiceUsed.NextScheduledDate"_s),
           .asked = u"Services due "_s + Range{today, today.addMonths(1)}.words() + u'.'}},
         {u"rptInventoryPartHistory"_s, {.filter = done, .asked = doneWords}},
         {u"rptInventoryPartHistoryCDate"_s, {.filter = done, .asked = doneWords}},
@@ -149,25 +151,25 @@ QList<catalogue::Request> requests(QDate today)
 
 void widen()
 {
-    for (const QStringView statement : {
-             u"Update tblEquipment set EquipmentName = Left(EquipmentName & ' with grass catcher, "
-             "light kit and sunshade, second one of the south yard', 80), UnitNo = "
-             "Left('WWW-' & UnitNo & '-MMMM', 20), AcquisitionCost = AcquisitionCost * 100 where "
-             "EquipmentID mod 3 = 0",
-             u"Update tblEquipment set SiteID = 0, LocationID = 0, CrewID = 0, EquipmentMake = 0, "
-             "EquipmentModel = 0 where EquipmentID mod 7 = 0",
-             u"Update tblWOServiceUsedHistory set CostEstimate = 1234567.89, ServiceName = "
-             "Left(ServiceName & ' and replace all worn parts of the cutting deck, left and "
-             "right', 100) where WorkorderNo mod 5 = 0",
-             u"Update tblPart set Description = Left(Description & ' for heavy duty mowers with "
-             "two blades, galvanized, pack of twelve', 100), Quantity = 123456.75, Price = "
-             "98765.4321 where Bin is not null and Quantity > 5",
-             u"Update tblWoPartHistory set Price = 98765.4321, QuantityUsed = 1234.5 where "
-             "QuantityUsed > 1",
-             u"Update tblSite set SiteName = Left(SiteName & ' at the northern end of the long "
-             "road', 60)",
-             u"Update tblCrew set Description = Left(Description & ' and helpers of the summer "
-             "months, second shift', 60)"})
+    for (const QStringView statement :
+         {u"Update tblEquipment set EquipmentName = Left(EquipmentName & ' with grass catcher, "
+          "light kit and sunshade, second one of the south yard', 80), UnitNo = "
+          "Left('WWW-' & UnitNo & '-MMMM', 20), AcquisitionCost = AcquisitionCost * 100 where "
+          "EquipmentID mod 3 = 0",
+          u"Update tblEquipment set SiteID = 0, LocationID = 0, CrewID = 0, EquipmentMake = 0, "
+          "EquipmentModel = 0 where EquipmentID mod 7 = 0",
+          u"Update tblWOServiceUsedHistory set CostEstimate = 1234567.89, ServiceName = "
+          "Left(ServiceName & ' and replace all worn parts of the cutting deck, left and "
+          "right', 100) where WorkorderNo mod 5 = 0",
+          u"Update tblPart set Description = Left(Description & ' for heavy duty mowers with "
+          "two blades, galvanized, pack of twelve', 100), Quantity = 123456.75, Price = "
+          "98765.4321 where Bin is not null and Quantity > 5",
+          u"Update tblWoPartHistory set Price = 98765.4321, QuantityUsed = 1234.5 where "
+          "QuantityUsed > 1",
+          u"Update tblSite set SiteName = Left(SiteName & ' at the northern end of the long "
+          "road', 60)",
+          u"Update tblCrew set Description = Left(Description & ' and helpers of the summer "
+          "months, second shift', 60)"})
         gcnData->Execute(statement.toString());
 }
 
@@ -183,8 +185,7 @@ Rendered render(const catalogue::Request &asked, const QDir &folder)
     const report::Outcome outcome =
         report::paginate(ready.layout, *ready.rows, ready.inputs, [&](const report::Page &page) {
             if (result.pages++ == 0)
-                pictureOf(page, ready.layout.page)
-                    .save(folder.filePath(report.layout + u".png"_s));
+                pictureOf(page, ready.layout.page).save(folder.filePath(report.layout + u".png"_s));
             pdf.add(page);
             return true;
         });

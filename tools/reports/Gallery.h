@@ -12,8 +12,8 @@ namespace gallery {
 /// What each report is asked for on that day, in the catalogue's order.
 [[nodiscard]] QList<catalogue::Request> requests(QDate today);
 
-/// Lengthens names, raises amounts and empties columns, so that layouts show whether the widest real
-/// content fits. Data.
+/// Lengthens names, raises amounts and empties columns, so that layouts show whether the widest
+/// real content fits. Data.
 void widen();
 
 struct Rendered

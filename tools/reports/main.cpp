@@ -34,9 +34,8 @@ void setUpCompany(QDate today, QTextStream &err)
     QString said;
     QTextStream in(&said);
     QTextStream out(&said);
-    if (console::run({u"quorvantis-console"_s, u"set-up"_s,
-                      base::environment().applicationFolder, u"--sample"_s, u"--today"_s,
-                      today.toString(Qt::ISODate)},
+    if (console::run({u"quorvantis-console"_s, u"set-up"_s, base::environment().applicationFolder,
+                      u"--sample"_s, u"--today"_s, today.toString(Qt::ISODate)},
                      {in, out, err}) != console::Success)
         throw base::Error(base::ErrorNumber::InvalidCall, u"There is no sample company."_s);
     gsDatabasePath = base::applicationPath(u"\\Data\\Quorvantis.mdb"_s);

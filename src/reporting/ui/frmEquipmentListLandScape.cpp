@@ -12,10 +12,9 @@ frmEquipmentListLandScape::frmEquipmentListLandScape(QWidget *parent)
 {
     input::FormBuilder form(this);
     beginFields(form, u"List of Equipments"_s, u"fraEquipmentList"_s);
-    txtType = valueField(form, {u"txtType"_s, u"Equipment T&ype"_s, u"cmdType"_s,
-                                picklists::equipmentTypes()});
-    txtCrew =
-        valueField(form, {u"txtCrew"_s, u"&Crew Number"_s, u"cmdCrew"_s, picklists::crews()});
+    txtType = valueField(
+        form, {u"txtType"_s, u"Equipment T&ype"_s, u"cmdType"_s, picklists::equipmentTypes()});
+    txtCrew = valueField(form, {u"txtCrew"_s, u"&Crew Number"_s, u"cmdCrew"_s, picklists::crews()});
     endFields(form);
     resize(560, 300);
 }

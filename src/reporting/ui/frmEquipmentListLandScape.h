@@ -2,7 +2,6 @@
 
 #include "reporting/ui/FilterScreen.h"
 
-
 /// The filter screen of the wide equipment list.
 class frmEquipmentListLandScape final : public FilterScreen
 {

@@ -20,10 +20,9 @@ frmEquipmentListReport::frmEquipmentListReport(QWidget *parent)
                    u"Version 6"_s});
     cmbversion = versions;
     form.field(u"&Report Version"_s, cmbversion);
-    txtType = valueField(form, {u"txtType"_s, u"Equipment T&ype"_s, u"cmdType"_s,
-                                picklists::equipmentTypes()});
-    txtCrew =
-        valueField(form, {u"txtCrew"_s, u"&Crew Number"_s, u"cmdCrew"_s, picklists::crews()});
+    txtType = valueField(
+        form, {u"txtType"_s, u"Equipment T&ype"_s, u"cmdType"_s, picklists::equipmentTypes()});
+    txtCrew = valueField(form, {u"txtCrew"_s, u"&Crew Number"_s, u"cmdCrew"_s, picklists::crews()});
     txtSite = valueField(form, {u"txtSite"_s, u"&Site"_s, u"cmdSite"_s, picklists::sites()});
     chkgrouponsite = form.checkBox(u"chkgrouponsite"_s, u"&Group On Site"_s);
     chkInactive = form.checkBox(u"chkInactive"_s, u"Show &Inactive"_s);

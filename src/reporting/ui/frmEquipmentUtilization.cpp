@@ -39,12 +39,11 @@ void frmEquipmentUtilization::chkEquipment_Click()
 std::optional<catalogue::Request> frmEquipmentUtilization::request() const
 {
     if (!chkEquipment->isChecked())
-        return filters::request(filters::Utilization{.read = m_range.dates(),
-                                                     .types = txtEQUTType->text(),
-                                                     .crews = txtEQUTCrew->text()});
+        return filters::request(filters::Utilization{
+            .read = m_range.dates(), .types = txtEQUTType->text(), .crews = txtEQUTCrew->text()});
     if (!txtEQUTUnitNo->text().trimmed().isEmpty())
-        return filters::request(filters::SingleUtilization{.read = m_range.dates(),
-                                                           .units = txtEQUTUnitNo->text()});
+        return filters::request(
+            filters::SingleUtilization{.read = m_range.dates(), .units = txtEQUTUnitNo->text()});
     base::showCritical(u"Please choose or enter a Unit #."_s);
     txtEQUTUnitNo->setFocus();
     return {};

@@ -104,11 +104,10 @@ void frmFilterScreen::buildReorder(input::FormBuilder &form)
                                           u"cmdPartCategoryIn"_s, picklists::partCategories()});
     txtSupplierIn = valueField(
         form, {u"txtSupplierIn"_s, u"&Supplier"_s, u"cmdSupplierIn"_s, picklists::suppliers()});
-    optPostedPartWO =
-        options(form, u"Include"_s,
-                {{u"optPostedServices"_s, u"&Posted Services"_s},
-                 {u"optPostedPartWO"_s, u"Posted and Parts on &Work Orders"_s}})
-            .last();
+    optPostedPartWO = options(form, u"Include"_s,
+                              {{u"optPostedServices"_s, u"&Posted Services"_s},
+                               {u"optPostedPartWO"_s, u"Posted and Parts on &Work Orders"_s}})
+                          .last();
 }
 
 void frmFilterScreen::buildInventoryPartUsage(input::FormBuilder &form)
@@ -119,8 +118,8 @@ void frmFilterScreen::buildInventoryPartUsage(input::FormBuilder &form)
 
 void frmFilterScreen::buildEquipmentCrewHistory(input::FormBuilder &form)
 {
-    txtEquipment = valueField(form, {u"txtEquipment"_s, u"&Equipment Name"_s,
-                                     u"cmdEquipmentName"_s, picklists::equipmentNames()});
+    txtEquipment = valueField(form, {u"txtEquipment"_s, u"&Equipment Name"_s, u"cmdEquipmentName"_s,
+                                     picklists::equipmentNames()});
     txtCrewNo =
         valueField(form, {u"txtCrewNo"_s, u"&Crew Number"_s, u"cmdCrewNo"_s, picklists::crews()});
     input::restrictTo(txtCrewNo, input::TypeCheck::Int, u","_s);
@@ -134,12 +133,10 @@ void frmFilterScreen::buildInventoryPartHistory(input::FormBuilder &form)
     txtPartH =
         valueField(form, {u"txtPartH"_s, u"&Part Number"_s, u"cmdPartH"_s, picklists::parts()});
     optSummary =
-        options(form, u"Show"_s,
-                {{u"optDetail"_s, u"&Detail"_s}, {u"optSummary"_s, u"Su&mmary"_s}})
+        options(form, u"Show"_s, {{u"optDetail"_s, u"&Detail"_s}, {u"optSummary"_s, u"Su&mmary"_s}})
             .last();
-    const QList<QRadioButton *> sorts =
-        options(form, u"Sort by"_s,
-                {{u"optPDate"_s, u"D&ate"_s}, {u"optPartNumber"_s, u"Part &Number"_s}});
+    const QList<QRadioButton *> sorts = options(
+        form, u"Sort by"_s, {{u"optPDate"_s, u"D&ate"_s}, {u"optPartNumber"_s, u"Part &Number"_s}});
     optPDate = sorts.first();
     connect(optSummary, &QRadioButton::toggled, this, [sorts](bool summary) {
         for (QRadioButton *sort : sorts)
@@ -161,10 +158,9 @@ void frmFilterScreen::buildServiceHistoryTimes(input::FormBuilder &form)
 
 void frmFilterScreen::buildInventoryOrderUpcommingServices(input::FormBuilder &form)
 {
-    m_range =
-        rangeField(form, {u"Service Date &From"_s, u"dtpInvFrom"_s, u"dtpInvTo"_s});
-    txtInv_Supplier = valueField(form, {u"txtInv_Supplier"_s, u"&Supplier"_s, u"cmdINv_Supplier"_s,
-                                        picklists::suppliers()});
+    m_range = rangeField(form, {u"Service Date &From"_s, u"dtpInvFrom"_s, u"dtpInvTo"_s});
+    txtInv_Supplier = valueField(
+        form, {u"txtInv_Supplier"_s, u"&Supplier"_s, u"cmdINv_Supplier"_s, picklists::suppliers()});
 }
 
 void frmFilterScreen::buildInspectionDate(input::FormBuilder &form)

@@ -24,19 +24,19 @@ frmScanHistory::frmScanHistory(QWidget *parent)
                         {{u"optByUnitNo"_s, u"&By Unit #"_s},
                          {u"optByDays"_s, u"By # &last days (not scanned)"_s}})
                     .last();
-    m_range = rangeField(form, {u"Scan Date &From"_s, u"dtpScanDateF"_s, u"dtpScanDateT"_s,
-                                u"SCAN hISTORY REPORT DATE FROM"_s,
-                                u"SCAN hISTORY REPORT DATE TO"_s});
+    m_range =
+        rangeField(form, {u"Scan Date &From"_s, u"dtpScanDateF"_s, u"dtpScanDateT"_s,
+                          u"SCAN hISTORY REPORT DATE FROM"_s, u"SCAN hISTORY REPORT DATE TO"_s});
     txtSHUnitNo =
         valueField(form, {u"txtSHUnitNo"_s, u"&Unit #"_s, u"cmdSHUnitNo"_s, picklists::units()});
     txtNoofdays = typedField(form, u"txtNoofdays"_s, u"Find equipment &not scanned in last "_s,
                              u"days. Default Value Blank = 1"_s);
     input::restrictTo(txtNoofdays, input::TypeCheck::Int);
     txtNoofdays->setMaxLength(MostDigits);
-    optScanTime = options(form, u"Sort by"_s,
-                          {{u"optUnitNo"_s, u"Unit N&o"_s},
-                           {u"optScanTime"_s, u"Scan &Date and Time"_s}})
-                      .last();
+    optScanTime =
+        options(form, u"Sort by"_s,
+                {{u"optUnitNo"_s, u"Unit N&o"_s}, {u"optScanTime"_s, u"Scan &Date and Time"_s}})
+            .last();
     endFields(form);
     resize(600, 380);
     connect(optByDays, &QRadioButton::toggled, this, &frmScanHistory::enableFields);

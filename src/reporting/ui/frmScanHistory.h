@@ -2,7 +2,6 @@
 
 #include "reporting/ui/FilterScreen.h"
 
-
 /// The filter screen of the scans of machines, and of those that were not scanned.
 class frmScanHistory final : public FilterScreen
 {

@@ -2,7 +2,6 @@
 
 #include "reporting/ui/FilterScreen.h"
 
-
 /// The filter screen of posted work orders.
 class frmWorkorderhistoryReport final : public FilterScreen
 {

@@ -21,6 +21,7 @@
 #include "shell/ui/StartPage.h"
 #include "shell/ui/frmAbout.h"
 #include "shell/ui/frmChangePassword.h"
+#include "shell/ui/frmSetup.h"
 #include "shell/ui/frmUserManageMent.h"
 
 #include <QAction>
@@ -87,6 +88,7 @@ void frmMainScreen::joinOwnEntries()
             end();
     });
     all.join(u"frmChangePassword"_s, [] { frmChangePassword::ShowSystemSettings(); });
+    all.join(u"frmSetup"_s, [] { frmSetup::ShowSystemSettings(); });
     if (gsLoginUser == administrator)
         all.join(u"frmUserManageMent"_s, [] { frmUserManageMent::ShowUserManagement(); });
     all.join(u"mnuQuorvantisHelp"_s, [] { help::showHelp(QApplication::activeWindow()); });

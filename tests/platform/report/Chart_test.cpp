@@ -204,7 +204,8 @@ TEST(Chart, NothingOverlapsOrLeavesTheFrame)
                     const auto found = texts(pages[0]);
                     EXPECT_GE(found.size(), 5);
                     for (qsizetype a = 0; a < found.size(); ++a) {
-                        EXPECT_TRUE(frame.contains(found[a].second)) << found[a].first.toStdString();
+                        EXPECT_TRUE(frame.contains(found[a].second))
+                            << found[a].first.toStdString();
                         for (qsizetype b = 0; b < a; ++b)
                             EXPECT_FALSE(found[a].second.intersects(found[b].second))
                                 << found[a].first.toStdString() << " and "
@@ -221,8 +222,8 @@ TEST(Chart, NothingOverlapsOrLeavesTheFrame)
 
 TEST(Chart, LongNamesEndInAnEllipsis)
 {
-    const auto found = texts(
-        allPages(inFooter("category=\"Name\"", cost), many(9, u"A%1"_s + QString(80, u'n')), {})[0]);
+    const auto found = texts(allPages(inFooter("category=\"Name\"", cost),
+                                      many(9, u"A%1"_s + QString(80, u'n')), {})[0]);
     const auto isCut = [](const auto &text) {
         return text.first.startsWith(u'A') && text.first.endsWith(QChar(0x2026));
     };
@@ -272,16 +273,16 @@ TEST(Chart, LinesBreakWhereAValueIsMissing)
     QStringList lines;
     for (const PageItem &item : page.items)
         if (const auto *shape = std::get_if<ShapeItem>(&item); shape && !shape->closed)
-            lines.append(u"%1:%2"_s.arg(shape->points.size())
-                             .arg(shape->points[0].y() - shape->points[1].y() > 0 ? u"up"_s
-                                                                                 : u"level"_s));
+            lines.append(
+                u"%1:%2"_s.arg(shape->points.size())
+                    .arg(shape->points[0].y() - shape->points[1].y() > 0 ? u"up"_s : u"level"_s));
     EXPECT_EQ(lines.join(u' ').toStdString(), "2:up 2:level");
 }
 
 TEST(Chart, WithoutValuesSaysSo)
 {
-    for (const Rows &rows : {Rows({u"Name"_s, u"Cost"_s}, {}),
-                             Rows({u"Name"_s, u"Cost"_s}, {{u"a"_s, QVariant()}})}) {
+    for (const Rows &rows :
+         {Rows({u"Name"_s, u"Cost"_s}, {}), Rows({u"Name"_s, u"Cost"_s}, {{u"a"_s, QVariant()}})}) {
         const auto found =
             texts(allPages(inFooter("category=\"Name\" title=\"Costs\"", cost), rows, {})[0]);
         ASSERT_EQ(found.size(), 2);
@@ -293,10 +294,10 @@ TEST(Chart, WithoutValuesSaysSo)
 TEST(Chart, EveryOutputHasIt)
 {
     const QTemporaryDir folder;
-    const Layout layout = chartIn("kind=\"reportFooter\"",
-                                  "title=\"Cost by unit\" category=\"Unit\" categoryTitle=\"Unit\"",
-                                  cost,
-                                  R"(<band kind="pageHeader"><text content="Kind"/></band>
+    const Layout layout =
+        chartIn("kind=\"reportFooter\"",
+                "title=\"Cost by unit\" category=\"Unit\" categoryTitle=\"Unit\"", cost,
+                R"(<band kind="pageHeader"><text content="Kind"/></band>
                                      <band kind="detail"><field content="Kind"/></band>)");
     const auto written = [&](const QString &name) {
         const QString path = folder.filePath(name);

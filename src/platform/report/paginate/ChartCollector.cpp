@@ -148,9 +148,9 @@ ChartCollector::inOrder(const std::vector<std::optional<double>> &firstValues) c
 }
 
 /// All categories from one on in the order as one.
-std::optional<ChartCollector::Cell>
-ChartCollector::together(const Shown &shown, const std::vector<std::size_t> &order,
-                         std::size_t from)
+std::optional<ChartCollector::Cell> ChartCollector::together(const Shown &shown,
+                                                             const std::vector<std::size_t> &order,
+                                                             std::size_t from)
 {
     std::optional<Cell> sum;
     for (std::size_t place = from; place < order.size(); ++place) {
@@ -172,9 +172,8 @@ ChartData ChartCollector::result(const EvaluationContext &context,
                                  const std::function<void(int row)> &goTo) const
 {
     const auto value = [&](const Shown &shown, std::size_t category) {
-        return category < shown.cells.size()
-                   ? valueOf(shown, shown.cells[category], context, goTo)
-                   : std::nullopt;
+        return category < shown.cells.size() ? valueOf(shown, shown.cells[category], context, goTo)
+                                             : std::nullopt;
     };
     std::vector<std::optional<double>> firstValues;
     if (m_layout.order == ChartOrder::Value && !m_shown.empty())
@@ -182,9 +181,9 @@ ChartData ChartCollector::result(const EvaluationContext &context,
              ++category)
             firstValues.push_back(value(m_shown.front(), category));
     const std::vector<std::size_t> order = inOrder(firstValues);
-    const std::size_t kept =
-        m_layout.most > 0 ? qMin(order.size(), static_cast<std::size_t>(m_layout.most))
-                          : order.size();
+    const std::size_t kept = m_layout.most > 0
+                                 ? qMin(order.size(), static_cast<std::size_t>(m_layout.most))
+                                 : order.size();
     const auto beyond = static_cast<int>(order.size() - kept);
 
     ChartData data;

@@ -37,14 +37,14 @@ private:
 
     [[nodiscard]] std::size_t categoryOf(const EvaluationContext &context);
     [[nodiscard]] std::size_t seriesOf(std::size_t number, const EvaluationContext &context);
-    [[nodiscard]] static std::optional<double>
-    valueOf(const Shown &shown, const std::optional<Cell> &cell, const EvaluationContext &context,
-            const std::function<void(int row)> &goTo);
+    [[nodiscard]] static std::optional<double> valueOf(const Shown &shown,
+                                                       const std::optional<Cell> &cell,
+                                                       const EvaluationContext &context,
+                                                       const std::function<void(int row)> &goTo);
     [[nodiscard]] std::vector<std::size_t>
     inOrder(const std::vector<std::optional<double>> &firstValues) const;
-    [[nodiscard]] static std::optional<Cell> together(const Shown &shown,
-                                                      const std::vector<std::size_t> &order,
-                                                      std::size_t from);
+    [[nodiscard]] static std::optional<Cell>
+    together(const Shown &shown, const std::vector<std::size_t> &order, std::size_t from);
 
     const compiled::Chart &m_chart;
     const Chart &m_layout;

@@ -14,16 +14,16 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr Length Inset = 100;      ///< between the frame and what is in it
-constexpr Length Gap = 80;         ///< between texts, and between them and the axes
+constexpr Length Inset = 100;       ///< between the frame and what is in it
+constexpr Length Gap = 80;          ///< between texts, and between them and the axes
 constexpr Length TickSpacing = 600; ///< at least, between two ticks
 constexpr Length Hairline = 8;
 constexpr Length AxisWidth = 15;
 constexpr Length CurveWidth = 45;
-constexpr Length MarkerSize = 70;   ///< from the middle of a marker to its edge
-constexpr int MostMarkers = 60;     ///< more would hide the line
-constexpr double BarShare = 0.75;   ///< of a category's room, that its bars fill
-constexpr double LabelShare = 0.3;  ///< of the frame's height or width, at most for labels
+constexpr Length MarkerSize = 70;  ///< from the middle of a marker to its edge
+constexpr int MostMarkers = 60;    ///< more would hide the line
+constexpr double BarShare = 0.75;  ///< of a category's room, that its bars fill
+constexpr double LabelShare = 0.3; ///< of the frame's height or width, at most for labels
 constexpr Length SmallestPlot = 600;
 
 const QColor GridColor(216, 216, 216);
@@ -104,29 +104,29 @@ private:
         const QString shown = elidedText(text, m_font, frame.height());
         const Length width = textWidth(shown, m_font);
         const Length from = center ? frame.y() + (frame.height() + width) / 2 : frame.y() + width;
-        m_items.append(TextItem{frame,
-                                {TextLine{shown, frame.x() - lineTop(TextLine(), style), from,
-                                          width}},
-                                style,
-                                true});
+        m_items.append(
+            TextItem{frame,
+                     {TextLine{shown, frame.x() - lineTop(TextLine(), style), from, width}},
+                     style,
+                     true});
     }
 
     void drawTitle()
     {
         if (m_data.title.isEmpty())
             return;
-        addText(m_data.title, QRect(m_plot.topLeft(), QSize(m_plot.width(), m_line)),
-                Align::Center, m_style.color, true);
+        addText(m_data.title, QRect(m_plot.topLeft(), QSize(m_plot.width(), m_line)), Align::Center,
+                m_style.color, true);
         m_plot.setTop(m_plot.top() + m_line + Gap);
     }
 
     void drawNoValues()
     {
         m_items.append(BoxItem{m_plot, AxisWidth, GridColor, QColor()});
-        addText(u"No values"_s,
-                QRect(m_plot.x(), m_plot.y() + (m_plot.height() - m_line) / 2, m_plot.width(),
-                      m_line),
-                Align::Center, QuietColor);
+        addText(
+            u"No values"_s,
+            QRect(m_plot.x(), m_plot.y() + (m_plot.height() - m_line) / 2, m_plot.width(), m_line),
+            Align::Center, QuietColor);
     }
 
     [[nodiscard]] bool hasValues() const
@@ -162,8 +162,9 @@ private:
             return;
         }
         const Length edge = m_line / 5;
-        m_items.append(BoxItem{QRect(place, QSize(m_line, m_line)).adjusted(edge, edge, -edge, -edge),
-                               Hairline, AxisColor, color});
+        m_items.append(
+            BoxItem{QRect(place, QSize(m_line, m_line)).adjusted(edge, edge, -edge, -edge),
+                    Hairline, AxisColor, color});
     }
 
     /// What a legend leaves out for want of room is counted at its end.
@@ -257,8 +258,7 @@ private:
         if (m_data.leftOut == 0)
             return m_data.categoryTitle;
         const QString part = u"%1 of %2"_s.arg(m_count).arg(m_count + m_data.leftOut);
-        return m_data.categoryTitle.isEmpty() ? part
-                                              : u"%1 (%2)"_s.arg(m_data.categoryTitle, part);
+        return m_data.categoryTitle.isEmpty() ? part : u"%1 (%2)"_s.arg(m_data.categoryTitle, part);
     }
 
     void keepRoomForTitles()
@@ -278,8 +278,8 @@ private:
             addText(title, QRect(m_plot.x(), m_titlesTop, m_plot.width(), m_line), Align::Center,
                     m_style.color);
         if (!m_data.valueTitle.isEmpty())
-            addTurned(m_data.valueTitle,
-                      QRect(m_titlesLeft, m_plot.y(), m_line, m_plot.height()), true);
+            addTurned(m_data.valueTitle, QRect(m_titlesLeft, m_plot.y(), m_line, m_plot.height()),
+                      true);
     }
 
     [[nodiscard]] QString valueLabel(double value) const
@@ -434,8 +434,7 @@ private:
     {
         const double zero = qBound(m_axis.low(), 0.0, m_axis.high());
         const Length right = m_plot.x() + m_plot.width();
-        m_items.append(
-            LineItem{{m_plot.x(), yOf(zero)}, {right, yOf(zero)}, AxisWidth, AxisColor});
+        m_items.append(LineItem{{m_plot.x(), yOf(zero)}, {right, yOf(zero)}, AxisWidth, AxisColor});
     }
 
     // --- Values ------------------------------------------------------------------------------
@@ -474,8 +473,14 @@ private:
     void addMarker(int series, QPoint middle)
     {
         static const QList<QList<QPointF>> Shapes{
-            {{-0.4, -0.9}, {0.4, -0.9}, {0.9, -0.4}, {0.9, 0.4}, {0.4, 0.9}, {-0.4, 0.9},
-             {-0.9, 0.4}, {-0.9, -0.4}},
+            {{-0.4, -0.9},
+             {0.4, -0.9},
+             {0.9, -0.4},
+             {0.9, 0.4},
+             {0.4, 0.9},
+             {-0.4, 0.9},
+             {-0.9, 0.4},
+             {-0.9, -0.4}},
             {{-0.8, -0.8}, {0.8, -0.8}, {0.8, 0.8}, {-0.8, 0.8}},
             {{0, -1.1}, {1, 0.8}, {-1, 0.8}},
             {{0, -1.2}, {1.2, 0}, {0, 1.2}, {-1.2, 0}},
@@ -523,9 +528,9 @@ private:
     const ChartData &m_data;
     const QRect m_frame;
     const Font m_font;
-    const Length m_line; ///< the height of a line of text
-    const int m_count;   ///< of categories
-    QRect m_plot;        ///< what is left for the values
+    const Length m_line;     ///< the height of a line of text
+    const int m_count;       ///< of categories
+    QRect m_plot;            ///< what is left for the values
     Length m_titlesLeft = 0; ///< of the values' title
     Length m_titlesTop = 0;  ///< of the categories'
     ChartAxis m_axis{0, 1, 1, false};

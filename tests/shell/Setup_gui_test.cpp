@@ -1,0 +1,150 @@
+#include "core/General.h"
+#include "core/ui/FormLayout.h"
+#include "core/ui/ScreenDriver.h"
+#include "shell/Setup.h"
+#include "shell/ShellSession.h"
+#include "shell/ui/frmSetup.h"
+#include "support/ScriptedPrompts.h"
+
+#include <QCheckBox>
+#include <QTabWidget>
+
+using namespace Qt::StringLiterals;
+using test::ScreenDriver;
+
+namespace {
+
+struct Setup : testing::Test
+{
+    Setup()
+    {
+        screen.show();
+        screen.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&screen));
+    }
+
+
+    void page(int index) { driver.control<QTabWidget>("tabOptions").setCurrentIndex(index); }
+    bool canApply() const { return driver.control("cmdApply").isEnabled(); }
+
+    test::ShellSession session;
+    test::ScriptedPrompts prompts;
+    frmSetup screen;
+    ScreenDriver driver{screen};
+};
+
+} // namespace
+
+TEST_F(Setup, StoresOnlyWhatWasChanged)
+{
+    EXPECT_FALSE(canApply());
+    driver.type("txtCompanyName", u"Greenways"_s);
+    // Another workstation changes an option that this screen still shows as it was.
+    SetOption(u"SERVICE_LATE_RED"_s, u"21"_s, false);
+    driver.press("cmdApply");
+    EXPECT_FALSE(canApply());
+    EXPECT_EQ(GetOption(u"GEN_COMPANY_NAME"_s, false), u"Greenways"_s);
+    EXPECT_EQ(GetOption(u"SERVICE_LATE_RED"_s, false), u"21"_s);
+}
+
+TEST_F(Setup, EveryOptionHasItsBoxAndComesBack)
+{
+    int number = 0;
+    for (const QStringView option : shell::companyOptions())
+        SetOption(option.toString(), QString::number(++number), false);
+    frmSetup opened;
+    const ScreenDriver boxes(opened);
+    QStringList shown;
+    for (const char *box :
+         {"txtField1", "txtField2", "txtField3", "txtField4", "txtField5", "txtField6", "txtField7",
+          "txtField8", "txtField9", "txtField10", "txtCompanyName", "txtCompanyAddress1",
+          "txtCompanyAddress2"})
+        shown.append(boxes.text(box));
+    EXPECT_EQ(shown, u"1 2 3 4 5 6 7 8 9 10 11 12 13"_s.split(u' '));
+    EXPECT_EQ(boxes.text("txtCompanyEmail"), u"15"_s);
+    EXPECT_EQ(boxes.text("txtCompanyWebSite"), u"16"_s);
+    EXPECT_EQ(boxes.text("txtCountReadingDelay"), u"17"_s);
+    EXPECT_EQ(boxes.text("txtServiceLateYellow"), u"18"_s);
+    EXPECT_EQ(boxes.text("txtServiceLateRed"), u"19"_s);
+}
+
+TEST_F(Setup, CancelReadsAgainAndReturnLosesWithoutAQuestion)
+{
+    const QString former = driver.text("txtCompanyEmail");
+    driver.type("txtCompanyEmail", u"office@greenways.example"_s);
+    driver.press("cmdCancel");
+    EXPECT_EQ(driver.text("txtCompanyEmail"), former);
+    EXPECT_FALSE(canApply());
+    driver.type("txtCompanyEmail", u"office@greenways.example"_s);
+    driver.press("cmdExit");
+    EXPECT_FALSE(screen.isVisible());
+    EXPECT_EQ(GetOption(u"GEN_COMPANY_EMAIL"_s, false), former);
+}
+
+TEST_F(Setup, ABlankCaptionOfAFreeFieldBecomesTheUsualOne)
+{
+    page(1);
+    driver.type("txtField3", u"  "_s);
+    driver.control("txtField4").setFocus();
+    EXPECT_EQ(driver.text("txtField3"), u"User Field3"_s);
+    driver.press("cmdOk");
+    EXPECT_EQ(GetOption(u"UserDefinedField3"_s, false), u"User Field3"_s);
+}
+
+TEST_F(Setup, APhoneNumberWithoutItsDigitsIsNeitherLeftNorStored)
+{
+    driver.control("txtCompanyPhone").setFocus();
+    QTest::keyClicks(&driver.control("txtCompanyPhone"), u"555"_s);
+    prompts.expect(u"Invalid phone No."_s, base::Prompts::Icon::Information);
+    QTest::mouseClick(&driver.control("cmdApply"), Qt::LeftButton);
+    EXPECT_TRUE(driver.control("txtCompanyPhone").hasFocus());
+    EXPECT_EQ(GetOption(u"GEN_COMPANY_PHONE"_s, false), QString());
+    driver.press("cmdCancel");
+}
+
+TEST_F(Setup, SecurityIsStoredWithTheWordToRestart)
+{
+    for (const bool on : {true, false}) {
+        prompts.expect(u"To enable/disable passwords please close and restart the program"_s,
+                       base::Prompts::Icon::Information);
+        driver.control<QCheckBox>("chkSecurity").setChecked(on);
+        driver.press("cmdApply");
+        EXPECT_EQ(GetOption(u"SECURITYONOFF"_s, false), on ? u"1"_s : u"0"_s);
+    }
+}
+
+TEST_F(Setup, AnOptionThatAnotherProgramHoldsStaysChanged)
+{
+    driver.type("txtCompanyName", u"Greenways"_s);
+    gcnData->BeginTrans();
+    gcnData->Execute(u"Update tblSysOption set itemValue = 'x' where SysOption = 'GEN_COMPANY_NAME'"_s);
+    driver.press("cmdApply");
+    gcnData->RollbackTrans();
+    ASSERT_EQ(session.errors.size(), 1U);
+    EXPECT_TRUE(canApply());
+    driver.press("cmdApply");
+    EXPECT_EQ(GetOption(u"GEN_COMPANY_NAME"_s, false), u"Greenways"_s);
+}
+
+TEST_F(Setup, WindowsGoBackToTheirDeliveredSizes)
+{
+    SetOption(u"HEIGHTfrmEquipment"_s, 100, true);
+    SetOption(u"LEFTfrmFilterScreen"_s, 7, true);
+    page(3);
+    driver.press("cmdDefaultFormSize");
+    EXPECT_EQ(GetOption(u"HEIGHTfrmEquipment"_s, true), u"7425"_s);
+    EXPECT_EQ(GetOption(u"LEFTfrmEquipment"_s, true), u"2180"_s);
+    EXPECT_EQ(GetOption(u"TOPfrmCrew"_s, true), u"3855"_s);
+    EXPECT_EQ(GetOption(u"WIDTHfrmSetup"_s, true), u"7965"_s);
+    // A form without a place of its own keeps the one it has.
+    EXPECT_EQ(GetOption(u"LEFTfrmFilterScreen"_s, true), u"7"_s);
+}
+
+TEST_F(Setup, ThePaperOfReportsIsTheWorkstationsOwn)
+{
+    page(3);
+    driver.choose("cboPaper", u"A4"_s);
+    driver.press("cmdOk");
+    EXPECT_EQ(GetOption(u"REPORT PAPER"_s, true), u"A4"_s);
+    EXPECT_EQ(GetOption(u"REPORT PAPER"_s, false), QString());
+}
