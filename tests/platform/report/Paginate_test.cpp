@@ -181,7 +181,7 @@ TEST(Paginate, KeptGroupsMoveToTheNextPageWhole)
                                         u"b 6"_s})),
               "a 1 t1 b 1 2 / 3 4 5 6 t6");
     const Layout loose = smallLayout(R"(<group name="g" by="A"/>)" + bands);
-    EXPECT_EQ(pageWords(loose, lettered({u"a 1"_s, u"a 2"_s, u"b 1"_s})), "a 1 2 t2 b 1 / t1");
+    EXPECT_EQ(pageWords(loose, lettered({u"a 1"_s, u"a 2"_s, u"b 1"_s})), "a 1 2 t2 / b 1 t1");
 }
 
 TEST(Paginate, AHeaderStandsWithItsFirstDetail)
@@ -301,7 +301,81 @@ TEST(Paginate, TextThatMayNotGrowIsCutAtItsFrame)
 {
     const Layout layout = smallLayout(
         R"(<band kind="detail" height="5mm"><field width="20mm" height="4mm" content="'one two three four'"/></band>)");
-    EXPECT_EQ(pageWords(layout, numbers(1)), "one two three");
+    QStringList problems;
+    EXPECT_EQ(words(allPages(layout, numbers(2), {}, &problems)[0]),
+              u"one two three one two three");
+    EXPECT_EQ(problems.join(u'\n').toStdString(),
+              "'one two three four': the text \"one two three four\" is cut off, its frame is too "
+              "small.")
+        << "once, not for each row";
+}
+
+TEST(Paginate, WhatGoesBeyondThePaperIsTold)
+{
+    struct Case
+    {
+        const char *place;
+        bool fits;
+    };
+    // A sheet of 215.9 mm with a margin of 10.
+    for (const auto &[place, fits] :
+         {Case{"x=\"-10mm\" width=\"215.9mm\"", true}, Case{"x=\"-10.1mm\"", false},
+          Case{"x=\"170mm\" width=\"36mm\"", false}}) {
+        QStringList problems;
+        (void)allPages(smallLayout(QByteArray("<band kind=\"detail\"><text ") + place +
+                                   " content=\"a\"/></band>"),
+                       numbers(1), {}, &problems);
+        EXPECT_EQ(problems.isEmpty(), fits) << place;
+    }
+}
+
+TEST(Paginate, NoTotalStandsAloneOnAPage)
+{
+    const QByteArray detail = R"(<band kind="detail" height="5mm"><field content="B"/></band>)";
+    const QByteArray total =
+        R"x(<band kind="reportFooter" height="5mm"><text content="all {count(*)}@{PageNumber}"/></band>)x";
+    const QByteArray groups =
+        R"x(<group name="g" by="A"/><group name="h" by="B"/>
+            <band kind="groupHeader" group="g" height="5mm"><field content="A"/></band>
+            <band kind="groupFooter" group="h" height="5mm"><field content="'h' &amp; sum(number(C))"/></band>
+            <band kind="groupFooter" group="g" height="5mm"><field content="'g' &amp; sum(number(C))"/></band>)x";
+    // Six bands a page.
+    EXPECT_EQ(pageWords(smallLayout(detail + total),
+                        lettered({u"a 1"_s, u"a 2"_s, u"a 3"_s, u"a 4"_s, u"a 5"_s, u"a 6"_s})),
+              "1 2 3 4 5 / 6 all 6@2");
+    EXPECT_EQ(pageWords(smallLayout(groups + detail + total),
+                        lettered({u"a x 1"_s, u"a x 2"_s, u"a x 3"_s})),
+              "a x x / x h6 g6 all 3@2")
+        << "totals of all levels stay with the last detail";
+    EXPECT_EQ(pageWords(smallLayout(groups + total),
+                        lettered({u"a x 1"_s, u"a y 2"_s, u"a z 3"_s, u"a u 4"_s, u"a v 5"_s})),
+              "a h1 h2 h3 h4 / h5 g15 all 5@2")
+        << "without details the innermost footers are the lines";
+    const QByteArray kept = R"(<group name="k" by="A" keepTogether="yes"/>)";
+    EXPECT_EQ(pageWords(smallLayout(kept + detail + total),
+                        lettered({u"a 1"_s, u"a 2"_s, u"b 3"_s, u"b 4"_s, u"b 5"_s, u"b 6"_s})),
+              "1 2 / 3 4 5 6 all 6@2")
+        << "a group that is kept together goes with its total";
+    EXPECT_EQ(pageWords(smallLayout(kept + detail + total),
+                        lettered({u"b 1"_s, u"b 2"_s, u"b 3"_s, u"b 4"_s, u"b 5"_s, u"b 6"_s})),
+              "1 2 3 4 5 / 6 all 6@2");
+    EXPECT_EQ(pageWords(smallLayout(kept + detail + total),
+                        lettered({u"b 1"_s, u"b 2"_s, u"b 3"_s, u"b 4"_s, u"b 5"_s, u"b 6"_s,
+                                  u"b 7"_s, u"b 8"_s, u"b 9"_s, u"b 10"_s, u"b 11"_s, u"b 12"_s})),
+              "1 2 3 4 5 6 / 7 8 9 10 11 / 12 all 12@3")
+        << "longer than a page";
+}
+
+TEST(Paginate, RunningTotalsAreThoseOfTheirRowOnWhicheverPage)
+{
+    const Layout layout = smallLayout(
+        R"x(<group name="k" by="A" keepTogether="yes"/>
+            <band kind="detail" height="5mm"><field content="A" hideRepeated="yes"/>
+              <field content="'=' &amp; sum(number(B))"/></band>
+            <band kind="reportFooter" height="5mm"><field content="'p' &amp; PageNumber"/></band>)x");
+    EXPECT_EQ(
+        pageWords(layout, lettered({u"a 1"_s, u"a 2"_s, u"a 4"_s, u"a 8"_s, u"b 16"_s, u"b 32"_s})),
+        "a =1 =3 =7 =15 / b =31 =63 p2");
 }
 
 TEST(Paginate, ATextLongerThanAPageGoesOnOnTheNext)

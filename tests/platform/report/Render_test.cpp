@@ -32,7 +32,7 @@ Layout partsLayout()
         <band kind="pageHeader" height="5mm"><text width="40mm" content="Part"/>
           <text x="40mm" content="Price" align="right"/><text x="80mm" content="Bought"/></band>
         <band kind="groupHeader" group="Bin" height="5mm"><field content="Bin" bold="yes"/></band>
-        <band kind="detail" height="5mm"><field width="40mm" content="Description"/>
+        <band kind="detail" height="5mm"><field width="40mm" content="Description" canGrow="yes"/>
           <field x="40mm" content="Price" format="$0.00" align="right"/>
           <field x="80mm" content="Bought" format="mm/dd/yyyy"/></band>
         <band kind="groupFooter" group="Bin" height="5mm">
@@ -57,7 +57,7 @@ protected:
     {
         const QString path = m_folder.filePath(name);
         const Outcome outcome = exportReport(layout, rows, {}, path, *exportFormat(path));
-        EXPECT_TRUE(outcome.problems.isEmpty());
+        EXPECT_TRUE(outcome.problems.isEmpty()) << outcome.problems.join(u"\n"_s).toStdString();
         return path;
     }
     /// What a program of the system prints, nothing where it isn't installed.

@@ -24,6 +24,12 @@ bool stretches(const report::Object &object)
            (object.kind == ObjectKind::Line && object.height != 0);
 }
 
+/// What the designer of a layout knows an object by.
+QString nameOf(const report::Object &object)
+{
+    return object.name.isEmpty() ? object.content : object.name;
+}
+
 QRect layoutFrame(const report::Object &object)
 {
     return {object.x, object.y, object.width, object.height};
@@ -34,11 +40,14 @@ Length bottomOf(const QRect &frame)
     return frame.y() + frame.height();
 }
 
-/// Lines that a frame of fixed height can't show are left out, but never the first.
-void cutToHeight(QList<TextLine> &lines, const Style &style, Length height)
+/// Lines that a frame of fixed height can't show are left out, but never the first. True when some
+/// are.
+bool cutToHeight(QList<TextLine> &lines, const Style &style, Length height)
 {
+    const qsizetype all = lines.size();
     while (lines.size() > 1 && flowHeight(lines, style) > height)
         lines.removeLast();
+    return lines.size() < all;
 }
 
 TableGrid chartGrid(const report::Object &object, const ChartData &data)
@@ -159,9 +168,23 @@ void BandMaker::flow(Placed &placed)
     if (placed.object->layout->canGrow && needed > placed.frame.height()) {
         placed.grown = needed - placed.frame.height();
         placed.frame.setHeight(needed);
-    } else {
-        cutToHeight(placed.lines, placed.style, placed.frame.height());
+    } else if (cutToHeight(placed.lines, placed.style, placed.frame.height())) {
+        constexpr int ToldLength = 60;
+        const QString start = placed.text.left(ToldLength).simplified();
+        tellOnce(*placed.object,
+                 u"%1: the text \"%2\" is cut off, its frame is too small."_s.arg(
+                     nameOf(*placed.object->layout),
+                     start.size() < placed.text.size() ? start + QChar(0x2026) : start));
     }
+}
+
+/// What is wrong in each row is told with the first one.
+void BandMaker::tellOnce(const compiled::Object &object, const QString &problem)
+{
+    if (m_told.contains(&object))
+        return;
+    m_told.insert(&object);
+    m_problems.append(problem);
 }
 
 MadeBand BandMaker::makeCells(const compiled::Band &band) const

@@ -4,6 +4,7 @@
 #include "platform/report/paginate/Compiled.h"
 #include "platform/report/paginate/PageDocument.h"
 
+#include <QSet>
 #include <utility>
 
 namespace report {
@@ -78,7 +79,8 @@ private:
     /// Finds an object's value and style; False when it is not shown at all.
     [[nodiscard]] bool prepare(const compiled::Object &object, Placed &placed,
                                MadeBand &band) const;
-    static void flow(Placed &placed);
+    void flow(Placed &placed);
+    void tellOnce(const compiled::Object &object, const QString &problem);
     void push(QList<Placed> &objects) const;
     void addItem(const Placed &placed, QList<PageItem> &items);
     [[nodiscard]] QString textOf(const std::vector<compiled::Piece> &pieces) const;
@@ -90,6 +92,7 @@ private:
     const Inputs &m_inputs;
     QStringList &m_problems;
     QHash<QString, QByteArray> m_pictures;
+    QSet<const compiled::Object *> m_told; ///< of which something has been told
 };
 
 } // namespace report

@@ -128,6 +128,10 @@ private:
         const QString where = object.name.isEmpty() ? u"an object"_s : object.name;
         Object compiled;
         compiled.layout = &object;
+        const PageSetup &page = m_layout.page;
+        if (object.x < -page.left || object.x + object.width > page.width() - page.left)
+            m_report.problems.append(
+                u"%1 (%2): goes beyond the edge of the paper."_s.arg(where, object.content));
         switch (object.kind) {
         case ObjectKind::Text:
             compiled.pieces =
@@ -309,6 +313,7 @@ private:
         slot.group = scope.group;
         if (aggregate.scope.compare(u"page", Qt::CaseInsensitive) == 0) {
             slot.scope = ScopeKind::Page;
+            m_dependsOnPage = true;
         } else if (aggregate.scope.compare(u"report", Qt::CaseInsensitive) == 0) {
             slot.scope = ScopeKind::Report;
         } else if (!aggregate.scope.isEmpty()) {

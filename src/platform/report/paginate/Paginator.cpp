@@ -38,8 +38,8 @@ public:
     {
         startPage(true);
         walk();
-        release();
         placeAll(m_report.reportFooter);
+        release();
         if (!m_stopped)
             finishPage();
     }
@@ -55,6 +55,8 @@ private:
         const compiled::Band *band;
         MadeBand made;
         int row;
+        int sheet;      ///< for which it was made
+        int openGroups; ///< whose headers stand above it
         PageValues pageValues;
     };
 
@@ -96,31 +98,53 @@ private:
             breakPage(fromOne);
     }
 
-    /// Headers wait for the first detail below them, so that none ends a page by itself.
     void openGroup(int group) override
     {
-        if (m_keptGroup)
-            return;
-        m_waiting = true;
-        if (m_report.layout->groups[group].keepTogether)
+        if (!m_keptGroup && m_report.layout->groups[group].keepTogether)
             m_keptGroup = group;
     }
 
+    /// The footers of outer groups that follow stay with it.
     void closeGroup(int group) override
     {
         if (m_keptGroup == group)
-            release();
+            m_keptGroup.reset();
     }
 
     void rowPlaced() override
     {
-        PageValues values = pageValues();
-        if (m_waiting && !m_kept.empty())
-            m_kept.back().pageValues = std::move(values);
-        else
+        const PageValues values = pageValues();
+        if (m_kept.empty())
             addPageValues(values);
-        if (m_waiting && !m_keptGroup)
+        else
+            m_kept.back().pageValues.insert(m_kept.back().pageValues.end(), values.begin(),
+                                            values.end());
+    }
+
+    void rowEnds() override
+    {
+        if (!m_keptGroup && !m_kept.empty() && !leads(*m_kept.back().band))
             release();
+    }
+
+    // --- What stands together ----------------------------------------------------------------
+
+    /// A header waits for what it heads, so that none ends a page by itself.
+    static bool leads(const compiled::Band &band)
+    {
+        return band.layout->kind == BandKind::GroupHeader;
+    }
+
+    /// A footer stays with what it sums up, so that no total stands alone on a page.
+    static bool follows(const compiled::Band &band)
+    {
+        return band.layout->kind == BandKind::GroupFooter ||
+               band.layout->kind == BandKind::ReportFooter;
+    }
+
+    static bool mayPart(const compiled::Band &upper, const compiled::Band &lower)
+    {
+        return !leads(upper) && !follows(lower);
     }
 
     // --- Placing -----------------------------------------------------------------------------
@@ -135,64 +159,99 @@ private:
             if (!m_bodyIsEmpty)
                 breakPage();
         }
+        if (!m_keptGroup && !m_kept.empty() && mayPart(*m_kept.back().band, band))
+            release();
         if (m_breakPending)
             breakPage();
-        if (!m_waiting) {
-            putOnPage(band, make(band));
-            return;
-        }
-        m_kept.push_back({&band, make(band), m_row, {}});
+        m_kept.push_back({&band, make(band), m_row, m_sheet, openGroups(), {}});
         rememberShown(m_kept.back().made);
         m_keptHeight += m_kept.back().made.height;
-        // What is longer than a page can't be kept together, and shall not fill the memory.
-        if (band.layout->newPageAfter || m_keptHeight > bodyBottom() - m_bodyTop)
+        if (band.layout->newPageAfter)
             release();
+        else if (m_keptGroup && m_keptHeight > room())
+            dissolve();
     }
 
-    /// Places what waits, on a new page when it doesn't fit here.
+    [[nodiscard]] Length room() const { return bodyBottom() - m_bodyTop; }
+
+    /// A group that is longer than a page can't be kept together, and shall not fill the memory:
+    /// all goes but the last bands that stand together.
+    void dissolve()
+    {
+        std::size_t last = m_kept.size() - 1;
+        while (last > 0 && !mayPart(*m_kept[last - 1].band, *m_kept[last].band))
+            --last;
+        std::vector<Kept> rest(std::make_move_iterator(m_kept.begin() + qsizetype(last)),
+                               std::make_move_iterator(m_kept.end()));
+        m_kept.resize(last);
+        release();
+        m_kept = std::move(rest);
+        for (const Kept &kept : m_kept)
+            m_keptHeight += kept.made.height;
+    }
+
+    /// Places what waits, on a new page when it doesn't fit here; what is longer than a page, part
+    /// by part.
     void release()
     {
-        m_waiting = false;
         m_keptGroup.reset();
-        std::vector<Kept> waiting;
-        waiting.swap(m_kept);
-        if (waiting.empty())
-            return;
-        Length height = std::exchange(m_keptHeight, 0);
-        if (height > bodyBottom() - m_bodyTop) {
-            height = 0;
-            for (std::size_t first = 0; first < qMin<std::size_t>(2, waiting.size()); ++first)
-                height += waiting[first].made.height;
+        std::swap(m_kept, m_released);
+        const Length height = std::exchange(m_keptHeight, 0);
+        std::size_t first = 0;
+        while (first < m_released.size() && !m_stopped) {
+            std::size_t end = height <= room() ? m_released.size() : first + 1;
+            while (end < m_released.size() &&
+                   !mayPart(*m_released[end - 1].band, *m_released[end].band))
+                ++end;
+            putTogether(first, end);
+            first = end;
         }
-        bool moved = !fits(height) && !m_bodyIsEmpty;
-        if (moved)
+        m_released.clear();
+    }
+
+    /// Places bands on one page; where they are too long for one, the first two.
+    void putTogether(std::size_t first, std::size_t end)
+    {
+        const auto heightOf = [&](std::size_t until) {
+            Length height = 0;
+            for (std::size_t at = first; at < until; ++at)
+                height += m_released[at].made.height;
+            return height;
+        };
+        Length height = heightOf(end);
+        if (height > room())
+            height = heightOf(qMin(first + 2, end));
+        const QScopedValueRollback<const Kept *> placing(m_placing, &m_released[first]);
+        if (!fits(height) && !m_bodyIsEmpty)
             breakPage();
-        for (Kept &kept : waiting) {
-            const int sheet = m_sheet;
+        for (std::size_t at = first; at < end && !m_stopped; ++at) {
+            Kept &kept = m_released[at];
+            m_placing = &kept;
             // A later row's totals must not get into a band made anew.
-            const bool remake = moved && kept.band->dependsOnPage &&
-                                (kept.row == m_row || !kept.band->hasAggregates);
+            const bool mayRemake = kept.row == m_row || !kept.band->hasAggregates;
             const QScopedValueRollback row(m_row, kept.row);
-            putOnPage(*kept.band, remake ? make(*kept.band) : std::move(kept.made));
+            if (kept.sheet != m_sheet && kept.band->dependsOnPage && mayRemake)
+                kept.made = make(*kept.band);
+            putOnPage(*kept.band, std::move(kept.made), mayRemake);
             addPageValues(kept.pageValues);
-            moved |= sheet != m_sheet;
         }
     }
 
     /// Places a band where there is room: here, on the next page, or over several.
-    void putOnPage(const compiled::Band &band, MadeBand made)
+    void putOnPage(const compiled::Band &band, MadeBand made, bool mayRemake)
     {
         if (m_breakPending || (!fits(made.height) && !m_bodyIsEmpty)) {
             breakPage();
-            made = make(band); // page numbers and repeats have changed
+            if (mayRemake && band.dependsOnPage)
+                made = make(band);
         }
         if (band.layout->atBottom)
             m_y = qMax(m_y, bodyBottom() - made.height);
         while (!fits(made.height) && !m_stopped) {
             // Slices over page after page would help nobody where headers fill the page.
-            const Length room = bodyBottom() - m_y;
+            const Length left = bodyBottom() - m_y;
             std::optional<MadeBand> rest =
-                room < SmallestPart ? std::nullopt : splitBand(made, room);
+                left < SmallestPart ? std::nullopt : splitBand(made, left);
             if (!rest)
                 break;
             put(std::move(made));
@@ -248,7 +307,8 @@ private:
 
     void repeatHeaders()
     {
-        for (int group = 0; group < openGroups(); ++group)
+        const int groups = m_placing ? m_placing->openGroups : openGroups();
+        for (int group = 0; group < groups; ++group)
             if (m_report.layout->groups[group].repeatHeader)
                 putAll(m_report.groupHeaders[group]);
     }
@@ -289,9 +349,10 @@ private:
     bool m_breakPending = false;
     bool m_stopped = false;
 
-    bool m_waiting = false;
     std::optional<int> m_keptGroup; ///< the group that waits for its end
     std::vector<Kept> m_kept;
+    std::vector<Kept> m_released; ///< those that are being placed
+    const Kept *m_placing = nullptr;
     Length m_keptHeight = 0;
 };
 

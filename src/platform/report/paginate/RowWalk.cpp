@@ -101,10 +101,11 @@ void RowWalk::takeRow()
 {
     std::vector<QVariant> keys = this->keys();
     const int changed = m_row == 0 ? 0 : firstChange(m_keys, keys);
-    if (m_row > 0 && changed < groupCount()) {
+    if (m_row > 0) {
         // Footers show the last row of their group.
         --m_row;
         closeGroups(changed);
+        rowEnds();
         ++m_row;
     }
     m_keys = std::move(keys);

@@ -35,6 +35,9 @@ protected:
     virtual void closeGroup(int group) { Q_UNUSED(group) }
     /// The detail bands of the row on hand have been placed.
     virtual void rowPlaced() {}
+    /// The next row comes, and the groups that end with this one have been closed. The aggregates
+    /// are still those of this row.
+    virtual void rowEnds() {}
     [[nodiscard]] virtual bool isStopped() const { return false; }
     [[nodiscard]] virtual QVariant pageNumber() const { return 1; }
     [[nodiscard]] virtual QVariant totalPages() const { return 1; }
