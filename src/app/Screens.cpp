@@ -8,6 +8,7 @@
 #include "organisation/ui/Entries.h"
 #include "parts/ui/Entries.h"
 #include "platform/help/Help.h"
+#include "reporting/ui/FilterEntries.h"
 #include "reporting/ui/QuickFindEntries.h"
 #include "reporting/ui/ShowReport.h"
 #include "scheduling/ui/Entries.h"
@@ -102,6 +103,7 @@ void joinScreens()
     joinEquipment(all);
     joinWorkorders(all);
     joinReports();
+    joinFilterScreens();
     joinExchange(all);
 }
 

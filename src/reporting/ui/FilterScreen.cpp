@@ -20,6 +20,10 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+constexpr int UsualWidth = 560;
+} // namespace
+
 std::function<bool(const catalogue::Request &)> &filteredReport()
 {
     static std::function<bool(const catalogue::Request &)> show = showReport;
@@ -66,26 +70,32 @@ QLineEdit *FilterScreen::valueField(input::FormBuilder &form, const ValueField &
     button->setAccessibleName(u"Select: "_s + input::plainCaption(field.label));
     connect(button, &QPushButton::clicked, this,
             [this, box, &list = field.list, how = field.pick] { pick(box, list, how); });
-    examples(form, u"Examples: Blank = All,  001, A-11"_s);
+    form.field({}, examples(u"Examples: Blank = All,  001, A-11"_s));
     m_lines.append(box);
     m_buttons.insert(box, button);
     return box;
 }
 
-QLineEdit *FilterScreen::typedField(input::FormBuilder &form, const QString &name,
-                                    const QString &label, const QString &text)
+QLineEdit *FilterScreen::typedField(input::FormBuilder &form, const TypedField &field)
 {
-    QLineEdit *box = form.textField(name, label);
-    examples(form, text);
+    const bool isShort = field.maxLength > 0;
+    if (isShort)
+        form.beginRow();
+    QLineEdit *box = form.textField(field.name, field.label, field.maxLength);
+    if (isShort) {
+        form.widget(examples(field.examples));
+        form.endRow();
+    } else {
+        form.field({}, examples(field.examples));
+    }
     m_lines.append(box);
     return box;
 }
 
-QLabel *FilterScreen::examples(input::FormBuilder &form, const QString &text)
+QLabel *FilterScreen::examples(const QString &text)
 {
     auto *label = new QLabel(text, this);
     label->setTextFormat(Qt::PlainText);
-    form.field({}, label);
     m_examples.append(label);
     return label;
 }
@@ -168,7 +178,7 @@ bool FilterScreen::showReportOfFields()
         try {
             const std::optional<catalogue::Request> asked = request();
             return asked && filteredReport()(*asked);
-        } catch (const db::DbError &error) {
+        } catch (const base::Error &error) {
             if (error.number() != db::ErrorNumber::Syntax)
                 throw;
             base::showInformation(u"Please enter correct parameters."_s);
@@ -191,6 +201,11 @@ void FilterScreen::cmdReset_Click()
     for (QLineEdit *line : std::as_const(m_lines))
         line->clear();
     resetChoices();
+}
+
+QSize FilterScreen::sizeHint() const
+{
+    return Screen::sizeHint().expandedTo({UsualWidth, 0});
 }
 
 void FilterScreen::unloading()

@@ -52,9 +52,15 @@ protected:
     };
     /// A line for values parted by commas, with its button and the examples.
     QLineEdit *valueField(input::FormBuilder &form, const ValueField &field);
-    /// A line of a filter that is typed only, with its examples.
-    QLineEdit *typedField(input::FormBuilder &form, const QString &name, const QString &label,
-                          const QString &examples);
+    struct TypedField
+    {
+        QString name;
+        QString label;
+        QString examples;
+        int maxLength = 0;
+    };
+    /// A line that is typed only. The examples stand beside a short one, below a long one.
+    QLineEdit *typedField(input::FormBuilder &form, const TypedField &field);
     struct RangeField
     {
         QString label;
@@ -90,6 +96,7 @@ protected:
     /// Puts back, on reset, what is no line of text.
     virtual void resetChoices() {}
 
+    [[nodiscard]] QSize sizeHint() const override;
     void unloading() override;
     void showEvent(QShowEvent *event) override;
 
@@ -99,7 +106,7 @@ private:
         QString key;
         input::DateInput *box;
     };
-    QLabel *examples(input::FormBuilder &form, const QString &text);
+    QLabel *examples(const QString &text);
     void pick(QLineEdit *box, const picklists::PickList &list, Pick pick);
     void cmdViewReport_Click();
     void cmdReset_Click();

@@ -16,7 +16,6 @@ frmEquipmentListLandScape::frmEquipmentListLandScape(QWidget *parent)
         form, {u"txtType"_s, u"Equipment T&ype"_s, u"cmdType"_s, picklists::equipmentTypes()});
     txtCrew = valueField(form, {u"txtCrew"_s, u"&Crew Number"_s, u"cmdCrew"_s, picklists::crews()});
     endFields(form);
-    resize(560, 300);
 }
 
 std::optional<catalogue::Request> frmEquipmentListLandScape::request() const

@@ -27,7 +27,6 @@ frmEquipmentListReport::frmEquipmentListReport(QWidget *parent)
     chkgrouponsite = form.checkBox(u"chkgrouponsite"_s, u"&Group On Site"_s);
     chkInactive = form.checkBox(u"chkInactive"_s, u"Show &Inactive"_s);
     endFields(form);
-    resize(560, 440);
     connect(cmbversion, &QComboBox::currentIndexChanged, this,
             &frmEquipmentListReport::cmbversion_Click);
     cmbversion_Click();

@@ -23,7 +23,6 @@ frmEquipmentUtilization::frmEquipmentUtilization(QWidget *parent)
     txtEQUTCrew = valueField(
         form, {u"txtEQUTCrew"_s, u"&Crew Number"_s, u"cmdEQUTCrew"_s, picklists::crews()});
     endFields(form);
-    resize(560, 400);
     connect(chkEquipment, &QCheckBox::toggled, this, &frmEquipmentUtilization::chkEquipment_Click);
     chkEquipment_Click();
 }

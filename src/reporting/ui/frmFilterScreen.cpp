@@ -62,7 +62,6 @@ frmFilterScreen::frmFilterScreen(const Entry &entry, QWidget *parent)
     beginFields(form, entry.heading.toString(), entry.frame.toString());
     (this->*entry.build)(form);
     endFields(form);
-    resize(560, 320);
 }
 
 std::optional<catalogue::Request> frmFilterScreen::request() const

@@ -29,16 +29,14 @@ frmScanHistory::frmScanHistory(QWidget *parent)
                           u"SCAN hISTORY REPORT DATE FROM"_s, u"SCAN hISTORY REPORT DATE TO"_s});
     txtSHUnitNo =
         valueField(form, {u"txtSHUnitNo"_s, u"&Unit #"_s, u"cmdSHUnitNo"_s, picklists::units()});
-    txtNoofdays = typedField(form, u"txtNoofdays"_s, u"Find equipment &not scanned in last "_s,
-                             u"days. Default Value Blank = 1"_s);
+    txtNoofdays = typedField(form, {u"txtNoofdays"_s, u"Find equipment &not scanned in last "_s,
+                                    u"days. Default Value Blank = 1"_s, MostDigits});
     input::restrictTo(txtNoofdays, input::TypeCheck::Int);
-    txtNoofdays->setMaxLength(MostDigits);
     optScanTime =
         options(form, u"Sort by"_s,
-                {{u"optUnitNo"_s, u"Unit N&o"_s}, {u"optScanTime"_s, u"Scan &Date and Time"_s}})
+                {{u"optUnitNo"_s, u"Un&it No"_s}, {u"optScanTime"_s, u"Scan &Date and Time"_s}})
             .last();
     endFields(form);
-    resize(600, 380);
     connect(optByDays, &QRadioButton::toggled, this, &frmScanHistory::enableFields);
     enableFields();
 }

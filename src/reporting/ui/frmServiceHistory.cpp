@@ -21,7 +21,6 @@ frmServiceHistory::frmServiceHistory(QWidget *parent)
     chkgrouponsite = form.checkBox(u"chkgrouponsite"_s, u"&Group On Site"_s);
     chkgrouponCrew = form.checkBox(u"chkgrouponCrew"_s, u"Group On &Crew"_s);
     endFields(form);
-    resize(560, 380);
     for (QCheckBox *box : {chkgrouponsite, chkgrouponCrew})
         connect(box, &QCheckBox::toggled, this, &frmServiceHistory::enableFields);
     enableFields();

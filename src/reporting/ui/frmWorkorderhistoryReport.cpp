@@ -16,14 +16,13 @@ frmWorkorderhistoryReport::frmWorkorderhistoryReport(QWidget *parent)
     beginFields(form, u"List of Work Order History"_s, u"fraWorkorderHistory"_s);
     txtSHUnitNo =
         valueField(form, {u"txtSHUnitNo"_s, u"&Unit #"_s, u"cmdSHUnitNo"_s, picklists::units()});
-    txtWo = typedField(form, u"txtWo"_s, u"&Work Order #"_s, u"Examples: Blank = 1, 21, 1-11"_s);
+    txtWo = typedField(form, {u"txtWo"_s, u"&Work Order #"_s, u"Examples: Blank = 1, 21, 1-11"_s});
     input::restrictTo(txtWo, input::TypeCheck::Int, u",-"_s);
     optsummary = options(form, u"Report"_s,
                          {{u"optdetail"_s, u"By &Detail Work Order"_s},
                           {u"optsummary"_s, u"By &Summary of Work Order"_s}})
                      .last();
     endFields(form);
-    resize(560, 320);
 }
 
 std::optional<catalogue::Request> frmWorkorderhistoryReport::request() const

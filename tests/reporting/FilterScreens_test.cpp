@@ -1,0 +1,452 @@
+#include "core/OpeningTable.h"
+#include "core/ui/Openings.h"
+#include "organisation/MasterSession.h"
+#include "platform/base/Environment.h"
+#include "platform/db/DbError.h"
+#include "platform/grid/GridView.h"
+#include "platform/input/DateInput.h"
+#include "reporting/ui/FilterEntries.h"
+#include "reporting/ui/FilterScreen.h"
+#include "support/TestFiles.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+using test::inScreen;
+using test::ScreenDriver;
+
+namespace {
+
+/// What a user does to one control: types into a line, takes an item, or presses.
+struct Step
+{
+    const char *control;
+    QString value{};
+};
+
+void work(const ScreenDriver &screen, const QList<Step> &steps)
+{
+    for (const Step &step : steps) {
+        if (qobject_cast<QAbstractButton *>(&screen.control(step.control)))
+            screen.press(step.control);
+        else if (qobject_cast<QComboBox *>(&screen.control(step.control)))
+            screen.choose(step.control, step.value);
+        else
+            screen.type(step.control, step.value);
+    }
+}
+
+std::string told(const catalogue::Request &asked)
+{
+    QStringList lines{asked.layout, asked.filter, asked.asked};
+    for (const auto &[name, text] : asked.texts.asKeyValueRange())
+        lines.append(name + u'=' + text);
+    for (const auto &[name, text] : asked.formulas.asKeyValueRange())
+        lines.append(name + u'=' + text);
+    return lines.join(u'\n').toStdString();
+}
+
+/// The filter screens over a company with three machines, and a report that only notes what it was
+/// asked for.
+class FilterScreens : public test::MasterSession
+{
+protected:
+    FilterScreens()
+    {
+        joinFilterScreens();
+        for (const Opening &row : openingTable())
+            if (row.right)
+                gRights.*row.right = true;
+        filteredReport() = [this](const catalogue::Request &asked) {
+            m_asked = asked;
+            return m_comesUp;
+        };
+        for (const auto &[id, unit, name] :
+             {std::tuple(1, u"A-1"_s, u"Mower"_s), std::tuple(2, u"O'2"_s, u"Blower"_s),
+              std::tuple(3, u"B-1"_s, u"Rake"_s)})
+            gcnData->Execute(
+                u"Insert into tblEquipment(EquipmentID,UnitNo,EquipmentName) values(?,?,?)"_s,
+                {id, unit, name});
+    }
+    ~FilterScreens() override
+    {
+        filteredReport() = m_real;
+        openings() = {};
+        gRights = {};
+    }
+
+    static void open(const QString &name, std::function<void(ScreenDriver)> act)
+    {
+        inScreen([&] { openings().open(name); }, std::move(act));
+    }
+    static void plainLayout(const QString &report)
+    {
+        test::writeFile(base::applicationPath(u"\\Custom Reports\\%1.rpt"_s.arg(report)),
+                        "<report version=\"1\"><band kind=\"detail\">"
+                        "<field content=\"UnitNo\"/></band></report>");
+    }
+    /// What is asked for after these steps; the screen closes.
+    catalogue::Request askedBy(const QString &name, const QList<Step> &steps)
+    {
+        m_asked = {};
+        open(name, [&](const ScreenDriver &screen) {
+            work(screen, steps);
+            screen.press("cmdViewReport");
+            EXPECT_FALSE(screen.isOpen()) << name.toStdString();
+        });
+        return m_asked;
+    }
+
+    std::function<bool(const catalogue::Request &)> m_real = filteredReport();
+    catalogue::Request m_asked;
+    bool m_comesUp = true;
+    /// What the date fields begin with.
+    const filters::DateRange year{{2023, 3, 15}, {2024, 3, 15}};
+};
+
+} // namespace
+
+TEST_F(FilterScreens, AskForTheReportOfTheirFields)
+{
+    using namespace filters;
+    const DateRange typed{{2024, 1, 2}, {2024, 2, 3}};
+    const Machines someMachines{.units = u"A-1,B-1"_s, .inactive = true};
+    const QList<Step> units{{"txtUnitNo", u"A-1,B-1"_s}, {"chkInactive"}};
+    const struct
+    {
+        QString name;
+        QList<Step> steps;
+        catalogue::Request expected;
+    } cases[] = {
+        {u"ShowEquipmentServices"_s, units, equipmentServicesRequest(someMachines)},
+        {u"ShowEquipmentExpense"_s, units, equipmentExpenseRequest(someMachines)},
+        {u"ShowEquipmentDetails"_s, units, equipmentDetailsRequest(someMachines)},
+        {u"ShowEquipmentDetails"_s, {}, equipmentDetailsRequest({})},
+        {u"ShowServiceHistoryTimes"_s,
+         {{"dtpCompleteDateF", u"01022024"_s},
+          {"dtpCompleteDateT", u"02032024"_s},
+          {"txtSHEquipment", u"Rake"_s},
+          {"optDate"}},
+         request(HistoryTimes{.completed = typed, .names = u"Rake"_s, .byDate = true})},
+        {u"ShowServiceHistoryTimes"_s,
+         {{"optDate"}, {"optEquipment"}},
+         request(HistoryTimes{.completed = typed})},
+        {u"ShowInventoryPartHistory"_s,
+         {{"txtPartH", u"P"_s}},
+         request(PartHistory{
+             .completed = year, .parts = u"P"_s, .form = PartHistoryForm::DetailByDate})},
+        {u"ShowInventoryPartHistory"_s,
+         {{"dtpPdateF", u"01022024"_s}, {"dtpPdateT", u"02032024"_s}, {"optPartNumber"}},
+         request(PartHistory{.completed = typed, .form = PartHistoryForm::DetailByPart})},
+        {u"ShowInventoryPartHistory"_s,
+         {{"optSummary"}},
+         request(PartHistory{.completed = typed, .form = PartHistoryForm::Summary})},
+        {u"ShowInventoryPartUsage"_s, {{"txtPartIPU", u"P'1"_s}}, partUsageRequest(u"P'1"_s)},
+        {u"ShowInventryDetails"_s,
+         {{"txtPartCategory", u"Oil"_s}, {"txtSupplier", u"X"_s}, {"cboInactive", u"Yes"_s}},
+         request(Parts{.categories = u"Oil"_s, .suppliers = u"X"_s, .inactive = true})},
+        {u"ShowInventryDetails"_s, {}, request(Parts{})},
+        {u"ShowInventoryOrderUpCommingServices"_s,
+         {{"dtpInvFrom", u"01022024"_s}, {"dtpInvTo", u"02032024"_s}, {"txtInv_Supplier", u"X"_s}},
+         request(UpcomingParts{.due = typed, .suppliers = u"X"_s})},
+        {u"ShowInventoryReorder"_s,
+         {{"txtPartCategoryIn", u"Oil"_s}, {"txtSupplierIn", u"X"_s}, {"optPostedPartWO"}},
+         request(Reorder{.categories = u"Oil"_s, .suppliers = u"X"_s, .lessOrders = true})},
+        {u"ShowInventoryReorder"_s, {}, request(Reorder{})},
+        {u"ShowEquipmentCrewHistory"_s,
+         {{"txtEquipment", u"Rake"_s}, {"txtCrewNo", u"a1, 2x"_s}},
+         request(CrewHistory{.names = u"Rake"_s, .crews = u"1,2"_s})},
+        {u"ShowInspectionDateReading"_s, {}, inspectionRequest(year)},
+        {u"ShowLicenseDateReading"_s,
+         {{"datLICDateFrom", u"01022024"_s}, {"datLICDateTo", u"02032024"_s}},
+         licenseRequest(typed)},
+        {u"frmEquipmentListReport"_s,
+         {{"txtType", u"Mower"_s}, {"txtCrew", u"1"_s}, {"txtSite", u"Yard"_s}, {"chkgrouponsite"}},
+         request(EquipmentList{.types = u"Mower"_s,
+                               .crews = u"1"_s,
+                               .sites = u"Yard"_s,
+                               .groupOnSite = true})},
+        {u"frmEquipmentListReport"_s,
+         {{"cmbversion", u"Version 6"_s}, {"chkInactive"}},
+         request(EquipmentList{.version = ListVersion::Six, .inactive = true})},
+        {u"frmEquipmentListLandScape"_s,
+         {{"txtType", u"Mower"_s}, {"txtCrew", u"1"_s}},
+         wideListRequest(u"Mower"_s, u"1"_s)},
+        {u"frmServiceHistory"_s,
+         {{"dtpCompleteDateF", u"01022024"_s},
+          {"dtpCompleteDateT", u"02032024"_s},
+          {"txtSHUnitNo", u"A-1"_s}},
+         request(ServiceHistory{.completed = typed, .units = u"A-1"_s})},
+        {u"frmServiceHistory"_s,
+         {{"chkgrouponsite"}, {"txtSite", u"Yard"_s}},
+         request(ServiceHistory{
+             .completed = typed, .sites = u"Yard"_s, .group = HistoryGroup::Site})},
+        {u"frmServiceHistory"_s,
+         {{"chkgrouponCrew"}},
+         request(ServiceHistory{.completed = typed, .group = HistoryGroup::Crew})},
+        {u"frmScanHistory"_s,
+         {{"txtSHUnitNo", u"A-1"_s}, {"optScanTime"}},
+         request(Scans{.scanned = year, .units = u"A-1"_s, .byTime = true})},
+        {u"frmScanHistory"_s,
+         {{"optByDays"}, {"txtNoofdays", u"1x0"_s}},
+         request(NotScanned{.today = year.to, .days = u"10"_s})},
+        {u"frmEquipmentUtilization"_s,
+         {{"txtEQUTType", u"Mower"_s}, {"txtEQUTCrew", u"1"_s}},
+         request(Utilization{.read = year, .types = u"Mower"_s, .crews = u"1"_s})},
+        {u"frmEquipmentUtilization"_s,
+         {{"chkEquipment"}, {"txtEQUTUnitNo", u"A-1"_s}},
+         request(SingleUtilization{.read = year, .units = u"A-1"_s})},
+        {u"frmWorkorderhistoryReport"_s,
+         {{"txtSHUnitNo", u"A-1"_s}, {"txtWo", u"1-11, 21x"_s}},
+         request(WorkorderHistory{.units = u"A-1"_s, .numbers = u"1-11,21"_s})},
+        {u"frmWorkorderhistoryReport"_s,
+         {{"optsummary"}},
+         request(WorkorderHistory{.summary = true})},
+    };
+    for (const auto &each : cases)
+        EXPECT_EQ(told(askedBy(each.name, each.steps)), told(each.expected))
+            << each.name.toStdString();
+}
+
+TEST_F(FilterScreens, BeginWhereTheWorkstationLeftTheDates)
+{
+    // Exit is as good as a report.
+    open(u"frmScanHistory"_s, [](const ScreenDriver &screen) {
+        screen.type("dtpScanDateF", u"01022024"_s);
+        screen.press("cmdExit");
+    });
+    EXPECT_EQ(GetOption(u"SCAN hISTORY REPORT DATE FROM"_s, true), u"01/02/2024"_s);
+    EXPECT_EQ(GetOption(u"SCAN hISTORY REPORT DATE TO"_s, true), u"03/15/2024"_s);
+    EXPECT_EQ(GetOption(u"SERVICE hISTORY REPORT DATE FROM"_s, true), QString());
+    open(u"frmScanHistory"_s, [](const ScreenDriver &screen) {
+        EXPECT_EQ(screen.text("dtpScanDateF"), u"01/02/2024"_s);
+        // What can't be read leaves what was kept.
+        screen.control<input::DateInput>("dtpScanDateF").setDate(QDate());
+        screen.press("cmdExit");
+    });
+    EXPECT_EQ(GetOption(u"SCAN hISTORY REPORT DATE FROM"_s, true), u"01/02/2024"_s);
+
+    open(u"ShowInspectionDateReading"_s, [](const ScreenDriver &screen) {
+        EXPECT_EQ(screen.text("datINPDateFrom"), u"03/15/2023"_s);
+        screen.type("datINPDateTo", u"02032024"_s);
+        screen.press("cmdExit");
+    });
+    EXPECT_EQ(GetOption(u"InspectionDateToReport"_s, true), u"02/03/2024"_s);
+    EXPECT_EQ(GetOption(u"LicenseDateToReport"_s, true), QString());
+    EXPECT_NE(GetOption(u"HEIGHTfrmFilterScreen"_s, true), QString());
+}
+
+TEST_F(FilterScreens, EmptyTheirLinesOnReset)
+{
+    open(u"ShowInventryDetails"_s, [](const ScreenDriver &screen) {
+        EXPECT_EQ(screen.screen().windowTitle(), u"Inventroy Details"_s);
+        EXPECT_EQ(screen.control<QLabel>("lblCaption").text(), u"List of Inventroy Details"_s);
+        work(screen, {{"txtPartCategory", u"Oil"_s},
+                      {"txtSupplier", u"X"_s},
+                      {"cboInactive", u"Yes"_s},
+                      {"cmdReset"}});
+        EXPECT_EQ(screen.text("txtPartCategory"), QString());
+        EXPECT_EQ(screen.text("txtSupplier"), QString());
+        EXPECT_EQ(screen.text("cboInactive"), u"No"_s);
+        screen.press("cmdExit");
+    });
+    open(u"frmWorkorderhistoryReport"_s, [](const ScreenDriver &screen) {
+        work(screen, {{"txtWo", u"5"_s}, {"optsummary"}, {"cmdReset"}});
+        EXPECT_EQ(screen.text("txtWo"), QString());
+        EXPECT_TRUE(screen.control<QAbstractButton>("optsummary").isChecked());
+        screen.press("cmdExit");
+    });
+}
+
+TEST_F(FilterScreens, FillTheirLinesFromPickLists)
+{
+    const auto tickFirst = [](const QString &title, const QStringList &offered) {
+        return [title, offered](const ScreenDriver &list) {
+            EXPECT_EQ(list.control<QLabel>("lblTitle").text(), title);
+            auto &rows = list.control<grid::GridView>("grdList");
+            QStringList shown;
+            for (const int row : rows.displayedOrder())
+                shown.append(rows.rows().text(row, u"UnitNo"));
+            EXPECT_EQ(shown, offered);
+            QTest::keyClick(&rows, Qt::Key_Space);
+            list.press("cmdSelect");
+        };
+    };
+    open(u"frmWorkorderhistoryReport"_s, [&](const ScreenDriver &screen) {
+        inScreen([&] { screen.press("cmdSHUnitNo"); },
+                 tickFirst(u" UnitNo/Equipment Name"_s, {u"A-1"_s, u"B-1"_s, u"O'2"_s}));
+        EXPECT_EQ(screen.text("txtSHUnitNo"), u"A-1"_s);
+        screen.type("txtSHUnitNo", u"O'2"_s);
+        inScreen([&] { screen.press("cmdSHUnitNo"); },
+                 tickFirst(u" UnitNo/Equipment Name"_s, {u"A-1"_s, u"B-1"_s}));
+        EXPECT_EQ(screen.text("txtSHUnitNo"), u"O'2,A-1"_s);
+        screen.press("cmdExit");
+    });
+    // A single machine takes the place of the former one, and may be the same.
+    open(u"frmEquipmentUtilization"_s, [](const ScreenDriver &screen) {
+        work(screen, {{"chkEquipment"}, {"txtEQUTUnitNo", u"A-1"_s}});
+        for (const QString &unit : {u"B"_s, u"A"_s}) {
+            inScreen([&] { screen.press("cmdEQUTUnitNo"); },
+                     [&](const ScreenDriver &list) {
+                         work(list, {{"txtSearch", unit}, {"cmdSelectForEqpUti"}});
+                     });
+            EXPECT_EQ(screen.text("txtEQUTUnitNo"), unit + u"-1"_s);
+        }
+        inScreen([&] { screen.press("cmdEQUTUnitNo"); },
+                 [](const ScreenDriver &list) { list.press("cmdExit"); });
+        EXPECT_EQ(screen.text("txtEQUTUnitNo"), u"A-1"_s);
+        screen.press("cmdExit");
+    });
+}
+
+TEST_F(FilterScreens, OfferWhatTheChoiceTakesNoticeOf)
+{
+    const auto enabled = [](const ScreenDriver &screen, const QList<const char *> &names) {
+        QStringList found;
+        for (const char *name : names)
+            if (screen.isEnabled(name))
+                found.append(QString::fromLatin1(name));
+        return found.join(u' ');
+    };
+    open(u"frmEquipmentListReport"_s, [&](const ScreenDriver &screen) {
+        const QList<const char *> all{"txtType", "cmdType", "txtCrew",
+                                      "txtSite", "cmdSite", "chkgrouponsite"};
+        EXPECT_EQ(enabled(screen, all), u"txtType cmdType txtCrew txtSite cmdSite chkgrouponsite"_s);
+        screen.choose("cmbversion", u"Version 5"_s);
+        EXPECT_EQ(enabled(screen, all), u"txtSite cmdSite"_s);
+        screen.choose("cmbversion", u"Version 2"_s);
+        EXPECT_EQ(enabled(screen, all), u"txtType cmdType txtCrew"_s);
+        screen.press("cmdExit");
+    });
+    open(u"frmServiceHistory"_s, [&](const ScreenDriver &screen) {
+        const QList<const char *> all{"txtSite", "txtSHUnitNo", "chkgrouponsite", "chkgrouponCrew"};
+        EXPECT_EQ(enabled(screen, all), u"txtSHUnitNo chkgrouponsite chkgrouponCrew"_s);
+        screen.press("chkgrouponsite");
+        EXPECT_EQ(enabled(screen, all), u"txtSite chkgrouponsite"_s);
+        work(screen, {{"chkgrouponsite"}, {"chkgrouponCrew"}});
+        EXPECT_EQ(enabled(screen, all), u"chkgrouponCrew"_s);
+        screen.press("cmdExit");
+    });
+    open(u"frmScanHistory"_s, [&](const ScreenDriver &screen) {
+        const QList<const char *> all{"dtpScanDateF", "txtSHUnitNo", "txtNoofdays"};
+        EXPECT_EQ(enabled(screen, all), u"dtpScanDateF txtSHUnitNo"_s);
+        screen.press("optByDays");
+        EXPECT_EQ(enabled(screen, all), u"txtNoofdays"_s);
+        screen.press("cmdExit");
+    });
+    open(u"frmEquipmentUtilization"_s, [&](const ScreenDriver &screen) {
+        const QList<const char *> all{"dtpEQUTDateF", "txtEQUTUnitNo", "txtEQUTType", "txtEQUTCrew"};
+        EXPECT_EQ(enabled(screen, all), u"dtpEQUTDateF txtEQUTType txtEQUTCrew"_s);
+        screen.press("chkEquipment");
+        EXPECT_EQ(enabled(screen, all), u"dtpEQUTDateF txtEQUTUnitNo"_s);
+        screen.press("cmdExit");
+    });
+}
+
+TEST_F(FilterScreens, TellWhatIsMissingAndStay)
+{
+    const auto refuse = [this](const ScreenDriver &screen, const QString &message, Icon icon,
+                               const char *focus) {
+        expectRefusal(screen, "cmdViewReport", message, focus, icon);
+        EXPECT_TRUE(screen.isOpen());
+        EXPECT_EQ(m_asked.layout, QString());
+    };
+    const QString wrong = u"Please enter correct parameters."_s;
+    open(u"frmEquipmentUtilization"_s, [&](const ScreenDriver &screen) {
+        screen.press("chkEquipment");
+        refuse(screen, u"Please choose or enter a Unit #."_s, Icon::Critical, "txtEQUTUnitNo");
+        screen.press("cmdExit");
+    });
+    open(u"frmScanHistory"_s, [&](const ScreenDriver &screen) {
+        work(screen, {{"optByDays"}, {"txtNoofdays", u"0"_s}});
+        refuse(screen,
+               u"Please enter the value greater than 0 in last no of days field."_s,
+               Icon::None, "txtNoofdays");
+        screen.press("cmdExit");
+    });
+    open(u"frmWorkorderhistoryReport"_s, [&](const ScreenDriver &screen) {
+        screen.type("txtWo", u"5-"_s);
+        refuse(screen, wrong, Icon::Information, "cmdViewReport");
+        EXPECT_EQ(screen.text("txtWo"), u"5-"_s);
+        screen.press("cmdExit");
+    });
+    open(u"ShowLicenseDateReading"_s, [&](const ScreenDriver &screen) {
+        screen.control<input::DateInput>("datLICDateTo").setDate(QDate());
+        refuse(screen, wrong, Icon::Information, "datLICDateTo");
+        screen.press("cmdExit");
+    });
+}
+
+TEST_F(FilterScreens, StayAsTheyWereUntilTheReportComesUp)
+{
+    m_comesUp = false;
+    open(u"ShowEquipmentServices"_s, [this](const ScreenDriver &screen) {
+        work(screen, {{"txtUnitNo", u"none"_s}, {"chkInactive"}, {"cmdViewReport"}});
+        EXPECT_TRUE(screen.isOpen());
+        EXPECT_EQ(screen.text("txtUnitNo"), u"none"_s);
+        EXPECT_TRUE(screen.control<QAbstractButton>("chkInactive").isChecked());
+        m_comesUp = true;
+        screen.press("cmdViewReport");
+        EXPECT_FALSE(screen.isOpen());
+    });
+}
+
+TEST_F(FilterScreens, MeetTheRealReportsAnswers)
+{
+    filteredReport() = m_real;
+    ASSERT_TRUE(QDir().mkpath(base::applicationPath(u"\\Custom Reports"_s)));
+    for (const QString &layout :
+         {u"rptEquipmentInspectionDate"_s, u"rptEquipmentServices"_s, u"rptEquipmentListVer5"_s,
+          u"rptEquipmentList"_s, u"rptEquipmentUtilization_Single"_s})
+        plainLayout(layout);
+    // A report that comes up.
+    open(u"frmEquipmentListReport"_s, [](const ScreenDriver &screen) {
+        screen.press("chkInactive");
+        inScreen([&] { screen.press("cmdViewReport"); },
+                 [](const ScreenDriver &preview) {
+                     EXPECT_EQ(preview.screen().windowTitle(), u"Equipment List"_s);
+                     EXPECT_NE(preview.screen().findChild<QWidget *>(u"CRViewerReport"_s), nullptr);
+                     preview.press("cmdExit");
+                 });
+        EXPECT_FALSE(screen.isOpen());
+    });
+    // Without rows.
+    open(u"ShowInspectionDateReading"_s, [this](const ScreenDriver &screen) {
+        prompts.expect(u"No records found."_s, Icon::Information);
+        screen.press("cmdViewReport");
+        EXPECT_TRUE(screen.isOpen());
+        screen.press("cmdExit");
+    });
+    // A filter that the engine refuses: the report asks, and No leaves the screen as it was.
+    open(u"ShowEquipmentServices"_s, [this](const ScreenDriver &screen) {
+        screen.type("txtUnitNo", u"\"A-1\""_s);
+        prompts.expect(u"Incorrect filter. Show all Equipment Services?"_s, Icon::Information,
+                       Buttons::YesNo, Answer::No);
+        screen.press("cmdViewReport");
+        EXPECT_EQ(screen.text("txtUnitNo"), u"\"A-1\""_s);
+        screen.press("cmdExit");
+    });
+    // The same of a report that doesn't ask.
+    open(u"frmEquipmentListReport"_s, [this](const ScreenDriver &screen) {
+        work(screen, {{"cmbversion", u"Version 5"_s}, {"txtSite", u"\"Yard\""_s}});
+        prompts.expect(u"Please enter correct parameters."_s, Icon::Information);
+        screen.press("cmdViewReport");
+        EXPECT_TRUE(screen.isOpen());
+        screen.press("cmdExit");
+    });
+    // Two readings on one day.
+    for (const int count : {100, 110})
+        gcnData->Execute(u"Insert into tblEquipmentCount(EquipmentID,CountType,CountValue,"
+                         "ChangeDate) values(1,'Hours',?,#3/1/2024#)"_s,
+                         {count});
+    open(u"frmEquipmentUtilization"_s, [this](const ScreenDriver &screen) {
+        work(screen, {{"chkEquipment"}, {"txtEQUTUnitNo", u"A-1"_s}, {"cmdViewReport"}});
+        const ErrorReport report = errors.takeOne();
+        EXPECT_EQ(report.ErrNumber, db::ErrorNumber::DivisionByZero);
+        EXPECT_EQ(report.ProcedureName, u"ShowEquipmentUtilizationSingle"_s);
+        EXPECT_TRUE(screen.isOpen());
+        screen.press("cmdExit");
+    });
+}
