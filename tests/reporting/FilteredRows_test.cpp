@@ -114,7 +114,8 @@ TEST_F(FilteredRows, OfMachinesAreThoseAskedFor)
     expectRows(inspectionRequest(quarter), within(u"InspectionDate"_s));
     expectRows(licenseRequest(quarter), within(u"LicenseRenewalDate"_s));
     expectRows(request(CrewHistory{.names = u"60 in Lazer Z,Backpack blower"_s, .crews = u"1,6"_s}),
-               both(one(u"EquipmentName"_s, u"60 in Lazer Z,Backpack blower"_s), one(u"CrewNumber"_s, u"1,6"_s)));
+               both(one(u"EquipmentName"_s, u"60 in Lazer Z,Backpack blower"_s),
+                    one(u"CrewNumber"_s, u"1,6"_s)));
     expectRows(request(EquipmentList{.types = u"Edger,Zero-Turn Mower"_s,
                                      .crews = u"1,2"_s,
                                      .sites = u"Main Yard"_s}),
@@ -126,9 +127,8 @@ TEST_F(FilteredRows, OfMachinesAreThoseAskedFor)
                active(yard));
     expectRows(request(EquipmentList{.version = ListVersion::Six, .crews = u"1,2"_s}),
                active(crew));
-    expectRows(request(Utilization{.read = quarter,
-                                   .types = u"Edger,Zero-Turn Mower"_s,
-                                   .crews = u"1,2"_s}),
+    expectRows(request(Utilization{
+                   .read = quarter, .types = u"Edger,Zero-Turn Mower"_s, .crews = u"1,2"_s}),
                both(crew, type), utilization(Utilization{.read = quarter}));
     expectRows(request(SingleUtilization{.read = quarter, .units = u"M001"_s}),
                both(one(u"UnitNo"_s, u"M001"_s), within(u"ChangeDate"_s)),
@@ -174,9 +174,8 @@ TEST_F(FilteredRows, OfHistoriesLieInTheRange)
                completed(u"EquipmentName"_s, u"Push spreader"_s));
     expectRows(request(ServiceHistory{.completed = quarter, .units = u"A001,A002"_s}),
                completed(u"UnitNo"_s, u"A001,A002"_s));
-    expectRows(request(ServiceHistory{.completed = quarter,
-                                      .sites = u"Main Yard"_s,
-                                      .group = HistoryGroup::Site}),
+    expectRows(request(ServiceHistory{
+                   .completed = quarter, .sites = u"Main Yard"_s, .group = HistoryGroup::Site}),
                completed(u"SiteName"_s, u"Main Yard"_s));
     expectRows(request(ServiceHistory{.completed = quarter, .group = HistoryGroup::Crew}),
                within(u"CompleteDate"_s));
@@ -198,9 +197,9 @@ TEST_F(FilteredRows, OfScansAreTheLastOfEachMachineAndThoseOfTheMissing)
     QMap<QString, QDateTime> last;
     QSet<QString> inWinter;
     QSet<QString> recent;
-    for (const db::Row row : gcnData->Open(
-             u"Select UnitNo, ScanTime from tblEquipment left join tblEquipmentScan on "
-             "tblEquipment.EquipmentID = tblEquipmentScan.EquipmentID"_s)) {
+    for (const db::Row row :
+         gcnData->Open(u"Select UnitNo, ScanTime from tblEquipment left join tblEquipmentScan on "
+                       "tblEquipment.EquipmentID = tblEquipmentScan.EquipmentID"_s)) {
         const QString unit = row.text(u"UnitNo");
         const QDateTime time = row.date(u"ScanTime");
         times[unit].append(row[u"ScanTime"].toString());
@@ -237,9 +236,8 @@ TEST_F(FilteredRows, OfScansAreTheLastOfEachMachineAndThoseOfTheMissing)
 TEST_F(FilteredRows, PickListsOfferAllButWhatTheFieldHolds)
 {
     using namespace picklists;
-    for (const PickList *list :
-         {&units(), &equipmentNames(), &equipmentTypes(), &crews(), &sites(), &suppliers(),
-          &partCategories(), &picklists::parts()}) {
+    for (const PickList *list : {&units(), &equipmentNames(), &equipmentTypes(), &crews(), &sites(),
+                                 &suppliers(), &partCategories(), &picklists::parts()}) {
         const auto offered = [&](const QString &held) {
             const db::Recordset rows = gcnData->Open(list->query + u' ' + condition(*list, held));
             EXPECT_GE(rows.columnIndex(list->second), 0) << qPrintable(list->title);
