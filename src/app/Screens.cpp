@@ -87,6 +87,7 @@ void joinWorkorders(Openings &all)
 void joinExchange(Openings &all)
 {
     all.join(u"mnuExportXml"_s, mnuExportXml_Click);
+    all.join(u"mnuImporttXml"_s, mnuImporttXml_Click);
 }
 
 } // namespace

@@ -1,13 +1,30 @@
 #include "exchange/ui/Entries.h"
 
-#include "core/General.h"
 #include "exchange/Carrier.h"
+#include "exchange/Import.h"
 #include "exchange/ui/frmExportXml.h"
 #include "platform/base/Prompts.h"
+#include "platform/input/ProgressBox.h"
 
 #include <QApplication>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// With a progress that the user may end.
+bool importFiles()
+{
+    input::ProgressBox box(u"Importing what the handheld has recorded..."_s);
+    box.offerCancel();
+    return exchange::Importdata([&box](int done, int all) {
+        box.tell(done, all);
+        if (box.wasCancelled())
+            throw exchange::Cancelled();
+    });
+}
+
+} // namespace
 
 void ShowExportXml()
 {
@@ -19,4 +36,12 @@ void mnuExportXml_Click()
     ShowExportXml();
     // Whatever came of the export: the device may lack what an earlier one has left.
     (void)exchange::runCarrier(exchange::ExportCarrier);
+}
+
+void mnuImporttXml_Click()
+{
+    if (!exchange::runCarrier(exchange::ImportCarrier))
+        return;
+    if (importFiles())
+        base::showMessage(u"Import process Succesfully completed"_s);
 }

@@ -7,3 +7,6 @@ void ShowExportXml();
 /// The menu entry "Export To Windows Mobile": exports, and starts the program that carries the file
 /// to the device.
 void mnuExportXml_Click();
+/// The menu entry "Import From Windows Mobile": starts the program that fetches the device's files,
+/// and imports them.
+void mnuImporttXml_Click();

@@ -6,7 +6,9 @@
 #include <QDialog>
 #include <QLabel>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QVBoxLayout>
+#include <functional>
 
 namespace input {
 namespace {
@@ -19,7 +21,13 @@ class StepWindow : public QDialog
 {
 public:
     using QDialog::QDialog;
-    void reject() override {}
+    std::function<void()> cancel;
+
+    void reject() override
+    {
+        if (cancel)
+            cancel();
+    }
 };
 
 } // namespace
@@ -52,12 +60,19 @@ base::Progress ProgressBox::progress()
     return [this](int done, int all) { tell(done, all); };
 }
 
+void ProgressBox::offerCancel(const QString &caption)
+{
+    m_cancelCaption = caption;
+}
+
 void ProgressBox::open()
 {
     QWidget *owner =
         m_parent && m_parent->isVisible() ? m_parent->window() : QApplication::activeWindow();
-    m_window = std::make_unique<StepWindow>(owner, Qt::Dialog | Qt::CustomizeWindowHint |
-                                                       Qt::WindowTitleHint);
+    auto window = std::make_unique<StepWindow>(owner, Qt::Dialog | Qt::CustomizeWindowHint |
+                                                          Qt::WindowTitleHint);
+    StepWindow &step = *window;
+    m_window = std::move(window);
     m_window->setObjectName(QStringLiteral("progressBox"));
     m_window->setWindowTitle(owner ? owner->windowTitle() : QString());
     m_window->setWindowModality(Qt::ApplicationModal);
@@ -68,6 +83,16 @@ void ProgressBox::open()
     m_bar->setMinimumWidth(BarWidth);
     m_bar->setAccessibleName(m_text);
     column->addWidget(m_bar);
+    if (!m_cancelCaption.isEmpty()) {
+        auto *button = new QPushButton(m_cancelCaption, m_window.get());
+        button->setObjectName(QStringLiteral("cmdCancel"));
+        step.cancel = [this, button] {
+            m_cancelled = true;
+            button->setEnabled(false);
+        };
+        QObject::connect(button, &QPushButton::clicked, &step, step.cancel);
+        column->addWidget(button, 0, Qt::AlignRight);
+    }
     m_window->show();
 }
 

@@ -32,6 +32,10 @@ public:
     void tell(int done, int all);
     /// tell() as what long steps take; holds as long as the box.
     [[nodiscard]] base::Progress progress();
+    /// Lets the user ask the step to end, by a button of that caption or Escape. The step looks at
+    /// wasCancelled() and decides.
+    void offerCancel(const QString &caption = QStringLiteral("Cancel"));
+    [[nodiscard]] bool wasCancelled() const { return m_cancelled; }
     [[nodiscard]] bool isShown() const { return m_window != nullptr; }
 
 private:
@@ -43,6 +47,8 @@ private:
     qint64 m_next; ///< milliseconds of the clock before which nothing is shown anew
     std::unique_ptr<QDialog> m_window;
     QProgressBar *m_bar = nullptr;
+    QString m_cancelCaption; ///< empty when the step can't be ended
+    bool m_cancelled = false;
 };
 
 } // namespace input

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -28,4 +29,24 @@ TEST(ProgressBox, ComesUpOnlyWhenALongStepTellsOfItself)
         EXPECT_TRUE(window->isVisible()) << "the step goes on";
     }
     EXPECT_EQ(screen.findChild<QDialog *>(), nullptr);
+}
+
+TEST(ProgressBox, AsksTheStepToEndWhereThatIsOffered)
+{
+    for (const bool byKey : {false, true}) {
+        input::ProgressBox box(u"Working..."_s, nullptr, 0ms);
+        box.offerCancel();
+        box.tell(1, 4);
+        auto *window = QApplication::activeModalWidget();
+        ASSERT_NE(window, nullptr);
+        auto *button = window->findChild<QPushButton *>(u"cmdCancel"_s);
+        ASSERT_NE(button, nullptr);
+        EXPECT_FALSE(box.wasCancelled());
+        if (byKey)
+            QTest::keyClick(window, Qt::Key_Escape);
+        else
+            QTest::mouseClick(button, Qt::LeftButton);
+        EXPECT_TRUE(box.wasCancelled());
+        EXPECT_TRUE(window->isVisible()) << "the step is still at work";
+    }
 }

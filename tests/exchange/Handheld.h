@@ -1,0 +1,123 @@
+#pragma once
+
+#include "platform/base/Prompts.h"
+#include "support/TestFiles.h"
+#include "workorders/Workshop.h"
+
+#include <QDir>
+
+namespace test {
+
+/// An element of the handheld's files. The children's names mean nothing.
+inline QByteArray command(const char *kind, const QStringList &values)
+{
+    QString text = QStringLiteral("<%1>").arg(QLatin1StringView(kind));
+    for (const QString &value : values)
+        text += QStringLiteral("<v>%1</v>").arg(value.toHtmlEscaped());
+    return (text + QStringLiteral("</%1>").arg(QLatin1StringView(kind))).toUtf8();
+}
+
+/// Answers every box as it likes and keeps the texts.
+class PatientUser final : public base::Prompts
+{
+public:
+    Answer show(const Message &message) override
+    {
+        told += message.text + u'\n';
+        return Answer::Ok;
+    }
+    std::optional<QString> input(const QString &, const QString &, const QString &) override
+    {
+        return {};
+    }
+    QString chooseFolder(const QString &) override { return {}; }
+    QString chooseFile(const QString &, const QStringList &) override { return {}; }
+    QString chooseSaveFile(const QString &, const QStringList &, const QString &) override
+    {
+        return {};
+    }
+
+    QString told;
+
+private:
+    base::ScopedPrompts m_scope{*this};
+};
+
+/// A workshop with the folder in which the handheld's files wait.
+class Handheld : public Workshop
+{
+protected:
+    Handheld()
+    {
+        settings::registry().setValue(settings::ProductKey, QStringLiteral("Path"),
+                                      environment.folder() + QStringLiteral("/sync\\"));
+        EXPECT_TRUE(QDir().mkpath(folder()));
+        mark();
+    }
+
+    [[nodiscard]] QString folder() const
+    {
+        return environment.folder() + QStringLiteral("/sync/Xml_IN");
+    }
+    [[nodiscard]] QString path(const QString &name) const { return folder() + u'/' + name; }
+    void mark() const { writeFile(path(QStringLiteral("done.txt")), {}); }
+    void send(const QString &name, const QByteArray &commands) const
+    {
+        writeFile(path(name), "<anything>" + commands + "</anything>");
+    }
+    [[nodiscard]] QString files() const
+    {
+        return QDir(folder()).entryList(QDir::Files | QDir::Hidden, QDir::Name).join(u' ');
+    }
+    /// All that a handheld may change, as text.
+    static QString everythingSent()
+    {
+        QString text = everything();
+        for (const QString &table :
+             {QStringLiteral("tblEquipment"), QStringLiteral("tblEquipmentScan"),
+              QStringLiteral("tblEquipmentCrewHistory"), QStringLiteral("tblUser"),
+              QStringLiteral("tblSysOption"), QStringLiteral("tblCrew")})
+            text += found(QStringLiteral("Select * from ") + table) + u'\n';
+        return text;
+    }
+
+    static QByteArray newOrder(const QString &id, const QString &machine = QStringLiteral("1"))
+    {
+        return command("NewWorkOrder", {id, QStringLiteral("unread"), QStringLiteral("3/14/2024"),
+                                        machine, QStringLiteral("03-13-2024")});
+    }
+    static QStringList serviceValues(const QString &id, const QString &order)
+    {
+        return {id,
+                QStringLiteral("1"),
+                QStringLiteral("44"),
+                order,
+                QStringLiteral("Joe's blades"),
+                QStringLiteral("1"),
+                QStringLiteral("0"),
+                QStringLiteral("08:05"),
+                QStringLiteral("09:35"),
+                QStringLiteral("it's \"done\" & dusted; drop table tblPart"),
+                QStringLiteral("1.5"),
+                QStringLiteral("H"),
+                QStringLiteral("510"),
+                QStringLiteral("1:30"),
+                QStringLiteral("12"),
+                QStringLiteral("20.25"),
+                QStringLiteral("3"),
+                QStringLiteral("2"),
+                QStringLiteral("3/20/2024")};
+    }
+    static QByteArray newService(const QString &id, const QString &order)
+    {
+        return command("NewService", serviceValues(id, order));
+    }
+    static QByteArray newPart(const QString &line, const QString &part = QStringLiteral("P-1"))
+    {
+        return command("NewServicePart",
+                       {line, part, QStringLiteral("2"), QStringLiteral("3.75"),
+                        QStringLiteral("True"), QStringLiteral("1.5")});
+    }
+};
+
+} // namespace test

@@ -1,0 +1,573 @@
+#include "exchange/Import.h"
+
+#include "core/Session.h"
+#include "exchange/IdMap.h"
+#include "exchange/Handheld.h"
+#include "platform/base/Error.h"
+#include "platform/base/Trapped.h"
+#include "support/ScriptedPrompts.h"
+
+#include <QLockFile>
+
+#include <unistd.h>
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using Icon = base::Prompts::Icon;
+using exchange::Importdata;
+using test::command;
+
+const QString InProcess =
+    u"Service is in-proccess for this equipment service can't be rescheduled."_s;
+
+class Import : public test::Handheld
+{
+protected:
+    /// Expects that a run fails, is reported with a text, changes nothing and keeps the files.
+    void expectFailure(const QString &told, const std::string &which = {})
+    {
+        const QString before = everythingSent();
+        const QString filesBefore = files();
+        EXPECT_FALSE(Importdata()) << which;
+        const auto reports = errors.take();
+        ASSERT_EQ(reports.size(), 1u) << which;
+        EXPECT_EQ(reports[0].ModuleName, u"frmMainScreen");
+        EXPECT_EQ(reports[0].ProcedureName, u"Importdata");
+        EXPECT_TRUE(reports[0].ErrDescription.contains(told))
+            << which << ": " << reports[0].ErrDescription.toStdString();
+        EXPECT_EQ(everythingSent(), before) << which;
+        EXPECT_EQ(files(), filesBefore) << which;
+        EXPECT_FALSE(gbInTransaction) << which;
+    }
+    /// The same for a file that holds one command.
+    void expectRefused(const QByteArray &sent, const QString &told)
+    {
+        send(u"Sy1.xml"_s, sent);
+        expectFailure(told, sent.toStdString());
+    }
+    /// Runs a file that holds these commands.
+    void expectImported(const QByteArray &sent)
+    {
+        send(u"Sy1.xml"_s, sent);
+        EXPECT_TRUE(Importdata()) << sent.toStdString();
+        EXPECT_EQ(files(), QString());
+    }
+};
+
+TEST_F(Import, MakesOrdersServicesAndPartsOfTheHandheldUnderTheOfficesNumbers)
+{
+    part(u"P-1"_s, 10);
+    const qint64 office = order();
+    const qint64 line = orderService(office);
+    // Out of order in the file: each kind comes before those that refer to it.
+    send(u"Sy1.xml"_s, newPart(u"s1"_s) + newPart(QString::number(line), u"it's"_s) +
+                           newPart(u"999"_s) + newService(u"S1"_s, u"w-1"_s) + newOrder(u"W-1"_s));
+    send(u"Sy2.xml"_s, newService(u"S2"_s, u"W-1"_s) +
+                           newService(u"S3"_s, QString::number(office)) +
+                           newService(u"S4"_s, u"77"_s));
+    ASSERT_TRUE(Importdata());
+
+    const qint64 made = value(u"Select max(WorkorderNo) from tblWorkorder"_s).toLongLong();
+    EXPECT_EQ(found(u"Select EquipmentID, Printed, Complete, CompletedDate, WoDate from "
+                    "tblWorkorder where WorkorderNo = ?"_s,
+                    {made}),
+              u"1|0|-1|3/14/2024|3/13/2024");
+    EXPECT_EQ(found(u"Select WorkorderNo, ServiceUsedID, EquipmentID, ServiceID, Name, Completed, "
+                    "Skip, StartTime, EndTime, [Note], LaborEstimate, Period, CountValue, Workhrs, "
+                    "JobNo, CostEstimate, CostCenterID, CrewID, NextScheduledDate from "
+                    "tblWoServiceUsed where NServiceUsedID = ?"_s,
+                    {line + 1}),
+              QString::number(made) +
+                  u"|0|1|44|Joe's blades|-1|0|08:05|09:35|it's \"done\" & dusted; drop table "
+                  "tblPart|1.5|H|510|1:30|12|20.25|3|2|3/20/2024"_s);
+    EXPECT_EQ(found(u"Select WorkorderNo from tblWoServiceUsed where NServiceUsedID > ? order by "
+                    "NServiceUsedID"_s,
+                    {line + 1}),
+              u"%1\n%2\n77"_s.arg(made).arg(office));
+    EXPECT_EQ(found(u"Select ServiceUsedID, PartID, QuantityRequired, Price, Used, QuantityUsed "
+                    "from tblWoPartUsed"_s),
+              u"%1|P-1|2|3.75|-1|1.5\n%2|it's|2|3.75|-1|1.5\n999|P-1|2|3.75|-1|1.5"_s.arg(line + 1)
+                  .arg(line));
+    EXPECT_EQ(value(u"Select Quantity from tblPart"_s), 10) << "the stock is the posting's";
+    EXPECT_EQ(found(u"Select * from tblWotemp where strname = 'W'"_s), u"W|W-1|%1"_s.arg(made));
+    EXPECT_EQ(files(), QString());
+}
+
+TEST_F(Import, ForgetsTheHandheldsIdsFromOneRunToTheNext)
+{
+    expectImported(newOrder(u"W1"_s));
+    test::ScriptedPrompts prompts;
+    prompts.expect(u"No files found for importing data"_s, Icon::None);
+    prompts.expect(u"Problem In adding workorder service(Workorderno not found)"_s,
+                   Icon::Information);
+    send(u"Sy1.xml"_s, newService(u"S1"_s, u"W1"_s));
+    EXPECT_FALSE(Importdata());
+}
+
+TEST_F(Import, TakesTheSecondOrderOfAnIdAsAChangeOfTheFirst)
+{
+    machine(2, u"M2"_s);
+    expectImported(newOrder(u"W1"_s) + newOrder(u"W1"_s, u"2"_s));
+    EXPECT_EQ(found(u"Select EquipmentID, Complete from tblWorkorder"_s), u"2|-1");
+}
+
+TEST_F(Import, EndsAtAServiceThatCannotBePlacedAndChangesNothing)
+{
+    const struct
+    {
+        QByteArray sent;
+        const char16_t *told;
+    } rows[] = {
+        {newService(u"S1"_s, u"W1"_s),
+         u"Problem In adding workorder service(Workorderno not found)"},
+        {newService(u"S1"_s, u"5"_s) + newService(u"s1"_s, u"5"_s),
+         u"Problem In adding workorder service(duplicate service find.)"},
+        {newOrder(u"W234567890123456"_s), u"Problem In adding workorder"},
+        {newService(u"S234567890123456"_s, u"5"_s), u"Problem In adding workorder service"},
+    };
+    for (const auto &[sent, told] : rows) {
+        send(u"Sy1.xml"_s, newOrder(u"W9"_s) + sent);
+        const QString before = everythingSent();
+        test::ScriptedPrompts prompts;
+        prompts.expect(QString::fromUtf16(told), Icon::Information);
+        prompts.meanwhile([] { EXPECT_TRUE(gbInTransaction) << "it is undone afterwards"; });
+        EXPECT_FALSE(Importdata());
+        EXPECT_FALSE(gbInTransaction);
+        EXPECT_EQ(everythingSent(), before);
+        EXPECT_EQ(files(), u"Sy1.xml done.txt");
+        EXPECT_EQ(value(u"Select Count(*) from tblWotemp"_s), 0);
+    }
+}
+
+TEST_F(Import, UpdatesOneColumnOfARowByItsKey)
+{
+    part(u"it's"_s, 10);
+    part(u"12"_s, 1);
+    const qint64 number = order();
+    const QString key = QString::number(number);
+    const qint64 line = orderService(number, {{u"ServiceID"_s, 44}});
+    const QString lineKey = QString::number(line);
+    const struct
+    {
+        const char *kind;
+        QStringList values;
+        QString query;
+        const char16_t *after;
+    } rows[] = {
+        {"Record",
+         {u"TBLWORKORDER"_s, u"workorderno"_s, key, u"N"_s, u"CompletedDate"_s, u"D"_s,
+          u"3/9/2024 2:05:00 PM"_s},
+         u"Select CompletedDate from tblWorkorder"_s,
+         u"3/9/2024 2:05:00 PM"},
+        {"Record",
+         {u"tblWoServiceUsed"_s, u"[NServiceUsedID]"_s, lineKey, u"N"_s, u"[Note]"_s, u"T"_s,
+          u"Joe's"_s},
+         u"Select [Note] from tblWoServiceUsed"_s,
+         u"Joe's"},
+        {"Record",
+         {u"tblPart"_s, u"PartID"_s, u"12"_s, u"N"_s, u"Bin"_s, u"C"_s, u"7"_s},
+         u"Select Bin from tblPart where PartID = '12'"_s,
+         u"7"},
+        {"Record",
+         {u"tblPart"_s, u"PartID"_s, u"it''s"_s, u"C"_s, u"Inactive"_s, u"N"_s, u"True"_s},
+         u"Select Inactive from tblPart where Quantity = 10"_s,
+         u"-1"},
+        {"Record",
+         {u"tblPart"_s, u"PartID"_s, u"12"_s, u"C"_s, u"Notes"_s, u"N"_s, u"Null"_s},
+         u"Select Notes from tblPart where PartID = '12'"_s,
+         u""},
+        {"RecordPart",
+         {u"tblPart"_s, u"PartID"_s, u"it's"_s, u"?"_s, u"Quantity"_s, u"?"_s, u"-2.5"_s},
+         u"Select Quantity from tblPart where PartID <> '12'"_s,
+         u"7.5"},
+        {"RecordTwoID",
+         {u"tblWoServiceUsed"_s, u"NServiceUsedID"_s, lineKey, u"N"_s, u"ServiceID"_s, u"44"_s,
+          u"N"_s, u"StartTime"_s, u"T"_s, u"07:00"_s},
+         u"Select StartTime from tblWoServiceUsed"_s,
+         u"07:00"},
+        {"RecordTwoID",
+         {u"tblWoServiceUsed"_s, u"NServiceUsedID"_s, lineKey, u"N"_s, u"ServiceID"_s, u"45"_s,
+          u"N"_s, u"StartTime"_s, u"T"_s, u"08:00"_s},
+         u"Select StartTime from tblWoServiceUsed"_s,
+         u"07:00"},
+        {"RecordTwoID",
+         {u"tblWoServiceUsed"_s, u"NServiceUsedID"_s, lineKey, u"N"_s, u"NextScheduledDate"_s,
+          u"3/10/2024"_s, u"D"_s, u"Completed"_s, u"N"_s, u"1"_s},
+         u"Select Completed from tblWoServiceUsed"_s,
+         u"-1"},
+        // Nobody knows that id, so there is nothing to change.
+        {"RecordTwoID",
+         {u"tblWoServiceUsed"_s, u"NServiceUsedID"_s, lineKey, u"T"_s, u"ServiceID"_s, u"44"_s,
+          u"N"_s, u"StartTime"_s, u"T"_s, u"09:00"_s},
+         u"Select StartTime from tblWoServiceUsed"_s,
+         u"07:00"},
+    };
+    for (const auto &[kind, values, query, after] : rows) {
+        mark();
+        expectImported(command(kind, values));
+        EXPECT_EQ(found(query), after) << query.toStdString();
+    }
+}
+
+TEST_F(Import, FindsALineOfTheHandheldByItsIdAndATextKey)
+{
+    for (const QString &type : {u"T"_s, u"C"_s}) {
+        mark();
+        expectImported(newOrder(u"W1"_s) + newService(u"S1"_s, u"W1"_s) + newPart(u"S1"_s, u"it's"_s) +
+                       command("RecordTwoID", {u"tblWoPartUsed"_s, u"ServiceUsedID"_s, u"S1"_s, type,
+                                               u"PartID"_s, u"it's"_s, type, u"QuantityUsed"_s,
+                                               u"N"_s, u"9"_s}));
+    }
+    EXPECT_EQ(found(u"Select QuantityUsed from tblWoPartUsed"_s), u"9\n9");
+}
+
+TEST_F(Import, MovesAMachineToACrewThatExists)
+{
+    const auto move = [](const QString &crew, const QString &description = u"South side"_s) {
+        return command("RecordCrew", {u"tblEquipment"_s, u"EquipmentID"_s, u"1"_s, u"?"_s,
+                                      u"CrewID"_s, u"?"_s, crew, u"2"_s, description});
+    };
+    expectImported(move(QString::number(crew2)) + move(u"99"_s));
+    EXPECT_EQ(value(u"Select CrewID from tblEquipment"_s), crew2);
+    EXPECT_EQ(found(u"Select * from tblEquipmentCrewHistory"_s), u"1|2|South side|3/15/2024");
+    mark();
+    expectRefused(move(QString::number(crew1), u"Joe's"_s), u"RecordCrew number 1"_s);
+}
+
+TEST_F(Import, StoresAScan)
+{
+    expectImported(
+        command("RecordScanEquipment", {u"Present"_s, u"3/14/2024 2:05:00 PM"_s, u"1"_s}));
+    EXPECT_EQ(found(u"Select EquipmentID, ScanTime, ScanStatus from tblEquipmentScan"_s),
+              u"1|3/14/2024 2:05:00 PM|Present");
+}
+
+TEST_F(Import, StoresReadingsAndGivesWaitingServicesTheirDates)
+{
+    machine(2, u"M2"_s);
+    const auto waiting = [&](int machine, const QString &period, int target) {
+        return service({{u"EquipmentID"_s, machine},
+                        {u"Period"_s, period},
+                        {u"NextScheduledCount"_s, target},
+                        {u"NextScheduledDate"_s, QVariant()}});
+    };
+    const qint64 reached = waiting(1, u"H"_s, 500);
+    const qint64 distant = waiting(1, u"H"_s, 501);
+    const qint64 busy = waiting(2, u"K"_s, 1);
+    orderService(order(), {{u"EquipmentID"_s, 2}, {u"Period"_s, u"K"_s}});
+    const auto reading = [](const QString &machine, const QString &type, const QString &count) {
+        return command("CountReading", {machine, u"3/12/2024"_s, type, count});
+    };
+    send(u"Count1.xml"_s, reading(u"1"_s, u"Hours"_s, u"500"_s) +
+                              reading(u"1"_s, u"Hours"_s, u"10"_s) + // not compared with others
+                              reading(u"2"_s, u"Kilometers"_s, u"7"_s) +
+                              reading(u"2"_s, u"Leagues"_s, u"8"_s) +
+                              command("Record", {u"tblUser"_s})); // no business of this file
+    send(u"count2.xml"_s, "nothing that is read");
+    test::ScriptedPrompts prompts;
+    // The unknown word goes by the letter of the one before.
+    prompts.expect(InProcess, Icon::None);
+    prompts.expect(InProcess, Icon::None);
+    ASSERT_TRUE(Importdata());
+    EXPECT_EQ(found(u"Select EquipmentID, CountType, CountValue from tblEquipmentCount"_s),
+              u"1|Hours|500\n1|Hours|10\n2|Kilometers|7\n2|Leagues|8");
+    EXPECT_EQ(value(u"Select ChangeDate from tblEquipmentCount"_s), day(3, 12));
+    const auto next = [](qint64 id) {
+        return value(u"Select NextScheduledDate from tblServiceUsed where ServiceUsedID = ?"_s, {id});
+    };
+    EXPECT_EQ(next(reached), day(3, 12));
+    EXPECT_TRUE(next(distant).isNull());
+    EXPECT_TRUE(next(busy).isNull());
+    EXPECT_EQ(files(), QString());
+}
+
+TEST_F(Import, TellsThatTheTransferDidNotEndAndGoesOn)
+{
+    const QString told = u"No files found for importing data"_s;
+    test::ScriptedPrompts prompts;
+    QFile::remove(path(u"done.txt"_s));
+    prompts.expect(told, Icon::None);
+    EXPECT_TRUE(Importdata()) << "an empty folder is imported";
+    send(u"Sy1.xml"_s, newOrder(u"W1"_s));
+    prompts.expect(told, Icon::None);
+    EXPECT_TRUE(Importdata());
+    EXPECT_EQ(count(u"tblWorkorder"_s), 1);
+    ASSERT_TRUE(QDir(folder()).removeRecursively());
+    prompts.expect(told, Icon::None);
+    EXPECT_FALSE(Importdata());
+    EXPECT_EQ(errors.takeOne().ErrNumber, base::ErrorNumber::PathNotFound);
+    settings::registry().setValue(settings::ProductKey, u"Path"_s, {});
+    prompts.expect(told, Icon::None);
+    EXPECT_FALSE(Importdata());
+    EXPECT_EQ(errors.takeOne().ErrNumber, base::ErrorNumber::PathNotFound);
+}
+
+TEST_F(Import, RefusesWhatWouldHaveBeenABrokenStatement)
+{
+    part(u"it's"_s, 1);
+    const auto changed = [](QStringList values, int position, const QString &value) {
+        values[position] = value;
+        return values;
+    };
+    const QStringList record{u"tblPart"_s,  u"PartID"_s, u"a"_s, u"C"_s,
+                             u"Quantity"_s, u"N"_s,      u"1"_s};
+    const QStringList two{u"tblPart"_s, u"PartID"_s, u"1"_s,        u"N"_s, u"Quantity"_s,
+                          u"1"_s,       u"N"_s,      u"Quantity"_s, u"N"_s, u"1"_s};
+    const struct
+    {
+        const char *kind;
+        QStringList values;
+        const char16_t *told;
+    } rows[] = {
+        {"Record", changed(record, 3, u"T"_s), u"\"T\" is no type"},
+        {"Record", changed(record, 3, u"c"_s), u"\"c\" is no type"},
+        {"Record", changed(record, 5, u"X"_s), u"\"X\" is no type"},
+        {"Record", changed(record, 2, u"it's"_s), u"apostrophe"},
+        {"Record", changed(record, 6, u"1 + 1"_s), u"is no number"},
+        {"Record", changed(record, 6, u""_s), u"is no number"},
+        {"Record", changed(changed(record, 5, u"D"_s), 6, u""_s), u"is no date"},
+        {"Record", changed(changed(record, 5, u"T"_s), 6, u"many"_s), u"many"},
+        {"Record", changed(record, 0, u"tblNone"_s), u"is no table"},
+        {"Record", changed(record, 4, u"Nothing"_s), u"is no column of tblPart"},
+        {"Record", changed(record, 1, u"PartID = PartID or PartID"_s), u"is no column of tblPart"},
+        {"Record", record.first(6), u"Record number 1: position 6 is missing, there are 6"},
+        {"RecordTwoID", changed(two, 3, u"D"_s), u"\"D\" is no type"},
+        {"RecordTwoID", changed(two, 6, u"?"_s), u"\"?\" is no type"},
+        {"RecordTwoID", changed(two, 8, u"?"_s), u"\"?\" is no type"},
+        {"RecordPart", changed(record, 6, u"some"_s), u"is no number"},
+        {"NewWorkOrder", {u"W'1"_s, u""_s, u"3/1/2024"_s, u"1"_s, u"3/1/2024"_s}, u"apostrophe"},
+        {"NewWorkOrder", {u"W1"_s, u""_s, u"3/41/2024"_s, u"1"_s, u"3/1/2024"_s}, u"is no date"},
+        {"NewService", changed(serviceValues(u"S"_s, u"1"_s), 7, u"8'"_s), u"apostrophe"},
+        {"NewService", changed(serviceValues(u"S"_s, u"1"_s), 12, u""_s), u"Data type mismatch"},
+        {"NewService", changed(serviceValues(u"S"_s, u"1"_s), 11, u"HH"_s), u"NewService number 1"},
+        {"RecordScanEquipment", {u"it's"_s, u"3/1/2024"_s, u"1"_s}, u"apostrophe"},
+        {"RecordScanEquipment", {u"x"_s, u"soon"_s, u"1"_s}, u"soon"},
+        {"RecordCrew",
+         {u"tblEquipment"_s, u"EquipmentID"_s, u"1"_s, u""_s, u"CrewID"_s, u""_s, u"one"_s},
+         u"is no number"},
+    };
+    for (const auto &[kind, values, told] : rows)
+        expectRefused(newOrder(u"W9"_s) + command(kind, values), QString::fromUtf16(told));
+    QFile::remove(path(u"Sy1.xml"_s));
+    for (const QStringList &values :
+         {QStringList{u"1"_s, u"3/1/2024"_s, u"Hours"_s, u"many"_s},
+          QStringList{u"1"_s, u"3/1/2024"_s, u"Hou'rs"_s, u"1"_s},
+          QStringList{u"1"_s, u"3/1/2024"_s, u"Hours"_s, u"99999999999"_s},
+          QStringList{u"1 or 1"_s, u"3/1/2024"_s, u"Hours"_s, u"1"_s}}) {
+        send(u"Count1.xml"_s, command("CountReading", values));
+        expectFailure(u"Count1.xml, CountReading number 1"_s);
+    }
+}
+
+TEST_F(Import, NeverWritesTheTablesOfUsersOptionsAndTheProgram)
+{
+    for (const QString &table :
+         {u"tblUser"_s, u"[TBLUSER]"_s, u"tblSysOption"_s, u"tblGridSetting"_s, u"tblErrorList"_s,
+          u"tblTableFields"_s, u"tblTempServicePart"_s, u"tblWotemp"_s, u"RDB$RELATIONS"_s,
+          u"tblUser set EqAdd = 1 --"_s, u"tblPart, tblUser"_s}) {
+        expectRefused(command("Record", {table, u"EmployeeID"_s, u"1"_s, u"N"_s, u"EqAdd"_s,
+                                         u"N"_s, u"1"_s}),
+                      u"is no table that a handheld may write"_s);
+    }
+    expectRefused(command("Record", {u"tblWorkorder"_s, u"WorkorderNo"_s, u"1"_s, u"N"_s,
+                                     u"WorkorderNo"_s, u"N"_s, u"9"_s}),
+                  u"gets its numbers from the database"_s);
+}
+
+/// Whatever stands in any position of any command: it is stored as a text or refused.
+TEST_F(Import, MakesNoStatementOfAnyValue)
+{
+    part(u"P-1"_s, 10);
+    part(u"P-2"_s, 20);
+    const QString id = QString::number(orderService(order()));
+    const QList<std::pair<const char *, QStringList>> commands{
+        {"NewWorkOrder", {u"W1"_s, u""_s, u"3/1/2024"_s, u"1"_s, u"3/1/2024"_s}},
+        {"NewService", serviceValues(u"S1"_s, u"1"_s)},
+        {"NewServicePart", {id, u"P-1"_s, u"1"_s, u"1"_s, u"1"_s, u"1"_s}},
+        {"RecordCrew",
+         {u"tblEquipment"_s, u"EquipmentID"_s, u"1"_s, u""_s, u"CrewID"_s, u""_s, u"1"_s, u"1"_s,
+          u"x"_s}},
+        {"RecordScanEquipment", {u"x"_s, u"3/1/2024"_s, u"1"_s}},
+        {"Record",
+         {u"tblPart"_s, u"PartID"_s, u"P-1"_s, u"C"_s, u"Notes"_s, u"T"_s, u"x"_s}},
+        {"RecordPart",
+         {u"tblPart"_s, u"PartID"_s, u"P-1"_s, u""_s, u"QtyMax"_s, u""_s, u"1"_s}},
+        {"RecordTwoID",
+         {u"tblWoServiceUsed"_s, u"NServiceUsedID"_s, id, u"N"_s, u"Name"_s, u"Oil change"_s,
+          u"C"_s, u"Note"_s, u"T"_s, u"x"_s}},
+    };
+    const QStringList hostile{u"' or '1'='1"_s, u"1 or 1=1"_s, u"x'; delete from tblPart; --"_s,
+                              u"(select max(Quantity) from tblPart)"_s,
+                              u"Quantity = 99, QtyMin"_s, u"\"x\" or \"\"=\"\""_s};
+    const auto untouched = [] {
+        return found(u"Select PartID, Quantity, Description from tblPart order by PartID"_s) +
+               found(u"Select UserName, [Password], EqAdd from tblUser"_s) +
+               QString::number(count(u"tblEquipment"_s));
+    };
+    const QString before = untouched();
+    const test::PatientUser user;
+    int refused = 0;
+    for (const auto &[kind, values] : commands) {
+        for (qsizetype position = 0; position < values.size(); ++position) {
+            for (const QString &value : hostile) {
+                QStringList sent = values;
+                sent[position] = value;
+                send(u"Sy1.xml"_s, command(kind, sent));
+                mark();
+                (void)Importdata();
+                refused += static_cast<int>(errors.take().size());
+                ASSERT_EQ(untouched(), before)
+                    << kind << ' ' << position << ' ' << value.toStdString();
+            }
+        }
+    }
+    EXPECT_GT(refused, 200);
+}
+
+TEST_F(Import, LeavesEverythingAsItWasWhicheverStatementFails)
+{
+    part(u"P-1"_s, 1);
+    send(u"Sy1.xml"_s, newOrder(u"W1"_s) + newService(u"S1"_s, u"W1"_s) + newPart(u"S1"_s) +
+                           command("RecordPart", {u"tblPart"_s, u"PartID"_s, u"P-1"_s, u""_s,
+                                                  u"Quantity"_s, u""_s, u"5"_s}));
+    send(u"Count1.xml"_s, command("CountReading", {u"1"_s, u"3/1/2024"_s, u"Hours"_s, u"7"_s}));
+    exchange::IdMap::prepare();
+    int tries = 0;
+    test::PatientUser user;
+    const int failures = failAtEachStatement([&] {
+        ++tries;
+        const bool done = Importdata();
+        // An id that can't be recorded is told in a box instead of being reported.
+        if (!std::exchange(user.told, {}).isEmpty())
+            base::reportError("frmMainScreen", "Importdata", 5, u"told"_s);
+        EXPECT_TRUE(done || files() == u"Count1.xml Sy1.xml done.txt");
+        return done;
+    });
+    EXPECT_GT(failures, 8);
+    EXPECT_EQ(tries, failures + 1);
+    EXPECT_EQ(value(u"Select Quantity from tblPart"_s), 6);
+    EXPECT_EQ(files(), QString());
+}
+
+TEST_F(Import, KeepsAsideWhatIsNoXmlAndImportsTheRest)
+{
+    QByteArray deep = "<a>";
+    for (int level = 0; level < 100'000; ++level)
+        deep += "<v>";
+    const struct
+    {
+        const char *name;
+        QByteArray content;
+    } rows[] = {
+        {"Sy1.xml", "this is no XML"},
+        {"Sy2.xml", ""},
+        {"Sy3.xml", "<a>" + newOrder(u"W3"_s) + "<NewWorkOrder><v>W"},
+        {"Sy4.xml", "<?xml version=\"1.0\" encoding=\"UTF-8\"?><a>" + newOrder(u"W4"_s) +
+                        "<v>\xe9\xe9</v></a>"},
+        {"Sy5.xml", deep},
+        {"Sy6.xml", "<!DOCTYPE a [<!ENTITY a \"aaaaaaaaaa\"><!ENTITY b "
+                    "\"&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;\"><!ENTITY c "
+                    "\"&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;\"><!ENTITY d "
+                    "\"&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;\"><!ENTITY e "
+                    "\"&d;&d;&d;&d;&d;&d;&d;&d;&d;&d;\">]><a>&e;&e;</a>"},
+    };
+    for (const auto &[name, content] : rows)
+        test::writeFile(path(QString::fromLatin1(name)), content);
+    send(u"Sy9.xml"_s, newOrder(u"W9"_s));
+    const test::PatientUser user;
+    ASSERT_TRUE(Importdata());
+    EXPECT_EQ(count(u"tblWorkorder"_s), 1);
+    EXPECT_EQ(files(), QString());
+    for (const auto &[name, content] : rows) {
+        EXPECT_TRUE(user.told.contains(QLatin1StringView(name) + ": "_L1)) << name;
+        EXPECT_EQ(test::readFile(folder() + u"_unread/"_s + QLatin1StringView(name)), content);
+    }
+    test::writeFile(path(u"Sy1.xml"_s), "another one");
+    mark();
+    ASSERT_TRUE(Importdata());
+    EXPECT_EQ(test::readFile(folder() + u"_unread/Sy1.xml (2)"_s), "another one");
+}
+
+TEST_F(Import, RefusesAFileTooLargeForAHandheld)
+{
+    QFile file(path(u"Sy1.xml"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(file.resize(200 << 20));
+    file.close();
+    send(u"Count1.xml"_s, command("CountReading", {u"1"_s, u"3/1/2024"_s, u"Hours"_s, u"7"_s}));
+    expectFailure(u"too large"_s);
+}
+
+TEST_F(Import, LeavesAFileThatComesOrChangesMeanwhileForTheNextRun)
+{
+    send(u"Sy1.xml"_s, newOrder(u"W1"_s));
+    send(u"Sy2.xml"_s, newOrder(u"W2"_s));
+    send(u"other.dat"_s, "is deleted unread");
+    ASSERT_TRUE(Importdata([&](int done, int all) {
+        EXPECT_EQ(all, 2);
+        if (done == 0)
+            send(u"Sy3.xml"_s, newOrder(u"W3"_s));
+        else
+            send(u"Sy2.xml"_s, newOrder(u"W4"_s));
+    }));
+    EXPECT_EQ(files(), u"Sy2.xml Sy3.xml");
+    EXPECT_EQ(count(u"tblWorkorder"_s), 2);
+}
+
+TEST_F(Import, CanBeCancelledAtAnyCommand)
+{
+    send(u"Sy1.xml"_s, newOrder(u"W1"_s) + newOrder(u"W2"_s));
+    const QString before = everythingSent();
+    EXPECT_FALSE(Importdata([](int done, int) {
+        if (done == 1)
+            throw exchange::Cancelled();
+    }));
+    EXPECT_EQ(everythingSent(), before);
+    EXPECT_EQ(files(), u"Sy1.xml done.txt");
+    EXPECT_FALSE(gbInTransaction);
+}
+
+TEST_F(Import, WaitsForNoOtherWorkstation)
+{
+    send(u"Sy1.xml"_s, newOrder(u"W1"_s));
+    {
+        QLockFile other(folder() + u".lock"_s);
+        ASSERT_TRUE(other.tryLock());
+        test::ScriptedPrompts prompts;
+        prompts.expect(u"Another workstation is importing these files. Please try again when it has "
+                       "ended."_s,
+                       Icon::None);
+        EXPECT_FALSE(Importdata());
+    }
+    EXPECT_TRUE(Importdata());
+}
+
+TEST_F(Import, KeepsItsNumbersApartFromAnotherWorkstations)
+{
+    // The other one's device counts from 1 as well, and is committed in the midst of this run.
+    const auto other = database.open();
+    send(u"Sy1.xml"_s, newOrder(u"W1"_s) + newService(u"S1"_s, u"W1"_s));
+    ASSERT_TRUE(Importdata([&](int done, int) {
+        if (done == 1) {
+            other->Insert(u"Insert into tblWorkorder(EquipmentID) values(1)"_s, {},
+                          u"WorkorderNo"_s);
+            other->Execute(u"Insert into tblWotemp(strname,strid,strno) values('S','S1','5')"_s);
+            other->Execute(u"Insert into tblWotemp(strname,strid,strno) values('W','W1','2')"_s);
+        }
+    }));
+    EXPECT_EQ(found(u"Select WorkorderNo from tblWoServiceUsed"_s), u"1");
+}
+
+TEST_F(Import, IsRefusedWhereFilesCannotBeDeleted)
+{
+    if (geteuid() == 0)
+        GTEST_SKIP() << "nothing is refused to root";
+    send(u"Sy1.xml"_s, newOrder(u"W1"_s));
+    QFile::setPermissions(folder(), QFileDevice::ReadOwner | QFileDevice::ExeOwner);
+    expectFailure(u"nothing was imported"_s);
+    QFile::setPermissions(folder(), QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                                        QFileDevice::ExeOwner);
+}
+
+} // namespace
