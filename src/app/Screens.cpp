@@ -88,6 +88,7 @@ void joinExchange(Openings &all)
 {
     all.join(u"mnuExportXml"_s, mnuExportXml_Click);
     all.join(u"mnuImporttXml"_s, mnuImporttXml_Click);
+    all.join(u"ShowImportXmlDetails"_s, ShowImportXmlDetails);
 }
 
 } // namespace

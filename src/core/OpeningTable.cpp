@@ -227,6 +227,8 @@ constexpr std::array table{
     // The papers of the work itself: whoever may print or post orders prints these.
     inner("ShowWorkorderReport"),
     inner("ShowWorkorderHistoryReport"),
+    // Offered by no screen: support opens it where a handheld's own files are to be seen.
+    inner("ShowImportXmlDetails"),
 };
 // clang-format on
 

@@ -100,9 +100,9 @@ private:
 const QString &Command::at(int position) const
 {
     if (position >= values.size())
-        throw base::Error(base::ErrorNumber::NoSuchItem,
-                          u"position %1 is missing, there are %2"_s.arg(position).arg(
-                              values.size()));
+        throw base::Error(
+            base::ErrorNumber::NoSuchItem,
+            u"position %1 is missing, there are %2"_s.arg(position).arg(values.size()));
     return values[position];
 }
 

@@ -263,9 +263,8 @@ std::span<const Kind> readingKinds()
 
 std::span<const Kind> olderWorkKinds()
 {
-    static constexpr Kind kinds[] = {{u"Record", olderRecord},
-                                     {u"RecordPart", recordPart},
-                                     {u"RecordTwoID", olderRecordTwoID}};
+    static constexpr Kind kinds[] = {
+        {u"Record", olderRecord}, {u"RecordPart", recordPart}, {u"RecordTwoID", olderRecordTwoID}};
     return kinds;
 }
 

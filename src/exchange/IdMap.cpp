@@ -59,9 +59,9 @@ qint64 IdMap::IsIDExist(Kind kind, const QString &handheldId) const
 bool IdMap::record(Kind kind, const QString &handheldId, qint64 number)
 {
     try {
-        dataConnection().Execute(u"insert into tblWotemp(strname,strid,strno) values(?,?,?)"_s,
-                                 {letter(kind), spliced::quoted(handheldId.trimmed()),
-                                  QString::number(number)});
+        dataConnection().Execute(
+            u"insert into tblWotemp(strname,strid,strno) values(?,?,?)"_s,
+            {letter(kind), spliced::quoted(handheldId.trimmed()), QString::number(number)});
     } catch (const db::DbError &error) {
         qWarning("tblWotemp: %s", error.what());
         return false;

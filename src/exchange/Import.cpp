@@ -67,10 +67,9 @@ void apply(const commands::Kind &kind, const Command &command, const QString &fi
     try {
         kind.apply(command, run);
     } catch (const base::Error &error) {
-        throw base::Error(error.number(),
-                          u"%1, %2 number %3: %4"_s.arg(file, command.kind)
-                              .arg(command.number)
-                              .arg(error.description()));
+        throw base::Error(error.number(), u"%1, %2 number %3: %4"_s.arg(file, command.kind)
+                                              .arg(command.number)
+                                              .arg(error.description()));
     }
 }
 
@@ -152,25 +151,25 @@ bool Importdata(const base::Progress &progress)
 {
     const QString place = GetRegistryValue(u"Path"_s);
     return runImport({.module = "frmMainScreen",
-                   .folder = place.isEmpty() ? QString() : systemPath(place + u"Xml_IN"_s),
-                   .unmarked = u"No files found for importing data"_s,
-                   .workPrefix = u"Sy"_s,
-                   .work = commands::workKinds(),
-                   .readings = commands::readingKinds(),
-                   .usesIds = true},
-                  progress);
+                      .folder = place.isEmpty() ? QString() : systemPath(place + u"Xml_IN"_s),
+                      .unmarked = u"No files found for importing data"_s,
+                      .workPrefix = u"Sy"_s,
+                      .work = commands::workKinds(),
+                      .readings = commands::readingKinds(),
+                      .usesIds = true},
+                     progress);
 }
 
 bool olderImportdata()
 {
     return runImport({.module = "frmImportXml",
-                   .folder = base::applicationPath(u"\\Development\\recive"_s),
-                   .unmarked = u"done.txt is not found"_s,
-                   .workPrefix = u"QV"_s,
-                   .work = commands::olderWorkKinds(),
-                   .readings = commands::olderReadingKinds(),
-                   .usesIds = false},
-                  {});
+                      .folder = base::applicationPath(u"\\Development\\recive"_s),
+                      .unmarked = u"done.txt is not found"_s,
+                      .workPrefix = u"QV"_s,
+                      .work = commands::olderWorkKinds(),
+                      .readings = commands::olderReadingKinds(),
+                      .usesIds = false},
+                     {});
 }
 
 } // namespace exchange

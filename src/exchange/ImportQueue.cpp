@@ -74,9 +74,8 @@ QList<ImportQueue::File> ImportQueue::read(const QStringList &prefixes)
               u"The files of this folder can't be read and deleted, so nothing was imported"_s,
               m_folder);
     QList<File> files;
-    for (const QString &name :
-         QDir(m_folder).entryList(QDir::Files | QDir::Hidden | QDir::System,
-                                  QDir::Name | QDir::IgnoreCase)) {
+    for (const QString &name : QDir(m_folder).entryList(QDir::Files | QDir::Hidden | QDir::System,
+                                                        QDir::Name | QDir::IgnoreCase)) {
         files.append({name, {}});
         m_files.append({name, {}});
         for (const QString &prefix : prefixes) {

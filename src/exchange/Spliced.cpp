@@ -15,10 +15,10 @@ using namespace Qt::StringLiterals;
 namespace exchange::spliced {
 namespace {
 
-/// What the program keeps for itself. No device has any business there, and who can send a file must
-/// not be able to make himself an administrator.
-constexpr QStringView OwnTables[] = {u"tblUser",        u"tblSysOption",   u"tblGridSetting",
-                                     u"tblErrorList",   u"tblTableFields", u"tblTempServicePart",
+/// What the program keeps for itself. No device has any business there, and who can send a file
+/// must not be able to make himself an administrator.
+constexpr QStringView OwnTables[] = {u"tblUser",      u"tblSysOption",   u"tblGridSetting",
+                                     u"tblErrorList", u"tblTableFields", u"tblTempServicePart",
                                      u"tblWotemp"};
 
 [[noreturn]] void raise(int number, const QString &piece, const QString &complaint)
@@ -40,9 +40,8 @@ const sql::Table &known(const QString &name)
 {
     const QString plain = withoutBrackets(name);
     const sql::Table *found = dataConnection().schema().find(plain);
-    const bool isOwn = std::ranges::any_of(OwnTables, [&](QStringView own) {
-        return plain.compare(own, Qt::CaseInsensitive) == 0;
-    });
+    const bool isOwn = std::ranges::any_of(
+        OwnTables, [&](QStringView own) { return plain.compare(own, Qt::CaseInsensitive) == 0; });
     if (!found || isOwn)
         raise(db::ErrorNumber::TableUnknown, name, u"is no table that a handheld may write"_s);
     return *found;

@@ -5,7 +5,8 @@
 
 /// What a handheld sends was once spliced into statements as it stood. Here each piece is read as
 /// what it would have meant in its place, and bound as a parameter: a piece that would have ended
-/// its literal, or is none, raises base::Error, so that no value ever becomes a part of a statement.
+/// its literal, or is none, raises base::Error, so that no value ever becomes a part of a
+/// statement.
 namespace exchange::spliced {
 
 /// A piece between apostrophes that are not doubled in it: pairs of them stand for one, a single

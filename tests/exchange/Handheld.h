@@ -24,6 +24,8 @@ public:
     Answer show(const Message &message) override
     {
         told += message.text + u'\n';
+        if (thinks)
+            thinks();
         return Answer::Ok;
     }
     std::optional<QString> input(const QString &, const QString &, const QString &) override
@@ -38,6 +40,7 @@ public:
     }
 
     QString told;
+    std::function<void()> thinks; ///< before each answer
 
 private:
     base::ScopedPrompts m_scope{*this};
@@ -114,9 +117,8 @@ protected:
     }
     static QByteArray newPart(const QString &line, const QString &part = QStringLiteral("P-1"))
     {
-        return command("NewServicePart",
-                       {line, part, QStringLiteral("2"), QStringLiteral("3.75"),
-                        QStringLiteral("True"), QStringLiteral("1.5")});
+        return command("NewServicePart", {line, part, QStringLiteral("2"), QStringLiteral("3.75"),
+                                          QStringLiteral("True"), QStringLiteral("1.5")});
     }
 };
 

@@ -1,8 +1,8 @@
 #include "exchange/Import.h"
 
 #include "core/Session.h"
-#include "exchange/IdMap.h"
 #include "exchange/Handheld.h"
+#include "exchange/IdMap.h"
 #include "platform/base/Error.h"
 #include "platform/base/Trapped.h"
 #include "support/ScriptedPrompts.h"
@@ -85,10 +85,11 @@ TEST_F(Import, MakesOrdersServicesAndPartsOfTheHandheldUnderTheOfficesNumbers)
                     "NServiceUsedID"_s,
                     {line + 1}),
               u"%1\n%2\n77"_s.arg(made).arg(office));
-    EXPECT_EQ(found(u"Select ServiceUsedID, PartID, QuantityRequired, Price, Used, QuantityUsed "
-                    "from tblWoPartUsed"_s),
-              u"%1|P-1|2|3.75|-1|1.5\n%2|it's|2|3.75|-1|1.5\n999|P-1|2|3.75|-1|1.5"_s.arg(line + 1)
-                  .arg(line));
+    EXPECT_EQ(
+        found(u"Select ServiceUsedID, PartID, QuantityRequired, Price, Used, QuantityUsed "
+              "from tblWoPartUsed"_s),
+        u"%1|P-1|2|3.75|-1|1.5\n%2|it's|2|3.75|-1|1.5\n999|P-1|2|3.75|-1|1.5"_s.arg(line + 1).arg(
+            line));
     EXPECT_EQ(value(u"Select Quantity from tblPart"_s), 10) << "the stock is the posting's";
     EXPECT_EQ(found(u"Select * from tblWotemp where strname = 'W'"_s), u"W|W-1|%1"_s.arg(made));
     EXPECT_EQ(files(), QString());
@@ -130,8 +131,8 @@ TEST_F(Import, EndsAtAServiceThatCannotBePlacedAndChangesNothing)
         send(u"Sy1.xml"_s, newOrder(u"W9"_s) + sent);
         const QString before = everythingSent();
         test::ScriptedPrompts prompts;
-        prompts.expect(QString::fromUtf16(told), Icon::Information);
         prompts.meanwhile([] { EXPECT_TRUE(gbInTransaction) << "it is undone afterwards"; });
+        prompts.expect(QString::fromUtf16(told), Icon::Information);
         EXPECT_FALSE(Importdata());
         EXPECT_FALSE(gbInTransaction);
         EXPECT_EQ(everythingSent(), before);
@@ -214,10 +215,11 @@ TEST_F(Import, FindsALineOfTheHandheldByItsIdAndATextKey)
 {
     for (const QString &type : {u"T"_s, u"C"_s}) {
         mark();
-        expectImported(newOrder(u"W1"_s) + newService(u"S1"_s, u"W1"_s) + newPart(u"S1"_s, u"it's"_s) +
-                       command("RecordTwoID", {u"tblWoPartUsed"_s, u"ServiceUsedID"_s, u"S1"_s, type,
-                                               u"PartID"_s, u"it's"_s, type, u"QuantityUsed"_s,
-                                               u"N"_s, u"9"_s}));
+        expectImported(newOrder(u"W1"_s) + newService(u"S1"_s, u"W1"_s) +
+                       newPart(u"S1"_s, u"it's"_s) +
+                       command("RecordTwoID",
+                               {u"tblWoPartUsed"_s, u"ServiceUsedID"_s, u"S1"_s, type, u"PartID"_s,
+                                u"it's"_s, type, u"QuantityUsed"_s, u"N"_s, u"9"_s}));
     }
     EXPECT_EQ(found(u"Select QuantityUsed from tblWoPartUsed"_s), u"9\n9");
 }
@@ -274,7 +276,8 @@ TEST_F(Import, StoresReadingsAndGivesWaitingServicesTheirDates)
               u"1|Hours|500\n1|Hours|10\n2|Kilometers|7\n2|Leagues|8");
     EXPECT_EQ(value(u"Select ChangeDate from tblEquipmentCount"_s), day(3, 12));
     const auto next = [](qint64 id) {
-        return value(u"Select NextScheduledDate from tblServiceUsed where ServiceUsedID = ?"_s, {id});
+        return value(u"Select NextScheduledDate from tblServiceUsed where ServiceUsedID = ?"_s,
+                     {id});
     };
     EXPECT_EQ(next(reached), day(3, 12));
     EXPECT_TRUE(next(distant).isNull());
@@ -366,9 +369,9 @@ TEST_F(Import, NeverWritesTheTablesOfUsersOptionsAndTheProgram)
          {u"tblUser"_s, u"[TBLUSER]"_s, u"tblSysOption"_s, u"tblGridSetting"_s, u"tblErrorList"_s,
           u"tblTableFields"_s, u"tblTempServicePart"_s, u"tblWotemp"_s, u"RDB$RELATIONS"_s,
           u"tblUser set EqAdd = 1 --"_s, u"tblPart, tblUser"_s}) {
-        expectRefused(command("Record", {table, u"EmployeeID"_s, u"1"_s, u"N"_s, u"EqAdd"_s,
-                                         u"N"_s, u"1"_s}),
-                      u"is no table that a handheld may write"_s);
+        expectRefused(
+            command("Record", {table, u"EmployeeID"_s, u"1"_s, u"N"_s, u"EqAdd"_s, u"N"_s, u"1"_s}),
+            u"is no table that a handheld may write"_s);
     }
     expectRefused(command("Record", {u"tblWorkorder"_s, u"WorkorderNo"_s, u"1"_s, u"N"_s,
                                      u"WorkorderNo"_s, u"N"_s, u"9"_s}),
@@ -389,17 +392,18 @@ TEST_F(Import, MakesNoStatementOfAnyValue)
          {u"tblEquipment"_s, u"EquipmentID"_s, u"1"_s, u""_s, u"CrewID"_s, u""_s, u"1"_s, u"1"_s,
           u"x"_s}},
         {"RecordScanEquipment", {u"x"_s, u"3/1/2024"_s, u"1"_s}},
-        {"Record",
-         {u"tblPart"_s, u"PartID"_s, u"P-1"_s, u"C"_s, u"Notes"_s, u"T"_s, u"x"_s}},
-        {"RecordPart",
-         {u"tblPart"_s, u"PartID"_s, u"P-1"_s, u""_s, u"QtyMax"_s, u""_s, u"1"_s}},
+        {"Record", {u"tblPart"_s, u"PartID"_s, u"P-1"_s, u"C"_s, u"Notes"_s, u"T"_s, u"x"_s}},
+        {"RecordPart", {u"tblPart"_s, u"PartID"_s, u"P-1"_s, u""_s, u"QtyMax"_s, u""_s, u"1"_s}},
         {"RecordTwoID",
          {u"tblWoServiceUsed"_s, u"NServiceUsedID"_s, id, u"N"_s, u"Name"_s, u"Oil change"_s,
           u"C"_s, u"Note"_s, u"T"_s, u"x"_s}},
     };
-    const QStringList hostile{u"' or '1'='1"_s, u"1 or 1=1"_s, u"x'; delete from tblPart; --"_s,
+    const QStringList hostile{u"' or '1'='1"_s,
+                              u"1 or 1=1"_s,
+                              u"x'; delete from tblPart; --"_s,
                               u"(select max(Quantity) from tblPart)"_s,
-                              u"Quantity = 99, QtyMin"_s, u"\"x\" or \"\"=\"\""_s};
+                              u"Quantity = 99, QtyMin"_s,
+                              u"\"x\" or \"\"=\"\""_s};
     const auto untouched = [] {
         return found(u"Select PartID, Quantity, Description from tblPart order by PartID"_s) +
                found(u"Select UserName, [Password], EqAdd from tblUser"_s) +
@@ -535,9 +539,10 @@ TEST_F(Import, WaitsForNoOtherWorkstation)
         QLockFile other(folder() + u".lock"_s);
         ASSERT_TRUE(other.tryLock());
         test::ScriptedPrompts prompts;
-        prompts.expect(u"Another workstation is importing these files. Please try again when it has "
-                       "ended."_s,
-                       Icon::None);
+        prompts.expect(
+            u"Another workstation is importing these files. Please try again when it has "
+            "ended."_s,
+            Icon::None);
         EXPECT_FALSE(Importdata());
     }
     EXPECT_TRUE(Importdata());
@@ -566,8 +571,8 @@ TEST_F(Import, IsRefusedWhereFilesCannotBeDeleted)
     send(u"Sy1.xml"_s, newOrder(u"W1"_s));
     QFile::setPermissions(folder(), QFileDevice::ReadOwner | QFileDevice::ExeOwner);
     expectFailure(u"nothing was imported"_s);
-    QFile::setPermissions(folder(), QFileDevice::ReadOwner | QFileDevice::WriteOwner |
-                                        QFileDevice::ExeOwner);
+    QFile::setPermissions(folder(),
+                          QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
 }
 
 } // namespace

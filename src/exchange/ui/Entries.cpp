@@ -3,6 +3,7 @@
 #include "exchange/Carrier.h"
 #include "exchange/Import.h"
 #include "exchange/ui/frmExportXml.h"
+#include "exchange/ui/frmImportXml.h"
 #include "platform/base/Prompts.h"
 #include "platform/input/ProgressBox.h"
 
@@ -44,4 +45,9 @@ void mnuImporttXml_Click()
         return;
     if (importFiles())
         base::showMessage(u"Import process Succesfully completed"_s);
+}
+
+void ShowImportXmlDetails()
+{
+    frmImportXml(QApplication::activeWindow()).showModal();
 }

@@ -10,3 +10,5 @@ void mnuExportXml_Click();
 /// The menu entry "Import From Windows Mobile": starts the program that fetches the device's files,
 /// and imports them.
 void mnuImporttXml_Click();
+/// The screen that imports files in the shape of the export, one by one. No menu offers it.
+void ShowImportXmlDetails();

@@ -38,14 +38,14 @@ TEST_F(ExportDialog, ShowsAMarkAtEachTickAndClosesAfterTheWork)
 {
     insert(u"tblCrew"_s, {{u"CrewNumber"_s, 7}});
     test::ScriptedPrompts prompts;
-    prompts.expect(u"Quorvantis records have been exported successfully.\nPut the Windows Mobile "
-                   "device Into the cradle."_s,
-                   Icon::Information);
     prompts.meanwhile([] {
         // A tick that comes while the box waits starts nothing.
         auto *timer = QApplication::activeModalWidget()->findChild<QTimer *>(u"tmrExport"_s);
         EXPECT_FALSE(timer->isActive());
     });
+    prompts.expect(u"Quorvantis records have been exported successfully.\nPut the Windows Mobile "
+                   "device Into the cradle."_s,
+                   Icon::Information);
     test::inScreen(ShowExportXml, [](const ScreenDriver &dialog) {
         EXPECT_EQ(dialog.screen().windowTitle(), u"Export to XML");
         EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
