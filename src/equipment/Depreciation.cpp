@@ -19,6 +19,16 @@ std::vector<Year> schedule(int purchaseYear, double totalCost, double salvageVal
     return years;
 }
 
+db::Recordset stored(qint64 EquipmentID)
+{
+    return gcnData->Open(
+        QStringLiteral("Select EndofYear as [End of Year] ,AnnualDepreciation as [Annual "
+                       "Depreciation], AccumualtedDepreciation as [Accumualted Depreciation]  "
+                       ",BookValue as [Book Value], EquipmentID  from tblEquipmentDepreciation  "
+                       "Where EquipmentID = ?"),
+        {EquipmentID});
+}
+
 void store(qint64 EquipmentID, const std::vector<Year> &years)
 {
     gcnData->Execute(QStringLiteral("Delete from tblEquipmentDepreciation where EquipmentID=?"),

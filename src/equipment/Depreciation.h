@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/db/Recordset.h"
+
 #include <QString>
 #include <vector>
 
@@ -22,6 +24,8 @@ struct Year
 [[nodiscard]] std::vector<Year> schedule(int purchaseYear, double totalCost, double salvageValue,
                                          int lifeYears);
 
+/// A machine's stored schedule as its grid and curve show it. Data; raises DbError.
+[[nodiscard]] db::Recordset stored(qint64 EquipmentID);
 /// Throws a machine's stored schedule away and stores a new one. Data; joins no transaction of its
 /// own. Raises DbError.
 void store(qint64 EquipmentID, const std::vector<Year> &years);

@@ -86,3 +86,25 @@ bool clsIndicatorManager::CanDeleteParent(qint64 ItemID) const
                     .isEmpty();
     });
 }
+
+qint64 clsIndicatorManager::ParentOf(qint64 ItemID) const
+{
+    const db::Recordset rows = gcnLookup->Open(
+        QStringLiteral("select * from tblindicator where itemid = (select parentid  from "
+                       "tblindicator where itemid=?)"),
+        {ItemID});
+    return rows.isEmpty() ? 0 : rows.current().integer(u"ItemID");
+}
+
+bool clsIndicatorManager::IsNameTaken(qint64 ParentID, const QString &Name) const
+{
+    return base::trapped(Master.module, "IsNameTaken", false, [&] {
+        const QString wanted = Name.trimmed().toUpper();
+        for (const db::Row row :
+             gcnLookup->Open(QStringLiteral("Select ItemName from tblIndicator where Parentid = ?"),
+                             {ParentID}))
+            if (row.text(u"ItemName").trimmed().toUpper() == wanted)
+                return true;
+        return false;
+    });
+}

@@ -52,6 +52,10 @@ public:
     /// The word for what uses the item, empty when it may go. The number is looked for in the
     /// columns of all lists, whatever list the item belongs to.
     [[nodiscard]] QString CanDeleteIndicator(qint64 ItemID) const;
+    /// The item or list that an item hangs under, 0 without one. Raises DbError.
+    [[nodiscard]] qint64 ParentOf(qint64 ItemID) const;
+    /// True when an item below the parent has this name, blanks at the ends and case aside.
+    [[nodiscard]] bool IsNameTaken(qint64 ParentID, const QString &Name) const;
     /// True when the item has children, and so can NOT be deleted.
     [[nodiscard]] bool CanDeleteParent(qint64 ItemID) const;
 };

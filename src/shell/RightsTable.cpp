@@ -74,14 +74,31 @@ void SetUserRole()
                 gRights.*right.member = true;
             return;
         }
-        const db::Recordset user =
-            gcnData->Open(u"select * from tbluser where username = ?"_s, {gsLoginUser});
-        const db::Row row = user.current();
+        const QSet<QString> granted = GrantedRights(gsLoginUser);
         for (const shell::RightEntry &right : shell::rightsTable()) {
-            if (row.text(QString::fromLatin1(right.column)) == u"1")
+            if (granted.contains(QString::fromLatin1(right.column)))
                 gRights.*right.member = true;
         }
     });
+}
+
+QSet<QString> GrantedRights(const QString &UserName)
+{
+    const db::Recordset user =
+        gcnData->Open(u"select * from tbluser where username = ?"_s, {UserName});
+    const db::Row row = user.current();
+    QSet<QString> granted;
+    for (const shell::RightEntry &right : shell::rightsTable()) {
+        const QString column = QString::fromLatin1(right.column);
+        if (row.text(column) == u"1")
+            granted.insert(column);
+    }
+    return granted;
+}
+
+void StoreRights(const QString &UserName, const QSet<QString> &Granted)
+{
+    gcnData->Execute(BuildQueryString(UserName, Granted));
 }
 
 QString BuildQueryString(const QString &UserName, const QSet<QString> &Granted)

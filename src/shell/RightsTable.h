@@ -29,6 +29,10 @@ struct RightEntry
 /// without a row is a reported error, and leaves the rights as they are. Data.
 void SetUserRole();
 
+/// The columns of the rights that a user has been granted. A user without a row raises. Data.
+[[nodiscard]] QSet<QString> GrantedRights(const QString &UserName);
+/// Stores all rights of a user: those in Granted, and no other. Raises DbError. Data.
+void StoreRights(const QString &UserName, const QSet<QString> &Granted);
 /// The statement that stores all rights of a user: '1' for the columns in Granted, '0' for the
 /// others.
 [[nodiscard]] QString BuildQueryString(const QString &UserName, const QSet<QString> &Granted);

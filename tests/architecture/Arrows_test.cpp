@@ -16,12 +16,6 @@ const QStringList Subsystems{u"core"_s,       u"organisation"_s, u"parts"_s,
                              u"scheduling"_s, u"equipment"_s,    u"workorders"_s,
                              u"reporting"_s,  u"exchange"_s,     u"shell"_s};
 
-/// Screens whose statements are still to move into logic. None may join them.
-const QStringList ScreensWithStatements{
-    u"equipment/ui/DepreciationPage.cpp"_s, u"organisation/ui/frmIndicator.cpp"_s,
-    u"parts/ui/frmPartManager.cpp"_s, u"scheduling/ui/frmServicesManager.cpp"_s,
-    u"shell/ui/frmUserRoles.cpp"_s};
-
 struct Place
 {
     int rank = -1; ///< -1: not one of the house's folders
@@ -240,14 +234,7 @@ TEST(Arrows, LeaveStatementsToLogic)
         const Place place = placeOf(source.file);
         if (!place.isScreen || place.subsystem == u"core")
             continue;
-        const bool isListed = ScreensWithStatements.contains(source.file);
-        if (!hasStatement(source.text)) {
-            if (isListed)
-                printf("%s has no statement any more: take it off the list.\n",
-                       qPrintable(source.file));
-            continue;
-        }
-        EXPECT_TRUE(isListed) << qPrintable(source.file) << " has a statement";
+        EXPECT_FALSE(hasStatement(source.text)) << qPrintable(source.file) << " has a statement";
     }
 }
 

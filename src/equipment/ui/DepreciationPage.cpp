@@ -1,6 +1,5 @@
 #include "equipment/ui/DepreciationPage.h"
 
-#include "core/Session.h"
 #include "core/ui/ListGrid.h"
 #include "equipment/Depreciation.h"
 #include "equipment/ui/DepreciationChart.h"
@@ -27,7 +26,7 @@ constexpr int AmountLength = 15;
 
 } // namespace
 
-DepreciationPage::DepreciationPage(EquipmentFrame &frame, QWidget *parent)
+DepreciationPage::DepreciationPage(MachineFrame &frame, QWidget *parent)
     : RecordPage(frame, parent)
 {
     buildPage();
@@ -121,11 +120,7 @@ void DepreciationPage::setPurchaseYear(const QString &year)
 void DepreciationPage::RefreshDepreciationGrid(qint64 EquipmentID)
 {
     base::trapped(Module, "RefreshDepreciationGrid", [&] {
-        const db::Recordset rows = dataConnection().Open(
-            u"Select EndofYear as [End of Year] ,AnnualDepreciation as [Annual Depreciation], "
-            "AccumualtedDepreciation as [Accumualted Depreciation]  ,BookValue as [Book Value], "
-            "EquipmentID  from tblEquipmentDepreciation  Where EquipmentID = ?"_s,
-            {EquipmentID});
+        const db::Recordset rows = depreciation::stored(EquipmentID);
         grdDepreciation->rows().setRecordset(rows);
         m_chart->show(rows);
     });

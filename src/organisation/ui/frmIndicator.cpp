@@ -114,14 +114,8 @@ void frmIndicator::presetParent()
     bool isNumber = false;
     qint64 parent = wanted.toLongLong(&isNumber);
     if (wanted.isEmpty() && m_opening.itemID != 0) {
-        base::trapped("frmIndicator", "ShowIndicatorDetail", [&] {
-            const db::Recordset rows = gcnLookup->Open(
-                u"select * from tblindicator where itemid = (select parentid  from tblindicator "
-                "where itemid=?)"_s,
-                {m_opening.itemID});
-            if (!rows.isEmpty())
-                parent = rows.current().integer(u"ItemID");
-        });
+        base::trapped("frmIndicator", "ShowIndicatorDetail",
+                      [&] { parent = clsIndicatorManager().ParentOf(m_opening.itemID); });
         isNumber = true;
     }
     for (input::IdCombo *combo : {cboIndicator, cboParentType}) {
@@ -184,14 +178,7 @@ bool frmIndicator::NameDupl(qint64 parent, const QString &name) const
 {
     if (m_fields.shown().ItemName.toUpper() == name.toUpper())
         return false;
-    return base::trapped("frmIndicator", "NameDupl", false, [&] {
-        const QString wanted = name.trimmed().toUpper();
-        for (const db::Row row :
-             gcnLookup->Open(u"Select ItemName from tblIndicator where Parentid = ?"_s, {parent}))
-            if (row.text(u"ItemName").trimmed().toUpper() == wanted)
-                return true;
-        return false;
-    });
+    return clsIndicatorManager().IsNameTaken(parent, name);
 }
 
 std::optional<QVariant> frmIndicator::saveRecord()

@@ -8,6 +8,7 @@
 #include "platform/base/Trapped.h"
 #include "platform/input/FormBuilder.h"
 #include "platform/input/Theme.h"
+#include "scheduling/ServiceLists.h"
 #include "scheduling/clsServices.h"
 #include "scheduling/ui/Entries.h"
 
@@ -24,18 +25,6 @@ namespace {
 constexpr const char *Module = "frmServicesManager";
 const QString Catalogue = u"SL"_s;
 const QString Machine = u"EL"_s;
-
-/// The columns that both lists have, from either table.
-QString listColumns(const QString &table)
-{
-    return u"JobNo as [Service No], %1.Name, cstr(tblCrew.CrewNumber) + '   ' + "
-           "tblCrew.Description AS Crew,tblCostCenter.Description AS [Cost Center], %1.EInterval "
-           "AS [Interval],Switch (%1.RenewalOn='W' ,'Work Order Completion', "
-           "%1.RenewalOn='S','Service Original Scheduled')  as RenewalOn ,%1.SeparateWo, "
-           "%1.LaborEstimate as [Budgeted Hrs], %1.CostEstimate as [Labor Cost] FROM (%1 LEFT JOIN "
-           "tblCrew ON %1.CrewID = tblCrew.CrewID) LEFT JOIN tblCostCenter  ON %1.CostCenterID = "
-           "tblCostCenter.CostCenterID"_s.arg(table);
-}
 
 QList<grid::Column> columns(bool selectMode)
 {
@@ -121,30 +110,13 @@ void frmServicesManager::buildForm()
     connect(cmdExit, &QPushButton::clicked, this, [this] { unload(); });
 }
 
-QString frmServicesManager::QueryString() const
-{
-    if (isCatalogue()) {
-        const QString where = m_leftOut.isEmpty()
-                                  ? QString()
-                                  : u" Where not tblServices.ServiceID in (%1)"_s.arg(m_leftOut);
-        return u"SELECT tblServices.ServiceID AS [Service ID], "_s + listColumns(u"tblServices"_s) +
-               where + u" order by tblServices.ServiceID"_s;
-    }
-    const QString where = m_leftOut.isEmpty()
-                              ? QString()
-                              : u" and  not tblServiceUSed.ServiceID in (%1)"_s.arg(m_leftOut);
-    return u"SELECT tblServiceUsed.ServiceUSedID AS [Service ID], "_s +
-           listColumns(u"tblServiceUsed"_s) +
-           u" where tblServiceUsed.EquipmentID=%1"_s.arg(m_equipment) + where +
-           u" order by tblServiceUsed.ServiceID"_s;
-}
-
 void frmServicesManager::ShowGrid(const QString &keepKey)
 {
     base::trapped(Module, "ShowGrid", [&] {
         grid::GridModel &rows = grdServices->rows();
         const QStringList ticked = keepKey.isEmpty() ? QStringList() : tickedKeys();
-        rows.setRecordset(gcnData->Open(QueryString()));
+        rows.setRecordset(isCatalogue() ? servicelists::catalogue(m_leftOut)
+                                        : servicelists::ofMachine(m_equipment, m_leftOut));
         if (m_selectMode)
             rows.setAll(u"Select", false);
         for (const QString &key : ticked)
@@ -187,13 +159,10 @@ void frmServicesManager::showMachine()
     if (m_equipment == 0)
         return;
     base::trapped(Module, "showMachine", [&] {
-        const db::Recordset rows =
-            gcnData->Open(u"select EquipmentName, UnitNo from  tblEquipment where EquipmentID=?"_s,
-                          {m_equipment});
-        if (rows.isEmpty())
-            return;
-        lblUnitNo->setText(rows.current().text(u"UnitNo"));
-        lblEquipmentName->setText(rows.current().text(u"EquipmentName"));
+        if (const auto machine = servicelists::machine(m_equipment)) {
+            lblUnitNo->setText(machine->UnitNo);
+            lblEquipmentName->setText(machine->EquipmentName);
+        }
     });
 }
 

@@ -38,7 +38,6 @@ private:
     /// keepKey: the row to come back to, with all ticks; without one the list begins anew.
     void ShowGrid(const QString &keepKey = {});
     [[nodiscard]] QStringList tickedKeys() const;
-    [[nodiscard]] QString QueryString() const;
     void optServiceMaster_Click();
     void optEquipmentService_Click();
     void showMachine();

@@ -1,6 +1,5 @@
 #include "shell/ui/frmUserRoles.h"
 
-#include "core/Session.h"
 #include "platform/base/Trapped.h"
 #include "platform/input/FormBuilder.h"
 #include "platform/input/Theme.h"
@@ -11,7 +10,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
-#include <QSet>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -101,18 +99,15 @@ void frmUserRoles::ShowUserRolesDetail(const QString &UserName)
 
 void frmUserRoles::RefreshRecordSet()
 {
-    base::trapped(module, "RefreshRecordSet", [this] {
-        DisplayData(gcnData->Open(u"Select * from tblUser where Username = ?"_s, {m_userName}));
-    });
+    base::trapped(module, "RefreshRecordSet", [this] { DisplayData(GrantedRights(m_userName)); });
     setMode(Mode::Browse);
 }
 
-void frmUserRoles::DisplayData(const db::Recordset &user)
+void frmUserRoles::DisplayData(const QSet<QString> &granted)
 {
     const Displaying displaying(*this);
-    const db::Row row = user.current();
     for (qsizetype i = 0; i < m_boxes.size(); ++i)
-        m_boxes[i]->setChecked(row.text(column(shell::rightsTable()[i])) == u"1");
+        m_boxes[i]->setChecked(granted.contains(column(shell::rightsTable()[i])));
 }
 
 void frmUserRoles::EnableControls()
@@ -130,7 +125,7 @@ void frmUserRoles::cmdUpdate_Click()
             if (m_boxes[i]->isChecked())
                 granted.insert(column(shell::rightsTable()[i]));
         }
-        gcnData->Execute(BuildQueryString(m_userName, granted));
+        StoreRights(m_userName, granted);
         RefreshRecordSet();
     });
 }

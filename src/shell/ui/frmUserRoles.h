@@ -1,9 +1,9 @@
 #pragma once
 
 #include "core/ui/Screen.h"
-#include "platform/db/Recordset.h"
 
 #include <QList>
+#include <QSet>
 
 class QCheckBox;
 class QLabel;
@@ -23,7 +23,7 @@ public:
 private:
     void buildForm();
     void RefreshRecordSet();
-    void DisplayData(const db::Recordset &user);
+    void DisplayData(const QSet<QString> &granted);
     void EnableControls() override;
     void cmdUpdate_Click();
     void cmdCancel_Click();
