@@ -36,7 +36,10 @@ void paintFrame(QPainter &painter, const QWidget &window)
 
 void savePicture(const QString &file)
 {
-    QImage picture(QGuiApplication::primaryScreen()->size(), QImage::Format_RGB32);
+    // Pixel by pixel as on an enlarged screen: a picture scaled down would lose lines.
+    const QScreen &screen = *QGuiApplication::primaryScreen();
+    QImage picture(screen.size() * screen.devicePixelRatio(), QImage::Format_RGB32);
+    picture.setDevicePixelRatio(screen.devicePixelRatio());
     picture.fill(QColor(90, 110, 130));
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -79,6 +79,21 @@ void drawChevron(QPainter *painter, const QRect &rectangle, bool up, const QColo
     painter->restore();
 }
 
+/// The arrow at an end of a scroll bar.
+void drawScrollArrow(QPainter *painter, const QRect &rectangle, bool vertical, bool back,
+                     const QColor &color)
+{
+    if (vertical)
+        return drawChevron(painter, rectangle, back, color);
+    painter->save();
+    painter->translate(QRectF(rectangle).center());
+    painter->rotate(-90);
+    const QRect place(-rectangle.height() / 2, -rectangle.width() / 2, rectangle.height(),
+                      rectangle.width());
+    drawChevron(painter, place, back, color);
+    painter->restore();
+}
+
 /// The title stands above the frame, not across its line.
 void drawGroupFrame(QPainter *painter, const QStyleOption *option, const QWidget *widget)
 {
@@ -208,7 +223,33 @@ void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex
             return;
         }
     }
+    if (const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(option);
+        bar && control == CC_ScrollBar)
+        return drawScrollBar(painter, *bar, widget);
     QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+/// The slider is darker than its groove: a paler one would be taken for the groove, and the bar
+/// read the wrong way round.
+void Style::drawScrollBar(QPainter *painter, const QStyleOptionSlider &bar,
+                          const QWidget *widget) const
+{
+    const bool vertical = bar.orientation == Qt::Vertical;
+    const bool possible = bar.state & State_Enabled && bar.maximum > bar.minimum;
+    painter->fillRect(bar.rect, panelColor());
+    for (const SubControl arrow : {SC_ScrollBarSubLine, SC_ScrollBarAddLine}) {
+        const bool back = arrow == SC_ScrollBarSubLine;
+        const bool ended = back ? bar.sliderValue <= bar.minimum : bar.sliderValue >= bar.maximum;
+        drawScrollArrow(painter, subControlRect(CC_ScrollBar, &bar, arrow, widget), vertical, back,
+                        possible && !ended ? mainColor() : disabledColor());
+    }
+    if (!possible)
+        return;
+    const bool held = bar.activeSubControls == SC_ScrollBarSlider && bar.state & State_Sunken;
+    const QRect slider = subControlRect(CC_ScrollBar, &bar, SC_ScrollBarSlider, widget);
+    const QRect body = vertical ? slider.adjusted(3, 0, -3, 0) : slider.adjusted(0, 3, 0, -3);
+    const QColor fill = lineColor();
+    drawBox(painter, body, held ? fill.darker(115) : fill, fill.darker(115), 1);
 }
 
 void Style::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,

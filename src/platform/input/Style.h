@@ -2,6 +2,8 @@
 
 #include <QProxyStyle>
 
+class QStyleOptionSlider;
+
 namespace theme {
 
 /// The look of the controls: flat boxes and buttons with thin lines, and a clear mark of the
@@ -23,6 +25,10 @@ public:
                     const QWidget *widget) const override;
     QIcon standardIcon(StandardPixmap picture, const QStyleOption *option,
                        const QWidget *widget) const override;
+
+private:
+    void drawScrollBar(QPainter *painter, const QStyleOptionSlider &bar,
+                       const QWidget *widget) const;
 };
 
 /// Colours by role, of all controls.
