@@ -43,10 +43,15 @@ public:
     /// lookup list 10.
     [[nodiscard]] db::Recordset GetPartCategory() const;
     [[nodiscard]] db::Recordset GetSupplierInfo() const;
+    /// The active parts as the selector lists them, but those of LeftOut: quoted numbers joined by
+    /// commas (parts::exclusionList), or blank. Raises DbError.
+    [[nodiscard]] db::Recordset Selectable(const QString &LeftOut) const;
     /// A mode other than Add and Modify runs nothing and still succeeds.
     [[nodiscard]] bool SaveRecord(const clsPart &Part, Mode Mode,
                                   const std::optional<clsPart> &Shown = {}) const;
     [[nodiscard]] bool DeleteRecord(const QString &PartID) const;
+    /// Drops a part from the scratch list of picked parts. Raises DbError.
+    void ForgetPicked(const QString &PartID) const;
     /// The word for what uses the part, empty when it is free. Posted history does not count.
     [[nodiscard]] QString CanDeletePart(const QString &PartID) const;
     /// What open work orders have reserved of it.

@@ -319,6 +319,9 @@ TEST_F(PartScreens, APartAddedFromTheSelectorEndsTheTransactionOfItsCaller)
                  EXPECT_FALSE(gbInTransaction);
                  auto &grid = screen.control<grid::GridView>("grdParts");
                  EXPECT_EQ(grid.rows().text(grid.currentRow(), u"Part Number"), u"P-2"_s);
+                 grid.rows().edit(0, grid.rows().columnIndex(u"Select"), true);
+                 typeInCell(grid, 0, u"Qty Req"_s, u"3"_s);
+                 grid.selectRow(1);
                  test::onNextModal([](QWidget &window) {
                      const ScreenDriver part(window);
                      part.press("cmdCancel");
@@ -327,6 +330,8 @@ TEST_F(PartScreens, APartAddedFromTheSelectorEndsTheTransactionOfItsCaller)
                  screen.press("cmdAdd");
                  EXPECT_EQ(grid.rows().text(grid.currentRow(), u"Part Number"), u"P-2"_s)
                      << "a cancelled Add stays where it was";
+                 EXPECT_TRUE(grid.rows().value(0, u"Select").toBool());
+                 EXPECT_EQ(grid.rows().value(0, u"Qty Req"), 3) << "with what was ticked";
                  // A used part stays, another goes with its picks.
                  gcnData->Execute(u"Insert into tblTempServicePart(PartID) values('P-2')"_s);
                  expectDeletion(Answer::Yes);

@@ -108,8 +108,8 @@ grid::GridView *makeSampleGrid(QWidget *parent)
              {u"Document"_s, i % 2 ? QString() : u"manual-%1.pdf"_s.arg(i)},
              {u"Open"_s, u"Open"_s}});
     }
-    rows.changeRule = [](int, const QString &column, const QVariant &newValue) {
-        return column != u"Next Count" || newValue.toInt() >= 10;
+    rows.column(u"Next Count").changeRule = [](int, const QVariant &newValue) {
+        return newValue.toInt() >= 10;
     };
     rows.styleRule = [&rows](int row, const QString &column) {
         grid::Style style;

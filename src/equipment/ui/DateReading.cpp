@@ -73,14 +73,12 @@ void DateReading::buildGrid()
           .width = 160,
           .editable = true,
           .editor = grid::Editor::Date,
-          .kind = sql::ColumnKind::Date},
+          .kind = sql::ColumnKind::Date,
+          .changeRule = [this](int row, const QVariant &date) { return Change(row, date); }},
          {.name = ButtonColumn,
           .width = 100,
           .align = grid::Align::Center,
           .editor = grid::Editor::Button}});
-    m_grid->rows().changeRule = [this](int row, const QString &column, const QVariant &value) {
-        return Change(row, column, value);
-    };
     connect(m_grid, &grid::GridView::typing, this, &DateReading::edited);
     connect(m_grid, &grid::GridView::buttonClicked, this, &DateReading::ButtonClick);
 }
@@ -152,19 +150,19 @@ void DateReading::ButtonClick(int row, const QString &column)
     });
 }
 
-bool DateReading::Change(int row, const QString &column, const QVariant &value)
+bool DateReading::Change(int row, const QVariant &date)
 {
     return base::trapped(m_sheet.rule, "grdRecordService_Change", false, [&] {
         edited();
-        if (column.compare(m_sheet.newCaption, Qt::CaseInsensitive) != 0 || value.isNull())
+        if (date.isNull())
             return true;
         grid::GridModel &rows = m_grid->rows();
         const QString refusal = datesheet::refusalOf(
-            m_sheet, rows.value(row, m_sheet.column).toDateTime(), value.toDateTime());
+            m_sheet, rows.value(row, m_sheet.column).toDateTime(), date.toDateTime());
         if (refusal.isEmpty())
             return true;
         base::showMessage(refusal);
-        rows.setValue(row, column, QVariant());
+        rows.setValue(row, m_sheet.newCaption, QVariant());
         return false;
     });
 }

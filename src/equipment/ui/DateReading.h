@@ -32,7 +32,7 @@ private:
     void leaveEditing();
 
     void ButtonClick(int row, const QString &column);
-    [[nodiscard]] bool Change(int row, const QString &column, const QVariant &value);
+    [[nodiscard]] bool Change(int row, const QVariant &date);
     void cmdRefresh_Click();
     void cmdUpdate_Click();
     void cmdCancel_Click();

@@ -13,7 +13,7 @@ class DepreciationPage final : public RecordPage
     Q_OBJECT
 
 public:
-    explicit DepreciationPage(EquipmentFrame &frame, QWidget *parent = nullptr);
+    explicit DepreciationPage(MachineFrame &frame, QWidget *parent = nullptr);
 
     void DisplayData(const clsEquipment &machine, const db::Row &row) override;
     void ClearData() override;

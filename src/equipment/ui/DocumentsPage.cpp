@@ -18,7 +18,7 @@ constexpr const char *Module = "Equipment";
 
 } // namespace
 
-DocumentsPage::DocumentsPage(EquipmentFrame &frame, QWidget *parent)
+DocumentsPage::DocumentsPage(MachineFrame &frame, QWidget *parent)
     : GridPage(frame, parent)
 {
     input::FormBuilder form(this);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "equipment/ui/GridPage.h"
+#include "scheduling/ui/GridPage.h"
 
 class QPushButton;
 
@@ -10,7 +10,7 @@ class DocumentsPage final : public GridPage
     Q_OBJECT
 
 public:
-    explicit DocumentsPage(EquipmentFrame &frame, QWidget *parent = nullptr);
+    explicit DocumentsPage(MachineFrame &frame, QWidget *parent = nullptr);
 
     void showMachine(qint64 EquipmentID) override;
 

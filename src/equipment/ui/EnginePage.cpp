@@ -10,7 +10,7 @@
 
 using namespace Qt::StringLiterals;
 
-EnginePage::EnginePage(EquipmentFrame &frame, QWidget *parent)
+EnginePage::EnginePage(MachineFrame &frame, QWidget *parent)
     : RecordPage(frame, parent)
 {
     buildPage();

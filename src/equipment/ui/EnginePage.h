@@ -8,7 +8,7 @@ class EnginePage final : public RecordPage
     Q_OBJECT
 
 public:
-    explicit EnginePage(EquipmentFrame &frame, QWidget *parent = nullptr);
+    explicit EnginePage(MachineFrame &frame, QWidget *parent = nullptr);
 
     void RefreshCombo(const QString &listName) override;
 

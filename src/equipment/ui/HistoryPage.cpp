@@ -3,6 +3,7 @@
 #include "core/General.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/ScreenCalls.h"
+#include "equipment/ui/HistoryParts.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Format.h"
 #include "platform/base/Prompts.h"
@@ -30,74 +31,22 @@ const QString TimeFormat = u"hh:mm AMPM"_s;
 const QString NoTime = u"00:00"_s;
 const QString AmountMask = u"{0,9999999}.{0,99}"_s;
 
-bool isColumn(const QString &column, QStringView name)
-{
-    return column.compare(name, Qt::CaseInsensitive) == 0;
-}
-
+/// The columns whose cells open the entry of times.
 bool isTime(const QString &column)
 {
-    return isColumn(column, u"StartTime") || isColumn(column, u"EndTime") ||
-           isColumn(column, u"WorkHrs");
-}
-
-QList<grid::Column> serviceColumns()
-{
-    return {{.name = u"WorkOrderNo"_s, .caption = u"Work Order"_s, .width = 74, .locked = true},
-            {.name = u"ServiceUsedID"_s, .visible = false},
-            {.name = u"Date"_s, .width = 84, .editable = true, .editor = grid::Editor::Date},
-            {.name = u"Service Name"_s, .width = 150, .locked = true},
-            {.name = u"Service Crew"_s,
-             .width = 110,
-             .editable = true,
-             .editor = grid::Editor::DropDown},
-            {.name = u"Cost Center"_s, .width = 90, .locked = true},
-            {.name = u"Budgeted Hrs"_s,
-             .width = 84,
-             .editable = true,
-             .format = u"0.00"_s,
-             .mask = AmountMask},
-            {.name = u"Labor Cost"_s,
-             .width = 76,
-             .editable = true,
-             .format = u"$0.00"_s,
-             .mask = AmountMask},
-            {.name = u"Part Cost"_s,
-             .width = 76,
-             .locked = true,
-             .format = u"$0.00"_s,
-             .kind = sql::ColumnKind::Money},
-            {.name = u"StartTime"_s,
-             .caption = u"Start Time"_s,
-             .width = 74,
-             .editable = true,
-             .format = TimeFormat,
-             .placeholder = NoTime},
-            {.name = u"EndTime"_s,
-             .caption = u"End Time"_s,
-             .width = 74,
-             .editable = true,
-             .format = TimeFormat,
-             .placeholder = NoTime},
-            {.name = u"WorkHrs"_s,
-             .caption = u"Work Hrs"_s,
-             .width = 66,
-             .editable = true,
-             .placeholder = NoTime},
-            {.name = u"Skip"_s, .width = 42, .locked = true},
-            {.name = u"Count"_s, .width = 70, .editable = true, .mask = u"{0,9999999}"_s},
-            {.name = u"SupplierName"_s, .caption = u"Supplier"_s, .width = 120, .locked = true}};
+    static const QStringList times{u"StartTime"_s, u"EndTime"_s, u"WorkHrs"_s};
+    return times.contains(column, Qt::CaseInsensitive);
 }
 
 } // namespace
 
-HistoryPage::HistoryPage(EquipmentFrame &frame, QWidget *parent)
-    : EquipmentPage(frame, parent)
+HistoryPage::HistoryPage(MachineFrame &frame, QWidget *parent)
+    : MachinePage(frame, parent)
 {
     buildPage();
     readRange();
     frame.keepLayout(grdServiceHistory, grdServiceHistory->objectName());
-    frame.keepLayout(grdPartHistory, grdPartHistory->objectName());
+    frame.keepLayout(m_parts->grid(), m_parts->grid()->objectName());
 
     input::validateOnLeave(datFrom, [this] { return checkDate(datFrom, m_from); });
     input::validateOnLeave(datTo, [this] { return checkDate(datTo, m_to); });
@@ -113,8 +62,9 @@ HistoryPage::HistoryPage(EquipmentFrame &frame, QWidget *parent)
     });
     connect(cmdRefresh, &QPushButton::clicked, this, &HistoryPage::cmdRefresh_Click);
     connect(cmdDeleteHistory, &QPushButton::clicked, this, &HistoryPage::cmdDeleteHistory_Click);
-    for (const grid::GridView *grid : {grdServiceHistory, grdPartHistory})
-        connect(grid, &grid::GridView::typing, this, [this] { this->frame().beginEdit(); });
+    connect(grdServiceHistory, &grid::GridView::typing, this,
+            [this] { this->frame().beginEdit(); });
+    connect(m_parts, &HistoryParts::costChanged, this, &HistoryPage::SetPastCost);
     connect(grdServiceHistory, &grid::GridView::currentRowChanged, this, &HistoryPage::showDetails);
     connect(grdServiceHistory, &grid::GridView::cellClicked, this, &HistoryPage::showServiceTime);
     // Clicks on times are for their entry; typing edits them in their cells.
@@ -142,12 +92,13 @@ void HistoryPage::buildPage()
     cmdDeleteHistory =
         form.inlineButton(u"cmdDeleteHistory"_s, u"Delete Histor&y"_s, theme::icon(u"delete"_s));
     form.endRow();
-    buildServiceGrid();
+    grdServiceHistory =
+        makeListGrid(this, u"grdServiceHistory"_s, u"Services done"_s, serviceColumns());
     form.widget(grdServiceHistory, true);
     form.beginColumns();
     QGroupBox *partGroup = form.beginGroup(u"Parts used"_s, u"fraPartHistory"_s);
-    buildPartGrid();
-    form.widget(grdPartHistory, true);
+    m_parts = new HistoryParts(frame(), this);
+    form.widget(m_parts, true);
     form.endGroup();
     form.nextColumn();
     QGroupBox *noteGroup = form.beginGroup(u"Note"_s, u"fraNote"_s);
@@ -161,44 +112,101 @@ void HistoryPage::buildPage()
     form.endColumns();
     form.finish();
     // What room there is goes to the services.
-    for (QWidget *low : std::initializer_list<QWidget *>{grdPartHistory, txtNote})
+    for (QWidget *low : std::initializer_list<QWidget *>{m_parts, txtNote})
         low->setMinimumHeight(fontMetrics().height() * LeastRows);
     for (QGroupBox *group : {partGroup, noteGroup})
         group->setMaximumHeight(fontMetrics().height() * MostRows);
     setFocusProxy(grdServiceHistory);
 }
 
-void HistoryPage::buildServiceGrid()
+QList<grid::Column> HistoryPage::serviceColumns()
 {
-    grdServiceHistory =
-        makeListGrid(this, u"grdServiceHistory"_s, u"Services done"_s, serviceColumns());
-    grdServiceHistory->rows().changeRule = [this](int row, const QString &column,
-                                                  const QVariant &value) {
-        return grdServiceHistory_Change(row, column, value);
+    using Change = std::function<bool(int, const QVariant &)>;
+    const auto within = [this](const Change &change) {
+        return [this, change](int row, const QVariant &value) {
+            frame().beginEdit();
+            return change(row, value);
+        };
     };
-}
-
-void HistoryPage::buildPartGrid()
-{
-    grdPartHistory = makeListGrid(this, u"grdPartHistory"_s, u"Parts used in the service"_s,
-                                  {{.name = u"Part Number"_s, .width = 80, .locked = true},
-                                   {.name = u"Description"_s, .width = 125, .locked = true},
-                                   {.name = u"Qty Used"_s,
-                                    .width = 62,
-                                    .editable = true,
-                                    .format = u"0.00"_s,
-                                    .mask = u"{0,99999}.##"_s},
-                                   {.name = u"Price"_s,
-                                    .width = 62,
-                                    .editable = true,
-                                    .format = u"$0.00"_s,
-                                    .mask = AmountMask},
-                                   {.name = u"Category"_s, .width = 90, .locked = true},
-                                   {.name = u"Supplier"_s, .width = 70, .locked = true}});
-    grdPartHistory->rows().changeRule = [this](int row, const QString &column,
-                                               const QVariant &value) {
-        return grdPartHistory_Change(row, column, value);
+    // Stores a cell in its field, having said what that does not do.
+    const auto stores = [&](const QString &field, const QString &note = {}) {
+        return within([this, field, note](int row, const QVariant &value) {
+            if (!note.isEmpty())
+                base::showMessage(note);
+            return history::UpdateEquipmentServiceHistory(serviceOf(row), field, value);
+        });
     };
+    using Correct = history::TimeCorrection (*)(const QString &typed, const QString &other);
+    const auto corrects = [&](const QString &column, const QString &other, Correct correct) {
+        return within([this, column, other, correct](int row, const QVariant &typed) {
+            const QString present = grdServiceHistory->rows().value(row, other).toString();
+            return changeTime(row, column, correct(typed.toString(), present));
+        });
+    };
+    return {{.name = u"WorkOrderNo"_s, .caption = u"Work Order"_s, .width = 74, .locked = true},
+            {.name = u"ServiceUsedID"_s, .visible = false},
+            {.name = u"Date"_s,
+             .width = 84,
+             .editable = true,
+             .editor = grid::Editor::Date,
+             .changeRule =
+                 stores(u"Completedate"_s, u"Changing the date will not adjust the schedule"_s)},
+            {.name = u"Service Name"_s, .width = 150, .locked = true},
+            {.name = u"Service Crew"_s,
+             .width = 110,
+             .editable = true,
+             .editor = grid::Editor::DropDown,
+             .changeRule = within([this](int row, const QVariant &crew) {
+                 return changeCrew(row, crew.toLongLong());
+             })},
+            {.name = u"Cost Center"_s, .width = 90, .locked = true},
+            {.name = u"Budgeted Hrs"_s,
+             .width = 84,
+             .editable = true,
+             .format = u"0.00"_s,
+             .mask = AmountMask,
+             .changeRule = stores(u"LaborEstimate"_s)},
+            {.name = u"Labor Cost"_s,
+             .width = 76,
+             .editable = true,
+             .format = u"$0.00"_s,
+             .mask = AmountMask,
+             .changeRule = stores(u"CostEstimate"_s)},
+            {.name = u"Part Cost"_s,
+             .width = 76,
+             .locked = true,
+             .format = u"$0.00"_s,
+             .kind = sql::ColumnKind::Money},
+            {.name = u"StartTime"_s,
+             .caption = u"Start Time"_s,
+             .width = 74,
+             .editable = true,
+             .format = TimeFormat,
+             .placeholder = NoTime,
+             .changeRule = corrects(u"StartTime"_s, u"EndTime"_s, history::correctStart)},
+            {.name = u"EndTime"_s,
+             .caption = u"End Time"_s,
+             .width = 74,
+             .editable = true,
+             .format = TimeFormat,
+             .placeholder = NoTime,
+             .changeRule = corrects(u"EndTime"_s, u"StartTime"_s, history::correctEnd)},
+            {.name = u"WorkHrs"_s,
+             .caption = u"Work Hrs"_s,
+             .width = 66,
+             .editable = true,
+             .placeholder = NoTime,
+             .changeRule = within([this](int row, const QVariant &typed) {
+                 return changeTime(row, u"WorkHrs"_s, history::correctWorkHrs(typed.toString()));
+             })},
+            {.name = u"Skip"_s, .width = 42, .locked = true},
+            {.name = u"Count"_s,
+             .width = 70,
+             .editable = true,
+             .mask = u"{0,9999999}"_s,
+             .changeRule =
+                 stores(u"Countvalue"_s, u"Changing the count will not effect the schedule"_s)},
+            {.name = u"SupplierName"_s, .caption = u"Supplier"_s, .width = 120, .locked = true}};
 }
 
 // The range of dates
@@ -310,16 +318,16 @@ void HistoryPage::loadCrews()
 void HistoryPage::showDetails()
 {
     storeNote();
-    RefreshPartHistoryGrid(serviceOf(grdServiceHistory->currentRow()));
+    m_parts->RefreshPartHistoryGrid(serviceOf(grdServiceHistory->currentRow()));
     RefreshServiceNoteGrid();
     EnableControls();
 }
 
-void HistoryPage::RefreshPartHistoryGrid(qint64 ServiceUsedID)
+void HistoryPage::SetPastCost(qint64 ServiceUsedID)
 {
-    base::trapped(Module, "RefreshPartHistoryGrid", [&] {
-        grdPartHistory->rows().setRecordset(history::parts(ServiceUsedID));
-        grdPartHistory->selectRow(grdPartHistory->rows().rowCount() > 0 ? 0 : -1);
+    base::trapped(Module, "SetPastCost", [&] {
+        grdServiceHistory->rows().setValue(grdServiceHistory->currentRow(), u"Part Cost",
+                                           history::SetPastCost(ServiceUsedID));
     });
 }
 
@@ -347,7 +355,7 @@ void HistoryPage::setEditable(bool editable)
 void HistoryPage::EnableControls()
 {
     grdServiceHistory->setEditing(m_editable);
-    grdPartHistory->setEditing(m_editable);
+    m_parts->grid()->setEditing(m_editable);
     txtNote->setReadOnly(!m_editable || m_noteOf == 0);
     cmdDeleteHistory->setEnabled(m_editable && grdServiceHistory->currentRow() >= 0);
     cmdRefresh->setEnabled(m_equipment != 0);
@@ -360,7 +368,7 @@ void HistoryPage::pageShown()
 
 bool HistoryPage::finishEditing()
 {
-    return grdServiceHistory->finishEditing() && grdPartHistory->finishEditing() && storeNote();
+    return grdServiceHistory->finishEditing() && m_parts->grid()->finishEditing() && storeNote();
 }
 
 bool HistoryPage::mayLeave()
@@ -402,42 +410,16 @@ void HistoryPage::cmdDeleteHistory_Click()
     frame().contentChanged();
 }
 
-bool HistoryPage::grdServiceHistory_Change(int row, const QString &column, const QVariant &value)
+bool HistoryPage::changeTime(int row, const QString &column,
+                             const history::TimeCorrection &correction)
 {
-    frame().beginEdit();
-    const auto store = [&](const QString &field) {
-        return history::UpdateEquipmentServiceHistory(serviceOf(row), field, value);
-    };
-    if (isTime(column))
-        return changeTime(row, column, value.toString());
-    if (isColumn(column, u"Service Crew"))
-        return changeCrew(row, value.toLongLong());
-    if (isColumn(column, u"Count")) {
-        base::showMessage(u"Changing the count will not effect the schedule"_s);
-        return store(u"Countvalue"_s);
-    }
-    if (isColumn(column, u"Date")) {
-        base::showMessage(u"Changing the date will not adjust the schedule"_s);
-        return store(u"Completedate"_s);
-    }
-    return store(isColumn(column, u"Labor Cost") ? u"CostEstimate"_s : u"LaborEstimate"_s);
-}
-
-bool HistoryPage::changeTime(int row, const QString &column, const QString &typed)
-{
-    grid::GridModel &rows = grdServiceHistory->rows();
-    const history::TimeCorrection correction =
-        isColumn(column, u"StartTime")
-            ? history::correctStart(typed, rows.value(row, u"EndTime").toString())
-        : isColumn(column, u"EndTime")
-            ? history::correctEnd(typed, rows.value(row, u"StartTime").toString())
-            : history::correctWorkHrs(typed);
     if (!correction.refusal.isEmpty()) {
         base::showMessage(correction.refusal);
         return false;
     }
     if (!history::storeTime(serviceOf(row), column, correction))
         return false;
+    grid::GridModel &rows = grdServiceHistory->rows();
     rows.setValue(row, column,
                   correction.stored.isEmpty() ? QVariant() : QVariant(correction.stored));
     if (correction.WorkHrs)
@@ -472,31 +454,6 @@ void HistoryPage::showServiceTime(int row, const QString &column)
                                            .table = u"tblWOServiceUsedHistory"_s,
                                            .beforeWrite = [this] { frame().beginEdit(); }}))
         RefreshServiceHistoryGrid(m_equipment);
-}
-
-bool HistoryPage::grdPartHistory_Change(int row, const QString &column, const QVariant &value)
-{
-    grid::GridModel &rows = grdPartHistory->rows();
-    // An emptied cell is a 0.
-    const double number = value.toDouble();
-    if (number == rows.value(row, column).toDouble()) {
-        rows.setValue(row, column, number);
-        return true;
-    }
-    frame().beginEdit();
-    const bool isQuantity = isColumn(column, u"Qty Used");
-    if (isQuantity)
-        base::showMessage(u"This will not adjust the quantity on hand for the inventory. You will "
-                          "manually need to adjust this if needed."_s);
-    if (!history::UpdatePartHistory(m_noteOf, rows.text(row, u"Part Number"),
-                                    isQuantity ? u"QuantityUsed"_s : u"Price"_s, number))
-        return false;
-    rows.setValue(row, column, number);
-    base::trapped(Module, "SetPastCost", [this] {
-        const int service = grdServiceHistory->currentRow();
-        grdServiceHistory->rows().setValue(service, u"Part Cost", history::SetPastCost(m_noteOf));
-    });
-    return true;
 }
 
 bool HistoryPage::storeNote()

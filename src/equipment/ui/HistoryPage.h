@@ -1,8 +1,10 @@
 #pragma once
 
 #include "equipment/History.h"
-#include "equipment/ui/EquipmentPage.h"
+#include "platform/grid/GridTypes.h"
+#include "scheduling/ui/MachinePage.h"
 
+class HistoryParts;
 class QPlainTextEdit;
 class QPushButton;
 
@@ -12,12 +14,12 @@ class DateInput;
 
 /// What has been done on a machine in a range of dates, with the parts and the note of each
 /// service. Cells can be corrected, which is written at once.
-class HistoryPage final : public EquipmentPage
+class HistoryPage final : public MachinePage
 {
     Q_OBJECT
 
 public:
-    explicit HistoryPage(EquipmentFrame &frame, QWidget *parent = nullptr);
+    explicit HistoryPage(MachineFrame &frame, QWidget *parent = nullptr);
 
     void showMachine(qint64 EquipmentID) override;
     [[nodiscard]] bool hasContent() const override;
@@ -29,8 +31,7 @@ public:
 
 private:
     void buildPage();
-    void buildServiceGrid();
-    void buildPartGrid();
+    [[nodiscard]] QList<grid::Column> serviceColumns();
     void readRange();
     [[nodiscard]] bool runsBackwards() const;
     [[nodiscard]] bool checkDate(input::DateInput *box, QDate &former);
@@ -39,18 +40,17 @@ private:
     void RefreshServiceHistoryGrid(qint64 EquipmentID);
     void loadRows();
     void loadCrews();
-    void RefreshPartHistoryGrid(qint64 ServiceUsedID);
+    /// Shows what the parts of the current service cost.
+    void SetPastCost(qint64 ServiceUsedID);
     void RefreshServiceNoteGrid();
     void showDetails();
     void EnableControls();
 
     void cmdRefresh_Click();
     void cmdDeleteHistory_Click();
-    [[nodiscard]] bool grdServiceHistory_Change(int row, const QString &column,
-                                                const QVariant &value);
-    [[nodiscard]] bool changeTime(int row, const QString &column, const QString &typed);
+    [[nodiscard]] bool changeTime(int row, const QString &column,
+                                  const history::TimeCorrection &correction);
     [[nodiscard]] bool changeCrew(int row, qint64 crew);
-    [[nodiscard]] bool grdPartHistory_Change(int row, const QString &column, const QVariant &value);
     void showServiceTime(int row, const QString &column);
     /// Writes the note when it was changed. False when it could not be.
     bool storeNote();
@@ -68,6 +68,6 @@ private:
     QPushButton *cmdRefresh = nullptr;
     QPushButton *cmdDeleteHistory = nullptr;
     grid::GridView *grdServiceHistory = nullptr;
-    grid::GridView *grdPartHistory = nullptr;
+    HistoryParts *m_parts = nullptr;
     QPlainTextEdit *txtNote = nullptr;
 };

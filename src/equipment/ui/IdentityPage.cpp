@@ -33,7 +33,7 @@ void loadLocations(input::IdCombo &list, qint64 site)
 
 } // namespace
 
-IdentityPage::IdentityPage(EquipmentFrame &frame, QWidget *parent)
+IdentityPage::IdentityPage(MachineFrame &frame, QWidget *parent)
     : RecordPage(frame, parent)
 {
     buildPage();

@@ -8,7 +8,7 @@ class IdentityPage final : public RecordPage
     Q_OBJECT
 
 public:
-    explicit IdentityPage(EquipmentFrame &frame, QWidget *parent = nullptr);
+    explicit IdentityPage(MachineFrame &frame, QWidget *parent = nullptr);
 
     void DisplayData(const clsEquipment &machine, const db::Row &row) override;
     void ClearData() override;

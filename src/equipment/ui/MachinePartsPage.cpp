@@ -20,7 +20,7 @@ constexpr const char *Module = "Equipment";
 
 } // namespace
 
-MachinePartsPage::MachinePartsPage(EquipmentFrame &frame, QWidget *parent)
+MachinePartsPage::MachinePartsPage(MachineFrame &frame, QWidget *parent)
     : GridPage(frame, parent)
 {
     input::FormBuilder form(this);

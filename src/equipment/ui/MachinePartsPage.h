@@ -1,6 +1,6 @@
 #pragma once
 
-#include "equipment/ui/GridPage.h"
+#include "scheduling/ui/GridPage.h"
 
 class QPushButton;
 
@@ -10,7 +10,7 @@ class MachinePartsPage final : public GridPage
     Q_OBJECT
 
 public:
-    explicit MachinePartsPage(EquipmentFrame &frame, QWidget *parent = nullptr);
+    explicit MachinePartsPage(MachineFrame &frame, QWidget *parent = nullptr);
 
     void showMachine(qint64 EquipmentID) override;
 

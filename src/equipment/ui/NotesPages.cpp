@@ -23,7 +23,7 @@ constexpr int UserFieldLength = 100;
 
 } // namespace
 
-NotesPage::NotesPage(EquipmentFrame &frame, QWidget *parent)
+NotesPage::NotesPage(MachineFrame &frame, QWidget *parent)
     : RecordPage(frame, parent)
 {
     input::FormBuilder form(this);
@@ -34,7 +34,7 @@ NotesPage::NotesPage(EquipmentFrame &frame, QWidget *parent)
     fields().add(rtfNotes, &clsEquipment::Notes);
 }
 
-UserFieldsPage::UserFieldsPage(EquipmentFrame &frame, QWidget *parent)
+UserFieldsPage::UserFieldsPage(MachineFrame &frame, QWidget *parent)
     : RecordPage(frame, parent)
 {
     input::FormBuilder form(this);

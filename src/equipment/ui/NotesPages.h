@@ -10,7 +10,7 @@ class NotesPage final : public RecordPage
     Q_OBJECT
 
 public:
-    explicit NotesPage(EquipmentFrame &frame, QWidget *parent = nullptr);
+    explicit NotesPage(MachineFrame &frame, QWidget *parent = nullptr);
 };
 
 /// The ten fields that the customer names himself.
@@ -19,7 +19,7 @@ class UserFieldsPage final : public RecordPage
     Q_OBJECT
 
 public:
-    explicit UserFieldsPage(EquipmentFrame &frame, QWidget *parent = nullptr);
+    explicit UserFieldsPage(MachineFrame &frame, QWidget *parent = nullptr);
 
 private:
     /// Shows a field's caption as the customer set it; one that he left blank keeps its number.

@@ -25,7 +25,7 @@ constexpr int LongestSide = 4096;
 
 } // namespace
 
-PicturesPage::PicturesPage(EquipmentFrame &frame, QWidget *parent)
+PicturesPage::PicturesPage(MachineFrame &frame, QWidget *parent)
     : GridPage(frame, parent)
 {
     input::FormBuilder form(this);

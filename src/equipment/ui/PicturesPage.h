@@ -1,6 +1,6 @@
 #pragma once
 
-#include "equipment/ui/GridPage.h"
+#include "scheduling/ui/GridPage.h"
 
 class PictureView;
 class QPushButton;
@@ -13,7 +13,7 @@ class PicturesPage final : public GridPage
     Q_OBJECT
 
 public:
-    explicit PicturesPage(EquipmentFrame &frame, QWidget *parent = nullptr);
+    explicit PicturesPage(MachineFrame &frame, QWidget *parent = nullptr);
 
     void showMachine(qint64 EquipmentID) override;
 

@@ -28,7 +28,7 @@ constexpr QStringView LoanCaptions[] = {u"Loan Company", u"Loan is for", u"Loan 
 
 } // namespace
 
-PurchasePage::PurchasePage(EquipmentFrame &frame, QWidget *parent)
+PurchasePage::PurchasePage(MachineFrame &frame, QWidget *parent)
     : RecordPage(frame, parent)
 {
     input::FormBuilder form(this);

@@ -12,7 +12,7 @@ class PurchasePage final : public RecordPage
     Q_OBJECT
 
 public:
-    explicit PurchasePage(EquipmentFrame &frame, QWidget *parent = nullptr);
+    explicit PurchasePage(MachineFrame &frame, QWidget *parent = nullptr);
 
     void DisplayData(const clsEquipment &machine, const db::Row &row) override;
     void RefreshCombo(const QString &listName) override;

@@ -2,8 +2,8 @@
 
 #include "core/ui/Binding.h"
 #include "equipment/clsEquipment.h"
-#include "equipment/ui/EquipmentPage.h"
 #include "platform/db/Recordset.h"
+#include "scheduling/ui/MachinePage.h"
 
 class QToolButton;
 
@@ -12,12 +12,12 @@ class FormBuilder;
 }
 
 /// A page that shows fields of the machine's own record.
-class RecordPage : public EquipmentPage
+class RecordPage : public MachinePage
 {
     Q_OBJECT
 
 public:
-    using EquipmentPage::EquipmentPage;
+    using MachinePage::MachinePage;
 
     /// Shows the machine. The row tells what the record can't: which numbers were never entered.
     virtual void DisplayData(const clsEquipment &machine, const db::Row &row);

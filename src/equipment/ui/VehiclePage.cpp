@@ -10,7 +10,7 @@
 
 using namespace Qt::StringLiterals;
 
-VehiclePage::VehiclePage(EquipmentFrame &frame, QWidget *parent)
+VehiclePage::VehiclePage(MachineFrame &frame, QWidget *parent)
     : RecordPage(frame, parent)
 {
     input::FormBuilder form(this);

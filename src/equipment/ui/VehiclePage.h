@@ -8,7 +8,7 @@ class VehiclePage final : public RecordPage
     Q_OBJECT
 
 public:
-    explicit VehiclePage(EquipmentFrame &frame, QWidget *parent = nullptr);
+    explicit VehiclePage(MachineFrame &frame, QWidget *parent = nullptr);
 
     void RefreshCombo(const QString &listName) override;
 

@@ -15,7 +15,6 @@
 #include "equipment/ui/NotesPages.h"
 #include "equipment/ui/PicturesPage.h"
 #include "equipment/ui/PurchasePage.h"
-#include "equipment/ui/SchedulingPages.h"
 #include "equipment/ui/VehiclePage.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
@@ -23,6 +22,8 @@
 #include "platform/input/FormBuilder.h"
 #include "platform/input/Leaving.h"
 #include "platform/input/Theme.h"
+#include "scheduling/ui/CountPage.h"
+#include "scheduling/ui/ServicePage.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -94,7 +95,7 @@ void frmEquipment::buildForm()
         input::setCausesValidation(button, false);
 }
 
-void frmEquipment::addPage(const QString &name, EquipmentPage *page)
+void frmEquipment::addPage(const QString &name, MachinePage *page)
 {
     page->setObjectName(name);
     // Long items must not make a page wider than the window.
@@ -113,7 +114,7 @@ void frmEquipment::makePages()
 {
     m_identity = new IdentityPage(*this);
     addPage(u"fraEquipment"_s, m_identity);
-    m_services = new EquipmentServicePage(*this);
+    m_services = new ServicePage(*this);
     addPage(u"fraService"_s, m_services);
     addPage(u"fraHistory"_s, new HistoryPage(*this));
     addPage(u"fraNotes"_s, new NotesPage(*this));
@@ -122,7 +123,7 @@ void frmEquipment::makePages()
     addPage(u"fraVehicleInfo"_s, new VehiclePage(*this));
     addPage(u"fraPartUsed"_s, new MachinePartsPage(*this));
     addPage(u"fraPurchase"_s, new PurchasePage(*this));
-    m_counts = new EquipmentCountPage(*this);
+    m_counts = new CountPage(*this);
     addPage(u"fraCounts"_s, m_counts);
     addPage(u"fraImages"_s, new PicturesPage(*this));
     addPage(u"fraDocuments"_s, new DocumentsPage(*this));
@@ -141,9 +142,9 @@ void frmEquipment::connectPages()
         if (auto *box = findChild<QPlainTextEdit *>(QString::fromUtf16(noteBox)))
             m_tabs->leaveStampTo(box);
     // A service's target may hang on a reading, and a reading may bring a service's date.
-    connect(m_services, &EquipmentServicePage::servicesChanged, this,
+    connect(m_services, &ServicePage::servicesChanged, this,
             [this] { m_counts->showMachine(m_equipmentID); });
-    connect(m_counts, &EquipmentCountPage::readingsChanged, this,
+    connect(m_counts, &CountPage::readingsChanged, this,
             [this] { m_services->showMachine(m_equipmentID); });
     connect(m_tabs, &EquipmentTabs::chosen, this, &frmEquipment::chooseTab);
     connect(m_identity, &IdentityPage::yearChosen, m_depreciation,
@@ -186,7 +187,7 @@ void frmEquipment::DisplayData(const db::Row &row)
         for (RecordPage *page : std::as_const(m_recordPages))
             page->DisplayData(machine, row);
     });
-    for (EquipmentPage *page : std::as_const(m_pages))
+    for (MachinePage *page : std::as_const(m_pages))
         base::trapped(Module, "DisplayData", [&] { page->showMachine(m_equipmentID); });
 }
 
@@ -195,7 +196,7 @@ void frmEquipment::ClearData()
     m_equipmentID = 0;
     for (RecordPage *page : std::as_const(m_recordPages))
         page->ClearData();
-    for (EquipmentPage *page : std::as_const(m_pages))
+    for (MachinePage *page : std::as_const(m_pages))
         base::trapped(Module, "ClearData", [&] { page->showMachine(0); });
 }
 
@@ -226,7 +227,7 @@ clsEquipment frmEquipment::SetObjectValues() const
     return machine;
 }
 
-bool frmEquipment::refusedBy(EquipmentPage *page)
+bool frmEquipment::refusedBy(MachinePage *page)
 {
     const auto index = static_cast<int>(m_pages.indexOf(page));
     m_tabs->ChangeButtonState(index);
@@ -239,13 +240,13 @@ bool frmEquipment::refusedBy(EquipmentPage *page)
 
 bool frmEquipment::VailidateFields()
 {
-    for (EquipmentPage *page : std::as_const(m_pages))
+    for (MachinePage *page : std::as_const(m_pages))
         if (!page->finishEditing())
             return false;
     if (!m_identity->VailidateFields())
         return refusedBy(m_identity);
     // A key that saves leaves no box, so what leaving checks is checked here.
-    for (EquipmentPage *page : std::as_const(m_pages))
+    for (MachinePage *page : std::as_const(m_pages))
         if (!page->mayLeave())
             return refusedBy(page);
     return true;
@@ -317,7 +318,7 @@ void frmEquipment::EnableControls()
 
 void frmEquipment::recordShown()
 {
-    for (EquipmentPage *page : std::as_const(m_pages))
+    for (MachinePage *page : std::as_const(m_pages))
         page->setEditable(mayEdit());
     // Without a machine there is nothing on any page, and no page to leave.
     const bool hasMachine = hasRows() || mode() == Mode::Add;
@@ -364,7 +365,7 @@ void frmEquipment::chooseTab(int index)
     m_tabs->ChangeButtonState(index);
     if (ChkFrameVisible(index))
         return;
-    EquipmentPage *current = m_pages[m_stack->currentIndex()];
+    MachinePage *current = m_pages[m_stack->currentIndex()];
     if (!current->finishEditing() || !current->mayLeave()) {
         m_tabs->ChangeButtonState(m_stack->currentIndex());
     } else if (ChkEquipmentNameAndNo()) {
@@ -384,7 +385,7 @@ void frmEquipment::FrameVisible(int index)
 
 void frmEquipment::unloading()
 {
-    for (EquipmentPage *page : std::as_const(m_pages))
+    for (MachinePage *page : std::as_const(m_pages))
         page->closing();
     base::trapped(Module, "Form_Unload", [] { RollbackTrans(); });
 }

@@ -2,20 +2,20 @@
 
 #include "core/ui/RecordScreen.h"
 #include "equipment/clsEquipment.h"
-#include "equipment/ui/EquipmentPage.h"
+#include "scheduling/ui/MachinePage.h"
 
+class CountPage;
 class DepreciationPage;
-class EquipmentCountPage;
-class EquipmentServicePage;
 class EquipmentTabs;
 class IdentityPage;
 class QLabel;
 class QStackedWidget;
 class RecordPage;
+class ServicePage;
 
 /// The machines: one record at a time on thirteen pages. From the first edit, or from Add, the
 /// screen holds one transaction until Save or Cancel, in which all that its pages write lies too.
-class frmEquipment final : public RecordScreen, public EquipmentFrame
+class frmEquipment final : public RecordScreen, public MachineFrame
 {
     Q_OBJECT
 
@@ -57,7 +57,7 @@ protected:
 private:
     void buildForm();
     void makePages();
-    void addPage(const QString &name, EquipmentPage *page);
+    void addPage(const QString &name, MachinePage *page);
     void connectPages();
 
     /// The user asked for a page by its button or key.
@@ -71,7 +71,7 @@ private:
     /// Marks the tabs of the pages that have something in them.
     void CheckUserDefinedfields();
     /// Brings the page to the front whose control refuses to be saved; answers False.
-    bool refusedBy(EquipmentPage *page);
+    bool refusedBy(MachinePage *page);
     void showHeading();
     [[nodiscard]] clsEquipment SetObjectValues() const;
     /// The next click shows the help about what it hits.
@@ -80,11 +80,11 @@ private:
     [[nodiscard]] static QString FindHelpContextId(const QWidget *control);
 
     qint64 m_equipmentID = 0;
-    QList<EquipmentPage *> m_pages;
+    QList<MachinePage *> m_pages;
     QList<RecordPage *> m_recordPages;
     IdentityPage *m_identity = nullptr;
-    EquipmentServicePage *m_services = nullptr;
-    EquipmentCountPage *m_counts = nullptr;
+    ServicePage *m_services = nullptr;
+    CountPage *m_counts = nullptr;
     DepreciationPage *m_depreciation = nullptr;
 
     EquipmentTabs *m_tabs = nullptr;

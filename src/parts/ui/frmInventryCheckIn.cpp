@@ -52,7 +52,7 @@ void frmInventryCheckIn::buildForm()
     search->setColumns({{u"Part Number"_s, u"VARCHAR"_s}, {u"Description"_s, u"VARCHAR"_s}});
     connect(chkReorder, &QCheckBox::toggled, this, &frmInventryCheckIn::ShowGrid);
     connect(grdParts, &grid::GridView::typing, this, [this] { edited(); });
-    grdParts->rows().changeRule = [this](int row, const QString &, const QVariant &value) {
+    grdParts->rows().column(Received).changeRule = [this](int row, const QVariant &value) {
         edited();
         // An emptied cell has received nothing.
         if (value.isNull() || value.toString().trimmed().isEmpty()) {

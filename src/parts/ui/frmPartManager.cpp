@@ -21,25 +21,32 @@ namespace {
 
 constexpr const char *Module = "frmPartManager";
 
-QString listStatement(const QString &leftOut)
+} // namespace
+
+frmPartManager::frmPartManager(const QString &leftOut, bool selectMode, QWidget *parent)
+    : Screen(u"frmPartManager"_s, u"Parts"_s, parent)
+    , m_leftOut(leftOut)
+    , m_selectMode(selectMode)
 {
-    QString where = u" Where tblpart.Inactive=No"_s;
-    if (!leftOut.trimmed().isEmpty())
-        where = u" Where tblpart.Inactive=No and  tblpart.partId not in ( %1 )"_s.arg(leftOut);
-    return u"SELECT tblPart.PartID as [Part Number] , tblPart.Description, tblIndicator.ItemName "
-           "as [Part Category], tblPart.Quantity as [Qty on Hand], tblPart.Price, "
-           "tblSupplier.Name as [Supplier], tblPart.Inactive, tblPart.SupplierID FROM (tblPart "
-           "LEFT JOIN tblSupplier ON tblPart.SupplierID = tblSupplier.SupplierID) LEFT JOIN "
-           "tblIndicator ON tblPart.PartCategoryID = tblIndicator.ItemID"_s +
-           where + u" order by tblpart.PartID"_s;
+    buildForm();
+    ShowGrid();
+    adoptGrid(grdParts, u"grdParts"_s);
 }
 
-QList<grid::Column> listColumns(bool selectMode)
+QList<grid::Column> frmPartManager::columns()
 {
     QList<grid::Column> columns;
-    if (selectMode) {
-        columns.append(
-            {.name = u"Select"_s, .width = 60, .editable = true, .editor = grid::Editor::Check});
+    if (m_selectMode) {
+        columns.append({.name = u"Select"_s,
+                        .width = 60,
+                        .editable = true,
+                        .editor = grid::Editor::Check,
+                        .changeRule = [this](int row, const QVariant &ticked) {
+                            // Of a part that is picked, one is needed until another number is
+                            // given.
+                            grdParts->rows().setValue(row, u"Qty Req", ticked.toBool() ? 1.0 : 0.0);
+                            return true;
+                        }});
         columns.append({.name = u"Qty Req"_s,
                         .width = 80,
                         .editable = true,
@@ -59,23 +66,11 @@ QList<grid::Column> listColumns(bool selectMode)
     return columns;
 }
 
-} // namespace
-
-frmPartManager::frmPartManager(const QString &leftOut, bool selectMode, QWidget *parent)
-    : Screen(u"frmPartManager"_s, u"Parts"_s, parent)
-    , m_leftOut(leftOut)
-    , m_selectMode(selectMode)
-{
-    buildForm();
-    ShowGrid();
-    adoptGrid(grdParts, u"grdParts"_s);
-}
-
 void frmPartManager::buildForm()
 {
     input::FormBuilder form(this);
     txtSearch = form.textField(u"txtSearch"_s, u"Searc&h:"_s, 100);
-    grdParts = makeListGrid(this, u"grdParts"_s, u"Parts"_s, listColumns(m_selectMode));
+    grdParts = makeListGrid(this, u"grdParts"_s, u"Parts"_s, columns());
     form.widget(grdParts, true);
     cmdAdd = form.leftButton(u"cmdAdd"_s, u"&Add"_s, theme::icon(u"add"_s));
     cmdDelete = form.leftButton(u"cmdDelete"_s, u"&Delete"_s, theme::icon(u"delete"_s));
@@ -87,9 +82,6 @@ void frmPartManager::buildForm()
 
     auto *search = new IncrementalSearch(txtSearch, grdParts);
     search->setColumns({{u"Part Number"_s, u"VARCHAR"_s}, {u"Description"_s, u"VARCHAR"_s}});
-    grdParts->rows().changeRule = [this](int row, const QString &column, const QVariant &value) {
-        return partTicked(row, column, value);
-    };
     connect(grdParts, &grid::GridView::rowActivated, this, [this](int row) {
         if (m_selectMode)
             grdParts->rows().edit(row, grdParts->rows().columnIndex(u"Select"),
@@ -106,8 +98,9 @@ void frmPartManager::buildForm()
 void frmPartManager::ShowGrid(const QString &keepPart)
 {
     base::trapped(Module, "ShowGrid", [&] {
-        grdParts->rows().setRecordset(gcnData->Open(listStatement(m_leftOut)));
-        FillValue();
+        const QHash<QString, double> picked = ticked();
+        grdParts->rows().setRecordset(clsPartManager().Selectable(m_leftOut));
+        FillValue(picked);
         const int kept =
             keepPart.isEmpty() ? -1 : grdParts->rows().findRow(u"Part Number", keepPart);
         const int row = kept >= 0 ? kept : grdParts->displayedOrder().value(0, -1);
@@ -119,12 +112,31 @@ void frmPartManager::ShowGrid(const QString &keepPart)
     EnableControls();
 }
 
-void frmPartManager::FillValue()
+/// What is ticked so far, with its quantities: it outlives a reading of the list.
+QHash<QString, double> frmPartManager::ticked() const
+{
+    QHash<QString, double> parts;
+    const grid::GridModel &rows = grdParts->rows();
+    for (int row = 0; m_selectMode && row < rows.rowCount(); ++row)
+        if (rows.value(row, u"Select").toBool())
+            parts.insert(rows.text(row, u"Part Number"), rows.value(row, u"Qty Req").toDouble());
+    return parts;
+}
+
+void frmPartManager::FillValue(const QHash<QString, double> &picked)
 {
     if (!m_selectMode)
         return;
-    grdParts->rows().setAll(u"Select", false);
-    grdParts->rows().setAll(u"Qty Req", 0.0);
+    grid::GridModel &rows = grdParts->rows();
+    rows.setAll(u"Select", false);
+    rows.setAll(u"Qty Req", 0.0);
+    for (int row = 0; !picked.isEmpty() && row < rows.rowCount(); ++row) {
+        const auto found = picked.constFind(rows.text(row, u"Part Number"));
+        if (found == picked.cend())
+            continue;
+        rows.setValue(row, u"Select", true);
+        rows.setValue(row, u"Qty Req", *found);
+    }
 }
 
 void frmPartManager::EnableControls()
@@ -132,13 +144,6 @@ void frmPartManager::EnableControls()
     const bool rows = grdParts->rows().rowCount() > 0;
     cmdDelete->setEnabled(rows);
     cmdSelect->setEnabled(rows);
-}
-
-bool frmPartManager::partTicked(int row, const QString &column, const QVariant &value)
-{
-    if (column == u"Select")
-        grdParts->rows().setValue(row, u"Qty Req", value.toBool() ? 1.0 : 0.0);
-    return true;
 }
 
 QString frmPartManager::currentPart() const
@@ -201,8 +206,6 @@ void frmPartManager::cmdDelete_Click()
     }
     if (!manager.DeleteRecord(part))
         return;
-    base::trapped(Module, "cmdDelete_Click", [&] {
-        gcnData->Execute(u"Delete from tblTempServicePart where PartId=?"_s, {part});
-    });
+    base::trapped(Module, "cmdDelete_Click", [&] { manager.ForgetPicked(part); });
     ShowGrid();
 }

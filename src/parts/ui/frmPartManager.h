@@ -1,6 +1,9 @@
 #pragma once
 
 #include "core/ui/Screen.h"
+#include "platform/grid/GridTypes.h"
+
+#include <QHash>
 
 class QLineEdit;
 class QPushButton;
@@ -23,9 +26,11 @@ protected:
 
 private:
     void buildForm();
+    /// Reads the list; what was ticked stays so. keepPart: the row to come back to.
     void ShowGrid(const QString &keepPart = {});
-    void FillValue();
-    bool partTicked(int row, const QString &column, const QVariant &value);
+    [[nodiscard]] QList<grid::Column> columns();
+    void FillValue(const QHash<QString, double> &picked);
+    [[nodiscard]] QHash<QString, double> ticked() const;
     void cmdSelect_Click();
     void cmdAdd_Click();
     void cmdDelete_Click();

@@ -3,7 +3,7 @@
 #include "platform/base/Environment.h"
 #include "platform/base/Format.h"
 #include "platform/grid/CellFormat.h"
-#include "platform/grid/GridColumnData.h"
+#include "platform/grid/GridColumns.h"
 
 #include <QAbstractItemView>
 #include <QAction>

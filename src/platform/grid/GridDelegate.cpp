@@ -43,6 +43,20 @@ void paintArrow(QPainter *painter, const QRect &cell, const QColor &colour)
 
 } // namespace
 
+void drawLineBelow(QPainter *painter, const QRect &cell)
+{
+    const qreal pixel = 1 / painter->deviceTransform().m11();
+    painter->fillRect(QRectF(cell.left(), cell.top() + cell.height() - pixel, cell.width(), pixel),
+                      colours::Lines);
+}
+
+void drawLineRight(QPainter *painter, const QRect &cell)
+{
+    const qreal pixel = 1 / painter->deviceTransform().m11();
+    painter->fillRect(QRectF(cell.left() + cell.width() - pixel, cell.top(), pixel, cell.height()),
+                      colours::Lines);
+}
+
 GridDelegate::GridDelegate(GridView *view)
     : QStyledItemDelegate(view)
     , m_view(view)
@@ -95,9 +109,8 @@ void GridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
     else
         paintText(painter, option, index, style, selected);
 
-    painter->setPen(colours::Lines);
-    painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
-    painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
+    drawLineBelow(painter, option.rect);
+    drawLineRight(painter, option.rect);
     if (m_view->hasFocus() && index == m_view->currentIndex()) {
         painter->setPen(QPen(option.palette.color(QPalette::HighlightedText), 1, Qt::DotLine));
         painter->setBrush(Qt::NoBrush);

@@ -20,6 +20,11 @@ inline constexpr QColor Lines{208, 208, 208};
 inline constexpr QColor Link{0, 70, 190};
 } // namespace colours
 
+/// The lines between cells, along the inner edges of a cell. One pixel of the screen wide, also on
+/// an enlarged one, where a pen of width 1 comes out as one pixel here and two there.
+void drawLineBelow(QPainter *painter, const QRect &cell);
+void drawLineRight(QPainter *painter, const QRect &cell);
+
 /// Paints the cells of a grid and edits them, one at a time.
 class GridDelegate final : public QStyledItemDelegate
 {

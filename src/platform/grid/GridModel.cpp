@@ -3,7 +3,7 @@
 #include "platform/base/Error.h"
 #include "platform/base/Format.h"
 #include "platform/grid/CellFormat.h"
-#include "platform/grid/GridColumnData.h"
+#include "platform/grid/GridSort.h"
 
 #include <algorithm>
 #include <numeric>
@@ -13,31 +13,6 @@ namespace grid {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-constexpr int SampledRows = 40; ///< rows whose texts decide on a new column's width
-
-bool sameName(QStringView left, QStringView right)
-{
-    return left.compare(right, Qt::CaseInsensitive) == 0;
-}
-
-/// Pixels that a text of so many characters takes, with room for the sorting sign.
-int widthFor(qsizetype characters)
-{
-    return std::clamp(static_cast<int>(characters) * 7 + 24, 60, 260);
-}
-
-int designedWidth(const db::Recordset &recordset, int column)
-{
-    qsizetype characters = recordset.columnName(column).size() + 1;
-    const sql::ColumnKind kind = recordset.columnKind(column);
-    if (kind == sql::ColumnKind::Date)
-        return widthFor(std::max<qsizetype>(characters, 10));
-    for (int row = 0; row < std::min(SampledRows, recordset.RecordCount()); ++row)
-        characters = std::max(characters, base::toText(recordset.value(row, column)).size());
-    return widthFor(characters);
-}
-
 } // namespace
 
 GridModel::GridModel(QObject *parent)
@@ -50,35 +25,22 @@ GridModel::~GridModel() = default;
 
 int GridModel::columnIndex(QStringView name) const
 {
-    for (std::size_t i = 0; i < m_columns.size(); ++i) {
-        if (sameName(m_columns[i]->column.name, name))
-            return static_cast<int>(i);
-    }
-    return -1;
-}
-
-GridModel::ColumnData &GridModel::named(QStringView name) const
-{
-    const int index = columnIndex(name);
-    if (index < 0)
-        throw base::Error(base::ErrorNumber::NoSuchItem,
-                          u"The grid has no column \"%1\"."_s.arg(name));
-    return *m_columns[static_cast<std::size_t>(index)];
+    return m_columns.indexOf(name);
 }
 
 Column &GridModel::column(QStringView name)
 {
-    return named(name).column;
+    return m_columns.named(name).column;
 }
 
 const Column &GridModel::column(QStringView name) const
 {
-    return named(name).column;
+    return m_columns.named(name).column;
 }
 
 const Column &GridModel::columnAt(int index) const
 {
-    return m_columns.at(static_cast<std::size_t>(index))->column;
+    return m_columns.at(index).column;
 }
 
 int GridModel::addColumn(Column column)
@@ -87,20 +49,14 @@ int GridModel::addColumn(Column column)
         column.caption = column.name;
     const int present = columnIndex(column.name);
     if (present >= 0) {
-        ColumnData &data = *m_columns[static_cast<std::size_t>(present)];
-        if (column.kind == sql::ColumnKind::Unknown)
-            column.kind = data.column.kind;
-        data.column = std::move(column);
-        data.added = true;
+        m_columns.replace(present, std::move(column));
         columnsChanged();
         return present;
     }
     const int index = columnCount();
     if (m_filling == 0)
         beginInsertColumns({}, index, index);
-    m_columns.push_back(std::make_unique<ColumnData>());
-    m_columns.back()->column = std::move(column);
-    m_columns.back()->added = true;
+    m_columns.append(std::move(column));
     if (m_filling == 0) {
         endInsertColumns();
         Q_EMIT columnSettingsChanged();
@@ -110,20 +66,19 @@ int GridModel::addColumn(Column column)
 
 void GridModel::columnsChanged()
 {
-    for (const auto &data : m_columns)
-        data->choiceTexts.reset();
+    m_columns.forgetChoiceTexts();
     if (m_filling > 0)
         return;
     Q_EMIT columnSettingsChanged();
-    if (!m_columns.empty())
+    if (columnCount() > 0)
         Q_EMIT headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
-    if (!m_top.empty() && !m_columns.empty())
+    if (!m_top.empty() && columnCount() > 0)
         Q_EMIT dataChanged(index(0, 0), index(rowCount(QModelIndex()) - 1, columnCount() - 1));
 }
 
 void GridModel::setTreeColumn(QStringView name)
 {
-    m_treeColumn = named(name).column.name;
+    m_treeColumn = column(name).name;
     Q_EMIT columnSettingsChanged();
 }
 
@@ -132,46 +87,13 @@ int GridModel::treeColumn() const
     return m_treeColumn.isEmpty() ? -1 : columnIndex(m_treeColumn);
 }
 
-/// Binds present columns to the recordset's fields, adds the missing and drops those that only an
-/// earlier recordset had.
-void GridModel::takeColumns(const db::Recordset &recordset)
-{
-    for (const auto &data : m_columns)
-        data->record = -1;
-    for (int field = 0; field < recordset.columnCount(); ++field) {
-        const QString name = recordset.columnName(field);
-        const sql::ColumnKind kind = recordset.columnKind(field);
-        const int present = columnIndex(name);
-        if (present >= 0) {
-            ColumnData &data = *m_columns[static_cast<std::size_t>(present)];
-            if (data.record >= 0)
-                continue; // a second field of that name can't be reached by it
-            data.record = field;
-            data.column.kind = kind;
-            if (kind == sql::ColumnKind::YesNo && data.column.editor == Editor::None)
-                data.column.editor = Editor::Check;
-            continue;
-        }
-        auto data = std::make_unique<ColumnData>();
-        data->record = field;
-        data->column.name = name;
-        data->column.caption = name;
-        data->column.kind = kind;
-        data->column.width = designedWidth(recordset, field);
-        if (kind == sql::ColumnKind::YesNo)
-            data->column.editor = Editor::Check;
-        m_columns.push_back(std::move(data));
-    }
-    std::erase_if(m_columns, [](const auto &data) { return data->record < 0 && !data->added; });
-}
-
 void GridModel::setRecordset(const db::Recordset &recordset)
 {
     beginResetModel();
     const QString sorted = m_sortColumn >= 0 ? columnAt(m_sortColumn).name : QString();
     dropRows();
     m_recordset = recordset;
-    takeColumns(recordset);
+    m_columns.take(recordset);
     m_sortColumn = sorted.isEmpty() ? -1 : columnIndex(sorted);
     const int count = recordset.RecordCount();
     m_slots.resize(static_cast<std::size_t>(count));
@@ -201,11 +123,8 @@ void GridModel::dropRows()
     m_top.clear();
     m_children.clear();
     m_recordset = db::Recordset();
-    for (const auto &data : m_columns) {
-        data->cells.clear();
-        data->fill.reset();
-    }
-    forgetSearches();
+    m_columns.forgetCells();
+    m_columns.forgetSearches();
 }
 
 void GridModel::clear()
@@ -213,12 +132,6 @@ void GridModel::clear()
     beginResetModel();
     dropRows();
     endResetModel();
-}
-
-void GridModel::forgetSearches()
-{
-    for (const auto &data : m_columns)
-        data->search.reset();
 }
 
 std::vector<int> &GridModel::siblings(int parentSlot)
@@ -249,7 +162,7 @@ int GridModel::insertRow(const QVariantMap &values, int parentRow)
     }
     std::vector<std::pair<ColumnData *, QVariant>> cells;
     for (auto it = values.cbegin(); it != values.cend(); ++it)
-        cells.emplace_back(&named(it.key()), it.value());
+        cells.emplace_back(&m_columns.named(it.key()), it.value());
 
     const int slot = static_cast<int>(m_slots.size());
     const int row = rowCount();
@@ -259,7 +172,7 @@ int GridModel::insertRow(const QVariantMap &values, int parentRow)
     std::vector<int> &order = siblings(parentSlot);
     auto place = order.end();
     if (m_sortDirection != Sort::None && m_sortColumn >= 0) {
-        const ColumnData &data = *m_columns[static_cast<std::size_t>(m_sortColumn)];
+        const ColumnData &data = m_columns.at(m_sortColumn);
         const SortKey key = sortKey(slot, data);
         place = std::upper_bound(order.begin(), order.end(), slot,
                                  [&](int, int other) { return before(key, sortKey(other, data)); });
@@ -272,7 +185,7 @@ int GridModel::insertRow(const QVariantMap &values, int parentRow)
     m_rows.push_back(slot);
     order.insert(place, slot);
     renumberPositions(order, static_cast<std::size_t>(position));
-    forgetSearches();
+    m_columns.forgetSearches();
     if (m_filling == 0)
         endInsertRows();
     return row;
@@ -297,13 +210,12 @@ void GridModel::removeRow(int row)
     for (const int number : gone) {
         const int goneSlot = m_rows[static_cast<std::size_t>(number)];
         m_children.remove(goneSlot);
-        for (const auto &data : m_columns)
-            data->cells.remove(goneSlot);
+        m_columns.forgetCells(goneSlot);
         m_rows.erase(m_rows.begin() + number);
     }
     for (std::size_t i = static_cast<std::size_t>(gone.back()); i < m_rows.size(); ++i)
         m_slots[static_cast<std::size_t>(m_rows[i])].row = static_cast<int>(i);
-    forgetSearches();
+    m_columns.forgetSearches();
     if (m_filling == 0)
         endRemoveRows();
 }
@@ -356,14 +268,13 @@ QVariant GridModel::slotValue(int slot, const ColumnData &column) const
 QVariant GridModel::value(int row, QStringView name) const
 {
     checkRow(row);
-    return slotValue(m_rows[static_cast<std::size_t>(row)], named(name));
+    return slotValue(m_rows[static_cast<std::size_t>(row)], m_columns.named(name));
 }
 
 QVariant GridModel::valueAt(int row, int column) const
 {
     checkRow(row);
-    return slotValue(m_rows[static_cast<std::size_t>(row)],
-                     *m_columns.at(static_cast<std::size_t>(column)));
+    return slotValue(m_rows[static_cast<std::size_t>(row)], m_columns.at(column));
 }
 
 QString GridModel::shownText(int slot, const ColumnData &data) const
@@ -380,19 +291,18 @@ QString GridModel::shownText(int slot, const ColumnData &data) const
 QString GridModel::text(int row, QStringView name) const
 {
     checkRow(row);
-    return shownText(m_rows[static_cast<std::size_t>(row)], named(name));
+    return shownText(m_rows[static_cast<std::size_t>(row)], m_columns.named(name));
 }
 
 QString GridModel::textAt(int row, int column) const
 {
     checkRow(row);
-    return shownText(m_rows[static_cast<std::size_t>(row)],
-                     *m_columns.at(static_cast<std::size_t>(column)));
+    return shownText(m_rows[static_cast<std::size_t>(row)], m_columns.at(column));
 }
 
 void GridModel::store(int row, int column, const QVariant &value)
 {
-    ColumnData &data = *m_columns[static_cast<std::size_t>(column)];
+    ColumnData &data = m_columns.at(column);
     data.cells.insert(m_rows[static_cast<std::size_t>(row)], value);
     data.search.reset();
     if (m_cellInRule == std::pair(row, column))
@@ -406,13 +316,13 @@ void GridModel::store(int row, int column, const QVariant &value)
 void GridModel::setValue(int row, QStringView name, const QVariant &value)
 {
     checkRow(row);
-    static_cast<void>(named(name));
+    static_cast<void>(m_columns.named(name));
     store(row, columnIndex(name), value);
 }
 
 void GridModel::setAll(QStringView name, const QVariant &value)
 {
-    ColumnData &data = named(name);
+    ColumnData &data = m_columns.named(name);
     data.cells.clear();
     data.fill = value;
     data.search.reset();
@@ -434,7 +344,7 @@ bool GridModel::mayEdit(int row, int column) const
     if (!settings.editable || settings.locked || settings.editor == Editor::Button ||
         settings.editor == Editor::Link)
         return false;
-    return !editRule || editRule(row, settings.name);
+    return !settings.editRule || settings.editRule(row);
 }
 
 bool GridModel::edit(int row, int column, const QVariant &newValue)
@@ -448,11 +358,12 @@ bool GridModel::edit(int row, int column, const QVariant &newValue)
     if (same)
         return true;
     const QString name = settings.name;
-    if (changeRule) {
+    // A copy, since a rule may give the columns other settings.
+    if (const auto rule = settings.changeRule) {
         const int generation = m_generation;
         const auto outerCell = std::exchange(m_cellInRule, std::pair(row, column));
         const bool outerSet = std::exchange(m_setByRule, false);
-        const bool accepted = changeRule(row, name, newValue);
+        const bool accepted = rule(row, newValue);
         m_cellInRule = outerCell;
         const bool setByRule = std::exchange(m_setByRule, outerSet);
         if (!accepted)
@@ -478,125 +389,6 @@ bool GridModel::isLink(int row, int column) const
     if (columnAt(column).editor != Editor::Link)
         return false;
     return (m_treeColumn.isEmpty() || parentRow(row) >= 0) && !textAt(row, column).isEmpty();
-}
-
-// The model's side for the view
-
-QModelIndex GridModel::indexOf(int row, int column) const
-{
-    if (row < 0 || row >= rowCount() || column < 0 || column >= columnCount())
-        return {};
-    const int slot = m_rows[static_cast<std::size_t>(row)];
-    return createIndex(m_slots[static_cast<std::size_t>(slot)].position, column,
-                       static_cast<quintptr>(slot));
-}
-
-int GridModel::rowOf(const QModelIndex &index) const
-{
-    return index.isValid() ? m_slots[static_cast<std::size_t>(index.internalId())].row : -1;
-}
-
-QModelIndex GridModel::index(int position, int column, const QModelIndex &parent) const
-{
-    const auto *order = children(parent.isValid() ? static_cast<int>(parent.internalId()) : -1);
-    if (!order || parent.column() > 0 || position < 0 ||
-        position >= static_cast<int>(order->size()) || column < 0 || column >= columnCount())
-        return {};
-    return createIndex(position, column,
-                       static_cast<quintptr>((*order)[static_cast<std::size_t>(position)]));
-}
-
-QModelIndex GridModel::parent(const QModelIndex &index) const
-{
-    if (!index.isValid())
-        return {};
-    const int above = m_slots[static_cast<std::size_t>(index.internalId())].parent;
-    return above < 0 ? QModelIndex()
-                     : createIndex(m_slots[static_cast<std::size_t>(above)].position, 0,
-                                   static_cast<quintptr>(above));
-}
-
-int GridModel::rowCount(const QModelIndex &parent) const
-{
-    if (parent.column() > 0)
-        return 0;
-    const auto *order = children(parent.isValid() ? static_cast<int>(parent.internalId()) : -1);
-    return order ? static_cast<int>(order->size()) : 0;
-}
-
-int GridModel::columnCount(const QModelIndex &) const
-{
-    return columnCount();
-}
-
-bool GridModel::hasChildren(const QModelIndex &parent) const
-{
-    return (!parent.isValid() || !m_children.isEmpty()) && rowCount(parent) > 0;
-}
-
-QVariant GridModel::data(const QModelIndex &index, int role) const
-{
-    if (!index.isValid())
-        return {};
-    const auto slot = static_cast<int>(index.internalId());
-    const ColumnData &data = *m_columns[static_cast<std::size_t>(index.column())];
-    const bool check = data.column.editor == Editor::Check;
-    switch (role) {
-    case Qt::DisplayRole:
-        return check ? QVariant() : QVariant(shownText(slot, data));
-    case Qt::EditRole:
-        return slotValue(slot, data);
-    case Qt::TextAlignmentRole:
-        return QVariant::fromValue(alignmentOf(data.column));
-    case Qt::CheckStateRole:
-        if (check)
-            return isTicked(slotValue(slot, data)) ? Qt::Checked : Qt::Unchecked;
-        return {};
-    case Qt::AccessibleTextRole:
-        if (check)
-            return data.column.caption +
-                   (isTicked(slotValue(slot, data)) ? u": checked"_s : u": not checked"_s);
-        return QString(data.column.caption + u": "_s + shownText(slot, data));
-    default:
-        return {};
-    }
-}
-
-bool GridModel::setData(const QModelIndex &index, const QVariant &value, int role)
-{
-    const int row = rowOf(index);
-    if (row < 0 || !mayEdit(row, index.column()))
-        return false;
-    if (role == Qt::CheckStateRole)
-        return edit(row, index.column(), value.toInt() == Qt::Checked);
-    return role == Qt::EditRole && edit(row, index.column(), value);
-}
-
-QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const
-{
-    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
-        return {};
-    const Column &settings = columnAt(section);
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::AccessibleTextRole:
-        return settings.caption.isEmpty() ? settings.name : settings.caption;
-    case Qt::TextAlignmentRole:
-        return QVariant::fromValue(alignmentOf(settings));
-    default:
-        return {};
-    }
-}
-
-Qt::ItemFlags GridModel::flags(const QModelIndex &index) const
-{
-    if (!index.isValid())
-        return Qt::NoItemFlags;
-    Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
-    const Column &settings = columnAt(index.column());
-    if (settings.editable && !settings.locked)
-        flags |= settings.editor == Editor::Check ? Qt::ItemIsUserCheckable : Qt::ItemIsEditable;
-    return flags;
 }
 
 } // namespace grid

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "platform/db/Recordset.h"
-#include "platform/grid/GridTypes.h"
-#include "platform/grid/PrefixIndex.h"
+#include "platform/grid/GridColumns.h"
 
 #include <QAbstractItemModel>
 #include <QHash>
@@ -46,7 +45,7 @@ public:
     [[nodiscard]] Column &column(QStringView name);
     [[nodiscard]] const Column &column(QStringView name) const;
     [[nodiscard]] const Column &columnAt(int index) const;
-    [[nodiscard]] int columnCount() const { return static_cast<int>(m_columns.size()); }
+    [[nodiscard]] int columnCount() const { return m_columns.count(); }
     /// Makes changed settings of columns visible.
     void columnsChanged();
     /// The column that carries the plus and minus signs; makes the grid a tree.
@@ -112,20 +111,16 @@ public:
     /// The row numbers from top to bottom, rows below others behind them.
     [[nodiscard]] QList<int> displayedOrder() const;
 
-    // Rules of a screen, given the row's number and the column's name.
+    // A screen's rule for the rows, given the row's number and the column's name. What a change
+    // means is a rule of the column (Column::changeRule).
 
-    /// A change by the user, asked before it is stored (so the old value is still in the cell).
-    /// False refuses it. A rule may set the cell itself: then that value stays.
-    std::function<bool(int row, const QString &column, const QVariant &newValue)> changeRule;
-    /// False when the cell can't be edited now.
-    std::function<bool(int row, const QString &column)> editRule;
     /// Colours; asked for painted cells only.
     std::function<Style(int row, const QString &column)> styleRule;
 
-    /// True when the user may edit the cell: by the settings of its column and the edit rule.
+    /// True when the user may edit the cell: by the settings of its column and its edit rule.
     [[nodiscard]] bool mayEdit(int row, int column) const;
-    /// A change by the user: runs the change rule, stores the value and emits edited. False when
-    /// it was refused. A value that equals the present one is accepted without a rule.
+    /// A change by the user: runs the column's change rule, stores the value and emits edited.
+    /// False when it was refused. A value that equals the present one is accepted without a rule.
     bool edit(int row, int column, const QVariant &newValue);
     [[nodiscard]] Style style(int row, int column) const;
     /// True for a cell with a hyperlink: of a link column, not empty, and in a tree not one of the
@@ -167,18 +162,14 @@ private:
         int parent = -1;  ///< slot
         int position = 0; ///< among its siblings, as displayed
     };
-    struct ColumnData;
     struct SortKey;
 
     void checkRow(int row) const;
-    [[nodiscard]] ColumnData &named(QStringView name) const;
     [[nodiscard]] QVariant slotValue(int slot, const ColumnData &column) const;
     [[nodiscard]] QString shownText(int slot, const ColumnData &column) const;
     [[nodiscard]] QString searchText(int slot, const ColumnData &column) const;
     void store(int row, int column, const QVariant &value);
-    void takeColumns(const db::Recordset &recordset);
     void dropRows();
-    void forgetSearches();
     [[nodiscard]] std::vector<int> &siblings(int parentSlot);
     [[nodiscard]] const std::vector<int> *children(int parentSlot) const;
     void renumberPositions(const std::vector<int> &order, std::size_t from = 0);
@@ -189,7 +180,7 @@ private:
     void appendTree(const std::vector<int> &order, QList<int> &rows) const;
 
     db::Recordset m_recordset;
-    std::vector<std::unique_ptr<ColumnData>> m_columns;
+    ColumnSet m_columns;
     std::vector<Slot> m_slots;
     std::vector<int> m_rows; ///< slot of each row number
     std::vector<int> m_top;  ///< slots of the topmost rows, as displayed

@@ -3,7 +3,7 @@
 #include "platform/db/Criterion.h"
 #include "platform/db/RowData.h"
 #include "platform/grid/CellFormat.h"
-#include "platform/grid/GridColumnData.h"
+#include "platform/grid/GridSort.h"
 
 #include <algorithm>
 #include <numeric>
@@ -91,36 +91,6 @@ void append(db::RowData &rows, const QVariant &value, const Column &column)
 
 } // namespace
 
-Qt::Alignment alignmentOf(const Column &column)
-{
-    switch (column.align) {
-    case Align::Left:
-        return Qt::AlignLeft | Qt::AlignVCenter;
-    case Align::Center:
-        return Qt::AlignCenter;
-    case Align::Right:
-        return Qt::AlignRight | Qt::AlignVCenter;
-    case Align::Automatic:
-        break;
-    }
-    if (column.editor == Editor::Check || column.editor == Editor::Button)
-        return Qt::AlignCenter;
-    return (holdsNumbers(column) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
-}
-
-QString GridModel::ColumnData::choiceText(const QVariant &id) const
-{
-    if (id.isNull())
-        return {};
-    if (!choiceTexts || choiceTexts->list != column.choices.constData() ||
-        choiceTexts->count != column.choices.size()) {
-        choiceTexts.emplace(ChoiceTexts{column.choices.constData(), column.choices.size(), {}});
-        for (const Choice &choice : column.choices)
-            choiceTexts->texts.insert(choice.id, choice.text);
-    }
-    return choiceTexts->texts.value(id.toLongLong());
-}
-
 // Sorting
 
 GridModel::SortKey GridModel::sortKey(int slot, const ColumnData &data) const
@@ -169,7 +139,7 @@ void GridModel::arrange(std::vector<int> &order)
                    m_slots[static_cast<std::size_t>(right)].row;
         });
     } else {
-        const ColumnData &data = *m_columns[static_cast<std::size_t>(m_sortColumn)];
+        const ColumnData &data = m_columns.at(m_sortColumn);
         std::vector<SortKey> keys;
         keys.reserve(order.size());
         for (const int slot : order)
@@ -212,7 +182,7 @@ void GridModel::resort()
 
 void GridModel::sortBy(QStringView name, Sort direction)
 {
-    static_cast<void>(named(name));
+    static_cast<void>(column(name));
     m_sortColumn = direction == Sort::None ? -1 : columnIndex(name);
     m_sortDirection = direction;
     resort();
@@ -252,7 +222,7 @@ QString GridModel::searchText(int slot, const ColumnData &data) const
 
 int GridModel::beginsWith(QStringView name, QStringView text) const
 {
-    const ColumnData &data = named(name);
+    const ColumnData &data = m_columns.named(name);
     if (!data.search) {
         std::vector<QString> texts;
         texts.reserve(m_rows.size());
@@ -265,7 +235,7 @@ int GridModel::beginsWith(QStringView name, QStringView text) const
 
 int GridModel::findRow(QStringView name, const QVariant &wanted) const
 {
-    const ColumnData &data = named(name);
+    const ColumnData &data = m_columns.named(name);
     const QString wantedText = base::toText(wanted);
     const bool check = data.column.editor == Editor::Check;
     for (std::size_t row = 0; row < m_rows.size(); ++row) {
@@ -285,7 +255,7 @@ int GridModel::findRow(QStringView name, const QVariant &wanted) const
 int GridModel::find(QStringView criterion, int from) const
 {
     const auto [name, condition] = splitCriterion(criterion);
-    const ColumnData &data = named(name);
+    const ColumnData &data = m_columns.named(name);
     from = std::max(from, 0);
     if (data.column.editor != Editor::DropDown && from == 0) {
         if (const auto prefix = plainPrefix(condition))

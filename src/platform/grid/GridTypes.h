@@ -5,6 +5,8 @@
 #include <QColor>
 #include <QList>
 #include <QString>
+#include <QVariant>
+#include <functional>
 
 namespace grid {
 
@@ -52,6 +54,12 @@ struct Column
     int position = -1;     ///< place from the left, -1 for the place in which it was added
     QString placeholder{}; ///< shown in empty cells; editing such a cell begins empty
     int maxLength = 0;     ///< longest text that can be typed, 0 for no limit
+
+    /// What a change by the user means, asked before it is stored (so the old value is still in
+    /// the cell). False refuses it. The rule may set the cell itself: then that value stays.
+    std::function<bool(int row, const QVariant &newValue)> changeRule{};
+    /// False when the row's cell can't be edited now.
+    std::function<bool(int row)> editRule{};
 };
 
 /// What is kept of a column between two openings of a screen.

@@ -360,8 +360,7 @@ void GridView::drawBranches(QPainter *painter, const QRect &rect, const QModelIn
     const QColor back = m_delegate->background(cell, selected);
     if (back.isValid())
         painter->fillRect(rect, back);
-    painter->setPen(colours::Lines);
-    painter->drawLine(rect.bottomLeft(), rect.bottomRight());
+    drawLineBelow(painter, rect);
     if (!m_rows->hasChildren(index.siblingAtColumn(0)))
         return;
     QRect box(0, 0, 9, 9);

@@ -27,9 +27,8 @@ int columnWidth()
 
 } // namespace
 
-CountPage::CountPage(MachineScreen screen, QWidget *parent)
-    : QWidget(parent)
-    , m_screen(std::move(screen))
+CountPage::CountPage(MachineFrame &frame, QWidget *parent)
+    : GridPage(frame, parent)
 {
     buildPage();
     EnableControls();
@@ -56,15 +55,21 @@ void CountPage::buildPage()
     cmdDeleteCount =
         form.leftButton(u"cmdDeleteCount"_s, u"De&lete Count"_s, theme::icon(u"delete"_s));
     form.finish();
+    setGrid(grdCount);
     connect(cmdAddCount, &QPushButton::clicked, this, &CountPage::cmdAddCount_Click);
     connect(cmdDeleteCount, &QPushButton::clicked, this, &CountPage::cmdDeleteCount_Click);
+}
+
+void CountPage::showMachine(qint64 EquipmentID)
+{
+    RefreshCountGrid(EquipmentID);
 }
 
 void CountPage::RefreshCountGrid(qint64 EquipmentID)
 {
     base::trapped(Module, "RefreshCountGrid", [&] {
-        m_equipment = EquipmentID;
-        const db::Recordset counts = readings::list(m_equipment);
+        setEquipment(EquipmentID);
+        const db::Recordset counts = readings::list(EquipmentID);
         grdCount->rows().setRecordset(counts);
         m_trend->show(counts);
         grdCount->selectRow(grdCount->displayedOrder().value(0, -1));
@@ -72,31 +77,19 @@ void CountPage::RefreshCountGrid(qint64 EquipmentID)
     EnableControls();
 }
 
-bool CountPage::hasContent() const
-{
-    return grdCount->rows().rowCount() > 0;
-}
-
-void CountPage::setMayEdit(bool may)
-{
-    m_mayEdit = may;
-    EnableControls();
-}
-
 void CountPage::EnableControls()
 {
-    cmdAddCount->setEnabled(m_mayEdit && m_equipment != 0);
-    cmdDeleteCount->setEnabled(m_mayEdit && hasContent());
+    cmdAddCount->setEnabled(isEditable() && equipment() != 0);
+    cmdDeleteCount->setEnabled(isEditable() && hasContent());
 }
 
 void CountPage::cmdAddCount_Click()
 {
-    m_screen.firstEdit();
+    frame().beginEdit();
     const int row = grdCount->currentRow();
     frmCountReadingEntry::ShowCountReadingForm(
-        m_equipment, row < 0 ? QString() : grdCount->rows().text(row, u"Count Type"));
-    RefreshCountGrid();
-    m_screen.refreshOthers();
+        equipment(), row < 0 ? QString() : grdCount->rows().text(row, u"Count Type"));
+    showChanged();
 }
 
 void CountPage::cmdDeleteCount_Click()
@@ -104,12 +97,12 @@ void CountPage::cmdDeleteCount_Click()
     const int row = grdCount->currentRow();
     if (row < 0)
         return;
-    m_screen.firstEdit();
+    frame().beginEdit();
     if (!base::askYesNo(u"Are you sure you want to Delete this record? Count"_s))
         return;
     const bool deleted = base::trapped(Module, "DeleteCountRecord", false, [&] {
         const grid::GridModel &rows = grdCount->rows();
-        readings::remove(m_equipment,
+        readings::remove(equipment(),
                          {rows.value(row, u"Count Date").toDateTime(),
                           rows.value(row, u"Count Value").toLongLong()},
                          rows.text(row, u"Count Type"));
@@ -117,6 +110,12 @@ void CountPage::cmdDeleteCount_Click()
     });
     if (!deleted)
         return;
-    RefreshCountGrid();
-    m_screen.refreshOthers();
+    showChanged();
+}
+
+void CountPage::showChanged()
+{
+    showAgain();
+    Q_EMIT readingsChanged();
+    frame().contentChanged();
 }

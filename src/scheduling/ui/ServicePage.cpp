@@ -22,11 +22,6 @@ namespace {
 
 constexpr const char *Module = "frmEquipment";
 
-bool is(const QString &column, QStringView name)
-{
-    return QStringView(column).compare(name, Qt::CaseInsensitive) == 0;
-}
-
 QList<grid::Choice> crewChoices()
 {
     QList<grid::Choice> choices;
@@ -35,46 +30,16 @@ QList<grid::Choice> crewChoices()
     return choices;
 }
 
-QList<grid::Column> columns()
+/// The schedule of a row's service, null for a code that is none.
+const periods::Period *periodOf(const grid::GridModel &rows, int row)
 {
-    return {
-        {.name = u"ServiceUsedID"_s, .visible = false},
-        {.name = u"Service No"_s, .width = 70},
-        {.name = u"ServiceID"_s, .visible = false},
-        {.name = u"Name"_s, .width = 170},
-        {.name = u"Next Schedule"_s, .width = 95, .editable = true, .editor = grid::Editor::Date},
-        {.name = u"Next Count"_s,
-         .width = 75,
-         .editable = true,
-         .editor = grid::Editor::Masked,
-         .mask = u"{1,999999999}"_s},
-        {.name = u"Service Crew"_s,
-         .width = 125,
-         .editable = true,
-         .align = grid::Align::Left,
-         .editor = grid::Editor::DropDown},
-        {.name = u"Budgeted Hrs"_s,
-         .width = 80,
-         .editable = true,
-         .format = u"0.00"_s,
-         .editor = grid::Editor::Masked,
-         .mask = u"{0,99999}.{0,99}"_s},
-        {.name = u"Labor Cost"_s, .width = 74, .editable = true, .format = u"$0.00"_s},
-        {.name = u"Interval"_s,
-         .width = 52,
-         .editable = true,
-         .editor = grid::Editor::Masked,
-         .mask = u"{1,99999}"_s},
-        {.name = u"Schedule Type"_s, .width = 80},
-        {.name = u"SeparateWo"_s, .visible = false},
-    };
+    return periods::ofWord(rows.text(row, u"Schedule Type"));
 }
 
 } // namespace
 
-ServicePage::ServicePage(MachineScreen screen, QWidget *parent)
-    : QWidget(parent)
-    , m_screen(std::move(screen))
+ServicePage::ServicePage(MachineFrame &frame, QWidget *parent)
+    : GridPage(frame, parent)
 {
     buildPage();
     EnableControls();
@@ -94,15 +59,86 @@ void ServicePage::buildPage()
         form.leftButton(u"cmdRemoveService"_s, u"Remo&ve Service"_s, theme::icon(u"delete"_s));
     form.finish();
 
-    grid::GridModel &rows = grdService->rows();
-    rows.editRule = [this](int row, const QString &column) { return grdService_Edit(row, column); };
-    rows.changeRule = [this](int row, const QString &column, const QVariant &value) {
-        return grdService_Change(row, column, value);
-    };
+    setGrid(grdService);
     connect(grdService, &grid::GridView::rowActivated, this, &ServicePage::cmdSelectService_Click);
     connect(cmdAddNewService, &QPushButton::clicked, this, &ServicePage::cmdAddNewService_Click);
     connect(cmdSelectService, &QPushButton::clicked, this, &ServicePage::cmdSelectService_Click);
     connect(cmdRemoveService, &QPushButton::clicked, this, &ServicePage::cmdRemoveService_Click);
+}
+
+QList<grid::Column> ServicePage::columns()
+{
+    const auto rule = [this](Change change) {
+        return [this, change](int row, const QVariant &value) {
+            return grdService_Change(change, row, value);
+        };
+    };
+    const auto stores = [this, &rule](const Stored &cell) {
+        return rule(
+            [this, cell](int row, const QVariant &value) { return update(row, cell, value); });
+    };
+    return {
+        {.name = u"ServiceUsedID"_s, .visible = false},
+        {.name = u"Service No"_s, .width = 70},
+        {.name = u"ServiceID"_s, .visible = false},
+        {.name = u"Name"_s, .width = 170},
+        {.name = u"Next Schedule"_s,
+         .width = 95,
+         .editable = true,
+         .editor = grid::Editor::Date,
+         .changeRule = rule(
+             [this](int row, const QVariant &value) { return changeNextSchedule(row, value); }),
+         .editRule =
+             [this](int row) {
+                 const periods::Period *period = periodOf(grdService->rows(), row);
+                 return !period || !period->isCount || period->code == u'C';
+             }},
+        {.name = u"Next Count"_s,
+         .width = 75,
+         .editable = true,
+         .editor = grid::Editor::Masked,
+         .mask = u"{1,999999999}"_s,
+         .changeRule = withReachedDate(
+             rule([this](int row, const QVariant &value) { return changeNextCount(row, value); })),
+         .editRule =
+             [this](int row) {
+                 const periods::Period *period = periodOf(grdService->rows(), row);
+                 return !period || period->isCount;
+             }},
+        {.name = u"Service Crew"_s,
+         .width = 125,
+         .editable = true,
+         .align = grid::Align::Left,
+         .editor = grid::Editor::DropDown,
+         .changeRule = withLabourCost(stores({u"Service Crew"_s, u"CrewID"_s}))},
+        {.name = u"Budgeted Hrs"_s,
+         .width = 80,
+         .editable = true,
+         .format = u"0.00"_s,
+         .editor = grid::Editor::Masked,
+         .mask = u"{0,99999}.{0,99}"_s,
+         .changeRule = withLabourCost(stores({u"Budgeted Hrs"_s, u"LaborEstimate"_s}))},
+        {.name = u"Labor Cost"_s,
+         .width = 74,
+         .editable = true,
+         .format = u"$0.00"_s,
+         .changeRule = stores({u"Labor Cost"_s, u"CostEstimate"_s})},
+        {.name = u"Interval"_s,
+         .width = 52,
+         .editable = true,
+         .editor = grid::Editor::Masked,
+         .mask = u"{1,99999}"_s,
+         .changeRule = rule([this](int row, const QVariant &value) {
+             return !value.isNull() && update(row, {u"Interval"_s, u"Einterval"_s}, value);
+         })},
+        {.name = u"Schedule Type"_s, .width = 80},
+        {.name = u"SeparateWo"_s, .visible = false},
+    };
+}
+
+void ServicePage::showMachine(qint64 EquipmentID)
+{
+    RefreshServiceGrid(EquipmentID);
 }
 
 void ServicePage::RefreshServiceGrid(qint64 EquipmentID)
@@ -110,9 +146,9 @@ void ServicePage::RefreshServiceGrid(qint64 EquipmentID)
     base::trapped(Module, "RefreshServiceGrid", [&] {
         grid::GridModel &rows = grdService->rows();
         const int current = grdService->currentRow();
-        const qint64 kept = current >= 0 && EquipmentID == m_equipment ? serviceOf(current) : 0;
-        m_equipment = EquipmentID;
-        rows.setRecordset(assignment::servicesOf(m_equipment));
+        const qint64 kept = current >= 0 && EquipmentID == equipment() ? serviceOf(current) : 0;
+        setEquipment(EquipmentID);
+        rows.setRecordset(assignment::servicesOf(EquipmentID));
         rows.column(u"Service Crew").choices = crewChoices();
         rows.columnsChanged();
         // 0 is no count: the service waits for none.
@@ -126,28 +162,19 @@ void ServicePage::RefreshServiceGrid(qint64 EquipmentID)
     EnableControls();
 }
 
-bool ServicePage::hasContent() const
-{
-    return grdService->rows().rowCount() > 0;
-}
-
-void ServicePage::setMayEdit(bool may)
-{
-    m_mayEdit = may;
-    EnableControls();
-}
-
-bool ServicePage::finishEditing()
-{
-    return grdService->finishEditing();
-}
-
 void ServicePage::EnableControls()
 {
-    grdService->setEditing(m_mayEdit);
-    cmdAddNewService->setEnabled(m_mayEdit && m_equipment != 0);
+    grdService->setEditing(isEditable());
+    cmdAddNewService->setEnabled(isEditable() && equipment() != 0);
     cmdSelectService->setEnabled(hasContent());
-    cmdRemoveService->setEnabled(m_mayEdit && hasContent());
+    cmdRemoveService->setEnabled(isEditable() && hasContent());
+}
+
+void ServicePage::showChanged()
+{
+    showAgain();
+    Q_EMIT servicesChanged();
+    frame().contentChanged();
 }
 
 qint64 ServicePage::serviceOf(int row) const
@@ -161,7 +188,7 @@ void ServicePage::cmdAddNewService_Click()
 {
     if (!finishEditing())
         return;
-    m_screen.firstEdit();
+    frame().beginEdit();
     QStringList present;
     const grid::GridModel &rows = grdService->rows();
     for (int row = 0; row < rows.rowCount(); ++row)
@@ -180,16 +207,15 @@ void ServicePage::cmdAddNewService_Click()
             ids.append(id.trimmed().toLongLong());
         const auto source =
             kind == u"EL" ? assignment::Source::Machine : assignment::Source::Catalogue;
-        return assignment::AddServiceRecord(m_equipment, ids, source) &&
-               assignment::ChkEveryServiceCount(m_equipment);
+        return assignment::AddServiceRecord(equipment(), ids, source) &&
+               assignment::ChkEveryServiceCount(equipment());
     });
     if (!added) {
-        m_screen.cancel();
+        frame().cancelEdit();
         return;
     }
-    RefreshServiceGrid();
-    m_screen.refreshOthers();
-    (void)m_screen.save();
+    showChanged();
+    (void)frame().save();
 }
 
 void ServicePage::cmdSelectService_Click()
@@ -197,92 +223,72 @@ void ServicePage::cmdSelectService_Click()
     if (!finishEditing() || grdService->currentRow() < 0)
         return;
     const qint64 service = serviceOf(grdService->currentRow());
-    if (service == 0 || (!m_screen.isBrowsing() && !m_screen.save()))
+    if (service == 0 || (frame().frameMode() != Mode::Browse && !frame().save()))
         return;
     ShowServiceUsedDetail(service);
-    RefreshServiceGrid();
-    m_screen.refreshOthers();
+    showChanged();
 }
 
 void ServicePage::cmdRemoveService_Click()
 {
     if (!finishEditing() || grdService->currentRow() < 0)
         return;
-    m_screen.firstEdit();
+    frame().beginEdit();
     if (!base::askYesNo(u"Are you sure you want to delete this service?"_s))
         return;
     // What is left is shown, also of a deletion that failed.
     (void)assignment::DeleteServiceRecord(serviceOf(grdService->currentRow()));
-    RefreshServiceGrid();
-    m_screen.refreshOthers();
+    showChanged();
 }
 
 // --- Changes in the grid -------------------------------------------------------------------------
 
-bool ServicePage::grdService_Edit(int row, const QString &column) const
+/// Runs a column's change inside the machine's edit. What another workstation did is shown, but
+/// not before the grid is done with the cell.
+bool ServicePage::grdService_Change(const Change &change, int row, const QVariant &value)
 {
-    const periods::Period *period = periods::ofWord(grdService->rows().text(row, u"Schedule Type"));
-    if (is(column, u"Next Count"))
-        return !period || period->isCount;
-    if (is(column, u"Next Schedule"))
-        return !period || !period->isCount || period->code == u'C';
-    return true;
-}
-
-bool ServicePage::grdService_Change(int row, const QString &column, const QVariant &value)
-{
-    m_screen.firstEdit();
-    const std::optional<bool> changed =
-        telling(Module, "grdService_Change", std::optional<bool>(),
-                [&] { return std::optional(changeCell(row, column, value)); });
-    if (!changed) {
-        // What another workstation did is shown, but not before the grid is done with the cell.
+    frame().beginEdit();
+    const std::optional<bool> changed = telling(Module, "grdService_Change", std::optional<bool>(),
+                                                [&] { return std::optional(change(row, value)); });
+    if (!changed)
         QMetaObject::invokeMethod(
-            this, [this] { RefreshServiceGrid(); }, Qt::QueuedConnection);
-    }
-    // The change is stored even where what follows from it can't be worked out.
-    if (changed == true)
-        showWhatFollows(row, column);
+            this, [this] { showAgain(); }, Qt::QueuedConnection);
     return changed.value_or(false);
 }
 
-void ServicePage::showWhatFollows(int row, const QString &column)
+ServicePage::Change ServicePage::withLabourCost(const Change &change)
 {
-    grid::GridModel &rows = grdService->rows();
-    if (is(column, u"Next Count") && rows.value(row, u"Next Schedule").isNull()) {
-        const QDateTime reached = assignment::UpdateDateIfReached(serviceOf(row));
-        if (reached.isValid())
-            rows.setValue(row, u"Next Schedule", reached);
-    } else if (is(column, u"Service Crew") || is(column, u"Budgeted Hrs")) {
+    return [this, change](int row, const QVariant &value) {
+        if (!change(row, value))
+            return false;
         if (const std::optional<double> cost = assignment::UpdateLabourCost(serviceOf(row)))
-            rows.setValue(row, u"Labor Cost", *cost);
-    }
-}
-
-bool ServicePage::changeCell(int row, const QString &column, const QVariant &value)
-{
-    if (is(column, u"Next Schedule"))
-        return changeNextSchedule(row, value);
-    if (is(column, u"Next Count"))
-        return changeNextCount(row, value);
-    if (is(column, u"Interval"))
-        return !value.isNull() && update(row, column, u"Einterval"_s, value);
-    if (is(column, u"Labor Cost"))
-        return update(row, column, u"CostEstimate"_s, value);
-    const QString field = is(column, u"Service Crew") ? u"CrewID"_s : u"LaborEstimate"_s;
-    return update(row, column, field, value);
-}
-
-bool ServicePage::update(int row, const QString &column, const QString &field,
-                         const QVariant &value)
-{
-    const auto stored = [&](const QVariant &each) {
-        return each.isNull() && !is(column, u"Next Schedule") ? QVariant(0) : each;
+            grdService->rows().setValue(row, u"Labor Cost", *cost);
+        return true;
     };
-    return writeCell(grdService->rows(), row, column, value,
+}
+
+ServicePage::Change ServicePage::withReachedDate(const Change &change)
+{
+    return [this, change](int row, const QVariant &value) {
+        if (!change(row, value))
+            return false;
+        grid::GridModel &rows = grdService->rows();
+        if (!rows.value(row, u"Next Schedule").isNull())
+            return true;
+        if (const QDateTime reached = assignment::UpdateDateIfReached(serviceOf(row));
+            reached.isValid())
+            rows.setValue(row, u"Next Schedule", reached);
+        return true;
+    };
+}
+
+bool ServicePage::update(int row, const Stored &cell, const QVariant &value)
+{
+    const auto stored = [&](const QVariant &each) { return each.isNull() ? cell.empty : each; };
+    return writeCell(grdService->rows(), row, cell.column, value,
                      [&](const std::optional<QVariant> &shown) {
                          return assignment::UpdateEquipmentService(
-                             serviceOf(row), field, stored(value),
+                             serviceOf(row), cell.field, stored(value),
                              shown ? std::optional(stored(*shown)) : std::nullopt);
                      });
 }
@@ -297,7 +303,7 @@ bool ServicePage::changeNextSchedule(int row, const QVariant &value)
         base::showMessage(refusal);
         return false;
     }
-    return update(row, u"Next Schedule"_s, u"NextScheduledDate"_s, value.toDateTime());
+    return update(row, {u"Next Schedule"_s, u"NextScheduledDate"_s, {}}, value.toDateTime());
 }
 
 bool ServicePage::changeNextCount(int row, const QVariant &value)
@@ -309,5 +315,5 @@ bool ServicePage::changeNextCount(int row, const QVariant &value)
     }
     if (ServiceInWorkOrder(service) && !orderwarning::confirmCountInGrid())
         return false;
-    return update(row, u"Next Count"_s, u"NextScheduledCount"_s, value);
+    return update(row, {u"Next Count"_s, u"NextScheduledCount"_s}, value);
 }

@@ -33,9 +33,6 @@ ServiceParts::ServiceParts(ServiceStore store, QWidget *parent)
     , m_store(store)
 {
     buildBox();
-    grdPartUsed->rows().changeRule = [this](int row, const QString &column, const QVariant &value) {
-        return SavePartGirdChanges(row, column, value);
-    };
     connect(grdPartUsed, &grid::GridView::changed, this, [this] {
         showCost();
         Q_EMIT edited();
@@ -47,21 +44,23 @@ ServiceParts::ServiceParts(ServiceStore store, QWidget *parent)
 void ServiceParts::buildBox()
 {
     setObjectName(u"fraParts"_s);
+    const auto amount = [this](const QString &name, int width, const QString &format,
+                               const QString &field) {
+        return grid::Column{.name = name,
+                            .width = width,
+                            .editable = true,
+                            .format = format,
+                            .editor = grid::Editor::Masked,
+                            .mask = AmountMask,
+                            .changeRule = [this, name, field](int row, const QVariant &value) {
+                                return SavePartGirdChanges(row, name, field, value);
+                            }};
+    };
     grdPartUsed = makeListGrid(this, u"grdPartUsed"_s, u"Parts of the service"_s,
                                {{.name = u"Part Number"_s, .width = 110},
                                 {.name = u"Description"_s, .width = 170},
-                                {.name = u"Qty Req"_s,
-                                 .width = 70,
-                                 .editable = true,
-                                 .format = u"0.00"_s,
-                                 .editor = grid::Editor::Masked,
-                                 .mask = AmountMask},
-                                {.name = u"Price"_s,
-                                 .width = 80,
-                                 .editable = true,
-                                 .format = u"$0.00"_s,
-                                 .editor = grid::Editor::Masked,
-                                 .mask = AmountMask}});
+                                amount(u"Qty Req"_s, 70, u"0.00"_s, u"QuantityRequired"_s),
+                                amount(u"Price"_s, 80, u"$0.00"_s, u"Price"_s)});
     grdPartUsed->setMinimumHeight(96);
     const auto button = [this](const QString &name, const QString &caption, const QString &icon) {
         auto *made = new QPushButton(theme::icon(icon), caption, this);
@@ -185,11 +184,10 @@ void ServiceParts::cmdRemove_Click()
         Q_EMIT edited();
 }
 
-bool ServiceParts::SavePartGirdChanges(int row, const QString &column, const QVariant &value)
+bool ServiceParts::SavePartGirdChanges(int row, const QString &column, const QString &field,
+                                       const QVariant &value)
 {
     grid::GridModel &rows = grdPartUsed->rows();
-    const QString field =
-        column.compare(u"Qty Req", Qt::CaseInsensitive) == 0 ? u"QuantityRequired"_s : u"Price"_s;
     // An emptied cell is the 0 that is stored for it.
     const QVariant stored = value.isNull() ? QVariant(0) : value;
     const bool saved = write("SavePartGirdChanges", [&] {

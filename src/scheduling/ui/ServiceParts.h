@@ -43,7 +43,8 @@ private:
     [[nodiscard]] bool write(const char *procedure, Body &&change);
     void cmdAddPart_Click();
     void cmdRemove_Click();
-    [[nodiscard]] bool SavePartGirdChanges(int row, const QString &column, const QVariant &value);
+    [[nodiscard]] bool SavePartGirdChanges(int row, const QString &column, const QString &field,
+                                           const QVariant &value);
     void showCost();
     void EnableControls();
 

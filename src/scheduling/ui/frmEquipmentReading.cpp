@@ -72,7 +72,7 @@ void frmEquipmentReading::buildForm()
     form.finish();
     resize(780, 520);
 
-    grdReading->rows().changeRule = [this](int row, const QString &, const QVariant &value) {
+    grdReading->rows().column(u"Count").changeRule = [this](int row, const QVariant &value) {
         return countEntered(row, value);
     };
     // By the user; going on to a row that lies beyond the edge scrolls too.

@@ -1,60 +1,37 @@
 #include "scheduling/ui/frmServices.h"
 
-#include "core/Flag.h"
 #include "core/General.h"
-#include "core/Periods.h"
 #include "core/Permission.h"
 #include "core/Session.h"
 #include "core/ui/Combos.h"
 #include "core/ui/Lock.h"
 #include "core/ui/LookupCombo.h"
-#include "platform/base/Decimal.h"
-#include "platform/base/Environment.h"
-#include "platform/base/Format.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "platform/grid/GridView.h"
-#include "platform/input/CurrencyInput.h"
-#include "platform/input/DateInput.h"
 #include "platform/input/IdCombo.h"
 #include "platform/input/Leaving.h"
-#include "platform/input/SpinInput.h"
-#include "scheduling/Readings.h"
-#include "scheduling/ui/OrderWarning.h"
-#include "scheduling/ui/PatternBox.h"
+#include "scheduling/ui/BudgetBox.h"
+#include "scheduling/ui/NextScheduleBox.h"
+#include "scheduling/ui/ScheduleBox.h"
 #include "scheduling/ui/ServiceParts.h"
 
 #include <QCheckBox>
-#include <QEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QRadioButton>
-#include <QStackedWidget>
 #include <QToolButton>
-#include <limits>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr const char *Module = "frmServices";
-const QString Renewals[] = {u"W"_s, u"S"_s, u"D"_s};
-
-QString dateText(const QDateTime &date)
-{
-    return date.isValid() ? date.toString(u"MM/dd/yyyy") : QString();
-}
-
 bool canBeTriedAgain(const base::Error &error)
 {
     return error.number() == db::ErrorNumber::LockConflict ||
            dynamic_cast<const record::Conflict *>(&error) != nullptr;
-}
-
-double amount(const QLineEdit *box)
-{
-    return box->text().trimmed().toDouble();
 }
 
 } // namespace
@@ -104,70 +81,30 @@ bool frmServices::mayEdit() const
     return mode() == Mode::Add || (m_hasRow && rights::isGranted(rights::Services.modify));
 }
 
-QString frmServices::period() const
-{
-    const periods::Period *chosen = periods::ofWord(cboRenewalPeriod->currentText());
-    return chosen ? chosen->code.toString() : QString();
-}
-
-/// The code of the way of renewal that is chosen; empty while none is.
-QString frmServices::renewal() const
-{
-    const QRadioButton *options[] = {OptWOC, OptSOS, OptDSA};
-    for (std::size_t i = 0; i < std::size(options); ++i)
-        if (options[i]->isChecked())
-            return Renewals[i];
-    return {};
-}
-
-void frmServices::showRenewal(const QString &code)
-{
-    QRadioButton *options[] = {OptWOC, OptSOS, OptDSA};
-    for (std::size_t i = 0; i < std::size(options); ++i)
-        options[i]->setChecked(code == Renewals[i]);
-}
-
-bool frmServices::isCountPeriod() const
-{
-    return !readings::countType(period()).isEmpty();
-}
-
 void frmServices::EnableControls()
 {
     const bool browsing = mode() == Mode::Browse;
     const bool may = mayEdit();
     cmdUpdate->setEnabled(!browsing);
     cmdCancel->setEnabled(!browsing);
-    for (QWidget *control : std::initializer_list<QWidget *>{
-             txtJobNo, txtName, cboCrew, cmdCrew, cboCostCenter, cmdCostCenter, ChkSeparateWO,
-             chkInactive, txtBudgetedlabor, txtBudgetedcost, txtNotes})
+    for (QWidget *control :
+         std::initializer_list<QWidget *>{txtJobNo, txtName, cboCrew, cmdCrew, cboCostCenter,
+                                          cmdCostCenter, ChkSeparateWO, chkInactive, txtNotes})
+        setLocked(control, !may);
+    for (QWidget *control : m_budget->controls())
         setLocked(control, !may);
     fraParts->setMayEdit(may);
     EnableLogicControl();
     setCloseEnabled(browsing);
 }
 
-/// What of the schedule can be edited follows from its kind.
+/// An inactive service has no schedule to be changed.
 void frmServices::EnableLogicControl()
 {
-    const bool may = mayEdit();
-    const bool active = may && !chkInactive->isChecked();
-    const bool again = active && !OptDSA->isChecked();
-    const bool calendar = again && !isCountPeriod();
-    const bool byDom = fraPattern->usesDayOfMonth();
-    fraPattern->setLive({.days = calendar && !byDom,
-                         .weeks = calendar && !byDom,
-                         .months = calendar && !byDom,
-                         .dom = calendar});
-    const bool interval = again && (!calendar || !byDom);
-    RRSpin1->setEnabled(interval);
-    cboRenewalPeriod->setEnabled(interval);
-    for (QRadioButton *option : {OptWOC, OptSOS, OptDSA})
-        option->setEnabled(active);
-    if (isAssigned()) {
-        stkNextDate->setEnabled(active);
-        txtCount->setEnabled(active);
-    }
+    const bool active = mayEdit() && !chkInactive->isChecked();
+    m_schedule->setActive(active);
+    if (m_next)
+        m_next->setActive(active);
 }
 
 void frmServices::RefreshCrews()
@@ -203,13 +140,10 @@ void frmServices::DisplayData(const db::Row &row)
     m_hasRow = true;
     showService(isAssigned() ? AssignedService::fromRow(row)
                              : AssignedService{clsServicesManager::fromRow(row, m_store), {}});
-    if (isAssigned()) {
-        lblLastDateScheduledData->setText(dateText(row.date(u"LastDateScheduled")));
-        lblLastDatePerformedData->setText(dateText(row.date(u"LastDatePerformed")));
-    }
+    if (m_next)
+        m_next->showLast(row.date(u"LastDateScheduled"), row.date(u"LastDatePerformed"));
     clearChanges();
     fraParts->RefreshPartGrid(m_key);
-    showTotalCost();
 }
 
 void frmServices::showService(const AssignedService &service)
@@ -218,10 +152,10 @@ void frmServices::showService(const AssignedService &service)
     m_oldJobNo = QString::number(service.JobNo);
     if (isAssigned()) {
         lblJobNoData->setText(m_oldJobNo);
-        showScheduleKind();
+        m_next->showScheduleKind();
     }
-    m_shownPeriod = period();
-    showLabourRate();
+    m_schedule->serviceShown();
+    m_budget->showLabourRate();
 }
 
 void frmServices::ClearData()
@@ -230,129 +164,26 @@ void frmServices::ClearData()
     m_hasRow = false;
     AssignedService blank;
     blank.Period = u"D"_s;
-    blank.RenewalOn = Renewals[0];
+    blank.RenewalOn = u"W"_s;
     showService(blank);
     txtJobNo->clear();
     if (isAssigned()) {
-        for (QLabel *label : {lblJobNoData, lblLastDateScheduledData, lblLastDatePerformedData})
-            label->clear();
-        txtCount->clear();
+        lblJobNoData->clear();
+        m_next->clear();
     }
     clearChanges();
     fraParts->RefreshPartGrid(0);
-    showTotalCost();
 }
 
 void frmServices::clearChanges()
 {
-    m_nextDateChanged = false;
-    m_nextCountChanged = false;
+    if (m_next)
+        m_next->forgetChanges();
     m_jobNoChanged = false;
     m_confirmedName.clear();
 }
 
-void frmServices::showLabourRate()
-{
-    txtLaborRate->setText(base::money(SetLaborCost(cboCrew->id())));
-}
-
-void frmServices::computeLabourCost()
-{
-    txtBudgetedcost->setValue(
-        base::Money(SetLaborCost(cboCrew->id())).centsTimes(amount(txtBudgetedlabor)).toDouble());
-}
-
-void frmServices::showTotalCost()
-{
-    txtTotalCost->setText(
-        base::money(base::decimalSum(txtBudgetedcost->value(), fraParts->SetPastCost())));
-}
-
-void frmServices::showNextDate(const QDateTime &date)
-{
-    datNextScheduledDate->setDate(date);
-    stkNextDate->setCurrentWidget(date.isValid() ? static_cast<QWidget *>(datNextScheduledDate)
-                                                 : txtNextScheduledDate);
-    stkNextDate->setFocusProxy(stkNextDate->currentWidget());
-}
-
-QDateTime frmServices::nextDate() const
-{
-    if (!isAssigned() || stkNextDate->currentWidget() == txtNextScheduledDate ||
-        !datNextScheduledDate->date().isValid())
-        return {};
-    return base::wallClock(datNextScheduledDate->date());
-}
-
-/// A count service waits for its count, and has a date once that is reached; a calendar service
-/// has a date only.
-void frmServices::showScheduleKind()
-{
-    const bool count = isCountPeriod();
-    lblNextSchedule->setText(count ? u"Ne&xt Scheduled Count:"_s : u"Ne&xt Scheduled Date:"_s);
-    lblNextSchedule->setBuddy(count ? static_cast<QWidget *>(txtCount) : datNextScheduledDate);
-    txtCount->setVisible(count);
-    lblDueOn->setVisible(count);
-}
-
-bool frmServices::eventFilter(QObject *watched, QEvent *event)
-{
-    if (watched == txtNextScheduledDate && event->type() == QEvent::FocusIn) {
-        // Who comes to the blank box wants to give a date.
-        stkNextDate->setCurrentWidget(datNextScheduledDate);
-        stkNextDate->setFocusProxy(datNextScheduledDate);
-        datNextScheduledDate->setFocus();
-    }
-    return Screen::eventFilter(watched, event);
-}
-
 // --- Rules of single controls --------------------------------------------------------------------
-
-void frmServices::cboRenewalPeriod_Click()
-{
-    if (isAssigned() && period() != m_shownPeriod)
-        CheckServiceChange();
-    m_shownPeriod = period();
-    EnableLogicControl();
-}
-
-void frmServices::CheckServiceChange()
-{
-    showScheduleKind();
-    m_nextDateChanged = true;
-    if (isCountPeriod()) {
-        const qint64 count =
-            GetEquipmentCount(m_fields.shown().EquipmentID, readings::countType(period())) +
-            RRSpin1->value();
-        if (count > std::numeric_limits<qint32>::max())
-            tellCountTooBig();
-        else
-            txtCount->setText(QString::number(count));
-        showNextDate({});
-    } else {
-        showNextDate(base::wallClock(base::today()));
-    }
-}
-
-void frmServices::tellCountTooBig()
-{
-    QString address = GetMakerRegistryValue(u"SupportAddress"_s);
-    if (address.isEmpty())
-        address = u"Quorvantis support"_s;
-    base::showMessage(
-        u"Next service count is bigger than field size. please contact %1"_s.arg(address));
-}
-
-void frmServices::useDayOfMonth(bool used)
-{
-    if (used) {
-        RRSpin1->setValue(1);
-        cboRenewalPeriod->selectText(u"Days"_s);
-        OptWOC->setChecked(true);
-        cboRenewalPeriod_Click();
-    }
-    EnableLogicControl();
-}
 
 void frmServices::chkInactive_Click()
 {
@@ -384,27 +215,6 @@ bool frmServices::txtJobNo_Validate()
     }
     base::showMessage(refusal);
     txtJobNo->setText(m_oldJobNo);
-    return false;
-}
-
-bool frmServices::txtCount_Validate()
-{
-    if (mode() == Mode::Browse || !isCountPeriod())
-        return true;
-    if (input::isBlank(txtCount)) {
-        base::showMessage(u"Please enter the next schedule count"_s);
-        return false;
-    }
-    const qint64 count = txtCount->text().trimmed().toLongLong();
-    if (count > std::numeric_limits<qint32>::max()) {
-        tellCountTooBig();
-        return false;
-    }
-    if (count >= 1)
-        return true;
-    base::showMessage(u"Count value shouldn't be less then or equal to 0"_s);
-    txtCount->setText(QString::number(
-        GetEquipmentCount(m_fields.shown().EquipmentID, readings::countType(period()))));
     return false;
 }
 
@@ -449,33 +259,9 @@ bool frmServices::ValidateFields()
         return refuse(cboCostCenter, u"Select one Cost Center"_s);
     if (input::isBlank(cboCrew))
         return refuse(cboCrew, u"Select one Crew"_s);
-    if (fraPattern->usesDayOfMonth() && !fraPattern->hasDayOfMonth())
-        return refuse(fraPattern->firstDayOfMonth(),
-                      u"User Should fill at least one day of the month"_s);
-    if (OptDSA->isChecked() || isCountPeriod() || fraPattern->usesDayOfMonth())
-        return true;
-    if (!fraPattern->hasDay())
-        return refuse(fraPattern->firstDay(), u"At least select one day of week."_s);
-    if (!fraPattern->hasWeek())
-        return refuse(fraPattern->firstWeek(), u"At least select one week of month."_s);
-    if (!fraPattern->hasMonth())
-        return refuse(fraPattern->firstMonth(), u"At least select one month of year."_s);
+    if (const auto gap = m_schedule->gap())
+        return refuse(gap->field, gap->message);
     return true;
-}
-
-/// A date or count changed on a service that stands on an order is asked about, and put back on No.
-void frmServices::confirmChangesOnOrder()
-{
-    if (!isAssigned() || !(m_nextDateChanged || m_nextCountChanged) || !ServiceInWorkOrder(m_key))
-        return;
-    if (m_nextDateChanged && !orderwarning::confirmDate()) {
-        showNextDate(m_fields.shown().NextScheduledDate);
-        m_nextDateChanged = false;
-    }
-    if (m_nextCountChanged && !orderwarning::confirmCount()) {
-        txtCount->setText(QString::number(m_fields.shown().NextScheduledCount));
-        m_nextCountChanged = false;
-    }
 }
 
 AssignedService frmServices::SetObjectValues() const
@@ -483,14 +269,7 @@ AssignedService frmServices::SetObjectValues() const
     const AssignedService &shown = m_fields.shown();
     AssignedService service = m_fields.read();
     service.ServiceID = mode() == Mode::Modify ? m_key : GenrateUniqueID();
-    if (service.Period.isEmpty())
-        service.Period = shown.Period;
-    if (service.RenewalOn.isEmpty())
-        service.RenewalOn = shown.RenewalOn;
-    if (isCountPeriod())
-        PatternBox::keepAll(service, shown);
-    else
-        PatternBox::keepUnused(service, shown);
+    m_schedule->complete(service, shown);
     return service;
 }
 
@@ -542,19 +321,15 @@ QString frmServices::recordName() const
     return u"the service \"%1\""_s.arg(m_fields.shown().Name.trimmed());
 }
 
-/// Save by its key leaves the focus, and so what has not been checked yet, in a field. A count that
-/// an earlier release left at 0 keeps nobody from changing something else.
+/// Save by its key leaves the focus, and so what has not been checked yet, in a field.
 bool frmServices::finishFields()
 {
     if (!fraParts->grid()->finishEditing())
         return false;
     if (!isAssigned())
         return txtJobNo_Validate();
-    const bool isCountNew = m_nextCountChanged || period() != m_fields.shown().Period;
-    if ((isCountNew || txtCount->hasFocus()) && !txtCount_Validate())
+    if (!m_next->finish())
         return false;
-    if (!datNextScheduledDate->isValidOrEmpty())
-        return refuse(datNextScheduledDate, u"Please enter valid date."_s);
     (void)txtName_LostFocus();
     return true;
 }
@@ -565,14 +340,15 @@ bool frmServices::cmdUpdate_Click()
         return false;
     if (!ValidateFields())
         return false;
-    confirmChangesOnOrder();
+    if (m_next)
+        m_next->confirmChangesOnOrder(m_key);
     m_carriesJobNo = isJobNumberCarried();
     const std::optional<QVariant> key = store();
     if (!key) {
         if (!gbInTransaction && m_hasRow)
             fraParts->RefreshPartGrid(m_key);
-        if (isAssigned())
-            showScheduleKind();
+        if (m_next)
+            m_next->showScheduleKind();
         EnableLogicControl();
         return false;
     }

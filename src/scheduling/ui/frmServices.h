@@ -4,25 +4,20 @@
 #include "core/ui/SavingScreen.h"
 #include "scheduling/clsServices.h"
 
-#include <QDateTime>
-
-class PatternBox;
+class BudgetBox;
+class NextScheduleBox;
 class QCheckBox;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
-class QRadioButton;
-class QStackedWidget;
 class QToolButton;
+class ScheduleBox;
 class ServiceParts;
 
 namespace input {
-class CurrencyInput;
-class DateInput;
 class FormBuilder;
 class IdCombo;
-class SpinInput;
 } // namespace input
 
 /// A service: of the catalogue, or the copy of it on a machine. One screen, one set of checks, and
@@ -44,26 +39,18 @@ protected:
     void EnableControls() override;
     bool mayClose() override { return mode() == Mode::Browse; }
     void unloading() override;
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     // Building (frmServicesForm.cpp)
     void buildForm();
     void buildService(input::FormBuilder &form);
-    void buildBudget(input::FormBuilder &form);
     void buildSchedule(input::FormBuilder &form);
-    void buildNextSchedule(input::FormBuilder &form);
-    void joinBudgetRules();
-    void joinScheduleRules();
+    void joinBoxes();
     void joinRules();
     void bindFields();
 
     [[nodiscard]] bool isAssigned() const { return m_store == ServiceStore::Assigned; }
     [[nodiscard]] bool mayEdit() const;
-    [[nodiscard]] QString period() const;
-    [[nodiscard]] QString renewal() const;
-    void showRenewal(const QString &code);
-    [[nodiscard]] bool isCountPeriod() const;
     void EnableLogicControl();
     void RefreshCrews();
     void RefreshCostCenters();
@@ -76,7 +63,6 @@ private:
     [[nodiscard]] bool ValidateFields();
     [[nodiscard]] bool refuse(QWidget *field, const QString &message);
     [[nodiscard]] AssignedService SetObjectValues() const;
-    void confirmChangesOnOrder();
     [[nodiscard]] bool isJobNumberCarried() const;
     [[nodiscard]] std::optional<QVariant> saveRecord() override;
     [[nodiscard]] bool becomesNew() override;
@@ -86,22 +72,11 @@ private:
     bool cmdUpdate_Click();
     void cmdCancel_Click();
     void cmdExit_Click();
-    void cboRenewalPeriod_Click();
-    void CheckServiceChange();
     void chkInactive_Click();
-    void useDayOfMonth(bool used);
     [[nodiscard]] bool txtJobNo_Validate();
-    [[nodiscard]] bool txtCount_Validate();
     [[nodiscard]] bool txtName_LostFocus();
     [[nodiscard]] bool mayAddPart();
 
-    void showLabourRate();
-    void computeLabourCost();
-    void showTotalCost();
-    void showNextDate(const QDateTime &date);
-    [[nodiscard]] QDateTime nextDate() const;
-    void showScheduleKind();
-    void tellCountTooBig();
     void clearChanges();
 
     ServiceStore m_store;
@@ -110,10 +85,7 @@ private:
     Binding<AssignedService> m_fields;
     QString m_oldJobNo;
     bool m_carriesJobNo = false; ///< the number that is being saved goes to all copies
-    QString m_shownPeriod;       ///< code of the period chosen last
     QString m_confirmedName;     ///< a changed name that the user insists on
-    bool m_nextDateChanged = false;
-    bool m_nextCountChanged = false;
     bool m_jobNoChanged = false;
 
     QLineEdit *txtJobNo = nullptr;
@@ -125,26 +97,9 @@ private:
     QToolButton *cmdCostCenter = nullptr;
     QCheckBox *ChkSeparateWO = nullptr;
     QCheckBox *chkInactive = nullptr;
-    QLineEdit *txtLaborRate = nullptr;
-    QLineEdit *txtBudgetedlabor = nullptr;
-    input::CurrencyInput *txtBudgetedcost = nullptr;
-    QLineEdit *txtTotalCost = nullptr;
-    input::SpinInput *RRSpin1 = nullptr;
-    input::IdCombo *cboRenewalPeriod = nullptr;
-    QRadioButton *OptWOC = nullptr;
-    QRadioButton *OptSOS = nullptr;
-    QRadioButton *OptDSA = nullptr;
-    PatternBox *fraPattern = nullptr;
-    QLabel *lblLastDateScheduled = nullptr;
-    QLabel *lblLastDateScheduledData = nullptr;
-    QLabel *lblLastDatePerformed = nullptr;
-    QLabel *lblLastDatePerformedData = nullptr;
-    QLabel *lblNextSchedule = nullptr;
-    QLineEdit *txtCount = nullptr;
-    QLabel *lblDueOn = nullptr;
-    QStackedWidget *stkNextDate = nullptr;
-    input::DateInput *datNextScheduledDate = nullptr;
-    QLineEdit *txtNextScheduledDate = nullptr; ///< blank; lies over the date while there is none
+    BudgetBox *m_budget = nullptr;
+    ScheduleBox *m_schedule = nullptr;
+    NextScheduleBox *m_next = nullptr; ///< of an assigned service only
     ServiceParts *fraParts = nullptr;
     QPlainTextEdit *txtNotes = nullptr;
     QPushButton *cmdUpdate = nullptr;

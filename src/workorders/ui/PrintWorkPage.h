@@ -6,10 +6,10 @@
 #include <QWidget>
 #include <functional>
 
-class QPlainTextEdit;
+class DueServices;
+class PrintedServices;
 class QPushButton;
 class QStackedWidget;
-class ServiceNote;
 
 namespace grid {
 class GridView;
@@ -45,20 +45,13 @@ public:
 private:
     void buildPage();
     QWidget *buildList();
-    QWidget *buildDue();
-    QWidget *buildOrder();
     void connectButtons();
     void connectGrids();
-    void setRules();
+    void connectFrames();
     void EnableControls();
     [[nodiscard]] qint64 currentOrder() const;
     [[nodiscard]] qint64 currentMachine() const;
-    [[nodiscard]] qint64 currentOrderService() const;
     void rowSelected();
-    void RefreshGenServiceGrid(qint64 EquipmentID);
-    void RefreshGenPartGrid();
-    void RefreshPrintServiceGrid();
-    void RefreshPrintPartGrid();
     [[nodiscard]] QList<qint64> tickedMachines() const;
     void cmdPrintSelect_Click();
     void cmdPrintUnSelect_Click();
@@ -66,10 +59,6 @@ private:
     void cmdDelete_Click();
     void generateFirst();
     void cmdPrintAddService_Click();
-    void cmdPrintRemoveService_Click();
-    void cmdPrintAddPart_Click();
-    void cmdPrintRemovePart_Click();
-    bool grdPrintPart_Change(int row, const QString &column, const QVariant &value);
 
     std::function<WorkorderFilter()> m_filter;
     std::function<bool()> m_reachToday;
@@ -84,23 +73,6 @@ private:
     QPushButton *cmdDelete = nullptr;
 
     QStackedWidget *m_frames = nullptr;
-    QWidget *fraGen = nullptr;
-    grid::GridView *grdGenService = nullptr;
-    QPushButton *cmdGenAddService = nullptr;
-    QPushButton *cmdGenRemoveService = nullptr;
-    grid::GridView *grdGenPart = nullptr;
-    QPushButton *cmdGenAddPart = nullptr;
-    QPushButton *cmdGenRemovePart = nullptr;
-    QPlainTextEdit *txtGenServiceNote = nullptr;
-    ServiceNote *m_genNote = nullptr;
-
-    QWidget *fraPrint = nullptr;
-    grid::GridView *grdPrintService = nullptr;
-    QPushButton *cmdPrintAddService = nullptr;
-    QPushButton *cmdPrintRemoveService = nullptr;
-    grid::GridView *grdPrintPart = nullptr;
-    QPushButton *cmdPrintAddPart = nullptr;
-    QPushButton *cmdPrintRemovePart = nullptr;
-    QPlainTextEdit *txtPrintNote = nullptr;
-    ServiceNote *m_printNote = nullptr;
+    DueServices *m_due = nullptr;
+    PrintedServices *m_printed = nullptr;
 };

@@ -37,6 +37,17 @@ QList<grid::Choice> crews()
     return choicesOf(workorders::statements::crews(), u"CrewID", u"CrewText");
 }
 
+Change told(QObject *owner, const char *procedure, Change change, std::function<void()> refused)
+{
+    return [owner, procedure, change = std::move(change),
+            refused = std::move(refused)](int row, const QVariant &value) {
+        const bool done = telling(Module, procedure, false, [&] { return change(row, value); });
+        if (!done)
+            QMetaObject::invokeMethod(owner, refused, Qt::QueuedConnection);
+        return done;
+    };
+}
+
 QString joinedKeys(const grid::GridModel &rows, QStringView column)
 {
     QStringList keys;

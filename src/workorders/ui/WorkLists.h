@@ -9,6 +9,8 @@
 #include <functional>
 #include <optional>
 
+class QObject;
+
 namespace grid {
 class GridModel;
 class GridView;
@@ -20,6 +22,14 @@ namespace worklists {
 /// The suppliers and the crews as entries of a drop-down. Data; raise DbError.
 [[nodiscard]] QList<grid::Choice> suppliers();
 [[nodiscard]] QList<grid::Choice> crews();
+
+/// What a change of a cell means; False refuses it.
+using Change = std::function<bool(int row, const QVariant &value)>;
+/// The rule of a column whose change is one whole: where another workstation was in the way, its
+/// sentence is told, errors are reported under the procedure. After a refused change, whose row may
+/// be gone, the owner runs refused, but not before the grid is done with the cell.
+[[nodiscard]] Change told(QObject *owner, const char *procedure, Change change,
+                          std::function<void()> refused);
 
 /// The whole-number values of a column in all rows, joined by commas.
 [[nodiscard]] QString joinedKeys(const grid::GridModel &rows, QStringView column);

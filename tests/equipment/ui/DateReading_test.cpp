@@ -2,7 +2,7 @@
 
 #include "core/General.h"
 #include "core/ui/Openings.h"
-#include "equipment/ui/PageFrame.h"
+#include "equipment/ui/PageTest.h"
 #include "equipment/ui/frmInspectionDateReading.h"
 #include "equipment/ui/frmLicenseDateReading.h"
 #include "platform/input/DateInput.h"

@@ -3,7 +3,7 @@
 #include "equipment/Pictures.h"
 #include "equipment/ui/DocumentsPage.h"
 #include "equipment/ui/MachinePartsPage.h"
-#include "equipment/ui/PageFrame.h"
+#include "equipment/ui/PageTest.h"
 #include "equipment/ui/PictureView.h"
 #include "equipment/ui/PicturesPage.h"
 #include "support/TestFiles.h"

@@ -3,7 +3,7 @@
 #include "core/General.h"
 #include "core/ui/Modal.h"
 #include "core/ui/ScreenCalls.h"
-#include "equipment/ui/PageFrame.h"
+#include "equipment/ui/PageTest.h"
 #include "equipment/ui/frmEquipment.h"
 #include "platform/input/DateInput.h"
 

@@ -227,9 +227,8 @@ TEST_F(GridModelOfParts, OnlyTheUsersChangesRunTheRule)
     QStringList asked;
     bool answer = true;
     m_rows.column(u"Price").editable = true;
-    m_rows.changeRule = [&](int row, const QString &name, const QVariant &value) {
-        asked.append(
-            u"%1 %2 %3 was %4"_s.arg(row).arg(name, value.toString(), m_rows.text(row, name)));
+    m_rows.column(u"Price").changeRule = [&](int row, const QVariant &value) {
+        asked.append(u"%1 %2 was %3"_s.arg(row).arg(value.toString(), m_rows.text(row, u"Price")));
         return answer;
     };
     QSignalSpy edited(&m_rows, &GridModel::edited);
@@ -240,7 +239,7 @@ TEST_F(GridModelOfParts, OnlyTheUsersChangesRunTheRule)
     const QModelIndex price = m_rows.indexOf(0, m_rows.columnIndex(u"Price"));
     EXPECT_TRUE(m_rows.setData(price, 4.5));
     EXPECT_TRUE(m_rows.setData(price, 4.5)); // nothing new
-    EXPECT_EQ(asked, QStringList({u"0 Price 4.5 was 3"_s}));
+    EXPECT_EQ(asked, QStringList({u"0 4.5 was 3"_s}));
     EXPECT_EQ(edited.count(), 1);
 
     answer = false;
@@ -248,7 +247,7 @@ TEST_F(GridModelOfParts, OnlyTheUsersChangesRunTheRule)
     EXPECT_EQ(m_rows.value(0, u"Price"), QVariant(4.5));
     EXPECT_EQ(edited.count(), 1);
     EXPECT_FALSE(m_rows.setData(m_rows.indexOf(0, 0), u"x"_s)) << "not an editable column";
-    m_rows.editRule = [](int row, const QString &) { return row != 1; };
+    m_rows.column(u"Price").editRule = [](int row) { return row != 1; };
     EXPECT_TRUE(m_rows.mayEdit(0, price.column()));
     EXPECT_FALSE(m_rows.mayEdit(1, price.column()));
     m_rows.column(u"Price").locked = true;
@@ -259,8 +258,8 @@ TEST_F(GridModelOfParts, ARuleMaySetTheCellItself)
 {
     m_rows.column(u"Price").editable = true;
     bool answer = true;
-    m_rows.changeRule = [&](int row, const QString &name, const QVariant &) {
-        m_rows.setValue(row, name, 0.0);
+    m_rows.column(u"Price").changeRule = [&](int row, const QVariant &) {
+        m_rows.setValue(row, u"Price", 0.0);
         m_rows.setValue(row, u"Qty on Hand", 1);
         return answer;
     };

@@ -55,9 +55,7 @@ TEST_F(GridViewEditing, TypingReplacesEnterStoresAndStaysEscapeRestores)
 TEST_F(GridViewEditing, NothingIsTypedIntoCellsThatCannotBeEdited)
 {
     makeEditable({u"Description", u"Price"});
-    rows().editRule = [](int row, const QString &column) {
-        return row != 1 || column != u"Description";
-    };
+    rows().column(u"Description").editRule = [](int row) { return row != 1; };
     show();
     m_grid.selectCell(1, u"Description");
     key(Qt::Key_F2);
@@ -85,7 +83,8 @@ TEST_F(GridViewEditing, AnEntryBelowTheMasksRangeIsGivenUpAndTold)
 TEST_F(GridViewEditing, TabStoresAndGoesToTheNextEditableCell)
 {
     makeEditable({u"Description", u"Price"});
-    rows().editRule = [](int row, const QString &) { return row != 1; };
+    for (const auto *column : {u"Description", u"Price"})
+        rows().column(column).editRule = [](int row) { return row != 1; };
     show();
     enter(0, u"Description", u"x"_s, Qt::Key_Tab);
     EXPECT_EQ(rows().text(0, u"Description"), u"x");
@@ -109,7 +108,7 @@ TEST_F(GridViewEditing, TabStoresAndGoesToTheNextEditableCell)
 TEST_F(GridViewEditing, ARefusedChangeLeavesTheOldValue)
 {
     makeEditable({u"Price"});
-    rows().changeRule = [](int, const QString &, const QVariant &value) {
+    rows().column(u"Price").changeRule = [](int, const QVariant &value) {
         return value.toDouble() > 0;
     };
     show();
@@ -127,7 +126,7 @@ TEST_F(GridViewEditing, ARuleThatAsksRunsOnce)
 {
     makeEditable({u"Price"});
     int asked = 0;
-    rows().changeRule = [&](int, const QString &, const QVariant &) {
+    rows().column(u"Price").changeRule = [&](int, const QVariant &) {
         ++asked;
         QDialog question(&m_window);
         QTimer::singleShot(0, &question, &QDialog::accept);
@@ -152,7 +151,7 @@ TEST_F(GridViewEditing, ARuleThatAsksRunsOnce)
 TEST_F(GridViewEditing, ARuleMayReloadTheGridUnderTheEditor)
 {
     makeEditable({u"Price"});
-    rows().changeRule = [&](int, const QString &, const QVariant &) {
+    rows().column(u"Price").changeRule = [&](int, const QVariant &) {
         rows().setRecordset(test::parts());
         m_grid.selectRow(3);
         return true;
@@ -221,7 +220,7 @@ TEST_F(GridViewEditing, AChangeThatTheProgramCutsShortIsAskedForOnce)
 {
     makeEditable({u"Price"});
     int asked = 0;
-    rows().changeRule = [&](int, const QString &, const QVariant &) {
+    rows().column(u"Price").changeRule = [&](int, const QVariant &) {
         ++asked;
         return false;
     };
@@ -246,7 +245,7 @@ TEST_F(GridViewEditing, AGridThatGoesAwayStoresNothing)
     grid->rows().setRecordset(test::parts());
     grid->rows().column(u"Price").editable = true;
     int asked = 0;
-    grid->rows().changeRule = [&](int, const QString &, const QVariant &) {
+    grid->rows().column(u"Price").changeRule = [&](int, const QVariant &) {
         ++asked;
         return true;
     };
@@ -272,7 +271,7 @@ protected:
                           .placeholder = u"______________"_s});
         m_grid.setVerticalEntry(u"Count");
         // No reading below what is on hand: 9, 10, 2, none.
-        rows().changeRule = [this](int row, const QString &, const QVariant &value) {
+        rows().column(u"Count").changeRule = [this](int row, const QVariant &value) {
             const QVariant least = rows().value(row, u"Qty on Hand");
             if (value.isNull() || value.toLongLong() >= least.toLongLong())
                 return true;
@@ -355,10 +354,10 @@ TEST_F(GridSheet, AClickElsewhereStoresOnceAndARefusedOneStays)
 {
     show();
     int asked = 0;
-    const auto rule = rows().changeRule;
-    rows().changeRule = [&](int row, const QString &column, const QVariant &value) {
+    const auto rule = rows().column(u"Count").changeRule;
+    rows().column(u"Count").changeRule = [&](int row, const QVariant &value) {
         ++asked;
-        return rule(row, column, value);
+        return rule(row, value);
     };
     click(1, u"Count");
     type(u"3"_s);

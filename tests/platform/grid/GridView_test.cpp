@@ -41,6 +41,31 @@ TEST_F(GridViewShown, TheFirstFocusSelectsARow)
     EXPECT_TRUE(m_grid.selectionModel()->isRowSelected(0));
 }
 
+TEST_F(GridViewShown, LinesAreOnePixelWideAtAnyScale)
+{
+    m_grid.clearCurrent();
+    show();
+    m_grid.clearCurrent();
+    const QRgb lines = qRgb(208, 208, 208);
+    for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
+        QImage picture(m_grid.viewport()->size() * scale, QImage::Format_RGB32);
+        picture.setDevicePixelRatio(scale);
+        m_grid.viewport()->render(&picture);
+        const QRect cell = m_grid.cellRect(0, u"Part Number");
+        // Down the right part of a cell and along its lower part, where no text stands.
+        const int x = qRound((cell.right() - 2) * scale);
+        const int y = qRound((cell.bottom() - 1) * scale);
+        int across = 0;
+        for (int at = 0; at < picture.height(); ++at)
+            across += picture.pixel(x, at) == lines ? 1 : 0;
+        EXPECT_EQ(across, rows().rowCount()) << scale;
+        int upright = 0;
+        for (int at = 0; at < qRound((cell.right() + 3) * scale); ++at)
+            upright += picture.pixel(at, y) == lines ? 1 : 0;
+        EXPECT_EQ(upright, 1) << scale;
+    }
+}
+
 TEST_F(GridViewShown, TheCurrentRowIsWhollyInViewHoweverTheRoomChanges)
 {
     for (int i = 0; i < 60; ++i)

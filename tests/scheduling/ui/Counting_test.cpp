@@ -6,6 +6,7 @@
 #include "scheduling/Readings.h"
 #include "scheduling/ui/CountPage.h"
 #include "scheduling/ui/Entries.h"
+#include "scheduling/ui/PageFrame.h"
 #include "scheduling/ui/ScreenFleet.h"
 #include "scheduling/ui/frmCountReading.h"
 #include "scheduling/ui/frmEquipmentReading.h"
@@ -240,19 +241,8 @@ class CountPageTest : public test::ScreenFleet
 TEST_F(CountPageTest, AddsToTheMetersTypeAndDeletesWithinTheMachinesTransaction)
 {
     reading(1, u"Miles"_s, day(3, 1), 500);
-    int edits = 0;
-    int refreshed = 0;
-    CountPage page({.isBrowsing = [] { return !gbInTransaction; },
-                    .firstEdit =
-                        [&] {
-                            ++edits;
-                            BeginTrans();
-                        },
-                    .save = [] { return true; },
-                    .cancel = [] {},
-                    .refreshOthers = [&] { ++refreshed; }});
-    page.RefreshCountGrid(1);
-    open(page);
+    test::PageFrame frame;
+    auto &page = frame.show<CountPage>(1);
     EXPECT_TRUE(page.hasContent());
     test::onNextModal([](QWidget &dialog) {
         EXPECT_EQ(named<QLabel>(dialog, u"lblCountType"_s).text(), u"Miles"_s);
@@ -261,8 +251,8 @@ TEST_F(CountPageTest, AddsToTheMetersTypeAndDeletesWithinTheMachinesTransaction)
     });
     click(page, u"cmdAddCount"_s);
     EXPECT_EQ(page.grid()->rows().rowCount(), 2);
-    EXPECT_EQ(edits, 1);
-    EXPECT_EQ(refreshed, 1);
+    EXPECT_EQ(frame.edits, 1);
+    EXPECT_EQ(frame.changes, 1);
 
     page.grid()->selectRow(page.grid()->rows().findRow(u"Count Value", 500));
     ask(u"Are you sure you want to Delete this record? Count"_s, false);
@@ -274,10 +264,10 @@ TEST_F(CountPageTest, AddsToTheMetersTypeAndDeletesWithinTheMachinesTransaction)
     RollbackTrans();
     EXPECT_EQ(value(u"Select CountValue from tblEquipmentCount"_s), 500);
 
-    page.RefreshCountGrid(2);
+    page.showMachine(2);
     EXPECT_FALSE(page.hasContent());
     EXPECT_FALSE(enabled(page, u"cmdDeleteCount"_s));
-    page.setMayEdit(false);
+    page.setEditable(false);
     EXPECT_FALSE(enabled(page, u"cmdAddCount"_s));
 }
 

@@ -1,6 +1,7 @@
 #include "scheduling/ui/ServicePage.h"
 
 #include "platform/grid/GridView.h"
+#include "scheduling/ui/PageFrame.h"
 #include "scheduling/ui/ScreenFleet.h"
 
 namespace {
@@ -11,42 +12,20 @@ using test::named;
 class ServicePageTest : public test::ScreenFleet
 {
 protected:
-    ServicePageTest()
-        : page({.isBrowsing = [this] { return browsing; },
-                .firstEdit =
-                    [this] {
-                        browsing = false;
-                        BeginTrans();
-                    },
-                .save =
-                    [this] {
-                        browsing = true;
-                        CommitTrans();
-                        return true;
-                    },
-                .cancel =
-                    [this] {
-                        browsing = true;
-                        RollbackTrans();
-                    },
-                .refreshOthers = [this] { ++refreshed; }})
-    {}
-
     /// Shows the page with one service.
     void show(const QVariantMap &row)
     {
         service = assigned(row);
-        page.RefreshServiceGrid(1);
-        open(page);
+        page = &frame.show<ServicePage>(1);
     }
     bool edit(const QString &column, const QVariant &newValue)
     {
-        grid::GridModel &rows = page.grid()->rows();
+        grid::GridModel &rows = page->grid()->rows();
         return rows.edit(0, rows.columnIndex(column), newValue);
     }
     bool mayEdit(const QString &column)
     {
-        grid::GridModel &rows = page.grid()->rows();
+        grid::GridModel &rows = page->grid()->rows();
         return rows.mayEdit(0, rows.columnIndex(column));
     }
     [[nodiscard]] QVariant stored(const QString &column) const
@@ -55,9 +34,8 @@ protected:
                      {service});
     }
 
-    ServicePage page;
-    bool browsing = true;
-    int refreshed = 0;
+    test::PageFrame frame;
+    ServicePage *page = nullptr;
     qint64 service = 0;
 };
 
@@ -79,10 +57,10 @@ TEST_F(ServicePageTest, OnlyTheCellThatTheScheduleGoesByIsEdited)
         EXPECT_TRUE(mayEdit(u"Interval"_s));
         EXPECT_FALSE(mayEdit(u"Name"_s));
     }
-    page.setMayEdit(false);
-    EXPECT_FALSE(page.grid()->editing());
-    EXPECT_FALSE(enabled(page, u"cmdAddNewService"_s));
-    EXPECT_TRUE(enabled(page, u"cmdSelectService"_s));
+    page->setEditable(false);
+    EXPECT_FALSE(page->grid()->editing());
+    EXPECT_FALSE(enabled(*page, u"cmdAddNewService"_s));
+    EXPECT_TRUE(enabled(*page, u"cmdSelectService"_s));
 }
 
 TEST_F(ServicePageTest, CrewAndHoursMoveTheLabourCost)
@@ -95,18 +73,18 @@ TEST_F(ServicePageTest, CrewAndHoursMoveTheLabourCost)
                               {u"Inactive"_s, 0},
                               {u"IncludeWoList"_s, 1}});
     show({});
-    EXPECT_EQ(page.grid()->rows().text(0, u"Service Crew"), u"7   Mowing"_s);
+    EXPECT_EQ(page->grid()->rows().text(0, u"Service Crew"), u"7   Mowing"_s);
     EXPECT_TRUE(edit(u"Service Crew"_s, second));
-    EXPECT_FALSE(browsing);
+    EXPECT_EQ(frame.mode, Mode::Modify);
     EXPECT_EQ(stored(u"CrewID"_s), second);
     EXPECT_EQ(stored(u"CostEstimate"_s).toDouble(), 45);
-    EXPECT_EQ(page.grid()->rows().text(0, u"Labor Cost"), u"$45.00"_s);
+    EXPECT_EQ(page->grid()->rows().text(0, u"Labor Cost"), u"$45.00"_s);
     failAt(u"CostEstimate] ="_s);
     EXPECT_TRUE(edit(u"Service Crew"_s, crew)) << "the crew is stored all the same";
     failAt({});
     (void)errors.takeOne();
     EXPECT_EQ(stored(u"CrewID"_s), crew);
-    EXPECT_EQ(page.grid()->rows().text(0, u"Labor Cost"), u"$45.00"_s);
+    EXPECT_EQ(page->grid()->rows().text(0, u"Labor Cost"), u"$45.00"_s);
     EXPECT_TRUE(edit(u"Service Crew"_s, second));
     EXPECT_TRUE(edit(u"Budgeted Hrs"_s, 2.0));
     EXPECT_EQ(stored(u"LaborEstimate"_s).toDouble(), 2);
@@ -124,7 +102,7 @@ TEST_F(ServicePageTest, ANextDateMovesOnwardOnly)
     show({});
     say(u"Next Schedule Date should be greater than or equal to current date"_s);
     EXPECT_FALSE(edit(u"Next Schedule"_s, day(3, 14)));
-    EXPECT_TRUE(page.grid()->rows().value(0, u"Next Schedule").isNull());
+    EXPECT_TRUE(page->grid()->rows().value(0, u"Next Schedule").isNull());
     EXPECT_TRUE(edit(u"Next Schedule"_s, day(3, 15)));
     EXPECT_EQ(stored(u"NextScheduledDate"_s), day(3, 15));
     for (const QVariant &refused : {QVariant(day(3, 14)), QVariant()}) {
@@ -135,7 +113,7 @@ TEST_F(ServicePageTest, ANextDateMovesOnwardOnly)
 
     // A date that is past already may move to another past one.
     gcnData->Execute(u"Update tblServiceUsed set NextScheduledDate = #01-01-2024#"_s);
-    page.RefreshServiceGrid();
+    page->showMachine(1);
     EXPECT_TRUE(edit(u"Next Schedule"_s, day(1, 2)));
     putOnOrder(service);
     ask(u"This service is already assigned to a work order. Changing this date will not remove it "
@@ -162,7 +140,7 @@ TEST_F(ServicePageTest, ANextCountThatTheMeterHasReachedBringsTheReadingsDate)
     gcnData->Execute(u"Update tblServiceUsed set Sun = 1"_s);
     EXPECT_TRUE(edit(u"Next Count"_s, 500));
     EXPECT_EQ(stored(u"NextScheduledDate"_s), day(3, 3));
-    EXPECT_EQ(page.grid()->rows().text(0, u"Next Schedule"), u"03/03/2024"_s);
+    EXPECT_EQ(page->grid()->rows().text(0, u"Next Schedule"), u"03/03/2024"_s);
     putOnOrder(service, u"H"_s);
     ask(u"This service is already assigned to a work order. Changing this Count will not remove it "
         "from the work order.If you are using the \"Reschedule Based on Service Original Scheduled "
@@ -186,7 +164,7 @@ TEST_F(ServicePageTest, ACellThatAnotherWorkstationChangedIsAskedAboutAndAGoneSe
     ask(question.arg(u"5.00"_s), false);
     EXPECT_FALSE(edit(u"Budgeted Hrs"_s, 3));
     EXPECT_EQ(stored(u"LaborEstimate"_s), 5);
-    EXPECT_EQ(page.grid()->rows().text(0, u"Budgeted Hrs"), u"5.00"_s);
+    EXPECT_EQ(page->grid()->rows().text(0, u"Budgeted Hrs"), u"5.00"_s);
     RollbackTrans();
     change(6);
     ask(question.arg(u"6.00"_s), true);
@@ -205,7 +183,7 @@ TEST_F(ServicePageTest, ACellThatAnotherWorkstationChangedIsAskedAboutAndAGoneSe
         "stored."_s);
     EXPECT_FALSE(edit(u"Interval"_s, 3));
     QCoreApplication::processEvents();
-    EXPECT_EQ(page.grid()->rows().rowCount(), 0) << "the list shows what is left";
+    EXPECT_EQ(page->grid()->rows().rowCount(), 0) << "the list shows what is left";
 }
 
 TEST_F(ServicePageTest, AddsFromTheCatalogueWhatTheMachineLacks)
@@ -221,7 +199,7 @@ TEST_F(ServicePageTest, AddsFromTheCatalogueWhatTheMachineLacks)
             QTest::keyClick(&grid, Qt::Key_Space);
             click(list, u"cmdSelect"_s);
         });
-        click(page, u"cmdAddNewService"_s);
+        click(*page, u"cmdAddNewService"_s);
     };
     failAt(u"Update tblServiceUsed set NextScheduledDate"_s);
     add();
@@ -229,17 +207,17 @@ TEST_F(ServicePageTest, AddsFromTheCatalogueWhatTheMachineLacks)
     (void)errors.takeOne();
     EXPECT_EQ(count(u"tblServiceUsed"_s), 1) << "undone by the machine's cancel";
     EXPECT_FALSE(gbInTransaction);
-    EXPECT_EQ(refreshed, 0);
+    EXPECT_EQ(frame.changes, 0);
 
     add();
-    EXPECT_EQ(page.grid()->rows().rowCount(), 2);
+    EXPECT_EQ(page->grid()->rows().rowCount(), 2);
     EXPECT_EQ(value(u"Select NextScheduledDate from tblServiceUsed where ServiceID = 101"_s),
               day(3, 15));
     EXPECT_EQ(value(u"Select NextScheduledCount from tblServiceUsed where ServiceID = 100"_s), 50)
         << "a meter that was never read begins at 0";
-    EXPECT_TRUE(browsing) << "adding saves the machine";
+    EXPECT_EQ(frame.mode, Mode::Browse) << "adding saves the machine";
     EXPECT_FALSE(gbInTransaction);
-    EXPECT_EQ(refreshed, 1);
+    EXPECT_EQ(frame.changes, 1);
 }
 
 TEST_F(ServicePageTest, OpensAServiceAfterSavingTheMachine)
@@ -253,7 +231,7 @@ TEST_F(ServicePageTest, OpensAServiceAfterSavingTheMachine)
         click(screen, u"cmdUpdate"_s);
         click(screen, u"cmdExit"_s);
     });
-    click(page, u"cmdSelectService"_s);
+    click(*page, u"cmdSelectService"_s);
     EXPECT_EQ(stored(u"SeparateWo"_s), 1);
     EXPECT_EQ(stored(u"Einterval"_s), 30);
 }
@@ -263,12 +241,12 @@ TEST_F(ServicePageTest, RemovesAServiceUndoneByTheMachinesCancel)
     show({});
     putOnOrder(service);
     ask(u"Are you sure you want to delete this service?"_s, false);
-    click(page, u"cmdRemoveService"_s);
+    click(*page, u"cmdRemoveService"_s);
     EXPECT_EQ(count(u"tblServiceUsed"_s), 1);
     ask(u"Are you sure you want to delete this service?"_s, true);
-    click(page, u"cmdRemoveService"_s);
-    EXPECT_FALSE(page.hasContent());
-    EXPECT_FALSE(enabled(page, u"cmdRemoveService"_s));
+    click(*page, u"cmdRemoveService"_s);
+    EXPECT_FALSE(page->hasContent());
+    EXPECT_FALSE(enabled(*page, u"cmdRemoveService"_s));
     EXPECT_EQ(count(u"tblWoServiceUsed"_s), 1);
     RollbackTrans();
     EXPECT_EQ(count(u"tblServiceUsed"_s), 1);

@@ -1,26 +1,34 @@
 #pragma once
 
-#include "equipment/ui/EquipmentPage.h"
 #include "platform/db/Recordset.h"
+#include "scheduling/ui/MachinePage.h"
 
 #include <functional>
 
 /// A page whose content is the rows of one grid, with buttons that add and remove them.
-class GridPage : public EquipmentPage
+class GridPage : public MachinePage
 {
     Q_OBJECT
 
 public:
-    using EquipmentPage::EquipmentPage;
+    using MachinePage::MachinePage;
+
+    /// The machine on show, 0 for none.
+    [[nodiscard]] qint64 equipment() const { return m_equipment; }
+    [[nodiscard]] grid::GridView *grid() const { return m_grid; }
 
     [[nodiscard]] bool hasContent() const override;
     void setEditable(bool editable) override;
+    [[nodiscard]] bool finishEditing() override;
     void pageShown() override;
 
 protected:
     /// Takes the grid, whose columns have to exist, as the page's.
     void setGrid(grid::GridView *grid);
-    [[nodiscard]] qint64 equipment() const { return m_equipment; }
+    /// Shows the machine on show anew.
+    void showAgain() { showMachine(m_equipment); }
+    /// For a page that loads its rows by itself.
+    void setEquipment(qint64 equipmentID) { m_equipment = equipmentID; }
     [[nodiscard]] bool isEditable() const { return m_editable; }
     /// The text of the current row in a column, empty without a row.
     [[nodiscard]] QString chosen(QStringView column) const;

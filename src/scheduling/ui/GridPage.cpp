@@ -1,4 +1,4 @@
-#include "equipment/ui/GridPage.h"
+#include "scheduling/ui/GridPage.h"
 
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
@@ -24,6 +24,11 @@ void GridPage::setEditable(bool editable)
 {
     m_editable = editable;
     EnableControls();
+}
+
+bool GridPage::finishEditing()
+{
+    return m_grid->finishEditing();
 }
 
 void GridPage::pageShown()
@@ -68,6 +73,6 @@ void GridPage::removeChosen(const QString &key, const std::function<bool(const Q
     frame().beginEdit();
     if (!base::askYesNo(u"Are you sure you want to Delete this record?"_s) || !remove(key))
         return;
-    showMachine(m_equipment);
+    showAgain();
     frame().contentChanged();
 }

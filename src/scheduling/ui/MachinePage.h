@@ -9,11 +9,11 @@ namespace grid {
 class GridView;
 }
 
-/// What the equipment screen offers to its pages.
-class EquipmentFrame
+/// What the machine's screen offers to its pages: it holds the mode and the transaction.
+class MachineFrame
 {
 public:
-    virtual ~EquipmentFrame() = default;
+    virtual ~MachineFrame() = default;
 
     [[nodiscard]] virtual Mode frameMode() const = 0;
     /// To be called ahead of every write and at the first edit: a browsing screen turns to Modify,
@@ -33,15 +33,16 @@ public:
     virtual void keepLayout(grid::GridView *grid, const QString &gridName) = 0;
 };
 
-/// A page of the equipment screen that shows the rows of a machine: services, history, parts,
-/// readings, pictures, documents, depreciation. It writes on gcnData inside the transaction of the
-/// screen (beginEdit ahead of it), so that Save keeps and Cancel undoes what it wrote.
-class EquipmentPage : public QWidget
+/// A page of the machine's screen, wherever its subject stands: the machine's own fields, its
+/// services, history, parts, readings, pictures, documents. It writes on gcnData inside the
+/// transaction of the screen (beginEdit ahead of it), so that Save keeps and Cancel undoes what it
+/// wrote.
+class MachinePage : public QWidget
 {
     Q_OBJECT
 
 public:
-    explicit EquipmentPage(EquipmentFrame &frame, QWidget *parent = nullptr)
+    explicit MachinePage(MachineFrame &frame, QWidget *parent = nullptr)
         : QWidget(parent)
         , m_frame(frame)
     {}
@@ -66,8 +67,8 @@ public:
     virtual void closing() {}
 
 protected:
-    [[nodiscard]] EquipmentFrame &frame() const { return m_frame; }
+    [[nodiscard]] MachineFrame &frame() const { return m_frame; }
 
 private:
-    EquipmentFrame &m_frame;
+    MachineFrame &m_frame;
 };
