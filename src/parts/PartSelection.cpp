@@ -3,6 +3,7 @@
 #include "platform/base/Error.h"
 #include "platform/base/Format.h"
 
+#include <QRegularExpression>
 #include <QStringList>
 
 namespace parts {
@@ -54,6 +55,15 @@ QString exclusionList(const QStringList &partIDs)
     for (const QString &id : partIDs)
         quoted.append(u'\'' + base::doubledQuotes(id) + u'\'');
     return quoted.join(QStringLiteral(", "));
+}
+
+QStringList excludedParts(const QString &list)
+{
+    static const QRegularExpression quoted(QStringLiteral("'((?:[^']|'')*)'"));
+    QStringList parts;
+    for (const QRegularExpressionMatch &match : quoted.globalMatch(list))
+        parts.append(match.captured(1).replace(QStringLiteral("''"), QStringLiteral("'")));
+    return parts;
 }
 
 } // namespace parts

@@ -25,5 +25,7 @@ struct Chosen
 /// Part numbers as the selector takes those to leave out: quoted, apostrophes doubled, joined by
 /// ", ".
 [[nodiscard]] QString exclusionList(const QStringList &partIDs);
+/// The part numbers in such a text; what stands outside quotes is none.
+[[nodiscard]] QStringList excludedParts(const QString &list);
 
 } // namespace parts

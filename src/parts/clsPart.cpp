@@ -104,19 +104,17 @@ double clsPartManager::PartCommited(const QString &PartID) const
     });
 }
 
-db::Recordset clsPartManager::Selectable(const QString &LeftOut) const
+db::Recordset clsPartManager::Selectable(const QStringList &LeftOut) const
 {
-    QString where = QStringLiteral(" Where tblpart.Inactive=No");
-    if (!LeftOut.trimmed().isEmpty())
-        where += QStringLiteral(" and  tblpart.partId not in ( %1 )").arg(LeftOut);
-    return gcnData->Open(
-        QStringLiteral("SELECT tblPart.PartID as [Part Number] , tblPart.Description, "
-                       "tblIndicator.ItemName as [Part Category], tblPart.Quantity as [Qty on "
-                       "Hand], tblPart.Price, tblSupplier.Name as [Supplier], tblPart.Inactive, "
-                       "tblPart.SupplierID FROM (tblPart LEFT JOIN tblSupplier ON "
-                       "tblPart.SupplierID = tblSupplier.SupplierID) LEFT JOIN tblIndicator ON "
-                       "tblPart.PartCategoryID = tblIndicator.ItemID") +
-        where + QStringLiteral(" order by tblpart.PartID"));
+    return gcnData
+        ->Open(QStringLiteral(
+            "SELECT tblPart.PartID as [Part Number] , tblPart.Description, tblIndicator.ItemName "
+            "as [Part Category], tblPart.Quantity as [Qty on Hand], tblPart.Price, "
+            "tblSupplier.Name as [Supplier], tblPart.Inactive, tblPart.SupplierID FROM (tblPart "
+            "LEFT JOIN tblSupplier ON tblPart.SupplierID = tblSupplier.SupplierID) LEFT JOIN "
+            "tblIndicator ON tblPart.PartCategoryID = tblIndicator.ItemID Where "
+            "tblpart.Inactive=No order by tblpart.PartID"))
+        .withoutTexts(u"Part Number", LeftOut);
 }
 
 void clsPartManager::ForgetPicked(const QString &PartID) const

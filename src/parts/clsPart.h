@@ -43,9 +43,8 @@ public:
     /// lookup list 10.
     [[nodiscard]] db::Recordset GetPartCategory() const;
     [[nodiscard]] db::Recordset GetSupplierInfo() const;
-    /// The active parts as the selector lists them, but those of LeftOut: quoted numbers joined by
-    /// commas (parts::exclusionList), or blank. Raises DbError.
-    [[nodiscard]] db::Recordset Selectable(const QString &LeftOut) const;
+    /// The active parts as the selector lists them, but those of LeftOut. Raises DbError.
+    [[nodiscard]] db::Recordset Selectable(const QStringList &LeftOut) const;
     /// A mode other than Add and Modify runs nothing and still succeeds.
     [[nodiscard]] bool SaveRecord(const clsPart &Part, Mode Mode,
                                   const std::optional<clsPart> &Shown = {}) const;

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 /// The columns that both lists have, from either table.
 QString listColumns(const QString &table)
 {
-    return u"JobNo as [Service No], %1.Name, cstr(tblCrew.CrewNumber) + '   ' + "
+    return u"%1.ServiceID, JobNo as [Service No], %1.Name, cstr(tblCrew.CrewNumber) + '   ' + "
            "tblCrew.Description AS Crew,tblCostCenter.Description AS [Cost Center], %1.EInterval "
            "AS [Interval],Switch (%1.RenewalOn='W' ,'Work Order Completion', "
            "%1.RenewalOn='S','Service Original Scheduled')  as RenewalOn ,%1.SeparateWo, "
@@ -21,24 +21,22 @@ QString listColumns(const QString &table)
 
 } // namespace
 
-db::Recordset catalogue(const QString &leftOut)
+db::Recordset catalogue(const QSet<qint64> &leftOut)
 {
-    const QString where =
-        leftOut.isEmpty() ? QString() : u" Where not tblServices.ServiceID in (%1)"_s.arg(leftOut);
-    return gcnData->Open(u"SELECT tblServices.ServiceID AS [Service ID], "_s +
-                         listColumns(u"tblServices"_s) + where +
-                         u" order by tblServices.ServiceID"_s);
+    return gcnData
+        ->Open(u"SELECT tblServices.ServiceID AS [Service ID], "_s + listColumns(u"tblServices"_s) +
+               u" order by tblServices.ServiceID"_s)
+        .without(u"ServiceID", leftOut);
 }
 
-db::Recordset ofMachine(qint64 EquipmentID, const QString &leftOut)
+db::Recordset ofMachine(qint64 EquipmentID, const QSet<qint64> &leftOut)
 {
-    const QString where = leftOut.isEmpty()
-                              ? QString()
-                              : u" and  not tblServiceUsed.ServiceID in (%1)"_s.arg(leftOut);
-    return gcnData->Open(u"SELECT tblServiceUsed.ServiceUSedID AS [Service ID], "_s +
-                         listColumns(u"tblServiceUsed"_s) +
-                         u" where tblServiceUsed.EquipmentID=%1"_s.arg(EquipmentID) + where +
-                         u" order by tblServiceUsed.ServiceID"_s);
+    return gcnData
+        ->Open(u"SELECT tblServiceUsed.ServiceUSedID AS [Service ID], "_s +
+                   listColumns(u"tblServiceUsed"_s) +
+                   u" where tblServiceUsed.EquipmentID=? order by tblServiceUsed.ServiceID"_s,
+               {EquipmentID})
+        .without(u"ServiceID", leftOut);
 }
 
 std::optional<Machine> machine(qint64 EquipmentID)

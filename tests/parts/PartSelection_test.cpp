@@ -29,6 +29,9 @@ TEST(ExclusionList, QuotesAndDoublesApostrophes)
 {
     EXPECT_EQ(parts::exclusionList({"A", "O'RING"}), "'A', 'O''RING'");
     EXPECT_EQ(parts::exclusionList({}), "");
+    const QStringList odd{"A, 'B", "'", "", "O'RING"};
+    EXPECT_EQ(parts::excludedParts(parts::exclusionList(odd)), odd);
+    EXPECT_EQ(parts::excludedParts({}), QStringList());
 }
 
 } // namespace

@@ -25,7 +25,7 @@ constexpr const char *Module = "frmPartManager";
 
 frmPartManager::frmPartManager(const QString &leftOut, bool selectMode, QWidget *parent)
     : Screen(u"frmPartManager"_s, u"Parts"_s, parent)
-    , m_leftOut(leftOut)
+    , m_leftOut(parts::excludedParts(leftOut))
     , m_selectMode(selectMode)
 {
     buildForm();

@@ -37,7 +37,7 @@ private:
     void openPart(int row);
     [[nodiscard]] QString currentPart() const;
 
-    QString m_leftOut;
+    QStringList m_leftOut;
     bool m_selectMode;
     QString m_selection;
 

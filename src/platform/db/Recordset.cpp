@@ -261,17 +261,31 @@ Recordset Recordset::Clone() const
     return Recordset(m_data);
 }
 
-Recordset Recordset::without(QStringView column, const QSet<qint64> &keys) const
+/// The rows whose value in the column is Null or to be kept.
+template<class Keep>
+Recordset Recordset::only(QStringView column, Keep &&keep) const
 {
     if (columnIndex(column) < 0)
         noSuchItem(column.toString());
-    if (keys.isEmpty())
-        return Clone();
     const auto kept = std::make_shared<RowData>(m_data->layout());
     for (const Row each : *this)
-        if (each.isNull(column) || !keys.contains(each.integer(column)))
+        if (each.isNull(column) || keep(each))
             kept->addRow(*m_data, each.index());
     return Recordset(kept);
+}
+
+Recordset Recordset::without(QStringView column, const QSet<qint64> &keys) const
+{
+    return only(column, [&](const Row &row) { return !keys.contains(row.integer(column)); });
+}
+
+Recordset Recordset::withoutTexts(QStringView column, const QStringList &keys) const
+{
+    QSet<QString> folded;
+    for (const QString &key : keys)
+        folded.insert(key.toCaseFolded());
+    return only(column,
+                [&](const Row &row) { return !folded.contains(row.text(column).toCaseFolded()); });
 }
 
 } // namespace db

@@ -5,6 +5,7 @@
 #include <QDateTime>
 #include <QSet>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 #include <memory>
 
@@ -95,6 +96,8 @@ public:
     /// row. Costs the same however many keys there are, where the engine would compare each row
     /// with one after the other. Raises base::Error NoSuchItem for an unknown column.
     [[nodiscard]] Recordset without(QStringView column, const QSet<qint64> &keys) const;
+    /// The same for a column of texts; case doesn't count, as in a comparison of the dialect.
+    [[nodiscard]] Recordset withoutTexts(QStringView column, const QStringList &keys) const;
 
     class Iterator
     {
@@ -121,6 +124,9 @@ public:
     [[nodiscard]] Iterator end() const { return {this, RecordCount()}; }
 
 private:
+    template<class Keep>
+    [[nodiscard]] Recordset only(QStringView column, Keep &&keep) const;
+
     std::shared_ptr<const RowData> m_data;
     int m_position = 0;
 };

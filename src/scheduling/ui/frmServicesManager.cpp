@@ -30,6 +30,7 @@ QList<grid::Column> columns(bool selectMode)
 {
     QList<grid::Column> list{
         {.name = u"Service ID"_s, .visible = false},
+        {.name = u"ServiceID"_s, .visible = false},
         {.name = u"Service No"_s, .width = 80},
         {.name = u"Name"_s, .width = 200},
         {.name = u"Crew"_s, .width = 125},
@@ -50,12 +51,13 @@ QList<grid::Column> columns(bool selectMode)
 
 frmServicesManager::frmServicesManager(const Request &request, QWidget *parent)
     : Screen(u"frmServicesManager"_s, u"Services"_s, parent)
-    , m_leftOut(request.leftOut.trimmed())
     , m_equipment(request.EquipmentID)
     , m_kind(request.kind)
     , m_selectMode(request.selectMode)
     , m_equipmentOption(request.equipmentOption)
 {
+    for (const QStringView key : QStringView(request.leftOut).split(u',', Qt::SkipEmptyParts))
+        m_leftOut.insert(key.trimmed().toLongLong());
     buildForm();
     (isCatalogue() ? optServiceMaster : optEquipmentService)->setChecked(true);
     showMachine();

@@ -2,6 +2,8 @@
 
 #include "core/ui/Screen.h"
 
+#include <QSet>
+
 class QLabel;
 class QPushButton;
 class QRadioButton;
@@ -49,7 +51,7 @@ private:
     [[nodiscard]] QString keyOf(int row) const;
     [[nodiscard]] bool isCatalogue() const;
 
-    QString m_leftOut;
+    QSet<qint64> m_leftOut; ///< keys of the catalogue
     qint64 m_equipment;
     QString m_kind;
     bool m_selectMode;

@@ -137,6 +137,10 @@ TEST(Recordset, WhatIsLeftOutLeavesTheOtherRowsWhole)
     EXPECT_TRUE(all.without(u"EquipmentID", {1, 2, 3, 4}).IsEOF());
     EXPECT_EQ(all.without(u"Used", {0, -1}).RecordCount(), 1) << "Null is no key";
     EXPECT_EQ(errorOf([&] { (void)all.without(u"none", {1}); }), base::ErrorNumber::NoSuchItem);
+    const Recordset texts = all.withoutTexts(u"unit no", {u"GRÖSSE'S [4]"_s, u"größe's [4]"_s});
+    EXPECT_EQ(texts.RecordCount(), all.RecordCount() - 1);
+    EXPECT_NE(texts.row(texts.RecordCount() - 1).text(u"Unit No"), u"Größe's [4]"_s);
+    EXPECT_EQ(all.withoutTexts(u"Unit No", {}).RecordCount(), all.RecordCount());
 }
 
 TEST(Recordset, NamesAreFoundInAnyCaseAndTheFirstOfTwoEqualOnesCounts)
