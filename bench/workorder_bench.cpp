@@ -189,7 +189,8 @@ int main(int argc, char *argv[])
         QFile::copy(QString::fromLocal8Bit(argv[1]), target.file);
     } else {
         std::printf("Making the large sample company, which takes some minutes.\n");
-        company::createSampleDatabase(target, base::today(), company::SampleSize::Large,
+        company::createSampleDatabase(target, base::today(),
+                                      company::sample::planFor(company::SampleSize::Large),
                                       company::UsualSeed);
     }
     const QString copy = folder.filePath(u"copy.fdb"_s);

@@ -56,7 +56,7 @@ TEST(LoadSampleCompany, IsTheSameForOneDayAndSeed)
     const auto made = [](QDate today, quint64 seed) {
         const test::CompanyDatabase database;
         const auto connection = database.open();
-        company::loadSampleCompany(*connection, today, company::SampleSize::Small, seed);
+        company::loadSampleCompany(*connection, today, {}, seed);
         return digest(*connection);
     };
     const QDate today = test::SampleCompany::today();
@@ -64,6 +64,33 @@ TEST(LoadSampleCompany, IsTheSameForOneDayAndSeed)
     EXPECT_EQ(made(today, company::UsualSeed), first);
     EXPECT_NE(made(today, company::UsualSeed + 1), first);
     EXPECT_NE(made(today.addDays(1), company::UsualSeed), first);
+}
+
+TEST_F(SampleCompany, ALargerFleetHasAsMuchDueWorkWhenItsOtherMachinesAreAhead)
+{
+    const test::CompanyDatabase database;
+    const auto larger = database.open();
+    company::sample::Plan plan;
+    plan.machines = 240;
+    plan.dueMachines = 80;
+    company::loadSampleCompany(*larger, test::SampleCompany::today(), plan, company::UsualSeed);
+    const auto due = [](db::Connection &connection) {
+        QStringList lines;
+        for (const db::Row row : connection.Open(
+                 u"Select ServiceUsedID, EquipmentID, Name, NextScheduledDate, NextScheduledCount "
+                 "from tblServiceUsed where Inactive = 0 and NextScheduledDate <= #03-15-2024# "
+                 "and NextScheduledDate >= #02-14-2024# order by ServiceUsedID"_s))
+            lines << u"%1 %2 %3 %4 %5"_s.arg(row.text(u"ServiceUsedID"), row.text(u"EquipmentID"),
+                                             row.text(u"Name"), row.text(u"NextScheduledDate"),
+                                             row.text(u"NextScheduledCount"));
+        return lines;
+    };
+    EXPECT_EQ(due(*larger), due(*m_connection));
+    const auto rows = [](db::Connection &connection, const QString &table) {
+        return connection.Open(u"Select count(*) from "_s + table).row(0)[0].toLongLong();
+    };
+    for (const QString &table : {u"tblServiceUsed"_s, u"tblWOServiceUsedHistory"_s})
+        EXPECT_GT(rows(*larger, table), 5 * rows(*m_connection, table) / 2) << qPrintable(table);
 }
 
 TEST_F(SampleCompany, HoldsWhatASmallCompanyHas)

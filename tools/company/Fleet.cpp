@@ -281,22 +281,20 @@ std::vector<Machine> makeFleet(const Content &content, const Plan &plan, QDate t
 void writeFleet(Batch &batch, const Content &content, const Masters &masters,
                 const std::vector<Machine> &machines, const Plan &plan, QDate today, quint64 seed)
 {
-    std::vector<NamedRow> rows;
-    rows.reserve(machines.size());
-    for (const Machine &machine : machines)
-        rows.push_back(EquipmentRow(content.fleet[machine.kind], masters, content, machine, today,
-                                    Random::of(seed + 1, machine.serial))
-                           .build());
-
-    RowWriter equipment(batch, u"tblEquipment"_s, rows.front().columns());
-    for (const NamedRow &row : rows)
-        equipment.add(row.values());
-
+    const auto rowOf = [&](const Machine &machine) {
+        return EquipmentRow(content.fleet[machine.kind], masters, content, machine, today,
+                            Random::of(seed + 1, machine.serial))
+            .build();
+    };
+    RowWriter equipment(batch, u"tblEquipment"_s, rowOf(machines.front()).columns());
     RowWriter depreciation(batch, u"tblEquipmentDepreciation"_s,
                            {u"EquipmentID"_s, u"EndofYear"_s, u"AnnualDepreciation"_s,
                             u"AccumualtedDepreciation"_s, u"BookValue"_s});
-    for (std::size_t i = 0; i < machines.size(); ++i)
-        writeDepreciation(depreciation, machines[i], content.fleet[machines[i].kind], rows[i]);
+    for (const Machine &machine : machines) {
+        const NamedRow row = rowOf(machine);
+        equipment.add(row.values());
+        writeDepreciation(depreciation, machine, content.fleet[machine.kind], row);
+    }
 
     RowWriter parts(
         batch, u"tblEquipmentPart"_s,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "company/Content.h"
+#include "company/Plan.h"
 #include "company/Random.h"
 #include "core/database/RowWriter.h"
 
@@ -8,18 +9,6 @@
 #include <map>
 
 namespace company::sample {
-
-/// How much the two sizes of the company hold.
-struct Plan
-{
-    int machines = 0;   ///< 0: as many as the fleet's table says
-    int partSeries = 1; ///< how often each variant of a part stands in the list
-    int historyYears = 3;
-    int historyPerService = 1000; ///< at most that many posted rows for each assignment
-    int readingEveryDays = 10;    ///< besides those that work orders bring
-    int openOrders = 16;
-    int scansPerMachine = 12; ///< at most
-};
 
 struct Crew
 {

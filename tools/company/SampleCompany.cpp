@@ -3,24 +3,12 @@
 #include "company/Orders.h"
 #include "core/database/CreateDatabase.h"
 
+#include <utility>
+
 namespace company {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-sample::Plan planFor(SampleSize size)
-{
-    sample::Plan plan;
-    if (size == SampleSize::Large) {
-        plan.machines = 10000;
-        plan.partSeries = 72;
-        plan.historyPerService = 22;
-        plan.readingEveryDays = 60;
-        plan.openOrders = 2000;
-        plan.scansPerMachine = 6;
-    }
-    return plan;
-}
 
 void setOption(db::Connection &connection, const QString &key, const QString &value)
 {
@@ -58,9 +46,27 @@ void writeOfficeUser(db::Connection &connection)
 
 } // namespace
 
-void loadSampleCompany(db::Connection &connection, QDate today, SampleSize size, quint64 seed)
+sample::Plan sample::planFor(SampleSize size)
 {
-    const sample::Plan plan = planFor(size);
+    Plan plan;
+    if (size == SampleSize::Small)
+        return plan;
+    plan.machines = 10000;
+    plan.partSeries = 72;
+    plan.historyPerService = 22;
+    plan.readingEveryDays = 60;
+    plan.openOrders = 2000;
+    plan.scansPerMachine = 6;
+    if (size == SampleSize::ExtraLarge) {
+        plan.dueMachines = std::exchange(plan.machines, 100000);
+        plan.restingReadingEveryDays = 150;
+    }
+    return plan;
+}
+
+void loadSampleCompany(db::Connection &connection, QDate today, const sample::Plan &plan,
+                       quint64 seed)
+{
     const sample::Content content;
     Batch batch(connection);
     writeOptions(connection);
@@ -76,10 +82,11 @@ void loadSampleCompany(db::Connection &connection, QDate today, SampleSize size,
     batch.commit();
 }
 
-void createSampleDatabase(const db::Target &target, QDate today, SampleSize size, quint64 seed)
+void createSampleDatabase(const db::Target &target, QDate today, const sample::Plan &plan,
+                          quint64 seed)
 {
     createDatabase(target, [&](db::Connection &connection) {
-        loadSampleCompany(connection, today, size, seed);
+        loadSampleCompany(connection, today, plan, seed);
     });
 }
 

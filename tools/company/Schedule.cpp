@@ -56,6 +56,8 @@ public:
         : m_service(service)
         , m_machine(machine)
         , m_plan(plan)
+        , m_today(today)
+        , m_isAhead(plan.isAhead(machine.serial))
         , m_first(std::max(machine.acquired, today.addYears(-plan.historyYears)))
         , m_assignment(assignment)
         , m_case(caseOf(assignment.id - 1))
@@ -69,6 +71,8 @@ public:
             makeOneOff();
         else if (m_service.isCounted())
             makeCounted();
+        else if (m_isAhead)
+            makeToCome();
         else
             makeCalendar();
         linkEvents();
@@ -85,7 +89,8 @@ private:
             m_assignment.next = scheduled;
             add(performed, scheduled, -1);
         } else {
-            m_assignment.next = m_machine.lastDay.addDays(m_random.between(-5, 40));
+            m_assignment.next = m_isAhead ? m_today.addDays(m_random.between(1, 40))
+                                          : m_machine.lastDay.addDays(m_random.between(-5, 40));
         }
     }
 
@@ -146,6 +151,23 @@ private:
         if (!m_service.pattern.byDayOfMonth)
             next = addInterval(base, m_service.period, m_service.interval);
         m_assignment.next = next;
+        walkFrom(base);
+    }
+
+    /// Due after today, wherever the pattern moves it.
+    void makeToCome()
+    {
+        const int days = std::max(1, approximateDays(m_service.period, m_service.interval));
+        m_assignment.next = m_service.pattern.firstFrom(m_today.addDays(1 + m_random.below(days)));
+        QDate base = before(m_assignment.next);
+        while (base > m_machine.lastDay)
+            base = before(base);
+        walkFrom(base);
+    }
+
+    /// Walks back from the day that led to the next date.
+    void walkFrom(QDate base)
+    {
         if (m_service.renewal == u'S' || m_service.pattern.byDayOfMonth)
             walkByScheduled(base);
         else
@@ -176,13 +198,14 @@ private:
     {
         const Meter &meter = m_machine.meter;
         const int interval = m_service.interval;
-        const bool reached = m_case == Case::CountReached || m_random.percent(9);
+        const bool reached = !m_isAhead && (m_case == Case::CountReached || m_random.percent(9));
         const double part = reached ? m_random.between(1.12, 1.25) : m_random.between(0.02, 0.98);
         const int now = meter.at(m_machine.lastReading);
         const int from =
             std::max(now - static_cast<int>(part * interval), meter.at(m_machine.acquired));
         QDate start = meter.reached(from);
-        while (start.dayOfWeek() > 5 && start > m_machine.acquired)
+        // An earlier day would bring the target down to what the meter shows by now.
+        while (!m_isAhead && start.dayOfWeek() > 5 && start > m_machine.acquired)
             start = start.addDays(-1);
         m_assignment.nextCount = from + interval;
         if (start <= m_first)
@@ -245,28 +268,32 @@ private:
     const CatalogueService &m_service;
     const Machine &m_machine;
     const Plan &m_plan;
-    QDate m_first; ///< nothing was posted before it
+    QDate m_today;
+    bool m_isAhead; ///< nothing of the machine is due
+    QDate m_first;  ///< nothing was posted before it
     Assignment &m_assignment;
     Case m_case;
     Random m_random;
     std::vector<Event> m_events;
 };
 
-/// The days on which a machine's meter was read: regularly, when work fell due and when it was
-/// done.
+/// The days on which a machine's meter was read: regularly, when work was done, and when it fell
+/// due on a machine that still has due work.
 std::set<QDate> readingDays(const Machine &machine, const Plan &plan,
                             const std::vector<Event> &events, std::size_t firstEvent, QDate today,
                             Random random)
 {
     std::set<QDate> days = {machine.acquired, machine.lastReading};
+    const int every =
+        plan.isAhead(machine.serial) ? plan.restingReadingEveryDays : plan.readingEveryDays;
     QDate day = std::max(machine.acquired, today.addYears(-plan.historyYears));
-    for (; day < machine.lastReading;
-         day = day.addDays(plan.readingEveryDays + random.between(-2, 2)))
+    for (; day < machine.lastReading; day = day.addDays(every + random.between(-2, 2)))
         days.insert(day);
     for (std::size_t i = firstEvent; i < events.size(); ++i) {
         if (events[i].count < 0)
             continue;
-        days.insert(events[i].scheduled);
+        if (!plan.isAhead(machine.serial))
+            days.insert(events[i].scheduled);
         days.insert(events[i].performed);
     }
     return days;

@@ -25,7 +25,8 @@ using namespace Qt::StringLiterals;
 struct Options
 {
     QStringList files;
-    bool large = false;
+    company::SampleSize size = company::SampleSize::Small;
+    int machines = 0; ///< 0: as many as the size has
     bool sample = false;
     QDate today;
     quint64 seed = company::UsualSeed;
@@ -68,9 +69,10 @@ int createEmpty(const Options &options, const Streams &streams)
 
 int createSample(const Options &options, const Streams &streams)
 {
-    company::createSampleDatabase(
-        targetOf(options.files[0]), options.today,
-        options.large ? company::SampleSize::Large : company::SampleSize::Small, options.seed);
+    company::sample::Plan plan = company::sample::planFor(options.size);
+    if (options.machines > 0)
+        plan.machines = options.machines;
+    company::createSampleDatabase(targetOf(options.files[0]), options.today, plan, options.seed);
     streams.out << options.files[0] << " holds the sample company as of "
                 << options.today.toString(Qt::ISODate) << '.' << Qt::endl;
     return Success;
@@ -257,7 +259,10 @@ int wrongUsage(const Streams &streams, const QString &message)
 QString readOptions(const QCommandLineParser &parser, Options &options)
 {
     options.files = parser.positionalArguments().mid(1);
-    options.large = parser.isSet(u"large"_s);
+    if (parser.isSet(u"extra-large"_s))
+        options.size = company::SampleSize::ExtraLarge;
+    else if (parser.isSet(u"large"_s))
+        options.size = company::SampleSize::Large;
     options.sample = parser.isSet(u"sample"_s);
     options.today = base::today();
     if (parser.isSet(u"today"_s)) {
@@ -271,6 +276,11 @@ QString readOptions(const QCommandLineParser &parser, Options &options)
         if (!isNumber)
             return u"\"%1\" is no whole number."_s.arg(parser.value(u"seed"_s));
     }
+    if (parser.isSet(u"machines"_s)) {
+        options.machines = parser.value(u"machines"_s).toInt();
+        if (options.machines <= 0)
+            return u"\"%1\" is no number of machines."_s.arg(parser.value(u"machines"_s));
+    }
     return {};
 }
 
@@ -281,11 +291,14 @@ int run(const QStringList &arguments, const Streams &streams)
     QCommandLineParser parser;
     parser.setApplicationDescription(description());
     const QCommandLineOption help({u"h"_s, u"help"_s}, u"Shows this text."_s);
-    parser.addOptions({help,
-                       {u"large"_s, u"create-sample: 10,000 machines, for measuring."_s},
-                       {u"sample"_s, u"set-up: with the sample company."_s},
-                       {u"today"_s, u"The day on which the sample company stands."_s, u"date"_s},
-                       {u"seed"_s, u"Another sample company for another number."_s, u"number"_s}});
+    parser.addOptions(
+        {help,
+         {u"large"_s, u"create-sample: 10,000 machines, for measuring."_s},
+         {u"extra-large"_s, u"create-sample: 100,000 machines."_s},
+         {u"machines"_s, u"create-sample: another number of machines."_s, u"number"_s},
+         {u"sample"_s, u"set-up: with the sample company."_s},
+         {u"today"_s, u"The day on which the sample company stands."_s, u"date"_s},
+         {u"seed"_s, u"Another sample company for another number."_s, u"number"_s}});
     parser.addPositionalArgument(u"command"_s, u"One of the commands above."_s);
     parser.addPositionalArgument(u"file"_s, u"The database."_s, u"file..."_s);
     if (!parser.parse(arguments))

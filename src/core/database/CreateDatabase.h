@@ -12,7 +12,8 @@ namespace company {
 /// it exists already, DbError when the engine refuses.
 void createEmptyDatabase(const db::Target &target);
 
-/// The same with further rows, which fill writes before the file appears.
+/// The same with further rows, which fill writes before the file appears, and before there are any
+/// indexes but those of the keys.
 void createDatabase(const db::Target &target, const std::function<void(db::Connection &)> &fill);
 
 } // namespace company
