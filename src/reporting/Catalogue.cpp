@@ -42,9 +42,11 @@ QHash<QString, QString> namedTexts(const Report &report)
 {
     QHash<QString, QString> texts{{u"lblCompanyName"_s, GetOption(u"GEN_COMPANY_NAME"_s, false)}};
     if (report.layout == "rptEquipmentDetail"_L1)
-        for (int field = 1; field <= 10; ++field)
+        for (int field = 1; field <= 10; ++field) {
+            const QString label = GetOption(u"UserDefinedField%1"_s.arg(field), false).trimmed();
             texts.insert(u"UDField%1"_s.arg(field),
-                         GetOption(u"UserDefinedField%1"_s.arg(field), false));
+                         label.isEmpty() ? u"Field %1"_s.arg(field) : label);
+        }
     if (report.layout == "rptErrorReport"_L1)
         texts.insert({{u"lblSystem"_s, gWindowsVersion.name},
                       {u"lblServicePack"_s, gWindowsVersion.servicePack},

@@ -79,7 +79,8 @@ QString crewList(const QString &own)
         u"tblLocation.LocationName, tblEquipment.UnitNo, tblSite.SiteName, "
         "tblEquipment.EquipmentName, MakeItem.ItemName AS EquipmentMake, "
         "ModelItem.ItemName AS EquipmentModel, %1 AS Description, "
-        "tblEquipment.EquipmentSerialNo, tblEquipment.%2, tblEquipment.VIN"_s.arg(CrewText, own));
+        "tblEquipment.EquipmentSerialNo, tblEquipment.%2, tblEquipment.VIN, tblCrew.CrewNumber, "
+        "tblEquipment.Inactive"_s.arg(CrewText, own));
 }
 
 QString version5()
@@ -90,7 +91,7 @@ QString version5()
         "tblEquipment.AcquisitionCost, tblEquipment.AcquisitionDate, tblEquipment.Vin, "
         "tblEquipment.EquipmentSerialNo, tblEquipment.LicenseNo, tblEquipment.StickerNumber, "
         "ModelItem.ItemName AS EquipmentModel, tblEquipment.UserDefined4 AS Title, "
-        "tblEquipment.LicenseRenewalDate, tblSite.SiteName"_s);
+        "tblEquipment.LicenseRenewalDate, tblSite.SiteName, tblEquipment.Inactive"_s);
 }
 
 /// Grouped; a filter follows the grouping, so all that it may speak of is grouped by.
@@ -99,7 +100,8 @@ QString version6()
     return u"SELECT tblEquipment.UnitNo, tblEquipment.EquipmentName, tblEquipmentCount.CountType, "
            "Max(tblEquipmentCount.ChangeDate) AS LastDate, "
            "Max(tblEquipmentCount.CountValue) AS LastCount, MakeItem.ItemName AS EquipmentMake, "
-           "ModelItem.ItemName AS EquipmentModel, tblCrew.CrewNumber, tblCrew.Description"_s +
+           "ModelItem.ItemName AS EquipmentModel, tblCrew.CrewNumber, tblCrew.Description, "
+           "tblEquipment.Inactive"_s +
            joined(u"tblEquipment"_s, {u"INNER JOIN tblEquipmentCount ON tblEquipment.EquipmentID = "
                                       "tblEquipmentCount.EquipmentID"_s,
                                       Type, Make, Model, Crew}) +
@@ -108,8 +110,13 @@ QString version6()
            "MakeItem.ItemName, ModelItem.ItemName, tblCrew.CrewNumber, tblCrew.Description"_s;
 }
 
+/// What is looked up by ten joins, and by a subquery what those leave out.
 QString machineDetails()
 {
+    const auto named = [](const QString &alias, const QString &id) {
+        return u", (SELECT %1Item.ItemName FROM tblIndicator AS %1Item WHERE %1Item.ItemID = %2) "
+               "AS %1Name"_s.arg(alias, id);
+    };
     QString columns =
         u"SELECT tblEquipment.EquipmentID, UnitNo, EquipmentName, EquipmentYear, Capacity, "
         "tblEquipment.Bar_Code, EquipmentSerialNo, InstalledDate, AttachedTo, Inactive, "
@@ -124,6 +131,9 @@ QString machineDetails()
         "tblSupplier.Name AS SupplierName, tblIndicator.ItemName AS EquipmentTypeName"_s;
     for (int field = 1; field <= 10; ++field)
         columns += u", UserDefined%1"_s.arg(field);
+    columns += named(u"State"_s, u"Val(tblEquipment.StateLicensed)"_s) +
+               named(u"VehicleFuel"_s, u"tblEquipment.VehicleFuelType"_s) +
+               named(u"VehicleEngineType"_s, u"tblEquipment.VehicleEngineType"_s);
     QStringList joins{Type};
     for (const auto &[alias, column] : {std::pair(u"EquipmentMake"_s, u"EquipmentMake"_s),
                                         {u"EquipmentModel"_s, u"EquipmentModel"_s},
@@ -147,8 +157,9 @@ QString crewHistory()
 {
     return u"SELECT tblEquipment.EquipmentName, tblEquipment.UnitNo, "
            "tblEquipmentCrewHistory.CrewNumber, tblEquipmentCrewHistory.CrewDescription, "
-           "tblEquipmentCrewHistory.CrewDate FROM tblEquipmentCrewHistory LEFT JOIN tblEquipment "
-           "ON tblEquipmentCrewHistory.EquipmentID = tblEquipment.EquipmentID"_s;
+           "tblEquipmentCrewHistory.CrewDate, tblEquipment.Inactive FROM tblEquipmentCrewHistory "
+           "LEFT JOIN tblEquipment ON tblEquipmentCrewHistory.EquipmentID = "
+           "tblEquipment.EquipmentID"_s;
 }
 
 /// Each posted service once, with the first of its repeated costs and the sum of its parts; then
@@ -159,7 +170,8 @@ QString expenses()
            "Sum(EquipmentExpense.LaborCost) AS [Labor Cost], "
            "Sum(EquipmentExpense.PartCost) AS [Part Cost], "
            "Sum(EquipmentExpense.hrs) AS ServiceHrs, Sum(EquipmentExpense.mins) AS ServiceMin, "
-           "First(EquipmentExpense.TypeName) AS EquipmentType "
+           "First(EquipmentExpense.TypeName) AS EquipmentType, "
+           "First(EquipmentExpense.Inactive) AS MachineInactive "
            "FROM (SELECT tblEquipment.UnitNo, tblEquipment.EquipmentName, tblEquipment.Inactive, "
            "tblWOServiceUsedHistory.ServiceUsedID, tblIndicator.ItemName AS TypeName, "
            "First(tblWOServiceUsedHistory.CostEstimate) AS LaborCost, "
@@ -183,7 +195,8 @@ QString utilization()
     const QString perDay = u"IIf(%2 = 0, 0, %1 / %2)"_s.arg(count, days);
     return u"SELECT tblEquipment.EquipmentName, tblEquipment.UnitNo, tblEquipment.EquipmentID, "
            "%1 AS [Count], %2 AS NoofDays, %3 AS perDay, %3 / 24 AS Utilization, "
-           "tblCrew.CrewNumber, tblIndicator.ItemName AS EquipmentType"_s.arg(count, days, perDay) +
+           "tblCrew.CrewNumber, tblIndicator.ItemName AS EquipmentType, "
+           "First(tblEquipment.Inactive) AS MachineInactive"_s.arg(count, days, perDay) +
            joined(u"tblEquipmentCount"_s,
                   {u"INNER JOIN tblEquipment ON tblEquipmentCount.EquipmentID = "
                    "tblEquipment.EquipmentID"_s,
@@ -212,7 +225,8 @@ QString utilizationSingle()
 
 QString dates(const QString &column)
 {
-    return u"SELECT EquipmentID, UnitNo, EquipmentName, %1 FROM tblEquipment"_s.arg(column);
+    return u"SELECT EquipmentID, UnitNo, EquipmentName, %1, Inactive FROM tblEquipment"_s.arg(
+        column);
 }
 
 /// The history with the sum of each service's parts, and what it is grouped by; more columns with

@@ -89,7 +89,7 @@ QList<catalogue::Request> requests(QDate today)
     const QString orders = u"where workorderno in (%1)"_s.arg(lastOrders());
     const QHash<QString, catalogue::Request> particular{
         {u"rptEquipmentDetail"_s,
-         {.filter = u"where tblEquipment.UnitNo < '2' and Inactive = '0'"_s}},
+         {.filter = u"where tblEquipment.UnitNo in ('M001','T001','S003')"_s}},
         {u"rptEquipmentUtilization"_s,
          {.filter = u" and "_s + year.clause(u"tblEquipmentCount.ChangeDate"_s),
           .texts = {{u"lblDateFrom"_s, year.words()}}}},
