@@ -1,6 +1,7 @@
 #include "core/ErrorReport.h"
 
-#include "core/General.h"
+#include "core/Options.h"
+#include "core/RegistryValues.h"
 #include "core/Session.h"
 #include "core/StartUp.h"
 #include "platform/base/Environment.h"

@@ -22,6 +22,10 @@ struct ErrorReport
                                         int ErrNumber, const QString &ErrDescription,
                                         int LineNumber);
 
+/// Reports an error and waits until its form is closed; False without one (number 0), else True.
+bool ErrorHandler(const QString &ModuleName, const QString &ProcedureName, int ErrNumber,
+                  const QString &ErrDescription, const QString &ExtraText = {}, int LineNumber = 0);
+
 /// Shows one error modally and comes back when its form is closed.
 using ErrorReportForm = std::function<void(const ErrorReport &)>;
 /// Sets what ErrorHandler shows an error with; returns the one set before. Without one an error

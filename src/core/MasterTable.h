@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/General.h"
 #include "core/RecordStore.h"
+#include "core/Tables.h"
 #include "core/Usage.h"
 #include "platform/base/Trapped.h"
 

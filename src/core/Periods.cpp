@@ -55,3 +55,9 @@ QString wordExpression()
 }
 
 } // namespace periods
+
+QString PeriodWord(const QString &PeriodCode)
+{
+    const periods::Period *period = periods::ofCode(PeriodCode);
+    return period ? period->word.toString() : PeriodCode;
+}

@@ -24,3 +24,6 @@ struct Period
 [[nodiscard]] QString wordExpression();
 
 } // namespace periods
+
+/// The word of a period code: "D" gives "Days"; another text is given back.
+[[nodiscard]] QString PeriodWord(const QString &PeriodCode);

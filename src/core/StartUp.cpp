@@ -1,10 +1,11 @@
 #include "core/StartUp.h"
 
-#include "core/General.h"
+#include "core/Identifiers.h"
+#include "core/Options.h"
 #include "core/Session.h"
+#include "core/Told.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Error.h"
-#include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "platform/db/FileCheck.h"
 #include "platform/db/Maintenance.h"
@@ -41,8 +42,7 @@ std::optional<base::Error> errorOf(const std::function<void()> &part)
 
 void showFailure(const base::Error &error, const QString &where)
 {
-    base::showCritical(error.description() + u'\n' + QString::number(error.number()) + u'\n' +
-                       where);
+    told::critical(error.description() + u'\n' + QString::number(error.number()) + u'\n' + where);
 }
 
 void fail(const StartUpSteps &Steps)
@@ -148,12 +148,12 @@ bool ConnectToDB(const StartUpSteps &Steps)
     bool running = false;
     const auto error = errorOf([&] {
         if (Steps.PrevInstance && Steps.PrevInstance()) {
-            base::showInformation(u"Quorvantis application is already open."_s);
+            told::information(u"Quorvantis application is already open."_s);
             fail(Steps);
             return;
         }
         if (!BackupDB())
-            base::showInformation(u"Problem in taking backup of Database."_s);
+            told::information(u"Problem in taking backup of Database."_s);
         gsDatabasePath = liveDatabase();
         makeGuid();
         requireDatabaseFile();
@@ -182,8 +182,8 @@ bool BackupDB()
     const auto error = errorOf(copyToBackup);
     if (!error || error->number() == base::ErrorNumber::PermissionDenied)
         return true;
-    base::showMessage(error->description() + u' ' + QString::number(error->number()) +
-                      u"Main Funtions(BackupDB) "_s);
+    told::message(error->description() + u' ' + QString::number(error->number()) +
+                  u"Main Funtions(BackupDB) "_s);
     return false;
 }
 

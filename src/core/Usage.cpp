@@ -1,6 +1,6 @@
 #include "core/Usage.h"
 
-#include "core/General.h"
+#include "core/RowTests.h"
 
 namespace {
 

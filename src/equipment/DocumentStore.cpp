@@ -1,9 +1,9 @@
 #include "equipment/DocumentStore.h"
 
 #include "core/Session.h"
+#include "core/Told.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Error.h"
-#include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "platform/system/Files.h"
 
@@ -36,9 +36,9 @@ void deleteRow(qint64 equipment, const QString &name)
 
 void tellFolderIsGone()
 {
-    base::showMessage(u"Folder(Doc) has been deleted by user. Please create a folder named'Doc' at "
-                      "following path "_s +
-                      QDir::toNativeSeparators(base::environment().applicationFolder));
+    told::message(u"Folder(Doc) has been deleted by user. Please create a folder named'Doc' at "
+                  "following path "_s +
+                  QDir::toNativeSeparators(base::environment().applicationFolder));
 }
 
 } // namespace
@@ -78,10 +78,10 @@ void removeFolder(qint64 EquipmentID)
     for (const QString &file : machine.entryList(QDir::Files | QDir::Hidden))
         whole &= machine.remove(file);
     if (!whole || !QDir().rmdir(machine.path()))
-        base::showMessage(QStringLiteral("Unable to delete the folder. Some files is in use.\n"
-                                         "You can delete folder manually\n"
-                                         "\"%1\"")
-                              .arg(QDir::toNativeSeparators(machine.path())));
+        told::message(QStringLiteral("Unable to delete the folder. Some files is in use.\n"
+                                     "You can delete folder manually\n"
+                                     "\"%1\"")
+                          .arg(QDir::toNativeSeparators(machine.path())));
 }
 
 db::Recordset names(qint64 EquipmentID)
@@ -91,23 +91,23 @@ db::Recordset names(qint64 EquipmentID)
         {EquipmentID});
 }
 
-bool addDocument(qint64 EquipmentID, const QString &file)
+bool addDocument(qint64 EquipmentID, const QString &file,
+                 const std::function<bool(const QString &)> &mayReplace)
 {
     return base::trapped(Module, "cmdAddDocument_Click", false, [&] {
         const QFileInfo chosen(file);
         if (!chosen.isFile()) {
-            base::showMessage(u"Invalid File or Incorrect Path."_s);
+            told::message(u"Invalid File or Incorrect Path."_s);
             return false;
         }
         if (chosen.fileName().size() > LongestName) {
-            base::showMessage(u"The name of the file is too long: a document's name may have %1 "
-                              "characters at most. Please rename the file."_s.arg(LongestName));
+            told::message(u"The name of the file is too long: a document's name may have %1 "
+                          "characters at most. Please rename the file."_s.arg(LongestName));
             return false;
         }
         const QString present = storedName(EquipmentID, chosen.fileName());
         const QString name = present.isEmpty() ? chosen.fileName() : present;
-        if (!present.isEmpty() && exists(EquipmentID, name) &&
-            !base::askYesNo(name + u" already exists. Would you like to replace it."_s))
+        if (!present.isEmpty() && exists(EquipmentID, name) && !mayReplace(name))
             return false;
         // The row first: what the database refuses must leave no file. A name that is there
         // already only gets its file, be it anew.

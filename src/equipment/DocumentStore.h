@@ -3,6 +3,7 @@
 #include "platform/db/Recordset.h"
 
 #include <QString>
+#include <functional>
 
 /// The documents of machines: their names are rows of the database, written on Data inside the
 /// transaction of whoever holds one; their files lie beside the program in a folder for each
@@ -27,9 +28,11 @@ void removeFolder(qint64 EquipmentID);
 
 /// The names of a machine's documents, as [Document Name]. Raises DbError.
 [[nodiscard]] db::Recordset names(qint64 EquipmentID);
-/// Makes a file a document of the machine: asks before one of that name is replaced, copies the
-/// file and stores the name. False when it was not added: the user said no or was told why.
-[[nodiscard]] bool addDocument(qint64 EquipmentID, const QString &file);
+/// Makes a file a document of the machine: copies the file and stores the name. mayReplace is asked
+/// before one of that name is replaced. False when it was not added: it said no, or the user was
+/// told why.
+[[nodiscard]] bool addDocument(qint64 EquipmentID, const QString &file,
+                               const std::function<bool(const QString &name)> &mayReplace);
 /// Deletes a document's row, then its file. False when an error was reported; the row may have
 /// gone by then.
 [[nodiscard]] bool DeleteDocumentRecord(qint64 EquipmentID, const QString &DocumentName);

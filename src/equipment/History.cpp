@@ -1,6 +1,7 @@
 #include "equipment/History.h"
 
-#include "core/General.h"
+#include "core/Conversions.h"
+#include "core/Labour.h"
 #include "core/Session.h"
 #include "platform/base/Decimal.h"
 #include "platform/base/Environment.h"

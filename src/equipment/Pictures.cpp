@@ -1,8 +1,8 @@
 #include "equipment/Pictures.h"
 
 #include "core/Session.h"
+#include "core/Told.h"
 #include "platform/base/Environment.h"
-#include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "platform/system/Files.h"
 
@@ -17,7 +17,7 @@ constexpr const char *Module = "Equipment";
 
 bool refuse(const QString &text, const QString &title = {})
 {
-    base::prompts().show({.text = text, .title = title});
+    told::message(text, title);
     return false;
 }
 

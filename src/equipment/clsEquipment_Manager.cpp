@@ -1,6 +1,5 @@
 #include "equipment/clsEquipment_Manager.h"
 
-#include "core/General.h"
 #include "core/Permission.h"
 #include "core/RecordStore.h"
 #include "core/Usage.h"

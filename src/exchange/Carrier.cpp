@@ -1,6 +1,6 @@
 #include "exchange/Carrier.h"
 
-#include "core/General.h"
+#include "core/RegistryValues.h"
 #include "platform/base/Prompts.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "exchange/Commands.h"
 
-#include "core/General.h"
+#include "core/Labour.h"
 #include "core/Session.h"
 #include "exchange/Spliced.h"
 #include "platform/base/Format.h"

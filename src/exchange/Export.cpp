@@ -1,6 +1,6 @@
 #include "exchange/Export.h"
 
-#include "core/General.h"
+#include "core/Meters.h"
 #include "core/Session.h"
 #include "exchange/ValueText.h"
 #include "exchange/XmlFault.h"

@@ -1,6 +1,6 @@
 #include "exchange/Import.h"
 
-#include "core/General.h"
+#include "core/RegistryValues.h"
 #include "core/Session.h"
 #include "exchange/Carrier.h"
 #include "exchange/Commands.h"

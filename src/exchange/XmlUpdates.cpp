@@ -1,6 +1,6 @@
 #include "exchange/XmlUpdates.h"
 
-#include "core/General.h"
+#include "core/Labour.h"
 #include "core/Session.h"
 #include "exchange/Spliced.h"
 #include "platform/base/Environment.h"

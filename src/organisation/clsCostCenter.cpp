@@ -1,5 +1,6 @@
 #include "organisation/clsCostCenter.h"
 
+#include "core/Identifiers.h"
 #include "core/MasterTable.h"
 
 namespace {

@@ -1,6 +1,7 @@
 #include "organisation/clsEmployee.h"
 
 #include "core/MasterTable.h"
+#include "core/Tables.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include "parts/clsPart.h"
 
 #include "core/Flag.h"
-#include "core/General.h"
 #include "core/Permission.h"
 #include "core/RecordStore.h"
+#include "core/Tables.h"
 #include "core/Usage.h"
 #include "platform/base/Trapped.h"
 

@@ -1,6 +1,7 @@
 #include "reporting/Catalogue.h"
 
-#include "core/General.h"
+#include "core/Options.h"
+#include "core/RegistryValues.h"
 #include "core/Session.h"
 #include "core/StartUp.h"
 #include "platform/base/Environment.h"

@@ -1,6 +1,6 @@
 #include "reporting/Preparation.h"
 
-#include "core/General.h"
+#include "core/Options.h"
 #include "platform/base/Environment.h"
 #include "reporting/PostedLabor.h"
 

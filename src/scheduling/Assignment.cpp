@@ -1,7 +1,7 @@
 #include "scheduling/Assignment.h"
 
-#include "core/General.h"
 #include "core/InTheWay.h"
+#include "core/Labour.h"
 #include "core/Periods.h"
 #include "core/RecordStore.h"
 #include "core/Session.h"

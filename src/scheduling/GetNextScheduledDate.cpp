@@ -1,10 +1,10 @@
 #include "scheduling/GetNextScheduledDate.h"
 
-#include "core/General.h"
+#include "core/Conversions.h"
 #include "core/Periods.h"
 #include "core/Session.h"
+#include "core/Told.h"
 #include "platform/base/Environment.h"
-#include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "scheduling/NextDate.h"
 
@@ -107,7 +107,7 @@ void tellMissingPattern(const QString &missing, qint64 serviceUsedID)
         "tblEquipment.EquipmentID = tblServiceused.EquipmentID where ServiceusedID = ?"_s,
         {serviceUsedID});
     const db::Row row = rows.current();
-    base::showInformation(
+    told::information(
         u"Service \"%1\" doesn't have any %2 selected in service schedule, system can not\n"
         "calculate the next schedule date.\n"
         "Service detail is given below.\n"

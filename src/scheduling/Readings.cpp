@@ -1,10 +1,10 @@
 #include "scheduling/Readings.h"
 
-#include "core/General.h"
+#include "core/Options.h"
 #include "core/Periods.h"
 #include "core/Session.h"
+#include "core/Told.h"
 #include "platform/base/Environment.h"
-#include "platform/base/Prompts.h"
 #include "scheduling/GetNextScheduledDate.h"
 
 namespace readings {
@@ -177,7 +177,7 @@ void saveBatch(std::span<const Entry> entries)
     const QDateTime today = base::wallClock(base::today());
     for (const Entry &entry : entries) {
         if (isInProcess(entry.EquipmentID, entry.CountType))
-            base::showMessage(inProcessMessage());
+            told::message(inProcessMessage());
         else
             add(entry.EquipmentID, today, entry.CountType, entry.Value);
     }

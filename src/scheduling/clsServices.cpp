@@ -1,8 +1,10 @@
 #include "scheduling/clsServices.h"
 
-#include "core/General.h"
+#include "core/Identifiers.h"
 #include "core/Permission.h"
 #include "core/RecordStore.h"
+#include "core/RowTests.h"
+#include "core/Tables.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Trapped.h"
 #include "platform/db/DbError.h"

@@ -1,6 +1,6 @@
 #include "shell/Setup.h"
 
-#include "core/General.h"
+#include "core/Options.h"
 
 #include <array>
 

@@ -3,8 +3,8 @@
 #include "core/Periods.h"
 #include "core/ServiceHistory.h"
 #include "core/Session.h"
+#include "core/Told.h"
 #include "parts/Stock.h"
-#include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "scheduling/GetNextScheduledDate.h"
 #include "scheduling/Readings.h"
@@ -84,9 +84,9 @@ QDateTime confirmed(QDateTime next, const db::Row &service, qint64 serviceUsedID
     const QDateTime completed = service.date(u"CompletedDate");
     if (!next.isValid() || !completed.isValid() || next >= completed)
         return next;
-    base::showMessage(u"You have chosen to reschedule this services based on the scheduled date \n"
-                      "rather then on the completed date and the new date is already older then\n"
-                      "the completed date."_s);
+    told::message(u"You have chosen to reschedule this services based on the scheduled date \n"
+                  "rather then on the completed date and the new date is already older then\n"
+                  "the completed date."_s);
     const DateConfirmation ask = currentConfirmation();
     return ask ? ask(completed, serviceUsedID)
                : GetNextScheduledDate(serviceUsedID, true, completed);
@@ -533,7 +533,7 @@ void tell(const Choice &choice)
 {
     const auto tellOf = [](const QList<qint64> &orders, const QString &reason) {
         if (!orders.isEmpty())
-            base::showMessage(
+            told::message(
                 u"Following Work Orders (%1) aren't posted. "_s.arg(ordernames::listed(orders)) +
                 reason);
     };

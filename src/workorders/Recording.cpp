@@ -1,8 +1,10 @@
 #include "workorders/Recording.h"
 
-#include "core/General.h"
+#include "core/Labour.h"
+#include "core/Options.h"
 #include "core/RecordStore.h"
 #include "core/Session.h"
+#include "core/Tables.h"
 #include "platform/base/Decimal.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Trapped.h"

@@ -158,6 +158,16 @@ TEST(Arrows, LeaveWidgetsToScreens)
     }
 }
 
+/// Logic says what is to be told (core/Told.h) and asks its caller; a box is the screen's.
+TEST(Arrows, LeaveBoxesToScreens)
+{
+    for (const Include &include : allIncludes()) {
+        EXPECT_FALSE(placeOf(include.file).isLogic && include.file != u"core/Told.cpp" &&
+                     include.included == u"platform/base/Prompts.h")
+            << qPrintable(include.file) << " opens boxes";
+    }
+}
+
 TEST(Arrows, KeepTheDoorsToTheOutsideInOnePlaceEach)
 {
     const QList<std::pair<QString, QString>> doors{

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/ErrorLog.h"
-#include "core/General.h"
+#include "core/RowTests.h"
 #include "core/Session.h"
 #include "platform/base/Format.h"
 #include "platform/settings/Registry.h"

@@ -1,8 +1,9 @@
 #include "core/ErrorReport.h"
 
 #include "core/CompanySession.h"
-#include "core/General.h"
+#include "core/RegistryValues.h"
 #include "core/StartUp.h"
+#include "core/Tables.h"
 #include "platform/base/Error.h"
 
 using namespace Qt::StringLiterals;

@@ -1,5 +1,6 @@
 #include "core/CompanySession.h"
-#include "core/General.h"
+#include "core/RegistryValues.h"
+#include "core/RowTests.h"
 #include "platform/base/Error.h"
 #include "platform/settings/Registry.h"
 

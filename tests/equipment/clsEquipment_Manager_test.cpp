@@ -1,8 +1,8 @@
 #include "equipment/clsEquipment_Manager.h"
 
 #include "core/CompanySession.h"
-#include "core/General.h"
 #include "core/Permission.h"
+#include "core/RowTests.h"
 #include "equipment/DocumentStore.h"
 #include "parts/clsPart.h"
 #include "platform/base/Format.h"

@@ -1,5 +1,5 @@
 #include "core/CompanySession.h"
-#include "core/General.h"
+#include "core/Options.h"
 #include "core/ui/EveryField.h"
 #include "core/ui/Openings.h"
 #include "core/ui/ScreenCalls.h"

@@ -1,3 +1,4 @@
+#include "core/RowTests.h"
 #include "organisation/MasterSession.h"
 #include "organisation/clsIndicator.h"
 #include "organisation/ui/Entries.h"

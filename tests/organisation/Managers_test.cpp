@@ -7,7 +7,8 @@
 #include "organisation/clsSupplier.h"
 
 #include "core/CompanySession.h"
-#include "core/General.h"
+#include "core/RowTests.h"
+#include "core/Tables.h"
 
 #include <ranges>
 

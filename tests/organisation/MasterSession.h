@@ -1,7 +1,6 @@
 #pragma once
 
 #include "core/CompanySession.h"
-#include "core/General.h"
 #include "core/ui/ScreenDriver.h"
 #include "support/ScriptedPrompts.h"
 

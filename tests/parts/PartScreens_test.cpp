@@ -1,3 +1,4 @@
+#include "core/RowTests.h"
 #include "core/ui/EveryField.h"
 #include "core/ui/ScreenCalls.h"
 #include "organisation/MasterSession.h"

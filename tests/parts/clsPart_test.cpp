@@ -1,8 +1,8 @@
 #include "parts/clsPart.h"
 
 #include "core/CompanySession.h"
-#include "core/General.h"
 #include "core/Permission.h"
+#include "core/RowTests.h"
 
 #include <functional>
 

@@ -1,3 +1,4 @@
+#include "core/Options.h"
 #include "organisation/MasterSession.h"
 #include "organisation/clsIndicator.h"
 #include "platform/grid/GridView.h"

@@ -1,3 +1,4 @@
+#include "core/Options.h"
 #include "core/ui/Openings.h"
 #include "organisation/MasterSession.h"
 #include "platform/grid/GridView.h"

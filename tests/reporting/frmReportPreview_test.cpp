@@ -1,7 +1,6 @@
 #include "reporting/ui/ShowReport.h"
 
 #include "core/CompanySession.h"
-#include "core/General.h"
 #include "core/ui/Openings.h"
 #include "core/ui/ScreenDriver.h"
 #include "reporting/ReportFiles.h"

@@ -1,6 +1,6 @@
 #include "scheduling/Readings.h"
 
-#include "core/General.h"
+#include "core/Options.h"
 #include "scheduling/Fleet.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-#include "core/General.h"
 #include "core/OpeningTable.h"
+#include "core/Options.h"
 #include "core/ui/Modal.h"
 #include "core/ui/Openings.h"
 #include "core/ui/ScreenCalls.h"

@@ -1,4 +1,4 @@
-#include "core/General.h"
+#include "core/Options.h"
 #include "core/ui/FormLayout.h"
 #include "core/ui/ScreenDriver.h"
 #include "shell/Setup.h"

@@ -1,6 +1,7 @@
 #include "workorders/Recording.h"
 
 #include "core/InTheWay.h"
+#include "core/Options.h"
 #include "core/RecordStore.h"
 #include "workorders/Workshop.h"
 

@@ -1,6 +1,6 @@
 #include "core/ui/FormLayout.h"
 
-#include "core/General.h"
+#include "core/Options.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Trapped.h"
 #include "platform/input/Theme.h"

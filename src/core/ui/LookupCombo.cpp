@@ -1,6 +1,6 @@
 #include "core/ui/LookupCombo.h"
 
-#include "core/General.h"
+#include "core/Tables.h"
 #include "core/ui/Combos.h"
 #include "platform/base/Prompts.h"
 

@@ -3,6 +3,7 @@
 #include "core/ui/Binding.h"
 #include "core/ui/Lock.h"
 #include "core/ui/MayDo.h"
+#include "core/ui/Telling.h"
 #include "platform/base/Format.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
@@ -78,13 +79,6 @@ void RecordScreen::setFields(const QList<Bindings *> &fields, const QList<QWidge
     for (const Bindings *binding : fields)
         m_dataControls += binding->controls();
     watch(m_dataControls);
-}
-
-void RecordScreen::setRights(bool Rights::*add, bool Rights::*modify, bool Rights::*remove)
-{
-    m_addRight = add;
-    m_modifyRight = modify;
-    m_deleteRight = remove;
 }
 
 void RecordScreen::setListGrid(grid::GridView *grid)
@@ -163,7 +157,7 @@ bool RecordScreen::mayEdit() const
 {
     if (mode() == Mode::Add)
         return true;
-    return hasRows() && isGranted(m_modifyRight);
+    return hasRows() && rights::isGranted(m_rights.modify);
 }
 
 void RecordScreen::EnableControls()
@@ -212,11 +206,6 @@ void RecordScreen::lockDataControls(bool locked)
         setLocked(control, locked);
 }
 
-bool RecordScreen::demand(bool Rights::*right) const
-{
-    return mayDo(right);
-}
-
 bool RecordScreen::refuse(QWidget *field, const QString &message, bool information)
 {
     if (information)
@@ -243,7 +232,7 @@ bool RecordScreen::confirmMassChange(QLineEdit *field, const QString &storedName
 
 void RecordScreen::cmdAdd_Click()
 {
-    if (!demand(m_addRight))
+    if (!mayDo(m_rights.add))
         return;
     {
         const Displaying displaying(*this);
@@ -273,7 +262,7 @@ void RecordScreen::cmdCancel_Click()
 
 void RecordScreen::cmdDelete_Click()
 {
-    if (!hasRows() || !demand(m_deleteRight) || !base::askYesNo(deleteQuestion()))
+    if (!hasRows() || !mayDo(m_rights.remove) || !base::askYesNo(deleteQuestion()))
         return;
     const QVariant key = currentKey();
     const QVariant next = keyAfterDeletion();
@@ -286,11 +275,6 @@ void RecordScreen::cmdDelete_Click()
 
 bool RecordScreen::removed(const QVariant &key)
 {
-    try {
-        const base::Whole whole;
-        return deleteRecord(key);
-    } catch (const base::Error &error) {
-        tellFailure(error, "cmdDelete_Click");
-        return false;
-    }
+    return telling(qPrintable(formName()), "cmdDelete_Click", false,
+                   [&] { return naming([&] { return deleteRecord(key); }); });
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Permission.h"
 #include "core/ui/SavingScreen.h"
 #include "platform/db/Recordset.h"
 
@@ -70,7 +71,7 @@ protected:
     /// Further controls are those that a screen shows and reads by itself.
     void setFields(const QList<Bindings *> &fields, const QList<QWidget *> &further = {});
     /// The rights that Add, Modify and Delete need. Without a call all are free.
-    void setRights(bool Rights::*add, bool Rights::*modify, bool Rights::*remove);
+    void setRights(const rights::RecordRights &needed) { m_rights = needed; }
     /// A grid that shows all rows beside the fields and moves with them. Its columns are those
     /// that were added to it; others that the rows bring stay hidden.
     void setListGrid(grid::GridView *grid);
@@ -120,15 +121,11 @@ private:
     [[nodiscard]] bool removed(const QVariant &key);
     void showButtons(bool browsing);
     void lockDataControls(bool locked);
-    [[nodiscard]] bool isGranted(bool Rights::*right) const { return !right || gRights.*right; }
-    bool demand(bool Rights::*right) const;
 
     db::Recordset m_rows;
     QList<QWidget *> m_dataControls;
     grid::GridView *m_grid = nullptr;
     bool m_gridIsAdopted = false;
     bool m_following = false; ///< the grid is being moved by the screen
-    bool Rights::*m_addRight = nullptr;
-    bool Rights::*m_modifyRight = nullptr;
-    bool Rights::*m_deleteRight = nullptr;
+    rights::RecordRights m_rights{nullptr, nullptr, nullptr};
 };

@@ -1,6 +1,7 @@
 #include "core/ui/SavingScreen.h"
 
 #include "core/ui/Binding.h"
+#include "core/ui/Telling.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 
@@ -12,7 +13,7 @@ std::optional<QVariant> SavingScreen::store()
     for (int tries = 1;; ++tries) {
         try {
             const base::Whole whole;
-            return saveRecord();
+            return naming([this] { return saveRecord(); });
         } catch (const record::Conflict &conflict) {
             const base::Interlude asking;
             if (!resolve(conflict))
@@ -21,22 +22,16 @@ std::optional<QVariant> SavingScreen::store()
             const bool isKeyTaken =
                 error.number() == db::ErrorNumber::DuplicateKey && mode() == Mode::Add;
             if (!isKeyTaken || tries >= Tries || !takeFreshKey()) {
-                tellFailure(error, "cmdUpdate_Click");
+                tellError(error, qPrintable(formName()), "cmdUpdate_Click");
                 return std::nullopt;
             }
         }
     }
 }
 
-void SavingScreen::tellFailure(const base::Error &error, const char *procedure) const
+QString SavingScreen::heldSentence() const
 {
-    // Nothing is wrong then: the other one will be done in a moment, and the user tries again.
-    if (error.number() == db::ErrorNumber::LockConflict)
-        base::showMessage(
-            u"Another workstation is changing %1. Please try again in a moment."_s.arg(
-                recordName()));
-    else
-        base::reportCurrentException(qPrintable(formName()), procedure);
+    return u"Another workstation is changing %1. Please try again in a moment."_s.arg(recordName());
 }
 
 bool SavingScreen::becomesNew()

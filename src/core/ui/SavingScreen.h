@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/InTheWay.h"
 #include "core/RecordStore.h"
 #include "core/ui/Screen.h"
 
@@ -33,15 +34,20 @@ protected:
     void setSavedFields(const QList<Bindings *> &fields) { m_fields = fields; }
     /// Runs saveRecord, again where the user or a fresh key wants it so. Reports failures.
     [[nodiscard]] std::optional<QVariant> store();
-    /// Reports the error that is being handled; that another workstation holds the record is told
-    /// in a sentence instead.
-    void tellFailure(const base::Error &error, const char *procedure) const;
+    /// Runs a step on the record. That another workstation holds it becomes InTheWay with a
+    /// sentence that names the record, unless something nearer has been named.
+    template<class Body>
+    auto naming(Body &&body) const
+    {
+        return orInTheWay(std::forward<Body>(body), [this] { return heldSentence(); });
+    }
 
     /// True when the row on show is known to be another one by now.
     [[nodiscard]] bool isStale() const { return m_isStale; }
     void setStale(bool stale) { m_isStale = stale; }
 
 private:
+    [[nodiscard]] QString heldSentence() const;
     [[nodiscard]] bool resolve(const record::Conflict &conflict);
     [[nodiscard]] QString told(const record::Difference &difference) const;
 

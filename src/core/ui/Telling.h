@@ -2,7 +2,10 @@
 
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
-#include "platform/db/DbError.h"
+
+/// Tells the user the error that is being handled: that another workstation was in the way as the
+/// sentence that it comes with, any other by a report under the procedure.
+void tellError(const base::Error &error, const char *module, const char *procedure);
 
 /// Runs a change that the user asked for as one whole, and answers what it answers. Where another
 /// workstation was in the way, its sentence is told and the fallback answered; any other error is
@@ -10,21 +13,15 @@
 template<class T, class Body>
 T telling(const char *module, const char *procedure, T fallback, Body &&body)
 {
-    QString sentence;
     try {
         const base::Whole whole;
         return std::forward<Body>(body)();
     } catch (const base::Error &error) {
-        if (error.number() == db::ErrorNumber::LockConflict)
-            sentence = error.description();
-        else
-            base::reportCurrentException(module, procedure);
+        // The whole is over when the box opens, and nothing is locked any more.
+        tellError(error, module, procedure);
     } catch (...) {
         base::reportCurrentException(module, procedure);
     }
-    // The error is over when the box opens, and nothing is locked any more.
-    if (!sentence.isEmpty())
-        base::showMessage(sentence);
     return fallback;
 }
 

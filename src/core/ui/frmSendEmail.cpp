@@ -1,6 +1,7 @@
 #include "core/ui/frmSendEmail.h"
 
-#include "core/General.h"
+#include "core/Conversions.h"
+#include "core/Options.h"
 #include "core/Permission.h"
 #include "core/ui/Launch.h"
 #include "platform/base/Error.h"

@@ -1,6 +1,6 @@
 #include "equipment/ui/DateReading.h"
 
-#include "core/General.h"
+#include "core/Options.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/Openings.h"
 #include "platform/base/Environment.h"

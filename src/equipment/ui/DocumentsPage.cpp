@@ -63,7 +63,10 @@ void DocumentsPage::cmdAddDocument_Click()
 {
     frame().beginEdit();
     const QString file = base::prompts().chooseFile(u"Add Document"_s, {u"All Files (*)"_s});
-    if (file.isEmpty() || !documents::addDocument(equipment(), file))
+    const auto mayReplace = [](const QString &name) {
+        return base::askYesNo(name + u" already exists. Would you like to replace it."_s);
+    };
+    if (file.isEmpty() || !documents::addDocument(equipment(), file, mayReplace))
         return;
     RefreshDocumentGrid(equipment());
     frame().contentChanged();

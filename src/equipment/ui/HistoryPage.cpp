@@ -1,6 +1,7 @@
 #include "equipment/ui/HistoryPage.h"
 
-#include "core/General.h"
+#include "core/Options.h"
+#include "core/Tables.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/ScreenCalls.h"
 #include "equipment/ui/HistoryParts.h"

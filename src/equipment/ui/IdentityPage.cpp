@@ -1,6 +1,8 @@
 #include "equipment/ui/IdentityPage.h"
 
-#include "core/General.h"
+#include "core/Labour.h"
+#include "core/RowTests.h"
+#include "core/Tables.h"
 #include "core/ui/Combos.h"
 #include "core/ui/LookupCombo.h"
 #include "organisation/clsIndicator.h"

@@ -1,6 +1,6 @@
 #include "equipment/ui/NotesPages.h"
 
-#include "core/General.h"
+#include "core/Options.h"
 #include "platform/input/DateStamp.h"
 #include "platform/input/FormBuilder.h"
 

@@ -1,6 +1,6 @@
 #include "equipment/ui/PurchasePage.h"
 
-#include "core/General.h"
+#include "core/Tables.h"
 #include "core/ui/Combos.h"
 #include "core/ui/LookupCombo.h"
 #include "organisation/clsIndicator.h"

@@ -1,7 +1,8 @@
 #include "equipment/ui/frmEquipment.h"
 
-#include "core/General.h"
+#include "core/Identifiers.h"
 #include "core/Permission.h"
+#include "core/Tables.h"
 #include "core/ui/Openings.h"
 #include "core/ui/ScreenCalls.h"
 #include "equipment/clsEquipment_Manager.h"
@@ -60,7 +61,7 @@ QScrollArea *scrolled(QWidget *page)
 frmEquipment::frmEquipment(QWidget *parent)
     : RecordScreen(u"frmEquipment"_s, u"Equipment"_s, parent)
 {
-    setRights(rights::Machines.add, rights::Machines.modify, rights::Machines.remove);
+    setRights(rights::Machines);
     buildForm();
     connectPages();
     resize(1040, 600);

@@ -1,6 +1,7 @@
 #include "organisation/ui/frmCrew.h"
 
-#include "core/General.h"
+#include "core/RowTests.h"
+#include "core/Tables.h"
 #include "core/ui/ListGrid.h"
 #include "platform/input/FormBuilder.h"
 

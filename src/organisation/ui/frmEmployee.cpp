@@ -1,7 +1,8 @@
 #include "organisation/ui/frmEmployee.h"
 
 #include "core/Flag.h"
-#include "core/General.h"
+#include "core/Labour.h"
+#include "core/RowTests.h"
 #include "core/ui/Combos.h"
 #include "core/ui/LookupCombo.h"
 #include "core/ui/Openings.h"

@@ -1,6 +1,7 @@
 #include "organisation/ui/frmIndicator.h"
 
-#include "core/General.h"
+#include "core/Identifiers.h"
+#include "core/Tables.h"
 #include "core/ui/Combos.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/LookupCombo.h"

@@ -1,6 +1,7 @@
 #include "organisation/ui/frmSupplier.h"
 
-#include "core/General.h"
+#include "core/Identifiers.h"
+#include "core/Tables.h"
 #include "core/ui/LookupCombo.h"
 #include "core/ui/Openings.h"
 #include "core/ui/ScreenCalls.h"

@@ -1,8 +1,9 @@
 #include "parts/ui/frmPart.h"
 
 #include "core/Flag.h"
-#include "core/General.h"
 #include "core/Permission.h"
+#include "core/RowTests.h"
+#include "core/Tables.h"
 #include "core/ui/Combos.h"
 #include "core/ui/LookupCombo.h"
 #include "core/ui/Openings.h"
@@ -42,7 +43,7 @@ bool isNumeric(const QLineEdit *box)
 frmPart::frmPart(QWidget *parent)
     : RecordScreen(u"frmPart"_s, u"Parts"_s, parent)
 {
-    setRights(rights::Parts.add, rights::Parts.modify, rights::Parts.remove);
+    setRights(rights::Parts);
     buildForm();
     loadCategories();
     loadSuppliers();

@@ -1,6 +1,6 @@
 #include "reporting/ui/FilterScreen.h"
 
-#include "core/General.h"
+#include "core/Options.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"

@@ -1,7 +1,7 @@
 #include "reporting/ui/frmPartQuickFind.h"
 
 #include "core/Flag.h"
-#include "core/General.h"
+#include "core/Options.h"
 #include "core/Session.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/LookupCombo.h"

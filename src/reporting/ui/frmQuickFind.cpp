@@ -1,7 +1,7 @@
 #include "reporting/ui/frmQuickFind.h"
 
 #include "core/Flag.h"
-#include "core/General.h"
+#include "core/Options.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/MayDo.h"
 #include "core/ui/Openings.h"

@@ -1,6 +1,6 @@
 #include "scheduling/ui/BudgetBox.h"
 
-#include "core/General.h"
+#include "core/Labour.h"
 #include "platform/base/Decimal.h"
 #include "platform/base/Format.h"
 #include "platform/input/CurrencyInput.h"

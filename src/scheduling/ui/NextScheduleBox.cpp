@@ -1,6 +1,8 @@
 #include "scheduling/ui/NextScheduleBox.h"
 
-#include "core/General.h"
+#include "core/Meters.h"
+#include "core/RegistryValues.h"
+#include "core/RowTests.h"
 #include "core/ui/Screen.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Prompts.h"

@@ -1,6 +1,5 @@
 #include "scheduling/ui/ScheduleBox.h"
 
-#include "core/General.h"
 #include "core/Periods.h"
 #include "platform/input/FormBuilder.h"
 #include "platform/input/IdCombo.h"

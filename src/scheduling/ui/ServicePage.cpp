@@ -1,8 +1,9 @@
 #include "scheduling/ui/ServicePage.h"
 
-#include "core/General.h"
 #include "core/Periods.h"
+#include "core/RowTests.h"
 #include "core/Session.h"
+#include "core/Tables.h"
 #include "core/ui/CellWrite.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/Telling.h"

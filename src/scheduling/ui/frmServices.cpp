@@ -1,7 +1,8 @@
 #include "scheduling/ui/frmServices.h"
 
-#include "core/General.h"
+#include "core/Identifiers.h"
 #include "core/Permission.h"
+#include "core/RowTests.h"
 #include "core/Session.h"
 #include "core/ui/Combos.h"
 #include "core/ui/Lock.h"

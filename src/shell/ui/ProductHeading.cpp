@@ -1,6 +1,6 @@
 #include "shell/ui/ProductHeading.h"
 
-#include "core/General.h"
+#include "core/RegistryValues.h"
 #include "platform/input/Theme.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "shell/ui/StartPage.h"
 
-#include "core/General.h"
+#include "core/Options.h"
 #include "platform/base/Environment.h"
 #include "platform/input/LinkLabel.h"
 #include "platform/input/Theme.h"

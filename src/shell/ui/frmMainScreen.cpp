@@ -1,8 +1,8 @@
 #include "shell/ui/frmMainScreen.h"
 
-#include "core/General.h"
 #include "core/OpeningTable.h"
 #include "core/Permission.h"
+#include "core/RegistryValues.h"
 #include "core/Session.h"
 #include "core/ui/FormLayout.h"
 #include "core/ui/Launch.h"

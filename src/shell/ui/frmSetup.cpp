@@ -1,6 +1,6 @@
 #include "shell/ui/frmSetup.h"
 
-#include "core/General.h"
+#include "core/Options.h"
 #include "organisation/clsIndicator.h"
 #include "organisation/ui/Entries.h"
 #include "platform/base/Prompts.h"

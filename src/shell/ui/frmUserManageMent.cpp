@@ -1,6 +1,6 @@
 #include "shell/ui/frmUserManageMent.h"
 
-#include "core/General.h"
+#include "core/Tables.h"
 #include "core/ui/Openings.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"

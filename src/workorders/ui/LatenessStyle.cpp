@@ -1,6 +1,6 @@
 #include "workorders/ui/LatenessStyle.h"
 
-#include "core/General.h"
+#include "core/Options.h"
 #include "platform/base/Environment.h"
 #include "workorders/Recording.h"
 

@@ -1,6 +1,6 @@
 #include "workorders/ui/RecordServices.h"
 
-#include "core/General.h"
+#include "core/Meters.h"
 #include "core/ui/CellWrite.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/Telling.h"

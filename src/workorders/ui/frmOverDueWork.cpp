@@ -1,7 +1,7 @@
 #include "workorders/ui/frmOverDueWork.h"
 
-#include "core/General.h"
 #include "core/OpeningTable.h"
+#include "core/Options.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/Openings.h"
 #include "core/ui/ScreenCalls.h"

@@ -1,6 +1,6 @@
 #include "workorders/ui/frmWorkorder.h"
 
-#include "core/General.h"
+#include "core/Options.h"
 #include "core/Session.h"
 #include "core/ui/Openings.h"
 #include "core/ui/ScreenCalls.h"

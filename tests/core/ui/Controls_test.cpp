@@ -1,5 +1,6 @@
 #include "core/CompanySession.h"
-#include "core/General.h"
+#include "core/RowTests.h"
+#include "core/Tables.h"
 #include "core/ui/Combos.h"
 #include "core/ui/FormLayout.h"
 #include "core/ui/GridData.h"

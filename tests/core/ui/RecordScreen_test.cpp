@@ -1,8 +1,8 @@
 #include "core/ui/RecordScreen.h"
 
 #include "core/CompanySession.h"
-#include "core/General.h"
 #include "core/RecordStore.h"
+#include "core/RowTests.h"
 #include "core/ui/Binding.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/ScreenDriver.h"
@@ -45,7 +45,7 @@ public:
     frmSample()
         : RecordScreen(u"frmSample"_s, u"Sample"_s)
     {
-        setRights(&Rights::PaAdd, &Rights::PaMod, &Rights::PaDel);
+        setRights(rights::Parts);
         input::FormBuilder form(this);
         grid::GridView *list =
             makeListGrid(this, u"grdSample"_s, u"Crews"_s,

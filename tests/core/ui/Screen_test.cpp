@@ -1,7 +1,8 @@
 #include "core/ui/Screen.h"
 
 #include "core/CompanySession.h"
-#include "core/General.h"
+#include "core/Options.h"
+#include "core/RegistryValues.h"
 #include "core/ui/FormLayout.h"
 #include "core/ui/Modal.h"
 

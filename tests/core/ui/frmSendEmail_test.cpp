@@ -1,7 +1,9 @@
 #include "core/ui/frmSendEmail.h"
 
 #include "core/CompanySession.h"
-#include "core/General.h"
+#include "core/ErrorReport.h"
+#include "core/Options.h"
+#include "core/RowTests.h"
 #include "core/ui/Modal.h"
 #include "core/ui/frmQV_Log.h"
 #include "platform/base/Error.h"

@@ -1,6 +1,6 @@
 #include "equipment/ui/DateReading.h"
 
-#include "core/General.h"
+#include "core/Options.h"
 #include "core/ui/Openings.h"
 #include "equipment/ui/PageTest.h"
 #include "equipment/ui/frmInspectionDateReading.h"

@@ -1,6 +1,6 @@
 #include "equipment/ui/HistoryPage.h"
 
-#include "core/General.h"
+#include "core/Options.h"
 #include "core/ui/Modal.h"
 #include "core/ui/ScreenCalls.h"
 #include "equipment/ui/PageTest.h"

@@ -1,4 +1,4 @@
-#include "core/General.h"
+#include "core/Options.h"
 #include "core/ui/ScreenCalls.h"
 #include "platform/grid/GridView.h"
 #include "platform/input/DateInput.h"

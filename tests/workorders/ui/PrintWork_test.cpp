@@ -1,6 +1,6 @@
 #include "workorders/ui/WorkScreen.h"
 
-#include "core/General.h"
+#include "core/Options.h"
 #include "platform/input/DateInput.h"
 
 #include <QTabWidget>

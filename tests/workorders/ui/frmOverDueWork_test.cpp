@@ -1,6 +1,5 @@
 #include "workorders/ui/frmOverDueWork.h"
 
-#include "core/General.h"
 #include "core/ui/Openings.h"
 #include "workorders/Board.h"
 #include "workorders/ui/WorkScreen.h"

@@ -1,6 +1,12 @@
-#include "core/General.h"
-
 #include "core/CompanySession.h"
+#include "core/Conversions.h"
+#include "core/Identifiers.h"
+#include "core/Labour.h"
+#include "core/Meters.h"
+#include "core/Options.h"
+#include "core/RegistryValues.h"
+#include "core/RowTests.h"
+#include "core/Tables.h"
 #include "platform/db/DbError.h"
 #include "platform/settings/Registry.h"
 
@@ -10,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class General : public test::CompanySession
+class SharedProcedures : public test::CompanySession
 {
 protected:
     static void addReading(qint64 equipment, const QString &type, const QString &date, int value)
@@ -36,7 +42,7 @@ protected:
 
 } // namespace
 
-TEST_F(General, NewIdsFollowTheHighestOnTheirConnection)
+TEST_F(SharedProcedures, NewIdsFollowTheHighestOnTheirConnection)
 {
     EXPECT_EQ(GenerateID(u"tblSupplier"_s, u"SupplierID"_s), 1);
     gcnData->Execute(u"Insert into tblSupplier(SupplierID,Name) values(7,'Seven')"_s);
@@ -58,7 +64,7 @@ TEST_F(General, NewIdsFollowTheHighestOnTheirConnection)
     EXPECT_EQ(errors.takeOne().ErrNumber, db::ErrorNumber::TableUnknown);
 }
 
-TEST_F(General, UniqueIdIsTheTimeAndAGuidHas32Digits)
+TEST_F(SharedProcedures, UniqueIdIsTheTimeAndAGuidHas32Digits)
 {
     environment.setNow(base::wallClock(QDate(2024, 3, 9), QTime(17, 5, 8)));
     EXPECT_EQ(GenrateUniqueID(), 309170508);
@@ -68,7 +74,7 @@ TEST_F(General, UniqueIdIsTheTimeAndAGuidHas32Digits)
     EXPECT_NE(GetGUID(), guid);
 }
 
-TEST_F(General, CountsRowsWithAndWithoutACondition)
+TEST_F(SharedProcedures, CountsRowsWithAndWithoutACondition)
 {
     for (int id : {1, 2, 3})
         gcnData->Execute(u"Insert into tblSupplier(SupplierID,Name) values(?,'A')"_s, {id});
@@ -78,7 +84,7 @@ TEST_F(General, CountsRowsWithAndWithoutACondition)
     EXPECT_EQ(errors.takeOne().ProcedureName, u"GetRecordCount"_s);
 }
 
-TEST_F(General, FindsWhetherARecordIsUsed)
+TEST_F(SharedProcedures, FindsWhetherARecordIsUsed)
 {
     gcnData->Execute(u"Insert into tblPart(PartID,SupplierID) values('O''Ring',12)"_s);
     struct Case
@@ -102,7 +108,7 @@ TEST_F(General, FindsWhetherARecordIsUsed)
     EXPECT_NE(report.ErrNumber, 0);
 }
 
-TEST_F(General, FindsDuplicates)
+TEST_F(SharedProcedures, FindsDuplicates)
 {
     gcnData->Execute(u"Insert into tblPart(PartID,SupplierID) values('O''Ring',12)"_s);
     struct Case
@@ -123,7 +129,7 @@ TEST_F(General, FindsDuplicates)
     EXPECT_FALSE(IsDuplicate(u"tblNothing"_s, u"x"_s, u"same"_s, u" SAME "_s, false));
 }
 
-TEST_F(General, FindsAServiceOnAnOpenOrder)
+TEST_F(SharedProcedures, FindsAServiceOnAnOpenOrder)
 {
     const qint64 order =
         gcnData->Insert(u"Insert into tblWorkorder(EquipmentID) values(1)"_s, {}, u"WorkorderNo"_s);
@@ -140,7 +146,7 @@ TEST_F(General, FindsAServiceOnAnOpenOrder)
     EXPECT_EQ(GetCrewIDByService(42, u"tblWoServiceUsed"_s), 0);
 }
 
-TEST_F(General, ACountryIsKnownInItsExactCase)
+TEST_F(SharedProcedures, ACountryIsKnownInItsExactCase)
 {
     EXPECT_TRUE(ChkCountryExist(u"Canada"_s));
     EXPECT_FALSE(ChkCountryExist(u"canada"_s));
@@ -149,7 +155,7 @@ TEST_F(General, ACountryIsKnownInItsExactCase)
     EXPECT_EQ(errors.takeOne().ProcedureName, u"ChkCountryExist"_s);
 }
 
-TEST_F(General, TableInfoTakesOrderAndCondition)
+TEST_F(SharedProcedures, TableInfoTakesOrderAndCondition)
 {
     for (int id : {1, 3, 2})
         gcnData->Execute(u"Insert into tblSupplier(SupplierID,Name) values(?,'A')"_s, {id});
@@ -160,7 +166,7 @@ TEST_F(General, TableInfoTakesOrderAndCondition)
     EXPECT_EQ(ordered.row(0).integer(u"SupplierID"), 3);
 }
 
-TEST_F(General, TableInfoNamesWhatIsWrong)
+TEST_F(SharedProcedures, TableInfoNamesWhatIsWrong)
 {
     struct Case
     {
@@ -185,7 +191,7 @@ TEST_F(General, TableInfoNamesWhatIsWrong)
     }
 }
 
-TEST_F(General, AListHoldsItsMembersShownOrAll)
+TEST_F(SharedProcedures, AListHoldsItsMembersShownOrAll)
 {
     const qint64 list = 9000;
     for (const auto &[name, show] :
@@ -205,7 +211,7 @@ TEST_F(General, AListHoldsItsMembersShownOrAll)
               QStringList({u"Alpha"_s, u"Hidden"_s, u"Zeta"_s}));
 }
 
-TEST_F(General, ACrewIsListedByNumberAndDescription)
+TEST_F(SharedProcedures, ACrewIsListedByNumberAndDescription)
 {
     addCrew(12, u"North"_s);
     addCrew(3, u"South"_s);
@@ -220,7 +226,7 @@ TEST_F(General, ACrewIsListedByNumberAndDescription)
     EXPECT_EQ(texts, QStringList({QString(), u"12   North"_s, u"3   South"_s}));
 }
 
-TEST_F(General, OptionsAreSharedOrOfTheWorkstation)
+TEST_F(SharedProcedures, OptionsAreSharedOrOfTheWorkstation)
 {
     SetOption(u"Rate"_s, 5, false);
     SetOption(u"RATE"_s, u"it's"_s, false);
@@ -238,7 +244,7 @@ TEST_F(General, OptionsAreSharedOrOfTheWorkstation)
     EXPECT_EQ(errors.takeOne().ProcedureName, u"GetOption"_s);
 }
 
-TEST_F(General, OptionsNeedAWorkstationsGuid)
+TEST_F(SharedProcedures, OptionsNeedAWorkstationsGuid)
 {
     SetOption(u"Key"_s, u"1"_s, false);
     SetRegistryValue(u"GUID"_s, QString());
@@ -259,7 +265,7 @@ TEST_F(General, OptionsNeedAWorkstationsGuid)
     EXPECT_EQ(GetRegistryValue(u"GUID"_s), longEnough);
 }
 
-TEST_F(General, OptionsOutliveARollback)
+TEST_F(SharedProcedures, OptionsOutliveARollback)
 {
     BeginTrans();
     gcnData->Execute(u"Insert into tblSupplier(SupplierID,Name) values(1,'A')"_s);
@@ -269,7 +275,7 @@ TEST_F(General, OptionsOutliveARollback)
     EXPECT_EQ(GetRecordCount(u"tblSupplier"_s, {}), 0);
 }
 
-TEST_F(General, TheNewestReadingCountsAndTheHigherOfOneDay)
+TEST_F(SharedProcedures, TheNewestReadingCountsAndTheHigherOfOneDay)
 {
     addReading(1, u"Hours"_s, u"03-01-2024"_s, 500);
     addReading(1, u"Hours"_s, u"03-05-2024"_s, 120);
@@ -287,7 +293,7 @@ TEST_F(General, TheNewestReadingCountsAndTheHigherOfOneDay)
     EXPECT_EQ(GetEquipmentCountByCode(1, u"h"_s), 0);
 }
 
-TEST_F(General, LabourCostIsTheMeanOfThoseWhoCount)
+TEST_F(SharedProcedures, LabourCostIsTheMeanOfThoseWhoCount)
 {
     const qint64 crew = addCrew(1, u"North"_s);
     const qint64 other = addCrew(2, u"South"_s);
@@ -322,7 +328,7 @@ TEST_F(General, LabourCostIsTheMeanOfThoseWhoCount)
     EXPECT_DOUBLE_EQ(cost(u"tblWoServiceUsed"_s, u"A"_s), 5.34);
 }
 
-TEST_F(General, ACrewChangeIsDatedToday)
+TEST_F(SharedProcedures, ACrewChangeIsDatedToday)
 {
     EXPECT_TRUE(ChangeCrew(5, u"1'2"_s, u"Jim's crew"_s));
     const db::Recordset rows = GetTableInfo(u"tblEquipmentCrewHistory"_s);
@@ -332,7 +338,7 @@ TEST_F(General, ACrewChangeIsDatedToday)
     EXPECT_EQ(rows.row(0).date(u"CrewDate").date(), QDate(2024, 3, 15));
 }
 
-TEST_F(General, WithoutADatabaseProceduresReportAndGiveTheirDefault)
+TEST_F(SharedProcedures, WithoutADatabaseProceduresReportAndGiveTheirDefault)
 {
     closeConnections();
     EXPECT_EQ(GenerateID(u"tblSupplier"_s, u"SupplierID"_s), 0);
@@ -344,7 +350,7 @@ TEST_F(General, WithoutADatabaseProceduresReportAndGiveTheirDefault)
     EXPECT_EQ(GetOption(u"DBVERSION"_s, false), u"100"_s);
 }
 
-TEST_F(General, RegistryValuesAreTrimmedAndSeparateByKey)
+TEST_F(SharedProcedures, RegistryValuesAreTrimmedAndSeparateByKey)
 {
     settings::registry().setValue(settings::MakerKey, u"HANDHELD"_s, u"C:\\Sync\\"_s);
     EXPECT_EQ(GetMakerRegistryValue(u"handheld"_s), u"C:\\Sync\\"_s);

@@ -1,0 +1,82 @@
+#include "core/RowTests.h"
+
+#include "core/FirstNumber.h"
+#include "core/Session.h"
+#include "platform/base/Error.h"
+#include "platform/base/Format.h"
+#include "platform/base/Trapped.h"
+
+using base::trapped;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr char Module[] = "General Function";
+
+} // namespace
+
+qint64 GetRecordCount(const QString &Table, const QString &Where)
+{
+    return trapped(Module, "GetRecordCount", qint64(0), [&] {
+        QString statement = u"Select Count(*) as RecCount from "_s + Table;
+        if (!Where.trimmed().isEmpty())
+            statement += u" where "_s + Where;
+        return firstNumber(dataConnection(), statement);
+    });
+}
+
+bool IsRecordUsed(const QString &Table, const QString &Field, const QString &Value,
+                  const QString &Type)
+{
+    return trapped(Module, "IsRecordUsed", false, [&] {
+        // One row tells as much as all.
+        const QString statement =
+            u"Select top 1 * from "_s + Table + u" where "_s + Field + u" = "_s;
+        const QString type = Type.toUpper();
+        if (type == u"S")
+            return !dataConnection().Open(statement + u'?', {Value}).isEmpty();
+        if (type == u"N")
+            return !dataConnection().Open(statement + Value).isEmpty();
+        throw base::Error(
+            base::ErrorNumber::InvalidCall,
+            u"\"%1\" is not a type of value that a record can be looked up by."_s.arg(Type));
+    });
+}
+
+bool IsDuplicate(const QString &Table, const QString &Column, const QVariant &OldValue,
+                 const QString &NewValue, bool Numeric)
+{
+    return trapped(Module, "IsDuplicate", false, [&] {
+        const QString value = NewValue.trimmed();
+        if (base::toText(OldValue).trimmed().toUpper() == value.toUpper())
+            return false;
+        const QString statement =
+            u"Select top 1 * from "_s + Table + u" Where "_s + Column + u" = "_s;
+        if (Numeric)
+            return !dataConnection().Open(statement + NewValue).isEmpty();
+        return !dataConnection().Open(statement + u'?', {value}).isEmpty();
+    });
+}
+
+bool ServiceInWorkOrder(qint64 ServiceUsedID)
+{
+    return trapped(Module, "ServiceInWorkOrder", false, [&] {
+        return !dataConnection()
+                    .Open(u"Select ServiceUsedID from tblWoServiceUsed Left join tblWorkOrder on "
+                          u"tblWoServiceUsed.Workorderno = tblWorkorder.WorkorderNo Where "
+                          u"ServiceUSedID = ?"_s,
+                          {ServiceUsedID})
+                    .isEmpty();
+    });
+}
+
+bool ChkCountryExist(const QString &Name)
+{
+    return trapped(Module, "ChkCountryExist", false, [&] {
+        // The name goes in as it stands: one with an apostrophe is an error.
+        const db::Recordset rows = lookupConnection().Open(
+            u"Select itemName From tblIndicator where ParentID = 1 and itemname = '"_s + Name +
+            u"'"_s);
+        return !rows.isEmpty() && rows.row(0).text(u"itemName") == Name;
+    });
+}
