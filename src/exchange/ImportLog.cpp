@@ -41,17 +41,17 @@ void ImportLog::add(Kind kind, const QStringList &ids)
     const Wording wording = wordingOf(kind);
     if (!m_text.contains(wording.header))
         m_text += wording.header.toString() + u"\r\n"_s;
-    for (const QString &line : QStringList{wording.failed.toString()} + ids +
-                                   QStringList{wording.reason.toString()})
+    for (const QString &line :
+         QStringList{wording.failed.toString()} + ids + QStringList{wording.reason.toString()})
         m_text += u"        "_s + line + u"\r\n"_s;
 }
 
 void ImportLog::write() const
 {
     sys::makeFolder(base::applicationPath(u"\\Log"_s));
-    sys::writeFile(base::applicationPath(u"\\Log\\QVLog.txt"_s),
-                   (m_text.trimmed().isEmpty() ? u"All Records are Imported succesfully"_s : m_text)
-                       .toUtf8());
+    sys::writeFile(
+        base::applicationPath(u"\\Log\\QVLog.txt"_s),
+        (m_text.trimmed().isEmpty() ? u"All Records are Imported succesfully"_s : m_text).toUtf8());
 }
 
 } // namespace exchange

@@ -10,8 +10,8 @@
 namespace exchange {
 
 /// The import of files that have the shape of the export, one at a time and without a transaction:
-/// what was applied before a failure stays. One object is one visit to the screen. A kind of section
-/// that a file of the visit has held is skipped in those that follow.
+/// what was applied before a failure stays. One object is one visit to the screen. A kind of
+/// section that a file of the visit has held is skipped in those that follow.
 class ImportXml
 {
 public:

@@ -86,8 +86,8 @@ bool isUsedOn(const SectionRecord &record, qint64 line)
 
 bool namesItsLine(const SectionRecord &record)
 {
-    return std::ranges::any_of(
-        record, [](const auto &each) { return isNamed(each, u"ServiceUsedID"); });
+    return std::ranges::any_of(record,
+                               [](const auto &each) { return isNamed(each, u"ServiceUsedID"); });
 }
 
 } // namespace
@@ -117,9 +117,9 @@ void ServiceUpdates::Update_ServiceUsed()
     if (section == m_file.sections().end())
         return;
     for (const SectionRecord &record : section->records) {
-        if (endsIn(record, {u"ServiceUsedID", u"ServiceID", u"WorkOrderNo", u"Completed",
-                            u"StarTime", u"StartTime", u"EndTime", u"Mhrs", u"SkipeNotes",
-                            u"Notes"}))
+        if (endsIn(record,
+                   {u"ServiceUsedID", u"ServiceID", u"WorkOrderNo", u"Completed", u"StarTime",
+                    u"StartTime", u"EndTime", u"Mhrs", u"SkipeNotes", u"Notes"}))
             base::trapped(Module, "Update_ServiceUsed", [&] { apply(record); });
     }
 }

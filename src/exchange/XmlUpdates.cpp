@@ -167,10 +167,10 @@ void Update_Part(const QString &PartID, const QString &QtyReceived, const QStrin
         if (!barcode.trimmed().isEmpty())
             Update_Barcode(u"tblPart"_s, PartID, barcode);
         // Added to the stock as it stands by now, in the four places that quantities have.
-        dataConnection().Execute(u"Update tblPart Set Quantity=Round(Nz(Quantity,0) + ?,4), "
-                                 "Bar_code=? where PartID=?"_s,
-                                 {number(QtyReceived), spliced::quoted(barcode),
-                                  spliced::quoted(PartID)});
+        dataConnection().Execute(
+            u"Update tblPart Set Quantity=Round(Nz(Quantity,0) + ?,4), "
+            "Bar_code=? where PartID=?"_s,
+            {number(QtyReceived), spliced::quoted(barcode), spliced::quoted(PartID)});
     });
 }
 

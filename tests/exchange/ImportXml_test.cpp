@@ -20,7 +20,10 @@ const QString FileName = u"Data.xml"_s;
 class ImportFile : public test::Workshop
 {
 protected:
-    ImportFile() { EXPECT_TRUE(QDir().mkpath(base::environment().applicationFolder + u"/XML_IN"_s)); }
+    ImportFile()
+    {
+        EXPECT_TRUE(QDir().mkpath(base::environment().applicationFolder + u"/XML_IN"_s));
+    }
 
     [[nodiscard]] QString path(const QString &name = FileName) const
     {
@@ -28,7 +31,8 @@ protected:
     }
     [[nodiscard]] QString log() const
     {
-        return QString::fromUtf8(readFile(base::environment().applicationFolder + u"/Log/QVLog.txt"_s));
+        return QString::fromUtf8(
+            readFile(base::environment().applicationFolder + u"/Log/QVLog.txt"_s));
     }
     /// Imports a file with these sections.
     void import(ImportXml &visit, const QByteArray &sections) const
@@ -93,9 +97,9 @@ TEST_F(ImportFile, StoresReadingsThatAreNotBelowTheHighest)
                                          reading("3", "Miles"), reading("0", "Miles")}));
     EXPECT_EQ(found(u"Select ChangeDate, CountType, CountValue from tblEquipmentCount"_s),
               u"3/1/2024|Hours|500\n3/9/2024|Hours|500\n3/9/2024|Miles|3");
-    EXPECT_EQ(value(u"Select NextScheduledDate from tblServiceUsed where ServiceUsedID = ?"_s,
-                    {waiting}),
-              day(3, 9));
+    EXPECT_EQ(
+        value(u"Select NextScheduledDate from tblServiceUsed where ServiceUsedID = ?"_s, {waiting}),
+        day(3, 9));
 }
 
 TEST_F(ImportFile, CompletesOrdersBeforeReadingsWhereverTheyStand)
@@ -116,8 +120,8 @@ TEST_F(ImportFile, CompletesOrdersBeforeReadingsWhereverTheyStand)
            section("tblCrew", {"CrewID='1' Description='is passed over'"}) +
            section("tblWorkorder", {"WorkorderNo='" + number +
                                     "' EquipmentID='1' Complete='N' CompletedDate='3/11/2024'"}) +
-           section("tblWorkorder", {"WorkorderNo='" + number +
-                                    "' EquipmentID='1' CompletedDate='3/12/2024'"}));
+           section("tblWorkorder",
+                   {"WorkorderNo='" + number + "' EquipmentID='1' CompletedDate='3/12/2024'"}));
     gcnData->setObserver({});
     // The machine came before the order, in the first pass; each kind of section counts once.
     EXPECT_EQ(sent.join(u' '), u"crew order reading");
@@ -142,10 +146,10 @@ TEST_F(ImportFile, AppliesServicesOnlyFromTheirLastAttribute)
         return "ServiceUsedID='" + QByteArray::number(line) + "' PartID=\"it's\" " + more;
     };
     const QByteArray parts = section(
-        "tblServiceUsedParts", {used("Used='True' QtyUsed='1.5'"), used("Used='False' QtyUsed='9'"),
-                                used("Used='1' QtyUsed='9' Price='3'"),
-                                "ServiceUsedID='" + QByteArray::number(line) +
-                                    "' PartID='P-2' Used='0' QtyUsed='9'"});
+        "tblServiceUsedParts",
+        {used("Used='True' QtyUsed='1.5'"), used("Used='False' QtyUsed='9'"),
+         used("Used='1' QtyUsed='9' Price='3'"),
+         "ServiceUsedID='" + QByteArray::number(line) + "' PartID='P-2' Used='0' QtyUsed='9'"});
     const QString lines = u"Select Completed, Skip, StartTime, EndTime, Workhrs, [Note] from "
                           "tblWoServiceUsed order by NServiceUsedID"_s;
     // As the export ends a record.
@@ -157,7 +161,8 @@ TEST_F(ImportFile, AppliesServicesOnlyFromTheirLastAttribute)
     import(section("tblServiceUsed",
                    {service(line, "Completed='Y' starTime='8:05 AM' EndTime='3/9/2024 2:30:00 PM' "
                                   "Mhrs='1:30' SkipeNotes=\"Joe's\""),
-                    service(skipped, "Completed='S' StartTime=' ' EndTime='later' Mhrs='0' Notes=''")}) +
+                    service(skipped,
+                            "Completed='S' StartTime=' ' EndTime='later' Mhrs='0' Notes=''")}) +
            parts);
     EXPECT_EQ(found(lines), u"-1|0|08:05|14:30|01:30|Joe's\n0|-1||later||");
     EXPECT_EQ(found(u"Select ServiceUsedID, PartID, Used, QuantityUsed from tblWoPartUsed"_s),
@@ -212,14 +217,13 @@ TEST_F(ImportFile, LogsWhatIsGoneAndKeepsTheFile)
 {
     const QByteArray number = QByteArray::number(order());
     ImportXml visit;
-    import(visit,
-           section("tblEquipment", {"EquipmentID='8'", "EquipmentID='9'"}) +
-               section("tblEquipmentCount", {"EquipmentID='8' CurrentCount='0'"}) +
-               section("tblWorkorder", {"WorkorderNo='77' EquipmentID='1'",
-                                        "WorkorderNo='" + number + "' EquipmentID='8'"}) +
-               section("tblServiceUsed",
-                       {"ServiceUsedID='1' ServiceID='1' WorkOrderNo='78' Completed='Y'"}) +
-               section("tblParts", {"PartID='P'"}));
+    import(visit, section("tblEquipment", {"EquipmentID='8'", "EquipmentID='9'"}) +
+                      section("tblEquipmentCount", {"EquipmentID='8' CurrentCount='0'"}) +
+                      section("tblWorkorder", {"WorkorderNo='77' EquipmentID='1'",
+                                               "WorkorderNo='" + number + "' EquipmentID='8'"}) +
+                      section("tblServiceUsed",
+                              {"ServiceUsedID='1' ServiceID='1' WorkOrderNo='78' Completed='Y'"}) +
+                      section("tblParts", {"PartID='P'"}));
     const QStringList lines{u" Equipment"_s,
                             u"        Failed to Import Equipment Record"_s,
                             u"        EquipmentID=8"_s,
@@ -288,15 +292,17 @@ TEST_F(ImportFile, ChangesNothingByAnExportThatNobodyHasWorkedOn)
 
 TEST_F(ImportFile, KeepsACopyAndTellsOfAFileThatCannotBeRead)
 {
-    const QString last = base::environment().applicationFolder + u"/XML_IN/XML_IN_BackUP/Last.xml"_s;
+    const QString last =
+        base::environment().applicationFolder + u"/XML_IN/XML_IN_BackUP/Last.xml"_s;
     const struct
     {
         QByteArray content;
         QString told;
         Icon icon;
     } rows[] = {
-        {"<tables>\r<a></b>", exchange::faultIn(u"<tables>\r<a></b>"_s).value().text() +
-                                  u"\nData Import process Failed "_s,
+        {"<tables>\r<a></b>",
+         exchange::faultIn(u"<tables>\r<a></b>"_s).value().text() +
+             u"\nData Import process Failed "_s,
          Icon::Critical},
         {"<other><tblParts/></other>",
          u"Data.xml does not contain any data which can be imported."_s, Icon::None},
@@ -372,18 +378,17 @@ TEST_F(OlderImport, TakesFourTypesOfKeysAndKnowsNoIds)
                                     {u"NextScheduledCount"_s, 5},
                                     {u"NextScheduledDate"_s, QVariant()}});
     ASSERT_TRUE(QDir().mkpath(older({})));
-    writeFile(older(u"QV1.xml"_s),
-              "<a>" +
-                  test::command("Record", {u"tblPart"_s, u"PartID"_s, u"it's"_s, u"T"_s,
-                                           u"Quantity"_s, u"N"_s, u"4"_s}) +
-                  test::command("Record", {u"tblWoServiceUsed"_s, u"NextScheduledDate"_s,
-                                           u"3/10/2024"_s, u"D"_s, u"StartTime"_s, u"C"_s,
-                                           u"07:00"_s}) +
-                  test::command("RecordTwoID",
-                                {u"tblWoServiceUsed"_s, u"Name"_s, u"Joe's"_s, u"C"_s,
-                                 u"NServiceUsedID"_s, QString::number(line), u"N"_s, u"EndTime"_s,
-                                 u"T"_s, u"09:00"_s}) +
-                  newOrder(u"W1"_s) + "</a>");
+    writeFile(
+        older(u"QV1.xml"_s),
+        "<a>" +
+            test::command("Record", {u"tblPart"_s, u"PartID"_s, u"it's"_s, u"T"_s, u"Quantity"_s,
+                                     u"N"_s, u"4"_s}) +
+            test::command("Record", {u"tblWoServiceUsed"_s, u"NextScheduledDate"_s, u"3/10/2024"_s,
+                                     u"D"_s, u"StartTime"_s, u"C"_s, u"07:00"_s}) +
+            test::command("RecordTwoID", {u"tblWoServiceUsed"_s, u"Name"_s, u"Joe's"_s, u"C"_s,
+                                          u"NServiceUsedID"_s, QString::number(line), u"N"_s,
+                                          u"EndTime"_s, u"T"_s, u"09:00"_s}) +
+            newOrder(u"W1"_s) + "</a>");
     writeFile(older(u"Sy1.xml"_s), "<a>" + newOrder(u"W1"_s) + "</a>");
     writeFile(older(u"Count1.xml"_s),
               "<a>" + test::command("CountReading", {u"1"_s, u"3/9/2024"_s, u"Hours"_s, u"9"_s}) +

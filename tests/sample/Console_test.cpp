@@ -170,6 +170,14 @@ TEST(Console, SetUpMakesTheFolderOnceAndLeavesItsDatabaseAlone)
     ASSERT_EQ(runConsole({u"set-up"_s, home}).code, console::Success);
     EXPECT_TRUE(QDir(home + u"/Data/Backup"_s).exists());
     EXPECT_FALSE(settings::registry().value(settings::ProductKey, u"Version"_s).isEmpty());
+    // What the menus of the handheld start stands where the registry says.
+    for (const QString &key : {settings::ProductKey, settings::MakerKey}) {
+        const QString path = settings::registry().value(key, u"Path"_s);
+        for (const char *name : {"QuorvantisSync.exe", "QV2Go ImportSync.exe"})
+            EXPECT_TRUE(QFileInfo(path + QLatin1StringView(name)).isExecutable()) << name;
+        EXPECT_TRUE(QFileInfo(path + u"Xml_IN"_s).isDir());
+        EXPECT_TRUE(QFileInfo::exists(path + u"carrier.ini"_s));
+    }
     ASSERT_EQ(runConsole({u"run"_s, file}, u"Delete * from tblUser"_s).code, console::Success);
     ASSERT_EQ(runConsole({u"set-up"_s, home, u"--sample"_s}).code, console::Success);
     EXPECT_EQ(runConsole({u"run"_s, file}, u"Select count(*) as N from tblUser"_s).out,

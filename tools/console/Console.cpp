@@ -78,7 +78,13 @@ int createSample(const Options &options, const Streams &streams)
     return Success;
 }
 
-/// Makes the folders that the program expects, and the database where there is none.
+constexpr auto carrierSettings = R"([Carrier]
+; The folder that stands for the handheld: a mounted phone, a memory stick, a share.
+Device=Device
+; Seconds for which it is waited for.
+Patience=20
+)";
+
 /// What an installer leaves behind: the version, which names the backup of each start, and the
 /// program's icon, which the build draws beside the programs.
 void installValues(const QDir &folder)
@@ -92,6 +98,30 @@ void installValues(const QDir &folder)
         sys::copyFile(icon, folder.filePath(u"Lib/Icon.ico"_s));
 }
 
+/// The programs that carry files to the handheld and back are one, which the build makes beside
+/// this one. Until told otherwise the device is a folder here.
+void installCarrier(const QDir &folder)
+{
+    const QString program =
+        QCoreApplication::applicationDirPath() + u"/../bin/quorvantis-carrier"_s;
+    if (!QFileInfo::exists(program))
+        return;
+    const QDir place(folder.filePath(u"Handheld"_s));
+    for (const QString &name : {u"Device"_s, u"Xml_IN"_s})
+        sys::makeFolder(place.filePath(name));
+    for (const QString &name : {u"QuorvantisSync.exe"_s, u"QV2Go ImportSync.exe"_s})
+        sys::copyFile(program, place.filePath(name));
+    if (!place.exists(u"carrier.ini"_s))
+        sys::writeFile(place.filePath(u"carrier.ini"_s), carrierSettings);
+    const QString path = QDir::toNativeSeparators(place.absolutePath() + u'/');
+    const settings::Registry registry = settings::registry();
+    for (const QString &key : {settings::ProductKey, settings::MakerKey}) {
+        if (registry.value(key, u"Path"_s).isEmpty())
+            registry.setValue(key, u"Path"_s, path);
+    }
+}
+
+/// Makes the folders that the program expects, and the database where there is none.
 int setUp(const Options &options, const Streams &streams)
 {
     const QDir folder(options.files[0]);
@@ -103,6 +133,7 @@ int setUp(const Options &options, const Streams &streams)
                               u"The folder \"%1\" can't be made."_s.arg(folder.filePath(name)));
     }
     installValues(folder);
+    installCarrier(folder);
     reportfiles::installDelivered(folder.path());
     Options database = options;
     database.files = {folder.filePath(u"Data/Quorvantis.mdb"_s)};

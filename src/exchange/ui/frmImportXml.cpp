@@ -37,7 +37,7 @@ void frmImportXml::buildForm()
     form.note(u"Existing Files List"_s, u"lblFiles"_s);
     grdFiles = makeListGrid(
         this, u"grdFiles"_s, u"Existing Files List"_s,
-        {{.name = NameColumn, .width = 320, .locked = true},
+        {{.name = NameColumn, .width = 370, .locked = true},
          {.name = DateColumn, .width = 110, .locked = true, .align = grid::Align::Right}});
     form.widget(grdFiles, true);
     // The development path: there for whoever works on it, and no user's business.

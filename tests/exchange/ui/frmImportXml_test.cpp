@@ -134,8 +134,7 @@ protected:
         ASSERT_TRUE(script.open(QIODevice::WriteOnly));
         script.write("#!/bin/sh\n");
         script.setPermissions(QFileDevice::ReadOwner | QFileDevice::ExeOwner);
-        settings::registry().setValue(settings::MakerKey, u"Path"_s,
-                                      environment.folder() + u'\\');
+        settings::registry().setValue(settings::MakerKey, u"Path"_s, environment.folder() + u'\\');
     }
 };
 
