@@ -53,7 +53,8 @@ protected:
     void fetch(bool answer = false)
     {
         questions = 0;
-        carrier::fromDevice(settings, {[] {}, [&](const QString &) {
+        carrier::fromDevice(settings, {[] {},
+                                       [&](const QString &) {
                                            ++questions;
                                            return answer;
                                        }});

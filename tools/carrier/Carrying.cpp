@@ -65,8 +65,7 @@ bool holds(const QString &path, const QByteArray &content)
 QStringList filesOf(const QString &folder)
 {
     QStringList names;
-    for (const QString &name :
-         QDir(folder).entryList(QDir::Files, QDir::Name | QDir::IgnoreCase)) {
+    for (const QString &name : QDir(folder).entryList(QDir::Files, QDir::Name | QDir::IgnoreCase)) {
         if (name.startsWith(u"Sy") || name.startsWith(u"Count"))
             names.append(name);
     }
@@ -200,9 +199,8 @@ Settings readSettings(const QString &folder)
 void toDevice(const Settings &settings, const Company &company)
 {
     if (!QFileInfo(settings.data).isFile())
-        raise(base::ErrorNumber::FileNotFound,
-              u"There is nothing to take to the handheld yet: "_s +
-                  QDir::toNativeSeparators(settings.data));
+        raise(base::ErrorNumber::FileNotFound, u"There is nothing to take to the handheld yet: "_s +
+                                                   QDir::toNativeSeparators(settings.data));
     waitForDevice(settings);
     company.alive();
     const QByteArray content = contentOf(settings.data);

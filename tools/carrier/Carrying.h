@@ -11,10 +11,10 @@ namespace carrier {
 
 struct Settings
 {
-    QString device;  ///< the folder that stands for the device
-    QString data;    ///< the office's exchange file
-    QString inbox;   ///< where the import looks for the device's files
-    QString copies;  ///< where a numbered copy of each carried file is kept
+    QString device;        ///< the folder that stands for the device
+    QString data;          ///< the office's exchange file
+    QString inbox;         ///< where the import looks for the device's files
+    QString copies;        ///< where a numbered copy of each carried file is kept
     bool textOnly = false; ///< messages go to the standard error output, questions are answered No
     std::chrono::seconds patience{20}; ///< how long the device may take to appear, or to answer
 };

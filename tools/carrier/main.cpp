@@ -22,8 +22,8 @@ using namespace Qt::StringLiterals;
 constexpr int Done = 0;
 constexpr int Failed = 1;
 
-/// Runs the carrying beside the windows: a share that has gone away may hold up whoever asks for it,
-/// for minutes.
+/// Runs the carrying beside the windows: a share that has gone away may hold up whoever asks for
+/// it, for minutes.
 class Porter : public QObject
 {
 public:
@@ -47,8 +47,9 @@ private:
     {
         QString failure;
         try {
-            const carrier::Company company{[this] { m_alive = m_clock.elapsed(); },
-                                           [this](const QString &question) { return ask(question); }};
+            const carrier::Company company{
+                [this] { m_alive = m_clock.elapsed(); },
+                [this](const QString &question) { return ask(question); }};
             if (m_fetches)
                 carrier::fromDevice(m_settings, company);
             else
