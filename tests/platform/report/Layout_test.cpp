@@ -1,6 +1,8 @@
 #include "platform/base/Error.h"
 #include "platform/report/layout/LayoutFile.h"
 
+#include "support/TestFiles.h"
+
 #include <QFile>
 #include <QTemporaryDir>
 #include <gmock/gmock.h>
@@ -26,7 +28,7 @@ TEST(ParseLength, IsInHundredthsOfAMillimetre)
 }
 
 const QByteArray wholeLayout = R"x(<?xml version="1.0" encoding="UTF-8"?>
-<report version="1" name="rptOrders" title="Orders">
+<report version="2" name="rptOrders" title="Orders">
   <page paper="A4" landscape="yes" left="10mm"/>
   <group name="site" by="SiteName"/>
   <group name="order" by="WorkorderNo" newPage="yes" keepTogether="yes" repeatHeader="yes" resetPageNumber="yes"/>
@@ -47,7 +49,7 @@ const QByteArray wholeLayout = R"x(<?xml version="1.0" encoding="UTF-8"?>
     <chart x="1mm" width="80mm" height="50mm" format="$0" kind="stackedBars" title="Cost of {SiteName}" category="Day" categoryFormat="mmm yyyy" categoryTitle="Month" valueTitle="Cost" legend="right" order="category" most="12" others="yes">
       <when condition="Total &gt; 0" fill="#ffffff"/>
       <series name="Parts" value="sum(Total)" color="#0072b2"/>
-      <series value="Labor" by="Crew"/>
+      <series value="Labor" by="Crew" byFormat="0"/>
     </chart>
   </band>
   <band kind="groupFooter" group="site" height="5mm" newPageBefore="yes" atBottom="yes"/>
@@ -130,6 +132,13 @@ TEST(LayoutFile, DamagedOnesAreRefusedWithLineAndColumn)
         {inBand("<field size=\"nan\"/>"), "Line 3", "is no size"},
         {inBand("<field border=\"lefty\"/>"), "Line 3", "no side of a border"},
         {inBand("<field height=\"-1mm\"/>"), "Line 3", "less than 0"},
+        {inBand("<crossTab rows=\"a\" columns=\"b\"/>"), "Line 3", "no \"value\""},
+        {"<report version=\"2\">\n<band kind=\"subDetail\" rows=\"x\"/></report>", "Line 2, column",
+         "rows \"x\", which are not there"},
+        {"<report version=\"2\"><parameter name=\"a\"/><parameter name=\"A\"/></report>", "Line 1",
+         "two parameters \"A\""},
+        {"<report version=\"2\"><parameter name=\"a\" type=\"time\"/></report>", "Line 1",
+         "can't be \"time\""},
         {inBand("<chart category=\"a\"/>"), "Line 3", "no \"series\""},
         {inBand("<chart><series value=\"a\"/></chart>"), "Line 3", "no \"category\""},
         {inBand("<chart category=\"a\" most=\"-1\"/>"), "Line 3", "no number of things"},
@@ -165,6 +174,17 @@ TEST(LayoutFile, EveryOldVersionIsStillRead)
     EXPECT_TRUE(reading.warnings.isEmpty());
     EXPECT_EQ(reading.layout->bands.size(), 4);
     EXPECT_EQ(reading.layout->find(u"lblCompanyName")->style.font.points, 14);
+}
+
+TEST(LayoutFile, TheFileOfTheVersionInUseComesBackAsItIs)
+{
+    const QString path =
+        QStringLiteral(REPORT_TEST_DATA "/version%1.rpt").arg(Layout::CurrentVersion);
+    const LayoutReading reading = readLayoutFile(path);
+    ASSERT_TRUE(reading.layout) << reading.error.toStdString();
+    EXPECT_TRUE(reading.warnings.isEmpty());
+    EXPECT_EQ(reading.layout->parameters[1].list, u"Select SiteName from tblSite");
+    EXPECT_EQ(writeLayout(*reading.layout).toStdString(), test::readFile(path).toStdString());
 }
 
 } // namespace

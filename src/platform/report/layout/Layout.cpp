@@ -22,6 +22,15 @@ const Paper &paperOf(QStringView name)
     return Papers[0];
 }
 
+template<class Named>
+int indexByName(const QList<Named> &list, QStringView name)
+{
+    for (int index = 0; index < list.size(); ++index)
+        if (name.compare(list[index].name, Qt::CaseInsensitive) == 0)
+            return index;
+    return -1;
+}
+
 } // namespace
 
 QStringList PageSetup::papers()
@@ -44,10 +53,12 @@ Length PageSetup::height() const
 
 int Layout::groupIndex(QStringView group) const
 {
-    for (int index = 0; index < groups.size(); ++index)
-        if (group.compare(groups[index].name, Qt::CaseInsensitive) == 0)
-            return index;
-    return -1;
+    return indexByName(groups, group);
+}
+
+int Layout::rowSetIndex(QStringView set) const
+{
+    return indexByName(rowSets, set);
 }
 
 const Object *Layout::find(QStringView object) const

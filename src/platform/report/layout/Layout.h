@@ -60,13 +60,14 @@ struct ConditionalStyle
 };
 
 enum class ObjectKind {
-    Text,    ///< words with expressions in braces: "Page {PageNumber} of {TotalPages}"
-    Field,   ///< the value of one expression, with a format
-    Line,    ///< from its place to its place plus width and height
-    Box,     ///< a frame or a filled rectangle
-    Picture, ///< a file beside the layout, or bytes from an expression
-    BarCode, ///< Code 128 of an expression
-    Chart,   ///< bars or lines over the rows of the band's group, or of the report
+    Text,     ///< words with expressions in braces: "Page {PageNumber} of {TotalPages}"
+    Field,    ///< the value of one expression, with a format
+    Line,     ///< from its place to its place plus width and height
+    Box,      ///< a frame or a filled rectangle
+    Picture,  ///< a file beside the layout, or bytes from an expression
+    BarCode,  ///< Code 128 of an expression
+    Chart,    ///< bars or lines over the rows of the band's group, or of the report
+    CrossTab, ///< sums of the same rows by two keys
 };
 
 enum class ChartKind { Bars, StackedBars, Line };
@@ -83,7 +84,8 @@ struct Series
     QString name;
     QString value; ///< expression over the rows of a category
     QString by;    ///< expression; each of its values makes a series of its own
-    QColor color;  ///< invalid: the next of the usual ones
+    QString byFormat;
+    QColor color; ///< invalid: the next of the usual ones
 
     bool operator==(const Series &) const = default;
 };
@@ -106,6 +108,22 @@ struct Chart
     bool operator==(const Chart &) const = default;
 };
 
+/// What an object shows that is a cross-tab: a line for each value of one key, a column for each of
+/// another. Both stand in their order; the object's format is that of the values.
+struct CrossTab
+{
+    QString title; ///< words with expressions in braces
+    QString rows;  ///< expression
+    QString rowsFormat;
+    QString rowsTitle;
+    QString columns; ///< expression
+    QString columnsFormat;
+    QString value;       ///< expression over the rows of a cell
+    bool totals = false; ///< of lines and columns
+
+    bool operator==(const CrossTab &) const = default;
+};
+
 struct Object
 {
     ObjectKind kind = ObjectKind::Text;
@@ -122,7 +140,8 @@ struct Object
     Length lineWidth = 20; ///< of lines and boxes
     Style style;
     QList<ConditionalStyle> conditionalStyles;
-    Chart chart; ///< of a chart
+    Chart chart;       ///< of a chart
+    CrossTab crossTab; ///< of a cross-tab
 
     bool operator==(const Object &) const = default;
 };
@@ -132,6 +151,9 @@ enum class BandKind {
     PageHeader,
     GroupHeader,
     Detail,
+    SubHeader, ///< of the rows of a further set that belong to the row on hand
+    SubDetail,
+    SubFooter,
     GroupFooter,
     ReportFooter,
     PageFooter,
@@ -141,6 +163,7 @@ struct Band
 {
     BandKind kind = BandKind::Detail;
     QString group; ///< of group headers and footers
+    QString rows;  ///< of sub bands: the name of the set
     Length height = 500;
     QString printIf;
     bool newPageBefore = false;
@@ -173,6 +196,33 @@ struct Formula
     bool operator==(const Formula &) const = default;
 };
 
+enum class ParameterType { Text, Number, Date, YesNo };
+
+/// What a report asks for when it is viewed; its query and its expressions read the answer.
+struct Parameter
+{
+    QString name;
+    ParameterType type = ParameterType::Text;
+    QString prompt;          ///< the name unless given
+    QString usual;           ///< expression for what is offered, over Today and Now
+    QString list;            ///< a query whose first column holds the values to choose from
+    bool isOptional = false; ///< may be left empty, and is Null then
+
+    bool operator==(const Parameter &) const = default;
+};
+
+/// Further rows that are read beside the report's own. Those whose key has the value that an
+/// expression over the row on hand gives are printed behind its detail.
+struct RowSet
+{
+    QString name;
+    QString query;
+    QString key; ///< a field of these rows
+    QString of;  ///< expression over the report's row
+
+    bool operator==(const RowSet &) const = default;
+};
+
 struct PageSetup
 {
     QString paper = QStringLiteral("Letter"); ///< "Letter", "A4", "Legal"
@@ -192,17 +242,21 @@ struct PageSetup
 
 struct Layout
 {
-    static constexpr int CurrentVersion = 1;
+    static constexpr int CurrentVersion = 2;
 
     QString name;
     QString title;
     PageSetup page;
+    QList<Parameter> parameters;
+    QString query; ///< by which the report reads for itself; may be empty
+    QList<RowSet> rowSets;
     QList<Group> groups;
     QStringList sort; ///< expressions by which the rows of the innermost group are sorted
     QList<Formula> formulas;
     QList<Band> bands; ///< in the order of their kinds; of one kind in the order of printing
 
     [[nodiscard]] int groupIndex(QStringView group) const;
+    [[nodiscard]] int rowSetIndex(QStringView set) const;
     /// The text object of a name in any band, or null.
     [[nodiscard]] const Object *find(QStringView object) const;
     [[nodiscard]] Object *find(QStringView object);

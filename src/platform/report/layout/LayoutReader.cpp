@@ -189,6 +189,12 @@ private:
         children([&](const QString &name) {
             if (name == u"page")
                 readPage(layout.page);
+            else if (name == u"parameter")
+                layout.parameters.append(readParameter());
+            else if (name == u"query")
+                layout.query = readText();
+            else if (name == u"rows")
+                layout.rowSets.append(readRowSet());
             else if (name == u"group")
                 layout.groups.append(readGroup());
             else if (name == u"sort")
@@ -207,18 +213,16 @@ private:
 
     void check(const Layout &layout)
     {
-        QSet<QString> names;
-        for (const Group &group : layout.groups) {
-            if (names.contains(group.name.toLower()))
-                throw Failure{u"There are two groups \"%1\""_s.arg(group.name)};
-            names.insert(group.name.toLower());
-        }
-        names.clear();
-        for (const Formula &formula : layout.formulas) {
-            if (names.contains(formula.name.toLower()))
-                throw Failure{u"There are two formulas \"%1\""_s.arg(formula.name)};
-            names.insert(formula.name.toLower());
-        }
+        checkNames(layout.groups, u"groups"_s);
+        checkNames(layout.formulas, u"formulas"_s);
+        checkNames(layout.parameters, u"parameters"_s);
+        checkNames(layout.rowSets, u"sets of rows"_s);
+        for (const Band &band : layout.bands)
+            if ((band.kind == BandKind::SubHeader || band.kind == BandKind::SubDetail ||
+                 band.kind == BandKind::SubFooter) &&
+                layout.rowSetIndex(band.rows) < 0)
+                throw Failure{
+                    u"A band belongs to the rows \"%1\", which are not there"_s.arg(band.rows)};
         for (const Band &band : layout.bands)
             if ((band.kind == BandKind::GroupHeader || band.kind == BandKind::GroupFooter) &&
                 layout.groupIndex(band.group) < 0)
@@ -226,6 +230,48 @@ private:
                     u"A band belongs to the group \"%1\", which is not there"_s.arg(band.group)};
         if (layout.page.innerWidth() <= 0 || layout.page.innerHeight() <= 0)
             throw Failure{u"The margins leave no room on the page"_s};
+    }
+
+    template<class Named>
+    static void checkNames(const QList<Named> &list, const QString &what)
+    {
+        QSet<QString> names;
+        for (const Named &one : list) {
+            if (names.contains(one.name.toLower()))
+                throw Failure{u"There are two %1 \"%2\""_s.arg(what, one.name)};
+            names.insert(one.name.toLower());
+        }
+    }
+
+    /// The text of an element without the blanks around it.
+    QString readText()
+    {
+        endAttributes();
+        return m_xml.readElementText().trimmed();
+    }
+
+    Parameter readParameter()
+    {
+        Parameter parameter;
+        parameter.name = required(u"name");
+        word(u"type", words::ParameterTypes, parameter.type);
+        text(u"prompt", parameter.prompt);
+        text(u"default", parameter.usual);
+        text(u"list", parameter.list);
+        flag(u"optional", parameter.isOptional);
+        endAttributes();
+        children([](const QString &) { return false; });
+        return parameter;
+    }
+
+    RowSet readRowSet()
+    {
+        RowSet set;
+        set.name = required(u"name");
+        set.key = required(u"key");
+        set.of = required(u"of");
+        set.query = readText();
+        return set;
     }
 
     void readPage(PageSetup &page)
@@ -282,6 +328,7 @@ private:
             throw Failure{u"There is no band \"%1\""_s.arg(kind)};
         band.kind = *known;
         text(u"group", band.group);
+        text(u"rows", band.rows);
         size(u"height", band.height);
         text(u"printIf", band.printIf);
         flag(u"newPageBefore", band.newPageBefore);
@@ -318,6 +365,8 @@ private:
         readStyle(object.style);
         if (kind == ObjectKind::Chart)
             readChart(object.chart);
+        if (kind == ObjectKind::CrossTab)
+            readCrossTab(object.crossTab);
         endAttributes();
         children([&](const QString &name) {
             if (name == u"when")
@@ -347,12 +396,25 @@ private:
         flag(u"others", chart.others);
     }
 
+    void readCrossTab(CrossTab &table)
+    {
+        text(u"title", table.title);
+        table.rows = required(u"rows");
+        text(u"rowsFormat", table.rowsFormat);
+        text(u"rowsTitle", table.rowsTitle);
+        table.columns = required(u"columns");
+        text(u"columnsFormat", table.columnsFormat);
+        table.value = required(u"value");
+        flag(u"totals", table.totals);
+    }
+
     Series readSeries()
     {
         Series series;
         text(u"name", series.name);
         series.value = required(u"value");
         text(u"by", series.by);
+        text(u"byFormat", series.byFormat);
         color(u"color", series.color);
         endAttributes();
         children([](const QString &) { return false; });

@@ -29,6 +29,12 @@ public:
         text(u"name", layout.name, {});
         text(u"title", layout.title, {});
         writePage(layout.page);
+        for (const Parameter &parameter : layout.parameters)
+            writeParameter(parameter);
+        if (!layout.query.isEmpty())
+            m_xml.writeTextElement(u"query"_s, layout.query);
+        for (const RowSet &set : layout.rowSets)
+            writeRowSet(set);
         for (const Group &group : layout.groups)
             writeGroup(group);
         for (const QString &by : layout.sort) {
@@ -83,6 +89,28 @@ private:
         m_xml.writeEndElement();
     }
 
+    void writeParameter(const Parameter &parameter)
+    {
+        m_xml.writeStartElement(u"parameter"_s);
+        m_xml.writeAttribute(u"name"_s, parameter.name);
+        text(u"type", words::textOf(words::ParameterTypes, parameter.type), u"text"_s);
+        text(u"prompt", parameter.prompt, {});
+        text(u"default", parameter.usual, {});
+        text(u"list", parameter.list, {});
+        flag(u"optional", parameter.isOptional);
+        m_xml.writeEndElement();
+    }
+
+    void writeRowSet(const RowSet &set)
+    {
+        m_xml.writeStartElement(u"rows"_s);
+        m_xml.writeAttribute(u"name"_s, set.name);
+        m_xml.writeAttribute(u"key"_s, set.key);
+        m_xml.writeAttribute(u"of"_s, set.of);
+        m_xml.writeCharacters(set.query);
+        m_xml.writeEndElement();
+    }
+
     void writeGroup(const Group &group)
     {
         m_xml.writeStartElement(u"group"_s);
@@ -100,6 +128,7 @@ private:
         m_xml.writeStartElement(u"band"_s);
         m_xml.writeAttribute(u"kind"_s, words::textOf(words::Bands, band.kind));
         text(u"group", band.group, {});
+        text(u"rows", band.rows, {});
         m_xml.writeAttribute(u"height"_s, lengthText(band.height));
         text(u"printIf", band.printIf, {});
         flag(u"newPageBefore", band.newPageBefore);
@@ -128,6 +157,8 @@ private:
         writeStyle(object.style);
         if (object.kind == ObjectKind::Chart)
             writeChart(object.chart);
+        if (object.kind == ObjectKind::CrossTab)
+            writeCrossTab(object.crossTab);
         for (const ConditionalStyle &style : object.conditionalStyles) {
             m_xml.writeStartElement(u"when"_s);
             m_xml.writeAttribute(u"condition"_s, style.when);
@@ -157,12 +188,25 @@ private:
         flag(u"others", chart.others);
     }
 
+    void writeCrossTab(const CrossTab &table)
+    {
+        text(u"title", table.title, {});
+        m_xml.writeAttribute(u"rows"_s, table.rows);
+        text(u"rowsFormat", table.rowsFormat, {});
+        text(u"rowsTitle", table.rowsTitle, {});
+        m_xml.writeAttribute(u"columns"_s, table.columns);
+        text(u"columnsFormat", table.columnsFormat, {});
+        m_xml.writeAttribute(u"value"_s, table.value);
+        flag(u"totals", table.totals);
+    }
+
     void writeSeries(const Series &series)
     {
         m_xml.writeStartElement(u"series"_s);
         text(u"name", series.name, {});
         m_xml.writeAttribute(u"value"_s, series.value);
         text(u"by", series.by, {});
+        text(u"byFormat", series.byFormat, {});
         color(u"color", series.color, {});
         m_xml.writeEndElement();
     }

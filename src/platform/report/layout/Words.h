@@ -17,14 +17,20 @@ struct Word
 inline constexpr Word<BandKind> Bands[] = {
     {u"reportHeader", BandKind::ReportHeader}, {u"pageHeader", BandKind::PageHeader},
     {u"groupHeader", BandKind::GroupHeader},   {u"detail", BandKind::Detail},
-    {u"groupFooter", BandKind::GroupFooter},   {u"reportFooter", BandKind::ReportFooter},
-    {u"pageFooter", BandKind::PageFooter}};
+    {u"subHeader", BandKind::SubHeader},       {u"subDetail", BandKind::SubDetail},
+    {u"subFooter", BandKind::SubFooter},       {u"groupFooter", BandKind::GroupFooter},
+    {u"reportFooter", BandKind::ReportFooter}, {u"pageFooter", BandKind::PageFooter}};
+
+inline constexpr Word<ParameterType> ParameterTypes[] = {{u"text", ParameterType::Text},
+                                                         {u"number", ParameterType::Number},
+                                                         {u"date", ParameterType::Date},
+                                                         {u"yesNo", ParameterType::YesNo}};
 
 inline constexpr Word<ObjectKind> Objects[] = {
     {u"text", ObjectKind::Text},       {u"field", ObjectKind::Field},
     {u"line", ObjectKind::Line},       {u"box", ObjectKind::Box},
     {u"picture", ObjectKind::Picture}, {u"barCode", ObjectKind::BarCode},
-    {u"chart", ObjectKind::Chart}};
+    {u"chart", ObjectKind::Chart},     {u"crossTab", ObjectKind::CrossTab}};
 
 inline constexpr Word<ChartKind> ChartKinds[] = {{u"bars", ChartKind::Bars},
                                                  {u"stackedBars", ChartKind::StackedBars},

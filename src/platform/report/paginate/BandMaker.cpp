@@ -3,6 +3,7 @@
 #include "platform/base/Format.h"
 #include "platform/report/paginate/BarCode.h"
 #include "platform/report/paginate/ChartDrawing.h"
+#include "platform/report/paginate/CrossTabDrawing.h"
 #include "platform/report/paginate/TextFlow.h"
 
 #include <QDir>
@@ -12,6 +13,12 @@ namespace report {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+bool grows(const report::Object &object)
+{
+    return object.kind == ObjectKind::Text || object.kind == ObjectKind::Field ||
+           object.kind == ObjectKind::CrossTab;
+}
 
 bool holdsText(const report::Object &object)
 {
@@ -27,7 +34,9 @@ bool stretches(const report::Object &object)
 /// What the designer of a layout knows an object by.
 QString nameOf(const report::Object &object)
 {
-    return object.name.isEmpty() ? object.content : object.name;
+    if (!object.name.isEmpty())
+        return object.name;
+    return object.kind == ObjectKind::CrossTab ? object.crossTab.value : object.content;
 }
 
 QRect layoutFrame(const report::Object &object)
@@ -53,6 +62,9 @@ bool cutToHeight(QList<TextLine> &lines, const Style &style, Length height)
 TableGrid chartGrid(const report::Object &object, const ChartData &data)
 {
     TableGrid grid{&object, data.title, {}, {QString()}};
+    const bool isFormatted = object.kind == ObjectKind::CrossTab
+                                 ? !object.crossTab.rowsFormat.isEmpty()
+                                 : !object.chart.categoryFormat.isEmpty();
     QVariantList headings{data.categoryTitle};
     for (const ChartSeries &series : data.series) {
         headings.append(series.name);
@@ -62,9 +74,7 @@ TableGrid chartGrid(const report::Object &object, const ChartData &data)
     for (qsizetype category = 0; category < data.categories.size(); ++category) {
         // Where a format puts values together, their label says more than the first of them.
         const ChartCategory &known = data.categories[category];
-        QVariantList row{object.chart.categoryFormat.isEmpty() && !known.value.isNull()
-                             ? known.value
-                             : QVariant(known.label)};
+        QVariantList row{isFormatted || known.value.isNull() ? QVariant(known.label) : known.value};
         for (const ChartSeries &series : data.series) {
             const std::optional<double> &value = series.values[category];
             row.append(value ? QVariant(*value) : QVariant());
@@ -106,11 +116,13 @@ MadeBand BandMaker::make(const compiled::Band &band)
     MadeBand made;
     QList<Placed> objects;
     for (const compiled::Object &object : band.objects) {
-        Placed placed{&object, layoutFrame(*object.layout), 0, {}, {}, {}, {}, false};
+        Placed placed{&object, layoutFrame(*object.layout), 0, {}, {}, {}, {}, {}, false};
         if (!prepare(object, placed, made) || placed.repeated)
             continue;
         if (holdsText(*object.layout))
             flow(placed);
+        if (object.layout->kind == ObjectKind::CrossTab)
+            fillCrossTab(placed);
         objects.append(std::move(placed));
     }
     push(objects);
@@ -154,10 +166,26 @@ QString BandMaker::textOf(const std::vector<compiled::Piece> &pieces) const
 
 ChartData BandMaker::chartOf(const compiled::Object &object) const
 {
-    ChartData data = m_context.chartData(object);
+    ChartData data = m_context.chartData(*object.chart);
     data.title = textOf(object.chart->title);
     data.categoryTitle = textOf(object.chart->categoryTitle);
     data.valueTitle = textOf(object.chart->valueTitle);
+    return data;
+}
+
+/// The lines of a cross-tab as categories, its columns as series, totals as the last of both.
+ChartData BandMaker::crossTabOf(const compiled::Object &object) const
+{
+    ChartData data = chartOf(object);
+    if (!object.columnTotals)
+        return data;
+    const ChartData totals = m_context.chartData(*object.columnTotals);
+    if (totals.categories.isEmpty())
+        return data;
+    data.categories.append(totals.categories.first());
+    // Both have the same columns: they come from the same rows, in the order of their values.
+    for (qsizetype column = 0; column < data.series.size(); ++column)
+        data.series[column].values.append(totals.series.value(column).values.value(0));
     return data;
 }
 
@@ -178,6 +206,20 @@ void BandMaker::flow(Placed &placed)
     }
 }
 
+/// A cross-tab is as high as its lines, and pushes what lies below.
+void BandMaker::fillCrossTab(Placed &placed)
+{
+    const report::Object &object = *placed.object->layout;
+    CrossTabDrawing drawing =
+        drawCrossTab(object, placed.style, crossTabOf(*placed.object), placed.frame.width());
+    if (drawing.isTooNarrow)
+        tellOnce(*placed.object,
+                 u"%1: a cross-tab is too narrow for its values."_s.arg(nameOf(object)));
+    placed.table = std::move(drawing.items);
+    placed.grown = qMax(0, drawing.height - placed.frame.height());
+    placed.frame.setHeight(placed.frame.height() + placed.grown);
+}
+
 /// What is wrong in each row is told with the first one.
 void BandMaker::tellOnce(const compiled::Object &object, const QString &problem)
 {
@@ -194,11 +236,11 @@ MadeBand BandMaker::makeCells(const compiled::Band &band) const
         if (!holdsText(*object.layout) && object.layout->kind != ObjectKind::BarCode &&
             !object.chart)
             continue;
-        Placed placed{&object, {}, 0, {}, {}, {}, {}, false};
+        Placed placed{&object, {}, 0, {}, {}, {}, {}, {}, false};
         if (!prepare(object, placed, made))
             continue;
         if (object.chart) {
-            made.grids.append(chartGrid(*object.layout, chartOf(object)));
+            made.grids.append(chartGrid(*object.layout, crossTabOf(object)));
             continue;
         }
         if (object.layout->kind == ObjectKind::BarCode)
@@ -227,7 +269,7 @@ void BandMaker::push(QList<Placed> &objects) const
     for (Placed *placed : byTop) {
         Length down = 0;
         for (const Placed *other : byTop)
-            if (other != placed && holdsText(*other->object->layout) &&
+            if (other != placed && grows(*other->object->layout) &&
                 bottomOf(layoutFrame(*other->object->layout)) <= placed->object->layout->y)
                 down = qMax(down, lowered(*other));
         placed->frame.moveTop(placed->object->layout->y + down);
@@ -239,7 +281,7 @@ void BandMaker::push(QList<Placed> &objects) const
         Length stretch = 0;
         for (const Placed *other : byTop) {
             const QRect theirs = layoutFrame(*other->object->layout);
-            if (holdsText(*other->object->layout) && own.y() <= theirs.y() &&
+            if (grows(*other->object->layout) && own.y() <= theirs.y() &&
                 bottomOf(own) >= bottomOf(theirs))
                 stretch = qMax(stretch, lowered(*other));
         }
@@ -281,6 +323,12 @@ void BandMaker::addItem(const Placed &placed, QList<PageItem> &items)
             items.append(PictureItem{frame, data, placed.style.align});
         return;
     }
+    case ObjectKind::CrossTab:
+        for (PageItem item : placed.table) {
+            movePageItem(item, frame.topLeft());
+            items.append(std::move(item));
+        }
+        return;
     case ObjectKind::Chart:
         items.append(drawChart(object, placed.style, chartOf(*placed.object), frame));
         return;

@@ -47,7 +47,7 @@ public:
     /// The value that an object showed last, nothing when it has to be shown anew.
     [[nodiscard]] virtual std::optional<QVariant> lastShown(int repeatSlot) const = 0;
     /// The values of a chart, its titles left out.
-    [[nodiscard]] virtual ChartData chartData(const compiled::Object &object) const = 0;
+    [[nodiscard]] virtual ChartData chartData(const compiled::Chart &chart) const = 0;
 };
 
 /// Makes a band's items for the row on hand: texts are flowed, objects that grow push those below
@@ -73,6 +73,7 @@ private:
         QVariant value;
         Style style;
         QList<TextLine> lines;
+        QList<PageItem> table; ///< of a cross-tab, from its own upper left corner
         bool repeated = false;
     };
 
@@ -80,11 +81,13 @@ private:
     [[nodiscard]] bool prepare(const compiled::Object &object, Placed &placed,
                                MadeBand &band) const;
     void flow(Placed &placed);
+    void fillCrossTab(Placed &placed);
     void tellOnce(const compiled::Object &object, const QString &problem);
     void push(QList<Placed> &objects) const;
     void addItem(const Placed &placed, QList<PageItem> &items);
     [[nodiscard]] QString textOf(const std::vector<compiled::Piece> &pieces) const;
     [[nodiscard]] ChartData chartOf(const compiled::Object &object) const;
+    [[nodiscard]] ChartData crossTabOf(const compiled::Object &object) const;
     [[nodiscard]] Style styleOf(const compiled::Object &object) const;
     [[nodiscard]] QByteArray pictureFile(const QString &name);
 

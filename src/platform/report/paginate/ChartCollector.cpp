@@ -52,13 +52,13 @@ QString labelOf(const QVariant &value, const QString &format)
 
 } // namespace
 
-ChartCollector::ChartCollector(const compiled::Chart &chart, const Chart &layout)
+ChartCollector::ChartCollector(const compiled::Chart &chart)
     : m_chart(chart)
-    , m_layout(layout)
+    , m_layout(*chart.layout)
 {
     for (const compiled::Series &series : chart.series)
         if (!series.by)
-            m_shown.push_back({&series, series.layout->name, {}});
+            m_shown.push_back({&series, series.layout->name, {}, {}});
 }
 
 void ChartCollector::add(const EvaluationContext &context, int row)
@@ -97,8 +97,10 @@ std::size_t ChartCollector::seriesOf(std::size_t number, const EvaluationContext
 {
     const compiled::Series &series = m_chart.series[number];
     QString name = series.layout->name;
+    QVariant value;
     if (series.by) {
-        const QString by = labelOf(series.by->expression.evaluate(context), {});
+        value = series.by->expression.evaluate(context);
+        const QString by = labelOf(value, series.layout->byFormat);
         name = name.isEmpty() ? by : u"%1, %2"_s.arg(name, by);
     }
     const QString key = u"%1 %2"_s.arg(number).arg(name.toCaseFolded());
@@ -109,7 +111,7 @@ std::size_t ChartCollector::seriesOf(std::size_t number, const EvaluationContext
     const auto place = std::find_if(m_shown.begin(), m_shown.end(), isIt);
     const auto found = static_cast<std::size_t>(place - m_shown.begin());
     if (place == m_shown.end())
-        m_shown.push_back({&series, name, {}});
+        m_shown.push_back({&series, name, value, {}});
     m_seriesNumbers.insert(key, found);
     return found;
 }
@@ -131,7 +133,7 @@ std::optional<double> ChartCollector::valueOf(const Shown &shown, const std::opt
 }
 
 std::vector<std::size_t>
-ChartCollector::inOrder(const std::vector<std::optional<double>> &firstValues) const
+ChartCollector::categoryOrder(const std::vector<std::optional<double>> &firstValues) const
 {
     std::vector<std::size_t> order(static_cast<std::size_t>(m_categories.size()));
     std::iota(order.begin(), order.end(), std::size_t(0));
@@ -144,6 +146,24 @@ ChartCollector::inOrder(const std::vector<std::optional<double>> &firstValues) c
         std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
             return firstValues[a] > firstValues[b];
         });
+    return order;
+}
+
+/// As the layout names them; those of one "by" in the order of their values where the categories
+/// are.
+std::vector<const ChartCollector::Shown *> ChartCollector::seriesInOrder() const
+{
+    std::vector<const Shown *> order;
+    for (const compiled::Series &series : m_chart.series) {
+        const auto first = static_cast<std::ptrdiff_t>(order.size());
+        for (const Shown &shown : m_shown)
+            if (shown.series == &series)
+                order.push_back(&shown);
+        if (m_layout.order == ChartOrder::Category)
+            std::stable_sort(order.begin() + first, order.end(), [](const auto *a, const auto *b) {
+                return compareValues(a->by, b->by) < 0;
+            });
+    }
     return order;
 }
 
@@ -180,7 +200,7 @@ ChartData ChartCollector::result(const EvaluationContext &context,
         for (std::size_t category = 0; category < static_cast<std::size_t>(m_categories.size());
              ++category)
             firstValues.push_back(value(m_shown.front(), category));
-    const std::vector<std::size_t> order = inOrder(firstValues);
+    const std::vector<std::size_t> order = categoryOrder(firstValues);
     const std::size_t kept = m_layout.most > 0
                                  ? qMin(order.size(), static_cast<std::size_t>(m_layout.most))
                                  : order.size();
@@ -193,8 +213,9 @@ ChartData ChartCollector::result(const EvaluationContext &context,
     if (hasOthers)
         data.categories.append({OthersLabel.arg(beyond), OthersLabel.arg(beyond)});
     data.leftOut = hasOthers ? 0 : beyond;
-    for (std::size_t number = 0; number < m_shown.size(); ++number) {
-        const Shown &shown = m_shown[number];
+    const std::vector<const Shown *> inOrder = seriesInOrder();
+    for (std::size_t number = 0; number < inOrder.size(); ++number) {
+        const Shown &shown = *inOrder[number];
         const QColor own = shown.series->by ? QColor() : shown.series->layout->color;
         ChartSeries series{shown.name, own.isValid() ? own : usualSeriesColor(number), {}};
         for (std::size_t place = 0; place < kept; ++place)

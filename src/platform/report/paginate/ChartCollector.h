@@ -11,8 +11,8 @@ namespace report {
 class ChartCollector
 {
 public:
-    /// Both must outlive it.
-    ChartCollector(const compiled::Chart &chart, const Chart &layout);
+    /// The chart must outlive it.
+    explicit ChartCollector(const compiled::Chart &chart);
 
     /// Takes the row that the context stands at.
     void add(const EvaluationContext &context, int row);
@@ -32,8 +32,10 @@ private:
     {
         const compiled::Series *series;
         QString name;
+        QVariant by;                            ///< the value of which it is the series
         std::vector<std::optional<Cell>> cells; ///< by category
     };
+    [[nodiscard]] std::vector<const Shown *> seriesInOrder() const;
 
     [[nodiscard]] std::size_t categoryOf(const EvaluationContext &context);
     [[nodiscard]] std::size_t seriesOf(std::size_t number, const EvaluationContext &context);
@@ -42,7 +44,7 @@ private:
                                                        const EvaluationContext &context,
                                                        const std::function<void(int row)> &goTo);
     [[nodiscard]] std::vector<std::size_t>
-    inOrder(const std::vector<std::optional<double>> &firstValues) const;
+    categoryOrder(const std::vector<std::optional<double>> &firstValues) const;
     [[nodiscard]] static std::optional<Cell>
     together(const Shown &shown, const std::vector<std::size_t> &order, std::size_t from);
 

@@ -1,5 +1,7 @@
 #include "platform/report/paginate/Compiled.h"
 
+#include "platform/base/Format.h"
+
 #include <algorithm>
 
 namespace report::compiled {
@@ -10,16 +12,28 @@ using namespace Qt::StringLiterals;
 constexpr QStringView SpecialNames[] = {u"pagenumber", u"totalpages", u"rownumber", u"today",
                                         u"now"};
 
+/// Texts that differ only in case are one key, and 5 is one however it is stored.
+QString keyText(const QVariant &value)
+{
+    return base::toText(value).toCaseFolded();
+}
+
 class Compiler
 {
 public:
     Compiler(const Layout &layout, const DataSource &rows, const Inputs &inputs)
         : m_layout(layout)
         , m_rows(rows)
+        , m_inputs(inputs)
     {
         m_report.layout = &layout;
         for (auto text = inputs.texts.cbegin(); text != inputs.texts.cend(); ++text)
             m_texts.insert(text.key().toLower(), text.value());
+        for (auto answer = inputs.parameters.cbegin(); answer != inputs.parameters.cend(); ++answer)
+            m_report.parameters.insert(answer.key().toLower(), answer.value());
+        for (const Parameter &parameter : layout.parameters)
+            if (!m_report.parameters.contains(parameter.name.toLower()))
+                m_report.parameters.insert(parameter.name.toLower(), QVariant());
         for (auto text = inputs.formulas.cbegin(); text != inputs.formulas.cend(); ++text)
             m_formulas.insert(text.key().toLower(), text.value());
     }
@@ -35,6 +49,8 @@ public:
                 value(group.by, u"group %1"_s.arg(group.name), {ScopeKind::Report, -1}));
         m_report.groupHeaders.resize(m_report.groupBy.size());
         m_report.groupFooters.resize(m_report.groupBy.size());
+        for (const report::RowSet &set : m_layout.rowSets)
+            addSet(set);
         for (const report::Band &band : m_layout.bands)
             addBand(band);
         return std::move(m_report);
@@ -57,8 +73,63 @@ private:
             m_pageFormulas.append(name);
     }
 
+    /// Finds the rows of each key once, so that no row of the report has to look for its own.
+    void addSet(const report::RowSet &set)
+    {
+        RowSet compiled;
+        compiled.of = value(set.of, u"rows %1"_s.arg(set.name), {ScopeKind::Report, -1});
+        for (auto rows = m_inputs.rowSets.cbegin(); rows != m_inputs.rowSets.cend(); ++rows)
+            if (rows.key().compare(set.name, Qt::CaseInsensitive) == 0)
+                compiled.rows = rows.value();
+        const int key = compiled.rows ? compiled.rows->fieldIndex(set.key) : -1;
+        if (!compiled.rows)
+            m_report.problems.append(u"The rows \"%1\" were not given."_s.arg(set.name));
+        else if (key < 0)
+            m_report.problems.append(
+                u"rows %1: there is no field \"%2\"."_s.arg(set.name, set.key));
+        else
+            for (int row = 0; row < compiled.rows->rowCount(); ++row)
+                if (const QVariant value = compiled.rows->value(row, key); !value.isNull())
+                    compiled.byKey[keyText(value)].push_back(row);
+        m_report.sets.push_back(std::move(compiled));
+    }
+
+    static bool isSub(BandKind kind)
+    {
+        return kind == BandKind::SubHeader || kind == BandKind::SubDetail ||
+               kind == BandKind::SubFooter;
+    }
+
+    void addSubBand(const report::Band &band)
+    {
+        const int number = m_layout.rowSetIndex(band.rows);
+        if (number < 0) {
+            m_report.problems.append(
+                u"There are no rows \"%1\" for one of the bands."_s.arg(band.rows));
+            return;
+        }
+        RowSet &set = m_report.sets[number];
+        m_set = set.rows.get();
+        const int repeatSlots = m_report.repeatSlots;
+        Band compiled = compileBand(band, {ScopeKind::Set, number});
+        m_set = nullptr;
+        if (m_report.repeatSlots > repeatSlots) {
+            if (set.endRepeatSlot == 0)
+                set.firstRepeatSlot = repeatSlots;
+            set.endRepeatSlot = m_report.repeatSlots;
+        }
+        (band.kind == BandKind::SubHeader   ? set.header
+         : band.kind == BandKind::SubFooter ? set.footer
+                                            : set.detail)
+            .push_back(std::move(compiled));
+    }
+
     void addBand(const report::Band &band)
     {
+        if (isSub(band.kind)) {
+            addSubBand(band);
+            return;
+        }
         const int group = m_layout.groupIndex(band.group);
         const bool ofGroup =
             band.kind == BandKind::GroupHeader || band.kind == BandKind::GroupFooter;
@@ -67,7 +138,11 @@ private:
                 u"There is no group \"%1\" for one of the bands."_s.arg(band.group));
             return;
         }
-        const Scope scope = scopeOf(band.kind, group);
+        bandsOf(band.kind, group).push_back(compileBand(band, scopeOf(band.kind, group)));
+    }
+
+    Band compileBand(const report::Band &band, Scope scope)
+    {
         Band compiled;
         compiled.layout = &band;
         m_dependsOnPage = false;
@@ -78,11 +153,12 @@ private:
             compiled.objects.push_back(compileObject(object, scope));
         compiled.fixedHeight = std::none_of(
             band.objects.cbegin(), band.objects.cend(), [&](const report::Object &object) {
-                return object.canGrow || object.y + object.height > band.height;
+                return object.canGrow || object.kind == ObjectKind::CrossTab ||
+                       object.y + object.height > band.height;
             });
         compiled.dependsOnPage = m_dependsOnPage;
         compiled.hasAggregates = m_report.slots.size() > slotsBefore;
-        bandsOf(band.kind, group).push_back(std::move(compiled));
+        return compiled;
     }
 
     static Scope scopeOf(BandKind kind, int group)
@@ -97,6 +173,9 @@ private:
         case BandKind::ReportHeader:
         case BandKind::ReportFooter:
         case BandKind::Detail:
+        case BandKind::SubHeader:
+        case BandKind::SubDetail:
+        case BandKind::SubFooter:
             break;
         }
         return {ScopeKind::Report, -1};
@@ -118,6 +197,9 @@ private:
         case BandKind::ReportFooter:
             return m_report.reportFooter;
         case BandKind::Detail:
+        case BandKind::SubHeader:
+        case BandKind::SubDetail:
+        case BandKind::SubFooter:
             break;
         }
         return m_report.detail;
@@ -149,7 +231,11 @@ private:
                 compiled.value = value(object.content.sliced(1), where, scope);
             break;
         case ObjectKind::Chart:
-            compiled.chart = compileChart(object.chart, where, scope);
+            compiled.chart =
+                compileChart(std::make_shared<report::Chart>(object.chart), where, scope);
+            break;
+        case ObjectKind::CrossTab:
+            compileCrossTab(object.crossTab, where, scope, compiled);
             break;
         case ObjectKind::Line:
         case ObjectKind::Box:
@@ -166,11 +252,13 @@ private:
         return compiled;
     }
 
-    Chart compileChart(const report::Chart &chart, const QString &where, Scope scope)
+    Chart compileChart(std::shared_ptr<const report::Chart> layout, const QString &where,
+                       Scope scope)
     {
+        const report::Chart &chart = *layout;
         Chart compiled;
         // The rows of a page are known only when it is full.
-        compiled.scope = scope.kind == ScopeKind::Group ? ScopeKind::Group : ScopeKind::Report;
+        compiled.scope = scope.kind == ScopeKind::Page ? ScopeKind::Report : scope.kind;
         compiled.group = scope.group;
         compiled.category = rowValue(chart.category, where);
         for (const report::Series &series : chart.series)
@@ -180,7 +268,31 @@ private:
         compiled.title = pieces(split(chart.title, where), where, scope);
         compiled.categoryTitle = pieces(split(chart.categoryTitle, where), where, scope);
         compiled.valueTitle = pieces(split(chart.valueTitle, where), where, scope);
+        compiled.layout = std::move(layout);
         return compiled;
+    }
+
+    /// A cross-tab is collected as a chart whose categories are its lines; the line of totals as
+    /// one that has all rows in a single category.
+    void compileCrossTab(const report::CrossTab &table, const QString &where, Scope scope,
+                         Object &compiled)
+    {
+        report::Chart chart;
+        chart.title = table.title;
+        chart.category = table.rows;
+        chart.categoryFormat = table.rowsFormat;
+        chart.categoryTitle = table.rowsTitle;
+        chart.order = ChartOrder::Category;
+        chart.series.append({{}, table.value, table.columns, table.columnsFormat, {}});
+        if (table.totals)
+            chart.series.append({u"Total"_s, table.value, {}, {}, {}});
+        compiled.chart = compileChart(std::make_shared<report::Chart>(chart), where, scope);
+        if (!table.totals)
+            return;
+        chart.title.clear();
+        chart.category = u"'Total'"_s;
+        chart.categoryFormat.clear();
+        compiled.columnTotals = compileChart(std::make_shared<report::Chart>(chart), where, scope);
     }
 
     /// A value of single rows.
@@ -256,7 +368,7 @@ private:
         std::vector<Piece> result;
         for (const RawPiece &piece : raw) {
             // A field's name may hold blanks.
-            const bool isField = piece.isExpression && m_rows.fieldIndex(piece.text.trimmed()) >= 0;
+            const bool isField = piece.isExpression && isFieldName(piece.text.trimmed());
             if (piece.isExpression)
                 result.push_back(
                     {{}, value(isField ? u"[%1]"_s.arg(piece.text) : piece.text, where, scope)});
@@ -289,6 +401,11 @@ private:
         return result;
     }
 
+    [[nodiscard]] bool isFieldName(const QString &name) const
+    {
+        return (m_set && m_set->fieldIndex(name) >= 0) || m_rows.fieldIndex(name) >= 0;
+    }
+
     void checkNames(const Expression &expression, const QString &where)
     {
         for (const QString &name : expression.names()) {
@@ -298,7 +415,8 @@ private:
                 m_dependsOnPage = true;
             const bool special = std::find(std::begin(SpecialNames), std::end(SpecialNames),
                                            name) != std::end(SpecialNames);
-            if (!special && !m_formulaNames.contains(name) && m_rows.fieldIndex(name) < 0)
+            if (!special && !m_formulaNames.contains(name) && !m_report.parameters.contains(name) &&
+                !isFieldName(name))
                 m_report.problems.append(u"%1: there is no field \"%2\"."_s.arg(where, name));
         }
     }
@@ -311,7 +429,11 @@ private:
         slot.argument = argument;
         slot.scope = scope.kind;
         slot.group = scope.group;
-        if (aggregate.scope.compare(u"page", Qt::CaseInsensitive) == 0) {
+        if (scope.kind == ScopeKind::Set && !aggregate.scope.isEmpty()) {
+            m_report.problems.append(
+                u"%1: an aggregate of further rows counts over those of a row, and takes no \"%2\"."_s
+                    .arg(where, aggregate.scope));
+        } else if (aggregate.scope.compare(u"page", Qt::CaseInsensitive) == 0) {
             slot.scope = ScopeKind::Page;
             m_dependsOnPage = true;
         } else if (aggregate.scope.compare(u"report", Qt::CaseInsensitive) == 0) {
@@ -331,6 +453,8 @@ private:
 
     const Layout &m_layout;
     const DataSource &m_rows;
+    const Inputs &m_inputs;
+    const DataSource *m_set = nullptr;  ///< of the sub bands that are being compiled
     QHash<QString, QString> m_texts;    ///< of the inputs, by name in lower case
     QHash<QString, QString> m_formulas; ///< the same
     QStringList m_formulaNames;
@@ -340,6 +464,12 @@ private:
 };
 
 } // namespace
+
+const std::vector<int> *RowSet::rowsOf(const QVariant &key) const
+{
+    const auto found = key.isNull() ? byKey.cend() : byKey.constFind(keyText(key));
+    return found == byKey.cend() ? nullptr : &*found;
+}
 
 Report compile(const Layout &layout, const DataSource &rows, const Inputs &inputs)
 {

@@ -11,14 +11,19 @@
 namespace report::compiled {
 
 /// Where an aggregate begins anew.
-enum class ScopeKind { Report, Page, Group };
+enum class ScopeKind {
+    Report,
+    Page,
+    Group,
+    Set, ///< the rows of a set that belong to the row on hand
+};
 
 struct AggregateSlot
 {
     AggregateFunction function = AggregateFunction::Sum;
     Expression argument;
     ScopeKind scope = ScopeKind::Report;
-    int group = -1; ///< of Group
+    int group = -1; ///< of Group; the set's number of Set
 };
 
 /// An expression and, for each of its aggregates, the number of its slot.
@@ -54,7 +59,9 @@ struct Chart
     std::vector<Series> series;
     std::vector<Piece> title, categoryTitle, valueTitle;
     ScopeKind scope = ScopeKind::Report; ///< over whose rows it goes
-    int group = -1;                      ///< of Group
+    int group = -1;                      ///< of Group; the set's number of Set
+    /// What the collector goes by: the layout's chart, or one made of a cross-tab.
+    std::shared_ptr<const report::Chart> layout;
 };
 
 struct Object
@@ -65,6 +72,7 @@ struct Object
     std::optional<Value> visibleIf;
     std::vector<ConditionalStyle> styles;
     std::optional<Chart> chart;
+    std::optional<Chart> columnTotals; ///< of a cross-tab
     int repeatSlot = -1; ///< its place among the remembered values, when repeats are hidden
 };
 
@@ -81,13 +89,29 @@ struct Band
 /// The bands of one place: of one kind, and of one group.
 using Bands = std::vector<Band>;
 
+/// Further rows by the value of their key.
+struct RowSet
+{
+    std::shared_ptr<const DataSource> rows; ///< null when they weren't given
+    QHash<QString, std::vector<int>> byKey;
+    Value of;
+    Bands header, detail, footer;
+    int firstRepeatSlot = 0; ///< of its bands
+    int endRepeatSlot = 0;
+
+    /// The rows of a key's value, in their order.
+    [[nodiscard]] const std::vector<int> *rowsOf(const QVariant &key) const;
+};
+
 struct Report
 {
     const Layout *layout = nullptr;
     Bands reportHeader, pageHeader, detail, pageFooter, reportFooter;
+    std::vector<RowSet> sets;
     std::vector<Bands> groupHeaders, groupFooters; ///< by the group's number
     std::vector<Value> groupBy;
-    std::map<QString, Value> formulas; ///< by name in lower case
+    std::map<QString, Value> formulas;   ///< by name in lower case
+    QHash<QString, QVariant> parameters; ///< the same
     std::vector<AggregateSlot> slots;
     int repeatSlots = 0;
     bool needsTotalPages = false;

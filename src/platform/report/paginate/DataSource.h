@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QString>
 #include <QVariant>
+#include <memory>
 
 namespace report {
 
@@ -23,11 +24,14 @@ public:
 /// What a report is given besides its rows.
 struct Inputs
 {
-    QHash<QString, QString> texts;    ///< texts for named text objects, key: the object's name
-    QHash<QString, QString> formulas; ///< expressions in place of the layout's, by name
-    QDateTime now;                    ///< what Now and Today give
-    QString folder;                   ///< where the layout's picture files lie
-    base::Progress progress{};        ///< told of each row, in each pass over them
+    QHash<QString, QString> texts;       ///< texts for named text objects, key: the object's name
+    QHash<QString, QString> formulas;    ///< expressions in place of the layout's, by name
+    QHash<QString, QVariant> parameters; ///< answers to the layout's parameters, by name
+    /// The rows of the layout's further sets, by name.
+    QHash<QString, std::shared_ptr<const DataSource>> rowSets;
+    QDateTime now;             ///< what Now and Today give
+    QString folder;            ///< where the layout's picture files lie
+    base::Progress progress{}; ///< told of each row, in each pass over them
 };
 
 } // namespace report

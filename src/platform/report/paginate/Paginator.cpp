@@ -57,6 +57,7 @@ private:
         int row;
         int sheet;      ///< for which it was made
         int openGroups; ///< whose headers stand above it
+        SubPlace sub;
         PageValues pageValues;
     };
 
@@ -132,19 +133,29 @@ private:
     /// A header waits for what it heads, so that none ends a page by itself.
     static bool leads(const compiled::Band &band)
     {
-        return band.layout->kind == BandKind::GroupHeader;
+        return band.layout->kind == BandKind::GroupHeader ||
+               band.layout->kind == BandKind::SubHeader;
     }
 
     /// A footer stays with what it sums up, so that no total stands alone on a page.
     static bool follows(const compiled::Band &band)
     {
         return band.layout->kind == BandKind::GroupFooter ||
+               band.layout->kind == BandKind::SubFooter ||
                band.layout->kind == BandKind::ReportFooter;
+    }
+
+    /// The first of the further rows that belong to a detail.
+    static bool continues(const compiled::Band &upper, const compiled::Band &lower)
+    {
+        return upper.layout->kind == BandKind::Detail &&
+               (lower.layout->kind == BandKind::SubHeader ||
+                lower.layout->kind == BandKind::SubDetail);
     }
 
     static bool mayPart(const compiled::Band &upper, const compiled::Band &lower)
     {
-        return !leads(upper) && !follows(lower);
+        return !leads(upper) && !follows(lower) && !continues(upper, lower);
     }
 
     // --- Placing -----------------------------------------------------------------------------
@@ -163,7 +174,7 @@ private:
             release();
         if (m_breakPending)
             breakPage();
-        m_kept.push_back({&band, make(band), m_row, m_sheet, openGroups(), {}});
+        m_kept.push_back({&band, make(band), m_row, m_sheet, openGroups(), m_sub, {}});
         rememberShown(m_kept.back().made);
         m_keptHeight += m_kept.back().made.height;
         if (band.layout->newPageAfter)
@@ -228,8 +239,11 @@ private:
             Kept &kept = m_released[at];
             m_placing = &kept;
             // A later row's totals must not get into a band made anew.
-            const bool mayRemake = kept.row == m_row || !kept.band->hasAggregates;
+            const bool isCurrent =
+                kept.row == m_row && kept.sub.set == m_sub.set && kept.sub.at == m_sub.at;
+            const bool mayRemake = isCurrent || !kept.band->hasAggregates;
             const QScopedValueRollback row(m_row, kept.row);
+            const QScopedValueRollback sub(m_sub, kept.sub);
             if (kept.sheet != m_sheet && kept.band->dependsOnPage && mayRemake)
                 kept.made = make(*kept.band);
             putOnPage(*kept.band, std::move(kept.made), mayRemake);

@@ -47,7 +47,7 @@ std::optional<QVariant> RowWalk::value(const QString &name) const
     if (key == u"totalpages")
         return totalPages();
     if (key == u"rownumber")
-        return m_row + 1;
+        return m_sub.set ? static_cast<int>(m_sub.at) + 1 : m_row + 1;
     if (key == u"now")
         return m_inputs.now;
     if (key == u"today")
@@ -55,6 +55,13 @@ std::optional<QVariant> RowWalk::value(const QString &name) const
     const auto formula = m_report.formulas.find(key);
     if (formula != m_report.formulas.end())
         return evaluateFormula(formula->second);
+    if (m_sub.set) {
+        if (const int field = setFieldIndex(key); field >= 0)
+            return m_sub.set->rows->value((*m_sub.rows)[m_sub.at], field);
+    }
+    const auto parameter = m_report.parameters.constFind(key);
+    if (parameter != m_report.parameters.cend())
+        return *parameter;
     const int field = fieldIndex(key);
     if (field < 0 || m_rows.rowCount() == 0)
         return std::nullopt;
@@ -97,6 +104,15 @@ int RowWalk::fieldIndex(const QString &key) const
     return *found;
 }
 
+int RowWalk::setFieldIndex(const QString &key) const
+{
+    QHash<QString, int> &known = m_setFieldIndexes[m_sub.set];
+    auto found = known.constFind(key);
+    if (found == known.cend())
+        found = known.insert(key, m_sub.set->rows->fieldIndex(key));
+    return *found;
+}
+
 void RowWalk::takeRow()
 {
     std::vector<QVariant> keys = this->keys();
@@ -123,6 +139,35 @@ void RowWalk::takeRow()
     }
     placeAll(m_report.detail);
     rowPlaced();
+    placeSets();
+}
+
+void RowWalk::placeSets()
+{
+    for (std::size_t number = 0; number < m_report.sets.size() && !isStopped(); ++number) {
+        const compiled::RowSet &set = m_report.sets[number];
+        if (const std::vector<int> *rows = set.rowsOf(evaluate(set.of)))
+            placeSet(number, *rows);
+    }
+}
+
+void RowWalk::placeSet(std::size_t number, const std::vector<int> &rows)
+{
+    const compiled::RowSet &set = m_report.sets[number];
+    resetSlots(ScopeKind::Set, static_cast<int>(number));
+    for (int slot = set.firstRepeatSlot; slot < set.endRepeatSlot; ++slot)
+        m_lastShown[static_cast<std::size_t>(slot)].reset();
+    m_sub = {&set, &rows, 0};
+    placeAll(set.header);
+    for (m_sub.at = 0; m_sub.at < rows.size() && !isStopped(); ++m_sub.at) {
+        accumulateSet(number);
+        placeAll(set.detail);
+        if (m_sub.at + 1 < rows.size())
+            rowEnds();
+    }
+    m_sub.at = rows.size() - 1;
+    placeAll(set.footer);
+    m_sub = {};
 }
 
 std::vector<QVariant> RowWalk::keys() const
@@ -160,22 +205,47 @@ RowWalk::Span RowWalk::groupSpan(int group) const
     return span;
 }
 
-ChartData RowWalk::chartData(const compiled::Object &object) const
+RowWalk::Span RowWalk::chartSpan(const compiled::Chart &chart) const
 {
-    const compiled::Chart &chart = *object.chart;
-    const auto known = m_charts.find(&object);
-    const bool ofGroup = chart.scope == ScopeKind::Group && m_rows.rowCount() > 0;
+    if (chart.scope == ScopeKind::Set)
+        return m_sub.rows ? Span{0, static_cast<int>(m_sub.rows->size())} : Span{0, 0};
+    if (chart.scope == ScopeKind::Group && m_rows.rowCount() > 0)
+        return groupSpan(chart.group);
+    return {0, m_rows.rowCount()};
+}
+
+ChartData RowWalk::chartData(const compiled::Chart &chart) const
+{
+    // Those of a set are made once for each row.
+    if (chart.scope == ScopeKind::Set)
+        return collected(chart, chartSpan(chart));
+    const auto known = m_charts.find(&chart);
     if (known != m_charts.end() &&
-        (!ofGroup || (known->second.span.first <= m_row && m_row < known->second.span.end)))
+        (chart.scope != ScopeKind::Group ||
+         (known->second.span.first <= m_row && m_row < known->second.span.end)))
         return known->second.data;
-    const Span span = ofGroup ? groupSpan(chart.group) : Span{0, m_rows.rowCount()};
+    const Span span = chartSpan(chart);
+    return m_charts.insert_or_assign(&chart, KnownChart{span, collected(chart, span)})
+        .first->second.data;
+}
+
+ChartData RowWalk::collected(const compiled::Chart &chart, const Span &span) const
+{
     const QScopedValueRollback row(m_row);
-    ChartCollector collector(chart, object.layout->chart);
-    for (m_row = span.first; m_row < span.end && !isStopped(); ++m_row)
-        collector.add(*this, m_row);
-    ChartData data = collector.result(*this, [this](int of) { m_row = of; });
-    m_charts.insert_or_assign(&object, KnownChart{span, data});
-    return data;
+    const QScopedValueRollback sub(m_sub);
+    const bool ofSet = chart.scope == ScopeKind::Set;
+    const auto goTo = [&](int of) {
+        if (ofSet)
+            m_sub.at = static_cast<std::size_t>(of);
+        else
+            m_row = of;
+    };
+    ChartCollector collector(chart);
+    for (int of = span.first; of < span.end && !isStopped(); ++of) {
+        goTo(of);
+        collector.add(*this, of);
+    }
+    return collector.result(*this, goTo);
 }
 
 void RowWalk::closeGroups(int outermost)
@@ -191,7 +261,8 @@ void RowWalk::resetSlots(ScopeKind scope, int group)
 {
     for (std::size_t slot = 0; slot < m_report.slots.size(); ++slot)
         if (m_report.slots[slot].scope == scope &&
-            (scope != ScopeKind::Group || m_report.slots[slot].group == group))
+            ((scope != ScopeKind::Group && scope != ScopeKind::Set) ||
+             m_report.slots[slot].group == group))
             m_accumulators[slot].reset();
 }
 
@@ -199,7 +270,16 @@ void RowWalk::resetSlots(ScopeKind scope, int group)
 void RowWalk::accumulate()
 {
     for (std::size_t slot = 0; slot < m_report.slots.size(); ++slot)
-        if (m_report.slots[slot].scope != ScopeKind::Page)
+        if (m_report.slots[slot].scope != ScopeKind::Page &&
+            m_report.slots[slot].scope != ScopeKind::Set)
+            m_accumulators[slot].add(m_report.slots[slot].argument.evaluate(*this));
+}
+
+void RowWalk::accumulateSet(std::size_t number)
+{
+    for (std::size_t slot = 0; slot < m_report.slots.size(); ++slot)
+        if (m_report.slots[slot].scope == ScopeKind::Set &&
+            m_report.slots[slot].group == static_cast<int>(number))
             m_accumulators[slot].add(m_report.slots[slot].argument.evaluate(*this));
 }
 

@@ -19,7 +19,7 @@ public:
     [[nodiscard]] QVariant aggregate(int number) const override;
     [[nodiscard]] QVariant evaluate(const compiled::Value &value) const override;
     [[nodiscard]] std::optional<QVariant> lastShown(int repeatSlot) const override;
-    [[nodiscard]] ChartData chartData(const compiled::Object &object) const override;
+    [[nodiscard]] ChartData chartData(const compiled::Chart &chart) const override;
 
 protected:
     /// Walks all rows; every band comes to place.
@@ -35,8 +35,8 @@ protected:
     virtual void closeGroup(int group) { Q_UNUSED(group) }
     /// The detail bands of the row on hand have been placed.
     virtual void rowPlaced() {}
-    /// The next row comes, and the groups that end with this one have been closed. The aggregates
-    /// are still those of this row.
+    /// The next row comes, or the next one of a further set, and the groups that end with this one
+    /// have been closed. The aggregates are still those of this row.
     virtual void rowEnds() {}
     [[nodiscard]] virtual bool isStopped() const { return false; }
     [[nodiscard]] virtual QVariant pageNumber() const { return 1; }
@@ -59,8 +59,17 @@ protected:
     const DataSource &m_rows;
     const Inputs &m_inputs;
     BandMaker m_maker;
+    /// Where a sub band stands: at a row of a further set.
+    struct SubPlace
+    {
+        const compiled::RowSet *set = nullptr;  ///< null in all other bands
+        const std::vector<int> *rows = nullptr; ///< those that belong to the row on hand
+        std::size_t at = 0;
+    };
+
     /// The row on hand; a chart goes through others and comes back.
     mutable int m_row = 0;
+    mutable SubPlace m_sub;
 
 private:
     /// Rows from one on to before another.
@@ -76,6 +85,10 @@ private:
         Span span;
         ChartData data;
     };
+    void placeSets();
+    void placeSet(std::size_t number, const std::vector<int> &rows);
+    [[nodiscard]] ChartData collected(const compiled::Chart &chart, const Span &span) const;
+    [[nodiscard]] Span chartSpan(const compiled::Chart &chart) const;
     [[nodiscard]] Span groupSpan(int group) const;
     [[nodiscard]] std::vector<QVariant> keys() const;
 
@@ -84,8 +97,10 @@ private:
                                          const std::vector<QVariant> &keys);
     void closeGroups(int outermost);
     void accumulate();
+    void accumulateSet(std::size_t number);
     [[nodiscard]] QVariant evaluateFormula(const compiled::Value &formula) const;
     [[nodiscard]] int fieldIndex(const QString &key) const;
+    [[nodiscard]] int setFieldIndex(const QString &key) const;
 
     std::vector<QVariant> m_keys;
     int m_openGroups = 0;
@@ -93,9 +108,10 @@ private:
     mutable const std::vector<int> *m_slots = nullptr;
     mutable int m_formulaDepth = 0;
     mutable QHash<QString, int> m_fieldIndexes;
+    mutable std::map<const compiled::RowSet *, QHash<QString, int>> m_setFieldIndexes;
     std::vector<std::optional<QVariant>> m_lastShown;
     /// A band may be made several times, on page after page.
-    mutable std::map<const compiled::Object *, KnownChart> m_charts;
+    mutable std::map<const compiled::Chart *, KnownChart> m_charts;
 };
 
 } // namespace report

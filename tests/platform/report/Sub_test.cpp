@@ -1,0 +1,164 @@
+#include "platform/base/Environment.h"
+#include "platform/report/paginate/Paginator.h"
+#include "platform/report/paginate/Tabulator.h"
+
+#include "ReportRows.h"
+
+#include <gmock/gmock.h>
+
+namespace report {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// Machines with their services and pictures, six bands of 5 mm a page.
+Layout machines(const QByteArray &bands, const QByteArray &before = {})
+{
+    return layoutOf(R"x(<report version="2"><page left="10mm" top="10mm" right="10mm" bottom="239.4mm"/>
+        <rows name="services" key="Machine" of="ID">Select 1</rows>
+        <rows name="pictures" key="Of" of="ID">Select 2</rows>)x" +
+                    before + R"(<band kind="detail" height="5mm"><field content="Name"/></band>)" +
+                    bands + "</report>");
+}
+
+const Rows machineRows({u"ID"_s, u"Name"_s},
+                       {{1, u"Mower"_s}, {2.0, u"Truck"_s}, {QVariant(), u"Edger"_s}});
+
+Inputs sets()
+{
+    Inputs inputs;
+    inputs.rowSets.insert(u"Services"_s,
+                          std::make_shared<Rows>(QStringList{u"Machine"_s, u"Name"_s, u"Cost"_s},
+                                                 QList<QVariantList>{{2, u"Oil"_s, 8},
+                                                                     {1, u"Oil"_s, 1},
+                                                                     {1, u"Oil"_s, 2},
+                                                                     {7, u"Lost"_s, 4},
+                                                                     {QVariant(), u"None"_s, 4},
+                                                                     {1, u"Belt"_s, 4}}));
+    inputs.rowSets.insert(u"pictures"_s, std::make_shared<Rows>(QStringList{u"Of"_s, u"File"_s},
+                                                                QList<QVariantList>{
+                                                                    {u"1"_s, u"a.png"_s}}));
+    return inputs;
+}
+
+std::string words(const Layout &layout, const Inputs &inputs, QStringList *problems = nullptr)
+{
+    QStringList pages;
+    QStringList told;
+    for (const Page &page : allPages(layout, machineRows, inputs, &told)) {
+        QStringList words;
+        for (const PageItem &item : page.items)
+            if (const auto *text = std::get_if<TextItem>(&item))
+                for (const TextLine &line : text->lines)
+                    words.append(line.text);
+        pages.append(words.join(u' '));
+    }
+    if (problems)
+        *problems = told;
+    else
+        EXPECT_TRUE(told.isEmpty()) << told.join(u'\n').toStdString();
+    return pages.join(u" / "_s).toStdString();
+}
+
+TEST(SubBands, ShowTheRowsThatBelongToARow)
+{
+    const QByteArray bands =
+        R"x(<band kind="reportHeader" height="5mm"/>
+            <band kind="subHeader" rows="services" height="5mm"><field content="'(' &amp; ID"/></band>
+            <band kind="subDetail" rows="SERVICES" height="5mm"><field content="Name" hideRepeated="yes"/>
+              <field content="RowNumber &amp; '=' &amp; Cost &amp; '+' &amp; sum(Cost)"/></band>
+            <band kind="subFooter" rows="services" height="5mm"><field content="count(*) &amp; ')' &amp; max(Cost)"/></band>
+            <band kind="subDetail" rows="pictures" height="5mm"><field content="File"/></band>
+            <band kind="reportFooter" height="5mm"><field content="'all ' &amp; count(*)"/></band>)x";
+    EXPECT_EQ(words(machines(bands), sets()),
+              "Mower (1 Oil 1=1+1 2=2+3 / Belt 3=4+7 3)4 a.png / Truck (2 Oil 1=8+8 1)8 Edger all 3")
+        << "a machine stands with its first service, a total with the last";
+}
+
+TEST(SubBands, AChartOfThemHasTheirRows)
+{
+    const Layout layout = machines(
+        R"x(<band kind="subFooter" rows="services" height="40mm">
+              <chart category="Name" title="{count(*)}"><series name="Cost" value="Cost"/></chart></band>)x");
+    QStringList tables;
+    const Outcome outcome =
+        tabulate(layout, machineRows, sets(), [&](const TableBand &band) {
+            for (const TableGrid &grid : band.grids)
+                for (const QVariantList &row : grid.rows)
+                    tables.append(row[0].toString() + row[1].toString());
+            return true;
+        });
+    EXPECT_EQ(tables.join(u' ').toStdString(), "Cost Oil3 Belt4 Cost Oil8");
+    EXPECT_TRUE(outcome.problems.isEmpty());
+}
+
+TEST(SubBands, WhatIsMissingIsTold)
+{
+    Inputs inputs = sets();
+    inputs.rowSets.remove(u"pictures"_s);
+    const Layout layout = machines(
+        R"x(<band kind="subDetail" rows="services"><field content="Colour"/><field content="sum(Cost, 'report')"/></band>
+            <band kind="subDetail" rows="pictures"><field content="ID"/></band>)x");
+    QStringList problems;
+    EXPECT_EQ(words(layout, inputs, &problems).substr(0, 5), "Mower");
+    const std::string all = problems.join(u'\n').toStdString();
+    for (const char *part : {"\"pictures\" were not given", "no field \"colour\"",
+                             "takes no \"report\""})
+        EXPECT_THAT(all, testing::HasSubstr(part));
+}
+
+TEST(CrossTab, SumsByTwoKeysInTheirOrder)
+{
+    const auto day = [](int month, int of) { return base::wallClock(QDate(2024, month, of)); };
+    const Rows rows({u"Site"_s, u"Day"_s, u"Cost"_s}, {{u"South"_s, day(2, 3), 4},
+                                                      {u"North"_s, day(1, 9), 1.5},
+                                                      {u"south"_s, day(1, 2), 2},
+                                                      {u"North"_s, day(1, 1), 0.25}});
+    const auto table = [&](const QByteArray &attributes, const QByteArray &place) {
+        const Layout layout = layoutOf(
+            "<report version=\"2\"><page left=\"10mm\" top=\"10mm\"/><band kind=\"reportHeader\">"
+            "<crossTab rows=\"Site\" columns=\"Day\" columnsFormat=\"mmm\" value=\"Cost\" " +
+            attributes + place + "/></band></report>");
+        QStringList problems;
+        QStringList lines;
+        int y = -1;
+        for (const Page &page : allPages(layout, rows, {}, &problems))
+            for (const PageItem &item : page.items)
+                if (const auto *text = std::get_if<TextItem>(&item)) {
+                    if (text->frame.y() != y)
+                        lines.append(QString());
+                    y = text->frame.y();
+                    lines.last() += (lines.last().isEmpty() ? u""_s : u" "_s) + text->lines[0].text;
+                }
+        for (const QString &problem : std::as_const(problems))
+            lines.append(u'!' + problem);
+        return lines.join(u'|').toStdString();
+    };
+    EXPECT_EQ(table("title=\"Cost\" rowsTitle=\"Site\" totals=\"yes\" format=\"0.00\" ",
+                    "width=\"100mm\""),
+              "Cost|Site Jan Feb Total|North 1.75 1.75|South 2.00 4.00 6.00|Total 3.75 4.00 7.75");
+    EXPECT_EQ(table({}, "width=\"100mm\""), "Jan Feb|North 1.75|South 2 4");
+    // The name takes 10 mm, each column some 10 with its gap.
+    EXPECT_EQ(table("totals=\"yes\" ", "width=\"30mm\""),
+              "Jan Feb|North 1.75|South 2 4|Total 3.75 4|Total|North 1.75|South 6|Total 7.75")
+        << "what finds no room follows below";
+    EXPECT_THAT(table("name=\"lblCosts\" ", "width=\"8mm\""),
+                testing::HasSubstr("!lblCosts: a cross-tab is too narrow"));
+}
+
+TEST(CrossTab, PushesWhatLiesBelow)
+{
+    const Rows rows({u"A"_s, u"B"_s}, {{1, 1}, {2, 1}, {3, 1}, {4, 1}});
+    const Layout layout = layoutOf(
+        R"x(<report version="2"><page left="0mm" top="0mm"/><band kind="reportHeader" height="12mm">
+            <crossTab width="50mm" height="5mm" rows="A" columns="B" value="count(*)"/>
+            <text y="6mm" height="4mm" content="below"/></band></report>)x");
+    const Page page = allPages(layout, rows, {})[0];
+    const auto &last = std::get<TextItem>(page.items.last());
+    EXPECT_EQ(last.lines[0].text, u"below");
+    // Five lines of a height of 396: 9 points of 355.3 each, and the space between them.
+    EXPECT_EQ(last.frame.y(), 600 + 5 * 396 - 500);
+}
+
+} // namespace
+} // namespace report
