@@ -28,15 +28,14 @@ TEST(QueryText, TakesNamesOffParametersOnly)
         QString text, statement;
         QStringList names;
     };
-    const Case cases[] = {
-        {u"Select a from t where b = ?From and c <= ?[To day]"_s,
-         u"Select a from t where b = ? and c <= ?"_s,
-         {u"From"_s, u"To day"_s}},
-        {u"Select '?x', [?y] from t where d = #1-2-2024# and e = ?"_s,
-         u"Select '?x', [?y] from t where d = #1-2-2024# and e = ?"_s,
-         {QString()}},
-        {u"Select ? and b"_s, u"Select ? and b"_s, {QString()}},
-        {u"Select ?a, ?A"_s, u"Select ?, ?"_s, {u"a"_s, u"A"_s}}};
+    const Case cases[] = {{u"Select a from t where b = ?From and c <= ?[To day]"_s,
+                           u"Select a from t where b = ? and c <= ?"_s,
+                           {u"From"_s, u"To day"_s}},
+                          {u"Select '?x', [?y] from t where d = #1-2-2024# and e = ?"_s,
+                           u"Select '?x', [?y] from t where d = #1-2-2024# and e = ?"_s,
+                           {QString()}},
+                          {u"Select ? and b"_s, u"Select ? and b"_s, {QString()}},
+                          {u"Select ?a, ?A"_s, u"Select ?, ?"_s, {u"a"_s, u"A"_s}}};
     for (const Case &one : cases)
         EXPECT_EQ(withoutNames(one.text), (QueryText{one.statement, one.names}))
             << one.text.toStdString();
@@ -50,9 +49,11 @@ protected:
         db::Connection data = m_database.connect();
         data.Execute(u"Create table tblPart (PartID text(20) not null primary key, Bin text(20), "
                      "Price currency, Bought datetime)"_s);
-        data.Execute(u"Create table tblUse (UseID counter primary key, PartID text(20), n integer)"_s);
-        for (const auto &[id, bin, price] :
-             {std::tuple{u"Belt"_s, u"A1"_s, 12.5}, {u"Oil"_s, u"B2"_s, 7.25}, {u"O'Ring"_s, u"A1"_s, 1.0}})
+        data.Execute(
+            u"Create table tblUse (UseID counter primary key, PartID text(20), n integer)"_s);
+        for (const auto &[id, bin, price] : {std::tuple{u"Belt"_s, u"A1"_s, 12.5},
+                                             {u"Oil"_s, u"B2"_s, 7.25},
+                                             {u"O'Ring"_s, u"A1"_s, 1.0}})
             data.Execute(u"Insert into tblPart(PartID, Bin, Price, Bought) Values(?, ?, ?, ?)"_s,
                          {id, bin, price, base::wallClock(QDate(2024, 3, id == u"Oil" ? 5 : 1))});
         data.Execute(u"Insert into tblUse(PartID, n) Values('Oil', 3)"_s);
@@ -84,9 +85,10 @@ TEST_F(Reader, ReadsQueryAndFurtherRowsWithTheAnswersBound)
     EXPECT_EQ(readRows(parts, {{u"bin"_s, u"x' or 'a'='a"_s}, {u"most"_s, 10}}, m_runner)
                   .rows->rowCount(),
               0);
-    EXPECT_THAT(
-        test::raisedBy([&] { (void)readRows(parts, {{u"bin"_s, u"A1"_s}}, m_runner); }).what(),
-        testing::HasSubstr("needs a value for \"Most\""));
+    EXPECT_THAT(test::raisedBy([&] {
+                    (void)readRows(parts, {{u"bin"_s, u"A1"_s}}, m_runner);
+                }).what(),
+                testing::HasSubstr("needs a value for \"Most\""));
     const Layout strange = layout("<query>Select ?Nobody from tblPart</query>");
     EXPECT_THAT(test::raisedBy([&] { (void)readRows(strange, {}, m_runner); }).what(),
                 testing::HasSubstr("\"Nobody\", which is none of its parameters"));
@@ -101,20 +103,20 @@ TEST_F(Reader, RefusesWhatDoesNotOnlyRead)
           "Insert into tblPart(PartID) Values('x')", "Drop table tblUse",
           "Create table tblNew (a integer)", "Alter table tblUse add column b integer"}) {
         const Layout bad = layout("<query>" + statement + "</query>");
-        const auto error =
-            test::raisedBy<db::DbError>([&] { (void)readRows(bad, {}, m_runner); });
+        const auto error = test::raisedBy<db::DbError>([&] { (void)readRows(bad, {}, m_runner); });
         EXPECT_EQ(error.number(), db::ErrorNumber::ReadOnly) << statement.toStdString();
         EXPECT_EQ(error.statement().toUtf8(), statement);
-        const Layout further = layout("<query>Select 1 from tblPart</query><rows name=\"a\" key=\"a\" "
-                                      "of=\"a\">" +
-                                      statement + "</rows>");
+        const Layout further =
+            layout("<query>Select 1 from tblPart</query><rows name=\"a\" key=\"a\" "
+                   "of=\"a\">" +
+                   statement + "</rows>");
         EXPECT_THROW((void)readRows(further, {}, m_runner), db::DbError);
         const Parameter list{u"p"_s, {}, {}, {}, QString::fromUtf8(statement), false};
         EXPECT_THROW((void)choicesOf(list, m_runner), db::DbError);
     }
-    for (const char *statement : {"Select PartID from tblPart; Delete from tblPart",
-                                  "Select * into tblNew from tblPart", "Execute block as begin end",
-                                  "tblPart"})
+    for (const char *statement :
+         {"Select PartID from tblPart; Delete from tblPart", "Select * into tblNew from tblPart",
+          "Execute block as begin end", "tblPart"})
         EXPECT_EQ(test::raisedBy<db::DbError>([&] {
                       db::demandQuery(QString::fromLatin1(statement));
                   }).number(),
@@ -127,16 +129,15 @@ TEST_F(Reader, RefusesWhatDoesNotOnlyRead)
 TEST_F(Reader, AnswersAreTyped)
 {
     using Case = std::tuple<ParameterType, QString, std::optional<QVariant>>;
-    const Case cases[] = {
-        {ParameterType::Text, u" a "_s, u"a"_s},
-        {ParameterType::Text, u"  "_s, QVariant()},
-        {ParameterType::Number, u"12.5"_s, 12.5},
-        {ParameterType::Number, u"twelve"_s, std::nullopt},
-        {ParameterType::Date, u"3/5/2024"_s, base::wallClock(QDate(2024, 3, 5))},
-        {ParameterType::Date, u"13/5/2024"_s, std::nullopt},
-        {ParameterType::YesNo, u"YES"_s, true},
-        {ParameterType::YesNo, u"no"_s, false},
-        {ParameterType::YesNo, u"maybe"_s, std::nullopt}};
+    const Case cases[] = {{ParameterType::Text, u" a "_s, u"a"_s},
+                          {ParameterType::Text, u"  "_s, QVariant()},
+                          {ParameterType::Number, u"12.5"_s, 12.5},
+                          {ParameterType::Number, u"twelve"_s, std::nullopt},
+                          {ParameterType::Date, u"3/5/2024"_s, base::wallClock(QDate(2024, 3, 5))},
+                          {ParameterType::Date, u"13/5/2024"_s, std::nullopt},
+                          {ParameterType::YesNo, u"YES"_s, true},
+                          {ParameterType::YesNo, u"no"_s, false},
+                          {ParameterType::YesNo, u"maybe"_s, std::nullopt}};
     for (const auto &[type, text, answer] : cases)
         EXPECT_EQ(answerOf({u"p"_s, type, {}, {}, {}, false}, text), answer) << text.toStdString();
     const QDateTime now = base::wallClock(QDate(2024, 3, 15), QTime(8, 0));

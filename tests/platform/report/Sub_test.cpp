@@ -14,11 +14,12 @@ using namespace Qt::StringLiterals;
 /// Machines with their services and pictures, six bands of 5 mm a page.
 Layout machines(const QByteArray &bands, const QByteArray &before = {})
 {
-    return layoutOf(R"x(<report version="2"><page left="10mm" top="10mm" right="10mm" bottom="239.4mm"/>
+    return layoutOf(
+        R"x(<report version="2"><page left="10mm" top="10mm" right="10mm" bottom="239.4mm"/>
         <rows name="services" key="Machine" of="ID">Select 1</rows>
         <rows name="pictures" key="Of" of="ID">Select 2</rows>)x" +
-                    before + R"(<band kind="detail" height="5mm"><field content="Name"/></band>)" +
-                    bands + "</report>");
+        before + R"(<band kind="detail" height="5mm"><field content="Name"/></band>)" + bands +
+        "</report>");
 }
 
 const Rows machineRows({u"ID"_s, u"Name"_s},
@@ -35,9 +36,9 @@ Inputs sets()
                                                                      {7, u"Lost"_s, 4},
                                                                      {QVariant(), u"None"_s, 4},
                                                                      {1, u"Belt"_s, 4}}));
-    inputs.rowSets.insert(u"pictures"_s, std::make_shared<Rows>(QStringList{u"Of"_s, u"File"_s},
-                                                                QList<QVariantList>{
-                                                                    {u"1"_s, u"a.png"_s}}));
+    inputs.rowSets.insert(u"pictures"_s,
+                          std::make_shared<Rows>(QStringList{u"Of"_s, u"File"_s},
+                                                 QList<QVariantList>{{u"1"_s, u"a.png"_s}}));
     return inputs;
 }
 
@@ -70,8 +71,9 @@ TEST(SubBands, ShowTheRowsThatBelongToARow)
             <band kind="subFooter" rows="services" height="5mm"><field content="count(*) &amp; ')' &amp; max(Cost)"/></band>
             <band kind="subDetail" rows="pictures" height="5mm"><field content="File"/></band>
             <band kind="reportFooter" height="5mm"><field content="'all ' &amp; count(*)"/></band>)x";
-    EXPECT_EQ(words(machines(bands), sets()),
-              "Mower (1 Oil 1=1+1 2=2+3 / Belt 3=4+7 3)4 a.png / Truck (2 Oil 1=8+8 1)8 Edger all 3")
+    EXPECT_EQ(
+        words(machines(bands), sets()),
+        "Mower (1 Oil 1=1+1 2=2+3 / Belt 3=4+7 3)4 a.png / Truck (2 Oil 1=8+8 1)8 Edger all 3")
         << "a machine stands with its first service, a total with the last";
 }
 
@@ -81,13 +83,12 @@ TEST(SubBands, AChartOfThemHasTheirRows)
         R"x(<band kind="subFooter" rows="services" height="40mm">
               <chart category="Name" title="{count(*)}"><series name="Cost" value="Cost"/></chart></band>)x");
     QStringList tables;
-    const Outcome outcome =
-        tabulate(layout, machineRows, sets(), [&](const TableBand &band) {
-            for (const TableGrid &grid : band.grids)
-                for (const QVariantList &row : grid.rows)
-                    tables.append(row[0].toString() + row[1].toString());
-            return true;
-        });
+    const Outcome outcome = tabulate(layout, machineRows, sets(), [&](const TableBand &band) {
+        for (const TableGrid &grid : band.grids)
+            for (const QVariantList &row : grid.rows)
+                tables.append(row[0].toString() + row[1].toString());
+        return true;
+    });
     EXPECT_EQ(tables.join(u' ').toStdString(), "Cost Oil3 Belt4 Cost Oil8");
     EXPECT_TRUE(outcome.problems.isEmpty());
 }
@@ -102,8 +103,8 @@ TEST(SubBands, WhatIsMissingIsTold)
     QStringList problems;
     EXPECT_EQ(words(layout, inputs, &problems).substr(0, 5), "Mower");
     const std::string all = problems.join(u'\n').toStdString();
-    for (const char *part : {"\"pictures\" were not given", "no field \"colour\"",
-                             "takes no \"report\""})
+    for (const char *part :
+         {"\"pictures\" were not given", "no field \"colour\"", "takes no \"report\""})
         EXPECT_THAT(all, testing::HasSubstr(part));
 }
 
@@ -111,9 +112,9 @@ TEST(CrossTab, SumsByTwoKeysInTheirOrder)
 {
     const auto day = [](int month, int of) { return base::wallClock(QDate(2024, month, of)); };
     const Rows rows({u"Site"_s, u"Day"_s, u"Cost"_s}, {{u"South"_s, day(2, 3), 4},
-                                                      {u"North"_s, day(1, 9), 1.5},
-                                                      {u"south"_s, day(1, 2), 2},
-                                                      {u"North"_s, day(1, 1), 0.25}});
+                                                       {u"North"_s, day(1, 9), 1.5},
+                                                       {u"south"_s, day(1, 2), 2},
+                                                       {u"North"_s, day(1, 1), 0.25}});
     const auto table = [&](const QByteArray &attributes, const QByteArray &place) {
         const Layout layout = layoutOf(
             "<report version=\"2\"><page left=\"10mm\" top=\"10mm\"/><band kind=\"reportHeader\">"

@@ -6,16 +6,20 @@
 
 #include "ReportRows.h"
 
+#include <QClipboard>
 #include <QComboBox>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPrinter>
+#include <QPrinterInfo>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolButton>
+#include <atomic>
 #include <gmock/gmock.h>
 
 namespace report {
@@ -39,6 +43,33 @@ std::shared_ptr<Rows> rows(int count)
     return std::make_shared<Rows>(QStringList{u"Name"_s}, list);
 }
 
+/// Rows beyond a number come only when they may.
+class HeldRows final : public DataSource
+{
+public:
+    HeldRows(int all, int free)
+        : m_all(all)
+        , m_free(free)
+    {}
+    [[nodiscard]] int rowCount() const override { return m_all; }
+    [[nodiscard]] int fieldIndex(const QString &name) const override
+    {
+        return name.compare(u"Name", Qt::CaseInsensitive) == 0 ? 0 : -1;
+    }
+    [[nodiscard]] QVariant value(int row, int) const override
+    {
+        // One at a time, so that a cancelled report gets away.
+        for (int turn = 0; row >= m_free && turn < 100; ++turn)
+            QThread::msleep(1);
+        return u"Mower %1"_s.arg(row + 1);
+    }
+    void letGo() { m_free = m_all; }
+
+private:
+    const int m_all;
+    std::atomic<int> m_free;
+};
+
 class Viewer : public testing::Test
 {
 protected:
@@ -48,7 +79,8 @@ protected:
         m_viewer.show();
         m_viewer.activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&m_viewer));
-        m_outcome = m_viewer.setReport(machines(), rows(36), {});
+        m_viewer.setReport(machines(), rows(36), {});
+        m_viewer.finishLayout();
         m_view->setFocus();
     }
     template<class Widget>
@@ -70,13 +102,12 @@ protected:
     test::ScriptedPrompts m_prompts;
     ReportViewer m_viewer;
     PageView *m_view = child<PageView>(u"pageView"_s);
-    Outcome m_outcome;
 };
 
 TEST_F(Viewer, ButtonsKeysAndNumbersMoveThroughThePages)
 {
     // 254 mm of page hold the header and twelve bands of 20 mm.
-    EXPECT_EQ(m_outcome.pages, 3);
+    EXPECT_EQ(m_viewer.outcome().pages, 3);
     EXPECT_EQ(pageText(), "1 of 3");
     EXPECT_FALSE(child<QToolButton>(u"previous"_s)->isEnabled());
     press(u"next"_s);
@@ -213,6 +244,147 @@ TEST_F(Viewer, PrintsTheChosenPages)
         return true;
     });
     m_prompts.expect(u"The report could not be printed."_s, base::Prompts::Icon::Critical);
+    EXPECT_FALSE(m_viewer.print());
+}
+
+TEST_F(Viewer, ShowsTheFirstPageWhileTheRestIsLaidOut)
+{
+    const auto held = std::make_shared<HeldRows>(1200, 30);
+    QSignalSpy ended(&m_viewer, &ReportViewer::layoutEnded);
+    m_viewer.setReport(machines(), held, {});
+    EXPECT_TRUE(m_viewer.isLayingOut());
+    EXPECT_EQ(pageText(), "1 of 2");
+    EXPECT_THAT(child<QLabel>(u"layoutStatus"_s)->text().toStdString(),
+                testing::StartsWith("Laying out, "));
+    EXPECT_FALSE(child<QToolButton>(u"export"_s)->isEnabled());
+    press(u"next"_s);
+    held->letGo();
+    EXPECT_TRUE(ended.wait());
+    EXPECT_EQ(pageText(), "2 of 100") << "where the user was";
+    EXPECT_EQ(child<Thumbnails>(u"thumbnails"_s)->model()->rowCount(), 100);
+    EXPECT_TRUE(child<QToolButton>(u"export"_s)->isEnabled());
+    EXPECT_FALSE(child<QToolButton>(u"cancelLayout"_s)->isVisible());
+    EXPECT_EQ(m_viewer.outcome().pages, 100);
+}
+
+TEST_F(Viewer, CancelKeepsThePagesThatAreThere)
+{
+    m_viewer.setReport(machines(), std::make_shared<HeldRows>(100'000, 30), {});
+    ASSERT_TRUE(m_viewer.isLayingOut());
+    QTest::keyClick(m_view, Qt::Key_Escape);
+    EXPECT_FALSE(m_viewer.isLayingOut());
+    EXPECT_GE(m_viewer.pageCount(), 2);
+    EXPECT_LT(m_viewer.pageCount(), 100);
+    EXPECT_EQ(child<QLabel>(u"layoutStatus"_s)->text(), u"Incomplete");
+    EXPECT_TRUE(child<QToolButton>(u"print"_s)->isEnabled());
+    // Another report in its place, and a window that closes, don't wait for the rest either.
+    m_viewer.setReport(machines(), std::make_shared<HeldRows>(100'000, 0), {});
+    m_viewer.setReport(machines(), rows(5), {});
+    EXPECT_EQ(pageText(), "1 of 1");
+    m_viewer.setReport(machines(), std::make_shared<HeldRows>(100'000, 0), {});
+}
+
+TEST_F(Viewer, TheTotalOfPagesComesLater)
+{
+    const Layout layout = layoutOf(R"x(<report version="1"><page left="10mm" top="10mm"/>
+        <group name="all" by="left(Name, 1)"/>
+        <band kind="pageHeader" height="5mm"><text content="{PageNumber} of {TotalPages}"/></band>
+        <band kind="detail" height="20mm"><field width="60mm" content="Name"/></band></report>)x");
+    const auto held = std::make_shared<HeldRows>(120, 30);
+    m_viewer.setReport(layout, held, {});
+    EXPECT_TRUE(m_viewer.isLayingOut());
+    EXPECT_EQ(m_viewer.pageCount(), 1);
+    const auto copied = [&] {
+        m_view->selectAll();
+        m_view->copy();
+        return QGuiApplication::clipboard()->text().section(u'\n', 0, 0);
+    };
+    EXPECT_EQ(copied(), u"1 of \u2026");
+    held->letGo();
+    m_viewer.finishLayout();
+    EXPECT_EQ(copied(), u"1 of 10");
+    EXPECT_EQ(m_viewer.pageCount(), 10);
+}
+
+TEST_F(Viewer, CopiesWhatTheMouseSelects)
+{
+    m_viewer.setZoom(100);
+    QWidget *viewport = m_view->viewport();
+    const double scale = m_view->logicalDpiX() / 2540.0;
+    const int left = qMax(10, (viewport->width() - int(21590 * scale)) / 2);
+    // Points of the first page, in 1/100 mm.
+    const auto at = [&](int x, int y) {
+        return QPoint(left + int(x * scale), 10 + int(y * scale));
+    };
+    const auto drag = [&](QPoint from, QPoint to) {
+        QTest::mousePress(viewport, Qt::LeftButton, {}, from);
+        QTest::mouseMove(viewport, to);
+        QTest::mouseRelease(viewport, Qt::LeftButton, {}, to);
+        QGuiApplication::clipboard()->clear();
+        QTest::keyClick(m_view, Qt::Key_C, Qt::ControlModifier);
+        return QGuiApplication::clipboard()->text().toStdString();
+    };
+    // The heading's line is from 10 mm down, the first machine's from 15, the next ones each 20 mm
+    // below.
+    EXPECT_EQ(drag(at(900, 900), at(9000, 4000)), "Machines\nMower 1\nMower 2");
+    EXPECT_EQ(drag(at(9000, 4000), at(900, 900)), "Machines\nMower 1\nMower 2") << "upwards";
+    // "M" of 9 points is 265 wide: the second letter begins there.
+    EXPECT_EQ(drag(at(1270, 1650), at(1800, 1650)), "owe");
+    EXPECT_EQ(drag(at(1800, 1650), at(1270, 1650)), "owe");
+    EXPECT_EQ(drag(at(15000, 8000), at(15000, 8000)), "");
+    QTest::keyClick(m_view, Qt::Key_A, Qt::ControlModifier);
+    m_view->copy();
+    const QStringList all = QGuiApplication::clipboard()->text().split(u'\n');
+    EXPECT_EQ(all.size(), 3 + 36) << "a heading on each page";
+    EXPECT_EQ(all.last(), u"Mower 36");
+}
+
+TEST(PageSelection, TextsBesideEachOtherAreColumns)
+{
+    const Layout layout = layoutOf(R"x(<report version="1"><band kind="detail" height="5mm">
+        <field x="60mm" content="B"/><field content="A" height="4mm" size="8"/></band></report>)x");
+    PageStore pages;
+    for (const Page &page :
+         allPages(layout, Rows({u"A"_s, u"B"_s}, {{1, u"x y"_s}, {2, u"z"_s}}), {}))
+        pages.append(page);
+    EXPECT_EQ(selectedText(pages, everything(pages)), u"1\tx y\n2\tz");
+}
+
+TEST_F(Viewer, SendsAPdfByMail)
+{
+    auto *mail = child<QToolButton>(u"mail"_s);
+    EXPECT_FALSE(mail->isVisible());
+    EXPECT_FALSE(m_viewer.sendByMail());
+    QStringList sent;
+    m_viewer.setMailer([&](const QString &pdf) { sent.append(pdf); });
+    EXPECT_TRUE(mail->isVisible());
+    press(u"mail"_s);
+    EXPECT_TRUE(m_viewer.sendByMail());
+    ASSERT_EQ(sent.size(), 2);
+    EXPECT_NE(sent[0], sent[1]);
+    EXPECT_TRUE(sent[0].endsWith(u"/Machines.pdf")) << sent[0].toStdString();
+    EXPECT_EQ(test::readFile(sent[0]).first(5), "%PDF-");
+}
+
+TEST_F(Viewer, RemarksAreThereToRead)
+{
+    EXPECT_FALSE(child<QToolButton>(u"remarks"_s)->isVisible());
+    m_viewer.setReport(layoutOf(R"(<report version="1"><band kind="detail">
+        <field content="Colour"/></band></report>)"),
+                       rows(2), {});
+    m_viewer.finishLayout();
+    m_prompts.expect(u"an object: there is no field \"colour\"."_s,
+                     base::Prompts::Icon::Information);
+    press(u"remarks"_s);
+}
+
+TEST_F(Viewer, WithoutAPrinterSaysSo)
+{
+    if (!QPrinterInfo::availablePrinterNames().isEmpty())
+        GTEST_SKIP() << "this computer has printers";
+    m_prompts.expect(
+        u"There is no printer on this computer. The report can be exported as a PDF file."_s,
+        base::Prompts::Icon::None);
     EXPECT_FALSE(m_viewer.print());
 }
 

@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QString>
 #include <QVariant>
+#include <functional>
 #include <memory>
 
 namespace report {
@@ -32,6 +33,8 @@ struct Inputs
     QDateTime now;             ///< what Now and Today give
     QString folder;            ///< where the layout's picture files lie
     base::Progress progress{}; ///< told of each row, in each pass over them
+    /// Asked at each row; True ends the report with the pages that are whole.
+    std::function<bool()> isCancelled{};
 };
 
 } // namespace report

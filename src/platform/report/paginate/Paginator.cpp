@@ -40,11 +40,15 @@ public:
         walk();
         placeAll(m_report.reportFooter);
         release();
-        if (!m_stopped)
+        if (!isStopped())
             finishPage();
     }
 
-    [[nodiscard]] bool isStopped() const override { return m_stopped; }
+    [[nodiscard]] bool isStopped() const override
+    {
+        m_stopped = m_stopped || (m_inputs.isCancelled && m_inputs.isCancelled());
+        return m_stopped;
+    }
     [[nodiscard]] int pages() const { return m_pages; }
     [[nodiscard]] const PageRuns &pageRuns() const { return m_runs; }
 
@@ -65,7 +69,7 @@ private:
     [[nodiscard]] QVariant totalPages() const override
     {
         const std::size_t run = m_runs.size() - 1;
-        return run < m_counted.size() ? m_counted[run] : 0;
+        return run < m_counted.size() ? QVariant(m_counted[run]) : QVariant(QString(QChar(0x2026)));
     }
 
     /// While pages are only counted, the height of most bands is known without making them. Of high
@@ -361,7 +365,7 @@ private:
     Length m_footerHeight = 0;
     bool m_bodyIsEmpty = true;
     bool m_breakPending = false;
-    bool m_stopped = false;
+    mutable bool m_stopped = false;
 
     std::optional<int> m_keptGroup; ///< the group that waits for its end
     std::vector<Kept> m_kept;
@@ -384,6 +388,10 @@ Outcome paginate(const Layout &layout, const DataSource &rows, const Inputs &inp
         const PageSink none;
         PageWalk counting(report, rows, inputs, sameProblems, none, std::nullopt);
         counting.run();
+        if (counting.isStopped()) {
+            outcome.stopped = true;
+            return outcome;
+        }
         counted = counting.pageRuns();
     }
     PageWalk walk(report, rows, inputs, outcome.problems, sink, counted);
@@ -391,6 +399,24 @@ Outcome paginate(const Layout &layout, const DataSource &rows, const Inputs &inp
     outcome.pages = walk.pages();
     outcome.stopped = walk.isStopped();
     return outcome;
+}
+
+Page firstPage(const Layout &layout, const DataSource &rows, const Inputs &inputs)
+{
+    const compiled::Report report = compiled::compile(layout, rows, inputs);
+    QStringList problems;
+    Page first;
+    const PageSink takeOne = [&](Page &&page) {
+        first = std::move(page);
+        return false;
+    };
+    PageWalk(report, rows, inputs, problems, takeOne, PageRuns()).run();
+    return first;
+}
+
+bool countsPages(const Layout &layout, const DataSource &rows, const Inputs &inputs)
+{
+    return compiled::compile(layout, rows, inputs).needsTotalPages;
 }
 
 QList<Page> allPages(const Layout &layout, const DataSource &rows, const Inputs &inputs,

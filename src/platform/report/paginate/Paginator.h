@@ -12,7 +12,7 @@ namespace report {
 struct Outcome
 {
     int pages = 0;
-    bool stopped = false; ///< the sink ended it
+    bool stopped = false; ///< the sink or the user ended it
     QStringList problems; ///< expressions that can't be read, unknown fields, pictures not found
 };
 
@@ -21,6 +21,13 @@ struct Outcome
 /// whole, and none is kept; a layout that names the total number of pages is run through twice.
 [[nodiscard]] Outcome paginate(const Layout &layout, const DataSource &rows, const Inputs &inputs,
                                const PageSink &sink);
+
+/// The first page while the rest is still to be laid out. Where the layout names the total number
+/// of pages an ellipsis stands in its place.
+[[nodiscard]] Page firstPage(const Layout &layout, const DataSource &rows, const Inputs &inputs);
+/// True when a layout names the total number of pages, so that its first page comes only after all
+/// have been counted.
+[[nodiscard]] bool countsPages(const Layout &layout, const DataSource &rows, const Inputs &inputs);
 
 /// All pages at once, for short reports and tests.
 [[nodiscard]] QList<Page> allPages(const Layout &layout, const DataSource &rows,

@@ -14,10 +14,9 @@ QueryText withoutNames(const QString &query)
             continue;
         result.statement += QStringView(query).sliced(copied, tokens[at].end - copied);
         copied = tokens[at].end;
-        const bool isNamed =
-            at + 1 < tokens.size() && tokens[at + 1].begin == tokens[at].end &&
-            (tokens[at + 1].kind == sql::TokenKind::Word ||
-             tokens[at + 1].kind == sql::TokenKind::Name);
+        const bool isNamed = at + 1 < tokens.size() && tokens[at + 1].begin == tokens[at].end &&
+                             (tokens[at + 1].kind == sql::TokenKind::Word ||
+                              tokens[at + 1].kind == sql::TokenKind::Name);
         result.parameters.append(isNamed ? tokens[at + 1].text.toString() : QString());
         if (isNamed)
             copied = tokens[at + 1].end;

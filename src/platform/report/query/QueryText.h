@@ -15,8 +15,8 @@ struct QueryText
     bool operator==(const QueryText &) const = default;
 };
 
-/// Takes the names off the parameters of a query, "?From" or "?[First day]"; what stands in texts and
-/// in brackets is left alone. A "?" without a name has an empty one. Raises a syntax error
+/// Takes the names off the parameters of a query, "?From" or "?[First day]"; what stands in texts
+/// and in brackets is left alone. A "?" without a name has an empty one. Raises a syntax error
 /// (base::Error) for a text that is no statement.
 [[nodiscard]] QueryText withoutNames(const QString &query);
 

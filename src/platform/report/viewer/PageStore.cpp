@@ -123,7 +123,7 @@ PageStore::PageStore()
     : m_unpacked(UnpackedPages)
 {}
 
-void PageStore::append(const Page &page)
+QByteArray PageStore::packed(const Page &page)
 {
     QByteArray bytes;
     QDataStream out(&bytes, QIODevice::WriteOnly);
@@ -133,22 +133,61 @@ void PageStore::append(const Page &page)
         out << quint8(item.index());
         std::visit(packer, item);
     }
-    m_packed.push_back(qCompress(bytes, 1));
+    return qCompress(bytes, 1);
+}
+
+void PageStore::append(const Page &page)
+{
+    const QMutexLocker lock(&m_mutex);
+    QByteArray bytes = packed(page);
+    if (std::exchange(m_isProvisional, false)) {
+        m_packed.back() = std::move(bytes);
+        m_firstIsStale = true;
+    } else {
+        m_packed.push_back(std::move(bytes));
+    }
+}
+
+void PageStore::appendProvisional(const Page &page)
+{
+    append(page);
+    const QMutexLocker lock(&m_mutex);
+    m_isProvisional = true;
 }
 
 void PageStore::clear()
 {
+    const QMutexLocker lock(&m_mutex);
     m_packed.clear();
     m_styles.clear();
     m_pictures.clear();
     m_unpacked.clear();
+    m_isProvisional = false;
+    m_firstIsStale = false;
+}
+
+int PageStore::count() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return static_cast<int>(m_packed.size());
 }
 
 const Page &PageStore::page(int index) const
 {
+    const QMutexLocker lock(&m_mutex);
+    if (std::exchange(m_firstIsStale, false))
+        m_unpacked.remove(0);
     if (const Page *known = m_unpacked.object(index))
         return *known;
-    const QByteArray bytes = qUncompress(m_packed.at(static_cast<std::size_t>(index)));
+    std::unique_ptr<Page> page = unpacked(m_packed.at(static_cast<std::size_t>(index)));
+    const Page &result = *page;
+    m_unpacked.insert(index, page.release());
+    return result;
+}
+
+std::unique_ptr<Page> PageStore::unpacked(const QByteArray &packed) const
+{
+    const QByteArray bytes = qUncompress(packed);
     QDataStream in(bytes);
     Unpacker unpacker(in, m_styles, m_pictures);
     auto page = std::make_unique<Page>();
@@ -161,9 +200,7 @@ const Page &PageStore::page(int index) const
         std::visit(unpacker, item);
         page->items.append(std::move(item));
     }
-    const Page &result = *page;
-    m_unpacked.insert(index, page.release());
-    return result;
+    return page;
 }
 
 } // namespace report

@@ -1,6 +1,10 @@
 #include "platform/report/viewer/PageView.h"
 
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QPainter>
 #include <QScrollBar>
 #include <cmath>
@@ -14,6 +18,7 @@ constexpr double UnitsPerInch = 2540;
 const QColor GroundColor(120, 126, 132);
 const QColor EdgeColor(70, 76, 82);
 const QColor MarkColor(255, 214, 64);
+const QColor SelectionColor(168, 204, 255);
 
 } // namespace
 
@@ -33,12 +38,19 @@ void PageView::setPages(const PageStore *pages, const PageSetup &page)
     m_pages = pages;
     m_page = page;
     m_mark.reset();
+    m_selection.reset();
     m_toldPage = -1;
     applyMode();
     updateScrollBars();
     verticalScrollBar()->setValue(0);
     viewport()->update();
     setCurrentPage(0);
+}
+
+void PageView::addPages()
+{
+    updateScrollBars();
+    viewport()->update();
 }
 
 void PageView::setZoom(int percent)
@@ -170,23 +182,31 @@ void PageView::paintEvent(QPaintEvent *)
         const QRect sheet(QPoint(leftOfPages(), topOf(index) - offset), size);
         if (sheet.top() > viewport()->height())
             break;
-        painter.save();
-        painter.fillRect(sheet, Qt::white);
-        painter.setClipRect(sheet);
-        painter.translate(sheet.topLeft());
-        painter.scale(scale(), scale());
-        painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
-                               QPainter::SmoothPixmapTransform);
-        m_painter.paint(m_pages->page(index), painter);
-        if (m_mark && m_mark->page == index) {
-            // Like a marker pen: what is dark stays dark.
-            painter.setCompositionMode(QPainter::CompositionMode_Multiply);
-            painter.fillRect(m_mark->place, MarkColor);
-        }
-        painter.restore();
+        paintPage(painter, index, sheet);
         painter.setPen(EdgeColor);
         painter.drawRect(sheet.adjusted(-1, -1, 0, 0));
     }
+}
+
+void PageView::paintPage(QPainter &painter, int index, const QRect &sheet)
+{
+    painter.save();
+    painter.fillRect(sheet, Qt::white);
+    painter.setClipRect(sheet);
+    painter.translate(sheet.topLeft());
+    painter.scale(scale(), scale());
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
+                           QPainter::SmoothPixmapTransform);
+    const Page &page = m_pages->page(index);
+    m_painter.paint(page, painter);
+    // Like a marker pen: what is dark stays dark.
+    painter.setCompositionMode(QPainter::CompositionMode_Multiply);
+    if (hasSelection())
+        for (const QRect &place : selectedPlaces(page, index, *m_selection))
+            painter.fillRect(place, SelectionColor);
+    if (m_mark && m_mark->page == index)
+        painter.fillRect(m_mark->place, MarkColor);
+    painter.restore();
 }
 
 void PageView::resizeEvent(QResizeEvent *)
@@ -198,6 +218,14 @@ void PageView::resizeEvent(QResizeEvent *)
 void PageView::keyPressEvent(QKeyEvent *event)
 {
     const bool control = event->modifiers() & Qt::ControlModifier;
+    if (event->matches(QKeySequence::Copy)) {
+        copy();
+        return;
+    }
+    if (event->matches(QKeySequence::SelectAll)) {
+        selectAll();
+        return;
+    }
     switch (event->key()) {
     case Qt::Key_Home:
         verticalScrollBar()->setValue(0);
@@ -226,6 +254,66 @@ void PageView::wheelEvent(QWheelEvent *event)
     }
     setZoom(m_zoom + (event->angleDelta().y() > 0 ? 10 : -10));
     event->accept();
+}
+
+/// Between pages the nearer one counts.
+PagePoint PageView::pointAt(QPoint viewport) const
+{
+    const int y = viewport.y() + verticalScrollBar()->value();
+    const int count = m_pages ? m_pages->count() : 0;
+    const int page = qBound(0, (y - Gap / 2) / (pageSize().height() + Gap), qMax(0, count - 1));
+    return {page,
+            {static_cast<int>(std::lround((viewport.x() - leftOfPages()) / scale())),
+             static_cast<int>(std::lround((y - topOf(page)) / scale()))}};
+}
+
+void PageView::setSelection(const std::optional<PageSelection> &selection)
+{
+    m_selection = selection;
+    viewport()->update();
+}
+
+void PageView::selectAll()
+{
+    if (m_pages)
+        setSelection(everything(*m_pages));
+}
+
+void PageView::copy() const
+{
+    if (m_pages && hasSelection())
+        QGuiApplication::clipboard()->setText(selectedText(*m_pages, *m_selection));
+}
+
+void PageView::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    const PagePoint point = pointAt(event->position().toPoint());
+    setSelection(PageSelection{point, point});
+}
+
+void PageView::mouseMoveEvent(QMouseEvent *event)
+{
+    if (!(event->buttons() & Qt::LeftButton) || !m_selection)
+        return;
+    // Beyond the edge the pages move along.
+    const int y = event->position().toPoint().y();
+    if (y < 0 || y > viewport()->height())
+        verticalScrollBar()->setValue(verticalScrollBar()->value() +
+                                      (y < 0 ? y : y - viewport()->height()));
+    setSelection(PageSelection{m_selection->from, pointAt(event->position().toPoint())});
+}
+
+void PageView::contextMenuEvent(QContextMenuEvent *event)
+{
+    QMenu menu(this);
+    QAction *copyText = menu.addAction(QStringLiteral("&Copy"), this, &PageView::copy);
+    copyText->setShortcut(QKeySequence::Copy);
+    copyText->setEnabled(hasSelection());
+    QAction *all = menu.addAction(QStringLiteral("Select &All"), this, &PageView::selectAll);
+    all->setShortcut(QKeySequence::SelectAll);
+    menu.exec(event->globalPos());
 }
 
 void PageView::scrollContentsBy(int, int)

@@ -3,6 +3,7 @@
 #include "platform/report/layout/Layout.h"
 #include "platform/report/render/PagePainter.h"
 #include "platform/report/viewer/PageSearch.h"
+#include "platform/report/viewer/PageSelection.h"
 
 #include <QAbstractScrollArea>
 
@@ -12,7 +13,8 @@ namespace report {
 enum class ZoomMode { Percent, FullWidth, WholePage };
 
 /// Shows pages below each other, as large as asked for; 100 percent is the size on paper. The arrow
-/// keys, Page Up and Down, Home and End move through them, Ctrl with the wheel zooms.
+/// keys, Page Up and Down, Home and End move through them, Ctrl with the wheel zooms. Texts are
+/// selected with the mouse or Ctrl+A and copied with Ctrl+C or the menu.
 class PageView final : public QAbstractScrollArea
 {
     Q_OBJECT
@@ -25,6 +27,8 @@ public:
 
     /// Shows these pages, which must outlive the view, from the first on.
     void setPages(const PageStore *pages, const PageSetup &page);
+    /// More pages have come; the first may have changed.
+    void addPages();
 
     void setZoom(int percent);
     void setZoomMode(ZoomMode mode);
@@ -37,6 +41,11 @@ public:
     /// Marks a place and brings it into view; nothing takes the mark away.
     void setMark(const std::optional<Found> &found);
 
+    void selectAll();
+    [[nodiscard]] bool hasSelection() const { return m_selection && !m_selection->isEmpty(); }
+    /// Puts the selected text into the clipboard.
+    void copy() const;
+
 Q_SIGNALS:
     void currentPageChanged(int index);
     void zoomChanged();
@@ -47,8 +56,14 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
 
 private:
+    [[nodiscard]] PagePoint pointAt(QPoint viewport) const;
+    void setSelection(const std::optional<PageSelection> &selection);
+    void paintPage(QPainter &painter, int index, const QRect &sheet);
     [[nodiscard]] double scale() const; ///< pixels for each 1/100 mm
     [[nodiscard]] QSize pageSize() const;
     [[nodiscard]] int topOf(int index) const;
@@ -65,6 +80,7 @@ private:
     int m_zoom = 100;
     ZoomMode m_mode = ZoomMode::Percent;
     std::optional<Found> m_mark;
+    std::optional<PageSelection> m_selection;
     int m_current = 0;
     int m_toldPage = -1;
 };

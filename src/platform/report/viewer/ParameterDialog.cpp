@@ -124,8 +124,8 @@ void ParameterDialog::accept()
         const std::optional<QVariant> answer = field.answer();
         const bool isMissing = answer && answer->isNull() && !field.parameter.isOptional;
         if (!answer || isMissing) {
-            base::showMessage(u"Please enter %1 for \"%2\"."_s.arg(
-                kindOf(field.parameter.type), promptOf(field.parameter)));
+            base::showMessage(u"Please enter %1 for \"%2\"."_s.arg(kindOf(field.parameter.type),
+                                                                   promptOf(field.parameter)));
             field.widget()->setFocus();
             return;
         }
@@ -143,8 +143,8 @@ std::optional<Answers> askParameters(const Layout &layout, QueryRunner &runner,
     std::vector<ParameterDialog::Offer> offers;
     QStringList problems;
     for (const Parameter &parameter : layout.parameters)
-        offers.push_back({parameter, usualAnswer(parameter, now, problems),
-                          choicesOf(parameter, runner)});
+        offers.push_back(
+            {parameter, usualAnswer(parameter, now, problems), choicesOf(parameter, runner)});
     ParameterDialog dialog(layout.title, std::move(offers), parent);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;

@@ -10,6 +10,7 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QDir>
 #include <QFrame>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -19,6 +20,7 @@
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QSpinBox>
+#include <QTemporaryDir>
 #include <QToolButton>
 
 namespace report {
@@ -29,6 +31,10 @@ using namespace Qt::StringLiterals;
 const QString fullWidthText = u"Full width"_s;
 const QString wholePageText = u"Whole page"_s;
 constexpr int ZoomStep = 25;
+/// So long the caller waits for a report to be whole.
+constexpr std::chrono::milliseconds ShortWait(300);
+/// Between two looks for new pages.
+constexpr std::chrono::milliseconds NewsInterval(60);
 
 class WaitCursor
 {
@@ -86,6 +92,8 @@ ReportViewer::ReportViewer(QWidget *parent)
     connect(m_view, &PageView::currentPageChanged, this, &ReportViewer::showPageNumber);
     connect(m_view, &PageView::zoomChanged, this, &ReportViewer::showZoom);
     connect(m_thumbnails, &Thumbnails::pageChosen, m_view, &PageView::showPage);
+    m_news.setInterval(NewsInterval);
+    connect(&m_news, &QTimer::timeout, this, &ReportViewer::takePages);
     clear();
 }
 
@@ -118,6 +126,10 @@ void ReportViewer::buildBar(QHBoxLayout *bar)
     m_export = addButton(bar, u"export"_s, u"Export to a file"_s, u"export"_s,
                          {QKeySequence(Qt::CTRL | Qt::Key_E)});
     connect(m_export, &QToolButton::clicked, this, &ReportViewer::exportToFile);
+    m_mail = addButton(bar, u"mail"_s, u"Send by mail"_s, u"mail"_s,
+                       {QKeySequence(Qt::CTRL | Qt::Key_M)});
+    connect(m_mail, &QToolButton::clicked, this, &ReportViewer::sendByMail);
+    m_mail->hide();
     addSeparator(bar);
 
     m_first = addButton(bar, u"first"_s, u"First page"_s, u"first"_s,
@@ -152,6 +164,22 @@ void ReportViewer::buildBar(QHBoxLayout *bar)
     addSeparator(bar);
     addSearch(bar);
     bar->addStretch(1);
+    buildStatus(bar);
+}
+
+/// What is going on and what was remarked, at the end of the bar.
+void ReportViewer::buildStatus(QHBoxLayout *bar)
+{
+    m_status = new QLabel(this);
+    m_status->setObjectName(u"layoutStatus"_s);
+    bar->addWidget(m_status);
+    m_cancel = addButton(bar, u"cancelLayout"_s, u"Cancel: no more pages"_s, u"cancel"_s,
+                         {QKeySequence(Qt::Key_Escape)});
+    connect(m_cancel, &QToolButton::clicked, this, &ReportViewer::cancelLayout);
+    m_remarks = addButton(bar, u"remarks"_s, u"Remarks on this report"_s, u"warning"_s, {});
+    connect(m_remarks, &QToolButton::clicked, this, &ReportViewer::showRemarks);
+    m_cancel->hide();
+    m_remarks->hide();
 }
 
 void ReportViewer::addZoom(QHBoxLayout *bar)
@@ -212,27 +240,71 @@ void ReportViewer::addSearch(QHBoxLayout *bar)
     });
 }
 
-Outcome ReportViewer::setReport(const Layout &layout, std::shared_ptr<const DataSource> rows,
-                                const Inputs &inputs)
+void ReportViewer::setReport(const Layout &layout, std::shared_ptr<const DataSource> rows,
+                             const Inputs &inputs)
 {
-    const WaitCursor wait;
+    clear();
     m_layout = layout;
     m_rows = std::move(rows);
     m_inputs = inputs;
-    m_pages.clear();
-    m_found.reset();
-    Outcome outcome = [&] {
-        input::ProgressBox box(u"Preparing the report..."_s, this);
-        return paginate(m_layout, *m_rows, inputsTelling(box), [this](Page &&page) {
-            m_pages.append(page);
-            return true;
-        });
-    }();
+    m_maker = std::make_unique<PageMaker>(m_layout, m_rows, m_inputs, m_pages);
+    {
+        const WaitCursor wait;
+        (void)m_maker->wait(ShortWait);
+    }
     m_thumbnails->setPages(&m_pages, m_layout.page);
     m_view->setPages(&m_pages, m_layout.page);
+    m_news.start();
+    takePages();
     showPageNumber(0);
     showZoom();
-    return outcome;
+}
+
+/// Shows what has come since the last look.
+void ReportViewer::takePages()
+{
+    if (!m_maker)
+        return;
+    const bool isDone = m_maker->isDone();
+    m_view->addPages();
+    m_thumbnails->addPages();
+    if (isDone)
+        endLayout();
+    else
+        m_status->setText(u"Laying out, %1%"_s.arg(static_cast<int>(100 * m_maker->share())));
+    m_cancel->setVisible(!isDone);
+    showPageNumber(m_view->currentPage());
+}
+
+void ReportViewer::endLayout()
+{
+    m_outcome = m_maker->outcome();
+    m_maker.reset();
+    m_news.stop();
+    m_status->setText(m_outcome.stopped ? u"Incomplete"_s : QString());
+    m_cancel->hide();
+    m_remarks->setVisible(!m_outcome.problems.isEmpty());
+    Q_EMIT layoutEnded();
+}
+
+void ReportViewer::cancelLayout()
+{
+    if (m_maker)
+        m_maker->cancel();
+    finishLayout();
+}
+
+void ReportViewer::finishLayout()
+{
+    const WaitCursor wait;
+    while (m_maker && !m_maker->wait(ShortWait)) {
+    }
+    takePages();
+}
+
+void ReportViewer::showRemarks()
+{
+    base::showInformation(m_outcome.problems.join(u'\n'));
 }
 
 Inputs ReportViewer::inputsTelling(input::ProgressBox &box) const
@@ -244,6 +316,12 @@ Inputs ReportViewer::inputsTelling(input::ProgressBox &box) const
 
 void ReportViewer::clear()
 {
+    m_maker.reset();
+    m_news.stop();
+    m_outcome = {};
+    m_status->clear();
+    m_cancel->hide();
+    m_remarks->hide();
     m_pages.clear();
     m_rows.reset();
     m_found.reset();
@@ -263,6 +341,8 @@ bool ReportViewer::print()
 {
     if (m_pages.count() == 0)
         return false;
+    if (m_maker)
+        finishLayout();
     QPrinter printer(QPrinter::HighResolution);
     setUpPrinter(printer, m_layout.page, m_layout.title);
     if (!m_choosePrinter(printer, m_pages.count(), this))
@@ -292,14 +372,48 @@ bool ReportViewer::exportToFile()
             u"The file's name has to end in .pdf, .xlsx, .csv or .html, which tells its form."_s);
         return false;
     }
+    return writeReport(path, *format);
+}
+
+bool ReportViewer::writeReport(const QString &path, ExportFormat format)
+{
     try {
         const WaitCursor wait;
         input::ProgressBox box(u"Writing the file..."_s, this);
-        (void)exportReport(m_layout, *m_rows, inputsTelling(box), path, *format);
+        (void)exportReport(m_layout, *m_rows, inputsTelling(box), path, format);
     } catch (const base::Error &error) {
         base::showCritical(error.description());
         return false;
     }
+    return true;
+}
+
+void ReportViewer::setMailer(Mailer mailer)
+{
+    m_mailer = std::move(mailer);
+    m_mail->setVisible(static_cast<bool>(m_mailer));
+}
+
+bool ReportViewer::sendByMail()
+{
+    if (!m_rows || !m_mailer)
+        return false;
+    // The mail program reads the file when it likes, maybe after this window is closed.
+    static const QTemporaryDir folder(QDir::temp().filePath(u"report-XXXXXX"_s));
+    static int number = 0;
+    QString name = m_layout.title.isEmpty() ? u"Report"_s : m_layout.title;
+    for (QChar &letter : name)
+        if (!letter.isLetterOrNumber() && letter != u' ' && letter != u'-')
+            letter = u'_';
+    const QDir own(folder.filePath(QString::number(++number)));
+    const QString path = own.filePath(name + u".pdf"_s);
+    if (!own.mkpath(u"."_s)) {
+        base::showCritical(u"\"%1\" can't be written."_s.arg(QDir::toNativeSeparators(path)));
+        return false;
+    }
+    if (!writeReport(path, ExportFormat::Pdf))
+        return false;
+    m_mailer(path);
     return true;
 }
 
@@ -351,8 +465,10 @@ void ReportViewer::enableButtons()
 {
     const int page = m_page->value();
     const bool any = m_pages.count() > 0;
-    m_print->setEnabled(any);
-    m_export->setEnabled(any);
+    // What is written or printed shall be whole, or what the user has left it at.
+    m_print->setEnabled(any && !m_maker);
+    m_export->setEnabled(any && !m_maker);
+    m_mail->setEnabled(any && !m_maker);
     m_page->setEnabled(any);
     m_first->setEnabled(page > 1);
     m_previous->setEnabled(page > 1);

@@ -25,11 +25,23 @@ public:
     {
         beginResetModel();
         m_pages = pages;
+        m_shown = pages->count();
         endResetModel();
+    }
+    void addPages()
+    {
+        if (m_shown > 0)
+            Q_EMIT dataChanged(index(0), index(0));
+        const int count = m_pages ? m_pages->count() : 0;
+        if (count <= m_shown)
+            return;
+        beginInsertRows({}, m_shown, count - 1);
+        m_shown = count;
+        endInsertRows();
     }
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override
     {
-        return parent.isValid() || !m_pages ? 0 : m_pages->count();
+        return parent.isValid() ? 0 : m_shown;
     }
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override
     {
@@ -39,6 +51,7 @@ public:
 
 private:
     const PageStore *m_pages = nullptr;
+    int m_shown = 0; ///< pages that the list knows of
 };
 
 class Thumbnails::Delegate final : public QStyledItemDelegate
@@ -55,6 +68,7 @@ public:
         m_page = page;
         m_pictures.clear();
     }
+    void forgetFirst() { m_pictures.remove(0); }
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem &option,
                                  const QModelIndex &) const override
     {
@@ -126,6 +140,12 @@ void Thumbnails::setPages(const PageStore *pages, const PageSetup &page)
     static_cast<Delegate *>(itemDelegate())->setPage(page);
     m_model->setPages(pages);
     setCurrentPage(0);
+}
+
+void Thumbnails::addPages()
+{
+    static_cast<Delegate *>(itemDelegate())->forgetFirst();
+    m_model->addPages();
 }
 
 void Thumbnails::setCurrentPage(int index)

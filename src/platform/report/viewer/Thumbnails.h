@@ -17,6 +17,8 @@ public:
 
     /// Shows these pages, which must outlive the list.
     void setPages(const PageStore *pages, const PageSetup &page);
+    /// More pages have come; the first may have changed.
+    void addPages();
     void setCurrentPage(int index);
 
 Q_SIGNALS:

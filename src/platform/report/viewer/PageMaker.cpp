@@ -1,0 +1,53 @@
+#include "platform/report/viewer/PageMaker.h"
+
+#include "platform/base/Error.h"
+
+namespace report {
+
+PageMaker::PageMaker(const Layout &layout, std::shared_ptr<const DataSource> rows,
+                     const Inputs &inputs, PageStore &pages)
+    : m_layout(layout)
+    , m_rows(std::move(rows))
+    , m_inputs(inputs)
+    , m_pages(pages)
+{
+    m_inputs.progress = [this](int done, int all) { m_share = double(done) / qMax(1, all); };
+    m_inputs.isCancelled = [this] { return m_isCancelled.load(); };
+    m_thread = std::thread([this] { run(); });
+}
+
+PageMaker::~PageMaker()
+{
+    cancel();
+    m_thread.join();
+}
+
+bool PageMaker::wait(std::chrono::milliseconds atMost)
+{
+    std::unique_lock lock(m_mutex);
+    return m_ended.wait_for(lock, atMost, [this] { return m_isDone.load(); });
+}
+
+void PageMaker::run()
+{
+    // No error may leave the thread; what fails here is one of the report's remarks.
+    try {
+        if (countsPages(m_layout, *m_rows, m_inputs))
+            m_pages.appendProvisional(firstPage(m_layout, *m_rows, m_inputs));
+        m_outcome = paginate(m_layout, *m_rows, m_inputs, [this](Page &&page) {
+            m_pages.append(page);
+            return true;
+        });
+    } catch (const base::Error &error) {
+        m_outcome.stopped = true;
+        m_outcome.problems.append(error.description());
+    } catch (const std::exception &error) {
+        m_outcome.stopped = true;
+        m_outcome.problems.append(QString::fromUtf8(error.what()));
+    }
+    const std::lock_guard lock(m_mutex);
+    m_isDone = true;
+    m_ended.notify_all();
+}
+
+} // namespace report
