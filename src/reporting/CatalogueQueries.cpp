@@ -305,7 +305,8 @@ QString reorder()
 {
     return u"SELECT tblPart.PartID, tblPart.Description, tblPart.Quantity, "
            "QtyMax AS QtyRequired, QtyMin, tblPart.Price, tblIndicator.ItemName, "
-           "tblSupplier.Name, tblPart.Inactive"_s +
+           "tblSupplier.Name, tblPart.Inactive, (Select Sum(QuantityRequired) from tblWoPartUsed "
+           "Where PartID = tblPart.PartID) AS [Committed]"_s +
            joined(u"tblPart"_s, {SupplierOfPart, CategoryOfPart}) +
            u" Where Inactive = 0 and TrackInventory=0 and "_s;
 }

@@ -1,7 +1,9 @@
 #include "console/Console.h"
+#include "core/General.h"
 #include "core/Session.h"
 #include "core/StartUp.h"
 #include "platform/base/Environment.h"
+#include "reporting/Preparation.h"
 #include "reports/Gallery.h"
 
 #include <QCommandLineParser>
@@ -40,6 +42,8 @@ void setUpCompany(QDate today, QTextStream &err)
         throw base::Error(base::ErrorNumber::InvalidCall, u"There is no sample company."_s);
     gsDatabasePath = base::applicationPath(u"\\Data\\Quorvantis.mdb"_s);
     openConnections();
+    // A workstation that has never kept an option has no identifier, and reads none.
+    SetOption(catalogue::paperOption(), catalogue::papers().front(), true);
     gcnData->Execute(u"Insert into tblErrorList(ErrNumber, ErrDescription, LineNumber, ModuleName, "
                      "ProcedureName, ErrDateTime, UserMsg) values(3218, 'Another workstation is "
                      "changing this record.', 0, 'Equipment', 'SaveRecord', '3/15/2024 9:30:00 "
