@@ -1,0 +1,438 @@
+#include "core/CompanySession.h"
+#include "platform/base/Decimal.h"
+#include "platform/base/Environment.h"
+#include "platform/report/paginate/Tabulator.h"
+#include "reporting/FilterText.h"
+#include "reporting/Preparation.h"
+#include "reporting/ReportFiles.h"
+
+#include <gtest/gtest.h>
+#include <map>
+#include <set>
+
+/// What the reports on services and parts print, a second way: on a small company against figures
+/// worked out by hand, on the sample company against loops over the tables.
+namespace {
+
+using namespace Qt::StringLiterals;
+using base::Money;
+
+/// What a report says: its lines, the sums of its groups and its total, cells parted by bars.
+struct Printed
+{
+    QStringList lines{};
+    QStringList groups{};
+    QString total{};
+};
+
+Printed printed(const QString &layout, const QString &filter = {})
+{
+    const catalogue::Prepared ready =
+        catalogue::prepare({.layout = layout, .filter = filter}, reportfiles::readDelivered(layout),
+                           catalogue::open(catalogue::reportOf(layout), filter));
+    Printed result;
+    const report::Outcome outcome = report::tabulate(
+        ready.layout, *ready.rows, ready.inputs, [&](const report::TableBand &band) {
+            QStringList cells;
+            for (const report::TableCell &cell : band.cells)
+                cells.append(cell.text);
+            const QString text = cells.join(u'|');
+            if (band.band->kind == report::BandKind::Detail)
+                result.lines.append(text);
+            else if (band.band->kind == report::BandKind::GroupFooter)
+                result.groups.append(text);
+            else if (band.band->kind == report::BandKind::ReportFooter && result.total.isEmpty())
+                result.total = text;
+            return true;
+        });
+    EXPECT_EQ(outcome.problems, QStringList()) << qPrintable(layout);
+    return result;
+}
+
+class Figures : public testing::Test
+{
+protected:
+    void begin(const test::CompanyDatabase &company)
+    {
+        gcnData = company.open();
+        gcnLookup = company.open();
+        reportfiles::installDelivered(base::environment().applicationFolder);
+    }
+    ~Figures() override { closeConnections(); }
+
+    test::TestEnvironment environment;
+};
+
+// --- A company by hand -------------------------------------------------------------------------
+
+const QString SpringHistory = u"Where (CompleteDate >= #01/01/2024# and CompleteDate <= "
+                              "#12/31/2024#) "_s;
+const QString SpringParts = u"Where (tblWOServiceUsedHistory.Completedate >= #01/01/2024# and "
+                            "tblWOServiceUsedHistory.Completedate <= #12/31/2024#) "_s;
+const QString DueInSpring = u" Where ( tblServiceUsed.NextScheduledDate  >= #03/15/2024# and "
+                            "tblServiceUsed.NextScheduledDate <= #04/15/2024#) "_s;
+
+/// One machine on file and one deleted. Service 101 has three parts, 103 neither parts nor hours,
+/// 104 is a year older. Part A was used on two orders and is needed by three services, one of them
+/// far ahead; C is no longer in the register.
+class HandFigures : public Figures
+{
+protected:
+    HandFigures()
+    {
+        begin(company);
+        for (const char *statement :
+             {"Insert into tblEquipment(EquipmentID, UnitNo, EquipmentName, SiteID) values(1, "
+              "'U1', 'Mower', 1)",
+              "Insert into tblSite(SiteID, SiteName) values(1, 'Yard')",
+              "Insert into tblCrew(CrewID, CrewNumber, Description) values(5, 7, 'Shop')",
+              "Insert into tblSupplier(SupplierID, Name) values(1, 'Acme')",
+              "Insert into tblPart(PartID, Description, Quantity, Price, SupplierID, QtyMax, "
+              "QtyMin, Inactive, TrackInventory) values('A', 'Belt', 4, 10.5, 1, 10, 5, 0, 0)",
+              "Insert into tblPart(PartID, Description, Quantity, Price, SupplierID, QtyMax, "
+              "QtyMin, Inactive, TrackInventory) values('B', 'Plug', 9, 5.555, 1, 6, 2, 0, 0)",
+              "Insert into tblPart(PartID, Description, Quantity, Price, SupplierID, QtyMax, "
+              "QtyMin, Inactive, TrackInventory) values('D', 'Rag', 0, 3.335, 1, 2, 1, 0, 1)",
+              "Insert into tblPart(PartID, Description, Quantity, Price, SupplierID, QtyMax, "
+              "QtyMin, Inactive, TrackInventory) values('E', 'Old', 0, 100, 1, 2, 1, 1, 0)",
+              "Insert into tblPart(PartID, Description, Quantity, Price, SupplierID, QtyMax, "
+              "QtyMin, Inactive, TrackInventory) values('F', 'Clip', 1, 0.005, 0, 4, 3, 0, 0)",
+              "Insert into tblWoPartUsed(ServiceUsedID, PartID, QuantityRequired) values(301, 'A', "
+              "2)",
+              "Insert into tblWoPartUsed(ServiceUsedID, PartID, QuantityRequired) values(302, 'A', "
+              "1)"})
+            gcnData->Execute(QString::fromLatin1(statement));
+        post(101, 10, 1, 5, "26.025", "'1:30'", "#03/01/2024#");
+        post(102, 11, 2, 0, "10", "'0:45'", "#03/02/2024#");
+        post(103, 12, 1, 5, "5.005", "Null", "#03/01/2024#");
+        post(104, 9, 1, 5, "999", "'9:00'", "#03/01/2023#");
+        use(101, "A", "Belt", "10", "2");
+        use(101, "B", "Plug", "5.55", "1");
+        use(101, "C", "Gasket", "0.335", "3");
+        use(102, "A", "Belt", "10.505", "1");
+        use(104, "A", "Belt", "10", "7");
+        plan(201, "#03/20/2024#", {{"A", 2}, {"B", 1}, {"C", 6}});
+        plan(202, "#04/01/2024#", {{"A", 3}});
+        plan(203, "#12/01/2024#", {{"A", 50}, {"B", 20}});
+    }
+
+    static void post(int service, int order, int machine, int crew, const char *cost,
+                     const char *hours, const char *day)
+    {
+        gcnData->Execute(u"Insert into tblWOServiceUsedHistory(ServiceUsedID, WorkorderNo, "
+                         "EquipmentID, CrewID, ServiceName, CostEstimate, Workhrs, CompleteDate, "
+                         "Skip) values(%1, %2, %3, %4, 'Service %1', %5, %6, %7, 0)"_s.arg(service)
+                             .arg(order)
+                             .arg(machine)
+                             .arg(crew)
+                             .arg(cost, hours, day));
+    }
+    static void use(int service, const char *part, const char *name, const char *price,
+                    const char *quantity)
+    {
+        gcnData->Execute(u"Insert into tblWoPartHistory(ServiceusedID, partID, Description, Price, "
+                         "QuantityUsed) values(%1, '%2', '%3', %4, %5)"_s.arg(service)
+                             .arg(part, name, price, quantity));
+    }
+    static void plan(int service, const char *due,
+                     const std::vector<std::pair<const char *, int>> &parts)
+    {
+        gcnData->Execute(u"Insert into tblServiceUsed(ServiceUsedID, EquipmentID, Name, CrewID, "
+                         "NextScheduledDate) values(%1, 1, 'Service %1', 5, %2)"_s.arg(service)
+                             .arg(due));
+        for (const auto &[part, quantity] : parts)
+            gcnData->Execute(u"Insert into tblServiceUsedPart(ServiceUsedID, PartID, "
+                             "QuantityRequired) values(%1, '%2', %3)"_s.arg(service)
+                                 .arg(part)
+                                 .arg(quantity));
+    }
+
+    test::CompanyDatabase company;
+};
+
+TEST_F(HandFigures, SumsOfGroupsAndTotals)
+{
+    struct Expected
+    {
+        const char *layout;
+        QString filter;
+        QStringList groups;
+        QString total;
+    };
+    const Expected expected[] = {
+        // Each line is rounded ahead of the sums: 26.025 and 5.005 of labor are 31.04. The three
+        // parts of 101, 20 + 5.55 + 1.005, count its labor once.
+        {"rptServiceHistory",
+         SpringHistory,
+         {u"2 services|1:30|$31.04|$26.56|$57.60"_s, u"1 service|0:45|$10.00|$10.51|$20.51"_s},
+         u"Total of all machines: 3 services|2:15|$41.04|$37.07|$78.11"_s},
+        {"rptServiceHistorySiteWise",
+         SpringHistory,
+         {u"Total of Yard: 2 services|1:30|$31.04|$26.56|$57.60"_s,
+          u"Total of No site: 1 service|0:45|$10.00|$10.51|$20.51"_s},
+         u"Total of all sites: 3 services|2:15|$41.04|$37.07|$78.11"_s},
+        {"rptServiceHistoryCrewWise",
+         SpringHistory,
+         {u"Total of Crew 7 - Shop: 2 services|1:30|$31.04|$26.56|$57.60"_s,
+          u"Total of services without a crew: 1 service|0:45|$10.00|$10.51|$20.51"_s},
+         u"Total of all crews: 3 services|2:15|$41.04|$37.07|$78.11"_s},
+        // The deleted machine's hours are in no list of times.
+        {"rptServiceHistoryTimes",
+         SpringHistory,
+         {u"2 services|1:30"_s},
+         u"Total of all machines: 2 services|1:30"_s},
+        {"rptServiceHistoryTimesCDate",
+         {},
+         {u"2 services|1:30"_s},
+         u"Total of all days: 3 services|10:30"_s},
+        {"rptInventoryPartHistory",
+         SpringParts,
+         {u"Total of A: used on 2 services|3|$30.51"_s, u"Total of B: used on 1 service|1|$5.55"_s,
+          u"Total of C: used on 1 service|3|$1.01"_s},
+         u"Total of all parts: 4 lines|$37.07"_s},
+        {"rptInventoryPartHistoryCDate",
+         {},
+         {u"3 lines|$26.56"_s},
+         u"Total of all days: 5 lines|$107.07"_s},
+        // Neither what isn't tracked nor what is inactive has a value; half a cent is one.
+        {"rptInventoryReport",
+         u" where  Inactive =0"_s,
+         {u"Total of No category: 3 parts|$92.01"_s},
+         u"Total of the inventory: 3 parts|$92.01"_s},
+        {"rptInventoryReorderReport",
+         {},
+         {u"Total of Acme: 1 part|$105.00"_s, u"Total of No supplier: 1 part|$0.02"_s},
+         u"Total of all suppliers: 2 parts|$105.02"_s},
+        {"rptInventoryOrder_UpCommingServices",
+         DueInSpring,
+         {u"2 parts, 1 short"_s, u"1 part, 1 short"_s},
+         u"All suppliers: 3 parts, 2 short"_s},
+        {"rptInventoryPartUsage",
+         {},
+         {u"3 services|55"_s, u"2 services|21"_s, u"1 service|6"_s},
+         u"6 lines of parts that services need"_s},
+        {"rptInventoryPartHistorySummary", SpringParts, {}, u"Total of 3 parts|7"_s},
+    };
+    for (const Expected &row : expected) {
+        const Printed found = printed(QString::fromLatin1(row.layout), row.filter);
+        EXPECT_EQ(found.groups, row.groups) << row.layout << qPrintable(found.groups.join(u'\n'));
+        EXPECT_EQ(found.total, row.total) << row.layout << qPrintable(found.total);
+    }
+}
+
+TEST_F(HandFigures, Lines)
+{
+    EXPECT_EQ(printed(u"rptInventoryPartHistorySummary"_s, SpringParts).lines,
+              QStringList({u"A|Belt||3"_s, u"B|Plug||1"_s, u"C|Gasket||3"_s}));
+    EXPECT_EQ(printed(u"rptInventoryReorderReport"_s).lines,
+              QStringList({u"A|Belt||4|3|5|10|$105.00"_s, u"F|Clip||1||3|4|$0.02"_s}));
+    EXPECT_EQ(printed(u"rptInventoryOrder_UpCommingServices"_s, DueInSpring).lines,
+              QStringList({u"A|Belt||4|5|1"_s, u"B|Plug||9|1|"_s,
+                           u"C|Part no longer on file||0|6|6"_s}));
+    // With what open orders will take of it, B falls below its minimum of 2 too.
+    gcnData->Execute(u"Insert into tblWoPartUsed(ServiceUsedID, PartID, QuantityRequired) "
+                     "values(303, 'B', 8)"_s);
+    EXPECT_EQ(printed(u"rptInventoryReorderReport"_s, filters::reorder({.lessOrders = true})).lines,
+              QStringList({u"A|Belt||4|3|5|10|$105.00"_s, u"B|Plug||9|8|2|6|$33.33"_s,
+                           u"F|Clip||1||3|4|$0.02"_s}));
+}
+
+// --- The sample company ------------------------------------------------------------------------
+
+db::Recordset table(const QString &name)
+{
+    return gcnData->Open(u"Select * from "_s + name);
+}
+
+QString dollars(Money amount)
+{
+    QString text = base::fixedDecimals(amount.toDouble(), 2);
+    for (qsizetype at = text.size() - 6; at > 0; at -= 3)
+        text.insert(at, u',');
+    return u'$' + text;
+}
+
+QString hoursOf(qint64 minutes)
+{
+    return u"%1:%2"_s.arg(minutes / 60).arg(minutes % 60, 2, 10, QChar(u'0'));
+}
+
+/// A quarter's posted services, read without any join.
+class SampleFigures : public Figures
+{
+protected:
+    struct Service
+    {
+        qint64 machine;
+        QDate day;
+        Money labor;
+        qint64 minutes;
+    };
+    struct Use
+    {
+        qint64 service;
+        QString part;
+        double quantity;
+        Money cost;
+    };
+
+    SampleFigures()
+    {
+        begin(company);
+        for (const db::Row row : table(u"tblWOServiceUsedHistory"_s)) {
+            const QDate day = row.date(u"CompleteDate").date();
+            if (day < From || day > test::SampleCompany::today())
+                continue;
+            const QStringList time = row.text(u"Workhrs").split(u':');
+            services[row.integer(u"ServiceUsedID")] = {
+                row.integer(u"EquipmentID"), day, Money(row.real(u"CostEstimate")).cents(),
+                time.size() == 2 ? time[0].toInt() * 60 + time[1].toInt() : 0};
+        }
+        // Two machines are deleted, and what was done on them stays.
+        for (const qint64 machine : {services.begin()->second.machine,
+                                     services.rbegin()->second.machine})
+            gcnData->Execute(u"Delete from tblEquipment where EquipmentID = ?"_s, {machine});
+        for (const db::Row row : table(u"tblEquipment"_s))
+            machines.insert(row.integer(u"EquipmentID"));
+        for (const db::Row row : table(u"tblWoPartHistory"_s))
+            if (services.contains(row.integer(u"ServiceusedID")))
+                uses.push_back({row.integer(u"ServiceusedID"), row.text(u"partID"),
+                                row.real(u"QuantityUsed"),
+                                Money(row.real(u"Price")).centsTimes(row.real(u"QuantityUsed"))});
+    }
+
+    static QString clause(const QString &column)
+    {
+        return u"Where (%1 >= %2 and %1 <= %3) "_s.arg(
+            column, base::dateLiteral(base::wallClock(From)),
+            base::dateLiteral(base::wallClock(test::SampleCompany::today())));
+    }
+
+    inline static const QDate From{2023, 12, 15};
+    test::SampleCompany company;
+    std::set<qint64> machines; ///< on file
+    std::map<qint64, Service> services;
+    std::vector<Use> uses;
+};
+
+TEST_F(SampleFigures, ServiceHistoryAndTimes)
+{
+    Money labor;
+    Money parts;
+    qint64 minutes = 0;
+    qint64 known = 0;
+    qint64 knownMinutes = 0;
+    for (const auto &[id, service] : services) {
+        labor += service.labor;
+        minutes += service.minutes;
+        known += machines.contains(service.machine) ? 1 : 0;
+        knownMinutes += machines.contains(service.machine) ? service.minutes : 0;
+    }
+    for (const Use &use : uses)
+        parts += use.cost;
+    ASSERT_LT(known, services.size());
+    const QString sums =
+        u": %1 services|%2|%3|%4|%5"_s.arg(services.size())
+            .arg(hoursOf(minutes), dollars(labor), dollars(parts), dollars(labor + parts));
+    const QString times = u": %1 services|%2"_s.arg(known).arg(hoursOf(knownMinutes));
+    const std::pair<QString, QString> expected[] = {
+        {u"rptServiceHistory"_s, u"Total of all machines"_s + sums},
+        {u"rptServiceHistorySiteWise"_s, u"Total of all sites"_s + sums},
+        {u"rptServiceHistoryCrewWise"_s, u"Total of all crews"_s + sums},
+        {u"rptServiceHistoryTimes"_s, u"Total of all machines"_s + times},
+        {u"rptServiceHistoryTimesCDate"_s, u"Total of all days"_s + times},
+    };
+    for (const auto &[layout, total] : expected)
+        EXPECT_EQ(printed(layout, clause(u"CompleteDate"_s)).total, total) << qPrintable(layout);
+}
+
+TEST_F(SampleFigures, PartHistory)
+{
+    Money cost;
+    std::map<QString, double> used;
+    double all = 0;
+    for (const Use &use : uses) {
+        cost += use.cost;
+        used[use.part] += use.quantity;
+        all += use.quantity;
+    }
+    const QString filter = clause(u"tblWOServiceUsedHistory.Completedate"_s);
+    const QString lines = u": %1 lines|%2"_s.arg(uses.size()).arg(dollars(cost));
+    const Printed byPart = printed(u"rptInventoryPartHistory"_s, filter);
+    EXPECT_EQ(byPart.total, u"Total of all parts"_s + lines);
+    EXPECT_EQ(byPart.groups.size(), used.size());
+    EXPECT_EQ(printed(u"rptInventoryPartHistoryCDate"_s, filter).total,
+              u"Total of all days"_s + lines);
+
+    const Printed summary = printed(u"rptInventoryPartHistorySummary"_s, filter);
+    ASSERT_EQ(summary.lines.size(), used.size());
+    for (const QString &line : summary.lines)
+        EXPECT_EQ(line.section(u'|', -1).toDouble(), used[line.section(u'|', 0, 0)])
+            << qPrintable(line);
+    EXPECT_EQ(summary.total, u"Total of %1 parts|%2"_s.arg(used.size()).arg(all));
+}
+
+TEST_F(SampleFigures, StockAndWhatToOrder)
+{
+    Money worth;
+    Money order;
+    int tracked = 0;
+    std::set<QString> low;
+    std::map<QString, double> onHand;
+    for (const db::Row part : table(u"tblPart"_s)) {
+        onHand[part.text(u"PartID")] = part.real(u"Quantity");
+        if (part.flag(u"Inactive") || part.flag(u"TrackInventory"))
+            continue;
+        ++tracked;
+        worth += Money(part.real(u"Price")).centsTimes(part.real(u"Quantity"));
+        if (part.real(u"Quantity") < part.real(u"QtyMin")) {
+            low.insert(part.text(u"PartID"));
+            order += Money(part.real(u"Price")).centsTimes(part.real(u"QtyMax"));
+        }
+    }
+    EXPECT_EQ(printed(u"rptInventoryReport"_s, u" where  Inactive =0"_s).total,
+              u"Total of the inventory: %1 parts|%2"_s.arg(tracked).arg(dollars(worth)));
+    const Printed reorder = printed(u"rptInventoryReorderReport"_s);
+    EXPECT_EQ(reorder.total,
+              u"Total of all suppliers: %1 parts|%2"_s.arg(low.size()).arg(dollars(order)));
+    for (const QString &line : reorder.lines)
+        EXPECT_TRUE(low.contains(line.section(u'|', 0, 0))) << qPrintable(line);
+
+    const QDate last = test::SampleCompany::today().addMonths(1);
+    std::set<qint64> due;
+    for (const db::Row service : table(u"tblServiceUsed"_s)) {
+        const QDate day = service.date(u"NextScheduledDate").date();
+        if (day >= test::SampleCompany::today() && day <= last)
+            due.insert(service.integer(u"ServiceUsedID"));
+    }
+    std::map<QString, double> needed;
+    std::map<QString, double> everNeeded;
+    for (const db::Row need : table(u"tblServiceUsedPart"_s)) {
+        everNeeded[need.text(u"PartID")] += need.real(u"QuantityRequired");
+        if (due.contains(need.integer(u"ServiceUsedID")))
+            needed[need.text(u"PartID")] += need.real(u"QuantityRequired");
+    }
+    const Printed upcoming = printed(u"rptInventoryOrder_UpCommingServices"_s,
+                                     u" Where ( tblServiceUsed.NextScheduledDate  >= "
+                                     "#03/15/2024# and tblServiceUsed.NextScheduledDate <= "
+                                     "#04/15/2024#) "_s);
+    ASSERT_EQ(upcoming.lines.size(), needed.size());
+    for (const QString &line : upcoming.lines) {
+        const QString part = line.section(u'|', 0, 0);
+        const double shortage = needed[part] - onHand[part];
+        EXPECT_EQ(line.section(u'|', 3),
+                  u"%1|%2|%3"_s.arg(onHand[part])
+                      .arg(needed[part])
+                      .arg(shortage > 0 ? QString::number(shortage) : QString()))
+            << qPrintable(line);
+    }
+    double sum = 0;
+    for (const QString &group : printed(u"rptInventoryPartUsage"_s).groups)
+        sum += group.section(u'|', -1).toDouble();
+    double all = 0;
+    for (const auto &[part, quantity] : everNeeded)
+        all += quantity;
+    EXPECT_EQ(sum, all);
+}
+
+} // namespace
