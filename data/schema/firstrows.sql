@@ -13,7 +13,7 @@ update tblUser set EqAdd = '1', EqMod = '1', EqDel = '1', SerAdd = '1',
     InvReorderReport = '1', InvOrUpSer = '1', InvPartUsage = '1', InvPartHistory = '1'
     where UserName = 'Admin';
 
-insert into tblSysOption (SysOption, itemValue) values ('DBVERSION', '100');
+insert into tblSysOption (SysOption, itemValue) values ('DBVERSION', '101');
 insert into tblSysOption (SysOption, itemValue) values ('SECURITYONOFF', '0');
 insert into tblSysOption (SysOption, itemValue) values ('GEN_COMPANY_NAME', '');
 insert into tblSysOption (SysOption, itemValue) values ('GEN_COMPANY_ADDRESS1', '');

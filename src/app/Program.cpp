@@ -3,6 +3,7 @@
 #include "app/Screens.h"
 #include "core/Session.h"
 #include "core/StartUp.h"
+#include "core/UpdateDatabase.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Prompts.h"
 #include "platform/input/DialogPrompts.h"
@@ -49,6 +50,7 @@ int runProgram(QApplication &application, const std::function<void(QWidget &)> &
     std::unique_ptr<frmMainScreen> mainScreen;
     StartUpSteps steps;
     steps.PrevInstance = [&] { return !instance.isFirst(); };
+    steps.UpdateDatabase = [](bool showFailure) { return UpdateDatabase(showFailure); };
     steps.frmLogin = [] {
         letSignalsEndTheProcess();
         bool loggedIn = false;

@@ -1,5 +1,6 @@
 #include "app/Screens.h"
 
+#include "core/UpdateDatabase.h"
 #include "core/ui/Openings.h"
 #include "core/ui/frmSendEmail.h"
 #include "equipment/ui/DateSheets.h"
@@ -7,6 +8,7 @@
 #include "exchange/ui/Entries.h"
 #include "organisation/ui/Entries.h"
 #include "parts/ui/Entries.h"
+#include "platform/base/Prompts.h"
 #include "platform/help/Help.h"
 #include "reporting/ui/FilterEntries.h"
 #include "reporting/ui/QuickFindEntries.h"
@@ -91,6 +93,18 @@ void joinExchange(Openings &all)
     all.join(u"ShowImportXmlDetails"_s, ShowImportXmlDetails);
 }
 
+/// The update from the menu; a failure can be reported to the makers.
+void updateDatabase()
+{
+    bool showFailure = false;
+    if (!UpdateDatabase(showFailure))
+        return;
+    if (openings().isJoined(u"frmSendDBUpdate"))
+        openings().open(u"frmSendDBUpdate");
+    else
+        base::showInformation(u"Failed to update the database."_s);
+}
+
 } // namespace
 
 void joinScreens()
@@ -107,6 +121,7 @@ void joinScreens()
     joinReports();
     joinFilterScreens();
     joinExchange(all);
+    all.join(u"mnuUpdateDatabase"_s, updateDatabase);
 }
 
 } // namespace app

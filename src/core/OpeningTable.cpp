@@ -218,6 +218,8 @@ constexpr std::array table{
     help.entry("mnuAboutQuorvantis", "About Quorvantis", "The program and its version")
           .opens("frmAbout"),
 
+    // Offered when an update of the database has failed.
+    inner("frmSendDBUpdate"),
     inner("ShowEquipmentDetailReport", &Rights::EqDetail),
     inner("ShowEquipmentInspectionReport", &Rights::InspDatReading),
     inner("ShowEquipmentLicenseReport", &Rights::LicRenDateReading),

@@ -18,6 +18,7 @@ protected:
         gWindowsVersion = {2, u"Windows XP"_s, u"5.1"_s, u"2600"_s, u"Service Pack 3"_s};
         SetRegistryValue(u"VERSION"_s, u"2.3.1"_s);
         SetRegistryValue(u"MainApp"_s, u"C:\\QV"_s);
+        SetOption(u"DBVERSION"_s, 100, false);
         report = {u"General Function"_s,
                   u"GetTableInfo"_s,
                   -2147217900,

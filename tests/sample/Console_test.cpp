@@ -1,9 +1,11 @@
 #include "console/Console.h"
+#include "core/database/Resources.h"
 #include "platform/base/Error.h"
 #include "platform/db/Maintenance.h"
 #include "platform/settings/Registry.h"
 #include "support/CompanyDatabase.h"
 #include "support/TestEnvironment.h"
+#include "support/TestFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -160,6 +162,55 @@ TEST(Console, MakesChecksCopiesAndCompacts)
         EXPECT_EQ(outcome.out, u"UserName\nAdmin\n"_s) << outcome.err.toStdString();
     }
     EXPECT_EQ(folder.entryList({u"made.fdb*"_s}, QDir::Files), QStringList{u"made.fdb"_s});
+}
+
+TEST(Console, ShipsOnlyAScriptThatLeadsToTheNewSchema)
+{
+    const test::TestEnvironment environment;
+    const QDir folder(environment.folder());
+    const QString text = folder.filePath(u"changes.sql"_s);
+    const QString script = folder.filePath(u"DBChanges.mdb"_s);
+    const QByteArray shipped = company::resourceText(u"changes.sql"_s).toUtf8();
+    struct Case
+    {
+        const char *what;
+        QByteArray text;
+        QString complaint;
+    };
+    for (const auto &[what, content, complaint] :
+         {Case{"a change is lacking", shipped.left(shipped.indexOf("alter table")),
+               u"lacks tblEmployee.Skills"_s},
+          Case{"one too many", shipped + "create table tblMore (A long);", u"has tblMore.A"_s},
+          Case{"one that fails", shipped + "drop table tblNone;", u"drop table tblNone"_s},
+          Case{"an option that new ones lack",
+               shipped + "insert into tblSysOption (SysOption) values ('X');",
+               u"has option X"_s}}) {
+        test::writeFile(text, content);
+        const Outcome outcome = runConsole({u"make-script"_s, text, script});
+        EXPECT_EQ(outcome.code, console::Failed) << what;
+        EXPECT_TRUE(outcome.err.contains(complaint)) << what << outcome.err.toStdString();
+        EXPECT_FALSE(QFile::exists(script)) << what;
+    }
+    test::writeFile(text, shipped);
+    EXPECT_EQ(runConsole({u"check-changes"_s, text}).code, console::Success);
+    EXPECT_EQ(runConsole({u"make-script"_s, text, script}).code, console::Success);
+    EXPECT_EQ(
+        runConsole({u"run"_s, script}, u"Select Status from tblChanges where squence = 1"_s).out,
+        u"Status\n0\n"_s);
+}
+
+TEST(Console, SetUpPutsTheScriptBesideACompanyOfAnEarlierRelease)
+{
+    const test::TestEnvironment environment;
+    const QString home = environment.folder() + u"/home"_s;
+    const QString script = home + u"/Script/DBChanges.mdb"_s;
+    ASSERT_EQ(runConsole({u"set-up"_s, home}).code, console::Success);
+    ASSERT_EQ(runConsole({u"set-up"_s, home}).code, console::Success);
+    EXPECT_FALSE(QFile::exists(script));
+    runConsole({u"run"_s, home + u"/Data/Quorvantis.mdb"_s},
+               u"Update tblSysOption set itemValue = '100' where SysOption = 'DBVERSION'"_s);
+    ASSERT_EQ(runConsole({u"set-up"_s, home}).code, console::Success);
+    EXPECT_TRUE(QFile::exists(script));
 }
 
 TEST(Console, SetUpMakesTheFolderOnceAndLeavesItsDatabaseAlone)

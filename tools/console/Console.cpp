@@ -1,6 +1,7 @@
 #include "console/Console.h"
 
 #include "company/SampleCompany.h"
+#include "console/Releases.h"
 #include "core/database/CreateDatabase.h"
 #include "core/database/Csv.h"
 #include "platform/base/Environment.h"
@@ -137,8 +138,10 @@ int setUp(const Options &options, const Streams &streams)
     reportfiles::installDelivered(folder.path());
     Options database = options;
     database.files = {folder.filePath(u"Data/Quorvantis.mdb"_s)};
-    if (QFileInfo::exists(database.files[0]))
+    if (QFileInfo::exists(database.files[0])) {
+        putScriptBeside(folder.path());
         return Success;
+    }
     return options.sample ? createSample(database, streams) : createEmpty(database, streams);
 }
 
@@ -246,6 +249,22 @@ int backup(const Options &options, const Streams &streams)
     return Success;
 }
 
+int checkChangesCommand(const Options &options, const Streams &streams)
+{
+    if (!checkChanges(options.files[0], streams))
+        return Failed;
+    streams.out << options.files[0] << " leads from the first release to this one." << Qt::endl;
+    return Success;
+}
+
+int makeScriptCommand(const Options &options, const Streams &streams)
+{
+    if (!makeScript(options.files[0], options.files[1], streams))
+        return Failed;
+    streams.out << options.files[1] << " is to be shipped as Script/DBChanges.mdb." << Qt::endl;
+    return Success;
+}
+
 const std::vector<Command> &commands()
 {
     static const std::vector<Command> all = {
@@ -261,6 +280,12 @@ const std::vector<Command> &commands()
         {u"compact"_s, 1, u"compact FILE                  give back unused room"_s, compact},
         {u"backup"_s, 2,
          u"backup FILE|HOST:FILE COPY    copy a database, also while it is in use"_s, backup},
+        {u"check-changes"_s, 1,
+         u"check-changes TEXT            check what a release changes in databases in use"_s,
+         checkChangesCommand},
+        {u"make-script"_s, 2,
+         u"make-script TEXT SCRIPT       check it, and make the release's script database of it"_s,
+         makeScriptCommand},
     };
     return all;
 }

@@ -1,5 +1,5 @@
 #include "console/Console.h"
-#include "core/General.h"
+#include "core/Options.h"
 #include "core/Session.h"
 #include "core/StartUp.h"
 #include "platform/base/Environment.h"

@@ -226,7 +226,7 @@ private:
                            u"Table '%1' already exists."_s.arg(nameAfter(exists)));
         if (const Message *exists = find({isc_dyn_dup_index}))
             return DbError(ErrorNumber::Syntax,
-                           u"Index '%1' already exists."_s.arg(nameAfter(exists)));
+                           u"Table already has an index '%1'."_s.arg(nameAfter(exists)));
         if (has({isc_dyn_index_not_found}))
             return DbError(ErrorNumber::Syntax, u"There is no index of that name."_s);
         if (has({isc_keytoobig, isc_key_too_big, indexKeyTooBig}))

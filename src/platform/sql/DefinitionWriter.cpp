@@ -15,6 +15,9 @@ using EngineTypes::quotedName;
 
 namespace {
 
+/// Where values stand while their column is made anew.
+constexpr QStringView movedColumn = u"~moved";
+
 class DefinitionWriter
 {
 public:
@@ -306,6 +309,13 @@ void DefinitionWriter::addColumns()
 void DefinitionWriter::alterColumn()
 {
     const ColumnDefinition &wanted = m_definition.columns.front();
+    const bool movedOnly = !table().find(wanted.name) && table().find(movedColumn);
+    // A program was ended between dropping the column and giving its name to the moved values.
+    if (movedOnly) {
+        m_statements.push_back(alterTable() + u"ALTER COLUMN "_s + quotedName(movedColumn) +
+                               u" TO "_s + quotedName(wanted.name));
+        return;
+    }
     const Column &present = column(wanted.name);
     const QString alter = alterTable() + u"ALTER COLUMN "_s + quotedName(present.name) + u' ';
     if (wanted.type.autoNumber) {
@@ -320,10 +330,11 @@ void DefinitionWriter::alterColumn()
         replaceYesNoTrigger(yesNoColumns({}), yesNoColumns(present.name));
     const bool becomesMemo =
         wanted.type.kind == ColumnKind::Text && wanted.type.length == MemoLength;
-    if (becomesMemo == (present.length == MemoLength))
-        m_statements.push_back(alter + u"TYPE "_s + typeText(wanted, false));
-    else
+    const bool isMemo = present.length == MemoLength;
+    if (becomesMemo != isMemo)
         replaceColumn(present, wanted);
+    else if (!isMemo) // the engine refuses a memo that is to become what it is
+        m_statements.push_back(alter + u"TYPE "_s + typeText(wanted, false));
     if (const QString text = defaultText(wanted); !text.isEmpty())
         m_statements.push_back(alter + u"SET"_s + text);
     if (wanted.notNull)
@@ -342,12 +353,15 @@ void DefinitionWriter::alterColumn()
 void DefinitionWriter::replaceColumn(const Column &present, const ColumnDefinition &wanted)
 {
     const QString name = quotedName(present.name);
-    const QString moved = quotedName(u"~moved"_s);
+    const QString moved = quotedName(movedColumn);
     const QString update = u"UPDATE "_s + quotedName(table().name) + u" SET "_s;
     const QString type = typeText(wanted, false);
     // What doesn't fit has to fail before anything has changed.
     if (present.length == MemoLength)
         m_statements.push_back(update + name + u" = CAST("_s + name + u" AS "_s + type + u')');
+    // What a program left that was ended in the midst of this.
+    if (table().find(movedColumn))
+        m_statements.push_back(alterTable() + u"DROP "_s + moved);
     m_statements.push_back(alterTable() + u"ADD "_s + moved + u' ' + type);
     m_statements.push_back(update + moved + u" = "_s + name);
     m_statements.push_back(alterTable() + u"DROP "_s + name);

@@ -1,0 +1,462 @@
+#include "core/UpdateDatabase.h"
+
+#include "core/CompanySession.h"
+#include "core/database/Changes.h"
+#include "core/database/CreateDatabase.h"
+#include "platform/db/Structure.h"
+#include "support/Raised.h"
+#include "support/ScriptedPrompts.h"
+#include "support/TestFiles.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QProcess>
+#include <map>
+
+using namespace Qt::StringLiterals;
+using company::Change;
+using Icon = base::Prompts::Icon;
+
+namespace {
+
+const QString Failure =
+    u"Failed to update the database.\nPlease Choose File->Update Database, to update the Quorvantis database"_s;
+
+/// A program's folder with a company, and a script database to be run on it.
+class Update : public testing::Test
+{
+protected:
+    Update()
+    {
+        for (const QString &folder : {u"\\Data"_s, u"\\Script"_s})
+            QDir().mkpath(base::applicationPath(folder));
+        settings::registry().setValue(settings::ProductKey, u"VERSION"_s, u"1.0.1"_s);
+        settings::registry().setValue(settings::ProductKey, u"GUID"_s,
+                                      u"0123456789ABCDEF0123456789ABCDEF"_s);
+        gsDatabasePath = base::applicationPath(u"\\Data\\Quorvantis.mdb"_s);
+    }
+    ~Update() override { closeConnections(); }
+
+    void openCompany()
+    {
+        QFile::copy(company.file(), gsDatabasePath);
+        openConnections();
+        SetOption(u"DBVERSION"_s, 100, false);
+    }
+    static QString script() { return base::applicationPath(u"\\Script\\DBChanges.mdb"_s); }
+    static void ship(std::vector<Change> changes)
+    {
+        for (int sequence = 0; Change & change : changes)
+            change.sequence = ++sequence;
+        company::createScriptDatabase(script(), changes);
+    }
+    static Change statement(int version, const QString &text)
+    {
+        return {.version = version, .type = u"CREATE"_s, .statement = text};
+    }
+    static Change insert(const QString &table, const QString &text, const QString &value = {},
+                         const QString &parent = {})
+    {
+        return {.version = 101,
+                .type = u"insert"_s,
+                .statement = text,
+                .table = table,
+                .value = value,
+                .parent = parent};
+    }
+    static Change option(const QString &key, const QString &value)
+    {
+        return insert(u"tblSysOption"_s,
+                      u"insert into tblSysOption (SysOption, itemValue) values ('%1', '%2')"_s.arg(
+                          key, value),
+                      key);
+    }
+    bool update(bool show = true)
+    {
+        bool showing = show;
+        return UpdateDatabase(showing);
+    }
+    /// The rows of the script that are still to be run, by their numbers.
+    static QList<int> pending()
+    {
+        db::Target target;
+        target.file = script();
+        QList<int> rows;
+        db::Connection connection(target);
+        for (const db::Row row :
+             connection.Open(u"Select Id from tblChanges where Status = False order by Id"_s))
+            rows << static_cast<int>(row.integer(u"Id"));
+        return rows;
+    }
+    static QString version() { return GetOption(u"DBVERSION"_s, false); }
+    static bool hasTable(const QString &name) { return gcnLookup->schema().find(name) != nullptr; }
+
+    test::TestEnvironment environment;
+    test::CompanyDatabase company;
+    test::ScriptedPrompts prompts;
+    test::ErrorLog errors;
+};
+
+TEST_F(Update, WithoutAScriptThereIsNothingToDo)
+{
+    openCompany();
+    EXPECT_FALSE(update());
+    EXPECT_EQ(version(), u"100"_s);
+}
+
+TEST_F(Update, RunsTheRowsAboveTheDatabasesVersionInTheirOrder)
+{
+    openCompany();
+    SetOption(u"DBVERSION"_s, 99, false);
+    // As numbers 123 comes behind 99; the order is by version, then by place.
+    ship({statement(123, u"insert into tblSite (SiteName) values ('second')"_s),
+          statement(99, u"insert into tblSite (SiteName) values ('of old')"_s),
+          statement(123, u"update tblSite set City = SiteName"_s),
+          statement(101, u"insert into tblSite (SiteName) values ('first')"_s)});
+    QFile(script()).setPermissions(QFileDevice::ReadOwner);
+    EXPECT_FALSE(update());
+    EXPECT_EQ(gcnData->Open(u"Select City from tblSite order by SiteID"_s).value(0, 0),
+              QVariant(u"first"_s));
+    EXPECT_EQ(gcnData->Open(u"Select City from tblSite order by SiteID"_s).RecordCount(), 2);
+    EXPECT_EQ(version(), u"123"_s);
+    EXPECT_FALSE(QFile::exists(script()));
+}
+
+TEST_F(Update, ADatabaseWithoutAVersionGetsAllRows)
+{
+    openCompany();
+    SetOption(u"DBVERSION"_s, u" "_s, false);
+    ship({statement(0, u"create table tblNever (A long)"_s),
+          statement(1, u"create table tblEver (A long)"_s)});
+    EXPECT_FALSE(update());
+    EXPECT_TRUE(hasTable(u"tblEver"_s));
+    EXPECT_FALSE(hasTable(u"tblNever"_s));
+    EXPECT_EQ(version(), u"1"_s);
+}
+
+TEST_F(Update, AScriptThatHasRunIsDeletedAndLeavesTheVersion)
+{
+    openCompany();
+    ship({statement(100, u"create table tblNever (A long)"_s)});
+    EXPECT_FALSE(update());
+    EXPECT_EQ(version(), u"100"_s);
+    EXPECT_FALSE(QFile::exists(script()));
+}
+
+TEST_F(Update, AProgramWithoutAVersionUpdatesNothing)
+{
+    openCompany();
+    ship({statement(101, u"create table tblNew (A long)"_s)});
+    settings::registry().setValue(settings::ProductKey, u"VERSION"_s, u" . "_s);
+    prompts.expect(u"Failed to update Quorvantis."_s, Icon::Critical);
+    EXPECT_FALSE(update());
+    EXPECT_FALSE(hasTable(u"tblNew"_s));
+    EXPECT_EQ(pending(), QList<int>{1});
+}
+
+TEST_F(Update, EachFailureIsTreatedByItsNumber)
+{
+    struct Case
+    {
+        const char *what;
+        QString statement;
+        bool failed, told;
+    };
+    openCompany();
+    for (const auto &[what, text, failed, told] :
+         {Case{"a table that exists", u"create table tblSite (A long)"_s, false, false},
+          Case{"an index that exists",
+               u"create index ixWorkorderEquipment on tblWorkorder (EquipmentID)"_s, false, false},
+          Case{"an empty key", u"insert into tblUser (EmployeeID) values ('1')"_s, false, false},
+          Case{"a slip of the pen", u"creat table tblNew (A long)"_s, true, false},
+          Case{"a column that exists", u"alter table tblSite add column City nvarchar(10)"_s, true,
+               false},
+          Case{"an unknown table", u"update tblSitt set City = ''"_s, true, true},
+          Case{"a row that exists", u"insert into tblUser (UserName) values ('Admin')"_s, true,
+               true}}) {
+        QFile::remove(script());
+        SetOption(u"DBVERSION"_s, 100, false);
+        gcnData->Execute(u"Delete from tblSite"_s);
+        ship({statement(101, text), statement(101, text),
+              statement(101, u"insert into tblSite (SiteName) values ('behind')"_s)});
+        if (told)
+            prompts.expect(Failure, Icon::Information);
+        EXPECT_EQ(update(), told) << what;
+        EXPECT_EQ(GetRecordCount(u"tblSite"_s, {}), 1) << what << ": the rows behind it run";
+        EXPECT_EQ(QFile::exists(script()), failed) << what;
+        EXPECT_EQ(version(), failed ? u"100"_s : u"101"_s) << what;
+        if (!failed)
+            continue;
+        // All are marked, so that the next start has nothing left to run.
+        EXPECT_EQ(pending(), QList<int>()) << what;
+        EXPECT_FALSE(update()) << what;
+        EXPECT_FALSE(QFile::exists(script())) << what;
+        EXPECT_EQ(GetRecordCount(u"tblSite"_s, {}), 1) << what;
+    }
+}
+
+TEST_F(Update, InsertsBringWhatIsLacking)
+{
+    openCompany();
+    SetOption(u"SERVICE_LATE_RED"_s, 21, false);
+    const QString field =
+        u"insert into tblTableFields (Tablename, FieldName, FieldDesc) values ('%1', '%2', 'new')"_s;
+    ship({option(u"SERVICE_LATE_RED"_s, u"14"_s), option(u"NEW_KEY"_s, u"7"_s),
+          insert(u"tblTableFields"_s, field.arg(u"tblEquipment"_s, u"UnitNo"_s), u"UnitNo"_s,
+                 u"tblEquipment"_s),
+          insert(u"tblTableFields"_s, field.arg(u"tblPart"_s, u"UnitNo"_s), u"UnitNo"_s,
+                 u"tblPart"_s),
+          insert(u"tblCrew"_s, u"insert into tblCrew (CrewNumber) values (7)"_s)});
+    EXPECT_FALSE(update());
+    EXPECT_EQ(GetOption(u"SERVICE_LATE_RED"_s, false), u"21"_s);
+    EXPECT_EQ(GetOption(u"NEW_KEY"_s, false), u"7"_s);
+    EXPECT_EQ(GetRecordCount(u"tblTableFields"_s, u"FieldDesc = 'new'"_s), 1);
+    EXPECT_EQ(
+        GetRecordCount(u"tblTableFields"_s, u"Tablename = 'tblPart' and FieldName = 'UnitNo'"_s),
+        1);
+    EXPECT_EQ(GetRecordCount(u"tblCrew"_s, {}), 0) << "bound to the absence of the built-in user";
+
+    gcnData->Execute(u"Delete from tblUser"_s);
+    SetOption(u"DBVERSION"_s, 100, false);
+    ship({insert(u"tblCrew"_s, u"insert into tblCrew (CrewNumber) values (7)"_s)});
+    EXPECT_FALSE(update());
+    EXPECT_EQ(GetRecordCount(u"tblCrew"_s, {}), 1);
+}
+
+TEST_F(Update, WhatIsNoScriptStaysAndIsTold)
+{
+    openCompany();
+    const QByteArray picture = QByteArray("\x89PNG\r\n\x1a\n") + QByteArray(9000, 'p');
+    test::writeFile(script(), picture);
+    prompts.expect(Failure, Icon::Information);
+    EXPECT_TRUE(update());
+    EXPECT_TRUE(update(false)) << "the menu tells by its own screen";
+    EXPECT_EQ(test::readFile(script()), picture);
+    QFile::remove(script());
+    QFile::copy(company.file(), script());
+    EXPECT_TRUE(update(false)) << "a database of another kind";
+    EXPECT_TRUE(QFile::exists(script()));
+    EXPECT_EQ(version(), u"100"_s);
+}
+
+/// A company of the first release, with rows in all tables.
+class Upgrade : public Update
+{
+protected:
+    Upgrade()
+    {
+        db::Target target;
+        target.file = original();
+        target.forcedWrites = false;
+        company::createFirstRelease(target);
+        db::Connection connection(target);
+        connection.BeginTrans();
+        const db::RowCounts tables = db::countRows(target);
+        for (auto table = tables.begin(); table != tables.end(); ++table) {
+            for (int row = 1; row <= 3; ++row)
+                addRow(connection, table.key(), row);
+        }
+        // Two workstations have made orders of one service at once.
+        for (int order = 0; order < 2; ++order)
+            connection.Execute(
+                u"insert into tblWoServiceUsed (WorkorderNo, ServiceUsedID, Name) values (90, 77, 'twice')"_s);
+        connection.CommitTrans();
+    }
+    [[nodiscard]] QString original() const { return environment.folder() + u"/first.mdb"_s; }
+
+    static void addRow(db::Connection &connection, const QString &tableName, int row)
+    {
+        const sql::Table &table = *connection.schema().find(tableName);
+        QStringList columns;
+        QVariantList values;
+        for (const sql::Column &column : table.columns) {
+            if (column.autoNumber)
+                continue;
+            columns << u'[' + column.name + u']';
+            values << valueFor(column, row);
+        }
+        connection.Execute(
+            u"insert into %1 (%2) values (%3)"_s.arg(tableName, columns.join(u','),
+                                                     QStringList(values.size(), u"?"_s).join(u',')),
+            values);
+    }
+    static QVariant valueFor(const sql::Column &column, int row)
+    {
+        switch (column.kind) {
+        case sql::ColumnKind::Text:
+            return QString(QString::number(row) + u" Grün & “%1”"_s.arg(column.name))
+                .left(column.length);
+        case sql::ColumnKind::Date:
+            return base::wallClock(QDate(2024, 2, 27 + row), QTime(1, 2, 3));
+        case sql::ColumnKind::Binary:
+            return QByteArray(3000, static_cast<char>(row));
+        case sql::ColumnKind::YesNo:
+            return row == 1;
+        case sql::ColumnKind::Real:
+        case sql::ColumnKind::Money:
+            return row + 0.25;
+        default:
+            return row;
+        }
+    }
+
+    /// All rows of all tables, each with its values by the names of its columns.
+    static QStringList rowsOf(const QString &file)
+    {
+        db::Target target;
+        target.file = file;
+        target.forcedWrites = false;
+        QStringList lines;
+        const db::RowCounts tables = db::countRows(target);
+        db::Connection connection(target);
+        for (auto table = tables.begin(); table != tables.end(); ++table) {
+            for (const db::Row row : connection.Open(u"Select * from ["_s + table.key() + u']'))
+                lines << table.key() + u' ' + lineOf(connection, table.key(), row);
+        }
+        lines.sort();
+        return lines;
+    }
+    static QString lineOf(db::Connection &connection, const QString &table, const db::Row &row)
+    {
+        std::map<QString, QString> values;
+        for (const sql::Column &column : connection.schema().find(table)->columns) {
+            const QVariant value = row[column.name];
+            values[column.name] = value.typeId() == QMetaType::QByteArray
+                                      ? QString::fromLatin1(value.toByteArray().toHex())
+                                      : base::toText(value);
+        }
+        QString line;
+        for (const auto &[name, value] : values)
+            line += name + u'=' + value + u' ';
+        return line;
+    }
+    void putCompany()
+    {
+        closeConnections();
+        QFile::remove(gsDatabasePath);
+        QFile::remove(script());
+        ASSERT_TRUE(QFile::copy(original(), gsDatabasePath));
+        company::createScriptDatabase(script(), company::shippedChanges());
+    }
+    /// What is expected of a company that was updated: nothing lost, and nothing lacking.
+    void expectUpdated(const QString &what)
+    {
+        closeConnections();
+        QStringList wanted = rowsOf(original());
+        // What a release changes by intent.
+        for (QString &line : wanted) {
+            if (line.contains(u"Name=twice") && line.contains(u"NServiceUsedID=5 "))
+                line.replace(u"ServiceUsedID=77"_s, u"ServiceUsedID=0"_s);
+        }
+        const QStringList found = rowsOf(gsDatabasePath);
+        const auto withoutVersion = [](QStringList lines) {
+            lines.removeIf([](const QString &line) { return line.contains(u"DBVERSION"); });
+            return lines;
+        };
+        EXPECT_EQ(withoutVersion(found), withoutVersion(wanted)) << what.toStdString();
+        db::Target target;
+        target.file = gsDatabasePath;
+        QStringList differences = company::differencesFromNew(target);
+        // The rows that this test has put into every table.
+        differences.removeIf([](const QString &line) { return line.contains(u"Grün"); });
+        EXPECT_EQ(differences, QStringList()) << what.toStdString();
+    }
+    void killedBefore(int change)
+    {
+        QProcess program;
+        program.start(QCoreApplication::applicationDirPath() + u"/core_update_helper"_s,
+                      {base::environment().applicationFolder, base::environment().registryFile,
+                       QString::number(change)});
+        ASSERT_TRUE(program.waitForFinished(60'000));
+        EXPECT_EQ(program.exitStatus(), QProcess::CrashExit) << change;
+    }
+};
+
+TEST_F(Upgrade, ACompanyOfTheFirstReleaseKeepsAllItsRows)
+{
+    putCompany();
+    openConnections();
+    EXPECT_FALSE(update());
+    EXPECT_EQ(version(), QString::number(company::schemaVersion()));
+    EXPECT_FALSE(QFile::exists(script()));
+    expectUpdated(u"updated"_s);
+    // A later release's script brings all rows once more to a database that lost its number.
+    company::createScriptDatabase(script(), company::shippedChanges());
+    openConnections();
+    SetOption(u"DBVERSION"_s, 100, false);
+    EXPECT_FALSE(update());
+    EXPECT_FALSE(QFile::exists(script()));
+    expectUpdated(u"updated twice"_s);
+}
+
+TEST_F(Upgrade, IsTakenUpAgainWhereverItWasEnded)
+{
+    const std::vector<Change> changes = company::shippedChanges();
+    const int statements = static_cast<int>(changes.size());
+    // The last of them is ended before the version is noted down.
+    for (int change = 1; change <= statements + 1; ++change) {
+        for (const bool hasRun : {false, true}) {
+            if (hasRun && change > statements)
+                continue;
+            putCompany();
+            killedBefore(change);
+            EXPECT_EQ(pending().size(), statements - change + 1);
+            openConnections();
+            // Between a statement and its mark.
+            if (hasRun)
+                gcnLookup->Execute(changes[static_cast<std::size_t>(change - 1)].statement);
+            EXPECT_FALSE(update()) << change;
+            EXPECT_FALSE(QFile::exists(script())) << change;
+            expectUpdated(u"ended at %1, %2"_s.arg(change).arg(hasRun));
+        }
+    }
+}
+
+/// A column is made anew in steps, between which a program may be ended too.
+TEST_F(Upgrade, AColumnThatWasHalfMadeAnewIsFinished)
+{
+    const QString half[] = {u"alter table tblEmployee add column [~moved] memo"_s,
+                            u"update tblEmployee set [~moved] = Skills"_s,
+                            u"alter table tblEmployee drop column Skills"_s};
+    for (int steps = 1; steps <= 3; ++steps) {
+        putCompany();
+        openConnections();
+        for (int step = 0; step < steps; ++step)
+            gcnLookup->Execute(half[step]);
+        EXPECT_FALSE(update()) << steps;
+        expectUpdated(u"after step %1"_s.arg(steps));
+    }
+}
+
+TEST(Changes, AreReadAsTheScriptTakesThem)
+{
+    const std::vector<Change> changes = company::parseChanges(
+        u"-- first; not a statement\nversion 101;\ncreate table tblA (A long);\n"
+        "insert into tblSysOption (itemValue, SysOption) values ('7', 'IT''S');\n"
+        "Version 110;\nALWAYS insert into tblCrew (CrewNumber) values (1);\n"
+        "insert into TBLTABLEFIELDS (Tablename, FieldName) values ('tblA', 'A');"_s);
+    const std::vector<Change> expected = {
+        {101, 1, u"CREATE"_s, u"create table tblA (A long)"_s, {}, {}, {}},
+        {101,
+         2,
+         u"INSERT"_s,
+         u"insert into tblSysOption (itemValue, SysOption) values ('7', 'IT''S')"_s,
+         u"tblSysOption"_s,
+         u"IT'S"_s,
+         {}},
+        {110, 1, u"ALWAYS INSERT"_s, u"insert into tblCrew (CrewNumber) values (1)"_s, {}, {}, {}},
+        {110, 2, u"INSERT"_s,
+         u"insert into TBLTABLEFIELDS (Tablename, FieldName) values ('tblA', 'A')"_s,
+         u"tblTableFields"_s, u"A"_s, u"tblA"_s}};
+    EXPECT_EQ(changes, expected);
+    for (const QString &text :
+         {u"create table tblA (A long);"_s, u"version 1; select * from tblSite;"_s,
+          u"version 2; version 2;"_s, u"version 1; creat table tblA (A long);"_s,
+          u"version 1; insert into tblCrew (CrewNumber) values (1);"_s,
+          u"version 1; insert into tblSysOption (itemValue) values ('1');"_s,
+          u"version 1; insert into tblTableFields (FieldName) values ('A');"_s})
+        EXPECT_NE(test::raisedBy([&] { (void)company::parseChanges(text); }).number(), 0)
+            << text.toStdString();
+}
+
+} // namespace
