@@ -3,8 +3,8 @@
 #include "core/Options.h"
 #include "core/RegistryValues.h"
 #include "core/Session.h"
+#include "core/Told.h"
 #include "platform/base/Environment.h"
-#include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "platform/settings/Registry.h"
 #include "platform/system/Files.h"
@@ -149,7 +149,7 @@ bool UpdateDatabase(bool &ShowFailure)
     ChangesRun run;
     auto failure = errorOf([&] { version = GetVersionNo().remove(u'.').trimmed(); });
     if (!failure && version.isEmpty()) {
-        base::showCritical(u"Failed to update Quorvantis."_s);
+        told::critical(u"Failed to update Quorvantis."_s);
         return false;
     }
     if (!failure)
@@ -158,7 +158,7 @@ bool UpdateDatabase(bool &ShowFailure)
         return false;
     if (ShowFailure) {
         ShowFailure = false;
-        base::showInformation(
+        told::information(
             u"Failed to update the database.\nPlease Choose File->Update Database, to update the Quorvantis database"_s);
     }
     return true;

@@ -1,7 +1,8 @@
 #include "exchange/Carrier.h"
 
 #include "core/RegistryValues.h"
-#include "platform/base/Prompts.h"
+#include "core/Told.h"
+#include "platform/system/Process.h"
 
 #include <QDir>
 
@@ -13,10 +14,10 @@ bool runCarrier(const QString &program)
 {
     const QString folder = GetMakerRegistryValue(u"Path"_s);
     if (folder.isEmpty()) {
-        base::showMessage(u"QV2go Sync Application is not Installed"_s);
+        told::message(u"QV2go Sync Application is not Installed"_s);
         return false;
     }
-    RunAndWait(u'"' + systemPath(folder + program) + u'"');
+    sys::runAndWait(u'"' + systemPath(folder + program) + u'"');
     return true;
 }
 

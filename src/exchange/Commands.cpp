@@ -2,9 +2,9 @@
 
 #include "core/Labour.h"
 #include "core/Session.h"
+#include "core/Told.h"
 #include "exchange/Spliced.h"
 #include "platform/base/Format.h"
-#include "platform/base/Prompts.h"
 #include "platform/db/DbError.h"
 #include "scheduling/Readings.h"
 
@@ -216,7 +216,7 @@ void countReading(const Command &command, Run &run)
     if (const QString type = command.at(2); !readings::periodCode(type).isEmpty())
         run.countType = type;
     if (readings::isInProcess(machine, run.countType)) {
-        base::showMessage(
+        told::message(
             u"Service is in-proccess for this equipment service can't be rescheduled."_s);
         return;
     }

@@ -2,10 +2,10 @@
 
 #include "core/Meters.h"
 #include "core/Session.h"
+#include "core/Told.h"
 #include "exchange/ValueText.h"
 #include "exchange/XmlFault.h"
 #include "platform/base/Environment.h"
-#include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "platform/system/Files.h"
 #include "scheduling/Readings.h"
@@ -139,18 +139,18 @@ bool GenrateXML(bool &failed)
         const base::Whole whole;
         const QString text = exchangeText();
         if (const auto fault = faultIn(text)) {
-            base::showCritical(fault->text());
+            told::critical(fault->text());
             return false;
         }
         if (!hasSections(text)) {
             failed = false;
-            base::showInformation(u"There is not data for exporting"_s);
+            told::information(u"There is not data for exporting"_s);
             return false;
         }
         sys::makeFolder(base::applicationPath(u"\\XML_OUT"_s));
         sys::writeFile(exportedFile(), text.toUtf8());
         failed = false;
-        base::showInformation(u"Quorvantis records have been exported successfully.\n"
+        told::information(u"Quorvantis records have been exported successfully.\n"
                               "Put the Windows Mobile device Into the cradle."_s);
         return true;
     });

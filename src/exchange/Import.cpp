@@ -2,11 +2,11 @@
 
 #include "core/RegistryValues.h"
 #include "core/Session.h"
+#include "core/Told.h"
 #include "exchange/Carrier.h"
 #include "exchange/Commands.h"
 #include "exchange/ImportQueue.h"
 #include "platform/base/Environment.h"
-#include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 
 #include <vector>
@@ -98,7 +98,7 @@ bool commitAll(const std::vector<ReadFile> &files, const base::Progress &progres
     try {
         applyAll(files, progress);
     } catch (const commands::Problem &problem) {
-        base::showInformation(problem.sentence());
+        told::information(problem.sentence());
         return false;
     } catch (const Cancelled &) {
         return false;
@@ -120,7 +120,7 @@ void clear(ImportQueue &queue, const std::vector<ReadFile> &files)
     }
     const QStringList aside = queue.clear(unreadable);
     if (!reasons.isEmpty())
-        base::showCritical(u"Nothing could be imported from:\n"_s + reasons.join(u'\n') +
+        told::critical(u"Nothing could be imported from:\n"_s + reasons.join(u'\n') +
                            u"\n\nKept for you as:\n"_s + aside.join(u'\n'));
 }
 
@@ -129,9 +129,9 @@ bool runImport(const Form &form, const base::Progress &progress)
     return base::trapped(form.module, "Importdata", false, [&] {
         ImportQueue queue(form.folder);
         if (!queue.isMarked())
-            base::showMessage(form.unmarked);
+            told::message(form.unmarked);
         if (!queue.lock()) {
-            base::showMessage(u"Another workstation is importing these files. Please try again "
+            told::message(u"Another workstation is importing these files. Please try again "
                               "when it has ended."_s);
             return false;
         }

@@ -1,9 +1,9 @@
 #include "exchange/ImportXml.h"
 
+#include "core/Told.h"
 #include "exchange/XmlUpdates.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Error.h"
-#include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "platform/system/Files.h"
 
@@ -53,7 +53,7 @@ QList<ImportXml::File> ImportXml::files()
 {
     const QDir folder(path({}));
     if (!folder.exists()) {
-        base::showCritical(u"System Folder has been deleted or modified\rData Import process "
+        told::critical(u"System Folder has been deleted or modified\rData Import process "
                            "failed."_s);
         return {};
     }
@@ -78,11 +78,11 @@ bool ImportXml::run(const QString &name)
     const QByteArray content = contentOf(path(name));
     m_file.emplace(content);
     if (const auto &fault = m_file->fault()) {
-        base::showCritical(fault->text() + u"\nData Import process Failed "_s);
+        told::critical(fault->text() + u"\nData Import process Failed "_s);
         return false;
     }
     if (m_file->sections().isEmpty()) {
-        base::showMessage(name + u" does not contain any data which can be imported."_s);
+        told::message(name + u" does not contain any data which can be imported."_s);
         return false;
     }
     walk();

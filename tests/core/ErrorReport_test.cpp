@@ -1,6 +1,7 @@
 #include "core/ErrorReport.h"
 
 #include "core/CompanySession.h"
+#include "core/Options.h"
 #include "core/RegistryValues.h"
 #include "core/StartUp.h"
 #include "core/Tables.h"

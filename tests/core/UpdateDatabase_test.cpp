@@ -1,3 +1,5 @@
+#include "core/Options.h"
+#include "core/RowTests.h"
 #include "core/UpdateDatabase.h"
 
 #include "core/CompanySession.h"
