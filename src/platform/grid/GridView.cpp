@@ -158,11 +158,9 @@ void GridView::applyPending()
 {
     for (int i = 0; i < m_rows->columnCount() && !m_pendingLayout.isEmpty(); ++i) {
         const QString name = m_rows->columnAt(i).name;
-        const auto found = m_pendingLayout.constFind(name.toLower());
-        if (found == m_pendingLayout.constEnd())
+        if (!m_pendingLayout.contains(name.toLower()))
             continue;
-        const ColumnLayout stored = *found;
-        m_pendingLayout.erase(found);
+        const ColumnLayout stored = m_pendingLayout.take(name.toLower());
         Column &column = m_rows->column(name);
         if (stored.width > 0)
             column.width = stored.width;

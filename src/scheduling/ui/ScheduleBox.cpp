@@ -140,7 +140,7 @@ void ScheduleBox::useDayOfMonth(bool used)
     EnableLogicControl();
 }
 
-std::optional<ScheduleBox::Gap> ScheduleBox::gap() const
+std::optional<Gap> ScheduleBox::gap() const
 {
     if (fraPattern->usesDayOfMonth() && !fraPattern->hasDayOfMonth())
         return Gap{fraPattern->firstDayOfMonth(),

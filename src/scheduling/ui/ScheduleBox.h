@@ -2,6 +2,7 @@
 
 #include "core/ui/Binding.h"
 #include "scheduling/clsServices.h"
+#include "scheduling/ui/Gap.h"
 
 #include <QObject>
 #include <optional>
@@ -40,11 +41,6 @@ public:
     [[nodiscard]] int interval() const;
 
     /// What is missing in a pattern that some day has to meet.
-    struct Gap
-    {
-        QWidget *field;
-        QString message;
-    };
     [[nodiscard]] std::optional<Gap> gap() const;
     /// Gives a service what its controls don't say: what it had.
     void complete(AssignedService &service, const AssignedService &shown) const;

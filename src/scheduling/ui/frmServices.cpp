@@ -2,27 +2,23 @@
 
 #include "core/Identifiers.h"
 #include "core/Permission.h"
-#include "core/RowTests.h"
 #include "core/Session.h"
-#include "core/ui/Combos.h"
 #include "core/ui/Lock.h"
-#include "core/ui/LookupCombo.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "platform/grid/GridView.h"
-#include "platform/input/IdCombo.h"
+#include "platform/input/FormBuilder.h"
 #include "platform/input/Leaving.h"
+#include "platform/input/Theme.h"
 #include "scheduling/ui/BudgetBox.h"
 #include "scheduling/ui/NextScheduleBox.h"
+#include "scheduling/ui/PatternBox.h"
 #include "scheduling/ui/ScheduleBox.h"
+#include "scheduling/ui/ServiceNameBox.h"
 #include "scheduling/ui/ServiceParts.h"
 
-#include <QCheckBox>
-#include <QLabel>
-#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 
@@ -45,9 +41,76 @@ frmServices::frmServices(ServiceStore store, QWidget *parent)
     buildForm();
     bindFields();
     joinRules();
-    RefreshCrews();
-    RefreshCostCenters();
     adoptGrid(fraParts->grid(), fraParts->grid()->objectName());
+}
+
+void frmServices::buildForm()
+{
+    input::FormBuilder form(this);
+    form.beginColumns();
+    m_name = new ServiceNameBox(form, m_store, *this);
+    m_budget = new BudgetBox(form, m_name->crew(), this);
+    form.nextColumn();
+    buildSchedule(form);
+    form.endColumns();
+    form.beginColumns();
+    fraParts = new ServiceParts(m_store, this);
+    form.widget(fraParts, true);
+    form.nextColumn();
+    txtNotes = form.memoField(u"txtNotes"_s, u"No&tes:"_s, 4);
+    form.endColumns();
+    cmdUpdate = form.button(u"cmdUpdate"_s, u"&Save"_s, theme::icon(u"save"_s));
+    cmdCancel = form.button(u"cmdCancel"_s, u"Re&vert"_s, theme::icon(u"undo"_s));
+    cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
+    form.finish();
+}
+
+void frmServices::buildSchedule(input::FormBuilder &form)
+{
+    form.beginGroup(u"Schedule"_s, u"fraSchedule"_s);
+    m_schedule = new ScheduleBox(form, this);
+    if (isAssigned())
+        m_next = new NextScheduleBox(form, *m_schedule, *this);
+    form.endGroup();
+    form.widget(m_schedule->pattern());
+}
+
+void frmServices::bindFields()
+{
+    m_name->bind(m_fields);
+    m_schedule->bind(m_fields);
+    m_fields.add(txtNotes, &clsServices::Note);
+    m_budget->bind(m_fields);
+    if (m_next)
+        m_next->bind(m_fields);
+    setSavedFields({&m_fields});
+}
+
+void frmServices::joinBoxes()
+{
+    connect(m_name, &ServiceNameBox::crewChosen, m_budget, &BudgetBox::crewChosen);
+    connect(m_name, &ServiceNameBox::inactiveChanged, this, &frmServices::EnableLogicControl);
+    connect(fraParts, &ServiceParts::costChanged, this,
+            [this] { m_budget->setPartCost(fraParts->SetPastCost()); });
+    connect(fraParts, &ServiceParts::edited, this, &Screen::edited);
+    connect(m_schedule, &ScheduleBox::edited, this, &Screen::edited);
+    if (!m_next)
+        return;
+    connect(m_schedule, &ScheduleBox::periodChanged, m_next, &NextScheduleBox::CheckServiceChange);
+    connect(m_next, &NextScheduleBox::edited, this, &Screen::edited);
+}
+
+void frmServices::joinRules()
+{
+    watch(m_name->controls() + m_budget->controls() + m_schedule->controls() +
+          QList<QWidget *>{txtNotes});
+    joinBoxes();
+    fraParts->mayAdd = [this] { return mayAddPart(); };
+    connect(cmdUpdate, &QPushButton::clicked, this, &frmServices::cmdUpdate_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &frmServices::cmdCancel_Click);
+    connect(cmdExit, &QPushButton::clicked, this, &frmServices::cmdExit_Click);
+    for (QPushButton *button : {cmdCancel, cmdExit})
+        input::setCausesValidation(button, false);
 }
 
 void frmServices::display(Mode mode, qint64 key)
@@ -64,10 +127,9 @@ void frmServices::beginNew()
     ClearData();
     m_key = GenrateUniqueID();
     const Displaying displaying(*this);
-    m_oldJobNo = QString::number(GenerateID(u"tblServices"_s, u"JobNO"_s));
-    txtJobNo->setText(m_oldJobNo);
+    m_name->beginNew(GenerateID(u"tblServices"_s, u"JobNO"_s));
     setMode(Mode::Add);
-    txtName->setFocus();
+    m_name->focusName();
 }
 
 void frmServices::unloading()
@@ -88,10 +150,8 @@ void frmServices::EnableControls()
     const bool may = mayEdit();
     cmdUpdate->setEnabled(!browsing);
     cmdCancel->setEnabled(!browsing);
-    for (QWidget *control :
-         std::initializer_list<QWidget *>{txtJobNo, txtName, cboCrew, cmdCrew, cboCostCenter,
-                                          cmdCostCenter, ChkSeparateWO, chkInactive, txtNotes})
-        setLocked(control, !may);
+    m_name->setMayEdit(may);
+    setLocked(txtNotes, !may);
     for (QWidget *control : m_budget->controls())
         setLocked(control, !may);
     fraParts->setMayEdit(may);
@@ -102,23 +162,10 @@ void frmServices::EnableControls()
 /// An inactive service has no schedule to be changed.
 void frmServices::EnableLogicControl()
 {
-    const bool active = mayEdit() && !chkInactive->isChecked();
+    const bool active = mayEdit() && !m_name->isInactive();
     m_schedule->setActive(active);
     if (m_next)
         m_next->setActive(active);
-}
-
-void frmServices::RefreshCrews()
-{
-    rebuildKeepingChoice(*cboCrew, [this] { loadCrews(*cboCrew); });
-}
-
-void frmServices::RefreshCostCenters()
-{
-    rebuildKeepingChoice(*cboCostCenter, [this] {
-        LoadItemWithIdToCombo(*cboCostCenter, clsServicesManager().GetCostCenterInfo(),
-                              u"CostCenterID"_s, u"Description"_s, true);
-    });
 }
 
 // --- Showing -------------------------------------------------------------------------------------
@@ -150,11 +197,9 @@ void frmServices::DisplayData(const db::Row &row)
 void frmServices::showService(const AssignedService &service)
 {
     m_fields.show(service);
-    m_oldJobNo = QString::number(service.JobNo);
-    if (isAssigned()) {
-        lblJobNoData->setText(m_oldJobNo);
+    m_name->serviceShown(m_key);
+    if (m_next)
         m_next->showScheduleKind();
-    }
     m_schedule->serviceShown();
     m_budget->showLabourRate();
 }
@@ -167,11 +212,9 @@ void frmServices::ClearData()
     blank.Period = u"D"_s;
     blank.RenewalOn = u"W"_s;
     showService(blank);
-    txtJobNo->clear();
-    if (isAssigned()) {
-        lblJobNoData->clear();
+    m_name->clear();
+    if (m_next)
         m_next->clear();
-    }
     clearChanges();
     fraParts->RefreshPartGrid(0);
 }
@@ -180,60 +223,7 @@ void frmServices::clearChanges()
 {
     if (m_next)
         m_next->forgetChanges();
-    m_jobNoChanged = false;
-    m_confirmedName.clear();
-}
-
-// --- Rules of single controls --------------------------------------------------------------------
-
-void frmServices::chkInactive_Click()
-{
-    if (chkInactive->isChecked() && ServiceInWorkOrder(m_key)) {
-        chkInactive->setChecked(false);
-        base::showMessage(
-            u"This service is already assigned to a work order. You cann't setted inactive."_s);
-    } else {
-        edited();
-    }
-    EnableLogicControl();
-}
-
-bool frmServices::txtJobNo_Validate()
-{
-    if (mode() == Mode::Browse || txtJobNo->text().trimmed() == m_oldJobNo)
-        return true;
-    QString refusal;
-    if (input::isBlank(txtJobNo))
-        refusal = u"Service Job No should not be blank."_s;
-    else if (IsDuplicate(u"tblServices"_s, u"JobNO"_s, m_fields.shown().JobNo, txtJobNo->text(),
-                         true))
-        refusal = u"Job Number you specified already exists. Please enter a different Part "
-                  "Number."_s;
-    if (refusal.isEmpty()) {
-        m_jobNoChanged = true;
-        m_oldJobNo = txtJobNo->text().trimmed();
-        return true;
-    }
-    base::showMessage(refusal);
-    txtJobNo->setText(m_oldJobNo);
-    return false;
-}
-
-/// False when the stored name was put back.
-bool frmServices::txtName_LostFocus()
-{
-    const QString name = txtName->text().trimmed();
-    if (!isAssigned() || mode() == Mode::Browse || name == m_confirmedName ||
-        name.compare(m_fields.shown().Name.trimmed(), Qt::CaseInsensitive) == 0)
-        return true;
-    if (base::askYesNo(u"You should not change the name of a service. If you need a new service "
-                       "add it using the \"Services\" navigator on the left side. Then add it to "
-                       "this piece of equipment. Are you sure you want to do this?"_s)) {
-        m_confirmedName = name;
-        return true;
-    }
-    txtName->setText(m_fields.shown().Name);
-    return false;
+    m_name->forgetChanges();
 }
 
 bool frmServices::mayAddPart()
@@ -254,14 +244,9 @@ bool frmServices::refuse(QWidget *field, const QString &message)
 
 bool frmServices::ValidateFields()
 {
-    if (input::isBlank(txtName))
-        return refuse(txtName, u"Name should not be blank"_s);
-    if (input::isBlank(cboCostCenter))
-        return refuse(cboCostCenter, u"Select one Cost Center"_s);
-    if (input::isBlank(cboCrew))
-        return refuse(cboCrew, u"Select one Crew"_s);
-    if (const auto gap = m_schedule->gap())
-        return refuse(gap->field, gap->message);
+    for (const auto &gap : {m_name->gap(), m_schedule->gap()})
+        if (gap)
+            return refuse(gap->field, gap->message);
     return true;
 }
 
@@ -272,16 +257,6 @@ AssignedService frmServices::SetObjectValues() const
     service.ServiceID = mode() == Mode::Modify ? m_key : GenrateUniqueID();
     m_schedule->complete(service, shown);
     return service;
-}
-
-/// Asks whether a changed number is given to all copies of the service.
-bool frmServices::isJobNumberCarried() const
-{
-    const AssignedService service = m_fields.read();
-    return mode() == Mode::Modify && m_jobNoChanged && service.JobNo != m_fields.shown().JobNo &&
-           base::askYesNo(
-               u"Do you want to change Job No of \"%1\" to \"%2\" for all existing services?"_s.arg(
-                   service.Name, QString::number(service.JobNo)));
 }
 
 std::optional<QVariant> frmServices::saveRecord()
@@ -325,14 +300,7 @@ QString frmServices::recordName() const
 /// Save by its key leaves the focus, and so what has not been checked yet, in a field.
 bool frmServices::finishFields()
 {
-    if (!fraParts->grid()->finishEditing())
-        return false;
-    if (!isAssigned())
-        return txtJobNo_Validate();
-    if (!m_next->finish())
-        return false;
-    (void)txtName_LostFocus();
-    return true;
+    return fraParts->grid()->finishEditing() && (!m_next || m_next->finish()) && m_name->finish();
 }
 
 bool frmServices::cmdUpdate_Click()
@@ -343,7 +311,7 @@ bool frmServices::cmdUpdate_Click()
         return false;
     if (m_next)
         m_next->confirmChangesOnOrder(m_key);
-    m_carriesJobNo = isJobNumberCarried();
+    m_carriesJobNo = m_name->isJobNumberCarried();
     const std::optional<QVariant> key = store();
     if (!key) {
         if (!gbInTransaction && m_hasRow)
@@ -355,7 +323,7 @@ bool frmServices::cmdUpdate_Click()
     }
     m_key = key->toLongLong();
     RefreshRecordSet();
-    txtName->setFocus();
+    m_name->focusName();
     return true;
 }
 

@@ -6,18 +6,14 @@
 
 class BudgetBox;
 class NextScheduleBox;
-class QCheckBox;
-class QLabel;
-class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
-class QToolButton;
 class ScheduleBox;
+class ServiceNameBox;
 class ServiceParts;
 
 namespace input {
 class FormBuilder;
-class IdCombo;
 } // namespace input
 
 /// A service: of the catalogue, or the copy of it on a machine. One screen, one set of checks, and
@@ -41,9 +37,7 @@ protected:
     void unloading() override;
 
 private:
-    // Building (frmServicesForm.cpp)
     void buildForm();
-    void buildService(input::FormBuilder &form);
     void buildSchedule(input::FormBuilder &form);
     void joinBoxes();
     void joinRules();
@@ -52,8 +46,6 @@ private:
     [[nodiscard]] bool isAssigned() const { return m_store == ServiceStore::Assigned; }
     [[nodiscard]] bool mayEdit() const;
     void EnableLogicControl();
-    void RefreshCrews();
-    void RefreshCostCenters();
     void RefreshRecordSet();
     void DisplayData(const db::Row &row);
     void ClearData();
@@ -63,7 +55,6 @@ private:
     [[nodiscard]] bool ValidateFields();
     [[nodiscard]] bool refuse(QWidget *field, const QString &message);
     [[nodiscard]] AssignedService SetObjectValues() const;
-    [[nodiscard]] bool isJobNumberCarried() const;
     [[nodiscard]] std::optional<QVariant> saveRecord() override;
     [[nodiscard]] bool becomesNew() override;
     [[nodiscard]] QString recordName() const override;
@@ -72,9 +63,6 @@ private:
     bool cmdUpdate_Click();
     void cmdCancel_Click();
     void cmdExit_Click();
-    void chkInactive_Click();
-    [[nodiscard]] bool txtJobNo_Validate();
-    [[nodiscard]] bool txtName_LostFocus();
     [[nodiscard]] bool mayAddPart();
 
     void clearChanges();
@@ -83,20 +71,9 @@ private:
     qint64 m_key = 0;
     bool m_hasRow = false;
     Binding<AssignedService> m_fields;
-    QString m_oldJobNo;
     bool m_carriesJobNo = false; ///< the number that is being saved goes to all copies
-    QString m_confirmedName;     ///< a changed name that the user insists on
-    bool m_jobNoChanged = false;
 
-    QLineEdit *txtJobNo = nullptr;
-    QLabel *lblJobNoData = nullptr;
-    QLineEdit *txtName = nullptr;
-    input::IdCombo *cboCrew = nullptr;
-    input::IdCombo *cboCostCenter = nullptr;
-    QToolButton *cmdCrew = nullptr;
-    QToolButton *cmdCostCenter = nullptr;
-    QCheckBox *ChkSeparateWO = nullptr;
-    QCheckBox *chkInactive = nullptr;
+    ServiceNameBox *m_name = nullptr;
     BudgetBox *m_budget = nullptr;
     ScheduleBox *m_schedule = nullptr;
     NextScheduleBox *m_next = nullptr; ///< of an assigned service only
