@@ -36,6 +36,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr const char *Module = "WorkOrder";
+constexpr int CrewsInView = 12; // characters of a list of crews
 const QString PrintedReport = u"ShowWorkorderReport"_s;
 const QString HistoryReport = u"ShowWorkorderHistoryReport"_s;
 
@@ -112,6 +113,8 @@ QWidget *frmWorkorder::buildFilter()
     for (QLineEdit *crews : {txtCrewRange, txtAssignCrew}) {
         input::restrictTo(crews, input::TypeCheck::Int, u",-"_s);
         crews->setPlaceholderText(u"1,3-5"_s);
+        // On a small or enlarged screen these give way, so that all buttons stay in reach.
+        crews->setMinimumWidth(crews->fontMetrics().horizontalAdvance(u'0') * CrewsInView);
     }
     datDateFrom->checkOnLeave();
     input::validateOnLeave(datDateFrom, [this] {
