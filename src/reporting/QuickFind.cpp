@@ -2,8 +2,8 @@
 
 #include "core/Permission.h"
 
-#include <QSet>
 #include <algorithm>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -151,17 +151,31 @@ QString listStatement(const Table &table, const QString &orderColumn, bool showI
     return statement + u" order by %1.[%2]  ASC"_s.arg(table.name, orderColumn);
 }
 
-db::Recordset list(const Table &table, const QString &orderColumn, bool showInactive,
-                   const QString &leftOut)
+List::List(const Table &table, const QString &orderColumn, bool showInactive,
+           const QString &leftOut)
+    : m_key(table.key.toString())
+    , m_source(dataConnection().OpenGradually(listStatement(table, orderColumn, showInactive)))
 {
-    const db::Recordset rows =
-        dataConnection().Open(listStatement(table, orderColumn, showInactive));
     if (!isType(table.name, u"tblEquipment"))
-        return rows;
-    QSet<qint64> keys;
+        return;
     for (const QStringView key : QStringView(leftOut).split(u',', Qt::SkipEmptyParts))
-        keys.insert(key.trimmed().toLongLong());
-    return rows.without(table.key, keys);
+        m_leftOut.insert(key.trimmed().toLongLong());
+}
+
+bool List::read(int rows)
+{
+    return m_source.fetch(rows);
+}
+
+void List::readAll()
+{
+    while (read(std::numeric_limits<int>::max())) {
+    }
+}
+
+db::Recordset List::rows() const
+{
+    return m_leftOut.isEmpty() ? m_source.rows() : m_source.rows().without(m_key, m_leftOut);
 }
 
 QString partListStatement(bool showInactive, qint64 category)

@@ -3,6 +3,7 @@
 #include "core/Session.h"
 
 #include <QList>
+#include <QSet>
 #include <QString>
 #include <QStringView>
 #include <span>
@@ -46,10 +47,26 @@ struct Table
 /// The whole statement of a list in the order of a column of the table.
 [[nodiscard]] QString listStatement(const Table &table, const QString &orderColumn,
                                     bool showInactive);
-/// The rows of a list. leftOut: keys of machines that are not listed, joined by commas, may be
-/// empty; other tables take no notice of it. Data; raises DbError.
-[[nodiscard]] db::Recordset list(const Table &table, const QString &orderColumn, bool showInactive,
-                                 const QString &leftOut);
+/// The rows of a list, which are read a part at a time: a long one is shown when its first rows are
+/// there. leftOut: keys of machines that are not listed, joined by commas, may be empty; other
+/// tables take no notice of it. Data, while it is being read; raises DbError.
+class List
+{
+public:
+    List(const Table &table, const QString &orderColumn, bool showInactive, const QString &leftOut);
+
+    /// Reads up to so many rows more; false when all are there.
+    bool read(int rows);
+    void readAll();
+    [[nodiscard]] bool isComplete() const { return m_source.isComplete(); }
+    /// What has been read.
+    [[nodiscard]] db::Recordset rows() const;
+
+private:
+    QString m_key;
+    QSet<qint64> m_leftOut;
+    db::Gradual m_source;
+};
 /// The statement of the parts' own quick find; category 0 for all.
 [[nodiscard]] QString partListStatement(bool showInactive, qint64 category);
 

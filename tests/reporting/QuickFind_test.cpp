@@ -90,7 +90,9 @@ TEST_F(QuickFind, InactiveMachinesAndThoseLeftOutAreAbsentWhicheverWayTheBoxStan
     const quickfind::Table &table = *quickfind::tableOf(u"TBLEQUIPMENT");
     const auto listed = [&](bool inactive, const QString &leftOut) {
         QStringList found;
-        for (const db::Row row : quickfind::list(table, u"UnitNo"_s, inactive, leftOut))
+        quickfind::List list(table, u"UnitNo"_s, inactive, leftOut);
+        list.readAll();
+        for (const db::Row row : list.rows())
             found.append(row.text(u"EquipmentID") + u' ' + row.text(u"Unit No"));
         return found.join(u", "_s);
     };
@@ -101,7 +103,9 @@ TEST_F(QuickFind, InactiveMachinesAndThoseLeftOutAreAbsentWhicheverWayTheBoxStan
     EXPECT_EQ(listed(true, u"1,2,3"_s), QString());
     const quickfind::Table &suppliers = *quickfind::tableOf(u"tblSupplier");
     gcnData->Execute(u"Insert into tblSupplier(SupplierID,Name) values(1,'Parts Depot')"_s);
-    EXPECT_EQ(quickfind::list(suppliers, u"Name"_s, false, u"1"_s).RecordCount(),
+    quickfind::List list(suppliers, u"Name"_s, false, u"1"_s);
+    list.readAll();
+    EXPECT_EQ(list.rows().RecordCount(),
               gcnData->Open(u"Select * from tblSupplier"_s).RecordCount());
 }
 

@@ -90,6 +90,38 @@ TEST_F(QuickFindScreen, TypingMovesToTheFirstRowThatBeginsSo)
     EXPECT_EQ(key, u"12"_s);
 }
 
+TEST_F(QuickFindScreen, ALongListIsShownWithItsFirstRowsAndSearchedWhenTheOthersAreThere)
+{
+    gcnData->BeginTrans();
+    for (int id = 100; id < 1100; ++id)
+        addMachine(id, u"R-%1"_s.arg(id), id == 1050 ? u"Last"_s : u"Blower"_s, false);
+    gcnData->CommitTrans();
+    const auto count = [](const ScreenDriver &screen) { return list(screen).rows().rowCount(); };
+    QString key = find(machines(false, {}, u"12,1099"_s), [&](const ScreenDriver &screen) {
+        EXPECT_EQ(unit(screen), u"M-1"_s);
+        EXPECT_LT(count(screen), 1001) << "the first rows";
+        list(screen).selectRow(1);
+        QTest::keyClicks(&screen.control("txtSearchText"), u"r-1050"_s);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return count(screen) == 1001; }));
+        EXPECT_EQ(unit(screen), u"R-1050"_s) << "what was typed meanwhile";
+        screen.choose("cboFieldNames", u"Name"_s);
+        screen.type("txtSearchText", u"LA"_s);
+        EXPECT_EQ(unit(screen), u"R-1050"_s);
+        screen.press("cmdCancel");
+    });
+    EXPECT_EQ(key, QString());
+    key = find(machines(), [](const ScreenDriver &screen) {
+        QTest::keyClicks(&screen.control("txtSearchText"), u"r-1050"_s);
+        QTest::keyClick(&screen.control("txtSearchText"), Qt::Key_Return);
+    });
+    EXPECT_EQ(key, u"1050"_s) << "not the row that was on show before the search";
+    key = find(machines(false, u"1050"_s), [](const ScreenDriver &screen) {
+        EXPECT_EQ(unit(screen), u"R-1050"_s);
+        screen.press("cmdSelect");
+    });
+    EXPECT_EQ(key, u"1050"_s);
+}
+
 TEST_F(QuickFindScreen, TheFirstRowIsThatOfTheSortInView)
 {
     find(machines(), [](const ScreenDriver &screen) {

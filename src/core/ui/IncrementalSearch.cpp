@@ -33,7 +33,7 @@ IncrementalSearch::IncrementalSearch(QLineEdit *box, grid::GridView *grid,
 void IncrementalSearch::search()
 {
     const QString text = m_box->text().trimmed();
-    if (text.isEmpty())
+    if (text.isEmpty() || (mayBegin && !mayBegin()))
         return;
     base::trapped(qPrintable(m_box->window()->objectName()), "txtSearchText_Change - ", [&] {
         for (const Column &column : std::as_const(m_columns)) {

@@ -3,6 +3,7 @@
 #include <QList>
 #include <QObject>
 #include <QString>
+#include <functional>
 
 class QLineEdit;
 
@@ -34,6 +35,8 @@ public:
     void setColumns(QList<Column> columns) { m_columns = std::move(columns); }
     /// Searches for the text in the box now.
     void search();
+    /// Asked before a search; false puts it off, until search is called again.
+    std::function<bool()> mayBegin;
 
 private:
     [[nodiscard]] int match(const Column &column, const QString &text) const;

@@ -2,6 +2,8 @@
 
 #include "platform/db/EngineErrors.h"
 
+#include <QFileInfo>
+
 #include <array>
 #include <span>
 
@@ -62,6 +64,12 @@ void addCommonParameters(ParameterBlock &block, const Target &target)
 QByteArray placeOf(const Target &target)
 {
     return utf8(target.host.isEmpty() ? target.file : target.host + u':' + target.file);
+}
+
+QByteArray identityOf(const Target &target)
+{
+    return target.host.isEmpty() ? QFileInfo(target.file).canonicalFilePath().toUtf8()
+                                 : placeOf(target);
 }
 
 Transaction::Transaction(Attachment &attachment, Mode mode)

@@ -10,6 +10,8 @@ namespace db::engine {
 
 /// The place of a database as the engine takes it: the file, or "host:file".
 [[nodiscard]] QByteArray placeOf(const Target &target);
+/// The same for all targets that mean one database.
+[[nodiscard]] QByteArray identityOf(const Target &target);
 
 class Attachment;
 

@@ -3,12 +3,11 @@
 #include "platform/base/Environment.h"
 #include "platform/db/Attachment.h"
 #include "platform/db/Catalogue.h"
+#include "platform/db/GradualSource.h"
 #include "platform/db/Peers.h"
 #include "platform/db/Statement.h"
 #include "platform/db/StatementCache.h"
 #include "platform/sql/Conversion.h"
-
-#include <QFileInfo>
 
 #include <optional>
 
@@ -58,13 +57,6 @@ bool goesAsItIs(const QVariant &value, const sql::Slot &slot)
     }
 }
 
-QByteArray identityOf(const Target &target)
-{
-    if (!target.host.isEmpty())
-        return engine::placeOf(target);
-    return QFileInfo(target.file).canonicalFilePath().toUtf8();
-}
-
 } // namespace
 
 class Connection::Implementation
@@ -73,10 +65,13 @@ public:
     explicit Implementation(const Target &target)
         : m_target(target)
         , m_attachment(target)
-        , m_peer(identityOf(target), [this] { letGoOfTables(); })
+        , m_peer(engine::identityOf(target), [this] { letGoOfTables(); })
     {}
 
+    template<class Action>
+    auto withTables(const Sent &request, Action &&action);
     Result run(const Sent &request);
+    Gradual runGradually(const QString &statement);
 
     void begin();
     void commit();
@@ -118,7 +113,9 @@ private:
     Peer m_peer;
 };
 
-Result Connection::Implementation::run(const Sent &request)
+/// Does something with a statement, once more when the tables were not known as they are.
+template<class Action>
+auto Connection::Implementation::withTables(const Sent &request, Action &&action)
 {
     if (m_peer.tablesHaveChanged())
         forgetTables();
@@ -127,16 +124,33 @@ Result Connection::Implementation::run(const Sent &request)
         if (m_observer)
             m_observer(request);
         try {
-            return runOnce(request);
+            return action();
         } catch (const base::Error &error) {
             if (!isUnknownName(error.number()) || m_schemaIsFresh)
                 throw;
         }
         forgetTables();
-        return runOnce(request);
+        return action();
     } catch (const base::Error &error) {
         throw DbError(error.number(), error.description(), request.statement);
     }
+}
+
+Result Connection::Implementation::run(const Sent &request)
+{
+    return withTables(request, [&] { return runOnce(request); });
+}
+
+Gradual Connection::Implementation::runGradually(const QString &statement)
+{
+    const sql::Lifted lifted = sql::lift(statement);
+    const std::unique_ptr<CachedPlan> plan =
+        prepared(sql::translate(statement, schema(), {{}, true, {}}), lifted);
+    const engine::Context context = readingContext();
+    if (!plan->statement->hasRows() || !collectValues(plan->plan, lifted, {}) ||
+        !plan->statement->bind(m_values, context))
+        throw DbError(ErrorNumber::Syntax, u"The statement can't be read bit by bit."_s);
+    return Gradual(std::make_unique<Gradual::Source>(std::move(plan->statement), context));
 }
 
 /// The shape of a statement, and its literals.
@@ -419,6 +433,13 @@ Recordset Connection::Open(const QString &statement, const QVariantList &paramet
 {
     Result result = m_implementation->run({statement, parameters, {}});
     return result.rows ? Recordset(std::move(result.rows)) : Recordset();
+}
+
+Gradual Connection::OpenGradually(const QString &statement)
+{
+    const QVariantList none;
+    return m_implementation->withTables({statement, none, {}},
+                                        [&] { return m_implementation->runGradually(statement); });
 }
 
 qint64 Connection::Execute(const QString &statement, const QVariantList &parameters)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/db/DbError.h"
+#include "platform/db/Gradual.h"
 #include "platform/db/Recordset.h"
 #include "platform/sql/Schema.h"
 
@@ -50,6 +51,8 @@ public:
 
     /// Runs a query and fetches all its rows.
     [[nodiscard]] Recordset Open(const QString &statement, const QVariantList &parameters = {});
+    /// Runs a query whose rows are then fetched a part at a time.
+    [[nodiscard]] Gradual OpenGradually(const QString &statement);
     /// Runs a statement without rows; the number of rows it changed, 0 for DDL.
     qint64 Execute(const QString &statement, const QVariantList &parameters = {});
     /// Runs an insert and returns the value that the engine gave to the key column.

@@ -5,7 +5,9 @@
 #include "platform/db/Criterion.h"
 #include "platform/db/RowData.h"
 
+#include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace db {
 namespace {
@@ -220,6 +222,13 @@ bool Recordset::isNull(int row, int column) const
     return m_data->isNull(row, column);
 }
 
+std::optional<std::string_view> Recordset::utf8(int row, int column) const
+{
+    if (m_data->storage(column) != RowData::Storage::Text)
+        return std::nullopt;
+    return m_data->isNull(row, column) ? std::string_view() : m_data->text(row, column);
+}
+
 Row Recordset::row(int index) const
 {
     if (index < 0 || index >= RecordCount())
@@ -261,6 +270,33 @@ Recordset Recordset::Clone() const
     return Recordset(m_data);
 }
 
+Recordset Recordset::orderedBy(const QList<QStringView> &columns) const
+{
+    std::vector<int> places;
+    for (const QStringView name : columns) {
+        places.push_back(columnIndex(name));
+        if (places.back() < 0)
+            noSuchItem(name.toString());
+    }
+    std::vector<int> order(static_cast<std::size_t>(RecordCount()));
+    std::iota(order.begin(), order.end(), 0);
+    std::ranges::stable_sort(order, [&](int left, int right) {
+        for (const int column : places) {
+            const auto keyOf = [&](int row) {
+                const bool known = !m_data->isNull(row, column);
+                return std::pair(known, known ? m_data->integer(row, column) : 0);
+            };
+            if (const auto a = keyOf(left), b = keyOf(right); a != b)
+                return a < b;
+        }
+        return false;
+    });
+    const auto ordered = std::make_shared<RowData>(m_data->layout());
+    for (const int row : order)
+        ordered->addRow(*m_data, row);
+    return Recordset(ordered);
+}
+
 /// The rows whose value in the column is Null or to be kept.
 template<class Keep>
 Recordset Recordset::only(QStringView column, Keep &&keep) const
@@ -276,11 +312,15 @@ Recordset Recordset::only(QStringView column, Keep &&keep) const
 
 Recordset Recordset::without(QStringView column, const QSet<qint64> &keys) const
 {
+    if (keys.isEmpty() && columnIndex(column) >= 0)
+        return Clone();
     return only(column, [&](const Row &row) { return !keys.contains(row.integer(column)); });
 }
 
 Recordset Recordset::withoutTexts(QStringView column, const QStringList &keys) const
 {
+    if (keys.isEmpty() && columnIndex(column) >= 0)
+        return Clone();
     QSet<QString> folded;
     for (const QString &key : keys)
         folded.insert(key.toCaseFolded());

@@ -8,6 +8,8 @@
 #include <QStringList>
 #include <QVariant>
 #include <memory>
+#include <optional>
+#include <string_view>
 
 namespace db {
 
@@ -68,6 +70,9 @@ public:
     /// The value at a place, an invalid QVariant for Null.
     [[nodiscard]] QVariant value(int row, int column) const;
     [[nodiscard]] bool isNull(int row, int column) const;
+    /// The texts of a column as UTF-8, empty for Null; nothing when it isn't one of texts. For
+    /// going through many rows.
+    [[nodiscard]] std::optional<std::string_view> utf8(int row, int column) const;
     [[nodiscard]] Row row(int index) const;
 
     // The cursor. A recordset opens on its first row; beyond the last row IsEOF is true, before
@@ -98,6 +103,10 @@ public:
     [[nodiscard]] Recordset without(QStringView column, const QSet<qint64> &keys) const;
     /// The same for a column of texts; case doesn't count, as in a comparison of the dialect.
     [[nodiscard]] Recordset withoutTexts(QStringView column, const QStringList &keys) const;
+    /// A copy whose rows go by these columns of whole numbers, the first counting most, Null first;
+    /// on its first row. For rows that are too wide for the engine to sort. Raises base::Error
+    /// NoSuchItem for an unknown column.
+    [[nodiscard]] Recordset orderedBy(const QList<QStringView> &columns) const;
 
     class Iterator
     {

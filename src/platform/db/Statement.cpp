@@ -1,5 +1,7 @@
 #include "platform/db/Statement.h"
 
+#include <limits>
+
 namespace db::engine {
 namespace {
 
@@ -22,14 +24,30 @@ Statement::Statement(const Context &context, const QString &text, const sql::Sch
     , m_hasRows((m_statement->getFlags(&m_status) & Firebird::IStatement::FLAG_HAS_CURSOR) != 0)
 {}
 
-std::shared_ptr<RowData> Statement::fetch(const Context &context)
+Ref<Firebird::IResultSet> Statement::openCursor(const Context &context)
 {
-    auto rows = std::make_shared<RowData>(m_output.layout());
-    Ref<Firebird::IResultSet> cursor(m_statement->openCursor(&m_status, context.transaction,
+    return Ref<Firebird::IResultSet>(m_statement->openCursor(&m_status, context.transaction,
                                                              m_input.metadata(), m_input.buffer(),
                                                              m_output.metadata(), 0));
-    while (cursor->fetchNext(&m_status, m_output.buffer()) == Firebird::IStatus::RESULT_OK)
-        m_output.appendTo(*rows, context);
+}
+
+bool Statement::fetchSome(Firebird::IResultSet &cursor, RowData &rows, int count,
+                          const Context &context)
+{
+    for (; count > 0; --count) {
+        if (cursor.fetchNext(&m_status, m_output.buffer()) != Firebird::IStatus::RESULT_OK)
+            return false;
+        m_output.appendTo(rows, context);
+    }
+    return true;
+}
+
+std::shared_ptr<RowData> Statement::fetch(const Context &context)
+{
+    auto rows = emptyRows();
+    Ref<Firebird::IResultSet> cursor = openCursor(context);
+    while (fetchSome(*cursor.get(), *rows, std::numeric_limits<int>::max(), context)) {
+    }
     cursor->close(&m_status);
     cursor.take();
     rows->squeeze();

@@ -30,6 +30,15 @@ public:
     }
     /// Runs a query with the parameters set before and fetches its rows.
     [[nodiscard]] std::shared_ptr<RowData> fetch(const Context &context);
+    /// The same a part at a time: first a cursor with the parameters set before, of which there is
+    /// one at a time.
+    [[nodiscard]] Ref<Firebird::IResultSet> openCursor(const Context &context);
+    [[nodiscard]] std::shared_ptr<RowData> emptyRows() const
+    {
+        return std::make_shared<RowData>(m_output.layout());
+    }
+    /// Appends up to so many rows; false when there are no more.
+    bool fetchSome(Firebird::IResultSet &cursor, RowData &rows, int count, const Context &context);
     /// Runs a statement without a cursor; the number of rows that it changed.
     qint64 execute(const Context &context);
     /// The first column of the row that the statement run last gave back (RETURNING).

@@ -34,6 +34,9 @@ public:
     /// go, those of addColumn stay, empty. New number columns stand right, Yes/No columns are
     /// check boxes, dates show as mm/dd/yyyy. The present sort is applied.
     void setRecordset(const db::Recordset &recordset);
+    /// Takes the rows by which the present recordset has grown; it begins with the same rows. All
+    /// that was set, chosen or sorted stays.
+    void extendRecordset(const db::Recordset &longer);
 
     /// Adds a column, or gives an existing one of that name these settings; its index.
     int addColumn(Column column);
@@ -95,8 +98,9 @@ public:
     /// The first row, from the given one on, that meets a criterion of one comparison, as
     /// db::Recordset::Find: "[Unit No] like 'a*'", "EquipmentID = '5'"; or -1.
     [[nodiscard]] int find(QStringView criterion, int from = 0) const;
-    /// The first row whose cell begins with the text, without regard to case, or -1. The first
-    /// call for a column sorts its texts; from then on a call takes logarithmic time.
+    /// The first row whose cell begins with the text, without regard to case, or -1. Texts of the
+    /// recordset are read through, some milliseconds for a hundred thousand; others are sorted by
+    /// the first call for their column.
     [[nodiscard]] int beginsWith(QStringView name, QStringView text) const;
 
     /// Sorts by a column, rows that are equal in it staying in their present order; None returns
@@ -168,6 +172,7 @@ private:
     [[nodiscard]] QVariant slotValue(int slot, const ColumnData &column) const;
     [[nodiscard]] QString shownText(int slot, const ColumnData &column) const;
     [[nodiscard]] QString searchText(int slot, const ColumnData &column) const;
+    [[nodiscard]] std::optional<int> scannedFor(QStringView text, const ColumnData &column) const;
     void store(int row, int column, const QVariant &value);
     void dropRows();
     [[nodiscard]] std::vector<int> &siblings(int parentSlot);

@@ -223,6 +223,8 @@ QString GridModel::searchText(int slot, const ColumnData &data) const
 int GridModel::beginsWith(QStringView name, QStringView text) const
 {
     const ColumnData &data = m_columns.named(name);
+    if (const std::optional<int> row = scannedFor(text, data))
+        return *row;
     if (!data.search) {
         std::vector<QString> texts;
         texts.reserve(m_rows.size());

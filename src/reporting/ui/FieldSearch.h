@@ -29,6 +29,8 @@ public:
     /// The field that is chosen.
     [[nodiscard]] const quickfind::Field &field() const;
     void search() { m_search->search(); }
+    /// Asked before a search; false puts it off, until search is called again.
+    void setMayBegin(std::function<bool()> mayBegin) { m_search->mayBegin = std::move(mayBegin); }
 
 Q_SIGNALS:
     /// The user chose another field.

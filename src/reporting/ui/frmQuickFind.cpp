@@ -16,6 +16,7 @@
 #include "reporting/ui/FieldSearch.h"
 
 #include <QCheckBox>
+#include <QElapsedTimer>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -30,6 +31,11 @@ namespace {
 
 constexpr const char *Module = "frmQuickFind";
 constexpr QStringView Ticked = u"Select";
+
+// A list is shown with its first rows; the others are read while the user looks at them.
+constexpr int FirstRows = 200;
+constexpr int RowsAtOnce = 100;
+constexpr int MillisecondsAtOnce = 8; ///< half of the time between two frames
 
 /// Widths of columns whose texts are long or short by nature; others have the usual one.
 int widthOf(QStringView column)
@@ -81,8 +87,11 @@ void frmQuickFind::buildForm()
     cmdSelect->setDefault(true);
     m_search = new FieldSearch(cboFieldNames, txtSearchText, grdQuickFind,
                                IncrementalSearch::WithoutMatch::ClearRow);
+    m_search->setMayBegin([this] { return maySearch(); });
     moveRowsFrom(txtSearchText2, grdQuickFind);
     setAutomatic(false);
+    m_reading.setSingleShot(true);
+    connect(&m_reading, &QTimer::timeout, this, &frmQuickFind::readOn);
 
     connect(m_search, &FieldSearch::fieldChosen, this,
             [this] { showWhatToEnter(*lblMainField, m_search->field().description); });
@@ -142,6 +151,8 @@ QString frmQuickFind::ShowQuickFind()
     adoptGrid(grdQuickFind,
               m_table->name.toString() + (m_request.several ? u"Several"_s : QString()));
     showModal();
+    m_reading.stop();
+    m_list.reset();
     if (m_addNew)
         openings().open(m_request.form, {.mode = Mode::Add});
     return m_result;
@@ -158,8 +169,15 @@ bool frmQuickFind::ShowQuickFindMain()
         const QString chosen = m_search->field().name;
         m_search->setFields(fields, chosen.isEmpty() ? m_request.field : chosen);
         const QStringList ticked = tickedKeys();
-        grdQuickFind->rows().setRecordset(quickfind::list(
-            *m_table, m_request.field, chkInactive->isChecked(), m_request.leftOut));
+        m_list = std::make_unique<quickfind::List>(*m_table, m_request.field,
+                                                   chkInactive->isChecked(), m_request.leftOut);
+        if (ticked.isEmpty() && m_request.selected.isEmpty())
+            m_list->read(FirstRows);
+        else
+            m_list->readAll();
+        grdQuickFind->rows().setRecordset(m_list->rows());
+        if (!m_list->isComplete())
+            m_reading.start();
         if (!std::exchange(m_columnsAreSet, true))
             setColumns();
         tick(ticked);
@@ -169,6 +187,45 @@ bool frmQuickFind::ShowQuickFindMain()
         grdQuickFind->selectRow(row >= 0 ? row : grdQuickFind->displayedOrder().value(0, -1));
         return true;
     });
+}
+
+void frmQuickFind::readOn()
+{
+    base::trapped(Module, "readOn", [this] {
+        // Between two parts the screen answers keys and paints.
+        m_reading.stop();
+        QElapsedTimer timer;
+        timer.start();
+        while (m_list->read(RowsAtOnce)) {
+            if (timer.elapsed() >= MillisecondsAtOnce) {
+                m_reading.start();
+                return;
+            }
+        }
+        showAll();
+    });
+}
+
+void frmQuickFind::readAll()
+{
+    if (!m_list || m_list->isComplete())
+        return;
+    m_reading.stop();
+    m_list->readAll();
+    showAll();
+}
+
+void frmQuickFind::showAll()
+{
+    grdQuickFind->rows().extendRecordset(m_list->rows());
+    if (std::exchange(m_searchWaits, false))
+        m_search->search();
+}
+
+bool frmQuickFind::maySearch()
+{
+    m_searchWaits = m_list && !m_list->isComplete();
+    return !m_searchWaits;
 }
 
 void frmQuickFind::setColumns()
@@ -255,6 +312,9 @@ void frmQuickFind::cmdSelect_Click()
 {
     if (!grdQuickFind->finishEditing())
         return;
+    // What was typed means a row that may not have been read yet.
+    if (m_searchWaits)
+        readAll();
     // Who ticked nothing means the row under the cursor.
     m_result = tickedKeys().join(u',');
     if (m_result.isEmpty())

@@ -4,6 +4,9 @@
 #include "core/ui/ScreenCalls.h"
 #include "reporting/QuickFind.h"
 
+#include <QTimer>
+#include <memory>
+
 class FieldSearch;
 class QCheckBox;
 class QLabel;
@@ -35,6 +38,12 @@ private:
     void setColumns();
     /// Reads search fields and rows. False when there is nothing to show, which the user was told.
     bool ShowQuickFindMain();
+    /// Reads some more rows; when all are there they join the list.
+    void readOn();
+    void readAll();
+    void showAll();
+    /// False while rows are still being read: then the search follows them.
+    bool maySearch();
     void setAutomatic(bool automatic);
     [[nodiscard]] QString currentKey() const;
     [[nodiscard]] QStringList tickedKeys() const;
@@ -49,6 +58,9 @@ private:
     QString m_result;
     bool m_addNew = false;
     bool m_columnsAreSet = false;
+    std::unique_ptr<quickfind::List> m_list; ///< while it is shown
+    QTimer m_reading;
+    bool m_searchWaits = false;
 
     QRadioButton *optManual = nullptr;
     QRadioButton *optAuto = nullptr;

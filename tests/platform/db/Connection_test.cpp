@@ -174,6 +174,36 @@ TEST_F(Connection, NowAndTodayComeFromTheEnvironmentsClock)
     EXPECT_EQ(clock().date(u"n"), base::wallClock(QDate(2024, 3, 16), QTime(9, 30)));
 }
 
+TEST_F(Connection, RowsOfALongListComeAPartAtATime)
+{
+    for (const QString &id : {u"A"_s, u"B"_s, u"C"_s, u"D"_s})
+        addPart(id, 1, 2.5);
+    const QString statement = u"Select PartID, Price from tblPart where Description like 'part*' "
+                              "and PartID <> 'B' and Now() > #01-01-2000# order by PartID"_s;
+    db::Gradual list = data.OpenGradually(statement);
+    EXPECT_EQ(list.rows().RecordCount(), 0);
+    EXPECT_TRUE(list.fetch(2));
+    const db::Recordset first = list.rows();
+    EXPECT_EQ(data.Open(statement).RecordCount(), 3) << "the same statement meanwhile";
+    EXPECT_FALSE(list.fetch(2));
+    EXPECT_TRUE(list.isComplete());
+    EXPECT_EQ(first.RecordCount(), 2) << "what was given stays";
+    EXPECT_EQ(list.rows().RecordCount(), 3);
+    EXPECT_EQ(list.rows().row(2).text(u"PartID"), u"D");
+    EXPECT_EQ(list.rows().row(2).real(u"Price"), 2.5);
+    EXPECT_FALSE(list.fetch(1));
+
+    data.BeginTrans();
+    addPart(u"E"_s, 1, 1);
+    db::Gradual ended = data.OpenGradually(statement);
+    EXPECT_TRUE(ended.fetch(1));
+    data.RollbackTrans();
+    EXPECT_NE(raisedBy([&] { (void)ended.fetch(1); }).number(), 0);
+    EXPECT_EQ(raisedBy([&] { (void)data.OpenGradually(u"Select x from tblNone"_s); }).number(),
+              ErrorNumber::TableUnknown);
+    EXPECT_EQ(data.Open(statement).RecordCount(), 3);
+}
+
 TEST_F(Connection, ColumnsKeepTheNamesOfTheStatement)
 {
     addPart(u"A"_s, 1, 1);

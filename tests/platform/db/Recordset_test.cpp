@@ -143,6 +143,24 @@ TEST(Recordset, WhatIsLeftOutLeavesTheOtherRowsWhole)
     EXPECT_EQ(all.withoutTexts(u"Unit No", {}).RecordCount(), all.RecordCount());
 }
 
+TEST(Recordset, IsOrderedByWholeNumbersAndKeepsTheOrderOfEqualRows)
+{
+    const auto keys = [](const Recordset &rows) {
+        QList<qint64> list;
+        for (const Row row : rows)
+            list.append(row.integer(u"EquipmentID"));
+        return list;
+    };
+    const Recordset all = machines();
+    EXPECT_EQ(keys(all.orderedBy({u"used"})), (QList<qint64>{3, 1, 4, 2}));
+    EXPECT_EQ(keys(all.orderedBy({u"Used", u"EquipmentID"}).orderedBy({})),
+              (QList<qint64>{3, 1, 4, 2}));
+    EXPECT_EQ(errorOf([&] { (void)all.orderedBy({u"none"}); }), base::ErrorNumber::NoSuchItem);
+    EXPECT_EQ(all.utf8(0, 1), "Ax-1");
+    EXPECT_EQ(all.utf8(2, 1), "") << "Null";
+    EXPECT_EQ(all.utf8(0, 0), std::nullopt) << "no text";
+}
+
 TEST(Recordset, NamesAreFoundInAnyCaseAndTheFirstOfTwoEqualOnesCounts)
 {
     // Many columns, so that places in the table of names collide.

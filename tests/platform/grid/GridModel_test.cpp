@@ -1,6 +1,7 @@
 #include "platform/grid/GridModel.h"
 
 #include "GridRows.h"
+#include "platform/db/RowData.h"
 #include "support/Raised.h"
 
 #include <QAbstractItemModelTester>
@@ -220,6 +221,54 @@ TEST_F(GridModelOfParts, BeginsWithGivesTheFirstRowInOrderOfLoading)
     EXPECT_EQ(m_rows.beginsWith(u"Part Number", u"A-102"), 3) << "the searched texts are stale";
     m_rows.removeRow(0);
     EXPECT_EQ(m_rows.beginsWith(u"Part Number", u"A-102"), 2);
+}
+
+TEST_F(GridModelOfParts, RowsThatComeLaterJoinAsTheyAreSortedAndFound)
+{
+    const db::Recordset all = test::parts();
+    const db::Recordset some = all.withoutTexts(u"Part Number", {all.row(3).text(u"Part Number")});
+    GridModel rows;
+    const Tester tester(&rows, Tester::FailureReportingMode::Fatal);
+    rows.setRecordset(some);
+    rows.addColumn({.name = u"Select"_s, .editable = true, .editor = Editor::Check});
+    rows.setValue(1, u"Select", true);
+    EXPECT_EQ(rows.beginsWith(u"Part Number", u"c'3"), -1);
+    rows.sortBy(u"Part Number", Sort::Descending);
+    const QPersistentModelIndex kept = rows.indexOf(0);
+    rows.extendRecordset(all);
+    EXPECT_EQ(rows.rowOf(kept), 0);
+    m_rows.sortBy(u"Part Number", Sort::Descending);
+    EXPECT_EQ(rows.displayedOrder(), m_rows.displayedOrder());
+    EXPECT_EQ(rows.text(3, u"Part Number"), m_rows.text(3, u"Part Number"));
+    EXPECT_TRUE(rows.value(1, u"Select").toBool());
+    EXPECT_EQ(rows.beginsWith(u"Part Number", u"c'3"), 3);
+    rows.extendRecordset(all);
+    EXPECT_EQ(rows.rowCount(), 4);
+}
+
+TEST_F(GridModelOfParts, TextsAreSearchedWithoutRegardToCaseInAnyScript)
+{
+    struct Search
+    {
+        QStringView cell;
+        QStringView begin;
+        bool found;
+    };
+    for (const auto &[cell, begin, found] :
+         {Search{u"Ärmel", u"ÄR", true}, Search{u"ÄRMEL", u"är", true},
+          Search{u"Z9", u"z9x", false}, Search{u"aé", u"ae", false}, Search{u"[x", u"{x", false},
+          Search{u"", u"", true}}) {
+        auto data = std::make_shared<db::RowData>(
+            std::make_shared<const db::RowLayout>(std::vector<db::RowLayout::Column>{
+                {u"Name"_s, sql::ColumnKind::Text, db::RowData::Storage::Text}}));
+        const QByteArray utf8 = cell.toUtf8();
+        data->addText(0, utf8.constData(), static_cast<std::size_t>(utf8.size()));
+        data->endRow();
+        GridModel rows;
+        rows.setRecordset(db::Recordset(data));
+        EXPECT_EQ(rows.beginsWith(u"Name", begin), found ? 0 : -1)
+            << cell.toString().toStdString() << " " << begin.toString().toStdString();
+    }
 }
 
 TEST_F(GridModelOfParts, OnlyTheUsersChangesRunTheRule)
