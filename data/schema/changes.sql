@@ -17,3 +17,8 @@ create unique index ixWoServiceUsedOnce on tblWoServiceUsed (ServiceUsedID) with
 
 -- What an employee can do may take more than a line.
 alter table tblEmployee alter column Skills memo;
+
+-- The machine's screen goes through the machines by unit number in both directions, and looks for a
+-- serial number that another machine has.
+create index ixEquipmentUnitNoLast on tblEquipment (UnitNo desc);
+create index ixEquipmentSerialNo on tblEquipment (EquipmentSerialNo);

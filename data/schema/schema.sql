@@ -86,6 +86,8 @@ create table tblEquipment (
     constraint pkEquipment primary key (EquipmentID)
 );
 create index ixEquipmentUnitNo on tblEquipment (UnitNo);
+create index ixEquipmentUnitNoLast on tblEquipment (UnitNo desc);
+create index ixEquipmentSerialNo on tblEquipment (EquipmentSerialNo);
 create index ixEquipmentName on tblEquipment (EquipmentName);
 
 -- Several readings of one kind on one day are in order: no key.

@@ -85,9 +85,11 @@ QHash<qint64, double> SetAllPastCost(qint64 EquipmentID, const Period &period)
     const Condition condition(EquipmentID, period);
     QHash<qint64, double> costs;
     for (const db::Row row : dataConnection().Open(
-             u"Select ServiceUsedID, sum(QuantityUsed * Price) as Exp from tblWoPartHistory where "
-             "ServiceUsedID in (Select ServiceUsedID from tblWoServiceUsedHistory where %1) group "
-             "by ServiceUsedID"_s.arg(condition.text),
+             // The machine's services first: for "in" the engine reads all parts ever posted.
+             u"Select Posted.ServiceUsedID, sum(QuantityUsed * Price) as Exp from (Select distinct "
+             "ServiceUsedID + 0 as ServiceUsedID from tblWoServiceUsedHistory where %1) as Posted "
+             "inner join tblWoPartHistory on tblWoPartHistory.ServiceUsedID = Posted.ServiceUsedID "
+             "group by Posted.ServiceUsedID"_s.arg(condition.text),
              condition.values))
         costs.insert(row.integer(u"ServiceUsedID"), row.real(u"Exp"));
     return costs;

@@ -10,7 +10,6 @@
 #include "platform/db/Maintenance.h"
 
 #include <QFile>
-#include <QRegularExpression>
 
 namespace company {
 namespace {

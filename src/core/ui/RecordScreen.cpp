@@ -50,10 +50,10 @@ void RecordScreen::makeButtons(input::FormBuilder &form, const Buttons &buttons)
     cmdPrevious = navigation.previous;
     cmdNext = navigation.next;
     cmdLast = navigation.last;
-    connect(cmdFirst, &QToolButton::clicked, this, [this] { moveTo(0); });
-    connect(cmdPrevious, &QToolButton::clicked, this, [this] { moveTo(m_rows.Position() - 1); });
-    connect(cmdNext, &QToolButton::clicked, this, [this] { moveTo(m_rows.Position() + 1); });
-    connect(cmdLast, &QToolButton::clicked, this, [this] { moveTo(m_rows.RecordCount() - 1); });
+    connect(cmdFirst, &QToolButton::clicked, this, [this] { goTo(Place::First); });
+    connect(cmdPrevious, &QToolButton::clicked, this, [this] { goTo(Place::Previous); });
+    connect(cmdNext, &QToolButton::clicked, this, [this] { goTo(Place::Next); });
+    connect(cmdLast, &QToolButton::clicked, this, [this] { goTo(Place::Last); });
 
     const auto make = [&](const QString &name, const QString &caption, const QString &icon,
                           void (RecordScreen::*click)()) {
@@ -99,7 +99,7 @@ QVariant RecordScreen::currentKey() const
 void RecordScreen::RefreshRecordSet(const QVariant &key)
 {
     setStale(false);
-    m_rows = loadRows();
+    m_rows = rowsAt(Place::This, key);
     if (m_grid) {
         const QScopedValueRollback following(m_following, true);
         grid::GridModel &model = m_grid->rows();
@@ -117,13 +117,45 @@ void RecordScreen::RefreshRecordSet(const QVariant &key)
         if (!std::exchange(m_gridIsAdopted, true))
             adoptGrid(m_grid, m_grid->objectName());
     }
-    const QString wanted = base::toText(key);
-    const bool found = base::trapped(qPrintable(formName()), "RefreshRecordSet", false, [&] {
-        return !wanted.isEmpty() &&
-               m_rows.Find(u"[%1] = '%2'"_s.arg(keyColumn(), base::doubledQuotes(wanted)));
-    });
-    if (!found)
-        m_rows.MoveFirst();
+    showCurrentRow();
+}
+
+db::Recordset RecordScreen::rowsAt(Place place, const QVariant &key)
+{
+    db::Recordset rows = place == Place::This ? loadRows() : m_rows;
+    const int last = rows.RecordCount() - 1;
+    switch (place) {
+    case Place::This: {
+        const QString wanted = base::toText(key);
+        const bool found = base::trapped(qPrintable(formName()), "RefreshRecordSet", false, [&] {
+            return !wanted.isEmpty() &&
+                   rows.Find(u"[%1] = '%2'"_s.arg(keyColumn(), base::doubledQuotes(wanted)));
+        });
+        if (!found)
+            rows.MoveFirst();
+        break;
+    }
+    case Place::First:
+        rows.MoveFirst();
+        break;
+    case Place::Previous:
+        rows.MoveTo(qMax(rows.Position() - 1, 0));
+        break;
+    case Place::Next:
+        rows.MoveTo(qMin(rows.Position() + 1, last));
+        break;
+    case Place::Last:
+        rows.MoveLast();
+        break;
+    }
+    return rows;
+}
+
+void RecordScreen::goTo(Place place)
+{
+    if (!hasRows())
+        return;
+    m_rows = rowsAt(place, currentKey());
     showCurrentRow();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Permission.h"
+#include "core/Place.h"
 #include "core/ui/SavingScreen.h"
 #include "platform/db/Recordset.h"
 
@@ -33,8 +34,11 @@ protected:
 
     // --- What a screen says ------------------------------------------------------------------
 
-    /// All rows in their order.
-    [[nodiscard]] virtual db::Recordset loadRows() = 0;
+    /// All rows in their order. A screen of a table that is too long for that has rowsAt instead.
+    [[nodiscard]] virtual db::Recordset loadRows() { return {}; }
+    /// The rows to move through, with the cursor at a place as seen from the row of this key: the
+    /// first row when there is no such row. They hold at least the row and its neighbours.
+    [[nodiscard]] virtual db::Recordset rowsAt(Place place, const QVariant &key);
     [[nodiscard]] virtual QString keyColumn() const = 0;
     /// Shows a row in the controls. Runs under Displaying, so that nothing counts as an edit.
     virtual void DisplayData(const db::Row &row) = 0;
@@ -84,6 +88,7 @@ protected:
     [[nodiscard]] QVariant currentKey() const;
     /// The rows read again and the row of this key shown, the first when it isn't there.
     void RefreshRecordSet(const QVariant &key = {});
+    void goTo(Place place);
     void moveTo(int row);
     void EnableControls() override;
     void NavigationControls();

@@ -5,6 +5,7 @@
 #include "core/Tables.h"
 #include "core/ui/Combos.h"
 #include "core/ui/LookupCombo.h"
+#include "equipment/MachineRows.h"
 #include "organisation/clsIndicator.h"
 #include "organisation/ui/Entries.h"
 #include "platform/base/Environment.h"
@@ -245,13 +246,8 @@ bool IdentityPage::txtSerialNo_Validate()
     if (serial.isEmpty() || !IsDuplicate(u"tblEquipment"_s, u"EquipmentSerialNo"_s,
                                          m_storedSerialNo, txtSerialNo->text(), false))
         return true;
-    QString holder;
-    db::Recordset clone = m_rows.Clone();
-    if (clone.Find(u"EquipmentSerialNo='%1'"_s.arg(base::doubledQuotes(serial)))) {
-        const db::Row row = clone.current();
-        holder = u"\"%1\" - \"%2\""_s.arg(row.text(u"UnitNo"), row.text(u"EquipmentName"));
-    }
-    base::showMessage(u"This serial number is already in use on "_s + holder);
+    base::showMessage(u"This serial number is already in use on "_s +
+                      machinerows::holderOf(serial));
     txtSerialNo->clear();
     return false;
 }

@@ -24,8 +24,6 @@ public:
     /// The unit of the machine on show, as stored; empty for a new one.
     [[nodiscard]] const QString &storedUnitNo() const { return m_storedUnitNo; }
     void focusUnitNo();
-    /// Names the machines that hold a serial number; the recordset of the screen.
-    void setRows(const db::Recordset &rows) { m_rows = rows; }
     /// The control that saves: going there leaves the check of the unit number to the save.
     void setSaveControl(const QWidget *save) { m_save = save; }
 
@@ -47,7 +45,6 @@ private:
     [[nodiscard]] bool txtSerialNo_Validate();
     void editModels();
 
-    db::Recordset m_rows;
     const QWidget *m_save = nullptr;
     QString m_storedUnitNo;
     QString m_storedSerialNo;

@@ -5,6 +5,7 @@
 #include "core/Tables.h"
 #include "core/ui/Openings.h"
 #include "core/ui/ScreenCalls.h"
+#include "equipment/MachineRows.h"
 #include "equipment/clsEquipment_Manager.h"
 #include "equipment/ui/DepreciationPage.h"
 #include "equipment/ui/DocumentsPage.h"
@@ -172,11 +173,10 @@ void frmEquipment::RefreshCombo(const QString &listName)
 
 // --- The record ----------------------------------------------------------------------------------
 
-db::Recordset frmEquipment::loadRows()
+db::Recordset frmEquipment::rowsAt(Place place, const QVariant &key)
 {
-    const db::Recordset machines = GetTableInfo(u"tblEquipment"_s, u"Unitno"_s);
-    m_identity->setRows(machines);
-    return machines;
+    return base::trapped(Module, "RefreshRecordSet", db::Recordset(),
+                         [&] { return machinerows::at(place, key.toLongLong()); });
 }
 
 void frmEquipment::DisplayData(const db::Row &row)

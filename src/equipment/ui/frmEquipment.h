@@ -33,7 +33,7 @@ public:
     void keepLayout(grid::GridView *grid, const QString &gridName) override;
 
 protected:
-    db::Recordset loadRows() override;
+    db::Recordset rowsAt(Place place, const QVariant &key) override;
     QString keyColumn() const override { return QStringLiteral("EquipmentID"); }
     void DisplayData(const db::Row &row) override;
     void ClearData() override;
