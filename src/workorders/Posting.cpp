@@ -552,10 +552,9 @@ void deleteOpenRows(const QList<qint64> &orders, const QList<qint64> &ids)
     }
     for (const QString &list : listsOf(orders)) {
         gcnData->Execute(
-            u"Delete from tblWorkorder where WorkOrderno in (%1) and (not workorderno in (SELECT "
-            "tblWorkorder.workorderno FROM tblWOServiceUSed LEFT JOIN tblWorkorder ON "
-            "tblworkorder.workorderno = tblWoServiceUsed.workorderno WHERE "
-            "tblWorkorder.workorderno in (%1)))"_s.arg(list));
+            u"Delete from tblWorkorder where WorkOrderno in (%1) and not exists (Select "
+            "NServiceUsedID from tblWoServiceUsed where tblWoServiceUsed.WorkorderNo = "
+            "tblWorkorder.WorkorderNo)"_s.arg(list));
     }
 }
 

@@ -53,7 +53,7 @@ QString printWo(const WorkorderFilter &filter)
            u" or nextscheduleddate is null)) as Found inner join tblWorkorder on "
            "tblWorkorder.WorkOrderNo = Found.Number) LEFT JOIN tblEquipment ON "
            "tblWorkorder.EquipmentID = tblEquipment.EquipmentID) LEFT JOIN tblIndicator AS Etype "
-           "ON tblEquipment.EquipmentType = Etype.itemid order by 1, 2"_s;
+           "ON tblEquipment.EquipmentType = Etype.itemid"_s;
 }
 
 QString genServices(const WorkorderFilter &filter)

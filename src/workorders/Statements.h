@@ -8,7 +8,7 @@
 /// keys.
 namespace workorders::statements {
 
-/// Machines with due services and no order (WorkOrderNo Null), and open orders within the filter.
+/// The rows of the list of due work (DueList.h), in no order.
 [[nodiscard]] QString printWo(const WorkorderFilter &filter);
 /// Due services of a machine. Parameter: EquipmentID.
 [[nodiscard]] QString genServices(const WorkorderFilter &filter);

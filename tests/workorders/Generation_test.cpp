@@ -1,7 +1,7 @@
 #include "workorders/Generation.h"
 
 #include "platform/base/Error.h"
-#include "workorders/Statements.h"
+#include "workorders/DueList.h"
 #include "workorders/Workshop.h"
 
 #include <QSet>
@@ -33,7 +33,7 @@ protected:
 
     [[nodiscard]] db::Recordset listed(const WorkorderFilter &by) const
     {
-        return gcnData->Open(workorders::statements::printWo(by));
+        return workorders::dueList(by);
     }
 
     WorkorderFilter filter{QDate(2024, 2, 14), QDate(2024, 3, 15), {}, {}};

@@ -8,6 +8,7 @@
 #include "platform/input/FormBuilder.h"
 #include "platform/input/ProgressBox.h"
 #include "platform/input/Theme.h"
+#include "workorders/DueList.h"
 #include "workorders/Generation.h"
 #include "workorders/Statements.h"
 #include "workorders/ui/DueServices.h"
@@ -164,7 +165,7 @@ void PrintWorkPage::RefreshPrintWo()
     const bool loaded = base::trapped(Module, "RefreshPrintWo", false, [this] {
         m_lateness = LatenessStyle::current();
         const WorkorderFilter filter = m_filter();
-        const db::Recordset rows = gcnData->Open(workorders::statements::printWo(filter));
+        const db::Recordset rows = workorders::dueList(filter);
         m_shown = filter;
         const QScopedValueRollback filling(m_filling, true);
         grdPrintWO->rows().setRecordset(rows);
