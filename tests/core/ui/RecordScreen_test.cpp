@@ -62,6 +62,7 @@ public:
     }
 
     QString word;
+    QString nearer; ///< what a step of the save names as being in the way
 
 protected:
     db::Recordset loadRows() override
@@ -81,6 +82,8 @@ protected:
     std::optional<QVariant> saveRecord() override
     {
         const SampleCrew crew = m_fields.read();
+        if (!nearer.isEmpty())
+            throw InTheWay(nearer);
         if (mode() == Mode::Add)
             return gcnData->Insert(u"Insert into tblCrew(CrewNumber,Description) values(?,?)"_s,
                                    {crew.CrewNumber, crew.Description}, u"CrewID"_s);
@@ -386,6 +389,19 @@ TEST_F(RecordScreens, ARowThatIsGoneCanBeAddedAgainAndAHeldOneIsLeft)
             u"Another workstation is changing the crew \"1\". Please try again in a moment."_s;
         prompts.expect(busy, Icon::None);
         screen.press("cmdUpdate");
+        // What a step of the save has named is told as it stands.
+        auto &sample = static_cast<frmSample &>(screen.screen());
+        sample.nearer = u"Another workstation is counting part \"P-1\"."_s;
+        prompts.expect(sample.nearer, Icon::None);
+        screen.press("cmdUpdate");
+        sample.nearer.clear();
+        screen.press("cmdCancel");
+        prompts.expect(u"Are you sure you want to Delete this record?"_s, Icon::Question,
+                       Buttons::YesNo, Answer::Yes);
+        prompts.expect(busy, Icon::None);
+        screen.press("cmdDelete");
+        EXPECT_EQ(count(u"tblCrew"_s), 2);
+        screen.type("txtDescription", u"mine"_s);
         other->RollbackTrans();
 
         other->Execute(u"Delete from tblCrew where CrewNumber = 1"_s);
