@@ -1,5 +1,6 @@
 #include "core/StartUp.h"
 
+#include "core/DailyCopies.h"
 #include "core/Identifiers.h"
 #include "core/Options.h"
 #include "core/Session.h"
@@ -9,9 +10,11 @@
 #include "platform/base/Trapped.h"
 #include "platform/db/FileCheck.h"
 #include "platform/db/Maintenance.h"
+#include "platform/db/Proof.h"
 #include "platform/settings/Registry.h"
 #include "platform/system/Files.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <optional>
 
@@ -66,6 +69,44 @@ QString registryValue(const QString &name)
 /// What makes a database the program's own, whatever else it holds.
 const QByteArrayList ownTables = {"TBLSYSOPTION", "TBLUSER", "TBLEQUIPMENT"};
 
+/// The day's first copy is kept under its date, and old ones go when it stands.
+void keepDailyCopy(const QString &proven)
+{
+    const QString folder = copies::startCopiesFolder();
+    const QString daily = folder + u'/' + copies::nameOfDay(base::today());
+    if (QFileInfo::exists(daily))
+        return;
+    sys::makeFolder(folder);
+    sys::copyFile(proven, daily);
+    // Without the rule nothing goes; the start will say what is wrong with the options.
+    std::optional<copies::KeepRule> rule;
+    (void)errorOf([&] {
+        db::Target target;
+        target.file = proven;
+        db::Connection connection(target);
+        rule = copies::keepRuleOf(connection);
+    });
+    if (rule)
+        copies::prune(folder, base::today(), *rule);
+}
+
+/// Puts a copy in the place of the last one when it has been proven: one of a damaged database is
+/// worth less than the one that stands there.
+void replaceProven(const QString &fresh, const QString &backup)
+{
+    try {
+        (void)db::prove(fresh);
+        sys::moveFile(fresh, backup);
+    } catch (const db::DbError &error) {
+        QFile::remove(fresh);
+        throw base::Error(error.number(),
+                          u"No backup was made, the last good one stays. "_s + error.description());
+    } catch (...) {
+        QFile::remove(fresh);
+        throw;
+    }
+}
+
 void copyToBackup()
 {
     const QString version = registryValue(u"VERSION"_s).remove(u'.');
@@ -80,9 +121,12 @@ void copyToBackup()
     // What is no database any more must not take the place of the last one that was.
     if (QFileInfo(source).isFile())
         db::requireWholeDatabase(source, ownTables);
-    sys::copyFile(source,
-                  base::applicationPath(u"\\Data\\Backup\\Quorvantis"_s + version + u".mdb"_s),
-                  isFree);
+    const QString backup =
+        base::applicationPath(u"\\Data\\Backup\\Quorvantis"_s + version + u".mdb"_s);
+    const QString fresh = backup + u".new~"_s;
+    sys::copyFile(source, fresh, isFree);
+    replaceProven(fresh, backup);
+    keepDailyCopy(backup);
 }
 
 void makeGuid()

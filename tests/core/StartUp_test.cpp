@@ -4,8 +4,10 @@
 #include "platform/base/Error.h"
 #include "platform/db/Connection.h"
 #include "platform/db/DbError.h"
+#include "platform/db/Proof.h"
 #include "platform/settings/Registry.h"
 #include "platform/system/SingleInstance.h"
+#include "support/Damage.h"
 #include "support/Raised.h"
 #include "support/ScriptedPrompts.h"
 #include "support/TestFiles.h"
@@ -74,12 +76,30 @@ protected:
         connection.Execute(u"Update tblSysOption set itemValue = ? where SysOption = ?"_s,
                            {value, key});
     }
+    /// What a copy says that the company is called.
+    static QString companyIn(const QString &file)
+    {
+        db::Target copy = target();
+        copy.file = file;
+        return db::Connection(copy)
+            .Open(u"Select itemValue from tblSysOption where SysOption = 'GEN_COMPANY_NAME'"_s)
+            .value(0, 0)
+            .toString();
+    }
+    static QString daily(const QString &day)
+    {
+        return path(u"Data/Backup/Daily/Quorvantis "_s + day + u".mdb"_s);
+    }
     static QString guid() { return settings::registry().value(settings::ProductKey, u"GUID"_s); }
 
-    void expectBackupProblem(const QString &description, int number)
+    void expectBackupMessage(const QString &description, int number)
     {
         prompts.expect(description + u' ' + QString::number(number) + u"Main Funtions(BackupDB) "_s,
                        Icon::None);
+    }
+    void expectBackupProblem(const QString &description, int number)
+    {
+        expectBackupMessage(description, number);
         prompts.expect(u"Problem in taking backup of Database."_s, Icon::Information);
     }
     void expectFailure(const QString &description, int number, const QString &where)
@@ -108,11 +128,11 @@ TEST_F(StartUp, RunsItsStepsInOrder)
 {
     putDatabase();
     setOption(u"SECURITYONOFF"_s, u"1"_s);
-    const QByteArray before = test::readFile(live());
+    setOption(u"GEN_COMPANY_NAME"_s, u"Before the start"_s);
     EXPECT_TRUE(Main(steps));
     EXPECT_EQ(course, QStringList({u"update"_s, u"instance"_s, u"migrate"_s, u"login"_s, u"role"_s,
                                    u"main"_s}));
-    EXPECT_EQ(test::readFile(backup()), before);
+    EXPECT_EQ(companyIn(backup()), u"Before the start"_s);
     EXPECT_TRUE(connectionsAreOpen());
     EXPECT_EQ(gsDatabasePath, live());
     EXPECT_EQ(guid().size(), 32);
@@ -147,12 +167,54 @@ TEST_F(StartUp, TheBackupHasTheVersionsNameAndTheLatestState)
 {
     putDatabase();
     test::writeFile(backup(), "of the day before");
+    setOption(u"GEN_COMPANY_NAME"_s, u"Latest"_s);
     EXPECT_TRUE(BackupDB());
-    EXPECT_EQ(test::readFile(backup()), test::readFile(live()));
+    EXPECT_EQ(companyIn(backup()), u"Latest"_s);
     settings::registry().setValue(settings::ProductKey, u"VERSION"_s, QString());
     EXPECT_TRUE(BackupDB());
-    EXPECT_EQ(test::readFile(backup(u"Quorvantis.mdb"_s)), test::readFile(live()));
+    EXPECT_EQ(companyIn(backup(u"Quorvantis.mdb"_s)), u"Latest"_s);
     EXPECT_EQ(QDir(path(u"Data/Backup"_s)).entryList(QDir::Files).size(), 2);
+}
+
+TEST_F(StartUp, EachDaysFirstCopyIsKeptAndOldOnesGo)
+{
+    putDatabase();
+    setOption(u"GEN_COMPANY_NAME"_s, u"Friday"_s);
+    EXPECT_TRUE(BackupDB());
+    setOption(u"GEN_COMPANY_NAME"_s, u"Friday noon"_s);
+    EXPECT_TRUE(BackupDB());
+    EXPECT_EQ(companyIn(daily(u"2024-03-15"_s)), u"Friday"_s);
+    {
+        db::Connection connection(target());
+        connection.Execute(u"Insert into tblSysOption (SysOption, itemValue) "
+                           "values ('BACKUP_KEEP_DAYS', '2')"_s);
+        for (const QString &key : {u"BACKUP_KEEP_WEEKS"_s, u"BACKUP_KEEP_MONTHS"_s})
+            connection.Execute(u"Insert into tblSysOption (SysOption, itemValue) values (?, '0')"_s,
+                               {key});
+    }
+    for (int day = 0; day < 2; ++day) {
+        environment.addDays(1);
+        EXPECT_TRUE(BackupDB());
+    }
+    EXPECT_FALSE(QFile::exists(daily(u"2024-03-15"_s)));
+    EXPECT_TRUE(QFile::exists(daily(u"2024-03-16"_s)));
+    EXPECT_EQ(companyIn(daily(u"2024-03-17"_s)), u"Friday noon"_s);
+}
+
+TEST_F(StartUp, ADamagedDatabaseReplacesNoGoodCopyAndPrunesNone)
+{
+    putDatabase();
+    EXPECT_TRUE(BackupDB());
+    const QByteArray good = test::readFile(backup());
+    environment.addDays(400);
+    test::spoilRows(live());
+    const QString damage = test::raisedBy([] { (void)db::prove(live()); }).description();
+    expectBackupMessage(u"No backup was made, the last good one stays. "_s + damage, 3343);
+    EXPECT_FALSE(BackupDB());
+    EXPECT_EQ(test::readFile(backup()), good);
+    EXPECT_EQ(QDir(path(u"Data/Backup/Daily"_s)).entryList(QDir::Files),
+              QStringList{u"Quorvantis 2024-03-15.mdb"_s});
+    EXPECT_EQ(QDir(path(u"Data/Backup"_s)).entryList(QDir::Files).size(), 1);
 }
 
 TEST_F(StartUp, AnUpdateEndsTheProcessBeforeAnythingElse)

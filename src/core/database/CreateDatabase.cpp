@@ -10,6 +10,7 @@
 #include "platform/db/Maintenance.h"
 
 #include <QFile>
+#include <QRegularExpression>
 
 namespace company {
 namespace {

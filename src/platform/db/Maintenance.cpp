@@ -166,6 +166,13 @@ bool isHeld(const QString &file)
     return !FreeFile(file).isFree();
 }
 
+void endAbandonedBackup(const QString &file)
+{
+    const FreeFile source(file);
+    if (source.isFree() && source.isDiverted())
+        endStaleBackup(localFile(file));
+}
+
 void backupOnline(const Target &source, const QString &destinationFile)
 {
     if (!source.host.isEmpty()) {

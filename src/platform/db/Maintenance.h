@@ -14,6 +14,9 @@ namespace db {
 void createDatabase(const Target &target);
 /// True when a program, this one included, is attached to the file.
 [[nodiscard]] bool isHeld(const QString &file);
+/// Ends a backup that the engine began for a program that was killed meanwhile, and that keeps the
+/// changes in a second file. Does nothing while somebody is attached.
+void endAbandonedBackup(const QString &file);
 /// Copies a database whole, also while it is in use.
 void backupOnline(const Target &source, const QString &destinationFile);
 /// Writes a compacted copy of a database that nobody holds.

@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <filesystem>
 
 using namespace Qt::StringLiterals;
 
@@ -101,6 +102,20 @@ void writeFile(const QString &path, const QByteArray &content)
     writeAll(file, content);
     if (!file.commit())
         raiseWriteError(file, path);
+}
+
+void moveFile(const QString &source, const QString &destination)
+{
+    if (QFileInfo(destination).isDir())
+        raise(base::ErrorNumber::PathAccess, u"A folder stands where a file is to be written"_s,
+              destination);
+    std::error_code failure;
+    std::filesystem::rename(QFile::encodeName(source).constData(),
+                            QFile::encodeName(destination).constData(), failure);
+    if (failure)
+        raise(base::ErrorNumber::PathAccess,
+              u"The file can't be written (%1)"_s.arg(QString::fromStdString(failure.message())),
+              destination);
 }
 
 void removeFile(const QString &path)

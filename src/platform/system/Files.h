@@ -17,6 +17,8 @@ void copyFile(const QString &source, const QString &destination,
 /// Writes a file with this content, or replaces one. It appears under its name only when it is
 /// whole and on the disk: until then, and after a failure, whatever stood there stays.
 void writeFile(const QString &path, const QByteArray &content);
+/// Gives a file another name in the same folder, in one step, over a file that may stand there.
+void moveFile(const QString &source, const QString &destination);
 /// Deletes a file.
 void removeFile(const QString &path);
 /// Makes a folder and those above it; content with one that is there.

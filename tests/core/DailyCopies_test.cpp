@@ -1,0 +1,93 @@
+#include "core/DailyCopies.h"
+
+#include "core/CompanySession.h"
+#include "support/TestFiles.h"
+
+#include <QDir>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QList<QDate> everyDay(QDate first, QDate last)
+{
+    QList<QDate> days;
+    for (QDate day = first; day <= last; day = day.addDays(1))
+        days.append(day);
+    return days;
+}
+
+QList<QDate> keptOf(QList<QDate> days, QDate today, const copies::KeepRule &rule)
+{
+    const QList<QDate> gone = copies::superfluous(days, today, rule);
+    days.removeIf([&](QDate day) { return gone.contains(day); });
+    std::ranges::sort(days);
+    return days;
+}
+
+} // namespace
+
+TEST(KeepRule, KeepsTheNewestOfEachDayWeekAndMonth)
+{
+    // 15 March 2024 is a Friday.
+    EXPECT_EQ(keptOf(everyDay({2023, 11, 20}, {2024, 3, 15}), {2024, 3, 15},
+                     {.days = 3, .weeks = 4, .months = 3}),
+              (QList<QDate>{{2024, 1, 31},
+                            {2024, 2, 25},
+                            {2024, 2, 29},
+                            {2024, 3, 3},
+                            {2024, 3, 10},
+                            {2024, 3, 13},
+                            {2024, 3, 14},
+                            {2024, 3, 15}}));
+    EXPECT_EQ(keptOf(everyDay({2023, 11, 20}, {2024, 3, 15}), {2024, 3, 15},
+                     {.days = 1, .weeks = 0, .months = 0}),
+              (QList<QDate>{{2024, 3, 15}}));
+}
+
+TEST(KeepRule, PeriodsWithoutACopyDontCount)
+{
+    const QList<QDate> rare{{2021, 5, 4}, {2022, 1, 3}, {2023, 12, 31}, {2024, 1, 1}};
+    EXPECT_EQ(keptOf(rare, {2024, 3, 15}, {.days = 2, .weeks = 2, .months = 3}),
+              (QList<QDate>{{2022, 1, 3}, {2023, 12, 31}, {2024, 1, 1}}));
+    EXPECT_EQ(keptOf(rare, {2024, 3, 15}, {}), rare);
+}
+
+TEST(KeepRule, CopiesFromDaysToComeAreLeftAlone)
+{
+    EXPECT_EQ(keptOf({{2024, 3, 14}, {2024, 3, 15}, {2099, 1, 1}}, {2024, 3, 15},
+                     {.days = 1, .weeks = 0, .months = 0}),
+              (QList<QDate>{{2024, 3, 15}, {2099, 1, 1}}));
+}
+
+TEST(KeepRule, OnlyCopiesOfDaysArePruned)
+{
+    const test::TestEnvironment environment;
+    const QDir folder(environment.folder());
+    const QStringList others{u"Quorvantis 2020-02-30.mdb"_s, u"Quorvantis.mdb"_s,
+                             u"copy of Quorvantis 2020-01-01.mdb"_s,
+                             u"Quorvantis 2020-01-01.mdb.txt"_s};
+    for (const QString &name : others)
+        test::writeFile(folder.filePath(name), "mine");
+    for (const QDate day : everyDay({2024, 3, 1}, {2024, 3, 15}))
+        test::writeFile(folder.filePath(copies::nameOfDay(day)), "a day");
+    copies::prune(folder.path(), {2024, 3, 15}, {.days = 2, .weeks = 0, .months = 0});
+    QStringList left = folder.entryList({u"*Quorvantis*"_s}, QDir::Files);
+    for (const QString &name : others)
+        EXPECT_TRUE(left.removeOne(name)) << name.toStdString();
+    EXPECT_EQ(left, QStringList({u"Quorvantis 2024-03-14.mdb"_s, u"Quorvantis 2024-03-15.mdb"_s}));
+}
+
+using KeepRules = test::CompanySession;
+
+TEST_F(KeepRules, AreOptionsOfTheCompany)
+{
+    EXPECT_EQ(copies::keepRuleOf(*gcnData), copies::KeepRule());
+    copies::setKeepRule({.days = 2, .weeks = 0, .months = 24});
+    EXPECT_EQ(copies::keepRuleOf(*gcnData), (copies::KeepRule{2, 0, 24}));
+    SetOption(u"BACKUP_KEEP_DAYS"_s, 0, false);
+    SetOption(u"BACKUP_KEEP_WEEKS"_s, u"some"_s, false);
+    SetOption(u"BACKUP_KEEP_MONTHS"_s, -1, false);
+    EXPECT_EQ(copies::keepRuleOf(*gcnData), copies::KeepRule());
+}
