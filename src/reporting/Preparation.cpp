@@ -1,12 +1,48 @@
 #include "reporting/Preparation.h"
 
 #include "core/Options.h"
+#include "core/Session.h"
 #include "platform/base/Environment.h"
+#include "platform/report/expr/Expression.h"
+#include "platform/report/query/ReportReader.h"
 #include "reporting/PostedLabor.h"
 
 namespace catalogue {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What a layout's further rows may ask by, so that those of a single machine don't read the tables
+/// whole: of each field that rows go by its lowest and highest value, and the one that all rows
+/// share, Null where they differ.
+report::Answers keysOf(const report::Layout &layout, const report::DataSource &rows)
+{
+    report::Answers keys;
+    for (const report::RowSet &set : layout.rowSets) {
+        const QString name = set.of.toLower();
+        const int field = rows.fieldIndex(name);
+        if (field < 0 || keys.contains(u"first"_s + name))
+            continue;
+        QVariant first;
+        QVariant last;
+        for (int row = 0; row < rows.rowCount(); ++row) {
+            const QVariant key = rows.value(row, field);
+            if (key.isNull())
+                continue;
+            if (first.isNull() || report::compareValues(key, first) < 0)
+                first = key;
+            if (last.isNull() || report::compareValues(key, last) > 0)
+                last = key;
+        }
+        keys.insert(u"first"_s + name, first);
+        keys.insert(u"last"_s + name, last);
+        keys.insert(u"only"_s + name, report::compareValues(first, last) == 0 ? first : QVariant());
+    }
+    return keys;
+}
+
+} // namespace
 
 Prepared prepare(const Request &asked, report::Layout layout, const db::Recordset &rows)
 {
@@ -27,6 +63,10 @@ Prepared prepare(const Request &asked, report::Layout layout, const db::Recordse
     source->sortFor(layout, inputs);
     if (!report.once.name.isEmpty())
         source->addOnce(report.once.name, report.once.field, report.once.key);
+    if (!layout.rowSets.isEmpty()) {
+        report::DatabaseRunner runner(gcnData->target());
+        inputs.rowSets = report::readRowSets(layout, keysOf(layout, *source), runner);
+    }
     return {std::move(layout), std::move(source), std::move(inputs)};
 }
 

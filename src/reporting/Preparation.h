@@ -17,8 +17,8 @@ struct Prepared
 };
 
 /// Joins a report's rows, as its query gave them, to its layout: in the layout's order, with the
-/// fields that are worked out here, the named texts and the paper of this workstation. Data and
-/// lookup; raises DbError.
+/// fields that are worked out here, the named texts, the paper of this workstation and what the
+/// layout reads besides. Data, lookup and a connection that only reads; raises DbError.
 [[nodiscard]] Prepared prepare(const Request &asked, report::Layout layout,
                                const db::Recordset &rows);
 

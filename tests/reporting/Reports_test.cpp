@@ -99,7 +99,9 @@ TEST_F(Reports, AWorkOrderBeginsAPageAndBearsItsNumberTwice)
     QSet<qint64> orders;
     for (int row = 0; row < rows.rowCount(); ++row)
         orders.insert(rows.value(row, number).toLongLong());
-    const QList<report::Page> pages = report::allPages(layout, rows, {{}, {}, base::now(), {}});
+    report::Inputs inputs;
+    inputs.now = base::now();
+    const QList<report::Page> pages = report::allPages(layout, rows, inputs);
     for (const qint64 order : orders) {
         int begun = 0;
         for (const report::Page &page : pages) {

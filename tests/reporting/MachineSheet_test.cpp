@@ -1,0 +1,79 @@
+#include "core/CompanySession.h"
+#include "reporting/PrintedLines.h"
+
+#include <QBuffer>
+#include <QImage>
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using test::printed;
+
+/// A company of two machines, the second with all that hangs on a machine.
+class MachineSheet : public test::CompanySession
+{
+protected:
+    MachineSheet()
+    {
+        reportfiles::installDelivered(base::environment().applicationFolder);
+        insert(u"tblEquipment"_s, {{u"EquipmentID"_s, 4}, {u"UnitNo"_s, u"A-1"_s}});
+        insert(u"tblEquipment"_s, {{u"EquipmentID"_s, 7},
+                                   {u"UnitNo"_s, u"B-2"_s},
+                                   {u"EquipmentName"_s, u"Loader"_s},
+                                   {u"Inactive"_s, 1},
+                                   {u"UserDefined1"_s, u"GF-1"_s},
+                                   {u"UserDefined10"_s, u"blue"_s},
+                                   {u"WarrantyInterval"_s, u"1"_s},
+                                   {u"WarrantyPeriod"_s, 6},
+                                   {u"AcquisitionCost"_s, 12345.5}});
+        addService(4, u"Grease"_s, 0);
+        addService(7, u"Oil change"_s, 0);
+        addService(7, u"Retired check"_s, 1);
+        insert(u"tblEquipmentDocument"_s,
+               {{u"EquipmentId"_s, 7}, {u"DocumentName"_s, u"manual.pdf"_s}});
+        QBuffer picture;
+        picture.open(QIODevice::WriteOnly);
+        QImage(8, 8, QImage::Format_RGB32).save(&picture, "PNG");
+        insert(u"tblEquipmentImage"_s, {{u"EquipmentID"_s, 7},
+                                        {u"ImageName"_s, u"Left side"_s},
+                                        {u"ImageData"_s, picture.data()}});
+    }
+    static void addService(int machine, const QString &name, int inactive)
+    {
+        insert(u"tblServiceUsed"_s, {{u"EquipmentID"_s, machine},
+                                     {u"Name"_s, name},
+                                     {u"Period"_s, u"H"_s},
+                                     {u"EInterval"_s, 50},
+                                     {u"Inactive"_s, inactive}});
+    }
+    static catalogue::Request of(const QString &units)
+    {
+        return {.layout = u"rptEquipmentDetail"_s,
+                .filter = u"where tblEquipment.UnitNo in (%1)"_s.arg(units)};
+    }
+};
+
+TEST_F(MachineSheet, ShowsWhatTheMachineHasAndNothingElse)
+{
+    SetOption(u"UserDefinedField1"_s, u"Title {no}"_s, false);
+    SetOption(u"UserDefinedField10"_s, u" "_s, false);
+    EXPECT_EQ(printed(of(u"'B-2'"_s)),
+              (QStringList{u"Equipment Details"_s, u"B-2   Loader|INACTIVE"_s, u"Purchase"_s,
+                           u"Acquisition cost|$12,345.50"_s, u"Ownership and warranty"_s,
+                           u"Warranty for|1 year"_s, u"Further fields"_s, u"Title {no}|GF-1"_s,
+                           u"Field 10|blue"_s, u"Services"_s,
+                           u"Service|Every|Crew|Last done|Next date|Next count"_s,
+                           u"Oil change|50 hours"_s, u"Documents"_s, u"manual.pdf"_s, u"Pictures"_s,
+                           u"Left side"_s, u"Printed 03/15/2024 09:30 AM|Page 1 of 1"_s}));
+}
+
+TEST_F(MachineSheet, OfSeveralMachinesLeavesPicturesOut)
+{
+    const QStringList lines = printed(of(u"'A-1', 'B-2'"_s));
+    for (const QString &line : {u"A-1"_s, u"Grease|50 hours"_s, u"Oil change|50 hours"_s})
+        EXPECT_EQ(lines.count(line), 1) << qPrintable(lines.join(u'\n'));
+    EXPECT_FALSE(lines.contains(u"Pictures"_s));
+    EXPECT_EQ(lines.filter(u"Page 1 of 1"_s).size(), 2);
+}
+
+} // namespace
