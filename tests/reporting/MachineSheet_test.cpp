@@ -1,4 +1,5 @@
 #include "core/CompanySession.h"
+#include "core/Options.h"
 #include "reporting/PrintedLines.h"
 
 #include <QBuffer>

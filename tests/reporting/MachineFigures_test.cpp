@@ -89,16 +89,16 @@ QMap<qint64, QList<Reading>> readings(const QString &meter = {})
 }
 
 /// The figures of the sample company's reports, worked out by loops over its tables.
-class SampleFigures : public testing::Test
+class MachineFiguresOfTheSample : public testing::Test
 {
 protected:
-    SampleFigures()
+    MachineFiguresOfTheSample()
     {
         gcnData = company.open();
         gcnLookup = company.open();
         reportfiles::installDelivered(base::environment().applicationFolder);
     }
-    ~SampleFigures() override { closeConnections(); }
+    ~MachineFiguresOfTheSample() override { closeConnections(); }
 
     const DateRange year{test::SampleCompany::today().addYears(-1), test::SampleCompany::today()};
     [[nodiscard]] bool isAsked(const Reading &reading) const
@@ -110,7 +110,7 @@ protected:
     test::SampleCompany company;
 };
 
-TEST_F(SampleFigures, ExpensesAreTheCostOfEachServiceAndOfAllItsParts)
+TEST_F(MachineFiguresOfTheSample, ExpensesAreTheCostOfEachServiceAndOfAllItsParts)
 {
     struct Expense
     {
@@ -156,7 +156,7 @@ TEST_F(SampleFigures, ExpensesAreTheCostOfEachServiceAndOfAllItsParts)
     expectLines(lines, expected);
 }
 
-TEST_F(SampleFigures, UtilizationIsWhatTheHoursRoseByOverTheDaysBetween)
+TEST_F(MachineFiguresOfTheSample, UtilizationIsWhatTheHoursRoseByOverTheDaysBetween)
 {
     const QMap<qint64, Machine> known = machines();
     qint64 total = 0;
@@ -201,7 +201,7 @@ TEST_F(SampleFigures, UtilizationIsWhatTheHoursRoseByOverTheDaysBetween)
                         rangeLabel(year)});
 }
 
-TEST_F(SampleFigures, AMachinesReadingsAreComparedWithTheOnesBefore)
+TEST_F(MachineFiguresOfTheSample, AMachinesReadingsAreComparedWithTheOnesBefore)
 {
     const QMap<qint64, QList<Reading>> all = readings();
     const auto machine = std::ranges::max_element(all, {}, &QList<Reading>::size);
@@ -232,7 +232,7 @@ TEST_F(SampleFigures, AMachinesReadingsAreComparedWithTheOnesBefore)
     expectLines(printed(request(SingleUtilization{.read = year, .units = unit})), expected);
 }
 
-TEST_F(SampleFigures, EachMeterStandsAtItsHighestReading)
+TEST_F(MachineFiguresOfTheSample, EachMeterStandsAtItsHighestReading)
 {
     const QMap<qint64, Machine> known = machines();
     const QStringList lines =
@@ -258,10 +258,10 @@ TEST_F(SampleFigures, EachMeterStandsAtItsHighestReading)
 }
 
 /// A company small enough to be worked out by hand.
-class SmallFigures : public test::CompanySession
+class MachineFiguresByHand : public test::CompanySession
 {
 protected:
-    SmallFigures()
+    MachineFiguresByHand()
     {
         reportfiles::installDelivered(base::environment().applicationFolder);
         const qint64 mowers =
@@ -307,7 +307,7 @@ protected:
     }
 };
 
-TEST_F(SmallFigures, AServiceCostsOnceHoweverManyPartsItHas)
+TEST_F(MachineFiguresByHand, AServiceCostsOnceHoweverManyPartsItHas)
 {
     addService(501, 70, 1, 30, u"1:30"_s);
     addPart(501, u"OIL"_s, 10.10, 2);
@@ -327,7 +327,7 @@ TEST_F(SmallFigures, AServiceCostsOnceHoweverManyPartsItHas)
                 {first, u"All machines: 1|2:15|$42.51|$45.63|$88.14"_s});
 }
 
-TEST_F(SmallFigures, UtilizationGoesByTheHoursMeterAlone)
+TEST_F(MachineFiguresByHand, UtilizationGoesByTheHoursMeterAlone)
 {
     addReading(1, u"Hours"_s, {2024, 1, 1}, 100);
     addReading(1, u"Hours"_s, {2024, 1, 11}, 160);
@@ -345,7 +345,7 @@ TEST_F(SmallFigures, UtilizationGoesByTheHoursMeterAlone)
                          u"Mower A-1|Miles|01/31/2024|9,000"_s, u"Total: 4 meters"_s});
 }
 
-TEST_F(SmallFigures, ASingleMachineIsFollowedFromReadingToReading)
+TEST_F(MachineFiguresByHand, ASingleMachineIsFollowedFromReadingToReading)
 {
     addReading(3, u"Hours"_s, {2023, 12, 22}, 4);
     addReading(3, u"Hours"_s, {2024, 1, 1}, 10);
@@ -359,7 +359,7 @@ TEST_F(SmallFigures, ASingleMachineIsFollowedFromReadingToReading)
 }
 
 /// The reading before is looked for among all meters of the machine.
-TEST_F(SmallFigures, TwoMetersOfASingleMachineAreMixed)
+TEST_F(MachineFiguresByHand, TwoMetersOfASingleMachineAreMixed)
 {
     addReading(1, u"Hours"_s, {2024, 1, 1}, 100);
     addReading(1, u"Miles"_s, {2024, 1, 3}, 9000);
@@ -370,7 +370,7 @@ TEST_F(SmallFigures, TwoMetersOfASingleMachineAreMixed)
                  u"01/11/2024|Hours|160|01/03/2024|100|8|60|7.50|31.3%"_s});
 }
 
-TEST_F(SmallFigures, TwoReadingsOnOneDateDivideByZero)
+TEST_F(MachineFiguresByHand, TwoReadingsOnOneDateDivideByZero)
 {
     addReading(3, u"Hours"_s, {2024, 1, 1}, 10);
     addReading(3, u"Hours"_s, {2024, 1, 1}, 12);
