@@ -95,6 +95,10 @@ TEST(Chart, CollectsTheRowsOfItsBandsGroupOrOfTheReport)
         {"kind=\"reportFooter\"", "category=\"Unit\" order=\"value\" most=\"1\" others=\"yes\"",
          R"x(<series name="Cost" value="Cost"/><series name="avg" value="avg(Hours)"/>)x",
          "| Cost avg|M-1 30.5 1|Others (3) -2 3"},
+        // Stacked bars go by their whole height.
+        {"kind=\"reportFooter\"", "category=\"Unit\" order=\"value\" kind=\"stackedBars\"",
+         R"x(<series name="Cost" value="Cost"/><series name="time" value="Hours * 20"/>)x",
+         "| Cost time|(none) - 80|M-3 -6 60|M-1 30.5 20|M-2 4 40"},
         {"kind=\"reportFooter\"", "category=\"Unit\" order=\"category\"", cost,
          "| Cost|(none) -|M-1 30.5|M-2 4|M-3 -6"}};
     for (const Case &one : cases)

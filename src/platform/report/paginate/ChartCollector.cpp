@@ -133,7 +133,7 @@ std::optional<double> ChartCollector::valueOf(const Shown &shown, const std::opt
 }
 
 std::vector<std::size_t>
-ChartCollector::categoryOrder(const std::vector<std::optional<double>> &firstValues) const
+ChartCollector::categoryOrder(const std::vector<std::optional<double>> &heights) const
 {
     std::vector<std::size_t> order(static_cast<std::size_t>(m_categories.size()));
     std::iota(order.begin(), order.end(), std::size_t(0));
@@ -143,9 +143,8 @@ ChartCollector::categoryOrder(const std::vector<std::optional<double>> &firstVal
                                  m_categories[static_cast<qsizetype>(b)].value) < 0;
         });
     else if (m_layout.order == ChartOrder::Value)
-        std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
-            return firstValues[a] > firstValues[b];
-        });
+        std::stable_sort(order.begin(), order.end(),
+                         [&](std::size_t a, std::size_t b) { return heights[a] > heights[b]; });
     return order;
 }
 
@@ -195,12 +194,20 @@ ChartData ChartCollector::result(const EvaluationContext &context,
         return category < shown.cells.size() ? valueOf(shown, shown.cells[category], context, goTo)
                                              : std::nullopt;
     };
-    std::vector<std::optional<double>> firstValues;
+    const auto height = [&](std::size_t category) {
+        std::optional<double> sum = value(m_shown.front(), category);
+        if (m_layout.kind == ChartKind::StackedBars)
+            for (std::size_t series = 1; series < m_shown.size(); ++series)
+                if (const std::optional<double> more = value(m_shown[series], category))
+                    sum = sum.value_or(0) + *more;
+        return sum;
+    };
+    std::vector<std::optional<double>> heights;
     if (m_layout.order == ChartOrder::Value && !m_shown.empty())
         for (std::size_t category = 0; category < static_cast<std::size_t>(m_categories.size());
              ++category)
-            firstValues.push_back(value(m_shown.front(), category));
-    const std::vector<std::size_t> order = categoryOrder(firstValues);
+            heights.push_back(height(category));
+    const std::vector<std::size_t> order = categoryOrder(heights);
     const std::size_t kept = m_layout.most > 0
                                  ? qMin(order.size(), static_cast<std::size_t>(m_layout.most))
                                  : order.size();

@@ -44,7 +44,7 @@ private:
                                                        const EvaluationContext &context,
                                                        const std::function<void(int row)> &goTo);
     [[nodiscard]] std::vector<std::size_t>
-    categoryOrder(const std::vector<std::optional<double>> &firstValues) const;
+    categoryOrder(const std::vector<std::optional<double>> &heights) const;
     [[nodiscard]] static std::optional<Cell>
     together(const Shown &shown, const std::vector<std::size_t> &order, std::size_t from);
 
