@@ -49,7 +49,7 @@ Printed printed(const QString &layout, const QString &filter = {})
     return result;
 }
 
-class Figures : public testing::Test
+class PartFigures : public testing::Test
 {
 protected:
     void begin(const test::CompanyDatabase &company)
@@ -58,7 +58,7 @@ protected:
         gcnLookup = company.open();
         reportfiles::installDelivered(base::environment().applicationFolder);
     }
-    ~Figures() override { closeConnections(); }
+    ~PartFigures() override { closeConnections(); }
 
     test::TestEnvironment environment;
 };
@@ -75,10 +75,10 @@ const QString DueInSpring = u" Where ( tblServiceUsed.NextScheduledDate  >= #03/
 /// One machine on file and one deleted. Service 101 has three parts, 103 neither parts nor hours,
 /// 104 is a year older. Part A was used on two orders and is needed by three services, one of them
 /// far ahead; C is no longer in the register.
-class HandFigures : public Figures
+class HandPartFigures : public PartFigures
 {
 protected:
-    HandFigures()
+    HandPartFigures()
     {
         begin(company);
         for (const char *statement :
@@ -150,7 +150,7 @@ protected:
     test::CompanyDatabase company;
 };
 
-TEST_F(HandFigures, SumsOfGroupsAndTotals)
+TEST_F(HandPartFigures, SumsOfGroupsAndTotals)
 {
     struct Expected
     {
@@ -220,7 +220,7 @@ TEST_F(HandFigures, SumsOfGroupsAndTotals)
     }
 }
 
-TEST_F(HandFigures, Lines)
+TEST_F(HandPartFigures, Lines)
 {
     EXPECT_EQ(printed(u"rptInventoryPartHistorySummary"_s, SpringParts).lines,
               QStringList({u"A|Belt||3"_s, u"B|Plug||1"_s, u"C|Gasket||3"_s}));
@@ -258,7 +258,7 @@ QString hoursOf(qint64 minutes)
 }
 
 /// A quarter's posted services, read without any join.
-class SampleFigures : public Figures
+class SamplePartFigures : public PartFigures
 {
 protected:
     struct Service
@@ -276,7 +276,7 @@ protected:
         Money cost;
     };
 
-    SampleFigures()
+    SamplePartFigures()
     {
         begin(company);
         for (const db::Row row : table(u"tblWOServiceUsedHistory"_s)) {
@@ -315,7 +315,7 @@ protected:
     std::vector<Use> uses;
 };
 
-TEST_F(SampleFigures, ServiceHistoryAndTimes)
+TEST_F(SamplePartFigures, ServiceHistoryAndTimes)
 {
     Money labor;
     Money parts;
@@ -346,7 +346,7 @@ TEST_F(SampleFigures, ServiceHistoryAndTimes)
         EXPECT_EQ(printed(layout, clause(u"CompleteDate"_s)).total, total) << qPrintable(layout);
 }
 
-TEST_F(SampleFigures, PartHistory)
+TEST_F(SamplePartFigures, PartHistory)
 {
     Money cost;
     std::map<QString, double> used;
@@ -372,7 +372,7 @@ TEST_F(SampleFigures, PartHistory)
     EXPECT_EQ(summary.total, u"Total of %1 parts|%2"_s.arg(used.size()).arg(all));
 }
 
-TEST_F(SampleFigures, StockAndWhatToOrder)
+TEST_F(SamplePartFigures, StockAndWhatToOrder)
 {
     Money worth;
     Money order;
