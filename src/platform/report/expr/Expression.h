@@ -32,8 +32,8 @@ class EvaluationContext
 {
 public:
     virtual ~EvaluationContext() = default;
-    /// A field, formula or special name (PageNumber, TotalPages, RowNumber, Today, Now). Nothing
-    /// for an unknown name.
+    /// A field, formula or special name (PageNumber, TotalPages, RowNumber, Today, Now), in lower
+    /// case. Nothing for an unknown name.
     [[nodiscard]] virtual std::optional<QVariant> value(const QString &name) const = 0;
     /// The present value of an aggregate, by its number among those of the expression.
     [[nodiscard]] virtual QVariant aggregate(int number) const = 0;

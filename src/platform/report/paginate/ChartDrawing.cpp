@@ -2,62 +2,54 @@
 
 #include "platform/report/expr/Expression.h"
 #include "platform/report/paginate/ChartAxis.h"
+#include "platform/report/paginate/ChartCanvas.h"
 #include "platform/report/paginate/TextFlow.h"
 
-#include <QPolygon>
 #include <algorithm>
 #include <cmath>
-#include <vector>
 
 namespace report {
 namespace {
 
 using namespace Qt::StringLiterals;
+using namespace chart;
 
 constexpr Length Inset = 100;       ///< between the frame and what is in it
-constexpr Length Gap = 80;          ///< between texts, and between them and the axes
 constexpr Length TickSpacing = 600; ///< at least, between two ticks
-constexpr Length Hairline = 8;
 constexpr Length AxisWidth = 15;
-constexpr Length CurveWidth = 45;
-constexpr Length MarkerSize = 70;  ///< from the middle of a marker to its edge
-constexpr int MostMarkers = 60;    ///< more would hide the line
-constexpr double BarShare = 0.75;  ///< of a category's room, that its bars fill
-constexpr double LabelShare = 0.3; ///< of the frame's height or width, at most for labels
+constexpr int MostMarkers = 60;   ///< more would hide the line
+constexpr double BarShare = 0.75; ///< of a category's room, that its bars fill
 constexpr Length SmallestPlot = 600;
 
 const QColor GridColor(216, 216, 216);
-const QColor AxisColor(90, 90, 90);
-const QColor QuietColor(110, 110, 110);
 
 /// The drawing of one chart: what stands around takes its room off the plot.
-class Drawing
+class Drawing : private ChartCanvas
 {
 public:
     Drawing(const Object &object, const Style &style, const ChartData &data, const QRect &frame)
-        : m_object(object)
+        : ChartCanvas(style, data)
+        , m_object(object)
         , m_style(style)
         , m_data(data)
         , m_frame(frame)
-        , m_font(style.font)
-        , m_line(lineHeightOf(style.font))
         , m_count(static_cast<int>(data.categories.size()))
     {}
 
     QList<PageItem> draw()
     {
-        m_items.append(TextItem{m_frame, {}, m_style});
+        items.append(TextItem{m_frame, {}, m_style});
         m_plot = m_frame.adjusted(Inset, Inset, -Inset, -Inset);
         drawTitle();
         if (!hasValues()) {
             drawNoValues();
-            return std::move(m_items);
+            return std::move(items);
         }
-        drawLegend();
+        drawLegend(*this, m_object.chart, m_data, m_plot);
         keepRoomForTitles();
         layOutAxes();
         if (m_plot.width() < SmallestPlot || m_plot.height() < SmallestPlot)
-            return std::move(m_items);
+            return std::move(items);
         drawAxisTitles();
         drawAxes();
         if (m_object.chart.kind == ChartKind::Line)
@@ -65,68 +57,25 @@ public:
         else
             drawBars();
         drawZero();
-        return std::move(m_items);
+        return std::move(items);
     }
 
 private:
-    static Length lineHeightOf(const Font &font)
-    {
-        Style style;
-        style.font = font;
-        return flowHeight({TextLine()}, style);
-    }
-
-    // --- Texts -------------------------------------------------------------------------------
-
-    /// A line of text in a frame of its height, cut where it is too long.
-    void addText(const QString &text, const QRect &frame, Align align, const QColor &color,
-                 bool bold = false)
-    {
-        Style style;
-        style.font = m_font;
-        style.font.bold |= bold;
-        style.color = color;
-        style.align = align;
-        const QString shown = elidedText(text, style.font, frame.width());
-        const Length width = textWidth(shown, style.font);
-        const Length room = frame.width() - width;
-        TextLine line{shown, frame.x(), frame.y() - lineTop(TextLine(), style), width};
-        line.x += align == Align::Left ? 0 : align == Align::Center ? room / 2 : room;
-        m_items.append(TextItem{frame, {line}, style});
-    }
-
-    /// The same written upwards; center: in the middle of the frame, else up to its upper end.
-    void addTurned(const QString &text, const QRect &frame, bool center)
-    {
-        Style style;
-        style.font = m_font;
-        style.color = m_style.color;
-        const QString shown = elidedText(text, m_font, frame.height());
-        const Length width = textWidth(shown, m_font);
-        const Length from = center ? frame.y() + (frame.height() + width) / 2 : frame.y() + width;
-        m_items.append(
-            TextItem{frame,
-                     {TextLine{shown, frame.x() - lineTop(TextLine(), style), from, width}},
-                     style,
-                     true});
-    }
-
     void drawTitle()
     {
         if (m_data.title.isEmpty())
             return;
-        addText(m_data.title, QRect(m_plot.topLeft(), QSize(m_plot.width(), m_line)), Align::Center,
-                m_style.color, true);
-        m_plot.setTop(m_plot.top() + m_line + Gap);
+        addText(m_data.title, QRect(m_plot.topLeft(), QSize(m_plot.width(), line)), Align::Center,
+                color, true);
+        m_plot.setTop(m_plot.top() + line + Gap);
     }
 
     void drawNoValues()
     {
-        m_items.append(BoxItem{m_plot, AxisWidth, GridColor, QColor()});
-        addText(
-            u"No values"_s,
-            QRect(m_plot.x(), m_plot.y() + (m_plot.height() - m_line) / 2, m_plot.width(), m_line),
-            Align::Center, QuietColor);
+        items.append(BoxItem{m_plot, AxisWidth, GridColor, QColor()});
+        addText(u"No values"_s,
+                QRect(m_plot.x(), m_plot.y() + (m_plot.height() - line) / 2, m_plot.width(), line),
+                Align::Center, QuietColor);
     }
 
     [[nodiscard]] bool hasValues() const
@@ -135,119 +84,6 @@ private:
             return std::any_of(series.values.cbegin(), series.values.cend(),
                                [](const auto &value) { return value.has_value(); });
         });
-    }
-
-    // --- Legend ------------------------------------------------------------------------------
-
-    void drawLegend()
-    {
-        if (m_data.series.size() < 2 || m_object.chart.legend == LegendPlace::None)
-            return;
-        if (m_object.chart.legend == LegendPlace::Right)
-            drawLegendRight();
-        else
-            drawLegendBelow();
-    }
-
-    [[nodiscard]] Length keyWidth() const { return m_line + Gap / 2; }
-
-    void drawKey(int series, QPoint place)
-    {
-        const QColor &color = m_data.series[series].color;
-        if (m_object.chart.kind == ChartKind::Line) {
-            const QPoint middle = place + QPoint(m_line / 2, m_line / 2);
-            m_items.append(LineItem{middle - QPoint(m_line / 2, 0), middle + QPoint(m_line / 2, 0),
-                                    CurveWidth, color});
-            addMarker(series, middle);
-            return;
-        }
-        const Length edge = m_line / 5;
-        m_items.append(
-            BoxItem{QRect(place, QSize(m_line, m_line)).adjusted(edge, edge, -edge, -edge),
-                    Hairline, AxisColor, color});
-    }
-
-    /// What a legend leaves out for want of room is counted at its end.
-    [[nodiscard]] static QString moreText(int more) { return u"and %1 more"_s.arg(more); }
-
-    void drawLegendRight()
-    {
-        Length widest = 0;
-        for (const ChartSeries &series : m_data.series)
-            widest = qMax(widest, textWidth(series.name, m_font));
-        widest = qMin(widest, static_cast<Length>(m_plot.width() * LabelShare));
-        const Length left = m_plot.x() + m_plot.width() - widest - keyWidth();
-        const int count = static_cast<int>(m_data.series.size());
-        const int room = qMax(1, m_plot.height() / m_line);
-        const int shown = count <= room ? count : room - 1;
-        for (int series = 0; series < shown; ++series) {
-            const QPoint place(left, m_plot.y() + series * m_line);
-            drawKey(series, place);
-            addText(m_data.series[series].name,
-                    QRect(place + QPoint(keyWidth(), 0), QSize(widest, m_line)), Align::Left,
-                    m_style.color);
-        }
-        if (shown < count)
-            addText(moreText(count - shown),
-                    QRect(left, m_plot.y() + shown * m_line, widest + keyWidth(), m_line),
-                    Align::Left, QuietColor);
-        m_plot.setWidth(m_plot.width() - widest - keyWidth() - 2 * Gap);
-    }
-
-    /// Rows of keys from left to right, at most a third of the height.
-    void drawLegendBelow()
-    {
-        struct Key
-        {
-            int series;
-            Length x;
-            Length width;
-            int row;
-        };
-        const int mostRows = qMax(1, m_plot.height() / 3 / m_line);
-        const int count = static_cast<int>(m_data.series.size());
-        std::vector<Key> keys;
-        std::vector<Length> ends{0};
-        for (int series = 0; series < count; ++series) {
-            const Length width =
-                qMin(textWidth(m_data.series[series].name, m_font), m_plot.width() / 2);
-            const Length needed = keyWidth() + width;
-            const Length more = textWidth(moreText(count), m_font) + 3 * Gap;
-            const bool isLastRow = static_cast<int>(ends.size()) == mostRows;
-            const Length reserve = isLastRow && series + 1 < count ? more : 0;
-            const Length from = ends.back() == 0 ? 0 : ends.back() + 3 * Gap;
-            if (from > 0 && from + needed + reserve > m_plot.width()) {
-                if (isLastRow)
-                    break;
-                ends.push_back(0);
-                --series;
-                continue;
-            }
-            keys.push_back({series, from, width, static_cast<int>(ends.size()) - 1});
-            ends.back() = from + needed;
-        }
-        const Length top = m_plot.y() + m_plot.height() - static_cast<int>(ends.size()) * m_line;
-        const auto rowLeft = [&](int row) {
-            return m_plot.x() + qMax(0, (m_plot.width() - ends[row]) / 2);
-        };
-        const int left = count - static_cast<int>(keys.size());
-        if (left > 0) {
-            const Length width = textWidth(moreText(left), m_font);
-            const Length from = ends.back() + 3 * Gap;
-            ends.back() = from + width;
-            addText(moreText(left),
-                    QRect(rowLeft(static_cast<int>(ends.size()) - 1) + from,
-                          top + (static_cast<int>(ends.size()) - 1) * m_line, width, m_line),
-                    Align::Left, QuietColor);
-        }
-        for (const Key &key : keys) {
-            const QPoint place(rowLeft(key.row) + key.x, top + key.row * m_line);
-            drawKey(key.series, place);
-            addText(m_data.series[key.series].name,
-                    QRect(place + QPoint(keyWidth(), 0), QSize(key.width, m_line)), Align::Left,
-                    m_style.color);
-        }
-        m_plot.setHeight(top - Gap - m_plot.y());
     }
 
     // --- Axes --------------------------------------------------------------------------------
@@ -265,20 +101,20 @@ private:
     {
         m_titlesLeft = m_plot.x();
         if (!lowerTitle().isEmpty())
-            m_plot.setHeight(m_plot.height() - m_line);
+            m_plot.setHeight(m_plot.height() - line);
         m_titlesTop = m_plot.y() + m_plot.height();
         if (!m_data.valueTitle.isEmpty())
-            m_plot.setLeft(m_plot.left() + m_line + Gap / 2);
+            m_plot.setLeft(m_plot.left() + line + Gap / 2);
     }
 
     /// Both stand in the middle of the plot.
     void drawAxisTitles()
     {
         if (const QString title = lowerTitle(); !title.isEmpty())
-            addText(title, QRect(m_plot.x(), m_titlesTop, m_plot.width(), m_line), Align::Center,
-                    m_style.color);
+            addText(title, QRect(m_plot.x(), m_titlesTop, m_plot.width(), line), Align::Center,
+                    color);
         if (!m_data.valueTitle.isEmpty())
-            addTurned(m_data.valueTitle, QRect(m_titlesLeft, m_plot.y(), m_line, m_plot.height()),
+            addTurned(m_data.valueTitle, QRect(m_titlesLeft, m_plot.y(), line, m_plot.height()),
                       true);
     }
 
@@ -291,7 +127,7 @@ private:
     [[nodiscard]] ChartAxis axisFor(Length height) const
     {
         const auto [least, largest] = extent();
-        ChartAxis axis(least, largest, qBound(1, height / qMax(TickSpacing, 2 * m_line), 10),
+        ChartAxis axis(least, largest, qBound(1, height / qMax(TickSpacing, 2 * line), 10),
                        isWhole());
         const auto readsTwice = [&] {
             for (int tick = 1; tick < axis.ticks(); ++tick)
@@ -345,22 +181,22 @@ private:
     }
 
     /// The lowest label of the values reaches half a line below the plot.
-    [[nodiscard]] Length labelGap() const { return m_line / 2 + Gap / 4; }
+    [[nodiscard]] Length labelGap() const { return line / 2 + Gap / 4; }
 
     /// Room for the labels of both axes; how high the plot is decides on the ticks, and so on how
     /// wide their labels are.
     void layOutAxes()
     {
-        m_plot.setTop(m_plot.top() + m_line / 2);
+        m_plot.setTop(m_plot.top() + line / 2);
         const QRect room = m_plot;
-        Length below = m_line + labelGap();
+        Length below = line + labelGap();
         for (int turn = 0; turn < 2; ++turn) {
             m_plot = room;
             m_plot.setHeight(room.height() - below);
             m_axis = axisFor(m_plot.height());
             Length widest = 0;
             for (int tick = 0; tick < m_axis.ticks(); ++tick)
-                widest = qMax(widest, textWidth(valueLabel(m_axis.tick(tick)), m_font));
+                widest = qMax(widest, textWidth(valueLabel(m_axis.tick(tick)), font));
             m_labelWidth = qMin(widest, static_cast<Length>(room.width() * LabelShare));
             m_plot.setLeft(room.left() + m_labelWidth + Gap);
             below = layOutCategories() + labelGap();
@@ -377,15 +213,15 @@ private:
     {
         Length widest = 0;
         for (const ChartCategory &category : m_data.categories)
-            widest = qMax(widest, textWidth(category.label, m_font));
+            widest = qMax(widest, textWidth(category.label, font));
         const double slot = slotWidth();
         const auto mostHeight = static_cast<Length>(m_frame.height() * LabelShare);
         // A line has its categories in a row that readers go on by themselves.
         const bool mayThin = m_object.chart.kind == ChartKind::Line && widest < m_plot.width() / 5;
         m_isTurned = widest + Gap > slot && !mayThin;
-        const double needed = m_isTurned ? m_line : widest + Gap;
+        const double needed = m_isTurned ? line : widest + Gap;
         m_every = qMax(1, static_cast<int>(std::ceil(needed / slot)));
-        m_labelHeight = m_isTurned ? qMin(widest, mostHeight) : m_line;
+        m_labelHeight = m_isTurned ? qMin(widest, mostHeight) : line;
         return m_labelHeight;
     }
 
@@ -404,28 +240,32 @@ private:
         const Length right = m_plot.x() + m_plot.width();
         for (int tick = 0; tick < m_axis.ticks(); ++tick) {
             const Length y = yOf(m_axis.tick(tick));
-            m_items.append(LineItem{{m_plot.x(), y}, {right, y}, Hairline, GridColor});
+            items.append(LineItem{{m_plot.x(), y}, {right, y}, Hairline, GridColor});
             addText(valueLabel(m_axis.tick(tick)),
-                    QRect(m_plot.x() - Gap - m_labelWidth, y - m_line / 2, m_labelWidth, m_line),
-                    Align::Right, m_style.color);
+                    QRect(m_plot.x() - Gap - m_labelWidth, y - line / 2, m_labelWidth, line),
+                    Align::Right, color);
         }
         const Length top = m_plot.y() + m_plot.height() + labelGap();
+        const Length end = m_plot.x() + m_plot.width() + Inset / 2;
         Length free = m_frame.x();
         for (int category = 0; category < m_count; category += m_every) {
             const QString &label = m_data.categories[category].label;
             const Length middle = xOf(category + 0.5);
             if (m_isTurned) {
-                addTurned(label, QRect(middle - m_line / 2, top, m_line, m_labelHeight), false);
+                const Length left = qMin(middle - line / 2, end - line);
+                if (left < free)
+                    continue;
+                addTurned(label, QRect(left, top, line, m_labelHeight), false);
+                free = left + line;
                 continue;
             }
             // The first and the last label of a thinned row would reach beyond the plot.
-            const Length width = textWidth(label, m_font);
-            const Length end = m_plot.x() + m_plot.width() + Inset / 2;
+            const Length width = textWidth(label, font);
             const Length x =
                 qBound(m_frame.x(), middle - width / 2, qMax(m_frame.x(), end - width));
             if (x < free)
                 continue;
-            addText(label, QRect(x, top, width, m_line), Align::Left, m_style.color);
+            addText(label, QRect(x, top, width, line), Align::Left, color);
             free = x + width + Gap / 2;
         }
     }
@@ -434,18 +274,18 @@ private:
     {
         const double zero = qBound(m_axis.low(), 0.0, m_axis.high());
         const Length right = m_plot.x() + m_plot.width();
-        m_items.append(LineItem{{m_plot.x(), yOf(zero)}, {right, yOf(zero)}, AxisWidth, AxisColor});
+        items.append(LineItem{{m_plot.x(), yOf(zero)}, {right, yOf(zero)}, AxisWidth, AxisColor});
     }
 
     // --- Values ------------------------------------------------------------------------------
 
-    void addBar(Length from, Length to, double low, double high, const QColor &color)
+    void addBar(Length from, Length to, double low, double high, const QColor &fill)
     {
         const Length top = yOf(high);
         const Length height = yOf(low) - top;
         if (height > 0)
-            m_items.append(BoxItem{QRect(from, top, qMax(1, to - from), height),
-                                   to - from > 10 * Hairline ? Hairline : 0, AxisColor, color});
+            items.append(BoxItem{QRect(from, top, qMax(1, to - from), height),
+                                 to - from > 10 * Hairline ? Hairline : 0, AxisColor, fill});
     }
 
     void drawBars()
@@ -467,35 +307,6 @@ private:
                     foot += value;
             }
         }
-    }
-
-    /// A different shape for each series, so that lines are told apart without their colours.
-    void addMarker(int series, QPoint middle)
-    {
-        static const QList<QList<QPointF>> Shapes{
-            {{-0.4, -0.9},
-             {0.4, -0.9},
-             {0.9, -0.4},
-             {0.9, 0.4},
-             {0.4, 0.9},
-             {-0.4, 0.9},
-             {-0.9, 0.4},
-             {-0.9, -0.4}},
-            {{-0.8, -0.8}, {0.8, -0.8}, {0.8, 0.8}, {-0.8, 0.8}},
-            {{0, -1.1}, {1, 0.8}, {-1, 0.8}},
-            {{0, -1.2}, {1.2, 0}, {0, 1.2}, {-1.2, 0}},
-            {{0, 1.1}, {1, -0.8}, {-1, -0.8}}};
-        QList<QPoint> points;
-        for (const QPointF &corner : Shapes[series % Shapes.size()])
-            points.append(middle + (corner * MarkerSize).toPoint());
-        addShape(std::move(points), true, 0, m_data.series[series].color);
-    }
-
-    void addShape(QList<QPoint> points, bool closed, Length lineWidth, const QColor &color)
-    {
-        const QRect frame = QPolygon(points).boundingRect();
-        m_items.append(ShapeItem{frame, std::move(points), closed, lineWidth, color,
-                                 closed ? color : QColor()});
     }
 
     void drawLines()
@@ -527,8 +338,6 @@ private:
     const Style &m_style;
     const ChartData &m_data;
     const QRect m_frame;
-    const Font m_font;
-    const Length m_line;     ///< the height of a line of text
     const int m_count;       ///< of categories
     QRect m_plot;            ///< what is left for the values
     Length m_titlesLeft = 0; ///< of the values' title
@@ -538,7 +347,6 @@ private:
     Length m_labelHeight = 0; ///< of the categories'
     bool m_isTurned = false;
     int m_every = 1; ///< each so many category is named
-    QList<PageItem> m_items;
 };
 
 } // namespace

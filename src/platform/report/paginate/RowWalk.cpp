@@ -39,9 +39,8 @@ void RowWalk::placeAll(const compiled::Bands &bands)
             place(band);
 }
 
-std::optional<QVariant> RowWalk::value(const QString &name) const
+std::optional<QVariant> RowWalk::value(const QString &key) const
 {
-    const QString key = name.toLower();
     if (key == u"pagenumber")
         return pageNumber();
     if (key == u"totalpages")

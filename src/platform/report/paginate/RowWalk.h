@@ -15,7 +15,7 @@ public:
     RowWalk(const compiled::Report &report, const DataSource &rows, const Inputs &inputs,
             QStringList &problems);
 
-    [[nodiscard]] std::optional<QVariant> value(const QString &name) const override;
+    [[nodiscard]] std::optional<QVariant> value(const QString &key) const override;
     [[nodiscard]] QVariant aggregate(int number) const override;
     [[nodiscard]] QVariant evaluate(const compiled::Value &value) const override;
     [[nodiscard]] std::optional<QVariant> lastShown(int repeatSlot) const override;

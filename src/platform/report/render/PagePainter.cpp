@@ -12,8 +12,6 @@ constexpr qsizetype MaximumPictureBytes = 64 * 1024 * 1024;
 
 void drawBorder(const Border &border, const QRect &frame, QPainter &painter)
 {
-    if (border.isNone())
-        return;
     painter.setPen(QPen(border.color, border.width, Qt::SolidLine, Qt::SquareCap));
     const int right = frame.x() + frame.width();
     const int bottom = frame.y() + frame.height();
@@ -35,16 +33,31 @@ PagePainter::PagePainter()
 
 void PagePainter::paint(const Page &page, QPainter &painter)
 {
+    m_font.reset();
+    m_textColor.reset();
     for (const PageItem &item : page.items)
-        std::visit([&](const auto &one) { draw(one, painter); }, item);
+        std::visit(
+            [&](const auto &one) {
+                draw(one, painter);
+                if constexpr (!std::is_same_v<std::decay_t<decltype(one)>, TextItem>)
+                    m_textColor.reset();
+            },
+            item);
 }
 
 void PagePainter::draw(const TextItem &item, QPainter &painter)
 {
     if (item.style.fill.isValid())
         painter.fillRect(item.frame, item.style.fill);
-    painter.setFont(measuringFont(item.style.font));
-    painter.setPen(item.style.color);
+    // To set a font costs about as much as to draw a word, and a colour makes a file longer.
+    if (m_font != item.style.font) {
+        m_font = item.style.font;
+        painter.setFont(measuringFont(item.style.font));
+    }
+    if (m_textColor != item.style.color) {
+        m_textColor = item.style.color;
+        painter.setPen(item.style.color);
+    }
     for (const TextLine &line : item.lines) {
         if (line.text.isEmpty())
             continue;
@@ -58,7 +71,10 @@ void PagePainter::draw(const TextItem &item, QPainter &painter)
         painter.drawText(QPointF(0, 0), line.text);
         painter.restore();
     }
-    drawBorder(item.style.border, item.frame, painter);
+    if (!item.style.border.isNone()) {
+        drawBorder(item.style.border, item.frame, painter);
+        m_textColor.reset();
+    }
 }
 
 void PagePainter::draw(const LineItem &item, QPainter &painter)

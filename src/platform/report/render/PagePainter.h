@@ -4,6 +4,7 @@
 
 #include <QCache>
 #include <QImage>
+#include <optional>
 
 class QPainter;
 
@@ -27,6 +28,8 @@ private:
     [[nodiscard]] QImage picture(const QByteArray &data);
 
     QCache<QByteArray, QImage> m_pictures;
+    std::optional<Font> m_font;        ///< that the painter has, as far as it is known
+    std::optional<QColor> m_textColor; ///< the same
 };
 
 /// Where a picture of this size stands in its frame: as large as fits, at the left, middle or

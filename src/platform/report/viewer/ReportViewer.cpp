@@ -173,8 +173,10 @@ void ReportViewer::buildStatus(QHBoxLayout *bar)
     m_status = new QLabel(this);
     m_status->setObjectName(u"layoutStatus"_s);
     bar->addWidget(m_status);
-    m_cancel = addButton(bar, u"cancelLayout"_s, u"Cancel: no more pages"_s, u"cancel"_s,
-                         {QKeySequence(Qt::Key_Escape)});
+    m_cancel = addButton(bar, u"cancelLayout"_s, u"Cancel: no more pages"_s, u"cancel"_s, {});
+    // It holds only while its button is there; later the key closes the window again.
+    auto *escape = new QShortcut(Qt::Key_Escape, m_cancel);
+    connect(escape, &QShortcut::activated, this, &ReportViewer::cancelLayout);
     connect(m_cancel, &QToolButton::clicked, this, &ReportViewer::cancelLayout);
     m_remarks = addButton(bar, u"remarks"_s, u"Remarks on this report"_s, u"warning"_s, {});
     connect(m_remarks, &QToolButton::clicked, this, &ReportViewer::showRemarks);
@@ -320,6 +322,7 @@ void ReportViewer::clear()
     m_news.stop();
     m_outcome = {};
     m_status->clear();
+    m_searchResult->clear();
     m_cancel->hide();
     m_remarks->hide();
     m_pages.clear();
