@@ -1,6 +1,6 @@
 #include "core/DailyCopies.h"
 
-#include "core/General.h"
+#include "core/Options.h"
 #include "platform/base/Environment.h"
 #include "platform/system/Files.h"
 
