@@ -249,12 +249,13 @@ Request request(const NotScanned &asked)
                                : u"Not scanned in the last %1 days."_s.arg(days)};
 }
 
+// Reports of utilization print their range as a text of its own, so it isn't told twice.
+
 Request request(const Utilization &asked)
 {
     return {.layout = u"rptEquipmentUtilization"_s,
             .filter = utilization(asked),
-            .asked = sentences(
-                {happened(u"Readings"_s, asked.read), types(asked.types), crews(asked.crews)}),
+            .asked = sentences({types(asked.types), crews(asked.crews)}),
             .texts = {{u"lblDateFrom"_s, rangeLabel(asked.read)}}};
 }
 
@@ -263,7 +264,7 @@ Request request(const SingleUtilization &asked)
     const QString days = QString::number(asked.read.from.daysTo(asked.read.to));
     return {.layout = u"rptEquipmentUtilization_Single"_s,
             .filter = utilization(asked),
-            .asked = sentences({happened(u"Readings"_s, asked.read), units(asked.units)}),
+            .asked = units(asked.units),
             .texts = {{u"lblDateFrom"_s, rangeLabel(asked.read)}},
             .formulas = {{u"days"_s, days}}};
 }

@@ -291,8 +291,7 @@ TEST(FilterText, TellsInPlainWordsWhatWasAsked)
          {said(request(NotScanned{.today = range.to})), u"Not scanned in the last 2 days."_s},
          {said(request(NotScanned{.today = range.to, .days = u"1"_s})),
           u"Not scanned in the last day."_s},
-         {said(request(Utilization{.read = range, .crews = u"1"_s})),
-          u"Readings 01/02/2024 to 03/15/2024. All types. Crew 1."_s},
+         {said(request(Utilization{.read = range, .crews = u"1"_s})), u"All types. Crew 1."_s},
          {said(request(WorkorderHistory{.numbers = u"1-11,21"_s})),
           u"All units. Work orders 1-11, 21."_s}});
 }
