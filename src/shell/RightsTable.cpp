@@ -50,6 +50,7 @@ constexpr std::array<RightEntry, 28> rights{{
 std::vector<QString> columnsInStatementOrder()
 {
     std::vector<QString> columns;
+    columns.reserve(rights.size());
     for (const RightEntry &right : rights)
         columns.push_back(QString::fromLatin1(right.column));
     const auto utilization = std::ranges::find(columns, u"EqUtilization"_s);

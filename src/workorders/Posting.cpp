@@ -613,7 +613,7 @@ bool PostWorkOrder(QList<qint64> &orders, const base::Progress &progress, const 
     return base::trapped(Module, "PostWorkOrder", false, [&] {
         QList<qint64> wanted = orders;
         std::ranges::sort(wanted);
-        wanted.erase(std::ranges::unique(wanted).begin(), wanted.end());
+        wanted.erase(std::unique(wanted.begin(), wanted.end()), wanted.end());
         Choice choice;
         {
             TransactionScope transaction;

@@ -288,9 +288,7 @@ int Style::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *
     case SH_MenuBar_AltKeyNavigation:
         return 1;
     case SH_EtchDisabledText:
-        return 0;
     case SH_DialogButtonBox_ButtonsHaveIcons:
-        return 0;
     case SH_ItemView_ActivateItemOnSingleClick:
         return 0;
     default:
