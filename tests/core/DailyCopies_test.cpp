@@ -2,6 +2,7 @@
 
 #include "core/CompanySession.h"
 #include "support/TestFiles.h"
+#include "core/Options.h"
 
 #include <QDir>
 #include <algorithm>

@@ -1,3 +1,4 @@
+#include "core/Options.h"
 #include "core/Session.h"
 #include "device/Device.h"
 #include "exchange/Export.h"

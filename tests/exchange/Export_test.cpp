@@ -6,6 +6,7 @@
 #include "platform/base/Error.h"
 #include "support/ScriptedPrompts.h"
 #include "support/TestFiles.h"
+#include "core/Options.h"
 
 #include <QDir>
 

@@ -1,4 +1,5 @@
 #include "core/OpeningTable.h"
+#include "core/Options.h"
 #include "core/ui/Openings.h"
 #include "organisation/MasterSession.h"
 #include "platform/base/Environment.h"

@@ -1,5 +1,5 @@
 // Recordsets that grow, and texts that are searched where they lie.
-#include "platform/grid/GridColumnData.h"
+#include "platform/grid/GridModel.h"
 
 #include <algorithm>
 #include <string_view>
@@ -66,7 +66,7 @@ void GridModel::extendRecordset(const db::Recordset &longer)
         m_rows.push_back(slot);
         m_top.push_back(slot);
     }
-    forgetSearches();
+    m_columns.forgetSearches();
     endInsertRows();
     if (m_sortDirection != Sort::None)
         resort();
