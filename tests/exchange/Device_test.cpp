@@ -18,17 +18,14 @@ using device::Row;
 using Rows = QList<Row>;
 using State = QMap<QString, Rows>;
 
-const QStringList Tables{u"tblWorkorder"_s,     u"tblWoServiceUsed"_s,
-                         u"tblWoPartUsed"_s,    u"tblEquipment"_s,
-                         u"tblEquipmentScan"_s, u"tblEquipmentCrewHistory"_s,
-                         u"tblEquipmentCount"_s, u"tblPart"_s,
-                         u"tblServiceUsed"_s,   u"tblCrew"_s,
-                         u"tblUser"_s,          u"tblSysOption"_s};
+const QStringList Tables{
+    u"tblWorkorder"_s,      u"tblWoServiceUsed"_s, u"tblWoPartUsed"_s,
+    u"tblEquipment"_s,      u"tblEquipmentScan"_s, u"tblEquipmentCrewHistory"_s,
+    u"tblEquipmentCount"_s, u"tblPart"_s,          u"tblServiceUsed"_s,
+    u"tblCrew"_s,           u"tblUser"_s,          u"tblSysOption"_s};
 
-const QMap<QString, QString> Letters{{u"Counts"_s, u"C"_s},
-                                     {u"Hours"_s, u"H"_s},
-                                     {u"Kilometers"_s, u"K"_s},
-                                     {u"Miles"_s, u"I"_s}};
+const QMap<QString, QString> Letters{
+    {u"Counts"_s, u"C"_s}, {u"Hours"_s, u"H"_s}, {u"Kilometers"_s, u"K"_s}, {u"Miles"_s, u"I"_s}};
 
 State stateNow()
 {
@@ -38,8 +35,7 @@ State stateNow()
         for (int at = 0; at < rows.RecordCount(); ++at) {
             Row row;
             for (int column = 0; column < rows.columnCount(); ++column)
-                row.insert(rows.columnName(column).toLower(),
-                           base::toText(rows.value(at, column)));
+                row.insert(rows.columnName(column).toLower(), base::toText(rows.value(at, column)));
             state[table].append(row);
         }
     }
@@ -56,9 +52,8 @@ bool matches(const Row &row, const Row &wanted)
 /// The number of a row that the device has made.
 QString numberOf(const QString &id)
 {
-    const db::Recordset rows =
-        gcnData->Open(u"Select strno from tblWotemp where strname = ? and strid = ?"_s,
-                      {id.first(1), id});
+    const db::Recordset rows = gcnData->Open(
+        u"Select strno from tblWotemp where strname = ? and strid = ?"_s, {id.first(1), id});
     return rows.isEmpty() ? u"none"_s : rows.row(0).text(u"strno");
 }
 
@@ -83,11 +78,11 @@ void applyReading(State &state, const Row &reading)
         for (const Row &each : std::as_const(state[u"tblEquipmentCount"_s])) {
             if (each[u"equipmentid"_s] == machine &&
                 Letters.value(each[u"counttype"_s]) == service[u"period"_s])
-                newest = std::max(
-                    newest, {QDate::fromString(each[u"changedate"_s], u"M/d/yyyy"),
-                             each[u"countvalue"_s].toLongLong()});
+                newest = std::max(newest, {QDate::fromString(each[u"changedate"_s], u"M/d/yyyy"),
+                                           each[u"countvalue"_s].toLongLong()});
         }
-        if (newest.first.isValid() && newest.second >= service[u"nextscheduledcount"_s].toLongLong())
+        if (newest.first.isValid() &&
+            newest.second >= service[u"nextscheduledcount"_s].toLongLong())
             service[u"nextscheduleddate"_s] = newest.first.toString(u"M/d/yyyy");
     }
 }
@@ -125,11 +120,10 @@ void expectState(State expected, QList<std::pair<QString, Row>> made, const std:
     for (const QString &table : Tables) {
         for (const Row &row : std::as_const(expected[table])) {
             Rows &rows = now[table];
-            const auto found = std::ranges::find_if(
-                rows, [&](const Row &each) { return matches(each, row); });
-            ASSERT_NE(found, rows.end())
-                << which << ": " << table.toStdString() << " lacks "
-                << QStringList(row.values()).join(u'|').toStdString();
+            const auto found =
+                std::ranges::find_if(rows, [&](const Row &each) { return matches(each, row); });
+            ASSERT_NE(found, rows.end()) << which << ": " << table.toStdString() << " lacks "
+                                         << QStringList(row.values()).join(u'|').toStdString();
             rows.erase(found);
         }
     }

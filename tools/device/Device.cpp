@@ -105,8 +105,8 @@ void Device::finishLine(const Row &line)
     const QString order = line[u"WorkOrderNo"_s];
     command(u"Record"_s, {u"tblWorkorder"_s, u"WorkorderNo"_s, order, u"N"_s, u"CompletedDate"_s,
                           u"D"_s, written(day)});
-    command(u"Record"_s, {u"tblWorkorder"_s, u"WorkorderNo"_s, order, u"N"_s, u"Complete"_s,
-                          u"N"_s, u"1"_s});
+    command(u"Record"_s,
+            {u"tblWorkorder"_s, u"WorkorderNo"_s, order, u"N"_s, u"Complete"_s, u"N"_s, u"1"_s});
     m_deeds.append({Deed::Kind::Set,
                     u"tblWorkorder"_s,
                     {{u"WorkorderNo"_s, order}},
@@ -117,8 +117,8 @@ void Device::finishLine(const Row &line)
 void Device::skipLine(const Row &line)
 {
     const QString id = line[u"ServiceUsedID"_s];
-    command(u"Record"_s, {u"tblWoServiceUsed"_s, u"NserviceUsedID"_s, id, u"N"_s, u"Skip"_s,
-                          u"N"_s, u"-1"_s});
+    command(u"Record"_s,
+            {u"tblWoServiceUsed"_s, u"NserviceUsedID"_s, id, u"N"_s, u"Skip"_s, u"N"_s, u"-1"_s});
     m_deeds.append({Deed::Kind::Set,
                     u"tblWoServiceUsed"_s,
                     {{u"NServiceUsedID"_s, id}},
@@ -154,9 +154,9 @@ void Device::addService(const QString &order, const Row &machine)
     const QString cost = QString::number(upTo(40) + 0.25);
     const QString equipment = machine[u"EquipmentID"_s];
     const QString crew = machine[u"CrewID"_s].isEmpty() ? u"0"_s : machine[u"CrewID"_s];
-    command(u"NewService"_s, {id, equipment, u"0"_s, order, name, u"1"_s, u"0"_s, u"08:00"_s,
-                              u"09:30"_s, note, u"1.5"_s, u"W"_s, count, u"1:30"_s, u"3"_s, cost,
-                              u"0"_s, crew, written(m_today)});
+    command(u"NewService"_s,
+            {id, equipment, u"0"_s, order, name, u"1"_s, u"0"_s, u"08:00"_s, u"09:30"_s, note,
+             u"1.5"_s, u"W"_s, count, u"1:30"_s, u"3"_s, cost, u"0"_s, crew, written(m_today)});
     m_deeds.append({Deed::Kind::Make,
                     u"tblWoServiceUsed"_s,
                     {},
@@ -181,8 +181,8 @@ void Device::addService(const QString &order, const Row &machine)
 void Device::addPart(const QString &line, const Row &part)
 {
     const QString quantity = QString::number(1 + upTo(8) * 0.5);
-    command(u"NewServicePart"_s, {line, part[u"PartID"_s], quantity, part[u"Price"_s], u"True"_s,
-                                  quantity});
+    command(u"NewServicePart"_s,
+            {line, part[u"PartID"_s], quantity, part[u"Price"_s], u"True"_s, quantity});
     m_deeds.append({Deed::Kind::Make,
                     u"tblWoPartUsed"_s,
                     {},
@@ -218,17 +218,16 @@ void Device::moveToCrew(const Row &machine, const Row &crew)
 
 void Device::scan(const Row &machine)
 {
-    const QString time = m_today.toString(u"M/d/yyyy") + u" %1:%2:00 PM"_s.arg(1 + upTo(10))
-                                                              .arg(two(upTo(59)));
+    const QString time =
+        m_today.toString(u"M/d/yyyy") + u" %1:%2:00 PM"_s.arg(1 + upTo(10)).arg(two(upTo(59)));
     const QString equipment = machine[u"EquipmentID"_s];
     command(u"RecordScanEquipment"_s, {u"Present"_s, time, equipment});
-    m_deeds.append({Deed::Kind::Make,
-                    u"tblEquipmentScan"_s,
-                    {},
-                    {{u"EquipmentID"_s, equipment},
-                     {u"ScanTime"_s, time},
-                     {u"ScanStatus"_s, u"Present"_s}},
-                    {}});
+    m_deeds.append(
+        {Deed::Kind::Make,
+         u"tblEquipmentScan"_s,
+         {},
+         {{u"EquipmentID"_s, equipment}, {u"ScanTime"_s, time}, {u"ScanStatus"_s, u"Present"_s}},
+         {}});
 }
 
 void Device::receive(const Row &part)
@@ -292,8 +291,8 @@ QHash<QString, QByteArray> Device::files() const
     for (auto kind = m_work.cend(); kind != m_work.cbegin();)
         work += *--kind;
     if (!work.isEmpty())
-        files.insert(u"Sy0001.xml"_s, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<day>" + work +
-                                          "</day>");
+        files.insert(u"Sy0001.xml"_s,
+                     "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<day>" + work + "</day>");
     if (!m_readings.isEmpty())
         files.insert(u"Count0001.xml"_s, "<readings>" + m_readings + "</readings>");
     return files;

@@ -9,9 +9,9 @@
 
 #include <random>
 
-/// A handheld as somebody else might have built it: it reads the office's exchange file, lets a crew
-/// work for a day, and answers with files of commands. It shares no code with the program, so that
-/// what both understand is what the files say.
+/// A handheld as somebody else might have built it: it reads the office's exchange file, lets a
+/// crew work for a day, and answers with files of commands. It shares no code with the program, so
+/// that what both understand is what the files say.
 namespace device {
 
 /// Names and values of a row.
