@@ -11,12 +11,10 @@ using namespace Qt::StringLiterals;
 /// Damages a file in a few places: bytes go missing, are doubled, replaced, or the end is cut off.
 QByteArray mutated(QByteArray file, QRandomGenerator &random)
 {
-    static const QByteArrayList pieces{"<",     ">",        "</v>",   "<v>",
-                                       "&",     "&amp;",    "\"",     "'",
-                                       "\xff",  "\xc3",     "<!--",   "-->",
-                                       "<?",    "<![CDATA[", "]]>",    "<record ",
-                                       "/>",    "&#x41;",   "&#0;",   "</tables>",
-                                       "<!DOCTYPE a [<!ENTITY x 'y'>]>"};
+    static const QByteArrayList pieces{
+        "<",   ">",        "</v>", "<v>",    "&",    "&amp;",     "\"",
+        "'",   "\xff",     "\xc3", "<!--",   "-->",  "<?",        "<![CDATA[",
+        "]]>", "<record ", "/>",   "&#x41;", "&#0;", "</tables>", "<!DOCTYPE a [<!ENTITY x 'y'>]>"};
     const auto bounded = [&](qsizetype limit) {
         return static_cast<qsizetype>(random.bounded(static_cast<quint32>(limit)));
     };

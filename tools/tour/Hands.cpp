@@ -3,6 +3,8 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
+#include <QMainWindow>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QProgressDialog>
 #include <QTabBar>
@@ -116,6 +118,12 @@ QWidget &Hands::requireWindow(const QString &name) const
     return *window;
 }
 
+bool Hands::isInFront(const QString &name) const
+{
+    const QWidget *window = front();
+    return window != nullptr && window->objectName() == name;
+}
+
 QWidget &Hands::find(const QString &name) const
 {
     QWidget *found = nullptr;
@@ -182,6 +190,24 @@ Hands::Rest Hands::answer(const QString &text, const QString &caption)
             return clickAt(*button, button->rect().center());
     }
     throw Fault(u"The message \"%1\" has no button \"%2\"."_s.arg(text, caption));
+}
+
+Hands::Rest Hands::chooseEntry(const QString &menu, const QString &entry)
+{
+    auto *window = qobject_cast<QMainWindow *>(front());
+    require(window != nullptr, u"There is no menu in %1."_s.arg(frontText()));
+    QMenuBar *bar = window->menuBar();
+    auto *opened = window->findChild<QMenu *>(menu);
+    auto *action = window->findChild<QAction *>(entry);
+    require(opened && action && opened->actions().contains(action) && action->isEnabled(),
+            u"There is no entry %1 that can be chosen in %2."_s.arg(entry, menu));
+    return perform([window, bar, opened, action] {
+        QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                          bar->mapTo(window, bar->actionGeometry(opened->menuAction()).center()));
+        if (opened->isVisible())
+            QTest::mouseClick(opened->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                              opened->actionGeometry(action).center());
+    });
 }
 
 Hands::Rest Hands::chooseTab(const QString &name, int index)

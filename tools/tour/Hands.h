@@ -46,6 +46,7 @@ public:
 
     /// The window in front; raises a Fault unless it has that name.
     QWidget &requireWindow(const QString &name) const;
+    [[nodiscard]] bool isInFront(const QString &name) const;
     /// A visible control of the window in front.
     template<class Control = QWidget>
     [[nodiscard]] Control &control(const QString &name) const
@@ -63,6 +64,8 @@ public:
     Rest press(const QString &name);
     /// Answers the message in front, which has to have this text, by the button of that caption.
     Rest answer(const QString &text, const QString &caption);
+    /// Chooses an entry of a menu of the window in front, both by their objects' names.
+    Rest chooseEntry(const QString &menu, const QString &entry);
     /// Clicks on a page's name in a row of tabs.
     Rest chooseTab(const QString &name, int index);
     /// Clicks in a cell, after scrolling to it.

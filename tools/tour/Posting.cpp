@@ -197,6 +197,13 @@ Task Tour::printPosted()
 Task Tour::postTheHeldBack()
 {
     co_await enterCounts(m_cast.unread);
+    co_await postAll();
+    see(u"recorded-all"_s, u"With their counts these are posted, too."_s);
+}
+
+/// Posts what is complete, which lacks nothing.
+Task Tour::postAll()
+{
     const QList<Ordered> services = completed();
     co_await m_hands.press(u"cmdPost"_s);
     co_await m_hands.press(u"cmdOK"_s);
@@ -204,7 +211,6 @@ Task Tour::postTheHeldBack()
     co_await m_hands.answer(ListQuestion, u"No"_s);
     for (const Ordered &service : services)
         requirePosted(service);
-    see(u"recorded-all"_s, u"With their counts these are posted, too."_s);
 }
 
 } // namespace tour

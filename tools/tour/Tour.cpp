@@ -39,6 +39,10 @@ Task Tour::run()
     co_await seeTheHistory();
     co_await seeTheSchedule();
     co_await seeTheBoardAgain();
+
+    co_await exportToTheHandheld();
+    co_await importFromTheHandheld();
+    co_await postTheCrewsWork();
 }
 
 // --- What the steps share ------------------------------------------------------------------------

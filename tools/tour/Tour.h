@@ -1,5 +1,6 @@
 #pragma once
 
+#include "device/Device.h"
 #include "tour/Company.h"
 #include "tour/Hands.h"
 #include "tour/Task.h"
@@ -65,6 +66,12 @@ private:
     Task seeTheSchedule();
     Task seeTheBoardAgain();
 
+    // Out to the crews and back
+    Task exportToTheHandheld();
+    void workInTheField();
+    Task importFromTheHandheld();
+    Task postTheCrewsWork();
+
     void see(const QString &name, const QString &what);
     void requireBoard();
     void requireList(const QString &gridName, const QString &column, const QStringList &wanted);
@@ -75,6 +82,8 @@ private:
     void requireRescheduled(const Ordered &service);
     void requireTaken(const Taken &part);
 
+    Task awaitMessage(const QString &text);
+    Task postAll();
     Task tickMachines();
     Task tickOrders();
     Task selectLine(qint64 line);
@@ -99,6 +108,7 @@ private:
     Cast m_cast;
     qint64 m_dueBefore = 0;
     QList<qint64> m_orders;
+    QList<device::Deed> m_deeds; ///< of the crew in the field
     QString m_picture;
     int m_number = 0;
 };
