@@ -31,15 +31,15 @@ const Direction Backward{u"<"_s, u"max"_s, u"UnitNo desc"_s};
 
 std::optional<Position> positionOf(qint64 key)
 {
-    const db::Recordset rows = dataConnection().Open(
-        u"Select UnitNo from tblEquipment where EquipmentID = ?"_s, {key});
+    const db::Recordset rows =
+        dataConnection().Open(u"Select UnitNo from tblEquipment where EquipmentID = ?"_s, {key});
     if (rows.isEmpty())
         return std::nullopt;
     return Position{key, rows.current()[u"UnitNo"]};
 }
 
-/// The machine that comes nearest that way among those of one unit number. The "+ 0" keeps the engine
-/// from walking the index of all keys for it.
+/// The machine that comes nearest that way among those of one unit number. The "+ 0" keeps the
+/// engine from walking the index of all keys for it.
 std::optional<Position> nearest(const Direction &way, const QVariant &unit,
                                 std::optional<qint64> beyond = {})
 {
@@ -135,10 +135,11 @@ db::Recordset at(Place place, qint64 EquipmentID)
     const QVariant former = position ? keyOf(before(*position)) : QVariant();
     const QVariant next = position ? keyOf(after(*position)) : QVariant();
     // A sort by unit number would tell upper from lower case, which the order does not.
-    db::Recordset rows = dataConnection().Open(
-        u"Select * from tblEquipment where EquipmentID in (?, ?, ?) order by IIf(EquipmentID = ?, 1, "
-        "IIf(EquipmentID = ?, 2, 3))"_s,
-        {former, keyOf(position), next, former, keyOf(position)});
+    db::Recordset rows =
+        dataConnection().Open(u"Select * from tblEquipment where EquipmentID in (?, ?, ?) order by "
+                              u"IIf(EquipmentID = ?, 1, "
+                              "IIf(EquipmentID = ?, 2, 3))"_s,
+                              {former, keyOf(position), next, former, keyOf(position)});
     rows.MoveTo(former.isNull() ? 0 : 1);
     return rows;
 }

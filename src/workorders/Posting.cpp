@@ -24,7 +24,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr const char *Module = "Workorder";
-constexpr qsizetype LongestList = 100;
+constexpr qsizetype LongestList = 25;
 
 DateConfirmation &currentConfirmation()
 {

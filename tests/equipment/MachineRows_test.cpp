@@ -13,14 +13,21 @@ protected:
     MachineRows()
     {
         const QVariant none;
-        for (const auto &[key, unit] :
-             {std::pair<int, QVariant>{5, u"B2"_s}, {3, u"a1"_s}, {9, u"A1"_s}, {1, u"C"_s}, {4, none},
-              {8, u"b2"_s}, {2, u""_s}, {7, none}, {6, u"B10"_s}})
+        for (const auto &[key, unit] : {std::pair<int, QVariant>{5, u"B2"_s},
+                                        {3, u"a1"_s},
+                                        {9, u"A1"_s},
+                                        {1, u"C"_s},
+                                        {4, none},
+                                        {8, u"b2"_s},
+                                        {2, u""_s},
+                                        {7, none},
+                                        {6, u"B10"_s}})
             add(key, unit);
     }
     static void add(int key, const QVariant &unit)
     {
-        gcnData->Execute(u"insert into tblEquipment(EquipmentID,UnitNo) values(?,?)"_s, {key, unit});
+        gcnData->Execute(u"insert into tblEquipment(EquipmentID,UnitNo) values(?,?)"_s,
+                         {key, unit});
     }
     static QList<qint64> keys(const db::Recordset &rows)
     {

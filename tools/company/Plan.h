@@ -13,9 +13,9 @@ namespace sample {
 /// How much a sample company holds.
 struct Plan
 {
-    int machines = 0;     ///< 0: as many as the fleet's table says
-    int dueMachines = 0;  ///< only the first so many have work that is due; 0: all
-    int partSeries = 1;   ///< how often each variant of a part stands in the list
+    int machines = 0;    ///< 0: as many as the fleet's table says
+    int dueMachines = 0; ///< only the first so many have work that is due; 0: all
+    int partSeries = 1;  ///< how often each variant of a part stands in the list
     int historyYears = 3;
     int historyPerService = 1000; ///< at most that many posted rows for each assignment
     int readingEveryDays = 10;    ///< besides those that work orders bring

@@ -18,8 +18,8 @@ char lower(char character)
                                                 : character;
 }
 
-/// Finds texts that begin with a given one, case aside. Most differ in the first character, which is
-/// seen without decoding anything.
+/// Finds texts that begin with a given one, case aside. Most differ in the first character, which
+/// is seen without decoding anything.
 class Beginning
 {
 public:
@@ -82,8 +82,7 @@ std::optional<int> GridModel::scannedFor(QStringView text, const ColumnData &dat
     const Beginning wanted(text);
     for (std::size_t row = 0; row < m_rows.size(); ++row) {
         const int record = m_slots[static_cast<std::size_t>(m_rows[row])].record;
-        if (wanted.isOf(record < 0 ? std::string_view()
-                                   : *m_recordset.utf8(record, data.record)))
+        if (wanted.isOf(record < 0 ? std::string_view() : *m_recordset.utf8(record, data.record)))
             return static_cast<int>(row);
     }
     return -1;
