@@ -1,12 +1,12 @@
+#include "Cycle.h"
 #include "Replay.h"
 #include "company/SampleCompany.h"
 #include "core/Session.h"
 #include "platform/base/Environment.h"
 #include "workorders/Board.h"
+#include "workorders/DueList.h"
 #include "workorders/Generation.h"
-#include "workorders/OrderServices.h"
 #include "workorders/Posting.h"
-#include "workorders/Recording.h"
 #include "workorders/Statements.h"
 
 #include <QCoreApplication>
@@ -15,7 +15,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <ctime>
 #include <functional>
 #include <vector>
 
@@ -34,15 +33,6 @@ using namespace Qt::StringLiterals;
 constexpr int rounds = 7;
 constexpr int machines = 1000;
 constexpr int orders = 1000;
-constexpr int servicesOfOrder = 4;
-
-/// Processor time, so that other programs on the computer don't disturb.
-double milliseconds(const std::function<void()> &job)
-{
-    const std::clock_t begin = std::clock();
-    job();
-    return static_cast<double>(std::clock() - begin) * 1000 / CLOCKS_PER_SEC;
-}
 
 double median(std::vector<double> times)
 {
@@ -69,8 +59,8 @@ void measureReading(const char *what, db::engine::Attachment &bare,
     std::vector<double> ours;
     std::vector<double> alone;
     for (int round = 0; round < rounds; ++round) {
-        ours.push_back(milliseconds([&] { rows = job(); }));
-        alone.push_back(milliseconds([&] { replay.run(); }));
+        ours.push_back(cycle::processorTime([&] { rows = job(); }));
+        alone.push_back(cycle::processorTime([&] { replay.run(); }));
     }
     print(u"%1, %2 rows"_s.arg(QLatin1StringView(what)).arg(rows), median(ours), median(alone),
           recording.size());
@@ -82,10 +72,10 @@ bool measureWriting(const QString &what, db::engine::Attachment &copy,
 {
     bool done = false;
     Recording recording(*gcnData);
-    const double ours = milliseconds([&] { done = job(); });
+    const double ours = cycle::processorTime([&] { done = job(); });
     recording.stop();
     Replay replay(recording, copy);
-    const double alone = milliseconds([&] {
+    const double alone = cycle::processorTime([&] {
         replay.run();
         replay.commit();
     });
@@ -98,12 +88,10 @@ void measureLists(db::engine::Attachment &bare, const WorkorderFilter &window)
     WorkorderFilter ofCrew = window;
     ofCrew.crewRange = u"1-5"_s;
     measureReading("board", bare, [] { return board::entries().size(); });
-    measureReading("list of what is due", bare, [&] {
-        return qint64{gcnData->Open(workorders::statements::printWo(window)).RecordCount()};
-    });
-    measureReading("the same for crews 1 to 5", bare, [&] {
-        return qint64{gcnData->Open(workorders::statements::printWo(ofCrew)).RecordCount()};
-    });
+    measureReading("list of what is due", bare,
+                   [&] { return qint64{workorders::dueList(window).RecordCount()}; });
+    measureReading("the same for crews 1 to 5", bare,
+                   [&] { return qint64{workorders::dueList(ofCrew).RecordCount()}; });
     measureReading("orders to record", bare, [] {
         return qint64{gcnData->Open(workorders::statements::recordWo()).RecordCount()};
     });
@@ -112,42 +100,11 @@ void measureLists(db::engine::Attachment &bare, const WorkorderFilter &window)
 QList<qint64> dueMachines(const WorkorderFilter &window)
 {
     QList<qint64> ids;
-    for (const db::Row row : gcnData->Open(workorders::statements::printWo(window))) {
+    for (const db::Row row : workorders::dueList(window)) {
         if (row.isNull(u"WorkOrderNo") && ids.size() < machines)
             ids.append(row.integer(u"EquipmentId"));
     }
     return ids;
-}
-
-/// Orders of four services each, made from the services of the first machines, and completed.
-QList<qint64> completedOrders()
-{
-    QList<qint64> made;
-    qint64 machine = 0;
-    QList<qint64> services;
-    const auto makeOrder = [&] {
-        made.append(orderservices::addOrder(machine));
-        (void)recording::AddServiceRecord(services, made.last(), machine,
-                                          recording::ServiceSource::Machine, false);
-        services.clear();
-    };
-    for (const db::Row row :
-         gcnData->Open(u"Select EquipmentID, ServiceUsedID from tblServiceUsed where Inactive = 0 "
-                       "and ServiceUsedID not in (Select ServiceUsedID from tblWoServiceUsed) "
-                       "order by EquipmentID, ServiceUsedID"_s)) {
-        if (row.integer(u"EquipmentID") != machine)
-            services.clear();
-        machine = row.integer(u"EquipmentID");
-        services.append(row.integer(u"ServiceUsedID"));
-        if (services.size() == servicesOfOrder)
-            makeOrder();
-        if (made.size() == orders)
-            break;
-    }
-    gcnData->Execute(u"Update tblWoServiceUsed set CountValue = 100000 where CountValue is Null"_s);
-    for (const qint64 order : made)
-        (void)recording::UpdateWorkorder(order, base::today());
-    return made;
 }
 
 bool measureCycle(const QString &copied, const WorkorderFilter &window)
@@ -162,11 +119,11 @@ bool measureCycle(const QString &copied, const WorkorderFilter &window)
                                [&] { return generation::GenerateWorkorder(window, ids, made); });
     QList<qint64> completed;
     done = done && measureWriting(u"making and completing %1 orders"_s.arg(orders), copy, [&] {
-               completed = completedOrders();
+               completed = cycle::completedOrders(orders);
                return completed.size() == orders;
            });
     return done && measureWriting(u"posting %1 orders, %2 services"_s.arg(completed.size())
-                                      .arg(completed.size() * servicesOfOrder),
+                                      .arg(completed.size() * cycle::servicesOfOrder),
                                   copy, [&] { return posting::PostWorkOrder(completed); });
 }
 
