@@ -40,8 +40,8 @@ double untilShown(const QProcessEnvironment &environment, double &byClock)
     child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     QElapsedTimer timer;
     timer.start();
-    child.start(QCoreApplication::applicationFilePath(),
-                {QString::fromLatin1(childArgument)}, QIODevice::ReadOnly);
+    child.start(QCoreApplication::applicationFilePath(), {QString::fromLatin1(childArgument)},
+                QIODevice::ReadOnly);
     while (!child.canReadLine() && child.waitForReadyRead(60000)) {
     }
     byClock = static_cast<double>(timer.nsecsElapsed()) / 1e6;

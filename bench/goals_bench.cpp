@@ -273,20 +273,22 @@ void measureLists(Company &company)
 
 void measureFind(Company &company)
 {
-    company.measure("quick find of machines, opened", 150, [] { return openingOf([] { find(); }); });
+    company.measure("quick find of machines, opened", 150,
+                    [] { return openingOf([] { find(); }); });
     const QString half = everySecondMachine();
     company.measure("the same, half of them left out", 150,
                     [&] { return openingOf([&] { find(half); }); });
-    company.measure("a key typed in it", 16, [] { return slowestKey(true); }, false);
-    company.measure("a key typed as soon as it is shown", 16, [] { return slowestKey(false); },
-                    false);
+    company.measure(
+        "a key typed in it", 16, [] { return slowestKey(true); }, false);
+    company.measure(
+        "a key typed as soon as it is shown", 16, [] { return slowestKey(false); }, false);
 }
 
 void measureMachine(Company &company)
 {
-    const qint64 machine =
-        gcnData->Open(u"Select max(EquipmentID) as Last from tblEquipment"_s).row(0).integer(
-            u"Last");
+    const qint64 machine = gcnData->Open(u"Select max(EquipmentID) as Last from tblEquipment"_s)
+                               .row(0)
+                               .integer(u"Last");
     company.measure("a machine's screen, first page", 60, [&] {
         return openingOf([&] { (void)ShowEquipmentDetail(Mode::Browse, machine); });
     });

@@ -19,6 +19,7 @@
 #include "workorders/ui/ServiceTime.h"
 #include "workorders/ui/frmOverDueWork.h"
 
+#include <QElapsedTimer>
 #include <QPointer>
 #include <memory>
 
@@ -61,13 +62,19 @@ void joinEquipment(Openings &all)
 void joinBoard()
 {
     const auto board = std::make_shared<QPointer<frmOverDueWork>>();
+    const auto sinceMade = std::make_shared<QElapsedTimer>();
     shell::MainBoard &main = shell::mainBoard();
-    main.make = [board](QWidget *parent) {
+    main.make = [board, sinceMade](QWidget *parent) {
         *board = new frmOverDueWork(parent);
+        sinceMade->start();
         return board->data();
     };
-    main.LoadData = [board] {
-        if (*board)
+    main.LoadData = [board, sinceMade] {
+        // A window that appears is activated, too, and has just read its board.
+        constexpr int appearing = 1000; // milliseconds
+        const bool isFresh = sinceMade->isValid() && sinceMade->elapsed() < appearing;
+        sinceMade->invalidate();
+        if (*board && !isFresh)
             (*board)->LoadData();
     };
     main.reportsVisible = [board] { return *board && (*board)->reportsVisible(); };

@@ -66,3 +66,17 @@ TEST_F(Roads, NoAddEntryAddsForThoseWhoMayNot)
                        });
     }
 }
+
+TEST_F(Roads, TheBoardThatAppearsIsReadOnce)
+{
+    const shell::MainBoard &board = shell::mainBoard();
+    QWidget window;
+    board.make(&window);
+    int statements = 0;
+    gcnData->setObserver([&](const db::Sent &) { ++statements; });
+    board.LoadData();
+    EXPECT_EQ(statements, 0);
+    board.LoadData();
+    EXPECT_GT(statements, 0) << "whoever comes back sees the board anew";
+    gcnData->setObserver({});
+}
