@@ -9,6 +9,8 @@
 #include <QSaveFile>
 #include <filesystem>
 
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 namespace sys {
@@ -68,6 +70,33 @@ void writeAll(QSaveFile &file, const QByteArray &block)
     }
 }
 
+/// Lets the system copy: some file systems then only note that both files share their blocks, and
+/// the others do it without the detour through this process. False when it can't, or not to the
+/// end: the destination is to be written from its beginning then.
+bool copiedBySystem(const QFile &from, const QSaveFile &to)
+{
+    constexpr std::size_t atOnce = 1 << 30;
+    off_t read = 0;
+    off_t written = 0;
+    ssize_t copied = 0;
+    do {
+        copied = ::copy_file_range(from.handle(), &read, to.handle(), &written, atOnce, 0);
+    } while (copied > 0);
+    return copied == 0;
+}
+
+/// The same through this process, block by block.
+void copyBlocks(QFile &from, QSaveFile &to)
+{
+    while (!from.atEnd()) {
+        const QByteArray block = from.read(BlockSize);
+        if (block.isEmpty() && from.error() != QFileDevice::NoError)
+            raise(base::ErrorNumber::PermissionDenied,
+                  u"The file can't be read (%1)"_s.arg(from.errorString()), from.fileName());
+        writeAll(to, block);
+    }
+}
+
 } // namespace
 
 void copyFile(const QString &source, const QString &destination,
@@ -82,13 +111,8 @@ void copyFile(const QString &source, const QString &destination,
         // A copy off a read-only medium must stay usable.
         to.setPermissions(from.permissions() | QFileDevice::ReadOwner | QFileDevice::WriteOwner);
     }
-    while (!from.atEnd()) {
-        const QByteArray block = from.read(BlockSize);
-        if (block.isEmpty() && from.error() != QFileDevice::NoError)
-            raise(base::ErrorNumber::PermissionDenied,
-                  u"The file can't be read (%1)"_s.arg(from.errorString()), source);
-        writeAll(to, block);
-    }
+    if (!copiedBySystem(from, to))
+        copyBlocks(from, to);
     if (mayReplace && !mayReplace())
         raise(base::ErrorNumber::PermissionDenied, u"Permission denied"_s, source);
     if (!to.commit())

@@ -46,6 +46,14 @@ TEST_F(Files, ACopyReplacesAndIsWhole)
     sys::copyFile(path(u"a"_s), path(u"b"_s));
     EXPECT_EQ(bytes(u"b"_s), large);
     EXPECT_EQ(names(), QStringList({u"a"_s, u"b"_s}));
+    // From another file system the computer's own copy is refused.
+    const QTemporaryDir elsewhere(u"/dev/shm/copy"_s);
+    test::writeFile(elsewhere.filePath(u"c"_s), large + 'r');
+    sys::copyFile(elsewhere.filePath(u"c"_s), path(u"b"_s));
+    EXPECT_EQ(bytes(u"b"_s), large + 'r');
+    write(u"empty"_s, {});
+    sys::copyFile(path(u"empty"_s), path(u"b"_s));
+    EXPECT_EQ(bytes(u"b"_s), "");
 }
 
 TEST_F(Files, ACopyOfAReadOnlyFileCanBeWritten)
