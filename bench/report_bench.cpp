@@ -1,13 +1,13 @@
 #include "platform/report/layout/LayoutFile.h"
 #include "platform/report/render/Export.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QGuiApplication>
 #include <QTemporaryDir>
 
 #include <algorithm>
 #include <cstdio>
-#include <ctime>
 #include <functional>
 #include <vector>
 
@@ -124,10 +124,10 @@ double medianSeconds(const std::function<void()> &job)
 {
     std::vector<double> seconds;
     for (int round = 0; round < rounds; ++round) {
-        // Of the processor, so that it doesn't matter what else the computer does.
-        const std::clock_t begin = std::clock();
+        QElapsedTimer timer;
+        timer.start();
         job();
-        seconds.push_back(static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC);
+        seconds.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e9);
     }
     std::sort(seconds.begin(), seconds.end());
     return seconds[rounds / 2];

@@ -1,4 +1,5 @@
 #include "platform/base/Environment.h"
+#include "platform/report/paginate/PagesAhead.h"
 #include "platform/report/paginate/Paginator.h"
 #include "platform/report/paginate/Tabulator.h"
 #include "platform/report/paginate/TextFlow.h"
@@ -489,6 +490,60 @@ TEST(Paginate, TheSinkEndsTheReport)
     EXPECT_EQ(seen, 3);
     EXPECT_EQ(outcome.pages, 3);
     EXPECT_TRUE(outcome.stopped);
+}
+
+TEST(PagesAhead, ComeAsThoseThatArePaginated)
+{
+    const Layout layout = smallLayout(QByteArray(detailN) + R"(<band kind="pageFooter" height="5mm">
+        <text content="{PageNumber} of {TotalPages}"/><field content="Colour"/></band>)");
+    const Rows rows = numbers(500);
+    QStringList problems;
+    const QList<Page> expected = allPages(layout, rows, {}, &problems);
+    QList<Page> pages;
+    int told = 0;
+    Inputs inputs;
+    inputs.progress = [&](int, int) { ++told; };
+    const Outcome outcome = paginateAhead(layout, rows, inputs, [&](Page &&page) {
+        pages.append(std::move(page));
+        return true;
+    });
+    EXPECT_EQ(pages, expected);
+    EXPECT_EQ(told, expected.size());
+    EXPECT_EQ(outcome.pages, expected.size());
+    EXPECT_EQ(outcome.problems, problems);
+    EXPECT_FALSE(outcome.stopped);
+}
+
+TEST(PagesAhead, EndWithTheSink)
+{
+    const Layout layout = smallLayout(detailN);
+    const Rows rows = numbers(5000);
+    int seen = 0;
+    const Outcome outcome = paginateAhead(layout, rows, {}, [&](Page &&) { return ++seen < 3; });
+    EXPECT_EQ(seen, 3);
+    EXPECT_EQ(outcome.pages, 3);
+    EXPECT_TRUE(outcome.stopped);
+    EXPECT_THROW((void)paginateAhead(layout, rows, {},
+                                     [](Page &&) -> bool { throw std::runtime_error("full"); }),
+                 std::runtime_error);
+    Inputs cancelled;
+    cancelled.isCancelled = [&] { return seen > 3; };
+    EXPECT_EQ(paginateAhead(layout, rows, cancelled, [&](Page &&) { return ++seen > 0; }).pages, 1);
+}
+
+TEST(Paginate, EndsWhereItIsCancelled)
+{
+    int rows = 0;
+    Inputs inputs;
+    inputs.isCancelled = [&] { return ++rows > 20; };
+    const Outcome outcome =
+        paginate(smallLayout(detailN), numbers(100), inputs, [](Page &&) { return true; });
+    EXPECT_TRUE(outcome.stopped);
+    EXPECT_LE(outcome.pages, 3) << "six rows a page";
+    rows = 0;
+    const Layout counted = smallLayout(
+        QByteArray(detailN) + R"(<band kind="pageFooter"><text content="{TotalPages}"/></band>)");
+    EXPECT_EQ(paginate(counted, numbers(100), inputs, [](Page &&) { return true; }).pages, 0);
 }
 
 TEST(Paginate, PicturesComeFromFilesAndRows)

@@ -49,40 +49,37 @@ void ChartCanvas::addTurned(const QString &text, const QRect &frame, bool center
     const QString shown = elidedText(text, font, frame.height());
     const Length width = textWidth(shown, font);
     const Length from = center ? frame.y() + (frame.height() + width) / 2 : frame.y() + width;
-    items.append(
-        TextItem{frame,
-                 {TextLine{shown, frame.x() - lineTop(TextLine(), style), from, width}},
-                 style,
-                 true});
+    items.append(TextItem{frame,
+                          {TextLine{shown, frame.x() - lineTop(TextLine(), style), from, width}},
+                          style,
+                          true});
 }
 
 void ChartCanvas::addMarker(int series, QPoint middle)
 {
-    static const QList<QList<QPointF>> Shapes{
-        {{-0.4, -0.9},
-         {0.4, -0.9},
-         {0.9, -0.4},
-         {0.9, 0.4},
-         {0.4, 0.9},
-         {-0.4, 0.9},
-         {-0.9, 0.4},
-         {-0.9, -0.4}},
-        {{-0.8, -0.8}, {0.8, -0.8}, {0.8, 0.8}, {-0.8, 0.8}},
-        {{0, -1.1}, {1, 0.8}, {-1, 0.8}},
-        {{0, -1.2}, {1.2, 0}, {0, 1.2}, {-1.2, 0}},
-        {{0, 1.1}, {1, -0.8}, {-1, -0.8}}};
+    static const QList<QList<QPointF>> Shapes{{{-0.4, -0.9},
+                                               {0.4, -0.9},
+                                               {0.9, -0.4},
+                                               {0.9, 0.4},
+                                               {0.4, 0.9},
+                                               {-0.4, 0.9},
+                                               {-0.9, 0.4},
+                                               {-0.9, -0.4}},
+                                              {{-0.8, -0.8}, {0.8, -0.8}, {0.8, 0.8}, {-0.8, 0.8}},
+                                              {{0, -1.1}, {1, 0.8}, {-1, 0.8}},
+                                              {{0, -1.2}, {1.2, 0}, {0, 1.2}, {-1.2, 0}},
+                                              {{0, 1.1}, {1, -0.8}, {-1, -0.8}}};
     QList<QPoint> points;
     for (const QPointF &corner : Shapes[series % Shapes.size()])
         points.append(middle + (corner * MarkerSize).toPoint());
     addShape(std::move(points), true, 0, m_data.series[series].color);
 }
 
-void ChartCanvas::addShape(QList<QPoint> points, bool closed, Length lineWidth,
-                           const QColor &ink)
+void ChartCanvas::addShape(QList<QPoint> points, bool closed, Length lineWidth, const QColor &ink)
 {
     const QRect frame = QPolygon(points).boundingRect();
-    items.append(ShapeItem{frame, std::move(points), closed, lineWidth, ink,
-                             closed ? ink : QColor()});
+    items.append(
+        ShapeItem{frame, std::move(points), closed, lineWidth, ink, closed ? ink : QColor()});
 }
 
 } // namespace report

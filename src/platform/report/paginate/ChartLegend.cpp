@@ -38,8 +38,8 @@ private:
         const QColor &color = m_data.series[series].color;
         if (m_layout.kind == ChartKind::Line) {
             const QPoint middle = place + QPoint(m_line / 2, m_line / 2);
-            m_canvas.items.append(LineItem{middle - QPoint(m_line / 2, 0), middle + QPoint(m_line / 2, 0),
-                                    CurveWidth, color});
+            m_canvas.items.append(LineItem{middle - QPoint(m_line / 2, 0),
+                                           middle + QPoint(m_line / 2, 0), CurveWidth, color});
             m_canvas.addMarker(series, middle);
             return;
         }
@@ -66,13 +66,13 @@ private:
             const QPoint place(left, m_plot.y() + series * m_line);
             drawKey(series, place);
             m_canvas.addText(m_data.series[series].name,
-                    QRect(place + QPoint(keyWidth(), 0), QSize(widest, m_line)), Align::Left,
-                    m_canvas.color);
+                             QRect(place + QPoint(keyWidth(), 0), QSize(widest, m_line)),
+                             Align::Left, m_canvas.color);
         }
         if (shown < count)
             m_canvas.addText(moreText(count - shown),
-                    QRect(left, m_plot.y() + shown * m_line, widest + keyWidth(), m_line),
-                    Align::Left, QuietColor);
+                             QRect(left, m_plot.y() + shown * m_line, widest + keyWidth(), m_line),
+                             Align::Left, QuietColor);
         m_plot.setWidth(m_plot.width() - widest - keyWidth() - 2 * Gap);
     }
 
@@ -118,16 +118,17 @@ private:
             const Length from = ends.back() + 3 * Gap;
             ends.back() = from + width;
             m_canvas.addText(moreText(left),
-                    QRect(rowLeft(static_cast<int>(ends.size()) - 1) + from,
-                          top + (static_cast<int>(ends.size()) - 1) * m_line, width, m_line),
-                    Align::Left, QuietColor);
+                             QRect(rowLeft(static_cast<int>(ends.size()) - 1) + from,
+                                   top + (static_cast<int>(ends.size()) - 1) * m_line, width,
+                                   m_line),
+                             Align::Left, QuietColor);
         }
         for (const Key &key : keys) {
             const QPoint place(rowLeft(key.row) + key.x, top + key.row * m_line);
             drawKey(key.series, place);
             m_canvas.addText(m_data.series[key.series].name,
-                    QRect(place + QPoint(keyWidth(), 0), QSize(key.width, m_line)), Align::Left,
-                    m_canvas.color);
+                             QRect(place + QPoint(keyWidth(), 0), QSize(key.width, m_line)),
+                             Align::Left, m_canvas.color);
         }
         m_plot.setHeight(top - Gap - m_plot.y());
     }

@@ -1,5 +1,6 @@
 #include "platform/report/render/Export.h"
 
+#include "platform/report/paginate/PagesAhead.h"
 #include "platform/report/render/CsvFile.h"
 #include "platform/report/render/HtmlFile.h"
 #include "platform/report/render/PdfFile.h"
@@ -26,7 +27,7 @@ Outcome writePages(const Layout &layout, const DataSource &rows, const Inputs &i
                    const QString &path)
 {
     File file(path, layout.page, layout.title);
-    Outcome outcome = paginate(layout, rows, inputs, [&](Page &&page) {
+    Outcome outcome = paginateAhead(layout, rows, inputs, [&](Page &&page) {
         file.add(page);
         return true;
     });
