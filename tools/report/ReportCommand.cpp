@@ -2,10 +2,9 @@
 
 #include "platform/base/Environment.h"
 #include "platform/base/Error.h"
-#include "platform/db/Connection.h"
 #include "platform/report/layout/LayoutFile.h"
 #include "platform/report/paginate/CsvSource.h"
-#include "platform/report/paginate/RecordsetSource.h"
+#include "platform/report/query/ReportReader.h"
 #include "platform/report/render/Export.h"
 
 #include <QCommandLineParser>
@@ -20,9 +19,11 @@ using namespace Qt::StringLiterals;
 constexpr QStringView usage =
     u"Use: quorvantis-report LAYOUT.rpt DATA.csv OUTPUT\n"
     "     quorvantis-report LAYOUT.rpt DATABASE --query STATEMENT OUTPUT\n"
+    "     quorvantis-report LAYOUT.rpt DATABASE OUTPUT     (a layout with a query of its own)\n"
     "OUTPUT ends in .pdf, .xlsx, .csv or .html.\n"
     "  --text NAME=VALUE     the text of a named object\n"
-    "  --formula NAME=TEXT   an expression in place of the layout's\n";
+    "  --formula NAME=TEXT   an expression in place of the layout's\n"
+    "  --parameter NAME=TEXT the answer to a parameter of the layout, else its default\n";
 
 /// A command line that can't be understood, and why.
 struct UsageError
@@ -37,6 +38,7 @@ struct Request
     QString query;
     QString output;
     report::ExportFormat format = report::ExportFormat::Pdf;
+    QHash<QString, QString> parameters;
     report::Inputs inputs;
 };
 
@@ -57,6 +59,7 @@ Request parse(const QStringList &arguments)
     QCommandLineParser parser;
     parser.addOptions({{u"text"_s, {}, u"name=value"_s},
                        {u"formula"_s, {}, u"name=expression"_s},
+                       {u"parameter"_s, {}, u"name=value"_s},
                        {u"query"_s, {}, u"statement"_s}});
     if (!parser.parse(arguments))
         throw UsageError{parser.errorText()};
@@ -74,24 +77,54 @@ Request parse(const QStringList &arguments)
     request.format = *format;
     request.inputs.texts = assignments(parser.values(u"text"_s));
     request.inputs.formulas = assignments(parser.values(u"formula"_s));
+    request.parameters = assignments(parser.values(u"parameter"_s));
     request.inputs.now = base::now();
     request.inputs.folder = QFileInfo(request.layout).absolutePath();
     return request;
 }
 
-std::unique_ptr<report::DataSource> openData(const Request &request)
+/// What was given for a layout's parameters, and their defaults.
+report::Answers answersOf(const report::Layout &layout, const Request &request)
 {
-    if (!request.query.isEmpty()) {
+    report::Answers answers;
+    QStringList problems;
+    for (const report::Parameter &parameter : layout.parameters) {
+        QVariant answer = report::usualAnswer(parameter, request.inputs.now, problems);
+        for (auto given = request.parameters.cbegin(); given != request.parameters.cend();
+             ++given) {
+            if (given.key().compare(parameter.name, Qt::CaseInsensitive) != 0)
+                continue;
+            const auto read = report::answerOf(parameter, given.value());
+            if (!read)
+                throw UsageError{u"\"%1\" can't be read as a value of \"%2\"."_s.arg(
+                    given.value(), parameter.name)};
+            answer = *read;
+        }
+        answers.insert(parameter.name.toLower(), answer);
+    }
+    return answers;
+}
+
+/// The report's rows; further ones and the answers to its parameters go into the inputs.
+std::shared_ptr<const report::DataSource> openData(const report::Layout &layout, Request &request)
+{
+    if (!request.query.isEmpty() || !layout.query.isEmpty()) {
         db::Target target;
         target.file = QFileInfo(request.data).absoluteFilePath();
-        db::Connection connection(target);
-        return std::make_unique<report::RecordsetSource>(connection.Open(request.query));
+        report::DatabaseRunner runner(target);
+        request.inputs.parameters = answersOf(layout, request);
+        request.inputs.rowSets = report::readRowSets(layout, request.inputs.parameters, runner);
+        report::Layout asked = layout;
+        if (!request.query.isEmpty())
+            asked.query = request.query;
+        asked.rowSets.clear();
+        return report::readRows(asked, request.inputs.parameters, runner).rows;
     }
     QFile file(request.data);
     if (!file.open(QIODevice::ReadOnly))
         throw base::Error(base::ErrorNumber::FileNotFound,
                           u"\"%1\" can't be opened: %2."_s.arg(request.data, file.errorString()));
-    return std::make_unique<report::CsvSource>(file.readAll());
+    return std::make_shared<report::CsvSource>(file.readAll());
 }
 
 } // namespace
@@ -99,14 +132,14 @@ std::unique_ptr<report::DataSource> openData(const Request &request)
 int run(const QStringList &arguments, QTextStream &out, QTextStream &err)
 {
     try {
-        const Request request = parse(arguments);
+        Request request = parse(arguments);
         const report::LayoutReading reading = report::readLayoutFile(request.layout);
         for (const QString &warning : reading.warnings)
             err << request.layout << u": "_s << warning << u'\n';
         if (!reading.layout)
             throw base::Error(base::ErrorNumber::InvalidCall,
                               u"%1: %2"_s.arg(request.layout, reading.error));
-        const auto rows = openData(request);
+        const auto rows = openData(*reading.layout, request);
         const report::Outcome outcome = report::exportReport(*reading.layout, *rows, request.inputs,
                                                              request.output, request.format);
         for (const QString &problem : outcome.problems)

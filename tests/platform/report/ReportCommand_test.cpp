@@ -99,6 +99,32 @@ TEST_F(ReportCommand, RendersRowsOfADatabase)
     EXPECT_EQ(QString::fromStdString(read(u"out.csv"_s)).count(u"\r\n"_s), 4);
 }
 
+TEST_F(ReportCommand, RendersALayoutThatReadsForItself)
+{
+    const test::SampleCompany company;
+    write(u"own.rpt"_s, R"(<report version="2"><parameter name="Most" type="number" default="2"/>
+        <query>Select CrewID, CrewNumber from tblCrew where CrewID &lt;= ?Most order by CrewID</query>
+        <rows name="machines" key="CrewID" of="CrewID">Select CrewID, UnitNo from tblEquipment</rows>
+        <band kind="reportHeader"><text content="up to {Most}"/></band>
+        <band kind="detail"><field content="CrewID"/></band>
+        <band kind="subFooter" rows="machines"><text content="of {CrewNumber}"/></band></report>)");
+    const auto rows = [&](const QStringList &further) {
+        EXPECT_EQ(
+            run(QStringList{path(u"own.rpt"_s), company.file(), path(u"out.html"_s)} + further),
+            report_command::Success)
+            << m_err.toStdString();
+        EXPECT_EQ(m_err, QString());
+        return m_out;
+    };
+    EXPECT_EQ(rows({}), u"2 rows, 1 pages\n");
+    EXPECT_EQ(rows({u"--parameter"_s, u"most=1"_s}), u"1 rows, 1 pages\n");
+    EXPECT_THAT(read(u"out.html"_s), testing::HasSubstr(">up to 1</p>"));
+    EXPECT_THAT(read(u"out.html"_s), testing::HasSubstr(">of "));
+    EXPECT_EQ(run({path(u"own.rpt"_s), company.file(), path(u"out.html"_s), u"--parameter"_s,
+                   u"Most=many"_s}),
+              report_command::WrongUsage);
+}
+
 TEST_F(ReportCommand, TellsWhatIsWrong)
 {
     const QString layout = path(u"parts.rpt"_s);

@@ -77,6 +77,17 @@ TEST(SubBands, ShowTheRowsThatBelongToARow)
         << "a machine stands with its first service, a total with the last";
 }
 
+TEST(SubBands, BandsOfPagesAndGroupsShowTheReportsOwnRow)
+{
+    const Layout layout = machines(
+        R"x(<band kind="subDetail" rows="services" height="10mm"><field content="Name"/></band>)x",
+        R"x(<group name="unit" by="ID" repeatHeader="yes"/>
+            <band kind="pageHeader" height="5mm"><field content="'P' &amp; RowNumber"/></band>
+            <band kind="groupHeader" group="unit" height="5mm"><field content="'G' &amp; Name"/></band>)x");
+    EXPECT_EQ(words(layout, sets()),
+              "P1 GMower Mower Oil / P1 GMower Oil Belt / P2 GTruck Truck Oil / P3 GEdger Edger");
+}
+
 TEST(SubBands, AChartOfThemHasTheirRows)
 {
     const Layout layout = machines(

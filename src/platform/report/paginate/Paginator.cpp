@@ -243,8 +243,10 @@ private:
             Kept &kept = m_released[at];
             m_placing = &kept;
             // A later row's totals must not get into a band made anew.
+            // Further rows add nothing to the totals of the report's own.
             const bool isCurrent =
-                kept.row == m_row && kept.sub.set == m_sub.set && kept.sub.at == m_sub.at;
+                kept.row == m_row &&
+                (!kept.sub.set || (kept.sub.set == m_sub.set && kept.sub.at == m_sub.at));
             const bool mayRemake = isCurrent || !kept.band->hasAggregates;
             const QScopedValueRollback row(m_row, kept.row);
             const QScopedValueRollback sub(m_sub, kept.sub);
@@ -334,6 +336,8 @@ private:
     /// Bands that take their place without asking for room.
     void putAll(const Bands &bands)
     {
+        // A page may end among further rows, of which its bands know nothing.
+        const QScopedValueRollback sub(m_sub, SubPlace());
         for (const compiled::Band &band : bands)
             if (m_maker.isPrinted(band))
                 put(make(band));
