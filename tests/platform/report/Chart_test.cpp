@@ -1,6 +1,7 @@
 #include "platform/base/Environment.h"
 #include "platform/report/layout/LayoutFile.h"
 #include "platform/report/paginate/ChartAxis.h"
+#include "platform/report/paginate/ChartCollector.h"
 #include "platform/report/paginate/Paginator.h"
 #include "platform/report/paginate/Tabulator.h"
 #include "platform/report/paginate/TextFlow.h"
@@ -19,6 +20,7 @@ namespace report {
 namespace {
 
 using namespace Qt::StringLiterals;
+using namespace std::string_literals;
 
 /// A chart of 100 by 60 mm in a band.
 Layout chartIn(const QByteArray &band, const QByteArray &attributes, const QByteArray &series,
@@ -104,6 +106,14 @@ TEST(Chart, CollectsTheRowsOfItsBandsGroupOrOfTheReport)
     for (const Case &one : cases)
         EXPECT_EQ(tables(chartIn(one.band, one.attributes, one.series, group), costs()), one.table)
             << one.band.toStdString() << one.attributes.toStdString();
+}
+
+TEST(Chart, SeriesHaveColoursOfTheirOwn)
+{
+    QSet<QRgb> colors;
+    for (std::size_t number = 0; number < 24; ++number)
+        colors.insert(usualSeriesColor(number).rgb());
+    EXPECT_EQ(colors.size(), 24);
 }
 
 TEST(Chart, PutsTogetherWhatTheCategorysFormatShowsAlike)
@@ -192,7 +202,7 @@ TEST(Chart, NothingOverlapsOrLeavesTheFrame)
     const QString longName = u"Riding mower of the south crew, number %1"_s;
     for (const char *kind : {"bars", "stackedBars", "line"})
         for (const char *legend : {"bottom", "right"})
-            for (const int count : {1, 13, 200})
+            for (const int count : {1, 4, 13, 200})
                 for (const QString &name : {u"%1"_s, u"M-%1/2024"_s, longName}) {
                     SCOPED_TRACE(kind);
                     SCOPED_TRACE(legend);
@@ -232,6 +242,25 @@ TEST(Chart, LongNamesEndInAnEllipsis)
         return text.first.startsWith(u'A') && text.first.endsWith(QChar(0x2026));
     };
     EXPECT_EQ(std::count_if(found.cbegin(), found.cend(), isCut), 9);
+}
+
+TEST(Chart, NamesStandUprightInLinesWhereTheirWordsFit)
+{
+    const auto labels = [](const QString &name, int count) {
+        int turned = 0;
+        QStringList words;
+        const Page page = allPages(inFooter("category=\"Name\"", cost), many(count, name), {})[0];
+        for (const PageItem &item : page.items)
+            if (const auto *text = std::get_if<TextItem>(&item); text && !text->lines.isEmpty()) {
+                turned += text->turned;
+                words.append(text->lines[0].text);
+            }
+        return std::pair(turned, words.filter(u"yard"_s).value(0).toStdString());
+    };
+    EXPECT_EQ(labels(u"%1 storage yard of the south"_s, 4), std::pair(0, "0 storage yard"s));
+    EXPECT_EQ(labels(u"%1 yard"_s, 4), std::pair(0, "0 yard"s));
+    EXPECT_EQ(labels(u"%1yard-of-the-southern-crew"_s, 4).first, 4) << "no word is broken";
+    EXPECT_EQ(labels(u"%1 storage yard of the south"_s, 13).first, 13);
 }
 
 /// The bars of a page by their fill.

@@ -238,7 +238,10 @@ QColor usualSeriesColor(std::size_t number)
 {
     static constexpr QRgb Colors[] = {0xff0072b2, 0xffe69f00, 0xff009e73, 0xffcc79a7,
                                       0xff56b4e9, 0xffd55e00, 0xfff0e442, 0xff5a5a5a};
-    return QColor(Colors[number % std::size(Colors)]);
+    const QColor color(Colors[number % std::size(Colors)]);
+    // Further rounds are paler, then darker.
+    const std::size_t round = number / std::size(Colors);
+    return round == 0 ? color : round % 2 == 1 ? color.lighter(160) : color.darker(160);
 }
 
 } // namespace report

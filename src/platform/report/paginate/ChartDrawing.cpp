@@ -20,6 +20,8 @@ constexpr Length AxisWidth = 15;
 constexpr int MostMarkers = 60;   ///< more would hide the line
 constexpr double BarShare = 0.75; ///< of a category's room, that its bars fill
 constexpr Length SmallestPlot = 600;
+constexpr Length SmallestWrap = 1200; ///< of a category's room, for names in several lines
+constexpr int MostLabelLines = 3;
 
 const QColor GridColor(216, 216, 216);
 
@@ -218,11 +220,53 @@ private:
         const auto mostHeight = static_cast<Length>(m_frame.height() * LabelShare);
         // A line has its categories in a row that readers go on by themselves.
         const bool mayThin = m_object.chart.kind == ChartKind::Line && widest < m_plot.width() / 5;
+        m_isWrapped = widest + Gap > slot && mayWrap();
+        if (m_isWrapped)
+            return m_labelHeight = wrappedLines() * line;
         m_isTurned = widest + Gap > slot && !mayThin;
         const double needed = m_isTurned ? line : widest + Gap;
         m_every = qMax(1, static_cast<int>(std::ceil(needed / slot)));
         m_labelHeight = m_isTurned ? qMin(widest, mostHeight) : line;
         return m_labelHeight;
+    }
+
+    [[nodiscard]] QList<TextLine> wrapped(const QString &label) const
+    {
+        Style style;
+        style.font = font;
+        style.align = Align::Center;
+        return flowText(label, style, static_cast<Length>(slotWidth()) - Gap);
+    }
+
+    [[nodiscard]] int wrappedLines() const
+    {
+        qsizetype most = 1;
+        for (const ChartCategory &category : m_data.categories)
+            most = qMax(most, wrapped(category.label).size());
+        return static_cast<int>(most);
+    }
+
+    /// True when all names can stand upright in a few lines, their words whole.
+    [[nodiscard]] bool mayWrap() const
+    {
+        const Length room = static_cast<Length>(slotWidth()) - Gap;
+        if (room < SmallestWrap)
+            return false;
+        for (const ChartCategory &category : m_data.categories)
+            for (const QString &word : category.label.split(u' '))
+                if (textWidth(word, font) > room)
+                    return false;
+        return wrappedLines() <= MostLabelLines;
+    }
+
+    void addWrapped(const QString &label, int category, Length top)
+    {
+        const Length left = xOf(category) + Gap / 2;
+        const Length width = static_cast<Length>(slotWidth()) - Gap;
+        for (const TextLine &part : wrapped(label)) {
+            addText(part.text, QRect(left, top, width, line), Align::Center, color);
+            top += line;
+        }
     }
 
     [[nodiscard]] Length xOf(double slots) const
@@ -251,6 +295,10 @@ private:
         for (int category = 0; category < m_count; category += m_every) {
             const QString &label = m_data.categories[category].label;
             const Length middle = xOf(category + 0.5);
+            if (m_isWrapped) {
+                addWrapped(label, category, top);
+                continue;
+            }
             if (m_isTurned) {
                 const Length left = qMin(middle - line / 2, end - line);
                 if (left < free)
@@ -346,6 +394,7 @@ private:
     Length m_labelWidth = 0;  ///< of the values' labels
     Length m_labelHeight = 0; ///< of the categories'
     bool m_isTurned = false;
+    bool m_isWrapped = false;
     int m_every = 1; ///< each so many category is named
 };
 
