@@ -120,8 +120,8 @@ TEST_F(Viewer, ButtonsKeysAndNumbersMoveThroughThePages)
     QTest::keyClick(m_view, Qt::Key_End);
     EXPECT_EQ(pageText(), "3 of 3");
     auto *page = child<QSpinBox>(u"page"_s);
-    page->setFocus();
-    page->selectAll();
+    QTest::keyClick(m_view, Qt::Key_G, Qt::ControlModifier);
+    EXPECT_TRUE(page->hasFocus());
     QTest::keyClicks(page, u"2"_s);
     QTest::keyClick(page, Qt::Key_Return);
     EXPECT_EQ(m_view->currentPage(), 1);
@@ -192,6 +192,14 @@ TEST_F(Viewer, SearchGoesRoundThroughAllPages)
     for (int more = 0; more < 6; ++more)
         QTest::keyClick(search, Qt::Key_F3);
     EXPECT_EQ(result(), "Page 3") << "number 36";
+    // The one that was found is marked, the others on the page lightly.
+    QSet<QRgb> colors;
+    const QImage picture = m_view->viewport()->grab().toImage();
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            colors.insert(picture.pixel(x, y));
+    EXPECT_TRUE(colors.contains(qRgb(255, 190, 40)));
+    EXPECT_TRUE(colors.contains(qRgb(255, 240, 170)));
     QTest::keyClick(search, Qt::Key_F3);
     EXPECT_EQ(result(), "Page 1") << "from the beginning again";
     QTest::keyClick(search, Qt::Key_F3, Qt::ShiftModifier);

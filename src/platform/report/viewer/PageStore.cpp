@@ -179,10 +179,8 @@ const Page &PageStore::page(int index) const
         m_unpacked.remove(0);
     if (const Page *known = m_unpacked.object(index))
         return *known;
-    std::unique_ptr<Page> page = unpacked(m_packed.at(static_cast<std::size_t>(index)));
-    const Page &result = *page;
-    m_unpacked.insert(index, page.release());
-    return result;
+    m_unpacked.insert(index, unpacked(m_packed.at(static_cast<std::size_t>(index))).release());
+    return *m_unpacked.object(index);
 }
 
 std::unique_ptr<Page> PageStore::unpacked(const QByteArray &packed) const

@@ -17,7 +17,8 @@ constexpr double UnitsPerInch = 2540;
 
 const QColor GroundColor(120, 126, 132);
 const QColor EdgeColor(70, 76, 82);
-const QColor MarkColor(255, 214, 64);
+const QColor MarkColor(255, 190, 40);
+const QColor SearchedColor(255, 240, 170);
 const QColor SelectionColor(168, 204, 255);
 
 } // namespace
@@ -38,6 +39,7 @@ void PageView::setPages(const PageStore *pages, const PageSetup &page)
     m_pages = pages;
     m_page = page;
     m_mark.reset();
+    m_searched.clear();
     m_selection.reset();
     m_toldPage = -1;
     applyMode();
@@ -169,6 +171,12 @@ void PageView::setMark(const std::optional<Found> &found)
     viewport()->update();
 }
 
+void PageView::setSearched(const QString &text)
+{
+    m_searched = text;
+    viewport()->update();
+}
+
 void PageView::paintEvent(QPaintEvent *)
 {
     QPainter painter(viewport());
@@ -204,8 +212,8 @@ void PageView::paintPage(QPainter &painter, int index, const QRect &sheet)
     if (hasSelection())
         for (const QRect &place : selectedPlaces(page, index, *m_selection))
             painter.fillRect(place, SelectionColor);
-    if (m_mark && m_mark->page == index)
-        painter.fillRect(m_mark->place, MarkColor);
+    for (const QRect &place : placesOnPage(page, m_searched))
+        painter.fillRect(place, m_mark == Found{index, place} ? MarkColor : SearchedColor);
     painter.restore();
 }
 

@@ -40,6 +40,8 @@ public:
     void showPage(int index);
     /// Marks a place and brings it into view; nothing takes the mark away.
     void setMark(const std::optional<Found> &found);
+    /// Marks a text lightly wherever it stands; an empty one takes the marks away.
+    void setSearched(const QString &text);
 
     void selectAll();
     [[nodiscard]] bool hasSelection() const { return m_selection && !m_selection->isEmpty(); }
@@ -80,6 +82,7 @@ private:
     int m_zoom = 100;
     ZoomMode m_mode = ZoomMode::Percent;
     std::optional<Found> m_mark;
+    QString m_searched;
     std::optional<PageSelection> m_selection;
     int m_current = 0;
     int m_toldPage = -1;

@@ -139,12 +139,18 @@ void ReportViewer::buildBar(QHBoxLayout *bar)
     m_page = new QSpinBox(this);
     m_page->setObjectName(u"page"_s);
     m_page->setAccessibleName(u"Page"_s);
-    m_page->setToolTip(u"Page"_s);
+    m_page->setToolTip(u"Page (Ctrl+G)"_s);
     m_page->setButtonSymbols(QAbstractSpinBox::NoButtons);
     m_page->setKeyboardTracking(false);
     m_page->setAlignment(Qt::AlignRight);
     m_page->setFixedWidth(56);
     bar->addWidget(m_page);
+    auto *go = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_G), this);
+    go->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(go, &QShortcut::activated, this, [this] {
+        m_page->setFocus();
+        m_page->selectAll();
+    });
     m_pageTotal = new QLabel(this);
     m_pageTotal->setObjectName(u"pageTotal"_s);
     bar->addWidget(m_pageTotal);
@@ -231,6 +237,7 @@ void ReportViewer::addSearch(QHBoxLayout *bar)
     connect(m_search, &QLineEdit::returnPressed, this, [this] { search(false); });
     connect(m_search, &QLineEdit::textChanged, this, [this] {
         m_found.reset();
+        m_view->setSearched({});
         m_view->setMark(std::nullopt);
         m_searchResult->clear();
     });
@@ -425,6 +432,7 @@ void ReportViewer::search(bool backward)
     if (m_search->text().isEmpty())
         return;
     m_found = findText(m_pages, m_search->text(), m_found, m_view->currentPage(), backward);
+    m_view->setSearched(m_search->text());
     m_view->setMark(m_found);
     m_searchResult->setText(m_found ? u"Page %1"_s.arg(m_found->page + 1) : u"Not found"_s);
 }
