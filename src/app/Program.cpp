@@ -1,11 +1,13 @@
 #include "app/Program.h"
 
+#include "administration/SecondPlace.h"
 #include "app/Screens.h"
 #include "core/Session.h"
 #include "core/StartUp.h"
 #include "core/UpdateDatabase.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
 #include "platform/input/DialogPrompts.h"
 #include "platform/input/KeyFilter.h"
 #include "platform/input/Theme.h"
@@ -17,6 +19,7 @@
 #include <QApplication>
 #include <csignal>
 #include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -29,6 +32,18 @@ void letSignalsEndTheProcess()
 {
     std::signal(SIGINT, SIG_DFL);
     std::signal(SIGTERM, SIG_DFL);
+}
+
+/// The copy for the second place, which the day's last program makes when it ends.
+void copyForTheDay()
+{
+    std::optional<administration::EndingCopy> copy;
+    base::trapped("MainForm", "MDIForm_Unload", [&] { copy = administration::endingCopy(); });
+    if (!copy)
+        return;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    administration::copyAtEnd(*copy);
+    QApplication::restoreOverrideCursor();
 }
 
 } // namespace
@@ -69,8 +84,10 @@ int runProgram(QApplication &application, const std::function<void(QWidget &)> &
     int result = 0;
     steps.Failed = [&result] { result = 1; };
 
-    if (Main(steps))
+    if (Main(steps)) {
         result = QApplication::exec();
+        copyForTheDay();
+    }
     mainScreen.reset();
     gcnLookup.reset();
     gcnData.reset();

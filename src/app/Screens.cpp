@@ -1,5 +1,6 @@
 #include "app/Screens.h"
 
+#include "administration/ui/Entries.h"
 #include "core/UpdateDatabase.h"
 #include "core/ui/Openings.h"
 #include "core/ui/frmSendEmail.h"
@@ -112,6 +113,13 @@ void updateDatabase()
         base::showInformation(u"Failed to update the database."_s);
 }
 
+void joinAdministration(Openings &all)
+{
+    all.join(u"frmbackup"_s, ShowBackup);
+    all.join(u"frmRestore"_s, ShowRestore);
+    all.join(u"mnuUpdateDatabase"_s, updateDatabase);
+}
+
 } // namespace
 
 void joinScreens()
@@ -128,7 +136,7 @@ void joinScreens()
     joinReports();
     joinFilterScreens();
     joinExchange(all);
-    all.join(u"mnuUpdateDatabase"_s, updateDatabase);
+    joinAdministration(all);
 }
 
 } // namespace app

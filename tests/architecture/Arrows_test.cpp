@@ -12,9 +12,9 @@ using namespace Qt::StringLiterals;
 const QStringList Platform{u"base"_s,  u"settings"_s, u"sql"_s,  u"db"_s,    u"system"_s,
                            u"input"_s, u"grid"_s,     u"help"_s, u"report"_s};
 /// The order of the subsystems, which their screens keep as well as their logic.
-const QStringList Subsystems{u"core"_s,       u"organisation"_s, u"parts"_s,
-                             u"scheduling"_s, u"equipment"_s,    u"workorders"_s,
-                             u"reporting"_s,  u"exchange"_s,     u"shell"_s};
+const QStringList Subsystems{
+    u"core"_s,       u"organisation"_s, u"parts"_s,    u"scheduling"_s,     u"equipment"_s,
+    u"workorders"_s, u"reporting"_s,    u"exchange"_s, u"administration"_s, u"shell"_s};
 
 struct Place
 {

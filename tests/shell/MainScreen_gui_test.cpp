@@ -3,6 +3,7 @@
 #include "core/ui/Modal.h"
 #include "core/ui/Openings.h"
 #include "core/ui/ScreenCalls.h"
+#include "platform/base/Environment.h"
 #include "platform/help/Help.h"
 #include "platform/input/QuickLink.h"
 #include "shell/QuickLinks.h"
@@ -15,6 +16,8 @@
 #include "platform/base/Error.h"
 
 #include <QAction>
+#include <QDir>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -307,4 +310,27 @@ TEST_F(MainScreen, ExitEndsAtOnceAndStoresNoSize)
     trigger(u"mnuExit"_s);
     EXPECT_EQ(ended, 1);
     EXPECT_EQ(GetOption(u"WIDTHfrmMainScreen"_s, true), QString());
+}
+
+TEST_F(MainScreen, CompactRemovesRowsWithoutAPartFirst)
+{
+    QDir().mkpath(base::applicationPath(u"\\Data\\Backup"_s));
+    gcnData->Execute(u"Insert into tblEquipmentPart (EquipmentID, PartID) values (1, '')"_s);
+    gcnData->Execute(u"Insert into tblEquipmentPart (EquipmentID, PartID) values (1, 'A')"_s);
+    open();
+    prompts.expect(u"System will compact the database. It might take a while. Please wait."_s,
+                   Icon::None);
+    prompts.meanwhile([this] { EXPECT_FALSE(window->isEnabled()); });
+    prompts.expect(u"System has finished compacting the database."_s, Icon::None);
+    trigger(u"mnuCompactDB"_s);
+    EXPECT_TRUE(window->isEnabled());
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(ShellSession::count(u"tblEquipmentPart"_s, u"EquipmentID = 1"_s), 1);
+    // Without a clean database nothing is compacted.
+    gcnData->Execute(u"Drop table tblWoPartHistory"_s);
+    prompts.expect(u"System will compact the database. It might take a while. Please wait."_s,
+                   Icon::None);
+    trigger(u"mnuCompactDB"_s);
+    EXPECT_EQ(session.errors.size(), 1u);
+    EXPECT_TRUE(window->isEnabled());
 }

@@ -77,6 +77,28 @@ base::Prompts::Answer answerOf(int button)
     }
 }
 
+/// A box in the midst of a long step is to be answered, so the pointer doesn't say to wait.
+class AskingPointer
+{
+public:
+    AskingPointer()
+        : m_waiting(QGuiApplication::overrideCursor() != nullptr)
+    {
+        if (m_waiting)
+            QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    }
+    ~AskingPointer()
+    {
+        if (m_waiting)
+            QGuiApplication::restoreOverrideCursor();
+    }
+    AskingPointer(const AskingPointer &) = delete;
+    AskingPointer &operator=(const AskingPointer &) = delete;
+
+private:
+    bool m_waiting;
+};
+
 } // namespace
 
 base::Prompts::Answer DialogPrompts::show(const Message &message)
@@ -96,6 +118,7 @@ base::Prompts::Answer DialogPrompts::show(const Message &message)
         no->setText(QStringLiteral("&No"));
     // Other windows go on living behind the box.
     const base::Interlude interlude;
+    const AskingPointer pointer;
     return answerOf(box.exec());
 }
 

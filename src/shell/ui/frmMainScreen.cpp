@@ -1,5 +1,6 @@
 #include "shell/ui/frmMainScreen.h"
 
+#include "administration/CompactDatabase.h"
 #include "core/OpeningTable.h"
 #include "core/Permission.h"
 #include "core/RegistryValues.h"
@@ -30,6 +31,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenuBar>
+#include <QPointer>
 #include <QScrollArea>
 #include <QShortcut>
 #include <QStatusBar>
@@ -91,6 +93,10 @@ void frmMainScreen::joinOwnEntries()
     all.join(u"frmSetup"_s, [] { frmSetup::ShowSystemSettings(); });
     if (gsLoginUser == administrator)
         all.join(u"frmUserManageMent"_s, [] { frmUserManageMent::ShowUserManagement(); });
+    all.join(u"mnuCompactDB"_s, [window = QPointer(this)] {
+        if (window)
+            window->mnuCompactDB_Click();
+    });
     all.join(u"mnuQuorvantisHelp"_s, [] { help::showHelp(QApplication::activeWindow()); });
     all.join(u"frmAbout"_s, [] { frmAbout::ShowAbout(); });
     // What has no target on this computer is not offered.
@@ -264,6 +270,18 @@ void frmMainScreen::openEntry(const QString &name)
         else if (const Opening *entry = menuOpening(name))
             openings().open(latin1(entry->name), {.mode = entry->mode});
     });
+}
+
+void frmMainScreen::mnuCompactDB_Click()
+{
+    base::showMessage(u"System will compact the database. It might take a while. Please wait."_s);
+    if (!CleanUpParts())
+        return;
+    setEnabled(false);
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    CompactDatabase();
+    QApplication::restoreOverrideCursor();
+    setEnabled(true);
 }
 
 void frmMainScreen::mnuUpdateDatabase_Click()

@@ -57,6 +57,7 @@ private:
     void ApplyMainFormColors();
     void ApplySideBarColors();
     void runQuickLink(int index);
+    void mnuCompactDB_Click();
     void mnuUpdateDatabase_Click();
 
     std::function<void()> m_end;

@@ -1,0 +1,208 @@
+#include "administration/Restore.h"
+
+#include "administration/ClosedConnections.h"
+#include "administration/SealedFile.h"
+#include "core/Session.h"
+#include "core/database/Changes.h"
+#include "platform/base/Environment.h"
+#include "platform/base/Error.h"
+#include "platform/db/ClosedFile.h"
+#include "platform/db/FileCheck.h"
+#include "platform/db/Maintenance.h"
+#include "platform/system/Files.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace administration {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+void unsealTo(const Chosen &chosen, const QString &destination)
+{
+    QSaveFile file(destination);
+    const auto refuse = [&] {
+        throw base::Error(
+            file.error() == QFileDevice::ResourceError ? base::ErrorNumber::DiskFull
+                                                       : base::ErrorNumber::PathAccess,
+            u"The file can't be written (%1): %2"_s.arg(file.errorString(), destination));
+    };
+    if (!file.open(QIODevice::WriteOnly))
+        refuse();
+    unseal(chosen.file, chosen.passphrase, [&](const QByteArray &piece) {
+        if (file.write(piece) != piece.size())
+            refuse();
+    });
+    if (!file.commit())
+        refuse();
+}
+
+/// Copies a chosen file, plain, to a place; the fingerprint of what stands there then.
+QByteArray fetch(const Chosen &chosen, const QString &destination)
+{
+    if (isSealed(chosen.file))
+        unsealTo(chosen, destination);
+    else
+        sys::copyFile(chosen.file, destination);
+    QFile file(destination);
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file))
+        throw base::Error(base::ErrorNumber::PermissionDenied,
+                          u"The file can't be read: "_s + destination);
+    return hash.result();
+}
+
+db::Target localTarget(const QString &file)
+{
+    db::Target target;
+    target.file = file;
+    return target;
+}
+
+/// A file beside the database that is to take its place; removed unless it did.
+class Staged
+{
+public:
+    Staged(const Chosen &chosen, const QByteArray &fingerprint)
+        : m_path(gsDatabasePath + u".restore~"_s)
+    {
+        try {
+            if (fetch(chosen, m_path) != fingerprint)
+                throw base::Error(base::ErrorNumber::PermissionDenied,
+                                  u"The file has changed since it was checked: "_s + chosen.file);
+            // Whoever could work with the database shall go on doing so.
+            if (const QFileInfo live(gsDatabasePath); live.exists())
+                QFile::setPermissions(m_path, live.permissions());
+        } catch (...) {
+            QFile::remove(m_path);
+            throw;
+        }
+    }
+    ~Staged() { QFile::remove(m_path); }
+    Staged(const Staged &) = delete;
+    Staged &operator=(const Staged &) = delete;
+
+    [[nodiscard]] const QString &path() const { return m_path; }
+
+private:
+    QString m_path;
+};
+
+QString placeToKeep()
+{
+    return base::applicationPath(u"\\Data\\Backup\\Before restore "_s +
+                                 base::now().toString(u"yyyy-MM-dd HHmmss"_s) + u".mdb"_s);
+}
+
+/// The database that was there, kept; "" when there was none.
+QString replaceLive(const QString &staged)
+{
+    if (!QFileInfo::exists(gsDatabasePath)) {
+        sys::moveFile(staged, gsDatabasePath);
+        return {};
+    }
+    db::ClosedFile live(gsDatabasePath);
+    const QString kept = placeToKeep();
+    sys::makeFolder(QFileInfo(kept).absolutePath());
+    live.copyTo(kept);
+    live.replaceBy(staged);
+    return kept;
+}
+
+/// Opens what was put in place; when that fails, what was there takes its place again.
+void openOrPutBack(ClosedConnections &closed, const QString &kept)
+{
+    try {
+        closed.reopen();
+    } catch (const base::Error &) {
+        if (!kept.isEmpty())
+            sys::copyFile(kept, gsDatabasePath);
+        throw;
+    }
+}
+
+bool isOlder(const Summary &summary)
+{
+    return summary.version.toLongLong() < company::schemaVersion();
+}
+
+/// The script that brought the database up to date was deleted when it had: a database from before
+/// needs it once more.
+void putScriptBeside()
+{
+    const QString script = base::applicationPath(u"\\Script\\DBChanges.mdb"_s);
+    if (QFileInfo::exists(script))
+        return;
+    sys::makeFolder(QFileInfo(script).absolutePath());
+    company::createScriptDatabase(script, company::shippedChanges());
+}
+
+} // namespace
+
+QString temporaryCopy()
+{
+    return base::appDataPath(u"\\temp.mdb"_s);
+}
+
+QByteArray fetchForCheck(const Chosen &chosen)
+{
+    const QString copy = temporaryCopy();
+    sys::makeFolder(QFileInfo(copy).absolutePath());
+    QFile::remove(copy);
+    return fetch(chosen, copy);
+}
+
+bool isUsableBackup(const QString &path)
+{
+    try {
+        db::requireWholeDatabase(path, {"TBLSYSOPTION", "TBLUSER", "TBLEQUIPMENT"});
+        if (!db::validate(path).damage.isEmpty())
+            return false;
+        db::Connection connection(localTarget(path));
+        (void)connection.Open(u"Select * from tblEquipment"_s);
+        (void)summaryOf(connection, path);
+        return true;
+    } catch (const db::DbError &) {
+        return false;
+    }
+}
+
+Summary summaryOfBackup(const QString &path, const QString &original)
+{
+    db::Connection connection(localTarget(path));
+    return summaryOf(connection, original);
+}
+
+QString refusalOfVersion(const Summary &backup)
+{
+    if (backup.version.toLongLong() <= company::schemaVersion())
+        return {};
+    return u"This backup comes from a newer release of Quorvantis: its database has version %1, and this program knows versions up to %2. Please install the newer release first. Nothing was changed."_s
+        .arg(backup.version)
+        .arg(company::schemaVersion());
+}
+
+Restored restoreDatabase(const Chosen &chosen, const QByteArray &fingerprint,
+                         const Summary &summary)
+{
+    if (!databaseTarget().host.isEmpty())
+        throw base::Error(base::ErrorNumber::PermissionDenied,
+                          u"The database is kept by the computer %1, and is restored there."_s.arg(
+                              databaseTarget().host));
+    if (const QString refusal = refusalOfVersion(summary); !refusal.isEmpty())
+        throw base::Error(base::ErrorNumber::InvalidCall, refusal);
+    const Staged staged(chosen, fingerprint);
+    Restored restored{.kept = {}, .isOlder = isOlder(summary)};
+    if (restored.isOlder)
+        putScriptBeside();
+    ClosedConnections closed;
+    restored.kept = replaceLive(staged.path());
+    openOrPutBack(closed, restored.kept);
+    return restored;
+}
+
+} // namespace administration

@@ -1,0 +1,64 @@
+#include "administration/SecondPlace.h"
+
+#include "core/General.h"
+#include "core/Session.h"
+#include "platform/base/Environment.h"
+#include "platform/base/Prompts.h"
+#include "platform/db/Maintenance.h"
+#include "platform/db/Proof.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace administration {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString PlaceKey = u"BACKUP_SECOND_PLACE"_s;
+
+void copyDay(const EndingCopy &copy)
+{
+    if (!QFileInfo(copy.folder).isDir())
+        throw base::Error(base::ErrorNumber::PathNotFound, u"the folder can't be reached"_s);
+    const QDir folder(copy.folder);
+    db::backupProven(databaseTarget(), folder.filePath(copies::nameOfDay(base::today())));
+    copies::prune(folder.path(), base::today(), copy.rule);
+}
+
+} // namespace
+
+QString secondPlace()
+{
+    return GetOption(PlaceKey, true).trimmed();
+}
+
+void setSecondPlace(const QString &folder)
+{
+    SetOption(PlaceKey, folder.trimmed(), true);
+}
+
+std::optional<EndingCopy> endingCopy()
+{
+    if (!connectionsAreOpen() || !databaseTarget().host.isEmpty())
+        return std::nullopt;
+    const QString folder = secondPlace();
+    if (folder.isEmpty())
+        return std::nullopt;
+    return EndingCopy{.folder = folder, .rule = copies::keepRuleOf(lookupConnection())};
+}
+
+void copyAtEnd(const EndingCopy &copy)
+{
+    closeConnections();
+    try {
+        if (!db::isHeld(gsDatabasePath))
+            copyDay(copy);
+    } catch (const base::Error &error) {
+        base::showInformation(
+            u"Today's copy for %1 could not be made: %2.\nThe database itself is as it was."_s.arg(
+                QDir::toNativeSeparators(copy.folder), error.description()));
+    }
+}
+
+} // namespace administration

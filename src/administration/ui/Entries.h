@@ -1,0 +1,6 @@
+#pragma once
+
+/// How the application opens the screens of this folder. Each waits until its screen is closed.
+
+void ShowBackup();
+void ShowRestore();

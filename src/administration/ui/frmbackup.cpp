@@ -1,0 +1,191 @@
+#include "administration/ui/frmbackup.h"
+
+#include "administration/SealedFile.h"
+#include "administration/SecondPlace.h"
+#include "administration/ui/Entries.h"
+#include "administration/ui/WaitPointer.h"
+#include "core/General.h"
+#include "core/Session.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/SpinInput.h"
+#include "platform/input/Theme.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto module = "frmbackup";
+constexpr int widthOfForm = 760;
+
+} // namespace
+
+void ShowBackup()
+{
+    frmbackup(QApplication::activeWindow()).showModal();
+}
+
+frmbackup::frmbackup(QWidget *parent)
+    : Screen(u"frmbackup"_s, u"Make a BackUp"_s, parent, StoreWhat::SizeOnly)
+{
+    buildForm();
+    refillName();
+    showPlan();
+    chkSealed_Click();
+    connect(cmdBrowse, &QToolButton::clicked, this, &frmbackup::cmdBrowse_Click);
+    connect(cmdBackup, &QPushButton::clicked, this, &frmbackup::cmdBackup_Click);
+    connect(chkSealed, &QCheckBox::toggled, this, &frmbackup::chkSealed_Click);
+    connect(cmdSecondPlace, &QToolButton::clicked, this, &frmbackup::cmdSecondPlace_Click);
+    connect(cmdSavePlan, &QPushButton::clicked, this, &frmbackup::cmdSavePlan_Click);
+    connect(cmdExit, &QPushButton::clicked, this, &frmbackup::unload);
+    const auto changed = [this] { cmdSavePlan->setEnabled(true); };
+    for (const input::SpinInput *spin : {spnDays, spnWeeks, spnMonths})
+        connect(spin, &input::SpinInput::edited, this, changed);
+    connect(txtSecondPlace, &QLineEdit::textEdited, this, changed);
+}
+
+void frmbackup::buildForm()
+{
+    input::FormBuilder form(this);
+    form.beginGroup(u"Backup"_s, u"fraBackup"_s);
+    txtFolderPath =
+        form.textField(u"txtFolderPath"_s, u"Please choose a destination for the backup"_s);
+    cmdBrowse = form.sideButton(u"cmdBrowse"_s, u"Browse"_s, u"folder"_s);
+    txtFileName = form.textField(u"txtFileName"_s, u"Please choose a name for the backup"_s);
+    chkSealed = form.checkBox(u"chkSealed"_s, u"&Protect it with a passphrase"_s);
+    txtPassphrase = form.passwordField(u"txtPassphrase"_s, u"P&assphrase"_s);
+    txtPassphraseAgain = form.passwordField(u"txtPassphraseAgain"_s, u"Passphrase a&gain"_s);
+    form.note(u"Without the passphrase nobody can restore the backup. Keep it in a safe place."_s,
+              u"lblPassphrase"_s);
+    form.endGroup();
+    form.beginGroup(u"Copies that are made without asking"_s, u"fraCopies"_s);
+    form.note(
+        u"Each day's first start keeps a copy in the folder Data/Backup/Daily, of which the newest stay:"_s);
+    form.beginRow(u"Of the last"_s);
+    spnDays = form.spinField(u"spnDays"_s, u"Da&ys"_s);
+    spnWeeks = form.spinField(u"spnWeeks"_s, u"&Weeks"_s);
+    spnMonths = form.spinField(u"spnMonths"_s, u"&Months"_s);
+    form.endRow();
+    txtSecondPlace = form.textField(u"txtSecondPlace"_s, u"&Second place (share or stick)"_s);
+    cmdSecondPlace = form.sideButton(u"cmdSecondPlace"_s, u"Browse"_s, u"folder"_s);
+    form.note(
+        u"The last program to end on a day copies the database there too. Blank: no second place."_s);
+    cmdSavePlan = form.inlineButton(u"cmdSavePlan"_s, u"Sa&ve"_s, theme::icon(u"save"_s));
+    form.endGroup();
+    form.stretch();
+    cmdBackup = form.button(u"cmdBackup"_s, u"Process"_s, theme::icon(u"backup"_s));
+    cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
+    form.finish();
+    cmdBackup->setDefault(true);
+    setMinimumWidth(widthOfForm);
+}
+
+void frmbackup::refillName()
+{
+    txtFolderPath->clear();
+    txtFileName->setText(administration::usualBackupName());
+}
+
+void frmbackup::showPlan()
+{
+    base::trapped(module, "Form_Load", [this] {
+        const copies::KeepRule rule = copies::keepRuleOf(lookupConnection());
+        spnDays->setValue(rule.days);
+        spnWeeks->setValue(rule.weeks);
+        spnMonths->setValue(rule.months);
+        txtSecondPlace->setText(administration::secondPlace());
+    });
+    cmdSavePlan->setEnabled(false);
+}
+
+administration::BackupRequest frmbackup::request() const
+{
+    return {.folder = txtFolderPath->text(),
+            .name = txtFileName->text(),
+            .passphrase = chkSealed->isChecked() ? txtPassphrase->text() : QString()};
+}
+
+bool frmbackup::mayTake(const administration::BackupRequest &request)
+{
+    if (const QString refusal = administration::refusalOfBackup(request); !refusal.isEmpty()) {
+        base::showMessage(refusal);
+        return false;
+    }
+    if (chkSealed->isChecked()) {
+        if (request.passphrase.size() < administration::ShortestPassphrase) {
+            base::showMessage(u"A passphrase needs at least %1 characters."_s.arg(
+                administration::ShortestPassphrase));
+            txtPassphrase->setFocus();
+            return false;
+        }
+        if (request.passphrase != txtPassphraseAgain->text()) {
+            base::showMessage(u"The two passphrases are not the same."_s);
+            txtPassphraseAgain->setFocus();
+            return false;
+        }
+    }
+    return !administration::replacesAnothersFile(request) ||
+           base::askYesNo(
+               u"The file %1 exists already, and is no backup. Do you want to replace it?"_s.arg(
+                   request.name.trimmed()));
+}
+
+void frmbackup::cmdBrowse_Click()
+{
+    if (const QString folder = BrowseForFolder(u"Please choose a lcoation for the backup"_s);
+        !folder.isEmpty())
+        txtFolderPath->setText(folder);
+}
+
+void frmbackup::cmdBackup_Click()
+{
+    base::trapped(module, "cmdBackup_Click", [this] {
+        const administration::BackupRequest wanted = request();
+        if (!mayTake(wanted))
+            return;
+        const QString proof = [&] {
+            const administration::WaitPointer wait;
+            return administration::takeBackup(wanted);
+        }();
+        base::showMessage(u"Backup taken Succesfully\n\n"_s + proof);
+        refillName();
+        chkSealed->setChecked(false);
+    });
+}
+
+void frmbackup::chkSealed_Click()
+{
+    for (QLineEdit *box : {txtPassphrase, txtPassphraseAgain}) {
+        box->clear();
+        box->setEnabled(chkSealed->isChecked());
+    }
+    if (chkSealed->isChecked())
+        txtPassphrase->setFocus();
+}
+
+void frmbackup::cmdSecondPlace_Click()
+{
+    const QString folder = BrowseForFolder(u"Please choose a second place for the copies"_s);
+    if (folder.isEmpty())
+        return;
+    txtSecondPlace->setText(folder);
+    cmdSavePlan->setEnabled(true);
+}
+
+void frmbackup::cmdSavePlan_Click()
+{
+    base::trapped(module, "cmdSavePlan_Click", [this] {
+        const base::Whole raising;
+        copies::setKeepRule(
+            {.days = spnDays->value(), .weeks = spnWeeks->value(), .months = spnMonths->value()});
+        administration::setSecondPlace(txtSecondPlace->text());
+        cmdSavePlan->setEnabled(false);
+    });
+}

@@ -1,0 +1,113 @@
+#include "administration/Backup.h"
+
+#include "administration/AdministrationSession.h"
+#include "administration/Restore.h"
+#include "administration/SealedFile.h"
+#include "support/Damage.h"
+#include "support/Raised.h"
+
+using namespace Qt::StringLiterals;
+using namespace administration;
+using test::raisedBy;
+
+namespace {
+
+using Backups = test::AdministrationSession;
+
+} // namespace
+
+TEST_F(Backups, AreCopiedProvenAndTold)
+{
+    EXPECT_EQ(usualBackupName(), u"Quorvantis3-15-2024"_s);
+    const QString proof = takeBackup({stick(), u" copy "_s, {}});
+    EXPECT_TRUE(proof.contains(u"rows, among them 1 machine and 0 open work orders"_s))
+        << proof.toStdString();
+    EXPECT_EQ(filesIn(stick()), QStringList{u"copy"_s});
+    EXPECT_EQ(machinesIn(stick() + u"/copy"_s), 1);
+    // A second one of that name takes its place, also while another workstation writes.
+    addMachine(2);
+    db::Connection other(target(gsDatabasePath));
+    other.BeginTrans();
+    other.Execute(u"Insert into tblEquipment (EquipmentID) values (77)"_s);
+    (void)takeBackup({stick(), u"copy"_s, {}});
+    EXPECT_EQ(machinesIn(stick() + u"/copy"_s), 2) << "not what is half done";
+    other.CommitTrans();
+    expectWorking(3);
+}
+
+TEST_F(Backups, SenselessRequestsAreRefusedInASentence)
+{
+    const QFileInfo live(gsDatabasePath);
+    QDir().mkpath(stick() + u"/folder"_s);
+    for (const BackupRequest &request :
+         {BackupRequest{{}, u"copy"_s, {}}, BackupRequest{u"  "_s, u"copy"_s, {}},
+          BackupRequest{stick(), u" "_s, {}}})
+        EXPECT_EQ(refusalOfBackup(request), u"Folder Path should not be blank."_s);
+    for (const BackupRequest &request :
+         {BackupRequest{stick(), u"../copy"_s, {}}, BackupRequest{stick(), u"a\\b"_s, {}},
+          BackupRequest{live.absolutePath(), live.fileName(), {}},
+          BackupRequest{live.absolutePath() + u"/../Data"_s, live.fileName(), {}},
+          BackupRequest{stick(), u"folder"_s, {}}}) {
+        EXPECT_FALSE(refusalOfBackup(request).isEmpty()) << request.name.toStdString();
+        EXPECT_EQ(raisedBy([&] { (void)takeBackup(request); }).description(),
+                  refusalOfBackup(request));
+    }
+    EXPECT_EQ(refusalOfBackup({stick(), u"copy"_s, {}}), QString());
+    expectWorking(1);
+}
+
+TEST_F(Backups, OnlyBackupsAreReplacedWithoutAQuestion)
+{
+    EXPECT_FALSE(replacesAnothersFile({stick(), u"new"_s, {}}));
+    test::writeFile(stick() + u"/letter"_s, "Dear Sir");
+    EXPECT_TRUE(replacesAnothersFile({stick(), u"letter"_s, {}}));
+    QFile::copy(database.file(), stick() + u"/old"_s);
+    EXPECT_FALSE(replacesAnothersFile({stick(), u"old"_s, {}}));
+    seal(database.file(), stick() + u"/sealed"_s, u"12345678"_s);
+    EXPECT_FALSE(replacesAnothersFile({stick(), u"sealed"_s, {}}));
+}
+
+TEST_F(Backups, AFailureLeavesTheFormerOneAndTheSessionWorking)
+{
+    test::writeFile(stick() + u"/copy"_s, "the last good one");
+    fillWithPictures();
+    {
+        const test::SmallDisk full(SmallDiskSize);
+        for (const QString &passphrase : {QString(), u"12345678"_s})
+            EXPECT_EQ(raisedBy([&] {
+                          (void)takeBackup({stick(), u"copy"_s, passphrase});
+                      }).number(),
+                      base::ErrorNumber::DiskFull);
+    }
+    EXPECT_EQ(raisedBy([&] {
+                  (void)takeBackup({stick() + u"/pulled out"_s, u"copy"_s, {}});
+              }).number(),
+              base::ErrorNumber::PathNotFound);
+    EXPECT_EQ(test::readFile(stick() + u"/copy"_s), "the last good one");
+    EXPECT_EQ(filesIn(stick()), QStringList{u"copy"_s});
+    EXPECT_EQ(filesIn(backups()), QStringList());
+    expectWorking(1);
+}
+
+TEST_F(Backups, ADamagedDatabaseReplacesNoGoodOne)
+{
+    closeConnections();
+    test::spoilRows(gsDatabasePath, 1);
+    openConnections();
+    test::writeFile(stick() + u"/copy"_s, "the last good one");
+    EXPECT_NE(raisedBy([&] { (void)takeBackup({stick(), u"copy"_s, {}}); }).number(), 0);
+    EXPECT_EQ(test::readFile(stick() + u"/copy"_s), "the last good one");
+    EXPECT_TRUE(connectionsAreOpen());
+}
+
+TEST_F(Backups, ASealedOneIsNowhereInPlain)
+{
+    const QString proof = takeBackup({stick(), u"sealed"_s, u"12345678"_s});
+    EXPECT_TRUE(proof.contains(u"1 machine"_s));
+    EXPECT_EQ(filesIn(stick()), QStringList{u"sealed"_s});
+    EXPECT_EQ(filesIn(backups()), QStringList());
+    EXPECT_FALSE(test::readFile(stick() + u"/sealed"_s).contains("TBLEQUIPMENT"));
+    (void)fetchForCheck({stick() + u"/sealed"_s, u"12345678"_s});
+    EXPECT_EQ(machinesIn(temporaryCopy()), 1);
+    expectWorking(1);
+}

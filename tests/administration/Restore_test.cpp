@@ -1,0 +1,193 @@
+#include "administration/Restore.h"
+
+#include "administration/AdministrationSession.h"
+#include "administration/Backup.h"
+#include "administration/SealedFile.h"
+#include "core/database/Changes.h"
+#include "support/Damage.h"
+#include "support/Raised.h"
+
+#include <QCoreApplication>
+#include <QProcess>
+#include <QThread>
+
+using namespace Qt::StringLiterals;
+using namespace administration;
+using test::raisedBy;
+
+namespace {
+
+/// A backup of one machine on the stick, and a database that has two meanwhile.
+class Restores : public test::AdministrationSession
+{
+protected:
+    Restores()
+    {
+        (void)takeBackup({stick(), u"copy"_s, {}});
+        addMachine(2);
+    }
+    [[nodiscard]] Chosen copy() const { return {stick() + u"/copy"_s, {}}; }
+    static Restored restore(const Chosen &chosen)
+    {
+        const QByteArray fingerprint = fetchForCheck(chosen);
+        return restoreDatabase(chosen, fingerprint, summaryOfBackup(temporaryCopy(), chosen.file));
+    }
+    static QString script() { return below(u"\\Script\\DBChanges.mdb"_s); }
+};
+
+} // namespace
+
+TEST_F(Restores, PutTheBackupInPlaceAndKeepWhatWasThere)
+{
+    const QFile::Permissions before = QFileInfo(gsDatabasePath).permissions();
+    const Restored restored = restore(copy());
+    expectWorking(1);
+    EXPECT_EQ(restored.kept, backups() + u"/Before restore 2024-03-15 093000.mdb"_s);
+    EXPECT_EQ(machinesIn(restored.kept), 2);
+    EXPECT_FALSE(restored.isOlder);
+    EXPECT_FALSE(QFile::exists(script()));
+    EXPECT_EQ(QFileInfo(gsDatabasePath).permissions(), before);
+    // A company file that was lost.
+    closeConnections();
+    QFile::remove(gsDatabasePath);
+    EXPECT_EQ(restore({restored.kept, {}}).kept, QString());
+    expectWorking(2);
+}
+
+TEST_F(Restores, TellWhatIsThere)
+{
+    insert(u"tblWorkorder"_s, {{u"EquipmentID"_s, 1}});
+    for (const int order : {5, 5, 6})
+        insert(u"tblWOServiceUsedHistory"_s,
+               {{u"WorkorderNo"_s, order},
+                {u"CompleteDate"_s, base::wallClock(QDate(2024, 3, order), QTime())}});
+    const Summary summary = summaryOf(*gcnData, gsDatabasePath);
+    EXPECT_EQ(summary.machines, 2);
+    EXPECT_EQ(summary.openOrders, 1);
+    EXPECT_EQ(summary.postedOrders, 2);
+    EXPECT_EQ(summary.newestWork, QDate(2024, 3, 6));
+    EXPECT_EQ(summary.version, QString::number(company::schemaVersion()));
+    EXPECT_TRUE(summary.written.isValid());
+    EXPECT_FALSE(summaryOf(*gcnData, u"host"_s).written.isValid());
+}
+
+TEST_F(Restores, OnlySoundDatabasesOfTheProgramAreUsable)
+{
+    const QByteArray whole = test::readFile(copy().file);
+    const QString file = stick() + u"/file"_s;
+    for (const auto &[what, content] :
+         {std::pair{"a picture", QByteArray("\x89PNG\r\n\x1a\n") + QByteArray(9000, 'p')},
+          std::pair{"one cut off", whole.left(whole.size() / 2)}, std::pair{"empty", QByteArray()},
+          std::pair{"another's", QByteArray(whole).replace("tblEquipment", "tblAppliance")}}) {
+        test::writeFile(file, content);
+        EXPECT_FALSE(isUsableBackup(file)) << what;
+    }
+    test::writeFile(file, whole);
+    EXPECT_TRUE(isUsableBackup(file));
+    test::spoilRows(file);
+    EXPECT_FALSE(isUsableBackup(file));
+    test::writeFile(file, whole);
+    db::Connection(target(file)).Execute(u"Drop table tblEquipment"_s);
+    EXPECT_FALSE(isUsableBackup(file));
+}
+
+TEST_F(Restores, AnEarlierReleaseGetsItsScriptAndANewerOneIsRefused)
+{
+    const auto setVersion = [this](int version) {
+        db::Connection(target(copy().file))
+            .Execute(u"Update tblSysOption set itemValue = ? where SysOption = 'DBVERSION'"_s,
+                     {QString::number(version)});
+    };
+    setVersion(company::schemaVersion() + 1);
+    EXPECT_TRUE(raisedBy([&] { restore(copy()); })
+                    .description()
+                    .startsWith(u"This backup comes from a newer release"));
+    expectWorking(2);
+    EXPECT_EQ(filesIn(backups()), QStringList());
+    setVersion(100);
+    EXPECT_TRUE(restore(copy()).isOlder);
+    EXPECT_TRUE(QFile::exists(script()));
+    expectWorking(1);
+}
+
+TEST_F(Restores, WhatHasChangedSinceTheCheckIsRefused)
+{
+    const QByteArray fingerprint = fetchForCheck(copy());
+    const Summary summary = summaryOfBackup(temporaryCopy(), copy().file);
+    db::Connection(target(copy().file)).Execute(u"Delete from tblEquipment"_s);
+    EXPECT_NE(raisedBy([&] { restoreDatabase(copy(), fingerprint, summary); }).number(), 0);
+    QFile::remove(copy().file);
+    EXPECT_EQ(raisedBy([&] { restoreDatabase(copy(), fingerprint, summary); }).number(),
+              base::ErrorNumber::FileNotFound)
+        << "the stick was pulled out";
+    expectWorking(2);
+    EXPECT_EQ(filesIn(backups()), QStringList());
+}
+
+TEST_F(Restores, NoFailureTouchesTheDatabase)
+{
+    {
+        const db::Connection other(target(gsDatabasePath));
+        EXPECT_EQ(raisedBy([&] { restore(copy()); }).number(), db::ErrorNumber::FileInUse);
+    }
+    expectWorking(2);
+    fillWithPictures();
+    (void)takeBackup({stick(), u"copy"_s, {}});
+    const QByteArray fingerprint = fetchForCheck(copy());
+    const Summary summary = summaryOfBackup(temporaryCopy(), copy().file);
+    {
+        const test::SmallDisk full(SmallDiskSize);
+        EXPECT_NE(raisedBy([&] { (void)fetchForCheck(copy()); }).number(), 0);
+        EXPECT_NE(raisedBy([&] { restoreDatabase(copy(), fingerprint, summary); }).number(), 0);
+    }
+    expectWorking(2);
+    // The copy that is kept can't be written.
+    QDir(backups()).removeRecursively();
+    test::writeFile(backups(), "a file in its place");
+    EXPECT_NE(raisedBy([&] { restoreDatabase(copy(), fingerprint, summary); }).number(), 0);
+    QFile::remove(backups());
+    expectWorking(2);
+}
+
+TEST_F(Restores, ASealedBackupNeedsItsPassphrase)
+{
+    const Chosen sealed{stick() + u"/sealed"_s, u"12345678"_s};
+    (void)takeBackup({stick(), u"sealed"_s, sealed.passphrase});
+    addMachine(3);
+    EXPECT_EQ(raisedBy([&] {
+                  (void)fetchForCheck({sealed.file, u"87654321"_s});
+              }).number(),
+              WrongPassphrase);
+    restore(sealed);
+    expectWorking(2);
+}
+
+TEST_F(Restores, KilledAtAnyMomentLeaveOneOfTheTwoWhole)
+{
+    closeConnections();
+    bool old = false;
+    bool restored = false;
+    for (int delay = 0; delay < 100 && !(old && restored && delay >= 12); delay += 3) {
+        QFile::remove(gsDatabasePath);
+        QFile::copy(database.file(), gsDatabasePath);
+        openConnections();
+        addMachine(1);
+        addMachine(2);
+        closeConnections();
+        QProcess program;
+        program.start(QCoreApplication::applicationDirPath() + u"/administration_helper"_s,
+                      {base::environment().applicationFolder, copy().file});
+        ASSERT_TRUE(program.waitForReadyRead(30'000));
+        QThread::msleep(static_cast<unsigned long>(delay));
+        program.kill();
+        program.waitForFinished();
+        const qint64 machines = machinesIn(gsDatabasePath);
+        EXPECT_TRUE(machines == 1 || machines == 2) << "killed after " << delay << " ms";
+        (machines == 1 ? restored : old) = true;
+    }
+    EXPECT_TRUE(old);
+    // What it left behind is in nobody's way.
+    openConnections();
+    restore(copy());
+    expectWorking(1);
+}

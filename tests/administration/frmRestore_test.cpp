@@ -1,0 +1,149 @@
+#include "administration/AdministrationSession.h"
+#include "administration/Backup.h"
+#include "administration/Restore.h"
+#include "administration/ui/Entries.h"
+#include "core/database/Changes.h"
+#include "core/ui/ScreenDriver.h"
+
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+using Icon = base::Prompts::Icon;
+using Answer = base::Prompts::Answer;
+using test::ScreenDriver;
+
+namespace {
+
+/// A backup of one machine, and a database of two.
+class RestoreScreen : public test::AdministrationSession
+{
+protected:
+    RestoreScreen()
+    {
+        (void)administration::takeBackup({stick(), u"copy"_s, {}});
+        addMachine(2);
+    }
+    void say(const QString &text) { prompts.expect(text, Icon::None); }
+    void expectQuestion(Answer answer)
+    {
+        const auto written = [](const QString &file) {
+            return QFileInfo(file).lastModified().toLocalTime().toString(u"MM-dd-yyyy HH:mm"_s);
+        };
+        prompts.expect(
+            u"Do you want to put the backup in the place of the database?\n\nBackup, %1: 1 machines, 0 open and 0 posted work orders.\nNow, %2: 2 machines, 0 open and 0 posted work orders."_s
+                .arg(written(copy()), written(gsDatabasePath)),
+            Icon::Question, base::Prompts::Buttons::YesNo, answer);
+    }
+    [[nodiscard]] QString copy() const { return stick() + u"/copy"_s; }
+    static QString shown(const ScreenDriver &screen, const char *name)
+    {
+        return screen.control<QLabel>(name).text();
+    }
+    static void choose(const ScreenDriver &screen, const QString &file)
+    {
+        screen.control<QLineEdit>("txtFolderPath").setText(file);
+    }
+};
+
+} // namespace
+
+TEST_F(RestoreScreen, ShowsBothAndRestoresAfterAQuestion)
+{
+    test::inScreen(ShowRestore, [&](const ScreenDriver &screen) {
+        EXPECT_EQ(shown(screen, "lblNow1"), u"2"_s);
+        prompts.expectChooser(u"Please Choose a backup file"_s, copy());
+        screen.press("cmdBrowse");
+        EXPECT_EQ(shown(screen, "lblBackup1"), u"1"_s);
+        EXPECT_EQ(shown(screen, "lblBackup5"), QString::number(company::schemaVersion()));
+        expectQuestion(Answer::No);
+        screen.press("cmdRestore");
+        EXPECT_EQ(count(u"tblEquipment"_s), 2);
+        expectQuestion(Answer::Yes);
+        say(u"Restore Database Succesfully\n\nThe database that was there before is kept as %1."_s
+                .arg(backups() + u"/Before restore 2024-03-15 093000.mdb"_s));
+        screen.press("cmdRestore");
+        EXPECT_EQ(screen.text("txtFolderPath"), QString());
+        EXPECT_EQ(shown(screen, "lblNow1"), u"1"_s);
+        EXPECT_EQ(shown(screen, "lblBackup1"), QString());
+        screen.press("cmdExit");
+    });
+    EXPECT_FALSE(QFile::exists(administration::temporaryCopy()));
+    expectWorking(1);
+}
+
+TEST_F(RestoreScreen, RefusesWhatIsNoBackup)
+{
+    test::writeFile(stick() + u"/picture"_s, QByteArray(9000, 'p'));
+    test::inScreen(ShowRestore, [&](const ScreenDriver &screen) {
+        for (const QString &path : {QString(), u"  "_s, stick(), stick() + u"/none"_s}) {
+            choose(screen, path);
+            say(u"Invalid Path Selected"_s);
+            screen.press("cmdRestore");
+        }
+        choose(screen, stick() + u"/picture"_s);
+        say(u"Backup file is corrupt or not valid"_s);
+        screen.press("cmdRestore");
+        screen.press("cmdExit");
+    });
+    EXPECT_TRUE(QFile::exists(administration::temporaryCopy())) << "until the next restore";
+    expectWorking(2);
+}
+
+TEST_F(RestoreScreen, TheStickMayBePulledOutAtTheQuestion)
+{
+    test::inScreen(ShowRestore, [&](const ScreenDriver &screen) {
+        choose(screen, copy());
+        prompts.meanwhile([&] { QFile::remove(copy()); });
+        expectQuestion(Answer::Yes);
+        screen.press("cmdRestore");
+        EXPECT_EQ(errors.takeOne().ProcedureName, u"cmdRestore_Click"_s);
+        screen.press("cmdExit");
+    });
+    expectWorking(2);
+}
+
+TEST_F(RestoreScreen, AnotherWorkstationsDatabaseStays)
+{
+    test::inScreen(ShowRestore, [&](const ScreenDriver &screen) {
+        choose(screen, copy());
+        expectQuestion(Answer::Yes);
+        const db::Connection other(target(gsDatabasePath));
+        screen.press("cmdRestore");
+        EXPECT_EQ(errors.takeOne().ErrNumber, db::ErrorNumber::FileInUse);
+        screen.press("cmdExit");
+    });
+    expectWorking(2);
+}
+
+TEST_F(RestoreScreen, ASealedBackupAsksForItsPassphrase)
+{
+    (void)administration::takeBackup({stick(), u"sealed"_s, u"12345678"_s});
+    test::inScreen(ShowRestore, [&](const ScreenDriver &screen) {
+        EXPECT_FALSE(screen.isEnabled("txtPassphrase"));
+        prompts.expectChooser(u"Please Choose a backup file"_s, stick() + u"/sealed"_s);
+        screen.press("cmdBrowse");
+        EXPECT_EQ(screen.focused(), "txtPassphrase");
+        screen.type("txtPassphrase", u"87654321"_s);
+        say(u"The passphrase is not the one of this backup."_s);
+        screen.press("cmdRestore");
+        choose(screen, copy());
+        EXPECT_FALSE(screen.isEnabled("txtPassphrase"));
+        EXPECT_EQ(screen.text("txtPassphrase"), QString());
+        screen.press("cmdExit");
+    });
+    expectWorking(2);
+}
+
+TEST_F(RestoreScreen, ANewerReleasesBackupIsRefused)
+{
+    db::Connection(target(copy()))
+        .Execute(u"Update tblSysOption set itemValue = '9999' where SysOption = 'DBVERSION'"_s);
+    test::inScreen(ShowRestore, [&](const ScreenDriver &screen) {
+        choose(screen, copy());
+        say(u"This backup comes from a newer release of Quorvantis: its database has version 9999, and this program knows versions up to %1. Please install the newer release first. Nothing was changed."_s
+                .arg(company::schemaVersion()));
+        screen.press("cmdRestore");
+        screen.press("cmdExit");
+    });
+    expectWorking(2);
+}

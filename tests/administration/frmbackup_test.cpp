@@ -1,0 +1,121 @@
+#include "administration/AdministrationSession.h"
+#include "administration/SealedFile.h"
+#include "administration/SecondPlace.h"
+#include "administration/ui/Entries.h"
+#include "core/ui/ScreenDriver.h"
+#include "platform/db/Structure.h"
+
+#include <QCheckBox>
+
+using namespace Qt::StringLiterals;
+using Icon = base::Prompts::Icon;
+using Answer = base::Prompts::Answer;
+using test::ScreenDriver;
+
+namespace {
+
+class BackupScreen : public test::AdministrationSession
+{
+protected:
+    void say(const QString &text) { prompts.expect(text, Icon::None); }
+    void expectTaken()
+    {
+        const db::RowCounts counts = db::countRows(target(gsDatabasePath));
+        qint64 rows = 0;
+        for (const qint64 count : counts)
+            rows += count;
+        say(u"Backup taken Succesfully\n\nThe copy was opened, checked and counted against the "
+            "database: %1 rows, among them 1 machine and 0 open work orders."_s.arg(
+                QLocale(QLocale::English).toString(rows)));
+    }
+};
+
+} // namespace
+
+TEST_F(BackupScreen, TakesABackupAndTellsItsProof)
+{
+    test::inScreen(ShowBackup, [&](const ScreenDriver &screen) {
+        EXPECT_EQ(screen.text("txtFileName"), u"Quorvantis3-15-2024"_s);
+        say(u"Folder Path should not be blank."_s);
+        screen.press("cmdBackup");
+        prompts.expectChooser(u"Please choose a lcoation for the backup"_s, stick());
+        screen.press("cmdBrowse");
+        EXPECT_EQ(screen.text("txtFolderPath"), stick());
+        screen.type("txtFileName", u"mine"_s);
+        expectTaken();
+        screen.press("cmdBackup");
+        EXPECT_EQ(screen.text("txtFolderPath"), QString());
+        EXPECT_EQ(screen.text("txtFileName"), u"Quorvantis3-15-2024"_s);
+        screen.press("cmdExit");
+    });
+    EXPECT_EQ(machinesIn(stick() + u"/mine"_s), 1);
+    expectWorking(1);
+}
+
+TEST_F(BackupScreen, AsksBeforeItReplacesWhatIsNoBackup)
+{
+    test::writeFile(stick() + u"/letter"_s, "Dear Sir");
+    test::inScreen(ShowBackup, [&](const ScreenDriver &screen) {
+        screen.type("txtFolderPath", stick());
+        screen.type("txtFileName", u"letter"_s);
+        prompts.expect(
+            u"The file letter exists already, and is no backup. Do you want to replace it?"_s,
+            Icon::Question, base::Prompts::Buttons::YesNo, Answer::No);
+        screen.press("cmdBackup");
+        screen.press("cmdExit");
+    });
+    EXPECT_EQ(test::readFile(stick() + u"/letter"_s), "Dear Sir");
+}
+
+TEST_F(BackupScreen, APassphraseIsTypedTwice)
+{
+    test::inScreen(ShowBackup, [&](const ScreenDriver &screen) {
+        EXPECT_FALSE(screen.isEnabled("txtPassphrase"));
+        screen.control<QCheckBox>("chkSealed").click();
+        screen.type("txtFolderPath", stick());
+        screen.type("txtFileName", u"sealed"_s);
+        say(u"A passphrase needs at least 8 characters."_s);
+        screen.press("cmdBackup");
+        screen.type("txtPassphrase", u"12345678"_s);
+        screen.type("txtPassphraseAgain", u"12345679"_s);
+        say(u"The two passphrases are not the same."_s);
+        screen.press("cmdBackup");
+        screen.type("txtPassphraseAgain", u"12345678"_s);
+        expectTaken();
+        screen.press("cmdBackup");
+        EXPECT_FALSE(screen.control<QCheckBox>("chkSealed").isChecked());
+        EXPECT_EQ(screen.text("txtPassphrase"), QString());
+        screen.press("cmdExit");
+    });
+    EXPECT_TRUE(administration::isSealed(stick() + u"/sealed"_s));
+}
+
+TEST_F(BackupScreen, AFailureIsReportedWithTheDatabaseOpen)
+{
+    test::inScreen(ShowBackup, [&](const ScreenDriver &screen) {
+        screen.type("txtFolderPath", stick() + u"/pulled out"_s);
+        screen.press("cmdBackup");
+        const ErrorReport report = errors.takeOne();
+        EXPECT_EQ(report.ProcedureName, u"cmdBackup_Click"_s);
+        EXPECT_EQ(report.ErrNumber, base::ErrorNumber::PathNotFound);
+        EXPECT_EQ(screen.text("txtFolderPath"), stick() + u"/pulled out"_s);
+        screen.press("cmdExit");
+    });
+    expectWorking(1);
+}
+
+TEST_F(BackupScreen, KeepsThePlan)
+{
+    test::inScreen(ShowBackup, [&](const ScreenDriver &screen) {
+        EXPECT_FALSE(screen.isEnabled("cmdSavePlan"));
+        screen.type("spnDays", u"5"_s);
+        screen.type("spnMonths", u"3"_s);
+        prompts.expectChooser(u"Please choose a second place for the copies"_s, stick());
+        screen.press("cmdSecondPlace");
+        screen.press("cmdSavePlan");
+        EXPECT_FALSE(screen.isEnabled("cmdSavePlan"));
+        screen.press("cmdExit");
+    });
+    EXPECT_EQ(copies::keepRuleOf(*gcnLookup), (copies::KeepRule{5, 4, 3}));
+    EXPECT_EQ(administration::secondPlace(), stick());
+}
