@@ -12,6 +12,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
+#include <QThread>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -20,6 +21,8 @@ namespace {
 
 constexpr int LongestWait = 60'000; ///< milliseconds for another workstation's update
 constexpr int LongestRun = 600'000; ///< after which its lock counts as left behind
+constexpr int Attempts = 20;        ///< at a statement that somebody else is in the way of
+constexpr int Pause = 500;          ///< milliseconds between them
 
 QString scriptFile()
 {
@@ -83,6 +86,22 @@ bool isWanted(const db::Row &row)
     return !IsRecordThere(u"tblUser"_s, u"UserName"_s, u"admin"_s, {});
 }
 
+/// A row of the script runs only once, so one that another workstation is in the way of is worth a
+/// wait.
+void executePatiently(const QString &statement)
+{
+    for (int attempt = 1;; ++attempt) {
+        try {
+            lookupConnection().Execute(statement);
+            return;
+        } catch (const db::DbError &error) {
+            if (error.number() != db::ErrorNumber::LockConflict || attempt == Attempts)
+                throw;
+        }
+        QThread::msleep(Pause);
+    }
+}
+
 void note(const std::optional<base::Error> &error, qint64 id, ChangesRun &run)
 {
     if (!error || isTolerated(*error))
@@ -128,7 +147,7 @@ ChangesRun runChanges(const QString &scriptFile, const QString &aboveVersion)
         const qint64 id = row.integer(u"Id");
         note(errorOf([&] {
                  if (isWanted(row))
-                     lookupConnection().Execute(row.text(u"DbQuery"));
+                     executePatiently(row.text(u"DbQuery"));
              }),
              id, run);
         note(errorOf([&] {

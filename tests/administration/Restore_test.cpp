@@ -110,6 +110,18 @@ TEST_F(Restores, AnEarlierReleaseGetsItsScriptAndANewerOneIsRefused)
     expectWorking(1);
 }
 
+TEST_F(Restores, AServersFilesAreLeftToIt)
+{
+    const QByteArray fingerprint = fetchForCheck(copy());
+    const Summary summary = summaryOfBackup(temporaryCopy(), copy().file);
+    settings::registry().setValue(settings::ProductKey, u"HOST"_s, u"office"_s);
+    EXPECT_TRUE(raisedBy([&] { restoreDatabase(copy(), fingerprint, summary); })
+                    .description()
+                    .contains(u"office"_s));
+    settings::registry().setValue(settings::ProductKey, u"HOST"_s, {});
+    expectWorking(2);
+}
+
 TEST_F(Restores, WhatHasChangedSinceTheCheckIsRefused)
 {
     const QByteArray fingerprint = fetchForCheck(copy());
@@ -146,6 +158,17 @@ TEST_F(Restores, NoFailureTouchesTheDatabase)
     test::writeFile(backups(), "a file in its place");
     EXPECT_NE(raisedBy([&] { restoreDatabase(copy(), fingerprint, summary); }).number(), 0);
     QFile::remove(backups());
+    expectWorking(2);
+}
+
+TEST_F(Restores, WhatCantBeOpenedGivesItsPlaceBack)
+{
+    const Chosen junk{stick() + u"/junk"_s, {}};
+    test::writeFile(junk.file, QByteArray(9000, 'j'));
+    const QByteArray fingerprint = fetchForCheck(junk);
+    const Summary summary = summaryOf(*gcnData, gsDatabasePath);
+    EXPECT_EQ(raisedBy([&] { restoreDatabase(junk, fingerprint, summary); }).number(),
+              db::ErrorNumber::NotADatabase);
     expectWorking(2);
 }
 

@@ -41,7 +41,7 @@ const QString passphrase = u"müde Möwen 12"_s;
 TEST_F(SealedFiles, GiveBackWhatWasSealed)
 {
     constexpr int piece = 1 << 16;
-    for (const int length : {0, 1, piece, piece + 1, 2 * piece}) {
+    for (const int length : {0, piece, 2 * piece + 1}) {
         QByteArray content(length, 'a');
         if (length > 5)
             content.replace(length - 5, 5, "the end");

@@ -12,8 +12,11 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QLockFile>
 #include <QProcess>
+#include <chrono>
 #include <map>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 using company::Change;
@@ -238,6 +241,39 @@ TEST_F(Update, WhatIsNoScriptStaysAndIsTold)
     QFile::copy(company.file(), script());
     EXPECT_TRUE(update(false)) << "a database of another kind";
     EXPECT_TRUE(QFile::exists(script()));
+    EXPECT_EQ(version(), u"100"_s);
+}
+
+TEST_F(Update, WaitsForAnotherWorkstationsWork)
+{
+    openCompany();
+    ship({statement(101, u"update tblUser set EmployeeID = '7'"_s)});
+    db::Connection other(databaseTarget());
+    other.BeginTrans();
+    other.Execute(u"update tblUser set EmployeeID = '5'"_s);
+    std::thread ending([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(700));
+        other.RollbackTrans();
+    });
+    EXPECT_FALSE(update());
+    ending.join();
+    EXPECT_EQ(GetRecordCount(u"tblUser"_s, u"EmployeeID = '7'"_s), 1);
+}
+
+TEST_F(Update, OneOfTwoWorkstationsRunsTheScript)
+{
+    openCompany();
+    ship({statement(101, u"insert into tblSite (SiteName) values ('once')"_s)});
+    QLockFile other(script() + u".lock"_s);
+    ASSERT_TRUE(other.tryLock(0));
+    std::thread ending([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        QFile::remove(script());
+        other.unlock();
+    });
+    EXPECT_FALSE(update());
+    ending.join();
+    EXPECT_EQ(GetRecordCount(u"tblSite"_s, {}), 0) << "the other one has";
     EXPECT_EQ(version(), u"100"_s);
 }
 

@@ -7,6 +7,7 @@
 #include "platform/base/Environment.h"
 #include "platform/base/Format.h"
 #include "platform/db/Maintenance.h"
+#include "platform/db/Proof.h"
 #include "platform/settings/Registry.h"
 #include "platform/system/Files.h"
 #include "reporting/ReportFiles.h"
@@ -244,8 +245,14 @@ int compact(const Options &options, const Streams &streams)
 
 int backup(const Options &options, const Streams &streams)
 {
-    db::backupOnline(targetOf(options.files[0]), QFileInfo(options.files[1]).absoluteFilePath());
-    streams.out << options.files[1] << " is a copy of " << options.files[0] << '.' << Qt::endl;
+    const db::RowCounts counts = db::backupProven(targetOf(options.files[0]),
+                                                  QFileInfo(options.files[1]).absoluteFilePath());
+    qint64 rows = 0;
+    for (const qint64 count : counts)
+        rows += count;
+    streams.out << options.files[1] << " is a copy of " << options.files[0]
+                << "; it was opened, checked and counted: " << rows << " rows in " << counts.size()
+                << " tables." << Qt::endl;
     return Success;
 }
 

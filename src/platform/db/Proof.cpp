@@ -10,7 +10,19 @@ using namespace Qt::StringLiterals;
 
 constexpr int Attempts = 3;
 
-/// The first table whose count in a copy can't be explained by what others wrote meanwhile.
+} // namespace
+
+RowCounts prove(const QString &file)
+{
+    const Findings findings = validate(file);
+    if (!findings.damage.isEmpty())
+        throw DbError(ErrorNumber::NotADatabase,
+                      u"The database is damaged: "_s + findings.damage.first());
+    Target target;
+    target.file = file;
+    return countRows(target);
+}
+
 QString tableThatDiffers(const RowCounts &copy, const RowCounts &before, const RowCounts &after)
 {
     for (auto table = before.begin(); table != before.end(); ++table) {
@@ -23,19 +35,6 @@ QString tableThatDiffers(const RowCounts &copy, const RowCounts &before, const R
             return table.key();
     }
     return {};
-}
-
-} // namespace
-
-RowCounts prove(const QString &file)
-{
-    const Findings findings = validate(file);
-    if (!findings.damage.isEmpty())
-        throw DbError(ErrorNumber::NotADatabase,
-                      u"The database is damaged: "_s + findings.damage.first());
-    Target target;
-    target.file = file;
-    return countRows(target);
 }
 
 RowCounts backupProven(const Target &source, const QString &destination)

@@ -75,6 +75,29 @@ TEST_F(Proofs, ACopyHoldsWhatAnotherProgramWroteMeanwhileOrNot)
     helper.kill();
 }
 
+TEST(Proof, FindsTheTableThatDiffers)
+{
+    using Counts = db::RowCounts;
+    struct Case
+    {
+        Counts copy, before, after;
+        QString differs;
+    };
+    for (const auto &[copy, before, after, differs] :
+         {Case{{{u"a"_s, 1}, {u"b"_s, 5}},
+               {{u"a"_s, 1}, {u"b"_s, 5}},
+               {{u"a"_s, 1}, {u"b"_s, 5}},
+               {}},
+          Case{{{u"a"_s, 3}}, {{u"a"_s, 3}}, {{u"a"_s, 5}}, {}},
+          Case{{{u"a"_s, 3}}, {{u"a"_s, 5}}, {{u"a"_s, 3}}, {}},
+          Case{{{u"a"_s, 2}}, {{u"a"_s, 3}}, {{u"a"_s, 5}}, u"a"_s},
+          Case{{{u"a"_s, 6}}, {{u"a"_s, 3}}, {{u"a"_s, 5}}, u"a"_s},
+          Case{{{u"a"_s, 1}}, {{u"a"_s, 1}, {u"b"_s, 0}}, {{u"a"_s, 1}, {u"b"_s, 0}}, u"b"_s},
+          Case{{{u"a"_s, 1}}, {{u"a"_s, 1}, {u"b"_s, 7}}, {{u"a"_s, 1}}, {}},
+          Case{{{u"a"_s, 1}, {u"b"_s, 9}}, {{u"a"_s, 1}}, {{u"a"_s, 1}, {u"b"_s, 9}}, {}}})
+        EXPECT_EQ(db::tableThatDiffers(copy, before, after), differs);
+}
+
 TEST_F(Proofs, AClosedFileLetsNobodyIn)
 {
     {
