@@ -1,6 +1,6 @@
 #include "administration/SecondPlace.h"
 
-#include "core/General.h"
+#include "core/Options.h"
 #include "core/Session.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Prompts.h"

@@ -24,14 +24,18 @@ protected:
         addMachine(2);
     }
     void say(const QString &text) { prompts.expect(text, Icon::None); }
-    void expectQuestion(Answer answer)
+    void expectQuestion(Answer answer, const QString &now = {})
     {
         const auto written = [](const QString &file) {
             return QFileInfo(file).lastModified().toLocalTime().toString(u"MM-dd-yyyy HH:mm"_s);
         };
         prompts.expect(
-            u"Do you want to put the backup in the place of the database?\n\nBackup, %1: 1 machines, 0 open and 0 posted work orders.\nNow, %2: 2 machines, 0 open and 0 posted work orders."_s
-                .arg(written(copy()), written(gsDatabasePath)),
+            u"Do you want to put the backup in the place of the database?\n\nBackup of %1: machines 1, open work orders 0, posted work orders 0.\nNow%2"_s
+                .arg(written(copy()),
+                     now.isEmpty()
+                         ? u" of %1: machines 2, open work orders 0, posted work orders 0."_s.arg(
+                               written(gsDatabasePath))
+                         : now),
             Icon::Question, base::Prompts::Buttons::YesNo, answer);
     }
     [[nodiscard]] QString copy() const { return stick() + u"/copy"_s; }
@@ -100,6 +104,18 @@ TEST_F(RestoreScreen, TheStickMayBePulledOutAtTheQuestion)
         screen.press("cmdExit");
     });
     expectWorking(2);
+}
+
+TEST_F(RestoreScreen, ADatabaseThatCantBeReadIsAReasonToRestore)
+{
+    gcnData->Execute(u"Drop table tblWOServiceUsedHistory"_s);
+    test::inScreen(ShowRestore, [&](const ScreenDriver &screen) {
+        EXPECT_EQ(shown(screen, "lblNow0"), u"can't be read"_s);
+        choose(screen, copy());
+        expectQuestion(Answer::No, u": can't be read."_s);
+        screen.press("cmdRestore");
+        screen.press("cmdExit");
+    });
 }
 
 TEST_F(RestoreScreen, AnotherWorkstationsDatabaseStays)

@@ -41,7 +41,7 @@ Task Tour::awaitMessage(const QString &text)
 
 Task Tour::exportToTheHandheld()
 {
-    co_await m_hands.chooseEntry(u"mnuFile"_s, u"mnuExportXml"_s);
+    co_await m_hands.chooseEntry(u"mnuExportXml"_s);
     m_hands.requireWindow(u"frmExportXml"_s);
     const QString done = u"Quorvantis records have been exported successfully.\n"
                          "Put the Windows Mobile device Into the cradle."_s;
@@ -87,7 +87,7 @@ Task Tour::importFromTheHandheld()
             .real(u"Quantity");
     };
     const double before = stock();
-    co_await m_hands.chooseEntry(u"mnuFile"_s, u"mnuImporttXml"_s);
+    co_await m_hands.chooseEntry(u"mnuImporttXml"_s);
     const QString done = u"Import process Succesfully completed"_s;
     co_await awaitMessage(done);
     see(u"imported"_s, u"What the crew did in the field is imported."_s);
@@ -106,7 +106,7 @@ Task Tour::importFromTheHandheld()
 
 Task Tour::postTheCrewsWork()
 {
-    co_await m_hands.chooseEntry(u"mnuWorkOrder"_s, u"mnuRecordWork"_s);
+    co_await m_hands.chooseEntry(u"mnuRecordWork"_s);
     m_hands.requireWindow(u"frmWorkorder"_s);
     see(u"crews-work"_s, u"It stands on the work orders as if it had been typed in."_s);
     co_await postAll();

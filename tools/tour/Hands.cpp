@@ -1,9 +1,10 @@
 #include "tour/Hands.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
-#include <QMainWindow>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QProgressDialog>
@@ -192,22 +193,26 @@ Hands::Rest Hands::answer(const QString &text, const QString &caption)
     throw Fault(u"The message \"%1\" has no button \"%2\"."_s.arg(text, caption));
 }
 
-Hands::Rest Hands::chooseEntry(const QString &menu, const QString &entry)
+Hands::Rest Hands::chooseEntry(const QString &name)
 {
-    auto *window = qobject_cast<QMainWindow *>(front());
-    require(window != nullptr, u"There is no menu in %1."_s.arg(frontText()));
-    QMenuBar *bar = window->menuBar();
-    auto *opened = window->findChild<QMenu *>(menu);
-    auto *action = window->findChild<QAction *>(entry);
-    require(opened && action && opened->actions().contains(action) && action->isEnabled(),
-            u"There is no entry %1 that can be chosen in %2."_s.arg(entry, menu));
-    return perform([window, bar, opened, action] {
-        QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier,
-                          bar->mapTo(window, bar->actionGeometry(opened->menuAction()).center()));
-        if (opened->isVisible())
-            QTest::mouseClick(opened->windowHandle(), Qt::LeftButton, Qt::NoModifier,
-                              opened->actionGeometry(action).center());
-    });
+    const QWidget *window = front();
+    auto *bar = window != nullptr ? window->findChild<QMenuBar *>() : nullptr;
+    require(bar != nullptr, u"%1 has no menus."_s.arg(frontText()));
+    for (QAction *heading : bar->actions()) {
+        QMenu *menu = heading->menu();
+        auto *entry = menu != nullptr ? menu->findChild<QAction *>(name) : nullptr;
+        if (entry == nullptr)
+            continue;
+        require(entry->isEnabled() && entry->isVisible(), u"%1 is disabled."_s.arg(name));
+        return perform([window, bar, heading, menu, entry] {
+            QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                              bar->mapTo(window, bar->actionGeometry(heading).center()));
+            if (menu->isVisible())
+                QTest::mouseClick(menu->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                                  menu->actionGeometry(entry).center());
+        });
+    }
+    throw Fault(u"%1 has no menu entry %2."_s.arg(frontText(), name));
 }
 
 Hands::Rest Hands::chooseTab(const QString &name, int index)

@@ -64,8 +64,8 @@ public:
     Rest press(const QString &name);
     /// Answers the message in front, which has to have this text, by the button of that caption.
     Rest answer(const QString &text, const QString &caption);
-    /// Chooses an entry of a menu of the window in front, both by their objects' names.
-    Rest chooseEntry(const QString &menu, const QString &entry);
+    /// Opens the menu that holds an entry of the window in front, and clicks on the entry.
+    Rest chooseEntry(const QString &name);
     /// Clicks on a page's name in a row of tabs.
     Rest chooseTab(const QString &name, int index);
     /// Clicks in a cell, after scrolling to it.

@@ -43,6 +43,8 @@ Task Tour::run()
     co_await exportToTheHandheld();
     co_await importFromTheHandheld();
     co_await postTheCrewsWork();
+    co_await takeABackup();
+    co_await restoreIt();
 }
 
 // --- What the steps share ------------------------------------------------------------------------

@@ -12,8 +12,9 @@
 namespace tour {
 
 /// The main job on the real windows: what is due becomes work orders, these are printed, recorded
-/// and posted, and the machine shows what was done and when it is due again. Each step is a
-/// sequence of clicks and keys, is held against the database, and leaves a picture.
+/// and posted, and the machine shows what was done and when it is due again. Then the company's
+/// file is lost, and comes back from a backup. Each step is a sequence of clicks and keys, is held
+/// against the database, and leaves a picture.
 class Tour
 {
 public:
@@ -22,6 +23,8 @@ public:
 
     /// The whole tour, from the main window to its end.
     Task run();
+    /// What the end of the program has to leave; raises a Fault when it didn't.
+    void requireSecondCopy();
     /// The picture that was taken last.
     [[nodiscard]] const QString &lastPicture() const { return m_picture; }
 
@@ -65,6 +68,9 @@ private:
     Task seeTheHistory();
     Task seeTheSchedule();
     Task seeTheBoardAgain();
+    // Lost and brought back
+    Task takeABackup();
+    Task restoreIt();
 
     // Out to the crews and back
     Task exportToTheHandheld();

@@ -96,7 +96,11 @@ int giveTour(QApplication &application, const QDir &folder, QDate today, QTextSt
     });
     watch.start(20);
     const int result = app::runProgram(application);
-    return whole.isDone() ? result : Failed;
+    if (!whole.isDone())
+        return Failed;
+    if (result == Success)
+        tour.requireSecondCopy();
+    return result;
 }
 
 } // namespace

@@ -52,10 +52,10 @@ std::array<QString, 6> linesOf(const Summary &summary)
 
 QString inOneLine(const Summary &summary)
 {
-    return u"%1: %2 machines, %3 open and %4 posted work orders"_s.arg(dateText(summary.written))
-        .arg(summary.machines)
-        .arg(summary.openOrders)
-        .arg(summary.postedOrders);
+    const auto lines = linesOf(summary);
+    const QString written = lines[0].isEmpty() ? QString() : u" of "_s + lines[0];
+    return written + u": machines %1, open work orders %2, posted work orders %3."_s.arg(
+                         lines[1], lines[2], lines[3]);
 }
 
 } // namespace
@@ -131,11 +131,11 @@ void frmRestore::showNow()
         // A damaged database has nothing to show, and is a reason to be here.
         try {
             m_present = administration::summaryOf(dataConnection(), gsDatabasePath);
+            show(*m_present, m_now);
         } catch (const base::Error &) {
+            m_present.reset();
             m_now.values[0]->setText(u"can't be read"_s);
-            return;
         }
-        show(m_present, m_now);
     });
 }
 
@@ -213,8 +213,9 @@ std::optional<frmRestore::Checked> frmRestore::check()
 bool frmRestore::isWanted(const Summary &summary) const
 {
     return base::askYesNo(
-        u"Do you want to put the backup in the place of the database?\n\nBackup, %1.\nNow, %2."_s
-            .arg(inOneLine(summary), inOneLine(m_present)));
+        u"Do you want to put the backup in the place of the database?\n\nBackup"_s +
+        inOneLine(summary) + u"\nNow"_s +
+        (m_present ? inOneLine(*m_present) : u": can't be read."_s));
 }
 
 void frmRestore::cmdBrowse_Click()

@@ -56,7 +56,7 @@ private:
     QLineEdit *txtPassphrase = nullptr;
     Column m_backup{QStringLiteral("Backup"), {}};
     Column m_now{QStringLiteral("Now"), {}};
-    administration::Summary m_present;
+    std::optional<administration::Summary> m_present; ///< nothing when it can't be read
     QPushButton *cmdRestore = nullptr;
     QPushButton *cmdExit = nullptr;
 };

@@ -4,7 +4,6 @@
 #include "administration/SecondPlace.h"
 #include "administration/ui/Entries.h"
 #include "administration/ui/WaitPointer.h"
-#include "core/General.h"
 #include "core/Session.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
