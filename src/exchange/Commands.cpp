@@ -175,8 +175,12 @@ void recordPart(const Command &command, Run &)
 {
     const QString &table = command.at(0);
     const QString raised = spliced::writtenColumn(table, command.at(4));
-    dataConnection().Execute(u"Update %1 set %2 = %2 + ? where %3"_s.arg(
-                                 spliced::table(table), raised, conditionOf(command, 1)),
+    // 0.1 and 0.2 are 0.3, and nothing behind it.
+    const QString sum =
+        spliced::holdsFractions(table, command.at(4)) ? u"Round(%1 + ?,10)"_s : u"%1 + ?"_s;
+    dataConnection().Execute(u"Update %1 set %2 = %3 where %4"_s.arg(spliced::table(table), raised,
+                                                                     sum.arg(raised),
+                                                                     conditionOf(command, 1)),
                              {spliced::bare(command.at(6)), command.at(2)});
 }
 

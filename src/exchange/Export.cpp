@@ -12,6 +12,7 @@
 
 #include <QXmlStreamReader>
 
+#include <algorithm>
 #include <span>
 #include <vector>
 
@@ -38,14 +39,44 @@ struct Attribute
     QString (*asked)(const db::Row &row) = nullptr;
 };
 
+/// A section: the procedure that builds it, its element, and where its rows come from.
+struct Section
+{
+    const char *procedure;
+    QStringView element;
+    std::span<const Attribute> attributes;
+    db::Recordset (*rows)();
+};
+
+/// A text, and whether all values in it are such that it can't be anything but XML. Then nobody has
+/// to parse it to know.
+struct Written
+{
+    QString text;
+    bool isPlain = true;
+};
+
 QString escaped(QString text)
 {
     return text.replace(u'&', u"&amp;"_s).replace(u'"', u"&quot;"_s);
 }
 
-void appendRecord(QString &text, const db::Recordset &rows, int row,
+/// True when a value can stand in an attribute as it is; what is escaped may hold what is replaced.
+bool isPlain(QStringView value, Escape escape)
+{
+    return std::ranges::all_of(value, [escape](QChar each) {
+        const char16_t c = each.unicode();
+        const bool isReplaced = c == u'&' || c == u'"';
+        const bool isBlank = c == u'\t' || c == u'\n' || c == u'\r';
+        return c != u'<' && (!isReplaced || escape == Escape::Yes) && (c >= u' ' || isBlank) &&
+               !each.isSurrogate() && c < 0xfffe;
+    });
+}
+
+void appendRecord(Written &written, const db::Recordset &rows, int row,
                   std::span<const Attribute> attributes, std::span<const int> columns)
 {
+    QString &text = written.text;
     text += u"<record"_s;
     for (std::size_t at = 0; at < attributes.size(); ++at) {
         const Attribute &attribute = attributes[at];
@@ -53,36 +84,43 @@ void appendRecord(QString &text, const db::Recordset &rows, int row,
         text += attribute.name;
         text += u"=\"";
         const int column = columns[at];
-        if (attribute.asked)
+        if (attribute.asked) {
             text += attribute.asked(rows.row(row));
-        else if (column < 0 || rows.isNull(row, column))
+        } else if (column < 0 || rows.isNull(row, column)) {
             text += attribute.otherwise;
-        else if (const QString value = valueText(rows.value(row, column), rows.columnKind(column));
-                 attribute.escape == Escape::Yes)
-            text += escaped(value);
-        else
-            text += value;
+        } else {
+            const QString value = valueText(rows.value(row, column), rows.columnKind(column));
+            written.isPlain = written.isPlain && isPlain(value, attribute.escape);
+            text += attribute.escape == Escape::Yes ? escaped(value) : value;
+        }
         text += u'"';
     }
     text += u" />";
 }
 
-QString section(QStringView element, const db::Recordset &rows,
-                std::span<const Attribute> attributes)
+void append(Written &written, const Section &section)
 {
-    if (rows.isEmpty())
-        return {};
-    std::vector<int> columns;
-    for (const Attribute &attribute : attributes)
-        columns.push_back(attribute.column.isEmpty() ? -1 : rows.columnIndex(attribute.column));
-    QString text;
-    for (int row = 0; row < rows.RecordCount(); ++row) {
-        if (row == 0)
-            text += u'<' + element.toString() + u'>';
-        text += Return;
-        appendRecord(text, rows, row, attributes, columns);
-    }
-    return text + Return + u"</"_s + element.toString() + u'>' + Return;
+    base::trapped(Module, section.procedure, [&] {
+        const db::Recordset rows = section.rows();
+        if (rows.isEmpty())
+            return;
+        std::vector<int> columns;
+        for (const Attribute &attribute : section.attributes)
+            columns.push_back(attribute.column.isEmpty() ? -1 : rows.columnIndex(attribute.column));
+        written.text += u'<' + section.element.toString() + u'>';
+        for (int row = 0; row < rows.RecordCount(); ++row) {
+            written.text += Return;
+            appendRecord(written, rows, row, section.attributes, columns);
+        }
+        written.text += Return + u"</"_s + section.element.toString() + u'>' + Return;
+    });
+}
+
+QString textOf(const Section &section)
+{
+    Written written;
+    append(written, section);
+    return written.text;
 }
 
 /// The newest reading of the meter by which an order's service goes.
@@ -95,30 +133,164 @@ QString lastReading(const db::Row &row)
     return QString::number(GetEquipmentCountByCode(row.integer(u"EquipmentID"), period));
 }
 
-/// A section whose rows are those of a statement.
-QString sectionOf(const char *procedure, QStringView element, const QString &statement,
-                  std::span<const Attribute> attributes)
-{
-    return base::trapped(Module, procedure, QString(), [&] {
-        return section(element, dataConnection().Open(statement), attributes);
-    });
-}
+constexpr Attribute EquipmentAttributes[] = {
+    {u"EquipmentID", u"EquipmentID"},
+    {u"UnitNo", u"UnitNo"},
+    {u"EquipmentName", u"EquipmentName", Escape::Yes},
+    {u"CrewID", u"CrewID"},
+    {u"Equip_BarCode", u"Bar_Code", Escape::Yes},
+    {u"LastCrewID", u"CrewID"},
+};
+constexpr Section Equipment{
+    "Equipment_XML", u"tblEquipment", EquipmentAttributes, [] {
+        return dataConnection().Open(
+            u"Select EquipmentID, UnitNo, EquipmentName, CrewID, Bar_Code from "
+            "tblEquipment"_s);
+    }};
 
-QString exchangeText()
+constexpr Attribute CrewAttributes[] = {
+    {u"CrewID", u"CrewID"},
+    {u"CrewNumber", u"CrewNumber"},
+    {u"Description", u"Description", Escape::Yes},
+};
+constexpr Section Crew{
+    "Crew_XML", u"tblCrew", CrewAttributes,
+    [] { return dataConnection().Open(u"Select CrewID, CrewNumber, Description from tblCrew"_s); }};
+
+constexpr Attribute EquipmentCountAttributes[] = {
+    {u"EquipmentID", u"EquipmentID"},
+    {u"ChangeDate", u"Last Date"},
+    {u"CountType", u"CountType"},
+    {u"LastCount", u"Last Count"},
+    {u"CurrentCount", {}, Escape::No, u"0"},
+};
+constexpr Section EquipmentCount{"EquipmentCount_XML", u"tblEquipmentCount",
+                                 EquipmentCountAttributes,
+                                 [] { return readings::due(readings::delay()); }};
+
+constexpr Attribute WorkOrderAttributes[] = {
+    {u"WorkorderNo", u"WorkorderNo"},
+    {u"EquipmentID", u"EquipmentID"},
+    {u"Complete", {}, Escape::No, u"N"},
+    {u"CompletedDate", {}},
+};
+constexpr Section WorkOrder{
+    "WorkOrder_XML", u"tblWorkorder", WorkOrderAttributes, [] {
+        return dataConnection().Open(
+            u"SELECT DISTINCT tblWorkorder.WorkorderNo, tblWorkorder.EquipmentID, "
+            "tblWorkorder.Complete, tblWorkorder.CompletedDate FROM tblWorkorder INNER "
+            "JOIN tblWoServiceUsed ON tblWorkorder.WorkorderNo = "
+            "tblWoServiceUsed.WorkorderNo where tblWorkorder.Complete = False"_s);
+    }};
+
+constexpr Attribute ServiceUsedAttributes[] = {
+    {u"ServiceUsedID", u"NserviceUsedID"},
+    {u"EquipmentID", u"EquipmentID"},
+    {u"ServiceID", u"ServiceID"},
+    {u"Name", u"Name", Escape::Yes},
+    {u"WorkOrderNo", u"WorkOrderNo"},
+    {u"Completed", {}, Escape::No, u"N"},
+    {u"StartTime", u"StartTime"},
+    {u"EndTime", u"EndTime"},
+    {u"Notes", u"Note", Escape::Yes},
+    {u"Mhrs", u"Mhrs"},
+    {u"Period", u"Period"},
+    {u"CrewID", u"CrewID"},
+    {u"JobNO", u"JobNO"},
+    {u"LastReading", {}, Escape::No, {}, lastReading},
+};
+constexpr Section ServiceUsed{
+    "ServiceUsed_XML", u"tblServiceUsed", ServiceUsedAttributes, [] {
+        return dataConnection().Open(
+            u"SELECT tblWoServiceUsed.NserviceUsedID, tblWoServiceUsed.ServiceID, "
+            "tblWoServiceUsed.EquipmentID, tblWoServiceUsed.Name, "
+            "tblWoServiceUsed.WorkOrderNo, tblWoServiceUsed.Completed, "
+            "tblWoServiceUsed.StartTime, tblWoServiceUsed.EndTime, tblWoServiceUsed.Note, "
+            "tblWoServiceUsed.Period, tblWoServiceUsed.CrewID, tblWoServiceUsed.JobNO, "
+            "tblServiceUsed.LaborEstimate AS Mhrs FROM (tblWorkorder LEFT JOIN "
+            "tblWoServiceUsed ON tblWorkorder.WorkorderNo = tblWoServiceUsed.WorkorderNo) "
+            "LEFT JOIN tblServiceUsed ON tblWoServiceUsed.Serviceusedid = "
+            "tblServiceUsed.Serviceusedid where tblWoServiceUsed.Completed=False and "
+            "tblWorkorder.Complete=False"_s);
+    }};
+
+constexpr Attribute ServiceUsedPartAttributes[] = {
+    {u"ServiceUsedID", u"NserviceUsedID"},
+    {u"PartID", u"PartID", Escape::Yes},
+    {u"QtyReq", u"QuantityRequired"},
+    {u"Price", u"Price"},
+    {u"Used", u"Used"},
+    {u"QtyUsed", u"QuantityUsed"},
+};
+constexpr Section ServiceUsedPart{
+    "ServiceUsedPart_XML", u"tblServiceUsedPart", ServiceUsedPartAttributes, [] {
+        return dataConnection().Open(
+            u"SELECT tblWoServiceUsed.NserviceUsedID, tblWoPartUsed.PartID, "
+            "tblPart.Description, tblWoPartUsed.QuantityRequired, tblWoPartUsed.Price, "
+            "tblWoPartUsed.Used, tblWoPartUsed.QuantityUsed, "
+            "tblWoServiceUsed.WorkOrderNo FROM (tblWoServiceUsed INNER JOIN "
+            "tblWoPartUsed ON tblWoServiceUsed.NserviceUsedID = "
+            "tblWoPartUsed.ServiceUsedID) INNER JOIN tblPart ON tblWoPartUsed.PartID = "
+            "tblPart.PartID where tblWoServiceUsed.WorkOrderNo in (Select WorkorderNo "
+            "from tblWorkorder where Complete=False)"_s);
+    }};
+
+constexpr Attribute PartAttributes[] = {
+    {u"PartID", u"PartID", Escape::Yes},
+    {u"Description", u"Description", Escape::Yes},
+    {u"QtyOnHand", u"Quantity"},
+    // The blank belongs to the format.
+    {u"Part_BarCode ", u"Bar_Code", Escape::Yes},
+    {u"QtyReceived", {}, Escape::No, u"0"},
+    {u"Price", u"Price"},
+};
+constexpr Section Part{
+    "Part_XML", u"tblPart", PartAttributes, [] {
+        return dataConnection().Open(
+            u"Select PartID, Description, Quantity, Bar_Code, Price from tblPart"_s);
+    }};
+
+constexpr Attribute ServiceAttributes[] = {
+    {u"ServiceID", u"ServiceID"},
+    {u"Name", u"Name", Escape::Yes},
+    {u"CrewID", u"CrewID", Escape::No, u"0"},
+    {u"CostCenterID", u"CostCenterID", Escape::No, u"0"},
+    {u"Period", u"Period"},
+    {u"CostEstimate", u"CostEstimate", Escape::No, u"0"},
+    {u"Mhr", u"LaborEstimate", Escape::No, u"0"},
+    {u"Note", u"Note", Escape::Yes},
+    {u"JobNo", u"JobNo", Escape::No, u"0"},
+};
+constexpr Section Service{"Service_XML", u"tblService", ServiceAttributes,
+                          [] { return dataConnection().Open(u"SELECT * FROM tblservices"_s); }};
+
+// Two names say other things than the values are, and the handheld knows them so.
+constexpr Attribute ServicePartAttributes[] = {
+    {u"PartID", u"PartID", Escape::Yes},
+    {u"ServiceUsedID", u"ServiceID"},
+    {u"QtyReq", u"QuantityRequired", Escape::No, u"0"},
+    {u"Price", u"Price", Escape::No, u"0"},
+    {u"QtyUsed", u"SupplierID", Escape::No, u"0"},
+};
+constexpr Section ServicePart{"ServicePart_XML", u"tblServicePart", ServicePartAttributes, [] {
+                                  return dataConnection().Open(u" SELECT * FROM tblservicespart"_s);
+                              }};
+
+constexpr const Section *Sections[] = {&Equipment, &Crew,        &EquipmentCount,
+                                       &WorkOrder, &ServiceUsed, &ServiceUsedPart,
+                                       &Part,      &Service,     &ServicePart};
+
+Written exchangeText()
 {
-    QString text = u"<?xml version=\"1.0\" encoding=\"UTF-8\"?><tables>"_s + Return;
-    for (QString (*const build)() :
-         {Equipment_XML, Crew_XML, EquipmentCount_XML, WorkOrder_XML, ServiceUsed_XML,
-          ServiceUsedPart_XML, Part_XML, Service_XML, ServicePart_XML}) {
-        const QString built = build();
-        if (!built.trimmed().isEmpty())
-            text += built;
-    }
-    return text + Return + u"</tables>"_s;
+    Written written{u"<?xml version=\"1.0\" encoding=\"UTF-8\"?><tables>"_s + Return};
+    for (const Section *section : Sections)
+        append(written, *section);
+    written.text += Return + u"</tables>"_s;
+    return written;
 }
 
 /// True when an element stands in the root.
-bool hasSections(const QString &text)
+bool hasSections(const QByteArray &text)
 {
     QXmlStreamReader reader(text);
     return reader.readNextStartElement() && reader.readNextStartElement();
@@ -137,8 +309,9 @@ bool GenrateXML(bool &failed)
     return base::trapped(Module, "GenrateXML", false, [&] {
         // A section that can't be read must not be missing from a file that looks whole.
         const base::Whole whole;
-        const QString text = exchangeText();
-        if (const auto fault = faultIn(text)) {
+        const Written written = exchangeText();
+        const QByteArray text = written.text.toUtf8();
+        if (const auto fault = written.isPlain ? std::nullopt : faultIn(text)) {
             told::critical(fault->text());
             return false;
         }
@@ -148,7 +321,7 @@ bool GenrateXML(bool &failed)
             return false;
         }
         sys::makeFolder(base::applicationPath(u"\\XML_OUT"_s));
-        sys::writeFile(exportedFile(), text.toUtf8());
+        sys::writeFile(exportedFile(), text);
         failed = false;
         told::information(u"Quorvantis records have been exported successfully.\n"
                               "Put the Windows Mobile device Into the cradle."_s);
@@ -158,159 +331,47 @@ bool GenrateXML(bool &failed)
 
 QString Equipment_XML()
 {
-    static constexpr Attribute attributes[] = {
-        {u"EquipmentID", u"EquipmentID"},
-        {u"UnitNo", u"UnitNo"},
-        {u"EquipmentName", u"EquipmentName", Escape::Yes},
-        {u"CrewID", u"CrewID"},
-        {u"Equip_BarCode", u"Bar_Code", Escape::Yes},
-        {u"LastCrewID", u"CrewID"},
-    };
-    return sectionOf("Equipment_XML", u"tblEquipment",
-                     u"Select EquipmentID, UnitNo, EquipmentName, CrewID, Bar_Code from "
-                     "tblEquipment"_s,
-                     attributes);
+    return textOf(Equipment);
 }
 
 QString Crew_XML()
 {
-    static constexpr Attribute attributes[] = {
-        {u"CrewID", u"CrewID"},
-        {u"CrewNumber", u"CrewNumber"},
-        {u"Description", u"Description", Escape::Yes},
-    };
-    return sectionOf("Crew_XML", u"tblCrew",
-                     u"Select CrewID, CrewNumber, Description from tblCrew"_s, attributes);
+    return textOf(Crew);
 }
 
 QString EquipmentCount_XML()
 {
-    static constexpr Attribute attributes[] = {
-        {u"EquipmentID", u"EquipmentID"},
-        {u"ChangeDate", u"Last Date"},
-        {u"CountType", u"CountType"},
-        {u"LastCount", u"Last Count"},
-        {u"CurrentCount", {}, Escape::No, u"0"},
-    };
-    return base::trapped(Module, "EquipmentCount_XML", QString(), [&] {
-        return section(u"tblEquipmentCount", readings::due(readings::delay()), attributes);
-    });
+    return textOf(EquipmentCount);
 }
 
 QString WorkOrder_XML()
 {
-    static constexpr Attribute attributes[] = {
-        {u"WorkorderNo", u"WorkorderNo"},
-        {u"EquipmentID", u"EquipmentID"},
-        {u"Complete", {}, Escape::No, u"N"},
-        {u"CompletedDate", {}},
-    };
-    return sectionOf("WorkOrder_XML", u"tblWorkorder",
-                     u"SELECT DISTINCT tblWorkorder.WorkorderNo, tblWorkorder.EquipmentID, "
-                     "tblWorkorder.Complete, tblWorkorder.CompletedDate FROM tblWorkorder INNER "
-                     "JOIN tblWoServiceUsed ON tblWorkorder.WorkorderNo = "
-                     "tblWoServiceUsed.WorkorderNo where tblWorkorder.Complete = False"_s,
-                     attributes);
+    return textOf(WorkOrder);
 }
 
 QString ServiceUsed_XML()
 {
-    static constexpr Attribute attributes[] = {
-        {u"ServiceUsedID", u"NserviceUsedID"},
-        {u"EquipmentID", u"EquipmentID"},
-        {u"ServiceID", u"ServiceID"},
-        {u"Name", u"Name", Escape::Yes},
-        {u"WorkOrderNo", u"WorkOrderNo"},
-        {u"Completed", {}, Escape::No, u"N"},
-        {u"StartTime", u"StartTime"},
-        {u"EndTime", u"EndTime"},
-        {u"Notes", u"Note", Escape::Yes},
-        {u"Mhrs", u"Mhrs"},
-        {u"Period", u"Period"},
-        {u"CrewID", u"CrewID"},
-        {u"JobNO", u"JobNO"},
-        {u"LastReading", {}, Escape::No, {}, lastReading},
-    };
-    return sectionOf("ServiceUsed_XML", u"tblServiceUsed",
-                     u"SELECT tblWoServiceUsed.NserviceUsedID, tblWoServiceUsed.ServiceID, "
-                     "tblWoServiceUsed.EquipmentID, tblWoServiceUsed.Name, "
-                     "tblWoServiceUsed.WorkOrderNo, tblWoServiceUsed.Completed, "
-                     "tblWoServiceUsed.StartTime, tblWoServiceUsed.EndTime, tblWoServiceUsed.Note, "
-                     "tblWoServiceUsed.Period, tblWoServiceUsed.CrewID, tblWoServiceUsed.JobNO, "
-                     "tblServiceUsed.LaborEstimate AS Mhrs FROM (tblWorkorder LEFT JOIN "
-                     "tblWoServiceUsed ON tblWorkorder.WorkorderNo = tblWoServiceUsed.WorkorderNo) "
-                     "LEFT JOIN tblServiceUsed ON tblWoServiceUsed.Serviceusedid = "
-                     "tblServiceUsed.Serviceusedid where tblWoServiceUsed.Completed=False and "
-                     "tblWorkorder.Complete=False"_s,
-                     attributes);
+    return textOf(ServiceUsed);
 }
 
 QString ServiceUsedPart_XML()
 {
-    static constexpr Attribute attributes[] = {
-        {u"ServiceUsedID", u"NserviceUsedID"},
-        {u"PartID", u"PartID", Escape::Yes},
-        {u"QtyReq", u"QuantityRequired"},
-        {u"Price", u"Price"},
-        {u"Used", u"Used"},
-        {u"QtyUsed", u"QuantityUsed"},
-    };
-    return sectionOf("ServiceUsedPart_XML", u"tblServiceUsedPart",
-                     u"SELECT tblWoServiceUsed.NserviceUsedID, tblWoPartUsed.PartID, "
-                     "tblPart.Description, tblWoPartUsed.QuantityRequired, tblWoPartUsed.Price, "
-                     "tblWoPartUsed.Used, tblWoPartUsed.QuantityUsed, "
-                     "tblWoServiceUsed.WorkOrderNo FROM (tblWoServiceUsed INNER JOIN "
-                     "tblWoPartUsed ON tblWoServiceUsed.NserviceUsedID = "
-                     "tblWoPartUsed.ServiceUsedID) INNER JOIN tblPart ON tblWoPartUsed.PartID = "
-                     "tblPart.PartID where tblWoServiceUsed.WorkOrderNo in (Select WorkorderNo "
-                     "from tblWorkorder where Complete=False)"_s,
-                     attributes);
+    return textOf(ServiceUsedPart);
 }
 
 QString Part_XML()
 {
-    static constexpr Attribute attributes[] = {
-        {u"PartID", u"PartID", Escape::Yes},
-        {u"Description", u"Description", Escape::Yes},
-        {u"QtyOnHand", u"Quantity"},
-        // The blank belongs to the format.
-        {u"Part_BarCode ", u"Bar_Code", Escape::Yes},
-        {u"QtyReceived", {}, Escape::No, u"0"},
-        {u"Price", u"Price"},
-    };
-    return sectionOf("Part_XML", u"tblPart",
-                     u"Select PartID, Description, Quantity, Bar_Code, Price from tblPart"_s,
-                     attributes);
+    return textOf(Part);
 }
 
 QString Service_XML()
 {
-    static constexpr Attribute attributes[] = {
-        {u"ServiceID", u"ServiceID"},
-        {u"Name", u"Name", Escape::Yes},
-        {u"CrewID", u"CrewID", Escape::No, u"0"},
-        {u"CostCenterID", u"CostCenterID", Escape::No, u"0"},
-        {u"Period", u"Period"},
-        {u"CostEstimate", u"CostEstimate", Escape::No, u"0"},
-        {u"Mhr", u"LaborEstimate", Escape::No, u"0"},
-        {u"Note", u"Note", Escape::Yes},
-        {u"JobNo", u"JobNo", Escape::No, u"0"},
-    };
-    return sectionOf("Service_XML", u"tblService", u"SELECT * FROM tblservices"_s, attributes);
+    return textOf(Service);
 }
 
 QString ServicePart_XML()
 {
-    // Two names say other things than the values are, and the handheld knows them so.
-    static constexpr Attribute attributes[] = {
-        {u"PartID", u"PartID", Escape::Yes},
-        {u"ServiceUsedID", u"ServiceID"},
-        {u"QtyReq", u"QuantityRequired", Escape::No, u"0"},
-        {u"Price", u"Price", Escape::No, u"0"},
-        {u"QtyUsed", u"SupplierID", Escape::No, u"0"},
-    };
-    return sectionOf("ServicePart_XML", u"tblServicePart", u" SELECT * FROM tblservicespart"_s,
-                     attributes);
+    return textOf(ServicePart);
 }
 
 } // namespace exchange

@@ -46,7 +46,7 @@ void ImportLog::add(Kind kind, const QStringList &ids)
         m_text += u"        "_s + line + u"\r\n"_s;
 }
 
-void ImportLog::write() const
+void ImportLog::CreateLogFile() const
 {
     sys::makeFolder(base::applicationPath(u"\\Log"_s));
     sys::writeFile(

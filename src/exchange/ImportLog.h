@@ -18,7 +18,7 @@ public:
     [[nodiscard]] bool hasFailures() const { return !m_text.isEmpty(); }
 
     /// Writes "\Log\QVLog.txt" anew. Raises base::Error.
-    void write() const;
+    void CreateLogFile() const;
 
 private:
     QString m_text;

@@ -86,7 +86,7 @@ bool ImportXml::run(const QString &name)
         return false;
     }
     walk();
-    m_log.write();
+    m_log.CreateLogFile();
     if (!m_log.hasFailures())
         deleteImported(name, content);
     return true;

@@ -53,7 +53,7 @@ SectionFile::SectionFile(const QByteArray &content)
     m_sections = sectionsIn(reader);
     if (!reader.hasError())
         return;
-    m_fault = faultAt(reader, QString::fromUtf8(content));
+    m_fault = faultAt(reader, content);
     m_sections.clear();
 }
 

@@ -125,4 +125,9 @@ QString writtenColumn(const QString &ofTable, const QString &name)
     return bracketed(found.name);
 }
 
+bool holdsFractions(const QString &ofTable, const QString &name)
+{
+    return known(known(ofTable), name).kind == sql::ColumnKind::Real;
+}
+
 } // namespace exchange::spliced

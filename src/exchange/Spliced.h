@@ -30,4 +30,7 @@ namespace exchange::spliced {
 /// The same of a column that is to be written: a number that the database itself gives is refused.
 [[nodiscard]] QString writtenColumn(const QString &ofTable, const QString &name);
 
+/// True for a column of binary fractions, whose sums have to be rounded. Data.
+[[nodiscard]] bool holdsFractions(const QString &ofTable, const QString &name);
+
 } // namespace exchange::spliced

@@ -38,9 +38,10 @@ QString XmlFault::text() const
     return reason + u"\n\nLINE: "_s + QString::number(line) + u"  "_s + source;
 }
 
-XmlFault faultAt(const QXmlStreamReader &reader, const QString &text)
+XmlFault faultAt(const QXmlStreamReader &reader, const QByteArray &text)
 {
-    XmlFault fault{reader.errorString(), reader.lineNumber(), lineOf(text, reader.lineNumber())};
+    XmlFault fault{reader.errorString(), reader.lineNumber(),
+                   lineOf(QString::fromUtf8(text), reader.lineNumber())};
     if (fault.source.size() > LongestSource) {
         const qsizetype begin = std::max<qsizetype>(
             0, std::min<qsizetype>(reader.columnNumber(), fault.source.size()) - LongestSource / 2);
@@ -49,7 +50,7 @@ XmlFault faultAt(const QXmlStreamReader &reader, const QString &text)
     return fault;
 }
 
-std::optional<XmlFault> faultIn(const QString &text)
+std::optional<XmlFault> faultIn(const QByteArray &text)
 {
     QXmlStreamReader reader(text);
     while (!reader.atEnd())

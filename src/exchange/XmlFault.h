@@ -19,9 +19,9 @@ struct XmlFault
     [[nodiscard]] QString text() const;
 };
 
-/// The fault at which a reader of this text has stopped.
-[[nodiscard]] XmlFault faultAt(const QXmlStreamReader &reader, const QString &text);
-/// The first fault of a text; nothing when it is well-formed.
-[[nodiscard]] std::optional<XmlFault> faultIn(const QString &text);
+/// The fault at which a reader of this text, in UTF-8 or nearly so, has stopped.
+[[nodiscard]] XmlFault faultAt(const QXmlStreamReader &reader, const QByteArray &text);
+/// The first fault of a text in UTF-8; nothing when it is well-formed.
+[[nodiscard]] std::optional<XmlFault> faultIn(const QByteArray &text);
 
 } // namespace exchange

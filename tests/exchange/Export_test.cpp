@@ -1,6 +1,7 @@
 #include "exchange/Export.h"
 
 #include "core/CompanySession.h"
+#include "exchange/Handheld.h"
 #include "exchange/ValueText.h"
 #include "exchange/XmlFault.h"
 #include "platform/base/Error.h"
@@ -166,12 +167,46 @@ TEST_F(Export, StopsAtANameThatIsNoXmlAndKeepsTheFormerFile)
     test::ScriptedPrompts prompts;
     const QString source = u"<record EquipmentID=\"1\" UnitNo=\"M1\" EquipmentName=\"a < b\" "
                            "CrewID=\"1\" Equip_BarCode=\"\" LastCrewID=\"1\" />"_s;
-    const QString reason = exchange::faultIn(u"<a b=\"<\"/>"_s).value().reason;
+    const QString reason = exchange::faultIn("<a b=\"<\"/>").value().reason;
     prompts.expect(reason + u"\n\nLINE: 3  "_s + source, Icon::Critical);
     bool failed = false;
     EXPECT_FALSE(exchange::GenrateXML(failed));
     EXPECT_TRUE(failed);
     EXPECT_EQ(readFile(exchange::exportedFile()), former);
+}
+
+/// A text that would be no XML never gets through, whichever raw or escaped value spoils it.
+TEST_F(Export, FindsWhateverSpoilsTheText)
+{
+    const struct
+    {
+        const char16_t *unit;
+        const char16_t *name;
+        bool isXml;
+    } rows[] = {
+        {u"M & N", u"", false},
+        {u"M&amp;N", u"", true},
+        {u"M\" UnitNo=\"N", u"", false},
+        {u"M\" Other=\"N", u"", true},
+        {u"", u"a<b", false},
+        {u"", u"a\u0001b", false},
+        {u"", u"a\uffffb", false},
+        {u"", u"two\r\nlines\t>", true},
+        {u"", u"\U0001f33f & \"more\"", true},
+    };
+    for (const auto &[unit, name, isXml] : rows) {
+        gcnData->Execute(u"Delete from tblEquipment"_s);
+        machine(1, {{u"UnitNo"_s, QString::fromUtf16(unit)},
+                    {u"EquipmentName"_s, QString::fromUtf16(name)}});
+        const test::PatientUser user;
+        bool failed = false;
+        EXPECT_EQ(exchange::GenrateXML(failed), isXml) << user.told.toStdString();
+        EXPECT_EQ(failed, !isXml);
+        if (isXml) {
+            const auto fault = exchange::faultIn(readFile(exchange::exportedFile()));
+            EXPECT_FALSE(fault);
+        }
+    }
 }
 
 TEST_F(Export, WithoutAnythingToExportTellsSoAndMayBeTriedAgain)
@@ -260,15 +295,14 @@ TEST(ValueText, HasOneFormForEachKindOfValue)
 
 TEST(XmlFault, NamesTheLineHoweverLinesEnd)
 {
-    for (const char16_t *text :
-         {u"<a>\r<b>\rx</c>\r", u"<a>\n<b>\nx</c>", u"<a>\r\n<b>\r\nx</c>"}) {
-        const auto fault = exchange::faultIn(QString::fromUtf16(text));
+    for (const char *text : {"<a>\r<b>\rx</c>\r", "<a>\n<b>\nx</c>", "<a>\r\n<b>\r\nx</c>"}) {
+        const auto fault = exchange::faultIn(text);
         ASSERT_TRUE(fault);
         EXPECT_EQ(fault->line, 3);
         EXPECT_EQ(fault->source, u"x</c>");
     }
-    EXPECT_FALSE(exchange::faultIn(u"<a/>"_s));
-    const auto longLine = exchange::faultIn(u"<a b=\"%1\" c=<>"_s.arg(QString(5000, u'x')));
+    EXPECT_FALSE(exchange::faultIn("<a/>"));
+    const auto longLine = exchange::faultIn("<a b=\"" + QByteArray(5000, 'x') + "\" c=<>");
     ASSERT_TRUE(longLine);
     EXPECT_TRUE(longLine->source.endsWith(u"c=<>"));
     EXPECT_LT(longLine->source.size(), 1000);

@@ -301,8 +301,7 @@ TEST_F(ImportFile, KeepsACopyAndTellsOfAFileThatCannotBeRead)
         Icon icon;
     } rows[] = {
         {"<tables>\r<a></b>",
-         exchange::faultIn(u"<tables>\r<a></b>"_s).value().text() +
-             u"\nData Import process Failed "_s,
+         exchange::faultIn("<tables>\r<a></b>").value().text() + u"\nData Import process Failed "_s,
          Icon::Critical},
         {"<other><tblParts/></other>",
          u"Data.xml does not contain any data which can be imported."_s, Icon::None},

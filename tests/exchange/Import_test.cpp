@@ -211,6 +211,19 @@ TEST_F(Import, UpdatesOneColumnOfARowByItsKey)
     }
 }
 
+TEST_F(Import, AddsDecimalsAsTheyAreWritten)
+{
+    part(u"P-1"_s, 0.1);
+    expectImported(command("RecordPart", {u"tblPart"_s, u"PartID"_s, u"P-1"_s, u""_s, u"Quantity"_s,
+                                          u""_s, u"0.2"_s}));
+    EXPECT_EQ(value(u"Select Quantity from tblPart"_s).toDouble(), 0.3);
+    mark();
+    expectImported(command(
+        "RecordPart", {u"tblPart"_s, u"PartID"_s, u"P-1"_s, u""_s, u"Price"_s, u""_s, u"0.25"_s}));
+    EXPECT_TRUE(value(u"Select Price from tblPart"_s).isNull() ||
+                value(u"Select Price from tblPart"_s).toDouble() == 0.25);
+}
+
 TEST_F(Import, FindsALineOfTheHandheldByItsIdAndATextKey)
 {
     for (const QString &type : {u"T"_s, u"C"_s}) {

@@ -5,6 +5,7 @@
 #include "administration/ui/Entries.h"
 #include "administration/ui/WaitPointer.h"
 #include "core/Session.h"
+#include "core/ui/Launch.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "platform/input/FormBuilder.h"
