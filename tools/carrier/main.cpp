@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFileInfo>
+#include <QProgressDialog>
 #include <QTextStream>
 #include <QTimer>
 
@@ -21,6 +22,9 @@ using namespace Qt::StringLiterals;
 
 constexpr int Done = 0;
 constexpr int Failed = 1;
+constexpr int WindowAfter = 1000; ///< milliseconds
+/// What a slow device may take for a file.
+constexpr std::chrono::seconds ShortestPatience(20);
 
 /// Runs the carrying beside the windows: a share that has gone away may hold up whoever asks for
 /// it, for minutes.
@@ -32,6 +36,13 @@ public:
         , m_fetches(fetches)
     {
         m_clock.start();
+        m_window.setWindowTitle(QApplication::applicationName());
+        m_window.setMinimumDuration(WindowAfter);
+        m_window.setValue(0);
+        if (m_settings.textOnly)
+            m_window.reset();
+        // What is written appears whole or not at all, so the worker need not be asked.
+        connect(&m_window, &QProgressDialog::canceled, this, [] { std::_Exit(Failed); });
         connect(&m_watch, &QTimer::timeout, this, [this] { watch(); });
         m_watch.start(std::chrono::milliseconds(200));
         m_worker = std::thread([this] { carry(); });
@@ -68,6 +79,7 @@ private:
         QMetaObject::invokeMethod(
             this,
             [&] {
+                m_window.reset();
                 if (m_settings.textOnly)
                     QTextStream(stderr) << question << "\nNo." << Qt::endl;
                 else
@@ -78,8 +90,9 @@ private:
         return yes;
     }
 
-    void tell(const QString &failure) const
+    void tell(const QString &failure)
     {
+        m_window.reset();
         if (m_settings.textOnly)
             QTextStream(stderr) << failure << Qt::endl;
         else
@@ -98,8 +111,8 @@ private:
     {
         const qint64 alive = m_alive;
         // Waiting for the device has its own end within that time.
-        if (alive == Ended ||
-            std::chrono::milliseconds(m_clock.elapsed() - alive) <= 2 * m_settings.patience)
+        if (alive == Ended || std::chrono::milliseconds(m_clock.elapsed() - alive) <=
+                                  m_settings.patience + ShortestPatience)
             return;
         m_watch.stop();
         tell(u"The handheld doesn't answer any more. Take it out, connect it again, and repeat the "
@@ -112,6 +125,8 @@ private:
 
     carrier::Settings m_settings;
     bool m_fetches;
+    QProgressDialog m_window{QStringLiteral("Waiting for the handheld..."),
+                             QStringLiteral("Cancel"), 0, 0};
     QElapsedTimer m_clock;
     std::atomic<qint64> m_alive{0};
     QTimer m_watch;

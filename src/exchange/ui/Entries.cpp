@@ -16,13 +16,22 @@ namespace {
 /// With a progress that the user may end.
 bool importFiles()
 {
-    input::ProgressBox box(u"Importing what the handheld has recorded..."_s);
-    box.offerCancel();
-    return exchange::Importdata([&box](int done, int all) {
-        box.tell(done, all);
-        if (box.wasCancelled())
-            throw exchange::Cancelled();
-    });
+    bool cancelled = false;
+    const auto run = [&] {
+        input::ProgressBox box(u"Importing what the handheld has recorded..."_s);
+        box.offerCancel();
+        return exchange::Importdata([&](int done, int all) {
+            box.tell(done, all);
+            cancelled = box.wasCancelled();
+            if (cancelled)
+                throw exchange::Cancelled();
+        });
+    };
+    const bool done = run();
+    if (cancelled)
+        base::showMessage(u"The import was cancelled. Nothing has changed, and the files are still "
+                          "there."_s);
+    return done;
 }
 
 } // namespace

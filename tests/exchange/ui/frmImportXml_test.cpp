@@ -174,6 +174,7 @@ TEST_F(ImportMenu, CanBeCancelledOnceItTakesLong)
         box.hide();
     });
     mnuImporttXml_Click();
+    EXPECT_TRUE(user.told.endsWith(u"files are still there.\n"));
     EXPECT_EQ(count(u"tblEquipmentCount"_s), 0);
     EXPECT_EQ(files(), u"Count1.xml done.txt");
 }
