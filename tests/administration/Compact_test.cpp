@@ -57,6 +57,14 @@ TEST_F(Compacts, LeaveADatabaseInUseAlone)
     expectWorking(1);
 }
 
+TEST_F(Compacts, LeaveAServersFilesToIt)
+{
+    settings::registry().setValue(settings::ProductKey, u"HOST"_s, u"office"_s);
+    CompactDatabase();
+    EXPECT_TRUE(errors.takeOne().ErrDescription.contains(u"office"_s));
+    EXPECT_EQ(filesIn(backups()), QStringList());
+}
+
 TEST_F(Compacts, LeaveADatabaseOfTheBackupsNameAlone)
 {
     closeConnections();

@@ -84,6 +84,9 @@ TEST_F(RestoreScreen, RefusesWhatIsNoBackup)
             say(u"Invalid Path Selected"_s);
             screen.press("cmdRestore");
         }
+        choose(screen, gsDatabasePath);
+        say(u"That is the database itself. Please choose a backup."_s);
+        screen.press("cmdRestore");
         choose(screen, stick() + u"/picture"_s);
         say(u"Backup file is corrupt or not valid"_s);
         screen.press("cmdRestore");

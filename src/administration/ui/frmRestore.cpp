@@ -241,6 +241,10 @@ void frmRestore::cmdRestore_Click()
             base::showMessage(u"Invalid Path Selected"_s);
             return;
         }
+        if (QFileInfo(wanted.file) == QFileInfo(gsDatabasePath)) {
+            base::showMessage(u"That is the database itself. Please choose a backup."_s);
+            return;
+        }
         const std::optional<Checked> checked = check();
         if (!checked || !isWanted(checked->summary))
             return;
