@@ -7,6 +7,10 @@
 #include "core/ui/ScreenDriver.h"
 #include "shell/ui/MainBoard.h"
 #include "support/ScriptedPrompts.h"
+#include "support/TestFiles.h"
+
+#include <QDir>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -79,4 +83,22 @@ TEST_F(Roads, TheBoardThatAppearsIsReadOnce)
     board.LoadData();
     EXPECT_GT(statements, 0) << "whoever comes back sees the board anew";
     gcnData->setObserver({});
+}
+
+TEST_F(Roads, AFailedUpdateFromTheMenuLeadsToItsReport)
+{
+    settings::registry().setValue(settings::ProductKey, u"VERSION"_s, u"1.0.1"_s);
+    const QString script = base::applicationPath(u"\\Script\\DBChanges.mdb"_s);
+    QDir().mkpath(QFileInfo(script).absolutePath());
+    EXPECT_TRUE(openings().open(u"mnuUpdateDatabase"_s)) << "without a script nothing fails";
+    test::writeFile(script, "no database");
+    prompts.expect(u"Failed to update the database."_s, base::Prompts::Icon::Information);
+    openings().open(u"mnuUpdateDatabase"_s);
+    int reported = 0;
+    openings().join(u"frmSendDBUpdate"_s, [&reported] { ++reported; });
+    openings().open(u"mnuUpdateDatabase"_s);
+    EXPECT_EQ(reported, 1);
+    QFile::remove(script);
+    openings().open(u"mnuUpdateDatabase"_s);
+    EXPECT_EQ(reported, 1);
 }
