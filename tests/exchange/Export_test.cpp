@@ -90,7 +90,8 @@ protected:
               {u"JobNo"_s, 12}});
         const qint64 done = line(open, 1, {{u"Completed"_s, true}});
         line(open, 1,
-             {{u"ServiceID"_s, QVariant()}, {u"CrewID"_s, QVariant()}, {u"Period"_s, QVariant()}});
+             {{u"ServiceID"_s, QVariant()}, {u"CrewID"_s, QVariant()}, {u"Period"_s, u"W"_s}});
+        line(open, 2, {{u"Period"_s, QVariant()}});
         insert(u"tblWoPartUsed"_s, {{u"ServiceUsedID"_s, done},
                                     {u"PartID"_s, u"P&1"_s},
                                     {u"QuantityRequired"_s, 2.5},
@@ -146,6 +147,7 @@ TEST_F(Export, WritesTheFileOfASmallCompanyByteForByte)
     reading(1, at(3, 9, {14, 5}), u"Hours"_s, 480);
     reading(1, at(3, 2), u"Hours"_s, 900);
     reading(1, at(3, 16), u"Miles"_s, 20);
+    reading(1, at(3, 16), u"Weeks"_s, 30); // no meter goes by them
     const QByteArray golden = readFile(QStringLiteral(QUORVANTIS_TEST_DATA "/Data.xml"));
     EXPECT_EQ(QString::fromUtf8(exported()).replace(u'\r', u'\n'), QString::fromUtf8(golden))
         << "the file in tests/exchange/data has line feeds where the format has carriage returns";

@@ -61,6 +61,7 @@ TEST_F(ImportFile, MovesMachinesToCrewsAndKeepsBarCodesUnique)
 {
     machine(2, u"M2"_s, {{u"Bar_Code"_s, u"B1"_s}});
     machine(3, u"M3"_s, {{u"Bar_Code"_s, u"B3"_s}, {u"CrewID"_s, 1}});
+    machine(4, u"M4"_s, {{u"Bar_Code"_s, u" "_s}});
     const QByteArray crew = QByteArray::number(crew2);
     import(section("TBLEQUIPMENT",
                    {"equip_barcode='B1' CREWID='" + crew + "' EquipmentID='1' LastCrewID='7'",
@@ -68,7 +69,7 @@ TEST_F(ImportFile, MovesMachinesToCrewsAndKeepsBarCodesUnique)
                     "EquipmentID='' CrewID='1'"}));
     EXPECT_EQ(found(u"Select EquipmentID, CrewID, Bar_Code from tblEquipment order by "
                     "EquipmentID"_s),
-              u"1|%1|B1\n2|0|\n3|99| "_s.arg(crew2));
+              u"1|%1|B1\n2|0|\n3|99| \n4|0| "_s.arg(crew2));
     EXPECT_EQ(found(u"Select EquipmentID, CrewNumber, CrewDescription from "
                     "tblEquipmentCrewHistory"_s),
               u"1|2|South\n3|0|");
@@ -93,8 +94,9 @@ TEST_F(ImportFile, StoresReadingsThatAreNotBelowTheHighest)
         return "EquipmentID='1' ChangeDate='3/9/2024' CountType='" + type +
                "' LastCount='9' CurrentCount='" + count + "'";
     };
-    import(section("tblEquipmentCount", {reading("0"), reading(""), reading("499"), reading("500"),
-                                         reading("3", "Miles"), reading("0", "Miles")}));
+    import(section("tblEquipmentCount",
+                   {reading("0"), reading("0", "Counts"), reading(""), reading("499"),
+                    reading("500"), reading("3", "Miles"), reading("0", "Miles")}));
     EXPECT_EQ(found(u"Select ChangeDate, CountType, CountValue from tblEquipmentCount"_s),
               u"3/1/2024|Hours|500\n3/9/2024|Hours|500\n3/9/2024|Miles|3");
     EXPECT_EQ(

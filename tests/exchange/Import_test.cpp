@@ -104,6 +104,7 @@ TEST_F(Import, ForgetsTheHandheldsIdsFromOneRunToTheNext)
                    Icon::Information);
     send(u"Sy1.xml"_s, newService(u"S1"_s, u"W1"_s));
     EXPECT_FALSE(Importdata());
+    EXPECT_EQ(count(u"tblWotemp"_s), 0);
 }
 
 TEST_F(Import, TakesTheSecondOrderOfAnIdAsAChangeOfTheFirst)
@@ -469,9 +470,8 @@ TEST_F(Import, LeavesEverythingAsItWasWhicheverStatementFails)
 
 TEST_F(Import, KeepsAsideWhatIsNoXmlAndImportsTheRest)
 {
-    QByteArray deep = "<a>";
-    for (int level = 0; level < 100'000; ++level)
-        deep += "<v>";
+    const QByteArray deep =
+        "<a>" + QByteArray("<v>").repeated(100'000) + QByteArray("</v>").repeated(100'000) + "</a>";
     const struct
     {
         const char *name;
