@@ -167,6 +167,23 @@ TEST(Paginate, TotalsOfPagesCountOnlyWhatStandsOnThem)
               "a 1 2 =3 / b 4 8 c 16 =28");
 }
 
+TEST(Paginate, TotalsOfPagesCountRowsWithoutABandToo)
+{
+    const Layout layout = smallLayout(
+        R"(<group name="g" by="A" keepTogether="yes"/>
+           <band kind="detail" height="5mm" printIf="B = 1"><field content="B"/></band>
+           <band kind="pageFooter" height="5mm"><text content="={sum(number(C))}"/></band>)");
+    EXPECT_EQ(pageWords(layout, lettered({u"a 1 1"_s, u"a 2 2"_s, u"a 3 4"_s, u"b 2 8"_s})),
+              "1 =15");
+}
+
+TEST(Paginate, ARunningTotalOfThePageBeginsAnewOnEach)
+{
+    const Layout layout = smallLayout(
+        R"x(<band kind="detail" height="10mm"><text content="{N}:{sum(N, 'page')}"/></band>)x");
+    EXPECT_EQ(pageWords(layout, numbers(5)), "1: 2:1 3:3 / 4: 5:4") << "what stands above the row";
+}
+
 TEST(Paginate, KeptGroupsMoveToTheNextPageWhole)
 {
     const QByteArray bands = R"x(

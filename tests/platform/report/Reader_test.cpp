@@ -96,6 +96,30 @@ TEST_F(Reader, ReadsQueryAndFurtherRowsWithTheAnswersBound)
                 testing::HasSubstr("no query"));
 }
 
+/// Notes what it is given.
+class NotingRunner final : public QueryRunner
+{
+public:
+    [[nodiscard]] std::shared_ptr<const DataSource> run(const QString &statement,
+                                                        const QVariantList &parameters) override
+    {
+        noted.append({statement, parameters});
+        return std::make_shared<Rows>(QStringList{}, QList<QVariantList>{});
+    }
+    QList<std::pair<QString, QVariantList>> noted;
+};
+
+TEST_F(Reader, WhatMayBeLeftEmptyIsNull)
+{
+    NotingRunner runner;
+    const Layout parts = layout(R"(<parameter name="Bin" optional="yes"/><parameter name="n"/>
+        <query>Select a from t where b = ?Bin or c = ?N or d = ?bin</query>)");
+    (void)readRows(parts, {{u"n"_s, 5}}, runner);
+    ASSERT_EQ(runner.noted.size(), 1);
+    EXPECT_EQ(runner.noted[0].first, u"Select a from t where b = ? or c = ? or d = ?");
+    EXPECT_EQ(runner.noted[0].second, (QVariantList{QVariant(), 5, QVariant()}));
+}
+
 TEST_F(Reader, RefusesWhatDoesNotOnlyRead)
 {
     for (const QByteArray statement :

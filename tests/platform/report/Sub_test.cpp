@@ -28,14 +28,15 @@ const Rows machineRows({u"ID"_s, u"Name"_s},
 Inputs sets()
 {
     Inputs inputs;
-    inputs.rowSets.insert(u"Services"_s,
-                          std::make_shared<Rows>(QStringList{u"Machine"_s, u"Name"_s, u"Cost"_s},
-                                                 QList<QVariantList>{{2, u"Oil"_s, 8},
-                                                                     {1, u"Oil"_s, 1},
-                                                                     {1, u"Oil"_s, 2},
-                                                                     {7, u"Lost"_s, 4},
-                                                                     {QVariant(), u"None"_s, 4},
-                                                                     {1, u"Belt"_s, 4}}));
+    inputs.rowSets.insert(
+        u"Services"_s, std::make_shared<Rows>(QStringList{u"Machine"_s, u"Name"_s, u"Cost"_s},
+                                              QList<QVariantList>{{2, u"Oil"_s, 8},
+                                                                  {1, u"Oil"_s, 1},
+                                                                  {1, u"Oil"_s, 2},
+                                                                  {7, u"Lost"_s, 4},
+                                                                  {QVariant(), u"None"_s, 4},
+                                                                  {QString(u""_s), u"Blank"_s, 4},
+                                                                  {1, u"Belt"_s, 4}}));
     inputs.rowSets.insert(u"pictures"_s,
                           std::make_shared<Rows>(QStringList{u"Of"_s, u"File"_s},
                                                  QList<QVariantList>{{u"1"_s, u"a.png"_s}}));
@@ -75,6 +76,13 @@ TEST(SubBands, ShowTheRowsThatBelongToARow)
         words(machines(bands), sets()),
         "Mower (1 Oil 1=1+1 2=2+3 / Belt 3=4+7 3)4 a.png / Truck (2 Oil 1=8+8 1)8 Edger all 3")
         << "a machine stands with its first service, a total with the last";
+}
+
+TEST(SubBands, RepeatsAreShownAnewForEachRow)
+{
+    const Layout layout = machines(
+        R"x(<band kind="subDetail" rows="services" height="1mm"><field content="left(Name, 0) &amp; 'S'" hideRepeated="yes"/></band>)x");
+    EXPECT_EQ(words(layout, sets()), "Mower S Truck S Edger");
 }
 
 TEST(SubBands, BandsOfPagesAndGroupsShowTheReportsOwnRow)

@@ -339,6 +339,7 @@ TEST_F(Viewer, CopiesWhatTheMouseSelects)
     // "M" of 9 points is 265 wide: the second letter begins there.
     EXPECT_EQ(drag(at(1270, 1650), at(1800, 1650)), "owe");
     EXPECT_EQ(drag(at(1800, 1650), at(1270, 1650)), "owe");
+    EXPECT_EQ(drag(at(1800, 1640), at(1270, 1760)), "owe") << "a little downwards";
     EXPECT_EQ(drag(at(15000, 8000), at(15000, 8000)), "");
     QTest::keyClick(m_view, Qt::Key_A, Qt::ControlModifier);
     m_view->copy();
