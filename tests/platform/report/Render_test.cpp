@@ -94,6 +94,18 @@ TEST_F(Export, CsvHasALineForEachDetail)
               "B2,\"Two\nlines\",,03/05/2024\r\n");
 }
 
+TEST_F(Export, ACsvHeadingIsTheCaptionAboveTheColumnNotTheTitleOverAll)
+{
+    const Layout layout = layoutOf(R"x(<report version="1">
+        <band kind="pageHeader"><text width="120mm" content="All parts"/></band>
+        <band kind="pageHeader"><text x="30mm" width="60mm" content="Number"/><text x="90mm" width="20mm" content="Cost"/></band>
+        <band kind="detail"><field x="30mm" width="60mm" content="Description"/><field x="88mm" width="30mm" content="Price"/></band>
+        </report>)x");
+    EXPECT_EQ(test::readFile(write(layout, parts(), u"titled.csv"_s)).left(14),
+              QByteArray("\xEF\xBB\xBF"
+                         "Number,Cost"));
+}
+
 TEST_F(Export, CsvOfASummaryHasALineForEachGroup)
 {
     const Layout layout = layoutOf(R"x(<report version="1"><group name="Bin" by="Bin"/>

@@ -33,6 +33,14 @@ Length overlap(const Object &a, const Object &b)
     return qMin(a.x + a.width, b.x + b.width) - qMax(a.x, b.x);
 }
 
+/// How nearly two objects take up the same breadth: a title over all the page covers every column,
+/// a column's caption just its own.
+double likeness(const Object &a, const Object &b)
+{
+    const Length both = qMax(a.x + a.width, b.x + b.width) - qMin(a.x, b.x);
+    return both > 0 ? static_cast<double>(overlap(a, b)) / both : 0;
+}
+
 QString heading(const Layout &layout, const Object &object)
 {
     const Object *best = nullptr;
@@ -41,7 +49,7 @@ QString heading(const Layout &layout, const Object &object)
             for (const Object &caption : band.objects)
                 if (band.kind == kind && isCaption(caption) && !caption.content.isEmpty() &&
                     2 * overlap(caption, object) > qMin(caption.width, object.width) &&
-                    (!best || overlap(caption, object) > overlap(*best, object)))
+                    (!best || likeness(caption, object) > likeness(*best, object)))
                     best = &caption;
     if (best)
         return best->content;
