@@ -31,7 +31,7 @@ void takeOwnSurroundings(const QString &folder, QDate today)
     base::setEnvironment(surroundings);
 }
 
-void setUpCompany(QDate today, QTextStream &err)
+void setUpCompany(QDate today, const QString &paper, QTextStream &err)
 {
     QString said;
     QTextStream in(&said);
@@ -43,7 +43,7 @@ void setUpCompany(QDate today, QTextStream &err)
     gsDatabasePath = base::applicationPath(u"\\Data\\Quorvantis.mdb"_s);
     openConnections();
     // A workstation that has never kept an option has no identifier, and reads none.
-    SetOption(catalogue::paperOption(), catalogue::papers().front(), true);
+    SetOption(catalogue::paperOption(), paper, true);
     gcnData->Execute(u"Insert into tblErrorList(ErrNumber, ErrDescription, LineNumber, ModuleName, "
                      "ProcedureName, ErrDateTime, UserMsg) values(3218, 'Another workstation is "
                      "changing this record.', 0, 'Equipment', 'SaveRecord', '3/15/2024 9:30:00 "
@@ -97,10 +97,13 @@ int main(int argc, char *argv[])
                                       u"text"_s);
         const QCommandLineOption wide(u"wide"_s, u"With long names, large amounts and empty "
                                                  "columns."_s);
-        parser.addOptions({day, only, wide});
+        const QCommandLineOption paper(u"paper"_s, u"The paper of the workstation."_s, u"name"_s,
+                                       catalogue::papers().front());
+        parser.addOptions({day, only, wide, paper});
         parser.process(application);
         const QDate today = QDate::fromString(parser.value(day), Qt::ISODate);
-        if (parser.positionalArguments().size() > 1 || !today.isValid()) {
+        if (parser.positionalArguments().size() > 1 || !today.isValid() ||
+            !catalogue::papers().contains(parser.value(paper))) {
             err << parser.helpText() << Qt::flush;
             return WrongUsage;
         }
@@ -109,7 +112,7 @@ int main(int argc, char *argv[])
             throw base::Error(base::ErrorNumber::PathAccess,
                               u"The folder \"%1\" can't be used."_s.arg(folder.path()));
         takeOwnSurroundings(surroundings.path(), today);
-        setUpCompany(today, err);
+        setUpCompany(today, parser.value(paper), err);
         if (parser.isSet(wide))
             gallery::widen();
         const int result = renderAll(folder, today, parser.value(only), out);
