@@ -21,8 +21,8 @@ namespace {
 
 constexpr int LongestWait = 60'000; ///< milliseconds for another workstation's update
 constexpr int LongestRun = 600'000; ///< after which its lock counts as left behind
-constexpr int Attempts = 20;        ///< at a statement that somebody else is in the way of
-constexpr int Pause = 500;          ///< milliseconds between them
+constexpr int Pause = 500;          ///< milliseconds for whoever is in the way of a statement
+constexpr int MostPauses = 20;      ///< in a run
 
 QString scriptFile()
 {
@@ -88,16 +88,17 @@ bool isWanted(const db::Row &row)
 
 /// A row of the script runs only once, so one that another workstation is in the way of is worth a
 /// wait.
-void executePatiently(const QString &statement)
+void executePatiently(const QString &statement, int &pausesLeft)
 {
-    for (int attempt = 1;; ++attempt) {
+    for (;;) {
         try {
             lookupConnection().Execute(statement);
             return;
         } catch (const db::DbError &error) {
-            if (error.number() != db::ErrorNumber::LockConflict || attempt == Attempts)
+            if (error.number() != db::ErrorNumber::LockConflict || pausesLeft == 0)
                 throw;
         }
+        --pausesLeft;
         QThread::msleep(Pause);
     }
 }
@@ -143,11 +144,12 @@ ChangesRun runChanges(const QString &scriptFile, const QString &aboveVersion)
     db::Connection script(target);
     const db::Recordset rows = script.Open(pendingRows(aboveVersion));
     ChangesRun run;
+    int pausesLeft = MostPauses;
     for (const db::Row row : rows) {
         const qint64 id = row.integer(u"Id");
         note(errorOf([&] {
                  if (isWanted(row))
-                     executePatiently(row.text(u"DbQuery"));
+                     executePatiently(row.text(u"DbQuery"), pausesLeft);
              }),
              id, run);
         note(errorOf([&] {

@@ -121,19 +121,6 @@ TEST_F(RestoreScreen, ADatabaseThatCantBeReadIsAReasonToRestore)
     });
 }
 
-TEST_F(RestoreScreen, AnotherWorkstationsDatabaseStays)
-{
-    test::inScreen(ShowRestore, [&](const ScreenDriver &screen) {
-        choose(screen, copy());
-        expectQuestion(Answer::Yes);
-        const db::Connection other(target(gsDatabasePath));
-        screen.press("cmdRestore");
-        EXPECT_EQ(errors.takeOne().ErrNumber, db::ErrorNumber::FileInUse);
-        screen.press("cmdExit");
-    });
-    expectWorking(2);
-}
-
 TEST_F(RestoreScreen, ASealedBackupAsksForItsPassphrase)
 {
     (void)administration::takeBackup({stick(), u"sealed"_s, u"12345678"_s});
