@@ -139,6 +139,11 @@ TEST(LayoutFile, DamagedOnesAreRefusedWithLineAndColumn)
          "two parameters \"A\""},
         {"<report version=\"2\"><parameter name=\"a\" type=\"time\"/></report>", "Line 1",
          "can't be \"time\""},
+        {inBand("<field style=\"Title\"/>"), "Line 3", "no style \"Title\""},
+        {"<report version=\"3\">\n<image name=\"a\">?</image></report>", "Line 2",
+         "image \"a\" can't be read"},
+        {"<report version=\"3\"><style name=\"a\"/><style name=\"A\"/></report>", "Line 1",
+         "two styles \"A\""},
         {inBand("<chart category=\"a\"/>"), "Line 3", "no \"series\""},
         {inBand("<chart><series value=\"a\"/></chart>"), "Line 3", "no \"category\""},
         {inBand("<chart category=\"a\" most=\"-1\"/>"), "Line 3", "no number of things"},
@@ -176,15 +181,28 @@ TEST(LayoutFile, EveryOldVersionIsStillRead)
     EXPECT_EQ(reading.layout->find(u"lblCompanyName")->style.font.points, 14);
 }
 
-TEST(LayoutFile, TheFileOfTheVersionInUseComesBackAsItIs)
+TEST(LayoutFile, FilesOfTheVersionsInUseComeBackAsTheyAre)
 {
-    const QString path =
-        QStringLiteral(REPORT_TEST_DATA "/version%1.rpt").arg(Layout::CurrentVersion);
-    const LayoutReading reading = readLayoutFile(path);
-    ASSERT_TRUE(reading.layout) << reading.error.toStdString();
-    EXPECT_TRUE(reading.warnings.isEmpty());
-    EXPECT_EQ(reading.layout->parameters[1].list, u"Select SiteName from tblSite");
-    EXPECT_EQ(writeLayout(*reading.layout).toStdString(), test::readFile(path).toStdString());
+    for (const int version : {2, Layout::CurrentVersion}) {
+        const QString path = QStringLiteral(REPORT_TEST_DATA "/version%1.rpt").arg(version);
+        const LayoutReading reading = readLayoutFile(path);
+        ASSERT_TRUE(reading.layout) << reading.error.toStdString();
+        EXPECT_TRUE(reading.warnings.isEmpty());
+        EXPECT_EQ(writeLayout(*reading.layout).toStdString(), test::readFile(path).toStdString());
+    }
+}
+
+TEST(LayoutFile, ObjectsFollowTheirStyleButForWhatTheySayThemselves)
+{
+    const Layout layout =
+        *readLayoutFile(QStringLiteral(REPORT_TEST_DATA "/version3.rpt")).layout;
+    const Object &whole = layout.bands[0].objects[0];
+    EXPECT_EQ(whole.style, layout.styles[0].style);
+    const Style &own = layout.bands[0].objects[1].style;
+    EXPECT_FALSE(own.font.bold || own.fill.isValid() || !own.border.isNone());
+    EXPECT_EQ(own.align, Align::Left);
+    EXPECT_EQ(own.color, QColor(Qt::white)) << "what it doesn't say is that of its style";
+    EXPECT_TRUE(layout.pictures[0].data.startsWith("\x89PNG"));
 }
 
 } // namespace

@@ -61,6 +61,16 @@ int Layout::rowSetIndex(QStringView set) const
     return indexByName(rowSets, set);
 }
 
+int Layout::styleIndex(QStringView style) const
+{
+    return indexByName(styles, style);
+}
+
+int Layout::pictureIndex(QStringView picture) const
+{
+    return indexByName(pictures, picture);
+}
+
 const Object *Layout::find(QStringView object) const
 {
     for (const Band &band : bands)

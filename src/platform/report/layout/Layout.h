@@ -2,6 +2,7 @@
 
 #include "platform/report/layout/Units.h"
 
+#include <QByteArray>
 #include <QColor>
 #include <QList>
 #include <QString>
@@ -48,6 +49,24 @@ struct Style
     bool operator==(const Style &) const = default;
 };
 
+/// A style with a name that objects follow.
+struct NamedStyle
+{
+    QString name;
+    Style style;
+
+    bool operator==(const NamedStyle &) const = default;
+};
+
+/// A picture that lies in the layout itself.
+struct StoredPicture
+{
+    QString name;
+    QByteArray data; ///< the bytes of the picture's file
+
+    bool operator==(const StoredPicture &) const = default;
+};
+
 /// What changes of a style while a condition holds.
 struct ConditionalStyle
 {
@@ -64,7 +83,7 @@ enum class ObjectKind {
     Field,    ///< the value of one expression, with a format
     Line,     ///< from its place to its place plus width and height
     Box,      ///< a frame or a filled rectangle
-    Picture,  ///< a file beside the layout, or bytes from an expression
+    Picture,  ///< one of the layout's own, a file beside it, or bytes from an expression
     BarCode,  ///< Code 128 of an expression
     Chart,    ///< bars or lines over the rows of the band's group, or of the report
     CrossTab, ///< sums of the same rows by two keys
@@ -128,6 +147,8 @@ struct Object
 {
     ObjectKind kind = ObjectKind::Text;
     QString name; ///< by which the program sets a text; may be empty
+    /// The named style that it follows; may be empty. What its own style has otherwise is its own.
+    QString styleName;
     Length x = 0; ///< from the left margin
     Length y = 0; ///< from the top of the band
     Length width = 3000;
@@ -242,11 +263,13 @@ struct PageSetup
 
 struct Layout
 {
-    static constexpr int CurrentVersion = 2;
+    static constexpr int CurrentVersion = 3;
 
     QString name;
     QString title;
     PageSetup page;
+    QList<NamedStyle> styles;
+    QList<StoredPicture> pictures;
     QList<Parameter> parameters;
     QString query; ///< by which the report reads for itself; may be empty
     QList<RowSet> rowSets;
@@ -257,6 +280,8 @@ struct Layout
 
     [[nodiscard]] int groupIndex(QStringView group) const;
     [[nodiscard]] int rowSetIndex(QStringView set) const;
+    [[nodiscard]] int styleIndex(QStringView style) const;
+    [[nodiscard]] int pictureIndex(QStringView picture) const;
     /// The text object of a name in any band, or null.
     [[nodiscard]] const Object *find(QStringView object) const;
     [[nodiscard]] Object *find(QStringView object);

@@ -132,8 +132,8 @@ private:
         const auto value = take(name);
         if (!value)
             return;
-        const QColor parsed(*value);
-        if (!parsed.isValid())
+        const QColor parsed = *value == u"none" ? QColor() : QColor(*value);
+        if (!parsed.isValid() && *value != u"none")
             throw Failure{u"\"%1\" is no colour, such as \"#24476d\""_s.arg(*value)};
         target = parsed;
     }
@@ -189,6 +189,10 @@ private:
         children([&](const QString &name) {
             if (name == u"page")
                 readPage(layout.page);
+            else if (name == u"style")
+                m_styles.append(readNamedStyle());
+            else if (name == u"image")
+                layout.pictures.append(readPicture());
             else if (name == u"parameter")
                 layout.parameters.append(readParameter());
             else if (name == u"query")
@@ -207,12 +211,15 @@ private:
                 return false;
             return true;
         });
+        layout.styles = m_styles;
         check(layout);
         return layout;
     }
 
     void check(const Layout &layout)
     {
+        checkNames(layout.styles, u"styles"_s);
+        checkNames(layout.pictures, u"images"_s);
         checkNames(layout.groups, u"groups"_s);
         checkNames(layout.formulas, u"formulas"_s);
         checkNames(layout.parameters, u"parameters"_s);
@@ -248,6 +255,42 @@ private:
     {
         endAttributes();
         return m_xml.readElementText().trimmed();
+    }
+
+    NamedStyle readNamedStyle()
+    {
+        NamedStyle style;
+        style.name = required(u"name");
+        readStyle(style.style);
+        endAttributes();
+        children([](const QString &) { return false; });
+        return style;
+    }
+
+    StoredPicture readPicture()
+    {
+        StoredPicture picture;
+        picture.name = required(u"name");
+        endAttributes();
+        QByteArray text;
+        for (const QChar c : m_xml.readElementText())
+            if (!c.isSpace())
+                text.append(c.toLatin1());
+        const auto decoded =
+            QByteArray::fromBase64Encoding(text, QByteArray::AbortOnBase64DecodingErrors);
+        if (!decoded)
+            throw Failure{u"The bytes of the image \"%1\" can't be read"_s.arg(picture.name)};
+        picture.data = *decoded;
+        return picture;
+    }
+
+    /// The style that an object follows, which stands before it in the file.
+    [[nodiscard]] Style followed(const QString &name) const
+    {
+        for (const NamedStyle &style : m_styles)
+            if (style.name.compare(name, Qt::CaseInsensitive) == 0)
+                return style.style;
+        throw Failure{u"There is no style \"%1\""_s.arg(name)};
     }
 
     Parameter readParameter()
@@ -349,6 +392,9 @@ private:
         Object object;
         object.kind = kind;
         text(u"name", object.name);
+        text(u"style", object.styleName);
+        if (!object.styleName.isEmpty())
+            object.style = followed(object.styleName);
         length(u"x", object.x);
         length(u"y", object.y);
         length(u"width", object.width);
@@ -441,6 +487,9 @@ private:
 
     static void readSides(const QString &sides, Border &border)
     {
+        border.left = border.top = border.right = border.bottom = false;
+        if (sides == u"none")
+            return;
         for (const QString &side : sides.split(u' ', Qt::SkipEmptyParts)) {
             const bool all = side == u"all";
             if (!all && side != u"left" && side != u"top" && side != u"right" && side != u"bottom")
@@ -466,6 +515,7 @@ private:
 
     QXmlStreamReader m_xml;
     QHash<QString, QString> m_attributes;
+    QList<NamedStyle> m_styles;
     QStringList m_warnings;
 };
 

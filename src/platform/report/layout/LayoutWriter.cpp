@@ -25,10 +25,15 @@ public:
     {
         m_xml.writeStartDocument();
         m_xml.writeStartElement(u"report"_s);
-        m_xml.writeAttribute(u"version"_s, QString::number(Layout::CurrentVersion));
+        m_xml.writeAttribute(u"version"_s, QString::number(versionOf(layout)));
         text(u"name", layout.name, {});
         text(u"title", layout.title, {});
         writePage(layout.page);
+        for (const NamedStyle &style : layout.styles)
+            writeNamedStyle(style);
+        for (const StoredPicture &picture : layout.pictures)
+            writePicture(picture);
+        m_styles = &layout.styles;
         for (const Parameter &parameter : layout.parameters)
             writeParameter(parameter);
         if (!layout.query.isEmpty())
@@ -65,15 +70,37 @@ private:
         if (value != usual)
             m_xml.writeAttribute(name.toString(), lengthText(value));
     }
-    void flag(QStringView name, bool value)
+    void flag(QStringView name, bool value, bool usual = false)
     {
-        if (value)
-            m_xml.writeAttribute(name.toString(), u"yes"_s);
+        if (value != usual)
+            m_xml.writeAttribute(name.toString(), value ? u"yes"_s : u"no"_s);
     }
     void color(QStringView name, const QColor &value, const QColor &usual)
     {
-        if (value != usual && value.isValid())
-            m_xml.writeAttribute(name.toString(), value.name());
+        if (value != usual)
+            m_xml.writeAttribute(name.toString(), value.isValid() ? value.name() : u"none"_s);
+    }
+
+    /// Older programs go on reading what they know all of.
+    static int versionOf(const Layout &layout)
+    {
+        return layout.styles.isEmpty() && layout.pictures.isEmpty() ? 2 : Layout::CurrentVersion;
+    }
+
+    void writeNamedStyle(const NamedStyle &style)
+    {
+        m_xml.writeStartElement(u"style"_s);
+        m_xml.writeAttribute(u"name"_s, style.name);
+        writeStyle(style.style, {});
+        m_xml.writeEndElement();
+    }
+
+    void writePicture(const StoredPicture &picture)
+    {
+        m_xml.writeStartElement(u"image"_s);
+        m_xml.writeAttribute(u"name"_s, picture.name);
+        m_xml.writeCharacters(QString::fromLatin1(picture.data.toBase64()));
+        m_xml.writeEndElement();
     }
 
     void writePage(const PageSetup &page)
@@ -144,6 +171,7 @@ private:
         const Object usual;
         m_xml.writeStartElement(words::textOf(words::Objects, object.kind));
         text(u"name", object.name, {});
+        text(u"style", object.styleName, {});
         length(u"x", object.x, usual.x);
         length(u"y", object.y, usual.y);
         length(u"width", object.width, usual.width);
@@ -154,7 +182,7 @@ private:
         flag(u"hideRepeated", object.hideRepeated);
         text(u"visibleIf", object.visibleIf, {});
         length(u"lineWidth", object.lineWidth, usual.lineWidth);
-        writeStyle(object.style);
+        writeStyle(object.style, followed(object.styleName));
         if (object.kind == ObjectKind::Chart)
             writeChart(object.chart);
         if (object.kind == ObjectKind::CrossTab)
@@ -211,21 +239,31 @@ private:
         m_xml.writeEndElement();
     }
 
-    void writeStyle(const Style &style)
+    [[nodiscard]] Style followed(const QString &name) const
     {
-        const Style usual;
+        for (const NamedStyle &style : *m_styles)
+            if (style.name.compare(name, Qt::CaseInsensitive) == 0)
+                return style.style;
+        return {};
+    }
+
+    /// What differs from the usual style.
+    void writeStyle(const Style &style, const Style &usual)
+    {
         text(u"font", style.font.family, usual.font.family);
         if (style.font.points != usual.font.points)
             m_xml.writeAttribute(u"size"_s, QString::number(style.font.points));
-        flag(u"bold", style.font.bold);
-        flag(u"italic", style.font.italic);
-        flag(u"underline", style.font.underline);
+        flag(u"bold", style.font.bold, usual.font.bold);
+        flag(u"italic", style.font.italic, usual.font.italic);
+        flag(u"underline", style.font.underline, usual.font.underline);
         color(u"color", style.color, usual.color);
         color(u"fill", style.fill, usual.fill);
-        text(u"align", words::textOf(words::Aligns, style.align), u"left"_s);
-        text(u"verticalAlign", words::textOf(words::VerticalAligns, style.verticalAlign), u"top"_s);
+        text(u"align", words::textOf(words::Aligns, style.align),
+             words::textOf(words::Aligns, usual.align));
+        text(u"verticalAlign", words::textOf(words::VerticalAligns, style.verticalAlign),
+             words::textOf(words::VerticalAligns, usual.verticalAlign));
         length(u"padding", style.padding, usual.padding);
-        text(u"border", sides(style.border), {});
+        text(u"border", sides(style.border), sides(usual.border));
         length(u"borderWidth", style.border.width, usual.border.width);
         color(u"borderColor", style.border.color, usual.border.color);
     }
@@ -234,6 +272,8 @@ private:
     {
         if (border.left && border.top && border.right && border.bottom)
             return u"all"_s;
+        if (border.isNone())
+            return u"none"_s;
         QStringList sides;
         if (border.left)
             sides.append(u"left"_s);
@@ -247,6 +287,7 @@ private:
     }
 
     QXmlStreamWriter m_xml;
+    const QList<NamedStyle> *m_styles = nullptr;
 };
 
 } // namespace

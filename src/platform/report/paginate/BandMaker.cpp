@@ -100,8 +100,10 @@ Length verticalShift(const QList<TextLine> &lines, const Style &style, Length he
 
 } // namespace
 
-BandMaker::BandMaker(const BandContext &context, const Inputs &inputs, QStringList &problems)
-    : m_context(context)
+BandMaker::BandMaker(const Layout &layout, const BandContext &context, const Inputs &inputs,
+                     QStringList &problems)
+    : m_layout(layout)
+    , m_context(context)
     , m_inputs(inputs)
     , m_problems(problems)
 {}
@@ -318,7 +320,7 @@ void BandMaker::addItem(const Placed &placed, QList<PageItem> &items)
         return;
     case ObjectKind::Picture: {
         const QByteArray data =
-            placed.object->value ? placed.value.toByteArray() : pictureFile(object.content);
+            placed.object->value ? placed.value.toByteArray() : storedPicture(object.content);
         if (!data.isEmpty())
             items.append(PictureItem{frame, data, placed.style.align});
         return;
@@ -361,8 +363,11 @@ Style BandMaker::styleOf(const compiled::Object &object) const
     return style;
 }
 
-QByteArray BandMaker::pictureFile(const QString &name)
+/// One of the layout's own pictures, or a file beside it.
+QByteArray BandMaker::storedPicture(const QString &name)
 {
+    if (const int own = m_layout.pictureIndex(name); own >= 0)
+        return m_layout.pictures[own].data;
     const auto known = m_pictures.constFind(name);
     if (known != m_pictures.cend())
         return *known;

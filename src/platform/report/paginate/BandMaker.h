@@ -55,7 +55,8 @@ public:
 class BandMaker
 {
 public:
-    BandMaker(const BandContext &context, const Inputs &inputs, QStringList &problems);
+    BandMaker(const Layout &layout, const BandContext &context, const Inputs &inputs,
+              QStringList &problems);
 
     /// True when the band's condition lets it print.
     [[nodiscard]] bool isPrinted(const compiled::Band &band) const;
@@ -89,8 +90,9 @@ private:
     [[nodiscard]] ChartData chartOf(const compiled::Object &object) const;
     [[nodiscard]] ChartData crossTabOf(const compiled::Object &object) const;
     [[nodiscard]] Style styleOf(const compiled::Object &object) const;
-    [[nodiscard]] QByteArray pictureFile(const QString &name);
+    [[nodiscard]] QByteArray storedPicture(const QString &name);
 
+    const Layout &m_layout;
     const BandContext &m_context;
     const Inputs &m_inputs;
     QStringList &m_problems;

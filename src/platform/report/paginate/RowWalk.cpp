@@ -13,7 +13,7 @@ RowWalk::RowWalk(const compiled::Report &report, const DataSource &rows, const I
     : m_report(report)
     , m_rows(rows)
     , m_inputs(inputs)
-    , m_maker(*this, inputs, problems)
+    , m_maker(*report.layout, *this, inputs, problems)
     , m_lastShown(static_cast<std::size_t>(report.repeatSlots))
 {
     for (const compiled::AggregateSlot &slot : report.slots)

@@ -1,0 +1,471 @@
+#include "platform/report/designer/DesignerActions.h"
+
+#include "platform/base/Prompts.h"
+#include "platform/input/Theme.h"
+#include "platform/report/designer/Arrange.h"
+#include "platform/report/designer/DesignCanvas.h"
+#include "platform/report/designer/HouseStyles.h"
+#include "platform/report/designer/Structure.h"
+#include "platform/report/designer/StructureTree.h"
+
+#include <QBuffer>
+#include <QClipboard>
+#include <QFile>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QImageReader>
+
+#include <QMenu>
+#include <QMimeData>
+#include <QToolBar>
+#include <QWidgetAction>
+
+namespace report {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString clipboardType = u"application/x-report-layout"_s;
+/// A copy that is put beside its original stands so far off.
+constexpr Length CopyShift = 300;
+constexpr qint64 LargestPicture = 4 * 1024 * 1024;
+
+QString tipOf(const QString &caption, const QList<QKeySequence> &keys)
+{
+    return keys.isEmpty() ? caption
+                          : u"%1 (%2)"_s.arg(caption,
+                                             keys.first().toString(QKeySequence::NativeText));
+}
+
+} // namespace
+
+DesignerActions::DesignerActions(DesignDocument &document, DesignCanvas &canvas,
+                                 StructureTree &tree, QWidget *owner)
+    : QObject(owner)
+    , m_document(document)
+    , m_canvas(canvas)
+    , m_tree(tree)
+    , m_owner(owner)
+{
+    addEditing();
+    addArranging();
+    addInserting();
+    addParts();
+    addBandMenu();
+    addViewing();
+    connect(&document, &DesignDocument::layoutChanged, this, &DesignerActions::enable);
+    connect(&document, &DesignDocument::selectionChanged, this, &DesignerActions::enable);
+    enable();
+}
+
+QAction *DesignerActions::add(const QString &name, const QString &caption, const QString &icon,
+                              const QList<QKeySequence> &keys, const std::function<void()> &run)
+{
+    auto *action = new QAction(theme::icon(icon), caption, this);
+    action->setObjectName(name);
+    action->setShortcuts(keys);
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    action->setToolTip(tipOf(caption, keys));
+    connect(action, &QAction::triggered, this, run);
+    m_owner->addAction(action);
+    m_actions.insert(name, action);
+    return action;
+}
+
+QAction *DesignerActions::addSwitch(const QString &name, const QString &caption,
+                                    const QString &icon, bool isOn,
+                                    const std::function<void(bool)> &run)
+{
+    QAction *action = add(name, caption, icon, {}, [] {});
+    action->setCheckable(true);
+    action->setChecked(isOn);
+    connect(action, &QAction::toggled, this, run);
+    return action;
+}
+
+void DesignerActions::change(const QString &name,
+                             const std::function<void(Layout &, const Selection &)> &changes)
+{
+    m_document.endSeries();
+    m_document.change(name, [&](Layout &layout, const Selection &selection) {
+        changes(layout, selection);
+    });
+}
+
+void DesignerActions::addEditing()
+{
+    QUndoStack &stack = m_document.undoStack();
+    QAction *undo = add(u"undo"_s, u"Undo"_s, u"undo"_s, {QKeySequence::Undo},
+                        [&stack] { stack.undo(); });
+    QAction *redo = add(u"redo"_s, u"Redo"_s, u"redo"_s,
+                        {QKeySequence(Qt::CTRL | Qt::Key_Y),
+                         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)},
+                        [&stack] { stack.redo(); });
+    connect(&stack, &QUndoStack::undoTextChanged, undo, [undo](const QString &name) {
+        undo->setToolTip(name.isEmpty() ? u"Undo (Ctrl+Z)"_s : u"Undo %1 (Ctrl+Z)"_s.arg(name));
+    });
+    connect(&stack, &QUndoStack::redoTextChanged, redo, [redo](const QString &name) {
+        redo->setToolTip(name.isEmpty() ? u"Redo (Ctrl+Y)"_s : u"Redo %1 (Ctrl+Y)"_s.arg(name));
+    });
+    connect(&stack, &QUndoStack::canUndoChanged, undo, &QAction::setEnabled);
+    connect(&stack, &QUndoStack::canRedoChanged, redo, &QAction::setEnabled);
+    undo->setEnabled(false);
+    redo->setEnabled(false);
+    add(u"cut"_s, u"Cut"_s, u"cut"_s, {QKeySequence::Cut}, [this] {
+        copy();
+        m_tree.removeSelected();
+    });
+    add(u"copy"_s, u"Copy"_s, u"copy"_s, {QKeySequence::Copy}, [this] { copy(); });
+    add(u"paste"_s, u"Paste"_s, u"paste"_s, {QKeySequence::Paste}, [this] { paste(); });
+    add(u"duplicate"_s, u"Duplicate"_s, u"duplicate"_s, {QKeySequence(Qt::CTRL | Qt::Key_D)},
+        [this] { duplicate(); });
+    add(u"delete"_s, u"Delete"_s, u"delete"_s, {QKeySequence::Delete},
+        [this] { m_tree.removeSelected(); });
+    add(u"selectAll"_s, u"Select all of the band"_s, u"select-all"_s, {QKeySequence::SelectAll},
+        [this] { selectAll(); });
+}
+
+void DesignerActions::addArranging()
+{
+    const auto aligning = [&](const QString &name, const QString &caption, AlignEdge edge) {
+        add(name, caption, name, {}, [this, caption, edge] {
+            change(caption, [edge](Layout &layout, const Selection &selection) {
+                align(layout, selection, edge);
+            });
+        });
+    };
+    aligning(u"align-left"_s, u"Align left edges"_s, AlignEdge::Left);
+    aligning(u"align-center"_s, u"Align centers"_s, AlignEdge::Center);
+    aligning(u"align-right"_s, u"Align right edges"_s, AlignEdge::Right);
+    aligning(u"align-top"_s, u"Align top edges"_s, AlignEdge::Top);
+    aligning(u"align-middle"_s, u"Align middles"_s, AlignEdge::Middle);
+    aligning(u"align-bottom"_s, u"Align bottom edges"_s, AlignEdge::Bottom);
+    const auto distributing = [&](const QString &name, const QString &caption, Direction way) {
+        add(name, caption, name, {}, [this, caption, way] {
+            change(caption, [way](Layout &layout, const Selection &selection) {
+                distribute(layout, selection, way);
+            });
+        });
+    };
+    distributing(u"distribute-across"_s, u"Equal gaps across"_s, Direction::Across);
+    distributing(u"distribute-down"_s, u"Equal gaps down"_s, Direction::Down);
+    const auto sizing = [&](const QString &name, const QString &caption, SameSize size) {
+        add(name, caption, name, {}, [this, caption, size] {
+            change(caption, [size](Layout &layout, const Selection &selection) {
+                makeSameSize(layout, selection, size);
+            });
+        });
+    };
+    sizing(u"same-width"_s, u"Same width"_s, SameSize::Width);
+    sizing(u"same-height"_s, u"Same height"_s, SameSize::Height);
+    sizing(u"same-size"_s, u"Same size"_s, SameSize::Both);
+    const auto ordering = [&](const QString &name, const QString &caption, const QKeySequence &key,
+                              Order order) {
+        add(name, caption, name, {key}, [this, caption, order] {
+            m_document.change(caption, [order](Layout &layout, Selection &selection) {
+                selection = Selection::of(reorder(layout, selection.objects, order));
+            });
+        });
+    };
+    ordering(u"to-front"_s, u"To the front"_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F),
+             Order::Front);
+    ordering(u"to-back"_s, u"To the back"_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B),
+             Order::Back);
+}
+
+void DesignerActions::addInserting()
+{
+    struct Kind
+    {
+        const char16_t *name;
+        ObjectKind kind;
+    };
+    constexpr Kind Kinds[] = {{u"text", ObjectKind::Text},       {u"field", ObjectKind::Field},
+                              {u"line", ObjectKind::Line},       {u"box", ObjectKind::Box},
+                              {u"bar-code", ObjectKind::BarCode}, {u"chart", ObjectKind::Chart},
+                              {u"cross-tab", ObjectKind::CrossTab}};
+    int digit = 0;
+    for (const Kind &entry : Kinds) {
+        const QString icon = QString::fromUtf16(entry.name);
+        QAction *action =
+            add(u"insert-"_s + icon, u"Insert %1"_s.arg(kindName(entry.kind).toLower()),
+                u"report-"_s + icon,
+                {QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + digit++))},
+                [this, kind = entry.kind] { m_canvas.insert(kind); });
+        action->setCheckable(true);
+        connect(&m_canvas, &DesignCanvas::insertingChanged, action,
+                [this, action, kind = entry.kind] {
+                    action->setChecked(m_canvas.inserting() == kind);
+                });
+    }
+    add(u"insert-picture"_s, u"Insert picture"_s, u"picture"_s,
+        {QKeySequence(Qt::CTRL | Qt::Key_8)}, [this] { insertPicture(); });
+}
+
+void DesignerActions::addParts()
+{
+    add(u"add-group"_s, u"Add group"_s, u"plus"_s, {QKeySequence(Qt::CTRL | Qt::Key_G)}, [this] {
+        // A selected field is what is grouped by.
+        const Selection &selection = m_document.selection();
+        const bool isField = selection.objects.size() == 1 &&
+                             m_document.object(selection.lead).kind == ObjectKind::Field;
+        m_tree.addGroup(isField ? m_document.object(selection.lead).content : QString());
+    });
+    add(u"add-formula"_s, u"Add formula"_s, u"plus"_s, {}, [this] { m_tree.addFormula(); });
+    add(u"add-parameter"_s, u"Add parameter"_s, u"plus"_s, {}, [this] { m_tree.addParameter(); });
+    add(u"add-style"_s, u"Add style"_s, u"plus"_s, {}, [this] { m_tree.addStyle(); });
+    add(u"move-up"_s, u"Move up"_s, u"previous"_s, {QKeySequence(Qt::ALT | Qt::Key_Up)},
+        [this] { m_tree.moveSelected(-1); });
+    add(u"move-down"_s, u"Move down"_s, u"next"_s, {QKeySequence(Qt::ALT | Qt::Key_Down)},
+        [this] { m_tree.moveSelected(1); });
+    QAction *styles = add(u"looks"_s, u"Looks"_s, u"report-style"_s, {}, [] {});
+    auto *menu = new QMenu(m_owner);
+    for (const Look &look : looks())
+        menu->addAction(look.name, this, [this, &look] {
+            change(u"Look %1"_s.arg(look.name), [&look](Layout &layout, const Selection &) {
+                assignHouseStyles(layout);
+                applyLook(layout, look);
+            });
+        });
+    styles->setMenu(menu);
+    styles->setToolTip(u"Looks: styles of title, headings, details and totals for the whole"
+                       " report"_s);
+}
+
+void DesignerActions::addBandMenu()
+{
+    QAction *bands = add(u"add-band"_s, u"Add band"_s, u"report-band"_s, {}, [] {});
+    auto *menu = new QMenu(m_owner);
+    bands->setMenu(menu);
+    // What can be added hangs on the groups and further rows that there are.
+    connect(menu, &QMenu::aboutToShow, this, [this, menu] {
+        menu->clear();
+        const auto offer = [&](const Band &band) {
+            menu->addAction(bandName(band), this, [this, band] {
+                m_document.change(u"Add band"_s, [&](Layout &layout, Selection &selection) {
+                    selection = Selection::of(Selection::Part::Band, addBand(layout, band));
+                });
+            });
+        };
+        for (const BandKind kind : {BandKind::ReportHeader, BandKind::PageHeader, BandKind::Detail,
+                                    BandKind::ReportFooter, BandKind::PageFooter}) {
+            Band band;
+            band.kind = kind;
+            offer(band);
+        }
+        for (const Group &group : m_document.layout().groups)
+            for (const BandKind kind : {BandKind::GroupHeader, BandKind::GroupFooter}) {
+                Band band;
+                band.kind = kind;
+                band.group = group.name;
+                offer(band);
+            }
+        for (const RowSet &set : m_document.layout().rowSets)
+            for (const BandKind kind :
+                 {BandKind::SubHeader, BandKind::SubDetail, BandKind::SubFooter}) {
+                Band band;
+                band.kind = kind;
+                band.rows = set.name;
+                offer(band);
+            }
+    });
+}
+
+void DesignerActions::addViewing()
+{
+    add(u"zoom-out"_s, u"Smaller"_s, u"zoom-out"_s, {QKeySequence::ZoomOut},
+        [this] { m_canvas.setZoom(m_canvas.zoom() - 25); });
+    add(u"zoom-in"_s, u"Larger"_s, u"zoom-in"_s,
+        {QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)},
+        [this] { m_canvas.setZoom(m_canvas.zoom() + 25); });
+    add(u"zoom-100"_s, u"Size on paper"_s, u"report"_s, {QKeySequence(Qt::CTRL | Qt::Key_0)},
+        [this] { m_canvas.setZoom(100); });
+    addSwitch(u"grid"_s, u"Grid of 1 mm"_s, u"report-grid"_s, true,
+              [this](bool isOn) { m_canvas.setGridShown(isOn); });
+    addSwitch(u"line-up"_s, u"Line up with other edges"_s, u"report-guides"_s, true,
+              [this](bool isOn) { m_canvas.setLiningUp(isOn); });
+    addSwitch(u"inches"_s, u"Rulers in inches"_s, u"report-ruler"_s, false,
+              [this](bool isOn) { m_canvas.setInches(isOn); });
+}
+
+void DesignerActions::enable()
+{
+    const Selection &selection = m_document.selection();
+    const auto count = selection.objects.size();
+    for (const QString &name : {u"cut"_s, u"copy"_s, u"duplicate"_s, u"to-front"_s, u"to-back"_s})
+        action(name)->setEnabled(count > 0);
+    for (const QString &name :
+         {u"align-left"_s, u"align-center"_s, u"align-right"_s, u"align-top"_s, u"align-middle"_s,
+          u"align-bottom"_s, u"same-width"_s, u"same-height"_s, u"same-size"_s})
+        action(name)->setEnabled(count > 1);
+    for (const QString &name : {u"distribute-across"_s, u"distribute-down"_s})
+        action(name)->setEnabled(count > 2);
+    action(u"delete"_s)->setEnabled(m_tree.canRemoveSelected());
+    action(u"move-up"_s)->setEnabled(m_tree.canMoveSelected(-1));
+    action(u"move-down"_s)->setEnabled(m_tree.canMoveSelected(1));
+    const bool hasBands = !m_document.layout().bands.isEmpty();
+    for (QAction *insert : std::as_const(m_actions))
+        if (insert->objectName().startsWith(u"insert-") || insert->objectName() == u"paste")
+            insert->setEnabled(hasBands);
+}
+
+void DesignerActions::copy() const
+{
+    const Selection &selection = m_document.selection();
+    if (selection.objects.isEmpty())
+        return;
+    const QByteArray text =
+        clipboardText(m_document.layout(), objectsAt(m_document.layout(), selection.objects));
+    auto data = std::make_unique<QMimeData>();
+    data->setData(clipboardType, text);
+    data->setText(QString::fromUtf8(text));
+    QGuiApplication::clipboard()->setMimeData(data.release());
+}
+
+/// Objects come from this report or another one; words from elsewhere become a text.
+void DesignerActions::paste()
+{
+    const QMimeData *data = QGuiApplication::clipboard()->mimeData();
+    const int band = m_canvas.targetBand();
+    if (!data || band < 0)
+        return;
+    m_document.endSeries();
+    m_document.change(u"Paste"_s, [&](Layout &layout, Selection &selection) {
+        QList<Place> places;
+        if (data->hasFormat(clipboardType))
+            places = pasteText(layout, band, data->data(clipboardType),
+                               {CopyShift, CopyShift});
+        else if (data->hasText() && !data->text().trimmed().isEmpty()) {
+            Object text = newObject(ObjectKind::Text, {0, 0});
+            text.content = data->text().trimmed().replace(u'{', u"{{"_s);
+            places = addObjects(layout, band, {text});
+        }
+        if (!places.isEmpty())
+            selection = Selection::of(places);
+    });
+}
+
+void DesignerActions::duplicate()
+{
+    m_document.endSeries();
+    m_document.change(u"Duplicate"_s, [](Layout &layout, Selection &selection) {
+        QList<Place> places;
+        for (const Place &place : std::as_const(selection.objects)) {
+            Object copied = layout.bands[place.band].objects[place.object];
+            copied.name.clear();
+            copied.x += CopyShift;
+            copied.y += CopyShift;
+            places += addObjects(layout, place.band, {copied});
+        }
+        selection = Selection::of(places);
+    });
+}
+
+void DesignerActions::selectAll()
+{
+    const int band = m_canvas.targetBand();
+    if (band < 0)
+        return;
+    QList<Place> places;
+    for (int object = 0; object < m_document.layout().bands[band].objects.size(); ++object)
+        places.append({band, object});
+    m_document.select(Selection::of(places));
+}
+
+void DesignerActions::insertPicture()
+{
+    const QString path = base::prompts().chooseFile(
+        u"Picture"_s, {u"Pictures (*.png *.jpg *.jpeg *.bmp *.gif *.svg)"_s});
+    if (path.isEmpty())
+        return;
+    QFile file(path);
+    if (file.size() > LargestPicture) {
+        base::showMessage(u"The picture is larger than 4 MB. A report keeps it in its own file;"
+                          " make it smaller first."_s);
+        return;
+    }
+    if (!file.open(QIODevice::ReadOnly)) {
+        base::showMessage(
+            u"The picture \"%1\" can't be read: %2."_s.arg(path, file.errorString()));
+        return;
+    }
+    QByteArray bytes = file.readAll();
+    QBuffer buffer(&bytes);
+    const QSize size = QImageReader(&buffer).size();
+    if (!size.isValid() || size.isEmpty()) {
+        base::showMessage(u"\"%1\" is no picture that can be shown."_s.arg(path));
+        return;
+    }
+    const int band = m_canvas.targetBand();
+    const Selection former = m_document.selection();
+    const bool isReplaced = former.objects.size() == 1 &&
+                            m_document.object(former.lead).kind == ObjectKind::Picture;
+    m_document.endSeries();
+    m_document.change(u"Insert picture"_s, [&](Layout &layout, Selection &selection) {
+        const QString name = storePicture(layout, QFileInfo(path).fileName(), bytes);
+        if (isReplaced) {
+            layout.bands[former.lead.band].objects[former.lead.object].content = name;
+            dropUnusedPictures(layout);
+            return;
+        }
+        Object picture = newObject(ObjectKind::Picture, {0, 0});
+        picture.content = name;
+        const QSize frame = size.scaled(4000, 2000, Qt::KeepAspectRatio);
+        picture.width = frame.width();
+        picture.height = frame.height();
+        selection = Selection::of(addObjects(layout, band, {picture}));
+    });
+}
+
+void DesignerActions::fill(QToolBar *bar, const QStringList &names) const
+{
+    for (const QString &name : names) {
+        if (name == u"-")
+            bar->addSeparator();
+        else
+            bar->addAction(action(name));
+    }
+}
+
+void DesignerActions::fill(QMenu *menu, const QStringList &names) const
+{
+    for (const QString &name : names) {
+        if (name == u"-")
+            menu->addSeparator();
+        else
+            menu->addAction(action(name));
+    }
+}
+
+void DesignerActions::fillEditBar(QToolBar *bar) const
+{
+    fill(bar, {u"undo"_s, u"redo"_s, u"-"_s, u"cut"_s, u"copy"_s, u"paste"_s, u"duplicate"_s,
+               u"delete"_s, u"-"_s, u"align-left"_s, u"align-center"_s, u"align-right"_s,
+               u"align-top"_s, u"align-middle"_s, u"align-bottom"_s, u"-"_s,
+               u"distribute-across"_s, u"distribute-down"_s, u"same-width"_s, u"same-height"_s,
+               u"-"_s, u"to-front"_s, u"to-back"_s});
+}
+
+void DesignerActions::fillInsertBar(QToolBar *bar) const
+{
+    fill(bar, {u"insert-text"_s, u"insert-field"_s, u"insert-line"_s, u"insert-box"_s,
+               u"insert-picture"_s, u"insert-bar-code"_s, u"insert-chart"_s, u"insert-cross-tab"_s,
+               u"-"_s, u"add-band"_s, u"add-group"_s, u"looks"_s, u"-"_s, u"grid"_s, u"line-up"_s,
+               u"inches"_s, u"-"_s, u"zoom-out"_s, u"zoom-100"_s, u"zoom-in"_s});
+}
+
+void DesignerActions::fillMenu(QMenu *menu) const
+{
+    fill(menu, {u"cut"_s, u"copy"_s, u"paste"_s, u"duplicate"_s, u"delete"_s, u"selectAll"_s,
+                u"-"_s});
+    QMenu *arrange = menu->addMenu(u"Ali&gn"_s);
+    fill(arrange, {u"align-left"_s, u"align-center"_s, u"align-right"_s, u"align-top"_s,
+                   u"align-middle"_s, u"align-bottom"_s, u"-"_s, u"distribute-across"_s,
+                   u"distribute-down"_s, u"-"_s, u"same-width"_s, u"same-height"_s,
+                   u"same-size"_s});
+    fill(menu, {u"to-front"_s, u"to-back"_s, u"move-up"_s, u"move-down"_s, u"-"_s});
+    fill(menu, {u"add-band"_s, u"add-group"_s, u"add-formula"_s, u"add-parameter"_s,
+                u"add-style"_s, u"looks"_s});
+}
+
+} // namespace report

@@ -1,0 +1,229 @@
+#include "platform/report/designer/Fields.h"
+
+#include "platform/report/designer/HouseStyles.h"
+#include "platform/report/designer/Normalised.h"
+#include "platform/report/designer/Structure.h"
+#include "platform/report/layout/LayoutFile.h"
+
+#include <QDataStream>
+#include <QIODevice>
+#include <algorithm>
+
+namespace report {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+Length usualWidth(FieldType type)
+{
+    switch (type) {
+    case FieldType::Text:
+        return 4000;
+    case FieldType::Number:
+    case FieldType::Date:
+        return 2500;
+    case FieldType::YesNo:
+        break;
+    }
+    return 1500;
+}
+
+void followIfThere(const Layout &layout, Object &object, QStringView style)
+{
+    if (layout.styleIndex(style) >= 0)
+        followStyle(layout, object, style.toString());
+}
+
+int lastBandOf(const Layout &layout, BandKind kind)
+{
+    for (int band = static_cast<int>(layout.bands.size()) - 1; band >= 0; --band)
+        if (layout.bands[band].kind == kind)
+            return band;
+    return -1;
+}
+
+/// Headings stand on the line of those that are there already, else at the band's foot.
+Length headingTop(const Band &band, Length height)
+{
+    for (const Object &object : band.objects)
+        if (object.styleName.compare(house::Heading, Qt::CaseInsensitive) == 0)
+            return object.y;
+    return qMax(0, band.height - height);
+}
+
+Object headingOf(const Layout &layout, const Band &header, const Object &field,
+                 const QString &caption)
+{
+    Object heading = newObject(ObjectKind::Text, {field.x, 0});
+    heading.content = QString(caption).replace(u'{', u"{{"_s);
+    heading.width = field.width;
+    heading.style.align = field.style.align;
+    heading.style.font.bold = true;
+    followIfThere(layout, heading, house::Heading);
+    heading.y = headingTop(header, heading.height);
+    return heading;
+}
+
+} // namespace
+
+QString fieldExpression(const QString &name)
+{
+    const bool isPlain =
+        !name.isEmpty() && !name.front().isDigit() &&
+        std::all_of(name.cbegin(), name.cend(),
+                    [](QChar c) { return c.isLetterOrNumber() || c == u'_'; });
+    return isPlain ? name : u"[%1]"_s.arg(name);
+}
+
+QString usualFormat(FieldType type)
+{
+    switch (type) {
+    case FieldType::Date:
+        return u"mm/dd/yyyy"_s;
+    case FieldType::Number:
+    case FieldType::Text:
+    case FieldType::YesNo:
+        break;
+    }
+    return {};
+}
+
+QList<Place> addField(Layout &layout, int band, const DesignField &field, QPoint at)
+{
+    Object object = newObject(ObjectKind::Field, at);
+    object.content = fieldExpression(field.name);
+    object.width = usualWidth(field.type);
+    object.format = usualFormat(field.type);
+    object.canGrow = field.type == FieldType::Text;
+    if (field.type == FieldType::Number)
+        object.style.align = Align::Right;
+    const bool isDetail = layout.bands[band].kind == BandKind::Detail;
+    followIfThere(layout, object, isDetail ? house::Detail : house::Total);
+    if (!isDetail)
+        return addObjects(layout, band, {object});
+
+    int header = lastBandOf(layout, BandKind::PageHeader);
+    if (header < 0) {
+        Band made;
+        made.kind = BandKind::PageHeader;
+        header = addBand(layout, made);
+        if (header <= band)
+            ++band;
+    }
+    QList<Place> places = addObjects(layout, band, {object});
+    const QString caption = field.caption.isEmpty() ? field.name : field.caption;
+    places += addObjects(layout, header,
+                         {headingOf(layout, layout.bands[header], object, caption)});
+    return places;
+}
+
+QString fieldMimeType()
+{
+    return u"application/x-report-fields"_s;
+}
+
+QByteArray fieldBytes(const QList<DesignField> &fields)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    for (const DesignField &field : fields)
+        stream << field.table << field.name << field.caption << static_cast<qint32>(field.type)
+               << field.isInQuery;
+    return bytes;
+}
+
+QList<DesignField> fieldsOf(const QByteArray &bytes)
+{
+    QList<DesignField> fields;
+    QDataStream stream(bytes);
+    while (!stream.atEnd()) {
+        DesignField field;
+        qint32 type = 0;
+        stream >> field.table >> field.name >> field.caption >> type >> field.isInQuery;
+        if (stream.status() != QDataStream::Ok || type < 0 ||
+            type > static_cast<qint32>(FieldType::YesNo))
+            return {};
+        field.type = static_cast<FieldType>(type);
+        fields.append(field);
+    }
+    return fields;
+}
+
+QString storePicture(Layout &layout, const QString &fileName, const QByteArray &data)
+{
+    QStringList taken;
+    for (const StoredPicture &picture : std::as_const(layout.pictures)) {
+        if (picture.data == data)
+            return picture.name;
+        taken.append(picture.name);
+    }
+    // What begins so would be read as an expression.
+    QString wanted = fileName;
+    while (wanted.startsWith(u'='))
+        wanted.remove(0, 1);
+    const QString name = freeName(wanted.isEmpty() ? u"Picture"_s : wanted, taken);
+    layout.pictures.append({name, data});
+    return name;
+}
+
+void dropUnusedPictures(Layout &layout)
+{
+    const auto isUsed = [&](const StoredPicture &picture) {
+        return std::any_of(
+            layout.bands.cbegin(), layout.bands.cend(), [&](const Band &band) {
+                return std::any_of(band.objects.cbegin(), band.objects.cend(),
+                                   [&](const Object &object) {
+                                       return object.kind == ObjectKind::Picture &&
+                                              object.content.compare(picture.name,
+                                                                     Qt::CaseInsensitive) == 0;
+                                   });
+            });
+    };
+    layout.pictures.removeIf([&](const StoredPicture &picture) { return !isUsed(picture); });
+}
+
+QByteArray clipboardText(const Layout &layout, const QList<Object> &objects)
+{
+    Layout carrier;
+    carrier.styles = layout.styles;
+    carrier.pictures = layout.pictures;
+    Band band;
+    band.objects = objects;
+    carrier.bands.append(band);
+    carrier.styles.removeIf([&](const NamedStyle &style) {
+        return std::none_of(objects.cbegin(), objects.cend(), [&](const Object &object) {
+            return object.styleName.compare(style.name, Qt::CaseInsensitive) == 0;
+        });
+    });
+    dropUnusedPictures(carrier);
+    return writeLayout(normalised(carrier));
+}
+
+QList<Place> pasteText(Layout &layout, int band, const QByteArray &text, QPoint by)
+{
+    const LayoutReading reading = readLayout(text);
+    if (!reading.layout || band < 0 || band >= layout.bands.size())
+        return {};
+    // The looks of this report win over those of the one that the objects come from.
+    for (const NamedStyle &style : reading.layout->styles)
+        if (layout.styleIndex(style.name) < 0)
+            layout.styles.append(style);
+    QList<Object> objects;
+    for (const Band &source : reading.layout->bands) {
+        for (Object object : source.objects) {
+            object.x += by.x();
+            object.y += by.y();
+            const int picture = reading.layout->pictureIndex(object.content);
+            if (object.kind == ObjectKind::Picture && picture >= 0)
+                object.content =
+                    storePicture(layout, object.content, reading.layout->pictures[picture].data);
+            // A name is given once, the program sets the text that has it.
+            if (!object.name.isEmpty() && layout.find(object.name))
+                object.name.clear();
+            objects.append(object);
+        }
+    }
+    return objects.isEmpty() ? QList<Place>() : addObjects(layout, band, objects);
+}
+
+} // namespace report

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QList>
+#include <compare>
+
+namespace report {
+
+/// Where an object stands in a layout.
+struct Place
+{
+    int band = -1;
+    int object = -1;
+
+    auto operator<=>(const Place &) const = default;
+};
+
+/// What is worked on: objects, or one other part of the report.
+struct Selection
+{
+    enum class Part { Report, Band, Objects, Group, Formula, Parameter, Rows, Style };
+
+    Part part = Part::Report;
+    int index = -1;        ///< of a part that there are several of
+    QList<Place> objects{}; ///< in their order, each once; the last one chosen is in lead
+    Place lead{};          ///< the object that others are aligned with
+
+    [[nodiscard]] static Selection of(Part part, int index = -1) { return {part, index, {}, {}}; }
+    [[nodiscard]] static Selection of(QList<Place> places);
+    [[nodiscard]] bool contains(Place place) const { return objects.contains(place); }
+    /// The band that is selected, or that of the first object; -1 for none.
+    [[nodiscard]] int band() const;
+    bool operator==(const Selection &) const = default;
+};
+
+} // namespace report
