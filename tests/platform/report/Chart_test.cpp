@@ -234,6 +234,46 @@ TEST(Chart, NothingOverlapsOrLeavesTheFrame)
                 }
 }
 
+/// The labels of the values' axis, which stand right-aligned beside it, from below.
+QStringList valueLabels(const Layout &layout, const Rows &rows)
+{
+    QStringList labels;
+    const Page page = allPages(layout, rows, {})[0];
+    for (const PageItem &item : page.items)
+        if (const auto *text = std::get_if<TextItem>(&item);
+            text && text->style.align == Align::Right)
+            labels.append(text->lines[0].text);
+    return labels;
+}
+
+TEST(Chart, TicksReadDifferentlyAndBarsStandOnZero)
+{
+    const Rows small({u"Name"_s, u"Cost"_s}, {{u"a"_s, 0.4}, {u"b"_s, 2.2}});
+    EXPECT_EQ(valueLabels(inFooter("category=\"Name\" format=\"0\"", cost), small),
+              (QStringList{u"0"_s, u"1"_s, u"2"_s, u"3"_s}));
+    const Rows far({u"Name"_s, u"Cost"_s}, {{u"a"_s, 1000}, {u"b"_s, 1010}});
+    EXPECT_EQ(valueLabels(inFooter("category=\"Name\"", cost), far).first(), u"0");
+    EXPECT_EQ(valueLabels(inFooter("kind=\"line\" category=\"Name\"", cost), far).first(), u"1000");
+    EXPECT_EQ(valueLabels(inFooter("kind=\"line\" category=\"Name\"", cost), small).first(), u"0");
+}
+
+TEST(Chart, NamesThatAreLeftOutAreSoRegularly)
+{
+    QList<QVariantList> rows;
+    for (int number = 0; number < 40; ++number)
+        rows.append(
+            {u"D%1"_s.arg(number) + (number % 5 == 0 ? u" of March"_s : QString()), number});
+    const Page page = allPages(inFooter("kind=\"line\" category=\"Name\"", cost),
+                               Rows({u"Name"_s, u"Cost"_s}, rows), {})[0];
+    QList<int> shown;
+    for (const auto &text : texts(page))
+        if (text.first.startsWith(u'D'))
+            shown.append(text.first.sliced(1).section(u' ', 0, 0).toInt());
+    ASSERT_GE(shown.size(), 5);
+    for (qsizetype label = 1; label < shown.size(); ++label)
+        EXPECT_EQ(shown[label] - shown[label - 1], shown[1] - shown[0]);
+}
+
 TEST(Chart, LongNamesEndInAnEllipsis)
 {
     const auto found = texts(allPages(inFooter("category=\"Name\"", cost),

@@ -218,5 +218,29 @@ TEST(Formatted, IsAsTheFormatSays)
         EXPECT_EQ(formatted(c.value, c.format).toStdString(), c.text.toStdString());
 }
 
+TEST(Accumulator, TakesWhatAnotherHasCollected)
+{
+    const QVariantList first{3, QVariant(), 1.5};
+    const QVariantList second{0.1, 7, 2};
+    for (const auto function :
+         {AggregateFunction::Sum, AggregateFunction::Count, AggregateFunction::Average,
+          AggregateFunction::Minimum, AggregateFunction::Maximum, AggregateFunction::First,
+          AggregateFunction::Last}) {
+        SCOPED_TRACE(static_cast<int>(function));
+        Accumulator parted(function), other(function), whole(function), none(function);
+        for (const QVariant &value : first)
+            parted.add(value);
+        for (const QVariant &value : second)
+            other.add(value);
+        for (const QVariant &value : first + second)
+            whole.add(value);
+        parted.add(other);
+        parted.add(none);
+        EXPECT_EQ(parted.result(), whole.result());
+        none.add(parted);
+        EXPECT_EQ(none.result(), whole.result());
+    }
+}
+
 } // namespace
 } // namespace report

@@ -167,6 +167,20 @@ TEST(Paginate, TotalsOfPagesCountOnlyWhatStandsOnThem)
               "a 1 2 =3 / b 4 8 c 16 =28");
 }
 
+TEST(Paginate, AGroupLongerThanAPageIsNotHeldBack)
+{
+    const Layout layout =
+        smallLayout(QByteArray(R"(<group name="g" by="1" keepTogether="yes"/>)") + detailN);
+    int row = 0;
+    Inputs inputs;
+    inputs.progress = [&](int done, int) { row = done; };
+    const Outcome outcome = paginate(layout, numbers(500), inputs, [&](Page &&page) {
+        EXPECT_LT(row, page.number * 6 + 3) << "six rows a page";
+        return true;
+    });
+    EXPECT_EQ(outcome.pages, 84);
+}
+
 TEST(Paginate, TotalsOfPagesCountRowsWithoutABandToo)
 {
     const Layout layout = smallLayout(

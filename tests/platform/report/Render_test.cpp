@@ -300,5 +300,41 @@ TEST(PagePainter, DrawsEachKindAtItsPlace)
     EXPECT_EQ(sheet.pixelColor(12, 45), QColor(Qt::white));
 }
 
+TEST(PagePainter, TextsHaveTheirColoursWhateverWasDrawnBefore)
+{
+    TextItem text;
+    text.style.color = Qt::red;
+    text.style.font.points = 40;
+    text.style.font.bold = true;
+    const auto textAt = [&](int y, bool bordered, double points) {
+        TextItem item = text;
+        item.style.font.points = points;
+        item.frame = QRect(0, y, 5000, 1500);
+        item.style.border = bordered ? Border{false, true, false, false, 50, Qt::blue} : Border();
+        item.lines = {{u"M"_s, 200, y + 1300, 1000}};
+        return item;
+    };
+    Page page;
+    page.items = {textAt(0, true, 40), textAt(1500, false, 20),
+                  LineItem{{0, 4900}, {5000, 4900}, 100, Qt::green}, textAt(3000, false, 40)};
+    QImage sheet(100, 100, QImage::Format_RGB32);
+    sheet.fill(Qt::white);
+    QPainter painter(&sheet);
+    painter.scale(0.02, 0.02);
+    PagePainter().paint(page, painter);
+    painter.end();
+    const auto redIn = [&](int top) {
+        int red = 0;
+        for (int y = top; y < top + 30; ++y)
+            for (int x = 0; x < 100; ++x)
+                red += sheet.pixelColor(x, y) == QColor(Qt::red);
+        return red;
+    };
+    EXPECT_GT(redIn(0), 50);
+    EXPECT_GT(redIn(30), 10);
+    EXPECT_LT(redIn(30), redIn(0)) << "a smaller font";
+    EXPECT_EQ(redIn(60), redIn(0)) << "the larger one again";
+}
+
 } // namespace
 } // namespace report

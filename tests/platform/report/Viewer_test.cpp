@@ -1,3 +1,4 @@
+#include "platform/base/Error.h"
 #include "platform/report/viewer/PageView.h"
 #include "platform/report/viewer/ReportViewer.h"
 #include "platform/report/viewer/Thumbnails.h"
@@ -385,6 +386,29 @@ TEST_F(Viewer, RemarksAreThereToRead)
     m_prompts.expect(u"an object: there is no field \"colour\"."_s,
                      base::Prompts::Icon::Information);
     press(u"remarks"_s);
+}
+
+/// Rows that can't be read any more.
+class LostRows final : public DataSource
+{
+public:
+    [[nodiscard]] int rowCount() const override { return 100; }
+    [[nodiscard]] int fieldIndex(const QString &) const override { return 0; }
+    [[nodiscard]] QVariant value(int row, int) const override
+    {
+        if (row > 30)
+            throw base::Error(base::ErrorNumber::InvalidCall, u"The rows are gone."_s);
+        return row;
+    }
+};
+
+TEST_F(Viewer, AnErrorOnTheWayIsARemark)
+{
+    m_viewer.setReport(machines(), std::make_shared<LostRows>(), {});
+    m_viewer.finishLayout();
+    EXPECT_EQ(m_viewer.pageCount(), 2) << "what was whole stays";
+    EXPECT_EQ(child<QLabel>(u"layoutStatus"_s)->text(), u"Incomplete");
+    EXPECT_EQ(m_viewer.outcome().problems, QStringList{u"The rows are gone."_s});
 }
 
 TEST_F(Viewer, WithoutAPrinterSaysSo)
