@@ -194,8 +194,7 @@ TEST(LayoutFile, FilesOfTheVersionsInUseComeBackAsTheyAre)
 
 TEST(LayoutFile, ObjectsFollowTheirStyleButForWhatTheySayThemselves)
 {
-    const Layout layout =
-        *readLayoutFile(QStringLiteral(REPORT_TEST_DATA "/version3.rpt")).layout;
+    const Layout layout = *readLayoutFile(QStringLiteral(REPORT_TEST_DATA "/version3.rpt")).layout;
     const Object &whole = layout.bands[0].objects[0];
     EXPECT_EQ(whole.style, layout.styles[0].style);
     const Style &own = layout.bands[0].objects[1].style;

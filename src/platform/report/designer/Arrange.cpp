@@ -15,8 +15,7 @@ void forEach(Layout &layout, const QList<Place> &places, Change change)
 Length farEdge(const Object &object, Direction direction)
 {
     const QRect frame = frameOf(object);
-    return direction == Direction::Across ? frame.x() + frame.width()
-                                          : frame.y() + frame.height();
+    return direction == Direction::Across ? frame.x() + frame.width() : frame.y() + frame.height();
 }
 
 Length nearEdge(const Object &object, Direction direction)
@@ -70,10 +69,7 @@ void align(Layout &layout, const Selection &selection, AlignEdge edge)
         const Length size = farEdge(object, direction) - nearEdge(object, direction);
         const bool isStart = edge == AlignEdge::Left || edge == AlignEdge::Top;
         const bool isEnd = edge == AlignEdge::Right || edge == AlignEdge::Bottom;
-        moveTo(object, direction,
-               isStart ? start
-               : isEnd ? end - size
-                       : (start + end - size) / 2);
+        moveTo(object, direction, isStart ? start : isEnd ? end - size : (start + end - size) / 2);
     });
 }
 

@@ -79,8 +79,7 @@ QPoint CanvasGeometry::fromBand(int band, QPoint units) const
 QRect CanvasGeometry::fromBand(int band, const QRect &units) const
 {
     const QPoint from = fromBand(band, units.topLeft());
-    const QPoint to =
-        fromBand(band, QPoint(units.x() + units.width(), units.y() + units.height()));
+    const QPoint to = fromBand(band, QPoint(units.x() + units.width(), units.y() + units.height()));
     return {from, QSize(to.x() - from.x(), to.y() - from.y())};
 }
 

@@ -182,15 +182,15 @@ void DesignCanvas::editInPlace()
         return;
     finishEditing(true);
     const Object &object = m_document.object(selection.lead);
-    const QRect frame = m_geometry.fromBand(selection.lead.band, frameOf(object))
-                            .translated(-scrolled());
+    const QRect frame =
+        m_geometry.fromBand(selection.lead.band, frameOf(object)).translated(-scrolled());
     m_editor = new QPlainTextEdit(object.content, viewport());
     m_editor->setObjectName(u"wordsInPlace"_s);
     m_editor->setAccessibleName(u"Words"_s);
     m_editor->setTabChangesFocus(true);
     m_editor->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_editor->setGeometry(frame.adjusted(-2, -2, 2, 2)
-                              .united(QRect(frame.topLeft() - QPoint(2, 2), QSize(220, 30))));
+    m_editor->setGeometry(
+        frame.adjusted(-2, -2, 2, 2).united(QRect(frame.topLeft() - QPoint(2, 2), QSize(220, 30))));
     m_editor->installEventFilter(this);
     m_editor->selectAll();
     m_editor->show();

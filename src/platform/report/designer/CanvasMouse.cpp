@@ -22,10 +22,10 @@ Qt::CursorShape cursorFor(const Edges &edges)
 {
     const bool falling = (edges.left && edges.top) || (edges.right && edges.bottom);
     const bool rising = (edges.left && edges.bottom) || (edges.right && edges.top);
-    return falling                       ? Qt::SizeFDiagCursor
-           : rising                      ? Qt::SizeBDiagCursor
-           : edges.left || edges.right   ? Qt::SizeHorCursor
-                                         : Qt::SizeVerCursor;
+    return falling                     ? Qt::SizeFDiagCursor
+           : rising                    ? Qt::SizeBDiagCursor
+           : edges.left || edges.right ? Qt::SizeHorCursor
+                                       : Qt::SizeVerCursor;
 }
 
 void growBands(Layout &layout, const QList<Place> &places)
@@ -76,8 +76,8 @@ void DesignCanvas::pressAt(QPoint content, Qt::KeyboardModifiers modifiers)
         return;
     }
     if (!selection.objects.isEmpty()) {
-        const QRect lead = m_geometry.fromBand(selection.lead.band,
-                                               frameOf(m_document.object(selection.lead)));
+        const QRect lead =
+            m_geometry.fromBand(selection.lead.band, frameOf(m_document.object(selection.lead)));
         for (const Handle &handle : handlesOf(lead))
             if (handle.place.contains(content)) {
                 m_edges = handle.edges;
@@ -221,11 +221,10 @@ void DesignCanvas::moveObjects(QPoint by, bool isSnapping)
         moveInto(target, by, isSnapping);
         return;
     }
-    const QRect frame =
-        frameAround(m_document.layout(), inBandOf(selection.objects, source));
+    const QRect frame = frameAround(m_document.layout(), inBandOf(selection.objects, source));
     QPoint way(m_geometry.toUnits(by.x()), m_geometry.toUnits(by.y()));
-    const Snapped snapped = snapMove(frame.translated(way), linesFor(selection.objects, source),
-                                     snapRules(isSnapping));
+    const Snapped snapped =
+        snapMove(frame.translated(way), linesFor(selection.objects, source), snapRules(isSnapping));
     way += snapped.by;
     way.setY(qMax(way.y(), -frame.y()));
     m_guides = snapped.guides;
@@ -240,11 +239,11 @@ void DesignCanvas::moveInto(int band, QPoint by, bool isSnapping)
 {
     const Selection selection = m_document.selection();
     const QRect frame = frameAround(m_document.layout(), selection.objects);
-    const QPoint corner = m_geometry.toBand(
-        band, m_geometry.fromBand(selection.lead.band, frame.topLeft()) + by);
+    const QPoint corner =
+        m_geometry.toBand(band, m_geometry.fromBand(selection.lead.band, frame.topLeft()) + by);
     QPoint way(m_geometry.toUnits(by.x()), corner.y() - frame.y());
-    const Snapped snapped = snapMove(frame.translated(way), linesFor(selection.objects, band),
-                                     snapRules(isSnapping));
+    const Snapped snapped =
+        snapMove(frame.translated(way), linesFor(selection.objects, band), snapRules(isSnapping));
     way += snapped.by;
     m_guides = snapped.guides;
     m_guideBand = band;
@@ -289,12 +288,11 @@ void DesignCanvas::dragHeight(QPoint by)
     const int band = m_bandPressed;
     const Length former = m_document.layout().bands[band].height;
     const int grid = m_showsGrid ? GridStep / 2 : 10;
-    const Length height =
-        qMax(0, (former + m_geometry.toUnits(by.y()) + grid / 2) / grid * grid);
+    const Length height = qMax(0, (former + m_geometry.toUnits(by.y()) + grid / 2) / grid * grid);
     preview(u"Height of %1"_s.arg(bandName(m_document.layout().bands[band])),
             [band, height](Layout &layout, Selection &) { layout.bands[band].height = height; });
-    Q_EMIT told(u"%1: %2 mm high"_s.arg(bandName(m_document.layout().bands[band]),
-                                        millimetres(height)));
+    Q_EMIT told(
+        u"%1: %2 mm high"_s.arg(bandName(m_document.layout().bands[band]), millimetres(height)));
 }
 
 void DesignCanvas::tellFrame()
@@ -426,8 +424,9 @@ void DesignCanvas::dropEvent(QDropEvent *event)
     const QPoint corner = m_geometry.toBand(band, content);
     const Snapped snapped =
         snapMove(QRect(corner, QSize(0, 0)), linesFor({}, band), snapRules(true));
-    Q_EMIT fieldsDropped(fields, band, QPoint(qMax(0, corner.x() + snapped.by.x()),
-                                              qMax(0, corner.y() + snapped.by.y())));
+    Q_EMIT fieldsDropped(
+        fields, band,
+        QPoint(qMax(0, corner.x() + snapped.by.x()), qMax(0, corner.y() + snapped.by.y())));
     event->acceptProposedAction();
     setFocus();
 }

@@ -16,11 +16,14 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// Of the band in which something is selected.
+const QColor MeantColor(214, 226, 250);
+
 /// The steps of a ruler: so many small ones to a numbered one.
 struct Steps
 {
-    double unit;  ///< of a numbered one, in 1/100 mm
-    int parts;    ///< small steps within it
+    double unit;   ///< of a numbered one, in 1/100 mm
+    int parts;     ///< small steps within it
     double number; ///< what the number counts on by
 };
 
@@ -43,8 +46,8 @@ void paintMarks(QPainter &painter, const QRect &area, double origin, int end, do
 {
     const Steps steps = stepsFor(scale, inInches);
     const double small = steps.unit / steps.parts * scale;
-    const int first = static_cast<int>(std::ceil(((isUpright ? area.top() : area.left()) - origin) /
-                                                 small));
+    const int first =
+        static_cast<int>(std::ceil(((isUpright ? area.top() : area.left()) - origin) / small));
     for (int mark = first;; ++mark) {
         const int at = static_cast<int>(std::lround(origin + mark * small));
         if (at > end)
@@ -107,8 +110,7 @@ void Ruler::paintEvent(QPaintEvent *)
     painter.setClipRect(BandStrip::Width, 0, width() - BandStrip::Width, height());
     painter.fillRect(inner, Qt::white);
     if (m_to > m_from)
-        painter.fillRect(QRect(m_from + BandStrip::Width, 0, m_to - m_from, height()),
-                         theme::selectionColor().lighter(160));
+        painter.fillRect(QRect(m_from + BandStrip::Width, 0, m_to - m_from, height()), MeantColor);
     painter.setFont(markFont());
     painter.setPen(theme::textColor());
     paintMarks(painter, rect(), geometry.originX() + shift, geometry.sheetRight() + shift,
@@ -119,8 +121,8 @@ void Ruler::paintEvent(QPaintEvent *)
     }
     painter.setClipping(false);
     painter.setPen(theme::textColor());
-    painter.drawText(QRect(0, 0, BandStrip::Width - 4, height()),
-                     Qt::AlignRight | Qt::AlignVCenter, m_inInches ? u"inches"_s : u"mm"_s);
+    painter.drawText(QRect(0, 0, BandStrip::Width - 4, height()), Qt::AlignRight | Qt::AlignVCenter,
+                     m_inInches ? u"inches"_s : u"mm"_s);
     painter.setPen(theme::lineColor());
     painter.drawLine(0, height() - 1, width(), height() - 1);
 }
@@ -152,14 +154,13 @@ void BandStrip::paintEvent(QPaintEvent *)
             continue;
         const QRect own(0, slot.top(), width(), slot.height());
         paintName(painter, band, QRect(0, own.top(), NameWidth, own.height()));
-        const QRect white(NameWidth, own.top(), Ruler::Thickness,
-                          geometry.bandRect(band).height());
+        const QRect white(NameWidth, own.top(), Ruler::Thickness, geometry.bandRect(band).height());
         painter.fillRect(white, Qt::white);
         painter.setFont(markFont());
         painter.setPen(theme::textColor());
         painter.setClipRect(white);
-        paintMarks(painter, ruler.intersected(QRect(NameWidth, own.top(), Ruler::Thickness,
-                                                    own.height())),
+        paintMarks(painter,
+                   ruler.intersected(QRect(NameWidth, own.top(), Ruler::Thickness, own.height())),
                    own.top(), white.bottom(), geometry.scale(), true, m_inInches);
         painter.setClipping(false);
         painter.fillRect(QRect(0, bar.top(), width(), bar.height()), theme::lineColor());
@@ -176,7 +177,7 @@ void BandStrip::paintName(QPainter &painter, int band, const QRect &slot)
     if (isSelected)
         painter.fillRect(slot, theme::selectionColor());
     else if (isMeant)
-        painter.fillRect(slot, theme::selectionColor().lighter(180));
+        painter.fillRect(slot, MeantColor);
     painter.setFont(theme::font(8, isMeant));
     painter.setPen(isSelected ? theme::selectionTextColor() : theme::mainColor());
     const QRect words = slot.adjusted(5, 1, -3, 0);
@@ -203,8 +204,8 @@ bool BandStrip::event(QEvent *event)
 
 void BandStrip::mousePressEvent(QMouseEvent *event)
 {
-    const QPoint content(0, event->position().toPoint().y() +
-                                m_canvas.verticalScrollBar()->value());
+    const QPoint content(0,
+                         event->position().toPoint().y() + m_canvas.verticalScrollBar()->value());
     m_canvas.setFocus();
     if (const int bar = m_canvas.geometry().barAt(content.y()); bar >= 0) {
         m_canvas.beginHeight(bar, content);
@@ -216,8 +217,8 @@ void BandStrip::mousePressEvent(QMouseEvent *event)
 
 void BandStrip::mouseMoveEvent(QMouseEvent *event)
 {
-    const QPoint content(0, event->position().toPoint().y() +
-                                m_canvas.verticalScrollBar()->value());
+    const QPoint content(0,
+                         event->position().toPoint().y() + m_canvas.verticalScrollBar()->value());
     setCursor(m_canvas.geometry().barAt(content.y()) >= 0 ? Qt::SizeVerCursor : Qt::ArrowCursor);
     m_canvas.dragTo(content, event->modifiers());
 }

@@ -3,8 +3,8 @@
 #include "platform/input/Theme.h"
 #include "platform/report/designer/CanvasSides.h"
 
-#include <QPainter>
 #include <QPaintEvent>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <cmath>
@@ -22,6 +22,14 @@ const QColor FrameColor(170, 184, 200);
 const QColor GuideColor(214, 0, 120);
 constexpr double UnitsPerInch = 2540;
 constexpr int GridUnits = 500; ///< between two lines that are shown
+
+/// What stands in a frame of which nothing is seen before it is printed.
+QString hintOf(const Layout &layout, const Object &object)
+{
+    if (object.kind == ObjectKind::Picture && layout.pictureIndex(object.content) < 0)
+        return object.content.isEmpty() ? u"Picture"_s : object.content;
+    return object.kind == ObjectKind::Text && object.content.isEmpty() ? object.name : QString();
+}
 
 } // namespace
 
@@ -73,6 +81,14 @@ void DesignCanvas::setZoom(int percent)
     verticalScrollBar()->setValue(static_cast<int>(share * m_geometry.size().height()) -
                                   viewport()->height() / 2);
     Q_EMIT zoomChanged(zoom);
+}
+
+void DesignCanvas::zoomToWidth()
+{
+    const double pixels = m_shown.page.width() * logicalDpiX() / UnitsPerInch;
+    const int room = viewport()->width() - 2 * CanvasGeometry::Edge;
+    setZoom(static_cast<int>(100 * room / pixels));
+    horizontalScrollBar()->setValue(0);
 }
 
 void DesignCanvas::setInches(bool inInches)
@@ -259,13 +275,11 @@ void DesignCanvas::paintFrames(QPainter &painter, int band)
         painter.setPen(faint);
         const QRect frame = m_geometry.fromBand(band, frameOf(object));
         painter.drawRect(frame);
-        const bool isBlank =
-            object.kind == ObjectKind::Picture && m_shown.pictureIndex(object.content) < 0;
-        if (isBlank) {
+        if (const QString hint = hintOf(m_shown, object); !hint.isEmpty()) {
             painter.setPen(FrameColor.darker());
             painter.setFont(theme::font(7));
-            painter.drawText(frame, Qt::AlignCenter | Qt::TextWordWrap,
-                             object.content.isEmpty() ? u"Picture"_s : object.content);
+            painter.drawText(frame, Qt::AlignCenter,
+                             painter.fontMetrics().elidedText(hint, Qt::ElideRight, frame.width()));
         }
     }
 }

@@ -32,6 +32,8 @@ public:
     /// In percent; 100 shows the size on paper.
     void setZoom(int percent);
     [[nodiscard]] int zoom() const { return m_zoom; }
+    /// So that the sheet is as wide as the canvas.
+    void zoomToWidth();
     /// The rulers' unit.
     void setInches(bool inInches);
     /// Edges come to rest on the grid, which is shown then.
@@ -135,7 +137,7 @@ private:
     CanvasGeometry m_geometry;
     DesignItems m_items;
     PagePainter m_painter;
-    Layout m_shown; ///< the document's layout, or how it would be after the drag
+    Layout m_shown;             ///< the document's layout, or how it would be after the drag
     Selection m_shownSelection; ///< the same of the selection
     int m_zoom = 100;
     bool m_inInches = false;
@@ -144,8 +146,8 @@ private:
 
     std::optional<ObjectKind> m_inserting;
     Action m_action = Action::None;
-    QPoint m_pressed, m_now;       ///< content pixels
-    Edges m_edges;                 ///< that the drag moves
+    QPoint m_pressed, m_now; ///< content pixels
+    Edges m_edges;           ///< that the drag moves
     int m_bandPressed = -1;
     std::optional<Place> m_picked; ///< becomes the only one selected when no drag follows
     QList<Guide> m_guides;

@@ -9,8 +9,9 @@
 
 namespace report {
 
-/// What a designer works on: a layout, what of it is selected, and all changes that were made, which
-/// can be undone and redone without limit. Views listen to its signals and change it by change().
+/// What a designer works on: a layout, what of it is selected, and all changes that were made,
+/// which can be undone and redone without limit. Views listen to its signals and change it by
+/// change().
 class DesignDocument final : public QObject
 {
     Q_OBJECT

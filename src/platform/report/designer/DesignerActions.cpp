@@ -32,9 +32,9 @@ constexpr qint64 LargestPicture = 4 * 1024 * 1024;
 
 QString tipOf(const QString &caption, const QList<QKeySequence> &keys)
 {
-    return keys.isEmpty() ? caption
-                          : u"%1 (%2)"_s.arg(caption,
-                                             keys.first().toString(QKeySequence::NativeText));
+    return keys.isEmpty()
+               ? caption
+               : u"%1 (%2)"_s.arg(caption, keys.first().toString(QKeySequence::NativeText));
 }
 
 } // namespace
@@ -87,20 +87,19 @@ void DesignerActions::change(const QString &name,
                              const std::function<void(Layout &, const Selection &)> &changes)
 {
     m_document.endSeries();
-    m_document.change(name, [&](Layout &layout, const Selection &selection) {
-        changes(layout, selection);
-    });
+    m_document.change(
+        name, [&](Layout &layout, const Selection &selection) { changes(layout, selection); });
 }
 
 void DesignerActions::addEditing()
 {
     QUndoStack &stack = m_document.undoStack();
-    QAction *undo = add(u"undo"_s, u"Undo"_s, u"undo"_s, {QKeySequence::Undo},
-                        [&stack] { stack.undo(); });
-    QAction *redo = add(u"redo"_s, u"Redo"_s, u"redo"_s,
-                        {QKeySequence(Qt::CTRL | Qt::Key_Y),
-                         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)},
-                        [&stack] { stack.redo(); });
+    QAction *undo =
+        add(u"undo"_s, u"Undo"_s, u"undo"_s, {QKeySequence::Undo}, [&stack] { stack.undo(); });
+    QAction *redo =
+        add(u"redo"_s, u"Redo"_s, u"redo"_s,
+            {QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)},
+            [&stack] { stack.redo(); });
     connect(&stack, &QUndoStack::undoTextChanged, undo, [undo](const QString &name) {
         undo->setToolTip(name.isEmpty() ? u"Undo (Ctrl+Z)"_s : u"Undo %1 (Ctrl+Z)"_s.arg(name));
     });
@@ -180,9 +179,9 @@ void DesignerActions::addInserting()
         const char16_t *name;
         ObjectKind kind;
     };
-    constexpr Kind Kinds[] = {{u"text", ObjectKind::Text},       {u"field", ObjectKind::Field},
-                              {u"line", ObjectKind::Line},       {u"box", ObjectKind::Box},
-                              {u"bar-code", ObjectKind::BarCode}, {u"chart", ObjectKind::Chart},
+    constexpr Kind Kinds[] = {{u"text", ObjectKind::Text},         {u"field", ObjectKind::Field},
+                              {u"line", ObjectKind::Line},         {u"box", ObjectKind::Box},
+                              {u"bar-code", ObjectKind::BarCode},  {u"chart", ObjectKind::Chart},
                               {u"cross-tab", ObjectKind::CrossTab}};
     int digit = 0;
     for (const Kind &entry : Kinds) {
@@ -280,6 +279,8 @@ void DesignerActions::addViewing()
         [this] { m_canvas.setZoom(m_canvas.zoom() + 25); });
     add(u"zoom-100"_s, u"Size on paper"_s, u"report"_s, {QKeySequence(Qt::CTRL | Qt::Key_0)},
         [this] { m_canvas.setZoom(100); });
+    add(u"zoom-width"_s, u"Whole width"_s, u"report-width"_s, {QKeySequence(Qt::CTRL | Qt::Key_9)},
+        [this] { m_canvas.zoomToWidth(); });
     addSwitch(u"grid"_s, u"Grid of 1 mm"_s, u"report-grid"_s, true,
               [this](bool isOn) { m_canvas.setGridShown(isOn); });
     addSwitch(u"line-up"_s, u"Line up with other edges"_s, u"report-guides"_s, true,
@@ -333,8 +334,7 @@ void DesignerActions::paste()
     m_document.change(u"Paste"_s, [&](Layout &layout, Selection &selection) {
         QList<Place> places;
         if (data->hasFormat(clipboardType))
-            places = pasteText(layout, band, data->data(clipboardType),
-                               {CopyShift, CopyShift});
+            places = pasteText(layout, band, data->data(clipboardType), {CopyShift, CopyShift});
         else if (data->hasText() && !data->text().trimmed().isEmpty()) {
             Object text = newObject(ObjectKind::Text, {0, 0});
             text.content = data->text().trimmed().replace(u'{', u"{{"_s);
@@ -385,8 +385,7 @@ void DesignerActions::insertPicture()
         return;
     }
     if (!file.open(QIODevice::ReadOnly)) {
-        base::showMessage(
-            u"The picture \"%1\" can't be read: %2."_s.arg(path, file.errorString()));
+        base::showMessage(u"The picture \"%1\" can't be read: %2."_s.arg(path, file.errorString()));
         return;
     }
     QByteArray bytes = file.readAll();
@@ -398,8 +397,8 @@ void DesignerActions::insertPicture()
     }
     const int band = m_canvas.targetBand();
     const Selection former = m_document.selection();
-    const bool isReplaced = former.objects.size() == 1 &&
-                            m_document.object(former.lead).kind == ObjectKind::Picture;
+    const bool isReplaced =
+        former.objects.size() == 1 && m_document.object(former.lead).kind == ObjectKind::Picture;
     m_document.endSeries();
     m_document.change(u"Insert picture"_s, [&](Layout &layout, Selection &selection) {
         const QString name = storePicture(layout, QFileInfo(path).fileName(), bytes);
@@ -439,33 +438,68 @@ void DesignerActions::fill(QMenu *menu, const QStringList &names) const
 
 void DesignerActions::fillEditBar(QToolBar *bar) const
 {
-    fill(bar, {u"undo"_s, u"redo"_s, u"-"_s, u"cut"_s, u"copy"_s, u"paste"_s, u"duplicate"_s,
-               u"delete"_s, u"-"_s, u"align-left"_s, u"align-center"_s, u"align-right"_s,
-               u"align-top"_s, u"align-middle"_s, u"align-bottom"_s, u"-"_s,
-               u"distribute-across"_s, u"distribute-down"_s, u"same-width"_s, u"same-height"_s,
-               u"-"_s, u"to-front"_s, u"to-back"_s});
+    fill(bar, {u"undo"_s,
+               u"redo"_s,
+               u"-"_s,
+               u"cut"_s,
+               u"copy"_s,
+               u"paste"_s,
+               u"duplicate"_s,
+               u"delete"_s,
+               u"-"_s,
+               u"align-left"_s,
+               u"align-center"_s,
+               u"align-right"_s,
+               u"align-top"_s,
+               u"align-middle"_s,
+               u"align-bottom"_s,
+               u"-"_s,
+               u"distribute-across"_s,
+               u"distribute-down"_s,
+               u"same-width"_s,
+               u"same-height"_s,
+               u"-"_s,
+               u"to-front"_s,
+               u"to-back"_s});
 }
 
 void DesignerActions::fillInsertBar(QToolBar *bar) const
 {
-    fill(bar, {u"insert-text"_s, u"insert-field"_s, u"insert-line"_s, u"insert-box"_s,
-               u"insert-picture"_s, u"insert-bar-code"_s, u"insert-chart"_s, u"insert-cross-tab"_s,
-               u"-"_s, u"add-band"_s, u"add-group"_s, u"looks"_s, u"-"_s, u"grid"_s, u"line-up"_s,
-               u"inches"_s, u"-"_s, u"zoom-out"_s, u"zoom-100"_s, u"zoom-in"_s});
+    fill(bar, {u"insert-text"_s,
+               u"insert-field"_s,
+               u"insert-line"_s,
+               u"insert-box"_s,
+               u"insert-picture"_s,
+               u"insert-bar-code"_s,
+               u"insert-chart"_s,
+               u"insert-cross-tab"_s,
+               u"-"_s,
+               u"add-band"_s,
+               u"add-group"_s,
+               u"looks"_s,
+               u"-"_s,
+               u"grid"_s,
+               u"line-up"_s,
+               u"inches"_s,
+               u"-"_s,
+               u"zoom-out"_s,
+               u"zoom-in"_s,
+               u"zoom-width"_s,
+               u"zoom-100"_s});
 }
 
 void DesignerActions::fillMenu(QMenu *menu) const
 {
-    fill(menu, {u"cut"_s, u"copy"_s, u"paste"_s, u"duplicate"_s, u"delete"_s, u"selectAll"_s,
-                u"-"_s});
+    fill(menu,
+         {u"cut"_s, u"copy"_s, u"paste"_s, u"duplicate"_s, u"delete"_s, u"selectAll"_s, u"-"_s});
     QMenu *arrange = menu->addMenu(u"Ali&gn"_s);
-    fill(arrange, {u"align-left"_s, u"align-center"_s, u"align-right"_s, u"align-top"_s,
-                   u"align-middle"_s, u"align-bottom"_s, u"-"_s, u"distribute-across"_s,
-                   u"distribute-down"_s, u"-"_s, u"same-width"_s, u"same-height"_s,
-                   u"same-size"_s});
+    fill(arrange,
+         {u"align-left"_s, u"align-center"_s, u"align-right"_s, u"align-top"_s, u"align-middle"_s,
+          u"align-bottom"_s, u"-"_s, u"distribute-across"_s, u"distribute-down"_s, u"-"_s,
+          u"same-width"_s, u"same-height"_s, u"same-size"_s});
     fill(menu, {u"to-front"_s, u"to-back"_s, u"move-up"_s, u"move-down"_s, u"-"_s});
-    fill(menu, {u"add-band"_s, u"add-group"_s, u"add-formula"_s, u"add-parameter"_s,
-                u"add-style"_s, u"looks"_s});
+    fill(menu, {u"add-band"_s, u"add-group"_s, u"add-formula"_s, u"add-parameter"_s, u"add-style"_s,
+                u"looks"_s});
 }
 
 } // namespace report

@@ -13,8 +13,8 @@ namespace report {
 class DesignCanvas;
 class StructureTree;
 
-/// What can be done with a design: the actions of tool bars and menus, with their keys, each enabled
-/// while it can be done.
+/// What can be done with a design: the actions of tool bars and menus, with their keys, each
+/// enabled while it can be done.
 class DesignerActions final : public QObject
 {
     Q_OBJECT
@@ -45,8 +45,8 @@ private:
     void addInserting();
     void addParts();
     void addViewing();
-    QAction *addSwitch(const QString &name, const QString &caption, const QString &icon,
-                       bool isOn, const std::function<void(bool)> &run);
+    QAction *addSwitch(const QString &name, const QString &caption, const QString &icon, bool isOn,
+                       const std::function<void(bool)> &run);
     void addBandMenu();
     void enable();
     void duplicate();

@@ -18,6 +18,7 @@
 #include <QShortcut>
 #include <QSplitter>
 #include <QTabWidget>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -79,6 +80,7 @@ DesignerWidgets::DesignerWidgets(DesignDocument &document, ReportDesigner &desig
     rows->setContentsMargins(0, 0, 0, 0);
     rows->addWidget(m_tabs);
     designer.setFocusProxy(canvas);
+    canvas->installEventFilter(this);
     join();
 }
 
@@ -212,6 +214,16 @@ void DesignerWidgets::tabChanged(int index)
         canvas->setFocus();
     }
     Q_EMIT m_designer.previewShown(index == PreviewIndex);
+}
+
+/// A sheet that has just been opened is seen in its whole width, as soon as there is a width.
+bool DesignerWidgets::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == canvas && m_isFresh && event->type() == QEvent::Resize && canvas->isVisible()) {
+        m_isFresh = false;
+        QTimer::singleShot(0, canvas, &DesignCanvas::zoomToWidth);
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void DesignerWidgets::showDesign()

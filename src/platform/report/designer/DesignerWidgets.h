@@ -42,6 +42,9 @@ public:
     DesignerActions *actions;
     std::function<bool(Layout &layout, const DesignField &field)> fieldAdder;
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     [[nodiscard]] QWidget *makeDesign();
     [[nodiscard]] QWidget *makeSide();
@@ -61,6 +64,7 @@ private:
     QToolButton *m_query;
     QLabel *m_status;
     QLabel *m_zoom;
+    bool m_isFresh = true; ///< no width has been seen yet
 };
 
 } // namespace report

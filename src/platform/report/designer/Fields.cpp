@@ -68,10 +68,9 @@ Object headingOf(const Layout &layout, const Band &header, const Object &field,
 
 QString fieldExpression(const QString &name)
 {
-    const bool isPlain =
-        !name.isEmpty() && !name.front().isDigit() &&
-        std::all_of(name.cbegin(), name.cend(),
-                    [](QChar c) { return c.isLetterOrNumber() || c == u'_'; });
+    const bool isPlain = !name.isEmpty() && !name.front().isDigit() &&
+                         std::all_of(name.cbegin(), name.cend(),
+                                     [](QChar c) { return c.isLetterOrNumber() || c == u'_'; });
     return isPlain ? name : u"[%1]"_s.arg(name);
 }
 
@@ -112,8 +111,8 @@ QList<Place> addField(Layout &layout, int band, const DesignField &field, QPoint
     }
     QList<Place> places = addObjects(layout, band, {object});
     const QString caption = field.caption.isEmpty() ? field.name : field.caption;
-    places += addObjects(layout, header,
-                         {headingOf(layout, layout.bands[header], object, caption)});
+    places +=
+        addObjects(layout, header, {headingOf(layout, layout.bands[header], object, caption)});
     return places;
 }
 
@@ -169,15 +168,13 @@ QString storePicture(Layout &layout, const QString &fileName, const QByteArray &
 void dropUnusedPictures(Layout &layout)
 {
     const auto isUsed = [&](const StoredPicture &picture) {
-        return std::any_of(
-            layout.bands.cbegin(), layout.bands.cend(), [&](const Band &band) {
-                return std::any_of(band.objects.cbegin(), band.objects.cend(),
-                                   [&](const Object &object) {
-                                       return object.kind == ObjectKind::Picture &&
-                                              object.content.compare(picture.name,
-                                                                     Qt::CaseInsensitive) == 0;
-                                   });
-            });
+        return std::any_of(layout.bands.cbegin(), layout.bands.cend(), [&](const Band &band) {
+            return std::any_of(
+                band.objects.cbegin(), band.objects.cend(), [&](const Object &object) {
+                    return object.kind == ObjectKind::Picture &&
+                           object.content.compare(picture.name, Qt::CaseInsensitive) == 0;
+                });
+        });
     };
     layout.pictures.removeIf([&](const StoredPicture &picture) { return !isUsed(picture); });
 }

@@ -17,7 +17,12 @@ template<class Part, class Value, class Find>
 Property member(const QString &section, const QString &caption, P kind, const Part &part,
                 Value Part::*value, Find find)
 {
-    return {section, caption, kind, QVariant::fromValue(part.*value), false, {},
+    return {section,
+            caption,
+            kind,
+            QVariant::fromValue(part.*value),
+            false,
+            {},
             [value, find](Layout &layout, Selection &, const QVariant &given) {
                 find(layout).*value = given.value<Value>();
             }};
@@ -44,15 +49,22 @@ QList<Property> reportProperties(const Layout &layout)
         member(sheet, u"Right margin"_s, P::Distance, layout.page, &PageSetup::right, page),
         member(sheet, u"Bottom margin"_s, P::Distance, layout.page, &PageSetup::bottom, page)};
     for (int number = 0; number < layout.sort.size(); ++number)
-        properties.append({u"Sort order"_s, u"Sort by %1"_s.arg(number + 1), P::Expression,
-                           layout.sort[number], false, {},
+        properties.append({u"Sort order"_s,
+                           u"Sort by %1"_s.arg(number + 1),
+                           P::Expression,
+                           layout.sort[number],
+                           false,
+                           {},
                            [number](Layout &changed, Selection &, const QVariant &value) {
                                // An emptied one goes.
                                changed.sort[number] = value.toString();
                            }});
     properties.append({u"Sort order"_s,
-                       layout.sort.isEmpty() ? u"Sort by"_s : u"Then by"_s, P::Expression,
-                       QString(), false, {},
+                       layout.sort.isEmpty() ? u"Sort by"_s : u"Then by"_s,
+                       P::Expression,
+                       QString(),
+                       false,
+                       {},
                        [](Layout &changed, Selection &, const QVariant &value) {
                            changed.sort.append(value.toString());
                        }});
@@ -80,12 +92,17 @@ QList<Property> groupProperties(const Layout &layout, int index)
     const Group &group = layout.groups[index];
     const auto find = [index](Layout &changed) -> Group & { return changed.groups[index]; };
     const QString section = u"Group %1"_s.arg(group.name);
-    return {{section, u"Name"_s, P::Text, group.name, false, {},
+    return {{section,
+             u"Name"_s,
+             P::Text,
+             group.name,
+             false,
+             {},
              [index](Layout &changed, Selection &, const QVariant &value) {
                  renameGroup(changed, index, value.toString());
              }},
             member(section, u"Group by"_s, P::Expression, group, &Group::by, find),
-            member(section, u"Each on a new page"_s, P::Flag, group, &Group::newPage, find),
+            member(section, u"New page each"_s, P::Flag, group, &Group::newPage, find),
             member(section, u"Keep together"_s, P::Flag, group, &Group::keepTogether, find),
             member(section, u"Repeat header"_s, P::Flag, group, &Group::repeatHeader, find),
             member(section, u"Pages from 1"_s, P::Flag, group, &Group::resetPageNumber, find)};
@@ -103,12 +120,14 @@ QList<Property> formulaProperties(const Layout &layout, int index)
 QList<Property> parameterProperties(const Layout &layout, int index)
 {
     const Parameter &parameter = layout.parameters[index];
-    const auto find = [index](Layout &changed) -> Parameter & {
-        return changed.parameters[index];
-    };
+    const auto find = [index](Layout &changed) -> Parameter & { return changed.parameters[index]; };
     const QString section = u"Parameter"_s;
     return {member(section, u"Name"_s, P::Text, parameter, &Parameter::name, find),
-            {section, u"Type"_s, P::Choice, static_cast<int>(parameter.type), false,
+            {section,
+             u"Type"_s,
+             P::Choice,
+             static_cast<int>(parameter.type),
+             false,
              {u"Text"_s, u"Number"_s, u"Date"_s, u"Yes or no"_s},
              [index](Layout &changed, Selection &, const QVariant &value) {
                  changed.parameters[index].type = static_cast<ParameterType>(value.toInt());
@@ -124,7 +143,12 @@ QList<Property> rowsProperties(const Layout &layout, int index)
     const RowSet &set = layout.rowSets[index];
     const auto find = [index](Layout &changed) -> RowSet & { return changed.rowSets[index]; };
     const QString section = u"Further rows"_s;
-    return {{section, u"Name"_s, P::Text, set.name, false, {},
+    return {{section,
+             u"Name"_s,
+             P::Text,
+             set.name,
+             false,
+             {},
              [index](Layout &changed, Selection &, const QVariant &value) {
                  renameRows(changed, index, value.toString());
              }},
@@ -136,20 +160,23 @@ QList<Property> rowsProperties(const Layout &layout, int index)
 QList<Property> namedStyleProperties(const Layout &layout, int index)
 {
     const NamedStyle &style = layout.styles[index];
-    QList<Property> properties{
-        {u"Style"_s, u"Name"_s, P::Text, style.name, false, {},
-         [index](Layout &changed, Selection &, const QVariant &value) {
-             renameStyle(changed, index, value.toString());
-         }}};
+    QList<Property> properties{{u"Style"_s,
+                                u"Name"_s,
+                                P::Text,
+                                style.name,
+                                false,
+                                {},
+                                [index](Layout &changed, Selection &, const QVariant &value) {
+                                    renameStyle(changed, index, value.toString());
+                                }}};
     for (const StyleProperty &entry : styleProperties())
-        properties.append({entry.section, entry.caption, entry.kind, entry.get(style.style), false,
-                           entry.choices,
-                           [index, set = entry.set](Layout &changed, Selection &,
-                                                    const QVariant &value) {
-                               NamedStyle named = changed.styles[index];
-                               set(named.style, value);
-                               setNamedStyle(changed, named);
-                           }});
+        properties.append(
+            {entry.section, entry.caption, entry.kind, entry.get(style.style), false, entry.choices,
+             [index, set = entry.set](Layout &changed, Selection &, const QVariant &value) {
+                 NamedStyle named = changed.styles[index];
+                 set(named.style, value);
+                 setNamedStyle(changed, named);
+             }});
     return properties;
 }
 
@@ -207,6 +234,8 @@ QString shownValue(const Property &property)
         return property.value.toInt() == 0 ? u"All"_s : property.value.toString();
     case P::Action:
         return {};
+    case P::Style:
+        return property.value.toString().isEmpty() ? u"(none)"_s : property.value.toString();
     case P::Text:
     case P::Memo:
     case P::Words:
@@ -214,7 +243,6 @@ QString shownValue(const Property &property)
     case P::Font:
     case P::Format:
     case P::Picture:
-    case P::Style:
         break;
     }
     return property.value.toString();

@@ -12,20 +12,20 @@ namespace report {
 /// How the value of an attribute is edited.
 enum class PropertyKind {
     Text,
-    Memo,       ///< several lines
-    Words,      ///< words with expressions in braces
+    Memo,  ///< several lines
+    Words, ///< words with expressions in braces
     Expression,
-    Distance,   ///< int, 1/100 mm
-    Points,     ///< double
-    Count,      ///< int
-    Flag,       ///< bool
-    Choice,     ///< int, the number among the choices
-    Color,      ///< QColor, invalid for none
-    Font,       ///< name of a family
+    Distance, ///< int, 1/100 mm
+    Points,   ///< double
+    Count,    ///< int
+    Flag,     ///< bool
+    Choice,   ///< int, the number among the choices
+    Color,    ///< QColor, invalid for none
+    Font,     ///< name of a family
     Format,
-    Picture,    ///< name of a stored picture, of a file, or an expression behind "="
-    Style,      ///< name of a style, may be empty
-    Action,     ///< no value; a button that does something
+    Picture, ///< name of a stored picture, of a file, or an expression behind "="
+    Style,   ///< name of a style, may be empty
+    Action,  ///< no value; a button that does something
 };
 
 /// An attribute of what is selected.

@@ -29,27 +29,43 @@ struct NamedColor
 
 const QList<NamedColor> &colors()
 {
-    static const QList<NamedColor> all{
-        {u"Black"_s, Qt::black},           {u"Dark grey"_s, QColor(0x50, 0x58, 0x60)},
-        {u"Grey"_s, QColor(0x96, 0x9e, 0xa4)}, {u"Light grey"_s, QColor(0xf0, 0xf0, 0xf0)},
-        {u"White"_s, Qt::white},           {u"House blue"_s, QColor(0x24, 0x47, 0x6d)},
-        {u"House orange"_s, QColor(0xc8, 0x69, 0x1e)},
-        {u"House sand"_s, QColor(0xf1, 0xef, 0xe2)},
-        {u"Blue"_s, QColor(0x00, 0x72, 0xb2)}, {u"Light blue"_s, QColor(0xdd, 0xe8, 0xf4)},
-        {u"Green"_s, QColor(0x2e, 0x7d, 0x32)}, {u"Light green"_s, QColor(0xe3, 0xf0, 0xdd)},
-        {u"Red"_s, QColor(0xb0, 0x00, 0x00)},  {u"Light red"_s, QColor(0xf8, 0xdf, 0xdc)},
-        {u"Yellow"_s, QColor(0xff, 0xf2, 0xb3)}};
+    static const QList<NamedColor> all{{u"Black"_s, Qt::black},
+                                       {u"Dark grey"_s, QColor(0x50, 0x58, 0x60)},
+                                       {u"Grey"_s, QColor(0x96, 0x9e, 0xa4)},
+                                       {u"Light grey"_s, QColor(0xf0, 0xf0, 0xf0)},
+                                       {u"White"_s, Qt::white},
+                                       {u"House blue"_s, QColor(0x24, 0x47, 0x6d)},
+                                       {u"House orange"_s, QColor(0xc8, 0x69, 0x1e)},
+                                       {u"House sand"_s, QColor(0xf1, 0xef, 0xe2)},
+                                       {u"Blue"_s, QColor(0x00, 0x72, 0xb2)},
+                                       {u"Light blue"_s, QColor(0xdd, 0xe8, 0xf4)},
+                                       {u"Green"_s, QColor(0x2e, 0x7d, 0x32)},
+                                       {u"Light green"_s, QColor(0xe3, 0xf0, 0xdd)},
+                                       {u"Red"_s, QColor(0xb0, 0x00, 0x00)},
+                                       {u"Light red"_s, QColor(0xf8, 0xdf, 0xdc)},
+                                       {u"Yellow"_s, QColor(0xff, 0xf2, 0xb3)}};
     return all;
 }
 
 const QStringList &formats()
 {
-    static const QStringList all{u""_s,          u"0"_s,           u"0.00"_s,
-                                 u"#,##0"_s,     u"#,##0.00"_s,    u"0.##"_s,
-                                 u"$0.00"_s,     u"$#,##0.00"_s,   u"0%"_s,
-                                 u"0.0%"_s,      u"0 hrs"_s,       u"mm/dd/yyyy"_s,
-                                 u"mmm d, yyyy"_s, u"mmm yyyy"_s,  u"yyyy"_s,
-                                 u"hh:mm AMPM"_s, u"mm/dd/yyyy hh:mm AMPM"_s};
+    static const QStringList all{u""_s,
+                                 u"0"_s,
+                                 u"0.00"_s,
+                                 u"#,##0"_s,
+                                 u"#,##0.00"_s,
+                                 u"0.##"_s,
+                                 u"$0.00"_s,
+                                 u"$#,##0.00"_s,
+                                 u"0%"_s,
+                                 u"0.0%"_s,
+                                 u"0 hrs"_s,
+                                 u"mm/dd/yyyy"_s,
+                                 u"mmm d, yyyy"_s,
+                                 u"mmm yyyy"_s,
+                                 u"yyyy"_s,
+                                 u"hh:mm AMPM"_s,
+                                 u"mm/dd/yyyy hh:mm AMPM"_s};
     return all;
 }
 
@@ -273,13 +289,14 @@ void PropertyDelegate::setModelData(QWidget *editor, QAbstractItemModel *,
     std::optional<QVariant> value;
     if (auto *box = qobject_cast<QComboBox *>(editor)) {
         if (property->kind == P::Choice) {
-            if (box->currentIndex() >= 0 && (property->isMixed ||
-                                             box->currentIndex() != property->value.toInt()))
+            if (box->currentIndex() >= 0 &&
+                (property->isMixed || box->currentIndex() != property->value.toInt()))
                 value = box->currentIndex();
         } else if (property->kind == P::Style) {
             if (property->isMixed || box->currentData().toString() != property->value.toString())
                 value = box->currentData();
-        } else if (property->kind != P::Picture || box->currentText() != PropertyPanel::fromFile()) {
+        } else if (property->kind != P::Picture ||
+                   box->currentText() != PropertyPanel::fromFile()) {
             value = typedValue(*property, box->currentText());
         }
     } else if (auto *memo = qobject_cast<QPlainTextEdit *>(editor)) {
@@ -304,8 +321,7 @@ void PropertyDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionV
     editor->setGeometry(place);
 }
 
-QSize PropertyDelegate::sizeHint(const QStyleOptionViewItem &option,
-                                 const QModelIndex &index) const
+QSize PropertyDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     return QStyledItemDelegate::sizeHint(option, index).expandedTo(QSize(0, 22));
 }
@@ -320,16 +336,17 @@ void PropertyDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
         painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
 }
 
-/// Enter ends the words too; a line is begun with Shift.
+/// Enter takes what stands in lists and memos too; a line of a memo is begun with Shift.
 bool PropertyDelegate::eventFilter(QObject *object, QEvent *event)
 {
-    auto *memo = qobject_cast<QPlainTextEdit *>(object);
-    if (memo && event->type() == QEvent::KeyPress) {
+    auto *editor = qobject_cast<QWidget *>(object);
+    const bool isOwn = qobject_cast<QPlainTextEdit *>(object) || qobject_cast<QComboBox *>(object);
+    if (isOwn && event->type() == QEvent::KeyPress) {
         const auto *key = static_cast<QKeyEvent *>(event);
         if ((key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) &&
             !(key->modifiers() & Qt::ShiftModifier)) {
-            Q_EMIT commitData(memo);
-            Q_EMIT closeEditor(memo);
+            Q_EMIT commitData(editor);
+            Q_EMIT closeEditor(editor);
             return true;
         }
     }

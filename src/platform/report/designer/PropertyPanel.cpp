@@ -31,11 +31,10 @@ bool isExpression(const Property &property)
 /// True when both lists have the same rows, so that only values need to be shown anew.
 bool haveSameRows(const QList<Property> &a, const QList<Property> &b)
 {
-    return std::equal(a.cbegin(), a.cend(), b.cbegin(), b.cend(),
-                      [](const Property &x, const Property &y) {
-                          return x.section == y.section && x.caption == y.caption &&
-                                 x.kind == y.kind;
-                      });
+    return std::equal(
+        a.cbegin(), a.cend(), b.cbegin(), b.cend(), [](const Property &x, const Property &y) {
+            return x.section == y.section && x.caption == y.caption && x.kind == y.kind;
+        });
 }
 
 } // namespace
@@ -83,14 +82,13 @@ PropertyPanel::PropertyPanel(DesignDocument &document, QWidget *parent)
     setFocusProxy(m_tree);
 
     connect(m_tree, &QTreeWidget::currentItemChanged, this, &PropertyPanel::showFault);
-    connect(m_tree, &QTreeWidget::itemClicked, this,
-            [this](QTreeWidgetItem *item) {
-                const Property *property = current();
-                if (property && property->kind == PropertyKind::Action)
-                    activate(item);
-                else if (property && property->kind != PropertyKind::Flag)
-                    m_tree->editItem(item, 1);
-            });
+    connect(m_tree, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem *item) {
+        const Property *property = current();
+        if (property && property->kind == PropertyKind::Action)
+            activate(item);
+        else if (property && property->kind != PropertyKind::Flag)
+            m_tree->editItem(item, 1);
+    });
     connect(m_tree, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem *item, int column) {
         if (m_isShowing || column != 1)
             return;
@@ -204,22 +202,20 @@ void PropertyPanel::showValue(QTreeWidgetItem *item, const Property &property)
     item->setIcon(1, property.kind == PropertyKind::Color && !property.isMixed
                          ? colorIcon(property.value.value<QColor>())
                          : QIcon());
-    const bool isWrong =
-        isExpression(property) && !property.isMixed &&
-        !faultOf(property.value.toString(), property.kind == PropertyKind::Words,
-                 m_document.layout(), m_document.selection(), m_fields)
-             .isEmpty();
-    item->setForeground(1, isWrong             ? FaultColor
-                           : property.isMixed  ? theme::disabledColor()
-                                               : theme::textColor());
+    const bool isWrong = isExpression(property) && !property.isMixed &&
+                         !faultOf(property.value.toString(), property.kind == PropertyKind::Words,
+                                  m_document.layout(), m_document.selection(), m_fields)
+                              .isEmpty();
+    item->setForeground(1, isWrong            ? FaultColor
+                           : property.isMixed ? theme::disabledColor()
+                                              : theme::textColor());
 }
 
 const Property *PropertyPanel::propertyAt(const QModelIndex &index) const
 {
     const QVariant number = index.sibling(index.row(), 0).data(NumberRole);
-    return number.isValid() && number.toInt() < m_properties.size()
-               ? &m_properties[number.toInt()]
-               : nullptr;
+    return number.isValid() && number.toInt() < m_properties.size() ? &m_properties[number.toInt()]
+                                                                    : nullptr;
 }
 
 const Property *PropertyPanel::current() const
@@ -241,9 +237,8 @@ void PropertyPanel::apply(const Property &property, const QVariant &value)
                              ? property.caption
                              : u"%1 of %2"_s.arg(property.caption, headline());
     m_document.endSeries();
-    m_document.change(name, [&](Layout &layout, Selection &selection) {
-        set(layout, selection, value);
-    });
+    m_document.change(name,
+                      [&](Layout &layout, Selection &selection) { set(layout, selection, value); });
 }
 
 void PropertyPanel::activate(QTreeWidgetItem *item)
@@ -265,10 +260,10 @@ void PropertyPanel::showFault()
 
 void PropertyPanel::checkTyped(const Property &property, const QString &text)
 {
-    const QString fault =
-        isExpression(property) ? faultOf(text, property.kind == PropertyKind::Words,
-                                         m_document.layout(), m_document.selection(), m_fields)
-                               : QString();
+    const QString fault = isExpression(property)
+                              ? faultOf(text, property.kind == PropertyKind::Words,
+                                        m_document.layout(), m_document.selection(), m_fields)
+                              : QString();
     QPalette colors = m_fault->palette();
     colors.setColor(QPalette::WindowText, FaultColor);
     m_fault->setPalette(colors);
@@ -312,11 +307,12 @@ void PropertyPanel::fillPictures(QComboBox *box) const
         return;
     box->addItem(fromFile());
     const int last = box->count() - 1;
-    QObject::connect(box, &QComboBox::activated, box, [box, last, choose = m_choosePicture](int at) {
-        // The box goes with the choice; the file is asked for when it has gone.
-        if (at == last)
-            QMetaObject::invokeMethod(box->window(), choose, Qt::QueuedConnection);
-    });
+    QObject::connect(box, &QComboBox::activated, box,
+                     [box, last, choose = m_choosePicture](int at) {
+                         // The box goes with the choice; the file is asked for when it has gone.
+                         if (at == last)
+                             QMetaObject::invokeMethod(box->window(), choose, Qt::QueuedConnection);
+                     });
 }
 
 void PropertyPanel::fillStyles(QComboBox *box) const
@@ -347,7 +343,8 @@ void PropertyPanel::finishEditing()
 
 bool PropertyPanel::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched != m_tree || event->type() != QEvent::KeyPress)
+    // Keys that an editor has had come by here too.
+    if (watched != m_tree || event->type() != QEvent::KeyPress || !m_tree->hasFocus())
         return QWidget::eventFilter(watched, event);
     const auto *key = static_cast<QKeyEvent *>(event);
     const bool isReturn = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;

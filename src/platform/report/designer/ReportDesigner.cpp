@@ -16,8 +16,7 @@ ReportDesigner::ReportDesigner(QWidget *parent)
 {
     connect(m_document.get(), &DesignDocument::modifiedChanged, this,
             &ReportDesigner::modifiedChanged);
-    connect(m_document.get(), &DesignDocument::layoutChanged, this,
-            &ReportDesigner::layoutChanged);
+    connect(m_document.get(), &DesignDocument::layoutChanged, this, &ReportDesigner::layoutChanged);
 }
 
 ReportDesigner::~ReportDesigner()

@@ -31,13 +31,13 @@ using RowsProvider = std::function<std::optional<PreviewRows>(const Layout &layo
 /// Where an expression is used, for an editor of expressions.
 struct ExpressionQuestion
 {
-    QString caption;            ///< "Shown when", "Group by"
-    QString text;               ///< as it stands
-    QList<DesignField> fields;  ///< that it may read
-    QStringList formulas;       ///< names of the layout's formulas
-    QStringList parameters;     ///< the same of its parameters
-    QStringList groups;         ///< names that an aggregate may take as its scope
-    bool isWords = false;       ///< words with expressions in braces
+    QString caption;           ///< "Shown when", "Group by"
+    QString text;              ///< as it stands
+    QList<DesignField> fields; ///< that it may read
+    QStringList formulas;      ///< names of the layout's formulas
+    QStringList parameters;    ///< the same of its parameters
+    QStringList groups;        ///< names that an aggregate may take as its scope
+    bool isWords = false;      ///< words with expressions in braces
 };
 
 /// Lets the user edit an expression in a window of its own; nothing when it stays as it was.

@@ -20,9 +20,9 @@ struct Selection
     enum class Part { Report, Band, Objects, Group, Formula, Parameter, Rows, Style };
 
     Part part = Part::Report;
-    int index = -1;        ///< of a part that there are several of
+    int index = -1;         ///< of a part that there are several of
     QList<Place> objects{}; ///< in their order, each once; the last one chosen is in lead
-    Place lead{};          ///< the object that others are aligned with
+    Place lead{};           ///< the object that others are aligned with
 
     [[nodiscard]] static Selection of(Part part, int index = -1) { return {part, index, {}, {}}; }
     [[nodiscard]] static Selection of(QList<Place> places);

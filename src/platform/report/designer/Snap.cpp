@@ -63,10 +63,10 @@ SnapLines snapLines(const QList<QRect> &frames)
 Snapped snapMove(const QRect &frame, const SnapLines &lines, const SnapRules &rules)
 {
     Snapped snapped;
-    snapped.by.setX(snapAxis(edgesOf(frame.x(), frame.width()), lines.across, rules, true,
-                             snapped.guides));
-    snapped.by.setY(snapAxis(edgesOf(frame.y(), frame.height()), lines.down, rules, false,
-                             snapped.guides));
+    snapped.by.setX(
+        snapAxis(edgesOf(frame.x(), frame.width()), lines.across, rules, true, snapped.guides));
+    snapped.by.setY(
+        snapAxis(edgesOf(frame.y(), frame.height()), lines.down, rules, false, snapped.guides));
     return snapped;
 }
 

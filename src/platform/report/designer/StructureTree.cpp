@@ -49,9 +49,8 @@ StructureTree::StructureTree(DesignDocument &document, QWidget *parent)
     rows->addWidget(m_tree);
     setFocusProxy(m_tree);
     connect(m_tree, &QTreeWidget::itemSelectionChanged, this, &StructureTree::takeSelection);
-    connect(m_tree, &QWidget::customContextMenuRequested, this, [this](QPoint at) {
-        Q_EMIT menuAsked(m_tree->viewport()->mapToGlobal(at));
-    });
+    connect(m_tree, &QWidget::customContextMenuRequested, this,
+            [this](QPoint at) { Q_EMIT menuAsked(m_tree->viewport()->mapToGlobal(at)); });
     connect(m_tree, &QTreeWidget::itemDoubleClicked, this, &StructureTree::attributesAsked);
     connect(&document, &DesignDocument::layoutChanged, this, &StructureTree::refresh);
     connect(&document, &DesignDocument::selectionChanged, this, &StructureTree::showSelection);
@@ -201,8 +200,7 @@ void StructureTree::addParameter()
         Parameter parameter;
         parameter.name = nextName(layout.parameters, u"Parameter"_s);
         layout.parameters.append(parameter);
-        selection =
-            Selection::of(Part::Parameter, static_cast<int>(layout.parameters.size()) - 1);
+        selection = Selection::of(Part::Parameter, static_cast<int>(layout.parameters.size()) - 1);
     });
 }
 
@@ -276,23 +274,22 @@ void StructureTree::moveSelected(int direction)
 {
     if (!canMoveSelected(direction))
         return;
-    m_document.change(direction < 0 ? u"Move up"_s : u"Move down"_s,
-                      [&](Layout &layout, Selection &selection) {
-                          const int target = selection.index + direction;
-                          if (selection.part == Part::Objects) {
-                              selection = Selection::of(
-                                  reorder(layout, selection.objects,
-                                          direction < 0 ? Order::Backward : Order::Forward));
-                              return;
-                          }
-                          if (selection.part == Part::Band)
-                              moveBand(layout, selection.index, direction);
-                          else if (selection.part == Part::Group)
-                              moveGroup(layout, selection.index, direction);
-                          else
-                              layout.parameters.swapItemsAt(selection.index, target);
-                          selection.index = target;
-                      });
+    m_document.change(direction < 0 ? u"Move up"_s : u"Move down"_s, [&](Layout &layout,
+                                                                         Selection &selection) {
+        const int target = selection.index + direction;
+        if (selection.part == Part::Objects) {
+            selection = Selection::of(reorder(layout, selection.objects,
+                                              direction < 0 ? Order::Backward : Order::Forward));
+            return;
+        }
+        if (selection.part == Part::Band)
+            moveBand(layout, selection.index, direction);
+        else if (selection.part == Part::Group)
+            moveGroup(layout, selection.index, direction);
+        else
+            layout.parameters.swapItemsAt(selection.index, target);
+        selection.index = target;
+    });
 }
 
 bool StructureTree::eventFilter(QObject *watched, QEvent *event)

@@ -1,0 +1,394 @@
+#include "platform/report/designer/DesignCanvas.h"
+#include "platform/report/designer/DesignDocument.h"
+#include "platform/report/designer/PropertyPanel.h"
+#include "platform/report/designer/ReportDesigner.h"
+#include "platform/report/designer/Structure.h"
+#include "platform/report/paginate/Paginator.h"
+#include "platform/report/render/PagePainter.h"
+#include "platform/report/viewer/ReportViewer.h"
+#include "support/ScriptedPrompts.h"
+#include "support/TestFiles.h"
+
+#include "ReportRows.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QDropEvent>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QListWidget>
+#include <QMimeData>
+#include <QPainter>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTreeWidget>
+#include <gmock/gmock.h>
+
+namespace report {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// A title and two fields, wide enough apart to be told from each other.
+Layout parts()
+{
+    return layoutOf(R"x(<report version="2" title="Parts"><page left="10mm" top="10mm"/>
+        <band kind="pageHeader" height="15mm"><text width="50mm" height="8mm" content="Parts" size="14"/></band>
+        <band kind="detail" height="10mm">
+          <field x="20mm" width="30mm" content="Name"/><field x="80mm" width="30mm" content="Price"/>
+        </band></report>)x");
+}
+
+class Designer : public testing::Test
+{
+protected:
+    Designer()
+    {
+        m_designer.resize(1300, 700);
+        m_designer.setLayout(parts());
+        m_designer.setFields({{{}, u"Name"_s, u"Part name"_s, FieldType::Text, true},
+                              {{}, u"Price"_s, {}, FieldType::Number, true}});
+        m_designer.show();
+        m_designer.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&m_designer));
+        m_canvas->setFocus();
+        // Steps of a tenth of a millimetre are what the keys and the tests count in.
+        run(u"grid"_s);
+        run(u"line-up"_s);
+    }
+    template<class Widget>
+    Widget *child(const QString &name)
+    {
+        return m_designer.findChild<Widget *>(name);
+    }
+    void run(const QString &action) { child<QAction>(action)->trigger(); }
+    [[nodiscard]] const Object &object(int band, int number) const
+    {
+        return m_document.object({band, number});
+    }
+    void click(int band, QPoint units, Qt::KeyboardModifiers keys = {})
+    {
+        QTest::mouseClick(m_canvas->viewport(), Qt::LeftButton, keys,
+                          m_canvas->toViewport(band, units));
+    }
+    /// Drags from one place of the sheet to another, with a step in between.
+    void drag(QPoint from, QPoint to, Qt::KeyboardModifiers keys = {})
+    {
+        QWidget *sheet = m_canvas->viewport();
+        QTest::mousePress(sheet, Qt::LeftButton, keys, from);
+        move(sheet, (from + to) / 2, keys);
+        move(sheet, to, keys);
+        QTest::mouseRelease(sheet, Qt::LeftButton, keys, to);
+    }
+    static void move(QWidget *sheet, QPoint to, Qt::KeyboardModifiers keys)
+    {
+        QMouseEvent event(QEvent::MouseMove, to, sheet->mapToGlobal(to), Qt::NoButton,
+                          Qt::LeftButton, keys);
+        QGuiApplication::sendEvent(sheet, &event);
+    }
+    void key(int key, Qt::KeyboardModifiers keys = {})
+    {
+        QTest::keyClick(m_canvas, static_cast<Qt::Key>(key), keys);
+    }
+    [[nodiscard]] QPoint at(int band, int x, int y) const
+    {
+        return m_canvas->toViewport(band, {x, y});
+    }
+
+    test::ScriptedPrompts m_prompts;
+    ReportDesigner m_designer;
+    DesignDocument &m_document = m_designer.document();
+    DesignCanvas *m_canvas = child<DesignCanvas>(u"canvas"_s);
+};
+
+TEST_F(Designer, KeysMoveAndResizeByMillimetresAndTenths)
+{
+    click(1, {2500, 250});
+    ASSERT_EQ(m_document.selection(), Selection::of({{1, 0}}));
+    key(Qt::Key_Right);
+    key(Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_EQ(object(1, 0).x, 2100);
+    EXPECT_EQ(object(1, 0).y, 10);
+    key(Qt::Key_Right, Qt::ShiftModifier);
+    key(Qt::Key_Down, Qt::ShiftModifier | Qt::ControlModifier);
+    EXPECT_EQ(object(1, 0).width, 3100);
+    EXPECT_EQ(object(1, 0).height, 510);
+    key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(object(1, 0).width, 3000) << "steps of one kind go back together";
+    EXPECT_EQ(object(1, 0).x, 2100);
+    key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_FALSE(m_designer.isModified());
+    key(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(object(1, 0).x, 2100);
+    key(Qt::Key_Tab);
+    EXPECT_EQ(m_document.selection(), Selection::of({{1, 1}}));
+    key(Qt::Key_PageUp);
+    EXPECT_EQ(m_document.selection(), Selection::of(Selection::Part::Band, 0));
+    key(Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(m_document.layout().bands[0].height, 1600);
+}
+
+TEST_F(Designer, TheMouseMovesResizesAndSelects)
+{
+    const CanvasGeometry &geometry = m_canvas->geometry();
+    drag(at(1, 2500, 250), at(1, 2500, 250) + QPoint(40, 8));
+    EXPECT_EQ(object(1, 0).x, 2000 + geometry.toUnits(40));
+    EXPECT_EQ(object(1, 0).y, geometry.toUnits(8));
+    EXPECT_EQ(m_document.undoStack().count(), 1) << "a drag is one change";
+    run(u"undo"_s);
+    // The right lower corner.
+    drag(at(1, 5000, 500), at(1, 5000, 500) + QPoint(20, 10));
+    EXPECT_NEAR(object(1, 0).width, 3000 + geometry.toUnits(20), 1);
+    EXPECT_NEAR(object(1, 0).height, 500 + geometry.toUnits(10), 1);
+    run(u"undo"_s);
+    // A frame around both, from empty ground.
+    drag(at(1, 1500, 700), at(1, 9000, 100));
+    EXPECT_EQ(m_document.selection().objects, (QList<Place>{{1, 0}, {1, 1}}));
+    click(1, {2500, 250}, Qt::ControlModifier);
+    EXPECT_EQ(m_document.selection().objects, (QList<Place>{{1, 1}}));
+    // From the detail into the page header.
+    drag(at(1, 8500, 250), at(0, 8500, 1000));
+    ASSERT_EQ(m_document.layout().bands[0].objects.size(), 2);
+    EXPECT_EQ(object(0, 1).content, u"Price"_s);
+    EXPECT_NEAR(object(0, 1).y, 750, 30);
+    EXPECT_EQ(m_document.selection(), Selection::of({{0, 1}}));
+    // Escape in the middle leaves all as it was.
+    QTest::mousePress(m_canvas->viewport(), Qt::LeftButton, {}, at(0, 8500, 1000));
+    move(m_canvas->viewport(), at(0, 2000, 200), {});
+    key(Qt::Key_Escape);
+    QTest::mouseRelease(m_canvas->viewport(), Qt::LeftButton, {}, at(0, 2000, 200));
+    EXPECT_EQ(object(0, 1).x, 8000);
+}
+
+TEST_F(Designer, BandsAreDrawnHigherByTheirLowerEdge)
+{
+    const QRect bar = m_canvas->geometry().barRect(0);
+    const QPoint from = bar.center() - QPoint(0, m_canvas->verticalScrollBar()->value());
+    drag(from, from + QPoint(0, 38));
+    EXPECT_NEAR(m_document.layout().bands[0].height, 1500 + m_canvas->geometry().toUnits(38), 5);
+    drag(at(0, 19000, 200), at(0, 19000, 200));
+    EXPECT_EQ(m_document.selection(), Selection::of(Selection::Part::Band, 0));
+}
+
+TEST_F(Designer, EdgesComeToRestOnOthersWhileTheyAreDragged)
+{
+    run(u"line-up"_s);
+    const int near = m_canvas->geometry().fromBand(1, QPoint(8000, 0)).x() -
+                     m_canvas->geometry().fromBand(1, QPoint(0, 0)).x() - 4;
+    // The title's left edge comes to stand over that of the price, four pixels further.
+    drag(at(0, 100, 400), at(0, 100, 400) + QPoint(near, 0));
+    EXPECT_EQ(object(0, 0).x, 8000);
+    run(u"undo"_s);
+    drag(at(0, 100, 400), at(0, 100, 400) + QPoint(near, 0), Qt::AltModifier);
+    EXPECT_NE(object(0, 0).x, 8000) << "not with Alt";
+}
+
+TEST_F(Designer, InsertsByFrameAndByEnter)
+{
+    key(Qt::Key_4, Qt::ControlModifier); // a box
+    EXPECT_TRUE(child<QAction>(u"insert-box"_s)->isChecked());
+    drag(at(1, 12000, 100), at(1, 15000, 700));
+    ASSERT_EQ(m_document.layout().bands[1].objects.size(), 3);
+    EXPECT_EQ(object(1, 2).kind, ObjectKind::Box);
+    EXPECT_NEAR(object(1, 2).width, 3000, 30);
+    EXPECT_NEAR(object(1, 2).y, 100, 30);
+    EXPECT_FALSE(child<QAction>(u"insert-box"_s)->isChecked());
+    key(Qt::Key_1, Qt::ControlModifier);
+    key(Qt::Key_Return);
+    ASSERT_EQ(m_document.layout().bands[1].objects.size(), 4);
+    EXPECT_EQ(object(1, 3).kind, ObjectKind::Text);
+    EXPECT_EQ(object(1, 3).x, object(1, 2).x + object(1, 2).width) << "beside what was selected";
+    // Its words are written in their place.
+    key(Qt::Key_F2);
+    QTest::keyClicks(QApplication::focusWidget(), u"Hello"_s);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(object(1, 3).content, u"Hello"_s);
+    EXPECT_TRUE(m_canvas->hasFocus());
+}
+
+TEST_F(Designer, CutsAndPastesAlsoIntoAnotherReport)
+{
+    click(1, {2500, 250});
+    key(Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(m_document.layout().bands[1].objects.size(), 1);
+    ReportDesigner other;
+    other.setLayout(emptyLayout());
+    other.findChild<QAction *>(u"paste"_s)->trigger();
+    EXPECT_EQ(other.layout().bands[2].objects[0].content, u"Name"_s);
+    QGuiApplication::clipboard()->setText(u"plain {words}"_s);
+    key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(object(1, 1).content, u"plain {{words}"_s);
+    key(Qt::Key_D, Qt::ControlModifier);
+    EXPECT_EQ(m_document.layout().bands[1].objects.size(), 3);
+    key(Qt::Key_Delete);
+    EXPECT_EQ(m_document.layout().bands[1].objects.size(), 2);
+}
+
+TEST_F(Designer, AFieldThatIsDroppedOnTheDetailGetsItsHeading)
+{
+    QMimeData data;
+    data.setData(fieldMimeType(),
+                 fieldBytes({{{}, u"Name"_s, u"Part name"_s, FieldType::Text, true}}));
+    const QPoint place = at(1, 12000, 0);
+    QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QGuiApplication::sendEvent(m_canvas->viewport(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QGuiApplication::sendEvent(m_canvas->viewport(), &drop);
+    ASSERT_EQ(m_document.layout().bands[1].objects.size(), 3);
+    EXPECT_EQ(object(0, 1).content, u"Part name"_s);
+    EXPECT_EQ(object(0, 1).x, object(1, 2).x);
+    EXPECT_EQ(m_document.undoStack().count(), 1);
+    data.setData(fieldMimeType(), "no fields");
+    QGuiApplication::sendEvent(m_canvas->viewport(), &drop);
+    EXPECT_EQ(m_document.undoStack().count(), 1);
+    // From the tree by Enter, to the right of all.
+    auto *tree = child<QTreeWidget>(u"data"_s);
+    tree->setCurrentItem(tree->topLevelItem(0)->child(1));
+    QTest::keyClick(tree, Qt::Key_Return);
+    EXPECT_EQ(object(1, 3).content, u"Price"_s);
+    EXPECT_EQ(object(1, 3).x, object(1, 2).x + object(1, 2).width);
+}
+
+TEST_F(Designer, AttributesAreTypedForAllThatIsSelected)
+{
+    m_document.select(Selection::of({{1, 0}, {1, 1}}));
+    auto *panel = m_designer.findChild<PropertyPanel *>();
+    auto *tree = child<QTreeWidget>(u"attributes"_s);
+    const auto type = [&](const QString &caption, const QString &text) {
+        panel->edit(caption);
+        QTest::keyClicks(QApplication::focusWidget(), text);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QCoreApplication::processEvents();
+    };
+    type(u"Width"_s, u"2.5cm"_s);
+    EXPECT_EQ(object(1, 0).width, 2500);
+    EXPECT_EQ(object(1, 1).width, 2500);
+    type(u"Width"_s, u"wide"_s);
+    EXPECT_EQ(object(1, 0).width, 2500) << "what is no length changes nothing";
+    type(u"Fill"_s, u"Yellow"_s);
+    EXPECT_TRUE(object(1, 1).style.fill.isValid());
+    type(u"Shown when"_s, u"Prise > 1"_s);
+    EXPECT_EQ(object(1, 1).visibleIf, u"Prise > 1"_s);
+    EXPECT_THAT(child<QLabel>(u"fault"_s)->text().toStdString(),
+                testing::HasSubstr("no field \"prise\""));
+    const QList<QTreeWidgetItem *> bold =
+        tree->findItems(u"Bold"_s, Qt::MatchExactly | Qt::MatchRecursive);
+    ASSERT_EQ(bold.size(), 1);
+    tree->setCurrentItem(bold[0]);
+    QTest::keyClick(tree, Qt::Key_Space);
+    EXPECT_TRUE(object(1, 0).style.font.bold && object(1, 1).style.font.bold);
+    run(u"undo"_s);
+    EXPECT_FALSE(object(1, 0).style.font.bold || object(1, 1).style.font.bold);
+}
+
+TEST_F(Designer, PicturesAreCopiedIntoTheLayout)
+{
+    QTemporaryDir folder;
+    QImage image(40, 20, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    ASSERT_TRUE(image.save(folder.filePath(u"logo.png"_s)));
+    test::writeFile(folder.filePath(u"bad.png"_s), "no picture");
+    m_prompts.expectChooser(u"Picture"_s, folder.filePath(u"logo.png"_s));
+    m_document.select(Selection::of(Selection::Part::Band, 0));
+    run(u"insert-picture"_s);
+    EXPECT_EQ(m_designer.layout().pictures[0].data,
+              test::readFile(folder.filePath(u"logo.png"_s)));
+    EXPECT_EQ(object(0, 1).width, 2 * object(0, 1).height) << "as it is shaped";
+    m_prompts.expectChooser(u"Picture"_s, folder.filePath(u"bad.png"_s));
+    m_prompts.expect(u"\"%1\" is no picture that can be shown."_s.arg(
+                         folder.filePath(u"bad.png"_s)),
+                     base::Prompts::Icon::None);
+    run(u"insert-picture"_s);
+    EXPECT_EQ(m_document.undoStack().count(), 1);
+}
+
+TEST_F(Designer, TheTreeSelectsAndChangesTheParts)
+{
+    auto *tree = child<QTreeWidget>(u"structure"_s);
+    const auto item = [&](const QString &text) {
+        return tree->findItems(text, Qt::MatchExactly | Qt::MatchRecursive).value(0);
+    };
+    tree->setCurrentItem(item(u"Field \"Price\""_s));
+    EXPECT_EQ(m_document.selection(), Selection::of({{1, 1}}));
+    run(u"add-group"_s);
+    EXPECT_EQ(m_designer.layout().groups[0].by, u"Price"_s) << "by the selected field";
+    ASSERT_TRUE(item(u"Header of Price"_s));
+    EXPECT_TRUE(item(u"Price"_s)->isSelected());
+    run(u"delete"_s);
+    EXPECT_TRUE(m_designer.layout().groups.isEmpty());
+    EXPECT_EQ(m_designer.layout().bands.size(), 2);
+    m_document.select(Selection::of({{0, 0}}));
+    EXPECT_TRUE(item(u"Text \"Parts\""_s)->isSelected());
+}
+
+TEST_F(Designer, APreviewShowsRowsAndItsRemarksLeadToTheObject)
+{
+    m_document.change(u"Field"_s, [](Layout &layout, Selection &) {
+        layout.bands[1].objects[1].content = u"Prise"_s;
+    });
+    m_designer.setRowsProvider([](const Layout &) {
+        return PreviewRows{
+            std::make_shared<Rows>(QStringList{u"Name"_s}, QList<QVariantList>(30, {u"Belt"_s})),
+            {}};
+    });
+    m_designer.showPreview();
+    m_designer.viewer().finishLayout();
+    EXPECT_EQ(m_designer.viewer().outcome().pages, 2);
+    auto *remarks = child<QListWidget>(u"remarks"_s);
+    ASSERT_EQ(remarks->count(), 1);
+    remarks->setCurrentRow(0);
+    QTest::keyClick(remarks, Qt::Key_Return);
+    EXPECT_FALSE(m_designer.isPreviewShown());
+    EXPECT_EQ(m_document.selection(), Selection::of({{1, 1}}));
+    // Whoever gives up at the question for parameters stays in the design.
+    m_designer.setRowsProvider([](const Layout &) -> std::optional<PreviewRows> { return {}; });
+    m_designer.showPreview();
+    EXPECT_FALSE(m_designer.isPreviewShown());
+}
+
+/// The sheet shows to the pixel what the page prints.
+TEST(DesignCanvas, DrawsWhatThePagesDraw)
+{
+    const Layout layout = layoutOf(R"x(<report version="2"><page left="0mm" top="0mm"/>
+        <band kind="detail" height="60mm">
+          <text width="60mm" height="12mm" content="Words that take two lines in their frame" size="11.5" italic="yes" verticalAlign="bottom" border="all"/>
+          <text x="70mm" width="30mm" content="right" align="right" padding="1mm" fill="#ffff00" underline="yes"/>
+          <line x="2mm" y="20mm" width="50mm" height="5mm" lineWidth="0.4mm" color="#c8691e"/>
+          <box x="60mm" y="20mm" width="20mm" height="9mm" fill="#24476d"/>
+          <barCode y="35mm" width="46mm" height="10mm" content="'1234567890'"/>
+        </band></report>)x");
+    for (const int zoom : {100, 73, 160}) {
+        DesignDocument document;
+        document.setLayout(layout);
+        DesignCanvas canvas(document);
+        canvas.setZoom(zoom);
+        const double scale = canvas.geometry().scale();
+        const QSize size(static_cast<int>(11000 * scale), static_cast<int>(6000 * scale));
+        const auto drawn = [&](const auto &paint) {
+            QImage image(size, QImage::Format_RGB32);
+            image.fill(Qt::white);
+            QPainter painter(&image);
+            painter.scale(scale, scale);
+            painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
+                                   QPainter::SmoothPixmapTransform);
+            paint(painter);
+            return image;
+        };
+        const QImage design =
+            drawn([&](QPainter &painter) { canvas.paintObjects(painter, layout, 0); });
+        const QImage print = drawn([&](QPainter &painter) {
+            PagePainter().paint(allPages(layout, Rows({}, {{}}), {})[0], painter);
+        });
+        EXPECT_TRUE(design == print) << zoom;
+        QImage blank(size, QImage::Format_RGB32);
+        blank.fill(Qt::white);
+        EXPECT_FALSE(design == blank);
+    }
+}
+
+} // namespace
+} // namespace report
