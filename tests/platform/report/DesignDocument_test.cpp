@@ -29,9 +29,9 @@ public:
     void step()
     {
         m_document.select(anySelection());
-        m_document.change(u"Step"_s,
-                          [&](Layout &layout, Selection &selection) { act(layout, selection); },
-                          below(2) == 0 ? 7 : 0);
+        m_document.change(
+            u"Step"_s, [&](Layout &layout, Selection &selection) { act(layout, selection); },
+            below(2) == 0 ? 7 : 0);
     }
 
 private:
@@ -39,10 +39,19 @@ private:
     Length length() { return below(3) == 0 ? below(2147483647) - 1073741823 : below(20000) - 500; }
     QString words()
     {
-        static const QStringList all{u""_s,        u" "_s,         u"Price"_s,     u"a\nb\tc"_s,
-                                     u"{Bin} <&>\"'"_s, u"\u0001x"_s, QString(QChar(0xd800)),
-                                     u"  two words "_s, u"=Photo"_s,  u"Ünü \u4e2d"_s,
-                                     u"bin"_s,     u"]]>"_s,       u"\r\n"_s};
+        static const QStringList all{u""_s,
+                                     u" "_s,
+                                     u"Price"_s,
+                                     u"a\nb\tc"_s,
+                                     u"{Bin} <&>\"'"_s,
+                                     u"\u0001x"_s,
+                                     QString(QChar(0xd800)),
+                                     u"  two words "_s,
+                                     u"=Photo"_s,
+                                     u"Ünü \u4e2d"_s,
+                                     u"bin"_s,
+                                     u"]]>"_s,
+                                     u"\r\n"_s};
         return all[below(static_cast<int>(all.size()))];
     }
     QColor color() { return below(4) == 0 ? QColor() : QColor::fromHsvF(0.3f, 0.7f, 0.9f, 0.4f); }
@@ -74,7 +83,7 @@ private:
                     places.append({band, object});
         if (!places.isEmpty() && below(3) > 0)
             return Selection::of(places);
-        return Selection::of(static_cast<Selection::Part>(below(8)), below(5));
+        return Selection::of(static_cast<Selection::Part>(below(10)), below(5));
     }
     int anyBand(const Layout &layout)
     {
@@ -120,8 +129,8 @@ private:
             break;
         case 7:
             if (band >= 0)
-                pasteText(layout, band,
-                          clipboardText(layout, objectsAt(layout, selection.objects)), {10, 10});
+                pasteText(layout, band, clipboardText(layout, objectsAt(layout, selection.objects)),
+                          {10, 10});
             break;
         case 8:
             removeObjects(layout, selection.objects);
@@ -195,7 +204,8 @@ TEST(DesignDocument, AnyCommandsAreUndoneAndRedoneAndWrittenWithoutLoss)
 Layout twoTexts()
 {
     Layout layout = emptyLayout();
-    addObjects(layout, 2, {newObject(ObjectKind::Text, {0, 0}), newObject(ObjectKind::Text, {5000, 0})});
+    addObjects(layout, 2,
+               {newObject(ObjectKind::Text, {0, 0}), newObject(ObjectKind::Text, {5000, 0})});
     return layout;
 }
 
@@ -203,7 +213,10 @@ void nudge(DesignDocument &document, Length by)
 {
     document.change(
         u"Move"_s,
-        [&](Layout &layout, Selection &moved) { moveBy(layout, moved.objects, {by, 0}); }, 1);
+        [&](Layout &layout, Selection &moved) {
+            moveBy(layout, moved.objects, {by, 0});
+        },
+        1);
 }
 
 TEST(DesignDocument, StepsOfOneKindAreOneChangeUntilTheSelectionChanges)
@@ -259,9 +272,8 @@ TEST(DesignDocument, SelectsOnlyWhatIsThere)
     document.select(Selection::of(Selection::Part::Group, 0));
     EXPECT_EQ(document.selection().part, Selection::Part::Report);
     document.select(Selection::of({{2, 1}}));
-    document.change(u"Delete"_s, [](Layout &layout, Selection &) {
-        layout.bands[2].objects.removeLast();
-    });
+    document.change(u"Delete"_s,
+                    [](Layout &layout, Selection &) { layout.bands[2].objects.removeLast(); });
     EXPECT_TRUE(document.selection().objects.isEmpty());
 }
 

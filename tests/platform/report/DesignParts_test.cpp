@@ -22,8 +22,8 @@ Layout threeBoxes()
 {
     Layout layout = emptyLayout();
     QList<Object> boxes;
-    for (const QRect &frame : {QRect(0, 0, 1000, 500), QRect(5000, 100, 2000, 600),
-                               QRect(10000, 300, 4000, 700)}) {
+    for (const QRect &frame :
+         {QRect(0, 0, 1000, 500), QRect(5000, 100, 2000, 600), QRect(10000, 300, 4000, 700)}) {
         Object box = newObject(ObjectKind::Box, frame.topLeft());
         box.width = frame.width();
         box.height = frame.height();
@@ -42,8 +42,8 @@ std::string frames(const Layout &layout)
 {
     QStringList texts;
     for (const Object &object : layout.bands[2].objects)
-        texts.append(u"%1,%2 %3x%4"_s.arg(object.x).arg(object.y).arg(object.width).arg(
-            object.height));
+        texts.append(
+            u"%1,%2 %3x%4"_s.arg(object.x).arg(object.y).arg(object.width).arg(object.height));
     return texts.join(u"  "_s).toStdString();
 }
 
@@ -71,7 +71,9 @@ TEST(Arrange, ObjectsGoByTheLead)
          "0,0 2000x500  5000,100 2000x600  10000,300 2000x700"},
         {[](Layout &layout) { makeSameSize(layout, allBoxes(), SameSize::Height); },
          "0,0 1000x600  5000,100 2000x600  10000,300 4000x600"},
-        {[](Layout &layout) { growBy(layout, {{2, 0}}, {-2000, 100}); },
+        {[](Layout &layout) {
+             growBy(layout, {{2, 0}}, {-2000, 100});
+         },
          "0,0 0x600  5000,100 2000x600  10000,300 4000x700"}};
     for (const Case &one : cases) {
         Layout layout = threeBoxes();
@@ -103,8 +105,10 @@ TEST(Reorder, ChosenObjectsKeepTheirOrderAmongThemselves)
         const char *names;
         QList<int> chosen;
     };
-    const Case cases[] = {{Order::Front, "acbd", {2, 3}}, {Order::Back, "bdac", {0, 1}},
-                          {Order::Forward, "acbd", {2, 3}}, {Order::Backward, "badc", {0, 2}}};
+    const Case cases[] = {{Order::Front, "acbd", {2, 3}},
+                          {Order::Back, "bdac", {0, 1}},
+                          {Order::Forward, "acbd", {2, 3}},
+                          {Order::Backward, "badc", {0, 2}}};
     for (const Case &one : cases) {
         Layout layout = emptyLayout();
         for (const QString &name : {u"a"_s, u"b"_s, u"c"_s, u"d"_s}) {
@@ -132,9 +136,9 @@ TEST(Snap, TheNearestEdgeWithinReachWinsOverTheGrid)
         int guides;
     };
     const Case cases[] = {
-        {QRect(980, 1040, 300, 60), {20, -40}, 1},   // left edge to 1000; the grid downwards
-        {QRect(1010, 1040, 470, 60), {5, -40}, 1},   // its middle is nearer than its edges
-        {QRect(700, 90, 300, 20), {0, 0}, 2},        // its right edge and its middle stand already
+        {QRect(980, 1040, 300, 60), {20, -40}, 1}, // left edge to 1000; the grid downwards
+        {QRect(1010, 1040, 470, 60), {5, -40}, 1}, // its middle is nearer than its edges
+        {QRect(700, 90, 300, 20), {0, 0}, 2},      // its right edge and its middle stand already
         {QRect(540, 1040, 300, 60), {-40, -40}, 0},
         {QRect(560, 1060, 300, 60), {40, 40}, 0}};
     for (const Case &one : cases) {
@@ -238,7 +242,8 @@ TEST(Clipboard, CarriesStylesAndPicturesToAnotherReport)
 TEST(HouseStyles, ObjectsFollowButForWhatIsTheirOwn)
 {
     Layout layout = emptyLayout();
-    addObjects(layout, 1, {newObject(ObjectKind::Text, {0, 0}), newObject(ObjectKind::Text, {0, 0})});
+    addObjects(layout, 1,
+               {newObject(ObjectKind::Text, {0, 0}), newObject(ObjectKind::Text, {0, 0})});
     layout.bands[1].objects[1].style.font.points = 14;
     assignHouseStyles(layout);
     Object &heading = layout.bands[1].objects[0];
@@ -262,8 +267,9 @@ TEST(HouseStyles, ObjectsFollowButForWhatIsTheirOwn)
 TEST(Properties, OfSeveralObjectsAreSharedAndChangedAtOnce)
 {
     Layout layout = emptyLayout();
-    addObjects(layout, 2, {newObject(ObjectKind::Text, {0, 0}), newObject(ObjectKind::Field, {100, 0}),
-                           newObject(ObjectKind::Line, {0, 0})});
+    addObjects(layout, 2,
+               {newObject(ObjectKind::Text, {0, 0}), newObject(ObjectKind::Field, {100, 0}),
+                newObject(ObjectKind::Line, {0, 0})});
     const auto find = [&](const Selection &selection, const QString &caption) {
         const QList<Property> all = propertiesOf(layout, selection);
         const auto found = std::find_if(all.cbegin(), all.cend(), [&](const Property &property) {
@@ -306,10 +312,12 @@ TEST(Remarks, LeadToTheirObjects)
     for (const QString &remark : remarks) {
         const auto part = partOf(named, remark);
         ASSERT_TRUE(part) << remark.toStdString();
-        parts.append(u"%1 %2 %3 %4"_s.arg(static_cast<int>(part->part)).arg(part->index)
-                         .arg(part->lead.band).arg(part->lead.object));
+        parts.append(u"%1 %2 %3 %4"_s.arg(static_cast<int>(part->part))
+                         .arg(part->index)
+                         .arg(part->lead.band)
+                         .arg(part->lead.object));
     }
-    EXPECT_EQ(parts.join(u'|').toStdString(), "4 0 -1 -1|2 -1 0 0|2 -1 1 1|2 -1 1 2|2 -1 1 3")
+    EXPECT_EQ(parts.join(u'|').toStdString(), "5 0 -1 -1|2 -1 0 0|2 -1 1 1|2 -1 1 2|2 -1 1 3")
         << remarks.join(u'\n').toStdString();
     EXPECT_FALSE(partOf(named, u"The picture \"Name\" is not there."_s));
 }

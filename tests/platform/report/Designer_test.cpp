@@ -295,13 +295,12 @@ TEST_F(Designer, PicturesAreCopiedIntoTheLayout)
     m_prompts.expectChooser(u"Picture"_s, folder.filePath(u"logo.png"_s));
     m_document.select(Selection::of(Selection::Part::Band, 0));
     run(u"insert-picture"_s);
-    EXPECT_EQ(m_designer.layout().pictures[0].data,
-              test::readFile(folder.filePath(u"logo.png"_s)));
+    EXPECT_EQ(m_designer.layout().pictures[0].data, test::readFile(folder.filePath(u"logo.png"_s)));
     EXPECT_EQ(object(0, 1).width, 2 * object(0, 1).height) << "as it is shaped";
     m_prompts.expectChooser(u"Picture"_s, folder.filePath(u"bad.png"_s));
-    m_prompts.expect(u"\"%1\" is no picture that can be shown."_s.arg(
-                         folder.filePath(u"bad.png"_s)),
-                     base::Prompts::Icon::None);
+    m_prompts.expect(
+        u"\"%1\" is no picture that can be shown."_s.arg(folder.filePath(u"bad.png"_s)),
+        base::Prompts::Icon::None);
     run(u"insert-picture"_s);
     EXPECT_EQ(m_document.undoStack().count(), 1);
 }

@@ -114,7 +114,10 @@ Selection DesignDocument::existing(Selection selection) const
     bool isThere = true;
     switch (selection.part) {
     case Selection::Part::Report:
-        isThere = true;
+    case Selection::Part::Query:
+        break;
+    case Selection::Part::Sort:
+        isThere = has(m_layout.sort.size());
         break;
     case Selection::Part::Band:
         isThere = has(m_layout.bands.size());

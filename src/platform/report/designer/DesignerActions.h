@@ -33,10 +33,6 @@ public:
     void paste();
     void insertPicture();
 
-Q_SIGNALS:
-    /// A picture's file was asked for and can't be used.
-    void refused(const QString &why);
-
 private:
     QAction *add(const QString &name, const QString &caption, const QString &icon,
                  const QList<QKeySequence> &keys, const std::function<void()> &run);

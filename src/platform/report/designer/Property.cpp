@@ -34,41 +34,39 @@ QList<Property> reportProperties(const Layout &layout)
     const auto page = [](Layout &changed) -> PageSetup & { return changed.page; };
     const QString report = u"Report"_s;
     const QString sheet = u"Page"_s;
-    QList<Property> properties{
-        member(report, u"Title"_s, P::Text, layout, &Layout::title, whole),
-        member(report, u"Name"_s, P::Text, layout, &Layout::name, whole),
-        {sheet, u"Paper"_s, P::Choice,
-         static_cast<int>(PageSetup::papers().indexOf(layout.page.paper)), false,
-         PageSetup::papers(),
-         [](Layout &changed, Selection &, const QVariant &value) {
-             changed.page.paper = PageSetup::papers().value(value.toInt());
-         }},
-        member(sheet, u"Landscape"_s, P::Flag, layout.page, &PageSetup::landscape, page),
-        member(sheet, u"Left margin"_s, P::Distance, layout.page, &PageSetup::left, page),
-        member(sheet, u"Top margin"_s, P::Distance, layout.page, &PageSetup::top, page),
-        member(sheet, u"Right margin"_s, P::Distance, layout.page, &PageSetup::right, page),
-        member(sheet, u"Bottom margin"_s, P::Distance, layout.page, &PageSetup::bottom, page)};
-    for (int number = 0; number < layout.sort.size(); ++number)
-        properties.append({u"Sort order"_s,
-                           u"Sort by %1"_s.arg(number + 1),
-                           P::Expression,
-                           layout.sort[number],
-                           false,
-                           {},
-                           [number](Layout &changed, Selection &, const QVariant &value) {
-                               // An emptied one goes.
-                               changed.sort[number] = value.toString();
-                           }});
-    properties.append({u"Sort order"_s,
-                       layout.sort.isEmpty() ? u"Sort by"_s : u"Then by"_s,
-                       P::Expression,
-                       QString(),
-                       false,
-                       {},
-                       [](Layout &changed, Selection &, const QVariant &value) {
-                           changed.sort.append(value.toString());
-                       }});
-    return properties;
+    return {member(report, u"Title"_s, P::Text, layout, &Layout::title, whole),
+            member(report, u"Name"_s, P::Text, layout, &Layout::name, whole),
+            {sheet, u"Paper"_s, P::Choice,
+             static_cast<int>(PageSetup::papers().indexOf(layout.page.paper)), false,
+             PageSetup::papers(),
+             [](Layout &changed, Selection &, const QVariant &value) {
+                 changed.page.paper = PageSetup::papers().value(value.toInt());
+             }},
+            member(sheet, u"Landscape"_s, P::Flag, layout.page, &PageSetup::landscape, page),
+            member(sheet, u"Left margin"_s, P::Distance, layout.page, &PageSetup::left, page),
+            member(sheet, u"Top margin"_s, P::Distance, layout.page, &PageSetup::top, page),
+            member(sheet, u"Right margin"_s, P::Distance, layout.page, &PageSetup::right, page),
+            member(sheet, u"Bottom margin"_s, P::Distance, layout.page, &PageSetup::bottom, page)};
+}
+
+QList<Property> sortProperties(const Layout &layout, int index)
+{
+    return {{u"Sort order"_s,
+             u"Sort by"_s,
+             P::Expression,
+             layout.sort[index],
+             false,
+             {},
+             // An emptied one goes.
+             [index](Layout &changed, Selection &, const QVariant &value) {
+                 changed.sort[index] = value.toString();
+             }}};
+}
+
+QList<Property> queryProperties(const Layout &layout)
+{
+    const auto whole = [](Layout &changed) -> Layout & { return changed; };
+    return {member(u"Query"_s, u"Statement"_s, P::Memo, layout, &Layout::query, whole)};
 }
 
 QList<Property> bandProperties(const Layout &layout, int index)
@@ -193,6 +191,10 @@ QList<Property> propertiesOf(const Layout &layout, const Selection &selection)
         return objectProperties(layout, selection);
     case Selection::Part::Group:
         return groupProperties(layout, selection.index);
+    case Selection::Part::Sort:
+        return sortProperties(layout, selection.index);
+    case Selection::Part::Query:
+        return queryProperties(layout);
     case Selection::Part::Formula:
         return formulaProperties(layout, selection.index);
     case Selection::Part::Parameter:

@@ -127,6 +127,10 @@ QString PropertyPanel::headline() const
                                             : objectTitle(m_document.object(selection.lead));
     case Selection::Part::Group:
         return u"Group %1"_s.arg(m_document.layout().groups[selection.index].name);
+    case Selection::Part::Sort:
+        return u"Sort order"_s;
+    case Selection::Part::Query:
+        return u"Query"_s;
     case Selection::Part::Formula:
         return u"Formula %1"_s.arg(m_document.layout().formulas[selection.index].name);
     case Selection::Part::Parameter:

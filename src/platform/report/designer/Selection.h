@@ -17,7 +17,18 @@ struct Place
 /// What is worked on: objects, or one other part of the report.
 struct Selection
 {
-    enum class Part { Report, Band, Objects, Group, Formula, Parameter, Rows, Style };
+    enum class Part {
+        Report,
+        Band,
+        Objects,
+        Group,
+        Sort,
+        Formula,
+        Parameter,
+        Query,
+        Rows,
+        Style,
+    };
 
     Part part = Part::Report;
     int index = -1;         ///< of a part that there are several of

@@ -76,8 +76,12 @@ QList<StructureTree::Line> StructureTree::lines() const
             all.append({1, list[index].name, Selection::of(part, index)});
     };
     addAll(u"Groups"_s, layout.groups, Part::Group);
+    heading(u"Sort order"_s);
+    for (int index = 0; index < layout.sort.size(); ++index)
+        all.append({1, layout.sort[index], Selection::of(Part::Sort, index)});
     addAll(u"Formulas"_s, layout.formulas, Part::Formula);
     addAll(u"Parameters"_s, layout.parameters, Part::Parameter);
+    all.append({0, u"Query"_s, Selection::of(Part::Query)});
     addAll(u"Further rows"_s, layout.rowSets, Part::Rows);
     addAll(u"Styles"_s, layout.styles, Part::Style);
     return all;
@@ -204,9 +208,22 @@ void StructureTree::addParameter()
     });
 }
 
+void StructureTree::addSort()
+{
+    const Selection &chosen = m_document.selection();
+    const bool isField =
+        chosen.objects.size() == 1 && m_document.object(chosen.lead).kind == ObjectKind::Field;
+    const QString by = isField ? m_document.object(chosen.lead).content : u"RowNumber"_s;
+    m_document.change(u"Add sort order"_s, [&](Layout &layout, Selection &selection) {
+        layout.sort.append(by);
+        selection = Selection::of(Part::Sort, static_cast<int>(layout.sort.size()) - 1);
+    });
+}
+
 bool StructureTree::canRemoveSelected() const
 {
-    return m_document.selection().part != Part::Report;
+    const Part part = m_document.selection().part;
+    return part != Part::Report && part != Part::Query;
 }
 
 void StructureTree::removeSelected()
@@ -219,7 +236,11 @@ void StructureTree::removeSelected()
         const int index = removed.index;
         switch (removed.part) {
         case Part::Report:
+        case Part::Query:
             return;
+        case Part::Sort:
+            layout.sort.removeAt(index);
+            break;
         case Part::Objects:
             removeObjects(layout, removed.objects);
             selection = Selection::of(Part::Band, removed.lead.band);
@@ -259,9 +280,12 @@ bool StructureTree::canMoveSelected(int direction) const
         return target >= 0 && target < layout.groups.size();
     case Part::Parameter:
         return target >= 0 && target < layout.parameters.size();
+    case Part::Sort:
+        return target >= 0 && target < layout.sort.size();
     case Part::Objects:
         return true;
     case Part::Report:
+    case Part::Query:
     case Part::Formula:
     case Part::Rows:
     case Part::Style:

@@ -21,6 +21,8 @@ public:
 
     /// Adds a part of the kind on hand: a formula below formulas, a band elsewhere.
     void addGroup(const QString &by = {});
+    /// By the selected field.
+    void addSort();
     void addFormula();
     void addStyle();
     void addParameter();
