@@ -297,12 +297,20 @@ TEST_F(Designer, PicturesAreCopiedIntoTheLayout)
     run(u"insert-picture"_s);
     EXPECT_EQ(m_designer.layout().pictures[0].data, test::readFile(folder.filePath(u"logo.png"_s)));
     EXPECT_EQ(object(0, 1).width, 2 * object(0, 1).height) << "as it is shaped";
+    // Another file for the selected picture takes the place of the first.
+    image.fill(Qt::blue);
+    ASSERT_TRUE(image.save(folder.filePath(u"blue.png"_s)));
+    m_prompts.expectChooser(u"Picture"_s, folder.filePath(u"blue.png"_s));
+    run(u"insert-picture"_s);
+    EXPECT_EQ(m_designer.layout().bands[0].objects.size(), 2);
+    EXPECT_EQ(object(0, 1).content, u"blue.png"_s);
+    EXPECT_EQ(m_designer.layout().pictures.size(), 1);
     m_prompts.expectChooser(u"Picture"_s, folder.filePath(u"bad.png"_s));
     m_prompts.expect(
         u"\"%1\" is no picture that can be shown."_s.arg(folder.filePath(u"bad.png"_s)),
         base::Prompts::Icon::None);
     run(u"insert-picture"_s);
-    EXPECT_EQ(m_document.undoStack().count(), 1);
+    EXPECT_EQ(m_document.undoStack().count(), 2);
 }
 
 TEST_F(Designer, TheTreeSelectsAndChangesTheParts)

@@ -161,7 +161,7 @@ void BandStrip::paintEvent(QPaintEvent *)
         painter.setClipRect(white);
         paintMarks(painter,
                    ruler.intersected(QRect(NameWidth, own.top(), Ruler::Thickness, own.height())),
-                   own.top(), white.bottom(), geometry.scale(), true, m_inInches);
+                   own.top(), qMin(white.bottom(), height()), geometry.scale(), true, m_inInches);
         painter.setClipping(false);
         painter.fillRect(QRect(0, bar.top(), width(), bar.height()), theme::lineColor());
     }

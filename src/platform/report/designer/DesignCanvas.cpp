@@ -184,7 +184,7 @@ void DesignCanvas::paintEvent(QPaintEvent *event)
     paintSheet(painter, visible);
     for (int band = 0; band < m_geometry.bandCount(); ++band)
         if (visible.intersects(m_geometry.slotRect(band).united(m_geometry.barRect(band))))
-            paintBand(painter, band);
+            paintBand(painter, band, visible);
     paintSelection(painter);
     paintGuides(painter);
     if (m_action == Action::Rubber || m_action == Action::Insert) {
@@ -221,10 +221,10 @@ void DesignCanvas::paintSheet(QPainter &painter, const QRect &visible)
     }
 }
 
-void DesignCanvas::paintBand(QPainter &painter, int band)
+void DesignCanvas::paintBand(QPainter &painter, int band, const QRect &visible)
 {
     if (m_showsGrid)
-        paintGrid(painter, band);
+        paintGrid(painter, band, visible);
     painter.save();
     painter.translate(m_geometry.fromBand(band, QPoint(0, 0)));
     painter.scale(m_geometry.scale(), m_geometry.scale());
@@ -247,16 +247,17 @@ void DesignCanvas::paintObjects(QPainter &painter, const Layout &layout, int ban
     m_painter.paint(page, painter);
 }
 
-void DesignCanvas::paintGrid(QPainter &painter, int band)
+void DesignCanvas::paintGrid(QPainter &painter, int band, const QRect &visible)
 {
-    const QRect rect = m_geometry.bandRect(band);
     constexpr int LeastPixels = 8;
     int step = GridUnits;
     while (step * m_geometry.scale() < LeastPixels)
         step *= 2;
+    const QRect seen = m_geometry.bandRect(band).intersected(visible);
+    const QPoint start = m_geometry.toBand(band, {m_geometry.originX(), seen.top()});
+    const QPoint end = m_geometry.toBand(band, {m_geometry.innerRight(), seen.bottom()});
     QList<QPoint> points;
-    const QPoint end = m_geometry.toBand(band, {m_geometry.innerRight(), rect.bottom()});
-    for (int y = 0; y <= end.y(); y += step)
+    for (int y = start.y() / step * step; y <= end.y(); y += step)
         for (int x = 0; x <= end.x(); x += step)
             points.append(m_geometry.fromBand(band, QPoint(x, y)));
     painter.setPen(GridColor);

@@ -102,8 +102,8 @@ private:
     [[nodiscard]] QPoint contentPoint(QPoint viewport) const { return viewport + scrolled(); }
 
     void paintSheet(QPainter &painter, const QRect &visible);
-    void paintBand(QPainter &painter, int band);
-    void paintGrid(QPainter &painter, int band);
+    void paintBand(QPainter &painter, int band, const QRect &visible);
+    void paintGrid(QPainter &painter, int band, const QRect &visible);
     void paintFrames(QPainter &painter, int band);
     void paintSelection(QPainter &painter);
     void paintGuides(QPainter &painter);

@@ -46,7 +46,8 @@ QList<NamedStyle> stylesOf(const Tones &tones)
             {house::GroupHeading.toString(), group},
             {house::Detail.toString(), detail},
             {house::Total.toString(), total},
-            {house::Note.toString(), textStyle(8, false, tones.quiet)}};
+            {house::Note.toString(), textStyle(8, false, tones.quiet)},
+            {house::Rule.toString(), textStyle(9, false, tones.second)}};
 }
 
 /// Takes the values of a style over in which a former one and the object agree.
@@ -81,6 +82,8 @@ bool isFollowing(const Object &object, const QString &style)
 
 QStringView roleOf(const Band &band, const Object &object)
 {
+    if (object.kind == ObjectKind::Line)
+        return house::Rule;
     switch (band.kind) {
     case BandKind::ReportHeader:
     case BandKind::PageHeader:
@@ -171,7 +174,8 @@ void assignHouseStyles(Layout &layout)
     for (Band &band : layout.bands)
         for (Object &object : band.objects)
             if (object.styleName.isEmpty() &&
-                (object.kind == ObjectKind::Text || object.kind == ObjectKind::Field))
+                (object.kind == ObjectKind::Text || object.kind == ObjectKind::Field ||
+                 object.kind == ObjectKind::Line))
                 followStyle(layout, object, roleOf(band, object).toString());
 }
 

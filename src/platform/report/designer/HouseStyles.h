@@ -14,6 +14,7 @@ inline constexpr QStringView GroupHeading = u"Group heading";
 inline constexpr QStringView Detail = u"Detail";
 inline constexpr QStringView Total = u"Total";
 inline constexpr QStringView Note = u"Note";
+inline constexpr QStringView Rule = u"Rule"; ///< lines
 } // namespace house
 
 /// A set of styles by a name: "House", "Plain", "Green".
