@@ -9,7 +9,9 @@
 #include <QStandardPaths>
 
 #include <array>
+#include <fcntl.h>
 #include <mutex>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -155,6 +157,26 @@ QString chosenLockFolder()
     return folder;
 }
 
+/// A program that is ended while it attaches can leave a lock in these files which nobody ever
+/// gives back; all programs after it would wait for ever. So each holds a file of the folder open
+/// under a shared lock, and whoever finds himself alone there removes what the engine has left
+/// behind.
+void clearWhenAlone(const QString &folder)
+{
+    const QByteArray path = QFile::encodeName(folder + u"/in-use"_s);
+    const int file = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW,
+                            S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP);
+    if (file < 0)
+        return;
+    if (::flock(file, LOCK_EX | LOCK_NB) == 0) {
+        QDir left(folder);
+        for (const QString &name : left.entryList({u"fb*_*"_s}, QDir::Files | QDir::System))
+            left.remove(name);
+    }
+    // Held, by its descriptor, until this process ends, however it ends.
+    ::flock(file, LOCK_SH);
+}
+
 void prepare()
 {
     const QString installed = installedEngine();
@@ -168,6 +190,7 @@ void prepare()
     }
     writeWhenDifferent(home + u"/firebird.conf"_s, settings());
     qputenv("FIREBIRD", QFile::encodeName(home));
+    clearWhenAlone(engineLockFolder());
     qputenv("FIREBIRD_LOCK", QFile::encodeName(engineLockFolder()));
 }
 

@@ -100,6 +100,27 @@ TEST(EngineHome, ALockFolderOfEverybodyIsRefused)
     EXPECT_EQ(QFileInfo(lock).permissions() & QFile::Permissions(0x0077), QFile::Permissions());
 }
 
+TEST(EngineHome, WhatAnEndedProgramLeftLockedIsClearedByTheNextThatIsAlone)
+{
+    const QTemporaryDir folder;
+    const test::TestDatabase database;
+    const auto attached = [&] {
+        return std::make_unique<HelperProcess>(u"attach"_s, database.file(),
+                                               withHome(folder.filePath(u"engine"_s)));
+    };
+    const QString left = folder.filePath(u"engine/lock/fb_left"_s);
+    auto first = attached();
+    ASSERT_EQ(first->line(), u"attached"_s);
+    test::writeFile(left, {});
+    auto second = attached();
+    ASSERT_EQ(second->line(), u"attached"_s);
+    EXPECT_TRUE(QFile::exists(left)) << "in use by others";
+    first->kill();
+    second->kill();
+    EXPECT_EQ(attached()->line(), u"attached"_s);
+    EXPECT_FALSE(QFile::exists(left));
+}
+
 /// The engine's thread for a check lives a moment longer than the check: of programs that ended
 /// without regard to it every second one crashed.
 TEST(EngineEnd, AProgramEndsWellAfterACheck)
