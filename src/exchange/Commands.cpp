@@ -217,7 +217,7 @@ qint64 storeReading(const Command &command)
 void countReading(const Command &command, Run &run)
 {
     const qint64 machine = storeReading(command);
-    if (const QString type = command.at(2); !readings::periodCode(type).isEmpty())
+    if (const QString &type = command.at(2); !readings::periodCode(type).isEmpty())
         run.countType = type;
     if (readings::isInProcess(machine, run.countType)) {
         told::message(
