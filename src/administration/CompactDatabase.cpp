@@ -2,8 +2,8 @@
 
 #include "administration/ClosedConnections.h"
 #include "core/Session.h"
+#include "core/Told.h"
 #include "platform/base/Environment.h"
-#include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "platform/db/ClosedFile.h"
 #include "platform/db/Maintenance.h"
@@ -106,7 +106,7 @@ void compactWhole()
         QFile::remove(base::applicationPath(u'\\' + backupName() + u".mdb"_s));
     }
     closed.reopen();
-    base::showMessage(u"System has finished compacting the database."_s);
+    told::message(u"System has finished compacting the database."_s);
 }
 
 } // namespace
@@ -120,7 +120,7 @@ void CompactDatabase()
             if (error.number() != base::ErrorNumber::PermissionDenied &&
                 error.number() != CouldNotLock)
                 throw;
-            base::showMessage(u"Database is in use. System cannot perform this task now."_s);
+            told::message(u"Database is in use. System cannot perform this task now."_s);
         }
     });
 }

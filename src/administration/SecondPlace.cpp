@@ -2,8 +2,8 @@
 
 #include "core/Options.h"
 #include "core/Session.h"
+#include "core/Told.h"
 #include "platform/base/Environment.h"
-#include "platform/base/Prompts.h"
 #include "platform/db/Maintenance.h"
 #include "platform/db/Proof.h"
 
@@ -55,7 +55,7 @@ void copyAtEnd(const EndingCopy &copy)
         if (!db::isHeld(gsDatabasePath))
             copyDay(copy);
     } catch (const base::Error &error) {
-        base::showInformation(
+        told::information(
             u"Today's copy for %1 could not be made: %2.\nThe database itself is as it was."_s.arg(
                 QDir::toNativeSeparators(copy.folder), error.description()));
     }

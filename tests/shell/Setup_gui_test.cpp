@@ -96,7 +96,13 @@ TEST_F(Setup, APhoneNumberWithoutItsDigitsIsNeitherLeftNorStored)
     driver.control("txtCompanyPhone").setFocus();
     QTest::keyClicks(&driver.control("txtCompanyPhone"), u"555"_s);
     prompts.expect(u"Invalid phone No."_s, base::Prompts::Icon::Information);
-    QTest::mouseClick(&driver.control("cmdApply"), Qt::LeftButton);
+    QTest::keyClick(&driver.control("txtCompanyPhone"), Qt::Key_Tab);
+    QTest::qWait(1);
+    EXPECT_TRUE(driver.control("txtCompanyPhone").hasFocus());
+    prompts.expect(u"Invalid phone No."_s, base::Prompts::Icon::Information);
+    QTest::mousePress(&driver.control("cmdApply"), Qt::LeftButton);
+    QTest::qWait(1);
+    QTest::mouseRelease(&driver.control("cmdApply"), Qt::LeftButton);
     EXPECT_TRUE(driver.control("txtCompanyPhone").hasFocus());
     EXPECT_EQ(GetOption(u"GEN_COMPANY_PHONE"_s, false), QString());
     driver.press("cmdCancel");

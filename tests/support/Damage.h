@@ -7,7 +7,7 @@ namespace test {
 
 /// Spoils rows in the middle of a database file, in some of its last pages of rows: it still begins
 /// and ends like a database, and opens.
-inline void spoilRows(const QString &path, int pages = 3)
+inline void spoilRows(const QString &path, int pages = 24)
 {
     constexpr qint64 pageSize = 8192;
     constexpr char rowsPage = 5;

@@ -289,8 +289,11 @@ void frmSetup::EnableControls()
 
 bool frmSetup::SaveSystemChanges()
 {
-    if (!input::focusedMayLeave(this))
+    if (!txtCompanyPhone->check(u"Invalid phone No."_s)) {
+        tabOptions->setCurrentIndex(0);
+        txtCompanyPhone->setFocus();
         return false;
+    }
     return base::trapped(Module, "SaveSystemChanges", false, [this] {
         const base::Whole whole;
         for (Field &field : m_fields) {

@@ -13,7 +13,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPrinter>
-#include <QPrinterInfo>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QSpinBox>
@@ -409,16 +408,6 @@ TEST_F(Viewer, AnErrorOnTheWayIsARemark)
     EXPECT_EQ(m_viewer.pageCount(), 2) << "what was whole stays";
     EXPECT_EQ(child<QLabel>(u"layoutStatus"_s)->text(), u"Incomplete");
     EXPECT_EQ(m_viewer.outcome().problems, QStringList{u"The rows are gone."_s});
-}
-
-TEST_F(Viewer, WithoutAPrinterSaysSo)
-{
-    if (!QPrinterInfo::availablePrinterNames().isEmpty())
-        GTEST_SKIP() << "this computer has printers";
-    m_prompts.expect(
-        u"There is no printer on this computer. The report can be exported as a PDF file."_s,
-        base::Prompts::Icon::None);
-    EXPECT_FALSE(m_viewer.print());
 }
 
 TEST_F(Viewer, EmptyViewerOffersNothing)

@@ -1,12 +1,10 @@
 #include "platform/report/viewer/PrintPages.h"
 
-#include "platform/base/Prompts.h"
 #include "platform/report/render/PagePainter.h"
 
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QPrinterInfo>
 
 namespace report {
 namespace {
@@ -28,13 +26,9 @@ Range rangeOf(const QPrinter &printer, int pages)
 
 } // namespace
 
+// Where there is no printer the print window still offers to print into a file.
 bool choosePrinter(QPrinter &printer, int pages, QWidget *parent)
 {
-    if (QPrinterInfo::availablePrinterNames().isEmpty()) {
-        base::showMessage(QStringLiteral(
-            "There is no printer on this computer. The report can be exported as a PDF file."));
-        return false;
-    }
     QPrintDialog dialog(&printer, parent);
     dialog.setMinMax(1, qMax(1, pages));
     dialog.setFromTo(1, qMax(1, pages));
