@@ -8,10 +8,14 @@ build_packages=(
     qt6-tools-dev qt6-tools-dev-tools libgl-dev
     firebird-dev "firebird3.0-server-core|firebird4.0-server-core"
     libsodium-dev libxlsxwriter-dev libzint-dev
+    libcurl4-openssl-dev unixodbc-dev
     "fonts-liberation2|fonts-liberation"
 )
 run_packages=(qt6-qpa-plugins)
-test_packages=(libgtest-dev libgmock-dev poppler-utils unzip "firebird3.0-utils|firebird4.0-utils")
+test_packages=(
+    libgtest-dev libgmock-dev poppler-utils unzip "firebird3.0-utils|firebird4.0-utils"
+    openssl libsqliteodbc odbcinst
+)
 bench_packages=(libbenchmark-dev)
 mutant_packages=(python3)
 tidy_packages=(clang clang-tidy)

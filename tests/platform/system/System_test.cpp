@@ -2,6 +2,7 @@
 #include "platform/system/OsVersion.h"
 #include "platform/system/Process.h"
 #include "platform/system/SingleInstance.h"
+#include "platform/system/SlowFile.h"
 #include "support/Raised.h"
 #include "support/TestFiles.h"
 
@@ -11,6 +12,9 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <optional>
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
 
 using namespace Qt::StringLiterals;
 
@@ -128,6 +132,26 @@ TEST(SingleInstance, OneForEachFolderUntilItEnds)
     EXPECT_TRUE(sys::SingleInstance(other.path()).isFirst());
     first.reset();
     EXPECT_TRUE(sys::SingleInstance(one.path()).isFirst());
+}
+
+TEST_F(Files, TheFirstLineComesOrIsNotWaitedFor)
+{
+    using namespace std::chrono_literals;
+    const auto firstLine = [&](const QByteArray &content) {
+        write(u"update.txt"_s, content);
+        return sys::firstLine(path(u"update.txt"_s), 5s);
+    };
+    EXPECT_EQ(firstLine("1.2.0\r\n9.9\r\n"), u"1.2.0"_s);
+    EXPECT_EQ(firstLine("1.2.0"), u"1.2.0"_s);
+    EXPECT_EQ(firstLine(""), QString());
+    EXPECT_EQ(firstLine("\n9.9"), QString());
+    EXPECT_LT(firstLine(QByteArray(5000, '9'))->size(), 1001);
+    EXPECT_EQ(errorOf([&] { static_cast<void>(sys::firstLine(path(u"none"_s), 5s)); }), 53);
+#ifdef Q_OS_UNIX
+    // A pipe that nobody writes hangs as a share does.
+    ASSERT_EQ(mkfifo(qPrintable(path(u"pipe"_s)), 0600), 0);
+    EXPECT_EQ(sys::firstLine(path(u"pipe"_s), 50ms), std::nullopt);
+#endif
 }
 
 #ifdef Q_OS_UNIX
