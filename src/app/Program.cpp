@@ -13,6 +13,7 @@
 #include "platform/input/Theme.h"
 #include "platform/system/SingleInstance.h"
 #include "shell/RightsTable.h"
+#include "shell/Updates.h"
 #include "shell/ui/frmLogin.h"
 #include "shell/ui/frmMainScreen.h"
 
@@ -65,6 +66,7 @@ int runProgram(QApplication &application, const std::function<void(QWidget &)> &
     std::unique_ptr<frmMainScreen> mainScreen;
     StartUpSteps steps;
     steps.PrevInstance = [&] { return !instance.isFirst(); };
+    steps.CheckForUpdate = updates::CheckForUpdate;
     steps.UpdateDatabase = [](bool showFailure) { return UpdateDatabase(showFailure); };
     steps.frmLogin = [] {
         letSignalsEndTheProcess();

@@ -3,6 +3,7 @@
 #include "administration/ui/Entries.h"
 #include "core/UpdateDatabase.h"
 #include "core/ui/Openings.h"
+#include "core/ui/Sending.h"
 #include "core/ui/frmSendEmail.h"
 #include "equipment/ui/DateSheets.h"
 #include "equipment/ui/Entries.h"
@@ -125,6 +126,7 @@ void joinAdministration(Openings &all)
 void joinScreens()
 {
     installErrorReport();
+    joinReportTransport();
     help::installHelpKey();
     joinQuickFinds();
     Openings &all = openings();

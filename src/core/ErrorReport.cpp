@@ -2,6 +2,7 @@
 
 #include "core/Options.h"
 #include "core/RegistryValues.h"
+#include "core/Secrets.h"
 #include "core/Session.h"
 #include "core/StartUp.h"
 #include "platform/base/Environment.h"
@@ -36,6 +37,14 @@ QString boldLine(const QString &label, const QString &value)
     return u"<br><br><b>"_s + label + u"</b> "_s + value.toHtmlEscaped().replace(u'\n', u"<br>"_s);
 }
 
+QString windowsLines(const ErrorReportDetails &details)
+{
+    return u"<br><br>"_s + heading(u"Windows Information"_s) +
+           boldLine(u"Windows Version:-"_s, details.WindowVersion) +
+           boldLine(u"Version number:-"_s, details.WinVersionNo) +
+           boldLine(u"Service Pack/misc:-"_s, details.ServicePack);
+}
+
 /// Text for the part of an address behind "?", where these characters have a meaning of their own.
 QString addressText(QString text)
 {
@@ -52,7 +61,7 @@ ErrorReport trimmedReport(const QString &ModuleName, const QString &ProcedureNam
     report.ModuleName = ModuleName.trimmed();
     report.ProcedureName = ProcedureName.trimmed();
     report.ErrNumber = ErrNumber;
-    report.ErrDescription = ErrDescription.trimmed();
+    report.ErrDescription = secrets::withheld(ErrDescription.trimmed());
     report.LineNumber = LineNumber;
     return report;
 }
@@ -91,6 +100,8 @@ ErrorReportDetails ErrorReportDetails::of(const ErrorReport &report)
 {
     ErrorReportDetails details;
     details.report = report;
+    details.report.ErrDescription = secrets::withheld(report.ErrDescription);
+    details.report.UserMsg = secrets::withheld(report.UserMsg);
     details.DBVersion = GetOption(u"DBVERSION"_s, false);
     details.AppVersion = GetVersionNo();
     details.MainApp = GetRegistryValue(u"MainApp"_s);
@@ -117,11 +128,16 @@ QString htmlBody(const ErrorReportDetails &details)
            boldLine(u"Line Number:-"_s, QString::number(report.LineNumber)) +
            boldLine(u"User Email:-"_s, report.UserEmail) +
            boldLine(u"User Msg:-"_s, report.UserMsg) +
-           boldLine(u"User Name:-"_s, details.UserName) + u"<br><br>"_s +
-           heading(u"Windows Information"_s) +
-           boldLine(u"Windows Version:-"_s, details.WindowVersion) +
-           boldLine(u"Version number:-"_s, details.WinVersionNo) +
-           boldLine(u"Service Pack/misc:-"_s, details.ServicePack);
+           boldLine(u"User Name:-"_s, details.UserName) + windowsLines(details);
+}
+
+QString updateReportHtml(const ErrorReportDetails &details, const QString &clientVersion)
+{
+    return heading(u"Product Information"_s) + boldLine(u"App Version:-"_s, details.AppVersion) +
+           boldLine(u"DBVERSION:-"_s, details.DBVersion) +
+           boldLine(u"CLIENTVESION:-"_s, clientVersion) +
+           boldLine(u"User Email:-"_s, details.report.UserEmail) +
+           boldLine(u"User Name:-"_s, details.UserName) + windowsLines(details);
 }
 
 QString plainBody(const ErrorReportDetails &details)
@@ -162,8 +178,8 @@ void storeError(const ErrorReport &report)
     gcnLookup->Execute(
         u"Insert into tblErrorList(ErrNumber,ErrDescription,LineNumber,UserMsg,ModuleName,"
         u"ProcedureName,ErrDateTime,UserEmail) values(?,?,?,?,?,?,?,?)"_s,
-        {QString::number(report.ErrNumber), report.ErrDescription,
-         QString::number(report.LineNumber), report.UserMsg, report.ModuleName,
+        {QString::number(report.ErrNumber), secrets::withheld(report.ErrDescription),
+         QString::number(report.LineNumber), secrets::withheld(report.UserMsg), report.ModuleName,
          report.ProcedureName, base::toText(base::now()), report.UserEmail});
 }
 

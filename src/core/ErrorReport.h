@@ -55,6 +55,10 @@ struct ErrorReportDetails
 [[nodiscard]] QString htmlBody(const ErrorReportDetails &details);
 /// The same as plain text with "\r\n" at each line end.
 [[nodiscard]] QString plainBody(const ErrorReportDetails &details);
+/// The HTML of the mail that goes with the script of an update that has failed; the details say
+/// what the program knows about itself, and the address in their report who sends it.
+[[nodiscard]] QString updateReportHtml(const ErrorReportDetails &details,
+                                       const QString &clientVersion);
 /// A "mailto:" address that opens the user's own mail program on the plain text.
 [[nodiscard]] QString mailtoAddress(const QString &mailbox, const QString &plainBody);
 
@@ -76,9 +80,11 @@ struct ReportMail
 /// failed and goes to the user's own mail program.
 struct ReportTransport
 {
-    /// Adds the report to the makers' own store; raises when that fails.
+    /// Adds the report to the makers' own store; raises when that fails, base::Cancelled when the
+    /// user ends it.
     std::function<void(const ErrorReportDetails &)> storeRemote;
-    /// Sends a mail; False when it could not be sent.
+    /// Sends a mail; False when no way for it is set up. Raises when it could not be sent,
+    /// base::Cancelled when the user ends it.
     std::function<bool(const ReportMail &)> sendMail;
     /// Mailbox for reports from the user's own mail program.
     QString mailbox;

@@ -84,6 +84,19 @@ TEST_F(ErrorReports, ThePlainTextListsAllAndFitsAnAddress)
     EXPECT_TRUE(address.contains(u"I pressed %231%0A"_s));
 }
 
+TEST_F(ErrorReports, TheReportOfAnUpdateTellsVersionsAndSystem)
+{
+    const QString body = updateReportHtml(ErrorReportDetails::of(report), u"2.2"_s);
+    EXPECT_EQ(body,
+              u"<font color=\"red\"><b>Product Information</b></font>"
+              "<br><br><b>App Version:-</b> 2.3.1<br><br><b>DBVERSION:-</b> 100"
+              "<br><br><b>CLIENTVESION:-</b> 2.2<br><br><b>User Email:-</b> o'brien@example.com"
+              "<br><br><b>User Name:-</b> TESTBENCH<br><br>"
+              "<font color=\"red\"><b>Windows Information</b></font>"
+              "<br><br><b>Windows Version:-</b> Windows XP<br><br><b>Version number:-</b> 5.1"
+              "<br><br><b>Service Pack/misc:-</b> Service Pack 3"_s);
+}
+
 TEST_F(ErrorReports, TheHtmlListsAllInOrderAndEscapesValues)
 {
     const QString body = htmlBody(ErrorReportDetails::of(report));

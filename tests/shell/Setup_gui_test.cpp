@@ -96,12 +96,9 @@ TEST_F(Setup, APhoneNumberWithoutItsDigitsIsNeitherLeftNorStored)
     driver.control("txtCompanyPhone").setFocus();
     QTest::keyClicks(&driver.control("txtCompanyPhone"), u"555"_s);
     prompts.expect(u"Invalid phone No."_s, base::Prompts::Icon::Information);
-    QTest::keyClick(&driver.control("txtCompanyPhone"), Qt::Key_Tab);
-    QTest::qWait(1);
-    EXPECT_TRUE(driver.control("txtCompanyPhone").hasFocus());
-    prompts.expect(u"Invalid phone No."_s, base::Prompts::Icon::Information);
+    // As a hand does it: the window comes to itself between press and release.
     QTest::mousePress(&driver.control("cmdApply"), Qt::LeftButton);
-    QTest::qWait(1);
+    QCoreApplication::processEvents();
     QTest::mouseRelease(&driver.control("cmdApply"), Qt::LeftButton);
     EXPECT_TRUE(driver.control("txtCompanyPhone").hasFocus());
     EXPECT_EQ(GetOption(u"GEN_COMPANY_PHONE"_s, false), QString());

@@ -1,12 +1,14 @@
 #include "core/ui/frmSendEmail.h"
 
-#include "core/Conversions.h"
 #include "core/Options.h"
 #include "core/Permission.h"
+#include "core/Secrets.h"
 #include "core/ui/Launch.h"
+#include "core/ui/SenderCheck.h"
 #include "platform/base/Error.h"
 #include "platform/base/Format.h"
 #include "platform/base/Prompts.h"
+#include "platform/base/Steps.h"
 #include "platform/input/FormBuilder.h"
 #include "platform/input/Theme.h"
 #include "platform/system/Open.h"
@@ -180,22 +182,6 @@ ErrorReport frmSendEmail::entered() const
     return report;
 }
 
-bool frmSendEmail::VailidateFields()
-{
-    const auto refuse = [this](const QString &text) {
-        base::showMessage(text);
-        txtEmail->setFocus();
-        return false;
-    };
-    if (txtEmail->text().trimmed().isEmpty())
-        return refuse(u"Please enter your email Address."_s);
-    QString reason;
-    if (!ValidateEmail(txtEmail->text(), reason)) {
-        return refuse(u"Please enter a valid email Address, so that we can get back to you."_s);
-    }
-    return true;
-}
-
 void frmSendEmail::showProgress(bool sending)
 {
     lblProgress->setVisible(sending);
@@ -209,15 +195,19 @@ void frmSendEmail::showProgress(bool sending)
 
 void frmSendEmail::cmdSend_Click()
 {
-    if (!VailidateFields())
+    if (!VailidateFields(txtEmail))
         return;
     const Quiet sending;
     const ErrorReportDetails details = ErrorReportDetails::of(entered());
     showProgress(true);
-    if (send(details))
-        poSendMail_SendSuccesful();
-    else if (poSendMail_SendFailed(details))
-        unload();
+    try {
+        if (send(details))
+            poSendMail_SendSuccesful();
+        else if (poSendMail_SendFailed(details))
+            unload();
+    } catch (const base::Cancelled &) {
+        tellFailure(u"The report was not sent."_s);
+    }
     showProgress(false);
     cmdExit->setFocus();
 }
@@ -227,14 +217,18 @@ bool frmSendEmail::send(const ErrorReportDetails &details)
     const CursorShape wait(Qt::WaitCursor);
     const ReportTransport &transport = reportTransport();
     try {
-        if (transport.storeRemote)
+        if (transport.storeRemote && !m_storedRemote) {
             transport.storeRemote(details);
+            m_storedRemote = true;
+        }
         return transport.sendMail &&
                transport.sendMail({details.report.UserEmail, reportSenderName(),
                                    reportSubject(details.report.UserEmail), htmlBody(details),
                                    QString()});
+    } catch (const base::Cancelled &) {
+        throw;
     } catch (const base::Error &error) {
-        qWarning("error report: %s", error.what());
+        qWarning("error report: %s", qUtf8Printable(secrets::withheld(error.description())));
         return false;
     }
 }

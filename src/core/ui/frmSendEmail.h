@@ -35,7 +35,6 @@ protected:
 private:
     void buildForm();
     void load();
-    [[nodiscard]] bool VailidateFields();
     void cmdSend_Click();
     void cmdExit_Click();
     void poSendMail_SendSuccesful();
@@ -43,7 +42,7 @@ private:
     [[nodiscard]] bool poSendMail_SendFailed(const ErrorReportDetails &details);
     /// False, after telling why, when the row could not be stored.
     [[nodiscard]] bool SaveErrorList();
-    /// True when the makers have got the report.
+    /// True when the makers have got the report. Raises base::Cancelled.
     [[nodiscard]] bool send(const ErrorReportDetails &details);
     void tellFailure(const QString &text);
     void showProgress(bool sending);
@@ -52,7 +51,8 @@ private:
 
     ErrorReport m_report;
     bool m_saved = false;
-    bool m_cantBeSaved = false; ///< told once, and not tried again when the form is closed
+    bool m_storedRemote = false; ///< in the makers' store, which a second try must not fill twice
+    bool m_cantBeSaved = false;  ///< told once, and not tried again when the form is closed
 
     QLabel *lblHeading = nullptr;
     QLineEdit *txtModuleName = nullptr;

@@ -1,5 +1,6 @@
 #include "reporting/ui/frmReportPreview.h"
 
+#include "core/ui/Sending.h"
 #include "platform/input/FormBuilder.h"
 #include "platform/input/Theme.h"
 #include "platform/report/viewer/ReportViewer.h"
@@ -14,6 +15,7 @@ frmReportPreview::frmReportPreview(const QString &title, QWidget *parent)
     input::FormBuilder form(this);
     CRViewerReport = new report::ReportViewer(this);
     CRViewerReport->setObjectName(u"CRViewerReport"_s);
+    CRViewerReport->setMailer(mailing::mailDocument);
     form.widget(CRViewerReport, true);
     cmdPrint = form.button(u"cmdPrint"_s, u"&Print"_s, theme::icon(u"print"_s));
     cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));

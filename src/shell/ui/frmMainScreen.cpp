@@ -16,12 +16,15 @@
 #include "platform/input/Theme.h"
 #include "shell/CleanUpParts.h"
 #include "shell/QuickLinks.h"
+#include "shell/Updates.h"
+#include "shell/ui/CheckForUpdates.h"
 #include "shell/ui/HeaderBar.h"
 #include "shell/ui/MainBoard.h"
 #include "shell/ui/QuickLinkActions.h"
 #include "shell/ui/StartPage.h"
 #include "shell/ui/frmAbout.h"
 #include "shell/ui/frmChangePassword.h"
+#include "shell/ui/frmSendDBUpdate.h"
 #include "shell/ui/frmSetup.h"
 #include "shell/ui/frmUserManageMent.h"
 
@@ -91,6 +94,7 @@ void frmMainScreen::joinOwnEntries()
     });
     all.join(u"frmChangePassword"_s, [] { frmChangePassword::ShowSystemSettings(); });
     all.join(u"frmSetup"_s, [] { frmSetup::ShowSystemSettings(); });
+    all.join(u"frmSendDBUpdate"_s, [] { frmSendDBUpdate::ShowSendDBUpdateDetails(); });
     if (gsLoginUser == administrator)
         all.join(u"frmUserManageMent"_s, [] { frmUserManageMent::ShowUserManagement(); });
     all.join(u"mnuCompactDB"_s, [window = QPointer(this)] {
@@ -104,6 +108,8 @@ void frmMainScreen::joinOwnEntries()
         all.join(u"mnuQuorvantisOnline"_s, [] { launchIt(onlinePage()); });
     if (!contactPage().isEmpty())
         all.join(u"mnuContactUs"_s, [] { launchIt(contactPage()); });
+    if (!updates::feedAddress().isEmpty())
+        all.join(u"mnuCheckForUpdates"_s, mnuCheckForUpdates_Click);
     if (QFileInfo::exists(quickStartManual()))
         all.join(u"mnuQickStart"_s, [] { launchIt(quickStartManual()); });
 }

@@ -40,8 +40,7 @@ frmSetup::frmSetup(QWidget *parent)
     std::ranges::stable_sort(m_fields, {}, [&](const Field &field) {
         return std::ranges::find(options, field.key) - options.begin();
     });
-    connect(cmdDefaultFormSize, &QPushButton::clicked, this,
-            &frmSetup::cmdDefaultFormSize_Click);
+    connect(cmdDefaultFormSize, &QPushButton::clicked, this, &frmSetup::cmdDefaultFormSize_Click);
     connect(cmdOk, &QPushButton::clicked, this, &frmSetup::cmdOk_Click);
     connect(cmdApply, &QPushButton::clicked, this, &frmSetup::cmdApply_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &frmSetup::cmdCancel_Click);
@@ -65,6 +64,9 @@ void frmSetup::buildForm()
     tabOptions->addTab(fieldsPage(), u"&User Fields"_s);
     tabOptions->addTab(listsPage(), u"&Lists"_s);
     tabOptions->addTab(workstationPage(), u"&Workstation"_s);
+    tabOptions->addTab(mailPage(), u"&Mail"_s);
+    tabOptions->addTab(errorReportsPage(), u"&Error Reports"_s);
+    tabOptions->addTab(updatesPage(), u"U&pdates"_s);
     form.widget(tabOptions, true);
     cmdOk = form.button(u"cmdOk"_s, u"O&K"_s, theme::icon(u"save"_s));
     cmdApply = form.button(u"cmdApply"_s, u"&Apply"_s, theme::icon(u"complete"_s));
@@ -81,8 +83,8 @@ QWidget *frmSetup::companyPage()
 {
     auto *page = new QWidget(this);
     input::FormBuilder form(page);
-    txtCompanyName = addText(form, u"GEN_COMPANY_NAME", u"txtCompanyName"_s, u"Company Name "_s,
-                             OptionLength);
+    txtCompanyName =
+        addText(form, u"GEN_COMPANY_NAME", u"txtCompanyName"_s, u"Company Name "_s, OptionLength);
     addText(form, u"GEN_COMPANY_ADDRESS1", u"txtCompanyAddress1"_s, u"Company Address"_s,
             OptionLength);
     addText(form, u"GEN_COMPANY_ADDRESS2", u"txtCompanyAddress2"_s, {}, OptionLength);
@@ -115,7 +117,8 @@ QWidget *frmSetup::fieldsPage()
 {
     auto *page = new QWidget(this);
     input::FormBuilder form(page);
-    form.note(u"What the ten free fields of a machine are called on its screen and in its report."_s);
+    form.note(
+        u"What the ten free fields of a machine are called on its screen and in its report."_s);
     for (int number = 1; number <= FreeFields; ++number) {
         QLineEdit *box =
             addText(form, shell::fieldCaptionOption(number), u"txtField%1"_s.arg(number),
@@ -258,7 +261,7 @@ void frmSetup::readOptions()
     base::trapped(Module, "DisplayData", [this] {
         m_reading = true;
         for (Field &field : m_fields) {
-            field.setText(GetOption(field.key, field.perWorkstation));
+            field.setText(field.read ? field.read() : GetOption(field.key, field.perWorkstation));
             field.changed = false;
         }
     });
@@ -299,7 +302,10 @@ bool frmSetup::SaveSystemChanges()
         for (Field &field : m_fields) {
             if (!field.changed)
                 continue;
-            SetOption(field.key, field.text(), field.perWorkstation);
+            if (field.store)
+                field.store(field.text());
+            else
+                SetOption(field.key, field.text(), field.perWorkstation);
             field.changed = false;
             if (field.key == shell::SecurityOption)
                 base::showInformation(

@@ -16,7 +16,8 @@ class PhoneInput;
 } // namespace input
 
 /// The options: the company's name and address, the days of warnings, the captions of free fields,
-/// the lookup lists, and what this workstation keeps for itself.
+/// the lookup lists, what this workstation keeps for itself, and the services that the program
+/// uses: the mail account, the makers' error store, updates.
 class frmSetup final : public Screen
 {
     Q_OBJECT
@@ -31,13 +32,15 @@ protected:
     void EnableControls() override;
 
 private:
-    /// A control that edits an option.
+    /// A control that edits an option, or what has functions of its own to be read and stored by.
     struct Field
     {
         QString key;
         bool perWorkstation = false;
         std::function<QString()> text;
         std::function<void(const QString &)> setText;
+        std::function<QString()> read = {};              ///< empty for an option
+        std::function<void(const QString &)> store = {}; ///< empty for an option
         bool changed = false;
     };
 
@@ -46,10 +49,17 @@ private:
     [[nodiscard]] QWidget *fieldsPage();
     [[nodiscard]] QWidget *listsPage();
     [[nodiscard]] QWidget *workstationPage();
+    [[nodiscard]] QWidget *mailPage();
+    [[nodiscard]] QWidget *errorReportsPage();
+    [[nodiscard]] QWidget *updatesPage();
     QLineEdit *addText(input::FormBuilder &form, QStringView key, const QString &name,
                        const QString &label, int length);
     QLineEdit *addDays(input::FormBuilder &form, QStringView key, const QString &name,
                        const QString &label);
+    /// A box for a secret of this workstation, which it never shows: what is typed replaces the
+    /// one that is kept, and a button beside it forgets that.
+    QLineEdit *addSecret(input::FormBuilder &form, const QString &option, const QString &name,
+                         const QString &label);
     void addField(QLineEdit *box, QStringView key);
     void addField(Field field);
     void addList(input::FormBuilder &form, const QString &name, const QString &caption,
@@ -72,6 +82,9 @@ private:
     input::PhoneInput *txtCompanyPhone = nullptr;
     QCheckBox *chkSecurity = nullptr;
     QPushButton *cmdDefaultFormSize = nullptr;
+    QPushButton *cmdTestMail = nullptr;
+    QPushButton *cmdTestErrorStore = nullptr;
+    QPushButton *cmdCheckForUpdates = nullptr;
     QPushButton *cmdOk = nullptr;
     QPushButton *cmdApply = nullptr;
     QPushButton *cmdCancel = nullptr;

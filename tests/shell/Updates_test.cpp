@@ -1,0 +1,150 @@
+#include "shell/Updates.h"
+
+#include "core/RegistryValues.h"
+#include "core/Told.h"
+#include "platform/settings/Registry.h"
+#include "shell/ShellSession.h"
+#include "support/Raised.h"
+#include "support/TestFiles.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QTest>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Updates : testing::Test
+{
+    Updates()
+    {
+        share = session.environment.folder() + u"/my share"_s;
+        QDir().mkpath(share);
+        SetRegistryValue(u"VERSION"_s, u"1.0.1"_s);
+        SetRegistryValue(u"SRCPATH"_s, share);
+        SetRegistryValue(u"CLIENTVERSION"_s, u"1.9.0"_s);
+    }
+    void release(const QByteArray &text) const { test::writeFile(share + u"/update.txt"_s, text); }
+    void installer(const QByteArray &script) const
+    {
+        test::writeFile(share + u"/Setup.exe"_s, script);
+        QFile::setPermissions(share + u"/Setup.exe"_s,
+                              QFileDevice::ReadOwner | QFileDevice::ExeOwner);
+    }
+
+    test::ShellSession session;
+    told::Listener told;
+    QString share;
+};
+
+const QString Found =
+    u"System found an update for Quorvantis. It will start automatically in a moment."_s;
+
+} // namespace
+
+TEST_F(Updates, ComeFromTheFolderThatTheInstallationNames)
+{
+    struct Case
+    {
+        QString version, source, path, folder, installed;
+    };
+    const QString client = u"C5"_s;
+    SetRegistryValue(u"CLIENTVERSION"_s, client);
+    const Case cases[] = {
+        {u"1.0.1"_s, u" \\\\office\\setup "_s, u"/p/"_s, u"//office/setup"_s, client},
+        {u"1.1.1"_s, u"/s"_s, {}, u"/s"_s, client},
+        {u"1.1.2"_s, u"/s"_s, u"\\\\office\\qv\\"_s, u"//office/qv/Client"_s, u"1.1.2"_s},
+        {u"1.0.1"_s, {}, u"/p/"_s, u"/p/Client"_s, u"1.0.1"_s},
+        // What no folder is named for isn't asked.
+        {u"1.1.0"_s, {}, u"/p/"_s, {}, {}},
+        {u"1.1.1"_s, {}, u"/p/"_s, {}, {}},
+        {u"1.0.1"_s, {}, {}, {}, {}},
+        {u"2.3.1"_s, u"/s"_s, {}, {}, {}},
+    };
+    for (const Case &row : cases) {
+        SetRegistryValue(u"VERSION"_s, row.version);
+        SetRegistryValue(u"SRCPATH"_s, row.source);
+        SetRegistryValue(u"PATH"_s, row.path);
+        const auto found = updates::releaseShare();
+        EXPECT_EQ(found ? found->folder : QString(), row.folder) << row.version.toStdString();
+        EXPECT_EQ(found ? found->installed : QString(), row.installed);
+    }
+}
+
+TEST_F(Updates, ANewerReleaseStartsItsInstallerAndEndsTheProgram)
+{
+    release(" 1.9.1 \r\n");
+    const QString mark = session.environment.folder() + u"/started"_s;
+    installer("#!/bin/sh\ntouch '" + mark.toUtf8() + "'\n");
+    EXPECT_TRUE(updates::CheckForUpdate());
+    EXPECT_EQ(told.sentences(), QStringList(Found));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(mark); }));
+    EXPECT_TRUE(session.errors.empty());
+}
+
+TEST_F(Updates, TheStartGoesOnWithoutANewerRelease)
+{
+    installer("#!/bin/sh\n");
+    // As text, 1.10.0 comes before 1.9.0.
+    for (const char *text : {"1.9.0", "1.10.0\n", "1.8.9", "", "\n2.0"}) {
+        release(text);
+        EXPECT_FALSE(updates::CheckForUpdate()) << text;
+    }
+    release("2.0");
+    SetRegistryValue(updates::AtStartValue, u"0"_s);
+    EXPECT_FALSE(updates::CheckForUpdate());
+    SetRegistryValue(u"SRCPATH"_s, {});
+    SetRegistryValue(updates::AtStartValue, {});
+    EXPECT_FALSE(updates::CheckForUpdate());
+    EXPECT_TRUE(session.errors.empty());
+    EXPECT_TRUE(told.sentences().isEmpty());
+}
+
+TEST_F(Updates, AMissingFileIsReportedAndASlowShareLeftAlone)
+{
+    EXPECT_FALSE(updates::CheckForUpdate());
+    ASSERT_EQ(session.errors.size(), 1U);
+    EXPECT_EQ(session.errors[0].procedure, u"CheckForUpdate"_s);
+    EXPECT_EQ(session.errors[0].number, 53);
+    release("2.0");
+    EXPECT_FALSE(updates::CheckForUpdate()) << "without the installer";
+    EXPECT_EQ(session.errors.size(), 2U);
+    session.errors.clear();
+
+    QFile::remove(share + u"/update.txt"_s);
+    ASSERT_EQ(mkfifo(qPrintable(share + u"/update.txt"_s), 0600), 0);
+    QElapsedTimer clock;
+    clock.start();
+    EXPECT_FALSE(updates::CheckForUpdate());
+    EXPECT_LT(clock.elapsed(), 3000);
+    EXPECT_TRUE(session.errors.empty());
+}
+
+TEST_F(Updates, TheLastOfferOfTheFeedCounts)
+{
+    EXPECT_EQ(updates::feedAddress(), QString());
+    settings::registry().setValue(settings::MakerKey, u"UpdateSite"_s, u"https://example.com//"_s);
+    EXPECT_EQ(updates::feedAddress(), u"https://example.com/setup/LatestUPT/Quorvantis.xml"_s);
+
+    const updates::Offer offer = updates::offerIn(
+        "<?xml version='1.0'?><all><QUORVANTIS><v>1.0</v><u>http://old</u><t>Old</t></QUORVANTIS>"
+        "<other><v>9</v></other><QUORVANTIS><v> 1.0.2 </v><u>http://new</u><t>1.0.2 &amp; "
+        "more</t></QUORVANTIS></all>");
+    EXPECT_EQ(offer.version, u"1.0.2"_s);
+    EXPECT_EQ(offer.address, u"http://new"_s);
+    EXPECT_EQ(updates::sentenceOf(offer), u"Quorvantis 1.0.2 & more is available."_s);
+    EXPECT_TRUE(updates::isNewer(offer));
+    EXPECT_FALSE(updates::isNewer({.version = u"1.0.1"_s, .address = {}, .text = {}}));
+    EXPECT_EQ(updates::sentenceOf({}), QString());
+    EXPECT_EQ(updates::offerIn("<all/>").version, QString());
+    EXPECT_EQ(updates::offerIn("<all><QUORVANTIS><v>2</v></QUORVANTIS></all>").address, QString());
+    for (const char *feed :
+         {"", "<html><body><p>Hello<br></body></html>", "<all><QUORVANTIS>", "\xff\xfe"})
+        EXPECT_TRUE(test::raisedBy([&] { static_cast<void>(updates::offerIn(feed)); })
+                        .description()
+                        .contains(u"no list of releases"_s))
+            << feed;
+}
