@@ -61,7 +61,8 @@ void paintMarks(QPainter &painter, const QRect &area, double origin, int end, do
             painter.drawLine(at, area.bottom() - length, at, area.bottom());
         if (!isNumbered || (isUpright && mark == 0))
             continue;
-        const QString number = QString::number(mark / steps.parts * steps.number);
+        const int numbered = mark / steps.parts;
+        const QString number = QString::number(numbered * steps.number);
         if (isUpright)
             painter.drawText(QRect(area.left(), at - 12, area.width() - 9, 11),
                              Qt::AlignRight | Qt::AlignBottom, number);

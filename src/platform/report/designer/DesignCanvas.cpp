@@ -74,8 +74,8 @@ void DesignCanvas::setZoom(int percent)
     if (zoom == m_zoom)
         return;
     // What is in the middle stays there.
-    const double share = double(verticalScrollBar()->value() + viewport()->height() / 2) /
-                         qMax(1, m_geometry.size().height());
+    const int middle = verticalScrollBar()->value() + viewport()->height() / 2;
+    const double share = static_cast<double>(middle) / qMax(1, m_geometry.size().height());
     m_zoom = zoom;
     refresh();
     verticalScrollBar()->setValue(static_cast<int>(share * m_geometry.size().height()) -

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QList>
-#include <compare>
 
 namespace report {
 
@@ -11,7 +10,11 @@ struct Place
     int band = -1;
     int object = -1;
 
-    auto operator<=>(const Place &) const = default;
+    bool operator==(const Place &) const = default;
+    bool operator<(Place other) const
+    {
+        return band != other.band ? band < other.band : object < other.object;
+    }
 };
 
 /// What is worked on: objects, or one other part of the report.

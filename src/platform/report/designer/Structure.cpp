@@ -338,6 +338,7 @@ QList<Place> reorder(Layout &layout, const QList<Place> &places, Order order)
             continue;
         QList<Object> &objects = layout.bands[band].objects;
         std::vector<std::pair<bool, int>> sequence; // chosen or not, and the number
+        sequence.reserve(static_cast<std::size_t>(objects.size()));
         for (int object = 0; object < objects.size(); ++object)
             sequence.emplace_back(chosen[band].contains(object), object);
         if (order == Order::Front)
