@@ -304,7 +304,9 @@ TEST(Remarks, LeadToTheirObjects)
         <formula name="Worth">Nothing + 1</formula>
         <band kind="pageHeader"><text name="lblX" content="{Mising}"/></band>
         <band kind="detail"><field content="Name"/><field content="Nam"/><field content="Nam"/>
-          <text width="5mm" content="These words are longer than their frame"/></band></report>)x");
+          <text width="5mm" content="These words are longer than their frame"/></band>
+        <band kind="detail" printIf="Name &lt;&gt; 'x'"/><band kind="detail" printIf="Nome = 1"/>
+        <band kind="detail"><picture content="none.png"/></band></report>)x");
     const Labelled named = labelled(layout);
     QStringList remarks;
     (void)allPages(named.layout, Rows({u"Name"_s}, {{u"a"_s}}), {}, &remarks);
@@ -317,9 +319,11 @@ TEST(Remarks, LeadToTheirObjects)
                          .arg(part->lead.band)
                          .arg(part->lead.object));
     }
-    EXPECT_EQ(parts.join(u'|').toStdString(), "5 0 -1 -1|2 -1 0 0|2 -1 1 1|2 -1 1 2|2 -1 1 3")
+    EXPECT_EQ(parts.join(u'|').toStdString(),
+              "5 0 -1 -1|2 -1 0 0|2 -1 1 1|2 -1 1 2|1 3 -1 -1|2 -1 1 3|2 -1 4 0")
         << remarks.join(u'\n').toStdString();
-    EXPECT_FALSE(partOf(named, u"The picture \"Name\" is not there."_s));
+    EXPECT_FALSE(partOf(named, u"The picture \"other.png\" is not there."_s));
+    EXPECT_FALSE(partOf(named, u"Name: in no report"_s));
 }
 
 TEST(FaultOf, KnowsFieldsFormulasAndScopes)

@@ -17,11 +17,12 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QListWidget>
+#include <QMenu>
 #include <QMimeData>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QScrollBar>
-#include <QSignalSpy>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTreeWidget>
@@ -186,6 +187,24 @@ TEST_F(Designer, EdgesComeToRestOnOthersWhileTheyAreDragged)
     EXPECT_NE(object(0, 0).x, 8000) << "not with Alt";
 }
 
+TEST_F(Designer, TheGridHoldsWhatIsDragged)
+{
+    run(u"grid"_s);
+    drag(at(1, 2500, 250), at(1, 2500, 250) + QPoint(37, 9));
+    EXPECT_EQ(object(1, 0).x % 100, 0);
+    EXPECT_EQ(object(1, 0).y % 100, 0);
+    EXPECT_NEAR(object(1, 0).x, 2000 + m_canvas->geometry().toUnits(37), 50);
+    // Edges of other bands count across, not downwards.
+    run(u"grid"_s);
+    run(u"line-up"_s);
+    run(u"undo"_s);
+    m_document.change(u"Low"_s,
+                      [](Layout &layout, Selection &) { layout.bands[0].objects[0].y = 1260; });
+    const int down = static_cast<int>(1240 * m_canvas->geometry().scale());
+    drag(at(1, 2500, 250), at(1, 2500, 250) + QPoint(0, down));
+    EXPECT_EQ(object(1, 0).y, m_canvas->geometry().toUnits(down));
+}
+
 TEST_F(Designer, InsertsByFrameAndByEnter)
 {
     key(Qt::Key_4, Qt::ControlModifier); // a box
@@ -283,6 +302,158 @@ TEST_F(Designer, AttributesAreTypedForAllThatIsSelected)
     EXPECT_TRUE(object(1, 0).style.font.bold && object(1, 1).style.font.bold);
     run(u"undo"_s);
     EXPECT_FALSE(object(1, 0).style.font.bold || object(1, 1).style.font.bold);
+}
+
+TEST_F(Designer, EachKindOfAttributeHasItsEditor)
+{
+    m_document.change(u"Styles"_s, [](Layout &layout, Selection &) {
+        layout.styles.append({u"Bright"_s, {}});
+        layout.styles[0].style.color = Qt::red;
+    });
+    auto *panel = m_designer.findChild<PropertyPanel *>();
+    struct Case
+    {
+        QString caption, typed;
+        QVariant (*value)(const Object &object);
+        QVariant expected;
+    };
+    const Case cases[] = {
+        {u"Size"_s, u"12.5 pt"_s, [](const Object &o) { return QVariant(o.style.font.points); },
+         12.5},
+        {u"Align"_s, u"R"_s,
+         [](const Object &o) { return QVariant(static_cast<int>(o.style.align)); }, 2},
+        {u"Font"_s, u"Courier New"_s, [](const Object &o) { return QVariant(o.style.font.family); },
+         u"Courier New"_s},
+        {u"Format"_s, u"$0.000"_s, [](const Object &o) { return QVariant(o.format); }, u"$0.000"_s},
+        {u"Color"_s, u"#123456"_s, [](const Object &o) { return QVariant(o.style.color.name()); },
+         u"#123456"_s},
+        {u"Color"_s, u"no color"_s, [](const Object &o) { return QVariant(o.style.color.name()); },
+         u"#123456"_s},
+        {u"Padding"_s, u"0.1in"_s, [](const Object &o) { return QVariant(o.style.padding); }, 254},
+        {u"Follows"_s, u"B"_s, [](const Object &o) { return QVariant(o.styleName); }, u"Bright"_s},
+        {u"Color"_s, u""_s, [](const Object &o) { return QVariant(o.style.color.name()); },
+         u"#ff0000"_s},
+        {u"Expression"_s, u"Price * 2"_s, [](const Object &o) { return QVariant(o.content); },
+         u"Price * 2"_s}};
+    m_document.select(Selection::of({{1, 1}}));
+    for (const Case &one : cases) {
+        panel->edit(one.caption);
+        QTest::keyClicks(QApplication::focusWidget(), one.typed);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(one.value(object(1, 1)), one.expected) << one.caption.toStdString();
+    }
+    m_document.select(Selection::of({{0, 0}}));
+    panel->edit(u"Words"_s);
+    QTest::keyClicks(QApplication::focusWidget(), u"two"_s);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ShiftModifier);
+    QTest::keyClicks(QApplication::focusWidget(), u"lines {Price"_s);
+    EXPECT_THAT(child<QLabel>(u"fault"_s)->text().toStdString(),
+                testing::HasSubstr("closing brace"))
+        << "while it is typed";
+    m_designer.finishEditing();
+    EXPECT_EQ(object(0, 0).content, u"two\nlines {Price"_s) << "as before a save";
+}
+
+TEST_F(Designer, WindowsOfTheHouseAreAskedForExpressionsAndQueries)
+{
+    QList<ExpressionQuestion> asked;
+    EXPECT_FALSE(child<QWidget>(u"editQuery"_s)->isVisibleTo(&m_designer));
+    m_designer.setExpressionAsker([&](const ExpressionQuestion &question, QWidget *) {
+        asked.append(question);
+        return asked.size() > 1 ? std::nullopt : std::optional(u"upper(Name)"_s);
+    });
+    m_designer.setQueryAsker([](const Layout &given, QWidget *) {
+        Layout layout = given;
+        layout.query = u"Select Name from tblPart"_s;
+        layout.title = u"not of the query"_s;
+        return std::optional(layout);
+    });
+    m_document.select(Selection::of({{1, 0}}));
+    auto *tree = child<QTreeWidget>(u"attributes"_s);
+    tree->setCurrentItem(
+        tree->findItems(u"Expression"_s, Qt::MatchExactly | Qt::MatchRecursive).value(0));
+    tree->setFocus();
+    QTest::keyClick(tree, Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(object(1, 0).content, u"upper(Name)"_s);
+    QTest::mouseClick(child<QWidget>(u"askExpression"_s), Qt::LeftButton);
+    EXPECT_EQ(object(1, 0).content, u"upper(Name)"_s) << "left as it was";
+    ASSERT_EQ(asked.size(), 2);
+    EXPECT_EQ(asked[1].text, u"upper(Name)"_s);
+    EXPECT_EQ(asked[0].fields.size(), 2);
+    child<QTabWidget>(u"sides"_s)->setCurrentIndex(1);
+    QTest::mouseClick(child<QWidget>(u"editQuery"_s), Qt::LeftButton);
+    EXPECT_EQ(m_designer.layout().query, u"Select Name from tblPart"_s);
+    EXPECT_EQ(m_designer.layout().title, u"Parts"_s);
+
+    // A column that the query doesn't give yet is put there first, or not taken.
+    auto *data = child<QTreeWidget>(u"data"_s);
+    m_designer.setFields({{u"tblBin"_s, u"Shelf"_s, {}, FieldType::Text, false}});
+    bool isTaken = false;
+    m_designer.setFieldAdder([&](Layout &layout, const DesignField &field) {
+        layout.query += field.name;
+        return isTaken;
+    });
+    data->setCurrentItem(data->topLevelItem(1)->child(0));
+    QTest::keyClick(data, Qt::Key_Return);
+    EXPECT_EQ(m_designer.layout().bands[1].objects.size(), 2);
+    isTaken = true;
+    QTest::keyClick(data, Qt::Key_Return);
+    EXPECT_EQ(m_designer.layout().bands[1].objects.size(), 3);
+    EXPECT_TRUE(m_designer.layout().query.endsWith(u"Shelf"_s));
+    child<QWidget>(u"dataFilter"_s)->setFocus();
+    QTest::keyClicks(child<QWidget>(u"dataFilter"_s), u"page"_s);
+    EXPECT_EQ(data->topLevelItemCount(), 1);
+    EXPECT_EQ(data->topLevelItem(0)->childCount(), 2);
+}
+
+TEST_F(Designer, PartsAreAddedMovedAndRemoved)
+{
+    const auto choose = [&](const QString &action, const QString &entry) {
+        QMenu *menu = child<QAction>(action)->menu();
+        Q_EMIT menu->aboutToShow();
+        for (QAction *one : menu->actions())
+            if (one->text() == entry)
+                one->trigger();
+    };
+    choose(u"add-band"_s, u"Detail"_s);
+    EXPECT_EQ(m_document.selection(), Selection::of(Selection::Part::Band, 2));
+    run(u"move-up"_s);
+    EXPECT_EQ(m_document.selection(), Selection::of(Selection::Part::Band, 1));
+    EXPECT_TRUE(m_designer.layout().bands[1].objects.isEmpty());
+    EXPECT_FALSE(child<QAction>(u"move-up"_s)->isEnabled()) << "above it is the page header";
+    run(u"delete"_s);
+    EXPECT_EQ(m_designer.layout().bands.size(), 2);
+
+    m_document.select(Selection::of({{1, 1}}));
+    run(u"add-sort"_s);
+    run(u"add-sort"_s);
+    EXPECT_EQ(m_designer.layout().sort, (QStringList{u"Price"_s, u"RowNumber"_s}));
+    run(u"move-up"_s);
+    EXPECT_EQ(m_designer.layout().sort, (QStringList{u"RowNumber"_s, u"Price"_s}));
+    EXPECT_EQ(m_document.selection(), Selection::of(Selection::Part::Sort, 0));
+    run(u"delete"_s);
+    EXPECT_EQ(m_designer.layout().sort, QStringList{u"Price"_s});
+    run(u"add-formula"_s);
+    run(u"add-formula"_s);
+    EXPECT_EQ(m_designer.layout().formulas[1].name, u"Formula2"_s);
+    run(u"add-parameter"_s);
+    EXPECT_EQ(m_document.selection(), Selection::of(Selection::Part::Parameter, 0));
+    run(u"delete"_s);
+    EXPECT_TRUE(m_designer.layout().parameters.isEmpty());
+
+    choose(u"looks"_s, u"Green"_s);
+    const Style title = m_designer.layout().styles[0].style;
+    EXPECT_EQ(object(0, 0).style.color, title.color);
+    choose(u"looks"_s, u"Slate"_s);
+    EXPECT_NE(object(0, 0).style.color, title.color) << "all that follow change at once";
+    const int count = m_document.undoStack().count();
+    Layout other;
+    other.title = u"Other"_s;
+    m_designer.replaceLayout(u"New report"_s, other);
+    EXPECT_EQ(m_document.undoStack().count(), count + 1);
+    m_document.undoStack().undo();
+    EXPECT_EQ(m_designer.layout().title, u"Parts"_s);
 }
 
 TEST_F(Designer, PicturesAreCopiedIntoTheLayout)

@@ -135,7 +135,7 @@ QWidget *DesignerWidgets::makeSide()
     line->addWidget(m_query);
     rows->addLayout(line);
     rows->addWidget(data, 1);
-    m_sides->addTab(structure, u"&Structure"_s);
+    m_sides->addTab(structure, u"Struct&ure"_s);
     m_sides->addTab(dataSide, u"D&ata"_s);
     return m_sides;
 }

@@ -339,10 +339,11 @@ void PropertyPanel::edit(const QString &caption)
 
 void PropertyPanel::finishEditing()
 {
-    if (QWidget *editor = m_tree->findChild<QWidget *>(u"attribute"_s)) {
-        if (editor->isVisible())
-            m_tree->setFocus();
-    }
+    const QList<QWidget *> editors = m_tree->findChildren<QWidget *>(u"attribute"_s);
+    // An editor gives what it has when it loses the focus.
+    if (std::any_of(editors.cbegin(), editors.cend(),
+                    [](const QWidget *editor) { return editor->isVisible(); }))
+        m_tree->setFocus();
 }
 
 bool PropertyPanel::eventFilter(QObject *watched, QEvent *event)

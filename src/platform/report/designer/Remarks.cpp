@@ -32,6 +32,17 @@ private:
     QStringList m_names;
 };
 
+/// The part whose text holds what a remark has between quotes.
+std::optional<Selection> partWith(const QList<std::pair<QString, Selection>> &texts,
+                                  const QString &remark)
+{
+    const QString quoted = remark.section(u'"', 1, -2);
+    for (const auto &[text, part] : texts)
+        if (!quoted.isEmpty() && text.contains(quoted, Qt::CaseInsensitive))
+            return part;
+    return std::nullopt;
+}
+
 /// The band whose scope an expression has, without its objects.
 Band bandOf(const Layout &layout, const Selection &place)
 {
@@ -48,7 +59,8 @@ Band bandOf(const Layout &layout, const Selection &place)
 
 Labelled labelled(const Layout &layout)
 {
-    Labelled result{layout, {}};
+    Labelled result;
+    result.layout = layout;
     QStringList taken;
     for (const Band &band : layout.bands)
         for (const Object &object : band.objects)
@@ -62,8 +74,14 @@ Labelled labelled(const Layout &layout)
                     u"%1 in %2"_s.arg(objectTitle(named), bandName(layout.bands[band])), taken);
                 taken.append(named.name);
             }
-            result.parts.insert(named.name, Selection::of({Place{band, object}}));
+            const Selection place = Selection::of({Place{band, object}});
+            result.parts.insert(named.name, place);
+            if (named.kind == ObjectKind::Picture)
+                result.pictures.append({named.content, place});
         }
+    for (int band = 0; band < layout.bands.size(); ++band)
+        if (const QString &condition = layout.bands[band].printIf; !condition.isEmpty())
+            result.conditions.append({condition, Selection::of(Selection::Part::Band, band)});
     const auto add = [&](const auto &list, const QString &word, Selection::Part part) {
         for (int index = 0; index < list.size(); ++index)
             result.parts.insert(word + list[index].name, Selection::of(part, index));
@@ -84,7 +102,13 @@ std::optional<Selection> partOf(const Labelled &layout, const QString &remark)
              remark.startsWith(u"The text of %1 "_s.arg(label))))
             longest = label;
     }
-    return longest.isEmpty() ? std::nullopt : std::optional(layout.parts[longest]);
+    if (!longest.isEmpty())
+        return layout.parts[longest];
+    if (remark.startsWith(u"a band's condition: "_s))
+        return partWith(layout.conditions, remark);
+    if (remark.startsWith(u"The picture "_s))
+        return partWith(layout.pictures, remark);
+    return std::nullopt;
 }
 
 QString faultOf(const QString &text, bool isWords, const Layout &layout, const Selection &place,

@@ -13,6 +13,9 @@ struct Labelled
 {
     Layout layout;
     QHash<QString, Selection> parts; ///< by label
+    /// Bands by their conditions and objects by the files of their pictures, of which remarks tell
+    /// no more than a piece.
+    QList<std::pair<QString, Selection>> conditions, pictures;
 };
 
 [[nodiscard]] Labelled labelled(const Layout &layout);

@@ -310,6 +310,8 @@ void StructureTree::moveSelected(int direction)
             moveBand(layout, selection.index, direction);
         else if (selection.part == Part::Group)
             moveGroup(layout, selection.index, direction);
+        else if (selection.part == Part::Sort)
+            layout.sort.swapItemsAt(selection.index, target);
         else
             layout.parameters.swapItemsAt(selection.index, target);
         selection.index = target;
