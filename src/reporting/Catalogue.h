@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QList>
 #include <QString>
+#include <QVariant>
 
 /// All reports of the program: what each reads, how it asks and answers, and which layout prints
 /// it. One row for each layout; a procedure that prints in several layouts has several rows.
@@ -48,6 +49,8 @@ struct Request
     QString asked{};  ///< range and filter in plain words, printed as the object lblAsked
     QHash<QString, QString> texts{};    ///< of further named objects
     QHash<QString, QString> formulas{}; ///< expressions in place of the layout's, by name
+    /// Answers to the parameters of the customer's own layout, by name in lower case.
+    QHash<QString, QVariant> answers{};
 };
 
 /// The report's statement with this filter.

@@ -5,6 +5,7 @@
 #include "platform/base/Environment.h"
 #include "platform/report/expr/Expression.h"
 #include "platform/report/query/ReportReader.h"
+#include "reporting/GuardedRunner.h"
 #include "reporting/PostedLabor.h"
 
 namespace catalogue {
@@ -44,6 +45,19 @@ report::Answers keysOf(const report::Layout &layout, const report::DataSource &r
 
 } // namespace
 
+QList<report::Parameter> parametersToAsk(const report::Layout &layout)
+{
+    QStringList answered;
+    for (const report::RowSet &set : layout.rowSets)
+        for (const char *which : {"first", "last", "only"})
+            answered.append(QLatin1StringView(which) + set.of.toLower());
+    QList<report::Parameter> asked = layout.parameters;
+    asked.removeIf([&](const report::Parameter &parameter) {
+        return answered.contains(parameter.name.toLower());
+    });
+    return asked;
+}
+
 Prepared prepare(const Request &asked, report::Layout layout, const db::Recordset &rows)
 {
     const Report &report = reportOf(asked.layout);
@@ -63,9 +77,12 @@ Prepared prepare(const Request &asked, report::Layout layout, const db::Recordse
     source->sortFor(layout, inputs);
     if (!report.once.name.isEmpty())
         source->addOnce(report.once.name, report.once.field, report.once.key);
+    inputs.parameters = asked.answers;
     if (!layout.rowSets.isEmpty()) {
-        report::DatabaseRunner runner(gcnData->target());
-        inputs.rowSets = report::readRowSets(layout, keysOf(layout, *source), runner);
+        report::Answers answers = asked.answers;
+        answers.insert(keysOf(layout, *source));
+        ownreports::GuardedRunner runner(gcnData->target());
+        inputs.rowSets = report::readRowSets(layout, answers, runner);
     }
     return {std::move(layout), std::move(source), std::move(inputs)};
 }

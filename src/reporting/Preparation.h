@@ -16,6 +16,10 @@ struct Prepared
     report::Inputs inputs;
 };
 
+/// What the user has to be asked before a layout of the catalogue is shown: its parameters without
+/// those that prepare() answers by itself.
+[[nodiscard]] QList<report::Parameter> parametersToAsk(const report::Layout &layout);
+
 /// Joins a report's rows, as its query gave them, to its layout: in the layout's order, with the
 /// fields that are worked out here, the named texts, the paper of this workstation and what the
 /// layout reads besides. Data, lookup and a connection that only reads; raises DbError.

@@ -31,19 +31,6 @@ QString deliveredPath(const QString &report)
     return base::applicationPath(u"\\Reports\\%1.rpt"_s.arg(report));
 }
 
-report::Layout readFile(const QString &path)
-{
-    if (!QFile::exists(path))
-        throw base::Error(base::ErrorNumber::FileNotFound,
-                          u"The layout of this report is missing: %1"_s.arg(path));
-    report::LayoutReading reading = report::readLayoutFile(path);
-    if (!reading.layout)
-        throw base::Error(
-            base::ErrorNumber::InvalidCall,
-            u"The layout of this report can't be read.\n%1\n%2"_s.arg(path, reading.error));
-    return *std::move(reading.layout);
-}
-
 } // namespace
 
 QString layoutPath(const QString &report)
@@ -61,14 +48,27 @@ bool isDelivered(const QString &report)
     return QFile::exists(deliveredPath(report));
 }
 
+report::Layout readLayoutAt(const QString &path)
+{
+    if (!QFile::exists(path))
+        throw base::Error(base::ErrorNumber::FileNotFound,
+                          u"The layout of this report is missing: %1"_s.arg(path));
+    report::LayoutReading reading = report::readLayoutFile(path);
+    if (!reading.layout)
+        throw base::Error(
+            base::ErrorNumber::InvalidCall,
+            u"The layout of this report can't be read.\n%1\n%2"_s.arg(path, reading.error));
+    return *std::move(reading.layout);
+}
+
 report::Layout readLayout(const QString &report)
 {
-    return readFile(layoutPath(report));
+    return readLayoutAt(layoutPath(report));
 }
 
 report::Layout readDelivered(const QString &report)
 {
-    return readFile(deliveredPath(report));
+    return readLayoutAt(deliveredPath(report));
 }
 
 void installDelivered(const QString &applicationFolder)

@@ -17,6 +17,8 @@ namespace reportfiles {
 /// Reads the one at layoutPath. A layout that isn't there or is damaged raises base::Error with the
 /// place of the damage.
 [[nodiscard]] report::Layout readLayout(const QString &report);
+/// The same for the layout at a path.
+[[nodiscard]] report::Layout readLayoutAt(const QString &path);
 /// The same for the delivered one.
 [[nodiscard]] report::Layout readDelivered(const QString &report);
 /// Puts the delivered layouts into the folder "Reports" of an application folder, in place of those

@@ -1,11 +1,16 @@
 #include "reporting/ui/ShowReport.h"
 
+#include "core/Session.h"
 #include "core/ui/Openings.h"
+#include "platform/base/Environment.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "platform/db/DbError.h"
+#include "platform/report/viewer/ParameterDialog.h"
+#include "reporting/GuardedRunner.h"
 #include "reporting/Preparation.h"
 #include "reporting/ReportFiles.h"
+#include "reporting/ui/BusyPointer.h"
 #include "reporting/ui/frmReportPreview.h"
 #include "scheduling/Readings.h"
 
@@ -17,16 +22,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr const char *Module = "Report Preview";
-
-/// The hourglass for as long as it lives.
-class BusyPointer
-{
-public:
-    BusyPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~BusyPointer() { QApplication::restoreOverrideCursor(); }
-    BusyPointer(const BusyPointer &) = delete;
-    BusyPointer &operator=(const BusyPointer &) = delete;
-};
 
 /// What to ask when a filter is refused; empty for a failure that is no filter's.
 QString questionFor(const catalogue::Report &report, int errorNumber)
@@ -95,6 +90,10 @@ bool show(const catalogue::Report &report, catalogue::Request asked)
         base::showInformation(report.empty);
         return false;
     }
+    const std::optional<report::Answers> answers = askOwnParameters(*layout);
+    if (!answers)
+        return false;
+    asked.answers = *answers;
     frmReportPreview preview(report.title, QApplication::activeWindow());
     preview.show(catalogue::prepare(asked, *std::move(layout), *rows));
     preview.showModal();
@@ -102,6 +101,13 @@ bool show(const catalogue::Report &report, catalogue::Request asked)
 }
 
 } // namespace
+
+std::optional<report::Answers> askOwnParameters(report::Layout layout)
+{
+    layout.parameters = catalogue::parametersToAsk(layout);
+    ownreports::GuardedRunner runner(gcnData->target());
+    return report::askParameters(layout, runner, base::now(), QApplication::activeWindow());
+}
 
 bool showReport(const catalogue::Request &asked)
 {

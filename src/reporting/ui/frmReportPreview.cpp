@@ -27,6 +27,13 @@ frmReportPreview::frmReportPreview(const QString &title, QWidget *parent)
 
 void frmReportPreview::show(catalogue::Prepared report)
 {
-    CRViewerReport->setReport(report.layout, std::move(report.rows), report.inputs);
+    show(report.layout, std::move(report.rows), report.inputs);
+}
+
+void frmReportPreview::show(const report::Layout &layout,
+                            std::shared_ptr<const report::DataSource> rows,
+                            const report::Inputs &inputs)
+{
+    CRViewerReport->setReport(layout, std::move(rows), inputs);
     CRViewerReport->setZoom(100);
 }

@@ -19,6 +19,9 @@ public:
 
     /// Lays the report out and shows its first page.
     void show(catalogue::Prepared report);
+    /// The same for a report that has read for itself.
+    void show(const report::Layout &layout, std::shared_ptr<const report::DataSource> rows,
+              const report::Inputs &inputs);
 
 private:
     report::ReportViewer *CRViewerReport = nullptr;

@@ -165,4 +165,12 @@ const Function *findFunction(QStringView name)
     return nullptr;
 }
 
+QStringList functionNames()
+{
+    QStringList names{u"sum"_s, u"count"_s, u"avg"_s, u"min"_s, u"max"_s, u"first"_s, u"last"_s};
+    for (const Function &function : Functions)
+        names.append(function.name.toString());
+    return names;
+}
+
 } // namespace report

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QStringList>
 #include <QVariantList>
 
 namespace report {
@@ -17,5 +18,7 @@ struct Function
 
 /// The function of a name in any case, or null.
 [[nodiscard]] const Function *findFunction(QStringView name);
+/// The names of all functions and aggregates.
+[[nodiscard]] QStringList functionNames();
 
 } // namespace report

@@ -1,0 +1,450 @@
+#include "reporting/NewReportPage.h"
+
+#include "platform/report/designer/Fields.h"
+#include "platform/report/designer/HouseStyles.h"
+
+#include <QRect>
+#include <algorithm>
+
+namespace newreport {
+
+using namespace Qt::StringLiterals;
+using report::Length;
+
+namespace {
+
+constexpr Length LineHeight = 540;
+constexpr Length HeadingLine = 400;
+constexpr Length HeadingPadding = 200;
+constexpr Length LabelWidth = 4500;
+constexpr Length ChartHeight = 8000;
+constexpr Length CharacterWidth = 185;
+constexpr Length NarrowestText = 2200;
+constexpr Length WidestText = 6000;
+/// Below this share of the width that they would like columns go on in a further line.
+constexpr double LeastShare = 0.7;
+constexpr int MostCategories = 12;
+
+bool isText(const PageField &field)
+{
+    return field.column.kind == sql::ColumnKind::Text && !field.column.isFlag;
+}
+
+bool isNumber(const PageField &field)
+{
+    using enum sql::ColumnKind;
+    const auto kind = field.column.kind;
+    return !field.column.isFlag && (kind == Integer || kind == Real || kind == Money);
+}
+
+Length naturalWidthOf(const PageField &field)
+{
+    using enum sql::ColumnKind;
+    if (field.column.isFlag)
+        return 1500;
+    switch (field.column.kind) {
+    case Money:
+        return 2800;
+    case Date:
+        return 2200;
+    case Text:
+        return std::clamp(field.column.length > 200 ? WidestText
+                                                    : field.column.length * CharacterWidth / 2,
+                          NarrowestText, WidestText);
+    default:
+        return 2200;
+    }
+}
+
+QString formatOf(const PageField &field)
+{
+    using enum sql::ColumnKind;
+    switch (field.column.kind) {
+    case Money:
+        return u"$#,##0.00"_s;
+    case Real:
+        return u"#,##0.##"_s;
+    case Date:
+        return u"mm/dd/yyyy"_s;
+    default:
+        return {};
+    }
+}
+
+QString nameOf(const PageField &field)
+{
+    return report::fieldExpression(field.name);
+}
+
+/// A group's value in words, also where there is none.
+QString inWords(const PageField &field)
+{
+    const QString name = nameOf(field);
+    if (field.column.isFlag)
+        return u"if(%1 <> 0, 'Yes', 'No')"_s.arg(name);
+    const QString format = formatOf(field);
+    const QString value =
+        format.isEmpty() ? u"text(%1)"_s.arg(name) : u"format(%1, '%2')"_s.arg(name, format);
+    return u"if(isnull(%1) or len(text(%1)) = 0, 'None', %2)"_s.arg(name, value);
+}
+
+/// Words for a text object: braces are its own.
+QString words(QString text)
+{
+    return text.replace(u"{"_s, u"{{"_s);
+}
+
+/// How many lines a heading takes in a width, by and large.
+int linesOf(const QString &caption, Length width)
+{
+    int lines = 1;
+    Length used = 0;
+    for (const QString &word : caption.split(u' ')) {
+        const auto length = static_cast<Length>((word.size() + 1) * (CharacterWidth + 15));
+        if (used > 0 && used + length > width) {
+            ++lines;
+            used = 0;
+        }
+        used += length;
+    }
+    return lines;
+}
+
+struct Cell
+{
+    PageField field;
+    Length x = 0;
+    Length width = 0;
+};
+using Line = QList<Cell>;
+
+/// Fits a line of columns into the width: texts take what is left over.
+void fit(Line &line, Length width)
+{
+    Length total = 0;
+    Length texts = 0;
+    for (const Cell &cell : line) {
+        total += cell.width;
+        if (isText(cell.field))
+            texts += cell.width;
+    }
+    const Length over = width - total;
+    Length x = 0;
+    for (Cell &cell : line) {
+        if (over < 0)
+            cell.width = static_cast<Length>(qint64(cell.width) * width / total);
+        else if (isText(cell.field))
+            cell.width += static_cast<Length>(qint64(cell.width) * over / texts);
+        cell.x = x;
+        x += cell.width;
+    }
+}
+
+QList<Line> linesOf(const QList<PageField> &columns, Length width)
+{
+    QList<Line> lines{Line()};
+    Length used = 0;
+    for (const PageField &column : columns) {
+        const Length natural = naturalWidthOf(column);
+        if (used > 0 && (used + natural) * LeastShare > width) {
+            lines.append(Line());
+            used = 0;
+        }
+        lines.last().append({column, 0, natural});
+        used += natural;
+    }
+    for (Line &line : lines)
+        fit(line, width);
+    return lines;
+}
+
+/// Puts the bands together.
+class Page
+{
+public:
+    Page(report::Layout &layout, const PageContent &content)
+        : m_layout(layout)
+        , m_content(content)
+        , m_width(layout.page.innerWidth())
+        , m_lines(linesOf(content.columns, m_width))
+    {}
+
+    void layOut()
+    {
+        takeLook();
+        for (const PageField &group : m_content.groups) {
+            report::Group made;
+            made.name = u"group%1"_s.arg(m_layout.groups.size() + 1);
+            made.by = nameOf(group);
+            made.repeatHeader = true;
+            m_layout.groups.append(made);
+        }
+        m_layout.sort = {nameOf(m_content.columns.first())};
+        addTitle();
+        addHeadings();
+        for (qsizetype group = 0; group < m_content.groups.size(); ++group)
+            addGroupHeader(group);
+        addDetail();
+        for (qsizetype group = m_content.groups.size() - 1; group >= 0; --group)
+            addTotals(report::BandKind::GroupFooter, group);
+        if (m_content.counts || hasTotals())
+            addTotals(report::BandKind::ReportFooter, -1);
+        addChart();
+        addPageFooter();
+    }
+
+private:
+    void takeLook()
+    {
+        const QList<report::Look> &looks = report::looks();
+        const auto chosen = std::ranges::find(looks, m_content.look, &report::Look::name);
+        m_layout.styles = (chosen == looks.end() ? looks.first() : *chosen).styles;
+    }
+
+    [[nodiscard]] bool hasTotals() const
+    {
+        return std::ranges::any_of(m_content.columns, &PageField::isTotalled);
+    }
+
+    /// An object that can grow, in one of the look's styles.
+    [[nodiscard]] report::Object object(report::ObjectKind kind, const QRect &frame,
+                                        const QString &content, QStringView style,
+                                        report::Align align = report::Align::Left) const
+    {
+        report::Object made;
+        made.kind = kind;
+        made.x = frame.x();
+        made.y = frame.y();
+        made.width = frame.width();
+        made.height = frame.height();
+        made.content = content;
+        made.canGrow = true;
+        made.style.align = align;
+        report::followStyle(m_layout, made, style.toString());
+        return made;
+    }
+    [[nodiscard]] report::Object text(const QRect &frame, const QString &content, QStringView style,
+                                      report::Align align = report::Align::Left) const
+    {
+        return object(report::ObjectKind::Text, frame, content, style, align);
+    }
+
+    [[nodiscard]] report::Object line(Length y, QStringView style, Length width) const
+    {
+        report::Object object;
+        object.kind = report::ObjectKind::Line;
+        object.y = y;
+        object.width = m_width;
+        object.height = 0;
+        object.lineWidth = width;
+        const int index = m_layout.styleIndex(style);
+        object.style.color = index < 0 ? QColor(Qt::black) : m_layout.styles[index].style.color;
+        return object;
+    }
+
+    void addBand(report::Band band) { m_layout.bands.append(std::move(band)); }
+
+    [[nodiscard]] static report::Band bandOf(report::BandKind kind, Length height = 0)
+    {
+        report::Band band;
+        band.kind = kind;
+        band.height = height;
+        return band;
+    }
+    [[nodiscard]] static report::Align sideOf(const PageField &field)
+    {
+        return isNumber(field) ? report::Align::Right : report::Align::Left;
+    }
+
+    void addTitle()
+    {
+        report::Band band = bandOf(report::BandKind::PageHeader, 1200);
+        band.objects = {text({0, 0, m_width, 900}, words(m_content.title), report::house::Title),
+                        line(1000, report::house::Title, 40)};
+        addBand(band);
+    }
+
+    void addHeadings()
+    {
+        report::Band band = bandOf(report::BandKind::PageHeader);
+        Length y = 100;
+        for (const Line &cells : m_lines) {
+            int lines = 1;
+            for (const Cell &cell : cells)
+                lines = qMax(lines, linesOf(cell.field.caption, cell.width - HeadingPadding));
+            const Length height = lines * HeadingLine + HeadingPadding;
+            for (const Cell &cell : cells)
+                band.objects.append(text({cell.x, y, cell.width, height}, words(cell.field.caption),
+                                         report::house::Heading, sideOf(cell.field)));
+            y += height;
+        }
+        band.height = y;
+        addBand(band);
+    }
+
+    void addGroupHeader(qsizetype number)
+    {
+        const PageField &group = m_content.groups[number];
+        const Length indent = static_cast<Length>(number) * 400;
+        report::Band band = bandOf(report::BandKind::GroupHeader, 850);
+        band.group = m_layout.groups[number].name;
+        band.objects = {text({indent, 150, m_width - indent, 600},
+                             words(group.caption) + u": {"_s + inWords(group) + u'}',
+                             report::house::GroupHeading)};
+        addBand(band);
+    }
+
+    void addDetail()
+    {
+        report::Band band = bandOf(report::BandKind::Detail);
+        Length y = 20;
+        for (const Line &cells : m_lines) {
+            for (const Cell &cell : cells) {
+                const bool isFlag = cell.field.column.isFlag;
+                const QString name = nameOf(cell.field);
+                band.objects.append(object(report::ObjectKind::Field,
+                                           {cell.x, y, cell.width, LineHeight},
+                                           isFlag ? u"if(%1 <> 0, 'Yes', 'No')"_s.arg(name) : name,
+                                           report::house::Detail, sideOf(cell.field)));
+                if (!isFlag)
+                    band.objects.last().format = formatOf(cell.field);
+            }
+            y += LineHeight;
+        }
+        band.objects.append(line(y + 10, report::house::Note, 10));
+        band.height = y + 20;
+        addBand(band);
+    }
+
+    [[nodiscard]] QString label(qsizetype group) const
+    {
+        QString text =
+            group < 0 ? u"Total"_s : u"Total of {"_s + inWords(m_content.groups[group]) + u'}';
+        if (m_content.counts)
+            text += u" ({count(*)} {if(count(*) = 1, 'row', 'rows')})"_s;
+        return text;
+    }
+
+    void addTotals(report::BandKind kind, qsizetype group)
+    {
+        if (!m_content.counts && !hasTotals())
+            return;
+        report::Band band = bandOf(kind);
+        if (group >= 0)
+            band.group = m_layout.groups[group].name;
+        Length first = m_width;
+        for (const Line &cells : m_lines)
+            for (const Cell &cell : cells)
+                if (cell.field.isTotalled)
+                    first = qMin(first, cell.x);
+        Length y = 60;
+        // The label stands beside the sums where it finds room there, else above them.
+        const bool isBeside = first >= LabelWidth;
+        band.objects.append(text({0, y, isBeside ? first : m_width, LineHeight}, label(group),
+                                 report::house::Total));
+        if (!isBeside)
+            y += LineHeight;
+        Length bottom = y + (isBeside ? LineHeight : 0);
+        for (const Line &cells : m_lines) {
+            bool isUsed = false;
+            for (const Cell &cell : cells) {
+                if (!cell.field.isTotalled)
+                    continue;
+                isUsed = true;
+                band.objects.append(object(report::ObjectKind::Field,
+                                           {cell.x, y, cell.width, LineHeight},
+                                           u"sum(%1)"_s.arg(nameOf(cell.field)),
+                                           report::house::Total, report::Align::Right));
+                band.objects.last().format = formatOf(cell.field);
+            }
+            if (isUsed) {
+                y += LineHeight;
+                bottom = qMax(bottom, y);
+            }
+        }
+        band.height = bottom + 160;
+        addBand(band);
+    }
+
+    /// What a chart goes over: the outermost group, else the first column of words or dates.
+    [[nodiscard]] const PageField *category() const
+    {
+        if (!m_content.groups.isEmpty())
+            return &m_content.groups.first();
+        const auto found = std::ranges::find_if(
+            m_content.columns, [](const PageField &field) { return !isNumber(field); });
+        return found == m_content.columns.end() ? nullptr : &*found;
+    }
+
+    void addChart()
+    {
+        const PageField *over = category();
+        if (m_content.chart == ChartKind::None || !over)
+            return;
+        const auto summed = std::ranges::find_if(m_content.columns, &PageField::isTotalled);
+        const bool isCount = summed == m_content.columns.end();
+        const QString what = isCount ? u"Rows"_s : summed->caption;
+        const bool isDate = over->column.kind == sql::ColumnKind::Date;
+        report::Object object;
+        object.kind = report::ObjectKind::Chart;
+        object.y = 400;
+        object.width = m_width;
+        object.height = ChartHeight;
+        object.format = isCount ? u"#,##0"_s : formatOf(*summed);
+        report::Chart &chart = object.chart;
+        chart.kind =
+            m_content.chart == ChartKind::Line ? report::ChartKind::Line : report::ChartKind::Bars;
+        chart.title = words(u"%1 by %2"_s.arg(what, over->caption));
+        chart.category = isDate ? nameOf(*over) : inWords(*over);
+        chart.categoryFormat = isDate ? u"mmm yyyy"_s : QString();
+        chart.valueTitle = words(what);
+        chart.order = isDate ? report::ChartOrder::Category : report::ChartOrder::Value;
+        chart.most = isDate ? 0 : MostCategories;
+        chart.others = !isDate;
+        report::Series series;
+        series.name = what;
+        series.value = isCount ? u"count(*)"_s : nameOf(*summed);
+        const int title = m_layout.styleIndex(report::house::Heading);
+        if (title >= 0 && m_layout.styles[title].style.fill.isValid())
+            series.color = m_layout.styles[title].style.fill;
+        chart.series = {series};
+        report::Band band = bandOf(report::BandKind::ReportFooter, ChartHeight + 500);
+        band.objects = {object};
+        addBand(band);
+    }
+
+    void addPageFooter()
+    {
+        report::Band band = bandOf(report::BandKind::PageFooter, 800);
+        const Length half = m_width / 2;
+        band.objects = {
+            line(200, report::house::Note, 20),
+            text({0, 300, half, 500}, u"Printed {format(Now, 'mm/dd/yyyy hh:mm AMPM')}"_s,
+                 report::house::Note),
+            text({half, 300, m_width - half, 500}, u"Page {PageNumber} of {TotalPages}"_s,
+                 report::house::Note, report::Align::Right)};
+        addBand(band);
+    }
+
+    report::Layout &m_layout;
+    const PageContent &m_content;
+    const Length m_width;
+    const QList<Line> m_lines;
+};
+
+} // namespace
+
+Length naturalWidth(const QList<PageField> &fields)
+{
+    Length width = 0;
+    for (const PageField &field : fields)
+        width += naturalWidthOf(field);
+    return width;
+}
+
+void layOut(report::Layout &layout, const PageContent &content)
+{
+    Page(layout, content).layOut();
+}
+
+} // namespace newreport

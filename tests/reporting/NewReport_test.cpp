@@ -1,0 +1,278 @@
+#include "reporting/NewReport.h"
+
+#include "core/Session.h"
+#include "platform/base/Environment.h"
+#include "platform/report/expr/Expression.h"
+#include "platform/report/layout/LayoutFile.h"
+#include "platform/report/paginate/Paginator.h"
+#include "reporting/Catalogue.h"
+#include "reporting/GuardedRunner.h"
+#include "reporting/Preparation.h"
+#include "reporting/QueryString.h"
+#include "reporting/ReportFiles.h"
+#include "support/CompanyDatabase.h"
+#include "support/Raised.h"
+#include "support/TestEnvironment.h"
+
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+using namespace newreport;
+
+namespace {
+
+class NewReport : public testing::Test
+{
+protected:
+    NewReport()
+    {
+        gcnData = company.open();
+        gcnLookup = company.open();
+        tables = reporttables::tables();
+    }
+    ~NewReport() override { closeConnections(); }
+
+    struct Printed
+    {
+        QStringList problems;
+        QString text;
+        qsizetype pages = 0;
+    };
+    static Printed print(const report::Layout &layout)
+    {
+        ownreports::GuardedRunner runner(gcnData->target());
+        const ownreports::OwnRows read = ownreports::readOwn(layout, {}, runner);
+        Printed printed;
+        const QList<report::Page> pages =
+            report::allPages(layout, *read.rows, read.inputs, &printed.problems);
+        printed.pages = pages.size();
+        for (const report::Page &page : pages)
+            printed.text += report::pageText(page);
+        return printed;
+    }
+    [[nodiscard]] Field field(const QString &table, const QString &caption) const
+    {
+        for (const Field &each : fieldsOf(table, tables))
+            if (each.caption == caption)
+                return each;
+        ADD_FAILURE() << "no field " << qPrintable(caption);
+        return {};
+    }
+    [[nodiscard]] Choice partsBySupplier() const
+    {
+        const QString table = u"tblPart"_s;
+        Choice choice;
+        choice.title = u"Parts {by} supplier"_s;
+        choice.table = table;
+        choice.columns = {field(table, u"Part Number"_s), field(table, u"Description"_s),
+                          field(table, u"Price"_s)};
+        choice.groups = {field(table, u"Supplier"_s)};
+        choice.totals = {field(table, u"Qty on Hand"_s)};
+        choice.chart = ChartKind::Bars;
+        return choice;
+    }
+
+    test::TestEnvironment environment;
+    test::SampleCompany company;
+    QList<reporttables::Table> tables;
+};
+
+/// Keeps a report as a file where the variable says, to look at.
+void keepForLooking(const report::Layout &layout, const QString &name)
+{
+    if (const QString folder = qEnvironmentVariable("QUORVANTIS_KEEP_REPORTS"); !folder.isEmpty())
+        report::writeLayoutFile(layout, folder + u'/' + name + u".rpt"_s);
+}
+
+TEST_F(NewReport, EveryTableInEveryFormPrintsWithoutARemark)
+{
+    for (const reporttables::Table &table : std::as_const(tables)) {
+        const QList<Field> fields = fieldsOf(table.name, tables);
+        QList<Field> totals;
+        for (const Field &each : fields)
+            if (each.canTotal() && totals.size() < 3)
+                totals.append(each);
+        QList<Choice> choices;
+        Choice choice;
+        choice.table = table.name;
+        choice.columns = usualFields(fields);
+        ASSERT_EQ(problemOf(choice), QString()) << qPrintable(table.name);
+        choices.append(choice);
+        choice.totals = totals;
+        choice.groups = {fields.last()};
+        choice.chart = ChartKind::Bars;
+        choice.look = u"Green"_s;
+        choices.append(choice);
+        choice.columns = fields.first(qMin<qsizetype>(fields.size(), 14));
+        choice.groups = fields.first(qMin<qsizetype>(fields.size(), 3));
+        choice.landscape = true;
+        choice.paper = u"A4"_s;
+        choice.chart = ChartKind::Line;
+        choice.counts = false;
+        choices.append(choice);
+        for (qsizetype form = 0; form < choices.size(); ++form) {
+            const report::Layout layout = make(choices[form], tables);
+            const Printed printed = print(layout);
+            EXPECT_EQ(printed.problems, QStringList())
+                << qPrintable(table.name) << ' ' << form << '\n'
+                << qPrintable(layout.query);
+            const report::LayoutReading reading = report::readLayout(report::writeLayout(layout));
+            EXPECT_TRUE(reading.layout && *reading.layout == layout) << qPrintable(table.name);
+            keepForLooking(layout, table.name + QString::number(form));
+        }
+    }
+}
+
+TEST_F(NewReport, PartsBySupplierHasItsSumsAndItsChart)
+{
+    const report::Layout layout = make(partsBySupplier(), tables);
+    const Printed printed = print(layout);
+    EXPECT_EQ(printed.problems, QStringList());
+    const db::Recordset sums =
+        gcnData->Open(u"Select Name, Count(*) as Parts, Sum(Quantity) as Total from tblPart left "
+                      "join tblSupplier on tblPart.SupplierID = tblSupplier.SupplierID group by "
+                      "Name"_s);
+    ASSERT_GT(sums.RecordCount(), 1);
+    for (const db::Row row : sums) {
+        const QString name = row.isNull(u"Name") ? u"None"_s : row.text(u"Name");
+        EXPECT_TRUE(printed.text.contains(u"Supplier: "_s + name)) << qPrintable(name);
+        const qint64 parts = row.integer(u"Parts");
+        const QString label =
+            u"Total of %1 (%2 %3)"_s.arg(name).arg(parts).arg(parts == 1 ? u"row"_s : u"rows"_s);
+        EXPECT_TRUE(printed.text.contains(label)) << qPrintable(label);
+        const QString sum = u'"' + report::formatted(row[u"Total"], u"#,##0.##"_s) + u'"';
+        EXPECT_TRUE(printed.text.contains(sum)) << qPrintable(sum);
+    }
+    EXPECT_TRUE(printed.text.contains(u"Parts {by} supplier"));
+    EXPECT_TRUE(printed.text.contains(u"\"Qty on Hand by Supplier\""));
+    // What is grouped by stands in no column of its own.
+    EXPECT_FALSE(printed.text.contains(u"\"Supplier\""));
+    keepForLooking(layout, u"PartsBySupplier"_s);
+}
+
+TEST_F(NewReport, KeysOfOtherRowsReadAsNamesAndOnlyAmountsAreSummed)
+{
+    const QString table = u"tblPart"_s;
+    EXPECT_EQ(field(table, u"Supplier"_s).column.name, u"Name"_s);
+    EXPECT_EQ(field(table, u"Supplier: Phone"_s).column.name, u"Phone"_s);
+    EXPECT_EQ(field(table, u"Part Number"_s).column.name, u"PartID"_s);
+    struct Row
+    {
+        const char *table;
+        const char *caption;
+        bool canTotal;
+    };
+    for (const Row &row : {Row{"tblPart", "Price", true},
+                           {"tblPart", "Qty on Hand", true},
+                           {"tblPart", "Part Number", false},
+                           {"tblPart", "Inactive", false},
+                           {"tblServices", "Job No", false},
+                           {"tblServices", "Interval", true},
+                           {"tblEquipment", "Inactive", false},
+                           {"tblCrew", "Crew Number", false}})
+        EXPECT_EQ(
+            field(QString::fromLatin1(row.table), QString::fromLatin1(row.caption)).canTotal(),
+            row.canTotal)
+            << row.caption;
+}
+
+TEST_F(NewReport, AReportOfNothingIsRefusedInPlainWords)
+{
+    Choice choice;
+    EXPECT_NE(problemOf(choice), QString());
+    choice.table = u"tblPart"_s;
+    EXPECT_NE(problemOf(choice), QString());
+    choice.groups = QList<Field>(4, field(choice.table, u"Supplier"_s));
+    EXPECT_NE(problemOf(choice), QString());
+    choice.groups.removeLast();
+    EXPECT_EQ(problemOf(choice), QString());
+}
+
+TEST_F(NewReport, ManyColumnsAskForAWidePage)
+{
+    Choice choice = partsBySupplier();
+    EXPECT_FALSE(isWide(choice));
+    choice.columns = fieldsOf(choice.table, tables);
+    EXPECT_TRUE(isWide(choice));
+}
+
+/// What a delivered report is designed on.
+class DesignRows : public NewReport
+{};
+
+TEST_F(DesignRows, EachFileThatIsKnownHasAStatementOfItsOwn)
+{
+    const QString ending =
+        u" tblPart ON tblWoPartUsed.PartID = tblPart.PartID where  tblWorkorder.workorderno in (0)"_s;
+    struct Row
+    {
+        const char *file;
+        bool isKnown;
+    };
+    for (const Row &row : {Row{"rptWorkOrder.rpt", true},
+                           {"rptWorkOrderByCrew.rpt", true},
+                           {"rptWorkorder.rpt", false},
+                           {"rptworkorder.rpt", false},
+                           {"rptEquipmentList.rpt", true},
+                           {"rptEquipmentList", false},
+                           {"rptEquipmentListSiteWise.rpt", false},
+                           {"rptErrorReport.rpt", true},
+                           {"Mine.rpt", false}}) {
+        const QString file = QString::fromLatin1(row.file);
+        const QString query = QueryString(file);
+        EXPECT_EQ(!query.isEmpty(), row.isKnown) << row.file;
+        if (row.isKnown && file.startsWith(u"rptWorkOrder")) {
+            EXPECT_TRUE(query.endsWith(ending));
+            EXPECT_EQ(gcnData->Open(query).RecordCount(), 0);
+        }
+    }
+    EXPECT_TRUE(QueryString(u"rptInventoryReport.rpt"_s).contains(u"where TrackInventory=0"));
+    EXPECT_NE(QueryString(u"rptEquipmentCount.rpt"_s), QString());
+}
+
+TEST_F(DesignRows, EveryDeliveredLayoutHasRowsToBePreviewedOn)
+{
+    gcnData->Execute(u"Insert into tblErrorList(ErrNumber, ErrDescription) values(5,'x')"_s);
+    for (const catalogue::Report &report : catalogue::reports()) {
+        const QString query = previewQuery(report.layout + u".rpt"_s);
+        EXPECT_GT(gcnData->Open(query).RecordCount(), 0) << qPrintable(report.layout);
+        const QString known = QueryString(report.layout + u".rpt"_s);
+        if (known.isEmpty())
+            continue;
+        EXPECT_NO_THROW(static_cast<void>(gcnData->Open(known))) << qPrintable(report.layout);
+    }
+    EXPECT_EQ(previewQuery(u"Mine.rpt"_s), QString());
+}
+
+TEST_F(DesignRows, ALayoutAsksForWhatTheProgramDoesNotKnow)
+{
+    reportfiles::installDelivered(base::environment().applicationFolder);
+    for (const catalogue::Report &report : catalogue::reports())
+        EXPECT_TRUE(catalogue::parametersToAsk(reportfiles::readDelivered(report.layout)).isEmpty())
+            << qPrintable(report.layout);
+    const QString name = u"rptEquipmentList"_s;
+    report::Layout layout = reportfiles::readDelivered(name);
+    report::Parameter parameter;
+    parameter.name = u"Least"_s;
+    report::Parameter known;
+    known.name = u"OnlyEquipmentID"_s;
+    layout.parameters = {parameter, known};
+    report::RowSet set;
+    set.name = u"parts"_s;
+    set.of = u"EquipmentID"_s;
+    set.key = u"EquipmentID"_s;
+    set.query = u"Select EquipmentID, PartID from tblEquipmentPart where EquipmentID >= ?Least"_s;
+    layout.rowSets = {set};
+    ASSERT_EQ(catalogue::parametersToAsk(layout).size(), 1);
+    EXPECT_EQ(catalogue::parametersToAsk(layout).first().name, u"Least"_s);
+
+    const db::Recordset rows = catalogue::open(catalogue::reportOf(name), {});
+    catalogue::Request asked{.layout = name};
+    EXPECT_TRUE(test::raisedBy([&] { static_cast<void>(catalogue::prepare(asked, layout, rows)); })
+                    .description()
+                    .contains(u"Least"));
+    asked.answers = {{u"least"_s, 1}};
+    EXPECT_EQ(catalogue::prepare(asked, layout, rows).inputs.parameters.value(u"least"_s), 1);
+}
+
+} // namespace
