@@ -13,6 +13,7 @@
 #include "platform/base/Prompts.h"
 #include "platform/help/Help.h"
 #include "reporting/ui/FilterEntries.h"
+#include "reporting/ui/OwnReportEntries.h"
 #include "reporting/ui/QuickFindEntries.h"
 #include "reporting/ui/ShowReport.h"
 #include "scheduling/ui/Entries.h"
@@ -137,6 +138,7 @@ void joinScreens()
     joinWorkorders(all);
     joinReports();
     joinFilterScreens();
+    joinOwnReports();
     joinExchange(all);
     joinAdministration(all);
 }

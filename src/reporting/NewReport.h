@@ -50,7 +50,7 @@ struct Choice
 [[nodiscard]] bool isWide(const Choice &choice);
 /// Why no report can be made of this, in words for the user; empty when it can.
 [[nodiscard]] QString problemOf(const Choice &choice);
-/// The report.
+/// The report. Needs a QGuiApplication for the measures of fonts.
 [[nodiscard]] report::Layout make(const Choice &choice, const QList<reporttables::Table> &tables);
 
 } // namespace newreport

@@ -2,6 +2,7 @@
 
 #include "platform/report/designer/Fields.h"
 #include "platform/report/designer/HouseStyles.h"
+#include "platform/report/paginate/TextFlow.h"
 
 #include <QRect>
 #include <algorithm>
@@ -94,22 +95,6 @@ QString words(QString text)
     return text.replace(u"{"_s, u"{{"_s);
 }
 
-/// How many lines a heading takes in a width, by and large.
-int linesOf(const QString &caption, Length width)
-{
-    int lines = 1;
-    Length used = 0;
-    for (const QString &word : caption.split(u' ')) {
-        const auto length = static_cast<Length>((word.size() + 1) * (CharacterWidth + 15));
-        if (used > 0 && used + length > width) {
-            ++lines;
-            used = 0;
-        }
-        used += length;
-    }
-    return lines;
-}
-
 struct Cell
 {
     PageField field;
@@ -118,7 +103,8 @@ struct Cell
 };
 using Line = QList<Cell>;
 
-/// Fits a line of columns into the width: texts take what is left over.
+/// Fits a line of columns into the width: texts take what is left over and give what is missing,
+/// the others only when that isn't enough.
 void fit(Line &line, Length width)
 {
     Length total = 0;
@@ -129,12 +115,13 @@ void fit(Line &line, Length width)
             texts += cell.width;
     }
     const Length over = width - total;
+    const bool isEnough = texts + over >= texts / 2 && texts > 0;
     Length x = 0;
     for (Cell &cell : line) {
-        if (over < 0)
-            cell.width = static_cast<Length>(qint64(cell.width) * width / total);
-        else if (isText(cell.field))
+        if (isEnough && isText(cell.field))
             cell.width += static_cast<Length>(qint64(cell.width) * over / texts);
+        else if (over < 0 && !isEnough)
+            cell.width = static_cast<Length>(qint64(cell.width) * width / total);
         cell.x = x;
         x += cell.width;
     }
@@ -271,7 +258,7 @@ private:
         for (const Line &cells : m_lines) {
             int lines = 1;
             for (const Cell &cell : cells)
-                lines = qMax(lines, linesOf(cell.field.caption, cell.width - HeadingPadding));
+                lines = qMax(lines, headingLines(cell));
             const Length height = lines * HeadingLine + HeadingPadding;
             for (const Cell &cell : cells)
                 band.objects.append(text({cell.x, y, cell.width, height}, words(cell.field.caption),
@@ -280,6 +267,13 @@ private:
         }
         band.height = y;
         addBand(band);
+    }
+
+    [[nodiscard]] int headingLines(const Cell &cell) const
+    {
+        const int style = m_layout.styleIndex(report::house::Heading);
+        return static_cast<int>(
+            report::flowText(cell.field.caption, m_layout.styles[style].style, cell.width).size());
     }
 
     void addGroupHeader(qsizetype number)

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "reporting/ReportQuery.h"
+
+#include <QWidget>
+
+class QCheckBox;
+class QComboBox;
+class QListWidget;
+class QPushButton;
+class QTableWidget;
+class QTreeWidget;
+
+/// Puts a query together by picking: tables with their joins, columns, filter and sort.
+class QueryPicker final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit QueryPicker(QList<reporttables::Table> tables, QWidget *parent = nullptr);
+
+    void setQuery(const reportquery::Query &query);
+    [[nodiscard]] reportquery::Query query() const;
+
+private:
+    void buildForm();
+    void showAll();
+    void showSources();
+    void showJoin();
+    void showColumns();
+    void fillPlaces(QComboBox *combo, const reportquery::Place &chosen) const;
+    [[nodiscard]] static reportquery::Place placeIn(const QComboBox *combo);
+
+    void cmdAddTable_Click();
+    void cmdRemoveTable_Click();
+    void joinChanged();
+    void columnTicked();
+    void addCondition(const reportquery::Condition &condition);
+    void addSort(const reportquery::Sort &sort);
+    void removeRow(QTableWidget *table);
+    [[nodiscard]] QString captionOf(const reportquery::Source &source) const;
+
+    QList<reporttables::Table> m_tables;
+    reportquery::Query m_query;
+    bool m_isShowing = false;
+
+    QComboBox *cboTable = nullptr;
+    QPushButton *cmdAddTable = nullptr;
+    QPushButton *cmdRemoveTable = nullptr;
+    QListWidget *lstTables = nullptr;
+    QComboBox *cboJoinOwn = nullptr;
+    QComboBox *cboJoinTo = nullptr;
+    QCheckBox *chkOnlyMatching = nullptr;
+    QTreeWidget *treColumns = nullptr;
+    QTableWidget *tblFilter = nullptr;
+    QTableWidget *tblSort = nullptr;
+    QCheckBox *chkDistinct = nullptr;
+};

@@ -1,0 +1,334 @@
+#include "reporting/ui/frmReportModify.h"
+
+#include "core/Session.h"
+#include "platform/base/Environment.h"
+#include "platform/base/Error.h"
+#include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
+#include "platform/input/FormBuilder.h"
+#include "platform/input/Theme.h"
+#include "platform/report/designer/Structure.h"
+#include "platform/report/viewer/ParameterDialog.h"
+#include "reporting/DesignFields.h"
+#include "reporting/FirstRows.h"
+#include "reporting/GuardedRunner.h"
+#include "reporting/Preparation.h"
+#include "reporting/QueryString.h"
+#include "reporting/ReportDrafts.h"
+#include "reporting/ReportFiles.h"
+#include "reporting/ui/BusyPointer.h"
+#include "reporting/ui/ExpressionDialog.h"
+#include "reporting/ui/NewReportWizard.h"
+#include "reporting/ui/ShowReport.h"
+#include "reporting/ui/frmReportQuery.h"
+
+#include <QFileInfo>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+using ownreports::Kind;
+
+namespace {
+
+constexpr const char *Module = "Report Designer";
+constexpr int DraftDelay = 3000; // milliseconds after a change
+
+} // namespace
+
+frmReportModify::frmReportModify(QWidget *parent)
+    : Screen(u"frmReportModify"_s, u"Report Designer"_s, parent)
+{
+    buildForm();
+    m_draft.setSingleShot(true);
+    m_draft.setInterval(DraftDelay);
+    connect(&m_draft, &QTimer::timeout, this, &frmReportModify::keepDraft);
+}
+
+void frmReportModify::buildForm()
+{
+    input::FormBuilder form(this);
+    CRDesignerCtrl1 = new report::ReportDesigner(this);
+    CRDesignerCtrl1->setObjectName(u"CRDesignerCtrl1"_s);
+    form.widget(CRDesignerCtrl1, true);
+    cmdWizard = form.leftButton(u"cmdWizard"_s, u"Report &Wizard..."_s, theme::icon(u"report"_s));
+    cmdUpdate = form.button(u"cmdUpdate"_s, u"&Save"_s, theme::icon(u"save"_s));
+    cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
+    form.finish();
+    resize(1240, 690);
+
+    connect(CRDesignerCtrl1, &report::ReportDesigner::layoutChanged, this,
+            &frmReportModify::layoutChanged);
+    connect(CRDesignerCtrl1, &report::ReportDesigner::modifiedChanged, this,
+            &frmReportModify::showTitle);
+    connect(cmdWizard, &QPushButton::clicked, this, &frmReportModify::cmdWizard_Click);
+    connect(cmdUpdate, &QPushButton::clicked, this, &frmReportModify::cmdUpdate_Click);
+    connect(cmdExit, &QPushButton::clicked, this, &frmReportModify::reject);
+
+    CRDesignerCtrl1->setRowsProvider(
+        [this](const report::Layout &layout) { return rowsFor(layout); });
+    CRDesignerCtrl1->setFieldAdder(
+        [this](report::Layout &layout, const report::DesignField &field) {
+            return addField(layout, field);
+        });
+    CRDesignerCtrl1->setQueryAsker([this](const report::Layout &layout, QWidget *parentWidget) {
+        return frmReportQuery(layout, m_kind, m_tables, parentWidget).ask();
+    });
+    CRDesignerCtrl1->setExpressionAsker(
+        [this](const report::ExpressionQuestion &question, QWidget *parentWidget) {
+            return askExpression(question, CRDesignerCtrl1->layout(), sampleRows(), parentWidget);
+        });
+}
+
+void frmReportModify::CreateNewReport()
+{
+    base::trapped(Module, "CreateNewReport", [this] {
+        setMode(Mode::Add);
+        m_kind = Kind::NewReport;
+        m_path.clear();
+        m_key.clear();
+        m_known.clear();
+        open(report::emptyLayout());
+        showModal();
+    });
+}
+
+void frmReportModify::ShowReport(const QString &path, const QString &key)
+{
+    base::trapped(Module, "ShowReport", [&] {
+        setMode(Mode::Modify);
+        m_kind = ownreports::kindOf(path);
+        m_key = key;
+        m_path = ownreports::savePath(m_kind, QFileInfo(path).fileName());
+        m_known = ownreports::versionOf(m_path);
+        if (const std::optional<report::Layout> layout = layoutAt(path)) {
+            open(*layout);
+            showModal();
+        }
+    });
+}
+
+/// The layout in a file. A damaged copy of a delivered one gives way to that, if the user wants it.
+std::optional<report::Layout> frmReportModify::layoutAt(const QString &path) const
+{
+    const QString name = QFileInfo(path).completeBaseName();
+    QString failure;
+    try {
+        const BusyPointer busy;
+        return reportfiles::readLayoutAt(path);
+    } catch (const base::Error &error) {
+        if (m_kind == Kind::NewReport || !reportfiles::isDelivered(name))
+            throw;
+        failure = error.description();
+    }
+    if (!base::askYesNo(failure + u"\n\nBegin with the layout that came with the program?"_s))
+        return std::nullopt;
+    return reportfiles::readDelivered(name);
+}
+
+void frmReportModify::open(const report::Layout &layout)
+{
+    m_tables = reporttables::tables();
+    CRDesignerCtrl1->setPictureFolder(QFileInfo(m_path).path());
+    CRDesignerCtrl1->setLayout(layout);
+    cmdWizard->setVisible(m_kind == Kind::NewReport);
+    refreshFields();
+    showTitle();
+    offerDraft();
+}
+
+void frmReportModify::showTitle()
+{
+    const QString name = m_path.isEmpty() ? u"New Report"_s : QFileInfo(m_path).completeBaseName();
+    setWindowTitle(
+        u"Report Designer - %1%2"_s.arg(name, CRDesignerCtrl1->isModified() ? u" *"_s : QString()));
+}
+
+// The draft
+
+QString frmReportModify::draftKey() const
+{
+    return m_path.isEmpty() ? u"new"_s : m_path;
+}
+
+void frmReportModify::offerDraft()
+{
+    const std::optional<drafts::Draft> draft = drafts::find(draftKey());
+    if (!draft || draft->layout == CRDesignerCtrl1->layout())
+        return;
+    if (!base::askYesNo(
+            u"This report was being designed on %1 and was not saved. Go on with it?"_s.arg(
+                draft->kept.toString(u"MM/dd/yyyy hh:mm AP"_s))))
+        return;
+    // What somebody has saved since is asked about when this is saved.
+    m_known = draft->base;
+    CRDesignerCtrl1->replaceLayout(u"Draft"_s, draft->layout);
+}
+
+void frmReportModify::keepDraft()
+{
+    if (CRDesignerCtrl1->isModified())
+        drafts::keep(draftKey(), CRDesignerCtrl1->layout(), m_known);
+}
+
+// The data
+
+void frmReportModify::layoutChanged()
+{
+    m_draft.start();
+    if (CRDesignerCtrl1->layout().query != m_shownQuery)
+        refreshFields();
+}
+
+db::Recordset frmReportModify::sampleRows() const
+{
+    return base::trapped(Module, "SampleRows", db::Recordset(), [this] {
+        const report::Layout &layout = CRDesignerCtrl1->layout();
+        if (m_kind == Kind::DefaultReport) {
+            const QString query = previewQuery(m_key);
+            return query.isEmpty()
+                       ? db::Recordset()
+                       : gcnData->Open(ownreports::limited(query, ownreports::SampleRows));
+        }
+        return layout.query.isEmpty() ? db::Recordset() : ownreports::firstRows(layout);
+    });
+}
+
+void frmReportModify::refreshFields()
+{
+    m_shownQuery = CRDesignerCtrl1->layout().query;
+    db::Recordset rows;
+    if (m_kind == Kind::DefaultReport)
+        rows = sampleRows();
+    else if (!m_shownQuery.isEmpty())
+        try {
+            const BusyPointer busy;
+            rows = ownreports::firstRows(CRDesignerCtrl1->layout(), 1);
+        } catch (const base::Error &error) {
+            base::showMessage(u"The report's query can't be read.\n%1"_s.arg(error.description()));
+        }
+    QList<report::DesignField> fields = designfields::ofRows(rows, m_tables);
+    if (m_kind == Kind::NewReport)
+        fields += designfields::ofTables(m_tables);
+    CRDesignerCtrl1->setFields(fields);
+}
+
+bool frmReportModify::addField(report::Layout &layout, const report::DesignField &field)
+{
+    const QString problem = designfields::addTo(layout.query, field, m_tables);
+    if (!problem.isEmpty())
+        base::showMessage(problem);
+    return problem.isEmpty();
+}
+
+std::optional<report::PreviewRows> frmReportModify::rowsFor(const report::Layout &layout) const
+{
+    if (m_kind == Kind::DefaultReport) {
+        const QString query = previewQuery(m_key);
+        if (query.isEmpty())
+            throw base::Error(base::ErrorNumber::NoSuchItem,
+                              u"The program has no report of the name \"%1\"."_s.arg(m_key));
+        const std::optional<report::Answers> answers = askOwnParameters(layout);
+        if (!answers)
+            return std::nullopt;
+        const BusyPointer busy;
+        catalogue::Request asked{.layout = QFileInfo(m_key).completeBaseName()};
+        asked.answers = *answers;
+        catalogue::Prepared prepared = catalogue::prepare(asked, layout, gcnData->Open(query));
+        return report::PreviewRows{std::move(prepared.rows), std::move(prepared.inputs)};
+    }
+    if (layout.query.isEmpty())
+        throw base::Error(
+            base::ErrorNumber::InvalidCall,
+            u"Please choose first which data the report shows: bring a field from the "
+            "list of tables, or open the query."_s);
+    ownreports::GuardedRunner runner(gcnData->target());
+    const std::optional<report::Answers> answers =
+        report::askParameters(layout, runner, base::now(), window());
+    if (!answers)
+        return std::nullopt;
+    const BusyPointer busy;
+    ownreports::OwnRows read = ownreports::readOwn(layout, *answers, runner);
+    return report::PreviewRows{std::move(read.rows), std::move(read.inputs)};
+}
+
+void frmReportModify::cmdWizard_Click()
+{
+    if (CRDesignerCtrl1->isModified() &&
+        !base::askYesNo(u"The wizard makes the whole report anew. Go on?"_s))
+        return;
+    if (const std::optional<report::Layout> made = NewReportWizard(m_tables, this).ask())
+        CRDesignerCtrl1->replaceLayout(u"Wizard"_s, *made);
+}
+
+// Saving
+
+QString frmReportModify::askedFileName() const
+{
+    for (;;) {
+        const QString typed = base::prompts()
+                                  .input(u"Please give a file name."_s, u"Quorvantis"_s, {})
+                                  .value_or(QString());
+        const QString file = ownreports::fileNameOf(typed);
+        if (file.isEmpty())
+            continue;
+        const QString problem = ownreports::problemOf(typed);
+        if (problem.isEmpty())
+            return file;
+        base::showMessage(problem);
+    }
+}
+
+bool frmReportModify::mayReplace(ownreports::InPlace what) const
+{
+    if (what == ownreports::InPlace::ChangedMeanwhile || m_kind == Kind::DefaultReport)
+        return base::askYesNo(u"Another workstation has saved this report since you opened it. "
+                              "Replace what was saved there?"_s,
+                              base::Prompts::Icon::Warning);
+    return base::askYesNo(u"There is a report of this name already. Replace it?"_s,
+                          base::Prompts::Icon::Warning);
+}
+
+bool frmReportModify::cmdUpdate_Click()
+{
+    return base::trapped(Module, "cmdUpdate_Click", false, [this] {
+        CRDesignerCtrl1->finishEditing();
+        const QString former = draftKey();
+        const bool needsName = mode() == Mode::Add && m_path.isEmpty();
+        const QString path = needsName ? ownreports::savePath(m_kind, askedFileName()) : m_path;
+        report::Layout layout = CRDesignerCtrl1->layout();
+        const QString name = QFileInfo(path).completeBaseName();
+        if (layout.name.isEmpty())
+            layout.name = name;
+        if (layout.title.isEmpty())
+            layout.title = name;
+        if (!ownreports::save(layout, path, m_known,
+                              [this](ownreports::InPlace what) { return mayReplace(what); }))
+            return false;
+        m_path = path;
+        m_key = QFileInfo(path).fileName();
+        setMode(Mode::Modify);
+        m_draft.stop();
+        drafts::drop(former);
+        CRDesignerCtrl1->markSaved();
+        showTitle();
+        return true;
+    });
+}
+
+bool frmReportModify::mayClose()
+{
+    CRDesignerCtrl1->finishEditing();
+    m_draft.stop();
+    if (!CRDesignerCtrl1->isModified())
+        return true;
+    using enum base::Prompts::Answer;
+    const auto answer = base::prompts().show({.text = u"Do you want to save the changes?"_s,
+                                              .icon = base::Prompts::Icon::Question,
+                                              .buttons = base::Prompts::Buttons::YesNoCancel,
+                                              .title = {}});
+    if (answer == Yes)
+        return cmdUpdate_Click();
+    if (answer == No)
+        drafts::drop(draftKey());
+    return answer == No;
+}

@@ -1,0 +1,421 @@
+#include "reporting/ui/OwnReportEntries.h"
+
+#include "core/CompanySession.h"
+#include "core/ui/ScreenDriver.h"
+#include "platform/base/Environment.h"
+#include "platform/grid/GridView.h"
+#include "platform/report/designer/DesignDocument.h"
+#include "platform/report/layout/LayoutFile.h"
+#include "platform/report/viewer/ReportViewer.h"
+#include "reporting/ReportDrafts.h"
+#include "reporting/ReportFiles.h"
+#include "reporting/ui/ShowReport.h"
+#include "reporting/ui/frmReportModify.h"
+#include "reporting/ui/frmReportQuery.h"
+#include "reporting/ui/frmUserDefinedReports.h"
+#include "support/ScriptedPrompts.h"
+#include "support/TestFiles.h"
+
+#include <QDir>
+#include <QListWidget>
+#include <QTabWidget>
+#include <QTreeWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Answer = base::Prompts::Answer;
+using Buttons = base::Prompts::Buttons;
+using Icon = base::Prompts::Icon;
+
+class OwnReportScreens : public test::CompanySession
+{
+protected:
+    OwnReportScreens()
+    {
+        reportfiles::installDelivered(base::environment().applicationFolder);
+        for (int part = 1; part <= 3; ++part)
+            insert(u"tblPart"_s, {{u"PartID"_s, u"P%1"_s.arg(part)},
+                                  {u"Description"_s, u"Part %1"_s.arg(part)},
+                                  {u"Price"_s, part}});
+    }
+
+    static QString path(const QString &folder, const QString &file)
+    {
+        const QString full = base::applicationPath(u'\\' + folder);
+        EXPECT_TRUE(QDir().mkpath(full));
+        return full + u'/' + file;
+    }
+    static QString own(const QString &file) { return path(u"User Defined Reports"_s, file); }
+
+    /// A report of the parts, those of the query.
+    static report::Layout parts(const QString &query)
+    {
+        report::Layout layout;
+        layout.title = u"Our parts"_s;
+        layout.query = query;
+        report::Object object;
+        object.kind = report::ObjectKind::Field;
+        object.content = u"PartID"_s;
+        report::Band band;
+        band.objects = {object};
+        layout.bands = {band};
+        return layout;
+    }
+    static void retitle(const test::ScreenDriver &driver, const QString &title)
+    {
+        driver.control<report::ReportDesigner>("CRDesignerCtrl1")
+            .document()
+            .change(u"Title"_s,
+                    [&](report::Layout &layout, report::Selection &) { layout.title = title; });
+    }
+    static QString titleIn(const QString &file)
+    {
+        return QFile::exists(file) ? reportfiles::readLayoutAt(file).title : u"(none)"_s;
+    }
+    void expectSaveQuestion(Answer answer)
+    {
+        prompts.expect(u"Do you want to save the changes?"_s, Icon::Question, Buttons::YesNoCancel,
+                       answer);
+    }
+
+    test::ScriptedPrompts prompts;
+};
+
+TEST_F(OwnReportScreens, TheListAnswersTheFileThatWasChosen)
+{
+    const auto choose = [](bool toModify, const std::function<void(test::ScreenDriver)> &act) {
+        QString chosen;
+        test::inScreen(
+            [&] {
+                frmUserDefinedReports list;
+                chosen = toModify ? list.ShowReportList() : list.ShowUserDefinedReportDetatils();
+            },
+            act);
+        return chosen;
+    };
+    EXPECT_EQ(choose(false,
+                     [](const test::ScreenDriver &driver) {
+                         EXPECT_FALSE(driver.isShown("fraReports"));
+                         EXPECT_FALSE(driver.isEnabled("cmdViewReport"));
+                         driver.press("cmdAdd");
+                     }),
+              u"A"_s);
+    test::writeFile(own(u"Ours.rpt"_s), "x");
+    EXPECT_EQ(choose(false,
+                     [](const test::ScreenDriver &driver) {
+                         EXPECT_EQ(driver.control<QAbstractButton>("cmdViewReport").text(),
+                                   u"&View Report"_s);
+                         driver.press("cmdViewReport");
+                     }),
+              own(u"Ours.rpt"_s));
+    EXPECT_EQ(choose(true,
+                     [](const test::ScreenDriver &driver) {
+                         EXPECT_EQ(driver.control<QAbstractButton>("cmdViewReport").text(),
+                                   u"&Modify Report"_s);
+                         auto &grid = driver.control<grid::GridView>("grdReports");
+                         grid.selectRow(grid.rows().findRow(u"Reports Name", u"EquipmentList"_s));
+                         driver.press("cmdViewReport");
+                     }),
+              path(u"Reports"_s, u"rptEquipmentList.rpt"_s));
+    EXPECT_EQ(choose(true,
+                     [](const test::ScreenDriver &driver) {
+                         driver.press("optUserReport");
+                         driver.press("cmdViewReport");
+                     }),
+              own(u"Ours.rpt"_s));
+    EXPECT_EQ(choose(true, [](const test::ScreenDriver &driver) { driver.press("cmdExit"); }),
+              QString());
+}
+
+TEST_F(OwnReportScreens, AReportOfTheUsersOwnReadsForItself)
+{
+    struct Row
+    {
+        const char *name;
+        report::Layout layout;
+        bool isShown;
+    };
+    report::Layout asking = parts(u"select PartID from tblPart where Price >= ?Least"_s);
+    report::Parameter least;
+    least.name = u"Least"_s;
+    least.type = report::ParameterType::Number;
+    asking.parameters = {least};
+    report::writeLayoutFile(asking, own(u"Asking.rpt"_s));
+    bool shown = false;
+    test::inScreen(
+        [&] { shown = ShowUserDefinedReport(own(u"Asking.rpt"_s)); },
+        [](const test::ScreenDriver &question) {
+            question.type("Least", u"2"_s);
+            test::onNextModal([](QWidget &preview) {
+                const test::ScreenDriver driver(preview);
+                EXPECT_EQ(preview.windowTitle(), u"Our parts"_s);
+                EXPECT_EQ(driver.control<report::ReportViewer>("CRViewerReport").outcome().problems,
+                          QStringList());
+                driver.press("cmdExit");
+            });
+            QTest::keyClick(&question.screen(), Qt::Key_Return);
+        });
+    EXPECT_TRUE(shown);
+    test::inScreen([&] { shown = ShowUserDefinedReport(own(u"Asking.rpt"_s)); },
+                   [](const test::ScreenDriver &question) {
+                       QTest::keyClick(&question.screen(), Qt::Key_Escape);
+                   });
+    EXPECT_FALSE(shown);
+
+    report::writeLayoutFile(parts({}), own(u"Empty.rpt"_s));
+    prompts.expect(u"This report doesn't say yet which data it shows. Please open it by \"Modify "
+                   "Reports\" and choose them."_s,
+                   Icon::Information);
+    EXPECT_FALSE(ShowUserDefinedReport(own(u"Empty.rpt"_s)));
+    report::writeLayoutFile(parts(u"delete from tblPart"_s), own(u"Hostile.rpt"_s));
+    EXPECT_FALSE(ShowUserDefinedReport(own(u"Hostile.rpt"_s)));
+    EXPECT_TRUE(errors.takeOne().ErrDescription.contains(u"only read"));
+    EXPECT_EQ(count(u"tblPart"_s), 3);
+}
+
+TEST_F(OwnReportScreens, ACopyOfADeliveredReportAsksForItsParametersToo)
+{
+    insert(u"tblEquipment"_s, {{u"EquipmentID"_s, 1}, {u"EquipmentName"_s, u"Mower"_s}});
+    report::Layout layout = reportfiles::readDelivered(u"rptEquipmentList"_s);
+    report::Parameter note;
+    note.name = u"Note"_s;
+    layout.parameters = {note};
+    report::writeLayoutFile(layout, path(u"Custom Reports"_s, u"rptEquipmentList.rpt"_s));
+    bool shown = true;
+    test::inScreen([&] { shown = showReport({.layout = u"rptEquipmentList"_s}); },
+                   [](const test::ScreenDriver &question) {
+                       EXPECT_EQ(question.screen().objectName(), u"parameters"_s);
+                       QTest::keyClick(&question.screen(), Qt::Key_Escape);
+                   });
+    EXPECT_FALSE(shown);
+}
+
+TEST_F(OwnReportScreens, ANewReportIsAskedForItsNameUntilItHasOne)
+{
+    test::inScreen(
+        [] { frmReportModify().CreateNewReport(); },
+        [this](const test::ScreenDriver &driver) {
+            retitle(driver, u"Mine"_s);
+            prompts.expectInput(u"Please give a file name."_s, QString());
+            prompts.expectInput(u"Please give a file name."_s, std::nullopt);
+            prompts.expectInput(u"Please give a file name."_s, u"../Reports/rptPart"_s);
+            prompts.expect(
+                u"A report's name can't have any of these characters: \\ / : * ? \" < > |"_s,
+                Icon::None);
+            prompts.expectInput(u"Please give a file name."_s, u"Mine"_s);
+            driver.press("cmdUpdate");
+            EXPECT_EQ(titleIn(own(u"Mine.rpt"_s)), u"Mine"_s);
+            retitle(driver, u"Mine again"_s);
+            driver.press("cmdUpdate");
+            EXPECT_EQ(titleIn(own(u"Mine.rpt"_s)), u"Mine again"_s);
+            driver.press("cmdExit");
+        });
+}
+
+TEST_F(OwnReportScreens, AnExistingReportStaysUntilTheUserWantsItReplaced)
+{
+    report::writeLayoutFile(parts(u"select 1"_s), own(u"Mine.rpt"_s));
+    test::inScreen([] { frmReportModify().CreateNewReport(); },
+                   [this](const test::ScreenDriver &driver) {
+                       retitle(driver, u"Mine"_s);
+                       for (const Answer answer : {Answer::No, Answer::Yes}) {
+                           prompts.expectInput(u"Please give a file name."_s, u"mine"_s);
+                           prompts.expect(u"There is a report of this name already. Replace it?"_s,
+                                          Icon::Warning, Buttons::YesNo, answer);
+                           driver.press("cmdUpdate");
+                           EXPECT_EQ(titleIn(own(u"Mine.rpt"_s)),
+                                     answer == Answer::No ? u"Our parts"_s : u"Mine"_s);
+                       }
+                       driver.press("cmdExit");
+                   });
+}
+
+TEST_F(OwnReportScreens, AChangedDeliveredReportGoesToTheCustomersFolder)
+{
+    const QString delivered = path(u"Reports"_s, u"rptPart.rpt"_s);
+    const QString custom = path(u"Custom Reports"_s, u"rptPart.rpt"_s);
+    report::writeLayoutFile(parts({}), delivered);
+    const QByteArray asItCame = test::readFile(delivered);
+    const auto modify = [&](const std::function<void(test::ScreenDriver)> &act) {
+        test::inScreen([&] { frmReportModify().ShowReport(delivered, u"rptPart.rpt"_s); }, act);
+    };
+    modify([this, &custom](const test::ScreenDriver &driver) {
+        retitle(driver, u"Changed"_s);
+        expectSaveQuestion(Answer::Cancel);
+        driver.press("cmdExit");
+        EXPECT_TRUE(driver.isOpen());
+        EXPECT_FALSE(QFile::exists(custom));
+        expectSaveQuestion(Answer::No);
+        driver.press("cmdExit");
+    });
+    EXPECT_FALSE(QFile::exists(custom));
+    modify([this](const test::ScreenDriver &driver) {
+        retitle(driver, u"Changed"_s);
+        expectSaveQuestion(Answer::Yes);
+        driver.press("cmdExit");
+    });
+    EXPECT_EQ(titleIn(custom), u"Changed"_s);
+    EXPECT_EQ(test::readFile(delivered), asItCame);
+    modify([this, &custom](const test::ScreenDriver &driver) {
+        retitle(driver, u"Ours"_s);
+        report::writeLayoutFile(parts(u"select 2"_s), custom);
+        prompts.expect(u"Another workstation has saved this report since you opened it. Replace "
+                       "what was saved there?"_s,
+                       Icon::Warning, Buttons::YesNo, Answer::No);
+        driver.press("cmdUpdate");
+        EXPECT_EQ(titleIn(custom), u"Our parts"_s);
+        expectSaveQuestion(Answer::No);
+        driver.press("cmdExit");
+    });
+}
+
+TEST_F(OwnReportScreens, ADraftIsOfferedAndGoesOnWhereTheWorkEnded)
+{
+    const QString file = own(u"Mine.rpt"_s);
+    report::writeLayoutFile(parts(u"select PartID from tblPart"_s), file);
+    report::Layout draft = parts(u"select PartID from tblPart"_s);
+    draft.title = u"Half done"_s;
+    drafts::keep(file, draft, ownreports::versionOf(file));
+    const QString question =
+        u"This report was being designed on %1 and was not saved. Go on with "
+        "it?"_s.arg(drafts::find(file)->kept.toString(u"MM/dd/yyyy hh:mm AP"_s));
+    prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::No);
+    test::inScreen([&] { frmReportModify().ShowReport(file, u"Mine.rpt"_s); },
+                   [](const test::ScreenDriver &driver) { driver.press("cmdExit"); });
+    prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+    test::inScreen([&] { frmReportModify().ShowReport(file, u"Mine.rpt"_s); },
+                   [](const test::ScreenDriver &driver) {
+                       driver.press("cmdUpdate");
+                       driver.press("cmdExit");
+                   });
+    EXPECT_EQ(titleIn(file), u"Half done"_s);
+    EXPECT_FALSE(drafts::find(file));
+}
+
+TEST_F(OwnReportScreens, WhatIsDesignedIsKeptAsADraftMeanwhile)
+{
+    test::inScreen(
+        [] { frmReportModify().CreateNewReport(); },
+        [this](const test::ScreenDriver &driver) {
+            retitle(driver, u"Mine"_s);
+            EXPECT_TRUE(QTest::qWaitFor([] { return drafts::find(u"new"_s).has_value(); }, 6000));
+            expectSaveQuestion(Answer::No);
+            driver.press("cmdExit");
+        });
+    EXPECT_FALSE(drafts::find(u"new"_s));
+}
+
+TEST_F(OwnReportScreens, TheWizardMakesAReportThatShowsItsRows)
+{
+    test::inScreen(
+        [] { frmReportModify().CreateNewReport(); },
+        [this](const test::ScreenDriver &driver) {
+            test::onNextModal([](QWidget &window) {
+                const test::ScreenDriver wizard(window);
+                auto &tables = wizard.control<QListWidget>("lstTables");
+                tables.setCurrentItem(tables.findItems(u"Parts"_s, Qt::MatchExactly).first());
+                wizard.type("txtTitle", u"Parts of ours"_s);
+                wizard.press("cmdNext");
+                wizard.press("cmdNext");
+                wizard.choose("cboGroup1", u"Supplier"_s);
+                auto &totals = wizard.control<QListWidget>("lstTotals");
+                totals.findItems(u"Price"_s, Qt::MatchExactly).first()->setCheckState(Qt::Checked);
+                wizard.press("cmdNext");
+                wizard.choose("cboChart", u"Bars"_s);
+                EXPECT_FALSE(wizard.control<QLabel>("lblPage").pixmap(Qt::ReturnByValue).isNull());
+                wizard.press("cmdFinish");
+            });
+            driver.press("cmdWizard");
+            auto &designer = driver.control<report::ReportDesigner>("CRDesignerCtrl1");
+            EXPECT_EQ(designer.layout().title, u"Parts of ours"_s);
+            EXPECT_EQ(designer.layout().groups.size(), 1);
+            designer.showPreview();
+            designer.viewer().finishLayout();
+            EXPECT_EQ(designer.viewer().outcome().problems, QStringList());
+            EXPECT_GT(designer.viewer().pageCount(), 0);
+            expectSaveQuestion(Answer::No);
+            driver.press("cmdExit");
+        });
+}
+
+TEST_F(OwnReportScreens, EveryDeliveredReportIsPreviewedInTheDesigner)
+{
+    for (const QString &name : {u"rptInventoryReport"_s, u"rptWorkorder"_s}) {
+        test::inScreen(
+            [&] {
+                frmReportModify().ShowReport(path(u"Reports"_s, name + u".rpt"_s),
+                                             name + u".rpt"_s);
+            },
+            [](const test::ScreenDriver &driver) {
+                EXPECT_FALSE(driver.isShown("cmdWizard"));
+                auto &designer = driver.control<report::ReportDesigner>("CRDesignerCtrl1");
+                designer.showPreview();
+                designer.viewer().finishLayout();
+                EXPECT_EQ(designer.viewer().outcome().problems, QStringList());
+                driver.press("cmdExit");
+            });
+    }
+}
+
+TEST_F(OwnReportScreens, AQueryIsPickedShownAsTextAndBack)
+{
+    std::optional<report::Layout> asked;
+    const auto query = [&](const QString &text,
+                           const std::function<void(test::ScreenDriver)> &act) {
+        test::inScreen(
+            [&] {
+                asked =
+                    frmReportQuery(parts(text), ownreports::Kind::NewReport, reporttables::tables())
+                        .ask();
+            },
+            act);
+        return asked ? asked->query : u"(none)"_s;
+    };
+    const QString picked = query({}, [](const test::ScreenDriver &driver) {
+        driver.choose("cboTable", u"Parts"_s);
+        driver.press("cmdAddTable");
+        auto &columns = driver.control<QTreeWidget>("treColumns");
+        columns.topLevelItem(0)->child(0)->setCheckState(0, Qt::Checked);
+        auto &tabs = driver.control<QTabWidget>("tabQuery");
+        tabs.setCurrentIndex(1);
+        EXPECT_EQ(driver.text("txtQuery"), u"SELECT [tblPart].[PartID]\nFROM [tblPart]"_s);
+        driver.control<QPlainTextEdit>("txtQuery")
+            .setPlainText(u"select PartID, Price from tblPart where Price > 1"_s);
+        tabs.setCurrentIndex(0);
+        driver.press("cmdShowRows");
+        EXPECT_EQ(driver.control<grid::GridView>("grdRows").displayedOrder().size(), 2);
+        driver.press("cmdTake");
+    });
+    EXPECT_EQ(found(picked), u"P2|2\nP3|3"_s);
+
+    const QString text = u"select Sum(Price) as Worth from tblPart"_s;
+    EXPECT_EQ(query(text,
+                    [this](const test::ScreenDriver &driver) {
+                        auto &tabs = driver.control<QTabWidget>("tabQuery");
+                        EXPECT_EQ(tabs.currentIndex(), 1);
+                        prompts.expect(u"This query can be changed as text only."_s, Icon::None);
+                        tabs.setCurrentIndex(0);
+                        EXPECT_EQ(tabs.currentIndex(), 1);
+                        tabs.setCurrentIndex(2);
+                        driver.press("cmdTake");
+                    }),
+              text);
+    EXPECT_EQ(
+        query({},
+              [this](const test::ScreenDriver &driver) {
+                  driver.control<QTabWidget>("tabQuery").setCurrentIndex(1);
+                  driver.control<QPlainTextEdit>("txtQuery").setPlainText(u"delete from tblPart"_s);
+                  prompts.expect(u"This query can't be run.\nA report may only read: its "
+                                 "statement has to begin with \"Select\"."_s,
+                                 Icon::None);
+                  driver.press("cmdTake");
+                  EXPECT_TRUE(driver.isOpen());
+                  driver.press("cmdCancel");
+              }),
+        u"(none)"_s);
+    EXPECT_EQ(count(u"tblPart"_s), 3);
+}
+
+} // namespace
