@@ -100,7 +100,7 @@ QString addTo(QString &query, const report::DesignField &field,
     if (!query.trimmed().isEmpty()) {
         const auto read = reportquery::read(query, tables);
         if (!read)
-            return u"This report's query is written as text. Please add the column there."_s;
+            return u"The query of this report is written as text. Please add the column there."_s;
         picked = *read;
     }
     const auto joined = std::ranges::find(picked.sources, table->name, &reportquery::Source::table);

@@ -88,7 +88,8 @@ Trial tried(const QString &text, bool isWords, const report::Layout &layout,
             isUnseen = true;
             continue;
         }
-        trial.error = problem.section(u": "_s, 1);
+        // Where it stands is before the user's eyes.
+        trial.error = problem.contains(u": "_s) ? problem.section(u": "_s, 1) : problem;
         return trial;
     }
     if (!isUnseen)

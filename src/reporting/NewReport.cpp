@@ -12,6 +12,8 @@ namespace {
 
 constexpr qsizetype UsualColumns = 6;
 constexpr qsizetype MostGroups = 3;
+/// An upright page does while columns get this share of what they would like.
+constexpr double LeastShare = 0.85;
 
 QString withoutBlanks(QString text)
 {
@@ -177,10 +179,11 @@ bool isWide(const Choice &choice)
 {
     QList<PageField> fields;
     for (const Field &column : choice.columns)
-        fields.append({column.column.name, column.caption, column.column});
+        if (!contains(choice.groups, column))
+            fields.append({column.column.name, column.caption, column.column});
     report::PageSetup upright;
     upright.paper = choice.paper;
-    return naturalWidth(fields) > upright.innerWidth();
+    return naturalWidth(fields) * LeastShare > upright.innerWidth();
 }
 
 } // namespace newreport

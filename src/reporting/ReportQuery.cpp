@@ -232,15 +232,16 @@ QString problemOf(const Query &query, const QList<reporttables::Table> &tables)
             return u"Please say by which columns \"%1\" is joined."_s.arg(query.sources[at].name());
     for (const Condition &condition : query.conditions) {
         const sql::ColumnKind kind = kindOf(query, condition.place, tables);
-        if (isPattern(condition.comparison) && kind != sql::ColumnKind::Text)
-            return u"\"%1\" is no text. Please compare it in another way."_s.arg(
-                condition.place.column);
-        if (!needsValue(condition.comparison) || condition.isParameter ||
-            isPattern(condition.comparison))
+        const QString &column = condition.place.column;
+        if (!needsValue(condition.comparison))
             continue;
-        if (!literal(condition.value, kind))
-            return u"\"%1\" can't be compared with \"%2\"."_s.arg(condition.place.column,
-                                                                  condition.value);
+        if (condition.value.trimmed().isEmpty())
+            return u"Please say what \"%1\" is compared with."_s.arg(column);
+        if (isPattern(condition.comparison) && kind != sql::ColumnKind::Text)
+            return u"\"%1\" is no text. Please compare it in another way."_s.arg(column);
+        const bool isRead = condition.isParameter || isPattern(condition.comparison);
+        if (!isRead && !literal(condition.value, kind))
+            return u"\"%1\" can't be compared with \"%2\"."_s.arg(column, condition.value);
     }
     return {};
 }

@@ -129,11 +129,13 @@ private:
         const Expression &value = *expression.operands[1];
         if (expression.kind == Expression::Kind::Like) {
             takePattern(value, condition);
-            return condition;
+        } else {
+            require(expression.kind == Expression::Kind::Compare);
+            condition.comparison = comparisonOf(expression.operators[0]);
+            takeValue(value, condition);
         }
-        require(expression.kind == Expression::Kind::Compare);
-        condition.comparison = comparisonOf(expression.operators[0]);
-        takeValue(value, condition);
+        // An empty value is one that has still to be typed.
+        require(!condition.value.trimmed().isEmpty());
         return condition;
     }
 

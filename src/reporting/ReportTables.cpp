@@ -116,7 +116,7 @@ Link linkFrom(const char *row)
     const QString caption = words.mid(5).join(u' ');
     QString as = caption;
     as.removeIf([](QChar letter) { return !letter.isLetterOrNumber(); });
-    return {words[0], words[1], words[2], words[3], as + u"Of"_s, caption, words[4]};
+    return {words[0], words[1], words[2], words[3], as, caption, words[4]};
 }
 
 bool isSame(QStringView left, QStringView right)

@@ -9,6 +9,7 @@
 #include "platform/report/viewer/ReportViewer.h"
 #include "reporting/ReportDrafts.h"
 #include "reporting/ReportFiles.h"
+#include "reporting/ui/ExpressionDialog.h"
 #include "reporting/ui/ShowReport.h"
 #include "reporting/ui/frmReportModify.h"
 #include "reporting/ui/frmReportQuery.h"
@@ -19,6 +20,7 @@
 #include <QDir>
 #include <QListWidget>
 #include <QTabWidget>
+#include <QTableWidget>
 #include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
@@ -131,12 +133,6 @@ TEST_F(OwnReportScreens, TheListAnswersTheFileThatWasChosen)
 
 TEST_F(OwnReportScreens, AReportOfTheUsersOwnReadsForItself)
 {
-    struct Row
-    {
-        const char *name;
-        report::Layout layout;
-        bool isShown;
-    };
     report::Layout asking = parts(u"select PartID from tblPart where Price >= ?Least"_s);
     report::Parameter least;
     least.name = u"Least"_s;
@@ -416,6 +412,64 @@ TEST_F(OwnReportScreens, AQueryIsPickedShownAsTextAndBack)
               }),
         u"(none)"_s);
     EXPECT_EQ(count(u"tblPart"_s), 3);
+}
+
+TEST_F(OwnReportScreens, AFilterIsTypedAndTheRowInHandIsRemoved)
+{
+    std::optional<report::Layout> asked;
+    test::inScreen(
+        [&] {
+            asked = frmReportQuery(parts(u"select PartID from tblPart"_s),
+                                   ownreports::Kind::NewReport, reporttables::tables())
+                        .ask();
+        },
+        [this](const test::ScreenDriver &driver) {
+            auto &filter = driver.control<QTableWidget>("tblFilter");
+            driver.press("cmdAddFilter");
+            driver.press("cmdAddFilter");
+            prompts.expect(u"Please say what \"PartID\" is compared with."_s, Icon::None);
+            driver.press("cmdTake");
+            EXPECT_TRUE(driver.isOpen());
+            const auto value = [&](int row) {
+                return qobject_cast<QLineEdit *>(filter.cellWidget(row, 2));
+            };
+            QTest::keyClicks(value(1), u"P2"_s);
+            value(0)->setFocus();
+            driver.press("cmdRemoveFilter");
+            driver.press("cmdTake");
+        });
+    ASSERT_TRUE(asked);
+    EXPECT_EQ(found(asked->query), u"P2"_s);
+}
+
+TEST_F(OwnReportScreens, AnExpressionIsWrittenWithTheOfferOfNames)
+{
+    report::ExpressionQuestion question;
+    question.caption = u"Content"_s;
+    for (const QString &name : {u"PartID"_s, u"Part Name"_s}) {
+        report::DesignField field;
+        field.name = name;
+        question.fields.append(field);
+    }
+    const db::Recordset rows =
+        gcnData->Open(u"select PartID, Description as [Part Name] from tblPart order by PartID"_s);
+    std::optional<QString> written;
+    test::inScreen([&] { written = askExpression(question, parts({}), rows, nullptr); },
+                   [](const test::ScreenDriver &driver) {
+                       auto &editor = driver.control<QPlainTextEdit>("txtExpression");
+                       QTest::keyClicks(&editor, u"upper("_s);
+                       EXPECT_FALSE(driver.control<QLabel>("lblError").text().isEmpty());
+                       QTest::keyClicks(&editor, u"nam"_s);
+                       QWidget *offer = QApplication::activePopupWidget();
+                       ASSERT_NE(offer, nullptr);
+                       QTest::keyClick(offer, Qt::Key_Return);
+                       QTest::keyClicks(&editor, u")"_s);
+                       EXPECT_EQ(editor.toPlainText(), u"upper([Part Name])"_s);
+                       EXPECT_EQ(driver.control<QLabel>("lblError").text(), QString());
+                       EXPECT_TRUE(driver.control<QLabel>("lblValues").text().contains(u"PART 2"));
+                       driver.press("cmdTake");
+                   });
+    EXPECT_EQ(written, u"upper([Part Name])"_s);
 }
 
 } // namespace

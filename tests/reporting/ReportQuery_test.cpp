@@ -138,7 +138,9 @@ TEST_F(ReportQuery, WhatCannotRunIsSaidInPlainWords)
     for (const Row &row : {Row{"Price", Comparison::Equal, u"cheap"_s},
                            {"Price", Comparison::Contains, u"1"_s},
                            {"TrackInventory", Comparison::Equal, u"1; delete"_s},
-                           {"Quantity", Comparison::Equal, u"1 or 1=1"_s}}) {
+                           {"Quantity", Comparison::Equal, u"1 or 1=1"_s},
+                           {"Description", Comparison::Contains, u" "_s},
+                           {"Description", Comparison::Equal, QString()}}) {
         query = partsBySupplier();
         query.conditions = {
             {{u"tblPart"_s, QString::fromLatin1(row.column)}, row.comparison, row.value}};

@@ -33,7 +33,7 @@ public:
         buildForm();
         fillNames();
         m_editor->setPlainText(question.text);
-        m_editor->selectAll();
+        m_editor->moveCursor(QTextCursor::End);
         m_editor->setFocus();
         tryIt();
     }

@@ -171,7 +171,8 @@ QString QueryPicker::captionOf(const reportquery::Source &source) const
 {
     const reporttables::Table *table = reporttables::tableOf(m_tables, source.table);
     const QString caption = table ? table->caption : source.table;
-    return source.as.isEmpty() ? caption : caption + u" ("_s + source.as + u')';
+    return source.as.isEmpty() ? caption
+                               : caption + u" ("_s + reporttables::inWords(source.as) + u')';
 }
 
 void QueryPicker::showAll()
@@ -325,8 +326,6 @@ Place QueryPicker::placeIn(const QComboBox *combo)
 
 void QueryPicker::addCondition(const reportquery::Condition &condition)
 {
-    const int row = tblFilter->rowCount();
-    tblFilter->insertRow(row);
     auto *place = new QComboBox;
     fillPlaces(place, condition.place);
     auto *comparison = new QComboBox;
@@ -342,16 +341,11 @@ void QueryPicker::addCondition(const reportquery::Condition &condition)
     place->setAccessibleName(u"Column"_s);
     comparison->setAccessibleName(u"Comparison"_s);
     value->setAccessibleName(u"Value"_s);
-    tblFilter->setCellWidget(row, 0, place);
-    tblFilter->setCellWidget(row, 1, comparison);
-    tblFilter->setCellWidget(row, 2, value);
-    tblFilter->selectRow(row);
+    addRow(tblFilter, {place, comparison, value});
 }
 
 void QueryPicker::addSort(const reportquery::Sort &sort)
 {
-    const int row = tblSort->rowCount();
-    tblSort->insertRow(row);
     auto *place = new QComboBox;
     fillPlaces(place, sort.place);
     auto *order = new QComboBox;
@@ -359,9 +353,30 @@ void QueryPicker::addSort(const reportquery::Sort &sort)
     order->setCurrentIndex(sort.descending ? 1 : 0);
     place->setAccessibleName(u"Column"_s);
     order->setAccessibleName(u"Order"_s);
-    tblSort->setCellWidget(row, 0, place);
-    tblSort->setCellWidget(row, 1, order);
-    tblSort->selectRow(row);
+    addRow(tblSort, {place, order});
+}
+
+void QueryPicker::addRow(QTableWidget *table, const QList<QWidget *> &controls)
+{
+    const int row = table->rowCount();
+    table->insertRow(row);
+    for (int column = 0; column < controls.size(); ++column) {
+        table->setCellWidget(row, column, controls[column]);
+        controls[column]->installEventFilter(this);
+    }
+    table->selectRow(row);
+}
+
+/// The row in which the user works is the one that is removed.
+bool QueryPicker::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::FocusIn)
+        for (QTableWidget *table : {tblFilter, tblSort})
+            for (int row = 0; row < table->rowCount(); ++row)
+                for (int column = 0; column < table->columnCount(); ++column)
+                    if (table->cellWidget(row, column) == watched && table->currentRow() != row)
+                        table->setCurrentCell(row, column);
+    return QWidget::eventFilter(watched, event);
 }
 
 void QueryPicker::removeRow(QTableWidget *table)

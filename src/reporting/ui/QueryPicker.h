@@ -22,8 +22,12 @@ public:
     void setQuery(const reportquery::Query &query);
     [[nodiscard]] reportquery::Query query() const;
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void buildForm();
+    void addRow(QTableWidget *table, const QList<QWidget *> &controls);
     void showAll();
     void showSources();
     void showJoin();

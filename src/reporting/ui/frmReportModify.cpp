@@ -24,6 +24,7 @@
 
 #include <QFileInfo>
 #include <QPushButton>
+#include <QShortcut>
 
 using namespace Qt::StringLiterals;
 using ownreports::Kind;
@@ -54,6 +55,7 @@ void frmReportModify::buildForm()
     cmdUpdate = form.button(u"cmdUpdate"_s, u"&Save"_s, theme::icon(u"save"_s));
     cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
     form.finish();
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
     resize(1240, 690);
 
     connect(CRDesignerCtrl1, &report::ReportDesigner::layoutChanged, this,
@@ -63,6 +65,8 @@ void frmReportModify::buildForm()
     connect(cmdWizard, &QPushButton::clicked, this, &frmReportModify::cmdWizard_Click);
     connect(cmdUpdate, &QPushButton::clicked, this, &frmReportModify::cmdUpdate_Click);
     connect(cmdExit, &QPushButton::clicked, this, &frmReportModify::reject);
+    auto *save = new QShortcut(QKeySequence::Save, this);
+    connect(save, &QShortcut::activated, this, &frmReportModify::cmdUpdate_Click);
 
     CRDesignerCtrl1->setRowsProvider(
         [this](const report::Layout &layout) { return rowsFor(layout); });

@@ -26,6 +26,7 @@ namespace {
 constexpr const char *Module = "frmReportQuery";
 constexpr int PickTab = 0;
 constexpr int TextTab = 1;
+constexpr int RowsHeight = 220;
 
 const QList<grid::Choice> &types()
 {
@@ -63,7 +64,8 @@ void frmReportQuery::buildForm()
     if (isOwn) {
         lblRows = form.note(u"The first %1 rows"_s.arg(ownreports::SampleRows), u"lblRows"_s);
         grdRows = makeListGrid(this, u"grdRows"_s, u"First rows"_s, {});
-        form.widget(grdRows, true);
+        grdRows->setFixedHeight(RowsHeight);
+        form.widget(grdRows);
         cmdShowRows = form.leftButton(u"cmdShowRows"_s, u"&Show Rows"_s, theme::icon(u"preview"_s));
         connect(cmdShowRows, &QPushButton::clicked, this, &frmReportQuery::cmdShowRows_Click);
     } else {
@@ -244,9 +246,10 @@ bool frmReportQuery::cmdShowRows_Click()
         const BusyPointer busy;
         const db::Recordset rows = ownreports::firstRows(*layout);
         grdRows->rows().setRecordset(rows);
-        lblRows->setText(rows.RecordCount() < ownreports::SampleRows
-                             ? u"All %1 rows"_s.arg(rows.RecordCount())
-                             : u"The first %1 rows"_s.arg(rows.RecordCount()));
+        const int found = rows.RecordCount();
+        lblRows->setText(found == 0                       ? u"No rows"_s
+                         : found < ownreports::SampleRows ? u"All %1 rows"_s.arg(found)
+                                                          : u"The first %1 rows"_s.arg(found));
         return true;
     } catch (const base::Error &error) {
         base::showMessage(u"This query can't be run.\n%1"_s.arg(error.description()));

@@ -26,7 +26,7 @@ frmUserDefinedReports::frmUserDefinedReports(QWidget *parent)
 void frmUserDefinedReports::buildForm()
 {
     input::FormBuilder form(this);
-    fraReports = form.beginGroup(u"Reports"_s, u"fraReports"_s);
+    fraReports = form.beginGroup(u"Show"_s, u"fraReports"_s);
     form.beginRow();
     optDefaultReport = form.optionButton(u"optDefaultReport"_s, u"&Default  Reports"_s);
     optUserReport = form.optionButton(u"optUserReport"_s, u"&User Defined Report"_s);
