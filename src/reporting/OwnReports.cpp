@@ -77,6 +77,13 @@ QString existingPath(const QString &path)
     return path;
 }
 
+/// One for a name in all letters that it may be written in.
+QString lockPath(const QString &path)
+{
+    const QFileInfo file(path);
+    return file.path() + u'/' + file.fileName().toLower() + u".lock"_s;
+}
+
 } // namespace
 
 QString folderPath(Folder folder)
@@ -168,7 +175,7 @@ bool save(const report::Layout &layout, const QString &path, Version &known,
             !mayReplace(known.isEmpty() ? InPlace::AnotherReport : InPlace::ChangedMeanwhile))
             return false;
         // Two workstations that save at once take turns; who comes second asks like others.
-        QLockFile writer(path + u".lock"_s);
+        QLockFile writer(lockPath(path));
         if (!writer.tryLock(WriterPatience))
             throw base::Error(base::ErrorNumber::PermissionDenied,
                               u"Another workstation is saving this report: %1"_s.arg(path));

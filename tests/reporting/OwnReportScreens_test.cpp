@@ -290,6 +290,58 @@ TEST_F(OwnReportScreens, ADraftIsOfferedAndGoesOnWhereTheWorkEnded)
     EXPECT_FALSE(drafts::find(file));
 }
 
+TEST_F(OwnReportScreens, ADraftOfAnOlderFileAsksBeforeItReplacesTheNewerOne)
+{
+    const QString file = own(u"Mine.rpt"_s);
+    report::writeLayoutFile(parts(u"select PartID from tblPart"_s), file);
+    report::Layout draft = reportfiles::readLayoutAt(file);
+    draft.title = u"Half done"_s;
+    drafts::keep(file, draft, ownreports::versionOf(file));
+    report::writeLayoutFile(parts(u"select Price as PartID from tblPart"_s), file);
+    prompts.expect(u"This report was being designed on %1 and was not saved. Go on with it?"_s.arg(
+                       drafts::find(file)->kept.toString(u"MM/dd/yyyy hh:mm AP"_s)),
+                   Icon::Question, Buttons::YesNo, Answer::Yes);
+    test::inScreen([&] { frmReportModify().ShowReport(file, u"Mine.rpt"_s); },
+                   [this](const test::ScreenDriver &driver) {
+                       prompts.expect(
+                           u"Another workstation has saved this report since you opened it. "
+                           "Replace what was saved there?"_s,
+                           Icon::Warning, Buttons::YesNo, Answer::No);
+                       driver.press("cmdUpdate");
+                       expectSaveQuestion(Answer::No);
+                       driver.press("cmdExit");
+                   });
+    EXPECT_EQ(titleIn(file), u"Our parts"_s);
+}
+
+TEST_F(OwnReportScreens, ADamagedCopyGivesWayToTheDeliveredLayoutWhenTheUserWantsIt)
+{
+    const QString custom = path(u"Custom Reports"_s, u"rptSupplierReport.rpt"_s);
+    test::writeFile(custom, "<report version=\"1\">\n  <nonsense\n");
+    const auto ask = [&](Answer answer) {
+        QString failure;
+        try {
+            static_cast<void>(reportfiles::readLayoutAt(custom));
+        } catch (const base::Error &error) {
+            failure = error.description();
+        }
+        prompts.expect(failure + u"\n\nBegin with the layout that came with the program?"_s,
+                       Icon::Question, Buttons::YesNo, answer);
+    };
+    ask(Answer::No);
+    frmReportModify().ShowReport(custom, u"rptSupplierReport.rpt"_s);
+    ask(Answer::Yes);
+    test::inScreen([&] { frmReportModify().ShowReport(custom, u"rptSupplierReport.rpt"_s); },
+                   [](const test::ScreenDriver &driver) {
+                       EXPECT_EQ(driver.control<report::ReportDesigner>("CRDesignerCtrl1").layout(),
+                                 reportfiles::readDelivered(u"rptSupplierReport"_s));
+                       driver.press("cmdExit");
+                   });
+    test::writeFile(own(u"Mine.rpt"_s), "<report version=\"1\">\n  <nonsense\n");
+    frmReportModify().ShowReport(own(u"Mine.rpt"_s), u"Mine.rpt"_s);
+    EXPECT_TRUE(errors.takeOne().ErrDescription.contains(u"Line 3"));
+}
+
 TEST_F(OwnReportScreens, WhatIsDesignedIsKeptAsADraftMeanwhile)
 {
     test::inScreen(
@@ -430,6 +482,9 @@ TEST_F(OwnReportScreens, AFilterIsTypedAndTheRowInHandIsRemoved)
             prompts.expect(u"Please say what \"PartID\" is compared with."_s, Icon::None);
             driver.press("cmdTake");
             EXPECT_TRUE(driver.isOpen());
+            prompts.expect(u"Please say what \"PartID\" is compared with."_s, Icon::None);
+            driver.control<QTabWidget>("tabQuery").setCurrentIndex(1);
+            EXPECT_EQ(driver.control<QTabWidget>("tabQuery").currentIndex(), 0);
             const auto value = [&](int row) {
                 return qobject_cast<QLineEdit *>(filter.cellWidget(row, 2));
             };

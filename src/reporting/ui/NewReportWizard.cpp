@@ -31,7 +31,7 @@ const QStringList StepTitles{u"Step 1 of 4: What is the report about?"_s,
                              u"Step 2 of 4: Which columns does it show?"_s,
                              u"Step 3 of 4: Groups and totals"_s, u"Step 4 of 4: Looks"_s};
 constexpr int MostGroups = 3;
-constexpr QSize PageRoom{520, 480};
+constexpr QSize PageRoom{480, 400};
 
 /// The first page on the first rows, as large as fits into the room.
 QPixmap firstPagePicture(const report::Layout &layout, qreal ratio)

@@ -132,7 +132,10 @@ std::optional<report::Layout> frmReportModify::layoutAt(const QString &path) con
 void frmReportModify::open(const report::Layout &layout)
 {
     m_tables = reporttables::tables();
-    CRDesignerCtrl1->setPictureFolder(QFileInfo(m_path).path());
+    // Where the printed report looks for them too.
+    CRDesignerCtrl1->setPictureFolder(
+        ownreports::folderPath(m_kind == Kind::DefaultReport ? ownreports::Folder::Delivered
+                                                             : ownreports::Folder::UserDefined));
     CRDesignerCtrl1->setLayout(layout);
     cmdWizard->setVisible(m_kind == Kind::NewReport);
     refreshFields();

@@ -12,7 +12,6 @@
 #include "reporting/ui/BusyPointer.h"
 #include "reporting/ui/QueryPicker.h"
 
-#include <QFontDatabase>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -26,7 +25,8 @@ namespace {
 constexpr const char *Module = "frmReportQuery";
 constexpr int PickTab = 0;
 constexpr int TextTab = 1;
-constexpr int RowsHeight = 220;
+constexpr int LeastRowsHeight = 110;
+constexpr int MostRowsHeight = 220;
 
 const QList<grid::Choice> &types()
 {
@@ -64,7 +64,8 @@ void frmReportQuery::buildForm()
     if (isOwn) {
         lblRows = form.note(u"The first %1 rows"_s.arg(ownreports::SampleRows), u"lblRows"_s);
         grdRows = makeListGrid(this, u"grdRows"_s, u"First rows"_s, {});
-        grdRows->setFixedHeight(RowsHeight);
+        grdRows->setMinimumHeight(LeastRowsHeight);
+        grdRows->setMaximumHeight(MostRowsHeight);
         form.widget(grdRows);
         cmdShowRows = form.leftButton(u"cmdShowRows"_s, u"&Show Rows"_s, theme::icon(u"preview"_s));
         connect(cmdShowRows, &QPushButton::clicked, this, &frmReportQuery::cmdShowRows_Click);
@@ -75,8 +76,6 @@ void frmReportQuery::buildForm()
     cmdCancel = form.button(u"cmdCancel"_s, u"&Cancel"_s, theme::icon(u"cancel"_s));
     form.finish();
     resize(1180, 680);
-    if (txtQuery)
-        txtQuery->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     connect(cmdTake, &QPushButton::clicked, this, &frmReportQuery::cmdTake_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &frmReportQuery::reject);
 }
@@ -162,8 +161,15 @@ void frmReportQuery::tabChanged(int tab)
 {
     if (tab == TextTab && !m_isText) {
         const reportquery::Query query = m_picker->query();
-        if (!query.sources.isEmpty())
-            txtQuery->setPlainText(reportquery::textOf(query, m_tables));
+        const QString problem =
+            query.sources.isEmpty() ? QString() : reportquery::problemOf(query, m_tables);
+        if (!problem.isEmpty()) {
+            tabQuery->setCurrentIndex(PickTab);
+            base::showMessage(problem);
+            return;
+        }
+        txtQuery->setPlainText(query.sources.isEmpty() ? QString()
+                                                       : reportquery::textOf(query, m_tables));
         m_isText = true;
     } else if (tab == PickTab && m_isText) {
         const QString text = txtQuery->toPlainText().trimmed();
