@@ -11,6 +11,7 @@
 #include "reporting/Preparation.h"
 #include "reporting/QueryString.h"
 #include "reporting/ReportFiles.h"
+#include "scheduling/Readings.h"
 #include "support/CompanyDatabase.h"
 #include "support/Raised.h"
 #include "support/TestEnvironment.h"
@@ -153,6 +154,7 @@ TEST_F(NewReport, PartsBySupplierHasItsSumsAndItsChart)
         EXPECT_TRUE(printed.text.contains(sum)) << qPrintable(sum);
     }
     EXPECT_TRUE(printed.text.contains(u"Parts {by} supplier"));
+    EXPECT_TRUE(printed.text.contains(u"Printed "_s + base::now().toString(u"MM/dd/yyyy"_s)));
     EXPECT_TRUE(printed.text.contains(u"\"Qty on Hand by Supplier\""));
     // What is grouped by stands in no column of its own.
     EXPECT_FALSE(printed.text.contains(u"\"Supplier\""));
@@ -183,6 +185,44 @@ TEST_F(NewReport, KeysOfOtherRowsReadAsNamesAndOnlyAmountsAreSummed)
             field(QString::fromLatin1(row.table), QString::fromLatin1(row.caption)).canTotal(),
             row.canTotal)
             << row.caption;
+}
+
+TEST_F(NewReport, TheUsualColumnsSayWhatARowIs)
+{
+    QStringList captions;
+    for (const Field &each : usualFields(fieldsOf(u"tblPart"_s, tables)))
+        captions.append(each.caption);
+    EXPECT_EQ(captions.join(u", "),
+              u"Part Number, Description, Part Category, Qty on Hand, Price, Supplier"_s);
+    for (const Field &each : fieldsOf(u"tblEquipmentImage"_s, tables))
+        EXPECT_NE(each.column.name, u"ImageData"_s);
+    EXPECT_TRUE(fieldsOf(u"tblUser"_s, tables).isEmpty());
+}
+
+TEST_F(NewReport, WhatIsLeftOpenIsFilledInSensibly)
+{
+    Choice choice;
+    choice.table = u"tblEquipment"_s;
+    choice.groups = {field(choice.table, u"Acquisitiondate"_s)};
+    choice.chart = ChartKind::Line;
+    const report::Layout layout = make(choice, tables);
+    EXPECT_EQ(layout.title, u"Equipment"_s);
+    EXPECT_EQ(print(layout).problems, QStringList());
+    int charts = 0;
+    for (const report::Band &band : layout.bands) {
+        if (band.kind == report::BandKind::Detail) {
+            EXPECT_EQ(band.objects.first().content, u"Acquisitiondate"_s);
+        }
+        for (const report::Object &object : band.objects)
+            if (object.kind == report::ObjectKind::Chart) {
+                ++charts;
+                // Days make months, in their order, and what is counted are rows.
+                EXPECT_EQ(object.chart.categoryFormat, u"mmm yyyy"_s);
+                EXPECT_EQ(object.chart.order, report::ChartOrder::Category);
+                EXPECT_EQ(object.chart.series.first().value, u"count(*)"_s);
+            }
+    }
+    EXPECT_EQ(charts, 1);
 }
 
 TEST_F(NewReport, AReportOfNothingIsRefusedInPlainWords)
@@ -236,7 +276,7 @@ TEST_F(DesignRows, EachFileThatIsKnownHasAStatementOfItsOwn)
         }
     }
     EXPECT_TRUE(QueryString(u"rptInventoryReport.rpt"_s).contains(u"where TrackInventory=0"));
-    EXPECT_NE(QueryString(u"rptEquipmentCount.rpt"_s), QString());
+    EXPECT_EQ(QueryString(u"rptEquipmentCount.rpt"_s), readings::dueStatement(5));
 }
 
 TEST_F(DesignRows, EveryDeliveredLayoutHasRowsToBePreviewedOn)

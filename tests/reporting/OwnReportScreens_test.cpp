@@ -76,6 +76,16 @@ protected:
     {
         return QFile::exists(file) ? reportfiles::readLayoutAt(file).title : u"(none)"_s;
     }
+    /// What is said of a list that asks for a column that isn't there.
+    static QString listRefusal()
+    {
+        try {
+            static_cast<void>(gcnData->Open(u"select TOP 1 Nothing from tblSite"_s));
+        } catch (const base::Error &error) {
+            return u"The list of \"Site\" can't be read.\n"_s + error.description();
+        }
+        return {};
+    }
     void expectSaveQuestion(Answer answer)
     {
         prompts.expect(u"Do you want to save the changes?"_s, Icon::Question, Buttons::YesNoCancel,
@@ -138,6 +148,21 @@ TEST_F(OwnReportScreens, AReportOfTheUsersOwnReadsForItself)
     least.name = u"Least"_s;
     least.type = report::ParameterType::Number;
     asking.parameters = {least};
+    // Expressions read the answer, and further rows come along.
+    report::Object answer = asking.bands.first().objects.first();
+    answer.content = u"Least"_s;
+    asking.bands.first().objects.append(answer);
+    report::RowSet same;
+    same.name = u"same"_s;
+    same.key = same.of = u"PartID"_s;
+    same.query = u"select PartID, Price from tblPart"_s;
+    asking.rowSets = {same};
+    report::Band sub;
+    sub.kind = report::BandKind::SubDetail;
+    sub.rows = same.name;
+    answer.content = u"Price"_s;
+    sub.objects = {answer};
+    asking.bands.append(sub);
     report::writeLayoutFile(asking, own(u"Asking.rpt"_s));
     bool shown = false;
     test::inScreen(
@@ -495,6 +520,65 @@ TEST_F(OwnReportScreens, AFilterIsTypedAndTheRowInHandIsRemoved)
         });
     ASSERT_TRUE(asked);
     EXPECT_EQ(found(asked->query), u"P2"_s);
+}
+
+TEST_F(OwnReportScreens, AJoinIsSeenAndChanged)
+{
+    std::optional<report::Layout> asked;
+    test::inScreen(
+        [&] {
+            asked = frmReportQuery(parts(u"select PartID from tblPart"_s),
+                                   ownreports::Kind::NewReport, reporttables::tables())
+                        .ask();
+        },
+        [this](const test::ScreenDriver &driver) {
+            driver.choose("cboTable", u"Suppliers"_s);
+            driver.press("cmdAddTable");
+            EXPECT_EQ(driver.text("cboJoinOwn"), u"Supplier ID"_s);
+            EXPECT_EQ(driver.text("cboJoinTo"), u"Parts: Supplier"_s);
+            driver.press("chkOnlyMatching");
+            driver.choose("cboJoinTo", u"Parts: Part Category"_s);
+            driver.choose("cboTable", u"Scans of machines"_s);
+            driver.press("cmdAddTable");
+            prompts.expect(u"Please say by which columns \"tblEquipmentScan\" is joined."_s,
+                           Icon::None);
+            driver.press("cmdTake");
+            driver.press("cmdRemoveTable");
+            driver.press("cmdTake");
+        });
+    ASSERT_TRUE(asked);
+    EXPECT_EQ(asked->query,
+              u"SELECT [tblPart].[PartID]\nFROM [tblPart]\nINNER JOIN [tblSupplier] ON "
+              "[tblPart].[PartCategoryID] = [tblSupplier].[SupplierID]"_s);
+}
+
+TEST_F(OwnReportScreens, ParametersHaveNamesOfTheirOwnAndListsThatCanBeRead)
+{
+    std::optional<report::Layout> asked;
+    test::inScreen(
+        [&] {
+            asked =
+                frmReportQuery(parts({}), ownreports::Kind::DefaultReport, reporttables::tables())
+                    .ask();
+        },
+        [this](const test::ScreenDriver &driver) {
+            auto &rows = driver.control<grid::GridView>("grdParameters").rows();
+            driver.press("cmdAddParameter");
+            prompts.expect(u"Each parameter needs a name of its own."_s, Icon::None);
+            driver.press("cmdTake");
+            rows.setValue(0, u"Name", u"Site"_s);
+            rows.setValue(0, u"List (a query)", u"select Nothing from tblSite"_s);
+            prompts.expect(listRefusal(), Icon::None);
+            driver.press("cmdTake");
+            EXPECT_TRUE(driver.isOpen());
+            rows.setValue(0, u"List (a query)", u"select SiteName from tblSite"_s);
+            rows.setValue(0, u"Type", static_cast<int>(report::ParameterType::Date));
+            driver.press("cmdTake");
+        });
+    ASSERT_TRUE(asked);
+    ASSERT_EQ(asked->parameters.size(), 1);
+    EXPECT_EQ(asked->parameters.first().name, u"Site"_s);
+    EXPECT_EQ(asked->parameters.first().type, report::ParameterType::Date);
 }
 
 TEST_F(OwnReportScreens, AnExpressionIsWrittenWithTheOfferOfNames)

@@ -228,6 +228,13 @@ TEST_F(ReportQuery, AFieldBringsItsTableIntoTheQuery)
     EXPECT_EQ(shown[0].caption, u"Part Number"_s);
     EXPECT_EQ(shown[1].caption, u"Name"_s);
 
+    using enum report::FieldType;
+    for (const auto &[table, caption, type] : {std::tuple(u"Parts"_s, u"Price"_s, Number),
+                                               {u"Parts"_s, u"Inactive"_s, YesNo},
+                                               {u"Parts"_s, u"Description"_s, Text},
+                                               {u"Equipment"_s, u"Acquisitiondate"_s, Date}})
+        EXPECT_EQ(field(table, caption).type, type) << qPrintable(caption);
+
     const QString before = query;
     EXPECT_NE(designfields::addTo(query, field(u"Scans of machines"_s, u"Scan Time"_s), tables),
               QString());
@@ -281,6 +288,19 @@ TEST_F(ReportQuery, NoReportShowsTheUsersOrChangesAnything)
     }
     EXPECT_EQ(count(u"tblPart"_s), 2);
     EXPECT_EQ(runner.run(u"select 'tblUser' as x from tblPart"_s, {})->rowCount(), 2);
+}
+
+TEST(InWords, PartsANameWhereAWordBegins)
+{
+    for (const auto &[name, words] : {std::pair(u"QuantityRequired"_s, u"Quantity Required"_s),
+                                      {u"PartID"_s, u"Part ID"_s},
+                                      {u"UnitNo"_s, u"Unit No"_s},
+                                      {u"Bar_Code"_s, u"Bar Code"_s},
+                                      {u"PartIDNo"_s, u"Part ID No"_s},
+                                      {u"Qty on Hand"_s, u"Qty on Hand"_s},
+                                      {u"SS"_s, u"SS"_s},
+                                      {u"EInterval"_s, u"Interval"_s}})
+        EXPECT_EQ(reporttables::inWords(name), words);
 }
 
 } // namespace
