@@ -114,6 +114,8 @@ void fit(Line &line, Length width)
         if (isText(cell.field))
             texts += cell.width;
     }
+    if (total <= 0)
+        return;
     const Length over = width - total;
     const bool isEnough = texts + over >= texts / 2 && texts > 0;
     Length x = 0;

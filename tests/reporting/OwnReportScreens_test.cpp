@@ -563,8 +563,9 @@ TEST_F(OwnReportScreens, ParametersHaveNamesOfTheirOwnAndListsThatCanBeRead)
         },
         [this](const test::ScreenDriver &driver) {
             auto &rows = driver.control<grid::GridView>("grdParameters").rows();
-            driver.press("cmdAddParameter");
-            prompts.expect(u"Each parameter needs a name of its own."_s, Icon::None);
+            driver.control<QTabWidget>("tabQuery").setCurrentIndex(0);
+            driver.press("grdParametersAdd");
+            prompts.expect(u"Each line needs a name of its own."_s, Icon::None);
             driver.press("cmdTake");
             rows.setValue(0, u"Name", u"Site"_s);
             rows.setValue(0, u"List (a query)", u"select Nothing from tblSite"_s);
@@ -573,12 +574,49 @@ TEST_F(OwnReportScreens, ParametersHaveNamesOfTheirOwnAndListsThatCanBeRead)
             EXPECT_TRUE(driver.isOpen());
             rows.setValue(0, u"List (a query)", u"select SiteName from tblSite"_s);
             rows.setValue(0, u"Type", static_cast<int>(report::ParameterType::Date));
+            driver.press("grdParametersAdd");
+            rows.setValue(1, u"Name", u"SITE"_s);
+            prompts.expect(u"Each line needs a name of its own."_s, Icon::None);
+            driver.press("cmdTake");
+            driver.press("grdParametersRemove");
+
+            driver.control<QTabWidget>("tabQuery").setCurrentIndex(1);
+            auto &sets = driver.control<grid::GridView>("grdRowSets").rows();
+            driver.press("grdRowSetsAdd");
+            sets.setValue(0, u"Name", u"sites"_s);
+            sets.setValue(0, u"Query", u"select SiteName from tblSite where City = ?Site"_s);
+            sets.setValue(0, u"Their key", u"SiteID"_s);
+            prompts.expect(u"The rows \"sites\" can't be read.\nThey have no column \"SiteID\" as "
+                           "their key."_s,
+                           Icon::None);
+            driver.press("cmdTake");
+            sets.setValue(0, u"Their key", u"SiteName"_s);
+            sets.setValue(0, u"Belongs to the row with", u"Site"_s);
             driver.press("cmdTake");
         });
     ASSERT_TRUE(asked);
+    ASSERT_EQ(asked->rowSets.size(), 1);
+    EXPECT_EQ(asked->rowSets.first().key, u"SiteName"_s);
+    EXPECT_EQ(asked->rowSets.first().of, u"Site"_s);
     ASSERT_EQ(asked->parameters.size(), 1);
     EXPECT_EQ(asked->parameters.first().name, u"Site"_s);
     EXPECT_EQ(asked->parameters.first().type, report::ParameterType::Date);
+}
+
+TEST_F(OwnReportScreens, ADeliveredReportReadsAsItDidWhenNothingIsChanged)
+{
+    for (const QString &name : {u"rptEquipmentDetail"_s, u"rptServiceList"_s}) {
+        const report::Layout layout = reportfiles::readDelivered(name);
+        std::optional<report::Layout> asked;
+        test::inScreen(
+            [&] {
+                asked =
+                    frmReportQuery(layout, ownreports::Kind::DefaultReport, reporttables::tables())
+                        .ask();
+            },
+            [](const test::ScreenDriver &driver) { driver.press("cmdTake"); });
+        EXPECT_EQ(asked, layout) << qPrintable(name);
+    }
 }
 
 TEST_F(OwnReportScreens, AnExpressionIsWrittenWithTheOfferOfNames)

@@ -15,8 +15,8 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSet>
 #include <QTabWidget>
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -38,6 +38,22 @@ const QList<grid::Choice> &types()
     return all;
 }
 
+// The columns of the two lists.
+const QString Name = u"Name"_s;
+const QString Type = u"Type"_s;
+const QString Question = u"Question"_s;
+const QString Default = u"Default"_s;
+const QString List = u"List (a query)"_s;
+const QString MayBeEmpty = u"May stay empty"_s;
+const QString Query = u"Query"_s;
+const QString Key = u"Their key"_s;
+const QString BelongsTo = u"Belongs to the row with"_s;
+
+QString textAt(const grid::GridModel &rows, int row, const QString &column)
+{
+    return base::toText(rows.value(row, column)).trimmed();
+}
+
 } // namespace
 
 frmReportQuery::frmReportQuery(const report::Layout &layout, ownreports::Kind kind,
@@ -48,7 +64,7 @@ frmReportQuery::frmReportQuery(const report::Layout &layout, ownreports::Kind ki
     , m_tables(tables)
 {
     buildForm();
-    showParameters();
+    showEntries();
 }
 
 void frmReportQuery::buildForm()
@@ -61,6 +77,7 @@ void frmReportQuery::buildForm()
     if (isOwn)
         buildQueryTabs();
     buildParameters();
+    buildRowSets();
     if (isOwn) {
         lblRows = form.note(u"The first %1 rows"_s.arg(ownreports::SampleRows), u"lblRows"_s);
         grdRows = makeListGrid(this, u"grdRows"_s, u"First rows"_s, {});
@@ -102,51 +119,75 @@ void frmReportQuery::buildQueryTabs()
 
 void frmReportQuery::buildParameters()
 {
-    m_parametersPage = new QWidget(tabQuery);
-    input::FormBuilder form(m_parametersPage);
-    form.note(u"What the report asks for before it is shown. The query and the expressions read "
-              "the answer by its name, ?Name in the query."_s);
-    grdParameters = makeListGrid(m_parametersPage, u"grdParameters"_s, u"Parameters"_s,
-                                 {{.name = u"Name"_s, .width = 130, .editable = true},
-                                  {.name = u"Type"_s,
-                                   .width = 90,
-                                   .editable = true,
-                                   .editor = grid::Editor::DropDown,
-                                   .choices = types()},
-                                  {.name = u"Question"_s, .width = 220, .editable = true},
-                                  {.name = u"Default"_s, .width = 130, .editable = true},
-                                  {.name = u"List (a query)"_s, .width = 330, .editable = true},
-                                  {.name = u"May stay empty"_s,
-                                   .width = 110,
-                                   .editable = true,
-                                   .editor = grid::Editor::Check}});
-    form.widget(grdParameters, true);
-    form.beginRow();
-    auto *add = form.inlineButton(u"cmdAddParameter"_s, u"&Add Parameter"_s);
-    auto *remove = form.inlineButton(u"cmdRemoveParameter"_s, u"&Remove"_s);
-    form.endRow();
-    form.finish();
-    tabQuery->addTab(m_parametersPage, u"P&arameters"_s);
-    connect(add, &QPushButton::clicked, this, [this] {
-        grdParameters->selectRow(grdParameters->rows().insertRow(
-            {{u"Type"_s, static_cast<int>(report::ParameterType::Text)},
-             {u"May stay empty"_s, false}}));
-    });
-    connect(remove, &QPushButton::clicked, this, [this] {
-        if (grdParameters->currentRow() >= 0)
-            grdParameters->rows().removeRow(grdParameters->currentRow());
-    });
+    grdParameters = addEntryPage(
+        u"P&arameters"_s,
+        u"What the report asks for before it is shown. The query and the expressions read the "
+        "answer by its name, ?Name in the query."_s,
+        u"grdParameters"_s,
+        {{.name = Name, .width = 130, .editable = true},
+         {.name = Type,
+          .width = 90,
+          .editable = true,
+          .editor = grid::Editor::DropDown,
+          .choices = types()},
+         {.name = Question, .width = 220, .editable = true},
+         {.name = Default, .width = 130, .editable = true},
+         {.name = List, .width = 330, .editable = true},
+         {.name = MayBeEmpty, .width = 110, .editable = true, .editor = grid::Editor::Check}},
+        {{Type, static_cast<int>(report::ParameterType::Text)}, {MayBeEmpty, false}});
 }
 
-void frmReportQuery::showParameters()
+void frmReportQuery::buildRowSets()
+{
+    grdRowSets = addEntryPage(
+        u"&Further Rows"_s,
+        u"Rows that are read beside those of the report, such as the parts of each machine. They "
+        "are printed below the row to which their key belongs."_s,
+        u"grdRowSets"_s,
+        {{.name = Name, .width = 130, .editable = true},
+         {.name = Query, .width = 520, .editable = true},
+         {.name = Key, .width = 150, .editable = true},
+         {.name = BelongsTo, .width = 200, .editable = true}},
+        {});
+}
+
+grid::GridView *frmReportQuery::addEntryPage(const QString &title, const QString &note,
+                                             const QString &gridName,
+                                             const QList<grid::Column> &columns,
+                                             const QVariantMap &newRow)
+{
+    auto *page = new QWidget(tabQuery);
+    input::FormBuilder form(page);
+    form.note(note);
+    grid::GridView *entries = makeListGrid(page, gridName, input::plainCaption(title), columns);
+    form.widget(entries, true);
+    form.beginRow();
+    auto *add = form.inlineButton(gridName + u"Add"_s, u"A&dd"_s);
+    auto *remove = form.inlineButton(gridName + u"Remove"_s, u"&Remove"_s);
+    form.endRow();
+    form.finish();
+    tabQuery->addTab(page, title);
+    connect(add, &QPushButton::clicked, this,
+            [entries, newRow] { entries->selectRow(entries->rows().insertRow(newRow)); });
+    connect(remove, &QPushButton::clicked, this, [entries] {
+        if (entries->currentRow() >= 0)
+            entries->rows().removeRow(entries->currentRow());
+    });
+    return entries;
+}
+
+void frmReportQuery::showEntries()
 {
     for (const report::Parameter &parameter : std::as_const(m_layout.parameters))
-        grdParameters->rows().insertRow({{u"Name"_s, parameter.name},
-                                         {u"Type"_s, static_cast<int>(parameter.type)},
-                                         {u"Question"_s, parameter.prompt},
-                                         {u"Default"_s, parameter.usual},
-                                         {u"List (a query)"_s, parameter.list},
-                                         {u"May stay empty"_s, parameter.isOptional}});
+        grdParameters->rows().insertRow({{Name, parameter.name},
+                                         {Type, static_cast<int>(parameter.type)},
+                                         {Question, parameter.prompt},
+                                         {Default, parameter.usual},
+                                         {List, parameter.list},
+                                         {MayBeEmpty, parameter.isOptional}});
+    for (const report::RowSet &set : std::as_const(m_layout.rowSets))
+        grdRowSets->rows().insertRow(
+            {{Name, set.name}, {Query, set.query}, {Key, set.key}, {BelongsTo, set.of}});
 }
 
 std::optional<report::Layout> frmReportQuery::ask()
@@ -198,49 +239,94 @@ std::optional<QString> frmReportQuery::enteredQuery()
     return std::nullopt;
 }
 
-std::optional<QList<report::Parameter>> frmReportQuery::enteredParameters()
+QList<report::Parameter> frmReportQuery::enteredParameters() const
 {
     QList<report::Parameter> parameters;
     const grid::GridModel &rows = grdParameters->rows();
-    for (int row = 0; row < grdParameters->displayedOrder().size(); ++row) {
-        const auto text = [&](QStringView column) {
-            return base::toText(rows.value(row, column)).trimmed();
-        };
+    for (const int row : grdParameters->displayedOrder()) {
         report::Parameter parameter;
-        parameter.name = text(u"Name");
-        parameter.type = static_cast<report::ParameterType>(rows.value(row, u"Type").toInt());
-        parameter.prompt = text(u"Question");
-        parameter.usual = text(u"Default");
-        parameter.list = text(u"List (a query)");
-        parameter.isOptional = rows.value(row, u"May stay empty").toBool();
-        const bool isTwice = std::ranges::any_of(parameters, [&](const report::Parameter &other) {
-            return other.name.compare(parameter.name, Qt::CaseInsensitive) == 0;
-        });
-        if (parameter.name.isEmpty() || isTwice) {
-            base::showMessage(u"Each parameter needs a name of its own."_s);
-            tabQuery->setCurrentWidget(m_parametersPage);
-            grdParameters->selectCell(row, u"Name");
-            return std::nullopt;
-        }
+        parameter.name = textAt(rows, row, Name);
+        parameter.type = static_cast<report::ParameterType>(rows.value(row, Type).toInt());
+        parameter.prompt = textAt(rows, row, Question);
+        parameter.usual = textAt(rows, row, Default);
+        parameter.list = textAt(rows, row, List);
+        parameter.isOptional = rows.value(row, MayBeEmpty).toBool();
         parameters.append(parameter);
     }
     return parameters;
 }
 
+QList<report::RowSet> frmReportQuery::enteredRowSets() const
+{
+    QList<report::RowSet> sets;
+    const grid::GridModel &rows = grdRowSets->rows();
+    for (const int row : grdRowSets->displayedOrder()) {
+        report::RowSet set;
+        set.name = textAt(rows, row, Name);
+        set.query = textAt(rows, row, Query);
+        set.key = textAt(rows, row, Key);
+        set.of = textAt(rows, row, BelongsTo);
+        sets.append(set);
+    }
+    return sets;
+}
+
+bool frmReportQuery::hasNames(grid::GridView *entries)
+{
+    QSet<QString> names;
+    for (const int row : entries->displayedOrder()) {
+        const QString name = textAt(entries->rows(), row, Name).toLower();
+        if (!name.isEmpty() && !names.contains(name)) {
+            names.insert(name);
+            continue;
+        }
+        tabQuery->setCurrentWidget(entries->parentWidget());
+        entries->selectCell(row, Name);
+        base::showMessage(u"Each line needs a name of its own."_s);
+        return false;
+    }
+    return true;
+}
+
 std::optional<report::Layout> frmReportQuery::entered()
 {
-    if (!grdParameters->finishEditing())
-        return std::nullopt;
-    const std::optional<QList<report::Parameter>> parameters = enteredParameters();
-    if (!parameters)
+    if (!grdParameters->finishEditing() || !grdRowSets->finishEditing() ||
+        !hasNames(grdParameters) || !hasNames(grdRowSets))
         return std::nullopt;
     const std::optional<QString> query = enteredQuery();
     if (!query)
         return std::nullopt;
     report::Layout layout = m_layout;
-    layout.parameters = *parameters;
+    layout.parameters = enteredParameters();
+    layout.rowSets = enteredRowSets();
     layout.query = *query;
     return layout;
+}
+
+bool frmReportQuery::canRead(const report::Layout &layout) const
+{
+    QString what;
+    try {
+        for (const report::Parameter &parameter : layout.parameters) {
+            what = u"The list of \"%1\" can't be read."_s.arg(parameter.name);
+            report::Layout list;
+            list.query = parameter.list;
+            if (!list.query.isEmpty())
+                static_cast<void>(ownreports::firstRows(list, 1));
+        }
+        for (const report::RowSet &set : layout.rowSets) {
+            what = u"The rows \"%1\" can't be read."_s.arg(set.name);
+            report::Layout further = layout;
+            further.query = set.query;
+            if (ownreports::firstRows(further, 1).columnIndex(set.key) < 0)
+                throw base::Error(base::ErrorNumber::NoSuchItem,
+                                  u"They have no column \"%1\" as their key."_s.arg(set.key));
+        }
+        return true;
+    } catch (const base::Error &error) {
+        base::showMessage(what + u'\n' + error.description());
+        return false;
+    }
 }
 
 bool frmReportQuery::cmdShowRows_Click()
@@ -271,18 +357,8 @@ void frmReportQuery::cmdTake_Click()
             return;
         if (m_kind == ownreports::Kind::NewReport && !cmdShowRows_Click())
             return;
-        for (const report::Parameter &parameter : layout->parameters)
-            if (!parameter.list.isEmpty()) {
-                try {
-                    report::Layout list;
-                    list.query = parameter.list;
-                    static_cast<void>(ownreports::firstRows(list, 1));
-                } catch (const base::Error &error) {
-                    base::showMessage(u"The list of \"%1\" can't be read.\n%2"_s.arg(
-                        parameter.name, error.description()));
-                    return;
-                }
-            }
+        if (!canRead(*layout))
+            return;
         m_layout = *layout;
         m_isTaken = true;
         unload();
