@@ -20,7 +20,9 @@ constexpr QStringView usage =
     u"Use: quorvantis-report LAYOUT.rpt DATA.csv OUTPUT\n"
     "     quorvantis-report LAYOUT.rpt DATABASE --query STATEMENT OUTPUT\n"
     "     quorvantis-report LAYOUT.rpt DATABASE OUTPUT     (a layout with a query of its own)\n"
+    "     quorvantis-report --rewrite LAYOUT.rpt...\n"
     "OUTPUT ends in .pdf, .xlsx, .csv or .html.\n"
+    "  --rewrite             writes layouts as the designer saves them\n"
     "  --text NAME=VALUE     the text of a named object\n"
     "  --formula NAME=TEXT   an expression in place of the layout's\n"
     "  --parameter NAME=TEXT the answer to a parameter of the layout, else its default\n";
@@ -83,6 +85,25 @@ Request parse(const QStringList &arguments)
     return request;
 }
 
+report::LayoutReading readLayout(const QString &path)
+{
+    report::LayoutReading reading = report::readLayoutFile(path);
+    if (!reading.layout)
+        throw base::Error(base::ErrorNumber::InvalidCall, u"%1: %2"_s.arg(path, reading.error));
+    return reading;
+}
+
+/// What this program doesn't know would be lost, so a layout that has such stays as it is.
+void rewrite(const QString &path, QTextStream &out)
+{
+    const report::LayoutReading reading = readLayout(path);
+    if (!reading.warnings.isEmpty())
+        throw base::Error(base::ErrorNumber::InvalidCall,
+                          u"%1: %2"_s.arg(path, reading.warnings.first()));
+    report::writeLayoutFile(*reading.layout, path);
+    out << path << u'\n';
+}
+
 /// What was given for a layout's parameters, and their defaults.
 report::Answers answersOf(const report::Layout &layout, const Request &request)
 {
@@ -132,13 +153,15 @@ std::shared_ptr<const report::DataSource> openData(const report::Layout &layout,
 int run(const QStringList &arguments, QTextStream &out, QTextStream &err)
 {
     try {
+        if (arguments.value(1) == u"--rewrite" && arguments.size() > 2) {
+            for (const QString &path : arguments.sliced(2))
+                rewrite(path, out);
+            return Success;
+        }
         Request request = parse(arguments);
-        const report::LayoutReading reading = report::readLayoutFile(request.layout);
+        const report::LayoutReading reading = readLayout(request.layout);
         for (const QString &warning : reading.warnings)
             err << request.layout << u": "_s << warning << u'\n';
-        if (!reading.layout)
-            throw base::Error(base::ErrorNumber::InvalidCall,
-                              u"%1: %2"_s.arg(request.layout, reading.error));
         const auto rows = openData(*reading.layout, request);
         const report::Outcome outcome = report::exportReport(*reading.layout, *rows, request.inputs,
                                                              request.output, request.format);

@@ -55,6 +55,8 @@ protected:
         m_designer.show();
         m_designer.activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&m_designer));
+        QCoreApplication::processEvents();
+        m_canvas->setZoom(100);
         m_canvas->setFocus();
         // Steps of a tenth of a millimetre are what the keys and the tests count in.
         run(u"grid"_s);

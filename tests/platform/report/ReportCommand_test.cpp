@@ -2,6 +2,7 @@
 
 #include "platform/base/Environment.h"
 #include "platform/base/Format.h"
+#include "platform/report/layout/LayoutFile.h"
 #include "platform/report/paginate/CsvSource.h"
 #include "support/CompanyDatabase.h"
 #include "support/TestFiles.h"
@@ -123,6 +124,19 @@ TEST_F(ReportCommand, RendersALayoutThatReadsForItself)
     EXPECT_EQ(run({path(u"own.rpt"_s), company.file(), path(u"out.html"_s), u"--parameter"_s,
                    u"Most=many"_s}),
               report_command::WrongUsage);
+}
+
+TEST_F(ReportCommand, RewritesLayoutsAsTheDesignerSavesThem)
+{
+    write(u"more.rpt"_s, R"x(<report version="1"><band kind="detail" colour="red"/></report>)x");
+    const std::string more = read(u"more.rpt"_s);
+    EXPECT_EQ(run({u"--rewrite"_s, path(u"parts.rpt"_s), path(u"more.rpt"_s)}),
+              report_command::Failed);
+    EXPECT_EQ(read(u"parts.rpt"_s),
+              writeLayout(*readLayoutFile(path(u"parts.rpt"_s)).layout).toStdString());
+    EXPECT_THAT(read(u"parts.rpt"_s), testing::HasSubstr("<field name=\"Price\" content="));
+    EXPECT_THAT(m_err.toStdString(), testing::HasSubstr("\"colour\" of \"band\""));
+    EXPECT_EQ(read(u"more.rpt"_s), more) << "nothing is lost";
 }
 
 TEST_F(ReportCommand, TellsWhatIsWrong)

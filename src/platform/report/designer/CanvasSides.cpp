@@ -147,7 +147,7 @@ void BandStrip::paintEvent(QPaintEvent *)
     painter.fillRect(rect(), theme::panelColor());
     const CanvasGeometry &geometry = m_canvas.geometry();
     const int shift = m_canvas.verticalScrollBar()->value();
-    const QRect ruler(NameWidth, 0, Ruler::Thickness, height());
+    const QRect ruler(NameWidth, 0, RulerWidth, height());
     for (int band = 0; band < geometry.bandCount(); ++band) {
         const QRect slot = geometry.slotRect(band).translated(0, -shift);
         const QRect bar = geometry.barRect(band).translated(0, -shift);
@@ -155,13 +155,13 @@ void BandStrip::paintEvent(QPaintEvent *)
             continue;
         const QRect own(0, slot.top(), width(), slot.height());
         paintName(painter, band, QRect(0, own.top(), NameWidth, own.height()));
-        const QRect white(NameWidth, own.top(), Ruler::Thickness, geometry.bandRect(band).height());
+        const QRect white(NameWidth, own.top(), RulerWidth, geometry.bandRect(band).height());
         painter.fillRect(white, Qt::white);
         painter.setFont(markFont());
         painter.setPen(theme::textColor());
         painter.setClipRect(white);
         paintMarks(painter,
-                   ruler.intersected(QRect(NameWidth, own.top(), Ruler::Thickness, own.height())),
+                   ruler.intersected(QRect(NameWidth, own.top(), RulerWidth, own.height())),
                    own.top(), qMin(white.bottom(), height()), geometry.scale(), true, m_inInches);
         painter.setClipping(false);
         painter.fillRect(QRect(0, bar.top(), width(), bar.height()), theme::lineColor());

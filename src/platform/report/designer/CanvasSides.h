@@ -36,8 +36,9 @@ class BandStrip final : public QWidget
 
 public:
     explicit BandStrip(DesignCanvas &canvas);
-    static constexpr int NameWidth = 110;
-    static constexpr int Width = NameWidth + Ruler::Thickness;
+    static constexpr int NameWidth = 108;
+    static constexpr int RulerWidth = 24; ///< for numbers of three digits
+    static constexpr int Width = NameWidth + RulerWidth;
     void setInches(bool inInches);
 
 protected:

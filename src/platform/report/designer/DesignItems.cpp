@@ -1,6 +1,7 @@
 #include "platform/report/designer/DesignItems.h"
 
 #include "platform/report/paginate/BandMaker.h"
+#include "platform/report/paginate/ChartCollector.h"
 #include "platform/report/paginate/Compiled.h"
 
 namespace report {
@@ -38,7 +39,11 @@ public:
                 const auto row = static_cast<int>(data.series.size());
                 const QString name =
                     series.name.isEmpty() ? u"Series %1"_s.arg(row + 1) : series.name;
-                ChartSeries sample{count > 1 ? QString::number(number) : name, series.color, {}};
+                const bool isOwn = count == 1 && series.color.isValid();
+                ChartSeries sample{count > 1 ? QString::number(number) : name,
+                                   isOwn ? series.color
+                                         : usualSeriesColor(static_cast<std::size_t>(row)),
+                                   {}};
                 for (int category = 0; category < Categories; ++category)
                     sample.values.append(40 + 25 * ((category * 7 + row * 3) % 5));
                 data.series.append(sample);

@@ -32,6 +32,8 @@ constexpr int DesignTab = 0;
 constexpr int PreviewIndex = 1;
 constexpr int SideWidth = 220;
 constexpr int PanelWidth = 280;
+/// A sheet that is smaller can't be read, and has to be scrolled.
+constexpr int LeastFirstZoom = 75;
 
 QToolBar *makeBar(const QString &name, QWidget *parent)
 {
@@ -221,7 +223,10 @@ bool DesignerWidgets::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == canvas && m_isFresh && event->type() == QEvent::Resize && canvas->isVisible()) {
         m_isFresh = false;
-        QTimer::singleShot(0, canvas, &DesignCanvas::zoomToWidth);
+        QTimer::singleShot(0, canvas, [this] {
+            canvas->zoomToWidth();
+            canvas->setZoom(qBound(LeastFirstZoom, canvas->zoom(), 100));
+        });
     }
     return QObject::eventFilter(watched, event);
 }
