@@ -6,6 +6,7 @@
 #include "platform/report/designer/Property.h"
 #include "platform/report/designer/Structure.h"
 #include "platform/report/layout/LayoutFile.h"
+#include "support/TestFiles.h"
 
 #include <QDir>
 #include <QSignalSpy>
@@ -275,6 +276,25 @@ TEST(DesignDocument, SelectsOnlyWhatIsThere)
     document.change(u"Delete"_s,
                     [](Layout &layout, Selection &) { layout.bands[2].objects.removeLast(); });
     EXPECT_TRUE(document.selection().objects.isEmpty());
+}
+
+/// What is delivered can be compared with what a user has made of it, line by line.
+TEST(DesignDocument, EveryDeliveredLayoutIsSavedAsItWasOpened)
+{
+    const QDir folder(QStringLiteral(DELIVERED_LAYOUTS));
+    const QStringList names = folder.entryList({u"*.rpt"_s});
+    ASSERT_GT(names.size(), 20);
+    for (const QString &name : names) {
+        const LayoutReading reading = readLayoutFile(folder.filePath(name));
+        ASSERT_TRUE(reading.layout) << reading.error.toStdString();
+        DesignDocument document;
+        document.setLayout(*reading.layout);
+        document.change(u"Title"_s, [](Layout &layout, Selection &) { layout.title += u"x"; });
+        document.undoStack().undo();
+        EXPECT_EQ(writeLayout(document.layout()).toStdString(),
+                  test::readFile(folder.filePath(name)).toStdString())
+            << name.toStdString() << ": quorvantis-report --rewrite puts it into this form";
+    }
 }
 
 /// Of a thousand steps over many objects only what changed is kept: the lists of untouched bands
