@@ -209,6 +209,35 @@ TEST(AddField, GivesAHeadingInThePageHeaderWhenItGoesToTheDetail)
     EXPECT_EQ(again, (QList<Place>{{1, 1}, {0, 0}}));
 }
 
+TEST(AddTotals, SumsBelowTheFieldInTheFootersOfGroupsAndReport)
+{
+    Layout layout = emptyLayout();
+    layout.bands.removeAt(3); // the report's footer
+    report::addGroup(layout, u"Site"_s);
+    const int detail = 3;
+    const QList<Place> field =
+        addField(layout, detail, {{}, u"Cost"_s, {}, FieldType::Number, true}, {4000, 0});
+    layout.bands[detail].objects[0].format = u"$0.00"_s;
+    layout.bands[detail].objects[0].visibleIf = u"Cost > 0"_s;
+    ASSERT_EQ(addTotals(layout, field).size(), 2) << "not of the heading";
+    const Band &group = layout.bands[4];
+    const Band &all = layout.bands[5];
+    EXPECT_EQ(group.kind, BandKind::GroupFooter);
+    EXPECT_EQ(all.kind, BandKind::ReportFooter) << "made";
+    for (const Object *total : {&group.objects.last(), &all.objects.last()}) {
+        EXPECT_EQ(total->content, u"sum(Cost)"_s);
+        EXPECT_EQ(total->x, 4000);
+        EXPECT_EQ(total->format, u"$0.00"_s);
+        EXPECT_TRUE(total->style.font.bold);
+        EXPECT_EQ(total->visibleIf, QString());
+    }
+    EXPECT_TRUE(addTotals(layout, field).isEmpty()) << "they are there";
+    EXPECT_EQ(columnOf(layout, field[0]), (QList<Place>{{1, 0}, {3, 0}, {4, 1}, {5, 0}}));
+    layout.bands[5].objects[0].y = 300;
+    fitBand(layout, 5);
+    EXPECT_EQ(layout.bands[5].height, 800);
+}
+
 TEST(Clipboard, CarriesStylesAndPicturesToAnotherReport)
 {
     Layout from = emptyLayout();

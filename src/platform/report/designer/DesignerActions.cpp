@@ -203,6 +203,26 @@ void DesignerActions::addParts()
         [this] { m_tree.moveSelected(-1); });
     add(u"move-down"_s, u"Move down"_s, u"next"_s, {QKeySequence(Qt::ALT | Qt::Key_Down)},
         [this] { m_tree.moveSelected(1); });
+    add(u"add-totals"_s, u"Add totals"_s, u"report-total"_s, {QKeySequence(Qt::CTRL | Qt::Key_T)},
+        [this] {
+            m_document.endSeries();
+            m_document.change(u"Add totals"_s, [](Layout &layout, Selection &selection) {
+                if (const QList<Place> totals = addTotals(layout, selection.objects);
+                    !totals.isEmpty())
+                    selection = Selection::of(totals);
+            });
+        });
+    add(u"select-column"_s, u"Select the column"_s, u"select-all"_s,
+        {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C)}, [this] {
+            if (!m_document.selection().objects.isEmpty())
+                m_document.select(
+                    Selection::of(columnOf(m_document.layout(), m_document.selection().lead)));
+        });
+    add(u"fit-band"_s, u"Band as high as its objects"_s, u"report-band"_s, {}, [this] {
+        const int band = m_document.selection().band();
+        change(u"Height of band"_s,
+               [band](Layout &layout, const Selection &) { fitBand(layout, band); });
+    });
     QAction *styles = add(u"looks"_s, u"Looks"_s, u"report-style"_s, {}, [] {});
     auto *menu = new QMenu(m_owner);
     for (const Look &look : looks())
@@ -288,6 +308,13 @@ void DesignerActions::enable()
     for (const QString &name : {u"distribute-across"_s, u"distribute-down"_s})
         action(name)->setEnabled(count > 2);
     action(u"delete"_s)->setEnabled(m_tree.canRemoveSelected());
+    action(u"fit-band"_s)->setEnabled(selection.band() >= 0);
+    action(u"select-column"_s)->setEnabled(count > 0);
+    action(u"add-totals"_s)
+        ->setEnabled(
+            std::any_of(selection.objects.cbegin(), selection.objects.cend(), [this](Place place) {
+                return m_document.object(place).kind == ObjectKind::Field;
+            }));
     action(u"move-up"_s)->setEnabled(m_tree.canMoveSelected(-1));
     action(u"move-down"_s)->setEnabled(m_tree.canMoveSelected(1));
     const bool hasBands = !m_document.layout().bands.isEmpty();
@@ -356,6 +383,7 @@ void DesignerActions::fillInsertBar(QToolBar *bar) const
                u"-"_s,
                u"add-band"_s,
                u"add-group"_s,
+               u"add-totals"_s,
                u"looks"_s,
                u"-"_s,
                u"grid"_s,
@@ -370,16 +398,16 @@ void DesignerActions::fillInsertBar(QToolBar *bar) const
 
 void DesignerActions::fillMenu(QMenu *menu) const
 {
-    fill(menu,
-         {u"cut"_s, u"copy"_s, u"paste"_s, u"duplicate"_s, u"delete"_s, u"selectAll"_s, u"-"_s});
+    fill(menu, {u"cut"_s, u"copy"_s, u"paste"_s, u"duplicate"_s, u"delete"_s, u"selectAll"_s,
+                u"select-column"_s, u"-"_s});
     QMenu *arrange = menu->addMenu(u"Ali&gn"_s);
     fill(arrange,
          {u"align-left"_s, u"align-center"_s, u"align-right"_s, u"align-top"_s, u"align-middle"_s,
           u"align-bottom"_s, u"-"_s, u"distribute-across"_s, u"distribute-down"_s, u"-"_s,
           u"same-width"_s, u"same-height"_s, u"same-size"_s});
     fill(menu, {u"to-front"_s, u"to-back"_s, u"move-up"_s, u"move-down"_s, u"-"_s});
-    fill(menu, {u"add-band"_s, u"add-group"_s, u"add-sort"_s, u"add-formula"_s, u"add-parameter"_s,
-                u"add-style"_s, u"looks"_s});
+    fill(menu, {u"fit-band"_s, u"add-band"_s, u"add-group"_s, u"add-totals"_s, u"add-sort"_s,
+                u"add-formula"_s, u"add-parameter"_s, u"add-style"_s, u"looks"_s});
 }
 
 } // namespace report

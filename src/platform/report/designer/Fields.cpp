@@ -64,6 +64,35 @@ Object headingOf(const Layout &layout, const Band &header, const Object &field,
     return heading;
 }
 
+/// The last band of the kind and place of another one, -1 for none.
+int bandLike(const Layout &layout, const Band &wanted)
+{
+    for (int band = static_cast<int>(layout.bands.size()) - 1; band >= 0; --band)
+        if (layout.bands[band].kind == wanted.kind &&
+            layout.bands[band].group.compare(wanted.group, Qt::CaseInsensitive) == 0)
+            return band;
+    return -1;
+}
+
+QList<Place> addTotal(Layout &layout, int band, const Object &field)
+{
+    Object total = field;
+    total.content = u"sum(%1)"_s.arg(field.content);
+    total.name.clear();
+    total.visibleIf.clear();
+    total.conditionalStyles.clear();
+    total.canGrow = total.hideRepeated = false;
+    total.style.font.bold = true;
+    followIfThere(layout, total, house::Total);
+    const auto isIt = [&](const Object &other) {
+        return other.kind == ObjectKind::Field &&
+               other.content.compare(total.content, Qt::CaseInsensitive) == 0;
+    };
+    const QList<Object> &there = layout.bands[band].objects;
+    return std::any_of(there.cbegin(), there.cend(), isIt) ? QList<Place>()
+                                                           : addObjects(layout, band, {total});
+}
+
 } // namespace
 
 QString fieldExpression(const QString &name)
@@ -114,6 +143,46 @@ QList<Place> addField(Layout &layout, int band, const DesignField &field, QPoint
     places +=
         addObjects(layout, header, {headingOf(layout, layout.bands[header], object, caption)});
     return places;
+}
+
+QList<Place> addTotals(Layout &layout, const QList<Place> &fields)
+{
+    const QList<Object> summed = objectsAt(layout, fields);
+    QList<Band> footers;
+    for (const Group &group : std::as_const(layout.groups)) {
+        Band footer;
+        footer.kind = BandKind::GroupFooter;
+        footer.group = group.name;
+        footers.append(footer);
+    }
+    Band last;
+    last.kind = BandKind::ReportFooter;
+    footers.append(last);
+    // Bands that are missing come first: they move the numbers of those below.
+    for (const Band &footer : std::as_const(footers))
+        if (bandLike(layout, footer) < 0)
+            addBand(layout, footer);
+    QList<Place> places;
+    for (const Band &footer : std::as_const(footers)) {
+        const int band = bandLike(layout, footer);
+        for (const Object &field : summed)
+            if (field.kind == ObjectKind::Field)
+                places += addTotal(layout, band, field);
+    }
+    return places;
+}
+
+QList<Place> columnOf(const Layout &layout, Place place)
+{
+    const Object &object = layout.bands[place.band].objects[place.object];
+    QList<Place> column;
+    for (int band = 0; band < layout.bands.size(); ++band)
+        for (int other = 0; other < layout.bands[band].objects.size(); ++other) {
+            const Object &candidate = layout.bands[band].objects[other];
+            if (candidate.x == object.x && candidate.width == object.width)
+                column.append({band, other});
+        }
+    return column;
 }
 
 QString fieldMimeType()

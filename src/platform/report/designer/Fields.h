@@ -29,6 +29,12 @@ struct DesignField
 /// come back, the field's first.
 QList<Place> addField(Layout &layout, int band, const DesignField &field, QPoint at);
 
+/// Adds sums of fields below them: in the footer of each group and of the report, which is made
+/// when there is none. A sum that is there already isn't added again. Their places come back.
+QList<Place> addTotals(Layout &layout, const QList<Place> &fields);
+/// The objects of all bands that stand in one column with an object: as far left and as wide.
+[[nodiscard]] QList<Place> columnOf(const Layout &layout, Place place);
+
 /// Fields while they are dragged: the kind of their data, its bytes, and back.
 [[nodiscard]] QString fieldMimeType();
 [[nodiscard]] QByteArray fieldBytes(const QList<DesignField> &fields);

@@ -178,6 +178,14 @@ void moveBand(Layout &layout, int band, int direction)
         layout.bands.swapItemsAt(band, band + direction);
 }
 
+void fitBand(Layout &layout, int band)
+{
+    Length bottom = 0;
+    for (const Object &object : std::as_const(layout.bands[band].objects))
+        bottom = qMax(bottom, qMax(object.y, object.y + object.height));
+    layout.bands[band].height = bottom;
+}
+
 int addGroup(Layout &layout, const QString &by)
 {
     QStringList taken;

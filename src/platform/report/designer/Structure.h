@@ -25,6 +25,9 @@ int addBand(Layout &layout, Band band);
 /// Exchanges it with that neighbour.
 void moveBand(Layout &layout, int band, int direction);
 
+/// Makes a band as high as its objects need.
+void fitBand(Layout &layout, int band);
+
 /// Adds a group as the innermost with a header, which shows its value, and a footer.
 int addGroup(Layout &layout, const QString &by);
 /// Removes a group with its bands.
