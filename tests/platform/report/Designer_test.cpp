@@ -15,6 +15,7 @@
 #include <QClipboard>
 #include <QDropEvent>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
@@ -128,6 +129,11 @@ TEST_F(Designer, KeysMoveAndResizeByMillimetresAndTenths)
     EXPECT_EQ(object(1, 0).x, 2100);
     key(Qt::Key_Tab);
     EXPECT_EQ(m_document.selection(), Selection::of({{1, 1}}));
+    key(Qt::Key_Escape);
+    EXPECT_EQ(m_document.selection(), Selection::of(Selection::Part::Band, 1));
+    QKeyEvent again(QEvent::KeyPress, Qt::Key_Escape, {});
+    QGuiApplication::sendEvent(m_canvas, &again);
+    EXPECT_TRUE(again.isAccepted()) << "the window stays";
     key(Qt::Key_PageUp);
     EXPECT_EQ(m_document.selection(), Selection::of(Selection::Part::Band, 0));
     key(Qt::Key_Down, Qt::ShiftModifier);

@@ -55,16 +55,9 @@ void DesignCanvas::keyPressEvent(QKeyEvent *event)
         return;
     switch (event->key()) {
     case Qt::Key_Escape:
-        if (m_action != Action::None || m_inserting) {
-            cancelAction();
-            return;
-        }
-        if (const int band = m_document.selection().band();
-            band >= 0 && !m_document.selection().objects.isEmpty()) {
-            m_document.select(Selection::of(Selection::Part::Band, band));
-            return;
-        }
-        break;
+        // It goes no further: the window around must not close by the way.
+        escape();
+        return;
     case Qt::Key_PageUp:
     case Qt::Key_PageDown:
         selectBand(event->key() == Qt::Key_PageUp ? -1 : 1);
@@ -83,6 +76,15 @@ void DesignCanvas::keyPressEvent(QKeyEvent *event)
         break;
     }
     QAbstractScrollArea::keyPressEvent(event);
+}
+
+/// Leaves a drag or an insertion, then the objects for their band.
+void DesignCanvas::escape()
+{
+    if (m_action != Action::None || m_inserting)
+        cancelAction();
+    else if (const Selection &selection = m_document.selection(); !selection.objects.isEmpty())
+        m_document.select(Selection::of(Selection::Part::Band, selection.band()));
 }
 
 /// Arrows move what is selected by a millimetre, with Ctrl by a tenth; with Shift they change its

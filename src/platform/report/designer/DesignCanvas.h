@@ -129,6 +129,7 @@ private:
     void insertFrame(const QRect &content);
     void insertByKey();
 
+    void escape();
     [[nodiscard]] bool arrowKey(QKeyEvent *event);
     void selectBand(int step);
     void finishEditing(bool isTaken);

@@ -61,7 +61,7 @@ DesignerWidgets::DesignerWidgets(DesignDocument &document, ReportDesigner &desig
     , structure(new StructureTree(document))
     , data(new DataTree(document))
     , properties(new PropertyPanel(document))
-    , preview(new PreviewTab)
+    , previewTab(new PreviewTab)
     , actions(new DesignerActions(document, *canvas, *structure, canvas))
     , m_document(document)
     , m_designer(designer)
@@ -77,7 +77,7 @@ DesignerWidgets::DesignerWidgets(DesignDocument &document, ReportDesigner &desig
     canvas->setAccessibleName(u"Sheet"_s);
     m_tabs->setObjectName(u"designerTabs"_s);
     m_tabs->addTab(makeDesign(), u"&Design"_s);
-    m_tabs->addTab(preview, u"Pre&view"_s);
+    m_tabs->addTab(previewTab, u"Pre&view"_s);
     auto *rows = new QVBoxLayout(&designer);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->addWidget(m_tabs);
@@ -168,7 +168,7 @@ void DesignerWidgets::join()
         if (!canvas->hasFocus())
             canvas->showSelection();
     });
-    connect(preview, &PreviewTab::partChosen, this, [this](const Selection &part) {
+    connect(previewTab, &PreviewTab::partChosen, this, [this](const Selection &part) {
         showDesign();
         m_document.select(part);
         canvas->showSelection();
@@ -206,13 +206,13 @@ void DesignerWidgets::tabChanged(int index)
 {
     if (index == PreviewIndex) {
         finishEditing();
-        if (!preview->show(m_document.layout())) {
+        if (!previewTab->preview(m_document.layout())) {
             showDesign();
             return;
         }
-        preview->setFocus();
+        previewTab->setFocus();
     } else {
-        preview->leave();
+        previewTab->leave();
         canvas->setFocus();
     }
     Q_EMIT m_designer.previewShown(index == PreviewIndex);

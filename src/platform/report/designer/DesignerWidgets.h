@@ -38,7 +38,7 @@ public:
     StructureTree *structure;
     DataTree *data;
     PropertyPanel *properties;
-    PreviewTab *preview;
+    PreviewTab *previewTab;
     DesignerActions *actions;
     std::function<bool(Layout &layout, const DesignField &field)> fieldAdder;
 

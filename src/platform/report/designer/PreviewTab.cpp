@@ -48,7 +48,7 @@ PreviewTab::PreviewTab(QWidget *parent)
     m_remarks->hide();
 }
 
-bool PreviewTab::show(const Layout &layout)
+bool PreviewTab::preview(const Layout &layout)
 {
     m_viewer->clear();
     m_remarks->clear();

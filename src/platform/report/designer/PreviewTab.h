@@ -23,7 +23,7 @@ public:
     [[nodiscard]] bool hasProvider() const { return static_cast<bool>(m_provide); }
     /// Asks for rows and lays the report out. False when the user has given up, or the rows can't
     /// be read, which is told.
-    bool show(const Layout &layout);
+    bool preview(const Layout &layout);
     /// Stops what is being laid out.
     void leave();
     [[nodiscard]] ReportViewer &viewer() const { return *m_viewer; }

@@ -63,7 +63,7 @@ void ReportDesigner::setFields(const QList<DesignField> &fields)
 
 void ReportDesigner::setRowsProvider(RowsProvider provider)
 {
-    m_widgets->preview->setRowsProvider(std::move(provider));
+    m_widgets->previewTab->setRowsProvider(std::move(provider));
 }
 
 void ReportDesigner::setExpressionAsker(ExpressionAsker asker)
@@ -109,7 +109,7 @@ void ReportDesigner::finishEditing()
 
 ReportViewer &ReportDesigner::viewer() const
 {
-    return m_widgets->preview->viewer();
+    return m_widgets->previewTab->viewer();
 }
 
 } // namespace report
