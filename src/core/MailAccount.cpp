@@ -7,15 +7,26 @@
 using namespace Qt::StringLiterals;
 
 namespace mailing {
+namespace {
+
+/// In the order of mail::Security.
+const QStringList Codes{u"NONE"_s, u"STARTTLS"_s, u"TLS"_s};
+
+} // namespace
 
 QStringList securityNames()
 {
     return {u"None (readable on its way)"_s, u"STARTTLS"_s, u"TLS"_s};
 }
 
-mail::Security securityOf(const QString &name)
+QString codeOf(mail::Security security)
 {
-    const qsizetype place = securityNames().indexOf(name);
+    return Codes.at(static_cast<int>(security));
+}
+
+mail::Security securityOf(const QString &code)
+{
+    const qsizetype place = Codes.indexOf(code);
     return place < 0 ? mail::Security::StartTls : static_cast<mail::Security>(place);
 }
 

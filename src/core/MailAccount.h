@@ -17,8 +17,9 @@ inline const QString PasswordOption = QStringLiteral("MAIL PASSWORD");
 
 /// The kinds of connection in the user's words, in the order of mail::Security.
 [[nodiscard]] QStringList securityNames();
-/// The kind that a name says; STARTTLS for one that isn't known.
-[[nodiscard]] mail::Security securityOf(const QString &name);
+/// What the option holds for a kind, and the kind that it holds; STARTTLS for what isn't known.
+[[nodiscard]] QString codeOf(mail::Security security);
+[[nodiscard]] mail::Security securityOf(const QString &code);
 /// The port that a text says; the usual one of that kind for a blank text.
 [[nodiscard]] int portOf(const QString &text, mail::Security security);
 /// The file of certificates that the installation trusts beside the system's own: the install value

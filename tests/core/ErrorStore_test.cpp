@@ -91,9 +91,9 @@ TEST_F(ErrorStore, TheMailAccountIsSharedButForItsPassword)
     EXPECT_EQ(account.port, 587);
     EXPECT_EQ(account.authorities, u"/etc/own.pem"_s);
     EXPECT_EQ(account.timeOut, 100);
-    SetOption(mailing::SecurityOption, mailing::securityNames().at(2), false);
+    SetOption(mailing::SecurityOption, mailing::codeOf(mail::Security::Tls), false);
     EXPECT_EQ(mailing::account().port, 465);
-    SetOption(mailing::SecurityOption, mailing::securityNames().at(0), false);
+    SetOption(mailing::SecurityOption, mailing::codeOf(mail::Security::None), false);
     EXPECT_EQ(mailing::account().port, 25);
     SetOption(mailing::PortOption, u"2525"_s, false);
     SetOption(mailing::UserOption, u"office"_s, false);

@@ -107,6 +107,18 @@ web::CurlList headerOf(const Account &account, const Message &message)
     return lines;
 }
 
+/// A file's name in letters that every server passes on.
+QByteArray plainName(const QString &name)
+{
+    QString plain;
+    for (const QChar letter : name.normalized(QString::NormalizationForm_D)) {
+        if (letter.isMark() || letter.isLowSurrogate())
+            continue;
+        plain += letter.unicode() < u'\x7f' ? letter : u'_';
+    }
+    return plain.toLatin1();
+}
+
 curl_mimepart *addPart(curl_mime *mime)
 {
     curl_mimepart *part = curl_mime_addpart(mime);
@@ -125,7 +137,7 @@ void addAttachment(curl_mime *mime, const QString &path)
     if (curl_mime_filedata(part, QFile::encodeName(path).constData()) != CURLE_OK)
         raise(u"The file can't be read: "_s + QDir::toNativeSeparators(path),
               base::ErrorNumber::FileNotFound);
-    curl_mime_filename(part, file.fileName().toUtf8().constData());
+    curl_mime_filename(part, plainName(file.fileName()).constData());
     curl_mime_encoder(part, "base64");
 }
 

@@ -19,6 +19,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QToolButton>
+#include <algorithm>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -116,11 +117,15 @@ QWidget *frmSetup::mailPage()
     auto *server = addText(form, ServerOption, u"txtMailServer"_s, u"Mail server"_s, LongestName);
     auto *security = form.comboField(u"cboMailSecurity"_s, u"Encryption"_s);
     security->add(securityNames());
+    const auto chosen = [security] {
+        const qsizetype place = securityNames().indexOf(security->currentText());
+        return static_cast<mail::Security>(std::max<qsizetype>(0, place));
+    };
     addField({.key = SecurityOption,
-              .text = [security] { return security->currentText(); },
+              .text = [chosen] { return codeOf(chosen()); },
               .setText =
-                  [security](const QString &text) {
-                      security->selectText(securityNames().at(static_cast<int>(securityOf(text))));
+                  [security](const QString &code) {
+                      security->selectText(securityNames().at(static_cast<int>(securityOf(code))));
                   }});
     auto *port = form.digitsField(u"txtMailPort"_s, u"Port"_s, DigitsOfPort);
     addField(port, PortOption);
@@ -135,9 +140,8 @@ QWidget *frmSetup::mailPage()
     form.stretch();
     form.finish();
 
-    const auto showUsualPort = [port, security] {
-        port->setPlaceholderText(
-            QString::number(mail::usualPort(securityOf(security->currentText()))));
+    const auto showUsualPort = [port, chosen] {
+        port->setPlaceholderText(QString::number(mail::usualPort(chosen())));
     };
     showUsualPort();
     connect(security, &QComboBox::currentIndexChanged, this, [this, showUsualPort] {
@@ -149,7 +153,7 @@ QWidget *frmSetup::mailPage()
         trying([=, this] {
             mail::Account account;
             account.server = server->text();
-            account.security = securityOf(security->currentText());
+            account.security = chosen();
             account.port = portOf(port->text(), account.security);
             account.sender = sender->text().trimmed();
             account.user = user->text().trimmed();

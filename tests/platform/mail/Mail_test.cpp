@@ -112,10 +112,14 @@ TEST(Mail, WithoutAnAddressOfTheAccountTheSendersOwnIsTold)
     const SmtpServer server({});
     mail::Account account = accountAt(server, {});
     account.sender.clear();
-    mail::send(account, message());
+    mail::Message sent = message();
+    sent.attachment = environment.folder() + u"/Gr\u00fcn \U0001F33F.pdf"_s;
+    test::writeFile(sent.attachment, "%PDF");
+    mail::send(account, sent);
     ASSERT_EQ(server.taken().size(), 1);
     EXPECT_EQ(server.taken().first().from, "<shop@example.com>");
     EXPECT_EQ(server.taken().first().header("Reply-To"), "");
+    EXPECT_TRUE(server.taken().first().text.contains("filename=\"Grun _.pdf\""));
 }
 
 TEST(Mail, WhatTheServerDoesWrongIsToldAndNothingIsTaken)
