@@ -226,8 +226,7 @@ private:
         object.width = m_width;
         object.height = 0;
         object.lineWidth = width;
-        const int index = m_layout.styleIndex(style);
-        object.style.color = index < 0 ? QColor(Qt::black) : m_layout.styles[index].style.color;
+        report::followStyle(m_layout, object, style.toString());
         return object;
     }
 
@@ -249,7 +248,7 @@ private:
     {
         report::Band band = bandOf(report::BandKind::PageHeader, 1200);
         band.objects = {text({0, 0, m_width, 900}, words(m_content.title), report::house::Title),
-                        line(1000, report::house::Title, 40)};
+                        line(1000, report::house::Rule, 40)};
         addBand(band);
     }
 

@@ -1,70 +1,25 @@
-#include "reporting/ui/OwnReportEntries.h"
-
-#include "core/CompanySession.h"
-#include "core/ui/ScreenDriver.h"
-#include "platform/base/Environment.h"
+#include "core/ui/Modal.h"
 #include "platform/grid/GridView.h"
 #include "platform/report/designer/DesignDocument.h"
-#include "platform/report/layout/LayoutFile.h"
 #include "platform/report/viewer/ReportViewer.h"
+#include "reporting/OwnReportSession.h"
 #include "reporting/ReportDrafts.h"
-#include "reporting/ReportFiles.h"
-#include "reporting/ui/ExpressionDialog.h"
+#include "reporting/ui/OwnReportEntries.h"
 #include "reporting/ui/ShowReport.h"
 #include "reporting/ui/frmReportModify.h"
-#include "reporting/ui/frmReportQuery.h"
 #include "reporting/ui/frmUserDefinedReports.h"
-#include "support/ScriptedPrompts.h"
 #include "support/TestFiles.h"
 
-#include <QDir>
+#include <QLabel>
 #include <QListWidget>
-#include <QTabWidget>
-#include <QTableWidget>
-#include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-using Answer = base::Prompts::Answer;
-using Buttons = base::Prompts::Buttons;
-using Icon = base::Prompts::Icon;
-
-class OwnReportScreens : public test::CompanySession
+class OwnReportScreens : public test::OwnReportSession
 {
 protected:
-    OwnReportScreens()
-    {
-        reportfiles::installDelivered(base::environment().applicationFolder);
-        for (int part = 1; part <= 3; ++part)
-            insert(u"tblPart"_s, {{u"PartID"_s, u"P%1"_s.arg(part)},
-                                  {u"Description"_s, u"Part %1"_s.arg(part)},
-                                  {u"Price"_s, part}});
-    }
-
-    static QString path(const QString &folder, const QString &file)
-    {
-        const QString full = base::applicationPath(u'\\' + folder);
-        EXPECT_TRUE(QDir().mkpath(full));
-        return full + u'/' + file;
-    }
-    static QString own(const QString &file) { return path(u"User Defined Reports"_s, file); }
-
-    /// A report of the parts, those of the query.
-    static report::Layout parts(const QString &query)
-    {
-        report::Layout layout;
-        layout.title = u"Our parts"_s;
-        layout.query = query;
-        report::Object object;
-        object.kind = report::ObjectKind::Field;
-        object.content = u"PartID"_s;
-        report::Band band;
-        band.objects = {object};
-        layout.bands = {band};
-        return layout;
-    }
     static void retitle(const test::ScreenDriver &driver, const QString &title)
     {
         driver.control<report::ReportDesigner>("CRDesignerCtrl1")
@@ -72,27 +27,11 @@ protected:
             .change(u"Title"_s,
                     [&](report::Layout &layout, report::Selection &) { layout.title = title; });
     }
-    static QString titleIn(const QString &file)
-    {
-        return QFile::exists(file) ? reportfiles::readLayoutAt(file).title : u"(none)"_s;
-    }
-    /// What is said of a list that asks for a column that isn't there.
-    static QString listRefusal()
-    {
-        try {
-            static_cast<void>(gcnData->Open(u"select TOP 1 Nothing from tblSite"_s));
-        } catch (const base::Error &error) {
-            return u"The list of \"Site\" can't be read.\n"_s + error.description();
-        }
-        return {};
-    }
     void expectSaveQuestion(Answer answer)
     {
         prompts.expect(u"Do you want to save the changes?"_s, Icon::Question, Buttons::YesNoCancel,
                        answer);
     }
-
-    test::ScriptedPrompts prompts;
 };
 
 TEST_F(OwnReportScreens, TheListAnswersTheFileThatWasChosen)
@@ -430,223 +369,6 @@ TEST_F(OwnReportScreens, EveryDeliveredReportIsPreviewedInTheDesigner)
                 driver.press("cmdExit");
             });
     }
-}
-
-TEST_F(OwnReportScreens, AQueryIsPickedShownAsTextAndBack)
-{
-    std::optional<report::Layout> asked;
-    const auto query = [&](const QString &text,
-                           const std::function<void(test::ScreenDriver)> &act) {
-        test::inScreen(
-            [&] {
-                asked =
-                    frmReportQuery(parts(text), ownreports::Kind::NewReport, reporttables::tables())
-                        .ask();
-            },
-            act);
-        return asked ? asked->query : u"(none)"_s;
-    };
-    const QString picked = query({}, [](const test::ScreenDriver &driver) {
-        driver.choose("cboTable", u"Parts"_s);
-        driver.press("cmdAddTable");
-        auto &columns = driver.control<QTreeWidget>("treColumns");
-        columns.topLevelItem(0)->child(0)->setCheckState(0, Qt::Checked);
-        auto &tabs = driver.control<QTabWidget>("tabQuery");
-        tabs.setCurrentIndex(1);
-        EXPECT_EQ(driver.text("txtQuery"), u"SELECT [tblPart].[PartID]\nFROM [tblPart]"_s);
-        driver.control<QPlainTextEdit>("txtQuery")
-            .setPlainText(u"select PartID, Price from tblPart where Price > 1"_s);
-        tabs.setCurrentIndex(0);
-        driver.press("cmdShowRows");
-        EXPECT_EQ(driver.control<grid::GridView>("grdRows").displayedOrder().size(), 2);
-        driver.press("cmdTake");
-    });
-    EXPECT_EQ(found(picked), u"P2|2\nP3|3"_s);
-
-    const QString text = u"select Sum(Price) as Worth from tblPart"_s;
-    EXPECT_EQ(query(text,
-                    [this](const test::ScreenDriver &driver) {
-                        auto &tabs = driver.control<QTabWidget>("tabQuery");
-                        EXPECT_EQ(tabs.currentIndex(), 1);
-                        prompts.expect(u"This query can be changed as text only."_s, Icon::None);
-                        tabs.setCurrentIndex(0);
-                        EXPECT_EQ(tabs.currentIndex(), 1);
-                        tabs.setCurrentIndex(2);
-                        driver.press("cmdTake");
-                    }),
-              text);
-    EXPECT_EQ(
-        query({},
-              [this](const test::ScreenDriver &driver) {
-                  driver.control<QTabWidget>("tabQuery").setCurrentIndex(1);
-                  driver.control<QPlainTextEdit>("txtQuery").setPlainText(u"delete from tblPart"_s);
-                  prompts.expect(u"This query can't be run.\nA report may only read: its "
-                                 "statement has to begin with \"Select\"."_s,
-                                 Icon::None);
-                  driver.press("cmdTake");
-                  EXPECT_TRUE(driver.isOpen());
-                  driver.press("cmdCancel");
-              }),
-        u"(none)"_s);
-    EXPECT_EQ(count(u"tblPart"_s), 3);
-}
-
-TEST_F(OwnReportScreens, AFilterIsTypedAndTheRowInHandIsRemoved)
-{
-    std::optional<report::Layout> asked;
-    test::inScreen(
-        [&] {
-            asked = frmReportQuery(parts(u"select PartID from tblPart"_s),
-                                   ownreports::Kind::NewReport, reporttables::tables())
-                        .ask();
-        },
-        [this](const test::ScreenDriver &driver) {
-            auto &filter = driver.control<QTableWidget>("tblFilter");
-            driver.press("cmdAddFilter");
-            driver.press("cmdAddFilter");
-            prompts.expect(u"Please say what \"PartID\" is compared with."_s, Icon::None);
-            driver.press("cmdTake");
-            EXPECT_TRUE(driver.isOpen());
-            prompts.expect(u"Please say what \"PartID\" is compared with."_s, Icon::None);
-            driver.control<QTabWidget>("tabQuery").setCurrentIndex(1);
-            EXPECT_EQ(driver.control<QTabWidget>("tabQuery").currentIndex(), 0);
-            const auto value = [&](int row) {
-                return qobject_cast<QLineEdit *>(filter.cellWidget(row, 2));
-            };
-            QTest::keyClicks(value(1), u"P2"_s);
-            value(0)->setFocus();
-            driver.press("cmdRemoveFilter");
-            driver.press("cmdTake");
-        });
-    ASSERT_TRUE(asked);
-    EXPECT_EQ(found(asked->query), u"P2"_s);
-}
-
-TEST_F(OwnReportScreens, AJoinIsSeenAndChanged)
-{
-    std::optional<report::Layout> asked;
-    test::inScreen(
-        [&] {
-            asked = frmReportQuery(parts(u"select PartID from tblPart"_s),
-                                   ownreports::Kind::NewReport, reporttables::tables())
-                        .ask();
-        },
-        [this](const test::ScreenDriver &driver) {
-            driver.choose("cboTable", u"Suppliers"_s);
-            driver.press("cmdAddTable");
-            EXPECT_EQ(driver.text("cboJoinOwn"), u"Supplier ID"_s);
-            EXPECT_EQ(driver.text("cboJoinTo"), u"Parts: Supplier"_s);
-            driver.press("chkOnlyMatching");
-            driver.choose("cboJoinTo", u"Parts: Part Category"_s);
-            driver.choose("cboTable", u"Scans of machines"_s);
-            driver.press("cmdAddTable");
-            prompts.expect(u"Please say by which columns \"tblEquipmentScan\" is joined."_s,
-                           Icon::None);
-            driver.press("cmdTake");
-            driver.press("cmdRemoveTable");
-            driver.press("cmdTake");
-        });
-    ASSERT_TRUE(asked);
-    EXPECT_EQ(asked->query,
-              u"SELECT [tblPart].[PartID]\nFROM [tblPart]\nINNER JOIN [tblSupplier] ON "
-              "[tblPart].[PartCategoryID] = [tblSupplier].[SupplierID]"_s);
-}
-
-TEST_F(OwnReportScreens, ParametersHaveNamesOfTheirOwnAndListsThatCanBeRead)
-{
-    std::optional<report::Layout> asked;
-    test::inScreen(
-        [&] {
-            asked =
-                frmReportQuery(parts({}), ownreports::Kind::DefaultReport, reporttables::tables())
-                    .ask();
-        },
-        [this](const test::ScreenDriver &driver) {
-            auto &rows = driver.control<grid::GridView>("grdParameters").rows();
-            driver.control<QTabWidget>("tabQuery").setCurrentIndex(0);
-            driver.press("grdParametersAdd");
-            prompts.expect(u"Each line needs a name of its own."_s, Icon::None);
-            driver.press("cmdTake");
-            rows.setValue(0, u"Name", u"Site"_s);
-            rows.setValue(0, u"List (a query)", u"select Nothing from tblSite"_s);
-            prompts.expect(listRefusal(), Icon::None);
-            driver.press("cmdTake");
-            EXPECT_TRUE(driver.isOpen());
-            rows.setValue(0, u"List (a query)", u"select SiteName from tblSite"_s);
-            rows.setValue(0, u"Type", static_cast<int>(report::ParameterType::Date));
-            driver.press("grdParametersAdd");
-            rows.setValue(1, u"Name", u"SITE"_s);
-            prompts.expect(u"Each line needs a name of its own."_s, Icon::None);
-            driver.press("cmdTake");
-            driver.press("grdParametersRemove");
-
-            driver.control<QTabWidget>("tabQuery").setCurrentIndex(1);
-            auto &sets = driver.control<grid::GridView>("grdRowSets").rows();
-            driver.press("grdRowSetsAdd");
-            sets.setValue(0, u"Name", u"sites"_s);
-            sets.setValue(0, u"Query", u"select SiteName from tblSite where City = ?Site"_s);
-            sets.setValue(0, u"Their key", u"SiteID"_s);
-            prompts.expect(u"The rows \"sites\" can't be read.\nThey have no column \"SiteID\" as "
-                           "their key."_s,
-                           Icon::None);
-            driver.press("cmdTake");
-            sets.setValue(0, u"Their key", u"SiteName"_s);
-            sets.setValue(0, u"Belongs to the row with", u"Site"_s);
-            driver.press("cmdTake");
-        });
-    ASSERT_TRUE(asked);
-    ASSERT_EQ(asked->rowSets.size(), 1);
-    EXPECT_EQ(asked->rowSets.first().key, u"SiteName"_s);
-    EXPECT_EQ(asked->rowSets.first().of, u"Site"_s);
-    ASSERT_EQ(asked->parameters.size(), 1);
-    EXPECT_EQ(asked->parameters.first().name, u"Site"_s);
-    EXPECT_EQ(asked->parameters.first().type, report::ParameterType::Date);
-}
-
-TEST_F(OwnReportScreens, ADeliveredReportReadsAsItDidWhenNothingIsChanged)
-{
-    for (const QString &name : {u"rptEquipmentDetail"_s, u"rptServiceList"_s}) {
-        const report::Layout layout = reportfiles::readDelivered(name);
-        std::optional<report::Layout> asked;
-        test::inScreen(
-            [&] {
-                asked =
-                    frmReportQuery(layout, ownreports::Kind::DefaultReport, reporttables::tables())
-                        .ask();
-            },
-            [](const test::ScreenDriver &driver) { driver.press("cmdTake"); });
-        EXPECT_EQ(asked, layout) << qPrintable(name);
-    }
-}
-
-TEST_F(OwnReportScreens, AnExpressionIsWrittenWithTheOfferOfNames)
-{
-    report::ExpressionQuestion question;
-    question.caption = u"Content"_s;
-    for (const QString &name : {u"PartID"_s, u"Part Name"_s}) {
-        report::DesignField field;
-        field.name = name;
-        question.fields.append(field);
-    }
-    const db::Recordset rows =
-        gcnData->Open(u"select PartID, Description as [Part Name] from tblPart order by PartID"_s);
-    std::optional<QString> written;
-    test::inScreen([&] { written = askExpression(question, parts({}), rows, nullptr); },
-                   [](const test::ScreenDriver &driver) {
-                       auto &editor = driver.control<QPlainTextEdit>("txtExpression");
-                       QTest::keyClicks(&editor, u"upper("_s);
-                       EXPECT_FALSE(driver.control<QLabel>("lblError").text().isEmpty());
-                       QTest::keyClicks(&editor, u"nam"_s);
-                       QWidget *offer = QApplication::activePopupWidget();
-                       ASSERT_NE(offer, nullptr);
-                       QTest::keyClick(offer, Qt::Key_Return);
-                       QTest::keyClicks(&editor, u")"_s);
-                       EXPECT_EQ(editor.toPlainText(), u"upper([Part Name])"_s);
-                       EXPECT_EQ(driver.control<QLabel>("lblError").text(), QString());
-                       EXPECT_TRUE(driver.control<QLabel>("lblValues").text().contains(u"PART 2"));
-                       driver.press("cmdTake");
-                   });
-    EXPECT_EQ(written, u"upper([Part Name])"_s);
 }
 
 } // namespace
