@@ -17,6 +17,8 @@
 #include "support/TestEnvironment.h"
 
 #include <QDir>
+#include <algorithm>
+#include <map>
 
 using namespace Qt::StringLiterals;
 using namespace newreport;
@@ -87,6 +89,26 @@ report::Layout withFirstRows(report::Layout layout)
     return layout;
 }
 
+/// Columns of one line stand beside each other without a gap, up to the right margin where one of
+/// them is a text.
+void expectColumnsSideBySide(const report::Layout &layout)
+{
+    const auto detail =
+        std::ranges::find(layout.bands, report::BandKind::Detail, &report::Band::kind);
+    ASSERT_NE(detail, layout.bands.end());
+    std::map<report::Length, report::Length> ends; // of the lines, by their height
+    for (const report::Object &object : detail->objects) {
+        if (object.kind != report::ObjectKind::Field)
+            continue;
+        EXPECT_EQ(object.x, ends[object.y]);
+        EXPECT_GT(object.width, 1000);
+        ends[object.y] = object.x + object.width;
+    }
+    constexpr report::Length Rounding = 20;
+    for (const auto &[y, end] : ends)
+        EXPECT_LE(end, layout.page.innerWidth() + Rounding);
+}
+
 /// Keeps a report as a file where the variable says, to look at.
 void keepForLooking(const report::Layout &layout, const QString &name)
 {
@@ -126,6 +148,7 @@ TEST_F(NewReport, EveryTableInEveryFormPrintsWithoutARemark)
             EXPECT_EQ(printed.problems, QStringList())
                 << qPrintable(table.name) << ' ' << form << '\n'
                 << qPrintable(layout.query);
+            expectColumnsSideBySide(layout);
             const report::LayoutReading reading = report::readLayout(report::writeLayout(layout));
             EXPECT_TRUE(reading.layout && *reading.layout == layout) << qPrintable(table.name);
             keepForLooking(layout, table.name + QString::number(form));
@@ -156,6 +179,21 @@ TEST_F(NewReport, PartsBySupplierHasItsSumsAndItsChart)
     EXPECT_TRUE(printed.text.contains(u"Parts {by} supplier"));
     EXPECT_TRUE(printed.text.contains(u"Printed "_s + base::now().toString(u"MM/dd/yyyy"_s)));
     EXPECT_TRUE(printed.text.contains(u"\"Qty on Hand by Supplier\""));
+    qsizetype before = -1;
+    for (const db::Row row : gcnData->Open(u"Select PartID from tblPart where SupplierID = (Select "
+                                           "min(SupplierID) from tblSupplier) order by PartID"_s)) {
+        const qsizetype at = printed.text.indexOf(u'"' + row.text(u"PartID") + u'"');
+        EXPECT_GT(at, before) << qPrintable(row.text(u"PartID"));
+        before = at;
+    }
+    for (const report::Band &band : layout.bands)
+        for (const report::Object &object : band.objects)
+            if (object.kind == report::ObjectKind::Chart) {
+                EXPECT_EQ(object.chart.order, report::ChartOrder::Value);
+                EXPECT_GT(object.chart.most, 0);
+                EXPECT_TRUE(object.chart.others);
+            }
+    EXPECT_TRUE(layout.groups.first().repeatHeader);
     // What is grouped by stands in no column of its own.
     EXPECT_FALSE(printed.text.contains(u"\"Supplier\""));
     keepForLooking(layout, u"PartsBySupplier"_s);

@@ -259,6 +259,7 @@ TEST_F(ReportQuery, OnlyTheFirstRowsAreReadForDesigning)
     for (const Row &row :
          {Row{u"select PartID from tblPart"_s, 1},
           {u"select distinct Inactive from tblPart order by Inactive"_s, 1},
+          {u"select all PartID from tblPart"_s, 1},
           {u"select top 2 PartID from tblPart"_s, 2},
           {u"select PartID from tblPart union select Name from tblSupplier"_s, 3},
           {u"select PartID from tblPart where Price > ?Most"_s, 1},
