@@ -2,6 +2,7 @@
 
 #include "administration/AdministrationSession.h"
 #include "support/Damage.h"
+#include "support/OwnLocks.h"
 
 #include <QCoreApplication>
 #include <QProcess>
@@ -109,7 +110,9 @@ TEST_F(Compacts, KilledAtAnyMomentLeaveTheDatabaseWhole)
 {
     for (int delay = 0; delay < 1500; delay += 150) {
         closeConnections();
+        const QTemporaryDir locks;
         QProcess program;
+        program.setProcessEnvironment(test::withOwnLocks(locks));
         program.start(QCoreApplication::applicationDirPath() + u"/administration_helper"_s,
                       {base::environment().applicationFolder, u"compact"_s});
         ASSERT_TRUE(program.waitForReadyRead(30'000));

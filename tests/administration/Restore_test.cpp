@@ -5,6 +5,7 @@
 #include "administration/SealedFile.h"
 #include "core/database/Changes.h"
 #include "support/Damage.h"
+#include "support/OwnLocks.h"
 #include "support/Raised.h"
 
 #include <QCoreApplication>
@@ -198,7 +199,9 @@ TEST_F(Restores, KilledAtAnyMomentLeaveOneOfTheTwoWhole)
         addMachine(1);
         addMachine(2);
         closeConnections();
+        const QTemporaryDir locks;
         QProcess program;
+        program.setProcessEnvironment(test::withOwnLocks(locks));
         program.start(QCoreApplication::applicationDirPath() + u"/administration_helper"_s,
                       {base::environment().applicationFolder, copy().file});
         ASSERT_TRUE(program.waitForReadyRead(30'000));

@@ -6,6 +6,7 @@
 #include "core/database/Changes.h"
 #include "core/database/CreateDatabase.h"
 #include "platform/db/Structure.h"
+#include "support/OwnLocks.h"
 #include "support/Raised.h"
 #include "support/ScriptedPrompts.h"
 #include "support/TestFiles.h"
@@ -401,7 +402,9 @@ protected:
     }
     void killedBefore(int change)
     {
+        const QTemporaryDir locks;
         QProcess program;
+        program.setProcessEnvironment(test::withOwnLocks(locks));
         program.start(QCoreApplication::applicationDirPath() + u"/core_update_helper"_s,
                       {base::environment().applicationFolder, base::environment().registryFile,
                        QString::number(change)});

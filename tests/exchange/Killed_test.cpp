@@ -1,4 +1,5 @@
 #include "exchange/Handheld.h"
+#include "support/OwnLocks.h"
 
 #include <QCoreApplication>
 #include <QProcess>
@@ -43,7 +44,9 @@ protected:
     bool runImporter(int statement, int milliseconds = 30'000)
     {
         closeConnections();
+        const QTemporaryDir locks;
         QProcess importer;
+        importer.setProcessEnvironment(test::withOwnLocks(locks));
         importer.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         importer.start(
             QCoreApplication::applicationDirPath() + u"/test_exchange_importer"_s,
