@@ -220,8 +220,7 @@ void countReading(const Command &command, Run &run)
     if (const QString &type = command.at(2); !readings::periodCode(type).isEmpty())
         run.countType = type;
     if (readings::isInProcess(machine, run.countType)) {
-        told::message(
-            u"Service is in-proccess for this equipment service can't be rescheduled."_s);
+        told::message(u"Service is in-proccess for this equipment service can't be rescheduled."_s);
         return;
     }
     readings::applyToServices(machine);

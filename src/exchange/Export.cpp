@@ -324,7 +324,7 @@ bool GenrateXML(bool &failed)
         sys::writeFile(exportedFile(), text);
         failed = false;
         told::information(u"Quorvantis records have been exported successfully.\n"
-                              "Put the Windows Mobile device Into the cradle."_s);
+                          "Put the Windows Mobile device Into the cradle."_s);
         return true;
     });
 }

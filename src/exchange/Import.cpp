@@ -121,7 +121,7 @@ void clear(ImportQueue &queue, const std::vector<ReadFile> &files)
     const QStringList aside = queue.clear(unreadable);
     if (!reasons.isEmpty())
         told::critical(u"Nothing could be imported from:\n"_s + reasons.join(u'\n') +
-                           u"\n\nKept for you as:\n"_s + aside.join(u'\n'));
+                       u"\n\nKept for you as:\n"_s + aside.join(u'\n'));
 }
 
 bool runImport(const Form &form, const base::Progress &progress)
@@ -132,7 +132,7 @@ bool runImport(const Form &form, const base::Progress &progress)
             told::message(form.unmarked);
         if (!queue.lock()) {
             told::message(u"Another workstation is importing these files. Please try again "
-                              "when it has ended."_s);
+                          "when it has ended."_s);
             return false;
         }
         if (form.usesIds)

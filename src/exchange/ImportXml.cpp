@@ -54,7 +54,7 @@ QList<ImportXml::File> ImportXml::files()
     const QDir folder(path({}));
     if (!folder.exists()) {
         told::critical(u"System Folder has been deleted or modified\rData Import process "
-                           "failed."_s);
+                       "failed."_s);
         return {};
     }
     QList<File> files;

@@ -7,8 +7,8 @@
 #include <optional>
 
 /// The lists of services from which one is opened or some are picked: "Service ID" (the key of the
-/// list's own table), "ServiceID" (that of the catalogue), "Service No", "Name", "Crew", "Cost Center" and what else a list shows.
-/// Data. All raise DbError.
+/// list's own table), "ServiceID" (that of the catalogue), "Service No", "Name", "Crew", "Cost
+/// Center" and what else a list shows. Data. All raise DbError.
 namespace servicelists {
 
 /// The services of the catalogue but those of these keys.

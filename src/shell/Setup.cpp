@@ -56,13 +56,11 @@ constexpr std::array deliveredSizes{
 };
 
 constexpr std::array<QStringView, 19> options{
-    u"UserDefinedField1",    u"UserDefinedField2",    u"UserDefinedField3",
-    u"UserDefinedField4",    u"UserDefinedField5",    u"UserDefinedField6",
-    u"UserDefinedField7",    u"UserDefinedField8",    u"UserDefinedField9",
-    u"UserDefinedField10",   u"GEN_COMPANY_NAME",     u"GEN_COMPANY_ADDRESS1",
-    u"GEN_COMPANY_ADDRESS2", u"GEN_COMPANY_PHONE",    u"GEN_COMPANY_EMAIL",
-    u"GEN_COMPANY_WEBSITE",  u"COUNT_READING_DELAY",  u"SERVICE_LATE_YELLOW",
-    u"SERVICE_LATE_RED",
+    u"UserDefinedField1",    u"UserDefinedField2",   u"UserDefinedField3", u"UserDefinedField4",
+    u"UserDefinedField5",    u"UserDefinedField6",   u"UserDefinedField7", u"UserDefinedField8",
+    u"UserDefinedField9",    u"UserDefinedField10",  u"GEN_COMPANY_NAME",  u"GEN_COMPANY_ADDRESS1",
+    u"GEN_COMPANY_ADDRESS2", u"GEN_COMPANY_PHONE",   u"GEN_COMPANY_EMAIL", u"GEN_COMPANY_WEBSITE",
+    u"COUNT_READING_DELAY",  u"SERVICE_LATE_YELLOW", u"SERVICE_LATE_RED",
 };
 
 void store(QStringView measure, const FormSize &size, int twips)

@@ -1,8 +1,8 @@
 #include "core/DailyCopies.h"
 
 #include "core/CompanySession.h"
-#include "support/TestFiles.h"
 #include "core/Options.h"
+#include "support/TestFiles.h"
 
 #include <QDir>
 #include <algorithm>

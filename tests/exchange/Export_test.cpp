@@ -1,13 +1,13 @@
 #include "exchange/Export.h"
 
 #include "core/CompanySession.h"
+#include "core/Options.h"
 #include "exchange/Handheld.h"
 #include "exchange/ValueText.h"
 #include "exchange/XmlFault.h"
 #include "platform/base/Error.h"
 #include "support/ScriptedPrompts.h"
 #include "support/TestFiles.h"
-#include "core/Options.h"
 
 #include <QDir>
 

@@ -226,9 +226,9 @@ TEST_F(HandPartFigures, Lines)
               QStringList({u"A|Belt||3"_s, u"B|Plug||1"_s, u"C|Gasket||3"_s}));
     EXPECT_EQ(printed(u"rptInventoryReorderReport"_s).lines,
               QStringList({u"A|Belt||4|3|5|10|$105.00"_s, u"F|Clip||1||3|4|$0.02"_s}));
-    EXPECT_EQ(printed(u"rptInventoryOrder_UpCommingServices"_s, DueInSpring).lines,
-              QStringList({u"A|Belt||4|5|1"_s, u"B|Plug||9|1|"_s,
-                           u"C|Part no longer on file||0|6|6"_s}));
+    EXPECT_EQ(
+        printed(u"rptInventoryOrder_UpCommingServices"_s, DueInSpring).lines,
+        QStringList({u"A|Belt||4|5|1"_s, u"B|Plug||9|1|"_s, u"C|Part no longer on file||0|6|6"_s}));
     // With what open orders will take of it, B falls below its minimum of 2 too.
     gcnData->Execute(u"Insert into tblWoPartUsed(ServiceUsedID, PartID, QuantityRequired) "
                      "values(303, 'B', 8)"_s);
@@ -289,8 +289,8 @@ protected:
                 time.size() == 2 ? time[0].toInt() * 60 + time[1].toInt() : 0};
         }
         // Two machines are deleted, and what was done on them stays.
-        for (const qint64 machine : {services.begin()->second.machine,
-                                     services.rbegin()->second.machine})
+        for (const qint64 machine :
+             {services.begin()->second.machine, services.rbegin()->second.machine})
             gcnData->Execute(u"Delete from tblEquipment where EquipmentID = ?"_s, {machine});
         for (const db::Row row : table(u"tblEquipment"_s))
             machines.insert(row.integer(u"EquipmentID"));

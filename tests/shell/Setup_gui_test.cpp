@@ -23,7 +23,6 @@ struct Setup : testing::Test
         EXPECT_TRUE(QTest::qWaitForWindowActive(&screen));
     }
 
-
     void page(int index) { driver.control<QTabWidget>("tabOptions").setCurrentIndex(index); }
     bool canApply() const { return driver.control("cmdApply").isEnabled(); }
 
@@ -55,10 +54,9 @@ TEST_F(Setup, EveryOptionHasItsBoxAndComesBack)
     frmSetup opened;
     const ScreenDriver boxes(opened);
     QStringList shown;
-    for (const char *box :
-         {"txtField1", "txtField2", "txtField3", "txtField4", "txtField5", "txtField6", "txtField7",
-          "txtField8", "txtField9", "txtField10", "txtCompanyName", "txtCompanyAddress1",
-          "txtCompanyAddress2"})
+    for (const char *box : {"txtField1", "txtField2", "txtField3", "txtField4", "txtField5",
+                            "txtField6", "txtField7", "txtField8", "txtField9", "txtField10",
+                            "txtCompanyName", "txtCompanyAddress1", "txtCompanyAddress2"})
         shown.append(boxes.text(box));
     EXPECT_EQ(shown, u"1 2 3 4 5 6 7 8 9 10 11 12 13"_s.split(u' '));
     EXPECT_EQ(boxes.text("txtCompanyEmail"), u"15"_s);
@@ -120,7 +118,8 @@ TEST_F(Setup, AnOptionThatAnotherProgramHoldsStaysChanged)
 {
     driver.type("txtCompanyName", u"Greenways"_s);
     gcnData->BeginTrans();
-    gcnData->Execute(u"Update tblSysOption set itemValue = 'x' where SysOption = 'GEN_COMPANY_NAME'"_s);
+    gcnData->Execute(
+        u"Update tblSysOption set itemValue = 'x' where SysOption = 'GEN_COMPANY_NAME'"_s);
     driver.press("cmdApply");
     gcnData->RollbackTrans();
     ASSERT_EQ(session.errors.size(), 1U);
