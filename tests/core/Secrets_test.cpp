@@ -76,7 +76,7 @@ TEST_F(Secrets, StayAsTheyAreWhenANewOneCantBeKept)
 {
     secrets::store(Option, Secret);
     const auto tooLong = test::raisedBy([] { secrets::store(Option, QString(800, u'x')); });
-    EXPECT_TRUE(tooLong.description().contains(u"too long"_s)) << tooLong.what();
+    EXPECT_EQ(tooLong.number(), base::ErrorNumber::InvalidCall) << tooLong.what();
     EXPECT_EQ(secrets::read(Option), Secret);
     test::writeFile(keyFile(), "damaged");
     const auto damaged = test::raisedBy([] { secrets::store(Option, u"other"_s); });

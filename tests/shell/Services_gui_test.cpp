@@ -228,6 +228,12 @@ TEST_F(Services, TheScriptOfAFailedUpdateGoesToTheMakers)
 
     const SmtpServer server({});
     setUpMail(server);
+    maker(u"ReportMailbox"_s, u" ; "_s);
+    prompts.expect(u"The report could not be sent. The installation names no mailbox of the "
+                   u"makers."_s,
+                   Icon::None);
+    sendIt();
+    setUpMail(server);
     const QString script = base::applicationPath(u"\\Script\\DBChanges.mdb"_s);
     prompts.expect(u"The report could not be sent. The file can't be read: "_s + script,
                    Icon::None);

@@ -58,6 +58,12 @@ void LoopbackServer::Caller::hang()
         m_socket.waitForReadyRead(Moment);
 }
 
+void LoopbackServer::Caller::ignore() const
+{
+    while (!m_stopped)
+        std::this_thread::sleep_for(std::chrono::milliseconds(Moment));
+}
+
 bool LoopbackServer::Caller::encrypt(const QString &certificate, const QString &key)
 {
     m_socket.setLocalCertificate(certificate);

@@ -27,6 +27,8 @@ public:
         void say(const QByteArray &bytes);
         /// Says nothing until the caller or the server goes.
         void hang();
+        /// Neither reads nor says anything until the server goes.
+        void ignore() const;
         void close() { m_socket.abort(); }
         [[nodiscard]] bool isThere() const;
         /// Turns to encryption; False when the caller doesn't.

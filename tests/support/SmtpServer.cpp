@@ -109,6 +109,10 @@ void SmtpServer::logIn(LoopbackServer::Caller &caller, const QByteArray &line, M
 
 bool SmtpServer::takeText(LoopbackServer::Caller &caller, Mail &mail)
 {
+    if (m_behaviour.fault == Fault::IgnoresMessage) {
+        caller.ignore();
+        return false;
+    }
     if (m_behaviour.fault == Fault::DropsAtMessage) {
         caller.close();
         return false;

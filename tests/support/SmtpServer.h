@@ -17,6 +17,7 @@ public:
         None,
         HangsAtOnce,    ///< never greets
         HangsAtMessage, ///< takes the message and says nothing more
+        IgnoresMessage, ///< lets the message come and doesn't read it
         DropsAtMessage, ///< goes away when the message comes
         OffersNothing   ///< says that it knows no encryption
     };

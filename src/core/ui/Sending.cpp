@@ -34,9 +34,12 @@ void storeRemote(const ErrorReportDetails &details)
 
 bool sendToMakers(const ReportMail &report)
 {
-    const QStringList recipients = mail::addressesOf(mailbox());
-    if (recipients.isEmpty() || !mailing::isSetUp())
+    if (!mailing::isSetUp())
         return false;
+    const QStringList recipients = mail::addressesOf(mailbox());
+    if (recipients.isEmpty())
+        throw base::Error(base::ErrorNumber::InvalidCall,
+                          u"The installation names no mailbox of the makers."_s);
     mailing::sendShown(u"Sending Error Report"_s, mailing::account(),
                        {.sender = report.sender,
                         .senderName = report.senderName,

@@ -138,6 +138,9 @@ TEST(Mail, WhatTheServerDoesWrongIsToldAndNothingIsTaken)
             server.fault = fault;
         };
     };
+    const QString longFile = environment.folder() + u"/long.pdf"_s;
+    test::writeFile(longFile, {});
+    QFile::resize(longFile, 30 << 20);
     const Case cases[] = {
         {"refused the message: 550 5.1.1 No such user here", [](auto &) {},
          [](auto &, auto &message) { message.recipients.append(u"gone@example.com"_s); }},
@@ -147,6 +150,8 @@ TEST(Mail, WhatTheServerDoesWrongIsToldAndNothingIsTaken)
          [](auto &account, auto &) { account.user.clear(); }},
         {"did not answer within 1 seconds", plain(Fault::HangsAtOnce), same},
         {"did not answer within 1 seconds", plain(Fault::HangsAtMessage), same},
+        {"did not answer within 1 seconds", plain(Fault::IgnoresMessage),
+         [&](auto &, auto &message) { message.attachment = longFile; }},
         {"broke off", plain(Fault::DropsAtMessage), same},
         {"certificate of the mail server is not valid for \"localhost\"",
          [](auto &server) { server.certificate = certificateOf(u"elsewhere.example"_s); }, same},
