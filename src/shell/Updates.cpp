@@ -31,6 +31,22 @@ QString value(const QString &name)
     return GetRegistryValue(name).trimmed();
 }
 
+/// The version of the release on a share; empty where there is none, or no answer in time.
+QString releaseOn(const ReleaseShare &share)
+{
+    try {
+        const auto line = sys::firstLine(share.folder + u"/update.txt"_s, LongestWait);
+        if (!line)
+            qWarning("no answer from %s, looking for a newer release at the next start",
+                     qUtf8Printable(share.folder));
+        return line.value_or(QString()).trimmed();
+    } catch (const base::Error &error) {
+        if (share.isNamed || error.number() != base::ErrorNumber::PathNotFound)
+            throw;
+        return {};
+    }
+}
+
 Offer readOffer(QXmlStreamReader &feed)
 {
     QStringList children;
@@ -48,12 +64,12 @@ std::optional<ReleaseShare> releaseShare()
     if ((version >= FirstClientVersion || !source.isEmpty()) && version <= LastClientVersion) {
         if (source.isEmpty())
             return std::nullopt;
-        return ReleaseShare{path(source), value(u"CLIENTVERSION"_s)};
+        return ReleaseShare{path(source), value(u"CLIENTVERSION"_s), true};
     }
     const QString place = value(u"PATH"_s);
     if (place.isEmpty())
         return std::nullopt;
-    return ReleaseShare{path(place + u"Client"_s), value(u"VERSION"_s)};
+    return ReleaseShare{path(place + u"Client"_s), value(u"VERSION"_s), false};
 }
 
 bool CheckForUpdate()
@@ -62,13 +78,7 @@ bool CheckForUpdate()
         const std::optional<ReleaseShare> share = releaseShare();
         if (!share || value(AtStartValue) == u"0")
             return false;
-        const auto line = sys::firstLine(share->folder + u"/update.txt"_s, LongestWait);
-        if (!line) {
-            qWarning("no answer from %s, looking for a newer release at the next start",
-                     qUtf8Printable(share->folder));
-            return false;
-        }
-        if (line->trimmed() <= share->installed)
+        if (releaseOn(*share) <= share->installed)
             return false;
         told::information(
             u"System found an update for Quorvantis. It will start automatically in a moment."_s);

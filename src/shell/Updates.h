@@ -17,13 +17,17 @@ struct ReleaseShare
 {
     QString folder;
     QString installed;
+    /// The installation names it for releases; otherwise its name is made from the place of other
+    /// things, and the folder may never have been there.
+    bool isNamed = false;
 };
 /// The share that this workstation updates from; nothing where none is set up.
 [[nodiscard]] std::optional<ReleaseShare> releaseShare();
 
 /// Looks for a newer release on the share, and starts its installer after telling. True when the
 /// process is to end for it. Waits two seconds at most: a share that is slower is left for the next
-/// start. A missing file is reported, and the start goes on.
+/// start. A missing file is reported, and the start goes on; where no folder is that nobody named
+/// for releases, there is nothing to look for.
 bool CheckForUpdate();
 
 /// What the makers offer.

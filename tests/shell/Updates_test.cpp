@@ -112,8 +112,20 @@ TEST_F(Updates, AMissingFileIsReportedAndASlowShareLeftAlone)
     release("2.0");
     EXPECT_FALSE(updates::CheckForUpdate()) << "without the installer";
     EXPECT_EQ(session.errors.size(), 2U);
+    // A folder that is named for releases has to be there, one beside other things need not.
+    SetRegistryValue(u"SRCPATH"_s, share + u"/none"_s);
+    EXPECT_FALSE(updates::CheckForUpdate());
+    EXPECT_EQ(session.errors.size(), 3U);
+    SetRegistryValue(u"SRCPATH"_s, {});
+    SetRegistryValue(u"PATH"_s, share + u'/');
+    EXPECT_FALSE(updates::CheckForUpdate());
+    EXPECT_EQ(session.errors.size(), 3U);
+    QDir(share).mkdir(u"Client"_s);
+    EXPECT_FALSE(updates::CheckForUpdate());
+    EXPECT_EQ(session.errors.size(), 4U);
     session.errors.clear();
 
+    SetRegistryValue(u"SRCPATH"_s, share);
     QFile::remove(share + u"/update.txt"_s);
     ASSERT_EQ(mkfifo(qPrintable(share + u"/update.txt"_s), 0600), 0);
     QElapsedTimer clock;

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <future>
 #include <thread>
 
@@ -18,6 +19,8 @@ QString readFirstLine(const QString &path)
 {
     QFile file(path);
     const QString shown = QDir::toNativeSeparators(path);
+    if (!QFileInfo(path).absoluteDir().exists())
+        throw base::Error(base::ErrorNumber::PathNotFound, u"Path not found: "_s + shown);
     if (!file.exists())
         throw base::Error(base::ErrorNumber::FileNotFound, u"File not found: "_s + shown);
     if (!file.open(QIODevice::ReadOnly))

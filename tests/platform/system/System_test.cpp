@@ -147,6 +147,7 @@ TEST_F(Files, TheFirstLineComesOrIsNotWaitedFor)
     EXPECT_EQ(firstLine("\n9.9"), QString());
     EXPECT_LT(firstLine(QByteArray(5000, '9'))->size(), 1001);
     EXPECT_EQ(errorOf([&] { static_cast<void>(sys::firstLine(path(u"none"_s), 5s)); }), 53);
+    EXPECT_EQ(errorOf([&] { static_cast<void>(sys::firstLine(path(u"none/x"_s), 5s)); }), 76);
 #ifdef Q_OS_UNIX
     // A pipe that nobody writes hangs as a share does.
     ASSERT_EQ(mkfifo(qPrintable(path(u"pipe"_s)), 0600), 0);
