@@ -218,7 +218,8 @@ TEST_F(NewReport, KeysOfOtherRowsReadAsNamesAndOnlyAmountsAreSummed)
                            {"tblServices", "Job No", false},
                            {"tblServices", "Interval", true},
                            {"tblEquipment", "Inactive", false},
-                           {"tblCrew", "Crew Number", false}})
+                           {"tblCrew", "Crew Number", false},
+                           {"tblServiceUsedPart", "Service: Interval", false}})
         EXPECT_EQ(
             field(QString::fromLatin1(row.table), QString::fromLatin1(row.caption)).canTotal(),
             row.canTotal)
@@ -273,6 +274,36 @@ TEST_F(NewReport, AReportOfNothingIsRefusedInPlainWords)
     EXPECT_NE(problemOf(choice), QString());
     choice.groups.removeLast();
     EXPECT_EQ(problemOf(choice), QString());
+}
+
+TEST_F(NewReport, ColumnsGiveWayBeforeTheyGoOnInAnotherLine)
+{
+    Choice choice = partsBySupplier();
+    choice.columns += {field(choice.table, u"Bin"_s), field(choice.table, u"Bar Code"_s)};
+    const auto lines = [&] {
+        QSet<report::Length> tops;
+        for (const report::Band &band : make(choice, tables).bands)
+            for (const report::Object &object : band.objects)
+                if (band.kind == report::BandKind::Detail &&
+                    object.kind == report::ObjectKind::Field)
+                    tops.insert(object.y);
+        return tops.size();
+    };
+    EXPECT_EQ(lines(), 1);
+    choice.columns = fieldsOf(choice.table, tables);
+    EXPECT_GT(lines(), 1);
+}
+
+TEST_F(NewReport, ATotalStandsBesideItsLabelWhereThereIsRoom)
+{
+    Choice choice = partsBySupplier();
+    const auto footer = [&] {
+        const report::Layout layout = make(choice, tables);
+        return *std::ranges::find(layout.bands, report::BandKind::GroupFooter, &report::Band::kind);
+    };
+    EXPECT_EQ(footer().objects[0].y, footer().objects[1].y);
+    choice.columns = {};
+    EXPECT_LT(footer().objects[0].y, footer().objects[1].y);
 }
 
 TEST_F(NewReport, ManyColumnsAskForAWidePage)

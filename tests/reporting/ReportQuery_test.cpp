@@ -76,6 +76,16 @@ TEST_F(ReportQuery, TablesAreJoinedByTheirKeyAndRowsWithoutPartnerStay)
     EXPECT_EQ(rowsOf(query), u"F*1|Acme"_s);
 }
 
+TEST_F(ReportQuery, WhatPointsToATableIsJoinedToItToo)
+{
+    Query query;
+    addSource(query, u"tblSupplier"_s);
+    addSource(query, u"tblPart"_s);
+    addColumn(query, {u"tblSupplier"_s, u"Name"_s});
+    addColumn(query, {u"tblPart"_s, u"PartID"_s});
+    EXPECT_EQ(rowsOf(query), u"Acme|F*1"_s);
+}
+
 TEST_F(ReportQuery, ConditionsCompareAsTheUserTypes)
 {
     struct Row
@@ -235,6 +245,7 @@ TEST_F(ReportQuery, AFieldBringsItsTableIntoTheQuery)
                                                {u"Equipment"_s, u"Acquisitiondate"_s, Date}})
         EXPECT_EQ(field(table, caption).type, type) << qPrintable(caption);
 
+    query = u"select PartID from tblPart"_s;
     const QString before = query;
     EXPECT_NE(designfields::addTo(query, field(u"Scans of machines"_s, u"Scan Time"_s), tables),
               QString());
