@@ -188,6 +188,7 @@ TEST_F(ReportQuery, ATextIsShownByPickingOnlyWhenNothingOfItIsLost)
          u"select PartID from tblPart where PartID like '*a?'"_s,
          u"select PartID from tblPart where PartID like '*a'"_s,
          u"select count(*) from tblPart group by PartID"_s,
+         u"select PartID from tblPart having count(*) > 1"_s,
          u"select PartID from tblPart union select Name from tblSupplier"_s,
          u"select PartID from tblPart, tblSupplier"_s, u"select UserName from tblUser"_s,
          u"select PartID from (select * from tblPart) as x"_s, u"delete from tblPart"_s,
