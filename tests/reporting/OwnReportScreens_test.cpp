@@ -352,6 +352,26 @@ TEST_F(OwnReportScreens, TheWizardMakesAReportThatShowsItsRows)
         });
 }
 
+TEST_F(OwnReportScreens, AReportWhoseRowsCannotBeReadIsDesignedWithoutThem)
+{
+    const QString query = u"select Nowhere from tblPart"_s;
+    report::writeLayoutFile(parts(query), own(u"Mine.rpt"_s));
+    QString reason;
+    try {
+        static_cast<void>(gcnData->Open(u"select TOP 100 Nowhere from tblPart"_s));
+    } catch (const base::Error &error) {
+        reason = error.description();
+    }
+    prompts.expect(u"The report's rows can't be read.\n"_s + reason, Icon::None);
+    test::inScreen([&] { frmReportModify().ShowReport(own(u"Mine.rpt"_s), u"Mine.rpt"_s); },
+                   [&](const test::ScreenDriver &driver) {
+                       EXPECT_EQ(
+                           driver.control<report::ReportDesigner>("CRDesignerCtrl1").layout().query,
+                           query);
+                       driver.press("cmdExit");
+                   });
+}
+
 TEST_F(OwnReportScreens, EveryDeliveredReportIsPreviewedInTheDesigner)
 {
     for (const QString &name : {u"rptInventoryReport"_s, u"rptWorkorder"_s}) {

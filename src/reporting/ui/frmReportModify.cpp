@@ -136,6 +136,8 @@ void frmReportModify::open(const report::Layout &layout)
     CRDesignerCtrl1->setPictureFolder(
         ownreports::folderPath(m_kind == Kind::DefaultReport ? ownreports::Folder::Delivered
                                                              : ownreports::Folder::UserDefined));
+    // The fields come below, once.
+    m_shownQuery = layout.query;
     CRDesignerCtrl1->setLayout(layout);
     cmdWizard->setVisible(m_kind == Kind::NewReport);
     refreshFields();
@@ -186,34 +188,28 @@ void frmReportModify::layoutChanged()
         refreshFields();
 }
 
+/// Some rows to design on, none where they can't be read, which is told: a layout can be changed
+/// without them too.
 db::Recordset frmReportModify::sampleRows() const
 {
-    return base::trapped(Module, "SampleRows", db::Recordset(), [this] {
-        const report::Layout &layout = CRDesignerCtrl1->layout();
-        if (m_kind == Kind::DefaultReport) {
-            const QString query = previewQuery(m_key);
-            return query.isEmpty()
-                       ? db::Recordset()
-                       : gcnData->Open(ownreports::limited(query, ownreports::SampleRows));
-        }
-        return layout.query.isEmpty() ? db::Recordset() : ownreports::firstRows(layout);
-    });
+    const report::Layout &layout = CRDesignerCtrl1->layout();
+    try {
+        const BusyPointer busy;
+        if (m_kind == Kind::NewReport)
+            return layout.query.isEmpty() ? db::Recordset() : ownreports::firstRows(layout);
+        const QString query = previewQuery(m_key);
+        return query.isEmpty() ? db::Recordset()
+                               : gcnData->Open(ownreports::limited(query, ownreports::SampleRows));
+    } catch (const base::Error &error) {
+        base::showMessage(u"The report's rows can't be read.\n%1"_s.arg(error.description()));
+        return {};
+    }
 }
 
 void frmReportModify::refreshFields()
 {
     m_shownQuery = CRDesignerCtrl1->layout().query;
-    db::Recordset rows;
-    if (m_kind == Kind::DefaultReport)
-        rows = sampleRows();
-    else if (!m_shownQuery.isEmpty())
-        try {
-            const BusyPointer busy;
-            rows = ownreports::firstRows(CRDesignerCtrl1->layout(), 1);
-        } catch (const base::Error &error) {
-            base::showMessage(u"The report's query can't be read.\n%1"_s.arg(error.description()));
-        }
-    QList<report::DesignField> fields = designfields::ofRows(rows, m_tables);
+    QList<report::DesignField> fields = designfields::ofRows(sampleRows(), m_tables);
     if (m_kind == Kind::NewReport)
         fields += designfields::ofTables(m_tables);
     CRDesignerCtrl1->setFields(fields);
