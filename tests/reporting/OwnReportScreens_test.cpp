@@ -12,6 +12,7 @@
 
 #include <QLabel>
 #include <QListWidget>
+#include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -347,6 +348,35 @@ TEST_F(OwnReportScreens, TheWizardMakesAReportThatShowsItsRows)
             designer.viewer().finishLayout();
             EXPECT_EQ(designer.viewer().outcome().problems, QStringList());
             EXPECT_GT(designer.viewer().pageCount(), 0);
+            expectSaveQuestion(Answer::No);
+            driver.press("cmdExit");
+        });
+}
+
+TEST_F(OwnReportScreens, AFieldOfATableIsReadFromThenOn)
+{
+    insert(u"tblSupplier"_s, {{u"SupplierID"_s, 1}, {u"Name"_s, u"Acme"_s}});
+    gcnData->Execute(u"update tblPart set SupplierID = 1, Bin = 'B7'"_s);
+    test::inScreen(
+        [] { frmReportModify().CreateNewReport(); },
+        [this](const test::ScreenDriver &driver) {
+            auto &data = driver.control<QTreeWidget>("data");
+            const auto choose = [&](const QString &shown) {
+                const auto found = data.findItems(shown, Qt::MatchExactly | Qt::MatchRecursive);
+                ASSERT_FALSE(found.isEmpty()) << qPrintable(shown);
+                Q_EMIT data.itemDoubleClicked(found.first(), 0);
+            };
+            choose(u"Bin"_s);
+            choose(u"Name (Supplier_Name)"_s);
+            prompts.expect(u"\"Scans of machines\" has nothing in common with the tables that the "
+                           "report reads. Please join it in the query."_s,
+                           Icon::None);
+            choose(u"Scan Time (ScanTime)"_s);
+            auto &designer = driver.control<report::ReportDesigner>("CRDesignerCtrl1");
+            EXPECT_EQ(found(designer.layout().query).section(u'\n', 0, 0), u"B7|Acme"_s);
+            designer.showPreview();
+            designer.viewer().finishLayout();
+            EXPECT_EQ(designer.viewer().outcome().problems, QStringList());
             expectSaveQuestion(Answer::No);
             driver.press("cmdExit");
         });
