@@ -76,7 +76,9 @@ TEST(Console, WrongCommandLinesAreExplained)
                                       {u"backup"_s, u"x"_s},
                                       {u"check"_s, u"x"_s, u"--deep"_s},
                                       {u"create-sample"_s, u"x"_s, u"--today"_s, u"15.3."_s},
-                                      {u"create-sample"_s, u"x"_s, u"--seed"_s, u"one"_s}};
+                                      {u"create-sample"_s, u"x"_s, u"--seed"_s, u"one"_s},
+                                      {u"import-csv"_s, u"x"_s, u"y"_s},
+                                      {u"import-csv"_s, u"x"_s, u"y"_s, u"--kind"_s, u"z"_s}};
     for (const QStringList &line : lines) {
         const Outcome outcome = runConsole(line);
         EXPECT_EQ(outcome.code, console::WrongUsage) << line.join(u' ').toStdString();
@@ -233,6 +235,54 @@ TEST(Console, SetUpMakesTheFolderOnceAndLeavesItsDatabaseAlone)
     ASSERT_EQ(runConsole({u"set-up"_s, home, u"--sample"_s}).code, console::Success);
     EXPECT_EQ(runConsole({u"run"_s, file}, u"Select count(*) as N from tblUser"_s).out,
               u"N\n0\n"_s);
+}
+
+TEST_F(ConsoleRun, ImportsRowsOnceNothingSpeaksAgainstIt)
+{
+    const QString csv = m_environment.folder() + u"/rows.csv"_s;
+    const auto import = [&](const QByteArray &text, const QStringList &more) {
+        test::writeFile(csv, text);
+        return runConsole(
+            QStringList{u"import-csv"_s, m_database.file(), csv, u"--kind"_s, u"machines"_s} +
+            more);
+    };
+    const QByteArray good = "Unit,Name,Site\nT1,a,North\n";
+    const Outcome wrong = import("Unit,Name\nT1,\n", {u"--dry-run"_s});
+    EXPECT_EQ(wrong.code, console::Failed);
+    EXPECT_EQ(wrong.err, u"Row 2, Equipment Name: It should not be blank.\n"_s);
+    const Outcome dry = import(good, {u"--dry-run"_s, u"--make-entries"_s});
+    EXPECT_EQ(dry.code, console::Success);
+    EXPECT_EQ(dry.out, u"New: Site: North\n1 row was read without a problem. Nothing was imported "
+                       "yet. 1 entry has to be added to the lists.\n"_s);
+    EXPECT_EQ(import(good, {}).code, console::Failed) << "the site is missing";
+    EXPECT_EQ(run(u"Select count(*) as N from tblEquipment"_s).out, u"N\n0\n"_s);
+    EXPECT_EQ(import(good, {u"--make-entries"_s}).out,
+              u"1 row was imported. 1 entry was added to the lists.\n"_s);
+    EXPECT_EQ(
+        run(u"Select e.UnitNo, s.SiteName from tblEquipment e left join tblSite s on e.SiteID = "
+            "s.SiteID"_s)
+            .out,
+        u"UnitNo,SiteName\nT1,North\n"_s);
+}
+
+TEST_F(ConsoleRun, CarriesACompanyIntoAnotherFile)
+{
+    const QString zip = m_environment.folder() + u"/all.zip"_s;
+    const QString copy = m_environment.folder() + u"/copy.mdb"_s;
+    (void)run(u"Insert into tblPart (PartID) values ('A-1')"_s);
+    ASSERT_EQ(runConsole({u"export-tables"_s, m_database.file(), zip}).code, console::Success);
+    for (const bool isThere : {false, true}) {
+        if (isThere) {
+            ASSERT_EQ(runConsole({u"create-empty"_s, copy}).code, console::Success);
+        }
+        const Outcome outcome = runConsole({u"import-tables"_s, copy, zip});
+        EXPECT_EQ(outcome.code, console::Success) << outcome.err.toStdString();
+        EXPECT_EQ(runConsole({u"run"_s, copy}, u"Select PartID from tblPart"_s).out,
+                  u"PartID\nA-1\n"_s);
+        EXPECT_EQ(runConsole({u"import-tables"_s, copy, zip}).code, console::Failed)
+            << "it holds records";
+        QFile::remove(copy);
+    }
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "console/Console.h"
 
 #include "company/SampleCompany.h"
+#include "console/Imports.h"
 #include "console/Releases.h"
 #include "core/database/CreateDatabase.h"
 #include "core/database/Csv.h"
@@ -32,6 +33,9 @@ struct Options
     bool sample = false;
     QDate today;
     quint64 seed = company::UsualSeed;
+    std::optional<administration::ImportKind> kind;
+    bool dryRun = false;
+    bool makesEntries = false;
 };
 
 struct Command
@@ -256,6 +260,33 @@ int backup(const Options &options, const Streams &streams)
     return Success;
 }
 
+int exportTablesCommand(const Options &options, const Streams &streams)
+{
+    exportAll(targetOf(options.files[0]), options.files[1], streams);
+    return Success;
+}
+
+int importTablesCommand(const Options &options, const Streams &streams)
+{
+    importAll(targetOf(options.files[0]), options.files[1], streams);
+    return Success;
+}
+
+int importCsvCommand(const Options &options, const Streams &streams)
+{
+    if (!options.kind) {
+        streams.err << "What is to be imported? Please say --kind "
+                    << administration::importKindNames().join(u'|') << '.' << Qt::endl;
+        return WrongUsage;
+    }
+    return importRows({.company = targetOf(options.files[0]),
+                       .file = options.files[1],
+                       .kind = *options.kind,
+                       .dryRun = options.dryRun,
+                       .makesEntries = options.makesEntries},
+                      streams);
+}
+
 int checkChangesCommand(const Options &options, const Streams &streams)
 {
     if (!checkChanges(options.files[0], streams))
@@ -287,6 +318,16 @@ const std::vector<Command> &commands()
         {u"compact"_s, 1, u"compact FILE                  give back unused room"_s, compact},
         {u"backup"_s, 2,
          u"backup FILE|HOST:FILE COPY    copy a database, also while it is in use"_s, backup},
+        {u"export-tables"_s, 2,
+         u"export-tables FILE|HOST:FILE ZIP  write all tables as text into an archive"_s,
+         exportTablesCommand},
+        {u"import-tables"_s, 2,
+         u"import-tables FILE ZIP        make a company of such an archive; an empty one is replaced"_s,
+         importTablesCommand},
+        {u"import-csv"_s, 2,
+         u"import-csv FILE|HOST:FILE CSV --kind KIND [--dry-run]\n"
+         "                                import machines, parts, employees or readings"_s,
+         importCsvCommand},
         {u"check-changes"_s, 1,
          u"check-changes TEXT            check what a release changes in databases in use"_s,
          checkChangesCommand},
@@ -339,6 +380,14 @@ QString readOptions(const QCommandLineParser &parser, Options &options)
         if (!isNumber)
             return u"\"%1\" is no whole number."_s.arg(parser.value(u"seed"_s));
     }
+    options.dryRun = parser.isSet(u"dry-run"_s);
+    options.makesEntries = parser.isSet(u"make-entries"_s);
+    if (parser.isSet(u"kind"_s)) {
+        options.kind = administration::importKindOf(parser.value(u"kind"_s));
+        if (!options.kind)
+            return u"\"%1\" is none of %2."_s.arg(parser.value(u"kind"_s),
+                                                  administration::importKindNames().join(u", "_s));
+    }
     if (parser.isSet(u"machines"_s)) {
         options.machines = parser.value(u"machines"_s).toInt();
         if (options.machines <= 0)
@@ -361,7 +410,10 @@ int run(const QStringList &arguments, const Streams &streams)
          {u"machines"_s, u"create-sample: another number of machines."_s, u"number"_s},
          {u"sample"_s, u"set-up: with the sample company."_s},
          {u"today"_s, u"The day on which the sample company stands."_s, u"date"_s},
-         {u"seed"_s, u"Another sample company for another number."_s, u"number"_s}});
+         {u"seed"_s, u"Another sample company for another number."_s, u"number"_s},
+         {u"kind"_s, u"import-csv: machines, parts, employees or readings."_s, u"kind"_s},
+         {u"dry-run"_s, u"import-csv: tells what would happen, and writes nothing."_s},
+         {u"make-entries"_s, u"import-csv: makes the entries that lists lack."_s}});
     parser.addPositionalArgument(u"command"_s, u"One of the commands above."_s);
     parser.addPositionalArgument(u"file"_s, u"The database."_s, u"file..."_s);
     if (!parser.parse(arguments))

@@ -9,6 +9,7 @@ build_packages=(
     firebird-dev "firebird3.0-server-core|firebird4.0-server-core"
     libsodium-dev libxlsxwriter-dev libzint-dev
     libcurl4-openssl-dev unixodbc-dev
+    libsodium-dev libxlsxwriter-dev libzint-dev libzip-dev
     "fonts-liberation2|fonts-liberation"
 )
 run_packages=(qt6-qpa-plugins)
