@@ -25,11 +25,15 @@ QByteArray pieceOf(QIODevice &device)
     return piece;
 }
 
-bool isUtf8(const QByteArray &bytes)
+/// The text of UTF-8 bytes; nothing when they are none.
+std::optional<QString> textOf(const QByteArray &bytes)
 {
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    [[maybe_unused]] const QString text = decoder.decode(bytes);
-    return !decoder.hasError();
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless |
+                                                     QStringDecoder::Flag::ConvertInitialBom);
+    QString text = decoder.decode(bytes);
+    if (decoder.hasError())
+        return {};
+    return text;
 }
 
 } // namespace
@@ -126,11 +130,12 @@ void CsvReader::take(char character)
 
 void CsvReader::endField()
 {
-    if (!isUtf8(m_bytes))
+    std::optional<QString> text = textOf(m_bytes);
+    if (!text)
         blame(u"The text is not in UTF-8. Please save the file as \"CSV UTF-8\"."_s);
     else if (!m_format.allowsAnyCharacter && m_bytes.contains('\0'))
         blame(u"There is a character that is no text. Please save the file as \"CSV UTF-8\"."_s);
-    m_fields.push_back({QString::fromUtf8(m_bytes), m_wasQuoted});
+    m_fields.push_back({std::move(text).value_or(QString()), m_wasQuoted});
     m_bytes.clear();
     m_wasQuoted = false;
     m_state = State::Begin;

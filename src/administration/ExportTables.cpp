@@ -84,14 +84,10 @@ public:
 
     qint64 write()
     {
-        const bool hasPictures = std::ranges::any_of(m_table.columns, [](const auto &column) {
-            return column.kind == sql::ColumnKind::Binary;
-        });
-        if (hasPictures && m_leading > 0)
+        if (m_table.columns.front().kind == sql::ColumnKind::Integer)
             writeByFirstColumn();
         else
-            writeAtOnce();
-        flush();
+            addAll(m_connection.Open(query()));
         m_lines.close();
         return m_rows;
     }
@@ -106,32 +102,35 @@ private:
         return statement;
     }
 
-    /// All pictures of a company may be more than the memory holds; those of one machine are not.
+    /// A table may be more than the memory holds, so it is read some thousand rows at a time; of
+    /// pictures those of one machine.
     void writeByFirstColumn()
     {
         const QString &column = m_columns.first();
-        for (const db::Row key : m_connection.Open(
-                 u"Select distinct %1 as [Key] from %2 order by %1"_s.arg(column, m_table.name))) {
-            const QVariant value = key[0];
-            const db::Recordset rows =
-                value.isNull() ? m_connection.Open(query(u" where %1 is null"_s.arg(column)))
-                               : m_connection.Open(query(u" where %1 = ?"_s.arg(column)), {value});
-            for (int row = 0; row < rows.RecordCount(); ++row)
-                add(rows, row);
-            flush();
+        const bool hasPictures = std::ranges::any_of(
+            m_table.columns, [](const auto &each) { return each.kind == sql::ColumnKind::Binary; });
+        const int atOnce = hasPictures ? 1 : rowsAtOnce;
+        addAll(m_connection.Open(query(u" where %1 is null"_s.arg(column))));
+        const db::Recordset keys = m_connection.Open(
+            u"Select %1 as [Key], count(*) as [Rows] from %2 where %1 is not null group by %1 order by %1"_s
+                .arg(column, m_table.name));
+        qint64 rows = 0;
+        for (int key = 0, first = 0; key < keys.RecordCount(); ++key) {
+            rows += keys.value(key, 1).toLongLong();
+            if (rows < atOnce && key + 1 < keys.RecordCount())
+                continue;
+            addAll(m_connection.Open(query(u" where %1 between ? and ?"_s.arg(column)),
+                                     {keys.value(first, 0), keys.value(key, 0)}));
+            first = key + 1;
+            rows = 0;
         }
     }
 
-    void writeAtOnce()
+    void addAll(const db::Recordset &rows)
     {
-        db::Gradual rows = m_connection.OpenGradually(query());
-        int done = 0;
-        for (bool more = true; more;) {
-            more = rows.fetch(rowsAtOnce);
-            const db::Recordset fetched = rows.rows();
-            for (; done < fetched.RecordCount(); ++done)
-                add(fetched, done);
-        }
+        for (int row = 0; row < rows.RecordCount(); ++row)
+            add(rows, row);
+        flush();
     }
 
     void add(const db::Recordset &rows, int row)

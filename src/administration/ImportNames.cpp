@@ -47,10 +47,14 @@ qint64 insert(db::Connection &connection, NameList list, const Record &record)
 
 } // namespace
 
+QString NewEntry::nameAndPlace() const
+{
+    return under.isEmpty() ? name : name + u", under "_s + under;
+}
+
 QString NewEntry::text() const
 {
-    const QString bare = list + u": "_s + name;
-    return under.isEmpty() ? bare : bare + u", under "_s + under;
+    return list + u": "_s + nameAndPlace();
 }
 
 void ImportNames::read(NameList list, Names &names)

@@ -18,6 +18,8 @@ struct NewEntry
     QString under; ///< the name of what it hangs under; empty for nothing
 
     bool operator==(const NewEntry &) const = default;
+    /// "Z900, under Toro".
+    [[nodiscard]] QString nameAndPlace() const;
     /// "Model: Z900, under Toro".
     [[nodiscard]] QString text() const;
 };

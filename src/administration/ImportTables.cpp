@@ -1,7 +1,10 @@
 #include "administration/ImportTables.h"
 
+#include "administration/ClosedConnections.h"
 #include "administration/TableText.h"
 #include "administration/ZipFile.h"
+#include "core/Permission.h"
+#include "core/Session.h"
 #include "core/database/Changes.h"
 #include "core/database/CreateDatabase.h"
 #include "core/database/RowWriter.h"
@@ -274,6 +277,20 @@ Exported replaceEmptyCompany(const QString &zip, const QString &database,
     live.copyTo(copy.path());
     demandEmpty(copy.path());
     live.replaceBy(made.path());
+    return imported;
+}
+
+Exported replaceOwnCompany(const QString &zip)
+{
+    if (const QString host = databaseTarget().host; !host.isEmpty())
+        throw base::Error(
+            base::ErrorNumber::PermissionDenied,
+            u"The database is kept by the computer %1, and is replaced there."_s.arg(host));
+    for (const auto right : {rights::Machines.add, rights::Parts.add, rights::Services.add})
+        rights::demand(right);
+    ClosedConnections closed;
+    const Exported imported = replaceEmptyCompany(zip, gsDatabasePath);
+    closed.reopen();
     return imported;
 }
 

@@ -19,4 +19,8 @@ Exported importTables(const QString &zip, const db::Target &company,
 Exported replaceEmptyCompany(const QString &zip, const QString &database,
                              const base::Progress &progress = {});
 
+/// The same in the place of the company that the session works at. Closes the connections
+/// meanwhile; whatever happens they are open again then.
+Exported replaceOwnCompany(const QString &zip);
+
 } // namespace administration

@@ -12,12 +12,15 @@
 #include "platform/input/KeyFilter.h"
 #include "platform/input/Theme.h"
 #include "platform/system/SingleInstance.h"
+#include "shell/FirstStart.h"
 #include "shell/RightsTable.h"
 #include "shell/Updates.h"
+#include "shell/ui/FirstStartEntries.h"
 #include "shell/ui/frmLogin.h"
 #include "shell/ui/frmMainScreen.h"
 
 #include <QApplication>
+#include <QTimer>
 #include <csignal>
 #include <memory>
 #include <optional>
@@ -45,6 +48,15 @@ void copyForTheDay()
     QApplication::setOverrideCursor(Qt::WaitCursor);
     administration::copyAtEnd(*copy);
     QApplication::restoreOverrideCursor();
+}
+
+/// At a new company the first steps are offered once the main window is there.
+void offerFirstStart(QObject &mainScreen)
+{
+    bool isFirst = false;
+    base::trapped("MainForm", "MDIForm_Load", [&] { isFirst = shell::isFirstStart(); });
+    if (isFirst)
+        QTimer::singleShot(0, &mainScreen, ShowFirstStart);
 }
 
 } // namespace
@@ -79,6 +91,7 @@ int runProgram(QApplication &application, const std::function<void(QWidget &)> &
         letSignalsEndTheProcess();
         mainScreen = std::make_unique<frmMainScreen>(end);
         mainScreen->show();
+        offerFirstStart(*mainScreen);
         if (shown)
             shown(*mainScreen);
     };

@@ -119,6 +119,8 @@ void joinAdministration(Openings &all)
 {
     all.join(u"frmbackup"_s, ShowBackup);
     all.join(u"frmRestore"_s, ShowRestore);
+    all.join(u"frmImport"_s, ShowImport);
+    all.join(u"ShowExport"_s, ShowExport);
     all.join(u"mnuUpdateDatabase"_s, updateDatabase);
 }
 

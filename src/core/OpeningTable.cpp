@@ -59,6 +59,10 @@ constexpr std::array table{
           "Writes the exchange file for the handheld"),
     file.entry("mnuImporttXml", "Import From Windows Mobile",
           "Reads what the handheld has recorded"),
+    file.entry("mnuImport", "Import", "Reads machines, parts, employees or readings from a table")
+          .opens("frmImport"),
+    file.entry("mnuExport", "Export", "Writes all records as text that other programs read")
+          .opens("ShowExport"),
     file.entry("mnuSetup", "Setup", "Company, warning days, security and lookup lists")
           .opens("frmSetup"),
     passwords.shown("Passwords", file.name),

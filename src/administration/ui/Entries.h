@@ -4,3 +4,6 @@
 
 void ShowBackup();
 void ShowRestore();
+void ShowImport();
+/// Asks for a file and writes all tables there.
+void ShowExport();

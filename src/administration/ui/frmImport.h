@@ -1,0 +1,52 @@
+#pragma once
+
+#include "administration/CsvImport.h"
+#include "core/ui/Screen.h"
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QToolButton;
+
+namespace grid {
+class GridView;
+}
+namespace input {
+class IdCombo;
+}
+
+/// Brings in rows from a table, after a look at what it holds; or a whole company from an export.
+class frmImport : public Screen
+{
+    Q_OBJECT
+
+public:
+    explicit frmImport(QWidget *parent = nullptr);
+
+private:
+    void buildForm();
+    void fileChanged();
+    [[nodiscard]] bool isWholeCompany() const;
+    [[nodiscard]] administration::ImportKind kind() const;
+    /// Looks at the file and shows what was found; nothing when that was cancelled or failed.
+    [[nodiscard]] std::optional<administration::ImportFindings> check();
+    void show(const administration::ImportFindings &findings);
+    [[nodiscard]] bool mayMake(const std::vector<administration::NewEntry> &entries) const;
+    void importRows();
+    void importCompany();
+
+    void cmdBrowse_Click();
+    void cmdSheet_Click();
+    void cmdCheck_Click();
+    void cmdImport_Click();
+
+    input::IdCombo *cboKind = nullptr;
+    QLineEdit *txtFile = nullptr;
+    QToolButton *cmdBrowse = nullptr;
+    QLabel *lblSummary = nullptr;
+    grid::GridView *grdFindings = nullptr;
+    QPushButton *cmdSheet = nullptr;
+    QPushButton *cmdCheck = nullptr;
+    QPushButton *cmdImport = nullptr;
+    QPushButton *cmdExit = nullptr;
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+
+/// The first steps of a company that has nothing yet.
+namespace shell {
+
+/// What is asked at the first start.
+struct FirstSteps
+{
+    QString name{};
+    QString address1{};
+    QString address2{};
+    QString phone{};
+    QString email{};
+    QString webSite{};
+    QString password{}; ///< of the built-in user; empty to leave it
+    QString passwordAgain{};
+    bool asksForLogin = false; ///< turns the login on
+};
+
+/// The user that every new company has.
+inline constexpr QStringView BuiltInUser = u"Admin";
+
+/// True while the company has neither a name nor a machine. Lookup and Data; raises DbError.
+[[nodiscard]] bool isFirstStart();
+/// Why the steps can't be stored, as a sentence; empty when they can.
+[[nodiscard]] QString refusalOf(const FirstSteps &steps);
+/// Stores them, all or none. Raises base::Error for what refusalOf() refuses, InTheWay when another
+/// workstation has named the company meanwhile or holds one of the rows. Data.
+void storeFirstSteps(const FirstSteps &steps);
+
+} // namespace shell
