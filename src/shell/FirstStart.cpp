@@ -36,6 +36,9 @@ void store(const FirstSteps &steps)
     if (!optionOf(*gcnData, nameOption).isEmpty())
         throw InTheWay(
             u"The company's name has been entered on another workstation meanwhile. Nothing was stored."_s);
+    if (!steps.password.isEmpty() && !hasDeliveredPassword())
+        throw InTheWay(
+            u"The password of the first user has been changed already. Nothing was stored."_s);
     setOption(nameOption, steps.name.trimmed());
     setOption(u"GEN_COMPANY_ADDRESS1", steps.address1.trimmed());
     setOption(u"GEN_COMPANY_ADDRESS2", steps.address2.trimmed());
@@ -53,8 +56,15 @@ void store(const FirstSteps &steps)
 
 bool isFirstStart()
 {
-    return optionOf(lookupConnection(), nameOption).isEmpty() &&
+    const bool mayTake =
+        gsLoginUser.isEmpty() || gsLoginUser.compare(BuiltInUser, Qt::CaseInsensitive) == 0;
+    return mayTake && optionOf(lookupConnection(), nameOption).isEmpty() &&
            dataConnection().Open(u"Select top 1 EquipmentID from tblEquipment"_s).isEmpty();
+}
+
+bool hasDeliveredPassword()
+{
+    return isUserPassword(BuiltInUser.toString(), u"admin"_s);
 }
 
 QString refusalOf(const FirstSteps &steps)

@@ -22,12 +22,16 @@ struct FirstSteps
 /// The user that every new company has.
 inline constexpr QStringView BuiltInUser = u"Admin";
 
-/// True while the company has neither a name nor a machine. Lookup and Data; raises DbError.
+/// True while the company has neither a name nor a machine, for whoever may speak for it: anybody
+/// as long as nobody logs in, else the built-in user. Lookup and Data; raises DbError.
 [[nodiscard]] bool isFirstStart();
+/// True while the built-in user has the password that every new company has. Only then may the
+/// first steps give another: nobody is asked for it there. Data; raises DbError.
+[[nodiscard]] bool hasDeliveredPassword();
 /// Why the steps can't be stored, as a sentence; empty when they can.
 [[nodiscard]] QString refusalOf(const FirstSteps &steps);
 /// Stores them, all or none. Raises base::Error for what refusalOf() refuses, InTheWay when another
-/// workstation has named the company meanwhile or holds one of the rows. Data.
+/// workstation has taken the steps meanwhile or holds one of the rows. Data.
 void storeFirstSteps(const FirstSteps &steps);
 
 } // namespace shell

@@ -349,6 +349,15 @@ TEST_F(CsvImport, AFailureOrACancelInTheMidstLeavesTheCompanyAsItWas)
     EXPECT_FALSE(gbInTransaction);
 }
 
+TEST_F(CsvImport, OfManyProblemsTheFirstAreKeptAndAllAreCounted)
+{
+    const ImportFindings findings =
+        checkCsv(ImportKind::Parts, file("Part,Name\n" + QByteArray("x,\n").repeated(1500)));
+    EXPECT_EQ(findings.problemCount, 1500);
+    ASSERT_EQ(findings.problems.size(), 1000u);
+    EXPECT_EQ(findings.problems.back().row, 1001);
+}
+
 TEST(ImportColumns, AnEmptySheetIsAFileOfItsKind)
 {
     for (const QString &name : importKindNames()) {

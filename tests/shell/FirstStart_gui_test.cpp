@@ -39,6 +39,29 @@ TEST_F(FirstStart, IsOverWithAMachineOrAName)
     EXPECT_TRUE(shell::isFirstStart());
     SetOption(u"GEN_COMPANY_NAME"_s, u"Greenways"_s, false);
     EXPECT_FALSE(shell::isFirstStart());
+    SetOption(u"GEN_COMPANY_NAME"_s, {}, false);
+    for (const auto &[user, mayTake] :
+         {std::pair{u"ADMIN"_s, true}, std::pair{u"BOB"_s, false}, std::pair{QString(), true}}) {
+        gsLoginUser = user;
+        EXPECT_EQ(shell::isFirstStart(), mayTake) << user.toStdString();
+    }
+}
+
+TEST_F(FirstStart, APasswordThatWasGivenIsNotGivenAgain)
+{
+    shell::storePassword(u"Admin"_s, u"turnip"_s);
+    test::inScreen(ShowFirstStart, [&](const ScreenDriver &screen) {
+        EXPECT_FALSE(screen.isEnabled("txtNewPassword"));
+        EXPECT_FALSE(screen.isEnabled("chkSecurity"));
+        screen.press("cmdLater");
+    });
+    EXPECT_EQ(test::raisedBy([] {
+                  shell::storeFirstSteps(
+                      {.name = u"A"_s, .password = u"beet"_s, .passwordAgain = u"beet"_s});
+              }).description(),
+              u"The password of the first user has been changed already. Nothing was stored."_s);
+    EXPECT_EQ(option(u"GEN_COMPANY_NAME"_s), QString());
+    EXPECT_TRUE(shell::isUserPassword(u"Admin"_s, u"turnip"_s));
 }
 
 TEST_F(FirstStart, StoresWhatIsTypedAndLeadsToTheImport)

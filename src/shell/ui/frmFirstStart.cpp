@@ -3,6 +3,7 @@
 #include "core/ui/Openings.h"
 #include "core/ui/Telling.h"
 #include "platform/base/Prompts.h"
+#include "platform/base/Trapped.h"
 #include "platform/input/FormBuilder.h"
 #include "platform/input/Leaving.h"
 #include "platform/input/PhoneInput.h"
@@ -32,6 +33,7 @@ frmFirstStart::frmFirstStart(QWidget *parent)
     : Screen(u"frmFirstStart"_s, u"Welcome to Quorvantis"_s, parent, StoreWhat::SizeOnly)
 {
     buildForm();
+    closePasswordOnceGiven();
     connect(cmdImport, &QPushButton::clicked, this, &frmFirstStart::cmdImport_Click);
     connect(cmdSave, &QPushButton::clicked, this, &frmFirstStart::cmdSave_Click);
     connect(cmdLater, &QPushButton::clicked, this, &frmFirstStart::unload);
@@ -68,6 +70,16 @@ void frmFirstStart::buildForm()
     cmdSave->setDefault(true);
     setMinimumWidth(widthOfForm);
     txtCompanyName->setFocus();
+}
+
+void frmFirstStart::closePasswordOnceGiven()
+{
+    const bool isOpen = base::trapped("frmFirstStart", "Form_Load", false,
+                                      [] { return shell::hasDeliveredPassword(); });
+    for (QWidget *control :
+         {static_cast<QWidget *>(txtNewPassword), static_cast<QWidget *>(txtConfirmPassword),
+          static_cast<QWidget *>(chkSecurity)})
+        control->setEnabled(isOpen);
 }
 
 shell::FirstSteps frmFirstStart::steps() const

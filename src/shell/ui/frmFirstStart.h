@@ -21,7 +21,7 @@ public:
 
 private:
     void buildForm();
-    void buildCompany();
+    void closePasswordOnceGiven();
     [[nodiscard]] shell::FirstSteps steps() const;
     [[nodiscard]] bool store();
 
