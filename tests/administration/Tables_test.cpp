@@ -69,6 +69,7 @@ protected:
         // Alike to the engine, and two rows that are one.
         for (const auto &status : {u"In"_s, u"IN"_s, u"in"_s, u"in"_s})
             insert(u"tblEquipmentScan"_s, {{u"EquipmentID"_s, 1}, {u"ScanStatus"_s, status}});
+        insert(u"tblEquipmentScan"_s, {{u"ScanStatus"_s, u"of no machine"_s}});
         const qint64 order = insert(u"tblWorkorder"_s, {{u"EquipmentID"_s, 1}}, u"WorkorderNo"_s);
         gcnData->Execute(u"Delete from tblWorkorder where WorkorderNo = ?"_s, {order});
         gcnData->Execute(u"Update tblSysOption set itemValue = 'Green & Sons' where SysOption = "
@@ -128,7 +129,8 @@ TEST_F(Tables, TheTextSaysWhatItHolds)
     fill();
     (void)exportTables(databaseTarget(), zip());
     const QByteArray scans = content(zip(), u"tblEquipmentScan.csv"_s);
-    EXPECT_EQ(scans, "EquipmentID,ScanTime,ScanStatus\n1,,IN\n1,,In\n1,,in\n1,,in\n1,2024-02-29,\n"
+    EXPECT_EQ(scans, "EquipmentID,ScanTime,ScanStatus\n,,of no "
+                     "machine\n1,,IN\n1,,In\n1,,in\n1,,in\n1,2024-02-29,\n"
                      "1,2024-02-29 10:20:30,\n1,2024-02-29 23:59:59.999,\n");
     const QByteArray parts = content(zip(), u"tblPart.csv"_s);
     EXPECT_TRUE(parts.contains("b,,0,1e-20,")) << parts.left(400).toStdString();
@@ -186,7 +188,7 @@ TEST_F(Tables, BadArchivesAreToldWithTheirPlaceAndMakeNoFile)
         {u"tblEquipmentScan.csv"_s, scan + "1,\n",
          u"tblEquipmentScan, row 2: there have to be 3 fields, and there are 2."_s},
         {u"tblEquipmentScan.csv"_s, scan,
-         u"tblEquipmentScan: there have to be 7 rows, and there are 0."_s},
+         u"tblEquipmentScan: there have to be 8 rows, and there are 0."_s},
         {u"tblEquipmentScan.csv"_s, "EquipmentID,Colour\n",
          u"tblEquipmentScan: there is no column \"Colour\"."_s},
         {u"tblEquipmentScan.csv"_s, "EquipmentID,equipmentid\n",
