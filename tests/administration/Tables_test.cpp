@@ -2,6 +2,7 @@
 #include "administration/ExportTables.h"
 #include "administration/ImportTables.h"
 #include "administration/ZipFile.h"
+#include "core/database/Changes.h"
 #include "core/database/CreateDatabase.h"
 #include "platform/db/Counters.h"
 #include "platform/db/Structure.h"
@@ -195,7 +196,7 @@ TEST_F(Tables, BadArchivesAreToldWithTheirPlaceAndMakeNoFile)
          u"tblEquipmentScan: the column \"equipmentid\" stands there twice."_s},
         {u"tblSysOption.csv"_s, "SysOption,itemValue\nDBVERSION,99999\n",
          u"This export comes from a newer release of Quorvantis: its database has version 99999, "
-         "and this program knows versions up to 101."_s},
+         "and this program knows versions up to %1."_s.arg(company::schemaVersion())},
         {ContentsFile.toString(), QByteArray(contents).replace("tblCrew,", "tblGrew,"),
          u"The table tblCrew is missing in the archive."_s},
         {ContentsFile.toString(), contents + "tblCrew,0,CrewID,1\n",
