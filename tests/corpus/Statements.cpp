@@ -135,8 +135,6 @@ private:
             m_step.changes = number(value);
         } else if (keyword == u"key:"_s) {
             m_step.keyColumn = value;
-        } else if (keyword == u"sample:"_s && value.startsWith(u"no"_s)) {
-            m_case.onSample = false;
         } else {
             problem(u"not a check: "_s + comment);
         }

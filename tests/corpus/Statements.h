@@ -17,7 +17,6 @@
 ///     -- error: 0x80040E14
 ///     -- changes: 2
 ///     -- key: WorkorderNo            (an insert that gives back its key)
-///     -- sample: no, and why         (not to be run on the sample company)
 ///     statement;
 ///
 /// A case may have several statements, each behind its checks; they share one transaction, and
@@ -51,7 +50,6 @@ struct Case
     QString file; ///< without its ending
     QString name;
     bool ownDatabase = false;
-    bool onSample = true;
     std::vector<Step> steps;
 
     /// The file's name and the case's, as a test may be called.

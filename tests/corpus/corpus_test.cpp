@@ -49,14 +49,6 @@ std::vector<Case> allCases()
     return readAllCases(problems);
 }
 
-std::vector<Case> casesForSample()
-{
-    std::vector<Case> cases = allCases();
-    std::erase_if(cases,
-                  [](const Case &instance) { return instance.ownDatabase || !instance.onSample; });
-    return cases;
-}
-
 std::string nameOf(const testing::TestParamInfo<Case> &info)
 {
     return info.param.testName().toStdString();
@@ -109,21 +101,6 @@ public:
                               << " was expected.";
         } catch (const base::Error &error) {
             checkError(step, error);
-        }
-    }
-
-    /// Only that it can be run; rows depend on the data.
-    void tryOut(Step step)
-    {
-        replaceKey(step.statement);
-        try {
-            if (isQuery(step.statement))
-                static_cast<void>(m_connection.Open(step.statement, step.parameters));
-            else
-                static_cast<void>(change(step));
-        } catch (const base::Error &error) {
-            if (!step.error && error.number() != db::ErrorNumber::DuplicateKey)
-                checkError(step, error);
         }
     }
 
@@ -266,41 +243,6 @@ TEST_P(Statements, GiveWhatTheyShould)
 }
 
 INSTANTIATE_TEST_SUITE_P(Corpus, Statements, testing::ValuesIn(allCases()), nameOf);
-
-class OnTheSampleCompany : public testing::TestWithParam<Case>
-{
-protected:
-    static void SetUpTestSuite()
-    {
-        s_environment = std::make_unique<test::TestEnvironment>();
-        s_database = std::make_unique<test::SampleCompany>();
-        s_connection = s_database->open();
-    }
-    static void TearDownTestSuite()
-    {
-        s_connection.reset();
-        s_database.reset();
-        s_environment.reset();
-    }
-
-    static inline std::unique_ptr<test::TestEnvironment> s_environment;
-    static inline std::unique_ptr<test::SampleCompany> s_database;
-    static inline std::unique_ptr<db::Connection> s_connection;
-};
-
-TEST_P(OnTheSampleCompany, StatementsRun)
-{
-    const Case &instance = GetParam();
-    s_connection->BeginTrans();
-    Runner runner(*s_connection);
-    for (const Step &step : instance.steps) {
-        SCOPED_TRACE(place(instance, step));
-        runner.tryOut(step);
-    }
-    s_connection->RollbackTrans();
-}
-
-INSTANTIATE_TEST_SUITE_P(Corpus, OnTheSampleCompany, testing::ValuesIn(casesForSample()), nameOf);
 
 } // namespace
 } // namespace corpus
