@@ -17,6 +17,14 @@ inline QByteArray command(const char *kind, const QStringList &values)
     return (text + QStringLiteral("</%1>").arg(QLatin1StringView(kind))).toUtf8();
 }
 
+/// The same in one text: the element's name and its values, parted by bars.
+inline QByteArray command(const QString &line)
+{
+    QStringList parts = line.split(u'|');
+    const QByteArray kind = parts.takeFirst().toLatin1();
+    return command(kind.constData(), parts);
+}
+
 /// Answers every box as it likes and keeps the texts.
 class PatientUser final : public base::Prompts
 {
@@ -91,25 +99,11 @@ protected:
     }
     static QStringList serviceValues(const QString &id, const QString &order)
     {
-        return {id,
-                QStringLiteral("1"),
-                QStringLiteral("44"),
-                order,
-                QStringLiteral("Joe's blades"),
-                QStringLiteral("1"),
-                QStringLiteral("0"),
-                QStringLiteral("08:05"),
-                QStringLiteral("09:35"),
-                QStringLiteral("it's \"done\" & dusted; drop table tblPart"),
-                QStringLiteral("1.5"),
-                QStringLiteral("H"),
-                QStringLiteral("510"),
-                QStringLiteral("1:30"),
-                QStringLiteral("12"),
-                QStringLiteral("20.25"),
-                QStringLiteral("3"),
-                QStringLiteral("2"),
-                QStringLiteral("3/20/2024")};
+        return QStringLiteral(
+                   "%1|1|44|%2|Joe's blades|1|0|08:05|09:35|it's \"done\" & dusted; drop "
+                   "table tblPart|1.5|H|510|1:30|12|20.25|3|2|3/20/2024")
+            .arg(id, order)
+            .split(u'|');
     }
     static QByteArray newService(const QString &id, const QString &order)
     {

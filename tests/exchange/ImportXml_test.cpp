@@ -381,19 +381,16 @@ TEST_F(OlderImport, TakesFourTypesOfKeysAndKnowsNoIds)
     ASSERT_TRUE(QDir().mkpath(older({})));
     writeFile(
         older(u"QV1.xml"_s),
-        "<a>" +
-            test::command("Record", {u"tblPart"_s, u"PartID"_s, u"it's"_s, u"T"_s, u"Quantity"_s,
-                                     u"N"_s, u"4"_s}) +
-            test::command("Record", {u"tblWoServiceUsed"_s, u"NextScheduledDate"_s, u"3/10/2024"_s,
-                                     u"D"_s, u"StartTime"_s, u"C"_s, u"07:00"_s}) +
+        "<a>" + test::command(u"Record|tblPart|PartID|it's|T|Quantity|N|4"_s) +
+            test::command(
+                u"Record|tblWoServiceUsed|NextScheduledDate|3/10/2024|D|StartTime|C|07:00"_s) +
             test::command("RecordTwoID", {u"tblWoServiceUsed"_s, u"Name"_s, u"Joe's"_s, u"C"_s,
                                           u"NServiceUsedID"_s, QString::number(line), u"N"_s,
                                           u"EndTime"_s, u"T"_s, u"09:00"_s}) +
             newOrder(u"W1"_s) + "</a>");
     writeFile(older(u"Sy1.xml"_s), "<a>" + newOrder(u"W1"_s) + "</a>");
     writeFile(older(u"Count1.xml"_s),
-              "<a>" + test::command("CountReading", {u"1"_s, u"3/9/2024"_s, u"Hours"_s, u"9"_s}) +
-                  "</a>");
+              "<a>" + test::command(u"CountReading|1|3/9/2024|Hours|9"_s) + "</a>");
     test::ScriptedPrompts prompts;
     prompts.expect(u"done.txt is not found"_s, Icon::None);
     ASSERT_TRUE(exchange::olderImportdata());

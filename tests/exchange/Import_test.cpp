@@ -152,71 +152,46 @@ TEST_F(Import, UpdatesOneColumnOfARowByItsKey)
     const QString lineKey = QString::number(line);
     const struct
     {
-        const char *kind;
-        QStringList values;
-        QString query;
+        QString sent;
+        const char16_t *query;
         const char16_t *after;
     } rows[] = {
-        {"Record",
-         {u"TBLWORKORDER"_s, u"workorderno"_s, key, u"N"_s, u"CompletedDate"_s, u"D"_s,
-          u"3/9/2024 2:05:00 PM"_s},
-         u"Select CompletedDate from tblWorkorder"_s,
-         u"3/9/2024 2:05:00 PM"},
-        {"Record",
-         {u"tblWoServiceUsed"_s, u"[NServiceUsedID]"_s, lineKey, u"N"_s, u"[Note]"_s, u"T"_s,
-          u"Joe's"_s},
-         u"Select [Note] from tblWoServiceUsed"_s,
-         u"Joe's"},
-        {"Record",
-         {u"tblPart"_s, u"PartID"_s, u"12"_s, u"N"_s, u"Bin"_s, u"C"_s, u"7"_s},
-         u"Select Bin from tblPart where PartID = '12'"_s,
-         u"7"},
-        {"Record",
-         {u"tblPart"_s, u"PartID"_s, u"it''s"_s, u"C"_s, u"Inactive"_s, u"N"_s, u"True"_s},
-         u"Select Inactive from tblPart where Quantity = 10"_s,
-         u"-1"},
-        {"Record",
-         {u"tblPart"_s, u"PartID"_s, u"12"_s, u"C"_s, u"Notes"_s, u"N"_s, u"Null"_s},
-         u"Select Notes from tblPart where PartID = '12'"_s,
+        {u"Record|TBLWORKORDER|workorderno|%1|N|CompletedDate|D|3/9/2024 2:05:00 PM"_s.arg(key),
+         u"CompletedDate from tblWorkorder", u"3/9/2024 2:05:00 PM"},
+        {u"Record|tblWoServiceUsed|[NServiceUsedID]|%1|N|[Note]|T|Joe's"_s.arg(lineKey),
+         u"[Note] from tblWoServiceUsed", u"Joe's"},
+        {u"Record|tblPart|PartID|12|N|Bin|C|7"_s, u"Bin from tblPart where PartID = '12'", u"7"},
+        {u"Record|tblPart|PartID|it''s|C|Inactive|N|True"_s,
+         u"Inactive from tblPart where Quantity = 10", u"-1"},
+        {u"Record|tblPart|PartID|12|C|Notes|N|Null"_s, u"Notes from tblPart where PartID = '12'",
          u""},
-        {"RecordPart",
-         {u"tblPart"_s, u"PartID"_s, u"it's"_s, u"?"_s, u"Quantity"_s, u"?"_s, u"-2.5"_s},
-         u"Select Quantity from tblPart where PartID <> '12'"_s,
-         u"7.5"},
-        {"RecordTwoID",
-         {u"tblWoServiceUsed"_s, u"NServiceUsedID"_s, lineKey, u"N"_s, u"ServiceID"_s, u"44"_s,
-          u"N"_s, u"StartTime"_s, u"T"_s, u"07:00"_s},
-         u"Select StartTime from tblWoServiceUsed"_s,
-         u"07:00"},
-        {"RecordTwoID",
-         {u"tblWoServiceUsed"_s, u"NServiceUsedID"_s, lineKey, u"N"_s, u"ServiceID"_s, u"45"_s,
-          u"N"_s, u"StartTime"_s, u"T"_s, u"08:00"_s},
-         u"Select StartTime from tblWoServiceUsed"_s,
-         u"07:00"},
-        {"RecordTwoID",
-         {u"tblWoServiceUsed"_s, u"NServiceUsedID"_s, lineKey, u"N"_s, u"NextScheduledDate"_s,
-          u"3/10/2024"_s, u"D"_s, u"Completed"_s, u"N"_s, u"1"_s},
-         u"Select Completed from tblWoServiceUsed"_s,
-         u"-1"},
+        {u"RecordPart|tblPart|PartID|it's|?|Quantity|?|-2.5"_s,
+         u"Quantity from tblPart where PartID <> '12'", u"7.5"},
+        {u"RecordTwoID|tblWoServiceUsed|NServiceUsedID|%1|N|ServiceID|44|N|StartTime|T|07:00"_s.arg(
+             lineKey),
+         u"StartTime from tblWoServiceUsed", u"07:00"},
+        {u"RecordTwoID|tblWoServiceUsed|NServiceUsedID|%1|N|ServiceID|45|N|StartTime|T|08:00"_s.arg(
+             lineKey),
+         u"StartTime from tblWoServiceUsed", u"07:00"},
+        {u"RecordTwoID|tblWoServiceUsed|NServiceUsedID|%1|N|NextScheduledDate|3/10/2024|D|Completed|N|1"_s
+             .arg(lineKey),
+         u"Completed from tblWoServiceUsed", u"-1"},
         // Nobody knows that id, so there is nothing to change.
-        {"RecordTwoID",
-         {u"tblWoServiceUsed"_s, u"NServiceUsedID"_s, lineKey, u"T"_s, u"ServiceID"_s, u"44"_s,
-          u"N"_s, u"StartTime"_s, u"T"_s, u"09:00"_s},
-         u"Select StartTime from tblWoServiceUsed"_s,
-         u"07:00"},
+        {u"RecordTwoID|tblWoServiceUsed|NServiceUsedID|%1|T|ServiceID|44|N|StartTime|T|09:00"_s.arg(
+             lineKey),
+         u"StartTime from tblWoServiceUsed", u"07:00"},
     };
-    for (const auto &[kind, values, query, after] : rows) {
+    for (const auto &[sent, query, after] : rows) {
         mark();
-        expectImported(command(kind, values));
-        EXPECT_EQ(found(query), after) << query.toStdString();
+        expectImported(command(sent));
+        EXPECT_EQ(found(u"Select "_s + QString::fromUtf16(query)), after) << sent.toStdString();
     }
 }
 
 TEST_F(Import, AddsDecimalsAsTheyAreWritten)
 {
     part(u"P-1"_s, 0.1);
-    expectImported(command("RecordPart", {u"tblPart"_s, u"PartID"_s, u"P-1"_s, u""_s, u"Quantity"_s,
-                                          u""_s, u"0.2"_s}));
+    expectImported(command(u"RecordPart|tblPart|PartID|P-1||Quantity||0.2"_s));
     EXPECT_EQ(value(u"Select Quantity from tblPart"_s).toDouble(), 0.3);
     mark();
     expectImported(command(
@@ -253,8 +228,7 @@ TEST_F(Import, MovesAMachineToACrewThatExists)
 
 TEST_F(Import, StoresAScan)
 {
-    expectImported(
-        command("RecordScanEquipment", {u"Present"_s, u"3/14/2024 2:05:00 PM"_s, u"1"_s}));
+    expectImported(command(u"RecordScanEquipment|Present|3/14/2024 2:05:00 PM|1"_s));
     EXPECT_EQ(found(u"Select EquipmentID, ScanTime, ScanStatus from tblEquipmentScan"_s),
               u"1|3/14/2024 2:05:00 PM|Present");
 }
@@ -279,7 +253,7 @@ TEST_F(Import, StoresReadingsAndGivesWaitingServicesTheirDates)
                               reading(u"1"_s, u"Hours"_s, u"10"_s) + // not compared with others
                               reading(u"2"_s, u"Kilometers"_s, u"7"_s) +
                               reading(u"2"_s, u"Leagues"_s, u"8"_s) +
-                              command("Record", {u"tblUser"_s})); // no business of this file
+                              command(u"Record|tblUser"_s)); // no business of this file
     send(u"count2.xml"_s, "nothing that is read");
     test::ScriptedPrompts prompts;
     // The unknown word goes by the letter of the one before.
@@ -323,56 +297,46 @@ TEST_F(Import, TellsThatTheTransferDidNotEndAndGoesOn)
 TEST_F(Import, RefusesWhatWouldHaveBeenABrokenStatement)
 {
     part(u"it's"_s, 1);
-    const auto changed = [](QStringList values, int position, const QString &value) {
+    const auto service = [](qsizetype position, const QString &value) {
+        QStringList values = serviceValues(u"S"_s, u"1"_s);
         values[position] = value;
-        return values;
+        return u"NewService|"_s + values.join(u'|');
     };
-    const QStringList record{u"tblPart"_s,  u"PartID"_s, u"a"_s, u"C"_s,
-                             u"Quantity"_s, u"N"_s,      u"1"_s};
-    const QStringList two{u"tblPart"_s, u"PartID"_s, u"1"_s,        u"N"_s, u"Quantity"_s,
-                          u"1"_s,       u"N"_s,      u"Quantity"_s, u"N"_s, u"1"_s};
-    const struct
-    {
-        const char *kind;
-        QStringList values;
-        const char16_t *told;
-    } rows[] = {
-        {"Record", changed(record, 3, u"T"_s), u"\"T\" is no type"},
-        {"Record", changed(record, 3, u"c"_s), u"\"c\" is no type"},
-        {"Record", changed(record, 5, u"X"_s), u"\"X\" is no type"},
-        {"Record", changed(record, 2, u"it's"_s), u"apostrophe"},
-        {"Record", changed(record, 6, u"1 + 1"_s), u"is no number"},
-        {"Record", changed(record, 6, u""_s), u"is no number"},
-        {"Record", changed(changed(record, 5, u"D"_s), 6, u""_s), u"is no date"},
-        {"Record", changed(changed(record, 5, u"T"_s), 6, u"many"_s), u"many"},
-        {"Record", changed(record, 0, u"tblNone"_s), u"is no table"},
-        {"Record", changed(record, 4, u"Nothing"_s), u"is no column of tblPart"},
-        {"Record", changed(record, 1, u"PartID = PartID or PartID"_s), u"is no column of tblPart"},
-        {"Record", record.first(6), u"Record number 1: position 6 is missing, there are 6"},
-        {"RecordTwoID", changed(two, 3, u"D"_s), u"\"D\" is no type"},
-        {"RecordTwoID", changed(two, 6, u"?"_s), u"\"?\" is no type"},
-        {"RecordTwoID", changed(two, 8, u"?"_s), u"\"?\" is no type"},
-        {"RecordPart", changed(record, 6, u"some"_s), u"is no number"},
-        {"NewWorkOrder", {u"W'1"_s, u""_s, u"3/1/2024"_s, u"1"_s, u"3/1/2024"_s}, u"apostrophe"},
-        {"NewWorkOrder", {u"W1"_s, u""_s, u"3/41/2024"_s, u"1"_s, u"3/1/2024"_s}, u"is no date"},
-        {"NewService", changed(serviceValues(u"S"_s, u"1"_s), 7, u"8'"_s), u"apostrophe"},
-        {"NewService", changed(serviceValues(u"S"_s, u"1"_s), 12, u""_s), u"Data type mismatch"},
-        {"NewService", changed(serviceValues(u"S"_s, u"1"_s), 11, u"HH"_s), u"NewService number 1"},
-        {"RecordScanEquipment", {u"it's"_s, u"3/1/2024"_s, u"1"_s}, u"apostrophe"},
-        {"RecordScanEquipment", {u"x"_s, u"soon"_s, u"1"_s}, u"soon"},
-        {"RecordCrew",
-         {u"tblEquipment"_s, u"EquipmentID"_s, u"1"_s, u""_s, u"CrewID"_s, u""_s, u"one"_s},
-         u"is no number"},
+    const std::pair<QString, const char16_t *> rows[] = {
+        {u"Record|tblPart|PartID|a|T|Quantity|N|1"_s, u"\"T\" is no type"},
+        {u"Record|tblPart|PartID|a|c|Quantity|N|1"_s, u"\"c\" is no type"},
+        {u"Record|tblPart|PartID|a|C|Quantity|X|1"_s, u"\"X\" is no type"},
+        {u"Record|tblPart|PartID|it's|C|Quantity|N|1"_s, u"apostrophe"},
+        {u"Record|tblPart|PartID|a|C|Quantity|N|1 + 1"_s, u"is no number"},
+        {u"Record|tblPart|PartID|a|C|Quantity|N|"_s, u"is no number"},
+        {u"Record|tblPart|PartID|a|C|Quantity|D|"_s, u"is no date"},
+        {u"Record|tblPart|PartID|a|C|Quantity|T|many"_s, u"many"},
+        {u"Record|tblNone|PartID|a|C|Quantity|N|1"_s, u"is no table"},
+        {u"Record|tblPart|PartID|a|C|Nothing|N|1"_s, u"is no column of tblPart"},
+        {u"Record|tblPart|PartID = PartID or PartID|a|C|Quantity|N|1"_s,
+         u"is no column of tblPart"},
+        {u"Record|tblPart|PartID|a|C|Quantity|N"_s,
+         u"Record number 1: position 6 is missing, there are 6"},
+        {u"RecordTwoID|tblPart|PartID|1|D|Quantity|1|N|Quantity|N|1"_s, u"\"D\" is no type"},
+        {u"RecordTwoID|tblPart|PartID|1|N|Quantity|1|?|Quantity|N|1"_s, u"\"?\" is no type"},
+        {u"RecordTwoID|tblPart|PartID|1|N|Quantity|1|N|Quantity|?|1"_s, u"\"?\" is no type"},
+        {u"RecordPart|tblPart|PartID|a|C|Quantity|N|some"_s, u"is no number"},
+        {u"NewWorkOrder|W'1||3/1/2024|1|3/1/2024"_s, u"apostrophe"},
+        {u"NewWorkOrder|W1||3/41/2024|1|3/1/2024"_s, u"is no date"},
+        {service(7, u"8'"_s), u"apostrophe"},
+        {service(12, u""_s), u"Data type mismatch"},
+        {service(11, u"HH"_s), u"NewService number 1"},
+        {u"RecordScanEquipment|it's|3/1/2024|1"_s, u"apostrophe"},
+        {u"RecordScanEquipment|x|soon|1"_s, u"soon"},
+        {u"RecordCrew|tblEquipment|EquipmentID|1||CrewID||one"_s, u"is no number"},
     };
-    for (const auto &[kind, values, told] : rows)
-        expectRefused(newOrder(u"W9"_s) + command(kind, values), QString::fromUtf16(told));
+    for (const auto &[sent, told] : rows)
+        expectRefused(newOrder(u"W9"_s) + command(sent), QString::fromUtf16(told));
     QFile::remove(path(u"Sy1.xml"_s));
-    for (const QStringList &values :
-         {QStringList{u"1"_s, u"3/1/2024"_s, u"Hours"_s, u"many"_s},
-          QStringList{u"1"_s, u"3/1/2024"_s, u"Hou'rs"_s, u"1"_s},
-          QStringList{u"1"_s, u"3/1/2024"_s, u"Hours"_s, u"99999999999"_s},
-          QStringList{u"1 or 1"_s, u"3/1/2024"_s, u"Hours"_s, u"1"_s}}) {
-        send(u"Count1.xml"_s, command("CountReading", values));
+    for (const QString &values :
+         {u"1|3/1/2024|Hours|many"_s, u"1|3/1/2024|Hou'rs|1"_s, u"1|3/1/2024|Hours|99999999999"_s,
+          u"1 or 1|3/1/2024|Hours|1"_s}) {
+        send(u"Count1.xml"_s, command(u"CountReading|"_s + values));
         expectFailure(u"Count1.xml, CountReading number 1"_s);
     }
 }
@@ -387,8 +351,7 @@ TEST_F(Import, NeverWritesTheTablesOfUsersOptionsAndTheProgram)
             command("Record", {table, u"EmployeeID"_s, u"1"_s, u"N"_s, u"EqAdd"_s, u"N"_s, u"1"_s}),
             u"is no table that a handheld may write"_s);
     }
-    expectRefused(command("Record", {u"tblWorkorder"_s, u"WorkorderNo"_s, u"1"_s, u"N"_s,
-                                     u"WorkorderNo"_s, u"N"_s, u"9"_s}),
+    expectRefused(command(u"Record|tblWorkorder|WorkorderNo|1|N|WorkorderNo|N|9"_s),
                   u"gets its numbers from the database"_s);
 }
 
@@ -447,9 +410,8 @@ TEST_F(Import, LeavesEverythingAsItWasWhicheverStatementFails)
 {
     part(u"P-1"_s, 1);
     send(u"Sy1.xml"_s, newOrder(u"W1"_s) + newService(u"S1"_s, u"W1"_s) + newPart(u"S1"_s) +
-                           command("RecordPart", {u"tblPart"_s, u"PartID"_s, u"P-1"_s, u""_s,
-                                                  u"Quantity"_s, u""_s, u"5"_s}));
-    send(u"Count1.xml"_s, command("CountReading", {u"1"_s, u"3/1/2024"_s, u"Hours"_s, u"7"_s}));
+                           command(u"RecordPart|tblPart|PartID|P-1||Quantity||5"_s));
+    send(u"Count1.xml"_s, command(u"CountReading|1|3/1/2024|Hours|7"_s));
     exchange::IdMap::prepare();
     int tries = 0;
     test::PatientUser user;
@@ -512,7 +474,7 @@ TEST_F(Import, RefusesAFileTooLargeForAHandheld)
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     ASSERT_TRUE(file.resize(200 << 20));
     file.close();
-    send(u"Count1.xml"_s, command("CountReading", {u"1"_s, u"3/1/2024"_s, u"Hours"_s, u"7"_s}));
+    send(u"Count1.xml"_s, command(u"CountReading|1|3/1/2024|Hours|7"_s));
     expectFailure(u"too large"_s);
 }
 

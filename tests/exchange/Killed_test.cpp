@@ -23,12 +23,10 @@ protected:
 
     void sendAll() const
     {
-        send(u"Count1.xml"_s,
-             test::command("CountReading", {u"1"_s, u"3/9/2024"_s, u"Hours"_s, u"5"_s}));
+        send(u"Count1.xml"_s, test::command(u"CountReading|1|3/9/2024|Hours|5"_s));
         send(u"Sy1.xml"_s, newOrder(u"W1"_s) + newService(u"S1"_s, u"W1"_s));
         send(u"Sy2.xml"_s,
-             newPart(u"S1"_s) + test::command("RecordPart", {u"tblPart"_s, u"PartID"_s, u"P-1"_s,
-                                                             u""_s, u"Quantity"_s, u""_s, u"1"_s}));
+             newPart(u"S1"_s) + test::command(u"RecordPart|tblPart|PartID|P-1||Quantity||1"_s));
         mark();
     }
     /// How often each of the files' commands has been carried out.

@@ -163,8 +163,7 @@ TEST_F(ImportMenu, CanBeCancelledOnceItTakesLong)
     installCarrier();
     // A reading that waits for its user makes the import a long one.
     orderService(order(), {{u"Period"_s, u"H"_s}});
-    const QByteArray reading =
-        test::command("CountReading", {u"1"_s, u"3/9/2024"_s, u"Hours"_s, u"9"_s});
+    const QByteArray reading = test::command(u"CountReading|1|3/9/2024|Hours|9"_s);
     send(u"Count1.xml"_s, reading.repeated(100));
     test::PatientUser user;
     user.thinks = [] { QTest::qSleep(60); };
