@@ -8,7 +8,6 @@
 
 #include "core/CompanySession.h"
 #include "core/RowTests.h"
-#include "core/Tables.h"
 
 #include <ranges>
 
@@ -111,56 +110,6 @@ TEST_F(Managers, ALicensedStateDoesNotKeepItsItem)
 {
     gcnData->Execute(u"Insert into tblEquipment(EquipmentID,StateLicensed) values(1,'9001')"_s);
     EXPECT_EQ(clsIndicatorManager().CanDeleteIndicator(Id), QString());
-}
-
-TEST_F(Managers, RecordsComeBackAsTheyWereSavedApostrophesToo)
-{
-    clsCrewManager crews;
-    EXPECT_TRUE(crews.SaveRecord({0, u"7"_s, u"O'Neil's crew"_s}, Mode::Add));
-    clsCrew crew = clsCrew::fromRow(crews.GetCrewInfo().current());
-    EXPECT_EQ(crew.CrewNumber, u"7"_s);
-    EXPECT_EQ(crew.Description, u"O'Neil's crew"_s);
-    crew.CrewNumber = u"8"_s;
-    EXPECT_TRUE(crews.SaveRecord(crew, Mode::Modify));
-    EXPECT_EQ(clsCrew::fromRow(crews.GetCrewInfo().current()), crew);
-
-    clsSiteManager sites;
-    EXPECT_TRUE(sites.SaveRecord(
-        {0, u"Dell's"_s, u"1 O'Hare"_s, u"D'Iberville"_s, u"103"_s, u"0"_s}, Mode::Add));
-    clsSite site = clsSite::fromRow(sites.GetSiteInfo().current());
-    site.SiteName = u"Dell's Yard"_s;
-    EXPECT_TRUE(sites.SaveRecord(site, Mode::Modify));
-    EXPECT_EQ(clsSite::fromRow(sites.GetSiteInfo().current()),
-              (clsSite{site.SiteID, u"Dell's Yard"_s, u"1 O'Hare"_s, u"D'Iberville"_s, u"103"_s,
-                       u"0"_s}));
-
-    clsLocation_Manager locations;
-    EXPECT_TRUE(
-        locations.SaveRecord({0, u"Bay '1'"_s, u"the 'old' bay"_s, site.SiteID}, Mode::Add));
-    const clsLocation location = clsLocation::fromRow(locations.GetLocationInfo().current());
-    EXPECT_EQ(location.LocationName, u"Bay '1'"_s);
-    EXPECT_EQ(location.Description, u"the 'old' bay"_s);
-    EXPECT_EQ(location.Site, site.SiteID);
-
-    clsIndicatorManager items;
-    EXPECT_TRUE(items.SaveRecord({LookupList::FuelType, 0, u"Farmer's fuel"_s, 1, 0}, Mode::Add));
-    const db::Recordset found = gcnLookup->Open(
-        u"Select * from tblIndicator where ItemName = 'Farmer''s fuel' and Show = -1"_s);
-    ASSERT_EQ(found.RecordCount(), 1);
-    clsIndicator item = clsIndicator::fromRow(found.current());
-    EXPECT_EQ(item.ParentID, LookupList::FuelType);
-    EXPECT_TRUE(items.DeleteRecord(item.ItemID));
-    EXPECT_EQ(GetRecordCount(u"tblIndicator"_s, u"ItemID = %1"_s.arg(item.ItemID)), 0);
-}
-
-TEST_F(Managers, ACostCenterIsShownUnderTheNumberThatTheDatabaseGivesIt)
-{
-    const clsCostCenterManager manager;
-    EXPECT_EQ(manager.GenrateID(), 1);
-    const clsCostCenter center{manager.GenrateID(), u"Repairs"_s, 12.5};
-    EXPECT_TRUE(manager.SaveRecord(center, Mode::Add));
-    EXPECT_EQ(clsCostCenter::fromRow(manager.GetCostCenterInfo().current()), center);
-    EXPECT_EQ(manager.GenrateID(), 2);
 }
 
 TEST_F(Managers, MasterListsDoNotWaitForATransactionOnTheOtherConnection)

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QStringList>
 
 namespace {
 
@@ -22,74 +21,6 @@ protected:
         return m_connection->Open(query).row(0)[0].toLongLong();
     }
 };
-
-TEST_F(EmptyDatabase, ColumnsHaveTheKindsThatTheRulesRestOn)
-{
-    const auto column = [this](const char *path) {
-        const QStringList names = QString::fromLatin1(path).split(u'.');
-        const sql::Table *table = m_connection->schema().find(names[0]);
-        const sql::Column *found = table ? table->find(names[1]) : nullptr;
-        EXPECT_NE(found, nullptr) << path;
-        return found ? *found : sql::Column();
-    };
-    for (const char *path :
-         {"tblCrew.CrewID", "tblSite.SiteID", "tblLocation.LocationID",
-          "tblCostCenter.CostCenterID", "tblIndicator.ItemID", "tblServiceUsed.ServiceUsedID",
-          "tblWorkorder.WorkorderNo", "tblWoServiceUsed.NServiceUsedID"})
-        EXPECT_TRUE(column(path).autoNumber) << path;
-    for (const char *path :
-         {"tblEquipment.EquipmentID", "tblServices.ServiceID", "tblSupplier.SupplierID"})
-        EXPECT_FALSE(column(path).autoNumber) << path;
-    for (const char *path : {"tblWorkorder.WoDate", "tblEquipmentCrewHistory.CrewDate"})
-        EXPECT_TRUE(column(path).defaultsToToday) << path;
-    using Kind = sql::ColumnKind;
-    const std::pair<Kind, std::vector<const char *>> kinds[] = {
-        {Kind::YesNo,
-         {"tblPart.Inactive", "tblPart.TrackInventory", "tblIndicator.Show",
-          "tblWorkorder.Complete", "tblWoServiceUsed.Completed", "tblWoServiceUsed.Skip",
-          "tblWoPartUsed.Used", "tblWOServiceUsedHistory.Skip"}},
-        {Kind::Integer,
-         {"tblEquipment.Inactive", "tblServiceUsed.Inactive", "tblServiceUsed.SeparateWo",
-          "tblWorkorder.Printed", "tblEmployee.Inactive", "tblEquipmentCount.CountValue"}},
-        {Kind::Text,
-         {"tblEquipmentCrewHistory.CrewNumber", "tblWOServiceUsedHistory.CostCenterID",
-          "tblWoPartHistory.PartCategoryID", "tblWoServiceUsed.Workhrs", "tblSite.Zip"}},
-        {Kind::Real, {"tblPart.Quantity", "tblServices.LaborEstimate"}},
-        {Kind::Money, {"tblPart.Price", "tblServices.CostEstimate"}},
-        {Kind::Binary, {"tblEquipmentImage.ImageData"}}};
-    for (const auto &[kind, paths] : kinds)
-        for (const char *path : paths)
-            EXPECT_EQ(column(path).kind, kind) << path;
-    EXPECT_EQ(m_connection->schema().find(u"tblWotemp"), nullptr) << "made by the import";
-}
-
-TEST_F(EmptyDatabase, FlagsAndYesNoColumnsStartAtZero)
-{
-    m_connection->Execute(u"Insert into tblServiceUsed (EquipmentID, Name) values (1, 'Oil')"_s);
-    m_connection->Execute(u"Insert into tblEquipment (EquipmentID) values (1)"_s);
-    m_connection->Execute(u"Insert into tblPart (PartID) values ('A')"_s);
-    const db::Recordset service = m_connection->Open(u"Select * from tblServiceUsed"_s);
-    for (const QString &column :
-         {u"Sun"_s, u"Sat"_s, u"FirstW"_s, u"LastW"_s, u"DOM"_s, u"Dom1"_s, u"Dom5"_s, u"Jan"_s,
-          u"Dece"_s, u"SeparateWo"_s, u"Inactive"_s, u"EInterval"_s})
-        EXPECT_EQ(service[column], QVariant(0)) << column.toStdString();
-    EXPECT_EQ(number(u"Select count(*) from tblEquipment where Inactive = '0'"_s), 1);
-    EXPECT_EQ(number(u"Select count(*) from tblPart where Inactive = No and TrackInventory = 0"_s),
-              1);
-}
-
-TEST_F(EmptyDatabase, DatesThatAnInsertLeavesOutAreToday)
-{
-    m_connection->Execute(u"Insert into tblWorkOrder (EquipmentId, Printed) values ('1', '0')"_s);
-    m_connection->Execute(
-        u"Insert into tblEquipmentCrewHistory (EquipmentID, CrewNumber) values (1, '3')"_s);
-    EXPECT_EQ(m_connection->Open(u"Select WoDate from tblWorkorder"_s).row(0).date(u"WoDate"),
-              base::wallClock(QDate(2024, 3, 15)));
-    EXPECT_EQ(m_connection->Open(u"Select CrewDate from tblEquipmentCrewHistory"_s)
-                  .row(0)
-                  .date(u"CrewDate"),
-              base::wallClock(QDate(2024, 3, 15)));
-}
 
 TEST_F(EmptyDatabase, KeysRefuseASecondRow)
 {
@@ -150,37 +81,6 @@ TEST_F(EmptyDatabase, ListsHaveTheirFixedNumbers)
               51);
     EXPECT_EQ(number(u"Select count(*) from tblIndicator a left join tblIndicator b "
                      "on a.ParentID = b.ItemID where a.ParentID <> 0 and b.ItemID is null"_s),
-              0);
-}
-
-TEST_F(EmptyDatabase, ANewListItemGetsTheNextNumber)
-{
-    const qint64 last = number(u"Select max(ItemID) from tblIndicator"_s);
-    EXPECT_EQ(m_connection->Insert(
-                  u"Insert into tblIndicator(ParentId,ItemName,Show,FSize) values(5,'Hay',1,0)"_s,
-                  {}, u"ItemID"_s),
-              last + 1);
-}
-
-TEST_F(EmptyDatabase, SearchFieldsAreTypedAndTheirColumnsExist)
-{
-    for (const char *searched :
-         {"tblEquipment", "tblPart", "tblEmployee", "tblLocation", "tblSupplier"}) {
-        SCOPED_TRACE(searched);
-        const QString table = QString::fromLatin1(searched);
-        const db::Recordset fields = m_connection->Open(
-            u"Select Distinct * from tblTableFields where Tablename = '%1'"_s.arg(table));
-        EXPECT_GT(fields.RecordCount(), 2);
-        for (const db::Row field : fields) {
-            EXPECT_TRUE((QStringList{u"INT"_s, u"VARCHAR"_s, u"DECIMAL"_s, u"CHAR"_s, u"DATETIME"_s,
-                                     u"BIT"_s})
-                            .contains(field.text(u"FieldType")));
-            EXPECT_NE(m_connection->schema().find(table)->find(field.text(u"FieldName")), nullptr)
-                << field.text(u"FieldName").toStdString();
-        }
-    }
-    EXPECT_EQ(number(u"Select count(*) from (Select RowID from tblTableFields group by RowID "
-                     "having count(*) > 1)"_s),
               0);
 }
 

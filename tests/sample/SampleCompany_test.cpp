@@ -173,27 +173,6 @@ TEST_F(SampleCompany, CountServicesFollowTheReadings)
     EXPECT_LT(reached, services.RecordCount() / 3);
 }
 
-TEST_F(SampleCompany, CalendarServicesLieOneIntervalAfterTheLast)
-{
-    const db::Recordset services = m_connection->Open(
-        u"Select * from tblServiceUsed where Period in ('D','W','M','Y') and RenewalOn <> 'D' "
-        "and DOM = 0 and LastDatePerformed is not null"_s);
-    ASSERT_GT(services.RecordCount(), 100);
-    for (const db::Row service : services) {
-        const QDate base = service
-                               .date(service.text(u"RenewalOn") == u"S" ? u"LastDateScheduled"
-                                                                        : u"LastDatePerformed")
-                               .date();
-        EXPECT_EQ(company::sample::addInterval(base, service.text(u"Period").front(),
-                                               static_cast<int>(service.integer(u"EInterval"))),
-                  service.date(u"NextScheduledDate").date())
-            << service.integer(u"ServiceUsedID");
-    }
-    EXPECT_EQ(count(u"tblServiceUsed where LastDatePerformed > #03-15-2024# or "
-                    "LastDateScheduled > #03-15-2024#"_s),
-              0);
-}
-
 TEST_F(SampleCompany, HoldsNothingThatContradictsItself)
 {
     for (const char *from :
