@@ -237,13 +237,4 @@ TEST_F(Connection, TheSchemaShowsTablesAsTheyAre)
     EXPECT_NE(data.schema().find(u"tblSite")->find(u"Zip"), nullptr);
 }
 
-TEST_F(Connection, MovesLikeAValue)
-{
-    addPart(u"A"_s, 1, 1);
-    db::Connection other = std::move(data);
-    EXPECT_EQ(other.Open(u"Select PartID from tblPart"_s).RecordCount(), 1);
-    data = database.connect();
-    EXPECT_EQ(count(u"tblPart"_s), 1);
-}
-
 } // namespace

@@ -63,27 +63,6 @@ TEST_F(Transaction, WrongOrderIsRefusedAndChangesNothing)
     EXPECT_EQ(numbers(lookup), u"1,2"_s);
 }
 
-TEST_F(Transaction, EveryStatementCommitsByItselfOutside)
-{
-    insert(data, 2);
-    EXPECT_EQ(numbers(lookup), u"1,2"_s);
-    lookup.Execute(u"Delete from tblLog where Number = 2"_s);
-    EXPECT_EQ(numbers(data), u"1"_s);
-}
-
-TEST_F(Transaction, ItsRowsAreItsOwnUntilTheCommit)
-{
-    data.BeginTrans();
-    insert(data, 2);
-    data.Execute(u"Update tblLog set Side = 5 where Number = 1"_s);
-    EXPECT_EQ(numbers(data), u"1,2"_s);
-    EXPECT_EQ(numbers(lookup), u"1"_s);
-    EXPECT_EQ(side(lookup), 0);
-    data.CommitTrans();
-    EXPECT_EQ(numbers(lookup), u"1,2"_s);
-    EXPECT_EQ(side(lookup), 5);
-}
-
 TEST_F(Transaction, WhatTheOtherConnectionWritesMeanwhileIsSeenAtOnceAndStays)
 {
     data.BeginTrans();
@@ -112,28 +91,6 @@ TEST_F(Transaction, TwoWritersOfOneRowConflictAtOnce)
     data.RollbackTrans();
     EXPECT_EQ(lookup.Execute(u"Update tblLog set Side = 6 where Number = 1"_s), 1);
     EXPECT_EQ(side(data), 6);
-}
-
-TEST_F(Transaction, ADuplicateOfAnUncommittedRowIsRefusedAtOnce)
-{
-    data.BeginTrans();
-    insert(data, 2);
-    const int number = raisedBy([&] { insert(lookup, 2); }).number();
-    EXPECT_TRUE(number == ErrorNumber::DuplicateKey || number == ErrorNumber::LockConflict)
-        << number;
-    data.RollbackTrans();
-    insert(lookup, 2);
-    EXPECT_EQ(numbers(data), u"1,2"_s);
-}
-
-TEST_F(Transaction, TheEndOfAConnectionRollsBack)
-{
-    {
-        db::Connection third = database.connect();
-        third.BeginTrans();
-        insert(third, 2);
-    }
-    EXPECT_EQ(numbers(data), u"1"_s);
 }
 
 TEST_F(Transaction, AnotherProgramHoldsItsRowsOnly)
