@@ -6,7 +6,6 @@
 #include "shell/clsUser_Manager.h"
 
 #include "platform/db/DbError.h"
-#include "support/Raised.h"
 
 #include <gtest/gtest.h>
 
@@ -61,18 +60,6 @@ TEST(isUserPassword, TheShippedUserLogsIn)
     const QString stored = ShellSession::storedPassword(u"Admin"_s);
     ASSERT_FALSE(shell::isHashedPassword(stored));
     EXPECT_TRUE(shell::isUserPassword(u"ADMIN"_s, stored));
-}
-
-TEST(isUserPassword, AnApostropheIsASyntaxErrorAndRunsNothing)
-{
-    gcnData.reset(); // a statement would have nowhere to run
-    for (const auto &[name, password] :
-         {std::pair{u"x' or 'a'='a"_s, u"b"_s}, std::pair{u"Admin"_s, u"' or ''='"_s}}) {
-        const auto check = [&name = name, &password = password] {
-            (void)shell::isUserPassword(name, password);
-        };
-        EXPECT_EQ(test::raisedBy(check).number(), db::ErrorNumber::Syntax) << qPrintable(name);
-    }
 }
 
 TEST(LoginAttempts, TheThirdRefusalIsTheLast)
@@ -170,19 +157,6 @@ TEST(SetUserRole, AMissingRowIsReportedAndLeavesTheRights)
     EXPECT_EQ(session.errors[0].procedure, u"SetUserRole"_s);
     EXPECT_TRUE(gRights.EqAdd);
     EXPECT_FALSE(gRights.EqMod);
-}
-
-TEST(BuildQueryString, NamesAllColumnsWithCrewHistoryBeforeUtilization)
-{
-    EXPECT_EQ(BuildQueryString(u"O'Neil"_s, {u"EqAdd"_s, u"WOHistory"_s}).toStdString(),
-              "update tblUser set EqAdd = '1', EqMod = '0', EqDel = '0', SerAdd = '0', "
-              "SerMod = '0', SerDel = '0', PaAdd = '0', PaMod = '0', PaDel = '0', EqList = '0', "
-              "EqDetail = '0', EqCountSheet = '0', ExpOnEq = '0', EqCrewHistory = '0', "
-              "EqUtilization = '0', EqScanHistory = '0', InspDatReading = '0', "
-              "LicRenDateReading = '0', WOHistory = '1', SerList = '0', SerEqName = '0', "
-              "SerHistory = '0', SerHistoryTime = '0', InvReport = '0', InvReorderReport = '0', "
-              "InvOrUpSer = '0', InvPartUsage = '0', InvPartHistory = '0' "
-              "Where UserName = 'O''Neil'");
 }
 
 TEST(clsUser_Manager, ANewUserIsHashedAndHasNoRights)

@@ -560,26 +560,6 @@ TEST_F(frmServicesTest, LeavingAnEditAsks)
     EXPECT_EQ(value(u"Select Name from tblServices"_s), u"Oil change"_s);
 }
 
-TEST_F(frmServicesTest, AServiceThatAnotherHoldsKeepsWhatWasTyped)
-{
-    catalogue(50);
-    frmServices screen(ServiceStore::Catalogue);
-    show(screen, Mode::Browse, 50);
-    type(screen, u"txtName"_s, u"Other name"_s);
-    const auto other = database.open();
-    other->BeginTrans();
-    other->Execute(u"Update tblServices set LaborEstimate = 5 where ServiceID = 50"_s);
-    say(u"Another workstation is changing the service \"Oil change\". Please try again in a "
-        "moment."_s);
-    click(screen, u"cmdUpdate"_s);
-    EXPECT_EQ(screen.mode(), Mode::Modify);
-    EXPECT_EQ(text(screen, u"txtName"_s), u"Other name"_s);
-    EXPECT_FALSE(gbInTransaction);
-    other->CommitTrans();
-    click(screen, u"cmdUpdate"_s);
-    EXPECT_EQ(found(u"Select Name, LaborEstimate from tblServices"_s), u"Other name|5");
-}
-
 TEST_F(frmServicesTest, ASaveLeavesAloneWhatAPostingMovedMeanwhile)
 {
     const qint64 id = assigned({{u"NextScheduledDate"_s, day(3, 20)}, {u"LaborEstimate"_s, 1.333}});
