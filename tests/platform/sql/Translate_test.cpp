@@ -53,6 +53,8 @@ select Name AS [The name], Id Number, Hours as [Select] from Machine as M
   SELECT "Name" AS "The name", "Id" AS "Number", "Hours" AS "Select" FROM "Machine" "M"
 select distinct top 5 Name from Machine order by name desc
   SELECT FIRST 5 DISTINCT "Name" FROM "Machine" ORDER BY 1 DESC
+select distinct Name as [The name], Id from Machine order by Id, Machine.name desc
+  SELECT DISTINCT "Name" AS "The name", "Id" FROM "Machine" ORDER BY 2, 1 DESC
 select * from Machine
   SELECT * FROM "Machine"
 select p.*, Due from Part p, Job
