@@ -329,16 +329,6 @@ TEST_F(SharedProcedures, LabourCostIsTheMeanOfThoseWhoCount)
     EXPECT_DOUBLE_EQ(cost(u"tblWoServiceUsed"_s, u"A"_s), 5.34);
 }
 
-TEST_F(SharedProcedures, ACrewChangeIsDatedToday)
-{
-    EXPECT_TRUE(ChangeCrew(5, u"1'2"_s, u"Jim's crew"_s));
-    const db::Recordset rows = GetTableInfo(u"tblEquipmentCrewHistory"_s);
-    ASSERT_EQ(rows.RecordCount(), 1);
-    EXPECT_EQ(rows.row(0).text(u"CrewDescription"), u"Jim's crew"_s);
-    EXPECT_EQ(rows.row(0).text(u"CrewNumber"), u"1'2"_s);
-    EXPECT_EQ(rows.row(0).date(u"CrewDate").date(), QDate(2024, 3, 15));
-}
-
 TEST_F(SharedProcedures, WithoutADatabaseProceduresReportAndGiveTheirDefault)
 {
     closeConnections();
