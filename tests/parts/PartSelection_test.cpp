@@ -14,6 +14,9 @@ TEST(PartSelection, KeepsPartsThroughTheText)
     const QString text = parts::selectionText(chosen);
     EXPECT_EQ(text, QString("BL-21|2|12.5|3@@@@O'RING 5|0.25|0|0").replace(u'|', QChar(134)));
     EXPECT_EQ(parts::parseSelection(text), chosen);
+    EXPECT_EQ(parts::parseSelection(QString("BL-21|2| |").replace(u'|', QChar(134))),
+              (QList<Chosen>{{"BL-21", 2, 0, 0}}))
+        << "a blank is 0";
     EXPECT_TRUE(parts::parseSelection({}).isEmpty());
     EXPECT_TRUE(parts::selectionText({}).isEmpty());
 }
