@@ -4,10 +4,8 @@
 #include "platform/report/layout/LayoutFile.h"
 #include "platform/report/paginate/Paginator.h"
 #include "platform/report/paginate/RecordsetSource.h"
-#include "reporting/Catalogue.h"
 #include "reporting/PostedLabor.h"
 #include "reporting/ReportFiles.h"
-#include "scheduling/Readings.h"
 #include "workorders/Statements.h"
 
 #include <QDir>
@@ -29,19 +27,6 @@ protected:
     }
     ~Reports() override { closeConnections(); }
 
-    static QString texts(const QList<report::Page> &pages)
-    {
-        QString all;
-        for (const report::Page &page : pages)
-            all += report::pageText(page);
-        return all;
-    }
-
-    static void insertError()
-    {
-        gcnData->Execute(u"Insert into tblErrorList(ErrNumber, ErrDescription) values(5,'x')"_s);
-    }
-
     test::TestEnvironment environment;
     test::SampleCompany company;
 };
@@ -60,34 +45,6 @@ QString lastPosted()
                                            "tblWOServiceUsedHistory order by WorkorderNo desc"_s))
         orders.append(row.text(u"WorkorderNo"));
     return u"where workorderno in (%1)"_s.arg(orders.join(u','));
-}
-
-/// A whole statement for the reports that take one.
-QString wholeStatement(const QString &layout)
-{
-    if (layout == "rptWorkOrderHistory"_L1)
-        return workorders::statements::historyDetail(lastPosted());
-    if (layout == "rptWorkorderHistorySummary"_L1)
-        return workorders::statements::historySummary(lastPosted());
-    if (layout == "rptEquipmentCount"_L1)
-        return readings::dueStatement(0);
-    if (layout == "rptEquipmentScanHistory"_L1)
-        return u"Select EquipmentName, UnitNo, ScanTime as ScanTime1 from tblEquipment inner join "
-               "tblEquipmentScan on tblEquipment.EquipmentID = tblEquipmentScan.EquipmentID"_s;
-    return workorders::statements::printedOrders(u"Select WorkorderNo from tblWorkorder"_s);
-}
-
-TEST_F(Reports, EveryQueryRuns)
-{
-    insertError();
-    for (const catalogue::Report &report : catalogue::reports()) {
-        const catalogue::Request asked{
-            .layout = report.layout,
-            .filter = report.query.isEmpty() ? wholeStatement(report.layout) : QString()};
-        db::Recordset rows;
-        ASSERT_NO_THROW(rows = catalogue::open(report, asked.filter)) << qPrintable(report.layout);
-        EXPECT_GT(rows.RecordCount(), 0) << qPrintable(report.layout);
-    }
 }
 
 TEST_F(Reports, AWorkOrderBeginsAPageAndBearsItsNumberTwice)
@@ -114,25 +71,6 @@ TEST_F(Reports, AWorkOrderBeginsAPageAndBearsItsNumberTwice)
         EXPECT_GE(begun, 1) << order;
     }
     EXPECT_GE(pages.size(), orders.size());
-}
-
-TEST_F(Reports, ACostOfAServiceCountsOnceHoweverManyPartsItHas)
-{
-    report::RecordsetSource rows(gcnData->Open(
-        u"Select 1 as Service, 10 as Cost, 'a' as Part from tblCrew where CrewID = (Select "
-        u"min(CrewID) "
-        "from tblCrew) union all Select 1, 10, 'b' from tblCrew where CrewID = (Select min(CrewID) "
-        "from tblCrew) union all Select 2, 5, 'c' from tblCrew where CrewID = (Select min(CrewID) "
-        "from tblCrew)"_s));
-    ASSERT_EQ(rows.rowCount(), 3);
-    report::Layout layout;
-    layout.groups = {{.name = u"service"_s, .by = u"Service"_s}};
-    rows.sortFor(layout, {});
-    rows.addOnce(u"Once"_s, u"Cost"_s, u"Service"_s);
-    const int once = rows.fieldIndex(u"once"_s);
-    EXPECT_EQ(rows.value(0, once).toInt(), 10);
-    EXPECT_TRUE(rows.value(1, once).isNull());
-    EXPECT_EQ(rows.value(2, once).toInt(), 5);
 }
 
 TEST_F(Reports, TheTwoPapersOfAPostingShowTheSameLabor)
