@@ -51,6 +51,11 @@ TEST_F(Caching, TenThousandStatementsOfOneShapePrepareOnce)
     EXPECT_EQ(
         data.Open(u"Select Note from tblCount where EquipmentID = 9999"_s).row(0).text(u"Note"),
         u"n9999"_s);
+    const auto insert = [&](const QVariant &note) {
+        data.Execute(u"Insert into tblCount(EquipmentID, Note) values(?, ?)"_s, {1, note});
+    };
+    insert(u"a"_s);
+    EXPECT_EQ(prepared([&] { insert(QVariant()); }), 0) << "Null goes where a value went";
 }
 
 TEST_F(Caching, LiteralsThatStandInTheTextHaveAPlanEach)

@@ -114,20 +114,6 @@ TEST_F(Types, LiteralsAreStoredLikeParameters)
         EXPECT_EQ(throughLiteral(c.column, c.literal), c.stored) << c.literal.toStdString();
 }
 
-TEST_F(Types, MoneyStaysExactOverTheWholeRange)
-{
-    // Twelve digits and two decimals is what a business could ever enter.
-    for (const qint64 cents : {1LL, 7LL, 10LL, 99LL, 123456789LL, 99999999999999LL}) {
-        const double amount = static_cast<double>(cents) / 100;
-        EXPECT_EQ(through(u"Money"_s, amount).toDouble(), amount);
-        EXPECT_EQ(through(u"Money"_s, -amount).toDouble(), -amount);
-    }
-    for (int i = 0; i < 10; ++i)
-        data.Execute(u"Insert into tblAll(Whole, Money) values(77, 0.1)"_s);
-    EXPECT_EQ(data.Open(u"Select sum(Money) as s from tblAll where Whole = 77"_s).row(0).real(u"s"),
-              1.0);
-}
-
 TEST_F(Types, WhatDoesNotFitRaisesItsNumber)
 {
     struct Case
