@@ -83,23 +83,4 @@ TEST_F(EmptyDatabase, ListsHaveTheirFixedNumbers)
               0);
 }
 
-TEST_F(EmptyDatabase, BeginsWithOptionsAndTheBuiltInUser)
-{
-    const auto option = [&](const char *key) {
-        return m_connection
-            ->Open(u"Select itemValue from tblSysOption where SysOption = ?"_s,
-                   {QString::fromLatin1(key)})
-            .row(0)
-            .text(u"itemValue");
-    };
-    EXPECT_EQ(option("COUNT_READING_DELAY"), u"7"_s);
-    EXPECT_EQ(option("SECURITYONOFF"), u"0"_s);
-    EXPECT_EQ(option("userdefinedfield10"), u"User Field10"_s);
-    EXPECT_EQ(number(u"Select count(*) from tblUser where UserName = 'admin' and EqAdd = '1' and "
-                     "PaDel = '1' and InvPartHistory = '1'"_s),
-              1);
-    EXPECT_EQ(number(u"Select count(*) from tblUser"_s), 1);
-    EXPECT_EQ(number(u"Select count(*) from tblEquipment"_s), 0);
-}
-
 } // namespace
