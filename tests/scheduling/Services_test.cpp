@@ -46,9 +46,14 @@ protected:
         service.Period = u"M"_s;
         service.EInterval = 6;
         service.RenewalOn = u"S"_s;
-        service.Sun = service.Thu = service.FirstW = service.LastW = service.Feb = service.Dece = 1;
+        service.Sun = service.Mon = service.Tue = service.Wed = service.Thu = service.Fri = 1;
+        service.Sat = service.FirstW = service.SecondW = service.ThirdW = service.ForthW = 1;
+        service.LastW = service.Jan = service.Feb = service.Mar = service.Apr = service.May = 1;
+        service.Jun = service.Jul = service.Aug = service.Sep = service.Oct = service.Nov = 1;
+        service.Dece = 1;
         service.Dom = 1;
         service.DOM1 = 2;
+        service.DOM2 = service.DOM3 = service.DOM4 = 9;
         service.DOM5 = 30;
         service.Note = u"It's hot"_s;
         return service;
