@@ -139,6 +139,16 @@ TEST_F(AssignmentTest, NullsOfASpoiltSourceBecomeZeroInTheCopy)
     EXPECT_TRUE(onlyService(1).isNull(u"Note"));
 }
 
+TEST_F(AssignmentTest, ACopyThatFailsIsReportedAndNone)
+{
+    catalogue(55);
+    failAt(u"into tblServiceUsed"_s);
+    EXPECT_FALSE(assignment::AddServiceRecord(1, {55}, Source::Catalogue));
+    failAt({});
+    EXPECT_EQ(errors.takeOne().ProcedureName, u"AddServiceRecord"_s);
+    EXPECT_EQ(count(u"tblServiceUsed"_s), 0);
+}
+
 TEST_F(AssignmentTest, RemovalTakesThePartsAlongAndLeavesOrdersAlone)
 {
     const qint64 id = assigned();
