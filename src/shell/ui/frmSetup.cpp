@@ -15,6 +15,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QFontMetrics>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
@@ -28,6 +29,15 @@ constexpr const char *Module = "frmSetup";
 constexpr int OptionLength = 100;
 constexpr int FreeFields = 10;
 constexpr int DigitsOfDays = 4;
+
+/// All buttons of lists are as wide as the widest of them.
+int widthOfLists()
+{
+    constexpr int Frame = 24; // pixels on both sides together
+    QFont font = QApplication::font();
+    font.setBold(true);
+    return QFontMetrics(font).horizontalAdvance(u"Vehicle Transmission"_s) + Frame;
+}
 
 } // namespace
 
@@ -251,6 +261,7 @@ void frmSetup::addList(input::FormBuilder &form, const QString &name, const QStr
                        std::function<void()> open)
 {
     QPushButton *button = form.inlineButton(name, caption);
+    button->setMinimumWidth(widthOfLists());
     connect(button, &QPushButton::clicked, this, std::move(open));
 }
 
