@@ -271,18 +271,6 @@ TEST_F(MainScreen, FitsIntoAScreenOf768LinesAtOneAndAHalf)
     EXPECT_TRUE(last.visibleRegion().boundingRect() == last.rect()) << "each link can be reached";
 }
 
-TEST_F(MainScreen, TheStartPageNamesTheCompanyTheDayAndWhatCanBeOpened)
-{
-    SetOption(u"GEN_COMPANY_NAME"_s, u"Green & Sons"_s, false);
-    openings().join(u"ShowPrintWorkorder"_s, [] {});
-    open();
-    EXPECT_EQ(named<QLabel>(*window, u"lblCompany"_s).text(), u"Green & Sons"_s);
-    EXPECT_EQ(named<QLabel>(*window, u"lblToday"_s).text(), u"Friday, March 15, 2024"_s);
-    EXPECT_NE(window->findChild<QWidget *>(u"lnkStart0"_s), nullptr);
-    EXPECT_EQ(window->findChild<QWidget *>(u"lnkStart1"_s), nullptr);
-    EXPECT_NE(window->findChild<QWidget *>(u"lnkStart7"_s), nullptr);
-}
-
 TEST_F(MainScreen, ClosingStoresTheSizeClosesTheHelpAndEndsWithoutAQuestion)
 {
     open();

@@ -95,6 +95,7 @@ void frmSendEmail::buildForm()
 {
     input::FormBuilder form(this);
     lblHeading = form.note(u"Quorvantis"_s, u"lblHeading"_s);
+    theme::setOwnLook(lblHeading, theme::font(14, true));
     form.note(u"An error has occurred during the process."_s, u"lblOccurred"_s);
     form.note(u"Please send us the error report simply by clicking on the Send button."_s,
               u"lblPlease"_s);
@@ -153,8 +154,6 @@ void frmSendEmail::setVisible(bool visible)
 {
     const Quiet placing;
     Screen::setVisible(visible);
-    // After the fonts that all labels get.
-    lblHeading->setFont(theme::font(14, true));
 }
 
 void frmSendEmail::reject()

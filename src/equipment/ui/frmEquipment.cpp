@@ -78,6 +78,7 @@ void frmEquipment::buildForm()
     m_stack = new QStackedWidget(body);
     lblHeading = new QLabel(body);
     lblHeading->setObjectName(u"lblHeading"_s);
+    theme::setOwnLook(lblHeading, theme::font(11, true));
     lblHeading->setTextFormat(Qt::PlainText);
     auto *right = new QVBoxLayout;
     right->addWidget(lblHeading);
@@ -92,7 +93,6 @@ void frmEquipment::buildForm()
     QPushButton *cmdHelp = form.leftButton(u"cmdHelp"_s, u"Help"_s, theme::icon(u"help"_s));
     connect(cmdHelp, &QPushButton::clicked, this, [] { cmdHelp_Click(); });
     form.finish();
-    lblHeading->setFont(theme::font(11, true));
     for (QPushButton *button : {cmdCancel, cmdExit})
         input::setCausesValidation(button, false);
 }

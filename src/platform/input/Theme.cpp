@@ -40,6 +40,9 @@ void setBackground(QWidget *control, QPalette::ColorRole role, const QColor &col
     control->setPalette(colors);
 }
 
+/// Marks a control whose look is not that of its class.
+constexpr char OwnLook[] = "ownLook";
+
 void applyToGrid(QAbstractItemView *grid)
 {
     QPalette colors = grid->palette();
@@ -112,6 +115,13 @@ QFont font(int points, bool bold)
     return result;
 }
 
+void setOwnLook(QLabel *label, const QFont &font, const QColor &color)
+{
+    label->setFont(font);
+    setForeground(label, color);
+    label->setProperty(OwnLook, true);
+}
+
 void install(QApplication &application)
 {
     QApplication::setStyle(new Style);
@@ -128,7 +138,7 @@ void ApplyFormColors(QWidget *form)
     setBackground(form, QPalette::Window, formColor());
     const QList<QWidget *> controls = form->findChildren<QWidget *>();
     for (QWidget *control : controls) {
-        if (!control->isWindow() && !isOwnPart(control))
+        if (!control->isWindow() && !isOwnPart(control) && !control->property(OwnLook).toBool())
             applyTo(control);
     }
 }

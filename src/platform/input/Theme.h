@@ -6,6 +6,7 @@
 #include <QPixmap>
 
 class QApplication;
+class QLabel;
 class QPainter;
 class QWidget;
 
@@ -78,6 +79,9 @@ inline constexpr QRgb mainRgb = qRgb(36, 71, 109);
 {
     return font(9);
 }
+
+/// Gives a label a font and colour of its own, which ApplyFormColors then leaves as they are.
+void setOwnLook(QLabel *label, const QFont &font, const QColor &color = mainColor());
 
 /// Gives the program its style, palette, font and icon. Once, before the first window.
 void install(QApplication &application);

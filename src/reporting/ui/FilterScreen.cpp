@@ -42,6 +42,7 @@ void FilterScreen::beginFields(input::FormBuilder &form, const QString &heading,
                                const QString &frame)
 {
     lblCaption = form.note(heading, u"lblCaption"_s);
+    theme::setOwnLook(lblCaption, theme::font(12, true));
     form.beginGroup({}, frame);
 }
 
@@ -96,7 +97,7 @@ QLabel *FilterScreen::examples(const QString &text)
 {
     auto *label = new QLabel(text, this);
     label->setTextFormat(Qt::PlainText);
-    m_examples.append(label);
+    theme::setOwnLook(label, theme::textFont());
     return label;
 }
 
@@ -215,13 +216,4 @@ void FilterScreen::unloading()
         if (const QDate date = each.box->date(); date.isValid())
             SetOption(each.key, filters::dateText(date), true);
     }
-}
-
-void FilterScreen::showEvent(QShowEvent *event)
-{
-    Screen::showEvent(event);
-    // The screen's colours came with fonts of their own.
-    lblCaption->setFont(theme::font(12, true));
-    for (QLabel *label : std::as_const(m_examples))
-        label->setFont(theme::textFont());
 }

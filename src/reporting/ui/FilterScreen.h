@@ -98,7 +98,6 @@ protected:
 
     [[nodiscard]] QSize sizeHint() const override;
     void unloading() override;
-    void showEvent(QShowEvent *event) override;
 
 private:
     struct Remembered
@@ -118,7 +117,6 @@ private:
     QHash<QLineEdit *, QPushButton *> m_buttons; ///< Select, by its line
     QList<input::DateInput *> m_dates;
     QList<Remembered> m_remembered;
-    QList<QLabel *> m_examples;
 
     QLabel *lblCaption = nullptr;
     QPushButton *cmdViewReport = nullptr;

@@ -30,7 +30,9 @@ ProductHeading::ProductHeading(QWidget *parent)
     auto *mark = new QLabel(this);
     mark->setPixmap(theme::programIcon().pixmap(markSize));
     lblProductName->setObjectName(u"lblProductName"_s);
+    theme::setOwnLook(lblProductName, theme::font(14, true));
     lblVersion->setObjectName(u"lblVersion"_s);
+    theme::setOwnLook(lblVersion, theme::font(9));
 
     auto *texts = new QVBoxLayout;
     texts->setSpacing(2);
@@ -43,13 +45,6 @@ ProductHeading::ProductHeading(QWidget *parent)
     row->setSpacing(12);
     row->addWidget(mark);
     row->addLayout(texts, 1);
-}
-
-void ProductHeading::showEvent(QShowEvent *)
-{
-    // After the form's layout has given all labels the same font.
-    lblProductName->setFont(theme::font(14, true));
-    lblVersion->setFont(theme::font(9));
 }
 
 } // namespace shell

@@ -17,9 +17,6 @@ public:
 
     QLabel *lblProductName;
     QLabel *lblVersion;
-
-protected:
-    void showEvent(QShowEvent *event) override;
 };
 
 } // namespace shell

@@ -21,7 +21,6 @@
 #include "shell/ui/HeaderBar.h"
 #include "shell/ui/MainBoard.h"
 #include "shell/ui/QuickLinkActions.h"
-#include "shell/ui/StartPage.h"
 #include "shell/ui/frmAbout.h"
 #include "shell/ui/frmChangePassword.h"
 #include "shell/ui/frmSendDBUpdate.h"
@@ -190,15 +189,10 @@ void frmMainScreen::buildBoard()
     sideBar->setFocusPolicy(Qt::NoFocus);
     sideBar->setFixedWidth(sideBarWidth);
     below->addWidget(sideBar);
-    if (const auto &board = shell::mainBoard(); !board.isEmpty()) {
+    if (const auto &board = shell::mainBoard(); !board.isEmpty())
         below->addWidget(board.make(middle), 1);
-    } else {
-        m_startPage = new shell::StartPage(middle);
-        connect(m_startPage, &shell::StartPage::quickLinkClicked, this,
-                &frmMainScreen::lblQuickMenu_Click);
-        m_startPage->LoadData();
-        below->addWidget(m_startPage, 1);
-    }
+    else
+        below->addStretch(1);
     whole->addLayout(below, 1);
     setCentralWidget(middle);
 }
@@ -239,8 +233,9 @@ void frmMainScreen::setCaptions()
 
 void frmMainScreen::ApplyMainFormColors()
 {
-    if (m_startPage != nullptr)
-        m_startPage->applyFonts();
+    QPalette colours = palette();
+    colours.setColor(QPalette::Window, theme::formColor());
+    setPalette(colours);
 }
 
 void frmMainScreen::ApplySideBarColors()
@@ -332,9 +327,7 @@ void frmMainScreen::MDIForm_Activate()
 {
     m_activating = true;
     base::trapped(module, "MDIForm_Activate", [this] {
-        if (m_startPage != nullptr)
-            m_startPage->LoadData();
-        else if (const auto &LoadData = shell::mainBoard().LoadData)
+        if (const auto &LoadData = shell::mainBoard().LoadData)
             LoadData();
     });
     m_activating = false;

@@ -13,7 +13,6 @@ class QuickLink;
 }
 namespace shell {
 class HeaderBar;
-class StartPage;
 } // namespace shell
 
 /// The main window: menus, header, side bar of quick links and the board. Its menus are those of
@@ -69,7 +68,6 @@ private:
     std::array<input::QuickLink *, 8> lblQuickMenu{};
     /// Picture and label of one index are one control.
     std::array<input::QuickLink *, 8> &imgQuickMenu = lblQuickMenu;
-    shell::StartPage *m_startPage = nullptr;
 
     bool m_activating = false;
     bool m_skipActivation = false;

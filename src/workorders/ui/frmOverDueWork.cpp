@@ -78,8 +78,10 @@ frmOverDueWork::frmOverDueWork(QWidget *parent)
     auto *heading = new QHBoxLayout;
     lblToday = new QLabel(this);
     lblToday->setObjectName(u"lblToday"_s);
+    theme::setOwnLook(lblToday, theme::font(13, true));
     lblSummary = new QLabel(this);
     lblSummary->setObjectName(u"lblSummary"_s);
+    theme::setOwnLook(lblSummary, theme::font(10));
     heading->addWidget(lblToday);
     heading->addStretch();
     heading->addWidget(lblSummary);
@@ -126,6 +128,7 @@ void frmOverDueWork::buildBoard(QBoxLayout *row)
     column->setSpacing(6);
     lblBoard = new QLabel(u"Work to be done"_s, this);
     lblBoard->setObjectName(u"lblBoard"_s);
+    theme::setOwnLook(lblBoard, theme::font(10, true));
     lblBoard->setFixedHeight(HeadingHeight);
     column->addWidget(lblBoard);
     grdEquipWithSer = makeListGrid(
@@ -167,6 +170,7 @@ void frmOverDueWork::buildReports(QBoxLayout *row)
     auto *heading = new QHBoxLayout;
     lblReports = new input::LinkLabel(u"Reports"_s, picReports);
     lblReports->setObjectName(u"lblReports"_s);
+    theme::setOwnLook(lblReports, theme::font(10, true));
     lblReports->setToolTip(u"Show or hide the reports"_s);
     imgClose = new QToolButton(picReports);
     imgClose->setObjectName(u"imgClose"_s);
@@ -216,14 +220,6 @@ grid::Style frmOverDueWork::reportStyle(int row) const
                : grid::Style{.foreground = theme::disabledColor()};
 }
 
-void frmOverDueWork::applyFonts()
-{
-    lblToday->setFont(theme::font(13, true));
-    lblSummary->setFont(theme::font(10));
-    lblBoard->setFont(theme::font(10, true));
-    lblReports->setFont(theme::font(10, true));
-}
-
 void frmOverDueWork::ShowReports()
 {
     grid::GridModel &rows = grdReport->rows();
@@ -267,7 +263,6 @@ void frmOverDueWork::LoadData()
                               .toString(base::today(), u"dddd, MMMM d, yyyy"_s));
         lblSummary->setText(u"Open work orders: %1     Machines overdue: %2"_s.arg(open).arg(due));
     });
-    applyFonts();
 }
 
 QString frmOverDueWork::keyOf(int row) const

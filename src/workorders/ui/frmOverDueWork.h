@@ -51,7 +51,6 @@ private:
     void buildReports(QBoxLayout *row);
     [[nodiscard]] grid::Style boardStyle(int row, const QString &column) const;
     [[nodiscard]] grid::Style reportStyle(int row) const;
-    void applyFonts();
     void fillWidth();
     void ShowReports();
     [[nodiscard]] QString keyOf(int row) const;
