@@ -9,7 +9,7 @@
 using namespace Qt::StringLiterals;
 
 frmCostCenter::frmCostCenter(QWidget *parent)
-    : RecordScreen(u"frmCostCenter"_s, u"Cost Center"_s, parent)
+    : MasterScreen(u"frmCostCenter"_s, u"Cost Center"_s, parent)
 {
     buildForm();
 }
@@ -39,16 +39,6 @@ db::Recordset frmCostCenter::loadRows()
     return clsCostCenterManager().GetCostCenterInfo();
 }
 
-void frmCostCenter::DisplayData(const db::Row &row)
-{
-    m_fields.show(clsCostCenter::fromRow(row));
-}
-
-void frmCostCenter::ClearData()
-{
-    m_fields.clear();
-}
-
 void frmCostCenter::prepareNewRecord()
 {
     txtDescription->setFocus();
@@ -75,14 +65,4 @@ std::optional<QVariant> frmCostCenter::saveRecord()
 QString frmCostCenter::recordName() const
 {
     return u"the cost center \"%1\""_s.arg(txtDescription->text().trimmed());
-}
-
-bool frmCostCenter::deleteRecord(const QVariant &key)
-{
-    return clsCostCenterManager().DeleteRecord(key.toLongLong());
-}
-
-QString frmCostCenter::usedBy(const QVariant &key) const
-{
-    return clsCostCenterManager().CanDeleteCostCenter(key.toLongLong());
 }

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "core/ui/Binding.h"
-#include "core/ui/RecordScreen.h"
+#include "core/ui/MasterScreen.h"
 #include "organisation/clsCostCenter.h"
 
 namespace input {
@@ -9,7 +8,8 @@ class CurrencyInput;
 }
 
 /// Cost centres: their descriptions and budgets.
-class frmCostCenter final : public RecordScreen
+class frmCostCenter final : public MasterScreen<clsCostCenter, clsCostCenterManager,
+                                                &clsCostCenterManager::CanDeleteCostCenter>
 {
     Q_OBJECT
 
@@ -19,21 +19,16 @@ public:
 protected:
     db::Recordset loadRows() override;
     QString keyColumn() const override { return QStringLiteral("CostCenterID"); }
-    void DisplayData(const db::Row &row) override;
-    void ClearData() override;
     void prepareNewRecord() override;
     /// The number is made as it is saved, so a taken one needs only another try.
     bool takeFreshKey() override { return true; }
     QString recordName() const override;
     bool VailidateFields() override;
     std::optional<QVariant> saveRecord() override;
-    bool deleteRecord(const QVariant &key) override;
-    QString usedBy(const QVariant &key) const override;
 
 private:
     void buildForm();
 
-    Binding<clsCostCenter> m_fields{clsCostCenter::fields()};
     QLineEdit *txtDescription = nullptr;
     input::CurrencyInput *txtBudget = nullptr;
 };

@@ -10,7 +10,7 @@
 using namespace Qt::StringLiterals;
 
 frmCrew::frmCrew(QWidget *parent)
-    : RecordScreen(u"frmCrew"_s, u"Crew"_s, parent)
+    : MasterScreen(u"frmCrew"_s, u"Crew"_s, parent)
 {
     buildForm();
 }
@@ -38,16 +38,6 @@ void frmCrew::buildForm()
 db::Recordset frmCrew::loadRows()
 {
     return clsCrewManager().GetCrewInfo();
-}
-
-void frmCrew::DisplayData(const db::Row &row)
-{
-    m_fields.show(clsCrew::fromRow(row));
-}
-
-void frmCrew::ClearData()
-{
-    m_fields.clear();
 }
 
 void frmCrew::prepareNewRecord()
@@ -80,14 +70,4 @@ std::optional<QVariant> frmCrew::saveRecord()
 QString frmCrew::recordName() const
 {
     return u"the crew \"%1\""_s.arg(txtCrewNumber->text().trimmed());
-}
-
-bool frmCrew::deleteRecord(const QVariant &key)
-{
-    return clsCrewManager().DeleteRecord(key.toLongLong());
-}
-
-QString frmCrew::usedBy(const QVariant &key) const
-{
-    return clsCrewManager().CanDeleteCrew(key.toLongLong());
 }

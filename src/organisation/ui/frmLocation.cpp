@@ -12,7 +12,7 @@
 using namespace Qt::StringLiterals;
 
 frmLocation::frmLocation(QWidget *parent)
-    : RecordScreen(u"frmLocation"_s, u"Location"_s, parent)
+    : MasterScreen(u"frmLocation"_s, u"Location"_s, parent)
 {
     buildForm();
     loadSites(*cboSite, u"SiteID"_s);
@@ -69,13 +69,13 @@ db::Recordset frmLocation::loadRows()
 
 void frmLocation::DisplayData(const db::Row &row)
 {
-    m_fields.show(clsLocation::fromRow(row));
+    MasterScreen::DisplayData(row);
     txtLocationID->setText(QString::number(m_fields.shown().LocationID));
 }
 
 void frmLocation::ClearData()
 {
-    m_fields.clear();
+    MasterScreen::ClearData();
     txtLocationID->clear();
 }
 
@@ -107,14 +107,4 @@ std::optional<QVariant> frmLocation::saveRecord()
 QString frmLocation::recordName() const
 {
     return u"the location \"%1\""_s.arg(txtLocationName->text().trimmed());
-}
-
-bool frmLocation::deleteRecord(const QVariant &key)
-{
-    return clsLocation_Manager().DeleteRecord(key.toLongLong());
-}
-
-QString frmLocation::usedBy(const QVariant &key) const
-{
-    return clsLocation_Manager().CanDeleteLocation(key.toLongLong());
 }

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "core/ui/Binding.h"
-#include "core/ui/RecordScreen.h"
+#include "core/ui/MasterScreen.h"
 #include "organisation/clsLocation.h"
 
 namespace input {
@@ -9,7 +8,8 @@ class IdCombo;
 }
 
 /// Locations within sites.
-class frmLocation final : public RecordScreen
+class frmLocation final
+    : public MasterScreen<clsLocation, clsLocation_Manager, &clsLocation_Manager::CanDeleteLocation>
 {
     Q_OBJECT
 
@@ -25,8 +25,6 @@ protected:
     QString recordName() const override;
     bool VailidateFields() override;
     std::optional<QVariant> saveRecord() override;
-    bool deleteRecord(const QVariant &key) override;
-    QString usedBy(const QVariant &key) const override;
     bool event(QEvent *event) override;
 
 private:
@@ -34,7 +32,6 @@ private:
     void RefreshCombo();
     void cmdSite_Click();
 
-    Binding<clsLocation> m_fields{clsLocation::fields()};
     QLineEdit *txtLocationID = nullptr;
     QLineEdit *txtLocationName = nullptr;
     QLineEdit *txtDescription = nullptr;

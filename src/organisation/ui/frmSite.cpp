@@ -13,7 +13,7 @@
 using namespace Qt::StringLiterals;
 
 frmSite::frmSite(QWidget *parent)
-    : RecordScreen(u"frmSite"_s, u"Site"_s, parent)
+    : MasterScreen(u"frmSite"_s, u"Site"_s, parent)
 {
     buildForm();
     loadAllStates(*cboState);
@@ -61,16 +61,6 @@ db::Recordset frmSite::loadRows()
     return clsSiteManager().GetSiteInfo();
 }
 
-void frmSite::DisplayData(const db::Row &row)
-{
-    m_fields.show(clsSite::fromRow(row));
-}
-
-void frmSite::ClearData()
-{
-    m_fields.clear();
-}
-
 void frmSite::prepareNewRecord()
 {
     txtSiteName->setFocus();
@@ -98,13 +88,8 @@ QString frmSite::recordName() const
     return u"the site \"%1\""_s.arg(txtSiteName->text().trimmed());
 }
 
-bool frmSite::deleteRecord(const QVariant &key)
-{
-    return clsSiteManager().DeleteRecord(key.toLongLong());
-}
-
 QString frmSite::usedBy(const QVariant &key) const
 {
     // The manager answers with a table; users read it without its "tbl".
-    return clsSiteManager().CanDeleteSite(key.toLongLong()).mid(3);
+    return MasterScreen::usedBy(key).mid(3);
 }

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "core/ui/Binding.h"
-#include "core/ui/RecordScreen.h"
+#include "core/ui/MasterScreen.h"
 #include "organisation/clsSite.h"
 
 namespace input {
@@ -9,7 +8,7 @@ class IdCombo;
 }
 
 /// Sites: where machines stand.
-class frmSite final : public RecordScreen
+class frmSite final : public MasterScreen<clsSite, clsSiteManager, &clsSiteManager::CanDeleteSite>
 {
     Q_OBJECT
 
@@ -19,20 +18,16 @@ public:
 protected:
     db::Recordset loadRows() override;
     QString keyColumn() const override { return QStringLiteral("SiteID"); }
-    void DisplayData(const db::Row &row) override;
-    void ClearData() override;
     void prepareNewRecord() override;
     QString recordName() const override;
     bool VailidateFields() override;
     std::optional<QVariant> saveRecord() override;
-    bool deleteRecord(const QVariant &key) override;
     QString usedBy(const QVariant &key) const override;
 
 private:
     void buildForm();
     void cmdState_Click();
 
-    Binding<clsSite> m_fields{clsSite::fields()};
     QLineEdit *txtSiteName = nullptr;
     QLineEdit *txtAddress = nullptr;
     QLineEdit *txtCity = nullptr;

@@ -21,7 +21,7 @@
 using namespace Qt::StringLiterals;
 
 frmSupplier::frmSupplier(QWidget *parent)
-    : RecordScreen(u"frmSupplier"_s, u"Supplier"_s, parent)
+    : MasterScreen(u"frmSupplier"_s, u"Supplier"_s, parent)
 {
     buildForm();
     loadAllStates(*cboState);
@@ -121,13 +121,13 @@ db::Recordset frmSupplier::loadRows()
 
 void frmSupplier::DisplayData(const db::Row &row)
 {
-    m_fields.show(clsSupplier::fromRow(row));
+    MasterScreen::DisplayData(row);
     txtSupplierID->setText(QString::number(m_fields.shown().SupplierID));
 }
 
 void frmSupplier::ClearData()
 {
-    m_fields.clear();
+    MasterScreen::ClearData();
     txtSupplierID->clear();
 }
 
@@ -165,16 +165,6 @@ std::optional<QVariant> frmSupplier::saveRecord()
 QString frmSupplier::recordName() const
 {
     return u"the supplier \"%1\""_s.arg(txtName->text().trimmed());
-}
-
-bool frmSupplier::deleteRecord(const QVariant &key)
-{
-    return clsSupplier_Manager().DeleteRecord(key.toLongLong());
-}
-
-QString frmSupplier::usedBy(const QVariant &key) const
-{
-    return clsSupplier_Manager().CanDeleteLocation(key.toLongLong());
 }
 
 void frmSupplier::recordShown()

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "core/ui/Binding.h"
-#include "core/ui/RecordScreen.h"
+#include "core/ui/MasterScreen.h"
 #include "organisation/clsSupplier.h"
 
 class QPlainTextEdit;
@@ -13,7 +12,8 @@ class PhoneInput;
 } // namespace input
 
 /// Suppliers of machines and parts.
-class frmSupplier final : public RecordScreen
+class frmSupplier final
+    : public MasterScreen<clsSupplier, clsSupplier_Manager, &clsSupplier_Manager::CanDeleteLocation>
 {
     Q_OBJECT
 
@@ -30,8 +30,6 @@ protected:
     QString recordName() const override;
     bool VailidateFields() override;
     std::optional<QVariant> saveRecord() override;
-    bool deleteRecord(const QVariant &key) override;
-    QString usedBy(const QVariant &key) const override;
     void recordShown() override;
     void cmdFind_Click() override;
     void cmdPrint_Click() override;
@@ -45,7 +43,6 @@ private:
     [[nodiscard]] bool txtPhone_Validate() const;
     [[nodiscard]] bool txtFax_Validate() const;
 
-    Binding<clsSupplier> m_fields{clsSupplier::fields()};
     QLineEdit *txtSupplierID = nullptr;
     QLineEdit *txtName = nullptr;
     QLineEdit *txtTax = nullptr;

@@ -41,7 +41,7 @@ bool isNumeric(const QLineEdit *box)
 } // namespace
 
 frmPart::frmPart(QWidget *parent)
-    : RecordScreen(u"frmPart"_s, u"Parts"_s, parent)
+    : MasterScreen(u"frmPart"_s, u"Parts"_s, parent)
 {
     setRights(rights::Parts);
     buildForm();
@@ -178,7 +178,7 @@ db::Recordset frmPart::loadRows()
 
 void frmPart::DisplayData(const db::Row &row)
 {
-    m_fields.show(clsPart::fromRow(row));
+    MasterScreen::DisplayData(row);
     txtPartCommited->setText(
         base::twoDecimals(clsPartManager().PartCommited(m_fields.shown().PartID)));
     ChangePosition();
@@ -186,7 +186,7 @@ void frmPart::DisplayData(const db::Row &row)
 
 void frmPart::ClearData()
 {
-    m_fields.clear();
+    MasterScreen::ClearData();
     txtPartCommited->clear();
     ChangePosition();
 }
@@ -235,16 +235,6 @@ std::optional<QVariant> frmPart::saveRecord()
 QString frmPart::recordName() const
 {
     return u"the part \"%1\""_s.arg(txtPartID->text().trimmed());
-}
-
-bool frmPart::deleteRecord(const QVariant &key)
-{
-    return clsPartManager().DeleteRecord(base::toText(key));
-}
-
-QString frmPart::usedBy(const QVariant &key) const
-{
-    return clsPartManager().CanDeletePart(base::toText(key));
 }
 
 void frmPart::recordShown()

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "core/ui/Binding.h"
-#include "core/ui/RecordScreen.h"
+#include "core/ui/MasterScreen.h"
 #include "parts/clsPart.h"
 
 class QCheckBox;
@@ -13,7 +12,7 @@ class IdCombo;
 } // namespace input
 
 /// Parts: what they are, what they cost, how many are there.
-class frmPart final : public RecordScreen
+class frmPart final : public MasterScreen<clsPart, clsPartManager, &clsPartManager::CanDeletePart>
 {
     Q_OBJECT
 
@@ -29,8 +28,6 @@ protected:
     QString recordName() const override;
     bool VailidateFields() override;
     std::optional<QVariant> saveRecord() override;
-    bool deleteRecord(const QVariant &key) override;
-    QString usedBy(const QVariant &key) const override;
     void recordShown() override;
     void cmdFind_Click() override;
     void cmdPrint_Click() override;
@@ -62,6 +59,4 @@ private:
     QLineEdit *txtMin = nullptr;
     QCheckBox *chkInactive = nullptr;
     QPlainTextEdit *txtNotes = nullptr;
-
-    Binding<clsPart> m_fields{clsPart::fields()};
 };
