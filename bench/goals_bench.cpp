@@ -11,7 +11,6 @@
 #include "Start.h"
 #include "app/Screens.h"
 #include "core/Session.h"
-#include "core/database/Indexes.h"
 #include "core/ui/ScreenCalls.h"
 #include "equipment/ui/Entries.h"
 #include "platform/base/Environment.h"
@@ -118,7 +117,6 @@ public:
         target.forcedWrites = false;
         gcnData = std::make_unique<db::Connection>(target);
         gcnLookup = std::make_unique<db::Connection>(target);
-        company::addMissingIndexes(*gcnData);
         m_bare.emplace(target);
     }
     ~Company()

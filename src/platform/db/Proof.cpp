@@ -29,7 +29,7 @@ QString tableThatDiffers(const RowCounts &copy, const RowCounts &before, const R
         // One that was dropped or made meanwhile is no fault of the copy.
         if (!after.contains(table.key()))
             continue;
-        const auto [least, most] = std::minmax(table.value(), after.value(table.key()));
+        const auto [least, most] = std::minmax({table.value(), after.value(table.key())});
         const qint64 rows = copy.value(table.key(), -1);
         if (rows < least || rows > most)
             return table.key();
