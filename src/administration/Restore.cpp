@@ -2,6 +2,7 @@
 
 #include "administration/ClosedConnections.h"
 #include "administration/SealedFile.h"
+#include "core/DailyCopies.h"
 #include "core/Session.h"
 #include "core/database/Changes.h"
 #include "platform/base/Environment.h"
@@ -9,6 +10,7 @@
 #include "platform/db/ClosedFile.h"
 #include "platform/db/FileCheck.h"
 #include "platform/db/Maintenance.h"
+#include "platform/db/Proof.h"
 #include "platform/system/Files.h"
 
 #include <QCryptographicHash>
@@ -16,6 +18,8 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <algorithm>
+#include <functional>
 
 namespace administration {
 namespace {
@@ -92,10 +96,57 @@ private:
     QString m_path;
 };
 
+// A database that a restore has put aside is named by the moment.
+const QString KeptName = u"Before restore "_s;
+const QString KeptMoment = u"yyyy-MM-dd HHmmss"_s;
+
 QString placeToKeep()
 {
-    return base::applicationPath(u"\\Data\\Backup\\Before restore "_s +
-                                 base::now().toString(u"yyyy-MM-dd HHmmss"_s) + u".mdb"_s);
+    QString place;
+    // What was put aside stays, also when two restores come in one second or the clock goes back.
+    QDateTime moment = base::now();
+    do {
+        place = base::applicationPath(u"\\Data\\Backup\\"_s + KeptName +
+                                      moment.toString(KeptMoment) + u".mdb"_s);
+        moment = moment.addSecs(1);
+    } while (QFileInfo::exists(place));
+    return place;
+}
+
+QDateTime momentOf(const QFileInfo &kept)
+{
+    const QDateTime moment =
+        QDateTime::fromString(kept.completeBaseName().sliced(KeptName.size()), KeptMoment);
+    return base::wallClock(moment.date(), moment.time());
+}
+
+/// The databases that were put aside up to now, the newest first. What a clock that went wrong has
+/// named after a moment to come is not among them.
+QFileInfoList keptUpToNow(const QDir &folder)
+{
+    QFileInfoList files =
+        folder.entryInfoList({KeptName + u"*.mdb"_s}, QDir::Files | QDir::CaseSensitive);
+    files.removeIf([](const QFileInfo &file) {
+        const QDateTime moment = momentOf(file);
+        return !moment.isValid() || moment > base::now();
+    });
+    std::ranges::sort(files, std::greater(), momentOf);
+    return files;
+}
+
+/// Lets old ones go when the newest is worth keeping: one that was damaged is no reason to.
+void pruneKept(const QString &newest)
+{
+    try {
+        (void)db::prove(newest);
+        const int stay = copies::keepRuleOf(lookupConnection()).restores;
+        const QFileInfoList kept = keptUpToNow(QFileInfo(newest).dir());
+        for (qsizetype i = stay; i < kept.size(); ++i)
+            sys::removeIfThere(kept[i].filePath());
+    } catch (const base::Error &error) {
+        // The restore has done its work, and the next one prunes again.
+        qWarning("databases from before a restore were not pruned: %s", error.what());
+    }
 }
 
 /// The database that was there, kept; "" when there was none.
@@ -202,6 +253,8 @@ Restored restoreDatabase(const Chosen &chosen, const QByteArray &fingerprint,
     ClosedConnections closed;
     restored.kept = replaceLive(staged.path());
     openOrPutBack(closed, restored.kept);
+    if (!restored.kept.isEmpty())
+        pruneKept(restored.kept);
     return restored;
 }
 

@@ -39,8 +39,9 @@ struct Restored
 
 /// Puts a chosen file in the place of the database: closes the connections, keeps the database
 /// that is there under "\Data\Backup\Before restore ..", replaces it in one step, and opens the
-/// connections. fingerprint: what was checked; another file is refused. Raises base::Error when any
-/// of that fails; then the database that was there is open again. FileInUse when another
+/// connections. Of the databases that were kept so, old ones go by the company's rule once the new
+/// one was proven. fingerprint: what was checked; another file is refused. Raises base::Error when
+/// any of that fails; then the database that was there is open again. FileInUse when another
 /// workstation has it open.
 Restored restoreDatabase(const Chosen &chosen, const QByteArray &fingerprint,
                          const Summary &summary);

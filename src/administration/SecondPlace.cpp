@@ -15,8 +15,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-const QString PlaceKey = u"BACKUP_SECOND_PLACE"_s;
-
 void copyDay(const EndingCopy &copy)
 {
     if (!QFileInfo(copy.folder).isDir())
@@ -30,12 +28,7 @@ void copyDay(const EndingCopy &copy)
 
 QString secondPlace()
 {
-    return GetOption(PlaceKey, true).trimmed();
-}
-
-void setSecondPlace(const QString &folder)
-{
-    SetOption(PlaceKey, folder.trimmed(), true);
+    return GetOption(SecondPlaceOption.toString(), true).trimmed();
 }
 
 std::optional<EndingCopy> endingCopy()

@@ -9,9 +9,10 @@
 /// copies the database when it ends.
 namespace administration {
 
+/// The option in which a workstation keeps its folder.
+inline constexpr QStringView SecondPlaceOption = u"BACKUP_SECOND_PLACE";
 /// The folder that this workstation has set; empty without one. Lookup.
 [[nodiscard]] QString secondPlace();
-void setSecondPlace(const QString &folder);
 
 /// What the end of the program has to know when the connections are closed.
 struct EndingCopy

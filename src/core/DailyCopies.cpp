@@ -15,14 +15,10 @@ using namespace Qt::StringLiterals;
 namespace copies {
 namespace {
 
-const QString DaysKey = u"BACKUP_KEEP_DAYS"_s;
-const QString WeeksKey = u"BACKUP_KEEP_WEEKS"_s;
-const QString MonthsKey = u"BACKUP_KEEP_MONTHS"_s;
-
-int numberOf(db::Connection &connection, const QString &key, int least, int usual)
+int numberOf(db::Connection &connection, QStringView option, int least, int usual)
 {
-    const db::Recordset rows =
-        connection.Open(u"Select itemValue from tblSysOption where SysOption = ?"_s, {key});
+    const db::Recordset rows = connection.Open(
+        u"Select itemValue from tblSysOption where SysOption = ?"_s, {option.toString()});
     bool isNumber = false;
     const int number = rows.isEmpty() ? 0 : rows.row(0).text(u"itemValue").toInt(&isNumber);
     return isNumber && number >= least ? number : usual;
@@ -49,16 +45,23 @@ void keepNewest(const QList<QDate> &newestFirst, int periods,
 KeepRule keepRuleOf(db::Connection &connection)
 {
     const KeepRule usual;
-    return {.days = numberOf(connection, DaysKey, 1, usual.days),
-            .weeks = numberOf(connection, WeeksKey, 0, usual.weeks),
-            .months = numberOf(connection, MonthsKey, 0, usual.months)};
+    return {.days = numberOf(connection, DaysOption, 1, usual.days),
+            .weeks = numberOf(connection, WeeksOption, 0, usual.weeks),
+            .months = numberOf(connection, MonthsOption, 0, usual.months),
+            .restores = numberOf(connection, RestoresOption, 1, usual.restores),
+            .daily = numberOf(connection, DailyOption, 0, 1) != 0};
 }
 
-void setKeepRule(const KeepRule &rule)
+QString inWords(const KeepRule &rule)
 {
-    SetOption(DaysKey, rule.days, false);
-    SetOption(WeeksKey, rule.weeks, false);
-    SetOption(MonthsKey, rule.months, false);
+    if (!rule.daily)
+        return u"Starts of the program keep no copy of the day."_s;
+    const auto counted = [](int number, const QString &one) {
+        return number == 1 ? u"1 "_s + one : u"%1 %2s"_s.arg(number).arg(one);
+    };
+    return u"Each day's first start keeps a copy in the folder Data/Backup/Daily. The newest of each of the last %1, %2 and %3 stays."_s
+        .arg(counted(rule.days, u"day"_s), counted(rule.weeks, u"week"_s),
+             counted(rule.months, u"month"_s));
 }
 
 QList<QDate> superfluous(const QList<QDate> &days, QDate today, const KeepRule &rule)
@@ -99,7 +102,7 @@ void prune(const QString &folder, QDate today, const KeepRule &rule)
 {
     const QList<QDate> days = superfluous(daysIn(folder), today, rule);
     for (const QDate day : days)
-        sys::removeFile(QDir(folder).filePath(nameOfDay(day)));
+        sys::removeIfThere(QDir(folder).filePath(nameOfDay(day)));
 }
 
 QString startCopiesFolder()

@@ -63,7 +63,7 @@ constexpr std::array table{
           .opens("frmImport"),
     file.entry("mnuExport", "Export", "Writes all records as text that other programs read")
           .opens("ShowExport"),
-    file.entry("mnuSetup", "Setup", "Company, warning days, security and lookup lists")
+    file.entry("mnuSetup", "Setup", "Company, warning days, security, lookup lists, mail and backups")
           .opens("frmSetup"),
     passwords.shown("Passwords", file.name),
     passwords.entry("mnuChangePassword", "Change Password", "Changes your own password")

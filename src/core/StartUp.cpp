@@ -76,8 +76,6 @@ void keepDailyCopy(const QString &proven)
     const QString daily = folder + u'/' + copies::nameOfDay(base::today());
     if (QFileInfo::exists(daily))
         return;
-    sys::makeFolder(folder);
-    sys::copyFile(proven, daily);
     // Without the rule nothing goes; the start will say what is wrong with the options.
     std::optional<copies::KeepRule> rule;
     (void)errorOf([&] {
@@ -86,6 +84,10 @@ void keepDailyCopy(const QString &proven)
         db::Connection connection(target);
         rule = copies::keepRuleOf(connection);
     });
+    if (rule && !rule->daily)
+        return;
+    sys::makeFolder(folder);
+    sys::copyFile(proven, daily);
     if (rule)
         copies::prune(folder, base::today(), *rule);
 }
@@ -123,7 +125,9 @@ void copyToBackup()
         db::requireWholeDatabase(source, ownTables);
     const QString backup =
         base::applicationPath(u"\\Data\\Backup\\Quorvantis"_s + version + u".mdb"_s);
-    const QString fresh = backup + u".new~"_s;
+    // Two workstations that start at once must not take each other's copy for their own.
+    const QString fresh =
+        backup + u'.' + QString(base::environment().computerName).remove(u'/') + u".new~"_s;
     sys::copyFile(source, fresh, isFree);
     replaceProven(fresh, backup);
     keepDailyCopy(backup);

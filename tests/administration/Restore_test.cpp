@@ -3,6 +3,8 @@
 #include "administration/AdministrationSession.h"
 #include "administration/Backup.h"
 #include "administration/SealedFile.h"
+#include "core/DailyCopies.h"
+#include "core/Options.h"
 #include "core/database/Changes.h"
 #include "support/Damage.h"
 #include "support/OwnLocks.h"
@@ -53,6 +55,40 @@ TEST_F(Restores, PutTheBackupInPlaceAndKeepWhatWasThere)
     QFile::remove(gsDatabasePath);
     EXPECT_EQ(restore({restored.kept, {}}).kept, QString());
     expectWorking(2);
+}
+
+TEST_F(Restores, KeepAsManyDatabasesAsTheCompanyWants)
+{
+    SetOption(copies::RestoresOption.toString(), 2, false);
+    (void)takeBackup({stick(), u"copy"_s, {}});
+    const QStringList others{u"BEFORE RESTORE 2020-01-01 000000.mdb"_s,
+                             u"Before restore 2099-01-01 000000.mdb"_s,
+                             u"Before restore of mine.mdb"_s};
+    for (const QString &name : others)
+        test::writeFile(backups() + u'/' + name, "mine");
+    const auto kept = [&] {
+        QStringList names = filesIn(backups());
+        for (const QString &name : others)
+            EXPECT_TRUE(names.removeOne(name)) << name.toStdString();
+        return names;
+    };
+    const auto day = [](int number) {
+        return u"Before restore 2024-03-%1 093000.mdb"_s.arg(number);
+    };
+    // Two in one second are two.
+    restore(copy());
+    restore(copy());
+    EXPECT_EQ(kept(), (QStringList{day(15), u"Before restore 2024-03-15 093001.mdb"_s}));
+    environment.addDays(1);
+    restore(copy());
+    EXPECT_EQ(kept(), (QStringList{u"Before restore 2024-03-15 093001.mdb"_s, day(16)}));
+    // One of a damaged database is no reason to let a good one go.
+    environment.addDays(1);
+    closeConnections();
+    test::spoilRows(gsDatabasePath);
+    openConnections();
+    restore(copy());
+    EXPECT_EQ(kept(), (QStringList{u"Before restore 2024-03-15 093001.mdb"_s, day(16), day(17)}));
 }
 
 TEST_F(Restores, TellWhatIsThere)

@@ -1,6 +1,7 @@
 #include "administration/SecondPlace.h"
 
 #include "administration/AdministrationSession.h"
+#include "core/Options.h"
 
 using namespace Qt::StringLiterals;
 using namespace administration;
@@ -15,13 +16,13 @@ using SecondPlaces = test::AdministrationSession;
 TEST_F(SecondPlaces, AreTheWorkstationsOwn)
 {
     EXPECT_FALSE(endingCopy());
-    setSecondPlace(u" /media/stick "_s);
+    SetOption(SecondPlaceOption.toString(), u" /media/stick "_s, true);
     EXPECT_EQ(secondPlace(), u"/media/stick"_s);
     EXPECT_EQ(endingCopy()->folder, u"/media/stick"_s);
     settings::registry().setValue(settings::ProductKey, u"GUID"_s,
                                   u"ANOTHERANOTHERANOTHERANOTHERANOT"_s);
     EXPECT_FALSE(endingCopy());
-    setSecondPlace(u"/x"_s);
+    SetOption(SecondPlaceOption.toString(), u"/x"_s, true);
     settings::registry().setValue(settings::ProductKey, u"HOST"_s, u"office"_s);
     EXPECT_FALSE(endingCopy()) << "the files of a host are not ours";
 }

@@ -2,10 +2,13 @@
 #include "administration/SealedFile.h"
 #include "administration/SecondPlace.h"
 #include "administration/ui/Entries.h"
+#include "core/Options.h"
+#include "core/ui/Openings.h"
 #include "core/ui/ScreenDriver.h"
 #include "platform/db/Structure.h"
 
 #include <QCheckBox>
+#include <QLabel>
 
 using namespace Qt::StringLiterals;
 using Icon = base::Prompts::Icon;
@@ -104,18 +107,24 @@ TEST_F(BackupScreen, AFailureIsReportedWithTheDatabaseOpen)
     expectWorking(1);
 }
 
-TEST_F(BackupScreen, KeepsThePlan)
+TEST_F(BackupScreen, TellsThePlanAndLeadsToIt)
 {
+    SetOption(copies::WeeksOption.toString(), 1, false);
+    QString page;
+    openings().join(u"frmSetup"_s, [&](const OpeningArguments &arguments) {
+        page = arguments.key;
+        SetOption(copies::DailyOption.toString(), 0, false);
+        SetOption(administration::SecondPlaceOption.toString(), stick(), true);
+    });
     test::inScreen(ShowBackup, [&](const ScreenDriver &screen) {
-        EXPECT_FALSE(screen.isEnabled("cmdSavePlan"));
-        screen.type("spnDays", u"5"_s);
-        screen.type("spnMonths", u"3"_s);
-        prompts.expectChooser(u"Please choose a second place for the copies"_s, stick());
-        screen.press("cmdSecondPlace");
-        screen.press("cmdSavePlan");
-        EXPECT_FALSE(screen.isEnabled("cmdSavePlan"));
+        const auto plan = [&] { return screen.control<QLabel>("lblPlan").text(); };
+        EXPECT_EQ(plan(), u"Each day's first start keeps a copy in the folder Data/Backup/Daily. "
+                          "The newest of each of the last 7 days, 1 week and 12 months stays.\n"
+                          "This computer has no second place for them."_s);
+        screen.press("cmdPlan");
+        EXPECT_EQ(plan(), u"Starts of the program keep no copy of the day.\nThe last program to "
+                          "end on a day copies the database to %1 too."_s.arg(stick()));
         screen.press("cmdExit");
     });
-    EXPECT_EQ(copies::keepRuleOf(*gcnLookup), (copies::KeepRule{5, 4, 3}));
-    EXPECT_EQ(administration::secondPlace(), stick());
+    EXPECT_EQ(page, u"pageBackups"_s);
 }

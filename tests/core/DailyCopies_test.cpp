@@ -85,10 +85,19 @@ using KeepRules = test::CompanySession;
 TEST_F(KeepRules, AreOptionsOfTheCompany)
 {
     EXPECT_EQ(copies::keepRuleOf(*gcnData), copies::KeepRule());
-    copies::setKeepRule({.days = 2, .weeks = 0, .months = 24});
-    EXPECT_EQ(copies::keepRuleOf(*gcnData), (copies::KeepRule{2, 0, 24}));
-    SetOption(u"BACKUP_KEEP_DAYS"_s, 0, false);
-    SetOption(u"BACKUP_KEEP_WEEKS"_s, u"some"_s, false);
-    SetOption(u"BACKUP_KEEP_MONTHS"_s, -1, false);
+    const auto set = [](QStringView option, const QString &value) {
+        SetOption(option.toString(), value, false);
+    };
+    set(copies::DaysOption, u"2"_s);
+    set(copies::WeeksOption, u"0"_s);
+    set(copies::MonthsOption, u"24"_s);
+    set(copies::RestoresOption, u"1"_s);
+    set(copies::DailyOption, u"0"_s);
+    EXPECT_EQ(copies::keepRuleOf(*gcnData), (copies::KeepRule{2, 0, 24, 1, false}));
+    set(copies::DaysOption, u"0"_s);
+    set(copies::WeeksOption, u"some"_s);
+    set(copies::MonthsOption, u"-1"_s);
+    set(copies::RestoresOption, u"0"_s);
+    set(copies::DailyOption, {});
     EXPECT_EQ(copies::keepRuleOf(*gcnData), copies::KeepRule());
 }

@@ -201,6 +201,27 @@ TEST_F(StartUp, EachDaysFirstCopyIsKeptAndOldOnesGo)
     EXPECT_EQ(companyIn(daily(u"2024-03-17"_s)), u"Friday noon"_s);
 }
 
+TEST_F(StartUp, ACompanyMayDoWithoutTheDaysCopy)
+{
+    putDatabase();
+    db::Connection(target()).Execute(
+        u"Insert into tblSysOption (SysOption, itemValue) values ('BACKUP_DAILY', '0')"_s);
+    EXPECT_TRUE(BackupDB());
+    EXPECT_TRUE(QFile::exists(backup()));
+    EXPECT_FALSE(QFile::exists(daily(u"2024-03-15"_s)));
+}
+
+TEST_F(StartUp, TwoWorkstationsThatCopyAtOnceDontMeet)
+{
+    putDatabase();
+    // What the other one is about to prove.
+    const QString others = backup(u"Quorvantis231.mdb.another.new~"_s);
+    test::writeFile(others, "half a copy");
+    EXPECT_TRUE(BackupDB());
+    EXPECT_EQ(test::readFile(others), "half a copy");
+    EXPECT_EQ(QDir(path(u"Data/Backup"_s)).entryList(QDir::Files).size(), 2);
+}
+
 TEST_F(StartUp, ADamagedDatabaseReplacesNoGoodCopyAndPrunesNone)
 {
     putDatabase();

@@ -1,3 +1,4 @@
+#include "administration/SecondPlace.h"
 #include "core/Options.h"
 #include "core/ui/FormLayout.h"
 #include "core/ui/ScreenDriver.h"
@@ -5,8 +6,11 @@
 #include "shell/ShellSession.h"
 #include "shell/ui/frmSetup.h"
 #include "support/ScriptedPrompts.h"
+#include "support/TestFiles.h"
 
 #include <QCheckBox>
+#include <QDir>
+#include <QLabel>
 #include <QTabWidget>
 
 using namespace Qt::StringLiterals;
@@ -149,4 +153,29 @@ TEST_F(Setup, ThePaperOfReportsIsTheWorkstationsOwn)
     driver.press("cmdOk");
     EXPECT_EQ(GetOption(u"REPORT PAPER"_s, true), u"A4"_s);
     EXPECT_EQ(GetOption(u"REPORT PAPER"_s, false), QString());
+}
+
+TEST_F(Setup, TheRuleOfCopiesHasItsPage)
+{
+    const QString folder = session.environment.folder();
+    QDir().mkpath(copies::startCopiesFolder());
+    test::writeFile(copies::startCopiesFolder() + u'/' + copies::nameOfDay({2024, 3, 14}), "a day");
+    frmSetup opened;
+    opened.show();
+    const ScreenDriver boxes(opened);
+    boxes.control<QTabWidget>("tabOptions").setCurrentIndex(7);
+    EXPECT_EQ(boxes.control<QLabel>("lblNewestCopy").text(), u"Thursday, 03-14-2024"_s);
+    EXPECT_TRUE(boxes.control<QCheckBox>("chkDailyCopy").isChecked());
+    EXPECT_FALSE(boxes.isEnabled("cmdApply"));
+    boxes.type("spnDays", u"5"_s);
+    boxes.type("spnMonths", u"3"_s);
+    boxes.type("spnRestores", u"2"_s);
+    prompts.expectChooser(u"Please choose a second place for the copies"_s, folder);
+    boxes.press("cmdSecondPlace");
+    boxes.press("cmdApply");
+    EXPECT_EQ(copies::keepRuleOf(*gcnLookup), (copies::KeepRule{5, 4, 3, 2}));
+    EXPECT_EQ(administration::secondPlace(), folder);
+    boxes.control<QCheckBox>("chkDailyCopy").click();
+    boxes.press("cmdOk");
+    EXPECT_EQ(copies::keepRuleOf(*gcnLookup), (copies::KeepRule{5, 4, 3, 2, false}));
 }

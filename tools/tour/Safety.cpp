@@ -20,8 +20,12 @@ Task Tour::takeABackup()
     co_await m_hands.chooseEntry(u"mnumakebackup"_s);
     m_hands.requireWindow(u"frmbackup"_s);
     require(m_folder.mkpath(SecondPlace), u"The second place can't be made."_s);
+    co_await m_hands.press(u"cmdPlan"_s);
+    m_hands.requireWindow(u"frmSetup"_s);
     co_await m_hands.type(u"txtSecondPlace"_s, path(SecondPlace));
-    co_await m_hands.press(u"cmdSavePlan"_s);
+    see(u"plan"_s, u"The options say which copies the program makes by itself."_s);
+    co_await m_hands.press(u"cmdOk"_s);
+    m_hands.requireWindow(u"frmbackup"_s);
     co_await m_hands.type(u"txtFolderPath"_s, m_folder.absolutePath());
     co_await m_hands.type(u"txtFileName"_s, BackupName);
     see(u"backup"_s, u"A backup to a folder of the user's; below it what is copied by itself."_s);

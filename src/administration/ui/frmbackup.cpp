@@ -6,14 +6,16 @@
 #include "administration/ui/WaitPointer.h"
 #include "core/Session.h"
 #include "core/ui/Launch.h"
+#include "core/ui/Openings.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
 #include "platform/input/FormBuilder.h"
-#include "platform/input/SpinInput.h"
 #include "platform/input/Theme.h"
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QDir>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QToolButton>
@@ -24,6 +26,7 @@ namespace {
 
 constexpr auto module = "frmbackup";
 constexpr int widthOfForm = 760;
+const QString Options = u"frmSetup"_s;
 
 } // namespace
 
@@ -42,13 +45,11 @@ frmbackup::frmbackup(QWidget *parent)
     connect(cmdBrowse, &QToolButton::clicked, this, &frmbackup::cmdBrowse_Click);
     connect(cmdBackup, &QPushButton::clicked, this, &frmbackup::cmdBackup_Click);
     connect(chkSealed, &QCheckBox::toggled, this, &frmbackup::chkSealed_Click);
-    connect(cmdSecondPlace, &QToolButton::clicked, this, &frmbackup::cmdSecondPlace_Click);
-    connect(cmdSavePlan, &QPushButton::clicked, this, &frmbackup::cmdSavePlan_Click);
+    connect(cmdPlan, &QPushButton::clicked, this, [this] {
+        openings().open(Options, {.key = u"pageBackups"_s});
+        showPlan();
+    });
     connect(cmdExit, &QPushButton::clicked, this, &frmbackup::unload);
-    const auto changed = [this] { cmdSavePlan->setEnabled(true); };
-    for (const input::SpinInput *spin : {spnDays, spnWeeks, spnMonths})
-        connect(spin, &input::SpinInput::edited, this, changed);
-    connect(txtSecondPlace, &QLineEdit::textEdited, this, changed);
 }
 
 void frmbackup::buildForm()
@@ -66,18 +67,9 @@ void frmbackup::buildForm()
               u"lblPassphrase"_s);
     form.endGroup();
     form.beginGroup(u"Copies that are made without asking"_s, u"fraCopies"_s);
-    form.note(
-        u"Each day's first start keeps a copy in the folder Data/Backup/Daily, of which the newest stay:"_s);
-    form.beginRow(u"Of the last"_s);
-    spnDays = form.spinField(u"spnDays"_s, u"Da&ys"_s);
-    spnWeeks = form.spinField(u"spnWeeks"_s, u"&Weeks"_s);
-    spnMonths = form.spinField(u"spnMonths"_s, u"&Months"_s);
-    form.endRow();
-    txtSecondPlace = form.textField(u"txtSecondPlace"_s, u"&Second place (share or stick)"_s);
-    cmdSecondPlace = form.sideButton(u"cmdSecondPlace"_s, u"Browse"_s, u"folder"_s);
-    form.note(
-        u"The last program to end on a day copies the database there too. Blank: no second place."_s);
-    cmdSavePlan = form.inlineButton(u"cmdSavePlan"_s, u"Sa&ve"_s, theme::icon(u"save"_s));
+    lblPlan = form.note({}, u"lblPlan"_s);
+    cmdPlan = form.inlineButton(u"cmdPlan"_s, u"&Change in the options..."_s);
+    cmdPlan->setEnabled(openings().isJoined(Options));
     form.endGroup();
     form.stretch();
     cmdBackup = form.button(u"cmdBackup"_s, u"Process"_s, theme::icon(u"backup"_s));
@@ -96,13 +88,14 @@ void frmbackup::refillName()
 void frmbackup::showPlan()
 {
     base::trapped(module, "Form_Load", [this] {
-        const copies::KeepRule rule = copies::keepRuleOf(lookupConnection());
-        spnDays->setValue(rule.days);
-        spnWeeks->setValue(rule.weeks);
-        spnMonths->setValue(rule.months);
-        txtSecondPlace->setText(administration::secondPlace());
+        QString plan = copies::inWords(copies::keepRuleOf(lookupConnection()));
+        const QString place = administration::secondPlace();
+        plan += place.isEmpty()
+                    ? u"\nThis computer has no second place for them."_s
+                    : u"\nThe last program to end on a day copies the database to %1 too."_s.arg(
+                          QDir::toNativeSeparators(place));
+        lblPlan->setText(plan);
     });
-    cmdSavePlan->setEnabled(false);
 }
 
 administration::BackupRequest frmbackup::request() const
@@ -168,24 +161,4 @@ void frmbackup::chkSealed_Click()
     }
     if (chkSealed->isChecked())
         txtPassphrase->setFocus();
-}
-
-void frmbackup::cmdSecondPlace_Click()
-{
-    const QString folder = BrowseForFolder(u"Please choose a second place for the copies"_s);
-    if (folder.isEmpty())
-        return;
-    txtSecondPlace->setText(folder);
-    cmdSavePlan->setEnabled(true);
-}
-
-void frmbackup::cmdSavePlan_Click()
-{
-    base::trapped(module, "cmdSavePlan_Click", [this] {
-        const base::Whole raising;
-        copies::setKeepRule(
-            {.days = spnDays->value(), .weeks = spnWeeks->value(), .months = spnMonths->value()});
-        administration::setSecondPlace(txtSecondPlace->text());
-        cmdSavePlan->setEnabled(false);
-    });
 }

@@ -4,13 +4,10 @@
 #include "core/ui/Screen.h"
 
 class QCheckBox;
+class QLabel;
 class QLineEdit;
 class QPushButton;
 class QToolButton;
-
-namespace input {
-class SpinInput;
-}
 
 /// A backup to a folder of the user's choice, and what is kept without asking.
 class frmbackup : public Screen
@@ -22,8 +19,6 @@ public:
 
 private:
     void buildForm();
-    void buildBackup();
-    void buildCopies();
     void refillName();
     void showPlan();
     [[nodiscard]] administration::BackupRequest request() const;
@@ -33,8 +28,6 @@ private:
     void cmdBrowse_Click();
     void cmdBackup_Click();
     void chkSealed_Click();
-    void cmdSecondPlace_Click();
-    void cmdSavePlan_Click();
 
     QLineEdit *txtFolderPath = nullptr;
     QToolButton *cmdBrowse = nullptr;
@@ -42,12 +35,8 @@ private:
     QCheckBox *chkSealed = nullptr;
     QLineEdit *txtPassphrase = nullptr;
     QLineEdit *txtPassphraseAgain = nullptr;
-    input::SpinInput *spnDays = nullptr;
-    input::SpinInput *spnWeeks = nullptr;
-    input::SpinInput *spnMonths = nullptr;
-    QLineEdit *txtSecondPlace = nullptr;
-    QToolButton *cmdSecondPlace = nullptr;
-    QPushButton *cmdSavePlan = nullptr;
+    QLabel *lblPlan = nullptr;
+    QPushButton *cmdPlan = nullptr;
     QPushButton *cmdBackup = nullptr;
     QPushButton *cmdExit = nullptr;
 };

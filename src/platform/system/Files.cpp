@@ -152,6 +152,16 @@ void removeFile(const QString &path)
               u"The file can't be deleted (%1)"_s.arg(file.errorString()), path);
 }
 
+void removeIfThere(const QString &path)
+{
+    try {
+        removeFile(path);
+    } catch (const base::Error &) {
+        if (QFileInfo::exists(path))
+            throw;
+    }
+}
+
 void makeFolder(const QString &path)
 {
     if (!QDir().mkpath(path))

@@ -21,6 +21,8 @@ void writeFile(const QString &path, const QByteArray &content);
 void moveFile(const QString &source, const QString &destination);
 /// Deletes a file.
 void removeFile(const QString &path);
+/// Deletes a file; content when it is gone already, or another program is faster.
+void removeIfThere(const QString &path);
 /// Makes a folder and those above it; content with one that is there.
 void makeFolder(const QString &path);
 

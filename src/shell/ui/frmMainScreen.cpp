@@ -92,7 +92,7 @@ void frmMainScreen::joinOwnEntries()
             end();
     });
     all.join(u"frmChangePassword"_s, [] { frmChangePassword::ShowSystemSettings(); });
-    all.join(u"frmSetup"_s, [] { frmSetup::ShowSystemSettings(); });
+    all.join(u"frmSetup"_s, [](const OpeningArguments &a) { frmSetup::ShowSystemSettings(a.key); });
     all.join(u"frmSendDBUpdate"_s, [] { frmSendDBUpdate::ShowSendDBUpdateDetails(); });
     if (gsLoginUser == administrator)
         all.join(u"frmUserManageMent"_s, [] { frmUserManageMent::ShowUserManagement(); });

@@ -58,9 +58,12 @@ frmSetup::frmSetup(QWidget *parent)
     readOptions();
 }
 
-void frmSetup::ShowSystemSettings()
+void frmSetup::ShowSystemSettings(const QString &page)
 {
-    frmSetup(QApplication::activeWindow()).showModal();
+    frmSetup screen(QApplication::activeWindow());
+    if (auto *wanted = screen.tabOptions->findChild<QWidget *>(page))
+        screen.tabOptions->setCurrentWidget(wanted);
+    screen.showModal();
 }
 
 // --- The pages -----------------------------------------------------------------------------------
@@ -70,13 +73,14 @@ void frmSetup::buildForm()
     input::FormBuilder form(this);
     tabOptions = new QTabWidget(this);
     tabOptions->setObjectName(u"tabOptions"_s);
-    tabOptions->addTab(companyPage(), u"C&ompany"_s);
-    tabOptions->addTab(fieldsPage(), u"&User Fields"_s);
-    tabOptions->addTab(listsPage(), u"&Lists"_s);
-    tabOptions->addTab(workstationPage(), u"&Workstation"_s);
-    tabOptions->addTab(mailPage(), u"&Mail"_s);
-    tabOptions->addTab(errorReportsPage(), u"&Error Reports"_s);
-    tabOptions->addTab(updatesPage(), u"U&pdates"_s);
+    addPage(companyPage(), u"pageCompany"_s, u"C&ompany"_s);
+    addPage(fieldsPage(), u"pageFields"_s, u"&User Fields"_s);
+    addPage(listsPage(), u"pageLists"_s, u"&Lists"_s);
+    addPage(workstationPage(), u"pageWorkstation"_s, u"&Workstation"_s);
+    addPage(mailPage(), u"pageMail"_s, u"&Mail"_s);
+    addPage(errorReportsPage(), u"pageErrorReports"_s, u"&Error Reports"_s);
+    addPage(updatesPage(), u"pageUpdates"_s, u"U&pdates"_s);
+    addPage(backupsPage(), u"pageBackups"_s, u"&Backups"_s);
     form.widget(tabOptions, true);
     cmdOk = form.button(u"cmdOk"_s, u"O&K"_s, theme::icon(u"save"_s));
     cmdApply = form.button(u"cmdApply"_s, u"&Apply"_s, theme::icon(u"complete"_s));
@@ -87,6 +91,12 @@ void frmSetup::buildForm()
     input::setCausesValidation(cmdExit, false);
     resize(640, 520);
     txtCompanyName->setFocus();
+}
+
+void frmSetup::addPage(QWidget *page, const QString &name, const QString &caption)
+{
+    page->setObjectName(name);
+    tabOptions->addTab(page, caption);
 }
 
 QWidget *frmSetup::companyPage()

@@ -13,11 +13,16 @@ class QTabWidget;
 namespace input {
 class FormBuilder;
 class PhoneInput;
+class SpinInput;
 } // namespace input
 
+namespace copies {
+struct KeepRule;
+}
+
 /// The options: the company's name and address, the days of warnings, the captions of free fields,
-/// the lookup lists, what this workstation keeps for itself, and the services that the program
-/// uses: the mail account, the makers' error store, updates.
+/// the lookup lists, what this workstation keeps for itself, the services that the program uses
+/// (the mail account, the makers' error store, updates), and the copies that it makes by itself.
 class frmSetup final : public Screen
 {
     Q_OBJECT
@@ -25,8 +30,9 @@ class frmSetup final : public Screen
 public:
     explicit frmSetup(QWidget *parent = nullptr);
 
-    /// Opens the options and waits until they are closed.
-    static void ShowSystemSettings();
+    /// Opens the options, at the page of that name if there is one, and waits until they are
+    /// closed.
+    static void ShowSystemSettings(const QString &page = {});
 
 protected:
     void EnableControls() override;
@@ -52,6 +58,8 @@ private:
     [[nodiscard]] QWidget *mailPage();
     [[nodiscard]] QWidget *errorReportsPage();
     [[nodiscard]] QWidget *updatesPage();
+    [[nodiscard]] QWidget *backupsPage();
+    void addPage(QWidget *page, const QString &name, const QString &caption);
     QLineEdit *addText(input::FormBuilder &form, QStringView key, const QString &name,
                        const QString &label, int length);
     QLineEdit *addDays(input::FormBuilder &form, QStringView key, const QString &name,
@@ -62,6 +70,8 @@ private:
                          const QString &label);
     void addField(QLineEdit *box, QStringView key);
     void addField(Field field);
+    /// A number of the rule by which copies stay.
+    void addKept(input::SpinInput *spin, QStringView option, int copies::KeepRule::*number);
     void addList(input::FormBuilder &form, const QString &name, const QString &caption,
                  std::function<void()> open);
     void readOptions();
