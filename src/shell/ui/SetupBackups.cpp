@@ -21,21 +21,19 @@ namespace {
 QString newestCopy()
 {
     const QList<QDate> days = copies::daysIn(copies::startCopiesFolder());
-    return days.isEmpty() ? u"none yet"_s
-                          : std::ranges::max(days).toString(u"dddd, MM-dd-yyyy"_s);
+    return days.isEmpty() ? u"none yet"_s : std::ranges::max(days).toString(u"dddd, MM-dd-yyyy"_s);
 }
 
 } // namespace
 
 void frmSetup::addKept(input::SpinInput *spin, QStringView option, int copies::KeepRule::*number)
 {
-    addField({.key = option.toString(),
-              .text = [spin] { return QString::number(spin->value()); },
-              .setText = [spin](const QString &text) { spin->setValue(text.toInt()); },
-              .read =
-                  [number] {
-                      return QString::number(copies::keepRuleOf(lookupConnection()).*number);
-                  }});
+    addField(
+        {.key = option.toString(),
+         .text = [spin] { return QString::number(spin->value()); },
+         .setText = [spin](const QString &text) { spin->setValue(text.toInt()); },
+         .read =
+             [number] { return QString::number(copies::keepRuleOf(lookupConnection()).*number); }});
     connect(spin, &input::SpinInput::edited, this,
             [this, key = option.toString()] { markChanged(key); });
 }
@@ -51,9 +49,9 @@ QWidget *frmSetup::backupsPage()
     auto *daily =
         form.checkBox(u"chkDailyCopy"_s, u"&First start of each day keeps a copy on this disk"_s);
     form.beginRow(u"Keep the newest of each of the last"_s);
-    auto *days = form.spinField(u"spnDays"_s, u"&days"_s);
-    auto *weeks = form.spinField(u"spnWeeks"_s, u"wee&ks"_s);
-    auto *months = form.spinField(u"spnMonths"_s, u"mon&ths"_s);
+    auto *days = form.spinField(u"spnDays"_s, u"da&ys"_s);
+    auto *weeks = form.spinField(u"spnWeeks"_s, u"week&s"_s);
+    auto *months = form.spinField(u"spnMonths"_s, u"mont&hs"_s);
     form.endRow();
     form.readOnlyField(u"lblNewestCopy"_s, u"Newest copy"_s)->setText(newestCopy());
     form.endGroup();
@@ -64,20 +62,18 @@ QWidget *frmSetup::backupsPage()
               u"copies the database there, and keeps as many copies as above. Blank: no second "
               u"place."_s);
     form.endGroup();
-    form.beginGroup(u"Before a restore (for the whole company)"_s, u"fraRestores"_s);
-    auto *restores =
-        form.spinField(u"spnRestores"_s, u"Data&bases that a restore has put aside, to keep"_s);
+    form.beginGroup(u"Databases that a restore has put aside (for the whole company)"_s,
+                    u"fraRestores"_s);
+    auto *restores = form.spinField(u"spnRestores"_s, u"&Number of the newest to keep"_s);
     form.endGroup();
     form.stretch();
     form.finish();
 
-    addField({.key = copies::DailyOption.toString(),
-              .text = [daily] { return daily->isChecked() ? u"1"_s : u"0"_s; },
-              .setText = [daily](const QString &text) { daily->setChecked(text == u"1"); },
-              .read =
-                  [] {
-                      return copies::keepRuleOf(lookupConnection()).daily ? u"1"_s : u"0"_s;
-                  }});
+    addField(
+        {.key = copies::DailyOption.toString(),
+         .text = [daily] { return daily->isChecked() ? u"1"_s : u"0"_s; },
+         .setText = [daily](const QString &text) { daily->setChecked(text == u"1"); },
+         .read = [] { return copies::keepRuleOf(lookupConnection()).daily ? u"1"_s : u"0"_s; }});
     connect(daily, &QCheckBox::toggled, this,
             [this] { markChanged(copies::DailyOption.toString()); });
     addKept(days, copies::DaysOption, &KeepRule::days);
