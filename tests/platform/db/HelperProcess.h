@@ -18,7 +18,7 @@ public:
         m_process.setProcessEnvironment(environment);
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         m_process.start(QCoreApplication::applicationDirPath() +
-                            QStringLiteral("/platform_db_test_helper"),
+                            QStringLiteral("/database_helper"),
                         {command, file, statement});
         EXPECT_TRUE(m_process.waitForStarted());
     }
