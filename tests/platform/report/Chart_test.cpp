@@ -55,7 +55,7 @@ std::string tables(const Layout &layout, const DataSource &rows)
         }
         return true;
     });
-    EXPECT_TRUE(outcome.problems.isEmpty()) << outcome.problems.join(u'\n').toStdString();
+    EXPECT_EQ(outcome.problems, QStringList());
     return charts.join(u" / "_s).toStdString();
 }
 
@@ -106,14 +106,6 @@ TEST(Chart, CollectsTheRowsOfItsBandsGroupOrOfTheReport)
     for (const Case &one : cases)
         EXPECT_EQ(tables(chartIn(one.band, one.attributes, one.series, group), costs()), one.table)
             << one.band.toStdString() << one.attributes.toStdString();
-}
-
-TEST(Chart, SeriesHaveColoursOfTheirOwn)
-{
-    QSet<QRgb> colors;
-    for (std::size_t number = 0; number < 24; ++number)
-        colors.insert(usualSeriesColor(number).rgb());
-    EXPECT_EQ(colors.size(), 24);
 }
 
 TEST(Chart, PutsTogetherWhatTheCategorysFormatShowsAlike)
@@ -175,16 +167,15 @@ TEST(ChartAxis, HasRoundTicksAboutAllValues)
 QList<std::pair<QString, QRect>> texts(const Page &page)
 {
     QList<std::pair<QString, QRect>> found;
-    for (const PageItem &item : page.items)
-        if (const auto *text = std::get_if<TextItem>(&item))
-            for (const TextLine &line : text->lines) {
-                const Length top = lineTop(line, text->style);
-                const Length height = lineBottom(line, text->style) - top;
-                found.append({line.text, text->turned
-                                             ? QRect(line.x - (line.baseline - top),
-                                                     line.baseline - line.width, height, line.width)
-                                             : QRect(line.x, top, line.width, height)});
-            }
+    for (const TextItem &text : itemsOf<TextItem>(page))
+        for (const TextLine &line : text.lines) {
+            const Length top = lineTop(line, text.style);
+            const Length height = lineBottom(line, text.style) - top;
+            found.append({line.text, text.turned
+                                         ? QRect(line.x - (line.baseline - top),
+                                                 line.baseline - line.width, height, line.width)
+                                         : QRect(line.x, top, line.width, height)});
+        }
     return found;
 }
 
@@ -225,12 +216,10 @@ TEST(Chart, NothingOverlapsOrLeavesTheFrame)
                                 << found[a].first.toStdString() << " and "
                                 << found[b].first.toStdString();
                     }
-                    for (const PageItem &item : pages[0].items) {
-                        const auto *box = std::get_if<BoxItem>(&item);
-                        const auto *shape = std::get_if<ShapeItem>(&item);
-                        EXPECT_TRUE(!box || frame.contains(box->frame));
-                        EXPECT_TRUE(!shape || frame.contains(shape->frame));
-                    }
+                    for (const BoxItem &box : itemsOf<BoxItem>(pages[0]))
+                        EXPECT_TRUE(frame.contains(box.frame));
+                    for (const ShapeItem &shape : itemsOf<ShapeItem>(pages[0]))
+                        EXPECT_TRUE(frame.contains(shape.frame));
                 }
 }
 
@@ -238,11 +227,9 @@ TEST(Chart, NothingOverlapsOrLeavesTheFrame)
 QStringList valueLabels(const Layout &layout, const Rows &rows)
 {
     QStringList labels;
-    const Page page = allPages(layout, rows, {})[0];
-    for (const PageItem &item : page.items)
-        if (const auto *text = std::get_if<TextItem>(&item);
-            text && text->style.align == Align::Right)
-            labels.append(text->lines[0].text);
+    for (const TextItem &text : itemsOf<TextItem>(allPages(layout, rows, {})[0]))
+        if (text.style.align == Align::Right)
+            labels.append(text.lines[0].text);
     return labels;
 }
 
@@ -274,42 +261,40 @@ TEST(Chart, NamesThatAreLeftOutAreSoRegularly)
         EXPECT_EQ(shown[label] - shown[label - 1], shown[1] - shown[0]);
 }
 
-TEST(Chart, LongNamesEndInAnEllipsis)
-{
-    const auto found = texts(allPages(inFooter("category=\"Name\"", cost),
-                                      many(9, u"A%1"_s + QString(80, u'n')), {})[0]);
-    const auto isCut = [](const auto &text) {
-        return text.first.startsWith(u'A') && text.first.endsWith(QChar(0x2026));
-    };
-    EXPECT_EQ(std::count_if(found.cbegin(), found.cend(), isCut), 9);
-}
-
 TEST(Chart, NamesStandUprightInLinesWhereTheirWordsFit)
 {
     const auto labels = [](const QString &name, int count) {
         int turned = 0;
         QStringList words;
-        const Page page = allPages(inFooter("category=\"Name\"", cost), many(count, name), {})[0];
-        for (const PageItem &item : page.items)
-            if (const auto *text = std::get_if<TextItem>(&item); text && !text->lines.isEmpty()) {
-                turned += text->turned;
-                words.append(text->lines[0].text);
-            }
+        for (const TextItem &text : itemsOf<TextItem>(
+                 allPages(inFooter("category=\"Name\"", cost), many(count, name), {})[0])) {
+            turned += text.turned;
+            words.append(text.lines.value(0).text);
+        }
         return std::pair(turned, words.filter(u"yard"_s).value(0).toStdString());
     };
     EXPECT_EQ(labels(u"%1 storage yard of the south"_s, 4), std::pair(0, "0 storage yard"s));
     EXPECT_EQ(labels(u"%1 yard"_s, 4), std::pair(0, "0 yard"s));
     EXPECT_EQ(labels(u"%1yard-of-the-southern-crew"_s, 4).first, 4) << "no word is broken";
     EXPECT_EQ(labels(u"%1 storage yard of the south"_s, 13).first, 13);
+    const auto found = texts(allPages(inFooter("category=\"Name\"", cost),
+                                      many(9, u"A%1"_s + QString(80, u'n')), {})[0]);
+    EXPECT_EQ(std::ranges::count_if(found,
+                                    [](const auto &text) {
+                                        return text.first.startsWith(u'A') &&
+                                               text.first.endsWith(QChar(0x2026));
+                                    }),
+              9)
+        << "longer ones end in an ellipsis";
 }
 
 /// The bars of a page by their fill.
 QList<QRect> bars(const Page &page, const QColor &color)
 {
     QList<QRect> found;
-    for (const PageItem &item : page.items)
-        if (const auto *box = std::get_if<BoxItem>(&item); box && box->fill == color)
-            found.append(box->frame);
+    for (const BoxItem &box : itemsOf<BoxItem>(page))
+        if (box.fill == color)
+            found.append(box.frame);
     return found;
 }
 
@@ -334,6 +319,11 @@ TEST(Chart, BarsAreAsHighAsTheirValues)
     const auto upper = bars(stacked, Qt::blue);
     EXPECT_EQ(upper[0].y() + upper[0].height(), lower[0].y());
     EXPECT_EQ(upper[0].x(), lower[0].x());
+
+    QSet<QRgb> colors;
+    for (std::size_t number = 0; number < 24; ++number)
+        colors.insert(usualSeriesColor(number).rgb());
+    EXPECT_EQ(colors.size(), 24) << "each series has one of its own";
 }
 
 TEST(Chart, LinesBreakWhereAValueIsMissing)
@@ -344,24 +334,20 @@ TEST(Chart, LinesBreakWhereAValueIsMissing)
         inFooter("kind=\"line\" category=\"Name\"", R"(<series value="A" color="#ff0000"/>)"), rows,
         {})[0];
     QStringList lines;
-    for (const PageItem &item : page.items)
-        if (const auto *shape = std::get_if<ShapeItem>(&item); shape && !shape->closed)
+    for (const ShapeItem &shape : itemsOf<ShapeItem>(page))
+        if (!shape.closed)
             lines.append(
-                u"%1:%2"_s.arg(shape->points.size())
-                    .arg(shape->points[0].y() - shape->points[1].y() > 0 ? u"up"_s : u"level"_s));
+                u"%1:%2"_s.arg(shape.points.size())
+                    .arg(shape.points[0].y() > shape.points[1].y() ? u"up"_s : u"level"_s));
     EXPECT_EQ(lines.join(u' ').toStdString(), "2:up 2:level");
 }
 
 TEST(Chart, WithoutValuesSaysSo)
 {
     for (const Rows &rows :
-         {Rows({u"Name"_s, u"Cost"_s}, {}), Rows({u"Name"_s, u"Cost"_s}, {{u"a"_s, QVariant()}})}) {
-        const auto found =
-            texts(allPages(inFooter("category=\"Name\" title=\"Costs\"", cost), rows, {})[0]);
-        ASSERT_EQ(found.size(), 2);
-        EXPECT_EQ(found[0].first, u"Costs");
-        EXPECT_EQ(found[1].first, u"No values");
-    }
+         {Rows({u"Name"_s, u"Cost"_s}, {}), Rows({u"Name"_s, u"Cost"_s}, {{u"a"_s, QVariant()}})})
+        EXPECT_EQ(pageWords(inFooter("category=\"Name\" title=\"Costs\"", cost), rows),
+                  "Costs No values");
 }
 
 TEST(Chart, EveryOutputHasIt)

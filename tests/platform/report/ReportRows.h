@@ -2,6 +2,7 @@
 
 #include "platform/report/layout/LayoutFile.h"
 #include "platform/report/paginate/DataSource.h"
+#include "platform/report/paginate/Paginator.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -40,6 +41,40 @@ inline Layout layoutOf(const QByteArray &text)
     EXPECT_TRUE(reading.layout.has_value()) << reading.error.toStdString();
     EXPECT_TRUE(reading.warnings.isEmpty()) << reading.warnings.join(u'\n').toStdString();
     return reading.layout.value_or(Layout());
+}
+
+/// What a page has of one kind, in its order.
+template<class Item>
+QList<Item> itemsOf(const Page &page)
+{
+    QList<Item> found;
+    for (const PageItem &item : page.items)
+        if (const auto *one = std::get_if<Item>(&item))
+            found.append(*one);
+    return found;
+}
+
+/// The lines of a page's texts, parted by blanks.
+inline QString wordsOf(const Page &page)
+{
+    QStringList words;
+    for (const TextItem &text : itemsOf<TextItem>(page))
+        for (const TextLine &line : text.lines)
+            words.append(line.text);
+    return words.join(u' ');
+}
+
+/// The words of all pages, which are parted by " / ". The test fails on a problem, unless the
+/// caller takes them.
+inline std::string pageWords(const Layout &layout, const DataSource &rows,
+                             const Inputs &inputs = {}, QStringList *problems = nullptr)
+{
+    QStringList pages;
+    QStringList told;
+    for (const Page &page : allPages(layout, rows, inputs, problems ? problems : &told))
+        pages.append(wordsOf(page));
+    EXPECT_EQ(told, QStringList());
+    return pages.join(u" / ").toStdString();
 }
 
 } // namespace report
