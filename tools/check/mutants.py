@@ -154,21 +154,25 @@ def inputs_of(program):
 
 
 def programs_with(file, inputs):
-    """The programs that link a source, those of its own folder's tests and the others."""
+    """The programs that link a source, in groups to be tried one after another: the tests of its own
+    folder, those of the folder's screens, then each other program, the smallest first."""
     wanted = str(file) + ".o"
     linking = [program for program in inputs if program != "tests/test_architecture" and any(
         re.sub(r"CMakeFiles/[^/]+\.dir/", "", one) == wanted for one in inputs[program])]
     folder = "tests" + str(file.parent).removeprefix("src") + "/"
     own = [program for program in linking
            if any(one.startswith(folder) for one in inputs[program])]
-    return own, [program for program in linking if program not in own]
+    screens = [program for program in own if any("/ui/" in one for one in inputs[program])]
+    others = sorted(set(linking) - set(own), key=lambda program: len(inputs[program]))
+    groups = [[one for one in own if one not in screens], screens, *([one] for one in others)]
+    return [group for group in groups if group]
 
 
 def first_failure(programs):
     """None when all cases of these programs pass, else the name of one that doesn't."""
     names = "|".join(program.removeprefix("tests/") for program in programs)
     code, text = run(["ctest", "--test-dir", str(BUILD), "-R", rf"^({names})\.", "-j",
-                      str(os.cpu_count()), "--timeout", "120", "--stop-on-failure",
+                      str(os.cpu_count()), "--timeout", "60", "--stop-on-failure",
                       "--no-tests=error", "--output-on-failure"])
     if code == 0:
         return None
@@ -184,6 +188,9 @@ class Programs:
 
     def build(self, programs):
         return run(["ninja", "-C", str(BUILD), *programs])
+
+    def are_sure(self, programs):
+        return self.green.issuperset(programs)
 
     def make_sure(self, programs):
         fresh = [program for program in programs if program not in self.green]
@@ -204,20 +211,29 @@ def try_out(mutant, groups, programs):
     kept = target.read_bytes()
     lines = kept.decode("utf-8").split("\n")
     lines[mutant.line] = mutant.new
-    # The tests of the change's own folder come first; the others are only built for what they miss.
-    for group in groups:
-        programs.make_sure(group)
-        try:
-            target.write_text("\n".join(lines), encoding="utf-8")
+    changed = "\n".join(lines).encode("utf-8")
+    try:
+        for group in groups:
+            if not programs.are_sure(group):
+                target.write_bytes(kept)
+                programs.make_sure(group)
+            if target.read_bytes() != changed:
+                target.write_bytes(changed)
             code, _ = programs.build(group)
             if code != 0:
                 return None
             failed = first_failure(group)
-        finally:
-            target.write_bytes(kept)
-        if failed:
-            return failed[0]
+            if failed:
+                return failed[0]
+    finally:
+        target.write_bytes(kept)
     return ""
+
+
+def in_turn(found, number):
+    """The first changes in the order of their files, so that each file is compiled once a change and
+    not a second time as it was; then the rest, for those that don't compile."""
+    return sorted(found[:number], key=lambda mutant: str(mutant.file)) + found[number:]
 
 
 def main():
@@ -251,10 +267,10 @@ def main():
 
     programs = Programs()
     tried = survived = 0
-    for mutant in found:
+    for mutant in in_turn(found, options.number):
         if tried == options.number:
             break
-        groups = [group for group in programs_with(mutant.file, inputs) if group]
+        groups = programs_with(mutant.file, inputs)
         if not groups:
             print(f"{mutant.file}: no test program links it", flush=True)
             continue
