@@ -137,6 +137,14 @@ def copy_tree():
             target.unlink()
 
 
+def configure(keep_templates):
+    """Sets the copy's build up. keep_templates: a change makes no new databases to start tests from."""
+    code, text = run(["cmake", "-S", str(COPY), "--preset", "dev", "-B", str(BUILD),
+                      f"-DQUORVANTIS_KEEP_TEMPLATES={'ON' if keep_templates else 'OFF'}"])
+    if code != 0:
+        sys.exit(text)
+
+
 def test_programs():
     """All test programs by their place in the build. Programs that tests start are none."""
     code, text = run(["ninja", "-C", str(BUILD), "-t", "targets", "all"])
@@ -264,10 +272,11 @@ def main():
 
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(130))
     copy_tree()
-    if not (BUILD / "build.ninja").exists():
-        code, text = run(["cmake", "-S", str(COPY), "--preset", "dev", "-B", str(BUILD)])
-        if code != 0:
-            sys.exit(text)
+    configure(keep_templates=False)
+    code, text = run(["ninja", "-C", str(BUILD), "empty_database", "sample_database"])
+    if code != 0:
+        sys.exit(text[-3000:])
+    configure(keep_templates=True)
     inputs = {program: inputs_of(program) for program in test_programs()}
 
     programs = Programs()
