@@ -7,9 +7,8 @@ build_packages=(
     qt6-base-dev "qt6-svg-dev|libqt6svg6-dev" "qt6-charts-dev|libqt6charts6-dev" libqt6opengl6-dev
     qt6-tools-dev qt6-tools-dev-tools libgl-dev
     firebird-dev "firebird3.0-server-core|firebird4.0-server-core"
-    libsodium-dev libxlsxwriter-dev libzint-dev
-    libcurl4-openssl-dev unixodbc-dev
     libsodium-dev libxlsxwriter-dev libzint-dev libzip-dev
+    libcurl4-openssl-dev unixodbc-dev
     "fonts-liberation2|fonts-liberation"
 )
 run_packages=(qt6-qpa-plugins)
