@@ -74,9 +74,15 @@ protected:
         gRights = {};
     }
 
-    static void open(const QString &name, std::function<void(ScreenDriver)> act)
+    /// Works a screen, and leaves it by Exit unless it has closed.
+    static void open(const QString &name, const std::function<void(ScreenDriver)> &act)
     {
-        inScreen([&] { openings().open(name); }, std::move(act));
+        inScreen([&] { openings().open(name); },
+                 [&](const ScreenDriver &screen) {
+                     act(screen);
+                     if (screen.isOpen())
+                         screen.press("cmdExit");
+                 });
     }
     static void plainLayout(const QString &report)
     {
@@ -183,10 +189,8 @@ TEST_F(FilterScreens, AskForTheReportOfTheirFields)
 TEST_F(FilterScreens, BeginWhereTheWorkstationLeftTheDates)
 {
     // Exit is as good as a report.
-    open(u"frmScanHistory"_s, [](const ScreenDriver &screen) {
-        screen.type("dtpScanDateF", u"01022024"_s);
-        screen.press("cmdExit");
-    });
+    open(u"frmScanHistory"_s,
+         [](const ScreenDriver &screen) { screen.type("dtpScanDateF", u"01022024"_s); });
     EXPECT_EQ(GetOption(u"SCAN hISTORY REPORT DATE FROM"_s, true), u"01/02/2024"_s);
     EXPECT_EQ(GetOption(u"SCAN hISTORY REPORT DATE TO"_s, true), u"03/15/2024"_s);
     EXPECT_EQ(GetOption(u"SERVICE hISTORY REPORT DATE FROM"_s, true), QString());
@@ -194,14 +198,12 @@ TEST_F(FilterScreens, BeginWhereTheWorkstationLeftTheDates)
         EXPECT_EQ(screen.text("dtpScanDateF"), u"01/02/2024"_s);
         // What can't be read leaves what was kept.
         screen.control<input::DateInput>("dtpScanDateF").setDate(QDate());
-        screen.press("cmdExit");
     });
     EXPECT_EQ(GetOption(u"SCAN hISTORY REPORT DATE FROM"_s, true), u"01/02/2024"_s);
 
     open(u"ShowInspectionDateReading"_s, [](const ScreenDriver &screen) {
         EXPECT_EQ(screen.text("datINPDateFrom"), u"03/15/2023"_s);
         screen.type("datINPDateTo", u"02032024"_s);
-        screen.press("cmdExit");
     });
     EXPECT_EQ(GetOption(u"InspectionDateToReport"_s, true), u"02/03/2024"_s);
     EXPECT_EQ(GetOption(u"LicenseDateToReport"_s, true), QString());
@@ -217,13 +219,11 @@ TEST_F(FilterScreens, EmptyTheirLinesOnReset)
         EXPECT_EQ(screen.text("txtPartCategory"), QString());
         EXPECT_EQ(screen.text("txtSupplier"), QString());
         EXPECT_EQ(screen.text("cboInactive"), u"No"_s);
-        screen.press("cmdExit");
     });
     open(u"frmWorkorderhistoryReport"_s, [](const ScreenDriver &screen) {
         work(screen, u"txtWo=5; optsummary; cmdReset"_s);
         EXPECT_EQ(screen.text("txtWo"), QString());
         EXPECT_TRUE(screen.control<QAbstractButton>("optsummary").isChecked());
-        screen.press("cmdExit");
     });
 }
 
@@ -249,7 +249,6 @@ TEST_F(FilterScreens, FillTheirLinesFromPickLists)
         inScreen([&] { screen.press("cmdSHUnitNo"); },
                  tickFirst(u" UnitNo/Equipment Name"_s, {u"A-1"_s, u"B-1"_s}));
         EXPECT_EQ(screen.text("txtSHUnitNo"), u"O'2,A-1"_s);
-        screen.press("cmdExit");
     });
     // A single machine takes the place of the former one, and may be the same.
     open(u"frmEquipmentUtilization"_s, [](const ScreenDriver &screen) {
@@ -264,87 +263,66 @@ TEST_F(FilterScreens, FillTheirLinesFromPickLists)
         inScreen([&] { screen.press("cmdEQUTUnitNo"); },
                  [](const ScreenDriver &list) { list.press("cmdExit"); });
         EXPECT_EQ(screen.text("txtEQUTUnitNo"), u"A-1"_s);
-        screen.press("cmdExit");
     });
 }
 
 TEST_F(FilterScreens, OfferWhatTheChoiceTakesNoticeOf)
 {
-    const auto enabled = [](const ScreenDriver &screen, const QList<const char *> &names) {
-        QStringList found;
-        for (const char *name : names)
-            if (screen.isEnabled(name))
-                found.append(QString::fromLatin1(name));
-        return found.join(u' ');
-    };
-    open(u"frmEquipmentListReport"_s, [&](const ScreenDriver &screen) {
-        const QList<const char *> all{"txtType", "cmdType", "txtCrew",
-                                      "txtSite", "cmdSite", "chkgrouponsite"};
-        EXPECT_EQ(enabled(screen, all),
-                  u"txtType cmdType txtCrew txtSite cmdSite chkgrouponsite"_s);
-        screen.choose("cmbversion", u"Version 5"_s);
-        EXPECT_EQ(enabled(screen, all), u"txtSite cmdSite"_s);
-        screen.choose("cmbversion", u"Version 2"_s);
-        EXPECT_EQ(enabled(screen, all), u"txtType cmdType txtCrew"_s);
-        screen.press("cmdExit");
-    });
-    open(u"frmServiceHistory"_s, [&](const ScreenDriver &screen) {
-        const QList<const char *> all{"txtSite", "txtSHUnitNo", "chkgrouponsite", "chkgrouponCrew"};
-        EXPECT_EQ(enabled(screen, all), u"txtSHUnitNo chkgrouponsite chkgrouponCrew"_s);
-        screen.press("chkgrouponsite");
-        EXPECT_EQ(enabled(screen, all), u"txtSite chkgrouponsite"_s);
-        work(screen, u"chkgrouponsite; chkgrouponCrew"_s);
-        EXPECT_EQ(enabled(screen, all), u"chkgrouponCrew"_s);
-        screen.press("cmdExit");
-    });
-    open(u"frmScanHistory"_s, [&](const ScreenDriver &screen) {
-        const QList<const char *> all{"dtpScanDateF", "txtSHUnitNo", "txtNoofdays"};
-        EXPECT_EQ(enabled(screen, all), u"dtpScanDateF txtSHUnitNo"_s);
-        screen.press("optByDays");
-        EXPECT_EQ(enabled(screen, all), u"txtNoofdays"_s);
-        screen.press("cmdExit");
-    });
-    open(u"frmEquipmentUtilization"_s, [&](const ScreenDriver &screen) {
-        const QList<const char *> all{"dtpEQUTDateF", "txtEQUTUnitNo", "txtEQUTType",
-                                      "txtEQUTCrew"};
-        EXPECT_EQ(enabled(screen, all), u"dtpEQUTDateF txtEQUTType txtEQUTCrew"_s);
-        screen.press("chkEquipment");
-        EXPECT_EQ(enabled(screen, all), u"dtpEQUTDateF txtEQUTUnitNo"_s);
-        screen.press("cmdExit");
-    });
+    const QString list = u"txtType cmdType txtCrew txtSite cmdSite chkgrouponsite"_s;
+    const QString history = u"txtSite txtSHUnitNo chkgrouponsite chkgrouponCrew"_s;
+    const QString scans = u"dtpScanDateF txtSHUnitNo txtNoofdays"_s;
+    const QString utilization = u"dtpEQUTDateF txtEQUTUnitNo txtEQUTType txtEQUTCrew"_s;
+    const struct
+    {
+        QString name, steps, of, enabled;
+    } cases[] = {
+        {u"frmEquipmentListReport"_s, {}, list, list},
+        {u"frmEquipmentListReport"_s, u"cmbversion=Version 5"_s, list, u"txtSite cmdSite"_s},
+        {u"frmEquipmentListReport"_s, u"cmbversion=Version 2"_s, list,
+         u"txtType cmdType txtCrew"_s},
+        {u"frmServiceHistory"_s, {}, history, u"txtSHUnitNo chkgrouponsite chkgrouponCrew"_s},
+        {u"frmServiceHistory"_s, u"chkgrouponsite"_s, history, u"txtSite chkgrouponsite"_s},
+        {u"frmServiceHistory"_s, u"chkgrouponCrew"_s, history, u"chkgrouponCrew"_s},
+        {u"frmScanHistory"_s, {}, scans, u"dtpScanDateF txtSHUnitNo"_s},
+        {u"frmScanHistory"_s, u"optByDays"_s, scans, u"txtNoofdays"_s},
+        {u"frmEquipmentUtilization"_s, {}, utilization, u"dtpEQUTDateF txtEQUTType txtEQUTCrew"_s},
+        {u"frmEquipmentUtilization"_s, u"chkEquipment"_s, utilization,
+         u"dtpEQUTDateF txtEQUTUnitNo"_s}};
+    for (const auto &each : cases)
+        open(each.name, [&](const ScreenDriver &screen) {
+            work(screen, each.steps);
+            QStringList enabled = each.of.split(u' ');
+            enabled.removeIf(
+                [&](const QString &name) { return !screen.isEnabled(qPrintable(name)); });
+            EXPECT_EQ(enabled.join(u' '), each.enabled) << qPrintable(each.steps);
+        });
 }
 
 TEST_F(FilterScreens, TellWhatIsMissingAndStay)
 {
-    const auto refuse = [this](const ScreenDriver &screen, const QString &message, Icon icon,
-                               const char *focus) {
-        expectRefusal(screen, "cmdViewReport", message, focus, icon);
-        EXPECT_TRUE(screen.isOpen());
-        EXPECT_EQ(m_asked.layout, QString());
-    };
     const QString wrong = u"Please enter correct parameters."_s;
-    open(u"frmEquipmentUtilization"_s, [&](const ScreenDriver &screen) {
-        screen.press("chkEquipment");
-        refuse(screen, u"Please choose or enter a Unit #."_s, Icon::Critical, "txtEQUTUnitNo");
-        screen.press("cmdExit");
-    });
-    open(u"frmScanHistory"_s, [&](const ScreenDriver &screen) {
-        work(screen, u"optByDays; txtNoofdays=0"_s);
-        refuse(screen, u"Please enter the value greater than 0 in last no of days field."_s,
-               Icon::None, "txtNoofdays");
-        screen.press("cmdExit");
-    });
-    open(u"frmWorkorderhistoryReport"_s, [&](const ScreenDriver &screen) {
-        screen.type("txtWo", u"5-"_s);
-        refuse(screen, wrong, Icon::Information, "cmdViewReport");
-        EXPECT_EQ(screen.text("txtWo"), u"5-"_s);
-        screen.press("cmdExit");
-    });
-    open(u"ShowLicenseDateReading"_s, [&](const ScreenDriver &screen) {
-        screen.control<input::DateInput>("datLICDateTo").setDate(QDate());
-        refuse(screen, wrong, Icon::Information, "datLICDateTo");
-        screen.press("cmdExit");
-    });
+    const struct
+    {
+        QString name, steps, message;
+        Icon icon;
+        const char *focus;
+    } cases[] = {
+        {u"frmEquipmentUtilization"_s, u"chkEquipment"_s, u"Please choose or enter a Unit #."_s,
+         Icon::Critical, "txtEQUTUnitNo"},
+        {u"frmScanHistory"_s, u"optByDays; txtNoofdays=0"_s,
+         u"Please enter the value greater than 0 in last no of days field."_s, Icon::None,
+         "txtNoofdays"},
+        {u"frmWorkorderhistoryReport"_s, u"txtWo=5-"_s, wrong, Icon::Information, "cmdViewReport"},
+        {u"ShowLicenseDateReading"_s, {}, wrong, Icon::Information, "datLICDateTo"}};
+    for (const auto &each : cases)
+        open(each.name, [&](const ScreenDriver &screen) {
+            work(screen, each.steps);
+            if (each.steps.isEmpty())
+                screen.control<input::DateInput>("datLICDateTo").setDate(QDate());
+            expectRefusal(screen, "cmdViewReport", each.message, each.focus, each.icon);
+            EXPECT_TRUE(screen.isOpen());
+            EXPECT_EQ(m_asked.layout, QString());
+        });
 }
 
 TEST_F(FilterScreens, MeetTheRealReportsAnswers)
@@ -372,7 +350,6 @@ TEST_F(FilterScreens, MeetTheRealReportsAnswers)
         work(screen, u"datINPDateTo=02032024; cmdViewReport"_s);
         EXPECT_TRUE(screen.isOpen());
         EXPECT_EQ(screen.text("datINPDateTo"), u"02/03/2024"_s);
-        screen.press("cmdExit");
     });
     // A filter that the engine refuses: the report asks, and No leaves the screen as it was.
     open(u"ShowEquipmentServices"_s, [this](const ScreenDriver &screen) {
@@ -381,7 +358,6 @@ TEST_F(FilterScreens, MeetTheRealReportsAnswers)
                        Buttons::YesNo, Answer::No);
         screen.press("cmdViewReport");
         EXPECT_EQ(screen.text("txtUnitNo"), u"\"A-1\""_s);
-        screen.press("cmdExit");
     });
     // The same of a report that doesn't ask.
     open(u"frmEquipmentListReport"_s, [this](const ScreenDriver &screen) {
@@ -389,7 +365,6 @@ TEST_F(FilterScreens, MeetTheRealReportsAnswers)
         prompts.expect(u"Please enter correct parameters."_s, Icon::Information);
         screen.press("cmdViewReport");
         EXPECT_TRUE(screen.isOpen());
-        screen.press("cmdExit");
     });
     // Two readings on one day.
     for (const int count : {100, 110})
@@ -402,6 +377,5 @@ TEST_F(FilterScreens, MeetTheRealReportsAnswers)
         EXPECT_EQ(report.ErrNumber, db::ErrorNumber::DivisionByZero);
         EXPECT_EQ(report.ProcedureName, u"ShowEquipmentUtilizationSingle"_s);
         EXPECT_TRUE(screen.isOpen());
-        screen.press("cmdExit");
     });
 }

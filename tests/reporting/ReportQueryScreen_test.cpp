@@ -3,6 +3,7 @@
 #include "reporting/OwnReportSession.h"
 #include "reporting/ui/ExpressionDialog.h"
 #include "reporting/ui/frmReportQuery.h"
+#include "support/Raised.h"
 
 #include <QLabel>
 #include <QTabWidget>
@@ -10,6 +11,7 @@
 #include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
+using test::ScreenDriver;
 
 namespace {
 
@@ -19,30 +21,30 @@ protected:
     /// What is said of a list that asks for a column that isn't there.
     static QString listRefusal()
     {
-        try {
-            static_cast<void>(gcnData->Open(u"select TOP 1 Nothing from tblSite"_s));
-        } catch (const base::Error &error) {
-            return u"The list of \"Site\" can't be read.\n"_s + error.description();
-        }
-        return {};
+        return u"The list of \"Site\" can't be read.\n"_s +
+               test::raisedBy([] {
+                   (void)gcnData->Open(u"select TOP 1 Nothing from tblSite"_s);
+               }).description();
     }
+    /// What the dialog makes of a layout; nothing when it is cancelled.
+    static std::optional<report::Layout> ask(const report::Layout &layout,
+                                             const std::function<void(ScreenDriver)> &act,
+                                             ownreports::Kind kind = ownreports::Kind::NewReport)
+    {
+        std::optional<report::Layout> asked;
+        test::inScreen([&] { asked = frmReportQuery(layout, kind, reporttables::tables()).ask(); },
+                       act);
+        return asked;
+    }
+    void say(const QString &text) { prompts.expect(text, Icon::None); }
 };
 
 TEST_F(ReportQueryScreen, AQueryIsPickedShownAsTextAndBack)
 {
-    std::optional<report::Layout> asked;
-    const auto query = [&](const QString &text,
-                           const std::function<void(test::ScreenDriver)> &act) {
-        test::inScreen(
-            [&] {
-                asked =
-                    frmReportQuery(parts(text), ownreports::Kind::NewReport, reporttables::tables())
-                        .ask();
-            },
-            act);
-        return asked ? asked->query : u"(none)"_s;
+    const auto query = [](const QString &text, const std::function<void(ScreenDriver)> &act) {
+        return ask(parts(text), act).value_or(parts(u"(none)"_s)).query;
     };
-    const QString picked = query({}, [](const test::ScreenDriver &driver) {
+    const QString picked = query({}, [](const ScreenDriver &driver) {
         driver.choose("cboTable", u"Parts"_s);
         driver.press("cmdAddTable");
         auto &columns = driver.control<QTreeWidget>("treColumns");
@@ -61,10 +63,10 @@ TEST_F(ReportQueryScreen, AQueryIsPickedShownAsTextAndBack)
 
     const QString text = u"select Sum(Price) as Worth from tblPart"_s;
     EXPECT_EQ(query(text,
-                    [this](const test::ScreenDriver &driver) {
+                    [this](const ScreenDriver &driver) {
                         auto &tabs = driver.control<QTabWidget>("tabQuery");
                         EXPECT_EQ(tabs.currentIndex(), 1);
-                        prompts.expect(u"This query can be changed as text only."_s, Icon::None);
+                        say(u"This query can be changed as text only."_s);
                         tabs.setCurrentIndex(0);
                         EXPECT_EQ(tabs.currentIndex(), 1);
                         tabs.setCurrentIndex(2);
@@ -73,12 +75,11 @@ TEST_F(ReportQueryScreen, AQueryIsPickedShownAsTextAndBack)
               text);
     EXPECT_EQ(
         query({},
-              [this](const test::ScreenDriver &driver) {
+              [this](const ScreenDriver &driver) {
                   driver.control<QTabWidget>("tabQuery").setCurrentIndex(1);
                   driver.control<QPlainTextEdit>("txtQuery").setPlainText(u"delete from tblPart"_s);
-                  prompts.expect(u"This query can't be run.\nA report may only read: its "
-                                 "statement has to begin with \"Select\"."_s,
-                                 Icon::None);
+                  say(u"This query can't be run.\nA report may only read: its "
+                      "statement has to begin with \"Select\"."_s);
                   driver.press("cmdTake");
                   EXPECT_TRUE(driver.isOpen());
                   driver.press("cmdCancel");
@@ -89,21 +90,15 @@ TEST_F(ReportQueryScreen, AQueryIsPickedShownAsTextAndBack)
 
 TEST_F(ReportQueryScreen, AFilterIsTypedAndTheRowInHandIsRemoved)
 {
-    std::optional<report::Layout> asked;
-    test::inScreen(
-        [&] {
-            asked = frmReportQuery(parts(u"select PartID from tblPart"_s),
-                                   ownreports::Kind::NewReport, reporttables::tables())
-                        .ask();
-        },
-        [this](const test::ScreenDriver &driver) {
+    const auto asked =
+        ask(parts(u"select PartID from tblPart"_s), [this](const ScreenDriver &driver) {
             auto &filter = driver.control<QTableWidget>("tblFilter");
             driver.press("cmdAddFilter");
             driver.press("cmdAddFilter");
-            prompts.expect(u"Please say what \"PartID\" is compared with."_s, Icon::None);
+            say(u"Please say what \"PartID\" is compared with."_s);
             driver.press("cmdTake");
             EXPECT_TRUE(driver.isOpen());
-            prompts.expect(u"Please say what \"PartID\" is compared with."_s, Icon::None);
+            say(u"Please say what \"PartID\" is compared with."_s);
             driver.control<QTabWidget>("tabQuery").setCurrentIndex(1);
             EXPECT_EQ(driver.control<QTabWidget>("tabQuery").currentIndex(), 0);
             const auto value = [&](int row) {
@@ -120,14 +115,8 @@ TEST_F(ReportQueryScreen, AFilterIsTypedAndTheRowInHandIsRemoved)
 
 TEST_F(ReportQueryScreen, AJoinIsSeenAndChanged)
 {
-    std::optional<report::Layout> asked;
-    test::inScreen(
-        [&] {
-            asked = frmReportQuery(parts(u"select PartID from tblPart"_s),
-                                   ownreports::Kind::NewReport, reporttables::tables())
-                        .ask();
-        },
-        [this](const test::ScreenDriver &driver) {
+    const auto asked =
+        ask(parts(u"select PartID from tblPart"_s), [this](const ScreenDriver &driver) {
             driver.choose("cboTable", u"Suppliers"_s);
             driver.press("cmdAddTable");
             EXPECT_EQ(driver.text("cboJoinOwn"), u"Supplier ID"_s);
@@ -136,8 +125,7 @@ TEST_F(ReportQueryScreen, AJoinIsSeenAndChanged)
             driver.choose("cboJoinTo", u"Parts: Part Category"_s);
             driver.choose("cboTable", u"Scans of machines"_s);
             driver.press("cmdAddTable");
-            prompts.expect(u"Please say by which columns \"tblEquipmentScan\" is joined."_s,
-                           Icon::None);
+            say(u"Please say by which columns \"tblEquipmentScan\" is joined."_s);
             driver.press("cmdTake");
             driver.press("cmdRemoveTable");
             driver.press("cmdTake");
@@ -150,29 +138,24 @@ TEST_F(ReportQueryScreen, AJoinIsSeenAndChanged)
 
 TEST_F(ReportQueryScreen, ParametersHaveNamesOfTheirOwnAndListsThatCanBeRead)
 {
-    std::optional<report::Layout> asked;
-    test::inScreen(
-        [&] {
-            asked =
-                frmReportQuery(parts({}), ownreports::Kind::DefaultReport, reporttables::tables())
-                    .ask();
-        },
-        [this](const test::ScreenDriver &driver) {
+    const auto asked = ask(
+        parts({}),
+        [this](const ScreenDriver &driver) {
             auto &rows = driver.control<grid::GridView>("grdParameters").rows();
             driver.control<QTabWidget>("tabQuery").setCurrentIndex(0);
             driver.press("grdParametersAdd");
-            prompts.expect(u"Each line needs a name of its own."_s, Icon::None);
+            say(u"Each line needs a name of its own."_s);
             driver.press("cmdTake");
             rows.setValue(0, u"Name", u"Site"_s);
             rows.setValue(0, u"List (a query)", u"select Nothing from tblSite"_s);
-            prompts.expect(listRefusal(), Icon::None);
+            say(listRefusal());
             driver.press("cmdTake");
             EXPECT_TRUE(driver.isOpen());
             rows.setValue(0, u"List (a query)", u"select SiteName from tblSite"_s);
             rows.setValue(0, u"Type", static_cast<int>(report::ParameterType::Date));
             driver.press("grdParametersAdd");
             rows.setValue(1, u"Name", u"SITE"_s);
-            prompts.expect(u"Each line needs a name of its own."_s, Icon::None);
+            say(u"Each line needs a name of its own."_s);
             driver.press("cmdTake");
             driver.press("grdParametersRemove");
 
@@ -182,14 +165,14 @@ TEST_F(ReportQueryScreen, ParametersHaveNamesOfTheirOwnAndListsThatCanBeRead)
             sets.setValue(0, u"Name", u"sites"_s);
             sets.setValue(0, u"Query", u"select SiteName from tblSite where City = ?Site"_s);
             sets.setValue(0, u"Their key", u"SiteID"_s);
-            prompts.expect(u"The rows \"sites\" can't be read.\nThey have no column \"SiteID\" as "
-                           "their key."_s,
-                           Icon::None);
+            say(u"The rows \"sites\" can't be read.\nThey have no column \"SiteID\" as "
+                "their key."_s);
             driver.press("cmdTake");
             sets.setValue(0, u"Their key", u"SiteName"_s);
             sets.setValue(0, u"Belongs to the row with", u"Site"_s);
             driver.press("cmdTake");
-        });
+        },
+        ownreports::Kind::DefaultReport);
     ASSERT_TRUE(asked);
     ASSERT_EQ(asked->rowSets.size(), 1);
     EXPECT_EQ(asked->rowSets.first().key, u"SiteName"_s);
@@ -203,15 +186,11 @@ TEST_F(ReportQueryScreen, ADeliveredReportReadsAsItDidWhenNothingIsChanged)
 {
     for (const QString &name : {u"rptEquipmentDetail"_s, u"rptServiceList"_s}) {
         const report::Layout layout = reportfiles::readDelivered(name);
-        std::optional<report::Layout> asked;
-        test::inScreen(
-            [&] {
-                asked =
-                    frmReportQuery(layout, ownreports::Kind::DefaultReport, reporttables::tables())
-                        .ask();
-            },
-            [](const test::ScreenDriver &driver) { driver.press("cmdTake"); });
-        EXPECT_EQ(asked, layout) << qPrintable(name);
+        EXPECT_EQ(ask(
+                      layout, [](const ScreenDriver &driver) { driver.press("cmdTake"); },
+                      ownreports::Kind::DefaultReport),
+                  layout)
+            << qPrintable(name);
     }
 }
 
@@ -228,7 +207,7 @@ TEST_F(ReportQueryScreen, AnExpressionIsWrittenWithTheOfferOfNames)
         gcnData->Open(u"select PartID, Description as [Part Name] from tblPart order by PartID"_s);
     std::optional<QString> written;
     test::inScreen([&] { written = askExpression(question, parts({}), rows, nullptr); },
-                   [](const test::ScreenDriver &driver) {
+                   [](const ScreenDriver &driver) {
                        auto &editor = driver.control<QPlainTextEdit>("txtExpression");
                        QTest::keyClicks(&editor, u"upper("_s);
                        EXPECT_FALSE(driver.control<QLabel>("lblError").text().isEmpty());

@@ -68,17 +68,16 @@ TEST_F(PartQuickFind, ListsByCategoryAndActivityAndKeepsTheRow)
     });
     EXPECT_EQ(key, u"B-1"_s);
     EXPECT_EQ(GetOption(u"PARTINACTIVE"_s, true), u"1"_s);
-}
 
-TEST_F(PartQuickFind, WithoutRowsSelectDoesNothing)
-{
     gcnData->Execute(u"Delete from tblPart"_s);
-    const QString key = find({}, [](const ScreenDriver &screen) {
-        screen.press("cmdSelect");
-        ASSERT_TRUE(screen.isOpen());
-        screen.press("cmdCancel");
-    });
-    EXPECT_EQ(key, QString());
+    EXPECT_EQ(find({},
+                   [](const ScreenDriver &screen) {
+                       screen.press("cmdSelect");
+                       ASSERT_TRUE(screen.isOpen());
+                       screen.press("cmdCancel");
+                   }),
+              QString())
+        << "without rows there is nothing to select";
 }
 
 TEST_F(PartQuickFind, ANewPartNeedsTheRightAndIsListedThen)
