@@ -1,13 +1,10 @@
-#include "core/Session.h"
 #include "reporting/FilterRequests.h"
 #include "reporting/PickLists.h"
-#include "support/CompanyDatabase.h"
-#include "support/TestEnvironment.h"
+#include "reporting/SampleReports.h"
 
 #include <QMap>
 #include <QSet>
 #include <functional>
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace filters;
@@ -43,18 +40,15 @@ Wanted both(const Wanted &first, const Wanted &second)
 }
 
 /// The reports of the sample company.
-class FilteredRows : public testing::Test
+class FilteredRows : public test::SampleReports
 {
 protected:
     FilteredRows()
     {
-        gcnData = company.open();
-        gcnLookup = company.open();
         for (const db::Row row :
              gcnData->Open(u"Select UnitNo from tblEquipment where Inactive <> '0'"_s))
             inactive.insert(row.text(u"UnitNo"));
     }
-    ~FilteredRows() override { closeConnections(); }
 
     [[nodiscard]] Wanted active(const Wanted &also) const
     {
@@ -63,8 +57,6 @@ protected:
         };
     }
 
-    test::TestEnvironment environment;
-    test::SampleCompany company;
     QSet<QString> inactive;
 };
 

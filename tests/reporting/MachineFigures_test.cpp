@@ -3,6 +3,7 @@
 #include "platform/db/DbError.h"
 #include "reporting/FilterRequests.h"
 #include "reporting/PrintedLines.h"
+#include "reporting/SampleReports.h"
 #include "support/Raised.h"
 
 #include <QLocale>
@@ -89,25 +90,14 @@ QMap<qint64, QList<Reading>> readings(const QString &meter = {})
 }
 
 /// The figures of the sample company's reports, worked out by loops over its tables.
-class MachineFiguresOfTheSample : public testing::Test
+class MachineFiguresOfTheSample : public test::SampleReports
 {
 protected:
-    MachineFiguresOfTheSample()
-    {
-        gcnData = company.open();
-        gcnLookup = company.open();
-        reportfiles::installDelivered(base::environment().applicationFolder);
-    }
-    ~MachineFiguresOfTheSample() override { closeConnections(); }
-
     const DateRange year{test::SampleCompany::today().addYears(-1), test::SampleCompany::today()};
     [[nodiscard]] bool isAsked(const Reading &reading) const
     {
         return reading.date.date() >= year.from && reading.date.date() <= year.to;
     }
-
-    test::TestEnvironment environment;
-    test::SampleCompany company;
 };
 
 TEST_F(MachineFiguresOfTheSample, ExpensesAreTheCostOfEachServiceAndOfAllItsParts)
@@ -368,10 +358,7 @@ TEST_F(MachineFiguresByHand, TwoMetersOfASingleMachineAreMixed)
                 {u"01/01/2024|Hours|100"_s,
                  u"01/03/2024|Miles|9,000|01/01/2024|160|2|8,840|4420.00|18416.7%"_s,
                  u"01/11/2024|Hours|160|01/03/2024|100|8|60|7.50|31.3%"_s});
-}
 
-TEST_F(MachineFiguresByHand, TwoReadingsOnOneDateDivideByZero)
-{
     addReading(3, u"Hours"_s, {2024, 1, 1}, 10);
     addReading(3, u"Hours"_s, {2024, 1, 1}, 12);
     EXPECT_EQ(test::raisedBy<db::DbError>([] { printed(single(u"C-3"_s)); }).number(),

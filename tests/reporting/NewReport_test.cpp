@@ -1,7 +1,5 @@
 #include "reporting/NewReport.h"
 
-#include "core/Session.h"
-#include "platform/base/Environment.h"
 #include "platform/report/expr/Expression.h"
 #include "platform/report/layout/LayoutFile.h"
 #include "platform/report/paginate/Paginator.h"
@@ -10,13 +8,10 @@
 #include "reporting/GuardedRunner.h"
 #include "reporting/Preparation.h"
 #include "reporting/QueryString.h"
-#include "reporting/ReportFiles.h"
+#include "reporting/SampleReports.h"
 #include "scheduling/Readings.h"
-#include "support/CompanyDatabase.h"
 #include "support/Raised.h"
-#include "support/TestEnvironment.h"
 
-#include <QDir>
 #include <algorithm>
 #include <map>
 
@@ -25,17 +20,9 @@ using namespace newreport;
 
 namespace {
 
-class NewReport : public testing::Test
+class NewReport : public test::SampleReports
 {
 protected:
-    NewReport()
-    {
-        gcnData = company.open();
-        gcnLookup = company.open();
-        tables = reporttables::tables();
-    }
-    ~NewReport() override { closeConnections(); }
-
     struct Printed
     {
         QStringList problems;
@@ -76,9 +63,7 @@ protected:
         return choice;
     }
 
-    test::TestEnvironment environment;
-    test::SampleCompany company;
-    QList<reporttables::Table> tables;
+    const QList<reporttables::Table> tables = reporttables::tables();
 };
 
 /// The same report on as many rows as show what it does.
@@ -118,7 +103,7 @@ void keepForLooking(const report::Layout &layout, const QString &name)
 
 TEST_F(NewReport, EveryTableInEveryFormPrintsWithoutARemark)
 {
-    for (const reporttables::Table &table : std::as_const(tables)) {
+    for (const reporttables::Table &table : tables) {
         const QList<Field> fields = fieldsOf(table.name, tables);
         QList<Field> totals;
         for (const Field &each : fields)
@@ -276,7 +261,7 @@ TEST_F(NewReport, AReportOfNothingIsRefusedInPlainWords)
     EXPECT_EQ(problemOf(choice), QString());
 }
 
-TEST_F(NewReport, ColumnsGiveWayBeforeTheyGoOnInAnotherLine)
+TEST_F(NewReport, WhatFindsNoRoomGoesOnInAnotherLine)
 {
     Choice choice = partsBySupplier();
     choice.columns += {field(choice.table, u"Bin"_s), field(choice.table, u"Bar Code"_s)};
@@ -292,11 +277,11 @@ TEST_F(NewReport, ColumnsGiveWayBeforeTheyGoOnInAnotherLine)
     EXPECT_EQ(lines(), 1);
     choice.columns = fieldsOf(choice.table, tables);
     EXPECT_GT(lines(), 1);
-}
 
-TEST_F(NewReport, ATotalStandsBesideItsLabelWhereThereIsRoom)
-{
-    Choice choice = partsBySupplier();
+    EXPECT_TRUE(isWide(choice));
+    EXPECT_FALSE(isWide(partsBySupplier()));
+
+    choice = partsBySupplier();
     const auto footer = [&] {
         const report::Layout layout = make(choice, tables);
         return *std::ranges::find(layout.bands, report::BandKind::GroupFooter, &report::Band::kind);
@@ -304,14 +289,6 @@ TEST_F(NewReport, ATotalStandsBesideItsLabelWhereThereIsRoom)
     EXPECT_EQ(footer().objects[0].y, footer().objects[1].y);
     choice.columns = {};
     EXPECT_LT(footer().objects[0].y, footer().objects[1].y);
-}
-
-TEST_F(NewReport, ManyColumnsAskForAWidePage)
-{
-    Choice choice = partsBySupplier();
-    EXPECT_FALSE(isWide(choice));
-    choice.columns = fieldsOf(choice.table, tables);
-    EXPECT_TRUE(isWide(choice));
 }
 
 /// What a delivered report is designed on.
@@ -322,24 +299,18 @@ TEST_F(DesignRows, EachFileThatIsKnownHasAStatementOfItsOwn)
 {
     const QString ending =
         u" tblPart ON tblWoPartUsed.PartID = tblPart.PartID where  tblWorkorder.workorderno in (0)"_s;
-    struct Row
-    {
-        const char *file;
-        bool isKnown;
-    };
-    for (const Row &row : {Row{"rptWorkOrder.rpt", true},
-                           {"rptWorkOrderByCrew.rpt", true},
-                           {"rptWorkorder.rpt", false},
-                           {"rptworkorder.rpt", false},
-                           {"rptEquipmentList.rpt", true},
-                           {"rptEquipmentList", false},
-                           {"rptEquipmentListSiteWise.rpt", false},
-                           {"rptErrorReport.rpt", true},
-                           {"Mine.rpt", false}}) {
-        const QString file = QString::fromLatin1(row.file);
+    for (const auto &[file, isKnown] : {std::pair(u"rptWorkOrder.rpt"_s, true),
+                                        {u"rptWorkOrderByCrew.rpt"_s, true},
+                                        {u"rptWorkorder.rpt"_s, false},
+                                        {u"rptworkorder.rpt"_s, false},
+                                        {u"rptEquipmentList.rpt"_s, true},
+                                        {u"rptEquipmentList"_s, false},
+                                        {u"rptEquipmentListSiteWise.rpt"_s, false},
+                                        {u"rptErrorReport.rpt"_s, true},
+                                        {u"Mine.rpt"_s, false}}) {
         const QString query = QueryString(file);
-        EXPECT_EQ(!query.isEmpty(), row.isKnown) << row.file;
-        if (row.isKnown && file.startsWith(u"rptWorkOrder")) {
+        EXPECT_EQ(!query.isEmpty(), isKnown) << qPrintable(file);
+        if (isKnown && file.startsWith(u"rptWorkOrder")) {
             EXPECT_TRUE(query.endsWith(ending));
             EXPECT_EQ(gcnData->Open(query).RecordCount(), 0);
         }
@@ -364,7 +335,6 @@ TEST_F(DesignRows, EveryDeliveredLayoutHasRowsToBePreviewedOn)
 
 TEST_F(DesignRows, ALayoutAsksForWhatTheProgramDoesNotKnow)
 {
-    reportfiles::installDelivered(base::environment().applicationFolder);
     for (const catalogue::Report &report : catalogue::reports())
         EXPECT_TRUE(catalogue::parametersToAsk(reportfiles::readDelivered(report.layout)).isEmpty())
             << qPrintable(report.layout);

@@ -65,17 +65,11 @@ TEST_F(OwnReports, TheListShowsEachLayoutThatCanBeChanged)
 
 TEST_F(OwnReports, TheFolderSaysWhereALayoutIsSaved)
 {
-    struct Row
-    {
-        QString folder;
-        QString savedTo;
-    };
-    for (const Row &row : {Row{u"Reports"_s, u"Custom Reports"_s},
-                           {u"Custom Reports"_s, u"Custom Reports"_s},
-                           {u"User Defined Reports"_s, u"User Defined Reports"_s}})
-        EXPECT_EQ(savePath(kindOf(at(row.folder, u"x.rpt"_s)), u"x.rpt"_s),
-                  at(row.savedTo, u"x.rpt"_s))
-            << qPrintable(row.folder);
+    for (const auto &[folder, savedTo] : {std::pair(u"Reports"_s, u"Custom Reports"_s),
+                                          {u"Custom Reports"_s, u"Custom Reports"_s},
+                                          {u"User Defined Reports"_s, u"User Defined Reports"_s}})
+        EXPECT_EQ(savePath(kindOf(at(folder, u"x.rpt"_s)), u"x.rpt"_s), at(savedTo, u"x.rpt"_s))
+            << qPrintable(folder);
 }
 
 TEST_F(OwnReports, ADeliveredFileIsNeverWritten)
@@ -132,12 +126,8 @@ TEST_F(OwnReports, WhatIsThereIsReplacedOnlyWhenTheUserWantsIt)
         EXPECT_EQ(questions, 1) << row.name;
         EXPECT_EQ(titleIn(path), row.stays) << row.name;
     }
-}
-
-TEST_F(OwnReports, WhatIsSavedDuringTheQuestionIsAskedAboutToo)
-{
+    // What is saved during the question is asked about too.
     const QString path = savePath(Kind::NewReport, u"Parts.rpt"_s);
-    QDir().mkpath(QFileInfo(path).path());
     report::writeLayoutFile(titled(u"first"_s), path);
     Version known;
     int questions = 0;
@@ -164,18 +154,13 @@ TEST_F(OwnReports, ANameInOtherLettersIsTheSameReport)
 
 TEST_F(OwnReports, ANameIsAFilesNameAndNothingElse)
 {
-    struct Row
-    {
-        QString typed;
-        QString file;
-    };
-    for (const Row &row : {Row{u" Parts by site "_s, u"Parts by site.rpt"_s},
-                           {u"Parts.RPT"_s, u"Parts.rpt"_s},
-                           {u"Größe 2.5"_s, u"Größe 2.5.rpt"_s},
-                           {u"Console"_s, u"Console.rpt"_s},
-                           {QString(80, u'x'), QString(80, u'x') + u".rpt"_s}}) {
-        EXPECT_EQ(fileNameOf(row.typed), row.file);
-        EXPECT_EQ(problemOf(row.typed), QString()) << qPrintable(row.typed);
+    for (const auto &[typed, file] : {std::pair(u" Parts by site "_s, u"Parts by site.rpt"_s),
+                                      {u"Parts.RPT"_s, u"Parts.rpt"_s},
+                                      {u"Größe 2.5"_s, u"Größe 2.5.rpt"_s},
+                                      {u"Console"_s, u"Console.rpt"_s},
+                                      {QString(80, u'x'), QString(80, u'x') + u".rpt"_s}}) {
+        EXPECT_EQ(fileNameOf(typed), file);
+        EXPECT_EQ(problemOf(typed), QString()) << qPrintable(typed);
     }
     for (const QString &typed :
          {u"../Reports/rptPart"_s, u"a\\b"_s, u"C:x"_s, u"what?"_s, u"a\tb"_s, u"a\u202eb"_s,

@@ -4,7 +4,7 @@
 #include "platform/report/paginate/Tabulator.h"
 #include "reporting/FilterText.h"
 #include "reporting/Preparation.h"
-#include "reporting/ReportFiles.h"
+#include "reporting/SampleReports.h"
 
 #include <gtest/gtest.h>
 #include <map>
@@ -49,20 +49,6 @@ Printed printed(const QString &layout, const QString &filter = {})
     return result;
 }
 
-class PartFigures : public testing::Test
-{
-protected:
-    void begin(const test::CompanyDatabase &company)
-    {
-        gcnData = company.open();
-        gcnLookup = company.open();
-        reportfiles::installDelivered(base::environment().applicationFolder);
-    }
-    ~PartFigures() override { closeConnections(); }
-
-    test::TestEnvironment environment;
-};
-
 // --- A company by hand -------------------------------------------------------------------------
 
 const QString SpringHistory = u"Where (CompleteDate >= #01/01/2024# and CompleteDate <= "
@@ -75,33 +61,30 @@ const QString DueInSpring = u" Where ( tblServiceUsed.NextScheduledDate  >= #03/
 /// One machine on file and one deleted. Service 101 has three parts, 103 neither parts nor hours,
 /// 104 is a year older. Part A was used on two orders and is needed by three services, one of them
 /// far ahead; C is no longer in the register.
-class HandPartFigures : public PartFigures
+class HandPartFigures : public test::ReportsOf<test::CompanyDatabase>
 {
 protected:
     HandPartFigures()
     {
-        begin(company);
         for (const char *statement :
              {"Insert into tblEquipment(EquipmentID, UnitNo, EquipmentName, SiteID) values(1, "
               "'U1', 'Mower', 1)",
               "Insert into tblSite(SiteID, SiteName) values(1, 'Yard')",
               "Insert into tblCrew(CrewID, CrewNumber, Description) values(5, 7, 'Shop')",
               "Insert into tblSupplier(SupplierID, Name) values(1, 'Acme')",
-              "Insert into tblPart(PartID, Description, Quantity, Price, SupplierID, QtyMax, "
-              "QtyMin, Inactive, TrackInventory) values('A', 'Belt', 4, 10.5, 1, 10, 5, 0, 0)",
-              "Insert into tblPart(PartID, Description, Quantity, Price, SupplierID, QtyMax, "
-              "QtyMin, Inactive, TrackInventory) values('B', 'Plug', 9, 5.555, 1, 6, 2, 0, 0)",
-              "Insert into tblPart(PartID, Description, Quantity, Price, SupplierID, QtyMax, "
-              "QtyMin, Inactive, TrackInventory) values('D', 'Rag', 0, 3.335, 1, 2, 1, 0, 1)",
-              "Insert into tblPart(PartID, Description, Quantity, Price, SupplierID, QtyMax, "
-              "QtyMin, Inactive, TrackInventory) values('E', 'Old', 0, 100, 1, 2, 1, 1, 0)",
-              "Insert into tblPart(PartID, Description, Quantity, Price, SupplierID, QtyMax, "
-              "QtyMin, Inactive, TrackInventory) values('F', 'Clip', 1, 0.005, 0, 4, 3, 0, 0)",
               "Insert into tblWoPartUsed(ServiceUsedID, PartID, QuantityRequired) values(301, 'A', "
               "2)",
               "Insert into tblWoPartUsed(ServiceUsedID, PartID, QuantityRequired) values(302, 'A', "
               "1)"})
             gcnData->Execute(QString::fromLatin1(statement));
+        for (const char *part :
+             {"'A', 'Belt', 4, 10.5, 1, 10, 5, 0, 0", "'B', 'Plug', 9, 5.555, 1, 6, 2, 0, 0",
+              "'D', 'Rag', 0, 3.335, 1, 2, 1, 0, 1", "'E', 'Old', 0, 100, 1, 2, 1, 1, 0",
+              "'F', 'Clip', 1, 0.005, 0, 4, 3, 0, 0"})
+            gcnData->Execute(
+                u"Insert into tblPart(PartID, Description, Quantity, Price, SupplierID, "
+                "QtyMax, QtyMin, Inactive, TrackInventory) values(%1)"_s.arg(
+                    QLatin1StringView(part)));
         post(101, 10, 1, 5, "26.025", "'1:30'", "#03/01/2024#");
         post(102, 11, 2, 0, "10", "'0:45'", "#03/02/2024#");
         post(103, 12, 1, 5, "5.005", "Null", "#03/01/2024#");
@@ -146,8 +129,6 @@ protected:
                                  .arg(part)
                                  .arg(quantity));
     }
-
-    test::CompanyDatabase company;
 };
 
 TEST_F(HandPartFigures, SumsOfGroupsAndTotals)
@@ -258,7 +239,7 @@ QString hoursOf(qint64 minutes)
 }
 
 /// A quarter's posted services, read without any join.
-class SamplePartFigures : public PartFigures
+class SamplePartFigures : public test::SampleReports
 {
 protected:
     struct Service
@@ -278,7 +259,6 @@ protected:
 
     SamplePartFigures()
     {
-        begin(company);
         for (const db::Row row : table(u"tblWOServiceUsedHistory"_s)) {
             const QDate day = row.date(u"CompleteDate").date();
             if (day < From || day > test::SampleCompany::today())
@@ -309,7 +289,6 @@ protected:
     }
 
     inline static const QDate From{2023, 12, 15};
-    test::SampleCompany company;
     std::set<qint64> machines; ///< on file
     std::map<qint64, Service> services;
     std::vector<Use> uses;

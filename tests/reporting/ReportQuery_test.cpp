@@ -74,16 +74,22 @@ TEST_F(ReportQuery, TablesAreJoinedByTheirKeyAndRowsWithoutPartnerStay)
     query.sources[1].onlyMatching = true;
     query.sort.first().descending = false;
     EXPECT_EQ(rowsOf(query), u"F*1|Acme"_s);
-}
-
-TEST_F(ReportQuery, WhatPointsToATableIsJoinedToItToo)
-{
-    Query query;
+    // What points to a table is joined to it too.
+    query = {};
     addSource(query, u"tblSupplier"_s);
     addSource(query, u"tblPart"_s);
     addColumn(query, {u"tblSupplier"_s, u"Name"_s});
     addColumn(query, {u"tblPart"_s, u"PartID"_s});
     EXPECT_EQ(rowsOf(query), u"Acme|F*1"_s);
+    // A table goes with all that speaks of it.
+    query = partsBySupplier();
+    addLinked(query, u"tblSupplier"_s, reporttables::linksOf(u"tblSupplier").first());
+    query.conditions = {{{u"tblSupplier"_s, u"Name"_s}, Comparison::IsNotEmpty, {}}};
+    removeSource(query, 1);
+    EXPECT_EQ(query.sources.size(), 1);
+    EXPECT_EQ(query.columns.size(), 1);
+    EXPECT_TRUE(query.conditions.isEmpty());
+    EXPECT_EQ(rowsOf(query), u"F*1;B2"_s);
 }
 
 TEST_F(ReportQuery, ConditionsCompareAsTheUserTypes)
@@ -119,10 +125,7 @@ TEST_F(ReportQuery, ConditionsCompareAsTheUserTypes)
         ASSERT_TRUE(back) << qPrintable(textOf(query, tables));
         EXPECT_EQ(textOf(*back, tables), textOf(query, tables));
     }
-}
-
-TEST_F(ReportQuery, DatesAreReadMonthFirst)
-{
+    // Dates are read month first.
     Query query;
     addSource(query, u"tblEquipment"_s);
     addColumn(query, {u"tblEquipment"_s, u"EquipmentName"_s});
@@ -130,6 +133,14 @@ TEST_F(ReportQuery, DatesAreReadMonthFirst)
         {{u"tblEquipment"_s, u"Acquisitiondate"_s}, Comparison::Equal, u"3/15/24"_s}};
     EXPECT_EQ(rowsOf(query), u"Mower"_s);
     EXPECT_EQ(read(textOf(query, tables), tables)->conditions.first().value, u"03/15/2024"_s);
+
+    query = partsBySupplier();
+    query.conditions = {
+        {{u"tblPart"_s, u"Price"_s}, Comparison::Less, u"Most"_s, true},
+        {{u"tblPart"_s, u"Description"_s}, Comparison::Contains, u"Two words"_s, true},
+        {{u"tblPart"_s, u"PartID"_s}, Comparison::BeginsWith, u"Begin"_s, true}};
+    EXPECT_EQ(problemOf(query, tables), QString());
+    EXPECT_EQ(read(textOf(query, tables), tables), query) << qPrintable(textOf(query, tables));
 }
 
 TEST_F(ReportQuery, WhatCannotRunIsSaidInPlainWords)
@@ -156,17 +167,6 @@ TEST_F(ReportQuery, WhatCannotRunIsSaidInPlainWords)
             {{u"tblPart"_s, QString::fromLatin1(row.column)}, row.comparison, row.value}};
         EXPECT_NE(problemOf(query, tables), QString()) << row.column << qPrintable(row.value);
     }
-}
-
-TEST_F(ReportQuery, ParametersStandInTheText)
-{
-    Query query = partsBySupplier();
-    query.conditions = {
-        {{u"tblPart"_s, u"Price"_s}, Comparison::Less, u"Most"_s, true},
-        {{u"tblPart"_s, u"Description"_s}, Comparison::Contains, u"Two words"_s, true},
-        {{u"tblPart"_s, u"PartID"_s}, Comparison::BeginsWith, u"Begin"_s, true}};
-    EXPECT_EQ(problemOf(query, tables), QString());
-    EXPECT_EQ(read(textOf(query, tables), tables), query) << qPrintable(textOf(query, tables));
 }
 
 TEST_F(ReportQuery, ATextIsShownByPickingOnlyWhenNothingOfItIsLost)
@@ -198,18 +198,6 @@ TEST_F(ReportQuery, ATextIsShownByPickingOnlyWhenNothingOfItIsLost)
          u"select PartID from tblPart where Price = 1 order by Price + 1"_s, u"select"_s,
          QString()})
         EXPECT_FALSE(read(text, tables)) << qPrintable(text);
-}
-
-TEST_F(ReportQuery, ATableGoesWithAllThatSpeaksOfIt)
-{
-    Query query = partsBySupplier();
-    addLinked(query, u"tblSupplier"_s, reporttables::linksOf(u"tblSupplier").first());
-    query.conditions = {{{u"tblSupplier"_s, u"Name"_s}, Comparison::IsNotEmpty, {}}};
-    removeSource(query, 1);
-    EXPECT_EQ(query.sources.size(), 1);
-    EXPECT_EQ(query.columns.size(), 1);
-    EXPECT_TRUE(query.conditions.isEmpty());
-    EXPECT_EQ(rowsOf(query), u"F*1;B2"_s);
 }
 
 TEST_F(ReportQuery, AFieldBringsItsTableIntoTheQuery)

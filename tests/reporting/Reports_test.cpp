@@ -1,35 +1,18 @@
-#include "core/CompanySession.h"
 #include "platform/base/Decimal.h"
-#include "platform/base/Environment.h"
 #include "platform/report/layout/LayoutFile.h"
 #include "platform/report/paginate/Paginator.h"
 #include "platform/report/paginate/RecordsetSource.h"
 #include "reporting/PostedLabor.h"
-#include "reporting/ReportFiles.h"
+#include "reporting/SampleReports.h"
 #include "workorders/Statements.h"
 
 #include <QDir>
-#include <gtest/gtest.h>
 
 namespace {
 
 using namespace Qt::StringLiterals;
 
-/// A session over the sample company, with the delivered layouts beside the program.
-class Reports : public testing::Test
-{
-protected:
-    Reports()
-    {
-        gcnData = company.open();
-        gcnLookup = company.open();
-        reportfiles::installDelivered(base::environment().applicationFolder);
-    }
-    ~Reports() override { closeConnections(); }
-
-    test::TestEnvironment environment;
-    test::SampleCompany company;
-};
+using Reports = test::SampleReports;
 
 db::Recordset openOrders()
 {

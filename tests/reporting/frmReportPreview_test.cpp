@@ -4,13 +4,15 @@
 #include "core/ui/Openings.h"
 #include "core/ui/ScreenDriver.h"
 #include "reporting/ReportFiles.h"
+#include "support/Raised.h"
 #include "support/ScriptedPrompts.h"
+#include "support/TestFiles.h"
 #include "workorders/Statements.h"
 
 #include <QDir>
-#include <QFile>
 
 using namespace Qt::StringLiterals;
+using Icon = base::Prompts::Icon;
 
 namespace {
 
@@ -41,9 +43,23 @@ protected:
     {
         const QString folder = base::applicationPath(u"\\Custom Reports"_s);
         ASSERT_TRUE(QDir().mkpath(folder));
-        QFile file(folder + u"/%1.rpt"_s.arg(report));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
+        test::writeFile(folder + u"/%1.rpt"_s.arg(report), content);
+    }
+    void expectQuestion(const QString &text, Icon icon, bool yes)
+    {
+        prompts.expect(text, icon, base::Prompts::Buttons::YesNo,
+                       yes ? base::Prompts::Answer::Yes : base::Prompts::Answer::No);
+    }
+    /// Whether an action shows a preview, which is closed.
+    static bool isShown(const std::function<bool()> &open, const QString &title = u"Work Orders"_s)
+    {
+        bool shown = false;
+        test::inScreen([&] { shown = open(); },
+                       [&](const test::ScreenDriver &driver) {
+                           EXPECT_EQ(driver.screen().windowTitle(), title);
+                           driver.press("cmdExit");
+                       });
+        return shown;
     }
     static constexpr const char *Plain = "<report version=\"1\"><band kind=\"detail\">"
                                          "<field content=\"UnitNo\"/></band></report>";
@@ -56,21 +72,14 @@ protected:
 
 TEST_F(ReportPreview, ShowsTheOrdersInEitherLayout)
 {
-    for (const bool byCrew : {false, true}) {
-        bool shown = false;
-        test::inScreen([&] { shown = print(byCrew); },
-                       [](const test::ScreenDriver &driver) {
-                           EXPECT_EQ(driver.screen().windowTitle(), u"Work Orders"_s);
-                           driver.press("cmdExit");
-                       });
-        EXPECT_TRUE(shown);
-    }
+    for (const bool byCrew : {false, true})
+        EXPECT_TRUE(isShown([&] { return print(byCrew); }));
 }
 
 TEST_F(ReportPreview, WithoutRowsSaysSo)
 {
     gcnData->Execute(u"Update tblWoServiceUsed set Skip = '1'"_s);
-    prompts.expect(u"No records found."_s, base::Prompts::Icon::Information);
+    prompts.expect(u"No records found."_s, Icon::Information);
     EXPECT_FALSE(print());
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
@@ -78,16 +87,15 @@ TEST_F(ReportPreview, WithoutRowsSaysSo)
 TEST_F(ReportPreview, ALayoutThatIsMissingOrDamagedIsReportedFirst)
 {
     gcnData->Execute(u"Delete from tblWoServiceUsed"_s);
-    QFile file(reportfiles::layoutPath(u"rptWorkorder"_s));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("<report version=\"1\">\n  <band kind=\"detail\" height=\"5\"/>\n</report>");
-    file.close();
+    const QString file = reportfiles::layoutPath(u"rptWorkorder"_s);
+    test::writeFile(file,
+                    "<report version=\"1\">\n  <band kind=\"detail\" height=\"5\"/>\n</report>");
     EXPECT_FALSE(print());
     ErrorReport report = errors.takeOne();
     EXPECT_EQ(report.ProcedureName, u"ShowWorkorderReport"_s);
     EXPECT_TRUE(report.ErrDescription.contains(u"Line 2, column"_s))
         << qPrintable(report.ErrDescription);
-    ASSERT_TRUE(file.remove());
+    ASSERT_TRUE(QFile::remove(file));
     EXPECT_FALSE(print());
     report = errors.takeOne();
     EXPECT_TRUE(report.ErrDescription.contains(u"missing"_s)) << qPrintable(report.ErrDescription);
@@ -98,8 +106,7 @@ TEST_F(ReportPreview, ARefusedFilterIsAskedAboutInTheReportsOwnWords)
     for (const QString &report : {u"rptEquipmentServices"_s, u"rptEquipmentList"_s})
         ownLayout(report, Plain);
     const auto asked = [&](const char *layout, const QString &filter, const QString &question) {
-        prompts.expect(question, base::Prompts::Icon::Information, base::Prompts::Buttons::YesNo,
-                       base::Prompts::Answer::No);
+        expectQuestion(question, Icon::Information, false);
         EXPECT_FALSE(showReport({.layout = QString::fromLatin1(layout), .filter = filter}))
             << layout;
     };
@@ -111,23 +118,15 @@ TEST_F(ReportPreview, ARefusedFilterIsAskedAboutInTheReportsOwnWords)
           u"Incorrect filter. Show all Equipment Details?"_s);
     asked("rptEquipmentList", u" where AcquisitionDate = 'soon'"_s,
           u"Incorrect filter. Show all Equipment Details?"_s);
-}
-
-TEST_F(ReportPreview, YesShowsEverythingAndNothingAsked)
-{
-    ownLayout(u"rptEquipmentList"_s, Plain);
-    prompts.expect(u"Incorrect filter. Show all Equipment Details?"_s,
-                   base::Prompts::Icon::Information, base::Prompts::Buttons::YesNo,
-                   base::Prompts::Answer::Yes);
-    bool shown = false;
-    test::inScreen(
-        [&] {
-            shown = showReport({.layout = u"rptEquipmentList"_s,
-                                .filter = u"where Inactive = "_s,
-                                .asked = u"Active machines"_s});
+    // Yes shows everything, and nothing of what was asked.
+    expectQuestion(u"Incorrect filter. Show all Equipment Details?"_s, Icon::Information, true);
+    EXPECT_TRUE(isShown(
+        [] {
+            return showReport({.layout = u"rptEquipmentList"_s,
+                               .filter = u"where Inactive = "_s,
+                               .asked = u"Active machines"_s});
         },
-        [](const test::ScreenDriver &driver) { driver.press("cmdExit"); });
-    EXPECT_TRUE(shown);
+        u"Equipment List"_s));
 }
 
 TEST_F(ReportPreview, AReportOnlyReads)
@@ -141,25 +140,14 @@ TEST_F(ReportPreview, AReportOnlyReads)
 TEST_F(ReportPreview, ADamagedLayoutOfTheCustomersOwnGivesWayWhenTheUserWantsIt)
 {
     ownLayout(u"rptWorkorder"_s, "<report version=\"1\">\n  <nonsense\n");
-    QString failure;
-    try {
-        static_cast<void>(reportfiles::readLayout(u"rptWorkorder"_s));
-    } catch (const base::Error &error) {
-        failure = error.description();
-    }
+    const QString failure =
+        test::raisedBy([] { (void)reportfiles::readLayout(u"rptWorkorder"_s); }).description();
     EXPECT_TRUE(failure.contains(u"Line 3, column"_s)) << qPrintable(failure);
-    for (const bool wanted : {false, true}) {
-        prompts.expect(failure + u"\n\nUse the layout that came with the program instead?"_s,
-                       base::Prompts::Icon::Question, base::Prompts::Buttons::YesNo,
-                       wanted ? base::Prompts::Answer::Yes : base::Prompts::Answer::No);
-        bool shown = false;
-        if (wanted)
-            test::inScreen([&] { shown = print(); },
-                           [](const test::ScreenDriver &driver) { driver.press("cmdExit"); });
-        else
-            shown = print();
-        EXPECT_EQ(shown, wanted);
-    }
+    const QString question = failure + u"\n\nUse the layout that came with the program instead?"_s;
+    expectQuestion(question, Icon::Question, false);
+    EXPECT_FALSE(print());
+    expectQuestion(question, Icon::Question, true);
+    EXPECT_TRUE(isShown([&] { return print(); }));
 }
 
 TEST_F(ReportPreview, TheErrorReportKnowsOnlyTheDeliveredLayout)
@@ -167,6 +155,6 @@ TEST_F(ReportPreview, TheErrorReportKnowsOnlyTheDeliveredLayout)
     ASSERT_TRUE(!reportfiles::isDelivered(u"rptErrorReport"_s) ||
                 QFile::remove(reportfiles::layoutPath(u"rptErrorReport"_s)));
     ownLayout(u"rptErrorReport"_s, Plain);
-    prompts.expect(u"Report not found."_s, base::Prompts::Icon::Information);
+    prompts.expect(u"Report not found."_s, Icon::Information);
     EXPECT_FALSE(openings().open(u"ShowErrorList"));
 }
