@@ -1,4 +1,5 @@
 #include "corpus/Statements.h"
+#include "platform/base/Environment.h"
 #include "platform/base/Error.h"
 #include "platform/db/Connection.h"
 #include "support/CompanyDatabase.h"
@@ -190,6 +191,30 @@ private:
 std::string place(const Case &instance, const Step &step)
 {
     return u"%1.sql:%2: %3"_s.arg(instance.file).arg(step.line).arg(step.statement).toStdString();
+}
+
+TEST(Difference, TellsWhatAValueIs)
+{
+    const QVariant date = base::wallClock({2024, 3, 15}, {9, 30});
+    struct Row
+    {
+        QString cell;
+        QVariant value;
+        QString difference;
+    };
+    const Row values[] = {
+        // Nothing, and numbers.
+        Row{u"null"_s, {}, {}}, Row{u"null"_s, 0, u"0"_s}, Row{u"0"_s, {}, u"null"_s},
+        Row{u"''"_s, {}, u"null"_s}, Row{u"''"_s, u""_s, {}}, Row{u"7"_s, qint64(7), {}},
+        Row{u"7"_s, 7.0, {}}, Row{u"7"_s, 7.1, u"7.1"_s}, Row{u"7"_s, u"7"_s, {}},
+        Row{u"'7'"_s, u"7"_s, {}}, Row{u"'7'"_s, qint64(7), u"7"_s},
+        Row{u"0.333333333333333"_s, 1.0 / 3, {}}, Row{u"0"_s, 1e-9, u"1e-09"_s},
+        // Texts and dates.
+        Row{u"it's"_s, u"it's"_s, {}}, Row{u"'it''s '"_s, u"it's "_s, {}},
+        Row{u"it's"_s, u"it's "_s, u"'it's '"_s}, Row{u"#03-15-2024 09:30#"_s, date, {}},
+        Row{u"#03-15-2024#"_s, date, u"#03-15-2024 09:30:00#"_s}, Row{u"abc"_s, qint64(0), u"0"_s}};
+    for (const Row &row : values)
+        EXPECT_EQ(difference(row.cell, row.value), row.difference) << row.cell.toStdString();
 }
 
 TEST(Corpus, EveryFileCanBeRead)

@@ -5,7 +5,6 @@
 #include "platform/db/TestDatabase.h"
 #include "support/TestFiles.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -18,21 +17,32 @@ namespace {
 using namespace Qt::StringLiterals;
 using test::HelperProcess;
 
-QProcessEnvironment withHome(const QString &folder)
+class EngineHome : public testing::Test
 {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(u"QUORVANTIS_ENGINE"_s, folder);
-    return environment;
-}
+protected:
+    /// A program with an engine folder of its own, below the test's.
+    [[nodiscard]] std::unique_ptr<HelperProcess> start(const QString &command, const QString &file,
+                                                       const QString &home = u"engine"_s) const
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"QUORVANTIS_ENGINE"_s, path(home));
+        return std::make_unique<HelperProcess>(command, path(file), environment);
+    }
+    [[nodiscard]] QString path(const QString &name) const
+    {
+        return QDir(folder.path()).absoluteFilePath(name);
+    }
 
-TEST(EngineHome, IsMadeOnceByProgramsThatStartTogether)
+    QTemporaryDir folder;
+    const test::TestDatabase database;
+};
+
+TEST_F(EngineHome, IsMadeOnceByProgramsThatStartTogether)
 {
-    const QTemporaryDir folder;
-    const QString home = folder.filePath(u"a/b/engine"_s);
+    const QString home = path(u"a/b/engine"_s);
     std::vector<std::unique_ptr<HelperProcess>> programs;
     for (int i = 0; i < 6; ++i)
-        programs.push_back(std::make_unique<HelperProcess>(
-            u"create"_s, folder.filePath(u"%1.mdb"_s.arg(i)), withHome(home)));
+        programs.push_back(start(u"create"_s, u"%1.mdb"_s.arg(i), home));
     for (const auto &program : programs)
         EXPECT_EQ(program->line(), u"created"_s);
     // Links and settings, the engine's log and the locks; nothing that was on its way into place.
@@ -42,35 +52,27 @@ TEST(EngineHome, IsMadeOnceByProgramsThatStartTogether)
     EXPECT_TRUE(QFileInfo(home + u"/lock"_s).isDir());
 }
 
-TEST(EngineHome, RepairsALinkThatLeadsNowhereAndOldSettings)
+TEST_F(EngineHome, RepairsALinkThatLeadsNowhereAndOldSettings)
 {
-    const QTemporaryDir folder;
-    const QString home = folder.filePath(u"engine"_s);
+    const QString home = path(u"engine"_s);
     ASSERT_TRUE(QDir().mkpath(home));
     ASSERT_TRUE(QFile::link(u"/nowhere/at/all"_s, home + u"/plugins"_s));
     test::writeFile(home + u"/firebird.conf"_s, "ServerMode = Super\n");
-    HelperProcess program(u"create"_s, folder.filePath(u"x.mdb"_s), withHome(home));
-    EXPECT_EQ(program.line(), u"created"_s);
+    EXPECT_EQ(start(u"create"_s, u"x.mdb"_s)->line(), u"created"_s);
     EXPECT_TRUE(test::readFile(home + u"/firebird.conf"_s).contains("ServerMode = SuperClassic"));
 }
 
-TEST(EngineHome, AFolderThatCanNotBeMadeIsToldInWords)
+TEST_F(EngineHome, AFolderThatCanNotBeMadeIsToldInWords)
 {
-    const QTemporaryDir folder;
-    const QString inTheWay = folder.filePath(u"engine"_s);
-    test::writeFile(inTheWay, {});
-    HelperProcess program(u"create"_s, folder.filePath(u"x.mdb"_s), withHome(inTheWay));
-    EXPECT_TRUE(program.line().contains(inTheWay));
-    EXPECT_FALSE(QFile::exists(folder.filePath(u"x.mdb"_s)));
+    test::writeFile(path(u"engine"_s), {});
+    EXPECT_TRUE(start(u"create"_s, u"x.mdb"_s)->line().contains(path(u"engine"_s)));
+    EXPECT_FALSE(QFile::exists(path(u"x.mdb"_s)));
 }
 
-TEST(EngineHome, WithLocksOfItsOwnNobodyEntersADatabaseInUse)
+TEST_F(EngineHome, WithLocksOfItsOwnNobodyEntersADatabaseInUse)
 {
-    const QTemporaryDir folder;
-    const test::TestDatabase database;
     const auto attached = [&](const QString &home) {
-        return std::make_unique<HelperProcess>(u"attach"_s, database.file(),
-                                               withHome(folder.filePath(home)));
+        return start(u"attach"_s, database.file(), home);
     };
     auto first = attached(u"one"_s);
     ASSERT_EQ(first->line(), u"attached"_s);
@@ -80,15 +82,10 @@ TEST(EngineHome, WithLocksOfItsOwnNobodyEntersADatabaseInUse)
     EXPECT_EQ(attached(u"two"_s)->line(), u"attached"_s);
 }
 
-TEST(EngineHome, ALockFolderOfEverybodyIsRefused)
+TEST_F(EngineHome, ALockFolderOfEverybodyIsRefused)
 {
-    const QTemporaryDir folder;
-    const QString lock = folder.filePath(u"engine/lock"_s);
-    const auto answer = [&] {
-        return HelperProcess(u"create"_s, folder.filePath(u"x.mdb"_s),
-                             withHome(folder.filePath(u"engine"_s)))
-            .line();
-    };
+    const QString lock = path(u"engine/lock"_s);
+    const auto answer = [&] { return start(u"create"_s, u"x.mdb"_s)->line(); };
     ASSERT_TRUE(QDir().mkpath(lock));
     ASSERT_TRUE(QFile::setPermissions(lock, QFile::Permissions(0x7777)));
     EXPECT_TRUE(answer().contains(lock));
@@ -100,15 +97,10 @@ TEST(EngineHome, ALockFolderOfEverybodyIsRefused)
     EXPECT_EQ(QFileInfo(lock).permissions() & QFile::Permissions(0x0077), QFile::Permissions());
 }
 
-TEST(EngineHome, WhatAnEndedProgramLeftLockedIsClearedByTheNextThatIsAlone)
+TEST_F(EngineHome, WhatAnEndedProgramLeftLockedIsClearedByTheNextThatIsAlone)
 {
-    const QTemporaryDir folder;
-    const test::TestDatabase database;
-    const auto attached = [&] {
-        return std::make_unique<HelperProcess>(u"attach"_s, database.file(),
-                                               withHome(folder.filePath(u"engine"_s)));
-    };
-    const QString left = folder.filePath(u"engine/lock/fb_left"_s);
+    const auto attached = [&] { return start(u"attach"_s, database.file()); };
+    const QString left = path(u"engine/lock/fb_left"_s);
     auto first = attached();
     ASSERT_EQ(first->line(), u"attached"_s);
     test::writeFile(left, {});

@@ -3,6 +3,7 @@
 #include "platform/db/FileCheck.h"
 #include "platform/db/HelperProcess.h"
 #include "platform/db/TestDatabase.h"
+#include "support/Damage.h"
 #include "support/Raised.h"
 #include "support/TestFiles.h"
 
@@ -34,15 +35,8 @@ protected:
         data.CommitTrans();
     }
 
-    [[nodiscard]] QString path(const QString &name) const
-    {
-        return database.folder() + u'/' + name;
-    }
-    /// The names of all files beside the database.
-    [[nodiscard]] QStringList files() const
-    {
-        return QDir(database.folder()).entryList(QDir::Files);
-    }
+    [[nodiscard]] QString path(const QString &name) const { return database.path(name); }
+    [[nodiscard]] QStringList files() const { return database.files(); }
     [[nodiscard]] static QByteArray fingerprint(const QString &file)
     {
         return QCryptographicHash::hash(test::readFile(file), QCryptographicHash::Sha256);
@@ -69,6 +63,13 @@ protected:
             EXPECT_EQ(copy.Open(u"Select Name from tblNew where Name = 'aBC'"_s).RecordCount(), 1);
         }
         EXPECT_EQ(db::validate(file).damage, QStringList());
+    }
+    /// Makes a backup, which leaves nothing but the copy.
+    void expectBackedUp(int atLeast = 500) const
+    {
+        db::backupOnline(database.target(), path(u"copy.mdb"_s));
+        expectWhole(path(u"copy.mdb"_s), atLeast);
+        EXPECT_EQ(files(), (QStringList{u"copy.mdb"_s, u"test.mdb"_s}));
     }
 
     test::TestDatabase database;
@@ -122,8 +123,7 @@ TEST_F(Maintenance, BackupOfAFreeFileIsTheSameFile)
     db::backupOnline(database.target(), path(u"copy.mdb"_s));
     EXPECT_EQ(fingerprint(path(u"copy.mdb"_s)), before);
     EXPECT_EQ(fingerprint(database.file()), before);
-    EXPECT_EQ(files(), (QStringList{u"copy.mdb"_s, u"test.mdb"_s}));
-    expectWhole(path(u"copy.mdb"_s));
+    expectBackedUp();
 }
 
 TEST_F(Maintenance, BackupWhileTheFileIsInUseIsWhole)
@@ -136,24 +136,17 @@ TEST_F(Maintenance, BackupWhileTheFileIsInUseIsWhole)
     data.CommitTrans();
     EXPECT_EQ(data.Open(u"Select ID from tblLog where Name = 'uncommitted'"_s).RecordCount(), 1);
     // Once more, over the copy.
-    db::backupOnline(database.target(), path(u"copy.mdb"_s));
-    expectWhole(path(u"copy.mdb"_s), 501);
-    EXPECT_EQ(files(), (QStringList{u"copy.mdb"_s, u"test.mdb"_s}));
+    expectBackedUp(501);
 }
 
 TEST_F(Maintenance, BackupWhileAnotherProgramWritesIsWhole)
 {
-    {
-        db::Connection data = database.connect();
-        data.Execute(u"Alter table tblLog add column Number integer"_s);
-        data.Execute(u"Alter table tblLog add column Side integer"_s);
-    }
+    for (const auto &column : {u"Number"_s, u"Side"_s})
+        database.connect().Execute(u"Alter table tblLog add column %1 integer"_s.arg(column));
     HelperProcess helper(u"write-forever"_s, database.file());
     ASSERT_FALSE(helper.line().isEmpty());
-    for (int i = 0; i < 2; ++i) {
-        db::backupOnline(database.target(), path(u"copy.mdb"_s));
-        expectWhole(path(u"copy.mdb"_s));
-    }
+    for (int i = 0; i < 2; ++i)
+        expectBackedUp();
     ASSERT_FALSE(helper.line().isEmpty());
     helper.kill();
     expectWhole(database.file());
@@ -164,14 +157,9 @@ TEST_F(Maintenance, BackupAfterABackupThatNeverEndedIsWhole)
 {
     HelperProcess helper(u"begin-backup"_s, database.file());
     ASSERT_EQ(helper.line(), u"begun"_s);
-    {
-        db::Connection data = database.connect();
-        data.Execute(u"Insert into tblLog(Name) values('after')"_s);
-    }
+    database.connect().Execute(u"Insert into tblLog(Name) values('after')"_s);
     helper.kill();
-    db::backupOnline(database.target(), path(u"copy.mdb"_s));
-    expectWhole(path(u"copy.mdb"_s), 501);
-    EXPECT_EQ(files(), (QStringList{u"copy.mdb"_s, u"test.mdb"_s}));
+    expectBackedUp(501);
 }
 
 TEST_F(Maintenance, ABackupThatFailsLeavesNothingBehind)
@@ -193,10 +181,7 @@ TEST_F(Maintenance, ABackupThatFailsLeavesNothingBehind)
 
 TEST_F(Maintenance, CompactWritesASmallerWholeCopy)
 {
-    {
-        db::Connection data = database.connect();
-        data.Execute(u"Delete from tblLog where ID > 100"_s);
-    }
+    database.connect().Execute(u"Delete from tblLog where ID > 100"_s);
     const qint64 sizeBefore = QFile(database.file()).size();
     db::compact(database.file(), path(u"compact.mdb"_s));
     EXPECT_EQ(QFile(database.file()).size(), sizeBefore);
@@ -234,21 +219,7 @@ TEST_F(Maintenance, ValidateNamesWhatIsWrong)
     }
     EXPECT_EQ(raisedBy([&] { (void)db::validate(path(u"none.mdb"_s)); }).number(),
               ErrorNumber::FileMissing);
-    // Page types: 5 holds rows, 7 an index.
-    QFile file(database.file());
-    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-    constexpr qint64 pageSize = 8192;
-    int spoiled = 0;
-    for (qint64 page = file.size() / pageSize - 1; page > 0 && spoiled < 3; --page) {
-        file.seek(page * pageSize);
-        if (file.read(1) != "\x05")
-            continue;
-        file.seek(page * pageSize + 20);
-        file.write(QByteArray(100, 'Z'));
-        ++spoiled;
-    }
-    file.close();
-    ASSERT_EQ(spoiled, 3);
+    test::spoilRows(database.file(), 3);
     EXPECT_FALSE(db::validate(database.file()).damage.isEmpty());
     EXPECT_EQ(files(), QStringList{u"test.mdb"_s}) << "nothing is left beside it";
 }

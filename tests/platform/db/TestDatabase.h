@@ -2,6 +2,7 @@
 
 #include "platform/db/Connection.h"
 
+#include <QDir>
 #include <QString>
 #include <QTemporaryDir>
 
@@ -19,6 +20,9 @@ public:
 
     [[nodiscard]] QString folder() const { return m_folder.path(); }
     [[nodiscard]] QString file() const { return m_target.file; }
+    /// A file beside it, and the names of all that are there.
+    [[nodiscard]] QString path(const QString &name) const { return m_folder.filePath(name); }
+    [[nodiscard]] QStringList files() const { return QDir(m_folder.path()).entryList(QDir::Files); }
     [[nodiscard]] const db::Target &target() const { return m_target; }
     /// A new connection, one beside the others.
     [[nodiscard]] db::Connection connect() const { return db::Connection(m_target); }

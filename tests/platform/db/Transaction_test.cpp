@@ -93,7 +93,7 @@ TEST_F(Transaction, TwoWritersOfOneRowConflictAtOnce)
     EXPECT_EQ(side(data), 6);
 }
 
-TEST_F(Transaction, AnotherProgramHoldsItsRowsOnly)
+TEST_F(Transaction, AnotherProgramHoldsItsRowsOnlyAndItsTablesAreFound)
 {
     HelperProcess helper(u"hold-row"_s, database.file(), QProcessEnvironment::systemEnvironment(),
                          u"Update tblLog set Side = 99 where Number = 1"_s);
@@ -106,14 +106,11 @@ TEST_F(Transaction, AnotherProgramHoldsItsRowsOnly)
     EXPECT_EQ(numbers(lookup), u"1,2"_s);
     EXPECT_TRUE(helper.finish());
     EXPECT_EQ(data.Execute(u"Update tblLog set Side = 1 where Number = 1"_s), 1);
-}
 
-TEST_F(Transaction, ATableOfAnotherProgramIsFoundWithoutReconnecting)
-{
     EXPECT_EQ(raisedBy([&] { (void)data.Open(u"Select * from tblLog2"_s); }).number(),
               ErrorNumber::TableUnknown);
-    HelperProcess helper(u"add-table"_s, database.file());
-    ASSERT_EQ(helper.line(), u"added"_s);
+    HelperProcess adding(u"add-table"_s, database.file());
+    ASSERT_EQ(adding.line(), u"added"_s);
     EXPECT_EQ(data.Open(u"Select * from tblLog2"_s).RecordCount(), 0);
 }
 
@@ -121,11 +118,8 @@ TEST_F(Transaction, ATableOfAnotherProgramIsFoundWithoutReconnecting)
 TEST(KilledProgram, LosesNothingThatWasCommitted)
 {
     test::TestDatabase database;
-    {
-        db::Connection connection = database.connect();
-        connection.Execute(u"Create table tblLog (Number integer, Side integer)"_s);
-        connection.Execute(u"Create index iNumber on tblLog (Number)"_s);
-    }
+    database.connect().Execute(u"Create table tblLog (Number integer, Side integer)"_s);
+    database.connect().Execute(u"Create index iNumber on tblLog (Number)"_s);
     int committed = 0;
     for (int round = 0; round < 3; ++round) {
         HelperProcess helper(u"write-forever"_s, database.file());
@@ -150,10 +144,7 @@ TEST(KilledProgram, LosesNothingThatWasCommitted)
 TEST(FullDisk, IsToldAndLeavesTheFileSound)
 {
     test::TestDatabase database;
-    {
-        db::Connection connection = database.connect();
-        connection.Execute(u"Create table tblLog (Number integer, Picture longbinary)"_s);
-    }
+    database.connect().Execute(u"Create table tblLog (Number integer, Picture longbinary)"_s);
     HelperProcess helper(u"fill-disk"_s, database.file());
     EXPECT_EQ(helper.line(), QString::number(ErrorNumber::DiskFull));
     helper.kill();

@@ -5,8 +5,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QLockFile>
-#include <QProcess>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -95,28 +93,26 @@ TEST_F(Registry, ADamagedFileIsReportedAndLeftAsItIs)
                   settings::RegistryDamaged);
         EXPECT_EQ(bytes(), damaged);
     }
-}
-
-TEST_F(Registry, RefusesWhatOneLineCannotHold)
-{
-    struct Case
-    {
-        QString name, value;
-    };
-    for (const Case &c : {Case{u"A"_s, u"two\nlines"_s}, Case{u"A=B"_s, u"1"_s},
-                          Case{u" "_s, u"1"_s}, Case{u"[A"_s, u"1"_s}, Case{u";A"_s, u"1"_s}}) {
-        EXPECT_EQ(errorOf([&] { registry.setValue(ProductKey, c.name, c.value); }),
-                  base::ErrorNumber::InvalidCall)
-            << qUtf8Printable(c.name);
-    }
-    EXPECT_FALSE(QFile::exists(path()));
-}
-
-TEST_F(Registry, AFolderInTheFilesPlaceIsReported)
-{
+    // A folder in the file's place.
+    QFile::remove(path());
     QDir().mkpath(path());
     EXPECT_EQ(errorOf([&] { (void)registry.value(ProductKey, u"GUID"_s); }),
               base::ErrorNumber::PathAccess);
     EXPECT_EQ(errorOf([&] { registry.setValue(ProductKey, u"GUID"_s, u"2"_s); }),
               base::ErrorNumber::PathAccess);
+}
+
+TEST_F(Registry, RefusesWhatOneLineCannotHold)
+{
+    for (const auto &[name, value] : {std::pair(u"A"_s, u"two\nlines"_s),
+                                      {u"A=B"_s, u"1"_s},
+                                      {u" "_s, u"1"_s},
+                                      {u"[A"_s, u"1"_s},
+                                      {u";A"_s, u"1"_s}})
+        EXPECT_EQ(errorOf([&, &name = name, &value = value] {
+                      registry.setValue(ProductKey, name, value);
+                  }),
+                  base::ErrorNumber::InvalidCall)
+            << qUtf8Printable(name);
+    EXPECT_FALSE(QFile::exists(path()));
 }

@@ -58,14 +58,10 @@ TEST_F(Files, ACopyReplacesAndIsWhole)
     write(u"empty"_s, {});
     sys::copyFile(path(u"empty"_s), path(u"b"_s));
     EXPECT_EQ(bytes(u"b"_s), "");
-}
-
-TEST_F(Files, ACopyOfAReadOnlyFileCanBeWritten)
-{
-    write(u"a"_s, "1");
+    // That of a read-only file can be written.
     QFile::setPermissions(path(u"a"_s), QFileDevice::ReadOwner);
-    sys::copyFile(path(u"a"_s), path(u"b"_s));
-    EXPECT_TRUE(QFile::permissions(path(u"b"_s)).testFlag(QFileDevice::WriteOwner));
+    sys::copyFile(path(u"a"_s), path(u"d"_s));
+    EXPECT_TRUE(QFile::permissions(path(u"d"_s)).testFlag(QFileDevice::WriteOwner));
 }
 
 TEST_F(Files, AFailedCopyHasItsNumberAndChangesNothing)
