@@ -5,8 +5,8 @@
 #include "core/Session.h"
 #include "core/StartUp.h"
 #include "platform/base/Environment.h"
-#include "platform/db/DbError.h"
-#include "platform/sql/Parser.h"
+#include "platform/base/Error.h"
+#include "platform/db/ReadOnlyConnection.h"
 
 #include <algorithm>
 
@@ -32,11 +32,8 @@ QString statement(const Report &report, const QString &filter)
 
 db::Recordset open(const Report &report, const QString &filter)
 {
-    const QString text = statement(report, filter);
     // What users type becomes part of the text; it may ask for anything, and change nothing.
-    if (sql::Parser(text).parseStatement().kind != sql::StatementKind::Query)
-        throw db::DbError(db::ErrorNumber::Syntax, u"A report only reads."_s, text);
-    return gcnData->Open(text);
+    return db::openReadOnly(*gcnData, statement(report, filter));
 }
 
 QHash<QString, QString> namedTexts(const Report &report)

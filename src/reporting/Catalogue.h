@@ -55,7 +55,8 @@ struct Request
 
 /// The report's statement with this filter.
 [[nodiscard]] QString statement(const Report &report, const QString &filter);
-/// Its rows. Data; raises DbError, a syntax error for a text that does more than read.
+/// Its rows, read in a transaction that can't write. Data, or while a transaction is open there a
+/// connection beside it; raises DbError, ReadOnly for a text that does more than read.
 [[nodiscard]] db::Recordset open(const Report &report, const QString &filter);
 /// The named texts that the program knows by itself: the company's name, the labels of a machine's
 /// free fields, what the error report tells of the computer. Lookup.

@@ -1,6 +1,8 @@
+#include "platform/db/WritingView.h"
 #include "reporting/FilterRequests.h"
 #include "reporting/PickLists.h"
 #include "reporting/SampleReports.h"
+#include "support/Raised.h"
 
 #include <QMap>
 #include <QSet>
@@ -223,6 +225,24 @@ TEST_F(FilteredRows, OfScansAreTheLastOfEachMachineAndThoseOfTheMissing)
     missing.sort();
     EXPECT_EQ(stillMissing, missing);
     EXPECT_GT(missing.size(), 3);
+}
+
+TEST_F(FilteredRows, AFilterWritesNothingWhateverItReads)
+{
+    test::addWritingView(company.target(), u"tblTrap"_s,
+                         u"update \"tblCrew\" set \"CrewNumber\" = 99"_s);
+    const catalogue::Report &list = catalogue::reportOf(u"rptEquipmentList"_s);
+    for (const bool inTransaction : {false, true}) {
+        std::optional<TransactionScope> scope;
+        if (inTransaction)
+            scope.emplace();
+        EXPECT_EQ(test::raisedBy<db::DbError>([&] {
+                      (void)catalogue::open(list, u"where 1 in (select n from tblTrap)"_s);
+                  }).number(),
+                  db::ErrorNumber::ReadOnly)
+            << inTransaction;
+        EXPECT_EQ(gcnData->Open(u"Select * from tblCrew where CrewNumber = 99"_s).RecordCount(), 0);
+    }
 }
 
 TEST_F(FilteredRows, PickListsOfferAllButWhatTheFieldHolds)

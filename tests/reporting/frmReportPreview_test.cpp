@@ -3,6 +3,7 @@
 #include "core/CompanySession.h"
 #include "core/ui/Openings.h"
 #include "core/ui/ScreenDriver.h"
+#include "platform/db/DbError.h"
 #include "reporting/ReportFiles.h"
 #include "support/Raised.h"
 #include "support/ScriptedPrompts.h"
@@ -133,7 +134,7 @@ TEST_F(ReportPreview, AReportOnlyReads)
 {
     EXPECT_FALSE(
         showReport({.layout = u"rptWorkorder"_s, .filter = u"delete from tblWorkorder"_s}));
-    EXPECT_EQ(errors.takeOne().ErrDescription, u"A report only reads."_s);
+    EXPECT_EQ(errors.takeOne().ErrNumber, db::ErrorNumber::ReadOnly);
     EXPECT_EQ(count(u"tblWorkorder"_s), 1);
 }
 

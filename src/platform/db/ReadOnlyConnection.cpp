@@ -16,6 +16,14 @@ Recordset ReadOnlyConnection::Open(const QString &statement, const QVariantList 
     return m_connection.Open(statement, parameters);
 }
 
+Recordset openReadOnly(Connection &connection, const QString &statement)
+{
+    demandQuery(statement);
+    if (connection.InTransaction())
+        return ReadOnlyConnection(connection.target()).Open(statement);
+    return connection.Open(statement);
+}
+
 void demandQuery(const QString &statement)
 {
     sql::StatementKind kind{};

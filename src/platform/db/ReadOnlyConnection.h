@@ -21,6 +21,11 @@ private:
     Connection m_connection; ///< never begins a transaction, so that all is read in a reading one
 };
 
+/// Runs a query of that kind on a connection that is open already, and on one of its own while a
+/// transaction is open there that could write: what that one has not committed is not seen then.
+/// Raises DbError as ReadOnlyConnection::Open does.
+[[nodiscard]] Recordset openReadOnly(Connection &connection, const QString &statement);
+
 /// Raises DbError as ReadOnlyConnection::Open does when a statement is not one query.
 void demandQuery(const QString &statement);
 

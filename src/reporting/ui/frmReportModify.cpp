@@ -5,6 +5,7 @@
 #include "platform/base/Error.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
+#include "platform/db/ReadOnlyConnection.h"
 #include "platform/input/FormBuilder.h"
 #include "platform/input/Theme.h"
 #include "platform/report/designer/Structure.h"
@@ -198,8 +199,9 @@ db::Recordset frmReportModify::sampleRows() const
         if (m_kind == Kind::NewReport)
             return layout.query.isEmpty() ? db::Recordset() : ownreports::firstRows(layout);
         const QString query = previewQuery(m_key);
-        return query.isEmpty() ? db::Recordset()
-                               : gcnData->Open(ownreports::limited(query, ownreports::SampleRows));
+        return query.isEmpty()
+                   ? db::Recordset()
+                   : db::openReadOnly(*gcnData, ownreports::limited(query, ownreports::SampleRows));
     } catch (const base::Error &error) {
         base::showMessage(u"The report's rows can't be read.\n%1"_s.arg(error.description()));
         return {};
@@ -236,7 +238,8 @@ std::optional<report::PreviewRows> frmReportModify::rowsFor(const report::Layout
         const BusyPointer busy;
         catalogue::Request asked{.layout = QFileInfo(m_key).completeBaseName()};
         asked.answers = *answers;
-        catalogue::Prepared prepared = catalogue::prepare(asked, layout, gcnData->Open(query));
+        catalogue::Prepared prepared =
+            catalogue::prepare(asked, layout, db::openReadOnly(*gcnData, query));
         return report::PreviewRows{std::move(prepared.rows), std::move(prepared.inputs)};
     }
     if (layout.query.isEmpty())

@@ -1,5 +1,6 @@
 #include "platform/base/Environment.h"
 #include "platform/db/TestDatabase.h"
+#include "platform/db/WritingView.h"
 #include "platform/report/layout/LayoutFile.h"
 #include "platform/report/query/QueryText.h"
 #include "platform/report/query/ReportReader.h"
@@ -146,6 +147,12 @@ TEST_F(Reader, RefusesWhatDoesNotOnlyRead)
                   }).number(),
                   db::ErrorNumber::Syntax)
             << statement;
+    // And what reads by its text runs where the engine lets nothing be written.
+    test::addWritingView(m_database.target(), u"tblTrap"_s, u"delete from \"tblPart\""_s);
+    EXPECT_EQ(test::raisedBy<db::DbError>([&] {
+                  (void)DatabaseRunner(m_database.target()).run(u"Select n from tblTrap"_s, {});
+              }).number(),
+              db::ErrorNumber::ReadOnly);
     EXPECT_EQ(count(u"tblPart"_s), 3);
     EXPECT_EQ(count(u"tblUse"_s), 1);
 }
