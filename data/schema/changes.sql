@@ -22,3 +22,8 @@ alter table tblEmployee alter column Skills memo;
 -- serial number that another machine has.
 create index ixEquipmentUnitNoLast on tblEquipment (UnitNo desc);
 create index ixEquipmentSerialNo on tblEquipment (EquipmentSerialNo);
+
+-- A machine's utilization is told for each reading beside the one before it: the latest before its date,
+-- and the highest below it.
+create index ixEquipmentCountLast on tblEquipmentCount (EquipmentID desc, ChangeDate desc);
+create index ixEquipmentCountHighest on tblEquipmentCount (EquipmentID desc, CountValue desc);

@@ -100,6 +100,8 @@ create table tblEquipmentCount (
 create index ixEquipmentCountDate on tblEquipmentCount (EquipmentID, CountType, ChangeDate);
 create index ixEquipmentCountNewest on tblEquipmentCount
     (EquipmentID desc, CountType desc, ChangeDate desc, CountValue desc);
+create index ixEquipmentCountLast on tblEquipmentCount (EquipmentID desc, ChangeDate desc);
+create index ixEquipmentCountHighest on tblEquipmentCount (EquipmentID desc, CountValue desc);
 
 create table tblEquipmentPart (
     EquipmentID long,

@@ -205,22 +205,24 @@ QString utilization()
 }
 
 /// One line for each reading of a machine, beside the reading before it. Of two readings on one
-/// date the lower one came first; the days between them are 0, and the division fails.
+/// date the lower one came first; the days between them are 0, and the division fails. The readings
+/// before are each the first of an index, which "top 1" leaves at once and a maximum would not.
 QString utilizationSingle()
 {
-    const QString before = u"tblEquipmentCount AS b WHERE b.EquipmentID = a.EquipmentID and "
-                           "(b.ChangeDate < a.ChangeDate or (b.ChangeDate = a.ChangeDate and "
-                           "b.CountValue < a.CountValue))"_s;
-    const QString date = u"(SELECT Max(b.ChangeDate) FROM %1)"_s.arg(before);
-    const QString count = u"(SELECT Max(b.CountValue) FROM tblEquipmentCount AS b WHERE "
-                          "b.EquipmentID = a.EquipmentID and b.CountValue < a.CountValue)"_s;
-    const QString days = u"DateDiff('d', %1, a.ChangeDate)"_s.arg(date);
-    const QString change = u"(a.CountValue - %1)"_s.arg(count);
+    const QString before = u"(SELECT TOP 1 b.%1 FROM tblEquipmentCount AS b WHERE b.EquipmentID = "
+                           "r.EquipmentID and %2 ORDER BY b.EquipmentID DESC, b.%1 DESC)"_s;
+    const QString date =
+        before.arg(u"ChangeDate"_s, u"b.ChangeDate <= r.ChangeDate and (b.ChangeDate < "
+                                    "r.ChangeDate or b.CountValue < r.CountValue)"_s);
+    const QString count = before.arg(u"CountValue"_s, u"b.CountValue < r.CountValue"_s);
+    const QString days = u"DateDiff('d', a.PrevDate, a.ChangeDate)"_s;
+    const QString change = u"(a.CountValue - a.PrevCount)"_s;
     return u"SELECT tblEquipment.EquipmentName, tblEquipment.UnitNo, a.CountType, a.ChangeDate, "
-           "a.CountValue, %1 AS PrevDate, %2 AS PrevCount, %3 AS NoOfDays, %4 AS CountChange, "
-           "%4 / %3 AS AvgUse, %4 / %3 / 24 AS Utilizarion FROM tblEquipmentCount AS a INNER JOIN "
-           "tblEquipment ON a.EquipmentID = tblEquipment.EquipmentID"_s.arg(date, count, days,
-                                                                            change);
+           "a.CountValue, a.PrevDate, a.PrevCount, %3 AS NoOfDays, %4 AS CountChange, "
+           "%4 / %3 AS AvgUse, %4 / %3 / 24 AS Utilizarion FROM (SELECT r.EquipmentID, "
+           "r.CountType, r.ChangeDate, r.CountValue, %1 AS PrevDate, %2 AS PrevCount FROM "
+           "tblEquipmentCount AS r) AS a INNER JOIN tblEquipment ON a.EquipmentID = "
+           "tblEquipment.EquipmentID"_s.arg(date, count, days, change);
 }
 
 QString dates(const QString &column)
