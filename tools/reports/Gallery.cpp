@@ -3,41 +3,24 @@
 #include "core/Session.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Error.h"
-#include "platform/base/Format.h"
 #include "platform/report/paginate/Paginator.h"
 #include "platform/report/render/Export.h"
 #include "platform/report/render/PdfFile.h"
+#include "reporting/FilterRequests.h"
 #include "reporting/Preparation.h"
 #include "reporting/ReportFiles.h"
 #include "scheduling/Readings.h"
 #include "workorders/Statements.h"
 
-#include <QHash>
 #include <QPainter>
 #include <QSaveFile>
+#include <algorithm>
 
 namespace gallery {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Two years' rows are many pages; a quarter shows as much.
-struct Range
-{
-    QDate from;
-    QDate to;
-
-    [[nodiscard]] QString clause(const QString &column) const
-    {
-        return u"(%1 >= %2 and %1 <= %3) "_s.arg(column, base::dateLiteral(base::wallClock(from)),
-                                                 base::dateLiteral(base::wallClock(to)));
-    }
-    [[nodiscard]] QString words() const
-    {
-        return from.toString(u"MM/dd/yyyy") + u" - "_s + to.toString(u"MM/dd/yyyy");
-    }
-};
 
 /// The numbers of the last posted orders, joined by commas.
 QString lastOrders()
@@ -79,72 +62,46 @@ QImage pictureOf(const report::Page &page, const report::PageSetup &setup)
 
 QList<catalogue::Request> requests(QDate today)
 {
-    const Range year{today.addYears(-1), today};
-    const Range quarter{today.addMonths(-3), today};
-    const QString active = u"where Inactive = '0'"_s;
-    const QString activeWords = u"Inactive machines left out."_s;
-    const QString done = u"Where "_s + quarter.clause(u"tblWOServiceUsedHistory.CompleteDate"_s);
-    const QString doneWords = u"Completed "_s + quarter.words() + u'.';
-    const QString unit = muchUsedUnit();
-    const QString orders = u"where workorderno in (%1)"_s.arg(lastOrders());
-    const QHash<QString, catalogue::Request> particular{
-        {u"rptEquipmentDetail"_s,
-         {.filter = u"where tblEquipment.UnitNo in ('M001','T001','S003')"_s}},
-        {u"rptEquipmentUtilization"_s,
-         {.filter = u" and "_s + year.clause(u"tblEquipmentCount.ChangeDate"_s),
-          .texts = {{u"lblDateFrom"_s, year.words()}}}},
-        {u"rptEquipmentUtilization_Single"_s,
-         {.filter = u" Where "_s + year.clause(u"a.ChangeDate"_s) +
-                    u" and tblEquipment.UnitNo  in ('%1')"_s.arg(unit),
-          .asked = u"Unit %1."_s.arg(unit),
-          .texts = {{u"lblDateFrom"_s, year.words()}},
-          .formulas = {{u"days"_s, QString::number(year.from.daysTo(year.to))}}}},
-        {u"rptEquipmentScanHistory"_s,
-         {.filter =
-              u"Select EquipmentName,UnitNo,ScanTime1 from (Select tblEquipment.EquipmentName,"
-              "tblEquipment.UnitNo, Max(scanTime) as Scantime1 FROM tblEquipment LEFT JOIN "
-              "tblEquipmentScan ON tblEquipment.EquipmentID = tblEquipmentScan.EquipmentID "
-              "Group by tblEquipment.EquipmentName,tblEquipment.UnitNo) order by UnitNo"_s}},
-        {u"rptEquipmentInspectionDate"_s,
-         {.filter = u" where "_s + year.clause(u"InspectionDate"_s), .asked = year.words()}},
-        {u"rptEquipmentLicenseDate"_s,
-         {.filter = u" where "_s + year.clause(u"LicenseRenewalDate"_s), .asked = year.words()}},
-        {u"rptEquipmentCount"_s, {.filter = readings::dueStatement(0)}},
-        {u"rptServiceHistory"_s, {.filter = done, .asked = doneWords}},
-        {u"rptServiceHistorySiteWise"_s, {.filter = done, .asked = doneWords}},
-        {u"rptServiceHistoryCrewWise"_s, {.filter = done, .asked = doneWords}},
-        {u"rptServiceHistoryTimes"_s, {.filter = done, .asked = doneWords}},
-        {u"rptServiceHistoryTimesCDate"_s, {.filter = done, .asked = doneWords}},
-        {u"rptEquipmentServices"_s,
-         {.filter = u"where tblEquipment.Inactive = '0'"_s, .asked = activeWords}},
-        {u"rptEquipmentExpense"_s, {.filter = active, .asked = activeWords}},
-        {u"rptEquipmentListVer6"_s, {.filter = u"Having Inactive = '0'"_s, .asked = activeWords}},
-        {u"rptInventoryReport"_s,
-         {.filter = u" where  Inactive =0"_s, .asked = u"Inactive parts left out."_s}},
-        {u"rptInventoryOrder_UpCommingServices"_s,
-         {.filter = u" Where "_s +
-                    Range{today, today.addMonths(1)}.clause(u"tblServiceUsed.NextScheduledDate"_s),
-          .asked = u"Services due "_s + Range{today, today.addMonths(1)}.words() + u'.'}},
-        {u"rptInventoryPartHistory"_s, {.filter = done, .asked = doneWords}},
-        {u"rptInventoryPartHistoryCDate"_s, {.filter = done, .asked = doneWords}},
-        {u"rptInventoryPartHistorySummary"_s, {.filter = done, .asked = doneWords}},
-        {u"rptWorkorder"_s,
-         {.filter = workorders::statements::printedOrders(
-              u"Select top 20 WorkorderNo from tblWorkorder order by WorkorderNo"_s)}},
-        {u"rptWorkOrderByCrew"_s,
-         {.filter = workorders::statements::printedOrders(
-              u"Select top 20 WorkorderNo from tblWorkorder order by WorkorderNo"_s)}},
-        {u"rptWorkOrderHistory"_s, {.filter = workorders::statements::historyDetail(orders)}},
-        {u"rptWorkorderHistorySummary"_s,
-         {.filter = workorders::statements::historySummary(orders)}},
+    using namespace filters;
+    // Two years' rows are many pages; a quarter shows as much.
+    const DateRange year{today.addYears(-1), today};
+    const DateRange quarter{today.addMonths(-3), today};
+    const QString openOrders = workorders::statements::printedOrders(
+        u"Select top 20 WorkorderNo from tblWorkorder order by WorkorderNo"_s);
+    QList<catalogue::Request> asked{
+        request(EquipmentList{.groupOnSite = true}),
+        equipmentDetailsRequest({.units = u"M001,T001,S003"_s, .inactive = true}),
+        request(CrewHistory{}),
+        equipmentExpenseRequest({}),
+        request(Utilization{.read = year}),
+        request(SingleUtilization{.read = year, .units = muchUsedUnit()}),
+        request(Scans{.scanned = year}),
+        inspectionRequest(year),
+        licenseRequest(year),
+        {.layout = u"rptEquipmentCount"_s, .filter = readings::dueStatement(0)},
+        equipmentServicesRequest({}),
+        request(HistoryTimes{.completed = quarter}),
+        request(HistoryTimes{.completed = quarter, .byDate = true}),
+        request(Parts{}),
+        request(Reorder{.lessOrders = true}),
+        request(UpcomingParts{.due = {today, today.addMonths(1)}}),
+        partUsageRequest({}),
+        {.layout = u"rptWorkorder"_s, .filter = openOrders},
+        {.layout = u"rptWorkOrderByCrew"_s, .filter = openOrders},
+        request(WorkorderHistory{.numbers = lastOrders()}),
+        request(WorkorderHistory{.numbers = lastOrders(), .summary = true}),
     };
+    for (int version = 1; version <= 6; ++version)
+        asked.append(request(EquipmentList{.version = static_cast<ListVersion>(version)}));
+    for (const HistoryGroup group : {HistoryGroup::None, HistoryGroup::Site, HistoryGroup::Crew})
+        asked.append(request(ServiceHistory{.completed = quarter, .group = group}));
+    for (const PartHistoryForm form :
+         {PartHistoryForm::DetailByPart, PartHistoryForm::DetailByDate, PartHistoryForm::Summary})
+        asked.append(request(PartHistory{.completed = quarter, .form = form}));
     QList<catalogue::Request> all;
     for (const catalogue::Report &report : catalogue::reports()) {
-        catalogue::Request asked = particular.value(report.layout);
-        if (asked.filter.isEmpty() && report.layout.startsWith(u"rptEquipmentList"))
-            asked = {.filter = active, .asked = activeWords};
-        asked.layout = report.layout;
-        all.append(asked);
+        const auto found = std::ranges::find(asked, report.layout, &catalogue::Request::layout);
+        all.append(found == asked.end() ? catalogue::Request{.layout = report.layout} : *found);
     }
     return all;
 }

@@ -60,7 +60,7 @@ TEST(SubBands, ShowTheRowsThatBelongToARow)
             <band kind="reportFooter" height="5mm"><field content="'all ' &amp; count(*)"/></band>)x";
     EXPECT_EQ(
         words(machines(bands), sets()),
-        "Mower (1 Oil 1=1+1 2=2+3 / Belt 3=4+7 3)4 a.png / Truck (2 Oil 1=8+8 1)8 Edger all 3")
+        "Mower (1 Oil 1=1+1 2=2+3 / (1 Belt 3=4+7 3)4 a.png / Truck (2 Oil 1=8+8 1)8 Edger all 3")
         << "a machine stands with its first service, a total with the last";
 }
 

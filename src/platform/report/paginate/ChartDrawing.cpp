@@ -106,7 +106,7 @@ private:
             m_plot.setHeight(m_plot.height() - line);
         m_titlesTop = m_plot.y() + m_plot.height();
         if (!m_data.valueTitle.isEmpty())
-            m_plot.setLeft(m_plot.left() + line + Gap / 2);
+            m_plot.setLeft(m_plot.left() + line + Gap);
     }
 
     /// Both stand in the middle of the plot.

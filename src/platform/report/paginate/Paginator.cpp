@@ -331,13 +331,16 @@ private:
         for (int group = 0; group < groups; ++group)
             if (m_report.layout->groups[group].repeatHeader)
                 putAll(m_report.groupHeaders[group]);
+        // Further rows that go on here would stand without their headings.
+        if (m_placing && m_placing->band->layout->kind == BandKind::SubDetail)
+            putAll(m_placing->sub.set->header, m_placing->sub);
     }
 
-    /// Bands that take their place without asking for room.
-    void putAll(const Bands &bands)
+    /// Bands that take their place without asking for room. A page may end among further rows, of
+    /// which those of others know nothing.
+    void putAll(const Bands &bands, const SubPlace &place = {})
     {
-        // A page may end among further rows, of which its bands know nothing.
-        const QScopedValueRollback sub(m_sub, SubPlace());
+        const QScopedValueRollback sub(m_sub, place);
         for (const compiled::Band &band : bands)
             if (m_maker.isPrinted(band))
                 put(make(band));
