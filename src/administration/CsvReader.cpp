@@ -2,7 +2,6 @@
 
 #include "platform/base/Error.h"
 
-#include <QStringView>
 #include <array>
 
 namespace administration {
@@ -45,10 +44,8 @@ CsvReader::CsvReader(QIODevice &device, const Format &format)
     begin();
     if (m_format.delimiter == 0)
         findDelimiter();
-    if (!next())
-        return;
-    for (const Field &field : m_fields)
-        m_header.append(field.text.trimmed());
+    if (CsvReader::next())
+        takeHeader();
 }
 
 void CsvReader::begin()
@@ -114,10 +111,9 @@ int CsvReader::peek()
     return static_cast<unsigned char>(m_chunk[m_place]);
 }
 
-void CsvReader::blame(const QString &sentence)
+void CsvReader::blameField(const QString &sentence)
 {
-    if (!m_fault)
-        m_fault = CsvFault{static_cast<int>(m_fields.size()), sentence};
+    blame(static_cast<int>(m_fields.size()), sentence);
 }
 
 void CsvReader::take(char character)
@@ -125,16 +121,17 @@ void CsvReader::take(char character)
     if (m_bytes.size() < m_format.longestField)
         m_bytes.append(character);
     else
-        blame(u"The text is too long, or its quotation mark is never closed."_s);
+        blameField(u"The text is too long, or its quotation mark is never closed."_s);
 }
 
 void CsvReader::endField()
 {
     std::optional<QString> text = textOf(m_bytes);
     if (!text)
-        blame(u"The text is not in UTF-8. Please save the file as \"CSV UTF-8\"."_s);
+        blameField(u"The text is not in UTF-8. Please save the file as \"CSV UTF-8\"."_s);
     else if (!m_format.allowsAnyCharacter && m_bytes.contains('\0'))
-        blame(u"There is a character that is no text. Please save the file as \"CSV UTF-8\"."_s);
+        blameField(
+            u"There is a character that is no text. Please save the file as \"CSV UTF-8\"."_s);
     m_fields.push_back({std::move(text).value_or(QString()), m_wasQuoted});
     m_bytes.clear();
     m_wasQuoted = false;
@@ -152,7 +149,7 @@ bool CsvReader::next()
         const int code = peek();
         if (code < 0) {
             if (m_state == State::Quoted)
-                blame(u"The quotation mark before this text is never closed."_s);
+                blameField(u"The quotation mark before this text is never closed."_s);
             break;
         }
         ++m_place;
@@ -178,7 +175,7 @@ bool CsvReader::next()
             m_state = State::Quoted;
         } else {
             if (m_state == State::AfterQuote)
-                blame(
+                blameField(
                     u"There is text behind the closing quotation mark. A quotation mark within a text is written twice."_s);
             else
                 m_state = State::Plain;
@@ -189,13 +186,11 @@ bool CsvReader::next()
     return true;
 }
 
-bool CsvReader::isBlank() const
+double CsvReader::done() const
 {
-    for (const Field &field : m_fields) {
-        if (field.quoted || !QStringView(field.text).trimmed().isEmpty())
-            return false;
-    }
-    return !m_fault;
+    return m_device.size() == 0
+               ? 1
+               : static_cast<double>(m_device.pos()) / static_cast<double>(m_device.size());
 }
 
 } // namespace administration

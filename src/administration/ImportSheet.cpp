@@ -1,5 +1,7 @@
 #include "administration/ImportSheet.h"
 
+#include "administration/CsvReader.h"
+#include "administration/XlsxReader.h"
 #include "core/Session.h"
 
 namespace administration {
@@ -7,14 +9,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-QFile &opened(QFile &file)
-{
-    if (file.open(QIODevice::ReadOnly))
-        return file;
-    throw base::Error(
-        file.exists() ? base::ErrorNumber::PermissionDenied : base::ErrorNumber::FileNotFound,
-        u"The file \"%1\" can't be read (%2)."_s.arg(file.fileName(), file.errorString()));
-}
+constexpr qint64 lengthOfBeginning = 4;
 
 /// How many characters of a cell its column takes. Names of lists are measured by their lists.
 int lengthOf(const ImportTable &table, const ImportColumn &column)
@@ -30,25 +25,43 @@ int lengthOf(const ImportTable &table, const ImportColumn &column)
 ImportSheet::ImportSheet(const ImportTable &table, const QString &path)
     : m_table(table)
     , m_file(path)
-    , m_reader(opened(m_file), {})
-    , m_sign(m_reader.delimiter() == ';' ? DecimalSign::Comma : DecimalSign::Point)
 {
+    open();
     for (const ImportColumn &column : table.columns)
         m_lengths.push_back(lengthOf(table, column));
 }
 
-void ImportSheet::checkHeader(const Blame &blame)
+void ImportSheet::open()
 {
-    if (m_reader.fault()) {
-        blame(-1, m_reader.fault()->sentence);
+    if (!m_file.open(QIODevice::ReadOnly))
+        throw base::Error(
+            m_file.exists() ? base::ErrorNumber::PermissionDenied : base::ErrorNumber::FileNotFound,
+            u"The file \"%1\" can't be read (%2)."_s.arg(m_file.fileName(), m_file.errorString()));
+    const QByteArray beginning = m_file.peek(lengthOfBeginning);
+    if (const QString refusal = refusalOfSpreadsheet(beginning); !refusal.isEmpty())
+        throw base::Error(base::ErrorNumber::InvalidCall, refusal);
+    if (looksLikeWorkbook(beginning)) {
+        m_reader = std::make_unique<XlsxReader>(m_file.fileName());
         return;
     }
-    if (m_reader.header().join(QString()).isEmpty()) {
+    auto reader = std::make_unique<CsvReader>(m_file, CsvReader::Format());
+    if (reader->delimiter() == ';')
+        m_sign = DecimalSign::Comma;
+    m_reader = std::move(reader);
+}
+
+void ImportSheet::checkHeader(const Blame &blame)
+{
+    if (m_reader->fault()) {
+        blame(-1, m_reader->fault()->sentence);
+        return;
+    }
+    if (m_reader->header().join(QString()).isEmpty()) {
         blame(-1, u"The file is empty, or its first row is: that row holds the headings."_s);
         return;
     }
     QStringList seen(static_cast<qsizetype>(m_table.columns.size()));
-    for (const QString &heading : m_reader.header()) {
+    for (const QString &heading : m_reader->header()) {
         const int place = placeOfHeading(m_table, heading);
         m_places.push_back(place);
         if (place < 0) {
@@ -70,14 +83,14 @@ void ImportSheet::checkHeader(const Blame &blame)
 
 bool ImportSheet::next()
 {
-    while (m_reader.next()) {
-        if (!m_reader.isBlank())
+    while (m_reader->next()) {
+        if (!m_reader->isBlank())
             return true;
     }
     return false;
 }
 
-void ImportSheet::blameFault(const CsvFault &fault, const Blame &blame) const
+void ImportSheet::blameFault(const RowFault &fault, const Blame &blame) const
 {
     const auto column = static_cast<std::size_t>(qMax(fault.column, 0));
     const int place = fault.column >= 0 && column < m_places.size() ? m_places[column] : -1;
@@ -89,11 +102,11 @@ void ImportSheet::blameFault(const CsvFault &fault, const Blame &blame) const
 ImportRow ImportSheet::values(const Blame &blame)
 {
     ImportRow values(m_table.columns.size());
-    if (m_reader.fault()) {
-        blameFault(*m_reader.fault(), blame);
+    if (m_reader->fault()) {
+        blameFault(*m_reader->fault(), blame);
         return values;
     }
-    const auto &fields = m_reader.fields();
+    const auto &fields = m_reader->fields();
     std::vector<bool> isWrong(values.size(), false);
     for (std::size_t i = 0; i < fields.size(); ++i) {
         if (i >= m_places.size()) {
@@ -127,13 +140,6 @@ std::optional<QVariant> ImportSheet::cell(int place, const QString &text, const 
         blame(place, error.description());
         return {};
     }
-}
-
-double ImportSheet::done() const
-{
-    return m_file.size() == 0
-               ? 1
-               : static_cast<double>(m_file.pos()) / static_cast<double>(m_file.size());
 }
 
 } // namespace administration

@@ -135,7 +135,7 @@ private:
         }
     }
 
-    [[nodiscard]] QVariant valueOf(const CsvReader::Field &field, const sql::Column &column) const
+    [[nodiscard]] QVariant valueOf(const RowReader::Field &field, const sql::Column &column) const
     {
         try {
             return fieldValue(field, column.kind);

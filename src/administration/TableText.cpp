@@ -121,7 +121,7 @@ QByteArray fieldText(const QVariant &value, Kind kind)
     }
 }
 
-QVariant fieldValue(const CsvReader::Field &field, Kind kind)
+QVariant fieldValue(const RowReader::Field &field, Kind kind)
 {
     if (field.text.isEmpty() && !field.quoted)
         return {};

@@ -15,6 +15,6 @@ namespace administration {
 [[nodiscard]] QByteArray fieldText(const QVariant &value, sql::ColumnKind kind);
 /// The value of a field. Raises base::Error TypeMismatch, with the text in its sentence, where it
 /// holds none of that kind.
-[[nodiscard]] QVariant fieldValue(const CsvReader::Field &field, sql::ColumnKind kind);
+[[nodiscard]] QVariant fieldValue(const RowReader::Field &field, sql::ColumnKind kind);
 
 } // namespace administration

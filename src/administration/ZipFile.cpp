@@ -111,13 +111,14 @@ void ZipWriter::commit()
     }
 }
 
-ZipReader::ZipReader(QString path)
+ZipReader::ZipReader(QString path, Check check)
     : m_path(std::move(path))
 {
     if (!QFile::exists(m_path))
         refuse(base::ErrorNumber::FileNotFound, m_path, u"is not there"_s);
     int code = 0;
-    m_archive = zip_open(QFile::encodeName(m_path).constData(), ZIP_RDONLY | ZIP_CHECKCONS, &code);
+    const int consistent = check == Check::All ? ZIP_CHECKCONS : 0;
+    m_archive = zip_open(QFile::encodeName(m_path).constData(), ZIP_RDONLY | consistent, &code);
     if (!m_archive)
         refuse(base::ErrorNumber::PermissionDenied, m_path, u"is no zip archive, or is damaged"_s);
 }
@@ -133,6 +134,14 @@ QStringList ZipReader::names() const
     for (zip_int64_t i = 0; i < zip_get_num_entries(m_archive, 0); ++i)
         found.append(QString::fromUtf8(zip_get_name(m_archive, static_cast<zip_uint64_t>(i), 0)));
     return found;
+}
+
+qint64 ZipReader::size(const QString &name) const
+{
+    zip_stat_t about;
+    zip_stat_init(&about);
+    const bool isThere = zip_stat(m_archive, name.toUtf8().constData(), 0, &about) == 0;
+    return isThere && (about.valid & ZIP_STAT_SIZE) != 0 ? static_cast<qint64>(about.size) : 0;
 }
 
 std::unique_ptr<QIODevice> ZipReader::open(const QString &name) const

@@ -35,12 +35,18 @@ private:
 class ZipReader
 {
 public:
-    explicit ZipReader(QString path);
+    /// What is looked at before anything is read: whether all of the archive agrees with its list,
+    /// as in those of our own making, or nothing. What is read is checked in any case.
+    enum class Check { All, WhatIsRead };
+    explicit ZipReader(QString path, Check check = Check::All);
     ~ZipReader();
     ZipReader(const ZipReader &) = delete;
     ZipReader &operator=(const ZipReader &) = delete;
 
+    [[nodiscard]] const QString &path() const { return m_path; }
     [[nodiscard]] QStringList names() const;
+    /// How long a file of the archive says to be, in bytes, unpacked; 0 for one that isn't there.
+    [[nodiscard]] qint64 size(const QString &name) const;
     /// A file of the archive, open to be read from its beginning to its end. Raises FileNotFound. A
     /// read of a damaged file fails as reads of devices do.
     [[nodiscard]] std::unique_ptr<QIODevice> open(const QString &name) const;

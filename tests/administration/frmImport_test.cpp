@@ -133,8 +133,8 @@ TEST_F(ImportScreen, AnEmptySheetIsSaved)
         screen.choose("cboKind", u"Meter readings"_s);
         prompts.expectChooser(u"Save an empty sheet"_s, stick() + u"/r.csv"_s);
         prompts.expect(
-            u"The sheet was saved. Fill it in with a spreadsheet, one row for each record, "
-            "and save it as CSV. Columns that you don't need may go."_s,
+            u"The sheet was saved. Fill it in with a spreadsheet, one row for each record. "
+            "Columns that you don't need may go."_s,
             Icon::None);
         screen.press("cmdSheet");
         screen.press("cmdExit");

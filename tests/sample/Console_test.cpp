@@ -77,8 +77,8 @@ TEST(Console, WrongCommandLinesAreExplained)
                                       {u"check"_s, u"x"_s, u"--deep"_s},
                                       {u"create-sample"_s, u"x"_s, u"--today"_s, u"15.3."_s},
                                       {u"create-sample"_s, u"x"_s, u"--seed"_s, u"one"_s},
-                                      {u"import-csv"_s, u"x"_s, u"y"_s},
-                                      {u"import-csv"_s, u"x"_s, u"y"_s, u"--kind"_s, u"z"_s}};
+                                      {u"import-file"_s, u"x"_s, u"y"_s},
+                                      {u"import-file"_s, u"x"_s, u"y"_s, u"--kind"_s, u"z"_s}};
     for (const QStringList &line : lines) {
         const Outcome outcome = runConsole(line);
         EXPECT_EQ(outcome.code, console::WrongUsage) << line.join(u' ').toStdString();
@@ -243,7 +243,7 @@ TEST_F(ConsoleRun, ImportsRowsOnceNothingSpeaksAgainstIt)
     const auto import = [&](const QByteArray &text, const QStringList &more) {
         test::writeFile(csv, text);
         return runConsole(
-            QStringList{u"import-csv"_s, m_database.file(), csv, u"--kind"_s, u"machines"_s} +
+            QStringList{u"import-file"_s, m_database.file(), csv, u"--kind"_s, u"machines"_s} +
             more);
     };
     const QByteArray good = "Unit,Name,Site\nT1,a,North\n";

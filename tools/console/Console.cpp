@@ -272,7 +272,7 @@ int importTablesCommand(const Options &options, const Streams &streams)
     return Success;
 }
 
-int importCsvCommand(const Options &options, const Streams &streams)
+int importFileCommand(const Options &options, const Streams &streams)
 {
     if (!options.kind) {
         streams.err << "What is to be imported? Please say --kind "
@@ -324,9 +324,9 @@ const std::vector<Command> &commands()
         {u"import-tables"_s, 2,
          u"import-tables FILE ZIP        make a company of such an archive; an empty one is replaced"_s,
          importTablesCommand},
-        {u"import-csv"_s, 2,
-         u"import-csv FILE CSV           import machines, parts, employees or readings (--kind)"_s,
-         importCsvCommand},
+        {u"import-file"_s, 2,
+         u"import-file FILE TABLE        import machines, parts, employees or readings (--kind)"_s,
+         importFileCommand},
         {u"check-changes"_s, 1,
          u"check-changes TEXT            check what a release changes in databases in use"_s,
          checkChangesCommand},
@@ -410,9 +410,9 @@ int run(const QStringList &arguments, const Streams &streams)
          {u"sample"_s, u"set-up: with the sample company."_s},
          {u"today"_s, u"The day on which the sample company stands."_s, u"date"_s},
          {u"seed"_s, u"Another sample company for another number."_s, u"number"_s},
-         {u"kind"_s, u"import-csv: machines, parts, employees or readings."_s, u"kind"_s},
-         {u"dry-run"_s, u"import-csv: tells what would happen, and writes nothing."_s},
-         {u"make-entries"_s, u"import-csv: makes the entries that lists lack."_s}});
+         {u"kind"_s, u"import-file: machines, parts, employees or readings."_s, u"kind"_s},
+         {u"dry-run"_s, u"import-file: tells what would happen, and writes nothing."_s},
+         {u"make-entries"_s, u"import-file: makes the entries that lists lack."_s}});
     parser.addPositionalArgument(u"command"_s, u"One of the commands above."_s);
     parser.addPositionalArgument(u"file"_s, u"The database."_s, u"file..."_s);
     if (!parser.parse(arguments))

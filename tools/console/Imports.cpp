@@ -1,6 +1,6 @@
 #include "console/Imports.h"
 
-#include "administration/CsvImport.h"
+#include "administration/FileImport.h"
 #include "administration/ImportTables.h"
 #include "core/Session.h"
 #include "platform/base/Error.h"
@@ -53,17 +53,17 @@ void tell(const char *what, const Exported &all, const QString &place, const Str
 
 } // namespace
 
-int importRows(const CsvRequest &request, const Streams &streams)
+int importRows(const FileRequest &request, const Streams &streams)
 {
     const SupportSession session(request.company);
-    const ImportFindings found = checkCsv(request.kind, request.file);
+    const ImportFindings found = checkFile(request.kind, request.file);
     const bool mayGoOn = found.problemCount == 0 && !request.dryRun &&
                          (request.makesEntries || found.newEntries.empty());
     if (!mayGoOn) {
         tell(found, streams);
         return request.dryRun && found.problemCount == 0 ? Success : Failed;
     }
-    const ImportFindings imported = importCsv(request.kind, request.file, found.newEntries);
+    const ImportFindings imported = importFile(request.kind, request.file, found.newEntries);
     tell(imported, streams);
     return imported.isWritten ? Success : Failed;
 }

@@ -7,7 +7,7 @@
 /// The commands that bring rows into companies, and all tables out of them.
 namespace console {
 
-struct CsvRequest
+struct FileRequest
 {
     db::Target company;
     QString file;
@@ -18,7 +18,7 @@ struct CsvRequest
 
 /// Imports a file of rows, or tells what keeps it from being imported; an exit code. Raises
 /// base::Error.
-[[nodiscard]] int importRows(const CsvRequest &request, const Streams &streams);
+[[nodiscard]] int importRows(const FileRequest &request, const Streams &streams);
 /// Writes all tables into an archive. Raises base::Error.
 void exportAll(const db::Target &company, const QString &zip, const Streams &streams);
 /// Makes a company's database of an archive, or puts it in the place of an empty one. Raises

@@ -71,7 +71,7 @@ void frmImport::buildForm()
     txtFile = form.textField(u"txtFile"_s, u"&File:"_s);
     cmdBrowse = form.sideButton(u"cmdBrowse"_s, u"Browse"_s, u"folder"_s);
     form.note(
-        u"A table saved as CSV, with the names of its columns in the first row. Nothing is written before all rows were found right."_s);
+        u"A spreadsheet (.xlsx, its first table) or a table saved as CSV, with the names of its columns in the first row. Nothing is written before all rows were found right."_s);
     grdFindings = makeListGrid(
         this, u"grdFindings"_s, u"What was found"_s,
         {{.name = RowColumn, .width = 60, .locked = true, .kind = sql::ColumnKind::Integer},
@@ -113,7 +113,7 @@ void frmImport::cmdBrowse_Click()
 {
     const QString file = base::prompts().chooseFile(
         u"Please choose the file to import"_s,
-        {isWholeCompany() ? u"Archives (*.zip)"_s : u"Tables (*.csv *.txt *.tsv)"_s,
+        {isWholeCompany() ? u"Archives (*.zip)"_s : u"Tables (*.xlsx *.csv *.txt *.tsv)"_s,
          u"All files (*)"_s});
     if (!file.isEmpty())
         txtFile->setText(file);
@@ -129,7 +129,7 @@ void frmImport::cmdSheet_Click()
             return;
         sys::writeFile(file, administration::emptySheet(kind()));
         base::showMessage(
-            u"The sheet was saved. Fill it in with a spreadsheet, one row for each record, and save it as CSV. Columns that you don't need may go."_s);
+            u"The sheet was saved. Fill it in with a spreadsheet, one row for each record. Columns that you don't need may go."_s);
     });
 }
 
@@ -139,7 +139,7 @@ std::optional<ImportFindings> frmImport::check()
         module, "cmdCheck_Click", std::optional<ImportFindings>(), [this] {
             return administration::watched(
                 u"Checking the file..."_s, this, [this](const base::Progress &progress) {
-                    return administration::checkCsv(kind(), txtFile->text().trimmed(), progress);
+                    return administration::checkFile(kind(), txtFile->text().trimmed(), progress);
                 });
         });
 }
@@ -201,8 +201,8 @@ void frmImport::importRows()
         administration::plainly(module, "cmdImport_Click", std::optional<ImportFindings>(), [&] {
             return administration::watched(
                 u"Importing..."_s, this, [&](const base::Progress &progress) {
-                    return administration::importCsv(kind(), txtFile->text().trimmed(),
-                                                     found->newEntries, progress);
+                    return administration::importFile(kind(), txtFile->text().trimmed(),
+                                                      found->newEntries, progress);
                 });
         });
     if (!imported)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "administration/CsvImport.h"
+#include "administration/FileImport.h"
 #include "core/ui/Screen.h"
 
 class QLabel;

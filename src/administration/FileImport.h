@@ -8,7 +8,7 @@
 #include <QStringList>
 #include <vector>
 
-/// Machines, parts, employees and readings from a table of text. Data.
+/// Machines, parts, employees and readings from a table: CSV, or the first of a spreadsheet. Data.
 namespace administration {
 
 /// What keeps a row from being imported.
@@ -38,17 +38,17 @@ struct ImportFindings
     [[nodiscard]] QString summary() const;
 };
 
-/// Reads a file as importCsv() would and writes nothing. Raises base::Error when the file can't be
+/// Reads a file as importFile() would and writes nothing. Raises base::Error when the file can't be
 /// read, Refused for a user who may not add such records, and what progress raises.
-[[nodiscard]] ImportFindings checkCsv(ImportKind kind, const QString &file,
-                                      const base::Progress &progress = {});
+[[nodiscard]] ImportFindings checkFile(ImportKind kind, const QString &file,
+                                       const base::Progress &progress = {});
 
 /// Imports a file in one transaction: all rows or, when there is a problem in any, none. Entries
 /// that lists lack are made when they are among those that the user has agreed to; otherwise
-/// nothing is written, and the findings say which. Raises as checkCsv(), and InTheWay when another
+/// nothing is written, and the findings say which. Raises as checkFile(), and InTheWay when another
 /// workstation was there first; nothing is written then.
-[[nodiscard]] ImportFindings importCsv(ImportKind kind, const QString &file,
-                                       const std::vector<NewEntry> &agreed,
-                                       const base::Progress &progress = {});
+[[nodiscard]] ImportFindings importFile(ImportKind kind, const QString &file,
+                                        const std::vector<NewEntry> &agreed,
+                                        const base::Progress &progress = {});
 
 } // namespace administration

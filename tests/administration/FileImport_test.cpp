@@ -1,5 +1,6 @@
-#include "administration/CsvImport.h"
+#include "administration/FileImport.h"
 
+#include "administration/Workbooks.h"
 #include "core/CompanySession.h"
 #include "core/InTheWay.h"
 #include "core/Permission.h"
@@ -12,11 +13,11 @@ using test::raisedBy;
 
 namespace {
 
-class CsvImport : public test::CompanySession
+class FileImport : public test::CompanySession
 {
 protected:
-    CsvImport() { gRights.EqAdd = gRights.PaAdd = gRights.EqCountSheet = true; }
-    ~CsvImport() override { gRights = {}; }
+    FileImport() { gRights.EqAdd = gRights.PaAdd = gRights.EqCountSheet = true; }
+    ~FileImport() override { gRights = {}; }
 
     [[nodiscard]] QString file(const QByteArray &text) const
     {
@@ -27,7 +28,7 @@ protected:
     /// The problems of a dry run, a line each.
     [[nodiscard]] QString problems(ImportKind kind, const QByteArray &text) const
     {
-        const ImportFindings findings = checkCsv(kind, file(text));
+        const ImportFindings findings = checkFile(kind, file(text));
         QStringList lines;
         for (const ImportProblem &problem : findings.problems)
             lines.append(problem.text());
@@ -38,7 +39,7 @@ protected:
     ImportFindings import(ImportKind kind, const QByteArray &text) const
     {
         const QString path = file(text);
-        return importCsv(kind, path, checkCsv(kind, path).newEntries);
+        return importFile(kind, path, checkFile(kind, path).newEntries);
     }
     static QString machines()
     {
@@ -57,7 +58,7 @@ constexpr auto machineQuery =
 
 } // namespace
 
-TEST_F(CsvImport, MachinesComeWithTheEntriesOfTheirLists)
+TEST_F(FileImport, MachinesComeWithTheEntriesOfTheirLists)
 {
     const ImportFindings findings = import(
         ImportKind::Machines,
@@ -88,7 +89,46 @@ TEST_F(CsvImport, MachinesComeWithTheEntriesOfTheirLists)
     EXPECT_EQ(value(u"Select max(EquipmentID) from tblEquipment"_s).toInt(), 3);
 }
 
-TEST_F(CsvImport, EachProblemIsToldWithItsPlaceAndNothingIsWritten)
+TEST_F(FileImport, ASpreadsheetIsTakenByItsContent)
+{
+    const test::Workbooks books;
+    const auto texts = [](const QByteArrayList &cells) {
+        return "<c t='inlineStr'><is><t>" + cells.join("</t></is></c><c t='inlineStr'><is><t>") +
+               "</t></is></c>";
+    };
+    const QHash<QString, QByteArray> dates{
+        {u"xl/styles.xml"_s, "<s><cellXfs><xf/><xf numFmtId='14'/></cellXfs></s>"}};
+    const QByteArray heading =
+        "<row>" + texts({"Unit No", "Name", "Life", "Purchase Date", "Total Cost"}) + "</row>";
+    const QByteArray good = "<row r='4'>" + texts({"T1", "Mower"}) +
+                            "<c t='str'><v>9</v></c><c s='1'><v>45366</v></c>"
+                            "<c><v>1234.5</v></c></row>";
+    QString path = file({});
+    const auto take = [&](const QByteArray &rows) {
+        const QString made = books.withRows(heading + rows, dates);
+        QFile::remove(path);
+        EXPECT_TRUE(QFile::rename(made, path));
+        return importFile(ImportKind::Machines, path, {});
+    };
+    const ImportFindings refused =
+        take(good + "<row r='7'>" + texts({"T1", "Other"}) +
+             "<c/><c t='e'><v>#REF!</v></c></row><row>" + texts({"T8", "x", "nine"}) + "</row>");
+    ASSERT_EQ(refused.problemCount, 2);
+    EXPECT_EQ(refused.problems[0].text(),
+              u"Row 7, Acquisition Date: The cell shows the error #REF!."_s);
+    EXPECT_EQ(refused.problems[1].text(), u"Row 8, Life Years: \"nine\" is not a number."_s);
+    EXPECT_EQ(machines(), QString());
+    EXPECT_TRUE(take(good).isWritten);
+    EXPECT_EQ(found(u"Select UnitNo, EquipmentName, LifeYears, Acquisitiondate, Totalcost from "
+                    "tblEquipment"_s),
+              u"T1|Mower|9|3/15/2024|1234.5"_s);
+    path = file("\xD0\xCF\x11\xE0\xA1\xB1");
+    EXPECT_TRUE(raisedBy([&] { static_cast<void>(checkFile(ImportKind::Machines, path)); })
+                    .description()
+                    .startsWith(u"The file is an old spreadsheet (.xls), or needs a password."));
+}
+
+TEST_F(FileImport, EachProblemIsToldWithItsPlaceAndNothingIsWritten)
 {
     insert(u"tblEquipment"_s,
            {{u"EquipmentID"_s, 9}, {u"UnitNo"_s, u"T9"_s}, {u"EquipmentSerialNo"_s, u"S9"_s}});
@@ -125,13 +165,13 @@ Row 10, Crew: "seven" is not the number of a crew.
 Row 11: There are 12 fields in this row, and 11 headings.
 Row 12, Equipment Name: There is text behind the closing quotation mark. A quotation mark within a text is written twice.
 Row 13, Type: The text has 61 characters, and 60 fit.)"_s);
-    const ImportFindings findings = importCsv(ImportKind::Machines, file(rows), {});
+    const ImportFindings findings = importFile(ImportKind::Machines, file(rows), {});
     EXPECT_FALSE(findings.isWritten);
     EXPECT_EQ(findings.summary(), u"19 problems were found in 12 rows. Nothing was imported."_s);
     EXPECT_EQ(machines(), u"T9|"_s);
 }
 
-TEST_F(CsvImport, HeadingsAreLookedAtFirst)
+TEST_F(FileImport, HeadingsAreLookedAtFirst)
 {
     EXPECT_EQ(
         problems(ImportKind::Parts, "Part Number,Part No,Description,Price,price\n1,2,3,4,5\n"),
@@ -140,23 +180,23 @@ TEST_F(CsvImport, HeadingsAreLookedAtFirst)
     EXPECT_EQ(problems(ImportKind::Employees, "Name,Name\nx,y\n"),
               u"Row 1, Employee Number: This column is missing in the first row.\n"
               "Row 1, First Name: This column is missing in the first row."_s);
-    EXPECT_EQ(checkCsv(ImportKind::Parts, file("Part,Part,Name\n")).problemCount, 1);
+    EXPECT_EQ(checkFile(ImportKind::Parts, file("Part,Part,Name\n")).problemCount, 1);
     for (const char *text : {"", "\n\n", "\xEF\xBB\xBF", ",,\na,b,c\n"})
         EXPECT_EQ(problems(ImportKind::Parts, text),
                   u"Row 1: The file is empty, or its first row is: that row holds the headings."_s);
-    EXPECT_EQ(raisedBy([] { (void)checkCsv(ImportKind::Parts, u"/nowhere.csv"_s); }).number(),
+    EXPECT_EQ(raisedBy([] { (void)checkFile(ImportKind::Parts, u"/nowhere.csv"_s); }).number(),
               base::ErrorNumber::FileNotFound);
 }
 
-TEST_F(CsvImport, NumbersAreReadAsTheFileWritesThem)
+TEST_F(FileImport, NumbersAreReadAsTheFileWritesThem)
 {
     const auto price = [this](const QByteArray &text, const QByteArray &sign) {
         const ImportFindings findings =
-            checkCsv(ImportKind::Parts, file("Part" + sign + "Name" + sign + "Price\na" + sign +
-                                             "b" + sign + text + '\n'));
+            checkFile(ImportKind::Parts, file("Part" + sign + "Name" + sign + "Price\na" + sign +
+                                              "b" + sign + text + '\n'));
         if (findings.problemCount > 0)
             return u"no"_s;
-        (void)importCsv(
+        (void)importFile(
             ImportKind::Parts,
             file("Part" + sign + "Name" + sign + "Price\na" + sign + "b" + sign + text + '\n'), {});
         const QString stored = value(u"Select Price from tblPart"_s).toString();
@@ -177,7 +217,7 @@ TEST_F(CsvImport, NumbersAreReadAsTheFileWritesThem)
     EXPECT_EQ(price("900000000001", ","), u"no"_s);
 }
 
-TEST_F(CsvImport, PartsAndEmployeesAreStoredByTheirManagers)
+TEST_F(FileImport, PartsAndEmployeesAreStoredByTheirManagers)
 {
     ASSERT_TRUE(import(ImportKind::Parts,
                        "Part No\tName\tCategory\tQty\tPrice\tDo Not Track\tNotes\n"
@@ -203,7 +243,7 @@ TEST_F(CsvImport, PartsAndEmployeesAreStoredByTheirManagers)
               u"Row 2, Part Number: \"B-1\" exists already."_s);
 }
 
-TEST_F(CsvImport, ReadingsKeepTheRulesOfThoseThatAreTyped)
+TEST_F(FileImport, ReadingsKeepTheRulesOfThoseThatAreTyped)
 {
     insert(u"tblEquipment"_s, {{u"EquipmentID"_s, 1}, {u"UnitNo"_s, u"T1"_s}});
     insert(u"tblEquipment"_s, {{u"EquipmentID"_s, 2}, {u"UnitNo"_s, u"T2"_s}});
@@ -246,13 +286,13 @@ TEST_F(CsvImport, ReadingsKeepTheRulesOfThoseThatAreTyped)
     EXPECT_EQ(found(u"Select NextScheduledDate from tblServiceUsed"_s), u"3/15/2024"_s);
 }
 
-TEST_F(CsvImport, OnlyEntriesThatWereAgreedToAreMade)
+TEST_F(FileImport, OnlyEntriesThatWereAgreedToAreMade)
 {
     const QString path = file("Unit,Name,Site\nT1,a,North\nT2,b,South\n");
-    const std::vector<NewEntry> wanted = checkCsv(ImportKind::Machines, path).newEntries;
+    const std::vector<NewEntry> wanted = checkFile(ImportKind::Machines, path).newEntries;
     EXPECT_EQ(wanted,
               (std::vector<NewEntry>{{u"Site"_s, u"North"_s, {}}, {u"Site"_s, u"South"_s, {}}}));
-    const ImportFindings refused = importCsv(ImportKind::Machines, path, {wanted[0]});
+    const ImportFindings refused = importFile(ImportKind::Machines, path, {wanted[0]});
     EXPECT_FALSE(refused.isWritten);
     EXPECT_EQ(refused.newEntries, wanted);
     EXPECT_EQ(refused.summary(), u"2 rows were read without a problem. Nothing was imported yet. 2 "
@@ -260,26 +300,26 @@ TEST_F(CsvImport, OnlyEntriesThatWereAgreedToAreMade)
     EXPECT_EQ(count(u"tblSite"_s) + count(u"tblEquipment"_s), 0);
 }
 
-TEST_F(CsvImport, WithoutTheRightNothingBegins)
+TEST_F(FileImport, WithoutTheRightNothingBegins)
 {
     const QString path = file("Unit,Name\nT1,a\n");
     gRights = {};
     for (const ImportKind kind : {ImportKind::Machines, ImportKind::Parts, ImportKind::Readings}) {
-        EXPECT_EQ(raisedBy([&] { (void)checkCsv(kind, path); }).number(), rights::Refused::Number);
-        EXPECT_EQ(raisedBy([&] { (void)importCsv(kind, path, {}); }).number(),
+        EXPECT_EQ(raisedBy([&] { (void)checkFile(kind, path); }).number(), rights::Refused::Number);
+        EXPECT_EQ(raisedBy([&] { (void)importFile(kind, path, {}); }).number(),
                   rights::Refused::Number);
     }
 }
 
-TEST_F(CsvImport, AnotherWorkstationThatWasFirstIsToldAndNothingIsWritten)
+TEST_F(FileImport, AnotherWorkstationThatWasFirstIsToldAndNothingIsWritten)
 {
     const QByteArray rows = "Unit,Name,Site\nT1,a,North\nT2,b,North\n";
     const QString path = file(rows);
-    const auto agreed = checkCsv(ImportKind::Machines, path).newEntries;
+    const auto agreed = checkFile(ImportKind::Machines, path).newEntries;
     const auto other = database.open();
     // Between the dry run and the import.
     other->Execute(u"Insert into tblEquipment (EquipmentID, UnitNo) values (5, 't2')"_s);
-    const ImportFindings findings = importCsv(ImportKind::Machines, path, agreed);
+    const ImportFindings findings = importFile(ImportKind::Machines, path, agreed);
     EXPECT_FALSE(findings.isWritten);
     EXPECT_EQ(findings.problems.at(0).text(), u"Row 3, Unit No: \"T2\" exists already."_s);
     EXPECT_EQ(count(u"tblSite"_s), 0);
@@ -291,7 +331,7 @@ TEST_F(CsvImport, AnotherWorkstationThatWasFirstIsToldAndNothingIsWritten)
             other->Execute(u"Insert into tblEquipment (EquipmentID, UnitNo) values (5, 't2')"_s);
     });
     const base::Error error =
-        raisedBy([&] { (void)importCsv(ImportKind::Machines, path, agreed); });
+        raisedBy([&] { (void)importFile(ImportKind::Machines, path, agreed); });
     gcnData->setObserver({});
     EXPECT_EQ(error.description(),
               u"Unit No \"T2\" has been added on another workstation meanwhile. "
@@ -302,34 +342,34 @@ TEST_F(CsvImport, AnotherWorkstationThatWasFirstIsToldAndNothingIsWritten)
     other->BeginTrans();
     other->Execute(
         u"Update tblSysOption set SysOption = SysOption where SysOption = 'DBVERSION'"_s);
-    EXPECT_TRUE(raisedBy([&] { (void)importCsv(ImportKind::Machines, path, agreed); })
+    EXPECT_TRUE(raisedBy([&] { (void)importFile(ImportKind::Machines, path, agreed); })
                     .description()
                     .startsWith(u"Another workstation is importing at this moment."_s));
     EXPECT_FALSE(gbInTransaction);
 }
 
-TEST_F(CsvImport, AKeyThatAnotherWorkstationHoldsIsTold)
+TEST_F(FileImport, AKeyThatAnotherWorkstationHoldsIsTold)
 {
     const auto other = database.open();
     other->BeginTrans();
     other->Execute(u"Insert into tblPart (PartID) values ('B')"_s);
     const QString path = file("Part,Name\nA,a\nB,b\n");
-    EXPECT_EQ(raisedBy([&] { (void)importCsv(ImportKind::Parts, path, {}); }).description(),
+    EXPECT_EQ(raisedBy([&] { (void)importFile(ImportKind::Parts, path, {}); }).description(),
               u"A record with the number \"B\" has been added on another workstation meanwhile. "
               "Nothing was imported."_s);
     EXPECT_EQ(count(u"tblPart"_s), 0);
 }
 
-TEST_F(CsvImport, AFailureOrACancelInTheMidstLeavesTheCompanyAsItWas)
+TEST_F(FileImport, AFailureOrACancelInTheMidstLeavesTheCompanyAsItWas)
 {
     QByteArray rows = "Unit,Name,Site\n";
     for (int row = 0; row < 2000; ++row)
         rows += 'T' + QByteArray::number(row) + ",a,North\n";
     const QString path = file(rows);
-    const auto agreed = checkCsv(ImportKind::Machines, path).newEntries;
+    const auto agreed = checkFile(ImportKind::Machines, path).newEntries;
     int told = 0;
     const base::Error cancelled = raisedBy([&] {
-        (void)importCsv(ImportKind::Machines, path, agreed, [&](int done, int all) {
+        (void)importFile(ImportKind::Machines, path, agreed, [&](int done, int all) {
             EXPECT_LE(done, all);
             if (++told == 3)
                 throw base::Error(1, u"cancelled"_s);
@@ -341,7 +381,8 @@ TEST_F(CsvImport, AFailureOrACancelInTheMidstLeavesTheCompanyAsItWas)
         if (sent.statement.startsWith(u"Insert into tblEquipment(") && ++inserts == 1500)
             throw db::DbError(db::ErrorNumber::DiskFull, u"The disk is full."_s);
     });
-    const base::Error full = raisedBy([&] { (void)importCsv(ImportKind::Machines, path, agreed); });
+    const base::Error full =
+        raisedBy([&] { (void)importFile(ImportKind::Machines, path, agreed); });
     gcnData->setObserver({});
     EXPECT_EQ(full.number(), db::ErrorNumber::DiskFull);
     EXPECT_EQ(full.description(), u"Row 1501: The disk is full. Nothing was imported."_s);
@@ -349,10 +390,10 @@ TEST_F(CsvImport, AFailureOrACancelInTheMidstLeavesTheCompanyAsItWas)
     EXPECT_FALSE(gbInTransaction);
 }
 
-TEST_F(CsvImport, OfManyProblemsTheFirstAreKeptAndAllAreCounted)
+TEST_F(FileImport, OfManyProblemsTheFirstAreKeptAndAllAreCounted)
 {
     const ImportFindings findings =
-        checkCsv(ImportKind::Parts, file("Part,Name\n" + QByteArray("x,\n").repeated(1500)));
+        checkFile(ImportKind::Parts, file("Part,Name\n" + QByteArray("x,\n").repeated(1500)));
     EXPECT_EQ(findings.problemCount, 1500);
     ASSERT_EQ(findings.problems.size(), 1000u);
     EXPECT_EQ(findings.problems.back().row, 1001);

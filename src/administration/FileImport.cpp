@@ -1,4 +1,4 @@
-#include "administration/CsvImport.h"
+#include "administration/FileImport.h"
 
 #include "administration/ImportSheet.h"
 #include "core/InTheWay.h"
@@ -223,15 +223,15 @@ QString ImportFindings::summary() const
     return sentences.join(u' ');
 }
 
-ImportFindings checkCsv(ImportKind kind, const QString &file, const base::Progress &progress)
+ImportFindings checkFile(ImportKind kind, const QString &file, const base::Progress &progress)
 {
     demandImportRight(kind);
     const base::Whole raising;
     return Reading(kind, file, ImportNames::Adding::Pretend).run(nullptr, progress);
 }
 
-ImportFindings importCsv(ImportKind kind, const QString &file, const std::vector<NewEntry> &agreed,
-                         const base::Progress &progress)
+ImportFindings importFile(ImportKind kind, const QString &file, const std::vector<NewEntry> &agreed,
+                          const base::Progress &progress)
 {
     demandImportRight(kind);
     QSet<QString> keys;
