@@ -282,7 +282,9 @@ TEST_F(Services, TheUpdateSiteIsAskedAndOnlyTheWebIsOpened)
         QByteArray answer;
         QList<std::pair<QString, Icon>> told;
         QStringList opened;
+        const test::TestCertificate *certificate = nullptr;
     };
+    const test::TestCertificate selfMade(u"localhost"_s);
     const Case cases[] = {
         {feed("<v>2.3.2</v><u>http://localhost/get</u><t>2.3.2</t>"),
          {{u"Quorvantis 2.3.2 is available."_s, Icon::Information}},
@@ -299,9 +301,19 @@ TEST_F(Services, TheUpdateSiteIsAskedAndOnlyTheWebIsOpened)
         {"HTTP/1.1 404 Gone\r\nConnection: close\r\nContent-Length: 0\r\n\r\n",
          {{failed + u"\"localhost\" answered with the error 404."_s, Icon::None}},
          {}},
+        {test::HttpServer::redirect("file:///etc/hostname"),
+         {{failed + u"\"localhost\" leads to an address that is not followed."_s, Icon::None}},
+         {}},
+        {feed("<v>2.3.2</v><u>http://localhost/get</u><t>2.3.2</t>"),
+         {{failed +
+               u"The certificate of \"localhost\" is not valid, so nothing was taken from there."_s,
+           Icon::None}},
+         {},
+         &selfMade},
     };
     for (const Case &row : cases) {
-        const test::HttpServer server({{"/setup/LatestUPT/Quorvantis.xml", row.answer}});
+        const test::HttpServer server({{"/setup/LatestUPT/Quorvantis.xml", row.answer}},
+                                      row.certificate);
         maker(u"UpdateSite"_s, server.site());
         for (const auto &[text, icon] : row.told)
             prompts.expect(text, icon);

@@ -7,19 +7,24 @@
 namespace test {
 
 /// A web server for one test. Each path has its answer: all that is said, head and body; a path
-/// without one is answered 404, and one whose answer is empty never.
+/// without one is answered 404, and one whose answer is empty never. With a certificate, which has
+/// to outlive it, it talks encrypted.
 class HttpServer
 {
 public:
-    explicit HttpServer(QHash<QByteArray, QByteArray> answers)
+    explicit HttpServer(QHash<QByteArray, QByteArray> answers,
+                        const TestCertificate *certificate = nullptr)
         : m_answers(std::move(answers))
+        , m_certificate(certificate)
         , m_server([this](LoopbackServer::Caller &caller) { talk(caller); })
     {}
 
-    /// "http://localhost:" and the port.
+    /// "http://localhost:" or "https://localhost:", and the port.
     [[nodiscard]] QString site() const
     {
-        return QStringLiteral("http://localhost:%1").arg(m_server.port());
+        return QStringLiteral("%1://localhost:%2")
+            .arg(QLatin1StringView(m_certificate ? "https" : "http"))
+            .arg(m_server.port());
     }
     [[nodiscard]] static QByteArray page(const QByteArray &body)
     {
@@ -34,6 +39,8 @@ public:
 private:
     void talk(LoopbackServer::Caller &caller) const
     {
+        if (m_certificate && !caller.encrypt(m_certificate->file(), m_certificate->key()))
+            return;
         const QByteArray request = caller.line().value_or(QByteArray());
         while (!caller.line().value_or(QByteArray()).isEmpty())
             ;
@@ -47,6 +54,7 @@ private:
     }
 
     QHash<QByteArray, QByteArray> m_answers;
+    const TestCertificate *m_certificate;
     LoopbackServer m_server;
 };
 

@@ -36,8 +36,14 @@ TEST_F(Fetch, BringsWhatStandsThereAndFollowsTheWeb)
 
 TEST_F(Fetch, TellsWhyNothingIsBrought)
 {
+    // Nobody vouches for these, and the second is another host's.
+    const test::TestCertificate own(u"localhost"_s);
+    const test::TestCertificate others(u"updates.example"_s);
+    const HttpServer secured({{"/feed.xml", HttpServer::page("<a/>")}}, &own);
+    const HttpServer strange({{"/feed.xml", HttpServer::page("<a/>")}}, &others);
     const HttpServer server(
-        {{"/file", HttpServer::redirect("file:///etc/hostname")},
+        {{"/secured", HttpServer::redirect(secured.site().toUtf8() + "/feed.xml")},
+         {"/file", HttpServer::redirect("file:///etc/hostname")},
          {"/ftp", HttpServer::redirect("ftp://localhost/feed.xml")},
          {"/round", HttpServer::redirect("/round")},
          {"/long", HttpServer::page(QByteArray(1001, 'x'))},
@@ -46,6 +52,9 @@ TEST_F(Fetch, TellsWhyNothingIsBrought)
          {"/broken", "HTTP/1.1 500 Sorry\r\nConnection: close\r\nContent-Length: 0\r\n\r\n"},
          {"/slow", ""}});
     const std::pair<QString, const char *> cases[] = {
+        {secured.site() + u"/feed.xml"_s, "The certificate of \"localhost\" is not valid"},
+        {strange.site() + u"/feed.xml"_s, "The certificate of \"localhost\" is not valid"},
+        {server.site() + u"/secured"_s, "The certificate of \"localhost\" is not valid"},
         {server.site() + u"/file"_s, "leads to an address that is not followed"},
         {server.site() + u"/ftp"_s, "leads to an address that is not followed"},
         {server.site() + u"/round"_s, "leads to an address that is not followed"},
