@@ -2,12 +2,15 @@
 
 #include "core/CompanySession.h"
 #include "platform/db/Maintenance.h"
+#include "support/OwnLocks.h"
 #include "support/ScriptedPrompts.h"
 #include "support/SmallDisk.h"
 #include "support/TestFiles.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QThread>
 
 namespace test {
 
@@ -80,6 +83,22 @@ protected:
         EXPECT_EQ(filesIn(QFileInfo(gsDatabasePath).absolutePath()),
                   QStringList{QStringLiteral("Quorvantis.mdb")})
             << "nothing is left beside it";
+    }
+
+    /// Kills the program beside the test so long after it has begun its work, on a database that is
+    /// closed here.
+    static void killHelper(int milliseconds, const QString &command)
+    {
+        const QTemporaryDir locks;
+        QProcess program;
+        program.setProcessEnvironment(withOwnLocks(locks));
+        program.start(QCoreApplication::applicationDirPath() +
+                          QStringLiteral("/administration_helper"),
+                      {base::environment().applicationFolder, command});
+        ASSERT_TRUE(program.waitForReadyRead(30'000));
+        QThread::msleep(static_cast<unsigned long>(milliseconds));
+        program.kill();
+        program.waitForFinished();
     }
 
     ScriptedPrompts prompts;

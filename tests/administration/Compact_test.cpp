@@ -2,11 +2,6 @@
 
 #include "administration/AdministrationSession.h"
 #include "support/Damage.h"
-#include "support/OwnLocks.h"
-
-#include <QCoreApplication>
-#include <QProcess>
-#include <QThread>
 
 using namespace Qt::StringLiterals;
 using Icon = base::Prompts::Icon;
@@ -16,9 +11,10 @@ namespace {
 class Compacts : public test::AdministrationSession
 {
 protected:
-    void expectFinished()
+    void compact()
     {
         prompts.expect(u"System has finished compacting the database."_s, Icon::None);
+        CompactDatabase();
     }
     static QString temporary() { return below(u"\\TP_TMP.mdb"_s); }
 };
@@ -32,8 +28,7 @@ TEST_F(Compacts, GiveBackRoomAndKeepTheDaysCopy)
     const qint64 before = QFileInfo(gsDatabasePath).size();
     test::writeFile(temporary(), "left behind");
     test::writeFile(below(u"\\Backup_3_15_2024.mdb"_s), "left behind");
-    expectFinished();
-    CompactDatabase();
+    compact();
     EXPECT_LT(QFileInfo(gsDatabasePath).size(), before - 1'000'000);
     EXPECT_EQ(filesIn(backups()), QStringList{u"Backup_3_15_2024.mdb"_s});
     EXPECT_EQ(QFileInfo(backups() + u"/Backup_3_15_2024.mdb"_s).size(), before);
@@ -42,8 +37,7 @@ TEST_F(Compacts, GiveBackRoomAndKeepTheDaysCopy)
     expectWorking(1);
     // A second one of that day replaces the copy.
     addMachine(2);
-    expectFinished();
-    CompactDatabase();
+    compact();
     EXPECT_EQ(filesIn(backups()), QStringList{u"Backup_3_15_2024.mdb"_s});
     EXPECT_EQ(machinesIn(backups() + u"/Backup_3_15_2024.mdb"_s), 2);
     expectWorking(2);
@@ -56,10 +50,7 @@ TEST_F(Compacts, LeaveADatabaseInUseAlone)
     CompactDatabase();
     EXPECT_EQ(filesIn(backups()), QStringList());
     expectWorking(1);
-}
 
-TEST_F(Compacts, LeaveAServersFilesToIt)
-{
     settings::registry().setValue(settings::ProductKey, u"HOST"_s, u"office"_s);
     CompactDatabase();
     EXPECT_TRUE(errors.takeOne().ErrDescription.contains(u"office"_s));
@@ -93,8 +84,7 @@ TEST_F(Compacts, AFailureLeavesTheDatabaseWorking)
 
 TEST_F(Compacts, ADamagedDatabaseDoesNotReplaceTheGoodCopyOfTheDay)
 {
-    expectFinished();
-    CompactDatabase();
+    compact();
     closeConnections();
     test::spoilRows(gsDatabasePath);
     openConnections();
@@ -110,19 +100,10 @@ TEST_F(Compacts, KilledAtAnyMomentLeaveTheDatabaseWhole)
 {
     for (int delay = 0; delay < 1500; delay += 150) {
         closeConnections();
-        const QTemporaryDir locks;
-        QProcess program;
-        program.setProcessEnvironment(test::withOwnLocks(locks));
-        program.start(QCoreApplication::applicationDirPath() + u"/administration_helper"_s,
-                      {base::environment().applicationFolder, u"compact"_s});
-        ASSERT_TRUE(program.waitForReadyRead(30'000));
-        QThread::msleep(static_cast<unsigned long>(delay));
-        program.kill();
-        program.waitForFinished();
+        killHelper(delay, u"compact"_s);
         EXPECT_EQ(machinesIn(gsDatabasePath), 1) << "killed after " << delay << " ms";
     }
     openConnections();
-    expectFinished();
-    CompactDatabase();
+    compact();
     expectWorking(1);
 }

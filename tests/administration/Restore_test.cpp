@@ -7,12 +7,7 @@
 #include "core/Options.h"
 #include "core/database/Changes.h"
 #include "support/Damage.h"
-#include "support/OwnLocks.h"
 #include "support/Raised.h"
-
-#include <QCoreApplication>
-#include <QProcess>
-#include <QThread>
 
 using namespace Qt::StringLiterals;
 using namespace administration;
@@ -30,11 +25,14 @@ protected:
         addMachine(2);
     }
     [[nodiscard]] Chosen copy() const { return {stick() + u"/copy"_s, {}}; }
-    static Restored restore(const Chosen &chosen)
+    /// Fetches a backup for its check; what then restores it.
+    static std::function<Restored()> checked(const Chosen &chosen)
     {
         const QByteArray fingerprint = fetchForCheck(chosen);
-        return restoreDatabase(chosen, fingerprint, summaryOfBackup(temporaryCopy(), chosen.file));
+        const Summary summary = summaryOfBackup(temporaryCopy(), chosen.file);
+        return [=] { return restoreDatabase(chosen, fingerprint, summary); };
     }
+    static Restored restore(const Chosen &chosen) { return checked(chosen)(); }
     static QString script() { return below(u"\\Script\\DBChanges.mdb"_s); }
 };
 
@@ -150,25 +148,20 @@ TEST_F(Restores, AnEarlierReleaseGetsItsScriptAndANewerOneIsRefused)
 
 TEST_F(Restores, AServersFilesAreLeftToIt)
 {
-    const QByteArray fingerprint = fetchForCheck(copy());
-    const Summary summary = summaryOfBackup(temporaryCopy(), copy().file);
+    const auto restoring = checked(copy());
     settings::registry().setValue(settings::ProductKey, u"HOST"_s, u"office"_s);
-    EXPECT_TRUE(raisedBy([&] { restoreDatabase(copy(), fingerprint, summary); })
-                    .description()
-                    .contains(u"office"_s));
+    EXPECT_TRUE(raisedBy(restoring).description().contains(u"office"_s));
     settings::registry().setValue(settings::ProductKey, u"HOST"_s, {});
     expectWorking(2);
 }
 
 TEST_F(Restores, WhatHasChangedSinceTheCheckIsRefused)
 {
-    const QByteArray fingerprint = fetchForCheck(copy());
-    const Summary summary = summaryOfBackup(temporaryCopy(), copy().file);
+    const auto restoring = checked(copy());
     db::Connection(target(copy().file)).Execute(u"Delete from tblEquipment"_s);
-    EXPECT_NE(raisedBy([&] { restoreDatabase(copy(), fingerprint, summary); }).number(), 0);
+    EXPECT_NE(raisedBy(restoring).number(), 0);
     QFile::remove(copy().file);
-    EXPECT_EQ(raisedBy([&] { restoreDatabase(copy(), fingerprint, summary); }).number(),
-              base::ErrorNumber::FileNotFound)
+    EXPECT_EQ(raisedBy(restoring).number(), base::ErrorNumber::FileNotFound)
         << "the stick was pulled out";
     expectWorking(2);
     EXPECT_EQ(filesIn(backups()), QStringList());
@@ -183,18 +176,17 @@ TEST_F(Restores, NoFailureTouchesTheDatabase)
     expectWorking(2);
     fillWithPictures();
     (void)takeBackup({stick(), u"copy"_s, {}});
-    const QByteArray fingerprint = fetchForCheck(copy());
-    const Summary summary = summaryOfBackup(temporaryCopy(), copy().file);
+    const auto restoring = checked(copy());
     {
         const test::SmallDisk full(SmallDiskSize);
         EXPECT_NE(raisedBy([&] { (void)fetchForCheck(copy()); }).number(), 0);
-        EXPECT_NE(raisedBy([&] { restoreDatabase(copy(), fingerprint, summary); }).number(), 0);
+        EXPECT_NE(raisedBy(restoring).number(), 0);
     }
     expectWorking(2);
     // The copy that is kept can't be written.
     QDir(backups()).removeRecursively();
     test::writeFile(backups(), "a file in its place");
-    EXPECT_NE(raisedBy([&] { restoreDatabase(copy(), fingerprint, summary); }).number(), 0);
+    EXPECT_NE(raisedBy(restoring).number(), 0);
     QFile::remove(backups());
     expectWorking(2);
 }
@@ -235,15 +227,7 @@ TEST_F(Restores, KilledAtAnyMomentLeaveOneOfTheTwoWhole)
         addMachine(1);
         addMachine(2);
         closeConnections();
-        const QTemporaryDir locks;
-        QProcess program;
-        program.setProcessEnvironment(test::withOwnLocks(locks));
-        program.start(QCoreApplication::applicationDirPath() + u"/administration_helper"_s,
-                      {base::environment().applicationFolder, copy().file});
-        ASSERT_TRUE(program.waitForReadyRead(30'000));
-        QThread::msleep(static_cast<unsigned long>(delay));
-        program.kill();
-        program.waitForFinished();
+        killHelper(delay, copy().file);
         const qint64 machines = machinesIn(gsDatabasePath);
         EXPECT_TRUE(machines == 1 || machines == 2) << "killed after " << delay << " ms";
         (machines == 1 ? restored : old) = true;

@@ -1,23 +1,18 @@
-#include "administration/AdministrationSession.h"
+#include "administration/AdministrationScreen.h"
 #include "administration/ExportTables.h"
 #include "administration/ui/Entries.h"
 #include "core/Permission.h"
-#include "core/ui/ScreenDriver.h"
 #include "platform/db/Structure.h"
 #include "platform/grid/GridView.h"
 
-#include <QLabel>
 #include <QLocale>
 
 using namespace Qt::StringLiterals;
-using Icon = base::Prompts::Icon;
-using Buttons = base::Prompts::Buttons;
-using Answer = base::Prompts::Answer;
 using test::ScreenDriver;
 
 namespace {
 
-class ImportScreen : public test::AdministrationSession
+class ImportScreen : public test::AdministrationScreen
 {
 protected:
     ImportScreen() { gRights.EqAdd = gRights.SerAdd = gRights.PaAdd = true; }
@@ -33,17 +28,13 @@ protected:
     {
         return screen.control<grid::GridView>("grdFindings").rowText(row);
     }
-    static QString summary(const ScreenDriver &screen)
-    {
-        return screen.control<QLabel>("lblSummary").text();
-    }
 };
 
 } // namespace
 
 TEST_F(ImportScreen, ShowsWhatIsWrongAndImportsWhatIsRight)
 {
-    test::inScreen(ShowImport, [&](const ScreenDriver &screen) {
+    work(ShowImport, [&](const ScreenDriver &screen) {
         EXPECT_FALSE(screen.isEnabled("cmdImport"));
         prompts.expectChooser(u"Please choose the file to import"_s,
                               file("Unit,Name,Site\nT1,a,North\nT1,b,North\n"));
@@ -51,37 +42,34 @@ TEST_F(ImportScreen, ShowsWhatIsWrongAndImportsWhatIsRight)
         screen.press("cmdCheck");
         EXPECT_EQ(cell(screen, 0), u"3\tUnit No\t\"T1\" stands in row 2 too."_s);
         const QString told = u"1 problem was found in 2 rows. Nothing was imported."_s;
-        EXPECT_EQ(summary(screen), told);
-        prompts.expect(told, Icon::None);
+        EXPECT_EQ(shown(screen, "lblSummary"), told);
+        say(told);
         screen.press("cmdImport");
         (void)file("Unit,Name,Site\nT1,a,North\nT2,b,North\n");
         const QString question = u"The file names entries that the lists do not have yet:\n\nSite: "
                                  "North\n\nDo you want to add them to the lists?"_s;
-        prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::No);
+        ask(question, Answer::No);
         screen.press("cmdImport");
         EXPECT_EQ(cell(screen, 0), u"\tSite\tNew in the list: North"_s);
         EXPECT_EQ(count(u"tblEquipment"_s), 1);
-        prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
-        prompts.expect(u"2 rows were imported. 1 entry was added to the lists."_s, Icon::None);
+        ask(question, Answer::Yes);
+        say(u"2 rows were imported. 1 entry was added to the lists."_s);
         screen.press("cmdImport");
         EXPECT_EQ(count(u"tblEquipment"_s), 3);
         screen.type("txtFile", u"/nowhere.csv"_s);
-        EXPECT_EQ(summary(screen), QString());
-        prompts.expect(u"The file \"/nowhere.csv\" can't be read (No such file or directory)."_s,
-                       Icon::None);
+        EXPECT_EQ(shown(screen, "lblSummary"), QString());
+        say(u"The file \"/nowhere.csv\" can't be read (No such file or directory)."_s);
         screen.press("cmdCheck");
-        screen.press("cmdExit");
     });
 }
 
 TEST_F(ImportScreen, WhoMayNotAddIsTold)
 {
     gRights = {};
-    test::inScreen(ShowImport, [&](const ScreenDriver &screen) {
+    work(ShowImport, [&](const ScreenDriver &screen) {
         screen.type("txtFile", file("Unit,Name\nT2,b\n"));
         prompts.expect(rights::refusal(rights::Machines.add), Icon::Information);
         screen.press("cmdImport");
-        screen.press("cmdExit");
     });
     EXPECT_EQ(count(u"tblEquipment"_s), 1);
 }
@@ -106,16 +94,14 @@ TEST_F(ImportScreen, AnExportIsReadIntoAnEmptyCompany)
         u"This puts the exported company in the place of this one, which has to "
         "be empty. Do you want to continue?"_s;
     const auto import = [&](const QString &told) {
-        test::inScreen(ShowImport, [&](const ScreenDriver &screen) {
+        work(ShowImport, [&](const ScreenDriver &screen) {
             screen.choose("cboKind", u"A whole company (an export)"_s);
             EXPECT_FALSE(screen.isEnabled("cmdCheck"));
             EXPECT_FALSE(screen.isEnabled("cmdSheet"));
             screen.type("txtFile", zip);
-            prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
-            prompts.expect(told, Icon::None);
+            ask(question, Answer::Yes);
+            say(told);
             screen.press("cmdImport");
-            if (screen.isOpen())
-                screen.press("cmdExit");
         });
     };
     import(
@@ -129,15 +115,12 @@ TEST_F(ImportScreen, AnExportIsReadIntoAnEmptyCompany)
 
 TEST_F(ImportScreen, AnEmptySheetIsSaved)
 {
-    test::inScreen(ShowImport, [&](const ScreenDriver &screen) {
+    work(ShowImport, [&](const ScreenDriver &screen) {
         screen.choose("cboKind", u"Meter readings"_s);
         prompts.expectChooser(u"Save an empty sheet"_s, stick() + u"/r.csv"_s);
-        prompts.expect(
-            u"The sheet was saved. Fill it in with a spreadsheet, one row for each record. "
-            "Columns that you don't need may go."_s,
-            Icon::None);
+        say(u"The sheet was saved. Fill it in with a spreadsheet, one row for each record. "
+            "Columns that you don't need may go."_s);
         screen.press("cmdSheet");
-        screen.press("cmdExit");
     });
     EXPECT_EQ(test::readFile(stick() + u"/r.csv"_s), "\xEF\xBB\xBFUnit No,Date,Meter,Reading\r\n");
 }

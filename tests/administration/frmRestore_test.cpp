@@ -1,21 +1,16 @@
-#include "administration/AdministrationSession.h"
+#include "administration/AdministrationScreen.h"
 #include "administration/Backup.h"
 #include "administration/Restore.h"
 #include "administration/ui/Entries.h"
 #include "core/database/Changes.h"
-#include "core/ui/ScreenDriver.h"
-
-#include <QLabel>
 
 using namespace Qt::StringLiterals;
-using Icon = base::Prompts::Icon;
-using Answer = base::Prompts::Answer;
 using test::ScreenDriver;
 
 namespace {
 
 /// A backup of one machine, and a database of two.
-class RestoreScreen : public test::AdministrationSession
+class RestoreScreen : public test::AdministrationScreen
 {
 protected:
     RestoreScreen()
@@ -23,7 +18,6 @@ protected:
         (void)administration::takeBackup({stick(), u"copy"_s, {}});
         addMachine(2);
     }
-    void say(const QString &text) { prompts.expect(text, Icon::None); }
     void expectQuestion(Answer answer, const QString &now = {})
     {
         const auto written = [](const QString &file) {
@@ -39,10 +33,6 @@ protected:
             Icon::Question, base::Prompts::Buttons::YesNo, answer);
     }
     [[nodiscard]] QString copy() const { return stick() + u"/copy"_s; }
-    static QString shown(const ScreenDriver &screen, const char *name)
-    {
-        return screen.control<QLabel>(name).text();
-    }
     static void choose(const ScreenDriver &screen, const QString &file)
     {
         screen.control<QLineEdit>("txtFolderPath").setText(file);
@@ -53,7 +43,7 @@ protected:
 
 TEST_F(RestoreScreen, ShowsBothAndRestoresAfterAQuestion)
 {
-    test::inScreen(ShowRestore, [&](const ScreenDriver &screen) {
+    work(ShowRestore, [&](const ScreenDriver &screen) {
         EXPECT_EQ(shown(screen, "lblNow1"), u"2"_s);
         prompts.expectChooser(u"Please Choose a backup file"_s, copy());
         screen.press("cmdBrowse");
@@ -69,7 +59,6 @@ TEST_F(RestoreScreen, ShowsBothAndRestoresAfterAQuestion)
         EXPECT_EQ(screen.text("txtFolderPath"), QString());
         EXPECT_EQ(shown(screen, "lblNow1"), u"1"_s);
         EXPECT_EQ(shown(screen, "lblBackup1"), QString());
-        screen.press("cmdExit");
     });
     EXPECT_FALSE(QFile::exists(administration::temporaryCopy()));
     expectWorking(1);
@@ -78,7 +67,7 @@ TEST_F(RestoreScreen, ShowsBothAndRestoresAfterAQuestion)
 TEST_F(RestoreScreen, RefusesWhatIsNoBackup)
 {
     test::writeFile(stick() + u"/picture"_s, QByteArray(9000, 'p'));
-    test::inScreen(ShowRestore, [&](const ScreenDriver &screen) {
+    work(ShowRestore, [&](const ScreenDriver &screen) {
         for (const QString &path : {QString(), u"  "_s, stick(), stick() + u"/none"_s}) {
             choose(screen, path);
             say(u"Invalid Path Selected"_s);
@@ -90,7 +79,6 @@ TEST_F(RestoreScreen, RefusesWhatIsNoBackup)
         choose(screen, stick() + u"/picture"_s);
         say(u"Backup file is corrupt or not valid"_s);
         screen.press("cmdRestore");
-        screen.press("cmdExit");
     });
     EXPECT_TRUE(QFile::exists(administration::temporaryCopy())) << "until the next restore";
     expectWorking(2);
@@ -98,13 +86,12 @@ TEST_F(RestoreScreen, RefusesWhatIsNoBackup)
 
 TEST_F(RestoreScreen, TheStickMayBePulledOutAtTheQuestion)
 {
-    test::inScreen(ShowRestore, [&](const ScreenDriver &screen) {
+    work(ShowRestore, [&](const ScreenDriver &screen) {
         choose(screen, copy());
         prompts.meanwhile([&] { QFile::remove(copy()); });
         expectQuestion(Answer::Yes);
         screen.press("cmdRestore");
         EXPECT_EQ(errors.takeOne().ProcedureName, u"cmdRestore_Click"_s);
-        screen.press("cmdExit");
     });
     expectWorking(2);
 }
@@ -112,19 +99,18 @@ TEST_F(RestoreScreen, TheStickMayBePulledOutAtTheQuestion)
 TEST_F(RestoreScreen, ADatabaseThatCantBeReadIsAReasonToRestore)
 {
     gcnData->Execute(u"Drop table tblWOServiceUsedHistory"_s);
-    test::inScreen(ShowRestore, [&](const ScreenDriver &screen) {
+    work(ShowRestore, [&](const ScreenDriver &screen) {
         EXPECT_EQ(shown(screen, "lblNow0"), u"can't be read"_s);
         choose(screen, copy());
         expectQuestion(Answer::No, u": can't be read."_s);
         screen.press("cmdRestore");
-        screen.press("cmdExit");
     });
 }
 
 TEST_F(RestoreScreen, ASealedBackupAsksForItsPassphrase)
 {
     (void)administration::takeBackup({stick(), u"sealed"_s, u"12345678"_s});
-    test::inScreen(ShowRestore, [&](const ScreenDriver &screen) {
+    work(ShowRestore, [&](const ScreenDriver &screen) {
         EXPECT_FALSE(screen.isEnabled("txtPassphrase"));
         prompts.expectChooser(u"Please Choose a backup file"_s, stick() + u"/sealed"_s);
         screen.press("cmdBrowse");
@@ -135,7 +121,6 @@ TEST_F(RestoreScreen, ASealedBackupAsksForItsPassphrase)
         choose(screen, copy());
         EXPECT_FALSE(screen.isEnabled("txtPassphrase"));
         EXPECT_EQ(screen.text("txtPassphrase"), QString());
-        screen.press("cmdExit");
     });
     expectWorking(2);
 }
@@ -144,12 +129,11 @@ TEST_F(RestoreScreen, ANewerReleasesBackupIsRefused)
 {
     db::Connection(target(copy()))
         .Execute(u"Update tblSysOption set itemValue = '9999' where SysOption = 'DBVERSION'"_s);
-    test::inScreen(ShowRestore, [&](const ScreenDriver &screen) {
+    work(ShowRestore, [&](const ScreenDriver &screen) {
         choose(screen, copy());
         say(u"This backup comes from a newer release of Quorvantis: its database has version 9999, and this program knows versions up to %1. Please install the newer release first. Nothing was changed."_s
                 .arg(company::schemaVersion()));
         screen.press("cmdRestore");
-        screen.press("cmdExit");
     });
     expectWorking(2);
 }

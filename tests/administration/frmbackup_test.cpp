@@ -1,26 +1,22 @@
-#include "administration/AdministrationSession.h"
+#include "administration/AdministrationScreen.h"
 #include "administration/SealedFile.h"
 #include "administration/SecondPlace.h"
 #include "administration/ui/Entries.h"
 #include "core/Options.h"
 #include "core/ui/Openings.h"
-#include "core/ui/ScreenDriver.h"
 #include "platform/db/Structure.h"
 
 #include <QCheckBox>
 #include <QLabel>
 
 using namespace Qt::StringLiterals;
-using Icon = base::Prompts::Icon;
-using Answer = base::Prompts::Answer;
 using test::ScreenDriver;
 
 namespace {
 
-class BackupScreen : public test::AdministrationSession
+class BackupScreen : public test::AdministrationScreen
 {
 protected:
-    void say(const QString &text) { prompts.expect(text, Icon::None); }
     void expectTaken()
     {
         const db::RowCounts counts = db::countRows(target(gsDatabasePath));
@@ -37,7 +33,7 @@ protected:
 
 TEST_F(BackupScreen, TakesABackupAndTellsItsProof)
 {
-    test::inScreen(ShowBackup, [&](const ScreenDriver &screen) {
+    work(ShowBackup, [&](const ScreenDriver &screen) {
         EXPECT_EQ(screen.text("txtFileName"), u"Quorvantis3-15-2024"_s);
         say(u"Folder Path should not be blank."_s);
         screen.press("cmdBackup");
@@ -49,7 +45,6 @@ TEST_F(BackupScreen, TakesABackupAndTellsItsProof)
         screen.press("cmdBackup");
         EXPECT_EQ(screen.text("txtFolderPath"), QString());
         EXPECT_EQ(screen.text("txtFileName"), u"Quorvantis3-15-2024"_s);
-        screen.press("cmdExit");
     });
     EXPECT_EQ(machinesIn(stick() + u"/mine"_s), 1);
     expectWorking(1);
@@ -58,21 +53,19 @@ TEST_F(BackupScreen, TakesABackupAndTellsItsProof)
 TEST_F(BackupScreen, AsksBeforeItReplacesWhatIsNoBackup)
 {
     test::writeFile(stick() + u"/letter"_s, "Dear Sir");
-    test::inScreen(ShowBackup, [&](const ScreenDriver &screen) {
+    work(ShowBackup, [&](const ScreenDriver &screen) {
         screen.type("txtFolderPath", stick());
         screen.type("txtFileName", u"letter"_s);
-        prompts.expect(
-            u"The file letter exists already, and is no backup. Do you want to replace it?"_s,
-            Icon::Question, base::Prompts::Buttons::YesNo, Answer::No);
+        ask(u"The file letter exists already, and is no backup. Do you want to replace it?"_s,
+            Answer::No);
         screen.press("cmdBackup");
-        screen.press("cmdExit");
     });
     EXPECT_EQ(test::readFile(stick() + u"/letter"_s), "Dear Sir");
 }
 
 TEST_F(BackupScreen, APassphraseIsTypedTwice)
 {
-    test::inScreen(ShowBackup, [&](const ScreenDriver &screen) {
+    work(ShowBackup, [&](const ScreenDriver &screen) {
         EXPECT_FALSE(screen.isEnabled("txtPassphrase"));
         screen.control<QCheckBox>("chkSealed").click();
         screen.type("txtFolderPath", stick());
@@ -88,21 +81,19 @@ TEST_F(BackupScreen, APassphraseIsTypedTwice)
         screen.press("cmdBackup");
         EXPECT_FALSE(screen.control<QCheckBox>("chkSealed").isChecked());
         EXPECT_EQ(screen.text("txtPassphrase"), QString());
-        screen.press("cmdExit");
     });
     EXPECT_TRUE(administration::isSealed(stick() + u"/sealed"_s));
 }
 
 TEST_F(BackupScreen, AFailureIsReportedWithTheDatabaseOpen)
 {
-    test::inScreen(ShowBackup, [&](const ScreenDriver &screen) {
+    work(ShowBackup, [&](const ScreenDriver &screen) {
         screen.type("txtFolderPath", stick() + u"/pulled out"_s);
         screen.press("cmdBackup");
         const ErrorReport report = errors.takeOne();
         EXPECT_EQ(report.ProcedureName, u"cmdBackup_Click"_s);
         EXPECT_EQ(report.ErrNumber, base::ErrorNumber::PathNotFound);
         EXPECT_EQ(screen.text("txtFolderPath"), stick() + u"/pulled out"_s);
-        screen.press("cmdExit");
     });
     expectWorking(1);
 }
@@ -116,7 +107,7 @@ TEST_F(BackupScreen, TellsThePlanAndLeadsToIt)
         SetOption(copies::DailyOption.toString(), 0, false);
         SetOption(administration::SecondPlaceOption.toString(), stick(), true);
     });
-    test::inScreen(ShowBackup, [&](const ScreenDriver &screen) {
+    work(ShowBackup, [&](const ScreenDriver &screen) {
         const auto plan = [&] { return screen.control<QLabel>("lblPlan").text(); };
         EXPECT_EQ(plan(), u"Each day's first start keeps a copy in the folder Data/Backup/Daily. "
                           "The newest of each of the last 7 days, 1 week and 12 months stays.\n"
@@ -124,7 +115,6 @@ TEST_F(BackupScreen, TellsThePlanAndLeadsToIt)
         screen.press("cmdPlan");
         EXPECT_EQ(plan(), u"Starts of the program keep no copy of the day.\nThe last program to "
                           "end on a day copies the database to %1 too."_s.arg(stick()));
-        screen.press("cmdExit");
     });
     EXPECT_EQ(page, u"pageBackups"_s);
 }

@@ -34,7 +34,7 @@ protected:
     Tester m_tester{&m_rows, Tester::FailureReportingMode::Fatal};
 };
 
-TEST_F(GridModelOfParts, ShowsEachKindInItsForm)
+TEST_F(GridModelOfParts, ShowsAndTellsEachKindInItsForm)
 {
     EXPECT_EQ(m_rows.rowCount(), 4);
     EXPECT_EQ(m_rows.text(0, u"qty ON hand"), u"9");
@@ -53,10 +53,7 @@ TEST_F(GridModelOfParts, ShowsEachKindInItsForm)
     EXPECT_TRUE(alignment(u"Description").testFlag(Qt::AlignLeft));
     m_rows.column(u"Price").format = u"$0.00"_s;
     EXPECT_EQ(m_rows.text(0, u"Price"), u"$12.50");
-}
 
-TEST_F(GridModelOfParts, TellsAssistiveToolsWhatACellIs)
-{
     const auto spoken = [this](QStringView name) {
         return m_rows.indexOf(1, m_rows.columnIndex(name)).data(Qt::AccessibleTextRole).toString();
     };
@@ -169,8 +166,14 @@ TEST_F(GridModelOfParts, DropDownShowsTheTextOfTheIdAndNothingForADeadOne)
     EXPECT_EQ(m_rows.text(2, u"SupplierID"), u"Found again");
 }
 
-TEST_F(GridModelOfParts, FindsByCriterionAmongChangedCellsToo)
+TEST_F(GridModelOfParts, FindsByValueAndByCriterionAmongChangedCellsToo)
 {
+    EXPECT_EQ(m_rows.findRow(u"Part Number", u"a-100"_s), 1);
+    EXPECT_EQ(m_rows.findRow(u"SupplierID", 99), 2);
+    EXPECT_EQ(m_rows.findRow(u"SupplierID", u"99"_s), 2);
+    EXPECT_EQ(m_rows.findRow(u"Price", QVariant()), 3);
+    EXPECT_EQ(m_rows.findRow(u"Part Number", u"a-1"_s), -1);
+
     m_rows.addColumn({.name = u"Select"_s, .editable = true, .editor = Editor::Check});
     m_rows.setValue(2, u"Select", true);
     m_rows.setValue(0, u"Description", u"Chute"_s);
@@ -195,15 +198,6 @@ TEST_F(GridModelOfParts, FindsByCriterionAmongChangedCellsToo)
         EXPECT_EQ(m_rows.find(s.criterion, s.from), s.row) << s.criterion.toString().toStdString();
     EXPECT_THROW(static_cast<void>(m_rows.find(u"[Nothing] = 1")), base::Error);
     EXPECT_THROW(static_cast<void>(m_rows.find(u"[Price] near 1")), base::Error);
-}
-
-TEST_F(GridModelOfParts, FindsARowByValue)
-{
-    EXPECT_EQ(m_rows.findRow(u"Part Number", u"a-100"_s), 1);
-    EXPECT_EQ(m_rows.findRow(u"SupplierID", 99), 2);
-    EXPECT_EQ(m_rows.findRow(u"SupplierID", u"99"_s), 2);
-    EXPECT_EQ(m_rows.findRow(u"Price", QVariant()), 3);
-    EXPECT_EQ(m_rows.findRow(u"Part Number", u"a-1"_s), -1);
 }
 
 TEST_F(GridModelOfParts, BeginsWithGivesTheFirstRowInOrderOfLoading)

@@ -25,48 +25,31 @@ inline db::Recordset recordsetOf(const std::vector<Field> &fields,
     using Storage = db::RowData::Storage;
     std::vector<db::RowLayout::Column> columns;
     for (const Field &field : fields) {
-        Storage storage = Storage::Integer;
-        switch (field.kind) {
-        case sql::ColumnKind::Real:
-        case sql::ColumnKind::Money:
-            storage = Storage::Real;
-            break;
-        case sql::ColumnKind::Text:
-            storage = Storage::Text;
-            break;
-        case sql::ColumnKind::Date:
-            storage = Storage::Date;
-            break;
-        default:
-            break;
-        }
-        columns.push_back({field.name, field.kind, storage});
+        const bool isReal =
+            field.kind == sql::ColumnKind::Real || field.kind == sql::ColumnKind::Money;
+        columns.push_back({field.name, field.kind,
+                           isReal                                ? Storage::Real
+                           : field.kind == sql::ColumnKind::Text ? Storage::Text
+                           : field.kind == sql::ColumnKind::Date ? Storage::Date
+                                                                 : Storage::Integer});
     }
     const auto data =
         std::make_shared<db::RowData>(std::make_shared<db::RowLayout>(std::move(columns)));
     for (const auto &row : rows) {
         for (int column = 0; column < data->columnCount(); ++column) {
             const QVariant &value = row[static_cast<std::size_t>(column)];
-            if (value.isNull()) {
+            const QByteArray utf8 = value.toString().toUtf8();
+            const Storage storage = data->storage(column);
+            if (value.isNull())
                 data->addNull(column);
-                continue;
-            }
-            switch (data->storage(column)) {
-            case Storage::Real:
+            else if (storage == Storage::Real)
                 data->addReal(column, value.toDouble());
-                break;
-            case Storage::Date:
+            else if (storage == Storage::Date)
                 data->addInteger(column, value.toDateTime().toMSecsSinceEpoch());
-                break;
-            case Storage::Text: {
-                const QByteArray utf8 = value.toString().toUtf8();
+            else if (storage == Storage::Text)
                 data->addText(column, utf8.constData(), static_cast<std::size_t>(utf8.size()));
-                break;
-            }
-            default:
+            else
                 data->addInteger(column, value.toLongLong());
-                break;
-            }
         }
         data->endRow();
     }

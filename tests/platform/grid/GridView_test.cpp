@@ -14,9 +14,12 @@ using grid::Sort;
 
 using GridViewShown = test::ShownGrid;
 
-TEST_F(GridViewShown, TellsOfTheCurrentRowOnceAndOfItsLoss)
+TEST_F(GridViewShown, TheFirstFocusSelectsARowAndItsLossIsTold)
 {
     show();
+    EXPECT_EQ(m_grid.currentRow(), 0);
+    EXPECT_TRUE(m_grid.selectionModel()->isRowSelected(0));
+
     m_grid.clearCurrent();
     QSignalSpy spy(&m_grid, &GridView::currentRowChanged);
     m_grid.selectRow(2);
@@ -32,13 +35,6 @@ TEST_F(GridViewShown, TellsOfTheCurrentRowOnceAndOfItsLoss)
     for (const QList<QVariant> &arguments : spy)
         told.append(arguments.at(0).toInt());
     EXPECT_EQ(told, QList<int>({2, 3, -1}));
-}
-
-TEST_F(GridViewShown, TheFirstFocusSelectsARow)
-{
-    show();
-    EXPECT_EQ(m_grid.currentRow(), 0);
-    EXPECT_TRUE(m_grid.selectionModel()->isRowSelected(0));
 }
 
 TEST_F(GridViewShown, LinesAreOnePixelWideAtAnyScale)
@@ -148,7 +144,7 @@ TEST_F(GridViewShown, ALayoutMayComeBeforeItsColumnsAndKnowMoreOrFewer)
     EXPECT_EQ(other.header()->visualIndex(other.rows().columnIndex(u"SupplierID")), 6);
 }
 
-TEST_F(GridViewShown, ArrowsGoThroughTheCellsAsTheyAreOrdered)
+TEST_F(GridViewShown, ArrowsAndCopyTakeTheVisibleCellsInTheirOrder)
 {
     rows().column(u"Description").visible = false;
     rows().column(u"Price").position = 0;
@@ -166,16 +162,10 @@ TEST_F(GridViewShown, ArrowsGoThroughTheCellsAsTheyAreOrdered)
     EXPECT_EQ(m_grid.currentRow(), 0);
     key(Qt::Key_PageDown);
     EXPECT_EQ(m_grid.currentRow(), 3);
-}
 
-TEST_F(GridViewShown, CopyTakesTheVisibleTextsInTheirOrder)
-{
-    rows().column(u"Description").visible = false;
     rows().column(u"SupplierID").visible = false;
-    rows().column(u"Price").position = 0;
     rows().column(u"Price").format = u"$0.00"_s;
     rows().columnsChanged();
-    show();
     m_grid.selectRow(1);
     key(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), u"$4.25\tA-100\t10\t\tTrue");

@@ -63,10 +63,7 @@ TEST(DialogPrompts, EnterAndEscapeGiveTheMostHarmlessAnswer)
         EXPECT_EQ(answered(Buttons::YesNo, key), Answer::No);
         EXPECT_EQ(answered(Buttons::YesNoCancel, key), Answer::Cancel);
     }
-}
 
-TEST(DialogPrompts, LettersAnswerToo)
-{
     EXPECT_EQ(answered(Buttons::YesNo, Qt::Key_Y), Answer::Yes);
     EXPECT_EQ(answered(Buttons::YesNoCancel, Qt::Key_N), Answer::No);
 }

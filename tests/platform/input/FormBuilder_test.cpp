@@ -6,10 +6,8 @@
 #include "platform/input/Shown.h"
 #include "platform/input/Theme.h"
 
-#include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
-#include <QToolButton>
 #include <gmock/gmock.h>
 
 TEST(PlainCaption, DropsMarksThatAreNotText)
@@ -62,7 +60,7 @@ protected:
 
 } // namespace
 
-TEST_F(FormBuilderTest, TabGoesInTheOrderOfMaking)
+TEST_F(FormBuilderTest, TabAndMnemonicsReachTheFields)
 {
     std::vector<std::string> visited;
     control("txtName")->setFocus();
@@ -73,10 +71,7 @@ TEST_F(FormBuilderTest, TabGoesInTheOrderOfMaking)
     EXPECT_THAT(visited, testing::ElementsAre("txtName", "cboState", "cmdState", "datFrom", "datTo",
                                               "chkInactive", "txtNotes", "cmdFirst", "cmdPrevious",
                                               "cmdNext", "cmdLast", "cmdSave"));
-}
 
-TEST_F(FormBuilderTest, MnemonicsReachTheFieldsOfTheirLabels)
-{
     QTest::keyClick(&window, Qt::Key_T, Qt::AltModifier);
     EXPECT_EQ(QApplication::focusWidget(), control("cboState"));
     QTest::keyClick(&window, Qt::Key_E, Qt::AltModifier);

@@ -81,13 +81,8 @@ TEST(SpinInput, StaysBetweenOneAnd99999)
     spin->setValue(1);
     QTest::keyClick(spin, Qt::Key_Minus);
     EXPECT_EQ(spin->value(), 1);
-}
-
-TEST(SpinInput, RepeatsEvery50MillisecondsWhileHeld)
-{
     theme::install(*qApp);
-    const input::SpinInput spin;
-    EXPECT_EQ(spin.style()->styleHint(QStyle::SH_SpinBox_ClickAutoRepeatRate, nullptr, &spin), 50);
+    EXPECT_EQ(spin->style()->styleHint(QStyle::SH_SpinBox_ClickAutoRepeatRate, nullptr, spin), 50);
 }
 
 TEST(IdCombo, FindsItemsByIdTextAndTyping)
@@ -117,6 +112,23 @@ TEST(IdCombo, FindsItemsByIdTextAndTyping)
     EXPECT_EQ(combo->id(), 0);
 }
 
+TEST(IdCombo, OneLetterAgainAndAgainGoesThroughAllThatBeginWithIt)
+{
+    test::ShownForm window;
+    auto *combo = window.form.comboField(QStringLiteral("cboPeriod"), QStringLiteral("Period"));
+    combo->add({QStringLiteral("  "), QStringLiteral("Miles"), QStringLiteral("Days"),
+                QStringLiteral("Months")});
+    window.showNow();
+    QSignalSpy choices(combo, &QComboBox::activated);
+    QString chosen;
+    for (int i = 0; i < 3; ++i) {
+        test::type(combo, "m");
+        chosen += combo->currentText() + u' ';
+    }
+    EXPECT_EQ(chosen.toStdString(), "Miles Months Miles ");
+    EXPECT_EQ(choices.size(), 3);
+}
+
 TEST(LinkLabel, IsClickedByMouseEnterAndSpace)
 {
     test::ShownForm window;
@@ -133,18 +145,13 @@ TEST(LinkLabel, IsClickedByMouseEnterAndSpace)
     link->setEnabled(false);
     QTest::mouseClick(link, Qt::LeftButton);
     EXPECT_EQ(clicks.size(), 3);
-}
-
-TEST(LinkLabel, IsALinkForAssistiveTools)
-{
-    input::LinkLabel link(QStringLiteral("Web site"));
-    QSignalSpy clicks(&link, &input::LinkLabel::clicked);
-    QAccessibleInterface *told = QAccessible::queryAccessibleInterface(&link);
+    link->setEnabled(true);
+    QAccessibleInterface *told = QAccessible::queryAccessibleInterface(link);
     ASSERT_TRUE(told);
     EXPECT_EQ(told->role(), QAccessible::Link);
     EXPECT_EQ(told->text(QAccessible::Name).toStdString(), "Web site");
     told->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    EXPECT_EQ(clicks.size(), 1);
+    EXPECT_EQ(clicks.size(), 4);
 }
 
 TEST(QuickLink, IsOneControlForPictureAndLabel)
@@ -195,23 +202,6 @@ TEST(DateStamp, GoesInAtTheCaretAheadOfAShortcutOfTheWindow)
     notes->setReadOnly(true);
     QTest::keyClick(notes, Qt::Key_D, Qt::ControlModifier);
     EXPECT_EQ(notes->toPlainText().toStdString(), "a3/15/2024 2:7 PM:b");
-}
-
-TEST(IdCombo, OneLetterAgainAndAgainGoesThroughAllThatBeginWithIt)
-{
-    test::ShownForm window;
-    auto *combo = window.form.comboField(QStringLiteral("cboPeriod"), QStringLiteral("Period"));
-    combo->add({QStringLiteral("  "), QStringLiteral("Miles"), QStringLiteral("Days"),
-                QStringLiteral("Months")});
-    window.showNow();
-    QSignalSpy choices(combo, &QComboBox::activated);
-    QString chosen;
-    for (int i = 0; i < 3; ++i) {
-        test::type(combo, "m");
-        chosen += combo->currentText() + u' ';
-    }
-    EXPECT_EQ(chosen.toStdString(), "Miles Months Miles ");
-    EXPECT_EQ(choices.size(), 3);
 }
 
 TEST(ValidateOnLeave, HoldsTheFocusAndSwallowsTheClickUntilTheRuleAgrees)

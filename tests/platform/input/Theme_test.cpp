@@ -78,14 +78,11 @@ TEST(Icon, IsDrawnAtTheScaleOfTheScreen)
         longest = std::max(longest, run);
     }
     EXPECT_GE(longest, 20);
-}
-
-TEST(Icon, TurnsLightOnADarkGround)
-{
-    const QImage image =
+    // On a dark ground it turns light.
+    const QImage light =
         theme::icon(QStringLiteral("find"), theme::Tone::OnDark).pixmap(24).toImage();
-    EXPECT_GT(inkIn(image, QColor(Qt::white)), 10);
-    EXPECT_EQ(inkIn(image, theme::mainColor()), 0);
+    EXPECT_GT(inkIn(light, QColor(Qt::white)), 10);
+    EXPECT_EQ(inkIn(light, theme::mainColor()), 0);
 }
 
 TEST(Header, FillsAnyWidth)
