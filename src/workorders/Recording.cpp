@@ -2,17 +2,11 @@
 
 #include "core/Labour.h"
 #include "core/Options.h"
-#include "core/RecordStore.h"
-#include "core/Session.h"
 #include "core/Tables.h"
 #include "platform/base/Decimal.h"
 #include "platform/base/Environment.h"
-#include "platform/base/Trapped.h"
 #include "workorders/NumberList.h"
-#include "workorders/OrderNames.h"
-#include "workorders/OrderServices.h"
-
-#include <algorithm>
+#include "workorders/RecordingSteps.h"
 
 namespace recording {
 namespace {
@@ -21,71 +15,10 @@ using namespace Qt::StringLiterals;
 
 constexpr const char *Module = "Workorder";
 
-/// What an error is reported under: the procedure, and the module that it counts to.
-struct Label
-{
-    constexpr Label(const char *name, const char *moduleName = Module)
-        : procedure(name)
-        , module(moduleName)
-    {}
-    const char *procedure;
-    const char *module;
-};
-
 /// The rule behind the grid of services, which is the screen's.
 constexpr Label ServiceChange("grdRecordService_Change", "WorkOrder");
 
 const QString NotSkipped = u"(skip is null or skip <> -1)"_s;
-
-/// Runs a change as a whole that commits at once. What another workstation holds is told with the
-/// name that the second function gives.
-template<class Body, class Name>
-bool together(Label label, Body &&body, Name &&name)
-{
-    return base::trapped(label.module, label.procedure, false, [&] {
-        TransactionScope transaction;
-        orInTheWay(body, [&] { return ordernames::beingChanged(name()); });
-        transaction.commit();
-        return true;
-    });
-}
-
-/// Runs a change of an order, which is held for it and must be open. The body gets its row.
-template<class Body>
-bool onOrder(Label label, qint64 order, Body &&body)
-{
-    return together(
-        label,
-        [&] {
-            try {
-                body(record::hold(*gcnData, u"tblWorkorder", u"WorkorderNo", order).current());
-            } catch (const record::Conflict &conflict) {
-                if (conflict.isGone())
-                    throw ordernames::gone(order);
-                throw;
-            }
-        },
-        [&] { return ordernames::order(order); });
-}
-
-/// Runs a change of an order's service, or of its parts; it is held for it and must be there. The
-/// body gets its row.
-template<class Body>
-bool onService(Label label, qint64 id, Body &&body)
-{
-    return together(
-        label,
-        [&] {
-            try {
-                body(record::hold(*gcnData, u"tblWoServiceUsed", u"NServiceUsedID", id).current());
-            } catch (const record::Conflict &conflict) {
-                if (conflict.isGone())
-                    throw ordernames::serviceGone();
-                throw;
-            }
-        },
-        [&] { return ordernames::orderOfService(id); });
-}
 
 void setCompleted(qint64 id, bool completed)
 {
@@ -116,46 +49,6 @@ void setPartsUsed(qint64 order, bool used, const QString &condition = {})
         gcnData->Execute(u"Update tblWoPartUsed set Used = ? where ServiceUsedID in (%1)"_s.arg(
                              numberList(services)),
                          {used});
-}
-
-bool isOnOrder(qint64 id, qint64 workorderNo, ServiceSource source)
-{
-    const QString statement =
-        source == ServiceSource::Catalogue
-            ? u"Select Name from tblwoServiceused Where (ServiceID = ? and workorderno = ?)"_s
-            : u"Select Name from tblwoServiceused Where (ServiceID = (Select ServiceID From "
-              "tblServiceUsed where ServiceUsedID =?) and workorderno = ?)"_s;
-    return !gcnData->Open(statement, {id, workorderNo}).isEmpty();
-}
-
-/// The service to copy; of the catalogue one the 0 says that no schedule stands behind it.
-db::Recordset sourceRow(qint64 id, ServiceSource source)
-{
-    const QString columns =
-        u"ServiceID ,CrewID,Name,CostCenterId,SeparateWo,LaborEstimate,CostEstimate,[Note],Period,"
-        "JobNo"_s;
-    return source == ServiceSource::Catalogue
-               ? gcnData->Open(
-                     u"Select %1,0 as ServiceUsedID from tblServices where ServiceID = ?"_s.arg(
-                         columns),
-                     {id})
-               : gcnData->Open(
-                     u"Select %1,ServiceUsedID from tblServiceUsed where ServiceUsedID = ?"_s.arg(
-                         columns),
-                     {id});
-}
-
-db::Recordset sourceParts(qint64 id, ServiceSource source)
-{
-    return source == ServiceSource::Catalogue
-               ? gcnData->Open(
-                     u"Select partID,QuantityRequired,Price,SupplierID from tblServicespart where "
-                     "PartId is not Null and ServiceId = ?"_s,
-                     {id})
-               : gcnData->Open(
-                     u"Select partID,QuantityRequired,Price,SupplierID from tblServiceUsedpart "
-                     "where PartId is not Null and ServiceUsedId = ?"_s,
-                     {id});
 }
 
 /// The note behind a key; empty without a row.
@@ -391,80 +284,6 @@ bool saveTimes(qint64 id, TimesOf where, const QTime &start, const QTime &end,
                 throw ordernames::serviceGone();
         },
         [&] { return open ? ordernames::orderOfService(id) : u"this record"_s; });
-}
-
-bool AddPartRecord(const QList<parts::Chosen> &chosen, qint64 NServiceUsedID, bool used)
-{
-    return onService("AddPartRecord", NServiceUsedID, [&](const db::Row &) {
-        for (const parts::Chosen &part : chosen)
-            orderservices::addPart(NServiceUsedID,
-                                   {part.PartID, part.Quantity, part.Price, part.SupplierID}, used);
-    });
-}
-
-bool DeletePartRecord(qint64 NServiceUsedID, const QString &PartID)
-{
-    return together(
-        "DeletePartRecord",
-        [&] {
-            gcnData->Execute(u"Delete From tblWoPartUsed where ServiceUsedID = ? and PartID = ?"_s,
-                             {NServiceUsedID, PartID});
-        },
-        [&] { return ordernames::orderOfService(NServiceUsedID); });
-}
-
-bool AddServiceRecord(const QList<qint64> &ids, qint64 WorkorderNo, qint64 EquipmentID,
-                      ServiceSource source, bool completed, bool partsUsed)
-{
-    const QVariantMap given{{u"EquipmentID"_s, EquipmentID},
-                            {u"LastDateScheduled"_s, {}},
-                            {u"LastDatePerformed"_s, {}},
-                            {u"NextScheduledDate"_s, base::wallClock(base::today())},
-                            {u"Completed"_s, completed}};
-    return onOrder("AddServiceRecord", WorkorderNo, [&](const db::Row &) {
-        for (const qint64 id : ids) {
-            if (isOnOrder(id, WorkorderNo, source))
-                continue;
-            const db::Recordset service = sourceRow(id, source);
-            if (!service.isEmpty())
-                orderservices::addService(WorkorderNo, service.current(), sourceParts(id, source),
-                                          given, partsUsed);
-        }
-    });
-}
-
-bool needParts(const QList<qint64> &ServiceIDs)
-{
-    return std::ranges::any_of(
-        ServiceIDs, [](qint64 id) { return !sourceParts(id, ServiceSource::Catalogue).isEmpty(); });
-}
-
-bool DeleteServiceRecord(qint64 NServiceUsedID)
-{
-    return together(
-        "DeleteServiceRecord",
-        [&] {
-            gcnData->Execute(u"Delete From tblWoServiceUsed where NServiceUsedId = ?"_s,
-                             {NServiceUsedID});
-            gcnData->Execute(u"Delete From tblWoPartUsed where ServiceUsedID = ?"_s,
-                             {NServiceUsedID});
-        },
-        [&] { return ordernames::orderOfService(NServiceUsedID); });
-}
-
-qint64 addUnscheduled(const QList<qint64> &equipmentIDs)
-{
-    qint64 first = 0;
-    const bool done = together(
-        "AddWorkorderRecord",
-        [&] {
-            for (const qint64 equipment : equipmentIDs) {
-                const qint64 order = orderservices::addOrder(equipment);
-                first = first == 0 ? order : first;
-            }
-        },
-        [] { return u"these machines"_s; });
-    return done ? first : 0;
 }
 
 bool UpdatePrintColInWorkOrder(const QList<qint64> &orders)
