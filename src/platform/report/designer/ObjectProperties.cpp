@@ -2,17 +2,15 @@
 
 #include "platform/report/designer/Fields.h"
 #include "platform/report/designer/HouseStyles.h"
+#include "platform/report/designer/MemberPath.h"
 #include "platform/report/designer/StyleProperties.h"
 
 #include <algorithm>
-#include <initializer_list>
 
 namespace report {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-using Kinds = std::initializer_list<ObjectKind>;
 
 /// An attribute of an object, and the kinds that have it; of all where none are named.
 struct ObjectProperty
@@ -37,244 +35,73 @@ const QList<ObjectKind> lined{ObjectKind::Line, ObjectKind::Box};
 const QList<ObjectKind> charts{ObjectKind::Chart};
 const QList<ObjectKind> tables{ObjectKind::CrossTab};
 
-template<auto Member>
-QVariant get(const Object &object)
+template<auto... Path>
+ObjectProperty attribute(const QString &section, const QString &caption, PropertyKind kind,
+                         const QList<ObjectKind> &kinds = {}, const QStringList &choices = {})
 {
-    return QVariant(object.*Member);
-}
-template<auto Member>
-void set(Object &object, const QVariant &value)
-{
-    object.*Member = value.value<std::decay_t<decltype(object.*Member)>>();
-}
-template<auto Member>
-QVariant getChart(const Object &object)
-{
-    return QVariant(object.chart.*Member);
-}
-template<auto Member>
-void setChart(Object &object, const QVariant &value)
-{
-    object.chart.*Member = value.value<std::decay_t<decltype(object.chart.*Member)>>();
-}
-template<auto Member>
-QVariant getChartChoice(const Object &object)
-{
-    return QVariant(static_cast<int>(object.chart.*Member));
-}
-template<auto Member>
-void setChartChoice(Object &object, const QVariant &value)
-{
-    object.chart.*Member = static_cast<std::decay_t<decltype(object.chart.*Member)>>(value.toInt());
-}
-template<auto Member>
-QVariant getTable(const Object &object)
-{
-    return QVariant(object.crossTab.*Member);
-}
-template<auto Member>
-void setTable(Object &object, const QVariant &value)
-{
-    object.crossTab.*Member = value.value<std::decay_t<decltype(object.crossTab.*Member)>>();
+    return {section,
+            caption,
+            kind,
+            choices,
+            kinds,
+            valueAt<Object, Path...>,
+            setValueAt<Object, Path...>};
 }
 
 const QList<ObjectProperty> &objectTable()
 {
     using P = PropertyKind;
     static const QList<ObjectProperty> all{
-        {contentSection,
-         u"Words"_s,
-         P::Words,
-         {},
-         {ObjectKind::Text},
-         get<&Object::content>,
-         set<&Object::content>},
-        {contentSection,
-         u"Expression"_s,
-         P::Expression,
-         {},
-         {ObjectKind::Field, ObjectKind::BarCode},
-         get<&Object::content>,
-         set<&Object::content>},
-        {contentSection,
-         u"Picture"_s,
-         P::Picture,
-         {},
-         {ObjectKind::Picture},
-         get<&Object::content>,
-         set<&Object::content>},
-        {contentSection,
-         u"Format"_s,
-         P::Format,
-         {},
-         formatted,
-         get<&Object::format>,
-         set<&Object::format>},
-        {contentSection, u"Name"_s, P::Text, {}, {}, get<&Object::name>, set<&Object::name>},
-        {chartSection,
-         u"Kind"_s,
-         P::Choice,
-         {u"Bars"_s, u"Stacked bars"_s, u"Line"_s},
-         charts,
-         getChartChoice<&Chart::kind>,
-         setChartChoice<&Chart::kind>},
-        {chartSection,
-         u"Title"_s,
-         P::Words,
-         {},
-         charts,
-         getChart<&Chart::title>,
-         setChart<&Chart::title>},
-        {chartSection,
-         u"Category"_s,
-         P::Expression,
-         {},
-         charts,
-         getChart<&Chart::category>,
-         setChart<&Chart::category>},
-        {chartSection,
-         u"Category format"_s,
-         P::Format,
-         {},
-         charts,
-         getChart<&Chart::categoryFormat>,
-         setChart<&Chart::categoryFormat>},
-        {chartSection,
-         u"Category title"_s,
-         P::Words,
-         {},
-         charts,
-         getChart<&Chart::categoryTitle>,
-         setChart<&Chart::categoryTitle>},
-        {chartSection,
-         u"Value title"_s,
-         P::Words,
-         {},
-         charts,
-         getChart<&Chart::valueTitle>,
-         setChart<&Chart::valueTitle>},
-        {chartSection,
-         u"Legend"_s,
-         P::Choice,
-         {u"Below"_s, u"At the right"_s, u"None"_s},
-         charts,
-         getChartChoice<&Chart::legend>,
-         setChartChoice<&Chart::legend>},
-        {chartSection,
-         u"Order"_s,
-         P::Choice,
-         {u"As the rows come"_s, u"By category"_s, u"Largest first"_s},
-         charts,
-         getChartChoice<&Chart::order>,
-         setChartChoice<&Chart::order>},
-        {chartSection,
-         u"Most categories"_s,
-         P::Count,
-         {},
-         charts,
-         getChart<&Chart::most>,
-         setChart<&Chart::most>},
-        {chartSection,
-         u"The rest as one"_s,
-         P::Flag,
-         {},
-         charts,
-         getChart<&Chart::others>,
-         setChart<&Chart::others>},
-        {tableSection,
-         u"Title"_s,
-         P::Words,
-         {},
-         tables,
-         getTable<&CrossTab::title>,
-         setTable<&CrossTab::title>},
-        {tableSection,
-         u"Rows"_s,
-         P::Expression,
-         {},
-         tables,
-         getTable<&CrossTab::rows>,
-         setTable<&CrossTab::rows>},
-        {tableSection,
-         u"Rows format"_s,
-         P::Format,
-         {},
-         tables,
-         getTable<&CrossTab::rowsFormat>,
-         setTable<&CrossTab::rowsFormat>},
-        {tableSection,
-         u"Rows title"_s,
-         P::Text,
-         {},
-         tables,
-         getTable<&CrossTab::rowsTitle>,
-         setTable<&CrossTab::rowsTitle>},
-        {tableSection,
-         u"Columns"_s,
-         P::Expression,
-         {},
-         tables,
-         getTable<&CrossTab::columns>,
-         setTable<&CrossTab::columns>},
-        {tableSection,
-         u"Columns format"_s,
-         P::Format,
-         {},
-         tables,
-         getTable<&CrossTab::columnsFormat>,
-         setTable<&CrossTab::columnsFormat>},
-        {tableSection,
-         u"Value"_s,
-         P::Expression,
-         {},
-         tables,
-         getTable<&CrossTab::value>,
-         setTable<&CrossTab::value>},
-        {tableSection,
-         u"Totals"_s,
-         P::Flag,
-         {},
-         tables,
-         getTable<&CrossTab::totals>,
-         setTable<&CrossTab::totals>},
-        {placeSection, u"Left"_s, P::Distance, {}, {}, get<&Object::x>, set<&Object::x>},
-        {placeSection, u"Top"_s, P::Distance, {}, {}, get<&Object::y>, set<&Object::y>},
-        {placeSection, u"Width"_s, P::Distance, {}, {}, get<&Object::width>, set<&Object::width>},
-        {placeSection,
-         u"Height"_s,
-         P::Distance,
-         {},
-         {},
-         get<&Object::height>,
-         set<&Object::height>},
-        {placeSection,
-         u"Line width"_s,
-         P::Distance,
-         {},
-         lined,
-         get<&Object::lineWidth>,
-         set<&Object::lineWidth>},
-        {printSection,
-         u"Shown when"_s,
-         P::Expression,
-         {},
-         {},
-         get<&Object::visibleIf>,
-         set<&Object::visibleIf>},
-        {printSection,
-         u"Can grow"_s,
-         P::Flag,
-         {},
-         values,
-         get<&Object::canGrow>,
-         set<&Object::canGrow>},
-        {printSection,
-         u"Hide repeated"_s,
-         P::Flag,
-         {},
-         values,
-         get<&Object::hideRepeated>,
-         set<&Object::hideRepeated>}};
+        attribute<&Object::content>(contentSection, u"Words"_s, P::Words, {ObjectKind::Text}),
+        attribute<&Object::content>(contentSection, u"Expression"_s, P::Expression,
+                                    {ObjectKind::Field, ObjectKind::BarCode}),
+        attribute<&Object::content>(contentSection, u"Picture"_s, P::Picture,
+                                    {ObjectKind::Picture}),
+        attribute<&Object::format>(contentSection, u"Format"_s, P::Format, formatted),
+        attribute<&Object::name>(contentSection, u"Name"_s, P::Text),
+        attribute<&Object::chart, &Chart::kind>(chartSection, u"Kind"_s, P::Choice, charts,
+                                                {u"Bars"_s, u"Stacked bars"_s, u"Line"_s}),
+        attribute<&Object::chart, &Chart::title>(chartSection, u"Title"_s, P::Words, charts),
+        attribute<&Object::chart, &Chart::category>(chartSection, u"Category"_s, P::Expression,
+                                                    charts),
+        attribute<&Object::chart, &Chart::categoryFormat>(chartSection, u"Category format"_s,
+                                                          P::Format, charts),
+        attribute<&Object::chart, &Chart::categoryTitle>(chartSection, u"Category title"_s,
+                                                         P::Words, charts),
+        attribute<&Object::chart, &Chart::valueTitle>(chartSection, u"Value title"_s, P::Words,
+                                                      charts),
+        attribute<&Object::chart, &Chart::legend>(chartSection, u"Legend"_s, P::Choice, charts,
+                                                  {u"Below"_s, u"At the right"_s, u"None"_s}),
+        attribute<&Object::chart, &Chart::order>(
+            chartSection, u"Order"_s, P::Choice, charts,
+            {u"As the rows come"_s, u"By category"_s, u"Largest first"_s}),
+        attribute<&Object::chart, &Chart::most>(chartSection, u"Most categories"_s, P::Count,
+                                                charts),
+        attribute<&Object::chart, &Chart::others>(chartSection, u"The rest as one"_s, P::Flag,
+                                                  charts),
+        attribute<&Object::crossTab, &CrossTab::title>(tableSection, u"Title"_s, P::Words, tables),
+        attribute<&Object::crossTab, &CrossTab::rows>(tableSection, u"Rows"_s, P::Expression,
+                                                      tables),
+        attribute<&Object::crossTab, &CrossTab::rowsFormat>(tableSection, u"Rows format"_s,
+                                                            P::Format, tables),
+        attribute<&Object::crossTab, &CrossTab::rowsTitle>(tableSection, u"Rows title"_s, P::Text,
+                                                           tables),
+        attribute<&Object::crossTab, &CrossTab::columns>(tableSection, u"Columns"_s, P::Expression,
+                                                         tables),
+        attribute<&Object::crossTab, &CrossTab::columnsFormat>(tableSection, u"Columns format"_s,
+                                                               P::Format, tables),
+        attribute<&Object::crossTab, &CrossTab::value>(tableSection, u"Value"_s, P::Expression,
+                                                       tables),
+        attribute<&Object::crossTab, &CrossTab::totals>(tableSection, u"Totals"_s, P::Flag, tables),
+        attribute<&Object::x>(placeSection, u"Left"_s, P::Distance),
+        attribute<&Object::y>(placeSection, u"Top"_s, P::Distance),
+        attribute<&Object::width>(placeSection, u"Width"_s, P::Distance),
+        attribute<&Object::height>(placeSection, u"Height"_s, P::Distance),
+        attribute<&Object::lineWidth>(placeSection, u"Line width"_s, P::Distance, lined),
+        attribute<&Object::visibleIf>(printSection, u"Shown when"_s, P::Expression),
+        attribute<&Object::canGrow>(printSection, u"Can grow"_s, P::Flag, values),
+        attribute<&Object::hideRepeated>(printSection, u"Hide repeated"_s, P::Flag, values),
+    };
     return all;
 }
 
@@ -313,74 +140,62 @@ Object &leadOf(Layout &layout, const Selection &selection)
     return layout.bands[selection.lead.band].objects[selection.lead.object];
 }
 
+using Rules = QList<ConditionalStyle>;
+
+/// Changes the rules of each object that is selected.
+template<class Change>
+auto changingRules(Change change)
+{
+    return [change](Layout &layout, Selection &selection, const QVariant &value) {
+        for (const Place &place : std::as_const(selection.objects))
+            change(layout.bands[place.band].objects[place.object].conditionalStyles, value);
+    };
+}
+
+void addRule(QList<Property> &properties, int number, const ConditionalStyle &rule)
+{
+    const QString section = u"Rule %1"_s.arg(number + 1);
+    const auto add = [&](const QString &caption, PropertyKind kind, auto member) {
+        properties.append({section,
+                           caption,
+                           kind,
+                           QVariant::fromValue(rule.*member),
+                           false,
+                           {},
+                           changingRules([number, member](Rules &rules, const QVariant &value) {
+                               auto &changed = rules[number].*member;
+                               changed = value.value<std::decay_t<decltype(changed)>>();
+                           })});
+    };
+    add(u"When"_s, PropertyKind::Expression, &ConditionalStyle::when);
+    add(u"Color"_s, PropertyKind::Color, &ConditionalStyle::color);
+    add(u"Fill"_s, PropertyKind::Color, &ConditionalStyle::fill);
+    add(u"Bold"_s, PropertyKind::Flag, &ConditionalStyle::bold);
+    properties.append(
+        {section,
+         u"Remove this rule"_s,
+         PropertyKind::Action,
+         {},
+         false,
+         {},
+         changingRules([number](Rules &rules, const QVariant &) { rules.removeAt(number); })});
+}
+
 /// Rules are lists; several objects share them only when they are alike.
 void addRules(QList<Property> &properties, const QList<const Object *> &objects, const Object &lead)
 {
     const bool areAlike = std::all_of(objects.cbegin(), objects.cend(), [&](const Object *object) {
         return object->conditionalStyles == lead.conditionalStyles;
     });
-    const auto changing = [](auto change) {
-        return [change](Layout &layout, Selection &selection, const QVariant &value) {
-            for (const Place &place : std::as_const(selection.objects))
-                change(layout.bands[place.band].objects[place.object].conditionalStyles, value);
-        };
-    };
-    using Rules = QList<ConditionalStyle>;
-    for (int rule = 0; areAlike && rule < lead.conditionalStyles.size(); ++rule) {
-        const ConditionalStyle &given = lead.conditionalStyles[rule];
-        const QString section = u"Rule %1"_s.arg(rule + 1);
-        properties.append({section,
-                           u"When"_s,
-                           PropertyKind::Expression,
-                           given.when,
-                           false,
-                           {},
-                           changing([rule](Rules &rules, const QVariant &value) {
-                               rules[rule].when = value.toString();
-                           })});
-        properties.append({section,
-                           u"Color"_s,
-                           PropertyKind::Color,
-                           given.color,
-                           false,
-                           {},
-                           changing([rule](Rules &rules, const QVariant &value) {
-                               rules[rule].color = value.value<QColor>();
-                           })});
-        properties.append({section,
-                           u"Fill"_s,
-                           PropertyKind::Color,
-                           given.fill,
-                           false,
-                           {},
-                           changing([rule](Rules &rules, const QVariant &value) {
-                               rules[rule].fill = value.value<QColor>();
-                           })});
-        properties.append({section,
-                           u"Bold"_s,
-                           PropertyKind::Flag,
-                           given.bold,
-                           false,
-                           {},
-                           changing([rule](Rules &rules, const QVariant &value) {
-                               rules[rule].bold = value.toBool();
-                           })});
-        properties.append(
-            {section,
-             u"Remove this rule"_s,
-             PropertyKind::Action,
-             {},
-             false,
-             {},
-             changing([rule](Rules &rules, const QVariant &) { rules.removeAt(rule); })});
-    }
+    for (int number = 0; areAlike && number < lead.conditionalStyles.size(); ++number)
+        addRule(properties, number, lead.conditionalStyles[number]);
     properties.append({u"Rules"_s,
                        u"Add a rule"_s,
                        PropertyKind::Action,
                        {},
                        false,
                        {},
-                       changing([](Rules &rules, const QVariant &) {
+                       changingRules([](Rules &rules, const QVariant &) {
                            rules.append({u"false"_s, QColor(0xb0, 0, 0), {}, false});
                        })});
 }

@@ -3,6 +3,7 @@
 #include "platform/base/Decimal.h"
 #include "platform/base/Format.h"
 #include "platform/report/expr/Expression.h"
+#include "platform/report/expr/Values.h"
 
 #include <QDateTime>
 #include <algorithm>
@@ -14,15 +15,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-QVariant number(double value)
-{
-    if (!std::isfinite(value))
-        return {};
-    if (value == std::trunc(value) && std::abs(value) < 1e15)
-        return static_cast<qint64>(value);
-    return value;
-}
-
 /// Applies to a text; Null stays Null.
 template<class Make>
 QVariant onText(const QVariantList &arguments, Make make)
@@ -33,7 +25,7 @@ QVariant onText(const QVariantList &arguments, Make make)
 template<class Make>
 QVariant onNumber(const QVariantList &arguments, Make make)
 {
-    return arguments[0].isNull() ? QVariant() : number(make(arguments[0].toDouble()));
+    return arguments[0].isNull() ? QVariant() : numberValue(make(arguments[0].toDouble()));
 }
 
 template<class Make>
@@ -99,7 +91,7 @@ constexpr Function Functions[] = {
      [](const QVariantList &a) {
          bool ok = false;
          const double value = base::toText(a[0]).toDouble(&ok);
-         return ok ? number(value) : QVariant();
+         return ok ? numberValue(value) : QVariant();
      }},
     {u"left", 2, 2,
      [](const QVariantList &a) {

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/report/expr/Functions.h"
+
+#include <QString>
+#include <QVariant>
+#include <vector>
+
+namespace report {
+
+class EvaluationContext;
+
+/// A node of the tree: how its children's values make its own.
+class ExpressionNode
+{
+public:
+    enum class Kind { Constant, Name, Aggregate, Function, Negate, Not, Binary };
+
+    Kind kind = Kind::Constant;
+    QVariant constant; ///< Constant
+    QString text;      ///< Name; operator of Binary
+    int number = 0;    ///< Aggregate
+    FunctionPointer function = nullptr;
+    std::vector<ExpressionNode> children;
+
+    [[nodiscard]] QVariant evaluate(const EvaluationContext &context) const;
+
+private:
+    [[nodiscard]] QVariant evaluateBinary(const EvaluationContext &context) const;
+};
+
+} // namespace report

@@ -1,0 +1,63 @@
+#include "platform/report/expr/Values.h"
+
+#include "platform/base/Format.h"
+#include "platform/report/expr/Expression.h"
+
+#include <QDateTime>
+#include <cmath>
+
+namespace report {
+
+bool isNumberValue(const QVariant &value)
+{
+    switch (value.typeId()) {
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+    case QMetaType::Float:
+    case QMetaType::Double:
+    case QMetaType::Bool:
+        return true;
+    default:
+        return false;
+    }
+}
+
+QVariant numberValue(double value)
+{
+    if (!std::isfinite(value))
+        return {};
+    if (value == std::trunc(value) && std::abs(value) < 1e15)
+        return static_cast<qint64>(value);
+    return value;
+}
+
+bool isTrueValue(const QVariant &value)
+{
+    if (value.isNull())
+        return false;
+    if (value.typeId() == QMetaType::QString)
+        return !value.toString().isEmpty();
+    return !isNumberValue(value) || value.toDouble() != 0;
+}
+
+int compareValues(const QVariant &left, const QVariant &right)
+{
+    if (left.isNull() || right.isNull())
+        return int(!left.isNull()) - int(!right.isNull());
+    if (isNumberValue(left) && isNumberValue(right)) {
+        const double a = left.toDouble();
+        const double b = right.toDouble();
+        return int(a > b) - int(a < b);
+    }
+    if (left.typeId() == QMetaType::QDateTime && right.typeId() == QMetaType::QDateTime) {
+        const QDateTime a = left.toDateTime();
+        const QDateTime b = right.toDateTime();
+        return int(a > b) - int(a < b);
+    }
+    const int order = base::toText(left).compare(base::toText(right), Qt::CaseInsensitive);
+    return int(order > 0) - int(order < 0);
+}
+
+} // namespace report
