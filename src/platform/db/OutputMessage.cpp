@@ -85,90 +85,88 @@ void OutputMessage::appendTo(RowData &rows, const Context &context) const
 {
     const unsigned char *const message = m_buffer.data();
     const int count = static_cast<int>(m_columns.size());
-    const auto addNumber = [&rows](int i, const Column &column, qint64 value) {
+    for (int i = 0; i < count; ++i) {
+        const Field &field = m_columns[i].field;
+        const unsigned char *const place = message + field.offset;
+        if (load<qint16>(message + field.nullOffset) != 0)
+            rows.addNull(i);
+        else if (field.type == SQL_VARYING || field.type == SQL_TEXT || field.type == SQL_BLOB)
+            appendText(rows, i, place, context);
+        else
+            appendNumber(rows, i, place);
+    }
+    rows.endRow();
+}
+
+/// Numbers, and what is kept as one.
+void OutputMessage::appendNumber(RowData &rows, int i, const unsigned char *place) const
+{
+    const Column &column = m_columns[i];
+    const auto addExact = [&](qint64 value) {
         if (column.field.scale == 0)
             rows.addInteger(i, value);
         else
             rows.addReal(i, static_cast<double>(value) / column.divisor);
     };
-    for (int i = 0; i < count; ++i) {
-        const Column &column = m_columns[i];
-        const Field &field = column.field;
-        if (load<qint16>(message + field.nullOffset) != 0) {
-            rows.addNull(i);
-            continue;
-        }
-        const unsigned char *const place = message + field.offset;
-        const auto *const chars = reinterpret_cast<const char *>(place);
-        switch (field.type) {
-        case SQL_SHORT:
-            addNumber(i, column, load<qint16>(place));
-            break;
-        case SQL_LONG:
-            addNumber(i, column, load<qint32>(place));
-            break;
-        case SQL_INT64:
-            addNumber(i, column, load<qint64>(place));
-            break;
-        case SQL_FLOAT:
-            rows.addReal(i, static_cast<double>(load<float>(place)));
-            break;
-        case SQL_DOUBLE:
-        case SQL_D_FLOAT:
-            rows.addReal(i, load<double>(place));
-            break;
-        case SQL_BOOLEAN:
-            rows.addInteger(i, *place != 0 ? -1 : 0);
-            break;
-        case SQL_TIMESTAMP: {
-            const auto stamp = load<ISC_TIMESTAMP>(place);
-            rows.addInteger(i, (stamp.timestamp_date - epochDay) * millisecondsPerDay +
-                                   stamp.timestamp_time / unitsPerMillisecond);
-            break;
-        }
-        case SQL_TYPE_DATE:
-            rows.addInteger(i, (load<ISC_DATE>(place) - epochDay) * millisecondsPerDay);
-            break;
-        case SQL_TYPE_TIME: {
-            // A time alone stands on the zero date, 30 December 1899.
-            constexpr qint64 zeroDateDay = 15018;
-            rows.addInteger(i, (zeroDateDay - epochDay) * millisecondsPerDay +
-                                   load<ISC_TIME>(place) / unitsPerMillisecond);
-            break;
-        }
-        case SQL_VARYING: {
-            const auto length = load<quint16>(place);
-            if (column.storage == RowData::Storage::Bytes)
-                rows.addBytes(i, QByteArray(chars + sizeof(quint16), length));
-            else
-                rows.addText(i, chars + sizeof(quint16), length);
-            break;
-        }
-        case SQL_TEXT: {
-            if (column.storage == RowData::Storage::Bytes) {
-                rows.addBytes(i, QByteArray(chars, static_cast<qsizetype>(field.length)));
-                break;
-            }
-            std::size_t length = field.length;
-            while (length > 0 && chars[length - 1] == ' ')
-                --length;
-            rows.addText(i, chars, length);
-            break;
-        }
-        case SQL_BLOB: {
-            QByteArray content = readBlob(load<ISC_QUAD>(place), context);
-            if (column.storage == RowData::Storage::Bytes)
-                rows.addBytes(i, std::move(content));
-            else
-                rows.addText(i, content.constData(), static_cast<std::size_t>(content.size()));
-            break;
-        }
-        default:
-            rows.addNull(i);
-            break;
-        }
+    switch (column.field.type) {
+    case SQL_SHORT:
+        return addExact(load<qint16>(place));
+    case SQL_LONG:
+        return addExact(load<qint32>(place));
+    case SQL_INT64:
+        return addExact(load<qint64>(place));
+    case SQL_FLOAT:
+        return rows.addReal(i, static_cast<double>(load<float>(place)));
+    case SQL_DOUBLE:
+    case SQL_D_FLOAT:
+        return rows.addReal(i, load<double>(place));
+    case SQL_BOOLEAN:
+        return rows.addInteger(i, *place != 0 ? -1 : 0);
+    case SQL_TIMESTAMP: {
+        const auto stamp = load<ISC_TIMESTAMP>(place);
+        return rows.addInteger(i, (stamp.timestamp_date - epochDay) * millisecondsPerDay +
+                                      stamp.timestamp_time / unitsPerMillisecond);
     }
-    rows.endRow();
+    case SQL_TYPE_DATE:
+        return rows.addInteger(i, (load<ISC_DATE>(place) - epochDay) * millisecondsPerDay);
+    case SQL_TYPE_TIME: {
+        // A time alone stands on the zero date, 30 December 1899.
+        constexpr qint64 zeroDateDay = 15018;
+        return rows.addInteger(i, (zeroDateDay - epochDay) * millisecondsPerDay +
+                                      load<ISC_TIME>(place) / unitsPerMillisecond);
+    }
+    default:
+        return rows.addNull(i);
+    }
+}
+
+void OutputMessage::appendText(RowData &rows, int i, const unsigned char *place,
+                               const Context &context) const
+{
+    const Column &column = m_columns[i];
+    const bool isBytes = column.storage == Storage::Bytes;
+    if (column.field.type == SQL_BLOB) {
+        QByteArray content = readBlob(load<ISC_QUAD>(place), context);
+        if (isBytes)
+            rows.addBytes(i, std::move(content));
+        else
+            rows.addText(i, content.constData(), static_cast<std::size_t>(content.size()));
+        return;
+    }
+    const auto *chars = reinterpret_cast<const char *>(place);
+    std::size_t length = column.field.length;
+    if (column.field.type == SQL_VARYING) {
+        length = load<quint16>(place);
+        chars += sizeof(quint16);
+    } else if (!isBytes) {
+        // A text of a fixed length is filled up with blanks.
+        while (length > 0 && chars[length - 1] == ' ')
+            --length;
+    }
+    if (isBytes)
+        rows.addBytes(i, QByteArray(chars, static_cast<qsizetype>(length)));
+    else
+        rows.addText(i, chars, length);
 }
 
 qint64 OutputMessage::integer(int column) const

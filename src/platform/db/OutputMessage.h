@@ -34,6 +34,9 @@ private:
         double divisor; ///< of a number with decimals
     };
 
+    void appendNumber(RowData &rows, int i, const unsigned char *place) const;
+    void appendText(RowData &rows, int i, const unsigned char *place, const Context &context) const;
+
     Ref<Firebird::IMessageMetadata> m_metadata;
     std::vector<Column> m_columns;
     std::shared_ptr<const RowLayout> m_layout;

@@ -3,6 +3,7 @@
 #include "platform/sql/Conversion.h"
 #include "platform/sql/EngineTypes.h"
 #include "platform/sql/Errors.h"
+#include "platform/sql/Names.h"
 
 #include <QSet>
 #include <QStringList>
@@ -59,11 +60,6 @@ private:
     const Table *m_table; ///< null when there is none of that name
     std::vector<QString> m_statements;
 };
-
-bool equalNames(QStringView left, QStringView right)
-{
-    return left.compare(right, Qt::CaseInsensitive) == 0;
-}
 
 std::vector<QString> DefinitionWriter::write()
 {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/sql/Schema.h"
+
 #include <QStringView>
 
 namespace sql {
@@ -65,6 +67,7 @@ struct Function
     FunctionId id;
     int fewest; ///< arguments
     int most;
+    ColumnKind type; ///< of what comes back; Unknown when it follows from the arguments
 
     [[nodiscard]] bool isAggregate() const
     {

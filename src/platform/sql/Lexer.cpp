@@ -125,6 +125,29 @@ bool containsFrom(QStringView text)
     return false;
 }
 
+/// A character that is a token wherever it stands.
+struct Symbol
+{
+    char16_t character;
+    TokenKind kind;
+};
+
+constexpr std::array symbols = {
+    Symbol{u'?', TokenKind::Parameter},
+    Symbol{u',', TokenKind::Comma},
+    Symbol{u'(', TokenKind::LeftParenthesis},
+    Symbol{u')', TokenKind::RightParenthesis},
+    Symbol{u'+', TokenKind::Plus},
+    Symbol{u'-', TokenKind::Minus},
+    Symbol{u'*', TokenKind::Star},
+    Symbol{u'/', TokenKind::Slash},
+    Symbol{u'\\', TokenKind::Backslash},
+    Symbol{u'^', TokenKind::Caret},
+    Symbol{u'&', TokenKind::Ampersand},
+    Symbol{u'=', TokenKind::Equal},
+    Symbol{u';', TokenKind::Semicolon},
+};
+
 } // namespace
 
 void raiseSyntaxError(const QString &what, QStringView statement, qsizetype position)
@@ -209,32 +232,6 @@ Token Lexer::scan()
             return scanNumber();
         return symbol(TokenKind::Dot, 1);
     }
-    case u'?':
-        return symbol(TokenKind::Parameter, 1);
-    case u',':
-        return symbol(TokenKind::Comma, 1);
-    case u'(':
-        return symbol(TokenKind::LeftParenthesis, 1);
-    case u')':
-        return symbol(TokenKind::RightParenthesis, 1);
-    case u'+':
-        return symbol(TokenKind::Plus, 1);
-    case u'-':
-        return symbol(TokenKind::Minus, 1);
-    case u'*':
-        return symbol(TokenKind::Star, 1);
-    case u'/':
-        return symbol(TokenKind::Slash, 1);
-    case u'\\':
-        return symbol(TokenKind::Backslash, 1);
-    case u'^':
-        return symbol(TokenKind::Caret, 1);
-    case u'&':
-        return symbol(TokenKind::Ampersand, 1);
-    case u'=':
-        return symbol(TokenKind::Equal, 1);
-    case u';':
-        return symbol(TokenKind::Semicolon, 1);
     case u'!':
         if (peek(1) == u'=')
             return symbol(TokenKind::NotEqual, 2);
@@ -247,7 +244,9 @@ Token Lexer::scan()
         return peek(1) == u'=' ? symbol(TokenKind::GreaterOrEqual, 2)
                                : symbol(TokenKind::Greater, 1);
     default:
-        break;
+        if (const auto *found = std::ranges::find(symbols, character, &Symbol::character);
+            found != symbols.end())
+            return symbol(found->kind, 1);
     }
     raiseSyntaxError(u"this character has no meaning here."_s, m_statement, m_position);
 }

@@ -3,6 +3,7 @@
 #include "platform/sql/Tree.h"
 
 #include <QString>
+#include <initializer_list>
 
 namespace sql {
 
@@ -104,21 +105,38 @@ private:
     void writeDateDiff(const Expression &call);
     void writeDateAdd(const Expression &call);
     void writeWeekday(const Expression &value);
-    void writeFormat(const Expression &call);
     void writeMoney(const Expression &value);
+    void writeConversion(const Expression &call);
+    void writeList(QStringView before, const Expression &call,
+                   std::initializer_list<ColumnKind> kinds);
+    void writeTimeOfDay();
+    void writeDateSerial(const Expression &call);
+    void writeNamedPart(const Expression &call);
+    void writeIIf(const Expression &call);
+    void writeNz(const Expression &call);
+    void writeSwitch(const Expression &call);
+    void writeMid(const Expression &call);
+    void writeInStr(const Expression &call);
+    [[nodiscard]] QString fixedText(const Expression &argument, QStringView of);
+
+    // Numbers as text (WriterFormat.cpp).
+    void writeFormat(const Expression &call);
     void writeRealText(const Expression &value);
     void writeExact(const Expression &value, QStringView factor = {});
     void writeNumberSections(const Expression &value, const QString &picture);
     void writeNumberSection(const Expression &value, const NumberPicture &picture, bool signs);
     void writeRounded(const Expression &value, const NumberPicture &picture);
     void writeWhole(const Expression &value, const NumberPicture &picture);
+    void writeQuoted(QStringView text);
+
+    // Dates by pictures (WriterDateFormat.cpp).
     void writeFormattedDate(const Expression &date, const QString &picture);
     void writeDateSign(const Expression &date, const QString &sign, bool twelveHours);
-    void writeQuoted(QStringView text);
-    void writeSwitch(const Expression &call);
-    void writeMid(const Expression &call);
-    void writeInStr(const Expression &call);
-    [[nodiscard]] QString fixedText(const Expression &argument, QStringView of);
+    void writePartIn(QStringView before, const Expression &date, QStringView part,
+                     QStringView after);
+    void writeHour(const Expression &date, bool padded, bool twelveHours);
+    void writeHalfDay(const Expression &date, const QString &sign);
+    void writeWeek(const Expression &date);
 
     [[noreturn]] void raise(const QString &what, const Expression &at) const;
 

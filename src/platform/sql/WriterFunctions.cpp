@@ -112,132 +112,153 @@ void Writer::writeAround(QStringView before, const Expression &value, ColumnKind
 void Writer::writeCall(const Expression &call)
 {
     const FixedLiterals fixed(*this);
-    const auto &operands = call.operands;
-    const auto first = [&]() -> const Expression & { return *operands.front(); };
-    const auto one = [&](QStringView before, ColumnKind kind, QStringView after) {
-        writeAround(before, first(), kind, after);
-    };
     const FunctionId id = call.function->id;
     if (const auto *found = std::ranges::find(wrapped, id, &Wrapped::id); found != wrapped.end())
-        return one(found->before, found->kind, found->after);
+        return writeAround(found->before, *call.operands.front(), found->kind, found->after);
     if (const auto *found = std::ranges::find(dateParts, id, &DatePart::id);
         found != dateParts.end())
-        return writeDatePart(first(), found->unit);
-    const auto arguments = [&](QStringView name, std::initializer_list<ColumnKind> kinds) {
-        QStringView before = name;
-        std::size_t argument = 0;
-        for (const ColumnKind kind : kinds) {
-            writeAround(before, *operands[argument++], kind, {});
-            before = u", ";
-        }
-        m_text += u')';
-    };
+        return writeDatePart(*call.operands.front(), found->unit);
     switch (id) {
-    case FunctionId::CBool:
-        m_text += u"CASE ("_s;
-        writeCondition(first());
-        m_text += u") WHEN TRUE THEN -1 WHEN FALSE THEN 0 END"_s;
-        return;
-    case FunctionId::CCur:
-        return writeMoney(first());
-    case FunctionId::CDate:
-        if (isNumber(first().type)) {
-            m_text += u'(' + zeroDate.toString();
-            return one(u" + ", ColumnKind::Real, u")");
-        }
-        return one(u"CAST(", ColumnKind::Date, u" AS TIMESTAMP)");
-    case FunctionId::CInt:
-        return writeRoundedToEven(first());
-    case FunctionId::CStr:
-        return writeCStr(first());
     case FunctionId::Date:
         return writeMoment(Slot::Source::Today);
     case FunctionId::Now:
         return writeMoment(Slot::Source::Now);
     case FunctionId::Time:
-        m_text += u"DATEADD(SECOND, DATEDIFF(SECOND FROM "_s;
-        writeMoment(Slot::Source::Today);
-        m_text += u" TO "_s;
-        writeMoment(Slot::Source::Now);
-        m_text += u"), "_s + zeroDate.toString() + u')';
-        return;
+        return writeTimeOfDay();
     case FunctionId::DateAdd:
         return writeDateAdd(call);
     case FunctionId::DateDiff:
         return writeDateDiff(call);
     case FunctionId::DateSerial:
-        m_text += u"DATEADD(DAY, "_s;
-        writeAround({}, *operands[2], ColumnKind::Integer, u" - 1, DATEADD(MONTH, ");
-        writeAround({}, *operands[1], ColumnKind::Integer, u" - 1, DATEADD(YEAR, ");
-        writeAround({}, *operands[0], ColumnKind::Integer,
-                    u" - 1900, TIMESTAMP '1900-01-01 00:00:00')))");
-        return;
-    case FunctionId::DatePart: {
-        const QString name = fixedText(first(), u"the interval of DatePart").toLower();
-        if (name == u"w")
-            return writeWeekday(*operands[1]);
-        if (name == u"q") {
-            m_text += u"((EXTRACT(MONTH FROM "_s;
-            writeAround({}, *operands[1], ColumnKind::Date, u") + 2) / 3)");
-            return;
-        }
-        if (name == u"y") {
-            m_text += u"(EXTRACT(YEARDAY FROM "_s;
-            writeAround({}, *operands[1], ColumnKind::Date, u") + 1)");
-            return;
-        }
-        const Interval *interval = findInterval(name);
-        if (!interval || name == u"ww")
-            raise(u"this interval of DatePart is not known."_s, call);
-        return writeDatePart(*operands[1], interval->unit);
-    }
+        return writeDateSerial(call);
+    case FunctionId::DatePart:
+        return writeNamedPart(call);
     case FunctionId::Weekday:
-        return writeWeekday(first());
-    case FunctionId::Fix:
-    case FunctionId::Int:
-        if (call.type == ColumnKind::Date)
-            return one(u"CAST(CAST(", ColumnKind::Date, u" AS DATE) AS TIMESTAMP)");
-        return one(id == FunctionId::Fix ? u"TRUNC(" : u"FLOOR(", ColumnKind::Real, u")");
-    case FunctionId::Round:
-        if (operands.size() == 1)
-            return writeRoundedToEven(first());
-        return arguments(u"ROUND(", {ColumnKind::Real, ColumnKind::Integer});
-    case FunctionId::Val:
-        m_text += u"CAST(COALESCE(NULLIF(SUBSTRING(TRIM("_s;
-        writeText(first());
-        m_text += u") SIMILAR '\\\"[+\\-]?[0-9]*(.[0-9]*)?\\\"%' ESCAPE '\\'), ''), '0') "
-                  "AS DOUBLE PRECISION)"_s;
-        return;
-    case FunctionId::Format:
-        return writeFormat(call);
+        return writeWeekday(*call.operands.front());
     case FunctionId::IIf:
-        m_text += u"IIF("_s;
-        writeCondition(first());
-        writeAround(u", ", *operands[1], call.type, u", ");
-        writeAround({}, *operands[2], call.type, u")");
-        return;
+        return writeIIf(call);
     case FunctionId::Switch:
         return writeSwitch(call);
     case FunctionId::Nz:
-        if (operands.size() == 1) {
-            one(u"COALESCE(", call.type, {});
-            m_text += isNumber(call.type) ? u", 0)"_s : u", '')"_s;
-            return;
-        }
-        return arguments(u"COALESCE(", {call.type, call.type});
+        return writeNz(call);
     case FunctionId::Left:
-        return arguments(u"LEFT(", {ColumnKind::Text, ColumnKind::Integer});
+        return writeList(u"LEFT(", call, {ColumnKind::Text, ColumnKind::Integer});
     case FunctionId::Right:
-        return arguments(u"RIGHT(", {ColumnKind::Text, ColumnKind::Integer});
+        return writeList(u"RIGHT(", call, {ColumnKind::Text, ColumnKind::Integer});
     case FunctionId::Mid:
         return writeMid(call);
     case FunctionId::InStr:
         return writeInStr(call);
     case FunctionId::Replace:
-        return arguments(u"REPLACE(", {ColumnKind::Text, ColumnKind::Text, ColumnKind::Text});
+        return writeList(u"REPLACE(", call, {ColumnKind::Text, ColumnKind::Text, ColumnKind::Text});
+    case FunctionId::Format:
+        return writeFormat(call);
+    default:
+        writeConversion(call);
+    }
+}
+
+/// Functions that make a value of another kind, or a rounded one, of a value.
+void Writer::writeConversion(const Expression &call)
+{
+    const Expression &value = *call.operands.front();
+    switch (call.function->id) {
+    case FunctionId::CBool:
+        m_text += u"CASE ("_s;
+        writeCondition(value);
+        m_text += u") WHEN TRUE THEN -1 WHEN FALSE THEN 0 END"_s;
+        return;
+    case FunctionId::CCur:
+        return writeMoney(value);
+    case FunctionId::CDate:
+        if (!isNumber(value.type))
+            return writeAround(u"CAST(", value, ColumnKind::Date, u" AS TIMESTAMP)");
+        m_text += u'(' + zeroDate.toString();
+        return writeAround(u" + ", value, ColumnKind::Real, u")");
+    case FunctionId::CInt:
+        return writeRoundedToEven(value);
+    case FunctionId::CStr:
+        return writeCStr(value);
+    case FunctionId::Fix:
+    case FunctionId::Int:
+        if (call.type == ColumnKind::Date)
+            return writeAround(u"CAST(CAST(", value, ColumnKind::Date, u" AS DATE) AS TIMESTAMP)");
+        return writeAround(call.function->id == FunctionId::Fix ? u"TRUNC(" : u"FLOOR(", value,
+                           ColumnKind::Real, u")");
+    case FunctionId::Round:
+        if (call.operands.size() == 1)
+            return writeRoundedToEven(value);
+        return writeList(u"ROUND(", call, {ColumnKind::Real, ColumnKind::Integer});
+    case FunctionId::Val:
+        return writeAround(u"CAST(COALESCE(NULLIF(SUBSTRING(TRIM(", value, ColumnKind::Text,
+                           u") SIMILAR '\\\"[+\\-]?[0-9]*(.[0-9]*)?\\\"%' ESCAPE '\\'), ''), '0') "
+                           "AS DOUBLE PRECISION)");
     default:
         return; // IsNull, of which the resolver made a condition; the others stand in the tables
     }
+}
+
+/// A function of the engine that takes the arguments as they come.
+void Writer::writeList(QStringView before, const Expression &call,
+                       std::initializer_list<ColumnKind> kinds)
+{
+    std::size_t argument = 0;
+    for (const ColumnKind kind : kinds) {
+        writeAround(before, *call.operands[argument++], kind, {});
+        before = u", ";
+    }
+    m_text += u')';
+}
+
+void Writer::writeTimeOfDay()
+{
+    m_text += u"DATEADD(SECOND, DATEDIFF(SECOND FROM "_s;
+    writeMoment(Slot::Source::Today);
+    m_text += u" TO "_s;
+    writeMoment(Slot::Source::Now);
+    m_text += u"), "_s + zeroDate.toString() + u')';
+}
+
+void Writer::writeDateSerial(const Expression &call)
+{
+    m_text += u"DATEADD(DAY, "_s;
+    writeAround({}, *call.operands[2], ColumnKind::Integer, u" - 1, DATEADD(MONTH, ");
+    writeAround({}, *call.operands[1], ColumnKind::Integer, u" - 1, DATEADD(YEAR, ");
+    writeAround({}, *call.operands[0], ColumnKind::Integer,
+                u" - 1900, TIMESTAMP '1900-01-01 00:00:00')))");
+}
+
+/// The part of a date that an interval names.
+void Writer::writeNamedPart(const Expression &call)
+{
+    const QString name = fixedText(*call.operands[0], u"the interval of DatePart").toLower();
+    const Expression &date = *call.operands[1];
+    if (name == u"w")
+        return writeWeekday(date);
+    if (name == u"q")
+        return writeAround(u"((EXTRACT(MONTH FROM ", date, ColumnKind::Date, u") + 2) / 3)");
+    if (name == u"y")
+        return writeAround(u"(EXTRACT(YEARDAY FROM ", date, ColumnKind::Date, u") + 1)");
+    const Interval *interval = findInterval(name);
+    if (!interval || name == u"ww")
+        raise(u"this interval of DatePart is not known."_s, call);
+    writeDatePart(date, interval->unit);
+}
+
+void Writer::writeIIf(const Expression &call)
+{
+    m_text += u"IIF("_s;
+    writeCondition(*call.operands[0]);
+    writeAround(u", ", *call.operands[1], call.type, u", ");
+    writeAround({}, *call.operands[2], call.type, u")");
+}
+
+void Writer::writeNz(const Expression &call)
+{
+    if (call.operands.size() > 1)
+        return writeList(u"COALESCE(", call, {call.type, call.type});
+    writeAround(u"COALESCE(", *call.operands[0], call.type,
+                isNumber(call.type) ? u", 0)" : u", '')");
 }
 
 void Writer::writeCStr(const Expression &value)
