@@ -21,8 +21,8 @@ namespace {
 struct Result
 {
     std::shared_ptr<const RowData> rows;
-    qint64 changed = 0;
-    qint64 key = 0;
+    qint64 changed{};
+    qint64 key{};
 };
 
 /// An unknown name may be one that another program has just added.

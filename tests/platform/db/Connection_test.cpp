@@ -1,4 +1,5 @@
 #include "platform/db/Connection.h"
+#include "platform/db/ReadOnlyConnection.h"
 
 #include "platform/db/TestDatabase.h"
 #include "support/Raised.h"
@@ -104,6 +105,24 @@ TEST_F(Connection, ErrorsCarryTheStatementAndTheSystemsNumbers)
     EXPECT_TRUE(raisedBy([&] { data.Execute(u"Create table TBLPART (a integer)"_s); })
                     .description()
                     .startsWith(u"Table"_s));
+}
+
+TEST_F(Connection, OneThatOnlyReadsRefusesTheRest)
+{
+    addPart(u"A"_s, 1, 1);
+    db::ReadOnlyConnection reading(database.target());
+    EXPECT_EQ(reading.Open(u"Select PartID from tblPart where Quantity = ?"_s, {1}).RecordCount(),
+              1);
+    for (const auto &[statement, number] :
+         {std::pair(u"Delete from tblPart"_s, ErrorNumber::ReadOnly),
+          {u"Create table tblNew (a integer)"_s, ErrorNumber::ReadOnly},
+          {u"Select from"_s, ErrorNumber::Syntax}}) {
+        const auto error =
+            raisedBy<db::DbError>([&, &statement = statement] { (void)reading.Open(statement); });
+        EXPECT_EQ(error.number(), number) << qPrintable(statement);
+        EXPECT_EQ(error.statement(), statement);
+    }
+    EXPECT_EQ(count(u"tblPart"_s), 1);
 }
 
 TEST_F(Connection, AFailureLeavesTheConnectionUsable)

@@ -85,9 +85,12 @@ TEST(Recordset, WrongPlacesRaiseErrors)
     EXPECT_EQ(errorOf([&] { (void)rs.value(4, 0); }), base::ErrorNumber::NoCurrentRow);
     EXPECT_EQ(errorOf([&] { (void)rs.value(-1, 0); }), base::ErrorNumber::NoCurrentRow);
     EXPECT_EQ(errorOf([&] { (void)rs.isNull(0, 6); }), base::ErrorNumber::NoSuchItem);
-    EXPECT_EQ(errorOf([&] { (void)rs.columnName(-1); }), base::ErrorNumber::NoSuchItem);
-    EXPECT_EQ(errorOf([&] { (void)rs.columnKind(6); }), base::ErrorNumber::NoSuchItem);
-    EXPECT_EQ(errorOf([&] { (void)rs.row(0)[6]; }), base::ErrorNumber::NoSuchItem);
+    for (const int column : {-1, 6}) {
+        EXPECT_EQ(errorOf([&] { (void)rs.columnName(column); }), base::ErrorNumber::NoSuchItem);
+        EXPECT_EQ(errorOf([&] { (void)rs.columnKind(column); }), base::ErrorNumber::NoSuchItem);
+        EXPECT_EQ(errorOf([&] { (void)rs.value(0, column); }), base::ErrorNumber::NoSuchItem);
+        EXPECT_EQ(errorOf([&] { (void)rs.row(0)[column]; }), base::ErrorNumber::NoSuchItem);
+    }
     EXPECT_EQ(errorOf([&] { (void)rs[u"UnitNo"]; }), base::ErrorNumber::NoSuchItem);
 }
 
@@ -297,7 +300,9 @@ TEST(FitsPattern, KnowsItsSigns)
         Case{u"a1", u"a#", true}, Case{u"ax", u"a#", false}, Case{u"a#", u"a#", false},
         Case{u"b2", u"[a-c]#", true}, Case{u"B2", u"[a-c]#", true}, Case{u"d2", u"[a-c]#", false},
         Case{u"d2", u"[!a-c]#", true}, Case{u"a*", u"a[*]", true}, Case{u"ab", u"a[*]", false},
-        Case{u"a[b", u"a[b", true}, Case{u"x-y", u"x[-]y", true},
+        Case{u"a", u"[a-c]", true}, Case{u"c", u"[a-c]", true}, Case{u"-", u"[a-]", true},
+        Case{u"0", u"#", true}, Case{u"9", u"#", true}, Case{u"/", u"#", false},
+        Case{u":", u"#", false}, Case{u"a[b", u"a[b", true}, Case{u"x-y", u"x[-]y", true},
         Case{u"mississippi", u"*iss*ppi", true}, Case{u"mississippi", u"*iss*ppo", false}};
     for (const Case &c : cases) {
         EXPECT_EQ(db::fitsPattern(c.text, c.pattern), c.fits)

@@ -155,6 +155,11 @@ TEST(StatementCache, DropsWhatWasUsedLongestAgo)
     EXPECT_EQ(cache.planCount(), db::StatementCache::MaximumPlans);
     EXPECT_FALSE(cache.shape(u"0"_s).plans.empty());
     EXPECT_TRUE(cache.shape(u"1"_s).plans.empty());
+    // Texts without a plan don't heap up either.
+    for (int i = 0; i < 3 * db::StatementCache::MaximumPlans; ++i)
+        (void)cache.shape(u"strange %1"_s.arg(i));
+    EXPECT_TRUE(cache.shape(u"0"_s).plans.empty());
+    EXPECT_EQ(cache.planCount(), 0);
 }
 
 TEST(StatementCache, KeepsAFewPlansOfOneShapeByTheirFixedLiterals)

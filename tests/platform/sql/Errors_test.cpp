@@ -82,6 +82,30 @@ TEST(Errors, WhatCanNotBeRead)
                   Number::Syntax);
 }
 
+TEST(Errors, FunctionsTakeTheirNumberOfArguments)
+{
+    QStringList calls =
+        u"Left(1)|Left(1,2,3)|Right(1)|Right(1,2,3)|Mid(1)|Mid(1,2,3,4)|InStr(1)|"
+        "InStr(1,2,3,4)|Replace(1,2)|Replace(1,2,3,4)|Nz()|Nz(1,2,3)|Round()|Round(1,2,3)|"
+        "IIf(1,2)|IIf(1,2,3,4)|Switch(1)|Format(1)|Format(1,2,3)|DateAdd('d',1)|"
+        "DateAdd('d',1,2,3)|DateDiff('d',1)|DateDiff('d',1,2,3)|DatePart('d')|"
+        "DatePart('d',1,2)|DateSerial(1,2)|DateSerial(1,2,3,4)|Now(1)|Date(1)|Time(1)"_s.split(
+            u'|');
+    for (const QString &name :
+         u"Abs Avg CBool CByte CCur CDate CDbl Chr CInt CLng Count CSng CStr CVDate "
+         "DateValue Day First Fix Hour Int IsNull Last LCase Len LTrim Max Min Minute "
+         "Month RTrim Second Sgn Space Sqr Sum Trim UCase Val Weekday Year"_s.split(u' '))
+        calls += {name + u"()"_s, name + u"(1,2)"_s};
+    for (const QString &call : calls) {
+        const base::Error error = raisedBy([&] {
+            (void)sql::translate(u"select %1 from Machine"_s.arg(call), test::machineSchema());
+        });
+        EXPECT_EQ(error.number(), Number::Syntax) << qPrintable(call) << error.what();
+        EXPECT_TRUE(error.description().contains(call.section(u'(', 0, 0), Qt::CaseInsensitive))
+            << error.what();
+    }
+}
+
 TEST(Errors, KindsThatDoNotGoTogether)
 {
     expectRefused({{"select Hours + 'abc' from Machine", "abc"},

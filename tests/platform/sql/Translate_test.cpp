@@ -87,6 +87,8 @@ select max(Hours) as Hours from Machine group by Name order by Hours
   SELECT MAX("Machine"."Hours") AS "Hours" FROM "Machine" GROUP BY "Machine"."Name" ORDER BY 1
 select count(*) as n from Machine group by Hours*2 having Hours*2>5
   SELECT COUNT(*) AS "n" FROM "Machine" GROUP BY ("Hours" * 2) HAVING ("Hours" * 2) > 5
+select Name from Machine group by Name having count(*)>5
+  SELECT "Name" FROM "Machine" GROUP BY "Name" HAVING COUNT(*) > CAST(? AS DOUBLE PRECISION)
 select Switch(Name='a','x',Name='b','yy') as s, IIf(Sold,'',Name) as i from Machine
   SELECT CASE WHEN "Name" = 'a' THEN CAST('x' AS VARCHAR(1)) WHEN "Name" = 'b' THEN CAST('yy' AS VARCHAR(2)) END AS "s", IIF("Sold" <> 0, CAST('' AS VARCHAR(1)), "Name") AS "i" FROM "Machine"
 )x");
@@ -131,6 +133,16 @@ select m.Id from Machine m left join Job j on m.Id=j.Machine where m.Name like '
   SELECT "m"."Id" FROM "Machine" "m" LEFT JOIN "Job" "j" ON "m"."Id" = "j"."Machine" WHERE "m"."Name" LIKE CAST(? AS VARCHAR(1000)) ESCAPE '\'
 select m.Id from (Machine m left join Job j on m.Id=j.Machine) left join Part p on p.Job=j.JobNo where p.Spare
   SELECT "m"."Id" FROM ("Machine" "m" JOIN "Job" "j" ON "m"."Id" = "j"."Machine") JOIN "Part" "p" ON "p"."Job" = "j"."JobNo" WHERE "p"."Spare" <> 0
+select m.Id from Machine m left join (Job j inner join Part p on p.Job=j.JobNo) on m.Id=j.Machine where m.Sold
+  SELECT "m"."Id" FROM "Machine" "m" LEFT JOIN ("Job" "j" JOIN "Part" "p" ON "p"."Job" = "j"."JobNo") ON "m"."Id" = "j"."Machine" WHERE "m"."Sold" <> 0
+select m.Id from Machine m left join (Job j inner join Part p on p.Job=j.JobNo) on m.Id=j.Machine where p.Spare and j.Done
+  SELECT "m"."Id" FROM "Machine" "m" JOIN ("Job" "j" JOIN "Part" "p" ON "p"."Job" = "j"."JobNo") ON "m"."Id" = "j"."Machine" WHERE "p"."Spare" <> 0 AND "j"."Done" <> 0
+select m.Id from Machine m left join Job j on m.Id=j.Machine where not (j.Due is null or j.Done)
+  SELECT "m"."Id" FROM "Machine" "m" LEFT JOIN "Job" "j" ON "m"."Id" = "j"."Machine" WHERE NOT ("j"."Due" IS NULL OR "j"."Done" <> 0)
+select m.Id from Machine m left join Job j on m.Id=j.Machine where j.Due between m.Added and m.Bought or j.JobNo in (1,2)
+  SELECT "m"."Id" FROM "Machine" "m" LEFT JOIN "Job" "j" ON "m"."Id" = "j"."Machine" WHERE "j"."Due" BETWEEN "m"."Added" AND "m"."Bought" OR "j"."JobNo" IN (CAST(? AS DOUBLE PRECISION), CAST(? AS DOUBLE PRECISION))
+select Id from Job right join Machine on Id=Machine where Sold
+  SELECT "Machine"."Id" FROM "Job" RIGHT JOIN "Machine" ON "Machine"."Id" = "Job"."Machine" WHERE "Machine"."Sold" <> 0
 select Id from Job right join Machine on Id=Machine where Due is not null
   SELECT "Machine"."Id" FROM "Job" JOIN "Machine" ON "Machine"."Id" = "Job"."Machine" WHERE "Job"."Due" IS NOT NULL
 delete from Part where not Job in (select JobNo from Machine left join Job on Id=Machine where JobNo in (1))
