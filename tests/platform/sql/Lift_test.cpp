@@ -66,8 +66,11 @@ TEST(Lift, NumbersOfAllForms)
         literalsOf(u"1 .5 5. 1.5e3 1E-2 007 999999999999999999"_s),
         (QVariantList{qint64(1), 0.5, 5.0, 1500.0, 0.01, qint64(7), qint64(999999999999999999)}));
     EXPECT_EQ(literalsOf(u"9999999999999999999"_s), (QVariantList{1e19}));
-    // A point between names parts them.
-    EXPECT_TRUE(literalsOf(u"t.a"_s).isEmpty());
+    // A point between names parts them, and an exponent needs a digit.
+    EXPECT_EQ(literalsOf(u"t.a .5 t.5 [t].5"_s), (QVariantList{0.5, qint64(5), qint64(5)}));
+    EXPECT_EQ(literalsOf(u"1e+2 3e 4e- 5ex"_s),
+              (QVariantList{100.0, qint64(3), qint64(4), qint64(5)}));
+    EXPECT_EQ(sql::tokensOf(u"az ZA _z A$9 é < <= <> > >= != =").size(), 13U);
 }
 
 TEST(Lift, TextThatCannotBeCutRaisesASyntaxError)

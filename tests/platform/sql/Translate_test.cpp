@@ -61,6 +61,8 @@ select p.*, Due from Part p, Job
   SELECT "p".*, "Job"."Due" FROM "Part" "p", "Job"
 select *, 1 as one from Part
   SELECT "Part"."Code", "Part"."Job", "Part"."Quantity", "Part"."Spare", 1 AS "one" FROM "Part"
+select distinctrow Name from Machine order by Name asc
+  SELECT DISTINCT "Name" FROM "Machine" ORDER BY 1
 select max(Id), 'a' from Machine
   SELECT MAX("Id") AS "Expr1000", CAST('a' AS VARCHAR(1)) AS "Expr1001" FROM "Machine"
 select 1 as one
@@ -120,6 +122,29 @@ delete Part.* from Part
 )x");
 }
 
+TEST(Translate, AConditionNeedsTheRightSideWhereNullPassesThroughIt)
+{
+    QStringList needing =
+        u"-j.JobNo < 1|j.JobNo + 1 = 2|j.Code like 'a'|j.Due between m.Added and m.Bought|"
+        "j.JobNo in (1, 2)|j.JobNo in (select Job from Part)|j.Due is not null|j.Done"_s.split(
+            u'|');
+    for (const QString &call :
+         u"Abs(j.JobNo) CDbl(j.Code) CInt(j.Code) CStr(j.JobNo) CDate(j.Due) Day(j.Due) "
+         "Fix(j.JobNo) Hour(j.Due) Int(j.JobNo) LCase(j.Code) Len(j.Code) Minute(j.Due) "
+         "Month(j.Due) Trim(j.Code) UCase(j.Code) Year(j.Due)"_s.split(u' '))
+        needing += call + u" = '5'"_s;
+    const QStringList others =
+        u"j.Code & 'x' = 'x'|Nz(j.JobNo) = 0|j.Due is null|m.Id = 1|j.JobNo not in "
+        "(select Job from Part)|IIf(j.Done, 1, 2) = 2|not j.Done"_s.split(u'|');
+    for (const QString &condition : needing + others)
+        EXPECT_EQ(
+            planOf(u"select m.Id from Machine m left join Job j on m.Id = j.Machine where "_s +
+                   condition)
+                .text.contains(u" LEFT JOIN "_s),
+            others.contains(condition))
+            << qPrintable(condition);
+}
+
 TEST(Translate, OuterJoinsBecomeInnerWhereTheRightSideHasToBe)
 {
     expectStatements(R"x(
@@ -141,6 +166,8 @@ select m.Id from Machine m left join Job j on m.Id=j.Machine where not (j.Due is
   SELECT "m"."Id" FROM "Machine" "m" LEFT JOIN "Job" "j" ON "m"."Id" = "j"."Machine" WHERE NOT ("j"."Due" IS NULL OR "j"."Done" <> 0)
 select m.Id from Machine m left join Job j on m.Id=j.Machine where j.Due between m.Added and m.Bought or j.JobNo in (1,2)
   SELECT "m"."Id" FROM "Machine" "m" LEFT JOIN "Job" "j" ON "m"."Id" = "j"."Machine" WHERE "j"."Due" BETWEEN "m"."Added" AND "m"."Bought" OR "j"."JobNo" IN (CAST(? AS DOUBLE PRECISION), CAST(? AS DOUBLE PRECISION))
+select m.Id from Machine m full outer join Job j on m.Id=j.Machine where j.Done and m.Sold=Off and m.Id!=2
+  SELECT "m"."Id" FROM "Machine" "m" FULL JOIN "Job" "j" ON "m"."Id" = "j"."Machine" WHERE "j"."Done" <> 0 AND "m"."Sold" = 0 AND "m"."Id" <> CAST(? AS DOUBLE PRECISION)
 select Id from Job right join Machine on Id=Machine where Sold
   SELECT "Machine"."Id" FROM "Job" RIGHT JOIN "Machine" ON "Machine"."Id" = "Job"."Machine" WHERE "Machine"."Sold" <> 0
 select Id from Job right join Machine on Id=Machine where Due is not null
