@@ -242,7 +242,7 @@ private:
     void (*m_formerHandler)(int) = nullptr;
 };
 
-TEST_F(Export, AFullDiskIsToldAndLeavesTheFormerFile)
+TEST_F(Export, AFullDiskIsToldAndLeavesTheFormerFileAsCancellingDoes)
 {
     QList<QVariantList> many;
     for (int row = 0; row < 3000; ++row)
@@ -256,6 +256,11 @@ TEST_F(Export, AFullDiskIsToldAndLeavesTheFormerFile)
             (void)exportReport(partsLayout(), rows, {}, path, *exportFormat(path));
         });
         EXPECT_THAT(error.what(), testing::HasSubstr("can't be written")) << ending.toStdString();
+        EXPECT_EQ(test::readFile(path), "former");
+        Inputs cancelled;
+        cancelled.isCancelled = [asked = 0]() mutable { return ++asked > 3; };
+        EXPECT_TRUE(
+            exportReport(partsLayout(), rows, cancelled, path, *exportFormat(path)).stopped);
         EXPECT_EQ(test::readFile(path), "former");
     }
     EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files).size(), 4) << "no half file stays";

@@ -7,17 +7,21 @@
 
 #include "ReportRows.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPrinter>
+#include <QPrinterInfo>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 #include <atomic>
 #include <gmock/gmock.h>
@@ -255,6 +259,23 @@ TEST_F(Viewer, PrintsTheChosenPages)
     EXPECT_FALSE(m_viewer.print());
 }
 
+TEST(PrintPages, EndWhenTheyAreCancelled)
+{
+    PageStore pages;
+    for (int number = 1; number <= 3; ++number)
+        pages.append(Page{number, {}});
+    const QTemporaryDir folder;
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(folder.filePath(u"printed.pdf"_s));
+    int printed = 0;
+    EXPECT_EQ(
+        printPages(
+            printer, pages, [&](int done, int) { printed = done; }, [&] { return printed == 2; }),
+        Printed::Cancelled);
+    EXPECT_EQ(printed, 2);
+}
+
 TEST_F(Viewer, ShowsTheFirstPageWhileTheRestIsLaidOut)
 {
     const auto held = std::make_shared<HeldRows>(1200, 30);
@@ -290,6 +311,45 @@ TEST_F(Viewer, CancelKeepsThePagesThatAreThere)
     m_viewer.setReport(machines(), rows(5), {});
     EXPECT_EQ(pageText(), "1 of 1");
     m_viewer.setReport(machines(), std::make_shared<HeldRows>(100'000, 0), {});
+}
+
+TEST_F(Viewer, WaitingAndWritingCanBeCancelled)
+{
+    const QTemporaryDir folder;
+    const QString csv = folder.filePath(u"machines.csv"_s);
+    m_viewer.setPrinterChooser([](QPrinter &, int, QWidget *) {
+        ADD_FAILURE() << "nobody waited for the pages";
+        return false;
+    });
+    QTimer presser;
+    int pressed = 0;
+    QObject::connect(&presser, &QTimer::timeout, &presser, [&pressed] {
+        const QWidget *box = QApplication::activeModalWidget();
+        auto *button = box ? box->findChild<QPushButton *>(u"cmdCancel"_s) : nullptr;
+        if (!button || !button->isEnabled())
+            return;
+        ++pressed;
+        button->click();
+    });
+    presser.start(20);
+    m_viewer.setReport(machines(), std::make_shared<HeldRows>(100'000, 30), {});
+    EXPECT_FALSE(m_viewer.print());
+    EXPECT_TRUE(m_viewer.isLayingOut()) << "only the waiting ends";
+    m_viewer.cancelLayout();
+    m_prompts.expectChooser(u"Export"_s, csv);
+    EXPECT_FALSE(m_viewer.exportToFile());
+    EXPECT_EQ(pressed, 2);
+    EXPECT_FALSE(QFile::exists(csv));
+}
+
+TEST_F(Viewer, WithoutAnyPrinterSaysSo)
+{
+    if (!QPrinterInfo::availablePrinterNames().isEmpty())
+        GTEST_SKIP() << "there is a printer";
+    m_prompts.expect(u"There is no printer on this computer. The report can be exported to a PDF "
+                     "file and printed elsewhere."_s,
+                     base::Prompts::Icon::Information);
+    EXPECT_FALSE(m_viewer.print());
 }
 
 TEST_F(Viewer, TheTotalOfPagesComesLater)

@@ -1,6 +1,7 @@
 #include "platform/report/paginate/PagesAhead.h"
 
 #include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
@@ -12,6 +13,8 @@ namespace {
 
 /// Enough that neither side waits for the other, and little memory.
 constexpr std::size_t MostPagesWaiting = 32;
+/// While no page comes, so often the caller is told how far it is, and asked whether to go on.
+constexpr std::chrono::milliseconds Patience(50);
 
 /// Pages on their way from one thread to the other.
 class PageQueue
@@ -29,17 +32,24 @@ public:
         return true;
     }
 
-    /// Waits for one; nothing when there will be no more.
+    /// Waits for one, but not for long.
     std::optional<Page> take()
     {
         std::unique_lock lock(m_mutex);
-        m_changed.wait(lock, [this] { return !m_pages.empty() || m_isEnded; });
+        m_changed.wait_for(lock, Patience, [this] { return !m_pages.empty() || m_isEnded; });
         if (m_pages.empty())
             return std::nullopt;
         Page page = std::move(m_pages.front());
         m_pages.pop_front();
         m_changed.notify_all();
         return page;
+    }
+
+    /// True when there are none and will be no more.
+    [[nodiscard]] bool isEmpty() const
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_pages.empty() && m_isEnded;
     }
 
     /// No more come.
@@ -55,7 +65,7 @@ private:
         m_changed.notify_all();
     }
 
-    std::mutex m_mutex;
+    mutable std::mutex m_mutex;
     std::condition_variable m_changed;
     std::deque<Page> m_pages;
     bool m_isEnded = false;
@@ -134,10 +144,11 @@ Outcome paginateAhead(const Layout &layout, const DataSource &rows, const Inputs
     PageQueue queue;
     Maker maker(layout, rows, inputs, queue);
     int taken = 0;
-    while (std::optional<Page> page = queue.take()) {
-        ++taken;
+    while (!queue.isEmpty()) {
+        std::optional<Page> page = queue.take();
         maker.tell(inputs.progress);
-        if (!sink(std::move(*page)) || (inputs.isCancelled && inputs.isCancelled())) {
+        taken += page ? 1 : 0;
+        if ((page && !sink(std::move(*page))) || (inputs.isCancelled && inputs.isCancelled())) {
             maker.stop();
             Outcome outcome;
             outcome.pages = taken;

@@ -22,7 +22,10 @@ public:
         placeAll(m_report.reportFooter);
     }
 
-    [[nodiscard]] bool isStopped() const override { return m_stopped; }
+    [[nodiscard]] bool isStopped() const override
+    {
+        return m_stopped || (m_inputs.isCancelled && m_inputs.isCancelled());
+    }
 
 private:
     void place(const compiled::Band &band) override

@@ -115,6 +115,8 @@ Outcome writeCsv(const Layout &layout, const DataSource &rows, const Inputs &inp
     Lines lines(layout, file);
     Outcome outcome =
         tabulate(layout, rows, inputs, [&](const TableBand &band) { return lines.take(band); });
+    if (outcome.stopped)
+        return outcome;
     lines.flush();
     lines.writeGrids();
     file.finish();

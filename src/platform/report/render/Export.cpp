@@ -31,7 +31,8 @@ Outcome writePages(const Layout &layout, const DataSource &rows, const Inputs &i
         file.add(page);
         return true;
     });
-    file.finish();
+    if (!outcome.stopped)
+        file.finish();
     return outcome;
 }
 

@@ -64,10 +64,12 @@ public:
     Sheet(const Sheet &) = delete;
     Sheet &operator=(const Sheet &) = delete;
 
+    [[nodiscard]] bool isFull() const { return m_row >= MaximumRows; }
+
     /// False when the sheet is full.
     bool take(const TableBand &band)
     {
-        if (m_row >= MaximumRows)
+        if (isFull())
             return false;
         if (!m_headIsFrozen && band.band->kind != BandKind::ReportHeader &&
             band.band->kind != BandKind::PageHeader) {
@@ -260,8 +262,12 @@ Outcome writeSpreadsheet(const Layout &layout, const DataSource &rows, const Inp
     Sheet sheet(layout);
     Outcome outcome =
         tabulate(layout, rows, inputs, [&](const TableBand &band) { return sheet.take(band); });
-    if (outcome.stopped)
+    if (sheet.isFull()) {
         outcome.problems.append(u"The report has more rows than a spreadsheet can hold."_s);
+        outcome.stopped = false;
+    }
+    if (outcome.stopped)
+        return outcome;
     sheet.close(file);
     return outcome;
 }

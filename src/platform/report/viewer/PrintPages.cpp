@@ -1,12 +1,17 @@
 #include "platform/report/viewer/PrintPages.h"
 
+#include "platform/base/Prompts.h"
 #include "platform/report/render/PagePainter.h"
 
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QPrinterInfo>
 
 namespace report {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double UnitsPerInch = 2540;
@@ -26,9 +31,13 @@ Range rangeOf(const QPrinter &printer, int pages)
 
 } // namespace
 
-// Where there is no printer the print window still offers to print into a file.
 bool choosePrinter(QPrinter &printer, int pages, QWidget *parent)
 {
+    if (QPrinterInfo::availablePrinterNames().isEmpty()) {
+        base::showInformation(u"There is no printer on this computer. The report can be exported "
+                              "to a PDF file and printed elsewhere."_s);
+        return false;
+    }
     QPrintDialog dialog(&printer, parent);
     dialog.setMinMax(1, qMax(1, pages));
     dialog.setFromTo(1, qMax(1, pages));
@@ -47,11 +56,12 @@ void setUpPrinter(QPrinter &printer, const PageSetup &page, const QString &title
     printer.setDocName(title);
 }
 
-bool printPages(QPrinter &printer, const PageStore &pages, const base::Progress &progress)
+Printed printPages(QPrinter &printer, const PageStore &pages, const base::Progress &progress,
+                   const std::function<bool()> &isCancelled)
 {
     QPainter painter;
     if (pages.count() == 0 || !painter.begin(&printer))
-        return false;
+        return Printed::Refused;
     PagePainter pagePainter;
     const Range range = rangeOf(printer, pages.count());
     // Where the printer makes no copies by itself, they are printed one after another.
@@ -60,8 +70,12 @@ bool printPages(QPrinter &printer, const PageStore &pages, const base::Progress 
     int printed = 0;
     for (int copy = 0; copy < copies; ++copy) {
         for (int index = range.first; index <= range.last; ++index) {
+            if (isCancelled && isCancelled()) {
+                printer.abort();
+                return Printed::Cancelled;
+            }
             if (printed > 0 && !printer.newPage())
-                return false;
+                return Printed::Refused;
             painter.save();
             painter.scale(printer.logicalDpiX() / UnitsPerInch,
                           printer.logicalDpiY() / UnitsPerInch);
@@ -72,7 +86,8 @@ bool printPages(QPrinter &printer, const PageStore &pages, const base::Progress 
                 progress(printed, sheets);
         }
     }
-    return painter.end() && printer.printerState() != QPrinter::Error;
+    return painter.end() && printer.printerState() != QPrinter::Error ? Printed::Whole
+                                                                      : Printed::Refused;
 }
 
 } // namespace report

@@ -11,15 +11,18 @@ class QWidget;
 
 namespace report {
 
-/// Lets the user choose the printer, copies and pages out of so many; False when cancelled.
+/// Lets the user choose the printer, copies and pages out of so many; False when cancelled, or when
+/// there is none, which is told.
 using PrinterChooser = std::function<bool(QPrinter &printer, int pages, QWidget *parent)>;
 /// The system's print window.
 [[nodiscard]] bool choosePrinter(QPrinter &printer, int pages, QWidget *parent);
 
 /// Sets a printer to a layout's paper, edge to edge: the layout has its own margins.
 void setUpPrinter(QPrinter &printer, const PageSetup &page, const QString &title);
-/// Prints the pages of the printer's range. False when the printer refuses.
-[[nodiscard]] bool printPages(QPrinter &printer, const PageStore &pages,
-                              const base::Progress &progress = {});
+enum class Printed { Whole, Cancelled, Refused };
+/// Prints the pages of the printer's range, and no more of them once isCancelled says so.
+[[nodiscard]] Printed printPages(QPrinter &printer, const PageStore &pages,
+                                 const base::Progress &progress = {},
+                                 const std::function<bool()> &isCancelled = {});
 
 } // namespace report

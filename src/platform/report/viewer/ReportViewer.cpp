@@ -1,21 +1,15 @@
 #include "platform/report/viewer/ReportViewer.h"
 
-#include "platform/base/Error.h"
 #include "platform/base/Prompts.h"
-#include "platform/input/ProgressBox.h"
-#include "platform/report/render/Export.h"
 #include "platform/report/viewer/PageView.h"
 #include "platform/report/viewer/Thumbnails.h"
+#include "platform/report/viewer/WaitCursor.h"
 
-#include <QDir>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPrinter>
 #include <QSignalBlocker>
 #include <QSpinBox>
-#include <QTemporaryDir>
 #include <QToolButton>
 
 namespace report {
@@ -23,19 +17,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// So long the caller waits for a report to be whole.
-constexpr std::chrono::milliseconds ShortWait(300);
-/// Between two looks for new pages.
-constexpr std::chrono::milliseconds NewsInterval(60);
-
-class WaitCursor
-{
-public:
-    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor &) = delete;
-    WaitCursor &operator=(const WaitCursor &) = delete;
-};
+/// So long the caller waits for a report to be whole, so that a short one is shown at once.
+constexpr std::chrono::milliseconds ShortWait(150);
 
 } // namespace
 
@@ -142,13 +125,6 @@ void ReportViewer::showRemarks()
     base::showInformation(m_outcome.problems.join(u'\n'));
 }
 
-Inputs ReportViewer::inputsTelling(input::ProgressBox &box) const
-{
-    Inputs inputs = m_inputs;
-    inputs.progress = box.progress();
-    return inputs;
-}
-
 void ReportViewer::clear()
 {
     m_maker.reset();
@@ -171,86 +147,6 @@ void ReportViewer::setZoom(int percent)
 {
     m_view->setZoom(percent);
     showZoom();
-}
-
-bool ReportViewer::print()
-{
-    if (m_pages.count() == 0)
-        return false;
-    if (m_maker)
-        finishLayout();
-    QPrinter printer(QPrinter::HighResolution);
-    setUpPrinter(printer, m_layout.page, m_layout.title);
-    if (!m_choosePrinter(printer, m_pages.count(), this))
-        return false;
-    const bool printed = [&] {
-        const WaitCursor wait;
-        input::ProgressBox box(u"Printing..."_s, this);
-        return printPages(printer, m_pages, box.progress());
-    }();
-    if (!printed)
-        base::showCritical(u"The report could not be printed."_s);
-    return printed;
-}
-
-bool ReportViewer::exportToFile()
-{
-    if (!m_rows)
-        return false;
-    const QString name = m_layout.title.isEmpty() ? u"Report"_s : m_layout.title;
-    const QString path =
-        base::prompts().chooseSaveFile(u"Export"_s, exportFilters(), name + u".pdf"_s);
-    if (path.isEmpty())
-        return false;
-    const auto format = exportFormat(path);
-    if (!format) {
-        base::showMessage(
-            u"The file's name has to end in .pdf, .xlsx, .csv or .html, which tells its form."_s);
-        return false;
-    }
-    return writeReport(path, *format);
-}
-
-bool ReportViewer::writeReport(const QString &path, ExportFormat format)
-{
-    try {
-        const WaitCursor wait;
-        input::ProgressBox box(u"Writing the file..."_s, this);
-        (void)exportReport(m_layout, *m_rows, inputsTelling(box), path, format);
-    } catch (const base::Error &error) {
-        base::showCritical(error.description());
-        return false;
-    }
-    return true;
-}
-
-void ReportViewer::setMailer(Mailer mailer)
-{
-    m_mailer = std::move(mailer);
-    m_mail->setVisible(static_cast<bool>(m_mailer));
-}
-
-bool ReportViewer::sendByMail()
-{
-    if (!m_rows || !m_mailer)
-        return false;
-    // The mail program reads the file when it likes, maybe after this window is closed.
-    static const QTemporaryDir folder(QDir::temp().filePath(u"report-XXXXXX"_s));
-    static int number = 0;
-    QString name = m_layout.title.isEmpty() ? u"Report"_s : m_layout.title;
-    for (QChar &letter : name)
-        if (!letter.isLetterOrNumber() && letter != u' ' && letter != u'-')
-            letter = u'_';
-    const QDir own(folder.filePath(QString::number(++number)));
-    const QString path = own.filePath(name + u".pdf"_s);
-    if (!own.mkpath(u"."_s)) {
-        base::showCritical(u"\"%1\" can't be written."_s.arg(QDir::toNativeSeparators(path)));
-        return false;
-    }
-    if (!writeReport(path, ExportFormat::Pdf))
-        return false;
-    m_mailer(path);
-    return true;
 }
 
 void ReportViewer::search(bool backward)

@@ -81,6 +81,9 @@ Q_SIGNALS:
     void layoutEnded();
 
 private:
+    /// Between two looks for new pages.
+    static constexpr std::chrono::milliseconds NewsInterval{60};
+
     void takePages();
     void endLayout();
     void showRemarks();
@@ -91,6 +94,7 @@ private:
                            const QString &icon, const QList<QKeySequence> &keys);
     void addZoom(QHBoxLayout *bar);
     void addSearch(QHBoxLayout *bar);
+    [[nodiscard]] bool waitForPages();
     [[nodiscard]] Inputs inputsTelling(input::ProgressBox &box) const;
     void search(bool backward);
     void applyZoomText();
