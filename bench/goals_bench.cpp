@@ -7,7 +7,7 @@
 // rounds, since other programs on the computer don't disturb that; the time by the clock stands
 // behind, for a computer that does nothing else.
 #include "Cycle.h"
-#include "Replay.h"
+#include "Measure.h"
 #include "Start.h"
 #include "app/Screens.h"
 #include "core/Session.h"
@@ -28,182 +28,14 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QTemporaryDir>
-#include <QTimer>
 
 #include <algorithm>
 #include <cstdio>
-#include <optional>
-#include <vector>
-
-namespace {
 
 using namespace Qt::StringLiterals;
+using namespace measure;
 
-constexpr int rounds = 7;
-
-struct Times
-{
-    double processor = 0;
-    double clock = 0;
-};
-
-/// A stopwatch of both.
-class Watch
-{
-public:
-    Watch() { m_timer.start(); }
-    [[nodiscard]] Times read() const
-    {
-        return {static_cast<double>(std::clock() - m_begin) * 1000 / CLOCKS_PER_SEC,
-                static_cast<double>(m_timer.nsecsElapsed()) / 1e6};
-    }
-
-private:
-    std::clock_t m_begin = std::clock();
-    QElapsedTimer m_timer;
-};
-
-/// Ends what is recorded when a window has been pictured: what it stores on closing doesn't count.
-std::function<void()> &pictured()
-{
-    static std::function<void()> ended;
-    return ended;
-}
-
-double median(std::vector<double> values)
-{
-    std::ranges::sort(values);
-    return values[values.size() / 2];
-}
-
-Times median(const std::vector<Times> &all)
-{
-    std::vector<double> processor;
-    std::vector<double> clock;
-    for (const Times &each : all) {
-        processor.push_back(each.processor);
-        clock.push_back(each.clock);
-    }
-    return {median(processor), median(clock)};
-}
-
-void printHead()
-{
-    std::printf("%-44s %-12s %8s %10s %10s %10s\n", "milliseconds of processor time", "company",
-                "goal", "measured", "engine", "by clock");
-}
-
-void print(const char *what, const QString &company, double goal, const Times &times,
-           std::optional<double> bare = {})
-{
-    std::printf("%-44s %-12s %8.0f %10.1f ", what, qPrintable(company), goal, times.processor);
-    if (bare)
-        std::printf("%10.1f ", *bare);
-    else
-        std::printf("%10s ", "-");
-    std::printf("%10.1f%s\n", times.clock, times.processor > goal ? "   over" : "");
-    std::fflush(stdout);
-}
-
-/// A company that is measured, open for as long as this lives.
-class Company
-{
-public:
-    Company(QString name, const QString &file)
-        : m_name(std::move(name))
-    {
-        gsDatabasePath = file;
-        db::Target target = databaseTarget();
-        target.forcedWrites = false;
-        gcnData = std::make_unique<db::Connection>(target);
-        gcnLookup = std::make_unique<db::Connection>(target);
-        m_bare.emplace(target);
-    }
-    ~Company()
-    {
-        m_bare.reset();
-        closeConnections();
-    }
-    Company(const Company &) = delete;
-    Company &operator=(const Company &) = delete;
-
-    [[nodiscard]] const QString &name() const { return m_name; }
-
-    /// What the statements that a job sends take in the engine alone.
-    double bareTimeOf(const std::function<void()> &job)
-    {
-        Recording data(*gcnData);
-        Recording lookup(*gcnLookup);
-        const auto stop = [&] {
-            data.stop();
-            lookup.stop();
-        };
-        pictured() = stop;
-        job();
-        pictured() = {};
-        stop();
-        Replay dataAlone(data, *m_bare);
-        Replay lookupAlone(lookup, *m_bare);
-        std::vector<double> times;
-        for (int round = 0; round < rounds; ++round)
-            times.push_back(cycle::processorTime([&] {
-                dataAlone.run();
-                lookupAlone.run();
-            }));
-        return median(times);
-    }
-
-    /// A job that tells by itself what is to be counted.
-    void measure(const char *what, double goal, const std::function<Times()> &job,
-                 bool withEngine = true)
-    {
-        std::optional<double> bare;
-        if (withEngine)
-            bare = bareTimeOf([&] { (void)job(); });
-        else
-            (void)job();
-        std::vector<Times> times;
-        for (int round = 0; round < rounds; ++round)
-            times.push_back(job());
-        print(what, m_name, goal, median(times), bare);
-    }
-
-private:
-    QString m_name;
-    std::optional<db::engine::Attachment> m_bare;
-};
-
-Times timesOf(const std::function<void()> &job)
-{
-    const Watch watch;
-    job();
-    return watch.read();
-}
-
-/// Opens a modal window, acts in it as soon as it is shown, and closes it.
-void inWindow(const std::function<void()> &open, const std::function<void(QDialog &)> &act)
-{
-    QTimer::singleShot(0, [&] {
-        auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-        act(*dialog);
-        dialog->done(QDialog::Rejected);
-    });
-    open();
-}
-
-/// Up to the first picture.
-Times openingOf(const std::function<void()> &open)
-{
-    const Watch watch;
-    Times times;
-    inWindow(open, [&](QDialog &dialog) {
-        (void)dialog.grab();
-        times = watch.read();
-        if (pictured())
-            pictured()();
-    });
-    return times;
-}
+namespace {
 
 void find(const QString &leftOut = {})
 {
