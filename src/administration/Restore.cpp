@@ -194,6 +194,22 @@ void putScriptBeside()
 
 } // namespace
 
+QString newestCopy()
+{
+    QFileInfo newest;
+    for (const QString &folder :
+         {base::applicationPath(u"\\Data\\Backup"_s), copies::startCopiesFolder()}) {
+        const QFileInfoList files = QDir(folder).entryInfoList({u"*.mdb"_s}, QDir::Files);
+        for (const QFileInfo &file : files) {
+            const QString name = file.completeBaseName();
+            if (!name.startsWith(KeptName) && !name.endsWith(u" damaged") &&
+                (!newest.isFile() || file.lastModified() > newest.lastModified()))
+                newest = file;
+        }
+    }
+    return newest.filePath();
+}
+
 QString temporaryCopy()
 {
     return base::appDataPath(u"\\temp.mdb"_s);

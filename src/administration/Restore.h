@@ -15,6 +15,10 @@ struct Chosen
     QString passphrase; ///< for a sealed one
 };
 
+/// The copy that was made last of those that the program makes by itself; empty without one. What a
+/// restore has put aside and what was found damaged don't count.
+[[nodiscard]] QString newestCopy();
+
 /// Where a chosen file is checked: "\Quorvantis\temp.mdb" under APPDATA.
 [[nodiscard]] QString temporaryCopy();
 

@@ -43,10 +43,10 @@ QHash<QString, Relation> relationsOf(const ZipReader &archive, const QString &fi
         if (part.name() != u"Relationship")
             continue;
         const QString target = part.attribute(u"Target");
-        relations.insert(part.attribute(u"Id"),
-                         {part.attribute(u"Type").section(u'/', -1),
-                          target.startsWith(u'/') ? target.sliced(1)
-                                                  : QDir::cleanPath(folder + target)});
+        relations.insert(
+            part.attribute(u"Id"),
+            {part.attribute(u"Type").section(u'/', -1),
+             target.startsWith(u'/') ? target.sliced(1) : QDir::cleanPath(folder + target)});
     }
     return relations;
 }
@@ -67,8 +67,8 @@ QString readBook(const ZipReader &archive, const QString &file, Workbook &book)
     QString first;
     while (part.nextElement()) {
         if (part.name() == u"workbookPr")
-            book.countsFrom1904 = part.attribute(u"date1904") == u"1" ||
-                                  part.attribute(u"date1904") == u"true";
+            book.countsFrom1904 =
+                part.attribute(u"date1904") == u"1" || part.attribute(u"date1904") == u"true";
         else if (part.name() == u"sheet" && first.isEmpty() &&
                  !part.attribute(u"state").contains(u"hidden", Qt::CaseInsensitive))
             first = part.attribute(u"id");

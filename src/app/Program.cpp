@@ -1,6 +1,7 @@
 #include "app/Program.h"
 
 #include "administration/SecondPlace.h"
+#include "administration/ui/Entries.h"
 #include "app/Screens.h"
 #include "core/Session.h"
 #include "core/StartUp.h"
@@ -79,6 +80,7 @@ int runProgram(QApplication &application, const std::function<void(QWidget &)> &
     StartUpSteps steps;
     steps.PrevInstance = [&] { return !instance.isFirst(); };
     steps.CheckForUpdate = updates::CheckForUpdate;
+    steps.frmRestore = offerRestore;
     steps.UpdateDatabase = [](bool showFailure) { return UpdateDatabase(showFailure); };
     steps.frmLogin = [] {
         letSignalsEndTheProcess();

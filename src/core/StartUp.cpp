@@ -153,6 +153,19 @@ void requireDatabaseFile()
         db::requireWholeDatabase(gsDatabasePath, ownTables);
 }
 
+/// The same; what is lost may be brought back.
+void requireDatabase(const StartUpSteps &Steps)
+{
+    try {
+        requireDatabaseFile();
+    } catch (const base::Error &error) {
+        const bool isLost = error.number() == base::ErrorNumber::FileNotFound ||
+                            error.number() == db::ErrorNumber::NotADatabase;
+        if (!isLost || !Steps.frmRestore || !Steps.frmRestore(error))
+            throw;
+    }
+}
+
 /// True when nobody has to log in, or somebody did. Raises when that can't be read: a damaged
 /// table must not open the program to everybody.
 bool letIn(const StartUpSteps &Steps)
@@ -204,7 +217,7 @@ bool ConnectToDB(const StartUpSteps &Steps)
             told::information(u"Problem in taking backup of Database."_s);
         gsDatabasePath = liveDatabase();
         makeGuid();
-        requireDatabaseFile();
+        requireDatabase(Steps);
         openConnections();
         if (Steps.UpdateDatabase && Steps.UpdateDatabase(true))
             gbDatabaseOutOfDate = true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/Error.h"
 #include "platform/system/OsVersion.h"
 
 #include <QString>
@@ -13,6 +14,9 @@ struct StartUpSteps
     std::function<bool()> PrevInstance;
     /// Looks for a newer release; True when the installer took over and the process is to end.
     std::function<bool()> CheckForUpdate;
+    /// Offers to bring a backup back where the database is missing or is none; True when the start
+    /// is to go on with what was brought back. Without it, or on False, the start ends.
+    std::function<bool(const base::Error &why)> frmRestore;
     /// Brings the schema up to date, telling the user of a failure; True when the user has to run
     /// the update from the menu.
     std::function<bool(bool ShowFailure)> UpdateDatabase;

@@ -26,8 +26,8 @@ QString rowsOf(const QString &file)
             fields.append(field.text);
         lines.append(u"%1 "_s.arg(reader.row()) + fields.join(u'|'));
         if (reader.fault())
-            lines.last() +=
-                u" !%1 "_s.arg(reader.fault()->column) + reader.fault()->sentence.section(u'.', 0, 0);
+            lines.last() += u" !%1 "_s.arg(reader.fault()->column) +
+                            reader.fault()->sentence.section(u'.', 0, 0);
     }
     return lines.join(u'\n');
 }
@@ -93,7 +93,7 @@ TEST_F(Xlsx, EachKindOfCellIsTheTextThatItShows)
          u"shared|two parts|a\tb_x0009_"_s},
         {"<c t='inlineStr'><is><r><t>in </t></r><r><t>line</t></r></is></c>", u"in line"_s},
         {"<c r='C2' t='str'><f>A1</f><v></v></c><c t='d'><v>2024-03-15</v></c>", u"||"
-                                                                              u"|2024-03-15"_s},
+                                                                                 u"|2024-03-15"_s},
         {"<c s='1'><v>45366</v></c><c s='2'><v>45366.999999</v></c><c s='2'><v>0.5</v></c>",
          u"2024-03-15|2024-03-16|12:00:00"_s},
         {"<c s='1'><v>-1</v></c><c s='1'><v>2958466</v></c><c s='1'><v>2958465</v></c>",
@@ -109,12 +109,12 @@ TEST_F(Xlsx, EachKindOfCellIsTheTextThatItShows)
             << row;
     EXPECT_EQ(rowsOf(books.withRows("<row r='3'/><row r='7'><c><v>1</v></c></row>")), u"\n7 1"_s)
         << "no headings";
-    EXPECT_EQ(
-        rowsOf(books.withRows(
-            Heading + "<row><c s='1'><v>0</v></c></row>",
-            {{u"xl/styles.xml"_s, parts[u"xl/styles.xml"_s]},
-             {u"xl/workbook.xml"_s, "<w xmlns:q='q'><workbookPr date1904='1'/><sheet q:id='r1'/></w>"}})),
-        u"Name\n2 1904-01-01"_s);
+    EXPECT_EQ(rowsOf(books.withRows(
+                  Heading + "<row><c s='1'><v>0</v></c></row>",
+                  {{u"xl/styles.xml"_s, parts[u"xl/styles.xml"_s]},
+                   {u"xl/workbook.xml"_s,
+                    "<w xmlns:q='q'><workbookPr date1904='1'/><sheet q:id='r1'/></w>"}})),
+              u"Name\n2 1904-01-01"_s);
 }
 
 TEST_F(Xlsx, APatternTellsWhetherANumberIsADay)
@@ -136,12 +136,26 @@ TEST_F(Xlsx, WhatIsNoWholeSpreadsheetIsRefused)
     const auto cell = [](const QByteArray &xml) { return Heading + "<row>" + xml + "</row>"; };
     const QByteArray blanks(5 << 20, ' ');
     const std::pair<std::function<QString()>, QString> cases[] = {
-        {[&] { return books.zip({{u"tblSite.csv"_s, "x"}}); }, none},
-        {[&] { return books.withRows({}, {{u"_rels/.rels"_s, "<Relationships/>"}}); }, none},
-        {[&] { return books.withRows({}, {{u"xl/workbook.xml"_s, "<workbook/>"}}); }, none},
+        {[&] {
+             return books.zip({{u"tblSite.csv"_s, "x"}});
+         },
+         none},
+        {[&] {
+             return books.withRows({}, {{u"_rels/.rels"_s, "<Relationships/>"}});
+         },
+         none},
+        {[&] {
+             return books.withRows({}, {{u"xl/workbook.xml"_s, "<workbook/>"}});
+         },
+         none},
         {[&] { return books.file({}); }, u"holds no \"xl/sheets/mine.xml\"."_s},
-        {[&] { return books.file({{books.sheet(), "<worksheet><sheetData><row>"}}); }, damaged},
-        {[&] { return books.file({{books.sheet(), "<!DOCTYPE a [<!ENTITY b 'c'>]><a>&b;</a>"}}); },
+        {[&] {
+             return books.file({{books.sheet(), "<worksheet><sheetData><row>"}});
+         },
+         damaged},
+        {[&] {
+             return books.file({{books.sheet(), "<!DOCTYPE a [<!ENTITY b 'c'>]><a>&b;</a>"}});
+         },
          damaged},
         {[&] { return books.withRows(cell("<c t='s'><v>0</v></c>")); }, damaged},
         {[&] { return books.withRows(cell("<c r='B2'/><c r='B2'/>")); }, damaged},
@@ -149,27 +163,33 @@ TEST_F(Xlsx, WhatIsNoWholeSpreadsheetIsRefused)
         {[&] { return books.withRows(cell("<c><v>many</v></c>")); }, damaged},
         {[&] { return books.withRows(Heading + "<row r='1'/>"); }, damaged},
         {[&] { return books.withRows(Heading + "<row r='1048577'/>"); }, damaged},
-        {[&] { return books.withRows(cell("<c><v>" + blanks + "</v></c>")); },
-         notRead},
-        {[&] { return books.withRows({}, {{u"xl/texts.xml"_s, "<sst>" + blanks}}); }, notRead},
-        {[&] { return books.withRows({}, {{u"xl/styles.xml"_s, "<s>" + blanks}}); }, notRead},
+        {[&] { return books.withRows(cell("<c><v>" + blanks + "</v></c>")); }, notRead},
         {[&] {
-             return books.withRows({}, {{u"xl/styles.xml"_s,
-                                         "<s>" + QByteArray("<alignment horizontal='left'/>").repeated(600'000) +
-                                             "</s>"}});
+             return books.withRows({}, {{u"xl/texts.xml"_s, "<sst>" + blanks}});
          },
          notRead},
         {[&] {
-             return books.withRows({}, {{u"xl/texts.xml"_s,
-                                         "<sst>" + QByteArray("<si/>").repeated(3'000'001) +
-                                             "</sst>"}});
+             return books.withRows({}, {{u"xl/styles.xml"_s, "<s>" + blanks}});
+         },
+         notRead},
+        {[&] {
+             return books.withRows(
+                 {}, {{u"xl/styles.xml"_s,
+                       "<s>" + QByteArray("<alignment horizontal='left'/>").repeated(600'000) +
+                           "</s>"}});
+         },
+         notRead},
+        {[&] {
+             return books.withRows(
+                 {}, {{u"xl/texts.xml"_s,
+                       "<sst>" + QByteArray("<si/>").repeated(3'000'001) + "</sst>"}});
          },
          notRead},
     };
     for (const auto &[make, why] : cases) {
         const QString told = refusalOf(make());
-        EXPECT_TRUE(told.endsWith(why)) << told.toStdString() << " instead of "
-                                        << why.toStdString();
+        EXPECT_TRUE(told.endsWith(why))
+            << told.toStdString() << " instead of " << why.toStdString();
     }
 }
 
@@ -188,7 +208,8 @@ TEST_F(Xlsx, NoDamageOnTheWayIsTakenForTheTable)
         test::writeFile(path, other);
         EXPECT_NE(refusalOf(path), QString()) << place;
     }
-    for (const qsizetype length : {qsizetype(0), qsizetype(10), bytes.size() / 2, bytes.size() - 1}) {
+    for (const qsizetype length :
+         {qsizetype(0), qsizetype(10), bytes.size() / 2, bytes.size() - 1}) {
         test::writeFile(path, bytes.left(length));
         EXPECT_TRUE(refusalOf(path).endsWith(u"is no zip archive, or is damaged."_s)) << length;
     }

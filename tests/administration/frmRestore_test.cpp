@@ -2,6 +2,7 @@
 #include "administration/Backup.h"
 #include "administration/Restore.h"
 #include "administration/ui/Entries.h"
+#include "core/DailyCopies.h"
 #include "core/database/Changes.h"
 
 using namespace Qt::StringLiterals;
@@ -136,4 +137,52 @@ TEST_F(RestoreScreen, ANewerReleasesBackupIsRefused)
         screen.press("cmdRestore");
     });
     expectWorking(2);
+}
+
+TEST_F(RestoreScreen, IsOfferedAtTheStartWithTheNewestCopy)
+{
+    const base::Error lost(base::ErrorNumber::FileNotFound, u"It is gone."_s);
+    const auto expectOffer = [&](Answer answer) {
+        prompts.expect(
+            u"It is gone.\n\nIf the database lies on another computer or disk, look first whether that is connected. If it is lost, a backup can take its place.\n\nDo you want to restore a backup?"_s,
+            Icon::Question, base::Prompts::Buttons::YesNo, answer);
+    };
+    closeConnections();
+    QFile::remove(gsDatabasePath);
+    expectOffer(Answer::No);
+    EXPECT_FALSE(offerRestore(lost));
+    EXPECT_FALSE(connectionsAreOpen());
+
+    QDir().mkpath(copies::startCopiesFolder());
+    const QString newest = copies::startCopiesFolder() + u"/Quorvantis 2024-03-14.mdb"_s;
+    ASSERT_TRUE(QFile::rename(copy(), newest));
+    db::Connection(target(newest))
+        .Execute(u"Update tblSysOption set itemValue = '100' where SysOption = 'DBVERSION'"_s);
+    const auto put = [](const QString &name, const QDateTime &moment) {
+        test::writeFile(name, "no database");
+        QFile file(name);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(file.setFileTime(moment, QFileDevice::FileModificationTime));
+    };
+    const QDateTime now = QFileInfo(newest).lastModified();
+    put(backups() + u"/Quorvantis101.mdb"_s, now.addDays(-1));
+    put(backups() + u"/Before restore 2024-03-15 093000.mdb"_s, now.addDays(1));
+    put(backups() + u"/Backup_3_15_2024 damaged.mdb"_s, now.addDays(1));
+    expectOffer(Answer::Yes);
+    bool isRestored = false;
+    test::inScreen(
+        [&] { isRestored = offerRestore(lost); },
+        [&](const ScreenDriver &screen) {
+            EXPECT_EQ(screen.text("txtFolderPath"), newest);
+            EXPECT_EQ(shown(screen, "lblNow0"), u"can't be read"_s);
+            prompts.expect(
+                u"Do you want to put the backup in the place of the database?\n\nBackup of %1: machines 1, open work orders 0, posted work orders 0.\nNow: can't be read."_s
+                    .arg(now.toLocalTime().toString(u"MM-dd-yyyy HH:mm"_s)),
+                Icon::Question, base::Prompts::Buttons::YesNo, Answer::Yes);
+            say(u"Restore Database Succesfully"_s);
+            screen.press("cmdRestore");
+            EXPECT_FALSE(screen.isOpen());
+        });
+    EXPECT_TRUE(isRestored);
+    expectWorking(1);
 }

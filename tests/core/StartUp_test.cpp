@@ -297,6 +297,42 @@ TEST_F(StartUp, AMissingDatabaseEndsTheProcess)
     EXPECT_FALSE(connectionsAreOpen());
 }
 
+TEST_F(StartUp, ABackupMayTakeThePlaceOfALostDatabase)
+{
+    for (const char *content : {"", "Dear Sir or Madam"}) {
+        closeConnections();
+        QFile::remove(live());
+        if (*content != 0)
+            test::writeFile(live(), content);
+        course.clear();
+        QString why;
+        bool isWanted = false;
+        steps.frmRestore = [&](const base::Error &error) {
+            why = error.description();
+            if (isWanted) {
+                QFile::remove(live());
+                putDatabase();
+            }
+            return done(u"restore"_s, isWanted);
+        };
+        const QString sentence =
+            *content != 0 ? u"The file is not a database that this program can read: "_s + live()
+                          : u"Could not find file '%1'."_s.arg(live());
+        const int number = *content != 0 ? db::ErrorNumber::NotADatabase : 53;
+        const QString problem = *content != 0 ? sentence : u"File not found: "_s + live();
+        expectBackupProblem(problem, number);
+        expectFailure(sentence, number, u"ConnectToDB"_s);
+        EXPECT_FALSE(Main(steps));
+        EXPECT_EQ(why, sentence);
+        isWanted = true;
+        expectBackupProblem(problem, number);
+        EXPECT_TRUE(Main(steps));
+        EXPECT_EQ(
+            course,
+            u"update instance restore end update instance restore migrate role main"_s.split(u' '));
+    }
+}
+
 TEST_F(StartUp, AFileThatIsNoDatabaseIsLeftAsItIs)
 {
     const QByteArray whole = test::readFile(company.file());

@@ -200,6 +200,15 @@ qint64 Company::reading(qint64 EquipmentID, const QString &meter)
                   {EquipmentID, meter});
 }
 
+QStringList Company::orderNumbers()
+{
+    QStringList numbers;
+    const db::Recordset orders = rows(u"Select WorkorderNo from tblWorkorder"_s);
+    for (int row = 0; row < orders.RecordCount(); ++row)
+        numbers.append(QString::number(orders.row(row).integer(u"WorkorderNo")));
+    return numbers;
+}
+
 QList<qint64> Company::ordersOf(const Machine &machine)
 {
     QList<qint64> orders;

@@ -73,6 +73,8 @@ public:
     [[nodiscard]] Service service(qint64 ServiceUsedID);
     /// Rows of the board: orders that are not complete, and machines with overdue work.
     [[nodiscard]] qint64 openOrders();
+    /// The numbers of all orders that are not posted.
+    [[nodiscard]] QStringList orderNumbers();
     [[nodiscard]] qint64 overdueMachines();
     /// The newest reading of a meter.
     [[nodiscard]] qint64 reading(qint64 EquipmentID, const QString &meter);

@@ -44,6 +44,7 @@ Task Tour::restoreIt()
 {
     const qint64 open = m_company->openOrders();
     const qint64 overdue = m_company->overdueMachines();
+    const QStringList orders = m_company->orderNumbers();
     m_company.reset();
     require(QFile::remove(gsDatabasePath), u"The company's file can't be removed."_s);
     co_await m_hands.chooseEntry(u"mnurestorebackup"_s);
@@ -68,6 +69,12 @@ Task Tour::restoreIt()
     requireBoard();
     see(u"restored"_s,
         u"The board as it was before the loss: %1 work orders are open."_s.arg(open));
+    co_await m_hands.chooseEntry(u"mnuRecordWork"_s);
+    m_hands.requireWindow(u"frmWorkorder"_s);
+    requireList(u"grdRecordWo"_s, u"WorkOrderNo"_s, orders);
+    see(u"restored-orders"_s, u"The same orders as before, read from the restored company."_s);
+    co_await m_hands.press(u"cmdExit"_s);
+    m_hands.requireWindow(u"frmMainScreen"_s);
     QFile::remove(path(BackupName));
     // The program copies the day at its end when nobody else is at work.
     m_company.reset();

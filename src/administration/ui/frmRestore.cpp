@@ -65,8 +65,20 @@ void ShowRestore()
     frmRestore(QApplication::activeWindow()).showModal();
 }
 
-frmRestore::frmRestore(QWidget *parent)
+bool offerRestore(const base::Error &why)
+{
+    if (!base::askYesNo(
+            why.description() +
+            u"\n\nIf the database lies on another computer or disk, look first whether that is connected. If it is lost, a backup can take its place.\n\nDo you want to restore a backup?"_s))
+        return false;
+    frmRestore screen(nullptr, frmRestore::Occasion::Start);
+    screen.showModal();
+    return screen.hasRestored();
+}
+
+frmRestore::frmRestore(QWidget *parent, Occasion occasion)
     : Screen(u"frmRestore"_s, u"Restore a BackUp"_s, parent, StoreWhat::SizeOnly)
+    , m_occasion(occasion)
 {
     buildForm();
     showNow();
@@ -75,6 +87,8 @@ frmRestore::frmRestore(QWidget *parent)
     connect(txtFolderPath, &QLineEdit::textChanged, this, &frmRestore::pathChanged);
     connect(cmdRestore, &QPushButton::clicked, this, &frmRestore::cmdRestore_Click);
     connect(cmdExit, &QPushButton::clicked, this, &frmRestore::unload);
+    if (m_occasion == Occasion::Start)
+        txtFolderPath->setText(QDir::toNativeSeparators(administration::newestCopy()));
 }
 
 void frmRestore::buildForm()
@@ -218,6 +232,19 @@ bool frmRestore::isWanted(const Summary &summary) const
         (m_present ? inOneLine(*m_present) : u": can't be read."_s));
 }
 
+void frmRestore::tell(const administration::Restored &restored) const
+{
+    QString message = u"Restore Database Succesfully"_s;
+    if (!restored.kept.isEmpty())
+        message += u"\n\nThe database that was there before is kept as %1."_s.arg(
+            QDir::toNativeSeparators(restored.kept));
+    // The start that goes on brings it up to date.
+    if (restored.isOlder && m_occasion == Occasion::Menu)
+        message +=
+            u"\n\nThe backup comes from an earlier release. Please close the program and start it again, so that the database is brought up to date."_s;
+    base::showMessage(message);
+}
+
 void frmRestore::cmdBrowse_Click()
 {
     base::trapped(module, "cmdBrowse_Click", [this] {
@@ -252,14 +279,10 @@ void frmRestore::cmdRestore_Click()
             const administration::WaitPointer wait;
             return administration::restoreDatabase(wanted, checked->fingerprint, checked->summary);
         }();
-        QString message = u"Restore Database Succesfully"_s;
-        if (!restored.kept.isEmpty())
-            message += u"\n\nThe database that was there before is kept as %1."_s.arg(
-                QDir::toNativeSeparators(restored.kept));
-        if (restored.isOlder)
-            message +=
-                u"\n\nThe backup comes from an earlier release. Please close the program and start it again, so that the database is brought up to date."_s;
-        base::showMessage(message);
+        m_hasRestored = true;
+        tell(restored);
+        if (m_occasion == Occasion::Start)
+            return unload();
         txtFolderPath->clear();
         showNow();
     });

@@ -16,8 +16,12 @@ class frmRestore : public Screen
     Q_OBJECT
 
 public:
-    explicit frmRestore(QWidget *parent = nullptr);
+    /// From the menu it stays open for the next one; at the start, where there is no database, it
+    /// proposes the newest copy, and closes when one was restored.
+    enum class Occasion { Menu, Start };
+    explicit frmRestore(QWidget *parent = nullptr, Occasion occasion = Occasion::Menu);
 
+    [[nodiscard]] bool hasRestored() const { return m_hasRestored; }
     /// Result: True when the file opens as a whole database that holds tblEquipment.
     void IsValidBackup(const QString &Path, bool &Result) const;
 
@@ -35,6 +39,7 @@ private:
     void showNow();
     void show(const administration::Summary &summary, Column &column);
     void clearChosen();
+    void tell(const administration::Restored &restored) const;
     void pathChanged();
     [[nodiscard]] administration::Chosen chosen() const;
     /// Fetches and checks what was chosen and shows what it holds; tells the user when it can't be
@@ -51,6 +56,8 @@ private:
     void cmdBrowse_Click();
     void cmdRestore_Click();
 
+    Occasion m_occasion;
+    bool m_hasRestored = false;
     QLineEdit *txtFolderPath = nullptr;
     QToolButton *cmdBrowse = nullptr;
     QLineEdit *txtPassphrase = nullptr;
