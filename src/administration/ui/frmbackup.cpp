@@ -57,9 +57,9 @@ void frmbackup::buildForm()
     input::FormBuilder form(this);
     form.beginGroup(u"Backup"_s, u"fraBackup"_s);
     txtFolderPath =
-        form.textField(u"txtFolderPath"_s, u"Please choose a destination for the backup"_s);
+        form.textField(u"txtFolderPath"_s, u"Please choose a &destination for the backup"_s);
     cmdBrowse = form.sideButton(u"cmdBrowse"_s, u"Browse"_s, u"folder"_s);
-    txtFileName = form.textField(u"txtFileName"_s, u"Please choose a name for the backup"_s);
+    txtFileName = form.textField(u"txtFileName"_s, u"Please choose a &name for the backup"_s);
     chkSealed = form.checkBox(u"chkSealed"_s, u"&Protect it with a passphrase"_s);
     txtPassphrase = form.passwordField(u"txtPassphrase"_s, u"P&assphrase"_s);
     txtPassphraseAgain = form.passwordField(u"txtPassphraseAgain"_s, u"Passphrase a&gain"_s);
@@ -72,7 +72,7 @@ void frmbackup::buildForm()
     cmdPlan->setEnabled(openings().isJoined(Options));
     form.endGroup();
     form.stretch();
-    cmdBackup = form.button(u"cmdBackup"_s, u"Process"_s, theme::icon(u"backup"_s));
+    cmdBackup = form.button(u"cmdBackup"_s, u"Pr&ocess"_s, theme::icon(u"backup"_s));
     cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
     form.finish();
     cmdBackup->setDefault(true);

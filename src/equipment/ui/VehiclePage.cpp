@@ -73,7 +73,7 @@ void VehiclePage::buildVehicle(input::FormBuilder &form)
                      u"Edit the bodies"_s, u"BODY"_s, LookupList::VehicleBody);
     cboChassis = lookup(u"cboChassis"_s, u"Chassis:"_s, &clsEquipment::Chassis, u"cmdChassis"_s,
                         u"Edit the chassis"_s, u"CHASSIS"_s, LookupList::VehicleChassis);
-    cboTrans = lookup(u"cboTrans"_s, u"Transmission:"_s, &clsEquipment::Trans, u"cmdTrans"_s,
+    cboTrans = lookup(u"cboTrans"_s, u"Tra&nsmission:"_s, &clsEquipment::Trans, u"cmdTrans"_s,
                       u"Edit the transmissions"_s, u"TRANS"_s, LookupList::VehicleTransmission);
     cboEngineType = lookup(u"cboEngineType"_s, u"&Engine Type:"_s, &clsEquipment::VehicleEngineType,
                            u"cmdEngineType"_s, u"Edit the engine types"_s, u"ENGINETYPE"_s,

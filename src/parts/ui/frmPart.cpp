@@ -116,13 +116,13 @@ void frmPart::addStock(input::FormBuilder &form)
     form.beginColumns();
     txtQuantity = form.textField(u"txtQuantity"_s, u"&Quantity on Hand:"_s, 12);
     form.nextColumn();
-    txtPartCommited = form.textField(u"txtPartCommited"_s, u"Part Commited:"_s);
+    txtPartCommited = form.textField(u"txtPartCommited"_s, u"Part Co&mmited:"_s);
     txtPartCommited->setReadOnly(true);
     form.endColumns();
     form.beginRow(u"Reorder"_s);
     txtMax = form.textField(u"txtMax"_s, {}, 12);
     txtMax->setAccessibleName(u"Units to reorder"_s);
-    txtMin = form.textField(u"txtMin"_s, u"units when Quantity on Hand drops below"_s, 12);
+    txtMin = form.textField(u"txtMin"_s, u"units &when Quantity on Hand drops below"_s, 12);
     form.endRow();
     form.endGroup();
 

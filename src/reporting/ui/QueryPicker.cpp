@@ -83,7 +83,7 @@ void QueryPicker::buildForm()
     for (const reporttables::Table &table : std::as_const(m_tables))
         cboTable->addItem(table.caption, table.name);
     form.field(u"&Table"_s, cboTable);
-    cmdAddTable = form.inlineButton(u"cmdAddTable"_s, u"&Add"_s);
+    cmdAddTable = form.inlineButton(u"cmdAddTable"_s, u"A&dd"_s);
     cmdRemoveTable = form.inlineButton(u"cmdRemoveTable"_s, u"&Remove"_s);
     form.endRow();
     lstTables = new QListWidget(this);
@@ -103,13 +103,13 @@ void QueryPicker::buildForm()
     treColumns->setAccessibleName(u"Columns to tick"_s);
     treColumns->setHeaderLabels({u"Columns of the report"_s});
     form.widget(treColumns, true);
-    chkDistinct = form.checkBox(u"chkDistinct"_s, u"Each &different row once"_s);
+    chkDistinct = form.checkBox(u"chkDistinct"_s, u"Each different row o&nce"_s);
     form.nextColumn();
     tblFilter = makeTable(u"tblFilter"_s, u"Filter"_s,
                           {u"Only rows where"_s, u"Comparison"_s, u"Value or ?Parameter"_s}, this);
     form.widget(tblFilter, true);
     form.beginRow();
-    auto *addFilter = form.inlineButton(u"cmdAddFilter"_s, u"Add &Filter"_s);
+    auto *addFilter = form.inlineButton(u"cmdAddFilter"_s, u"Add F&ilter"_s);
     auto *removeFilter = form.inlineButton(u"cmdRemoveFilter"_s, u"Remo&ve"_s);
     form.endRow();
     tblSort = makeTable(u"tblSort"_s, u"Sort"_s, {u"Sorted by"_s, u"Order"_s}, this);

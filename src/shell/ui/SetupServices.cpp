@@ -114,8 +114,8 @@ QWidget *frmSetup::mailPage()
     form.note(u"The account by which the program sends reports and messages. Your mail provider "
               u"tells you what belongs here. All computers share it; only the password has to be "
               u"entered on each one. Without an account your own mail program is opened."_s);
-    auto *server = addText(form, ServerOption, u"txtMailServer"_s, u"Mail server"_s, LongestName);
-    auto *security = form.comboField(u"cboMailSecurity"_s, u"Encryption"_s);
+    auto *server = addText(form, ServerOption, u"txtMailServer"_s, u"Mail ser&ver"_s, LongestName);
+    auto *security = form.comboField(u"cboMailSecurity"_s, u"Encr&yption"_s);
     security->add(securityNames());
     const auto chosen = [security] {
         const qsizetype place = securityNames().indexOf(security->currentText());
@@ -127,14 +127,14 @@ QWidget *frmSetup::mailPage()
                   [security](const QString &code) {
                       security->selectText(securityNames().at(static_cast<int>(securityOf(code))));
                   }});
-    auto *port = form.digitsField(u"txtMailPort"_s, u"Port"_s, DigitsOfPort);
+    auto *port = form.digitsField(u"txtMailPort"_s, u"Por&t"_s, DigitsOfPort);
     addField(port, PortOption);
     auto *sender =
-        addText(form, SenderOption, u"txtMailSender"_s, u"Sender address"_s, LongestName);
-    auto *user = addText(form, UserOption, u"txtMailUser"_s, u"User name"_s, LongestName);
+        addText(form, SenderOption, u"txtMailSender"_s, u"Sender a&ddress"_s, LongestName);
+    auto *user = addText(form, UserOption, u"txtMailUser"_s, u"U&ser name"_s, LongestName);
     auto *password = addSecret(form, PasswordOption, u"txtMailPassword"_s, u"Password"_s);
     form.beginRow();
-    cmdTestMail = form.inlineButton(u"cmdTestMail"_s, u"Send a &test"_s);
+    cmdTestMail = form.inlineButton(u"cmdTestMail"_s, u"Se&nd a test"_s);
     form.endRow();
     form.note(u"The test goes to the sender address, with what stands here now."_s);
     form.stretch();
@@ -151,6 +151,8 @@ QWidget *frmSetup::mailPage()
     input::validateOnLeave(sender, [sender] { return mayBeSender(sender); });
     connect(cmdTestMail, &QPushButton::clicked, this, [=, this] {
         trying([=, this] {
+            if (server->text().trimmed().isEmpty() || sender->text().trimmed().isEmpty())
+                return base::showMessage(u"Enter the mail server and the sender address first."_s);
             mail::Account account;
             account.server = server->text();
             account.security = chosen();
@@ -184,7 +186,7 @@ QWidget *frmSetup::errorReportsPage()
               u"tell you the connection, which holds the password to it and is therefore kept like "
               u"one. Leave it empty if you were told none."_s);
     auto *store =
-        addSecret(form, errorstore::ConnectionOption, u"txtErrorStore"_s, u"Connection"_s);
+        addSecret(form, errorstore::ConnectionOption, u"txtErrorStore"_s, u"Co&nnection"_s);
     form.beginRow();
     cmdTestErrorStore = form.inlineButton(u"cmdTestErrorStore"_s, u"C&heck the connection"_s);
     form.endRow();
@@ -221,7 +223,7 @@ QWidget *frmSetup::updatesPage()
     form.readOnlyField(u"lblUpdateSite"_s, u"Update site"_s)
         ->setText(shown(updates::feedAddress()));
     auto *atStart = form.checkBox(u"chkCheckForUpdate"_s,
-                                  u"Look into the folder at each start of the program"_s);
+                                  u"Look into the &folder at each start of the program"_s);
     atStart->setEnabled(share.has_value());
     addField({.key = updates::AtStartValue,
               .text = [atStart] { return atStart->isChecked() ? u"1"_s : u"0"_s; },

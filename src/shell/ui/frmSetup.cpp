@@ -30,6 +30,13 @@ constexpr int OptionLength = 100;
 constexpr int FreeFields = 10;
 constexpr int DigitsOfDays = 4;
 
+/// "Field 1" to "Field 10", each with its last digit for the keyboard.
+QString fieldLabel(int number)
+{
+    return u"Field %1&%2"_s.arg(number < 10 ? QString() : QString::number(number / 10))
+        .arg(number % 10);
+}
+
 /// All buttons of lists are as wide as the widest of them.
 int widthOfLists()
 {
@@ -104,25 +111,26 @@ QWidget *frmSetup::companyPage()
     auto *page = new QWidget(this);
     input::FormBuilder form(page);
     txtCompanyName =
-        addText(form, u"GEN_COMPANY_NAME", u"txtCompanyName"_s, u"Company Name "_s, OptionLength);
-    addText(form, u"GEN_COMPANY_ADDRESS1", u"txtCompanyAddress1"_s, u"Company Address"_s,
+        addText(form, u"GEN_COMPANY_NAME", u"txtCompanyName"_s, u"Company &Name "_s, OptionLength);
+    addText(form, u"GEN_COMPANY_ADDRESS1", u"txtCompanyAddress1"_s, u"Company A&ddress"_s,
             OptionLength);
-    addText(form, u"GEN_COMPANY_ADDRESS2", u"txtCompanyAddress2"_s, {}, OptionLength);
-    txtCompanyPhone = form.phoneField(u"txtCompanyPhone"_s, u"Phone"_s);
+    addText(form, u"GEN_COMPANY_ADDRESS2", u"txtCompanyAddress2"_s, {}, OptionLength)
+        ->setAccessibleName(u"Second line of the address"_s);
+    txtCompanyPhone = form.phoneField(u"txtCompanyPhone"_s, u"P&hone"_s);
     addField(txtCompanyPhone, u"GEN_COMPANY_PHONE");
     input::validateOnLeave(txtCompanyPhone,
                            [this] { return txtCompanyPhone->check(u"Invalid phone No."_s); });
-    addText(form, u"GEN_COMPANY_EMAIL", u"txtCompanyEmail"_s, u"Email"_s, OptionLength);
-    addText(form, u"GEN_COMPANY_WEBSITE", u"txtCompanyWebSite"_s, u"Web Site"_s, OptionLength);
+    addText(form, u"GEN_COMPANY_EMAIL", u"txtCompanyEmail"_s, u"Ema&il"_s, OptionLength);
+    addText(form, u"GEN_COMPANY_WEBSITE", u"txtCompanyWebSite"_s, u"We&b Site"_s, OptionLength);
     form.beginGroup(u"Warnings"_s, u"fraWarnings"_s);
     addDays(form, u"COUNT_READING_DELAY", u"txtCountReadingDelay"_s,
-            u"Number of days between counts"_s);
+            u"Number of da&ys between counts"_s);
     addDays(form, u"SERVICE_LATE_YELLOW", u"txtServiceLateYellow"_s,
-            u"Number of days late to show service as Yellow Code"_s);
+            u"Number of days late to show ser&vice as Yellow Code"_s);
     addDays(form, u"SERVICE_LATE_RED", u"txtServiceLateRed"_s,
-            u"Number of days late to show service as Red Code"_s);
+            u"Number o&f days late to show service as Red Code"_s);
     form.endGroup();
-    chkSecurity = form.checkBox(u"chkSecurity"_s, u"Security On/Off"_s);
+    chkSecurity = form.checkBox(u"chkSecurity"_s, u"&Security On/Off"_s);
     addField({.key = shell::SecurityOption.toString(),
               .text = [this] { return chkSecurity->isChecked() ? u"1"_s : u"0"_s; },
               .setText = [this](const QString &text) { chkSecurity->setChecked(text == u"1"); }});
@@ -140,9 +148,8 @@ QWidget *frmSetup::fieldsPage()
     form.note(
         u"What the ten free fields of a machine are called on its screen and in its report."_s);
     for (int number = 1; number <= FreeFields; ++number) {
-        QLineEdit *box =
-            addText(form, shell::fieldCaptionOption(number), u"txtField%1"_s.arg(number),
-                    u"Field %1"_s.arg(number), OptionLength);
+        QLineEdit *box = addText(form, shell::fieldCaptionOption(number),
+                                 u"txtField%1"_s.arg(number), fieldLabel(number), OptionLength);
         connect(box, &QLineEdit::editingFinished, this, [box, number] {
             if (box->text().trimmed().isEmpty())
                 box->setText(shell::usualFieldCaption(number));
@@ -217,7 +224,7 @@ QWidget *frmSetup::workstationPage()
     auto *page = new QWidget(this);
     input::FormBuilder form(page);
     form.note(u"These hold for this computer only."_s);
-    auto *cboPaper = form.comboField(u"cboPaper"_s, u"Paper of reports"_s);
+    auto *cboPaper = form.comboField(u"cboPaper"_s, u"Paper o&f reports"_s);
     cboPaper->add(catalogue::papers());
     addField({.key = catalogue::paperOption(),
               .perWorkstation = true,
@@ -230,7 +237,7 @@ QWidget *frmSetup::workstationPage()
     connect(cboPaper, &QComboBox::currentIndexChanged, this,
             [this] { markChanged(catalogue::paperOption()); });
     form.beginRow(u"Size and place of all windows"_s);
-    cmdDefaultFormSize = form.inlineButton(u"cmdDefaultFormSize"_s, u"Set to default"_s);
+    cmdDefaultFormSize = form.inlineButton(u"cmdDefaultFormSize"_s, u"&Set to default"_s);
     form.endRow();
     form.stretch();
     form.finish();
