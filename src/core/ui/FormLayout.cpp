@@ -1,6 +1,7 @@
 #include "core/ui/FormLayout.h"
 
 #include "core/Options.h"
+#include "core/ui/SmallScreen.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Trapped.h"
 #include "platform/input/Theme.h"
@@ -112,6 +113,7 @@ void applyLayout(QWidget &form, const QString &formName, bool centred)
     // A form that was never sized takes what its controls ask for.
     if (!form.testAttribute(Qt::WA_Resized))
         size = form.sizeHint();
+    letScroll(form, form.screen()->availableGeometry().size() - frameOf(form));
     if (width)
         size.setWidth(*width);
     if (height)

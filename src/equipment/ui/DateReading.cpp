@@ -1,6 +1,7 @@
 #include "equipment/ui/DateReading.h"
 
 #include "core/Options.h"
+#include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/Openings.h"
 #include "platform/base/Environment.h"
@@ -79,6 +80,7 @@ void DateReading::buildGrid()
           .width = 100,
           .align = grid::Align::Center,
           .editor = grid::Editor::Button}});
+    showWhenEmpty(*m_grid, u"No machine has its date between these."_s);
     connect(m_grid, &grid::GridView::typing, this, &DateReading::edited);
     connect(m_grid, &grid::GridView::buttonClicked, this, &DateReading::ButtonClick);
 }

@@ -1,5 +1,6 @@
 #include "equipment/ui/DepreciationPage.h"
 
+#include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
 #include "equipment/Depreciation.h"
 #include "equipment/ui/DepreciationChart.h"
@@ -54,6 +55,7 @@ void DepreciationPage::buildPage()
                       {.name = u"Accumualted Depreciation"_s, .width = 185, .format = u"$0.00"_s},
                       {.name = u"Book Value"_s, .width = 120, .format = u"$0.00"_s},
                       {.name = u"EquipmentID"_s, .visible = false}});
+    showWhenEmpty(*grdDepreciation, u"Nothing has been calculated for this machine yet."_s);
     for (const auto *column :
          {u"End of Year", u"Annual Depreciation", u"Accumualted Depreciation", u"Book Value"})
         grdDepreciation->rows().column(column).align = grid::Align::Right;

@@ -1,5 +1,6 @@
 #include "equipment/ui/DocumentsPage.h"
 
+#include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
 #include "equipment/DocumentStore.h"
 #include "platform/base/Prompts.h"
@@ -24,6 +25,7 @@ DocumentsPage::DocumentsPage(MachineFrame &frame, QWidget *parent)
     input::FormBuilder form(this);
     grdDocument = makeListGrid(this, u"grdDocument"_s, u"Documents of the machine"_s,
                                {{.name = u"Document Name"_s, .width = 460}});
+    showWhenEmpty(*grdDocument, u"This machine has no documents."_s);
     form.widget(grdDocument, true);
     form.beginRow();
     cmdAddDocument =

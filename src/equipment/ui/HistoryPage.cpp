@@ -2,6 +2,7 @@
 
 #include "core/Options.h"
 #include "core/Tables.h"
+#include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/ScreenCalls.h"
 #include "equipment/ui/HistoryParts.h"
@@ -95,6 +96,7 @@ void HistoryPage::buildPage()
     form.endRow();
     grdServiceHistory =
         makeListGrid(this, u"grdServiceHistory"_s, u"Services done"_s, serviceColumns());
+    showWhenEmpty(*grdServiceHistory, u"No work was completed between these dates."_s);
     form.widget(grdServiceHistory, true);
     form.beginColumns();
     QGroupBox *partGroup = form.beginGroup(u"Parts used"_s, u"fraPartHistory"_s);

@@ -1,6 +1,7 @@
 #include "equipment/ui/MachinePartsPage.h"
 
 #include "core/Session.h"
+#include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
 #include "equipment/MachineParts.h"
 #include "parts/PartSelection.h"
@@ -29,6 +30,7 @@ MachinePartsPage::MachinePartsPage(MachineFrame &frame, QWidget *parent)
                             {.name = u"Description"_s, .width = 320},
                             {.name = u"Qty Req"_s, .width = 90, .format = u"0.00"_s},
                             {.name = u"Extended Cost"_s, .width = 120, .format = u"$0.00"_s}});
+    showWhenEmpty(*grdPart, u"No parts are listed for this machine."_s);
     form.widget(grdPart, true);
     form.beginRow();
     cmdAddNewPart = form.inlineButton(u"cmdAddNewPart"_s, u"Add Par&t"_s, theme::icon(u"add"_s));

@@ -1,5 +1,6 @@
 #include "equipment/ui/PicturesPage.h"
 
+#include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
 #include "equipment/Pictures.h"
 #include "equipment/ui/PictureView.h"
@@ -34,6 +35,7 @@ PicturesPage::PicturesPage(MachineFrame &frame, QWidget *parent)
         makeListGrid(this, u"grdImage"_s, u"Pictures of the machine"_s,
                      {{.name = u"Picture"_s, .caption = u" "_s, .width = ThumbnailColumn::Side + 8},
                       {.name = u"Picture Name"_s, .width = 116}});
+    showWhenEmpty(*grdImage, u"This machine has no pictures."_s);
     form.widget(grdImage, true);
     form.nextColumn(2);
     imgEquipment = new PictureView(this);

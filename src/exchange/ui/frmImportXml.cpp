@@ -1,5 +1,6 @@
 #include "exchange/ui/frmImportXml.h"
 
+#include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/frmQV_Log.h"
 #include "exchange/Import.h"
@@ -39,6 +40,7 @@ void frmImportXml::buildForm()
         this, u"grdFiles"_s, u"Existing Files List"_s,
         {{.name = NameColumn, .width = 370, .locked = true},
          {.name = DateColumn, .width = 110, .locked = true, .align = grid::Align::Right}});
+    showWhenEmpty(*grdFiles, u"No files wait to be imported."_s);
     form.widget(grdFiles, true);
     // The development path: there for whoever works on it, and no user's business.
     cmdImportData = form.leftButton(u"cmdImportData"_s, u"Import &Data"_s);

@@ -1,5 +1,6 @@
 #include "parts/ui/frmInventryCheckIn.h"
 
+#include "core/ui/EmptyText.h"
 #include "core/ui/IncrementalSearch.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/Telling.h"
@@ -41,6 +42,7 @@ void frmInventryCheckIn::buildForm()
                               .width = 110,
                               .editable = true,
                               .kind = sql::ColumnKind::Real}});
+    showWhenEmpty(*grdParts, u"No parts to check in."_s);
     form.widget(grdParts, true);
     cmdUpdate = form.button(u"cmdUpdate"_s, u"&Save"_s, theme::icon(u"save"_s));
     cmdCancel = form.button(u"cmdCancel"_s, u"&Cancel"_s, theme::icon(u"cancel"_s));

@@ -1,6 +1,7 @@
 #include "parts/ui/frmPartManager.h"
 
 #include "core/Session.h"
+#include "core/ui/EmptyText.h"
 #include "core/ui/IncrementalSearch.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/MayDo.h"
@@ -71,6 +72,7 @@ void frmPartManager::buildForm()
     input::FormBuilder form(this);
     txtSearch = form.textField(u"txtSearch"_s, u"Searc&h:"_s, 100);
     grdParts = makeListGrid(this, u"grdParts"_s, u"Parts"_s, columns());
+    showWhenEmpty(*grdParts, u"No parts to choose from."_s);
     form.widget(grdParts, true);
     cmdAdd = form.leftButton(u"cmdAdd"_s, u"&Add"_s, theme::icon(u"add"_s));
     cmdDelete = form.leftButton(u"cmdDelete"_s, u"&Delete"_s, theme::icon(u"delete"_s));

@@ -31,6 +31,14 @@ void drawBox(QPainter *painter, const QRect &rectangle, const QColor &fill, cons
     painter->restore();
 }
 
+/// A square frame, filled: on an enlarged screen a drawn line may end up below what lies inside.
+void drawFrame(QPainter *painter, const QRect &outside, const QColor &line)
+{
+    const QRect inside = outside.adjusted(1, 1, -1, -1);
+    for (const QRect &side : QRegion(outside) - QRegion(inside))
+        painter->fillRect(side, line);
+}
+
 void drawField(QPainter *painter, const QStyleOption *option, bool readOnly)
 {
     const bool enabled = option->state & QStyle::State_Enabled;
@@ -174,15 +182,13 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption *option, 
         return;
     case PE_FrameTabWidget:
         painter->fillRect(option->rect, formColor());
-        painter->setPen(lineColor());
-        painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+        drawFrame(painter, option->rect, lineColor());
         return;
     case PE_Frame:
         // Square, for what scrolls inside reaches into the corners.
         if (widget && widget->inherits("QAbstractScrollArea")) {
-            painter->setPen(option->state & State_HasFocus ? selectionColor() : lineColor());
-            painter->setBrush(Qt::NoBrush);
-            painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+            drawFrame(painter, option->rect,
+                      option->state & State_HasFocus ? selectionColor() : lineColor());
             return;
         }
         break;

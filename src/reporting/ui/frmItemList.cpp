@@ -1,6 +1,7 @@
 #include "reporting/ui/frmItemList.h"
 
 #include "core/Session.h"
+#include "core/ui/EmptyText.h"
 #include "core/ui/IncrementalSearch.h"
 #include "core/ui/ListGrid.h"
 #include "platform/base/Format.h"
@@ -41,6 +42,7 @@ void frmItemList::buildForm()
                         .editable = true,
                         .editor = grid::Editor::Check});
     grdList = makeListGrid(this, u"grdList"_s, m_list.title, columns);
+    showWhenEmpty(*grdList, u"There is nothing to choose from."_s);
     form.widget(grdList, true);
     cmdSelect = form.button(u"cmdSelect"_s, u"&Process"_s, theme::icon(u"select-all"_s));
     cmdSelectForEqpUti =

@@ -3,6 +3,7 @@
 #include "core/Flag.h"
 #include "core/Options.h"
 #include "core/Session.h"
+#include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/LookupCombo.h"
 #include "core/ui/MayDo.h"
@@ -58,6 +59,7 @@ void frmPartQuickFind::buildForm()
          {.name = u"Price"_s, .width = 80, .align = grid::Align::Right, .format = u"$0.00"_s},
          {.name = u"Supplier"_s, .width = 150},
          {.name = u"Inactive"_s, .width = 70, .editor = grid::Editor::Check}});
+    showWhenEmpty(*grdParts, u"No parts to find."_s);
     form.widget(grdParts, true);
     cmdAdd = form.leftButton(u"cmdAdd"_s, u"&Add New"_s, theme::icon(u"add"_s));
     cmdSelect = form.button(u"cmdSelect"_s, u"&Select"_s, theme::icon(u"find"_s));

@@ -2,6 +2,7 @@
 
 #include "core/Flag.h"
 #include "core/Options.h"
+#include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/MayDo.h"
 #include "core/ui/Openings.h"
@@ -74,6 +75,7 @@ void frmQuickFind::buildForm()
     input::FormBuilder form(this);
     addSearch(form);
     grdQuickFind = new grid::GridView(this);
+    showWhenEmpty(*grdQuickFind, u"Nothing to find."_s);
     grdQuickFind->setObjectName(u"grdQuickFind"_s);
     grdQuickFind->setAccessibleName(m_table->caption.toString());
     form.widget(grdQuickFind, true);

@@ -1,5 +1,6 @@
 #include "reporting/ui/frmUserDefinedReports.h"
 
+#include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
 #include "platform/base/Trapped.h"
 #include "platform/input/FormBuilder.h"
@@ -35,6 +36,7 @@ void frmUserDefinedReports::buildForm()
     lblFolder = form.note({}, u"lblFolder"_s);
     grdReports = makeListGrid(this, u"grdReports"_s, u"Reports"_s,
                               {{.name = Name.toString(), .width = 420}});
+    showWhenEmpty(*grdReports, u"There are no reports here yet."_s);
     form.widget(grdReports, true);
     cmdAdd = form.leftButton(u"cmdAdd"_s, u"&Add New"_s, theme::icon(u"add"_s));
     cmdViewReport = form.button(u"cmdViewReport"_s, u"&View Report"_s, theme::icon(u"preview"_s));

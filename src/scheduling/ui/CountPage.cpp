@@ -1,5 +1,6 @@
 #include "scheduling/ui/CountPage.h"
 
+#include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
@@ -42,6 +43,7 @@ void CountPage::buildPage()
                             {{.name = u"Count Date"_s, .width = columnWidth()},
                              {.name = u"Count Type"_s, .width = columnWidth()},
                              {.name = u"Count Value"_s, .width = columnWidth()}});
+    showWhenEmpty(*grdCount, u"No meter of this machine has been read yet."_s);
     // On a small screen the chart gives way, not the readings.
     grdCount->setMinimumWidth(3 * columnWidth() + 2 * grdCount->frameWidth() +
                               style()->pixelMetric(QStyle::PM_ScrollBarExtent));

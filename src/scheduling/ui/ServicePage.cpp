@@ -5,6 +5,7 @@
 #include "core/Session.h"
 #include "core/Tables.h"
 #include "core/ui/CellWrite.h"
+#include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/Telling.h"
 #include "platform/base/Prompts.h"
@@ -51,6 +52,7 @@ void ServicePage::buildPage()
     setObjectName(u"fraService"_s);
     input::FormBuilder form(this);
     grdService = makeListGrid(this, u"grdService"_s, u"Services"_s, columns());
+    showWhenEmpty(*grdService, u"No services are assigned to this machine."_s);
     form.widget(grdService, true);
     cmdAddNewService =
         form.leftButton(u"cmdAddNewService"_s, u"Add S&ervice"_s, theme::icon(u"add"_s));

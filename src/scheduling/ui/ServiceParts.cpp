@@ -3,6 +3,7 @@
 #include "core/InTheWay.h"
 #include "core/Session.h"
 #include "core/ui/CellWrite.h"
+#include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/Telling.h"
 #include "parts/PartSelection.h"
@@ -61,6 +62,7 @@ void ServiceParts::buildBox()
                                 {.name = u"Description"_s, .width = 170},
                                 amount(u"Qty Req"_s, 70, u"0.00"_s, u"QuantityRequired"_s),
                                 amount(u"Price"_s, 80, u"$0.00"_s, u"Price"_s)});
+    showWhenEmpty(*grdPartUsed, u"This service needs no parts."_s);
     grdPartUsed->setMinimumHeight(96);
     const auto button = [this](const QString &name, const QString &caption, const QString &icon) {
         auto *made = new QPushButton(theme::icon(icon), caption, this);

@@ -1,5 +1,6 @@
 #include "scheduling/ui/frmEquipmentReading.h"
 
+#include "core/ui/EmptyText.h"
 #include "core/ui/GridData.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/Openings.h"
@@ -58,6 +59,7 @@ void frmEquipmentReading::buildForm()
     input::FormBuilder form(this);
     lblHeading = form.note({}, u"lblHeading"_s);
     grdReading = makeListGrid(this, u"grdReading"_s, u"Meters to read"_s, columns());
+    showWhenEmpty(*grdReading, u"All meters have been read in time."_s);
     for (const QString &column : {u"Last Count"_s, u"Count"_s})
         ColAlign(*grdReading, column, grid::Align::Right);
     for (const QString &column : {u"UnitNo"_s, u"Equipment Name"_s, u"CountType"_s})

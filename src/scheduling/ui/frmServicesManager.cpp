@@ -1,6 +1,7 @@
 #include "scheduling/ui/frmServicesManager.h"
 
 #include "core/Session.h"
+#include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/MayDo.h"
 #include "core/ui/ScreenCalls.h"
@@ -86,6 +87,7 @@ void frmServicesManager::buildForm()
     form.endRow();
     form.endGroup();
     grdServices = makeListGrid(this, u"grdServices"_s, u"Services"_s, columns(m_selectMode));
+    showWhenEmpty(*grdServices, u"There are no services here."_s);
     form.widget(grdServices, true);
     cmdAdd = form.leftButton(u"cmdAdd"_s, u"&Add"_s, theme::icon(u"add"_s));
     cmdDelete = form.leftButton(u"cmdDelete"_s, u"&Delete"_s, theme::icon(u"delete"_s));

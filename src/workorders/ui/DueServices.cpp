@@ -1,5 +1,6 @@
 #include "workorders/ui/DueServices.h"
 
+#include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
 #include "platform/base/Trapped.h"
 #include "platform/grid/GridView.h"
@@ -49,6 +50,7 @@ void DueServices::buildBox()
                              {cmdGenRemoveService, u"cmdGenRemoveService"_s, u"Remo&ve Service"_s});
     grdGenPart =
         makeListGrid(this, u"grdGenPart"_s, u"Parts of the service"_s, printlists::partColumns({}));
+    showWhenEmpty(*grdGenPart, u"No parts."_s);
     printlists::addGridGroup(form, u"Parts"_s, grdGenPart,
                              {cmdGenAddPart, u"cmdGenAddPart"_s, u"&Add Part"_s},
                              {cmdGenRemovePart, u"cmdGenRemovePart"_s, u"Re&move Part"_s});

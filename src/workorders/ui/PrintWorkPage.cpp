@@ -1,6 +1,7 @@
 #include "workorders/ui/PrintWorkPage.h"
 
 #include "core/Session.h"
+#include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/Telling.h"
 #include "platform/base/Prompts.h"
@@ -26,6 +27,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr const char *Module = "WorkOrder";
+constexpr int FrameMargin = 4;            // pixels, above
 constexpr int ListWidth = 560;            // pixels
 constexpr int FramesWidth = 620;          // pixels
 const QColor WithoutOrder(223, 234, 250); // machines that still wait for an order
@@ -56,6 +58,12 @@ void PrintWorkPage::buildPage()
     m_printed = new PrintedServices(m_frames);
     m_frames->addWidget(m_due);
     m_frames->addWidget(m_printed);
+    // Height that an enlarged screen lacks.
+    for (const QWidget *frame :
+         {static_cast<QWidget *>(m_due), static_cast<QWidget *>(m_printed)}) {
+        const QMargins margins = frame->layout()->contentsMargins();
+        frame->layout()->setContentsMargins(margins.left(), FrameMargin, margins.right(), 0);
+    }
     splitter->addWidget(m_frames);
     // Wide enough for the columns of either side.
     splitter->setSizes({ListWidth, FramesWidth});
@@ -77,6 +85,8 @@ QWidget *PrintWorkPage::buildList()
          {.name = u"Equipment Type"_s, .width = 110},
          {.name = u"Printed"_s, .width = 60, .editor = grid::Editor::Check},
          {.name = u"EquipmentId"_s, .visible = false}});
+    showWhenEmpty(*grdPrintWO,
+                  u"No service is due between these dates, and no work order is open."_s);
     form.widget(grdPrintWO, true);
     cmdPrintSelect = form.leftButton(u"cmdPrintSelect"_s, u"Select A&ll"_s);
     cmdPrintUnSelect = form.leftButton(u"cmdPrintUnSelect"_s, u"Select UnPrin&ted"_s);

@@ -1,6 +1,7 @@
 #include "workorders/ui/PrintedServices.h"
 
 #include "core/ui/CellWrite.h"
+#include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/Telling.h"
 #include "platform/grid/GridView.h"
@@ -37,6 +38,7 @@ void PrintedServices::buildBox()
     grdPrintService =
         makeListGrid(this, u"grdPrintService"_s, u"Services of the work order"_s,
                      printlists::serviceColumns({u"Skip"_s, u"ServiceID"_s, u"NServiceUsedID"_s}));
+    showWhenEmpty(*grdPrintService, u"No services."_s);
     printlists::addGridGroup(
         form, u"Services of the Work Order"_s, grdPrintService,
         {cmdPrintAddService, u"cmdPrintAddService"_s, u"Add &Service"_s},
@@ -47,6 +49,7 @@ void PrintedServices::buildBox()
             this, "grdPrintPart_Change",
             [this](int row, const QVariant &price) { return priceChanged(row, price); },
             [this] { RefreshPrintServiceGrid(); })));
+    showWhenEmpty(*grdPrintPart, u"No parts."_s);
     printlists::addGridGroup(form, u"Parts"_s, grdPrintPart,
                              {cmdPrintAddPart, u"cmdPrintAddPart"_s, u"&Add Part"_s},
                              {cmdPrintRemovePart, u"cmdPrintRemovePart"_s, u"Re&move Part"_s});

@@ -1,6 +1,7 @@
 #include "workorders/ui/RecordParts.h"
 
 #include "core/ui/CellWrite.h"
+#include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
@@ -39,6 +40,7 @@ void RecordParts::buildBox()
     input::FormBuilder form(this);
     form.beginColumns();
     grdRecordPart = makeListGrid(this, u"grdRecordPart"_s, u"Parts of the service"_s, columns());
+    showWhenEmpty(*grdRecordPart, u"No parts."_s);
     form.widget(grdRecordPart, true);
     form.nextColumn();
     txtRecordNote = form.memoField(u"txtRecordNote"_s, u"&Note:"_s, 3);

@@ -2,6 +2,7 @@
 
 #include "core/Meters.h"
 #include "core/ui/CellWrite.h"
+#include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/Telling.h"
 #include "platform/grid/GridView.h"
@@ -46,6 +47,7 @@ void RecordServices::buildBox()
     input::FormBuilder form(this);
     grdRecordService =
         makeListGrid(this, u"grdRecordService"_s, u"Services of the work order"_s, columns());
+    showWhenEmpty(*grdRecordService, u"No services."_s);
     form.widget(grdRecordService, true);
     cmdRecordAddService =
         form.leftButton(u"cmdRecordAddService"_s, u"Add &Service"_s, theme::icon(u"add"_s));

@@ -2,6 +2,7 @@
 
 #include "core/Session.h"
 #include "core/ui/CellWrite.h"
+#include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/Telling.h"
 #include "platform/base/Environment.h"
@@ -27,6 +28,7 @@ namespace {
 
 constexpr const char *Module = "WorkOrder";
 constexpr int OldestCompletion = 50; // years
+constexpr int PaneMargin = 4;        // pixels, above and below
 
 QDate dateOf(const QVariant &value)
 {
@@ -54,8 +56,13 @@ void RecordWorkPage::buildPage()
     m_parts = new RecordParts(*this, *m_services, splitter);
     splitter->addWidget(m_services);
     splitter->addWidget(m_parts);
-    for (int pane = 0; pane < splitter->count(); ++pane)
+    for (int pane = 0; pane < splitter->count(); ++pane) {
         splitter->setStretchFactor(pane, 1);
+        // The handles part the panes already, and an enlarged screen has no height to give away.
+        QLayout *lines = splitter->widget(pane)->layout();
+        const QMargins margins = lines->contentsMargins();
+        lines->setContentsMargins(margins.left(), PaneMargin, margins.right(), PaneMargin);
+    }
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(splitter);
@@ -66,6 +73,7 @@ QWidget *RecordWorkPage::buildOrders()
     auto *pane = new QWidget(this);
     input::FormBuilder form(pane);
     grdRecordWo = makeListGrid(pane, u"grdRecordWo"_s, u"Open work orders"_s, orderColumns());
+    showWhenEmpty(*grdRecordWo, u"No work order is open."_s);
     grdRecordWo->installEventFilter(this);
     form.widget(grdRecordWo, true);
     form.finish();

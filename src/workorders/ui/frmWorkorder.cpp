@@ -26,6 +26,7 @@
 #include "workorders/ui/frmWOCompletedDate.h"
 
 #include <QCheckBox>
+#include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
@@ -110,6 +111,7 @@ QWidget *frmWorkorder::buildFilter()
     cmdRefreshWo = form.inlineButton(u"cmdRefreshWo"_s, u"R&efresh"_s, theme::icon(u"refresh"_s));
     form.endRow();
     form.finish();
+    pane->layout()->setContentsMargins({});
     for (QLineEdit *crews : {txtCrewRange, txtAssignCrew}) {
         input::restrictTo(crews, input::TypeCheck::Int, u",-"_s);
         crews->setPlaceholderText(u"1,3-5"_s);

@@ -2,6 +2,7 @@
 #include "core/RowTests.h"
 #include "core/Tables.h"
 #include "core/ui/Combos.h"
+#include "core/ui/EmptyText.h"
 #include "core/ui/FormLayout.h"
 #include "core/ui/GridData.h"
 #include "core/ui/GridSetting.h"
@@ -9,6 +10,8 @@
 #include "platform/base/Error.h"
 #include "platform/grid/GridView.h"
 #include "platform/input/IdCombo.h"
+
+#include <QLabel>
 
 using namespace Qt::StringLiterals;
 
@@ -214,4 +217,18 @@ TEST_F(GridLayouts, AssignedDataMakeTheirColumns)
     EXPECT_EQ(filled.rows().column(u"ID").align, grid::Align::Center);
     ColAlign(filled, u"None"_s, grid::Align::Center);
     EXPECT_EQ(errors.takeOne().ProcedureName, u"ColAlign"_s);
+}
+
+TEST(EmptyLists, SayWhyUntilARowComes)
+{
+    grid::GridView list;
+    list.rows().addColumn({.name = u"Name"_s});
+    showWhenEmpty(list, u"No parts."_s);
+    list.show();
+    const auto &words = *list.viewport()->findChild<QLabel *>();
+    EXPECT_TRUE(words.isVisible());
+    list.rows().insertRow();
+    EXPECT_FALSE(words.isVisible());
+    list.rows().clear();
+    EXPECT_TRUE(words.isVisible());
 }

@@ -12,6 +12,7 @@
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -198,6 +199,38 @@ TEST_F(Screens, AScreenStaysOnTheVisibleDesktop)
     EXPECT_EQ(keptWithin(QRect(850, 650, 200, 100), area), QRect(700, 600, 200, 100));
     EXPECT_EQ(keptWithin(QRect(0, 0, 2000, 50), area), QRect(100, 100, 800, 50));
     EXPECT_EQ(keptWithin(QRect(300, 300, 10, 10), area), QRect(300, 300, 10, 10));
+}
+
+TEST_F(Screens, WhatASmallScreenCantHoldScrollsAboveTheButtons)
+{
+    frmSample form;
+    auto *lines = static_cast<QVBoxLayout *>(form.layout());
+    QList<QLineEdit *> fields;
+    for (int number = 0; number < 60; ++number) {
+        fields.append(new QLineEdit(&form));
+        lines->addWidget(fields.last());
+        QWidget::setTabOrder(number > 0 ? fields[number - 1] : form.line, fields.last());
+    }
+    auto *buttons = new QHBoxLayout;
+    auto *close = new QPushButton(&form);
+    buttons->addWidget(close);
+    lines->addLayout(buttons);
+    QWidget::setTabOrder(fields.last(), close);
+    fields.first()->setFocus();
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    EXPECT_TRUE(desktop().contains(form.frameGeometry()));
+    EXPECT_EQ(form.focusWidget(), fields.first());
+    const auto seen = [](const QWidget *control) { return !control->visibleRegion().isEmpty(); };
+    EXPECT_FALSE(seen(fields.last()));
+    EXPECT_TRUE(seen(close));
+    // What is out of sight comes into view with the focus, in the order as before.
+    fields[58]->setFocus();
+    QTest::keyClick(fields[58], Qt::Key_Tab);
+    EXPECT_EQ(form.focusWidget(), fields.last());
+    EXPECT_TRUE(seen(fields.last()));
+    QTest::keyClick(fields.last(), Qt::Key_Tab);
+    EXPECT_EQ(form.focusWidget(), close);
 }
 
 TEST_F(Screens, AScreenThatKeepsItsSizeOnlyIsCentred)
