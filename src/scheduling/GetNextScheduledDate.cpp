@@ -18,12 +18,12 @@ using namespace Qt::StringLiterals;
 /// The schedule of one assignment, as its row holds it.
 struct Schedule
 {
-    qint64 equipment = 0;
+    qint64 equipment;
     QString period;
-    bool fromLastScheduled = false;
-    int interval = 0;
+    bool fromLastScheduled;
+    int interval;
     scheduling::Pattern pattern;
-    qint64 target = 0;
+    qint64 target;
     QDateTime lastPerformed;
     QDateTime lastScheduled;
 };
@@ -51,7 +51,7 @@ void readFlags(const db::Row &row, Array &flags, std::initializer_list<QStringVi
 
 Schedule readSchedule(const db::Row &row)
 {
-    Schedule schedule;
+    Schedule schedule{};
     schedule.equipment = row.integer(u"EquipmentID");
     schedule.period = row.text(u"Period");
     schedule.fromLastScheduled = row.text(u"RenewalOn").compare(u"S", Qt::CaseInsensitive) == 0;

@@ -77,7 +77,6 @@ QDate CheckWeek(const Weeks &weeks, QDate Date, bool &MonthChanged)
         const QDate first(Date.year(), Date.month(), (week - 1) * 7 + 1);
         if (first.isValid())
             return first;
-        break;
     }
     MonthChanged = true;
     return firstOfNextMonth(Date);

@@ -17,9 +17,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The whole program's roads, for a user without any right.
-class Roads : public test::CompanySession
+struct Roads : test::CompanySession
 {
-protected:
     Roads()
     {
         gRights = {};
@@ -31,10 +30,7 @@ protected:
         screenCalls() = {};
         shell::mainBoard() = {};
     }
-    void expectRefusal(bool Rights::*right)
-    {
-        prompts.expect(rights::refusal(right), base::Prompts::Icon::Information);
-    }
+    void expectRefusal(bool Rights::*right) { prompts.inform(rights::refusal(right)); }
 
     test::ScriptedPrompts prompts;
 };
@@ -92,7 +88,7 @@ TEST_F(Roads, AFailedUpdateFromTheMenuLeadsToItsReport)
     QDir().mkpath(QFileInfo(script).absolutePath());
     EXPECT_TRUE(openings().open(u"mnuUpdateDatabase"_s)) << "without a script nothing fails";
     test::writeFile(script, "no database");
-    prompts.expect(u"Failed to update the database."_s, base::Prompts::Icon::Information);
+    prompts.inform(u"Failed to update the database."_s);
     openings().open(u"mnuUpdateDatabase"_s);
     int reported = 0;
     openings().join(u"frmSendDBUpdate"_s, [&reported] { ++reported; });

@@ -1,21 +1,26 @@
 #pragma once
 
 #include "core/ErrorLog.h"
+#include "core/Options.h"
+#include "core/RegistryValues.h"
 #include "core/RowTests.h"
 #include "core/Session.h"
 #include "platform/base/Format.h"
 #include "platform/settings/Registry.h"
 #include "support/CompanyDatabase.h"
+#include "support/Raised.h"
+#include "support/ScriptedPrompts.h"
 #include "support/TestEnvironment.h"
+#include "support/TestFiles.h"
 
+#include <QDir>
 #include <QVariantMap>
 
 namespace test {
 
 /// A session of a workstation over an empty company of the test's own.
-class CompanySession : public testing::Test
+struct CompanySession : testing::Test
 {
-protected:
     CompanySession()
     {
         settings::registry().setValue(settings::ProductKey, QStringLiteral("GUID"),
@@ -37,6 +42,15 @@ protected:
             return gcnData->Insert(statement, values.values(), key);
         gcnData->Execute(statement, values.values());
         return 0;
+    }
+    /// The same, the columns parted by commas.
+    static qint64 insert(const QString &table, const QString &columns, const QVariantList &values,
+                         const QString &key = {})
+    {
+        QVariantMap row;
+        for (qsizetype at = 0; at < values.size(); ++at)
+            row.insert(columns.section(u',', at, at).trimmed(), values[at]);
+        return insert(table, row, key);
     }
     /// The first value of a query's first row, Null without rows.
     static QVariant value(const QString &query, const QVariantList &parameters = {})

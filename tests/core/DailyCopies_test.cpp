@@ -1,10 +1,7 @@
 #include "core/DailyCopies.h"
 
 #include "core/CompanySession.h"
-#include "core/Options.h"
-#include "support/TestFiles.h"
 
-#include <QDir>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -19,12 +16,16 @@ QList<QDate> everyDay(QDate first, QDate last)
     return days;
 }
 
-QList<QDate> keptOf(QList<QDate> days, QDate today, const copies::KeepRule &rule)
+/// The days that are left, one after the other.
+QString keptOf(QList<QDate> days, const copies::KeepRule &rule)
 {
-    const QList<QDate> gone = copies::superfluous(days, today, rule);
+    const QList<QDate> gone = copies::superfluous(days, {2024, 3, 15}, rule);
     days.removeIf([&](QDate day) { return gone.contains(day); });
     std::ranges::sort(days);
-    return days;
+    QStringList texts;
+    for (const QDate day : days)
+        texts.append(day.toString(Qt::ISODate));
+    return texts.join(u' ');
 }
 
 } // namespace
@@ -32,34 +33,20 @@ QList<QDate> keptOf(QList<QDate> days, QDate today, const copies::KeepRule &rule
 TEST(KeepRule, KeepsTheNewestOfEachDayWeekAndMonth)
 {
     // 15 March 2024 is a Friday.
-    EXPECT_EQ(keptOf(everyDay({2023, 11, 20}, {2024, 3, 15}), {2024, 3, 15},
-                     {.days = 3, .weeks = 4, .months = 3}),
-              (QList<QDate>{{2024, 1, 31},
-                            {2024, 2, 25},
-                            {2024, 2, 29},
-                            {2024, 3, 3},
-                            {2024, 3, 10},
-                            {2024, 3, 13},
-                            {2024, 3, 14},
-                            {2024, 3, 15}}));
-    EXPECT_EQ(keptOf(everyDay({2023, 11, 20}, {2024, 3, 15}), {2024, 3, 15},
-                     {.days = 1, .weeks = 0, .months = 0}),
-              (QList<QDate>{{2024, 3, 15}}));
-}
-
-TEST(KeepRule, PeriodsWithoutACopyDontCount)
-{
+    const QList<QDate> all = everyDay({2023, 11, 20}, {2024, 3, 15});
+    EXPECT_EQ(keptOf(all, {.days = 3, .weeks = 4, .months = 3}),
+              u"2024-01-31 2024-02-25 2024-02-29 2024-03-03 2024-03-10 2024-03-13 2024-03-14 "
+              "2024-03-15");
+    EXPECT_EQ(keptOf(all, {.days = 1, .weeks = 0, .months = 0}), u"2024-03-15");
+    // Periods without a copy don't count.
     const QList<QDate> rare{{2021, 5, 4}, {2022, 1, 3}, {2023, 12, 31}, {2024, 1, 1}};
-    EXPECT_EQ(keptOf(rare, {2024, 3, 15}, {.days = 2, .weeks = 2, .months = 3}),
-              (QList<QDate>{{2022, 1, 3}, {2023, 12, 31}, {2024, 1, 1}}));
-    EXPECT_EQ(keptOf(rare, {2024, 3, 15}, {}), rare);
-}
-
-TEST(KeepRule, CopiesFromDaysToComeAreLeftAlone)
-{
-    EXPECT_EQ(keptOf({{2024, 3, 14}, {2024, 3, 15}, {2099, 1, 1}}, {2024, 3, 15},
-                     {.days = 1, .weeks = 0, .months = 0}),
-              (QList<QDate>{{2024, 3, 15}, {2099, 1, 1}}));
+    EXPECT_EQ(keptOf(rare, {.days = 2, .weeks = 2, .months = 3}),
+              u"2022-01-03 2023-12-31 2024-01-01");
+    EXPECT_EQ(keptOf(rare, {}), u"2021-05-04 2022-01-03 2023-12-31 2024-01-01");
+    // Copies from days to come are left alone.
+    EXPECT_EQ(
+        keptOf({{2024, 3, 14}, {2024, 3, 15}, {2099, 1, 1}}, {.days = 1, .weeks = 0, .months = 0}),
+        u"2024-03-15 2099-01-01");
 }
 
 TEST(KeepRule, OnlyCopiesOfDaysArePruned)

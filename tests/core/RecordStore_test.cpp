@@ -23,9 +23,8 @@ constexpr record::Field<Place> Fields[] = {
 };
 
 /// Two workstations at one site.
-class RecordStores : public test::CompanySession
+struct RecordStores : test::CompanySession
 {
-protected:
     RecordStores()
         : m_key(insert(u"tblSite"_s, {{u"SiteName"_s, u"Yard"_s}}, u"SiteID"_s))
         , m_other(database.open())

@@ -1,12 +1,6 @@
 #include "core/Secrets.h"
 
 #include "core/CompanySession.h"
-#include "core/ErrorReport.h"
-#include "core/Options.h"
-#include "support/Raised.h"
-#include "support/TestFiles.h"
-
-#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 

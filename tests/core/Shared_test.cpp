@@ -3,13 +3,9 @@
 #include "core/Identifiers.h"
 #include "core/Labour.h"
 #include "core/Meters.h"
-#include "core/Options.h"
-#include "core/RegistryValues.h"
-#include "core/RowTests.h"
 #include "core/Tables.h"
 #include "core/database/Changes.h"
 #include "platform/db/DbError.h"
-#include "platform/settings/Registry.h"
 
 #include <QRegularExpression>
 
@@ -17,27 +13,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class SharedProcedures : public test::CompanySession
+struct SharedProcedures : test::CompanySession
 {
-protected:
-    static void addReading(qint64 equipment, const QString &type, const QString &date, int value)
+    static void addSupplier(int id)
     {
-        gcnData->Execute(u"Insert into tblEquipmentCount(EquipmentID,CountType,ChangeDate,"
-                         u"CountValue) values(%1,'%2',#%3#,%4)"_s.arg(equipment)
-                             .arg(type, date)
-                             .arg(value));
+        insert(u"tblSupplier"_s, {{u"SupplierID"_s, id}, {u"Name"_s, u"A"_s}});
     }
-    static qint64 addCrew(int number, const QString &description)
+    static qint64 addCrew(int number, const QVariant &description)
     {
-        return gcnLookup->Insert(u"Insert into tblCrew(CrewNumber,Description) values(?,?)"_s,
-                                 {number, description}, u"CrewID"_s);
-    }
-    static void addEmployee(const QString &id, qint64 crew, const QString &cost, int inactive,
-                            int counted)
-    {
-        gcnData->Execute(u"Insert into tblEmployee(EmployeeID,Crew,LaborCost,Inactive,"
-                         u"IncludeWoList) values(?,?,?,?,?)"_s,
-                         {id, crew, cost, inactive, counted});
+        return insert(u"tblCrew"_s, {{u"CrewNumber"_s, number}, {u"Description"_s, description}},
+                      u"CrewID"_s);
     }
 };
 
@@ -45,20 +30,19 @@ protected:
 
 TEST_F(SharedProcedures, NewIdsFollowTheHighestOnTheirConnection)
 {
-    EXPECT_EQ(GenerateID(u"tblSupplier"_s, u"SupplierID"_s), 1);
-    gcnData->Execute(u"Insert into tblSupplier(SupplierID,Name) values(7,'Seven')"_s);
-    gcnData->Execute(u"Insert into tblSupplier(SupplierID,Name) values(9,'Nine')"_s);
-    EXPECT_EQ(GenerateID(u"tblSupplier"_s, u"SupplierID"_s), 10);
+    const auto next = [] { return GenerateID(u"tblSupplier"_s, u"SupplierID"_s); };
+    EXPECT_EQ(next(), 1);
+    addSupplier(7);
+    addSupplier(9);
+    EXPECT_EQ(next(), 10);
     gcnData->Execute(u"Delete from tblSupplier where SupplierID = 9"_s);
-    EXPECT_EQ(GenerateID(u"tblSupplier"_s, u"SupplierID"_s), 8);
-
+    EXPECT_EQ(next(), 8);
     // What stands in an open transaction on Data is not there yet for Lookup.
     BeginTrans();
-    gcnData->Execute(u"Insert into tblSupplier(SupplierID,Name) values(50,'Fifty')"_s);
-    EXPECT_EQ(GenerateID(u"tblSupplier"_s, u"SupplierID"_s), 51);
+    addSupplier(50);
+    EXPECT_EQ(next(), 51);
     EXPECT_EQ(GenerateIDWithIndicator(u"tblSupplier"_s, u"SupplierID"_s), 8);
     RollbackTrans();
-
     EXPECT_EQ(GenerateID(u"tblSupplier"_s, u"Nothing"_s), 0);
     EXPECT_EQ(errors.takeOne().ProcedureName, u"GenerateID"_s);
     EXPECT_EQ(GenerateIDWithIndicator(u"tblNothing"_s, u"SupplierID"_s), 0);
@@ -71,18 +55,23 @@ TEST_F(SharedProcedures, UniqueIdIsTheTimeAndAGuidHas32Digits)
     EXPECT_EQ(GenrateUniqueID(), 309170508);
     const QString guid = GetGUID();
     EXPECT_TRUE(QRegularExpression(u"^[0-9A-F]{32}$"_s).match(guid).hasMatch())
-        << qUtf8Printable(guid);
+        << guid.toStdString();
     EXPECT_NE(GetGUID(), guid);
 }
 
-TEST_F(SharedProcedures, CountsRowsWithAndWithoutACondition)
+TEST_F(SharedProcedures, RowsAreCountedAndListedWithAndWithoutACondition)
 {
-    for (int id : {1, 2, 3})
-        gcnData->Execute(u"Insert into tblSupplier(SupplierID,Name) values(?,'A')"_s, {id});
+    for (const int id : {1, 3, 2})
+        addSupplier(id);
     EXPECT_EQ(GetRecordCount(u"tblSupplier"_s, u"   "_s), 3);
     EXPECT_EQ(GetRecordCount(u"tblSupplier"_s, u"SupplierID > 1"_s), 2);
     EXPECT_EQ(GetRecordCount(u"tblSupplier"_s, u"SupplierID >"_s), 0);
     EXPECT_EQ(errors.takeOne().ProcedureName, u"GetRecordCount"_s);
+    EXPECT_EQ(GetTableInfo(u"tblSupplier"_s).RecordCount(), 3);
+    const db::Recordset ordered =
+        GetTableInfoWithIndicator(u"tblSupplier"_s, u"SupplierID desc"_s, u"SupplierID > 1"_s);
+    ASSERT_EQ(ordered.RecordCount(), 2);
+    EXPECT_EQ(ordered.row(0).integer(u"SupplierID"), 3);
 }
 
 TEST_F(SharedProcedures, FindsWhetherARecordIsUsed)
@@ -132,16 +121,11 @@ TEST_F(SharedProcedures, FindsDuplicates)
 
 TEST_F(SharedProcedures, FindsAServiceOnAnOpenOrder)
 {
-    const qint64 order =
-        gcnData->Insert(u"Insert into tblWorkorder(EquipmentID) values(1)"_s, {}, u"WorkorderNo"_s);
-    gcnData->Execute(u"Insert into tblWoServiceUsed(WorkorderNo,ServiceUsedID,CrewID) "
-                     u"values(?,41,6)"_s,
-                     {order});
+    const qint64 row = insert(u"tblWoServiceUsed"_s, {{u"ServiceUsedID"_s, 41}, {u"CrewID"_s, 6}},
+                              u"NServiceUsedID"_s);
     EXPECT_TRUE(ServiceInWorkOrder(41));
     EXPECT_FALSE(ServiceInWorkOrder(42));
     // The key column goes by the exact name of the table.
-    const qint64 row =
-        gcnData->Open(u"Select NServiceUsedID from tblWoServiceUsed"_s).value(0, 0).toLongLong();
     EXPECT_EQ(GetCrewIDByService(row, u"tblWoserviceUsed"_s), 6);
     EXPECT_EQ(GetCrewIDByService(41, u"tblWoServiceUsed"_s), 6);
     EXPECT_EQ(GetCrewIDByService(42, u"tblWoServiceUsed"_s), 0);
@@ -154,17 +138,6 @@ TEST_F(SharedProcedures, ACountryIsKnownInItsExactCase)
     EXPECT_FALSE(ChkCountryExist(u"Owner"_s)); // of another list
     EXPECT_FALSE(ChkCountryExist(u"Cote d'Ivoire"_s));
     EXPECT_EQ(errors.takeOne().ProcedureName, u"ChkCountryExist"_s);
-}
-
-TEST_F(SharedProcedures, TableInfoTakesOrderAndCondition)
-{
-    for (int id : {1, 3, 2})
-        gcnData->Execute(u"Insert into tblSupplier(SupplierID,Name) values(?,'A')"_s, {id});
-    EXPECT_EQ(GetTableInfo(u"tblSupplier"_s).RecordCount(), 3);
-    const db::Recordset ordered =
-        GetTableInfoWithIndicator(u"tblSupplier"_s, u"SupplierID desc"_s, u"SupplierID > 1"_s);
-    ASSERT_EQ(ordered.RecordCount(), 2);
-    EXPECT_EQ(ordered.row(0).integer(u"SupplierID"), 3);
 }
 
 TEST_F(SharedProcedures, TableInfoNamesWhatIsWrong)
@@ -196,35 +169,29 @@ TEST_F(SharedProcedures, AListHoldsItsMembersShownOrAll)
 {
     const qint64 list = 9000;
     for (const auto &[name, show] :
-         {std::pair(u"Zeta"_s, 1), std::pair(u"Alpha"_s, 1), std::pair(u"Hidden"_s, 0)}) {
-        gcnLookup->Execute(u"Insert into tblIndicator(ParentID,ItemName,Show) values(?,?,?)"_s,
-                           {list, name, show});
-    }
-    const auto names = [](const db::Recordset &rows) {
+         {std::pair(u"Zeta"_s, 1), std::pair(u"Alpha"_s, 1), std::pair(u"Hidden"_s, 0)})
+        insert(u"tblIndicator"_s, u"ParentID, ItemName, Show"_s, {list, name, show});
+    const auto names = [](bool all, bool sorted) {
         QStringList result;
-        for (const db::Row row : rows)
+        for (const db::Row row : GetIndicatorInfo(list, all, sorted))
             result << row.text(u"ItemName");
-        return result;
+        return result.join(u' ');
     };
-    EXPECT_EQ(names(GetIndicatorInfo(list, false, true)), QStringList({u"Alpha"_s, u"Zeta"_s}));
-    EXPECT_EQ(names(GetIndicatorInfo(list, false, false)), QStringList({u"Zeta"_s, u"Alpha"_s}));
-    EXPECT_EQ(names(GetIndicatorInfo(list, true, true)),
-              QStringList({u"Alpha"_s, u"Hidden"_s, u"Zeta"_s}));
+    EXPECT_EQ(names(false, true), u"Alpha Zeta");
+    EXPECT_EQ(names(false, false), u"Zeta Alpha");
+    EXPECT_EQ(names(true, true), u"Alpha Hidden Zeta");
 }
 
 TEST_F(SharedProcedures, ACrewIsListedByNumberAndDescription)
 {
     addCrew(12, u"North"_s);
     addCrew(3, u"South"_s);
-    gcnLookup->Execute(u"Insert into tblCrew(CrewNumber) values(20)"_s);
-    const db::Recordset crews = GetCrewInfo();
-    ASSERT_EQ(crews.RecordCount(), 3);
+    addCrew(20, {});
     QStringList texts;
-    for (const db::Row row : crews)
+    for (const db::Row row : GetCrewInfo())
         texts << row.text(u"CrewNumber");
     texts.sort();
-    // A crew without a description has no text at all.
-    EXPECT_EQ(texts, QStringList({QString(), u"12   North"_s, u"3   South"_s}));
+    EXPECT_EQ(texts.join(u'|'), u"|12   North|3   South") << "none at all without a description";
 }
 
 TEST_F(SharedProcedures, OptionsAreSharedOrOfTheWorkstation)
@@ -278,55 +245,53 @@ TEST_F(SharedProcedures, OptionsOutliveARollback)
 
 TEST_F(SharedProcedures, TheNewestReadingCountsAndTheHigherOfOneDay)
 {
-    addReading(1, u"Hours"_s, u"03-01-2024"_s, 500);
-    addReading(1, u"Hours"_s, u"03-05-2024"_s, 120);
-    addReading(1, u"Hours"_s, u"03-05-2024"_s, 130);
-    addReading(1, u"Miles"_s, u"03-09-2024"_s, 999);
-    addReading(1, u"Days"_s, u"03-09-2024"_s, 4);
-    addReading(2, u"Hours"_s, u"03-09-2024"_s, 7);
+    const struct
+    {
+        int machine;
+        QString type;
+        int day, value;
+    } readings[] = {{1, u"Hours"_s, 1, 500}, {1, u"Hours"_s, 5, 120}, {1, u"Hours"_s, 5, 130},
+                    {1, u"Miles"_s, 9, 999}, {1, u"Days"_s, 9, 4},    {2, u"Hours"_s, 9, 7}};
+    for (const auto &[machine, type, day, value] : readings)
+        insert(u"tblEquipmentCount"_s, u"EquipmentID, CountType, ChangeDate, CountValue"_s,
+               {machine, type, base::wallClock({2024, 3, day}), value});
     EXPECT_EQ(GetEquipmentCount(1, u"Hours"_s), 130);
     EXPECT_EQ(GetEquipmentCount(1, u"Counts"_s), 0);
     EXPECT_EQ(GetEquipmentCount(3, u"Hours"_s), 0);
-    EXPECT_EQ(GetEquipmentCountByCode(1, u"H"_s), 130);
-    EXPECT_EQ(GetEquipmentCountByCode(1, u"I"_s), 999);
-    EXPECT_EQ(GetEquipmentCountByCode(1, u"D"_s), 4);
-    EXPECT_EQ(GetEquipmentCountByCode(1, u"Hours"_s), 130);
-    EXPECT_EQ(GetEquipmentCountByCode(1, u"h"_s), 0);
+    for (const auto &[code, expected] :
+         {std::pair(u"H"_s, 130), std::pair(u"I"_s, 999), std::pair(u"D"_s, 4),
+          std::pair(u"Hours"_s, 130), std::pair(u"h"_s, 0)})
+        EXPECT_EQ(GetEquipmentCountByCode(1, code), expected) << code.toStdString();
 }
 
 TEST_F(SharedProcedures, LabourCostIsTheMeanOfThoseWhoCount)
 {
     const qint64 crew = addCrew(1, u"North"_s);
     const qint64 other = addCrew(2, u"South"_s);
-    addEmployee(u"1"_s, crew, u"10"_s, 0, 1);
-    addEmployee(u"2"_s, crew, u"10.01"_s, 0, 1);
-    addEmployee(u"3"_s, crew, u"12"_s, 0, 1);
-    addEmployee(u"4"_s, crew, u"900"_s, 1, 1);
-    addEmployee(u"5"_s, crew, u"900"_s, 0, 0);
+    const auto employee = [](const QString &id, qint64 of, const QString &cost, int inactive = 0,
+                             int counted = 1) {
+        insert(u"tblEmployee"_s, u"EmployeeID, Crew, LaborCost, Inactive, IncludeWoList"_s,
+               {id, of, cost, inactive, counted});
+    };
+    employee(u"1"_s, crew, u"10"_s);
+    employee(u"2"_s, crew, u"10.01"_s);
+    employee(u"3"_s, crew, u"12"_s);
+    employee(u"4"_s, crew, u"900"_s, 1);
+    employee(u"5"_s, crew, u"900"_s, 0, 0);
     EXPECT_DOUBLE_EQ(SetLaborCost(crew), 10.67); // 32.01 / 3
     EXPECT_DOUBLE_EQ(SetLaborCost(other), 0);
-    addEmployee(u"6"_s, other, u"23.34"_s, 0, 1);
-    addEmployee(u"7"_s, other, u"23.35"_s, 0, 1);
+    employee(u"6"_s, other, u"23.34"_s);
+    employee(u"7"_s, other, u"23.35"_s);
     EXPECT_DOUBLE_EQ(SetLaborCost(other), 23.35); // the half of a cent goes up
-
-    gcnData->Execute(u"Insert into tblServiceUsed(Name,CrewID,LaborEstimate,CostEstimate) "
-                     u"values('A',?,2,1)"_s,
-                     {crew});
-    gcnData->Execute(u"Insert into tblServiceUsed(Name,CrewID,LaborEstimate,CostEstimate) "
-                     u"values('B',?,2,1)"_s,
-                     {other});
-    gcnData->Execute(u"Insert into tblWoServiceUsed(Name,CrewID,LaborEstimate,CostEstimate) "
-                     u"values('A',?,0.5,1)"_s,
-                     {crew});
-    EXPECT_TRUE(ChangeServiceLabourEstimate(crew));
-    const auto cost = [](const QString &table, const QString &name) {
-        return gcnData->Open(u"Select CostEstimate from "_s + table + u" where Name = ?"_s, {name})
-            .value(0, 0)
-            .toDouble();
+    const auto service = [](const QString &table, qint64 of, double hours) {
+        insert(table, {{u"CrewID"_s, of}, {u"LaborEstimate"_s, hours}, {u"CostEstimate"_s, 1}});
     };
-    EXPECT_DOUBLE_EQ(cost(u"tblServiceUsed"_s, u"A"_s), 21.34);
-    EXPECT_DOUBLE_EQ(cost(u"tblServiceUsed"_s, u"B"_s), 1);
-    EXPECT_DOUBLE_EQ(cost(u"tblWoServiceUsed"_s, u"A"_s), 5.34);
+    service(u"tblServiceUsed"_s, crew, 2);
+    service(u"tblServiceUsed"_s, other, 2);
+    service(u"tblWoServiceUsed"_s, crew, 0.5);
+    EXPECT_TRUE(ChangeServiceLabourEstimate(crew));
+    EXPECT_EQ(found(u"Select CostEstimate from tblServiceUsed order by CrewID"_s), u"21.34\n1");
+    EXPECT_EQ(found(u"Select CostEstimate from tblWoServiceUsed"_s), u"5.34");
 }
 
 TEST_F(SharedProcedures, WithoutADatabaseProceduresReportAndGiveTheirDefault)

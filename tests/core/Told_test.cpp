@@ -11,8 +11,7 @@ namespace {
 TEST(Told, OpensABoxUnlessSomebodyListens)
 {
     test::ScriptedPrompts prompts;
-    using Icon = base::Prompts::Icon;
-    prompts.expect(u"before"_s, Icon::None);
+    prompts.say(u"before"_s);
     told::message(u"before"_s);
     {
         told::Listener listener;
@@ -25,9 +24,9 @@ TEST(Told, OpensABoxUnlessSomebodyListens)
         told::information(u"three"_s);
         EXPECT_EQ(listener.sentences(), QStringList({u"one"_s, u"three"_s}));
     }
-    prompts.expect(u"after"_s, Icon::Information);
+    prompts.inform(u"after"_s);
     told::information(u"after"_s);
-    prompts.expect(u"bad"_s, Icon::Critical);
+    prompts.warn(u"bad"_s);
     told::critical(u"bad"_s);
 }
 

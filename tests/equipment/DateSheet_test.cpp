@@ -6,9 +6,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class DateSheets : public test::Workshop
+struct DateSheets : test::Workshop
 {
-protected:
     static void addDated(qint64 id, const QString &column, QDate date)
     {
         addMachine(id, QString::number(id));

@@ -1,21 +1,13 @@
 #include "equipment/DocumentStore.h"
 
 #include "equipment/Workshop.h"
-#include "support/ScriptedPrompts.h"
-#include "support/TestFiles.h"
-
-#include <QDir>
-#include <QFile>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-class Documents : public test::Workshop
+struct Documents : test::Workshop
 {
-protected:
-    using Icon = base::Prompts::Icon;
-
     /// Stands where nothing is to be asked.
     static bool never(const QString &name)
     {
@@ -80,9 +72,8 @@ TEST_F(Documents, WhatTheDatabaseRefusesLeavesNoFile)
 {
     const QString longest = QString(196, u'n') + u".pdf"_s;
     EXPECT_TRUE(documents::addDocument(1, file(longest, "one"), never));
-    prompts.expect(u"The name of the file is too long: a document's name may have 200 characters "
-                   "at most. Please rename the file."_s,
-                   Icon::None);
+    prompts.say(u"The name of the file is too long: a document's name may have 200 characters "
+                "at most. Please rename the file."_s);
     EXPECT_FALSE(documents::addDocument(1, file(u'n' + longest, "two"), never));
     // Another workstation is adding the same name.
     const auto other = database.open();
@@ -97,14 +88,13 @@ TEST_F(Documents, WhatTheDatabaseRefusesLeavesNoFile)
 
 TEST_F(Documents, WhatCantBeAddedLeavesNoRow)
 {
-    prompts.expect(u"Invalid File or Incorrect Path."_s, Icon::None);
+    prompts.say(u"Invalid File or Incorrect Path."_s);
     EXPECT_FALSE(documents::addDocument(1, environment.folder() + u"/gone.pdf"_s, never));
     // The store can't be had: a file stands where its folder should.
     test::writeFile(base::applicationPath(u"\\Doc"_s), "no folder");
-    prompts.expect(u"Folder(Doc) has been deleted by user. Please create a folder named'Doc' at "
-                   "following path "_s +
-                       QDir::toNativeSeparators(base::environment().applicationFolder),
-                   Icon::None);
+    prompts.say(u"Folder(Doc) has been deleted by user. Please create a folder named'Doc' at "
+                "following path "_s +
+                QDir::toNativeSeparators(base::environment().applicationFolder));
     EXPECT_FALSE(documents::addDocument(1, file(u"a.pdf"_s, "one"), never));
     // The file can't be copied: a folder stands under its name.
     QFile::remove(base::applicationPath(u"\\Doc"_s));

@@ -6,9 +6,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class History : public test::Workshop
+struct History : test::Workshop
 {
-protected:
     History()
     {
         addMachine(1, u"M1"_s);

@@ -7,9 +7,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Machines with numbers in any case, equal ones among them, and without one.
-class MachineRows : public test::CompanySession
+struct MachineRows : test::CompanySession
 {
-protected:
     MachineRows()
     {
         const QVariant none;

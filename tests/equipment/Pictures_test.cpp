@@ -1,18 +1,13 @@
 #include "equipment/Pictures.h"
 
 #include "equipment/Workshop.h"
-#include "support/ScriptedPrompts.h"
-#include "support/TestFiles.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-class Pictures : public test::Workshop
+struct Pictures : test::Workshop
 {
-protected:
-    using Icon = base::Prompts::Icon;
-
     QString file(const QString &name, const QByteArray &content) const
     {
         const QString path = environment.folder() + u'/' + name;
@@ -60,7 +55,7 @@ TEST_F(Pictures, RefusalsStoreNothing)
           Case{file(u"x.bmp"_s, "text"), u"Side"_s, u"Invalid Picture File!"_s, u"Oops!"_s},
           Case{file(u"empty.bmp"_s, ""), u"Side"_s, u"Invalid Picture File!"_s, u"Oops!"_s},
           Case{good, u"FRONT"_s, u"File Name already exists. Please Enter Different Name"_s, {}}}) {
-        prompts.expect(each.refusal, Icon::None);
+        prompts.say(each.refusal);
         EXPECT_FALSE(pictures::SaveImageInEquipment(1, each.file, each.name, startsWithP));
         EXPECT_EQ(prompts.shown().back().title, each.title);
     }

@@ -7,9 +7,8 @@
 namespace test {
 
 /// A company with machines on which work has been posted.
-class Workshop : public CompanySession
+struct Workshop : CompanySession
 {
-protected:
     static void run(const QString &statement, const QVariantList &values = {})
     {
         gcnData->Execute(statement, values);

@@ -2,15 +2,8 @@
 
 #include "core/CompanySession.h"
 #include "core/Permission.h"
-#include "core/RowTests.h"
 #include "equipment/DocumentStore.h"
 #include "parts/clsPart.h"
-#include "platform/base/Format.h"
-#include "support/ScriptedPrompts.h"
-#include "support/TestFiles.h"
-
-#include <QDir>
-#include <QMap>
 
 using namespace Qt::StringLiterals;
 
@@ -43,9 +36,8 @@ constexpr const char *Gathered[] = {
     "tblEquipmentScan",
 };
 
-class Machines : public test::CompanySession
+struct Machines : test::CompanySession
 {
-protected:
     Machines() { gRights.EqAdd = gRights.EqMod = gRights.EqDel = true; }
     ~Machines() override { gRights = {}; }
 
@@ -56,25 +48,21 @@ protected:
     /// A machine with a row in every table, its posted service under the number id + 500.
     static void addMachineWithAll(qint64 id)
     {
-        const auto run = [](const QString &statement) { gcnData->Execute(statement); };
-        run(u"insert into tblEquipment(EquipmentID,EquipmentName,UnitNo) values(%1,'m','U%1')"_s
-                .arg(id));
-        run(u"insert into tblEquipmentDepreciation(EquipmentID,EndofYear) values(%1,2020)"_s.arg(
-            id));
-        run(u"insert into tblEquipmentCrewHistory(EquipmentID,CrewNumber) values(%1,'1')"_s.arg(
-            id));
-        run(u"insert into tblServiceUsed(EquipmentID,Name) values(%1,'oil')"_s.arg(id));
-        run(u"insert into tblServiceUsedPart(ServiceUsedID,PartID) select ServiceUsedID,'S%1' from "
-            "tblServiceUsed where EquipmentID = %1"_s.arg(id));
-        run(u"insert into tblEquipmentScan(EquipmentID,ScanStatus) values(%1,'In')"_s.arg(id));
-        run(u"insert into tblWOServiceUsedHistory(EquipmentID,ServiceUsedID) values(%1,50%1)"_s.arg(
-            id));
-        run(u"insert into tblWoPartHistory(ServiceusedID,partID) values(50%1,'P')"_s.arg(id));
-        run(u"insert into tblEquipmentPart(EquipmentID,PartID) values(%1,'P')"_s.arg(id));
-        run(u"insert into tblEquipmentCount(EquipmentID,CountType) values(%1,'Hours')"_s.arg(id));
-        run(u"insert into tblEquipmentImage(EquipmentID,ImageName) values(%1,'front')"_s.arg(id));
-        run(u"insert into tblEquipmentDocument(EquipmentID,DocumentName) values(%1,'a.txt')"_s.arg(
-            id));
+        for (const QString &row :
+             {u"tblEquipment(EquipmentID,EquipmentName,UnitNo) values(%1,'m','U%1')"_s,
+              u"tblEquipmentDepreciation(EquipmentID,EndofYear) values(%1,2020)"_s,
+              u"tblEquipmentCrewHistory(EquipmentID,CrewNumber) values(%1,'1')"_s,
+              u"tblServiceUsed(EquipmentID,Name) values(%1,'oil')"_s,
+              u"tblServiceUsedPart(ServiceUsedID,PartID) select ServiceUsedID,'S%1' from "
+              "tblServiceUsed where EquipmentID = %1"_s,
+              u"tblEquipmentScan(EquipmentID,ScanStatus) values(%1,'In')"_s,
+              u"tblWOServiceUsedHistory(EquipmentID,ServiceUsedID) values(%1,50%1)"_s,
+              u"tblWoPartHistory(ServiceusedID,partID) values(50%1,'P')"_s,
+              u"tblEquipmentPart(EquipmentID,PartID) values(%1,'P')"_s,
+              u"tblEquipmentCount(EquipmentID,CountType) values(%1,'Hours')"_s,
+              u"tblEquipmentImage(EquipmentID,ImageName) values(%1,'front')"_s,
+              u"tblEquipmentDocument(EquipmentID,DocumentName) values(%1,'a.txt')"_s})
+            gcnData->Execute(u"insert into "_s + row.arg(id));
         QDir().mkpath(documents::folder(id));
         test::writeFile(documents::path(id, u"a.txt"_s), {});
     }
@@ -125,6 +113,8 @@ TEST_F(Machines, ADateThatWasNotGivenIsNull)
     for (int column = 0; column < rows.columnCount(); ++column)
         EXPECT_EQ(rows.value(0, column).isNull(), rows.columnKind(column) == sql::ColumnKind::Date)
             << rows.columnName(column).toStdString();
+    EXPECT_TRUE(manager.DeleteRecord(77));
+    EXPECT_TRUE(prompts.shown().empty()) << "without documents there is nothing to say";
 }
 
 TEST_F(Machines, ASaveThatFailsLeavesTheTransactionOpen)
@@ -155,13 +145,6 @@ TEST_F(Machines, DeletingTakesAllThatAMachineHasGatheredAndNothingElse)
     EXPECT_EQ(clsPartManager().CanDeletePart(u"S2"_s), u"ServiceUsed Part");
     EXPECT_FALSE(QDir(documents::folder(1)).exists());
     EXPECT_TRUE(QDir(documents::folder(2)).exists());
-}
-
-TEST_F(Machines, AMachineWithoutDocumentsIsDeletedWithoutAWord)
-{
-    ASSERT_TRUE(manager.SaveRecord(bareMachine(77, u"A"_s), Mode::Add));
-    EXPECT_TRUE(manager.DeleteRecord(77));
-    EXPECT_TRUE(prompts.shown().empty());
 }
 
 TEST_F(Machines, ThoseWhoMayNotChangeNothingWhateverTheRoad)

@@ -1,45 +1,29 @@
 #include "core/CompanySession.h"
-#include "core/Options.h"
 #include "core/ui/EveryField.h"
 #include "core/ui/Openings.h"
 #include "core/ui/ScreenCalls.h"
-#include "core/ui/ScreenDriver.h"
 #include "equipment/clsEquipment.h"
 #include "equipment/ui/Entries.h"
 #include "equipment/ui/EquipmentTabs.h"
 #include "organisation/clsIndicator.h"
-#include "platform/grid/GridView.h"
 #include "platform/help/Help.h"
-#include "platform/input/CurrencyInput.h"
-#include "platform/input/DateInput.h"
-#include "support/ScriptedPrompts.h"
 
 #include <QClipboard>
-#include <QGuiApplication>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QStackedWidget>
 #include <QTextBrowser>
 #include <QWhatsThis>
 
 using namespace Qt::StringLiterals;
 using test::ScreenDriver;
-using Icon = base::Prompts::Icon;
-using Buttons = base::Prompts::Buttons;
-using Answer = base::Prompts::Answer;
 
 namespace {
 
-const QString NoRights =
-    u"You do not have sufficient rights to this action. Please see your system administrator"_s;
 const QString TakenUnit =
     u"Unit Number you specified already exists. Please enter a different Unit Number."_s;
 const QString SaveFirst = u"Record must be saved. Do you want to save it."_s;
 
-class EquipmentScreen : public test::CompanySession
+struct EquipmentScreen : test::CompanySession
 {
-protected:
     EquipmentScreen() { gRights.EqAdd = gRights.EqMod = gRights.EqDel = true; }
     ~EquipmentScreen() override
     {
@@ -83,6 +67,12 @@ protected:
                            screen.press("cmdExit");
                        });
         return last;
+    }
+    /// The same with a machine 1, "A", that is there already.
+    static void inMachine(std::function<void(ScreenDriver)> act)
+    {
+        addMachine(1, u"A"_s, u"mower"_s);
+        work(Mode::Browse, 1, std::move(act));
     }
     static int page(const ScreenDriver &screen)
     {
@@ -130,8 +120,7 @@ TEST_F(EquipmentScreen, OpensOnTheMachineAskedForAndMovesInTheOrderOfUnits)
 
 TEST_F(EquipmentScreen, EachPageHasItsKeyAndItsButton)
 {
-    addMachine(1, u"A"_s, u"mower"_s);
-    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+    inMachine([&](ScreenDriver screen) {
         auto *buttons = screen.screen().findChild<EquipmentTabs *>();
         QString keys;
         for (int index = EquipmentTabs::Count - 1; index >= 0; --index) {
@@ -193,7 +182,7 @@ TEST_F(EquipmentScreen, CancelUndoesTheRecordAndTheRowsOfItsPages)
         screen.type("txtEquipmentName", u"other"_s);
         press(screen, Qt::Key_D);
         screen.press("cmdRecalculate");
-        const grid::GridModel &schedule = screen.control<grid::GridView>("grdDepreciation").rows();
+        const grid::GridModel &schedule = screen.grid("grdDepreciation").rows();
         EXPECT_EQ(schedule.rowCount(), 3);
         screen.press("cmdCancel");
         EXPECT_EQ(schedule.rowCount(), 1);
@@ -224,25 +213,25 @@ TEST_F(EquipmentScreen, ANewMachineIsSavedUnderAKeyOfTheMoment)
 TEST_F(EquipmentScreen, ANewMachineShowsNoOtherPageUntilItIsSaved)
 {
     work(Mode::Add, 0, [&](ScreenDriver screen) {
-        prompts.expect(SaveFirst, Icon::Question, Buttons::YesNo, Answer::No);
+        prompts.no(SaveFirst);
         press(screen, Qt::Key_H);
         EXPECT_EQ(page(screen), 0);
         EXPECT_EQ(screen.focused(), "txtUnitNo");
         EXPECT_TRUE(screen.control<QPushButton>("tabEquipment").isChecked());
 
-        prompts.expect(SaveFirst, Icon::Question, Buttons::YesNo, Answer::Yes);
-        prompts.expect(u"Equipment Unit No should not be blank."_s, Icon::None);
+        prompts.yes(SaveFirst);
+        prompts.say(u"Equipment Unit No should not be blank."_s);
         press(screen, Qt::Key_H);
         EXPECT_EQ(page(screen), 0);
         EXPECT_EQ(screen.focused(), "txtUnitNo");
 
         screen.type("txtUnitNo", u"1"_s);
-        prompts.expect(u"Equipment Name should not be blank."_s, Icon::None);
+        prompts.say(u"Equipment Name should not be blank."_s);
         screen.press("cmdUpdate");
         EXPECT_EQ(screen.focused(), "txtEquipmentName");
 
         screen.type("txtEquipmentName", u"Blower"_s);
-        prompts.expect(SaveFirst, Icon::Question, Buttons::YesNo, Answer::Yes);
+        prompts.yes(SaveFirst);
         press(screen, Qt::Key_H);
         EXPECT_EQ(page(screen), 2);
     });
@@ -255,14 +244,14 @@ TEST_F(EquipmentScreen, AUnitThatIsTakenIsRefused)
     addMachine(2, u"B 1"_s, u"blower"_s);
     work(Mode::Browse, 2, [&](ScreenDriver screen) {
         screen.type("txtUnitNo", u"a 1"_s);
-        prompts.expect(TakenUnit, Icon::None);
+        prompts.say(TakenUnit);
         QTest::keyClick(screen.screen().focusWidget(), Qt::Key_Tab);
         QApplication::processEvents();
         EXPECT_EQ(screen.text("txtUnitNo"), u"");
         EXPECT_EQ(screen.focused(), "txtUnitNo");
 
         screen.type("txtUnitNo", u"A 1"_s);
-        prompts.expect(TakenUnit, Icon::None);
+        prompts.say(TakenUnit);
         screen.press("cmdUpdate");
         EXPECT_EQ(screen.text("txtUnitNo"), u"A 1") << "Save leaves the text to be corrected";
         EXPECT_EQ(screen.focused(), "txtUnitNo");
@@ -282,14 +271,14 @@ TEST_F(EquipmentScreen, ASerialNumberInUseNamesItsMachine)
     const QString taken = u"This serial number is already in use on \"A\" - \"O'Hara's\""_s;
     work(Mode::Browse, 2, [&](ScreenDriver screen) {
         screen.type("txtSerialNo", u"S'1"_s);
-        prompts.expect(taken, Icon::None);
+        prompts.say(taken);
         QTest::keyClick(screen.screen().focusWidget(), Qt::Key_Tab);
         QApplication::processEvents();
         EXPECT_EQ(screen.text("txtSerialNo"), u"");
         EXPECT_EQ(screen.focused(), "txtSerialNo");
 
         screen.type("txtSerialNo", u"S'1"_s);
-        prompts.expect(taken, Icon::None);
+        prompts.say(taken);
         press(screen, Qt::Key_N);
         EXPECT_EQ(page(screen), 0) << "a key of another page leaves the box, too";
 
@@ -303,8 +292,7 @@ TEST_F(EquipmentScreen, ASerialNumberInUseNamesItsMachine)
 TEST_F(EquipmentScreen, AClickOnTheCrewIsHistoryEvenOfTheSameCrew)
 {
     gcnLookup->Execute(u"insert into tblCrew(CrewNumber,Description) values(7,'North''s')"_s);
-    addMachine(1, u"A"_s, u"mower"_s);
-    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+    inMachine([&](ScreenDriver screen) {
         screen.choose("cboCrew", u"7   North's"_s);
         screen.press("cmdUpdate");
         EXPECT_EQ(count(u"tblEquipmentCrewHistory"_s), 1);
@@ -331,8 +319,7 @@ TEST_F(EquipmentScreen, ListsFollowTheirParents)
     addItem(make, u"X 1"_s);
     gcnLookup->Execute(u"insert into tblSite(SiteName) values('Yard')"_s);
     gcnLookup->Execute(u"insert into tblLocation(LocationName,Site) values('Shed',1)"_s);
-    addMachine(1, u"A"_s, u"mower"_s);
-    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+    inMachine([&](ScreenDriver screen) {
         const auto items = [&](const char *list) {
             return screen.control<QComboBox>(list).count();
         };
@@ -363,8 +350,7 @@ TEST_F(EquipmentScreen, EveryFieldIsShownAndSaved)
     insert(u"tblLocation"_s, {{u"LocationName"_s, u"Shed"_s}, {u"Site"_s, site}}, u"LocationID"_s);
     insert(u"tblCrew"_s, {{u"CrewNumber"_s, 1}, {u"Description"_s, u"Mowing"_s}}, u"CrewID"_s);
     insert(u"tblSupplier"_s, {{u"SupplierID"_s, 1}, {u"Name"_s, u"Tool Barn"_s}});
-    addMachine(1, u"A"_s, u"mower"_s);
-    work(Mode::Browse, 1, [&](const ScreenDriver &screen) {
+    inMachine([&](const ScreenDriver &screen) {
         test::expectEveryFieldIsSaved(screen, u"tblEquipment"_s,
                                       record::columns(clsEquipment::fields()),
                                       {u"EquipmentID"_s, u"VehicleOwnedLeased"_s});
@@ -379,15 +365,14 @@ TEST_F(EquipmentScreen, AMakeThatWasDeletedByHandIsToldAndKept)
                      "Capacity = 'kept' where EquipmentID = 1"_s,
                      {mower});
     const auto missing = [this] {
-        prompts.expect(u"One of lookup item has been deleted\nmanually from database"_s,
-                       Icon::None);
+        prompts.say(u"One of lookup item has been deleted\nmanually from database"_s);
     };
     missing();
     work(Mode::Browse, 1, [&](ScreenDriver screen) {
         EXPECT_EQ(screen.text("cboMake"), u"");
         EXPECT_EQ(screen.text("cboType"), u"Mower");
         EXPECT_EQ(screen.text("txtCapacity"), u"kept") << "the other fields are shown";
-        prompts.expect(u"You must first add a new Make before adding a new Model"_s, Icon::None);
+        prompts.say(u"You must first add a new Make before adding a new Model"_s);
         screen.press("cmdModel");
         screen.type("txtCapacity", u"1"_s);
         missing();
@@ -399,8 +384,7 @@ TEST_F(EquipmentScreen, AMakeThatWasDeletedByHandIsToldAndKept)
 
 TEST_F(EquipmentScreen, ALoanRenamesTheLease)
 {
-    addMachine(1, u"A"_s, u"mower"_s);
-    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+    inMachine([&](ScreenDriver screen) {
         press(screen, Qt::Key_B);
         const auto has = [&](const QString &caption) {
             for (const QLabel *label : screen.screen().findChildren<QLabel *>())
@@ -425,16 +409,15 @@ TEST_F(EquipmentScreen, ALoanRenamesTheLease)
 
 TEST_F(EquipmentScreen, ADateThatIsNoneHoldsThePageAndTheSave)
 {
-    addMachine(1, u"A"_s, u"mower"_s);
-    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+    inMachine([&](ScreenDriver screen) {
         press(screen, Qt::Key_B);
         auto &date = screen.control<input::DateInput>("datAcquisition");
         date.setFocus();
         QTest::keyClicks(&date, u"13452024"_s);
-        prompts.expect(u"Please enter valid date."_s, Icon::None);
+        prompts.say(u"Please enter valid date."_s);
         press(screen, Qt::Key_E);
         EXPECT_EQ(page(screen), 8);
-        prompts.expect(u"Please enter valid date."_s, Icon::None);
+        prompts.say(u"Please enter valid date."_s);
         screen.control<QPushButton>("cmdUpdate").click();
         EXPECT_EQ(screen.focused(), "datAcquisition");
         EXPECT_TRUE(gbInTransaction);
@@ -494,21 +477,20 @@ TEST_F(EquipmentScreen, DeletingAsksAndShowsTheNeighbour)
     const QString question = u"This will delete the entire piece of equipment and all its history. "
                              "Are you sure you want to do this?"_s;
     work(Mode::Browse, 1, [&](ScreenDriver screen) {
-        prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
-        prompts.expect(u"Deletion not allowed. Record is being used in WorkOrder."_s,
-                       Icon::Information);
+        prompts.yes(question);
+        prompts.inform(u"Deletion not allowed. Record is being used in WorkOrder."_s);
         screen.press("cmdDelete");
         screen.press("cmdNext");
-        prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::No);
+        prompts.no(question);
         screen.press("cmdDelete");
-        prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+        prompts.yes(question);
         screen.press("cmdDelete");
         EXPECT_EQ(screen.text("txtUnitNo"), u"C");
-        prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+        prompts.yes(question);
         screen.press("cmdDelete");
         EXPECT_EQ(screen.text("txtUnitNo"), u"A");
         gRights.EqDel = false;
-        prompts.expect(NoRights, Icon::Information);
+        prompts.inform(test::NoRights);
         screen.press("cmdDelete");
     });
     EXPECT_EQ(number(u"select count(*) from tblEquipment"_s), 1);
@@ -517,9 +499,8 @@ TEST_F(EquipmentScreen, DeletingAsksAndShowsTheNeighbour)
 TEST_F(EquipmentScreen, WithoutTheRightsNothingCanBeChanged)
 {
     gRights.EqAdd = gRights.EqMod = false;
-    addMachine(1, u"A"_s, u"mower"_s);
-    work(Mode::Browse, 1, [&](ScreenDriver screen) {
-        prompts.expect(NoRights, Icon::Information);
+    inMachine([&](ScreenDriver screen) {
+        prompts.inform(test::NoRights);
         screen.press("cmdAdd");
         for (const char *box : {"txtUnitNo", "txtCapacity", "txtVin", "datInspection"})
             EXPECT_TRUE(screen.control<QLineEdit>(box).isReadOnly()) << box;
@@ -536,8 +517,7 @@ TEST_F(EquipmentScreen, WithoutTheRightsNothingCanBeChanged)
 
 TEST_F(EquipmentScreen, CtrlDStampsNotesAndElsewhereShowsTheDepreciation)
 {
-    addMachine(1, u"A"_s, u"mower"_s);
-    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+    inMachine([&](ScreenDriver screen) {
         press(screen, Qt::Key_N);
         EXPECT_EQ(screen.focused(), "rtfNotes");
         press(screen, Qt::Key_D);
@@ -555,8 +535,7 @@ TEST_F(EquipmentScreen, CtrlDStampsNotesAndElsewhereShowsTheDepreciation)
 
 TEST_F(EquipmentScreen, TheKeysOfTheClipboardActOnATextThatCanBeChanged)
 {
-    addMachine(1, u"A"_s, u"mower"_s);
-    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+    inMachine([&](ScreenDriver screen) {
         QGuiApplication::clipboard()->setText(u"cutter"_s);
         auto &name = screen.control<QLineEdit>("txtEquipmentName");
         for (const char *box : {"txtEquipmentName", "rtfNotes"}) {
@@ -596,12 +575,10 @@ TEST_F(EquipmentScreen, WithoutMachinesNoPageCanBeTurnedTo)
         EXPECT_FALSE(tabs.isEnabled());
     });
     // The last machine goes while another page is in front.
-    addMachine(1, u"A"_s, u"mower"_s);
-    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+    inMachine([&](ScreenDriver screen) {
         press(screen, Qt::Key_N);
-        prompts.expect(u"This will delete the entire piece of equipment and all its history. Are "
-                       "you sure you want to do this?"_s,
-                       Icon::Question, Buttons::YesNo, Answer::Yes);
+        prompts.yes(u"This will delete the entire piece of equipment and all its history. Are "
+                    "you sure you want to do this?"_s);
         screen.press("cmdDelete");
         EXPECT_EQ(page(screen), 0);
     });
@@ -611,8 +588,7 @@ TEST_F(EquipmentScreen, UserFieldsCarryTheCustomersNames)
 {
     SetOption(u"UserDefinedField2"_s, u"Insurance"_s, false);
     SetOption(u"UserDefinedField3"_s, u"Oil & Grease"_s, false);
-    addMachine(1, u"A"_s, u"mower"_s);
-    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+    inMachine([&](ScreenDriver screen) {
         EXPECT_EQ(screen.control("txtUserDefined2").accessibleName(), u"Insurance");
         EXPECT_EQ(screen.control("txtUserDefined3").accessibleName(), u"Oil & Grease");
         // As QLabel takes it: a single one would be no character, but the mark of a key.
@@ -644,9 +620,7 @@ TEST_F(EquipmentScreen, FindAndPrintGoThroughTheirFolders)
     work(Mode::Browse, 1, [&](ScreenDriver screen) {
         screen.press("cmdFind");
         EXPECT_EQ(screen.text("txtUnitNo"), u"B");
-        prompts.expect(u"You do not have sufficient rights to see this report. Please see your "
-                       "system administrator"_s,
-                       Icon::Information);
+        prompts.inform(test::NoReport);
         screen.press("cmdPrint");
         EXPECT_EQ(filter, QString());
         gRights.EqDetail = true;
@@ -682,8 +656,7 @@ TEST_F(EquipmentScreen, AListIsRebuiltWhenItsEditorClosesAndKeepsItsChoice)
 
 TEST_F(EquipmentScreen, TheHelpPointerExplainsAButtonInsteadOfPressingIt)
 {
-    addMachine(1, u"A"_s, u"mower"_s);
-    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+    inMachine([&](ScreenDriver screen) {
         screen.press("cmdHelp");
         EXPECT_TRUE(QWhatsThis::inWhatsThisMode());
         QTest::mouseClick(&screen.control("tabPurchase"), Qt::LeftButton);
@@ -701,15 +674,13 @@ TEST_F(EquipmentScreen, TheHelpPointerExplainsAButtonInsteadOfPressingIt)
 
 TEST_F(EquipmentScreen, AMachineThatAnotherWorkstationHoldsKeepsWhatWasTyped)
 {
-    addMachine(1, u"A"_s, u"mower"_s);
-    work(Mode::Browse, 1, [&](ScreenDriver screen) {
+    inMachine([&](ScreenDriver screen) {
         screen.type("txtCapacity", u"mine"_s);
         const auto other = database.open();
         other->BeginTrans();
         other->Execute(u"update tblEquipment set Weight = 'theirs' where EquipmentID = 1"_s);
-        prompts.expect(
-            u"Another workstation is changing the machine \"A\". Please try again in a moment."_s,
-            Icon::None);
+        prompts.say(
+            u"Another workstation is changing the machine \"A\". Please try again in a moment."_s);
         screen.press("cmdUpdate");
         EXPECT_EQ(screen.text("txtCapacity"), u"mine");
         EXPECT_TRUE(screen.isShown("cmdUpdate"));
@@ -724,9 +695,8 @@ TEST_F(EquipmentScreen, AMachineThatAnotherWorkstationHoldsKeepsWhatWasTyped)
 
 namespace {
 
-class DepreciationOnScreen : public EquipmentScreen
+struct DepreciationOnScreen : EquipmentScreen
 {
-protected:
     DepreciationOnScreen()
     {
         addMachine(1, u"A"_s, u"mower"_s);
@@ -761,7 +731,7 @@ TEST_F(DepreciationOnScreen, ChecksWhatItIsWorkedOutFrom)
             screen.control<QLineEdit>("txtTotalCost").setText(given.total);
             screen.control<QLineEdit>("txtSalvageValue").setText(given.salvage);
             screen.control<QLineEdit>("txtAssetYears").setText(given.life);
-            prompts.expect(QString::fromLatin1(given.message), Icon::None);
+            prompts.say(QString::fromLatin1(given.message));
             // A key presses the button without leaving the box.
             screen.control<QPushButton>("cmdRecalculate").click();
             EXPECT_EQ(screen.focused(), given.focus);
@@ -775,11 +745,11 @@ TEST_F(DepreciationOnScreen, WritesAtOnceAndTurnsNoMode)
                      "where EquipmentID = 1"_s);
     work(Mode::Browse, 1, [&](ScreenDriver screen) {
         press(screen, Qt::Key_D);
-        EXPECT_EQ(screen.control<QLabel>("lblPurchaseYear").text(), u"2004");
+        EXPECT_EQ(screen.text("lblPurchaseYear"), u"2004");
         screen.press("cmdRecalculate");
         EXPECT_TRUE(screen.isShown("cmdAdd"));
         EXPECT_FALSE(gbInTransaction);
-        const grid::GridModel &schedule = screen.control<grid::GridView>("grdDepreciation").rows();
+        const grid::GridModel &schedule = screen.grid("grdDepreciation").rows();
         ASSERT_EQ(schedule.rowCount(), 3);
         EXPECT_EQ(schedule.text(1, u"Accumualted Depreciation"), u"$666.67");
     });
@@ -793,17 +763,16 @@ TEST_F(DepreciationOnScreen, TheYearListGivesAnotherFirstYearUntilTheNextDisplay
     work(Mode::Browse, 1, [&](ScreenDriver screen) {
         screen.choose("cboYear", u"2010"_s);
         press(screen, Qt::Key_D);
-        EXPECT_EQ(screen.control<QLabel>("lblPurchaseYear").text(), u"2010");
+        EXPECT_EQ(screen.text("lblPurchaseYear"), u"2010");
         screen.press("cmdRecalculate");
         screen.press("cmdUpdate");
-        EXPECT_EQ(screen.control<QLabel>("lblPurchaseYear").text(), u"2004");
+        EXPECT_EQ(screen.text("lblPurchaseYear"), u"2004");
         EXPECT_EQ(number(u"select max(EndofYear) from tblEquipmentDepreciation"_s), 2010);
 
         press(screen, Qt::Key_E);
         screen.choose("cboYear", u"  "_s);
         press(screen, Qt::Key_D);
-        prompts.expect(u"Equipment purchase year is empty.First Enter Equipment purchase year."_s,
-                       Icon::None);
+        prompts.say(u"Equipment purchase year is empty.First Enter Equipment purchase year."_s);
         screen.press("cmdRecalculate");
     });
 }
@@ -813,7 +782,7 @@ TEST_F(DepreciationOnScreen, NeedsAnAcquisitionDateAndFillsBlanksWithZero)
     gcnData->Execute(u"update tblEquipment set Acquisitiondate = NULL where EquipmentID = 1"_s);
     work(Mode::Browse, 1, [&](ScreenDriver screen) {
         press(screen, Qt::Key_D);
-        EXPECT_EQ(screen.control<QLabel>("lblPurchaseYear").text(), u"");
+        EXPECT_EQ(screen.text("lblPurchaseYear"), u"");
         EXPECT_FALSE(screen.isEnabled("cmdRecalculate"));
         screen.type("txtTotalCost", u"1a0.5.x"_s);
         EXPECT_EQ(screen.text("txtTotalCost"), u"10.5");

@@ -1,13 +1,10 @@
 #include "carrier/Carrying.h"
 
 #include "carrier/Journal.h"
-#include "platform/base/Error.h"
 #include "support/Raised.h"
 #include "support/TestFiles.h"
 
-#include <QDir>
 #include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -18,9 +15,8 @@ using test::writeFile;
 struct Stopped
 {};
 
-class Carrier : public testing::Test
+struct Carrier : testing::Test
 {
-protected:
     Carrier()
     {
         settings.device = place(u"device"_s);
@@ -60,6 +56,7 @@ protected:
                                        }});
     }
 
+    const carrier::Company nobody{[] {}, [](const QString &) { return false; }};
     carrier::Settings settings;
     int questions = 0;
 
@@ -69,6 +66,8 @@ private:
 
 TEST_F(Carrier, BringsTheDevicesFilesAndKeepsANumberedCopyOfEach)
 {
+    fetch();
+    EXPECT_EQ(files(settings.inbox), QString()) << "no transfer without files";
     record(u"Sy1.xml"_s, "one");
     record(u"Count.xml"_s, "two");
     record(u"sy2.xml"_s, "is none of them");
@@ -81,12 +80,6 @@ TEST_F(Carrier, BringsTheDevicesFilesAndKeepsANumberedCopyOfEach)
     EXPECT_EQ(files(settings.copies), u"000001 Count.xml 000002 Sy1.xml carried.txt");
     EXPECT_EQ(readFile(settings.copies + u"/000002 Sy1.xml"_s), "one");
     EXPECT_EQ(questions, 0);
-}
-
-TEST_F(Carrier, MarksNoTransferWithoutFiles)
-{
-    fetch();
-    EXPECT_EQ(files(settings.inbox), QString());
 }
 
 TEST_F(Carrier, NeverOverwritesWhatWaits)
@@ -148,7 +141,6 @@ TEST_F(Carrier, CompletesWhatWasInterruptedWithoutLosingOrDoubling)
 
 TEST_F(Carrier, TakesTheExchangeFileToTheDevice)
 {
-    const carrier::Company nobody{[] {}, [](const QString &) { return false; }};
     EXPECT_TRUE(test::raisedBy([&] { carrier::toDevice(settings, nobody); })
                     .description()
                     .startsWith(u"There is nothing to take to the handheld yet"));
@@ -164,7 +156,6 @@ TEST_F(Carrier, TellsWhenTheDeviceIsNotThere)
 {
     writeFile(settings.data, "new");
     ASSERT_TRUE(QDir().rmdir(settings.device));
-    const carrier::Company nobody{[] {}, [](const QString &) { return false; }};
     for (const auto carry : {carrier::toDevice, carrier::fromDevice})
         EXPECT_TRUE(test::raisedBy([&] { carry(settings, nobody); })
                         .description()

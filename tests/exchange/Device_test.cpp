@@ -1,10 +1,7 @@
-#include "core/Options.h"
-#include "core/Session.h"
 #include "device/Device.h"
 #include "exchange/Export.h"
 #include "exchange/Handheld.h"
 #include "exchange/Import.h"
-#include "platform/base/Error.h"
 
 #include <algorithm>
 
@@ -102,9 +99,8 @@ void expectState(State expected, QList<std::pair<QString, Row>> made, const std:
         EXPECT_TRUE(now[table].isEmpty()) << which << ": more came into " << table.toStdString();
 }
 
-class DeviceDays : public test::Handheld, public testing::WithParamInterface<int>
+struct DeviceDays : test::Handheld, testing::WithParamInterface<int>
 {
-protected:
     DeviceDays()
     {
         SetOption(u"COUNT_READING_DELAY"_s, 1, false);
@@ -120,10 +116,8 @@ protected:
                      {u"Period"_s, id % 2 == 0 ? u"H"_s : u"I"_s},
                      {u"NextScheduledCount"_s, 1'000'000},
                      {u"NextScheduledDate"_s, QVariant()}});
-            insert(u"tblEquipmentCount"_s, {{u"EquipmentID"_s, id},
-                                            {u"ChangeDate"_s, day(3, 1)},
-                                            {u"CountType"_s, type},
-                                            {u"CountValue"_s, 100}});
+            insert(u"tblEquipmentCount"_s, u"EquipmentID, ChangeDate, CountType, CountValue"_s,
+                   {id, day(3, 1), type, 100});
         }
         orderService(order({{u"EquipmentID"_s, 4}}),
                      {{u"EquipmentID"_s, 4}, {u"Period"_s, u"H"_s}});

@@ -1,10 +1,7 @@
 #pragma once
 
-#include "platform/base/Prompts.h"
-#include "support/TestFiles.h"
+#include "support/PatientUser.h"
 #include "workorders/Workshop.h"
-
-#include <QDir>
 
 namespace test {
 
@@ -25,39 +22,9 @@ inline QByteArray command(const QString &line)
     return command(kind.constData(), parts);
 }
 
-/// Answers every box as it likes and keeps the texts.
-class PatientUser final : public base::Prompts
-{
-public:
-    Answer show(const Message &message) override
-    {
-        told += message.text + u'\n';
-        if (thinks)
-            thinks();
-        return Answer::Ok;
-    }
-    std::optional<QString> input(const QString &, const QString &, const QString &) override
-    {
-        return {};
-    }
-    QString chooseFolder(const QString &) override { return {}; }
-    QString chooseFile(const QString &, const QStringList &) override { return {}; }
-    QString chooseSaveFile(const QString &, const QStringList &, const QString &) override
-    {
-        return {};
-    }
-
-    QString told;
-    std::function<void()> thinks; ///< before each answer
-
-private:
-    base::ScopedPrompts m_scope{*this};
-};
-
 /// A workshop with the folder in which the handheld's files wait.
-class Handheld : public Workshop
+struct Handheld : Workshop
 {
-protected:
     Handheld()
     {
         settings::registry().setValue(settings::ProductKey, QStringLiteral("Path"),

@@ -4,8 +4,6 @@
 #include "exchange/Handheld.h"
 #include "exchange/Import.h"
 #include "exchange/XmlUpdates.h"
-#include "platform/base/Error.h"
-#include "support/ScriptedPrompts.h"
 
 namespace {
 
@@ -17,9 +15,8 @@ using test::writeFile;
 
 const QString FileName = u"Data.xml"_s;
 
-class ImportFile : public test::Workshop
+struct ImportFile : test::Workshop
 {
-protected:
     ImportFile()
     {
         EXPECT_TRUE(QDir().mkpath(base::environment().applicationFolder + u"/XML_IN"_s));
@@ -86,10 +83,8 @@ TEST_F(ImportFile, StoresReadingsThatAreNotBelowTheHighest)
                                     {u"NextScheduledCount"_s, 500},
                                     {u"NextScheduledDate"_s, QVariant()}});
     orderService(order(), {{u"Period"_s, u"H"_s}}); // is no reason to refuse it here
-    insert(u"tblEquipmentCount"_s, {{u"EquipmentID"_s, 1},
-                                    {u"ChangeDate"_s, day(3, 1)},
-                                    {u"CountType"_s, u"Hours"_s},
-                                    {u"CountValue"_s, 500}});
+    insert(u"tblEquipmentCount"_s, u"EquipmentID, ChangeDate, CountType, CountValue"_s,
+           {1, day(3, 1), u"Hours"_s, 500});
     const auto reading = [](const QByteArray &count, const QByteArray &type = "Hours") {
         return "EquipmentID='1' ChangeDate='3/9/2024' CountType='" + type +
                "' LastCount='9' CurrentCount='" + count + "'";
@@ -226,38 +221,29 @@ TEST_F(ImportFile, LogsWhatIsGoneAndKeepsTheFile)
                       section("tblServiceUsed",
                               {"ServiceUsedID='1' ServiceID='1' WorkOrderNo='78' Completed='Y'"}) +
                       section("tblParts", {"PartID='P'"}));
-    const QStringList lines{u" Equipment"_s,
-                            u"        Failed to Import Equipment Record"_s,
-                            u"        EquipmentID=8"_s,
-                            u"        Reson:- Equipment has been deleted or modified"_s,
-                            u"        Failed to Import Equipment Record"_s,
-                            u"        EquipmentID=9"_s,
-                            u"        Reson:- Equipment has been deleted or modified"_s,
-                            u" WorkOrder"_s,
-                            u"        Failed to Import Work Order Record"_s,
-                            u"        Work Order No=77"_s,
-                            u"        EquipmentID=1"_s,
-                            u"        Reson:- Either Work Order or Equipment has been deleted or "
-                            "modified"_s,
-                            u"        Failed to Import Work Order Record"_s,
-                            u"        Work Order No="_s + QString::fromLatin1(number),
-                            u"        EquipmentID=8"_s,
-                            u"        Reson:- Either Work Order or Equipment has been deleted or "
-                            "modified"_s,
-                            u" Equipment Count"_s,
-                            u"        Failed to Import Equipment Count Record"_s,
-                            u"        EquipmentID=8"_s,
-                            u"        Reson:- Equipment has been deleted or modified"_s,
-                            u"        Failed to Import Work Order Record"_s,
-                            u"        Work Order No=78"_s,
-                            u"        Reson:- Either Work Order or Equipment has been deleted or "
-                            "modified"_s,
-                            u" Part"_s,
-                            u"        Failed to Import Part Record"_s,
-                            u"        Part No=P"_s,
-                            u"        Reson:- Part has been deleted or modified"_s,
-                            {}};
-    EXPECT_EQ(log(), lines.join(u"\r\n"));
+    const auto entry = [](const QString &record, const QString &keys, const QString &what) {
+        return u"Failed to Import %1 Record\n%2\nReson:- %3 has been deleted or modified"_s
+            .arg(record, keys, what)
+            .replace(u'\n', u"\r\n        "_s)
+            .prepend(u"        ");
+    };
+    const QString either = u"Either Work Order or Equipment"_s;
+    EXPECT_EQ(log(), QStringList(
+                         {u" Equipment"_s,
+                          entry(u"Equipment"_s, u"EquipmentID=8"_s, u"Equipment"_s),
+                          entry(u"Equipment"_s, u"EquipmentID=9"_s, u"Equipment"_s),
+                          u" WorkOrder"_s,
+                          entry(u"Work Order"_s, u"Work Order No=77\nEquipmentID=1"_s, either),
+                          entry(u"Work Order"_s,
+                                u"Work Order No=%1\nEquipmentID=8"_s.arg(QLatin1StringView(number)),
+                                either),
+                          u" Equipment Count"_s,
+                          entry(u"Equipment Count"_s, u"EquipmentID=8"_s, u"Equipment"_s),
+                          entry(u"Work Order"_s, u"Work Order No=78"_s, either),
+                          u" Part"_s,
+                          entry(u"Part"_s, u"Part No=P"_s, u"Part"_s),
+                          {}})
+                         .join(u"\r\n"));
     expectKept(true);
     // The log and the failure are forgotten when the log was seen, the kinds of sections are not.
     visit.clear();
@@ -327,8 +313,7 @@ TEST_F(ImportFile, KeepsACopyAndTellsOfAFileThatCannotBeRead)
     EXPECT_EQ(names, QStringList{FileName}) << "the copy is not offered";
     ASSERT_TRUE(QDir(base::environment().applicationFolder + u"/XML_IN"_s).removeRecursively());
     test::ScriptedPrompts prompts;
-    prompts.expect(u"System Folder has been deleted or modified\rData Import process failed."_s,
-                   Icon::Critical);
+    prompts.warn(u"System Folder has been deleted or modified\rData Import process failed."_s);
     EXPECT_TRUE(ImportXml::files().isEmpty());
 }
 
@@ -362,9 +347,8 @@ TEST_F(ImportFile, WritesTimesOfDayFromAnyFormOfThem)
 }
 
 /// The older form of the handheld's commands.
-class OlderImport : public test::Handheld
+struct OlderImport : test::Handheld
 {
-protected:
     [[nodiscard]] QString older(const QString &name) const
     {
         return base::environment().applicationFolder + u"/Development/recive/"_s + name;
@@ -392,8 +376,13 @@ TEST_F(OlderImport, TakesFourTypesOfKeysAndKnowsNoIds)
     writeFile(older(u"Count1.xml"_s),
               "<a>" + test::command(u"CountReading|1|3/9/2024|Hours|9"_s) + "</a>");
     test::ScriptedPrompts prompts;
-    prompts.expect(u"done.txt is not found"_s, Icon::None);
+    prompts.say(u"done.txt is not found"_s);
     ASSERT_TRUE(exchange::olderImportdata());
+    EXPECT_TRUE(QDir(older({})).entryList(QDir::Files).isEmpty());
+    ASSERT_TRUE(QDir(older({})).removeRecursively());
+    prompts.say(u"done.txt is not found"_s);
+    EXPECT_FALSE(exchange::olderImportdata());
+    EXPECT_EQ(errors.takeOne().ModuleName, u"frmImportXml");
     EXPECT_EQ(value(u"Select Quantity from tblPart"_s), 4);
     EXPECT_EQ(found(u"Select StartTime, EndTime from tblWoServiceUsed"_s), u"07:00|09:00");
     EXPECT_EQ(count(u"tblWorkorder"_s), 1) << "no orders are made here";
@@ -401,16 +390,7 @@ TEST_F(OlderImport, TakesFourTypesOfKeysAndKnowsNoIds)
     EXPECT_TRUE(
         value(u"Select NextScheduledDate from tblServiceUsed where ServiceUsedID = ?"_s, {waiting})
             .isNull());
-    EXPECT_TRUE(QDir(older({})).entryList(QDir::Files).isEmpty());
     EXPECT_EQ(files(), u"done.txt") << "the usual folder is another one's";
-}
-
-TEST_F(OlderImport, IsReportedUnderItsOwnName)
-{
-    test::ScriptedPrompts prompts;
-    prompts.expect(u"done.txt is not found"_s, Icon::None);
-    EXPECT_FALSE(exchange::olderImportdata());
-    EXPECT_EQ(errors.takeOne().ModuleName, u"frmImportXml");
 }
 
 } // namespace

@@ -1,11 +1,7 @@
 #include "exchange/Import.h"
 
-#include "core/Session.h"
 #include "exchange/Handheld.h"
 #include "exchange/IdMap.h"
-#include "platform/base/Error.h"
-#include "platform/base/Trapped.h"
-#include "support/ScriptedPrompts.h"
 
 #include <QLockFile>
 
@@ -14,16 +10,14 @@
 namespace {
 
 using namespace Qt::StringLiterals;
-using Icon = base::Prompts::Icon;
 using exchange::Importdata;
 using test::command;
 
 const QString InProcess =
     u"Service is in-proccess for this equipment service can't be rescheduled."_s;
 
-class Import : public test::Handheld
+struct Import : test::Handheld
 {
-protected:
     /// Expects that a run fails, is reported with a text, changes nothing and keeps the files.
     void expectFailure(const QString &told, const std::string &which = {})
     {
@@ -95,23 +89,17 @@ TEST_F(Import, MakesOrdersServicesAndPartsOfTheHandheldUnderTheOfficesNumbers)
     EXPECT_EQ(files(), QString());
 }
 
-TEST_F(Import, ForgetsTheHandheldsIdsFromOneRunToTheNext)
-{
-    expectImported(newOrder(u"W1"_s));
-    test::ScriptedPrompts prompts;
-    prompts.expect(u"No files found for importing data"_s, Icon::None);
-    prompts.expect(u"Problem In adding workorder service(Workorderno not found)"_s,
-                   Icon::Information);
-    send(u"Sy1.xml"_s, newService(u"S1"_s, u"W1"_s));
-    EXPECT_FALSE(Importdata());
-    EXPECT_EQ(count(u"tblWotemp"_s), 0);
-}
-
-TEST_F(Import, TakesTheSecondOrderOfAnIdAsAChangeOfTheFirst)
+TEST_F(Import, KnowsTheHandheldsIdsInOneRunAndForgetsThemInTheNext)
 {
     machine(2, u"M2"_s);
     expectImported(newOrder(u"W1"_s) + newOrder(u"W1"_s, u"2"_s));
-    EXPECT_EQ(found(u"Select EquipmentID, Complete from tblWorkorder"_s), u"2|-1");
+    EXPECT_EQ(found(u"Select EquipmentID, Complete from tblWorkorder"_s), u"2|-1") << "a change";
+    test::ScriptedPrompts prompts;
+    prompts.say(u"No files found for importing data"_s);
+    prompts.inform(u"Problem In adding workorder service(Workorderno not found)"_s);
+    send(u"Sy1.xml"_s, newService(u"S1"_s, u"W1"_s));
+    EXPECT_FALSE(Importdata());
+    EXPECT_EQ(count(u"tblWotemp"_s), 0);
 }
 
 TEST_F(Import, EndsAtAServiceThatCannotBePlacedAndChangesNothing)
@@ -133,7 +121,7 @@ TEST_F(Import, EndsAtAServiceThatCannotBePlacedAndChangesNothing)
         const QString before = everythingSent();
         test::ScriptedPrompts prompts;
         prompts.meanwhile([] { EXPECT_TRUE(gbInTransaction) << "it is undone afterwards"; });
-        prompts.expect(QString::fromUtf16(told), Icon::Information);
+        prompts.inform(QString::fromUtf16(told));
         EXPECT_FALSE(Importdata());
         EXPECT_FALSE(gbInTransaction);
         EXPECT_EQ(everythingSent(), before);
@@ -213,24 +201,20 @@ TEST_F(Import, FindsALineOfTheHandheldByItsIdAndATextKey)
     EXPECT_EQ(found(u"Select QuantityUsed from tblWoPartUsed"_s), u"9\n9");
 }
 
-TEST_F(Import, MovesAMachineToACrewThatExists)
+TEST_F(Import, StoresAScanAndMovesAMachineToACrewThatExists)
 {
     const auto move = [](const QString &crew, const QString &description = u"South side"_s) {
         return command("RecordCrew", {u"tblEquipment"_s, u"EquipmentID"_s, u"1"_s, u"?"_s,
                                       u"CrewID"_s, u"?"_s, crew, u"2"_s, description});
     };
-    expectImported(move(QString::number(crew2)) + move(u"99"_s));
+    expectImported(move(QString::number(crew2)) + move(u"99"_s) +
+                   command(u"RecordScanEquipment|Present|3/14/2024 2:05:00 PM|1"_s));
+    EXPECT_EQ(found(u"Select EquipmentID, ScanTime, ScanStatus from tblEquipmentScan"_s),
+              u"1|3/14/2024 2:05:00 PM|Present");
     EXPECT_EQ(value(u"Select CrewID from tblEquipment"_s), crew2);
     EXPECT_EQ(found(u"Select * from tblEquipmentCrewHistory"_s), u"1|2|South side|3/15/2024");
     mark();
     expectRefused(move(QString::number(crew1), u"Joe's"_s), u"RecordCrew number 1"_s);
-}
-
-TEST_F(Import, StoresAScan)
-{
-    expectImported(command(u"RecordScanEquipment|Present|3/14/2024 2:05:00 PM|1"_s));
-    EXPECT_EQ(found(u"Select EquipmentID, ScanTime, ScanStatus from tblEquipmentScan"_s),
-              u"1|3/14/2024 2:05:00 PM|Present");
 }
 
 TEST_F(Import, StoresReadingsAndGivesWaitingServicesTheirDates)
@@ -257,8 +241,8 @@ TEST_F(Import, StoresReadingsAndGivesWaitingServicesTheirDates)
     send(u"count2.xml"_s, "nothing that is read");
     test::ScriptedPrompts prompts;
     // The unknown word goes by the letter of the one before.
-    prompts.expect(InProcess, Icon::None);
-    prompts.expect(InProcess, Icon::None);
+    prompts.say(InProcess);
+    prompts.say(InProcess);
     ASSERT_TRUE(Importdata());
     EXPECT_EQ(found(u"Select EquipmentID, CountType, CountValue from tblEquipmentCount"_s),
               u"1|Hours|500\n1|Hours|10\n2|Kilometers|7\n2|Leagues|8");
@@ -278,18 +262,18 @@ TEST_F(Import, TellsThatTheTransferDidNotEndAndGoesOn)
     const QString told = u"No files found for importing data"_s;
     test::ScriptedPrompts prompts;
     QFile::remove(path(u"done.txt"_s));
-    prompts.expect(told, Icon::None);
+    prompts.say(told);
     EXPECT_TRUE(Importdata()) << "an empty folder is imported";
     send(u"Sy1.xml"_s, newOrder(u"W1"_s));
-    prompts.expect(told, Icon::None);
+    prompts.say(told);
     EXPECT_TRUE(Importdata());
     EXPECT_EQ(count(u"tblWorkorder"_s), 1);
     ASSERT_TRUE(QDir(folder()).removeRecursively());
-    prompts.expect(told, Icon::None);
+    prompts.say(told);
     EXPECT_FALSE(Importdata());
     EXPECT_EQ(errors.takeOne().ErrNumber, base::ErrorNumber::PathNotFound);
     settings::registry().setValue(settings::ProductKey, u"Path"_s, {});
-    prompts.expect(told, Icon::None);
+    prompts.say(told);
     EXPECT_FALSE(Importdata());
     EXPECT_EQ(errors.takeOne().ErrNumber, base::ErrorNumber::PathNotFound);
 }
@@ -514,10 +498,8 @@ TEST_F(Import, WaitsForNoOtherWorkstation)
         QLockFile other(folder() + u".lock"_s);
         ASSERT_TRUE(other.tryLock());
         test::ScriptedPrompts prompts;
-        prompts.expect(
-            u"Another workstation is importing these files. Please try again when it has "
-            "ended."_s,
-            Icon::None);
+        prompts.say(u"Another workstation is importing these files. Please try again when it has "
+                    "ended."_s);
         EXPECT_FALSE(Importdata());
     }
     EXPECT_TRUE(Importdata());

@@ -2,7 +2,6 @@
 #include "support/OwnLocks.h"
 
 #include <QCoreApplication>
-#include <QProcess>
 #include <QRandomGenerator>
 
 namespace {
@@ -10,9 +9,8 @@ namespace {
 using namespace Qt::StringLiterals;
 
 /// An import in a program of its own, which ends in the midst of it.
-class KilledImport : public test::Handheld
+struct KilledImport : test::Handheld
 {
-protected:
     KilledImport()
     {
         part(u"P-1"_s, 0);

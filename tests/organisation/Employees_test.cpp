@@ -4,14 +4,14 @@
 #include "organisation/ui/Entries.h"
 
 using namespace Qt::StringLiterals;
-using test::inScreen;
+using test::inRecords;
+using test::opening;
 using test::ScreenDriver;
 
 namespace {
 
-class Employees : public test::MasterSession
+struct Employees : test::MasterSession
 {
-protected:
     Employees()
     {
         crew = insert(u"Insert into tblCrew(CrewNumber,Description) values(1,'Mowing')"_s,
@@ -41,76 +41,67 @@ protected:
 
 TEST_F(Employees, ANewOneNeedsANumberOfItsOwnAndAFirstName)
 {
-    inScreen([] { ShowEmployeeDetail(Mode::Add, u"0"_s); },
-             [this](const ScreenDriver &screen) {
-                 EXPECT_EQ(screen.text("cboCountry"), u"United States"_s);
-                 EXPECT_EQ(screen.text("txtPager"), u"(   )    -    "_s);
-                 EXPECT_EQ(screen.text("txtLaborCost"), u"0.00"_s);
-                 EXPECT_GT(screen.control<QComboBox>("cboState").count(), 50);
-                 expectRefusal(screen, "cmdUpdate", u"Employee Number should not be blank."_s,
-                               "txtEmployeeID");
-                 screen.type("txtEmployeeID", u"e-1"_s);
-                 EXPECT_EQ(screen.text("txtEmployeeID"), u"E1"_s);
-                 expectRefusal(screen, "cmdUpdate", u"Employee's first name should not be blank."_s,
-                               "txtFirstName");
-                 screen.type("txtFirstName", u"Bo"_s);
-                 expectRefusal(screen, "cmdUpdate",
-                               u"Employee Number you specified already exists. Please enter a "
-                               "different Employee Number."_s,
-                               "txtEmployeeID");
-                 screen.type("txtEmployeeID", u"e2"_s);
-                 screen.type("txtSS", u"12-3a4"_s);
-                 EXPECT_EQ(screen.text("txtSS"), u"1234"_s);
-                 screen.choose("cboState", u"IA"_s);
-                 screen.control<QPlainTextEdit>("txtSkills").insertPlainText(u"x"_s.repeated(300));
-                 screen.press("cmdUpdate");
-                 EXPECT_EQ(screen.text("txtEmployeeID"), u"E2"_s);
-                 EXPECT_EQ(screen.text("cboState"), u"IA"_s);
-                 screen.press("cmdExit");
-             });
+    inRecords(opening(ShowEmployeeDetail, Mode::Add, u"0"_s), [this](ScreenDriver screen) {
+        EXPECT_EQ(screen.text("cboCountry"), u"United States"_s);
+        EXPECT_EQ(screen.text("txtPager"), u"(   )    -    "_s);
+        EXPECT_EQ(screen.text("txtLaborCost"), u"0.00"_s);
+        EXPECT_GT(screen.control<QComboBox>("cboState").count(), 50);
+        expectRefusal(screen, u"Employee Number should not be blank."_s, "txtEmployeeID");
+        screen.type("txtEmployeeID", u"e-1"_s);
+        EXPECT_EQ(screen.text("txtEmployeeID"), u"E1"_s);
+        expectRefusal(screen, u"Employee's first name should not be blank."_s, "txtFirstName");
+        screen.type("txtFirstName", u"Bo"_s);
+        expectRefusal(screen,
+                      u"Employee Number you specified already exists. Please enter a "
+                      "different Employee Number."_s,
+                      "txtEmployeeID");
+        screen.type("txtEmployeeID", u"e2"_s);
+        screen.type("txtSS", u"12-3a4"_s);
+        EXPECT_EQ(screen.text("txtSS"), u"1234"_s);
+        screen.choose("cboState", u"IA"_s);
+        screen.control<QPlainTextEdit>("txtSkills").insertPlainText(u"x"_s.repeated(300));
+        screen.press("cmdUpdate");
+        EXPECT_EQ(screen.text("txtEmployeeID"), u"E2"_s);
+        EXPECT_EQ(screen.text("cboState"), u"IA"_s);
+    });
     EXPECT_EQ(value(u"Select BirthDate from tblEmployee where EmployeeID = 'E2'"_s), QString());
 }
 
 TEST_F(Employees, AChangedLaborCostIsCarriedIntoTheServicesOfTheCrewOnYes)
 {
-    inScreen([] { ShowEmployeeDetail(Mode::Browse, u"E1"_s); },
-             [this](const ScreenDriver &screen) {
-                 screen.type("txtLaborRate", u"99"_s);
-                 screen.press("cmdUpdate"); // the rate takes no part in it
-                 screen.type("txtLaborCost", u"30"_s);
-                 expectQuestion(question, Answer::No);
-                 screen.press("cmdUpdate");
-                 EXPECT_EQ(estimate(), u"40"_s);
-                 // Touching the crew list asks, even when it ends on the same crew.
-                 screen.choose("cboCrew", u"1   Mowing"_s);
-                 expectQuestion(question, Answer::Yes);
-                 screen.press("cmdUpdate");
-                 EXPECT_EQ(estimate(), u"60"_s);
-                 // Leaving the average raises no question.
-                 screen.press("chkIncludeWoList");
-                 screen.press("cmdUpdate");
-                 EXPECT_EQ(estimate(), u"60"_s);
-                 screen.press("cmdExit");
-             });
+    inRecords(opening(ShowEmployeeDetail, Mode::Browse, u"E1"_s), [this](ScreenDriver screen) {
+        screen.type("txtLaborRate", u"99"_s);
+        screen.press("cmdUpdate"); // the rate takes no part in it
+        screen.type("txtLaborCost", u"30"_s);
+        prompts.no(question);
+        screen.press("cmdUpdate");
+        EXPECT_EQ(estimate(), u"40"_s);
+        // Touching the crew list asks, even when it ends on the same crew.
+        screen.choose("cboCrew", u"1   Mowing"_s);
+        prompts.yes(question);
+        screen.press("cmdUpdate");
+        EXPECT_EQ(estimate(), u"60"_s);
+        // Leaving the average raises no question.
+        screen.press("chkIncludeWoList");
+        screen.press("cmdUpdate");
+        EXPECT_EQ(estimate(), u"60"_s);
+    });
     EXPECT_FALSE(gbInTransaction);
     EXPECT_EQ(value(u"Select IncludeWoList from tblEmployee"_s), u"0"_s);
 }
 
 TEST_F(Employees, AFailureInTheServicesTakesTheSaveBack)
 {
-    inScreen([] { ShowEmployeeDetail(Mode::Browse, u"E1"_s); },
-             [this](const ScreenDriver &screen) {
-                 screen.type("txtLaborCost", u"30"_s);
-                 gcnData->Execute(u"Drop table tblWoServiceUsed"_s);
-                 expectQuestion(question, Answer::Yes);
-                 prompts.expect(u"Problem in changing Service Total Lobour cost."_s,
-                                Icon::Information);
-                 screen.press("cmdUpdate");
-                 EXPECT_TRUE(screen.isShown("cmdCancel"));
-                 screen.press("cmdCancel");
-                 EXPECT_EQ(screen.text("txtLaborCost"), u"20.00"_s);
-                 screen.press("cmdExit");
-             });
+    inRecords(opening(ShowEmployeeDetail, Mode::Browse, u"E1"_s), [this](ScreenDriver screen) {
+        screen.type("txtLaborCost", u"30"_s);
+        gcnData->Execute(u"Drop table tblWoServiceUsed"_s);
+        prompts.yes(question);
+        prompts.inform(u"Problem in changing Service Total Lobour cost."_s);
+        screen.press("cmdUpdate");
+        EXPECT_TRUE(screen.isShown("cmdCancel"));
+        screen.press("cmdCancel");
+        EXPECT_EQ(screen.text("txtLaborCost"), u"20.00"_s);
+    });
     EXPECT_EQ(errors.take().size(), 1u);
     EXPECT_FALSE(gbInTransaction);
     EXPECT_EQ(value(u"Select LaborCost from tblEmployee"_s), u"20"_s);
@@ -123,39 +114,34 @@ TEST_F(Employees, ACountryHasItsOwnStates)
         u"Insert into tblIndicator(ParentID,ItemName,Show) values(1,'Elbonia','1')"_s, u"ItemID"_s);
     gcnData->Execute(
         u"Insert into tblIndicator(ParentID,ItemName,Show) values(%1,'EL','1')"_s.arg(canada));
-    inScreen([] { ShowEmployeeDetail(Mode::Browse, u"E1"_s); },
-             [](const ScreenDriver &screen) {
-                 auto &states = screen.control<QComboBox>("cboState");
-                 EXPECT_EQ(states.count(), 1) << "only the blank row without a country";
-                 screen.choose("cboCountry", u"Elbonia"_s);
-                 EXPECT_EQ(states.count(), 2);
-                 screen.choose("cboState", u"EL"_s);
-                 screen.press("cmdUpdate");
-                 EXPECT_EQ(screen.text("cboState"), u"EL"_s);
-                 screen.press("cmdExit");
-             });
+    inRecords(opening(ShowEmployeeDetail, Mode::Browse, u"E1"_s), [](ScreenDriver screen) {
+        auto &states = screen.control<QComboBox>("cboState");
+        EXPECT_EQ(states.count(), 1) << "only the blank row without a country";
+        screen.choose("cboCountry", u"Elbonia"_s);
+        EXPECT_EQ(states.count(), 2);
+        screen.choose("cboState", u"EL"_s);
+        screen.press("cmdUpdate");
+        EXPECT_EQ(screen.text("cboState"), u"EL"_s);
+    });
 }
 
 TEST_F(Employees, AnUnfinishedPhoneNumberIsNotLeft)
 {
-    inScreen([] { ShowEmployeeDetail(Mode::Browse, u"E1"_s); },
-             [this](const ScreenDriver &screen) {
-                 const std::pair<const char *, QString> boxes[] = {
-                     {"txtPhone", u"Invalid phone No"_s},
-                     {"txtCellPhone", u"Invalid cell phone No"_s},
-                     {"txtPager", u"Invalid pager no"_s}};
-                 for (const auto &[box, message] : boxes) {
-                     screen.type(box, u"319555"_s);
-                     prompts.expect(message, Icon::Information);
-                     QTest::keyClick(&screen.control(box), Qt::Key_Tab);
-                     EXPECT_EQ(screen.focused(), box);
-                     screen.type(box, u"319555012"_s); // the last digit is not looked at
-                     QTest::keyClick(&screen.control(box), Qt::Key_Tab);
-                     EXPECT_NE(screen.focused(), box);
-                 }
-                 screen.press("cmdCancel");
-                 screen.press("cmdExit");
-             });
+    inRecords(opening(ShowEmployeeDetail, Mode::Browse, u"E1"_s), [this](ScreenDriver screen) {
+        const std::pair<const char *, QString> boxes[] = {
+            {"txtPhone", u"Invalid phone No"_s},
+            {"txtCellPhone", u"Invalid cell phone No"_s},
+            {"txtPager", u"Invalid pager no"_s}};
+        for (const auto &[box, message] : boxes) {
+            screen.type(box, u"319555"_s);
+            prompts.inform(message);
+            QTest::keyClick(&screen.control(box), Qt::Key_Tab);
+            EXPECT_EQ(screen.focused(), box);
+            screen.type(box, u"319555012"_s); // the last digit is not looked at
+            QTest::keyClick(&screen.control(box), Qt::Key_Tab);
+            EXPECT_NE(screen.focused(), box);
+        }
+    });
 }
 
 TEST_F(Employees, FindAndPrintGoToTheScreensThatHaveJoined)
@@ -169,13 +155,11 @@ TEST_F(Employees, FindAndPrintGoToTheScreensThatHaveJoined)
     };
     openings().join(u"ShowEmployeeReport"_s,
                     [&](const OpeningArguments &asked) { filter = asked.query; });
-    inScreen([] { ShowEmployeeDetail(Mode::Browse, u"E1"_s); },
-             [&](const ScreenDriver &screen) {
-                 screen.press("cmdFind");
-                 EXPECT_EQ(screen.text("txtFirstName"), u"Zoe"_s);
-                 screen.press("cmdPrint");
-                 screen.press("cmdExit");
-             });
+    inRecords(opening(ShowEmployeeDetail, Mode::Browse, u"E1"_s), [&](ScreenDriver screen) {
+        screen.press("cmdFind");
+        EXPECT_EQ(screen.text("txtFirstName"), u"Zoe"_s);
+        screen.press("cmdPrint");
+    });
     EXPECT_EQ(request.table, u"tblEmployee"_s);
     EXPECT_EQ(request.selected, u"E1"_s);
     EXPECT_EQ(filter, u" Where tblEmployee.EmployeeID='E9'"_s);

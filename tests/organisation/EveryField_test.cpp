@@ -13,9 +13,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class EveryField : public test::CompanySession
+struct EveryField : test::CompanySession
 {
-protected:
     EveryField()
     {
         for (const QString &name : {u"North"_s, u"South"_s}) {
@@ -57,10 +56,6 @@ TEST_F(EveryField, OfAMasterRecordIsShownAndSaved)
                                [] { ShowCostCenterDetail(Mode::Browse, 0); }, {});
     expectSaved<clsLocation>(u"tblLocation"_s, {{u"LocationName"_s, u"A"_s}},
                              [] { ShowLocationDetail(Mode::Browse, 0); }, {});
-}
-
-TEST_F(EveryField, OfACrewAndASiteIsShownAndSaved)
-{
     gcnData->Execute(u"Delete from tblCrew"_s);
     gcnData->Execute(u"Delete from tblSite"_s);
     expectSaved<clsCrew>(u"tblCrew"_s, {{u"CrewNumber"_s, 1}, {u"Description"_s, u"A"_s}},

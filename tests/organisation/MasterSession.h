@@ -7,9 +7,8 @@
 namespace test {
 
 /// A session for screens of master data, with boxes that answer from a script.
-class MasterSession : public CompanySession
+struct MasterSession : CompanySession
 {
-protected:
     using Icon = base::Prompts::Icon;
     using Buttons = base::Prompts::Buttons;
     using Answer = base::Prompts::Answer;
@@ -22,6 +21,20 @@ protected:
     void expectDeletion(Answer answer)
     {
         expectQuestion(QStringLiteral("Are you sure you want to Delete this record?"), answer);
+    }
+    /// Deletes the record that is shown; user: what it is used by, so that it stays.
+    void deleteRecord(ScreenDriver screen, const QString &user = {})
+    {
+        expectDeletion(Answer::Yes);
+        if (!user.isEmpty())
+            prompts.inform(
+                QStringLiteral("Deletion not allowed. Record is being used in %1.").arg(user));
+        screen.press("cmdDelete");
+    }
+    /// The same as below of a save.
+    void expectRefusal(ScreenDriver screen, const QString &message, const char *focus)
+    {
+        expectRefusal(screen, "cmdUpdate", message, focus);
     }
     /// Presses a button that ends in a refusal: its message, and the control that has the focus
     /// then.

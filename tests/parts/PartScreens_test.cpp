@@ -1,21 +1,20 @@
-#include "core/RowTests.h"
 #include "core/ui/EveryField.h"
 #include "core/ui/ScreenCalls.h"
 #include "organisation/MasterSession.h"
 #include "parts/PartSelection.h"
 #include "parts/clsPart.h"
 #include "parts/ui/Entries.h"
-#include "platform/grid/GridView.h"
 
 using namespace Qt::StringLiterals;
+using test::inRecords;
 using test::inScreen;
+using test::opening;
 using test::ScreenDriver;
 
 namespace {
 
-class PartScreens : public test::MasterSession
+struct PartScreens : test::MasterSession
 {
-protected:
     PartScreens()
     {
         gRights.PaAdd = gRights.PaMod = gRights.PaDel = true;
@@ -34,6 +33,13 @@ protected:
             u"Insert into tblPart(PartID,Description,Quantity,QtyMin,Price,SupplierID,Inactive,"
             "TrackInventory) values(?,?,?,?,9.5,7,'0','0')"_s,
             {number, description, quantity, minimum});
+    }
+    /// Opens the selector, which is to answer this.
+    std::function<void()> selecting(bool chosen)
+    {
+        return [this, chosen] {
+            EXPECT_EQ(frmPartManagerEntry::ShowServiceManager(selection, true), chosen);
+        };
     }
     static QString quantity(const QString &number)
     {
@@ -55,6 +61,8 @@ protected:
         QTest::keyClicks(editor, text);
         QTest::keyClick(editor, Qt::Key_Return);
     }
+
+    QString selection; ///< what the selector leaves out, then what was chosen in it
 };
 
 } // namespace
@@ -66,12 +74,10 @@ TEST_F(PartScreens, ANewPartNeedsANumberAndADescription)
     inScreen([&] { last = showPartDetail(Mode::Add, u"0"_s); },
              [this](const ScreenDriver &screen) {
                  EXPECT_EQ(screen.text("txtPrice"), u"0.00"_s);
-                 expectRefusal(screen, "cmdUpdate", u"Part Number should not be blank."_s,
-                               "txtPartID");
+                 expectRefusal(screen, u"Part Number should not be blank."_s, "txtPartID");
                  screen.type("txtPartID", u"p-2"_s);
                  EXPECT_EQ(screen.text("txtPartID"), u"P-2"_s);
-                 expectRefusal(screen, "cmdUpdate", u"Description should not be blank."_s,
-                               "txtDescription");
+                 expectRefusal(screen, u"Description should not be blank."_s, "txtDescription");
                  screen.type("txtDescription", u"Farmer's belt"_s);
                  screen.type("txtMin", u"a1.5x"_s);
                  screen.press("cmdUpdate");
@@ -87,30 +93,23 @@ TEST_F(PartScreens, ANewPartNeedsANumberAndADescription)
 TEST_F(PartScreens, EveryFieldIsShownAndSaved)
 {
     addPart(u"P-1"_s, u"Oil filter"_s);
-    inScreen([] { showPartDetail(Mode::Browse, u"P-1"_s); },
-             [](const ScreenDriver &screen) {
-                 test::expectEveryFieldIsSaved(screen, u"tblPart"_s,
-                                               record::columns(clsPart::fields()),
-                                               {u"chkNotTrackInventory"_s, u"TrackInventory"_s});
-                 screen.press("cmdExit");
-             });
+    inRecords(opening(showPartDetail, Mode::Browse, u"P-1"_s), [](ScreenDriver screen) {
+        test::expectEveryFieldIsSaved(screen, u"tblPart"_s, record::columns(clsPart::fields()),
+                                      {u"chkNotTrackInventory"_s, u"TrackInventory"_s});
+    });
 }
 
 TEST_F(PartScreens, ANumberInUseIsRefusedWhenTheFieldIsLeft)
 {
     addPart(u"P-1"_s, u"Oil filter"_s);
-    inScreen([] { showPartDetail(Mode::Add, u"0"_s); },
-             [this](const ScreenDriver &screen) {
-                 screen.type("txtPartID", u"p-1"_s);
-                 prompts.expect(u"This part number is already in use on \"Oil filter\". Please "
-                                "assign a different number."_s,
-                                Icon::Information);
-                 QTest::keyClick(&screen.control("txtPartID"), Qt::Key_Tab);
-                 EXPECT_EQ(screen.focused(), "txtPartID");
-                 EXPECT_EQ(screen.text("txtPartID"), QString());
-                 screen.press("cmdCancel");
-                 screen.press("cmdExit");
-             });
+    inRecords(opening(showPartDetail, Mode::Add, u"0"_s), [this](ScreenDriver screen) {
+        screen.type("txtPartID", u"p-1"_s);
+        prompts.inform(u"This part number is already in use on \"Oil filter\". Please "
+                       "assign a different number."_s);
+        QTest::keyClick(&screen.control("txtPartID"), Qt::Key_Tab);
+        EXPECT_EQ(screen.focused(), "txtPartID");
+        EXPECT_EQ(screen.text("txtPartID"), QString());
+    });
 }
 
 TEST_F(PartScreens, APartInUseKeepsItsNumberAndStaysActiveAndStays)
@@ -119,30 +118,25 @@ TEST_F(PartScreens, APartInUseKeepsItsNumberAndStaysActiveAndStays)
     gcnData->Execute(
         u"Insert into tblEquipmentPart(EquipmentID,PartID,Price) values(1,'P-1',9.5)"_s);
     gcnData->Execute(u"Insert into tblWoPartUsed(PartID,QuantityRequired) values('P-1',3)"_s);
-    inScreen([] { showPartDetail(Mode::Browse, u"P-1"_s); },
-             [this](const ScreenDriver &screen) {
-                 EXPECT_EQ(screen.text("txtPartCommited"), u"3.00"_s);
-                 screen.press("chkInactive");
-                 expectRefusal(screen, "cmdUpdate",
-                               u"This part is already assigned to Equipment and can not be "
-                               "decativated."_s,
-                               "chkInactive");
-                 screen.press("chkInactive");
-                 // The same number in other letters passes as its own, and is a change even so.
-                 screen.type("txtPartID", u"p-1"_s);
-                 expectRefusal(screen, "cmdUpdate",
-                               u"You can't modified this Part Number. It's being used in "
-                               "Equipment."_s,
-                               "txtPartID");
-                 screen.press("cmdCancel");
-                 screen.type("txtQuantity", u"8"_s);
-                 screen.press("cmdUpdate");
-                 expectDeletion(Answer::Yes);
-                 prompts.expect(u"Deletion not allowed. Record is being used in Equipment."_s,
-                                Icon::Information);
-                 screen.press("cmdDelete");
-                 screen.press("cmdExit");
-             });
+    inRecords(opening(showPartDetail, Mode::Browse, u"P-1"_s), [this](ScreenDriver screen) {
+        EXPECT_EQ(screen.text("txtPartCommited"), u"3.00"_s);
+        screen.press("chkInactive");
+        expectRefusal(screen,
+                      u"This part is already assigned to Equipment and can not be "
+                      "decativated."_s,
+                      "chkInactive");
+        screen.press("chkInactive");
+        // The same number in other letters passes as its own, and is a change even so.
+        screen.type("txtPartID", u"p-1"_s);
+        expectRefusal(screen,
+                      u"You can't modified this Part Number. It's being used in "
+                      "Equipment."_s,
+                      "txtPartID");
+        screen.press("cmdCancel");
+        screen.type("txtQuantity", u"8"_s);
+        screen.press("cmdUpdate");
+        deleteRecord(screen, u"Equipment"_s);
+    });
     EXPECT_EQ(quantity(u"p-1"_s), u"8"_s);
     EXPECT_EQ(value(u"Select Price from tblEquipmentPart"_s), u"9.5"_s);
 }
@@ -150,16 +144,14 @@ TEST_F(PartScreens, APartInUseKeepsItsNumberAndStaysActiveAndStays)
 TEST_F(PartScreens, APartThatIsNotTrackedHidesItsStockAndKeepsIt)
 {
     addPart(u"P-1"_s, u"Oil filter"_s, 12);
-    inScreen([] { showPartDetail(Mode::Browse, u"P-1"_s); },
-             [](const ScreenDriver &screen) {
-                 EXPECT_TRUE(screen.isShown("txtQuantity"));
-                 screen.press("chkNotTrackInventory");
-                 for (const char *name : {"txtQuantity", "txtPartCommited", "txtMax", "txtMin"})
-                     EXPECT_FALSE(screen.isShown(name)) << name;
-                 screen.press("cmdUpdate");
-                 EXPECT_FALSE(screen.isShown("txtQuantity"));
-                 screen.press("cmdExit");
-             });
+    inRecords(opening(showPartDetail, Mode::Browse, u"P-1"_s), [](ScreenDriver screen) {
+        EXPECT_TRUE(screen.isShown("txtQuantity"));
+        screen.press("chkNotTrackInventory");
+        for (const char *name : {"txtQuantity", "txtPartCommited", "txtMax", "txtMin"})
+            EXPECT_FALSE(screen.isShown(name)) << name;
+        screen.press("cmdUpdate");
+        EXPECT_FALSE(screen.isShown("txtQuantity"));
+    });
     EXPECT_EQ(quantity(u"P-1"_s), u"12"_s);
     EXPECT_EQ(GetRecordCount(u"tblPart"_s, u"TrackInventory = -1"_s), 1);
 }
@@ -168,11 +160,9 @@ TEST_F(PartScreens, WithoutTheRightAPartCanBeLookedAtOnly)
 {
     gRights.PaMod = false;
     addPart(u"P-1"_s, u"Oil filter"_s);
-    inScreen([] { showPartDetail(Mode::Browse, {}); },
-             [](const ScreenDriver &screen) {
-                 EXPECT_TRUE(screen.control<QLineEdit>("txtDescription").isReadOnly());
-                 screen.press("cmdExit");
-             });
+    inRecords(opening(showPartDetail, Mode::Browse, QString()), [](ScreenDriver screen) {
+        EXPECT_TRUE(screen.control<QLineEdit>("txtDescription").isReadOnly());
+    });
 }
 
 TEST_F(PartScreens, WithoutTheRightTheSelectorAddsAndDeletesNothing)
@@ -180,17 +170,12 @@ TEST_F(PartScreens, WithoutTheRightTheSelectorAddsAndDeletesNothing)
     gRights = {};
     addPart(u"P-1"_s, u"Oil filter"_s);
     BeginTrans();
-    QString selection;
-    inScreen([&] { EXPECT_FALSE(frmPartManagerEntry::ShowServiceManager(selection, true)); },
-             [this](const ScreenDriver &screen) {
-                 for (const char *button : {"cmdAdd", "cmdDelete"}) {
-                     prompts.expect(u"You do not have sufficient rights to this action. Please see "
-                                    "your system administrator"_s,
-                                    Icon::Information);
-                     screen.press(button);
-                 }
-                 screen.press("cmdExit");
-             });
+    inRecords(selecting(false), [this](ScreenDriver screen) {
+        for (const char *button : {"cmdAdd", "cmdDelete"}) {
+            prompts.inform(test::NoRights);
+            screen.press(button);
+        }
+    });
     EXPECT_TRUE(gbInTransaction) << "the caller's edit can still be cancelled";
     RollbackTrans();
     EXPECT_EQ(GetRecordCount(u"tblPart"_s, {}), 1);
@@ -202,37 +187,33 @@ TEST_F(PartScreens, ReceivedGoodsAreAddedToTheStockAsItStands)
     addPart(u"P-3"_s, u"Blade"_s, 4);
     addPart(u"P-1"_s, u"Oil filter"_s, 5);
     addPart(u"P-2"_s, u"Belt"_s, 1);
-    inScreen([] { ShowInventoryCheckIn(); },
-             [this](const ScreenDriver &screen) {
-                 auto &grid = screen.control<grid::GridView>("grdParts");
-                 EXPECT_EQ(grid.rows().rowCount(), 3);
-                 EXPECT_EQ(grid.currentColumn(), u"Qty Received"_s) << "where typing goes";
-                 EXPECT_FALSE(screen.isShown("cmdUpdate"));
-                 typeInCell(grid, 0, u"Qty Received"_s, u"1d"_s);
-                 EXPECT_TRUE(screen.isShown("cmdUpdate"));
-                 typeInCell(grid, 1, u"Qty Received"_s, u"-3"_s);
-                 typeInCell(grid, 2, u"Qty Received"_s, u"7"_s);
-                 typeInCell(grid, 2, u"Qty Received"_s, u"."_s);
-                 EXPECT_EQ(grid.rows().value(2, u"Qty Received").toDouble(), 0);
-                 // What another workstation takes or counts meanwhile stays taken.
-                 gcnData->Execute(u"Update tblPart set Quantity = 3 where PartID = 'P-3'"_s);
-                 gcnData->Execute(u"Update tblPart set Quantity = Null where PartID = 'P-2'"_s);
-                 const auto second = database.open();
-                 second->BeginTrans();
-                 second->Execute(u"Update tblPart set Quantity = 4.8 where PartID = 'P-1'"_s);
-                 prompts.expect(
-                     u"Another workstation is changing part \"P-1\". Nothing was stored. "
-                     "Please try again in a moment."_s,
-                     base::Prompts::Icon::None);
-                 screen.press("cmdUpdate");
-                 EXPECT_TRUE(screen.isShown("cmdUpdate")) << "what was typed is still there";
-                 second->CommitTrans();
-                 screen.press("cmdUpdate");
-                 EXPECT_EQ(grid.rows().value(0, u"Qty on Hand").toDouble(), 5.8);
-                 EXPECT_EQ(grid.rows().value(0, u"Qty Received").toDouble(), 0);
-                 EXPECT_TRUE(screen.isShown("cmdExit"));
-                 screen.press("cmdExit");
-             });
+    inRecords(ShowInventoryCheckIn, [this](ScreenDriver screen) {
+        auto &grid = screen.grid("grdParts");
+        EXPECT_EQ(grid.rows().rowCount(), 3);
+        EXPECT_EQ(grid.currentColumn(), u"Qty Received"_s) << "where typing goes";
+        EXPECT_FALSE(screen.isShown("cmdUpdate"));
+        typeInCell(grid, 0, u"Qty Received"_s, u"1d"_s);
+        EXPECT_TRUE(screen.isShown("cmdUpdate"));
+        typeInCell(grid, 1, u"Qty Received"_s, u"-3"_s);
+        typeInCell(grid, 2, u"Qty Received"_s, u"7"_s);
+        typeInCell(grid, 2, u"Qty Received"_s, u"."_s);
+        EXPECT_EQ(grid.rows().value(2, u"Qty Received").toDouble(), 0);
+        // What another workstation takes or counts meanwhile stays taken.
+        gcnData->Execute(u"Update tblPart set Quantity = 3 where PartID = 'P-3'"_s);
+        gcnData->Execute(u"Update tblPart set Quantity = Null where PartID = 'P-2'"_s);
+        const auto second = database.open();
+        second->BeginTrans();
+        second->Execute(u"Update tblPart set Quantity = 4.8 where PartID = 'P-1'"_s);
+        prompts.say(u"Another workstation is changing part \"P-1\". Nothing was stored. "
+                    "Please try again in a moment."_s);
+        screen.press("cmdUpdate");
+        EXPECT_TRUE(screen.isShown("cmdUpdate")) << "what was typed is still there";
+        second->CommitTrans();
+        screen.press("cmdUpdate");
+        EXPECT_EQ(grid.rows().value(0, u"Qty on Hand").toDouble(), 5.8);
+        EXPECT_EQ(grid.rows().value(0, u"Qty Received").toDouble(), 0);
+        EXPECT_TRUE(screen.isShown("cmdExit"));
+    });
     EXPECT_EQ(quantity(u"P-1"_s), u"5.8"_s);
     EXPECT_EQ(quantity(u"P-2"_s), u"-3"_s);
     EXPECT_EQ(quantity(u"P-3"_s), u"3"_s);
@@ -243,22 +224,20 @@ TEST_F(PartScreens, TheReorderBoxListsWhatIsAtItsPointOrBelow)
     addPart(u"P-1"_s, u"Above"_s, 3, 2);
     addPart(u"P-2"_s, u"At it"_s, 2, 2);
     addPart(u"P-3"_s, u"Below"_s, 1, 2);
-    inScreen([] { ShowInventoryCheckIn(); },
-             [](const ScreenDriver &screen) {
-                 auto &grid = screen.control<grid::GridView>("grdParts");
-                 screen.press("chkReorder");
-                 EXPECT_EQ(grid.rows().rowCount(), 2);
-                 EXPECT_EQ(grid.rows().findRow(u"Part Number", u"P-1"_s), -1);
-                 screen.type("txtSearch", u"bel"_s); // by the description
-                 EXPECT_EQ(grid.rows().text(grid.currentRow(), u"Part Number"), u"P-3"_s);
-                 screen.type("txtSearch", u"P-2"_s);
-                 EXPECT_EQ(grid.rows().text(grid.currentRow(), u"Part Number"), u"P-2"_s);
-                 screen.type("txtSearch", u"x"_s); // no match keeps the row
-                 EXPECT_EQ(grid.rows().text(grid.currentRow(), u"Part Number"), u"P-2"_s);
-                 QTest::keyClick(&screen.control("txtSearch"), Qt::Key_Down);
-                 EXPECT_EQ(grid.rows().text(grid.currentRow(), u"Part Number"), u"P-3"_s);
-                 screen.press("cmdExit");
-             });
+    inRecords(ShowInventoryCheckIn, [](ScreenDriver screen) {
+        auto &grid = screen.grid("grdParts");
+        screen.press("chkReorder");
+        EXPECT_EQ(grid.rows().rowCount(), 2);
+        EXPECT_EQ(grid.rows().findRow(u"Part Number", u"P-1"_s), -1);
+        screen.type("txtSearch", u"bel"_s); // by the description
+        EXPECT_EQ(grid.rows().text(grid.currentRow(), u"Part Number"), u"P-3"_s);
+        screen.type("txtSearch", u"P-2"_s);
+        EXPECT_EQ(grid.rows().text(grid.currentRow(), u"Part Number"), u"P-2"_s);
+        screen.type("txtSearch", u"x"_s); // no match keeps the row
+        EXPECT_EQ(grid.rows().text(grid.currentRow(), u"Part Number"), u"P-2"_s);
+        QTest::keyClick(&screen.control("txtSearch"), Qt::Key_Down);
+        EXPECT_EQ(grid.rows().text(grid.currentRow(), u"Part Number"), u"P-3"_s);
+    });
 }
 
 TEST_F(PartScreens, TheSelectorHandsOverTickedPartsWithTheirQuantities)
@@ -270,33 +249,30 @@ TEST_F(PartScreens, TheSelectorHandsOverTickedPartsWithTheirQuantities)
     addPart(u"P'5"_s, u"Left out"_s);
     addPart(u"P-6"_s, u"Inactive"_s);
     gcnData->Execute(u"Update tblPart set Inactive = '1' where PartID = 'P-6'"_s);
-    QString selection = parts::exclusionList({u"P'5"_s});
-    bool selected = false;
-    inScreen([&] { selected = frmPartManagerEntry::ShowServiceManager(selection, true); },
-             [](const ScreenDriver &screen) {
-                 auto &grid = screen.control<grid::GridView>("grdParts");
-                 ASSERT_EQ(grid.rows().rowCount(), 4);
-                 const auto tick = [&](int row) {
-                     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {},
-                                       grid.cellRect(row, u"Select").center());
-                 };
-                 const auto required = [&](int row) {
-                     return grid.rows().value(row, u"Qty Req").toDouble();
-                 };
-                 tick(0);
-                 EXPECT_EQ(required(0), 1);
-                 typeInCell(grid, 0, u"Qty Req"_s, u"2"_s);
-                 EXPECT_EQ(required(0), 2);
-                 tick(1);
-                 tick(1);
-                 EXPECT_EQ(required(1), 0);
-                 QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {},
-                                    grid.cellRect(2, u"Description").center());
-                 EXPECT_EQ(required(2), 1);
-                 typeInCell(grid, 2, u"Qty Req"_s, u"0"_s);
-                 screen.press("cmdSelect");
-             });
-    EXPECT_TRUE(selected);
+    selection = parts::exclusionList({u"P'5"_s});
+    inRecords(selecting(true), [](ScreenDriver screen) {
+        auto &grid = screen.grid("grdParts");
+        ASSERT_EQ(grid.rows().rowCount(), 4);
+        const auto tick = [&](int row) {
+            QTest::mouseClick(grid.viewport(), Qt::LeftButton, {},
+                              grid.cellRect(row, u"Select").center());
+        };
+        const auto required = [&](int row) {
+            return grid.rows().value(row, u"Qty Req").toDouble();
+        };
+        tick(0);
+        EXPECT_EQ(required(0), 1);
+        typeInCell(grid, 0, u"Qty Req"_s, u"2"_s);
+        EXPECT_EQ(required(0), 2);
+        tick(1);
+        tick(1);
+        EXPECT_EQ(required(1), 0);
+        QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {},
+                           grid.cellRect(2, u"Description").center());
+        EXPECT_EQ(required(2), 1);
+        typeInCell(grid, 2, u"Qty Req"_s, u"0"_s);
+        screen.press("cmdSelect");
+    });
     EXPECT_EQ(parts::parseSelection(selection),
               (QList<parts::Chosen>{{u"P-1"_s, 2, 9.5, 7}, {u"P-3"_s, 0, 9.5, 7}}));
 }
@@ -306,45 +282,38 @@ TEST_F(PartScreens, APartAddedFromTheSelectorEndsTheTransactionOfItsCaller)
     addPart(u"P-1"_s, u"Oil filter"_s);
     BeginTrans();
     gcnData->Execute(u"Insert into tblEquipmentPart(EquipmentID,PartID) values(1,'P-1')"_s);
-    QString selection;
-    inScreen([&] { EXPECT_FALSE(frmPartManagerEntry::ShowServiceManager(selection, true)); },
-             [this](const ScreenDriver &screen) {
-                 test::onNextModal([](QWidget &window) {
-                     const ScreenDriver part(window);
-                     part.type("txtPartID", u"P-2"_s);
-                     part.type("txtDescription", u"Belt"_s);
-                     part.press("cmdUpdate");
-                     part.press("cmdExit");
-                 });
-                 screen.press("cmdAdd");
-                 EXPECT_FALSE(gbInTransaction);
-                 auto &grid = screen.control<grid::GridView>("grdParts");
-                 EXPECT_EQ(grid.rows().text(grid.currentRow(), u"Part Number"), u"P-2"_s);
-                 grid.rows().edit(0, grid.rows().columnIndex(u"Select"), true);
-                 typeInCell(grid, 0, u"Qty Req"_s, u"3"_s);
-                 grid.selectRow(1);
-                 test::onNextModal([](QWidget &window) {
-                     const ScreenDriver part(window);
-                     part.press("cmdCancel");
-                     part.press("cmdExit");
-                 });
-                 screen.press("cmdAdd");
-                 EXPECT_EQ(grid.rows().text(grid.currentRow(), u"Part Number"), u"P-2"_s)
-                     << "a cancelled Add stays where it was";
-                 EXPECT_TRUE(grid.rows().value(0, u"Select").toBool());
-                 EXPECT_EQ(grid.rows().value(0, u"Qty Req"), 3) << "with what was ticked";
-                 // A used part stays, another goes with its picks.
-                 gcnData->Execute(u"Insert into tblTempServicePart(PartID) values('P-2')"_s);
-                 expectDeletion(Answer::Yes);
-                 screen.press("cmdDelete");
-                 EXPECT_EQ(GetRecordCount(u"tblTempServicePart"_s, {}), 0);
-                 grid.selectRow(0);
-                 expectDeletion(Answer::Yes);
-                 prompts.expect(u"Deletion not allowed. Record is being used in Equipment."_s,
-                                Icon::Information);
-                 screen.press("cmdDelete");
-                 screen.press("cmdExit");
-             });
+    inRecords(selecting(false), [this](ScreenDriver screen) {
+        test::onNextModal([](QWidget &window) {
+            const ScreenDriver part(window);
+            part.type("txtPartID", u"P-2"_s);
+            part.type("txtDescription", u"Belt"_s);
+            part.press("cmdUpdate");
+            part.press("cmdExit");
+        });
+        screen.press("cmdAdd");
+        EXPECT_FALSE(gbInTransaction);
+        auto &grid = screen.grid("grdParts");
+        EXPECT_EQ(grid.rows().text(grid.currentRow(), u"Part Number"), u"P-2"_s);
+        grid.rows().edit(0, grid.rows().columnIndex(u"Select"), true);
+        typeInCell(grid, 0, u"Qty Req"_s, u"3"_s);
+        grid.selectRow(1);
+        test::onNextModal([](QWidget &window) {
+            const ScreenDriver part(window);
+            part.press("cmdCancel");
+            part.press("cmdExit");
+        });
+        screen.press("cmdAdd");
+        EXPECT_EQ(grid.rows().text(grid.currentRow(), u"Part Number"), u"P-2"_s)
+            << "a cancelled Add stays where it was";
+        EXPECT_TRUE(grid.rows().value(0, u"Select").toBool());
+        EXPECT_EQ(grid.rows().value(0, u"Qty Req"), 3) << "with what was ticked";
+        // A used part stays, another goes with its picks.
+        gcnData->Execute(u"Insert into tblTempServicePart(PartID) values('P-2')"_s);
+        deleteRecord(screen);
+        EXPECT_EQ(GetRecordCount(u"tblTempServicePart"_s, {}), 0);
+        grid.selectRow(0);
+        deleteRecord(screen, u"Equipment"_s);
+    });
     RollbackTrans();
     EXPECT_EQ(GetRecordCount(u"tblEquipmentPart"_s, {}), 1);
     EXPECT_EQ(GetRecordCount(u"tblPart"_s, {}), 1);

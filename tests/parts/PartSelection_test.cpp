@@ -8,7 +8,7 @@ namespace {
 
 using parts::Chosen;
 
-TEST(PartSelection, KeepsPartsThroughTheText)
+TEST(PartSelection, KeepsPartsThroughTheTextAndRefusesADamagedOne)
 {
     const QList<Chosen> chosen{{"BL-21", 2, 12.5, 3}, {"O'RING 5", 0.25, 0, 0}};
     const QString text = parts::selectionText(chosen);
@@ -19,10 +19,6 @@ TEST(PartSelection, KeepsPartsThroughTheText)
         << "a blank is 0";
     EXPECT_TRUE(parts::parseSelection({}).isEmpty());
     EXPECT_TRUE(parts::selectionText({}).isEmpty());
-}
-
-TEST(PartSelection, RefusesADamagedText)
-{
     EXPECT_THROW((void)parts::parseSelection("BL-21"), base::Error);
     const QString noNumber = QStringList{"BL-21", "x", "1", "2"}.join(QChar(134));
     EXPECT_THROW((void)parts::parseSelection(noNumber), base::Error);

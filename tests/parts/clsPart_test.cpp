@@ -2,17 +2,13 @@
 
 #include "core/CompanySession.h"
 #include "core/Permission.h"
-#include "core/RowTests.h"
-
-#include <functional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-class Parts : public test::CompanySession
+struct Parts : test::CompanySession
 {
-protected:
     Parts() { gRights.PaAdd = gRights.PaMod = gRights.PaDel = true; }
     ~Parts() override { gRights = {}; }
 
@@ -84,14 +80,11 @@ TEST_F(Parts, AreAddedChangedAndDeletedByThoseWhoMay)
         EXPECT_FALSE(step());
         const ErrorReport report = errors.takeOne();
         EXPECT_EQ(report.ErrNumber, rights::Refused::Number);
-        EXPECT_EQ(report.ErrDescription, u"You do not have sufficient rights to this action. "
-                                         "Please see your system administrator"_s);
+        EXPECT_EQ(report.ErrDescription, test::NoRights);
         EXPECT_EQ(only(), stored);
     }
     // The history of a part is a report.
-    EXPECT_EQ(rights::refusal(&Rights::InvPartHistory),
-              u"You do not have sufficient rights to see this report. Please see your system "
-              "administrator"_s);
+    EXPECT_EQ(rights::refusal(&Rights::InvPartHistory), test::NoReport);
 }
 
 TEST_F(Parts, CategoriesOfATableOfTheirOwnComeInTheirOrder)

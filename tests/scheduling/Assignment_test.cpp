@@ -4,18 +4,14 @@
 #include "scheduling/Fleet.h"
 #include "scheduling/Readings.h"
 #include "scheduling/RequiredParts.h"
-#include "support/Raised.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 
 using namespace Qt::StringLiterals;
 using assignment::Source;
 
-class AssignmentTest : public test::Fleet
+struct AssignmentTest : test::Fleet
 {
-protected:
     AssignmentTest()
     {
         machine(1);
@@ -60,11 +56,8 @@ TEST_F(AssignmentTest, ACalendarServiceIsCopiedWholeAndDueToday)
 TEST_F(AssignmentTest, PartsComeAlongWithZeroForWhatTheyLack)
 {
     catalogue(55);
-    insert(u"tblServicesPart"_s, {{u"ServiceID"_s, 55},
-                                  {u"PartID"_s, u"OIL'5"_s},
-                                  {u"QuantityRequired"_s, 2.5},
-                                  {u"Price"_s, 4.25},
-                                  {u"SupplierID"_s, 6}});
+    insert(u"tblServicesPart"_s, u"ServiceID, PartID, QuantityRequired, Price, SupplierID"_s,
+           {55, u"OIL'5"_s, 2.5, 4.25, 6});
     gcnData->Execute(u"Insert into tblServicesPart(ServiceID,PartID) values(55,'F1')"_s);
     ASSERT_TRUE(assignment::AddServiceRecord(1, {55}, Source::Catalogue));
     const qint64 copy = onlyService(1).integer(u"ServiceUsedID");
@@ -139,13 +132,17 @@ TEST_F(AssignmentTest, NullsOfASpoiltSourceBecomeZeroInTheCopy)
     EXPECT_TRUE(onlyService(1).isNull(u"Note"));
 }
 
-TEST_F(AssignmentTest, ACopyThatFailsIsReportedAndNone)
+TEST_F(AssignmentTest, WhatFailsIsReportedAndFalse)
 {
     catalogue(55);
-    failAt(u"into tblServiceUsed"_s);
+    EXPECT_TRUE(assignment::AddServiceRecord(1, {}, Source::Catalogue)) << "nothing to copy";
+    failAt(u"tblServiceUsed"_s);
     EXPECT_FALSE(assignment::AddServiceRecord(1, {55}, Source::Catalogue));
-    failAt({});
     EXPECT_EQ(errors.takeOne().ProcedureName, u"AddServiceRecord"_s);
+    EXPECT_FALSE(assignment::DeleteServiceRecord(1));
+    EXPECT_FALSE(assignment::ChkEveryServiceCount(1));
+    failAt({});
+    EXPECT_EQ(errors.take().size(), 2u);
     EXPECT_EQ(count(u"tblServiceUsed"_s), 0);
 }
 

@@ -33,11 +33,8 @@ Fleet::Fleet()
     crew =
         insert(u"tblCrew"_s, {{u"CrewNumber"_s, 7}, {u"Description"_s, u"Mowing"_s}}, u"CrewID"_s);
     costCenter = insert(u"tblCostCenter"_s, {{u"Description"_s, u"Shop"_s}}, u"CostCenterID"_s);
-    insert(u"tblEmployee"_s, {{u"EmployeeID"_s, u"E1"_s},
-                              {u"Crew"_s, crew},
-                              {u"LaborCost"_s, 20},
-                              {u"Inactive"_s, 0},
-                              {u"IncludeWoList"_s, 1}});
+    insert(u"tblEmployee"_s, u"EmployeeID, Crew, LaborCost, Inactive, IncludeWoList"_s,
+           {u"E1"_s, crew, 20, 0, 1});
 }
 
 void Fleet::machine(qint64 id, const QVariantMap &more)
@@ -72,19 +69,14 @@ qint64 Fleet::catalogue(qint64 id, const QVariantMap &more) const
 
 void Fleet::reading(qint64 machine, const QString &type, const QDateTime &date, qint64 value)
 {
-    insert(u"tblEquipmentCount"_s, {{u"EquipmentID"_s, machine},
-                                    {u"CountType"_s, type},
-                                    {u"ChangeDate"_s, date},
-                                    {u"CountValue"_s, value}});
+    insert(u"tblEquipmentCount"_s, u"EquipmentID, CountType, ChangeDate, CountValue"_s,
+           {machine, type, date, value});
 }
 
 void Fleet::part(const QString &id, double price)
 {
-    insert(u"tblPart"_s, {{u"PartID"_s, id},
-                          {u"Description"_s, u"Part "_s + id},
-                          {u"Price"_s, price},
-                          {u"Quantity"_s, 5},
-                          {u"Inactive"_s, 0}});
+    insert(u"tblPart"_s, u"PartID, Description, Price, Quantity, Inactive"_s,
+           {id, u"Part "_s + id, price, 5, 0});
 }
 
 void Fleet::failAt(const QString &text)

@@ -9,9 +9,8 @@ namespace test {
 
 /// A company with one crew and helpers that put machines, services and readings into it. Today is
 /// Friday, March 15, 2024.
-class Fleet : public CompanySession
+struct Fleet : CompanySession
 {
-protected:
     Fleet();
 
     static QDateTime day(int month, int date, int year = 2024)

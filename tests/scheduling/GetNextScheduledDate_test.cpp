@@ -2,15 +2,12 @@
 
 #include "scheduling/Fleet.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using namespace Qt::StringLiterals;
 
-class GetNextScheduledDateTest : public test::Fleet
+struct GetNextScheduledDateTest : test::Fleet
 {
-protected:
     GetNextScheduledDateTest() { machine(1); }
 
     static QVariantMap without(std::initializer_list<QStringView> columns)
@@ -24,14 +21,15 @@ protected:
 
 TEST_F(GetNextScheduledDateTest, CalendarServicesGoOnFromTheDateThatTheyAreRescheduledBy)
 {
-    struct Case
+    const QVariantMap dom{{u"DOM"_s, 1}, {u"Dom1"_s, 15}, {u"Dom2"_s, 30}};
+    QVariantMap domOnly = without({u"Sun", u"Mon", u"Tue", u"Wed", u"Thu", u"Fri", u"Sat"});
+    domOnly.insert(dom);
+    const struct
     {
         const char *name;
         QVariantMap row;
         QDateTime expected;
-    };
-    const QVariantMap dom{{u"DOM"_s, 1}, {u"Dom1"_s, 15}, {u"Dom2"_s, 30}};
-    const Case cases[] = {
+    } cases[] = {
         {"ten days from the completion", {}, day(3, 11)},
         {"ten days from the scheduled date", {{u"RenewalOn"_s, u"S"_s}}, day(3, 1)},
         {"a small s is an S", {{u"RenewalOn"_s, u"s"_s}}, day(3, 1)},
@@ -49,23 +47,14 @@ TEST_F(GetNextScheduledDateTest, CalendarServicesGoOnFromTheDateThatTheyAreResch
         // March 1 + 10 days is Monday the 11th, week 3 by the rounded count; the next selected week
         // begins on the 29th, a Friday, and the walk to Monday leaves the month.
         {"only Mondays of the fifth block",
-         [] {
-             QVariantMap row = without({u"Sun", u"Tue", u"Wed", u"Thu", u"Fri", u"Sat", u"FirstW",
-                                        u"SecondW", u"ThirdW", u"ForthW"});
-             return row;
-         }(),
+         without({u"Sun", u"Tue", u"Wed", u"Thu", u"Fri", u"Sat", u"FirstW", u"SecondW", u"ThirdW",
+                  u"ForthW"}),
          day(4, 29)},
         {"listed days of the month", dom, day(3, 15)},
-        {"listed days do without any flag",
-         [&] {
-             QVariantMap row = without({u"Sun", u"Mon", u"Tue", u"Wed", u"Thu", u"Fri", u"Sat"});
-             row.insert(dom);
-             return row;
-         }(),
-         day(3, 15)},
+        {"listed days do without any flag", domOnly, day(3, 15)},
         {"listed days don't count without DOM", {{u"Dom1"_s, 15}}, day(3, 11)},
     };
-    for (const Case &test : cases)
+    for (const auto &test : cases)
         EXPECT_EQ(GetNextScheduledDate(assigned(test.row)), test.expected) << test.name;
 }
 
@@ -74,11 +63,7 @@ TEST_F(GetNextScheduledDateTest, TheGivenDateStandsForBothLastDates)
     for (const QString &renewal : {u"W"_s, u"S"_s})
         EXPECT_EQ(GetNextScheduledDate(assigned({{u"RenewalOn"_s, renewal}}), true, day(5, 1)),
                   day(5, 11));
-}
-
-TEST_F(GetNextScheduledDateTest, NoSuchRowGivesToday)
-{
-    EXPECT_EQ(GetNextScheduledDate(4711), day(3, 15));
+    EXPECT_EQ(GetNextScheduledDate(4711), day(3, 15)) << "no such row";
 }
 
 TEST_F(GetNextScheduledDateTest, AMissingPatternIsToldAndGivesTheNextDay)
@@ -97,24 +82,30 @@ TEST_F(GetNextScheduledDateTest, AMissingPatternIsToldAndGivesTheNextDay)
     for (const Case &test :
          {Case{noDays, u"DOW(day of the week)"_s}, Case{noWeeks, u"WOM(week of the month)"_s},
           Case{noMonths, u"MOY(month of the year)"_s}}) {
-        prompts.expect(
+        prompts.inform(
             u"Service \"1\" doesn't have any %1 selected in service schedule, system can "
             "not\ncalculate the next schedule date.\nService detail is given "
             "below.\nUnit No : - U1\nEquipment Name : - Mower 1\nService Job No : - "
-            "1\nService Description : - Oil change"_s.arg(test.missing),
-            base::Prompts::Icon::Information);
+            "1\nService Description : - Oil change"_s.arg(test.missing));
         EXPECT_EQ(GetNextScheduledDate(assigned(test.row)), day(3, 16));
     }
 }
 
-TEST_F(GetNextScheduledDateTest, ANullFlagIsAnErrorAndNoDate)
+TEST_F(GetNextScheduledDateTest, ASpoiltFlagIsAnErrorAndNoDate)
 {
-    for (const QString &column :
-         {u"Wed"_s, u"LastW"_s, u"Dece"_s, u"DOM"_s, u"Dom3"_s, u"EInterval"_s}) {
-        EXPECT_FALSE(GetNextScheduledDate(assigned({{column, QVariant()}})).isValid())
+    const struct
+    {
+        QString column;
+        QVariant value;
+        int number;
+    } rows[] = {{u"Wed"_s, {}, 94}, {u"LastW"_s, {}, 94}, {u"Dece"_s, {}, 94},
+                {u"DOM"_s, {}, 94}, {u"Dom3"_s, {}, 94},  {u"EInterval"_s, {}, 94},
+                {u"DOM"_s, -1, 6},  {u"DOM"_s, 256, 6}};
+    for (const auto &[column, value, number] : rows) {
+        EXPECT_FALSE(GetNextScheduledDate(assigned({{column, value}})).isValid())
             << qPrintable(column);
         const ErrorReport report = errors.takeOne();
-        EXPECT_EQ(report.ErrNumber, 94) << qPrintable(column);
+        EXPECT_EQ(report.ErrNumber, number) << qPrintable(column);
         EXPECT_EQ(report.ProcedureName, u"GetNextScheduledDate"_s);
         EXPECT_EQ(report.ModuleName, u"General Function"_s);
     }

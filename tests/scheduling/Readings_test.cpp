@@ -1,17 +1,13 @@
 #include "scheduling/Readings.h"
 
-#include "core/Options.h"
 #include "scheduling/Fleet.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 
 using namespace Qt::StringLiterals;
 
-class ReadingsTest : public test::Fleet
+struct ReadingsTest : test::Fleet
 {
-protected:
     ReadingsTest() { machine(1); }
 
     qint64 waiting(const QString &period, qint64 target, const QVariantMap &more = {}) const

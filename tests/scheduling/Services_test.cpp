@@ -1,18 +1,16 @@
 #include "core/Permission.h"
+#include "core/RecordFields.h"
 #include "platform/db/DbError.h"
 #include "scheduling/Fleet.h"
 #include "scheduling/Readings.h"
 #include "scheduling/clsServices.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using namespace Qt::StringLiterals;
 
-class clsServicesManagerTest : public test::Fleet
+struct clsServicesManagerTest : test::Fleet
 {
-protected:
     clsServicesManagerTest()
     {
         gRights.SerAdd = gRights.SerMod = gRights.SerDel = true;
@@ -32,29 +30,25 @@ protected:
                 : gcnData->Open(u"Select * from tblServiceUsed where ServiceUsedID = ?"_s, {key});
         return clsServicesManager::fromRow(rows.current(), store);
     }
+    /// A service under the key 55 with another value in each of its fields.
     static clsServices everyFieldDifferent()
     {
         clsServices service;
+        int last = 0;
+        for (const record::Field<clsServices> &field : clsServices::fields())
+            std::visit(
+                [&](auto member) {
+                    using Value = std::decay_t<decltype(service.*member)>;
+                    if constexpr (std::is_same_v<Value, QString>)
+                        service.*member = QString::number(++last % 10);
+                    else if constexpr (std::is_arithmetic_v<Value>)
+                        service.*member = static_cast<Value>(++last);
+                },
+                field.member);
         service.ServiceID = 55;
-        service.JobNo = 9;
         service.Name = u"Grease 'all' points"_s;
-        service.CrewID = 3;
-        service.CostCenterID = 4;
         service.SeparateWo = u"1"_s;
         service.LaborEstimate = 2.25;
-        service.CostEstimate = 45.5;
-        service.Period = u"M"_s;
-        service.EInterval = 6;
-        service.RenewalOn = u"S"_s;
-        service.Sun = service.Mon = service.Tue = service.Wed = service.Thu = service.Fri = 1;
-        service.Sat = service.FirstW = service.SecondW = service.ThirdW = service.ForthW = 1;
-        service.LastW = service.Jan = service.Feb = service.Mar = service.Apr = service.May = 1;
-        service.Jun = service.Jul = service.Aug = service.Sep = service.Oct = service.Nov = 1;
-        service.Dece = 1;
-        service.Dom = 1;
-        service.DOM1 = 2;
-        service.DOM2 = service.DOM3 = service.DOM4 = 9;
-        service.DOM5 = 30;
         service.Note = u"It's hot"_s;
         return service;
     }
@@ -190,7 +184,42 @@ TEST_F(clsServicesManagerTest, ARefusedWriteIsReportedAndFalse)
     clsServices service = everyFieldDifferent();
     service.Name = QString(101, u'x');
     EXPECT_FALSE(manager.SaveRecord(service, Mode::Add, ServiceStore::Catalogue));
-    EXPECT_EQ(errors.takeOne().ModuleName, u"clsServicesManager"_s);
+    failAt(u"Update"_s);
+    EXPECT_FALSE(manager.UpdateJobNoForAllService(100, 42));
+    EXPECT_FALSE(manager.SaveServiceUsedRecord(1, {}, {}, {}));
+    failAt({});
+    const auto reports = errors.take();
+    ASSERT_EQ(reports.size(), 3u);
+    for (const ErrorReport &report : reports)
+        EXPECT_EQ(report.ModuleName, u"clsServicesManager"_s);
+}
+
+TEST_F(clsServicesManagerTest, AKeyThatIsAlwaysTakenIsGivenUpAfterTenTries)
+{
+    int tries = 0;
+    gcnData->setObserver([&](const db::Sent &sent) {
+        if (!sent.statement.startsWith(u"insert", Qt::CaseInsensitive))
+            return;
+        ++tries;
+        throw db::DbError(db::ErrorNumber::DuplicateKey, u"taken"_s);
+    });
+    clsServices service = everyFieldDifferent();
+    EXPECT_FALSE(manager.SaveRecord(service, Mode::Add, ServiceStore::Catalogue));
+    gcnData->setObserver({});
+    EXPECT_EQ(errors.takeOne().ErrNumber, db::ErrorNumber::DuplicateKey);
+    EXPECT_EQ(tries, 10);
+    EXPECT_EQ(service.ServiceID, 315093000 + 8) << "the moment's key, then those behind it";
+}
+
+TEST_F(clsServicesManagerTest, TheDatesOfAnAssignedServiceAreSetOrEmptied)
+{
+    const qint64 id = assigned({{u"EInterval"_s, QVariant()}});
+    ASSERT_TRUE(manager.SaveServiceUsedRecord(id, day(2, 1), {}, day(4, 1)));
+    EXPECT_EQ(
+        found(
+            u"Select LastDateScheduled, LastDatePerformed, NextScheduledDate from tblServiceUsed"_s),
+        u"2/1/2024||4/1/2024");
+    EXPECT_EQ(stored(ServiceStore::Assigned, id).EInterval, 1) << "of one that it lacks";
 }
 
 } // namespace

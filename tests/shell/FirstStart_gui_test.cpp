@@ -1,30 +1,21 @@
-#include "core/Options.h"
 #include "core/ui/Openings.h"
 #include "core/ui/ScreenDriver.h"
-#include "platform/settings/Registry.h"
 #include "shell/FirstStart.h"
 #include "shell/Login.h"
 #include "shell/ShellSession.h"
 #include "shell/ui/FirstStartEntries.h"
-#include "support/Raised.h"
-#include "support/ScriptedPrompts.h"
-
-#include <QCheckBox>
 
 using namespace Qt::StringLiterals;
 using test::ScreenDriver;
 
 namespace {
 
-struct FirstStart : testing::Test
+struct FirstStart : test::ShellSession
 {
     FirstStart() { SetOption(u"SERVICE_LATE_RED"_s, u"14"_s, false); }
     ~FirstStart() override { openings() = {}; }
-    void expectTold(const QString &text) { prompts.expect(text, base::Prompts::Icon::None); }
+    void expectTold(const QString &text) { prompts.say(text); }
     static QString option(const QString &key) { return GetOption(key, false); }
-
-    test::ShellSession session;
-    test::ScriptedPrompts prompts;
 };
 
 } // namespace
@@ -95,7 +86,7 @@ TEST_F(FirstStart, StoresWhatIsTypedAndLeadsToTheImport)
               u"1 Mill Lane|Springfield||office@greenways.example|greenways.example"_s);
     EXPECT_EQ(option(u"SECURITYONOFF"_s), u"1"_s);
     EXPECT_TRUE(shell::isUserPassword(u"Admin"_s, u"turnip"_s));
-    EXPECT_FALSE(session.storedPassword(u"Admin"_s).contains(u"turnip"_s));
+    EXPECT_FALSE(storedPassword(u"Admin"_s).contains(u"turnip"_s));
 }
 
 TEST_F(FirstStart, CanBePutOff)

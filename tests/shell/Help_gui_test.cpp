@@ -32,16 +32,15 @@ QString page(const QWidget &window)
 }
 
 /// Closes the windows of a test.
-struct Closing
+struct Help : testing::Test
 {
-    ~Closing() { help::closeAll(); }
+    ~Help() override { help::closeAll(); }
 };
 
 } // namespace
 
-TEST(HelpBook, EveryLinkLeadsToAPageThatExists)
+TEST_F(Help, EveryLinkLeadsToAPageThatExists)
 {
-    const Closing closing;
     help::showHelp(nullptr); // makes the pages known
     const help::HelpBook book(u":/help"_s);
     EXPECT_GE(book.pages().size(), 10u);
@@ -61,9 +60,8 @@ TEST(HelpBook, EveryLinkLeadsToAPageThatExists)
     EXPECT_THROW(help::HelpBook(QTemporaryDir().path()), base::Error);
 }
 
-TEST(HelpBook, FindsTopicsFormsAndWords)
+TEST_F(Help, FindsTopicsFormsAndWords)
 {
-    const Closing closing;
     help::showHelp(nullptr);
     const help::HelpBook book(u":/help"_s);
     EXPECT_EQ(book.topicOfForm(u"frmUserRoles"_s), u"rights"_s);
@@ -78,9 +76,8 @@ TEST(HelpBook, FindsTopicsFormsAndWords)
     EXPECT_TRUE(book.search(u"roles zebra"_s).empty());
 }
 
-TEST(HelpWindow, OpensAtATopicSearchesAndIsUsedAgain)
+TEST_F(Help, OpensAtATopicSearchesAndIsUsedAgain)
 {
-    const Closing closing;
     help::showHelp(nullptr, u"login"_s);
     QWidget *window = helpWindow();
     ASSERT_NE(window, nullptr);
@@ -100,9 +97,8 @@ TEST(HelpWindow, OpensAtATopicSearchesAndIsUsedAgain)
     EXPECT_EQ(helpWindow(), nullptr);
 }
 
-TEST(HelpKey, OpensThePageOfTheScreenAlsoFromAModalOne)
+TEST_F(Help, OpensThePageOfTheScreenAlsoFromAModalOne)
 {
-    const Closing closing;
     help::installHelpKey();
     QDialog screen;
     screen.setObjectName(u"frmUserManageMent"_s);

@@ -1,9 +1,7 @@
 #include "core/OpeningTable.h"
-#include "core/Options.h"
 #include "core/ui/Modal.h"
 #include "core/ui/Openings.h"
 #include "core/ui/ScreenCalls.h"
-#include "platform/base/Environment.h"
 #include "platform/help/Help.h"
 #include "platform/input/QuickLink.h"
 #include "shell/QuickLinks.h"
@@ -11,28 +9,18 @@
 #include "shell/ShellSession.h"
 #include "shell/ui/MainBoard.h"
 #include "shell/ui/frmMainScreen.h"
-#include "support/ScriptedPrompts.h"
-
-#include "platform/base/Error.h"
 
 #include <QAction>
-#include <QDir>
-#include <QGuiApplication>
-#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScrollArea>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 using test::named;
-using test::ScriptedPrompts;
-using test::ShellSession;
-using Icon = base::Prompts::Icon;
 
 namespace {
 
-struct MainScreen : testing::Test
+struct MainScreen : test::ShellSession
 {
     MainScreen()
     {
@@ -50,8 +38,7 @@ struct MainScreen : testing::Test
     void open()
     {
         window = std::make_unique<frmMainScreen>([this] { ++ended; });
-        window->show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        test::bringUp(*window);
     }
     void trigger(const QString &entry) { window->menuAction(entry)->trigger(); }
     bool enabled(const QString &entry) { return window->menuAction(entry)->isEnabled(); }
@@ -61,8 +48,6 @@ struct MainScreen : testing::Test
         return named<input::QuickLink>(*window, u"lblQuickMenu%1"_s.arg(index));
     }
 
-    ShellSession session;
-    ScriptedPrompts prompts;
     std::unique_ptr<frmMainScreen> window;
     int ended = 0;
 };
@@ -121,9 +106,7 @@ TEST_F(MainScreen, AnEntryIsEnabledWhenItsScreenJoinedAndItsRightIsGranted)
     for (const auto &road :
          {std::function<void()>([this] { window->openEntry(u"mnuEquipmentList"_s); }),
           std::function<void()>([] { openings().open(u"frmEquipmentListReport"); })}) {
-        prompts.expect(u"You do not have sufficient rights to see this report. Please see your "
-                       u"system administrator"_s,
-                       Icon::Information);
+        prompts.inform(test::NoReport);
         road();
     }
     EXPECT_EQ(opened, 1);
@@ -135,9 +118,8 @@ TEST_F(MainScreen, AnErrorOfAScreenIsReportedUnderTheEntrysName)
     openings().join(u"frmPart"_s, [] { throw base::Error(5, u"out of order"_s); });
     open();
     trigger(u"mnuViewPart"_s);
-    ASSERT_EQ(session.errors.size(), 1u);
-    EXPECT_EQ(session.errors[0].module, u"MainForm"_s);
-    EXPECT_EQ(session.errors[0].procedure, u"mnuViewPart_Click"_s);
+    const ErrorReport report = errors.takeOne();
+    EXPECT_EQ(report.ModuleName + u' ' + report.ProcedureName, u"MainForm mnuViewPart_Click"_s);
     EXPECT_TRUE(window->isVisible());
 }
 
@@ -223,9 +205,7 @@ TEST_F(MainScreen, TheReportsLinkTogglesTheBoardsPaneAndActivationReloadsTheBoar
     EXPECT_TRUE(shown);
 
     QWidget other;
-    other.show();
-    other.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    test::bringUp(other);
     window->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
     EXPECT_EQ(loads, 2);
@@ -252,9 +232,7 @@ TEST_F(MainScreen, AnErrorBoxOfTheBoardDoesNotReloadTheBoard)
 
     // The next time the user comes back the board is read again.
     QWidget other;
-    other.show();
-    other.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    test::bringUp(other);
     window->activateWindow();
     ASSERT_TRUE(QTest::qWaitFor([&loads] { return loads == 2; }));
 }
@@ -306,19 +284,17 @@ TEST_F(MainScreen, CompactRemovesRowsWithoutAPartFirst)
     gcnData->Execute(u"Insert into tblEquipmentPart (EquipmentID, PartID) values (1, '')"_s);
     gcnData->Execute(u"Insert into tblEquipmentPart (EquipmentID, PartID) values (1, 'A')"_s);
     open();
-    prompts.expect(u"System will compact the database. It might take a while. Please wait."_s,
-                   Icon::None);
+    prompts.say(u"System will compact the database. It might take a while. Please wait."_s);
     prompts.meanwhile([this] { EXPECT_FALSE(window->isEnabled()); });
-    prompts.expect(u"System has finished compacting the database."_s, Icon::None);
+    prompts.say(u"System has finished compacting the database."_s);
     trigger(u"mnuCompactDB"_s);
     EXPECT_TRUE(window->isEnabled());
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-    EXPECT_EQ(ShellSession::count(u"tblEquipmentPart"_s, u"EquipmentID = 1"_s), 1);
+    EXPECT_EQ(count(u"tblEquipmentPart"_s, u"EquipmentID = 1"_s), 1);
     // Without a clean database nothing is compacted.
     gcnData->Execute(u"Drop table tblWoPartHistory"_s);
-    prompts.expect(u"System will compact the database. It might take a while. Please wait."_s,
-                   Icon::None);
+    prompts.say(u"System will compact the database. It might take a while. Please wait."_s);
     trigger(u"mnuCompactDB"_s);
-    EXPECT_EQ(session.errors.size(), 1u);
+    EXPECT_NE(errors.takeOne().ErrNumber, 0);
     EXPECT_TRUE(window->isEnabled());
 }

@@ -1,28 +1,19 @@
 #include "core/ErrorStore.h"
 #include "core/MailAccount.h"
-#include "core/Options.h"
-#include "core/RegistryValues.h"
 #include "core/Secrets.h"
 #include "core/ui/ScreenDriver.h"
 #include "core/ui/Sending.h"
 #include "platform/odbc/Odbc.h"
-#include "platform/settings/Registry.h"
 #include "shell/ShellSession.h"
 #include "shell/Updates.h"
 #include "shell/ui/CheckForUpdates.h"
 #include "shell/ui/frmSendDBUpdate.h"
 #include "shell/ui/frmSetup.h"
+#include "support/Desktop.h"
 #include "support/HttpServer.h"
-#include "support/ScriptedPrompts.h"
 #include "support/SmtpServer.h"
-#include "support/TestFiles.h"
 
-#include <QCheckBox>
-#include <QDesktopServices>
-#include <QDir>
-#include <QLabel>
 #include <QTabWidget>
-#include <QUrl>
 
 using namespace Qt::StringLiterals;
 using Icon = base::Prompts::Icon;
@@ -35,20 +26,7 @@ constexpr int MailPage = 4;
 constexpr int ErrorReportsPage = 5;
 constexpr int UpdatesPage = 6;
 
-/// Receives the addresses that would open the browser.
-class Browser : public QObject
-{
-    Q_OBJECT
-
-public:
-    Browser() { QDesktopServices::setUrlHandler(u"http"_s, this, "open"); }
-    ~Browser() override { QDesktopServices::unsetUrlHandler(u"http"_s); }
-    Q_SLOT void open(const QUrl &url) { opened << url.toString(); }
-
-    QStringList opened;
-};
-
-struct Services : testing::Test
+struct Services : test::ShellSession
 {
     Services()
     {
@@ -61,9 +39,7 @@ struct Services : testing::Test
     static void inSetup(int page, const std::function<void(ScreenDriver)> &act)
     {
         frmSetup screen;
-        screen.show();
-        screen.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&screen));
+        test::bringUp(screen);
         const ScreenDriver driver(screen);
         driver.control<QTabWidget>("tabOptions").setCurrentIndex(page);
         act(driver);
@@ -81,9 +57,6 @@ struct Services : testing::Test
         maker(u"ReportMailbox"_s, u"help@example.com; more@example.com"_s);
         joinReportTransport();
     }
-
-    test::ShellSession session;
-    test::ScriptedPrompts prompts;
 };
 
 } // namespace
@@ -138,24 +111,21 @@ TEST_F(Services, ATestMailShowsWhetherTheAccountWorks)
         page.type("txtMailServer", u"localhost"_s);
         page.type("txtMailPort", QString::number(server.port()));
         page.type("txtMailUser", u"office"_s);
-        prompts.expect(u"\"office\" is not a mail address."_s, Icon::None);
+        prompts.say(u"\"office\" is not a mail address."_s);
         page.type("txtMailSender", u"office"_s);
         QTest::mouseClick(&page.control("txtMailUser"), Qt::LeftButton);
         EXPECT_EQ(page.focused(), "txtMailSender");
         page.type("txtMailSender", u"office@example.com"_s);
-        prompts.expect(
-            u"The mail server did not accept user name and password: 535 5.7.8 wrong password"_s,
-            Icon::None);
+        prompts.say(
+            u"The mail server did not accept user name and password: 535 5.7.8 wrong password"_s);
         page.type("txtMailPassword", u"mistaken"_s);
         page.press("cmdTestMail");
-        prompts.expect(u"The test was sent to office@example.com. Look whether it arrives."_s,
-                       Icon::Information);
+        prompts.inform(u"The test was sent to office@example.com. Look whether it arrives."_s);
         page.type("txtMailPassword", u"hushhush"_s);
         page.press("cmdTestMail");
         // The one that is kept does as well.
         page.press("cmdApply");
-        prompts.expect(u"The test was sent to office@example.com. Look whether it arrives."_s,
-                       Icon::Information);
+        prompts.inform(u"The test was sent to office@example.com. Look whether it arrives."_s);
         page.press("cmdTestMail");
     });
     ASSERT_EQ(server.taken().size(), 2);
@@ -164,14 +134,13 @@ TEST_F(Services, ATestMailShowsWhetherTheAccountWorks)
 
 TEST_F(Services, TheErrorStoreIsCheckedBeforeItIsTrusted)
 {
-    const QString connection =
-        u"Driver=SQLite3;Database=%1/errors.db"_s.arg(session.environment.folder());
+    const QString connection = u"Driver=SQLite3;Database=%1/errors.db"_s.arg(environment.folder());
     inSetup(ErrorReportsPage, [&](const ScreenDriver &page) {
-        prompts.expect(u"Enter the connection first."_s, Icon::None);
+        prompts.say(u"Enter the connection first."_s);
         page.press("cmdTestErrorStore");
         odbc::Connection(connection).execute(u"create table tblError (Reply integer)"_s);
         page.type("txtErrorStore", connection);
-        prompts.expect(u"The error store answers. It holds 0 reports."_s, Icon::Information);
+        prompts.inform(u"The error store answers. It holds 0 reports."_s);
         page.press("cmdTestErrorStore");
         page.press("cmdOk");
     });
@@ -183,14 +152,14 @@ TEST_F(Services, TheLookForReleasesCanBeTurnedOff)
     inSetup(UpdatesPage, [](const ScreenDriver &page) {
         EXPECT_FALSE(page.isEnabled("chkCheckForUpdate"));
         EXPECT_FALSE(page.isEnabled("cmdCheckForUpdates"));
-        EXPECT_EQ(page.control<QLabel>("lblReleaseShare").text(), u"(not set up)"_s);
+        EXPECT_EQ(page.text("lblReleaseShare"), u"(not set up)"_s);
     });
     SetRegistryValue(u"PATH"_s, u"/office/"_s);
     maker(u"UpdateSite"_s, u"https://example.com"_s);
     for (const bool on : {false, true}) {
         inSetup(UpdatesPage, [on](const ScreenDriver &page) {
             EXPECT_TRUE(page.isEnabled("cmdCheckForUpdates"));
-            EXPECT_EQ(page.control<QLabel>("lblReleaseShare").text(), u"/office/Client"_s);
+            EXPECT_EQ(page.text("lblReleaseShare"), u"/office/Client"_s);
             auto &box = page.control<QCheckBox>("chkCheckForUpdate");
             EXPECT_NE(box.isChecked(), on);
             box.setChecked(on);
@@ -221,30 +190,26 @@ TEST_F(Services, TheScriptOfAFailedUpdateGoesToTheMakers)
         });
     };
     joinReportTransport();
-    prompts.expect(u"The report could not be sent. No mail account is set up for it. File, Setup "
-                   u"has a page Mail for that."_s,
-                   Icon::None);
+    prompts.say(u"The report could not be sent. No mail account is set up for it. File, Setup "
+                u"has a page Mail for that."_s);
     sendIt();
 
     const SmtpServer server({});
     setUpMail(server);
     maker(u"ReportMailbox"_s, u" ; "_s);
-    prompts.expect(u"The report could not be sent. The installation names no mailbox of the "
-                   u"makers."_s,
-                   Icon::None);
+    prompts.say(u"The report could not be sent. The installation names no mailbox of the "
+                u"makers."_s);
     sendIt();
     setUpMail(server);
     const QString script = base::applicationPath(u"\\Script\\DBChanges.mdb"_s);
-    prompts.expect(u"The report could not be sent. The file can't be read: "_s + script,
-                   Icon::None);
+    prompts.say(u"The report could not be sent. The file can't be read: "_s + script);
     sendIt();
 
     QDir().mkpath(base::applicationPath(u"\\Script"_s));
     test::writeFile(script, "marked rows");
     prompts.meanwhile(look);
-    prompts.expect(u"Thank You for reporting this error. This goes directly to our programmers "
-                   u"for diagnosis and repair."_s,
-                   Icon::Information);
+    prompts.inform(u"Thank You for reporting this error. This goes directly to our programmers "
+                   u"for diagnosis and repair."_s);
     sendIt();
     ASSERT_EQ(server.taken().size(), 1);
     const SmtpServer::Mail mail = server.taken().first();
@@ -256,8 +221,7 @@ TEST_F(Services, TheScriptOfAFailedUpdateGoesToTheMakers)
     EXPECT_TRUE(mail.text.contains("CLIENTVESION"));
 
     prompts.meanwhile(look);
-    prompts.expect(u"Please enter a valid email Address, so that we can get back to you."_s,
-                   Icon::None);
+    prompts.say(u"Please enter a valid email Address, so that we can get back to you."_s);
     test::inScreen(frmSendDBUpdate::ShowSendDBUpdateDetails, [](const ScreenDriver &form) {
         form.type("txtEmail", u"shop@example"_s);
         form.press("cmdSend");
@@ -272,7 +236,7 @@ TEST_F(Services, TheScriptOfAFailedUpdateGoesToTheMakers)
 
 TEST_F(Services, TheUpdateSiteIsAskedAndOnlyTheWebIsOpened)
 {
-    Browser browser;
+    test::Desktop browser;
     const auto feed = [](const QByteArray &offer) {
         return test::HttpServer::page("<a><QUORVANTIS>" + offer + "</QUORVANTIS></a>");
     };
@@ -322,5 +286,3 @@ TEST_F(Services, TheUpdateSiteIsAskedAndOnlyTheWebIsOpened)
         EXPECT_EQ(browser.opened, row.opened) << row.answer.toStdString();
     }
 }
-
-#include "Services_gui_test.moc"

@@ -18,20 +18,13 @@ using test::ScreenDriver;
 
 namespace {
 
-struct Setup : testing::Test
+struct Setup : test::ShellSession
 {
-    Setup()
-    {
-        screen.show();
-        screen.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&screen));
-    }
+    Setup() { test::bringUp(screen); }
 
     void page(int index) { driver.control<QTabWidget>("tabOptions").setCurrentIndex(index); }
     bool canApply() const { return driver.control("cmdApply").isEnabled(); }
 
-    test::ShellSession session;
-    test::ScriptedPrompts prompts;
     frmSetup screen;
     ScreenDriver driver{screen};
 };
@@ -97,7 +90,7 @@ TEST_F(Setup, APhoneNumberWithoutItsDigitsIsNeitherLeftNorStored)
 {
     driver.control("txtCompanyPhone").setFocus();
     QTest::keyClicks(&driver.control("txtCompanyPhone"), u"555"_s);
-    prompts.expect(u"Invalid phone No."_s, base::Prompts::Icon::Information);
+    prompts.inform(u"Invalid phone No."_s);
     // As a hand does it: the window comes to itself between press and release.
     QTest::mousePress(&driver.control("cmdApply"), Qt::LeftButton);
     QCoreApplication::processEvents();
@@ -110,8 +103,7 @@ TEST_F(Setup, APhoneNumberWithoutItsDigitsIsNeitherLeftNorStored)
 TEST_F(Setup, SecurityIsStoredWithTheWordToRestart)
 {
     for (const bool on : {true, false}) {
-        prompts.expect(u"To enable/disable passwords please close and restart the program"_s,
-                       base::Prompts::Icon::Information);
+        prompts.inform(u"To enable/disable passwords please close and restart the program"_s);
         driver.control<QCheckBox>("chkSecurity").setChecked(on);
         driver.press("cmdApply");
         EXPECT_EQ(GetOption(u"SECURITYONOFF"_s, false), on ? u"1"_s : u"0"_s);
@@ -126,7 +118,7 @@ TEST_F(Setup, AnOptionThatAnotherProgramHoldsStaysChanged)
         u"Update tblSysOption set itemValue = 'x' where SysOption = 'GEN_COMPANY_NAME'"_s);
     driver.press("cmdApply");
     gcnData->RollbackTrans();
-    ASSERT_EQ(session.errors.size(), 1U);
+    EXPECT_NE(errors.takeOne().ErrNumber, 0);
     EXPECT_TRUE(canApply());
     driver.press("cmdApply");
     EXPECT_EQ(GetOption(u"GEN_COMPANY_NAME"_s, false), u"Greenways"_s);

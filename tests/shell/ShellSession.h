@@ -1,43 +1,43 @@
 #pragma once
 
-#include "core/Session.h"
-#include "platform/base/Trapped.h"
-#include "support/TestEnvironment.h"
-
-#include <QString>
-#include <vector>
-
-class QWidget;
+#include "core/CompanySession.h"
 
 namespace test {
 
-/// A new database, open on both connections, in surroundings of its own; all session state is as at
-/// process start, before and after. Trapped errors are kept.
-class ShellSession
+/// A workstation of release 2.3.1 on which nobody has logged in yet, with boxes that answer from a
+/// script.
+struct ShellSession : CompanySession
 {
-public:
-    ShellSession();
-    ~ShellSession();
-    ShellSession(const ShellSession &) = delete;
-    ShellSession &operator=(const ShellSession &) = delete;
-
-    struct TrappedError
+    ShellSession()
     {
-        QString module, procedure;
-        int number;
-        QString description;
-    };
-    std::vector<TrappedError> errors;
-    TestEnvironment environment;
+        resetSession();
+        SetRegistryValue(QStringLiteral("VERSION"), QStringLiteral("2.3.1"));
+    }
+    ~ShellSession() override { resetSession(); }
 
     /// Adds a user whose password is stored as typed, as older releases did.
     static void addUser(const QString &name, const QString &clearPassword,
-                        const QString &employeeID = {});
-    static QString storedPassword(const QString &name);
-    static qint64 count(const QString &table, const QString &where);
+                        const QString &employeeID = {})
+    {
+        insert(QStringLiteral("tblUser"), {{QStringLiteral("UserName"), name},
+                                           {QStringLiteral("Password"), clearPassword},
+                                           {QStringLiteral("EmployeeID"), employeeID}});
+    }
+    static QString storedPassword(const QString &name)
+    {
+        return value(QStringLiteral("select [Password] from tblUser where UserName = ?"), {name})
+            .toString();
+    }
+
+    ScriptedPrompts prompts;
 
 private:
-    base::ErrorReporter m_formerReporter;
+    static void resetSession()
+    {
+        gsLoginUser.clear();
+        gbDatabaseOutOfDate = false;
+        gRights = {};
+    }
 };
 
 } // namespace test

@@ -1,40 +1,28 @@
 #include "core/ui/Openings.h"
 #include "core/ui/ScreenDriver.h"
-#include "platform/grid/GridView.h"
 #include "platform/input/IdCombo.h"
 #include "shell/Passwords.h"
 #include "shell/RightsTable.h"
 #include "shell/ShellSession.h"
 #include "shell/ui/frmUserManageMent.h"
 #include "shell/ui/frmUserRoles.h"
-#include "support/ScriptedPrompts.h"
 
-#include <QCheckBox>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QTabWidget>
-#include <QTest>
-#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 using test::named;
 using test::ScreenDriver;
-using test::ScriptedPrompts;
-using test::ShellSession;
-using Icon = base::Prompts::Icon;
-using Buttons = base::Prompts::Buttons;
-using Answer = base::Prompts::Answer;
 
 namespace {
 
-struct Users : testing::Test
+struct Users : test::ShellSession
 {
     Users()
     {
         gcnData->Execute(u"insert into tblEmployee(EmployeeID,FirstName,Lastname) "
                          u"values('17','Ann','Miller')"_s);
-        ShellSession::addUser(u"Ann"_s, u"Secret"_s, u"17"_s);
-        ShellSession::addUser(u"Bob"_s, u"Other"_s);
+        addUser(u"Ann"_s, u"Secret"_s, u"17"_s);
+        addUser(u"Bob"_s, u"Other"_s);
         screen = std::make_unique<frmUserManageMent>();
         screen->show();
     }
@@ -52,8 +40,6 @@ struct Users : testing::Test
         grid.selectRow(grid.rows().findRow(u"UserName", user));
     }
 
-    ShellSession session;
-    ScriptedPrompts prompts;
     std::unique_ptr<frmUserManageMent> screen;
 };
 
@@ -79,20 +65,20 @@ TEST_F(Users, ANewUserNeedsANameOfItsOwn)
     EXPECT_TRUE(screen->mode() == Mode::Add);
     EXPECT_TRUE(line("txtUserName").text().isEmpty());
     EXPECT_FALSE(ScreenDriver(*screen).isEnabled("cmdExit"));
-    prompts.expect(u"User Name should not be blank."_s, Icon::None);
+    prompts.say(u"User Name should not be blank."_s);
     press("cmdSave");
     type("txtUserName", u"aDMIN"_s);
-    prompts.expect(u"User Name should be unique."_s, Icon::None);
+    prompts.say(u"User Name should be unique."_s);
     press("cmdSave");
     EXPECT_EQ(screen->focusWidget(), &line("txtUserName"));
-    prompts.expect(u"Please save this record first then goto next screen"_s, Icon::None);
+    prompts.say(u"Please save this record first then goto next screen"_s);
     press("cmdRole");
 
     type("txtUserName", u"Carl"_s);
     for (const char *box : {"txtUserName", "txtPassword"}) {
         const QString good = line(box).text();
         type(box, u"it's"_s);
-        prompts.expect(u"A user name or password can't hold an apostrophe (')."_s, Icon::None);
+        prompts.say(u"A user name or password can't hold an apostrophe (')."_s);
         press("cmdSave");
         EXPECT_EQ(screen->focusWidget(), &line(box));
         type(box, good);
@@ -101,7 +87,7 @@ TEST_F(Users, ANewUserNeedsANameOfItsOwn)
     press("cmdSave");
     EXPECT_TRUE(screen->mode() == Mode::Browse);
     EXPECT_EQ(line("txtUserName").text(), u"Carl"_s);
-    EXPECT_TRUE(shell::passwordMatches(ShellSession::storedPassword(u"Carl"_s), u"pass"_s));
+    EXPECT_TRUE(shell::passwordMatches(storedPassword(u"Carl"_s), u"pass"_s));
 }
 
 TEST_F(Users, TypingTurnsTheScreenToModifyAndAnUntouchedPasswordStays)
@@ -111,38 +97,34 @@ TEST_F(Users, TypingTurnsTheScreenToModifyAndAnUntouchedPasswordStays)
     EXPECT_TRUE(screen->mode() == Mode::Modify);
     press("cmdSave");
     EXPECT_TRUE(screen->mode() == Mode::Browse);
-    EXPECT_TRUE(shell::passwordMatches(ShellSession::storedPassword(u"Anna"_s), u"secret"_s));
-    EXPECT_EQ(ShellSession::count(u"tblUser"_s, u"UserName = 'Ann'"_s), 0);
+    EXPECT_TRUE(shell::passwordMatches(storedPassword(u"Anna"_s), u"secret"_s));
+    EXPECT_EQ(count(u"tblUser"_s, u"UserName = 'Ann'"_s), 0);
 
     type("txtPassword", u"Fresh"_s);
     press("cmdSave");
-    EXPECT_TRUE(shell::passwordMatches(ShellSession::storedPassword(u"Anna"_s), u"fresh"_s));
-    EXPECT_EQ(ShellSession::count(u"tblUser"_s, u"UserName = 'Anna' and EmployeeID = '17'"_s), 1);
+    EXPECT_TRUE(shell::passwordMatches(storedPassword(u"Anna"_s), u"fresh"_s));
+    EXPECT_EQ(count(u"tblUser"_s, u"UserName = 'Anna' and EmployeeID = '17'"_s), 1);
 
     type("txtUserName", u"Nobody"_s);
     press("cmdCancel");
     EXPECT_EQ(line("txtUserName").text(), u"Anna"_s);
-    EXPECT_TRUE(session.errors.empty());
 }
 
 TEST_F(Users, DeletesAfterAYes)
 {
     select(u"Bob"_s);
-    prompts.expect(u"Are you sure you want to Delete this record?"_s, Icon::Question,
-                   Buttons::YesNo, Answer::No);
+    prompts.no(u"Are you sure you want to Delete this record?"_s);
     press("cmdDelete");
-    EXPECT_EQ(ShellSession::count(u"tblUser"_s, u"UserName = 'Bob'"_s), 1);
-    prompts.expect(u"Are you sure you want to Delete this record?"_s, Icon::Question,
-                   Buttons::YesNo, Answer::Yes);
+    EXPECT_EQ(count(u"tblUser"_s, u"UserName = 'Bob'"_s), 1);
+    prompts.yes(u"Are you sure you want to Delete this record?"_s);
     press("cmdDelete");
-    EXPECT_EQ(ShellSession::count(u"tblUser"_s, u"UserName = 'Bob'"_s), 0);
+    EXPECT_EQ(count(u"tblUser"_s, u"UserName = 'Bob'"_s), 0);
     EXPECT_EQ(line("txtUserName").text(), u"Ann"_s);
 
     gcnLookup.reset();
     gcnData->Execute(u"drop table tblUser"_s);
-    prompts.expect(u"Are you sure you want to Delete this record?"_s, Icon::Question,
-                   Buttons::YesNo, Answer::Yes);
-    prompts.expect(u"Deletion not allowed."_s, Icon::None);
+    prompts.yes(u"Are you sure you want to Delete this record?"_s);
+    prompts.say(u"Deletion not allowed."_s);
     press("cmdDelete");
 }
 
@@ -171,10 +153,8 @@ TEST_F(Users, RolesOpenOnTheUserShown)
     EXPECT_TRUE(title.contains(u"Bob"_s));
 }
 
-TEST(frmUserRoles, SavesAllBoxesAndReloads)
+TEST_F(Users, RolesAreSavedWithAllBoxesAndReloaded)
 {
-    const ShellSession session;
-    ShellSession::addUser(u"Bob"_s, u"Secret"_s);
     gcnData->Execute(BuildQueryString(u"Bob"_s, {u"SerAdd"_s}));
     frmUserRoles roles(u"Bob"_s);
     roles.show();
@@ -201,9 +181,8 @@ TEST(frmUserRoles, SavesAllBoxesAndReloads)
     QTest::mouseClick(&save, Qt::LeftButton);
     EXPECT_FALSE(save.isEnabled());
     EXPECT_TRUE(list.isChecked());
-    EXPECT_EQ(ShellSession::count(u"tblUser"_s, u"UserName = 'Bob' and EqList = '1' and "
-                                                u"SerAdd = '1' and EqAdd = '0' and "
-                                                u"InvPartHistory = '0'"_s),
+    EXPECT_EQ(count(u"tblUser"_s, u"UserName = 'Bob' and EqList = '1' and "
+                                  u"SerAdd = '1' and EqAdd = '0' and "
+                                  u"InvPartHistory = '0'"_s),
               1);
-    EXPECT_TRUE(session.errors.empty());
 }

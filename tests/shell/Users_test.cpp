@@ -7,10 +7,28 @@
 
 #include "platform/db/DbError.h"
 
-#include <gtest/gtest.h>
-
 using namespace Qt::StringLiterals;
-using test::ShellSession;
+using shell::isUserPassword;
+
+namespace {
+
+struct Accounts : test::ShellSession
+{
+    static bool save(const clsUser &user, Mode mode, const QString &former = {})
+    {
+        bool result = false;
+        clsUser_Manager().SaveRecord(user, mode, result, former);
+        return result;
+    }
+    static bool remove(const QString &user)
+    {
+        bool result = false;
+        clsUser_Manager().DeleteRecord(user, result);
+        return result;
+    }
+};
+
+} // namespace
 
 TEST(Passwords, AHashMatchesInAnyCaseAndDiffersEachTime)
 {
@@ -22,119 +40,85 @@ TEST(Passwords, AHashMatchesInAnyCaseAndDiffersEachTime)
     EXPECT_FALSE(shell::passwordMatches(hash, u"Ruben 42"_s));
     EXPECT_FALSE(shell::passwordMatches(hash, hash)) << "the stored text opens nothing";
     EXPECT_FALSE(shell::passwordMatches(hash, {}));
-}
-
-TEST(Passwords, AClearRowIsComparedAsItStands)
-{
     EXPECT_FALSE(shell::isHashedPassword(u"$argon2id$ is no hash"_s));
     EXPECT_TRUE(shell::passwordMatches(u"Mower"_s, u"mOWER"_s));
     EXPECT_FALSE(shell::passwordMatches(u"Mower"_s, u"Mower "_s));
 }
 
-TEST(isUserPassword, NameAndPasswordCountWithoutCase)
+TEST_F(Accounts, NameAndPasswordCountWithoutCaseAndAClearOneIsHashedOnceItMatched)
 {
-    ShellSession session;
-    ShellSession::addUser(u"Bob"_s, u"Secret"_s);
-    ShellSession::addUser(u"Nopass"_s, {});
-    EXPECT_TRUE(shell::isUserPassword(u"bOB"_s, u"sECRET"_s));
-    EXPECT_FALSE(shell::isUserPassword(u"Bob"_s, u"Secret1"_s));
-    EXPECT_TRUE(shell::isUserPassword(u"Bob "_s, u"Secret"_s)) << "the database's comparison";
-    EXPECT_FALSE(shell::isUserPassword(u"Rob"_s, u"Secret"_s));
-    EXPECT_FALSE(shell::isUserPassword({}, {}));
+    addUser(u"Bob"_s, u"Secret"_s);
+    addUser(u"Nopass"_s, {});
+    EXPECT_FALSE(isUserPassword(u"Bob"_s, u"Secret1"_s));
+    EXPECT_FALSE(isUserPassword(u"Rob"_s, u"Secret"_s));
+    EXPECT_FALSE(isUserPassword({}, {}));
+    EXPECT_EQ(storedPassword(u"Bob"_s), u"Secret"_s);
+    EXPECT_TRUE(isUserPassword(u"bOB"_s, u"sECRET"_s));
+    EXPECT_TRUE(shell::isHashedPassword(storedPassword(u"Bob"_s)));
+    EXPECT_TRUE(isUserPassword(u"Bob "_s, u"SECRET"_s)) << "the database's comparison";
+    const QString shipped = storedPassword(u"Admin"_s);
+    ASSERT_FALSE(shell::isHashedPassword(shipped));
+    EXPECT_TRUE(isUserPassword(u"ADMIN"_s, shipped));
 }
 
-TEST(isUserPassword, AClearRowIsHashedOnceItMatchedAndGoesOnWorking)
-{
-    ShellSession session;
-    ShellSession::addUser(u"Bob"_s, u"Secret"_s);
-    EXPECT_FALSE(shell::isUserPassword(u"Bob"_s, u"wrong"_s));
-    EXPECT_EQ(ShellSession::storedPassword(u"Bob"_s), u"Secret"_s);
-    EXPECT_TRUE(shell::isUserPassword(u"Bob"_s, u"secret"_s));
-    EXPECT_TRUE(shell::isHashedPassword(ShellSession::storedPassword(u"Bob"_s)));
-    EXPECT_TRUE(shell::isUserPassword(u"Bob"_s, u"SECRET"_s));
-}
-
-TEST(isUserPassword, TheShippedUserLogsIn)
-{
-    ShellSession session;
-    const QString stored = ShellSession::storedPassword(u"Admin"_s);
-    ASSERT_FALSE(shell::isHashedPassword(stored));
-    EXPECT_TRUE(shell::isUserPassword(u"ADMIN"_s, stored));
-}
-
-TEST(LoginAttempts, TheThirdRefusalIsTheLast)
+TEST_F(Accounts, TheThirdRefusalIsTheLast)
 {
     using enum shell::LoginAttempts::Outcome;
-    ShellSession session;
-    ShellSession::addUser(u"Bob"_s, u"Secret"_s);
     shell::LoginAttempts attempts;
     EXPECT_EQ(attempts.attempt(u"Bob"_s, u"1"_s), Refused);
     EXPECT_THROW(attempts.attempt(u"Bob"_s, u"'"_s), db::DbError); // counts too
     EXPECT_EQ(attempts.attempt(u"Bob"_s, u"3"_s), LastRefused);
     EXPECT_TRUE(gsLoginUser.isEmpty());
-    shell::LoginAttempts others;
-    EXPECT_EQ(others.attempt(u"bob"_s, u"secret"_s), LoggedIn);
-    EXPECT_EQ(gsLoginUser, u"BOB"_s);
 }
 
-TEST(LoginAttempts, ASessionIsOfTheUserThatTheDatabaseFound)
+TEST_F(Accounts, ASessionIsOfTheUserThatTheDatabaseFound)
 {
-    ShellSession session;
-    struct Case
+    const struct
     {
-        QString stored;
-        QString typed;
-        QString session;
+        QString stored, typed, session;
+    } rows[] = {
+        // Rows from before, whose names upper-casing mixes up: each keeps its own rights.
+        {u"adm\u0131n"_s, u"ADM\u0131N"_s, u"adm\u0131n"_s},
+        {u"wei\u00DF"_s, u"WEI\u00DF"_s, u"wei\u00DF"_s},
+        {u"r\u00FCben"_s, u"R\u00DCben"_s, u"R\u00DCBEN"_s},
+        {u"Ann"_s, u"\uFF21nn"_s, u"ANN"_s},
     };
-    // Rows from before, whose names upper-casing mixes up: each keeps its own rights.
-    for (const auto &[stored, typed, name] :
-         {Case{u"adm\u0131n"_s, u"ADM\u0131N"_s, u"adm\u0131n"_s},
-          Case{u"wei\u00DF"_s, u"WEI\u00DF"_s, u"wei\u00DF"_s},
-          Case{u"r\u00FCben"_s, u"R\u00DCben"_s, u"R\u00DCBEN"_s},
-          Case{u"Ann"_s, u"\uFF21nn"_s, u"ANN"_s}}) {
-        ShellSession::addUser(stored, u"Secret"_s);
+    for (const auto &[stored, typed, name] : rows) {
+        addUser(stored, u"Secret"_s);
         gcnData->Execute(BuildQueryString(stored, {u"SerMod"_s}));
         gRights = {};
         shell::LoginAttempts attempts;
         EXPECT_EQ(attempts.attempt(typed, u"secret"_s), shell::LoginAttempts::Outcome::LoggedIn);
         EXPECT_EQ(gsLoginUser, name);
         SetUserRole();
-        EXPECT_TRUE(gRights.SerMod) << qPrintable(stored);
-        EXPECT_FALSE(gRights.EqDel) << qPrintable(stored);
-        EXPECT_TRUE(shell::isUserPassword(gsLoginUser, u"Secret"_s));
+        EXPECT_TRUE(gRights.SerMod && !gRights.EqDel) << qPrintable(stored);
+        EXPECT_TRUE(isUserPassword(gsLoginUser, u"Secret"_s));
     }
-    EXPECT_TRUE(session.errors.empty());
 }
 
-TEST(clsUser_Manager, NoTwoNamesDifferInCapitalsOnly)
+TEST_F(Accounts, NoTwoNamesDifferInCapitalsOnly)
 {
-    ShellSession session;
-    ShellSession::addUser(u"Weiss"_s, u"x"_s);
-    ShellSession::addUser(u"Bob"_s, u"x"_s);
-    bool result = false;
+    addUser(u"Weiss"_s, u"x"_s);
+    addUser(u"Bob"_s, u"x"_s);
     for (const QString &name : {u"adm\u0131n"_s, u"ADMIN "_s, u"wei\u00DF"_s, u"\uFF22ob"_s}) {
         EXPECT_TRUE(clsUser_Manager().IsUserExist(name)) << qPrintable(name);
-        clsUser_Manager().SaveRecord({name, u"y"_s, {}}, Mode::Add, result);
-        EXPECT_FALSE(result) << qPrintable(name);
+        EXPECT_FALSE(save({name, u"y"_s, {}}, Mode::Add)) << qPrintable(name);
     }
-    EXPECT_EQ(session.errors.size(), 4u);
     // One's own name is no other's.
-    clsUser_Manager().SaveRecord({u"wei\u00DF"_s, u"y"_s, {}}, Mode::Modify, result, u"weiss"_s);
-    EXPECT_TRUE(result);
-    clsUser_Manager().SaveRecord({u"Adm\u0131n"_s, u"y"_s, {}}, Mode::Modify, result, u"Bob"_s);
-    EXPECT_FALSE(result);
-    EXPECT_EQ(ShellSession::count(u"tblUser"_s, u"UserName = 'Bob'"_s), 1);
+    EXPECT_TRUE(save({u"wei\u00DF"_s, u"y"_s, {}}, Mode::Modify, u"weiss"_s));
+    EXPECT_FALSE(save({u"Adm\u0131n"_s, u"y"_s, {}}, Mode::Modify, u"Bob"_s));
+    EXPECT_EQ(errors.take().size(), 5u);
+    EXPECT_EQ(count(u"tblUser"_s, u"UserName = 'Bob'"_s), 1);
 }
 
-TEST(SetUserRole, GrantsAllWithoutALoginAndWhatIsStoredWithOne)
+TEST_F(Accounts, GrantsAllWithoutALoginAndWhatIsStoredWithOne)
 {
-    ShellSession session;
     SetUserRole();
     for (const shell::RightEntry &right : shell::rightsTable())
         EXPECT_TRUE(gRights.*right.member) << right.column;
 
     gRights = {};
-    ShellSession::addUser(u"Bob"_s, u"Secret"_s);
+    addUser(u"Bob"_s, u"Secret"_s);
     gcnData->Execute(BuildQueryString(u"bob"_s, {u"EqMod"_s, u"InvPartHistory"_s}));
     gcnData->Execute(u"update tblUser set SerAdd = Null where UserName = 'Bob'"_s);
     gsLoginUser = u"BOB"_s;
@@ -144,91 +128,66 @@ TEST(SetUserRole, GrantsAllWithoutALoginAndWhatIsStoredWithOne)
             right.member == &Rights::EqMod || right.member == &Rights::InvPartHistory;
         EXPECT_EQ(gRights.*right.member, granted) << right.column;
     }
-    EXPECT_TRUE(session.errors.empty());
 }
 
-TEST(SetUserRole, AMissingRowIsReportedAndLeavesTheRights)
+TEST_F(Accounts, AMissingRowIsReportedAndLeavesTheRights)
 {
-    ShellSession session;
     gsLoginUser = u"NOBODY"_s;
     gRights.EqAdd = true;
     SetUserRole();
-    ASSERT_EQ(session.errors.size(), 1u);
-    EXPECT_EQ(session.errors[0].procedure, u"SetUserRole"_s);
+    EXPECT_EQ(errors.takeOne().ProcedureName, u"SetUserRole"_s);
     EXPECT_TRUE(gRights.EqAdd);
     EXPECT_FALSE(gRights.EqMod);
 }
 
-TEST(clsUser_Manager, ANewUserIsHashedAndHasNoRights)
+TEST_F(Accounts, ANewUserIsHashedAndHasNoRights)
 {
-    ShellSession session;
-    bool result = false;
-    clsUser_Manager().SaveRecord({u"O'Neil"_s, u"it's"_s, u"17"_s}, Mode::Add, result);
-    ASSERT_TRUE(result);
-    EXPECT_TRUE(shell::passwordMatches(ShellSession::storedPassword(u"o'neil"_s), u"IT'S"_s));
-    EXPECT_TRUE(shell::isHashedPassword(ShellSession::storedPassword(u"O'Neil"_s)));
-    EXPECT_EQ(ShellSession::count(u"tblUser"_s, u"UserName = 'O''Neil' and EmployeeID = '17' and "
-                                                u"EqAdd is Null and InvPartHistory is Null"_s),
+    ASSERT_TRUE(save({u"O'Neil"_s, u"it's"_s, u"17"_s}, Mode::Add));
+    EXPECT_TRUE(shell::passwordMatches(storedPassword(u"o'neil"_s), u"IT'S"_s));
+    EXPECT_TRUE(shell::isHashedPassword(storedPassword(u"O'Neil"_s)));
+    EXPECT_EQ(count(u"tblUser"_s, u"UserName = 'O''Neil' and EmployeeID = '17' and EqAdd is Null "
+                                  "and InvPartHistory is Null"_s),
               1);
-    clsUser_Manager().SaveRecord({u"o'NEIL"_s, u"x"_s, {}}, Mode::Add, result);
-    EXPECT_FALSE(result);
-    EXPECT_EQ(session.errors.size(), 1u);
+    EXPECT_FALSE(save({u"o'NEIL"_s, u"x"_s, {}}, Mode::Add));
+    EXPECT_NE(errors.takeOne().ErrNumber, 0);
 }
 
-TEST(clsUser_Manager, ModifyKeepsAnUnchangedHashRenamesAndHashesTheRest)
+TEST_F(Accounts, ModifyKeepsAnUnchangedHashRenamesAndHashesTheRest)
 {
-    ShellSession session;
-    bool result = false;
-    const clsUser_Manager manager;
-    ShellSession::addUser(u"Bob"_s, u"Secret"_s);
-    ShellSession::addUser(u"Ann"_s, u"Other"_s);
+    addUser(u"Bob"_s, u"Secret"_s);
+    addUser(u"Ann"_s, u"Other"_s);
     // A clear password is hashed when its row is written.
-    manager.SaveRecord({u"Bob"_s, u"Secret"_s, u"3"_s}, Mode::Modify, result);
-    ASSERT_TRUE(result);
-    const QString hash = ShellSession::storedPassword(u"Bob"_s);
+    ASSERT_TRUE(save({u"Bob"_s, u"Secret"_s, u"3"_s}, Mode::Modify));
+    const QString hash = storedPassword(u"Bob"_s);
     EXPECT_TRUE(shell::passwordMatches(hash, u"secret"_s));
-
-    manager.SaveRecord({u"Robert"_s, hash, u"4"_s}, Mode::Modify, result, u"Bob"_s);
-    ASSERT_TRUE(result);
-    EXPECT_EQ(ShellSession::storedPassword(u"Robert"_s), hash);
-    EXPECT_EQ(ShellSession::count(u"tblUser"_s, u"UserName = 'Bob'"_s), 0);
-    EXPECT_TRUE(session.errors.empty());
-
+    ASSERT_TRUE(save({u"Robert"_s, hash, u"4"_s}, Mode::Modify, u"Bob"_s));
+    EXPECT_EQ(storedPassword(u"Robert"_s), hash);
+    EXPECT_EQ(count(u"tblUser"_s, u"UserName = 'Bob'"_s), 0);
     // Another user's name is refused by the key, a deleted row by a word.
-    manager.SaveRecord({u"ann"_s, hash, {}}, Mode::Modify, result, u"Robert"_s);
-    EXPECT_FALSE(result);
-    manager.SaveRecord({u"Gone"_s, u"x"_s, {}}, Mode::Modify, result);
-    EXPECT_FALSE(result);
-    EXPECT_EQ(session.errors.size(), 2u);
-    EXPECT_TRUE(shell::passwordMatches(ShellSession::storedPassword(u"Ann"_s), u"other"_s));
+    EXPECT_FALSE(save({u"ann"_s, hash, {}}, Mode::Modify, u"Robert"_s));
+    EXPECT_FALSE(save({u"Gone"_s, u"x"_s, {}}, Mode::Modify));
+    EXPECT_EQ(errors.take().size(), 2u);
+    EXPECT_TRUE(shell::passwordMatches(storedPassword(u"Ann"_s), u"other"_s));
 }
 
-TEST(clsUser_Manager, ListsAllButTheBuiltInUserAndDeletes)
+TEST_F(Accounts, AreListedButForTheBuiltInOneAndDeleted)
 {
-    ShellSession session;
-    bool result = false;
-    ShellSession::addUser(u"Bob"_s, u"Secret"_s);
+    addUser(u"Bob"_s, u"Secret"_s);
     ASSERT_EQ(clsUser_Manager().Users().RecordCount(), 1);
     EXPECT_TRUE(clsUser_Manager().IsUserExist(u"ADMIN"_s));
-    clsUser_Manager().DeleteRecord(u"bob"_s, result);
-    EXPECT_TRUE(result);
+    EXPECT_TRUE(remove(u"bob"_s));
     EXPECT_TRUE(clsUser_Manager().Users().isEmpty());
-
     gcnData->Execute(u"drop table tblUser"_s);
-    clsUser_Manager().DeleteRecord(u"bob"_s, result);
-    EXPECT_FALSE(result);
-    EXPECT_TRUE(session.errors.empty()) << "the screen's message stands in for the report";
+    EXPECT_FALSE(remove(u"bob"_s)) << "the screen's message stands in for a report";
 }
 
-TEST(CleanUpParts, RemovesTheRowsWithoutAPart)
+TEST_F(Accounts, CleaningUpRemovesTheRowsWithoutAPart)
 {
-    ShellSession session;
-    gcnData->Execute(u"insert into tblPart(PartID) values('')"_s);
-    gcnData->Execute(u"insert into tblPart(PartID) values('A1')"_s);
-    gcnData->Execute(u"insert into tblEquipmentPart(EquipmentID) values(1)"_s);
-    gcnData->Execute(u"insert into tblEquipmentPart(EquipmentID,PartID) values(1,'A1')"_s);
+    for (const QVariant &part : {QVariant(u""_s), QVariant(u"A1"_s)})
+        insert(u"tblPart"_s, {{u"PartID"_s, part}});
+    for (const QVariant &part : {QVariant(), QVariant(u"A1"_s)})
+        insert(u"tblEquipmentPart"_s, {{u"EquipmentID"_s, 1}, {u"PartID"_s, part}});
     EXPECT_TRUE(CleanUpParts());
-    EXPECT_EQ(ShellSession::count(u"tblPart"_s, u"1 = 1"_s), 1);
-    EXPECT_EQ(ShellSession::count(u"tblEquipmentPart"_s, u"1 = 1"_s), 1);
-    EXPECT_TRUE(session.errors.empty());
+    EXPECT_EQ(count(u"tblPart"_s), 1);
+    EXPECT_EQ(count(u"tblEquipmentPart"_s), 1);
 }

@@ -8,13 +8,18 @@
 
 namespace test {
 
+/// What is told to those who may not do something, and who may not see a report.
+inline const QString NoRights = QStringLiteral(
+    "You do not have sufficient rights to this action. Please see your system administrator");
+inline const QString NoReport = QStringLiteral(
+    "You do not have sufficient rights to see this report. Please see your system administrator");
+
 /// Prompts that answer from a script and keep what was shown. A box that nobody expected fails the
 /// test and gets its most harmless answer, so that nothing hangs; so does, at the end, an
 /// expectation that was never asked. Boxes are expected in their order.
 ///
 ///     test::ScriptedPrompts prompts;
-///     prompts.expect("Are you sure you want to Delete this record?", Icon::Question,
-///                    Buttons::YesNo, Answer::Yes);
+///     prompts.yes("Are you sure you want to Delete this record?");
 class ScriptedPrompts final : public base::Prompts
 {
 public:
@@ -24,6 +29,13 @@ public:
     /// Expects a message with exactly this text, icon and buttons, and gives the answer.
     void expect(const QString &text, Icon icon, Buttons buttons = Buttons::Ok,
                 Answer answer = Answer::Ok);
+    /// The same with Ok, for a message without an icon, a piece of information and an error.
+    void say(const QString &text) { expect(text, Icon::None); }
+    void inform(const QString &text) { expect(text, Icon::Information); }
+    void warn(const QString &text) { expect(text, Icon::Critical); }
+    /// Expects a question with Yes and No, and answers it.
+    void yes(const QString &text) { expect(text, Icon::Question, Buttons::YesNo, Answer::Yes); }
+    void no(const QString &text) { expect(text, Icon::Question, Buttons::YesNo, Answer::No); }
     /// Expects an input box and answers it; nothing stands for Cancel.
     void expectInput(const QString &text, std::optional<QString> answer);
     /// Expects a file or folder chooser with this title.

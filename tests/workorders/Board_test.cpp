@@ -6,9 +6,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class Board : public test::Workshop
+struct Board : test::Workshop
 {
-protected:
     static QString shown()
     {
         QStringList lines;

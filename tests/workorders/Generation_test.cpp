@@ -1,6 +1,5 @@
 #include "workorders/Generation.h"
 
-#include "platform/base/Error.h"
 #include "workorders/DueList.h"
 #include "workorders/Workshop.h"
 
@@ -10,9 +9,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class GenerateWorkorder : public test::Workshop
+struct GenerateWorkorder : test::Workshop
 {
-protected:
     [[nodiscard]] bool generate(const QList<qint64> &machines = {1})
     {
         return generation::GenerateWorkorder(filter, machines, made);
@@ -182,14 +180,6 @@ TEST_F(GenerateWorkorder, FromAMachinesRowInactiveServicesComeAlong)
     service({{u"Name"_s, u"inactive"_s}, {u"Inactive"_s, 1}});
     ASSERT_TRUE(generation::generateForRow(filter, 1, made));
     EXPECT_EQ(orders(), QSet<QString>{u"a+inactive"_s});
-}
-
-TEST_F(GenerateWorkorder, AWrongCrewFilterIsReported)
-{
-    service();
-    filter.crewRange = u"-5"_s;
-    EXPECT_FALSE(generate());
-    EXPECT_EQ(errors.take().size(), 1u);
 }
 
 TEST_F(GenerateWorkorder, DeletingTheOrderMakesItsServicesDueAgain)

@@ -1,10 +1,10 @@
 #include "workorders/Posting.h"
 
 #include "scheduling/Readings.h"
+#include "workorders/OrderNames.h"
 #include "workorders/Workshop.h"
 
 using namespace Qt::StringLiterals;
-using Icon = base::Prompts::Icon;
 
 namespace {
 
@@ -13,9 +13,8 @@ const QString OlderThanCompletion =
     "rather then on the completed date and the new date is already older then\n"
     "the completed date."_s;
 
-class PostWorkOrder : public test::Workshop
+struct PostWorkOrder : test::Workshop
 {
-protected:
     ~PostWorkOrder() override { posting::setDateConfirmation({}); }
 
     /// An order that is complete as of March 12.
@@ -208,16 +207,13 @@ TEST_F(PostWorkOrder, HoldsBackWhatWaitsForACountAndPostsTheOthers)
     const qint64 elsewhere = completeOrder();
     const qint64 opened = order();
     QList<qint64> orders{skipped, 4711, opened, ready, counted};
-    prompts.expect(u"Following Work Orders (%1, %2) aren't posted. Enter counts for these Work "
-                   "Orders."_s.arg(counted)
-                       .arg(skipped),
-                   Icon::None);
-    prompts.expect(
-        u"Following Work Orders (%1) aren't posted. They are complete no longer."_s.arg(opened),
-        Icon::None);
-    prompts.expect(u"Following Work Orders (4711) aren't posted. Another workstation has posted or "
-                   "deleted them."_s,
-                   Icon::None);
+    prompts.say(u"Following Work Orders (%1, %2) aren't posted. Enter counts for these Work "
+                "Orders."_s.arg(counted)
+                    .arg(skipped));
+    prompts.say(
+        u"Following Work Orders (%1) aren't posted. They are complete no longer."_s.arg(opened));
+    prompts.say(u"Following Work Orders (4711) aren't posted. Another workstation has posted or "
+                "deleted them."_s);
     ASSERT_TRUE(posting::PostWorkOrder(orders));
     EXPECT_EQ(orders, QList<qint64>{ready});
     EXPECT_EQ(count(u"tblWOServiceUsedHistory"_s), 1);
@@ -246,10 +242,11 @@ TEST_F(PostWorkOrder, EveryCountPeriodAsksForItsCountAndTenOrdersAreNamed)
             held.append(QString::number(orders.first()));
     }
     ASSERT_EQ(held.size(), 12);
-    prompts.expect(u"Following Work Orders (%1 and 2 more) aren't posted. Enter counts for these "
-                   "Work Orders."_s.arg(held.first(10).join(u", "_s)),
-                   Icon::None);
+    prompts.say(u"Following Work Orders (%1 and 2 more) aren't posted. Enter counts for these "
+                "Work Orders."_s.arg(held.first(10).join(u", "_s)));
     ASSERT_TRUE(post(orders));
+    EXPECT_EQ(ordernames::listed({1, 2, 3, 4, 5, 6, 7, 8, 9, 10}),
+              u"1, 2, 3, 4, 5, 6, 7, 8, 9, 10"_s);
     EXPECT_EQ(count(u"tblWorkorder"_s, u"Complete = -1"_s), 12);
     EXPECT_EQ(count(u"tblWOServiceUsedHistory"_s), 4);
 }
@@ -390,9 +387,8 @@ TEST_F(PostWorkOrder, WithNothingToPostNoMarkIsLost)
     const qint64 counted = completeOrderOf(0, {{u"Period"_s, u"H"_s}});
     const qint64 elsewhere = completeOrder();
     QList<qint64> orders{counted};
-    prompts.expect(u"Following Work Orders (%1) aren't posted. Enter counts for these Work "
-                   "Orders."_s.arg(counted),
-                   Icon::None);
+    prompts.say(u"Following Work Orders (%1) aren't posted. Enter counts for these Work "
+                "Orders."_s.arg(counted));
     ASSERT_TRUE(posting::PostWorkOrder(orders));
     EXPECT_TRUE(orders.isEmpty());
     EXPECT_EQ(count(u"tblWorkorder"_s, u"Complete = -1"_s), 2);
@@ -426,7 +422,7 @@ TEST_F(PostWorkOrder, AsksForTheDateWhenTheNextOneIsOlderThanTheCompletion)
         asked.append({completed, serviceUsedID});
         return day(4, 20);
     });
-    prompts.expect(OlderThanCompletion, Icon::None);
+    prompts.say(OlderThanCompletion);
     ASSERT_TRUE(post({completeOrderOf(id, {{u"NextScheduledDate"_s, december}})}));
     EXPECT_EQ(asked, (QList<QPair<QDateTime, qint64>>{{day(3, 12), id}}));
     EXPECT_EQ(ofService(id, u"NextScheduledDate"_s), QVariant(day(4, 20)));
@@ -435,7 +431,7 @@ TEST_F(PostWorkOrder, AsksForTheDateWhenTheNextOneIsOlderThanTheCompletion)
     // Without a window to ask in, the completion is counted from.
     posting::setDateConfirmation({});
     const qint64 second = service(monthly);
-    prompts.expect(OlderThanCompletion, Icon::None);
+    prompts.say(OlderThanCompletion);
     ASSERT_TRUE(post({completeOrderOf(second, {{u"NextScheduledDate"_s, december}})}));
     EXPECT_EQ(ofService(second, u"NextScheduledDate"_s), QVariant(day(4, 12)));
 }

@@ -1,7 +1,6 @@
 #include "workorders/Recording.h"
 
 #include "core/InTheWay.h"
-#include "core/Options.h"
 #include "core/RecordStore.h"
 #include "workorders/Workshop.h"
 
@@ -12,9 +11,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// An order with three services, the third skipped, each with a part.
-class Recording : public test::Workshop
+struct Recording : test::Workshop
 {
-protected:
     Recording()
         : number(order())
     {
@@ -94,6 +92,7 @@ TEST_F(Recording, CompletedAndSkippedExcludeEachOther)
     EXPECT_EQ(state(services[2]), u"-S-"_s);
     EXPECT_EQ(note(services[2]), u"No time; \"Jim's\" turn"_s);
     EXPECT_TRUE(recording::IsServiceSkiped(services[2]));
+    EXPECT_FALSE(recording::IsServiceSkiped(services[0]) || recording::IsServiceSkiped(4711));
     ASSERT_TRUE(recording::UpdateWorkorderServiceComplete(services[0], true));
     ASSERT_TRUE(recording::UpdateWorkorderServiceComplete(services[0], false));
     EXPECT_EQ(states(), (QStringList{u"---"_s, u"---"_s, u"-S-"_s}));
@@ -151,14 +150,9 @@ TEST_F(Recording, PartsAreAddedChangedAndRemoved)
 
 TEST_F(Recording, AServiceAddedFromTheCatalogueHasNoScheduleAndComesOnce)
 {
-    insert(u"tblServices"_s, {{u"ServiceID"_s, 7},
-                              {u"Name"_s, u"Wash"_s},
-                              {u"CrewID"_s, crew2},
-                              {u"Period"_s, u"H"_s},
-                              {u"LaborEstimate"_s, 2},
-                              {u"JobNo"_s, 9}});
-    insert(u"tblServicesPart"_s,
-           {{u"ServiceID"_s, 7}, {u"PartID"_s, u"P9"_s}, {u"QuantityRequired"_s, 3}});
+    insert(u"tblServices"_s, u"ServiceID, Name, CrewID, Period, LaborEstimate, JobNo"_s,
+           {7, u"Wash"_s, crew2, u"H"_s, 2, 9});
+    insert(u"tblServicesPart"_s, u"ServiceID, PartID, QuantityRequired"_s, {7, u"P9"_s, 3});
     using recording::ServiceSource;
     ASSERT_TRUE(
         recording::AddServiceRecord({7, 7, 4711}, number, 1, ServiceSource::Catalogue, true));
@@ -200,16 +194,18 @@ TEST_F(Recording, RemovingAServiceTakesItsPartsAndLeavesTheOrder)
 
 TEST_F(Recording, UnscheduledOrdersComeAllOrNone)
 {
-    ASSERT_TRUE(recording::addUnscheduled({1, 1}));
+    EXPECT_EQ(recording::addUnscheduled({1, 1}), 3) << "the first of them, behind the two";
     EXPECT_EQ(count(u"tblWorkorder"_s), 4);
     int running = 0;
     gcnData->setObserver([&](const db::Sent &) {
-        if (++running == 2)
+        if (++running >= 2)
             throw base::Error(5, u"broken"_s);
     });
-    EXPECT_FALSE(recording::addUnscheduled({1, 1}));
+    EXPECT_EQ(recording::addUnscheduled({1, 1}), 0);
+    EXPECT_FALSE(recording::IsServiceSkiped(services[2]));
+    EXPECT_FALSE(recording::ISWorkOrderLate(number, QDate(2025, 1, 1)));
     gcnData->setObserver({});
-    EXPECT_EQ(errors.take().size(), 1u);
+    EXPECT_EQ(errors.take().size(), 3u);
     EXPECT_EQ(count(u"tblWorkorder"_s), 4);
 }
 

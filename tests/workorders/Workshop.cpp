@@ -12,11 +12,8 @@ Workshop::Workshop()
         insert(u"tblCrew"_s, {{u"CrewNumber"_s, 1}, {u"Description"_s, u"North"_s}}, u"CrewID"_s);
     crew2 =
         insert(u"tblCrew"_s, {{u"CrewNumber"_s, 2}, {u"Description"_s, u"South"_s}}, u"CrewID"_s);
-    insert(u"tblEmployee"_s, {{u"EmployeeID"_s, u"E1"_s},
-                              {u"Crew"_s, crew1},
-                              {u"LaborCost"_s, 20},
-                              {u"Inactive"_s, 0},
-                              {u"IncludeWoList"_s, 1}});
+    insert(u"tblEmployee"_s, u"EmployeeID, Crew, LaborCost, Inactive, IncludeWoList"_s,
+           {u"E1"_s, crew1, 20, 0, 1});
     machine(1, u"M1"_s);
 }
 
@@ -46,18 +43,14 @@ qint64 Workshop::service(const QVariantMap &more) const
 
 void Workshop::part(const QString &id, double quantity, bool notTracked)
 {
-    insert(u"tblPart"_s, {{u"PartID"_s, id},
-                          {u"Description"_s, u"Part "_s + id},
-                          {u"Quantity"_s, quantity},
-                          {u"TrackInventory"_s, notTracked}});
+    insert(u"tblPart"_s, u"PartID, Description, Quantity, TrackInventory"_s,
+           {id, u"Part "_s + id, quantity, notTracked});
 }
 
 void Workshop::servicePart(qint64 serviceUsedID, const QString &part, double quantity)
 {
-    insert(u"tblServiceUsedPart"_s, {{u"ServiceUsedID"_s, serviceUsedID},
-                                     {u"PartID"_s, part},
-                                     {u"QuantityRequired"_s, quantity},
-                                     {u"Price"_s, 2.5}});
+    insert(u"tblServiceUsedPart"_s, u"ServiceUsedID, PartID, QuantityRequired, Price"_s,
+           {serviceUsedID, part, quantity, 2.5});
 }
 
 qint64 Workshop::order(const QVariantMap &more)
@@ -78,12 +71,9 @@ qint64 Workshop::orderService(qint64 order, const QVariantMap &more) const
 
 void Workshop::orderPart(qint64 nServiceUsedID, const QString &part, double quantity, bool used)
 {
-    insert(u"tblWoPartUsed"_s, {{u"ServiceUsedID"_s, nServiceUsedID},
-                                {u"PartID"_s, part},
-                                {u"QuantityRequired"_s, quantity},
-                                {u"QuantityUsed"_s, quantity},
-                                {u"Price"_s, 2.5},
-                                {u"Used"_s, used}});
+    insert(u"tblWoPartUsed"_s,
+           u"ServiceUsedID, PartID, QuantityRequired, QuantityUsed, Price, Used"_s,
+           {nServiceUsedID, part, quantity, quantity, 2.5, used});
 }
 
 int Workshop::failAtEachStatement(const std::function<bool()> &step)

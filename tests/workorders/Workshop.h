@@ -9,9 +9,8 @@ namespace test {
 
 /// A company with two crews and a few helpers that put machines, services, parts and orders into
 /// it. Today is March 15, 2024.
-class Workshop : public CompanySession
+struct Workshop : CompanySession
 {
-protected:
     Workshop();
 
     static QDateTime day(int month, int date) { return base::wallClock({2024, month, date}); }

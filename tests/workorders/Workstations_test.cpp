@@ -11,7 +11,6 @@
 
 #include <array>
 #include <gmock/gmock.h>
-#include <memory>
 #include <random>
 
 using namespace Qt::StringLiterals;
@@ -20,9 +19,8 @@ namespace {
 
 /// Two workstations at one file, in one process: the second steps in between two statements of the
 /// first, with a connection of its own in gcnData's place.
-class Workstations : public test::Workshop
+struct Workstations : test::Workshop
 {
-protected:
     Workstations()
         : m_second(database.open())
     {}

@@ -4,43 +4,14 @@
 #include "core/Session.h"
 #include "core/ui/ScreenDriver.h"
 #include "platform/base/Format.h"
-#include "platform/base/Prompts.h"
 #include "platform/input/CurrencyInput.h"
 #include "platform/input/DateInput.h"
 #include "platform/input/PhoneInput.h"
+#include "support/PatientUser.h"
 
 #include <QAbstractSpinBox>
-#include <QCheckBox>
 
 namespace test {
-
-/// Answers Yes to whatever is asked, so that a screen goes on.
-class AgreeingPrompts final : public base::Prompts
-{
-public:
-    AgreeingPrompts()
-        : m_scope(*this)
-    {}
-    Answer show(const Message &message) override
-    {
-        return message.buttons == Buttons::YesNo || message.buttons == Buttons::YesNoCancel
-                   ? Answer::Yes
-                   : Answer::Ok;
-    }
-    std::optional<QString> input(const QString &, const QString &, const QString &) override
-    {
-        return std::nullopt;
-    }
-    QString chooseFolder(const QString &) override { return {}; }
-    QString chooseFile(const QString &, const QStringList &) override { return {}; }
-    QString chooseSaveFile(const QString &, const QStringList &, const QString &) override
-    {
-        return {};
-    }
-
-private:
-    base::ScopedPrompts m_scope;
-};
 
 /// The boxes, lists and ticks of a screen that its user may change.
 inline QList<QWidget *> fieldsOf(const QWidget &screen)
@@ -111,7 +82,7 @@ inline void expectEveryFieldIsSaved(const ScreenDriver &screen, const QString &t
             values.insert(column.toString(), base::toText(rows.row(0)[column]));
         return values;
     };
-    const AgreeingPrompts agreeing;
+    const PatientUser agreeing;
     const QMap<QString, QString> before = row();
     QMap<QString, QString> left;
     for (QWidget *field : fieldsOf(screen.screen())) {

@@ -1,14 +1,29 @@
 #pragma once
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
 #include <functional>
 #include <gtest/gtest.h>
 
 namespace test {
+
+/// Shows a window and waits until keys reach it.
+inline void bringUp(QWidget &window)
+{
+    window.show();
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+}
 
 /// Runs an action on the next modal window, once it is shown; a window that is still open after it
 /// is closed and fails the test, so that nothing hangs.

@@ -2,15 +2,12 @@
 
 #include "core/CompanySession.h"
 #include "core/RecordStore.h"
-#include "core/RowTests.h"
 #include "core/ui/Binding.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/ScreenDriver.h"
 #include "platform/input/FormBuilder.h"
-#include "support/ScriptedPrompts.h"
 
 #include <QHeaderView>
-#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 using test::ScreenDriver;
@@ -105,9 +102,8 @@ private:
     Binding<SampleCrew> m_fields{Fields};
 };
 
-class RecordScreens : public test::CompanySession
+struct RecordScreens : test::CompanySession
 {
-protected:
     RecordScreens() { gRights.PaAdd = gRights.PaMod = gRights.PaDel = true; }
     ~RecordScreens() override { gRights = {}; }
 
@@ -123,7 +119,7 @@ protected:
         frmSample sample;
         sample.word = word;
         QString shownLast;
-        test::inScreen([&] { shownLast = sample.showRecord(mode, key); }, std::move(act));
+        test::inRecords([&] { shownLast = sample.showRecord(mode, key); }, std::move(act));
         return shownLast;
     }
     static std::string buttons(const ScreenDriver &screen)
@@ -154,7 +150,7 @@ protected:
 TEST_F(RecordScreens, MovesThroughTheRowsAndStopsAtTheEnds)
 {
     addCrews({1, 2, 3});
-    const QString last = work(Mode::Browse, m_keys[1], [](const ScreenDriver &screen) {
+    const QString last = work(Mode::Browse, m_keys[1], [](ScreenDriver screen) {
         EXPECT_EQ(screen.text("txtNumber"), u"2"_s);
         EXPECT_EQ(moves(screen), "First Previous Next Last ");
         screen.press("cmdNext");
@@ -163,11 +159,10 @@ TEST_F(RecordScreens, MovesThroughTheRowsAndStopsAtTheEnds)
         screen.press("cmdFirst");
         EXPECT_EQ(screen.text("txtNumber"), u"1"_s);
         EXPECT_EQ(moves(screen), "Next Last ");
-        auto &grid = screen.control<grid::GridView>("grdSample");
+        auto &grid = screen.grid("grdSample");
         EXPECT_EQ(grid.currentRow(), 0);
         QTest::keyClick(&grid, Qt::Key_Down);
         EXPECT_EQ(screen.text("txtNumber"), u"2"_s);
-        screen.press("cmdExit");
     });
     EXPECT_EQ(last, m_keys[1].toString());
 }
@@ -175,23 +170,20 @@ TEST_F(RecordScreens, MovesThroughTheRowsAndStopsAtTheEnds)
 TEST_F(RecordScreens, TheListComesBackAsItWasLeft)
 {
     addCrews({1});
-    work(Mode::Browse, {}, [](const ScreenDriver &screen) {
-        auto &grid = screen.control<grid::GridView>("grdSample");
+    work(Mode::Browse, {}, [](ScreenDriver screen) {
+        auto &grid = screen.grid("grdSample");
         EXPECT_FALSE(grid.rows().column(u"CrewID").visible) << "was not asked for";
         grid.header()->resizeSection(grid.rows().columnIndex(u"Description"), 222);
-        screen.press("cmdExit");
     });
-    work(Mode::Browse, {}, [](const ScreenDriver &screen) {
-        EXPECT_EQ(screen.control<grid::GridView>("grdSample").rows().column(u"Description").width,
-                  222);
-        screen.press("cmdExit");
+    work(Mode::Browse, {}, [](ScreenDriver screen) {
+        EXPECT_EQ(screen.grid("grdSample").rows().column(u"Description").width, 222);
     });
 }
 
 TEST_F(RecordScreens, TheFirstEditSwapsTheButtonsAndCancelSwapsThemBack)
 {
     addCrews({1, 2});
-    work(Mode::Browse, 4711, [](const ScreenDriver &screen) {
+    work(Mode::Browse, 4711, [](ScreenDriver screen) {
         EXPECT_EQ(screen.text("txtNumber"), u"1"_s) << "the first, for a key that is not there";
         EXPECT_EQ(buttons(screen), "Add Delete Find Exit ");
         screen.screen().resize(screen.screen().minimumSizeHint());
@@ -214,10 +206,10 @@ TEST_F(RecordScreens, TheFirstEditSwapsTheButtonsAndCancelSwapsThemBack)
 TEST_F(RecordScreens, ASavedRowIsShownAndAFailedCheckKeepsTheMode)
 {
     addCrews({1, 3});
-    work(Mode::Add, {}, [this](const ScreenDriver &screen) {
+    work(Mode::Add, {}, [this](ScreenDriver screen) {
         EXPECT_EQ(screen.text("txtDescription"), QString());
         EXPECT_EQ(screen.focused(), "txtNumber");
-        prompts.expect(u"Number should not be blank."_s, Icon::Information);
+        prompts.inform(u"Number should not be blank."_s);
         screen.press("cmdUpdate");
         EXPECT_EQ(buttons(screen), "Update Cancel ");
         EXPECT_EQ(screen.focused(), "txtNumber");
@@ -225,14 +217,13 @@ TEST_F(RecordScreens, ASavedRowIsShownAndAFailedCheckKeepsTheMode)
         screen.press("cmdUpdate");
         EXPECT_EQ(buttons(screen), "Add Delete Find Exit ");
         EXPECT_EQ(screen.text("txtNumber"), u"2"_s);
-        EXPECT_EQ(screen.control<grid::GridView>("grdSample").currentRow(), 1);
-        screen.press("cmdExit");
+        EXPECT_EQ(screen.grid("grdSample").currentRow(), 1);
     });
 }
 
 TEST_F(RecordScreens, WithoutRowsOnlyAddAndReturnAreLeft)
 {
-    work(Mode::Browse, {}, [](const ScreenDriver &screen) {
+    work(Mode::Browse, {}, [](ScreenDriver screen) {
         EXPECT_EQ(buttons(screen), "Add -Delete -Find Exit ");
         EXPECT_EQ(moves(screen), "");
         EXPECT_TRUE(screen.control<QLineEdit>("txtNumber").isReadOnly());
@@ -240,7 +231,6 @@ TEST_F(RecordScreens, WithoutRowsOnlyAddAndReturnAreLeft)
         EXPECT_FALSE(screen.control<QLineEdit>("txtNumber").isReadOnly());
         screen.press("cmdCancel");
         EXPECT_EQ(buttons(screen), "Add -Delete -Find Exit ");
-        screen.press("cmdExit");
     });
 }
 
@@ -248,17 +238,14 @@ TEST_F(RecordScreens, RightsRefuseAddAndDeleteAndLockTheFields)
 {
     gRights = {};
     addCrews({1});
-    const QString refusal = u"You do not have sufficient rights to this action. Please see your "
-                            "system administrator"_s;
-    prompts.expect(refusal, Icon::Information);
-    work(Mode::Add, {}, [&](const ScreenDriver &screen) {
+    prompts.inform(test::NoRights);
+    work(Mode::Add, {}, [&](ScreenDriver screen) {
         EXPECT_EQ(buttons(screen), "Add Delete Find Exit ");
         EXPECT_TRUE(screen.control<QLineEdit>("txtNumber").isReadOnly());
         QTest::keyClicks(&screen.control("txtNumber"), u"9"_s);
         EXPECT_EQ(screen.text("txtNumber"), u"1"_s);
-        prompts.expect(refusal, Icon::Information);
+        prompts.inform(test::NoRights);
         screen.press("cmdDelete");
-        screen.press("cmdExit");
     });
     EXPECT_EQ(GetRecordCount(u"tblCrew"_s, {}), 1);
 }
@@ -267,24 +254,22 @@ TEST_F(RecordScreens, DeletionAsksThenTellsWhatUsesTheRecord)
 {
     addCrews({1, 2});
     const QString question = u"Are you sure you want to Delete this record?"_s;
-    work(Mode::Browse, m_keys[1], [&](const ScreenDriver &screen) {
-        prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::No);
+    work(Mode::Browse, m_keys[1], [&](ScreenDriver screen) {
+        prompts.no(question);
         screen.press("cmdDelete");
         static_cast<frmSample &>(screen.screen()).word = u"Services"_s;
-        prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
-        prompts.expect(u"Deletion not allowed. Record is being used in Services."_s,
-                       Icon::Information);
+        prompts.yes(question);
+        prompts.inform(u"Deletion not allowed. Record is being used in Services."_s);
         screen.press("cmdDelete");
         EXPECT_EQ(GetRecordCount(u"tblCrew"_s, {}), 2);
         static_cast<frmSample &>(screen.screen()).word.clear();
-        prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+        prompts.yes(question);
         screen.press("cmdDelete");
         EXPECT_EQ(screen.text("txtNumber"), u"1"_s);
-        prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+        prompts.yes(question);
         screen.press("cmdDelete");
         EXPECT_EQ(screen.text("txtNumber"), QString());
         EXPECT_EQ(buttons(screen), "Add -Delete -Find Exit ");
-        screen.press("cmdExit");
     });
 }
 
@@ -293,20 +278,19 @@ TEST_F(RecordScreens, AMassChangeIsAskedForOnlyWhenTheNameOfAUsedRecordChanges)
     addCrews({1});
     word = u"Employee"_s;
     const QString question = u"This will change 1 for all your Employee. Do you want to do this?"_s;
-    work(Mode::Browse, {}, [&](const ScreenDriver &screen) {
+    work(Mode::Browse, {}, [&](ScreenDriver screen) {
         screen.type("txtDescription", u"Other"_s);
         screen.press("cmdUpdate"); // the number is the same
         screen.type("txtNumber", u"5"_s);
-        prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::No);
+        prompts.no(question);
         screen.press("cmdUpdate");
         EXPECT_EQ(screen.text("txtNumber"), u"1"_s);
         EXPECT_EQ(screen.focused(), "txtNumber");
         EXPECT_EQ(buttons(screen), "Update Cancel ");
         screen.type("txtNumber", u"5"_s);
-        prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+        prompts.yes(question);
         screen.press("cmdUpdate");
         EXPECT_EQ(buttons(screen), "Add Delete Find Exit ");
-        screen.press("cmdExit");
     });
     EXPECT_EQ(GetRecordCount(u"tblCrew"_s, u"CrewNumber = 5"_s), 1);
 }
@@ -325,7 +309,7 @@ TEST_F(RecordScreens, WhatAnotherWorkstationChangedIsToldAndTheUserChooses)
                        Icon::Question, Buttons::YesNoCancel, answer);
     };
     const auto stored = [] { return value(u"Select Description from tblCrew"_s).toString(); };
-    work(Mode::Browse, {}, [&](const ScreenDriver &screen) {
+    work(Mode::Browse, {}, [&](ScreenDriver screen) {
         screen.type("txtDescription", u"mine"_s);
         describe(u"theirs"_s);
         expectQuestion(u"mine"_s, u"theirs"_s, Answer::Cancel);
@@ -353,24 +337,6 @@ TEST_F(RecordScreens, WhatAnotherWorkstationChangedIsToldAndTheUserChooses)
         screen.press("cmdUpdate");
         EXPECT_EQ(stored(), u"beside"_s) << "a field that was not changed is left to the other";
         EXPECT_EQ(screen.text("txtDescription"), u"beside"_s);
-        screen.press("cmdExit");
-    });
-}
-
-TEST_F(RecordScreens, ACancelAfterAConflictShowsTheRowAsItIsNow)
-{
-    addCrews({1});
-    work(Mode::Browse, {}, [&](const ScreenDriver &screen) {
-        screen.type("txtDescription", u"mine"_s);
-        database.open()->Execute(u"Update tblCrew set Description = 'theirs'"_s);
-        prompts.expect(u"Another workstation has changed the crew \"1\" meanwhile.\n\nDescription: "
-                       "yours \"mine\", theirs \"theirs\"\n\nDo you want to store your values? No "
-                       "shows theirs, and nothing is stored yet."_s,
-                       Icon::Question, Buttons::YesNoCancel, Answer::Cancel);
-        screen.press("cmdUpdate");
-        screen.press("cmdCancel");
-        EXPECT_EQ(screen.text("txtDescription"), u"theirs"_s);
-        screen.press("cmdExit");
     });
 }
 
@@ -381,38 +347,36 @@ TEST_F(RecordScreens, ARowThatIsGoneCanBeAddedAgainAndAHeldOneIsLeft)
                          "number. What you typed is still here. Do you want to add it as a new "
                          "record?"_s;
     const std::unique_ptr<db::Connection> other = database.open();
-    work(Mode::Browse, {}, [&](const ScreenDriver &screen) {
+    work(Mode::Browse, {}, [&](ScreenDriver screen) {
         screen.type("txtDescription", u"mine"_s);
         other->BeginTrans();
         other->Execute(u"Update tblCrew set Description = 'held'"_s);
         const QString busy =
             u"Another workstation is changing the crew \"1\". Please try again in a moment."_s;
-        prompts.expect(busy, Icon::None);
+        prompts.say(busy);
         screen.press("cmdUpdate");
         // What a step of the save has named is told as it stands.
         auto &sample = static_cast<frmSample &>(screen.screen());
         sample.nearer = u"Another workstation is counting part \"P-1\"."_s;
-        prompts.expect(sample.nearer, Icon::None);
+        prompts.say(sample.nearer);
         screen.press("cmdUpdate");
         sample.nearer.clear();
         screen.press("cmdCancel");
-        prompts.expect(u"Are you sure you want to Delete this record?"_s, Icon::Question,
-                       Buttons::YesNo, Answer::Yes);
-        prompts.expect(busy, Icon::None);
+        prompts.yes(u"Are you sure you want to Delete this record?"_s);
+        prompts.say(busy);
         screen.press("cmdDelete");
         EXPECT_EQ(count(u"tblCrew"_s), 2);
         screen.type("txtDescription", u"mine"_s);
         other->RollbackTrans();
 
         other->Execute(u"Delete from tblCrew where CrewNumber = 1"_s);
-        prompts.expect(gone, Icon::Question, Buttons::YesNo, Answer::No);
+        prompts.no(gone);
         screen.press("cmdUpdate");
         EXPECT_EQ(screen.text("txtDescription"), u"mine"_s);
         EXPECT_EQ(count(u"tblCrew"_s), 1);
-        prompts.expect(gone, Icon::Question, Buttons::YesNo, Answer::Yes);
+        prompts.yes(gone);
         screen.press("cmdUpdate");
         EXPECT_EQ(screen.text("txtDescription"), u"mine"_s);
         EXPECT_EQ(count(u"tblCrew"_s, u"CrewNumber = 1 and Description = 'mine'"_s), 1);
-        screen.press("cmdExit");
     });
 }

@@ -1,11 +1,7 @@
 #pragma once
 
 #include "core/ui/Modal.h"
-
-#include <QAbstractButton>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QPlainTextEdit>
+#include "platform/grid/GridView.h"
 
 namespace test {
 
@@ -23,6 +19,11 @@ public:
     [[nodiscard]] Control &control(const char *name) const
     {
         return named<Control>(m_screen, QString::fromLatin1(name));
+    }
+
+    [[nodiscard]] grid::GridView &grid(const char *name) const
+    {
+        return control<grid::GridView>(name);
     }
 
     /// Clicks a button, which has to be there for the user.
@@ -64,6 +65,8 @@ public:
             return list->currentText().trimmed();
         if (auto *memo = qobject_cast<QPlainTextEdit *>(&box))
             return memo->toPlainText();
+        if (auto *label = qobject_cast<QLabel *>(&box))
+            return label->text();
         return control<QLineEdit>(name).text();
     }
 
@@ -82,11 +85,32 @@ private:
     QWidget &m_screen;
 };
 
+/// A call that opens a screen, to be made later.
+template<class Open, class... Arguments>
+std::function<void()> opening(Open open, Arguments... arguments)
+{
+    return [=] { static_cast<void>(open(arguments...)); };
+}
+
 /// Works the screen that open() shows; open() comes back when the screen is closed.
 inline void inScreen(const std::function<void()> &open, std::function<void(ScreenDriver)> act)
 {
     onNextModal([act = std::move(act)](QWidget &screen) { act(ScreenDriver(screen)); });
     open();
+}
+
+/// The same for a screen of records, which is closed at the end without a save.
+inline void inRecords(const std::function<void()> &open, std::function<void(ScreenDriver)> act)
+{
+    inScreen(open, [act = std::move(act)](ScreenDriver screen) {
+        act(screen);
+        if (!screen.isOpen())
+            return;
+        const auto *cancel = screen.screen().findChild<QWidget *>(QStringLiteral("cmdCancel"));
+        if (cancel && cancel->isVisible())
+            screen.press("cmdCancel");
+        screen.press("cmdExit");
+    });
 }
 
 } // namespace test

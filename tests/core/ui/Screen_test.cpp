@@ -1,12 +1,9 @@
 #include "core/ui/Screen.h"
 
 #include "core/CompanySession.h"
-#include "core/Options.h"
-#include "core/RegistryValues.h"
 #include "core/ui/FormLayout.h"
 #include "core/ui/Modal.h"
 
-#include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QGuiApplication>
@@ -58,9 +55,8 @@ public:
     int unloads = 0;
 };
 
-class Screens : public test::CompanySession
+struct Screens : test::CompanySession
 {
-protected:
     ~Screens() override { setMainFormParts({}); }
 
     static void store(const QString &measure, const QString &twips)
@@ -246,11 +242,4 @@ TEST_F(Screens, AScreenThatKeepsItsSizeOnlyIsCentred)
     form.unload();
     EXPECT_EQ(stored(u"LEFT"_s), u"15"_s);
     EXPECT_EQ(stored(u"TOP"_s), QString());
-}
-
-TEST_F(Screens, AnotherWorkstationHasItsOwnPlaces)
-{
-    store(u"LEFT"_s, u"1500"_s);
-    SetRegistryValue(u"GUID"_s, QString(32, u'F'));
-    EXPECT_EQ(stored(u"LEFT"_s), QString());
 }

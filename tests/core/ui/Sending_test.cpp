@@ -1,53 +1,24 @@
 #include "core/ui/Sending.h"
 
 #include "core/CompanySession.h"
-#include "core/ErrorReport.h"
 #include "core/ErrorStore.h"
 #include "core/MailAccount.h"
-#include "core/Options.h"
-#include "core/RowTests.h"
 #include "core/Secrets.h"
 #include "core/ui/ScreenDriver.h"
 #include "core/ui/Working.h"
+#include "core/ui/frmQV_Log.h"
 #include "core/ui/frmSendEmail.h"
 #include "platform/odbc/Odbc.h"
-#include "support/ScriptedPrompts.h"
+#include "support/Desktop.h"
 #include "support/SmtpServer.h"
-#include "support/TestFiles.h"
 
-#include <QDesktopServices>
-#include <QLabel>
-#include <QPushButton>
 #include <QThread>
-#include <QTimer>
-#include <QUrl>
 
 using namespace Qt::StringLiterals;
-using Icon = base::Prompts::Icon;
+using test::ScreenDriver;
 using test::SmtpServer;
 
 namespace {
-
-/// Receives what would be opened by programs of the system.
-class Desktop : public QObject
-{
-    Q_OBJECT
-
-public:
-    Desktop()
-    {
-        for (const QString &scheme : {u"mailto"_s, u"file"_s})
-            QDesktopServices::setUrlHandler(scheme, this, "open");
-    }
-    ~Desktop() override
-    {
-        for (const QString &scheme : {u"mailto"_s, u"file"_s})
-            QDesktopServices::unsetUrlHandler(scheme);
-    }
-    Q_SLOT void open(const QUrl &url) { opened << url.toString(QUrl::FullyEncoded); }
-
-    QStringList opened;
-};
 
 struct Sending : test::CompanySession
 {
@@ -69,10 +40,11 @@ struct Sending : test::CompanySession
         joinReportTransport();
     }
     /// Reports an error and acts on its form.
-    static void report(const std::function<void(test::ScreenDriver)> &act)
+    static void report(const std::function<void(ScreenDriver)> &act)
     {
         test::inScreen([] { ErrorHandler(u"M"_s, u"P"_s, 13, u"It's a mismatch"_s); }, act);
     }
+    static qint64 storedErrors() { return count(u"tblErrorList"_s); }
     /// Sets up a store of errors of this test's own; its connection string.
     QString setUpStore() const
     {
@@ -101,7 +73,7 @@ struct Sending : test::CompanySession
     }
 
     test::ScriptedPrompts prompts;
-    Desktop desktop;
+    test::Desktop desktop;
 };
 
 } // namespace
@@ -133,17 +105,18 @@ TEST_F(Sending, AReportGoesToTheStoreAndByTheAccount)
     const QString store = setUpStore();
     const SmtpServer server({});
     setUpMail(server);
-    prompts.expect(u"Thank You for reporting this error. This goes directly to our programmers "
-                   u"for diagnosis and repair."_s,
-                   Icon::Information);
-    report([](const test::ScreenDriver &form) { form.press("cmdSend"); });
+    prompts.inform(u"Thank You for reporting this error. This goes directly to our programmers "
+                   u"for diagnosis and repair."_s);
+    report([](ScreenDriver form) { form.press("cmdSend"); });
     EXPECT_EQ(errorstore::reportsIn(store), 1);
     ASSERT_EQ(server.taken().size(), 1);
     EXPECT_EQ(server.taken().first().recipients, QList<QByteArray>{"<help@example.com>"});
     EXPECT_EQ(server.taken().first().header("Subject"), "User---shop@example.com");
+    EXPECT_EQ(server.taken().first().header("From"),
+              "\"Quorvantis--Administrator\" <shop@example.com>");
     // Long lines are broken by "=".
     EXPECT_TRUE(server.taken().first().text.replace("=\r\n", "").contains("It's a mismatch"));
-    EXPECT_EQ(GetRecordCount(u"tblErrorList"_s, {}), 0);
+    EXPECT_EQ(storedErrors(), 0);
 }
 
 TEST_F(Sending, ACancelledReportStaysInItsForm)
@@ -153,18 +126,18 @@ TEST_F(Sending, ACancelledReportStaysInItsForm)
     const SmtpServer server(behaviour);
     setUpMail(server);
     const QString store = setUpStore();
-    report([](const test::ScreenDriver &form) {
+    report([](ScreenDriver form) {
         for (int time = 0; time < 2; ++time) {
             cancelSteps();
             form.press("cmdSend");
             EXPECT_TRUE(form.isOpen());
         }
-        EXPECT_EQ(form.control<QLabel>("lblFailure").text(), u"The report was not sent."_s);
-        EXPECT_EQ(GetRecordCount(u"tblErrorList"_s, {}), 0);
+        EXPECT_EQ(form.text("lblFailure"), u"The report was not sent."_s);
+        EXPECT_EQ(storedErrors(), 0);
         form.press("cmdExit");
     });
     EXPECT_TRUE(desktop.opened.isEmpty());
-    EXPECT_EQ(GetRecordCount(u"tblErrorList"_s, {}), 1);
+    EXPECT_EQ(storedErrors(), 1);
     EXPECT_EQ(errorstore::reportsIn(store), 1) << "a second try fills it no second time";
 }
 
@@ -174,10 +147,16 @@ TEST_F(Sending, AReportThatTheServerRefusesGoesToTheUsersMailProgram)
     behaviour.refusedRecipient = "help@example.com";
     const SmtpServer server(behaviour);
     setUpMail(server);
-    report([](const test::ScreenDriver &form) { form.press("cmdSend"); });
+    report([](ScreenDriver form) {
+        form.type("txtUserMsg", u"50% & more"_s);
+        form.press("cmdSend");
+    });
     ASSERT_EQ(desktop.opened.size(), 1);
-    EXPECT_TRUE(desktop.opened[0].startsWith(u"mailto:help@example.com?Subject=Error%20Report"_s));
-    EXPECT_EQ(GetRecordCount(u"tblErrorList"_s, {}), 1);
+    EXPECT_TRUE(
+        desktop.opened[0].startsWith(u"mailto:help@example.com?Subject=Error%20Report&Body="_s));
+    EXPECT_TRUE(desktop.opened[0].contains(u"%0A%20User%20Msg:-%2050%25%20%26%20more%0A"_s))
+        << desktop.opened[0].toStdString();
+    EXPECT_EQ(storedErrors(), 1);
 }
 
 TEST_F(Sending, APrintedReportGoesByTheAccountOrBesideTheUsersMailProgram)
@@ -194,11 +173,11 @@ TEST_F(Sending, APrintedReportGoesByTheAccountOrBesideTheUsersMailProgram)
     prompts.expectInput(question, std::nullopt);
     mailing::mailDocument(pdf);
     prompts.expectInput(question, u"a@example.com,b@example.com"_s);
-    prompts.expect(u"\"a@example.com,b@example.com\" is not a mail address."_s, Icon::None);
+    prompts.say(u"\"a@example.com,b@example.com\" is not a mail address."_s);
     mailing::mailDocument(pdf);
     EXPECT_TRUE(server.taken().isEmpty());
     prompts.expectInput(question, u"a@example.com; b@example.com"_s);
-    prompts.expect(u"The report was sent to a@example.com; b@example.com."_s, Icon::Information);
+    prompts.inform(u"The report was sent to a@example.com; b@example.com."_s);
     mailing::mailDocument(pdf);
     ASSERT_EQ(server.taken().size(), 1);
     const SmtpServer::Mail mail = server.taken().first();
@@ -210,4 +189,148 @@ TEST_F(Sending, APrintedReportGoesByTheAccountOrBesideTheUsersMailProgram)
     EXPECT_EQ(desktop.opened.size(), 2);
 }
 
-#include "Sending_test.moc"
+TEST_F(Sending, ShowsTheErrorAndTheSender)
+{
+    SetOption(u"GEN_COMPANY_EMAIL"_s, u"  shop@example.com "_s, false);
+    report([](ScreenDriver form) {
+        EXPECT_EQ(form.screen().windowTitle(), u"Error Report"_s);
+        QStringList shown;
+        for (const char *box : {"txtModuleName", "txtProcedureName", "txtErrNumber",
+                                "txtLineNumber", "txtErrDescription", "txtEmail"})
+            shown.append(form.text(box));
+        EXPECT_EQ(shown.join(u'|'), u"M|P|13|0|It's a mismatch|shop@example.com"_s);
+        EXPECT_TRUE(form.control<QLineEdit>("txtErrNumber").isReadOnly());
+        EXPECT_FALSE(form.isShown("lblProgress"));
+        form.press("cmdExit");
+    });
+}
+
+TEST_F(Sending, AReportClosedUnsentIsStoredOnceHoweverItIsClosed)
+{
+    const std::function<void(ScreenDriver)> ways[] = {
+        [](ScreenDriver form) { form.press("cmdExit"); },
+        [](ScreenDriver form) { QTest::keyClick(&form.screen(), Qt::Key_Escape); },
+        [](ScreenDriver form) { form.screen().close(); },
+        [](ScreenDriver form) {
+            QTest::keyClick(&form.screen(), Qt::Key_R, Qt::AltModifier);
+            EXPECT_TRUE(QTest::qWaitFor([&] { return !form.isOpen(); }));
+        }};
+    int closed = 0;
+    for (const auto &close : ways) {
+        // The failed work is undone while its error stays.
+        BeginTrans();
+        gcnData->Execute(u"Insert into tblSupplier(SupplierID,Name) values(1,'A')"_s);
+        report(close);
+        RollbackTrans();
+        EXPECT_EQ(storedErrors(), ++closed);
+    }
+    EXPECT_EQ(count(u"tblSupplier"_s), 0);
+    EXPECT_EQ(count(u"tblErrorList"_s, u"ErrDescription = 'It''s a mismatch'"_s), closed);
+    EXPECT_TRUE(desktop.opened.isEmpty());
+}
+
+TEST_F(Sending, AReportNeedsAValidAddress)
+{
+    prompts.say(u"Please enter your email Address."_s);
+    prompts.say(u"Please enter a valid email Address, so that we can get back to you."_s);
+    report([](ScreenDriver form) {
+        form.type("txtEmail", u"   "_s);
+        form.press("cmdSend");
+        form.type("txtEmail", u"nobody@example"_s);
+        form.press("cmdSend");
+        EXPECT_EQ(form.focused(), "txtEmail");
+        EXPECT_EQ(storedErrors(), 0);
+        form.press("cmdExit");
+    });
+    EXPECT_EQ(storedErrors(), 1);
+    EXPECT_TRUE(desktop.opened.isEmpty());
+}
+
+TEST_F(Sending, AnErrorOfTheMakersStoreIsAFailedSend)
+{
+    setReportTransport(
+        {[](const ErrorReportDetails &) { throw base::Error(17, u"no such server"_s); },
+         [](const ReportMail &) { return true; },
+         {}});
+    report([](ScreenDriver form) {
+        form.press("cmdSend");
+        EXPECT_FALSE(form.isOpen());
+    });
+    EXPECT_EQ(storedErrors(), 1);
+    EXPECT_EQ(desktop.opened.size(), 1);
+}
+
+TEST_F(Sending, WithoutAMailProgramTheFormItselfTellsIt)
+{
+    desktop.leave(u"mailto"_s);
+    report([](ScreenDriver form) {
+        for (int i = 0; i < 2; ++i) {
+            form.press("cmdSend");
+            EXPECT_TRUE(form.isOpen());
+            EXPECT_EQ(QApplication::activeModalWidget(), &form.screen()) << "no second form";
+            EXPECT_TRUE(form.text("lblFailure")
+                            .endsWith(u"It is kept in the error list of the database."_s));
+        }
+        form.press("cmdExit");
+    });
+    EXPECT_EQ(storedErrors(), 1);
+}
+
+TEST_F(Sending, AnErrorThatCantBeStoredIsToldOnceInTheForm)
+{
+    gcnLookup->Execute(u"Drop table tblErrorList"_s);
+    report([](ScreenDriver form) {
+        EXPECT_FALSE(form.isShown("lblFailure"));
+        form.press("cmdExit");
+        EXPECT_EQ(QApplication::activeModalWidget(), &form.screen());
+        EXPECT_TRUE(form.isShown("lblFailure"));
+        form.press("cmdExit");
+        EXPECT_FALSE(form.isOpen());
+    });
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(Sending, TheFormOpensWithoutADatabaseToo)
+{
+    closeConnections();
+    report([](ScreenDriver form) { form.press("cmdExit"); });
+    openConnections();
+    // Nor does an unusable database open one form after another.
+    gcnLookup->Execute(u"Drop table tblSysOption"_s);
+    report([](ScreenDriver form) { form.press("cmdExit"); });
+    EXPECT_EQ(storedErrors(), 1);
+}
+
+TEST_F(Sending, TheSendersAddressIsKeptWithItsApostropheDoubled)
+{
+    report([](ScreenDriver form) {
+        form.type("txtEmail", u"o'brien@example.com"_s);
+        form.press("cmdExit");
+    });
+    EXPECT_EQ(GetOption(u"GEN_COMPANY_EMAIL"_s, false), u"o''brien@example.com"_s);
+    EXPECT_EQ(count(u"tblErrorList"_s, u"UserEmail = 'o''brien@example.com'"_s), 1);
+    EXPECT_NE(GetOption(u"HEIGHTfrmSendEmail"_s, true), QString());
+    EXPECT_EQ(GetOption(u"LEFTfrmSendEmail"_s, true), QString());
+}
+
+TEST_F(Sending, TheLogViewerShowsTheWholeLogOrNothing)
+{
+    QDir().mkpath(base::applicationPath(u"\\Log"_s));
+    const QString log = base::applicationPath(u"\\Log\\QVLog.txt"_s);
+    const std::pair<QByteArray, QString> rows[] = {
+        {"(none)", {}},
+        {"", {}},
+        {"first\r\nIt\xe9 second", u"first\nIt\u00e9 second"_s},
+        {"\xc3\xa9t\xc3\xa9\n", u"\u00e9t\u00e9\n"_s},
+    };
+    for (const auto &[bytes, shown] : rows) {
+        if (bytes != "(none)")
+            test::writeFile(log, bytes);
+        test::inScreen([] { frmQV_Log::ShowQV_LogDetails(); },
+                       [&](ScreenDriver form) {
+                           EXPECT_EQ(form.screen().windowTitle(), u"Log File"_s);
+                           EXPECT_EQ(form.text("txtLog"), shown);
+                           form.press("cmdExit");
+                       });
+    }
+}

@@ -1,13 +1,10 @@
 #include "equipment/ui/DateReading.h"
 
-#include "core/Options.h"
 #include "core/ui/Openings.h"
 #include "equipment/ui/PageTest.h"
 #include "equipment/ui/frmInspectionDateReading.h"
 #include "equipment/ui/frmLicenseDateReading.h"
 #include "platform/input/DateInput.h"
-
-#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
@@ -15,9 +12,8 @@ namespace {
 
 const QString NewDate = u"New Inspection Date"_s;
 
-class DateReadings : public test::PageTest
+struct DateReadings : test::PageTest
 {
-protected:
     DateReadings()
     {
         addDated(1, {2024, 2, 29});
@@ -48,9 +44,7 @@ protected:
     void show()
     {
         screen = std::make_unique<Form>();
-        screen->show();
-        screen->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(screen.get()));
+        test::bringUp(*screen);
     }
     template<class Control>
     Control &named(const QString &name)
@@ -118,12 +112,11 @@ TEST_F(DateReadings, ADateThatIsNotLaterIsRefusedAndCancelDropsTheNewOnes)
 {
     show<frmInspectionDateReading>();
     EXPECT_EQ(sheet().currentColumn(), NewDate);
-    prompts.expect(u"Please enter valid date."_s, Icon::None);
+    prompts.say(u"Please enter valid date."_s);
     type(sheet(), rowOf(2), NewDate, u"06/32/2023"_s);
     type(sheet(), rowOf(2), NewDate, u"06022023"_s);
     EXPECT_EQ(sheet().rows().text(rowOf(2), NewDate), u"06/02/2023");
-    prompts.expect(u"New Inspection date should be greater than old Inspection Date(6/1/2023)."_s,
-                   Icon::None);
+    prompts.say(u"New Inspection date should be greater than old Inspection Date(6/1/2023)."_s);
     type(sheet(), rowOf(2), NewDate, u"06/01/2023"_s);
     EXPECT_EQ(sheet().rows().text(rowOf(2), NewDate), QString());
     addYear(1);
@@ -170,7 +163,7 @@ TEST_F(DateReadings, LicensesHaveTheirOwnColumnOptionsAndReport)
     EXPECT_EQ(filter, u" WHERE LicenseRenewalDate >= #03-15-2023# and LicenseRenewalDate <= "
                       "#03-15-2024#");
     named<input::DateInput>(u"datLICDateTo"_s).setDate(QDate());
-    prompts.expect(u"Please enter valid date."_s, Icon::None);
+    prompts.say(u"Please enter valid date."_s);
     press(u"cmdRefresh"_s);
     press(u"cmdExit"_s);
     EXPECT_EQ(GetOption(u"LicenseDateFrom"_s, true), u"03/15/2023");

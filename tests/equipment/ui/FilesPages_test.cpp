@@ -1,4 +1,3 @@
-#include "core/ui/Modal.h"
 #include "equipment/DocumentStore.h"
 #include "equipment/Pictures.h"
 #include "equipment/ui/DocumentsPage.h"
@@ -6,20 +5,18 @@
 #include "equipment/ui/PageTest.h"
 #include "equipment/ui/PictureView.h"
 #include "equipment/ui/PicturesPage.h"
-#include "support/TestFiles.h"
 
 #include <QBuffer>
-#include <QFile>
 #include <QImage>
-#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-class FilesPages : public test::PageTest
+const QString Delete = u"Are you sure you want to Delete this record?"_s;
+
+struct FilesPages : test::PageTest
 {
-protected:
     FilesPages() { addMachine(1, u"M1"_s); }
 
     static QByteArray picture(QSize size, const char *format)
@@ -44,11 +41,6 @@ protected:
     }
     QImage onShow() { return control<PictureView>(u"imgEquipment"_s).image(); }
     grid::GridView &grid(const QString &name) { return control<grid::GridView>(name); }
-    void expectDelete(Answer answer)
-    {
-        prompts.expect(u"Are you sure you want to Delete this record?"_s, Icon::Question,
-                       Buttons::YesNo, answer);
-    }
     bool isEnabled(const QString &button) { return control<QPushButton>(button).isEnabled(); }
 };
 
@@ -79,10 +71,10 @@ TEST_F(FilesPages, APictureIsAddedByItsScreen)
     frame.show<PicturesPage>(1);
     const QString good = file(u"mower.gif.bmp"_s, picture({20, 20}, "bmp"));
     const QString bad = file(u"text.bmp"_s, "text");
-    prompts.expect(u"File Path should not be blank."_s, Icon::None);
+    prompts.say(u"File Path should not be blank."_s);
     prompts.expectChooser(u"Select Picture"_s, bad);
-    prompts.expect(u"File Name should not be blank."_s, Icon::None);
-    prompts.expect(u"Invalid Picture File!"_s, Icon::None);
+    prompts.say(u"File Name should not be blank."_s);
+    prompts.say(u"Invalid Picture File!"_s);
     prompts.expectChooser(u"Select Picture"_s, good);
     test::onNextModal([](QWidget &screen) {
         const auto press = [&screen](const QString &name) {
@@ -110,10 +102,10 @@ TEST_F(FilesPages, APictureIsAddedByItsScreen)
     EXPECT_EQ(onShow().size(), QSize(20, 20));
     EXPECT_EQ(pictures::bytes(1, u"Front"_s), picture({20, 20}, "bmp"));
 
-    expectDelete(Answer::No);
+    prompts.no(Delete);
     click(u"cmdRemoveImage"_s);
     EXPECT_TRUE(frame.page->hasContent());
-    expectDelete(Answer::Yes);
+    prompts.yes(Delete);
     click(u"cmdRemoveImage"_s);
     EXPECT_FALSE(frame.page->hasContent());
     EXPECT_TRUE(onShow().isNull());
@@ -136,9 +128,9 @@ TEST_F(FilesPages, DocumentsAreAddedOpenedAndRemoved)
     EXPECT_TRUE(isEnabled(u"cmdPreview"_s));
 
     documents::remove(1, u"manual.txt"_s);
-    prompts.expect(u"Invalid File or Incorrect Path."_s, Icon::None);
+    prompts.say(u"Invalid File or Incorrect Path."_s);
     click(u"cmdPreview"_s);
-    expectDelete(Answer::Yes);
+    prompts.yes(Delete);
     click(u"cmdRemoveDocument"_s);
     EXPECT_EQ(errors.takeOne().ErrNumber, base::ErrorNumber::FileNotFound);
     EXPECT_FALSE(frame.page->hasContent());
@@ -151,11 +143,11 @@ TEST_F(FilesPages, PartsOfAMachineAreRemovedInsideTheEdit)
         "values(1,'F-1',2,4.5)"_s);
     frame.show<MachinePartsPage>(1);
     EXPECT_EQ(grid(u"grdPart"_s).rows().text(0, u"Extended Cost"), u"$4.50");
-    expectDelete(Answer::No);
+    prompts.no(Delete);
     click(u"cmdRemovePart"_s);
     EXPECT_EQ(frame.mode, Mode::Modify);
     EXPECT_TRUE(frame.page->hasContent());
-    expectDelete(Answer::Yes);
+    prompts.yes(Delete);
     click(u"cmdRemovePart"_s);
     EXPECT_FALSE(isEnabled(u"cmdRemovePart"_s));
     frame.cancelEdit();

@@ -1,22 +1,16 @@
 #include "equipment/ui/HistoryPage.h"
 
-#include "core/Options.h"
-#include "core/ui/Modal.h"
 #include "core/ui/ScreenCalls.h"
 #include "equipment/ui/PageTest.h"
 #include "equipment/ui/frmEquipment.h"
 #include "platform/input/DateInput.h"
 
-#include <QPlainTextEdit>
-#include <QPushButton>
-
 using namespace Qt::StringLiterals;
 
 namespace {
 
-class HistoryPages : public test::PageTest
+struct HistoryPages : test::PageTest
 {
-protected:
     HistoryPages()
     {
         addMachine(1, u"M1"_s);
@@ -77,13 +71,13 @@ TEST_F(HistoryPages, ACorrectionIsWrittenAtOnceAndUndoneByCancel)
     QTest::keyClicks(QApplication::focusWidget(), u"4"_s);
     EXPECT_EQ(frame.mode, Mode::Modify) << "with the first key";
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-    prompts.expect(u"Changing the count will not effect the schedule"_s, Icon::None);
+    prompts.say(u"Changing the count will not effect the schedule"_s);
     type(services(), 0, u"Count"_s, u"450"_s);
     EXPECT_EQ(stored(u"CountValue"_s).toInt(), 450);
-    prompts.expect(u"Changing the date will not adjust the schedule"_s, Icon::None);
+    prompts.say(u"Changing the date will not adjust the schedule"_s);
     type(services(), 0, u"Date"_s, u"01/12/2024"_s);
     EXPECT_EQ(stored(u"CompleteDate"_s).toDateTime(), base::wallClock({2024, 1, 12}));
-    prompts.expect(u"Please enter valid date."_s, Icon::None);
+    prompts.say(u"Please enter valid date."_s);
     type(services(), 0, u"Date"_s, u"13/45/2024"_s);
     EXPECT_EQ(shown(u"Date"_s), u"01/12/2024");
     type(services(), 0, u"Labor Cost"_s, u"44.5"_s);
@@ -102,7 +96,7 @@ TEST_F(HistoryPages, ACorrectionIsWrittenAtOnceAndUndoneByCancel)
 TEST_F(HistoryPages, TimesThatCantBeAreRefusedAndTheOldOnesStay)
 {
     show();
-    prompts.expect(u"Start Time Shouln't be Blank"_s, Icon::None);
+    prompts.say(u"Start Time Shouln't be Blank"_s);
     type(services(), 0, u"EndTime"_s, u"10:00"_s);
     EXPECT_TRUE(stored(u"EndTime"_s).isNull());
     type(services(), 0, u"StartTime"_s, u"9:00 pm"_s);
@@ -110,7 +104,7 @@ TEST_F(HistoryPages, TimesThatCantBeAreRefusedAndTheOldOnesStay)
     EXPECT_EQ(stored(u"StartTime"_s).toString(), u"21:00");
     type(services(), 0, u"EndTime"_s, u"22:15"_s);
     EXPECT_EQ(shown(u"WorkHrs"_s), u"1:15");
-    prompts.expect(u"Work Hrs should be greater than 10 Minutes."_s, Icon::None);
+    prompts.say(u"Work Hrs should be greater than 10 Minutes."_s);
     type(services(), 0, u"WorkHrs"_s, u"0:10"_s);
     EXPECT_EQ(stored(u"Workhrs"_s).toString(), u"1:15");
 }
@@ -158,9 +152,8 @@ TEST_F(HistoryPages, PartsAreCorrectedWithoutTouchingTheStock)
 {
     run(u"insert into tblPart(PartID,Description,Quantity) values('F-1','Filter',8)"_s);
     show();
-    prompts.expect(u"This will not adjust the quantity on hand for the inventory. You will "
-                   "manually need to adjust this if needed."_s,
-                   Icon::None);
+    prompts.say(u"This will not adjust the quantity on hand for the inventory. You will "
+                "manually need to adjust this if needed."_s);
     type(parts(), 0, u"Qty Used"_s, u"4"_s);
     EXPECT_EQ(shown(u"Part Cost"_s), u"$13.00");
     type(parts(), 0, u"Price"_s, u"1.10"_s);
@@ -201,10 +194,10 @@ TEST_F(HistoryPages, DeletingAsksAndIsUndoneByCancel)
 {
     show();
     const QString question = u"Are you sure you want to Delete this record? history"_s;
-    prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::No);
+    prompts.no(question);
     click(u"cmdDeleteHistory"_s);
     EXPECT_EQ(frame.mode, Mode::Browse);
-    prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+    prompts.yes(question);
     click(u"cmdDeleteHistory"_s);
     EXPECT_EQ(services().rows().rowCount(), 1);
     EXPECT_EQ(count(u"tblWoPartHistory"_s), 0);
@@ -222,7 +215,7 @@ TEST_F(HistoryPages, TheRangeGoesBackWhenItRunsBackwards)
     EXPECT_EQ(to.date(), QDate(2024, 3, 15));
     to.setFocus();
     to.setDate(QDate(2023, 12, 31));
-    prompts.expect(u"Date To should not be less than to Date From"_s, Icon::None);
+    prompts.say(u"Date To should not be less than to Date From"_s);
     services().setFocus(Qt::TabFocusReason);
     QCoreApplication::processEvents();
     EXPECT_EQ(to.date(), QDate(2024, 3, 15));
@@ -247,10 +240,10 @@ TEST_F(HistoryPages, RefreshingWhileEditingSavesFirst)
     frame.beginEdit();
     const QString question =
         u"You must be save record for refreshing the service history records."_s;
-    prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::No);
+    prompts.no(question);
     click(u"cmdRefresh"_s);
     EXPECT_EQ(frame.saves, 0);
-    prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+    prompts.yes(question);
     click(u"cmdRefresh"_s);
     EXPECT_EQ(frame.saves, 1);
     EXPECT_EQ(frame.mode, Mode::Browse);
@@ -265,35 +258,4 @@ TEST_F(HistoryPages, ALockedPageCanOnlyBeRead)
     EXPECT_TRUE(note().isReadOnly());
     EXPECT_FALSE(control<QPushButton>(u"cmdDeleteHistory"_s).isEnabled());
     EXPECT_TRUE(control<QPushButton>(u"cmdRefresh"_s).isEnabled());
-}
-
-TEST_F(HistoryPages, OnTheMachinesScreenCancelUndoesAndSaveKeeps)
-{
-    gRights.EqMod = true;
-    prompts.expect(u"Changing the count will not effect the schedule"_s, Icon::None);
-    prompts.expect(u"Changing the count will not effect the schedule"_s, Icon::None);
-    test::onNextModal([](QWidget &screen) {
-        QTest::keyClick(&screen, Qt::Key_H, Qt::ControlModifier);
-        auto &grid = test::named<grid::GridView>(screen, u"grdServiceHistory"_s);
-        const auto press = [&screen](const QString &button) {
-            QTest::mouseClick(&test::named<QWidget>(screen, button), Qt::LeftButton);
-        };
-        EXPECT_TRUE(grid.isVisible());
-        type(grid, 0, u"Count"_s, u"450"_s);
-        press(u"cmdCancel"_s);
-        EXPECT_TRUE(stored(u"CountValue"_s).isNull());
-        EXPECT_EQ(grid.rows().text(0, u"Count"), QString());
-        type(grid, 0, u"Count"_s, u"460"_s);
-        auto &noteBox = test::named<QPlainTextEdit>(screen, u"txtNote"_s);
-        noteBox.setFocus();
-        noteBox.selectAll();
-        QTest::keyClicks(&noteBox, u"worn"_s);
-        press(u"cmdUpdate"_s);
-        EXPECT_FALSE(gbInTransaction);
-        static_cast<QDialog &>(screen).reject();
-    });
-    frmEquipment().showRecord(Mode::Browse, 1);
-    gRights = {};
-    EXPECT_EQ(stored(u"CountValue"_s).toInt(), 460);
-    EXPECT_EQ(stored(u"[Note]"_s).toString(), u"worn");
 }

@@ -11,14 +11,8 @@
 namespace test {
 
 /// A page with its frame over a company of its own.
-class PageTest : public Workshop
+struct PageTest : Workshop
 {
-protected:
-    using Icon = base::Prompts::Icon;
-    using Buttons = base::Prompts::Buttons;
-    using Answer = base::Prompts::Answer;
-    static constexpr auto Ok = Buttons::Ok;
-
     ~PageTest() override { RollbackTrans(); }
 
     template<class Control>

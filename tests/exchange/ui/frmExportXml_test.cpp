@@ -2,14 +2,10 @@
 #include "core/ui/ScreenDriver.h"
 #include "exchange/Export.h"
 #include "exchange/ui/Entries.h"
-#include "support/ScriptedPrompts.h"
-
-#include <QTimer>
 
 namespace {
 
 using namespace Qt::StringLiterals;
-using Icon = base::Prompts::Icon;
 using test::ScreenDriver;
 
 const QString NoProgram = u"QV2go Sync Application is not Installed"_s;
@@ -43,9 +39,8 @@ TEST_F(ExportDialog, ShowsAMarkAtEachTickAndClosesAfterTheWork)
         auto *timer = QApplication::activeModalWidget()->findChild<QTimer *>(u"tmrExport"_s);
         EXPECT_FALSE(timer->isActive());
     });
-    prompts.expect(u"Quorvantis records have been exported successfully.\nPut the Windows Mobile "
-                   "device Into the cradle."_s,
-                   Icon::Information);
+    prompts.inform(u"Quorvantis records have been exported successfully.\nPut the Windows Mobile "
+                   "device Into the cradle."_s);
     test::inScreen(ShowExportXml, [](const ScreenDriver &dialog) {
         EXPECT_EQ(dialog.screen().windowTitle(), u"Export to XML");
         EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
@@ -69,7 +64,7 @@ TEST_F(ExportDialog, WithNothingToExportGoesOnUntilItIsClosed)
 {
     test::ScriptedPrompts prompts;
     for (int time = 0; time < 3; ++time)
-        prompts.expect(Nothing, Icon::Information);
+        prompts.inform(Nothing);
     test::inScreen(ShowExportXml, [](const ScreenDriver &dialog) {
         for (int time = 0; time < 5; ++time)
             tickNow(dialog.screen());
@@ -95,25 +90,19 @@ TEST_F(ExportDialog, ClosesAfterAFailure)
 TEST_F(ExportDialog, IsFollowedByTheProgramThatCarriesTheFileWhateverCameOfIt)
 {
     test::ScriptedPrompts prompts;
-    prompts.expect(NoProgram, Icon::None);
+    prompts.say(NoProgram);
     test::inScreen(mnuExportXml_Click, [](const ScreenDriver &dialog) { dialog.screen().close(); });
 
     // A program that leaves a sign, in a folder with a blank.
     const QString folder = environment.folder() + u"/the carrier"_s;
     ASSERT_TRUE(QDir().mkpath(folder));
     const QString program = folder + u"/QuorvantisSync.exe"_s;
-    {
-        QFile script(program);
-        ASSERT_TRUE(script.open(QIODevice::WriteOnly));
-        script.write("#!/bin/sh\necho $# > \"$(dirname \"$0\")/started\"\n");
-        script.setPermissions(QFileDevice::ReadOwner | QFileDevice::ExeOwner);
-    }
+    test::writeFile(program, "#!/bin/sh\necho $# > \"$(dirname \"$0\")/started\"\n");
+    QFile::setPermissions(program, QFileDevice::ReadOwner | QFileDevice::ExeOwner);
     QString stored = folder + u'\\';
     settings::registry().setValue(settings::MakerKey, u"Path"_s, stored.replace(u'/', u'\\'));
     test::inScreen(mnuExportXml_Click, [](const ScreenDriver &dialog) { dialog.screen().close(); });
-    QFile started(folder + u"/started"_s);
-    ASSERT_TRUE(started.open(QIODevice::ReadOnly));
-    EXPECT_EQ(started.readAll(), "0\n") << "it is given no arguments";
+    EXPECT_EQ(test::readFile(folder + u"/started"_s), "0\n") << "it is given no arguments";
 }
 
 } // namespace

@@ -1,8 +1,6 @@
 #include "core/ui/ScreenDriver.h"
 #include "exchange/Handheld.h"
 #include "exchange/ui/Entries.h"
-#include "platform/grid/GridView.h"
-#include "support/ScriptedPrompts.h"
 
 namespace {
 
@@ -12,9 +10,8 @@ using Icon = base::Prompts::Icon;
 using Buttons = base::Prompts::Buttons;
 using Answer = base::Prompts::Answer;
 
-class ImportScreen : public test::Handheld
+struct ImportScreen : test::Handheld
 {
-protected:
     ImportScreen() { EXPECT_TRUE(QDir().mkpath(path({}))); }
 
     static QString path(const QString &name)
@@ -27,7 +24,7 @@ protected:
     }
     static QString rows(const ScreenDriver &screen)
     {
-        const grid::GridModel &model = screen.control<grid::GridView>("grdFiles").rows();
+        const grid::GridModel &model = screen.grid("grdFiles").rows();
         QStringList names;
         for (int row = 0; row < model.rowCount(); ++row)
             names.append(model.text(row, u"File Name"));
@@ -68,7 +65,7 @@ TEST_F(ImportScreen, ImportsTheChosenFileShowsTheLogAndClosesAfterTheLast)
 
         QString log;
         expectQuestion(prompts, u"A.xml"_s, Answer::Yes);
-        prompts.expect(u"Quorvantis data has been imported."_s, Icon::None);
+        prompts.say(u"Quorvantis data has been imported."_s);
         closeLog(log);
         screen.press("cmdImport");
         EXPECT_EQ(log, u"All Records are Imported succesfully");
@@ -79,22 +76,13 @@ TEST_F(ImportScreen, ImportsTheChosenFileShowsTheLogAndClosesAfterTheLast)
         // What it logs keeps the file; its machines are skipped, since the first file held some.
         for (int again = 0; again < 2; ++again) {
             expectQuestion(prompts, u"B.xml"_s, Answer::Yes);
-            prompts.expect(u"Quorvantis data has been imported."_s, Icon::None);
+            prompts.say(u"Quorvantis data has been imported."_s);
             closeLog(log);
             screen.press("cmdImport");
             EXPECT_EQ(log.contains(u"Part No=none"), again == 0) << log.toStdString();
             EXPECT_FALSE(log.contains(u"EquipmentID=9"));
         }
         EXPECT_FALSE(screen.isOpen()) << "no file is left";
-    });
-}
-
-TEST_F(ImportScreen, OffersNothingWithoutFiles)
-{
-    test::inScreen(ShowImportXmlDetails, [](const ScreenDriver &screen) {
-        EXPECT_FALSE(screen.isEnabled("cmdImport"));
-        screen.press("cmdExit");
-        EXPECT_FALSE(screen.isOpen());
     });
 }
 
@@ -117,23 +105,22 @@ TEST_F(ImportScreen, HasAPathForDevelopment)
     ASSERT_TRUE(QDir().mkpath(folder));
     test::writeFile(folder + u"done.txt"_s, {});
     test::ScriptedPrompts prompts;
-    prompts.expect(u"Import process Succesfully completed"_s, Icon::None);
+    prompts.say(u"Import process Succesfully completed"_s);
     test::inScreen(ShowImportXmlDetails, [&](const ScreenDriver &screen) {
+        EXPECT_FALSE(screen.isEnabled("cmdImport")) << "no file is offered";
         screen.control<QAbstractButton>("cmdImportData").click();
         screen.press("cmdExit");
     });
 }
 
-class ImportMenu : public test::Handheld
+struct ImportMenu : test::Handheld
 {
-protected:
     /// A program that does nothing, in place of the one that fetches the files.
     void installCarrier() const
     {
-        QFile script(environment.folder() + u"/QV2Go ImportSync.exe"_s);
-        ASSERT_TRUE(script.open(QIODevice::WriteOnly));
-        script.write("#!/bin/sh\n");
-        script.setPermissions(QFileDevice::ReadOwner | QFileDevice::ExeOwner);
+        const QString script = environment.folder() + u"/QV2Go ImportSync.exe"_s;
+        test::writeFile(script, "#!/bin/sh\n");
+        QFile::setPermissions(script, QFileDevice::ReadOwner | QFileDevice::ExeOwner);
         settings::registry().setValue(settings::MakerKey, u"Path"_s, environment.folder() + u'\\');
     }
 };
@@ -142,19 +129,18 @@ TEST_F(ImportMenu, TellsWhenAllWasImportedAndNothingMoreOtherwise)
 {
     test::ScriptedPrompts prompts;
     send(u"Sy1.xml"_s, newOrder(u"W1"_s));
-    prompts.expect(u"QV2go Sync Application is not Installed"_s, Icon::None);
+    prompts.say(u"QV2go Sync Application is not Installed"_s);
     mnuImporttXml_Click();
     EXPECT_EQ(count(u"tblWorkorder"_s), 0);
 
     installCarrier();
-    prompts.expect(u"Import process Succesfully completed"_s, Icon::None);
+    prompts.say(u"Import process Succesfully completed"_s);
     mnuImporttXml_Click();
     EXPECT_EQ(count(u"tblWorkorder"_s), 1);
 
     mark();
     send(u"Sy1.xml"_s, newService(u"S1"_s, u"W1"_s));
-    prompts.expect(u"Problem In adding workorder service(Workorderno not found)"_s,
-                   Icon::Information);
+    prompts.inform(u"Problem In adding workorder service(Workorderno not found)"_s);
     mnuImporttXml_Click();
 }
 

@@ -1,4 +1,3 @@
-#include "core/Options.h"
 #include "core/ui/ScreenCalls.h"
 #include "platform/grid/GridView.h"
 #include "platform/input/DateInput.h"
@@ -11,7 +10,6 @@
 #include "scheduling/ui/frmCountReading.h"
 #include "scheduling/ui/frmEquipmentReading.h"
 
-#include <QLabel>
 #include <QScrollBar>
 
 namespace {
@@ -22,9 +20,8 @@ using test::named;
 const QString InProcess =
     u"Service is in-proccess for this equipment counts cann't be added till the service over."_s;
 
-class frmCountReadingTest : public test::ScreenFleet
+struct frmCountReadingTest : test::ScreenFleet
 {
-protected:
     static QString label(const QWidget &screen, const QString &name)
     {
         return named<QLabel>(screen, name).text();
@@ -143,9 +140,8 @@ TEST_F(frmCountReadingTest, AReadingTooLargeCantBeTyped)
     EXPECT_EQ(text(screen, u"txtCountValue"_s), u"2147483647");
 }
 
-class frmEquipmentReadingTest : public test::ScreenFleet
+struct frmEquipmentReadingTest : test::ScreenFleet
 {
-protected:
     frmEquipmentReadingTest()
     {
         SetOption(u"COUNT_READING_DELAY"_s, 7, false);
@@ -192,8 +188,7 @@ TEST_F(frmEquipmentReadingTest, AWholeBatchIsEnteredByTheKeyboard)
     EXPECT_EQ(cell(screen, 0), u"150"_s);
     EXPECT_EQ(grid(screen).currentRow(), 1);
 
-    prompts.expect(u"Count value should be more than or equal to Last value"_s,
-                   base::Prompts::Icon::Critical);
+    prompts.warn(u"Count value should be more than or equal to Last value"_s);
     keys(screen, u"199"_s, Qt::Key_Down);
     EXPECT_EQ(grid(screen).currentRow(), 1) << "a refused value keeps the row";
     EXPECT_EQ(qobject_cast<QLineEdit *>(screen.focusWidget())->text(), u"200"_s);

@@ -6,7 +6,6 @@
 #include "scheduling/ui/frmAssignCrew.h"
 #include "scheduling/ui/frmServicesManager.h"
 
-#include <QLabel>
 #include <QRadioButton>
 
 namespace {
@@ -14,9 +13,8 @@ namespace {
 using namespace Qt::StringLiterals;
 using test::named;
 
-class frmServicesManagerTest : public test::ScreenFleet
+struct frmServicesManagerTest : test::ScreenFleet
 {
-protected:
     frmServicesManagerTest()
     {
         for (const int id : {50, 51, 52})
@@ -146,20 +144,18 @@ TEST_F(frmServicesManagerTest, OpensAServiceAndComesBackToIt)
 
 TEST_F(frmServicesManagerTest, AddsAndDeletesByRightAndUse)
 {
-    const QString noRight = u"You do not have sufficient rights to this action. Please see your "
-                            "system administrator"_s;
     assigned({{u"ServiceID"_s, 50}});
     frmServicesManager screen({});
     open(screen);
     gRights = {};
     BeginTrans();
-    inform(noRight);
+    inform(test::NoRights);
     click(screen, u"cmdAdd"_s);
     EXPECT_TRUE(gbInTransaction) << "nothing is committed for somebody who may not";
     RollbackTrans();
-    inform(noRight);
+    inform(test::NoRights);
     click(screen, u"cmdDelete"_s);
-    inform(noRight);
+    inform(test::NoRights);
     EXPECT_EQ(showServicesDetail(Mode::Add, 0), 0) << "whoever opens it";
     gRights.SerAdd = gRights.SerDel = true;
 

@@ -1,11 +1,8 @@
 #pragma once
 
 #include "core/Session.h"
+#include "core/ui/Modal.h"
 #include "scheduling/ui/MachinePage.h"
-
-#include <QTest>
-#include <gtest/gtest.h>
-#include <memory>
 
 namespace test {
 
@@ -23,9 +20,7 @@ public:
         page->resize(980, 420);
         page->showMachine(machine);
         page->setEditable(true);
-        page->show();
-        page->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(page.get()));
+        bringUp(*page);
         page->pageShown();
         m_machine = machine;
         return shown;

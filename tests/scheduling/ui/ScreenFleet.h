@@ -11,22 +11,15 @@
 namespace test {
 
 /// The company with a user who may do everything, and hands for its screens.
-class ScreenFleet : public Fleet
+struct ScreenFleet : Fleet
 {
-protected:
     ScreenFleet()
     {
         gRights.SerAdd = gRights.SerMod = gRights.SerDel = true;
         machine(1);
     }
 
-    /// Shows a screen and waits until keys reach it.
-    static void open(QWidget &screen)
-    {
-        screen.show();
-        screen.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&screen));
-    }
+    static void open(QWidget &screen) { bringUp(screen); }
     static void click(const QWidget &screen, const QString &button)
     {
         auto &control = named<QAbstractButton>(screen, button);
@@ -64,11 +57,8 @@ protected:
         return widget ? widget->objectName() : QString();
     }
 
-    void inform(const QString &message)
-    {
-        prompts.expect(message, base::Prompts::Icon::Information);
-    }
-    void say(const QString &message) { prompts.expect(message, base::Prompts::Icon::None); }
+    void inform(const QString &message) { prompts.inform(message); }
+    void say(const QString &message) { prompts.say(message); }
     void ask(const QString &question, bool yes)
     {
         prompts.expect(question, base::Prompts::Icon::Question, base::Prompts::Buttons::YesNo,

@@ -7,7 +7,6 @@
 #include "platform/input/SpinInput.h"
 #include "scheduling/ui/ScreenFleet.h"
 
-#include <QLabel>
 #include <QStackedWidget>
 
 namespace {
@@ -21,13 +20,14 @@ const QString DateOnOrder =
     "changing the date will change when the service on the work order will be rescheduled\" Are "
     "you sure you want to do this \"Yes\" \"No\""_s;
 
-class frmServicesTest : public test::ScreenFleet
+struct frmServicesTest : test::ScreenFleet
 {
-protected:
-    void show(frmServices &screen, Mode mode, qint64 key)
+    frmServices &show(ServiceStore store, Mode mode, qint64 key)
     {
-        screen.display(mode, key);
-        open(screen);
+        m_screens.push_back(std::make_unique<frmServices>(store));
+        m_screens.back()->display(mode, key);
+        open(*m_screens.back());
+        return *m_screens.back();
     }
     /// Chooses the one crew and the one cost center by key.
     static void chooseCrewAndCostCenter(frmServices &screen)
@@ -60,13 +60,15 @@ protected:
                    named<QStackedWidget>(screen, u"stkNextDate"_s).currentWidget())
             ->text();
     }
+
+private:
+    std::vector<std::unique_ptr<frmServices>> m_screens;
 };
 
 TEST_F(frmServicesTest, ANewServiceIsCheckedFieldByFieldAndThenStored)
 {
     catalogue(50, {{u"JobNo"_s, 8}});
-    frmServices screen(ServiceStore::Catalogue);
-    show(screen, Mode::Add, 0);
+    frmServices &screen = show(ServiceStore::Catalogue, Mode::Add, 0);
     EXPECT_EQ(text(screen, u"txtJobNo"_s), u"9"_s);
     EXPECT_EQ(named<input::IdCombo>(screen, u"cboRenewalPeriod"_s).currentText(), u"Days"_s);
     EXPECT_FALSE(screen.isCloseEnabled());
@@ -112,8 +114,8 @@ TEST_F(frmServicesTest, ANewServiceIsCheckedFieldByFieldAndThenStored)
 
 TEST_F(frmServicesTest, DaysOfTheMonthRiseAndRuleAlone)
 {
-    frmServices screen(ServiceStore::Catalogue);
-    show(screen, Mode::Browse, catalogue(50, {{u"Period"_s, u"M"_s}, {u"RenewalOn"_s, u"S"_s}}));
+    frmServices &screen = show(ServiceStore::Catalogue, Mode::Browse,
+                               catalogue(50, {{u"Period"_s, u"M"_s}, {u"RenewalOn"_s, u"S"_s}}));
     EXPECT_FALSE(named<QWidget>(screen, u"cboDOM1"_s).isVisible());
     click(screen, u"chkUseDayoftheMonth"_s);
     EXPECT_EQ(screen.mode(), Mode::Modify);
@@ -152,8 +154,7 @@ TEST_F(frmServicesTest, DaysOfTheMonthRiseAndRuleAlone)
 
 TEST_F(frmServicesTest, OneButtonTicksAndUnticksAWholeGroup)
 {
-    frmServices screen(ServiceStore::Catalogue);
-    show(screen, Mode::Browse, catalogue(50));
+    frmServices &screen = show(ServiceStore::Catalogue, Mode::Browse, catalogue(50));
     EXPECT_EQ(caption(screen, u"cmdMOY"_s), u"UnSelect All"_s);
     click(screen, u"cmdMOY"_s);
     EXPECT_EQ(caption(screen, u"cmdMOY"_s), u"Select All"_s);
@@ -167,13 +168,12 @@ TEST_F(frmServicesTest, OneButtonTicksAndUnticksAWholeGroup)
 
 TEST_F(frmServicesTest, WhatCanBeEditedFollowsFromTheKindOfSchedule)
 {
-    struct Case
+    const struct
     {
         const char *name;
         QVariantMap row;
         const char *live; ///< D days, M days of the month, I interval, R options, N next
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"calendar", {}, "DMIRN"},
         {"calendar by days of the month", {{u"DOM"_s, 1}, {u"Dom1"_s, 5}}, "MRN"},
         {"count", {{u"Period"_s, u"H"_s}}, "IRN"},
@@ -181,9 +181,8 @@ TEST_F(frmServicesTest, WhatCanBeEditedFollowsFromTheKindOfSchedule)
         {"inactive", {{u"Inactive"_s, 1}}, ""},
         {"inactive, stored as True", {{u"Inactive"_s, -1}, {u"Period"_s, u"H"_s}}, ""},
     };
-    for (const Case &test : cases) {
-        frmServices screen(ServiceStore::Assigned);
-        show(screen, Mode::Browse, assigned(test.row));
+    for (const auto &test : cases) {
+        frmServices &screen = show(ServiceStore::Assigned, Mode::Browse, assigned(test.row));
         const std::pair<char, QStringList> groups[] = {
             {'D',
              {u"chkMon"_s, u"cmdMarkAllDays"_s, u"chkFirst"_s, u"cmdAllWeeks"_s, u"chkJan"_s,
@@ -202,8 +201,7 @@ TEST_F(frmServicesTest, WhatCanBeEditedFollowsFromTheKindOfSchedule)
 TEST_F(frmServicesTest, WithoutTheRightToModifyItOnlyShows)
 {
     gRights.SerMod = false;
-    frmServices screen(ServiceStore::Catalogue);
-    show(screen, Mode::Browse, catalogue(50));
+    frmServices &screen = show(ServiceStore::Catalogue, Mode::Browse, catalogue(50));
     EXPECT_TRUE(named<QLineEdit>(screen, u"txtName"_s).isReadOnly());
     for (const QString &control :
          {u"cboCrew"_s, u"RRSpin1"_s, u"chkMon"_s, u"OptDSA"_s, u"cmdAddPart"_s, u"cmdUpdate"_s})
@@ -211,8 +209,7 @@ TEST_F(frmServicesTest, WithoutTheRightToModifyItOnlyShows)
     type(screen, u"txtName"_s, u"Other"_s);
     EXPECT_EQ(screen.mode(), Mode::Browse);
 
-    frmServices added(ServiceStore::Catalogue);
-    show(added, Mode::Add, 0);
+    frmServices &added = show(ServiceStore::Catalogue, Mode::Add, 0);
     EXPECT_FALSE(named<QLineEdit>(added, u"txtName"_s).isReadOnly()) << "adding is another right";
 }
 
@@ -221,8 +218,7 @@ TEST_F(frmServicesTest, AJobNumberIsCheckedOnLeavingAndCarriedToTheMachines)
     catalogue(50, {{u"JobNo"_s, 8}});
     catalogue(51, {{u"JobNo"_s, 9}});
     assigned({{u"ServiceID"_s, 50}, {u"JobNo"_s, 8}});
-    frmServices screen(ServiceStore::Catalogue);
-    show(screen, Mode::Browse, 50);
+    frmServices &screen = show(ServiceStore::Catalogue, Mode::Browse, 50);
     auto &number = named<QLineEdit>(screen, u"txtJobNo"_s);
     const auto leave = [&] {
         QTest::keyClick(&number, Qt::Key_Tab);
@@ -257,8 +253,7 @@ TEST_F(frmServicesTest, AJobNumberIsCheckedOnLeavingAndCarriedToTheMachines)
 
 TEST_F(frmServicesTest, ATakenJobNumberIsReplacedAndToldAndNoPatternIsNeededWithoutASchedule)
 {
-    frmServices screen(ServiceStore::Catalogue);
-    show(screen, Mode::Add, 0);
+    frmServices &screen = show(ServiceStore::Catalogue, Mode::Add, 0);
     type(screen, u"txtName"_s, u"Once"_s);
     chooseCrewAndCostCenter(screen);
     click(screen, u"OptDSA"_s);
@@ -275,8 +270,7 @@ TEST_F(frmServicesTest, ATakenJobNumberIsReplacedAndToldAndNoPatternIsNeededWith
 TEST_F(frmServicesTest, AnAssignedServiceShowsItsScheduleAndTakesANewDate)
 {
     const qint64 id = assigned({{u"NextScheduledDate"_s, day(3, 20)}, {u"JobNo"_s, 8}});
-    frmServices screen(ServiceStore::Assigned);
-    show(screen, Mode::Browse, id);
+    frmServices &screen = show(ServiceStore::Assigned, Mode::Browse, id);
     EXPECT_FALSE(named<QWidget>(screen, u"txtJobNo"_s).isVisible());
     EXPECT_EQ(named<QLabel>(screen, u"lblJobNoData"_s).text(), u"8"_s);
     EXPECT_EQ(named<QLabel>(screen, u"lblLastDateScheduledData"_s).text(), u"02/20/2024"_s);
@@ -304,8 +298,7 @@ TEST_F(frmServicesTest, AnAssignedServiceShowsItsScheduleAndTakesANewDate)
 TEST_F(frmServicesTest, ABlankDateStaysNullUntilOneIsGiven)
 {
     const qint64 id = assigned();
-    frmServices screen(ServiceStore::Assigned);
-    show(screen, Mode::Browse, id);
+    frmServices &screen = show(ServiceStore::Assigned, Mode::Browse, id);
     EXPECT_EQ(named<QStackedWidget>(screen, u"stkNextDate"_s).currentWidget()->objectName(),
               u"txtNextScheduledDate"_s);
     click(screen, u"ChkSeparateWO"_s);
@@ -321,8 +314,7 @@ TEST_F(frmServicesTest, ANewPeriodBringsACountOrADate)
 {
     reading(1, u"Hours"_s, day(3, 1), 500);
     const qint64 id = assigned({{u"NextScheduledDate"_s, day(3, 20)}});
-    frmServices screen(ServiceStore::Assigned);
-    show(screen, Mode::Browse, id);
+    frmServices &screen = show(ServiceStore::Assigned, Mode::Browse, id);
     choosePeriod(screen, u"Hours"_s);
     EXPECT_TRUE(named<QWidget>(screen, u"txtCount"_s).isVisible());
     EXPECT_EQ(named<QLabel>(screen, u"lblNextSchedule"_s).text().remove(u'&'),
@@ -351,8 +343,7 @@ TEST_F(frmServicesTest, ATargetCountIsAboveZero)
 {
     reading(1, u"Hours"_s, day(3, 1), 500);
     const qint64 id = assigned({{u"Period"_s, u"H"_s}, {u"NextScheduledCount"_s, 600}});
-    frmServices screen(ServiceStore::Assigned);
-    show(screen, Mode::Browse, id);
+    frmServices &screen = show(ServiceStore::Assigned, Mode::Browse, id);
     auto &box = named<QLineEdit>(screen, u"txtCount"_s);
     say(u"Please enter the next schedule count"_s);
     type(screen, u"txtCount"_s, {});
@@ -375,8 +366,7 @@ TEST_F(frmServicesTest, ATargetCountIsAboveZero)
     // A count of 0 from an earlier release stands until somebody changes it.
     gcnData->Execute(u"Delete from tblWoServiceUsed"_s);
     gcnData->Execute(u"Update tblServiceUsed set NextScheduledCount = 0"_s);
-    frmServices other(ServiceStore::Assigned);
-    show(other, Mode::Browse, id);
+    frmServices &other = show(ServiceStore::Assigned, Mode::Browse, id);
     click(other, u"ChkSeparateWO"_s);
     click(other, u"cmdUpdate"_s);
     EXPECT_EQ(value(u"Select SeparateWo from tblServiceUsed"_s), 1);
@@ -388,8 +378,7 @@ TEST_F(frmServicesTest, AnAssignedServiceIsRenamedOnlyOnInsisting)
         u"You should not change the name of a service. If you need a new service add it using the "
         "\"Services\" navigator on the left side. Then add it to this piece of equipment. Are you "
         "sure you want to do this?"_s;
-    frmServices screen(ServiceStore::Assigned);
-    show(screen, Mode::Browse, assigned());
+    frmServices &screen = show(ServiceStore::Assigned, Mode::Browse, assigned());
     auto &name = named<QLineEdit>(screen, u"txtName"_s);
     ask(question, false);
     type(screen, u"txtName"_s, u"Filter"_s);
@@ -409,8 +398,7 @@ TEST_F(frmServicesTest, AServiceOnAnOrderStaysActive)
 {
     const qint64 id = assigned();
     putOnOrder(id);
-    frmServices screen(ServiceStore::Assigned);
-    show(screen, Mode::Browse, id);
+    frmServices &screen = show(ServiceStore::Assigned, Mode::Browse, id);
     say(u"This service is already assigned to a work order. You cann't setted inactive."_s);
     click(screen, u"chkInactive"_s);
     EXPECT_FALSE(isChecked(screen, u"chkInactive"_s));
@@ -423,9 +411,8 @@ TEST_F(frmServicesTest, AServiceOnAnOrderStaysActive)
     EXPECT_TRUE(enabled(screen, u"chkInactive"_s));
 }
 
-class frmServicesParts : public frmServicesTest
+struct frmServicesParts : frmServicesTest
 {
-protected:
     frmServicesParts()
     {
         part(u"F1"_s, 4.5);
@@ -435,10 +422,8 @@ protected:
     qint64 assignedWithPart() const
     {
         const qint64 id = assigned();
-        insert(u"tblServiceUsedPart"_s, {{u"ServiceUsedID"_s, id},
-                                         {u"PartID"_s, u"F1"_s},
-                                         {u"QuantityRequired"_s, 2},
-                                         {u"Price"_s, 4.5}});
+        insert(u"tblServiceUsedPart"_s, u"ServiceUsedID, PartID, QuantityRequired, Price"_s,
+               {id, u"F1"_s, 2, 4.5});
         return id;
     }
     /// Ticks all parts that the selector offers.
@@ -456,8 +441,7 @@ protected:
 
 TEST_F(frmServicesParts, AreAddedChangedAndRemovedInOneEdit)
 {
-    frmServices screen(ServiceStore::Assigned);
-    show(screen, Mode::Browse, assignedWithPart());
+    frmServices &screen = show(ServiceStore::Assigned, Mode::Browse, assignedWithPart());
     EXPECT_EQ(named<QLabel>(screen, u"lblPartCost"_s).text(), u"$9.00"_s);
     EXPECT_EQ(text(screen, u"txtTotalCost"_s), u"$39.00"_s);
 
@@ -481,8 +465,7 @@ TEST_F(frmServicesParts, AreAddedChangedAndRemovedInOneEdit)
 
 TEST_F(frmServicesParts, AreUndoneByRevert)
 {
-    frmServices screen(ServiceStore::Catalogue);
-    show(screen, Mode::Browse, catalogue(50));
+    frmServices &screen = show(ServiceStore::Catalogue, Mode::Browse, catalogue(50));
     EXPECT_FALSE(enabled(screen, u"cmdRemove"_s));
     say(u"Note: You should not add equipment specfic parts to the master service list."_s);
     selectAllParts(2);
@@ -497,8 +480,7 @@ TEST_F(frmServicesParts, AreUndoneByRevert)
 
 TEST_F(frmServicesParts, AreAllUndoneWhenOneFails)
 {
-    frmServices screen(ServiceStore::Assigned);
-    show(screen, Mode::Browse, assignedWithPart());
+    frmServices &screen = show(ServiceStore::Assigned, Mode::Browse, assignedWithPart());
     grid::GridModel &rows = named<grid::GridView>(screen, u"grdPartUsed"_s).rows();
     const auto changeQuantity = [&] { return rows.edit(0, rows.columnIndex(u"Qty Req"), 3.0); };
     EXPECT_TRUE(changeQuantity());
@@ -522,8 +504,7 @@ TEST_F(frmServicesParts, NeedAStoredService)
 {
     const QString note =
         u"Note: You should not add equipment specfic parts to the master service list."_s;
-    frmServices screen(ServiceStore::Catalogue);
-    show(screen, Mode::Add, 0);
+    frmServices &screen = show(ServiceStore::Catalogue, Mode::Add, 0);
     say(note);
     ask(u"Record must be saved. Do you want to save it."_s, false);
     click(screen, u"cmdAddPart"_s);
@@ -541,8 +522,7 @@ TEST_F(frmServicesTest, LeavingAnEditAsks)
                        base::Prompts::Buttons::YesNoCancel, answer);
     };
     catalogue(50);
-    frmServices screen(ServiceStore::Catalogue);
-    show(screen, Mode::Browse, 50);
+    frmServices &screen = show(ServiceStore::Catalogue, Mode::Browse, 50);
     type(screen, u"txtName"_s, {});
     question(base::Prompts::Answer::Cancel);
     click(screen, u"cmdExit"_s);
@@ -567,8 +547,7 @@ TEST_F(frmServicesTest, ASaveLeavesAloneWhatAPostingMovedMeanwhile)
     const auto move = [&](const QDateTime &date) {
         other->Execute(u"Update tblServiceUsed set NextScheduledDate = ?"_s, {date});
     };
-    frmServices screen(ServiceStore::Assigned);
-    show(screen, Mode::Browse, id);
+    frmServices &screen = show(ServiceStore::Assigned, Mode::Browse, id);
     click(screen, u"ChkSeparateWO"_s);
     move(day(4, 20));
     click(screen, u"cmdUpdate"_s);

@@ -1,14 +1,10 @@
 #include "workorders/ui/WorkScreen.h"
 
-#include "core/Options.h"
 #include "platform/input/DateInput.h"
 
 #include <QTabWidget>
 
 using namespace Qt::StringLiterals;
-using Icon = base::Prompts::Icon;
-using Buttons = base::Prompts::Buttons;
-using Answer = base::Prompts::Answer;
 
 namespace {
 
@@ -17,17 +13,12 @@ const QString GenerateQuestion =
     u"You must genearte a Work Order before you can make changes. Do you wish to generate the Work "
     "Order?"_s;
 
-class PrintWork : public test::WorkScreen
+struct PrintWork : test::WorkScreen
 {
-protected:
     PrintWork()
     {
         SetOption(u"WoDateFrom"_s, u"02-14-2024"_s, true);
         machine(2, u"M2"_s);
-    }
-    void choose(Answer answer)
-    {
-        prompts.expect(DeleteQuestion, Icon::Question, Buttons::YesNo, answer);
     }
     input::DateInput &date(const char *name) { return driver().control<input::DateInput>(name); }
 };
@@ -66,13 +57,13 @@ TEST_F(PrintWork, GeneratesTheTickedMachines)
     service();
     service({{u"EquipmentID"_s, 2}});
     openPrinting();
-    prompts.expect(u"Please select at least one record"_s, Icon::None);
+    prompts.say(u"Please select at least one record"_s);
     press("cmdGenrateWo");
     key("grdPrintWO", Qt::Key_Down);
     key("grdPrintWO", Qt::Key_Space);
     service({{u"EquipmentID"_s, 2}, {u"NextScheduledDate"_s, day(3, 20)}});
     driver().type("datDateTo", u"03312024"_s); // not refreshed
-    prompts.expect(u"Workorder Generated"_s, Icon::None);
+    prompts.say(u"Workorder Generated"_s);
     press("cmdGenrateWo");
     EXPECT_EQ(count(u"tblWorkorder"_s, u"EquipmentID = 2"_s), 1);
     EXPECT_EQ(count(u"tblWorkorder"_s), 1);
@@ -84,11 +75,11 @@ TEST_F(PrintWork, TheButtonsOfADueServiceGenerateFirst)
 {
     service();
     openPrinting();
-    prompts.expect(GenerateQuestion, Icon::Question, Buttons::YesNo, Answer::No);
+    prompts.no(GenerateQuestion);
     press("cmdGenAddService");
     EXPECT_EQ(count(u"tblWorkorder"_s), 0);
-    prompts.expect(GenerateQuestion, Icon::Question, Buttons::YesNo, Answer::Yes);
-    prompts.expect(u"Workorder Generated"_s, Icon::None);
+    prompts.yes(GenerateQuestion);
+    prompts.say(u"Workorder Generated"_s);
     press("cmdGenRemoveService");
     EXPECT_EQ(count(u"tblWoServiceUsed"_s), 1);
     EXPECT_TRUE(driver().isShown("fraPrint"));
@@ -113,10 +104,10 @@ TEST_F(PrintWork, DeletesAnOrderAndItsServicesAfterAQuestion)
 {
     orderService(order());
     openPrinting();
-    choose(Answer::No);
+    prompts.no(DeleteQuestion);
     press("cmdDelete");
     EXPECT_EQ(count(u"tblWorkorder"_s), 1);
-    choose(Answer::Yes);
+    prompts.yes(DeleteQuestion);
     press("cmdDelete");
     EXPECT_EQ(count(u"tblWorkorder"_s) + count(u"tblWoServiceUsed"_s), 0);
     EXPECT_TRUE(column("grdPrintWO", u"Unit No"_s).isEmpty());
@@ -137,17 +128,17 @@ TEST_F(PrintWork, ChangesWhatStandsOnAnOrder)
     EXPECT_EQ(value(u"Select Price from tblWoPartUsed"_s).toDouble(), 8.5);
 
     driver().type("txtPrintNote", u""_s);
-    prompts.expect(u"Note Field Cann't left blank. When Service has Skiped."_s, Icon::None);
+    prompts.say(u"Note Field Cann't left blank. When Service has Skiped."_s);
     pressSlowly("cmdDelete");
     EXPECT_EQ(driver().focused(), "txtPrintNote");
     QTest::keyClicks(&driver().control("txtPrintNote"), u"Snow"_s);
     QTest::keyClick(&driver().control("txtPrintNote"), Qt::Key_Tab);
     EXPECT_EQ(value(u"Select [Note] from tblWoServiceUsed"_s).toString(), u"Snow"_s);
 
-    choose(Answer::Yes);
+    prompts.yes(DeleteQuestion);
     press("cmdPrintRemovePart");
     EXPECT_EQ(count(u"tblWoPartUsed"_s), 0);
-    choose(Answer::Yes);
+    prompts.yes(DeleteQuestion);
     press("cmdPrintRemoveService");
     EXPECT_EQ(count(u"tblWoServiceUsed"_s), 0);
     EXPECT_EQ(column("grdPrintWO", u"Unit No"_s), QStringList{u"M1"_s}) << "the order stays";
@@ -163,7 +154,7 @@ TEST_F(PrintWork, AServiceAddedTodayMovesTheEndOfTheWindow)
     openPrinting();
     test::onNextModal([](QWidget &list) {
         const test::ScreenDriver services(list);
-        auto &rows = services.control<grid::GridView>("grdServices").rows();
+        auto &rows = services.grid("grdServices").rows();
         rows.edit(0, rows.columnIndex(u"Select"), true);
         services.press("cmdSelect");
     });
@@ -186,10 +177,10 @@ TEST_F(PrintWork, PrintsOldAndNewOrdersTogetherAndMarksThemWhenAsked)
         return true;
     });
     openPrinting();
-    prompts.expect(u"Please select workorder to print."_s, Icon::None);
+    prompts.say(u"Please select workorder to print."_s);
     press("cmdPrint");
     press("cmdPrintSelect");
-    prompts.expect(u"Mark Work Orders as Printed"_s, Icon::Question, Buttons::YesNo, Answer::No);
+    prompts.no(u"Mark Work Orders as Printed"_s);
     press("cmdPrint");
     ASSERT_EQ(printed.size(), 1);
     EXPECT_FALSE(printed[0].second);
@@ -199,7 +190,7 @@ TEST_F(PrintWork, PrintsOldAndNewOrdersTogetherAndMarksThemWhenAsked)
 
     driver().press("chkGroupWo");
     press("cmdPrintSelect");
-    prompts.expect(u"Mark Work Orders as Printed"_s, Icon::Question, Buttons::YesNo, Answer::Yes);
+    prompts.yes(u"Mark Work Orders as Printed"_s);
     press("cmdPrint");
     EXPECT_TRUE(printed[1].second);
     EXPECT_EQ(count(u"tblWorkorder"_s, u"Printed = 1"_s), 2);
@@ -221,7 +212,7 @@ TEST_F(PrintWork, UnscheduledOrdersAreForMachinesThatAreNotListed)
         return u"2"_s;
     };
     openPrinting();
-    prompts.expect(u"Workorder Generated"_s, Icon::None);
+    prompts.say(u"Workorder Generated"_s);
     press("cmdUnschedule");
     EXPECT_EQ(asked.leftOut, u"1"_s);
     EXPECT_EQ(asked.form, u"frmEquipment"_s);
@@ -242,16 +233,16 @@ TEST_F(PrintWork, KeepsTheWindowInOrderAndForTheNextTime)
     QTest::keyClick(&date("datDateFrom"), Qt::Key_Tab);
     EXPECT_EQ(date("datDateTo").date(), QDate(2024, 4, 1));
     driver().type("datDateTo", u"03012024"_s);
-    prompts.expect(u"End date can't be less than Work Order Date"_s, Icon::None);
+    prompts.say(u"End date can't be less than Work Order Date"_s);
     QTest::keyClick(&date("datDateTo"), Qt::Key_Tab);
     EXPECT_EQ(date("datDateTo").date(), QDate(2024, 4, 1));
     driver().type("datDateTo", u"03012024"_s);
-    prompts.expect(u"End date can't be less than Work Order Date"_s, Icon::None);
+    prompts.say(u"End date can't be less than Work Order Date"_s);
     driver().control<QAbstractButton>("cmdRefreshWo").click(); // as a key does
     EXPECT_EQ(date("datDateTo").date(), QDate(2024, 4, 1));
     // What the list shows is what the boxes say, so half a date can't be left.
     driver().type("datDateTo", u"13"_s);
-    prompts.expect(u"Please enter valid date."_s, Icon::None);
+    prompts.say(u"Please enter valid date."_s);
     QTest::keyClick(&date("datDateTo"), Qt::Key_Tab);
     EXPECT_EQ(driver().focused(), "datDateTo");
     driver().type("datDateTo", u"04012024"_s);
@@ -295,7 +286,7 @@ TEST_F(PrintWork, AKeyThatTurnsTheTabLosesNoNote)
     openPrinting();
     auto &tabs = driver().control<QTabWidget>("sstabWorkorder");
     driver().type("txtPrintNote", u" "_s);
-    prompts.expect(u"Note Field Cann't left blank. When Service has Skiped."_s, Icon::None);
+    prompts.say(u"Note Field Cann't left blank. When Service has Skiped."_s);
     QTest::keyClick(&driver().control("txtPrintNote"), Qt::Key_Tab, Qt::ControlModifier);
     EXPECT_EQ(tabs.currentIndex(), 0);
     driver().type("txtPrintNote", u"Snow"_s);

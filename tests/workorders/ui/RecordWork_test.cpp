@@ -6,18 +6,14 @@
 #include <QRadioButton>
 
 using namespace Qt::StringLiterals;
-using Icon = base::Prompts::Icon;
-using Buttons = base::Prompts::Buttons;
-using Answer = base::Prompts::Answer;
 
 namespace {
 
 const QString SkipReason = u"Please mention the reason for Skiping the Service"_s;
 
 /// An order with two services, the first counted in hours, with a part each.
-class RecordWork : public test::WorkScreen
+struct RecordWork : test::WorkScreen
 {
-protected:
     RecordWork()
         : number(order())
         , first(orderService(
@@ -72,7 +68,7 @@ TEST_F(RecordWork, TheCompletedDateTicksTheOrderAndHasALimit)
     ASSERT_TRUE(edit("grdRecordWo", 0, u"CompletedDate"_s, day(3, 1)));
     EXPECT_TRUE(isComplete());
     EXPECT_EQ(cell("grdRecordWo", 0, u"Complete"_s), u"True"_s);
-    prompts.expect(u"Complete date cann't less than to 50 year of Current Date."_s, Icon::None);
+    prompts.say(u"Complete date cann't less than to 50 year of Current Date."_s);
     EXPECT_FALSE(edit("grdRecordWo", 0, u"CompletedDate"_s, base::wallClock({1974, 3, 14})));
     EXPECT_EQ(cell("grdRecordWo", 0, u"CompletedDate"_s), u"03/01/2024"_s);
     EXPECT_TRUE(edit("grdRecordWo", 0, u"CompletedDate"_s, base::wallClock({1974, 3, 15})));
@@ -102,7 +98,7 @@ TEST_F(RecordWork, SkippingNeedsAReasonAndReopensTheOrderAlone)
 
     // A skipped service keeps its note.
     driver().type("txtRecordNote", u""_s);
-    prompts.expect(u"Note Field Cann't left blank. When Service has Skiped."_s, Icon::Critical);
+    prompts.warn(u"Note Field Cann't left blank. When Service has Skiped."_s);
     pressSlowly("cmdPost");
     EXPECT_EQ(driver().focused(), "txtRecordNote");
     QTest::keyClicks(&driver().control("txtRecordNote"), u"Later"_s);
@@ -118,10 +114,10 @@ TEST_F(RecordWork, ASkippedServiceThatCameWithoutANoteNeedsOneToo)
     gcnData->Execute(u"Update tblWoServiceUsed set Skip = '1', [Note] = Null"_s);
     openRecording();
     auto &note = driver().control("txtRecordNote");
-    prompts.expect(u"No Work Order is selected to post"_s, Icon::None);
+    prompts.say(u"No Work Order is selected to post"_s);
     press("cmdPost"); // nobody was in the box
     note.setFocus();
-    prompts.expect(u"Note Field Cann't left blank. When Service has Skiped."_s, Icon::Critical);
+    prompts.warn(u"Note Field Cann't left blank. When Service has Skiped."_s);
     QTest::keyClick(&note, Qt::Key_Tab);
     EXPECT_EQ(driver().focused(), "txtRecordNote");
     QTest::keyClicks(&note, u"Rain"_s);
@@ -144,18 +140,16 @@ TEST_F(RecordWork, AllServicesAreSkippedForOneReason)
 
 TEST_F(RecordWork, ACountBelowTheNewestReadingIsAskedAboutAndACrewChangesTheCost)
 {
-    insert(u"tblEquipmentCount"_s, {{u"EquipmentID"_s, 1},
-                                    {u"ChangeDate"_s, day(3, 1)},
-                                    {u"CountType"_s, u"Hours"_s},
-                                    {u"CountValue"_s, 500}});
+    insert(u"tblEquipmentCount"_s, u"EquipmentID, ChangeDate, CountType, CountValue"_s,
+           {1, day(3, 1), u"Hours"_s, 500});
     openRecording();
     const QString question =
         u"Enter count is smaller than previous count(500). Do you want to continue ?"_s;
     EXPECT_TRUE(edit("grdRecordService", 0, u"Count"_s, 510));
-    prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::No);
+    prompts.no(question);
     EXPECT_FALSE(edit("grdRecordService", 0, u"Count"_s, 499));
     EXPECT_EQ(ofService(first, u"CountValue"_s).toInt(), 510);
-    prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+    prompts.yes(question);
     EXPECT_TRUE(edit("grdRecordService", 0, u"Count"_s, 499));
     EXPECT_EQ(ofService(first, u"CountValue"_s).toInt(), 499);
     EXPECT_TRUE(edit("grdRecordService", 0, u"Count"_s, QVariant()));
@@ -184,8 +178,7 @@ TEST_F(RecordWork, PartsFollowTheirService)
     EXPECT_TRUE(emptied.isValid() && emptied.toDouble() == 0);
     EXPECT_TRUE(edit("grdRecordPart", 0, u"Price"_s, 9.5));
     EXPECT_EQ(value(u"Select Price from tblWoPartUsed"_s).toDouble(), 9.5);
-    prompts.expect(u"Are you sure you want to Delete this record?"_s, Icon::Question,
-                   Buttons::YesNo, Answer::Yes);
+    prompts.yes(u"Are you sure you want to Delete this record?"_s);
     press("cmdRecordRemovePart");
     EXPECT_EQ(count(u"tblWoPartUsed"_s), 0);
     EXPECT_FALSE(driver().isEnabled("cmdRecordRemovePart"));
@@ -228,7 +221,7 @@ TEST_F(RecordWork, PostingAsksForTheDateAndPrintsWhenWanted)
         return true;
     });
     openRecording();
-    prompts.expect(u"No Work Order is selected to post"_s, Icon::None);
+    prompts.say(u"No Work Order is selected to post"_s);
     press("cmdPost");
     complete();
     edit("grdRecordService", 0, u"Count"_s, 7);
@@ -242,10 +235,8 @@ TEST_F(RecordWork, PostingAsksForTheDateAndPrintsWhenWanted)
         driver.type("dtpCompledDate", u"03102024"_s);
         driver.press("cmdOK");
     });
-    prompts.expect(u"Do you want to print a list of Work Orders posted?"_s, Icon::Question,
-                   Buttons::YesNo, Answer::Yes);
-    prompts.expect(u"Do you want to print out each individual Work Order"_s, Icon::Question,
-                   Buttons::YesNo, Answer::Yes);
+    prompts.yes(u"Do you want to print a list of Work Orders posted?"_s);
+    prompts.yes(u"Do you want to print out each individual Work Order"_s);
     press("cmdPost");
     EXPECT_EQ(count(u"tblWOServiceUsedHistory"_s, u"CompleteDate = #03-10-2024#"_s), 2);
     EXPECT_TRUE(column("grdRecordWo", u"Unit No"_s).isEmpty());
@@ -270,27 +261,25 @@ TEST_F(RecordWork, WhatAnotherWorkstationDidMeanwhileIsToldAndNotOverwritten)
                "you want to store yours?"_s.arg(theirCount);
     };
     theirs(500);
-    prompts.expect(question(u"500"_s), Icon::Question, Buttons::YesNo, Answer::No);
+    prompts.no(question(u"500"_s));
     EXPECT_FALSE(edit("grdRecordService", 0, u"Count"_s, 777));
     EXPECT_EQ(cell("grdRecordService", 0, u"Count"_s), u"500"_s);
     theirs(510);
-    prompts.expect(question(u"510"_s), Icon::Question, Buttons::YesNo, Answer::Yes);
+    prompts.yes(question(u"510"_s));
     EXPECT_TRUE(edit("grdRecordService", 0, u"Count"_s, 777));
     EXPECT_EQ(ofService(first, u"CountValue"_s).toInt(), 777);
     gcnData->Execute(u"Update tblWoServiceUsed set [Note] = 'theirs'"_s);
     driver().type("txtRecordNote", u"mine"_s);
-    prompts.expect(u"Another workstation has changed this note meanwhile:\n\ntheirs\n\nDo you want "
-                   "to store yours in its place?"_s,
-                   Icon::Question, Buttons::YesNo, Answer::Yes);
+    prompts.yes(u"Another workstation has changed this note meanwhile:\n\ntheirs\n\nDo you want "
+                "to store yours in its place?"_s);
     QTest::keyClick(&driver().control("txtRecordNote"), Qt::Key_Tab);
     EXPECT_EQ(ofService(first, u"Note"_s).toString(), u"mine"_s);
 
     // The order has been posted: what is shown of it goes.
     gcnData->Execute(u"Delete from tblWoServiceUsed"_s);
     gcnData->Execute(u"Delete from tblWorkorder"_s);
-    prompts.expect(u"This service stands on no open work order any more: another workstation has "
-                   "posted, removed or deleted it. Nothing was stored."_s,
-                   Icon::None);
+    prompts.say(u"This service stands on no open work order any more: another workstation has "
+                "posted, removed or deleted it. Nothing was stored."_s);
     EXPECT_FALSE(edit("grdRecordService", 0, u"Count"_s, 778));
     QCoreApplication::processEvents();
     EXPECT_TRUE(column("grdRecordWo", u"Unit No"_s).isEmpty());
@@ -312,15 +301,12 @@ TEST_F(RecordWork, OrdersThatCantBePostedDontKeepTheOthers)
     test::onNextModal([](QWidget &dates) { test::ScreenDriver(dates).press("cmdOK"); });
     const QString offer =
         u"\n\nNothing has been posted. Do you want to post the other work orders without it?"_s;
-    prompts.expect(
-        u"Work order %1 of machine M1 - Mower M1 can't be posted now: another workstation "
-        "is changing it. Please try again in a moment."_s.arg(held) +
-            offer,
-        Icon::Question, Buttons::YesNo, Answer::Yes);
-    prompts.expect(u"Work order %1 of machine M1 - Mower M1 can't be posted: the schedule of its "
-                   "service \"Oil change\" can't be moved on (Invalid use of Null)."_s.arg(spoilt) +
-                       offer,
-                   Icon::Question, Buttons::YesNo, Answer::Yes);
+    prompts.yes(u"Work order %1 of machine M1 - Mower M1 can't be posted now: another workstation "
+                "is changing it. Please try again in a moment."_s.arg(held) +
+                offer);
+    prompts.yes(u"Work order %1 of machine M1 - Mower M1 can't be posted: the schedule of its "
+                "service \"Oil change\" can't be moved on (Invalid use of Null)."_s.arg(spoilt) +
+                offer);
     press("cmdPost");
     workstation->RollbackTrans();
     EXPECT_EQ(found(u"Select WorkorderNo, CompleteDate from tblWOServiceUsedHistory"_s),
@@ -336,13 +322,12 @@ TEST_F(RecordWork, AServiceAddedToACompleteOrderAsksForItsParts)
     complete();
     test::onNextModal([](QWidget &list) {
         const test::ScreenDriver services(list);
-        auto &rows = services.control<grid::GridView>("grdServices").rows();
+        auto &rows = services.grid("grdServices").rows();
         rows.edit(0, rows.columnIndex(u"Select"), true);
         services.press("cmdSelect");
     });
-    prompts.expect(u"The work order is complete, so what is added counts as done. Were its parts "
-                   "used?"_s,
-                   Icon::Question, Buttons::YesNo, Answer::Yes);
+    prompts.yes(u"The work order is complete, so what is added counts as done. Were its parts "
+                "used?"_s);
     press("cmdRecordAddService");
     EXPECT_EQ(count(u"tblWoServiceUsed"_s, u"ServiceID = 7 and Completed = -1"_s), 1);
     EXPECT_EQ(count(u"tblWoPartUsed"_s, u"Used = -1"_s), 2);
@@ -353,9 +338,8 @@ TEST_F(RecordWork, AnOrderThatWaitsForACountStaysComplete)
     openRecording();
     complete();
     test::onNextModal([](QWidget &dates) { test::ScreenDriver(dates).press("cmdOK"); });
-    prompts.expect(u"Following Work Orders (%1) aren't posted. Enter counts for these Work "
-                   "Orders."_s.arg(number),
-                   Icon::None);
+    prompts.say(u"Following Work Orders (%1) aren't posted. Enter counts for these Work "
+                "Orders."_s.arg(number));
     press("cmdPost");
     EXPECT_EQ(cell("grdRecordWo", 0, u"Complete"_s), u"True"_s);
 }
@@ -374,6 +358,9 @@ TEST_F(RecordWork, TheNextDateOfAServiceIsConfirmed)
     };
     ask([](const test::ScreenDriver &driver) {
         EXPECT_FALSE(driver.isEnabled("datNextScheduled"));
+        EXPECT_EQ(driver.text("lblUnitNo") + driver.text("lblEquipmentName") +
+                      driver.text("lblName"),
+                  u"M1Mower M1Oil change"_s);
         QTest::keyClick(&driver.screen(), Qt::Key_Escape);
         EXPECT_TRUE(driver.isOpen()) << "the posting waits for an answer";
         gcnData->setObserver([](const db::Sent &) { throw base::Error(5, u"broken"_s); });
@@ -388,7 +375,7 @@ TEST_F(RecordWork, TheNextDateOfAServiceIsConfirmed)
         driver.press("optNextScheduled");
         EXPECT_EQ(driver.text("datNextScheduled"), u"03/12/2024"_s);
         driver.type("datNextScheduled", u"03112024"_s);
-        prompts.expect(u"Next Scheduled Date cann't be Less than to Complete Date"_s, Icon::None);
+        prompts.say(u"Next Scheduled Date cann't be Less than to Complete Date"_s);
         QTest::keyClick(&driver.control("datNextScheduled"), Qt::Key_Tab);
         EXPECT_EQ(driver.text("datNextScheduled"), u"03/12/2024"_s);
         driver.type("datNextScheduled", u"05012024"_s);

@@ -12,9 +12,8 @@
 namespace test {
 
 /// The work-order screen of a workshop, worked by clicks, keys and edits of cells.
-class WorkScreen : public Workshop
+struct WorkScreen : Workshop
 {
-protected:
     WorkScreen() { screenCalls() = {}; }
     ~WorkScreen() override
     {
@@ -79,9 +78,7 @@ private:
     {
         screen = std::make_unique<frmWorkorder>();
         show();
-        screen->show();
-        screen->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(screen.get()));
+        bringUp(*screen);
     }
 };
 

@@ -1,20 +1,14 @@
 #include "workorders/ui/frmOverDueWork.h"
 
-#include "core/ui/Openings.h"
 #include "workorders/Board.h"
 #include "workorders/ui/WorkScreen.h"
 
 using namespace Qt::StringLiterals;
-using Icon = base::Prompts::Icon;
 
 namespace {
 
-const QString NoRight =
-    u"You do not have sufficient rights to see this report. Please see your system administrator"_s;
-
-class OverDueWork : public test::Workshop
+struct OverDueWork : test::Workshop
 {
-protected:
     OverDueWork()
     {
         screenCalls() = {};
@@ -32,9 +26,7 @@ protected:
     {
         board = std::make_unique<frmOverDueWork>();
         board->resize(900, 600);
-        board->show();
-        board->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(board.get()));
+        test::bringUp(*board);
     }
     [[nodiscard]] grid::GridView &grid(const char *name = "grdEquipWithSer") const
     {
@@ -140,7 +132,7 @@ TEST_F(OverDueWork, ALinkOpensTheMachinesRowInTheBoardsWindow)
     open();
     test::onNextModal([](QWidget &window) {
         const test::ScreenDriver work(window);
-        const auto &list = work.control<grid::GridView>("grdPrintWO");
+        const auto &list = work.grid("grdPrintWO");
         EXPECT_EQ(list.rows().text(list.currentRow(), u"Unit No"), u"T"_s);
         EXPECT_EQ(work.text("datDateFrom"), u"02/14/2024"_s);
         EXPECT_EQ(work.text("datDateTo"), u"03/15/2024"_s);
@@ -157,7 +149,7 @@ TEST_F(OverDueWork, ALinkOpensTheOrderForRecording)
     open();
     test::onNextModal([first](QWidget &window) {
         const test::ScreenDriver work(window);
-        const auto &list = work.control<grid::GridView>("grdRecordWo");
+        const auto &list = work.grid("grdRecordWo");
         EXPECT_TRUE(list.isVisible());
         EXPECT_EQ(list.rows().value(list.currentRow(), u"WorkOrderNo").toLongLong(), first);
         work.press("cmdExit");
@@ -179,7 +171,7 @@ TEST_F(OverDueWork, ReportsNeedTheirRightAndSomebodyWhoShowsThem)
     open();
     EXPECT_FALSE(grid("grdReport").isRowExpanded(0)) << "collapsed at first";
     follow("grdReport", u"ReportName"_s, u"Equipment List"_s); // nobody has joined it
-    prompts.expect(NoRight, Icon::Information);
+    prompts.inform(test::NoReport);
     follow("grdReport", u"ReportName"_s, u"Inventory Report"_s);
     EXPECT_EQ(opened, 0);
     gRights.InvReport = true;
@@ -214,7 +206,7 @@ TEST_F(OverDueWork, ShortcutsAskForTheirRight)
     openings().join(u"frmEquipmentReading"_s, [&] { ++readings; });
     open();
     const test::ScreenDriver driver(*board);
-    prompts.expect(NoRight, Icon::Information);
+    prompts.inform(test::NoReport);
     driver.press("cmdToolbar2");
     driver.press("cmdToolbar5");
     EXPECT_EQ(asked.table, u"tblEquipment"_s);

@@ -1,20 +1,17 @@
 #include "workorders/ui/frmServiceTime.h"
 
 #include "core/CompanySession.h"
+#include "core/ui/Modal.h"
 #include "platform/input/TimeInput.h"
-#include "support/ScriptedPrompts.h"
 
-#include <QPushButton>
-#include <QTest>
 #include <QTimeEdit>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-class ServiceTimes : public test::CompanySession
+struct ServiceTimes : test::CompanySession
 {
-protected:
     ServiceTimes()
     {
         gcnData->Execute(
@@ -29,9 +26,7 @@ protected:
     void show(const ScreenCalls::ServiceTimes &times)
     {
         screen = std::make_unique<frmServiceTime>(times);
-        screen->show();
-        screen->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(screen.get()));
+        test::bringUp(*screen);
         start().setFocus();
     }
     template<class Control>
@@ -103,11 +98,11 @@ TEST_F(ServiceTimes, WithoutAStartTheEndAndTheHoursStay)
 TEST_F(ServiceTimes, AnHourAboveTwelveIsReplaced)
 {
     show({.id = 1, .start = u"08:05"_s, .end = u"13:30"_s});
-    prompts.expect(u"Invalid Time"_s, base::Prompts::Icon::None);
+    prompts.say(u"Invalid Time"_s);
     type(start(), u"13:00A"_s);
     QTest::keyClick(&start(), Qt::Key_Tab);
     EXPECT_EQ(start().text(), u"08:00A");
-    prompts.expect(u"Invalid Time"_s, base::Prompts::Icon::None);
+    prompts.say(u"Invalid Time"_s);
     type(end(), u"20:00"_s);
     QTest::keyClick(&end(), Qt::Key_Tab);
     // Midnight lies before the start.
