@@ -88,7 +88,9 @@ def changes_of(line, previous):
         found.append("")
     if re.match(r"\{.*\},$", text):
         found.append("")
-    if re.match(r"return [^;]+;$", text) and re.search(r"\b(?:true|false)\b", text) is None:
+    # What is empty already can't be emptied.
+    if re.match(r"return [^;]+;$", text) and \
+            re.search(r"\b(?:true|false)\b|^return (?:std::nullopt|\{\}|0|Q\w+\(\));", text) is None:
         found.append(re.sub(r"return .*;", "return {};", line))
     return [new for new in dict.fromkeys(found) if new != line]
 
