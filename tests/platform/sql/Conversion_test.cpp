@@ -1,5 +1,6 @@
 #include "platform/sql/Conversion.h"
 #include "platform/sql/Errors.h"
+#include "platform/sql/Types.h"
 
 #include "platform/base/Environment.h"
 #include "support/Raised.h"
@@ -43,9 +44,27 @@ TEST(Conversion, GivesTheValueToBind)
         Case{u"12:00:00 AM"_s, ColumnKind::Date, base::wallClock(QDate(1899, 12, 30))},
         Case{45366.5, ColumnKind::Date, base::wallClock(QDate(2024, 3, 15), QTime(12, 0))},
         Case{QDate(2024, 3, 15), ColumnKind::Date, march15},
+        Case{u"2024/3/15"_s, ColumnKind::Date, march15},
+        Case{u"2024-3-5 14:30"_s, ColumnKind::Date,
+             base::wallClock(QDate(2024, 3, 5), QTime(14, 30))},
+        Case{u"45366"_s, ColumnKind::Date, march15},
+        Case{-657'434, ColumnKind::Date, base::wallClock(QDate(100, 1, 1))},
+        Case{2'958'465, ColumnKind::Date, base::wallClock(QDate(9999, 12, 31))},
+        Case{base::wallClock(QDate(2024, 3, 15), QTime(18, 0)), ColumnKind::Real, 45366.75},
+        // The ends of what numbers hold, and other forms of them.
+        Case{9.1e18, ColumnKind::Integer, qint64(9'100'000'000'000'000'000)},
+        Case{922'337'203'685'477.4, ColumnKind::Money, 922'337'203'685'477.4},
+        Case{1.5f, ColumnKind::Integer, qint64(2)}, Case{u"+5"_s, ColumnKind::Real, 5.0},
+        Case{u"1E3"_s, ColumnKind::Real, 1000.0}, Case{u"1e-1"_s, ColumnKind::Real, 0.1},
+        Case{false, ColumnKind::Integer, qint64(0)}, Case{false, ColumnKind::Text, u"0"_s},
+        Case{u"ab"_s, ColumnKind::Binary, QByteArray("ab")},
+        Case{QByteArray("ab"), ColumnKind::Binary, QByteArray("ab")},
         // Yes and no.
         Case{u"1"_s, ColumnKind::YesNo, qint64(-1)}, Case{u"0"_s, ColumnKind::YesNo, qint64(0)},
         Case{u"yes"_s, ColumnKind::YesNo, qint64(-1)},
+        Case{u" on"_s, ColumnKind::YesNo, qint64(-1)},
+        Case{u"true"_s, ColumnKind::YesNo, qint64(-1)}, Case{u"No"_s, ColumnKind::YesNo, qint64(0)},
+        Case{u"off"_s, ColumnKind::YesNo, qint64(0)},
         Case{u"FALSE"_s, ColumnKind::YesNo, qint64(0)}, Case{7, ColumnKind::YesNo, qint64(-1)},
         Case{u"12"_s, ColumnKind::Unknown, u"12"_s}, Case{true, ColumnKind::Unknown, qint64(-1)}};
     for (const Case &c : cases) {
@@ -53,22 +72,94 @@ TEST(Conversion, GivesTheValueToBind)
         EXPECT_EQ(bound, c.bound) << qPrintable(c.value.toString());
         EXPECT_EQ(bound.typeId(), c.bound.typeId()) << qPrintable(c.value.toString());
     }
+    for (const QVariant &three :
+         {QVariant(3), QVariant(3U), QVariant(3LL), QVariant(3ULL), QVariant::fromValue(short(3)),
+          QVariant::fromValue(ushort(3)), QVariant::fromValue(char(3)),
+          QVariant::fromValue(uchar(3)), QVariant::fromValue(static_cast<signed char>(3)),
+          QVariant::fromValue(3L), QVariant::fromValue(3UL)})
+        EXPECT_EQ(sql::converted(three, ColumnKind::Integer).toLongLong(), 3) << three.typeName();
+    for (const auto &[value, kind] : {std::pair(QVariant(9.2e18), ColumnKind::Integer),
+                                      {QVariant(922'337'203'685'477.5), ColumnKind::Money}})
+        EXPECT_EQ(test::raisedBy([&, &value = value, &kind = kind] {
+                      (void)sql::converted(value, kind);
+                  }).number(),
+                  base::ErrorNumber::Overflow);
 }
 
 TEST(Conversion, WhatIsNoValueOfTheKindIsATypeMismatch)
 {
     const std::vector<std::pair<QVariant, ColumnKind>> refused = {
-        {u""_s, ColumnKind::Integer},       {u"abc"_s, ColumnKind::Integer},
-        {u"12a"_s, ColumnKind::Real},       {u"1e999"_s, ColumnKind::Real},
-        {u"nan"_s, ColumnKind::Real},       {u""_s, ColumnKind::Date},
-        {u"15/3/2024"_s, ColumnKind::Date}, {u"soon"_s, ColumnKind::Date},
-        {1e12, ColumnKind::Date},           {u"maybe"_s, ColumnKind::YesNo},
-        {QByteArray("x"), ColumnKind::Text}};
+        {u""_s, ColumnKind::Integer},
+        {u"abc"_s, ColumnKind::Integer},
+        {u"12a"_s, ColumnKind::Real},
+        {u"1e999"_s, ColumnKind::Real},
+        {u"nan"_s, ColumnKind::Real},
+        {u""_s, ColumnKind::Date},
+        {u"15/3/2024"_s, ColumnKind::Date},
+        {u"soon"_s, ColumnKind::Date},
+        {1e12, ColumnKind::Date},
+        {u"maybe"_s, ColumnKind::YesNo},
+        {QByteArray("x"), ColumnKind::Text},
+        {QByteArray("1"), ColumnKind::Date},
+        {QByteArray("1"), ColumnKind::Real},
+        {5, ColumnKind::Binary},
+        {-657'435, ColumnKind::Date},
+        {2'958'466, ColumnKind::Date},
+        {u"2024-3/5"_s, ColumnKind::Date},
+        {QString(41, u'x'), ColumnKind::Real}};
     for (const auto &[given, as] : refused) {
         const auto convert = [&value = given, kind = as] { (void)sql::converted(value, kind); };
         EXPECT_EQ(test::raisedBy(convert).number(), sql::ErrorNumber::TypeMismatch)
             << qPrintable(given.toString());
+        const QString told = test::raisedBy(convert).description();
+        EXPECT_EQ(told.contains(u"..."), given.toString().size() > 40) << qPrintable(told);
     }
+}
+
+TEST(ArithmeticType, FollowsTheKindsOfBothSides)
+{
+    using enum ColumnKind;
+    using enum sql::Operator;
+    using Row = std::tuple<sql::Operator, ColumnKind, ColumnKind, ColumnKind>;
+    const Row cases[] = {
+        // Sums and differences.
+        Row{Add, Text, Text, Text}, Row{Add, Text, Unknown, Text}, Row{Add, Unknown, Text, Text},
+        Row{Add, Integer, Integer, Integer}, Row{Add, Integer, YesNo, Integer},
+        Row{Add, Text, Integer, Real}, Row{Add, Money, Integer, Money},
+        Row{Add, Integer, Money, Money}, Row{Add, Money, Real, Real}, Row{Add, Date, Integer, Date},
+        Row{Add, Integer, Date, Date}, Row{Subtract, Date, Date, Real},
+        Row{Subtract, Date, Integer, Date}, Row{Subtract, Integer, Date, Real},
+        Row{Subtract, Money, Money, Money},
+
+        // Products and the rest.
+        Row{Multiply, Money, Money, Real}, Row{Multiply, Money, Integer, Money},
+        Row{Multiply, Integer, Money, Money}, Row{Multiply, Integer, Integer, Integer},
+        Row{Multiply, Real, Integer, Real}, Row{Divide, Integer, Integer, Real},
+        Row{Power, Integer, Integer, Real}, Row{IntegerDivide, Real, Real, Integer},
+        Row{Modulo, Money, Money, Integer}, Row{Concatenate, Date, Binary, Text}};
+    for (const auto &[operation, left, right, type] : cases)
+        EXPECT_EQ(sql::arithmeticType(operation, left, right), type)
+            << int(operation) << ' ' << int(left) << ' ' << int(right);
+    using Refused = std::tuple<sql::Operator, ColumnKind, ColumnKind>;
+    const Refused refused[] = {// Dates and bytes.
+                               Refused{Add, Date, Date},          Refused{Add, Date, Text},
+                               Refused{Add, Text, Date},          Refused{Subtract, Date, Text},
+                               Refused{Subtract, Text, Date},     Refused{Multiply, Date, Integer},
+                               Refused{Divide, Integer, Date},    Refused{Add, Binary, Integer},
+                               Refused{Multiply, Integer, Binary}};
+    for (const auto &[operation, left, right] : refused)
+        EXPECT_EQ(test::raisedBy([&, &o = operation, &l = left, &r = right] {
+                      (void)sql::arithmeticType(o, l, r);
+                  }).number(),
+                  sql::ErrorNumber::TypeMismatch);
+    using Common = std::tuple<ColumnKind, ColumnKind, ColumnKind>;
+    const Common common[] = {// Nothing is known of one side, or both are.
+                             Common{Date, Date, Date},    Common{Integer, Unknown, Integer},
+                             Common{Unknown, Date, Date}, Common{Integer, Money, Money},
+                             Common{Integer, Text, Text}, Common{Date, Real, Text},
+                             Common{Text, Real, Text}};
+    for (const auto &[left, right, type] : common)
+        EXPECT_EQ(sql::commonType(left, right), type) << int(left) << ' ' << int(right);
 }
 
 TEST(SlotValue, NegatesBeforeItConverts)
