@@ -9,6 +9,7 @@
 #include "support/Raised.h"
 #include "support/TestEnvironment.h"
 
+#include <QLocale>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -151,6 +152,14 @@ TEST_F(Engine, ExpressionsHaveTheDialectsValues)
         Row{u"Format(Bought, 'q y w ww')"_s, u"1 69 7 10"_s},
         Row{u"Format(Bought, '\"Day\" d')"_s, u"Day 9"_s},
         Row{u"Format(Bought, 'Medium Date') & Format(Bought, 'short time')"_s, u"09-Mar-2414:05"_s},
+        Row{u"Format(Bought, 'General Date') & '|' & Format(Bought, 'Long Date')"_s,
+            u"3/9/2024 2:05:07 PM|Saturday, March 09, 2024"_s},
+        Row{u"Format(Bought, 'Short Date') & '|' & Format(Bought, 'Long Time')"_s,
+            u"3/9/2024|2:05:07 PM"_s},
+        Row{u"Format(Bought, 'Medium Time') & '|' & Format(.285, 'Percent')"_s,
+            u"02:05 PM|28.50%"_s},
+        Row{u"Format(Cost, 'Fixed') & '|' & Format(Cost, 'Standard') & Format(7, '\\x0\\0')"_s,
+            u"1234.50|1,234.50x70"_s},
         Row{u"Format(Bought, 'c')"_s, u"3/9/2024 2:05:07 PM"_s},
         Row{u"Format(Bought, 'nn:ss')"_s, u"05:07"_s},
         // Numbers in every picture, a half away from zero.
@@ -181,6 +190,9 @@ TEST_F(Engine, ExpressionsHaveTheDialectsValues)
         Row{u"Format(0, 'Yes/No') & '|' & Format(Hours, 'True/False')"_s, u"No|True"_s}};
     for (const auto &[expression, expected] : cases)
         EXPECT_EQ(value(expression), expected) << qPrintable(expression);
+    for (int month = 1; month <= 12; ++month)
+        EXPECT_EQ(value(u"Format(DateSerial(2024, %1, %1), 'mmmm mmm dddd ddd')"_s.arg(month)),
+                  QLocale::c().toString(QDate(2024, month, month), u"MMMM MMM dddd ddd"_s));
 }
 
 TEST_F(Engine, RandomAmountsAreWrittenAsWholeNumbersSay)
