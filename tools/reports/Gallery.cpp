@@ -5,6 +5,7 @@
 #include "platform/base/Error.h"
 #include "platform/report/paginate/Paginator.h"
 #include "platform/report/render/Export.h"
+#include "platform/report/render/PagePainter.h"
 #include "platform/report/render/PdfFile.h"
 #include "reporting/FilterRequests.h"
 #include "reporting/Preparation.h"

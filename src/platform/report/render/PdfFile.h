@@ -1,31 +1,64 @@
 #pragma once
 
-#include "platform/report/layout/Layout.h"
-#include "platform/report/render/OutputFile.h"
-#include "platform/report/render/PagePainter.h"
+#include "platform/report/paginate/PageDocument.h"
+#include "platform/report/render/PdfDocument.h"
+#include "platform/report/render/PdfFonts.h"
 
-#include <QPainter>
-#include <QPdfWriter>
+#include <QHash>
+#include <QSize>
 
 namespace report {
 
-/// Writes pages into a PDF file, one after another.
+/// Writes pages into a PDF file, one after another. A line of text is one piece in it, whose
+/// letters stand as wide as they were measured.
 class PdfFile
 {
 public:
     /// Raises base::Error when the file can't be begun.
     PdfFile(const QString &path, const PageSetup &page, const QString &title);
 
+    /// Raises base::Error when it can't be written, as finish does.
     void add(const Page &page);
-    /// Puts the file in its place. Raises base::Error when it can't be written.
+    /// Puts the file in its place.
     void finish();
 
 private:
-    OutputFile m_file;
-    QPdfWriter m_writer;
-    QPainter m_painter;
-    PagePainter m_pages;
-    bool m_isFirst = true;
+    struct Picture
+    {
+        int number = 0; ///< 0 for one that can't be read
+        QSize size{};
+    };
+    void draw(const TextItem &item);
+    void draw(const LineItem &item);
+    void draw(const BoxItem &item);
+    void draw(const PictureItem &item);
+    void draw(const BarCodeItem &item);
+    void draw(const ShapeItem &item);
+
+    void drawLine(const TextItem &item, const TextLine &line);
+    void drawShaped(const TextItem &item, const TextLine &line);
+    void drawUnderline(const TextItem &item, const TextLine &line);
+    void fill(const QRect &frame, const QColor &color);
+    void stroke(QPoint from, QPoint to);
+    void setFill(const QColor &color);
+    void setPen(const QColor &color, Length width, int cap, int join);
+    [[nodiscard]] Picture picture(const QByteArray &data);
+
+    PdfDocument m_document;
+    PdfFonts m_fonts;
+    QHash<QByteArray, Picture> m_pictures;
+    const QByteArray m_size; ///< of the sheet
+    const QByteArray m_scale;
+    const QString m_title;
+    const int m_tree;
+    const int m_resources;
+    QList<QByteArray> m_pages; ///< references to those that are written
+
+    // The page on hand, and what it has set last.
+    QByteArray m_content;
+    QByteArray m_fillColor;
+    QByteArray m_pen;
+    QByteArray m_font;
 };
 
 } // namespace report

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/report/layout/Layout.h"
+#include "platform/report/render/PdfDocument.h"
+
+#include <QHash>
+#include <QRawFont>
+#include <map>
+#include <memory>
+#include <set>
+
+namespace report {
+
+/// A face of letters that a PDF file carries with it, as far as its texts need them.
+class PdfFont
+{
+public:
+    PdfFont(const Font &font, const QByteArray &name);
+
+    /// By which pages call it, "/F1".
+    [[nodiscard]] const QByteArray &name() const { return m_name; }
+    /// Adds the glyphs of a text in hexadecimal digits. False, and nothing added, when some letter
+    /// takes more than the glyph that the face has for it: it would have to be shaped.
+    [[nodiscard]] bool append(QByteArray &digits, const QString &text);
+    [[nodiscard]] bool isUsed() const { return !m_used.empty(); }
+    /// Writes what was used, under this number.
+    void write(PdfDocument &document, int number) const;
+
+private:
+    struct Glyph
+    {
+        quint32 index = 0; ///< 0 for a letter that the face can't show by itself
+        QByteArray digits{};
+    };
+    [[nodiscard]] const Glyph &glyphOf(QChar letter);
+    [[nodiscard]] QByteArray widths() const;
+    [[nodiscard]] QByteArray letters() const;
+
+    const QByteArray m_name;
+    QRawFont m_font;
+    bool m_isFit = false; ///< the face is the one that was asked for, and its outlines can be taken
+    QHash<QChar, Glyph> m_glyphs;
+    std::map<quint32, QChar> m_used; ///< the letter of each glyph
+};
+
+/// The faces of one file.
+class PdfFonts
+{
+public:
+    /// The face of a font, whatever its size.
+    [[nodiscard]] PdfFont &of(const Font &font);
+    /// Writes all, and returns the entry of the resources that names them.
+    [[nodiscard]] QByteArray write(PdfDocument &document) const;
+
+private:
+    std::map<QString, std::unique_ptr<PdfFont>> m_fonts;
+    std::pair<Font, PdfFont *> m_last{{}, nullptr};
+};
+
+} // namespace report
