@@ -6,6 +6,7 @@
 #include "core/Session.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Error.h"
+#include "platform/base/PreparedName.h"
 #include "platform/db/FileCheck.h"
 #include "platform/db/Proof.h"
 #include "platform/system/Files.h"
@@ -40,7 +41,8 @@ class PlainCopy
 {
 public:
     PlainCopy()
-        : m_path(base::applicationPath(u"\\Data\\Backup\\to be sealed~"_s))
+        : m_path(base::preparedName(base::applicationPath(u"\\Data\\Backup\\backup"_s),
+                                    u".to be sealed~"_s))
     {
         QFile::remove(m_path);
     }
@@ -67,7 +69,7 @@ db::RowCounts copySealed(const BackupRequest &request)
 {
     const PlainCopy plain;
     const db::RowCounts counts = db::backupProven(databaseTarget(), plain.path());
-    const QString unproven = placeOf(request) + u".unproven~"_s;
+    const QString unproven = base::preparedName(placeOf(request), u".unproven~"_s);
     try {
         seal(plain.path(), unproven, request.passphrase);
         proveSealed(unproven, plain.path(), request.passphrase);
@@ -99,7 +101,7 @@ QString refusalOfBackup(const BackupRequest &request)
         return u"Folder Path should not be blank."_s;
     if (request.name.contains(u'/') || request.name.contains(u'\\'))
         return u"The name of a backup can't hold / or \\. Please choose the folder above."_s;
-    if (QFileInfo(placeOf(request)) == QFileInfo(gsDatabasePath))
+    if (sys::isSameFile(placeOf(request), gsDatabasePath))
         return u"That is the database itself. Please choose another folder or name."_s;
     if (QFileInfo(placeOf(request)).isDir())
         return u"A folder of that name stands there. Please choose another name."_s;

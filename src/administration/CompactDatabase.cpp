@@ -4,6 +4,7 @@
 #include "core/Session.h"
 #include "core/Told.h"
 #include "platform/base/Environment.h"
+#include "platform/base/PreparedName.h"
 #include "platform/base/Trapped.h"
 #include "platform/db/ClosedFile.h"
 #include "platform/db/Maintenance.h"
@@ -60,7 +61,7 @@ QString keepCopy(const db::ClosedFile &live)
 {
     const QString folder = base::applicationPath(u"\\Data\\Backup\\"_s);
     sys::makeFolder(folder);
-    const ScratchFile fresh(folder + backupName() + u".new~"_s);
+    const ScratchFile fresh(base::preparedName(folder + backupName(), u".new~"_s));
     live.copyTo(fresh.path());
     const QString backup =
         folder + backupName() + (isSound(fresh.path()) ? u".mdb"_s : u" damaged.mdb"_s);
@@ -94,7 +95,7 @@ void compactWhole()
     }
     {
         const ScratchFile compacted(base::applicationPath(u"\\TP_TMP.mdb"_s));
-        const ScratchFile staged(gsDatabasePath + u".compact~"_s);
+        const ScratchFile staged(base::preparedName(gsDatabasePath, u".compact~"_s));
         db::ClosedFile live(gsDatabasePath);
         const QString backup = keepCopy(live);
         // Of the copy, so that nobody has to be attached to the database itself meanwhile.

@@ -8,6 +8,7 @@
 #include "core/database/Changes.h"
 #include "core/database/CreateDatabase.h"
 #include "core/database/RowWriter.h"
+#include "platform/base/PreparedName.h"
 #include "platform/db/ClosedFile.h"
 #include "platform/db/Structure.h"
 
@@ -214,7 +215,7 @@ class Beside
 {
 public:
     Beside(const QString &file, const QString &ending)
-        : m_path(file + ending)
+        : m_path(base::preparedName(file, ending))
     {
         QFile::remove(m_path);
     }

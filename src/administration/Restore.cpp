@@ -7,6 +7,7 @@
 #include "core/database/Changes.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Error.h"
+#include "platform/base/PreparedName.h"
 #include "platform/db/ClosedFile.h"
 #include "platform/db/FileCheck.h"
 #include "platform/db/Maintenance.h"
@@ -72,7 +73,7 @@ class Staged
 {
 public:
     Staged(const Chosen &chosen, const QByteArray &fingerprint)
-        : m_path(gsDatabasePath + u".restore~"_s)
+        : m_path(base::preparedName(gsDatabasePath, u".restore~"_s))
     {
         try {
             if (fetch(chosen, m_path) != fingerprint)

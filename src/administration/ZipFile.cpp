@@ -1,6 +1,7 @@
 #include "administration/ZipFile.h"
 
 #include "platform/base/Error.h"
+#include "platform/base/PreparedName.h"
 #include "platform/system/Files.h"
 
 #include <QFile>
@@ -80,7 +81,7 @@ ZipWriter::~ZipWriter()
 
 QString ZipWriter::partial() const
 {
-    return m_path + u".part~"_s;
+    return base::preparedName(m_path, u".part~"_s);
 }
 
 void ZipWriter::add(const QString &name, const QString &file)

@@ -7,6 +7,7 @@
 #include "core/Told.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Error.h"
+#include "platform/base/PreparedName.h"
 #include "platform/base/Trapped.h"
 #include "platform/db/FileCheck.h"
 #include "platform/db/Maintenance.h"
@@ -125,9 +126,7 @@ void copyToBackup()
         db::requireWholeDatabase(source, ownTables);
     const QString backup =
         base::applicationPath(u"\\Data\\Backup\\Quorvantis"_s + version + u".mdb"_s);
-    // Two workstations that start at once must not take each other's copy for their own.
-    const QString fresh =
-        backup + u'.' + QString(base::environment().computerName).remove(u'/') + u".new~"_s;
+    const QString fresh = base::preparedName(backup, u".new~"_s);
     sys::copyFile(source, fresh, isFree);
     replaceProven(fresh, backup);
     keepDailyCopy(backup);

@@ -6,6 +6,8 @@
 #include "support/Damage.h"
 #include "support/Raised.h"
 
+#include <filesystem>
+
 using namespace Qt::StringLiterals;
 using namespace administration;
 using test::raisedBy;
@@ -39,6 +41,8 @@ TEST_F(Backups, SenselessRequestsAreRefusedInASentence)
 {
     const QFileInfo live(gsDatabasePath);
     QDir().mkpath(stick() + u"/folder"_s);
+    std::filesystem::create_hard_link(gsDatabasePath.toStdString(),
+                                      stick().toStdString() + "/the same");
     for (const BackupRequest &request :
          {BackupRequest{{}, u"copy"_s, {}}, BackupRequest{u"  "_s, u"copy"_s, {}},
           BackupRequest{stick(), u" "_s, {}}})
@@ -47,7 +51,7 @@ TEST_F(Backups, SenselessRequestsAreRefusedInASentence)
          {BackupRequest{stick(), u"../copy"_s, {}}, BackupRequest{stick(), u"a\\b"_s, {}},
           BackupRequest{live.absolutePath(), live.fileName(), {}},
           BackupRequest{live.absolutePath() + u"/../Data"_s, live.fileName(), {}},
-          BackupRequest{stick(), u"folder"_s, {}}}) {
+          BackupRequest{stick(), u"the same"_s, {}}, BackupRequest{stick(), u"folder"_s, {}}}) {
         EXPECT_FALSE(refusalOfBackup(request).isEmpty()) << request.name.toStdString();
         EXPECT_EQ(raisedBy([&] { (void)takeBackup(request); }).description(),
                   refusalOfBackup(request));
@@ -65,6 +69,19 @@ TEST_F(Backups, OnlyBackupsAreReplacedWithoutAQuestion)
     EXPECT_FALSE(replacesAnothersFile({stick(), u"old"_s, {}}));
     seal(database.file(), stick() + u"/sealed"_s, u"12345678"_s);
     EXPECT_FALSE(replacesAnothersFile({stick(), u"sealed"_s, {}}));
+}
+
+TEST_F(Backups, OfTwoWorkstationsAtOnceDontMeet)
+{
+    // What the other one is about to prove under that name.
+    const QString others = stick() + u"/copy.another.unproven~"_s;
+    test::writeFile(others, "half a copy");
+    test::writeFile(others + u".another.part~"_s, "half a copy");
+    (void)takeBackup({stick(), u"copy"_s, {}});
+    (void)takeBackup({stick(), u"copy"_s, u"12345678"_s});
+    EXPECT_EQ(test::readFile(others), "half a copy");
+    EXPECT_EQ(filesIn(stick()).size(), 3);
+    expectWorking(1);
 }
 
 TEST_F(Backups, AFailureLeavesTheFormerOneAndTheSessionWorking)

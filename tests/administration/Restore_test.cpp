@@ -2,6 +2,7 @@
 
 #include "administration/AdministrationSession.h"
 #include "administration/Backup.h"
+#include "administration/CompactDatabase.h"
 #include "administration/SealedFile.h"
 #include "core/DailyCopies.h"
 #include "core/Options.h"
@@ -213,6 +214,38 @@ TEST_F(Restores, ASealedBackupNeedsItsPassphrase)
               WrongPassphrase);
     restore(sealed);
     expectWorking(2);
+}
+
+TEST_F(Restores, FoldersMayHaveAnyName)
+{
+    const QString odd = u"/O'Brien & Söhne; 100% \"new\""_s;
+    closeConnections();
+    base::Environment elsewhere = base::environment();
+    elsewhere.applicationFolder += odd;
+    elsewhere.appData += odd;
+    base::setEnvironment(elsewhere);
+    QDir().mkpath(backups());
+    QDir().mkpath(stick() + odd);
+    const QString former = std::exchange(gsDatabasePath, below(u"\\Data\\Quorvantis.mdb"_s));
+    ASSERT_TRUE(QFile::copy(former, gsDatabasePath));
+    openConnections();
+    const QString name = u"it's the \"copy\" of Größe"_s;
+    const Chosen odds[] = {{stick() + odd + u'/' + name, {}},
+                           {stick() + odd + u"/sealed "_s + name, u"pässwörd's"_s}};
+    {
+        db::Connection other(target(gsDatabasePath));
+        other.Execute(u"Insert into tblEquipment (EquipmentID) values (77)"_s);
+        for (const Chosen &place : odds)
+            (void)takeBackup({stick() + odd, QFileInfo(place.file).fileName(), place.passphrase});
+    }
+    for (const Chosen &place : odds) {
+        gcnData->Execute(u"Delete from tblEquipment"_s);
+        restore(place);
+        expectWorking(3);
+    }
+    prompts.expect(u"System has finished compacting the database."_s, base::Prompts::Icon::None);
+    CompactDatabase();
+    expectWorking(3);
 }
 
 TEST_F(Restores, KilledAtAnyMomentLeaveOneOfTheTwoWhole)

@@ -5,7 +5,9 @@
 #include "core/ui/Openings.h"
 #include "core/ui/ScreenCalls.h"
 #include "core/ui/ScreenDriver.h"
+#include "platform/settings/Registry.h"
 #include "shell/ui/MainBoard.h"
+#include "shell/ui/frmMainScreen.h"
 #include "support/ScriptedPrompts.h"
 #include "support/TestFiles.h"
 
@@ -49,6 +51,21 @@ TEST_F(Roads, WhatNeedsARightOpensForNobodyWithoutIt)
         ++refused;
     }
     EXPECT_GT(refused, 0);
+}
+
+TEST_F(Roads, EachEntryOfTheMenusLeadsSomewhere)
+{
+    // What hangs on the installation is there.
+    for (const QString &name : {u"OnlinePage"_s, u"ContactPage"_s, u"UpdateSite"_s})
+        settings::registry().setValue(settings::MakerKey, name, u"https://example.com"_s);
+    test::writeFile(base::applicationPath(u"\\QuickStart.pdf"_s), "%PDF-");
+    gsLoginUser = u"ADMIN"_s;
+    const frmMainScreen main([] {});
+    for (const Opening &row : openingTable()) {
+        const QString name = QString::fromLatin1(row.name);
+        EXPECT_TRUE(name.isEmpty() || openings().isJoined(name)) << row.object << ' ' << row.name;
+    }
+    gsLoginUser.clear();
 }
 
 TEST_F(Roads, NoAddEntryAddsForThoseWhoMayNot)

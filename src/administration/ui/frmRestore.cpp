@@ -10,6 +10,7 @@
 #include "platform/base/Trapped.h"
 #include "platform/input/FormBuilder.h"
 #include "platform/input/Theme.h"
+#include "platform/system/Files.h"
 
 #include <QApplication>
 #include <QDir>
@@ -268,7 +269,7 @@ void frmRestore::cmdRestore_Click()
             base::showMessage(u"Invalid Path Selected"_s);
             return;
         }
-        if (QFileInfo(wanted.file) == QFileInfo(gsDatabasePath)) {
+        if (sys::isSameFile(wanted.file, gsDatabasePath)) {
             base::showMessage(u"That is the database itself. Please choose a backup."_s);
             return;
         }

@@ -1,5 +1,6 @@
 #include "platform/db/FileCopy.h"
 
+#include "platform/base/PreparedName.h"
 #include "platform/db/DbError.h"
 #include "platform/db/EngineErrors.h"
 
@@ -182,7 +183,7 @@ void finishEngineCopy(const QString &file)
 }
 
 PartialFile::PartialFile(const QString &destination, const QString &suffix)
-    : m_path(destination + suffix)
+    : m_path(base::preparedName(destination, suffix))
 {
     QFile::remove(m_path);
 }

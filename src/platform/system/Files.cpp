@@ -128,6 +128,13 @@ void writeFile(const QString &path, const QByteArray &content)
         raiseWriteError(file, path);
 }
 
+bool isSameFile(const QString &one, const QString &other)
+{
+    std::error_code failure;
+    return std::filesystem::equivalent(QFile::encodeName(one).constData(),
+                                       QFile::encodeName(other).constData(), failure);
+}
+
 void moveFile(const QString &source, const QString &destination)
 {
     if (QFileInfo(destination).isDir())

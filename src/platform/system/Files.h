@@ -17,6 +17,9 @@ void copyFile(const QString &source, const QString &destination,
 /// Writes a file with this content, or replaces one. It appears under its name only when it is
 /// whole and on the disk: until then, and after a failure, whatever stood there stays.
 void writeFile(const QString &path, const QByteArray &content);
+/// True when both names lead to one file, also by a link or in letters that its disk takes for the
+/// same.
+[[nodiscard]] bool isSameFile(const QString &one, const QString &other);
 /// Gives a file another name in the same folder, in one step, over a file that may stand there.
 void moveFile(const QString &source, const QString &destination);
 /// Deletes a file.
