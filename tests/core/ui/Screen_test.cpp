@@ -4,6 +4,7 @@
 #include "core/ui/FormLayout.h"
 #include "core/ui/Modal.h"
 
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QGuiApplication>
