@@ -2,6 +2,7 @@
 
 #include "platform/report/designer/Fields.h"
 #include "platform/report/designer/HouseStyles.h"
+#include "platform/report/designer/Normalised.h"
 #include "platform/report/paginate/TextFlow.h"
 
 #include <QRect>
@@ -89,6 +90,13 @@ QString inWords(const PageField &field)
     return u"if(isnull(%1) or len(text(%1)) = 0, 'None', %2)"_s.arg(name, value);
 }
 
+/// A group is called in the designer what it goes by.
+QString groupName(const PageField &field)
+{
+    const QString name = QString(field.caption).remove(u'"').simplified();
+    return name.isEmpty() ? field.name : name;
+}
+
 /// Words for a text object: braces are its own.
 QString words(QString text)
 {
@@ -161,15 +169,22 @@ public:
     void layOut()
     {
         takeLook();
+        QStringList taken{u"report"_s, u"page"_s}; // what aggregates go over besides groups
         for (const PageField &group : m_content.groups) {
             report::Group made;
-            made.name = u"group%1"_s.arg(m_layout.groups.size() + 1);
+            made.name = report::freeName(groupName(group), taken);
+            taken.append(made.name);
             made.by = nameOf(group);
             made.repeatHeader = true;
             m_layout.groups.append(made);
         }
         m_layout.sort = {nameOf(m_content.columns.first())};
-        addTitle();
+        // A chart goes ahead of what it sums up, and so does the title of the first page then.
+        if (hasChart()) {
+            addBand(titleBand(report::BandKind::ReportHeader));
+            addChart();
+        }
+        addBand(titleBand(report::BandKind::PageHeader));
         addHeadings();
         for (qsizetype group = 0; group < m_content.groups.size(); ++group)
             addGroupHeader(group);
@@ -178,7 +193,6 @@ public:
             addTotals(report::BandKind::GroupFooter, group);
         if (m_content.counts || hasTotals())
             addTotals(report::BandKind::ReportFooter, -1);
-        addChart();
         addPageFooter();
     }
 
@@ -244,12 +258,14 @@ private:
         return isNumber(field) ? report::Align::Right : report::Align::Left;
     }
 
-    void addTitle()
+    [[nodiscard]] report::Band titleBand(report::BandKind kind) const
     {
-        report::Band band = bandOf(report::BandKind::PageHeader, 1200);
+        report::Band band = bandOf(kind, 1200);
         band.objects = {text({0, 0, m_width, 900}, words(m_content.title), report::house::Title),
                         line(1000, report::house::Rule, 40)};
-        addBand(band);
+        if (kind == report::BandKind::PageHeader && hasChart())
+            band.printIf = u"PageNumber > 1"_s;
+        return band;
     }
 
     void addHeadings()
@@ -262,8 +278,9 @@ private:
                 lines = qMax(lines, headingLines(cell));
             const Length height = lines * HeadingLine + HeadingPadding;
             for (const Cell &cell : cells)
-                band.objects.append(text({cell.x, y, cell.width, height}, words(cell.field.caption),
-                                         report::house::Heading, sideOf(cell.field)));
+                band.objects.append(
+                    object(report::ObjectKind::Text, {cell.x, y, cell.width, height},
+                           words(cell.field.caption), report::house::Heading, sideOf(cell.field)));
             y += height;
         }
         band.height = y;
@@ -371,18 +388,21 @@ private:
         return found == m_content.columns.end() ? nullptr : &*found;
     }
 
+    [[nodiscard]] bool hasChart() const
+    {
+        return m_content.chart != ChartKind::None && category() != nullptr;
+    }
+
     void addChart()
     {
         const PageField *over = category();
-        if (m_content.chart == ChartKind::None || !over)
-            return;
         const auto summed = std::ranges::find_if(m_content.columns, &PageField::isTotalled);
         const bool isCount = summed == m_content.columns.end();
         const QString what = isCount ? u"Rows"_s : summed->caption;
         const bool isDate = over->column.kind == sql::ColumnKind::Date;
         report::Object object;
         object.kind = report::ObjectKind::Chart;
-        object.y = 400;
+        object.y = 200;
         object.width = m_width;
         object.height = ChartHeight;
         object.format = isCount ? u"#,##0"_s : formatOf(*summed);
@@ -403,7 +423,7 @@ private:
         if (title >= 0 && m_layout.styles[title].style.fill.isValid())
             series.color = m_layout.styles[title].style.fill;
         chart.series = {series};
-        report::Band band = bandOf(report::BandKind::ReportFooter, ChartHeight + 500);
+        report::Band band = bandOf(report::BandKind::ReportHeader, ChartHeight + 400);
         band.objects = {object};
         addBand(band);
     }

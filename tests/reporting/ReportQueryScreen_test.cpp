@@ -6,6 +6,7 @@
 #include "support/Raised.h"
 
 #include <QLabel>
+#include <QListWidget>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTreeWidget>
@@ -123,6 +124,8 @@ TEST_F(ReportQueryScreen, AJoinIsSeenAndChanged)
             EXPECT_EQ(driver.text("cboJoinTo"), u"Parts: Supplier"_s);
             driver.press("chkOnlyMatching");
             driver.choose("cboJoinTo", u"Parts: Part Category"_s);
+            EXPECT_EQ(driver.control<QListWidget>("lstTables").item(1)->text(),
+                      u"Suppliers, Supplier ID = Parts: Part Category"_s);
             driver.choose("cboTable", u"Scans of machines"_s);
             driver.press("cmdAddTable");
             say(u"Please say by which columns \"tblEquipmentScan\" is joined."_s);

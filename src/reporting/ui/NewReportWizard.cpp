@@ -31,7 +31,9 @@ const QStringList StepTitles{u"Step 1 of 4: What is the report about?"_s,
                              u"Step 2 of 4: Which columns does it show?"_s,
                              u"Step 3 of 4: Groups and totals"_s, u"Step 4 of 4: Looks"_s};
 constexpr int MostGroups = 3;
-constexpr QSize PageRoom{480, 400};
+constexpr QSize PageRoom{520, 470};
+constexpr int ComboWidth = 240;
+constexpr int LineGap = 2; ///< above and below a line of a list, in pixels
 
 /// The first page on the first rows, as large as fits into the room.
 QPixmap firstPagePicture(const report::Layout &layout, qreal ratio)
@@ -105,6 +107,7 @@ QWidget *NewReportWizard::tablePage()
         auto *item = new QListWidgetItem(table.caption, lstTables);
         item->setData(Qt::UserRole, table.name);
     }
+    lstTables->setSpacing(LineGap);
     form.widget(lstTables, true);
     txtTitle = form.textField(u"txtTitle"_s, u"&Title"_s, 80);
     form.finish();
@@ -121,6 +124,7 @@ QWidget *NewReportWizard::columnsPage()
     lstColumns = new QListWidget(page);
     lstColumns->setObjectName(u"lstColumns"_s);
     lstColumns->setAccessibleName(u"Columns"_s);
+    lstColumns->setSpacing(LineGap);
     form.widget(lstColumns, true);
     form.beginRow();
     auto *up = form.inlineButton(u"cmdUp"_s, u"Move &Up"_s);
@@ -140,6 +144,7 @@ QWidget *NewReportWizard::groupsPage()
     for (int number = 0; number < MostGroups; ++number) {
         auto *combo = new QComboBox(page);
         combo->setObjectName(u"cboGroup%1"_s.arg(number + 1));
+        combo->setMinimumWidth(ComboWidth);
         form.field(labels[number], combo);
         m_groups.append(combo);
     }
@@ -147,6 +152,7 @@ QWidget *NewReportWizard::groupsPage()
     lstTotals = new QListWidget(page);
     lstTotals->setObjectName(u"lstTotals"_s);
     lstTotals->setAccessibleName(u"Totals"_s);
+    lstTotals->setSpacing(LineGap);
     form.widget(lstTotals, true);
     chkCounts = form.checkBox(u"chkCounts"_s, u"Count the &rows too"_s);
     form.finish();
@@ -163,6 +169,7 @@ QWidget *NewReportWizard::looksPage()
         auto *made = new QComboBox(page);
         made->setObjectName(name);
         made->addItems(items);
+        made->setMinimumWidth(ComboWidth / 2);
         form.field(label, made);
         connect(made, &QComboBox::activated, this, &NewReportWizard::showPage);
         return made;

@@ -19,6 +19,7 @@ using reportquery::Place;
 
 namespace {
 
+constexpr int JoinWidth = 240;
 constexpr int SourceRole = Qt::UserRole;
 constexpr int ColumnRole = Qt::UserRole + 1;
 
@@ -92,9 +93,11 @@ void QueryPicker::buildForm()
     form.widget(lstTables, true);
     cboJoinOwn = new QComboBox(this);
     cboJoinOwn->setObjectName(u"cboJoinOwn"_s);
+    cboJoinOwn->setMinimumWidth(JoinWidth);
     form.field(u"&Joined by"_s, cboJoinOwn);
     cboJoinTo = new QComboBox(this);
     cboJoinTo->setObjectName(u"cboJoinTo"_s);
+    cboJoinTo->setMinimumWidth(JoinWidth);
     form.field(u"&equal to"_s, cboJoinTo);
     chkOnlyMatching = form.checkBox(u"chkOnlyMatching"_s, u"&Leave out rows without a partner"_s);
     form.nextColumn();
@@ -176,6 +179,21 @@ QString QueryPicker::captionOf(const reportquery::Source &source) const
                                : caption + u" ("_s + reporttables::inWords(source.as) + u')';
 }
 
+/// By what a table is joined: ", Supplier ID = Parts: Supplier".
+QString QueryPicker::joinOf(const reportquery::Source &source) const
+{
+    const auto caption = [this](const QString &table, const QString &column) {
+        const reporttables::Table *found = reporttables::tableOf(m_tables, table);
+        const reporttables::Column *named = found ? found->find(column) : nullptr;
+        return named ? named->caption : column;
+    };
+    const reportquery::Source *other = m_query.find(source.to.table);
+    if (source.column.isEmpty() || !other)
+        return {};
+    return u", %1 = %2: %3"_s.arg(caption(source.table, source.column), captionOf(*other),
+                                  caption(other->table, source.to.column));
+}
+
 void QueryPicker::showAll()
 {
     showSources();
@@ -196,7 +214,7 @@ void QueryPicker::showSources()
         const QSignalBlocker quiet(lstTables);
         lstTables->clear();
         for (const reportquery::Source &source : std::as_const(m_query.sources))
-            lstTables->addItem(captionOf(source));
+            lstTables->addItem(captionOf(source) + joinOf(source));
         lstTables->setCurrentRow(
             qBound(-1, qMax(current, 0), static_cast<int>(m_query.sources.size()) - 1));
     }
@@ -305,6 +323,7 @@ void QueryPicker::joinChanged()
     source.column = cboJoinOwn->currentData().toString();
     source.to = placeIn(cboJoinTo);
     source.onlyMatching = chkOnlyMatching->isChecked();
+    lstTables->item(row)->setText(captionOf(source) + joinOf(source));
 }
 
 void QueryPicker::fillPlaces(QComboBox *combo, const Place &chosen) const

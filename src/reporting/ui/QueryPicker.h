@@ -43,6 +43,7 @@ private:
     void addSort(const reportquery::Sort &sort);
     void removeRow(QTableWidget *table);
     [[nodiscard]] QString captionOf(const reportquery::Source &source) const;
+    [[nodiscard]] QString joinOf(const reportquery::Source &source) const;
 
     QList<reporttables::Table> m_tables;
     reportquery::Query m_query;

@@ -57,7 +57,7 @@ void frmReportModify::buildForm()
     cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
     form.finish();
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    resize(1240, 690);
+    resize(1340, 704);
 
     connect(CRDesignerCtrl1, &report::ReportDesigner::layoutChanged, this,
             &frmReportModify::layoutChanged);
@@ -141,6 +141,10 @@ void frmReportModify::open(const report::Layout &layout)
     m_shownQuery = layout.query;
     CRDesignerCtrl1->setLayout(layout);
     cmdWizard->setVisible(m_kind == Kind::NewReport);
+    if (m_kind == Kind::NewReport)
+        CRDesignerCtrl1->setEmptyHint(
+            u"Drag what the report shows from the list \"Data\" to the band \"Detail\", or let "
+            "the Report Wizard make a whole report of a few choices."_s);
     refreshFields();
     showTitle();
     offerDraft();

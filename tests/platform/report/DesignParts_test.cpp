@@ -209,6 +209,31 @@ TEST(AddField, GivesAHeadingInThePageHeaderWhenItGoesToTheDetail)
     EXPECT_EQ(again, (QList<Place>{{1, 1}, {0, 0}}));
 }
 
+TEST(MakeRoom, NarrowsTheWidestColumnFromHeadingToTotals)
+{
+    Layout layout = layoutOf(R"x(<report version="2"><page paper="Letter"/>
+        <band kind="pageHeader"><text width="90.5mm" content="Name"/><text x="90.5mm" width="100mm" content="Sum"/>
+          <line width="190.5mm" height="0mm"/></band>
+        <band kind="detail"><field width="90.5mm" content="Name"/><field x="90.5mm" width="100mm" content="Sum"/></band>
+        <band kind="reportFooter"><text width="60mm" content="Total"/><field x="90.5mm" width="100mm" content="sum(Sum)"/></band>
+        </report>)x");
+    EXPECT_EQ(makeRoom(layout, 1, 3000), 16050);
+    for (int band = 0; band < 3; ++band)
+        EXPECT_EQ(layout.bands[band].objects[1].width, 7000) << band;
+    EXPECT_EQ(layout.bands[0].objects[2].width, 19050) << "lines stay";
+    // Another column is the widest now; what stands behind it moves, words before a total give way.
+    layout.bands[2].objects[0].width = 9050;
+    EXPECT_EQ(makeRoom(layout, 1, 5000), 14050);
+    EXPECT_EQ(layout.bands[1].objects[0].width, 7050);
+    for (int band = 0; band < 3; ++band) {
+        EXPECT_EQ(layout.bands[band].objects[1].x, 7050) << band;
+        EXPECT_EQ(layout.bands[band].objects[1].width, 7000) << band;
+        EXPECT_EQ(layout.bands[band].objects[0].width, 7050) << band;
+    }
+    EXPECT_EQ(makeRoom(layout, 1, 5000), 14050) << "there is room";
+    EXPECT_EQ(makeRoom(layout, 1, 12000), 0) << "no column gets too narrow";
+}
+
 TEST(AddTotals, SumsBelowTheFieldInTheFootersOfGroupsAndReport)
 {
     Layout layout = emptyLayout();

@@ -41,10 +41,9 @@ QList<Place> allPlaces(const Layout &layout)
     return places;
 }
 
-bool hasWords(const Object &object)
+bool hasWords(ObjectKind kind)
 {
-    return object.kind == ObjectKind::Text || object.kind == ObjectKind::Field ||
-           object.kind == ObjectKind::BarCode;
+    return kind == ObjectKind::Text || kind == ObjectKind::Field || kind == ObjectKind::BarCode;
 }
 
 } // namespace
@@ -60,7 +59,9 @@ void DesignCanvas::keyPressEvent(QKeyEvent *event)
         return;
     case Qt::Key_PageUp:
     case Qt::Key_PageDown:
-        selectBand(event->key() == Qt::Key_PageUp ? -1 : 1);
+        // With Ctrl they bring objects into the next band, where there is one.
+        if (event->modifiers() == Qt::NoModifier)
+            selectBand(event->key() == Qt::Key_PageUp ? -1 : 1);
         return;
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -180,8 +181,12 @@ void DesignCanvas::insertByKey()
 void DesignCanvas::editInPlace()
 {
     const Selection &selection = m_document.selection();
-    if (selection.objects.isEmpty() || !hasWords(m_document.object(selection.lead)))
+    if (selection.objects.isEmpty())
         return;
+    if (const ObjectKind kind = m_document.object(selection.lead).kind; !hasWords(kind)) {
+        Q_EMIT editAsked(kind);
+        return;
+    }
     finishEditing(true);
     const Object &object = m_document.object(selection.lead);
     const QRect frame =

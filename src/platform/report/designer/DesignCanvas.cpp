@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <algorithm>
 #include <cmath>
 
 namespace report {
@@ -86,7 +87,9 @@ void DesignCanvas::setZoom(int percent)
 void DesignCanvas::zoomToWidth()
 {
     const double pixels = m_shown.page.width() * logicalDpiX() / UnitsPerInch;
-    const int room = viewport()->width() - 2 * CanvasGeometry::Edge;
+    // Also beside a scroll bar that isn't there yet.
+    const int bar = verticalScrollBar()->isVisible() ? 0 : verticalScrollBar()->sizeHint().width();
+    const int room = viewport()->width() - 2 * CanvasGeometry::Edge - bar;
     setZoom(static_cast<int>(100 * room / pixels));
     horizontalScrollBar()->setValue(0);
 }
@@ -185,6 +188,7 @@ void DesignCanvas::paintEvent(QPaintEvent *event)
     for (int band = 0; band < m_geometry.bandCount(); ++band)
         if (visible.intersects(m_geometry.slotRect(band).united(m_geometry.barRect(band))))
             paintBand(painter, band, visible);
+    paintEmptyHint(painter);
     paintSelection(painter);
     paintGuides(painter);
     if (m_action == Action::Rubber || m_action == Action::Insert) {
@@ -219,6 +223,25 @@ void DesignCanvas::paintSheet(QPainter &painter, const QRect &visible)
         painter.fillRect(m_geometry.barRect(band),
                          isSelected ? theme::selectionColor() : theme::lineColor());
     }
+}
+
+bool DesignCanvas::isEmpty() const
+{
+    const QList<Band> &bands = m_document.layout().bands;
+    return std::ranges::all_of(bands, [](const Band &band) { return band.objects.isEmpty(); });
+}
+
+void DesignCanvas::paintEmptyHint(QPainter &painter)
+{
+    constexpr int Gap = 24;
+    if (m_emptyHint.isEmpty() || !isEmpty())
+        return;
+    const int top = m_geometry.size().height() - CanvasGeometry::Edge + Gap;
+    painter.setPen(Qt::white);
+    painter.setFont(theme::font(10));
+    painter.drawText(
+        QRect(scrolled().x() + Gap, top, viewport()->width() - 2 * Gap, viewport()->height()),
+        Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, m_emptyHint);
 }
 
 void DesignCanvas::paintBand(QPainter &painter, int band, const QRect &visible)

@@ -41,13 +41,17 @@ public:
     /// Edges come to rest where those of other objects stand.
     void setLiningUp(bool liningUp) { m_linesUp = liningUp; }
     void setFolder(const QString &folder) { m_items.setFolder(folder); }
+    /// What stands below a sheet without any object.
+    void setEmptyHint(const QString &words) { m_emptyHint = words; }
+    [[nodiscard]] bool isEmpty() const;
 
     /// The next frame that is drawn, or the next Enter, makes an object of this kind.
     void insert(ObjectKind kind);
     [[nodiscard]] std::optional<ObjectKind> inserting() const { return m_inserting; }
     /// The band into which new and pasted objects go: that of the selection, else the detail.
     [[nodiscard]] int targetBand() const;
-    /// Opens the selected object's words for editing in their place.
+    /// Opens the selected object's words for editing in their place; one without words asks for
+    /// what is edited instead.
     void editInPlace();
     /// Takes what is typed in place.
     void endEditing() { finishEditing(true); }
@@ -65,6 +69,8 @@ Q_SIGNALS:
     void zoomChanged(int percent);
     /// The kind that the next frame makes has changed.
     void insertingChanged();
+    /// An object is to be edited that has no words.
+    void editAsked(report::ObjectKind kind);
     /// Somebody asks for a menu at a place of the screen.
     void menuAsked(QPoint global);
     /// Fields were dropped onto a band, the corner of the first at a place of it.
@@ -102,6 +108,7 @@ private:
     [[nodiscard]] QPoint contentPoint(QPoint viewport) const { return viewport + scrolled(); }
 
     void paintSheet(QPainter &painter, const QRect &visible);
+    void paintEmptyHint(QPainter &painter);
     void paintBand(QPainter &painter, int band, const QRect &visible);
     void paintGrid(QPainter &painter, int band, const QRect &visible);
     void paintFrames(QPainter &painter, int band);
@@ -137,6 +144,7 @@ private:
     DesignDocument &m_document;
     CanvasGeometry m_geometry;
     DesignItems m_items;
+    QString m_emptyHint;
     PagePainter m_painter;
     Layout m_shown;             ///< the document's layout, or how it would be after the drag
     Selection m_shownSelection; ///< the same of the selection

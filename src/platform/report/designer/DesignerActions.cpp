@@ -8,7 +8,6 @@
 #include "platform/report/designer/StructureTree.h"
 
 #include <QMenu>
-#include <QToolBar>
 
 namespace report {
 namespace {
@@ -155,6 +154,37 @@ void DesignerActions::addArranging()
              Order::Front);
     ordering(u"to-back"_s, u"To the back"_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B),
              Order::Back);
+    add(u"band-above"_s, u"Into the band above"_s, u"previous"_s,
+        {QKeySequence(Qt::CTRL | Qt::Key_PageUp)}, [this] { moveToNextBand(-1); });
+    add(u"band-below"_s, u"Into the band below"_s, u"next"_s,
+        {QKeySequence(Qt::CTRL | Qt::Key_PageDown)}, [this] { moveToNextBand(1); });
+}
+
+/// What stands in one band goes to the upper edge of its neighbour.
+void DesignerActions::moveToNextBand(int direction)
+{
+    m_document.endSeries();
+    m_document.change(u"Move to band"_s, [direction](Layout &layout, Selection &selection) {
+        const int target = selection.band() + direction;
+        const QRect frame = frameAround(layout, selection.objects);
+        const auto lead = selection.objects.indexOf(selection.lead);
+        const QList<Place> places =
+            moveToBand(layout, selection.objects, target, QPoint(0, -frame.y()));
+        selection = Selection::of(places);
+        selection.lead = places[lead];
+    });
+    m_canvas.showSelection();
+}
+
+bool DesignerActions::canMoveToNextBand(int direction) const
+{
+    const Selection &selection = m_document.selection();
+    const int target = selection.band() + direction;
+    return !selection.objects.isEmpty() && target >= 0 &&
+           target < m_document.layout().bands.size() &&
+           std::ranges::all_of(selection.objects, [&](const Place &place) {
+               return place.band == selection.lead.band;
+           });
 }
 
 void DesignerActions::addInserting()
@@ -213,11 +243,7 @@ void DesignerActions::addParts()
             });
         });
     add(u"select-column"_s, u"Select the column"_s, u"select-all"_s,
-        {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C)}, [this] {
-            if (!m_document.selection().objects.isEmpty())
-                m_document.select(
-                    Selection::of(columnOf(m_document.layout(), m_document.selection().lead)));
-        });
+        {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C)}, [this] { selectColumn(); });
     add(u"fit-band"_s, u"Band as high as its objects"_s, u"report-band"_s, {}, [this] {
         const int band = m_document.selection().band();
         change(u"Height of band"_s,
@@ -235,6 +261,17 @@ void DesignerActions::addParts()
     styles->setMenu(menu);
     styles->setToolTip(u"Looks: styles of title, headings, details and totals for the whole"
                        " report"_s);
+}
+
+/// The object that was chosen stays the one by whose edges the column is drawn.
+void DesignerActions::selectColumn()
+{
+    const Place lead = m_document.selection().lead;
+    if (m_document.selection().objects.isEmpty())
+        return;
+    Selection column = Selection::of(columnOf(m_document.layout(), lead));
+    column.lead = lead;
+    m_document.select(column);
 }
 
 void DesignerActions::addBandMenu()
@@ -278,6 +315,13 @@ void DesignerActions::addBandMenu()
 
 void DesignerActions::addViewing()
 {
+    add(u"query"_s, u"Query..."_s, u"find"_s, {QKeySequence(Qt::CTRL | Qt::Key_Q)},
+        [this] { Q_EMIT queryAsked(); });
+    action(u"query"_s)->setVisible(false);
+    add(u"attributes"_s, u"Attributes"_s, u"edit"_s, {QKeySequence(Qt::Key_F4)},
+        [this] { Q_EMIT attributesAsked(); });
+    add(u"preview"_s, u"Preview"_s, u"preview"_s, {QKeySequence(Qt::Key_F5)},
+        [this] { Q_EMIT previewAsked(); });
     add(u"zoom-out"_s, u"Smaller"_s, u"zoom-out"_s, {QKeySequence::ZoomOut},
         [this] { m_canvas.setZoom(m_canvas.zoom() - 25); });
     add(u"zoom-in"_s, u"Larger"_s, u"zoom-in"_s,
@@ -307,6 +351,8 @@ void DesignerActions::enable()
         action(name)->setEnabled(count > 1);
     for (const QString &name : {u"distribute-across"_s, u"distribute-down"_s})
         action(name)->setEnabled(count > 2);
+    action(u"band-above"_s)->setEnabled(canMoveToNextBand(-1));
+    action(u"band-below"_s)->setEnabled(canMoveToNextBand(1));
     action(u"delete"_s)->setEnabled(m_tree.canRemoveSelected());
     action(u"fit-band"_s)->setEnabled(selection.band() >= 0);
     action(u"select-column"_s)->setEnabled(count > 0);
@@ -321,93 +367,6 @@ void DesignerActions::enable()
     for (QAction *insert : std::as_const(m_actions))
         if (insert->objectName().startsWith(u"insert-") || insert->objectName() == u"paste")
             insert->setEnabled(hasBands);
-}
-
-void DesignerActions::fill(QToolBar *bar, const QStringList &names) const
-{
-    for (const QString &name : names) {
-        if (name == u"-")
-            bar->addSeparator();
-        else
-            bar->addAction(action(name));
-    }
-}
-
-void DesignerActions::fill(QMenu *menu, const QStringList &names) const
-{
-    for (const QString &name : names) {
-        if (name == u"-")
-            menu->addSeparator();
-        else
-            menu->addAction(action(name));
-    }
-}
-
-void DesignerActions::fillEditBar(QToolBar *bar) const
-{
-    fill(bar, {u"undo"_s,
-               u"redo"_s,
-               u"-"_s,
-               u"cut"_s,
-               u"copy"_s,
-               u"paste"_s,
-               u"duplicate"_s,
-               u"delete"_s,
-               u"-"_s,
-               u"align-left"_s,
-               u"align-center"_s,
-               u"align-right"_s,
-               u"align-top"_s,
-               u"align-middle"_s,
-               u"align-bottom"_s,
-               u"-"_s,
-               u"distribute-across"_s,
-               u"distribute-down"_s,
-               u"same-width"_s,
-               u"same-height"_s,
-               u"-"_s,
-               u"to-front"_s,
-               u"to-back"_s});
-}
-
-void DesignerActions::fillInsertBar(QToolBar *bar) const
-{
-    fill(bar, {u"insert-text"_s,
-               u"insert-field"_s,
-               u"insert-line"_s,
-               u"insert-box"_s,
-               u"insert-picture"_s,
-               u"insert-bar-code"_s,
-               u"insert-chart"_s,
-               u"insert-cross-tab"_s,
-               u"-"_s,
-               u"add-band"_s,
-               u"add-group"_s,
-               u"add-totals"_s,
-               u"looks"_s,
-               u"-"_s,
-               u"grid"_s,
-               u"line-up"_s,
-               u"inches"_s,
-               u"-"_s,
-               u"zoom-out"_s,
-               u"zoom-in"_s,
-               u"zoom-width"_s,
-               u"zoom-100"_s});
-}
-
-void DesignerActions::fillMenu(QMenu *menu) const
-{
-    fill(menu, {u"cut"_s, u"copy"_s, u"paste"_s, u"duplicate"_s, u"delete"_s, u"selectAll"_s,
-                u"select-column"_s, u"-"_s});
-    QMenu *arrange = menu->addMenu(u"Ali&gn"_s);
-    fill(arrange,
-         {u"align-left"_s, u"align-center"_s, u"align-right"_s, u"align-top"_s, u"align-middle"_s,
-          u"align-bottom"_s, u"-"_s, u"distribute-across"_s, u"distribute-down"_s, u"-"_s,
-          u"same-width"_s, u"same-height"_s, u"same-size"_s});
-    fill(menu, {u"to-front"_s, u"to-back"_s, u"move-up"_s, u"move-down"_s, u"-"_s});
-    fill(menu, {u"fit-band"_s, u"add-band"_s, u"add-group"_s, u"add-totals"_s, u"add-sort"_s,
-                u"add-formula"_s, u"add-parameter"_s, u"add-style"_s, u"looks"_s});
 }
 
 } // namespace report

@@ -6,6 +6,7 @@
 #include <QHash>
 
 class QMenu;
+class QMenuBar;
 class QToolBar;
 
 namespace report {
@@ -23,8 +24,10 @@ public:
     DesignerActions(DesignDocument &document, DesignCanvas &canvas, StructureTree &tree,
                     QWidget *owner);
 
-    void fillEditBar(QToolBar *bar) const;
-    void fillInsertBar(QToolBar *bar) const;
+    /// What is used most, that first which is used most of all.
+    void fillBar(QToolBar *bar) const;
+    /// Everything, with its keys.
+    void fillMenuBar(QMenuBar *bar) const;
     /// The menu of what is selected.
     void fillMenu(QMenu *menu) const;
     [[nodiscard]] QAction *action(const QString &name) const { return m_actions.value(name); }
@@ -32,6 +35,11 @@ public:
     void copy() const;
     void paste();
     void insertPicture();
+
+Q_SIGNALS:
+    void queryAsked();
+    void attributesAsked();
+    void previewAsked();
 
 private:
     QAction *add(const QString &name, const QString &caption, const QString &icon,
@@ -45,12 +53,14 @@ private:
                        const std::function<void(bool)> &run);
     void addBandMenu();
     void enable();
+    void moveToNextBand(int direction);
+    [[nodiscard]] bool canMoveToNextBand(int direction) const;
     void duplicate();
     void selectAll();
+    void selectColumn();
     void change(const QString &name,
                 const std::function<void(Layout &, const Selection &)> &change);
-    void fill(QToolBar *bar, const QStringList &names) const;
-    void fill(QMenu *menu, const QStringList &names) const;
+    void fill(QWidget *place, const QStringList &names) const;
 
     DesignDocument &m_document;
     DesignCanvas &m_canvas;

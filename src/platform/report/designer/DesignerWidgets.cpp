@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QShortcut>
 #include <QSplitter>
 #include <QTabWidget>
@@ -30,18 +31,12 @@ using namespace Qt::StringLiterals;
 
 constexpr int DesignTab = 0;
 constexpr int PreviewIndex = 1;
+constexpr int StructureSide = 0;
+constexpr int DataSide = 1;
 constexpr int SideWidth = 220;
 constexpr int PanelWidth = 280;
 /// A sheet that is smaller can't be read, and has to be scrolled.
 constexpr int LeastFirstZoom = 75;
-
-QToolBar *makeBar(const QString &name, QWidget *parent)
-{
-    auto *bar = new QToolBar(parent);
-    bar->setObjectName(name);
-    bar->setIconSize({18, 18});
-    return bar;
-}
 
 /// Menus of a bar open where they are pressed, and all its buttons can be reached by Tab.
 void finishBar(QToolBar *bar)
@@ -49,8 +44,10 @@ void finishBar(QToolBar *bar)
     for (QToolButton *button : bar->findChildren<QToolButton *>()) {
         button->setPopupMode(QToolButton::InstantPopup);
         button->setFocusPolicy(Qt::TabFocus);
-        if (button->defaultAction())
-            button->setAccessibleName(button->defaultAction()->text());
+        if (const QAction *action = button->defaultAction()) {
+            button->setObjectName(action->objectName());
+            button->setAccessibleName(action->text());
+        }
     }
 }
 
@@ -92,14 +89,17 @@ QWidget *DesignerWidgets::makeDesign()
     auto *rows = new QVBoxLayout(design);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(0);
-    QToolBar *insertBar = makeBar(u"insertBar"_s, design);
-    actions->fillInsertBar(insertBar);
-    QToolBar *editBar = makeBar(u"editBar"_s, design);
-    actions->fillEditBar(editBar);
-    for (QToolBar *bar : {editBar, insertBar}) {
-        finishBar(bar);
-        rows->addWidget(bar);
-    }
+    auto *menus = new QMenuBar(design);
+    menus->setObjectName(u"designMenus"_s);
+    menus->setNativeMenuBar(false);
+    actions->fillMenuBar(menus);
+    rows->addWidget(menus);
+    auto *bar = new QToolBar(design);
+    bar->setObjectName(u"designBar"_s);
+    bar->setIconSize({18, 18});
+    actions->fillBar(bar);
+    finishBar(bar);
+    rows->addWidget(bar);
     m_panes->addWidget(makeSide());
     m_panes->addWidget(canvas);
     m_panes->addWidget(properties);
@@ -131,7 +131,7 @@ QWidget *DesignerWidgets::makeSide()
     m_filter->setClearButtonEnabled(true);
     m_query->setObjectName(u"editQuery"_s);
     m_query->setText(u"Query..."_s);
-    m_query->setToolTip(u"Tables, columns and filter of this report"_s);
+    m_query->setToolTip(u"Tables, columns and filter of this report (Ctrl+Q)"_s);
     m_query->hide();
     line->addWidget(m_filter, 1);
     line->addWidget(m_query);
@@ -160,8 +160,17 @@ void DesignerWidgets::join()
     };
     connect(canvas, &DesignCanvas::menuAsked, this, showMenu);
     connect(structure, &StructureTree::menuAsked, this, showMenu);
-    connect(structure, &StructureTree::attributesAsked, properties,
-            [this] { properties->setFocus(); });
+    const auto showAttributes = [this] { properties->setFocus(Qt::OtherFocusReason); };
+    connect(structure, &StructureTree::attributesAsked, properties, showAttributes);
+    connect(actions, &DesignerActions::attributesAsked, properties, showAttributes);
+    connect(actions, &DesignerActions::previewAsked, this, &DesignerWidgets::showPreview);
+    connect(actions, &DesignerActions::queryAsked, this, &DesignerWidgets::askQuery);
+    connect(canvas, &DesignCanvas::editAsked, this, [this, showAttributes](ObjectKind kind) {
+        if (kind == ObjectKind::Picture)
+            actions->insertPicture();
+        else
+            showAttributes();
+    });
     // What is chosen in the tree comes into view on the sheet.
     connect(&m_document, &DesignDocument::selectionChanged, this, [this] {
         m_status->clear();
@@ -177,7 +186,8 @@ void DesignerWidgets::join()
     properties->setPictureChooser([this] { actions->insertPicture(); });
     // The keys hold on the sheet and in the tree, but not where words are typed.
     structure->addActions(canvas->actions());
-    m_panes->addActions({actions->action(u"undo"_s), actions->action(u"redo"_s)});
+    m_panes->addActions({actions->action(u"undo"_s), actions->action(u"redo"_s),
+                         actions->action(u"query"_s), actions->action(u"preview"_s)});
     auto *next = new QShortcut(QKeySequence(Qt::Key_F6), &m_designer);
     auto *previous = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F6), &m_designer);
     for (QShortcut *shortcut : {next, previous})
@@ -231,6 +241,14 @@ bool DesignerWidgets::eventFilter(QObject *watched, QEvent *event)
     return QObject::eventFilter(watched, event);
 }
 
+void DesignerWidgets::beginWith(const Layout &layout)
+{
+    showDesign();
+    m_document.setLayout(layout);
+    // Who begins with nothing needs the data first.
+    m_sides->setCurrentIndex(canvas->isEmpty() ? DataSide : StructureSide);
+}
+
 void DesignerWidgets::showDesign()
 {
     m_tabs->setCurrentIndex(DesignTab);
@@ -256,6 +274,7 @@ void DesignerWidgets::setQueryAsker(QueryAsker asker)
 {
     m_askQuery = std::move(asker);
     m_query->setVisible(static_cast<bool>(m_askQuery));
+    actions->action(u"query"_s)->setVisible(static_cast<bool>(m_askQuery));
 }
 
 void DesignerWidgets::askQuery()
@@ -275,6 +294,7 @@ void DesignerWidgets::askQuery()
 
 void DesignerWidgets::addFields(const QList<DesignField> &fields, int band, QPoint at)
 {
+    const bool isPlaced = at.x() >= 0;
     m_document.endSeries();
     m_document.change(u"Add field"_s, [&](Layout &layout, Selection &selection) {
         QList<Place> added;
@@ -282,6 +302,8 @@ void DesignerWidgets::addFields(const QList<DesignField> &fields, int band, QPoi
         for (const DesignField &field : fields) {
             if (!field.isInQuery && fieldAdder && !fieldAdder(layout, field))
                 continue;
+            if (!isPlaced)
+                at.setX(makeRoom(layout, target, usualWidth(field.type)));
             const QList<Place> places = addField(layout, target, field, at);
             // A page header that was made may have moved the band.
             target = places.first().band;
@@ -294,21 +316,21 @@ void DesignerWidgets::addFields(const QList<DesignField> &fields, int band, QPoi
     });
 }
 
-/// Without a mouse they go to the right of what stands in the band.
+/// Without a place they go to the right of what stands in the band.
 void DesignerWidgets::chooseFields(const QList<DesignField> &fields)
 {
     const int band = canvas->targetBand();
     if (band < 0)
         return;
-    QPoint at;
+    Length top = 0;
+    Length right = 0;
     for (const Object &object : m_document.layout().bands[band].objects)
-        if (object.kind == ObjectKind::Field || object.kind == ObjectKind::Text) {
-            const bool isFurther = object.x + object.width > at.x();
-            at = {qMax(at.x(), object.x + object.width), isFurther ? object.y : at.y()};
+        if ((object.kind == ObjectKind::Field || object.kind == ObjectKind::Text) &&
+            object.x + object.width > right) {
+            right = object.x + object.width;
+            top = object.y;
         }
-    if (at.x() >= m_document.layout().page.innerWidth())
-        at.setX(0);
-    addFields(fields, band, at);
+    addFields(fields, band, QPoint(-1, top));
 }
 
 } // namespace report

@@ -27,6 +27,7 @@ class DesignerWidgets final : public QObject
 public:
     DesignerWidgets(DesignDocument &document, ReportDesigner &designer);
 
+    void beginWith(const Layout &layout);
     void showDesign();
     void showPreview();
     [[nodiscard]] bool isPreviewShown() const;

@@ -14,19 +14,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-Length usualWidth(FieldType type)
-{
-    switch (type) {
-    case FieldType::Text:
-        return 4000;
-    case FieldType::Number:
-    case FieldType::Date:
-        return 2500;
-    case FieldType::YesNo:
-        break;
-    }
-    return 1500;
-}
+/// No column is made narrower than this to give room to another.
+constexpr Length LeastColumn = 1500;
 
 void followIfThere(const Layout &layout, Object &object, QStringView style)
 {
@@ -116,6 +105,20 @@ QString usualFormat(FieldType type)
     return {};
 }
 
+Length usualWidth(FieldType type)
+{
+    switch (type) {
+    case FieldType::Text:
+        return 4000;
+    case FieldType::Number:
+    case FieldType::Date:
+        return 2500;
+    case FieldType::YesNo:
+        break;
+    }
+    return 1500;
+}
+
 QList<Place> addField(Layout &layout, int band, const DesignField &field, QPoint at)
 {
     Object object = newObject(ObjectKind::Field, at);
@@ -183,6 +186,55 @@ QList<Place> columnOf(const Layout &layout, Place place)
                 column.append({band, other});
         }
     return column;
+}
+
+Length makeRoom(Layout &layout, int band, Length width)
+{
+    const QList<Object> objects = layout.bands[band].objects;
+    const auto right = [](const Object &object) { return object.x + object.width; };
+    Length end = 0;
+    int widest = -1;
+    for (int number = 0; number < objects.size(); ++number) {
+        if (objects[number].kind != ObjectKind::Field && objects[number].kind != ObjectKind::Text)
+            continue;
+        end = qMax(end, right(objects[number]));
+        if (widest < 0 || objects[number].width > objects[widest].width)
+            widest = number;
+    }
+    const Length missing = end + width - layout.page.innerWidth();
+    if (missing <= 0)
+        return end;
+    if (widest < 0 || objects[widest].width - missing < LeastColumn)
+        return 0;
+    const Length edge = right(objects[widest]);
+    QList<Place> narrowed = columnOf(layout, {band, widest});
+    QList<Place> moved;
+    for (int number = 0; number < objects.size(); ++number)
+        if (objects[number].x >= edge)
+            moved += columnOf(layout, {band, number});
+    for (int other = 0; other < layout.bands.size(); ++other)
+        for (int number = 0; number < layout.bands[other].objects.size(); ++number) {
+            const Object &object = layout.bands[other].objects[number];
+            const Place place{other, number};
+            // Words that reach up to a column that moves, as those before a total.
+            const bool isBefore =
+                object.kind == ObjectKind::Text && !narrowed.contains(place) &&
+                std::ranges::any_of(moved, [&](Place column) {
+                    return right(object) == layout.bands[column.band].objects[column.object].x;
+                });
+            if (isBefore && !moved.contains(place))
+                narrowed.append(place);
+        }
+    for (const Place &place : std::as_const(narrowed))
+        layout.bands[place.band].objects[place.object].width -= missing;
+    QList<Place> done;
+    for (const Place &place : std::as_const(moved)) {
+        if (done.contains(place))
+            continue;
+        layout.bands[place.band].objects[place.object].x -= missing;
+        done.append(place);
+    }
+    return end - missing;
 }
 
 QString fieldMimeType()

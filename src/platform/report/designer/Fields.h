@@ -24,6 +24,9 @@ struct DesignField
 /// The format in which values of a type are usually shown.
 [[nodiscard]] QString usualFormat(FieldType type);
 
+/// The width that a field of a type gets.
+[[nodiscard]] Length usualWidth(FieldType type);
+
 /// Adds a field to a band. In the detail it gets its heading: a text with its caption above it in
 /// the last page header, which is made when there is none. Places of the field and its heading
 /// come back, the field's first.
@@ -34,6 +37,10 @@ QList<Place> addField(Layout &layout, int band, const DesignField &field, QPoint
 QList<Place> addTotals(Layout &layout, const QList<Place> &fields);
 /// The objects of all bands that stand in one column with an object: as far left and as wide.
 [[nodiscard]] QList<Place> columnOf(const Layout &layout, Place place);
+
+/// Makes room for so much at the right of a band's columns, where needed by narrowing the widest of
+/// them with its heading and totals. The place comes back; 0 when there is none.
+Length makeRoom(Layout &layout, int band, Length width);
 
 /// Fields while they are dragged: the kind of their data, its bytes, and back.
 [[nodiscard]] QString fieldMimeType();

@@ -28,8 +28,7 @@ ReportDesigner::~ReportDesigner()
 
 void ReportDesigner::setLayout(const Layout &layout)
 {
-    m_widgets->showDesign();
-    m_document->setLayout(layout);
+    m_widgets->beginWith(layout);
 }
 
 const Layout &ReportDesigner::layout() const
@@ -85,6 +84,11 @@ void ReportDesigner::setFieldAdder(
 void ReportDesigner::setPictureFolder(const QString &folder)
 {
     m_widgets->canvas->setFolder(folder);
+}
+
+void ReportDesigner::setEmptyHint(const QString &words)
+{
+    m_widgets->canvas->setEmptyHint(words);
 }
 
 void ReportDesigner::showPreview()

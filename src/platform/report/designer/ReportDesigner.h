@@ -90,6 +90,8 @@ public:
     void setFieldAdder(std::function<bool(Layout &layout, const DesignField &field)> adder);
     /// Where picture files beside the layout are looked for.
     void setPictureFolder(const QString &folder);
+    /// What stands below a sheet on which there is nothing yet.
+    void setEmptyHint(const QString &words);
 
     /// Shows the preview, which asks the provider for rows; the design again.
     void showPreview();

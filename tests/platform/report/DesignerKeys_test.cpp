@@ -1,0 +1,153 @@
+#include "platform/report/designer/DesignCanvas.h"
+#include "platform/report/designer/DesignDocument.h"
+#include "platform/report/designer/ReportDesigner.h"
+#include "support/ScriptedPrompts.h"
+
+#include "ReportRows.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTest>
+#include <QTreeWidget>
+
+namespace report {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// A designer that nobody touches with a mouse: each key goes to whatever has the focus.
+class DesignerKeys : public testing::Test
+{
+protected:
+    DesignerKeys()
+    {
+        m_designer.resize(1300, 700);
+        m_designer.setLayout(layoutOf(R"x(<report version="2" title="Parts">
+            <band kind="pageHeader" height="15mm"><text width="50mm" height="8mm" content="Parts"/></band>
+            <band kind="detail" height="10mm"><field y="2mm" width="30mm" content="Name"/></band>
+            </report>)x"));
+        m_designer.setFields({{{}, u"Name"_s, {}, FieldType::Text, true},
+                              {{}, u"Price"_s, {}, FieldType::Number, true}});
+        m_designer.setRowsProvider([](const Layout &) {
+            return PreviewRows{
+                std::make_shared<Rows>(QStringList{u"Name"_s}, QList<QVariantList>()), {}};
+        });
+        m_designer.show();
+        m_designer.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&m_designer));
+        m_designer.setFocus();
+        QCoreApplication::processEvents();
+    }
+    static void press(int key, Qt::KeyboardModifiers keys = {})
+    {
+        QWidget *menu = QApplication::activePopupWidget();
+        QTest::keyClick(menu ? menu : QApplication::focusWidget(), static_cast<Qt::Key>(key), keys);
+        QCoreApplication::processEvents();
+    }
+    static void type(const QString &text) { QTest::keyClicks(QApplication::focusWidget(), text); }
+    /// Goes down in the menu that is open to an entry.
+    static void goTo(const QString &entry)
+    {
+        for (int step = 0; step < 40; ++step) {
+            const auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+            ASSERT_TRUE(menu) << qPrintable(entry);
+            if (menu->activeAction() && menu->activeAction()->text() == entry)
+                return;
+            press(Qt::Key_Down);
+        }
+        FAIL() << "no entry " << qPrintable(entry);
+    }
+    [[nodiscard]] const Selection &selection() const { return m_document.selection(); }
+    /// The object that is selected; another one without a selection.
+    [[nodiscard]] Object lead() const
+    {
+        return selection().objects.isEmpty() ? Object() : m_document.object(selection().lead);
+    }
+    [[nodiscard]] QTreeWidget *focusedTree() const
+    {
+        return qobject_cast<QTreeWidget *>(QApplication::focusWidget());
+    }
+
+    test::ScriptedPrompts m_prompts;
+    ReportDesigner m_designer;
+    DesignDocument &m_document = m_designer.document();
+};
+
+TEST_F(DesignerKeys, AReportIsChangedWithoutAMouse)
+{
+    // An object is found, moved, drawn wider, and brought into the next band.
+    press(Qt::Key_Tab);
+    ASSERT_EQ(selection(), Selection::of({{0, 0}}));
+    press(Qt::Key_Right);
+    press(Qt::Key_Right, Qt::ShiftModifier);
+    EXPECT_EQ(lead().x, 100);
+    EXPECT_EQ(lead().width, 5100);
+    press(Qt::Key_PageDown, Qt::ControlModifier);
+    EXPECT_EQ(selection().band(), 1);
+    EXPECT_EQ(lead().content, u"Parts"_s);
+    EXPECT_EQ(lead().y, 0);
+    press(Qt::Key_PageDown, Qt::ControlModifier);
+    EXPECT_EQ(selection().band(), 1) << "there is none below";
+    press(Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(selection().band(), 0);
+    // Its attributes.
+    press(Qt::Key_F4);
+    ASSERT_TRUE(focusedTree());
+    EXPECT_EQ(focusedTree()->objectName(), u"attributes"_s);
+    for (int step = 0; step < 60 && (!focusedTree()->currentItem() ||
+                                     focusedTree()->currentItem()->text(0) != u"Width"_s);
+         ++step)
+        press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    type(u"40"_s);
+    press(Qt::Key_Return);
+    EXPECT_EQ(lead().width, 4000);
+    // Back to the sheet for a new object, a group, and a band out of the menus.
+    press(Qt::Key_F6, Qt::ShiftModifier);
+    press(Qt::Key_4, Qt::ControlModifier);
+    press(Qt::Key_Return);
+    EXPECT_EQ(lead().kind, ObjectKind::Box);
+    press(Qt::Key_I, Qt::AltModifier);
+    goTo(u"Add band"_s);
+    press(Qt::Key_Right);
+    goTo(u"Report footer"_s);
+    press(Qt::Key_Return);
+    EXPECT_EQ(m_document.layout().bands.last().kind, BandKind::ReportFooter);
+    // A field out of the data, into the band that was chosen last.
+    press(Qt::Key_PageUp);
+    press(Qt::Key_A, Qt::AltModifier);
+    press(Qt::Key_F6, Qt::ShiftModifier);
+    ASSERT_TRUE(focusedTree());
+    EXPECT_EQ(focusedTree()->objectName(), u"data"_s);
+    type(u"Price"_s);
+    press(Qt::Key_Return);
+    EXPECT_EQ(lead().content, u"Price"_s);
+    EXPECT_EQ(m_document.layout().bands[selection().band()].kind, BandKind::Detail);
+    // All goes back, from any pane.
+    for (int change = 0; change < 20 && m_designer.isModified(); ++change)
+        press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(m_document.layout().bands.size(), 2);
+    // The preview and back.
+    press(Qt::Key_F5);
+    EXPECT_TRUE(m_designer.isPreviewShown());
+    press(Qt::Key_D, Qt::AltModifier);
+    EXPECT_FALSE(m_designer.isPreviewShown());
+}
+
+/// Who knows no keys finds them beside what they do.
+TEST_F(DesignerKeys, EveryActionStandsInAMenu)
+{
+    QSet<const QAction *> inMenus;
+    for (const QMenu *menu : m_designer.findChild<QMenuBar *>()->findChildren<QMenu *>())
+        for (const QAction *entry : menu->actions())
+            inMenus.insert(entry);
+    const auto *canvas = m_designer.findChild<DesignCanvas *>();
+    ASSERT_GT(canvas->actions().size(), 40);
+    for (const QAction *action : canvas->actions())
+        EXPECT_TRUE(inMenus.contains(action)) << qPrintable(action->objectName());
+}
+
+} // namespace
+} // namespace report
