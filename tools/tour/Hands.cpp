@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -30,6 +31,19 @@ QString describe(const QWidget &window)
     const auto *box = qobject_cast<const QMessageBox *>(&window);
     return box ? u"the message \"%1\""_s.arg(box->text())
                : u"%1 (\"%2\")"_s.arg(name, window.windowTitle());
+}
+
+/// From the bar's heading through submenus to an entry; nothing when there is none of that name.
+QList<QAction *> wayTo(const QList<QAction *> &entries, const QString &name)
+{
+    for (QAction *entry : entries) {
+        if (entry->objectName() == name && !entry->menu())
+            return {entry};
+        if (entry->menu())
+            if (const QList<QAction *> way = wayTo(entry->menu()->actions(), name); !way.isEmpty())
+                return QList<QAction *>{entry} + way;
+    }
+    return {};
 }
 
 } // namespace
@@ -77,13 +91,20 @@ void Hands::look()
 bool Hands::isAtRest() const
 {
     QWidget *modal = QApplication::activeModalWidget();
-    const bool atWork = m_posted || (!m_running.empty() && m_running.back() == modal);
+    // A menu waits for its entry as a window does for its button.
+    const bool asks = qobject_cast<QMenu *>(QApplication::activePopupWidget()) != nullptr;
+    const bool atWork = m_posted || (!asks && !m_running.empty() && m_running.back() == modal);
     if (atWork || qobject_cast<QProgressDialog *>(modal) != nullptr)
         return false;
     QWidget *window = front();
-    // Without a desktop nobody hands the keys back to the window below a closed one.
-    if (window != nullptr && window->isVisible() && !window->isActiveWindow())
+    // Without a desktop nobody hands the keys back to the window below a closed one. A list that a
+    // box of choices leaves behind takes them from the window without anybody being told, who then
+    // has to lose them first.
+    if (window != nullptr && window->isVisible() && !window->isActiveWindow()) {
+        if (QGuiApplication::focusWindow() == window->windowHandle())
+            windows().first()->activateWindow();
         window->activateWindow();
+    }
     return window != nullptr && window->isVisible() && window->isActiveWindow();
 }
 
@@ -158,9 +179,9 @@ QList<QWidget *> Hands::windows()
 
 // --- Acting --------------------------------------------------------------------------------------
 
-Hands::Rest Hands::clickAt(QWidget &widget, QPoint place)
+QPoint Hands::reach(const QWidget &widget, QPoint place)
 {
-    QWidget *window = widget.window();
+    const QWidget *window = widget.window();
     const QPoint there = widget.mapTo(window, place);
     require(widget.isEnabled(),
             u"%1 of %2 is disabled."_s.arg(widget.objectName(), describe(*window)));
@@ -169,8 +190,57 @@ Hands::Rest Hands::clickAt(QWidget &widget, QPoint place)
     const QWidget *hit = window->childAt(there);
     require(hit == &widget || widget.isAncestorOf(hit),
             u"%1 of %2 is covered."_s.arg(widget.objectName(), describe(*window)));
-    return perform([window, there] {
-        QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier, there);
+    return there;
+}
+
+Hands::Rest Hands::clickAt(QWidget &widget, QPoint place, Qt::MouseButton button)
+{
+    const QPoint there = reach(widget, place);
+    QWindow *window = widget.window()->windowHandle();
+    return perform(
+        [window, there, button] { QTest::mouseClick(window, button, Qt::NoModifier, there); });
+}
+
+Hands::Rest Hands::doubleClickAt(QWidget &widget, QPoint place)
+{
+    const QPoint there = reach(widget, place);
+    QWindow *window = widget.window()->windowHandle();
+    return perform(
+        [window, there] { QTest::mouseDClick(window, Qt::LeftButton, Qt::NoModifier, there); });
+}
+
+Hands::Rest Hands::drag(QWidget &widget, QPoint from, QPoint to)
+{
+    return drag(widget, from, widget, to);
+}
+
+Hands::Rest Hands::drag(QWidget &widget, QPoint from, QWidget &target, QPoint to)
+{
+    constexpr int Steps = 8;
+    const QPoint begin = reach(widget, from);
+    const QPoint end = reach(target, to);
+    QList<QPoint> places;
+    for (int step = 0; step <= Steps; ++step)
+        places.append(begin + (end - begin) * step / Steps);
+    m_posted = true;
+    dragOn(widget.window()->windowHandle(), places, 0);
+    return rest();
+}
+
+/// Each step by itself: what is dragged out of a list has a loop of its own until it is let go.
+void Hands::dragOn(QWindow *window, const QList<QPoint> &places, qsizetype step)
+{
+    QTimer::singleShot(LookEvery, &m_timer, [this, window, places, step] {
+        if (step < places.size())
+            dragOn(window, places, step + 1);
+        else
+            m_posted = false;
+        if (step == 0)
+            QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, places.first());
+        else if (step < places.size())
+            QTest::mouseMove(window, places[step]);
+        else
+            QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, places.last());
     });
 }
 
@@ -198,21 +268,19 @@ Hands::Rest Hands::chooseEntry(const QString &name)
     const QWidget *window = front();
     auto *bar = window != nullptr ? window->findChild<QMenuBar *>() : nullptr;
     require(bar != nullptr, u"%1 has no menus."_s.arg(frontText()));
-    for (QAction *heading : bar->actions()) {
-        QMenu *menu = heading->menu();
-        auto *entry = menu != nullptr ? menu->findChild<QAction *>(name) : nullptr;
-        if (entry == nullptr)
-            continue;
-        require(entry->isEnabled() && entry->isVisible(), u"%1 is disabled."_s.arg(name));
-        return perform([window, bar, heading, menu, entry] {
-            QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier,
-                              bar->mapTo(window, bar->actionGeometry(heading).center()));
+    const QList<QAction *> way = wayTo(bar->actions(), name);
+    require(!way.isEmpty(), u"%1 has no menu entry %2."_s.arg(frontText(), name));
+    require(way.last()->isEnabled() && way.last()->isVisible(), u"%1 is disabled."_s.arg(name));
+    return perform([window, bar, way] {
+        QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                          bar->mapTo(window, bar->actionGeometry(way.first()).center()));
+        for (qsizetype entry = 1; entry < way.size(); ++entry) {
+            QMenu *menu = way[entry - 1]->menu();
             if (menu->isVisible())
                 QTest::mouseClick(menu->windowHandle(), Qt::LeftButton, Qt::NoModifier,
-                                  menu->actionGeometry(entry).center());
-        });
-    }
-    throw Fault(u"%1 has no menu entry %2."_s.arg(frontText(), name));
+                                  menu->actionGeometry(way[entry]).center());
+        }
+    });
 }
 
 Hands::Rest Hands::chooseTab(const QString &name, int index)
@@ -227,6 +295,62 @@ Hands::Rest Hands::click(const QString &gridName, int row, const QString &column
     require(row >= 0, u"%1 lacks the row for a click in \"%2\"."_s.arg(gridName, column));
     view.scrollTo(view.rows().indexOf(row, view.rows().columnIndex(column)));
     return clickAt(*view.viewport(), view.cellRect(row, column).center());
+}
+
+QRect Hands::lineOf(QAbstractItemView &view, const QString &text)
+{
+    const QAbstractItemModel &lines = *view.model();
+    const QModelIndexList found =
+        lines.match(lines.index(0, 0), Qt::DisplayRole, text, 1,
+                    Qt::MatchExactly | Qt::MatchCaseSensitive | Qt::MatchRecursive);
+    require(!found.isEmpty(), u"%1 has no line \"%2\"."_s.arg(view.objectName(), text));
+    view.scrollTo(found.first());
+    return view.visualRect(found.first());
+}
+
+Hands::Rest Hands::clickLine(const QString &name, const QString &text)
+{
+    auto &view = control<QAbstractItemView>(name);
+    return clickAt(*view.viewport(), lineOf(view, text).center());
+}
+
+Hands::Rest Hands::tickLine(const QString &name, const QString &text)
+{
+    auto &view = control<QAbstractItemView>(name);
+    const QRect line = lineOf(view, text);
+    return clickAt(*view.viewport(), line.topLeft() + QPoint(line.height(), line.height()) / 2);
+}
+
+Hands::Rest Hands::choose(const QString &name, const QString &text)
+{
+    auto &box = control<QComboBox>(name);
+    const QPoint there = reach(box, box.rect().center());
+    require(box.findText(text) >= 0, u"%1 doesn't offer \"%2\"."_s.arg(name, text));
+    return perform([&box, there, text] {
+        QTest::mouseClick(box.window()->windowHandle(), Qt::LeftButton, Qt::NoModifier, there);
+        QAbstractItemView &offered = *box.view();
+        const QModelIndex line = offered.model()->index(box.findText(text), box.modelColumn());
+        offered.scrollTo(line);
+        QTest::mouseClick(
+            offered.window()->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+            offered.viewport()->mapTo(offered.window(), offered.visualRect(line).center()));
+    });
+}
+
+Hands::Rest Hands::chooseFromMenu(const QString &text)
+{
+    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    require(menu != nullptr, u"No menu is open in %1."_s.arg(frontText()));
+    for (QAction *entry : menu->actions()) {
+        if (entry->text().remove(u'&') != text)
+            continue;
+        require(entry->isEnabled(), u"\"%1\" is disabled."_s.arg(text));
+        return perform([menu, entry] {
+            QTest::mouseClick(menu->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                              menu->actionGeometry(entry).center());
+        });
+    }
+    throw Fault(u"The menu has no entry \"%1\"."_s.arg(text));
 }
 
 Hands::Rest Hands::type(const QString &name, const QString &text)

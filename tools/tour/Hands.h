@@ -3,6 +3,7 @@
 #include "platform/grid/GridView.h"
 #include "tour/Fault.h"
 
+#include <QAbstractItemView>
 #include <QElapsedTimer>
 #include <QTimer>
 #include <QWidget>
@@ -70,6 +71,22 @@ public:
     Rest chooseTab(const QString &name, int index);
     /// Clicks in a cell, after scrolling to it.
     Rest click(const QString &gridName, int row, const QString &column);
+    /// Clicks on a line of a list or a tree, which it shows by this text, after scrolling to it; on
+    /// the box before it to tick it.
+    Rest clickLine(const QString &name, const QString &text);
+    Rest tickLine(const QString &name, const QString &text);
+    /// Where such a line stands, after scrolling to it.
+    [[nodiscard]] static QRect lineOf(QAbstractItemView &view, const QString &text);
+    /// Opens a box to choose from, and clicks on a line of it.
+    Rest choose(const QString &name, const QString &text);
+    /// Clicks on an entry of the menu that is open.
+    Rest chooseFromMenu(const QString &text);
+    /// At a place of a control.
+    Rest clickAt(QWidget &widget, QPoint place, Qt::MouseButton button = Qt::LeftButton);
+    Rest doubleClickAt(QWidget &widget, QPoint place);
+    /// Holds the button down between two places of a control, or of two of them.
+    Rest drag(QWidget &widget, QPoint from, QPoint to);
+    Rest drag(QWidget &widget, QPoint from, QWidget &target, QPoint to);
     /// Types over what a box holds.
     Rest type(const QString &name, const QString &text);
     /// Types into whatever has the focus.
@@ -86,7 +103,9 @@ private:
     [[nodiscard]] static QString frontText();
     [[nodiscard]] QWidget &find(const QString &name) const;
     Rest perform(std::function<void()> action);
-    Rest clickAt(QWidget &widget, QPoint place);
+    /// The place in its window, which a click has to reach.
+    [[nodiscard]] static QPoint reach(const QWidget &widget, QPoint place);
+    void dragOn(QWindow *window, const QList<QPoint> &places, qsizetype step);
     void waitFor(std::coroutine_handle<> waiting);
     void look();
     [[nodiscard]] bool isAtRest() const;
@@ -95,7 +114,7 @@ private:
     QTimer m_timer;
     QElapsedTimer m_since;
     std::coroutine_handle<> m_waiting;
-    bool m_posted = false; ///< an action is on its way
+    bool m_posted = false; ///< an action is on its way, or a drag is under way
     /// The modal window in front at the begin of each action that has not ended: those that wait in
     /// a window which they have opened, the last one perhaps still at work.
     std::vector<QWidget *> m_running;

@@ -40,6 +40,14 @@ Task Tour::run()
     co_await seeTheSchedule();
     co_await seeTheBoardAgain();
 
+    co_await openTheWorkOrder();
+    co_await putInTheLogo();
+    co_await changeAColumn();
+    co_await previewAndSave();
+    co_await printTheOwnOrder();
+    co_await makeAReport();
+    co_await viewTheReport();
+
     co_await exportToTheHandheld();
     co_await importFromTheHandheld();
     co_await postTheCrewsWork();

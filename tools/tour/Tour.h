@@ -9,6 +9,11 @@
 #include <QTextStream>
 #include <optional>
 
+namespace report {
+class DesignCanvas;
+struct Layout;
+} // namespace report
+
 namespace tour {
 
 /// The main job on the real windows: what is due becomes work orders, these are printed, recorded
@@ -68,6 +73,17 @@ private:
     Task seeTheHistory();
     Task seeTheSchedule();
     Task seeTheBoardAgain();
+    // Reports as the company wants them
+    Task openTheWorkOrder();
+    Task putInTheLogo();
+    Task changeAColumn();
+    Task previewAndSave();
+    Task printTheOwnOrder();
+    Task makeAReport();
+    Task addAColumn();
+    Task seeTheQuery();
+    Task seeAnExpression();
+    Task viewTheReport();
     // Lost and brought back
     Task takeABackup();
     Task restoreIt();
@@ -98,6 +114,11 @@ private:
     Task exportReport(const QString &file);
     Task completeOrders(const Machine &machine);
     Task confirmDates();
+    void requireSums(const QString &text);
+    [[nodiscard]] report::DesignCanvas &sheet() const;
+    [[nodiscard]] const report::Layout &designed() const;
+    /// The middle of the object that shows this, on the sheet as it is scrolled.
+    [[nodiscard]] QPoint onSheet(const QString &content) const;
     [[nodiscard]] int rowOfMachine(const QString &gridName, const Machine &machine);
     [[nodiscard]] QString path(const QString &file) const;
     [[nodiscard]] const Service &dueService(const Machine &machine, bool (*test)(const Service &));
