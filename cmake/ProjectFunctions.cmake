@@ -20,8 +20,9 @@ target_compile_definitions(project_options INTERFACE
     QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 if(QUORVANTIS_SANITIZE)
     target_compile_options(project_options INTERFACE
-        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-    target_link_options(project_options INTERFACE -fsanitize=address,undefined)
+        -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all
+        -fno-omit-frame-pointer)
+    target_link_options(project_options INTERFACE -fsanitize=address,undefined,float-cast-overflow)
 endif()
 find_program(LLD_LINKER ld.lld)
 if(LLD_LINKER)

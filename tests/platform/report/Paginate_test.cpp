@@ -340,11 +340,9 @@ TEST(Paginate, ConditionsChangeStylesAndHide)
 
 TEST(Paginate, FormulasServeAsFieldsAndCanBeReplaced)
 {
-
-    const Layout layout =
-        smallLayout(R"(<formula name="NoOfDays">0</formula><formula name="Twice">N * 2</formula>
-           <formula name="Self">Self + 1</formula>
-           <band kind="detail" height="5mm"><text content="{Twice}:{NoOfDays}:{sum(Twice)}:{Self}{{x}"/></band>)");
+    const Layout layout = smallLayout(
+        R"(<formula name="NoOfDays">0</formula><formula name="Twice">N * 2</formula>
+           <band kind="detail" height="5mm"><text content="{Twice}:{NoOfDays}:{sum(Twice)}:{{x}"/></band>)");
     Inputs inputs;
     inputs.formulas.insert(u"NoOfDays"_s, u"31"_s);
     EXPECT_EQ(pageWords(layout, numbers(2), inputs), "2:31:2:{x} 4:31:6:{x}");
@@ -459,18 +457,20 @@ TEST(Paginate, EndsWhereItIsCancelled)
 TEST(Paginate, PicturesComeFromFilesAndRows)
 {
     QTemporaryDir folder;
-    test::writeFile(folder.filePath(u"logo.png"_s), "12345");
+    // The smallest picture there is, and one with a byte behind its end.
+    const QByteArray logo("GIF89a\1\0\1\0\0\0\0,\0\0\0\0\1\0\1\0\0\2\2D\1\0;", 28);
+    test::writeFile(folder.filePath(u"logo.png"_s), logo);
     Inputs inputs;
     inputs.folder = folder.path();
 
     const Layout layout = smallLayout(
         R"(<band kind="detail" height="5mm"><picture content="logo.png"/><picture content="=Photo"/></band>)");
-    EXPECT_EQ(pagesText(layout, Rows({u"Photo"_s}, {{QByteArray("123")}, {QVariant()}}), inputs)
-                  .toStdString(),
-              R"(page 1
-  picture 1000,1000 3000x500 5 bytes
-  picture 1000,1000 3000x500 3 bytes
-  picture 1000,1500 3000x500 5 bytes
+    EXPECT_EQ(
+        pagesText(layout, Rows({u"Photo"_s}, {{logo + '\0'}, {QVariant()}}), inputs).toStdString(),
+        R"(page 1
+  picture 1000,1000 3000x500 28 bytes
+  picture 1000,1000 3000x500 29 bytes
+  picture 1000,1500 3000x500 28 bytes
 )");
 }
 

@@ -2,6 +2,7 @@
 #include "platform/report/designer/DesignCanvas.h"
 #include "platform/report/designer/DesignerActions.h"
 #include "platform/report/designer/Structure.h"
+#include "platform/report/paginate/PictureFile.h"
 
 #include <QBuffer>
 #include <QClipboard>
@@ -102,12 +103,12 @@ void DesignerActions::insertPicture()
         return;
     }
     QByteArray bytes = file.readAll();
-    QBuffer buffer(&bytes);
-    const QSize size = QImageReader(&buffer).size();
-    if (!size.isValid() || size.isEmpty()) {
-        base::showMessage(u"\"%1\" is no picture that can be shown."_s.arg(path));
+    if (const QString fault = pictureFault(bytes); !fault.isEmpty()) {
+        base::showMessage(u"\"%1\" %2."_s.arg(path, fault));
         return;
     }
+    QBuffer buffer(&bytes);
+    const QSize size = QImageReader(&buffer).size();
     const int band = m_canvas.targetBand();
     const Selection former = m_document.selection();
     const bool isReplaced =

@@ -19,6 +19,8 @@ struct Expression::Tree
 namespace {
 
 constexpr int MaximumDepth = 200;
+/// Of a tree, most of which lies in chains of operators.
+constexpr int MaximumTreeDepth = 10 * MaximumDepth;
 
 class Parser
 {
@@ -62,9 +64,12 @@ private:
         Parser &m_parser;
     };
 
-    static ExpressionNode binary(const QString &op, ExpressionNode left, ExpressionNode right)
+    ExpressionNode binary(const QString &op, ExpressionNode left, ExpressionNode right) const
     {
         ExpressionNode node;
+        node.depth = 1 + qMax(left.depth, right.depth);
+        if (node.depth > MaximumTreeDepth)
+            throw ParseError{u"the expression is too long"_s, m_tokens.current().at};
         node.kind = Kind::Binary;
         node.text = op;
         node.children.push_back(std::move(left));
@@ -75,6 +80,7 @@ private:
     {
         ExpressionNode node;
         node.kind = kind;
+        node.depth = 1 + operand.depth;
         node.children.push_back(std::move(operand));
         return node;
     }
@@ -84,9 +90,7 @@ private:
     ExpressionNode chain(std::initializer_list<QStringView> operators, Next next)
     {
         ExpressionNode left = (this->*next)();
-        for (int length = 0;; ++length) {
-            if (length > 10 * MaximumDepth)
-                throw ParseError{u"the expression is too long"_s, m_tokens.current().at};
+        for (;;) {
             QStringView found;
             for (const QStringView op : operators)
                 if (m_tokens.accept(op)) {
@@ -180,9 +184,10 @@ private:
         node.kind = Kind::Function;
         node.function = function->evaluate;
         if (!m_tokens.accept(u")")) {
-            do
+            do {
                 node.children.push_back(parseOr());
-            while (m_tokens.accept(u","));
+                node.depth = qMax(node.depth, 1 + node.children.back().depth);
+            } while (m_tokens.accept(u","));
             m_tokens.expect(u")");
         }
         const int count = static_cast<int>(node.children.size());

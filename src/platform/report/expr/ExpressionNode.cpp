@@ -11,6 +11,9 @@
 namespace report {
 namespace {
 
+/// Of a text that is joined of others; no report shows more.
+constexpr qsizetype MaximumText = 4'000'000;
+
 /// So many days after the date; Null beyond the years of four digits.
 QVariant daysAfter(const QDateTime &date, double days)
 {
@@ -46,21 +49,50 @@ QVariant ExpressionNode::evaluate(const EvaluationContext &context) const
         return function(arguments);
     }
     case Kind::Binary:
-        return evaluateBinary(context);
+        return evaluateChain(context);
     }
     return {};
 }
 
-QVariant ExpressionNode::evaluateBinary(const EvaluationContext &context) const
+/// A chain leans to the left, as deep as it is long, so that it is worked out without going down.
+QVariant ExpressionNode::evaluateChain(const EvaluationContext &context) const
 {
-    const QVariant left = children[0].evaluate(context);
-    if (text == u"and")
-        return isTrueValue(left) && isTrueValue(children[1].evaluate(context));
-    if (text == u"or")
-        return isTrueValue(left) || isTrueValue(children[1].evaluate(context));
-    const QVariant right = children[1].evaluate(context);
-    if (text == u"&")
-        return QVariant(base::toText(left) + base::toText(right));
+    std::vector<const ExpressionNode *> chain;
+    const ExpressionNode *node = this;
+    for (; node->kind == Kind::Binary; node = &node->children[0])
+        chain.push_back(node);
+    QVariant left = node->evaluate(context);
+    while (!chain.empty()) {
+        const ExpressionNode &next = *chain.back();
+        if (next.text == u"&") {
+            left = joined(chain, std::move(left), context);
+            continue;
+        }
+        chain.pop_back();
+        if (next.text == u"and")
+            left = isTrueValue(left) && isTrueValue(next.children[1].evaluate(context));
+        else if (next.text == u"or")
+            left = isTrueValue(left) || isTrueValue(next.children[1].evaluate(context));
+        else
+            left = next.applied(left, next.children[1].evaluate(context));
+    }
+    return left;
+}
+
+/// Takes the operators "&" off the end of the chain: their texts are put together once.
+QVariant ExpressionNode::joined(std::vector<const ExpressionNode *> &chain, QVariant left,
+                                const EvaluationContext &context)
+{
+    QString text = base::toText(left);
+    for (; !chain.empty() && chain.back()->text == u"&"; chain.pop_back())
+        if (text.size() < MaximumText)
+            text += base::toText(chain.back()->children[1].evaluate(context));
+    return text;
+}
+
+/// The value of an operator whose sides are known.
+QVariant ExpressionNode::applied(const QVariant &left, const QVariant &right) const
+{
     if (left.isNull() || right.isNull())
         return {};
     if (text == u"=")

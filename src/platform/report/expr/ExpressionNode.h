@@ -21,12 +21,16 @@ public:
     QString text;      ///< Name; operator of Binary
     int number = 0;    ///< Aggregate
     FunctionPointer function = nullptr;
+    int depth = 1; ///< of the tree below, itself included
     std::vector<ExpressionNode> children;
 
     [[nodiscard]] QVariant evaluate(const EvaluationContext &context) const;
 
 private:
-    [[nodiscard]] QVariant evaluateBinary(const EvaluationContext &context) const;
+    [[nodiscard]] QVariant evaluateChain(const EvaluationContext &context) const;
+    [[nodiscard]] static QVariant joined(std::vector<const ExpressionNode *> &chain, QVariant left,
+                                         const EvaluationContext &context);
+    [[nodiscard]] QVariant applied(const QVariant &left, const QVariant &right) const;
 };
 
 } // namespace report

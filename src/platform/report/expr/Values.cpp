@@ -49,7 +49,8 @@ int compareValues(const QVariant &left, const QVariant &right)
     if (isNumberValue(left) && isNumberValue(right)) {
         const double a = left.toDouble();
         const double b = right.toDouble();
-        return int(a > b) - int(a < b);
+        // What is no number comes before all numbers, so that a sort has an order to find.
+        return int(a > b) - int(a < b) + int(std::isnan(b)) - int(std::isnan(a));
     }
     if (left.typeId() == QMetaType::QDateTime && right.typeId() == QMetaType::QDateTime) {
         const QDateTime a = left.toDateTime();

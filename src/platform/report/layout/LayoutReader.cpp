@@ -3,11 +3,20 @@
 
 #include <QFile>
 #include <QSet>
+#include <algorithm>
 
 namespace report {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+/// No report has more; what a page costs is bounded by them.
+constexpr qsizetype MostParts = 500; ///< of one kind
+constexpr qsizetype MostGroups = 20;
+constexpr qsizetype MostObjects = 1000; ///< of a band
+constexpr qsizetype LongestName = 1000;
+constexpr int MostAttributes = 200; ///< of an element
+constexpr qint64 LargestFile = 64 * 1024 * 1024;
 
 class Reader : private AttributeReader
 {
@@ -57,6 +66,14 @@ private:
             throw Failure{m_xml.errorString()};
     }
 
+    template<class List, class Part>
+    static void append(List &list, Part part, const QString &what, qsizetype most = MostParts)
+    {
+        if (list.size() >= most)
+            throw Failure{u"There are more than %1 %2"_s.arg(most).arg(what)};
+        list.append(std::move(part));
+    }
+
     Layout readReport()
     {
         Layout layout;
@@ -73,23 +90,23 @@ private:
             if (name == u"page")
                 readPage(layout.page);
             else if (name == u"style")
-                m_styles.append(readNamedStyle());
+                append(m_styles, readNamedStyle(), u"styles"_s);
             else if (name == u"image")
-                layout.pictures.append(readPicture());
+                append(layout.pictures, readPicture(), u"images"_s);
             else if (name == u"parameter")
-                layout.parameters.append(readParameter());
+                append(layout.parameters, readParameter(), u"parameters"_s);
             else if (name == u"query")
                 layout.query = readText();
             else if (name == u"rows")
-                layout.rowSets.append(readRowSet());
+                append(layout.rowSets, readRowSet(), u"sets of rows"_s);
             else if (name == u"group")
-                layout.groups.append(readGroup());
+                append(layout.groups, readGroup(), u"groups"_s, MostGroups);
             else if (name == u"sort")
-                layout.sort.append(readSort());
+                append(layout.sort, readSort(), u"sort elements"_s);
             else if (name == u"formula")
-                layout.formulas.append(readFormula());
+                append(layout.formulas, readFormula(), u"formulas"_s);
             else if (name == u"band")
-                layout.bands.append(readBand());
+                append(layout.bands, readBand(), u"bands"_s);
             else
                 return false;
             return true;
@@ -127,6 +144,10 @@ private:
     {
         QSet<QString> names;
         for (const Named &one : list) {
+            if (one.name.size() > LongestName)
+                throw Failure{
+                    u"The name of one of the %1 is longer than %2 characters"_s.arg(what).arg(
+                        LongestName)};
             if (names.contains(one.name.toLower()))
                 throw Failure{u"There are two %1 \"%2\""_s.arg(what, one.name)};
             names.insert(one.name.toLower());
@@ -264,7 +285,7 @@ private:
         children([&](const QString &name) {
             const auto object = words::kindOf(words::Objects, name);
             if (object)
-                band.objects.append(readObject(*object));
+                append(band.objects, readObject(*object), u"objects in a band"_s, MostObjects);
             return object.has_value();
         });
         return band;
@@ -275,6 +296,8 @@ private:
         Object object;
         object.kind = kind;
         text(u"name", object.name);
+        if (object.name.size() > LongestName)
+            throw Failure{u"The name of an object is longer than %1 characters"_s.arg(LongestName)};
         text(u"style", object.styleName);
         if (!object.styleName.isEmpty())
             object.style = followed(object.styleName);
@@ -299,9 +322,9 @@ private:
         endAttributes();
         children([&](const QString &name) {
             if (name == u"when")
-                object.conditionalStyles.append(readCondition());
+                append(object.conditionalStyles, readCondition(), u"\"when\" in an object"_s);
             else if (name == u"series" && kind == ObjectKind::Chart)
-                object.chart.series.append(readSeries());
+                append(object.chart.series, readSeries(), u"series in a chart"_s);
             else
                 return false;
             return true;
@@ -399,10 +422,46 @@ private:
     QList<NamedStyle> m_styles;
 };
 
+/// Where an element has more attributes than any needs, else -1. The reader of XML compares each of
+/// them with all others.
+qsizetype overlongElement(const QByteArray &text)
+{
+    bool inTag = false;
+    char quote = 0;
+    int attributes = 0;
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        const char c = text[at];
+        if (!inTag) {
+            const char next = at + 1 < text.size() ? text[at + 1] : '\0';
+            inTag = c == '<' && next != '!' && next != '?';
+            attributes = 0;
+        } else if (quote) {
+            if (c == quote)
+                quote = 0;
+        } else if (c == '>') {
+            inTag = false;
+        } else if (c == '"' || c == '\'') {
+            quote = c;
+            if (++attributes > MostAttributes)
+                return at;
+        }
+    }
+    return -1;
+}
+
 } // namespace
 
 LayoutReading readLayout(const QByteArray &text)
 {
+    if (const qsizetype at = overlongElement(text); at >= 0) {
+        const QByteArrayView before = QByteArrayView(text).first(at);
+        LayoutReading reading;
+        reading.error = u"Line %1, column %2: An element has more than %3 attributes."_s
+                            .arg(1 + std::count(before.begin(), before.end(), '\n'))
+                            .arg(at - before.lastIndexOf('\n'))
+                            .arg(MostAttributes);
+        return reading;
+    }
     return Reader(text).read();
 }
 
@@ -413,6 +472,11 @@ LayoutReading readLayoutFile(const QString &path)
         LayoutReading reading;
         reading.error =
             u"The report layout \"%1\" can't be opened: %2."_s.arg(path, file.errorString());
+        return reading;
+    }
+    if (file.size() > LargestFile) {
+        LayoutReading reading;
+        reading.error = u"The report layout \"%1\" is larger than 64 MB."_s.arg(path);
         return reading;
     }
     return readLayout(file.readAll());

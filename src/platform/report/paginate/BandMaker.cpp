@@ -4,9 +4,9 @@
 #include "platform/report/paginate/BarCode.h"
 #include "platform/report/paginate/ChartDrawing.h"
 #include "platform/report/paginate/CrossTabDrawing.h"
+#include "platform/report/paginate/PictureFile.h"
 #include "platform/report/paginate/TextFlow.h"
 
-#include <QDir>
 #include <QFile>
 
 namespace report {
@@ -117,6 +117,7 @@ MadeBand BandMaker::make(const compiled::Band &band)
 {
     MadeBand made;
     QList<Placed> objects;
+    m_linesLeft = MostLines;
     for (const compiled::Object &object : band.objects) {
         Placed placed{&object, layoutFrame(*object.layout), 0, {}, {}, {}, {}, {}, false};
         if (!prepare(object, placed, made) || placed.repeated)
@@ -132,7 +133,7 @@ MadeBand BandMaker::make(const compiled::Band &band)
     for (const Placed &placed : std::as_const(objects)) {
         // What stood below an object in the layout keeps its distance to it.
         const Length below = band.layout->height - bottomOf(layoutFrame(*placed.object->layout));
-        made.height = qMax(made.height, bottomOf(placed.frame) + qMax(0, below));
+        made.height = qMin(LongestFlow, qMax(made.height, bottomOf(placed.frame) + qMax(0, below)));
         addItem(placed, made.items);
     }
     return made;
@@ -193,37 +194,44 @@ ChartData BandMaker::crossTabOf(const compiled::Object &object) const
 
 void BandMaker::flow(Placed &placed)
 {
-    placed.lines = flowText(placed.text, placed.style, placed.frame.width());
+    bool isCut = false;
+    placed.lines = flowText(placed.text, placed.style, placed.frame.width(), m_linesLeft, &isCut);
     const Length needed = placed.text.isEmpty() ? 0 : flowHeight(placed.lines, placed.style);
-    if (placed.object->layout->canGrow && needed > placed.frame.height()) {
+    const bool isGrowing = placed.object->layout->canGrow;
+    if (isGrowing && needed > placed.frame.height()) {
         placed.grown = needed - placed.frame.height();
         placed.frame.setHeight(needed);
-    } else if (cutToHeight(placed.lines, placed.style, placed.frame.height())) {
-        constexpr int ToldLength = 60;
-        const QString start = placed.text.left(ToldLength).simplified();
-        tellOnce(*placed.object,
-                 u"%1: the text \"%2\" is cut off, its frame is too small."_s.arg(
-                     nameOf(*placed.object->layout),
-                     start.size() < placed.text.size() ? start + QChar(0x2026) : start));
     }
+    isCut |= !isGrowing && cutToHeight(placed.lines, placed.style, placed.frame.height());
+    m_linesLeft -= placed.lines.size();
+    if (!isCut)
+        return;
+    constexpr int ToldLength = 60;
+    const QString start = placed.text.left(ToldLength).simplified();
+    tellOnce(*placed.object->layout,
+             u"%1: the text \"%2\" is cut off, %3."_s.arg(
+                 nameOf(*placed.object->layout),
+                 start.size() < placed.text.size() ? start + QChar(0x2026) : start,
+                 isGrowing ? u"it is too long"_s : u"its frame is too small"_s));
 }
 
 /// A cross-tab is as high as its lines, and pushes what lies below.
 void BandMaker::fillCrossTab(Placed &placed)
 {
     const report::Object &object = *placed.object->layout;
-    CrossTabDrawing drawing =
-        drawCrossTab(object, placed.style, crossTabOf(*placed.object), placed.frame.width());
+    const ChartData data = crossTabOf(*placed.object);
+    CrossTabDrawing drawing = drawCrossTab(object, placed.style, data, placed.frame.width());
     if (drawing.isTooNarrow)
-        tellOnce(*placed.object,
-                 u"%1: a cross-tab is too narrow for its values."_s.arg(nameOf(object)));
+        tellOnce(object, u"%1: a cross-tab is too narrow for its values."_s.arg(nameOf(object)));
+    if (drawing.isCut || data.isCut)
+        tellOnce(object, u"%1: a cross-tab has too many lines to show."_s.arg(nameOf(object)));
     placed.table = std::move(drawing.items);
     placed.grown = qMax(0, drawing.height - placed.frame.height());
     placed.frame.setHeight(placed.frame.height() + placed.grown);
 }
 
 /// What is wrong in each row is told with the first one.
-void BandMaker::tellOnce(const compiled::Object &object, const QString &problem)
+void BandMaker::tellOnce(const report::Object &object, const QString &problem)
 {
     if (m_told.contains(&object))
         return;
@@ -274,7 +282,8 @@ void BandMaker::push(QList<Placed> &objects) const
             if (other != placed && grows(*other->object->layout) &&
                 bottomOf(layoutFrame(*other->object->layout)) <= placed->object->layout->y)
                 down = qMax(down, lowered(*other));
-        placed->frame.moveTop(placed->object->layout->y + down);
+        // What would lie farther down than any band is high is left there, out of sight.
+        placed->frame.moveTop(qMin(placed->object->layout->y + down, 2 * LongestFlow));
     }
     for (Placed *placed : byTop) {
         if (!stretches(*placed->object->layout))
@@ -319,9 +328,7 @@ void BandMaker::addItem(const Placed &placed, QList<PageItem> &items)
         items.append(BoxItem{frame, object.lineWidth, placed.style.color, placed.style.fill});
         return;
     case ObjectKind::Picture: {
-        const QByteArray data =
-            placed.object->value ? placed.value.toByteArray() : storedPicture(object.content);
-        if (!data.isEmpty())
+        if (const QByteArray data = pictureOf(placed); !data.isEmpty())
             items.append(PictureItem{frame, data, placed.style.align});
         return;
     }
@@ -331,18 +338,21 @@ void BandMaker::addItem(const Placed &placed, QList<PageItem> &items)
             items.append(std::move(item));
         }
         return;
-    case ObjectKind::Chart:
-        items.append(drawChart(object, placed.style, chartOf(*placed.object), frame));
+    case ObjectKind::Chart: {
+        const ChartData data = chartOf(*placed.object);
+        if (data.isCut)
+            tellOnce(object, u"%1: a chart has too many values to show."_s.arg(nameOf(object)));
+        items.append(drawChart(object, placed.style, data, frame));
         return;
+    }
     case ObjectKind::BarCode: {
         const QString text = base::toText(placed.value);
         if (text.isEmpty())
             return;
         if (const auto code = barCode(text, frame))
             items.append(*code);
-        else if (const QString problem = u"\"%1\" can't be written as a bar code."_s.arg(text);
-                 !m_problems.contains(problem))
-            m_problems.append(problem);
+        else
+            tellOnce(object, u"\"%1\" can't be written as a bar code."_s.arg(text.left(100)));
         return;
     }
     }
@@ -363,22 +373,45 @@ Style BandMaker::styleOf(const compiled::Object &object) const
     return style;
 }
 
-/// One of the layout's own pictures, or a file beside it.
-QByteArray BandMaker::storedPicture(const QString &name)
+/// The bytes of a picture that can be shown; what is wrong with another is told.
+QByteArray BandMaker::pictureOf(const Placed &placed)
+{
+    const report::Object &object = *placed.object->layout;
+    const auto tell = [&](const QString &fault) {
+        tellOnce(object, u"The picture \"%1\" %2."_s.arg(object.content, fault));
+    };
+    if (placed.object->value) {
+        const QByteArray data = placed.value.toByteArray();
+        const QString fault = data.isEmpty() ? QString() : pictureFault(data);
+        if (fault.isEmpty())
+            return data;
+        tell(fault);
+        return {};
+    }
+    const auto known = m_pictures.constFind(object.content);
+    if (known != m_pictures.cend())
+        return *known;
+    QByteArray data = storedPicture(object.content);
+    const QString fault = data.isEmpty() ? u"is not there"_s : pictureFault(data);
+    if (!fault.isEmpty()) {
+        tell(fault);
+        data.clear();
+    }
+    m_pictures.insert(object.content, data);
+    return data;
+}
+
+/// One of the layout's own pictures, or a file in its folder.
+QByteArray BandMaker::storedPicture(const QString &name) const
 {
     if (const int own = m_layout.pictureIndex(name); own >= 0)
         return m_layout.pictures[own].data;
-    const auto known = m_pictures.constFind(name);
-    if (known != m_pictures.cend())
-        return *known;
-    QFile file(QDir(m_inputs.folder).filePath(name));
-    QByteArray data;
-    if (file.open(QIODevice::ReadOnly))
-        data = file.readAll();
-    else
-        m_problems.append(u"The picture \"%1\" is not there."_s.arg(name));
-    m_pictures.insert(name, data);
-    return data;
+    constexpr qint64 LargestFile = 64 * 1024 * 1024;
+    QFile file(pictureFileBeside(m_inputs.folder, name).value_or(QString()));
+    return !file.fileName().isEmpty() && file.size() <= LargestFile &&
+                   file.open(QIODevice::ReadOnly)
+               ? file.readAll()
+               : QByteArray();
 }
 
 } // namespace report

@@ -83,21 +83,23 @@ private:
                                MadeBand &band) const;
     void flow(Placed &placed);
     void fillCrossTab(Placed &placed);
-    void tellOnce(const compiled::Object &object, const QString &problem);
+    void tellOnce(const report::Object &object, const QString &problem);
     void push(QList<Placed> &objects) const;
     void addItem(const Placed &placed, QList<PageItem> &items);
     [[nodiscard]] QString textOf(const std::vector<compiled::Piece> &pieces) const;
     [[nodiscard]] ChartData chartOf(const compiled::Object &object) const;
     [[nodiscard]] ChartData crossTabOf(const compiled::Object &object) const;
     [[nodiscard]] Style styleOf(const compiled::Object &object) const;
-    [[nodiscard]] QByteArray storedPicture(const QString &name);
+    [[nodiscard]] QByteArray pictureOf(const Placed &placed);
+    [[nodiscard]] QByteArray storedPicture(const QString &name) const;
 
     const Layout &m_layout;
     const BandContext &m_context;
     const Inputs &m_inputs;
     QStringList &m_problems;
-    QHash<QString, QByteArray> m_pictures;
-    QSet<const compiled::Object *> m_told; ///< of which something has been told
+    QHash<QString, QByteArray> m_pictures; ///< by the name in the layout
+    QSet<const report::Object *> m_told;   ///< of which something has been told
+    qsizetype m_linesLeft = 0;             ///< that the band being made may still have
 };
 
 } // namespace report

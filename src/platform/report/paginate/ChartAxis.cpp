@@ -8,6 +8,9 @@ namespace {
 
 /// What lies this near to a tick, in steps, lies on it.
 constexpr double Near = 1e-9;
+/// Values nearer to each other than this part of them are one, and so are zero and what is smaller.
+constexpr double Same = 1e-12;
+constexpr double Smallest = 1e-200;
 
 } // namespace
 
@@ -16,10 +19,11 @@ ChartAxis::ChartAxis(double least, double largest, int mostSteps, bool whole)
     , m_largest(std::max(least, largest))
 {
     // A flat line stands between two ticks.
-    if (m_least == m_largest) {
-        if (m_largest > 0)
+    const double farthest = std::max(std::abs(m_least), std::abs(m_largest));
+    if (m_largest - m_least <= std::max(Smallest, Same * farthest)) {
+        if (m_largest > Smallest)
             m_least = 0;
-        else if (m_least < 0)
+        else if (m_least < -Smallest)
             m_largest = 0;
         else
             m_largest = 1;
@@ -39,7 +43,7 @@ double ChartAxis::step() const
 }
 
 /// Reckoned in whole numbers as far as they go, so that 3 steps of 0.1 are 0.3.
-double ChartAxis::tick(int number) const
+double ChartAxis::tick(qint64 number) const
 {
     const double count = static_cast<double>(m_first + number) * m_digit;
     return m_power >= 0 ? count * std::pow(10.0, m_power) : count / std::pow(10.0, -m_power);
@@ -62,8 +66,8 @@ void ChartAxis::cover()
 {
     m_first = 0;
     const double one = step();
-    const int first = static_cast<int>(std::floor(m_least / one + Near));
-    m_last = std::max(first + 1, static_cast<int>(std::ceil(m_largest / one - Near)));
+    const auto first = static_cast<qint64>(std::floor(m_least / one + Near));
+    m_last = std::max(first + 1, static_cast<qint64>(std::ceil(m_largest / one - Near)));
     m_first = first;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtGlobal>
+
 namespace report {
 
 /// An axis of values with ticks at round numbers: 1, 2 or 5 times a power of ten apart.
@@ -10,9 +12,9 @@ public:
     /// may be or fewer. Whole: no step is less than 1.
     ChartAxis(double least, double largest, int mostSteps, bool whole);
 
-    [[nodiscard]] int ticks() const { return m_last - m_first + 1; }
+    [[nodiscard]] int ticks() const { return static_cast<int>(m_last - m_first) + 1; }
     /// The value at a tick, from 0.
-    [[nodiscard]] double tick(int number) const;
+    [[nodiscard]] double tick(qint64 number) const;
     [[nodiscard]] double low() const { return tick(0); }
     [[nodiscard]] double high() const { return tick(ticks() - 1); }
     /// How far up a value stands, 0 at the low end and 1 at the high one.
@@ -26,10 +28,10 @@ private:
 
     double m_least;
     double m_largest;
-    int m_digit = 1; ///< 1, 2 or 5
-    int m_power = 0; ///< of ten
-    int m_first = 0; ///< in steps
-    int m_last = 1;
+    int m_digit = 1;    ///< 1, 2 or 5
+    int m_power = 0;    ///< of ten
+    qint64 m_first = 0; ///< in steps
+    qint64 m_last = 1;
 };
 
 } // namespace report

@@ -11,6 +11,9 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// Of categories times series: more would fill the memory, and nobody could read them.
+constexpr std::size_t MostCells = 1'000'000;
+
 const QString NoLabel = u"(none)"_s;
 const QString OthersLabel = u"Others (%1)"_s;
 
@@ -63,12 +66,15 @@ ChartCollector::ChartCollector(const compiled::Chart &chart)
 
 void ChartCollector::add(const EvaluationContext &context, int row)
 {
-    const std::size_t category = categoryOf(context);
-    for (std::size_t number = 0; number < m_chart.series.size(); ++number) {
-        Shown &shown = m_shown[seriesOf(number, context)];
-        if (shown.cells.size() <= category)
-            shown.cells.resize(category + 1);
-        std::optional<Cell> &cell = shown.cells[category];
+    const std::optional<std::size_t> category = categoryOf(context);
+    for (std::size_t number = 0; category && number < m_chart.series.size(); ++number) {
+        const std::optional<std::size_t> series = seriesOf(number, context);
+        if (!series)
+            continue;
+        Shown &shown = m_shown[*series];
+        if (shown.cells.size() <= *category)
+            shown.cells.resize(*category + 1);
+        std::optional<Cell> &cell = shown.cells[*category];
         const Expression &value = shown.series->value.expression;
         if (!cell)
             cell = Cell{freshAggregates(value), row};
@@ -79,7 +85,7 @@ void ChartCollector::add(const EvaluationContext &context, int row)
     }
 }
 
-std::size_t ChartCollector::categoryOf(const EvaluationContext &context)
+std::optional<std::size_t> ChartCollector::categoryOf(const EvaluationContext &context)
 {
     const QVariant value = m_chart.category.expression.evaluate(context);
     const QString label = labelOf(value, m_layout.categoryFormat);
@@ -88,12 +94,17 @@ std::size_t ChartCollector::categoryOf(const EvaluationContext &context)
     const auto known = m_categoryNumbers.constFind(key);
     if (known != m_categoryNumbers.cend())
         return *known;
+    if ((fresh + 1) * m_shown.size() > MostCells) {
+        m_isCut = true;
+        return std::nullopt;
+    }
     m_categoryNumbers.insert(key, fresh);
     m_categories.append({value, label});
     return fresh;
 }
 
-std::size_t ChartCollector::seriesOf(std::size_t number, const EvaluationContext &context)
+std::optional<std::size_t> ChartCollector::seriesOf(std::size_t number,
+                                                    const EvaluationContext &context)
 {
     const compiled::Series &series = m_chart.series[number];
     QString name = series.layout->name;
@@ -110,8 +121,13 @@ std::size_t ChartCollector::seriesOf(std::size_t number, const EvaluationContext
     const auto isIt = [&](const Shown &shown) { return shown.series == &series && !series.by; };
     const auto place = std::find_if(m_shown.begin(), m_shown.end(), isIt);
     const auto found = static_cast<std::size_t>(place - m_shown.begin());
-    if (place == m_shown.end())
+    if (place == m_shown.end()) {
+        if ((m_shown.size() + 1) * static_cast<std::size_t>(m_categories.size()) > MostCells) {
+            m_isCut = true;
+            return std::nullopt;
+        }
         m_shown.push_back({&series, name, value, {}});
+    }
     m_seriesNumbers.insert(key, found);
     return found;
 }
@@ -220,6 +236,7 @@ ChartData ChartCollector::result(const EvaluationContext &context,
     if (hasOthers)
         data.categories.append({OthersLabel.arg(beyond), OthersLabel.arg(beyond)});
     data.leftOut = hasOthers ? 0 : beyond;
+    data.isCut = m_isCut;
     const std::vector<const Shown *> inOrder = seriesInOrder();
     for (std::size_t number = 0; number < inOrder.size(); ++number) {
         const Shown &shown = *inOrder[number];

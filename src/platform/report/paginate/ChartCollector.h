@@ -37,8 +37,10 @@ private:
     };
     [[nodiscard]] std::vector<const Shown *> seriesInOrder() const;
 
-    [[nodiscard]] std::size_t categoryOf(const EvaluationContext &context);
-    [[nodiscard]] std::size_t seriesOf(std::size_t number, const EvaluationContext &context);
+    /// Nothing where one more would be too many.
+    [[nodiscard]] std::optional<std::size_t> categoryOf(const EvaluationContext &context);
+    [[nodiscard]] std::optional<std::size_t> seriesOf(std::size_t number,
+                                                      const EvaluationContext &context);
     [[nodiscard]] static std::optional<double> valueOf(const Shown &shown,
                                                        const std::optional<Cell> &cell,
                                                        const EvaluationContext &context,
@@ -54,6 +56,7 @@ private:
     QList<ChartCategory> m_categories;
     QHash<QString, std::size_t> m_seriesNumbers;
     std::vector<Shown> m_shown;
+    bool m_isCut = false;
 };
 
 /// The colours of series that name none, told apart by the colour-blind too, and in print by their

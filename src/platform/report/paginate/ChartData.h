@@ -31,7 +31,8 @@ struct ChartData
     QString valueTitle;
     QList<ChartCategory> categories;
     QList<ChartSeries> series;
-    int leftOut = 0; ///< categories beyond those that are asked for
+    int leftOut = 0;    ///< categories beyond those that are asked for
+    bool isCut = false; ///< rows are left out, since there are more values than could be shown
 };
 
 } // namespace report

@@ -1,7 +1,9 @@
 #include "platform/report/paginate/Compiled.h"
 
 #include "platform/base/Format.h"
+#include "platform/report/paginate/FormulaCosts.h"
 
+#include <QSet>
 #include <algorithm>
 
 namespace report::compiled {
@@ -25,6 +27,7 @@ public:
         : m_layout(layout)
         , m_rows(rows)
         , m_inputs(inputs)
+        , m_costs(layout, inputs)
     {
         m_report.layout = &layout;
         for (auto text = inputs.texts.cbegin(); text != inputs.texts.cend(); ++text)
@@ -41,7 +44,7 @@ public:
     Report run()
     {
         for (const Formula &formula : m_layout.formulas)
-            m_formulaNames.append(formula.name.toLower());
+            m_formulaNames.insert(formula.name.toLower());
         for (const Formula &formula : m_layout.formulas)
             addFormula(formula);
         for (const Group &group : m_layout.groups)
@@ -63,14 +66,27 @@ private:
         int group;
     };
 
+    /// Nobody reads more remarks, and a bad layout could ask for any number.
+    void tell(const QString &problem)
+    {
+        constexpr qsizetype Most = 1000;
+        if (m_report.problems.size() < Most)
+            m_report.problems.append(problem);
+    }
+
     void addFormula(const Formula &formula)
     {
         m_dependsOnPage = false;
         const QString name = formula.name.toLower();
+        if (const QString fault = m_costs.fault(name); !fault.isEmpty()) {
+            m_report.formulas[name] = {};
+            tell(u"formula %1: %2."_s.arg(formula.name, fault));
+            return;
+        }
         m_report.formulas[name] = value(m_formulas.value(name, formula.expression),
                                         u"formula %1"_s.arg(formula.name), {ScopeKind::Report, -1});
         if (m_dependsOnPage)
-            m_pageFormulas.append(name);
+            m_pageFormulas.insert(name);
     }
 
     /// Finds the rows of each key once, so that no row of the report has to look for its own.
@@ -83,10 +99,9 @@ private:
                 compiled.rows = rows.value();
         const int key = compiled.rows ? compiled.rows->fieldIndex(set.key) : -1;
         if (!compiled.rows)
-            m_report.problems.append(u"The rows \"%1\" were not given."_s.arg(set.name));
+            tell(u"The rows \"%1\" were not given."_s.arg(set.name));
         else if (key < 0)
-            m_report.problems.append(
-                u"rows %1: there is no field \"%2\"."_s.arg(set.name, set.key));
+            tell(u"rows %1: there is no field \"%2\"."_s.arg(set.name, set.key));
         else
             for (int row = 0; row < compiled.rows->rowCount(); ++row)
                 if (const QVariant value = compiled.rows->value(row, key); !value.isNull())
@@ -104,8 +119,7 @@ private:
     {
         const int number = m_layout.rowSetIndex(band.rows);
         if (number < 0) {
-            m_report.problems.append(
-                u"There are no rows \"%1\" for one of the bands."_s.arg(band.rows));
+            tell(u"There are no rows \"%1\" for one of the bands."_s.arg(band.rows));
             return;
         }
         RowSet &set = m_report.sets[number];
@@ -134,8 +148,7 @@ private:
         const bool ofGroup =
             band.kind == BandKind::GroupHeader || band.kind == BandKind::GroupFooter;
         if (ofGroup && group < 0) {
-            m_report.problems.append(
-                u"There is no group \"%1\" for one of the bands."_s.arg(band.group));
+            tell(u"There is no group \"%1\" for one of the bands."_s.arg(band.group));
             return;
         }
         bandsOf(band.kind, group).push_back(compileBand(band, scopeOf(band.kind, group)));
@@ -212,8 +225,7 @@ private:
         compiled.layout = &object;
         const PageSetup &page = m_layout.page;
         if (object.x < -page.left || object.x + object.width > page.width() - page.left)
-            m_report.problems.append(
-                u"%1 (%2): goes beyond the edge of the paper."_s.arg(where, object.content));
+            tell(u"%1 (%2): goes beyond the edge of the paper."_s.arg(where, object.content));
         switch (object.kind) {
         case ObjectKind::Text:
             compiled.pieces =
@@ -300,7 +312,7 @@ private:
     {
         Value result = parsed(text, where);
         if (!result.expression.aggregates().isEmpty()) {
-            m_report.problems.append(
+            tell(
                 u"%1: \"%2\" is asked of each row and can't hold an aggregate."_s.arg(where, text));
             return {};
         }
@@ -318,9 +330,8 @@ private:
             checkNames(result.expression.aggregateArgument(number), where);
             result.slots.push_back(number);
             if (!aggregates[number].scope.isEmpty())
-                m_report.problems.append(
-                    u"%1: an aggregate counts over its category and takes no \"%2\"."_s.arg(
-                        where, aggregates[number].scope));
+                tell(u"%1: an aggregate counts over its category and takes no \"%2\"."_s.arg(
+                    where, aggregates[number].scope));
         }
         return result;
     }
@@ -350,7 +361,7 @@ private:
             }
             const qsizetype close = content.indexOf(u'}', open);
             if (close < 0) {
-                m_report.problems.append(u"The text of %1 has no closing brace."_s.arg(where));
+                tell(u"The text of %1 has no closing brace."_s.arg(where));
                 break;
             }
             if (open > at)
@@ -387,7 +398,11 @@ private:
         if (error.isEmpty())
             checkNames(result.expression, where);
         else
-            m_report.problems.append(u"%1: %2"_s.arg(where, error));
+            tell(u"%1: %2"_s.arg(where, error));
+        if (m_costs.isTooMuch(result.expression)) {
+            tell(u"%1: it is made of too many formulas."_s.arg(where));
+            return {};
+        }
         return result;
     }
 
@@ -417,7 +432,7 @@ private:
                                            name) != std::end(SpecialNames);
             if (!special && !m_formulaNames.contains(name) && !m_report.parameters.contains(name) &&
                 !isFieldName(name))
-                m_report.problems.append(u"%1: there is no field \"%2\"."_s.arg(where, name));
+                tell(u"%1: there is no field \"%2\"."_s.arg(where, name));
         }
     }
 
@@ -430,7 +445,7 @@ private:
         slot.scope = scope.kind;
         slot.group = scope.group;
         if (scope.kind == ScopeKind::Set && !aggregate.scope.isEmpty()) {
-            m_report.problems.append(
+            tell(
                 u"%1: an aggregate of further rows counts over those of a row, and takes no \"%2\"."_s
                     .arg(where, aggregate.scope));
         } else if (aggregate.scope.compare(u"page", Qt::CaseInsensitive) == 0) {
@@ -442,8 +457,7 @@ private:
             slot.scope = ScopeKind::Group;
             slot.group = m_layout.groupIndex(aggregate.scope);
             if (slot.group < 0) {
-                m_report.problems.append(
-                    u"%1: there is no group \"%2\"."_s.arg(where, aggregate.scope));
+                tell(u"%1: there is no group \"%2\"."_s.arg(where, aggregate.scope));
                 slot.scope = ScopeKind::Report;
             }
         }
@@ -457,8 +471,9 @@ private:
     const DataSource *m_set = nullptr;  ///< of the sub bands that are being compiled
     QHash<QString, QString> m_texts;    ///< of the inputs, by name in lower case
     QHash<QString, QString> m_formulas; ///< the same
-    QStringList m_formulaNames;
-    QStringList m_pageFormulas;
+    const FormulaCosts m_costs;
+    QSet<QString> m_formulaNames;
+    QSet<QString> m_pageFormulas;
     bool m_dependsOnPage = false; ///< something compiled since it was cleared shows the page
     Report m_report;
 };

@@ -40,7 +40,7 @@ public:
             first = end;
             if (first < m_data.series.size())
                 m_y += m_line;
-        } while (first < m_data.series.size());
+        } while (first < m_data.series.size() && !m_result.isCut);
         m_result.height = m_y;
         return std::move(m_result);
     }
@@ -120,6 +120,10 @@ private:
     template<class Fill>
     void addLine(Fill fill)
     {
+        if (m_y > LongestFlow) {
+            m_result.isCut = true;
+            return;
+        }
         fill();
         m_y += m_line;
     }

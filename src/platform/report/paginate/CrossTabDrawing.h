@@ -12,6 +12,7 @@ struct CrossTabDrawing
     QList<PageItem> items;
     Length height = 0;
     bool isTooNarrow = false; ///< some value is wider than the whole table may be
+    bool isCut = false;       ///< lines are left out, since there are more than pages for them
 };
 
 /// Draws a cross-tab of this width: a line for each category, a column for each series, as wide as

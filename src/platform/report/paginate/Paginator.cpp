@@ -15,6 +15,13 @@ using compiled::ScopeKind;
 /// Of a band that goes on over pages.
 constexpr Length SmallestPart = 500;
 
+/// Bands of a bad layout would be higher together than a length can say.
+Length stacked(Length above, Length height)
+{
+    constexpr qint64 Highest = 1'000'000'000;
+    return static_cast<Length>(qMin(Highest, qint64(above) + height));
+}
+
 /// The numbers of pages of each run of page numbers; a new run begins where numbering begins anew.
 using PageRuns = std::vector<int>;
 
@@ -165,7 +172,7 @@ private:
     // --- Placing -----------------------------------------------------------------------------
 
     [[nodiscard]] Length bodyBottom() const { return m_page.innerHeight() - m_footerHeight; }
-    [[nodiscard]] bool fits(Length height) const { return m_y + height <= bodyBottom(); }
+    [[nodiscard]] bool fits(Length height) const { return stacked(m_y, height) <= bodyBottom(); }
 
     void place(const compiled::Band &band) override
     {
@@ -180,7 +187,7 @@ private:
             breakPage();
         m_kept.push_back({&band, make(band), m_row, m_sheet, openGroups(), m_sub, {}});
         rememberShown(m_kept.back().made);
-        m_keptHeight += m_kept.back().made.height;
+        m_keptHeight = stacked(m_keptHeight, m_kept.back().made.height);
         if (band.layout->newPageAfter)
             release();
         else if (m_keptGroup && m_keptHeight > room())
@@ -202,7 +209,7 @@ private:
         release();
         m_kept = std::move(rest);
         for (const Kept &kept : m_kept)
-            m_keptHeight += kept.made.height;
+            m_keptHeight = stacked(m_keptHeight, kept.made.height);
     }
 
     /// Places what waits, on a new page when it doesn't fit here; what is longer than a page, part
@@ -230,7 +237,7 @@ private:
         const auto heightOf = [&](std::size_t until) {
             Length height = 0;
             for (std::size_t at = first; at < until; ++at)
-                height += m_released[at].made.height;
+                height = stacked(height, m_released[at].made.height);
             return height;
         };
         Length height = heightOf(end);
@@ -289,7 +296,7 @@ private:
             movePageItem(item, {m_page.left, m_page.top + m_y});
             m_current.items.append(std::move(item));
         }
-        m_y += made.height;
+        m_y = stacked(m_y, made.height);
         rememberShown(made);
     }
 
@@ -328,7 +335,8 @@ private:
     void repeatHeaders()
     {
         const int groups = m_placing ? m_placing->openGroups : openGroups();
-        for (int group = 0; group < groups; ++group)
+        // Headers that leave no room for what they head would come again on page after page.
+        for (int group = 0; group < groups && m_y < bodyBottom(); ++group)
             if (m_report.layout->groups[group].repeatHeader)
                 putAll(m_report.groupHeaders[group]);
         // Further rows that go on here would stand without their headings.

@@ -1,6 +1,7 @@
 #include "platform/report/paginate/RowOrder.h"
 
 #include "platform/report/expr/Expression.h"
+#include "platform/report/paginate/FormulaCosts.h"
 
 #include <algorithm>
 #include <map>
@@ -12,9 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Formulas that name each other end here.
-constexpr int DeepestFormula = 20;
-
 /// One row, as an expression outside of all bands reads it.
 class RowContext final : public EvaluationContext
 {
@@ -22,10 +20,15 @@ public:
     RowContext(const Layout &layout, const DataSource &rows, const Inputs &inputs)
         : m_rows(rows)
         , m_inputs(inputs)
+        , m_costs(layout, inputs)
+        , m_formulas(m_costs.usable())
+    {}
+
+    /// An expression, or Null in place of one that costs too much.
+    [[nodiscard]] Expression parsed(const QString &text) const
     {
-        for (const Formula &formula : layout.formulas)
-            m_formulas.emplace(formula.name.toLower(), Expression::parse(inputs.formulas.value(
-                                                           formula.name, formula.expression)));
+        const Expression expression = Expression::parse(text);
+        return m_costs.isTooMuch(expression) ? Expression() : expression;
     }
 
     void setRow(int row) { m_row = row; }
@@ -39,21 +42,18 @@ public:
         if (name.compare("today"_L1, Qt::CaseInsensitive) == 0)
             return m_inputs.now.date();
         const auto formula = m_formulas.find(name.toLower());
-        if (formula == m_formulas.end() || m_depth == DeepestFormula)
+        if (formula == m_formulas.end())
             return std::nullopt;
-        ++m_depth;
-        const QVariant result = formula->second.evaluate(*this);
-        --m_depth;
-        return result;
+        return formula->second.evaluate(*this);
     }
     [[nodiscard]] QVariant aggregate(int) const override { return {}; }
 
 private:
     const DataSource &m_rows;
     const Inputs &m_inputs;
-    std::map<QString, Expression> m_formulas;
+    const FormulaCosts m_costs;
+    const std::map<QString, Expression> m_formulas;
     int m_row = 0;
-    mutable int m_depth = 0;
 };
 
 } // namespace
@@ -62,16 +62,16 @@ std::vector<int> orderOf(const Layout &layout, const DataSource &rows, const Inp
 {
     std::vector<int> order(static_cast<std::size_t>(rows.rowCount()));
     std::iota(order.begin(), order.end(), 0);
+    RowContext context(layout, rows, inputs);
     std::vector<Expression> keys;
     for (const Group &group : layout.groups)
-        keys.push_back(Expression::parse(group.by));
+        keys.push_back(context.parsed(group.by));
     for (const QString &by : layout.sort)
-        keys.push_back(Expression::parse(by));
+        keys.push_back(context.parsed(by));
     if (keys.empty())
         return order;
 
     // Each key is worked out once for a row, not in each comparison.
-    RowContext context(layout, rows, inputs);
     std::vector<QVariant> values;
     values.reserve(order.size() * keys.size());
     for (const int row : order) {

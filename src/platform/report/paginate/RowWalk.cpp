@@ -53,7 +53,7 @@ std::optional<QVariant> RowWalk::value(const QString &key) const
         return QDateTime(m_inputs.now.date(), QTime(0, 0), Qt::UTC);
     const auto formula = m_report.formulas.find(key);
     if (formula != m_report.formulas.end())
-        return evaluateFormula(formula->second);
+        return evaluate(formula->second);
     if (m_sub.set) {
         if (const int field = setFieldIndex(key); field >= 0)
             return m_sub.set->rows->value((*m_sub.rows)[m_sub.at], field);
@@ -85,16 +85,6 @@ std::optional<QVariant> RowWalk::lastShown(int repeatSlot) const
     return m_lastShown[repeatSlot];
 }
 
-/// A formula may name others; one that names itself ends in Null.
-QVariant RowWalk::evaluateFormula(const compiled::Value &formula) const
-{
-    constexpr int MaximumDepth = 50;
-    if (m_formulaDepth >= MaximumDepth)
-        return {};
-    const QScopedValueRollback depth(m_formulaDepth, m_formulaDepth + 1);
-    return evaluate(formula);
-}
-
 int RowWalk::fieldIndex(const QString &key) const
 {
     auto found = m_fieldIndexes.constFind(key);
@@ -124,8 +114,7 @@ void RowWalk::takeRow()
         ++m_row;
     }
     m_keys = std::move(keys);
-    for (int group = changed; group < groupCount(); ++group)
-        resetSlots(ScopeKind::Group, group);
+    resetSlots(ScopeKind::Group, changed);
     accumulate();
     if (changed < groupCount())
         beginGroups(changed);
@@ -256,13 +245,14 @@ void RowWalk::closeGroups(int outermost)
     }
 }
 
-void RowWalk::resetSlots(ScopeKind scope, int group)
+void RowWalk::resetSlots(ScopeKind scope, int number)
 {
-    for (std::size_t slot = 0; slot < m_report.slots.size(); ++slot)
-        if (m_report.slots[slot].scope == scope &&
-            ((scope != ScopeKind::Group && scope != ScopeKind::Set) ||
-             m_report.slots[slot].group == group))
+    for (std::size_t slot = 0; slot < m_report.slots.size(); ++slot) {
+        const compiled::AggregateSlot &known = m_report.slots[slot];
+        if (known.scope == scope && (scope != ScopeKind::Group || known.group >= number) &&
+            (scope != ScopeKind::Set || known.group == number))
             m_accumulators[slot].reset();
+    }
 }
 
 /// The aggregates of the page are left out: they take a row only once it stands on its page.

@@ -46,7 +46,8 @@ protected:
     /// How many groups, from the outermost on, have their headers printed.
     [[nodiscard]] int openGroups() const { return m_openGroups; }
 
-    void resetSlots(compiled::ScopeKind scope, int group);
+    /// Begins the aggregates of a scope anew: those of groups from one on, those of one set.
+    void resetSlots(compiled::ScopeKind scope, int number);
     /// The values that the row on hand adds to the aggregates of the page, by their slots.
     using PageValues = std::vector<std::pair<std::size_t, QVariant>>;
     [[nodiscard]] PageValues pageValues() const;
@@ -98,7 +99,6 @@ private:
     void closeGroups(int outermost);
     void accumulate();
     void accumulateSet(std::size_t number);
-    [[nodiscard]] QVariant evaluateFormula(const compiled::Value &formula) const;
     [[nodiscard]] int fieldIndex(const QString &key) const;
     [[nodiscard]] int setFieldIndex(const QString &key) const;
 
@@ -106,7 +106,6 @@ private:
     int m_openGroups = 0;
     std::vector<Accumulator> m_accumulators;
     mutable const std::vector<int> *m_slots = nullptr;
-    mutable int m_formulaDepth = 0;
     mutable QHash<QString, int> m_fieldIndexes;
     mutable std::map<const compiled::RowSet *, QHash<QString, int>> m_setFieldIndexes;
     std::vector<std::optional<QVariant>> m_lastShown;

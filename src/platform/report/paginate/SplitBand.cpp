@@ -2,6 +2,8 @@
 
 #include "platform/report/paginate/TextFlow.h"
 
+#include <algorithm>
+
 namespace report {
 namespace {
 
@@ -28,13 +30,23 @@ Extent extentOf(const PageItem &item)
         item);
 }
 
-/// What can't be cut: single lines of text, pictures, bar codes, slanting lines.
-QList<Extent> wholes(const QList<PageItem> &items)
+/// How many lines of a text begin above a place; they stand from top to bottom.
+qsizetype linesAbove(const TextItem &text, Length place)
+{
+    const Length ascent = -lineTop(TextLine(), text.style);
+    const auto isAbove = [&](const TextLine &line) { return line.baseline - ascent < place; };
+    return std::partition_point(text.lines.cbegin(), text.lines.cend(), isAbove) -
+           text.lines.cbegin();
+}
+
+/// What can't be cut: single lines of text, pictures, bar codes, slanting lines. A text may be
+/// longer than many pages, of which only the lines above the end of the first matter.
+QList<Extent> wholes(const QList<PageItem> &items, Length room)
 {
     QList<Extent> extents;
     for (const PageItem &item : items) {
         if (const auto *text = std::get_if<TextItem>(&item); text && !text->turned) {
-            for (const TextLine &line : text->lines)
+            for (const TextLine &line : text->lines.first(linesAbove(*text, room)))
                 extents.append({lineTop(line, text->style), lineBottom(line, text->style)});
         } else if (const auto *line = std::get_if<LineItem>(&item)) {
             if (line->from.x() != line->to.x())
@@ -48,7 +60,7 @@ QList<Extent> wholes(const QList<PageItem> &items)
 
 Length placeOfCut(const QList<PageItem> &items, Length room)
 {
-    const QList<Extent> extents = wholes(items);
+    const QList<Extent> extents = wholes(items, room);
     Length cut = room;
     for (bool moved = true; moved;) {
         moved = false;
@@ -83,11 +95,7 @@ std::pair<PageItem, PageItem> partedItem(const PageItem &item, Length cut)
     if (auto *text = std::get_if<TextItem>(&upper)) {
         auto &rest = std::get<TextItem>(lower);
         std::tie(text->frame, rest.frame) = parted(text->frame, cut);
-        const auto isBelow = [&](const TextLine &line) {
-            return lineTop(line, text->style) >= cut;
-        };
-        const auto above =
-            text->lines.size() - std::count_if(text->lines.cbegin(), text->lines.cend(), isBelow);
+        const qsizetype above = linesAbove(*text, cut);
         rest.lines = rest.lines.sliced(above);
         text->lines = text->lines.first(above);
     } else if (auto *line = std::get_if<LineItem>(&upper)) {

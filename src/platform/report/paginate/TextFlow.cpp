@@ -1,13 +1,19 @@
 #include "platform/report/paginate/TextFlow.h"
 
 #include <QFontMetricsF>
+#include <QHash>
 #include <QTextLayout>
 #include <array>
 #include <cmath>
 #include <memory>
-#include <vector>
 
 namespace report {
+
+static size_t qHash(const Font &font, size_t seed = 0)
+{
+    return qHashMulti(seed, font.family, font.points, font.bold, font.italic, font.underline);
+}
+
 namespace {
 
 QString face(const QString &family)
@@ -21,13 +27,18 @@ QString face(const QString &family)
 constexpr char16_t LastSimpleLetter = 0x17f;
 constexpr char16_t SoftHyphen = 0xad;
 
-/// A font with its measures, which are costly to make, and are few.
+/// More characters than the longest flow takes, and fewer than would fill the memory.
+constexpr qsizetype MostCharacters = 4'000'000;
+
+/// Fonts whose measures are kept: more than a report has, fewer than a bad one could ask for.
+constexpr qsizetype MostFonts = 200;
+
+/// A font with its measures, which are costly to make.
 class Measured
 {
 public:
     explicit Measured(const Font &font)
-        : wanted(font)
-        , made(makeFont(font))
+        : made(makeFont(font))
         , metrics(made)
     {
         widths.fill(-1);
@@ -48,7 +59,6 @@ public:
         return sum;
     }
 
-    const Font wanted;
     const QFont made;
     const QFontMetricsF metrics;
 
@@ -70,12 +80,33 @@ private:
 
 const Measured &measured(const Font &font)
 {
-    thread_local std::vector<std::unique_ptr<Measured>> known;
-    for (const std::unique_ptr<Measured> &entry : known)
-        if (entry->wanted == font)
-            return *entry;
-    known.push_back(std::make_unique<Measured>(font));
-    return *known.back();
+    thread_local QHash<Font, std::shared_ptr<const Measured>> known;
+    const auto found = known.constFind(font);
+    if (found != known.cend())
+        return **found;
+    if (known.size() >= MostFonts)
+        known.clear();
+    return **known.insert(font, std::make_shared<const Measured>(font));
+}
+
+/// A long paragraph is broken piece by piece: what the toolkit takes for one grows faster than it.
+constexpr qsizetype PieceSize = 4000;
+
+/// The lines of a text, with the blanks at their ends.
+QStringList brokenLines(const QString &text, const QFont &font, qreal width)
+{
+    QStringList lines;
+    QTextLayout layout(text, font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        lines.append(text.mid(line.textStart(), line.textLength()));
+    }
+    layout.endLayout();
+    return lines;
 }
 
 Length alignedStart(const Style &style, Length width, Length lineWidth)
@@ -98,7 +129,8 @@ QFont measuringFont(const Font &font)
     return measured(font).made;
 }
 
-QList<TextLine> flowText(const QString &text, const Style &style, Length width)
+QList<TextLine> flowText(const QString &text, const Style &style, Length width, qsizetype mostLines,
+                         bool *isCut)
 {
     const Measured &font = measured(style.font);
     const qreal inner = qMax(1, width - 2 * style.padding);
@@ -112,34 +144,53 @@ QList<TextLine> flowText(const QString &text, const Style &style, Length width)
                       static_cast<Length>(std::lround(top + ascent)), lineWidth});
         top += spacing;
     };
-    QString clean = text;
+    const auto isFull = [&] { return lines.size() >= mostLines || top > LongestFlow; };
+    QString clean = text.left(MostCharacters);
+    bool isLeftOut = clean.size() < text.size();
     clean.remove(u'\r');
     clean.replace(u'\t', QStringLiteral("    "));
     for (const QString &paragraph : clean.split(u'\n')) {
+        if (isFull()) {
+            isLeftOut = true;
+            break;
+        }
         if (font.width(paragraph) <= inner) {
             place(paragraph);
             continue;
         }
-        QTextLayout layout(paragraph, font.made);
-        QTextOption option;
-        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-        layout.setTextOption(option);
-        layout.beginLayout();
-        for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-            line.setLineWidth(inner);
-            QString part = paragraph.mid(line.textStart(), line.textLength());
-            while (part.endsWith(u' '))
-                part.chop(1);
-            place(part);
+        for (qsizetype from = 0, size = PieceSize; from < paragraph.size();) {
+            if (isFull()) {
+                isLeftOut = true;
+                break;
+            }
+            const QString piece = paragraph.mid(from, size);
+            QStringList broken = brokenLines(piece, font.made, inner);
+            // A line that the piece cuts off is broken anew with what follows.
+            if (from + piece.size() < paragraph.size()) {
+                if (broken.size() < 2) {
+                    size *= 2;
+                    continue;
+                }
+                from -= broken.takeLast().size();
+            }
+            from += piece.size();
+            for (QString &line : broken) {
+                while (line.endsWith(u' '))
+                    line.chop(1);
+                if (!isFull())
+                    place(line);
+            }
         }
-        layout.endLayout();
     }
+    if (isCut)
+        *isCut = isLeftOut;
     return lines;
 }
 
 Length textWidth(const QString &text, const Font &font)
 {
-    return static_cast<Length>(std::lround(measured(font).width(text)));
+    constexpr qreal Widest = LongestFlow;
+    return static_cast<Length>(std::lround(qMin(Widest, measured(font).width(text))));
 }
 
 QString elidedText(const QString &text, const Font &font, Length width)

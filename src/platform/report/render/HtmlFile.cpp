@@ -1,5 +1,6 @@
 #include "platform/report/render/HtmlFile.h"
 
+#include "platform/report/paginate/PictureFile.h"
 #include "platform/report/paginate/TextFlow.h"
 #include "platform/report/render/PagePainter.h"
 
@@ -109,7 +110,7 @@ QString itemHtml(const BoxItem &item)
 /// Pictures go into the file in a form that all browsers know.
 QString itemHtml(const PictureItem &item)
 {
-    const QImage image = QImage::fromData(item.data);
+    const QImage image = pictureImage(item.data);
     if (image.isNull())
         return {};
     QByteArray png;

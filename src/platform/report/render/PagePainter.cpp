@@ -1,5 +1,6 @@
 #include "platform/report/render/PagePainter.h"
 
+#include "platform/report/paginate/PictureFile.h"
 #include "platform/report/paginate/TextFlow.h"
 
 #include <QPainter>
@@ -128,7 +129,7 @@ QImage PagePainter::picture(const QByteArray &data)
 {
     if (const QImage *known = m_pictures.object(data))
         return *known;
-    const QImage image = QImage::fromData(data);
+    const QImage image = pictureImage(data);
     m_pictures.insert(data, new QImage(image), qMax<qsizetype>(1, image.sizeInBytes()));
     return image;
 }
