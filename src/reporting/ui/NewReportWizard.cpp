@@ -31,12 +31,13 @@ const QStringList StepTitles{u"Step 1 of 4: What is the report about?"_s,
                              u"Step 2 of 4: Which columns does it show?"_s,
                              u"Step 3 of 4: Groups and totals"_s, u"Step 4 of 4: Looks"_s};
 constexpr int MostGroups = 3;
-constexpr QSize PageRoom{520, 470};
+constexpr int LargestPage = 470;
+constexpr int AroundPage = 270; ///< what the window needs besides the picture of a page
 constexpr int ComboWidth = 240;
 constexpr int LineGap = 2; ///< above and below a line of a list, in pixels
 
 /// The first page on the first rows, as large as fits into the room.
-QPixmap firstPagePicture(const report::Layout &layout, qreal ratio)
+QPixmap firstPagePicture(const report::Layout &layout, QSize room, qreal ratio)
 {
     report::RecordsetSource rows(ownreports::firstRows(layout));
     report::Inputs inputs;
@@ -44,7 +45,7 @@ QPixmap firstPagePicture(const report::Layout &layout, qreal ratio)
     rows.sortFor(layout, inputs);
     const report::Page page = report::firstPage(layout, rows, inputs);
     const QSize sheet(layout.page.width(), layout.page.height());
-    const QSize size = sheet.scaled(PageRoom * ratio, Qt::KeepAspectRatio);
+    const QSize size = sheet.scaled(room * ratio, Qt::KeepAspectRatio);
     QPixmap picture(size);
     picture.fill(Qt::white);
     QPainter painter(&picture);
@@ -188,7 +189,8 @@ QWidget *NewReportWizard::looksPage()
     form.stretch();
     form.endColumns();
     form.finish();
-    lblPage->setMinimumSize(PageRoom);
+    const int room = qMin(LargestPage, screen()->availableGeometry().height() - AroundPage);
+    lblPage->setMinimumSize(room * 11 / 10, room);
     lblPage->setAlignment(Qt::AlignCenter);
     lblPage->setAccessibleName(u"First page"_s);
     return page;
@@ -316,7 +318,8 @@ void NewReportWizard::showPage()
     try {
         const BusyPointer busy;
         lblPage->setPixmap(
-            firstPagePicture(newreport::make(choice(), m_tables), devicePixelRatioF()));
+            firstPagePicture(newreport::make(choice(), m_tables), lblPage->minimumSize(),
+                             devicePixelRatioF()));
     } catch (const base::Error &error) {
         lblPage->setText(error.description());
     }

@@ -97,6 +97,33 @@ TEST(Arrange, AnEdgeThatIsDrawnStopsAtItsOpposite)
     EXPECT_EQ(QRect(line.x, line.y, line.width, line.height), QRect(0, 50, 200, -50));
 }
 
+/// The edge at the middle of the right side draws a frame wider, however low it is.
+TEST(HandlesOf, FindRoomOnSmallFrames)
+{
+    struct Case
+    {
+        QSize frame;
+        int handles;
+        Edges right; ///< that move where the right side's middle is held
+    };
+    const Edges width{.right = true};
+    const Edges both{.right = true, .bottom = true};
+    const Case cases[] = {
+        {{100, 60}, 8, width}, {{100, 10}, 4, width}, {{100, 0}, 4, width}, {{6, 6}, 4, both}};
+    for (const Case &each : cases) {
+        const QRect frame(QPoint(50, 50), each.frame);
+        const QList<Handle> handles = handlesOf(frame);
+        EXPECT_EQ(handles.size(), each.handles) << each.frame.width();
+        const QPoint held(50 + each.frame.width(), 50 + each.frame.height() / 2);
+        const auto found = std::ranges::find_if(
+            handles, [&](const Handle &handle) { return handle.place.contains(held); });
+        ASSERT_NE(found, handles.end()) << each.frame.height();
+        EXPECT_EQ(found->edges.right, each.right.right);
+        EXPECT_EQ(found->edges.bottom, each.right.bottom);
+        EXPECT_FALSE(found->edges.left || found->edges.top);
+    }
+}
+
 TEST(Reorder, ChosenObjectsKeepTheirOrderAmongThemselves)
 {
     struct Case

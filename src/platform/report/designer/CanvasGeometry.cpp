@@ -130,18 +130,21 @@ QList<Handle> handlesOf(const QRect &frame)
     const auto at = [](int x, int y) {
         return QRect(x - HandlePixels / 2, y - HandlePixels / 2, HandlePixels, HandlePixels);
     };
-    QList<Handle> handles{{at(right, bottom), {false, false, true, true}},
-                          {at(left, top), {true, true, false, false}},
-                          {at(right, top), {false, true, true, false}},
-                          {at(left, bottom), {true, false, false, true}}};
-    // On a small frame the corners take all the room.
-    if (frame.width() > 3 * HandlePixels) {
-        handles.append({at(middleX, top), {false, true, false, false}});
-        handles.append({at(middleX, bottom), {false, false, false, true}});
+    const bool isWide = frame.width() > 2 * HandlePixels;
+    const bool isHigh = frame.height() > 2 * HandlePixels;
+    QList<Handle> handles;
+    if (isWide == isHigh) {
+        handles.append({at(right, bottom), {false, false, true, true}});
+        handles.append({at(left, top), {true, true, false, false}});
+        handles.append({at(right, top), {false, true, true, false}});
+        handles.append({at(left, bottom), {true, false, false, true}});
     }
-    if (frame.height() > 2 * HandlePixels) {
+    // The ends of a low frame, as most columns are, draw its width: corners find no room there.
+    if (isWide || isHigh) {
         handles.append({at(left, middleY), {true, false, false, false}});
         handles.append({at(right, middleY), {false, false, true, false}});
+        handles.append({at(middleX, top), {false, true, false, false}});
+        handles.append({at(middleX, bottom), {false, false, false, true}});
     }
     return handles;
 }

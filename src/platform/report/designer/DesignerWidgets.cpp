@@ -16,6 +16,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
 #include <QTabWidget>
@@ -36,7 +37,11 @@ constexpr int DataSide = 1;
 constexpr int SideWidth = 220;
 constexpr int PanelWidth = 280;
 /// A sheet that is smaller can't be read, and has to be scrolled.
-constexpr int LeastFirstZoom = 75;
+constexpr int LeastFirstZoom = 60;
+/// In a narrower window the sheet gets room from its sides.
+constexpr int NarrowWidth = 1100;
+constexpr int NarrowSide = 165;
+constexpr int NarrowPanel = 215;
 
 /// Menus of a bar open where they are pressed, and all its buttons can be reached by Tab.
 void finishBar(QToolBar *bar)
@@ -234,8 +239,11 @@ bool DesignerWidgets::eventFilter(QObject *watched, QEvent *event)
     if (watched == canvas && m_isFresh && event->type() == QEvent::Resize && canvas->isVisible()) {
         m_isFresh = false;
         QTimer::singleShot(0, canvas, [this] {
+            if (const int width = m_panes->width(); width < NarrowWidth)
+                m_panes->setSizes({NarrowSide, width - NarrowSide - NarrowPanel, NarrowPanel});
             canvas->zoomToWidth();
             canvas->setZoom(qBound(LeastFirstZoom, canvas->zoom(), 100));
+            canvas->verticalScrollBar()->setValue(0);
         });
     }
     return QObject::eventFilter(watched, event);

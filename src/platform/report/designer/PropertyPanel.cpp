@@ -57,7 +57,9 @@ PropertyPanel::PropertyPanel(DesignDocument &document, QWidget *parent)
     m_tree->setItemDelegate(new PropertyDelegate(*this));
     m_tree->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed);
     m_tree->header()->setStretchLastSection(true);
+    m_tree->header()->setMinimumSectionSize(40);
     m_tree->header()->resizeSection(0, 118);
+    m_tree->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_tree->installEventFilter(this);
     m_ask->setObjectName(u"askExpression"_s);
     m_ask->setIcon(theme::icon(u"edit"_s));
