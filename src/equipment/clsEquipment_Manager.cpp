@@ -89,18 +89,23 @@ constexpr record::Field<clsEquipment> Fields[] = {
     {u"LifeYears", &clsEquipment::LifeYears},
 };
 
+constexpr QStringView UsedParts =
+    u"Delete FROM tblWoPartHistory where  tblWoPartHistory.ServiceusedID In( Select ServiceUsedID "
+    "from tblWOServiceUsedHistory where EquipmentID = ?)";
+/// Left behind, they would keep each part from being deleted or renumbered for good.
+constexpr QStringView PlannedParts =
+    u"Delete from tblServiceUsedPart where ServiceUsedID in (Select ServiceUsedID from "
+    "tblServiceUsed where EquipmentID = ?)";
+
 /// What goes with a machine, in an order that matters: parts are found through their services, so
 /// they go first.
 constexpr QStringView Cascade[] = {
     u"Delete from tblEquipment where EquipmentID = ?",
     u"Delete from tblEquipmentDepreciation where EquipmentID = ?",
     u"Delete from tblEquipmentCrewHistory where EquipmentID = ?",
-    u"Delete FROM tblWoPartHistory where  tblWoPartHistory.ServiceusedID In( Select ServiceUsedID "
-    "from tblWOServiceUsedHistory where EquipmentID = ?)",
+    UsedParts,
     u"Delete from tblWOServiceUsedHistory where EquipmentID = ?",
-    // Left behind, they would keep each part from being deleted or renumbered for good.
-    u"Delete from tblServiceUsedPart where ServiceUsedID in (Select ServiceUsedID from "
-    "tblServiceUsed where EquipmentID = ?)",
+    PlannedParts,
     u"Delete from tblServiceUSed where equipmentID = ?",
     u"Delete from tblEquipmentpart where equipmentID = ?",
     u"Delete from tblEquipmentCount where equipmentID = ?",

@@ -49,6 +49,22 @@ void trying(const std::function<void()> &step)
     }
 }
 
+/// Sends a mail to the sender and tells it. Raises base::Error.
+void sendTest(const mail::Account &account, QWidget *page)
+{
+    secrets::withhold(account.password);
+    mailing::sendShown(u"Sending a test"_s, account,
+                       {.sender = account.sender,
+                        .senderName = u"Quorvantis"_s,
+                        .recipients = {account.sender},
+                        .subject = u"Test of the mail account"_s,
+                        .html = u"<p>The mail account of Quorvantis works.</p>"_s,
+                        .attachment = {}},
+                       page);
+    base::showInformation(
+        u"The test was sent to %1. Look whether it arrives."_s.arg(account.sender));
+}
+
 /// What was typed into a secret's box or, when nothing was, what is kept.
 QString typedOrKept(const QLineEdit *box, const QString &option)
 {
@@ -162,17 +178,7 @@ QWidget *frmSetup::mailPage()
             account.authorities = authorities();
             if (!account.user.isEmpty())
                 account.password = typedOrKept(password, PasswordOption);
-            secrets::withhold(account.password);
-            sendShown(u"Sending a test"_s, account,
-                      {.sender = account.sender,
-                       .senderName = u"Quorvantis"_s,
-                       .recipients = {account.sender},
-                       .subject = u"Test of the mail account"_s,
-                       .html = u"<p>The mail account of Quorvantis works.</p>"_s,
-                       .attachment = {}},
-                      this);
-            base::showInformation(
-                u"The test was sent to %1. Look whether it arrives."_s.arg(account.sender));
+            sendTest(account, this);
         });
     });
     return page;
