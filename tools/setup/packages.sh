@@ -18,7 +18,7 @@ test_packages=(
 )
 bench_packages=(libbenchmark-dev)
 mutant_packages=(python3)
-tidy_packages=(clang clang-tidy)
+tidy_packages=("clang-14|clang" "clang-tidy-14|clang-tidy" python3)
 format_packages=("clang-format-14|clang-format")
 
 is_installed() { dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null | grep -qx installed; }
