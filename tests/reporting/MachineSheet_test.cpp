@@ -1,5 +1,7 @@
 #include "core/CompanySession.h"
 #include "core/Options.h"
+#include "core/RegistryValues.h"
+#include "core/StartUp.h"
 #include "reporting/PrintedLines.h"
 
 #include <QBuffer>
@@ -66,6 +68,19 @@ TEST_F(MachineSheet, ShowsWhatTheMachineHasAndNothingElse)
                            u"Service|Every|Crew|Last done|Next date|Next count"_s,
                            u"Oil change|50 hours"_s, u"Documents"_s, u"manual.pdf"_s, u"Pictures"_s,
                            u"Left side"_s, u"Printed 03/15/2024 09:30 AM|Page 1 of 1"_s}));
+}
+
+TEST_F(MachineSheet, TheErrorReportNamesTheComputerAndTheProgram)
+{
+    insert(u"tblErrorList"_s, {{u"ErrNumber"_s, 5}, {u"ErrDescription"_s, u"It failed"_s}});
+    settings::registry().setValue(settings::ProductKey, u"Version"_s, u"2.3.1"_s);
+    gWindowsVersion.name = u"Windows 95"_s;
+    gWindowsVersion.servicePack = u"Pack 7"_s;
+    const QString lines = printed({.layout = u"rptErrorReport"_s}).join(u'\n');
+    for (const QString &text : {u"It failed"_s, u"Windows 95"_s, u"Pack 7"_s, u"TESTBENCH"_s,
+                                GetVersionNo(), GetOption(u"DBversion"_s, false)})
+        EXPECT_TRUE(!text.isEmpty() && lines.contains(text))
+            << qPrintable(text) << " in " << qPrintable(lines);
 }
 
 TEST_F(MachineSheet, OfSeveralMachinesLeavesPicturesOut)

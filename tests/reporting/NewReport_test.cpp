@@ -344,7 +344,12 @@ TEST_F(DesignRows, ALayoutAsksForWhatTheProgramDoesNotKnow)
     parameter.name = u"Least"_s;
     report::Parameter known;
     known.name = u"OnlyEquipmentID"_s;
-    layout.parameters = {parameter, known};
+    known.isOptional = true;
+    report::Parameter first;
+    first.name = u"firstEquipmentid"_s;
+    report::Parameter last;
+    last.name = u"LastEquipmentID"_s;
+    layout.parameters = {parameter, known, first, last};
     report::RowSet set;
     set.name = u"parts"_s;
     set.of = u"EquipmentID"_s;
@@ -361,6 +366,22 @@ TEST_F(DesignRows, ALayoutAsksForWhatTheProgramDoesNotKnow)
                     .contains(u"Least"));
     asked.answers = {{u"least"_s, 1}};
     EXPECT_EQ(catalogue::prepare(asked, layout, rows).inputs.parameters.value(u"least"_s), 1);
+
+    // Further rows are read by the keys of the report's own.
+    const auto read = [&](const QString &which, const QString &filter) {
+        layout.rowSets[0].query =
+            u"Select EquipmentID from tblEquipment where EquipmentID = ?%1EquipmentID"_s.arg(which);
+        const auto found =
+            catalogue::prepare(asked, layout, catalogue::open(catalogue::reportOf(name), filter))
+                .inputs.rowSets.value(u"parts"_s);
+        return found->rowCount() == 1 ? found->value(0, 0).toLongLong() : 0;
+    };
+    const db::Recordset ends =
+        gcnData->Open(u"Select min(EquipmentID) as a, max(EquipmentID) as z from tblEquipment"_s);
+    EXPECT_EQ(read(u"First"_s, {}), ends.row(0).integer(u"a"));
+    EXPECT_EQ(read(u"Last"_s, {}), ends.row(0).integer(u"z"));
+    EXPECT_EQ(read(u"Only"_s, {}), 0);
+    EXPECT_NE(read(u"Only"_s, u"where UnitNo = 'M001'"_s), 0);
 }
 
 } // namespace

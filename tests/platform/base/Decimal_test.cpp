@@ -46,9 +46,28 @@ TEST(Decimals, AreRoundedHalfAwayFromZero)
                 {12.5, 4, "12.5000"}};
     for (const auto &row : rows)
         EXPECT_EQ(base::fixedDecimals(row.value, row.decimals), row.text) << row.value;
-    EXPECT_EQ(base::roundedDecimals(1250, -2), 1300);
-    EXPECT_EQ(base::decimalDifference(0.3, 0.1), 0.2);
-    EXPECT_EQ(base::decimalDifference(1'000'000.1, 1'000'000), 0.1);
+    EXPECT_EQ(base::fixedDecimals(5.5, -1), "6");
+    constexpr double Infinite = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(base::fixedDecimals(Infinite, 2), "inf");
+    const std::tuple<double, int, double> rounded[] = {
+        {1250, -2, 1300}, {-15, -1, -20}, {1.25, 1, 1.3},       {1.5, 300, 1.5},
+        {1.5, 301, 1.5},  {1.5, -301, 0}, {1e300, -300, 1e300}, {Infinite, 2, Infinite}};
+    for (const auto &[value, decimals, expected] : rounded)
+        EXPECT_EQ(base::roundedDecimals(value, decimals), expected) << value << ' ' << decimals;
+    const std::pair<double, double> calculated[] = {
+        {base::decimalDifference(0.3, 0.1), 0.2},
+        {base::decimalDifference(1'000'000.1, 1'000'000), 0.1},
+        {base::decimalSum(1, 2), 3},
+        {base::decimalSum(1, 0.1), 1.1},
+        {base::decimalSum(0.1, 0.2), 0.3},
+        {base::decimalSum(Infinite, 1), Infinite},
+        {base::decimalSum(1e-40, 2e-40), 1e-40 + 2e-40},
+        {base::decimalProduct(0.1, 3), 0.3},
+        {base::decimalProduct(3, 0.1), 0.3},
+        {base::decimalProduct(94'906'267, 94'906'269), 94'906'267.0 * 94'906'269.0},
+        {base::decimalProduct(1e200, 1e200), Infinite}};
+    for (const auto &[value, expected] : calculated)
+        EXPECT_EQ(value, expected);
     EXPECT_EQ(base::toText(1.0 / 3), "0.333333333333333");
     EXPECT_EQ(base::toText(9'300'000'000.5), "9300000000.5");
     EXPECT_EQ(base::toText(1e-5), "0.00001");
@@ -86,11 +105,16 @@ TEST(Decimals, AgreeWithWholeNumbers)
 TEST(Decimals, AnAmountThatMoneyCannotHoldIsAnOverflow)
 {
     EXPECT_EQ(Money(-92'233'720'368.4775).tenThousandths(), -922'337'203'684'775);
+    EXPECT_EQ(Money(-0.00005).tenThousandths(), -1);
+    EXPECT_EQ(Money(1).times(9e14).tenThousandths(), 9'000'000'000'000'000'000);
+    EXPECT_EQ(Money(1).times(1e-36).tenThousandths(), 0);
     const Money most = Money::ofTenThousandths(std::numeric_limits<qint64>::max());
     for (const auto &raise : std::initializer_list<std::function<void()>>{
              [] { (void)Money(922'337'203'685'478.0); }, [] { (void)Money(-1e300); },
              [&] { (void)(most + Money(0.0001)); }, [&] { (void)most.times(1.5); },
-             [&] { (void)most.times(1e15); }, [] { (void)Money(1).times(1e300); }})
+             [&] { (void)most.times(1e15); }, [] { (void)Money(1).times(1e15); },
+             [] { (void)Money(1).times(std::numeric_limits<double>::infinity()); },
+             [] { (void)Money(1).times(1e300); }})
         EXPECT_EQ(test::raisedBy(raise).number(), base::ErrorNumber::Overflow);
 }
 
