@@ -35,7 +35,7 @@ QString behind(const QString &query, const QString &beginning)
 
 } // namespace
 
-TEST(FilterText, QuotesValuesAsTheyStand)
+TEST(FilterText, QuotesValuesAndReadsNumbersAndRanges)
 {
     expectEach({{QuoteValueList(u""_s), u""_s},
                 {QuoteValueList(u"A-11"_s), u"'A-11'"_s},
@@ -46,10 +46,7 @@ TEST(FilterText, QuotesValuesAsTheyStand)
                 {QuoteValueList(u"b,\"a,c\",5\"6"_s), u"'b', '5\"6'"_s},
                 {QuoteValueList(u"\"a\""_s), u""_s},
                 {QuoteValueList(u"a,b;c"_s, u';'), u"'a,b', 'c'"_s}});
-}
 
-TEST(FilterText, ReadsNumbersAndRangesOfWorkOrders)
-{
     expectEach({{BuildFilterExpression(u"21"_s), u"(workorderno = 21)"_s},
                 {BuildFilterExpression(u"1-11,21"_s),
                  u"(workorderno >= 1 And workorderno <= 11) Or (workorderno = 21)"_s},

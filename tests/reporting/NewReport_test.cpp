@@ -221,6 +221,15 @@ TEST_F(NewReport, TheUsualColumnsSayWhatARowIs)
     for (const Field &each : fieldsOf(u"tblEquipmentImage"_s, tables))
         EXPECT_NE(each.column.name, u"ImageData"_s);
     EXPECT_TRUE(fieldsOf(u"tblUser"_s, tables).isEmpty());
+
+    Choice choice;
+    EXPECT_NE(problemOf(choice), QString());
+    choice.table = u"tblPart"_s;
+    EXPECT_NE(problemOf(choice), QString());
+    choice.groups = QList<Field>(4, field(choice.table, u"Supplier"_s));
+    EXPECT_NE(problemOf(choice), QString());
+    choice.groups.removeLast();
+    EXPECT_EQ(problemOf(choice), QString());
 }
 
 TEST_F(NewReport, WhatIsLeftOpenIsFilledInSensibly)
@@ -247,18 +256,6 @@ TEST_F(NewReport, WhatIsLeftOpenIsFilledInSensibly)
             }
     }
     EXPECT_EQ(charts, 1);
-}
-
-TEST_F(NewReport, AReportOfNothingIsRefusedInPlainWords)
-{
-    Choice choice;
-    EXPECT_NE(problemOf(choice), QString());
-    choice.table = u"tblPart"_s;
-    EXPECT_NE(problemOf(choice), QString());
-    choice.groups = QList<Field>(4, field(choice.table, u"Supplier"_s));
-    EXPECT_NE(problemOf(choice), QString());
-    choice.groups.removeLast();
-    EXPECT_EQ(problemOf(choice), QString());
 }
 
 TEST_F(NewReport, WhatFindsNoRoomGoesOnInAnotherLine)

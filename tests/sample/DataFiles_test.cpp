@@ -10,7 +10,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-TEST(Csv, FieldsMayHoldCommasQuotesAndLineBreaks)
+TEST(Csv, FieldsMayHoldAnythingAndAreFoundByHeading)
 {
     const auto rows = company::parseCsv(u"a,\"b,c\",\r\n\n\"say \"\"no\"\"\",\"two\nlines\",d");
     ASSERT_EQ(rows.size(), 2u);
@@ -18,10 +18,7 @@ TEST(Csv, FieldsMayHoldCommasQuotesAndLineBreaks)
     EXPECT_EQ(rows[1], (QStringList{u"say \"no\""_s, u"two\nlines"_s, u"d"_s}));
     for (const QStringList &row : rows)
         EXPECT_EQ(company::parseCsv(company::csvLine(row)).at(0), row);
-}
 
-TEST(Csv, TableFindsFieldsByHeading)
-{
     const company::CsvTable table(u"Name,Price\nBelt,2.5\nNut\n");
     EXPECT_EQ(table.rowCount(), 2);
     EXPECT_EQ(table.text(0, u"Name"_s), u"Belt"_s);
@@ -57,10 +54,7 @@ TEST(ListFile, NumbersMembersInTheOrderOfTheOutline)
         {104, 102, u"Z 2"_s}, {105, 101, u"Scag"_s},  {106, 4, u"Truck"_s},  {5, 0, u"Fuel"_s},
         {107, 5, u"Gas"_s},   {108, 5, u"Mix 50:1"_s}};
     EXPECT_EQ(items, expected);
-}
 
-TEST(ListFile, LinesThatFitNowhereAreRefusedWithTheirNumber)
-{
     for (const QString &text :
          {u"4 Type\n      Deep\n"_s, u"4 Type\n   Odd\n"_s, u"4 Type\nNoNumber Here\n"_s}) {
         const base::Error error = test::raisedBy([&] { (void)company::parseLists(text, 101); });

@@ -11,7 +11,7 @@ QDateTime at(int year, int month, int day, int hour = 0, int minute = 0, int sec
     return base::wallClock(QDate(year, month, day), QTime(hour, minute, second));
 }
 
-TEST(ParseMonthFirst, ReadsEveryFormThatTheDialectWrites)
+TEST(ParseMonthFirst, ReadsEveryFormThatTheDialectWritesAndNoOther)
 {
     const struct
     {
@@ -29,10 +29,7 @@ TEST(ParseMonthFirst, ReadsEveryFormThatTheDialectWrites)
     };
     for (const auto &row : rows)
         EXPECT_EQ(base::parseMonthFirst(QString::fromLatin1(row.text)), row.expected) << row.text;
-}
 
-TEST(ParseMonthFirst, RefusesWhatIsNoDate)
-{
     for (const char *text :
          {"", "13-01-2024", "02-29-2023", "2024-03-09", "3-9", "3-9/2024", "3-9-024", "3-9-2024x",
           "3-9-2024 25:00", "3-9-2024 13:00 PM", "3-9-2024 0:30 AM", "March 9"})

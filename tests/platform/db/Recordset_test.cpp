@@ -214,7 +214,7 @@ TEST(Row, NullIsEmptyInEveryForm)
     EXPECT_FALSE(row.isNull(u"EquipmentID"));
 }
 
-TEST(Row, WhatIsNoNumberOrDateRaisesTypeMismatch)
+TEST(Row, WhatIsNoNumberOrDateRaisesAndLongKeysKeepTheirDigits)
 {
     const Row row = machines().row(0);
     for (const auto name : {u"Unit No", u"Installed", u"Picture"}) {
@@ -223,10 +223,7 @@ TEST(Row, WhatIsNoNumberOrDateRaisesTypeMismatch)
     }
     EXPECT_EQ(errorOf([&] { (void)row.date(u"Unit No"); }), base::ErrorNumber::TypeMismatch);
     EXPECT_EQ(errorOf([&] { (void)row.date(u"Price"); }), base::ErrorNumber::TypeMismatch);
-}
 
-TEST(Row, LongKeysInTextKeepAllTheirDigits)
-{
     auto rows = std::make_shared<RowData>(std::make_shared<const RowLayout>(
         std::vector<RowLayout::Column>{{u"Key"_s, sql::ColumnKind::Text, RowData::Storage::Text}}));
     for (const auto &text : {u" 9223372036854775807 "_s, u"1e30"_s}) {

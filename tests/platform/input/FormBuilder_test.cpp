@@ -76,6 +76,12 @@ TEST_F(FormBuilderTest, TabAndMnemonicsReachTheFields)
     EXPECT_EQ(QApplication::focusWidget(), control("cboState"));
     QTest::keyClick(&window, Qt::Key_E, Qt::AltModifier);
     EXPECT_EQ(QApplication::focusWidget(), control("txtNotes"));
+
+    bool saved = false;
+    auto *save = window.findChild<QPushButton *>(QStringLiteral("cmdSave"));
+    QObject::connect(save, &QPushButton::clicked, &window, [&saved] { saved = true; });
+    QTest::keyClick(control("txtName"), Qt::Key_Return);
+    EXPECT_FALSE(saved);
 }
 
 TEST_F(FormBuilderTest, EveryControlCanBeNamedByAssistiveTools)
@@ -90,15 +96,6 @@ TEST_F(FormBuilderTest, EveryControlCanBeNamedByAssistiveTools)
     for (const QLabel *label : window.findChildren<QLabel *>())
         captions += label->text();
     EXPECT_TRUE(captions.contains(QStringLiteral("Since:")));
-}
-
-TEST_F(FormBuilderTest, EnterInAFieldPressesNoButton)
-{
-    bool saved = false;
-    auto *save = window.findChild<QPushButton *>(QStringLiteral("cmdSave"));
-    QObject::connect(save, &QPushButton::clicked, &window, [&saved] { saved = true; });
-    QTest::keyClick(control("txtName"), Qt::Key_Return);
-    EXPECT_FALSE(saved);
 }
 
 TEST_F(FormBuilderTest, HeightThatIsLeftGoesToTheNotes)

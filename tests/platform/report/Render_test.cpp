@@ -95,10 +95,7 @@ TEST_F(Export, CsvHasALineForEachDetail)
               "A1,Oil <5W>,7.25,\r\n"
               "B2,=1+1,-3,03/05/2024\r\n"
               "B2,\"Two\nlines\",,03/05/2024\r\n");
-}
 
-TEST_F(Export, ACsvHeadingIsTheCaptionAboveTheColumnNotTheTitleOverAll)
-{
     const Layout layout = layoutOf(R"x(<report version="1">
         <band kind="pageHeader"><text width="120mm" content="All parts"/></band>
         <band kind="pageHeader"><text x="30mm" width="60mm" content="Number"/><text x="90mm" width="20mm" content="Cost"/></band>

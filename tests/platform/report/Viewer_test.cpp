@@ -144,17 +144,14 @@ TEST_F(Viewer, EveryPageCanBeReachedWhenSeveralAreInView)
     EXPECT_EQ(pageText(), "3 of 3");
 }
 
-TEST_F(Viewer, AHundredPercentIsTheSizeOnPaper)
+TEST_F(Viewer, ZoomIsChosenTypedAndSteppedAndTheSizeOnPaper)
 {
     m_viewer.setZoom(100);
     EXPECT_EQ(m_view->zoom(), 100);
     // Three letter sheets of 11 inches and the gaps around them.
     const int height = 3 * 11 * m_view->logicalDpiY() + 4 * 10;
     EXPECT_EQ(m_view->verticalScrollBar()->maximum(), height - m_view->viewport()->height());
-}
 
-TEST_F(Viewer, ZoomIsChosenTypedAndStepped)
-{
     auto *zoom = child<QComboBox>(u"zoom"_s);
     const auto enter = [zoom](const QString &text) {
         zoom->setEditText(text);

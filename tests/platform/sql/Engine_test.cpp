@@ -171,7 +171,7 @@ TEST_F(Engine, ExpressionsHaveTheDialectsValues)
         Row{u"Format(-0.001, '0.00') & Format(-0.001, '$0.00')"_s, u"0.00$0.00"_s},
         Row{u"Format(1.5, '0.##') & ' ' & Format(5, '0.0#') & ' ' & Format(.5, '#.00')"_s,
             u"1.5 5.0 .50"_s},
-        Row{u"Format(7, '000') & Format(1234, '000')"_s, u"0071234"_s},
+        Row{u"Format(7, '000') & Format(1234, '000') & Format(.5, '.00')"_s, u"0071234.50"_s},
         Row{u"Format(0.285, '0%') & Format(0.125, '0.0%')"_s, u"29%12.5%"_s},
         Row{u"Format(-3, '$0.00') & Format(3, '0.0 \"kg\"')"_s, u"-$3.003.0 kg"_s},
         Row{u"Format(-1234.5, 'Currency') & Format(1234.5, 'currency')"_s,

@@ -43,7 +43,7 @@ TEST(Lift, StatementsThatDifferInValuesAloneShareAKey)
     EXPECT_NE(key(u"select a from t where b = 5"_s), key(u"select a from t where c = 5"_s));
 }
 
-TEST(Lift, NamesAreNoLiterals)
+TEST(Lift, NamesAreNoLiteralsAndParametersAreCounted)
 {
     EXPECT_TRUE(literalsOf(u"select [a 'b' 5 #x#], t1.c2, `d 'e'` from t1"_s).isEmpty());
     // Those of a derived table in brackets are.
@@ -52,10 +52,7 @@ TEST(Lift, NamesAreNoLiterals)
         (QVariantList{u"d"_s, qint64(1)}));
     EXPECT_EQ(literalsOf(u"select [Select one], a as [Select] from t where b=[Select 2 of]"_s),
               QVariantList());
-}
 
-TEST(Lift, CountsTheCallersParameters)
-{
     EXPECT_EQ(sql::lift(u"select '?', [a?] from t where b = ? and c in (?, ?)"_s).callerParameters,
               3);
 }

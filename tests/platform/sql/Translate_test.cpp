@@ -89,6 +89,8 @@ select max(Hours) as Hours from Machine group by Name order by Hours
   SELECT MAX("Machine"."Hours") AS "Hours" FROM "Machine" GROUP BY "Machine"."Name" ORDER BY 1
 select count(*) as n from Machine group by Hours*2 having Hours*2>5
   SELECT COUNT(*) AS "n" FROM "Machine" GROUP BY ("Hours" * 2) HAVING ("Hours" * 2) > 5
+select count(*) as n from Machine group by Hours*2 having Hours*2>5 union select Id from Machine where Id=1
+  SELECT COUNT(*) AS "n" FROM "Machine" GROUP BY ("Hours" * 2) HAVING ("Hours" * 2) > 5 UNION SELECT "Id" FROM "Machine" WHERE "Id" = CAST(? AS DOUBLE PRECISION)
 select Name from Machine group by Name having count(*)>5
   SELECT "Name" FROM "Machine" GROUP BY "Name" HAVING COUNT(*) > CAST(? AS DOUBLE PRECISION)
 select Switch(Name='a','x',Name='b','yy') as s, IIf(Sold,'',Name) as i from Machine
