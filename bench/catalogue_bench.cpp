@@ -5,7 +5,6 @@
 //
 // Works on a copy of which only a year's history is left. Times are as those of goals_bench.
 #include "Measure.h"
-#include "core/Options.h"
 #include "core/Session.h"
 #include "core/ui/Openings.h"
 #include "platform/base/Environment.h"
