@@ -62,10 +62,8 @@ QWidget *frmSetup::backupsPage()
               u"copies the database there, and keeps as many copies as above. Blank: no second "
               u"place."_s);
     form.endGroup();
-    form.beginGroup(u"Databases that a restore has put aside (for the whole company)"_s,
-                    u"fraRestores"_s);
-    auto *restores = form.spinField(u"spnRestores"_s, u"&Number of the newest to keep"_s);
-    form.endGroup();
+    auto *restores = form.spinField(
+        u"spnRestores"_s, u"&Newest databases to keep of those that a restore has put aside"_s);
     form.stretch();
     form.finish();
 
