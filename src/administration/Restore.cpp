@@ -150,10 +150,30 @@ void pruneKept(const QString &newest)
     }
 }
 
+/// The script that brought the database up to date was deleted when it had, or was left with what
+/// it has run marked as done: a database from before needs all of it once more.
+void putScriptBeside()
+{
+    const QString script = base::applicationPath(u"\\Script\\DBChanges.mdb"_s);
+    if (QFileInfo::exists(script)) {
+        try {
+            db::Connection(localTarget(script)).Execute(u"Update tblChanges set Status = False"_s);
+            return;
+        } catch (const db::DbError &) {
+            // What can't be marked brings nothing up to date.
+            sys::removeFile(script);
+        }
+    }
+    sys::makeFolder(QFileInfo(script).absolutePath());
+    company::createScriptDatabase(script, company::shippedChanges());
+}
+
 /// The database that was there, kept; "" when there was none.
-QString replaceLive(const QString &staged)
+QString replaceLive(const QString &staged, bool isOlder)
 {
     if (!QFileInfo::exists(gsDatabasePath)) {
+        if (isOlder)
+            putScriptBeside();
         sys::moveFile(staged, gsDatabasePath);
         return {};
     }
@@ -161,6 +181,9 @@ QString replaceLive(const QString &staged)
     const QString kept = placeToKeep();
     sys::makeFolder(QFileInfo(kept).absolutePath());
     live.copyTo(kept);
+    // Ahead of the step that can't be undone: a program that is ended here loses nothing.
+    if (isOlder)
+        putScriptBeside();
     live.replaceBy(staged);
     return kept;
 }
@@ -180,17 +203,6 @@ void openOrPutBack(ClosedConnections &closed, const QString &kept)
 bool isOlder(const Summary &summary)
 {
     return summary.version.toLongLong() < company::schemaVersion();
-}
-
-/// The script that brought the database up to date was deleted when it had: a database from before
-/// needs it once more.
-void putScriptBeside()
-{
-    const QString script = base::applicationPath(u"\\Script\\DBChanges.mdb"_s);
-    if (QFileInfo::exists(script))
-        return;
-    sys::makeFolder(QFileInfo(script).absolutePath());
-    company::createScriptDatabase(script, company::shippedChanges());
 }
 
 } // namespace
@@ -265,10 +277,8 @@ Restored restoreDatabase(const Chosen &chosen, const QByteArray &fingerprint,
         throw base::Error(base::ErrorNumber::InvalidCall, refusal);
     const Staged staged(chosen, fingerprint);
     Restored restored{.kept = {}, .isOlder = isOlder(summary)};
-    if (restored.isOlder)
-        putScriptBeside();
     ClosedConnections closed;
-    restored.kept = replaceLive(staged.path());
+    restored.kept = replaceLive(staged.path(), restored.isOlder);
     openOrPutBack(closed, restored.kept);
     if (!restored.kept.isEmpty())
         pruneKept(restored.kept);
