@@ -39,12 +39,17 @@ struct Help : testing::Test
 
 } // namespace
 
-TEST_F(Help, EveryLinkLeadsToAPageThatExists)
+TEST_F(Help, EveryLinkLeadsToAPageThatExistsOnce)
 {
     help::showHelp(nullptr); // makes the pages known
     const help::HelpBook book(u":/help"_s);
     EXPECT_GE(book.pages().size(), 10u);
+    QStringList listed;
     for (const help::Page &each : book.pages()) {
+        for (const QString &topicOrForm : QStringList(each.topic) + each.forms) {
+            EXPECT_FALSE(listed.contains(topicOrForm)) << qPrintable(topicOrForm) << " twice";
+            listed.append(topicOrForm);
+        }
         QTextBrowser browser;
         browser.setSource(book.url(each.topic));
         EXPECT_FALSE(browser.toPlainText().isEmpty()) << qPrintable(each.topic);
