@@ -3,6 +3,7 @@
 #include "core/ServiceHistory.h"
 #include "core/Session.h"
 #include "parts/Stock.h"
+#include "platform/base/Decimal.h"
 #include "platform/base/Trapped.h"
 #include "scheduling/Readings.h"
 #include "workorders/PostedSchedules.h"
@@ -67,6 +68,24 @@ bool IsPartInInventory(const db::Row &part)
     return part.flag(u"TrackInventory");
 }
 
+/// A part line as it is used. What it costs, and what all parts of a service cost together, is
+/// shown wherever the service is shown afterwards, so that it has to be an amount.
+void checkCost(const db::Row &part, const Posted &service, base::Money &cost)
+{
+    const double used = part.flag(u"Used") ? part.real(u"QuantityUsed") : 0;
+    try {
+        cost += base::Money(part.real(u"Price")).times(used);
+    } catch (const base::Error &error) {
+        if (error.number() != base::ErrorNumber::Overflow)
+            throw;
+        throw obstacle(
+            error, service.order,
+            u"%1 of part \"%2\" at their price come to more than an amount can be. Please "
+            "correct the quantity or the price in its service \"%3\"."_s.arg(
+                QString::number(used, 'g', 15), part.text(u"PartID"), service.name));
+    }
+}
+
 /// What takes used parts out of the stock: of several rows of one part the last decides. Stock may
 /// go below zero.
 class Stock
@@ -85,7 +104,7 @@ public:
         for (const Taken &part : m_taken)
             stepOf(part.service, [&] {
                 if (!part.untracked)
-                    stock::move(part.id, -part.used);
+                    move(part);
             });
     }
 
@@ -97,13 +116,28 @@ private:
         bool untracked = false;
         Posted service;
     };
+    static void move(const Taken &part)
+    {
+        try {
+            stock::move(part.id, -part.used);
+        } catch (const base::Error &error) {
+            if (error.number() != base::ErrorNumber::Overflow)
+                throw;
+            throw obstacle(error, part.service.order,
+                           u"%1 of part \"%2\" are more than a stock can be. Please correct the "
+                           "quantity in its service \"%3\"."_s.arg(
+                               QString::number(part.used, 'g', 15), part.id, part.service.name));
+        }
+    }
+
     QMap<QString, Taken> m_taken;
 };
 
 db::Recordset usedParts(const QString &services)
 {
     return gcnData->Open(
-        u"Select ServiceUsedID, tblWoPartUsed.PartID, QuantityUsed, Used, TrackInventory From "
+        u"Select ServiceUsedID, tblWoPartUsed.PartID, QuantityUsed, tblWoPartUsed.Price as Price, "
+        "Used, TrackInventory From "
         "tblWoPartUsed Left join tblPart on tblWoPartUsed.partID = tblPart.PartID where "
         "ServiceUsedId in (%1) order by ServiceUsedID, tblWoPartUsed.PartID"_s.arg(services));
 }
@@ -120,10 +154,14 @@ QList<db::Recordset> servicesOf(const QList<qint64> &orders)
 void postParts(const QMap<qint64, Posted> &services)
 {
     Stock stock;
+    QHash<qint64, base::Money> costs;
     for (const QString &list : listsOf(services.keys())) {
         writePartHistory(list);
-        for (const db::Row part : usedParts(list))
-            stock.take(part, services[part.integer(u"ServiceUsedID")]);
+        for (const db::Row part : usedParts(list)) {
+            const Posted service = services[part.integer(u"ServiceUsedID")];
+            checkCost(part, service, costs[service.id]);
+            stock.take(part, service);
+        }
     }
     stock.write();
 }

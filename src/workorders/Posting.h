@@ -30,9 +30,9 @@ struct ServiceName
 /// Empty for a service that is not there. Raises DbError.
 [[nodiscard]] ServiceName nameOf(qint64 ServiceUsedID);
 
-/// What keeps one order from being posted: a schedule that can't be calculated, or a row that
-/// another workstation holds. The description names order, machine and service, and can be told as
-/// it stands.
+/// What keeps one order from being posted: a schedule that can't be calculated, a part that costs
+/// more than an amount can be, or a row that another workstation holds. The description names
+/// order, machine and service, and can be told as it stands.
 class Obstacle : public base::Error
 {
 public:

@@ -2,7 +2,6 @@
 
 #include "workorders/NumberList.h"
 #include "workorders/OrderNames.h"
-#include "workorders/Posting.h"
 
 namespace posting {
 
@@ -29,16 +28,24 @@ bool concernsOneOrder(const base::Error &error)
     }
 }
 
+Obstacle obstacle(const base::Error &error, qint64 order, const QString &reason)
+{
+    return {error.number(), order,
+            ordernames::sentence(ordernames::order(order), u"can't be posted: "_s + reason)};
+}
+
 void raiseObstacle(const Posted &service, const base::Error &error)
 {
-    const QString reason =
-        error.number() == db::ErrorNumber::LockConflict
-            ? u"can't be posted now: another workstation is changing the schedule or a part of "
-              "its service \"%1\". Please try again in a moment."_s.arg(service.name)
-            : u"can't be posted: the schedule of its service \"%1\" can't be moved on (%2)."_s.arg(
-                  service.name, error.description());
-    throw Obstacle(error.number(), service.order,
-                   ordernames::sentence(ordernames::order(service.order), reason));
+    if (error.number() != db::ErrorNumber::LockConflict)
+        throw obstacle(error, service.order,
+                       u"the schedule of its service \"%1\" can't be moved on (%2)."_s.arg(
+                           service.name, error.description()));
+    throw Obstacle(
+        error.number(), service.order,
+        ordernames::sentence(
+            ordernames::order(service.order),
+            u"can't be posted now: another workstation is changing the schedule or a part of its "
+            "service \"%1\". Please try again in a moment."_s.arg(service.name)));
 }
 
 void raiseObstacle(qint64 order, const db::DbError &error)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/db/DbError.h"
+#include "workorders/Posting.h"
 
 #include <QList>
 #include <QString>
@@ -27,6 +28,8 @@ struct Posted
 
 /// True when leaving one order out is a way round the error.
 [[nodiscard]] bool concernsOneOrder(const base::Error &error);
+/// What is told of an order that can't be posted as it stands. error: what is in the way.
+[[nodiscard]] Obstacle obstacle(const base::Error &error, qint64 order, const QString &reason);
 /// Raises the Obstacle that an error in a service's step is, and a row of an order that another
 /// workstation holds.
 [[noreturn]] void raiseObstacle(const Posted &service, const base::Error &error);
@@ -38,6 +41,8 @@ auto stepOf(const Posted &service, Step &&step)
 {
     try {
         return step();
+    } catch (const Obstacle &) {
+        throw;
     } catch (const base::Error &error) {
         if (!concernsOneOrder(error))
             throw;

@@ -80,10 +80,12 @@ TEST_F(PartScreens, ANewPartNeedsANumberAndADescription)
                  expectRefusal(screen, u"Description should not be blank."_s, "txtDescription");
                  screen.type("txtDescription", u"Farmer's belt"_s);
                  screen.type("txtMin", u"a1.5x"_s);
+                 screen.type("txtPrice", u"12345678901"_s);
                  screen.press("cmdUpdate");
                  EXPECT_EQ(screen.text("txtPartID"), u"P-2"_s);
                  EXPECT_EQ(screen.text("txtQuantity"), u"0.00"_s);
                  EXPECT_EQ(screen.text("txtMin"), u"1.50"_s);
+                 EXPECT_EQ(screen.text("txtPrice"), u"123456789.00"_s);
                  EXPECT_EQ(screen.focused(), "txtPartID");
                  screen.press("cmdExit");
              });

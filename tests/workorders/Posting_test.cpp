@@ -4,6 +4,8 @@
 #include "workorders/OrderNames.h"
 #include "workorders/Workshop.h"
 
+#include <gmock/gmock.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -304,6 +306,54 @@ TEST_F(PostWorkOrder, WhatKeepsAnOrderFromBeingPostedIsNamed)
         EXPECT_TRUE(post({good}));
         gcnData->Execute(u"Delete from tblWoServiceUsed"_s);
         gcnData->Execute(u"Delete from tblWorkorder"_s);
+    }
+}
+
+TEST_F(PostWorkOrder, APartThatCostsMoreThanAnAmountCanBeIsNamed)
+{
+    struct Row
+    {
+        double quantity, price; ///< of two lines each
+        bool used;
+        const char16_t *what; ///< nullptr when it is posted
+    };
+    const Row rows[] = {
+        {99999.99, 999999999.99, true, nullptr},
+        {9e14, 0.5, true, nullptr},
+        // Each is an amount, both together are none.
+        {9e14, 1, true,
+         u"900000000000000 of part \"P1\" at their price come to more than an amount"},
+        {1e10, 1e10, true,
+         u"10000000000 of part \"P1\" at their price come to more than an amount"},
+        {1e10, 1e10, false, nullptr},
+        {1.5e307, 0, true, u"1.5e+307 of part \"P1\" are more than a stock can be"},
+    };
+    for (const Row &row : rows) {
+        const qint64 good = completeOrderOf(0);
+        const qint64 bad = completeOrderOf(0, {{u"Name"_s, u"Wash"_s}});
+        part(u"P1"_s, 10);
+        for (int line = 0; line < 2; ++line)
+            orderPart(last, u"P1"_s, row.quantity, row.used);
+        gcnData->Execute(u"Update tblWoPartUsed set Price = ?"_s, {row.price});
+        const QString before = everything();
+        QList<qint64> orders{bad, good};
+        try {
+            const base::Whole whole;
+            (void)posting::PostWorkOrder(orders);
+            EXPECT_EQ(row.what, nullptr) << row.quantity;
+        } catch (const posting::Obstacle &obstacle) {
+            EXPECT_EQ(obstacle.order(), bad);
+            const QString sentence =
+                u"Work order %1 of machine M1 - Mower M1 can't be posted: "_s.arg(bad) +
+                QString::fromUtf16(row.what ? row.what : u"nothing");
+            EXPECT_THAT(obstacle.description().toStdString(),
+                        testing::StartsWith(sentence.toStdString()));
+            EXPECT_TRUE(obstacle.description().endsWith(u"in its service \"Wash\"."));
+            EXPECT_EQ(everything(), before);
+        }
+        for (const QString &table :
+             {u"tblWoPartUsed"_s, u"tblWoServiceUsed"_s, u"tblWorkorder"_s, u"tblPart"_s})
+            gcnData->Execute(u"Delete from "_s + table);
     }
 }
 

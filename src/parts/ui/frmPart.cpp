@@ -101,6 +101,8 @@ void frmPart::addDescription(input::FormBuilder &form)
                 rebuildKeepingChoice(*cboSupplier, [this] { loadSuppliers(); });
             });
     txtPrice = form.currencyField(u"txtPrice"_s, u"Pr&ice:"_s);
+    // Times the largest quantity of a service it is still an amount.
+    txtPrice->setMostDigits(9);
     txtBin = form.textField(u"txtBin"_s, u"&Bin:"_s, 30);
     txtBarCode = form.textField(u"txtBarCode"_s, u"Bar C&ode:"_s, 50);
 }

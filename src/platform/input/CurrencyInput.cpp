@@ -7,25 +7,6 @@
 #include <QKeyEvent>
 
 namespace input {
-namespace {
-
-/// Digits before the point: with two decimals an amount then fills the box, and sums of many stay
-/// within what the database can hold.
-constexpr qsizetype MostDigits = 12;
-
-/// What may be typed: an amount without the digits that are too many.
-QString typedAmount(const QString &text, bool negativeAllowed)
-{
-    QString amount = cleanedAmount(text, negativeAllowed);
-    const qsizetype first = amount.startsWith(u'-') ? 1 : 0;
-    const qsizetype point = amount.indexOf(u'.');
-    const qsizetype digits = (point < 0 ? amount.size() : point) - first;
-    if (digits > MostDigits)
-        amount.remove(first + MostDigits, digits - MostDigits);
-    return amount;
-}
-
-} // namespace
 
 QString cleanedAmount(const QString &text, bool negativeAllowed)
 {
@@ -40,13 +21,25 @@ QString cleanedAmount(const QString &text, bool negativeAllowed)
     return result;
 }
 
+/// What may be typed: an amount without the digits that are too many.
+QString CurrencyInput::typedAmount(const QString &text) const
+{
+    QString amount = cleanedAmount(text, m_negativeAllowed);
+    const qsizetype first = amount.startsWith(u'-') ? 1 : 0;
+    const qsizetype point = amount.indexOf(u'.');
+    const qsizetype digits = (point < 0 ? amount.size() : point) - first;
+    if (digits > m_mostDigits)
+        amount.remove(first + m_mostDigits, digits - m_mostDigits);
+    return amount;
+}
+
 CurrencyInput::CurrencyInput(QWidget *parent)
     : QLineEdit(parent)
 {
     setAlignment(Qt::AlignRight);
     setMaxLength(15);
     connect(this, &QLineEdit::textEdited, this, [this](const QString &text) {
-        const QString cleaned = typedAmount(text, m_negativeAllowed);
+        const QString cleaned = typedAmount(text);
         if (cleaned == text)
             return;
         const int behind = int(text.size()) - cursorPosition();
@@ -79,7 +72,7 @@ void CurrencyInput::keyPressEvent(QKeyEvent *event)
             result.remove(caret, selectionLength());
         }
         result.insert(caret, typed);
-        if (typedAmount(result, m_negativeAllowed) != result)
+        if (typedAmount(result) != result)
             return;
     }
     QLineEdit::keyPressEvent(event);

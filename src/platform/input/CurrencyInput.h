@@ -19,6 +19,8 @@ public:
     void setNegativeAllowed(bool allowed) { m_negativeAllowed = allowed; }
     /// Whether the box may stay empty (it may unless set); otherwise leaving it empty gives 0.00.
     void setBlankAllowed(bool allowed) { m_blankAllowed = allowed; }
+    /// How many digits can be typed before the point.
+    void setMostDigits(int digits) { m_mostDigits = digits; }
 
 Q_SIGNALS:
     /// The amount changed, by the user or the program.
@@ -29,6 +31,11 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
 
 private:
+    [[nodiscard]] QString typedAmount(const QString &text) const;
+
+    /// With two decimals an amount then fills the box, and sums of many stay within what the
+    /// database can hold.
+    int m_mostDigits = 12;
     bool m_negativeAllowed = false;
     bool m_blankAllowed = true;
 };

@@ -66,7 +66,7 @@ private:
     static QFont makeFont(const Font &font)
     {
         QFont made(face(font.family));
-        made.setPixelSize(fromPoints(font.points));
+        made.setPixelSize(qMax(1, fromPoints(font.points)));
         made.setBold(font.bold);
         made.setItalic(font.italic);
         made.setUnderline(font.underline);
