@@ -212,6 +212,47 @@ TEST(Bands, StandInTheirOrderAndMoveAmongTheirLike)
                        "Report footer|Page footer");
 }
 
+TEST(RenameGroup, TakesTheAggregatesThatNameItAlong)
+{
+    const char *const file = R"x(<report version="2">
+        <rows name="parts" key="Id" of="max(Id, 'SITE')">Select 1</rows>
+        <group name="Site" by="SiteName"/>
+        <group name="page" by="sum(N, 'site') &amp; Crew"/>
+        <formula name="Share">N / sum(N, "Site") + count(*, 'page') + min(N, 'Sites') &amp; 'site'</formula>
+        <band kind="detail" printIf="count(*, 'Site') &gt; 1">
+          <text content="Site {{site {sum(N, 'Site')} of {N + sum(N , 'site' ) + sum(N,'site')}, {Site Name}, {1 + sum(N, 'Site'}"/>
+          <field content="avg(N, 'Site'" visibleIf="last(N, 'site')"><when condition="sum(N,'Site')"/></field>
+          <barCode content="first(N, 'Site')"/><picture content="=max(Photo, 'Site')"/>
+          <chart title="{sum(N, 'Site')}" category="N" categoryTitle="{sum(N, 'Site')}" valueTitle="{sum(N, 'Site')}"><series value="N"/></chart>
+          <crossTab title="{sum(N, 'Site')}" rows="N" rowsTitle="{sum(N, 'Site')}" columns="N" value="N"/>
+        </band></report>)x";
+    Layout layout = layoutOf(file);
+    renameGroup(layout, 0, u"Jim's"_s);
+    QByteArray expected = file;
+    expected.replace("name=\"Site\" by", "name=\"Jim's\" by")
+        .replace("\"Site\") +", "\"Jim's\") +")
+        .replace("avg(N, 'Site'", "avg(N, 'sitE'")
+        .replace("{1 + sum(N, 'Site'}", "{1 + sum(N, 'sitE'}");
+    for (const char *scope : {"'Site'", "'SITE'", "'site'"})
+        for (const char *begin : {", ", " , ", ","})
+            expected.replace(QByteArray(begin) + scope, QByteArray(begin) + "'Jim''s'");
+    expected.replace("sitE", "Site");
+    EXPECT_EQ(writeLayout(layout).toStdString(), writeLayout(layoutOf(expected)).toStdString());
+    const Layout before = layout;
+    renameGroup(layout, 1, u"Crew"_s);
+    EXPECT_EQ(layout.formulas, before.formulas) << "of the page";
+    // Once the group is gone, each part that names it is told.
+    renameGroup(layout, 0, u"Place"_s);
+    removeGroup(layout, 0);
+    QStringList remarks;
+    const Labelled named = labelled(layout);
+    (void)allPages(named.layout, Rows({u"N"_s}, {{1}}), {}, &remarks);
+    const QStringList gone = remarks.filter(u"there is no group \"Place\""_s);
+    EXPECT_EQ(gone.size(), 10) << remarks.join(u'\n').toStdString();
+    for (const QString &remark : gone)
+        EXPECT_TRUE(partOf(named, remark)) << remark.toStdString();
+}
+
 TEST(AddField, GivesAHeadingInThePageHeaderWhenItGoesToTheDetail)
 {
     Layout layout = emptyLayout();

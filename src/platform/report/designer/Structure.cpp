@@ -1,6 +1,7 @@
 #include "platform/report/designer/Structure.h"
 
 #include "platform/report/designer/Normalised.h"
+#include "platform/report/expr/Scopes.h"
 
 #include <algorithm>
 
@@ -63,6 +64,39 @@ void rename(QList<Named> &list, int index, const QString &name)
             taken.append(list[other].name);
     const QString wanted = name.trimmed();
     list[index].name = freeName(wanted.isEmpty() ? list[index].name : wanted, taken);
+}
+
+/// Changes every expression of a layout that an aggregate may stand in.
+template<class Change, class ChangeWords>
+void changeExpressions(Layout &layout, Change change, ChangeWords changeWords)
+{
+    for (Formula &formula : layout.formulas)
+        change(formula.expression);
+    for (Group &group : layout.groups)
+        change(group.by);
+    for (RowSet &set : layout.rowSets)
+        change(set.of);
+    for (Band &band : layout.bands) {
+        change(band.printIf);
+        for (Object &object : band.objects) {
+            if (object.kind == ObjectKind::Text)
+                changeWords(object.content);
+            else if (object.kind == ObjectKind::Field || object.kind == ObjectKind::BarCode)
+                change(object.content);
+            else if (object.kind == ObjectKind::Picture && object.content.startsWith(u'=')) {
+                QString expression = object.content.sliced(1);
+                change(expression);
+                object.content = u'=' + expression;
+            }
+            change(object.visibleIf);
+            for (ConditionalStyle &style : object.conditionalStyles)
+                change(style.when);
+            for (QString *words :
+                 {&object.chart.title, &object.chart.categoryTitle, &object.chart.valueTitle,
+                  &object.crossTab.title, &object.crossTab.rowsTitle})
+                changeWords(*words);
+        }
+    }
 }
 
 /// The objects of each band together, so that numbers stay right while others are taken out.
@@ -230,6 +264,14 @@ void renameGroup(Layout &layout, int group, const QString &name)
     for (Band &band : layout.bands)
         if (band.group.compare(former, Qt::CaseInsensitive) == 0)
             band.group = layout.groups[group].name;
+    // These two always mean the page and the report.
+    if (former.compare(u"page", Qt::CaseInsensitive) == 0 ||
+        former.compare(u"report", Qt::CaseInsensitive) == 0)
+        return;
+    const QString &given = layout.groups[group].name;
+    changeExpressions(
+        layout, [&](QString &text) { text = withScopeRenamed(text, former, given); },
+        [&](QString &words) { words = withScopeRenamedInWords(words, former, given); });
 }
 
 void renameRows(Layout &layout, int set, const QString &name)

@@ -30,11 +30,11 @@ void fitBand(Layout &layout, int band);
 
 /// Adds a group as the innermost with a header, which shows its value, and a footer.
 int addGroup(Layout &layout, const QString &by);
-/// Removes a group with its bands.
+/// Removes a group with its bands. Aggregates that name it are left to be told.
 void removeGroup(Layout &layout, int group);
 /// Moves a group outwards (-1) or inwards (1); its bands move along.
 void moveGroup(Layout &layout, int group, int direction);
-/// Gives a group another name, in its bands too.
+/// Gives a group another name, in its bands and in the aggregates that name it too.
 void renameGroup(Layout &layout, int group, const QString &name);
 
 /// Gives further rows another name, in their bands too.

@@ -2,6 +2,7 @@
 
 #include "platform/report/expr/ExpressionNode.h"
 #include "platform/report/expr/Functions.h"
+#include "platform/report/expr/Scopes.h"
 #include "platform/report/expr/Tokens.h"
 
 namespace report {
@@ -41,6 +42,7 @@ public:
     QList<Aggregate> aggregates;
     QList<QString> arguments;
     QStringList names;
+    std::vector<Token> scopes; ///< of the aggregates that name one, as written
 
 private:
     using Kind = ExpressionNode::Kind;
@@ -215,6 +217,7 @@ private:
             if (scope.kind != Token::Kind::Text)
                 throw ParseError{u"the scope of an aggregate is a text"_s, scope.at};
             aggregate.scope = scope.value.toString();
+            scopes.push_back(scope);
         }
         m_tokens.expect(u")");
         m_inAggregate = false;
@@ -270,6 +273,45 @@ Expression Expression::parse(const QString &text, QString *error)
                 u"%1 (character %2 of \"%3\")"_s.arg(failure.what).arg(failure.at + 1).arg(text);
         return {};
     }
+}
+
+QString withScopeRenamed(const QString &expression, const QString &former, const QString &name)
+{
+    try {
+        Parser parser(expression);
+        (void)parser.parseAll();
+        QString renamed = expression;
+        // From the last one on, so that the places of those before stay right.
+        for (auto scope = parser.scopes.crbegin(); scope != parser.scopes.crend(); ++scope) {
+            if (scope->value.toString().compare(former, Qt::CaseInsensitive) != 0)
+                continue;
+            const QChar quote = expression[scope->at];
+            const QString text = QString(name).replace(quote, QString(2, quote));
+            renamed.replace(scope->at, scope->end - scope->at, quote + text + quote);
+        }
+        return renamed;
+    } catch (const ParseError &) {
+        return expression;
+    }
+}
+
+QString withScopeRenamedInWords(const QString &words, const QString &former, const QString &name)
+{
+    QString renamed;
+    qsizetype at = 0;
+    for (qsizetype open = words.indexOf(u'{'); open >= 0; open = words.indexOf(u'{', at)) {
+        const bool isBrace = QStringView(words).sliced(open).startsWith(u"{{");
+        const qsizetype close = isBrace ? open + 1 : words.indexOf(u'}', open);
+        if (close < 0)
+            break;
+        renamed += words.sliced(at, open + 1 - at);
+        renamed +=
+            isBrace
+                ? u"{"_s
+                : withScopeRenamed(words.sliced(open + 1, close - open - 1), former, name) + u'}';
+        at = close + 1;
+    }
+    return renamed + words.sliced(at);
 }
 
 QVariant Expression::evaluate(const EvaluationContext &context) const

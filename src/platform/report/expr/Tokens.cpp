@@ -40,6 +40,12 @@ void Tokens::expect(QStringView text)
 
 void Tokens::advance()
 {
+    read();
+    m_current.end = m_at;
+}
+
+void Tokens::read()
+{
     while (m_at < m_text.size() && m_text[m_at].isSpace())
         ++m_at;
     m_current = {};

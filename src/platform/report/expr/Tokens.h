@@ -18,6 +18,7 @@ struct Token
     QString text;
     QVariant value; ///< valid for a name in brackets too, which is never a word of the language
     qsizetype at = 0;
+    qsizetype end = 0; ///< one behind its last character
 };
 
 /// The tokens of an expression, one after the other. The text outlives it.
@@ -35,6 +36,7 @@ public:
 
 private:
     void advance();
+    void read();
     void readNumber();
     void readText(QChar quote);
     void readDate();
