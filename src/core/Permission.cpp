@@ -7,6 +7,15 @@ using namespace Qt::StringLiterals;
 namespace rights {
 namespace {
 
+constexpr auto Administrator = u"ADMIN";
+const QString Action = u"this action"_s;
+
+QString sentence(const QString &what)
+{
+    return u"You do not have sufficient rights to %1. Please see your system administrator"_s.arg(
+        what);
+}
+
 bool isForAction(bool Rights::*right)
 {
     constexpr RecordRights kinds[] = {Machines, Services, Parts};
@@ -24,14 +33,24 @@ bool isGranted(bool Rights::*right)
 
 QString refusal(bool Rights::*right)
 {
-    return u"You do not have sufficient rights to %1. Please see your system administrator"_s.arg(
-        isForAction(right) ? u"this action"_s : u"see this report"_s);
+    return sentence(isForAction(right) ? Action : u"see this report"_s);
 }
 
 void demand(bool Rights::*right)
 {
     if (!isGranted(right))
-        throw Refused(right);
+        throw Refused(refusal(right));
+}
+
+bool isAdministrator()
+{
+    return gsLoginUser.isEmpty() || gsLoginUser == Administrator;
+}
+
+void demandAdministrator()
+{
+    if (!isAdministrator())
+        throw Refused(sentence(Action));
 }
 
 } // namespace rights

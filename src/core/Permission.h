@@ -40,12 +40,17 @@ public:
     /// By this number the error's report is known to be no fault of the program.
     static constexpr int Number = 3033;
 
-    explicit Refused(bool Rights::*right)
-        : Error(Number, refusal(right))
+    explicit Refused(const QString &sentence)
+        : Error(Number, sentence)
     {}
 };
 
 /// Raises Refused when the session's user lacks the right.
 void demand(bool Rights::*right);
+
+/// True for the one user who keeps users and their rights; without security for everybody.
+[[nodiscard]] bool isAdministrator();
+/// Raises Refused for anybody else.
+void demandAdministrator();
 
 } // namespace rights

@@ -1,5 +1,7 @@
 #include "shell/RightsTable.h"
 
+#include "core/InTheWay.h"
+#include "core/Permission.h"
 #include "platform/base/Format.h"
 #include "platform/base/Trapped.h"
 
@@ -99,7 +101,11 @@ QSet<QString> GrantedRights(const QString &UserName)
 
 void StoreRights(const QString &UserName, const QSet<QString> &Granted)
 {
-    gcnData->Execute(BuildQueryString(UserName, Granted));
+    rights::demandAdministrator();
+    if (gcnData->Execute(BuildQueryString(UserName, Granted)) == 0)
+        throw InTheWay(
+            u"The user \"%1\" has been deleted or renamed on another workstation. Nothing was "
+            "stored."_s.arg(UserName));
 }
 
 QString BuildQueryString(const QString &UserName, const QSet<QString> &Granted)

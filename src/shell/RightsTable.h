@@ -31,7 +31,8 @@ void SetUserRole();
 
 /// The columns of the rights that a user has been granted. A user without a row raises. Data.
 [[nodiscard]] QSet<QString> GrantedRights(const QString &UserName);
-/// Stores all rights of a user: those in Granted, and no other. Raises DbError. Data.
+/// Stores all rights of a user: those in Granted, and no other, for the administrator alone.
+/// Raises DbError, Refused, and InTheWay when the user is gone. Data.
 void StoreRights(const QString &UserName, const QSet<QString> &Granted);
 /// The statement that stores all rights of a user: '1' for the columns in Granted, '0' for the
 /// others.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include "core/RecordFields.h"
 
 /// One row of tblUser without its rights.
 struct clsUser
@@ -9,5 +9,6 @@ struct clsUser
     QString Password; ///< as typed when it is to be changed, as stored when not
     QString EmployeeID;
 
+    [[nodiscard]] static std::span<const record::Field<clsUser>> fields();
     bool operator==(const clsUser &) const = default;
 };

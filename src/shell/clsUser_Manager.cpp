@@ -1,5 +1,7 @@
 #include "shell/clsUser_Manager.h"
 
+#include "core/Permission.h"
+#include "core/RecordStore.h"
 #include "core/Session.h"
 #include "platform/base/Trapped.h"
 #include "platform/db/DbError.h"
@@ -10,6 +12,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr auto module = "Class User Manager";
+constexpr auto Table = u"tblUser";
+constexpr auto Key = u"UserName";
+
+constexpr record::Field<clsUser> Fields[] = {
+    {u"UserName", &clsUser::UserName},
+    {u"Password", &clsUser::Password},
+    {u"EmployeeID", &clsUser::EmployeeID},
+};
 
 /// The user, other than the one of rowName, whose name nobody could tell from this one: the same to
 /// the database, or the same in capitals ("admin" with a dotless i). Empty when there is none.
@@ -50,32 +60,49 @@ void insertUser(const clsUser &user)
                      {user.UserName, shell::hashedPassword(user.Password), user.EmployeeID});
 }
 
-void updateUser(const clsUser &user, const QString &rowName)
+clsUser fromRow(const db::Row &row)
 {
-    const db::Recordset row =
-        gcnData->Open(u"select [Password] from tblUser where UserName = ?"_s, {rowName});
-    if (row.isEmpty())
-        throw base::Error(base::ErrorNumber::NoCurrentRow,
-                          u"The user \"%1\" has been deleted at another place."_s.arg(rowName));
+    return record::load<clsUser>(row, Fields);
+}
+
+void updateUser(const clsUser &user, const std::optional<clsUser> &shown)
+{
+    const QString rowName = shown ? shown->UserName : user.UserName;
+    record::ShortTransaction transaction(*gcnData);
+    const clsUser now = fromRow(record::hold(*gcnData, Table, Key, rowName).row(0));
     refuseLikeName(user.UserName, rowName);
-    const QString stored = row.current().text(u"Password");
-    const bool keepHash = stored == user.Password && shell::isHashedPassword(stored);
-    gcnData->Execute(u"update tblUser set UserName = ?, [Password] = ?, EmployeeID = ? "
-                     u"where UserName = ?"_s,
-                     {user.UserName, keepHash ? stored : shell::hashedPassword(user.Password),
-                      user.EmployeeID, rowName});
+    clsUser mine = user;
+    clsUser before = shown.value_or(now);
+    if (user.Password != before.Password) {
+        mine.Password = shell::hashedPassword(user.Password);
+        before.Password = now.Password;
+    } else {
+        // A colleague's new password stays; one that is still stored as typed is hashed.
+        mine.Password = before.Password = now.Password;
+        if (!shell::isHashedPassword(now.Password))
+            mine.Password = shell::hashedPassword(now.Password);
+    }
+    record::change<clsUser>(record::Store::Data, Table, Fields, mine, before, Key, rowName,
+                            fromRow);
+    transaction.commit();
 }
 
 } // namespace
 
+std::span<const record::Field<clsUser>> clsUser::fields()
+{
+    return Fields;
+}
+
 void clsUser_Manager::SaveRecord(const clsUser &User, Mode SaveMode, bool &Result,
-                                 const QString &FormerName) const
+                                 const std::optional<clsUser> &Shown) const
 {
     Result = base::trapped(module, "SaveRecord", false, [&] {
+        rights::demandAdministrator();
         if (SaveMode == Mode::Add)
             insertUser(User);
         else
-            updateUser(User, FormerName.isEmpty() ? User.UserName : FormerName);
+            updateUser(User, Shown);
         return true;
     });
 }
@@ -84,9 +111,10 @@ void clsUser_Manager::DeleteRecord(const QString &UserName, bool &Result) const
 {
     Result = false;
     try {
+        rights::demandAdministrator();
         gcnData->Execute(u"Delete from tblUser where UserName = ?"_s, {UserName});
         Result = true;
-    } catch (const db::DbError &) {
+    } catch (const base::Error &) {
         // Result says it: the screen's own message stands in for the error report.
     }
 }

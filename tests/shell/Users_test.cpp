@@ -1,3 +1,5 @@
+#include "core/InTheWay.h"
+#include "core/Permission.h"
 #include "shell/CleanUpParts.h"
 #include "shell/Login.h"
 #include "shell/Passwords.h"
@@ -14,10 +16,10 @@ namespace {
 
 struct Accounts : test::ShellSession
 {
-    static bool save(const clsUser &user, Mode mode, const QString &former = {})
+    static bool save(const clsUser &user, Mode mode, const std::optional<clsUser> &shown = {})
     {
         bool result = false;
-        clsUser_Manager().SaveRecord(user, mode, result, former);
+        clsUser_Manager().SaveRecord(user, mode, result, shown);
         return result;
     }
     static bool remove(const QString &user)
@@ -105,8 +107,8 @@ TEST_F(Accounts, NoTwoNamesDifferInCapitalsOnly)
         EXPECT_FALSE(save({name, u"y"_s, {}}, Mode::Add)) << qPrintable(name);
     }
     // One's own name is no other's.
-    EXPECT_TRUE(save({u"wei\u00DF"_s, u"y"_s, {}}, Mode::Modify, u"weiss"_s));
-    EXPECT_FALSE(save({u"Adm\u0131n"_s, u"y"_s, {}}, Mode::Modify, u"Bob"_s));
+    EXPECT_TRUE(save({u"wei\u00DF"_s, u"y"_s, {}}, Mode::Modify, clsUser{u"Weiss"_s, u"x"_s, {}}));
+    EXPECT_FALSE(save({u"Adm\u0131n"_s, u"y"_s, {}}, Mode::Modify, clsUser{u"Bob"_s, {}, {}}));
     EXPECT_EQ(errors.take().size(), 5u);
     EXPECT_EQ(count(u"tblUser"_s, u"UserName = 'Bob'"_s), 1);
 }
@@ -160,14 +162,50 @@ TEST_F(Accounts, ModifyKeepsAnUnchangedHashRenamesAndHashesTheRest)
     ASSERT_TRUE(save({u"Bob"_s, u"Secret"_s, u"3"_s}, Mode::Modify));
     const QString hash = storedPassword(u"Bob"_s);
     EXPECT_TRUE(shell::passwordMatches(hash, u"secret"_s));
-    ASSERT_TRUE(save({u"Robert"_s, hash, u"4"_s}, Mode::Modify, u"Bob"_s));
+    const clsUser renamed{u"Robert"_s, hash, u"4"_s};
+    ASSERT_TRUE(save(renamed, Mode::Modify, clsUser{u"Bob"_s, hash, u"3"_s}));
     EXPECT_EQ(storedPassword(u"Robert"_s), hash);
     EXPECT_EQ(count(u"tblUser"_s, u"UserName = 'Bob'"_s), 0);
     // Another user's name is refused by the key, a deleted row by a word.
-    EXPECT_FALSE(save({u"ann"_s, hash, {}}, Mode::Modify, u"Robert"_s));
+    EXPECT_FALSE(save({u"ann"_s, hash, {}}, Mode::Modify, renamed));
     EXPECT_FALSE(save({u"Gone"_s, u"x"_s, {}}, Mode::Modify));
     EXPECT_EQ(errors.take().size(), 2u);
     EXPECT_TRUE(shell::passwordMatches(storedPassword(u"Ann"_s), u"other"_s));
+}
+
+TEST_F(Accounts, WhatOthersHaveChangedMeanwhileStays)
+{
+    addUser(u"Bob"_s, u"Secret"_s, u"3"_s);
+    const auto change = [](const clsUser &user) {
+        return save(user, Mode::Modify, clsUser{u"Bob"_s, u"Secret"_s, u"3"_s});
+    };
+    // Bob gives himself a password while his row is on show elsewhere.
+    shell::storePassword(u"Bob"_s, u"Fresh"_s);
+    EXPECT_TRUE(change({u"Bob"_s, u"Secret"_s, u"4"_s}));
+    EXPECT_TRUE(shell::passwordMatches(storedPassword(u"Bob"_s), u"fresh"_s));
+    // A password that is typed here counts all the same, an employee given elsewhere stays.
+    EXPECT_FALSE(change({u"Bob"_s, u"Typed"_s, u"5"_s}));
+    EXPECT_EQ(errors.take().size(), 1u);
+    EXPECT_TRUE(change({u"Bob"_s, u"Typed"_s, u"3"_s}));
+    EXPECT_TRUE(shell::passwordMatches(storedPassword(u"Bob"_s), u"typed"_s));
+    EXPECT_EQ(count(u"tblUser"_s, u"EmployeeID = '4'"_s), 1);
+}
+
+TEST_F(Accounts, AreKeptByTheAdministratorAlone)
+{
+    addUser(u"Bob"_s, u"Secret"_s);
+    for (const auto &[login, may] : {std::pair(u"BOB"_s, false), std::pair(u"ADMIN"_s, true)}) {
+        gsLoginUser = login;
+        EXPECT_EQ(save({u"Bob"_s, u"New"_s, {}}, Mode::Modify), may);
+        if (may)
+            StoreRights(u"Bob"_s, {u"EqAdd"_s});
+        else
+            EXPECT_THROW(StoreRights(u"Bob"_s, {u"EqAdd"_s}), rights::Refused);
+        EXPECT_EQ(GrantedRights(u"Bob"_s).size(), may ? 1 : 0);
+        EXPECT_EQ(remove(u"Bob"_s), may);
+    }
+    errors.take();
+    EXPECT_THROW(StoreRights(u"Bob"_s, {}), InTheWay) << "who is gone gets no rights unseen";
 }
 
 TEST_F(Accounts, AreListedButForTheBuiltInOneAndDeleted)

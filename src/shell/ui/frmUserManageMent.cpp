@@ -37,7 +37,7 @@ QString employeeText(const db::Row &row)
 } // namespace
 
 frmUserManageMent::frmUserManageMent(QWidget *parent)
-    : Screen(u"frmUserManageMent"_s, u"User Management"_s, parent, StoreWhat::SizeOnly)
+    : SavingScreen(u"frmUserManageMent"_s, u"User Management"_s, parent, StoreWhat::SizeOnly)
 {
     buildForm();
     RefreshCombo();
@@ -85,6 +85,12 @@ void frmUserManageMent::buildForm()
     cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
     form.finish();
     resize(620, 460);
+    m_fields.addTrimmed(txtUserName, &clsUser::UserName);
+    m_fields.add(
+        cboEmployee, &clsUser::EmployeeID,
+        [this] { return QVariant(m_employeeIDs.value(cboEmployee->currentIndex())); },
+        [this](const QVariant &id) { showEmployee(id.toString()); });
+    setSavedFields({&m_fields});
 }
 
 void frmUserManageMent::ShowUserManagement()
@@ -114,11 +120,9 @@ void frmUserManageMent::DisplayData()
     if (row < 0)
         return;
     const grid::GridModel &rows = grdUser->rows();
-    m_shown = {rows.text(row, u"UserName"), rows.text(row, u"Password"),
-               rows.text(row, u"EmployeeID")};
-    txtUserName->setText(m_shown.UserName);
-    showEmployee(m_shown.EmployeeID);
-    showPasswordHint(m_shown.Password);
+    m_fields.show(
+        {rows.text(row, u"UserName"), rows.text(row, u"Password"), rows.text(row, u"EmployeeID")});
+    showPasswordHint(m_fields.shown().Password);
 }
 
 void frmUserManageMent::showEmployee(const QString &employeeID)
@@ -150,21 +154,18 @@ void frmUserManageMent::showPasswordHint(const QString &stored)
 
 clsUser frmUserManageMent::SetObjectValues() const
 {
-    clsUser user{txtUserName->text().trimmed(), txtPassword->text(),
-                 m_employeeIDs.value(cboEmployee->currentIndex())};
+    clsUser user = m_fields.read();
     // A box that nobody has typed in stands for the stored password.
-    if (mode() == Mode::Modify && !txtPassword->isModified())
-        user.Password = m_shown.Password;
+    if (mode() == Mode::Add || txtPassword->isModified())
+        user.Password = txtPassword->text();
     return user;
 }
 
 void frmUserManageMent::ClearData()
 {
-    m_shown = {};
-    txtUserName->clear();
+    m_fields.clear();
     txtPassword->clear();
     txtPassword->setModified(false);
-    cboEmployee->setCurrentIndex(0);
     showPasswordHint({});
 }
 
@@ -240,12 +241,30 @@ void frmUserManageMent::cmdSave_Click()
     base::trapped(module, "cmdSave_Click", [this] {
         if (!VailidateFields())
             return;
-        const clsUser user = SetObjectValues();
-        bool saved = false;
-        clsUser_Manager().SaveRecord(user, mode(), saved, m_shown.UserName);
-        if (saved)
-            RefreshRecordSet(user.UserName);
+        if (const std::optional<QVariant> name = store())
+            RefreshRecordSet(name->toString());
     });
+}
+
+std::optional<QVariant> frmUserManageMent::saveRecord()
+{
+    const clsUser user = SetObjectValues();
+    bool saved = false;
+    clsUser_Manager().SaveRecord(user, mode(), saved, m_fields.shown());
+    return saved ? std::optional<QVariant>(user.UserName) : std::nullopt;
+}
+
+QString frmUserManageMent::recordName() const
+{
+    return u"the user \"%1\""_s.arg(m_fields.shown().UserName);
+}
+
+bool frmUserManageMent::becomesNew()
+{
+    // Added again, the user would have neither password nor rights.
+    base::showMessage(u"Another workstation has deleted or renamed %1. Nothing was stored; Cancel "
+                      "shows the users that there are."_s.arg(recordName()));
+    return false;
 }
 
 void frmUserManageMent::cmdCancel_Click()
@@ -261,7 +280,7 @@ void frmUserManageMent::cmdDelete_Click()
         if (!base::askYesNo(u"Are you sure you want to Delete this record?"_s))
             return;
         bool deleted = false;
-        clsUser_Manager().DeleteRecord(m_shown.UserName, deleted);
+        clsUser_Manager().DeleteRecord(m_fields.shown().UserName, deleted);
         if (deleted)
             RefreshRecordSet();
         else
@@ -272,7 +291,7 @@ void frmUserManageMent::cmdDelete_Click()
 void frmUserManageMent::cmdRole_Click()
 {
     if (mode() == Mode::Browse)
-        frmUserRoles::ShowUserRolesDetail(m_shown.UserName);
+        frmUserRoles::ShowUserRolesDetail(m_fields.shown().UserName);
     else
         base::showMessage(u"Please save this record first then goto next screen"_s);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "core/ui/Screen.h"
+#include "core/ui/Binding.h"
+#include "core/ui/SavingScreen.h"
 #include "shell/clsUser.h"
 
 #include <QStringList>
@@ -17,7 +18,7 @@ class IdCombo;
 }
 
 /// The users other than the built-in one, with their passwords and employees.
-class frmUserManageMent : public Screen
+class frmUserManageMent : public SavingScreen
 {
     Q_OBJECT
 
@@ -39,6 +40,9 @@ private:
     [[nodiscard]] bool mayLogInWith(QLineEdit *box);
     void showPasswordHint(const QString &stored);
     void showEmployee(const QString &employeeID);
+    [[nodiscard]] std::optional<QVariant> saveRecord() override;
+    [[nodiscard]] QString recordName() const override;
+    [[nodiscard]] bool becomesNew() override;
     void showEmployeeNames();
 
     void cmdAdd_Click();
@@ -61,6 +65,7 @@ private:
     QPushButton *cmdRole = nullptr;
     QPushButton *cmdExit = nullptr;
 
-    clsUser m_shown;           ///< the row that the boxes were filled from
+    /// The name and the employee; the password is never shown.
+    Binding<clsUser> m_fields{clsUser::fields()};
     QStringList m_employeeIDs; ///< of the combo's items
 };

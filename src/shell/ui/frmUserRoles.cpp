@@ -1,5 +1,7 @@
 #include "shell/ui/frmUserRoles.h"
 
+#include "core/InTheWay.h"
+#include "core/ui/Telling.h"
 #include "platform/base/Trapped.h"
 #include "platform/input/FormBuilder.h"
 #include "platform/input/Theme.h"
@@ -119,13 +121,17 @@ void frmUserRoles::EnableControls()
 
 void frmUserRoles::cmdUpdate_Click()
 {
-    base::trapped(module, "cmdUpdate_Click", [this] {
+    telling(module, "cmdUpdate_Click", [this] {
         QSet<QString> granted;
         for (qsizetype i = 0; i < m_boxes.size(); ++i) {
             if (m_boxes[i]->isChecked())
                 granted.insert(column(shell::rightsTable()[i]));
         }
-        StoreRights(m_userName, granted);
+        orInTheWay([&] { StoreRights(m_userName, granted); },
+                   [this] {
+                       return u"Another workstation is changing the user \"%1\". Please try "
+                              "again in a moment."_s.arg(m_userName);
+                   });
         RefreshRecordSet();
     });
 }
