@@ -9,6 +9,7 @@
 #include "platform/base/Format.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Steps.h"
+#include "platform/db/DbError.h"
 #include "platform/input/FormBuilder.h"
 #include "platform/input/Theme.h"
 #include "platform/system/Open.h"
@@ -55,6 +56,8 @@ void showReport(const ErrorReport &report)
     // Nothing is broken, so there is nothing to report.
     if (report.ErrNumber == rights::Refused::Number)
         return base::showInformation(report.ErrDescription);
+    if (report.ErrNumber == db::ErrorNumber::LockConflict)
+        return base::showMessage(report.ErrDescription);
     if (quiet > 0) {
         qWarning("%s/%s: %d %s", qUtf8Printable(report.ModuleName),
                  qUtf8Printable(report.ProcedureName), report.ErrNumber,

@@ -3,6 +3,7 @@
 #include "core/CompanySession.h"
 #include "core/ErrorStore.h"
 #include "core/MailAccount.h"
+#include "core/Permission.h"
 #include "core/Secrets.h"
 #include "core/ui/ScreenDriver.h"
 #include "core/ui/Working.h"
@@ -258,6 +259,19 @@ TEST_F(Sending, AnErrorOfTheMakersStoreIsAFailedSend)
     });
     EXPECT_EQ(storedErrors(), 1);
     EXPECT_EQ(desktop.opened.size(), 1);
+}
+
+TEST_F(Sending, WhatIsNoFaultOfTheProgramIsToldInItsSentence)
+{
+    prompts.inform(rights::refusal(rights::Parts.add));
+    base::trapped("Part", "SaveRecord", [] { rights::demand(rights::Parts.add); });
+    insert(u"tblPart"_s, {{u"PartID"_s, u"F1"_s}});
+    const auto other = database.open();
+    other->BeginTrans();
+    other->Execute(u"Update tblPart set Bin = 'A'"_s);
+    prompts.say(u"Another workstation is changing this record. Please try again in a moment."_s);
+    base::trapped("Part", "SaveRecord", [] { gcnData->Execute(u"Delete from tblPart"_s); });
+    EXPECT_EQ(storedErrors(), 0);
 }
 
 TEST_F(Sending, WithoutAMailProgramTheFormItselfTellsIt)
