@@ -54,6 +54,35 @@ TEST_F(Trapped, ReportsAFailureOnceAndGivesTheFallback)
     EXPECT_EQ(reports[1].description, "broken");
 }
 
+TEST_F(Trapped, AStepOfAWholePassesItsErrorOnAndTheHolderReportsItOnce)
+{
+    const auto inner = [] { base::trapped("Inner", "Step", [] { throw base::Error(5, "x"); }); };
+    const auto hold = [this](const auto &body) {
+        base::trapped("Outer", "Holder", [&] {
+            const base::Whole whole;
+            base::trapped("Middle", "Step", 0, [&] {
+                body();
+                events.push_back("went on");
+                return 1;
+            });
+        });
+    };
+    hold(inner);
+    EXPECT_EQ(events, (std::vector<std::string>{"reported"}));
+    EXPECT_EQ(reports.back().module, "Inner") << "where it began";
+    // In a dialog that a step asks with, nobody above could take it.
+    hold([&] {
+        const base::Interlude question;
+        inner();
+    });
+    EXPECT_EQ(events, (std::vector<std::string>{"reported", "reported", "went on"}));
+    inner();
+    EXPECT_EQ(reports.size(), 3u) << "the whole has ended";
+    base::trapped("Module", "Procedure", [] { throw std::bad_alloc(); });
+    EXPECT_EQ(reports.back().number, 7);
+    EXPECT_EQ(reports.back().module, "Module");
+}
+
 TEST_F(Trapped, UnwindsTheBodyBeforeItReports)
 {
     struct Rollback
