@@ -339,14 +339,22 @@ TEST_F(Viewer, WaitingAndWritingCanBeCancelled)
     EXPECT_FALSE(QFile::exists(csv));
 }
 
-TEST_F(Viewer, WithoutAnyPrinterSaysSo)
+TEST_F(Viewer, WithoutAnyPrinterAFileMayTakeItsPlace)
 {
     if (!QPrinterInfo::availablePrinterNames().isEmpty())
         GTEST_SKIP() << "there is a printer";
-    m_prompts.expect(u"There is no printer on this computer. The report can be exported to a PDF "
-                     "file and printed elsewhere."_s,
-                     base::Prompts::Icon::Information);
-    EXPECT_FALSE(m_viewer.print());
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"machines.pdf"_s);
+    for (const bool wanted : {false, true}) {
+        m_prompts.expect(
+            u"There is no printer on this computer. Write the report to a file instead?"_s,
+            base::Prompts::Icon::Question, base::Prompts::Buttons::YesNo,
+            wanted ? base::Prompts::Answer::Yes : base::Prompts::Answer::No);
+        if (wanted)
+            m_prompts.expectChooser(u"Export"_s, path);
+        EXPECT_EQ(m_viewer.print(), wanted);
+    }
+    EXPECT_TRUE(QFile::exists(path));
 }
 
 TEST_F(Viewer, TheTotalOfPagesComesLater)

@@ -1,16 +1,12 @@
 #include "platform/report/viewer/PrintPages.h"
 
-#include "platform/base/Prompts.h"
 #include "platform/report/render/PagePainter.h"
 
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QPrinterInfo>
 
 namespace report {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -33,11 +29,6 @@ Range rangeOf(const QPrinter &printer, int pages)
 
 bool choosePrinter(QPrinter &printer, int pages, QWidget *parent)
 {
-    if (QPrinterInfo::availablePrinterNames().isEmpty()) {
-        base::showInformation(u"There is no printer on this computer. The report can be exported "
-                              "to a PDF file and printed elsewhere."_s);
-        return false;
-    }
     QPrintDialog dialog(&printer, parent);
     dialog.setMinMax(1, qMax(1, pages));
     dialog.setFromTo(1, qMax(1, pages));

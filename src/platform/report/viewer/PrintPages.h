@@ -11,8 +11,7 @@ class QWidget;
 
 namespace report {
 
-/// Lets the user choose the printer, copies and pages out of so many; False when cancelled, or when
-/// there is none, which is told.
+/// Lets the user choose the printer, copies and pages out of so many; False when cancelled.
 using PrinterChooser = std::function<bool(QPrinter &printer, int pages, QWidget *parent)>;
 /// The system's print window.
 [[nodiscard]] bool choosePrinter(QPrinter &printer, int pages, QWidget *parent);

@@ -24,7 +24,6 @@ constexpr std::chrono::milliseconds ShortWait(150);
 
 ReportViewer::ReportViewer(QWidget *parent)
     : QWidget(parent)
-    , m_choosePrinter(choosePrinter)
     , m_view(new PageView(this))
     , m_thumbnails(new Thumbnails(this))
 {

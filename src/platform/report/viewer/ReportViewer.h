@@ -62,8 +62,8 @@ public:
 
     /// In percent; 100 shows the size on paper.
     void setZoom(int percent);
-    /// Asks for the printer and prints. False when the user cancels or the printer refuses, which
-    /// is told.
+    /// Asks for the printer and prints; where there is none, a file may take its place. False when
+    /// the user cancels or the printer refuses, which is told.
     bool print();
     /// Asks for a file and writes the report in the format of its ending. False when the user
     /// cancels or it can't be written, which is told.

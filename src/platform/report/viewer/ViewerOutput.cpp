@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QPrinter>
+#include <QPrinterInfo>
 #include <QTemporaryDir>
 
 /// What a report goes out to: printer, files and mail. Each of them can be cancelled.
@@ -40,9 +41,14 @@ bool ReportViewer::print()
 {
     if ((m_maker && !waitForPages()) || m_pages.count() == 0)
         return false;
+    // Without one the system's window has nothing to choose from.
+    if (!m_choosePrinter && QPrinterInfo::availablePrinterNames().isEmpty())
+        return base::askYesNo(
+                   u"There is no printer on this computer. Write the report to a file instead?"_s) &&
+               exportToFile();
     QPrinter printer(QPrinter::HighResolution);
     setUpPrinter(printer, m_layout.page, m_layout.title);
-    if (!m_choosePrinter(printer, m_pages.count(), this))
+    if (!(m_choosePrinter ? m_choosePrinter : choosePrinter)(printer, m_pages.count(), this))
         return false;
     const Printed printed = [&] {
         const WaitCursor wait;
