@@ -78,6 +78,9 @@ TEST_F(Backups, OfTwoWorkstationsAtOnceDontMeet)
     test::writeFile(others, "half a copy");
     test::writeFile(others + u".another.part~"_s, "half a copy");
     (void)takeBackup({stick(), u"copy"_s, {}});
+    base::Environment oddly = base::environment();
+    oddly.computerName = u"a/b\\c"_s;
+    base::setEnvironment(oddly);
     (void)takeBackup({stick(), u"copy"_s, u"12345678"_s});
     EXPECT_EQ(test::readFile(others), "half a copy");
     EXPECT_EQ(filesIn(stick()).size(), 3);

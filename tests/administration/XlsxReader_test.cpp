@@ -128,6 +128,30 @@ TEST_F(Xlsx, APatternTellsWhetherANumberIsADay)
     EXPECT_EQ(lookOf(u"0.00"_s).digits, 0);
 }
 
+TEST_F(Xlsx, ATableMayBeAsLargeAsTheFormatAllows)
+{
+    EXPECT_EQ(rowsOf(books.withRows(Heading + "<row r='1048576'><c r='XFD1048576'/></row>")),
+              u"Name\n1048576 "_s + QString(16'383, u'|'));
+    // More than any piece of it may be long.
+    QByteArray rows;
+    QByteArray texts;
+    for (int row = 0; row < 20'000; ++row) {
+        const QByteArray number = QByteArray::number(row);
+        rows += "<row><c t='s'><v>" + number + "</v></c><c><v>1</v></c>" + QByteArray(200, ' ') +
+                "</row>";
+        texts += "<si><t>text " + number + "</t>" + QByteArray(50, ' ') + "</si>";
+    }
+    XlsxReader reader(
+        books.withRows(Heading + rows, {{u"xl/texts.xml"_s, "<sst>" + texts + "</sst>"}}));
+    EXPECT_LT(reader.done(), 0.5);
+    QString last;
+    while (reader.next())
+        last = reader.fields()[0].text;
+    EXPECT_EQ(last, u"text 19999"_s);
+    EXPECT_EQ(reader.row(), 20'001);
+    EXPECT_EQ(reader.done(), 1);
+}
+
 TEST_F(Xlsx, WhatIsNoWholeSpreadsheetIsRefused)
 {
     const QString notRead = u"holds more than a table of records can, and was not read."_s;
