@@ -56,7 +56,11 @@ TEST_F(Help, EveryLinkLeadsToAPageThatExistsOnce)
         for (QTextBlock block = browser.document()->begin(); block.isValid();
              block = block.next()) {
             for (auto part = block.begin(); !part.atEnd(); ++part) {
-                const QString link = part.fragment().charFormat().anchorHref();
+                const QTextCharFormat format = part.fragment().charFormat();
+                const QString picture = format.toImageFormat().name();
+                EXPECT_TRUE(picture.isEmpty() || QFile::exists(u":/help/"_s + picture))
+                    << qPrintable(each.topic) << " shows " << qPrintable(picture);
+                const QString link = format.anchorHref();
                 EXPECT_TRUE(link.isEmpty() || book.indexOf(link.section(u'.', 0, 0)) >= 0)
                     << qPrintable(each.topic) << " leads to " << qPrintable(link);
             }

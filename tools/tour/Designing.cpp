@@ -159,8 +159,8 @@ Task Tour::changeAColumn()
     const QRect before = frameAt(designed(), place);
     co_await m_hands.clickLine(u"structure"_s, u"Text \"Description\""_s);
     co_await m_hands.clickAt(ground, onSheet(heading), Qt::RightButton);
-    see(u"column-menu"_s, u"The heading \"Take\" reads \"%1\"; the menu selects a whole column."_s
-                              .arg(NewHeading));
+    see(u"column-menu"_s,
+        u"The heading \"Take\" reads \"%1\"; the menu selects a whole column."_s.arg(NewHeading));
     co_await m_hands.chooseFromMenu(u"Select the column"_s);
     const QPoint edge =
         sheet().toViewport(place.band, QPoint(before.x() + before.width(), before.center().y()));
@@ -176,6 +176,7 @@ Task Tour::changeAColumn()
                                 }),
             u"The field below must be as wide as its heading."_s);
     see(u"column"_s, u"The column \"Description\" is drawn narrower, heading and field at once."_s);
+    keepForHelp(u"frmReportModify"_s, u"designer"_s);
 }
 
 Task Tour::previewAndSave()
@@ -238,6 +239,7 @@ Task Tour::makeAReport()
     co_await m_hands.tickLine(u"lstColumns"_s, u"Part Category"_s);
     co_await m_hands.tickLine(u"lstColumns"_s, u"Bin"_s);
     see(u"wizard-columns"_s, u"Which columns it shows."_s);
+    keepForHelp(u"frmNewReportWizard"_s, u"wizard-columns"_s);
     co_await m_hands.press(u"cmdNext"_s);
     co_await m_hands.choose(u"cboGroup1"_s, u"Supplier"_s);
     co_await m_hands.tickLine(u"lstTotals"_s, u"Qty on Hand"_s);
@@ -245,6 +247,7 @@ Task Tour::makeAReport()
     co_await m_hands.press(u"cmdNext"_s);
     co_await m_hands.choose(u"cboChart"_s, u"Bars"_s);
     see(u"wizard-looks"_s, u"With a chart; the first page stands beside it."_s);
+    keepForHelp(u"frmNewReportWizard"_s, u"wizard-looks"_s);
     co_await m_hands.press(u"cmdFinish"_s);
     m_hands.requireWindow(u"frmReportModify"_s);
     see(u"made-report"_s, u"The whole report, to be changed like any other."_s);
@@ -253,6 +256,7 @@ Task Tour::makeAReport()
     co_await seeAnExpression();
     co_await m_hands.chooseTab(Tabs, PreviewTab);
     see(u"made-preview"_s, u"Its preview, on the company's parts."_s);
+    keepForHelp(u"frmReportModify"_s, u"preview"_s);
     co_await m_hands.press(u"cmdUpdate"_s);
     m_hands.requireWindow(u"inputBox"_s);
     co_await m_hands.type(OwnReport);
@@ -288,6 +292,7 @@ Task Tour::seeTheQuery()
     m_hands.requireWindow(u"frmReportQuery"_s);
     co_await m_hands.press(u"cmdShowRows"_s);
     see(u"query"_s, u"The query behind it: tables, joins, columns, filter, sort, first rows."_s);
+    keepForHelp(u"frmReportQuery"_s, u"query"_s);
     co_await m_hands.press(u"cmdCancel"_s);
     m_hands.requireWindow(u"frmReportModify"_s);
 }
@@ -300,7 +305,8 @@ Task Tour::seeAnExpression()
     co_await m_hands.key(Qt::Key_End, Qt::ControlModifier);
     co_await m_hands.type(u" - Quant"_s);
     see(u"expression"_s, u"An expression is written with the offer of names."_s);
-    co_await m_hands.key(Qt::Key_Escape);
+    co_await m_hands.type(u"ity"_s);
+    keepForHelp(u"frmExpression"_s, u"expression"_s);
     co_await m_hands.press(u"cmdCancel"_s);
     m_hands.requireWindow(u"frmReportModify"_s);
 }
@@ -327,9 +333,9 @@ void Tour::requireSums(const QString &text)
             u"%1 \\(%2 rows?\\) +%3 *(\\n|$)"_s.arg(QRegularExpression::escape(label))
                 .arg(sum.first)
                 .arg(QLocale::c().toString(sum.second, 'f', QLocale::FloatingPointShortest)));
-        require(line.match(text).hasMatch(), u"The report must tell: %1, %2 rows, %3."_s.arg(label)
-                                                 .arg(sum.first)
-                                                 .arg(sum.second));
+        require(
+            line.match(text).hasMatch(),
+            u"The report must tell: %1, %2 rows, %3."_s.arg(label).arg(sum.first).arg(sum.second));
     };
     for (const auto &[name, sum] : sums)
         requireLine(u"Total of "_s + name, sum);

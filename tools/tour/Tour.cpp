@@ -4,6 +4,7 @@
 #include "tour/Picture.h"
 
 #include <QFile>
+#include <QPixmap>
 #include <algorithm>
 
 namespace tour {
@@ -62,6 +63,15 @@ void Tour::see(const QString &name, const QString &what)
     m_picture = u"%1-%2.png"_s.arg(++m_number, 2, 10, QChar(u'0')).arg(name);
     savePicture(path(m_picture));
     m_out << m_picture.leftJustified(26) << what << Qt::endl;
+}
+
+void Tour::keepForHelp(const QString &window, const QString &name)
+{
+    constexpr int Width = 610; // as wide as the pages are at first
+    const QImage picture = m_hands.requireWindow(window).grab().toImage();
+    const QString file = path(u"help-%1.png"_s.arg(name));
+    require(picture.scaledToWidth(Width, Qt::SmoothTransformation).save(file),
+            u"The picture %1 can't be written."_s.arg(file));
 }
 
 QString Tour::path(const QString &file) const

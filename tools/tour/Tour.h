@@ -95,6 +95,8 @@ private:
     Task postTheCrewsWork();
 
     void see(const QString &name, const QString &what);
+    /// Keeps the window in front, which has that name, as a picture for a page of the help.
+    void keepForHelp(const QString &window, const QString &name);
     void requireBoard();
     void requireList(const QString &gridName, const QString &column, const QStringList &wanted);
     void requireGenerated(const Machine &machine);

@@ -67,7 +67,7 @@ bool clear(const QDir &folder)
 {
     bool done = QDir().mkpath(folder.path());
     for (const QString &file :
-         folder.entryList({u"[0-9][0-9]-*.png"_s, u"stopped.png"_s, u"*.pdf"_s}))
+         folder.entryList({u"[0-9][0-9]-*.png"_s, u"help-*.png"_s, u"stopped.png"_s, u"*.pdf"_s}))
         done = QFile::remove(folder.filePath(file)) && done;
     return done;
 }

@@ -32,7 +32,7 @@ const QStringList StepTitles{u"Step 1 of 4: What is the report about?"_s,
                              u"Step 3 of 4: Groups and totals"_s, u"Step 4 of 4: Looks"_s};
 constexpr int MostGroups = 3;
 constexpr int LargestPage = 470;
-constexpr int AroundPage = 270; ///< what the window needs besides the picture of a page
+constexpr int AroundPage = 190; ///< what the window needs besides the picture of a page
 constexpr int ComboWidth = 240;
 constexpr int LineGap = 2; ///< above and below a line of a list, in pixels
 
@@ -317,9 +317,8 @@ void NewReportWizard::showPage()
 {
     try {
         const BusyPointer busy;
-        lblPage->setPixmap(
-            firstPagePicture(newreport::make(choice(), m_tables), lblPage->minimumSize(),
-                             devicePixelRatioF()));
+        lblPage->setPixmap(firstPagePicture(newreport::make(choice(), m_tables),
+                                            lblPage->minimumSize(), devicePixelRatioF()));
     } catch (const base::Error &error) {
         lblPage->setText(error.description());
     }

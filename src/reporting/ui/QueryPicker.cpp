@@ -19,7 +19,7 @@ using reportquery::Place;
 
 namespace {
 
-constexpr int JoinWidth = 240;
+constexpr int JoinWidth = 170;
 constexpr int SourceRole = Qt::UserRole;
 constexpr int ColumnRole = Qt::UserRole + 1;
 
@@ -109,7 +109,7 @@ void QueryPicker::buildForm()
     chkDistinct = form.checkBox(u"chkDistinct"_s, u"Each different row o&nce"_s);
     form.nextColumn();
     tblFilter = makeTable(u"tblFilter"_s, u"Filter"_s,
-                          {u"Only rows where"_s, u"Comparison"_s, u"Value or ?Parameter"_s}, this);
+                          {u"Rows where"_s, u"Comparison"_s, u"Value"_s}, this);
     form.widget(tblFilter, true);
     form.beginRow();
     auto *addFilter = form.inlineButton(u"cmdAddFilter"_s, u"Add F&ilter"_s);
@@ -361,6 +361,7 @@ void QueryPicker::addCondition(const reportquery::Condition &condition)
     place->setAccessibleName(u"Column"_s);
     comparison->setAccessibleName(u"Comparison"_s);
     value->setAccessibleName(u"Value"_s);
+    value->setPlaceholderText(u"value or ?Parameter"_s);
     addRow(tblFilter, {place, comparison, value});
 }
 

@@ -270,11 +270,16 @@ TEST(AddField, GivesAHeadingInThePageHeaderWhenItGoesToTheDetail)
     EXPECT_EQ(heading.styleName, u"Heading"_s);
     EXPECT_EQ(field.styleName, u"Detail"_s);
     EXPECT_EQ(addField(layout, 3, cost, {0, 0}).size(), 1) << "none in a footer";
+    layout.bands[1].objects[0].y = 50;
+    layout.bands[1].objects[0].height = 700;
+    addField(layout, 2, cost, {9000, 0});
+    EXPECT_EQ(layout.bands[1].objects[1].y, 50) << "in line with the others";
+    EXPECT_EQ(layout.bands[1].objects[1].height, 700);
 
     // Without a page header there will be one, and the detail's number moves.
     layout.bands.remove(0, 2);
     const QList<Place> again = addField(layout, 0, cost, {0, 0});
-    EXPECT_EQ(again, (QList<Place>{{1, 1}, {0, 0}}));
+    EXPECT_EQ(again, (QList<Place>{{1, 2}, {0, 0}}));
 }
 
 TEST(MakeRoom, NarrowsTheWidestColumnFromHeadingToTotals)

@@ -18,9 +18,9 @@ const QStringList &editing()
 
 const QStringList &objects()
 {
-    static const QStringList names{u"insert-text"_s,    u"insert-field"_s,    u"insert-line"_s,
-                                   u"insert-box"_s,     u"insert-picture"_s,  u"insert-bar-code"_s,
-                                   u"insert-chart"_s,   u"insert-cross-tab"_s};
+    static const QStringList names{u"insert-text"_s,  u"insert-field"_s,    u"insert-line"_s,
+                                   u"insert-box"_s,   u"insert-picture"_s,  u"insert-bar-code"_s,
+                                   u"insert-chart"_s, u"insert-cross-tab"_s};
     return names;
 }
 
@@ -116,15 +116,17 @@ void DesignerActions::fillMenuBar(QMenuBar *bar) const
                         QStringList{u"selectAll"_s, u"select-column"_s} /
                         QStringList{u"attributes"_s});
     add(u"&Insert"_s, objects() / parts() / furtherParts());
-    add(u"Arran&ge"_s, edges() / gaps() / sizes() / layers() / order() / QStringList{u"fit-band"_s});
+    add(u"Arran&ge"_s,
+        edges() / gaps() / sizes() / layers() / order() / QStringList{u"fit-band"_s});
     add(u"Rep&ort"_s, QStringList{u"query"_s, u"looks"_s} / QStringList{u"preview"_s});
     add(u"S&how"_s, zooms() / aids());
 }
 
 void DesignerActions::fillMenu(QMenu *menu) const
 {
-    fill(menu, QStringList{u"attributes"_s} / editing() /
-                   (QStringList{u"select-column"_s} + layers()) + QStringList{Gap});
+    fill(menu,
+         QStringList{u"attributes"_s} / editing() / (QStringList{u"select-column"_s} + layers()) +
+             QStringList{Gap});
     fill(menu->addMenu(u"Ali&gn"_s), edges() / gaps() / sizes());
     fill(menu->addMenu(u"Mo&ve"_s), order());
     fill(menu->addMenu(u"&Insert"_s), objects());

@@ -31,13 +31,18 @@ int lastBandOf(const Layout &layout, BandKind kind)
     return -1;
 }
 
-/// Headings stand on the line of those that are there already, else at the band's foot.
-Length headingTop(const Band &band, Length height)
+/// Puts a heading in line with those that are there, else to the foot of its band.
+void lineUp(Object &heading, const Band &header)
 {
-    for (const Object &object : band.objects)
-        if (object.styleName.compare(house::Heading, Qt::CaseInsensitive) == 0)
-            return object.y;
-    return qMax(0, band.height - height);
+    const auto other = std::ranges::find_if(header.objects, [](const Object &object) {
+        return object.styleName.compare(house::Heading, Qt::CaseInsensitive) == 0;
+    });
+    if (other == header.objects.end()) {
+        heading.y = qMax(0, header.height - heading.height);
+        return;
+    }
+    heading.y = other->y;
+    heading.height = other->height;
 }
 
 Object headingOf(const Layout &layout, const Band &header, const Object &field,
@@ -49,7 +54,7 @@ Object headingOf(const Layout &layout, const Band &header, const Object &field,
     heading.style.align = field.style.align;
     heading.style.font.bold = true;
     followIfThere(layout, heading, house::Heading);
-    heading.y = headingTop(header, heading.height);
+    lineUp(heading, header);
     return heading;
 }
 
