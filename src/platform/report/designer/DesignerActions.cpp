@@ -193,18 +193,18 @@ void DesignerActions::addInserting()
     {
         const char16_t *name;
         ObjectKind kind;
+        Qt::Key key;
     };
-    constexpr Kind Kinds[] = {{u"text", ObjectKind::Text},         {u"field", ObjectKind::Field},
-                              {u"line", ObjectKind::Line},         {u"box", ObjectKind::Box},
-                              {u"bar-code", ObjectKind::BarCode},  {u"chart", ObjectKind::Chart},
-                              {u"cross-tab", ObjectKind::CrossTab}};
-    int digit = 0;
+    constexpr Kind Kinds[] = {
+        {u"text", ObjectKind::Text, Qt::Key_1},         {u"field", ObjectKind::Field, Qt::Key_2},
+        {u"line", ObjectKind::Line, Qt::Key_3},         {u"box", ObjectKind::Box, Qt::Key_4},
+        {u"bar-code", ObjectKind::BarCode, Qt::Key_6},  {u"chart", ObjectKind::Chart, Qt::Key_7},
+        {u"cross-tab", ObjectKind::CrossTab, Qt::Key_8}};
     for (const Kind &entry : Kinds) {
         const QString icon = QString::fromUtf16(entry.name);
         QAction *action =
             add(u"insert-"_s + icon, u"Insert %1"_s.arg(kindName(entry.kind).toLower()),
-                u"report-"_s + icon,
-                {QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + digit++))},
+                u"report-"_s + icon, {QKeySequence(Qt::CTRL | entry.key)},
                 [this, kind = entry.kind] { m_canvas.insert(kind); });
         action->setCheckable(true);
         connect(&m_canvas, &DesignCanvas::insertingChanged, action,
@@ -213,7 +213,7 @@ void DesignerActions::addInserting()
                 });
     }
     add(u"insert-picture"_s, u"Insert picture"_s, u"picture"_s,
-        {QKeySequence(Qt::CTRL | Qt::Key_8)}, [this] { insertPicture(); });
+        {QKeySequence(Qt::CTRL | Qt::Key_5)}, [this] { insertPicture(); });
 }
 
 void DesignerActions::addParts()

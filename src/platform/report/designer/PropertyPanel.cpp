@@ -183,6 +183,7 @@ void PropertyPanel::rebuild()
         }
         auto *item = new QTreeWidgetItem(section, {property.caption});
         item->setData(0, NumberRole, number);
+        item->setFirstColumnSpanned(property.kind == PropertyKind::Action);
         if (property.caption == caption && !again)
             again = item;
     }
