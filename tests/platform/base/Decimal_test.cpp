@@ -60,6 +60,8 @@ TEST(Decimals, AreRoundedHalfAwayFromZero)
         {base::decimalSum(1, 2), 3},
         {base::decimalSum(1, 0.1), 1.1},
         {base::decimalSum(0.1, 0.2), 0.3},
+        {base::decimalSum(100, -99.9), 0.1},
+        {base::decimalSum(-99.9, 100), 0.1},
         {base::decimalSum(Infinite, 1), Infinite},
         {base::decimalSum(1e-40, 2e-40), 1e-40 + 2e-40},
         {base::decimalProduct(0.1, 3), 0.3},
@@ -70,6 +72,7 @@ TEST(Decimals, AreRoundedHalfAwayFromZero)
         EXPECT_EQ(value, expected);
     EXPECT_EQ(base::toText(1.0 / 3), "0.333333333333333");
     EXPECT_EQ(base::toText(9'300'000'000.5), "9300000000.5");
+    EXPECT_EQ(base::toText(12'345'678'901'234.56), "12345678901234.6");
     EXPECT_EQ(base::toText(1e-5), "0.00001");
     EXPECT_EQ(base::toText(1e20), "1E+20");
 }

@@ -32,7 +32,9 @@ TEST(ParseMonthFirst, ReadsEveryFormThatTheDialectWritesAndNoOther)
 
     for (const char *text :
          {"", "13-01-2024", "02-29-2023", "2024-03-09", "3-9", "3-9/2024", "3-9-024", "3-9-2024x",
-          "3-9-2024 25:00", "3-9-2024 13:00 PM", "3-9-2024 0:30 AM", "March 9"})
+          "003-9-2024", "3-009-2024", "3-9-02024", "3-9-2024 25:00", "3-9-2024 8:60",
+          "3-9-2024 8:59:60", "3-9-2024 008:00", "0-9-2024", "3-9-2024 13:00 PM",
+          "3-9-2024 0:30 AM", "March 9"})
         EXPECT_FALSE(base::parseMonthFirst(QString::fromLatin1(text))) << text;
 }
 
