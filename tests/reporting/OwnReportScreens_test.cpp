@@ -13,6 +13,7 @@
 
 #include <QLabel>
 #include <QListWidget>
+#include <QTest>
 #include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
@@ -242,6 +243,18 @@ TEST_F(OwnReportScreens, AChangedDeliveredReportGoesToTheCustomersFolder)
         expectSaveQuestion(Answer::Yes);
     });
     EXPECT_EQ(titleIn(custom), u"Changed"_s);
+    // By keys alone: saved from the sheet, and left from there.
+    modify([](const test::ScreenDriver &driver) {
+        retitle(driver, u"Changed again"_s);
+        auto &designer = driver.control<report::ReportDesigner>("CRDesignerCtrl1");
+        designer.window()->activateWindow();
+        designer.setFocus();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
+        EXPECT_FALSE(designer.isModified());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_R, Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !driver.isOpen(); }));
+    });
+    EXPECT_EQ(titleIn(custom), u"Changed again"_s);
     EXPECT_EQ(test::readFile(delivered), asItCame);
     design(delivered, [&](const ScreenDriver &driver) {
         retitle(driver, u"Ours"_s);
