@@ -1,6 +1,7 @@
 #include "platform/report/designer/DesignCanvas.h"
 #include "platform/report/designer/DesignDocument.h"
 #include "platform/report/designer/ReportDesigner.h"
+#include "platform/report/designer/Structure.h"
 #include "support/ScriptedPrompts.h"
 
 #include "ReportRows.h"
@@ -134,6 +135,36 @@ TEST_F(DesignerKeys, AReportIsChangedWithoutAMouse)
     EXPECT_TRUE(m_designer.isPreviewShown());
     press(Qt::Key_D, Qt::AltModifier);
     EXPECT_FALSE(m_designer.isPreviewShown());
+}
+
+/// A column keeps the object that was chosen as the one by whose edges it is drawn; what lies in
+/// several bands goes into no other one together.
+TEST_F(DesignerKeys, AColumnIsLedByWhatWasChosen)
+{
+    m_document.change(u"Heading"_s, [](Layout &layout, Selection &) {
+        layout.bands[0].objects[0].width = layout.bands[1].objects[0].width;
+    });
+    press(Qt::Key_Tab);
+    press(Qt::Key_Tab);
+    ASSERT_EQ(selection(), Selection::of({{1, 0}}));
+    press(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(selection().objects, (QList<Place>{{0, 0}, {1, 0}}));
+    EXPECT_EQ(selection().lead, (Place{1, 0}));
+    EXPECT_FALSE(m_designer.findChild<QAction *>(u"band-above"_s)->isEnabled());
+}
+
+/// A sheet with nothing on it shows the data, from which something comes.
+TEST_F(DesignerKeys, AnEmptySheetBeginsWithTheData)
+{
+    const auto *data = m_designer.findChild<QTreeWidget *>(u"data"_s);
+    EXPECT_FALSE(data->isVisible());
+    m_designer.setEmptyHint(u"Bring a field"_s);
+    const auto *canvas = m_designer.findChild<DesignCanvas *>();
+    m_designer.setLayout(emptyLayout());
+    EXPECT_TRUE(data->isVisible());
+    const QImage hint = canvas->viewport()->grab().toImage();
+    m_designer.setEmptyHint({});
+    EXPECT_NE(canvas->viewport()->grab().toImage(), hint);
 }
 
 /// Who knows no keys finds them beside what they do.
