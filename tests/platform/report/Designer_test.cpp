@@ -480,8 +480,13 @@ TEST_F(Designer, PicturesAreCopiedIntoTheLayout)
     m_prompts.expect(
         u"\"%1\" is no picture that can be shown."_s.arg(folder.filePath(u"bad.png"_s)),
         base::Prompts::Icon::None);
-    run(u"insert-picture"_s);
+    key(Qt::Key_Return);
     EXPECT_EQ(m_document.undoStack().count(), 2);
+    m_document.change(u"Line"_s, [](Layout &layout, Selection &) {
+        layout.bands[0].objects[1].kind = ObjectKind::Line;
+    });
+    key(Qt::Key_Return);
+    EXPECT_TRUE(child<QTreeWidget>(u"attributes"_s)->hasFocus()) << "what has no words";
 }
 
 TEST_F(Designer, TheTreeSelectsAndChangesTheParts)
