@@ -1,9 +1,10 @@
 #include "equipment/DateSheet.h"
 
+#include "core/InTheWay.h"
+#include "core/RecordStore.h"
 #include "core/Session.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Format.h"
-#include "platform/base/Trapped.h"
 
 namespace datesheet {
 
@@ -77,17 +78,45 @@ QString refusalOf(const Sheet &sheet, const QDateTime &oldDate, const QDateTime 
     return oldDate >= newDate ? sheet.refusal.arg(base::toText(oldDate)) : QString();
 }
 
-bool save(const Sheet &sheet, const QList<NewDate> &dates)
+namespace {
+
+/// Stores one new date; what keeps it from being stored, empty when nothing does.
+QString store(const Sheet &sheet, const NewDate &machine)
 {
-    return base::trapped(sheet.module, "cmdUpdate_Click", false, [&] {
-        TransactionScope transaction;
-        for (const NewDate &each : dates)
-            dataConnection().Execute(
-                u"update tblEquipment set %1 = ? where equipmentId = ?"_s.arg(sheet.column),
-                {each.date, each.EquipmentID});
-        transaction.commit();
-        return true;
-    });
+    try {
+        const db::Recordset now =
+            record::hold(dataConnection(), u"tblEquipment", u"EquipmentID", machine.EquipmentID);
+        const QDateTime held = now.current().date(sheet.column);
+        if (held != machine.shown && held != machine.date)
+            return u"%1: yours \"%2\", theirs \"%3\""_s.arg(
+                machine.unitNo, base::toText(machine.date), base::toText(held));
+    } catch (const record::Conflict &) {
+        return u"%1 has been deleted."_s.arg(machine.unitNo);
+    }
+    dataConnection().Execute(
+        u"update tblEquipment set %1 = ? where equipmentId = ?"_s.arg(sheet.column),
+        {machine.date, machine.EquipmentID});
+    return {};
+}
+
+} // namespace
+
+QStringList save(const Sheet &sheet, const QList<NewDate> &dates)
+{
+    QStringList others;
+    TransactionScope transaction;
+    for (const NewDate &each : dates) {
+        const QString line = orInTheWay([&] { return store(sheet, each); },
+                                        [&] {
+                                            return u"Another workstation is changing machine %1. "
+                                                   "Nothing was stored. Please try again in a "
+                                                   "moment."_s.arg(each.unitNo);
+                                        });
+        if (!line.isEmpty())
+            others.append(line);
+    }
+    transaction.commit();
+    return others;
 }
 
 } // namespace datesheet

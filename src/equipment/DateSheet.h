@@ -5,6 +5,7 @@
 #include <QDateTime>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 /// The sheets on which machines get new dates of one kind: those of their inspection and those on
 /// which their licence is renewed.
@@ -48,9 +49,13 @@ struct Sheet
 struct NewDate
 {
     qint64 EquipmentID = 0;
+    QString unitNo{};
+    QDateTime shown{}; ///< the date that the new one follows
     QDateTime date{};
 };
-/// Stores all dates or, on an error, which is reported, none. Data.
-[[nodiscard]] bool save(const Sheet &sheet, const QList<NewDate> &dates);
+/// Stores the new dates of the machines that still have the date that was shown. A line for each of
+/// the others comes back, with both dates. Raises InTheWay when another workstation holds a
+/// machine, and DbError; none is stored then. Data.
+[[nodiscard]] QStringList save(const Sheet &sheet, const QList<NewDate> &dates);
 
 } // namespace datesheet

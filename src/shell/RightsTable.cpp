@@ -2,6 +2,7 @@
 
 #include "core/InTheWay.h"
 #include "core/Permission.h"
+#include "core/RecordStore.h"
 #include "platform/base/Format.h"
 #include "platform/base/Trapped.h"
 
@@ -99,13 +100,22 @@ QSet<QString> GrantedRights(const QString &UserName)
     return granted;
 }
 
-void StoreRights(const QString &UserName, const QSet<QString> &Granted)
+void StoreRights(const QString &UserName, const QSet<QString> &Granted,
+                 const std::optional<QSet<QString>> &Shown)
 {
     rights::demandAdministrator();
-    if (gcnData->Execute(BuildQueryString(UserName, Granted)) == 0)
-        throw InTheWay(
-            u"The user \"%1\" has been deleted or renamed on another workstation. Nothing was "
-            "stored."_s.arg(UserName));
+    record::ShortTransaction transaction(*gcnData);
+    try {
+        (void)record::hold(*gcnData, u"tblUser", u"UserName", UserName);
+    } catch (const record::Conflict &) {
+        throw InTheWay(u"The user \"%1\" has been deleted or renamed on another workstation. "
+                       "Nothing was stored."_s.arg(UserName));
+    }
+    if (Shown && GrantedRights(UserName) != *Shown)
+        throw InTheWay(u"Another workstation has changed the rights of the user \"%1\" meanwhile. "
+                       "Nothing was stored; Cancel shows them as they are now."_s.arg(UserName));
+    gcnData->Execute(BuildQueryString(UserName, Granted));
+    transaction.commit();
 }
 
 QString BuildQueryString(const QString &UserName, const QSet<QString> &Granted)

@@ -4,6 +4,7 @@
 
 #include <QSet>
 #include <QString>
+#include <optional>
 #include <span>
 
 /// The rights of a user: which exist, how they are loaded and how they are stored.
@@ -31,9 +32,11 @@ void SetUserRole();
 
 /// The columns of the rights that a user has been granted. A user without a row raises. Data.
 [[nodiscard]] QSet<QString> GrantedRights(const QString &UserName);
-/// Stores all rights of a user: those in Granted, and no other, for the administrator alone.
-/// Raises DbError, Refused, and InTheWay when the user is gone. Data.
-void StoreRights(const QString &UserName, const QSet<QString> &Granted);
+/// Stores all rights of a user: those in Granted, and no other, for the administrator alone. Raises
+/// DbError, Refused, and InTheWay when the user is gone or has other rights by now than Shown.
+/// Data.
+void StoreRights(const QString &UserName, const QSet<QString> &Granted,
+                 const std::optional<QSet<QString>> &Shown = {});
 /// The statement that stores all rights of a user: '1' for the columns in Granted, '0' for the
 /// others.
 [[nodiscard]] QString BuildQueryString(const QString &UserName, const QSet<QString> &Granted);

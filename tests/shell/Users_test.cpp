@@ -202,6 +202,9 @@ TEST_F(Accounts, AreKeptByTheAdministratorAlone)
         else
             EXPECT_THROW(StoreRights(u"Bob"_s, {u"EqAdd"_s}), rights::Refused);
         EXPECT_EQ(GrantedRights(u"Bob"_s).size(), may ? 1 : 0);
+        if (may) {
+            EXPECT_THROW(StoreRights(u"Bob"_s, {}, QSet<QString>()), InTheWay) << "not as shown";
+        }
         EXPECT_EQ(remove(u"Bob"_s), may);
     }
     errors.take();

@@ -4,6 +4,7 @@
 #include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/Openings.h"
+#include "core/ui/Telling.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Format.h"
 #include "platform/base/Prompts.h"
@@ -14,6 +15,7 @@
 #include "platform/input/Theme.h"
 
 #include <QPushButton>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -184,10 +186,18 @@ void DateReading::cmdUpdate_Click()
     for (int row = 0; row < rows.rowCount(); ++row) {
         const QVariant date = rows.value(row, m_sheet.newCaption);
         if (!date.isNull())
-            dates.append({rows.value(row, u"EquipmentID").toLongLong(), date.toDateTime()});
+            dates.append({rows.value(row, u"EquipmentID").toLongLong(), rows.text(row, u"UnitNo"),
+                          rows.value(row, m_sheet.column).toDateTime(), date.toDateTime()});
     }
-    if (datesheet::save(m_sheet, dates))
-        leaveEditing();
+    const auto others = telling(m_sheet.module, "cmdUpdate_Click", std::optional<QStringList>(),
+                                [&] { return std::optional(datesheet::save(m_sheet, dates)); });
+    if (!others)
+        return;
+    leaveEditing();
+    if (!others->isEmpty())
+        base::showMessage(u"Another workstation has changed these machines meanwhile. Their new "
+                          "dates were not stored:\n\n"_s +
+                          others->join(u'\n'));
 }
 
 void DateReading::cmdCancel_Click()

@@ -108,6 +108,7 @@ void frmUserRoles::RefreshRecordSet()
 void frmUserRoles::DisplayData(const QSet<QString> &granted)
 {
     const Displaying displaying(*this);
+    m_shown = granted;
     for (qsizetype i = 0; i < m_boxes.size(); ++i)
         m_boxes[i]->setChecked(granted.contains(column(shell::rightsTable()[i])));
 }
@@ -127,7 +128,7 @@ void frmUserRoles::cmdUpdate_Click()
             if (m_boxes[i]->isChecked())
                 granted.insert(column(shell::rightsTable()[i]));
         }
-        orInTheWay([&] { StoreRights(m_userName, granted); },
+        orInTheWay([&] { StoreRights(m_userName, granted, m_shown); },
                    [this] {
                        return u"Another workstation is changing the user \"%1\". Please try "
                               "again in a moment."_s.arg(m_userName);

@@ -30,6 +30,7 @@ private:
     void cmdExit_Click();
 
     QString m_userName;
+    QSet<QString> m_shown; ///< the rights that the row granted
     QTabWidget *SSTab1 = nullptr;
     QList<QCheckBox *> m_boxes; ///< in the order of the rights
     QPushButton *cmdUpdate = nullptr;

@@ -136,14 +136,37 @@ TEST_F(DateReadings, AFailedSaveKeepsTheSheet)
     const auto other = database.open();
     other->BeginTrans();
     other->Execute(u"update tblEquipment set UnitNo = 'x' where EquipmentID = 1"_s);
+    prompts.expect(u"Another workstation is changing machine U1. Nothing was stored. Please try "
+                   "again in a moment."_s,
+                   Icon::None);
     press(u"cmdUpdate"_s);
-    EXPECT_EQ(errors.takeOne().ProcedureName, u"cmdUpdate_Click");
     expectEditing(true);
     EXPECT_EQ(stored(2), QDate(2023, 6, 1));
     other->RollbackTrans();
     press(u"cmdUpdate"_s);
     EXPECT_EQ(stored(2), QDate(2024, 6, 1));
     EXPECT_EQ(stored(1), QDate(2025, 2, 28));
+}
+
+TEST_F(DateReadings, WhatAnotherWorkstationHasChangedIsToldAndStays)
+{
+    addDated(4, {2024, 1, 5});
+    addDated(5, {2024, 1, 6});
+    show<frmInspectionDateReading>();
+    for (const qint64 id : {1, 2, 4, 5})
+        addYear(id);
+    run(u"update tblEquipment set InspectionDate = #03/01/2024# where EquipmentID = 1"_s);
+    run(u"update tblEquipment set InspectionDate = #01/06/2025# where EquipmentID = 5"_s);
+    run(u"delete from tblEquipment where EquipmentID = 4"_s);
+    prompts.expect(u"Another workstation has changed these machines meanwhile. Their new dates "
+                   "were not stored:\n\nU1: yours \"2/28/2025\", theirs \"3/1/2024\"\nU4 has "
+                   "been deleted."_s,
+                   Icon::None);
+    press(u"cmdUpdate"_s);
+    expectEditing(false);
+    EXPECT_EQ(stored(1), QDate(2024, 3, 1));
+    EXPECT_EQ(stored(2), QDate(2024, 6, 1));
+    EXPECT_EQ(sheet().rows().text(rowOf(1), u"InspectionDate"_s), u"03/01/2024");
 }
 
 TEST_F(DateReadings, LicensesHaveTheirOwnColumnOptionsAndReport)
