@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace printlists {
 namespace {
 
-constexpr int NoteHeight = 62; // pixels, four lines
+constexpr int NoteHeight = 56; // pixels, three lines
 
 } // namespace
 

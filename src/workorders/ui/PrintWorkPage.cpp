@@ -27,7 +27,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr const char *Module = "WorkOrder";
-constexpr int FrameMargin = 4;            // pixels, above
+constexpr int FrameMargin = 4;            // pixels, above and below
 constexpr int ListWidth = 560;            // pixels
 constexpr int FramesWidth = 620;          // pixels
 const QColor WithoutOrder(223, 234, 250); // machines that still wait for an order
@@ -62,7 +62,8 @@ void PrintWorkPage::buildPage()
     for (const QWidget *frame :
          {static_cast<QWidget *>(m_due), static_cast<QWidget *>(m_printed)}) {
         const QMargins margins = frame->layout()->contentsMargins();
-        frame->layout()->setContentsMargins(margins.left(), FrameMargin, margins.right(), 0);
+        frame->layout()->setContentsMargins(margins.left(), FrameMargin, margins.right(),
+                                            FrameMargin);
     }
     splitter->addWidget(m_frames);
     // Wide enough for the columns of either side.
