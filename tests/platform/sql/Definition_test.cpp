@@ -104,6 +104,14 @@ TEST(AlterTable, KeepsTheTriggerInStepWithTheYesNoColumns)
     EXPECT_EQ(ddlOf(u"alter table Part drop Spare"_s),
               (std::vector<QString>{uR"(DROP TRIGGER "Part.YesNo")"_s,
                                     uR"(ALTER TABLE "Part" DROP "Spare")"_s}));
+    const std::vector<QString> turned = ddlOf(u"alter table Part alter column Quantity yesno"_s);
+    ASSERT_EQ(turned.size(), 3U);
+    EXPECT_TRUE(turned[1].contains(uR"(NEW."Spare")"_s) &&
+                turned[1].contains(uR"(NEW."Quantity")"_s));
+    EXPECT_EQ(turned[2], uR"(UPDATE "Part" SET "Quantity" = "Quantity")"_s);
+    EXPECT_EQ(ddlOf(u"alter table Part alter column Spare long"_s),
+              (std::vector<QString>{uR"(DROP TRIGGER "Part.YesNo")"_s,
+                                    uR"(ALTER TABLE "Part" ALTER COLUMN "Spare" TYPE INTEGER)"_s}));
 }
 
 TEST(Index, NamesAreTheTablesOwn)
