@@ -16,7 +16,8 @@ protected:
     using Answer = base::Prompts::Answer;
 
     /// Works a screen, and leaves it by Exit unless it has closed.
-    static void work(const std::function<void()> &show, const std::function<void(ScreenDriver)> &act)
+    static void work(const std::function<void()> &show,
+                     const std::function<void(ScreenDriver)> &act)
     {
         inScreen(show, [&](const ScreenDriver &screen) {
             act(screen);

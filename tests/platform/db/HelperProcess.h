@@ -17,8 +17,7 @@ public:
     {
         m_process.setProcessEnvironment(environment);
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_process.start(QCoreApplication::applicationDirPath() +
-                            QStringLiteral("/database_helper"),
+        m_process.start(QCoreApplication::applicationDirPath() + QStringLiteral("/database_helper"),
                         {command, file, statement});
         EXPECT_TRUE(m_process.waitForStarted());
     }
