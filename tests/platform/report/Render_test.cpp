@@ -139,6 +139,11 @@ TEST_F(Export, HtmlStandsForItself)
 </html>
 )";
     EXPECT_THAT(html, testing::EndsWith(page));
+    const Layout bad = layoutOf(R"x(<report version="1" title="&lt;/title&gt;&lt;script/&gt;">
+        <band kind="detail"><field font="F-1.'&quot;&gt;&lt;script&gt;;x:" content="Description"/></band></report>)x");
+    const std::string text = test::readFile(write(bad, rows, u"bad.html"_s)).toStdString();
+    EXPECT_THAT(text, testing::HasSubstr("9pt 'F-1.scriptx',Arial"));
+    EXPECT_THAT(text, testing::Not(testing::HasSubstr("<script")));
 }
 
 TEST_F(Export, PdfHasItsPagesAndTheirWords)

@@ -28,12 +28,18 @@ QString filled(const QRect &frame, const QColor &color)
     return u"<div style=\"%1;background:%2\"></div>\n"_s.arg(place(frame), color.name());
 }
 
+/// What could end the name in a style is no part of a font's name.
+QString fontName(QString family)
+{
+    return family.removeIf(
+        [](QChar c) { return !c.isLetterOrNumber() && !QStringView(u" -_.").contains(c); });
+}
+
 QString fontStyle(const Style &style)
 {
     QString css = u"font:%1%2%3pt '%4',Arial,sans-serif;color:%5"_s.arg(
         style.font.italic ? u"italic "_s : QString(), style.font.bold ? u"bold "_s : QString(),
-        QString::number(style.font.points), QString(style.font.family).remove(u'\''),
-        style.color.name());
+        QString::number(style.font.points), fontName(style.font.family), style.color.name());
     if (style.font.underline)
         css += u";text-decoration:underline"_s;
     return css;
