@@ -1,5 +1,7 @@
 #include "equipment/Depreciation.h"
 
+#include "core/InTheWay.h"
+#include "core/RecordStore.h"
 #include "core/Session.h"
 #include "platform/base/Format.h"
 
@@ -29,8 +31,32 @@ db::Recordset stored(qint64 EquipmentID)
         {EquipmentID});
 }
 
+namespace {
+
+/// Holds the machine: two that recalculate it at once would leave the years of both.
+void hold(qint64 EquipmentID)
+{
+    orInTheWay(
+        [&] {
+            try {
+                (void)record::hold(*gcnData, u"tblEquipment", u"EquipmentID", EquipmentID);
+            } catch (const record::Conflict &) {
+                throw InTheWay(QStringLiteral("This machine has been deleted on another "
+                                              "workstation. Nothing was stored."));
+            }
+        },
+        [] {
+            return QStringLiteral("Another workstation is changing this machine. Nothing was "
+                                  "stored. Please try again in a moment.");
+        });
+}
+
+} // namespace
+
 void store(qint64 EquipmentID, const std::vector<Year> &years)
 {
+    record::ShortTransaction transaction(*gcnData);
+    hold(EquipmentID);
     gcnData->Execute(QStringLiteral("Delete from tblEquipmentDepreciation where EquipmentID=?"),
                      {EquipmentID});
     for (const Year &year : years) {
@@ -40,6 +66,7 @@ void store(qint64 EquipmentID, const std::vector<Year> &years)
             {year.EndofYear, year.AnnualDepreciation, year.AccumualtedDepreciation, year.BookValue,
              EquipmentID});
     }
+    transaction.commit();
 }
 
 } // namespace depreciation

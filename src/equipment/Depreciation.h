@@ -26,8 +26,8 @@ struct Year
 
 /// A machine's stored schedule as its grid and curve show it. Data; raises DbError.
 [[nodiscard]] db::Recordset stored(qint64 EquipmentID);
-/// Throws a machine's stored schedule away and stores a new one. Data; joins no transaction of its
-/// own. Raises DbError.
+/// Throws a machine's stored schedule away and stores a new one, both or neither. Data. Raises
+/// InTheWay when the machine is gone or held by another workstation, and DbError.
 void store(qint64 EquipmentID, const std::vector<Year> &years);
 
 } // namespace depreciation

@@ -752,6 +752,15 @@ TEST_F(DepreciationOnScreen, WritesAtOnceAndTurnsNoMode)
         const grid::GridModel &schedule = screen.grid("grdDepreciation").rows();
         ASSERT_EQ(schedule.rowCount(), 3);
         EXPECT_EQ(schedule.text(1, u"Accumualted Depreciation"), u"$666.67");
+
+        // Two at once would leave the years of both.
+        const auto other = database.open();
+        other->BeginTrans();
+        other->Execute(u"update tblEquipment set Notes = 'theirs' where EquipmentID = 1"_s);
+        prompts.expect(u"Another workstation is changing this machine. Nothing was stored. Please "
+                       "try again in a moment."_s,
+                       Icon::None);
+        screen.press("cmdRecalculate");
     });
     EXPECT_EQ(number(u"select count(*) from tblEquipmentDepreciation"_s), 3);
 }

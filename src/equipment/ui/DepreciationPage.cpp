@@ -2,6 +2,7 @@
 
 #include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
+#include "core/ui/Telling.h"
 #include "equipment/Depreciation.h"
 #include "equipment/ui/DepreciationChart.h"
 #include "platform/base/Prompts.h"
@@ -152,7 +153,7 @@ void DepreciationPage::cmdRecalculate_Click()
         return;
     // At once and from what the boxes show, saved or not: while the machine is being edited the
     // rows lie in its transaction.
-    base::trapped(Module, "cmdRecalculate_Click", [this] {
+    telling(Module, "cmdRecalculate_Click", [this] {
         depreciation::store(m_equipment, depreciation::schedule(lblPurchaseYear->text().toShort(),
                                                                 numberIn(txtTotalCost),
                                                                 numberIn(txtSalvageValue),
