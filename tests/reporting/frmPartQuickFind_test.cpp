@@ -3,6 +3,7 @@
 #include "organisation/clsIndicator.h"
 #include "platform/grid/GridView.h"
 #include "reporting/ui/QuickFindEntries.h"
+#include "reporting/ui/frmPartQuickFind.h"
 
 using namespace Qt::StringLiterals;
 using test::inScreen;
@@ -68,7 +69,34 @@ TEST_F(PartQuickFind, ListsByCategoryAndActivityAndKeepsTheRow)
     });
     EXPECT_EQ(key, u"B-1"_s);
     EXPECT_EQ(GetOption(u"PARTINACTIVE"_s, true), u"1"_s);
+}
 
+TEST_F(PartQuickFind, ALongListIsShownWithItsFirstRowsAndSearchedWhole)
+{
+    for (int number = 0; number < 300; ++number)
+        gcnData->Execute(u"Insert into tblPart(PartID,Description,Inactive) values(?,?,'0')"_s,
+                         {u"L-%1"_s.arg(number, 3, 10, QChar(u'0')), u"Long"_s});
+    {
+        frmPartQuickFind form({});
+        const auto &grid = test::named<grid::GridView>(form, u"grdParts"_s);
+        EXPECT_EQ(grid.rows().rowCount(), 200);
+        form.show();
+        test::named<QLineEdit>(form, u"txtSearchText"_s).setText(u"L-299"_s);
+        // What was typed is searched when all are there.
+        EXPECT_TRUE(QTest::qWaitFor([&] { return grid.currentRow() == 301; }));
+    }
+    const QString key = find({}, [](const ScreenDriver &screen) {
+        screen.control<QLineEdit>("txtSearchText").setText(u"L-298"_s);
+        screen.press("cmdSelect");
+    });
+    EXPECT_EQ(key, u"L-298"_s);
+    // A part to begin on is there at once.
+    frmPartQuickFind form(u"L-250"_s);
+    EXPECT_EQ(test::named<grid::GridView>(form, u"grdParts"_s).currentRow(), 252);
+}
+
+TEST_F(PartQuickFind, WithoutRowsSelectDoesNothing)
+{
     gcnData->Execute(u"Delete from tblPart"_s);
     EXPECT_EQ(find({},
                    [](const ScreenDriver &screen) {
@@ -76,8 +104,7 @@ TEST_F(PartQuickFind, ListsByCategoryAndActivityAndKeepsTheRow)
                        ASSERT_TRUE(screen.isOpen());
                        screen.press("cmdCancel");
                    }),
-              QString())
-        << "without rows there is nothing to select";
+              QString());
 }
 
 TEST_F(PartQuickFind, ANewPartNeedsTheRightAndIsListedThen)

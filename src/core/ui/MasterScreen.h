@@ -3,11 +3,12 @@
 #include "core/ui/Binding.h"
 #include "core/ui/RecordScreen.h"
 
-/// What the screens of the master tables do alike: one record of a manager in a set of bound fields.
+/// What the screens of the master tables do alike: one record of a manager in a set of bound
+/// fields.
 ///
-/// Manager deletes by key, and its UsedBy answers the word for what uses a record, empty when it may
-/// go; the type of the key is the one that UsedBy takes. Such a screen says only which rows it moves
-/// through, how its form looks, what it checks and how it stores.
+/// Manager deletes by key, and its UsedBy answers the word for what uses a record, empty when it
+/// may go; the type of the key is the one that UsedBy takes. Such a screen says only which rows it
+/// moves through, how its form looks, what it checks and how it stores.
 template<class Record, class Manager, auto UsedBy>
 class MasterScreen : public RecordScreen
 {

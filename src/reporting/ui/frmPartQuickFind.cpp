@@ -15,10 +15,12 @@
 #include "platform/input/FormBuilder.h"
 #include "platform/input/Theme.h"
 #include "reporting/ui/FieldSearch.h"
+#include "reporting/ui/GradualRows.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -71,6 +73,15 @@ void frmPartQuickFind::buildForm()
     txtSearchText->setFocus();
     m_search = new FieldSearch(cboFieldNames, txtSearchText, grdParts,
                                IncrementalSearch::WithoutMatch::KeepRow);
+    m_rows = new GradualRows(grdParts, this);
+    m_search->setMayBegin([this] {
+        m_searchWaits = !m_rows->isComplete();
+        return !m_searchWaits;
+    });
+    connect(m_rows, &GradualRows::completed, this, [this] {
+        if (std::exchange(m_searchWaits, false))
+            m_search->search();
+    });
     connect(cboPartCategory, &QComboBox::activated, this, [this] { ShowGrid(currentPart()); });
     connect(chkInactive, &QCheckBox::clicked, this, &frmPartQuickFind::chkInactive_Click);
     connect(grdParts, &grid::GridView::rowActivated, this, &frmPartQuickFind::cmdSelect_Click);
@@ -99,9 +110,9 @@ QString frmPartQuickFind::QueryString() const
 void frmPartQuickFind::ShowGrid(const QString &partID)
 {
     base::trapped(Module, "ShowGrid", [&] {
-        grid::GridModel &rows = grdParts->rows();
-        rows.setRecordset(gcnData->Open(QueryString()));
-        const int row = partID.isEmpty() ? -1 : rows.findRow(u"PartID", partID);
+        // A part to stand on may be the last one.
+        m_rows->show(gcnData->OpenGradually(QueryString()), !partID.isEmpty());
+        const int row = partID.isEmpty() ? -1 : grdParts->rows().findRow(u"PartID", partID);
         grdParts->selectRow(row >= 0 ? row : grdParts->displayedOrder().value(0, -1));
     });
 }
@@ -120,13 +131,21 @@ void frmPartQuickFind::chkInactive_Click()
 
 void frmPartQuickFind::cmdSelect_Click()
 {
-    m_result = currentPart();
+    base::trapped(Module, "cmdSelect_Click", [this] {
+        // What was typed means a row that may not have been read yet.
+        if (m_searchWaits)
+            m_rows->readAll();
+        m_result = currentPart();
+    });
     if (!m_result.isEmpty())
         unload();
 }
 
 void frmPartQuickFind::cmdAdd_Click()
 {
-    if (mayDo(rights::Parts.add))
-        ShowGrid(showPartDetail(Mode::Add, currentPart())); // shown again after a Cancel
+    if (!mayDo(rights::Parts.add))
+        return;
+    // The part's screen ends the transaction that the rows are read in.
+    base::trapped(Module, "cmdAdd_Click", [this] { m_rows->readAll(); });
+    ShowGrid(showPartDetail(Mode::Add, currentPart())); // shown again after a Cancel
 }

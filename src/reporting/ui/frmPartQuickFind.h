@@ -3,6 +3,7 @@
 #include "core/ui/Screen.h"
 
 class FieldSearch;
+class GradualRows;
 class QCheckBox;
 class QLineEdit;
 class QPushButton;
@@ -45,4 +46,6 @@ private:
     QPushButton *cmdSelect = nullptr;
     QPushButton *cmdCancel = nullptr;
     FieldSearch *m_search = nullptr;
+    GradualRows *m_rows = nullptr;
+    bool m_searchWaits = false; ///< for the rows that are still to be read
 };

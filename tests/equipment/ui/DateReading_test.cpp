@@ -136,9 +136,8 @@ TEST_F(DateReadings, AFailedSaveKeepsTheSheet)
     const auto other = database.open();
     other->BeginTrans();
     other->Execute(u"update tblEquipment set UnitNo = 'x' where EquipmentID = 1"_s);
-    prompts.expect(u"Another workstation is changing machine U1. Nothing was stored. Please try "
-                   "again in a moment."_s,
-                   Icon::None);
+    prompts.say(u"Another workstation is changing machine U1. Nothing was stored. Please try "
+                "again in a moment."_s);
     press(u"cmdUpdate"_s);
     expectEditing(true);
     EXPECT_EQ(stored(2), QDate(2023, 6, 1));
@@ -158,10 +157,9 @@ TEST_F(DateReadings, WhatAnotherWorkstationHasChangedIsToldAndStays)
     run(u"update tblEquipment set InspectionDate = #03/01/2024# where EquipmentID = 1"_s);
     run(u"update tblEquipment set InspectionDate = #01/06/2025# where EquipmentID = 5"_s);
     run(u"delete from tblEquipment where EquipmentID = 4"_s);
-    prompts.expect(u"Another workstation has changed these machines meanwhile. Their new dates "
-                   "were not stored:\n\nU1: yours \"2/28/2025\", theirs \"3/1/2024\"\nU4 has "
-                   "been deleted."_s,
-                   Icon::None);
+    prompts.say(u"Another workstation has changed these machines meanwhile. Their new dates "
+                "were not stored:\n\nU1: yours \"2/28/2025\", theirs \"3/1/2024\"\nU4 has "
+                "been deleted."_s);
     press(u"cmdUpdate"_s);
     expectEditing(false);
     EXPECT_EQ(stored(1), QDate(2024, 3, 1));
