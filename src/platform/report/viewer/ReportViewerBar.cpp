@@ -163,7 +163,9 @@ void ReportViewer::addSearch(QHBoxLayout *bar)
     m_search->setAccessibleName(u"Search"_s);
     m_search->setPlaceholderText(u"Search (Ctrl+F)"_s);
     m_search->setClearButtonEnabled(true);
-    m_search->setFixedWidth(200);
+    // It gives way to what else stands in the row while pages are laid out.
+    m_search->setMinimumWidth(110);
+    m_search->setMaximumWidth(200);
     bar->addWidget(m_search);
     QToolButton *back = addButton(bar, u"searchBack"_s, u"Search backward"_s, u"previous"_s,
                                   {QKeySequence(Qt::SHIFT | Qt::Key_F3)});
