@@ -6,6 +6,7 @@
 #include <QtCharts/QValueAxis>
 
 #include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -47,7 +48,7 @@ void DepreciationChart::show(const db::Recordset &rows)
     years->setLabelFormat(u"%d"_s);
     years->setTickType(QValueAxis::TicksDynamic);
     years->setTickAnchor(first);
-    years->setTickInterval(1 + static_cast<int>(last - first) / MostYearLabels);
+    years->setTickInterval(1 + std::floor((last - first) / MostYearLabels));
     auto *money = new QValueAxis;
     money->setRange(0, std::max(highest, 1.0));
     money->setLabelFormat(u"$%.0f"_s);
