@@ -416,7 +416,7 @@ TEST(PagesAhead, ComeAsThoseThatArePaginated)
         return true;
     });
     EXPECT_EQ(pages, expected);
-    EXPECT_EQ(told, expected.size());
+    EXPECT_GE(told, expected.size()) << "also while no page comes";
     EXPECT_EQ(outcome.pages, expected.size());
     EXPECT_EQ(outcome.problems, problems);
     EXPECT_FALSE(outcome.stopped);

@@ -26,6 +26,16 @@ void drawBorder(const Border &border, const QRect &frame, QPainter &painter)
         painter.drawLine(frame.x(), bottom, right, bottom);
 }
 
+/// With edges as they come: softened, frames that stand side by side would show the sheet between
+/// them.
+void fillFrame(const QRect &frame, const QColor &color, QPainter &painter)
+{
+    const bool soft = painter.testRenderHint(QPainter::Antialiasing);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.fillRect(frame, color);
+    painter.setRenderHint(QPainter::Antialiasing, soft);
+}
+
 } // namespace
 
 PagePainter::PagePainter()
@@ -49,7 +59,7 @@ void PagePainter::paint(const Page &page, QPainter &painter)
 void PagePainter::draw(const TextItem &item, QPainter &painter)
 {
     if (item.style.fill.isValid())
-        painter.fillRect(item.frame, item.style.fill);
+        fillFrame(item.frame, item.style.fill, painter);
     // To set a font costs about as much as to draw a word, and a colour makes a file longer.
     if (m_font != item.style.font) {
         m_font = item.style.font;
@@ -87,7 +97,7 @@ void PagePainter::draw(const LineItem &item, QPainter &painter)
 void PagePainter::draw(const BoxItem &item, QPainter &painter)
 {
     if (item.fill.isValid())
-        painter.fillRect(item.frame, item.fill);
+        fillFrame(item.frame, item.fill, painter);
     if (item.lineWidth <= 0)
         return;
     painter.setPen(QPen(item.color, item.lineWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
@@ -105,11 +115,8 @@ void PagePainter::draw(const PictureItem &item, QPainter &painter)
 void PagePainter::draw(const BarCodeItem &item, QPainter &painter)
 {
     // Softened edges would change the widths that a reader measures.
-    const bool soft = painter.testRenderHint(QPainter::Antialiasing);
-    painter.setRenderHint(QPainter::Antialiasing, false);
     for (const QRect &bar : item.bars)
-        painter.fillRect(bar, Qt::black);
-    painter.setRenderHint(QPainter::Antialiasing, soft);
+        fillFrame(bar, Qt::black, painter);
 }
 
 void PagePainter::draw(const ShapeItem &item, QPainter &painter)
