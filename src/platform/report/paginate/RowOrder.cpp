@@ -49,7 +49,7 @@ public:
     }
     [[nodiscard]] QVariant aggregate(int) const override { return {}; }
 
-private:
+    /// Below zero for what is no field.
     [[nodiscard]] int fieldIndex(const QString &name) const
     {
         auto known = m_fields.constFind(name);
@@ -57,7 +57,9 @@ private:
             known = m_fields.insert(name, m_rows.fieldIndex(name));
         return *known;
     }
+    [[nodiscard]] QVariant field(int index) const { return m_rows.value(m_row, index); }
 
+private:
     const DataSource &m_rows;
     const Inputs &m_inputs;
     const FormulaCosts m_costs;
@@ -70,15 +72,37 @@ private:
 class KeyColumn
 {
 public:
-    void reserve(std::size_t rows) { m_values.reserve(rows); }
-    void add(QVariant value) { m_values.push_back(std::move(value)); }
+    KeyColumn(const QString &key, const RowContext &context, std::size_t rows)
+        : m_key(context.parsed(key))
+    {
+        m_values.reserve(rows);
+        for (const QString &name : m_key.names())
+            m_fields.append(context.fieldIndex(name));
+    }
+
+    /// Adds the value of the row that the context is at. Rows that follow each other often have it
+    /// from the same fields.
+    void add(const RowContext &context)
+    {
+        if (m_fields.contains(-1) || m_fields.size() < 2) {
+            m_values.push_back(m_key.evaluate(context));
+            return;
+        }
+        QVariantList read;
+        for (const int field : std::as_const(m_fields))
+            read.append(context.field(field));
+        if (m_values.empty() || read != m_read)
+            m_values.push_back(m_key.evaluate(context));
+        else
+            m_values.push_back(m_values.back());
+        m_read = std::move(read);
+    }
 
     /// Call it once all values are there.
     void makeReady()
     {
         if (isAll([](const QVariant &value) { return value.typeId() == QMetaType::QString; }))
-            for (const QVariant &value : m_values)
-                m_texts.push_back(value.toString().toCaseFolded());
+            fold();
         else if (isAll(
                      [](const QVariant &value) { return value.typeId() == QMetaType::QDateTime; }))
             for (const QVariant &value : m_values)
@@ -100,6 +124,18 @@ public:
     }
 
 private:
+    void fold()
+    {
+        m_texts.reserve(m_values.size());
+        QString last;
+        for (const QVariant &value : m_values) {
+            const QString text = value.toString();
+            m_texts.push_back(!m_texts.empty() && text == last ? m_texts.back()
+                                                               : text.toCaseFolded());
+            last = text;
+        }
+    }
+
     template<class Kind>
     [[nodiscard]] bool isAll(const Kind &kind) const
     {
@@ -107,6 +143,9 @@ private:
             m_values, [&](const QVariant &value) { return !value.isNull() && kind(value); });
     }
 
+    Expression m_key;
+    QList<int> m_fields; ///< that it is made of; -1 stands for what is no field
+    QVariantList m_read; ///< from them, in the row before
     std::vector<QVariant> m_values;
     std::vector<QString> m_texts;
     std::vector<qint64> m_numbers;
@@ -118,23 +157,19 @@ std::vector<int> orderOf(const Layout &layout, const DataSource &rows, const Inp
 {
     std::vector<int> order(static_cast<std::size_t>(rows.rowCount()));
     std::iota(order.begin(), order.end(), 0);
-    RowContext context(layout, rows, inputs);
-    std::vector<Expression> keys;
-    for (const Group &group : layout.groups)
-        keys.push_back(context.parsed(group.by));
-    for (const QString &by : layout.sort)
-        keys.push_back(context.parsed(by));
-    if (keys.empty())
-        return order;
-
     // Each key is worked out once for a row, not in each comparison.
-    std::vector<KeyColumn> columns(keys.size());
-    for (KeyColumn &column : columns)
-        column.reserve(order.size());
+    RowContext context(layout, rows, inputs);
+    std::vector<KeyColumn> columns;
+    for (const Group &group : layout.groups)
+        columns.emplace_back(group.by, context, order.size());
+    for (const QString &by : layout.sort)
+        columns.emplace_back(by, context, order.size());
+    if (columns.empty())
+        return order;
     for (const int row : order) {
         context.setRow(row);
-        for (std::size_t key = 0; key < keys.size(); ++key)
-            columns[key].add(keys[key].evaluate(context));
+        for (KeyColumn &column : columns)
+            column.add(context);
     }
     for (KeyColumn &column : columns)
         column.makeReady();
