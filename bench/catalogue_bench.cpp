@@ -63,8 +63,9 @@ void keepOnly(const filters::DateRange &range)
 {
     gcnData->Execute(u"Delete from tblWOServiceUsedHistory where CompleteDate < #%1#"_s.arg(
         filters::dateText(range.from)));
-    gcnData->Execute(u"Delete from tblWoPartHistory where ServiceusedID not in (Select "
-                     "ServiceUsedID from tblWOServiceUsedHistory)"_s);
+    gcnData->Execute(u"Delete from tblWoPartHistory where not exists (Select ServiceUsedID from "
+                     "tblWOServiceUsedHistory where tblWOServiceUsedHistory.ServiceUsedID = "
+                     "tblWoPartHistory.ServiceusedID)"_s);
 }
 
 db::Recordset rowsOf(const catalogue::Request &asked)

@@ -3,7 +3,9 @@
 #include "platform/base/Error.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <optional>
 
 namespace base {
 namespace {
@@ -121,10 +123,32 @@ QString fixedDecimals(double value, int decimals)
     return value < 0 && !zero ? u'-' + text : text;
 }
 
+namespace {
+
+/// The same without a look at the digits, which only matter where a value lies on the edge.
+std::optional<double> quicklyRounded(double value, int decimals)
+{
+    constexpr std::array powers{1.0, 10.0, 100.0, 1000.0, 10000.0};
+    constexpr double Largest = 1e10; // up to which the scaled value is far finer than the edge
+    constexpr double Edge = 1e-4;
+    if (decimals < 0 || decimals >= static_cast<int>(powers.size()))
+        return std::nullopt;
+    const double power = powers[static_cast<std::size_t>(decimals)];
+    const double scaled = value * power;
+    if (std::abs(scaled) > Largest || std::abs(scaled - std::floor(scaled) - 0.5) < Edge)
+        return std::nullopt;
+    const double whole = std::nearbyint(scaled);
+    return whole == 0 ? 0 : whole / power;
+}
+
+} // namespace
+
 double roundedDecimals(double value, int decimals)
 {
     if (!std::isfinite(value))
         return value;
+    if (const std::optional<double> quick = quicklyRounded(value, decimals))
+        return *quick;
     if (decimals >= 0)
         return decimals > 300 ? value : fixedDecimals(value, decimals).toDouble();
     if (decimals < -300)

@@ -44,8 +44,11 @@ TEST(Decimals, AreRoundedHalfAwayFromZero)
                 {9.995, 2, "10.00"},  {1e20, 2, "100000000000000000000.00"},
                 {1e-30, 2, "0.00"},   {0.5, 0, "1"},
                 {12.5, 4, "12.5000"}};
-    for (const auto &row : rows)
+    for (const auto &row : rows) {
         EXPECT_EQ(base::fixedDecimals(row.value, row.decimals), row.text) << row.value;
+        EXPECT_EQ(base::roundedDecimals(row.value, row.decimals), QString(row.text).toDouble())
+            << row.value;
+    }
     EXPECT_EQ(base::fixedDecimals(5.5, -1), "6");
     constexpr double Infinite = std::numeric_limits<double>::infinity();
     EXPECT_EQ(base::fixedDecimals(Infinite, 2), "inf");

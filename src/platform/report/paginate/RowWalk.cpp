@@ -3,6 +3,7 @@
 #include "platform/report/paginate/ChartCollector.h"
 
 #include <QScopedValueRollback>
+#include <algorithm>
 
 namespace report {
 
@@ -53,7 +54,7 @@ std::optional<QVariant> RowWalk::value(const QString &key) const
         return QDateTime(m_inputs.now.date(), QTime(0, 0), Qt::UTC);
     const auto formula = m_report.formulas.find(key);
     if (formula != m_report.formulas.end())
-        return evaluate(formula->second);
+        return evaluateFormula(formula->second);
     if (m_sub.set) {
         if (const int field = setFieldIndex(key); field >= 0)
             return m_sub.set->rows->value((*m_sub.rows)[m_sub.at], field);
@@ -83,6 +84,35 @@ QVariant RowWalk::evaluate(const compiled::Value &value) const
 std::optional<QVariant> RowWalk::lastShown(int repeatSlot) const
 {
     return m_lastShown[repeatSlot];
+}
+
+/// Sums and fields ask for the same formulas of a row again and again.
+QVariant RowWalk::evaluateFormula(const compiled::Value &formula) const
+{
+    auto known = m_formulas.find(&formula);
+    if (known == m_formulas.end())
+        known = m_formulas.emplace(&formula, KnownFormula{isOfRow(formula), -1, {}, {}}).first;
+    KnownFormula &last = known->second;
+    if (!last.isOfRow)
+        return evaluate(formula);
+    if (last.row != m_row || last.place != m_sub) {
+        last.value = evaluate(formula);
+        last.row = m_row;
+        last.place = m_sub;
+    }
+    return last.value;
+}
+
+/// True when it comes to the same wherever the row on hand is shown. Formulas that lead back to
+/// themselves are Null, and so end here.
+bool RowWalk::isOfRow(const compiled::Value &formula) const
+{
+    return formula.slots.empty() &&
+           std::ranges::all_of(formula.expression.names(), [&](const QString &name) {
+               const auto other = m_report.formulas.find(name);
+               return name != u"pagenumber" && name != u"totalpages" &&
+                      (other == m_report.formulas.end() || isOfRow(other->second));
+           });
 }
 
 int RowWalk::fieldIndex(const QString &key) const

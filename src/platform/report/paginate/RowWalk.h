@@ -66,6 +66,8 @@ protected:
         const compiled::RowSet *set = nullptr;  ///< null in all other bands
         const std::vector<int> *rows = nullptr; ///< those that belong to the row on hand
         std::size_t at = 0;
+
+        bool operator==(const SubPlace &) const = default;
     };
 
     /// The row on hand; a chart goes through others and comes back.
@@ -99,6 +101,8 @@ private:
     void closeGroups(int outermost);
     void accumulate();
     void accumulateSet(std::size_t number);
+    [[nodiscard]] QVariant evaluateFormula(const compiled::Value &formula) const;
+    [[nodiscard]] bool isOfRow(const compiled::Value &formula) const;
     [[nodiscard]] int fieldIndex(const QString &key) const;
     [[nodiscard]] int setFieldIndex(const QString &key) const;
 
@@ -106,6 +110,15 @@ private:
     int m_openGroups = 0;
     std::vector<Accumulator> m_accumulators;
     mutable const std::vector<int> *m_slots = nullptr;
+    /// What a formula came to last.
+    struct KnownFormula
+    {
+        bool isOfRow;
+        int row;
+        SubPlace place;
+        QVariant value;
+    };
+    mutable std::map<const compiled::Value *, KnownFormula> m_formulas;
     mutable QHash<QString, int> m_fieldIndexes;
     mutable std::map<const compiled::RowSet *, QHash<QString, int>> m_setFieldIndexes;
     std::vector<std::optional<QVariant>> m_lastShown;
