@@ -104,18 +104,17 @@ TEST(TimeOfHistory, ReadsWhatUsersType)
 
 TEST(TimeOfHistory, CorrectionsKeepStartBeforeEnd)
 {
-    struct Case
+    const QString late = u"Start Time should be less than End Time"_s;
+    const QString early = u"End Time should be greater than Start Time"_s;
+    const QString noStart = u"Start Time Shouln't be Blank"_s;
+    const QString tooShort = u"Work Hrs should be greater than 10 Minutes."_s;
+    const struct
     {
         history::TimeCorrection made;
         QString refusal;
         QString stored;
         std::optional<QString> hours;
-    };
-    const QString late = u"Start Time should be less than End Time"_s;
-    const QString early = u"End Time should be greater than Start Time"_s;
-    const QString noStart = u"Start Time Shouln't be Blank"_s;
-    const QString tooShort = u"Work Hrs should be greater than 10 Minutes."_s;
-    const Case cases[] = {
+    } cases[] = {
         {history::correctStart(u"8:15 AM"_s, u"10:00"_s), {}, u"08:15"_s, u"1:45"_s},
         {history::correctStart(u"10:00"_s, u"10:00"_s), late, {}, {}},
         {history::correctStart(u"10:01"_s, u"10:00"_s), late, {}, {}},

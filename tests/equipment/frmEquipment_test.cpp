@@ -709,13 +709,12 @@ struct DepreciationOnScreen : EquipmentScreen
 
 TEST_F(DepreciationOnScreen, ChecksWhatItIsWorkedOutFrom)
 {
-    struct Case
+    const struct
     {
         const char *message;
         const char *focus;
         QString total, salvage, life;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"Total cost should not be blank.", "txtTotalCost", {}, {}, {}},
         {"Salvage Value should not be blank.", "txtSalvageValue", u"100"_s, {}, {}},
         {"Salvage Value should be less then the Total Cost.",
@@ -727,7 +726,7 @@ TEST_F(DepreciationOnScreen, ChecksWhatItIsWorkedOutFrom)
     };
     work(Mode::Browse, 1, [&](ScreenDriver screen) {
         press(screen, Qt::Key_D);
-        for (const Case &given : cases) {
+        for (const auto &given : cases) {
             screen.control<QLineEdit>("txtTotalCost").setText(given.total);
             screen.control<QLineEdit>("txtSalvageValue").setText(given.salvage);
             screen.control<QLineEdit>("txtAssetYears").setText(given.life);

@@ -98,15 +98,16 @@ struct Export : test::CompanySession
                {u"P&1"_s, 44, 2, QVariant(), 9});
     }
     /// Runs an export that writes its file; the file's text.
-    static QByteArray exported()
+    QByteArray exported()
     {
-        test::ScriptedPrompts prompts;
         prompts.inform(Exported);
         bool failed = true;
         EXPECT_TRUE(exchange::GenrateXML(failed));
         EXPECT_FALSE(failed);
         return readFile(exchange::exportedFile());
     }
+
+    test::ScriptedPrompts prompts;
 };
 
 TEST_F(Export, WritesTheFileOfASmallCompanyByteForByte)
@@ -141,7 +142,6 @@ TEST_F(Export, StopsAtANameThatIsNoXmlAndKeepsTheFormerFile)
     exported();
     const QByteArray former = readFile(exchange::exportedFile());
     machine(1, {{u"EquipmentName"_s, u"a < b"_s}});
-    test::ScriptedPrompts prompts;
     const QString source = u"<record EquipmentID=\"1\" UnitNo=\"M1\" EquipmentName=\"a < b\" "
                            "CrewID=\"1\" Equip_BarCode=\"\" LastCrewID=\"1\" />"_s;
     const QString reason = exchange::faultIn("<a b=\"<\"/>").value().reason;
@@ -190,7 +190,6 @@ TEST_F(Export, WithoutAnythingToExportTellsSoAndMayBeTriedAgain)
 {
     gcnData->Execute(u"Delete from tblCrew"_s);
     gcnData->Execute(u"Delete from tblEquipment"_s);
-    test::ScriptedPrompts prompts;
     prompts.inform(u"There is not data for exporting"_s);
     bool failed = true;
     EXPECT_FALSE(exchange::GenrateXML(failed));
@@ -204,7 +203,6 @@ TEST_F(Export, WritesNothingWhenASectionCannotBeRead)
     makeCatalogue();
     makeOrders();
     const QByteArray former = exported();
-    test::ScriptedPrompts prompts; // a file without that section would look whole
     for (int failing = 1, running = 0;; ++failing, running = 0) {
         gcnData->setObserver([&](const db::Sent &) {
             if (++running == failing)

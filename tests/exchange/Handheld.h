@@ -81,6 +81,8 @@ struct Handheld : Workshop
         return command("NewServicePart", {line, part, QStringLiteral("2"), QStringLiteral("3.75"),
                                           QStringLiteral("True"), QStringLiteral("1.5")});
     }
+
+    ScriptedPrompts prompts;
 };
 
 } // namespace test

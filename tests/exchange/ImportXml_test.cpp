@@ -375,7 +375,6 @@ TEST_F(OlderImport, TakesFourTypesOfKeysAndKnowsNoIds)
     writeFile(older(u"Sy1.xml"_s), "<a>" + newOrder(u"W1"_s) + "</a>");
     writeFile(older(u"Count1.xml"_s),
               "<a>" + test::command(u"CountReading|1|3/9/2024|Hours|9"_s) + "</a>");
-    test::ScriptedPrompts prompts;
     prompts.say(u"done.txt is not found"_s);
     ASSERT_TRUE(exchange::olderImportdata());
     EXPECT_TRUE(QDir(older({})).entryList(QDir::Files).isEmpty());

@@ -94,7 +94,6 @@ TEST_F(Import, KnowsTheHandheldsIdsInOneRunAndForgetsThemInTheNext)
     machine(2, u"M2"_s);
     expectImported(newOrder(u"W1"_s) + newOrder(u"W1"_s, u"2"_s));
     EXPECT_EQ(found(u"Select EquipmentID, Complete from tblWorkorder"_s), u"2|-1") << "a change";
-    test::ScriptedPrompts prompts;
     prompts.say(u"No files found for importing data"_s);
     prompts.inform(u"Problem In adding workorder service(Workorderno not found)"_s);
     send(u"Sy1.xml"_s, newService(u"S1"_s, u"W1"_s));
@@ -119,7 +118,6 @@ TEST_F(Import, EndsAtAServiceThatCannotBePlacedAndChangesNothing)
     for (const auto &[sent, told] : rows) {
         send(u"Sy1.xml"_s, newOrder(u"W9"_s) + sent);
         const QString before = everythingSent();
-        test::ScriptedPrompts prompts;
         prompts.meanwhile([] { EXPECT_TRUE(gbInTransaction) << "it is undone afterwards"; });
         prompts.inform(QString::fromUtf16(told));
         EXPECT_FALSE(Importdata());
@@ -239,7 +237,6 @@ TEST_F(Import, StoresReadingsAndGivesWaitingServicesTheirDates)
                               reading(u"2"_s, u"Leagues"_s, u"8"_s) +
                               command(u"Record|tblUser"_s)); // no business of this file
     send(u"count2.xml"_s, "nothing that is read");
-    test::ScriptedPrompts prompts;
     // The unknown word goes by the letter of the one before.
     prompts.say(InProcess);
     prompts.say(InProcess);
@@ -260,7 +257,6 @@ TEST_F(Import, StoresReadingsAndGivesWaitingServicesTheirDates)
 TEST_F(Import, TellsThatTheTransferDidNotEndAndGoesOn)
 {
     const QString told = u"No files found for importing data"_s;
-    test::ScriptedPrompts prompts;
     QFile::remove(path(u"done.txt"_s));
     prompts.say(told);
     EXPECT_TRUE(Importdata()) << "an empty folder is imported";
@@ -497,7 +493,6 @@ TEST_F(Import, WaitsForNoOtherWorkstation)
     {
         QLockFile other(folder() + u".lock"_s);
         ASSERT_TRUE(other.tryLock());
-        test::ScriptedPrompts prompts;
         prompts.say(u"Another workstation is importing these files. Please try again when it has "
                     "ended."_s);
         EXPECT_FALSE(Importdata());

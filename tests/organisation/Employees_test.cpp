@@ -1,5 +1,3 @@
-#include "core/ui/Openings.h"
-#include "core/ui/ScreenCalls.h"
 #include "organisation/MasterSession.h"
 #include "organisation/ui/Entries.h"
 

@@ -23,11 +23,7 @@ struct LookupLists : test::MasterSession
     }
     static QString listed(const ScreenDriver &screen)
     {
-        const auto &grid = screen.grid("lstIndicator");
-        QStringList names;
-        for (const int row : grid.displayedOrder())
-            names.append(grid.rows().text(row, u"ItemName"));
-        return names.join(u'|');
+        return test::columnOf(screen.grid("lstIndicator"), u"ItemName").join(u'|');
     }
 };
 

@@ -1,6 +1,5 @@
 #include "organisation/MasterSession.h"
 #include "organisation/ui/Entries.h"
-#include "platform/input/IdCombo.h"
 
 using namespace Qt::StringLiterals;
 using test::inRecords;

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "core/CompanySession.h"
+#include "core/ui/Openings.h"
+#include "core/ui/ScreenCalls.h"
 #include "core/ui/ScreenDriver.h"
-#include "support/ScriptedPrompts.h"
 
 namespace test {
 

@@ -1,4 +1,3 @@
-#include "core/ui/ScreenCalls.h"
 #include "organisation/MasterSession.h"
 #include "organisation/ui/Entries.h"
 

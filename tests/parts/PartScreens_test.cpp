@@ -1,5 +1,4 @@
 #include "core/ui/EveryField.h"
-#include "core/ui/ScreenCalls.h"
 #include "organisation/MasterSession.h"
 #include "parts/PartSelection.h"
 #include "parts/clsPart.h"
@@ -10,6 +9,7 @@ using test::inRecords;
 using test::inScreen;
 using test::opening;
 using test::ScreenDriver;
+using test::typeInCell;
 
 namespace {
 
@@ -44,22 +44,6 @@ struct PartScreens : test::MasterSession
     static QString quantity(const QString &number)
     {
         return value(u"Select Quantity from tblPart where PartID = '%1'"_s.arg(number));
-    }
-    /// Types into a cell of the current row's column, as its user does.
-    static void typeInCell(grid::GridView &grid, int row, const QString &column,
-                           const QString &text)
-    {
-        grid.setFocus();
-        grid.selectCell(row, column);
-        QTest::keyClick(&grid, Qt::Key_F2);
-        auto *editor = qobject_cast<QLineEdit *>(grid.viewport()->focusWidget());
-        if (editor == nullptr)
-            editor = grid.viewport()->findChild<QLineEdit *>();
-        ASSERT_NE(editor, nullptr) << column.toStdString() << " can't be edited";
-        editor->selectAll();
-        QTest::keyClick(editor, Qt::Key_Delete);
-        QTest::keyClicks(editor, text);
-        QTest::keyClick(editor, Qt::Key_Return);
     }
 
     QString selection; ///< what the selector leaves out, then what was chosen in it

@@ -8,7 +8,7 @@
 namespace {
 
 using namespace Qt::StringLiterals;
-using assignment::Source;
+using namespace assignment;
 
 struct AssignmentTest : test::Fleet
 {
@@ -38,7 +38,7 @@ TEST_F(AssignmentTest, ACalendarServiceIsCopiedWholeAndDueToday)
                    {u"Dom1"_s, 28},
                    {u"SeparateWo"_s, 1},
                    {u"JobNo"_s, 12}});
-    ASSERT_TRUE(assignment::AddServiceRecord(1, {55}, Source::Catalogue));
+    ASSERT_TRUE(AddServiceRecord(1, {55}, Source::Catalogue));
     const db::Row row = onlyService(1);
     EXPECT_EQ(found(u"Select ServiceID, NextScheduledDate, LastDatePerformed, LastDateScheduled, "
                     "Inactive from tblServiceUsed"_s),
@@ -59,13 +59,13 @@ TEST_F(AssignmentTest, PartsComeAlongWithZeroForWhatTheyLack)
     insert(u"tblServicesPart"_s, u"ServiceID, PartID, QuantityRequired, Price, SupplierID"_s,
            {55, u"OIL'5"_s, 2.5, 4.25, 6});
     gcnData->Execute(u"Insert into tblServicesPart(ServiceID,PartID) values(55,'F1')"_s);
-    ASSERT_TRUE(assignment::AddServiceRecord(1, {55}, Source::Catalogue));
+    ASSERT_TRUE(AddServiceRecord(1, {55}, Source::Catalogue));
     const qint64 copy = onlyService(1).integer(u"ServiceUsedID");
     EXPECT_EQ(found(u"Select PartID, QuantityRequired, Price, SupplierID, ServiceUsedID from "
                     "tblServiceUsedPart order by PartID"_s),
               u"F1|0|0|0|%1\nOIL'5|2.5|4.25|6|%1"_s.arg(copy));
     // From that machine to another one.
-    ASSERT_TRUE(assignment::AddServiceRecord(2, {copy}, Source::Machine));
+    ASSERT_TRUE(AddServiceRecord(2, {copy}, Source::Machine));
     EXPECT_EQ(onlyService(2).integer(u"ServiceID"), 55);
     EXPECT_EQ(count(u"tblServiceUsedPart"_s,
                     u"ServiceUsedID = %1"_s.arg(onlyService(2).integer(u"ServiceUsedID"))),
@@ -77,7 +77,7 @@ TEST_F(AssignmentTest, ACountServiceCountsOnFromTheNewestReadingAndHasNoDate)
     reading(1, u"Hours"_s, day(3, 1), 700);
     reading(1, u"Hours"_s, day(3, 2), 500);
     catalogue(55, {{u"Period"_s, u"H"_s}, {u"EInterval"_s, 100}});
-    ASSERT_TRUE(assignment::AddServiceRecord(1, {55}, Source::Catalogue));
+    ASSERT_TRUE(AddServiceRecord(1, {55}, Source::Catalogue));
     EXPECT_EQ(onlyService(1).integer(u"NextScheduledCount"), 600);
     EXPECT_TRUE(onlyService(1).isNull(u"NextScheduledDate"));
     EXPECT_EQ(count(u"tblEquipmentCount"_s), 2) << "nobody was asked";
@@ -97,14 +97,14 @@ TEST_F(AssignmentTest, WithoutAReadingTheFirstOneIsAskedForOncePerType)
         });
     for (const int id : {55, 56})
         catalogue(id, {{u"Period"_s, u"K"_s}, {u"EInterval"_s, 1000}});
-    ASSERT_TRUE(assignment::AddServiceRecord(1, {55, 56}, Source::Catalogue));
+    ASSERT_TRUE(AddServiceRecord(1, {55, 56}, Source::Catalogue));
     EXPECT_EQ(asked, 1);
     EXPECT_EQ(count(u"tblServiceUsed"_s, u"NextScheduledCount = 10000 and NextScheduledDate is "
                                          "null"_s),
               2);
     readings::setFirstReadingAsker(
         [](qint64, qint64, const QString &, QString &) { return false; });
-    ASSERT_TRUE(assignment::AddServiceRecord(2, {55}, Source::Catalogue));
+    ASSERT_TRUE(AddServiceRecord(2, {55}, Source::Catalogue));
     EXPECT_EQ(readings::newest(2, u"Kilometers"_s).date, day(3, 15));
     EXPECT_EQ(onlyService(2).integer(u"NextScheduledCount"), 1000);
 }
@@ -115,7 +115,7 @@ TEST_F(AssignmentTest, EveryCountServiceIsSeenToThatHasNoReadingOfItsType)
     assigned({{u"Period"_s, u"H"_s}, {u"NextScheduledCount"_s, 77}});
     assigned({{u"Period"_s, u"I"_s}, {u"EInterval"_s, 300}, {u"NextScheduledDate"_s, day(3, 1)}});
     assigned();
-    ASSERT_TRUE(assignment::ChkEveryServiceCount(1));
+    ASSERT_TRUE(ChkEveryServiceCount(1));
     EXPECT_EQ(value(u"Select NextScheduledCount from tblServiceUsed where Period = 'H'"_s), 77);
     EXPECT_EQ(value(u"Select NextScheduledCount from tblServiceUsed where Period = 'I'"_s), 300);
     EXPECT_TRUE(
@@ -126,7 +126,7 @@ TEST_F(AssignmentTest, EveryCountServiceIsSeenToThatHasNoReadingOfItsType)
 TEST_F(AssignmentTest, NullsOfASpoiltSourceBecomeZeroInTheCopy)
 {
     catalogue(55, {{u"Wed"_s, QVariant()}, {u"DOM"_s, QVariant()}, {u"Note"_s, QVariant()}});
-    ASSERT_TRUE(assignment::AddServiceRecord(1, {55}, Source::Catalogue));
+    ASSERT_TRUE(AddServiceRecord(1, {55}, Source::Catalogue));
     EXPECT_FALSE(onlyService(1).isNull(u"Wed"));
     EXPECT_FALSE(onlyService(1).isNull(u"DOM"));
     EXPECT_TRUE(onlyService(1).isNull(u"Note"));
@@ -135,12 +135,12 @@ TEST_F(AssignmentTest, NullsOfASpoiltSourceBecomeZeroInTheCopy)
 TEST_F(AssignmentTest, WhatFailsIsReportedAndFalse)
 {
     catalogue(55);
-    EXPECT_TRUE(assignment::AddServiceRecord(1, {}, Source::Catalogue)) << "nothing to copy";
+    EXPECT_TRUE(AddServiceRecord(1, {}, Source::Catalogue)) << "nothing to copy";
     failAt(u"tblServiceUsed"_s);
-    EXPECT_FALSE(assignment::AddServiceRecord(1, {55}, Source::Catalogue));
+    EXPECT_FALSE(AddServiceRecord(1, {55}, Source::Catalogue));
     EXPECT_EQ(errors.takeOne().ProcedureName, u"AddServiceRecord"_s);
-    EXPECT_FALSE(assignment::DeleteServiceRecord(1));
-    EXPECT_FALSE(assignment::ChkEveryServiceCount(1));
+    EXPECT_FALSE(DeleteServiceRecord(1));
+    EXPECT_FALSE(ChkEveryServiceCount(1));
     failAt({});
     EXPECT_EQ(errors.take().size(), 2u);
     EXPECT_EQ(count(u"tblServiceUsed"_s), 0);
@@ -153,7 +153,7 @@ TEST_F(AssignmentTest, RemovalTakesThePartsAlongAndLeavesOrdersAlone)
     for (const qint64 service : {id, other})
         insert(u"tblServiceUsedPart"_s, {{u"ServiceUsedID"_s, service}, {u"PartID"_s, u"F1"_s}});
     insert(u"tblWoServiceUsed"_s, {{u"ServiceUsedID"_s, id}});
-    ASSERT_TRUE(assignment::DeleteServiceRecord(id));
+    ASSERT_TRUE(DeleteServiceRecord(id));
     EXPECT_EQ(onlyService(1).integer(u"ServiceUsedID"), other);
     EXPECT_EQ(count(u"tblServiceUsedPart"_s), 1);
     EXPECT_EQ(count(u"tblWoServiceUsed"_s), 1);
@@ -161,12 +161,12 @@ TEST_F(AssignmentTest, RemovalTakesThePartsAlongAndLeavesOrdersAlone)
 
 TEST_F(AssignmentTest, ACrewIsGivenOnlyWhileTheMachineHasTheOneShown)
 {
-    EXPECT_NO_THROW(assignment::assignCrew(1, crew, 0));
+    EXPECT_NO_THROW(assignCrew(1, crew, 0));
     EXPECT_EQ(
-        test::raisedBy([] { assignment::assignCrew(1, 99, 0); }).description(),
+        test::raisedBy([] { assignCrew(1, 99, 0); }).description(),
         u"Another workstation has given this machine to another crew meanwhile, which is shown "
         "now. Nothing was stored."_s);
-    EXPECT_EQ(test::raisedBy([] { assignment::assignCrew(77, 99, 0); }).description(),
+    EXPECT_EQ(test::raisedBy([] { assignCrew(77, 99, 0); }).description(),
               u"This machine has been deleted on another workstation. Nothing was stored."_s);
     EXPECT_EQ(value(u"Select CrewID from tblEquipment where EquipmentID = 1"_s), crew);
     EXPECT_EQ(count(u"tblEquipmentCrewHistory"_s), 1);

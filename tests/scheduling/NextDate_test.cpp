@@ -50,6 +50,7 @@ TEST(CheckSchDate, FindsTheDate)
         // From Thursday the 14th the walk reaches Friday, the weekday of the 1st: a new block
         // begins, and week 3 is not wanted. The next week 2 begins on Monday 8 April.
         {"a week is left", all, only<Weeks>({2}), only<Days>({Mon}), {2024, 3, 14}, {2024, 4, 8}},
+        {"week 4", all, only<Weeks>({2, 4}), only<Days>({Mon}), {2024, 3, 14}, {2024, 3, 25}},
         {"for a new one", all, only<Weeks>({2}), only<Days>({Fri}), {2024, 3, 14}, {2024, 4, 12}},
     };
     for (const auto &row : rows) {

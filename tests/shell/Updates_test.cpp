@@ -40,13 +40,12 @@ const QString Found =
 
 TEST_F(Updates, ComeFromTheFolderThatTheInstallationNames)
 {
-    struct Case
-    {
-        QString version, source, path, folder, installed;
-    };
     const QString client = u"C5"_s;
     SetRegistryValue(u"CLIENTVERSION"_s, client);
-    const Case cases[] = {
+    const struct
+    {
+        QString version, source, path, folder, installed;
+    } cases[] = {
         {u"1.0.1"_s, u" \\\\office\\setup "_s, u"/p/"_s, u"//office/setup"_s, client},
         {u"1.1.1"_s, u"/s"_s, {}, u"/s"_s, client},
         {u"1.1.2"_s, u"/s"_s, u"\\\\office\\qv\\"_s, u"//office/qv/Client"_s, u"1.1.2"_s},
@@ -57,7 +56,7 @@ TEST_F(Updates, ComeFromTheFolderThatTheInstallationNames)
         {u"1.0.1"_s, {}, {}, {}, {}},
         {u"2.3.1"_s, u"/s"_s, {}, {}, {}},
     };
-    for (const Case &row : cases) {
+    for (const auto &row : cases) {
         SetRegistryValue(u"VERSION"_s, row.version);
         SetRegistryValue(u"SRCPATH"_s, row.source);
         SetRegistryValue(u"PATH"_s, row.path);

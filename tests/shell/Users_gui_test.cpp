@@ -1,6 +1,5 @@
 #include "core/ui/Openings.h"
 #include "core/ui/ScreenDriver.h"
-#include "platform/input/IdCombo.h"
 #include "shell/Passwords.h"
 #include "shell/RightsTable.h"
 #include "shell/ShellSession.h"

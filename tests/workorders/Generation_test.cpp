@@ -56,24 +56,23 @@ TEST_F(GenerateWorkorder, MakesAnOrderForEachCrewAndOneForEachServiceThatGoesAlo
 
 TEST_F(GenerateWorkorder, TakesTheServicesOfTheWindowBothEndsIncluded)
 {
-    struct Row
+    const struct
     {
         QString name;
         QVariant date;
         int inactive;
         bool taken;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {u"first day"_s, day(2, 14), 0, true},    {u"last day"_s, day(3, 15), 0, true},
         {u"before"_s, day(2, 13), 0, false},      {u"after"_s, day(3, 16), 0, false},
         {u"no date yet"_s, QVariant(), 0, false}, {u"inactive"_s, day(3, 1), 1, false},
     };
-    for (const Row &row : rows)
+    for (const auto &row : rows)
         service({{u"Name"_s, row.name},
                  {u"NextScheduledDate"_s, row.date},
                  {u"Inactive"_s, row.inactive}});
     ASSERT_TRUE(generate());
-    for (const Row &row : rows)
+    for (const auto &row : rows)
         EXPECT_EQ(count(u"tblWoServiceUsed"_s, u"Name = '%1'"_s.arg(row.name)), row.taken ? 1 : 0)
             << qPrintable(row.name);
 }

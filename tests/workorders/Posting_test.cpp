@@ -54,7 +54,8 @@ struct PostWorkOrder : test::Workshop
 
 TEST_F(PostWorkOrder, ReschedulesEachKindOfServiceByItsOwnRule)
 {
-    struct Row
+    // Completed on March 12, a count of 530 taken.
+    const struct
     {
         QString period;
         QString renewalOn;
@@ -64,9 +65,7 @@ TEST_F(PostWorkOrder, ReschedulesEachKindOfServiceByItsOwnRule)
         qint64 target; ///< NextScheduledCount afterwards; it was 500
         bool inactive;
         QString reading; ///< its type; none for a calendar service
-    };
-    // Completed on March 12, a count of 530 taken.
-    const Row rows[] = {
+    } rows[] = {
         {u"D"_s, u"W"_s, day(3, 10), 10, day(3, 22), 500, false, {}},
         {u"D"_s, u"S"_s, day(3, 10), 10, day(3, 20), 500, false, {}},
         // On the day of completion it is not older.
@@ -80,7 +79,7 @@ TEST_F(PostWorkOrder, ReschedulesEachKindOfServiceByItsOwnRule)
         {u"I"_s, u"W"_s, day(3, 10), 50, QVariant(), 580, false, u"Miles"_s},
     };
     for (const bool skipped : {false, true}) {
-        for (const Row &row : rows) {
+        for (const auto &row : rows) {
             SCOPED_TRACE(
                 qPrintable(row.period + row.renewalOn + (skipped ? u" skipped"_s : u""_s)));
             gcnData->Execute(u"Delete from tblEquipmentCount"_s);
@@ -150,7 +149,7 @@ TEST_F(PostWorkOrder, WritesHistoryWithNamesInPlaceOfKeys)
 
 TEST_F(PostWorkOrder, TakesOnlyUsedPartsThatAreTrackedFromTheStock)
 {
-    struct Row
+    const struct
     {
         QString part;
         bool notTracked;
@@ -158,8 +157,7 @@ TEST_F(PostWorkOrder, TakesOnlyUsedPartsThatAreTrackedFromTheStock)
         QVariant quantityUsed;
         double stock;         ///< afterwards; it was 10
         QVariant historyUsed; ///< QuantityUsed in history
-    };
-    const Row rows[] = {
+    } rows[] = {
         {u"used"_s, false, true, 3, 7, 3.0},
         {u"below zero"_s, false, true, 12, -2, 12.0},
         {u"unused"_s, false, false, 3, 10, 0.0},
@@ -168,7 +166,7 @@ TEST_F(PostWorkOrder, TakesOnlyUsedPartsThatAreTrackedFromTheStock)
         {u"null"_s, false, true, QVariant(), 10, QVariant()},
     };
     const qint64 number = completeOrderOf(0);
-    for (const Row &row : rows) {
+    for (const auto &row : rows) {
         part(row.part, 10, row.notTracked);
         orderPart(last, row.part, 5, row.used);
         gcnData->Execute(u"Update tblWoPartUsed set QuantityUsed = ? where PartID = ?"_s,
@@ -176,7 +174,7 @@ TEST_F(PostWorkOrder, TakesOnlyUsedPartsThatAreTrackedFromTheStock)
     }
     orderPart(last, u"not in the list of parts"_s, 1, true);
     ASSERT_TRUE(post({number}));
-    for (const Row &row : rows) {
+    for (const auto &row : rows) {
         EXPECT_EQ(stock(row.part), row.stock) << qPrintable(row.part);
         EXPECT_EQ(
             value(u"Select QuantityUsed from tblWoPartHistory where partID = ?"_s, {row.part}),
@@ -359,23 +357,22 @@ TEST_F(PostWorkOrder, APartThatCostsMoreThanAnAmountCanBeIsNamed)
 
 TEST_F(PostWorkOrder, ASchedulesKindCountsAsItNowStands)
 {
-    struct Row
+    const QString before = u"Hours|520|3/11/2024"_s;
+    const struct
     {
         QString ordered; ///< the period that the order took over
         QString now;
         QVariant next;
         qint64 target; ///< it was 500
         QString readings;
-    };
-    const QString before = u"Hours|520|3/11/2024"_s;
-    const Row rows[] = {
+    } rows[] = {
         {u"H"_s, u"M"_s, day(4, 12), 500, u"Hours|530|3/12/2024\n"_s + before},
         {u"H"_s, u"K"_s, QVariant(), 500, u"Hours|530|3/12/2024\n"_s + before},
         {u"K"_s, u"H"_s, day(3, 11), 500, before + u"\nKilometers|530|3/12/2024"_s},
         {u"M"_s, u"H"_s, day(3, 11), 500, before},
         {u"M"_s, u"D"_s, day(3, 13), 500, before},
     };
-    for (const Row &row : rows) {
+    for (const auto &row : rows) {
         SCOPED_TRACE(qPrintable(row.ordered + row.now));
         gcnData->Execute(u"Delete from tblEquipmentCount"_s);
         readings::store(1, day(3, 11), u"Hours"_s, 520);

@@ -7,6 +7,7 @@
 #include <array>
 
 using namespace Qt::StringLiterals;
+using namespace recording;
 
 namespace {
 
@@ -70,15 +71,15 @@ struct Recording : test::Workshop
 
 TEST_F(Recording, CompletingAnOrderCompletesAllButTheSkipped)
 {
-    ASSERT_TRUE(recording::UpdateWorkorder(number, QDate(2024, 3, 12)));
+    ASSERT_TRUE(UpdateWorkorder(number, QDate(2024, 3, 12)));
     EXPECT_EQ(states(), (QStringList{u"C-U"_s, u"C-U"_s, u"-S-"_s}));
     EXPECT_EQ(ofOrder(u"CompletedDate"_s).toDateTime(), day(3, 12));
     EXPECT_EQ(ofOrder(u"Complete"_s).toInt(), -1);
 
-    ASSERT_TRUE(recording::UpdateWorkorder(number, std::nullopt, false));
+    ASSERT_TRUE(UpdateWorkorder(number, std::nullopt, false));
     EXPECT_EQ(states(), (QStringList{u"C-U"_s, u"C-U"_s, u"-S-"_s})) << "reopened alone";
     EXPECT_EQ(ofOrder(u"Complete"_s).toInt(), 0);
-    ASSERT_TRUE(recording::UpdateWorkorder(number, std::nullopt));
+    ASSERT_TRUE(UpdateWorkorder(number, std::nullopt));
     EXPECT_EQ(states(), (QStringList{u"---"_s, u"---"_s, u"-S-"_s}));
     EXPECT_TRUE(ofOrder(u"CompletedDate"_s).isNull());
     EXPECT_EQ(ofOrder(u"Complete"_s).toInt(), 0);
@@ -86,22 +87,22 @@ TEST_F(Recording, CompletingAnOrderCompletesAllButTheSkipped)
 
 TEST_F(Recording, CompletedAndSkippedExcludeEachOther)
 {
-    ASSERT_TRUE(recording::completeService(services[2]));
+    ASSERT_TRUE(completeService(services[2]));
     EXPECT_EQ(state(services[2]), u"C-U"_s);
-    ASSERT_TRUE(recording::skipService(services[2], u"No time; \"Jim's\" turn"_s));
+    ASSERT_TRUE(skipService(services[2], u"No time; \"Jim's\" turn"_s));
     EXPECT_EQ(state(services[2]), u"-S-"_s);
     EXPECT_EQ(note(services[2]), u"No time; \"Jim's\" turn"_s);
-    EXPECT_TRUE(recording::IsServiceSkiped(services[2]));
-    EXPECT_FALSE(recording::IsServiceSkiped(services[0]) || recording::IsServiceSkiped(4711));
-    ASSERT_TRUE(recording::UpdateWorkorderServiceComplete(services[0], true));
-    ASSERT_TRUE(recording::UpdateWorkorderServiceComplete(services[0], false));
+    EXPECT_TRUE(IsServiceSkiped(services[2]));
+    EXPECT_FALSE(IsServiceSkiped(services[0]) || IsServiceSkiped(4711));
+    ASSERT_TRUE(UpdateWorkorderServiceComplete(services[0], true));
+    ASSERT_TRUE(UpdateWorkorderServiceComplete(services[0], false));
     EXPECT_EQ(states(), (QStringList{u"---"_s, u"---"_s, u"-S-"_s}));
 }
 
 TEST_F(Recording, SkippingAllReplacesAllNotes)
 {
-    ASSERT_TRUE(recording::UpdateWorkorder(number, QDate(2024, 3, 12)));
-    ASSERT_TRUE(recording::skipAll(number, u"Rain"_s));
+    ASSERT_TRUE(UpdateWorkorder(number, QDate(2024, 3, 12)));
+    ASSERT_TRUE(skipAll(number, u"Rain"_s));
     for (const qint64 id : services) {
         EXPECT_EQ(state(id), u"-S-"_s);
         EXPECT_EQ(note(id), u"Rain"_s);
@@ -110,41 +111,39 @@ TEST_F(Recording, SkippingAllReplacesAllNotes)
 
 TEST_F(Recording, ACrewIsPricedByItsBudgetedHours)
 {
-    ASSERT_TRUE(recording::changeCrew(services[0], crew1));
+    ASSERT_TRUE(changeCrew(services[0], crew1));
     EXPECT_EQ(ofService(services[0], u"CostEstimate"_s).toDouble(), 30.0); // 1.5 hours at 20
-    ASSERT_TRUE(recording::changeCrew(services[0], crew2));                // nobody in it
+    ASSERT_TRUE(changeCrew(services[0], crew2));                           // nobody in it
     EXPECT_EQ(ofService(services[0], u"CostEstimate"_s).toDouble(), 0.0);
     EXPECT_EQ(ofService(services[0], u"CrewID"_s).toLongLong(), crew2);
-    EXPECT_EQ(recording::GetBudgetedHrs(4711), 0.0);
+    EXPECT_EQ(GetBudgetedHrs(4711), 0.0);
 }
 
 TEST_F(Recording, TimesArePricedByTheCrewsRateAndGoToHistoryToo)
 {
-    using recording::TimesOf;
-    ASSERT_TRUE(recording::saveTimes(services[0], TimesOf::OpenOrder, {8, 0}, {10, 15}, {2, 15}));
+    ASSERT_TRUE(saveTimes(services[0], TimesOf::OpenOrder, {8, 0}, {10, 15}, {2, 15}));
     EXPECT_EQ(found(u"Select StartTime, EndTime, Workhrs, CostEstimate from tblWoServiceUsed where "
                     "NServiceUsedID = ?"_s,
                     {services[0]}),
               u"08:00|10:15|02:15|45"); // 2.25 hours at 20
 
     insert(u"tblWOServiceUsedHistory"_s, {{u"ServiceUsedID"_s, 900}, {u"CrewID"_s, crew1}});
-    ASSERT_TRUE(recording::saveTimes(900, TimesOf::History, {13, 0}, {13, 30}, {0, 30}));
+    ASSERT_TRUE(saveTimes(900, TimesOf::History, {13, 0}, {13, 30}, {0, 30}));
     EXPECT_EQ(found(u"Select StartTime, Workhrs, CostEstimate from tblWOServiceUsedHistory"_s),
               u"13:00|00:30|10");
 }
 
 TEST_F(Recording, PartsAreAddedChangedAndRemoved)
 {
-    ASSERT_TRUE(
-        recording::AddPartRecord({{u"O'P"_s, 4, 1.25, 6}, {u"P2"_s, 1, 2, 0}}, services[0], true));
+    ASSERT_TRUE(AddPartRecord({{u"O'P"_s, 4, 1.25, 6}, {u"P2"_s, 1, 2, 0}}, services[0], true));
     EXPECT_EQ(
         found(u"Select ServiceUsedID, QuantityRequired, QuantityUsed, Price, SupplierID, Used "
               "from tblWoPartUsed where PartID = 'O''P'"_s),
         u"%1|4|4|1.25|6|-1"_s.arg(services[0]));
-    ASSERT_TRUE(recording::UpdateWorkorderPart(u"O'P"_s, services[0], u"QuantityUsed"_s, 2.5));
+    ASSERT_TRUE(UpdateWorkorderPart(u"O'P"_s, services[0], u"QuantityUsed"_s, 2.5));
     EXPECT_EQ(value(u"Select QuantityUsed from tblWoPartUsed where PartID = 'O''P'"_s).toDouble(),
               2.5);
-    ASSERT_TRUE(recording::DeletePartRecord(services[0], u"O'P"_s));
+    ASSERT_TRUE(DeletePartRecord(services[0], u"O'P"_s));
     EXPECT_EQ(count(u"tblWoPartUsed"_s, u"ServiceUsedID = %1"_s.arg(services[0])), 2);
 }
 
@@ -153,12 +152,10 @@ TEST_F(Recording, AServiceAddedFromTheCatalogueHasNoScheduleAndComesOnce)
     insert(u"tblServices"_s, u"ServiceID, Name, CrewID, Period, LaborEstimate, JobNo"_s,
            {7, u"Wash"_s, crew2, u"H"_s, 2, 9});
     insert(u"tblServicesPart"_s, u"ServiceID, PartID, QuantityRequired"_s, {7, u"P9"_s, 3});
-    using recording::ServiceSource;
-    ASSERT_TRUE(
-        recording::AddServiceRecord({7, 7, 4711}, number, 1, ServiceSource::Catalogue, true));
-    ASSERT_TRUE(recording::AddServiceRecord({7}, number, 1, ServiceSource::Catalogue, false));
-    EXPECT_TRUE(recording::needParts({4711, 7}));
-    EXPECT_FALSE(recording::needParts({4711}));
+    ASSERT_TRUE(AddServiceRecord({7, 7, 4711}, number, 1, ServiceSource::Catalogue, true));
+    ASSERT_TRUE(AddServiceRecord({7}, number, 1, ServiceSource::Catalogue, false));
+    EXPECT_TRUE(needParts({4711, 7}));
+    EXPECT_FALSE(needParts({4711}));
     const QString line =
         found(u"Select NServiceUsedID from tblWoServiceUsed where ServiceID = 7"_s);
     EXPECT_EQ(found(u"Select ServiceUsedID, WorkorderNo, NextScheduledDate, LastDateScheduled, "
@@ -173,11 +170,10 @@ TEST_F(Recording, AMachinesServiceKeepsItsSchedule)
     part(u"P5"_s, 1);
     const qint64 id = service({{u"ServiceID"_s, 8}});
     servicePart(id, u"P5"_s, 1);
-    using recording::ServiceSource;
-    ASSERT_TRUE(recording::AddServiceRecord({id}, number, 1, ServiceSource::Machine, false));
+    ASSERT_TRUE(AddServiceRecord({id}, number, 1, ServiceSource::Machine, false));
     // The same catalogue service by another copy is there already.
-    ASSERT_TRUE(recording::AddServiceRecord({service({{u"ServiceID"_s, 8}})}, number, 1,
-                                            ServiceSource::Machine, false));
+    ASSERT_TRUE(AddServiceRecord({service({{u"ServiceID"_s, 8}})}, number, 1,
+                                 ServiceSource::Machine, false));
     EXPECT_EQ(count(u"tblWoServiceUsed"_s, u"ServiceID = 8"_s), 1);
     EXPECT_EQ(value(u"Select ServiceUsedID from tblWoServiceUsed where ServiceID = 8"_s), id);
     EXPECT_EQ(count(u"tblWoPartUsed"_s, u"PartID = 'P5'"_s), 1);
@@ -186,7 +182,7 @@ TEST_F(Recording, AMachinesServiceKeepsItsSchedule)
 TEST_F(Recording, RemovingAServiceTakesItsPartsAndLeavesTheOrder)
 {
     for (const qint64 id : services)
-        ASSERT_TRUE(recording::DeleteServiceRecord(id));
+        ASSERT_TRUE(DeleteServiceRecord(id));
     EXPECT_EQ(count(u"tblWoServiceUsed"_s), 1);
     EXPECT_EQ(count(u"tblWoPartUsed"_s), 1);
     EXPECT_EQ(count(u"tblWorkorder"_s), 2);
@@ -194,16 +190,16 @@ TEST_F(Recording, RemovingAServiceTakesItsPartsAndLeavesTheOrder)
 
 TEST_F(Recording, UnscheduledOrdersComeAllOrNone)
 {
-    EXPECT_EQ(recording::addUnscheduled({1, 1}), 3) << "the first of them, behind the two";
+    EXPECT_EQ(addUnscheduled({1, 1}), 3) << "the first of them, behind the two";
     EXPECT_EQ(count(u"tblWorkorder"_s), 4);
     int running = 0;
     gcnData->setObserver([&](const db::Sent &) {
         if (++running >= 2)
             throw base::Error(5, u"broken"_s);
     });
-    EXPECT_EQ(recording::addUnscheduled({1, 1}), 0);
-    EXPECT_FALSE(recording::IsServiceSkiped(services[2]));
-    EXPECT_FALSE(recording::ISWorkOrderLate(number, QDate(2025, 1, 1)));
+    EXPECT_EQ(addUnscheduled({1, 1}), 0);
+    EXPECT_FALSE(IsServiceSkiped(services[2]));
+    EXPECT_FALSE(ISWorkOrderLate(number, QDate(2025, 1, 1)));
     gcnData->setObserver({});
     EXPECT_EQ(errors.take().size(), 3u);
     EXPECT_EQ(count(u"tblWorkorder"_s), 4);
@@ -211,35 +207,33 @@ TEST_F(Recording, UnscheduledOrdersComeAllOrNone)
 
 TEST_F(Recording, OnlyTheOrdersOfTheListAreMarkedAsPrinted)
 {
-    ASSERT_TRUE(recording::UpdatePrintColInWorkOrder({}));
+    ASSERT_TRUE(UpdatePrintColInWorkOrder({}));
     EXPECT_EQ(count(u"tblWorkorder"_s, u"Printed <> 0"_s), 0);
-    ASSERT_TRUE(recording::UpdatePrintColInWorkOrder({number, 0}));
+    ASSERT_TRUE(UpdatePrintColInWorkOrder({number, 0}));
     EXPECT_EQ(ofOrder(u"Printed"_s).toInt(), 1);
     EXPECT_EQ(count(u"tblWorkorder"_s, u"Printed <> 0"_s), 1);
 }
 
 TEST_F(Recording, AnOrderIsLateByTwoLateServices)
 {
-    struct Row
+    const struct
     {
         QString yellow;
         QString red;
         int second; ///< day of March of the second service; the first is of the 1st, two weeks ago
         bool late;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {u"7"_s, u"14"_s, 8, true},  {u"7"_s, u"14"_s, 9, false}, {u"14"_s, u"7"_s, 8, true},
         {u"0"_s, u"14"_s, 1, false}, {u""_s, u"14"_s, 1, false},  {u"14"_s, u"14"_s, 1, true},
     };
     const qint64 late = order();
     orderService(late, {{u"NextScheduledDate"_s, day(3, 1)}});
     const qint64 second = orderService(late);
-    for (const Row &row : rows) {
+    for (const auto &row : rows) {
         SetOption(u"SERVICE_LATE_YELLOW"_s, row.yellow, false);
         SetOption(u"SERVICE_LATE_RED"_s, row.red, false);
-        ASSERT_TRUE(
-            recording::UpdateWorkorderService(second, u"NextScheduledDate"_s, day(3, row.second)));
-        EXPECT_EQ(recording::ISWorkOrderLate(late, QDate(2024, 3, 15)), row.late)
+        ASSERT_TRUE(UpdateWorkorderService(second, u"NextScheduledDate"_s, day(3, row.second)));
+        EXPECT_EQ(ISWorkOrderLate(late, QDate(2024, 3, 15)), row.late)
             << qPrintable(row.yellow) << ' ' << qPrintable(row.red) << ' ' << row.second;
     }
 }
@@ -250,30 +244,25 @@ TEST_F(Recording, WhatIsTypedIntoSomethingThatIsGoneIsRefusedInWords)
     const QString order = u"Work order 4711 is open no longer"_s;
     const QString service = u"This service stands on no open work order any more"_s;
     const std::pair<std::function<bool()>, QString> writes[] = {
-        {[] { return recording::UpdateWorkorder(4711, QDate(2024, 3, 12)); }, order},
-        {[] { return recording::skipAll(4711, u"Rain"_s); }, order},
+        {[] { return UpdateWorkorder(4711, QDate(2024, 3, 12)); }, order},
+        {[] { return skipAll(4711, u"Rain"_s); }, order},
+        {[] { return AddServiceRecord({7}, 4711, 1, ServiceSource::Catalogue, false); }, order},
+        {[] { return UpdateWorkorderService(4711, u"CountValue"_s, 777); }, service},
+        {[] { return completeService(4711); }, service},
+        {[] { return skipService(4711, u"Rain"_s); }, service},
+        {[this] { return changeCrew(4711, crew1).has_value(); }, service},
+        {[] { return updateNote(4711, u"Rain"_s); }, service},
         {[] {
-             return recording::AddServiceRecord({7}, 4711, 1, recording::ServiceSource::Catalogue,
-                                                false);
-         },
-         order},
-        {[] { return recording::UpdateWorkorderService(4711, u"CountValue"_s, 777); }, service},
-        {[] { return recording::completeService(4711); }, service},
-        {[] { return recording::skipService(4711, u"Rain"_s); }, service},
-        {[this] { return recording::changeCrew(4711, crew1).has_value(); }, service},
-        {[] { return recording::updateNote(4711, u"Rain"_s); }, service},
-        {[] {
-             return recording::saveTimes(4711, recording::TimesOf::OpenOrder, {8, 0}, {9, 0},
-                                         {1, 0});
+             return saveTimes(4711, TimesOf::OpenOrder, {8, 0}, {9, 0}, {1, 0});
          },
          service},
         {[] {
-             return recording::AddPartRecord({{u"P1"_s, 1, 1, 0}}, 4711, false);
+             return AddPartRecord({{u"P1"_s, 1, 1, 0}}, 4711, false);
          },
          service},
-        {[this] { return recording::UpdateWorkorderPart(u"P9"_s, services[0], u"Price"_s, 1); },
+        {[this] { return UpdateWorkorderPart(u"P9"_s, services[0], u"Price"_s, 1); },
          u"Part \"P9\" has been removed"_s},
-        {[] { return recording::updateScheduleNote(4711, u"Rain"_s); },
+        {[] { return updateScheduleNote(4711, u"Rain"_s); },
          u"This service has been removed from its machine"_s},
     };
     const QString before = everything();
@@ -293,16 +282,16 @@ TEST_F(Recording, WhatIsTypedIntoSomethingThatIsGoneIsRefusedInWords)
 TEST_F(Recording, WhatHasChangedSinceItWasShownIsNotOverwritten)
 {
     const auto id = services[0];
-    ASSERT_TRUE(recording::UpdateWorkorderService(id, u"CountValue"_s, 500, QVariant()));
-    ASSERT_TRUE(recording::UpdateWorkorderService(id, u"CountValue"_s, 510, 500));
-    ASSERT_TRUE(recording::UpdateWorkorderService(id, u"CountValue"_s, 510, 7)) << "already so";
-    ASSERT_TRUE(recording::UpdateWorkorder(number, QDate(2024, 3, 12), true, QVariant()));
+    ASSERT_TRUE(UpdateWorkorderService(id, u"CountValue"_s, 500, QVariant()));
+    ASSERT_TRUE(UpdateWorkorderService(id, u"CountValue"_s, 510, 500));
+    ASSERT_TRUE(UpdateWorkorderService(id, u"CountValue"_s, 510, 7)) << "already so";
+    ASSERT_TRUE(UpdateWorkorder(number, QDate(2024, 3, 12), true, QVariant()));
     const std::function<bool()> stale[] = {
-        [&] { return recording::UpdateWorkorderService(id, u"CountValue"_s, 520, 500); },
-        [&] { return recording::changeCrew(id, crew2, crew2 + 1).has_value(); },
-        [&] { return recording::UpdateWorkorderPart(u"P1"_s, id, u"QuantityUsed"_s, 5, 1.0); },
-        [&] { return recording::updateNote(id, u"mine"_s, u"old"_s); },
-        [&] { return recording::UpdateWorkorder(number, QDate(2024, 3, 13), true, QVariant()); },
+        [&] { return UpdateWorkorderService(id, u"CountValue"_s, 520, 500); },
+        [&] { return changeCrew(id, crew2, crew2 + 1).has_value(); },
+        [&] { return UpdateWorkorderPart(u"P1"_s, id, u"QuantityUsed"_s, 5, 1.0); },
+        [&] { return updateNote(id, u"mine"_s, u"old"_s); },
+        [&] { return UpdateWorkorder(number, QDate(2024, 3, 13), true, QVariant()); },
     };
     const QString before = everything();
     for (const auto &write : stale) {
@@ -315,7 +304,7 @@ TEST_F(Recording, WhatHasChangedSinceItWasShownIsNotOverwritten)
         }
         EXPECT_EQ(everything(), before);
     }
-    EXPECT_TRUE(recording::updateNote(id, u"mine"_s, u"note 0"_s));
+    EXPECT_TRUE(updateNote(id, u"mine"_s, u"note 0"_s));
 }
 
 TEST_F(Recording, WhatAnotherWorkstationHoldsIsNamed)
@@ -326,7 +315,7 @@ TEST_F(Recording, WhatAnotherWorkstationHoldsIsNamed)
                     {services[1]});
     try {
         const base::Whole whole;
-        (void)recording::UpdateWorkorder(number, QDate(2024, 3, 12));
+        (void)UpdateWorkorder(number, QDate(2024, 3, 12));
         ADD_FAILURE();
     } catch (const InTheWay &refusal) {
         EXPECT_EQ(
@@ -341,12 +330,12 @@ TEST_F(Recording, WhatAnotherWorkstationHoldsIsNamed)
 TEST_F(Recording, AChangedServiceReopensItsOrderInOneStep)
 {
     const std::function<bool()> changes[] = {
-        [&] { return recording::completeService(services[2]); },
-        [&] { return recording::completeService(services[0], false); },
-        [&] { return recording::skipService(services[1], u"Rain"_s); },
+        [&] { return completeService(services[2]); },
+        [&] { return completeService(services[0], false); },
+        [&] { return skipService(services[1], u"Rain"_s); },
     };
     for (const auto &change : changes) {
-        ASSERT_TRUE(recording::UpdateWorkorder(number, QDate(2024, 3, 12)));
+        ASSERT_TRUE(UpdateWorkorder(number, QDate(2024, 3, 12)));
         EXPECT_GE(failAtEachStatement(change), 3);
         EXPECT_EQ(ofOrder(u"Complete"_s).toInt(), 0);
         EXPECT_TRUE(ofOrder(u"CompletedDate"_s).isNull());
@@ -357,14 +346,13 @@ TEST_F(Recording, AChangedServiceReopensItsOrderInOneStep)
 
 TEST(WorkSpan, ANightsWorkGoesOnIntoTheMorning)
 {
-    struct Row
+    const QTime none(0, 0);
+    const struct
     {
         QTime start, end;
         bool given;
         QTime endAfter, hours;
-    };
-    const QTime none(0, 0);
-    const Row rows[] = {
+    } rows[] = {
         {{8, 0}, {9, 30}, true, {9, 30}, {1, 30}},
         {{22, 0}, {2, 0}, false, {2, 0}, {4, 0}},
         {{22, 0}, none, true, none, {2, 0}},
@@ -373,8 +361,8 @@ TEST(WorkSpan, ANightsWorkGoesOnIntoTheMorning)
         {{20, 0}, {8, 1}, true, {20, 0}, none}, // no night is that long
         {{8, 0}, {8, 0}, true, {8, 0}, none},
     };
-    for (const Row &row : rows) {
-        const recording::WorkSpan span = recording::workSpan(row.start, row.end, row.given);
+    for (const auto &row : rows) {
+        const WorkSpan span = workSpan(row.start, row.end, row.given);
         EXPECT_EQ(span.end, row.endAfter) << qPrintable(row.start.toString());
         EXPECT_EQ(span.hours, row.hours) << qPrintable(row.start.toString());
     }
@@ -383,13 +371,12 @@ TEST(WorkSpan, ANightsWorkGoesOnIntoTheMorning)
 TEST_F(Recording, EachStepIsWrittenAsAWholeOrNotAtAll)
 {
     const std::function<bool()> steps[] = {
-        [&] { return recording::UpdateWorkorder(number, QDate(2024, 3, 12)); },
-        [&] { return recording::skipAll(number, u"Rain"_s); },
+        [&] { return UpdateWorkorder(number, QDate(2024, 3, 12)); },
+        [&] { return skipAll(number, u"Rain"_s); },
         [&] {
-            return recording::AddPartRecord({{u"A"_s, 1, 1, 0}, {u"B"_s, 1, 1, 0}}, services[0],
-                                            false);
+            return AddPartRecord({{u"A"_s, 1, 1, 0}, {u"B"_s, 1, 1, 0}}, services[0], false);
         },
-        [&] { return recording::DeleteServiceRecord(services[0]); },
+        [&] { return DeleteServiceRecord(services[0]); },
     };
     for (std::size_t step = 0; step < std::size(steps); ++step)
         EXPECT_GE(failAtEachStatement(steps[step]), 2) << "step " << step;

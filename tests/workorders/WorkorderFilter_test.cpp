@@ -21,12 +21,11 @@ WorkorderFilter filter(const QString &crews, const QString &assigned = {})
 
 TEST(BuildFilterExpression, ReadsListsOfCrewNumbers)
 {
-    struct Row
+    const struct
     {
         QString typed;
         QString terms; ///< with # in place of the column; empty for no crew part
-    };
-    const Row rows[] = {
+    } rows[] = {
         {u""_s, u""_s},
         {u"   "_s, u""_s},
         {u"1"_s, u"(# = 1)"_s},
@@ -41,7 +40,7 @@ TEST(BuildFilterExpression, ReadsListsOfCrewNumbers)
         {u"1--5,7"_s, u""_s},
         {u"-5"_s, u"(# >=  And # <= 5)"_s},
     };
-    for (const Row &row : rows) {
+    for (const auto &row : rows) {
         QString terms = row.terms;
         terms.replace(u'#', u"tblCrew.CrewNumber"_s);
         const QString expected = terms.isEmpty() ? Window : u"(%1) And "_s.arg(terms) + Window;
@@ -80,19 +79,18 @@ TEST(BuildFilterExpression, PutsTheMachinesCrewsInFrontWhenAsked)
 TEST(Lateness, YellowIsAskedForOnlyWithoutRed)
 {
     const QDate today(2024, 3, 15);
-    struct Row
+    const struct
     {
         int daysLate;
         int yellow;
         int red;
         Lateness expected;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {14, 7, 14, Lateness::Red},    {13, 7, 14, Lateness::OnTime}, {7, 7, 0, Lateness::Yellow},
         {6, 7, 0, Lateness::OnTime},   {99, 0, 0, Lateness::OnTime},  {20, 0, 14, Lateness::Red},
         {-3, 7, 14, Lateness::OnTime}, {20, 14, 7, Lateness::Red},
     };
-    for (const Row &row : rows) {
+    for (const auto &row : rows) {
         EXPECT_EQ(lateness(today.addDays(-row.daysLate), today, row.yellow, row.red), row.expected)
             << row.daysLate << ' ' << row.yellow << ' ' << row.red;
     }

@@ -2,6 +2,8 @@
 
 #include "core/ui/Modal.h"
 #include "platform/grid/GridView.h"
+#include "platform/input/DateInput.h"
+#include "platform/input/IdCombo.h"
 
 namespace test {
 
@@ -84,6 +86,31 @@ public:
 private:
     QWidget &m_screen;
 };
+
+/// What a grid shows of a column, from top to bottom.
+inline QStringList columnOf(const grid::GridView &grid, QStringView column)
+{
+    QStringList texts;
+    for (const int row : grid.displayedOrder())
+        texts.append(grid.rows().text(row, column));
+    return texts;
+}
+
+/// Types into a cell, as its user does, and stores by Enter.
+inline void typeInCell(grid::GridView &grid, int row, const QString &column, const QString &text)
+{
+    ASSERT_TRUE(grid.editCell(row, column)) << column.toStdString() << " can't be edited";
+    auto *box = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+    if (!box) // the window comes to itself a little later
+        box = grid.viewport()->findChild<QLineEdit *>();
+    ASSERT_TRUE(box);
+    box->selectAll();
+    if (text.isEmpty())
+        QTest::keyClick(box, Qt::Key_Delete);
+    QTest::keyClicks(box, text);
+    QTest::keyClick(box, Qt::Key_Return);
+    grid.finishEditing();
+}
 
 /// A call that opens a screen, to be made later.
 template<class Open, class... Arguments>

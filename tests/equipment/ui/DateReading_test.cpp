@@ -4,7 +4,6 @@
 #include "equipment/ui/PageTest.h"
 #include "equipment/ui/frmInspectionDateReading.h"
 #include "equipment/ui/frmLicenseDateReading.h"
-#include "platform/input/DateInput.h"
 
 using namespace Qt::StringLiterals;
 
@@ -113,11 +112,11 @@ TEST_F(DateReadings, ADateThatIsNotLaterIsRefusedAndCancelDropsTheNewOnes)
     show<frmInspectionDateReading>();
     EXPECT_EQ(sheet().currentColumn(), NewDate);
     prompts.say(u"Please enter valid date."_s);
-    type(sheet(), rowOf(2), NewDate, u"06/32/2023"_s);
-    type(sheet(), rowOf(2), NewDate, u"06022023"_s);
+    test::typeInCell(sheet(), rowOf(2), NewDate, u"06/32/2023"_s);
+    test::typeInCell(sheet(), rowOf(2), NewDate, u"06022023"_s);
     EXPECT_EQ(sheet().rows().text(rowOf(2), NewDate), u"06/02/2023");
     prompts.say(u"New Inspection date should be greater than old Inspection Date(6/1/2023)."_s);
-    type(sheet(), rowOf(2), NewDate, u"06/01/2023"_s);
+    test::typeInCell(sheet(), rowOf(2), NewDate, u"06/01/2023"_s);
     EXPECT_EQ(sheet().rows().text(rowOf(2), NewDate), QString());
     addYear(1);
     QTest::keyClick(screen.get(), Qt::Key_Escape);

@@ -3,7 +3,6 @@
 #include "core/ui/ScreenCalls.h"
 #include "equipment/ui/PageTest.h"
 #include "equipment/ui/frmEquipment.h"
-#include "platform/input/DateInput.h"
 
 using namespace Qt::StringLiterals;
 
@@ -72,17 +71,17 @@ TEST_F(HistoryPages, ACorrectionIsWrittenAtOnceAndUndoneByCancel)
     EXPECT_EQ(frame.mode, Mode::Modify) << "with the first key";
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     prompts.say(u"Changing the count will not effect the schedule"_s);
-    type(services(), 0, u"Count"_s, u"450"_s);
+    test::typeInCell(services(), 0, u"Count"_s, u"450"_s);
     EXPECT_EQ(stored(u"CountValue"_s).toInt(), 450);
     prompts.say(u"Changing the date will not adjust the schedule"_s);
-    type(services(), 0, u"Date"_s, u"01/12/2024"_s);
+    test::typeInCell(services(), 0, u"Date"_s, u"01/12/2024"_s);
     EXPECT_EQ(stored(u"CompleteDate"_s).toDateTime(), base::wallClock({2024, 1, 12}));
     prompts.say(u"Please enter valid date."_s);
-    type(services(), 0, u"Date"_s, u"13/45/2024"_s);
+    test::typeInCell(services(), 0, u"Date"_s, u"13/45/2024"_s);
     EXPECT_EQ(shown(u"Date"_s), u"01/12/2024");
-    type(services(), 0, u"Labor Cost"_s, u"44.5"_s);
+    test::typeInCell(services(), 0, u"Labor Cost"_s, u"44.5"_s);
     EXPECT_EQ(stored(u"CostEstimate"_s).toDouble(), 44.5);
-    type(services(), 0, u"Labor Cost"_s, {});
+    test::typeInCell(services(), 0, u"Labor Cost"_s, {});
     EXPECT_TRUE(stored(u"CostEstimate"_s).isNull());
     grid::GridModel &rows = services().rows();
     EXPECT_TRUE(rows.edit(0, rows.columnIndex(u"Service Crew"), 5));
@@ -97,15 +96,15 @@ TEST_F(HistoryPages, TimesThatCantBeAreRefusedAndTheOldOnesStay)
 {
     show();
     prompts.say(u"Start Time Shouln't be Blank"_s);
-    type(services(), 0, u"EndTime"_s, u"10:00"_s);
+    test::typeInCell(services(), 0, u"EndTime"_s, u"10:00"_s);
     EXPECT_TRUE(stored(u"EndTime"_s).isNull());
-    type(services(), 0, u"StartTime"_s, u"9:00 pm"_s);
+    test::typeInCell(services(), 0, u"StartTime"_s, u"9:00 pm"_s);
     EXPECT_EQ(shown(u"StartTime"_s), u"09:00 PM");
     EXPECT_EQ(stored(u"StartTime"_s).toString(), u"21:00");
-    type(services(), 0, u"EndTime"_s, u"22:15"_s);
+    test::typeInCell(services(), 0, u"EndTime"_s, u"22:15"_s);
     EXPECT_EQ(shown(u"WorkHrs"_s), u"1:15");
     prompts.say(u"Work Hrs should be greater than 10 Minutes."_s);
-    type(services(), 0, u"WorkHrs"_s, u"0:10"_s);
+    test::typeInCell(services(), 0, u"WorkHrs"_s, u"0:10"_s);
     EXPECT_EQ(stored(u"Workhrs"_s).toString(), u"1:15");
 }
 
@@ -154,13 +153,13 @@ TEST_F(HistoryPages, PartsAreCorrectedWithoutTouchingTheStock)
     show();
     prompts.say(u"This will not adjust the quantity on hand for the inventory. You will "
                 "manually need to adjust this if needed."_s);
-    type(parts(), 0, u"Qty Used"_s, u"4"_s);
+    test::typeInCell(parts(), 0, u"Qty Used"_s, u"4"_s);
     EXPECT_EQ(shown(u"Part Cost"_s), u"$13.00");
-    type(parts(), 0, u"Price"_s, u"1.10"_s);
+    test::typeInCell(parts(), 0, u"Price"_s, u"1.10"_s);
     EXPECT_EQ(shown(u"Part Cost"_s), u"$4.40");
     // The same number again is no change, so there is no message.
-    type(parts(), 0, u"Qty Used"_s, u"4.0"_s);
-    type(parts(), 0, u"Price"_s, {});
+    test::typeInCell(parts(), 0, u"Qty Used"_s, u"4.0"_s);
+    test::typeInCell(parts(), 0, u"Price"_s, {});
     EXPECT_EQ(parts().rows().text(0, u"Price"), u"$0.00");
     EXPECT_EQ(value(u"Select Price from tblWoPartHistory"_s).toDouble(), 0);
     EXPECT_EQ(value(u"Select Quantity from tblPart"_s).toDouble(), 8);

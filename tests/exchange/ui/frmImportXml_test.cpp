@@ -24,13 +24,9 @@ struct ImportScreen : test::Handheld
     }
     static QString rows(const ScreenDriver &screen)
     {
-        const grid::GridModel &model = screen.grid("grdFiles").rows();
-        QStringList names;
-        for (int row = 0; row < model.rowCount(); ++row)
-            names.append(model.text(row, u"File Name"));
-        return names.join(u' ');
+        return test::columnOf(screen.grid("grdFiles"), u"File Name").join(u' ');
     }
-    static void expectQuestion(test::ScriptedPrompts &prompts, const QString &name, Answer answer)
+    void expectQuestion(const QString &name, Answer answer)
     {
         prompts.expect(u"This will import all the data from \"%1\" to Quorvantis Database.\n"
                        "Do you want to continue?"_s.arg(name),
@@ -52,19 +48,18 @@ TEST_F(ImportScreen, ImportsTheChosenFileShowsTheLogAndClosesAfterTheLast)
     put(u"A.xml"_s, "<tblEquipment><record EquipmentID='1' CrewID='1'/></tblEquipment>");
     put(u"B.xml"_s, "<tblEquipment><record EquipmentID='9'/></tblEquipment>"
                     "<tblParts><record PartID='none'/></tblParts>");
-    test::ScriptedPrompts prompts;
     test::inScreen(ShowImportXmlDetails, [&](const ScreenDriver &screen) {
         EXPECT_EQ(rows(screen), u"A.xml B.xml");
         EXPECT_FALSE(screen.isShown("cmdViewLog"));
         EXPECT_FALSE(screen.isShown("cmdImportData"));
 
-        expectQuestion(prompts, u"A.xml"_s, Answer::No);
+        expectQuestion(u"A.xml"_s, Answer::No);
         screen.press("cmdImport");
         EXPECT_EQ(rows(screen), u"A.xml B.xml");
         EXPECT_EQ(count(u"tblEquipmentCrewHistory"_s), 0);
 
         QString log;
-        expectQuestion(prompts, u"A.xml"_s, Answer::Yes);
+        expectQuestion(u"A.xml"_s, Answer::Yes);
         prompts.say(u"Quorvantis data has been imported."_s);
         closeLog(log);
         screen.press("cmdImport");
@@ -75,7 +70,7 @@ TEST_F(ImportScreen, ImportsTheChosenFileShowsTheLogAndClosesAfterTheLast)
 
         // What it logs keeps the file; its machines are skipped, since the first file held some.
         for (int again = 0; again < 2; ++again) {
-            expectQuestion(prompts, u"B.xml"_s, Answer::Yes);
+            expectQuestion(u"B.xml"_s, Answer::Yes);
             prompts.say(u"Quorvantis data has been imported."_s);
             closeLog(log);
             screen.press("cmdImport");
@@ -89,8 +84,7 @@ TEST_F(ImportScreen, ImportsTheChosenFileShowsTheLogAndClosesAfterTheLast)
 TEST_F(ImportScreen, ReportsAnErrorUnderItsName)
 {
     put(u"A.xml"_s, "<tblParts/>");
-    test::ScriptedPrompts prompts;
-    expectQuestion(prompts, u"A.xml"_s, Answer::Yes);
+    expectQuestion(u"A.xml"_s, Answer::Yes);
     test::inScreen(ShowImportXmlDetails, [&](const ScreenDriver &screen) {
         QFile::remove(path(u"A.xml"_s));
         screen.press("cmdImport");
@@ -104,7 +98,6 @@ TEST_F(ImportScreen, HasAPathForDevelopment)
     const QString folder = base::environment().applicationFolder + u"/Development/recive/"_s;
     ASSERT_TRUE(QDir().mkpath(folder));
     test::writeFile(folder + u"done.txt"_s, {});
-    test::ScriptedPrompts prompts;
     prompts.say(u"Import process Succesfully completed"_s);
     test::inScreen(ShowImportXmlDetails, [&](const ScreenDriver &screen) {
         EXPECT_FALSE(screen.isEnabled("cmdImport")) << "no file is offered";
@@ -127,7 +120,6 @@ struct ImportMenu : test::Handheld
 
 TEST_F(ImportMenu, TellsWhenAllWasImportedAndNothingMoreOtherwise)
 {
-    test::ScriptedPrompts prompts;
     send(u"Sy1.xml"_s, newOrder(u"W1"_s));
     prompts.say(u"QV2go Sync Application is not Installed"_s);
     mnuImporttXml_Click();

@@ -1,7 +1,3 @@
-#include "core/ui/ScreenCalls.h"
-#include "platform/grid/GridView.h"
-#include "platform/input/DateInput.h"
-#include "platform/input/IdCombo.h"
 #include "scheduling/Readings.h"
 #include "scheduling/ui/CountPage.h"
 #include "scheduling/ui/Entries.h"

@@ -1,6 +1,3 @@
-#include "core/ui/ScreenCalls.h"
-#include "platform/grid/GridView.h"
-#include "platform/input/IdCombo.h"
 #include "scheduling/ui/Entries.h"
 #include "scheduling/ui/ScreenFleet.h"
 #include "scheduling/ui/frmAssignCrew.h"
@@ -24,11 +21,7 @@ struct frmServicesManagerTest : test::ScreenFleet
 
     static QStringList listed(const frmServicesManager &screen)
     {
-        const grid::GridModel &rows = grid(screen).rows();
-        QStringList names;
-        for (int row = 0; row < rows.rowCount(); ++row)
-            names.append(rows.text(row, u"Name"));
-        return names;
+        return test::columnOf(grid(screen), u"Name");
     }
     static grid::GridView &grid(const frmServicesManager &screen)
     {

@@ -1,12 +1,9 @@
 #pragma once
 
-#include "core/ui/Modal.h"
 #include "core/ui/Screen.h"
+#include "core/ui/ScreenCalls.h"
+#include "core/ui/ScreenDriver.h"
 #include "scheduling/Fleet.h"
-
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
 
 namespace test {
 

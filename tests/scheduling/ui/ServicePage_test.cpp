@@ -1,6 +1,5 @@
 #include "scheduling/ui/ServicePage.h"
 
-#include "platform/grid/GridView.h"
 #include "scheduling/ui/PageFrame.h"
 #include "scheduling/ui/ScreenFleet.h"
 

@@ -1,9 +1,5 @@
 #include "scheduling/ui/frmServices.h"
 
-#include "core/ui/ScreenCalls.h"
-#include "platform/grid/GridView.h"
-#include "platform/input/DateInput.h"
-#include "platform/input/IdCombo.h"
 #include "platform/input/SpinInput.h"
 #include "scheduling/ui/ScreenFleet.h"
 

@@ -1,7 +1,5 @@
 #include "workorders/ui/WorkScreen.h"
 
-#include "platform/input/DateInput.h"
-
 #include <QTabWidget>
 
 using namespace Qt::StringLiterals;

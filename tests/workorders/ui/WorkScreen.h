@@ -37,13 +37,9 @@ struct WorkScreen : Workshop
     {
         return driver().control<grid::GridView>(name);
     }
-    /// What a grid shows of a column, from top to bottom.
     [[nodiscard]] QStringList column(const char *name, const QString &columnName) const
     {
-        QStringList texts;
-        for (const int row : grid(name).displayedOrder())
-            texts.append(grid(name).rows().text(row, columnName));
-        return texts;
+        return columnOf(grid(name), columnName);
     }
     [[nodiscard]] QString cell(const char *name, int row, const QString &columnName) const
     {

@@ -62,19 +62,18 @@ struct OverDueWork : test::Workshop
 
 TEST_F(OverDueWork, ListsWhatFellDueWithinThirtyDaysAndWhatStandsOpen)
 {
-    struct Row
+    const struct
     {
         qint64 id;
         QVariant due;
         int inactive;
         bool listed;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {10, day(3, 15), 0, true},  {11, day(3, 16), 0, false}, {12, day(2, 15), 0, true},
         {13, day(2, 13), 0, false}, {14, QVariant(), 0, false}, {15, day(3, 1), 1, false},
     };
     QStringList due;
-    for (const Row &row : rows) {
+    for (const auto &row : rows) {
         machine(row.id, u"U%1"_s.arg(row.id));
         // Two services of one machine are one row.
         for (int twice = 0; twice < 2; ++twice)
