@@ -60,15 +60,13 @@ void applyTo(QWidget *control)
 {
     if (auto *link = qobject_cast<input::LinkLabel *>(control)) {
         link->setFont(labelFont());
-    } else if (qobject_cast<QLabel *>(control)) {
+    } else if (qobject_cast<QLabel *>(control) || qobject_cast<QCheckBox *>(control) ||
+               qobject_cast<QRadioButton *>(control)) {
         control->setFont(labelFont());
         setForeground(control, mainColor());
     } else if (qobject_cast<QPushButton *>(control) || qobject_cast<QToolButton *>(control)) {
         control->setFont(buttonFont());
         setBackground(control, QPalette::Button, panelColor());
-    } else if (qobject_cast<QCheckBox *>(control) || qobject_cast<QRadioButton *>(control)) {
-        control->setFont(labelFont());
-        setForeground(control, mainColor());
     } else if (auto *phone = qobject_cast<input::PhoneInput *>(control)) {
         phone->setFont(textFont());
         phone->setMaxLength(14);
