@@ -65,6 +65,7 @@ struct clsServicesManagerTest : test::Fleet
 TEST_F(clsServicesManagerTest, EveryFieldComesBackFromBothStores)
 {
     clsServices service = everyFieldDifferent();
+    ASSERT_NE(service.Dece, service.Jan);
     ASSERT_TRUE(manager.SaveRecord(service, Mode::Add, ServiceStore::Catalogue));
     EXPECT_EQ(stored(ServiceStore::Catalogue, 55), service);
     service.Name = u"Grease"_s;
@@ -79,6 +80,8 @@ TEST_F(clsServicesManagerTest, EveryFieldComesBackFromBothStores)
                                     .NextScheduledCount = 7,
                                     .Inactive = 1}));
     EXPECT_EQ(stored(ServiceStore::Assigned, service.ServiceID), service);
+    const db::Recordset row = manager.GetServiceInfo(service.ServiceID, ServiceStore::Assigned);
+    EXPECT_EQ(AssignedService::fromRow(row.row(0)).NextScheduledCount, 7);
     EXPECT_EQ(
         found(u"Select NextScheduledDate, NextScheduledCount, Inactive from tblServiceUsed"_s),
         u"4/1/2024|7|1");

@@ -206,7 +206,7 @@ TEST_F(PostWorkOrder, HoldsBackWhatWaitsForACountAndPostsTheOthers)
     orderService(ready, {{u"Period"_s, u"C"_s}});
     const qint64 elsewhere = completeOrder();
     const qint64 opened = order();
-    QList<qint64> orders{skipped, 4711, opened, ready, counted};
+    QList<qint64> orders{skipped, 4711, opened, ready, counted, 4711};
     prompts.say(u"Following Work Orders (%1, %2) aren't posted. Enter counts for these Work "
                 "Orders."_s.arg(counted)
                     .arg(skipped));

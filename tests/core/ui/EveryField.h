@@ -82,6 +82,7 @@ inline void expectEveryFieldIsSaved(const ScreenDriver &screen, const QString &t
             values.insert(column.toString(), base::toText(rows.row(0)[column]));
         return values;
     };
+    EXPECT_FALSE(columns.empty());
     const PatientUser agreeing;
     const QMap<QString, QString> before = row();
     QMap<QString, QString> left;
