@@ -94,6 +94,43 @@ qint64 product(qint64 units, double factor, qint64 step)
     return narrowed(divided(exact, powerOfTen(-decimal.exponent) * step) * step);
 }
 
+constexpr std::array PowersOfTen{1.0, 10.0, 100.0, 1000.0, 10000.0};
+/// Up to here a value times a power of ten is far finer than what is asked of it.
+constexpr double LargestQuick = 1e10;
+
+/// The value times a power of ten in whole numbers, halves away from zero, without a look at its
+/// digits; nothing where these might decide.
+std::optional<qint64> quicklyRounded(double value, int decimals)
+{
+    constexpr double Edge = 1e-4;
+    if (decimals < 0 || decimals >= static_cast<int>(PowersOfTen.size()))
+        return std::nullopt;
+    const double scaled = value * PowersOfTen[static_cast<std::size_t>(decimals)];
+    if (!(std::abs(scaled) < LargestQuick) || std::abs(scaled - std::floor(scaled) - 0.5) < Edge)
+        return std::nullopt;
+    return std::llround(scaled);
+}
+
+/// The value in ten-thousandths, where it has no more decimals than four.
+std::optional<qint64> tenThousandths(double value)
+{
+    const double scaled = value * PowersOfTen.back();
+    const double whole = std::nearbyint(scaled);
+    // The nearest binary number to such a decimal, scaled, is off by no more than this.
+    if (!(std::abs(whole) < LargestQuick) || std::abs(scaled - whole) > 4.5e-16 * std::abs(whole))
+        return std::nullopt;
+    return static_cast<qint64>(whole);
+}
+
+/// A number that has been scaled, in digits.
+QString inDigits(qint64 whole, int decimals)
+{
+    QString text = QString::number(std::abs(whole)).rightJustified(decimals + 1, u'0');
+    if (decimals > 0)
+        text.insert(text.size() - decimals, u'.');
+    return whole < 0 ? u'-' + text : text;
+}
+
 /// The nearest binary number to a decimal that has so many decimals.
 double nearest(double value, int decimals)
 {
@@ -107,6 +144,8 @@ QString fixedDecimals(double value, int decimals)
     decimals = std::max(0, decimals);
     if (!std::isfinite(value))
         return QString::number(value);
+    if (const std::optional<qint64> whole = quicklyRounded(value, decimals))
+        return inDigits(*whole, decimals);
     const Decimal decimal(value);
     const int dropped = -decimal.exponent - decimals;
     QString text;
@@ -123,32 +162,12 @@ QString fixedDecimals(double value, int decimals)
     return value < 0 && !zero ? u'-' + text : text;
 }
 
-namespace {
-
-/// The same without a look at the digits, which only matter where a value lies on the edge.
-std::optional<double> quicklyRounded(double value, int decimals)
-{
-    constexpr std::array powers{1.0, 10.0, 100.0, 1000.0, 10000.0};
-    constexpr double Largest = 1e10; // up to which the scaled value is far finer than the edge
-    constexpr double Edge = 1e-4;
-    if (decimals < 0 || decimals >= static_cast<int>(powers.size()))
-        return std::nullopt;
-    const double power = powers[static_cast<std::size_t>(decimals)];
-    const double scaled = value * power;
-    if (std::abs(scaled) > Largest || std::abs(scaled - std::floor(scaled) - 0.5) < Edge)
-        return std::nullopt;
-    const double whole = std::nearbyint(scaled);
-    return whole == 0 ? 0 : whole / power;
-}
-
-} // namespace
-
 double roundedDecimals(double value, int decimals)
 {
     if (!std::isfinite(value))
         return value;
-    if (const std::optional<double> quick = quicklyRounded(value, decimals))
-        return *quick;
+    if (const std::optional<qint64> whole = quicklyRounded(value, decimals))
+        return static_cast<double>(*whole) / PowersOfTen[static_cast<std::size_t>(decimals)];
     if (decimals >= 0)
         return decimals > 300 ? value : fixedDecimals(value, decimals).toDouble();
     if (decimals < -300)
@@ -162,6 +181,10 @@ double decimalSum(double left, double right)
     const double sum = left + right;
     if (!std::isfinite(sum) || (left == std::trunc(left) && right == std::trunc(right)))
         return sum;
+    const std::optional<qint64> first = tenThousandths(left);
+    const std::optional<qint64> second = tenThousandths(right);
+    if (first && second)
+        return static_cast<double>(*first + *second) / PowersOfTen.back();
     const int decimals = std::max(Decimal(left).decimals(), Decimal(right).decimals());
     return decimals > 30 ? sum : nearest(sum, decimals);
 }
