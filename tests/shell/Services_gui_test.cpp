@@ -241,7 +241,7 @@ TEST_F(Services, TheUpdateSiteIsAskedAndOnlyTheWebIsOpened)
         return test::HttpServer::page("<a><QUORVANTIS>" + offer + "</QUORVANTIS></a>");
     };
     const QString failed = u"The latest version could not be looked up. "_s;
-    const struct
+    struct Case
     {
         QByteArray answer;
         QList<std::pair<QString, Icon>> told;

@@ -149,7 +149,7 @@ TEST_F(Setup, ThePaperOfReportsIsTheWorkstationsOwn)
 
 TEST_F(Setup, TheRuleOfCopiesHasItsPage)
 {
-    const QString folder = session.environment.folder();
+    const QString folder = environment.folder();
     QDir().mkpath(copies::startCopiesFolder());
     test::writeFile(copies::startCopiesFolder() + u'/' + copies::nameOfDay({2024, 3, 14}), "a day");
     frmSetup opened;
