@@ -89,6 +89,7 @@ struct ReportTransport
     /// Mailbox for reports from the user's own mail program.
     QString mailbox;
 };
+/// The way that the application has set at its start; all of it empty before.
 const ReportTransport &reportTransport();
 void setReportTransport(ReportTransport transport);
 

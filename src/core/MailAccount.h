@@ -8,6 +8,8 @@
 /// all workstations share; the password is each user's own secret (core/Secrets.h).
 namespace mailing {
 
+/// The options that hold the account, by the fields of the set-up screen. The password's is one of
+/// the workstation, and sealed.
 inline const QString ServerOption = QStringLiteral("MAIL SERVER");
 inline const QString PortOption = QStringLiteral("MAIL PORT");
 inline const QString SecurityOption = QStringLiteral("MAIL SECURITY");

@@ -31,6 +31,8 @@ template<class Record>
     return record;
 }
 
+/// Adds or changes the record by its mode (see save). False when that failed, which has been
+/// reported then. Inside a whole the error goes on to who holds the whole.
 template<class Record>
 [[nodiscard]] bool saveRecord(const MasterTable<Record> &master, const Record &record, Mode mode,
                               const std::optional<Record> &shown)
@@ -42,6 +44,8 @@ template<class Record>
     });
 }
 
+/// Deletes the row of a key; one that is gone already counts as deleted. False when that failed,
+/// reported as above. Who refers to the row is asked before.
 template<class Record>
 [[nodiscard]] bool deleteRecord(const MasterTable<Record> &master, qint64 id)
 {

@@ -32,7 +32,7 @@ struct Opening
     const char *boardCaption = ""; ///< its link there, unlike all others
     int boardPlace = 0;            ///< its place there, from 1
 
-    // How a row says the rest.
+    // How a row says the rest: the functions give the row with what they add.
     [[nodiscard]] constexpr Opening opens(const char *procedure, bool Rights::*needed = nullptr,
                                           Mode shown = Mode::Browse) const
     {

@@ -113,6 +113,7 @@ Record load(const db::Row &row, std::span<const Field<Record>> fields)
 [[nodiscard]] QString updateStatement(QStringView table, std::span<const QStringView> columns,
                                       QStringView key);
 
+/// The columns of a table of fields, in their order.
 template<class Record>
 std::vector<QStringView> columns(std::span<const Field<Record>> fields)
 {

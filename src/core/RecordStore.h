@@ -17,6 +17,7 @@ namespace record {
 /// Which connection a table lives on.
 enum class Store { Data, Lookup };
 
+/// The open connection of a store. Only for who knows that a database is open: it checks nothing.
 [[nodiscard]] inline db::Connection &connection(Store store)
 {
     return store == Store::Data ? *gcnData : *gcnLookup;

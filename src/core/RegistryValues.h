@@ -7,6 +7,7 @@
 
 /// The program's version, dotted.
 [[nodiscard]] QString GetVersionNo();
+/// A value of the product, and of its maker; "" where the installation lacks it.
 [[nodiscard]] QString GetRegistryValue(const QString &Name);
 void SetRegistryValue(const QString &Name, const QString &Value);
 [[nodiscard]] QString GetMakerRegistryValue(const QString &Name);

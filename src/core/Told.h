@@ -26,6 +26,7 @@ public:
 
     /// What was told so far, in its order.
     [[nodiscard]] const QStringList &sentences() const { return m_sentences; }
+    /// Keeps a sentence; called by the procedures above.
     void hear(const QString &sentence) { m_sentences.append(sentence); }
 
 private:

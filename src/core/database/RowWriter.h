@@ -11,6 +11,7 @@ namespace company {
 class Batch
 {
 public:
+    /// Begins the first transaction. Raises DbError, as all that follows.
     explicit Batch(db::Connection &connection);
     /// Rolls back what commit() has not made permanent.
     ~Batch();
@@ -20,6 +21,7 @@ public:
     [[nodiscard]] db::Connection &connection() { return m_connection; }
     /// Counts one statement, and begins the next transaction after some thousand.
     void count();
+    /// Makes the last transaction permanent; the earlier ones are already.
     void commit();
 
 private:

@@ -59,6 +59,10 @@ protected:
         QVariant shown{}; ///< what the control held once it showed the record
     };
 
+    /// How a control of each kind holds a value. Trimmed: without the blanks around it; number: as
+    /// a number, an empty box as 0; quantity: the same, shown with two decimals; id as text: the id
+    /// of a list's item, kept as text; text: the item's own text. ticked is the number that a tick
+    /// stands for.
     static Entry entryOf(QLineEdit *box);
     static Entry trimmedEntryOf(QLineEdit *box);
     static Entry entryOf(QPlainTextEdit *box);
@@ -77,6 +81,8 @@ protected:
 
     /// Shows a value in one control, and remembers how it looks there.
     static void display(Entry &entry, const QVariant &value);
+    /// Empties one control. Whatever it holds counts as changed then, since a new record has no
+    /// shown value to differ from.
     static void empty(Entry &entry);
     /// The place of a column among the entries, nothing when it is not bound.
     [[nodiscard]] virtual int indexOf(const QString &column) const = 0;
@@ -93,6 +99,7 @@ public:
         : m_fields(fields)
     {}
 
+    /// Each binds one control to one member. Of the texts, add keeps them as they were typed.
     void add(QLineEdit *box, QString Record::*member) { push(entryOf(box), member); }
     /// Blanks around the text are not stored.
     void addTrimmed(QLineEdit *box, QString Record::*member) { push(trimmedEntryOf(box), member); }

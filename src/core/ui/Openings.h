@@ -46,6 +46,7 @@ public:
             }
         });
     }
+    /// Whether there is a function behind a name, whatever the user's rights.
     [[nodiscard]] bool isJoined(QStringView name) const;
     /// Opens it, and comes back when it is closed. False when nobody has joined it, when the user
     /// lacks its right and has been told so, and when its function answers so: a report did not

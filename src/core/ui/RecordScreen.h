@@ -39,6 +39,7 @@ protected:
     /// The rows to move through, with the cursor at a place as seen from the row of this key: the
     /// first row when there is no such row. They hold at least the row and its neighbours.
     [[nodiscard]] virtual db::Recordset rowsAt(Place place, const QVariant &key);
+    /// The column of the rows by whose value a row is found again.
     [[nodiscard]] virtual QString keyColumn() const = 0;
     /// Shows a row in the controls. Runs under Displaying, so that nothing counts as an edit.
     virtual void DisplayData(const db::Row &row) = 0;
@@ -48,6 +49,8 @@ protected:
     virtual void prepareNewRecord() {}
     /// The checks of a save. A failed one tells the user, sets the focus, and answers False.
     [[nodiscard]] virtual bool VailidateFields() = 0;
+    /// Deletes the row of a key, which has been asked about and is used by nothing. False, or an
+    /// error, when it stays.
     [[nodiscard]] virtual bool deleteRecord(const QVariant &key) = 0;
     /// The word for what uses the record, empty when it may go.
     [[nodiscard]] virtual QString usedBy(const QVariant &key) const;
@@ -88,9 +91,13 @@ protected:
     [[nodiscard]] QVariant currentKey() const;
     /// The rows read again and the row of this key shown, the first when it isn't there.
     void RefreshRecordSet(const QVariant &key = {});
+    /// Shows another row: by place, or by its number among the rows. Without such a row nothing
+    /// happens.
     void goTo(Place place);
     void moveTo(int row);
     void EnableControls() override;
+    /// Lets the buttons of navigation follow the place of the current row; all are off while a
+    /// record is edited.
     void NavigationControls();
     bool mayClose() override { return mode() == Mode::Browse; }
     /// True when the user may change what the screen shows now.
@@ -101,6 +108,10 @@ protected:
     /// about first. No puts the stored name back and answers False.
     [[nodiscard]] bool confirmMassChange(QLineEdit *field, const QString &storedName);
 
+    /// What the buttons do. Save does nothing while a field that is being typed into or a check
+    /// refuses, and keeps the mode when the record could not be stored. Cancel shows the row as it
+    /// was read, and reads it again when it is known to be another one by now. Delete asks first,
+    /// and tells what uses a record that has to stay.
     virtual void cmdAdd_Click();
     virtual void cmdUpdate_Click();
     virtual void cmdCancel_Click();
