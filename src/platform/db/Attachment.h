@@ -35,6 +35,8 @@ public:
     Transaction(Transaction &&) noexcept = default;
     Transaction &operator=(Transaction &&other) noexcept;
 
+    /// A commit that fails raises DbError and leaves the transaction open. After rollback it is
+    /// over, whatever the engine answered.
     void commit();
     void rollback();
     [[nodiscard]] Firebird::ITransaction *get() const { return m_transaction.get(); }
@@ -51,6 +53,8 @@ class Attachment
 public:
     enum class Disposition { Existing, Create };
 
+    /// Opens the database, or makes the file. Sets forced writes as the target says, since a copied
+    /// file may have come with another setting. Raises DbError, as all that follows.
     explicit Attachment(const Target &target, Disposition disposition = Disposition::Existing);
     ~Attachment();
     Attachment(const Attachment &) = delete;

@@ -59,6 +59,9 @@ public:
     qint64 Insert(const QString &statement, const QVariantList &parameters,
                   const QString &keyColumn);
 
+    /// The transaction of this connection, one at a time: Begin raises WrongTransactionState while
+    /// one is open, the others when none is. A commit that failed leaves it open, a rollback ends
+    /// it in any case.
     void BeginTrans();
     void CommitTrans();
     void RollbackTrans();

@@ -51,6 +51,7 @@ public:
     }
     ~Ref() { reset(); }
 
+    /// Gives up the count that is held, and takes over that of another object.
     void reset(T *object = nullptr)
     {
         if (T *former = std::exchange(m_object, object))
@@ -82,9 +83,12 @@ public:
     ParameterBlock(const ParameterBlock &) = delete;
     ParameterBlock &operator=(const ParameterBlock &) = delete;
 
+    /// An entry of the block: a bare tag, or one with a number or a text (sent as UTF-8). Raise
+    /// DbError.
     void tag(unsigned char tag);
     void number(unsigned char tag, int value);
     void text(unsigned char tag, const QString &value);
+    /// The bytes of all entries so far, which belong to this object.
     [[nodiscard]] unsigned length();
     [[nodiscard]] const unsigned char *data();
 

@@ -32,6 +32,7 @@ struct Field
     [[nodiscard]] qint64 divisor() const;
 };
 
+/// The fields of a message, in their order. Raises DbError.
 [[nodiscard]] std::vector<Field> fieldsOf(Firebird::IMessageMetadata *metadata, Status &status);
 
 /// Where blobs are read and written.
@@ -52,6 +53,7 @@ inline constexpr qint64 epochDay = 40587;
 /// The engine counts a day's time in ten-thousandths of a second.
 inline constexpr qint64 unitsPerMillisecond = 10;
 
+/// A value in a message's bytes, read and written as a copy: the bytes are no object of its type.
 template<class T>
 [[nodiscard]] T load(const unsigned char *place)
 {

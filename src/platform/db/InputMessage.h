@@ -36,6 +36,7 @@ private:
     };
 
     [[nodiscard]] static Bound bound(const QVariant &value);
+    /// changed: set when the message has to be laid out anew.
     [[nodiscard]] bool chooseField(std::size_t parameter, const QVariant &value, bool &changed);
     void rebuild();
     void write(std::size_t parameter, const QVariant &value, const Context &context);

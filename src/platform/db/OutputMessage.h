@@ -19,6 +19,8 @@ public:
     [[nodiscard]] Firebird::IMessageMetadata *metadata() const { return m_metadata.get(); }
     [[nodiscard]] void *buffer() { return m_buffer.data(); }
     [[nodiscard]] const std::shared_ptr<const RowLayout> &layout() const { return m_layout; }
+    /// For a name of the dialect that the engine could not carry. Rows that were fetched before
+    /// keep the former one.
     void renameColumn(int column, const QString &name);
 
     /// Appends the row in the message to rows of this layout.

@@ -73,12 +73,15 @@ public:
     /// The texts of a column as UTF-8, empty for Null; nothing when it isn't one of texts. For
     /// going through many rows.
     [[nodiscard]] std::optional<std::string_view> utf8(int row, int column) const;
+    /// The row of a number from 0; raises base::Error NoCurrentRow when there is none.
     [[nodiscard]] Row row(int index) const;
 
     // The cursor. A recordset opens on its first row; beyond the last row IsEOF is true, before
     // the first IsBOF, and an empty one is both.
     void MoveFirst() { m_position = 0; }
     void MoveLast() { m_position = RecordCount() - 1; }
+    /// One step beyond the rows is a move too; from there they raise base::Error NoCurrentRow.
+    /// MoveTo takes any number, and whether a row is there shows only in current().
     void MoveNext();
     void MovePrevious();
     void MoveTo(int row) { m_position = row; }

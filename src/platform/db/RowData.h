@@ -81,6 +81,8 @@ public:
     /// The first column of that name in any case, -1 when there is none.
     [[nodiscard]] int columnIndex(QStringView name) const { return m_layout->columnIndex(name); }
 
+    /// The values, each by the storage of its column; Null reads as 0 or empty there. None of these
+    /// checks its numbers: they are asked for each cell of a hundred thousand rows.
     [[nodiscard]] bool isNull(int row, int column) const;
     [[nodiscard]] qint64 integer(int row, int column) const
     {
@@ -94,6 +96,7 @@ public:
     {
         return m_columns[column].blobs[row];
     }
+    /// The value as a recordset gives it, an invalid QVariant for Null.
     [[nodiscard]] QVariant value(int row, int column) const;
 
 private:

@@ -21,6 +21,7 @@ public:
 
     [[nodiscard]] bool hasRows() const { return m_hasRows; }
     [[nodiscard]] std::size_t parameterCount() const { return m_input.count(); }
+    /// Gives a result column the name that the engine could not carry.
     void renameColumn(int column, const QString &name) { m_output.renameColumn(column, name); }
 
     /// Sets the parameters; see InputMessage::bind.

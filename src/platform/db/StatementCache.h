@@ -55,6 +55,7 @@ public:
     [[nodiscard]] Shape *find(const QString &key);
     /// Adds a plan to a shape of this cache.
     CachedPlan &add(Shape &shape, std::unique_ptr<CachedPlan> plan);
+    /// Forgets all plans: they hold only as long as the tables that they were made for.
     void clear();
     [[nodiscard]] int planCount() const { return m_planCount; }
 
@@ -64,6 +65,8 @@ private:
         QString key;
         Shape shape;
     };
+    /// Drops the shapes that have not been used for longest until there is room for a plan, but
+    /// never the kept one.
     void makeRoom(const Shape &kept);
 
     std::list<Entry> m_entries; ///< the latest used first
