@@ -143,6 +143,7 @@ QString DefinitionWriter::typeText(const ColumnDefinition &column, bool key) con
     if (column.type.kind == ColumnKind::Date && column.defaultValue &&
         equalNames(column.defaultValue->text, u"date"))
         return QString::fromUtf16(EngineTypes::DateToday);
+    // The engine can index no longer text.
     if (key && column.type.kind == ColumnKind::Text)
         return u"VARCHAR(%1)"_s.arg(std::min(column.type.length, EngineTypes::MaximumKeyLength));
     return column.type.engineType;
@@ -235,6 +236,7 @@ void DefinitionWriter::createTable()
             raise(u"the column \"%1\" stands twice."_s.arg(column.name));
         names.insert(column.name.toString().toLower());
         ColumnDefinition written = column;
+        // The engine wants NOT NULL at the columns of a primary key.
         for (const KeyDefinition &key : m_definition.keys) {
             const bool part = std::ranges::any_of(key.columns, [&](const IndexColumn &keyColumn) {
                 return equalNames(keyColumn.name, column.name);
@@ -322,6 +324,7 @@ void DefinitionWriter::alterColumn()
     }
     const bool wasYesNo = present.kind == ColumnKind::YesNo;
     const bool becomesYesNo = wanted.type.kind == ColumnKind::YesNo;
+    // The trigger would go on writing -1 and 0 into it.
     if (wasYesNo && !becomesYesNo)
         replaceYesNoTrigger(yesNoColumns({}), yesNoColumns(present.name));
     const bool becomesMemo =
@@ -339,6 +342,7 @@ void DefinitionWriter::alterColumn()
         std::vector<QString> yesNo = yesNoColumns({});
         yesNo.push_back(present.name);
         m_statements.push_back(EngineTypes::yesNoTrigger(table().name, yesNo));
+        // Writes each row once, so that the trigger brings it to -1 or 0.
         m_statements.push_back(u"UPDATE "_s + quotedName(table().name) + u" SET "_s +
                                quotedName(present.name) + u" = "_s + quotedName(present.name));
     }
@@ -370,6 +374,7 @@ void DefinitionWriter::replaceColumn(const Column &present, const ColumnDefiniti
 void DefinitionWriter::dropColumn()
 {
     const Column &dropped = column(m_definition.name);
+    // The engine drops no column that a trigger still names.
     if (dropped.kind == ColumnKind::YesNo)
         replaceYesNoTrigger(yesNoColumns({}), yesNoColumns(dropped.name));
     m_statements.push_back(alterTable() + u"DROP "_s + quotedName(dropped.name));

@@ -128,13 +128,17 @@ public:
     Token next();
 
 private:
+    /// A token of each kind, from the present place on. They raise a syntax error for what has no
+    /// end and for characters without a meaning.
     Token scan();
     Token scanWord();
     Token scanNumber();
     Token scanQuoted(char16_t quote, TokenKind kind);
     Token scanBracket();
     Token symbol(TokenKind kind, qsizetype length);
+    /// True when the "[" at this place opens a derived table, and not a name.
     [[nodiscard]] bool opensQuery() const;
+    /// The character so many places ahead; 0 beyond the end.
     [[nodiscard]] char16_t peek(qsizetype ahead = 0) const;
 
     QStringView m_statement;

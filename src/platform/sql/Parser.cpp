@@ -90,6 +90,7 @@ Statement Parser::parseStatement()
 
 const Token &Parser::peek(int ahead) const
 {
+    // Looking beyond the end finds the last token again, which is End.
     const std::size_t at = m_position + static_cast<std::size_t>(ahead);
     return at < m_tokens.size() ? m_tokens[at] : m_tokens.back();
 }

@@ -99,6 +99,7 @@ std::unique_ptr<Change> Parser::parseInsert()
     take();
     accept(Keyword::Into);
     change->target = parseTarget(false);
+    // A list of columns, or the query itself in parentheses.
     if (at(TokenKind::LeftParenthesis) && peek(1).keyword != Keyword::Select) {
         take();
         do {
@@ -198,6 +199,7 @@ void Parser::parseCreateIndex(Definition &definition)
         definition.primary = true;
         return;
     }
+    // What is said of Null is read over: the engine has no such setting for an index.
     const bool ignore = acceptWord(u"ignore");
     if (ignore && acceptWord(u"zero"))
         definition.ignoreZero = true;

@@ -210,6 +210,7 @@ ExpressionPointer Parser::parseUnary()
     ExpressionPointer value = parsePower();
     if (!negative)
         return value;
+    // A negative number stays one literal, which can be lifted like any other.
     const bool number = value->kind == Kind::Literal && (value->token.kind == TokenKind::Integer ||
                                                          value->token.kind == TokenKind::Real);
     if (number) {
@@ -278,6 +279,7 @@ ExpressionPointer Parser::parsePrimary()
 ExpressionPointer Parser::parseParenthesis()
 {
     const qsizetype position = take().begin;
+    // The parentheses need no node: the tree's shape keeps what they said.
     ExpressionPointer inner;
     if (at(Keyword::Select)) {
         inner = makeExpression(Kind::Scalar, position);
@@ -309,6 +311,7 @@ ExpressionPointer Parser::parseWord()
         take();
         return constant;
     }
+    // LEFT and RIGHT begin joins elsewhere.
     if (peek(1).kind == TokenKind::LeftParenthesis &&
         (atName() || token.keyword == Keyword::Left || token.keyword == Keyword::Right))
         return parseCall();
@@ -347,6 +350,7 @@ ExpressionPointer Parser::parseCall()
         return call;
     }
     call->operands = parseArguments();
+    // Switch takes pairs of a condition and a value.
     const auto count = static_cast<int>(call->operands.size());
     if (count < function->fewest || count > function->most ||
         (function->id == FunctionId::Switch && count % 2 != 0)) {

@@ -9,6 +9,7 @@ std::unique_ptr<Query> Parser::parseQuery()
     const Nesting nesting(*this);
     auto query = std::make_unique<Query>();
     for (;;) {
+        // Those around one select say nothing.
         int parentheses = 0;
         while (accept(TokenKind::LeftParenthesis))
             ++parentheses;
@@ -32,6 +33,7 @@ Select Parser::parseSelect()
         select.distinct = true;
     else
         accept(Keyword::All);
+    // A column may be called so: only a number behind it makes TOP a word of the grammar.
     if (at(Keyword::Top) && peek(1).kind == TokenKind::Integer) {
         take();
         select.top = take();
@@ -165,6 +167,7 @@ std::unique_ptr<Source> Parser::parseDerivedTable()
     source->position = peek().begin;
     const bool bracketed = take().kind == TokenKind::QueryOpen;
     source->derived = parseQuery();
+    // A query that was written on its own may bring its end along.
     accept(TokenKind::Semicolon);
     if (bracketed) {
         expect(TokenKind::QueryClose, u"\"]\" behind the query");

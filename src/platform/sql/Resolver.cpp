@@ -16,6 +16,7 @@ namespace {
 
 bool fitsEngine(QStringView name)
 {
+    // A character takes three bytes at most, so that hardly any name has to be converted.
     return name.size() * 3 <= EngineTypes::MaximumNameLength ||
            name.toUtf8().size() <= EngineTypes::MaximumNameLength;
 }
@@ -34,6 +35,7 @@ void Resolver::resolveChange(Change &change, StatementKind kind)
 {
     resolveSource(*change.target, {});
     const Scope target{nullptr, {change.target.get()}, nullptr};
+    // The values of an insert can name no column.
     const Scope nothing;
     for (Expression &column : change.columns)
         resolveName(column, target);
@@ -76,11 +78,13 @@ void Resolver::resolveQuery(Query &query, const Scope *outer, bool derived)
         if (i == 0)
             first = std::move(scope);
     }
+    // Who reads a column of a UNION meets the values of each of its selects.
     std::vector<OutputColumn> &output = query.selects.front().output;
     for (const Select &select : query.selects) {
         for (std::size_t i = 0; i < output.size(); ++i)
             output[i].kind = commonType(output[i].kind, select.output[i].kind);
     }
+    // The whole is sorted by what the first select calls its columns.
     for (OrderItem &item : query.orderBy)
         resolveOrder(item, query, first);
     markCompared(query);
@@ -113,6 +117,7 @@ void Resolver::resolveSelect(Select &select, Scope &scope, bool derived)
                 return !item.alias.isEmpty() && source->find(item.alias) >= 0;
             });
         });
+    // Not before all tables are known: a condition may name any of them.
     resolveJoinConditions(select.from, scope);
     resolveItems(select, scope);
     if (select.where)
@@ -179,6 +184,7 @@ void Resolver::nameSource(Source &source)
         return;
     }
     source.renamed = true;
+    // A name of our own where there is none, or none that is short enough for the engine.
     source.written = source.alias.isEmpty() || !fitsEngine(source.alias)
                          ? EngineTypes::quotedName(u"~Q%1"_s.arg(++m_madeNames))
                          : EngineTypes::quotedName(source.alias);
@@ -194,6 +200,7 @@ void Resolver::resolveItems(Select &select, const Scope &scope)
         if (select.sources.empty())
             raiseSyntaxError(u"\"*\" needs a FROM clause."_s, m_statement, item.position);
         if (item.kind == SelectItem::Kind::AllColumns) {
+            // The engine takes a bare star only where nothing else stands in the list.
             select.expanded = select.expanded || select.items.size() > 1;
             continue;
         }
@@ -247,6 +254,7 @@ void Resolver::makeOutput(Select &select, bool derived)
             else if (value.kind == Kind::Name)
                 column.name = value.source->columnName(value.column);
             else
+                // Queries around this one may refer to the value by that name.
                 column.name = u"Expr%1"_s.arg(1000 + unnamed++);
             if (value.kind == Kind::Name)
                 column.length = value.source->columnLength(value.column);
@@ -277,6 +285,7 @@ int Resolver::orderedOutput(const OrderItem &item, const Query &query, const Sco
         if (named != 0 && !columnCounts)
             return named;
     }
+    // Where only the output can be sorted by, a column goes by its place there.
     if (!column.source || column.ambiguous || !(onlyOutput || select.distinct))
         return 0;
     int ordinal = 0;

@@ -35,25 +35,38 @@ private:
         bool ambiguous = false;
     };
 
+    /// An insert, update or delete. An insert has to give as many values as it names columns.
     void resolveChange(Change &change, StatementKind kind);
+    /// The selects of a query, then its order. outer: what the selects around it know, null for
+    /// none. derived: it stands in a FROM clause, where the engine has to tell its columns apart.
     void resolveQuery(Query &query, const Scope *outer, bool derived);
     void resolveSelect(Select &select, Scope &scope, bool derived);
+    /// First all tables of the FROM clause, then the conditions, since a condition may name any of
+    /// them.
     void resolveJoins(JoinChain &chain, Scope &scope);
     void resolveJoinConditions(JoinChain &chain, const Scope &scope);
     void resolveSource(Source &source, const Scope &scope);
+    /// Decides how the engine's statement calls a table.
     void nameSource(Source &source);
+    /// The values and stars of the list; what the list gives then becomes the output.
     void resolveItems(Select &select, const Scope &scope);
     void makeOutput(Select &select, bool derived);
+    /// Finds out which selects compare their rows by what they give.
     static void markCompared(Query &query);
+    /// One item of ORDER BY: an output column by number or name, or an expression.
     void resolveOrder(OrderItem &item, Query &query, const Scope &scope);
+    /// The number, from 1, of the output column that an item means; 0 when it is an expression.
     [[nodiscard]] int orderedOutput(const OrderItem &item, const Query &query, const Scope &scope);
 
     void resolveExpression(Expression &expression, const Scope &scope);
     void resolveOperands(Expression &expression, const Scope &scope);
     void resolveName(Expression &name, const Scope &scope);
     void resolveCall(Expression &call, const Scope &scope);
+    /// A query that stands for a value, or that a condition asks.
     void resolveInQuery(Expression &expression, const Scope &scope);
+    /// Raises a type mismatch for a text in a sum that spells no number.
     void checkTextOperands(const Expression &chain);
+    /// The column of a name, looked for from the select outwards. Nothing is raised.
     [[nodiscard]] Found find(const Expression &name, const Scope &scope) const;
 
     QStringView m_statement;

@@ -74,6 +74,7 @@ ColumnKind typeByOperands(const Expression &call)
 Resolver::Found Resolver::find(const Expression &name, const Scope &scope) const
 {
     bool outside = false;
+    // The nearest select that has such a column counts, whatever those around it have.
     for (const Scope *around = &scope; around; around = around->outer) {
         Found found;
         found.outside = outside;
@@ -149,6 +150,7 @@ void Resolver::resolveExpression(Expression &expression, const Scope &scope)
         return;
     case Kind::Negate:
         resolveOperands(expression, scope);
+        // As 0 minus the operand: a negated Yes/No is a whole number.
         expression.type = isNumber(expression.operands.front()->type)
                               ? arithmeticType(Operator::Subtract, ColumnKind::Integer,
                                                expression.operands.front()->type)

@@ -47,6 +47,7 @@ struct Table
 class Schema
 {
 public:
+    /// Adds a table, in place of one of that name.
     void add(Table table);
     void clear() { m_tables.clear(); }
     /// The table of that name in any case, or null. The pointer holds until the schema changes.

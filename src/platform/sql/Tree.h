@@ -115,6 +115,8 @@ struct Source
     [[nodiscard]] int columnCount() const;
     /// The column's number, -1 when there is none of that name.
     [[nodiscard]] int find(QStringView column) const;
+    /// Of a column by its number: the name in the dialect, the one that the engine's statement has
+    /// to use, the kind, and the characters of a text. None of these checks the number.
     [[nodiscard]] const QString &columnName(int column) const;
     [[nodiscard]] const QString &writtenColumn(int column) const;
     [[nodiscard]] ColumnKind columnKind(int column) const;

@@ -4,6 +4,7 @@
 
 namespace sql {
 
+/// True for the kinds that are calculated with; Yes/No counts as its -1 or 0.
 [[nodiscard]] inline bool isNumber(ColumnKind kind)
 {
     return kind == ColumnKind::Integer || kind == ColumnKind::Real || kind == ColumnKind::Money ||

@@ -82,6 +82,7 @@ void Writer::writeSelect(const Select &select, const Change *insert)
     m_text += u"SELECT "_s;
     if (select.top) {
         m_text += u"FIRST "_s + select.top->text.toString() + u' ';
+        // The number stands in the text, so that the plan serves only statements with this one.
         m_plan.fixedLiterals.push_back(select.top->number);
     }
     if (select.distinct)
@@ -93,6 +94,7 @@ void Writer::writeSelect(const Select &select, const Change *insert)
         items = writeItems(select, insert);
     }
     m_text += u" FROM "_s;
+    // The engine wants a table, and its own one has a single row.
     if (select.from.empty())
         m_text += u"RDB$DATABASE"_s;
     else
@@ -227,6 +229,7 @@ qsizetype Writer::writeOutput(const Select &select, const SelectItem &item, std:
         wanted.length = insert->target->columnLength(column);
         if (value.isValue())
             wanted.kind = insert->target->columnKind(column);
+        // An amount that is too large has to be noticed before it is stored (see writeMoney).
         if (insert->target->columnKind(column) == ColumnKind::Money &&
             value.type == ColumnKind::Real && !value.isValue()) {
             writeMoney(value);
@@ -236,6 +239,7 @@ qsizetype Writer::writeOutput(const Select &select, const SelectItem &item, std:
     writeValue(value, wanted);
     const qsizetype end = m_text.size();
     const QString &name = select.output[output].written;
+    // The engine names a plain column by itself.
     const bool itsOwn = value.kind == Kind::Name && !(m_comparing && isMemo(value)) &&
                         value.source->writtenColumn(value.column) == name;
     if (!itsOwn && !insert)
@@ -339,6 +343,7 @@ void Writer::writeInsert(const Change &change)
     }
     for (const Expression &column : change.columns)
         columns.push_back(column.column);
+    // A default of the engine would go by its computer's clock instead of the program's.
     std::vector<int> today;
     for (int i = 0; i < target.columnCount(); ++i) {
         const auto &column = target.table->columns[static_cast<std::size_t>(i)];

@@ -118,6 +118,7 @@ void Writer::writeCondition(const Expression &condition)
         m_text += condition.negated ? u"1 = 0"_s : u"1 = 1"_s;
         return;
     case Kind::Null:
+        // Neither true nor false, as Null is.
         m_text += u"1 = CAST(NULL AS INTEGER)"_s;
         return;
     default:
@@ -147,6 +148,8 @@ void Writer::writeValue(const Expression &value, const Wanted &wanted)
         writeAdapted(value, wanted);
         return;
     }
+    // What is stored into a text column is left to the engine where it is a whole number: it writes
+    // that one as the dialect does.
     const bool toText = wanted.kind == ColumnKind::Text && value.type != ColumnKind::Text &&
                         value.type != ColumnKind::Unknown &&
                         (wanted.place != Place::Stored || value.type != ColumnKind::Integer);
@@ -253,6 +256,7 @@ void Writer::writeArithmetic(const Expression &chain)
                               u"Data type mismatch: a joined text can't be calculated with."_s);
         }
     }
+    // The last operation is the outermost.
     for (std::size_t i = count; i-- > 0;)
         m_text += frames[i].before;
     writeChainOperand(*chain.operands.front(), chain.operands[1]->type, chain.operators.front());
@@ -344,6 +348,7 @@ void Writer::writeBetween(const Expression &between)
     const Expression &value = *between.operands[0];
     const Expression &lower = *between.operands[1];
     const Expression &upper = *between.operands[2];
+    // A bound that has a type of its own says how the value is read.
     writeValue(value, comparedWith(lower.isValue() ? upper : lower, value));
     m_text += between.negated ? u" NOT BETWEEN "_s : u" BETWEEN "_s;
     writeValue(lower, comparedWith(value, lower));

@@ -173,6 +173,7 @@ void Writer::writeConversion(const Expression &call)
     case FunctionId::CDate:
         if (!isNumber(value.type))
             return writeAround(u"CAST(", value, ColumnKind::Date, u" AS TIMESTAMP)");
+        // A number counts the days from the zero date.
         m_text += u'(' + zeroDate.toString();
         return writeAround(u" + ", value, ColumnKind::Real, u")");
     case FunctionId::CInt:
@@ -190,6 +191,7 @@ void Writer::writeConversion(const Expression &call)
             return writeRoundedToEven(value);
         return writeList(u"ROUND(", call, {ColumnKind::Real, ColumnKind::Integer});
     case FunctionId::Val:
+        // The number with which the text begins; 0 when it begins with none.
         return writeAround(u"CAST(COALESCE(NULLIF(SUBSTRING(TRIM(", value, ColumnKind::Text,
                            u") SIMILAR '\\\"[+\\-]?[0-9]*(.[0-9]*)?\\\"%' ESCAPE '\\'), ''), '0') "
                            "AS DOUBLE PRECISION)");
@@ -212,6 +214,7 @@ void Writer::writeList(QStringView before, const Expression &call,
 
 void Writer::writeTimeOfDay()
 {
+    // A time alone stands on the zero date.
     m_text += u"DATEADD(SECOND, DATEDIFF(SECOND FROM "_s;
     writeMoment(Slot::Source::Today);
     m_text += u" TO "_s;
@@ -221,6 +224,7 @@ void Writer::writeTimeOfDay()
 
 void Writer::writeDateSerial(const Expression &call)
 {
+    // Added one by one, so that month 13 and day 0 reach into the neighbouring year and month.
     m_text += u"DATEADD(DAY, "_s;
     writeAround({}, *call.operands[2], ColumnKind::Integer, u" - 1, DATEADD(MONTH, ");
     writeAround({}, *call.operands[1], ColumnKind::Integer, u" - 1, DATEADD(YEAR, ");
@@ -238,6 +242,7 @@ void Writer::writeNamedPart(const Expression &call)
     if (name == u"q")
         return writeAround(u"((EXTRACT(MONTH FROM ", date, ColumnKind::Date, u") + 2) / 3)");
     if (name == u"y")
+        // The engine counts the days of a year from 0.
         return writeAround(u"(EXTRACT(YEARDAY FROM ", date, ColumnKind::Date, u") + 1)");
     const Interval *interval = findInterval(name);
     if (!interval || name == u"ww")
@@ -275,6 +280,7 @@ void Writer::writeCStr(const Expression &value)
         return;
     }
     if (value.type == ColumnKind::Money) {
+        // The engine writes all four decimals.
         m_text += u"TRIM(TRAILING '.' FROM TRIM(TRAILING '0' FROM CAST("_s;
         writeNatural(value);
         m_text += u" AS VARCHAR(24))))"_s;
@@ -353,6 +359,7 @@ void Writer::writeDatePart(const Expression &value, QStringView part)
 {
     const bool ofTime = part == u"HOUR" || part == u"MINUTE" || part == u"SECOND";
     const bool text = value.type == ColumnKind::Text && !value.isValue();
+    // The engine's seconds have a fraction.
     const bool whole = part == u"SECOND";
     m_text += whole ? u"CAST(FLOOR(EXTRACT("_s : u"EXTRACT("_s;
     m_text += part;
@@ -388,6 +395,7 @@ void Writer::writeDateDiff(const Expression &call)
         writeValue(operand, date);
         m_text += u") / "_s + QString::number(interval->units) + u')';
     };
+    // Whole weeks, on whatever day they begin; "ww" counts Sundays.
     if (interval->name == u"w") {
         m_text += u'(';
         difference(u"DAY");
@@ -450,6 +458,7 @@ void Writer::writeInStr(const Expression &call)
 {
     const bool starts = call.operands.size() == 3;
     const std::size_t text = starts ? 1 : 0;
+    // The engine asks for what is looked for before the text.
     writeAround(u"POSITION(", *call.operands[text + 1], ColumnKind::Text, u", ");
     writeText(*call.operands[text]);
     if (starts)

@@ -106,9 +106,12 @@ void Writer::writeAdapted(const Expression &value, const Wanted &wanted)
             const ColumnKind kind = rounds ? adapted.kind : ColumnKind::Real;
             const bool number = value.kind == Kind::Literal && isNumberToken(value.token) &&
                                 isNumber(kind) && kind != ColumnKind::YesNo;
+            // The number is written as it is, but one that no amount can be is refused.
             if (number && kind == ColumnKind::Money && adapted.place != Place::Compared)
                 static_cast<void>(converted(*known, kind));
             QVariant shown = number ? *known : converted(*known, kind);
+            // A text is as unequal with one character too many as with a hundred (see
+            // Slot::length).
             if (adapted.place == Place::Compared && adapted.length > 0 &&
                 adapted.length < MemoLength && shown.typeId() == QMetaType::QString)
                 shown = shown.toString().left(adapted.length + 1);
