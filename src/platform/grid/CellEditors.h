@@ -26,6 +26,7 @@ class DateCellEditor final : public TextCellEditor
 public:
     DateCellEditor(const Column &column, QWidget *parent);
 
+    /// Opens the calendar below the box, at the date that it holds or, without one, at today.
     void showCalendar();
 
 Q_SIGNALS:

@@ -58,6 +58,8 @@ public:
     void forgetCells();
     /// Drops those of a row, by its slot.
     void forgetCells(int slot);
+    /// What is kept for quick searching, and the texts of the choices, are made again when they are
+    /// next asked for.
     void forgetSearches();
     void forgetChoiceTexts();
 

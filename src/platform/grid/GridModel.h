@@ -130,9 +130,12 @@ public:
     /// True for a cell with a hyperlink: of a link column, not empty, and in a tree not one of the
     /// topmost rows, which are headings.
     [[nodiscard]] bool isLink(int row, int column) const;
+    /// Value and text by the place of the column, for painting.
     [[nodiscard]] QVariant valueAt(int row, int column) const;
     [[nodiscard]] QString textAt(int row, int column) const;
 
+    /// Between a row's number and its place in the view: the index of a cell, and the number of an
+    /// index.
     [[nodiscard]] QModelIndex indexOf(int row, int column = 0) const;
     /// -1 for an invalid index.
     [[nodiscard]] int rowOf(const QModelIndex &index) const;

@@ -31,6 +31,8 @@ public:
     [[nodiscard]] QString currentColumn() const;
     /// Makes a row current and scrolls to it; -1 as clearCurrent.
     void selectRow(int row);
+    /// Makes a cell current; nothing happens when there is none such. clearCurrent leaves the grid
+    /// without a current row.
     void selectCell(int row, QStringView column);
     void clearCurrent();
     [[nodiscard]] QList<int> displayedOrder() const { return m_rows->displayedOrder(); }
@@ -47,7 +49,7 @@ public:
     /// before. A refused value keeps the editor open on what the cell then holds.
     void setVerticalEntry(QStringView column);
 
-    /// Tree rows.
+    /// Shows or hides the rows below a row of a tree.
     void setRowExpanded(int row, bool expanded);
     [[nodiscard]] bool isRowExpanded(int row) const;
 
@@ -67,6 +69,7 @@ public:
     using QTreeView::edit;
 
 Q_SIGNALS:
+    /// Another row is current, whoever made it so; -1 for none.
     void currentRowChanged(int row);
     /// A double click on a row, or Enter.
     void rowActivated(int row);
