@@ -15,6 +15,7 @@ public:
     explicit CurrencyInput(QWidget *parent = nullptr);
 
     [[nodiscard]] double value() const;
+    /// Shows an amount with two decimals.
     void setValue(double value);
     void setNegativeAllowed(bool allowed) { m_negativeAllowed = allowed; }
     /// Whether the box may stay empty (it may unless set); otherwise leaving it empty gives 0.00.

@@ -60,6 +60,8 @@ public:
     QLineEdit *passwordField(const QString &name, const QString &label, int maxLength = 0);
     /// A line of text that takes digits only.
     QLineEdit *digitsField(const QString &name, const QString &label, int maxLength = 0);
+    /// A field of each kind of input; name becomes the object name, label its caption with "&"
+    /// before the key.
     CurrencyInput *currencyField(const QString &name, const QString &label);
     DateInput *dateField(const QString &name, const QString &label);
     TimeInput *timeField(const QString &name, const QString &label);
@@ -95,6 +97,8 @@ public:
 
     // --- Structure ---------------------------------------------------------------------------
 
+    /// A box with a title around all that is made up to endGroup; it can hold columns and further
+    /// groups.
     QGroupBox *beginGroup(const QString &title, const QString &name = {});
     void endGroup();
     /// Columns side by side, begun with the first one.

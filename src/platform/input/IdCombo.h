@@ -16,6 +16,7 @@ class IdCombo : public QComboBox
 public:
     explicit IdCombo(QWidget *parent = nullptr);
 
+    /// Takes all items out; an id that could not be shown is forgotten too.
     void clear();
     void add(const QString &text, qint64 id);
     /// Adds items that carry no id.

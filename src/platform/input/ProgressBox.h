@@ -29,6 +29,8 @@ public:
     ProgressBox(const ProgressBox &) = delete;
     ProgressBox &operator=(const ProgressBox &) = delete;
 
+    /// Shows how far the step is, at most twenty times a second, and lets the window be painted.
+    /// done and all are in units of the step's own.
     void tell(int done, int all);
     /// tell() as what long steps take; holds as long as the box.
     [[nodiscard]] base::Progress progress();
