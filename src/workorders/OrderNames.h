@@ -22,7 +22,7 @@ namespace ordernames {
 
 /// What is told while another workstation changes an order or a row of it.
 [[nodiscard]] QString beingChanged(const QString &order);
-/// What is told of something that an order has no more.
+/// What is told of an order, and of a service of one, that is there no more. For raising.
 [[nodiscard]] InTheWay gone(qint64 WorkorderNo);
 [[nodiscard]] InTheWay serviceGone();
 

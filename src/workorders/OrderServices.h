@@ -26,6 +26,8 @@ struct Part
     QVariant price;    ///< of one unit
     QVariant SupplierID;
 };
+/// Adds a part to an order's service. used: whether it is marked so; without it the table's default
+/// counts.
 void addPart(qint64 NServiceUsedID, const Part &part, std::optional<bool> used);
 
 } // namespace orderservices

@@ -58,12 +58,14 @@ void writeCompletion(qint64 WorkorderNo, const std::optional<QDate> &date, bool 
 /// True while an order, or an order's service, is there. Raise DbError.
 [[nodiscard]] bool isOpen(qint64 WorkorderNo);
 [[nodiscard]] bool isOnOpenOrder(qint64 NServiceUsedID);
+/// True when a service of an open order is skipped; False also when it is there no more.
 [[nodiscard]] bool IsServiceSkiped(qint64 NServiceUsedID);
 
 /// Gives a service to another crew. The budgeted hours, not the hours worked, price it anew: the
 /// new labour cost, nothing when it was not stored.
 [[nodiscard]] std::optional<double> changeCrew(qint64 NServiceUsedID, qint64 CrewID,
                                                const Shown &shown = {});
+/// The hours that are budgeted for a service of an open order; 0 when it is there no more.
 [[nodiscard]] double GetBudgetedHrs(qint64 NServiceUsedID);
 
 /// What follows from the times that were entered for a service.
@@ -86,6 +88,7 @@ enum class TimesOf { OpenOrder, History };
 /// Adds parts to an order's service, used or not.
 [[nodiscard]] bool AddPartRecord(const QList<parts::Chosen> &chosen, qint64 NServiceUsedID,
                                  bool used);
+/// Takes a part off an order's service. One that is gone already counts as taken off.
 [[nodiscard]] bool DeletePartRecord(qint64 NServiceUsedID, const QString &PartID);
 
 /// Adds catalogue services to an order, without any schedule behind them, or a machine's services
@@ -113,5 +116,7 @@ enum class ServiceSource { Catalogue, Machine };
 /// How late a service's row is shown. Yellow is asked for only when no red is set: with both
 /// options a service never turns yellow.
 enum class Lateness { OnTime, Yellow, Red };
+/// The limits are days after the next date, which itself is day 0; a limit of 0 is none. A service
+/// without a date is on time.
 [[nodiscard]] Lateness lateness(const QDate &nextServiceDate, QDate today, int lateYellow,
                                 int lateRed);

@@ -29,7 +29,8 @@ public:
 
     /// Reads the list anew; nothing is ticked then.
     void RefreshPrintWo();
-    /// Selects the machine's first row without an order, or the row of an order.
+    /// Selects the machine's first row without an order, or the row of an order. Where the list has
+    /// no such row, the current one stays.
     void FindNSelectPrintWorkorder(const QString &unitNo);
     void FindNSelectPrintWorkorderByWO(qint64 WorkorderNo);
     /// Makes orders for the ticked machines that have none; appends their numbers.

@@ -23,6 +23,7 @@ class RecordParts final : public QWidget
 public:
     RecordParts(RecordFrame &frame, const RecordServices &services, QWidget *parent = nullptr);
 
+    /// Lets the buttons follow what is in the lists.
     void EnableControls();
     /// Gives the suppliers that the cells offer.
     void setSuppliers(const QList<grid::Choice> &suppliers);

@@ -26,6 +26,7 @@ public:
     void loadLists();
     /// Shows the services of the current order; the current one stays.
     void RefreshRecordServiceGrid();
+    /// Lets the buttons follow the current order.
     void EnableControls();
 
     /// The current service, 0 without one.

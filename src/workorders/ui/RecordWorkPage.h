@@ -25,6 +25,7 @@ public:
 
     /// Reads the orders anew; the current order stays.
     void RefreshRecordWorkorder();
+    /// Selects an order; the current one stays when the list has it no more.
     void FindNSelectRecordWorkorder(qint64 WorkorderNo);
     /// The orders that are ticked as complete.
     [[nodiscard]] QList<qint64> completeOrders() const;
