@@ -12,6 +12,8 @@ namespace requiredparts {
 
 /// The parts of a service as its grid shows them; none for 0.
 [[nodiscard]] db::Recordset list(ServiceStore store, qint64 service);
+/// Adds lines with quantity and price (of one unit) as they were chosen, and takes the lines of a
+/// part away. Raise InTheWay while another workstation changes them.
 void add(ServiceStore store, qint64 service, const QList<parts::Chosen> &chosen);
 void remove(ServiceStore store, qint64 service, const QString &PartID);
 /// Writes one column of a part's line while it holds what was shown, without Shown in any case.

@@ -52,6 +52,7 @@ struct AssignedService : clsServices, AssignedSchedule
 {
     /// Its columns, but the keys.
     [[nodiscard]] static std::span<const record::Field<AssignedService>> fields();
+    /// The record of a row of tblServiceUsed; Nulls as in clsServicesManager::fromRow.
     [[nodiscard]] static AssignedService fromRow(const db::Row &row);
 };
 

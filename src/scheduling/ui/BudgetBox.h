@@ -23,6 +23,7 @@ public:
     void bind(Binding<AssignedService> &fields);
     /// The boxes that the user may change.
     [[nodiscard]] QList<QWidget *> controls() const;
+    /// Shows the hourly rate of the chosen crew; the labour cost stays as it is stored.
     void showLabourRate();
     /// The user chose another crew: its rate prices the hours anew.
     void crewChosen();

@@ -26,11 +26,13 @@ public:
 
     /// Ties its boxes to the next date and count of a service. The fields have to live as long.
     void bind(Binding<AssignedService> &fields);
+    /// Shows when the service was scheduled and performed last; an invalid date is left blank.
     void showLast(const QDateTime &scheduled, const QDateTime &performed);
     /// Empties what no field does.
     void clear();
     /// Shows date or count, whichever the period of the service wants.
     void showScheduleKind();
+    /// Greys date and count while the service is inactive.
     void setActive(bool active);
     /// Another service is on show, or this one as it is stored.
     void forgetChanges();

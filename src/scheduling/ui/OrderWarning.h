@@ -4,6 +4,7 @@
 /// took from the service. True when the change is to be made.
 namespace orderwarning {
 
+/// Of a changed next date, wherever it was changed.
 [[nodiscard]] bool confirmDate();
 /// Of the service screen.
 [[nodiscard]] bool confirmCount();

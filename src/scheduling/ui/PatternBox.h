@@ -42,6 +42,7 @@ public:
         bool months = false;
         bool dom = false;
     };
+    /// Greys all else. What it holds stays.
     void setLive(Live live);
 
     [[nodiscard]] bool usesDayOfMonth() const;

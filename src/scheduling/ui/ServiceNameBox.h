@@ -29,6 +29,7 @@ public:
     void bind(Binding<AssignedService> &fields);
     /// The controls whose changes are edits.
     [[nodiscard]] QList<QWidget *> controls() const;
+    /// Locks what the box holds, readable still, or opens it again.
     void setMayEdit(bool may);
     [[nodiscard]] const input::IdCombo &crew() const { return *cboCrew; }
     [[nodiscard]] bool isInactive() const;

@@ -28,6 +28,7 @@ public:
     void RefreshPartGrid(qint64 key);
     /// The sum of quantities times prices, rounded to two places.
     [[nodiscard]] double SetPastCost() const;
+    /// Locks the grid and its buttons, or opens them again.
     void setMayEdit(bool may);
     [[nodiscard]] grid::GridView *grid() const { return grdPartUsed; }
 
