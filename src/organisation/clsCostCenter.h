@@ -24,6 +24,8 @@ struct clsCostCenter
 class clsCostCenterManager
 {
 public:
+    /// Adds a row, or changes what differs from Shown (see record::save); and takes a row away.
+    /// False when that failed, which has been reported; inside a whole the error goes on.
     [[nodiscard]] bool SaveRecord(const clsCostCenter &Record, Mode Mode,
                                   const std::optional<clsCostCenter> &Shown = {}) const;
     [[nodiscard]] bool DeleteRecord(qint64 CostCenterID) const;

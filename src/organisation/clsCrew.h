@@ -24,6 +24,8 @@ struct clsCrew
 class clsCrewManager
 {
 public:
+    /// Adds a row, or changes what differs from Shown (see record::save); and takes a row away.
+    /// False when that failed, which has been reported; inside a whole the error goes on.
     [[nodiscard]] bool SaveRecord(const clsCrew &Crew, Mode Mode,
                                   const std::optional<clsCrew> &Shown = {}) const;
     [[nodiscard]] bool DeleteRecord(qint64 CrewID) const;

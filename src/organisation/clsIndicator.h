@@ -46,6 +46,8 @@ inline constexpr qint64 EngineMake = 17;
 class clsIndicatorManager
 {
 public:
+    /// Adds a row, or changes what differs from Shown (see record::save); and takes a row away.
+    /// False when that failed, which has been reported; inside a whole the error goes on.
     [[nodiscard]] bool SaveRecord(const clsIndicator &Indicator, Mode Mode,
                                   const std::optional<clsIndicator> &Shown = {}) const;
     [[nodiscard]] bool DeleteRecord(qint64 ItemID) const;

@@ -25,6 +25,8 @@ struct clsLocation
 class clsLocation_Manager
 {
 public:
+    /// Adds a row, or changes what differs from Shown (see record::save); and takes a row away.
+    /// False when that failed, which has been reported; inside a whole the error goes on.
     [[nodiscard]] bool SaveRecord(const clsLocation &Record, Mode Mode,
                                   const std::optional<clsLocation> &Shown = {}) const;
     [[nodiscard]] bool DeleteRecord(qint64 LocationID) const;

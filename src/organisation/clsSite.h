@@ -27,6 +27,8 @@ struct clsSite
 class clsSiteManager
 {
 public:
+    /// Adds a row, or changes what differs from Shown (see record::save); and takes a row away.
+    /// False when that failed, which has been reported; inside a whole the error goes on.
     [[nodiscard]] bool SaveRecord(const clsSite &Record, Mode Mode,
                                   const std::optional<clsSite> &Shown = {}) const;
     [[nodiscard]] bool DeleteRecord(qint64 SiteID) const;

@@ -40,6 +40,8 @@ struct clsSupplier
 class clsSupplier_Manager
 {
 public:
+    /// Adds a row, or changes what differs from Shown (see record::save); and takes a row away.
+    /// False when that failed, which has been reported; inside a whole the error goes on.
     [[nodiscard]] bool SaveRecord(const clsSupplier &Supplier, Mode Mode,
                                   const std::optional<clsSupplier> &Shown = {}) const;
     [[nodiscard]] bool DeleteRecord(qint64 SupplierID) const;
