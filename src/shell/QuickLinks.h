@@ -26,6 +26,7 @@ enum QuickLinkIndex {
     HelpLink
 };
 
+/// All links, in the order of QuickLinkIndex.
 [[nodiscard]] std::span<const QuickLink> quickLinks();
 
 /// What a find-and-open quick link looks for, and the form that opens what was found.

@@ -13,6 +13,7 @@ struct MainBoard
     std::function<QWidget *(QWidget *parent)> make;
     /// Reads the board's rows anew.
     std::function<void()> LoadData;
+    /// Whether the tree of reports stands on the board, and what shows or hides it.
     std::function<bool()> reportsVisible;
     std::function<void(bool show)> LoadUnloadReportsNavigator;
 

@@ -13,6 +13,7 @@ class frmChangePassword : public Screen
 public:
     explicit frmChangePassword(QWidget *parent = nullptr);
 
+    /// Lets the user of this session change the password. Waits until the screen is closed.
     static void ShowSystemSettings();
 
 private:

@@ -25,6 +25,7 @@ class frmUserManageMent : public SavingScreen
 public:
     explicit frmUserManageMent(QWidget *parent = nullptr);
 
+    /// Waits until the screen is closed.
     static void ShowUserManagement();
 
 private:

@@ -18,6 +18,7 @@ class frmUserRoles : public Screen
 public:
     explicit frmUserRoles(const QString &UserName, QWidget *parent = nullptr);
 
+    /// Shows the rights of a stored user, and waits until the screen is closed.
     static void ShowUserRolesDetail(const QString &UserName);
 
 private:
