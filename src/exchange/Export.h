@@ -29,6 +29,7 @@ namespace exchange {
 [[nodiscard]] QString ServiceUsed_XML();
 /// The parts on these orders, those of completed services too.
 [[nodiscard]] QString ServiceUsedPart_XML();
+/// The catalogue whole: parts, services, and the parts that these need.
 [[nodiscard]] QString Part_XML();
 [[nodiscard]] QString Service_XML();
 [[nodiscard]] QString ServicePart_XML();

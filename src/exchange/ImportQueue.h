@@ -18,6 +18,7 @@ public:
     /// folder: full path, or empty where none is configured.
     explicit ImportQueue(QString folder);
 
+    /// The full path of a file of the folder, whether it is there or not.
     [[nodiscard]] QString path(const QString &name) const;
     /// True when the transfer that filled the folder came to its end.
     [[nodiscard]] bool isMarked() const;

@@ -31,6 +31,8 @@ struct Section
 class SectionFile
 {
 public:
+    /// Reads the file whole. What is no XML raises nothing: it is the fault, and there are no
+    /// sections.
     explicit SectionFile(const QByteArray &content);
 
     [[nodiscard]] const std::optional<XmlFault> &fault() const { return m_fault; }
