@@ -13,10 +13,13 @@ enum class AlignEdge { Left, Center, Right, Top, Middle, Bottom };
 enum class Direction { Across, Down };
 enum class SameSize { Width, Height, Both };
 
+/// Brings an edge or the middle of each object to that of the lead; sizes stay.
 void align(Layout &layout, const Selection &selection, AlignEdge edge);
 /// Makes the gaps between three objects or more equal; the outer two stay.
 void distribute(Layout &layout, const Selection &selection, Direction direction);
+/// Gives each object the width, the height or both of the lead.
 void makeSameSize(Layout &layout, const Selection &selection, SameSize size);
+/// Moves objects within their bands, by 1/100 mm as all ways and frames here.
 void moveBy(Layout &layout, const QList<Place> &places, QPoint by);
 /// Makes objects wider and higher by so much, but never smaller than nothing.
 void growBy(Layout &layout, const QList<Place> &places, QPoint by);

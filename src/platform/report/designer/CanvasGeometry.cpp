@@ -5,6 +5,7 @@
 namespace report {
 namespace {
 
+/// A hair line is hit within so many pixels.
 constexpr int NearPixels = 4;
 constexpr int HandlePixels = 7;
 

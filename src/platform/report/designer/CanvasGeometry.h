@@ -22,6 +22,8 @@ public:
     static constexpr int LeastSlot = 15;
     static constexpr int Edge = 10; ///< pixels around the sheet
 
+    /// Takes a layout's page and the heights of its bands; a unit is 1/100 mm, so that the pixels
+    /// per unit are the zoom.
     void set(const Layout &layout, double pixelsPerUnit);
 
     [[nodiscard]] double scale() const { return m_scale; }
@@ -36,6 +38,7 @@ public:
     [[nodiscard]] QRect bandRect(int band) const;
     /// A band with the space that it takes, the bar below left out.
     [[nodiscard]] QRect slotRect(int band) const;
+    /// The bar below a band's slot.
     [[nodiscard]] QRect barRect(int band) const;
 
     /// The band at a height, its bar included; the nearest one beyond the ends, -1 without bands.
@@ -44,8 +47,10 @@ public:
     [[nodiscard]] int barAt(int y) const;
     /// A point in a band's own lengths, from its left margin and top.
     [[nodiscard]] QPoint toBand(int band, QPoint pixels) const;
+    /// The way back: from a band's own lengths to pixels.
     [[nodiscard]] QPoint fromBand(int band, QPoint units) const;
     [[nodiscard]] QRect fromBand(int band, const QRect &units) const;
+    /// So many pixels as 1/100 mm at this zoom.
     [[nodiscard]] int toUnits(int pixels) const;
 
 private:
@@ -69,6 +74,8 @@ struct Handle
     QRect place;
     Edges edges;
 };
+/// The handles of a frame, all in pixels. A frame that is too narrow or too low for eight has those
+/// at the middles of its edges, a small one only those at its corners.
 [[nodiscard]] QList<Handle> handlesOf(const QRect &frame);
 
 } // namespace report

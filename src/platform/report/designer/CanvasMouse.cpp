@@ -28,6 +28,7 @@ Qt::CursorShape cursorFor(const Edges &edges)
                                        : Qt::SizeVerCursor;
 }
 
+/// Bands get as high as what was dragged needs; they never get lower by it.
 void growBands(Layout &layout, const QList<Place> &places)
 {
     for (const Place &place : places) {
@@ -217,6 +218,7 @@ void DesignCanvas::moveObjects(QPoint by, bool isSnapping)
     const Selection selection = m_document.selection();
     const int source = selection.lead.band;
     const int target = m_geometry.bandAt(m_now.y());
+    // Objects of several bands stay in theirs: it would not be plain which one they are dragged to.
     if (target != source && target >= 0 && areInOneBand(selection.objects)) {
         moveInto(target, by, isSnapping);
         return;
@@ -226,6 +228,7 @@ void DesignCanvas::moveObjects(QPoint by, bool isSnapping)
     const Snapped snapped =
         snapMove(frame.translated(way), linesFor(selection.objects, source), snapRules(isSnapping));
     way += snapped.by;
+    // Nothing may stand above its band, where it would print over the one before.
     way.setY(qMax(way.y(), -frame.y()));
     m_guides = snapped.guides;
     m_guideBand = source;
@@ -255,6 +258,7 @@ void DesignCanvas::moveInto(int band, QPoint by, bool isSnapping)
     });
 }
 
+/// Each object that is selected is drawn by as much as the lead; only the lead lines up.
 void DesignCanvas::resizeObjects(QPoint by, bool isSnapping)
 {
     const Selection selection = m_document.selection();

@@ -92,6 +92,8 @@ void Ruler::setInches(bool inInches)
 
 void Ruler::setMarks(int pointer, int from, int to)
 {
+    // Painting the sheet sets the marks, with every move of the mouse; only new ones paint the
+    // ruler.
     if (pointer == m_pointer && from == m_from && to == m_to)
         return;
     m_pointer = pointer;

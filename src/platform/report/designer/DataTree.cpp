@@ -81,6 +81,7 @@ void DataTree::refresh()
         parameters.append({{}, parameter.name, parameter.prompt, FieldType::Text, true});
     for (const DesignField &field : formulas + parameters)
         names.append(field.name);
+    // Most changes touch no name; the tree would lose what is open and selected in it.
     if (names == m_names)
         return;
     m_names = names;

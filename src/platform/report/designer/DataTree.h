@@ -15,6 +15,7 @@ class DataTree final : public QTreeWidget
 
 public:
     DataTree(DesignDocument &document, QWidget *parent = nullptr);
+    /// Columns that the query doesn't give yet stand below their tables.
     void setFields(const QList<DesignField> &fields);
     /// Shows only what has this in its name or caption.
     void setFilter(const QString &words);
@@ -30,6 +31,7 @@ protected:
 
 private:
     void refresh();
+    /// A heading with those of the fields that the filter lets through; none without any.
     void addAll(const QString &title, const QList<DesignField> &fields, bool isOpen);
     [[nodiscard]] QList<DesignField> fieldsOf(const QList<QTreeWidgetItem *> &items) const;
 

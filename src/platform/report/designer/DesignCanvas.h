@@ -40,9 +40,11 @@ public:
     void setGridShown(bool isShown);
     /// Edges come to rest where those of other objects stand.
     void setLiningUp(bool liningUp) { m_linesUp = liningUp; }
+    /// Where picture files beside the layout are looked for.
     void setFolder(const QString &folder) { m_items.setFolder(folder); }
     /// What stands below a sheet without any object.
     void setEmptyHint(const QString &words) { m_emptyHint = words; }
+    /// True while no band has an object.
     [[nodiscard]] bool isEmpty() const;
 
     /// The next frame that is drawn, or the next Enter, makes an object of this kind.
@@ -124,11 +126,13 @@ private:
     void moveObjects(QPoint by, bool isSnapping);
     void moveInto(int band, QPoint by, bool isSnapping);
     void tellFrame();
+    /// The same as a drag beyond the viewport's edge scrolls.
     void scrollAlong(QPoint viewport);
     void resizeObjects(QPoint by, bool isSnapping);
     void dragHeight(QPoint by);
     [[nodiscard]] SnapRules snapRules(bool isSnapping) const;
     [[nodiscard]] SnapLines linesFor(const QList<Place> &moved, int band) const;
+    /// Shows a change that becomes one of the document only when the drag ends, by commit().
     void preview(const QString &name, DesignDocument::Change change);
     void commit();
     void cancelAction();

@@ -46,6 +46,7 @@ public:
         m_diff.undo(before);
         m_diff = LayoutDiff::between(before, m_document.layout());
         m_after = other->m_after;
+        // Steps that lead back to where they began leave nothing to undo.
         setObsolete(m_diff.isEmpty());
         return true;
     }
@@ -78,6 +79,7 @@ bool DesignDocument::change(const QString &name, const Change &change, int key)
     change(changed, selection);
     changed = normalised(std::move(changed));
     LayoutDiff diff = LayoutDiff::between(m_layout, changed);
+    // What came of nothing must not stand in the list of what can be undone.
     if (diff.isEmpty()) {
         select(selection);
         return false;

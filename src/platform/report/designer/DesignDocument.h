@@ -37,24 +37,31 @@ public:
     /// Parts that are not there are left out.
     void select(const Selection &selection);
 
+    /// For the actions that undo and redo, and their tool tips.
     [[nodiscard]] QUndoStack &undoStack() { return m_stack; }
     /// True while the layout is not the one that was set or saved last.
     [[nodiscard]] bool isModified() const { return !m_stack.isClean(); }
+    /// What is there now counts as unmodified, also when it is come back to by undoing.
     void markSaved() { m_stack.setClean(); }
 
+    /// The object must be there, as those of the selection always are.
     [[nodiscard]] const Object &object(Place place) const
     {
         return m_layout.bands[place.band].objects[place.object];
     }
 
 Q_SIGNALS:
+    /// By a change, by undoing one, or a new layout. Comes before the selection's signal, when both
+    /// change.
     void layoutChanged();
     void selectionChanged();
+    /// isModified() has changed.
     void modifiedChanged(bool isModified);
 
 private:
     friend class LayoutCommand;
     void take(const Layout &layout, const Selection &selection);
+    /// Without what the layout hasn't got; the whole report where nothing is left.
     [[nodiscard]] Selection existing(Selection selection) const;
 
     Layout m_layout;

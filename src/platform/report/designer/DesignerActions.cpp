@@ -339,6 +339,7 @@ void DesignerActions::addViewing()
               [this](bool isOn) { m_canvas.setInches(isOn); });
 }
 
+/// Asked anew at each change of layout or selection, so that no action needs a message of its own.
 void DesignerActions::enable()
 {
     const Selection &selection = m_document.selection();

@@ -30,13 +30,20 @@ public:
     void fillMenuBar(QMenuBar *bar) const;
     /// The menu of what is selected.
     void fillMenu(QMenu *menu) const;
+    /// An action by its name, "align-left"; null where there is none of it.
     [[nodiscard]] QAction *action(const QString &name) const { return m_actions.value(name); }
 
+    /// Puts the selected objects onto the clipboard with the styles and pictures that they need, as
+    /// text too. Leaves the clipboard alone when none is selected.
     void copy() const;
+    /// Adds what is on the clipboard to the canvas' target band.
     void paste();
+    /// Asks for a picture's file and keeps its bytes in the layout; a picture that is selected
+    /// alone shows it from now on. A file that is too large or can't be read is told.
     void insertPicture();
 
 Q_SIGNALS:
+    /// The window of the query, the list of attributes or the preview is wanted.
     void queryAsked();
     void attributesAsked();
     void previewAsked();
@@ -52,6 +59,7 @@ private:
     QAction *addSwitch(const QString &name, const QString &caption, const QString &icon, bool isOn,
                        const std::function<void(bool)> &run);
     void addBandMenu();
+    /// Enables each action that can be done with what is selected now.
     void enable();
     void moveToNextBand(int direction);
     [[nodiscard]] bool canMoveToNextBand(int direction) const;

@@ -66,6 +66,7 @@ void DesignerActions::duplicate()
         QList<Place> places;
         for (const Place &place : std::as_const(selection.objects)) {
             Object copied = layout.bands[place.band].objects[place.object];
+            // A name is given once in a report.
             copied.name.clear();
             copied.x += CopyShift;
             copied.y += CopyShift;
@@ -114,6 +115,7 @@ void DesignerActions::insertPicture()
     const bool isReplaced =
         former.objects.size() == 1 && m_document.object(former.lead).kind == ObjectKind::Picture;
     m_document.endSeries();
+    // The picture comes with its object as one step, so that undoing leaves no bytes behind.
     m_document.change(u"Insert picture"_s, [&](Layout &layout, Selection &selection) {
         const QString name = storePicture(layout, QFileInfo(path).fileName(), bytes);
         if (isReplaced) {

@@ -27,12 +27,19 @@ class DesignerWidgets final : public QObject
 public:
     DesignerWidgets(DesignDocument &document, ReportDesigner &designer);
 
+    /// Begins with a layout, nothing to undo, the design in front. Beside an empty sheet stand the
+    /// data, else the structure.
     void beginWith(const Layout &layout);
+    /// Bring a tab to the front. The preview asks for rows, and gives way to the design when there
+    /// are none.
     void showDesign();
     void showPreview();
     [[nodiscard]] bool isPreviewShown() const;
+    /// Takes what is being typed, on the sheet and among the attributes.
     void finishEditing();
+    /// Lets the user change the query; what comes back is one change.
     void askQuery();
+    /// Without one the query's button and action are hidden.
     void setQueryAsker(QueryAsker asker);
 
     DesignCanvas *canvas;
@@ -41,6 +48,7 @@ public:
     PropertyPanel *properties;
     PreviewTab *previewTab;
     DesignerActions *actions;
+    /// See ReportDesigner::setFieldAdder; none takes every field as it is.
     std::function<bool(Layout &layout, const DesignField &field)> fieldAdder;
 
 protected:

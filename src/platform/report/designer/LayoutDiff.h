@@ -14,7 +14,9 @@ struct ListDiff
     QList<Item> before;
     QList<Item> after;
 
+    /// What is alike at the front and the back of both lists is left out.
     [[nodiscard]] static ListDiff between(const QList<Item> &from, const QList<Item> &to);
+    /// Turns the list from before into the one after, and back; it must be that one.
     void redo(QList<Item> &list) const { replace(list, before.size(), after); }
     void undo(QList<Item> &list) const { replace(list, after.size(), before); }
 
@@ -35,6 +37,7 @@ private:
 class LayoutDiff
 {
 public:
+    /// Compares objects band by band while the bands are the same, else the bands as a whole.
     [[nodiscard]] static LayoutDiff between(const Layout &from, const Layout &to);
     [[nodiscard]] bool isEmpty() const { return !m_head && !m_bands && m_objects.isEmpty(); }
     /// Turns the first of the two layouts into the second, and back.

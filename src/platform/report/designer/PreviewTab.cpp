@@ -64,6 +64,7 @@ bool PreviewTab::preview(const Layout &layout)
     }
     if (!rows || !rows->rows)
         return false;
+    // Laid out with a name for each object, by which a remark finds its way back.
     m_labelled = labelled(layout);
     m_viewer->setReport(m_labelled.layout, rows->rows, rows->inputs);
     return true;

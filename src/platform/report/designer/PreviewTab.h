@@ -19,6 +19,7 @@ class PreviewTab final : public QWidget
 
 public:
     explicit PreviewTab(QWidget *parent = nullptr);
+    /// Without one there is no preview.
     void setRowsProvider(RowsProvider provider) { m_provide = std::move(provider); }
     [[nodiscard]] bool hasProvider() const { return static_cast<bool>(m_provide); }
     /// Asks for rows and lays the report out. False when the user has given up, or the rows can't

@@ -231,6 +231,7 @@ QWidget *PropertyDelegate::makeEditor(const Property &property, QWidget *parent)
         else
             m_panel.fillStyles(box);
         connect(box, &QComboBox::activated, this, [this, box] {
+            // A choice is meant as soon as it is made; createEditor is const, the signals are not.
             Q_EMIT const_cast<PropertyDelegate *>(this)->commitData(box);
             Q_EMIT const_cast<PropertyDelegate *>(this)->closeEditor(box);
         });

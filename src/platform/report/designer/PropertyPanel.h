@@ -24,9 +24,12 @@ class PropertyPanel final : public QWidget
 public:
     PropertyPanel(DesignDocument &document, QWidget *parent = nullptr);
 
+    /// The columns that expressions may read; a name beyond them is told as a fault.
     void setFields(const QList<DesignField> &fields);
+    /// Without one there is no button beside an expression.
     void setExpressionAsker(ExpressionAsker asker);
-    /// Called for "From a file...": gives the name of the stored picture, empty when cancelled.
+    /// Called for "From a file...", to ask for the file and take it into the layout. Without one
+    /// the list of pictures has no such entry.
     void setPictureChooser(std::function<void()> chooser) { m_choosePicture = std::move(chooser); }
     /// Goes to an attribute by its caption and opens it.
     void edit(const QString &caption);
@@ -35,15 +38,21 @@ public:
 
     // --- For the editors ------------------------------------------------------------------------
 
+    /// The attribute in a row, until the list is made anew; null on a heading.
     [[nodiscard]] const Property *propertyAt(const QModelIndex &index) const;
+    /// Gives the attribute of a row a new value, for all that is selected, as one change.
     void give(const QModelIndex &index, const QVariant &value);
+    /// Shows below what is wrong with an expression as it is typed.
     void checkTyped(const Property &property, const QString &text);
     /// The entry of the list of pictures that asks for a file.
     [[nodiscard]] static QString fromFile();
+    /// The layout's pictures, and the entry that asks for a file where one can be chosen.
     void fillPictures(QComboBox *box) const;
+    /// The layout's styles, behind an entry for none.
     void fillStyles(QComboBox *box) const;
 
 private:
+    /// Takes the attributes anew; rows are made anew only where there are others.
     void refresh();
     void rebuild();
     void showValue(QTreeWidgetItem *item, const Property &property);

@@ -18,6 +18,7 @@ struct Labelled
     QList<std::pair<QString, Selection>> conditions, pictures;
 };
 
+/// Names each object that has no name by what it shows and its band: "Field "Cost" in Detail".
 [[nodiscard]] Labelled labelled(const Layout &layout);
 /// The part that a remark of a report speaks of; nothing for one on the whole.
 [[nodiscard]] std::optional<Selection> partOf(const Labelled &layout, const QString &remark);

@@ -82,6 +82,8 @@ public:
     /// The columns that can be shown: those of the query first, then, by table, those that it
     /// could give.
     void setFields(const QList<DesignField> &fields);
+    /// Whom it asks for the rows of a preview, for an expression, and for the query. Without one
+    /// there is no preview, or no button for the others.
     void setRowsProvider(RowsProvider provider);
     void setExpressionAsker(ExpressionAsker asker);
     void setQueryAsker(QueryAsker asker);

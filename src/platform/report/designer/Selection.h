@@ -39,6 +39,7 @@ struct Selection
     Place lead{};           ///< the object that others are aligned with
 
     [[nodiscard]] static Selection of(Part part, int index = -1) { return {part, index, {}, {}}; }
+    /// Objects, the last one of them as lead; the whole report when there are none.
     [[nodiscard]] static Selection of(QList<Place> places);
     [[nodiscard]] bool contains(Place place) const { return objects.contains(place); }
     /// The band that is selected, or that of the first object; -1 for none.

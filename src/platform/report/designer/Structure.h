@@ -46,13 +46,17 @@ void removeRows(Layout &layout, int set);
 [[nodiscard]] Object newObject(ObjectKind kind, QPoint at);
 /// Adds objects to a band and makes it as high as they need. Their places come back.
 QList<Place> addObjects(Layout &layout, int band, const QList<Object> &objects);
+/// Places of others in the same bands are not theirs any more.
 void removeObjects(Layout &layout, const QList<Place> &places);
+/// Copies of the objects, in the order of the places; all must be there.
 [[nodiscard]] QList<Object> objectsAt(const Layout &layout, const QList<Place> &places);
 /// Moves objects into another band, each by so much. Their new places come back in the same order.
 QList<Place> moveToBand(Layout &layout, const QList<Place> &places, int band, QPoint by);
 
 /// Which objects lie over others: to the front, to the back, one step.
 enum class Order { Front, Forward, Backward, Back };
+/// Objects are painted in the order of their band. Those that move keep their order among each
+/// other; their new places come back.
 QList<Place> reorder(Layout &layout, const QList<Place> &places, Order order);
 
 } // namespace report

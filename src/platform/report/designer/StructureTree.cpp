@@ -90,10 +90,12 @@ QList<StructureTree::Line> StructureTree::lines() const
 void StructureTree::refresh()
 {
     QList<Line> now = lines();
+    // Moves and sizes change no line; what is folded and scrolled to stays then.
     if (now == m_lines) {
         showSelection();
         return;
     }
+    // Lines are known again by their texts, since their numbers may have changed.
     QSet<QString> folded;
     for (qsizetype line = 0; line < m_items.size(); ++line)
         if (m_items[line]->childCount() > 0 && !m_items[line]->isExpanded())

@@ -19,10 +19,12 @@ class StructureTree final : public QWidget
 public:
     StructureTree(DesignDocument &document, QWidget *parent = nullptr);
 
-    /// Adds a part of the kind on hand: a formula below formulas, a band elsewhere.
+    /// Adds a group by an expression with its header and footer, and selects it; without an
+    /// expression all rows are one group.
     void addGroup(const QString &by = {});
-    /// By the selected field.
+    /// Adds a sort order by the field that is selected alone, else by the number of the row.
     void addSort();
+    /// Each adds a part by the next free name, with a value to begin with, and selects it.
     void addFormula();
     void addStyle();
     void addParameter();
@@ -30,12 +32,14 @@ public:
     void removeSelected();
     /// Moves a band, group or object up or down among its like.
     void moveSelected(int direction);
+    /// In steps of -1 up and 1 down; true for objects also at the end, where nothing moves.
     [[nodiscard]] bool canMoveSelected(int direction) const;
     [[nodiscard]] bool canRemoveSelected() const;
 
 Q_SIGNALS:
     /// The attributes of what is selected are wanted, as after Enter.
     void attributesAsked();
+    /// Somebody asks for a menu at a place of the screen.
     void menuAsked(QPoint global);
 
 private:
@@ -52,6 +56,8 @@ private:
     [[nodiscard]] QList<Line> lines() const;
     void refresh();
     void showSelection();
+    /// What the user has selected in the tree becomes the document's selection: objects, else the
+    /// first other part.
     void takeSelection();
     bool eventFilter(QObject *watched, QEvent *event) override;
 

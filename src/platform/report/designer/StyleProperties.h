@@ -16,6 +16,7 @@ struct StyleProperty
     bool isOfText = true; ///< nothing that a line or a box shows
 };
 
+/// In the order in which they are listed; sections follow each other.
 [[nodiscard]] const QList<StyleProperty> &styleProperties();
 
 } // namespace report
