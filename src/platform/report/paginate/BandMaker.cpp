@@ -14,6 +14,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// Pushes down what lies below it.
 bool grows(const report::Object &object)
 {
     return object.kind == ObjectKind::Text || object.kind == ObjectKind::Field ||
@@ -25,6 +26,7 @@ bool holdsText(const report::Object &object)
     return object.kind == ObjectKind::Text || object.kind == ObjectKind::Field;
 }
 
+/// A frame or an upright line goes along with what grows beside it.
 bool stretches(const report::Object &object)
 {
     return object.kind == ObjectKind::Box ||
@@ -84,6 +86,7 @@ TableGrid chartGrid(const report::Object &object, const ChartData &data)
     return grid;
 }
 
+/// How far the lines stand below the upper edge of a frame of this height.
 Length verticalShift(const QList<TextLine> &lines, const Style &style, Length height)
 {
     const Length room = height - flowHeight(lines, style);
@@ -128,6 +131,7 @@ MadeBand BandMaker::make(const compiled::Band &band)
             fillCrossTab(placed);
         objects.append(std::move(placed));
     }
+    // Only once all heights are known: what grows may lie below others that grow.
     push(objects);
     made.height = band.layout->height;
     for (const Placed &placed : std::as_const(objects)) {
@@ -388,6 +392,7 @@ QByteArray BandMaker::pictureOf(const Placed &placed)
         tell(fault);
         return {};
     }
+    // A picture stands in each band of thousands; its file is read once.
     const auto known = m_pictures.constFind(object.content);
     if (known != m_pictures.cend())
         return *known;

@@ -43,6 +43,7 @@ class BandContext
 {
 public:
     virtual ~BandContext() = default;
+    /// For the row on hand; Null for what can't be read.
     [[nodiscard]] virtual QVariant evaluate(const compiled::Value &value) const = 0;
     /// The value that an object showed last, nothing when it has to be shown anew.
     [[nodiscard]] virtual std::optional<QVariant> lastShown(int repeatSlot) const = 0;
@@ -60,6 +61,8 @@ public:
 
     /// True when the band's condition lets it print.
     [[nodiscard]] bool isPrinted(const compiled::Band &band) const;
+    /// Texts flow in the widths of their objects, and no band gets higher than LongestFlow. What
+    /// can't be shown as it is asked for is told once for each object.
     [[nodiscard]] MadeBand make(const compiled::Band &band);
     /// The same for a table: cells in place of items.
     [[nodiscard]] MadeBand makeCells(const compiled::Band &band) const;
@@ -81,9 +84,12 @@ private:
     /// Finds an object's value and style; False when it is not shown at all.
     [[nodiscard]] bool prepare(const compiled::Object &object, Placed &placed,
                                MadeBand &band) const;
+    /// Breaks the text into lines and grows the frame where it may; what is cut off is told.
     void flow(Placed &placed);
     void fillCrossTab(Placed &placed);
     void tellOnce(const report::Object &object, const QString &problem);
+    /// Moves objects down by what grew above them, then stretches the frames around those that
+    /// grew.
     void push(QList<Placed> &objects) const;
     void addItem(const Placed &placed, QList<PageItem> &items);
     [[nodiscard]] QString textOf(const std::vector<compiled::Piece> &pieces) const;

@@ -30,6 +30,7 @@ public:
                  bool bold = false);
     /// The same written upwards; center: in the middle of the frame, else up to its upper end.
     void addTurned(const QString &text, const QRect &frame, bool center);
+    /// An outline of this width, 0 for none; a closed one is filled with the ink.
     void addShape(QList<QPoint> points, bool closed, Length lineWidth, const QColor &ink);
     /// A different shape for each series, so that lines are told apart without their colours.
     void addMarker(int series, QPoint middle);

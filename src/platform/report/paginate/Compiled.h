@@ -18,6 +18,7 @@ enum class ScopeKind {
     Set, ///< the rows of a set that belong to the row on hand
 };
 
+/// What one aggregate collects, whichever expressions ask for it.
 struct AggregateSlot
 {
     AggregateFunction function = AggregateFunction::Sum;
@@ -64,6 +65,7 @@ struct Chart
     std::shared_ptr<const report::Chart> layout;
 };
 
+/// An object with all of its expressions; those that it doesn't have are empty.
 struct Object
 {
     const report::Object *layout = nullptr;
@@ -76,6 +78,7 @@ struct Object
     int repeatSlot = -1; ///< its place among the remembered values, when repeats are hidden
 };
 
+/// A band of the layout, and what is known of it before any row is read.
 struct Band
 {
     const report::Band *layout = nullptr;
@@ -103,6 +106,7 @@ struct RowSet
     [[nodiscard]] const std::vector<int> *rowsOf(const QVariant &key) const;
 };
 
+/// The whole layout. It points into the layout that it was compiled from, which must outlive it.
 struct Report
 {
     const Layout *layout = nullptr;

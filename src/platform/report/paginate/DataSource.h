@@ -19,6 +19,8 @@ public:
     [[nodiscard]] virtual int rowCount() const = 0;
     /// The index of a field by its name in any case, -1 when there is none.
     [[nodiscard]] virtual int fieldIndex(const QString &name) const = 0;
+    /// Both from 0 and within the counts; Null for an empty one. Asked from other threads while
+    /// pages are made ahead.
     [[nodiscard]] virtual QVariant value(int row, int field) const = 0;
 };
 

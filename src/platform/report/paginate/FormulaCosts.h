@@ -13,6 +13,7 @@ namespace report {
 class FormulaCosts
 {
 public:
+    /// Reads the layout's formulas, those of the inputs in place of theirs, and counts them all.
     FormulaCosts(const Layout &layout, const Inputs &inputs);
 
     /// Why a formula can't be used; empty when it can. The name is in lower case.

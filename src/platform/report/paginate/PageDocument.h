@@ -36,6 +36,7 @@ struct TextItem
     bool operator==(const TextItem &) const = default;
 };
 
+/// A straight line, its width to both sides of the way between the points.
 struct LineItem
 {
     QPoint from;

@@ -91,6 +91,7 @@ public:
     Maker(const Maker &) = delete;
     Maker &operator=(const Maker &) = delete;
 
+    /// In the caller's thread, with what the maker's has counted.
     void tell(const base::Progress &progress) const
     {
         if (progress)
@@ -106,6 +107,7 @@ public:
         return m_outcome;
     }
 
+    /// Closing the queue wakes a maker that waits for room in it.
     void stop()
     {
         m_isCancelled = true;

@@ -41,6 +41,7 @@ public:
             m_footerHeight += band.layout->height;
     }
 
+    /// The report from its header to its last footer; the sink has had every page then.
     void run()
     {
         startPage(true);
@@ -290,6 +291,7 @@ private:
         m_breakPending = band.layout->newPageAfter;
     }
 
+    /// From here on the band counts as printed: its items are the page's, its values remembered.
     void put(MadeBand &&made)
     {
         for (PageItem &item : made.items) {
@@ -302,6 +304,7 @@ private:
 
     // --- Pages -------------------------------------------------------------------------------
 
+    /// The numbers of pages begin anew with a group that asks for it.
     void breakPage(bool fromOne = false)
     {
         finishPage();
@@ -313,6 +316,7 @@ private:
         startPage(false);
     }
 
+    /// Headers stand above whatever comes; the report's own only on the first page.
     void startPage(bool first)
     {
         m_current = Page{++m_sheet, {}};
@@ -354,6 +358,7 @@ private:
                 put(make(band));
     }
 
+    /// The footer's totals are those of the page, and begin anew behind it.
     void finishPage()
     {
         m_y = bodyBottom();
@@ -400,6 +405,7 @@ Outcome paginate(const Layout &layout, const DataSource &rows, const Inputs &inp
     PageRuns counted;
     if (report.needsTotalPages) {
         QStringList sameProblems;
+        // The first pass only counts; its problems would be told twice.
         const PageSink none;
         PageWalk counting(report, rows, inputs, sameProblems, none, std::nullopt);
         counting.run();

@@ -14,6 +14,7 @@ namespace report {
 class RecordsetSource final : public DataSource
 {
 public:
+    /// Keeps all rows, in their order until sortFor.
     explicit RecordsetSource(db::Recordset rows);
 
     /// Puts the rows into the order that a layout's groups need, see orderOf.

@@ -28,6 +28,7 @@ void RowWalk::walk()
         if (m_inputs.progress)
             m_inputs.progress(m_row + 1, m_rows.rowCount());
     }
+    // The last footers show the last row, as those before did theirs.
     m_row = qMax(0, m_rows.rowCount() - 1);
     if (m_rows.rowCount() > 0)
         closeGroups(0);
@@ -52,6 +53,7 @@ std::optional<QVariant> RowWalk::value(const QString &key) const
         return m_inputs.now;
     if (key == u"today")
         return QDateTime(m_inputs.now.date(), QTime(0, 0), Qt::UTC);
+    // A formula hides a field of its name, and a further row's field that of the report's row.
     const auto formula = m_report.formulas.find(key);
     if (formula != m_report.formulas.end())
         return evaluateFormula(formula->second);
@@ -115,6 +117,7 @@ bool RowWalk::isOfRow(const compiled::Value &formula) const
            });
 }
 
+/// A name is looked for once, not in each row.
 int RowWalk::fieldIndex(const QString &key) const
 {
     auto found = m_fieldIndexes.constFind(key);

@@ -24,8 +24,10 @@ public:
 protected:
     /// Walks all rows; every band comes to place.
     void walk();
+    /// Brings the bands of one place whose conditions hold to place, until the report is stopped.
     void placeAll(const compiled::Bands &bands);
 
+    /// What becomes of a band for the row on hand: it is made, put on a page or into a table.
     virtual void place(const compiled::Band &band) = 0;
     /// Groups from this one on begin with the row on hand; nothing of them is placed yet.
     virtual void beginGroups(int outermost) { Q_UNUSED(outermost) }
@@ -38,6 +40,7 @@ protected:
     /// The next row comes, or the next one of a further set, and the groups that end with this one
     /// have been closed. The aggregates are still those of this row.
     virtual void rowEnds() {}
+    /// Asked at each row and band; True ends the walk.
     [[nodiscard]] virtual bool isStopped() const { return false; }
     [[nodiscard]] virtual QVariant pageNumber() const { return 1; }
     [[nodiscard]] virtual QVariant totalPages() const { return 1; }
@@ -51,8 +54,11 @@ protected:
     /// The values that the row on hand adds to the aggregates of the page, by their slots.
     using PageValues = std::vector<std::pair<std::size_t, QVariant>>;
     [[nodiscard]] PageValues pageValues() const;
+    /// Once the row's bands stand on the page, which may be a later one.
     void addPageValues(const PageValues &values);
 
+    /// What a band has shown hides its repeats from now on; all shows anew behind a page's or
+    /// group's beginning.
     void rememberShown(const MadeBand &made);
     void forgetShown();
 
@@ -88,6 +94,7 @@ private:
         Span span;
         ChartData data;
     };
+    /// The further rows that belong to the row on hand, set by set, behind its detail.
     void placeSets();
     void placeSet(std::size_t number, const std::vector<int> &rows);
     [[nodiscard]] ChartData collected(const compiled::Chart &chart, const Span &span) const;
@@ -95,6 +102,8 @@ private:
     [[nodiscard]] Span groupSpan(int group) const;
     [[nodiscard]] std::vector<QVariant> keys() const;
 
+    /// Closes the groups that end before the row on hand, opens those that begin with it, and
+    /// places what it prints.
     void takeRow();
     [[nodiscard]] static int firstChange(const std::vector<QVariant> &before,
                                          const std::vector<QVariant> &keys);
