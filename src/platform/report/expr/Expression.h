@@ -52,6 +52,8 @@ public:
     /// and the result evaluates to Null.
     [[nodiscard]] static Expression parse(const QString &text, QString *error = nullptr);
 
+    /// The value for what the context stands at. What has no value, and a name that the context
+    /// doesn't know, is Null.
     [[nodiscard]] QVariant evaluate(const EvaluationContext &context) const;
     /// True when the value is a number other than 0, True, or a non-empty text.
     [[nodiscard]] bool isTrue(const EvaluationContext &context) const;
@@ -76,10 +78,12 @@ public:
         : m_function(function)
     {}
 
+    /// A Null counts for nothing.
     void add(const QVariant &value);
     /// Takes what another one of the same function has collected, as if it had come after its own.
     void add(const Accumulator &other);
     void reset();
+    /// What has come in so far: 0 for a count of nothing, Null for all others.
     [[nodiscard]] QVariant result() const;
 
 private:

@@ -24,6 +24,8 @@ public:
     int depth = 1; ///< of the tree below, itself included
     std::vector<ExpressionNode> children;
 
+    /// Null where a side of arithmetic or of a comparison is Null, and for a name that is not
+    /// known.
     [[nodiscard]] QVariant evaluate(const EvaluationContext &context) const;
 
 private:

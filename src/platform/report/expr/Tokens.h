@@ -29,9 +29,11 @@ public:
     explicit Tokens(const QString &text);
 
     [[nodiscard]] const Token &current() const { return m_current; }
+    /// The present token; the next one takes its place.
     Token take();
     /// True, and the token taken, when it is this symbol or word.
     bool accept(QStringView text);
+    /// Takes this symbol or word; anything else is an error.
     void expect(QStringView text);
 
 private:

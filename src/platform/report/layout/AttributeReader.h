@@ -23,6 +23,7 @@ protected:
         : m_xml(text)
     {}
 
+    /// What is wrong or not known, with the line and column that the reader stands at.
     [[nodiscard]] QString at(const QString &what) const
     {
         return QStringLiteral("Line %1, column %2: %3.")
@@ -31,12 +32,14 @@ protected:
             .arg(what);
     }
 
+    /// Takes the attributes of the element that the reader stands at.
     void beginElement()
     {
         m_attributes.clear();
         for (const QXmlStreamAttribute &attribute : m_xml.attributes())
             m_attributes.insert(attribute.name().toString(), attribute.value().toString());
     }
+    /// An attribute's text, which counts as known from now on; nothing when it is not there.
     std::optional<QString> take(QStringView name)
     {
         const QString key = name.toString();
@@ -44,6 +47,7 @@ protected:
             return std::nullopt;
         return m_attributes.take(key);
     }
+    /// Warns of the attributes that nothing has taken.
     void endAttributes()
     {
         QStringList unknown = m_attributes.keys();
@@ -52,11 +56,13 @@ protected:
             m_warnings.append(
                 at(QStringLiteral("\"%1\" of \"%2\" is not known").arg(name, m_xml.name())));
     }
+    /// Each of these takes one attribute; without it the target stays as it is.
     void text(QStringView name, QString &target)
     {
         if (const auto value = take(name))
             target = *value;
     }
+    /// With its unit, "12.5mm"; into 1/100 mm.
     void length(QStringView name, Length &target)
     {
         const auto value = take(name);
@@ -74,6 +80,7 @@ protected:
         if (target < 0)
             throw Failure{QStringLiteral("\"%1\" can't be less than 0").arg(name)};
     }
+    /// "yes" or "no".
     void flag(QStringView name, bool &target)
     {
         const auto value = take(name);
@@ -84,6 +91,7 @@ protected:
                 QStringLiteral("\"%1\" is \"yes\" or \"no\", not \"%2\"").arg(name, *value)};
         target = *value == u"yes";
     }
+    /// A size above 0 and up to 1000, such as a font's points.
     void number(QStringView name, double &target)
     {
         const auto value = take(name);
@@ -94,6 +102,7 @@ protected:
         if (!ok || !std::isfinite(target) || target <= 0 || target > 1000)
             throw Failure{QStringLiteral("\"%1\" is no size").arg(*value)};
     }
+    /// A whole number from 0 on.
     void count(QStringView name, int &target)
     {
         const auto value = take(name);
@@ -104,6 +113,7 @@ protected:
         if (!ok || target < 0)
             throw Failure{QStringLiteral("\"%1\" is no number of things").arg(*value)};
     }
+    /// "#rrggbb" or a colour's name; "none" gives an invalid one.
     void color(QStringView name, QColor &target)
     {
         const auto value = take(name);
@@ -125,6 +135,7 @@ protected:
             throw Failure{QStringLiteral("\"%1\" can't be \"%2\"").arg(name, *value)};
         target = *kind;
     }
+    /// An attribute that an element can't do without.
     QString required(QStringView name)
     {
         const auto value = take(name);

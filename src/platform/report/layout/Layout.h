@@ -278,6 +278,7 @@ struct Layout
     QList<Formula> formulas;
     QList<Band> bands; ///< in the order of their kinds; of one kind in the order of printing
 
+    /// The number of a part by its name in any case, -1 for none.
     [[nodiscard]] int groupIndex(QStringView group) const;
     [[nodiscard]] int rowSetIndex(QStringView set) const;
     [[nodiscard]] int styleIndex(QStringView style) const;

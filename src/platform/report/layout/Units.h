@@ -8,6 +8,7 @@ namespace report {
 /// All lengths of layouts and pages, in whole hundredths of a millimetre.
 using Length = int;
 
+/// Rounded to the nearest hundredth.
 constexpr Length fromMillimetres(double millimetres)
 {
     return static_cast<Length>(millimetres * 100 + (millimetres < 0 ? -0.5 : 0.5));

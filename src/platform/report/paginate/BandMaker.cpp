@@ -26,7 +26,7 @@ bool holdsText(const report::Object &object)
     return object.kind == ObjectKind::Text || object.kind == ObjectKind::Field;
 }
 
-/// A frame or an upright line goes along with what grows beside it.
+/// A frame, or a line that isn't level, goes along with what grows beside it.
 bool stretches(const report::Object &object)
 {
     return object.kind == ObjectKind::Box ||

@@ -404,8 +404,8 @@ Outcome paginate(const Layout &layout, const DataSource &rows, const Inputs &inp
     outcome.problems = report.problems;
     PageRuns counted;
     if (report.needsTotalPages) {
-        QStringList sameProblems;
         // The first pass only counts; its problems would be told twice.
+        QStringList sameProblems;
         const PageSink none;
         PageWalk counting(report, rows, inputs, sameProblems, none, std::nullopt);
         counting.run();

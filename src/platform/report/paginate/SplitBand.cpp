@@ -58,8 +58,7 @@ QList<Extent> wholes(const QList<PageItem> &items, Length room)
     return extents;
 }
 
-/// The lowest place above the room's end at which nothing whole is cut; 0 or less when there is
-/// none.
+/// The lowest place within the room that cuts nothing whole; 0 or less when there is none.
 Length placeOfCut(const QList<PageItem> &items, Length room)
 {
     const QList<Extent> extents = wholes(items, room);

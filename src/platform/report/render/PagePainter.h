@@ -16,6 +16,8 @@ class PagePainter
 {
 public:
     PagePainter();
+    /// The whole page, from the sheet's upper left corner on; the painter's pen, brush and font are
+    /// others afterwards.
     void paint(const Page &page, QPainter &painter);
 
 private:

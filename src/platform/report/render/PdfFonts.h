@@ -15,6 +15,7 @@ namespace report {
 class PdfFont
 {
 public:
+    /// The face of a font whatever its size; the name is what pages call it by.
     PdfFont(const Font &font, const QByteArray &name);
 
     /// By which pages call it, "/F1".

@@ -32,9 +32,11 @@ struct SheetPlace
 class SheetColumns
 {
 public:
+    /// Values that begin within a millimetre of each other share a column.
     explicit SheetColumns(const Layout &layout);
 
     [[nodiscard]] int count() const { return static_cast<int>(m_starts.size()); }
+    /// To the beginning of the next column, of the last one to where its values end; in 1/100 mm.
     [[nodiscard]] Length width(int column) const;
     /// The places of a band's texts and fields, in the order of its objects; other objects have
     /// column -1. No two share a place.

@@ -18,6 +18,7 @@ struct FontMeasures
 
 /// True for a font whose outlines can be taken out one by one.
 [[nodiscard]] bool isTrueType(const QRawFont &font);
+/// From the font's own tables; what they lack is 0.
 [[nodiscard]] FontMeasures measuresOf(const QRawFont &font);
 /// The width of a glyph in units of the em.
 [[nodiscard]] int advanceOf(const QByteArray &hhea, const QByteArray &hmtx, quint32 glyph);

@@ -26,6 +26,7 @@ public:
 
     /// Ends the work soon; the pages that are whole stay.
     void cancel() { m_isCancelled = true; }
+    /// True once the last page is in the store, or the work was cancelled or failed.
     [[nodiscard]] bool isDone() const { return m_isDone; }
     /// Waits so long at most; True when all is laid out.
     bool wait(std::chrono::milliseconds atMost);

@@ -15,6 +15,7 @@ class PageStore
 {
 public:
     PageStore();
+    /// Packs a page behind the others; takes the place of a provisional one.
     void append(const Page &page);
     /// Adds a first page that the next one takes the place of.
     void appendProvisional(const Page &page);

@@ -30,19 +30,23 @@ public:
     /// More pages have come; the first may have changed.
     void addPages();
 
+    /// In percent, within the bounds above; ends a zoom by width or page.
     void setZoom(int percent);
+    /// By width or page the zoom follows the window's size from now on.
     void setZoomMode(ZoomMode mode);
     [[nodiscard]] int zoom() const { return m_zoom; }
     [[nodiscard]] ZoomMode zoomMode() const { return m_mode; }
 
     /// The page that was asked for or, after scrolling, stands in the middle; from 0.
     [[nodiscard]] int currentPage() const { return m_current; }
+    /// From 0; one beyond the ends is the nearest there is.
     void showPage(int index);
     /// Marks a place and brings it into view; nothing takes the mark away.
     void setMark(const std::optional<Found> &found);
     /// Marks a text lightly wherever it stands; an empty one takes the marks away.
     void setSearched(const QString &text);
 
+    /// The texts of all pages that have come so far.
     void selectAll();
     [[nodiscard]] bool hasSelection() const { return m_selection && !m_selection->isEmpty(); }
     /// Puts the selected text into the clipboard.
@@ -50,6 +54,7 @@ public:
 
 Q_SIGNALS:
     void currentPageChanged(int index);
+    /// The zoom or its mode is another one.
     void zoomChanged();
 
 protected:

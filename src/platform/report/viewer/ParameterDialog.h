@@ -36,6 +36,7 @@ public:
 
     /// What the user has entered.
     [[nodiscard]] const Answers &answers() const { return m_answers; }
+    /// Takes the answers; one that is missing or can't be read is told, and the window stays.
     void accept() override;
 
 private:

@@ -18,6 +18,7 @@ using PrinterChooser = std::function<bool(QPrinter &printer, int pages, QWidget 
 
 /// Sets a printer to a layout's paper, edge to edge: the layout has its own margins.
 void setUpPrinter(QPrinter &printer, const PageSetup &page, const QString &title);
+/// Refused: there are no pages, or the printer takes no more of them.
 enum class Printed { Whole, Cancelled, Refused };
 /// Prints the pages of the printer's range, and no more of them once isCancelled says so.
 [[nodiscard]] Printed printPages(QPrinter &printer, const PageStore &pages,

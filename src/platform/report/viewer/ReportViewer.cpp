@@ -67,6 +67,7 @@ void ReportViewer::setReport(const Layout &layout, std::shared_ptr<const DataSou
     m_maker = std::make_unique<PageMaker>(m_layout, m_rows, m_inputs, m_pages);
     {
         const WaitCursor wait;
+        // A short report is whole by then and comes up at once, without pages that pop in.
         (void)m_maker->wait(ShortWait);
     }
     m_thumbnails->setPages(&m_pages, m_layout.page);

@@ -19,6 +19,7 @@ public:
     void setPages(const PageStore *pages, const PageSetup &page);
     /// More pages have come; the first may have changed.
     void addPages();
+    /// From 0; does not tell that a page was chosen.
     void setCurrentPage(int index);
 
 Q_SIGNALS:
