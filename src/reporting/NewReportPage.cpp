@@ -137,6 +137,15 @@ void fit(Line &line, Length width)
     }
 }
 
+/// A number ends where the words of the next column would begin.
+void spaceOut(Line &line)
+{
+    constexpr Length Gap = 200;
+    for (qsizetype at = 0; at + 1 < line.size(); ++at)
+        if (isNumber(line[at].field) && !isNumber(line[at + 1].field))
+            line[at].width -= Gap;
+}
+
 QList<Line> linesOf(const QList<PageField> &columns, Length width)
 {
     QList<Line> lines{Line()};
@@ -150,8 +159,10 @@ QList<Line> linesOf(const QList<PageField> &columns, Length width)
         lines.last().append({column, 0, natural});
         used += natural;
     }
-    for (Line &line : lines)
+    for (Line &line : lines) {
         fit(line, width);
+        spaceOut(line);
+    }
     return lines;
 }
 
@@ -277,6 +288,12 @@ private:
             for (const Cell &cell : cells)
                 lines = qMax(lines, headingLines(cell));
             const Length height = lines * HeadingLine + HeadingPadding;
+            // One ground for all of them, also where columns leave a gap.
+            report::Object ground =
+                object(report::ObjectKind::Box, {0, y, m_width, height}, {}, report::house::Heading);
+            ground.canGrow = false;
+            ground.lineWidth = 0;
+            band.objects.append(ground);
             for (const Cell &cell : cells)
                 band.objects.append(
                     object(report::ObjectKind::Text, {cell.x, y, cell.width, height},

@@ -166,7 +166,7 @@ void ReportViewer::addSearch(QHBoxLayout *bar)
     // It gives way to what else stands in the row while pages are laid out.
     m_search->setMinimumWidth(110);
     m_search->setMaximumWidth(200);
-    bar->addWidget(m_search);
+    bar->addWidget(m_search, 1);
     QToolButton *back = addButton(bar, u"searchBack"_s, u"Search backward"_s, u"previous"_s,
                                   {QKeySequence(Qt::SHIFT | Qt::Key_F3)});
     QToolButton *forward =
