@@ -22,6 +22,7 @@ QString joined(const QString &table, const QStringList &joins)
     return u" FROM "_s + text;
 }
 
+/// A join of the lookup list's item that a column points to.
 QString lookedUp(const QString &alias, const QString &column)
 {
     return u"LEFT JOIN tblIndicator AS %1 ON %2 = %1.ItemID"_s.arg(alias, column);
@@ -42,6 +43,7 @@ const QString PartsOfService = u"LEFT JOIN tblWoPartHistory ON "
                                "tblWOServiceUsedHistory.ServiceUsedID = "
                                "tblWoPartHistory.ServiceusedID"_s;
 
+/// A number and a name in one; a machine without a crew shows nothing.
 const QString CrewText =
     u"IIf(tblCrew.CrewID<>0, cstr(tblCrew.CrewNumber) & ' - ' & tblCrew.Description, '')"_s;
 

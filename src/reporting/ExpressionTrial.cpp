@@ -38,6 +38,7 @@ struct Run
     QStringList values;
 };
 
+/// Lays the trial out on the rows, with what is usually answered, until there are values enough.
 Run run(const report::Layout &layout, const report::DataSource &rows)
 {
     report::Inputs inputs;

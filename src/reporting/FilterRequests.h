@@ -14,6 +14,7 @@ namespace filters {
 /// "03/15/2023 - 03/15/2024".
 [[nodiscard]] QString rangeLabel(const DateRange &range);
 
+/// A request for each set of fields; reports that share a set are told apart by their names.
 [[nodiscard]] catalogue::Request equipmentServicesRequest(const Machines &asked);
 [[nodiscard]] catalogue::Request equipmentDetailsRequest(const Machines &asked);
 [[nodiscard]] catalogue::Request equipmentExpenseRequest(const Machines &asked);

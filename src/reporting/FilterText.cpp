@@ -36,6 +36,7 @@ void addList(QString &clause, const QString &first, const QString &later, const 
     clause += inList(clause.isEmpty() ? first : later, values);
 }
 
+/// Adds the condition that leaves inactive machines out, its opening by whether it is the first.
 QString withoutInactive(const QString &clause, const QString &first, const QString &later)
 {
     return clause + (clause.isEmpty() ? first : later);

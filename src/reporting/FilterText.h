@@ -34,6 +34,7 @@ struct Machines
     QString units{};
     bool inactive = false; ///< inactive ones too
 };
+/// The same fields for three reports, whose queries name their columns in their own way.
 [[nodiscard]] QString equipmentServices(const Machines &asked);
 [[nodiscard]] QString equipmentDetails(const Machines &asked);
 [[nodiscard]] QString equipmentExpense(const Machines &asked);
@@ -47,6 +48,7 @@ struct Parts
     QString suppliers{};
     bool inactive = false; ///< these only, otherwise those in use only
 };
+/// Ends in the condition on inactive parts, which is there also without a value.
 [[nodiscard]] QString inventory(const Parts &asked);
 
 struct Reorder

@@ -17,6 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// What is offered for one of the layout's parameters; a name that is none raises base::Error.
 QVariant usualValue(const report::Layout &layout, const QString &name)
 {
     for (const report::Parameter &parameter : layout.parameters) {

@@ -39,6 +39,7 @@ private:
 void demandShowable(const QString &statement)
 {
     constexpr QStringView Users = u"tblUser";
+    // Names are compared word by word: a text that speaks of the table is no query of it.
     for (const sql::Token &token : sql::tokensOf(statement)) {
         const bool isName =
             token.kind == sql::TokenKind::Word || token.kind == sql::TokenKind::Name;

@@ -91,6 +91,7 @@ bool Field::canTotal() const
         return false;
     if (column.kind == Money || column.kind == Real)
         return true;
+    // Numbers that name something are told by how the columns are called.
     const bool names = column.name.endsWith(u"ID", Qt::CaseInsensitive) ||
                        column.name.endsWith(u"No", Qt::CaseInsensitive) ||
                        column.name.endsWith(u"Number", Qt::CaseInsensitive);

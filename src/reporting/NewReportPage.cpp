@@ -146,6 +146,7 @@ void spaceOut(Line &line)
             line[at].width -= Gap;
 }
 
+/// Fills lines from left to right; a column that would press the others too much begins the next.
 QList<Line> linesOf(const QList<PageField> &columns, Length width)
 {
     QList<Line> lines{Line()};
@@ -208,6 +209,7 @@ public:
     }
 
 private:
+    /// Styles come first: widths and heights of headings are measured in them.
     void takeLook()
     {
         const QList<report::Look> &looks = report::looks();
@@ -279,6 +281,7 @@ private:
         return band;
     }
 
+    /// All headings of a line are as high as the highest, so that their ground is even.
     void addHeadings()
     {
         report::Band band = bandOf(report::BandKind::PageHeader);
@@ -304,6 +307,7 @@ private:
         addBand(band);
     }
 
+    /// Captions are known ahead of the rows, so that their band gets its height here.
     [[nodiscard]] int headingLines(const Cell &cell) const
     {
         const int style = m_layout.styleIndex(report::house::Heading);
@@ -345,6 +349,7 @@ private:
         addBand(band);
     }
 
+    /// The words of a footer: the group's value, or "Total" for the whole report.
     [[nodiscard]] QString label(qsizetype group) const
     {
         QString text =

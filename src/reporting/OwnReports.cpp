@@ -168,6 +168,8 @@ bool save(const report::Layout &layout, const QString &path, Version &known,
                           u"A report is never saved to this place: %1"_s.arg(path));
     sys::makeFolder(userFolder());
     sys::makeFolder(customFolder());
+    // Asking takes as long as the user likes: what he has agreed to replace must still be there,
+    // else he is asked about what has come since.
     for (;;) {
         const QString target = existingPath(path);
         const Version present = versionOf(target);

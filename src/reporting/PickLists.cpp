@@ -12,6 +12,7 @@ namespace {
 const QString Text = u"VARCHAR"_s;
 const QString Number = u"INT"_s;
 
+/// The items of one lookup list; its query has a condition already.
 PickList lookupList(qint64 list, const QString &title)
 {
     return {.query =

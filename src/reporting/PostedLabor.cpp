@@ -11,6 +11,7 @@ using namespace Qt::StringLiterals;
 
 QVariantList ofSummary(const db::Recordset &summary)
 {
+    // The summary has a row for each order and crew.
     using Key = std::pair<qint64, QString>;
     const auto keyOf = [](const db::Row &row) {
         return Key(row.integer(u"WorkOrderNo"), row.text(u"Description"));

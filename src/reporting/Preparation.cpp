@@ -74,6 +74,7 @@ Prepared prepare(const Request &asked, report::Layout layout, const db::Recordse
     auto source = std::make_shared<report::RecordsetSource>(rows);
     if (report.addsLabor)
         source->addValues(u"Labor"_s, postedlabor::ofSummary(rows));
+    // The fields that are summed once look at the row before, so the order comes first.
     source->sortFor(layout, inputs);
     if (!report.once.name.isEmpty())
         source->addOnce(report.once.name, report.once.field, report.once.key);

@@ -81,6 +81,7 @@ struct Query
     QList<Sort> sort;
     bool distinct = false;
 
+    /// The table of that name in the query, in any case; null for none.
     [[nodiscard]] const Source *find(QStringView name) const;
     bool operator==(const Query &) const = default;
 };

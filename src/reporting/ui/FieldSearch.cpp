@@ -108,6 +108,7 @@ void FieldSearch::applyField()
     m_box->setMaxLength(quickfind::SetLength(type));
     delete m_box->validator();
     m_box->setValidator(new SearchTextValidator(type, m_box));
+    // What was typed for another type of field would never match here.
     if (!m_box->hasAcceptableInput())
         m_box->clear();
 }

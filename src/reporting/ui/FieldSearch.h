@@ -18,6 +18,7 @@ class FieldSearch : public QObject
     Q_OBJECT
 
 public:
+    /// Joins the three; they must outlive it. withoutMatch: what becomes of the current row when nothing matches.
     FieldSearch(input::IdCombo *fields, QLineEdit *box, grid::GridView *grid,
                 IncrementalSearch::WithoutMatch withoutMatch);
 
@@ -28,6 +29,7 @@ public:
     void setAutomatic(const QList<QStringView> &columns);
     /// The field that is chosen.
     [[nodiscard]] const quickfind::Field &field() const;
+    /// Searches for what is typed now.
     void search() { m_search->search(); }
     /// Asked before a search; false puts it off, until search is called again.
     void setMayBegin(std::function<bool()> mayBegin) { m_search->mayBegin = std::move(mayBegin); }

@@ -55,6 +55,7 @@ void FilterScreen::endFields(input::FormBuilder &form)
     cmdExit = form.button(u"cmdExit"_s, u"E&xit"_s, theme::icon(u"exit"_s));
     form.finish();
     cmdViewReport->setDefault(true);
+    // A wrong date must not keep the user from emptying the fields or leaving.
     for (QPushButton *button : {cmdReset, cmdExit})
         input::setCausesValidation(button, false);
     connect(cmdViewReport, &QPushButton::clicked, this, &FilterScreen::cmdViewReport_Click);
@@ -150,6 +151,7 @@ filters::DateRange FilterScreen::Range::dates() const
 void FilterScreen::pick(QLineEdit *box, const picklists::PickList &list, Pick pick)
 {
     const QString secondType = u"VARCHAR"_s;
+    // Several are added to those that stand there; a single one takes their place.
     if (pick == Pick::Several) {
         const QString picked =
             ShowItemListDetail(list.query, picklists::condition(list, box->text()), list.title,
@@ -189,6 +191,7 @@ bool FilterScreen::showReportOfFields()
     });
 }
 
+/// A clause that can't be made is mostly one without its date, so the first empty one is shown.
 void FilterScreen::focusMissingDate()
 {
     for (input::DateInput *box : std::as_const(m_dates)) {

@@ -38,7 +38,9 @@ protected:
 
     // --- Building --------------------------------------------------------------------------------
 
+    /// The screen's heading, and the frame (its name) that the fields stand in.
     void beginFields(input::FormBuilder &form, const QString &heading, const QString &frame);
+    /// The buttons; nothing can be added behind them.
     void endFields(input::FormBuilder &form);
 
     enum class Pick { Several, One };

@@ -15,6 +15,7 @@ class GradualRows : public QObject
     Q_OBJECT
 
 public:
+    /// The list must outlive it.
     GradualRows(grid::GridView *list, QObject *parent);
 
     /// Shows the rows of a query in place of the former ones: its first ones, or all at once.

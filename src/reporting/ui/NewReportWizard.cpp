@@ -262,6 +262,7 @@ void NewReportWizard::takeTable()
 /// What can be added up: also what is no column yet, it becomes one then.
 void NewReportWizard::showTotals()
 {
+    // Filled already: what the user has ticked stays when he comes back to this step.
     if (lstTotals->count() > 0)
         return;
     for (int number = 0; number < m_fields.size(); ++number)
@@ -319,6 +320,7 @@ void NewReportWizard::showPage()
         const BusyPointer busy;
         lblPage->setPixmap(firstPagePicture(newreport::make(choice(), m_tables),
                                             lblPage->minimumSize(), devicePixelRatioF()));
+    // The report can be made all the same; the reason stands where the page would.
     } catch (const base::Error &error) {
         lblPage->setText(error.description());
     }

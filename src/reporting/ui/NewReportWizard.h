@@ -21,6 +21,7 @@ class NewReportWizard final : public Screen
     Q_OBJECT
 
 public:
+    /// The tables that a report can be about, as reporttables::tables() gives them.
     explicit NewReportWizard(QList<reporttables::Table> tables, QWidget *parent = nullptr);
 
     /// The report; nothing when the user gives up.

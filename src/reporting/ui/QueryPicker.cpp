@@ -207,6 +207,8 @@ void QueryPicker::showAll()
         addSort(sort);
 }
 
+/// The list is filled anew while the current table stays current; its signals would show each row's
+/// join on the way.
 void QueryPicker::showSources()
 {
     const int current = lstTables->currentRow();
@@ -253,6 +255,7 @@ void QueryPicker::showJoin()
         cboJoinTo->setCurrentIndex(-1);
 }
 
+/// Ticks set here are not the user's.
 void QueryPicker::showColumns()
 {
     m_isShowing = true;
@@ -276,6 +279,7 @@ void QueryPicker::showColumns()
     m_isShowing = false;
 }
 
+/// The columns stay in the order in which they were ticked.
 void QueryPicker::columnTicked()
 {
     if (m_isShowing)
@@ -307,6 +311,7 @@ void QueryPicker::cmdAddTable_Click()
     showAll();
 }
 
+/// Filter and sort live in their rows; they are taken first, so that those of other tables survive.
 void QueryPicker::cmdRemoveTable_Click()
 {
     m_query = query();
@@ -314,6 +319,7 @@ void QueryPicker::cmdRemoveTable_Click()
     showAll();
 }
 
+/// Only the line's text changes: filling the list anew would close the box that the user is at.
 void QueryPicker::joinChanged()
 {
     const int row = lstTables->currentRow();

@@ -19,7 +19,10 @@ class QueryPicker final : public QWidget
 public:
     explicit QueryPicker(QList<reporttables::Table> tables, QWidget *parent = nullptr);
 
+    /// Shows a query in place of what has been picked; its tables must be among those given.
     void setQuery(const reportquery::Query &query);
+    /// What has been picked, also where it can't be run yet (reportquery::problemOf). A value that
+    /// begins with "?" is a parameter's name.
     [[nodiscard]] reportquery::Query query() const;
 
 protected:

@@ -51,6 +51,7 @@ std::optional<db::Recordset> rowsOf(const catalogue::Report &report, catalogue::
         return std::nullopt;
     asked.filter.clear();
     asked.asked.clear();
+    // Without a filter nothing is left to refuse, so this ends.
     return rowsOf(report, asked);
 }
 

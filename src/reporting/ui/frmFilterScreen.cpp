@@ -71,6 +71,7 @@ std::optional<catalogue::Request> frmFilterScreen::request() const
 
 void frmFilterScreen::resetChoices()
 {
+    // Only one of the ten sets has this list; the other choices stay on reset.
     if (cboInactive)
         cboInactive->selectText(NotInactive);
 }
@@ -121,6 +122,7 @@ void frmFilterScreen::buildEquipmentCrewHistory(input::FormBuilder &form)
                                      picklists::equipmentNames()});
     txtCrewNo =
         valueField(form, {u"txtCrewNo"_s, u"&Crew Number"_s, u"cmdCrewNo"_s, picklists::crews()});
+    // A crew is known by its number; a letter can only be a mistake.
     input::restrictTo(txtCrewNo, input::TypeCheck::Int, u","_s);
 }
 
@@ -137,6 +139,7 @@ void frmFilterScreen::buildInventoryPartHistory(input::FormBuilder &form)
     const QList<QRadioButton *> sorts = options(
         form, u"Sort by"_s, {{u"optPDate"_s, u"D&ate"_s}, {u"optPartNumber"_s, u"Part &Number"_s}});
     optPDate = sorts.first();
+    // A summary has an order of its own.
     connect(optSummary, &QRadioButton::toggled, this, [sorts](bool summary) {
         for (QRadioButton *sort : sorts)
             sort->setEnabled(!summary);

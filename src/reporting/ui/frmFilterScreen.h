@@ -28,8 +28,10 @@ public:
         Build build;       ///< makes these
         Ask ask;           ///< what they come to
     };
+    /// The twelve, for the list of what can be opened.
     [[nodiscard]] static std::span<const Entry> entries();
 
+    /// The entry must outlive the screen, as those of entries() do.
     explicit frmFilterScreen(const Entry &entry, QWidget *parent = nullptr);
 
 protected:

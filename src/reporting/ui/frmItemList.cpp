@@ -98,6 +98,7 @@ bool frmItemList::ShowGrid()
     });
 }
 
+/// Among several a double click ticks or unticks; of one it chooses.
 void frmItemList::grdList_Activated(int row)
 {
     if (m_choice == Choice::One)

@@ -155,6 +155,7 @@ QString frmQuickFind::ShowQuickFind()
     showModal();
     m_reading.stop();
     m_list.reset();
+    // The new record's screen opens only once this one is gone, which is modal.
     if (m_addNew)
         openings().open(m_request.form, {.mode = Mode::Add});
     return m_result;
@@ -170,9 +171,11 @@ bool frmQuickFind::ShowQuickFindMain()
         }
         const QString chosen = m_search->field().name;
         m_search->setFields(fields, chosen.isEmpty() ? m_request.field : chosen);
+        // What is ticked stays so when the list is shown anew, with or without inactive ones.
         const QStringList ticked = tickedKeys();
         m_list = std::make_unique<quickfind::List>(*m_table, m_request.field,
                                                    chkInactive->isChecked(), m_request.leftOut);
+        // A row to stand on or to tick may be the last one; then all are read at once.
         if (ticked.isEmpty() && m_request.selected.isEmpty())
             m_list->read(FirstRows);
         else

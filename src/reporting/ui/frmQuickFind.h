@@ -26,6 +26,7 @@ class frmQuickFind final : public Screen
     Q_OBJECT
 
 public:
+    /// Raises base::Error for a table that has no quick find.
     explicit frmQuickFind(const ScreenCalls::QuickFind &request, QWidget *parent = nullptr);
 
     /// Shows the dialog; the key that was chosen, several joined by commas where they may be

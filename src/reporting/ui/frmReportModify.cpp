@@ -103,6 +103,7 @@ void frmReportModify::ShowReport(const QString &path, const QString &key)
         setMode(Mode::Modify);
         m_kind = ownreports::kindOf(path);
         m_key = key;
+        // A delivered layout is read from its folder but saved beside it, as the customer's copy.
         m_path = ownreports::savePath(m_kind, QFileInfo(path).fileName());
         m_known = ownreports::versionOf(m_path);
         if (const std::optional<report::Layout> layout = layoutAt(path)) {
@@ -186,6 +187,7 @@ void frmReportModify::keepDraft()
 
 // The data
 
+/// Moves don't ask the database: the fields are read anew only when the query has changed.
 void frmReportModify::layoutChanged()
 {
     m_draft.start();
@@ -274,6 +276,7 @@ void frmReportModify::cmdWizard_Click()
 
 QString frmReportModify::askedFileName() const
 {
+    // A report can't be saved without a name; leaving the question asks it again.
     for (;;) {
         const QString typed = base::prompts()
                                   .input(u"Please give a file name."_s, u"Quorvantis"_s, {})

@@ -15,6 +15,7 @@ class frmReportPreview final : public Screen
     Q_OBJECT
 
 public:
+    /// The title is that of the window.
     explicit frmReportPreview(const QString &title, QWidget *parent = nullptr);
 
     /// Lays the report out and shows its first page.

@@ -243,6 +243,7 @@ QList<report::Parameter> frmReportQuery::enteredParameters() const
 {
     QList<report::Parameter> parameters;
     const grid::GridModel &rows = grdParameters->rows();
+    // The order on the screen is the one in which the report asks.
     for (const int row : grdParameters->displayedOrder()) {
         report::Parameter parameter;
         parameter.name = textAt(rows, row, Name);
@@ -355,6 +356,7 @@ void frmReportQuery::cmdTake_Click()
         const std::optional<report::Layout> layout = entered();
         if (!layout)
             return;
+        // A report is never left with a query that can't be run.
         if (m_kind == ownreports::Kind::NewReport && !cmdShowRows_Click())
             return;
         if (!canRead(*layout))

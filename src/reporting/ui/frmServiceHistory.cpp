@@ -33,6 +33,7 @@ filters::HistoryGroup frmServiceHistory::group() const
     return chkgrouponCrew->isChecked() ? filters::HistoryGroup::Crew : filters::HistoryGroup::None;
 }
 
+/// One grouping leaves the other out, and each has the values of its own.
 void frmServiceHistory::enableFields()
 {
     chkgrouponsite->setEnabled(!chkgrouponCrew->isChecked());

@@ -58,6 +58,7 @@ void frmUserDefinedReports::buildForm()
 
 QString frmUserDefinedReports::ShowUserDefinedReportDetatils()
 {
+    // Only the user's own are viewed here; the delivered ones have their own places in the menu.
     fraReports->hide();
     cmdViewReport->setText(u"&View Report"_s);
     setFolder(ownreports::Folder::UserDefined);
