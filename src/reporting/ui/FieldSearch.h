@@ -18,7 +18,8 @@ class FieldSearch : public QObject
     Q_OBJECT
 
 public:
-    /// Joins the three; they must outlive it. withoutMatch: what becomes of the current row when nothing matches.
+    /// Joins the three; they must outlive it. withoutMatch: what becomes of the current row when
+    /// nothing matches.
     FieldSearch(input::IdCombo *fields, QLineEdit *box, grid::GridView *grid,
                 IncrementalSearch::WithoutMatch withoutMatch);
 

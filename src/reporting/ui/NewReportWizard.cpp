@@ -320,8 +320,8 @@ void NewReportWizard::showPage()
         const BusyPointer busy;
         lblPage->setPixmap(firstPagePicture(newreport::make(choice(), m_tables),
                                             lblPage->minimumSize(), devicePixelRatioF()));
-    // The report can be made all the same; the reason stands where the page would.
     } catch (const base::Error &error) {
+        // The report can be made all the same; the reason stands where the page would.
         lblPage->setText(error.description());
     }
 }
