@@ -69,6 +69,7 @@ db::RowCounts copySealed(const BackupRequest &request)
 {
     const PlainCopy plain;
     const db::RowCounts counts = db::backupProven(databaseTarget(), plain.path());
+    // What stands under the backup's name stays until the new one was proven.
     const QString unproven = base::preparedName(placeOf(request), u".unproven~"_s);
     try {
         seal(plain.path(), unproven, request.passphrase);

@@ -174,6 +174,7 @@ QVariant cellValue(const QString &text, const ImportColumn &column, int length, 
     QString bare = text.trimmed();
     if (bare.isEmpty())
         return {};
+    // Only a memo can show more than one line.
     if (length != sql::MemoLength)
         bare = base::onOneLine(bare);
     switch (column.kind) {

@@ -87,6 +87,7 @@ void compactWhole()
             base::ErrorNumber::PathAccess,
             u"The database is kept by the computer %1, and is compacted there."_s.arg(host));
     administration::ClosedConnections closed;
+    // Whoever works in the copy of the day would have it replaced by its own copy.
     if (QFileInfo(gsDatabasePath)
             .fileName()
             .compare(backupName() + u".mdb"_s, Qt::CaseInsensitive) == 0) {

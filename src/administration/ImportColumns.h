@@ -54,6 +54,7 @@ struct ImportTable
     QStringView serial = {}; ///< a further column that no two rows share, unless it is blank
 };
 
+/// What files of a kind may hold, and where it is stored.
 [[nodiscard]] const ImportTable &importTable(ImportKind kind);
 /// The kind of a name, in any case; nothing for another word.
 [[nodiscard]] std::optional<ImportKind> importKindOf(QStringView name);

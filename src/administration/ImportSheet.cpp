@@ -45,6 +45,7 @@ void ImportSheet::open()
         return;
     }
     auto reader = std::make_unique<CsvReader>(m_file, CsvReader::Format());
+    // Where semicolons part the fields, the comma is taken by the decimals.
     if (reader->delimiter() == ';')
         m_sign = DecimalSign::Comma;
     m_reader = std::move(reader);

@@ -287,6 +287,7 @@ Exported replaceOwnCompany(const QString &zip)
         throw base::Error(
             base::ErrorNumber::PermissionDenied,
             u"The database is kept by the computer %1, and is replaced there."_s.arg(host));
+    // Who may not add records one by one may not bring in thousands either.
     for (const auto right : {rights::Machines.add, rights::Parts.add, rights::Services.add})
         rights::demand(right);
     ClosedConnections closed;

@@ -28,9 +28,11 @@ public:
     ImportTarget(const ImportTarget &) = delete;
     ImportTarget &operator=(const ImportTarget &) = delete;
 
-    /// Looks at a row whose values are right in themselves.
+    /// Looks at a row whose values are right in themselves: against those of the file that came
+    /// before it, and against what is stored. row: as a spreadsheet counts.
     virtual void check(qint64 row, const ImportRow &values, const Blame &blame) = 0;
-    /// Writes a row in the transaction that is open.
+    /// Writes a row in the transaction that is open. Raises InTheWay when another workstation has
+    /// taken its number, and what the engine raises.
     virtual void write(const ImportRow &values) = 0;
     /// Called once behind the last row that was written, before the commit. Raises InTheWay when
     /// another workstation has meanwhile written what a row would stand beside.
@@ -40,7 +42,8 @@ public:
 /// Raises Refused when the user may not add records of a kind.
 void demandImportRight(ImportKind kind);
 
-/// names must outlive the target.
+/// What becomes of the rows of that kind. Reads what is stored now; Data, raises DbError. names must
+/// outlive the target.
 [[nodiscard]] std::unique_ptr<ImportTarget> importTarget(ImportKind kind, ImportNames &names);
 
 } // namespace administration

@@ -200,6 +200,7 @@ void openOrPutBack(ClosedConnections &closed, const QString &kept)
     }
 }
 
+/// A database from before: the start that follows brings it up to date.
 bool isOlder(const Summary &summary)
 {
     return summary.version.toLongLong() < company::schemaVersion();

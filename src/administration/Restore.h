@@ -29,7 +29,8 @@ struct Chosen
 /// True when a file opens as a database of this program that holds tblEquipment, whole and
 /// without damage. The database in use is not touched.
 [[nodiscard]] bool isUsableBackup(const QString &path);
-/// What a file holds that was found usable. Raises DbError.
+/// What a file holds that was found usable; original: the file that it is a copy of, for its date.
+/// Raises DbError.
 [[nodiscard]] Summary summaryOfBackup(const QString &path, const QString &original);
 /// Why the program can't work with a database of this version, as a sentence; empty when it can.
 [[nodiscard]] QString refusalOfVersion(const Summary &backup);

@@ -14,6 +14,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 const QByteArray Magic = QByteArrayLiteral("QVSEALED1");
+/// In memory at once, however large the file is.
 constexpr qsizetype PieceSize = 1 << 16;
 constexpr qsizetype SealedPieceSize = PieceSize + crypto_secretstream_xchacha20poly1305_ABYTES;
 // What a file may ask of the computer that opens it: a made-up one must not take all its memory.

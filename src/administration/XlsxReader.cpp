@@ -26,6 +26,7 @@ QString dateText(double days, bool countsFrom1904)
     const qint64 day = seconds / secondsOfDay;
     if (day == 0 && !countsFrom1904)
         return time.toString(Qt::ISODate);
+    // The format counts a 29 February in 1900, which there was not.
     const QDate first = countsFrom1904 ? QDate(1904, 1, 1) : QDate(1899, 12, 30);
     const QString date = first.addDays(day).toString(Qt::ISODate);
     return time == QTime(0, 0) ? date : date + u'T' + time.toString(Qt::ISODate);

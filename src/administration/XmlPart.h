@@ -47,6 +47,7 @@ public:
     /// Bytes that were read.
     [[nodiscard]] qint64 count() const;
 
+    /// why goes on from "The file ...".
     [[noreturn]] void refuse(const QString &why) const;
     [[noreturn]] void refuseDamaged() const;
 

@@ -22,6 +22,7 @@ public:
 
     /// Adds a file under a name; it must stay there until commit().
     void add(const QString &name, const QString &file);
+    /// Packs the files and puts the archive in its place.
     void commit();
 
 private:

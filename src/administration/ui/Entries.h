@@ -10,5 +10,5 @@ void ShowRestore();
 /// newest copy first. True when one was; the connections are open then.
 [[nodiscard]] bool offerRestore(const base::Error &why);
 void ShowImport();
-/// Asks for a file and writes all tables there.
+/// Asks for a file and writes all tables there; how many rows that were is told.
 void ShowExport();

@@ -31,6 +31,7 @@ void ShowExport()
                                                   usualExportName());
     if (file.isEmpty())
         return;
+    // A typed name may lack the ending by which other programs know what it is.
     if (!file.endsWith(u".zip", Qt::CaseInsensitive))
         file += u".zip"_s;
     using administration::Exported;

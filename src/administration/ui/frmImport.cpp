@@ -29,6 +29,7 @@ namespace {
 constexpr auto module = "frmImport";
 /// The numbers of the list's items: those of the kinds, from 1, and this one.
 constexpr qint64 WholeCompany = 99;
+/// More would make the box higher than a screen.
 constexpr int entriesInQuestion = 8;
 
 const QString RowColumn = u"Row"_s;
@@ -98,6 +99,7 @@ ImportKind frmImport::kind() const
     return static_cast<ImportKind>(cboKind->id() - 1);
 }
 
+/// What was found is of the file and the kind that were looked at.
 void frmImport::fileChanged()
 {
     grdFindings->clearCurrent();
@@ -187,6 +189,7 @@ void frmImport::cmdCheck_Click()
 
 void frmImport::importRows()
 {
+    // Looked at anew, whatever "Check" has shown: the file and the lists may have changed since.
     const auto found = check();
     if (!found)
         return;

@@ -171,6 +171,7 @@ void frmRestore::pathChanged()
 {
     clearChosen();
     const bool sealed = administration::isSealed(chosen().file);
+    // A passphrase is for the file that it was typed for.
     if (!sealed)
         txtPassphrase->clear();
     txtPassphrase->setEnabled(sealed);
@@ -215,6 +216,7 @@ std::optional<frmRestore::Checked> frmRestore::check()
     }
     Checked checked{*fingerprint, administration::summaryOfBackup(administration::temporaryCopy(),
                                                                   chosen().file)};
+    // Of a sealed backup it is the plain content, which must not stay behind.
     QFile::remove(administration::temporaryCopy());
     show(checked.summary, m_backup);
     if (const QString refusal = administration::refusalOfVersion(checked.summary);
@@ -254,6 +256,7 @@ void frmRestore::cmdBrowse_Click()
         if (file.isEmpty())
             return;
         txtFolderPath->setText(file);
+        // What is sealed can be looked into only once its passphrase is there.
         if (administration::isSealed(file))
             txtPassphrase->setFocus();
         else
@@ -284,6 +287,7 @@ void frmRestore::cmdRestore_Click()
         tell(restored);
         if (m_occasion == Occasion::Start)
             return unload();
+        // What was restored is what is there now: both columns would say the same.
         txtFolderPath->clear();
         showNow();
     });

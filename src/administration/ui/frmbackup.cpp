@@ -46,6 +46,7 @@ frmbackup::frmbackup(QWidget *parent)
     connect(cmdBackup, &QPushButton::clicked, this, &frmbackup::cmdBackup_Click);
     connect(chkSealed, &QCheckBox::toggled, this, &frmbackup::chkSealed_Click);
     connect(cmdPlan, &QPushButton::clicked, this, [this] {
+        // The options may have changed what is copied without asking.
         openings().open(Options, {.key = u"pageBackups"_s});
         showPlan();
     });
@@ -79,6 +80,7 @@ void frmbackup::buildForm()
     setMinimumWidth(widthOfForm);
 }
 
+/// Each backup is given its folder anew, so that none goes where the last one lies by mistake.
 void frmbackup::refillName()
 {
     txtFolderPath->clear();
@@ -155,6 +157,7 @@ void frmbackup::cmdBackup_Click()
 
 void frmbackup::chkSealed_Click()
 {
+    // A passphrase that is not asked for is not kept either.
     for (QLineEdit *box : {txtPassphrase, txtPassphraseAgain}) {
         box->clear();
         box->setEnabled(chkSealed->isChecked());
