@@ -119,9 +119,6 @@ Column columnFromCatalogue(const QString &name, QStringView domain, int fieldTyp
     case Blob:
         column.kind = subType == 1 ? ColumnKind::Text : ColumnKind::Binary;
         column.length = subType == 1 ? MemoLength : 0;
-        break;
-    default:
-        break;
     }
     return column;
 }

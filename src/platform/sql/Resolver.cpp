@@ -16,9 +16,7 @@ namespace {
 
 bool fitsEngine(QStringView name)
 {
-    // A character takes three bytes at most, so that hardly any name has to be converted.
-    return name.size() * 3 <= EngineTypes::MaximumNameLength ||
-           name.toUtf8().size() <= EngineTypes::MaximumNameLength;
+    return name.toUtf8().size() <= EngineTypes::MaximumNameLength;
 }
 
 } // namespace

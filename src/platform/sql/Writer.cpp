@@ -26,7 +26,6 @@ Writer::Writer(QStringView statement, const TranslateOptions &options, Plan &pla
     , m_options(options)
     , m_plan(plan)
 {
-    m_text.reserve(statement.size() * 2);
 }
 
 void Writer::raise(const QString &what, const Expression &at) const

@@ -109,6 +109,7 @@ TEST(Errors, FunctionsTakeTheirNumberOfArguments)
 TEST(Errors, KindsThatDoNotGoTogether)
 {
     expectRefused({{"select Hours + 'abc' from Machine", "abc"},
+                   {"select 'abc' + Hours from Machine", "abc"},
                    {"select Bought * 2 from Machine", "date"},
                    {"select * from Machine where Bought = Name", "date"}},
                   Number::TypeMismatch);

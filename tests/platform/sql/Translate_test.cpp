@@ -91,6 +91,10 @@ select count(*) as n from Machine group by Hours*2 having Hours*2>5
   SELECT COUNT(*) AS "n" FROM "Machine" GROUP BY ("Hours" * 2) HAVING ("Hours" * 2) > 5
 select count(*) as n from Machine group by Hours*2 having Hours*2>5 union select Id from Machine where Id=1
   SELECT COUNT(*) AS "n" FROM "Machine" GROUP BY ("Hours" * 2) HAVING ("Hours" * 2) > 5 UNION SELECT "Id" FROM "Machine" WHERE "Id" = CAST(? AS DOUBLE PRECISION)
+select Hours*? as h from Machine group by Hours*?
+  SELECT ("Hours" * CAST(? AS DOUBLE PRECISION)) AS "h" FROM "Machine" GROUP BY ("Hours" * CAST(? AS DOUBLE PRECISION))
+select Id as [Select fromage] from Machine
+  SELECT "Id" AS "Select fromage" FROM "Machine"
 select Name from Machine group by Name having count(*)>5
   SELECT "Name" FROM "Machine" GROUP BY "Name" HAVING COUNT(*) > CAST(? AS DOUBLE PRECISION)
 select Switch(Name='a','x',Name='b','yy') as s, IIf(Sold,'',Name) as i from Machine
