@@ -43,6 +43,8 @@ bool ValidateEmail(const QString &Address, QString &Message)
     if (!std::ranges::all_of(address, isAllowed))
         return refuse(u"Invalid character"_s);
 
+    // The suffix follows the last point among the last four characters; without one there it is too
+    // long.
     QStringView suffix = QStringView(address).last(4);
     for (const qsizetype kept : {3, 2, 1}) {
         if (suffix.size() > kept && suffix[suffix.size() - kept - 1] == u'.')

@@ -17,6 +17,7 @@ bool isSame(const QVariant &left, const QVariant &right)
 {
     if (left.isNull() || right.isNull())
         return left.toString().isEmpty() && right.toString().isEmpty();
+    // What was shown may be of another type than what the row holds.
     return left == right || left.toString() == right.toString();
 }
 

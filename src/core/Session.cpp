@@ -62,6 +62,7 @@ void openConnections()
 {
     const db::Target target = databaseTarget();
     try {
+        // Both or none: who finds one open counts on the other.
         auto data = std::make_unique<db::Connection>(target);
         auto lookup = std::make_unique<db::Connection>(target);
         gcnData = std::move(data);

@@ -24,6 +24,7 @@ public:
 
     void read(QStringView line, qsizetype number)
     {
+        // Two blanks lead one level down.
         const qsizetype blanks = line.size() - line.trimmed().size();
         const qsizetype level = blanks / 2;
         if (blanks % 2 != 0 || level > static_cast<qsizetype>(m_open.size()))

@@ -100,6 +100,7 @@ void run(const Work &work, const std::function<void(const QString &)> &told,
         const base::Interlude interlude;
         loop.exec();
     }
+    // The thread has ended with its block.
     if (failure)
         std::rethrow_exception(failure);
 }

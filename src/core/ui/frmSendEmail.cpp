@@ -219,6 +219,7 @@ bool frmSendEmail::send(const ErrorReportDetails &details)
     const CursorShape wait(Qt::WaitCursor);
     const ReportTransport &transport = reportTransport();
     try {
+        // A second try after a failed mail must not store the report twice.
         if (transport.storeRemote && !m_storedRemote) {
             transport.storeRemote(details);
             m_storedRemote = true;
@@ -278,6 +279,8 @@ bool frmSendEmail::SaveErrorList()
 
 void frmSendEmail::cmdExit_Click()
 {
+    // Who leaves without sending has the report kept; where it could not be, the form closes all
+    // the same the next time.
     if (m_saved || m_cantBeSaved || SaveErrorList())
         unload();
 }
