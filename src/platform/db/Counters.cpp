@@ -29,6 +29,7 @@ std::vector<Counter> countersOf(const Target &target)
                      "TRIM(RDB$GENERATOR_NAME) FROM RDB$RELATION_FIELDS "
                      "WHERE RDB$IDENTITY_TYPE IS NOT NULL ORDER BY RDB$RELATION_NAME"_s);
         for (int row = 0; row < rows->rowCount(); ++row) {
+            // Adding 0 reads the counter and leaves it as it is.
             const auto last =
                 engine::query(context, u"SELECT GEN_ID(%1, 0) FROM RDB$DATABASE"_s.arg(
                                            sql::EngineTypes::quotedName(textOf(*rows, row, 2))));

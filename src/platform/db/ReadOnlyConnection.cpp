@@ -19,6 +19,7 @@ Recordset ReadOnlyConnection::Open(const QString &statement, const QVariantList 
 Recordset openReadOnly(Connection &connection, const QString &statement)
 {
     demandQuery(statement);
+    // Outside of a transaction a connection reads in one that can only read.
     if (connection.InTransaction())
         return ReadOnlyConnection(connection.target()).Open(statement);
     return connection.Open(statement);
