@@ -56,6 +56,7 @@ CellMask::State CellMask::check(QStringView text) const
         anyDigit = anyDigit || count > 0;
         const qint64 value = text.first(count).toLongLong();
         if (part.kind == Part::Kind::Number && count > 0) {
+            // A number below its range can still grow into it while there is room for digits.
             if (value > part.high || (value < part.low && count == part.digits))
                 return State::Invalid;
             if (value < part.low)

@@ -94,6 +94,7 @@ void ColumnSet::append(Column column)
 void ColumnSet::replace(int index, Column column)
 {
     ColumnData &data = at(index);
+    // What the recordset has said of the column stays.
     if (column.kind == sql::ColumnKind::Unknown)
         column.kind = data.column.kind;
     data.column = std::move(column);

@@ -184,6 +184,7 @@ QWidget *GridDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
             if (self->store())
                 self->close();
         });
+        // Not before the editor stands in its cell.
         QTimer::singleShot(0, list, &QComboBox::showPopup);
         made = list;
     } else if (holdsDates(column)) {

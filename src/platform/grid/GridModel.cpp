@@ -90,6 +90,7 @@ int GridModel::treeColumn() const
 void GridModel::setRecordset(const db::Recordset &recordset)
 {
     beginResetModel();
+    // The column may get another place; the sort goes by its name.
     const QString sorted = m_sortColumn >= 0 ? columnAt(m_sortColumn).name : QString();
     dropRows();
     m_recordset = recordset;
@@ -160,6 +161,7 @@ int GridModel::insertRow(const QVariantMap &values, int parentRow)
         checkRow(parentRow);
         parentSlot = m_rows[static_cast<std::size_t>(parentRow)];
     }
+    // All names are looked up first: an unknown one must add no row.
     std::vector<std::pair<ColumnData *, QVariant>> cells;
     for (auto it = values.cbegin(); it != values.cend(); ++it)
         cells.emplace_back(&m_columns.named(it.key()), it.value());
@@ -206,6 +208,7 @@ void GridModel::removeRow(int row)
     std::vector<int> &order = siblings(parentSlot);
     order.erase(order.begin() + index.row());
     renumberPositions(order, static_cast<std::size_t>(index.row()));
+    // From behind, so that the numbers that are still to go stay true.
     std::sort(gone.begin(), gone.end(), std::greater<>());
     for (const int number : gone) {
         const int goneSlot = m_rows[static_cast<std::size_t>(number)];
@@ -316,6 +319,7 @@ void GridModel::store(int row, int column, const QVariant &value)
 void GridModel::setValue(int row, QStringView name, const QVariant &value)
 {
     checkRow(row);
+    // Raises for an unknown name.
     static_cast<void>(m_columns.named(name));
     store(row, columnIndex(name), value);
 }
@@ -330,6 +334,7 @@ void GridModel::setAll(QStringView name, const QVariant &value)
         return;
     const int column = columnIndex(name);
     Q_EMIT dataChanged(index(0, column), index(rowCount(QModelIndex()) - 1, column));
+    // A signal is about the rows below one and the same row.
     for (auto it = m_children.cbegin(); it != m_children.cend(); ++it) {
         const QModelIndex above = indexOf(m_slots[static_cast<std::size_t>(it.key())].row);
         if (!it->empty())

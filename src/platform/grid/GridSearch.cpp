@@ -140,6 +140,7 @@ void GridModel::arrange(std::vector<int> &order)
         });
     } else {
         const ColumnData &data = m_columns.at(m_sortColumn);
+        // Made once for each row, and not at each comparison.
         std::vector<SortKey> keys;
         keys.reserve(order.size());
         for (const int slot : order)
@@ -182,6 +183,7 @@ void GridModel::resort()
 
 void GridModel::sortBy(QStringView name, Sort direction)
 {
+    // Raises for an unknown name.
     static_cast<void>(column(name));
     m_sortColumn = direction == Sort::None ? -1 : columnIndex(name);
     m_sortDirection = direction;
@@ -259,6 +261,7 @@ int GridModel::find(QStringView criterion, int from) const
     const auto [name, condition] = splitCriterion(criterion);
     const ColumnData &data = m_columns.named(name);
     from = std::max(from, 0);
+    // The usual criterion needs no copy of the column.
     if (data.column.editor != Editor::DropDown && from == 0) {
         if (const auto prefix = plainPrefix(condition))
             return beginsWith(name, *prefix);

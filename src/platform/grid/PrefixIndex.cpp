@@ -23,6 +23,7 @@ PrefixIndex::PrefixIndex(const std::vector<QString> &texts)
         m_texts.push_back(std::move(folded[static_cast<std::size_t>(row)]));
     m_tree.resize(2 * count);
     std::copy(rows.begin(), rows.end(), m_tree.begin() + static_cast<std::ptrdiff_t>(count));
+    // The leaves begin at count; a node stands at half the number of its two children.
     for (std::size_t node = count; node-- > 1;)
         m_tree[node] = std::min(m_tree[2 * node], m_tree[2 * node + 1]);
 }

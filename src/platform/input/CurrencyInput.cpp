@@ -42,6 +42,7 @@ CurrencyInput::CurrencyInput(QWidget *parent)
         const QString cleaned = typedAmount(text);
         if (cleaned == text)
             return;
+        // The caret keeps its distance from the end.
         const int behind = int(text.size()) - cursorPosition();
         setText(cleaned);
         setCursorPosition(std::max(0, int(cleaned.size()) - behind));

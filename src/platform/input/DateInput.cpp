@@ -227,6 +227,7 @@ void DateInput::keyPressEvent(QKeyEvent *event)
 
 void DateInput::focusOutEvent(QFocusEvent *event)
 {
+    // A date with blanks among its digits gets its zeros.
     if (const QDate whole = date(); whole.isValid() && !isReadOnly() && text() != shown(whole)) {
         const int caret = cursorPosition();
         setText(shown(whole));

@@ -27,6 +27,7 @@ private:
         const auto *key = static_cast<QKeyEvent *>(event);
         if (key->key() != Qt::Key_D || key->modifiers() != Qt::ControlModifier)
             return QObject::eventFilter(watched, event);
+        // Taken first, or a shortcut of the window would get the key.
         if (event->type() == QEvent::ShortcutOverride)
             event->accept();
         else

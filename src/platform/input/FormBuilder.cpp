@@ -134,6 +134,7 @@ void FormBuilder::beginColumns()
 
 void FormBuilder::closeColumn()
 {
+    // What stands in a column stays at its top when nothing in it takes the height.
     if (!block().stretches)
         block().stack->addStretch();
 }
@@ -287,6 +288,7 @@ void FormBuilder::prepare(QWidget *control, const QString &name, const QString &
 
 QLabel *FormBuilder::makeLabel(const QString &text, QWidget *buddy)
 {
+    // An underlined letter that leads nowhere must not be shown.
     const bool reachable = buddy && buddy->focusPolicy() & Qt::TabFocus;
     auto *label = new QLabel(reachable ? text : withoutMnemonic(text), block().owner);
     label->setTextFormat(Qt::PlainText);

@@ -102,6 +102,7 @@ void IdCombo::chooseNext(const QString &beginning)
         const int index = (currentIndex() + step) % count();
         if (itemText(index).startsWith(beginning, Qt::CaseInsensitive)) {
             setCurrentIndex(index);
+            // It was the user who chose.
             Q_EMIT activated(index);
             return;
         }
