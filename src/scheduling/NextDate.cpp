@@ -120,6 +120,7 @@ void CheckSchDate(const Months &months, const Weeks &weeks, const Days &days, QD
 {
     const int lastYear = Date.year() + YearsOfTheCalendar;
     bool askMonth = true;
+    // A step may leave what an earlier one has found, so that all are asked again from there.
     for (;;) {
         if (Date.year() > lastYear)
             throw base::Error(

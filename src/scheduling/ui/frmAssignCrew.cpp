@@ -72,6 +72,7 @@ void frmAssignCrew::cmdUpdate_Click()
         unload();
         return;
     }
+    // What is stored by now is read again; the choice stays for another try.
     const qint64 chosen = cboCrew->id();
     load();
     cboCrew->select(chosen);

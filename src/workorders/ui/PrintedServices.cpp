@@ -61,6 +61,7 @@ void PrintedServices::connectControls()
 {
     m_printNote = new ServiceNote(
         txtPrintNote, recording::updateNote, [](qint64 service, const QString &note) {
+            // The note of a skipped service is the reason, which has to stay.
             if (!note.trimmed().isEmpty() || !recording::IsServiceSkiped(service))
                 return true;
             base::showMessage(u"Note Field Cann't left blank. When Service has Skiped."_s);
