@@ -17,6 +17,7 @@ bool runCarrier(const QString &program)
         told::message(u"QV2go Sync Application is not Installed"_s);
         return false;
     }
+    // The path may hold blanks.
     sys::runAndWait(u'"' + systemPath(folder + program) + u'"');
     return true;
 }

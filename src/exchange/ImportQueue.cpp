@@ -56,11 +56,13 @@ bool ImportQueue::isMarked() const
 
 bool ImportQueue::lock()
 {
+    // There is nothing to lock, and read() says what is wrong.
     if (!QFileInfo(m_folder).isDir())
         return true;
     m_lock.emplace(m_folder + u".lock"_s);
     // An import may wait for its user: only its end frees the place.
     m_lock->setStaleLockTime(0);
+    // Where no lock can be made at all, the import goes on without one.
     return m_lock->tryLock() || m_lock->error() != QLockFile::LockFailedError;
 }
 

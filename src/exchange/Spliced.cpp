@@ -65,6 +65,7 @@ QString bracketed(const QString &name)
 QString quoted(const QString &piece)
 {
     QString text = piece;
+    // Doubled apostrophes stand aside while single ones are looked for.
     text.replace(u"''"_s, u"\0"_s);
     if (text.contains(u'\''))
         raise(db::ErrorNumber::Syntax, piece, u"holds an apostrophe, which would end the text"_s);

@@ -37,6 +37,7 @@ bool machineExists(qint64 EquipmentID)
 
 QString attribute(const SectionRecord &record, std::initializer_list<QStringView> names)
 {
+    // Of a name in several cases the last one counts.
     QString found;
     for (const auto &[name, value] : record) {
         for (const QStringView wanted : names) {
@@ -108,6 +109,7 @@ void Update_Crew(const QString &EquipmentID, const QString &CrewID, const QStrin
 
 void Update_Barcode(const QString &table, const QVariant &id, const QString &barcode)
 {
+    // A code belongs to one part, or one machine: whatever else had it loses it.
     if (table == u"tblPart")
         dataConnection().Execute(
             u"update tblPart set bar_code='' where  PartID <>  ? and bar_code=?"_s, {id, barcode});

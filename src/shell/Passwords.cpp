@@ -21,6 +21,7 @@ void startLibrary()
                           u"Passwords can't be protected on this computer."_s);
 }
 
+/// Case does not count in passwords, nor by which keys an accented letter was typed.
 QString folded(const QString &text)
 {
     return text.normalized(QString::NormalizationForm_C).toCaseFolded();
@@ -47,6 +48,7 @@ bool isHashedPassword(const QString &stored)
 
 bool passwordMatches(const QString &stored, const QString &typed)
 {
+    // One that was never hashed stands as it was typed, until the next login hashes it.
     if (!isHashedPassword(stored))
         return folded(stored) == folded(typed);
     const QByteArray utf8 = folded(typed).toUtf8();

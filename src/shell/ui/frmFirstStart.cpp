@@ -74,6 +74,7 @@ void frmFirstStart::buildForm()
 
 void frmFirstStart::closePasswordOnceGiven()
 {
+    // Once somebody has given one it is changed elsewhere, by who knows it.
     const bool isOpen = base::trapped("frmFirstStart", "Form_Load", false,
                                       [] { return shell::hasDeliveredPassword(); });
     for (QWidget *control :

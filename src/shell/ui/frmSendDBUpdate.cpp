@@ -108,6 +108,7 @@ void frmSendDBUpdate::mark(Step step)
     labels[reached]->setEnabled(true);
     if (reached > 0)
         images[reached - 1]->setEnabled(true);
+    // Painted before the step begins, which holds up the event loop.
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
