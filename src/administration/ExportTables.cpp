@@ -194,7 +194,6 @@ QByteArray contentsLine(const QString &table, qint64 rows, const std::vector<db:
 
 Exported exportTables(const db::Target &company, const QString &zip, const base::Progress &progress)
 {
-    // First of all: a place that can't be written to is told before the copy takes its time.
     ZipWriter archive(zip);
     // Beside the archive, where the user has room for it.
     const QTemporaryDir folder(zip + u".XXXXXX"_s);

@@ -42,8 +42,8 @@ public:
 /// Raises Refused when the user may not add records of a kind.
 void demandImportRight(ImportKind kind);
 
-/// What becomes of the rows of that kind. Reads what is stored now; Data, raises DbError. names must
-/// outlive the target.
+/// What becomes of the rows of that kind. Reads what is stored now; Data, raises DbError. names
+/// must outlive the target.
 [[nodiscard]] std::unique_ptr<ImportTarget> importTarget(ImportKind kind, ImportNames &names);
 
 } // namespace administration
