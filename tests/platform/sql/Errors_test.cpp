@@ -121,6 +121,7 @@ TEST(Errors, KindsThatDoNotGoTogether)
                    {"select * from Machine where Bought = 'soon'", ""},
                    {"update Machine set Id = 'x'", ""}},
                   Number::TypeMismatch, inlined);
+    expectRefused({{"update Machine set Cost = 1e15", ""}}, base::ErrorNumber::Overflow, inlined);
 }
 
 TEST(Errors, TheDescriptionShowsThePlace)
