@@ -167,7 +167,11 @@ int main(int argc, char *argv[])
     theme::install(application);
     reportfiles::installDelivered(folder.path());
     joinFilterScreens();
-    gRights = {};
+    gRights.EqList = gRights.EqDetail = gRights.ExpOnEq = gRights.EqUtilization = true;
+    gRights.EqCrewHistory = gRights.EqScanHistory = gRights.InspDatReading = true;
+    gRights.LicRenDateReading = gRights.WOHistory = gRights.SerEqName = gRights.SerHistory = true;
+    gRights.SerHistoryTime = gRights.InvReport = gRights.InvReorderReport = true;
+    gRights.InvOrUpSer = gRights.InvPartUsage = gRights.InvPartHistory = true;
     if (!QFile::copy(file, copy)) {
         std::fprintf(stderr, "%s can't be copied\n", qPrintable(file));
         return 1;

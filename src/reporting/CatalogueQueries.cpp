@@ -164,28 +164,37 @@ QString crewHistory()
            "tblEquipment.EquipmentID"_s;
 }
 
-/// Each posted service once, with the first of its repeated costs and the sum of its parts; then
-/// the sums of each machine.
+/// Each posted service of a machine once, with the first of its repeated costs and the sum of its
+/// parts; then the sums of each machine, and of those that share unit and name. Texts come in only
+/// where there is a row for each machine: rows in large numbers are grouped by keys alone.
 QString expenses()
 {
+    const QString services =
+        u"(SELECT tblWOServiceUsedHistory.EquipmentID, tblWOServiceUsedHistory.ServiceUsedID, "
+        "First(tblWOServiceUsedHistory.CostEstimate) AS LaborCost, "
+        "Sum(tblWoPartHistory.Price * tblWoPartHistory.QuantityUsed) AS PartCost, "
+        "First(Hour(tblWOServiceUsedHistory.workhrs)) AS hrs, "
+        "First(Minute(tblWOServiceUsedHistory.workhrs)) AS mins"_s +
+        joined(u"tblWOServiceUsedHistory"_s, {PartsOfService}) +
+        u" GROUP BY tblWOServiceUsedHistory.EquipmentID, tblWOServiceUsedHistory.ServiceUsedID) "
+        "AS PostedService"_s;
+    const QString machines =
+        u"(SELECT PostedService.EquipmentID, Sum(PostedService.LaborCost) AS LaborCost, "
+        "Sum(PostedService.PartCost) AS PartCost, Sum(PostedService.hrs) AS hrs, "
+        "Sum(PostedService.mins) AS mins FROM %1 GROUP BY PostedService.EquipmentID) AS "
+        "PostedWork"_s.arg(services);
     return u"SELECT EquipmentExpense.UnitNo, EquipmentExpense.EquipmentName, "
            "Sum(EquipmentExpense.LaborCost) AS [Labor Cost], "
            "Sum(EquipmentExpense.PartCost) AS [Part Cost], "
            "Sum(EquipmentExpense.hrs) AS ServiceHrs, Sum(EquipmentExpense.mins) AS ServiceMin, "
            "First(EquipmentExpense.TypeName) AS EquipmentType, "
-           "First(EquipmentExpense.Inactive) AS MachineInactive "
-           "FROM (SELECT tblEquipment.UnitNo, tblEquipment.EquipmentName, tblEquipment.Inactive, "
-           "tblWOServiceUsedHistory.ServiceUsedID, tblIndicator.ItemName AS TypeName, "
-           "First(tblWOServiceUsedHistory.CostEstimate) AS LaborCost, "
-           "Sum(tblWoPartHistory.Price * tblWoPartHistory.QuantityUsed) AS PartCost, "
-           "First(Hour(tblWOServiceUsedHistory.workhrs)) AS hrs, "
-           "First(Minute(tblWOServiceUsedHistory.workhrs)) AS mins"_s +
-           joined(u"tblWOServiceUsedHistory"_s,
-                  {u"INNER JOIN tblEquipment ON tblWOServiceUsedHistory.EquipmentID = "
-                   "tblEquipment.EquipmentID"_s,
-                   PartsOfService, Type}) +
-           u" GROUP BY tblEquipment.UnitNo, tblEquipment.EquipmentName, tblEquipment.Inactive, "
-           "tblWOServiceUsedHistory.ServiceUsedID, tblIndicator.ItemName) AS EquipmentExpense"_s;
+           "First(EquipmentExpense.Inactive) AS MachineInactive FROM (SELECT tblEquipment.UnitNo, "
+           "tblEquipment.EquipmentName, tblEquipment.Inactive, tblIndicator.ItemName AS TypeName, "
+           "PostedWork.LaborCost, PostedWork.PartCost, PostedWork.hrs, PostedWork.mins"_s +
+           joined(machines, {u"INNER JOIN tblEquipment ON PostedWork.EquipmentID = "
+                             "tblEquipment.EquipmentID"_s,
+                             Type}) +
+           u") AS EquipmentExpense"_s;
 }
 
 QString utilization()
@@ -209,22 +218,22 @@ QString utilization()
 /// One line for each reading of a machine, beside the reading before it. Of two readings on one
 /// date the lower one came first; the days between them are 0, and the division fails. The readings
 /// before are each the first of an index, which "top 1" leaves at once and a maximum would not.
+/// Inside a table of their own they would keep the engine from finding the machine first.
 QString utilizationSingle()
 {
     const QString before = u"(SELECT TOP 1 b.%1 FROM tblEquipmentCount AS b WHERE b.EquipmentID = "
-                           "r.EquipmentID and %2 ORDER BY b.EquipmentID DESC, b.%1 DESC)"_s;
+                           "a.EquipmentID and %2 ORDER BY b.EquipmentID DESC, b.%1 DESC)"_s;
     const QString date =
-        before.arg(u"ChangeDate"_s, u"b.ChangeDate <= r.ChangeDate and (b.ChangeDate < "
-                                    "r.ChangeDate or b.CountValue < r.CountValue)"_s);
-    const QString count = before.arg(u"CountValue"_s, u"b.CountValue < r.CountValue"_s);
-    const QString days = u"DateDiff('d', a.PrevDate, a.ChangeDate)"_s;
-    const QString change = u"(a.CountValue - a.PrevCount)"_s;
+        before.arg(u"ChangeDate"_s, u"b.ChangeDate <= a.ChangeDate and (b.ChangeDate < "
+                                    "a.ChangeDate or b.CountValue < a.CountValue)"_s);
+    const QString count = before.arg(u"CountValue"_s, u"b.CountValue < a.CountValue"_s);
+    const QString days = u"DateDiff('d', %1, a.ChangeDate)"_s.arg(date);
+    const QString change = u"(a.CountValue - %1)"_s.arg(count);
     return u"SELECT tblEquipment.EquipmentName, tblEquipment.UnitNo, a.CountType, a.ChangeDate, "
-           "a.CountValue, a.PrevDate, a.PrevCount, %3 AS NoOfDays, %4 AS CountChange, "
-           "%4 / %3 AS AvgUse, %4 / %3 / 24 AS Utilizarion FROM (SELECT r.EquipmentID, "
-           "r.CountType, r.ChangeDate, r.CountValue, %1 AS PrevDate, %2 AS PrevCount FROM "
-           "tblEquipmentCount AS r) AS a INNER JOIN tblEquipment ON a.EquipmentID = "
-           "tblEquipment.EquipmentID"_s.arg(date, count, days, change);
+           "a.CountValue, %1 AS PrevDate, %2 AS PrevCount, %3 AS NoOfDays, %4 AS CountChange, "
+           "%4 / %3 AS AvgUse, %4 / %3 / 24 AS Utilizarion FROM tblEquipmentCount AS a INNER JOIN "
+           "tblEquipment ON a.EquipmentID = tblEquipment.EquipmentID"_s.arg(date, count, days,
+                                                                            change);
 }
 
 QString dates(const QString &column)
