@@ -197,6 +197,7 @@ std::optional<QDateTime> parseDate(QStringView text)
     text = text.trimmed();
     if (auto date = base::parseMonthFirst(text))
         return date;
+    // Four characters and a separator, which stands again behind one or two more.
     const bool yearFirst = text.size() >= 8 &&
                            text[4] == text[text.size() > 6 && text[6] == text[4] ? 6 : 7] &&
                            (text[4] == u'-' || text[4] == u'/');

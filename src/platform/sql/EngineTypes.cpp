@@ -117,6 +117,7 @@ Column columnFromCatalogue(const QString &name, QStringView domain, int fieldTyp
         column.length = characterLength;
         break;
     case Blob:
+        // Subtype 1 is text.
         column.kind = subType == 1 ? ColumnKind::Text : ColumnKind::Binary;
         column.length = subType == 1 ? MemoLength : 0;
     }

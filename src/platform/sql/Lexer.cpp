@@ -275,6 +275,7 @@ Token Lexer::scanNumber()
     }
     if (peek(length) == u'e' || peek(length) == u'E') {
         const bool sign = peek(length + 1) == u'+' || peek(length + 1) == u'-';
+        // Without digits behind it the letter begins a word.
         if (isDigit(peek(length + (sign ? 2 : 1)))) {
             whole = false;
             length += sign ? 2 : 1;
@@ -298,6 +299,7 @@ Token Lexer::scanQuoted(char16_t quote, TokenKind kind)
                                                        : u"the name that begins here has no end."_s,
                              m_statement, begin);
         }
+        // Only a text can hold its own quote.
         const bool doubled = kind == TokenKind::Text && at + 1 < m_statement.size() &&
                              m_statement[at + 1] == QChar(quote);
         if (!doubled)

@@ -87,6 +87,7 @@ Expression Parser::parseColumn()
         column.qualifier = takeName(u"a table");
         take();
     }
+    // Nothing but a column can stand here, so that even a word of the grammar is one.
     if (!at(TokenKind::Name) && !at(TokenKind::Word))
         raise(u"expected the name of a column."_s);
     column.name = take().text;
@@ -205,6 +206,7 @@ void Parser::parseCreateIndex(Definition &definition)
         definition.ignoreZero = true;
     else if (!(ignore || acceptWord(u"disallow")) || !accept(Keyword::Null))
         raise(u"expected PRIMARY, DISALLOW NULL, IGNORE NULL or IGNORE ZERO behind WITH."_s);
+    // The engine indexes one expression, by which the zeros are left out.
     if (definition.ignoreZero && definition.indexColumns.size() != 1)
         raise(u"IGNORE ZERO is for an index of one column."_s);
 }
@@ -377,6 +379,8 @@ TypeName Parser::parseType()
     case TypeShape::Counter: {
         if (!bracketed)
             break;
+        // Of a counter the first number and the step; of a number digits and decimals, which say
+        // nothing here.
         const int first = parseLength(std::numeric_limits<int>::max());
         if (found->shape == TypeShape::Counter)
             type.firstNumber = first;

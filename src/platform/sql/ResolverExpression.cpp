@@ -208,6 +208,7 @@ void Resolver::resolveCall(Expression &call, const Scope &scope)
     resolveOperands(call, scope);
     if (call.function->isAggregate() && scope.select)
         scope.select->aggregates = true;
+    // The same condition as "Is Null".
     if (call.function->id == FunctionId::IsNull)
         call.kind = Kind::IsNull;
     call.type =

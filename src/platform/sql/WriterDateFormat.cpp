@@ -69,8 +69,10 @@ void Writer::writeFormattedDate(const Expression &date, const QString &picture)
 {
     const Repetition repetition(*this, date);
     const QStringList pieces = datePieces(picture);
+    // A picture of texts alone shows nothing of the date.
     if (std::ranges::all_of(pieces, [](const QString &piece) { return piece.startsWith(u'\''); }))
         raise(u"this format is not known."_s, date);
+    // A mark for the half of the day turns all hours of the picture to twelve.
     const bool twelveHours = std::ranges::any_of(pieces, isHalfDay);
     QStringView between;
     m_text += u'(';
@@ -95,6 +97,7 @@ void Writer::writePartIn(QStringView before, const Expression &date, QStringView
 
 void Writer::writeDateSign(const Expression &date, const QString &sign, bool twelveHours)
 {
+    // A sign of three letters stands for a short name.
     const qsizetype nameLength = sign.size() == 3 ? 3 : 20;
     if (const auto *number = std::ranges::find(dateNumbers, QStringView(sign), &DateNumber::sign);
         number != dateNumbers.end())

@@ -55,6 +55,7 @@ Frame frameOf(Operator operation, ColumnKind left, ColumnKind right, ColumnKind 
             return {u"CAST(", u" AS DOUBLE PRECISION) * ", u""};
         return {u"", u" * ", u""};
     case Operator::Divide:
+        // The engine divides whole numbers into a whole one.
         if (left == ColumnKind::Real)
             return {u"", u" / ", u""};
         return {u"CAST(", u" AS DOUBLE PRECISION) / ", u""};
@@ -130,6 +131,7 @@ void Writer::writeCondition(const Expression &condition)
 
 void Writer::writeConditionOperand(const Expression &condition, Kind around)
 {
+    // A list that is split is a chain by itself.
     const bool looser = condition.kind == Kind::Or || condition.kind == Kind::And ||
                         (condition.kind == Kind::In && condition.operands.size() - 1 > longestList);
     const bool bare = around == Kind::And  ? condition.kind != Kind::Or && !looser

@@ -45,6 +45,7 @@ void Writer::writeRealText(const Expression &value)
         m_text += u"CAST(FLOOR(LOG10("_s;
         magnitude(u")) AS INTEGER)");
     };
+    // 0; what is neither very large nor very small; the rest as its digits and an exponent.
     m_text += u"CASE WHEN "_s;
     writeNatural(value);
     m_text += u" = 0 THEN '0' WHEN "_s;
@@ -131,6 +132,7 @@ void Writer::writeNumberSection(const Expression &value, const NumberPicture &pi
         writeQuoted(picture.before);
         return;
     }
+    // The usual case, in which the engine's own text is the right one.
     const bool plain = signs && !picture.grouped && picture.wholeDigits == 1 &&
                        picture.fixedDecimals == picture.decimals &&
                        picture.point == (picture.decimals > 0) && picture.before.isEmpty() &&
@@ -142,6 +144,7 @@ void Writer::writeNumberSection(const Expression &value, const NumberPicture &pi
         return;
     }
     m_text += u'(';
+    // Of the number as it is rounded, so that no 0 gets a minus.
     if (signs) {
         m_text += u"TRIM(IIF("_s;
         writeRounded(value, picture);
@@ -188,6 +191,7 @@ void Writer::writeWhole(const Expression &value, const NumberPicture &picture)
         whole();
         m_text += u" AS VARCHAR(20))"_s;
     };
+    // All 18 digits in groups of three, from which the leading zeros are cut then.
     if (picture.grouped) {
         m_text += u"IIF("_s;
         whole();
