@@ -66,7 +66,9 @@ public:
 
 private:
     [[nodiscard]] const GridModel &rows() const;
+    /// A key in the open editor; True when it is used up.
     [[nodiscard]] bool keyPressed(const QKeyEvent &event);
+    /// Stores and closes the editor; in a sheet a refused value takes the focus back.
     void focusLost();
     void paintText(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index,
                    const Style &style, bool selected) const;

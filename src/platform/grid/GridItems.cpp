@@ -6,7 +6,6 @@ namespace grid {
 
 using namespace Qt::StringLiterals;
 
-/// An index carries the slot of its row, which stays the same when rows are sorted or renumbered.
 QModelIndex GridModel::indexOf(int row, int column) const
 {
     if (row < 0 || row >= rowCount() || column < 0 || column >= columnCount())

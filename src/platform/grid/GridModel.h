@@ -172,19 +172,25 @@ private:
     struct SortKey;
 
     void checkRow(int row) const;
+    /// A cell by the slot of its row: the value, the text that is shown, and the one that is
+    /// searched.
     [[nodiscard]] QVariant slotValue(int slot, const ColumnData &column) const;
     [[nodiscard]] QString shownText(int slot, const ColumnData &column) const;
     [[nodiscard]] QString searchText(int slot, const ColumnData &column) const;
     [[nodiscard]] std::optional<int> scannedFor(QStringView text, const ColumnData &column) const;
     void store(int row, int column, const QVariant &value);
     void dropRows();
+    /// The slots below a row, for -1 the topmost. children: null when there are none.
     [[nodiscard]] std::vector<int> &siblings(int parentSlot);
     [[nodiscard]] const std::vector<int> *children(int parentSlot) const;
+    /// Notes in the slots where they stand in an order, from one place on.
     void renumberPositions(const std::vector<int> &order, std::size_t from = 0);
+    /// Sorts by the present column, without one back to the order of loading.
     void arrange();
     void arrange(std::vector<int> &order);
     [[nodiscard]] SortKey sortKey(int slot, const ColumnData &column) const;
     [[nodiscard]] bool before(const SortKey &left, const SortKey &right) const;
+    /// Appends the numbers of these rows, each with all that are below it.
     void appendTree(const std::vector<int> &order, QList<int> &rows) const;
 
     db::Recordset m_recordset;

@@ -102,17 +102,21 @@ protected:
 private:
     friend class GridDelegate;
 
+    /// Brings the headings in line with the settings of the columns.
     void showColumns();
     void rowsReset();
     void headingClicked(int section);
     void headingMoved();
     void headingResized(int section, int width);
     void showSortSign();
+    /// Gives columns that have come by now the layout that was kept for them.
     void applyPending();
     void placeColumns();
 
     [[nodiscard]] QList<int> visibleColumns() const;
+    /// The visible cell so many steps beside one; the same one at the edge.
     [[nodiscard]] QModelIndex neighbour(const QModelIndex &index, int step) const;
+    /// Where Tab goes, over the ends of rows; invalid when there is no such cell.
     [[nodiscard]] QModelIndex nextEditable(const QModelIndex &index, bool forward) const;
     [[nodiscard]] bool isEditable(const QModelIndex &index) const;
     void makeCurrent(const QModelIndex &index);

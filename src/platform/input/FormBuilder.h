@@ -148,13 +148,17 @@ private:
     };
 
     Block &block() { return m_blocks.last(); }
+    /// The rows that take the next field; new ones behind what stands across the width.
     QGridLayout *rows();
     void beginBlock(QWidget *owner, QVBoxLayout *stack, QHBoxLayout *columns = nullptr);
     void closeColumn();
+    /// Names a control, for tests and assistive tools, and puts it into the tab order.
     void prepare(QWidget *control, const QString &name, const QString &caption);
+    /// buddy: the control to which the label's key leads, null for none.
     QLabel *makeLabel(const QString &text, QWidget *buddy);
     /// How a control fills its row.
     enum class Fill { Wide, Narrow, Tall };
+    /// Puts a control behind its label: into the open line, else into a row of its own.
     void place(QLabel *label, QWidget *control, Fill fill);
     void addField(const QString &name, const QString &label, QWidget *control, Fill fill);
     QPushButton *makeButton(const QString &name, const QString &caption, const QIcon &icon);
