@@ -49,6 +49,7 @@ protected:
 private:
     [[nodiscard]] QString heldSentence() const;
     [[nodiscard]] bool resolve(const record::Conflict &conflict);
+    /// The two values of a column as the screen shows them.
     [[nodiscard]] QString told(const record::Difference &difference) const;
 
     QList<Bindings *> m_fields;

@@ -42,6 +42,7 @@ private:
     void addPerson(input::FormBuilder &form);
     void addWork(input::FormBuilder &form);
     void loadLists();
+    /// Offers the states of the country on show.
     void loadStates();
     void checkOnLeaving();
     /// Asks whether a changed labour cost reaches the services of the crew.

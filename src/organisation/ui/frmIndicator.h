@@ -47,9 +47,12 @@ private:
     /// called, how long a name may be.
     void lstIndicatorP_Click();
     void loadParents(input::IdCombo &combo) const;
+    /// Chooses the parent that the opening names, else that of the item to begin on.
     void presetParent();
+    /// True when another item below the parent has that name.
     bool NameDupl(qint64 parent, const QString &name) const;
     [[nodiscard]] bool hasParents() const { return !m_parentLabel.isEmpty(); }
+    /// What the edited item hangs under: the list itself where it has no other parents.
     [[nodiscard]] qint64 parentOfItem() const;
 
     Opening m_opening;

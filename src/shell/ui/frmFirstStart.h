@@ -23,6 +23,7 @@ private:
     void buildForm();
     void closePasswordOnceGiven();
     [[nodiscard]] shell::FirstSteps steps() const;
+    /// Stores what was entered; False after telling what is missing or in the way.
     [[nodiscard]] bool store();
 
     void cmdSave_Click();

@@ -22,6 +22,7 @@ private:
     void buildForm();
     void cmdContinue_Click();
     void cmdCancel_Click();
+    /// Leads to where the mistake is likely: an empty name, else the password.
     void askAgain();
 
     QLabel *lblProductName = nullptr;

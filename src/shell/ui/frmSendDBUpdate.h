@@ -28,6 +28,7 @@ private:
     void cmdSend_Click();
     /// Sends; False after telling why it could not be sent. Raises base::Cancelled.
     [[nodiscard]] bool send();
+    /// Lights up a step and the arrow that leads to it.
     void mark(Step step);
     void clearMarks();
 

@@ -60,6 +60,8 @@ private:
     [[nodiscard]] QWidget *updatesPage();
     [[nodiscard]] QWidget *backupsPage();
     void addPage(QWidget *page, const QString &name, const QString &caption);
+    /// A box for an option of the company: a text of at most so many characters, or a number of
+    /// days.
     QLineEdit *addText(input::FormBuilder &form, QStringView key, const QString &name,
                        const QString &label, int length);
     QLineEdit *addDays(input::FormBuilder &form, QStringView key, const QString &name,
@@ -68,17 +70,23 @@ private:
     /// one that is kept, and a button beside it forgets that.
     QLineEdit *addSecret(input::FormBuilder &form, const QString &option, const QString &name,
                          const QString &label);
+    /// Has the control read and stored with the others. A box tells of its changes by itself; for
+    /// any other Field markChanged has to be called.
     void addField(QLineEdit *box, QStringView key);
     void addField(Field field);
     /// A number of the rule by which copies stay.
     void addKept(input::SpinInput *spin, QStringView option, int copies::KeepRule::*number);
+    /// A button that opens the editor of a lookup list.
     void addList(input::FormBuilder &form, const QString &name, const QString &caption,
                  std::function<void()> open);
     void readOptions();
+    /// Only what was changed since it was read is stored.
     void markChanged(const QString &key);
     [[nodiscard]] bool isChanged() const;
     /// Stores what has been changed, in its order; False when it could not, which has been told.
     bool SaveSystemChanges();
+    /// OK closes unless something could not be stored; Cancel stays, and reads again what is
+    /// stored.
     void cmdOk_Click();
     void cmdApply_Click();
     void cmdCancel_Click();

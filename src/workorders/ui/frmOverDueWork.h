@@ -53,6 +53,7 @@ private:
     [[nodiscard]] grid::Style reportStyle(int row) const;
     void fillWidth();
     void ShowReports();
+    /// By what a row is found again when the board has been read anew.
     [[nodiscard]] QString keyOf(int row) const;
     [[nodiscard]] BoardView boardView() const;
     void showEntries(const QList<board::Entry> &entries, int openRow, int dueRow);
