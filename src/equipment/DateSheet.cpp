@@ -87,6 +87,7 @@ QString store(const Sheet &sheet, const NewDate &machine)
         const db::Recordset now =
             record::hold(dataConnection(), u"tblEquipment", u"EquipmentID", machine.EquipmentID);
         const QDateTime held = now.current().date(sheet.column);
+        // Whoever has stored the very date meanwhile stands in nobody's way.
         if (held != machine.shown && held != machine.date)
             return u"%1: yours \"%2\", theirs \"%3\""_s.arg(
                 machine.unitNo, base::toText(machine.date), base::toText(held));

@@ -75,6 +75,7 @@ void removeFolder(qint64 EquipmentID)
     if (!machine.exists())
         return;
     bool whole = true;
+    // One that is in use doesn't keep the others from going.
     for (const QString &file : machine.entryList(QDir::Files | QDir::Hidden))
         whole &= machine.remove(file);
     if (!whole || !QDir().rmdir(machine.path()))

@@ -45,6 +45,7 @@ struct Period
 /// Writes one column of a part of a service.
 [[nodiscard]] bool UpdatePartHistory(qint64 ServiceUsedID, const QString &PartID,
                                      const QString &Column, const QVariant &Value);
+/// Writes a service's note in place of the one before.
 [[nodiscard]] bool updateNote(qint64 ServiceUsedID, const QString &note);
 /// Deletes a service and its parts.
 [[nodiscard]] bool DeleteServiceHistoryRecord(qint64 ServiceUsedID);
@@ -60,6 +61,8 @@ struct TimeCorrection
     QString stored{};                 ///< the time as rows hold it, empty for none
     std::optional<QString> WorkHrs{}; ///< the hours worked, where they follow from the times
 };
+/// A start lies before the end, where there is one; an end needs a start before it. Texts as rows
+/// and cells hold them; both say what they do to the hours worked.
 [[nodiscard]] TimeCorrection correctStart(const QString &typed, const QString &end);
 [[nodiscard]] TimeCorrection correctEnd(const QString &typed, const QString &start);
 /// Hours worked may be typed in spite of the times.

@@ -131,6 +131,7 @@ void DateReading::EnableControls()
         button->setVisible(editing);
     for (QPushButton *button : {cmdPrint, cmdExit})
         button->setVisible(!editing);
+    // Another range would show other machines and lose what was typed for these.
     for (QWidget *control : std::initializer_list<QWidget *>{datFrom, datTo, cmdRefresh})
         control->setEnabled(!editing);
     cmdPrint->setEnabled(openings().isJoined(m_sheet.report));
@@ -150,6 +151,7 @@ void DateReading::ButtonClick(int row, const QString &column)
     base::trapped(m_sheet.module, m_sheet.button, [&] {
         grid::GridModel &rows = m_grid->rows();
         const QDateTime oldDate = rows.value(row, m_sheet.column).toDateTime();
+        // As if it had been typed, so that the same rule judges it.
         rows.edit(row, rows.columnIndex(m_sheet.newCaption), datesheet::oneYearLater(oldDate));
     });
 }

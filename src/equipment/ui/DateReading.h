@@ -17,6 +17,8 @@ class DateReading : public Screen
 public:
     explicit DateReading(const datesheet::Sheet &sheet, QWidget *parent = nullptr);
 
+    /// Shows the machines whose date lies between those in the boxes; what was typed for others
+    /// goes.
     void RefreshRecordSet();
 
 protected:
@@ -27,11 +29,13 @@ private:
     void buildForm();
     void buildGrid();
     void readRange();
-    /// The range, when both dates are in order; otherwise the user has been told.
+    /// False when one of the two dates is missing or wrong, which the user has been told.
     [[nodiscard]] bool rangeIsInOrder();
+    /// Shows what is stored, and goes back to the mode Browse.
     void leaveEditing();
 
     void ButtonClick(int row, const QString &column);
+    /// Judges a date that was typed into a row; a refused one is told and taken out again.
     [[nodiscard]] bool Change(int row, const QVariant &date);
     void cmdRefresh_Click();
     void cmdUpdate_Click();

@@ -110,6 +110,7 @@ void DepreciationPage::setEditable(bool editable)
     enableRecalculate();
 }
 
+/// Without a stored date of purchase there is no first year to begin with.
 void DepreciationPage::enableRecalculate()
 {
     cmdRecalculate->setEnabled(m_editable && m_isAcquired);

@@ -26,6 +26,7 @@ public:
 private:
     void buildPage();
     void RefreshDepreciationGrid(qint64 EquipmentID);
+    /// False when a schedule can't be worked out of what the boxes hold, which is told.
     [[nodiscard]] bool ValidationDepreciation();
     void cmdRecalculate_Click();
     void enableRecalculate();

@@ -88,6 +88,7 @@ void DocumentsPage::cmdPreview_Click()
     const QString name = chosen(u"Document Name");
     if (name.isEmpty())
         return;
+    // Files lie outside the database, where others may move or delete them.
     if (!documents::exists(equipment(), name)) {
         base::showMessage(u"Invalid File or Incorrect Path."_s);
         return;

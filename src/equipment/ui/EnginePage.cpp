@@ -61,6 +61,7 @@ void EnginePage::editModels()
 
 void EnginePage::RefreshCombo(const QString &listName)
 {
+    // The models are rebuilt with their make, so the chosen one is put back.
     const qint64 model = cboEngineModel->id();
     if (listName == u"EMAKE")
         rebuildKeepingChoice(*cboEngineMake,

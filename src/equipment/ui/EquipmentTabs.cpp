@@ -91,6 +91,7 @@ EquipmentTabs::EquipmentTabs(QWidget *parent)
     }
     stack->addStretch();
     ChangeButtonState(0);
+    // Shortcuts would come too late: a text box takes some of these keys for itself.
     qApp->installEventFilter(this);
 }
 
@@ -122,6 +123,7 @@ int EquipmentTabs::indexOfKey(const QObject *target, const QEvent *event) const
         return -1;
     if (isTextKey(key->key()) && isEditableText(widget))
         return -1;
+    // In a box of notes it is the stamp of date and time.
     if (key->key() == Qt::Key_D)
         for (const QWidget *noteBox : m_noteBoxes)
             if (noteBox == widget)

@@ -35,6 +35,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    /// The page that a key asks for where it was pressed, -1 for none.
     [[nodiscard]] int indexOfKey(const QObject *target, const QEvent *event) const;
 
     QList<QPushButton *> m_buttons;

@@ -301,6 +301,7 @@ void HistoryPage::loadRows()
     grid::GridModel &rows = grdServiceHistory->rows();
     rows.setRecordset(history::services(m_equipment, period()));
     const QHash<qint64, double> costs = history::SetAllPastCost(m_equipment, period());
+    // No column of the query: a sum for each row would read the parts row by row.
     rows.setAll(u"Part Cost", 0.0);
     for (int row = 0; !costs.isEmpty() && row < rows.rowCount(); ++row) {
         if (const auto found = costs.constFind(serviceOf(row)); found != costs.cend())
@@ -337,6 +338,7 @@ void HistoryPage::SetPastCost(qint64 ServiceUsedID)
 void HistoryPage::RefreshServiceNoteGrid()
 {
     const int row = grdServiceHistory->currentRow();
+    // Until it is set again, what fills the box counts as typed by nobody.
     m_noteOf = 0;
     const QString note = base::trapped(Module, "RefreshServiceNoteGrid", QString(), [&] {
         return row < 0 ? QString()

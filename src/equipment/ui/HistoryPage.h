@@ -34,6 +34,8 @@ private:
     [[nodiscard]] QList<grid::Column> serviceColumns();
     void readRange();
     [[nodiscard]] bool runsBackwards() const;
+    /// Takes over a date of the range that is in order; another one is told, and gives way to the
+    /// former where it turns the range round. False then.
     [[nodiscard]] bool checkDate(input::DateInput *box, QDate &former);
     [[nodiscard]] history::Period period() const;
 
@@ -43,14 +45,19 @@ private:
     /// Shows what the parts of the current service cost.
     void SetPastCost(qint64 ServiceUsedID);
     void RefreshServiceNoteGrid();
+    /// Shows parts and note of the current service, having stored the note of the one before.
     void showDetails();
     void EnableControls();
 
     void cmdRefresh_Click();
     void cmdDeleteHistory_Click();
+    /// Stores a corrected time and shows what follows from it. False when it was refused, which is
+    /// told, or not written.
     [[nodiscard]] bool changeTime(int row, const QString &column,
                                   const history::TimeCorrection &correction);
+    /// Gives a service to another crew and shows what its hours cost there.
     [[nodiscard]] bool changeCrew(int row, qint64 crew);
+    /// Opens the entry of times on a row, when one of its times was clicked.
     void showServiceTime(int row, const QString &column);
     /// Writes the note when it was changed. False when it could not be.
     bool storeNote();

@@ -54,6 +54,7 @@ void HistoryParts::RefreshPartHistoryGrid(qint64 ServiceUsedID)
 bool HistoryParts::change(int row, const QString &column, const QString &field, double number)
 {
     grid::GridModel &rows = grdPartHistory->rows();
+    // What changes nothing needs no warning, and no transaction.
     if (number == rows.value(row, column).toDouble()) {
         rows.setValue(row, column, number);
         return true;

@@ -26,6 +26,7 @@ namespace {
 
 constexpr int FirstYear = 1950;
 
+/// The locations of a site; without one the list stays empty.
 void loadLocations(input::IdCombo &list, qint64 site)
 {
     LoadItemWithIdToCombo(list,
@@ -258,6 +259,7 @@ bool IdentityPage::VailidateFields()
         return refuse(txtUnitNo, u"Equipment Unit No should not be blank."_s);
     if (input::isBlank(txtEquipmentName))
         return refuse(txtEquipmentName, u"Equipment Name should not be blank."_s);
+    // Asked again: the number may have been taken since the box was left.
     if (IsDuplicate(u"tblEquipment"_s, u"UnitNo"_s, m_storedUnitNo, txtUnitNo->text(), false))
         return refuse(txtUnitNo, u"Unit Number you specified already exists. Please enter a "
                                  "different Unit Number."_s);

@@ -19,6 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int IntervalLength = 9;
+/// The number of this way to come by a machine, as its list counts them.
 constexpr qint64 Loan = 3;
 
 constexpr QStringView LeaseCaptions[] = {u"Lease Company", u"Lease is for", u"Lease Start Date",

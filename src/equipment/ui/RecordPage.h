@@ -21,6 +21,7 @@ public:
 
     /// Shows the machine. The row tells what the record can't: which numbers were never entered.
     virtual void DisplayData(const clsEquipment &machine, const db::Row &row);
+    /// Shows no machine.
     virtual void ClearData();
     /// Takes what the page shows into the record.
     void SetObjectValues(clsEquipment &machine) const { m_fields.readInto(machine); }

@@ -208,6 +208,7 @@ void frmEquipment::prepareNewRecord()
     m_identity->focusUnitNo();
 }
 
+/// Keys are made of the clock, so that one second may give the same twice.
 bool frmEquipment::takeFreshKey()
 {
     m_equipmentID = qMax(GenrateUniqueID(), m_equipmentID + 1);
@@ -297,6 +298,7 @@ QString frmEquipment::deleteQuestion() const
            "want to do this?"_s;
 }
 
+/// The machine behind the deleted one, the one before it at the end.
 QVariant frmEquipment::keyAfterDeletion() const
 {
     const int position = rows().Position();
@@ -306,6 +308,7 @@ QVariant frmEquipment::keyAfterDeletion() const
 
 // --- Modes and pages -----------------------------------------------------------------------------
 
+/// Called with each change of mode, which the transaction follows.
 void frmEquipment::EnableControls()
 {
     base::trapped(Module, "EnableControls", [this] {
