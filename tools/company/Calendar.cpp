@@ -149,6 +149,7 @@ QDate Meter::reached(int value) const
 {
     qint64 below = -1;
     qint64 reaching = 1;
+    // The meter never falls, so that the day can be closed in from both sides.
     while (at(m_begin.addDays(reaching)) < value) {
         below = reaching;
         reaching *= 2;

@@ -20,6 +20,7 @@ struct Pattern
 
     /// Raises base::Error InvalidCall for an unknown word.
     explicit Pattern(const QString &text);
+    /// True for a day on which the service may fall due.
     [[nodiscard]] bool matches(QDate date) const;
     /// The date itself when it matches, else the first one after it.
     [[nodiscard]] QDate firstFrom(QDate date) const;
@@ -40,8 +41,10 @@ class Meter
 {
 public:
     Meter() = default;
+    /// perDay: what a day adds in the mean of a year.
     Meter(QDate begin, int start, double perDay);
 
+    /// What it shows on a day; before it began, what it began with.
     [[nodiscard]] int at(QDate date) const;
     /// The first day on which the meter showed at least that value.
     [[nodiscard]] QDate reached(int value) const;

@@ -26,6 +26,7 @@ QChar letter(const QString &text)
     return text.isEmpty() ? QChar() : text.front();
 }
 
+/// Of a text such as "EO*2 OF*1".
 std::vector<PartNeed> partNeeds(const QString &text)
 {
     std::vector<PartNeed> needs;

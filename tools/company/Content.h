@@ -37,6 +37,7 @@ struct CatalogueService
     std::vector<PartNeed> parts;
     QString note;
 
+    /// True when it falls due by a meter and not by the calendar.
     [[nodiscard]] bool isCounted() const;
 };
 

@@ -24,6 +24,7 @@ public:
                    u"Price"_s, u"SupplierID"_s, u"QuantityRequired"_s, u"QuantityUsed"_s})
     {}
 
+    /// One posted service with its parts, under the numbers that are free next.
     void write(const Event &event, const CatalogueService &service, const Machine &machine,
                const OrderNumbers &numbers, Random random)
     {

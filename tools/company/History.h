@@ -26,8 +26,10 @@ struct WorkTime
     [[nodiscard]] QString startText() const;
     [[nodiscard]] QString endText() const;
     [[nodiscard]] QString hoursText() const; ///< "h:mm"
+    /// At so much an hour, rounded to cents.
     [[nodiscard]] double cost(double rate) const;
 };
+/// Around what was budgeted, in steps of five minutes; begun between 7:00 and 14:30.
 [[nodiscard]] WorkTime workTime(double budgetedHours, Random &random);
 
 } // namespace company::sample

@@ -189,6 +189,7 @@ void Masters::writeEmployees(Batch &batch, QDate today)
                     inactive,
                     listed});
         if (crew != 0 && inactive == 0 && listed == 1) {
+            // Whom work orders don't list doesn't count for what an hour of the crew costs.
             costs[crew].first += cost;
             costs[crew].second += 1;
         }

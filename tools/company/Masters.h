@@ -44,12 +44,17 @@ struct Supplier
 class Masters
 {
 public:
+    /// Writes sites, crews, cost centers, employees, suppliers, parts and the services of the
+    /// catalogue, and keeps what others refer to.
     Masters(Batch &batch, const Content &content, const Plan &plan, QDate today, quint64 seed);
 
+    /// By its number, which must be among those of the table.
     [[nodiscard]] const Crew &crew(int number) const { return m_crews.at(number); }
     [[nodiscard]] const std::vector<Site> &sites() const { return m_sites; }
     [[nodiscard]] const std::vector<Supplier> &suppliers() const { return m_suppliers; }
+    /// By the name; raises base::Error NoSuchItem for an unknown one.
     [[nodiscard]] const Supplier &supplier(const QString &name) const;
+    /// By the description; 0 for an unknown one.
     [[nodiscard]] int costCenter(const QString &description) const;
     /// The item of that name below a list or item, 0 for an empty name. Raises base::Error
     /// NoSuchItem for an unknown one.

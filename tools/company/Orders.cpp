@@ -164,6 +164,7 @@ void writeOrders(Batch &batch, const Content &content, const Masters &masters,
     // An order that somebody emptied and left.
     writer.write(machines.front(), {}, Random::of(seed + 7, 0));
 
+    // Counters are set on the database as a whole, outside of any transaction.
     batch.connection().CommitTrans();
     setCounter(batch.connection(), u"tblServiceUsed"_s, u"ServiceUsedID"_s,
                static_cast<qint64>(schedule.assignments.size()) + 1);

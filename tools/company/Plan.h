@@ -31,6 +31,7 @@ struct Plan
     }
 };
 
+/// What the numbers above come to in detail.
 [[nodiscard]] Plan planFor(SampleSize size);
 
 } // namespace sample

@@ -34,8 +34,10 @@ public:
     /// From 0 up to, but not including, 1.
     double unit() { return static_cast<double>(next() >> 11) / 9007199254740992.0; }
     double between(double low, double high) { return low + unit() * (high - low); }
+    /// True in so many cases of a hundred.
     bool percent(int chance) { return below(100) < chance; }
     template<class List>
+    /// Some item of a list that has any.
     const auto &pick(const List &list)
     {
         return list[below(static_cast<int>(list.size()))];

@@ -38,6 +38,7 @@ QDate shopDayUpTo(const Machine &machine, QDate date)
     return date;
 }
 
+/// True when a machine of this kind gets a service of the catalogue.
 bool applies(const CatalogueService &service, const FleetModel &model, const Machine &machine)
 {
     if (!service.classes.contains(model.machineClass) && !service.classes.contains(u"*"_s))
@@ -80,6 +81,7 @@ public:
     }
 
 private:
+    /// A service that is done once: half of them are, long ago; the others come soon.
     void makeOneOff()
     {
         const QDate scheduled = m_machine.lastDay.addDays(-m_random.between(20, 300));
@@ -194,6 +196,7 @@ private:
         }
     }
 
+    /// Due by the meter: from what it shows now to the last work, and back from there.
     void makeCounted()
     {
         const Meter &meter = m_machine.meter;
@@ -237,6 +240,7 @@ private:
         }
     }
 
+    /// False once the plan's number of posted rows is reached.
     [[nodiscard]] bool wanted() const
     {
         return static_cast<int>(m_events.size()) < m_plan.historyPerService;
@@ -253,6 +257,7 @@ private:
         m_events.push_back(event);
     }
 
+    /// Each piece of work names the dates of the one before it, as posting notes them.
     void linkEvents()
     {
         for (std::size_t i = 0; i + 1 < m_events.size(); ++i) {
@@ -339,6 +344,7 @@ public:
         }
     }
 
+    /// What the meter showed on these days.
     void writeReadings(const Machine &machine, QChar period, const std::set<QDate> &days)
     {
         for (const QDate day : days)

@@ -27,6 +27,8 @@ struct Service
     [[nodiscard]] bool isOneOff() const { return renewal == u"D"; }
 };
 
+/// True for a service that comes back by the meter, one that comes back by the calendar, and one
+/// with parts that leave the stock.
 [[nodiscard]] bool isByMeter(const Service &service);
 [[nodiscard]] bool isByCalendar(const Service &service);
 [[nodiscard]] bool takesParts(const Service &service);
@@ -61,8 +63,10 @@ struct Cast
 class Company
 {
 public:
+    /// Attaches by itself; raises DbError. today: the day of the tour.
     Company(const db::Target &database, QDate today);
 
+    /// Raises DbError, as all that follows.
     [[nodiscard]] db::Recordset rows(const QString &statement, const QVariantList &parameters = {});
     /// The first value of the first row as a number; 0 without rows.
     [[nodiscard]] qint64 number(const QString &statement, const QVariantList &parameters = {});
@@ -70,6 +74,7 @@ public:
     /// Picks the machines out of those with work that fell due in the last 30 days and is on no
     /// order. Raises a Fault when there are none of their kind.
     [[nodiscard]] Cast choose();
+    /// As its schedule stands now; raises a Fault when the machine has lost it.
     [[nodiscard]] Service service(qint64 ServiceUsedID);
     /// Rows of the board: orders that are not complete, and machines with overdue work.
     [[nodiscard]] qint64 openOrders();

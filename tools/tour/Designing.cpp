@@ -28,6 +28,7 @@ constexpr QSize LogoSize(480, 160);
 const QString NewHeading = u"Needed"_s;
 const QString OwnReport = u"Parts by supplier"_s;
 
+/// Drawn here, so that the tour needs no file that somebody has to bring along.
 void drawLogo(const QString &file)
 {
     QImage logo(LogoSize, QImage::Format_RGB32);

@@ -14,6 +14,7 @@ using namespace Qt::StringLiterals;
 constexpr quint64 Seed = 20;
 constexpr int Looks = 2000;
 
+/// A file below the program's folder; raises a Fault when it is not there.
 QByteArray contentOf(const QString &stored)
 {
     const QString path = base::applicationPath(stored);
@@ -22,6 +23,7 @@ QByteArray contentOf(const QString &stored)
     return file.readAll();
 }
 
+/// Writes a file to where the handheld keeps its own.
 void put(const QString &name, const QByteArray &content)
 {
     QFile file(base::applicationPath(u"\\Handheld\\Device\\"_s + name));

@@ -23,6 +23,7 @@ constexpr int LookEvery = 5;        // milliseconds
 constexpr int RestfulLooks = 2;     // one behind another: what was posted has come
 constexpr int Patience = 30 * 1000; // milliseconds
 
+/// A window as a fault names it.
 QString describe(const QWidget &window)
 {
     const QString name = window.objectName().isEmpty()

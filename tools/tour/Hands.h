@@ -47,6 +47,7 @@ public:
 
     /// The window in front; raises a Fault unless it has that name.
     QWidget &requireWindow(const QString &name) const;
+    /// True when the window of that name is the one in front.
     [[nodiscard]] bool isInFront(const QString &name) const;
     /// A visible control of the window in front.
     template<class Control = QWidget>
@@ -56,6 +57,7 @@ public:
         require(found != nullptr, QStringLiteral("%1 is of another kind.").arg(name));
         return *found;
     }
+    /// A grid of the window in front; raises a Fault when there is none of that name.
     [[nodiscard]] grid::GridView &grid(const QString &name) const
     {
         return control<grid::GridView>(name);
@@ -91,6 +93,7 @@ public:
     Rest type(const QString &name, const QString &text);
     /// Types into whatever has the focus.
     Rest type(const QString &text);
+    /// Presses and releases a key where the focus is.
     Rest key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
     /// The text of a message in front, empty when it is none.
@@ -106,9 +109,12 @@ private:
     /// The place in its window, which a click has to reach.
     [[nodiscard]] static QPoint reach(const QWidget &widget, QPoint place);
     void dragOn(QWindow *window, const QList<QPoint> &places, qsizetype step);
+    /// Looks every few milliseconds whether the program rests, and goes on then.
     void waitFor(std::coroutine_handle<> waiting);
     void look();
+    /// True when no action is at work and the window in front can be worked in.
     [[nodiscard]] bool isAtRest() const;
+    /// Raises what went wrong while it was waited for.
     void raiseFault();
 
     QTimer m_timer;

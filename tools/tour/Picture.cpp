@@ -15,6 +15,7 @@ namespace {
 constexpr int TitleHeight = 24;
 constexpr int FrameWidth = 2;
 
+/// The title and the edge that a desktop would give a dialog.
 void paintFrame(QPainter &painter, const QWidget &window)
 {
     const QRect inside = window.geometry();

@@ -13,6 +13,7 @@ const QString ListQuestion = u"Do you want to print a list of Work Orders posted
 const QString EachQuestion = u"Do you want to print out each individual Work Order"_s;
 const QString TooOld = u"You have chosen to reschedule"_s;
 
+/// Of a service by the meter: nobody has read it yet.
 bool lacksCount(const Tour::Ordered &service)
 {
     return !service.schedule.meter().isEmpty() && !service.count;

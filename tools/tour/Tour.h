@@ -97,6 +97,7 @@ private:
     void see(const QString &name, const QString &what);
     /// Keeps the window in front, which has that name, as a picture for a page of the help.
     void keepForHelp(const QString &window, const QString &name);
+    /// Each of these raises a Fault when what is seen, or stored, is not what must be.
     void requireBoard();
     void requireList(const QString &gridName, const QString &column, const QStringList &wanted);
     void requireGenerated(const Machine &machine);
@@ -106,6 +107,7 @@ private:
     void requireRescheduled(const Ordered &service);
     void requireTaken(const Taken &part);
 
+    /// Pieces that several steps share.
     Task awaitMessage(const QString &text);
     Task postAll();
     Task tickMachines();
@@ -117,16 +119,24 @@ private:
     Task completeOrders(const Machine &machine);
     Task confirmDates();
     void requireSums(const QString &text);
+    /// The designer's sheet, and the layout on it; the designer is in front.
     [[nodiscard]] report::DesignCanvas &sheet() const;
     [[nodiscard]] const report::Layout &designed() const;
     /// The middle of the object that shows this, on the sheet as it is scrolled.
     [[nodiscard]] QPoint onSheet(const QString &content) const;
+    /// The row of a machine in a grid by unit numbers; raises a Fault without one.
     [[nodiscard]] int rowOfMachine(const QString &gridName, const Machine &machine);
+    /// In the tour's folder.
     [[nodiscard]] QString path(const QString &file) const;
+    /// The first due service of a machine that passes; raises a Fault when none does.
     [[nodiscard]] const Service &dueService(const Machine &machine, bool (*test)(const Service &));
+    /// The line of an order that a service is on (NServiceUsedID), 0 for none.
     [[nodiscard]] qint64 lineOf(const Service &service);
+    /// A line of an order as it is stored; raises a Fault when it has gone.
     [[nodiscard]] db::Row stored(qint64 line);
+    /// The services that a posting would take: those completed or skipped on complete orders.
     [[nodiscard]] QList<Ordered> completed();
+    /// The parts that these take out of the stock, but for those that several of them take.
     [[nodiscard]] QList<Taken> partsOf(const QList<Ordered> &services);
 
     QDir m_folder;

@@ -51,6 +51,8 @@ void takeOwnSurroundings(const QString &folder, QDate today)
     base::setEnvironment(surroundings);
 }
 
+/// A sample company in that folder, made as an administrator would. False when that failed, which
+/// err says.
 bool setUpCompany(QDate today, QTextStream &err)
 {
     QString said;
@@ -72,6 +74,7 @@ bool clear(const QDir &folder)
     return done;
 }
 
+/// Runs the program under the tour, and answers the exit code of both.
 int giveTour(QApplication &application, const QDir &folder, QDate today, QTextStream &out,
              QTextStream &err)
 {
