@@ -142,9 +142,9 @@ InputMessage::Bound InputMessage::bound(const QVariant &value)
     case QMetaType::Nullptr:
         return {};
     case QMetaType::LongLong:
-        return {Form::Whole, value.toLongLong(), 0};
+        return {Form::Whole, value.toLongLong()};
     case QMetaType::Int:
-        return {Form::Whole, value.toInt(), 0};
+        return {Form::Whole, value.toInt()};
     case QMetaType::UInt:
     case QMetaType::Long:
     case QMetaType::ULong:
@@ -154,23 +154,23 @@ InputMessage::Bound InputMessage::bound(const QVariant &value)
     case QMetaType::SChar:
     case QMetaType::UChar:
     case QMetaType::Char:
-        return {Form::Whole, value.toLongLong(), 0};
+        return {Form::Whole, value.toLongLong()};
     case QMetaType::Bool:
-        return {Form::Whole, value.toBool() ? -1 : 0, 0};
+        return {Form::Whole, value.toBool() ? -1 : 0};
     case QMetaType::Double:
     case QMetaType::Float:
         return {Form::Real, 0, value.toDouble()};
     // The zero date is Null.
     case QMetaType::QDateTime:
-        return {value.toDateTime().isValid() ? Form::Date : Form::Null, 0, 0};
+        return {value.toDateTime().isValid() ? Form::Date : Form::Null};
     case QMetaType::QDate:
-        return {value.toDate().isValid() ? Form::Date : Form::Null, 0, 0};
+        return {value.toDate().isValid() ? Form::Date : Form::Null};
     case QMetaType::QTime:
-        return {value.toTime().isValid() ? Form::Date : Form::Null, 0, 0};
+        return {value.toTime().isValid() ? Form::Date : Form::Null};
     default:
         break;
     }
-    return {Form::Text, 0, 0};
+    return {Form::Text};
 }
 
 bool InputMessage::bind(std::span<const QVariant *const> values, const Context &context)

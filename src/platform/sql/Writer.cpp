@@ -25,8 +25,7 @@ Writer::Writer(QStringView statement, const TranslateOptions &options, Plan &pla
     : m_statement(statement)
     , m_options(options)
     , m_plan(plan)
-{
-}
+{}
 
 void Writer::raise(const QString &what, const Expression &at) const
 {
