@@ -77,11 +77,10 @@ QString engineText(const intptr_t *status)
 {
     std::array<char, 2048> buffer{};
     // Formatting must not raise, so the raw status is used rather than ours.
-    Firebird::IStatus *copy = master()->getStatus();
-    copy->setErrors(status);
+    Status copy;
+    copy.setErrors(status);
     const unsigned length =
-        master()->getUtilInterface()->formatStatus(buffer.data(), buffer.size(), copy);
-    copy->dispose();
+        master()->getUtilInterface()->formatStatus(buffer.data(), buffer.size(), &copy);
     return fromEngine(buffer.data(), static_cast<qsizetype>(length)).replace(u"\n-"_s, u"; "_s);
 }
 

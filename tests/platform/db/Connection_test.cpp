@@ -122,7 +122,12 @@ TEST_F(Connection, OneThatOnlyReadsRefusesTheRest)
         EXPECT_EQ(error.number(), number) << qPrintable(statement);
         EXPECT_EQ(error.statement(), statement);
     }
-    EXPECT_EQ(count(u"tblPart"_s), 1);
+    // What is being changed is not read, what stands is.
+    data.BeginTrans();
+    addPart(u"B"_s, 1, 1);
+    EXPECT_EQ(db::openReadOnly(data, u"Select * from tblPart"_s).RecordCount(), 1);
+    data.CommitTrans();
+    EXPECT_EQ(db::openReadOnly(data, u"Select * from tblPart"_s).RecordCount(), 2);
 }
 
 TEST_F(Connection, AFailureLeavesTheConnectionUsable)

@@ -3,6 +3,7 @@
 #include "platform/base/Environment.h"
 #include "platform/base/Format.h"
 
+#include "platform/db/Attachment.h"
 #include "platform/db/TestDatabase.h"
 #include "support/Raised.h"
 
@@ -77,6 +78,24 @@ TEST_F(Types, ValuesComeBackAsTheyWere)
         EXPECT_EQ(through(c.column, c.in), c.out)
             << c.column.toStdString() << ' ' << c.in.toString().toStdString();
     }
+}
+
+TEST_F(Types, ColumnsThatOnlyOtherProgramsMakeAreReadToo)
+{
+    db::engine::Attachment other(database.target());
+    other.executeAlone(u"create table \"tblOther\" (\"Day\" date, \"Clock\" time, \"Half\" float, "
+                       "\"Sure\" boolean, \"Raw\" char(2) character set octets)"_s);
+    other.executeAlone(u"insert into \"tblOther\" values (date '2023-01-01', time '23:59:58', 0.5, "
+                       "true, x'00ff')"_s);
+    db::Connection fresh = database.connect();
+    fresh.Execute(u"Update tblOther set [Day] = ?"_s,
+                  {base::wallClock(QDate(2024, 2, 29), QTime(12, 0))});
+    const db::Recordset rows = fresh.Open(u"Select * from tblOther"_s);
+    const QVariantList expected = {base::wallClock(QDate(2024, 2, 29)),
+                                   base::wallClock(QDate(1899, 12, 30), QTime(23, 59, 58)), 0.5,
+                                   -1LL, QByteArray("\0\xff", 2)};
+    for (int i = 0; i < expected.size(); ++i)
+        EXPECT_EQ(rows.value(0, i), expected[i]) << i;
 }
 
 TEST_F(Types, NullIsNullInEveryColumnButYesNo)
