@@ -118,6 +118,7 @@ void CsvReader::blameField(const QString &sentence)
 
 void CsvReader::take(char character)
 {
+    // A quote that is never closed would take in the rest of the file.
     if (m_bytes.size() < m_format.longestField)
         m_bytes.append(character);
     else

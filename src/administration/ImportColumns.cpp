@@ -199,6 +199,8 @@ QString bare(QStringView heading)
     return kept;
 }
 
+/// True when a bare heading means this column: by its heading, its name in the table or another
+/// word.
 bool goesBy(const ImportColumn &column, const QString &wanted)
 {
     return bare(column.heading) == wanted || bare(column.column) == wanted ||

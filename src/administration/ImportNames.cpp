@@ -98,6 +98,7 @@ std::optional<qint64> ImportNames::number(const ImportColumn &column, const QStr
     const Key key{parent, name.toUpper()};
     if (const auto found = names.constFind(key); found != names.constEnd())
         return *found;
+    // A machine is more than a name: it is entered, or imported, by itself.
     if (column.names == NameList::Machines)
         return {};
     if (column.names == NameList::Crews) {

@@ -21,6 +21,7 @@ QByteArray quoted(QByteArray text)
     return '"' + text.replace('"', "\"\"") + '"';
 }
 
+/// An empty text is quoted: nothing at all is Null.
 QByteArray textField(const QByteArray &text)
 {
     const bool plain = !text.isEmpty() && !text.contains('"') && !text.contains(',') &&

@@ -107,6 +107,7 @@ QString addTo(QString &query, const report::DesignField &field,
     const int source = joined == picked.sources.end()
                            ? reportquery::addSource(picked, table->name)
                            : static_cast<int>(joined - picked.sources.begin());
+    // Without a key in common each row of one would meet all rows of the other.
     if (source > 0 && picked.sources[source].column.isEmpty())
         return u"\"%1\" has nothing in common with the tables that the report reads. Please join "
                u"it "

@@ -95,6 +95,7 @@ constexpr QStringView SupplierQuery =
 /// In the order of Tables.
 constexpr QStringView Queries[] = {EquipmentQuery, PartQuery, EmployeeQuery, LocationQuery,
                                    SupplierQuery};
+// A query stands at the place of its table.
 static_assert(std::size(Queries) == std::size(Tables));
 
 bool isType(QStringView type, QStringView name)

@@ -150,6 +150,7 @@ void Masters::writeEmployees(Batch &batch, QDate today)
          u"SS"_s,          u"LicenseNo"_s, u"Site"_s,      u"Skills"_s,      u"Crew"_s,
          u"EmpPosition"_s, u"LaborCost"_s, u"LaborRate"_s, u"Inactive"_s,    u"IncludeWoList"_s});
     std::map<int, std::pair<double, int>> costs; // by crew: the sum and the number counted
+    // Birthdays and streets don't depend on the company's seed: its people stay the same.
     Random random(table.rowCount());
     for (int row = 0; row < table.rowCount(); ++row) {
         const QString first = table.text(row, u"FirstName"_s);

@@ -146,6 +146,7 @@ void Tour::requireBoard()
             .arg(m_company->overdueMachines()));
 }
 
+/// The company is looked at once the program has opened it, and the three machines are chosen.
 Task Tour::seeTheBoard()
 {
     co_await m_hands.rest();

@@ -58,6 +58,7 @@ void VehiclePage::buildLicence(input::FormBuilder &form)
 
 void VehiclePage::buildVehicle(input::FormBuilder &form)
 {
+    // A list with the button that edits it; both go by the same lookup list.
     const auto lookup = [&](const QString &name, const QString &label, qint64 clsEquipment::*member,
                             const QString &button, const QString &tip, const QString &listName,
                             qint64 list) {

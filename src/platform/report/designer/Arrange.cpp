@@ -31,6 +31,7 @@ void moveTo(Object &object, Direction direction, Length edge)
 
 } // namespace
 
+/// Sizes of lines may be negative: they lead up or to the left.
 QRect frameOf(const Object &object)
 {
     return {qMin(object.x, object.x + object.width), qMin(object.y, object.y + object.height),
@@ -85,6 +86,7 @@ void distribute(Layout &layout, const Selection &selection, Direction direction)
     Length taken = 0;
     for (const Object *object : std::as_const(objects))
         taken += farEdge(*object, direction) - nearEdge(*object, direction);
+    // Each place is worked out from the first edge, so that no rounding adds up.
     const Length start = nearEdge(*objects.first(), direction);
     const Length room = farEdge(*objects.last(), direction) - start - taken;
     const auto gaps = objects.size() - 1;

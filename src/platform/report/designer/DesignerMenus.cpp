@@ -8,6 +8,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// Stands for the line between two groups.
 const QString Gap = u"-"_s;
 
 const QStringList &editing()
@@ -80,6 +81,7 @@ const QStringList &zooms()
     return names;
 }
 
+/// Two groups with a line between them, as menus and bars show them.
 QStringList operator/(const QStringList &above, const QStringList &below)
 {
     return above + QStringList{Gap} + below;

@@ -30,6 +30,7 @@ QList<NamedStyle> stylesOf(const Tones &tones)
     Style heading = textStyle(9, true, tones.onMain);
     heading.fill = tones.main;
     heading.padding = CellPadding;
+    // Without colours headings have no ground: their words would vanish on it.
     if (tones.onMain == tones.main)
         heading.fill = QColor();
     Style group = textStyle(11, true, tones.main);
@@ -75,11 +76,13 @@ void follow(Style &own, const Style &former, const Style &now)
     take(own.padding, former.padding, now.padding);
 }
 
+/// Names of styles count in any case.
 bool isFollowing(const Object &object, const QString &style)
 {
     return !style.isEmpty() && object.styleName.compare(style, Qt::CaseInsensitive) == 0;
 }
 
+/// The style that an object's place in the report suggests.
 QStringView roleOf(const Band &band, const Object &object)
 {
     if (object.kind == ObjectKind::Line)

@@ -38,6 +38,7 @@ QString clean(const QString &text)
     return changed ? result : text;
 }
 
+/// A text that the file can't do without.
 QString needed(const QString &text, const QString &instead)
 {
     const QString cleaned = clean(text).trimmed();

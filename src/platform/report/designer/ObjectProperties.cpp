@@ -129,6 +129,7 @@ Property shared(const QList<const Object *> &objects, const Object &lead, Proper
     return property;
 }
 
+/// True when each of the objects is of one of these kinds; no kinds stand for all.
 bool allAre(const QList<const Object *> &objects, const QList<ObjectKind> &kinds)
 {
     return kinds.isEmpty() || std::all_of(objects.cbegin(), objects.cend(),
@@ -283,6 +284,8 @@ QList<Property> objectProperties(const Layout &layout, const Selection &selectio
                 [set = entry.set](const Layout &, Object &object, const QVariant &value) {
                     set(object.style, value);
                 }));
+    // Series are numbered within their chart; those of two charts have nothing to do with each
+    // other.
     if (objects.size() == 1 && lead.kind == ObjectKind::Chart)
         addSeries(properties, lead);
     addRules(properties, objects, lead);

@@ -56,6 +56,7 @@ Band groupBand(BandKind kind, const QString &group, const QString &content)
 }
 
 template<class Named>
+/// A blank name leaves the former one, a taken one gets a number.
 void rename(QList<Named> &list, int index, const QString &name)
 {
     QStringList taken;
@@ -230,6 +231,7 @@ int addGroup(Layout &layout, const QString &by)
         return c.isLetterOrNumber() || c == u'_';
     });
     group.name = freeName(isName ? by : u"Group"_s, taken);
+    // One value for all rows, until the user says by what.
     group.by = by.isEmpty() ? u"true"_s : by;
     layout.groups.append(group);
     addBand(layout, groupBand(BandKind::GroupHeader, group.name, u"{%1}"_s.arg(group.by)));

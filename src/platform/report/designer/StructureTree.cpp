@@ -136,6 +136,7 @@ void StructureTree::showSelection()
     QTreeWidgetItem *current = nullptr;
     for (qsizetype number = 0; number < m_lines.size(); ++number) {
         const Selection &own = m_lines[number].selection;
+        // Several objects may be selected, of the other parts only one.
         const bool isObject = own.part == Part::Objects;
         const bool isSelected =
             !m_lines[number].isHeading &&

@@ -116,6 +116,7 @@ private:
         return layout;
     }
 
+    /// What can be told only once all parts are there.
     void check(const Layout &layout)
     {
         checkNames(layout.styles, u"styles"_s);
@@ -391,6 +392,7 @@ private:
         color(u"borderColor", style.border.color);
     }
 
+    /// "none" takes away the sides that a followed style has.
     static void readSides(const QString &sides, Border &border)
     {
         border.left = border.top = border.right = border.bottom = false;

@@ -33,6 +33,7 @@ public:
             writeNamedStyle(style);
         for (const StoredPicture &picture : layout.pictures)
             writePicture(picture);
+        // From here on: the styles themselves are written in full.
         m_styles = &layout.styles;
         for (const Parameter &parameter : layout.parameters)
             writeParameter(parameter);
@@ -239,6 +240,8 @@ private:
         m_xml.writeEndElement();
     }
 
+    /// What an object has from its style is not written again; one that follows none differs from a
+    /// fresh style.
     [[nodiscard]] Style followed(const QString &name) const
     {
         for (const NamedStyle &style : *m_styles)
@@ -268,6 +271,7 @@ private:
         color(u"borderColor", style.border.color, usual.border.color);
     }
 
+    /// In the words of the file: "all", "none" or the sides there are.
     static QString sides(const Border &border)
     {
         if (border.left && border.top && border.right && border.bottom)

@@ -40,6 +40,7 @@ public:
 
     QList<PageItem> draw()
     {
+        // The frame's fill and border lie below all else.
         items.append(TextItem{m_frame, {}, m_style});
         m_plot = m_frame.adjusted(Inset, Inset, -Inset, -Inset);
         drawTitle();
@@ -143,6 +144,7 @@ private:
         return axis;
     }
 
+    /// Counts of things get no ticks between them.
     [[nodiscard]] bool isWhole() const
     {
         return std::all_of(m_data.series.cbegin(), m_data.series.cend(), [](const auto &series) {
@@ -192,6 +194,8 @@ private:
         m_plot.setTop(m_plot.top() + line / 2);
         const QRect room = m_plot;
         Length below = line + labelGap();
+        // The labels' width changes the slots of the categories, and their height the plot: twice
+        // is near enough.
         for (int turn = 0; turn < 2; ++turn) {
             m_plot = room;
             m_plot.setHeight(room.height() - below);
@@ -318,6 +322,7 @@ private:
         }
     }
 
+    /// Last, so that bars don't cover it.
     void drawZero()
     {
         const double zero = qBound(m_axis.low(), 0.0, m_axis.high());
@@ -327,6 +332,7 @@ private:
 
     // --- Values ------------------------------------------------------------------------------
 
+    /// One that is too thin for an edge has none, else the edge would be all of it.
     void addBar(Length from, Length to, double low, double high, const QColor &fill)
     {
         const Length top = yOf(high);
@@ -336,6 +342,7 @@ private:
                                  to - from > 10 * Hairline ? Hairline : 0, AxisColor, fill});
     }
 
+    /// Negative values hang down from zero; stacked ones apart from the positive.
     void drawBars()
     {
         const bool stacked = m_object.chart.kind == ChartKind::StackedBars;
@@ -357,6 +364,8 @@ private:
         }
     }
 
+    /// A category without a value parts the line; what stands alone then gets a marker, to be seen
+    /// at all.
     void drawLines()
     {
         for (int number = 0; number < m_data.series.size(); ++number) {

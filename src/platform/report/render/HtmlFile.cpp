@@ -88,6 +88,7 @@ QString itemHtml(const TextItem &item)
     return html;
 }
 
+/// Level and upright lines are boxes; only slanting ones need a drawing.
 QString itemHtml(const LineItem &item)
 {
     const QRect box =

@@ -17,6 +17,7 @@ constexpr int Round = 1;
 constexpr int Square = 2;
 constexpr int Miter = 0;
 
+/// Short, since a page has thousands of them.
 QByteArray number(double value)
 {
     QByteArray digits = QByteArray::number(value, 'f', 3);
@@ -85,6 +86,7 @@ PdfFile::PdfFile(const QString &path, const PageSetup &page, const QString &titl
 void PdfFile::add(const Page &page)
 {
     m_content = m_scale;
+    // Each page stands for itself: what the one before has set doesn't hold on it.
     m_fillColor.clear();
     m_pen.clear();
     m_font.clear();
@@ -145,6 +147,7 @@ void PdfFile::draw(const TextItem &item)
 void PdfFile::drawLine(const TextItem &item, const TextLine &line)
 {
     setFill(item.style.color);
+    // The face has no underline of its own.
     if (item.style.font.underline)
         drawUnderline(item, line);
     PdfFont &face = m_fonts.of(item.style.font);
@@ -163,6 +166,7 @@ void PdfFile::drawLine(const TextItem &item, const TextLine &line)
                  digits + "> Tj ET\n";
 }
 
+/// A line whose letters hang on each other, such as one in another script, is drawn as outlines.
 void PdfFile::drawShaped(const TextItem &item, const TextLine &line)
 {
     QPainterPath path;
@@ -248,6 +252,7 @@ void PdfFile::stroke(QPoint from, QPoint to)
 void PdfFile::setFill(const QColor &color)
 {
     const QByteArray wanted = parts(color) + " rg\n";
+    // Told only when it changes: neighbours mostly share it.
     if (m_fillColor != wanted)
         m_content += m_fillColor = wanted;
 }
@@ -260,6 +265,7 @@ void PdfFile::setPen(const QColor &color, Length width, int cap, int join)
         m_content += m_pen = wanted;
 }
 
+/// The same picture on each page stands in the file once.
 PdfFile::Picture PdfFile::picture(const QByteArray &data)
 {
     const auto known = m_pictures.constFind(data);

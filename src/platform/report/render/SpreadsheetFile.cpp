@@ -71,6 +71,7 @@ public:
     {
         if (isFull())
             return false;
+        // Titles and headings stay in view while the rows scroll.
         if (!m_headIsFrozen && band.band->kind != BandKind::ReportHeader &&
             band.band->kind != BandKind::PageHeader) {
             m_headIsFrozen = true;
@@ -189,6 +190,7 @@ private:
         }
     }
 
+    /// The format of a look and a pattern; a file can't hold one for each cell.
     lxw_format *format(const Style &style, const QString &pattern)
     {
         const QString key = u"%1|%2|%3|%4|%5|%6"_s.arg(pattern)
@@ -264,6 +266,7 @@ Outcome writeSpreadsheet(const Layout &layout, const DataSource &rows, const Inp
         tabulate(layout, rows, inputs, [&](const TableBand &band) { return sheet.take(band); });
     if (sheet.isFull()) {
         outcome.problems.append(u"The report has more rows than a spreadsheet can hold."_s);
+        // The sink stopped it, not the user: what fits is a whole file.
         outcome.stopped = false;
     }
     if (outcome.stopped)

@@ -41,6 +41,7 @@ void PageView::setPages(const PageStore *pages, const PageSetup &page)
     m_mark.reset();
     m_searched.clear();
     m_selection.reset();
+    // The first page of another report is news, whatever its number.
     m_toldPage = -1;
     applyMode();
     updateScrollBars();
@@ -333,6 +334,7 @@ void PageView::scrollContentsBy(int, int)
 void PageView::setCurrentPage(int index)
 {
     m_current = index;
+    // Scrolling comes by here with each pixel.
     if (std::exchange(m_toldPage, index) != index)
         Q_EMIT currentPageChanged(index);
 }

@@ -23,6 +23,7 @@ QString promptOf(const Parameter &parameter)
     return parameter.prompt.isEmpty() ? parameter.name : parameter.prompt;
 }
 
+/// What is asked for, as the message for a wrong answer says it.
 QString kindOf(ParameterType type)
 {
     switch (type) {
@@ -76,6 +77,7 @@ ParameterDialog::Field ParameterDialog::makeField(const Offer &offer, QFormLayou
     QString label = promptOf(offer.parameter);
     if (!offer.choices.isEmpty()) {
         field.combo = new QComboBox;
+        // The list is an offer: another value may be typed.
         field.combo->setEditable(true);
         field.combo->setInsertPolicy(QComboBox::NoInsert);
         if (offer.parameter.isOptional)

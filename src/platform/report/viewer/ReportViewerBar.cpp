@@ -69,6 +69,7 @@ void ReportViewer::buildBar(QHBoxLayout *bar)
     m_mail = addButton(bar, u"mail"_s, u"Send by mail"_s, u"mail"_s,
                        {QKeySequence(Qt::CTRL | Qt::Key_M)});
     connect(m_mail, &QToolButton::clicked, this, &ReportViewer::sendByMail);
+    // Until somebody sends mail for the viewer.
     m_mail->hide();
     addSeparator(bar);
 
@@ -81,6 +82,7 @@ void ReportViewer::buildBar(QHBoxLayout *bar)
     m_page->setAccessibleName(u"Page"_s);
     m_page->setToolTip(u"Page (Ctrl+G)"_s);
     m_page->setButtonSymbols(QAbstractSpinBox::NoButtons);
+    // "12" must not lead to page 1 on the way.
     m_page->setKeyboardTracking(false);
     m_page->setAlignment(Qt::AlignRight);
     m_page->setFixedWidth(56);
@@ -146,6 +148,7 @@ void ReportViewer::addZoom(QHBoxLayout *bar)
     m_zoomIn = addButton(bar, u"zoomIn"_s, u"Larger"_s, u"zoom-in"_s,
                          {QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)});
     connect(m_zoomOut, &QToolButton::clicked, this,
+            // To the next whole step, also from what a fitted width has made.
             [this] { m_view->setZoom((m_view->zoom() - 1) / ZoomStep * ZoomStep); });
     connect(m_zoomIn, &QToolButton::clicked, this,
             [this] { m_view->setZoom((m_view->zoom() / ZoomStep + 1) * ZoomStep); });
@@ -178,6 +181,7 @@ void ReportViewer::addSearch(QHBoxLayout *bar)
     connect(forward, &QToolButton::clicked, this, [this] { search(false); });
     connect(m_search, &QLineEdit::returnPressed, this, [this] { search(false); });
     connect(m_search, &QLineEdit::textChanged, this, [this] {
+        // The next search begins at the page in view.
         m_found.reset();
         m_view->setSearched({});
         m_view->setMark(std::nullopt);

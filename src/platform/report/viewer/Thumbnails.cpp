@@ -16,6 +16,7 @@ constexpr int MaximumPictures = 200;
 
 } // namespace
 
+/// The numbers of the pages that are there.
 class Thumbnails::Model final : public QAbstractListModel
 {
 public:
@@ -30,6 +31,7 @@ public:
     }
     void addPages()
     {
+        // The first page may have been a provisional one.
         if (m_shown > 0)
             Q_EMIT dataChanged(index(0), index(0));
         const int count = m_pages ? m_pages->count() : 0;
@@ -54,6 +56,7 @@ private:
     int m_shown = 0; ///< pages that the list knows of
 };
 
+/// Paints a page small, and keeps the pictures made last.
 class Thumbnails::Delegate final : public QStyledItemDelegate
 {
 public:
