@@ -65,6 +65,8 @@ void proveSealed(const QString &sealed, const QString &plain, const QString &pas
         throw base::Error(SealedDamaged, u"The copy isn't what was written: "_s + sealed);
 }
 
+/// Copies plain within the company's folder, seals that into the user's, and proves what was
+/// sealed.
 db::RowCounts copySealed(const BackupRequest &request)
 {
     const PlainCopy plain;

@@ -31,6 +31,7 @@ constexpr int shownLength = 40;
     refuse(u"\"%1\" is not %2."_s.arg(text.left(shownLength), what));
 }
 
+/// The text, when the table's column holds all of it.
 QString fitting(const QString &text, int length)
 {
     if (text.size() > length)
@@ -132,6 +133,7 @@ QDateTime dateOf(const QString &text)
     return date;
 }
 
+/// In the words of people and of other programs' exports.
 qint64 flagOf(const QString &text)
 {
     static const QStringList yes{u"yes"_s, u"y"_s, u"true"_s, u"1"_s, u"-1"_s, u"x"_s};
@@ -143,6 +145,7 @@ qint64 flagOf(const QString &text)
     return 0;
 }
 
+/// The number of a word among those of a choice, from 1.
 qint64 chosenOf(const QString &text, QStringView words)
 {
     qint64 number = 0;
@@ -154,6 +157,7 @@ qint64 chosenOf(const QString &text, QStringView words)
     refuse(text, u"one of "_s + words.toString().replace(u';', u", "_s));
 }
 
+/// The word of a count, in the letters that are stored.
 QString meterOf(const QString &text)
 {
     QStringList words;

@@ -9,6 +9,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// Bytes that tell what kind of file it is.
 constexpr qint64 lengthOfBeginning = 4;
 
 /// How many characters of a cell its column takes. Names of lists are measured by their lists.
@@ -110,6 +111,7 @@ ImportRow ImportSheet::values(const Blame &blame)
     const auto &fields = m_reader->fields();
     std::vector<bool> isWrong(values.size(), false);
     for (std::size_t i = 0; i < fields.size(); ++i) {
+        // Blank fields behind the headings are what spreadsheets leave; anything else has slipped.
         if (i >= m_places.size()) {
             if (fields[i].text.trimmed().isEmpty())
                 continue;

@@ -27,6 +27,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// Puts a sealed backup's bytes to a place, all of them or none.
 void unsealTo(const Chosen &chosen, const QString &destination)
 {
     QSaveFile file(destination);

@@ -15,6 +15,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// Copies, proves and prunes; raises base::Error, with a clause for the user when the folder is
+/// away.
 void copyDay(const EndingCopy &copy)
 {
     if (!QFileInfo(copy.folder).isDir())

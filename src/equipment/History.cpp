@@ -18,6 +18,7 @@ using namespace Qt::StringLiterals;
 constexpr const char *Module = "Equipment";
 constexpr int ShortestWork = 10; // minutes, themselves too short
 
+/// Runs a statement that writes; False when it failed, which has been reported.
 bool execute(const char *procedure, const QString &statement, const QVariantList &parameters)
 {
     return base::trapped(Module, procedure, false, [&] {
@@ -26,6 +27,7 @@ bool execute(const char *procedure, const QString &statement, const QVariantList
     });
 }
 
+/// An empty value is stored as Null.
 QVariant orNull(const QVariant &value)
 {
     return base::ReplaceNull(value).toString().isEmpty() ? QVariant() : value;
@@ -56,6 +58,7 @@ QString stored(const QTime &time)
     return time.isValid() ? time.toString(u"HH:mm") : QString();
 }
 
+/// As rows hold hours worked, "1:30".
 QString hoursBetween(const QTime &start, const QTime &end)
 {
     return ChangeMinuteInHour(start.secsTo(end) / 60);

@@ -117,6 +117,7 @@ void Hands::raiseFault()
 
 // --- Looking -------------------------------------------------------------------------------------
 
+/// While nothing is active yet, the lowest of the visible windows.
 QWidget *Hands::front()
 {
     if (QWidget *modal = QApplication::activeModalWidget())
@@ -180,6 +181,7 @@ QList<QWidget *> Hands::windows()
 
 // --- Acting --------------------------------------------------------------------------------------
 
+/// A user reaches no more than this either.
 QPoint Hands::reach(const QWidget &widget, QPoint place)
 {
     const QWidget *window = widget.window();
@@ -217,6 +219,7 @@ Hands::Rest Hands::drag(QWidget &widget, QPoint from, QPoint to)
 
 Hands::Rest Hands::drag(QWidget &widget, QPoint from, QWidget &target, QPoint to)
 {
+    // On the way, so that what is dragged can begin to follow and line up.
     constexpr int Steps = 8;
     const QPoint begin = reach(widget, from);
     const QPoint end = reach(target, to);
@@ -248,6 +251,7 @@ void Hands::dragOn(QWindow *window, const QList<QPoint> &places, qsizetype step)
 Hands::Rest Hands::press(const QString &name)
 {
     auto &button = control<QAbstractButton>(name);
+    // A box to tick is wider than what can be clicked of it.
     const bool tick = qobject_cast<QCheckBox *>(&button) != nullptr;
     return clickAt(button, tick ? QPoint(button.height() / 2, button.height() / 2)
                                 : button.rect().center());
@@ -272,6 +276,7 @@ Hands::Rest Hands::chooseEntry(const QString &name)
     const QList<QAction *> way = wayTo(bar->actions(), name);
     require(!way.isEmpty(), u"%1 has no menu entry %2."_s.arg(frontText(), name));
     require(way.last()->isEnabled() && way.last()->isVisible(), u"%1 is disabled."_s.arg(name));
+    // Menu by menu: each must have opened for the click on the next.
     return perform([window, bar, way] {
         QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier,
                           bar->mapTo(window, bar->actionGeometry(way.first()).center()));

@@ -28,6 +28,8 @@ Task Tour::selectLine(qint64 line)
     co_await m_hands.click(u"grdRecordService"_s, service, u"Service Name"_s);
 }
 
+/// A count below the last reading is asked about first, and taken back; then the true ones are
+/// entered.
 Task Tour::enterTheCount()
 {
     const Service &service = dueService(m_cast.serviced, isByMeter);
@@ -114,6 +116,7 @@ Task Tour::completeAService()
                            stored(line).text(u"Name"), part));
 }
 
+/// A skipped service needs a reason, which becomes its note.
 Task Tour::skipAService()
 {
     const QString reason = u"Away on a job until Monday"_s;

@@ -97,6 +97,7 @@ int giveTour(QApplication &application, const QDir &folder, QDate today, QTextSt
             QCoreApplication::exit(Failed);
         }
     });
+    // The tour's fault must not go through the event loop: it is looked for from outside.
     watch.start(20);
     const int result = app::runProgram(application);
     if (!whole.isDone())

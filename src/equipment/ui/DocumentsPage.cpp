@@ -63,6 +63,7 @@ void DocumentsPage::EnableControls()
 
 void DocumentsPage::cmdAddDocument_Click()
 {
+    // The name lies in the machine's transaction, the file doesn't.
     frame().beginEdit();
     const QString file = base::prompts().chooseFile(u"Add Document"_s, {u"All Files (*)"_s});
     const auto mayReplace = [](const QString &name) {

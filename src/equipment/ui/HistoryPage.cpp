@@ -125,6 +125,7 @@ void HistoryPage::buildPage()
 QList<grid::Column> HistoryPage::serviceColumns()
 {
     using Change = std::function<bool(int, const QVariant &)>;
+    // A correction is written at once, so the transaction begins ahead of it.
     const auto within = [this](const Change &change) {
         return [this, change](int row, const QVariant &value) {
             frame().beginEdit();

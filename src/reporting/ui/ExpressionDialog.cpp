@@ -16,6 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Names that each report knows.
 const QStringList Special{u"PageNumber"_s, u"TotalPages"_s, u"RowNumber"_s, u"Today"_s, u"Now"_s};
 
 class ExpressionDialog final : public Screen
@@ -112,6 +113,7 @@ private:
                            functions);
     }
 
+    /// Told with each letter; OK takes also what is not right yet, as the designer does.
     void tryIt()
     {
         const report::RecordsetSource rows(m_rows);

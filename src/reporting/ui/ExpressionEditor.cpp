@@ -14,6 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// A single letter would offer half of all names.
 constexpr qsizetype LettersForOffer = 2;
 
 } // namespace
@@ -149,6 +150,7 @@ void ExpressionEditor::offer(bool all)
     m_completer->complete(place);
 }
 
+/// What was typed of the name gives way to all of it.
 void ExpressionEditor::complete(const QString &name)
 {
     QTextCursor cursor = textCursor();
@@ -164,6 +166,7 @@ void ExpressionEditor::insertName(const QString &name)
     QTextCursor cursor = textCursor();
     if (m_functions.contains(name)) {
         cursor.insertText(name + u"()"_s);
+        // Between the parentheses, where the arguments go.
         cursor.movePosition(QTextCursor::Left);
         setTextCursor(cursor);
     } else {

@@ -78,6 +78,7 @@ private:
         node.children.push_back(std::move(right));
         return node;
     }
+    /// An operator with one side.
     static ExpressionNode unary(Kind kind, ExpressionNode operand)
     {
         ExpressionNode node;
@@ -105,6 +106,7 @@ private:
         }
     }
 
+    /// The ranks from the loosest on; each asks the next tighter one for its sides.
     ExpressionNode parseOr()
     {
         const Level level(*this);
@@ -164,6 +166,7 @@ private:
         return node;
     }
 
+    /// Words that stand for themselves; in brackets they are names of fields.
     static std::optional<QVariant> namedConstant(const QString &name)
     {
         if (name.compare(u"true", Qt::CaseInsensitive) == 0)
@@ -200,6 +203,7 @@ private:
 
     ExpressionNode parseAggregate(AggregateFunction function, const Token &name)
     {
+        // The inner one would have no rows of its own to count over.
         if (m_inAggregate)
             throw ParseError{u"an aggregate can't stand within another"_s, name.at};
         m_inAggregate = true;
@@ -265,6 +269,7 @@ Expression Expression::parse(const QString &text, QString *error)
         tree->aggregates = parser.aggregates;
         tree->names = parser.names;
         for (const QString &argument : std::as_const(parser.arguments))
+            // Each stands for itself, since aggregates collect it row by row.
             tree->arguments.append(parse(argument));
         return Expression(std::move(tree));
     } catch (const ParseError &failure) {

@@ -80,6 +80,7 @@ void Tokens::readNumber()
     m_current.value = numberValue(value);
 }
 
+/// A quote within the text is doubled.
 void Tokens::readText(QChar quote)
 {
     const qsizetype from = m_at++;
@@ -122,6 +123,7 @@ void Tokens::readBracketedName(QChar close)
         throw ParseError{u"the name has no closing bracket"_s, from};
     m_current.kind = Token::Kind::Name;
     m_current.text = m_text.sliced(from + 1, end - from - 1).trimmed();
+    // Marks it as a name in brackets, whatever it reads like.
     m_current.value = true;
     m_at = end + 1;
 }
@@ -139,6 +141,7 @@ void Tokens::readName()
 void Tokens::readSymbol()
 {
     m_current.kind = Token::Kind::Symbol;
+    // The longer ones first: "<=" is not "<".
     for (const QStringView two : {u"<>", u"<=", u">="}) {
         if (QStringView(m_text).sliced(m_at).startsWith(two)) {
             m_current.text = two.toString();

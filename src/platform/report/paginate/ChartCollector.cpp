@@ -39,6 +39,7 @@ private:
     const std::vector<Accumulator> &m_aggregates;
 };
 
+/// One for each aggregate of an expression, with nothing collected.
 std::vector<Accumulator> freshAggregates(const Expression &expression)
 {
     std::vector<Accumulator> fresh;
@@ -60,6 +61,7 @@ ChartCollector::ChartCollector(const compiled::Chart &chart)
     , m_layout(*chart.layout)
 {
     for (const compiled::Series &series : chart.series)
+        // Those of a "by" come with their values; the others are there even without a row.
         if (!series.by)
             m_shown.push_back({&series, series.layout->name, {}, {}});
 }
@@ -210,6 +212,7 @@ ChartData ChartCollector::result(const EvaluationContext &context,
         return category < shown.cells.size() ? valueOf(shown, shown.cells[category], context, goTo)
                                              : std::nullopt;
     };
+    // What a category is sorted by: its first series, or all that stand on each other.
     const auto height = [&](std::size_t category) {
         std::optional<double> sum = value(m_shown.front(), category);
         if (m_layout.kind == ChartKind::StackedBars)

@@ -22,6 +22,7 @@ public:
 
     void draw()
     {
+        // A single series has nothing to be told apart from.
         if (m_data.series.size() < 2 || m_layout.legend == LegendPlace::None)
             return;
         if (m_layout.legend == LegendPlace::Right)
@@ -33,6 +34,8 @@ public:
 private:
     [[nodiscard]] Length keyWidth() const { return m_line + Gap / 2; }
 
+    /// The sign by which a series is known: a piece of its line with its marker, or a square of its
+    /// fill.
     void drawKey(int series, QPoint place)
     {
         const QColor &color = m_data.series[series].color;
@@ -96,6 +99,7 @@ private:
             const Length needed = keyWidth() + width;
             const Length more = textWidth(moreText(count), m_canvas.font) + 3 * Gap;
             const bool isLastRow = static_cast<int>(ends.size()) == mostRows;
+            // Room for "and so many more" is kept until it is sure that all find a place.
             const Length reserve = isLastRow && series + 1 < count ? more : 0;
             const Length from = ends.back() == 0 ? 0 : ends.back() + 3 * Gap;
             if (from > 0 && from + needed + reserve > m_plot.width()) {

@@ -57,6 +57,8 @@ private:
         return value ? formatted(*value, m_object.format) : QString();
     }
 
+    /// All is measured in bold, as headings and totals are; no column takes more than the room
+    /// beside the names.
     void measure()
     {
         m_names = textWidth(m_data.categoryTitle, m_bold);
@@ -85,6 +87,7 @@ private:
         return end;
     }
 
+    /// The lines' names and these columns, from the headings to the totals.
     void drawBlock(int first, int end)
     {
         Length right = m_names;
@@ -118,6 +121,7 @@ private:
     }
 
     template<class Fill>
+    /// Nothing is drawn beyond the longest flow, which is told as cut.
     void addLine(Fill fill)
     {
         if (m_y > LongestFlow) {

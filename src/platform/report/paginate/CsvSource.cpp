@@ -94,6 +94,7 @@ CsvSource::CsvSource(const QByteArray &text)
         m_fields.append(base::toText(name));
     while (!reader.atEnd()) {
         QVariantList values = reader.line();
+        // An empty line is none, unless there is a single column that may be empty.
         const bool isBlank = values.size() == 1 && values[0].isNull();
         if (!isBlank || m_fields.size() == 1)
             m_rows.append(std::move(values));

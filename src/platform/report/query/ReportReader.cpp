@@ -37,6 +37,8 @@ private:
     throw base::Error(base::ErrorNumber::InvalidCall, what);
 }
 
+/// The answer to a parameter of the layout; raises base::Error for a name that is none, and for an
+/// answer that is missing.
 QVariant answerFor(const Layout &layout, const QString &name, const Answers &answers)
 {
     for (const Parameter &parameter : layout.parameters) {

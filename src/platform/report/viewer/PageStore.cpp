@@ -20,6 +20,7 @@ qint32 indexOf(QList<Value> &list, const Value &value)
     return static_cast<qint32>(list.size() - 1);
 }
 
+/// Writes an item; styles and pictures by their numbers, since pages share them.
 class Packer
 {
 public:
@@ -61,6 +62,7 @@ private:
     QList<QByteArray> &m_pictures;
 };
 
+/// Reads what the packer has written, in the same order.
 class Unpacker
 {
 public:
@@ -133,6 +135,7 @@ QByteArray PageStore::packed(const Page &page)
         out << quint8(item.index());
         std::visit(packer, item);
     }
+    // The fastest: the packing goes along with the laying out.
     return qCompress(bytes, 1);
 }
 
