@@ -5,6 +5,7 @@
 #include "platform/base/Error.h"
 #include "platform/base/Format.h"
 #include "platform/base/Trapped.h"
+#include "platform/sql/Conversion.h"
 
 using base::trapped;
 using namespace Qt::StringLiterals;
@@ -12,6 +13,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr char Module[] = "General Function";
+
+/// What was typed, as a number to be bound: it never becomes a part of the statement.
+QVariant numberIn(const QString &text)
+{
+    if (const auto number = sql::parseNumber(text))
+        return *number;
+    throw base::Error(base::ErrorNumber::TypeMismatch, u"\"%1\" is not a number."_s.arg(text));
+}
 
 } // namespace
 
@@ -31,12 +40,12 @@ bool IsRecordUsed(const QString &Table, const QString &Field, const QString &Val
     return trapped(Module, "IsRecordUsed", false, [&] {
         // One row tells as much as all.
         const QString statement =
-            u"Select top 1 * from "_s + Table + u" where "_s + Field + u" = "_s;
+            u"Select top 1 * from "_s + Table + u" where "_s + Field + u" = ?"_s;
         const QString type = Type.toUpper();
         if (type == u"S")
-            return !dataConnection().Open(statement + u'?', {Value}).isEmpty();
+            return !dataConnection().Open(statement, {Value}).isEmpty();
         if (type == u"N")
-            return !dataConnection().Open(statement + Value).isEmpty();
+            return !dataConnection().Open(statement, {numberIn(Value)}).isEmpty();
         throw base::Error(
             base::ErrorNumber::InvalidCall,
             u"\"%1\" is not a type of value that a record can be looked up by."_s.arg(Type));
@@ -51,10 +60,9 @@ bool IsDuplicate(const QString &Table, const QString &Column, const QVariant &Ol
         if (base::toText(OldValue).trimmed().toUpper() == value.toUpper())
             return false;
         const QString statement =
-            u"Select top 1 * from "_s + Table + u" Where "_s + Column + u" = "_s;
-        if (Numeric)
-            return !dataConnection().Open(statement + NewValue).isEmpty();
-        return !dataConnection().Open(statement + u'?', {value}).isEmpty();
+            u"Select top 1 * from "_s + Table + u" Where "_s + Column + u" = ?"_s;
+        const QVariant sought = Numeric ? numberIn(value) : QVariant(value);
+        return !dataConnection().Open(statement, {sought}).isEmpty();
     });
 }
 
@@ -73,10 +81,8 @@ bool ServiceInWorkOrder(qint64 ServiceUsedID)
 bool ChkCountryExist(const QString &Name)
 {
     return trapped(Module, "ChkCountryExist", false, [&] {
-        // The name goes in as it stands: one with an apostrophe is an error.
         const db::Recordset rows = lookupConnection().Open(
-            u"Select itemName From tblIndicator where ParentID = 1 and itemname = '"_s + Name +
-            u"'"_s);
+            u"Select itemName From tblIndicator where ParentID = 1 and itemname = ?"_s, {Name});
         return !rows.isEmpty() && rows.row(0).text(u"itemName") == Name;
     });
 }

@@ -292,8 +292,8 @@ private:
                 lines = qMax(lines, headingLines(cell));
             const Length height = lines * HeadingLine + HeadingPadding;
             // One ground for all of them, also where columns leave a gap.
-            report::Object ground =
-                object(report::ObjectKind::Box, {0, y, m_width, height}, {}, report::house::Heading);
+            report::Object ground = object(report::ObjectKind::Box, {0, y, m_width, height}, {},
+                                           report::house::Heading);
             ground.canGrow = false;
             ground.lineWidth = 0;
             band.objects.append(ground);

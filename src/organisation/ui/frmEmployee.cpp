@@ -223,18 +223,20 @@ bool frmEmployee::VailidateFields()
 std::optional<QVariant> frmEmployee::saveRecord()
 {
     const clsEmployee employee = m_fields.read();
-    bool isCarriedOn = false;
+    // Asked before anything is written: the row would be held from others while the box waits.
+    const bool isCarriedOn = isLabourCostCarriedOn(employee);
+    bool isSaved = false;
     try {
         TransactionScope transaction;
-        if (!clsEmployee_Manager().SaveRecord(employee, mode(), m_fields.shown()))
+        isSaved = clsEmployee_Manager().SaveRecord(employee, mode(), m_fields.shown());
+        if (!isSaved)
             return std::nullopt;
-        isCarriedOn = isLabourCostCarriedOn(employee);
         if (isCarriedOn && !ChangeServiceLabourEstimate(employee.Crew))
             return std::nullopt;
         transaction.commit();
         return QVariant(employee.EmployeeID);
     } catch (const base::Error &error) {
-        if (!isCarriedOn || error.number() == db::ErrorNumber::LockConflict)
+        if (!isSaved || error.number() == db::ErrorNumber::LockConflict)
             throw;
         const base::Interlude telling;
         base::reportCurrentException("Employee", "cmdUpdate_Click");
