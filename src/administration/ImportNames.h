@@ -59,9 +59,12 @@ private:
     };
     using Names = QHash<Key, qint64>;
 
+    /// Read with the first question for the list.
     Names &namesOf(NameList list);
     void read(NameList list, Names &names);
+    /// In characters, as the list's column holds them.
     [[nodiscard]] int longestName(NameList list);
+    /// Makes an entry with nothing but its name; its number comes back.
     [[nodiscard]] qint64 write(NameList list, qint64 parent, const QString &name);
 
     db::Connection &m_connection;

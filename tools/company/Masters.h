@@ -68,12 +68,14 @@ public:
     [[nodiscard]] const std::vector<Part> &parts() const { return m_parts; }
 
 private:
+    /// The lookup lists are those of every new database.
     void readItems(db::Connection &connection);
     void writeSites(Batch &batch);
     void writeCrews(Batch &batch);
     void writeCostCenters(Batch &batch);
     void writeEmployees(Batch &batch, QDate today);
     void writeSuppliers(Batch &batch);
+    /// Each variant of each family, so many series of them.
     void writeParts(Batch &batch, const Content &content, int series, quint64 seed);
     void writeServices(Batch &batch, const Content &content);
 

@@ -25,14 +25,18 @@ public:
 
 private:
     void buildForm();
+    /// Takes away what was found, and enables what can be done with the file and kind now.
     void fileChanged();
     [[nodiscard]] bool isWholeCompany() const;
     [[nodiscard]] administration::ImportKind kind() const;
     /// Looks at the file and shows what was found; nothing when that was cancelled or failed.
     [[nodiscard]] std::optional<administration::ImportFindings> check();
     void show(const administration::ImportFindings &findings);
+    /// Asks whether these entries may be added to the lists.
     [[nodiscard]] bool mayMake(const std::vector<administration::NewEntry> &entries) const;
+    /// Checks the file, asks about new entries, and imports it; what came of it is shown and told.
     void importRows();
+    /// Asks, and puts an export in the place of the company, which has to be empty.
     void importCompany();
 
     void cmdBrowse_Click();

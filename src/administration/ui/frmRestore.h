@@ -35,11 +35,16 @@ private:
     };
 
     void buildForm();
+    /// The table with what the backup and the database hold, side by side.
     QWidget *makeComparison();
+    /// Fills the column of the database that is there; of a damaged one it says so.
     void showNow();
     void show(const administration::Summary &summary, Column &column);
     void clearChosen();
+    /// That it is restored, where the former database is kept, and whether a new start has to
+    /// follow.
     void tell(const administration::Restored &restored) const;
+    /// What was shown of another file goes, and its passphrase with it.
     void pathChanged();
     [[nodiscard]] administration::Chosen chosen() const;
     /// Fetches and checks what was chosen and shows what it holds; tells the user when it can't be
@@ -50,7 +55,10 @@ private:
         administration::Summary summary;
     };
     [[nodiscard]] std::optional<Checked> check();
+    /// A fingerprint of the chosen file, copied to where it is checked; nothing when it can't be
+    /// unsealed, which has been told.
     [[nodiscard]] std::optional<QByteArray> fetched();
+    /// Asks, with both in one line each.
     [[nodiscard]] bool isWanted(const administration::Summary &summary) const;
 
     void cmdBrowse_Click();

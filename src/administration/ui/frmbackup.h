@@ -20,6 +20,7 @@ public:
 private:
     void buildForm();
     void refillName();
+    /// Which copies the program makes by itself, and where.
     void showPlan();
     [[nodiscard]] administration::BackupRequest request() const;
     /// Tells why it can't be met; True when it can.

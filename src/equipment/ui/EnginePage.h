@@ -14,6 +14,7 @@ public:
 
 private:
     void buildPage();
+    /// The models hang on a make, which has to be chosen first.
     void editModels();
 
     QLineEdit *txtEngineSize = nullptr;

@@ -31,7 +31,9 @@ public:
 
 private:
     void buildPage();
+    /// Each with the rule by which a correction is checked and stored.
     [[nodiscard]] QList<grid::Column> serviceColumns();
+    /// As this workstation has left it; today when it never did.
     void readRange();
     [[nodiscard]] bool runsBackwards() const;
     /// Takes over a date of the range that is in order; another one is told, and gives way to the
@@ -40,6 +42,7 @@ private:
     [[nodiscard]] history::Period period() const;
 
     void RefreshServiceHistoryGrid(qint64 EquipmentID);
+    /// The services of the range, with what their parts cost.
     void loadRows();
     void loadCrews();
     /// Shows what the parts of the current service cost.

@@ -41,8 +41,10 @@ private:
     /// Lists rebuild those that depend on them, and choices that others wait for are passed on.
     void followChoices();
     void loadLists();
+    /// False for a number that another machine has, which is told; the box is emptied then.
     [[nodiscard]] bool txtUnitNo_Validate();
     [[nodiscard]] bool txtSerialNo_Validate();
+    /// The models hang on a make, which has to be chosen first.
     void editModels();
 
     const QWidget *m_save = nullptr;

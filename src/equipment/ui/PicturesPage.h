@@ -22,6 +22,7 @@ protected:
 
 private:
     void RefreshImageGrid(qint64 equipmentID);
+    /// Shows the chosen picture, or leaves that until the page is seen.
     void LoadEquipmentPicture();
     void EnableControls() override;
     void rowChanged() override;

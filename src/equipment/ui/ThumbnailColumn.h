@@ -34,6 +34,7 @@ public:
                                  const QModelIndex &index) const override;
 
 private:
+    /// Makes one of the pictures that painting has missed.
     void makeNext();
 
     grid::GridView *m_grid;

@@ -57,7 +57,10 @@ protected:
 private:
     void buildForm();
     void makePages();
+    /// A page behind the others; its place is that of its tab.
     void addPage(const QString &name, MachinePage *page);
+    /// Joins the pages' fields to the record, and pages to each other where one changes what
+    /// another shows.
     void connectPages();
 
     /// The user asked for a page by its button or key.
@@ -67,12 +70,15 @@ private:
     /// A new machine has to be saved before another page than the first is shown. True when the
     /// page may be shown.
     [[nodiscard]] bool ChkEquipmentNameAndNo();
+    /// Shows a page without asking.
     void FrameVisible(int index);
     /// Marks the tabs of the pages that have something in them.
     void CheckUserDefinedfields();
     /// Brings the page to the front whose control refuses to be saved; answers False.
     bool refusedBy(MachinePage *page);
+    /// The machine's number and name above all pages.
     void showHeading();
+    /// The machine as the pages show it.
     [[nodiscard]] clsEquipment SetObjectValues() const;
     /// The next click shows the help about what it hits.
     static void cmdHelp_Click();

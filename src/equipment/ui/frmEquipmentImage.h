@@ -20,6 +20,7 @@ public:
 
 private:
     void buildForm();
+    /// Shows what the file holds; nothing when it is no picture.
     void showPreview();
     void cmdBrowse_Click();
     void cmdSave_Click();

@@ -27,7 +27,9 @@ protected:
 private:
     class Colours;
 
+    /// What has been typed of a name, up to the cursor.
     [[nodiscard]] QString wordBefore() const;
+    /// Shows the names that have in them what was typed; all also without a beginning.
     void offer(bool all);
     void complete(const QString &name);
 

@@ -108,9 +108,11 @@ private:
         input::DateInput *box;
     };
     QLabel *examples(const QString &text);
+    /// Lets values of a line be picked from their list.
     void pick(QLineEdit *box, const picklists::PickList &list, Pick pick);
     void cmdViewReport_Click();
     void cmdReset_Click();
+    /// True when the report came up. A filter that can't be one is told.
     [[nodiscard]] bool showReportOfFields();
     void focusMissingDate();
 

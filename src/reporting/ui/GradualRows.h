@@ -30,6 +30,7 @@ Q_SIGNALS:
     void completed();
 
 private:
+    /// Reads some more rows between two events.
     void readOn();
     void takeIn();
 

@@ -38,10 +38,16 @@ private:
     [[nodiscard]] QWidget *looksPage();
     void takeTable();
     void showTotals();
+    /// Lays out the first page as it would be, on the first rows.
     void showPage();
+    /// Shows a step; the last one only when a report can be made of the choices. Else what is
+    /// missing is told.
     void goTo(int step);
+    /// -1 to the left, 1 to the right.
     void moveColumn(int by);
+    /// In the order of the list.
     [[nodiscard]] QList<newreport::Field> ticked(const QListWidget *list) const;
+    /// What has been chosen so far, each group once.
     [[nodiscard]] newreport::Choice choice() const;
     void cmdFinish_Click();
 

@@ -33,18 +33,24 @@ private:
     void addRow(QTableWidget *table, const QList<QWidget *> &controls);
     void showAll();
     void showSources();
+    /// By what the current table is joined, with the columns to choose from; the first one is
+    /// joined to none.
     void showJoin();
     void showColumns();
+    /// All columns of all tables of the query.
     void fillPlaces(QComboBox *combo, const reportquery::Place &chosen) const;
     [[nodiscard]] static reportquery::Place placeIn(const QComboBox *combo);
 
     void cmdAddTable_Click();
     void cmdRemoveTable_Click();
     void joinChanged();
+    /// Takes over all ticks.
     void columnTicked();
     void addCondition(const reportquery::Condition &condition);
     void addSort(const reportquery::Sort &sort);
+    /// Removes the row that the user is at, else the last one.
     void removeRow(QTableWidget *table);
+    /// A table as the user knows it, with its name in the query where that is another.
     [[nodiscard]] QString captionOf(const reportquery::Source &source) const;
     [[nodiscard]] QString joinOf(const reportquery::Source &source) const;
 

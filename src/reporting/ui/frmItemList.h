@@ -31,6 +31,7 @@ public:
 
 private:
     void buildForm();
+    /// False when the query failed, which is told.
     bool ShowGrid();
     void grdList_Activated(int row);
     void cmdSelect_Click();

@@ -27,6 +27,7 @@ public:
 private:
     void buildForm();
     void loadFields();
+    /// Shows the list, standing on this part where it is there.
     void ShowGrid(const QString &partID);
     [[nodiscard]] QString QueryString() const;
     [[nodiscard]] QString currentPart() const;

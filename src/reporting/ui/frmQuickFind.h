@@ -35,7 +35,9 @@ public:
 
 private:
     void buildForm();
+    /// The boxes and options above the list.
     void addSearch(input::FormBuilder &form);
+    /// Widths, formats and what is hidden, once the first rows have brought the columns.
     void setColumns();
     /// Reads search fields and rows. False when there is nothing to show, which the user was told.
     bool ShowQuickFindMain();
@@ -45,9 +47,11 @@ private:
     void showAll();
     /// False while rows are still being read: then the search follows them.
     bool maySearch();
+    /// Searches by the table's own fields, or by the one that is chosen.
     void setAutomatic(bool automatic);
     [[nodiscard]] QString currentKey() const;
     [[nodiscard]] QStringList tickedKeys() const;
+    /// Ticks the rows of these keys alone.
     void tick(const QStringList &keys);
     void grdQuickFind_Activated(int row);
     void cmdSelect_Click();

@@ -30,21 +30,33 @@ protected:
 
 private:
     void buildForm();
+    /// Begins with a layout: its fields, its pictures' folder, and a draft of it where there is
+    /// one.
     void open(const report::Layout &layout);
     [[nodiscard]] std::optional<report::Layout> layoutAt(const QString &path) const;
+    /// Asks whether to go on with what was being designed when the program ended.
     void offerDraft();
     void keepDraft();
+    /// By what the draft is found again; one for all reports without a name.
     [[nodiscard]] QString draftKey() const;
 
     void layoutChanged();
+    /// Offers the columns that the query gives now, and for the user's own reports those of all
+    /// tables.
     void refreshFields();
     [[nodiscard]] db::Recordset sampleRows() const;
+    /// Lets the query give a field too; False when it can't, which is told.
     [[nodiscard]] bool addField(report::Layout &layout, const report::DesignField &field);
+    /// The rows of a preview: those of the program's report, or of the layout's own query. Nothing
+    /// when the user cancels; raises base::Error.
     [[nodiscard]] std::optional<report::PreviewRows> rowsFor(const report::Layout &layout) const;
 
+    /// Saves, and asks for a name before the first time. True when the file holds the design now.
     bool cmdUpdate_Click();
     void cmdWizard_Click();
+    /// Asks until the name is one that a report can have.
     [[nodiscard]] QString askedFileName() const;
+    /// Whether what stands in the file may go, in the words for the case.
     [[nodiscard]] bool mayReplace(ownreports::InPlace what) const;
     void showTitle();
 

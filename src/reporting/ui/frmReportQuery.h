@@ -43,6 +43,7 @@ private:
     void tabChanged(int tab);
     /// What has been entered; nothing when it can't be run, which has been told.
     [[nodiscard]] std::optional<report::Layout> entered();
+    /// Of the page that counts; nothing when what was picked can't be run, which has been told.
     [[nodiscard]] std::optional<QString> enteredQuery();
     [[nodiscard]] QList<report::Parameter> enteredParameters() const;
     [[nodiscard]] QList<report::RowSet> enteredRowSets() const;
@@ -50,6 +51,7 @@ private:
     [[nodiscard]] bool hasNames(grid::GridView *entries);
     /// Runs all that is read beside the report's own rows; what is wrong has been told.
     [[nodiscard]] bool canRead(const report::Layout &layout) const;
+    /// Runs the query and shows its first rows. False when it can't be run, which has been told.
     bool cmdShowRows_Click();
     void cmdTake_Click();
 

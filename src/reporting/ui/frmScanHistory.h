@@ -14,6 +14,7 @@ protected:
     [[nodiscard]] std::optional<catalogue::Request> request() const override;
 
 private:
+    /// Scans have their range and machines, those not scanned their days.
     void enableFields();
 
     QRadioButton *optByDays = nullptr;

@@ -29,6 +29,7 @@ protected:
 
 private:
     void buildForm();
+    /// Lists the layouts of a folder.
     void setFolder(ownreports::Folder folder);
     void ShowGrid();
     void cmdViewReport_Click();

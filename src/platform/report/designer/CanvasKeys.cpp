@@ -41,6 +41,7 @@ QList<Place> allPlaces(const Layout &layout)
     return places;
 }
 
+/// Kinds whose content is written in their place.
 bool hasWords(ObjectKind kind)
 {
     return kind == ObjectKind::Text || kind == ObjectKind::Field || kind == ObjectKind::BarCode;
@@ -236,6 +237,7 @@ void DesignCanvas::finishEditing(bool isTaken)
     editor->removeEventFilter(this);
     const QString words = editor->toPlainText();
     editor->hide();
+    // It may be its own event that ends it.
     editor->deleteLater();
     const Selection &selection = m_document.selection();
     if (!isTaken || selection.objects.isEmpty())

@@ -291,6 +291,7 @@ void DesignCanvas::dragHeight(QPoint by)
 {
     const int band = m_bandPressed;
     const Length former = m_document.layout().bands[band].height;
+    // By the grid in half millimetres, without it in tenths.
     const int grid = m_showsGrid ? GridStep / 2 : 10;
     const Length height = qMax(0, (former + m_geometry.toUnits(by.y()) + grid / 2) / grid * grid);
     preview(u"Height of %1"_s.arg(bandName(m_document.layout().bands[band])),
@@ -370,6 +371,7 @@ void DesignCanvas::insertFrame(const QRect &content)
     if (isDrawn) {
         const bool isFlat = object.kind == ObjectKind::Line &&
                             qMin(content.width(), content.height()) < 2 * LeastDrawn;
+        // In tenths of a millimetre: pixels give no more.
         object.width = m_geometry.toUnits(content.width()) / 10 * 10;
         object.height = m_geometry.toUnits(content.height()) / 10 * 10;
         // A line that is nearly level is meant to be so.

@@ -50,6 +50,7 @@ protected:
     bool event(QEvent *event) override;
 
 private:
+    /// A band's name at the side, marked while it or something in it is selected.
     void paintName(QPainter &painter, int band, const QRect &slot);
 
     DesignCanvas &m_canvas;

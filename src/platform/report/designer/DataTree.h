@@ -30,6 +30,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    /// Fills the tree anew where names or the filter are others than before.
     void refresh();
     /// A heading with those of the fields that the filter lets through; none without any.
     void addAll(const QString &title, const QList<DesignField> &fields, bool isOpen);

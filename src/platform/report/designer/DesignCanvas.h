@@ -103,10 +103,12 @@ private:
     friend class BandStrip;
     enum class Action { None, Press, Drag, Rubber, Height, Insert };
 
+    /// Shows the document as it is; a drag and what is typed in place are given up.
     void refresh();
     void updateScrollBars();
     void layOutSides();
     [[nodiscard]] QPoint scrolled() const;
+    /// A place of the viewport, counted from the upper left corner of all that can be scrolled.
     [[nodiscard]] QPoint contentPoint(QPoint viewport) const { return viewport + scrolled(); }
 
     void paintSheet(QPainter &painter, const QRect &visible);
@@ -117,32 +119,48 @@ private:
     void paintSelection(QPainter &painter);
     void paintGuides(QPainter &painter);
 
+    /// What a press begins, by what lies there: a handle, an object, a bar, or nothing.
     void pressAt(QPoint content, Qt::KeyboardModifiers modifiers);
+    /// The bar of a band begins to draw its height, anything else a rubber band.
     void pressEmpty(QPoint content, Qt::KeyboardModifiers modifiers);
     void beginHeight(int band, QPoint content);
+    /// Selects what the rubber band touches; with Ctrl or Shift beside what was selected.
     void endRubber(Qt::KeyboardModifiers modifiers);
+    /// Selects an object; with Ctrl it comes or goes, with Shift it comes.
     void pickAt(Place place, Qt::KeyboardModifiers modifiers);
+    /// Goes on with what the press has begun; with Alt nothing lines up.
     void dragTo(QPoint content, Qt::KeyboardModifiers modifiers);
+    /// Ways in pixels from where the button was pressed.
     void moveObjects(QPoint by, bool isSnapping);
     void moveInto(int band, QPoint by, bool isSnapping);
+    /// The lead's place and size in millimetres, for the status bar.
     void tellFrame();
     /// The same as a drag beyond the viewport's edge scrolls.
     void scrollAlong(QPoint viewport);
     void resizeObjects(QPoint by, bool isSnapping);
     void dragHeight(QPoint by);
+    /// What lines up now, by the switches for the grid and for other edges.
     [[nodiscard]] SnapRules snapRules(bool isSnapping) const;
+    /// The edges and middles of all objects but those that move.
     [[nodiscard]] SnapLines linesFor(const QList<Place> &moved, int band) const;
     /// Shows a change that becomes one of the document only when the drag ends, by commit().
     void preview(const QString &name, DesignDocument::Change change);
+    /// Makes what the drag has shown a change of the document.
     void commit();
+    /// Gives up a drag or an insertion; the document stays as it is.
     void cancelAction();
     void updateCursor(QPoint content);
+    /// Makes the object that is being inserted, in the frame that was drawn; a click gives it the
+    /// usual size.
     void insertFrame(const QRect &content);
     void insertByKey();
 
     void escape();
+    /// True when the key was one that moves or sizes what is selected.
     [[nodiscard]] bool arrowKey(QKeyEvent *event);
+    /// Goes so many bands down, or up for less than 0.
     void selectBand(int step);
+    /// Closes the box for words, if one is open, and takes them or leaves them.
     void finishEditing(bool isTaken);
 
     DesignDocument &m_document;

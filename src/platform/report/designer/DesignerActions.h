@@ -49,6 +49,7 @@ Q_SIGNALS:
     void previewAsked();
 
 private:
+    /// Makes an action that can be found by its name. Its keys hold on the canvas.
     QAction *add(const QString &name, const QString &caption, const QString &icon,
                  const QList<QKeySequence> &keys, const std::function<void()> &run);
     void addEditing();
@@ -61,11 +62,15 @@ private:
     void addBandMenu();
     /// Enables each action that can be done with what is selected now.
     void enable();
+    /// -1 to the band above, 1 to the one below.
     void moveToNextBand(int direction);
     [[nodiscard]] bool canMoveToNextBand(int direction) const;
+    /// Copies of the selected objects beside them, in their bands.
     void duplicate();
+    /// All objects of the target band.
     void selectAll();
     void selectColumn();
+    /// A change by a button stands for itself, whatever came before it.
     void change(const QString &name,
                 const std::function<void(Layout &, const Selection &)> &change);
     void fill(QWidget *place, const QStringList &names) const;

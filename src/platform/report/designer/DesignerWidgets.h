@@ -57,8 +57,11 @@ protected:
 private:
     [[nodiscard]] QWidget *makeDesign();
     [[nodiscard]] QWidget *makeSide();
+    /// Connects the parts: none of them knows the others.
     void join();
     void tabChanged(int index);
+    /// Puts fields beside each other into a band; a place with x below 0 lets them make room at the
+    /// right.
     void addFields(const QList<DesignField> &fields, int band, QPoint at);
     void chooseFields(const QList<DesignField> &fields);
     void goRound(bool forward);

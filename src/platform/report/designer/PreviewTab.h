@@ -34,6 +34,7 @@ Q_SIGNALS:
     void partChosen(const Selection &part);
 
 private:
+    /// What was remarked on the whole report, once it is laid out.
     void listRemarks();
     void choose(int row);
 

@@ -56,9 +56,13 @@ private:
     void refresh();
     void rebuild();
     void showValue(QTreeWidgetItem *item, const Property &property);
+    /// Changes the document by an attribute, as one step of its own.
     void apply(const Property &property, const QVariant &value);
+    /// Tells below what is wrong with the attribute that is current, and offers its editor.
     void showFault();
+    /// Does what a row without a value stands for.
     void activate(QTreeWidgetItem *item);
+    /// Lets the current expression be edited in a window, and takes what comes back.
     void askExpression();
     [[nodiscard]] const Property *current() const;
     [[nodiscard]] QString headline() const;

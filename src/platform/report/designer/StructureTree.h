@@ -53,6 +53,7 @@ private:
         bool operator==(const Line &) const = default;
     };
 
+    /// The whole tree as it has to be, from top to bottom.
     [[nodiscard]] QList<Line> lines() const;
     void refresh();
     void showSelection();

@@ -91,10 +91,13 @@ private:
     /// Moves objects down by what grew above them, then stretches the frames around those that
     /// grew.
     void push(QList<Placed> &objects) const;
+    /// Adds an object as the page draws it, where its frame has come to stand.
     void addItem(const Placed &placed, QList<PageItem> &items);
+    /// Words and values put together.
     [[nodiscard]] QString textOf(const std::vector<compiled::Piece> &pieces) const;
     [[nodiscard]] ChartData chartOf(const compiled::Object &object) const;
     [[nodiscard]] ChartData crossTabOf(const compiled::Object &object) const;
+    /// An object's style with what its conditions change.
     [[nodiscard]] Style styleOf(const compiled::Object &object) const;
     [[nodiscard]] QByteArray pictureOf(const Placed &placed);
     [[nodiscard]] QByteArray storedPicture(const QString &name) const;

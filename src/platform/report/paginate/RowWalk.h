@@ -97,6 +97,7 @@ private:
     /// The further rows that belong to the row on hand, set by set, behind its detail.
     void placeSets();
     void placeSet(std::size_t number, const std::vector<int> &rows);
+    /// Goes through the rows of a chart and comes back.
     [[nodiscard]] ChartData collected(const compiled::Chart &chart, const Span &span) const;
     [[nodiscard]] Span chartSpan(const compiled::Chart &chart) const;
     [[nodiscard]] Span groupSpan(int group) const;
@@ -107,9 +108,12 @@ private:
     void takeRow();
     [[nodiscard]] static int firstChange(const std::vector<QVariant> &before,
                                          const std::vector<QVariant> &keys);
+    /// From the innermost outwards to this one: places their footers.
     void closeGroups(int outermost);
+    /// Adds the row on hand to the aggregates of groups and report, or of one set.
     void accumulate();
     void accumulateSet(std::size_t number);
+    /// Works a formula out once for each row, where it hangs on nothing else.
     [[nodiscard]] QVariant evaluateFormula(const compiled::Value &formula) const;
     [[nodiscard]] bool isOfRow(const compiled::Value &formula) const;
     [[nodiscard]] int fieldIndex(const QString &key) const;

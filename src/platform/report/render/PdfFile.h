@@ -38,8 +38,10 @@ private:
     void drawLine(const TextItem &item, const TextLine &line);
     void drawShaped(const TextItem &item, const TextLine &line);
     void drawUnderline(const TextItem &item, const TextLine &line);
+    /// Without an edge.
     void fill(const QRect &frame, const QColor &color);
     void stroke(QPoint from, QPoint to);
+    /// Tell a color or pen only when it is another one than the page has.
     void setFill(const QColor &color);
     void setPen(const QColor &color, Length width, int cap, int join);
     [[nodiscard]] Picture picture(const QByteArray &data);
