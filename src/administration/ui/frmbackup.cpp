@@ -80,7 +80,7 @@ void frmbackup::buildForm()
     setMinimumWidth(widthOfForm);
 }
 
-/// Each backup is given its folder anew, so that none goes where the last one lies by mistake.
+/// A folder is chosen anew for each backup; the name is that of the day.
 void frmbackup::refillName()
 {
     txtFolderPath->clear();
