@@ -109,7 +109,16 @@ TEST_F(Workstations, PostingOneOrderAtOncePostsItOnce)
         QList<qint64> theirs{number};
         if (!interleaved(
                 before, [&] { first = posting::PostWorkOrder(orders); },
-                [&] { second = posting::PostWorkOrder(theirs); }))
+                [&] {
+                    second = posting::PostWorkOrder(theirs);
+                    try {
+                        // A change of the schedule is refused or kept.
+                        target += gcnData->Execute(u"Update tblServiceUsed set "
+                                                   "NextScheduledCount = NextScheduledCount + 1"_s);
+                    } catch (const db::DbError &error) {
+                        EXPECT_EQ(error.number(), db::ErrorNumber::LockConflict);
+                    }
+                }))
             break;
         EXPECT_TRUE(first || second) << "before statement " << before;
         EXPECT_EQ(errors.take().size(), (first && second) ? 0u : 1u);
