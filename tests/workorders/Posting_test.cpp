@@ -324,6 +324,7 @@ TEST_F(PostWorkOrder, APartThatCostsMoreThanAnAmountCanBeIsNamed)
         {1e10, 1e10, true,
          u"10000000000 of part \"P1\" at their price come to more than an amount"},
         {1e10, 1e10, false, nullptr},
+        {1, 9e14, false, nullptr},
         {1.5e307, 0, true, u"1.5e+307 of part \"P1\" are more than a stock can be"},
     };
     for (const Row &row : rows) {
