@@ -44,9 +44,9 @@ void IdMap::prepare()
         dataConnection().Execute(
             u"Create table tblWotemp( strname nvarchar(1), strid nvarchar(15), strno "
             "nvarchar(15))"_s);
-    } catch (const db::DbError &error) {
-        // Another workstation has just made it.
-        if (error.number() != db::ErrorNumber::TableExists || !tableExists())
+    } catch (const db::DbError &) {
+        // Unless another workstation has just made it.
+        if (!tableExists())
             throw;
     }
 }
