@@ -130,7 +130,7 @@ void fit(Line &line, Length width)
     for (Cell &cell : line) {
         if (isEnough && isText(cell.field))
             cell.width += static_cast<Length>(qint64(cell.width) * over / texts);
-        else if (over < 0 && !isEnough)
+        else if (total > width && !isEnough)
             cell.width = static_cast<Length>(qint64(cell.width) * width / total);
         cell.x = x;
         x += cell.width;
@@ -153,7 +153,7 @@ QList<Line> linesOf(const QList<PageField> &columns, Length width)
     Length used = 0;
     for (const PageField &column : columns) {
         const Length natural = naturalWidthOf(column);
-        if (used > 0 && (used + natural) * LeastShare > width) {
+        if (!lines.last().isEmpty() && (used + natural) * LeastShare > width) {
             lines.append(Line());
             used = 0;
         }

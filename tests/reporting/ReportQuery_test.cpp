@@ -238,6 +238,11 @@ TEST_F(ReportQuery, AFieldBringsItsTableIntoTheQuery)
     const QString before = query;
     EXPECT_NE(designfields::addTo(query, field(u"Scans of machines"_s, u"Scan Time"_s), tables),
               QString());
+    report::DesignField missing = fields.first();
+    for (QString *const part : {&missing.name, &missing.table}) {
+        *part = u"Wheels"_s;
+        EXPECT_NE(designfields::addTo(query, missing, tables), QString());
+    }
     EXPECT_EQ(query, before);
     query = u"select PartID & 'x' as y from tblPart"_s;
     EXPECT_NE(designfields::addTo(query, fields.first(), tables), QString());
@@ -300,6 +305,7 @@ TEST(InWords, PartsANameWhereAWordBegins)
                                       {u"PartIDNo"_s, u"Part ID No"_s},
                                       {u"Qty on Hand"_s, u"Qty on Hand"_s},
                                       {u"SS"_s, u"SS"_s},
+                                      {u"BeginingHub"_s, u"Beginning Hub"_s},
                                       {u"EInterval"_s, u"Interval"_s}})
         EXPECT_EQ(reporttables::inWords(name), words);
 }
