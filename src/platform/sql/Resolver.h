@@ -64,8 +64,6 @@ private:
     void resolveCall(Expression &call, const Scope &scope);
     /// A query that stands for a value, or that a condition asks.
     void resolveInQuery(Expression &expression, const Scope &scope);
-    /// Raises a type mismatch for a text in a sum that spells no number.
-    void checkTextOperands(const Expression &chain);
     /// The column of a name, looked for from the select outwards. Nothing is raised.
     [[nodiscard]] Found find(const Expression &name, const Scope &scope) const;
 

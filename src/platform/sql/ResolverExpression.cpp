@@ -1,4 +1,3 @@
-#include "platform/sql/Conversion.h"
 #include "platform/sql/Errors.h"
 #include "platform/sql/Functions.h"
 #include "platform/sql/Names.h"
@@ -158,7 +157,6 @@ void Resolver::resolveExpression(Expression &expression, const Scope &scope)
         return;
     case Kind::Arithmetic:
         resolveOperands(expression, scope);
-        checkTextOperands(expression);
         expression.type = chainTypes(expression).back();
         return;
     case Kind::Scalar:
@@ -186,21 +184,6 @@ void Resolver::resolveInQuery(Expression &expression, const Scope &scope)
     }
     if (expression.kind == Kind::Scalar)
         expression.type = output.front().kind;
-}
-
-void Resolver::checkTextOperands(const Expression &chain)
-{
-    // "number + 'text'" fails here and not at the first row: the text is known already.
-    const std::vector<ColumnKind> types = chainTypes(chain);
-    for (std::size_t i = 0; i < chain.operands.size(); ++i) {
-        const Expression &operand = *chain.operands[i];
-        if (operand.kind != Kind::Literal || operand.type != ColumnKind::Text)
-            continue;
-        const Operator operation = chain.operators[i == 0 ? 0 : i - 1];
-        const ColumnKind result = types[i == 0 ? 1 : i];
-        if (operation != Operator::Concatenate && result != ColumnKind::Text)
-            (void)converted(literalValue(operand.token, m_statement), ColumnKind::Real);
-    }
 }
 
 void Resolver::resolveCall(Expression &call, const Scope &scope)

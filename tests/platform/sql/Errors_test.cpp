@@ -110,6 +110,7 @@ TEST(Errors, KindsThatDoNotGoTogether)
 {
     expectRefused({{"select Hours + 'abc' from Machine", "abc"},
                    {"select 'abc' + Hours from Machine", "abc"},
+                   {"select * from Machine where Hours - 'abc' > 5", "abc"},
                    {"select Bought * 2 from Machine", "date"},
                    {"select * from Machine where Bought = Name", "date"}},
                   Number::TypeMismatch);

@@ -93,6 +93,8 @@ select count(*) as n from Machine group by Hours*2 having Hours*2>5 union select
   SELECT COUNT(*) AS "n" FROM "Machine" GROUP BY ("Hours" * 2) HAVING ("Hours" * 2) > 5 UNION SELECT "Id" FROM "Machine" WHERE "Id" = CAST(? AS DOUBLE PRECISION)
 select Hours*? as h from Machine group by Hours*?
   SELECT ("Hours" * CAST(? AS DOUBLE PRECISION)) AS "h" FROM "Machine" GROUP BY ("Hours" * CAST(? AS DOUBLE PRECISION))
+select Bought - Now() as b from Machine group by Bought - Now()
+  SELECT ("Bought" - CAST(? AS TIMESTAMP)) AS "b" FROM "Machine" GROUP BY 1
 select Id as [Select fromage] from Machine
   SELECT "Id" AS "Select fromage" FROM "Machine"
 select Name from Machine group by Name having count(*)>5
