@@ -309,13 +309,13 @@ TEST(Options, InlineLiteralsWriteEveryValueOut)
     sql::TranslateOptions options;
     options.inlineLiterals = true;
     const sql::Plan plan = planOf(
-        u"select Id from Machine where Name='it''s' and Id='5' and Hours>-2.5 and Bought<#3/15/2024 1:05 PM# and Cost=? and Cost<1e15 and Name like 'a_*'"_s,
+        u"select Id from Machine where Name='it''s' and Id='5' and Hours>-2.5 and Bought<#3/15/2024 1:05 PM# and Cost=? and Cost<1e15 and Name<'abcdefghijklmnopqrstuvwxyz' and Name like 'a_*'"_s,
         options);
     EXPECT_EQ(
         plan.text,
-        uR"(SELECT "Id" FROM "Machine" WHERE "Name" = 'it''s' AND "Id" = 5e0 AND "Hours" > -2.5e0 AND "Bought" < TIMESTAMP '2024-03-15 13:05:00' AND "Cost" = CAST(? AS NUMERIC(18,4)) AND "Cost" < 1000000000000000e0 AND "Name" LIKE 'a\_%' ESCAPE '\')"_s);
+        uR"(SELECT "Id" FROM "Machine" WHERE "Name" = 'it''s' AND "Id" = 5e0 AND "Hours" > -2.5e0 AND "Bought" < TIMESTAMP '2024-03-15 13:05:00' AND "Cost" = CAST(? AS NUMERIC(18,4)) AND "Cost" < 1000000000000000e0 AND "Name" < 'abcdefghijklmnopqrstu' AND "Name" LIKE 'a\_%' ESCAPE '\')"_s);
     EXPECT_EQ(plan.slots.size(), 1U);
-    EXPECT_EQ(plan.fixedLiterals.size(), 6U);
+    EXPECT_EQ(plan.fixedLiterals.size(), 7U);
 }
 
 TEST(Options, InlineParametersWriteTheCallersPatternOut)
