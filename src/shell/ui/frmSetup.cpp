@@ -121,7 +121,7 @@ QWidget *frmSetup::companyPage()
     input::validateOnLeave(txtCompanyPhone,
                            [this] { return txtCompanyPhone->check(u"Invalid phone No."_s); });
     addText(form, u"GEN_COMPANY_EMAIL", u"txtCompanyEmail"_s, u"Ema&il"_s, OptionLength);
-    addText(form, u"GEN_COMPANY_WEBSITE", u"txtCompanyWebSite"_s, u"We&b Site"_s, OptionLength);
+    addText(form, u"GEN_COMPANY_WEBSITE", u"txtCompanyWebSite"_s, u"Web Si&te"_s, OptionLength);
     form.beginGroup(u"Warnings"_s, u"fraWarnings"_s);
     addDays(form, u"COUNT_READING_DELAY", u"txtCountReadingDelay"_s,
             u"Number of da&ys between counts"_s);
