@@ -28,6 +28,6 @@ fi
 [ -n "$sources" ] || exit 0
 
 # Precompiled headers are another compiler's, so this build goes without; it is only configured.
-cmake --preset tidy -DCMAKE_CXX_COMPILER="$compiler" >/dev/null
+cmake --fresh --preset tidy -DCMAKE_CXX_COMPILER="$compiler" >/dev/null
 echo "clang-tidy over $(wc -l <<<"$sources") files"
 xargs -d '\n' tools/check/tidy.py "$tidy" "$compiler" <<<"$sources"
