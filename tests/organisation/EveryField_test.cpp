@@ -1,6 +1,5 @@
+#include "core/CompanySession.h"
 #include "core/ui/EveryField.h"
-
-#include "organisation/MasterSession.h"
 #include "organisation/clsCostCenter.h"
 #include "organisation/clsCrew.h"
 #include "organisation/clsEmployee.h"

@@ -8,6 +8,8 @@ using test::ScreenDriver;
 
 namespace {
 
+const QString Taken = u"The name you specified already exists. Specify a different name."_s;
+
 struct LookupLists : test::MasterSession
 {
     static qint64 addItem(qint64 parent, const QString &name)
@@ -41,13 +43,8 @@ TEST_F(LookupLists, AnItemOfAPlainListIsAddedUnderTheNumberThatWasShown)
         screen.press("cmdAdd");
         const qint64 preview = screen.text("txtItemID").toLongLong();
         EXPECT_EQ(preview, diesel + 1);
-        expectRefusal(screen, u"Name should not be blank."_s, "txtName");
-        screen.type("txtName", u" dIESEL "_s);
-        expectRefusal(screen,
-                      u"The name you specified already exists. Specify a different "
-                      "name."_s,
-                      "txtName");
-        screen.type("txtName", u" Farmer's gas "_s);
+        expectRefusals(screen, {{u"Name should not be blank."_s, "txtName", u" dIESEL "_s},
+                                {Taken, "txtName", u" Farmer's gas "_s}});
         screen.press("cmdUpdate");
         EXPECT_EQ(screen.text("txtItemID").toLongLong(), preview);
         EXPECT_EQ(listed(screen), u"Diesel|Farmer's gas"_s);
@@ -100,11 +97,7 @@ TEST_F(LookupLists, TheFilterListsTheChildrenOfAnotherParentAndTheItemMayMoveThe
         screen.choose("cboParentType", u"Zamboni"_s);
         EXPECT_TRUE(screen.isShown("cmdCancel"));
         screen.type("txtName", u"FERNHILL"_s);
-        expectRefusal(screen,
-                      u"The name you specified already exists. Specify a different "
-                      "name."_s,
-                      "txtName");
-        screen.type("txtName", u"Brushco"_s);
+        expectRefusals(screen, {{Taken, "txtName", u"Brushco"_s}});
         screen.press("cmdUpdate");
         EXPECT_EQ(listed(screen), QString()); // it hangs under the other parent now
     });

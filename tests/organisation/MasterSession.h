@@ -46,6 +46,22 @@ struct MasterSession : CompanySession
         screen.press(button);
         EXPECT_EQ(screen.focused(), focus);
     }
+    /// What a save asks for: the sentence, the control that has the focus then, and what is typed
+    /// there before the next one; nothing for a list.
+    struct Refusal
+    {
+        QString message;
+        const char *focus;
+        QString typed;
+    };
+    void expectRefusals(const ScreenDriver &screen, std::initializer_list<Refusal> refusals)
+    {
+        for (const auto &[message, focus, typed] : refusals) {
+            expectRefusal(screen, message, focus);
+            if (!typed.isNull())
+                screen.type(focus, typed);
+        }
+    }
     static qint64 insert(const QString &statement, const QString &key)
     {
         return gcnData->Insert(statement, {}, key);
