@@ -72,19 +72,14 @@ using KeepRules = test::CompanySession;
 TEST_F(KeepRules, AreOptionsOfTheCompany)
 {
     EXPECT_EQ(copies::keepRuleOf(*gcnData), copies::KeepRule());
-    const auto set = [](QStringView option, const QString &value) {
-        SetOption(option.toString(), value, false);
+    const auto set = [](const QStringList &values) {
+        const QStringView options[] = {copies::DaysOption, copies::WeeksOption,
+                                       copies::MonthsOption, copies::RestoresOption,
+                                       copies::DailyOption};
+        for (qsizetype at = 0; at < values.size(); ++at)
+            SetOption(options[at].toString(), values[at], false);
+        return copies::keepRuleOf(*gcnData);
     };
-    set(copies::DaysOption, u"2"_s);
-    set(copies::WeeksOption, u"0"_s);
-    set(copies::MonthsOption, u"24"_s);
-    set(copies::RestoresOption, u"1"_s);
-    set(copies::DailyOption, u"0"_s);
-    EXPECT_EQ(copies::keepRuleOf(*gcnData), (copies::KeepRule{2, 0, 24, 1, false}));
-    set(copies::DaysOption, u"0"_s);
-    set(copies::WeeksOption, u"some"_s);
-    set(copies::MonthsOption, u"-1"_s);
-    set(copies::RestoresOption, u"0"_s);
-    set(copies::DailyOption, {});
-    EXPECT_EQ(copies::keepRuleOf(*gcnData), copies::KeepRule());
+    EXPECT_EQ(set(u"2 0 24 1 0"_s.split(u' ')), (copies::KeepRule{2, 0, 24, 1, false}));
+    EXPECT_EQ(set(u"0 some -1 0 "_s.split(u' ')), copies::KeepRule());
 }

@@ -7,7 +7,7 @@ namespace {
 struct Session : test::CompanySession
 {
     static void addSupplier(int id) { insert(u"tblSupplier"_s, {{u"SupplierID"_s, id}}); }
-    static qint64 suppliers() { return GetRecordCount(u"tblSupplier"_s, {}); }
+    static qint64 suppliers() { return count(u"tblSupplier"_s); }
 };
 
 } // namespace
@@ -59,12 +59,8 @@ TEST_F(Session, ClosingUndoesWhatIsOpenAndOpeningComesBack)
     EXPECT_THROW(BeginTrans(), base::Error);
     EXPECT_FALSE(gbInTransaction);
     openConnections();
-    EXPECT_TRUE(connectionsAreOpen());
     EXPECT_EQ(suppliers(), 0);
-}
-
-TEST_F(Session, AFailedOpeningLeavesBothClosed)
-{
+    // A failed one leaves both closed.
     closeConnections();
     const auto given = std::exchange(gsDatabasePath, gsDatabasePath + u".none"_s);
     EXPECT_THROW(openConnections(), base::Error);
