@@ -1,6 +1,7 @@
 #include "core/StartUp.h"
 
 #include "core/CompanySession.h"
+#include "core/DailyCopies.h"
 #include "platform/db/DbError.h"
 #include "platform/db/Proof.h"
 #include "platform/system/SingleInstance.h"
@@ -51,25 +52,22 @@ struct StartUp : testing::Test
         return path(u"Data/Backup/"_s + name);
     }
     void putDatabase() const { ASSERT_TRUE(QFile::copy(company.file(), live())); }
-    static db::Target target()
+    static db::Target target(const QString &file = live())
     {
         db::Target target;
-        target.file = live();
+        target.file = file;
         target.forcedWrites = false;
         return target;
     }
     static void setOption(const QString &key, const QString &value)
     {
-        db::Connection connection(target());
-        connection.Execute(u"Update tblSysOption set itemValue = ? where SysOption = ?"_s,
-                           {value, key});
+        db::Connection(target()).Execute(
+            u"Update tblSysOption set itemValue = ? where SysOption = ?"_s, {value, key});
     }
     /// What a copy says that the company is called.
     static QString companyIn(const QString &file)
     {
-        db::Target copy = target();
-        copy.file = file;
-        return db::Connection(copy)
+        return db::Connection(target(file))
             .Open(u"Select itemValue from tblSysOption where SysOption = 'GEN_COMPANY_NAME'"_s)
             .value(0, 0)
             .toString();
@@ -78,8 +76,6 @@ struct StartUp : testing::Test
     {
         return path(u"Data/Backup/Daily/Quorvantis "_s + day + u".mdb"_s);
     }
-    static QString guid() { return settings::registry().value(settings::ProductKey, u"GUID"_s); }
-
     void expectBackupMessage(const QString &description, int number)
     {
         prompts.say(description + u' ' + QString::number(number) + u"Main Funtions(BackupDB) "_s);
@@ -115,6 +111,7 @@ TEST_F(StartUp, RunsItsStepsInOrder)
     putDatabase();
     setOption(u"SECURITYONOFF"_s, u"1"_s);
     setOption(u"GEN_COMPANY_NAME"_s, u"Before the start"_s);
+    QSet<QString> guids;
     for (const bool unfinished : {false, true}) {
         closeConnections();
         course.clear();
@@ -122,28 +119,15 @@ TEST_F(StartUp, RunsItsStepsInOrder)
         EXPECT_TRUE(Main(steps));
         EXPECT_EQ(course.join(u' '), u"update instance migrate login role main");
         EXPECT_EQ(gbDatabaseOutOfDate, unfinished);
+        guids.insert(settings::registry().value(settings::ProductKey, u"GUID"_s));
     }
     EXPECT_EQ(companyIn(backup()), u"Before the start"_s);
     EXPECT_TRUE(connectionsAreOpen());
     EXPECT_EQ(gsDatabasePath, live());
-    EXPECT_EQ(guid().size(), 32);
+    EXPECT_EQ(guids.size(), 1) << "made once";
+    EXPECT_EQ(guids.begin()->size(), 32);
     EXPECT_FALSE(gWindowsVersion.name.isEmpty());
     EXPECT_TRUE(QFileInfo(base::environment().appData + u"/Quorvantis"_s).isDir());
-}
-
-TEST_F(StartUp, TheWorkstationsGuidIsMadeOnce)
-{
-    putDatabase();
-    EXPECT_TRUE(Main(steps));
-    const QString made = guid();
-    closeConnections();
-    EXPECT_TRUE(Main(steps));
-    EXPECT_EQ(guid(), made);
-    closeConnections();
-    // A short one is left to the next stored option.
-    settings::registry().setValue(settings::ProductKey, u"GUID"_s, u"ABC"_s);
-    EXPECT_TRUE(Main(steps));
-    EXPECT_EQ(guid(), u"ABC"_s);
 }
 
 TEST_F(StartUp, TheBackupHasTheVersionsNameAndTheLatestState)
@@ -167,13 +151,13 @@ TEST_F(StartUp, EachDaysFirstCopyIsKeptAndOldOnesGo)
     setOption(u"GEN_COMPANY_NAME"_s, u"Friday noon"_s);
     EXPECT_TRUE(BackupDB());
     EXPECT_EQ(companyIn(daily(u"2024-03-15"_s)), u"Friday"_s);
-    {
-        db::Connection connection(target());
-        for (const auto &[key, value] :
-             {std::pair(u"DAYS"_s, 2), std::pair(u"WEEKS"_s, 0), std::pair(u"MONTHS"_s, 0)})
-            connection.Execute(u"Insert into tblSysOption (SysOption, itemValue) values (?, ?)"_s,
-                               {u"BACKUP_KEEP_"_s + key, value});
-    }
+    const auto add = [](const QString &option, int value) {
+        db::Connection(target()).Execute(
+            u"Insert into tblSysOption (SysOption, itemValue) values (?, ?)"_s, {option, value});
+    };
+    add(copies::DaysOption.toString(), 2);
+    add(copies::WeeksOption.toString(), 0);
+    add(copies::MonthsOption.toString(), 0);
     for (int day = 0; day < 2; ++day) {
         environment.addDays(1);
         EXPECT_TRUE(BackupDB());
@@ -181,16 +165,11 @@ TEST_F(StartUp, EachDaysFirstCopyIsKeptAndOldOnesGo)
     EXPECT_FALSE(QFile::exists(daily(u"2024-03-15"_s)));
     EXPECT_TRUE(QFile::exists(daily(u"2024-03-16"_s)));
     EXPECT_EQ(companyIn(daily(u"2024-03-17"_s)), u"Friday noon"_s);
-}
-
-TEST_F(StartUp, ACompanyMayDoWithoutTheDaysCopy)
-{
-    putDatabase();
-    db::Connection(target()).Execute(
-        u"Insert into tblSysOption (SysOption, itemValue) values ('BACKUP_DAILY', '0')"_s);
+    // A company may do without them.
+    add(copies::DailyOption.toString(), 0);
+    environment.addDays(1);
     EXPECT_TRUE(BackupDB());
-    EXPECT_TRUE(QFile::exists(backup()));
-    EXPECT_FALSE(QFile::exists(daily(u"2024-03-15"_s)));
+    EXPECT_FALSE(QFile::exists(daily(u"2024-03-18"_s)));
 }
 
 TEST_F(StartUp, TwoWorkstationsThatCopyAtOnceDontMeet)
@@ -271,81 +250,61 @@ TEST_F(StartUp, AFailedBackupDoesNotStopTheStart)
     EXPECT_TRUE(Main(steps));
 }
 
-TEST_F(StartUp, AMissingDatabaseEndsTheProcess)
+/// What stands in the database's place, and what is said of it.
+struct NoDatabase
 {
-    expectBackupProblem(u"File not found: "_s + live(), 53);
-    expectFailure(u"Could not find file '%1'."_s.arg(live()), 53, u"ConnectToDB"_s);
-    EXPECT_FALSE(Main(steps));
-    EXPECT_EQ(course.join(u' '), u"update instance end");
-    EXPECT_FALSE(QFile::exists(live()));
-    EXPECT_FALSE(connectionsAreOpen());
-}
+    std::optional<QByteArray> content; ///< nothing for a file that is gone
+    QString sentence;
+    QString ofBackup = {}; ///< where the backup says it in its own way
+    int number = db::ErrorNumber::NotADatabase;
+};
 
-TEST_F(StartUp, ABackupMayTakeThePlaceOfALostDatabase)
-{
-    for (const char *content : {"", "Dear Sir or Madam"}) {
-        closeConnections();
-        QFile::remove(live());
-        if (*content != 0)
-            test::writeFile(live(), content);
-        course.clear();
-        QString why;
-        bool isWanted = false;
-        steps.frmRestore = [&](const base::Error &error) {
-            why = error.description();
-            if (isWanted) {
-                QFile::remove(live());
-                putDatabase();
-            }
-            return done(u"restore"_s, isWanted);
-        };
-        const QString sentence =
-            *content != 0 ? u"The file is not a database that this program can read: "_s + live()
-                          : u"Could not find file '%1'."_s.arg(live());
-        const int number = *content != 0 ? db::ErrorNumber::NotADatabase : 53;
-        const QString problem = *content != 0 ? sentence : u"File not found: "_s + live();
-        expectBackupProblem(problem, number);
-        expectFailure(sentence, number, u"ConnectToDB"_s);
-        EXPECT_FALSE(Main(steps));
-        EXPECT_EQ(why, sentence);
-        isWanted = true;
-        expectBackupProblem(problem, number);
-        EXPECT_TRUE(Main(steps));
-        EXPECT_EQ(
-            course,
-            u"update instance restore end update instance restore migrate role main"_s.split(u' '));
-    }
-}
-
-TEST_F(StartUp, AFileThatIsNoDatabaseIsLeftAsItIs)
+TEST_F(StartUp, WhatIsNoDatabaseIsLeftAsItIsUntilABackupTakesItsPlace)
 {
     const QByteArray whole = test::readFile(company.file());
-    struct Case
-    {
-        QByteArray content;
-        QString sentence;
-    };
-    QByteArray anothers = whole;
-    anothers.replace("tblEquipment", "tblAppliance");
-    for (const auto &[content, sentence] :
-         {Case{{}, u"The database file is empty: "_s},
-          Case{"Dear Sir or Madam", u"The file is not a database that this program can read: "_s},
-          Case{QByteArray(100'000, 'x') + whole.mid(100'000),
-               u"The file is not a database that this program can read: "_s},
-          Case{whole.left(whole.size() / 2),
-               u"The database file is damaged: its end is missing: "_s},
-          Case{anothers, u"The file is not a database of this program: "_s}}) {
-        test::writeFile(live(), content);
+    const QString unreadable = u"The file is not a database that this program can read: %1"_s;
+    for (const NoDatabase &row : std::initializer_list<NoDatabase>{
+             {std::nullopt, u"Could not find file '%1'."_s, u"File not found: %1"_s,
+              base::ErrorNumber::FileNotFound},
+             {"", u"The database file is empty: %1"_s},
+             {"Dear Sir or Madam", unreadable},
+             {QByteArray(100'000, 'x') + whole.mid(100'000), unreadable},
+             {whole.left(whole.size() / 2),
+              u"The database file is damaged: its end is missing: %1"_s},
+             {QByteArray(whole).replace("tblEquipment", "tblAppliance"),
+              u"The file is not a database of this program: %1"_s}}) {
+        const QString sentence = row.sentence.arg(live());
+        closeConnections();
+        QFile::remove(live());
+        if (row.content)
+            test::writeFile(live(), *row.content);
         test::writeFile(backup(), "the last good one");
-        course.clear();
-        failed = false;
-        expectBackupProblem(sentence + live(), db::ErrorNumber::NotADatabase);
-        expectFailure(sentence + live(), db::ErrorNumber::NotADatabase, u"ConnectToDB"_s);
-        EXPECT_FALSE(Main(steps));
-        EXPECT_EQ(course.last(), u"end"_s);
-        EXPECT_TRUE(failed);
-        EXPECT_EQ(test::readFile(live()), content) << "not one byte";
+        const auto start = [&](bool isRestored) {
+            course.clear();
+            failed = false;
+            expectBackupProblem(row.ofBackup.isEmpty() ? sentence : row.ofBackup.arg(live()),
+                                row.number);
+            if (!isRestored)
+                expectFailure(sentence, row.number, u"ConnectToDB"_s);
+            EXPECT_EQ(Main(steps), isRestored);
+            EXPECT_EQ(failed, !isRestored);
+            return course.join(u' ');
+        };
+        steps.frmRestore = nullptr;
+        EXPECT_EQ(start(false), u"update instance end");
+        steps.frmRestore = [&](const base::Error &error) {
+            EXPECT_EQ(error.description(), sentence);
+            return done(u"refused"_s, false);
+        };
+        EXPECT_EQ(start(false), u"update instance refused end");
+        EXPECT_EQ(test::readFile(live()), row.content.value_or("(none)")) << "not one byte";
         EXPECT_EQ(test::readFile(backup()), "the last good one");
+        steps.frmRestore = [&](const base::Error &) {
+            QFile::remove(live());
+            putDatabase();
+            return done(u"restored"_s);
+        };
+        EXPECT_EQ(start(true), u"update instance restored migrate role main");
     }
 }
 
@@ -381,10 +340,8 @@ TEST_F(StartUp, ACancelledLoginEndsAfterBackupAndMigration)
 TEST_F(StartUp, WithoutSecurityNobodyIsAsked)
 {
     putDatabase();
-    for (const QString &value : {u"0"_s, u""_s, u"-1"_s, u"True"_s, u"(none)"_s}) {
+    for (const QString &value : {u"0"_s, u""_s, u"-1"_s, u"True"_s}) {
         setOption(u"SECURITYONOFF"_s, value);
-        db::Connection(target()).Execute(
-            u"Delete from tblSysOption where SysOption = 'SECURITYONOFF' and itemValue = '(none)'"_s);
         course.clear();
         EXPECT_TRUE(Main(steps));
         EXPECT_FALSE(course.contains(u"login"_s)) << qPrintable(value);
@@ -392,28 +349,7 @@ TEST_F(StartUp, WithoutSecurityNobodyIsAsked)
     }
 }
 
-TEST_F(StartUp, ADamagedRegistryEndsTheProcess)
-{
-    putDatabase();
-    test::writeFile(base::environment().registryFile, "nonsense");
-    const QString description = u"The file with the program's settings is damaged at line 1: "_s +
-                                base::environment().registryFile;
-    expectBackupProblem(description, settings::RegistryDamaged);
-    expectFailure(description, settings::RegistryDamaged, u"ConnectToDB"_s);
-    EXPECT_FALSE(Main(steps));
-    EXPECT_EQ(test::readFile(base::environment().registryFile), "nonsense");
-}
-
-TEST_F(StartUp, AnErrorOfALaterStepEndsTheProcessWithItsMessage)
-{
-    putDatabase();
-    steps.frmMainScreen = [] { throw base::Error(13, u"Type mismatch"_s); };
-    expectFailure(u"Type mismatch"_s, 13, u"ConnectToDB"_s);
-    EXPECT_FALSE(Main(steps));
-    EXPECT_EQ(course.last(), u"end"_s);
-}
-
-TEST_F(StartUp, AnErrorBehindTheMainFormLeavesItRunning)
+TEST_F(StartUp, AnErrorEndsTheProcessUnlessItIsBehindTheMainForm)
 {
     putDatabase();
     const QString folder = base::environment().appData + u"/Quorvantis"_s;
@@ -421,4 +357,20 @@ TEST_F(StartUp, AnErrorBehindTheMainFormLeavesItRunning)
     expectFailure(u"The folder can't be made: "_s + folder, 75, u"Main"_s);
     EXPECT_TRUE(Main(steps));
     EXPECT_EQ(course.last(), u"main"_s);
+    closeConnections();
+
+    steps.frmMainScreen = [] { throw base::Error(13, u"Type mismatch"_s); };
+    expectFailure(u"Type mismatch"_s, 13, u"ConnectToDB"_s);
+    EXPECT_FALSE(Main(steps));
+    EXPECT_EQ(course.last(), u"end"_s);
+    closeConnections();
+
+    const QString settings = base::environment().registryFile;
+    test::writeFile(settings, "nonsense");
+    const QString description =
+        u"The file with the program's settings is damaged at line 1: "_s + settings;
+    expectBackupProblem(description, settings::RegistryDamaged);
+    expectFailure(description, settings::RegistryDamaged, u"ConnectToDB"_s);
+    EXPECT_FALSE(Main(steps));
+    EXPECT_EQ(test::readFile(settings), "nonsense");
 }

@@ -68,22 +68,37 @@ struct Update : testing::Test
                           key, value),
                       key);
     }
-    bool update(bool show = true)
+    static bool update(bool show = true) { return UpdateDatabase(show); }
+    /// The update succeeds when another workstation has ended what it is at.
+    static void expectUpdateThatWaits(const std::function<void()> &end)
     {
-        bool showing = show;
-        return UpdateDatabase(showing);
+        std::thread other([&] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(700));
+            end();
+        });
+        EXPECT_FALSE(update());
+        other.join();
+    }
+    static db::Target target(const QString &file)
+    {
+        db::Target target;
+        target.file = file;
+        target.forcedWrites = false;
+        return target;
     }
     /// The rows of the script that are still to be run, by their numbers.
     static QList<int> pending()
     {
-        db::Target target;
-        target.file = script();
         QList<int> rows;
-        db::Connection connection(target);
+        db::Connection connection(target(script()));
         for (const db::Row row :
              connection.Open(u"Select Id from tblChanges where Status = False order by Id"_s))
             rows << static_cast<int>(row.integer(u"Id"));
         return rows;
+    }
+    static qint64 count(const QString &table, const QString &where = {})
+    {
+        return GetRecordCount(table, where);
     }
     static QString version() { return GetOption(u"DBVERSION"_s, false); }
     static bool hasTable(const QString &name) { return gcnLookup->schema().find(name) != nullptr; }
@@ -105,9 +120,8 @@ TEST_F(Update, RunsTheRowsAboveTheDatabasesVersionInTheirOrder)
           statement(101, u"insert into tblSite (SiteName) values ('first')"_s)});
     QFile(script()).setPermissions(QFileDevice::ReadOwner);
     EXPECT_FALSE(update());
-    EXPECT_EQ(gcnData->Open(u"Select City from tblSite order by SiteID"_s).value(0, 0),
-              QVariant(u"first"_s));
-    EXPECT_EQ(gcnData->Open(u"Select City from tblSite order by SiteID"_s).RecordCount(), 2);
+    EXPECT_EQ(count(u"tblSite"_s, u"City = 'first'"_s), 1);
+    EXPECT_EQ(count(u"tblSite"_s), 2);
     EXPECT_EQ(version(), u"123"_s);
     EXPECT_FALSE(QFile::exists(script()));
 }
@@ -166,7 +180,7 @@ TEST_F(Update, EachFailureIsTreatedByItsNumber)
         if (told)
             prompts.inform(Failure);
         EXPECT_EQ(update(), told) << what;
-        EXPECT_EQ(GetRecordCount(u"tblSite"_s, {}), 1) << what << ": the rows behind it run";
+        EXPECT_EQ(count(u"tblSite"_s), 1) << what << ": the rows behind it run";
         EXPECT_EQ(QFile::exists(script()), failed) << what;
         EXPECT_EQ(version(), failed ? u"100"_s : u"101"_s) << what;
         if (!failed)
@@ -175,7 +189,7 @@ TEST_F(Update, EachFailureIsTreatedByItsNumber)
         EXPECT_EQ(pending(), QList<int>()) << what;
         EXPECT_FALSE(update()) << what;
         EXPECT_FALSE(QFile::exists(script())) << what;
-        EXPECT_EQ(GetRecordCount(u"tblSite"_s, {}), 1) << what;
+        EXPECT_EQ(count(u"tblSite"_s), 1) << what;
     }
 }
 
@@ -194,17 +208,15 @@ TEST_F(Update, InsertsBringWhatIsLacking)
     EXPECT_FALSE(update());
     EXPECT_EQ(GetOption(u"SERVICE_LATE_RED"_s, false), u"21"_s);
     EXPECT_EQ(GetOption(u"NEW_KEY"_s, false), u"7"_s);
-    EXPECT_EQ(GetRecordCount(u"tblTableFields"_s, u"FieldDesc = 'new'"_s), 1);
-    EXPECT_EQ(
-        GetRecordCount(u"tblTableFields"_s, u"Tablename = 'tblPart' and FieldName = 'UnitNo'"_s),
-        1);
-    EXPECT_EQ(GetRecordCount(u"tblCrew"_s, {}), 0) << "bound to the absence of the built-in user";
+    EXPECT_EQ(count(u"tblTableFields"_s, u"FieldDesc = 'new'"_s), 1);
+    EXPECT_EQ(count(u"tblTableFields"_s, u"Tablename = 'tblPart' and FieldName = 'UnitNo'"_s), 1);
+    EXPECT_EQ(count(u"tblCrew"_s), 0) << "bound to the absence of the built-in user";
 
     gcnData->Execute(u"Delete from tblUser"_s);
     SetOption(u"DBVERSION"_s, 100, false);
     ship({insert(u"tblCrew"_s, u"insert into tblCrew (CrewNumber) values (7)"_s)});
     EXPECT_FALSE(update());
-    EXPECT_EQ(GetRecordCount(u"tblCrew"_s, {}), 1);
+    EXPECT_EQ(count(u"tblCrew"_s), 1);
 }
 
 TEST_F(Update, WhatIsNoScriptStaysAndIsTold)
@@ -230,13 +242,8 @@ TEST_F(Update, WaitsForAnotherWorkstationsWork)
     db::Connection other(databaseTarget());
     other.BeginTrans();
     other.Execute(u"update tblUser set EmployeeID = '5'"_s);
-    std::thread ending([&] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(700));
-        other.RollbackTrans();
-    });
-    EXPECT_FALSE(update());
-    ending.join();
-    EXPECT_EQ(GetRecordCount(u"tblUser"_s, u"EmployeeID = '7'"_s), 1);
+    expectUpdateThatWaits([&] { other.RollbackTrans(); });
+    EXPECT_EQ(count(u"tblUser"_s, u"EmployeeID = '7'"_s), 1);
 }
 
 TEST_F(Update, OneOfTwoWorkstationsRunsTheScript)
@@ -245,14 +252,11 @@ TEST_F(Update, OneOfTwoWorkstationsRunsTheScript)
     ship({statement(101, u"insert into tblSite (SiteName) values ('once')"_s)});
     QLockFile other(script() + u".lock"_s);
     ASSERT_TRUE(other.tryLock(0));
-    std::thread ending([&] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    expectUpdateThatWaits([&] {
         QFile::remove(script());
         other.unlock();
     });
-    EXPECT_FALSE(update());
-    ending.join();
-    EXPECT_EQ(GetRecordCount(u"tblSite"_s, {}), 0) << "the other one has";
+    EXPECT_EQ(count(u"tblSite"_s), 0) << "the other one has";
     EXPECT_EQ(version(), u"100"_s);
 }
 
@@ -261,13 +265,10 @@ struct Upgrade : Update
 {
     Upgrade()
     {
-        db::Target target;
-        target.file = original();
-        target.forcedWrites = false;
-        company::createFirstRelease(target);
-        db::Connection connection(target);
+        company::createFirstRelease(target(original()));
+        db::Connection connection(target(original()));
         connection.BeginTrans();
-        const db::RowCounts tables = db::countRows(target);
+        const db::RowCounts tables = db::countRows(target(original()));
         for (auto table = tables.begin(); table != tables.end(); ++table) {
             for (int row = 1; row <= 3; ++row)
                 addRow(connection, table.key(), row);
@@ -319,12 +320,9 @@ struct Upgrade : Update
     /// All rows of all tables, each with its values by the names of its columns.
     static QStringList rowsOf(const QString &file)
     {
-        db::Target target;
-        target.file = file;
-        target.forcedWrites = false;
         QStringList lines;
-        const db::RowCounts tables = db::countRows(target);
-        db::Connection connection(target);
+        const db::RowCounts tables = db::countRows(target(file));
+        db::Connection connection(target(file));
         for (auto table = tables.begin(); table != tables.end(); ++table) {
             for (const db::Row row : connection.Open(u"Select * from ["_s + table.key() + u']'))
                 lines << table.key() + u' ' + lineOf(connection, table.key(), row);
@@ -370,9 +368,7 @@ struct Upgrade : Update
             return lines;
         };
         EXPECT_EQ(withoutVersion(found), withoutVersion(wanted)) << what.toStdString();
-        db::Target target;
-        target.file = gsDatabasePath;
-        QStringList differences = company::differencesFromNew(target);
+        QStringList differences = company::differencesFromNew(target(gsDatabasePath));
         // The rows that this test has put into every table.
         differences.removeIf([](const QString &line) { return line.contains(u"Grün"); });
         EXPECT_EQ(differences, QStringList()) << what.toStdString();
