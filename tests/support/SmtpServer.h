@@ -25,10 +25,10 @@ public:
     {
         Encryption encryption = Encryption::None;
         Fault fault = Fault::None;
-        QByteArray user; ///< with a user a login is asked for
-        QByteArray password;
-        QByteArray refusedRecipient;
-        std::shared_ptr<TestCertificate> certificate;
+        QByteArray user{}; ///< with a user a login is asked for
+        QByteArray password{};
+        QByteArray refusedRecipient{};
+        std::shared_ptr<TestCertificate> certificate{};
     };
     struct Mail
     {
