@@ -35,31 +35,25 @@ struct Recording : test::Workshop
     /// "CSU" for completed, skipped and its part used, "-" in place of each that isn't.
     static QString state(qint64 id)
     {
-        const auto flag = [&](const QString &query, QChar letter) {
-            return value(query, {id}).toInt() != 0 ? letter : QChar(u'-');
+        const db::Recordset rows = gcnData->Open(
+            u"Select Completed, Skip, Used from tblWoServiceUsed left join tblWoPartUsed on "
+            "NServiceUsedID = tblWoPartUsed.ServiceUsedID where NServiceUsedID = ?"_s,
+            {id});
+        const auto flag = [&](QStringView column, QChar letter) {
+            return rows.row(0).flag(column) ? letter : QChar(u'-');
         };
-        return QString(flag(u"Select Completed from tblWoServiceUsed where NServiceUsedID = ?"_s,
-                            u'C')) +
-               flag(u"Select Skip from tblWoServiceUsed where NServiceUsedID = ?"_s, u'S') +
-               flag(u"Select Used from tblWoPartUsed where ServiceUsedID = ?"_s, u'U');
+        return QString(flag(u"Completed", u'C')) + flag(u"Skip", u'S') + flag(u"Used", u'U');
     }
     [[nodiscard]] QStringList states() const
     {
         return {state(services[0]), state(services[1]), state(services[2])};
     }
-    static QString note(qint64 id)
+    static QString note(qint64 id) { return onOrder(id, u"Note"_s).toString(); }
+    /// Whether the order is complete, and since when: "-1|3/12/2024".
+    [[nodiscard]] QString completion() const
     {
-        return value(u"Select [Note] from tblWoServiceUsed where NServiceUsedID = ?"_s, {id})
-            .toString();
-    }
-    [[nodiscard]] QVariant ofOrder(const QString &column) const
-    {
-        return value(u"Select %1 from tblWorkorder where WorkorderNo = ?"_s.arg(column), {number});
-    }
-    static QVariant ofService(qint64 id, const QString &column)
-    {
-        return value(u"Select [%1] from tblWoServiceUsed where NServiceUsedID = ?"_s.arg(column),
-                     {id});
+        return found(u"Select Complete, CompletedDate from tblWorkorder where WorkorderNo = ?"_s,
+                     {number});
     }
 
     qint64 number;
@@ -71,18 +65,16 @@ struct Recording : test::Workshop
 
 TEST_F(Recording, CompletingAnOrderCompletesAllButTheSkipped)
 {
+    const QStringList completed{u"C-U"_s, u"C-U"_s, u"-S-"_s};
     ASSERT_TRUE(UpdateWorkorder(number, QDate(2024, 3, 12)));
-    EXPECT_EQ(states(), (QStringList{u"C-U"_s, u"C-U"_s, u"-S-"_s}));
-    EXPECT_EQ(ofOrder(u"CompletedDate"_s).toDateTime(), day(3, 12));
-    EXPECT_EQ(ofOrder(u"Complete"_s).toInt(), -1);
-
+    EXPECT_EQ(states(), completed);
+    EXPECT_EQ(completion(), u"-1|3/12/2024"_s);
     ASSERT_TRUE(UpdateWorkorder(number, std::nullopt, false));
-    EXPECT_EQ(states(), (QStringList{u"C-U"_s, u"C-U"_s, u"-S-"_s})) << "reopened alone";
-    EXPECT_EQ(ofOrder(u"Complete"_s).toInt(), 0);
+    EXPECT_EQ(states(), completed) << "reopened alone";
+    EXPECT_EQ(completion(), u"0|"_s);
     ASSERT_TRUE(UpdateWorkorder(number, std::nullopt));
     EXPECT_EQ(states(), (QStringList{u"---"_s, u"---"_s, u"-S-"_s}));
-    EXPECT_TRUE(ofOrder(u"CompletedDate"_s).isNull());
-    EXPECT_EQ(ofOrder(u"Complete"_s).toInt(), 0);
+    EXPECT_EQ(completion(), u"0|"_s);
 }
 
 TEST_F(Recording, CompletedAndSkippedExcludeEachOther)
@@ -103,46 +95,28 @@ TEST_F(Recording, SkippingAllReplacesAllNotes)
 {
     ASSERT_TRUE(UpdateWorkorder(number, QDate(2024, 3, 12)));
     ASSERT_TRUE(skipAll(number, u"Rain"_s));
-    for (const qint64 id : services) {
-        EXPECT_EQ(state(id), u"-S-"_s);
-        EXPECT_EQ(note(id), u"Rain"_s);
-    }
+    for (const qint64 id : services)
+        EXPECT_EQ(state(id) + note(id), u"-S-Rain"_s);
 }
 
 TEST_F(Recording, ACrewIsPricedByItsBudgetedHours)
 {
     ASSERT_TRUE(changeCrew(services[0], crew1));
-    EXPECT_EQ(ofService(services[0], u"CostEstimate"_s).toDouble(), 30.0); // 1.5 hours at 20
-    ASSERT_TRUE(changeCrew(services[0], crew2));                           // nobody in it
-    EXPECT_EQ(ofService(services[0], u"CostEstimate"_s).toDouble(), 0.0);
-    EXPECT_EQ(ofService(services[0], u"CrewID"_s).toLongLong(), crew2);
+    EXPECT_EQ(onOrder(services[0], u"CostEstimate"_s).toDouble(), 30) << "1.5 hours at 20";
+    ASSERT_TRUE(changeCrew(services[0], crew2));
+    EXPECT_EQ(onOrder(services[0], u"CostEstimate"_s).toDouble(), 0) << "nobody in it";
+    EXPECT_EQ(onOrder(services[0], u"CrewID"_s).toLongLong(), crew2);
     EXPECT_EQ(GetBudgetedHrs(4711), 0.0);
-}
-
-TEST_F(Recording, TimesArePricedByTheCrewsRateAndGoToHistoryToo)
-{
-    ASSERT_TRUE(saveTimes(services[0], TimesOf::OpenOrder, {8, 0}, {10, 15}, {2, 15}));
-    EXPECT_EQ(found(u"Select StartTime, EndTime, Workhrs, CostEstimate from tblWoServiceUsed where "
-                    "NServiceUsedID = ?"_s,
-                    {services[0]}),
-              u"08:00|10:15|02:15|45"); // 2.25 hours at 20
-
-    insert(u"tblWOServiceUsedHistory"_s, {{u"ServiceUsedID"_s, 900}, {u"CrewID"_s, crew1}});
-    ASSERT_TRUE(saveTimes(900, TimesOf::History, {13, 0}, {13, 30}, {0, 30}));
-    EXPECT_EQ(found(u"Select StartTime, Workhrs, CostEstimate from tblWOServiceUsedHistory"_s),
-              u"13:00|00:30|10");
 }
 
 TEST_F(Recording, PartsAreAddedChangedAndRemoved)
 {
     ASSERT_TRUE(AddPartRecord({{u"O'P"_s, 4, 1.25, 6}, {u"P2"_s, 1, 2, 0}}, services[0], true));
-    EXPECT_EQ(
-        found(u"Select ServiceUsedID, QuantityRequired, QuantityUsed, Price, SupplierID, Used "
-              "from tblWoPartUsed where PartID = 'O''P'"_s),
-        u"%1|4|4|1.25|6|-1"_s.arg(services[0]));
+    const QString line = u"Select ServiceUsedID, QuantityRequired, QuantityUsed, Price, "
+                         "SupplierID, Used from tblWoPartUsed where PartID = 'O''P'"_s;
+    EXPECT_EQ(found(line), u"%1|4|4|1.25|6|-1"_s.arg(services[0]));
     ASSERT_TRUE(UpdateWorkorderPart(u"O'P"_s, services[0], u"QuantityUsed"_s, 2.5));
-    EXPECT_EQ(value(u"Select QuantityUsed from tblWoPartUsed where PartID = 'O''P'"_s).toDouble(),
-              2.5);
+    EXPECT_EQ(found(line), u"%1|4|2.5|1.25|6|-1"_s.arg(services[0]));
     ASSERT_TRUE(DeletePartRecord(services[0], u"O'P"_s));
     EXPECT_EQ(count(u"tblWoPartUsed"_s, u"ServiceUsedID = %1"_s.arg(services[0])), 2);
 }
@@ -210,8 +184,8 @@ TEST_F(Recording, OnlyTheOrdersOfTheListAreMarkedAsPrinted)
     ASSERT_TRUE(UpdatePrintColInWorkOrder({}));
     EXPECT_EQ(count(u"tblWorkorder"_s, u"Printed <> 0"_s), 0);
     ASSERT_TRUE(UpdatePrintColInWorkOrder({number, 0}));
-    EXPECT_EQ(ofOrder(u"Printed"_s).toInt(), 1);
-    EXPECT_EQ(count(u"tblWorkorder"_s, u"Printed <> 0"_s), 1);
+    EXPECT_EQ(found(u"Select WorkorderNo, Printed from tblWorkorder where Printed <> 0"_s),
+              u"%1|1"_s.arg(number));
 }
 
 TEST_F(Recording, AnOrderIsLateByTwoLateServices)
@@ -257,7 +231,7 @@ TEST_F(Recording, WhatIsTypedIntoSomethingThatIsGoneIsRefusedInWords)
          },
          service},
         {[] {
-             return AddPartRecord({{u"P1"_s, 1, 1, 0}}, 4711, false);
+             return AddPartRecord({parts::Chosen{u"P1"_s, 1, 1, 0}}, 4711, false);
          },
          service},
         {[this] { return UpdateWorkorderPart(u"P9"_s, services[0], u"Price"_s, 1); },
@@ -324,7 +298,7 @@ TEST_F(Recording, WhatAnotherWorkstationHoldsIsNamed)
             "was stored. Please try again in a moment."_s.arg(number));
     }
     second->RollbackTrans();
-    EXPECT_EQ(ofOrder(u"Complete"_s).toInt(), 0);
+    EXPECT_EQ(completion(), u"0|"_s);
 }
 
 TEST_F(Recording, AChangedServiceReopensItsOrderInOneStep)
@@ -337,8 +311,7 @@ TEST_F(Recording, AChangedServiceReopensItsOrderInOneStep)
     for (const auto &change : changes) {
         ASSERT_TRUE(UpdateWorkorder(number, QDate(2024, 3, 12)));
         EXPECT_GE(failAtEachStatement(change), 3);
-        EXPECT_EQ(ofOrder(u"Complete"_s).toInt(), 0);
-        EXPECT_TRUE(ofOrder(u"CompletedDate"_s).isNull());
+        EXPECT_EQ(completion(), u"0|"_s);
     }
     EXPECT_EQ(states(), (QStringList{u"C-U"_s, u"-S-"_s, u"C-U"_s}))
         << "completing the order again completed the first";

@@ -8,10 +8,8 @@ using namespace Qt::StringLiterals;
 
 Workshop::Workshop()
 {
-    crew1 =
-        insert(u"tblCrew"_s, {{u"CrewNumber"_s, 1}, {u"Description"_s, u"North"_s}}, u"CrewID"_s);
-    crew2 =
-        insert(u"tblCrew"_s, {{u"CrewNumber"_s, 2}, {u"Description"_s, u"South"_s}}, u"CrewID"_s);
+    crew1 = insert(u"tblCrew"_s, u"CrewNumber, Description"_s, {1, u"North"_s}, u"CrewID"_s);
+    crew2 = insert(u"tblCrew"_s, u"CrewNumber, Description"_s, {2, u"South"_s}, u"CrewID"_s);
     insert(u"tblEmployee"_s, u"EmployeeID, Crew, LaborCost, Inactive, IncludeWoList"_s,
            {u"E1"_s, crew1, 20, 0, 1});
     machine(1, u"M1"_s);
@@ -58,6 +56,23 @@ qint64 Workshop::order(const QVariantMap &more)
     QVariantMap values{{u"EquipmentID"_s, 1}, {u"Printed"_s, 0}};
     values.insert(more);
     return insert(u"tblWorkorder"_s, values, u"WorkorderNo"_s);
+}
+
+qint64 Workshop::completeOrder(int date)
+{
+    return order({{u"Complete"_s, true}, {u"CompletedDate"_s, day(3, date)}});
+}
+
+QVariant Workshop::ofService(qint64 serviceUsedID, const QString &column)
+{
+    return value(u"Select [%1] from tblServiceUsed where ServiceUsedID = ?"_s.arg(column),
+                 {serviceUsedID});
+}
+
+QVariant Workshop::onOrder(qint64 nServiceUsedID, const QString &column)
+{
+    return value(u"Select [%1] from tblWoServiceUsed where NServiceUsedID = ?"_s.arg(column),
+                 {nServiceUsedID});
 }
 
 qint64 Workshop::orderService(qint64 order, const QVariantMap &more) const

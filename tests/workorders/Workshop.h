@@ -23,9 +23,15 @@ struct Workshop : CompanySession
     static void servicePart(qint64 serviceUsedID, const QString &part, double quantity);
     /// An order of machine 1.
     static qint64 order(const QVariantMap &more = {});
+    /// One that is complete as of this day of March.
+    static qint64 completeOrder(int date = 12);
     /// A service on an order; without "ServiceUsedID" one from the catalogue.
     qint64 orderService(qint64 order, const QVariantMap &more = {}) const;
     static void orderPart(qint64 nServiceUsedID, const QString &part, double quantity, bool used);
+
+    /// A column of the row under this number: a schedule, or a service on an order.
+    static QVariant ofService(qint64 serviceUsedID, const QString &column);
+    static QVariant onOrder(qint64 nServiceUsedID, const QString &column);
 
     /// Runs a step with its first statement failing, then its second, and so on until none does:
     /// each failure is told once and leaves everything as it was. Gives how many there were.

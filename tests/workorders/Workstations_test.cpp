@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QSet>
 
 #include <array>
@@ -51,41 +52,57 @@ struct Workstations : test::Workshop
         gbInTransaction = inTransaction;
     }
 
+    /// Runs the first's step again and again, with the second's step before its first statement,
+    /// then before its second, and so on. At least one of them succeeds each time, and who doesn't
+    /// is told why. Gives how many statements there were.
+    int atEachStatement(const std::function<void()> &prepare, const std::function<bool()> &first,
+                        const std::function<bool()> &second,
+                        const std::function<void(int done)> &check)
+    {
+        for (int before = 1;; ++before) {
+            SCOPED_TRACE(testing::Message() << "before statement " << before);
+            prepare();
+            int done = 0;
+            if (!interleaved(
+                    before, [&] { done += first() ? 1 : 0; }, [&] { done += second() ? 1 : 0; }))
+                return before - 1;
+            EXPECT_GE(done, 1);
+            const std::vector<ErrorReport> reports = errors.take();
+            EXPECT_EQ(reports.size(), static_cast<std::size_t>(2 - done));
+            for (const ErrorReport &report : reports)
+                m_told.insert(QString(report.ErrDescription)
+                                  .remove(QRegularExpression(u"(?<=order )\\d+ "_s)));
+            check(done);
+        }
+    }
+
     std::unique_ptr<db::Connection> m_second;
+    QSet<QString> m_told; ///< without the numbers of orders
 };
 
 } // namespace
 
 TEST_F(Workstations, GeneratingAtOnceDoublesNoService)
 {
-    const WorkorderFilter filter{QDate(2024, 2, 14), QDate(2024, 3, 15), {}, {}};
     for (int i = 0; i < 3; ++i)
         service({{u"SeparateWo"_s, i == 0 ? 1 : 0}});
-    QStringList told;
-    int before = 1;
-    for (;; ++before) {
-        bool first = false;
-        bool second = false;
-        QList<qint64> made;
-        if (!interleaved(
-                before, [&] { first = generation::GenerateWorkorder(filter, {1}, made); },
-                [&] { second = generation::GenerateWorkorder(filter, {1}, made); }))
-            break;
-        EXPECT_TRUE(first || second) << "before statement " << before;
-        const std::vector<ErrorReport> reports = errors.take();
-        EXPECT_EQ(reports.size(), (first && second) ? 0u : 1u);
-        for (const ErrorReport &report : reports)
-            told.append(report.ErrDescription);
-        EXPECT_EQ(count(u"tblWoServiceUsed"_s), 3) << "before statement " << before;
-        EXPECT_EQ(count(u"tblWorkorder"_s), 2) << "before statement " << before;
-        EXPECT_EQ(made.size(), 2);
-        gcnData->Execute(u"Delete from tblWoServiceUsed"_s);
-        gcnData->Execute(u"Delete from tblWorkorder"_s);
-    }
-    EXPECT_GT(before, 5);
-    told.removeDuplicates();
-    EXPECT_EQ(told, QStringList{u"Another workstation has just generated work orders for services "
-                                "of machine M1 - Mower M1. Press Refresh to see them."_s});
+    QList<qint64> made;
+    const auto generate = [&] {
+        return generation::GenerateWorkorder({QDate(2024, 2, 14), QDate(2024, 3, 15), {}, {}}, {1},
+                                             made);
+    };
+    const int statements = atEachStatement([&] { made.clear(); }, generate, generate,
+                                           [&](int) {
+                                               EXPECT_EQ(count(u"tblWoServiceUsed"_s), 3);
+                                               EXPECT_EQ(count(u"tblWorkorder"_s), 2);
+                                               EXPECT_EQ(made.size(), 2);
+                                               gcnData->Execute(u"Delete from tblWoServiceUsed"_s);
+                                               gcnData->Execute(u"Delete from tblWorkorder"_s);
+                                           });
+    EXPECT_GE(statements, 5);
+    EXPECT_EQ(m_told,
+              QSet<QString>{u"Another workstation has just generated work orders for services "
+                            "of machine M1 - Mower M1. Press Refresh to see them."_s});
 }
 
 TEST_F(Workstations, PostingOneOrderAtOncePostsItOnce)
@@ -93,87 +110,74 @@ TEST_F(Workstations, PostingOneOrderAtOncePostsItOnce)
     const qint64 id =
         service({{u"Period"_s, u"H"_s}, {u"RenewalOn"_s, u"S"_s}, {u"EInterval"_s, 100}});
     part(u"P1"_s, 100);
-    double stock = 100;
+    qint64 number = 0;
+    qint64 line = 0;
     qint64 target = 0;
-    int before = 1;
-    for (;; ++before) {
-        const qint64 number = order({{u"Complete"_s, true}, {u"CompletedDate"_s, day(3, 12)}});
-        const qint64 line = orderService(number, {{u"ServiceUsedID"_s, id},
-                                                  {u"Period"_s, u"H"_s},
-                                                  {u"CountValue"_s, 7},
-                                                  {u"Completed"_s, true}});
+    int rounds = 0;
+    const auto prepare = [&] {
+        number = completeOrder();
+        line = orderService(number, {{u"ServiceUsedID"_s, id},
+                                     {u"Period"_s, u"H"_s},
+                                     {u"CountValue"_s, 7},
+                                     {u"Completed"_s, true}});
         orderPart(line, u"P1"_s, 1, true);
-        bool first = false;
-        bool second = false;
+    };
+    const auto post = [&] {
         QList<qint64> orders{number};
-        QList<qint64> theirs{number};
-        if (!interleaved(
-                before, [&] { first = posting::PostWorkOrder(orders); },
-                [&] {
-                    second = posting::PostWorkOrder(theirs);
-                    try {
-                        // A change of the schedule is refused or kept.
-                        target += gcnData->Execute(u"Update tblServiceUsed set "
-                                                   "NextScheduledCount = NextScheduledCount + 1"_s);
-                    } catch (const db::DbError &error) {
-                        EXPECT_EQ(error.number(), db::ErrorNumber::LockConflict);
-                    }
-                }))
-            break;
-        EXPECT_TRUE(first || second) << "before statement " << before;
-        EXPECT_EQ(errors.take().size(), (first && second) ? 0u : 1u);
-        EXPECT_EQ(count(u"tblWOServiceUsedHistory"_s, u"ServiceUsedID = %1"_s.arg(line)), 1)
-            << "before statement " << before;
-        EXPECT_EQ(count(u"tblEquipmentCount"_s), before);
-        EXPECT_EQ(value(u"Select NextScheduledCount from tblServiceUsed"_s).toLongLong(),
-                  target += 100);
-        EXPECT_EQ(value(u"Select Quantity from tblPart"_s).toDouble(), stock -= 1);
+        return posting::PostWorkOrder(orders);
+    };
+    const auto postAndChange = [&] {
+        const bool done = post();
+        try {
+            // A change of the schedule is refused or kept.
+            target += gcnData->Execute(
+                u"Update tblServiceUsed set NextScheduledCount = NextScheduledCount + 1"_s);
+        } catch (const db::DbError &error) {
+            EXPECT_EQ(error.number(), db::ErrorNumber::LockConflict);
+        }
+        return done;
+    };
+    const int statements = atEachStatement(prepare, post, postAndChange, [&](int) {
+        ++rounds;
+        EXPECT_EQ(count(u"tblWOServiceUsedHistory"_s, u"ServiceUsedID = %1"_s.arg(line)), 1);
+        EXPECT_EQ(count(u"tblEquipmentCount"_s), rounds);
+        EXPECT_EQ(ofService(id, u"NextScheduledCount"_s).toLongLong(), target += 100);
+        EXPECT_EQ(value(u"Select Quantity from tblPart"_s).toDouble(), 100 - rounds);
         EXPECT_EQ(count(u"tblWorkorder"_s) + count(u"tblWoServiceUsed"_s), 0);
-    }
-    EXPECT_GT(before, 12);
+    });
+    EXPECT_GE(statements, 12);
 }
 
 TEST_F(Workstations, PostingTwoOrdersWithOnePartTakesBothFromTheStock)
 {
     part(u"P1"_s, 100);
-    const QDate completed(2024, 3, 12);
-    QSet<QString> told;
+    QList<qint64> orders[2];
     double stock = 100;
-    int before = 1;
-    for (;; ++before) {
-        QList<qint64> orders[2];
+    const auto prepare = [&] {
         for (QList<qint64> &each : orders) {
-            each = {order({{u"Complete"_s, true}, {u"CompletedDate"_s, day(3, 12)}})};
+            each = {completeOrder()};
             orderPart(orderService(each[0], {{u"Completed"_s, true}}), u"P1"_s, 1, true);
         }
-        bool first = false;
-        bool second = false;
-        if (!interleaved(
-                before, [&] { first = posting::PostWorkOrder(orders[0], {}, completed); },
-                [&] { second = posting::PostWorkOrder(orders[1], {}, completed); }))
-            break;
-        // Each clears the other's mark; what each has posted has a date all the same.
-        const int posted = (first ? 1 : 0) + (second ? 1 : 0);
-        EXPECT_GE(posted, 1);
-        const std::vector<ErrorReport> reports = errors.take();
-        EXPECT_EQ(reports.size(), static_cast<std::size_t>(2 - posted));
-        for (const ErrorReport &report : reports)
-            told.insert(QString(report.ErrDescription).remove(QString::number(orders[1][0])));
-        EXPECT_EQ(count(u"tblWorkorder"_s), 2 - posted) << "before statement " << before;
-        EXPECT_EQ(value(u"Select Quantity from tblPart"_s).toDouble(), stock -= posted)
-            << "before statement " << before;
+    };
+    const auto poster = [&](int which) {
+        return [&orders, which] {
+            return posting::PostWorkOrder(orders[which], {}, QDate(2024, 3, 12));
+        };
+    };
+    // Each clears the other's mark; what each has posted has a date all the same.
+    const int statements = atEachStatement(prepare, poster(0), poster(1), [&](int posted) {
+        EXPECT_EQ(count(u"tblWorkorder"_s), 2 - posted);
+        EXPECT_EQ(value(u"Select Quantity from tblPart"_s).toDouble(), stock -= posted);
         EXPECT_EQ(count(u"tblWOServiceUsedHistory"_s, u"CompleteDate = #03/12/2024#"_s),
                   100 - stock);
-        gcnData->Execute(u"Delete from tblWoPartUsed"_s);
-        gcnData->Execute(u"Delete from tblWoServiceUsed"_s);
-        gcnData->Execute(u"Delete from tblWorkorder"_s);
-    }
-    EXPECT_GT(before, 8);
-    EXPECT_EQ(told,
-              QSet<QString>{u"Work order  of machine M1 - Mower M1 can't be posted now: another "
+        for (const QString &table : {u"tblWoPartUsed"_s, u"tblWoServiceUsed"_s, u"tblWorkorder"_s})
+            gcnData->Execute(u"Delete from "_s + table);
+    });
+    EXPECT_GE(statements, 8);
+    EXPECT_EQ(m_told,
+              QSet<QString>{u"Work order of machine M1 - Mower M1 can't be posted now: another "
                             "workstation is changing the schedule or a part of its service "
-                            "\"Oil change\". Please try again in a moment."_s})
-        << QStringList(told.values()).join(u'\n').toStdString();
+                            "\"Oil change\". Please try again in a moment."_s});
 }
 
 /// Both do whatever comes to their minds, one of them in the middle of what the other is at. What

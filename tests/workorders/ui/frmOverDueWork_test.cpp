@@ -103,12 +103,6 @@ TEST_F(OverDueWork, ListsWhatFellDueWithinThirtyDaysAndWhatStandsOpen)
         cells.style(cells.findRow(u"Unit No", u"U10 - Mower U10"_s), column).background.isValid());
 }
 
-TEST_F(OverDueWork, WithNothingDueTheTwoParentsStandAlone)
-{
-    open();
-    EXPECT_EQ(listed(), (QStringList{u"Open Work Order"_s, u"Over Due Service"_s}));
-}
-
 TEST_F(OverDueWork, ReadingAnewKeepsWhatIsExpandedAndSelected)
 {
     service();
@@ -128,11 +122,13 @@ TEST_F(OverDueWork, ALinkOpensTheMachinesRowInTheBoardsWindow)
     machine(2, u"T"_s);
     service();
     service({{u"EquipmentID"_s, 2}});
+    order({{u"EquipmentID"_s, 2}});
     open();
     test::onNextModal([](QWidget &window) {
         const test::ScreenDriver work(window);
         const auto &list = work.grid("grdPrintWO");
         EXPECT_EQ(list.rows().text(list.currentRow(), u"Unit No"), u"T"_s);
+        EXPECT_EQ(list.rows().text(list.currentRow(), u"WorkOrderNo"), u""_s);
         EXPECT_EQ(work.text("datDateFrom"), u"02/14/2024"_s);
         EXPECT_EQ(work.text("datDateTo"), u"03/15/2024"_s);
         work.press("cmdExit");
@@ -185,6 +181,8 @@ TEST_F(OverDueWork, ReportsNeedTheirRightAndSomebodyWhoShowsThem)
 TEST_F(OverDueWork, TheReportsAreHiddenAndShown)
 {
     open();
+    EXPECT_EQ(listed(), (QStringList{u"Open Work Order"_s, u"Over Due Service"_s}))
+        << "with nothing due the two parents stand alone";
     EXPECT_TRUE(board->reportsVisible());
     QTest::mouseClick(&test::named<QWidget>(*board, u"imgClose"_s), Qt::LeftButton);
     EXPECT_FALSE(board->reportsVisible());

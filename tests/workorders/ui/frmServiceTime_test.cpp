@@ -1,8 +1,8 @@
 #include "workorders/ui/frmServiceTime.h"
 
-#include "core/CompanySession.h"
-#include "core/ui/Modal.h"
+#include "core/ui/ScreenDriver.h"
 #include "platform/input/TimeInput.h"
+#include "workorders/Workshop.h"
 
 #include <QTimeEdit>
 
@@ -10,39 +10,26 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct ServiceTimes : test::CompanySession
+struct ServiceTimes : test::Workshop
 {
-    ServiceTimes()
-    {
-        gcnData->Execute(
-            u"insert into tblCrew(CrewID,CrewNumber,Description) values(5,12,'Crew')"_s);
-        gcnData->Execute(u"insert into tblEmployee(EmployeeID,Crew,LaborCost,Inactive,"
-                         "IncludeWoList) values('1',5,20,'0','1')"_s);
-        gcnData->Execute(
-            u"insert into tblWoServiceUsed(WorkorderNo,Name,CrewID) values(1,'a',5)"_s);
-        gcnData->Execute(
-            u"insert into tblWOServiceUsedHistory(WorkorderNo,ServiceUsedID,CrewID) values(1,77,5)"_s);
-    }
     void show(const ScreenCalls::ServiceTimes &times)
     {
         screen = std::make_unique<frmServiceTime>(times);
         test::bringUp(*screen);
-        start().setFocus();
+        driver().control("timeStart").setFocus();
     }
-    template<class Control>
-    Control &named(const QString &name)
+    [[nodiscard]] test::ScreenDriver driver() const { return test::ScreenDriver(*screen); }
+    [[nodiscard]] QTimeEdit &hours() const { return driver().control<QTimeEdit>("datWorkhrs"); }
+    [[nodiscard]] QString shown() const
     {
-        return *screen->findChild<Control *>(name);
+        return driver().text("timeStart") + u'-' + driver().text("timeEnd") + u' ' +
+               hours().time().toString(u"H:mm");
     }
-    input::TimeInput &start() { return named<input::TimeInput>(u"timeStart"_s); }
-    input::TimeInput &end() { return named<input::TimeInput>(u"timeEnd"_s); }
-    QTimeEdit &hours() { return named<QTimeEdit>(u"datWorkhrs"_s); }
-    static void type(input::TimeInput &box, const QString &text)
+    /// Types a time and leaves its box.
+    void enter(const char *box, const QString &text, Qt::Key leaving = Qt::Key_Tab) const
     {
-        box.setFocus();
-        box.selectAll();
-        QTest::keyClick(&box, Qt::Key_Delete);
-        QTest::keyClicks(&box, text);
+        driver().type(box, text);
+        QTest::keyClick(&driver().control(box), leaving);
     }
 
     test::ScriptedPrompts prompts;
@@ -54,63 +41,40 @@ struct ServiceTimes : test::CompanySession
 TEST_F(ServiceTimes, HoursFollowFromTheTimes)
 {
     show({.id = 1, .start = u"08:05"_s, .end = u"13:30"_s, .workHours = u"1:20"_s});
-    EXPECT_EQ(start().text(), u"08:05A");
-    EXPECT_EQ(end().text(), u"01:30P");
-    EXPECT_EQ(hours().time(), QTime(1, 20));
-    type(end(), u"12:00P"_s);
-    QTest::keyClick(&end(), Qt::Key_Tab);
-    EXPECT_EQ(hours().time(), QTime(3, 55));
-    // An end before the start becomes the start.
-    type(start(), u"01:15P"_s);
-    QTest::keyClick(&start(), Qt::Key_Tab);
-    EXPECT_EQ(end().text(), u"01:15P");
-    EXPECT_EQ(hours().time(), QTime(0, 0));
-    // The end, which now has the focus, is typed over.
-    QTest::keyClicks(&end(), u"2:30p"_s);
-    QTest::keyClick(&end(), Qt::Key_Tab);
-    EXPECT_EQ(hours().time(), QTime(1, 15));
-}
+    EXPECT_EQ(shown(), u"08:05A-01:30P 1:20"_s);
+    enter("timeEnd", u"12:00P"_s);
+    EXPECT_EQ(shown(), u"08:05A-12:00P 3:55"_s);
+    enter("timeStart", u"01:15P"_s);
+    EXPECT_EQ(shown(), u"01:15P-01:15P 0:00"_s) << "an end before the start becomes the start";
+    QTest::keyClicks(&driver().control("timeEnd"), u"2:30p"_s);
+    QTest::keyClick(&driver().control("timeEnd"), Qt::Key_Tab);
+    EXPECT_EQ(shown(), u"01:15P-02:30P 1:15"_s) << "the end had the focus and was typed over";
 
-TEST_F(ServiceTimes, WorkOverMidnightCountsItsHours)
-{
     show({.id = 1});
-    type(start(), u"10:00P"_s);
-    QTest::keyClick(&start(), Qt::Key_Tab);
-    EXPECT_EQ(hours().time(), QTime(0, 0)) << "no end has been given";
-    type(end(), u"02:00A"_s);
-    QTest::keyClick(&end(), Qt::Key_Tab);
-    EXPECT_EQ(end().text(), u"02:00A");
-    EXPECT_EQ(hours().time(), QTime(4, 0));
-    type(end(), u"12:00A"_s);
-    QTest::keyClick(&end(), Qt::Key_Tab);
-    EXPECT_EQ(hours().time(), QTime(2, 0));
-}
+    enter("timeStart", u"10:00P"_s);
+    EXPECT_EQ(shown(), u"10:00P-10:00P 0:00"_s) << "no end has been given";
+    enter("timeEnd", u"12:00A"_s);
+    EXPECT_EQ(shown(), u"10:00P-12:00A 2:00"_s) << "midnight was";
 
-TEST_F(ServiceTimes, WithoutAStartTheEndAndTheHoursStay)
-{
     show({.id = 1, .workHours = u"02:30"_s});
-    type(end(), u"05:00P"_s);
-    QTest::keyClick(&end(), Qt::Key_Tab);
-    EXPECT_EQ(end().text(), u"05:00P");
-    EXPECT_EQ(hours().time(), QTime(2, 30));
+    enter("timeEnd", u"05:00P"_s);
+    EXPECT_EQ(shown(), u"12:00A-05:00P 2:30"_s) << "without a start the hours stay";
 }
 
 TEST_F(ServiceTimes, AnHourAboveTwelveIsReplaced)
 {
     show({.id = 1, .start = u"08:05"_s, .end = u"13:30"_s});
     prompts.say(u"Invalid Time"_s);
-    type(start(), u"13:00A"_s);
-    QTest::keyClick(&start(), Qt::Key_Tab);
-    EXPECT_EQ(start().text(), u"08:00A");
+    enter("timeStart", u"13:00A"_s);
+    EXPECT_EQ(driver().text("timeStart"), u"08:00A"_s);
     prompts.say(u"Invalid Time"_s);
-    type(end(), u"20:00"_s);
-    QTest::keyClick(&end(), Qt::Key_Tab);
-    // Midnight lies before the start.
-    EXPECT_EQ(end().text(), u"08:00A");
+    enter("timeEnd", u"20:00"_s);
+    EXPECT_EQ(driver().text("timeEnd"), u"08:00A"_s) << "midnight lies before the start";
 }
 
-TEST_F(ServiceTimes, AreStoredWithWhatTheCrewCosts)
+TEST_F(ServiceTimes, AreStoredInHistoryWithWhatTheCrewCosts)
 {
+    insert(u"tblWOServiceUsedHistory"_s, {{u"ServiceUsedID"_s, 77}, {u"CrewID"_s, crew1}});
     int asked = 0;
     show({.id = 77,
           .start = u"08:00"_s,
@@ -119,26 +83,24 @@ TEST_F(ServiceTimes, AreStoredWithWhatTheCrewCosts)
           .beforeWrite = [&] { ++asked; }});
     EXPECT_EQ(asked, 0);
     // Enter in a box completes it first.
-    type(end(), u"09:30A"_s);
-    QTest::keyClick(&end(), Qt::Key_Return);
+    enter("timeEnd", u"09:30A"_s, Qt::Key_Return);
     EXPECT_FALSE(screen->isVisible());
     EXPECT_EQ(asked, 1);
     EXPECT_EQ(found(u"Select StartTime, EndTime, Workhrs, CostEstimate from "
                     "tblWOServiceUsedHistory"_s),
               u"08:00|09:30|01:30|30");
-    EXPECT_EQ(found(u"Select StartTime from tblWoServiceUsed"_s), QString());
 }
 
-TEST_F(ServiceTimes, HoursMayBeTypedAndCancelStoresNothing)
+TEST_F(ServiceTimes, HoursMayBeTypedForAnOpenOrderAndCancelStoresNothing)
 {
-    const qint64 id = found(u"Select NServiceUsedID from tblWoServiceUsed"_s).toLongLong();
-    show({.id = id});
-    hours().setTime(QTime(0, 45));
-    QTest::mouseClick(&named<QPushButton>(u"cmdCancel"_s), Qt::LeftButton);
-    EXPECT_EQ(found(u"Select Workhrs from tblWoServiceUsed"_s), QString());
-    show({.id = id});
-    hours().setTime(QTime(0, 45));
-    QTest::mouseClick(&named<QPushButton>(u"cmdUpdate"_s), Qt::LeftButton);
-    EXPECT_EQ(found(u"Select StartTime, Workhrs, CostEstimate from tblWoServiceUsed"_s),
-              u"00:00|00:45|15");
+    const qint64 id = orderService(order());
+    for (const auto &[button, stored] :
+         {std::pair("cmdCancel", u"|||0"_s), std::pair("cmdUpdate", u"00:00|00:00|00:45|15"_s)}) {
+        show({.id = id});
+        hours().setTime(QTime(0, 45));
+        driver().press(button);
+        EXPECT_EQ(found(u"Select StartTime, EndTime, Workhrs, CostEstimate from "
+                        "tblWoServiceUsed"_s),
+                  stored);
+    }
 }
