@@ -23,7 +23,7 @@ select tblWoPartUsed.Used from tblWoServiceUsed left join tblWoPartUsed on
 tblWoServiceUsed.NServiceUsedID = tblWoPartUsed.ServiceUsedID where NServiceUsedID = 5;
 
 -- name: dates with a time
--- row 1: #02-03-2024 16:05:06# | #02-03-2024 16:05:00# | #02-03-2024 00:00:00# | #02-03-2024 12:01:00#
+-- row 1: #02-03-2024 16:05:06# | #02-03-2024 16:05# | #02-03-2024# | #02-03-2024 12:01#
 select #2/3/2024 4:05:06 PM# as a, #02-03-2024 16:05# as b, #2/3/2024 12:00:00 AM# as c,
 #2/3/2024 12:01 pm# as d from tblCrew where CrewID = 11;
 

@@ -3,42 +3,9 @@
 #include "corpus/Statements.h"
 #include "platform/sql/Parser.h"
 
-#include <QDir>
-#include <QFile>
-
 namespace test {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QString contents(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("%s is missing", qPrintable(path));
-    return QString::fromUtf8(file.readAll());
-}
-
-/// The statements of a script: parted by semicolons at the ends of lines, lines beginning with
-/// "--" left out.
-QStringList statementsOf(const QString &script)
-{
-    QStringList statements;
-    QString statement;
-    for (const QString &line : script.split(u'\n')) {
-        if (line.startsWith(u"--"_s))
-            continue;
-        statement += line + u'\n';
-        if (line.trimmed().endsWith(u';')) {
-            statements += statement.trimmed();
-            statement.clear();
-        }
-    }
-    return statements;
-}
-
-} // namespace
 
 sql::Schema schemaOf(const QStringList &statements)
 {
@@ -67,21 +34,17 @@ sql::Schema schemaOf(const QStringList &statements)
 
 QStringList shippedSchema()
 {
-    return statementsOf(contents(QStringLiteral(SCHEMA_SCRIPT)));
+    return corpus::statementsOf(corpus::contents(QStringLiteral(SCHEMA_SCRIPT)));
 }
 
 QStringList shippedStatements()
 {
     QStringList statements;
     QStringList problems;
-    const QDir folder(QStringLiteral(CORPUS_FOLDER));
-    for (const QString &file : folder.entryList({u"*.sql"_s}, QDir::Files)) {
-        for (const corpus::Case &instance :
-             corpus::parseCases(file, contents(folder.filePath(file)), problems)) {
-            for (const corpus::Step &step : instance.steps)
-                if (!instance.ownDatabase && !step.error)
-                    statements += QString(step.statement).replace(u"{key}"_s, u"1"_s);
-        }
+    for (const corpus::Case &instance : corpus::casesOf(QStringLiteral(CORPUS_FOLDER), problems)) {
+        for (const corpus::Step &step : instance.steps)
+            if (!instance.ownDatabase && step.check(u"error").isEmpty())
+                statements += QString(step.statement).replace(u"{key}"_s, u"1"_s);
     }
     return statements;
 }
