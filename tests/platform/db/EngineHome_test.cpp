@@ -26,7 +26,7 @@ protected:
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"QUORVANTIS_ENGINE"_s, path(home));
-        return std::make_unique<HelperProcess>(command, path(file), environment);
+        return std::make_unique<HelperProcess>(command, path(file), QString(), environment);
     }
     [[nodiscard]] QString path(const QString &name) const
     {

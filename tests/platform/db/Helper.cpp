@@ -15,15 +15,9 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-QTextStream &out()
-{
-    static QTextStream stream(stdout);
-    return stream;
-}
-
 void say(const QString &line)
 {
-    out() << line << Qt::endl;
+    QTextStream(stdout) << line << Qt::endl;
 }
 
 void waitForInput()
@@ -94,8 +88,7 @@ void fillDisk(const QString &file)
 void create(const QString &file)
 {
     db::createDatabase(targetOf(file));
-    db::Connection connection(targetOf(file));
-    connection.Execute(u"Create table tblLog (Number integer)"_s);
+    db::Connection(targetOf(file)).Execute(u"Create table tblLog (Number integer)"_s);
     say(u"created"_s);
 }
 
@@ -108,11 +101,10 @@ void beginBackup(const QString &file)
     waitForInput();
 }
 
-void addTable(const QString &file)
+void execute(const QString &file, const QString &statement)
 {
-    db::Connection connection(targetOf(file));
-    connection.Execute(u"Create table tblLog2 (Number integer)"_s);
-    say(u"added"_s);
+    db::Connection(targetOf(file)).Execute(statement);
+    say(u"executed"_s);
 }
 
 } // namespace
@@ -132,7 +124,7 @@ int main(int argc, char *argv[])
         {u"create"_s, [&] { create(file); }},
         {u"check"_s, [&] { say(QString::number(db::validate(file).damage.size())); }},
         {u"begin-backup"_s, [&] { beginBackup(file); }},
-        {u"add-table"_s, [&] { addTable(file); }}};
+        {u"execute"_s, [&] { execute(file, arguments.value(3)); }}};
     const auto command = commands.find(arguments[1]);
     if (command == commands.end())
         return 2;

@@ -11,9 +11,8 @@ class HelperProcess
 {
 public:
     explicit HelperProcess(
-        const QString &command, const QString &file,
-        const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment(),
-        const QString &statement = {})
+        const QString &command, const QString &file, const QString &statement = {},
+        const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment())
     {
         m_process.setProcessEnvironment(environment);
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);

@@ -1,13 +1,13 @@
 #include "platform/db/Recordset.h"
 
-#include "platform/base/Environment.h"
 #include "platform/db/Criterion.h"
-#include "platform/db/RowData.h"
+#include "platform/db/RecordsetOf.h"
 #include "platform/sql/Errors.h"
 #include "support/Raised.h"
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <limits>
 
 namespace {
@@ -15,8 +15,6 @@ namespace {
 using namespace Qt::StringLiterals;
 using db::Recordset;
 using db::Row;
-using db::RowData;
-using db::RowLayout;
 
 /// The number of the error that an action raises.
 template<class Action>
@@ -25,73 +23,60 @@ int errorOf(Action &&action)
     return test::raisedBy(action).number();
 }
 
-void addText(RowData &rows, int column, const QString &text)
+void expectNoCurrentRow(const std::initializer_list<std::function<void()>> &actions)
 {
-    const QByteArray utf8 = text.toUtf8();
-    rows.addText(column, utf8.constData(), static_cast<std::size_t>(utf8.size()));
+    for (const auto &action : actions)
+        EXPECT_EQ(errorOf(action), base::ErrorNumber::NoCurrentRow);
 }
 
 /// Four machines; the third has Null everywhere but in its key.
 Recordset machines()
 {
     using Kind = sql::ColumnKind;
-    using Storage = RowData::Storage;
-    enum Column { id, unit, price, installed, picture, used };
-    auto rows = std::make_shared<RowData>(std::make_shared<const RowLayout>(
-        std::vector<RowLayout::Column>{{u"EquipmentID"_s, Kind::Integer, Storage::Integer},
-                                       {u"Unit No"_s, Kind::Text, Storage::Text},
-                                       {u"Price"_s, Kind::Money, Storage::Real},
-                                       {u"Installed"_s, Kind::Date, Storage::Date},
-                                       {u"Picture"_s, Kind::Binary, Storage::Bytes},
-                                       {u"Used"_s, Kind::YesNo, Storage::Integer}}));
-    const auto add = [&](qint64 key, const QString &text, double amount, QDate date, qint64 flag) {
-        rows->addInteger(id, key);
-        addText(*rows, unit, text);
-        rows->addReal(price, amount);
-        rows->addInteger(installed, base::wallClock(date, QTime(8, 30)).toMSecsSinceEpoch());
-        rows->addBytes(picture, "abc");
-        rows->addInteger(used, flag);
-        rows->endRow();
-    };
-    add(1, u"Ax-1"_s, 12.5, QDate(2024, 3, 15), -1);
-    add(2, u"17"_s, 0, QDate(1999, 12, 31), 0);
-    rows->addInteger(id, 3);
-    for (const int column : {unit, price, installed, picture, used})
-        rows->addNull(column);
-    rows->endRow();
-    add(4, u"Größe's [4]"_s, -2.5, QDate(2024, 3, 16), -1);
-    return Recordset(rows);
+    const auto at = [](QDate date) { return base::wallClock(date, QTime(8, 30)); };
+    return test::recordsetOf({{u"EquipmentID"_s, Kind::Integer},
+                              {u"Unit No"_s, Kind::Text},
+                              {u"Price"_s, Kind::Money},
+                              {u"Installed"_s, Kind::Date},
+                              {u"Picture"_s, Kind::Binary},
+                              {u"Used"_s, Kind::YesNo}},
+                             {{1, u"Ax-1"_s, 12.5, at({2024, 3, 15}), "abc", -1},
+                              {2, u"17"_s, 0, at({1999, 12, 31}), "abc", 0},
+                              {3, {}, {}, {}, {}, {}},
+                              {4, u"Größe's [4]"_s, -2.5, at({2024, 3, 16}), "abc", -1}});
+}
+
+/// The keys of the rows in their order.
+QList<qint64> keys(const Recordset &rows)
+{
+    QList<qint64> list;
+    for (const Row row : rows)
+        list.append(row.integer(u"EquipmentID"));
+    return list;
 }
 
 TEST(Recordset, AnEmptyOneIsAtBothEndsAndHasNoRow)
 {
     Recordset none;
-    EXPECT_TRUE(none.isEmpty());
-    EXPECT_TRUE(none.IsEOF());
-    EXPECT_TRUE(none.IsBOF());
+    EXPECT_TRUE(none.isEmpty() && none.IsEOF() && none.IsBOF());
     EXPECT_EQ(none.columnCount(), 0);
     EXPECT_EQ(none.columnIndex(u"EquipmentID"), -1);
-    EXPECT_EQ(errorOf([&] { (void)none.current(); }), base::ErrorNumber::NoCurrentRow);
-    EXPECT_EQ(errorOf([&] { none.MoveNext(); }), base::ErrorNumber::NoCurrentRow);
-    EXPECT_EQ(errorOf([&] { none.MovePrevious(); }), base::ErrorNumber::NoCurrentRow);
-    EXPECT_EQ(errorOf([&] { (void)none.row(0); }), base::ErrorNumber::NoCurrentRow);
-    for (const Row row : none)
-        ADD_FAILURE() << row.index();
+    expectNoCurrentRow({[&] { (void)none.current(); }, [&] { none.MoveNext(); },
+                        [&] { none.MovePrevious(); }, [&] { (void)none.row(0); }});
+    EXPECT_TRUE(keys(none).isEmpty());
 }
 
 TEST(Recordset, WrongPlacesRaiseErrors)
 {
     const Recordset rs = machines();
-    EXPECT_EQ(errorOf([&] { (void)rs.value(4, 0); }), base::ErrorNumber::NoCurrentRow);
-    EXPECT_EQ(errorOf([&] { (void)rs.value(-1, 0); }), base::ErrorNumber::NoCurrentRow);
-    EXPECT_EQ(errorOf([&] { (void)rs.isNull(0, 6); }), base::ErrorNumber::NoSuchItem);
+    expectNoCurrentRow({[&] { (void)rs.value(4, 0); }, [&] { (void)rs.value(-1, 0); }});
     for (const int column : {-1, 6}) {
-        EXPECT_EQ(errorOf([&] { (void)rs.columnName(column); }), base::ErrorNumber::NoSuchItem);
-        EXPECT_EQ(errorOf([&] { (void)rs.columnKind(column); }), base::ErrorNumber::NoSuchItem);
-        EXPECT_EQ(errorOf([&] { (void)rs.value(0, column); }), base::ErrorNumber::NoSuchItem);
-        EXPECT_EQ(errorOf([&] { (void)rs.row(0)[column]; }), base::ErrorNumber::NoSuchItem);
+        for (const auto &action : std::initializer_list<std::function<void()>>{
+                 [&] { (void)rs.columnName(column); }, [&] { (void)rs.columnKind(column); },
+                 [&] { (void)rs.value(0, column); }, [&] { (void)rs.isNull(0, column); },
+                 [&] { (void)rs.row(0)[column]; }, [&] { (void)rs[u"UnitNo"]; }})
+            EXPECT_EQ(errorOf(action), base::ErrorNumber::NoSuchItem) << column;
     }
-    EXPECT_EQ(errorOf([&] { (void)rs[u"UnitNo"]; }), base::ErrorNumber::NoSuchItem);
 }
 
 TEST(Recordset, CursorMovesBothWaysAndStopsBeyondTheEnds)
@@ -103,12 +88,11 @@ TEST(Recordset, CursorMovesBothWaysAndStopsBeyondTheEnds)
     EXPECT_EQ(rs[u"EquipmentID"], QVariant(4LL));
     rs.MoveNext();
     EXPECT_TRUE(rs.IsEOF());
-    EXPECT_EQ(errorOf([&] { rs.MoveNext(); }), base::ErrorNumber::NoCurrentRow);
+    expectNoCurrentRow({[&] { rs.MoveNext(); }});
     rs.MoveFirst();
     rs.MovePrevious();
     EXPECT_TRUE(rs.IsBOF());
-    EXPECT_EQ(errorOf([&] { (void)rs.current(); }), base::ErrorNumber::NoCurrentRow);
-    EXPECT_EQ(errorOf([&] { rs.MovePrevious(); }), base::ErrorNumber::NoCurrentRow);
+    expectNoCurrentRow({[&] { (void)rs.current(); }, [&] { rs.MovePrevious(); }});
 }
 
 TEST(Recordset, CopiesShareRowsAndHaveTheirOwnPosition)
@@ -116,11 +100,9 @@ TEST(Recordset, CopiesShareRowsAndHaveTheirOwnPosition)
     Recordset rs = machines();
     rs.MoveLast();
     Recordset copy = rs;
-    const Recordset clone = rs.Clone();
     copy.MoveFirst();
-    EXPECT_EQ(rs.Position(), 3);
-    EXPECT_EQ(copy.Position(), 0);
-    EXPECT_EQ(clone.Position(), 0);
+    EXPECT_EQ(std::tuple(rs.Position(), copy.Position(), rs.Clone().Position()),
+              std::tuple(3, 0, 0));
     // A row outlives the recordset that it came from.
     const Row last = machines().row(3);
     EXPECT_EQ(last.text(u"Unit No"), u"Größe's [4]"_s);
@@ -130,7 +112,7 @@ TEST(Recordset, WhatIsLeftOutLeavesTheOtherRowsWhole)
 {
     const Recordset all = machines();
     const Recordset some = all.without(u"equipmentid", {1, 4, 4711});
-    ASSERT_EQ(some.RecordCount(), 2);
+    ASSERT_EQ(keys(some), (QList<qint64>{2, 3}));
     for (int column = 0; column < all.columnCount(); ++column) {
         EXPECT_EQ(some.columnName(column), all.columnName(column));
         EXPECT_EQ(some.value(0, column), all.value(1, column)) << column;
@@ -138,26 +120,19 @@ TEST(Recordset, WhatIsLeftOutLeavesTheOtherRowsWhole)
     }
     EXPECT_EQ(all.without(u"EquipmentID", {}).RecordCount(), 4);
     EXPECT_TRUE(all.without(u"EquipmentID", {1, 2, 3, 4}).IsEOF());
-    EXPECT_EQ(all.without(u"Used", {0, -1}).RecordCount(), 1) << "Null is no key";
+    EXPECT_EQ(keys(all.without(u"Used", {0, -1})), QList<qint64>{3}) << "Null is no key";
     EXPECT_EQ(errorOf([&] { (void)all.without(u"none", {1}); }), base::ErrorNumber::NoSuchItem);
-    const Recordset texts = all.withoutTexts(u"unit no", {u"GRÖSSE'S [4]"_s, u"größe's [4]"_s});
-    EXPECT_EQ(texts.RecordCount(), all.RecordCount() - 1);
-    EXPECT_NE(texts.row(texts.RecordCount() - 1).text(u"Unit No"), u"Größe's [4]"_s);
-    EXPECT_EQ(all.withoutTexts(u"Unit No", {}).RecordCount(), all.RecordCount());
+    EXPECT_EQ(keys(all.withoutTexts(u"unit no", {u"GRÖSSE'S [4]"_s, u"größe's [4]"_s})),
+              (QList<qint64>{1, 2, 3}));
+    EXPECT_EQ(all.withoutTexts(u"Unit No", {}).RecordCount(), 4);
 }
 
 TEST(Recordset, IsOrderedByWholeNumbersAndKeepsTheOrderOfEqualRows)
 {
-    const auto keys = [](const Recordset &rows) {
-        QList<qint64> list;
-        for (const Row row : rows)
-            list.append(row.integer(u"EquipmentID"));
-        return list;
-    };
     const Recordset all = machines();
-    EXPECT_EQ(keys(all.orderedBy({u"used"})), (QList<qint64>{3, 1, 4, 2}));
-    EXPECT_EQ(keys(all.orderedBy({u"Used", u"EquipmentID"}).orderedBy({})),
-              (QList<qint64>{3, 1, 4, 2}));
+    const QList<qint64> byUse{3, 1, 4, 2};
+    EXPECT_EQ(keys(all.orderedBy({u"used"})), byUse);
+    EXPECT_EQ(keys(all.orderedBy({u"Used", u"EquipmentID"}).orderedBy({})), byUse);
     EXPECT_EQ(errorOf([&] { (void)all.orderedBy({u"none"}); }), base::ErrorNumber::NoSuchItem);
     EXPECT_EQ(all.utf8(0, 1), "Ax-1");
     EXPECT_EQ(all.utf8(2, 1), "") << "Null";
@@ -167,12 +142,12 @@ TEST(Recordset, IsOrderedByWholeNumbersAndKeepsTheOrderOfEqualRows)
 TEST(Recordset, NamesAreFoundInAnyCaseAndTheFirstOfTwoEqualOnesCounts)
 {
     // Many columns, so that places in the table of names collide.
-    std::vector<RowLayout::Column> columns;
+    std::vector<test::Field> columns;
     for (int i = 0; i < 200; ++i)
         columns.push_back({u"Column%1"_s.arg(i), sql::ColumnKind::Integer});
     columns.push_back({u"cOLUMN7"_s, sql::ColumnKind::Integer});
     columns.push_back({u"Größe"_s, sql::ColumnKind::Integer});
-    const Recordset rs(std::make_shared<RowData>(std::make_shared<const RowLayout>(columns)));
+    const Recordset rs = test::recordsetOf(columns, {});
     for (int i = 0; i < 200; ++i)
         ASSERT_EQ(rs.columnIndex(u"COLUMN%1"_s.arg(i)), i);
     EXPECT_EQ(rs.columnIndex(u"GRÖßE"), 201);
@@ -182,21 +157,21 @@ TEST(Recordset, NamesAreFoundInAnyCaseAndTheFirstOfTwoEqualOnesCounts)
 
 TEST(Row, GivesEachKindOfValue)
 {
-    const Row row = machines().row(0);
-    EXPECT_EQ(row[u"equipmentid"], QVariant(1LL));
-    EXPECT_EQ(row[1], QVariant(u"Ax-1"_s));
-    EXPECT_EQ(row[u"PRICE"], QVariant(12.5));
-    EXPECT_EQ(row.date(u"Installed"), base::wallClock(QDate(2024, 3, 15), QTime(8, 30)));
-    EXPECT_EQ(row[u"Installed"], QVariant(base::wallClock(QDate(2024, 3, 15), QTime(8, 30))));
-    EXPECT_EQ(row[u"Picture"], QVariant(QByteArray("abc")));
-    EXPECT_TRUE(row.flag(u"Used"));
-    EXPECT_EQ(row.text(u"Price"), u"12.5"_s);
-    EXPECT_EQ(row.text(u"Used"), u"-1"_s);
-    EXPECT_EQ(row.integer(u"Price"), 12);
+    const QDateTime installed = base::wallClock({2024, 3, 15}, {8, 30});
+    const Row first = machines().row(0);
+    const QVariantList values = {first[u"equipmentid"], first[1],          first[u"PRICE"],
+                                 first[u"Installed"],   first[u"Picture"], first[u"Used"]};
+    EXPECT_EQ(values, (QVariantList{1LL, u"Ax-1"_s, 12.5, installed, QByteArray("abc"), -1LL}));
+    EXPECT_EQ(first.date(u"Installed"), installed);
+    EXPECT_TRUE(first.flag(u"Used"));
+    EXPECT_EQ(first.text(u"Price"), u"12.5"_s);
+    EXPECT_EQ(first.text(u"Used"), u"-1"_s);
+    EXPECT_EQ(first.integer(u"Price"), 12);
     EXPECT_EQ(machines().row(3).integer(u"Price"), -2);
-    EXPECT_EQ(machines().row(1).integer(u"Unit No"), 17);
-    EXPECT_EQ(machines().row(1).real(u"Unit No"), 17.0);
-    EXPECT_FALSE(machines().row(1).flag(u"Used"));
+    const Row second = machines().row(1);
+    EXPECT_EQ(second.integer(u"Unit No"), 17);
+    EXPECT_EQ(second.real(u"Unit No"), 17.0);
+    EXPECT_FALSE(second.flag(u"Used"));
 }
 
 TEST(Row, NullIsEmptyInEveryForm)
@@ -224,13 +199,8 @@ TEST(Row, WhatIsNoNumberOrDateRaisesAndLongKeysKeepTheirDigits)
     EXPECT_EQ(errorOf([&] { (void)row.date(u"Unit No"); }), base::ErrorNumber::TypeMismatch);
     EXPECT_EQ(errorOf([&] { (void)row.date(u"Price"); }), base::ErrorNumber::TypeMismatch);
 
-    auto rows = std::make_shared<RowData>(std::make_shared<const RowLayout>(
-        std::vector<RowLayout::Column>{{u"Key"_s, sql::ColumnKind::Text, RowData::Storage::Text}}));
-    for (const auto &text : {u" 9223372036854775807 "_s, u"1e30"_s}) {
-        addText(*rows, 0, text);
-        rows->endRow();
-    }
-    const Recordset rs(rows);
+    const Recordset rs = test::recordsetOf({{u"Key"_s, sql::ColumnKind::Text}},
+                                           {{u" 9223372036854775807 "_s}, {u"1e30"_s}});
     EXPECT_EQ(rs.row(0).integer(u"Key"), std::numeric_limits<qint64>::max());
     EXPECT_EQ(errorOf([&] { (void)rs.row(1).integer(u"Key"); }), base::ErrorNumber::Overflow);
 }

@@ -95,7 +95,7 @@ TEST_F(Transaction, TwoWritersOfOneRowConflictAtOnce)
 
 TEST_F(Transaction, AnotherProgramHoldsItsRowsOnlyAndItsTablesAreFound)
 {
-    HelperProcess helper(u"hold-row"_s, database.file(), QProcessEnvironment::systemEnvironment(),
+    HelperProcess helper(u"hold-row"_s, database.file(),
                          u"Update tblLog set Side = 99 where Number = 1"_s);
     ASSERT_EQ(helper.line(), u"holding"_s);
     EXPECT_EQ(
@@ -109,8 +109,8 @@ TEST_F(Transaction, AnotherProgramHoldsItsRowsOnlyAndItsTablesAreFound)
 
     EXPECT_EQ(raisedBy([&] { (void)data.Open(u"Select * from tblLog2"_s); }).number(),
               ErrorNumber::TableUnknown);
-    HelperProcess adding(u"add-table"_s, database.file());
-    ASSERT_EQ(adding.line(), u"added"_s);
+    HelperProcess adding(u"execute"_s, database.file(), u"Create table tblLog2 (Number long)"_s);
+    ASSERT_EQ(adding.line(), u"executed"_s);
     EXPECT_EQ(data.Open(u"Select * from tblLog2"_s).RecordCount(), 0);
 }
 

@@ -1,7 +1,6 @@
 #include "platform/grid/GridModel.h"
 
 #include "GridRows.h"
-#include "platform/db/RowData.h"
 #include "support/Raised.h"
 
 #include <QAbstractItemModelTester>
@@ -252,14 +251,9 @@ TEST_F(GridModelOfParts, TextsAreSearchedWithoutRegardToCaseInAnyScript)
          {Search{u"Ärmel", u"ÄR", true}, Search{u"ÄRMEL", u"är", true},
           Search{u"Z9", u"z9x", false}, Search{u"aé", u"ae", false}, Search{u"[x", u"{x", false},
           Search{u"", u"", true}}) {
-        auto data = std::make_shared<db::RowData>(
-            std::make_shared<const db::RowLayout>(std::vector<db::RowLayout::Column>{
-                {u"Name"_s, sql::ColumnKind::Text, db::RowData::Storage::Text}}));
-        const QByteArray utf8 = cell.toUtf8();
-        data->addText(0, utf8.constData(), static_cast<std::size_t>(utf8.size()));
-        data->endRow();
         GridModel rows;
-        rows.setRecordset(db::Recordset(data));
+        rows.setRecordset(
+            test::recordsetOf({{u"Name"_s, sql::ColumnKind::Text}}, {{cell.toString()}}));
         EXPECT_EQ(rows.beginsWith(u"Name", begin), found ? 0 : -1)
             << cell.toString().toStdString() << " " << begin.toString().toStdString();
     }

@@ -1,60 +1,8 @@
 #pragma once
 
-#include "platform/base/Environment.h"
-#include "platform/db/Recordset.h"
-#include "platform/db/RowData.h"
-
-#include <QVariant>
-#include <initializer_list>
-#include <memory>
-#include <vector>
+#include "platform/db/RecordsetOf.h"
 
 namespace test {
-
-/// A field of a recordset made by hand.
-struct Field
-{
-    QString name;
-    sql::ColumnKind kind;
-};
-
-/// A recordset made by hand: no database needed.
-inline db::Recordset recordsetOf(const std::vector<Field> &fields,
-                                 const std::vector<std::vector<QVariant>> &rows)
-{
-    using Storage = db::RowData::Storage;
-    std::vector<db::RowLayout::Column> columns;
-    for (const Field &field : fields) {
-        const bool isReal =
-            field.kind == sql::ColumnKind::Real || field.kind == sql::ColumnKind::Money;
-        columns.push_back({field.name, field.kind,
-                           isReal                                ? Storage::Real
-                           : field.kind == sql::ColumnKind::Text ? Storage::Text
-                           : field.kind == sql::ColumnKind::Date ? Storage::Date
-                                                                 : Storage::Integer});
-    }
-    const auto data =
-        std::make_shared<db::RowData>(std::make_shared<db::RowLayout>(std::move(columns)));
-    for (const auto &row : rows) {
-        for (int column = 0; column < data->columnCount(); ++column) {
-            const QVariant &value = row[static_cast<std::size_t>(column)];
-            const QByteArray utf8 = value.toString().toUtf8();
-            const Storage storage = data->storage(column);
-            if (value.isNull())
-                data->addNull(column);
-            else if (storage == Storage::Real)
-                data->addReal(column, value.toDouble());
-            else if (storage == Storage::Date)
-                data->addInteger(column, value.toDateTime().toMSecsSinceEpoch());
-            else if (storage == Storage::Text)
-                data->addText(column, utf8.constData(), static_cast<std::size_t>(utf8.size()));
-            else
-                data->addInteger(column, value.toLongLong());
-        }
-        data->endRow();
-    }
-    return db::Recordset(data);
-}
 
 /// Four parts, not in the order of any column.
 inline db::Recordset parts()
