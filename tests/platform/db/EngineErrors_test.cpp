@@ -31,20 +31,17 @@ db::DbError errorOf(std::vector<intptr_t> status)
 
 TEST(ErrorFrom, TellsFailuresOfTheFileByTheSystemsReason)
 {
-    struct Case
-    {
-        int reason;
-        int number;
-    };
-    for (const Case c :
-         {Case{ENOSPC, ErrorNumber::DiskFull}, Case{EDQUOT, ErrorNumber::DiskFull},
-          Case{EFBIG, ErrorNumber::DiskFull}, Case{ENOENT, ErrorNumber::FileMissing},
-          Case{EACCES, ErrorNumber::FileAccess}, Case{EROFS, ErrorNumber::FileAccess},
-          Case{EIO, ErrorNumber::Unspecified}}) {
+    for (const auto &[reason, expected] : {std::pair(ENOSPC, ErrorNumber::DiskFull),
+                                         {EDQUOT, ErrorNumber::DiskFull},
+                                         {EFBIG, ErrorNumber::DiskFull},
+                                         {ENOENT, ErrorNumber::FileMissing},
+                                         {EACCES, ErrorNumber::FileAccess},
+                                         {EROFS, ErrorNumber::FileAccess},
+                                         {EIO, ErrorNumber::Unspecified}}) {
         const db::DbError error =
             errorOf({code, 335544344, text, words("write"), text, words("/data/q.mdb"), code,
-                     335544737, systemError, c.reason});
-        EXPECT_EQ(error.number(), c.number) << c.reason;
+                     335544737, systemError, reason});
+        EXPECT_EQ(error.number(), expected) << reason;
         EXPECT_TRUE(error.description().contains(u"/data/q.mdb"_s)) << error.what();
     }
 }

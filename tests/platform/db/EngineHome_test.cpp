@@ -21,8 +21,8 @@ class EngineHome : public testing::Test
 {
 protected:
     /// A program with an engine folder of its own, below the test's.
-    [[nodiscard]] std::unique_ptr<HelperProcess> start(const QString &command, const QString &file,
-                                                       const QString &home = u"engine"_s) const
+    std::unique_ptr<HelperProcess> start(const QString &command, const QString &file,
+                                         const QString &home = u"engine"_s) const
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"QUORVANTIS_ENGINE"_s, path(home));

@@ -7,7 +7,6 @@
 #include "support/Raised.h"
 #include "support/TestFiles.h"
 
-#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <gtest/gtest.h>
@@ -37,10 +36,6 @@ protected:
 
     [[nodiscard]] QString path(const QString &name) const { return database.path(name); }
     [[nodiscard]] QStringList files() const { return database.files(); }
-    [[nodiscard]] static QByteArray fingerprint(const QString &file)
-    {
-        return QCryptographicHash::hash(test::readFile(file), QCryptographicHash::Sha256);
-    }
     /// A copy is whole when it opens, finds the same rows by its index and by hand, and takes rows.
     void expectWhole(const QString &file, int atLeast = 500) const
     {
@@ -48,19 +43,20 @@ protected:
         target.file = file;
         {
             db::Connection copy(target);
-            const qint64 rows =
-                copy.Open(u"Select count(*) as n from tblLog"_s).row(0).integer(u"n");
+            const auto first = [&copy](const QString &statement) {
+                return copy.Open(statement).value(0, 0);
+            };
+            const qint64 rows = first(u"Select count(*) from tblLog"_s).toLongLong();
             EXPECT_GE(rows, atLeast);
-            EXPECT_EQ(copy.Open(u"Select Picture from tblLog where Name = 'NAME 77'"_s).value(0, 0),
-                      QVariant(QByteArray(2000, 'M')));
-            const qint64 id =
-                copy.Insert(u"Insert into tblLog(Name, Flag) values('new', '1')"_s, {}, u"ID"_s);
-            EXPECT_GT(id, rows);
-            EXPECT_EQ(copy.Open(u"Select Flag from tblLog where ID = ?"_s, {id}).value(0, 0),
-                      QVariant(-1LL));
+            EXPECT_EQ(first(u"Select Picture from tblLog where Name = 'NAME 77'"_s),
+                      QByteArray(2000, 'M'));
+            EXPECT_GT(
+                copy.Insert(u"Insert into tblLog(Name, Flag) values('new', '1')"_s, {}, u"ID"_s),
+                rows);
+            EXPECT_EQ(first(u"Select Flag from tblLog where Name = 'new'"_s), -1LL);
             copy.Execute(u"Create table tblNew (Name text(10))"_s);
             copy.Execute(u"Insert into tblNew(Name) values('Abc')"_s);
-            EXPECT_EQ(copy.Open(u"Select Name from tblNew where Name = 'aBC'"_s).RecordCount(), 1);
+            EXPECT_EQ(first(u"Select Name from tblNew where Name = 'aBC'"_s), u"Abc"_s);
         }
         EXPECT_EQ(db::validate(file).damage, QStringList());
     }
@@ -77,10 +73,10 @@ protected:
 
 TEST_F(Maintenance, CreateRefusesAFileThatExists)
 {
-    const QByteArray before = fingerprint(database.file());
+    const QByteArray before = test::readFile(database.file());
     EXPECT_EQ(raisedBy([&] { db::createDatabase(database.target()); }).number(),
               ErrorNumber::FileExists);
-    EXPECT_EQ(fingerprint(database.file()), before);
+    EXPECT_TRUE(test::readFile(database.file()) == before);
     db::Target target = database.target();
     target.file = path(u"no folder/new.mdb"_s);
     EXPECT_EQ(raisedBy([&] { db::createDatabase(target); }).number(), ErrorNumber::FileMissing);
@@ -119,10 +115,10 @@ TEST_F(Maintenance, HeldMeansThatSomebodyIsAttached)
 
 TEST_F(Maintenance, BackupOfAFreeFileIsTheSameFile)
 {
-    const QByteArray before = fingerprint(database.file());
+    const QByteArray before = test::readFile(database.file());
     db::backupOnline(database.target(), path(u"copy.mdb"_s));
-    EXPECT_EQ(fingerprint(path(u"copy.mdb"_s)), before);
-    EXPECT_EQ(fingerprint(database.file()), before);
+    EXPECT_TRUE(test::readFile(path(u"copy.mdb"_s)) == before);
+    EXPECT_TRUE(test::readFile(database.file()) == before);
     expectBackedUp();
 }
 
@@ -164,18 +160,18 @@ TEST_F(Maintenance, BackupAfterABackupThatNeverEndedIsWhole)
 
 TEST_F(Maintenance, ABackupThatFailsLeavesNothingBehind)
 {
-    const auto backingUp = [this](const QString &from, const QString &to) {
+    const auto backingUp = [this](const QString &from, const QString &to = u"copy.mdb"_s) {
         db::Target target = database.target();
         target.file = path(from);
         return raisedBy([&] { db::backupOnline(target, path(to)); }).number();
     };
     EXPECT_EQ(backingUp(u"test.mdb"_s, u"no folder/copy.mdb"_s), ErrorNumber::FileMissing);
-    EXPECT_EQ(backingUp(u"none.mdb"_s, u"copy.mdb"_s), ErrorNumber::FileMissing);
+    EXPECT_EQ(backingUp(u"none.mdb"_s), ErrorNumber::FileMissing);
     // A folder in the place of the copy: the last step fails.
     ASSERT_TRUE(QDir().mkpath(path(u"copy.mdb/inside"_s)));
-    EXPECT_EQ(backingUp(u"test.mdb"_s, u"copy.mdb"_s), ErrorNumber::FileAccess);
+    EXPECT_EQ(backingUp(u"test.mdb"_s), ErrorNumber::FileAccess);
     const db::Connection data = database.connect();
-    EXPECT_EQ(backingUp(u"test.mdb"_s, u"copy.mdb"_s), ErrorNumber::FileAccess);
+    EXPECT_EQ(backingUp(u"test.mdb"_s), ErrorNumber::FileAccess);
     EXPECT_EQ(files(), QStringList{u"test.mdb"_s});
 }
 
@@ -250,12 +246,7 @@ TEST_F(Maintenance, AFileIsKnownAsWholeWithoutATouch)
 {
     const QByteArray whole = test::readFile(database.file());
     EXPECT_NO_THROW(db::requireWholeDatabase(database.file(), {"TBLLOG"}));
-    struct Case
-    {
-        const char *what;
-        QByteArray content;
-        QByteArrayList names;
-    };
+    using Case = std::tuple<const char *, QByteArray, QByteArrayList>;
     for (const auto &[what, content, names] :
          {Case{"empty", {}, {}}, Case{"a letter", "Dear Sir or Madam", {}},
           Case{"zeros", QByteArray(100'000, '\0'), {}},

@@ -32,7 +32,10 @@ protected:
         data.CommitTrans();
     }
     [[nodiscard]] QString path(const QString &name) const { return database.path(name); }
-    [[nodiscard]] QStringList files() const { return database.files(); }
+    void expectNothingButTheCopy() const
+    {
+        EXPECT_EQ(database.files(), (QStringList{u"copy.mdb"_s, u"test.mdb"_s}));
+    }
 
     test::TestDatabase database;
 };
@@ -44,7 +47,7 @@ TEST_F(Proofs, CountEachTable)
     EXPECT_EQ(db::prove(database.file()), (db::RowCounts{{u"tblLog"_s, 300}, {u"tblOther"_s, 1}}));
     EXPECT_EQ(db::backupProven(database.target(), path(u"copy.mdb"_s)),
               db::countRows(database.target()));
-    EXPECT_EQ(files(), (QStringList{u"copy.mdb"_s, u"test.mdb"_s}));
+    expectNothingButTheCopy();
 }
 
 TEST_F(Proofs, ACopyOfADamagedDatabaseReplacesNone)
@@ -54,7 +57,7 @@ TEST_F(Proofs, ACopyOfADamagedDatabaseReplacesNone)
     EXPECT_EQ(raisedBy([&] { db::backupProven(database.target(), path(u"copy.mdb"_s)); }).number(),
               ErrorNumber::NotADatabase);
     EXPECT_EQ(test::readFile(path(u"copy.mdb"_s)), "the last good one");
-    EXPECT_EQ(files(), (QStringList{u"copy.mdb"_s, u"test.mdb"_s}));
+    expectNothingButTheCopy();
 }
 
 TEST_F(Proofs, ACopyHoldsWhatAnotherProgramWroteMeanwhileOrNot)
@@ -70,25 +73,26 @@ TEST_F(Proofs, ACopyHoldsWhatAnotherProgramWroteMeanwhileOrNot)
 TEST(Proof, FindsTheTableThatDiffers)
 {
     using Counts = db::RowCounts;
-    struct Case
-    {
-        Counts copy, before, after;
-        QString differs;
-    };
-    for (const auto &[copy, before, after, differs] :
-         {Case{{{u"b"_s, 5}}, {{u"b"_s, 5}}, {{u"b"_s, 5}}, {}},
-          Case{{{u"a"_s, 3}}, {{u"a"_s, 3}}, {{u"a"_s, 5}}, {}},
-          Case{{{u"a"_s, 3}}, {{u"a"_s, 5}}, {{u"a"_s, 3}}, {}},
-          Case{{{u"a"_s, 2}}, {{u"a"_s, 3}}, {{u"a"_s, 5}}, u"a"_s},
-          Case{{{u"a"_s, 6}}, {{u"a"_s, 3}}, {{u"a"_s, 5}}, u"a"_s},
-          Case{{{u"a"_s, 1}}, {{u"a"_s, 1}, {u"b"_s, 0}}, {{u"a"_s, 1}, {u"b"_s, 0}}, u"b"_s},
-          Case{{{u"a"_s, 1}}, {{u"a"_s, 1}, {u"b"_s, 7}}, {{u"a"_s, 1}}, {}},
-          Case{{{u"a"_s, 1}, {u"b"_s, 9}}, {{u"a"_s, 1}}, {{u"a"_s, 1}, {u"b"_s, 9}}, {}}})
+    const QString a = u"a"_s;
+    const QString b = u"b"_s;
+    const std::tuple<Counts, Counts, Counts, QString> cases[] = {
+        {{{b, 5}}, {{b, 5}}, {{b, 5}}, {}},
+        {{{a, 3}}, {{a, 3}}, {{a, 5}}, {}},
+        {{{a, 3}}, {{a, 5}}, {{a, 3}}, {}},
+        {{{a, 2}}, {{a, 3}}, {{a, 5}}, a},
+        {{{a, 6}}, {{a, 3}}, {{a, 5}}, a},
+        {{{a, 1}}, {{a, 1}, {b, 0}}, {{a, 1}, {b, 0}}, b},
+        {{{a, 1}}, {{a, 1}, {b, 7}}, {{a, 1}}, {}},
+        {{{a, 1}, {b, 9}}, {{a, 1}}, {{a, 1}, {b, 9}}, {}}};
+    for (const auto &[copy, before, after, differs] : cases)
         EXPECT_EQ(db::tableThatDiffers(copy, before, after), differs);
 }
 
 TEST_F(Proofs, AClosedFileLetsNobodyInIsCopiedAndReplaced)
 {
+    const auto closing = [](const QString &file) {
+        return raisedBy([&] { const db::ClosedFile closed(file); }).number();
+    };
     {
         const db::ClosedFile closed(database.file());
         EXPECT_EQ(raisedBy([&] { (void)database.connect(); }).number(), ErrorNumber::FileInUse);
@@ -96,11 +100,9 @@ TEST_F(Proofs, AClosedFileLetsNobodyInIsCopiedAndReplaced)
     }
     {
         const db::Connection connection = database.connect();
-        EXPECT_EQ(raisedBy([&] { const db::ClosedFile closed(database.file()); }).number(),
-                  ErrorNumber::FileInUse);
+        EXPECT_EQ(closing(database.file()), ErrorNumber::FileInUse);
     }
-    EXPECT_EQ(raisedBy([&] { const db::ClosedFile closed(path(u"none.mdb"_s)); }).number(),
-              ErrorNumber::FileMissing);
+    EXPECT_EQ(closing(path(u"none.mdb"_s)), ErrorNumber::FileMissing);
 
     const QByteArray before = test::readFile(database.file());
     {
@@ -117,5 +119,5 @@ TEST_F(Proofs, AClosedFileLetsNobodyInIsCopiedAndReplaced)
         closed.replaceBy(path(u"new.mdb"_s));
     }
     EXPECT_EQ(test::readFile(database.file()), "another one");
-    EXPECT_EQ(files(), (QStringList{u"copy.mdb"_s, u"test.mdb"_s}));
+    expectNothingButTheCopy();
 }

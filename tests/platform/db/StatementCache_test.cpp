@@ -36,21 +36,18 @@ TEST_F(Caching, TenThousandStatementsOfOneShapePrepareOnce)
 {
     const int count = prepared([&] {
         data.BeginTrans();
-        for (int i = 0; i < 10'000; ++i) {
+        for (int i = 0; i < 10'000; ++i)
             data.Execute(
-                u"Insert into tblCount(EquipmentID, CountValue, Note) Values(%1,'%2','n%3')"_s
+                u"Insert into tblCount(EquipmentID, CountValue, Note) Values(%1,'%2','n%1')"_s
                     .arg(i)
-                    .arg(i * 2)
-                    .arg(i));
-        }
+                    .arg(i * 2));
         data.CommitTrans();
     });
     EXPECT_EQ(count, 1);
-    EXPECT_EQ(data.Open(u"Select sum(CountValue) as s from tblCount"_s).row(0).integer(u"s"),
-              99'990'000);
-    EXPECT_EQ(
-        data.Open(u"Select Note from tblCount where EquipmentID = 9999"_s).row(0).text(u"Note"),
-        u"n9999"_s);
+    const db::Row all =
+        data.Open(u"Select sum(CountValue) as s, max(Note) as n from tblCount"_s).row(0);
+    EXPECT_EQ(all.integer(u"s"), 99'990'000);
+    EXPECT_EQ(all.text(u"n"), u"n9999"_s);
     const auto insert = [&](const QVariant &note) {
         data.Execute(u"Insert into tblCount(EquipmentID, Note) values(?, ?)"_s, {1, note});
     };
@@ -75,27 +72,20 @@ TEST_F(Caching, LiteralsThatStandInTheTextHaveAPlanEach)
     EXPECT_LE(count, 2);
 }
 
-TEST_F(Caching, NewTablesAndColumnsCountAtOnceOnEveryConnection)
+TEST_F(Caching, ChangedTablesCountAtOnceOnEveryConnectionThatKeepsStatementsOnThem)
 {
     db::Connection lookup = database.connect();
-    const QString all = u"Select * from tblCount"_s;
-    EXPECT_EQ(data.Open(all).columnCount(), 3);
-    EXPECT_EQ(lookup.Open(all).columnCount(), 3);
+    const auto columns = [](db::Connection &connection) {
+        return connection.Open(u"Select * from tblCount"_s).columnCount();
+    };
+    EXPECT_EQ(columns(data) + columns(lookup), 3 + 3);
     lookup.Execute(u"Alter table tblCount add column Extra integer"_s);
-    EXPECT_EQ(lookup.Open(all).columnCount(), 4);
-    EXPECT_EQ(data.Open(all).columnCount(), 4);
+    EXPECT_EQ(columns(data) + columns(lookup), 4 + 4);
     data.Execute(u"Insert into tblCount(Extra) values(5)"_s);
     lookup.Execute(u"Alter table tblCount drop column Extra"_s);
-    EXPECT_EQ(data.Open(all).columnCount(), 3);
-}
-
-TEST_F(Caching, ATableCanGoWhileOthersKeepStatementsOnIt)
-{
-    db::Connection lookup = database.connect();
-    EXPECT_TRUE(lookup.Open(u"Select * from tblCount"_s).isEmpty());
-    EXPECT_TRUE(data.Open(u"Select * from tblCount"_s).isEmpty());
+    EXPECT_EQ(columns(data), 3);
     data.Execute(u"Drop table tblCount"_s);
-    EXPECT_THROW((void)lookup.Open(u"Select * from tblCount"_s), db::DbError);
+    EXPECT_THROW(columns(lookup), db::DbError);
     lookup.Execute(u"Create table tblCount (Other integer)"_s);
     EXPECT_EQ(data.Open(u"Select * from tblCount"_s).columnName(0), u"Other"_s);
 }
