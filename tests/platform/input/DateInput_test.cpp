@@ -8,6 +8,8 @@
 #include <QCalendarWidget>
 #include <QSignalSpy>
 
+using namespace Qt::StringLiterals;
+
 using Icon = base::Prompts::Icon;
 
 namespace {
@@ -17,8 +19,8 @@ class DateInputTest : public testing::Test
 protected:
     void SetUp() override
     {
-        date = window.form.dateField(QStringLiteral("datSold"), QStringLiteral("Sold"));
-        other = window.form.textField(QStringLiteral("txtBuyer"), QStringLiteral("Buyer"));
+        date = window.form.dateField(u"datSold"_s, u"Sold"_s);
+        other = window.form.textField(u"txtBuyer"_s, u"Buyer"_s);
         window.showNow();
         date->setFocus();
     }
@@ -32,62 +34,52 @@ protected:
 
 } // namespace
 
-struct DateTyping
-{
-    const char *keys;
-    const char *shown;
-    const char *left;
-};
-
 TEST_F(DateInputTest, CompletesWhatIsTyped)
 {
-    const DateTyping cases[] = {
+    // What is typed, what is shown then, and once the box was left.
+    const std::tuple<const char *, const char *, const char *> cases[] = {
         {"03092024", "03/09/2024", "03/09/2024"}, {"3/9/2024", "03/09/2024", "03/09/2024"},
         {"3-9-24", "03/09/24  ", "03/09/2024"},   {"03/09/24", "03/09/24  ", "03/09/2024"},
         {"12.31.99", "12/31/99  ", "12/31/1999"}, {"022924", "02/29/24  ", "02/29/2024"},
         {"02302024", "02/30/2024", "02/30/2024"}, {"0309", "03/09/    ", "03/09/    "},
         {"/x-", "  /  /    ", "  /  /    "},      {"3//9", "03/9 /    ", "03/9 /    "}};
-    for (const DateTyping &test : cases) {
+    for (const auto &[keys, shown, left] : cases) {
         date->setFocus();
         date->setDate(QDate());
-        test::type(date, test.keys);
-        EXPECT_EQ(test::textOf(date), test.shown) << test.keys;
+        test::type(date, keys);
+        EXPECT_EQ(test::textOf(date), shown) << keys;
         leave();
-        EXPECT_EQ(test::textOf(date), test.left) << test.keys;
+        EXPECT_EQ(test::textOf(date), left) << keys;
     }
 }
 
 TEST_F(DateInputTest, TakesDatesOfTheProgramAndStoredForms)
 {
-    date->setText(QStringLiteral("3/9/2024"));
-    EXPECT_EQ(test::textOf(date), "03/09/2024");
-    date->setText(QStringLiteral("12-1-98"));
-    EXPECT_EQ(date->date(), QDate(1998, 12, 1));
-    date->setText(QString());
-    EXPECT_TRUE(date->isEmpty());
-    EXPECT_EQ(test::textOf(date), "  /  /    ");
-    EXPECT_TRUE(input::isBlank(date));
+    for (const auto &[stored, shown] : {std::pair(u"3/9/2024"_s, "03/09/2024"),
+                                        {u"12-1-98"_s, "12/01/1998"},
+                                        {QString(), "  /  /    "},
+                                        {u"unknown"_s, "unknown"}}) {
+        date->setText(stored);
+        EXPECT_EQ(test::textOf(date), shown);
+        EXPECT_EQ(input::isBlank(date), stored.isEmpty());
+        EXPECT_EQ(date->isValidOrEmpty(), stored != u"unknown");
+    }
+    date->setText({});
     date->selectAll();
     test::paste(date, "7/4/2023");
     EXPECT_EQ(date->date(), QDate(2023, 7, 4));
-    date->setText(QStringLiteral("unknown"));
-    EXPECT_EQ(test::textOf(date), "unknown");
-    EXPECT_FALSE(date->isValidOrEmpty());
 }
 
 TEST_F(DateInputTest, TellsTheUsersEditsFromTheProgramsChanges)
 {
     QSignalSpy changes(date, &input::DateInput::dateChanged);
     QSignalSpy edits(date, &input::DateInput::edited);
-    date->setDate(QDate(2024, 3, 9));
-    EXPECT_EQ(changes.size(), 1);
-    EXPECT_EQ(edits.size(), 0);
-    date->setDate(QDate(2024, 3, 9));
-    EXPECT_EQ(changes.size(), 1);
+    for (int again = 0; again < 2; ++again)
+        date->setDate(QDate(2024, 3, 9));
+    EXPECT_EQ(std::pair(changes.size(), edits.size()), std::pair(qsizetype(1), qsizetype(0)));
     QTest::keyClick(date, Qt::Key_Up);
     EXPECT_EQ(date->date(), QDate(2024, 3, 10));
-    EXPECT_EQ(changes.size(), 2);
-    EXPECT_EQ(edits.size(), 1);
+    EXPECT_EQ(std::pair(changes.size(), edits.size()), std::pair(qsizetype(2), qsizetype(1)));
 }
 
 TEST_F(DateInputTest, ChoosesFromTheCalendarByKeyboard)
@@ -98,7 +90,7 @@ TEST_F(DateInputTest, ChoosesFromTheCalendarByKeyboard)
     ASSERT_TRUE(popup);
     auto *calendar = popup->findChild<QCalendarWidget *>();
     EXPECT_EQ(calendar->selectedDate(), QDate(2024, 3, 9));
-    QWidget *view = calendar->findChild<QWidget *>(QStringLiteral("qt_calendar_calendarview"));
+    QWidget *view = calendar->findChild<QWidget *>(u"qt_calendar_calendarview"_s);
     QTest::keyClick(view, Qt::Key_Right);
     QTest::keyClick(view, Qt::Key_Return);
     EXPECT_EQ(date->date(), QDate(2024, 3, 10));
@@ -126,7 +118,7 @@ TEST_F(DateInputTest, KeepsTheFocusOnATextThatIsNoDate)
     test::ScriptedPrompts prompts;
     date->checkOnLeave();
     test::type(date, "13012024");
-    prompts.expect(QStringLiteral("Please enter valid date."), Icon::None);
+    prompts.expect(u"Please enter valid date."_s, Icon::None);
     leave();
     EXPECT_TRUE(QTest::qWaitFor([this] { return date->hasFocus(); }));
     EXPECT_EQ(test::textOf(date), "13/01/2024");

@@ -15,6 +15,8 @@
 #include <functional>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using Answer = base::Prompts::Answer;
 using Buttons = base::Prompts::Buttons;
 using Icon = base::Prompts::Icon;
@@ -49,56 +51,52 @@ private:
 Answer answered(Buttons buttons, Qt::Key key)
 {
     const WhileModal script([key](QWidget *box) { QTest::keyClick(box, key); });
-    input::DialogPrompts prompts;
-    return prompts.show({QStringLiteral("Delete?"), Icon::Question, buttons, {}});
+    return input::DialogPrompts().show({u"Delete?"_s, Icon::Question, buttons, {}});
 }
 
 } // namespace
 
 TEST(DialogPrompts, EnterAndEscapeGiveTheMostHarmlessAnswer)
 {
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
-        EXPECT_EQ(answered(Buttons::Ok, key), Answer::Ok);
-        EXPECT_EQ(answered(Buttons::OkCancel, key), Answer::Cancel);
-        EXPECT_EQ(answered(Buttons::YesNo, key), Answer::No);
-        EXPECT_EQ(answered(Buttons::YesNoCancel, key), Answer::Cancel);
+    for (const auto &[buttons, harmless] : {std::pair(Buttons::Ok, Answer::Ok),
+                                            {Buttons::OkCancel, Answer::Cancel},
+                                            {Buttons::YesNo, Answer::No},
+                                            {Buttons::YesNoCancel, Answer::Cancel}}) {
+        EXPECT_EQ(answered(buttons, Qt::Key_Return), harmless);
+        EXPECT_EQ(answered(buttons, Qt::Key_Escape), harmless);
     }
-
     EXPECT_EQ(answered(Buttons::YesNo, Qt::Key_Y), Answer::Yes);
     EXPECT_EQ(answered(Buttons::YesNoCancel, Qt::Key_N), Answer::No);
 }
 
 TEST(DialogPrompts, ShowsTheTextAsItStands)
 {
-    const WhileModal script([](QWidget *widget) {
+    const QString text = u"A <b>bold</b> & \"quoted\" name"_s;
+    const WhileModal script([&](QWidget *widget) {
         auto *box = qobject_cast<QMessageBox *>(widget);
         ASSERT_TRUE(box);
-        EXPECT_EQ(box->windowTitle().toStdString(), "Quorvantis");
-        EXPECT_EQ(box->text().toStdString(), "A <b>bold</b> & \"quoted\" name");
+        EXPECT_EQ(box->windowTitle(), u"Quorvantis"_s);
+        EXPECT_EQ(box->text(), text);
         EXPECT_EQ(box->textFormat(), Qt::PlainText);
         EXPECT_EQ(box->icon(), QMessageBox::Critical);
         box->button(QMessageBox::Ok)->click();
     });
-    input::DialogPrompts prompts;
-    prompts.show(
-        {QStringLiteral("A <b>bold</b> & \"quoted\" name"), Icon::Critical, Buttons::Ok, {}});
+    input::DialogPrompts().show({text, Icon::Critical, Buttons::Ok, {}});
 }
 
 TEST(DialogPrompts, FiltersAreShownWithoutTheirPatterns)
 {
     QStringList shown;
     const WhileModal script([&shown](QWidget *chooser) {
-        const auto *types = chooser->findChild<QComboBox *>(QStringLiteral("fileTypeCombo"));
+        const auto *types = chooser->findChild<QComboBox *>(u"fileTypeCombo"_s);
         ASSERT_TRUE(types);
         for (int index = 0; index < types->count(); ++index)
             shown += types->itemText(index);
         chooser->close();
     });
-    input::DialogPrompts prompts;
-    EXPECT_TRUE(prompts
-                    .chooseFile({}, {QStringLiteral("JPEG(*.JPG,*.JPE) (*.JPG *.JPE)"),
-                                     QStringLiteral("All Pictures Files (*.bmp *.JPG)")})
-                    .isEmpty());
+    const QStringList filters{u"JPEG(*.JPG,*.JPE) (*.JPG *.JPE)"_s,
+                              u"All Pictures Files (*.bmp *.JPG)"_s};
+    EXPECT_TRUE(input::DialogPrompts().chooseFile({}, filters).isEmpty());
     EXPECT_EQ(shown.join(u'|').toStdString(), "JPEG(*.JPG,*.JPE)|All Pictures Files");
 }
 
@@ -114,10 +112,10 @@ TEST(DialogPrompts, InputGivesTheTextOrNothing)
             QTest::keyClicks(line, QString::fromLatin1(keys));
             QTest::keyClick(line, end);
         });
-        return prompts.input(QStringLiteral("Reason"), {}, QStringLiteral("Rain"));
+        return prompts.input(u"Reason"_s, {}, u"Rain"_s);
     };
-    EXPECT_EQ(ask("Snow", Qt::Key_Return), QStringLiteral("Snow"));
-    EXPECT_EQ(ask("", Qt::Key_Return), QStringLiteral("Rain"));
+    EXPECT_EQ(ask("Snow", Qt::Key_Return), u"Snow"_s);
+    EXPECT_EQ(ask("", Qt::Key_Return), u"Rain"_s);
     EXPECT_EQ(ask("Snow", Qt::Key_Escape), std::nullopt);
 }
 
@@ -126,13 +124,13 @@ TEST(DialogPrompts, AMessageOnLeavingAFieldSwallowsTheClickThatLeft)
     input::DialogPrompts prompts;
     const base::ScopedPrompts scope(prompts);
     test::ShownForm window;
-    auto *date = window.form.dateField(QStringLiteral("datSold"), QStringLiteral("Sold"));
-    auto *save = window.form.button(QStringLiteral("cmdSave"), QStringLiteral("&Save"));
+    auto *date = window.form.dateField(u"datSold"_s, u"Sold"_s);
+    auto *save = window.form.button(u"cmdSave"_s, u"&Save"_s);
     date->checkOnLeave();
     window.showNow();
     QSignalSpy clicks(save, &QPushButton::clicked);
     date->setFocus();
-    QTest::keyClicks(date, QStringLiteral("13/45"));
+    QTest::keyClicks(date, u"13/45"_s);
 
     const WhileModal script([](QWidget *box) { QTest::keyClick(box, Qt::Key_Return); });
     QTest::mousePress(save, Qt::LeftButton);

@@ -10,6 +10,8 @@
 #include <QPushButton>
 #include <gmock/gmock.h>
 
+using namespace Qt::StringLiterals;
+
 TEST(PlainCaption, DropsMarksThatAreNotText)
 {
     const std::pair<const char *, const char *> cases[] = {{"&User Name:", "User Name"},
@@ -31,23 +33,22 @@ protected:
     {
         input::FormBuilder &form = window.form;
         form.beginColumns();
-        form.textField(QStringLiteral("txtName"), QStringLiteral("&Name:"), 50);
-        form.beginGroup(QStringLiteral("Address"), QStringLiteral("fraAddress"));
-        form.comboField(QStringLiteral("cboState"), QStringLiteral("S&tate"));
-        form.sideButton(QStringLiteral("cmdState"), QStringLiteral("Edit the states"));
-        form.readOnlyField(QStringLiteral("lblSince"), QStringLiteral("&Since:"));
+        form.textField(u"txtName"_s, u"&Name:"_s, 50);
+        form.beginGroup(u"Address"_s, u"fraAddress"_s);
+        form.comboField(u"cboState"_s, u"S&tate"_s);
+        form.sideButton(u"cmdState"_s, u"Edit the states"_s);
+        form.readOnlyField(u"lblSince"_s, u"&Since:"_s);
         form.endGroup();
         form.nextColumn();
         form.beginRow();
-        form.dateField(QStringLiteral("datFrom"), QStringLiteral("&From"));
-        form.dateField(QStringLiteral("datTo"), QStringLiteral("T&o"));
+        form.dateField(u"datFrom"_s, u"&From"_s);
+        form.dateField(u"datTo"_s, u"T&o"_s);
         form.endRow();
-        form.checkBox(QStringLiteral("chkInactive"), QStringLiteral("&Inactive"));
-        form.memoField(QStringLiteral("txtNotes"), QStringLiteral("Not&es"));
+        form.checkBox(u"chkInactive"_s, u"&Inactive"_s);
+        form.memoField(u"txtNotes"_s, u"Not&es"_s);
         form.endColumns();
-        form.button(QStringLiteral("cmdSave"), QStringLiteral("Sa&ve"));
-        form.navigation(QStringLiteral("cmdFirst"), QStringLiteral("cmdPrevious"),
-                        QStringLiteral("cmdNext"), QStringLiteral("cmdLast"));
+        form.button(u"cmdSave"_s, u"Sa&ve"_s);
+        form.navigation(u"cmdFirst"_s, u"cmdPrevious"_s, u"cmdNext"_s, u"cmdLast"_s);
         window.showNow();
     }
     QWidget *control(const char *name)
@@ -78,7 +79,7 @@ TEST_F(FormBuilderTest, TabAndMnemonicsReachTheFields)
     EXPECT_EQ(QApplication::focusWidget(), control("txtNotes"));
 
     bool saved = false;
-    auto *save = window.findChild<QPushButton *>(QStringLiteral("cmdSave"));
+    auto *save = window.findChild<QPushButton *>(u"cmdSave"_s);
     QObject::connect(save, &QPushButton::clicked, &window, [&saved] { saved = true; });
     QTest::keyClick(control("txtName"), Qt::Key_Return);
     EXPECT_FALSE(saved);
@@ -86,16 +87,17 @@ TEST_F(FormBuilderTest, TabAndMnemonicsReachTheFields)
 
 TEST_F(FormBuilderTest, EveryControlCanBeNamedByAssistiveTools)
 {
-    EXPECT_EQ(control("txtName")->accessibleName().toStdString(), "Name");
-    EXPECT_EQ(control("cmdState")->accessibleName().toStdString(), "Edit the states");
-    EXPECT_EQ(control("datTo")->accessibleName().toStdString(), "To");
-    EXPECT_EQ(control("cmdFirst")->accessibleName().toStdString(), "First record");
-    EXPECT_EQ(control("cmdSave")->accessibleName().toStdString(), "Save");
+    for (const auto &[name, spoken] : {std::pair("txtName", u"Name"_s),
+                                       {"cmdState", u"Edit the states"_s},
+                                       {"datTo", u"To"_s},
+                                       {"cmdFirst", u"First record"_s},
+                                       {"cmdSave", u"Save"_s}})
+        EXPECT_EQ(control(name)->accessibleName(), spoken);
     // A caption that leads nowhere shows no mark of a mnemonic.
     QStringList captions;
     for (const QLabel *label : window.findChildren<QLabel *>())
         captions += label->text();
-    EXPECT_TRUE(captions.contains(QStringLiteral("Since:")));
+    EXPECT_TRUE(captions.contains(u"Since:"_s));
 }
 
 TEST_F(FormBuilderTest, HeightThatIsLeftGoesToTheNotes)

@@ -16,11 +16,13 @@
 #include <QSignalSpy>
 #include <QStyle>
 
+using namespace Qt::StringLiterals;
+
 TEST(CurrencyInput, TakesAmountsAndShowsTwoDecimals)
 {
     test::ShownForm window;
-    auto *cost = window.form.currencyField(QStringLiteral("curCost"), QStringLiteral("Cost"));
-    window.form.textField(QStringLiteral("txtNext"), QStringLiteral("Next"));
+    auto *cost = window.form.currencyField(u"curCost"_s, u"Cost"_s);
+    window.form.textField(u"txtNext"_s, u"Next"_s);
     window.showNow();
     test::type(cost, "-12.5.x7");
     EXPECT_EQ(test::textOf(cost), "12.57");
@@ -53,23 +55,22 @@ TEST(CurrencyInput, TakesAmountsAndShowsTwoDecimals)
 TEST(SpinInput, StaysBetweenOneAnd99999)
 {
     test::ShownForm window;
-    auto *spin = window.form.spinField(QStringLiteral("RRSpin1"), QStringLiteral("Every"));
-    window.form.textField(QStringLiteral("txtNext"), QStringLiteral("Next"));
+    auto *spin = window.form.spinField(u"RRSpin1"_s, u"Every"_s);
+    window.form.textField(u"txtNext"_s, u"Next"_s);
     window.showNow();
     QSignalSpy edits(spin, &input::SpinInput::edited);
-    const auto typed = [spin](const char *keys) {
+    for (const auto &[keys, left] : {std::pair("12x5", "125"),
+                                     {"", "1"},
+                                     {"0", "1"},
+                                     {"1234567", "12345"},
+                                     {"99999", "99999"}}) {
         spin->setFocus();
         spin->selectAll();
         QTest::keyClick(spin, Qt::Key_Delete);
         test::type(spin, keys);
         QTest::keyClick(spin, Qt::Key_Tab);
-        return spin->text().toStdString();
-    };
-    EXPECT_EQ(typed("12x5"), "125");
-    EXPECT_EQ(typed(""), "1");
-    EXPECT_EQ(typed("0"), "1");
-    EXPECT_EQ(typed("1234567"), "12345");
-    EXPECT_EQ(typed("99999"), "99999");
+        EXPECT_EQ(spin->text().toStdString(), left) << keys;
+    }
     EXPECT_GT(edits.size(), 0);
     QTest::keyClick(spin, Qt::Key_Up);
     EXPECT_EQ(spin->value(), 99999);
@@ -88,20 +89,19 @@ TEST(SpinInput, StaysBetweenOneAnd99999)
 TEST(IdCombo, FindsItemsByIdTextAndTyping)
 {
     test::ShownForm window;
-    auto *combo = window.form.comboField(QStringLiteral("cboState"), QStringLiteral("State"));
-    combo->add(QStringLiteral("  "), 0);
-    combo->add(QStringLiteral("Maine"), 11);
-    combo->add(QStringLiteral("Maryland"), 12);
-    combo->add(QStringLiteral("Maine"), 13);
+    auto *combo = window.form.comboField(u"cboState"_s, u"State"_s);
+    for (const auto &[text, id] :
+         {std::pair(u"  "_s, 0), {u"Maine"_s, 11}, {u"Maryland"_s, 12}, {u"Maine"_s, 13}})
+        combo->add(text, id);
     window.showNow();
     EXPECT_EQ(combo->id(), 0);
     EXPECT_TRUE(combo->select(12));
-    EXPECT_EQ(combo->currentText().toStdString(), "Maryland");
+    EXPECT_EQ(combo->currentText(), u"Maryland"_s);
     EXPECT_FALSE(combo->select(99));
     EXPECT_EQ(combo->id(), 12);
-    EXPECT_TRUE(combo->selectText(QStringLiteral("MAINE")));
+    EXPECT_TRUE(combo->selectText(u"MAINE"_s));
     EXPECT_EQ(combo->id(), 11);
-    EXPECT_EQ(combo->collection().value(QStringLiteral("Maine")).toStdString(), "11");
+    EXPECT_EQ(combo->collection().value(u"Maine"_s), u"11"_s);
     QSignalSpy choices(combo, &QComboBox::activated);
     test::type(combo, "mar");
     EXPECT_EQ(combo->id(), 12);
@@ -115,9 +115,8 @@ TEST(IdCombo, FindsItemsByIdTextAndTyping)
 TEST(IdCombo, OneLetterAgainAndAgainGoesThroughAllThatBeginWithIt)
 {
     test::ShownForm window;
-    auto *combo = window.form.comboField(QStringLiteral("cboPeriod"), QStringLiteral("Period"));
-    combo->add({QStringLiteral("  "), QStringLiteral("Miles"), QStringLiteral("Days"),
-                QStringLiteral("Months")});
+    auto *combo = window.form.comboField(u"cboPeriod"_s, u"Period"_s);
+    combo->add({u"  "_s, u"Miles"_s, u"Days"_s, u"Months"_s});
     window.showNow();
     QSignalSpy choices(combo, &QComboBox::activated);
     QString chosen;
@@ -132,14 +131,14 @@ TEST(IdCombo, OneLetterAgainAndAgainGoesThroughAllThatBeginWithIt)
 TEST(LinkLabel, IsClickedByMouseEnterAndSpace)
 {
     test::ShownForm window;
-    auto *link = window.form.linkField(QStringLiteral("lnkWeb"), {}, QStringLiteral("Web site"));
+    auto *link = window.form.linkField(u"lnkWeb"_s, {}, u"Web site"_s);
     window.showNow();
     QSignalSpy clicks(link, &input::LinkLabel::clicked);
     QTest::mouseClick(link, Qt::LeftButton);
-    QTest::mouseClick(link, Qt::RightButton);
     QTest::keyClick(link, Qt::Key_Return);
     QTest::keyClick(link, Qt::Key_Space);
     EXPECT_EQ(clicks.size(), 3);
+    QTest::mouseClick(link, Qt::RightButton);
     QTest::mousePress(link, Qt::LeftButton);
     QTest::mouseRelease(link, Qt::LeftButton, {}, QPoint(-20, -20));
     link->setEnabled(false);
@@ -157,8 +156,7 @@ TEST(LinkLabel, IsClickedByMouseEnterAndSpace)
 TEST(QuickLink, IsOneControlForPictureAndLabel)
 {
     test::ShownForm window;
-    auto *link = new input::QuickLink(QStringLiteral("Help && Support"),
-                                      theme::icon(QStringLiteral("help")), &window);
+    auto *link = new input::QuickLink(u"Help && Support"_s, theme::icon(u"help"_s), &window);
     window.form.widget(link);
     window.showNow();
     QSignalSpy clicks(link, &QAbstractButton::clicked);
@@ -171,26 +169,24 @@ TEST(QuickLink, IsOneControlForPictureAndLabel)
 
 TEST(DateStamp, HasNoLeadingZerosAndTwelveHours)
 {
-    const auto stamp = [](QTime time) {
-        return input::dateStamp(base::wallClock(QDate(2024, 3, 5), time)).toStdString();
-    };
-    EXPECT_EQ(stamp(QTime(9, 5)), "3/5/2024 9:5 AM");
-    EXPECT_EQ(stamp(QTime(0, 30)), "3/5/2024 12:30 AM");
-    EXPECT_EQ(stamp(QTime(12, 0)), "3/5/2024 12:0 PM");
-    EXPECT_EQ(stamp(QTime(23, 59)), "3/5/2024 11:59 PM");
+    for (const auto &[time, stamp] : {std::pair(QTime(9, 5), u"3/5/2024 9:5 AM"_s),
+                                      {QTime(0, 30), u"3/5/2024 12:30 AM"_s},
+                                      {QTime(12, 0), u"3/5/2024 12:0 PM"_s},
+                                      {QTime(23, 59), u"3/5/2024 11:59 PM"_s}})
+        EXPECT_EQ(input::dateStamp(base::wallClock({2024, 3, 5}, time)), stamp);
 }
 
 TEST(DateStamp, GoesInAtTheCaretAheadOfAShortcutOfTheWindow)
 {
     const test::TestEnvironment environment(base::wallClock(QDate(2024, 3, 15), QTime(14, 7)));
     test::ShownForm window;
-    auto *notes = window.form.memoField(QStringLiteral("txtNotes"), QStringLiteral("Notes"));
-    auto *name = window.form.textField(QStringLiteral("txtName"), QStringLiteral("Name"));
+    auto *notes = window.form.memoField(u"txtNotes"_s, u"Notes"_s);
+    auto *name = window.form.textField(u"txtName"_s, u"Name"_s);
     input::installDateStamp(notes);
     const QShortcut shortcut(QKeySequence(Qt::CTRL | Qt::Key_D), &window);
     QSignalSpy shortcuts(&shortcut, &QShortcut::activated);
     window.showNow();
-    notes->setPlainText(QStringLiteral("ab"));
+    notes->setPlainText(u"ab"_s);
     QTest::keyClick(notes, Qt::Key_Right);
     QTest::keyClick(notes, Qt::Key_D, Qt::ControlModifier);
     EXPECT_EQ(notes->toPlainText().toStdString(), "a3/15/2024 2:7 PMb");
@@ -207,15 +203,15 @@ TEST(DateStamp, GoesInAtTheCaretAheadOfAShortcutOfTheWindow)
 TEST(ValidateOnLeave, HoldsTheFocusAndSwallowsTheClickUntilTheRuleAgrees)
 {
     test::ShownForm window;
-    auto *field = window.form.textField(QStringLiteral("txtCount"), QStringLiteral("Count"));
-    auto *save = window.form.button(QStringLiteral("cmdSave"), QStringLiteral("&Save"));
-    auto *cancel = window.form.button(QStringLiteral("cmdCancel"), QStringLiteral("&Cancel"));
+    auto *field = window.form.textField(u"txtCount"_s, u"Count"_s);
+    auto *save = window.form.button(u"cmdSave"_s, u"&Save"_s);
+    auto *cancel = window.form.button(u"cmdCancel"_s, u"&Cancel"_s);
     int asked = 0;
     bool mayLeave = false;
     input::validateOnLeave(field, [&] { return ++asked, mayLeave; });
     input::setCausesValidation(cancel, false);
     window.showNow();
-    field->setText(QStringLiteral("12"));
+    field->setText(u"12"_s);
     QSignalSpy saves(save, &QPushButton::clicked);
     field->setFocus();
 
@@ -242,16 +238,14 @@ TEST(ValidateOnLeave, HoldsTheFocusAndSwallowsTheClickUntilTheRuleAgrees)
 TEST(IsBlank, TrimsTheValueOfEachKindOfControl)
 {
     QLineEdit edit;
-    EXPECT_TRUE(input::isBlank(&edit));
-    edit.setText(QStringLiteral("  "));
-    EXPECT_TRUE(input::isBlank(&edit));
-    edit.setText(QStringLiteral(" x"));
-    EXPECT_FALSE(input::isBlank(&edit));
     input::IdCombo combo;
-    combo.add(QStringLiteral("  "), 0);
-    EXPECT_TRUE(input::isBlank(&combo));
-    QPlainTextEdit memo(QStringLiteral("\n \n"));
-    EXPECT_TRUE(input::isBlank(&memo));
-    memo.setPlainText(QStringLiteral("\n."));
+    combo.add(u"  "_s, 0);
+    QPlainTextEdit memo(u"\n \n"_s);
+    EXPECT_TRUE(input::isBlank(&edit) && input::isBlank(&combo) && input::isBlank(&memo));
+    edit.setText(u"  "_s);
+    EXPECT_TRUE(input::isBlank(&edit));
+    edit.setText(u" x"_s);
+    EXPECT_FALSE(input::isBlank(&edit));
+    memo.setPlainText(u"\n."_s);
     EXPECT_FALSE(input::isBlank(&memo));
 }

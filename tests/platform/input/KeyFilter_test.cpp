@@ -5,6 +5,8 @@
 
 #include <set>
 
+using namespace Qt::StringLiterals;
+
 using input::KeyEvent;
 using input::TypeCheck;
 
@@ -26,15 +28,6 @@ Codes range(int first, int last)
     return codes;
 }
 
-struct TypeCheckCase
-{
-    const char *type;
-    const char *event;
-    TypeCheck typeNumber;
-    KeyEvent eventNumber;
-    Codes accepted;
-};
-
 const Codes locksAndFunctions = range(112, 123) + Codes{27, 44, 45, 46, 92, 93, 144, 145};
 const Codes decimals = range(48, 57) + Codes{8, 13, 46};
 const Codes stringKeys =
@@ -46,32 +39,30 @@ const Codes intKeys = range(48, 57) + range(96, 105) + Codes{8, 12, 13} + range(
 
 TEST(TypeCheck, PassesExactlyTheseCodes)
 {
-    const TypeCheckCase cases[] = {
-        TypeCheckCase{"String", "KeyPress", TypeCheck::String, KeyEvent::KeyPress,
-                      range(65, 90) + range(97, 122) + Codes{32, 8, 13}},
-        TypeCheckCase{"int", "KEYPRESS", TypeCheck::Int, KeyEvent::KeyPress,
-                      range(48, 57) + Codes{8, 13}},
-        TypeCheckCase{"2", "2", TypeCheck::Double, KeyEvent::KeyPress, decimals},
-        TypeCheckCase{"STRING", "keyup", TypeCheck::String, KeyEvent::KeyUp, stringKeys},
-        TypeCheckCase{"0", "1", TypeCheck::String, KeyEvent::KeyDown, stringKeys},
-        TypeCheckCase{"INT", "KeyUp", TypeCheck::Int, KeyEvent::KeyUp, intKeys},
-        TypeCheckCase{"1", "KEYDOWN", TypeCheck::Int, KeyEvent::KeyDown, intKeys},
-        TypeCheckCase{"double", "0", TypeCheck::Double, KeyEvent::KeyUp, decimals},
-        TypeCheckCase{"DOUBLE", "KeyDown", TypeCheck::Double, KeyEvent::KeyDown, decimals},
-        TypeCheckCase{"DATE", "KEYPRESS", TypeCheck(7), KeyEvent::KeyPress, {}}};
-    for (const TypeCheckCase &test : cases) {
-        SCOPED_TRACE(std::string(test.type) + ' ' + test.event);
+    using Case = std::tuple<const char *, const char *, TypeCheck, KeyEvent, Codes>;
+    const Case cases[] = {
+        Case{"String", "KeyPress", TypeCheck::String, KeyEvent::KeyPress,
+             range(65, 90) + range(97, 122) + Codes{32, 8, 13}},
+        Case{"int", "KEYPRESS", TypeCheck::Int, KeyEvent::KeyPress, range(48, 57) + Codes{8, 13}},
+        Case{"2", "2", TypeCheck::Double, KeyEvent::KeyPress, decimals},
+        Case{"STRING", "keyup", TypeCheck::String, KeyEvent::KeyUp, stringKeys},
+        Case{"0", "1", TypeCheck::String, KeyEvent::KeyDown, stringKeys},
+        Case{"INT", "KeyUp", TypeCheck::Int, KeyEvent::KeyUp, intKeys},
+        Case{"1", "KEYDOWN", TypeCheck::Int, KeyEvent::KeyDown, intKeys},
+        Case{"double", "0", TypeCheck::Double, KeyEvent::KeyUp, decimals},
+        Case{"DOUBLE", "KeyDown", TypeCheck::Double, KeyEvent::KeyDown, decimals},
+        Case{"DATE", "KEYPRESS", TypeCheck(7), KeyEvent::KeyPress, {}}};
+    for (const auto &[type, event, typeNumber, eventNumber, accepted] : cases) {
         Codes byNumber;
         Codes byWord;
         for (int code = -1; code <= 300; ++code) {
-            if (input::Type_Check(code, test.typeNumber, test.eventNumber))
+            if (input::Type_Check(code, typeNumber, eventNumber))
                 byNumber.insert(code);
-            if (input::Type_Check(code, QString::fromLatin1(test.type),
-                                  QString::fromLatin1(test.event)))
+            if (input::Type_Check(code, QString::fromLatin1(type), QString::fromLatin1(event)))
                 byWord.insert(code);
         }
-        EXPECT_EQ(byNumber, test.accepted);
-        EXPECT_EQ(byWord, test.accepted);
+        EXPECT_EQ(byNumber, accepted) << type << ' ' << event;
+        EXPECT_EQ(byWord, accepted) << type << ' ' << event;
     }
 }
 
@@ -86,8 +77,8 @@ TEST(ChangeCase, TakesThirtyTwoFromSmallLettersOnly)
 TEST(RestrictTo, DropsOtherKeysAndCleansWhatIsPasted)
 {
     test::ShownForm window;
-    QLineEdit *edit = window.form.textField(QStringLiteral("txtZip"), QStringLiteral("Zip"));
-    input::restrictTo(edit, TypeCheck::Int, QStringLiteral("-"));
+    QLineEdit *edit = window.form.textField(u"txtZip"_s, u"Zip"_s);
+    input::restrictTo(edit, TypeCheck::Int, u"-"_s);
     window.showNow();
     test::type(edit, "12a3-.4");
     EXPECT_EQ(test::textOf(edit), "123-4");
@@ -98,7 +89,7 @@ TEST(RestrictTo, DropsOtherKeysAndCleansWhatIsPasted)
     QTest::keyClick(edit, Qt::Key_Backspace);
     EXPECT_EQ(test::textOf(edit), "9123-4");
     // What is stored stays as it is.
-    edit->setText(QStringLiteral("12-ab"));
+    edit->setText(u"12-ab"_s);
     QTest::keyClick(edit, Qt::Key_End);
     test::type(edit, "7x");
     EXPECT_EQ(test::textOf(edit), "12-ab7");
@@ -109,7 +100,7 @@ TEST(RestrictTo, DropsOtherKeysAndCleansWhatIsPasted)
 TEST(RestrictTo, TakesOnePointInADecimalNumber)
 {
     test::ShownForm window;
-    QLineEdit *edit = window.form.textField(QStringLiteral("txtHours"), QStringLiteral("Hours"));
+    QLineEdit *edit = window.form.textField(u"txtHours"_s, u"Hours"_s);
     input::restrictTo(edit, TypeCheck::Double);
     window.showNow();
     test::type(edit, "1.2.5");
@@ -125,7 +116,7 @@ TEST(RestrictTo, TakesOnePointInADecimalNumber)
 TEST(KeepOnOneLine, PastedLineBreaksBecomeBlanksOrGo)
 {
     test::ShownForm window;
-    QLineEdit *edit = window.form.textField(QStringLiteral("txtName"), QStringLiteral("Name"));
+    QLineEdit *edit = window.form.textField(u"txtName"_s, u"Name"_s);
     window.showNow();
     test::paste(edit, "Anna\r\nMaria\n");
     EXPECT_EQ(test::textOf(edit), "Anna Maria");
@@ -137,8 +128,7 @@ TEST(UpperCaseAsTyped, WorksWithARestrictionInEitherOrder)
 {
     for (const bool capitalsFirst : {true, false}) {
         test::ShownForm window;
-        QLineEdit *edit =
-            window.form.textField(QStringLiteral("txtUnitNo"), QStringLiteral("Unit No"), 6);
+        QLineEdit *edit = window.form.textField(u"txtUnitNo"_s, u"Unit No"_s, 6);
         if (capitalsFirst)
             input::upperCaseAsTyped(edit);
         input::restrictTo(edit, TypeCheck::String, TypeCheck::Int);
@@ -157,9 +147,9 @@ TEST(UpperCaseAsTyped, WorksWithARestrictionInEitherOrder)
 TEST(KeepAltFromTyping, OnlyLettersWithoutAltAreTyped)
 {
     test::ShownForm window;
-    auto *name = window.form.textField(QStringLiteral("txtName"), QStringLiteral("&Name"));
-    auto *list = window.form.comboField(QStringLiteral("cboState"), QStringLiteral("&State"));
-    list->addItems({QStringLiteral("Ohio"), QStringLiteral("Reno")});
+    auto *name = window.form.textField(u"txtName"_s, u"&Name"_s);
+    auto *list = window.form.comboField(u"cboState"_s, u"&State"_s);
+    list->addItems({u"Ohio"_s, u"Reno"_s});
     window.showNow();
     input::keepAltFromTyping(*qApp);
     name->setFocus();

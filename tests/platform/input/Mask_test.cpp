@@ -4,11 +4,13 @@
 #include "platform/input/Shown.h"
 #include "platform/input/TimeInput.h"
 
+using namespace Qt::StringLiterals;
+
 using input::Mask;
 
 namespace {
 
-const QString phonePattern = QStringLiteral("(###) ###-####");
+const QString phonePattern = u"(###) ###-####"_s;
 
 std::string typedAll(const Mask &mask, const char *keys)
 {
@@ -30,40 +32,39 @@ TEST(Mask, PutsTypedCharactersIntoTheNextPlace)
     EXPECT_EQ(typedAll(phone, "(555) 123-4567"), "(555) 123-4567|14");
     EXPECT_EQ(typedAll(phone, "5a5x512"), "(555) 12 -    |8");
     EXPECT_EQ(typedAll(phone, "55512345678"), "(555) 123-4567|14");
-    EXPECT_EQ(typedAll(Mask(QStringLiteral("##:##M")), "0830p"), "08:30P|6");
+    EXPECT_EQ(typedAll(Mask(u"##:##M"_s), "0830p"), "08:30P|6");
 }
 
-struct FittedCase
+/// A text and what becomes of it; null where it is refused.
+using Becomes = std::pair<const char *, const char *>;
+
+template<class Action>
+void expectBecomes(std::initializer_list<Becomes> cases, const Action &action)
 {
-    const char *text;
-    /// Null when characters would get lost.
-    const char *fitted;
-};
+    for (const auto &[text, expected] : cases)
+        EXPECT_EQ(action(QString::fromLatin1(text)),
+                  expected ? std::optional(QString::fromLatin1(expected)) : std::nullopt)
+            << text;
+}
 
 TEST(Mask, BringsValuesInUnlessACharacterWouldGetLost)
 {
-    const Mask phone(phonePattern);
-    const FittedCase cases[] = {
-        // What fits.
-        FittedCase{"(555) 123-4567", "(555) 123-4567"}, FittedCase{"5551234567", "(555) 123-4567"},
-        FittedCase{"555-123-4567", "(555) 123-4567"}, FittedCase{"555", "(555)    -    "},
-        FittedCase{"", "(   )    -    "}, FittedCase{"  ", "(   )    -    "},
-        // What would lose a character.
-        FittedCase{"55512345678", nullptr}, FittedCase{"(555) 123-456x", nullptr},
-        FittedCase{"ext. 12", nullptr}};
-    for (const FittedCase &test : cases) {
-        const auto fitted = phone.fitted(QString::fromLatin1(test.text));
-        EXPECT_EQ(fitted.has_value(), test.fitted != nullptr) << test.text;
-        if (fitted && test.fitted) {
-            EXPECT_EQ(fitted->toStdString(), test.fitted) << test.text;
-        }
-    }
+    expectBecomes({{"(555) 123-4567", "(555) 123-4567"},
+                   {"5551234567", "(555) 123-4567"},
+                   {"555-123-4567", "(555) 123-4567"},
+                   {"555", "(555)    -    "},
+                   {"", "(   )    -    "},
+                   {"  ", "(   )    -    "},
+                   {"55512345678", nullptr},
+                   {"(555) 123-456x", nullptr},
+                   {"ext. 12", nullptr}},
+                  [](const QString &text) { return Mask(phonePattern).fitted(text); });
 }
 
 TEST(PhoneInput, ErasesPlacesAndKeepsItsFixedCharacters)
 {
     test::ShownForm window;
-    auto *phone = window.form.phoneField(QStringLiteral("txtPhone"), QStringLiteral("Phone"));
+    auto *phone = window.form.phoneField(u"txtPhone"_s, u"Phone"_s);
     window.showNow();
     EXPECT_TRUE(phone->isEmptyMask());
     test::type(phone, "5551234567");
@@ -105,9 +106,9 @@ TEST(PhoneInput, LooksAtThePlacesOfTheFirstNineDigitsOnly)
 TEST(PhoneInput, SurvivesAStoredTextThatIsNoNumber)
 {
     test::ShownForm window;
-    auto *phone = window.form.phoneField(QStringLiteral("txtFax"), QStringLiteral("Fax"));
+    auto *phone = window.form.phoneField(u"txtFax"_s, u"Fax"_s);
     window.showNow();
-    phone->setText(QStringLiteral("ask Bob"));
+    phone->setText(u"ask Bob"_s);
     EXPECT_EQ(test::textOf(phone), "ask Bob");
     QTest::keyClick(phone, Qt::Key_End);
     test::type(phone, "!");
@@ -121,16 +122,14 @@ TEST(PhoneInput, SurvivesAStoredTextThatIsNoNumber)
 
 TEST(TimeInput, CompletesHalfTypedTimes)
 {
-    const FittedCase cases[] = {{"08:30P", "08:30P"}, {"8 :30P", "08:30P"}, {" 8: 5 ", "08:05A"},
-                                {"  :   ", "00:00A"}, {"12:  P", "12:00P"}, {"13:00P", nullptr},
-                                {"99:  A", nullptr}};
-    for (const FittedCase &test : cases) {
-        const auto completed = input::completedTime(QString::fromLatin1(test.text));
-        EXPECT_EQ(completed.has_value(), test.fitted != nullptr) << test.text;
-        if (completed && test.fitted) {
-            EXPECT_EQ(completed->toStdString(), test.fitted) << test.text;
-        }
-    }
+    expectBecomes({{"08:30P", "08:30P"},
+                   {"8 :30P", "08:30P"},
+                   {" 8: 5 ", "08:05A"},
+                   {"  :   ", "00:00A"},
+                   {"12:  P", "12:00P"},
+                   {"13:00P", nullptr},
+                   {"99:  A", nullptr}},
+                  input::completedTime);
 }
 
 TEST(TimeInput, ReadsAndShowsTheTwelveHourClock)
@@ -147,7 +146,7 @@ TEST(TimeInput, ReadsAndShowsTheTwelveHourClock)
         EXPECT_EQ(box.time(), time) << text;
     }
     input::TimeInput box;
-    box.setText(QStringLiteral("13:00P"));
-    EXPECT_FALSE(box.normalise(QStringLiteral("08:00A")));
+    box.setText(u"13:00P"_s);
+    EXPECT_FALSE(box.normalise(u"08:00A"_s));
     EXPECT_EQ(test::textOf(&box), "08:00A");
 }

@@ -9,6 +9,8 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 double channel(double value)
@@ -62,12 +64,12 @@ TEST(Icon, EveryNameGivesAPictureInEveryState)
             << name.toStdString();
         EXPECT_NE(disabled, QImage()) << name.toStdString();
     }
-    EXPECT_TRUE(theme::icon(QStringLiteral("no such picture")).isNull());
+    EXPECT_TRUE(theme::icon(u"no such picture"_s).isNull());
 }
 
 TEST(Icon, IsDrawnAtTheScaleOfTheScreen)
 {
-    const QPixmap twofold = theme::icon(QStringLiteral("save")).pixmap(QSize(24, 24), 2.0);
+    const QPixmap twofold = theme::icon(u"save"_s).pixmap(QSize(24, 24), 2.0);
     EXPECT_EQ(twofold.size(), QSize(48, 48));
     EXPECT_DOUBLE_EQ(twofold.devicePixelRatio(), 2.0);
     // Lines two units wide become four pixels of full colour, not a blur of two.
@@ -79,8 +81,7 @@ TEST(Icon, IsDrawnAtTheScaleOfTheScreen)
     }
     EXPECT_GE(longest, 20);
     // On a dark ground it turns light.
-    const QImage light =
-        theme::icon(QStringLiteral("find"), theme::Tone::OnDark).pixmap(24).toImage();
+    const QImage light = theme::icon(u"find"_s, theme::Tone::OnDark).pixmap(24).toImage();
     EXPECT_GT(inkIn(light, QColor(Qt::white)), 10);
     EXPECT_EQ(inkIn(light, theme::mainColor()), 0);
 }
