@@ -152,54 +152,6 @@ TEST_F(Types, LongTextsAndPicturesComeBackWhole)
     EXPECT_EQ(through(u"Picture"_s, picture), QVariant(picture));
 }
 
-TEST_F(Types, MemosAreTextsInEveryPlaceOfAStatement)
-{
-    int whole = 0;
-    for (const QString &note : {u"pear"_s, u"Apple"_s, u"PEAR"_s, u"100% #1 [x]"_s, u""_s})
-        data.Execute(u"Insert into tblAll(Whole, Name, Note) values(?, ?, ?)"_s,
-                     {++whole, note.left(2), note});
-    data.Execute(u"Insert into tblAll(Whole) values(9)"_s);
-    // Each statement, and the first column of its rows.
-    const std::pair<QString, QString> cases[] = {
-        {u"Select Whole from tblAll where Note = 'Pear' order by Whole"_s, u"1 3"_s},
-        {u"Select Whole from tblAll where Note = ''"_s, u"5"_s},
-        {u"Select Whole from tblAll where Note is null"_s, u"9"_s},
-        {u"Select Whole from tblAll where Note like '*#1 [[]x]'"_s, u""_s},
-        {u"Select Whole from tblAll where Note like '*[#]1 [[]x]'"_s, u"4"_s},
-        {u"Select Whole from tblAll where Note like 'ap*' or Note in ('x', 'pear') order by Whole"_s,
-         u"1 2 3"_s},
-        {u"Select Whole from tblAll where Note > 'b' and Note <= 'pear' order by Whole"_s,
-         u"1 3"_s},
-        {u"Select Note from tblAll where Whole < 4 and Whole <> 3 order by Note "
-         "desc"_s,
-         u"pear Apple"_s},
-        {u"Select Note as N, Whole from tblAll where Whole < 3 order by 1"_s, u"Apple pear"_s},
-        {u"Select distinct Note from tblAll where Whole < 4 order by Note"_s, u"Apple PEAR"_s},
-        {u"Select Note, Count(*) from tblAll where Whole < 4 group by Note having Count(*) > 1"_s,
-         u"PEAR"_s},
-        {u"Select First(Note) from tblAll where Whole < 4"_s, u"Apple"_s},
-        {u"Select Note from tblAll where Whole = 1 union select Note from tblAll where Whole = 3"_s,
-         u"pear"_s},
-        {u"Select Name from tblAll where Whole = 2 union all select Note from tblAll where Whole = 2"_s,
-         u"Ap Apple"_s},
-        {u"Select N from (Select distinct Note as N from tblAll) where N = 'apple'"_s, u"Apple"_s},
-        {u"Select Left(Note, 2) + '-' + UCase(Mid(Note, 3)) from tblAll where Whole = 1"_s,
-         u"pe-AR"_s},
-        {u"Select IIf(InStr(Note, 'pp') > 0, Note, Name) from tblAll where Whole = 2"_s,
-         u"Apple"_s},
-        {u"Select Len(Note) from tblAll where Whole = 1"_s, u"4"_s},
-    };
-    for (const auto &[statement, expected] : cases) {
-        QStringList values;
-        for (const db::Row row : data.Open(statement))
-            values += base::toText(row[0]);
-        EXPECT_EQ(values.join(u' '), expected) << statement.toStdString();
-    }
-    data.Execute(u"Insert into tblAll(Whole, Note) Select 20, Note from tblAll where Whole = 2"_s);
-    EXPECT_EQ(data.Execute(u"Update tblAll set Name = Note where Whole = 20"_s), 1);
-    EXPECT_EQ(firstRow(u"Select Name from tblAll where Whole = 20"_s), QVariantList{u"Apple"_s});
-}
-
 TEST_F(Types, AColumnBecomesAMemoAndBack)
 {
     data.Execute(u"Insert into tblAll(Name, Note) values('kept', 'too long')"_s);

@@ -268,38 +268,6 @@ TEST_F(Engine, WhatAColumnCanNotHoldIsAnOverflow)
     EXPECT_EQ(value(u"Cost"_s), u"922337203685475"_s);
 }
 
-TEST_F(Engine, AGroupIsMadeOfTheColumnAndNotOfAnOutputOfItsName)
-{
-    addMachines({u"Mixer"_s, u"mower"_s, u"Saw"_s});
-    data.Execute(u"insert into Job(JobNo,Machine,Price) values(1,1,5)"_s);
-    data.Execute(u"insert into Job(JobNo,Machine,Price) values(2,1,7)"_s);
-    const auto rows = [&](const QString &statement) {
-        QStringList found;
-        for (const db::Row row : data.Open(statement))
-            found += base::toText(row[0]) + u',' + base::toText(row[1]);
-        found.sort(Qt::CaseInsensitive);
-        return found.join(u' ');
-    };
-    const std::pair<QString, QString> cases[] = {
-        {u"select left(A.Name,1) as Name, count(*) from Machine A group by A.Name"_s,
-         u"M,1 M,2 S,1"_s},
-        {u"select left(Name,1) as Name, count(*) from Machine group by Name"_s, u"M,1 M,2 S,1"_s},
-        {u"select left(Name,1) as Name, count(*) from Machine group by left(Name,1)"_s,
-         u"M,3 S,1"_s},
-        {u"select left(Name,1) as Name, count(*) from Machine group by left(Name,1) having "
-         "left(Name,1) = 'S'"_s,
-         u"S,1"_s},
-        {u"select left(Name,1) as x, Name as Id from Machine group by Name, left(Name,1)"_s,
-         u"M,Mixer M,Mower S,Saw"_s},
-        {u"select sum(Price) as Machine, count(*) from Job group by Machine"_s, u"12,2"_s},
-        {u"select ucase(Name) as Name, (select count(*) from Job j where j.Machine = min(m.Id)) "
-         "from Machine m group by Name"_s,
-         u"MIXER,0 MOWER,2 SAW,0"_s},
-    };
-    for (const auto &[statement, expected] : cases)
-        EXPECT_EQ(rows(statement).toLower(), expected.toLower()) << qPrintable(statement);
-}
-
 TEST_F(Engine, ParametersMayStandAnywhere)
 {
     EXPECT_EQ(value(u"?"_s, {u"abc"_s}), u"abc"_s);
@@ -373,65 +341,6 @@ TEST_F(Engine, TextIsComparedWithoutRegardToCase)
         5);
 }
 
-TEST_F(Engine, YesNoColumnsHoldMinusOneOrZeroWhoeverWrites)
-{
-    data.Execute(u"insert into Part(Code,Spare) values('a','1')"_s);
-    data.Execute(u"insert into Part(Code,Spare) values('b',?)"_s, {5});
-    data.Execute(u"insert into Part(Code) values('c')"_s);
-    data.Execute(u"insert into Part(Code,Spare) values('d',Null)"_s);
-    data.Execute(u"insert into Part(Code,Spare) select Name, Hours > 5 from Machine"_s);
-    const auto rows = data.Open(u"select Code, Spare from Part order by Code"_s);
-    QStringList found;
-    for (const db::Row row : rows)
-        found += row.text(u"Code") + base::toText(row[u"Spare"]);
-    EXPECT_EQ(found.join(u' '), u"a-1 b-1 c0 d0 Mower-1"_s);
-    for (const auto condition : {u"Spare", u"Spare = -1", u"Spare <> 0", u"Spare = True",
-                                 u"Spare = '1'", u"not (Spare = No)"}) {
-        EXPECT_EQ(data.Open(u"select * from Part where "_s + QStringView(condition).toString())
-                      .RecordCount(),
-                  3)
-            << qPrintable(QStringView(condition).toString());
-    }
-    data.Execute(u"alter table Part add Checked yesno"_s);
-    EXPECT_EQ(data.Open(u"select * from Part where Checked = 0"_s).RecordCount(), 5);
-    data.Execute(u"update Part set Checked = True where Code = 'a'"_s);
-    data.Execute(u"alter table Part drop column Spare"_s);
-    EXPECT_EQ(data.Open(u"select * from Part where Checked = -1"_s).RecordCount(), 1);
-}
-
-TEST_F(Engine, OuterJoinsGiveTheRowsThatTheConditionSays)
-{
-    data.Execute(u"insert into Machine(Name) values('Idle')"_s);
-    data.Execute(u"insert into Job(JobNo,Machine,Code,Due) values(1,1,'x',#3/1/2024#)"_s);
-    data.Execute(u"insert into Job(JobNo,Machine,Code) values(2,1,'y')"_s);
-    const QString from =
-        u"select m.Name from Machine m left join Job j on m.Id = j.Machine where "_s;
-    const auto rows = [&](const QString &where) { return data.Open(from + where).RecordCount(); };
-    EXPECT_EQ(rows(u"m.Id > 0"_s), 3);
-    EXPECT_EQ(rows(u"j.JobNo > 0"_s), 2);
-    EXPECT_EQ(rows(u"j.JobNo is null"_s), 1);
-    EXPECT_EQ(rows(u"j.Due < #3/15/2024#"_s), 1);
-    EXPECT_EQ(rows(u"(j.Due < #3/15/2024# or j.Due is null)"_s), 3);
-    EXPECT_EQ(rows(u"not (j.Code = 'x')"_s), 1);
-    EXPECT_EQ(rows(u"j.JobNo not in (select JobNo from Job where Code = 'x')"_s), 1);
-    EXPECT_EQ(rows(u"j.JobNo not in (select JobNo from Job where Code = 'q')"_s), 3);
-    EXPECT_EQ(rows(u"j.JobNo & '' = ''"_s), 1);
-}
-
-TEST_F(Engine, UnionsTakeNullAndNumbersBesideTexts)
-{
-    data.Execute(u"insert into Job(JobNo,Code) values(7,'seven')"_s);
-    const auto rows =
-        data.Open(u"select Name as [Unit No], Null as [No], 0 as [Printed] from Machine union "
-                  "select Code, JobNo, 'no' from Job order by [Unit No] desc"_s);
-    ASSERT_EQ(rows.RecordCount(), 2);
-    EXPECT_EQ(rows.row(0).text(u"Unit No"), u"seven"_s);
-    EXPECT_EQ(rows.row(0).integer(u"No"), 7);
-    EXPECT_EQ(rows.row(0).text(u"Printed"), u"no"_s);
-    EXPECT_TRUE(rows.row(1).isNull(u"No"));
-    EXPECT_EQ(rows.row(1).text(u"Printed"), u"0"_s);
-}
-
 TEST_F(Engine, AMismatchIsRaisedWhenTheStatementRuns)
 {
     for (const QString &condition :
@@ -441,27 +350,4 @@ TEST_F(Engine, AMismatchIsRaisedWhenTheStatementRuns)
         EXPECT_EQ(test::raisedBy(open).number(), sql::ErrorNumber::TypeMismatch)
             << qPrintable(condition);
     }
-}
-
-TEST_F(Engine, DefinitionsDoWhatTheySay)
-{
-    data.Execute(
-        u"create table Log ([No] counter(100,1) primary key, Text text(10) not null, At datetime "
-        "default Date(), Price currency default 2.5, constraint byText unique (Text))"_s);
-    EXPECT_EQ(data.Insert(u"insert into Log(Text) values('a')"_s, {}, u"No"_s), 100);
-    EXPECT_EQ(data.Insert(u"insert into Log(Text) values('b')"_s, {}, u"no"_s), 101);
-    data.Execute(u"alter table Log alter column [No] counter(500,1)"_s);
-    EXPECT_EQ(data.Insert(u"insert into Log(Text) values('c')"_s, {}, u"No"_s), 500);
-    const auto row = data.Open(u"select * from Log where [No] = 100"_s).row(0);
-    EXPECT_EQ(row.date(u"At"), base::wallClock(QDate(2024, 3, 15)));
-    EXPECT_EQ(row.real(u"Price"), 2.5);
-    EXPECT_THROW(data.Execute(u"insert into Log(Text) values('A')"_s), base::Error);
-    EXPECT_THROW(data.Execute(u"insert into Log(Text) values(Null)"_s), base::Error);
-    data.Execute(u"create index Newest on Log (At desc)"_s);
-    data.Execute(u"create index Newest on Job (Due desc)"_s);
-    data.Execute(u"drop index Newest on Log"_s);
-    data.Execute(u"alter table Log drop constraint byText"_s);
-    data.Execute(u"insert into Log(Text) values('A')"_s);
-    data.Execute(u"drop table Log"_s);
-    EXPECT_THROW(static_cast<void>(data.Open(u"select * from Log"_s)), base::Error);
 }
