@@ -6,13 +6,11 @@
 #include "platform/report/paginate/Tabulator.h"
 #include "platform/report/paginate/TextFlow.h"
 #include "platform/report/render/Export.h"
-#include "platform/report/render/PagePainter.h"
 
+#include "Drawn.h"
 #include "ReportRows.h"
 #include "support/TestFiles.h"
 
-#include <QImage>
-#include <QPainter>
 #include <QTemporaryDir>
 #include <gmock/gmock.h>
 
@@ -20,7 +18,6 @@ namespace report {
 namespace {
 
 using namespace Qt::StringLiterals;
-using namespace std::string_literals;
 
 /// A chart of 100 by 60 mm in a band.
 Layout chartIn(const QByteArray &band, const QByteArray &attributes, const QByteArray &series,
@@ -61,12 +58,13 @@ std::string tables(const Layout &layout, const DataSource &rows)
 
 Rows costs()
 {
-    return {{u"Site"_s, u"Unit"_s, u"Kind"_s, u"Cost"_s, u"Hours"_s},
-            {{u"N"_s, u"M-1"_s, u"Oil"_s, 10.5, 1},
-             {u"N"_s, u"M-2"_s, u"Belt"_s, 4, 2},
-             {u"N"_s, u"m-1"_s, u"Belt"_s, 20, QVariant()},
-             {u"S"_s, u"M-3"_s, u"Oil"_s, -6, 3},
-             {u"S"_s, QVariant(), u"Oil"_s, QVariant(), 4}}};
+    const auto day = [](int month, int of) { return base::wallClock(QDate(2024, month, of)); };
+    return {{u"Site"_s, u"Unit"_s, u"Kind"_s, u"Cost"_s, u"Hours"_s, u"Day"_s},
+            {{u"N"_s, u"M-1"_s, u"Oil"_s, 10.5, 1, day(1, 5)},
+             {u"N"_s, u"M-2"_s, u"Belt"_s, 4, 2, day(1, 31)},
+             {u"N"_s, u"m-1"_s, u"Belt"_s, 20, QVariant(), day(2, 1)},
+             {u"S"_s, u"M-3"_s, u"Oil"_s, -6, 3, day(2, 1)},
+             {u"S"_s, QVariant(), u"Oil"_s, QVariant(), 4, day(2, 2)}}};
 }
 
 TEST(Chart, CollectsTheRowsOfItsBandsGroupOrOfTheReport)
@@ -102,19 +100,13 @@ TEST(Chart, CollectsTheRowsOfItsBandsGroupOrOfTheReport)
          R"x(<series name="Cost" value="Cost"/><series name="time" value="Hours * 20"/>)x",
          "| Cost time|(none) - 80|M-3 -6 60|M-1 30.5 20|M-2 4 40"},
         {"kind=\"reportFooter\"", "category=\"Unit\" order=\"category\"", cost,
-         "| Cost|(none) -|M-1 30.5|M-2 4|M-3 -6"}};
+         "| Cost|(none) -|M-1 30.5|M-2 4|M-3 -6"},
+        // What the category's format shows alike belongs together.
+        {"kind=\"reportFooter\"", "category=\"Day\" categoryFormat=\"mmm yyyy\"", cost,
+         "| Cost|Jan 2024 14.5|Feb 2024 14"}};
     for (const Case &one : cases)
         EXPECT_EQ(tables(chartIn(one.band, one.attributes, one.series, group), costs()), one.table)
             << one.band.toStdString() << one.attributes.toStdString();
-}
-
-TEST(Chart, PutsTogetherWhatTheCategorysFormatShowsAlike)
-{
-    const Rows rows({u"Day"_s, u"Cost"_s}, {{base::wallClock(QDate(2024, 1, 5)), 1},
-                                            {base::wallClock(QDate(2024, 1, 31)), 2},
-                                            {base::wallClock(QDate(2024, 2, 1)), 4}});
-    EXPECT_EQ(tables(inFooter("category=\"Day\" categoryFormat=\"mmm yyyy\"", cost), rows),
-              "| Cost|Jan 2024 3|Feb 2024 4");
 }
 
 TEST(Chart, WhatItCantUseIsTold)
@@ -122,12 +114,9 @@ TEST(Chart, WhatItCantUseIsTold)
     const Layout layout = inFooter("category=\"sum(Cost)\" title=\"{Nobody}\"",
                                    R"x(<series value="Colour"/><series value="sum(Cost, 'page')"/>
                                        <series value="sum(Width)"/>)x");
-    QStringList problems;
-    (void)allPages(layout, costs(), {}, &problems);
-    const std::string all = problems.join(u'\n').toStdString();
-    for (const char *part : {"can't hold an aggregate", "no field \"nobody\"",
-                             "no field \"colour\"", "takes no \"page\"", "no field \"width\""})
-        EXPECT_THAT(all, testing::HasSubstr(part));
+    expectTold(problemsOf(layout, costs()),
+               {u"can't hold an aggregate"_s, u"no field \"nobody\""_s, u"no field \"colour\""_s,
+                u"takes no \"page\""_s, u"no field \"width\""_s});
 }
 
 TEST(ChartAxis, HasRoundTicksAboutAllValues)
@@ -195,10 +184,8 @@ TEST(Chart, NothingOverlapsOrLeavesTheFrame)
         for (const char *legend : {"bottom", "right"})
             for (const int count : {1, 4, 13, 200})
                 for (const QString &name : {u"%1"_s, u"M-%1/2024"_s, longName}) {
-                    SCOPED_TRACE(kind);
-                    SCOPED_TRACE(legend);
-                    SCOPED_TRACE(name.toStdString());
-                    SCOPED_TRACE(count);
+                    SCOPED_TRACE(testing::Message() << kind << ' ' << legend << ' ' << count << ' '
+                                                    << qPrintable(name));
                     const Layout layout = inFooter(
                         QByteArray("kind=\"") + kind + "\" legend=\"" + legend +
                             "\" category=\"Name\" title=\"Cost of everything that we have had done "
@@ -271,21 +258,14 @@ TEST(Chart, NamesStandUprightInLinesWhereTheirWordsFit)
             turned += text.turned;
             words.append(text.lines.value(0).text);
         }
-        return std::pair(turned, words.filter(u"yard"_s).value(0).toStdString());
+        return std::pair(turned, words.filter(u"yard"_s));
     };
-    EXPECT_EQ(labels(u"%1 storage yard of the south"_s, 4), std::pair(0, "0 storage yard"s));
-    EXPECT_EQ(labels(u"%1 yard"_s, 4), std::pair(0, "0 yard"s));
+    EXPECT_EQ(labels(u"%1 storage yard of the south"_s, 4).second.value(0), u"0 storage yard"_s);
+    EXPECT_EQ(labels(u"%1 yard"_s, 4).first, 0);
     EXPECT_EQ(labels(u"%1yard-of-the-southern-crew"_s, 4).first, 4) << "no word is broken";
     EXPECT_EQ(labels(u"%1 storage yard of the south"_s, 13).first, 13);
-    const auto found = texts(allPages(inFooter("category=\"Name\"", cost),
-                                      many(9, u"A%1"_s + QString(80, u'n')), {})[0]);
-    EXPECT_EQ(std::ranges::count_if(found,
-                                    [](const auto &text) {
-                                        return text.first.startsWith(u'A') &&
-                                               text.first.endsWith(QChar(0x2026));
-                                    }),
-              9)
-        << "longer ones end in an ellipsis";
+    const QStringList longer = labels(u"yard%1"_s + QString(80, u'n'), 9).second;
+    EXPECT_EQ(longer.filter(QChar(0x2026)).size(), 9) << "longer ones end in an ellipsis";
 }
 
 /// The bars of a page by their fill.
@@ -307,8 +287,7 @@ TEST(Chart, BarsAreAsHighAsTheirValues)
     const Page beside = allPages(inFooter(plain, series), rows, {})[0];
     const auto red = bars(beside, Qt::red);
     const auto blue = bars(beside, Qt::blue);
-    ASSERT_EQ(red.size(), 2);
-    ASSERT_EQ(blue.size(), 1);
+    ASSERT_EQ(std::pair(red.size(), blue.size()), std::pair(qsizetype(2), qsizetype(1)));
     EXPECT_NEAR(red[1].height(), 2 * red[0].height(), 2);
     EXPECT_NEAR(blue[0].height(), 3 * red[0].height(), 3);
     EXPECT_EQ(red[0].y() + red[0].height(), red[1].y()) << "up and down from zero";
@@ -372,18 +351,8 @@ TEST(Chart, EveryOutputHasIt)
     EXPECT_THAT(html, testing::HasSubstr("M-3"));
     EXPECT_EQ(written(u"a.pdf"_s).first(5), "%PDF-");
     EXPECT_EQ(written(u"a.xlsx"_s).first(2), "PK");
-
-    QImage image(2200, 2800, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    painter.scale(0.1, 0.1);
-    PagePainter().paint(allPages(layout, costs(), {})[0], painter);
-    painter.end();
-    qsizetype blue = 0;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            blue += image.pixelColor(x, y) == QColor(0, 0x72, 0xb2);
-    EXPECT_GT(blue, 5000) << "bars are painted";
+    const QImage image = drawn(allPages(layout, costs(), {})[0], {2200, 2800}, 0.1);
+    EXPECT_GT(pointsOf(image, QColor(0, 0x72, 0xb2)), 5000) << "bars are painted";
 }
 
 } // namespace

@@ -40,19 +40,9 @@ private:
     Length length() { return below(3) == 0 ? below(2147483647) - 1073741823 : below(20000) - 500; }
     QString words()
     {
-        static const QStringList all{u""_s,
-                                     u" "_s,
-                                     u"Price"_s,
-                                     u"a\nb\tc"_s,
-                                     u"{Bin} <&>\"'"_s,
-                                     u"\u0001x"_s,
-                                     QString(QChar(0xd800)),
-                                     u"  two words "_s,
-                                     u"=Photo"_s,
-                                     u"Ünü \u4e2d"_s,
-                                     u"bin"_s,
-                                     u"]]>"_s,
-                                     u"\r\n"_s};
+        static const QStringList all =
+            u"| |Price|a\nb\tc|{Bin} <&>\"'|\u0001x|\xd800|  two words |=Photo|Ünü \u4e2d|bin|]]>|\r\n"_s
+                .split(u'|');
         return all[below(static_cast<int>(all.size()))];
     }
     QColor color() { return below(4) == 0 ? QColor() : QColor::fromHsvF(0.3f, 0.7f, 0.9f, 0.4f); }

@@ -90,12 +90,10 @@ TEST(LayoutFile, UnknownPartsWarnAndTheRestIsRead)
     ASSERT_TRUE(reading.layout) << reading.error.toStdString();
     EXPECT_EQ(reading.layout->bands[0].objects.size(), 1);
     ASSERT_EQ(reading.warnings.size(), 2);
-    EXPECT_THAT(reading.warnings[0].toStdString(),
-                testing::AllOf(testing::StartsWith("Line 2, column "),
-                               testing::HasSubstr("\"colour\" of \"band\" is not known")));
-    EXPECT_THAT(reading.warnings[1].toStdString(),
-                testing::AllOf(testing::StartsWith("Line 3, column "),
-                               testing::HasSubstr("\"map\" is not known here")));
+    EXPECT_THAT(
+        reading.warnings.join(u'\n').toStdString(),
+        testing::MatchesRegex("Line 2, column [0-9]+: .*\"colour\" of \"band\" is not known.*\n"
+                              "Line 3, column [0-9]+: .*\"map\" is not known here.*"));
 }
 
 QByteArray inBand(const QByteArray &object)
@@ -172,22 +170,18 @@ TEST(LayoutFile, IsWrittenWholeOrNotAtAll)
     EXPECT_TRUE(missing.error.contains(u"none.rpt"));
 }
 
-TEST(LayoutFile, EveryOldVersionIsStillRead)
+/// The files of the versions in use come back as they are.
+TEST(LayoutFile, EveryVersionIsStillRead)
 {
-    const LayoutReading reading = readLayoutFile(QStringLiteral(REPORT_TEST_DATA "/version1.rpt"));
-    ASSERT_TRUE(reading.layout) << reading.error.toStdString();
-    EXPECT_TRUE(reading.warnings.isEmpty());
-    EXPECT_EQ(reading.layout->bands.size(), 4);
-    EXPECT_EQ(reading.layout->find(u"lblCompanyName")->style.font.points, 14);
-}
-
-TEST(LayoutFile, FilesOfTheVersionsInUseComeBackAsTheyAre)
-{
-    for (const int version : {2, Layout::CurrentVersion}) {
+    for (int version = 1; version <= Layout::CurrentVersion; ++version) {
         const QString path = QStringLiteral(REPORT_TEST_DATA "/version%1.rpt").arg(version);
         const LayoutReading reading = readLayoutFile(path);
         ASSERT_TRUE(reading.layout) << reading.error.toStdString();
         EXPECT_TRUE(reading.warnings.isEmpty());
+        if (version == 1) {
+            EXPECT_EQ(reading.layout->find(u"lblCompanyName")->style.font.points, 14);
+            continue;
+        }
         EXPECT_EQ(writeLayout(*reading.layout).toStdString(), test::readFile(path).toStdString());
     }
 }

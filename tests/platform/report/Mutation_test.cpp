@@ -200,77 +200,21 @@ private:
         text.insert(place, oneOf(Expressions));
     }
 
-    static constexpr const char *Lengths[] = {"0mm",   "9999mm", "0.01mm", "400mm", "1e3mm",
-                                              "0.4mm", "2mm",    "25.4mm", "5pt",   "139.7mm"};
-    static constexpr const char *Values[] = {"",
-                                             "0mm",
-                                             "-5mm",
-                                             "9999mm",
-                                             "-9999mm",
-                                             "0.01mm",
-                                             "1e5mm",
-                                             "nanmm",
-                                             "infmm",
-                                             "0",
-                                             "-1",
-                                             "2147483648",
-                                             "1e308",
-                                             "nan",
-                                             "yes",
-                                             "no",
-                                             "1000",
-                                             "0.0001",
-                                             "none",
-                                             "all",
-                                             "#000",
-                                             "=Photo",
-                                             "../x",
-                                             "file:///etc/x",
-                                             "sum(Price)",
-                                             "count(*)",
-                                             "RowNumber",
-                                             "TotalPages",
-                                             "1/0",
-                                             "true",
-                                             "page",
-                                             "report",
-                                             "0.00000000000000000000",
-                                             "#,##0.00%",
-                                             "yyyymmddhhnnssAMPM",
-                                             "{{",
-                                             "{Price}{",
-                                             "{sum(Price)}"};
-    static constexpr const char *Expressions[] = {"(",
-                                                  ")",
-                                                  " + ",
-                                                  " &amp; ",
-                                                  "sum(",
-                                                  "if(",
-                                                  "'",
-                                                  "#1/1/2024#",
-                                                  "[",
-                                                  "]",
-                                                  "{",
-                                                  "}",
-                                                  "not ",
-                                                  "-",
-                                                  " mod 0",
-                                                  " * 1000000000000000",
-                                                  ", 'page'",
-                                                  ", 'x'",
-                                                  "left(",
-                                                  "format(",
-                                                  "PageNumber",
-                                                  "TotalPages",
-                                                  "0.1",
-                                                  " / 3",
-                                                  "99999999999999999999999999999999999999",
-                                                  "round(",
-                                                  ", -400)",
-                                                  "days(",
-                                                  "hours(",
-                                                  "avg(",
-                                                  "*"};
+    inline static const QByteArrayList Lengths =
+        QByteArray("0mm|9999mm|0.01mm|400mm|1e3mm|0.4mm|2mm|25.4mm|5pt|139.7mm").split('|');
+    inline static const QByteArrayList Values =
+        QByteArray(
+            "|0mm|-5mm|9999mm|-9999mm|0.01mm|1e5mm|nanmm|infmm|0|-1|2147483648|1e308|nan|yes|no|"
+            "1000|0.0001|none|all|#000|=Photo|../x|file:///etc/x|sum(Price)|count(*)|RowNumber|"
+            "TotalPages|1/0|true|page|report|0.00000000000000000000|#,##0.00%|yyyymmddhhnnssAMPM|"
+            "{{|{Price}{|{sum(Price)}")
+            .split('|');
+    inline static const QByteArrayList Expressions =
+        QByteArray(
+            "(|)| + | &amp; |sum(|if(|'|#1/1/2024#|[|]|{|}|not |-| mod 0| * 1000000000000000|"
+            ", 'page'|, 'x'|left(|format(|PageNumber|TotalPages|0.1| / 3|"
+            "99999999999999999999999999999999999999|round(|, -400)|days(|hours(|avg(|*")
+            .split('|');
     static constexpr const char *Lines[] = {
         "<group name=\"g\" by=\"RowNumber\" newPage=\"yes\" repeatHeader=\"yes\"/>",
         "<group name=\"h\" by=\"Site\" keepTogether=\"yes\" resetPageNumber=\"yes\"/>",

@@ -1,29 +1,27 @@
 #include "platform/base/Environment.h"
 #include "platform/report/paginate/TextFlow.h"
 #include "platform/report/render/Export.h"
-#include "platform/report/render/PagePainter.h"
 #include "platform/report/render/PdfFile.h"
 #include "platform/report/render/SpreadsheetFile.h"
 #include "platform/report/render/TableColumns.h"
 
+#include "Drawn.h"
 #include "ReportRows.h"
 #include "support/Raised.h"
+#include "support/SmallDisk.h"
 #include "support/TestFiles.h"
 
-#include <QBuffer>
 #include <QDir>
-#include <QPainter>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <array>
-#include <csignal>
 #include <gmock/gmock.h>
-#include <sys/resource.h>
 
 namespace report {
 namespace {
 
 using namespace Qt::StringLiterals;
+using namespace std::string_literals;
 
 /// Parts by bin: a group, captions, numbers, dates and texts that files have to quote.
 Layout partsLayout()
@@ -56,12 +54,14 @@ Rows parts()
 class Export : public testing::Test
 {
 protected:
-    QString write(const Layout &layout, const DataSource &rows, const QString &name)
+    [[nodiscard]] QString path(const QString &name) const { return m_folder.filePath(name); }
+    /// The bytes of the file that a report is written into.
+    std::string written(const Layout &layout, const DataSource &rows, const QString &name)
     {
-        const QString path = m_folder.filePath(name);
-        const Outcome outcome = exportReport(layout, rows, {}, path, *exportFormat(path));
-        EXPECT_TRUE(outcome.problems.isEmpty()) << outcome.problems.join(u"\n"_s).toStdString();
-        return path;
+        const Outcome outcome =
+            exportReport(layout, rows, {}, path(name), *exportFormat(path(name)));
+        EXPECT_EQ(outcome.problems, QStringList());
+        return test::readFile(path(name)).toStdString();
     }
     /// What a program of the system prints, nothing where it isn't installed.
     static std::optional<QString> output(const QString &program, const QStringList &arguments)
@@ -88,7 +88,7 @@ TEST_F(Export, KnowsFormatsByTheirEndings)
 
 TEST_F(Export, CsvHasALineForEachDetail)
 {
-    EXPECT_EQ(test::readFile(write(partsLayout(), parts(), u"parts.csv"_s)).toStdString(),
+    EXPECT_EQ(written(partsLayout(), parts(), u"parts.csv"_s),
               "\xEF\xBB\xBF"
               "Bin,Part,Price,Bought\r\n"
               "A1,\"Belt, 40\"\"\",12.5,03/05/2024\r\n"
@@ -101,19 +101,14 @@ TEST_F(Export, CsvHasALineForEachDetail)
         <band kind="pageHeader"><text x="30mm" width="60mm" content="Number"/><text x="90mm" width="20mm" content="Cost"/></band>
         <band kind="detail"><field x="30mm" width="60mm" content="Description"/><field x="88mm" width="30mm" content="Price"/></band>
         </report>)x");
-    EXPECT_EQ(test::readFile(write(layout, parts(), u"titled.csv"_s)).left(14),
-              QByteArray("\xEF\xBB\xBF"
-                         "Number,Cost"));
-}
-
-TEST_F(Export, CsvOfASummaryHasALineForEachGroup)
-{
-    const Layout layout = layoutOf(R"x(<report version="1"><group name="Bin" by="Bin"/>
+    EXPECT_THAT(written(layout, parts(), u"titled.csv"_s),
+                testing::StartsWith("\xEF\xBB\xBFNumber,Cost"));
+    const Layout summary = layoutOf(R"x(<report version="1"><group name="Bin" by="Bin"/>
         <band kind="groupFooter" group="Bin"><field content="Bin"/><field name="Worth" content="sum(Price)" format="$0.00"/></band>
         <band kind="reportFooter"><field content="sum(Price)"/></band></report>)x");
-    EXPECT_EQ(test::readFile(write(layout, parts(), u"bins.csv"_s)).toStdString(),
-              "\xEF\xBB\xBF"
-              "Bin,Worth\r\nA1,19.75\r\nB2,-3\r\n");
+    EXPECT_EQ(written(summary, parts(), u"bins.csv"_s), "\xEF\xBB\xBF"
+                                                        "Bin,Worth\r\nA1,19.75\r\nB2,-3\r\n")
+        << "without details a line for each group";
 }
 
 TEST_F(Export, HtmlStandsForItself)
@@ -124,7 +119,7 @@ TEST_F(Export, HtmlStandsForItself)
           <field content="Description" color="#24476d" bold="yes" border="bottom"/><line y="10mm" height="0mm"/></band>
         </report>)x");
     const Rows rows({u"Description"_s}, {{u"Oil <5W>"_s}});
-    const std::string html = test::readFile(write(layout, rows, u"parts.html"_s)).toStdString();
+    const std::string html = written(layout, rows, u"parts.html"_s);
     // The ascent of 9 points is 288 units, so the line begins at the frame's top.
     EXPECT_THAT(html,
                 testing::StartsWith("<!DOCTYPE html>\n<html>\n<head>\n<meta charset=\"utf-8\">\n"
@@ -141,7 +136,7 @@ TEST_F(Export, HtmlStandsForItself)
     EXPECT_THAT(html, testing::EndsWith(page));
     const Layout bad = layoutOf(R"x(<report version="1" title="&lt;/title&gt;&lt;script/&gt;">
         <band kind="detail"><field font="F-1.'&quot;&gt;&lt;script&gt;;x:" content="Description"/></band></report>)x");
-    const std::string text = test::readFile(write(bad, rows, u"bad.html"_s)).toStdString();
+    const std::string text = written(bad, rows, u"bad.html"_s);
     EXPECT_THAT(text, testing::HasSubstr("9pt 'F-1.scriptx',Arial"));
     EXPECT_THAT(text, testing::Not(testing::HasSubstr("<script")));
 }
@@ -150,38 +145,24 @@ TEST_F(Export, PdfHasItsPagesAndTheirWords)
 {
     // 40 mm of page hold the title, captions and four bands of 5 mm with the header; the rest goes
     // on.
-    const QString path = write(partsLayout(), parts(), u"parts.pdf"_s);
-    const QByteArray bytes = test::readFile(path);
-    EXPECT_TRUE(bytes.startsWith("%PDF-"));
-    EXPECT_TRUE(bytes.trimmed().endsWith("%%EOF"));
-    const auto information = output(u"pdfinfo"_s, {path});
+    EXPECT_THAT(written(partsLayout(), parts(), u"parts.pdf"_s),
+                testing::AllOf(testing::StartsWith("%PDF-"), testing::EndsWith("%%EOF\n")));
+    const auto information = output(u"pdfinfo"_s, {path(u"parts.pdf"_s)});
     if (!information)
         GTEST_SKIP() << "no program to read PDF files";
-    EXPECT_THAT(information->toStdString(), testing::ContainsRegex("Pages: +2\n"));
-    EXPECT_THAT(information->toStdString(), testing::ContainsRegex("Page size: +612 x 792 pts"));
-    EXPECT_THAT(information->toStdString(), testing::HasSubstr("Parts & bins"));
-    const auto text = output(u"pdftotext"_s, {u"-layout"_s, path, u"-"_s});
+    for (const char *line : {"Pages: +2\n", "Page size: +612 x 792 pts", "Parts & bins"})
+        EXPECT_THAT(information->toStdString(), testing::ContainsRegex(line));
+    const auto text = output(u"pdftotext"_s, {u"-layout"_s, path(u"parts.pdf"_s), u"-"_s});
     ASSERT_TRUE(text);
     for (const char *words : {"Belt, 40\"", "$12.50", "$19.75", "-$3.00", "03/05/2024"})
         EXPECT_THAT(text->toStdString(), testing::HasSubstr(words));
 }
 
-QByteArray fileOf(const QImage &image, const char *format)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    EXPECT_TRUE(image.save(&buffer, format));
-    return bytes;
-}
-
 /// Everything that a page can show.
 Page fullPage()
 {
-    QImage photograph(40, 20, QImage::Format_RGB32);
-    photograph.fill(QColor(0x40, 0x80, 0xc0));
-    QImage mark(20, 20, QImage::Format_ARGB32);
-    mark.fill(QColor(200, 0, 0, 128));
+    const QByteArray photograph = pictureFile({40, 20}, QColor(0x40, 0x80, 0xc0), "JPG");
+    const QByteArray mark = pictureFile({20, 20}, QColor(200, 0, 0, 128));
     Page page;
     const auto text = [&page](const QString &words, const QRect &frame, auto &&change) {
         TextItem item;
@@ -215,30 +196,22 @@ Page fullPage()
          BarCodeItem{{10000, 5500, 1000, 500}, {{10000, 5500, 300, 500}}},
          ShapeItem{{}, {{1000, 8000}, {2000, 6500}, {3000, 8000}}, true, 100, Qt::blue, Qt::red},
          ShapeItem{{}, {{3500, 8000}, {4500, 6500}, {5500, 8000}}, false, 100, Qt::blue, {}},
-         PictureItem{{6000, 6500, 4000, 1500}, fileOf(photograph, "JPG"), Align::Left},
-         PictureItem{{9500, 6500, 2000, 1500}, fileOf(mark, "PNG"), Align::Right}};
+         PictureItem{{6000, 6500, 4000, 1500}, photograph, Align::Left},
+         PictureItem{{9500, 6500, 2000, 1500}, mark, Align::Right}};
     return page;
 }
 
 TEST_F(Export, APdfLooksAsThePageDoesOnScreen)
 {
     constexpr int Dpi = 144;
-    PageSetup setup;
-    const QString path = m_folder.filePath(u"full.pdf"_s);
-    PdfFile file(path, setup, u"Full"_s);
+    PdfFile file(path(u"full.pdf"_s), PageSetup(), u"Full"_s);
     file.add(fullPage());
     file.finish();
-    if (!output(u"pdftoppm"_s, {u"-r"_s, QString::number(Dpi), u"-png"_s, u"-singlefile"_s, path,
-                                m_folder.filePath(u"full"_s)}))
+    if (!output(u"pdftoppm"_s, {u"-r"_s, QString::number(Dpi), u"-png"_s, u"-singlefile"_s,
+                                path(u"full.pdf"_s), path(u"full"_s)}))
         GTEST_SKIP() << "no program to draw PDF files";
-    const QImage drawn(m_folder.filePath(u"full.png"_s));
-    QImage shown(drawn.size(), QImage::Format_RGB32);
-    shown.fill(Qt::white);
-    QPainter painter(&shown);
-    painter.setRenderHints(QPainter::Antialiasing);
-    painter.scale(Dpi / 2540.0, Dpi / 2540.0);
-    PagePainter().paint(fullPage(), painter);
-    painter.end();
+    const QImage printed(path(u"full.png"_s));
+    const QImage shown = drawn(fullPage(), printed.size(), Dpi / 2540.0);
     // Two ways to soften edges differ a little everywhere; what is missing or elsewhere, a lot.
     const auto part = [](const QImage &image, int column, int row) {
         const QColor color(image.copy(40 * column, 20 * row, 40, 20)
@@ -246,38 +219,35 @@ TEST_F(Export, APdfLooksAsThePageDoesOnScreen)
                                .pixel(0, 0));
         return std::array{color.red(), color.green(), color.blue()};
     };
-    ASSERT_GT(drawn.width(), 1200);
+    ASSERT_GT(printed.width(), 1200);
     for (int row = 0; row < 24; ++row)
         for (int column = 0; column < 18; ++column)
             for (int color = 0; color < 3; ++color)
-                EXPECT_NEAR(part(drawn, column, row)[color], part(shown, column, row)[color], 16)
+                EXPECT_NEAR(part(printed, column, row)[color], part(shown, column, row)[color], 16)
                     << column << ", " << row;
-    EXPECT_THAT(output(u"pdftotext"_s, {path, u"-"_s})->toStdString(),
+    EXPECT_THAT(output(u"pdftotext"_s, {path(u"full.pdf"_s), u"-"_s})->toStdString(),
                 testing::HasSubstr("Öl 5W-40, €5 – “Прим”"));
 }
 
 TEST_F(Export, SpreadsheetKeepsNumbersAndDates)
 {
-    const QString path = write(partsLayout(), parts(), u"parts.xlsx"_s);
-    EXPECT_TRUE(test::readFile(path).startsWith("PK"));
-    const auto sheet = output(u"unzip"_s, {u"-p"_s, path, u"xl/worksheets/sheet1.xml"_s});
-    const auto styles = output(u"unzip"_s, {u"-p"_s, path, u"xl/styles.xml"_s});
+    EXPECT_THAT(written(partsLayout(), parts(), u"parts.xlsx"_s), testing::StartsWith("PK"));
+    const auto part = [&](const QString &name) {
+        return output(u"unzip"_s, {u"-p"_s, path(u"parts.xlsx"_s), name});
+    };
+    const auto sheet = part(u"xl/worksheets/sheet1.xml"_s);
+    const auto styles = part(u"xl/styles.xml"_s);
     if (!sheet || !styles)
         GTEST_SKIP() << "no program to unpack files";
-    const std::string xml = sheet->toStdString();
-    // Row 1 is the title, 2 the captions, 3 the bin, 4 the first part.
-    EXPECT_THAT(xml, testing::ContainsRegex("<c r=\"A1\"[^>]*t=\"inlineStr\"><is><t>Parts</t>"));
-    EXPECT_THAT(xml, testing::ContainsRegex("<c r=\"B2\"[^>]*><is><t>Price</t>"));
-    EXPECT_THAT(xml, testing::ContainsRegex("<c r=\"A3\"[^>]*><is><t>A1</t>"));
-    EXPECT_THAT(xml, testing::ContainsRegex("<c r=\"A4\"[^>]*><is><t>Belt, 40"));
-    EXPECT_THAT(xml, testing::ContainsRegex("<c r=\"B4\"[^>]*><v>12.5</v>"));
-    // Days since the end of 1899.
-    EXPECT_THAT(xml, testing::ContainsRegex("<c r=\"C4\"[^>]*><v>45356</v>"));
-    EXPECT_THAT(xml, testing::ContainsRegex("<c r=\"B6\"[^>]*><v>19.75</v>"));
-    EXPECT_THAT(xml, testing::ContainsRegex("<c r=\"A8\"[^>]*><is><t>=1\\+1</t>")) << "no formula";
-    EXPECT_THAT(xml, testing::HasSubstr("<pane ySplit=\"2\""));
-    EXPECT_THAT(styles->toStdString(), testing::HasSubstr("mm/dd/yyyy"));
-    EXPECT_THAT(styles->toStdString(), testing::HasSubstr("$0.00"));
+    // Row 1 is the title, 2 the captions, 3 the bin, 4 the first part. Days are counted since the
+    // end of 1899, and "=1+1" is no formula.
+    for (const char *cell :
+         {"A1\"[^>]*t=\"inlineStr\"><is><t>Parts</t>", "B2\"[^>]*><is><t>Price</t>",
+          "A3\"[^>]*><is><t>A1</t>", "A4\"[^>]*><is><t>Belt, 40", "B4\"[^>]*><v>12.5</v>",
+          "C4\"[^>]*><v>45356</v>", "B6\"[^>]*><v>19.75</v>", "A8\"[^>]*><is><t>=1\\+1</t>"})
+        EXPECT_THAT(sheet->toStdString(), testing::ContainsRegex("<c r=\""s + cell));
+    EXPECT_TRUE(sheet->contains(u"<pane ySplit=\"2\""));
+    EXPECT_TRUE(styles->contains(u"mm/dd/yyyy") && styles->contains(u"$0.00"));
 }
 
 TEST(SpreadsheetFormat, QuotesWords)
@@ -300,112 +270,67 @@ TEST(SheetColumns, ThingsStandWhereTheDetailsBegin)
     EXPECT_EQ(columns.count(), 3);
     EXPECT_EQ(columns.width(0), 2000);
     EXPECT_EQ(columns.width(2), 3000);
-    const auto at = [&](int band, std::size_t object) {
-        const SheetPlace place = columns.places(layout.bands[band])[object];
-        return std::pair(place.line, place.column);
-    };
-    EXPECT_EQ(at(0, 1), std::pair(0, 2));
-    EXPECT_EQ(at(1, 2), std::pair(0, 2));
-    EXPECT_EQ(at(1, 3), std::pair(1, 1));
-    EXPECT_EQ(at(1, 4).second, -1);
-    EXPECT_EQ(at(2, 0), std::pair(0, 0));
-    EXPECT_EQ(at(2, 1), std::pair(0, 1)) << "no two share a cell";
-    EXPECT_EQ(at(2, 2), std::pair(0, 2));
+    // The line and column of each object; the last detail is a line, which has none.
+    const char *const places[] = {"0/0 0/2", "0/0 0/1 0/2 1/1 -", "0/0 0/1 0/2"};
+    for (int band = 0; band < 3; ++band) {
+        QStringList found;
+        for (const SheetPlace &place : columns.places(layout.bands[band]))
+            found.append(place.column < 0 ? u"-"_s : u"%1/%2"_s.arg(place.line).arg(place.column));
+        EXPECT_EQ(found.join(u' ').toStdString(), places[band]) << band;
+    }
 }
 
-/// Lets this process write no more than so many bytes into a file, as a full disk would.
-class SmallDisk
-{
-public:
-    explicit SmallDisk(rlim_t bytes)
-    {
-        m_formerHandler = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_former);
-        const rlimit limit{bytes, m_former.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~SmallDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_former);
-        std::signal(SIGXFSZ, m_formerHandler);
-    }
-    SmallDisk(const SmallDisk &) = delete;
-    SmallDisk &operator=(const SmallDisk &) = delete;
-
-private:
-    rlimit m_former{};
-    void (*m_formerHandler)(int) = nullptr;
-};
-
-TEST_F(Export, AFullDiskIsToldAndLeavesTheFormerFileAsCancellingDoes)
+TEST_F(Export, WhatCantBeWrittenIsToldAndLeavesTheFormerFileAsCancellingDoes)
 {
     QList<QVariantList> many;
     for (int row = 0; row < 3000; ++row)
         many.append({u"A1"_s, u"Belt %1"_s.arg(row), row * 1.25, QVariant()});
     const Rows rows({u"Bin"_s, u"Description"_s, u"Price"_s, u"Bought"_s}, many);
     for (const QString &ending : {u"pdf"_s, u"xlsx"_s, u"csv"_s, u"html"_s}) {
-        const QString path = m_folder.filePath(u"parts."_s + ending);
-        test::writeFile(path, "former");
+        const QString file = path(u"parts."_s + ending);
+        const ExportFormat format = *exportFormat(file);
+        test::writeFile(file, "former");
         const base::Error error = test::raisedBy([&] {
-            const SmallDisk disk(20'000);
-            (void)exportReport(partsLayout(), rows, {}, path, *exportFormat(path));
+            const test::SmallDisk disk(20'000);
+            (void)exportReport(partsLayout(), rows, {}, file, format);
         });
         EXPECT_THAT(error.what(), testing::HasSubstr("can't be written")) << ending.toStdString();
-        EXPECT_EQ(test::readFile(path), "former");
+        EXPECT_EQ(test::readFile(file), "former");
         Inputs cancelled;
         cancelled.isCancelled = [asked = 0]() mutable { return ++asked > 3; };
-        EXPECT_TRUE(
-            exportReport(partsLayout(), rows, cancelled, path, *exportFormat(path)).stopped);
-        EXPECT_EQ(test::readFile(path), "former");
-    }
-    EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files).size(), 4) << "no half file stays";
-}
-
-TEST_F(Export, APlaceThatCantBeWrittenToIsTold)
-{
-    for (const QString &ending : {u"pdf"_s, u"xlsx"_s, u"csv"_s, u"html"_s}) {
-        const QString path = m_folder.filePath(u"missing/parts."_s + ending);
-        EXPECT_THROW((void)exportReport(partsLayout(), parts(), {}, path, *exportFormat(path)),
+        EXPECT_TRUE(exportReport(partsLayout(), rows, cancelled, file, format).stopped);
+        EXPECT_EQ(test::readFile(file), "former");
+        EXPECT_THROW((void)exportReport(partsLayout(), rows, {}, path(u"none/parts"_s), format),
                      base::Error)
             << ending.toStdString();
     }
+    EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files).size(), 4) << "no half file stays";
 }
 
 TEST(PagePainter, DrawsEachKindAtItsPlace)
 {
     Page page;
-    page.items = {BoxItem{QRect(1000, 1000, 1000, 1000), 0, Qt::black, Qt::red},
-                  LineItem{{0, 3000}, {5000, 3000}, 200, Qt::blue},
-                  BarCodeItem{QRect(3000, 1000, 1000, 1000), {QRect(3000, 1000, 500, 1000)}}};
-    QImage picture(10, 20, QImage::Format_RGB32);
-    picture.fill(Qt::green);
-    page.items.append(
-        PictureItem{QRect(0, 4000, 2000, 1000), fileOf(picture, "PNG"), Align::Right});
-    QImage sheet(50, 50, QImage::Format_RGB32);
-    sheet.fill(Qt::white);
-    QPainter painter(&sheet);
-    painter.scale(0.01, 0.01); // a pixel for each millimetre
-    PagePainter().paint(page, painter);
-    painter.end();
-    EXPECT_EQ(sheet.pixelColor(15, 15), QColor(Qt::red));
-    EXPECT_EQ(sheet.pixelColor(9, 15), QColor(Qt::white));
-    EXPECT_EQ(sheet.pixelColor(25, 30), QColor(Qt::blue));
-    EXPECT_EQ(sheet.pixelColor(32, 15), QColor(Qt::black));
-    EXPECT_EQ(sheet.pixelColor(38, 15), QColor(Qt::white));
-    // 1:2 in a frame of 20 by 10: 5 by 10 at the right.
-    EXPECT_EQ(sheet.pixelColor(17, 45), QColor(Qt::green));
-    EXPECT_EQ(sheet.pixelColor(12, 45), QColor(Qt::white));
+    page.items = {
+        BoxItem{QRect(1000, 1000, 1000, 1000), 0, Qt::black, Qt::red},
+        LineItem{{0, 3000}, {5000, 3000}, 200, Qt::blue},
+        BarCodeItem{QRect(3000, 1000, 1000, 1000), {QRect(3000, 1000, 500, 1000)}},
+        PictureItem{QRect(0, 4000, 2000, 1000), pictureFile({10, 20}, Qt::green), Align::Right}};
+    const QImage sheet = drawn(page, {50, 50}, 0.01); // a pixel for each millimetre
+    // The picture is 1:2 in a frame of 20 by 10: 5 by 10 at the right.
+    for (const auto &[x, y, color] :
+         {std::tuple(15, 15, Qt::red), std::tuple(9, 15, Qt::white), std::tuple(25, 30, Qt::blue),
+          std::tuple(32, 15, Qt::black), std::tuple(38, 15, Qt::white),
+          std::tuple(17, 45, Qt::green), std::tuple(12, 45, Qt::white)})
+        EXPECT_EQ(sheet.pixelColor(x, y), QColor(color)) << x << ", " << y;
 }
 
 TEST(PagePainter, TextsHaveTheirColoursWhateverWasDrawnBefore)
 {
-    TextItem text;
-    text.style.color = Qt::red;
-    text.style.font.points = 40;
-    text.style.font.bold = true;
-    const auto textAt = [&](int y, bool bordered, double points) {
-        TextItem item = text;
+    const auto textAt = [](int y, bool bordered, double points) {
+        TextItem item;
+        item.style.color = Qt::red;
         item.style.font.points = points;
+        item.style.font.bold = true;
         item.frame = QRect(0, y, 5000, 1500);
         item.style.border = bordered ? Border{false, true, false, false, 50, Qt::blue} : Border();
         item.lines = {{u"M"_s, 200, y + 1300, 1000}};
@@ -414,19 +339,8 @@ TEST(PagePainter, TextsHaveTheirColoursWhateverWasDrawnBefore)
     Page page;
     page.items = {textAt(0, true, 40), textAt(1500, false, 20),
                   LineItem{{0, 4900}, {5000, 4900}, 100, Qt::green}, textAt(3000, false, 40)};
-    QImage sheet(100, 100, QImage::Format_RGB32);
-    sheet.fill(Qt::white);
-    QPainter painter(&sheet);
-    painter.scale(0.02, 0.02);
-    PagePainter().paint(page, painter);
-    painter.end();
-    const auto redIn = [&](int top) {
-        int red = 0;
-        for (int y = top; y < top + 30; ++y)
-            for (int x = 0; x < 100; ++x)
-                red += sheet.pixelColor(x, y) == QColor(Qt::red);
-        return red;
-    };
+    const QImage sheet = drawn(page, {100, 100}, 0.02);
+    const auto redIn = [&](int top) { return pointsOf(sheet.copy(0, top, 100, 30), Qt::red); };
     EXPECT_GT(redIn(0), 50);
     EXPECT_GT(redIn(30), 10);
     EXPECT_LT(redIn(30), redIn(0)) << "a smaller font";

@@ -10,7 +10,7 @@
 namespace report {
 
 /// Rows written out by hand.
-class Rows final : public DataSource
+class Rows : public DataSource
 {
 public:
     Rows(QStringList fields, QList<QVariantList> rows)
@@ -75,6 +75,23 @@ inline std::string pageWords(const Layout &layout, const DataSource &rows,
         pages.append(wordsOf(page));
     EXPECT_EQ(told, QStringList());
     return pages.join(u" / ").toStdString();
+}
+
+/// What is told while a report is laid out, which has a page nevertheless.
+inline QStringList problemsOf(const Layout &layout, const DataSource &rows,
+                              const Inputs &inputs = {})
+{
+    QStringList problems;
+    EXPECT_FALSE(allPages(layout, rows, inputs, &problems).isEmpty());
+    return problems;
+}
+
+/// Each of these parts is told by one of the problems.
+inline void expectTold(const QStringList &problems, const QStringList &parts)
+{
+    for (const QString &part : parts)
+        EXPECT_EQ(problems.filter(part).size(), 1) << qPrintable(part) << " in\n"
+                                                   << qPrintable(problems.join(u'\n'));
 }
 
 } // namespace report
