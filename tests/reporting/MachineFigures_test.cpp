@@ -1,18 +1,19 @@
 #include "core/CompanySession.h"
-#include "platform/base/Decimal.h"
 #include "platform/db/DbError.h"
 #include "reporting/FilterRequests.h"
 #include "reporting/PrintedLines.h"
 #include "reporting/SampleReports.h"
 #include "support/Raised.h"
 
-#include <QLocale>
 #include <QMap>
 
 namespace {
 
 using namespace Qt::StringLiterals;
 using namespace filters;
+using test::dollars;
+using test::grouped;
+using test::hours;
 using test::printed;
 
 void expectLines(const QStringList &lines, const QStringList &expected)
@@ -22,30 +23,19 @@ void expectLines(const QStringList &lines, const QStringList &expected)
             << qPrintable(line + u"\nis not among\n"_s + lines.join(u'\n'));
 }
 
-QString grouped(double value, int decimals)
+/// A line that begins and ends so; between stands what isn't worked out here.
+void expectLine(const QStringList &lines, const QString &begin, const QStringList &end)
 {
-    return QLocale(QLocale::English)
-        .toString(base::roundedDecimals(value, decimals), 'f', decimals);
+    const QString ending = u'|' + end.join(u'|');
+    EXPECT_TRUE(std::ranges::any_of(lines, [&](const QString &line) {
+        return line.startsWith(begin) && line.endsWith(ending);
+    })) << qPrintable(begin + u".."_s + ending);
 }
 
-QString grouped(qint64 value)
+/// What a meter rose by in a day, and how much of the day that is.
+QStringList use(double perDay)
 {
-    return QLocale(QLocale::English).toString(value);
-}
-
-QString money(const base::Money &amount)
-{
-    return u'$' + grouped(amount.toDouble(), 2);
-}
-
-QString hours(qint64 minutes)
-{
-    return u"%1:%2"_s.arg(minutes / 60).arg(minutes % 60, 2, 10, QChar(u'0'));
-}
-
-QString share(double value)
-{
-    return grouped(value * 100, 1) + u'%';
+    return {grouped(perDay, 2), grouped(perDay / 24 * 100, 1) + u'%'};
 }
 
 QString day(const QDateTime &date)
@@ -53,28 +43,22 @@ QString day(const QDateTime &date)
     return date.toString(u"MM/dd/yyyy");
 }
 
-struct Machine
+/// The machines' unit numbers and names, as they are printed.
+QMap<qint64, QString> machines()
 {
-    QString unit;
-    QString name; ///< as it is printed
-};
-
-QMap<qint64, Machine> machines()
-{
-    QMap<qint64, Machine> all;
+    QMap<qint64, QString> all;
     for (const db::Row row :
          gcnData->Open(u"Select EquipmentID, UnitNo, EquipmentName, Inactive from tblEquipment"_s))
         all.insert(row.integer(u"EquipmentID"),
-                   {row.text(u"UnitNo"),
-                    row.text(u"EquipmentName") +
-                        (row.integer(u"Inactive") != 0 ? u" (inactive)"_s : QString())});
+                   row.text(u"UnitNo") + u'|' + row.text(u"EquipmentName") +
+                       (row.integer(u"Inactive") != 0 ? u" (inactive)"_s : QString()));
     return all;
 }
 
 struct Reading
 {
     QDateTime date;
-    qint64 value;
+    double value;
 };
 
 /// The readings of each machine, of one meter or of all.
@@ -85,7 +69,7 @@ QMap<qint64, QList<Reading>> readings(const QString &meter = {})
              u"Select EquipmentID, ChangeDate, CountType, CountValue from tblEquipmentCount"_s))
         if (meter.isEmpty() || row.text(u"CountType") == meter)
             all[row.integer(u"EquipmentID")].append(
-                {row.date(u"ChangeDate"), row.integer(u"CountValue")});
+                {row.date(u"ChangeDate"), row.real(u"CountValue")});
     return all;
 }
 
@@ -119,76 +103,58 @@ TEST_F(MachineFiguresOfTheSample, ExpensesAreTheCostOfEachServiceAndOfAllItsPart
         Expense &expense = expenses[row.integer(u"EquipmentID")];
         expense.labor += base::Money(row.real(u"CostEstimate"));
         expense.parts += partsOfService.value(row.integer(u"ServiceUsedID"));
-        const QStringList worked = row.text(u"Workhrs").split(u':');
-        expense.minutes += worked.value(0).toInt() * 60 + worked.value(1).toInt();
+        expense.minutes += test::minutesOf(row.text(u"Workhrs"));
     }
 
-    const QStringList lines = printed(equipmentExpenseRequest({.inactive = true}));
-    const QMap<qint64, Machine> known = machines();
-    base::Money labor;
-    base::Money parts;
-    qint64 minutes = 0;
+    const auto line = [](const QString &begin, const Expense &expense) {
+        const base::Money parts = base::Money(expense.parts).cents();
+        return QStringList{begin, hours(expense.minutes), dollars(expense.labor), dollars(parts),
+                           dollars(expense.labor + parts)}
+            .join(u'|');
+    };
+    const QMap<qint64, QString> known = machines();
+    Expense all;
     QStringList expected;
-    for (const auto &[id, expense] : expenses.asKeyValueRange()) {
-        const base::Money partCost = base::Money(expense.parts).cents();
-        expected.append(QStringList{known[id].unit, known[id].name, hours(expense.minutes),
-                                    money(expense.labor.cents()), money(partCost),
-                                    money(expense.labor.cents() + partCost)}
-                            .join(u'|'));
-        labor += expense.labor.cents();
-        parts += partCost;
-        minutes += expense.minutes;
+    for (auto [id, expense] : expenses.asKeyValueRange()) {
+        expense.labor = expense.labor.cents();
+        expected.append(line(known[id], expense));
+        all.labor += expense.labor;
+        all.parts += base::Money(expense.parts).cents().toDouble();
+        all.minutes += expense.minutes;
     }
-    expected.append(QStringList{u"All machines: %1"_s.arg(expenses.size()), hours(minutes),
-                                money(labor), money(parts), money(labor + parts)}
-                        .join(u'|'));
+    expected.append(line(u"All machines: %1"_s.arg(expenses.size()), all));
     EXPECT_GT(expenses.size(), 70);
-    expectLines(lines, expected);
+    expectLines(printed(equipmentExpenseRequest({.inactive = true})), expected);
 }
 
 TEST_F(MachineFiguresOfTheSample, UtilizationIsWhatTheHoursRoseByOverTheDaysBetween)
 {
-    const QMap<qint64, Machine> known = machines();
+    const QStringList lines = printed(request(Utilization{.read = year}));
+    const QMap<qint64, QString> known = machines();
     qint64 total = 0;
     double perDayOfAll = 0;
-    qsizetype counted = 0;
-    QStringList expected;
-    for (const auto &[id, all] : readings(u"Hours"_s).asKeyValueRange()) {
-        QList<qint64> values;
-        QList<QDateTime> dates;
-        for (const Reading &reading : all)
-            if (isAsked(reading)) {
-                values.append(reading.value);
-                dates.append(reading.date);
-            }
-        if (values.isEmpty())
+    int counted = 0;
+    for (auto [id, all] : readings(u"Hours"_s).asKeyValueRange()) {
+        all.removeIf([&](const Reading &reading) { return !isAsked(reading); });
+        if (all.isEmpty())
             continue;
-        const qint64 run = *std::ranges::max_element(values) - *std::ranges::min_element(values);
-        const qint64 days =
-            std::ranges::min_element(dates)->daysTo(*std::ranges::max_element(dates));
-        const double perDay = days == 0 ? 0 : static_cast<double>(run) / static_cast<double>(days);
-        expected.append(
-            QStringList{grouped(run), QString::number(days), grouped(perDay, 2), share(perDay / 24)}
-                .join(u'|')
-                .prepend(known[id].unit + u'|' + known[id].name + u"|%1"_s));
-        total += run;
+        const auto [least, most] = std::ranges::minmax(all, {}, &Reading::value);
+        const auto [first, last] = std::ranges::minmax(all, {}, &Reading::date);
+        const double run = static_cast<double>(most.value - least.value);
+        const qint64 days = first.date.daysTo(last.date);
+        const double perDay = days == 0 ? 0 : run / static_cast<double>(days);
+        // The crew stands between the name and the figures.
+        expectLine(lines, known[id],
+                   QStringList{grouped(run), QString::number(days)} + use(perDay));
+        total += most.value - least.value;
         perDayOfAll += perDay;
         ++counted;
     }
-    QStringList lines = printed(request(Utilization{.read = year}));
-    // The crew stands between the name and the figures.
-    for (const QString &line : std::as_const(expected)) {
-        const QStringList ends = line.split(u"%1"_s);
-        EXPECT_TRUE(std::ranges::any_of(lines, [&](const QString &found) {
-            return found.startsWith(ends[0]) && found.endsWith(ends[1]);
-        })) << qPrintable(line);
-    }
-    const double average = perDayOfAll / static_cast<double>(counted);
     EXPECT_GT(counted, 30);
-    expectLines(lines, {QStringList{u"All machines: %1"_s.arg(counted), grouped(total),
-                                    grouped(average, 2), share(average / 24)}
-                            .join(u'|'),
-                        rangeLabel(year)});
+    const QStringList sums =
+        QStringList{u"All machines: %1"_s.arg(counted), grouped(static_cast<double>(total))} +
+        use(perDayOfAll / counted);
+    expectLines(lines, {sums.join(u'|'), rangeLabel(year)});
 }
 
 TEST_F(MachineFiguresOfTheSample, AMachinesReadingsAreComparedWithTheOnesBefore)
@@ -197,49 +163,44 @@ TEST_F(MachineFiguresOfTheSample, AMachinesReadingsAreComparedWithTheOnesBefore)
     const auto machine = std::ranges::max_element(all, {}, &QList<Reading>::size);
     QList<Reading> own = *machine;
     std::ranges::sort(own, {}, &Reading::date);
-    qint64 used = 0;
-    qsizetype asked = 0;
+    double used = 0;
+    int asked = 0;
     QStringList expected;
     for (qsizetype at = 1; at < own.size(); ++at) {
         if (!isAsked(own[at]))
             continue;
         const Reading &before = own[at - 1];
-        const qint64 days = before.date.daysTo(own[at].date);
-        const qint64 change = own[at].value - before.value;
-        const double perDay = static_cast<double>(change) / static_cast<double>(days);
-        expected.append(QStringList{day(own[at].date), u"Hours"_s, grouped(own[at].value),
-                                    day(before.date), grouped(before.value), QString::number(days),
-                                    grouped(change), grouped(perDay, 2), share(perDay / 24)}
-                            .join(u'|'));
+        const double days = static_cast<double>(before.date.daysTo(own[at].date));
+        const double change = own[at].value - before.value;
+        expected.append(
+            (QStringList{day(own[at].date), u"Hours"_s, grouped(own[at].value), day(before.date),
+                         grouped(before.value), grouped(days), grouped(change)} +
+             use(change / days))
+                .join(u'|'));
         used += change;
         ++asked;
     }
     EXPECT_GT(asked, 50);
     expected.append(u"%1 readings|%2"_s.arg(asked).arg(grouped(used)));
-    expected.append(u"Over the 366 days asked for: %1 a day, utilized %2"_s.arg(
-        grouped(static_cast<double>(used) / 366, 2), share(static_cast<double>(used) / 366 / 24)));
-    const QString unit = machines().value(machine.key()).unit;
+    expected.append(u"Over the 366 days asked for: "_s +
+                    use(used / 366).join(u" a day, utilized "));
+    const QString unit = machines().value(machine.key()).section(u'|', 0, 0);
     expectLines(printed(request(SingleUtilization{.read = year, .units = unit})), expected);
 }
 
 TEST_F(MachineFiguresOfTheSample, EachMeterStandsAtItsHighestReading)
 {
-    const QMap<qint64, Machine> known = machines();
+    const QMap<qint64, QString> known = machines();
     const QStringList lines =
         printed(request(EquipmentList{.version = ListVersion::Six, .inactive = true}));
-    qsizetype meters = 0;
+    int meters = 0;
     for (const db::Row type :
          gcnData->Open(u"Select distinct CountType from tblEquipmentCount"_s)) {
         const QString meter = type.text(u"CountType");
         for (const auto &[id, all] : readings(meter).asKeyValueRange()) {
             const auto last = std::ranges::max_element(all, {}, &Reading::date);
             const auto highest = std::ranges::max_element(all, {}, &Reading::value);
-            const QString begin = known[id].unit + u'|' + known[id].name;
-            const QString end =
-                u'|' + QStringList{meter, day(last->date), grouped(highest->value)}.join(u'|');
-            EXPECT_TRUE(std::ranges::any_of(lines, [&](const QString &found) {
-                return found.startsWith(begin) && found.endsWith(end);
-            })) << qPrintable(begin + end);
+            expectLine(lines, known[id], {meter, day(last->date), grouped(highest->value)});
             ++meters;
         }
     }
@@ -256,40 +217,27 @@ protected:
         reportfiles::installDelivered(base::environment().applicationFolder);
         const qint64 mowers =
             insert(u"tblIndicator"_s, {{u"ItemName"_s, u"Mowers"_s}}, u"ItemID"_s);
-        addMachine(1, u"A-1"_s, 0, mowers);
-        addMachine(2, u"B-2"_s, 1, 0);
-        addMachine(3, u"C-3"_s, 0, mowers);
+        const QString columns = u"EquipmentID,UnitNo,EquipmentName,EquipmentType,Inactive"_s;
+        insert(u"tblEquipment"_s, columns, {1, u"A-1"_s, u"Mower A-1"_s, mowers, 0});
+        insert(u"tblEquipment"_s, columns, {2, u"B-2"_s, u"Mower B-2"_s, 0, 1});
+        insert(u"tblEquipment"_s, columns, {3, u"C-3"_s, u"Mower C-3"_s, mowers, 0});
     }
 
-    static void addMachine(int id, const QString &unit, int inactive, qint64 type)
-    {
-        insert(u"tblEquipment"_s, {{u"EquipmentID"_s, id},
-                                   {u"UnitNo"_s, unit},
-                                   {u"EquipmentName"_s, u"Mower "_s + unit},
-                                   {u"EquipmentType"_s, type},
-                                   {u"Inactive"_s, inactive}});
-    }
     static void addService(int id, int order, int machine, double cost, const QString &worked)
     {
-        insert(u"tblWOServiceUsedHistory"_s, {{u"ServiceUsedID"_s, id},
-                                              {u"WorkorderNo"_s, order},
-                                              {u"EquipmentID"_s, machine},
-                                              {u"CostEstimate"_s, cost},
-                                              {u"Workhrs"_s, worked}});
+        insert(u"tblWOServiceUsedHistory"_s,
+               u"ServiceUsedID,WorkorderNo,EquipmentID,CostEstimate,Workhrs"_s,
+               {id, order, machine, cost, worked});
     }
     static void addPart(int service, const QString &part, double price, double quantity)
     {
-        insert(u"tblWoPartHistory"_s, {{u"ServiceusedID"_s, service},
-                                       {u"partID"_s, part},
-                                       {u"Price"_s, price},
-                                       {u"QuantityUsed"_s, quantity}});
+        insert(u"tblWoPartHistory"_s, u"ServiceusedID,partID,Price,QuantityUsed"_s,
+               {service, part, price, quantity});
     }
     static void addReading(int machine, const QString &meter, QDate date, int value)
     {
-        insert(u"tblEquipmentCount"_s, {{u"EquipmentID"_s, machine},
-                                        {u"CountType"_s, meter},
-                                        {u"ChangeDate"_s, base::wallClock(date)},
-                                        {u"CountValue"_s, value}});
+        insert(u"tblEquipmentCount"_s, u"EquipmentID,CountType,ChangeDate,CountValue"_s,
+               {machine, meter, base::wallClock(date), value});
     }
     static catalogue::Request single(const QString &unit)
     {

@@ -1,12 +1,9 @@
 #include "core/CompanySession.h"
-#include "platform/base/Decimal.h"
-#include "platform/base/Environment.h"
 #include "platform/report/paginate/Tabulator.h"
 #include "reporting/FilterText.h"
-#include "reporting/Preparation.h"
+#include "reporting/PrintedLines.h"
 #include "reporting/SampleReports.h"
 
-#include <gtest/gtest.h>
 #include <map>
 #include <set>
 
@@ -16,6 +13,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using base::Money;
+using test::dollars;
+using test::hours;
 
 /// What a report says: its lines, the sums of its groups and its total, cells parted by bars.
 struct Printed
@@ -66,68 +65,42 @@ class HandPartFigures : public test::ReportsOf<test::CompanyDatabase>
 protected:
     HandPartFigures()
     {
-        for (const char *statement :
-             {"Insert into tblEquipment(EquipmentID, UnitNo, EquipmentName, SiteID) values(1, "
-              "'U1', 'Mower', 1)",
-              "Insert into tblSite(SiteID, SiteName) values(1, 'Yard')",
-              "Insert into tblCrew(CrewID, CrewNumber, Description) values(5, 7, 'Shop')",
-              "Insert into tblSupplier(SupplierID, Name) values(1, 'Acme')",
-              "Insert into tblWoPartUsed(ServiceUsedID, PartID, QuantityRequired) values(301, 'A', "
-              "2)",
-              "Insert into tblWoPartUsed(ServiceUsedID, PartID, QuantityRequired) values(302, 'A', "
-              "1)"})
-            gcnData->Execute(QString::fromLatin1(statement));
-        for (const char *part :
+        const struct
+        {
+            const char *table; ///< with its columns
+            std::vector<const char *> rows;
+        } tables[] = {
+            {"tblEquipment(EquipmentID, UnitNo, EquipmentName, SiteID)", {"1, 'U1', 'Mower', 1"}},
+            {"tblSite(SiteID, SiteName)", {"1, 'Yard'"}},
+            {"tblCrew(CrewID, CrewNumber, Description)", {"5, 7, 'Shop'"}},
+            {"tblSupplier(SupplierID, Name)", {"1, 'Acme'"}},
+            {"tblWoPartUsed(ServiceUsedID, PartID, QuantityRequired)",
+             {"301, 'A', 2", "302, 'A', 1"}},
+            {"tblPart(PartID, Description, Quantity, Price, SupplierID, QtyMax, QtyMin, Inactive, "
+             "TrackInventory)",
              {"'A', 'Belt', 4, 10.5, 1, 10, 5, 0, 0", "'B', 'Plug', 9, 5.555, 1, 6, 2, 0, 0",
               "'D', 'Rag', 0, 3.335, 1, 2, 1, 0, 1", "'E', 'Old', 0, 100, 1, 2, 1, 1, 0",
-              "'F', 'Clip', 1, 0.005, 0, 4, 3, 0, 0"})
-            gcnData->Execute(
-                u"Insert into tblPart(PartID, Description, Quantity, Price, SupplierID, "
-                "QtyMax, QtyMin, Inactive, TrackInventory) values(%1)"_s.arg(
-                    QLatin1StringView(part)));
-        post(101, 10, 1, 5, "26.025", "'1:30'", "#03/01/2024#");
-        post(102, 11, 2, 0, "10", "'0:45'", "#03/02/2024#");
-        post(103, 12, 1, 5, "5.005", "Null", "#03/01/2024#");
-        post(104, 9, 1, 5, "999", "'9:00'", "#03/01/2023#");
-        use(101, "A", "Belt", "10", "2");
-        use(101, "B", "Plug", "5.55", "1");
-        use(101, "C", "Gasket", "0.335", "3");
-        use(102, "A", "Belt", "10.505", "1");
-        use(104, "A", "Belt", "10", "7");
-        plan(201, "#03/20/2024#", {{"A", 2}, {"B", 1}, {"C", 6}});
-        plan(202, "#04/01/2024#", {{"A", 3}});
-        plan(203, "#12/01/2024#", {{"A", 50}, {"B", 20}});
-    }
-
-    static void post(int service, int order, int machine, int crew, const char *cost,
-                     const char *hours, const char *day)
-    {
-        gcnData->Execute(u"Insert into tblWOServiceUsedHistory(ServiceUsedID, WorkorderNo, "
-                         "EquipmentID, CrewID, ServiceName, CostEstimate, Workhrs, CompleteDate, "
-                         "Skip) values(%1, %2, %3, %4, 'Service %1', %5, %6, %7, 0)"_s.arg(service)
-                             .arg(order)
-                             .arg(machine)
-                             .arg(crew)
-                             .arg(cost, hours, day));
-    }
-    static void use(int service, const char *part, const char *name, const char *price,
-                    const char *quantity)
-    {
-        gcnData->Execute(u"Insert into tblWoPartHistory(ServiceusedID, partID, Description, Price, "
-                         "QuantityUsed) values(%1, '%2', '%3', %4, %5)"_s.arg(service)
-                             .arg(part, name, price, quantity));
-    }
-    static void plan(int service, const char *due,
-                     const std::vector<std::pair<const char *, int>> &parts)
-    {
-        gcnData->Execute(u"Insert into tblServiceUsed(ServiceUsedID, EquipmentID, Name, CrewID, "
-                         "NextScheduledDate) values(%1, 1, 'Service %1', 5, %2)"_s.arg(service)
-                             .arg(due));
-        for (const auto &[part, quantity] : parts)
-            gcnData->Execute(u"Insert into tblServiceUsedPart(ServiceUsedID, PartID, "
-                             "QuantityRequired) values(%1, '%2', %3)"_s.arg(service)
-                                 .arg(part)
-                                 .arg(quantity));
+              "'F', 'Clip', 1, 0.005, 0, 4, 3, 0, 0"}},
+            {"tblWOServiceUsedHistory(Skip, ServiceUsedID, ServiceName, WorkorderNo, EquipmentID, "
+             "CrewID, CostEstimate, Workhrs, CompleteDate)",
+             {"0, 101, 'Oil', 10, 1, 5, 26.025, '1:30', #03/01/2024#",
+              "0, 102, 'Cut', 11, 2, 0, 10, '0:45', #03/02/2024#",
+              "0, 103, 'Wash', 12, 1, 5, 5.005, Null, #03/01/2024#",
+              "0, 104, 'Weld', 9, 1, 5, 999, '9:00', #03/01/2023#"}},
+            {"tblWoPartHistory(ServiceusedID, partID, Description, Price, QuantityUsed)",
+             {"101, 'A', 'Belt', 10, 2", "101, 'B', 'Plug', 5.55, 1",
+              "101, 'C', 'Gasket', 0.335, 3", "102, 'A', 'Belt', 10.505, 1",
+              "104, 'A', 'Belt', 10, 7"}},
+            {"tblServiceUsed(EquipmentID, CrewID, ServiceUsedID, Name, NextScheduledDate)",
+             {"1, 5, 201, 'Oil', #03/20/2024#", "1, 5, 202, 'Cut', #04/01/2024#",
+              "1, 5, 203, 'Wash', #12/01/2024#"}},
+            {"tblServiceUsedPart(ServiceUsedID, PartID, QuantityRequired)",
+             {"201, 'A', 2", "201, 'B', 1", "201, 'C', 6", "202, 'A', 3", "203, 'A', 50",
+              "203, 'B', 20"}}};
+        for (const auto &[table, rows] : tables)
+            for (const char *row : rows)
+                gcnData->Execute(u"Insert into %1 values(%2)"_s.arg(QLatin1StringView(table),
+                                                                    QLatin1StringView(row)));
     }
 };
 
@@ -225,19 +198,6 @@ db::Recordset table(const QString &name)
     return gcnData->Open(u"Select * from "_s + name);
 }
 
-QString dollars(Money amount)
-{
-    QString text = base::fixedDecimals(amount.toDouble(), 2);
-    for (qsizetype at = text.size() - 6; at > 0; at -= 3)
-        text.insert(at, u',');
-    return u'$' + text;
-}
-
-QString hoursOf(qint64 minutes)
-{
-    return u"%1:%2"_s.arg(minutes / 60).arg(minutes % 60, 2, 10, QChar(u'0'));
-}
-
 /// A quarter's posted services, read without any join.
 class SamplePartFigures : public test::SampleReports
 {
@@ -245,13 +205,11 @@ protected:
     struct Service
     {
         qint64 machine;
-        QDate day;
         Money labor;
         qint64 minutes;
     };
     struct Use
     {
-        qint64 service;
         QString part;
         double quantity;
         Money cost;
@@ -263,10 +221,9 @@ protected:
             const QDate day = row.date(u"CompleteDate").date();
             if (day < From || day > test::SampleCompany::today())
                 continue;
-            const QStringList time = row.text(u"Workhrs").split(u':');
-            services[row.integer(u"ServiceUsedID")] = {
-                row.integer(u"EquipmentID"), day, Money(row.real(u"CostEstimate")).cents(),
-                time.size() == 2 ? time[0].toInt() * 60 + time[1].toInt() : 0};
+            services[row.integer(u"ServiceUsedID")] = {row.integer(u"EquipmentID"),
+                                                       Money(row.real(u"CostEstimate")).cents(),
+                                                       test::minutesOf(row.text(u"Workhrs"))};
         }
         // Two machines are deleted, and what was done on them stays.
         for (const qint64 machine :
@@ -276,8 +233,7 @@ protected:
             machines.insert(row.integer(u"EquipmentID"));
         for (const db::Row row : table(u"tblWoPartHistory"_s))
             if (services.contains(row.integer(u"ServiceusedID")))
-                uses.push_back({row.integer(u"ServiceusedID"), row.text(u"partID"),
-                                row.real(u"QuantityUsed"),
+                uses.push_back({row.text(u"partID"), row.real(u"QuantityUsed"),
                                 Money(row.real(u"Price")).centsTimes(row.real(u"QuantityUsed"))});
     }
 
@@ -304,16 +260,18 @@ TEST_F(SamplePartFigures, ServiceHistoryAndTimes)
     for (const auto &[id, service] : services) {
         labor += service.labor;
         minutes += service.minutes;
-        known += machines.contains(service.machine) ? 1 : 0;
-        knownMinutes += machines.contains(service.machine) ? service.minutes : 0;
+        if (!machines.contains(service.machine))
+            continue;
+        ++known;
+        knownMinutes += service.minutes;
     }
     for (const Use &use : uses)
         parts += use.cost;
     ASSERT_LT(known, services.size());
     const QString sums =
         u": %1 services|%2|%3|%4|%5"_s.arg(services.size())
-            .arg(hoursOf(minutes), dollars(labor), dollars(parts), dollars(labor + parts));
-    const QString times = u": %1 services|%2"_s.arg(known).arg(hoursOf(knownMinutes));
+            .arg(hours(minutes), dollars(labor), dollars(parts), dollars(labor + parts));
+    const QString times = u": %1 services|%2"_s.arg(known).arg(hours(knownMinutes));
     const std::pair<QString, QString> expected[] = {
         {u"rptServiceHistory"_s, u"Total of all machines"_s + sums},
         {u"rptServiceHistorySiteWise"_s, u"Total of all sites"_s + sums},
@@ -385,16 +343,13 @@ TEST_F(SamplePartFigures, StockAndWhatToOrder)
             due.insert(service.integer(u"ServiceUsedID"));
     }
     std::map<QString, double> needed;
-    std::map<QString, double> everNeeded;
+    double everNeeded = 0;
     for (const db::Row need : table(u"tblServiceUsedPart"_s)) {
-        everNeeded[need.text(u"PartID")] += need.real(u"QuantityRequired");
+        everNeeded += need.real(u"QuantityRequired");
         if (due.contains(need.integer(u"ServiceUsedID")))
             needed[need.text(u"PartID")] += need.real(u"QuantityRequired");
     }
-    const Printed upcoming = printed(u"rptInventoryOrder_UpCommingServices"_s,
-                                     u" Where ( tblServiceUsed.NextScheduledDate  >= "
-                                     "#03/15/2024# and tblServiceUsed.NextScheduledDate <= "
-                                     "#04/15/2024#) "_s);
+    const Printed upcoming = printed(u"rptInventoryOrder_UpCommingServices"_s, DueInSpring);
     ASSERT_EQ(upcoming.lines.size(), needed.size());
     for (const QString &line : upcoming.lines) {
         const QString part = line.section(u'|', 0, 0);
@@ -408,10 +363,7 @@ TEST_F(SamplePartFigures, StockAndWhatToOrder)
     double sum = 0;
     for (const QString &group : printed(u"rptInventoryPartUsage"_s).groups)
         sum += group.section(u'|', -1).toDouble();
-    double all = 0;
-    for (const auto &[part, quantity] : everNeeded)
-        all += quantity;
-    EXPECT_EQ(sum, all);
+    EXPECT_EQ(sum, everNeeded);
 }
 
 } // namespace

@@ -1,12 +1,37 @@
 #pragma once
 
+#include "platform/base/Decimal.h"
 #include "platform/report/paginate/Paginator.h"
 #include "reporting/Preparation.h"
 #include "reporting/ReportFiles.h"
 
+#include <QLocale>
 #include <gtest/gtest.h>
 
 namespace test {
+
+/// A number as reports print it, with commas.
+inline QString grouped(double value, int decimals = 0)
+{
+    return QLocale(QLocale::English)
+        .toString(base::roundedDecimals(value, decimals), 'f', decimals);
+}
+
+inline QString dollars(const base::Money &amount)
+{
+    return u'$' + grouped(amount.toDouble(), 2);
+}
+
+inline QString hours(qint64 minutes)
+{
+    return QStringLiteral("%1:%2").arg(minutes / 60).arg(minutes % 60, 2, 10, QChar(u'0'));
+}
+
+/// The minutes of a time such as 1:30; 0 for none.
+inline qint64 minutesOf(const QString &worked)
+{
+    return worked.section(u':', 0, 0).toInt() * 60 + worked.section(u':', 1, 1).toInt();
+}
 
 /// What a report prints: the texts that stand on one line, joined by bars.
 inline QStringList printed(const catalogue::Request &asked)
