@@ -4,7 +4,6 @@
 #include "support/Damage.h"
 
 using namespace Qt::StringLiterals;
-using Icon = base::Prompts::Icon;
 
 namespace {
 
@@ -13,10 +12,11 @@ class Compacts : public test::AdministrationSession
 protected:
     void compact()
     {
-        prompts.expect(u"System has finished compacting the database."_s, Icon::None);
+        prompts.say(u"System has finished compacting the database."_s);
         CompactDatabase();
     }
     static QString temporary() { return below(u"\\TP_TMP.mdb"_s); }
+    static QString copyOfDay() { return backups() + u"/Backup_3_15_2024.mdb"_s; }
 };
 
 } // namespace
@@ -31,7 +31,7 @@ TEST_F(Compacts, GiveBackRoomAndKeepTheDaysCopy)
     compact();
     EXPECT_LT(QFileInfo(gsDatabasePath).size(), before - 1'000'000);
     EXPECT_EQ(filesIn(backups()), QStringList{u"Backup_3_15_2024.mdb"_s});
-    EXPECT_EQ(QFileInfo(backups() + u"/Backup_3_15_2024.mdb"_s).size(), before);
+    EXPECT_EQ(QFileInfo(copyOfDay()).size(), before);
     EXPECT_FALSE(QFile::exists(temporary()));
     EXPECT_FALSE(QFile::exists(below(u"\\Backup_3_15_2024.mdb"_s)));
     expectWorking(1);
@@ -39,14 +39,14 @@ TEST_F(Compacts, GiveBackRoomAndKeepTheDaysCopy)
     addMachine(2);
     compact();
     EXPECT_EQ(filesIn(backups()), QStringList{u"Backup_3_15_2024.mdb"_s});
-    EXPECT_EQ(machinesIn(backups() + u"/Backup_3_15_2024.mdb"_s), 2);
+    EXPECT_EQ(machinesIn(copyOfDay()), 2);
     expectWorking(2);
 }
 
 TEST_F(Compacts, LeaveADatabaseInUseAlone)
 {
     const db::Connection other(target(gsDatabasePath));
-    prompts.expect(u"Database is in use. System cannot perform this task now."_s, Icon::None);
+    prompts.say(u"Database is in use. System cannot perform this task now."_s);
     CompactDatabase();
     EXPECT_EQ(filesIn(backups()), QStringList());
     expectWorking(1);
@@ -92,7 +92,7 @@ TEST_F(Compacts, ADamagedDatabaseDoesNotReplaceTheGoodCopyOfTheDay)
     (void)errors.takeOne();
     EXPECT_EQ(filesIn(backups()),
               (QStringList{u"Backup_3_15_2024 damaged.mdb"_s, u"Backup_3_15_2024.mdb"_s}));
-    EXPECT_EQ(machinesIn(backups() + u"/Backup_3_15_2024.mdb"_s), 1);
+    EXPECT_EQ(machinesIn(copyOfDay()), 1);
     EXPECT_TRUE(connectionsAreOpen());
 }
 

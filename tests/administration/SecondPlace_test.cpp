@@ -5,7 +5,6 @@
 
 using namespace Qt::StringLiterals;
 using namespace administration;
-using Icon = base::Prompts::Icon;
 
 namespace {
 
@@ -51,9 +50,8 @@ TEST_F(SecondPlaces, TheLastProgramOfTheDayCopiesAndPrunes)
 TEST_F(SecondPlaces, AStickThatIsNotThereIsTold)
 {
     const QString folder = stick() + u"/none"_s;
-    prompts.expect(u"Today's copy for %1 could not be made: the folder can't be reached.\nThe "
-                   "database itself is as it was."_s.arg(folder),
-                   Icon::Information);
+    prompts.inform(u"Today's copy for %1 could not be made: the folder can't be reached.\nThe "
+                   "database itself is as it was."_s.arg(folder));
     copyAtEnd({folder, {}});
     openConnections();
     expectWorking(1);

@@ -159,62 +159,34 @@ TEST_F(Xlsx, WhatIsNoWholeSpreadsheetIsRefused)
     const QString none = u"is an archive, but no spreadsheet (.xlsx)."_s;
     const auto cell = [](const QByteArray &xml) { return Heading + "<row>" + xml + "</row>"; };
     const QByteArray blanks(5 << 20, ' ');
-    const std::pair<std::function<QString()>, QString> cases[] = {
-        {[&] {
-             return books.zip({{u"tblSite.csv"_s, "x"}});
-         },
-         none},
-        {[&] {
-             return books.withRows({}, {{u"_rels/.rels"_s, "<Relationships/>"}});
-         },
-         none},
-        {[&] {
-             return books.withRows({}, {{u"xl/workbook.xml"_s, "<workbook/>"}});
-         },
-         none},
-        {[&] { return books.file({}); }, u"holds no \"xl/sheets/mine.xml\"."_s},
-        {[&] {
-             return books.file({{books.sheet(), "<worksheet><sheetData><row>"}});
-         },
-         damaged},
-        {[&] {
-             return books.file({{books.sheet(), "<!DOCTYPE a [<!ENTITY b 'c'>]><a>&b;</a>"}});
-         },
-         damaged},
-        {[&] { return books.withRows(cell("<c t='s'><v>0</v></c>")); }, damaged},
-        {[&] { return books.withRows(cell("<c r='B2'/><c r='B2'/>")); }, damaged},
-        {[&] { return books.withRows(cell("<c r='XFE2'/>")); }, damaged},
-        {[&] { return books.withRows(cell("<c><v>many</v></c>")); }, damaged},
-        {[&] { return books.withRows(Heading + "<row r='1'/>"); }, damaged},
-        {[&] { return books.withRows(Heading + "<row r='1048577'/>"); }, damaged},
-        {[&] { return books.withRows(cell("<c><v>" + blanks + "</v></c>")); }, notRead},
-        {[&] {
-             return books.withRows({}, {{u"xl/texts.xml"_s, "<sst>" + blanks}});
-         },
-         notRead},
-        {[&] {
-             return books.withRows({}, {{u"xl/styles.xml"_s, "<s>" + blanks}});
-         },
-         notRead},
-        {[&] {
-             return books.withRows(
-                 {}, {{u"xl/styles.xml"_s,
-                       "<s>" + QByteArray("<alignment horizontal='left'/>").repeated(600'000) +
-                           "</s>"}});
-         },
-         notRead},
-        {[&] {
-             return books.withRows(
-                 {}, {{u"xl/texts.xml"_s,
-                       "<sst>" + QByteArray("<si/>").repeated(3'000'001) + "</sst>"}});
-         },
-         notRead},
+    // Each file is made in the place of the one before.
+    const auto expectRefused = [](const QString &file, const QString &why) {
+        const QString told = refusalOf(file);
+        EXPECT_TRUE(told.endsWith(why)) << qPrintable(told) << " instead of " << qPrintable(why);
     };
-    for (const auto &[make, why] : cases) {
-        const QString told = refusalOf(make());
-        EXPECT_TRUE(told.endsWith(why))
-            << told.toStdString() << " instead of " << why.toStdString();
-    }
+    const auto expectPart = [&](const QString &name, const QByteArray &text, const QString &why) {
+        expectRefused(books.withRows({}, {{name, text}}), why);
+    };
+    expectRefused(books.zip({{u"tblSite.csv"_s, "x"}}), none);
+    expectPart(u"_rels/.rels"_s, "<Relationships/>", none);
+    expectPart(u"xl/workbook.xml"_s, "<workbook/>", none);
+    expectRefused(books.file({}), u"holds no \"xl/sheets/mine.xml\"."_s);
+    for (const char *sheet :
+         {"<worksheet><sheetData><row>", "<!DOCTYPE a [<!ENTITY b 'c'>]><a>&b;</a>"})
+        expectRefused(books.file({{books.sheet(), sheet}}), damaged);
+    for (const char *cells :
+         {"<c t='s'><v>0</v></c>", "<c r='B2'/><c r='B2'/>", "<c r='XFE2'/>", "<c><v>many</v></c>"})
+        expectRefused(books.withRows(cell(cells)), damaged);
+    for (const char *row : {"<row r='1'/>", "<row r='1048577'/>"})
+        expectRefused(books.withRows(Heading + row), damaged);
+    expectRefused(books.withRows(cell("<c><v>" + blanks + "</v></c>")), notRead);
+    expectPart(u"xl/texts.xml"_s, "<sst>" + blanks, notRead);
+    expectPart(u"xl/styles.xml"_s, "<s>" + blanks, notRead);
+    expectPart(u"xl/styles.xml"_s,
+               "<s>" + QByteArray("<alignment horizontal='left'/>").repeated(600'000) + "</s>",
+               notRead);
+    expectPart(u"xl/texts.xml"_s, "<sst>" + QByteArray("<si/>").repeated(3'000'001) + "</sst>",
+               notRead);
 }
 
 TEST_F(Xlsx, NoDamageOnTheWayIsTakenForTheTable)

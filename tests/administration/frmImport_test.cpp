@@ -1,11 +1,11 @@
 #include "administration/AdministrationScreen.h"
-#include "administration/ExportTables.h"
 #include "administration/ui/Entries.h"
 #include "core/Permission.h"
 #include "platform/db/Structure.h"
 #include "platform/grid/GridView.h"
 
 #include <QLocale>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 using test::ScreenDriver;
@@ -42,23 +42,23 @@ TEST_F(ImportScreen, ShowsWhatIsWrongAndImportsWhatIsRight)
         screen.press("cmdCheck");
         EXPECT_EQ(cell(screen, 0), u"3\tUnit No\t\"T1\" stands in row 2 too."_s);
         const QString told = u"1 problem was found in 2 rows. Nothing was imported."_s;
-        EXPECT_EQ(shown(screen, "lblSummary"), told);
-        say(told);
+        EXPECT_EQ(screen.text("lblSummary"), told);
+        prompts.say(told);
         screen.press("cmdImport");
         (void)file("Unit,Name,Site\nT1,a,North\nT2,b,North\n");
         const QString question = u"The file names entries that the lists do not have yet:\n\nSite: "
                                  "North\n\nDo you want to add them to the lists?"_s;
-        ask(question, Answer::No);
+        prompts.no(question);
         screen.press("cmdImport");
         EXPECT_EQ(cell(screen, 0), u"\tSite\tNew in the list: North"_s);
         EXPECT_EQ(count(u"tblEquipment"_s), 1);
-        ask(question, Answer::Yes);
-        say(u"2 rows were imported. 1 entry was added to the lists."_s);
+        prompts.yes(question);
+        prompts.say(u"2 rows were imported. 1 entry was added to the lists."_s);
         screen.press("cmdImport");
         EXPECT_EQ(count(u"tblEquipment"_s), 3);
         screen.type("txtFile", u"/nowhere.csv"_s);
-        EXPECT_EQ(shown(screen, "lblSummary"), QString());
-        say(u"The file \"/nowhere.csv\" can't be read (No such file or directory)."_s);
+        EXPECT_EQ(screen.text("lblSummary"), QString());
+        prompts.say(u"The file \"/nowhere.csv\" can't be read (No such file or directory)."_s);
         screen.press("cmdCheck");
     });
 }
@@ -68,7 +68,7 @@ TEST_F(ImportScreen, WhoMayNotAddIsTold)
     gRights = {};
     work(ShowImport, [&](const ScreenDriver &screen) {
         screen.type("txtFile", file("Unit,Name\nT2,b\n"));
-        prompts.expect(rights::refusal(rights::Machines.add), Icon::Information);
+        prompts.inform(rights::refusal(rights::Machines.add));
         screen.press("cmdImport");
     });
     EXPECT_EQ(count(u"tblEquipment"_s), 1);
@@ -79,16 +79,12 @@ TEST_F(ImportScreen, AnExportIsReadIntoAnEmptyCompany)
     const QString zip = stick() + u"/all.zip"_s;
     prompts.expectChooser(u"Export all records"_s, stick() + u"/all"_s);
     // How many rows there are is the company's business.
-    (void)administration::exportTables(databaseTarget(), stick() + u"/other.zip"_s);
-    qint64 rows = 0;
     const db::RowCounts counts = db::countRows(databaseTarget());
-    for (const qint64 number : counts)
-        rows += number;
-    prompts.expect(
+    const qint64 rows = std::accumulate(counts.begin(), counts.end(), qint64(0));
+    prompts.inform(
         u"%1 rows of %2 tables were exported to %3.\n\nThe file holds all that the company "
         "has entered, addresses of employees included. Keep it as you keep a backup."_s.arg(
-            QLocale(QLocale::English).toString(rows), QString::number(counts.size()), zip),
-        Icon::Information);
+            QLocale(QLocale::English).toString(rows), QString::number(counts.size()), zip));
     ShowExport();
     const QString question =
         u"This puts the exported company in the place of this one, which has to "
@@ -99,8 +95,8 @@ TEST_F(ImportScreen, AnExportIsReadIntoAnEmptyCompany)
             EXPECT_FALSE(screen.isEnabled("cmdCheck"));
             EXPECT_FALSE(screen.isEnabled("cmdSheet"));
             screen.type("txtFile", zip);
-            ask(question, Answer::Yes);
-            say(told);
+            prompts.yes(question);
+            prompts.say(told);
             screen.press("cmdImport");
         });
     };
@@ -118,8 +114,8 @@ TEST_F(ImportScreen, AnEmptySheetIsSaved)
     work(ShowImport, [&](const ScreenDriver &screen) {
         screen.choose("cboKind", u"Meter readings"_s);
         prompts.expectChooser(u"Save an empty sheet"_s, stick() + u"/r.csv"_s);
-        say(u"The sheet was saved. Fill it in with a spreadsheet, one row for each record. "
-            "Columns that you don't need may go."_s);
+        prompts.say(u"The sheet was saved. Fill it in with a spreadsheet, one row for each record. "
+                    "Columns that you don't need may go."_s);
         screen.press("cmdSheet");
     });
     EXPECT_EQ(test::readFile(stick() + u"/r.csv"_s), "\xEF\xBB\xBFUnit No,Date,Meter,Reading\r\n");
