@@ -1,8 +1,7 @@
 #include "core/ErrorStore.h"
-#include "core/MailAccount.h"
 #include "core/Secrets.h"
+#include "core/ui/MailSetUp.h"
 #include "core/ui/ScreenDriver.h"
-#include "core/ui/Sending.h"
 #include "platform/odbc/Odbc.h"
 #include "shell/ShellSession.h"
 #include "shell/Updates.h"
@@ -11,7 +10,6 @@
 #include "shell/ui/frmSetup.h"
 #include "support/Desktop.h"
 #include "support/HttpServer.h"
-#include "support/SmtpServer.h"
 
 #include <QTabWidget>
 
@@ -48,15 +46,6 @@ struct Services : test::ShellSession
     {
         settings::registry().setValue(settings::MakerKey, name, value);
     }
-    /// Sets the server up as the company's, without encryption.
-    static void setUpMail(const SmtpServer &server)
-    {
-        SetOption(mailing::ServerOption, u"localhost"_s, false);
-        SetOption(mailing::PortOption, server.port(), false);
-        SetOption(mailing::SecurityOption, mailing::codeOf(mail::Security::None), false);
-        maker(u"ReportMailbox"_s, u"help@example.com; more@example.com"_s);
-        joinReportTransport();
-    }
 };
 
 } // namespace
@@ -75,13 +64,11 @@ TEST_F(Services, TheMailAccountIsStoredWithItsPasswordSealed)
         page.press("cmdApply");
         EXPECT_EQ(page.text("txtMailPassword"), QString());
     });
-    mail::Account account = mailing::account();
-    EXPECT_EQ(account.server, u"mail.example.com"_s);
+    const mail::Account account = mailing::account();
+    EXPECT_EQ((QStringList{account.server, account.sender, account.user, account.password}),
+              u"mail.example.com office@example.com office hushhush"_s.split(u' '));
     EXPECT_EQ(account.security, mail::Security::Tls);
     EXPECT_EQ(account.port, 2465);
-    EXPECT_EQ(account.sender, u"office@example.com"_s);
-    EXPECT_EQ(account.user, u"office"_s);
-    EXPECT_EQ(account.password, u"hushhush"_s);
     // What is not typed anew stays.
     inSetup(MailPage, [](const ScreenDriver &page) {
         EXPECT_EQ(page.text("txtMailPassword"), QString());
@@ -101,10 +88,8 @@ TEST_F(Services, ATestMailShowsWhetherTheAccountWorks)
 {
     const auto certificate = std::make_shared<test::TestCertificate>(u"localhost"_s);
     const SmtpServer server({.encryption = SmtpServer::Encryption::StartTls,
-                             .fault = SmtpServer::Fault::None,
                              .user = "office",
                              .password = "hushhush",
-                             .refusedRecipient = {},
                              .certificate = certificate});
     SetRegistryValue(u"MAILAUTHORITIES"_s, certificate->file());
     inSetup(MailPage, [&](const ScreenDriver &page) {
@@ -195,12 +180,11 @@ TEST_F(Services, TheScriptOfAFailedUpdateGoesToTheMakers)
     sendIt();
 
     const SmtpServer server({});
-    setUpMail(server);
-    maker(u"ReportMailbox"_s, u" ; "_s);
+    test::setUpMail(server, u" ; "_s);
     prompts.say(u"The report could not be sent. The installation names no mailbox of the "
                 u"makers."_s);
     sendIt();
-    setUpMail(server);
+    test::setUpMail(server, u"help@example.com; more@example.com"_s);
     const QString script = base::applicationPath(u"\\Script\\DBChanges.mdb"_s);
     prompts.say(u"The report could not be sent. The file can't be read: "_s + script);
     sendIt();

@@ -140,20 +140,14 @@ TEST_F(Users, TheEmployeeButtonWaitsForTheEmployeeScreen)
     EXPECT_TRUE(again.mode() == Mode::Browse);
 }
 
-TEST_F(Users, RolesOpenOnTheUserShown)
+TEST_F(Users, RolesAreSavedWithAllBoxesAndReloaded)
 {
     select(u"Bob"_s);
-    QString title;
     test::onNextModal([&](QWidget &form) {
-        title = form.windowTitle();
+        EXPECT_TRUE(form.windowTitle().contains(u"Bob"_s));
         form.close();
     });
     press("cmdRole");
-    EXPECT_TRUE(title.contains(u"Bob"_s));
-}
-
-TEST_F(Users, RolesAreSavedWithAllBoxesAndReloaded)
-{
     gcnData->Execute(BuildQueryString(u"Bob"_s, {u"SerAdd"_s}));
     frmUserRoles roles(u"Bob"_s);
     roles.show();
@@ -164,22 +158,16 @@ TEST_F(Users, RolesAreSavedWithAllBoxesAndReloaded)
         EXPECT_EQ(box.text(), QString::fromLatin1(right.caption));
         EXPECT_EQ(box.isChecked(), name == u"SerAdd") << right.column;
     }
-    auto &save = named<QPushButton>(roles, u"cmdUpdate"_s);
-    auto &cancel = named<QPushButton>(roles, u"cmdCancel"_s);
-    EXPECT_FALSE(save.isEnabled());
-
+    const ScreenDriver driver(roles);
+    EXPECT_FALSE(driver.isEnabled("cmdUpdate"));
     named<QTabWidget>(roles, u"SSTab1"_s).setCurrentIndex(0);
-    auto &list = named<QCheckBox>(roles, u"chkEqList"_s);
+    auto &list = driver.control<QCheckBox>("chkEqList");
     QTest::keyClick(&list, Qt::Key_Space);
-    EXPECT_TRUE(save.isEnabled());
-    QTest::mouseClick(&cancel, Qt::LeftButton);
-    EXPECT_FALSE(list.isChecked());
-    EXPECT_FALSE(save.isEnabled());
-
+    driver.press("cmdCancel");
+    EXPECT_FALSE(list.isChecked() || driver.isEnabled("cmdUpdate"));
     QTest::keyClick(&list, Qt::Key_Space);
-    QTest::mouseClick(&save, Qt::LeftButton);
-    EXPECT_FALSE(save.isEnabled());
-    EXPECT_TRUE(list.isChecked());
+    driver.press("cmdUpdate");
+    EXPECT_TRUE(list.isChecked() && !driver.isEnabled("cmdUpdate"));
     EXPECT_EQ(count(u"tblUser"_s, u"UserName = 'Bob' and EqList = '1' and "
                                   u"SerAdd = '1' and EqAdd = '0' and "
                                   u"InvPartHistory = '0'"_s),

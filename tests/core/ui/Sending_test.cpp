@@ -1,17 +1,15 @@
-#include "core/ui/Sending.h"
 
 #include "core/CompanySession.h"
 #include "core/ErrorStore.h"
-#include "core/MailAccount.h"
 #include "core/Permission.h"
 #include "core/Secrets.h"
+#include "core/ui/MailSetUp.h"
 #include "core/ui/ScreenDriver.h"
 #include "core/ui/Working.h"
 #include "core/ui/frmQV_Log.h"
 #include "core/ui/frmSendEmail.h"
 #include "platform/odbc/Odbc.h"
 #include "support/Desktop.h"
-#include "support/SmtpServer.h"
 
 #include <QThread>
 
@@ -21,6 +19,8 @@ using test::SmtpServer;
 
 namespace {
 
+const QString Mailbox = u"help@example.com"_s;
+
 struct Sending : test::CompanySession
 {
     Sending()
@@ -28,18 +28,9 @@ struct Sending : test::CompanySession
         installErrorReport();
         SetOption(u"GEN_COMPANY_EMAIL"_s, u"shop@example.com"_s, false);
         SetOption(u"GEN_COMPANY_NAME"_s, u"Green & Sons"_s, false);
-        settings::registry().setValue(settings::MakerKey, u"ReportMailbox"_s,
-                                      u"help@example.com"_s);
     }
     ~Sending() override { setReportTransport({}); }
 
-    static void setUpMail(const SmtpServer &server)
-    {
-        SetOption(mailing::ServerOption, u"localhost"_s, false);
-        SetOption(mailing::PortOption, server.port(), false);
-        SetOption(mailing::SecurityOption, mailing::codeOf(mail::Security::None), false);
-        joinReportTransport();
-    }
     /// Reports an error and acts on its form.
     static void report(const std::function<void(ScreenDriver)> &act)
     {
@@ -101,7 +92,7 @@ TEST_F(Sending, AReportGoesToTheStoreAndByTheAccount)
 {
     const QString store = setUpStore();
     const SmtpServer server({});
-    setUpMail(server);
+    test::setUpMail(server, Mailbox);
     prompts.inform(u"Thank You for reporting this error. This goes directly to our programmers "
                    u"for diagnosis and repair."_s);
     report([](ScreenDriver form) { form.press("cmdSend"); });
@@ -119,7 +110,7 @@ TEST_F(Sending, AReportGoesToTheStoreAndByTheAccount)
 TEST_F(Sending, ACancelledReportStaysInItsForm)
 {
     const SmtpServer server({.fault = SmtpServer::Fault::HangsAtOnce});
-    setUpMail(server);
+    test::setUpMail(server, Mailbox);
     const QString store = setUpStore();
     report([](ScreenDriver form) {
         for (int time = 0; time < 2; ++time) {
@@ -139,7 +130,7 @@ TEST_F(Sending, ACancelledReportStaysInItsForm)
 TEST_F(Sending, AReportThatTheServerRefusesGoesToTheUsersMailProgram)
 {
     const SmtpServer server({.refusedRecipient = "help@example.com"});
-    setUpMail(server);
+    test::setUpMail(server, Mailbox);
     report([](ScreenDriver form) {
         form.type("txtUserMsg", u"50% & more"_s);
         form.press("cmdSend");
@@ -162,7 +153,7 @@ TEST_F(Sending, APrintedReportGoesByTheAccountOrBesideTheUsersMailProgram)
               (QStringList{QUrl::fromLocalFile(environment.folder()).toString(QUrl::FullyEncoded),
                            u"mailto:?subject=Work%20%26%20Order"_s}));
     const SmtpServer server({});
-    setUpMail(server);
+    test::setUpMail(server, Mailbox);
     prompts.expectInput(question, std::nullopt);
     mailing::mailDocument(pdf);
     prompts.expectInput(question, u"a@example.com,b@example.com"_s);
