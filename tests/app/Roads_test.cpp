@@ -1,15 +1,5 @@
-#include "app/Screens.h"
-#include "core/CompanySession.h"
-#include "core/OpeningTable.h"
+#include "app/WholeProgram.h"
 #include "core/Permission.h"
-#include "core/ui/Openings.h"
-#include "core/ui/ScreenCalls.h"
-#include "core/ui/ScreenDriver.h"
-#include "platform/settings/Registry.h"
-#include "shell/ui/MainBoard.h"
-#include "shell/ui/frmMainScreen.h"
-#include "support/ScriptedPrompts.h"
-#include "support/TestFiles.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -18,20 +8,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The whole program's roads, for a user without any right.
-struct Roads : test::CompanySession
+struct Roads : test::WholeProgram
 {
-    Roads()
-    {
-        gRights = {};
-        app::joinScreens();
-    }
-    ~Roads() override
-    {
-        openings() = {};
-        screenCalls() = {};
-        shell::mainBoard() = {};
-    }
     void expectRefusal(bool Rights::*right) { prompts.inform(rights::refusal(right)); }
 
     test::ScriptedPrompts prompts;
@@ -65,7 +43,6 @@ TEST_F(Roads, EachEntryOfTheMenusLeadsSomewhere)
         const QString name = QString::fromLatin1(row.name);
         EXPECT_TRUE(name.isEmpty() || openings().isJoined(name)) << row.object << ' ' << row.name;
     }
-    gsLoginUser.clear();
 }
 
 TEST_F(Roads, NoAddEntryAddsForThoseWhoMayNot)

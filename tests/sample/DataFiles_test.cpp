@@ -64,13 +64,9 @@ TEST(ListFile, NumbersMembersInTheOrderOfTheOutline)
 
 TEST(Pattern, FindsTheNextAndTheLastDay)
 {
-    struct Case
-    {
-        const char *pattern;
-        QDate from, first;
-    };
+    using company::sample::Pattern;
     // 15 March 2024 is a Friday.
-    const Case cases[] = {
+    const std::tuple<const char *, QDate, QDate> cases[] = {
         {"", {2024, 3, 15}, {2024, 3, 15}},
         {"days:Mon Wed", {2024, 3, 15}, {2024, 3, 18}},
         {"months:Nov", {2024, 3, 15}, {2024, 11, 1}},
@@ -79,14 +75,11 @@ TEST(Pattern, FindsTheNextAndTheLastDay)
         // Days 1 to 3 and 7 make the first week.
         {"weeks:First days:Mon", {2024, 3, 15}, {2024, 4, 1}},
     };
-    for (const Case &one : cases) {
-        const company::sample::Pattern pattern(QString::fromLatin1(one.pattern));
-        EXPECT_EQ(pattern.firstFrom(one.from), one.first) << one.pattern;
-    }
-    EXPECT_EQ(company::sample::Pattern(u"days:Mon Wed"_s).lastBefore({2024, 3, 15}),
-              QDate(2024, 3, 13));
-    EXPECT_EQ(company::sample::Pattern(u"dom:1 15"_s).lastBefore({2024, 3, 15}), QDate(2024, 3, 1));
-    EXPECT_THROW(company::sample::Pattern(u"days:Mo"_s), base::Error);
+    for (const auto &[pattern, from, first] : cases)
+        EXPECT_EQ(Pattern(QString::fromLatin1(pattern)).firstFrom(from), first) << pattern;
+    EXPECT_EQ(Pattern(u"days:Mon Wed"_s).lastBefore({2024, 3, 15}), QDate(2024, 3, 13));
+    EXPECT_EQ(Pattern(u"dom:1 15"_s).lastBefore({2024, 3, 15}), QDate(2024, 3, 1));
+    EXPECT_THROW(Pattern(u"days:Mo"_s), base::Error);
 }
 
 TEST(Meter, NeverFallsAndIsReachedOnTheFirstSuchDay)

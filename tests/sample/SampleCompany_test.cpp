@@ -1,6 +1,5 @@
-#include "company/Calendar.h"
 #include "company/SampleCompany.h"
-#include "core/database/CreateDatabase.h"
+#include "platform/db/Structure.h"
 #include "support/CompanyDatabase.h"
 #include "support/TestEnvironment.h"
 
@@ -31,17 +30,13 @@ protected:
     }
 };
 
-/// A digest of every row of every table that the sample fills.
-QByteArray digest(db::Connection &connection)
+/// A digest of every row of every table.
+QByteArray digest(const test::CompanyDatabase &database, db::Connection &connection)
 {
     QCryptographicHash hash(QCryptographicHash::Sha256);
-    for (const char *table :
-         {"tblEquipment", "tblEquipmentCount", "tblEquipmentPart", "tblEquipmentDepreciation",
-          "tblEquipmentCrewHistory", "tblEquipmentScan", "tblPart", "tblSupplier", "tblEmployee",
-          "tblServices", "tblServiceUsed", "tblServiceUsedPart", "tblWorkorder", "tblWoServiceUsed",
-          "tblWoPartUsed", "tblWOServiceUsedHistory", "tblWoPartHistory", "tblUser"}) {
-        const db::Recordset rows =
-            connection.Open(u"Select * from %1"_s.arg(QString::fromLatin1(table)));
+    const db::RowCounts tables = db::countRows(database.target());
+    for (auto table = tables.begin(); table != tables.end(); ++table) {
+        const db::Recordset rows = connection.Open(u"Select * from "_s + table.key());
         for (int row = 0; row < rows.RecordCount(); ++row) {
             for (int column = 0; column < rows.columnCount(); ++column)
                 hash.addData(rows.value(row, column).toString().toUtf8() + '|');
@@ -57,7 +52,7 @@ TEST(LoadSampleCompany, IsTheSameForOneDayAndSeed)
         const test::CompanyDatabase database;
         const auto connection = database.open();
         company::loadSampleCompany(*connection, today, {}, seed);
-        return digest(*connection);
+        return digest(database, *connection);
     };
     const QDate today = test::SampleCompany::today();
     const QByteArray first = made(today, company::UsualSeed);
@@ -76,13 +71,13 @@ TEST_F(SampleCompany, ALargerFleetHasAsMuchDueWorkWhenItsOtherMachinesAreAhead)
     company::loadSampleCompany(*larger, test::SampleCompany::today(), plan, company::UsualSeed);
     const auto due = [](db::Connection &connection) {
         QStringList lines;
-        for (const db::Row row : connection.Open(
-                 u"Select ServiceUsedID, EquipmentID, Name, NextScheduledDate, NextScheduledCount "
-                 "from tblServiceUsed where Inactive = 0 and NextScheduledDate <= #03-15-2024# "
-                 "and NextScheduledDate >= #02-14-2024# order by ServiceUsedID"_s))
-            lines << u"%1 %2 %3 %4 %5"_s.arg(row.text(u"ServiceUsedID"), row.text(u"EquipmentID"),
-                                             row.text(u"Name"), row.text(u"NextScheduledDate"),
-                                             row.text(u"NextScheduledCount"));
+        const db::Recordset rows = connection.Open(
+            u"Select ServiceUsedID, EquipmentID, Name, NextScheduledDate, NextScheduledCount "
+            "from tblServiceUsed where Inactive = 0 and NextScheduledDate <= #03-15-2024# "
+            "and NextScheduledDate >= #02-14-2024# order by ServiceUsedID"_s);
+        for (int row = 0; row < rows.RecordCount(); ++row)
+            for (int column = 0; column < rows.columnCount(); ++column)
+                lines << rows.value(row, column).toString();
         return lines;
     };
     EXPECT_EQ(due(*larger), due(*m_connection));
@@ -272,15 +267,12 @@ TEST_F(SampleCompany, LaborIsHoursTimesTheCrewsRate)
 
 TEST_F(SampleCompany, TheNextNewOrderGetsAFreeNumber)
 {
-    const qint64 last = number(u"Select max(WorkorderNo) from tblWorkorder"_s);
-    EXPECT_EQ(
-        m_connection->Insert(u"Insert into tblWorkOrder(EquipmentId,Printed) Values('1','0')"_s, {},
-                             u"WorkorderNo"_s),
-        last + 1);
-    const qint64 service = number(u"Select max(ServiceUsedID) from tblServiceUsed"_s);
-    EXPECT_EQ(m_connection->Insert(u"Insert into tblServiceUsed(EquipmentID) values (1)"_s, {},
-                                   u"ServiceUsedID"_s),
-              service + 1);
+    for (const auto &[table, key] : {std::pair(u"tblWorkorder"_s, u"WorkorderNo"_s),
+                                     std::pair(u"tblServiceUsed"_s, u"ServiceUsedID"_s)}) {
+        const qint64 last = number(u"Select max(%1) from %2"_s.arg(key, table));
+        const QString statement = u"Insert into %1(EquipmentID) values(1)"_s.arg(table);
+        EXPECT_EQ(m_connection->Insert(statement, {}, key), last + 1);
+    }
 }
 
 } // namespace
