@@ -33,6 +33,8 @@ TEST_F(Board, ListsMachinesByNameWithTheirOldestServiceAndOrdersOnce)
     service({{u"EquipmentID"_s, 3}, {u"NextScheduledDate"_s, day(3, 16)}});
     service({{u"EquipmentID"_s, 3}, {u"Inactive"_s, 1}});
     service({{u"EquipmentID"_s, 4}});
+    machine(5, u"M1"_s);
+    service({{u"EquipmentID"_s, 5}});
     const qint64 empty = order({{u"EquipmentID"_s, 3}});
     const qint64 full = order();
     orderService(full, {{u"ServiceUsedID"_s, service({{u"NextScheduledDate"_s, day(3, 2)}})},
@@ -41,7 +43,7 @@ TEST_F(Board, ListsMachinesByNameWithTheirOldestServiceAndOrdersOnce)
     order({{u"CompletedDate"_s, day(3, 12)}});
     EXPECT_EQ(shown(), u"|0|2024-03-10|1\n"
                        "A1 - Mower A1|%1||0\n"
-                       "M1 - Mower M1|0|2024-02-20|3\n"
+                       "M1 - Mower M1|0|2024-02-20|4\n"
                        "M1 - Mower M1|%2|2024-03-02|2"_s.arg(empty)
                            .arg(full));
 }

@@ -131,6 +131,7 @@ TEST_F(GenerateWorkorder, TheServiceCrewsNarrowItAndTheMachinesCrewDoesNot)
     EXPECT_TRUE(workorders::dueList(filter).isEmpty()) << "the machine is of crew 2";
     ASSERT_TRUE(generate({2}));
     EXPECT_EQ(orders(), QSet<QString>{u"mine"_s});
+    EXPECT_TRUE(workorders::dueList(filter).isEmpty()) << "and so is its order";
 }
 
 TEST_F(GenerateWorkorder, IsUndoneAsAWholeForAServiceOfADeletedCrew)

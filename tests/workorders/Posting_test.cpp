@@ -190,25 +190,33 @@ TEST_F(PostWorkOrder, HoldsBackWhatWaitsForACountAndPostsTheOthers)
     orderService(ready, {{u"Period"_s, u"C"_s}});
     const qint64 elsewhere = completeOrder();
     const qint64 opened = order();
+    const qint64 undated = order({{u"Complete"_s, true}});
+    // What another workstation is at keeps its mark, and holds up nobody.
+    const qint64 theirs = completeOrder();
+    const auto workstation = database.open();
+    workstation->BeginTrans();
+    workstation->Execute(u"Update tblWorkorder set Printed = 1 where WorkorderNo = ?"_s, {theirs});
     prompts.say(u"Following Work Orders (%1) aren't posted. Enter counts for these Work "
                 "Orders."_s.arg(counted));
     ASSERT_TRUE(post({counted}));
     ASSERT_TRUE(post({}));
-    EXPECT_EQ(count(u"tblWorkorder"_s, u"Complete = -1"_s), 4)
+    EXPECT_EQ(count(u"tblWorkorder"_s, u"Complete = -1"_s), 6)
         << "with nothing to post no mark is lost";
-    QList<qint64> orders{skipped, 4711, opened, ready, counted, 4711};
+    QList<qint64> orders{skipped, 4711, undated, opened, ready, counted, 4711};
     prompts.say(u"Following Work Orders (%1, %2) aren't posted. Enter counts for these Work "
                 "Orders."_s.arg(counted)
                     .arg(skipped));
     prompts.say(
-        u"Following Work Orders (%1) aren't posted. They are complete no longer."_s.arg(opened));
+        u"Following Work Orders (%1, %2) aren't posted. They are complete no longer."_s.arg(opened)
+            .arg(undated));
     prompts.say(u"Following Work Orders (4711) aren't posted. Another workstation has posted or "
                 "deleted them."_s);
     ASSERT_TRUE(posting::PostWorkOrder(orders));
+    workstation->RollbackTrans();
     EXPECT_EQ(orders, QList<qint64>{ready});
     EXPECT_EQ(count(u"tblWOServiceUsedHistory"_s), 1);
     EXPECT_EQ(count(u"tblWoServiceUsed"_s), 3);
-    for (const qint64 number : {counted, skipped})
+    for (const qint64 number : {counted, skipped, theirs})
         EXPECT_EQ(
             count(u"tblWorkorder"_s,
                   u"WorkorderNo = %1 and Complete = -1 and CompletedDate = #03-12-2024#"_s.arg(
