@@ -35,11 +35,6 @@ TEST_F(GetNextScheduledDateTest, CalendarServicesGoOnFromTheDateThatTheyAreResch
         {"a small s is an S", {{u"RenewalOn"_s, u"s"_s}}, day(3, 1)},
         {"D goes from the completion", {{u"RenewalOn"_s, u"D"_s}}, day(3, 11)},
         {"weeks", {{u"Period"_s, u"W"_s}, {u"EInterval"_s, 2}}, day(3, 15)},
-        {"months", {{u"Period"_s, u"M"_s}, {u"EInterval"_s, 1}}, day(4, 1)},
-        {"years", {{u"Period"_s, u"Y"_s}, {u"EInterval"_s, 1}}, day(3, 1, 2025)},
-        {"the last day of a shorter month",
-         {{u"Period"_s, u"M"_s}, {u"EInterval"_s, 1}, {u"LastDatePerformed"_s, day(1, 31)}},
-         day(2, 29)},
         {"a time of day is dropped",
          {{u"LastDatePerformed"_s, base::wallClock(QDate(2024, 3, 1), QTime(17, 45))}},
          day(3, 11)},
@@ -130,16 +125,6 @@ TEST_F(GetNextScheduledDateTest, AMeterServiceHasTheDateOfTheReadingThatReachedI
     EXPECT_FALSE(due(u"h"_s, 1).isValid()) << "codes are exact: this one names no count type";
     reading(1, u"Hours"_s, day(3, 10), 100);
     EXPECT_FALSE(due(u"H"_s, 510).isValid()) << "a later reading is the current one, though lower";
-}
-
-TEST_F(GetNextScheduledDateTest, SeesWhatAnOpenTransactionHasWritten)
-{
-    const qint64 id = assigned();
-    BeginTrans();
-    gcnData->Execute(u"Update tblServiceUsed set EInterval = 20 where ServiceUsedID = ?"_s, {id});
-    EXPECT_EQ(GetNextScheduledDate(id), day(3, 21));
-    RollbackTrans();
-    EXPECT_EQ(GetNextScheduledDate(id), day(3, 11));
 }
 
 } // namespace

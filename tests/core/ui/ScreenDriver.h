@@ -49,6 +49,14 @@ public:
         QTest::keyClicks(&box, text);
     }
 
+    /// The same, and leaves the box by a key.
+    void enter(const char *name, const QString &text, Qt::Key leaving = Qt::Key_Tab) const
+    {
+        type(name, text);
+        QTest::keyClick(&control(name), leaving);
+        QCoreApplication::processEvents();
+    }
+
     /// Takes an item of a list by its text.
     void choose(const char *name, const QString &text) const
     {
@@ -70,6 +78,15 @@ public:
         if (auto *label = qobject_cast<QLabel *>(&box))
             return label->text();
         return control<QLineEdit>(name).text();
+    }
+
+    /// What several show, parted by '|'.
+    [[nodiscard]] QString texts(std::initializer_list<const char *> names) const
+    {
+        QStringList all;
+        for (const char *name : names)
+            all.append(text(name));
+        return all.join(u'|');
     }
 
     [[nodiscard]] bool isShown(const char *name) const { return control(name).isVisible(); }
