@@ -15,9 +15,9 @@ struct Workshop : CompanySession
     }
     static void addMachine(qint64 id, const QString &unit)
     {
-        run(QStringLiteral("insert into tblEquipment(EquipmentID,UnitNo,EquipmentName,Inactive) "
-                           "values(?,?,?,'0')"),
-            {id, unit, QStringLiteral("Mower ") + unit});
+        insert(QStringLiteral("tblEquipment"),
+               QStringLiteral("EquipmentID,UnitNo,EquipmentName,Inactive"),
+               {id, unit, QStringLiteral("Mower ") + unit, 0});
     }
     /// A posted service of order 70.
     static void addHistory(qint64 machine, qint64 service, QDate completed,

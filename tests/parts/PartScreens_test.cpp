@@ -66,10 +66,8 @@ TEST_F(PartScreens, ANewPartNeedsANumberAndADescription)
                  screen.type("txtMin", u"a1.5x"_s);
                  screen.type("txtPrice", u"12345678901"_s);
                  screen.press("cmdUpdate");
-                 EXPECT_EQ(screen.text("txtPartID"), u"P-2"_s);
-                 EXPECT_EQ(screen.text("txtQuantity"), u"0.00"_s);
-                 EXPECT_EQ(screen.text("txtMin"), u"1.50"_s);
-                 EXPECT_EQ(screen.text("txtPrice"), u"123456789.00"_s);
+                 EXPECT_EQ(screen.texts({"txtPartID", "txtQuantity", "txtMin", "txtPrice"}),
+                           u"P-2|0.00|1.50|123456789.00"_s);
                  EXPECT_EQ(screen.focused(), "txtPartID");
                  screen.press("cmdExit");
              });
@@ -89,10 +87,9 @@ TEST_F(PartScreens, ANumberInUseIsRefusedWhenTheFieldIsLeft)
 {
     addPart(u"P-1"_s, u"Oil filter"_s);
     inRecords(opening(showPartDetail, Mode::Add, u"0"_s), [this](ScreenDriver screen) {
-        screen.type("txtPartID", u"p-1"_s);
         prompts.inform(u"This part number is already in use on \"Oil filter\". Please "
                        "assign a different number."_s);
-        QTest::keyClick(&screen.control("txtPartID"), Qt::Key_Tab);
+        screen.enter("txtPartID", u"p-1"_s);
         EXPECT_EQ(screen.focused(), "txtPartID");
         EXPECT_EQ(screen.text("txtPartID"), QString());
     });

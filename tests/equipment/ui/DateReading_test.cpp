@@ -45,15 +45,15 @@ struct DateReadings : test::PageTest
         screen = std::make_unique<Form>();
         test::bringUp(*screen);
     }
-    template<class Control>
-    Control &named(const QString &name)
+    [[nodiscard]] test::ScreenDriver driver() const { return test::ScreenDriver(*screen); }
+    void press(const char *button) const { driver().press(button); }
+    [[nodiscard]] input::DateInput &date(const char *name) const
     {
-        return *screen->findChild<Control *>(name);
+        return driver().control<input::DateInput>(name);
     }
-    QPushButton &button(const QString &name) { return named<QPushButton>(name); }
-    void press(const QString &name) { QTest::mouseClick(&button(name), Qt::LeftButton); }
     grid::GridView &sheet() { return *screen->findChild<grid::GridView *>(); }
     int rowOf(qint64 id) { return sheet().rows().findRow(u"EquipmentID", id); }
+    QString newDate(qint64 id) { return sheet().rows().text(rowOf(id), NewDate); }
     void addYear(qint64 id)
     {
         QTest::mouseClick(sheet().viewport(), Qt::LeftButton, {},
@@ -61,11 +61,11 @@ struct DateReadings : test::PageTest
     }
     void expectEditing(bool editing)
     {
-        EXPECT_EQ(button(u"cmdUpdate"_s).isVisible(), editing);
-        EXPECT_EQ(button(u"cmdCancel"_s).isVisible(), editing);
-        EXPECT_EQ(button(u"cmdPrint"_s).isVisible(), !editing);
-        EXPECT_EQ(button(u"cmdExit"_s).isVisible(), !editing);
-        EXPECT_EQ(button(u"cmdRefresh"_s).isEnabled(), !editing);
+        for (const char *button : {"cmdUpdate", "cmdCancel"})
+            EXPECT_EQ(driver().isShown(button), editing) << button;
+        for (const char *button : {"cmdPrint", "cmdExit"})
+            EXPECT_EQ(driver().isShown(button), !editing) << button;
+        EXPECT_EQ(driver().isEnabled("cmdRefresh"), !editing);
         EXPECT_EQ(screen->isCloseEnabled(), !editing);
     }
 
@@ -79,14 +79,14 @@ TEST_F(DateReadings, ListAYearUpToToday)
     show<frmInspectionDateReading>();
     EXPECT_EQ(sheet().objectName(), u"grdInspectiondate");
     EXPECT_EQ(sheet().rows().rowCount(), 2);
-    EXPECT_EQ(named<input::DateInput>(u"datINPDateFrom"_s).date(), QDate(2023, 3, 15));
-    EXPECT_EQ(named<input::DateInput>(u"datINPDateTo"_s).date(), QDate(2024, 3, 15));
+    EXPECT_EQ(date("datINPDateFrom").date(), QDate(2023, 3, 15));
+    EXPECT_EQ(date("datINPDateTo").date(), QDate(2024, 3, 15));
     expectEditing(false);
-    named<input::DateInput>(u"datINPDateFrom"_s).setDate(QDate(2023, 3, 14));
-    press(u"cmdRefresh"_s);
+    date("datINPDateFrom").setDate(QDate(2023, 3, 14));
+    press("cmdRefresh");
     EXPECT_EQ(sheet().rows().rowCount(), 3);
     // The range is kept for the workstation.
-    press(u"cmdExit"_s);
+    press("cmdExit");
     EXPECT_EQ(GetOption(u"InspectionDateFrom"_s, true), u"03/14/2023");
     show<frmInspectionDateReading>();
     EXPECT_EQ(sheet().rows().rowCount(), 3);
@@ -98,8 +98,8 @@ TEST_F(DateReadings, AddOneYearAndSave)
     addYear(1);
     expectEditing(true);
     addYear(1);
-    EXPECT_EQ(sheet().rows().text(rowOf(1), NewDate), u"02/28/2025");
-    press(u"cmdUpdate"_s);
+    EXPECT_EQ(newDate(1), u"02/28/2025");
+    press("cmdUpdate");
     expectEditing(false);
     EXPECT_EQ(stored(1), QDate(2025, 2, 28));
     EXPECT_EQ(stored(2), QDate(2023, 6, 1));
@@ -114,16 +114,16 @@ TEST_F(DateReadings, ADateThatIsNotLaterIsRefusedAndCancelDropsTheNewOnes)
     prompts.say(u"Please enter valid date."_s);
     test::typeInCell(sheet(), rowOf(2), NewDate, u"06/32/2023"_s);
     test::typeInCell(sheet(), rowOf(2), NewDate, u"06022023"_s);
-    EXPECT_EQ(sheet().rows().text(rowOf(2), NewDate), u"06/02/2023");
+    EXPECT_EQ(newDate(2), u"06/02/2023");
     prompts.say(u"New Inspection date should be greater than old Inspection Date(6/1/2023)."_s);
     test::typeInCell(sheet(), rowOf(2), NewDate, u"06/01/2023"_s);
-    EXPECT_EQ(sheet().rows().text(rowOf(2), NewDate), QString());
+    EXPECT_EQ(newDate(2), QString());
     addYear(1);
     QTest::keyClick(screen.get(), Qt::Key_Escape);
     expectEditing(true);
-    press(u"cmdCancel"_s);
+    press("cmdCancel");
     expectEditing(false);
-    EXPECT_TRUE(sheet().rows().value(rowOf(1), NewDate).isNull());
+    EXPECT_EQ(newDate(1), QString());
     EXPECT_EQ(stored(1), QDate(2024, 2, 29));
 }
 
@@ -137,11 +137,11 @@ TEST_F(DateReadings, AFailedSaveKeepsTheSheet)
     other->Execute(u"update tblEquipment set UnitNo = 'x' where EquipmentID = 1"_s);
     prompts.say(u"Another workstation is changing machine U1. Nothing was stored. Please try "
                 "again in a moment."_s);
-    press(u"cmdUpdate"_s);
+    press("cmdUpdate");
     expectEditing(true);
     EXPECT_EQ(stored(2), QDate(2023, 6, 1));
     other->RollbackTrans();
-    press(u"cmdUpdate"_s);
+    press("cmdUpdate");
     EXPECT_EQ(stored(2), QDate(2024, 6, 1));
     EXPECT_EQ(stored(1), QDate(2025, 2, 28));
 }
@@ -159,7 +159,7 @@ TEST_F(DateReadings, WhatAnotherWorkstationHasChangedIsToldAndStays)
     prompts.say(u"Another workstation has changed these machines meanwhile. Their new dates "
                 "were not stored:\n\nU1: yours \"2/28/2025\", theirs \"3/1/2024\"\nU4 has "
                 "been deleted."_s);
-    press(u"cmdUpdate"_s);
+    press("cmdUpdate");
     expectEditing(false);
     EXPECT_EQ(stored(1), QDate(2024, 3, 1));
     EXPECT_EQ(stored(2), QDate(2024, 6, 1));
@@ -176,20 +176,20 @@ TEST_F(DateReadings, LicensesHaveTheirOwnColumnOptionsAndReport)
     EXPECT_EQ(screen->objectName(), u"frmLicenseDateReading");
     EXPECT_EQ(sheet().objectName(), u"grdLicensedate");
     addYear(2);
-    press(u"cmdUpdate"_s);
+    press("cmdUpdate");
     EXPECT_EQ(stored(2, u"LicenseRenewalDate"_s), QDate(2024, 6, 1));
     EXPECT_EQ(stored(2), QDate(2023, 6, 1));
-    press(u"cmdPrint"_s);
+    press("cmdPrint");
     EXPECT_EQ(filter, u" WHERE LicenseRenewalDate >= #03-15-2023# and LicenseRenewalDate <= "
                       "#03-15-2024#");
-    named<input::DateInput>(u"datLICDateTo"_s).setDate(QDate());
+    date("datLICDateTo").setDate(QDate());
     prompts.say(u"Please enter valid date."_s);
-    press(u"cmdRefresh"_s);
-    press(u"cmdExit"_s);
+    press("cmdRefresh");
+    press("cmdExit");
     EXPECT_EQ(GetOption(u"LicenseDateFrom"_s, true), u"03/15/2023");
     EXPECT_EQ(GetOption(u"LicenseDateTo"_s, true), QString());
     // Without its report the button is off.
     openings() = {};
     show<frmInspectionDateReading>();
-    EXPECT_FALSE(button(u"cmdPrint"_s).isEnabled());
+    EXPECT_FALSE(driver().isEnabled("cmdPrint"));
 }

@@ -11,12 +11,7 @@ struct PageTest : Workshop
 {
     ~PageTest() override { RollbackTrans(); }
 
-    template<class Control>
-    Control &control(const QString &name)
-    {
-        return named<Control>(*frame.page, name);
-    }
-    void click(const QString &name) { QTest::mouseClick(&control<QWidget>(name), Qt::LeftButton); }
+    [[nodiscard]] ScreenDriver page() const { return ScreenDriver(*frame.page); }
     ScriptedPrompts prompts;
     PageFrame frame;
 };

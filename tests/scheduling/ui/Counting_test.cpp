@@ -23,9 +23,8 @@ TEST_F(frmCountReadingTest, EachRefusalKeepsTheDialogAndWritesNothing)
 {
     reading(1, u"Hours"_s, day(3, 10), 500);
     const Opened screen(std::make_shared<frmCountReading>(1, u"Hours"_s));
-    EXPECT_EQ(screen.text("lblCountType"), u"Hours"_s);
-    EXPECT_EQ(screen.text("lblLastDate"), u"03/10/2024"_s);
-    EXPECT_EQ(screen.text("lblLastCount"), u"500"_s);
+    EXPECT_EQ(screen.texts({"lblCountType", "lblLastDate", "lblLastCount"}),
+              u"Hours|03/10/2024|500"_s);
     auto &date = screen.control<input::DateInput>("datCountDate");
     EXPECT_EQ(date.date(), QDate(2024, 3, 15));
 
@@ -78,8 +77,7 @@ TEST_F(frmCountReadingTest, WithoutATypeTheUserChoosesIt)
     const Opened screen(std::make_shared<frmCountReading>(1, QString()));
     auto &types = screen.control<input::IdCombo>("cboCountType");
     EXPECT_EQ(types.currentText(), u"Counts"_s);
-    EXPECT_EQ(screen.text("lblLastDate"), u"None"_s);
-    EXPECT_EQ(screen.text("lblLastCount"), u"0"_s);
+    EXPECT_EQ(screen.texts({"lblLastDate", "lblLastCount"}), u"None|0"_s);
     QTest::keyClick(&types, Qt::Key_Down);
     EXPECT_EQ(screen.text("lblLastCount"), u"500"_s);
     screen.type("txtCountValue", u"510"_s);

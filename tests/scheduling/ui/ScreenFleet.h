@@ -27,12 +27,6 @@ public:
         QTest::keyClick(m_form->focusWidget(), Qt::Key_S, Qt::AltModifier);
         EXPECT_TRUE(QTest::qWaitFor([&] { return m_form->mode() == Mode::Browse; }, 2000));
     }
-    /// Leaves a box by its key.
-    void leave(const char *box) const
-    {
-        QTest::keyClick(&control(box), Qt::Key_Tab);
-        QApplication::processEvents();
-    }
 
 private:
     std::shared_ptr<Form> m_form;

@@ -65,8 +65,7 @@ TEST_F(frmServicesTest, ANewServiceIsCheckedFieldByFieldAndThenStored)
 {
     catalogue(50, {{u"JobNo"_s, 8}});
     const Service screen = showNew();
-    EXPECT_EQ(screen.text("txtJobNo"), u"9"_s);
-    EXPECT_EQ(screen.text("cboRenewalPeriod"), u"Days"_s);
+    EXPECT_EQ(screen.texts({"txtJobNo", "cboRenewalPeriod"}), u"9|Days"_s);
     EXPECT_FALSE(screen->isCloseEnabled());
 
     const auto refusedWith = [&](const QString &message, const char *focus) {
@@ -89,9 +88,8 @@ TEST_F(frmServicesTest, ANewServiceIsCheckedFieldByFieldAndThenStored)
     screen.press("chkApr");
 
     screen.type("txtBudgetedlabor", u"2.5"_s);
-    EXPECT_EQ(screen.text("txtLaborRate"), u"$20.00"_s);
-    EXPECT_EQ(screen.text("txtBudgetedcost"), u"50.00"_s);
-    EXPECT_EQ(screen.text("txtTotalCost"), u"$50.00"_s);
+    EXPECT_EQ(screen.texts({"txtLaborRate", "txtBudgetedcost", "txtTotalCost"}),
+              u"$20.00|50.00|$50.00"_s);
     auto &interval = screen.control<input::SpinInput>("RRSpin1");
     interval.setFocus();
     QTest::keyClick(&interval, Qt::Key_Plus);
@@ -219,16 +217,14 @@ TEST_F(frmServicesTest, AJobNumberIsCheckedOnLeavingAndCarriedToTheMachines)
           {u"9"_s,
            u"Job Number you specified already exists. Please enter a different Part Number."_s}}) {
         prompts.say(refusal);
-        screen.type("txtJobNo", typed);
-        screen.leave("txtJobNo");
+        screen.enter("txtJobNo", typed);
         EXPECT_EQ(screen.text("txtJobNo"), u"8"_s);
         EXPECT_EQ(screen.focused(), "txtJobNo");
     }
     const QString stored =
         u"Select tblServices.JobNo, tblServiceUsed.JobNo from tblServices inner "
         "join tblServiceUsed on tblServices.ServiceID = tblServiceUsed.ServiceID"_s;
-    screen.type("txtJobNo", u"12"_s);
-    screen.leave("txtJobNo");
+    screen.enter("txtJobNo", u"12"_s);
     prompts.yes(
         u"Do you want to change Job No of \"Oil change\" to \"12\" for all existing services?"_s);
     screen.press("cmdUpdate");
@@ -264,9 +260,9 @@ TEST_F(frmServicesTest, AnAssignedServiceShowsItsScheduleAndTakesANewDate)
     const qint64 id = assigned({{u"NextScheduledDate"_s, day(3, 20)}, {u"JobNo"_s, 8}});
     const Service screen = showAssigned(id);
     EXPECT_FALSE(screen.isShown("txtJobNo"));
-    EXPECT_EQ(screen.text("lblJobNoData"), u"8"_s);
-    EXPECT_EQ(screen.text("lblLastDateScheduledData"), u"02/20/2024"_s);
-    EXPECT_EQ(screen.text("lblLastDatePerformedData"), u"03/01/2024"_s);
+    EXPECT_EQ(
+        screen.texts({"lblJobNoData", "lblLastDateScheduledData", "lblLastDatePerformedData"}),
+        u"8|02/20/2024|03/01/2024"_s);
     EXPECT_EQ(nextDateText(screen), u"03/20/2024"_s);
     EXPECT_FALSE(screen.isShown("txtCount"));
 
@@ -305,8 +301,7 @@ TEST_F(frmServicesTest, ANewPeriodBringsACountOrADate)
     const Service screen = showAssigned(id);
     screen.choose("cboRenewalPeriod", u"Hours"_s);
     EXPECT_TRUE(screen.isShown("txtCount"));
-    EXPECT_EQ(screen.text("lblNextSchedule"), u"Ne&xt Scheduled Count:"_s);
-    EXPECT_EQ(screen.text("txtCount"), u"510"_s);
+    EXPECT_EQ(screen.texts({"lblNextSchedule", "txtCount"}), u"Ne&xt Scheduled Count:|510"_s);
     EXPECT_EQ(nextDateText(screen), QString());
     screen.press("cmdUpdate");
     EXPECT_EQ(found(u"Select Period, NextScheduledCount, NextScheduledDate from tblServiceUsed"_s),
@@ -333,12 +328,10 @@ TEST_F(frmServicesTest, ATargetCountIsAboveZero)
     const qint64 id = assigned({{u"Period"_s, u"H"_s}, {u"NextScheduledCount"_s, 600}});
     const Service screen = showAssigned(id);
     prompts.say(u"Please enter the next schedule count"_s);
-    screen.type("txtCount", {});
-    screen.leave("txtCount");
+    screen.enter("txtCount", {});
     EXPECT_EQ(screen.focused(), "txtCount");
     prompts.say(u"Count value shouldn't be less then or equal to 0"_s);
-    screen.type("txtCount", u"0"_s);
-    screen.leave("txtCount");
+    screen.enter("txtCount", u"0"_s);
     EXPECT_EQ(screen.text("txtCount"), u"500"_s);
     putOnOrder(id);
     prompts.yes(QString(DateOnOrder).replace(u"date"_s, u"count"_s));
@@ -365,8 +358,7 @@ TEST_F(frmServicesTest, AnAssignedServiceIsRenamedOnlyOnInsisting)
         "sure you want to do this?"_s;
     const Service screen = showAssigned(assigned());
     const auto rename = [&](const QString &name) {
-        screen.type("txtName", name);
-        screen.leave("txtName");
+        screen.enter("txtName", name);
         return screen.text("txtName");
     };
     prompts.no(question);
@@ -427,8 +419,7 @@ struct frmServicesParts : frmServicesTest
 TEST_F(frmServicesParts, AreAddedChangedAndRemovedInOneEdit)
 {
     const Service screen = showAssigned(assignedWithPart());
-    EXPECT_EQ(screen.text("lblPartCost"), u"$9.00"_s);
-    EXPECT_EQ(screen.text("txtTotalCost"), u"$39.00"_s);
+    EXPECT_EQ(screen.texts({"lblPartCost", "txtTotalCost"}), u"$9.00|$39.00"_s);
 
     addParts(screen, 1);
     EXPECT_EQ(screen->mode(), Mode::Modify);

@@ -257,10 +257,9 @@ TEST_F(RecordWork, WhatAnotherWorkstationDidMeanwhileIsToldAndNotOverwritten)
     EXPECT_FALSE(edit("grdRecordService", 0, u"Count"_s, 777));
     EXPECT_EQ(cell("grdRecordService", 0, u"Count"_s), u"500"_s);
     gcnData->Execute(u"Update tblWoServiceUsed set [Note] = 'theirs'"_s);
-    driver().type("txtRecordNote", u"mine"_s);
     prompts.yes(u"Another workstation has changed this note meanwhile:\n\ntheirs\n\nDo you want "
                 "to store yours in its place?"_s);
-    QTest::keyClick(&driver().control("txtRecordNote"), Qt::Key_Tab);
+    driver().enter("txtRecordNote", u"mine"_s);
     EXPECT_EQ(onOrder(first, u"Note"_s).toString(), u"mine"_s);
 
     // The order has been posted: what is shown of it goes.
@@ -351,9 +350,8 @@ TEST_F(RecordWork, TheNextDateOfAServiceIsConfirmed)
     ask([&](const test::ScreenDriver &driver) {
         driver.press("optNextScheduled");
         EXPECT_EQ(driver.text("datNextScheduled"), u"03/12/2024"_s);
-        driver.type("datNextScheduled", u"03112024"_s);
         prompts.say(u"Next Scheduled Date cann't be Less than to Complete Date"_s);
-        QTest::keyClick(&driver.control("datNextScheduled"), Qt::Key_Tab);
+        driver.enter("datNextScheduled", u"03112024"_s);
         EXPECT_EQ(driver.text("datNextScheduled"), u"03/12/2024"_s);
         driver.type("datNextScheduled", u"05012024"_s);
         driver.press("cmdOK");

@@ -129,8 +129,7 @@ TEST_F(OverDueWork, ALinkOpensTheMachinesRowInTheBoardsWindow)
         const auto &list = work.grid("grdPrintWO");
         EXPECT_EQ(list.rows().text(list.currentRow(), u"Unit No"), u"T"_s);
         EXPECT_EQ(list.rows().text(list.currentRow(), u"WorkOrderNo"), u""_s);
-        EXPECT_EQ(work.text("datDateFrom"), u"02/14/2024"_s);
-        EXPECT_EQ(work.text("datDateTo"), u"03/15/2024"_s);
+        EXPECT_EQ(work.texts({"datDateFrom", "datDateTo"}), u"02/14/2024|03/15/2024"_s);
         work.press("cmdExit");
     });
     follow("grdEquipWithSer", u"Unit No"_s, u"T - Mower T"_s);
