@@ -146,6 +146,16 @@ drop table Log;
 -- error: 0x80040E37
 select * from Log;
 
+-- name: an index that disallows Null
+create table Job (JobNo long, Machine long);
+insert into Job(JobNo) values(1);
+-- error: 0x80040E21
+create index ByMachine on Job (Machine) with disallow null;
+update Job set Machine = 5;
+create index ByMachine on Job (Machine) with disallow null;
+-- error: 0x80040E21
+insert into Job(JobNo) values(2);
+
 -- name: memos are texts in every place of a statement
 create table tblAll (Whole long, Name text(30), Note memo);
 insert into tblAll values(1,'pe','pear');
@@ -217,3 +227,63 @@ insert into tblAll(Whole, Note) select 20, Note from tblAll where Whole = 2;
 update tblAll set Name = Note where Whole = 20;
 -- row 1: Apple
 select Name from tblAll where Whole = 20;
+
+-- name: texts are compared without regard to case
+create table Machine (Name text(20), [Note] memo);
+insert into Machine(Name) values('Mower');
+insert into Machine(Name) values('mower 2');
+insert into Machine(Name) values('50% off');
+insert into Machine(Name) values('a_b');
+insert into Machine(Name) values('Zürich');
+insert into Machine(Name) values('X#1');
+-- rows: 1
+select * from Machine where Name = 'MOWER';
+-- rows: 5
+select * from Machine where Name <> 'MOWER';
+-- rows: 0
+select * from Machine where Name = 'Zurich';
+-- rows: 2
+select * from Machine where Name in ('MOWER', 'zÜRICH');
+-- rows: 2
+select * from Machine where Name between 'MOWER' and 'mower 2';
+-- rows: 6
+select * from Machine where 'ABC' = 'abc';
+-- rows: 0
+select * from Machine where [Note] = Null;
+-- rows: 5
+select distinct LCase(Left(Name,5)) & '' as n from Machine;
+
+-- name: patterns of like
+create table Machine (Name text(20));
+insert into Machine values('Mower');
+insert into Machine values('mower 2');
+insert into Machine values('50% off');
+insert into Machine values('a_b');
+insert into Machine values('Zürich');
+insert into Machine values('X#1');
+-- rows: 2
+select * from Machine where Name like 'MOWER*';
+-- rows: 1
+select * from Machine where Name like 'mower ?';
+-- rows: 1
+select * from Machine where Name like 'mower #';
+-- rows: 1
+select * from Machine where Name like '[A-C]*';
+-- rows: 3
+select * from Machine where Name like '[!a-m]*';
+-- rows: 1
+select * from Machine where Name like '*%*';
+-- rows: 1
+select * from Machine where Name like 'a_b';
+-- rows: 1
+select * from Machine where Name like '*[#]*';
+-- rows: 1
+select * from Machine where Name like 'M*2';
+-- rows: 6
+select * from Machine where Name like '*';
+-- rows: 3
+select * from Machine where not Name like '*o*';
+-- rows: 3
+select * from Machine where Name not like '*o*';
+-- rows: 6
+select * from Machine where Name like Left(Name, 1) & '*';

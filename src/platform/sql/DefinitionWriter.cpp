@@ -36,7 +36,8 @@ private:
     void alterColumn();
     void replaceColumn(const Column &present, const ColumnDefinition &wanted);
     void dropColumn();
-    void addKey();
+    void addKey(const KeyDefinition &key);
+    void refuseNull(const std::vector<IndexColumn> &columns);
     void createIndex();
 
     [[nodiscard]] const Table &table() const;
@@ -80,7 +81,7 @@ std::vector<QString> DefinitionWriter::write()
         dropColumn();
         break;
     case Definition::Kind::AddKey:
-        addKey();
+        addKey(m_definition.keys.front());
         break;
     case Definition::Kind::DropKey:
         m_statements.push_back(alterTable() + u"DROP CONSTRAINT "_s +
@@ -194,7 +195,7 @@ QString DefinitionWriter::columnText(const ColumnDefinition &column, bool key) c
             text += u" (START WITH %1)"_s.arg(column.type.firstNumber - 1);
     }
     text += defaultText(column);
-    if (column.notNull || column.primaryKey || (key && column.notNull))
+    if (column.notNull || column.primaryKey)
         text += u" NOT NULL"_s;
     if (column.primaryKey)
         text += u" PRIMARY KEY"_s;
@@ -380,32 +381,27 @@ void DefinitionWriter::dropColumn()
     m_statements.push_back(alterTable() + u"DROP "_s + quotedName(dropped.name));
 }
 
-void DefinitionWriter::addKey()
+void DefinitionWriter::addKey(const KeyDefinition &key)
 {
-    const KeyDefinition &key = m_definition.keys.front();
-    if (key.primary) {
-        for (const IndexColumn &part : key.columns) {
-            m_statements.push_back(alterTable() + u"ALTER COLUMN "_s +
-                                   quotedName(column(part.name).name) + u" SET NOT NULL"_s);
-        }
-    }
+    if (key.primary)
+        refuseNull(key.columns);
     m_statements.push_back(alterTable() + u"ADD "_s + keyText(key));
+}
+
+/// An index of the engine takes Null, so that it is the columns that have to refuse it.
+void DefinitionWriter::refuseNull(const std::vector<IndexColumn> &columns)
+{
+    for (const IndexColumn &part : columns)
+        m_statements.push_back(alterTable() + u"ALTER COLUMN "_s +
+                               quotedName(column(part.name).name) + u" SET NOT NULL"_s);
 }
 
 void DefinitionWriter::createIndex()
 {
-    if (m_definition.primary) {
-        for (const IndexColumn &part : m_definition.indexColumns) {
-            m_statements.push_back(alterTable() + u"ALTER COLUMN "_s +
-                                   quotedName(column(part.name).name) + u" SET NOT NULL"_s);
-        }
-        KeyDefinition key;
-        key.name = m_definition.name;
-        key.primary = true;
-        key.columns = m_definition.indexColumns;
-        m_statements.push_back(alterTable() + u"ADD "_s + keyText(key));
-        return;
-    }
+    if (m_definition.primary)
+        return addKey({m_definition.name, true, m_definition.indexColumns});
+    if (m_definition.disallowNull)
+        refuseNull(m_definition.indexColumns);
     QStringList columns;
     for (const IndexColumn &part : m_definition.indexColumns)
         columns += quotedName(column(part.name).name);

@@ -200,11 +200,12 @@ void Parser::parseCreateIndex(Definition &definition)
         definition.primary = true;
         return;
     }
-    // What is said of Null is read over: the engine has no such setting for an index.
+    // To ignore Null is what a unique index of the engine does anyhow.
     const bool ignore = acceptWord(u"ignore");
+    definition.disallowNull = !ignore && acceptWord(u"disallow");
     if (ignore && acceptWord(u"zero"))
         definition.ignoreZero = true;
-    else if (!(ignore || acceptWord(u"disallow")) || !accept(Keyword::Null))
+    else if (!(ignore || definition.disallowNull) || !accept(Keyword::Null))
         raise(u"expected PRIMARY, DISALLOW NULL, IGNORE NULL or IGNORE ZERO behind WITH."_s);
     // The engine indexes one expression, by which the zeros are left out.
     if (definition.ignoreZero && definition.indexColumns.size() != 1)

@@ -254,7 +254,8 @@ struct Definition
     QStringView name; ///< of the column, index or constraint
     bool unique = false;
     bool primary = false;
-    bool ignoreZero = false; ///< a unique index that leaves zeros out
+    bool ignoreZero = false;   ///< a unique index that leaves zeros out
+    bool disallowNull = false; ///< an index whose columns take no Null from now on
     std::vector<IndexColumn> indexColumns;
 };
 

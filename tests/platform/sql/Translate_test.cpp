@@ -1,11 +1,10 @@
 #include "SampleSchema.h"
+#include "Written.h"
 
 #include "platform/base/Error.h"
 #include "platform/sql/Translator.h"
 
 #include <gtest/gtest.h>
-
-#include <functional>
 
 using namespace Qt::StringLiterals;
 using sql::ColumnKind;
@@ -27,19 +26,9 @@ QString conditionOf(const QString &condition)
     return text.sliced(before.size());
 }
 
-/// Takes two lines a case: what the dialect says, and the engine's text for it.
-void expectWritten(const char *cases, const std::function<QString(const QString &)> &written)
-{
-    const QStringList lines = QString::fromLatin1(cases).split(u'\n', Qt::SkipEmptyParts);
-    ASSERT_EQ(lines.size() % 2, 0);
-    for (qsizetype i = 0; i < lines.size(); i += 2)
-        EXPECT_EQ(written(lines[i]).toStdString(), lines[i + 1].trimmed().toStdString())
-            << qPrintable(lines[i]);
-}
-
 void expectStatements(const char *cases)
 {
-    expectWritten(cases, [](const QString &statement) { return planOf(statement).text; });
+    test::expectWritten(cases, [](const QString &statement) { return planOf(statement).text; });
 }
 
 } // namespace
@@ -187,7 +176,7 @@ delete from Part where not Job in (select JobNo from Machine left join Job on Id
 
 TEST(Translate, PrecedenceAsTheDialectHasIt)
 {
-    expectWritten(R"x(
+    test::expectWritten(R"x(
 Sold or Hours and Cost
   "Sold" <> 0 OR "Hours" <> 0 AND "Cost" <> 0
 (Sold or Hours) and Cost
@@ -211,12 +200,12 @@ Name + 'a' & Name = Name
 Id between Hours and Hours and Sold
   "Id" BETWEEN "Hours" AND "Hours" AND "Sold" <> 0
 )x",
-                  conditionOf);
+                        conditionOf);
 }
 
 TEST(Translate, TypesDecideWhatPlusAndLiteralsMean)
 {
-    expectWritten(R"x(
+    test::expectWritten(R"x(
 Name = 5
   "Name" = CAST(? AS VARCHAR(21))
 5 = Name
@@ -258,7 +247,7 @@ Id & '' = ?
 True
   1 = 1
 )x",
-                  conditionOf);
+                        conditionOf);
 }
 
 TEST(Slots, TellWhereTheValuesComeFromAndWhatTheyAreFor)
