@@ -56,6 +56,12 @@ struct Carrier : testing::Test
                                        }});
     }
 
+    template<class Action>
+    static void expectTold(const QString &beginning, const Action &action)
+    {
+        EXPECT_TRUE(test::raisedBy(action).description().startsWith(beginning));
+    }
+
     const carrier::Company nobody{[] {}, [](const QString &) { return false; }};
     carrier::Settings settings;
     int questions = 0;
@@ -141,9 +147,8 @@ TEST_F(Carrier, CompletesWhatWasInterruptedWithoutLosingOrDoubling)
 
 TEST_F(Carrier, TakesTheExchangeFileToTheDevice)
 {
-    EXPECT_TRUE(test::raisedBy([&] { carrier::toDevice(settings, nobody); })
-                    .description()
-                    .startsWith(u"There is nothing to take to the handheld yet"));
+    expectTold(u"There is nothing to take to the handheld yet"_s,
+               [&] { carrier::toDevice(settings, nobody); });
     writeFile(settings.data, "new");
     record(u"Data.xml"_s, "old");
     carrier::toDevice(settings, nobody);
@@ -157,13 +162,9 @@ TEST_F(Carrier, TellsWhenTheDeviceIsNotThere)
     writeFile(settings.data, "new");
     ASSERT_TRUE(QDir().rmdir(settings.device));
     for (const auto carry : {carrier::toDevice, carrier::fromDevice})
-        EXPECT_TRUE(test::raisedBy([&] { carry(settings, nobody); })
-                        .description()
-                        .startsWith(u"The handheld isn't there."));
+        expectTold(u"The handheld isn't there."_s, [&] { carry(settings, nobody); });
     settings.device.clear();
-    EXPECT_TRUE(test::raisedBy([&] { fetch(); })
-                    .description()
-                    .startsWith(u"It is not said where the handheld is."));
+    expectTold(u"It is not said where the handheld is."_s, [&] { fetch(); });
     EXPECT_FALSE(QDir(settings.inbox).exists());
 }
 

@@ -203,13 +203,12 @@ TEST_F(Export, WritesNothingWhenASectionCannotBeRead)
     makeCatalogue();
     makeOrders();
     const QByteArray former = exported();
-    for (int failing = 1, running = 0;; ++failing, running = 0) {
+    for (int failing = 1; failing <= 10; ++failing) {
+        int running = 0;
         gcnData->setObserver([&](const db::Sent &) {
             if (++running == failing)
                 throw base::Error(5, u"broken"_s);
         });
-        if (running = 0; failing > 10)
-            break;
         bool failed = false;
         EXPECT_FALSE(exchange::GenrateXML(failed)) << failing;
         EXPECT_TRUE(failed) << failing;

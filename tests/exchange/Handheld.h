@@ -61,8 +61,8 @@ struct Handheld : Workshop
 
     static QByteArray newOrder(const QString &id, const QString &machine = QStringLiteral("1"))
     {
-        return command("NewWorkOrder", {id, QStringLiteral("unread"), QStringLiteral("3/14/2024"),
-                                        machine, QStringLiteral("03-13-2024")});
+        return command(
+            QStringLiteral("NewWorkOrder|%1|unread|3/14/2024|%2|03-13-2024").arg(id, machine));
     }
     static QStringList serviceValues(const QString &id, const QString &order)
     {
@@ -78,8 +78,7 @@ struct Handheld : Workshop
     }
     static QByteArray newPart(const QString &line, const QString &part = QStringLiteral("P-1"))
     {
-        return command("NewServicePart", {line, part, QStringLiteral("2"), QStringLiteral("3.75"),
-                                          QStringLiteral("True"), QStringLiteral("1.5")});
+        return command(QStringLiteral("NewServicePart|%1|%2|2|3.75|True|1.5").arg(line, part));
     }
 
     ScriptedPrompts prompts;

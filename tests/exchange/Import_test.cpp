@@ -179,11 +179,6 @@ TEST_F(Import, AddsDecimalsAsTheyAreWritten)
     part(u"P-1"_s, 0.1);
     expectImported(command(u"RecordPart|tblPart|PartID|P-1||Quantity||0.2"_s));
     EXPECT_EQ(value(u"Select Quantity from tblPart"_s).toDouble(), 0.3);
-    mark();
-    expectImported(command(
-        "RecordPart", {u"tblPart"_s, u"PartID"_s, u"P-1"_s, u""_s, u"Price"_s, u""_s, u"0.25"_s}));
-    EXPECT_TRUE(value(u"Select Price from tblPart"_s).isNull() ||
-                value(u"Select Price from tblPart"_s).toDouble() == 0.25);
 }
 
 TEST_F(Import, FindsALineOfTheHandheldByItsIdAndATextKey)
@@ -192,27 +187,26 @@ TEST_F(Import, FindsALineOfTheHandheldByItsIdAndATextKey)
         mark();
         expectImported(newOrder(u"W1"_s) + newService(u"S1"_s, u"W1"_s) +
                        newPart(u"S1"_s, u"it's"_s) +
-                       command("RecordTwoID",
-                               {u"tblWoPartUsed"_s, u"ServiceUsedID"_s, u"S1"_s, type, u"PartID"_s,
-                                u"it's"_s, type, u"QuantityUsed"_s, u"N"_s, u"9"_s}));
+                       command(u"RecordTwoID|tblWoPartUsed|ServiceUsedID|S1|%1|PartID|it's|%1|"
+                               "QuantityUsed|N|9"_s.arg(type)));
     }
     EXPECT_EQ(found(u"Select QuantityUsed from tblWoPartUsed"_s), u"9\n9");
 }
 
 TEST_F(Import, StoresAScanAndMovesAMachineToACrewThatExists)
 {
-    const auto move = [](const QString &crew, const QString &description = u"South side"_s) {
-        return command("RecordCrew", {u"tblEquipment"_s, u"EquipmentID"_s, u"1"_s, u"?"_s,
-                                      u"CrewID"_s, u"?"_s, crew, u"2"_s, description});
+    const auto move = [](qint64 crew, const QString &description = u"South side"_s) {
+        return command(u"RecordCrew|tblEquipment|EquipmentID|1|?|CrewID|?|%1|2|%2"_s.arg(crew).arg(
+            description));
     };
-    expectImported(move(QString::number(crew2)) + move(u"99"_s) +
+    expectImported(move(crew2) + move(99) +
                    command(u"RecordScanEquipment|Present|3/14/2024 2:05:00 PM|1"_s));
     EXPECT_EQ(found(u"Select EquipmentID, ScanTime, ScanStatus from tblEquipmentScan"_s),
               u"1|3/14/2024 2:05:00 PM|Present");
     EXPECT_EQ(value(u"Select CrewID from tblEquipment"_s), crew2);
     EXPECT_EQ(found(u"Select * from tblEquipmentCrewHistory"_s), u"1|2|South side|3/15/2024");
     mark();
-    expectRefused(move(QString::number(crew1), u"Joe's"_s), u"RecordCrew number 1"_s);
+    expectRefused(move(crew1, u"Joe's"_s), u"RecordCrew number 1"_s);
 }
 
 TEST_F(Import, StoresReadingsAndGivesWaitingServicesTheirDates)
@@ -228,14 +222,12 @@ TEST_F(Import, StoresReadingsAndGivesWaitingServicesTheirDates)
     const qint64 distant = waiting(1, u"H"_s, 501);
     const qint64 busy = waiting(2, u"K"_s, 1);
     orderService(order(), {{u"EquipmentID"_s, 2}, {u"Period"_s, u"K"_s}});
-    const auto reading = [](const QString &machine, const QString &type, const QString &count) {
-        return command("CountReading", {machine, u"3/12/2024"_s, type, count});
-    };
-    send(u"Count1.xml"_s, reading(u"1"_s, u"Hours"_s, u"500"_s) +
-                              reading(u"1"_s, u"Hours"_s, u"10"_s) + // not compared with others
-                              reading(u"2"_s, u"Kilometers"_s, u"7"_s) +
-                              reading(u"2"_s, u"Leagues"_s, u"8"_s) +
-                              command(u"Record|tblUser"_s)); // no business of this file
+    send(u"Count1.xml"_s,
+         command(u"CountReading|1|3/12/2024|Hours|500"_s) +
+             command(u"CountReading|1|3/12/2024|Hours|10"_s) + // not compared with others
+             command(u"CountReading|2|3/12/2024|Kilometers|7"_s) +
+             command(u"CountReading|2|3/12/2024|Leagues|8"_s) +
+             command(u"Record|tblUser"_s)); // no business of this file
     send(u"count2.xml"_s, "nothing that is read");
     // The unknown word goes by the letter of the one before.
     prompts.say(InProcess);
@@ -265,13 +257,12 @@ TEST_F(Import, TellsThatTheTransferDidNotEndAndGoesOn)
     EXPECT_TRUE(Importdata());
     EXPECT_EQ(count(u"tblWorkorder"_s), 1);
     ASSERT_TRUE(QDir(folder()).removeRecursively());
-    prompts.say(told);
-    EXPECT_FALSE(Importdata());
-    EXPECT_EQ(errors.takeOne().ErrNumber, base::ErrorNumber::PathNotFound);
-    settings::registry().setValue(settings::ProductKey, u"Path"_s, {});
-    prompts.say(told);
-    EXPECT_FALSE(Importdata());
-    EXPECT_EQ(errors.takeOne().ErrNumber, base::ErrorNumber::PathNotFound);
+    for (int time = 0; time < 2; ++time) {
+        prompts.say(told);
+        EXPECT_FALSE(Importdata());
+        EXPECT_EQ(errors.takeOne().ErrNumber, base::ErrorNumber::PathNotFound);
+        settings::registry().setValue(settings::ProductKey, u"Path"_s, {});
+    }
 }
 
 TEST_F(Import, RefusesWhatWouldHaveBeenABrokenStatement)
@@ -327,9 +318,8 @@ TEST_F(Import, NeverWritesTheTablesOfUsersOptionsAndTheProgram)
          {u"tblUser"_s, u"[TBLUSER]"_s, u"tblSysOption"_s, u"tblGridSetting"_s, u"tblErrorList"_s,
           u"tblTableFields"_s, u"tblTempServicePart"_s, u"tblWotemp"_s, u"RDB$RELATIONS"_s,
           u"tblUser set EqAdd = 1 --"_s, u"tblPart, tblUser"_s}) {
-        expectRefused(
-            command("Record", {table, u"EmployeeID"_s, u"1"_s, u"N"_s, u"EqAdd"_s, u"N"_s, u"1"_s}),
-            u"is no table that a handheld may write"_s);
+        expectRefused(command(u"Record|%1|EmployeeID|1|N|EqAdd|N|1"_s.arg(table)),
+                      u"is no table that a handheld may write"_s);
     }
     expectRefused(command(u"Record|tblWorkorder|WorkorderNo|1|N|WorkorderNo|N|9"_s),
                   u"gets its numbers from the database"_s);
@@ -341,26 +331,18 @@ TEST_F(Import, MakesNoStatementOfAnyValue)
     part(u"P-1"_s, 10);
     part(u"P-2"_s, 20);
     const QString id = QString::number(orderService(order()));
-    const QList<std::pair<const char *, QStringList>> commands{
-        {"NewWorkOrder", {u"W1"_s, u""_s, u"3/1/2024"_s, u"1"_s, u"3/1/2024"_s}},
-        {"NewService", serviceValues(u"S1"_s, u"1"_s)},
-        {"NewServicePart", {id, u"P-1"_s, u"1"_s, u"1"_s, u"1"_s, u"1"_s}},
-        {"RecordCrew",
-         {u"tblEquipment"_s, u"EquipmentID"_s, u"1"_s, u""_s, u"CrewID"_s, u""_s, u"1"_s, u"1"_s,
-          u"x"_s}},
-        {"RecordScanEquipment", {u"x"_s, u"3/1/2024"_s, u"1"_s}},
-        {"Record", {u"tblPart"_s, u"PartID"_s, u"P-1"_s, u"C"_s, u"Notes"_s, u"T"_s, u"x"_s}},
-        {"RecordPart", {u"tblPart"_s, u"PartID"_s, u"P-1"_s, u""_s, u"QtyMax"_s, u""_s, u"1"_s}},
-        {"RecordTwoID",
-         {u"tblWoServiceUsed"_s, u"NServiceUsedID"_s, id, u"N"_s, u"Name"_s, u"Oil change"_s,
-          u"C"_s, u"Note"_s, u"T"_s, u"x"_s}},
-    };
-    const QStringList hostile{u"' or '1'='1"_s,
-                              u"1 or 1=1"_s,
-                              u"x'; delete from tblPart; --"_s,
-                              u"(select max(Quantity) from tblPart)"_s,
-                              u"Quantity = 99, QtyMin"_s,
-                              u"\"x\" or \"\"=\"\""_s};
+    const QStringList commands{
+        u"NewWorkOrder|W1||3/1/2024|1|3/1/2024"_s,
+        u"NewService|"_s + serviceValues(u"S1"_s, u"1"_s).join(u'|'),
+        u"NewServicePart|%1|P-1|1|1|1|1"_s.arg(id),
+        u"RecordCrew|tblEquipment|EquipmentID|1||CrewID||1|1|x"_s,
+        u"RecordScanEquipment|x|3/1/2024|1"_s,
+        u"Record|tblPart|PartID|P-1|C|Notes|T|x"_s,
+        u"RecordPart|tblPart|PartID|P-1||QtyMax||1"_s,
+        u"RecordTwoID|tblWoServiceUsed|NServiceUsedID|%1|N|Name|Oil change|C|Note|T|x"_s.arg(id)};
+    const QStringList hostile =
+        u"' or '1'='1|1 or 1=1|x'; delete from tblPart; --|(select max(Quantity) from tblPart)|"
+        "Quantity = 99, QtyMin|\"x\" or \"\"=\"\""_s.split(u'|');
     const auto untouched = [] {
         return found(u"Select PartID, Quantity, Description from tblPart order by PartID"_s) +
                found(u"Select UserName, [Password], EqAdd from tblUser"_s) +
@@ -369,17 +351,17 @@ TEST_F(Import, MakesNoStatementOfAnyValue)
     const QString before = untouched();
     const test::PatientUser user;
     int refused = 0;
-    for (const auto &[kind, values] : commands) {
-        for (qsizetype position = 0; position < values.size(); ++position) {
+    for (const QString &each : commands) {
+        const qsizetype last = each.count(u'|');
+        for (qsizetype position = 1; position <= last; ++position) {
             for (const QString &value : hostile) {
-                QStringList sent = values;
+                QStringList sent = each.split(u'|');
                 sent[position] = value;
-                send(u"Sy1.xml"_s, command(kind, sent));
+                send(u"Sy1.xml"_s, command(sent.join(u'|')));
                 mark();
                 (void)Importdata();
                 refused += static_cast<int>(errors.take().size());
-                ASSERT_EQ(untouched(), before)
-                    << kind << ' ' << position << ' ' << value.toStdString();
+                ASSERT_EQ(untouched(), before) << sent.join(u'|').toStdString();
             }
         }
     }
