@@ -1,45 +1,16 @@
 #include "exchange/CommandFile.h"
 #include "exchange/SectionFile.h"
+#include "support/Mutated.h"
 #include "support/TestFiles.h"
-
-#include <QRandomGenerator>
 
 namespace {
 
 using namespace Qt::StringLiterals;
 
-/// Damages a file in a few places: bytes go missing, are doubled, replaced, or the end is cut off.
-QByteArray mutated(QByteArray file, QRandomGenerator &random)
-{
-    static const QByteArrayList pieces{
-        "<",   ">",        "</v>", "<v>",    "&",    "&amp;",     "\"",
-        "'",   "\xff",     "\xc3", "<!--",   "-->",  "<?",        "<![CDATA[",
-        "]]>", "<record ", "/>",   "&#x41;", "&#0;", "</tables>", "<!DOCTYPE a [<!ENTITY x 'y'>]>"};
-    const auto bounded = [&](qsizetype limit) {
-        return static_cast<qsizetype>(random.bounded(static_cast<quint32>(limit)));
-    };
-    for (qsizetype changes = 1 + bounded(4); changes > 0 && !file.isEmpty(); --changes) {
-        const qsizetype at = bounded(file.size());
-        switch (random.bounded(5)) {
-        case 0:
-            file.remove(at, bounded(12));
-            break;
-        case 1:
-            file.insert(at, file.mid(at, bounded(40)));
-            break;
-        case 2:
-            file.insert(at, pieces[bounded(pieces.size())]);
-            break;
-        case 3:
-            file[at] = static_cast<char>(random.bounded(256));
-            break;
-        default:
-            if (bounded(8) == 0)
-                file.truncate(at);
-        }
-    }
-    return file;
-}
+const QByteArrayList Pieces{
+    "<",   ">",        "</v>", "<v>",    "&",    "&amp;",     "\"",
+    "'",   "\xff",     "\xc3", "<!--",   "-->",  "<?",        "<![CDATA[",
+    "]]>", "<record ", "/>",   "&#x41;", "&#0;", "</tables>", "<!DOCTYPE a [<!ENTITY x 'y'>]>"};
 
 TEST(ExchangeFiles, AreReadOrRefusedHoweverTheyAreDamaged)
 {
@@ -50,16 +21,15 @@ TEST(ExchangeFiles, AreReadOrRefusedHoweverTheyAreDamaged)
     const QByteArray sections =
         test::readFile(QStringLiteral(QUORVANTIS_TEST_DATA "/Data.xml")).replace('\n', '\r');
     const QStringList kinds{u"NewWorkOrder"_s, u"Record"_s};
-    const int wanted = qEnvironmentVariableIntValue("QUORVANTIS_MUTATIONS");
     QRandomGenerator random(20240315);
     int read = 0;
     int refused = 0;
-    for (int i = 0; i < (wanted > 0 ? wanted : 10'000); ++i) {
-        const exchange::CommandFile file(mutated(commands, random), kinds);
+    for (int i = test::mutations(10'000); i > 0; --i) {
+        const exchange::CommandFile file(test::mutated(commands, Pieces, random), kinds);
         // What is refused holds nothing, however much of it could be read.
         EXPECT_TRUE(file.fault().isEmpty() || file.commandCount() == 0);
         (file.fault().isEmpty() ? read : refused)++;
-        const exchange::SectionFile other(mutated(sections, random));
+        const exchange::SectionFile other(test::mutated(sections, Pieces, random));
         EXPECT_TRUE(!other.fault() || other.sections().isEmpty());
         EXPECT_TRUE(!other.fault() || !other.fault()->reason.isEmpty());
         (other.fault() ? refused : read)++;

@@ -132,21 +132,6 @@ TEST_F(Connection, AFailureLeavesTheConnectionUsable)
     EXPECT_EQ(count(u"tblPart"_s), 2);
 }
 
-TEST_F(Connection, ExecuteTellsHowManyRowsChanged)
-{
-    for (int i = 0; i < 5; ++i)
-        addPart(QString::number(i), i, 1.5);
-    const std::pair<QString, int> changes[] = {
-        {u"Update tblPart set Price = 2 where Quantity > 2"_s, 2},
-        {u"Update tblPart set Price = 2 where Quantity > 99"_s, 0},
-        {u"Delete from tblPart where Quantity < 2"_s, 2},
-        {u"Create table tblNew (a integer)"_s, 0},
-        {u"Insert into tblNew(a) select Quantity from tblPart"_s, 3},
-        {u"delete * from tblNew"_s, 3}};
-    for (const auto &[statement, rows] : changes)
-        EXPECT_EQ(data.Execute(statement), rows) << statement.toStdString();
-}
-
 TEST_F(Connection, InsertGivesTheNewKeyBack)
 {
     const auto insert = [&](const QString &name) {
@@ -164,19 +149,6 @@ TEST_F(Connection, InsertGivesTheNewKeyBack)
     const db::Recordset rs = data.Open(u"Insert into tblSite(SiteName) values('North')"_s);
     EXPECT_TRUE(rs.IsEOF() && rs.IsBOF() && rs.columnCount() == 0);
     EXPECT_EQ(count(u"tblSite"_s), 4);
-}
-
-TEST_F(Connection, NowAndTodayComeFromTheEnvironmentsClock)
-{
-    test::TestEnvironment environment;
-    addPart(u"A"_s, 1, 1);
-    const auto clock = [this] {
-        return data.Open(u"Select Now() as n, Date() as d from tblPart"_s).row(0);
-    };
-    EXPECT_EQ(clock().date(u"n"), base::wallClock(QDate(2024, 3, 15), QTime(9, 30)));
-    EXPECT_EQ(clock().date(u"d"), base::wallClock(QDate(2024, 3, 15)));
-    environment.addDays(1);
-    EXPECT_EQ(clock().date(u"n"), base::wallClock(QDate(2024, 3, 16), QTime(9, 30)));
 }
 
 TEST_F(Connection, RowsOfALongListComeAPartAtATime)

@@ -36,10 +36,11 @@ protected:
 TEST_F(GridModelOfParts, ShowsAndTellsEachKindInItsForm)
 {
     EXPECT_EQ(m_rows.rowCount(), 4);
-    EXPECT_EQ(m_rows.text(0, u"qty ON hand"), u"9");
-    EXPECT_EQ(m_rows.text(0, u"Ordered"), u"03/09/2024");
-    EXPECT_EQ(m_rows.text(1, u"Ordered"), u"");
-    EXPECT_EQ(m_rows.text(1, u"Inactive"), u"True");
+    for (const auto &[row, name, text] : {std::tuple(0, u"qty ON hand", u"9"),
+                                          {0, u"Ordered", u"03/09/2024"},
+                                          {1, u"Ordered", u""},
+                                          {1, u"Inactive", u"True"}})
+        EXPECT_EQ(m_rows.text(row, name), text);
     EXPECT_FALSE(m_rows.value(3, u"Price").isValid());
     EXPECT_EQ(m_rows.value(0, u"Price"), QVariant(12.5));
     EXPECT_EQ(m_rows.column(u"Inactive").editor, Editor::Check);
@@ -94,23 +95,18 @@ TEST_F(GridModelOfParts, ReloadingKeepsSettingsAddedColumnsAndSortButNotCells)
 
 TEST_F(GridModelOfParts, SortsNumbersAsNumbersDatesAsDatesTextWithoutCase)
 {
-    struct Sorted
-    {
-        QStringView column;
-        Sort direction;
-        QList<int> order;
-    };
+    using Sorted = std::tuple<QStringView, Sort, QList<int>>;
     // Parts 0 and 2 cost the same: they stay in their order both ways.
-    for (const Sorted &s :
-         std::initializer_list<Sorted>{{u"Part Number", Sort::Ascending, {1, 2, 0, 3}},
-                                       {u"Qty on Hand", Sort::Ascending, {3, 2, 0, 1}},
-                                       {u"Ordered", Sort::Ascending, {1, 2, 0, 3}},
-                                       {u"Inactive", Sort::Ascending, {0, 2, 3, 1}},
-                                       {u"Price", Sort::Ascending, {3, 1, 0, 2}},
-                                       {u"Price", Sort::Descending, {0, 2, 1, 3}}}) {
+    for (const auto &[name, direction, order] :
+         {Sorted{u"Part Number", Sort::Ascending, {1, 2, 0, 3}},
+          Sorted{u"Qty on Hand", Sort::Ascending, {3, 2, 0, 1}},
+          Sorted{u"Ordered", Sort::Ascending, {1, 2, 0, 3}},
+          Sorted{u"Inactive", Sort::Ascending, {0, 2, 3, 1}},
+          Sorted{u"Price", Sort::Ascending, {3, 1, 0, 2}},
+          Sorted{u"Price", Sort::Descending, {0, 2, 1, 3}}}) {
         m_rows.sortBy(u"Price", Sort::None);
-        m_rows.sortBy(s.column, s.direction);
-        EXPECT_EQ(m_rows.displayedOrder(), s.order) << s.column.toString().toStdString();
+        m_rows.sortBy(name, direction);
+        EXPECT_EQ(m_rows.displayedOrder(), order) << name.toString().toStdString();
     }
     m_rows.sortBy(u"Price", Sort::None);
     EXPECT_EQ(m_rows.displayedOrder(), QList<int>({0, 1, 2, 3}));
@@ -177,12 +173,7 @@ TEST_F(GridModelOfParts, FindsByValueAndByCriterionAmongChangedCellsToo)
     m_rows.setValue(2, u"Select", true);
     m_rows.setValue(0, u"Description", u"Chute"_s);
     m_rows.insertRow({{u"Part Number"_s, u"oil-1"_s}, {u"Price"_s, 40}});
-    struct Search
-    {
-        QStringView criterion;
-        int from;
-        int row;
-    };
+    using Search = std::tuple<QStringView, int, int>;
     const Search searches[] = {
         // By texts.
         Search{u"[Description] like 'oil*'", 0, 1}, Search{u"[Description] like 'oil*'", 2, 2},
@@ -193,8 +184,8 @@ TEST_F(GridModelOfParts, FindsByValueAndByCriterionAmongChangedCellsToo)
         Search{u"[Qty on Hand] = '10'", 0, 1}, Search{u"Price >= 13", 0, 4},
         Search{u"Ordered = #01-31-2024#", 0, 2}, Search{u"Ordered = '12/1/2024'", 0, 3},
         Search{u"Select = True", 0, 2}, Search{u"Price = 12.5", 1, 2}};
-    for (const Search &s : searches)
-        EXPECT_EQ(m_rows.find(s.criterion, s.from), s.row) << s.criterion.toString().toStdString();
+    for (const auto &[criterion, from, row] : searches)
+        EXPECT_EQ(m_rows.find(criterion, from), row) << criterion.toString().toStdString();
     EXPECT_THROW(static_cast<void>(m_rows.find(u"[Nothing] = 1")), base::Error);
     EXPECT_THROW(static_cast<void>(m_rows.find(u"[Price] near 1")), base::Error);
 }
@@ -204,12 +195,13 @@ TEST_F(GridModelOfParts, BeginsWithGivesTheFirstRowInOrderOfLoading)
     // By text "a-100" comes before "a-101"; loading decides, not the text and not the sort.
     m_rows.setValue(0, u"Part Number", u"A-109"_s);
     m_rows.sortBy(u"Part Number", Sort::Ascending);
-    EXPECT_EQ(m_rows.beginsWith(u"Part Number", u"a-10"), 0);
-    EXPECT_EQ(m_rows.beginsWith(u"Part Number", u"a-101"), 2);
-    EXPECT_EQ(m_rows.beginsWith(u"Part Number", u"a-102"), -1);
-    EXPECT_EQ(m_rows.beginsWith(u"Part Number", u"z"), -1);
-    EXPECT_EQ(m_rows.beginsWith(u"Description", u"OIL"), 1);
-    EXPECT_EQ(m_rows.beginsWith(u"Qty on Hand", u"1"), 1);
+    for (const auto &[name, beginning, row] : {std::tuple(u"Part Number", u"a-10", 0),
+                                               {u"Part Number", u"a-101", 2},
+                                               {u"Part Number", u"a-102", -1},
+                                               {u"Part Number", u"z", -1},
+                                               {u"Description", u"OIL", 1},
+                                               {u"Qty on Hand", u"1", 1}})
+        EXPECT_EQ(m_rows.beginsWith(name, beginning), row);
     m_rows.setValue(3, u"Part Number", u"a-102x"_s);
     EXPECT_EQ(m_rows.beginsWith(u"Part Number", u"A-102"), 3) << "the searched texts are stale";
     m_rows.removeRow(0);
@@ -241,12 +233,7 @@ TEST_F(GridModelOfParts, RowsThatComeLaterJoinAsTheyAreSortedAndFound)
 
 TEST_F(GridModelOfParts, TextsAreSearchedWithoutRegardToCaseInAnyScript)
 {
-    struct Search
-    {
-        QStringView cell;
-        QStringView begin;
-        bool found;
-    };
+    using Search = std::tuple<QStringView, QStringView, bool>;
     for (const auto &[cell, begin, found] :
          {Search{u"Ärmel", u"ÄR", true}, Search{u"ÄRMEL", u"är", true},
           Search{u"Z9", u"z9x", false}, Search{u"aé", u"ae", false}, Search{u"[x", u"{x", false},

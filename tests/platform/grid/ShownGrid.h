@@ -73,7 +73,7 @@ protected:
     void doubleClick(int row, QStringView column)
     {
         const QPoint place = m_grid.cellRect(row, column).center();
-        QTest::mouseClick(m_grid.viewport(), Qt::LeftButton, {}, place);
+        click(row, column);
         QTest::mouseDClick(m_grid.viewport(), Qt::LeftButton, {}, place);
         QTest::mouseRelease(m_grid.viewport(), Qt::LeftButton, {}, place);
     }
@@ -92,10 +92,13 @@ protected:
         return focused && focused->parent() == m_grid.viewport();
     }
 
-    [[nodiscard]] static QString editorText()
+    /// The current cell, as "2 Price", and behind a colon what its editor holds while it is open.
+    [[nodiscard]] QString place() const
     {
+        const QString cell =
+            QStringLiteral("%1 %2").arg(m_grid.currentRow()).arg(m_grid.currentColumn());
         const auto *box = qobject_cast<QLineEdit *>(QApplication::focusWidget());
-        return box ? box->text() : QStringLiteral("no editor");
+        return isEditing() ? cell + u':' + (box ? box->text() : QString()) : cell;
     }
 
     QWidget m_window;

@@ -18,68 +18,54 @@ const QDateTime march15 = base::wallClock(QDate(2024, 3, 15));
 
 TEST(Conversion, GivesTheValueToBind)
 {
-    struct Case
-    {
-        QVariant value;
-        ColumnKind kind;
-        QVariant bound;
-    };
+    using enum ColumnKind;
+    using Case = std::tuple<QVariant, ColumnKind, QVariant>;
     const Case cases[] = {
         // Nothing, and numbers.
-        Case{{}, ColumnKind::Integer, {}}, Case{QDateTime(), ColumnKind::Date, {}},
-        Case{u" 12 "_s, ColumnKind::Integer, qint64(12)},
-        Case{u"-12"_s, ColumnKind::Integer, qint64(-12)},
-        Case{u"2.5"_s, ColumnKind::Integer, qint64(2)}, Case{3.5, ColumnKind::Integer, qint64(4)},
-        Case{true, ColumnKind::Integer, qint64(-1)},
-        Case{march15, ColumnKind::Integer, qint64(45366)}, Case{u"12.50"_s, ColumnKind::Real, 12.5},
-        Case{3, ColumnKind::Money, 3.0}, Case{3, ColumnKind::Text, u"3"_s},
-        Case{2.50, ColumnKind::Text, u"2.5"_s}, Case{march15, ColumnKind::Text, u"3/15/2024"_s},
-        Case{true, ColumnKind::Text, u"-1"_s},
+        Case{QVariant(), Integer, QVariant()}, Case{QDateTime(), Date, QVariant()},
+        Case{u" 12 "_s, Integer, qint64(12)}, Case{u"-12"_s, Integer, qint64(-12)},
+        Case{u"2.5"_s, Integer, qint64(2)}, Case{3.5, Integer, qint64(4)},
+        Case{true, Integer, qint64(-1)}, Case{march15, Integer, qint64(45366)},
+        Case{u"12.50"_s, Real, 12.5}, Case{3, Money, 3.0}, Case{3, Text, u"3"_s},
+        Case{2.50, Text, u"2.5"_s}, Case{march15, Text, u"3/15/2024"_s}, Case{true, Text, u"-1"_s},
         // Dates.
-        Case{u"03-15-2024"_s, ColumnKind::Date, march15},
-        Case{u"3/15/24"_s, ColumnKind::Date, march15},
-        Case{u"2024-03-15"_s, ColumnKind::Date, march15},
-        Case{u"3/15/2024 10:05:30 PM"_s, ColumnKind::Date,
+        Case{u"03-15-2024"_s, Date, march15}, Case{u"3/15/24"_s, Date, march15},
+        Case{u"2024-03-15"_s, Date, march15},
+        Case{u"3/15/2024 10:05:30 PM"_s, Date,
              base::wallClock(QDate(2024, 3, 15), QTime(22, 5, 30))},
-        Case{u"12:00:00 AM"_s, ColumnKind::Date, base::wallClock(QDate(1899, 12, 30))},
-        Case{45366.5, ColumnKind::Date, base::wallClock(QDate(2024, 3, 15), QTime(12, 0))},
-        Case{QDate(2024, 3, 15), ColumnKind::Date, march15},
-        Case{u"2024/3/15"_s, ColumnKind::Date, march15},
-        Case{u"2024-3-5 14:30"_s, ColumnKind::Date,
-             base::wallClock(QDate(2024, 3, 5), QTime(14, 30))},
-        Case{u"45366"_s, ColumnKind::Date, march15},
-        Case{-657'434, ColumnKind::Date, base::wallClock(QDate(100, 1, 1))},
-        Case{2'958'465, ColumnKind::Date, base::wallClock(QDate(9999, 12, 31))},
-        Case{base::wallClock(QDate(2024, 3, 15), QTime(18, 0)), ColumnKind::Real, 45366.75},
+        Case{u"12:00:00 AM"_s, Date, base::wallClock(QDate(1899, 12, 30))},
+        Case{45366.5, Date, base::wallClock(QDate(2024, 3, 15), QTime(12, 0))},
+        Case{QDate(2024, 3, 15), Date, march15}, Case{u"2024/3/15"_s, Date, march15},
+        Case{u"2024-3-5 14:30"_s, Date, base::wallClock(QDate(2024, 3, 5), QTime(14, 30))},
+        Case{u"45366"_s, Date, march15}, Case{-657'434, Date, base::wallClock(QDate(100, 1, 1))},
+        Case{2'958'465, Date, base::wallClock(QDate(9999, 12, 31))},
+        Case{base::wallClock(QDate(2024, 3, 15), QTime(18, 0)), Real, 45366.75},
         // The ends of what numbers hold, and other forms of them.
-        Case{9.1e18, ColumnKind::Integer, qint64(9'100'000'000'000'000'000)},
-        Case{922'337'203'685'477.4, ColumnKind::Money, 922'337'203'685'477.4},
-        Case{1.5f, ColumnKind::Integer, qint64(2)}, Case{u"+5"_s, ColumnKind::Real, 5.0},
-        Case{u"1E3"_s, ColumnKind::Real, 1000.0}, Case{u"1e-1"_s, ColumnKind::Real, 0.1},
-        Case{false, ColumnKind::Integer, qint64(0)}, Case{false, ColumnKind::Text, u"0"_s},
-        Case{u"ab"_s, ColumnKind::Binary, QByteArray("ab")},
-        Case{QByteArray("ab"), ColumnKind::Binary, QByteArray("ab")},
+        Case{9.1e18, Integer, qint64(9'100'000'000'000'000'000)},
+        Case{922'337'203'685'477.4, Money, 922'337'203'685'477.4}, Case{1.5f, Integer, qint64(2)},
+        Case{u"+5"_s, Real, 5.0}, Case{u"1E3"_s, Real, 1000.0}, Case{u"1e-1"_s, Real, 0.1},
+        Case{false, Integer, qint64(0)}, Case{false, Text, u"0"_s},
+        Case{u"ab"_s, Binary, QByteArray("ab")}, Case{QByteArray("ab"), Binary, QByteArray("ab")},
         // Yes and no.
-        Case{u"1"_s, ColumnKind::YesNo, qint64(-1)}, Case{u"0"_s, ColumnKind::YesNo, qint64(0)},
-        Case{u"yes"_s, ColumnKind::YesNo, qint64(-1)},
-        Case{u" on"_s, ColumnKind::YesNo, qint64(-1)},
-        Case{u"true"_s, ColumnKind::YesNo, qint64(-1)}, Case{u"No"_s, ColumnKind::YesNo, qint64(0)},
-        Case{u"off"_s, ColumnKind::YesNo, qint64(0)},
-        Case{u"FALSE"_s, ColumnKind::YesNo, qint64(0)}, Case{7, ColumnKind::YesNo, qint64(-1)},
-        Case{u"12"_s, ColumnKind::Unknown, u"12"_s}, Case{true, ColumnKind::Unknown, qint64(-1)}};
-    for (const Case &c : cases) {
-        const QVariant bound = sql::converted(c.value, c.kind);
-        EXPECT_EQ(bound, c.bound) << qPrintable(c.value.toString());
-        EXPECT_EQ(bound.typeId(), c.bound.typeId()) << qPrintable(c.value.toString());
+        Case{u"1"_s, YesNo, qint64(-1)}, Case{u"0"_s, YesNo, qint64(0)},
+        Case{u"yes"_s, YesNo, qint64(-1)}, Case{u" on"_s, YesNo, qint64(-1)},
+        Case{u"true"_s, YesNo, qint64(-1)}, Case{u"No"_s, YesNo, qint64(0)},
+        Case{u"off"_s, YesNo, qint64(0)}, Case{u"FALSE"_s, YesNo, qint64(0)},
+        Case{7, YesNo, qint64(-1)}, Case{u"12"_s, Unknown, u"12"_s},
+        Case{true, Unknown, qint64(-1)}};
+    for (const auto &[value, kind, expected] : cases) {
+        const QVariant bound = sql::converted(value, kind);
+        EXPECT_EQ(bound, expected) << qPrintable(value.toString());
+        EXPECT_EQ(bound.typeId(), expected.typeId()) << qPrintable(value.toString());
     }
     for (const QVariant &three :
          {QVariant(3), QVariant(3U), QVariant(3LL), QVariant(3ULL), QVariant::fromValue(short(3)),
           QVariant::fromValue(ushort(3)), QVariant::fromValue(char(3)),
           QVariant::fromValue(uchar(3)), QVariant::fromValue(static_cast<signed char>(3)),
           QVariant::fromValue(3L), QVariant::fromValue(3UL)})
-        EXPECT_EQ(sql::converted(three, ColumnKind::Integer).toLongLong(), 3) << three.typeName();
-    for (const auto &[value, kind] : {std::pair(QVariant(9.2e18), ColumnKind::Integer),
-                                      {QVariant(922'337'203'685'477.5), ColumnKind::Money}})
+        EXPECT_EQ(sql::converted(three, Integer).toLongLong(), 3) << three.typeName();
+    for (const auto &[value, kind] :
+         {std::pair(QVariant(9.2e18), Integer), {QVariant(922'337'203'685'477.5), Money}})
         EXPECT_EQ(test::raisedBy([&, &value = value, &kind = kind] {
                       (void)sql::converted(value, kind);
                   }).number(),
@@ -88,25 +74,25 @@ TEST(Conversion, GivesTheValueToBind)
 
 TEST(Conversion, WhatIsNoValueOfTheKindIsATypeMismatch)
 {
-    const std::vector<std::pair<QVariant, ColumnKind>> refused = {
-        {u""_s, ColumnKind::Integer},
-        {u"abc"_s, ColumnKind::Integer},
-        {u"12a"_s, ColumnKind::Real},
-        {u"1e999"_s, ColumnKind::Real},
-        {u"nan"_s, ColumnKind::Real},
-        {u""_s, ColumnKind::Date},
-        {u"15/3/2024"_s, ColumnKind::Date},
-        {u"soon"_s, ColumnKind::Date},
-        {1e12, ColumnKind::Date},
-        {u"maybe"_s, ColumnKind::YesNo},
-        {QByteArray("x"), ColumnKind::Text},
-        {QByteArray("1"), ColumnKind::Date},
-        {QByteArray("1"), ColumnKind::Real},
-        {5, ColumnKind::Binary},
-        {-657'435, ColumnKind::Date},
-        {2'958'466, ColumnKind::Date},
-        {u"2024-3/5"_s, ColumnKind::Date},
-        {QString(41, u'x'), ColumnKind::Real}};
+    using enum ColumnKind;
+    const std::vector<std::pair<QVariant, ColumnKind>> refused = {{u""_s, Integer},
+                                                                  {u"abc"_s, Integer},
+                                                                  {u"12a"_s, Real},
+                                                                  {u"1e999"_s, Real},
+                                                                  {u"nan"_s, Real},
+                                                                  {u""_s, Date},
+                                                                  {u"15/3/2024"_s, Date},
+                                                                  {u"soon"_s, Date},
+                                                                  {1e12, Date},
+                                                                  {u"maybe"_s, YesNo},
+                                                                  {QByteArray("x"), Text},
+                                                                  {QByteArray("1"), Date},
+                                                                  {QByteArray("1"), Real},
+                                                                  {5, Binary},
+                                                                  {-657'435, Date},
+                                                                  {2'958'466, Date},
+                                                                  {u"2024-3/5"_s, Date},
+                                                                  {QString(41, u'x'), Real}};
     for (const auto &[given, as] : refused) {
         const auto convert = [&value = given, kind = as] { (void)sql::converted(value, kind); };
         EXPECT_EQ(test::raisedBy(convert).number(), sql::ErrorNumber::TypeMismatch)

@@ -2,44 +2,11 @@
 
 #include "platform/base/Error.h"
 #include "platform/sql/Translator.h"
+#include "support/Mutated.h"
 
-#include <QRandomGenerator>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// Damages a statement in a few places: pieces go missing, are doubled, swapped or replaced.
-QString mutated(const QString &statement, const QStringList &pieces, QRandomGenerator &random)
-{
-    QString text = statement;
-    const int changes = 1 + static_cast<int>(random.bounded(4));
-    for (int i = 0; i < changes && !text.isEmpty(); ++i) {
-        const auto at = static_cast<qsizetype>(random.bounded(static_cast<quint32>(text.size())));
-        const auto length = static_cast<qsizetype>(random.bounded(12));
-        switch (random.bounded(5)) {
-        case 0:
-            text.remove(at, length);
-            break;
-        case 1:
-            text.insert(at, text.mid(at, length));
-            break;
-        case 2:
-            text.insert(at, pieces[static_cast<qsizetype>(
-                                random.bounded(static_cast<quint32>(pieces.size())))]);
-            break;
-        case 3:
-            text[at] = QChar(static_cast<char16_t>(random.bounded(0x20, 0x17f)));
-            break;
-        default:
-            text.truncate(at);
-        }
-    }
-    return text;
-}
-
-} // namespace
 
 TEST(Mutations, EveryTextIsTranslatedOrRefusedByTheDialect)
 {
@@ -57,11 +24,10 @@ TEST(Mutations, EveryTextIsTranslatedOrRefusedByTheDialect)
     int translated = 0;
     int refused = 0;
     // The same texts at each run; a longer one goes further.
-    const int wanted = qEnvironmentVariableIntValue("QUORVANTIS_MUTATIONS");
-    for (int i = 0; i < (wanted > 0 ? wanted : 20'000); ++i) {
+    for (int i = test::mutations(20'000); i > 0; --i) {
         const QString &base = statements[static_cast<qsizetype>(
             random.bounded(static_cast<quint32>(statements.size())))];
-        const QString statement = mutated(base, pieces, random);
+        const QString statement = test::mutated(base, pieces, random);
         try {
             const sql::Plan plan = sql::translate(statement, schema);
             ++translated;
