@@ -14,78 +14,43 @@ const QString Exported = u"Quorvantis records have been exported successfully.\n
                          "Put the Windows Mobile device Into the cradle."_s;
 
 /// A small company made by hand, with a row for each case of the format.
-struct Export : test::CompanySession
+struct Export : test::Workshop
 {
     Export()
     {
-        insert(u"tblCrew"_s, {{u"CrewNumber"_s, 7}, {u"Description"_s, u"North & \"South\""_s}},
-               u"CrewID"_s);
+        gcnData->Execute(u"Delete from tblEquipment"_s);
+        gcnData->Execute(u"Delete from tblCrew where CrewNumber = 2"_s);
+        gcnData->Execute(u"Update tblCrew set CrewNumber = 7, Description = 'North & \"South\"'"_s);
         SetOption(u"COUNT_READING_DELAY"_s, 5, false);
     }
 
-    static QDateTime at(int month, int day, QTime time = {0, 0})
-    {
-        return base::wallClock({2024, month, day}, time);
-    }
-    static void machine(qint64 id, const QVariantMap &more = {})
-    {
-        QVariantMap values{{u"EquipmentID"_s, id},
-                           {u"UnitNo"_s, u"M%1"_s.arg(id)},
-                           {u"EquipmentName"_s, u"Mower"_s},
-                           {u"CrewID"_s, 1},
-                           {u"Inactive"_s, 0}};
-        values.insert(more);
-        insert(u"tblEquipment"_s, values);
-    }
-    static qint64 service(qint64 machine, const QString &period, const QVariant &hours = 1.5)
-    {
-        return insert(u"tblServiceUsed"_s, u"EquipmentID, Period, LaborEstimate"_s,
-                      {machine, period, hours}, u"ServiceUsedID"_s);
-    }
-    static void reading(qint64 machine, const QDateTime &date, const QString &type, int value)
+    static void reading(const QDateTime &date, const QString &type, int value)
     {
         insert(u"tblEquipmentCount"_s, u"EquipmentID, ChangeDate, CountType, CountValue"_s,
-               {machine, date, type, value});
+               {1, date, type, value});
     }
-    static qint64 order(qint64 machine, bool complete = false)
+    void makeOrders() const
     {
-        return insert(u"tblWorkorder"_s, {{u"EquipmentID"_s, machine}, {u"Complete"_s, complete}},
-                      u"WorkorderNo"_s);
-    }
-    static qint64 line(qint64 order, qint64 machine, const QVariantMap &more = {})
-    {
-        QVariantMap values{{u"WorkorderNo"_s, order},
-                           {u"EquipmentID"_s, machine},
-                           {u"Name"_s, u"Oil"_s},
-                           {u"Period"_s, u"D"_s}};
-        values.insert(more);
-        return insert(u"tblWoServiceUsed"_s, values, u"NServiceUsedID"_s);
-    }
-    static void makeOrders()
-    {
-        const qint64 hours = service(1, u"H"_s, 0.75);
-        const qint64 open = order(1);
-        line(open, 1,
-             {{u"ServiceUsedID"_s, hours},
-              {u"ServiceID"_s, 44},
-              {u"Name"_s, u"Blades \"A\" & B"_s},
-              {u"StartTime"_s, u"08:30"_s},
-              {u"EndTime"_s, u"09:15"_s},
-              {u"Note"_s, u"it's > that & \"more\""_s},
-              {u"Period"_s, u"H"_s},
-              {u"CrewID"_s, 1},
-              {u"JobNo"_s, 12}});
-        const qint64 done = line(open, 1, {{u"Completed"_s, true}});
-        line(open, 1,
-             {{u"ServiceID"_s, QVariant()}, {u"CrewID"_s, QVariant()}, {u"Period"_s, u"W"_s}});
-        line(open, 2, {{u"Period"_s, QVariant()}});
+        const qint64 hours = service({{u"Period"_s, u"H"_s}, {u"LaborEstimate"_s, 0.75}});
+        const qint64 open = order();
+        orderService(open, {{u"ServiceUsedID"_s, hours},
+                            {u"ServiceID"_s, 44},
+                            {u"Name"_s, u"Blades \"A\" & B"_s},
+                            {u"StartTime"_s, u"08:30"_s},
+                            {u"EndTime"_s, u"09:15"_s},
+                            {u"Note"_s, u"it's > that & \"more\""_s},
+                            {u"Period"_s, u"H"_s},
+                            {u"JobNo"_s, 12}});
+        const qint64 done = orderService(open, {{u"Completed"_s, true}});
+        orderService(
+            open, {{u"ServiceID"_s, QVariant()}, {u"CrewID"_s, QVariant()}, {u"Period"_s, u"W"_s}});
+        orderService(open, {{u"EquipmentID"_s, 2}, {u"Period"_s, QVariant()}});
         insert(u"tblWoPartUsed"_s,
                u"ServiceUsedID, PartID, QuantityRequired, Price, Used, QuantityUsed"_s,
                {done, u"P&1"_s, 2.5, 12.5, true, QVariant()});
-        insert(u"tblWoPartUsed"_s, {{u"ServiceUsedID"_s, done}, {u"PartID"_s, u"unknown"_s}});
-        const qint64 closed = order(1, true);
-        line(closed, 1);
-        order(1); // without work
+        orderPart(done, u"unknown"_s, 1, false);
+        orderService(order({{u"Complete"_s, true}}));
+        order(); // without work
     }
     static void makeCatalogue()
     {
@@ -112,18 +77,22 @@ struct Export : test::CompanySession
 
 TEST_F(Export, WritesTheFileOfASmallCompanyByteForByte)
 {
-    machine(1,
-            {{u"EquipmentName"_s, u"Big \"Blue\" & &quot;old&quot;"_s}, {u"Bar_Code"_s, u"b&1"_s}});
-    machine(2, {{u"Inactive"_s, 1}, {u"CrewID"_s, QVariant()}, {u"UnitNo"_s, QVariant()}});
+    machine(1, u"M1"_s,
+            {{u"EquipmentName"_s, u"Big \"Blue\" & &quot;old&quot;"_s},
+             {u"CrewID"_s, 1},
+             {u"Bar_Code"_s, u"b&1"_s}});
+    machine(2, {},
+            {{u"Inactive"_s, 1}, {u"EquipmentName"_s, u"Mower"_s}, {u"CrewID"_s, QVariant()}});
     makeCatalogue();
     makeOrders();
-    service(1, u"C"_s);
-    reading(1, at(3, 9, {14, 5}), u"Hours"_s, 500);
-    reading(1, at(3, 9, {14, 5}), u"Hours"_s, 480);
-    reading(1, at(3, 2), u"Hours"_s, 900);
-    reading(1, at(3, 14), u"Counts"_s, 5); // not yet old enough to be asked for again
-    reading(1, at(3, 16), u"Miles"_s, 20);
-    reading(1, at(3, 16), u"Weeks"_s, 30); // no meter goes by them
+    service({{u"Period"_s, u"C"_s}});
+    const QDateTime afternoon = base::wallClock({2024, 3, 9}, {14, 5});
+    reading(afternoon, u"Hours"_s, 500);
+    reading(afternoon, u"Hours"_s, 480);
+    reading(day(3, 2), u"Hours"_s, 900);
+    reading(day(3, 14), u"Counts"_s, 5); // not yet old enough to be asked for again
+    reading(day(3, 16), u"Miles"_s, 20);
+    reading(day(3, 16), u"Weeks"_s, 30); // no meter goes by them
     const QByteArray golden = readFile(QStringLiteral(QUORVANTIS_TEST_DATA "/Data.xml"));
     EXPECT_EQ(QString::fromUtf8(exported()).replace(u'\r', u'\n'), QString::fromUtf8(golden))
         << "the file in tests/exchange/data has line feeds where the format has carriage returns";
@@ -141,7 +110,7 @@ TEST_F(Export, StopsAtANameThatIsNoXmlAndKeepsTheFormerFile)
 {
     exported();
     const QByteArray former = readFile(exchange::exportedFile());
-    machine(1, {{u"EquipmentName"_s, u"a < b"_s}});
+    machine(1, u"M1"_s, {{u"EquipmentName"_s, u"a < b"_s}, {u"CrewID"_s, 1}});
     const QString source = u"<record EquipmentID=\"1\" UnitNo=\"M1\" EquipmentName=\"a < b\" "
                            "CrewID=\"1\" Equip_BarCode=\"\" LastCrewID=\"1\" />"_s;
     const QString reason = exchange::faultIn("<a b=\"<\"/>").value().reason;
@@ -173,8 +142,7 @@ TEST_F(Export, FindsWhateverSpoilsTheText)
     };
     for (const auto &[unit, name, isXml] : rows) {
         gcnData->Execute(u"Delete from tblEquipment"_s);
-        machine(1, {{u"UnitNo"_s, QString::fromUtf16(unit)},
-                    {u"EquipmentName"_s, QString::fromUtf16(name)}});
+        machine(1, QString::fromUtf16(unit), {{u"EquipmentName"_s, QString::fromUtf16(name)}});
         const test::PatientUser user;
         bool failed = false;
         EXPECT_EQ(exchange::GenrateXML(failed), isXml) << user.told.toStdString();
@@ -189,7 +157,6 @@ TEST_F(Export, FindsWhateverSpoilsTheText)
 TEST_F(Export, WithoutAnythingToExportTellsSoAndMayBeTriedAgain)
 {
     gcnData->Execute(u"Delete from tblCrew"_s);
-    gcnData->Execute(u"Delete from tblEquipment"_s);
     prompts.inform(u"There is not data for exporting"_s);
     bool failed = true;
     EXPECT_FALSE(exchange::GenrateXML(failed));
@@ -199,7 +166,7 @@ TEST_F(Export, WithoutAnythingToExportTellsSoAndMayBeTriedAgain)
 
 TEST_F(Export, WritesNothingWhenASectionCannotBeRead)
 {
-    machine(1);
+    machine(1, u"M1"_s);
     makeCatalogue();
     makeOrders();
     const QByteArray former = exported();

@@ -2,17 +2,8 @@
 
 #include <gtest/gtest.h>
 #include <stdexcept>
-#include <vector>
 
 namespace {
-
-struct Report
-{
-    QString module;
-    QString procedure;
-    int number;
-    QString description;
-};
 
 class Trapped : public testing::Test
 {
@@ -21,14 +12,14 @@ protected:
     {
         m_former = base::setErrorReporter([this](const QString &module, const QString &procedure,
                                                  int number, const QString &description) {
-            events.push_back("reported");
-            reports.push_back({module, procedure, number, description});
+            events +=
+                QStringLiteral("%1.%2 %3 %4").arg(module, procedure).arg(number).arg(description);
         });
     }
     ~Trapped() override { base::setErrorReporter(m_former); }
 
-    std::vector<Report> reports;
-    std::vector<std::string> events;
+    /// What was reported and done, in its order.
+    QStringList events;
 
 private:
     base::ErrorReporter m_former;
@@ -37,21 +28,18 @@ private:
 TEST_F(Trapped, ReportsAFailureOnceAndGivesTheFallback)
 {
     EXPECT_EQ(base::trapped("Module", "Procedure", 7, [] { return 8; }), 8);
-    EXPECT_TRUE(reports.empty());
-
+    EXPECT_TRUE(events.isEmpty());
     const int result = base::trapped("Module", "Procedure", 7, []() -> int {
-        throw base::Error(base::ErrorNumber::Overflow, "Overflow");
+        throw base::Error(base::ErrorNumber::Overflow, "Too much");
     });
     EXPECT_EQ(result, 7);
-    ASSERT_EQ(reports.size(), 1u);
-    EXPECT_EQ(reports[0].module, "Module");
-    EXPECT_EQ(reports[0].procedure, "Procedure");
-    EXPECT_EQ(reports[0].number, 6);
-    EXPECT_EQ(reports[0].description, "Overflow");
     // No other exception crosses either.
     base::trapped("Module", "Procedure", [] { throw std::runtime_error("broken"); });
-    ASSERT_EQ(reports.size(), 2u);
-    EXPECT_EQ(reports[1].description, "broken");
+    base::trapped("Module", "Procedure", [] { throw std::bad_alloc(); });
+    ASSERT_EQ(events.size(), 3);
+    EXPECT_EQ(events[0], "Module.Procedure 6 Too much");
+    EXPECT_TRUE(events[1].endsWith(" broken"));
+    EXPECT_TRUE(events[2].startsWith("Module.Procedure 7 "));
 }
 
 TEST_F(Trapped, AStepOfAWholePassesItsErrorOnAndTheHolderReportsItOnce)
@@ -62,39 +50,35 @@ TEST_F(Trapped, AStepOfAWholePassesItsErrorOnAndTheHolderReportsItOnce)
             const base::Whole whole;
             base::trapped("Middle", "Step", 0, [&] {
                 body();
-                events.push_back("went on");
+                events += "went on";
                 return 1;
             });
         });
+        return std::exchange(events, {});
     };
-    hold(inner);
-    EXPECT_EQ(events, (std::vector<std::string>{"reported"}));
-    EXPECT_EQ(reports.back().module, "Inner") << "where it began";
+    EXPECT_EQ(hold(inner), QStringList{"Inner.Step 5 x"}) << "where it began";
     // In a dialog that a step asks with, nobody above could take it.
-    hold([&] {
-        const base::Interlude question;
-        inner();
-    });
-    EXPECT_EQ(events, (std::vector<std::string>{"reported", "reported", "went on"}));
+    EXPECT_EQ(hold([&] {
+                  const base::Interlude question;
+                  inner();
+              }),
+              (QStringList{"Inner.Step 5 x", "went on"}));
     inner();
-    EXPECT_EQ(reports.size(), 3u) << "the whole has ended";
-    base::trapped("Module", "Procedure", [] { throw std::bad_alloc(); });
-    EXPECT_EQ(reports.back().number, 7);
-    EXPECT_EQ(reports.back().module, "Module");
+    EXPECT_EQ(events.size(), 1) << "the whole has ended";
 }
 
 TEST_F(Trapped, UnwindsTheBodyBeforeItReports)
 {
     struct Rollback
     {
-        std::vector<std::string> &events;
-        ~Rollback() { events.push_back("rolled back"); }
+        QStringList &events;
+        ~Rollback() { events += "rolled back"; }
     };
     base::trapped("Module", "Procedure", [&] {
         const Rollback rollback{events};
         throw base::Error(1, "x");
     });
-    EXPECT_EQ(events, (std::vector<std::string>{"rolled back", "reported"}));
+    EXPECT_EQ(events, (QStringList{"rolled back", "Module.Procedure 1 x"}));
 }
 
 } // namespace
