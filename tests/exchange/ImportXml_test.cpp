@@ -272,12 +272,7 @@ TEST_F(ImportFile, KeepsACopyAndTellsOfAFileThatCannotBeRead)
 {
     const QString last =
         base::environment().applicationFolder + u"/XML_IN/XML_IN_BackUP/Last.xml"_s;
-    const struct
-    {
-        QByteArray content;
-        QString told;
-        Icon icon;
-    } rows[] = {
+    const std::tuple<QByteArray, QString, Icon> rows[] = {
         {"<tables>\r<a></b>",
          exchange::faultIn("<tables>\r<a></b>").value().text() + u"\nData Import process Failed "_s,
          Icon::Critical},

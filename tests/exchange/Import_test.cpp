@@ -103,11 +103,7 @@ TEST_F(Import, KnowsTheHandheldsIdsInOneRunAndForgetsThemInTheNext)
 
 TEST_F(Import, EndsAtAServiceThatCannotBePlacedAndChangesNothing)
 {
-    const struct
-    {
-        QByteArray sent;
-        const char16_t *told;
-    } rows[] = {
+    const std::pair<QByteArray, const char16_t *> rows[] = {
         {newService(u"S1"_s, u"W1"_s),
          u"Problem In adding workorder service(Workorderno not found)"},
         {newService(u"S1"_s, u"5"_s) + newService(u"s1"_s, u"5"_s),
@@ -136,12 +132,7 @@ TEST_F(Import, UpdatesOneColumnOfARowByItsKey)
     const QString key = QString::number(number);
     const qint64 line = orderService(number, {{u"ServiceID"_s, 44}});
     const QString lineKey = QString::number(line);
-    const struct
-    {
-        QString sent;
-        const char16_t *query;
-        const char16_t *after;
-    } rows[] = {
+    const std::tuple<QString, const char16_t *, const char16_t *> rows[] = {
         {u"Record|TBLWORKORDER|workorderno|%1|N|CompletedDate|D|3/9/2024 2:05:00 PM"_s.arg(key),
          u"CompletedDate from tblWorkorder", u"3/9/2024 2:05:00 PM"},
         {u"Record|tblWoServiceUsed|[NServiceUsedID]|%1|N|[Note]|T|Joe's"_s.arg(lineKey),
@@ -396,11 +387,7 @@ TEST_F(Import, KeepsAsideWhatIsNoXmlAndImportsTheRest)
 {
     const QByteArray deep =
         "<a>" + QByteArray("<v>").repeated(100'000) + QByteArray("</v>").repeated(100'000) + "</a>";
-    const struct
-    {
-        const char *name;
-        QByteArray content;
-    } rows[] = {
+    const std::pair<const char *, QByteArray> rows[] = {
         {"Sy1.xml", "this is no XML"},
         {"Sy2.xml", ""},
         {"Sy3.xml", "<a>" + newOrder(u"W3"_s) + "<NewWorkOrder><v>W"},

@@ -13,11 +13,7 @@ QDateTime at(int year, int month, int day, int hour = 0, int minute = 0, int sec
 
 TEST(ParseMonthFirst, ReadsEveryFormThatTheDialectWritesAndNoOther)
 {
-    const struct
-    {
-        const char *text;
-        QDateTime expected;
-    } rows[] = {
+    const std::pair<const char *, QDateTime> rows[] = {
         {"03-09-2024", at(2024, 3, 9)},
         {"3/9/24", at(2024, 3, 9)},
         {"3-9-29", at(2029, 3, 9)},
@@ -27,8 +23,8 @@ TEST(ParseMonthFirst, ReadsEveryFormThatTheDialectWritesAndNoOther)
         {"1/2/2024 12:05 PM", at(2024, 1, 2, 12, 5)},
         {" 02-29-2024 14:30 ", at(2024, 2, 29, 14, 30)},
     };
-    for (const auto &row : rows)
-        EXPECT_EQ(base::parseMonthFirst(QString::fromLatin1(row.text)), row.expected) << row.text;
+    for (const auto &[text, expected] : rows)
+        EXPECT_EQ(base::parseMonthFirst(QString::fromLatin1(text)), expected) << text;
 
     for (const char *text :
          {"", "13-01-2024", "02-29-2023", "2024-03-09", "3-9", "3-9/2024", "3-9-024", "3-9-2024x",
@@ -48,21 +44,28 @@ TEST(DateLiteral, KeepsTheTimeOnlyWhenThereIsOneAndWritesNullForTheZeroDate)
 
 TEST(ToText, GivesNumbersDatesAndFlagsAsStringConversionDoes)
 {
-    EXPECT_EQ(base::toText(QVariant()), "");
-    EXPECT_EQ(base::toText(12.0), "12");
-    EXPECT_EQ(base::toText(0.1 + 0.2), "0.3");
-    EXPECT_EQ(base::toText(-1.25), "-1.25");
-    EXPECT_EQ(base::toText(true), "True");
-    EXPECT_EQ(base::toText(at(2024, 3, 9)), "3/9/2024");
-    EXPECT_EQ(base::toText(at(2024, 3, 9, 15, 4, 5)), "3/9/2024 3:04:05 PM");
+    const std::pair<QVariant, const char *> rows[] = {
+        {{}, ""},
+        {12.0, "12"},
+        {0.1 + 0.2, "0.3"},
+        {-1.25, "-1.25"},
+        {true, "True"},
+        {at(2024, 3, 9), "3/9/2024"},
+        {1.0 / 3, "0.333333333333333"},
+        {9'300'000'000.5, "9300000000.5"},
+        {12'345'678'901'234.56, "12345678901234.6"},
+        {1e-5, "0.00001"},
+        {1e20, "1E+20"},
+        {at(2024, 3, 9, 15, 4, 5), "3/9/2024 3:04:05 PM"}};
+    for (const auto &[value, text] : rows)
+        EXPECT_EQ(base::toText(value), text);
 }
 
 TEST(RoundedToEven, TakesTiesToTheEvenNeighbour)
 {
-    EXPECT_EQ(base::roundedToEven(1000.5), 1000);
-    EXPECT_EQ(base::roundedToEven(1001.5), 1002);
-    EXPECT_EQ(base::roundedToEven(-2.5), -2);
-    EXPECT_EQ(base::roundedToEven(2.51), 3);
+    for (const auto &[value, rounded] :
+         {std::pair(1000.5, 1000), {1001.5, 1002}, {-2.5, -2}, {2.51, 3}})
+        EXPECT_EQ(base::roundedToEven(value), rounded);
 }
 
 TEST(Money, ShowsTwoDecimalsAndTheSignInFront)

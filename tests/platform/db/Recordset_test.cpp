@@ -252,11 +252,7 @@ TEST(Find, RefusesWhatIsNoComparison)
 
 TEST(FitsPattern, KnowsItsSigns)
 {
-    struct Case
-    {
-        const char16_t *text, *pattern;
-        bool fits;
-    };
+    using Case = std::tuple<const char16_t *, const char16_t *, bool>;
     const Case cases[] = {
         // Any text, one character.
         Case{u"", u"", true}, Case{u"", u"*", true}, Case{u"a", u"", false},
@@ -272,11 +268,10 @@ TEST(FitsPattern, KnowsItsSigns)
         Case{u"9", u"#", true}, Case{u"/", u"#", false}, Case{u":", u"#", false},
         Case{u"a[b", u"a[b", true}, Case{u"x-y", u"x[-]y", true},
         Case{u"mississippi", u"*iss*ppi", true}, Case{u"mississippi", u"*iss*ppo", false}};
-    for (const Case &c : cases) {
-        EXPECT_EQ(db::fitsPattern(c.text, c.pattern), c.fits)
-            << QString::fromUtf16(c.text).toStdString() << " like "
-            << QString::fromUtf16(c.pattern).toStdString();
-    }
+    for (const auto &[text, pattern, fits] : cases)
+        EXPECT_EQ(db::fitsPattern(text, pattern), fits)
+            << QString::fromUtf16(text).toStdString() << " like "
+            << QString::fromUtf16(pattern).toStdString();
 }
 
 } // namespace

@@ -52,12 +52,7 @@ protected:
 TEST_F(Types, ValuesComeBackAsTheyWere)
 {
     const QDateTime moment = base::wallClock(QDate(2024, 2, 29), QTime(23, 59, 58));
-    struct Case
-    {
-        QString column;
-        QVariant in;
-        QVariant out;
-    };
+    using Case = std::tuple<QString, QVariant, QVariant>;
     const Case cases[] = {
         // Numbers.
         Case{u"Whole"_s, 2147483647, 2147483647LL},
@@ -76,10 +71,8 @@ TEST_F(Types, ValuesComeBackAsTheyWere)
         Case{u"Flag"_s, 1, -1LL}, Case{u"Flag"_s, 0, 0LL},
         Case{u"Picture"_s, QByteArray("a\0b\xff", 4), QByteArray("a\0b\xff", 4)},
         Case{u"Picture"_s, QByteArray(), QByteArray()}};
-    for (const Case &c : cases) {
-        EXPECT_EQ(through(c.column, c.in), c.out)
-            << c.column.toStdString() << ' ' << c.in.toString().toStdString();
-    }
+    for (const auto &[column, in, out] : cases)
+        EXPECT_EQ(through(column, in), out) << qPrintable(column + u' ' + in.toString());
 }
 
 TEST_F(Types, ColumnsThatOnlyOtherProgramsMakeAreReadToo)
@@ -116,24 +109,21 @@ TEST_F(Types, LiteralsAreStoredLikeParameters)
 
 TEST_F(Types, WhatDoesNotFitRaisesItsNumber)
 {
-    struct Case
-    {
-        QString column;
-        QVariant value;
-        int number;
-    };
-    const Case cases[] = {{u"Name"_s, QString(31, u'x'), ErrorNumber::TextTooLong},
-                          {u"Name"_s, QString(31, u'ü'), ErrorNumber::TextTooLong},
-                          {u"Whole"_s, 2147483648LL, ErrorNumber::Overflow},
-                          {u"Small"_s, 32768, ErrorNumber::Overflow},
-                          {u"Money"_s, 1e18, ErrorNumber::Overflow},
-                          {u"Whole"_s, u"abc"_s, ErrorNumber::TypeMismatch},
-                          {u"Whole"_s, u""_s, ErrorNumber::TypeMismatch},
-                          {u"Moment"_s, u"31-31-2024"_s, ErrorNumber::TypeMismatch},
-                          {u"Picture"_s, 5, ErrorNumber::TypeMismatch}};
-    for (const Case &c : cases)
-        EXPECT_EQ(test::raisedBy([&] { (void)through(c.column, c.value); }).number(), c.number)
-            << c.column.toStdString() << ' ' << c.value.toString().toStdString();
+    const std::tuple<QString, QVariant, int> cases[] = {
+        {u"Name"_s, QString(31, u'x'), ErrorNumber::TextTooLong},
+        {u"Name"_s, QString(31, u'ü'), ErrorNumber::TextTooLong},
+        {u"Whole"_s, 2147483648LL, ErrorNumber::Overflow},
+        {u"Small"_s, 32768, ErrorNumber::Overflow},
+        {u"Money"_s, 1e18, ErrorNumber::Overflow},
+        {u"Whole"_s, u"abc"_s, ErrorNumber::TypeMismatch},
+        {u"Whole"_s, u""_s, ErrorNumber::TypeMismatch},
+        {u"Moment"_s, u"31-31-2024"_s, ErrorNumber::TypeMismatch},
+        {u"Picture"_s, 5, ErrorNumber::TypeMismatch}};
+    for (const auto &[column, value, number] : cases) {
+        const auto store = [&, &to = column, &what = value] { (void)through(to, what); };
+        EXPECT_EQ(test::raisedBy(store).number(), number)
+            << qPrintable(column + u' ' + value.toString());
+    }
     // Thirty characters fit, however many bytes they need.
     EXPECT_EQ(through(u"Name"_s, QString(30, u'ü')), QVariant(QString(30, u'ü')));
 }

@@ -56,14 +56,6 @@ TEST(CellFormat, ShowsValuesAsTheFormatSays)
     }
 }
 
-struct Typed
-{
-    const char *text;
-    Column column;
-    bool isValue;
-    QVariant value;
-};
-
 const Column Masked{.name = u"Qty"_s, .mask = u"{0,99999}.{0,99}"_s};
 const Column Interval{.name = u"Interval"_s, .mask = u"{1,99999}"_s};
 const Column Whole{.name = u"Count"_s, .kind = ColumnKind::Integer};
@@ -73,39 +65,33 @@ const Column Note{.name = u"Note"_s, .kind = ColumnKind::Text};
 
 TEST(CellFormat, TypedTextsBecomeValuesOfTheColumn)
 {
+    constexpr std::nullopt_t refused = std::nullopt;
+    using Typed = std::tuple<const char *, Column, std::optional<QVariant>>;
     const Typed cases[] = {
         // Numbers.
-        Typed{"12", Masked, true, qint64(12)}, Typed{"12.50", Masked, true, 12.5},
-        Typed{"7.", Masked, true, 7.0}, Typed{"", Masked, true, {}}, Typed{".", Masked, true, {}},
-        Typed{"100000", Masked, false, {}}, Typed{"0", Interval, false, {}},
-        Typed{"30", Interval, true, qint64(30)}, Typed{"-4", Whole, true, qint64(-4)},
-        Typed{"4.5", Whole, false, {}}, Typed{"4.25", Price, true, 4.25},
-        Typed{".", Price, true, {}}, Typed{"1-", Price, false, {}},
+        Typed{"12", Masked, qint64(12)}, Typed{"12.50", Masked, 12.5}, Typed{"7.", Masked, 7.0},
+        Typed{"", Masked, QVariant()}, Typed{".", Masked, QVariant()},
+        Typed{"100000", Masked, refused}, Typed{"0", Interval, refused},
+        Typed{"30", Interval, qint64(30)}, Typed{"-4", Whole, qint64(-4)},
+        Typed{"4.5", Whole, refused}, Typed{"4.25", Price, 4.25}, Typed{".", Price, QVariant()},
+        Typed{"1-", Price, refused},
         // Dates and texts.
-        Typed{"3/9/24", Day, true, when(2024, 3, 9)},
-        Typed{"03-09-2024", Day, true, when(2024, 3, 9)}, Typed{" ", Day, true, {}},
-        Typed{"03092024", Day, true, when(2024, 3, 9)},
-        Typed{"030924", Day, true, when(2024, 3, 9)}, Typed{"13452024", Day, false, {}},
-        Typed{"2/30/2024", Day, false, {}}, Typed{"3/9", Day, false, {}},
-        Typed{"it's", Note, true, u"it's"_s}, Typed{"", Note, true, u""_s}};
-    for (const Typed &c : cases) {
-        const auto value = grid::typedValue(QString::fromLatin1(c.text), c.column);
-        ASSERT_EQ(value.has_value(), c.isValue) << c.text;
-        if (value) {
-            EXPECT_EQ(*value, c.value) << c.text;
-            EXPECT_EQ(value->typeId(), c.value.typeId()) << c.text;
-        }
+        Typed{"3/9/24", Day, when(2024, 3, 9)}, Typed{"03-09-2024", Day, when(2024, 3, 9)},
+        Typed{" ", Day, QVariant()}, Typed{"03092024", Day, when(2024, 3, 9)},
+        Typed{"030924", Day, when(2024, 3, 9)}, Typed{"13452024", Day, refused},
+        Typed{"2/30/2024", Day, refused}, Typed{"3/9", Day, refused},
+        Typed{"it's", Note, u"it's"_s}, Typed{"", Note, u""_s}};
+    for (const auto &[text, column, expected] : cases) {
+        const auto value = grid::typedValue(QString::fromLatin1(text), column);
+        EXPECT_EQ(value, expected) << text;
+        EXPECT_EQ(value.value_or(QVariant()).typeId(), expected.value_or(QVariant()).typeId())
+            << text;
     }
 }
 
 TEST(CellFormat, RefusesKeystrokesThatLeadNowhere)
 {
-    struct Keystroke
-    {
-        const Column &column;
-        const char *text;
-        bool accepted;
-    };
+    using Keystroke = std::tuple<const Column &, const char *, bool>;
     const Keystroke cases[] = {
         Keystroke{Masked, "7.12", true}, Keystroke{Masked, "7.123", false},
         Keystroke{Masked, ".", true}, Keystroke{Price, "-", true}, Keystroke{Price, "1.2.3", false},
@@ -116,9 +102,9 @@ TEST(CellFormat, RefusesKeystrokesThatLeadNowhere)
         Keystroke{Whole, "-2147483647", true}, Keystroke{Whole, "2147483648", false},
         Keystroke{Day, "3/", true}, Keystroke{Day, "3a", false},
         Keystroke{Day, "03/09/20245", false}, Keystroke{Note, "x", true}};
-    for (const Keystroke &k : cases)
-        EXPECT_EQ(grid::mayBecomeValue(QString::fromLatin1(k.text), k.column), k.accepted)
-            << k.column.name.toStdString() << ": " << k.text;
+    for (const auto &[column, text, accepted] : cases)
+        EXPECT_EQ(grid::mayBecomeValue(QString::fromLatin1(text), column), accepted)
+            << column.name.toStdString() << ": " << text;
 }
 
 TEST(CellFormat, TicksAreTrueInAllTheirSpellings)

@@ -69,16 +69,14 @@ TEST_F(Files, AFailedCopyHasItsNumberAndChangesNothing)
     write(u"a"_s, "new");
     write(u"b"_s, "old");
     QDir(m_folder.path()).mkdir(u"folder"_s);
-    struct Case
-    {
-        QString from, to;
-        int number;
-    };
-    for (const Case &c :
+    using Case = std::tuple<QString, QString, int>;
+    for (const auto &[from, to, number] :
          {Case{u"none"_s, u"b"_s, 53}, Case{u"none/a"_s, u"b"_s, 76}, Case{u"a"_s, u"none/b"_s, 76},
           Case{u"a"_s, u"folder"_s, 75}, Case{u"folder"_s, u"b"_s, 75}}) {
-        EXPECT_EQ(errorOf([&] { sys::copyFile(path(c.from), path(c.to)); }), c.number)
-            << qUtf8Printable(c.from + u" to "_s + c.to);
+        const auto copy = [&, &source = from, &target = to] {
+            sys::copyFile(path(source), path(target));
+        };
+        EXPECT_EQ(errorOf(copy), number) << qUtf8Printable(from + u" to "_s + to);
     }
     EXPECT_EQ(errorOf([&] { sys::copyFile(path(u"a"_s), path(u"b"_s), [] { return false; }); }),
               70);
@@ -102,19 +100,14 @@ TEST_F(Files, RemovingAndMakingFoldersReportTheirFailures)
 
 TEST(WindowsName, FollowsPlatformAndVersion)
 {
-    struct Case
-    {
-        int platform, major, minor;
-        const char *name;
-    };
-    for (const Case &c :
+    using Case = std::tuple<int, int, int, const char *>;
+    for (const auto &[platform, major, minor, name] :
          {Case{0, 3, 11, "Win32s"}, Case{1, 4, 0, "Windows 95"}, Case{1, 4, 90, "Windows ME"},
           Case{1, 4, 10, "Windows 98"}, Case{2, 5, 0, "Windows 2000"}, Case{2, 5, 1, "Windows XP"},
           Case{2, 5, 2, "Windows NT"}, Case{2, 4, 0, "Windows NT"}, Case{2, 10, 0, "Windows NT"},
-          Case{3, 5, 1, ""}}) {
-        EXPECT_EQ(sys::windowsName(c.platform, c.major, c.minor).toStdString(), c.name)
-            << c.platform << ' ' << c.major << '.' << c.minor;
-    }
+          Case{3, 5, 1, ""}})
+        EXPECT_EQ(sys::windowsName(platform, major, minor).toStdString(), name)
+            << platform << ' ' << major << '.' << minor;
 }
 
 TEST(SingleInstance, OneForEachFolderUntilItEnds)
