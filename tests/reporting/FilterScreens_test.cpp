@@ -3,8 +3,6 @@
 #include "core/ui/Openings.h"
 #include "organisation/MasterSession.h"
 #include "platform/base/Environment.h"
-#include "platform/db/DbError.h"
-#include "platform/grid/GridView.h"
 #include "platform/input/DateInput.h"
 #include "reporting/ui/FilterEntries.h"
 #include "reporting/ui/FilterScreen.h"
@@ -12,7 +10,6 @@
 
 #include <QComboBox>
 #include <QDir>
-#include <QLabel>
 
 using namespace Qt::StringLiterals;
 using test::inScreen;
@@ -60,12 +57,10 @@ protected:
             m_asked = asked;
             return true;
         };
-        for (const auto &[id, unit, name] :
-             {std::tuple(1, u"A-1"_s, u"Mower"_s), std::tuple(2, u"O'2"_s, u"Blower"_s),
-              std::tuple(3, u"B-1"_s, u"Rake"_s)})
-            gcnData->Execute(
-                u"Insert into tblEquipment(EquipmentID,UnitNo,EquipmentName) values(?,?,?)"_s,
-                {id, unit, name});
+        const QString columns = u"EquipmentID,UnitNo,EquipmentName"_s;
+        CompanySession::insert(u"tblEquipment"_s, columns, {1, u"A-1"_s, u"Mower"_s});
+        CompanySession::insert(u"tblEquipment"_s, columns, {2, u"O'2"_s, u"Blower"_s});
+        CompanySession::insert(u"tblEquipment"_s, columns, {3, u"B-1"_s, u"Rake"_s});
     }
     ~FilterScreens() override
     {
@@ -83,12 +78,6 @@ protected:
                      if (screen.isOpen())
                          screen.press("cmdExit");
                  });
-    }
-    static void plainLayout(const QString &report)
-    {
-        test::writeFile(base::applicationPath(u"\\Custom Reports\\%1.rpt"_s.arg(report)),
-                        "<report version=\"1\"><band kind=\"detail\">"
-                        "<field content=\"UnitNo\"/></band></report>");
     }
     /// What is asked for after these steps; the screen closes.
     catalogue::Request askedBy(const QString &name, const QString &steps)
@@ -214,7 +203,7 @@ TEST_F(FilterScreens, EmptyTheirLinesOnReset)
 {
     open(u"ShowInventryDetails"_s, [](const ScreenDriver &screen) {
         EXPECT_EQ(screen.screen().windowTitle(), u"Inventroy Details"_s);
-        EXPECT_EQ(screen.control<QLabel>("lblCaption").text(), u"List of Inventroy Details"_s);
+        EXPECT_EQ(screen.text("lblCaption"), u"List of Inventroy Details"_s);
         work(screen, u"txtPartCategory=Oil; txtSupplier=X; cboInactive=Yes; cmdReset"_s);
         EXPECT_EQ(screen.text("txtPartCategory"), QString());
         EXPECT_EQ(screen.text("txtSupplier"), QString());
@@ -229,25 +218,19 @@ TEST_F(FilterScreens, EmptyTheirLinesOnReset)
 
 TEST_F(FilterScreens, FillTheirLinesFromPickLists)
 {
-    const auto tickFirst = [](const QString &title, const QStringList &offered) {
-        return [title, offered](const ScreenDriver &list) {
-            EXPECT_EQ(list.control<QLabel>("lblTitle").text(), title);
-            auto &rows = list.control<grid::GridView>("grdList");
-            QStringList shown;
-            for (const int row : rows.displayedOrder())
-                shown.append(rows.rows().text(row, u"UnitNo"));
-            EXPECT_EQ(shown, offered);
-            QTest::keyClick(&rows, Qt::Key_Space);
+    const auto tickFirst = [](const QStringList &offered) {
+        return [offered](const ScreenDriver &list) {
+            EXPECT_EQ(list.text("lblTitle"), u" UnitNo/Equipment Name"_s);
+            EXPECT_EQ(test::columnOf(list.grid("grdList"), u"UnitNo"), offered);
+            QTest::keyClick(&list.grid("grdList"), Qt::Key_Space);
             list.press("cmdSelect");
         };
     };
     open(u"frmWorkorderhistoryReport"_s, [&](const ScreenDriver &screen) {
-        inScreen([&] { screen.press("cmdSHUnitNo"); },
-                 tickFirst(u" UnitNo/Equipment Name"_s, {u"A-1"_s, u"B-1"_s, u"O'2"_s}));
+        inScreen([&] { screen.press("cmdSHUnitNo"); }, tickFirst({u"A-1"_s, u"B-1"_s, u"O'2"_s}));
         EXPECT_EQ(screen.text("txtSHUnitNo"), u"A-1"_s);
         screen.type("txtSHUnitNo", u"O'2"_s);
-        inScreen([&] { screen.press("cmdSHUnitNo"); },
-                 tickFirst(u" UnitNo/Equipment Name"_s, {u"A-1"_s, u"B-1"_s}));
+        inScreen([&] { screen.press("cmdSHUnitNo"); }, tickFirst({u"A-1"_s, u"B-1"_s}));
         EXPECT_EQ(screen.text("txtSHUnitNo"), u"O'2,A-1"_s);
     });
     // A single machine takes the place of the former one, and may be the same.
@@ -328,11 +311,13 @@ TEST_F(FilterScreens, TellWhatIsMissingAndStay)
 TEST_F(FilterScreens, MeetTheRealReportsAnswers)
 {
     filteredReport() = m_real;
-    ASSERT_TRUE(QDir().mkpath(base::applicationPath(u"\\Custom Reports"_s)));
+    const QString own = base::applicationPath(u"\\Custom Reports"_s);
+    ASSERT_TRUE(QDir().mkpath(own));
     for (const QString &layout :
-         {u"rptEquipmentInspectionDate"_s, u"rptEquipmentServices"_s, u"rptEquipmentListVer5"_s,
-          u"rptEquipmentList"_s, u"rptEquipmentUtilization_Single"_s})
-        plainLayout(layout);
+         {u"rptEquipmentServices"_s, u"rptEquipmentListVer5"_s, u"rptEquipmentList"_s})
+        test::writeFile(own + u'/' + layout + u".rpt"_s,
+                        "<report version=\"1\"><band kind=\"detail\">"
+                        "<field content=\"UnitNo\"/></band></report>");
     // A report that comes up.
     open(u"frmEquipmentListReport"_s, [](const ScreenDriver &screen) {
         screen.press("chkInactive");
@@ -343,13 +328,6 @@ TEST_F(FilterScreens, MeetTheRealReportsAnswers)
                      preview.press("cmdExit");
                  });
         EXPECT_FALSE(screen.isOpen());
-    });
-    // Without rows the screen stays as it was.
-    open(u"ShowInspectionDateReading"_s, [this](const ScreenDriver &screen) {
-        prompts.expect(u"No records found."_s, Icon::Information);
-        work(screen, u"datINPDateTo=02032024; cmdViewReport"_s);
-        EXPECT_TRUE(screen.isOpen());
-        EXPECT_EQ(screen.text("datINPDateTo"), u"02/03/2024"_s);
     });
     // A filter that the engine refuses: the report asks, and No leaves the screen as it was.
     open(u"ShowEquipmentServices"_s, [this](const ScreenDriver &screen) {
@@ -362,20 +340,8 @@ TEST_F(FilterScreens, MeetTheRealReportsAnswers)
     // The same of a report that doesn't ask.
     open(u"frmEquipmentListReport"_s, [this](const ScreenDriver &screen) {
         work(screen, u"cmbversion=Version 5; txtSite=\"Yard\""_s);
-        prompts.expect(u"Please enter correct parameters."_s, Icon::Information);
+        prompts.inform(u"Please enter correct parameters."_s);
         screen.press("cmdViewReport");
-        EXPECT_TRUE(screen.isOpen());
-    });
-    // Two readings on one day.
-    for (const int count : {100, 110})
-        gcnData->Execute(u"Insert into tblEquipmentCount(EquipmentID,CountType,CountValue,"
-                         "ChangeDate) values(1,'Hours',?,#3/1/2024#)"_s,
-                         {count});
-    open(u"frmEquipmentUtilization"_s, [this](const ScreenDriver &screen) {
-        work(screen, u"chkEquipment; txtEQUTUnitNo=A-1; cmdViewReport"_s);
-        const ErrorReport report = errors.takeOne();
-        EXPECT_EQ(report.ErrNumber, db::ErrorNumber::DivisionByZero);
-        EXPECT_EQ(report.ProcedureName, u"ShowEquipmentUtilizationSingle"_s);
         EXPECT_TRUE(screen.isOpen());
     });
 }

@@ -19,35 +19,21 @@ protected:
     MachineSheet()
     {
         reportfiles::installDelivered(base::environment().applicationFolder);
-        insert(u"tblEquipment"_s, {{u"EquipmentID"_s, 4}, {u"UnitNo"_s, u"A-1"_s}});
-        insert(u"tblEquipment"_s, {{u"EquipmentID"_s, 7},
-                                   {u"UnitNo"_s, u"B-2"_s},
-                                   {u"EquipmentName"_s, u"Loader"_s},
-                                   {u"Inactive"_s, 1},
-                                   {u"UserDefined1"_s, u"GF-1"_s},
-                                   {u"UserDefined10"_s, u"blue"_s},
-                                   {u"WarrantyInterval"_s, u"1"_s},
-                                   {u"WarrantyPeriod"_s, 6},
-                                   {u"AcquisitionCost"_s, 12345.5}});
-        addService(4, u"Grease"_s, 0);
-        addService(7, u"Oil change"_s, 0);
-        addService(7, u"Retired check"_s, 1);
-        insert(u"tblEquipmentDocument"_s,
-               {{u"EquipmentId"_s, 7}, {u"DocumentName"_s, u"manual.pdf"_s}});
+        insert(u"tblEquipment"_s, u"EquipmentID,UnitNo"_s, {4, u"A-1"_s});
+        insert(u"tblEquipment"_s,
+               u"EquipmentID,UnitNo,EquipmentName,Inactive,UserDefined1,UserDefined10,"
+               "WarrantyInterval,WarrantyPeriod,AcquisitionCost"_s,
+               {7, u"B-2"_s, u"Loader"_s, 1, u"GF-1"_s, u"blue"_s, u"1"_s, 6, 12345.5});
+        const QString columns = u"EquipmentID,Name,Period,EInterval,Inactive"_s;
+        insert(u"tblServiceUsed"_s, columns, {4, u"Grease"_s, u"H"_s, 50, 0});
+        insert(u"tblServiceUsed"_s, columns, {7, u"Oil change"_s, u"H"_s, 50, 0});
+        insert(u"tblServiceUsed"_s, columns, {7, u"Retired check"_s, u"H"_s, 50, 1});
+        insert(u"tblEquipmentDocument"_s, u"EquipmentId,DocumentName"_s, {7, u"manual.pdf"_s});
         QBuffer picture;
         picture.open(QIODevice::WriteOnly);
         QImage(8, 8, QImage::Format_RGB32).save(&picture, "PNG");
-        insert(u"tblEquipmentImage"_s, {{u"EquipmentID"_s, 7},
-                                        {u"ImageName"_s, u"Left side"_s},
-                                        {u"ImageData"_s, picture.data()}});
-    }
-    static void addService(int machine, const QString &name, int inactive)
-    {
-        insert(u"tblServiceUsed"_s, {{u"EquipmentID"_s, machine},
-                                     {u"Name"_s, name},
-                                     {u"Period"_s, u"H"_s},
-                                     {u"EInterval"_s, 50},
-                                     {u"Inactive"_s, inactive}});
+        insert(u"tblEquipmentImage"_s, u"EquipmentID,ImageName,ImageData"_s,
+               {7, u"Left side"_s, picture.data()});
     }
     static catalogue::Request of(const QString &units)
     {

@@ -91,26 +91,17 @@ protected:
 
 TEST_F(OwnReportScreens, TheListAnswersTheFileThatWasChosen)
 {
-    const auto choose = [](bool toModify, const std::function<void(ScreenDriver)> &act) {
-        QString chosen;
-        test::inScreen(
-            [&] {
-                frmUserDefinedReports list;
-                chosen = toModify ? list.ShowReportList() : list.ShowUserDefinedReportDetatils();
-            },
-            act);
-        return chosen;
+    const auto chosen = [](auto show, const std::function<void(ScreenDriver)> &act) {
+        QString file;
+        test::inScreen([&] { file = (frmUserDefinedReports().*show)(); }, act);
+        return file;
     };
-    const auto view = [](const QString &caption) {
-        return [caption](const ScreenDriver &driver) {
-            EXPECT_EQ(driver.control<QAbstractButton>("cmdViewReport").text(), caption);
-            auto &grid = driver.control<grid::GridView>("grdReports");
-            if (caption == u"&Modify Report")
-                grid.selectRow(grid.rows().findRow(u"Reports Name", u"EquipmentList"_s));
-            driver.press("cmdViewReport");
-        };
+    const auto toView = &frmUserDefinedReports::ShowUserDefinedReportDetatils;
+    const auto toModify = &frmUserDefinedReports::ShowReportList;
+    const auto press = [](const char *button) {
+        return [button](const ScreenDriver &driver) { driver.press(button); };
     };
-    EXPECT_EQ(choose(false,
+    EXPECT_EQ(chosen(toView,
                      [](const ScreenDriver &driver) {
                          EXPECT_FALSE(driver.isShown("fraReports"));
                          EXPECT_FALSE(driver.isEnabled("cmdViewReport"));
@@ -118,40 +109,31 @@ TEST_F(OwnReportScreens, TheListAnswersTheFileThatWasChosen)
                      }),
               u"A"_s);
     test::writeFile(own(u"Ours.rpt"_s), "x");
-    EXPECT_EQ(choose(false, view(u"&View Report"_s)), own(u"Ours.rpt"_s));
-    EXPECT_EQ(choose(true, view(u"&Modify Report"_s)),
+    EXPECT_EQ(chosen(toView, press("cmdViewReport")), own(u"Ours.rpt"_s));
+    EXPECT_EQ(chosen(toModify,
+                     [](const ScreenDriver &driver) {
+                         grid::GridView &grid = driver.grid("grdReports");
+                         grid.selectRow(grid.rows().findRow(u"Reports Name", u"EquipmentList"_s));
+                         driver.press("cmdViewReport");
+                     }),
               path(u"Reports"_s, u"rptEquipmentList.rpt"_s));
-    EXPECT_EQ(choose(true,
+    EXPECT_EQ(chosen(toModify,
                      [](const ScreenDriver &driver) {
                          driver.press("optUserReport");
                          driver.press("cmdViewReport");
                      }),
               own(u"Ours.rpt"_s));
-    EXPECT_EQ(choose(true, [](const ScreenDriver &driver) { driver.press("cmdExit"); }), QString());
+    EXPECT_EQ(chosen(toModify, press("cmdExit")), QString());
 }
 
 TEST_F(OwnReportScreens, AReportOfTheUsersOwnReadsForItself)
 {
-    report::Layout asking = parts(u"select PartID from tblPart where Price >= ?Least"_s);
-    report::Parameter least;
-    least.name = u"Least"_s;
-    least.type = report::ParameterType::Number;
-    asking.parameters = {least};
     // Expressions read the answer, and further rows come along.
-    report::Object answer = asking.bands.first().objects.first();
-    answer.content = u"Least"_s;
-    asking.bands.first().objects.append(answer);
-    report::RowSet same;
-    same.name = u"same"_s;
-    same.key = same.of = u"PartID"_s;
-    same.query = u"select PartID, Price from tblPart"_s;
-    asking.rowSets = {same};
-    report::Band sub;
-    sub.kind = report::BandKind::SubDetail;
-    sub.rows = same.name;
-    answer.content = u"Price"_s;
-    sub.objects = {answer};
-    asking.bands.append(sub);
+    const report::Layout asking = ours(R"(<parameter name="Least" type="number"/>
+        <query>select PartID from tblPart where Price &gt;= ?Least</query>
+        <rows name="same" key="PartID" of="PartID">select PartID, Price from tblPart</rows>
+        <band kind="detail"><field content="PartID"/><field content="Least"/></band>
+        <band kind="subDetail" rows="same"><field content="Price"/></band>)");
     report::writeLayoutFile(asking, own(u"Asking.rpt"_s));
     const auto escape = [](const ScreenDriver &question) {
         EXPECT_EQ(question.screen().objectName(), u"parameters"_s);
@@ -177,16 +159,15 @@ TEST_F(OwnReportScreens, AReportOfTheUsersOwnReadsForItself)
     // A copy of a delivered report asks for its parameters too.
     insert(u"tblEquipment"_s, {{u"EquipmentID"_s, 1}, {u"EquipmentName"_s, u"Mower"_s}});
     report::Layout delivered = reportfiles::readDelivered(u"rptEquipmentList"_s);
-    delivered.parameters = {least};
+    delivered.parameters = asking.parameters;
     report::writeLayoutFile(delivered, path(u"Custom Reports"_s, u"rptEquipmentList.rpt"_s));
     shown = true;
     test::inScreen([&] { shown = showReport({.layout = u"rptEquipmentList"_s}); }, escape);
     EXPECT_FALSE(shown);
 
     report::writeLayoutFile(parts({}), own(u"Empty.rpt"_s));
-    prompts.expect(u"This report doesn't say yet which data it shows. Please open it by \"Modify "
-                   "Reports\" and choose them."_s,
-                   Icon::Information);
+    prompts.inform(u"This report doesn't say yet which data it shows. Please open it by \"Modify "
+                   "Reports\" and choose them."_s);
     EXPECT_FALSE(ShowUserDefinedReport(own(u"Empty.rpt"_s)));
     report::writeLayoutFile(parts(u"delete from tblPart"_s), own(u"Hostile.rpt"_s));
     EXPECT_FALSE(ShowUserDefinedReport(own(u"Hostile.rpt"_s)));
@@ -201,8 +182,7 @@ TEST_F(OwnReportScreens, ANewReportIsAskedForItsNameUntilItHasOne)
         expectNameQuestion(QString());
         expectNameQuestion(std::nullopt);
         expectNameQuestion(u"../Reports/rptPart"_s);
-        prompts.expect(u"A report's name can't have any of these characters: \\ / : * ? \" < > |"_s,
-                       Icon::None);
+        prompts.say(u"A report's name can't have any of these characters: \\ / : * ? \" < > |"_s);
         expectNameQuestion(u"Mine"_s);
         driver.press("cmdUpdate");
         EXPECT_EQ(titleIn(own(u"Mine.rpt"_s)), u"Mine"_s);
@@ -271,14 +251,14 @@ TEST_F(OwnReportScreens, ADraftIsOfferedAndGoesOnWhereTheWorkEnded)
     const QString file = own(u"Mine.rpt"_s);
     report::writeLayoutFile(parts(u"select PartID from tblPart"_s), file);
     const QString question = keepDraft(file);
-    prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::No);
+    prompts.no(question);
     design(file, [](const ScreenDriver &) {});
-    prompts.expect(question, Icon::Question, Buttons::YesNo, Answer::Yes);
+    prompts.yes(question);
     design(file, [](const ScreenDriver &driver) { driver.press("cmdUpdate"); });
     EXPECT_EQ(titleIn(file), u"Half done"_s);
     EXPECT_FALSE(drafts::find(file));
     // One of an older file asks before it replaces the newer one.
-    prompts.expect(keepDraft(file), Icon::Question, Buttons::YesNo, Answer::Yes);
+    prompts.yes(keepDraft(file));
     report::writeLayoutFile(parts(u"select Price as PartID from tblPart"_s), file);
     design(file, [this](const ScreenDriver &driver) {
         expectConflictQuestion();
@@ -299,14 +279,11 @@ TEST_F(OwnReportScreens, ADamagedCopyGivesWayToTheDeliveredLayoutWhenTheUserWant
 {
     const QString custom = path(u"Custom Reports"_s, u"rptSupplierReport.rpt"_s);
     test::writeFile(custom, "<report version=\"1\">\n  <nonsense\n");
-    const QString failure = failureOf([&] { (void)reportfiles::readLayoutAt(custom); });
-    const auto ask = [&](Answer answer) {
-        prompts.expect(failure + u"\n\nBegin with the layout that came with the program?"_s,
-                       Icon::Question, Buttons::YesNo, answer);
-    };
-    ask(Answer::No);
+    const QString question = failureOf([&] { (void)reportfiles::readLayoutAt(custom); }) +
+                             u"\n\nBegin with the layout that came with the program?"_s;
+    prompts.no(question);
     frmReportModify().ShowReport(custom, u"rptSupplierReport.rpt"_s);
-    ask(Answer::Yes);
+    prompts.yes(question);
     design(custom, [](const ScreenDriver &driver) {
         EXPECT_EQ(designer(driver).layout(), reportfiles::readDelivered(u"rptSupplierReport"_s));
     });
@@ -354,9 +331,8 @@ TEST_F(OwnReportScreens, AFieldOfATableIsReadFromThenOn)
         };
         choose(u"Bin"_s);
         choose(u"Name (Supplier_Name)"_s);
-        prompts.expect(u"\"Scans of machines\" has nothing in common with the tables that the "
-                       "report reads. Please join it in the query."_s,
-                       Icon::None);
+        prompts.say(u"\"Scans of machines\" has nothing in common with the tables that the report "
+                    "reads. Please join it in the query."_s);
         choose(u"Scan Time (ScanTime)"_s);
         EXPECT_EQ(found(designer(driver).layout().query).section(u'\n', 0, 0), u"B7|Acme"_s);
         expectPreviewed(driver);
@@ -368,10 +344,8 @@ TEST_F(OwnReportScreens, AReportWhoseRowsCannotBeReadIsDesignedWithoutThem)
 {
     const QString query = u"select Nowhere from tblPart"_s;
     report::writeLayoutFile(parts(query), own(u"Mine.rpt"_s));
-    prompts.expect(u"The report's rows can't be read.\n"_s + failureOf([] {
-                       (void)gcnData->Open(u"select TOP 100 Nowhere from tblPart"_s);
-                   }),
-                   Icon::None);
+    prompts.say(u"The report's rows can't be read.\n"_s +
+                failureOf([] { (void)gcnData->Open(u"select TOP 100 Nowhere from tblPart"_s); }));
     design(own(u"Mine.rpt"_s),
            [&](const ScreenDriver &driver) { EXPECT_EQ(designer(driver).layout().query, query); });
 }

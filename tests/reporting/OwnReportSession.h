@@ -23,10 +23,8 @@ protected:
     {
         reportfiles::installDelivered(base::environment().applicationFolder);
         for (int part = 1; part <= 3; ++part)
-            insert(QStringLiteral("tblPart"),
-                   {{QStringLiteral("PartID"), QStringLiteral("P%1").arg(part)},
-                    {QStringLiteral("Description"), QStringLiteral("Part %1").arg(part)},
-                    {QStringLiteral("Price"), part}});
+            insert(QStringLiteral("tblPart"), QStringLiteral("PartID,Description,Price"),
+                   {QStringLiteral("P%1").arg(part), QStringLiteral("Part %1").arg(part), part});
     }
 
     static QString path(const QString &folder, const QString &file)
@@ -40,18 +38,18 @@ protected:
         return path(QStringLiteral("User Defined Reports"), file);
     }
 
+    /// A layout with a title, written in its file's form.
+    static report::Layout ours(const QByteArray &content)
+    {
+        return report::readLayout("<report version=\"3\" title=\"Our parts\">" + content +
+                                  "</report>")
+            .layout.value();
+    }
     /// A report of the parts, those of the query.
     static report::Layout parts(const QString &query)
     {
-        report::Layout layout;
-        layout.title = QStringLiteral("Our parts");
+        report::Layout layout = ours("<band kind=\"detail\"><field content=\"PartID\"/></band>");
         layout.query = query;
-        report::Object object;
-        object.kind = report::ObjectKind::Field;
-        object.content = QStringLiteral("PartID");
-        report::Band band;
-        band.objects = {object};
-        layout.bands = {band};
         return layout;
     }
     static QString titleIn(const QString &file)

@@ -96,41 +96,28 @@ TEST_F(OwnReports, ASaveMakesTheFoldersAndAsksNothingAboutItsOwnFile)
 
 TEST_F(OwnReports, WhatIsThereIsReplacedOnlyWhenTheUserWantsIt)
 {
-    struct Row
-    {
-        const char *name;
-        bool isOpened; ///< this workstation has opened the file before the other one saved
-        InPlace asked;
-        bool answer;
-        QString stays;
-    };
-    for (const Row &row : {Row{"kept", false, InPlace::AnotherReport, false, u"theirs"_s},
-                           {"replaced", false, InPlace::AnotherReport, true, u"ours"_s},
-                           {"kept", true, InPlace::ChangedMeanwhile, false, u"theirs"_s},
-                           {"replaced", true, InPlace::ChangedMeanwhile, true, u"ours"_s}}) {
-        const QString path = savePath(Kind::NewReport, u"Parts.rpt"_s);
-        Version known;
-        QDir().mkpath(QFileInfo(path).path());
-        report::writeLayoutFile(titled(u"former"_s), path);
-        if (row.isOpened)
-            known = versionOf(path);
-        report::writeLayoutFile(titled(u"theirs"_s), path);
-        int questions = 0;
-        EXPECT_EQ(save(titled(u"ours"_s), path, known,
-                       [&](InPlace what) {
-                           ++questions;
-                           EXPECT_EQ(what, row.asked);
-                           return row.answer;
-                       }),
-                  row.answer);
-        EXPECT_EQ(questions, 1) << row.name;
-        EXPECT_EQ(titleIn(path), row.stays) << row.name;
-    }
-    // What is saved during the question is asked about too.
-    const QString path = savePath(Kind::NewReport, u"Parts.rpt"_s);
-    report::writeLayoutFile(titled(u"first"_s), path);
-    Version known;
+    const QString path = at(u"User Defined Reports"_s, u"Parts.rpt"_s);
     int questions = 0;
+    for (const bool isOpened : {false, true}) // before the other workstation saved
+        for (const bool answer : {false, true}) {
+            report::writeLayoutFile(titled(u"former"_s), path);
+            Version known = isOpened ? versionOf(path) : Version();
+            report::writeLayoutFile(titled(u"theirs"_s), path);
+            questions = 0;
+            EXPECT_EQ(save(titled(u"ours"_s), path, known,
+                           [&](InPlace what) {
+                               ++questions;
+                               EXPECT_EQ(what, isOpened ? InPlace::ChangedMeanwhile
+                                                        : InPlace::AnotherReport);
+                               return answer;
+                           }),
+                      answer);
+            EXPECT_EQ(questions, 1);
+            EXPECT_EQ(titleIn(path), answer ? u"ours"_s : u"theirs"_s);
+        }
+    // What is saved during the question is asked about too.
+    Version known;
+    questions = 0;
     EXPECT_FALSE(save(titled(u"ours"_s), path, known, [&](InPlace) {
         report::writeLayoutFile(titled(u"meanwhile"_s), path);
         return ++questions == 1;
@@ -141,14 +128,12 @@ TEST_F(OwnReports, WhatIsThereIsReplacedOnlyWhenTheUserWantsIt)
 
 TEST_F(OwnReports, ANameInOtherLettersIsTheSameReport)
 {
-    Version known;
-    ASSERT_TRUE(
-        save(titled(u"one"_s), savePath(Kind::NewReport, u"Parts.rpt"_s), known, neverAsked));
+    report::writeLayoutFile(titled(u"one"_s), at(u"User Defined Reports"_s, u"Parts.rpt"_s));
     Version other;
-    EXPECT_FALSE(save(titled(u"two"_s), savePath(Kind::NewReport, u"PARTS.rpt"_s), other,
-                      [](InPlace) { return false; }));
-    ASSERT_TRUE(save(titled(u"two"_s), savePath(Kind::NewReport, u"PARTS.rpt"_s), other,
-                     [](InPlace) { return true; }));
+    for (const bool answer : {false, true})
+        EXPECT_EQ(save(titled(u"two"_s), savePath(Kind::NewReport, u"PARTS.rpt"_s), other,
+                       [&](InPlace) { return answer; }),
+                  answer);
     EXPECT_EQ(listed(Folder::UserDefined), u"Parts=/User Defined Reports/Parts.rpt"_s);
 }
 

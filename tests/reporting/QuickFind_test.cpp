@@ -9,25 +9,19 @@ namespace {
 class QuickFind : public test::CompanySession
 {
 protected:
-    static QStringList headings(const db::Recordset &rows)
+    static QString headings(const db::Recordset &rows)
     {
         QStringList names;
         for (int column = 0; column < rows.columnCount(); ++column)
             names.append(rows.columnName(column));
-        return names;
+        return names.join(u'|');
     }
-    static QString keys(const QString &statement, const QString &key)
+    static QString columnOf(const db::Recordset &rows, QStringView column)
     {
-        QStringList found;
-        for (const db::Row row : gcnData->Open(statement))
-            found.append(row.text(key));
-        return found.join(u',');
-    }
-    static void addMachine(int id, const QString &unit, bool inactive)
-    {
-        gcnData->Execute(
-            u"Insert into tblEquipment(EquipmentID,UnitNo,EquipmentName,Inactive) values(?,?,?,?)"_s,
-            {id, unit, u"Name of "_s + unit, inactive ? 1 : 0});
+        QStringList texts;
+        for (const db::Row row : rows)
+            texts.append(row.text(column));
+        return texts.join(u',');
     }
 };
 
@@ -55,26 +49,25 @@ TEST_F(QuickFind, EachTableHasItsCaptionItsColumnsAndFieldsThatTheListShows)
          "State|Zip|Atten|License No|Contact Name"_s},
     };
     for (const auto &expected : tables) {
-        const std::string name = expected.table.toStdString();
+        SCOPED_TRACE(qPrintable(expected.table));
         const quickfind::Table *table = quickfind::tableOf(expected.table);
-        ASSERT_NE(table, nullptr) << name;
+        ASSERT_NE(table, nullptr);
         EXPECT_EQ(quickfind::SetCaption(expected.table), expected.caption);
-        const QStringList shown =
-            headings(gcnData->Open(quickfind::listStatement(*table, expected.order, false)));
-        EXPECT_EQ(shown.join(u'|').toStdString(), expected.columns.toStdString());
-        EXPECT_EQ(headings(gcnData->Open(quickfind::listStatement(*table, expected.order, true))),
-                  shown);
-        EXPECT_EQ(quickfind::QueryString(expected.table).contains(u" where "), false) << name;
+        for (const bool inactive : {false, true})
+            EXPECT_EQ(
+                headings(gcnData->Open(quickfind::listStatement(*table, expected.order, inactive))),
+                expected.columns);
+        EXPECT_FALSE(quickfind::QueryString(expected.table).contains(u" where "));
 
+        const QStringList shown = expected.columns.split(u'|');
         const QList<quickfind::Field> fields = quickfind::fieldsOf(expected.table);
-        EXPECT_FALSE(fields.isEmpty()) << name;
+        EXPECT_FALSE(fields.isEmpty());
         for (const quickfind::Field &field : fields)
-            EXPECT_TRUE(shown.contains(field.description))
-                << name << ": " << field.description.toStdString();
+            EXPECT_TRUE(shown.contains(field.description)) << qPrintable(field.description);
         for (const QStringView column : table->automatic)
-            EXPECT_TRUE(shown.contains(column)) << name;
+            EXPECT_TRUE(shown.contains(column));
         for (const quickfind::NumberColumn &number : table->numbers)
-            EXPECT_TRUE(shown.contains(number.name)) << name;
+            EXPECT_TRUE(shown.contains(number.name));
     }
     EXPECT_EQ(quickfind::tableOf(u"tblUser"), nullptr);
     EXPECT_EQ(quickfind::QueryString(u"tblUser"), QString());
@@ -82,50 +75,45 @@ TEST_F(QuickFind, EachTableHasItsCaptionItsColumnsAndFieldsThatTheListShows)
 
 TEST_F(QuickFind, InactiveMachinesAndThoseLeftOutAreAbsentWhicheverWayTheBoxStands)
 {
-    addMachine(1, u"B-1"_s, false);
-    addMachine(2, u"A-1"_s, true);
-    addMachine(3, u"C-1"_s, false);
-    const quickfind::Table &table = *quickfind::tableOf(u"TBLEQUIPMENT");
+    const QString columns = u"EquipmentID,UnitNo,EquipmentName,Inactive"_s;
+    insert(u"tblEquipment"_s, columns, {1, u"B-1"_s, u"Mower"_s, 0});
+    insert(u"tblEquipment"_s, columns, {2, u"A-1"_s, u"Mower"_s, 1});
+    insert(u"tblEquipment"_s, columns, {3, u"C-1"_s, u"Mower"_s, 0});
     const auto listed = [&](bool inactive, const QString &leftOut) {
-        QStringList found;
-        quickfind::List list(table, u"UnitNo"_s, inactive, leftOut);
+        quickfind::List list(*quickfind::tableOf(u"TBLEQUIPMENT"), u"UnitNo"_s, inactive, leftOut);
         list.readAll();
-        for (const db::Row row : list.rows())
-            found.append(row.text(u"EquipmentID") + u' ' + row.text(u"Unit No"));
-        return found.join(u", "_s);
+        return columnOf(list.rows(), u"Unit No");
     };
-    EXPECT_EQ(listed(false, {}), u"1 B-1, 3 C-1"_s);
-    EXPECT_EQ(listed(true, {}), u"2 A-1, 1 B-1, 3 C-1"_s);
-    EXPECT_EQ(listed(false, u"1"_s), u"3 C-1"_s);
-    EXPECT_EQ(listed(true, u" 2, 3 ,4711"_s), u"1 B-1"_s);
+    EXPECT_EQ(listed(false, {}), u"B-1,C-1"_s);
+    EXPECT_EQ(listed(true, {}), u"A-1,B-1,C-1"_s);
+    EXPECT_EQ(listed(false, u"1"_s), u"C-1"_s);
+    EXPECT_EQ(listed(true, u" 2, 3 ,4711"_s), u"B-1"_s);
     EXPECT_EQ(listed(true, u"1,2,3"_s), QString());
     const quickfind::Table &suppliers = *quickfind::tableOf(u"tblSupplier");
-    gcnData->Execute(u"Insert into tblSupplier(SupplierID,Name) values(1,'Parts Depot')"_s);
+    insert(u"tblSupplier"_s, u"SupplierID,Name"_s, {1, u"Parts Depot"_s});
     quickfind::List list(suppliers, u"Name"_s, false, u"1"_s);
     list.readAll();
-    EXPECT_EQ(list.rows().RecordCount(),
-              gcnData->Open(u"Select * from tblSupplier"_s).RecordCount());
+    EXPECT_EQ(list.rows().RecordCount(), count(u"tblSupplier"_s));
 
     // A machine of no crew is assigned to nobody.
-    const qint64 crew = gcnData->Insert(
-        u"Insert into tblCrew(CrewNumber,Description) values(7,'Mowing')"_s, {}, u"CrewID"_s);
+    const qint64 crew =
+        insert(u"tblCrew"_s, u"CrewNumber,Description"_s, {7, u"Mowing"_s}, u"CrewID"_s);
     gcnData->Execute(u"Update tblEquipment set CrewID = ? where EquipmentID = 3"_s, {crew});
-    const db::Recordset rows = gcnData->Open(
-        quickfind::listStatement(*quickfind::tableOf(u"tblEquipment"), u"UnitNo"_s, false));
-    EXPECT_EQ(rows.row(0).text(u"Assigned to"), QString());
-    EXPECT_EQ(rows.row(1).text(u"Assigned to"), u"7   Mowing"_s);
+    EXPECT_EQ(columnOf(gcnData->Open(quickfind::listStatement(*quickfind::tableOf(u"tblEquipment"),
+                                                              u"UnitNo"_s, false)),
+                       u"Assigned to"),
+              u",7   Mowing"_s);
 }
 
 TEST_F(QuickFind, PartsAreListedByActivityAndCategory)
 {
     gcnData->Execute(u"Delete from tblPart"_s);
-    for (const auto &[number, category, inactive] :
-         {std::tuple(u"P-1"_s, 151, u"0"_s), std::tuple(u"P-2"_s, 152, u"0"_s),
-          std::tuple(u"P-3"_s, 151, u"1"_s)})
-        gcnData->Execute(u"Insert into tblPart(PartID,PartCategoryID,Inactive) values(?,?,?)"_s,
-                         {number, category, inactive});
+    const QString columns = u"PartID,PartCategoryID,Inactive"_s;
+    insert(u"tblPart"_s, columns, {u"P-1"_s, 151, 0});
+    insert(u"tblPart"_s, columns, {u"P-2"_s, 152, 0});
+    insert(u"tblPart"_s, columns, {u"P-3"_s, 151, 1});
     const auto listed = [](bool inactive, qint64 category) {
-        return keys(quickfind::partListStatement(inactive, category), u"PartID"_s);
+        return columnOf(gcnData->Open(quickfind::partListStatement(inactive, category)), u"PartID");
     };
     EXPECT_EQ(listed(false, 0), u"P-1,P-2"_s);
     EXPECT_EQ(listed(false, 151), u"P-1"_s);

@@ -1,6 +1,7 @@
 #include "reporting/ReportQuery.h"
 
 #include "core/CompanySession.h"
+#include "platform/base/Environment.h"
 #include "reporting/DesignFields.h"
 #include "reporting/FirstRows.h"
 #include "reporting/GuardedRunner.h"
@@ -16,30 +17,27 @@ class ReportQuery : public test::CompanySession
 protected:
     ReportQuery()
     {
-        insert(u"tblSupplier"_s, {{u"SupplierID"_s, 1}, {u"Name"_s, u"Acme"_s}});
-        insert(u"tblPart"_s, {{u"PartID"_s, u"F*1"_s},
-                              {u"Description"_s, u"Filter o'Oil"_s},
-                              {u"SupplierID"_s, 1},
-                              {u"Price"_s, 2.5},
-                              {u"TrackInventory"_s, -1}});
-        insert(u"tblPart"_s, {{u"PartID"_s, u"B2"_s},
-                              {u"Description"_s, u"Belt"_s},
-                              {u"SupplierID"_s, 9},
-                              {u"Price"_s, 10}});
-        insert(u"tblEquipment"_s,
-               {{u"EquipmentID"_s, 1},
-                {u"EquipmentName"_s, u"Mower"_s},
-                {u"Acquisitiondate"_s, QDateTime(QDate(2024, 3, 15), QTime(0, 0), Qt::UTC)}});
-        tables = reporttables::tables();
+        insert(u"tblSupplier"_s, u"SupplierID,Name"_s, {1, u"Acme"_s});
+        insert(u"tblPart"_s, u"PartID,Description,SupplierID,Price,TrackInventory"_s,
+               {u"F*1"_s, u"Filter o'Oil"_s, 1, 2.5, -1});
+        insert(u"tblPart"_s, u"PartID,Description,SupplierID,Price"_s, {u"B2"_s, u"Belt"_s, 9, 10});
+        insert(u"tblEquipment"_s, u"EquipmentID,EquipmentName,Acquisitiondate"_s,
+               {1, u"Mower"_s, base::wallClock(QDate(2024, 3, 15))});
     }
 
-    static Query partsBySupplier()
+    /// Columns of tables, which are joined in the order of the columns.
+    static Query columnsOf(const QList<Place> &columns)
     {
         Query query;
-        addSource(query, u"tblPart"_s);
-        addSource(query, u"tblSupplier"_s);
-        addColumn(query, {u"tblPart"_s, u"PartID"_s});
-        addColumn(query, {u"tblSupplier"_s, u"Name"_s});
+        for (const Place &column : columns) {
+            addSource(query, column.table);
+            addColumn(query, column);
+        }
+        return query;
+    }
+    static Query partsBySupplier()
+    {
+        Query query = columnsOf({{u"tblPart"_s, u"PartID"_s}, {u"tblSupplier"_s, u"Name"_s}});
         query.sort = {{{u"tblPart"_s, u"PartID"_s}, true}};
         return query;
     }
@@ -49,7 +47,7 @@ protected:
         return found(textOf(query, tables)).replace(u'\n', u';');
     }
 
-    QList<reporttables::Table> tables;
+    const QList<reporttables::Table> tables = reporttables::tables();
 };
 
 TEST_F(ReportQuery, EveryLinkOfTheHouseJoins)
@@ -75,11 +73,7 @@ TEST_F(ReportQuery, TablesAreJoinedByTheirKeyAndRowsWithoutPartnerStay)
     query.sort.first().descending = false;
     EXPECT_EQ(rowsOf(query), u"F*1|Acme"_s);
     // What points to a table is joined to it too.
-    query = {};
-    addSource(query, u"tblSupplier"_s);
-    addSource(query, u"tblPart"_s);
-    addColumn(query, {u"tblSupplier"_s, u"Name"_s});
-    addColumn(query, {u"tblPart"_s, u"PartID"_s});
+    query = columnsOf({{u"tblSupplier"_s, u"Name"_s}, {u"tblPart"_s, u"PartID"_s}});
     EXPECT_EQ(rowsOf(query), u"Acme|F*1"_s);
     // A table goes with all that speaks of it.
     query = partsBySupplier();
@@ -114,9 +108,7 @@ TEST_F(ReportQuery, ConditionsCompareAsTheUserTypes)
                            {"TrackInventory", Comparison::Equal, u"No"_s, u"B2"_s},
                            {"Notes", Comparison::IsEmpty, {}, u"B2;F*1"_s},
                            {"Notes", Comparison::IsNotEmpty, {}, QString()}}) {
-        Query query;
-        addSource(query, u"tblPart"_s);
-        addColumn(query, {u"tblPart"_s, u"PartID"_s});
+        Query query = columnsOf({{u"tblPart"_s, u"PartID"_s}});
         query.conditions = {
             {{u"tblPart"_s, QString::fromLatin1(row.column)}, row.comparison, row.value}};
         query.sort = {{{u"tblPart"_s, u"PartID"_s}}};
@@ -126,9 +118,7 @@ TEST_F(ReportQuery, ConditionsCompareAsTheUserTypes)
         EXPECT_EQ(textOf(*back, tables), textOf(query, tables));
     }
     // Dates are read month first.
-    Query query;
-    addSource(query, u"tblEquipment"_s);
-    addColumn(query, {u"tblEquipment"_s, u"EquipmentName"_s});
+    Query query = columnsOf({{u"tblEquipment"_s, u"EquipmentName"_s}});
     query.conditions = {
         {{u"tblEquipment"_s, u"Acquisitiondate"_s}, Comparison::Equal, u"3/15/24"_s}};
     EXPECT_EQ(rowsOf(query), u"Mower"_s);

@@ -1,5 +1,4 @@
 #include "organisation/MasterSession.h"
-#include "platform/grid/GridView.h"
 #include "reporting/ui/QuickFindEntries.h"
 
 #include <QLabel>
@@ -15,34 +14,29 @@ class ItemList : public test::MasterSession
 protected:
     ItemList()
     {
-        for (const auto &[id, unit, name] :
-             {std::tuple(1, u"A-1"_s, u"Rider mower"_s), std::tuple(2, u"A'2"_s, u"Blower"_s),
-              std::tuple(3, u"B-1"_s, u"Rake"_s)})
-            gcnData->Execute(
-                u"Insert into tblEquipment(EquipmentID,UnitNo,EquipmentName) values(?,?,?)"_s,
-                {id, unit, name});
+        const QString columns = u"EquipmentID,UnitNo,EquipmentName"_s;
+        CompanySession::insert(u"tblEquipment"_s, columns, {1, u"A-1"_s, u"Rider mower"_s});
+        CompanySession::insert(u"tblEquipment"_s, columns, {2, u"A'2"_s, u"Blower"_s});
+        CompanySession::insert(u"tblEquipment"_s, columns, {3, u"B-1"_s, u"Rake"_s});
     }
-    static grid::GridView &list(const ScreenDriver &screen)
-    {
-        return screen.control<grid::GridView>("grdList");
-    }
+    static grid::GridView &list(const ScreenDriver &screen) { return screen.grid("grdList"); }
     static QString unit(const ScreenDriver &screen)
     {
         const int row = list(screen).currentRow();
         return row < 0 ? u"none"_s : list(screen).rows().text(row, u"UnitNo");
     }
-    static QString several(const QString &filter)
+    /// Opens the list of several machines, or that of one.
+    template<class Show>
+    static QString choose(Show show, const QString &filter)
     {
-        return ShowItemListDetail(query, filter, u"List of Equipment"_s, u"UnitNo"_s, u"VARCHAR"_s,
-                                  u"Name"_s, u"VARCHAR"_s);
+        return show(u"Select UnitNo, EquipmentName as Name from tblEquipment"_s, filter,
+                    u"List of Equipment"_s, u"UnitNo"_s, u"VARCHAR"_s, u"Name"_s, u"VARCHAR"_s);
     }
+    static QString several(const QString &filter) { return choose(ShowItemListDetail, filter); }
     static QString one(const QString &filter)
     {
-        return ShowItemListDetailForEquUti(query, filter, u"List of Equipment"_s, u"UnitNo"_s,
-                                           u"VARCHAR"_s, u"Name"_s, u"VARCHAR"_s);
+        return choose(ShowItemListDetailForEquUti, filter);
     }
-
-    inline static const QString query = u"Select UnitNo, EquipmentName as Name from tblEquipment"_s;
 };
 
 } // namespace
@@ -81,7 +75,7 @@ TEST_F(ItemList, ASingleChoiceNeedsARow)
                  EXPECT_FALSE(screen.isShown("cmdSelect"));
                  EXPECT_FALSE(list(screen).rows().hasColumn(u"Select"));
                  list(screen).clearCurrent();
-                 prompts.expect(u"Please select one record."_s, Icon::None);
+                 prompts.say(u"Please select one record."_s);
                  screen.press("cmdSelectForEqpUti");
                  screen.type("txtSearch", u"B"_s);
                  screen.press("cmdSelectForEqpUti");
@@ -91,8 +85,8 @@ TEST_F(ItemList, ASingleChoiceNeedsARow)
 
 TEST_F(ItemList, AFilterThatDoesNotRunIsToldAndOpensNoList)
 {
-    prompts.expect(u"Incorrect Filter"_s, Icon::None);
+    prompts.say(u"Incorrect Filter"_s);
     EXPECT_EQ(several(u"where UnitNo = 'A"_s), QString());
-    prompts.expect(u"Incorrect Filter"_s, Icon::None);
+    prompts.say(u"Incorrect Filter"_s);
     EXPECT_EQ(one(u"where NoSuchColumn = 1"_s), QString());
 }

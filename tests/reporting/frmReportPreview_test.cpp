@@ -13,7 +13,6 @@
 #include <QDir>
 
 using namespace Qt::StringLiterals;
-using Icon = base::Prompts::Icon;
 
 namespace {
 
@@ -24,12 +23,10 @@ protected:
     {
         joinReports();
         reportfiles::installDelivered(base::environment().applicationFolder);
-        gcnData->Execute(u"Insert into tblEquipment(EquipmentID,UnitNo,EquipmentName,Inactive) "
-                         "values(1,'M1','Mower',0)"_s);
-        order = gcnData->Insert(u"Insert into tblWorkorder(EquipmentID,Printed) values(1,'0')"_s,
-                                {}, u"WorkorderNo"_s);
-        gcnData->Execute(u"Insert into tblWoServiceUsed(WorkorderNo,Name) values(?,'Oil change')"_s,
-                         {order});
+        insert(u"tblEquipment"_s, u"EquipmentID,UnitNo,EquipmentName,Inactive"_s,
+               {1, u"M1"_s, u"Mower"_s, 0});
+        order = insert(u"tblWorkorder"_s, u"EquipmentID,Printed"_s, {1, 0}, u"WorkorderNo"_s);
+        insert(u"tblWoServiceUsed"_s, u"WorkorderNo,Name"_s, {order, u"Oil change"_s});
     }
 
     [[nodiscard]] bool print(bool byCrew = false) const
@@ -46,10 +43,11 @@ protected:
         ASSERT_TRUE(QDir().mkpath(folder));
         test::writeFile(folder + u"/%1.rpt"_s.arg(report), content);
     }
-    void expectQuestion(const QString &text, Icon icon, bool yes)
+    /// The question whether to show everything in place of what a filter asks for.
+    void expectOffer(const QString &text, base::Prompts::Answer answer)
     {
-        prompts.expect(text, icon, base::Prompts::Buttons::YesNo,
-                       yes ? base::Prompts::Answer::Yes : base::Prompts::Answer::No);
+        prompts.expect(text, base::Prompts::Icon::Information, base::Prompts::Buttons::YesNo,
+                       answer);
     }
     /// Whether an action shows a preview, which is closed.
     static bool isShown(const std::function<bool()> &open, const QString &title = u"Work Orders"_s)
@@ -71,16 +69,12 @@ protected:
 
 } // namespace
 
-TEST_F(ReportPreview, ShowsTheOrdersInEitherLayout)
+TEST_F(ReportPreview, ShowsTheOrdersInEitherLayoutOrSaysThatThereAreNone)
 {
     for (const bool byCrew : {false, true})
         EXPECT_TRUE(isShown([&] { return print(byCrew); }));
-}
-
-TEST_F(ReportPreview, WithoutRowsSaysSo)
-{
     gcnData->Execute(u"Update tblWoServiceUsed set Skip = '1'"_s);
-    prompts.expect(u"No records found."_s, Icon::Information);
+    prompts.inform(u"No records found."_s);
     EXPECT_FALSE(print());
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
@@ -91,36 +85,32 @@ TEST_F(ReportPreview, ALayoutThatIsMissingOrDamagedIsReportedFirst)
     const QString file = reportfiles::layoutPath(u"rptWorkorder"_s);
     test::writeFile(file,
                     "<report version=\"1\">\n  <band kind=\"detail\" height=\"5\"/>\n</report>");
-    EXPECT_FALSE(print());
-    ErrorReport report = errors.takeOne();
-    EXPECT_EQ(report.ProcedureName, u"ShowWorkorderReport"_s);
-    EXPECT_TRUE(report.ErrDescription.contains(u"Line 2, column"_s))
-        << qPrintable(report.ErrDescription);
-    ASSERT_TRUE(QFile::remove(file));
-    EXPECT_FALSE(print());
-    report = errors.takeOne();
-    EXPECT_TRUE(report.ErrDescription.contains(u"missing"_s)) << qPrintable(report.ErrDescription);
+    for (const QString &part : {u"Line 2, column"_s, u"missing"_s}) {
+        EXPECT_FALSE(print());
+        const ErrorReport report = errors.takeOne();
+        EXPECT_EQ(report.ProcedureName, u"ShowWorkorderReport"_s);
+        EXPECT_TRUE(report.ErrDescription.contains(part)) << qPrintable(report.ErrDescription);
+        QFile::remove(file);
+    }
 }
 
 TEST_F(ReportPreview, ARefusedFilterIsAskedAboutInTheReportsOwnWords)
 {
     for (const QString &report : {u"rptEquipmentServices"_s, u"rptEquipmentList"_s})
         ownLayout(report, Plain);
-    const auto asked = [&](const char *layout, const QString &filter, const QString &question) {
-        expectQuestion(question, Icon::Information, false);
-        EXPECT_FALSE(showReport({.layout = QString::fromLatin1(layout), .filter = filter}))
-            << layout;
-    };
-    const QString syntax = u" where UnitNo in ()"_s;
-    const QString parameter = u" where Nowhere = 1"_s;
-    asked("rptEquipmentServices", syntax, u"Incorrect filter. Show all Equipment Services?"_s);
-    asked("rptEquipmentServices", parameter, u"Incorrect filter. Show all Equipment Services?"_s);
-    asked("rptEquipmentServices", u" where tblServiceUsed.NextScheduledDate = 'soon'"_s,
-          u"Incorrect filter. Show all Equipment Details?"_s);
-    asked("rptEquipmentList", u" where AcquisitionDate = 'soon'"_s,
-          u"Incorrect filter. Show all Equipment Details?"_s);
+    const QString details = u"Incorrect filter. Show all Equipment Details?"_s;
+    const QString services = u"Incorrect filter. Show all Equipment Services?"_s;
+    const QString soon = u" where tblServiceUsed.NextScheduledDate = 'soon'"_s;
+    for (const auto &[layout, filter, question] :
+         {std::tuple(u"rptEquipmentServices"_s, u" where UnitNo in ()"_s, services),
+          {u"rptEquipmentServices"_s, u" where Nowhere = 1"_s, services},
+          {u"rptEquipmentServices"_s, soon, details},
+          {u"rptEquipmentList"_s, u" where AcquisitionDate = 'soon'"_s, details}}) {
+        expectOffer(question, base::Prompts::Answer::No);
+        EXPECT_FALSE(showReport({.layout = layout, .filter = filter})) << qPrintable(filter);
+    }
     // Yes shows everything, and nothing of what was asked.
-    expectQuestion(u"Incorrect filter. Show all Equipment Details?"_s, Icon::Information, true);
+    expectOffer(details, base::Prompts::Answer::Yes);
     EXPECT_TRUE(isShown(
         [] {
             return showReport({.layout = u"rptEquipmentList"_s,
@@ -145,9 +135,9 @@ TEST_F(ReportPreview, ADamagedLayoutOfTheCustomersOwnGivesWayWhenTheUserWantsIt)
         test::raisedBy([] { (void)reportfiles::readLayout(u"rptWorkorder"_s); }).description();
     EXPECT_TRUE(failure.contains(u"Line 3, column"_s)) << qPrintable(failure);
     const QString question = failure + u"\n\nUse the layout that came with the program instead?"_s;
-    expectQuestion(question, Icon::Question, false);
+    prompts.no(question);
     EXPECT_FALSE(print());
-    expectQuestion(question, Icon::Question, true);
+    prompts.yes(question);
     EXPECT_TRUE(isShown([&] { return print(); }));
 }
 
@@ -156,6 +146,6 @@ TEST_F(ReportPreview, TheErrorReportKnowsOnlyTheDeliveredLayout)
     ASSERT_TRUE(!reportfiles::isDelivered(u"rptErrorReport"_s) ||
                 QFile::remove(reportfiles::layoutPath(u"rptErrorReport"_s)));
     ownLayout(u"rptErrorReport"_s, Plain);
-    prompts.expect(u"Report not found."_s, Icon::Information);
+    prompts.inform(u"Report not found."_s);
     EXPECT_FALSE(openings().open(u"ShowErrorList"));
 }
