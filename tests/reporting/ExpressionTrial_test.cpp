@@ -45,17 +45,10 @@ TEST(ExpressionTrial, TellsTheValuesOrWhatIsWrong)
         EXPECT_TRUE(row.error.isEmpty() ? trial.error.isEmpty() : trial.error.contains(row.error))
             << qPrintable(row.text) << ": " << qPrintable(trial.error);
     }
-}
-
-TEST(ExpressionTrial, AFewRowsAreEnough)
-{
-    const test::TestEnvironment environment;
-    QByteArray csv = "Price\n";
-    for (int row = 0; row < 1000; ++row)
-        csv += "1\n";
-    EXPECT_EQ(
-        expressions::tried(u"RowNumber"_s, false, {}, report::CsvSource(csv), {}).values.join(u' '),
-        u"1 2 3 4 5 6 7 8"_s);
+    const report::CsvSource many("Price\n" + QByteArray("1\n").repeated(1000));
+    EXPECT_EQ(expressions::tried(u"RowNumber"_s, false, {}, many, {}).values.join(u' '),
+              u"1 2 3 4 5 6 7 8"_s)
+        << "a few are enough";
 }
 
 } // namespace

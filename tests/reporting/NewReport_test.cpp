@@ -198,15 +198,12 @@ TEST_F(NewReport, KeysOfOtherRowsReadAsNamesAndOnlyAmountsAreSummed)
         const char *caption;
         bool canTotal;
     };
-    for (const Row &row : {Row{"tblPart", "Price", true},
-                           {"tblPart", "Qty on Hand", true},
-                           {"tblPart", "Part Number", false},
-                           {"tblPart", "Inactive", false},
-                           {"tblServices", "Job No", false},
-                           {"tblServices", "Interval", true},
-                           {"tblEquipment", "Inactive", false},
-                           {"tblCrew", "Crew Number", false},
-                           {"tblServiceUsedPart", "Service: Interval", false}})
+    for (const Row &row :
+         {Row{"tblPart", "Price", true}, Row{"tblPart", "Qty on Hand", true},
+          Row{"tblPart", "Part Number", false}, Row{"tblPart", "Inactive", false},
+          Row{"tblServices", "Job No", false}, Row{"tblServices", "Interval", true},
+          Row{"tblEquipment", "Inactive", false}, Row{"tblCrew", "Crew Number", false},
+          Row{"tblServiceUsedPart", "Service: Interval", false}})
         EXPECT_EQ(
             field(QString::fromLatin1(row.table), QString::fromLatin1(row.caption)).canTotal(),
             row.canTotal)
@@ -289,15 +286,12 @@ TEST_F(DesignRows, EachFileThatIsKnownHasAStatementOfItsOwn)
 {
     const QString ending =
         u" tblPart ON tblWoPartUsed.PartID = tblPart.PartID where  tblWorkorder.workorderno in (0)"_s;
-    for (const auto &[file, isKnown] : {std::pair(u"rptWorkOrder.rpt"_s, true),
-                                        {u"rptWorkOrderByCrew.rpt"_s, true},
-                                        {u"rptWorkorder.rpt"_s, false},
-                                        {u"rptworkorder.rpt"_s, false},
-                                        {u"rptEquipmentList.rpt"_s, true},
-                                        {u"rptEquipmentList"_s, false},
-                                        {u"rptEquipmentListSiteWise.rpt"_s, false},
-                                        {u"rptErrorReport.rpt"_s, true},
-                                        {u"Mine.rpt"_s, false}}) {
+    for (const auto &[file, isKnown] :
+         {std::pair(u"rptWorkOrder.rpt"_s, true), std::pair(u"rptWorkOrderByCrew.rpt"_s, true),
+          std::pair(u"rptWorkorder.rpt"_s, false), std::pair(u"rptworkorder.rpt"_s, false),
+          std::pair(u"rptEquipmentList.rpt"_s, true), std::pair(u"rptEquipmentList"_s, false),
+          std::pair(u"rptEquipmentListSiteWise.rpt"_s, false),
+          std::pair(u"rptErrorReport.rpt"_s, true), std::pair(u"Mine.rpt"_s, false)}) {
         const QString query = QueryString(file);
         EXPECT_EQ(!query.isEmpty(), isKnown) << qPrintable(file);
         if (isKnown && file.startsWith(u"rptWorkOrder")) {

@@ -288,15 +288,13 @@ TEST_F(ReportQuery, NoReportShowsTheUsersOrChangesAnything)
 
 TEST(InWords, PartsANameWhereAWordBegins)
 {
-    for (const auto &[name, words] : {std::pair(u"QuantityRequired"_s, u"Quantity Required"_s),
-                                      {u"PartID"_s, u"Part ID"_s},
-                                      {u"UnitNo"_s, u"Unit No"_s},
-                                      {u"Bar_Code"_s, u"Bar Code"_s},
-                                      {u"PartIDNo"_s, u"Part ID No"_s},
-                                      {u"Qty on Hand"_s, u"Qty on Hand"_s},
-                                      {u"SS"_s, u"SS"_s},
-                                      {u"BeginingHub"_s, u"Beginning Hub"_s},
-                                      {u"EInterval"_s, u"Interval"_s}})
+    for (const auto &[name, words] :
+         {std::pair(u"QuantityRequired"_s, u"Quantity Required"_s),
+          std::pair(u"PartID"_s, u"Part ID"_s), std::pair(u"UnitNo"_s, u"Unit No"_s),
+          std::pair(u"Bar_Code"_s, u"Bar Code"_s), std::pair(u"PartIDNo"_s, u"Part ID No"_s),
+          std::pair(u"Qty on Hand"_s, u"Qty on Hand"_s), std::pair(u"SS"_s, u"SS"_s),
+          std::pair(u"BeginingHub"_s, u"Beginning Hub"_s),
+          std::pair(u"EInterval"_s, u"Interval"_s)})
         EXPECT_EQ(reporttables::inWords(name), words);
 }
 

@@ -1,9 +1,6 @@
 #include "platform/base/Environment.h"
-#include "platform/report/layout/LayoutFile.h"
 #include "platform/report/paginate/ChartAxis.h"
 #include "platform/report/paginate/ChartCollector.h"
-#include "platform/report/paginate/Paginator.h"
-#include "platform/report/paginate/Tabulator.h"
 #include "platform/report/paginate/TextFlow.h"
 #include "platform/report/render/Export.h"
 
@@ -34,27 +31,6 @@ Layout inFooter(const QByteArray &attributes, const QByteArray &series)
 }
 
 const QByteArray cost = R"(<series name="Cost" value="Cost"/>)";
-
-/// What charts show, as they stand in tables: cells parted by blanks, lines by "|", charts by "/".
-std::string tables(const Layout &layout, const DataSource &rows)
-{
-    QStringList charts;
-    const Outcome outcome = tabulate(layout, rows, {}, [&](const TableBand &band) {
-        for (const TableGrid &grid : band.grids) {
-            QStringList lines{grid.title};
-            for (const QVariantList &row : grid.rows) {
-                QStringList cells;
-                for (const QVariant &cell : row)
-                    cells.append(cell.isNull() ? u"-"_s : cell.toString());
-                lines.append(cells.join(u' '));
-            }
-            charts.append(lines.join(u'|'));
-        }
-        return true;
-    });
-    EXPECT_EQ(outcome.problems, QStringList());
-    return charts.join(u" / "_s).toStdString();
-}
 
 Rows costs()
 {
@@ -105,7 +81,8 @@ TEST(Chart, CollectsTheRowsOfItsBandsGroupOrOfTheReport)
         {"kind=\"reportFooter\"", "category=\"Day\" categoryFormat=\"mmm yyyy\"", cost,
          "| Cost|Jan 2024 14.5|Feb 2024 14"}};
     for (const Case &one : cases)
-        EXPECT_EQ(tables(chartIn(one.band, one.attributes, one.series, group), costs()), one.table)
+        EXPECT_EQ(chartTables(chartIn(one.band, one.attributes, one.series, group), costs()),
+                  one.table)
             << one.band.toStdString() << one.attributes.toStdString();
 }
 
@@ -128,18 +105,16 @@ TEST(ChartAxis, HasRoundTicksAboutAllValues)
         bool whole;
         QList<double> ticks;
     };
-    const Case cases[] = {
-        {0, 30.5, 4, false, {0, 10, 20, 30, 40}},
-        {-6, 30.5, 9, false, {-10, -5, 0, 5, 10, 15, 20, 25, 30, 35}},
-        {-6, 30.5, 8, false, {-10, 0, 10, 20, 30, 40}},
-        {0, 0.3, 3, false, {0, 0.1, 0.2, 0.3}},
-        {0, 2, 10, true, {0, 1, 2}},
-        {0, 0, 5, true, {0, 1}},
-        {7, 7, 2, false, {0, 5, 10}},
-        {-7, -7, 2, false, {-10, -5, 0}},
-        {1000, 1250, 5, false, {1000, 1050, 1100, 1150, 1200, 1250}},
-        {0, 1e9, 2, false, {0, 5e8, 1e9}},
-    };
+    const Case cases[] = {{0, 30.5, 4, false, {0, 10, 20, 30, 40}},
+                          {-6, 30.5, 9, false, {-10, -5, 0, 5, 10, 15, 20, 25, 30, 35}},
+                          {-6, 30.5, 8, false, {-10, 0, 10, 20, 30, 40}},
+                          {0, 0.3, 3, false, {0, 0.1, 0.2, 0.3}},
+                          {0, 2, 10, true, {0, 1, 2}},
+                          {0, 0, 5, true, {0, 1}},
+                          {7, 7, 2, false, {0, 5, 10}},
+                          {-7, -7, 2, false, {-10, -5, 0}},
+                          {1000, 1250, 5, false, {1000, 1050, 1100, 1150, 1200, 1250}},
+                          {0, 1e9, 2, false, {0, 5e8, 1e9}}};
     for (const Case &one : cases) {
         SCOPED_TRACE(one.largest);
         const ChartAxis axis(one.least, one.largest, one.steps, one.whole);

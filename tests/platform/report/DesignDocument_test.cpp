@@ -76,14 +76,12 @@ private:
             return Selection::of(places);
         return Selection::of(static_cast<Selection::Part>(below(10)), below(5));
     }
-    int anyBand(const Layout &layout)
-    {
-        return layout.bands.isEmpty() ? -1 : below(static_cast<int>(layout.bands.size()));
-    }
-
     void act(Layout &layout, Selection &selection)
     {
-        const int band = anyBand(layout);
+        if (layout.bands.isEmpty())
+            layout.bands.append(Band());
+        const int bands = static_cast<int>(layout.bands.size());
+        const int band = below(bands);
         switch (below(12)) {
         case 0:
             report::addGroup(layout, words());
@@ -101,34 +99,29 @@ private:
             added.kind = static_cast<BandKind>(below(10));
             added.height = length();
             added.group = added.rows = words();
-            layout.bands.insert(below(static_cast<int>(layout.bands.size()) + 1), added);
+            layout.bands.insert(below(bands + 1), added);
             break;
         }
         case 4:
-            if (band >= 0 && below(3) == 0)
-                layout.bands.removeAt(band);
+            layout.bands.remove(band, below(3) == 0 ? 1 : 0);
             break;
         case 5:
-            if (band >= 0)
-                selection = Selection::of(addObjects(
-                    layout, band,
-                    {newObject(static_cast<ObjectKind>(below(8)), {length(), length()})}));
+            selection = Selection::of(
+                addObjects(layout, band,
+                           {newObject(static_cast<ObjectKind>(below(8)), {length(), length()})}));
             break;
         case 6:
-            if (band >= 0)
-                addField(layout, band, {{}, words(), words(), FieldType::Number, true}, {0, 0});
+            addField(layout, band, {{}, words(), words(), FieldType::Number, true}, {0, 0});
             break;
         case 7:
-            if (band >= 0)
-                pasteText(layout, band, clipboardText(layout, objectsAt(layout, selection.objects)),
-                          {10, 10});
+            pasteText(layout, band, clipboardText(layout, objectsAt(layout, selection.objects)),
+                      {10, 10});
             break;
         case 8:
             removeObjects(layout, selection.objects);
             break;
         case 9:
-            if (band >= 0)
-                moveToBand(layout, selection.objects, band, {length() / 4, length() / 4});
+            moveToBand(layout, selection.objects, band, {length() / 4, length() / 4});
             break;
         case 10:
             storePicture(layout, words(), words().toUtf8());

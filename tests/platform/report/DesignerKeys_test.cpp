@@ -1,53 +1,21 @@
-#include "platform/report/designer/DesignCanvas.h"
-#include "platform/report/designer/DesignDocument.h"
-#include "platform/report/designer/ReportDesigner.h"
-#include "platform/report/designer/Structure.h"
-#include "support/ScriptedPrompts.h"
+#include "DesignerFixture.h"
 
-#include "ReportRows.h"
-
-#include <QAction>
-#include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
-#include <QTest>
-#include <QTreeWidget>
 
 namespace report {
 namespace {
 
-using namespace Qt::StringLiterals;
-
 /// A designer that nobody touches with a mouse: each key goes to whatever has the focus.
-class DesignerKeys : public testing::Test
+class DesignerKeys : public Designer
 {
 protected:
-    DesignerKeys()
-    {
-        m_designer.resize(1300, 700);
-        m_designer.setLayout(layoutOf(R"x(<report version="2" title="Parts">
-            <band kind="pageHeader" height="15mm"><text width="50mm" height="8mm" content="Parts"/></band>
-            <band kind="detail" height="10mm"><field y="2mm" width="30mm" content="Name"/></band>
-            </report>)x"));
-        m_designer.setFields({{{}, u"Name"_s, {}, FieldType::Text, true},
-                              {{}, u"Price"_s, {}, FieldType::Number, true}});
-        m_designer.setRowsProvider([](const Layout &) {
-            return PreviewRows{
-                std::make_shared<Rows>(QStringList{u"Name"_s}, QList<QVariantList>()), {}};
-        });
-        m_designer.show();
-        m_designer.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&m_designer));
-        m_designer.setFocus();
-        QCoreApplication::processEvents();
-    }
     static void press(int key, Qt::KeyboardModifiers keys = {})
     {
         QWidget *menu = QApplication::activePopupWidget();
         QTest::keyClick(menu ? menu : QApplication::focusWidget(), static_cast<Qt::Key>(key), keys);
         QCoreApplication::processEvents();
     }
-    static void type(const QString &text) { QTest::keyClicks(QApplication::focusWidget(), text); }
     /// Goes down in the menu that is open to an entry.
     static void goTo(const QString &entry)
     {
@@ -60,7 +28,6 @@ protected:
         }
         FAIL() << "no entry " << qPrintable(entry);
     }
-    [[nodiscard]] const Selection &selection() const { return m_document.selection(); }
     /// The object that is selected; another one without a selection.
     [[nodiscard]] Object lead() const
     {
@@ -70,10 +37,6 @@ protected:
     {
         return qobject_cast<QTreeWidget *>(QApplication::focusWidget());
     }
-
-    test::ScriptedPrompts m_prompts;
-    ReportDesigner m_designer;
-    DesignDocument &m_document = m_designer.document();
 };
 
 TEST_F(DesignerKeys, AReportIsChangedWithoutAMouse)
@@ -102,8 +65,7 @@ TEST_F(DesignerKeys, AReportIsChangedWithoutAMouse)
          ++step)
         press(Qt::Key_Down);
     press(Qt::Key_Return);
-    type(u"40"_s);
-    press(Qt::Key_Return);
+    typeThere(u"40"_s);
     EXPECT_EQ(lead().width, 4000);
     // Back to the sheet for a new object, a group, and a band out of the menus.
     press(Qt::Key_F6, Qt::ShiftModifier);
@@ -115,22 +77,25 @@ TEST_F(DesignerKeys, AReportIsChangedWithoutAMouse)
     press(Qt::Key_Right);
     goTo(u"Report footer"_s);
     press(Qt::Key_Return);
-    EXPECT_EQ(m_document.layout().bands.last().kind, BandKind::ReportFooter);
+    EXPECT_EQ(layout().bands.last().kind, BandKind::ReportFooter);
     // A field out of the data, into the band that was chosen last.
     press(Qt::Key_PageUp);
     press(Qt::Key_A, Qt::AltModifier);
     press(Qt::Key_F6, Qt::ShiftModifier);
     ASSERT_TRUE(focusedTree());
     EXPECT_EQ(focusedTree()->objectName(), u"data"_s);
-    type(u"Price"_s);
-    press(Qt::Key_Return);
+    typeThere(u"Price"_s);
     EXPECT_EQ(lead().content, u"Price"_s);
-    EXPECT_EQ(m_document.layout().bands[selection().band()].kind, BandKind::Detail);
+    EXPECT_EQ(layout().bands[selection().band()].kind, BandKind::Detail);
     // All goes back, from any pane.
     for (int change = 0; change < 20 && m_designer.isModified(); ++change)
         press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(m_document.layout().bands.size(), 2);
+    EXPECT_EQ(layout().bands.size(), 2);
     // The preview and back.
+    m_designer.setRowsProvider([](const Layout &) {
+        return PreviewRows{
+            std::make_shared<Rows>(QStringList{u"Name"_s, u"Price"_s}, QList<QVariantList>()), {}};
+    });
     press(Qt::Key_F5);
     EXPECT_TRUE(m_designer.isPreviewShown());
     press(Qt::Key_D, Qt::AltModifier);
@@ -142,6 +107,7 @@ TEST_F(DesignerKeys, AReportIsChangedWithoutAMouse)
 TEST_F(DesignerKeys, AColumnIsLedByWhatWasChosen)
 {
     m_document.change(u"Heading"_s, [](Layout &layout, Selection &) {
+        layout.bands[0].objects[0].x = layout.bands[1].objects[0].x;
         layout.bands[0].objects[0].width = layout.bands[1].objects[0].width;
     });
     press(Qt::Key_Tab);
@@ -150,21 +116,20 @@ TEST_F(DesignerKeys, AColumnIsLedByWhatWasChosen)
     press(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(selection().objects, (QList<Place>{{0, 0}, {1, 0}}));
     EXPECT_EQ(selection().lead, (Place{1, 0}));
-    EXPECT_FALSE(m_designer.findChild<QAction *>(u"band-above"_s)->isEnabled());
+    EXPECT_FALSE(child<QAction>(u"band-above"_s)->isEnabled());
 }
 
 /// A sheet with nothing on it shows the data, from which something comes.
 TEST_F(DesignerKeys, AnEmptySheetBeginsWithTheData)
 {
-    const auto *data = m_designer.findChild<QTreeWidget *>(u"data"_s);
+    const auto *data = child<QTreeWidget>(u"data"_s);
     EXPECT_FALSE(data->isVisible());
     m_designer.setEmptyHint(u"Bring a field"_s);
-    const auto *canvas = m_designer.findChild<DesignCanvas *>();
     m_designer.setLayout(emptyLayout());
     EXPECT_TRUE(data->isVisible());
-    const QImage hint = canvas->viewport()->grab().toImage();
+    const QImage hint = m_canvas->viewport()->grab().toImage();
     m_designer.setEmptyHint({});
-    EXPECT_NE(canvas->viewport()->grab().toImage(), hint);
+    EXPECT_NE(m_canvas->viewport()->grab().toImage(), hint);
 }
 
 /// Who knows no keys finds them beside what they do.
@@ -174,9 +139,8 @@ TEST_F(DesignerKeys, EveryActionStandsInAMenu)
     for (const QMenu *menu : m_designer.findChild<QMenuBar *>()->findChildren<QMenu *>())
         for (const QAction *entry : menu->actions())
             inMenus.insert(entry);
-    const auto *canvas = m_designer.findChild<DesignCanvas *>();
-    ASSERT_GT(canvas->actions().size(), 40);
-    for (const QAction *action : canvas->actions())
+    ASSERT_GT(m_canvas->actions().size(), 40);
+    for (const QAction *action : m_canvas->actions())
         EXPECT_TRUE(inMenus.contains(action)) << qPrintable(action->objectName());
 }
 

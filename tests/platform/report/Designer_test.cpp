@@ -1,144 +1,26 @@
-#include "platform/report/designer/DesignCanvas.h"
-#include "platform/report/designer/DesignDocument.h"
-#include "platform/report/designer/PropertyPanel.h"
-#include "platform/report/designer/ReportDesigner.h"
-#include "platform/report/designer/Structure.h"
 #include "platform/report/viewer/ReportViewer.h"
-#include "support/ScriptedPrompts.h"
 #include "support/TestFiles.h"
 
+#include "DesignerFixture.h"
 #include "Drawn.h"
-#include "ReportRows.h"
 
-#include <QAction>
 #include <QClipboard>
 #include <QDropEvent>
-#include <QGuiApplication>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QListWidget>
 #include <QMenu>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
-#include <QTest>
-#include <QTreeWidget>
-#include <gmock/gmock.h>
 
 namespace report {
 namespace {
 
-using namespace Qt::StringLiterals;
-
-/// A title and two fields, wide enough apart to be told from each other.
-Layout parts()
-{
-    return layoutOf(R"x(<report version="2" title="Parts"><page left="10mm" top="10mm"/>
-        <band kind="pageHeader" height="15mm"><text width="50mm" height="8mm" content="Parts" size="14"/></band>
-        <band kind="detail" height="10mm">
-          <field x="20mm" width="30mm" content="Name"/><field x="80mm" width="30mm" content="Price"/>
-        </band></report>)x");
-}
-
-class Designer : public testing::Test
-{
-protected:
-    Designer()
-    {
-        m_designer.resize(1300, 700);
-        m_designer.setLayout(parts());
-        m_designer.setFields({{{}, u"Name"_s, u"Part name"_s, FieldType::Text, true},
-                              {{}, u"Price"_s, {}, FieldType::Number, true}});
-        m_designer.show();
-        m_designer.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&m_designer));
-        QCoreApplication::processEvents();
-        m_canvas->setZoom(100);
-        m_canvas->setFocus();
-        // Steps of a tenth of a millimetre are what the keys and the tests count in.
-        run(u"grid"_s);
-        run(u"line-up"_s);
-    }
-    template<class Widget>
-    Widget *child(const QString &name)
-    {
-        return m_designer.findChild<Widget *>(name);
-    }
-    void run(const QString &action) { child<QAction>(action)->trigger(); }
-    [[nodiscard]] const Layout &layout() const { return m_document.layout(); }
-    [[nodiscard]] const Object &object(int band, int number) const
-    {
-        return m_document.object({band, number});
-    }
-    void click(int band, QPoint units, Qt::KeyboardModifiers keys = {})
-    {
-        QTest::mouseClick(m_canvas->viewport(), Qt::LeftButton, keys,
-                          m_canvas->toViewport(band, units));
-    }
-    /// Drags from one place of the sheet to another, with a step in between.
-    void drag(QPoint from, QPoint to, Qt::KeyboardModifiers keys = {})
-    {
-        QWidget *sheet = m_canvas->viewport();
-        QTest::mousePress(sheet, Qt::LeftButton, keys, from);
-        move(sheet, (from + to) / 2, keys);
-        move(sheet, to, keys);
-        QTest::mouseRelease(sheet, Qt::LeftButton, keys, to);
-    }
-    static void move(QWidget *sheet, QPoint to, Qt::KeyboardModifiers keys)
-    {
-        QMouseEvent event(QEvent::MouseMove, to, sheet->mapToGlobal(to), Qt::NoButton,
-                          Qt::LeftButton, keys);
-        QGuiApplication::sendEvent(sheet, &event);
-    }
-    /// Types into whatever has the focus, and ends with Enter.
-    static void typeThere(const QString &text)
-    {
-        QTest::keyClicks(QApplication::focusWidget(), text);
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-        QCoreApplication::processEvents();
-    }
-    /// Types into the editor of an attribute.
-    void type(const QString &caption, const QString &text)
-    {
-        m_designer.findChild<PropertyPanel *>()->edit(caption);
-        typeThere(text);
-    }
-    /// An item of a tree by its text.
-    QTreeWidgetItem *item(const QString &tree, const QString &text)
-    {
-        return child<QTreeWidget>(tree)
-            ->findItems(text, Qt::MatchExactly | Qt::MatchRecursive)
-            .value(0);
-    }
-    void expectFault(const char *part)
-    {
-        EXPECT_THAT(child<QLabel>(u"fault"_s)->text().toStdString(), testing::HasSubstr(part));
-    }
-    [[nodiscard]] QRect frame(int band, int number) const { return frameOf(object(band, number)); }
-    [[nodiscard]] qsizetype objectsOf(int band) const
-    {
-        return layout().bands[band].objects.size();
-    }
-    void key(int key, Qt::KeyboardModifiers keys = {})
-    {
-        QTest::keyClick(m_canvas, static_cast<Qt::Key>(key), keys);
-    }
-    [[nodiscard]] QPoint at(int band, int x, int y) const
-    {
-        return m_canvas->toViewport(band, {x, y});
-    }
-
-    test::ScriptedPrompts m_prompts;
-    ReportDesigner m_designer;
-    DesignDocument &m_document = m_designer.document();
-    DesignCanvas *m_canvas = child<DesignCanvas>(u"canvas"_s);
-};
-
 TEST_F(Designer, KeysMoveAndResizeByMillimetresAndTenths)
 {
     click(1, {2500, 250});
-    ASSERT_EQ(m_document.selection(), Selection::of({{1, 0}}));
+    ASSERT_EQ(selection(), Selection::of({{1, 0}}));
     key(Qt::Key_Right);
     key(Qt::Key_Down, Qt::ControlModifier);
     EXPECT_EQ(frame(1, 0), QRect(2100, 10, 3000, 500));
@@ -152,14 +34,14 @@ TEST_F(Designer, KeysMoveAndResizeByMillimetresAndTenths)
     key(Qt::Key_Y, Qt::ControlModifier);
     EXPECT_EQ(object(1, 0).x, 2100);
     key(Qt::Key_Tab);
-    EXPECT_EQ(m_document.selection(), Selection::of({{1, 1}}));
+    EXPECT_EQ(selection(), Selection::of({{1, 1}}));
     key(Qt::Key_Escape);
-    EXPECT_EQ(m_document.selection(), Selection::of(Selection::Part::Band, 1));
+    EXPECT_EQ(selection(), Selection::of(Selection::Part::Band, 1));
     QKeyEvent again(QEvent::KeyPress, Qt::Key_Escape, {});
     QGuiApplication::sendEvent(m_canvas, &again);
     EXPECT_TRUE(again.isAccepted()) << "the window stays";
     key(Qt::Key_PageUp);
-    EXPECT_EQ(m_document.selection(), Selection::of(Selection::Part::Band, 0));
+    EXPECT_EQ(selection(), Selection::of(Selection::Part::Band, 0));
     key(Qt::Key_Down, Qt::ShiftModifier);
     EXPECT_EQ(layout().bands[0].height, 1600);
 }
@@ -179,15 +61,15 @@ TEST_F(Designer, TheMouseMovesResizesAndSelects)
     run(u"undo"_s);
     // A frame around both, from empty ground.
     drag(at(1, 1500, 700), at(1, 9000, 100));
-    EXPECT_EQ(m_document.selection().objects, (QList<Place>{{1, 0}, {1, 1}}));
+    EXPECT_EQ(selection().objects, (QList<Place>{{1, 0}, {1, 1}}));
     click(1, {2500, 250}, Qt::ControlModifier);
-    EXPECT_EQ(m_document.selection().objects, (QList<Place>{{1, 1}}));
+    EXPECT_EQ(selection().objects, (QList<Place>{{1, 1}}));
     // From the detail into the page header.
     drag(at(1, 8500, 250), at(0, 8500, 1000));
     ASSERT_EQ(objectsOf(0), 2);
     EXPECT_EQ(object(0, 1).content, u"Price"_s);
     EXPECT_NEAR(object(0, 1).y, 750, 30);
-    EXPECT_EQ(m_document.selection(), Selection::of({{0, 1}}));
+    EXPECT_EQ(selection(), Selection::of({{0, 1}}));
     // Escape in the middle leaves all as it was.
     QTest::mousePress(m_canvas->viewport(), Qt::LeftButton, {}, at(0, 8500, 1000));
     move(m_canvas->viewport(), at(0, 2000, 200), {});
@@ -199,7 +81,7 @@ TEST_F(Designer, TheMouseMovesResizesAndSelects)
     drag(bar, bar + QPoint(0, 38));
     EXPECT_NEAR(layout().bands[0].height, 1500 + geometry.toUnits(38), 5);
     drag(at(0, 19000, 200), at(0, 19000, 200));
-    EXPECT_EQ(m_document.selection(), Selection::of(Selection::Part::Band, 0));
+    EXPECT_EQ(selection(), Selection::of(Selection::Part::Band, 0));
 }
 
 TEST_F(Designer, WhatIsDraggedComesToRestOnEdgesAndTheGrid)
@@ -415,9 +297,9 @@ TEST_F(Designer, PartsAreAddedMovedAndRemoved)
                 one->trigger();
     };
     choose(u"add-band"_s, u"Detail"_s);
-    EXPECT_EQ(m_document.selection(), Selection::of(Selection::Part::Band, 2));
+    EXPECT_EQ(selection(), Selection::of(Selection::Part::Band, 2));
     run(u"move-up"_s);
-    EXPECT_EQ(m_document.selection(), Selection::of(Selection::Part::Band, 1));
+    EXPECT_EQ(selection(), Selection::of(Selection::Part::Band, 1));
     EXPECT_EQ(objectsOf(1), 0);
     EXPECT_FALSE(child<QAction>(u"move-up"_s)->isEnabled()) << "above it is the page header";
     run(u"delete"_s);
@@ -429,14 +311,14 @@ TEST_F(Designer, PartsAreAddedMovedAndRemoved)
     EXPECT_EQ(layout().sort, (QStringList{u"Price"_s, u"RowNumber"_s}));
     run(u"move-up"_s);
     EXPECT_EQ(layout().sort, (QStringList{u"RowNumber"_s, u"Price"_s}));
-    EXPECT_EQ(m_document.selection(), Selection::of(Selection::Part::Sort, 0));
+    EXPECT_EQ(selection(), Selection::of(Selection::Part::Sort, 0));
     run(u"delete"_s);
     EXPECT_EQ(layout().sort, QStringList{u"Price"_s});
     run(u"add-formula"_s);
     run(u"add-formula"_s);
     EXPECT_EQ(layout().formulas[1].name, u"Formula2"_s);
     run(u"add-parameter"_s);
-    EXPECT_EQ(m_document.selection(), Selection::of(Selection::Part::Parameter, 0));
+    EXPECT_EQ(selection(), Selection::of(Selection::Part::Parameter, 0));
     run(u"delete"_s);
     EXPECT_TRUE(layout().parameters.isEmpty());
 
@@ -488,7 +370,7 @@ TEST_F(Designer, TheTreeSelectsAndChangesTheParts)
 {
     const QString tree = u"structure"_s;
     child<QTreeWidget>(tree)->setCurrentItem(item(tree, u"Field \"Price\""_s));
-    EXPECT_EQ(m_document.selection(), Selection::of({{1, 1}}));
+    EXPECT_EQ(selection(), Selection::of({{1, 1}}));
     run(u"add-group"_s);
     EXPECT_EQ(layout().groups[0].by, u"Price"_s) << "by the selected field";
     ASSERT_TRUE(item(tree, u"Header of Price"_s));
@@ -518,7 +400,7 @@ TEST_F(Designer, APreviewShowsRowsAndItsRemarksLeadToTheObject)
     remarks->setCurrentRow(0);
     QTest::keyClick(remarks, Qt::Key_Return);
     EXPECT_FALSE(m_designer.isPreviewShown());
-    EXPECT_EQ(m_document.selection(), Selection::of({{1, 1}}));
+    EXPECT_EQ(selection(), Selection::of({{1, 1}}));
     // Whoever gives up at the question for parameters stays in the design.
     m_designer.setRowsProvider([](const Layout &) -> std::optional<PreviewRows> { return {}; });
     m_designer.showPreview();

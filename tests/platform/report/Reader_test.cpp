@@ -98,27 +98,13 @@ TEST_F(Reader, ReadsQueryAndFurtherRowsWithTheAnswersBound)
     EXPECT_TRUE(refusal(layout({})).contains(u"no query"));
 }
 
-/// Notes what it is given.
-class NotingRunner final : public QueryRunner
-{
-public:
-    [[nodiscard]] std::shared_ptr<const DataSource> run(const QString &statement,
-                                                        const QVariantList &parameters) override
-    {
-        noted.append({statement, parameters});
-        return std::make_shared<Rows>(QStringList{}, QList<QVariantList>{});
-    }
-    QList<std::pair<QString, QVariantList>> noted;
-};
-
 TEST_F(Reader, WhatMayBeLeftEmptyIsNull)
 {
-    NotingRunner runner;
     const Layout parts = layout(R"(<parameter name="Bin" optional="yes"/><parameter name="n"/>
-        <query>Select a from t where b = ?Bin or c = ?N or d = ?bin</query>)");
-    (void)readRows(parts, {{u"n"_s, 5}}, runner);
-    EXPECT_EQ(runner.noted, (QList{std::pair(u"Select a from t where b = ? or c = ? or d = ?"_s,
-                                             QVariantList{QVariant(), 5, QVariant()})}));
+        <query>Select PartID from tblPart where Bin = ?Bin or Price = ?N or PartID = ?bin</query>)");
+    const ReportRows read = readRows(parts, {{u"n"_s, 7.25}}, m_runner);
+    ASSERT_EQ(read.rows->rowCount(), 1);
+    EXPECT_EQ(read.rows->value(0, 0), u"Oil"_s);
 }
 
 TEST_F(Reader, RefusesWhatDoesNotOnlyRead)

@@ -3,6 +3,7 @@
 #include "platform/report/layout/LayoutFile.h"
 #include "platform/report/paginate/DataSource.h"
 #include "platform/report/paginate/Paginator.h"
+#include "platform/report/paginate/Tabulator.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -75,6 +76,28 @@ inline std::string pageWords(const Layout &layout, const DataSource &rows,
         pages.append(wordsOf(page));
     EXPECT_EQ(told, QStringList());
     return pages.join(u" / ").toStdString();
+}
+
+/// What charts show, as they stand in tables: cells parted by blanks, lines by "|", charts by "/".
+inline std::string chartTables(const Layout &layout, const DataSource &rows,
+                               const Inputs &inputs = {})
+{
+    QStringList charts;
+    const Outcome outcome = tabulate(layout, rows, inputs, [&](const TableBand &band) {
+        for (const TableGrid &grid : band.grids) {
+            QString chart = grid.title;
+            for (const QVariantList &row : grid.rows) {
+                QStringList cells;
+                for (const QVariant &cell : row)
+                    cells.append(cell.isNull() ? QStringLiteral("-") : cell.toString());
+                chart += u'|' + cells.join(u' ');
+            }
+            charts.append(chart);
+        }
+        return true;
+    });
+    EXPECT_EQ(outcome.problems, QStringList());
+    return charts.join(u" / ").toStdString();
 }
 
 /// What is told while a report is laid out, which has a page nevertheless.

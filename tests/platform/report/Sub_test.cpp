@@ -1,8 +1,5 @@
-#include "platform/base/Environment.h"
-#include "platform/report/paginate/Paginator.h"
-#include "platform/report/paginate/Tabulator.h"
-
 #include "ReportRows.h"
+#include "platform/base/Environment.h"
 
 #include <gmock/gmock.h>
 
@@ -82,15 +79,7 @@ TEST(SubBands, AChartOfThemHasTheirRows)
     const Layout layout = machines(
         R"x(<band kind="subFooter" rows="services" height="40mm">
               <chart category="Name" title="{count(*)}"><series name="Cost" value="Cost"/></chart></band>)x");
-    QStringList tables;
-    const Outcome outcome = tabulate(layout, machineRows, sets(), [&](const TableBand &band) {
-        for (const TableGrid &grid : band.grids)
-            for (const QVariantList &row : grid.rows)
-                tables.append(row[0].toString() + row[1].toString());
-        return true;
-    });
-    EXPECT_EQ(tables.join(u' ').toStdString(), "Cost Oil3 Belt4 Cost Oil8");
-    EXPECT_TRUE(outcome.problems.isEmpty());
+    EXPECT_EQ(chartTables(layout, machineRows, sets()), "3| Cost|Oil 3|Belt 4 / 1| Cost|Oil 8");
 }
 
 TEST(SubBands, WhatIsMissingIsTold)
