@@ -1,8 +1,11 @@
 #include "core/ErrorReport.h"
 
 #include "core/CompanySession.h"
+#include "core/ErrorStore.h"
+#include "core/MailAccount.h"
+#include "core/Secrets.h"
 #include "core/StartUp.h"
-#include "core/Tables.h"
+#include "platform/odbc/Odbc.h"
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +30,8 @@ struct ErrorReports : test::CompanySession
     ~ErrorReports() override { gWindowsVersion = {}; }
 
     ErrorReport report;
+    QString connection =
+        u"Driver=SQLite3;Database=%1/errors.db;Pwd=hushhush"_s.arg(environment.folder());
 };
 
 } // namespace
@@ -90,4 +95,77 @@ TEST_F(ErrorReports, TheHtmlOfAnErrorAndOfAnUpdateTellsVersionsAndSystem)
               u"[Product Information]||App Version:- 2.3.1||DBVERSION:- 100||CLIENTVESION:- 2.2"
               "||User Email:- o'brien@example.com||User Name:- TESTBENCH"_s +
                   windows);
+}
+
+TEST_F(ErrorReports, TheMakersStoreTakesOneRowForEach)
+{
+    EXPECT_TRUE(test::raisedBy([&] { errorstore::store(connection, {}); })
+                    .description()
+                    .contains(u"tblError"_s));
+    // The script that the makers run, as it stands in the documentation.
+    const QString page =
+        QString::fromUtf8(test::readFile(QStringLiteral(QUORVANTIS_DOCS "/error-store.md")));
+    QString script = page.section(u"```sql"_s, 1, 1).section(u"```"_s, 0, 0).trimmed();
+    script.chop(1);
+    odbc::Connection store(connection);
+    store.execute(script);
+    report.UserMsg = QString(5000, u'x');
+    const auto details = ErrorReportDetails::of(report);
+    errorstore::store(connection, details);
+    EXPECT_EQ(errorstore::reportsIn(connection), 1);
+    const QString row = store.firstValue(
+        u"select ErrNumber || '|' || ErrDescription || '|' || LineNumber || '|' || "
+        u"length(UserMsg) || '|' || ModuleName || '|' || ProcedureName || '|' || UserEmail || '|' "
+        u"|| Username || '|' || APPversion || '|' || DBversion || '|' || WindowVersion || '|' || "
+        u"WinVersionNo || '|' || ServicePack || '|' || Reply || '|' || ErrdateTime from "
+        u"tblError"_s);
+    EXPECT_TRUE(row.startsWith(
+        u"-2147217900|It's <wrong> & 50% off\nsecond line|0|4000|General Function|GetTableInfo|"
+        "o'brien@example.com|TESTBENCH|2.3.1|100|Windows XP|5.1|Service Pack 3|0|2024-03-15 "
+        "09:30:00"_s))
+        << row.toStdString();
+    EXPECT_THROW(
+        errorstore::store(connection, details, {.tell = {}, .cancelled = [] { return true; }}),
+        base::Cancelled);
+    EXPECT_EQ(errorstore::reportsIn(connection), 1);
+}
+
+TEST_F(ErrorReports, TheStoresConnectionIsASecretAndItsPasswordOneMore)
+{
+    EXPECT_EQ(errorstore::connectionString(), QString());
+    secrets::store(errorstore::ConnectionOption, connection);
+    EXPECT_EQ(errorstore::connectionString(), connection);
+    EXPECT_EQ(secrets::withheld(u"no hushhush here"_s), u"no *** here"_s);
+    test::writeFile(base::appDataPath(u"\\secrets.key"_s), QByteArray(32, 'k'));
+    EXPECT_TRUE(test::raisedBy([] { static_cast<void>(errorstore::connectionString()); })
+                    .description()
+                    .contains(u"not known on this computer"_s));
+}
+
+TEST_F(ErrorReports, TheMailAccountIsSharedButForItsPassword)
+{
+    EXPECT_FALSE(mailing::isSetUp());
+    SetOption(mailing::ServerOption, u" mail.example.com "_s, false);
+    SetRegistryValue(u"MAILAUTHORITIES"_s, u"/etc/own.pem"_s);
+    EXPECT_TRUE(mailing::isSetUp());
+    using enum mail::Security;
+    const mail::Account first = mailing::account();
+    EXPECT_EQ(first.server + u' ' + first.authorities, u"mail.example.com /etc/own.pem"_s);
+    EXPECT_EQ(first.security, StartTls);
+    for (const auto &[security, port] :
+         {std::pair(StartTls, 587), std::pair(Tls, 465), std::pair(None, 25)}) {
+        SetOption(mailing::SecurityOption, mailing::codeOf(security), false);
+        EXPECT_EQ(mailing::account().port, port);
+    }
+    SetOption(mailing::PortOption, u"2525"_s, false);
+    SetOption(mailing::UserOption, u"office"_s, false);
+    SetOption(mailing::SenderOption, u"office@example.com"_s, false);
+    EXPECT_TRUE(test::raisedBy([] { static_cast<void>(mailing::account()); })
+                    .description()
+                    .contains(u"not known on this computer"_s));
+    secrets::store(mailing::PasswordOption, u"hushhush"_s);
+    const mail::Account account = mailing::account();
+    EXPECT_EQ(account.port, 2525);
+    EXPECT_EQ(account.user + u' ' + account.password + u' ' + account.sender,
+              u"office hushhush office@example.com"_s);
 }

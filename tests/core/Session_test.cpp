@@ -1,4 +1,5 @@
 #include "core/CompanySession.h"
+#include "core/Told.h"
 
 using namespace Qt::StringLiterals;
 
@@ -82,4 +83,26 @@ TEST_F(Session, TheRegistryNamesTheHostAndItsPath)
     SetRegistryValue(u"HOSTUSER"_s, u"office"_s);
     SetRegistryValue(u"HOSTPASSWORD"_s, u"a=b"_s);
     EXPECT_EQ(named(), u"shop|D:\\Data\\Quorvantis.mdb|office|a=b"_s);
+}
+
+TEST(Told, OpensABoxUnlessSomebodyListens)
+{
+    test::ScriptedPrompts prompts;
+    prompts.say(u"before"_s);
+    told::message(u"before"_s);
+    {
+        told::Listener listener;
+        told::message(u"one"_s);
+        {
+            const told::Listener inner;
+            told::critical(u"two"_s);
+            EXPECT_EQ(inner.sentences(), QStringList{u"two"_s});
+        }
+        told::information(u"three"_s);
+        EXPECT_EQ(listener.sentences(), QStringList({u"one"_s, u"three"_s}));
+    }
+    prompts.inform(u"after"_s);
+    told::information(u"after"_s);
+    prompts.warn(u"bad"_s);
+    told::critical(u"bad"_s);
 }

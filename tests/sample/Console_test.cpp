@@ -18,19 +18,34 @@ using namespace Qt::StringLiterals;
 
 struct Outcome
 {
-    int code;
-    QString out;
-    QString err;
+    int code = 0;
+    QString out{};
+    QString err{};
 };
 
 Outcome runConsole(const QStringList &arguments, QString input = {})
 {
-    Outcome outcome{};
+    Outcome outcome;
     QTextStream in(&input);
     QTextStream out(&outcome.out);
     QTextStream err(&outcome.err);
     outcome.code = console::run(QStringList{u"quorvantis-console"_s} + arguments, {in, out, err});
     return outcome;
+}
+
+/// What a command that has to succeed prints.
+QString printedBy(const QStringList &arguments, const QString &input = {})
+{
+    const Outcome outcome = runConsole(arguments, input);
+    EXPECT_EQ(outcome.code, console::Success) << outcome.err.toStdString();
+    return outcome.out;
+}
+
+QString complaintOf(const QStringList &arguments)
+{
+    const Outcome outcome = runConsole(arguments);
+    EXPECT_EQ(outcome.code, console::Failed) << outcome.out.toStdString();
+    return outcome.err;
 }
 
 std::vector<console::Request> requests(QString text)
@@ -85,9 +100,7 @@ TEST(Console, WrongCommandLinesAreExplained)
         EXPECT_FALSE(outcome.err.isEmpty());
         EXPECT_TRUE(outcome.out.isEmpty());
     }
-    const Outcome help = runConsole({u"--help"_s});
-    EXPECT_EQ(help.code, console::Success);
-    EXPECT_TRUE(help.out.contains(u"create-sample FILE"_s));
+    EXPECT_TRUE(printedBy({u"--help"_s}).contains(u"create-sample FILE"_s));
 }
 
 class ConsoleRun : public testing::Test
@@ -134,9 +147,7 @@ TEST_F(ConsoleRun, TellsFailuresAndGoesOn)
     EXPECT_TRUE(failures[0].startsWith(QString::number(db::ErrorNumber::TableUnknown) + u' '));
     EXPECT_TRUE(failures[1].startsWith(QString::number(db::ErrorNumber::ValueMissing) + u' '));
     EXPECT_TRUE(failures[2].contains(u"Line 3"_s));
-    const Outcome missing = runConsole({u"run"_s, m_database.file() + u".not"_s}, u"Select 1"_s);
-    EXPECT_EQ(missing.code, console::Failed);
-    EXPECT_FALSE(missing.err.isEmpty());
+    EXPECT_FALSE(complaintOf({u"run"_s, m_database.file() + u".not"_s}).isEmpty());
 }
 
 TEST(Console, MakesChecksCopiesAndCompacts)
@@ -146,19 +157,15 @@ TEST(Console, MakesChecksCopiesAndCompacts)
     const QString file = folder.filePath(u"made.fdb"_s);
     const QString copy = folder.filePath(u"copy.fdb"_s);
 
-    ASSERT_EQ(runConsole({u"create-empty"_s, file}).code, console::Success);
+    printedBy({u"create-empty"_s, file});
     EXPECT_FALSE(QFile::exists(file + u".new"_s));
-    const Outcome again = runConsole({u"create-empty"_s, file});
-    EXPECT_EQ(again.code, console::Failed);
-    EXPECT_TRUE(again.err.contains(u"exists already"_s));
-
-    EXPECT_EQ(runConsole({u"check"_s, file}).code, console::Success);
-    EXPECT_EQ(runConsole({u"backup"_s, file, copy}).code, console::Success);
-    EXPECT_EQ(runConsole({u"compact"_s, file}).code, console::Success);
-    for (const QString &database : {file, copy}) {
-        const Outcome outcome = runConsole({u"run"_s, database}, u"Select UserName from tblUser"_s);
-        EXPECT_EQ(outcome.out, u"UserName\nAdmin\n"_s) << outcome.err.toStdString();
-    }
+    EXPECT_TRUE(complaintOf({u"create-empty"_s, file}).contains(u"exists already"_s));
+    printedBy({u"check"_s, file});
+    printedBy({u"backup"_s, file, copy});
+    printedBy({u"compact"_s, file});
+    for (const QString &database : {file, copy})
+        EXPECT_EQ(printedBy({u"run"_s, database}, u"Select UserName from tblUser"_s),
+                  u"UserName\nAdmin\n"_s);
     EXPECT_EQ(folder.entryList({u"made.fdb*"_s}, QDir::Files), QStringList{u"made.fdb"_s});
 }
 
@@ -184,17 +191,14 @@ TEST(Console, ShipsOnlyAScriptThatLeadsToTheNewSchema)
                shipped + "insert into tblSysOption (SysOption) values ('X');",
                u"has option X"_s}}) {
         test::writeFile(text, content);
-        const Outcome outcome = runConsole({u"make-script"_s, text, script});
-        EXPECT_EQ(outcome.code, console::Failed) << what;
-        EXPECT_TRUE(outcome.err.contains(complaint)) << what << outcome.err.toStdString();
+        EXPECT_TRUE(complaintOf({u"make-script"_s, text, script}).contains(complaint)) << what;
         EXPECT_FALSE(QFile::exists(script)) << what;
     }
     test::writeFile(text, shipped);
-    EXPECT_EQ(runConsole({u"check-changes"_s, text}).code, console::Success);
-    EXPECT_EQ(runConsole({u"make-script"_s, text, script}).code, console::Success);
-    EXPECT_EQ(
-        runConsole({u"run"_s, script}, u"Select Status from tblChanges where squence = 1"_s).out,
-        u"Status\n0\n"_s);
+    printedBy({u"check-changes"_s, text});
+    printedBy({u"make-script"_s, text, script});
+    EXPECT_EQ(printedBy({u"run"_s, script}, u"Select Status from tblChanges where squence = 1"_s),
+              u"Status\n0\n"_s);
 }
 
 TEST(Console, SetUpMakesTheFolderOnceAndLeavesItsDatabaseAlone)
@@ -202,7 +206,7 @@ TEST(Console, SetUpMakesTheFolderOnceAndLeavesItsDatabaseAlone)
     const test::TestEnvironment environment;
     const QString home = environment.folder() + u"/home"_s;
     const QString file = home + u"/Data/Quorvantis.mdb"_s;
-    ASSERT_EQ(runConsole({u"set-up"_s, home}).code, console::Success);
+    printedBy({u"set-up"_s, home});
     EXPECT_TRUE(QDir(home + u"/Data/Backup"_s).exists());
     EXPECT_FALSE(settings::registry().value(settings::ProductKey, u"Version"_s).isEmpty());
     // What the menus of the handheld start stands where the registry says.
@@ -213,16 +217,15 @@ TEST(Console, SetUpMakesTheFolderOnceAndLeavesItsDatabaseAlone)
         EXPECT_TRUE(QFileInfo(path + u"Xml_IN"_s).isDir());
         EXPECT_TRUE(QFileInfo::exists(path + u"carrier.ini"_s));
     }
-    ASSERT_EQ(runConsole({u"run"_s, file}, u"Delete * from tblUser"_s).code, console::Success);
-    ASSERT_EQ(runConsole({u"set-up"_s, home, u"--sample"_s}).code, console::Success);
-    EXPECT_EQ(runConsole({u"run"_s, file}, u"Select count(*) as N from tblUser"_s).out,
-              u"N\n0\n"_s);
+    printedBy({u"run"_s, file}, u"Delete * from tblUser"_s);
+    printedBy({u"set-up"_s, home, u"--sample"_s});
+    EXPECT_EQ(printedBy({u"run"_s, file}, u"Select count(*) as N from tblUser"_s), u"N\n0\n"_s);
     // A company of an earlier release gets the script beside it.
     const QString script = home + u"/Script/DBChanges.mdb"_s;
     EXPECT_FALSE(QFile::exists(script));
-    runConsole({u"run"_s, file},
-               u"Update tblSysOption set itemValue = '100' where SysOption = 'DBVERSION'"_s);
-    ASSERT_EQ(runConsole({u"set-up"_s, home}).code, console::Success);
+    printedBy({u"run"_s, file},
+              u"Update tblSysOption set itemValue = '100' where SysOption = 'DBVERSION'"_s);
+    printedBy({u"set-up"_s, home});
     EXPECT_TRUE(QFile::exists(script));
 }
 
@@ -259,17 +262,13 @@ TEST_F(ConsoleRun, CarriesACompanyIntoAnotherFile)
     const QString zip = m_environment.folder() + u"/all.zip"_s;
     const QString copy = m_environment.folder() + u"/copy.mdb"_s;
     (void)run(u"Insert into tblPart (PartID) values ('A-1')"_s);
-    ASSERT_EQ(runConsole({u"export-tables"_s, m_database.file(), zip}).code, console::Success);
+    printedBy({u"export-tables"_s, m_database.file(), zip});
     for (const bool isThere : {false, true}) {
-        if (isThere) {
-            ASSERT_EQ(runConsole({u"create-empty"_s, copy}).code, console::Success);
-        }
-        const Outcome outcome = runConsole({u"import-tables"_s, copy, zip});
-        EXPECT_EQ(outcome.code, console::Success) << outcome.err.toStdString();
-        EXPECT_EQ(runConsole({u"run"_s, copy}, u"Select PartID from tblPart"_s).out,
-                  u"PartID\nA-1\n"_s);
-        EXPECT_EQ(runConsole({u"import-tables"_s, copy, zip}).code, console::Failed)
-            << "it holds records";
+        if (isThere)
+            printedBy({u"create-empty"_s, copy});
+        printedBy({u"import-tables"_s, copy, zip});
+        EXPECT_EQ(printedBy({u"run"_s, copy}, u"Select PartID from tblPart"_s), u"PartID\nA-1\n"_s);
+        EXPECT_NE(complaintOf({u"import-tables"_s, copy, zip}), QString()) << "it holds records";
         QFile::remove(copy);
     }
 }
