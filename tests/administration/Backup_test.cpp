@@ -3,7 +3,6 @@
 #include "administration/AdministrationSession.h"
 #include "administration/SealedFile.h"
 #include "administration/SecondPlace.h"
-#include "core/Options.h"
 #include "support/Damage.h"
 
 #include <filesystem>

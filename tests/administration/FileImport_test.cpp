@@ -4,8 +4,6 @@
 #include "core/CompanySession.h"
 #include "core/InTheWay.h"
 #include "core/Permission.h"
-#include "support/Raised.h"
-#include "support/TestFiles.h"
 
 using namespace Qt::StringLiterals;
 using namespace administration;

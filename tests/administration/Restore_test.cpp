@@ -5,10 +5,8 @@
 #include "administration/CompactDatabase.h"
 #include "administration/SealedFile.h"
 #include "core/DailyCopies.h"
-#include "core/Options.h"
 #include "core/database/Changes.h"
 #include "support/Damage.h"
-#include "support/Raised.h"
 
 using namespace Qt::StringLiterals;
 using namespace administration;

@@ -4,8 +4,6 @@
 #include "support/TestEnvironment.h"
 #include "support/TestFiles.h"
 
-#include <QDir>
-
 using namespace Qt::StringLiterals;
 using namespace administration;
 using test::raisedBy;

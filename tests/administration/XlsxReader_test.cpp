@@ -1,10 +1,8 @@
 #include "administration/XlsxReader.h"
 
 #include "administration/Workbooks.h"
-#include "platform/base/Error.h"
 #include "support/Raised.h"
 
-#include <gtest/gtest.h>
 #include <xlsxwriter.h>
 
 using namespace Qt::StringLiterals;

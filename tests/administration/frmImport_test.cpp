@@ -2,7 +2,6 @@
 #include "administration/ui/Entries.h"
 #include "core/Permission.h"
 #include "platform/db/Structure.h"
-#include "platform/grid/GridView.h"
 
 #include <QLocale>
 #include <numeric>

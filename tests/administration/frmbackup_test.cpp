@@ -2,11 +2,9 @@
 #include "administration/SealedFile.h"
 #include "administration/SecondPlace.h"
 #include "administration/ui/Entries.h"
-#include "core/Options.h"
 #include "core/ui/Openings.h"
 #include "platform/db/Structure.h"
 
-#include <QCheckBox>
 #include <numeric>
 
 using namespace Qt::StringLiterals;

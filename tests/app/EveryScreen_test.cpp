@@ -1,10 +1,8 @@
 #include "app/WholeProgram.h"
-#include "platform/grid/GridView.h"
 #include "reporting/ui/frmFilterScreen.h"
 #include "shell/RightsTable.h"
 
 #include <QKeySequence>
-#include <QLabel>
 #include <QTabBar>
 
 using namespace Qt::StringLiterals;

@@ -1,6 +1,5 @@
 #include "app/Program.h"
 #include "core/Session.h"
-#include "platform/base/Environment.h"
 #include "support/CompanyDatabase.h"
 #include "support/TestEnvironment.h"
 

@@ -1,7 +1,6 @@
 #include "app/WholeProgram.h"
 #include "core/Permission.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;

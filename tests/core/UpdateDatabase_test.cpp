@@ -9,7 +9,6 @@
 #include <QCoreApplication>
 #include <QLockFile>
 #include <chrono>
-#include <map>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -324,25 +323,11 @@ struct Upgrade : Update
         const db::RowCounts tables = db::countRows(target(file));
         db::Connection connection(target(file));
         for (auto table = tables.begin(); table != tables.end(); ++table) {
-            for (const db::Row row : connection.Open(u"Select * from ["_s + table.key() + u']'))
-                lines << table.key() + u' ' + lineOf(connection, table.key(), row);
+            for (const QString &line :
+                 test::linesOf(connection.Open(u"Select * from ["_s + table.key() + u']')))
+                lines << table.key() + u' ' + line;
         }
-        lines.sort();
         return lines;
-    }
-    static QString lineOf(db::Connection &connection, const QString &table, const db::Row &row)
-    {
-        std::map<QString, QString> values;
-        for (const sql::Column &column : connection.schema().find(table)->columns) {
-            const QVariant value = row[column.name];
-            values[column.name] = value.typeId() == QMetaType::QByteArray
-                                      ? QString::fromLatin1(value.toByteArray().toHex())
-                                      : base::toText(value);
-        }
-        QString line;
-        for (const auto &[name, value] : values)
-            line += name + u'=' + value + u' ';
-        return line;
     }
     void putCompany()
     {

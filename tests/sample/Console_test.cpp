@@ -7,10 +7,7 @@
 #include "support/TestEnvironment.h"
 #include "support/TestFiles.h"
 
-#include <gtest/gtest.h>
-
 #include <QDir>
-#include <QFile>
 
 namespace {
 

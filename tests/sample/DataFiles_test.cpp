@@ -4,8 +4,6 @@
 #include "core/database/Script.h"
 #include "support/Raised.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using namespace Qt::StringLiterals;

@@ -35,13 +35,10 @@ QByteArray digest(const test::CompanyDatabase &database, db::Connection &connect
 {
     QCryptographicHash hash(QCryptographicHash::Sha256);
     const db::RowCounts tables = db::countRows(database.target());
-    for (auto table = tables.begin(); table != tables.end(); ++table) {
-        const db::Recordset rows = connection.Open(u"Select * from "_s + table.key());
-        for (int row = 0; row < rows.RecordCount(); ++row) {
-            for (int column = 0; column < rows.columnCount(); ++column)
-                hash.addData(rows.value(row, column).toString().toUtf8() + '|');
-        }
-    }
+    for (auto table = tables.begin(); table != tables.end(); ++table)
+        for (const QString &line :
+             test::linesOf(connection.Open(u"Select * from "_s + table.key())))
+            hash.addData(line.toUtf8());
     return hash.result();
 }
 
@@ -70,15 +67,10 @@ TEST_F(SampleCompany, ALargerFleetHasAsMuchDueWorkWhenItsOtherMachinesAreAhead)
     plan.dueMachines = 80;
     company::loadSampleCompany(*larger, test::SampleCompany::today(), plan, company::UsualSeed);
     const auto due = [](db::Connection &connection) {
-        QStringList lines;
-        const db::Recordset rows = connection.Open(
+        return test::linesOf(connection.Open(
             u"Select ServiceUsedID, EquipmentID, Name, NextScheduledDate, NextScheduledCount "
             "from tblServiceUsed where Inactive = 0 and NextScheduledDate <= #03-15-2024# "
-            "and NextScheduledDate >= #02-14-2024# order by ServiceUsedID"_s);
-        for (int row = 0; row < rows.RecordCount(); ++row)
-            for (int column = 0; column < rows.columnCount(); ++column)
-                lines << rows.value(row, column).toString();
-        return lines;
+            "and NextScheduledDate >= #02-14-2024#"_s));
     };
     EXPECT_EQ(due(*larger), due(*m_connection));
     const auto rows = [](db::Connection &connection, const QString &table) {
@@ -154,36 +146,27 @@ TEST_F(SampleCompany, SomethingIsAlwaysLateDueAndToCome)
 
 TEST_F(SampleCompany, CountServicesFollowTheReadings)
 {
-    const db::Recordset services = m_connection->Open(
-        u"Select ServiceUsedID, EquipmentID, Period, NextScheduledCount, NextScheduledDate, "
-        "LastDatePerformed from tblServiceUsed where Period in ('C','H','K','I')"_s);
-    ASSERT_GT(services.RecordCount(), 100);
-    const QHash<QString, QString> words = {{u"C"_s, u"Counts"_s},
-                                           {u"H"_s, u"Hours"_s},
-                                           {u"K"_s, u"Kilometers"_s},
-                                           {u"I"_s, u"Miles"_s}};
-    int reached = 0;
-    for (const db::Row service : services) {
-        const db::Recordset readings = m_connection->Open(
-            u"Select CountValue, ChangeDate from tblEquipmentCount where EquipmentID = ? and "
-            "CountType = ? order by ChangeDate"_s,
-            {service[u"EquipmentID"], words[service.text(u"Period")]});
-        ASSERT_FALSE(readings.isEmpty()) << service.integer(u"ServiceUsedID");
-        // The first reading that reached the target gives the date; without one there is none.
-        QDateTime expected;
-        qint64 former = 0;
-        for (const db::Row reading : readings) {
-            ASSERT_GE(reading.integer(u"CountValue"), former);
-            former = reading.integer(u"CountValue");
-            if (!expected.isValid() && former >= service.integer(u"NextScheduledCount"))
-                expected = reading.date(u"ChangeDate");
-        }
-        EXPECT_EQ(service.date(u"NextScheduledDate"), expected)
-            << service.integer(u"ServiceUsedID");
-        reached += expected.isValid();
+    // The first reading that reached the target gives the date; without one there is none.
+    for (const auto &[code, word] :
+         {std::pair(u"C"_s, u"Counts"_s), std::pair(u"H"_s, u"Hours"_s),
+          std::pair(u"K"_s, u"Kilometers"_s), std::pair(u"I"_s, u"Miles"_s)}) {
+        const QString services = u"tblServiceUsed s where s.Period = '%1' and "_s.arg(code);
+        const QString reached =
+            u"from tblEquipmentCount c where c.EquipmentID = s.EquipmentID and "
+            "c.CountType = '%1' and c.CountValue >= s.NextScheduledCount)"_s.arg(word);
+        EXPECT_EQ(
+            count(services + u"s.NextScheduledDate <> (Select min(c.ChangeDate) "_s + reached), 0);
+        EXPECT_EQ(
+            count(services + u"s.NextScheduledDate is null and exists (Select * "_s + reached), 0);
     }
-    EXPECT_GT(reached, 5);
-    EXPECT_LT(reached, services.RecordCount() / 3);
+    const QString all = u"tblServiceUsed where Period in ('C','H','K','I')"_s;
+    const qint64 due = count(all + u" and NextScheduledDate is not null"_s);
+    EXPECT_GT(due, 5);
+    EXPECT_LT(due, count(all) / 3);
+    EXPECT_EQ(count(u"tblEquipmentCount a inner join tblEquipmentCount b on a.EquipmentID = "
+                    "b.EquipmentID and a.CountType = b.CountType where a.ChangeDate < b.ChangeDate "
+                    "and a.CountValue > b.CountValue"_s),
+              0);
 }
 
 TEST_F(SampleCompany, HoldsNothingThatContradictsItself)

@@ -91,14 +91,6 @@ TEST_F(MainScreen, AnEntryIsEnabledWhenItsScreenJoinedAndItsRightIsGranted)
     trigger(u"mnuAddPart"_s);
     EXPECT_EQ(modes, (QList<Mode>{Mode::Browse, Mode::Add}));
 
-    // The menu is one road of several.
-    for (const auto &road :
-         {std::function<void()>([this] { window->openEntry(u"mnuEquipmentList"_s); }),
-          std::function<void()>([] { openings().open(u"frmEquipmentListReport"); })}) {
-        prompts.inform(test::NoReport);
-        road();
-    }
-    EXPECT_EQ(opened, 1);
     EXPECT_THROW(openings().join(u"mnuViewPart"_s, [] {}), base::Error) << "not a name to open by";
 }
 

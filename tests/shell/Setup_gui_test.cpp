@@ -1,16 +1,10 @@
 #include "administration/SecondPlace.h"
-#include "core/Options.h"
 #include "core/ui/FormLayout.h"
 #include "core/ui/ScreenDriver.h"
 #include "shell/Setup.h"
 #include "shell/ShellSession.h"
 #include "shell/ui/frmSetup.h"
-#include "support/ScriptedPrompts.h"
-#include "support/TestFiles.h"
 
-#include <QCheckBox>
-#include <QDir>
-#include <QLabel>
 #include <QTabWidget>
 
 using namespace Qt::StringLiterals;

@@ -63,16 +63,6 @@ TEST_F(Accounts, NameAndPasswordCountWithoutCaseAndAClearOneIsHashedOnceItMatche
     EXPECT_TRUE(isUserPassword(u"ADMIN"_s, shipped));
 }
 
-TEST_F(Accounts, TheThirdRefusalIsTheLast)
-{
-    using enum shell::LoginAttempts::Outcome;
-    shell::LoginAttempts attempts;
-    EXPECT_EQ(attempts.attempt(u"Bob"_s, u"1"_s), Refused);
-    EXPECT_THROW(attempts.attempt(u"Bob"_s, u"'"_s), db::DbError); // counts too
-    EXPECT_EQ(attempts.attempt(u"Bob"_s, u"3"_s), LastRefused);
-    EXPECT_TRUE(gsLoginUser.isEmpty());
-}
-
 TEST_F(Accounts, ASessionIsOfTheUserThatTheDatabaseFound)
 {
     const struct

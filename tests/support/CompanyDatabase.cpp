@@ -39,4 +39,25 @@ SampleCompany::SampleCompany()
     : CompanyDatabase(QStringLiteral(QUORVANTIS_SAMPLE_DATABASE))
 {}
 
+QStringList linesOf(const db::Recordset &rows)
+{
+    const auto textOf = [](const QVariant &value) {
+        return value.typeId() == QMetaType::QByteArray
+                   ? QString::fromLatin1(value.toByteArray().toHex())
+                   : value.toString();
+    };
+    QStringList lines;
+    for (int row = 0; row < rows.RecordCount(); ++row) {
+        QStringList values;
+        for (int column = 0; column < rows.columnCount(); ++column)
+            values << rows.columnName(column) + u'=' +
+                          (rows.isNull(row, column) ? QStringLiteral("Null")
+                                                    : textOf(rows.value(row, column)));
+        values.sort();
+        lines << values.join(u' ');
+    }
+    lines.sort();
+    return lines;
+}
+
 } // namespace test

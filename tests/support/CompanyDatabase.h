@@ -40,4 +40,8 @@ public:
     [[nodiscard]] static QDate today() { return {2024, 3, 15}; }
 };
 
+/// Rows as text, sorted, each with its values in the order of their columns' names; bytes as
+/// digits.
+[[nodiscard]] QStringList linesOf(const db::Recordset &rows);
+
 } // namespace test

@@ -4,12 +4,7 @@
 #include "core/ui/FormLayout.h"
 #include "core/ui/Modal.h"
 
-#include <QCheckBox>
-#include <QComboBox>
 #include <QGuiApplication>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
 

@@ -5,13 +5,10 @@
 #include "core/Secrets.h"
 #include "core/ui/MailSetUp.h"
 #include "core/ui/ScreenDriver.h"
-#include "core/ui/Working.h"
 #include "core/ui/frmQV_Log.h"
 #include "core/ui/frmSendEmail.h"
 #include "platform/odbc/Odbc.h"
 #include "support/Desktop.h"
-
-#include <QThread>
 
 using namespace Qt::StringLiterals;
 using test::ScreenDriver;
@@ -65,28 +62,6 @@ struct Sending : test::CompanySession
 };
 
 } // namespace
-
-TEST_F(Sending, WorkRunsOnItsOwnThreadAndItsErrorComesBack)
-{
-    QStringList told;
-    QThread *thread = QThread::currentThread();
-    working::run(
-        [&](const base::Steps &steps) {
-            thread = QThread::currentThread();
-            steps.say(u"one"_s);
-            steps.say(u"two"_s);
-            EXPECT_TRUE(steps.areCancelled());
-        },
-        [&](const QString &step) {
-            EXPECT_EQ(QThread::currentThread(), QCoreApplication::instance()->thread());
-            told << step;
-        },
-        [] { return true; });
-    EXPECT_NE(thread, QThread::currentThread());
-    EXPECT_EQ(told, (QStringList{u"one"_s, u"two"_s}));
-    EXPECT_THROW(working::run([](const base::Steps &) { throw base::Error(5, u"no"_s); }),
-                 base::Error);
-}
 
 TEST_F(Sending, AReportGoesToTheStoreAndByTheAccount)
 {
