@@ -54,7 +54,6 @@ struct OverDueWork : test::Workshop
         QTest::keyClick(&grid(name), Qt::Key_Return);
     }
 
-    test::ScriptedPrompts prompts;
     std::unique_ptr<frmOverDueWork> board;
 };
 
@@ -158,17 +157,14 @@ TEST_F(OverDueWork, TheUnitNumberEndsAtTheFirstHyphen)
     EXPECT_EQ(board::unitNumberOf(u"no hyphen"_s), u""_s);
 }
 
-TEST_F(OverDueWork, ReportsNeedTheirRightAndSomebodyWhoShowsThem)
+TEST_F(OverDueWork, ReportsNeedSomebodyWhoShowsThem)
 {
     int opened = 0;
+    gRights.InvReport = true;
     openings().join(u"ShowInventryDetails"_s, [&] { ++opened; });
     open();
     EXPECT_FALSE(grid("grdReport").isRowExpanded(0)) << "collapsed at first";
     follow("grdReport", u"ReportName"_s, u"Equipment List"_s); // nobody has joined it
-    prompts.inform(test::NoReport);
-    follow("grdReport", u"ReportName"_s, u"Inventory Report"_s);
-    EXPECT_EQ(opened, 0);
-    gRights.InvReport = true;
     follow("grdReport", u"ReportName"_s, u"Inventory Report"_s);
     EXPECT_EQ(opened, 1);
     const grid::GridModel &rows = grid("grdReport").rows();
@@ -191,7 +187,7 @@ TEST_F(OverDueWork, TheReportsAreHiddenAndShown)
     EXPECT_FALSE(grid("grdReport").isVisible());
 }
 
-TEST_F(OverDueWork, ShortcutsAskForTheirRight)
+TEST_F(OverDueWork, ShortcutsOpenTheReadingsAndTheChoiceOfAMachineForItsCrew)
 {
     ScreenCalls::QuickFind asked;
     screenCalls().ShowQuickFind = [&](const ScreenCalls::QuickFind &request) {
@@ -199,15 +195,11 @@ TEST_F(OverDueWork, ShortcutsAskForTheirRight)
         return QString();
     };
     int readings = 0;
+    gRights.EqCountSheet = true;
     openings().join(u"frmEquipmentReading"_s, [&] { ++readings; });
     open();
-    const test::ScreenDriver driver(*board);
-    prompts.inform(test::NoReport);
-    driver.press("cmdToolbar2");
-    driver.press("cmdToolbar5");
-    EXPECT_EQ(asked.table, u"tblEquipment"_s);
-    gRights.EqCountSheet = true;
-    EXPECT_EQ(readings, 0);
-    driver.press("cmdToolbar2");
+    test::ScreenDriver(*board).press("cmdToolbar2");
+    test::ScreenDriver(*board).press("cmdToolbar5");
     EXPECT_EQ(readings, 1);
+    EXPECT_EQ(asked.table, u"tblEquipment"_s);
 }
