@@ -168,15 +168,20 @@ db::Recordset due(int delayDays)
 
 void saveBatch(std::span<const Entry> entries)
 {
+    int refused = 0;
     TransactionScope transaction;
     const QDateTime today = base::wallClock(base::today());
     for (const Entry &entry : entries) {
         if (isInProcess(entry.EquipmentID, entry.CountType))
-            told::message(inProcessMessage());
+            ++refused;
         else
             add(entry.EquipmentID, today, entry.CountType, entry.Value);
     }
     transaction.commit();
+    // Behind the commit: a box stays open for as long as its user likes, and the services that
+    // were written would be locked for all other workstations meanwhile.
+    for (; refused > 0; --refused)
+        told::message(inProcessMessage());
 }
 
 QString inProcessMessage()

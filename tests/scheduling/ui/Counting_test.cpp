@@ -182,6 +182,7 @@ TEST_F(frmEquipmentReadingTest, AWholeBatchIsEnteredByTheKeyboard)
 
     // A service of machine 2 has come to an order since.
     insert(u"tblWoServiceUsed"_s, {{u"EquipmentID"_s, 2}, {u"Period"_s, u"H"_s}});
+    prompts.meanwhile([] { EXPECT_FALSE(gbInTransaction) << "no row waits for the box's user"; });
     prompts.say(InProcess);
     screen.saveByKey();
     EXPECT_EQ(count(u"tblEquipmentCount"_s), 4);
