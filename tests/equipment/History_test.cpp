@@ -18,31 +18,21 @@ struct History : test::Workshop
         addPartHistory(11, u"O-1"_s, 1.5, 4);
         addPartHistory(21, u"F-1"_s, 1, 99);
     }
-    static QVariant of(qint64 service, const QString &column)
-    {
-        return value(
-            u"Select %1 from tblWOServiceUsedHistory where ServiceUsedID = ?"_s.arg(column),
-            {service});
-    }
 };
 
 } // namespace
 
 TEST_F(History, PeriodsIncludeBothEndsAndMayBeOpen)
 {
-    struct Case
-    {
-        history::Period period;
-        int services;
-    };
     const QDate first(2024, 1, 10);
     const QDate last(2024, 2, 20);
-    for (const Case &each : {Case{{first, last}, 2}, Case{{first, first}, 1},
-                             Case{{first.addDays(1), last.addDays(-1)}, 0}, Case{{{}, first}, 1},
-                             Case{{last, {}}, 1}, Case{{}, 2}}) {
-        EXPECT_EQ(history::services(1, each.period).RecordCount(), each.services)
-            << each.period.from.toString().toStdString();
-    }
+    const std::pair<history::Period, int> rows[] = {
+        {{first, last}, 2}, {{first, first}, 1}, {{first.addDays(1), last.addDays(-1)}, 0},
+        {{{}, first}, 1},   {{last, {}}, 1},     {{}, 2},
+    };
+    for (const auto &[period, services] : rows)
+        EXPECT_EQ(history::services(1, period).RecordCount(), services)
+            << qPrintable(period.from.toString());
 }
 
 TEST_F(History, PartsCostQuantityTimesPrice)
@@ -59,12 +49,11 @@ TEST_F(History, AnotherCrewCostsTheBudgetedHours)
 {
     addCrew(5, 12, 21.5);
     EXPECT_EQ(history::changeCrew(11, 5, 2), 43);
-    EXPECT_EQ(of(11, u"CrewID"_s).toInt(), 5);
-    EXPECT_EQ(of(11, u"CrewNumber"_s).toInt(), 12);
-    EXPECT_EQ(of(11, u"CostEstimate"_s).toDouble(), 43);
-    // A crew without employees costs nothing.
+    const QString row = u"Select CrewID, CrewNumber, CostEstimate from tblWOServiceUsedHistory "
+                        "where ServiceUsedID = 11"_s;
+    EXPECT_EQ(found(row), u"5|12|43");
     EXPECT_EQ(history::changeCrew(11, 6, 2), 0);
-    EXPECT_TRUE(of(11, u"CrewNumber"_s).isNull());
+    EXPECT_EQ(found(row), u"6||0") << "a crew without employees costs nothing";
 }
 
 TEST_F(History, DeletesAServiceWithItsPartsOnly)
@@ -86,20 +75,16 @@ TEST_F(History, AFailedCorrectionIsReportedAndAnswersFalse)
 
 TEST(TimeOfHistory, ReadsWhatUsersType)
 {
-    struct Case
-    {
-        QString text;
-        std::optional<QTime> time;
-    };
+    using Case = std::pair<QString, std::optional<QTime>>;
     const QTime none;
-    for (const Case &each :
+    for (const auto &[text, time] :
          {Case{u"13:05"_s, QTime(13, 5)}, Case{u"1:5 pm"_s, QTime(13, 5)},
           Case{u"01:05P"_s, QTime(13, 5)}, Case{u"12:00 AM"_s, QTime(0, 0)},
           Case{u"12:30a"_s, QTime(0, 30)}, Case{u"12:30 PM"_s, QTime(12, 30)}, Case{u" "_s, none},
           Case{u"00:00"_s, none}, Case{u"0:00"_s, none}, Case{u"13:05 PM"_s, std::nullopt},
           Case{u"24:00"_s, std::nullopt}, Case{u"8:60"_s, std::nullopt},
           Case{u"noon"_s, std::nullopt}, Case{u"8"_s, std::nullopt}})
-        EXPECT_EQ(history::timeOf(each.text), each.time) << each.text.toStdString();
+        EXPECT_EQ(history::timeOf(text), time) << qPrintable(text);
 }
 
 TEST(TimeOfHistory, CorrectionsKeepStartBeforeEnd)

@@ -42,22 +42,16 @@ TEST_F(Pictures, RefusalsStoreNothing)
 {
     const QString good = file(u"a.bmp"_s, "P");
     ASSERT_TRUE(pictures::SaveImageInEquipment(1, good, u"Front"_s, startsWithP));
-    struct Case
-    {
-        QString file;
-        QString name;
-        QString refusal;
-        QString title;
-    };
-    for (const Case &each :
+    using Case = std::array<QString, 4>; // file, name, refusal, its title
+    for (const auto &[chosen, name, refusal, title] :
          {Case{environment.folder() + u"/gone.bmp"_s, u"Side"_s, u"Invalid path of picture."_s, {}},
           Case{environment.folder(), u"Side"_s, u"Invalid path of picture."_s, {}},
           Case{file(u"x.bmp"_s, "text"), u"Side"_s, u"Invalid Picture File!"_s, u"Oops!"_s},
           Case{file(u"empty.bmp"_s, ""), u"Side"_s, u"Invalid Picture File!"_s, u"Oops!"_s},
           Case{good, u"FRONT"_s, u"File Name already exists. Please Enter Different Name"_s, {}}}) {
-        prompts.say(each.refusal);
-        EXPECT_FALSE(pictures::SaveImageInEquipment(1, each.file, each.name, startsWithP));
-        EXPECT_EQ(prompts.shown().back().title, each.title);
+        prompts.say(refusal);
+        EXPECT_FALSE(pictures::SaveImageInEquipment(1, chosen, name, startsWithP));
+        EXPECT_EQ(prompts.shown().back().title, title);
     }
     EXPECT_EQ(count(u"tblEquipmentImage"_s), 1);
 }

@@ -52,9 +52,9 @@ TEST_F(Parts, ComeBackAsTheyWereSaved)
     expected.OldPartID = u"P-10"_s;
     EXPECT_EQ(only(), expected);
     EXPECT_TRUE(manager.DeleteRecord(u"P-O'9"_s));
-    EXPECT_EQ(GetRecordCount(u"tblPart"_s, {}), 1);
+    EXPECT_EQ(count(u"tblPart"_s), 1);
     EXPECT_TRUE(manager.DeleteRecord(u"P-10"_s));
-    EXPECT_EQ(GetRecordCount(u"tblPart"_s, {}), 0);
+    EXPECT_EQ(count(u"tblPart"_s), 0);
 }
 
 /// Whatever screen asks for it.
@@ -120,8 +120,7 @@ TEST_F(Parts, WhatOpenOrdersReserveIsSummed)
     const clsPartManager manager;
     EXPECT_EQ(manager.PartCommited(u"P1"_s), 0);
     for (const double quantity : {1.5, 2.0})
-        gcnData->Execute(u"Insert into tblWoPartUsed(PartID,QuantityRequired) values('P1',?)"_s,
-                         {quantity});
-    gcnData->Execute(u"Insert into tblWoPartUsed(PartID,QuantityRequired) values('P2',50)"_s);
+        insert(u"tblWoPartUsed"_s, u"PartID, QuantityRequired"_s, {u"P1"_s, quantity});
+    insert(u"tblWoPartUsed"_s, u"PartID, QuantityRequired"_s, {u"P2"_s, 50});
     EXPECT_EQ(manager.PartCommited(u"P1"_s), 3.5);
 }
