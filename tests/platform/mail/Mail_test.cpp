@@ -128,10 +128,9 @@ TEST(Mail, WhatTheServerDoesWrongIsToldAndNothingIsTaken)
     struct Case
     {
         const char *told;
-        std::function<void(SmtpServer::Behaviour &)> server;
-        std::function<void(mail::Account &, mail::Message &)> sender;
+        std::function<void(mail::Account &, mail::Message &)> sender = [](auto &, auto &) {};
+        std::function<void(SmtpServer::Behaviour &)> server = [](auto &) {};
     };
-    const auto same = [](mail::Account &, mail::Message &) {};
     const auto plain = [](Fault fault) {
         return [fault](SmtpServer::Behaviour &server) {
             server = {};
@@ -141,40 +140,40 @@ TEST(Mail, WhatTheServerDoesWrongIsToldAndNothingIsTaken)
     const QString longFile = environment.folder() + u"/long.pdf"_s;
     test::writeFile(longFile, {});
     QFile::resize(longFile, 30 << 20);
+    const auto unchanged = Case().sender;
     const Case cases[] = {
-        {"refused the message: 550 5.1.1 No such user here", [](auto &) {},
+        {"refused the message: 550 5.1.1 No such user here",
          [](auto &, auto &message) { message.recipients.append(u"gone@example.com"_s); }},
-        {"did not accept user name and password: 535 5.7.8 wrong password", [](auto &) {},
+        {"did not accept user name and password: 535 5.7.8 wrong password",
          [](auto &account, auto &) { account.password = u"wrong"_s; }},
-        {"refused the message: 530 log in first", [](auto &) {},
+        {"refused the message: 530 log in first",
          [](auto &account, auto &) { account.user.clear(); }},
-        {"did not answer within 1 seconds", plain(Fault::HangsAtOnce), same},
-        {"did not answer within 1 seconds", plain(Fault::HangsAtMessage), same},
-        {"did not answer within 1 seconds", plain(Fault::IgnoresMessage),
-         [&](auto &, auto &message) { message.attachment = longFile; }},
-        {"broke off", plain(Fault::DropsAtMessage), same},
+        {"did not answer within 1 seconds", unchanged, plain(Fault::HangsAtOnce)},
+        {"did not answer within 1 seconds", unchanged, plain(Fault::HangsAtMessage)},
+        {"did not answer within 1 seconds",
+         [&](auto &, auto &message) { message.attachment = longFile; },
+         plain(Fault::IgnoresMessage)},
+        {"broke off", unchanged, plain(Fault::DropsAtMessage)},
+        {"certificate of the mail server is not valid for \"localhost\"", unchanged,
+         [](auto &server) { server.certificate = certificateOf(u"elsewhere.example"_s); }},
         {"certificate of the mail server is not valid for \"localhost\"",
-         [](auto &server) { server.certificate = certificateOf(u"elsewhere.example"_s); }, same},
-        {"certificate of the mail server is not valid for \"localhost\"", [](auto &) {},
          [](auto &account, auto &) { account.authorities.clear(); }},
-        {"does not offer the kind of encryption",
-         [](auto &server) { server.fault = Fault::OffersNothing; }, same},
-        {"only sent over an encrypted connection",
-         [](auto &server) { server.encryption = Encryption::None; }, same},
-        {"does not answer at port 1.", [](auto &) {},
-         [](auto &account, auto &) { account.port = 1; }},
-        {"port of a mail server is a number", [](auto &) {},
-         [](auto &account, auto &) { account.port = 65536; }},
-        {"is not the name of a mail server", [](auto &) {},
+        {"does not offer the kind of encryption", unchanged,
+         [](auto &server) { server.fault = Fault::OffersNothing; }},
+        {"only sent over an encrypted connection", unchanged,
+         [](auto &server) { server.encryption = Encryption::None; }},
+        {"does not answer at port 1.", [](auto &account, auto &) { account.port = 1; }},
+        {"port of a mail server is a number", [](auto &account, auto &) { account.port = 65536; }},
+        {"is not the name of a mail server",
          [](auto &account, auto &) { account.server = u"local host/x"_s; }},
-        {"is not a mail address", [](auto &) {},
+        {"is not a mail address",
          [](auto &, auto &message) {
              message.recipients = {u"one@example.com\r\nBcc: x@example.com"_s};
          }},
-        {"A line break stands in", [](auto &) {},
+        {"A line break stands in",
          [](auto &, auto &message) { message.subject = u"Hello\nBcc: x@example.com"_s; }},
-        {"no recipient", [](auto &) {}, [](auto &, auto &message) { message.recipients.clear(); }},
-        {"The file can't be read", [](auto &) {},
+        {"no recipient", [](auto &, auto &message) { message.recipients.clear(); }},
+        {"The file can't be read",
          [](auto &, auto &message) { message.attachment = u"/no/such.mdb"_s; }},
     };
     for (const Case &row : cases) {

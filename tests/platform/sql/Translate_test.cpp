@@ -254,20 +254,16 @@ TEST(Slots, TellWhereTheValuesComeFromAndWhatTheyAreFor)
 {
     const sql::Plan plan = planOf(
         u"update Machine set Name = 5, Sold = '1', Cost = -2, Bought = ? where Id = '3' and Added < Now()"_s);
-    ASSERT_EQ(plan.slots.size(), 6U);
-    const auto expect = [&](std::size_t at, Source source, int index, ColumnKind kind,
-                            bool negate) {
-        EXPECT_EQ(plan.slots[at].source, source) << at;
-        EXPECT_EQ(plan.slots[at].index, index) << at;
-        EXPECT_EQ(plan.slots[at].kind, kind) << at;
-        EXPECT_EQ(plan.slots[at].negate, negate) << at;
-    };
-    expect(0, Source::Literal, 0, ColumnKind::Text, false);
-    expect(1, Source::Literal, 1, ColumnKind::YesNo, false);
-    expect(2, Source::Literal, 2, ColumnKind::Money, true);
-    expect(3, Source::Caller, 0, ColumnKind::Date, false);
-    expect(4, Source::Literal, 3, ColumnKind::Real, false);
-    expect(5, Source::Now, 0, ColumnKind::Date, false);
+    using Told = std::tuple<Source, int, ColumnKind, bool>;
+    std::vector<Told> found;
+    for (const sql::Slot &slot : plan.slots)
+        found.emplace_back(slot.source, slot.index, slot.kind, slot.negate);
+    EXPECT_EQ(found, (std::vector<Told>{{Source::Literal, 0, ColumnKind::Text, false},
+                                        {Source::Literal, 1, ColumnKind::YesNo, false},
+                                        {Source::Literal, 2, ColumnKind::Money, true},
+                                        {Source::Caller, 0, ColumnKind::Date, false},
+                                        {Source::Literal, 3, ColumnKind::Real, false},
+                                        {Source::Now, 0, ColumnKind::Date, false}}));
     EXPECT_TRUE(plan.fixedLiterals.empty());
     EXPECT_EQ(plan.kind, sql::StatementKind::Update);
 }
