@@ -51,6 +51,7 @@ Frame frameOf(Operator operation, ColumnKind left, ColumnKind right, ColumnKind 
     case Operator::Subtract:
         return {u"", u" - ", u""};
     case Operator::Multiply:
+        // See arithmeticType: the product of two amounts is a binary number.
         if (left == ColumnKind::Money && right == ColumnKind::Money)
             return {u"CAST(", u" AS DOUBLE PRECISION) * ", u""};
         return {u"", u" * ", u""};
@@ -59,6 +60,7 @@ Frame frameOf(Operator operation, ColumnKind left, ColumnKind right, ColumnKind 
         if (left == ColumnKind::Real)
             return {u"", u" / ", u""};
         return {u"CAST(", u" AS DOUBLE PRECISION) / ", u""};
+    // Both work on whole numbers, to which their operands are rounded.
     case Operator::IntegerDivide:
         return {u"(CAST(", u" AS BIGINT) / CAST(", u" AS BIGINT))"};
     case Operator::Modulo:
@@ -103,6 +105,7 @@ void Writer::writeCondition(const Expression &condition)
         writeLike(condition);
         return;
     case Kind::IsNull:
+        // The engine reads "a = b is null" as a comparison with "b is null".
         if (condition.operands.front()->isCondition())
             m_text += u'(';
         writeValue(*condition.operands.front(), {});
@@ -134,6 +137,7 @@ void Writer::writeConditionOperand(const Expression &condition, Kind around)
     // A list that is split is a chain by itself.
     const bool looser = condition.kind == Kind::Or || condition.kind == Kind::And ||
                         (condition.kind == Kind::In && condition.operands.size() - 1 > longestList);
+    // Parentheses only where they are needed, so that long filters stay readable.
     const bool bare = around == Kind::And  ? condition.kind != Kind::Or && !looser
                       : around == Kind::Or ? condition.kind == Kind::And || !looser
                                            : condition.kind == Kind::Exists;
@@ -272,6 +276,7 @@ void Writer::writeArithmetic(const Expression &chain)
 void Writer::writeChainOperand(const Expression &operand, ColumnKind other, Operator operation)
 {
     if (operation == Operator::Concatenate) {
+        // A literal is never Null.
         if (operand.kind == Kind::Literal) {
             writeValue(operand, {ColumnKind::Text, Place::Operand, 0});
             return;
@@ -284,6 +289,8 @@ void Writer::writeChainOperand(const Expression &operand, ColumnKind other, Oper
     }
     Wanted wanted{ColumnKind::Real, Place::Operand, 0};
     const bool adds = operation == Operator::Add || operation == Operator::Subtract;
+    // Text on both sides, or on one with nothing known of the other, is joined; all else is
+    // calculated, a date as days.
     if (operation == Operator::Add && other != ColumnKind::Date && !isNumber(other) &&
         (other == ColumnKind::Text || operand.type == ColumnKind::Text) &&
         !isNumber(operand.type) && operand.type != ColumnKind::Date) {
@@ -304,9 +311,11 @@ Writer::Wanted Writer::comparedWith(const Expression &other, const Expression &o
         // Two values: numbers decide, then dates.
         if (isNumber(own.type) || own.type == ColumnKind::Date)
             wanted.kind = own.type;
+        // A constant beside a number is the number -1 or 0, and not any number that counts as yes.
         if (wanted.kind == ColumnKind::YesNo)
             wanted.kind = ColumnKind::Integer;
     }
+    // A text is then cut behind the column's length (see Slot::length).
     if (other.kind == Kind::Name && other.type == ColumnKind::Text)
         wanted.length = other.source->columnLength(other.column);
     return wanted;
@@ -329,7 +338,8 @@ void Writer::writeComparison(const Expression &left, QStringView symbol, const E
         const bool mixed = left.type != right.type && left.type != ColumnKind::Unknown &&
                            right.type != ColumnKind::Unknown;
         if (date && mixed)
-            static_cast<void>(arithmeticType(Operator::Multiply, left.type, right.type));
+            throw base::Error(ErrorNumber::TypeMismatch,
+                              u"Data type mismatch: a date can be compared with a date only."_s);
         const bool text = left.type == ColumnKind::Text || right.type == ColumnKind::Text;
         forLeft = forRight = {text ? ColumnKind::Text : ColumnKind::Unknown, Place::Operand, 0};
     }
@@ -366,6 +376,7 @@ void Writer::writeIn(const Expression &in)
     for (std::size_t begin = 0; begin < count; begin += longestList) {
         if (begin > 0)
             m_text += in.negated ? u" AND "_s : u" OR "_s;
+        // The first of the list stands for all: filters hold values of one kind.
         writeValue(value, comparedWith(*in.operands[1], value));
         m_text += in.negated ? u" NOT IN ("_s : u" IN ("_s;
         const std::size_t end = std::min(count, begin + longestList);
@@ -407,6 +418,8 @@ void Writer::writeLike(const Expression &like)
                   u" ESCAPE '\\'"_s;
         return;
     }
+    // A pattern of the statement is looked at here, one of the caller's when it is bound
+    // (Connection), since the plan has to serve all of his.
     const bool special = pattern.kind == Kind::Literal &&
                          (pattern.token.text.contains(u'#') || pattern.token.text.contains(u'['));
     std::optional<QVariant> known;
@@ -451,8 +464,10 @@ void Writer::writeSimilar(const Expression &like, const QString &pattern)
                 raise(u"the pattern has a \"[\" without a \"]\"."_s, like);
             QString list = pattern.sliced(i + 1, close - i - 1);
             i = close;
+            // "[]" stands for nothing.
             if (list.isEmpty())
                 continue;
+            // A list of "!" alone means that character.
             const bool excludes = list.startsWith(u'!') && list.size() > 1;
             if (excludes)
                 list = list.sliced(1);

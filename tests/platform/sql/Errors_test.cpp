@@ -112,7 +112,8 @@ TEST(Errors, KindsThatDoNotGoTogether)
                    {"select 'abc' + Hours from Machine", "abc"},
                    {"select * from Machine where Hours - 'abc' > 5", "abc"},
                    {"select Bought * 2 from Machine", "date"},
-                   {"select * from Machine where Bought = Name", "date"}},
+                   {"select * from Machine where Bought = Name", "compared"},
+                   {"select * from Machine where Bought = Hours", "compared"}},
                   Number::TypeMismatch);
     // A literal of the wrong kind is one when it stands in the text.
     sql::TranslateOptions inlined;
