@@ -53,6 +53,8 @@ bool isDate(const QVariant &value)
     return value.typeId() == QMetaType::QDateTime || value.typeId() == QMetaType::QDate;
 }
 
+/// A date as a reading of the wall clock, whatever zone the value claims: what an office has typed
+/// is what it sees again.
 QDateTime dateOf(const QVariant &value)
 {
     if (value.typeId() == QMetaType::QDate)
@@ -72,6 +74,7 @@ QDateTime dateOfSerial(const QVariant &value, double serial)
     // The years 100 to 9999, as far as dates are written with four digits and read again.
     if (!(serial >= -657'434 && serial < 2'958'466))
         raiseMismatch(value, u"a date"_s);
+    // Before the zero date the whole part counts backwards, the time of the day still forwards.
     const double days = std::floor(serial);
     const auto seconds = static_cast<qint64>(std::llround((serial - days) * 86'400));
     return base::wallClock(zeroDate.addDays(static_cast<qint64>(days))).addSecs(seconds);
@@ -101,6 +104,7 @@ QVariant integerOf(const QVariant &value)
     if (number.typeId() == QMetaType::LongLong)
         return number;
     const double real = number.toDouble();
+    // Written so that what is no number at all is refused too.
     if (!(std::abs(real) < 9.2e18))
         throw base::Error(base::ErrorNumber::Overflow, u"Overflow"_s);
     return base::roundedToEven(real);
@@ -186,6 +190,7 @@ std::optional<QVariant> parseNumber(QStringView text)
             return std::nullopt;
     }
     bool ok = false;
+    // Whole numbers stay exact beyond the 53 bits of a double, as long keys are.
     if (const qint64 whole = text.toLongLong(&ok); ok)
         return QVariant(whole);
     const double real = text.toDouble(&ok);
@@ -257,12 +262,15 @@ QVariant slotValue(const QVariant &value, const Slot &slot)
         }
         return *pattern;
     }
+    // The sign stands outside of a literal, so that "x = -5" and "x = -7" share one plan.
     if (!slot.negate) {
         QVariant bound = converted(value, slot.kind);
         if (slot.length > 0 && bound.typeId() == QMetaType::QString)
             bound = bound.toString().left(slot.length);
         return bound;
     }
+    // Negated before it is converted: minus of a text is that of the number which it spells, and
+    // minus 1 stored as Yes/No is still yes.
     const QVariant number = numberOf(value);
     if (number.typeId() == QMetaType::LongLong)
         return converted(-number.toLongLong(), slot.kind);

@@ -164,6 +164,7 @@ QString DefinitionWriter::defaultText(const ColumnDefinition &column) const
             // The domain brings today.
             return today ? QString() : u" DEFAULT CURRENT_TIMESTAMP"_s;
         }
+        // Null is the default of a column without one.
         if (token.keyword == Keyword::Null)
             return {};
         const bool yes = token.keyword == Keyword::True || token.keyword == Keyword::Yes;
@@ -278,6 +279,7 @@ std::vector<QString> DefinitionWriter::yesNoColumns(QStringView without) const
 void DefinitionWriter::replaceYesNoTrigger(const std::vector<QString> &before,
                                            const std::vector<QString> &after)
 {
+    // Made anew with all of its columns: the engine can't change one in a trigger.
     if (!after.empty())
         m_statements.push_back(EngineTypes::yesNoTrigger(table().name, after));
     else if (!before.empty())
@@ -320,6 +322,7 @@ void DefinitionWriter::alterColumn()
     if (wanted.type.autoNumber) {
         if (!present.autoNumber)
             raise(u"a column can't be made an autonumber later."_s);
+        // The engine gives the number behind this one next.
         m_statements.push_back(alter + u"RESTART WITH %1"_s.arg(wanted.type.firstNumber - 1));
         return;
     }

@@ -28,9 +28,11 @@ QString fitted(const QString &name)
     const QByteArray utf8 = name.toUtf8();
     if (utf8.size() <= MaximumNameLength)
         return name;
+    // Of the name in lower case: an index is dropped in another spelling than it was made in.
     const QByteArray mark =
         QCryptographicHash::hash(name.toLower().toUtf8(), QCryptographicHash::Sha1).toHex().left(6);
     QString beginning = name;
+    // Whole characters, since a name cut within one is no text any more.
     while (beginning.toUtf8().size() > MaximumNameLength - mark.size() - 1)
         beginning.chop(1);
     return beginning + u'~' + QString::fromLatin1(mark);
@@ -46,6 +48,8 @@ QString yesNoTriggerName(QStringView table)
 std::vector<QString> preparationStatements()
 {
     return {
+        // The catalogue shows by its domain what a column is: the engine itself knows whole numbers
+        // and times only.
         u"CREATE DOMAIN D_YESNO AS SMALLINT DEFAULT 0"_s,
         u"CREATE DOMAIN D_DATE_TODAY AS TIMESTAMP DEFAULT CURRENT_DATE"_s,
         u"CREATE DOMAIN D_MONEY AS NUMERIC(18,4)"_s,
@@ -97,6 +101,7 @@ Column columnFromCatalogue(const QString &name, QStringView domain, int fieldTyp
     case Smallint:
         column.kind = domain == YesNo ? ColumnKind::YesNo : ColumnKind::Integer;
         break;
+    // An exact number is stored as a whole one and its scale.
     case Integer:
     case Bigint:
         column.kind = scale == 0 ? ColumnKind::Integer : ColumnKind::Money;

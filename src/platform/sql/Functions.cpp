@@ -8,6 +8,7 @@ namespace sql {
 namespace {
 
 constexpr int any = std::numeric_limits<int>::max();
+/// The resolver works these out (ResolverExpression.cpp).
 constexpr ColumnKind byArguments = ColumnKind::Unknown;
 
 /// Sorted by name.

@@ -31,6 +31,8 @@ void collectStrict(const Expression &expression, Sources &strict)
         }
         break;
     case Kind::Call:
+        // Functions that give Null for Null. A function that is not listed costs speed, one too
+        // many would lose rows.
         switch (expression.function->id) {
         case FunctionId::Abs:
         case FunctionId::CDate:
@@ -89,6 +91,7 @@ void collectNeeded(const Expression &condition, Sources &needed)
     case Kind::Name:
         needed.insert(condition.source);
         return;
+    // OR, NOT and the rest may hold by another part, so that they need nothing for sure.
     default:
         return;
     }
@@ -113,6 +116,8 @@ bool contains(const JoinChain &chain, const Sources &sources)
 /// Reduces the joins of a chain whose rows are kept only when all the needed tables have one.
 void reduce(JoinChain &chain, Sources needed)
 {
+    // From the last join backwards, since that one is the outermost: what it needs is needed of all
+    // rows of those before it.
     for (auto member = chain.rbegin(); member != chain.rend(); ++member) {
         const bool first = std::next(member) == chain.rend();
         Sources neededOfMember = needed;

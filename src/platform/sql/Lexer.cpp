@@ -12,6 +12,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// A word of the grammar in lower case. The list is searched by halves, so that it has to stay
+/// sorted.
 struct KeywordEntry
 {
     std::u16string_view word;
@@ -80,6 +82,8 @@ constexpr std::array keywords = {
 static_assert(std::ranges::is_sorted(keywords, {}, &KeywordEntry::word));
 constexpr std::size_t longestKeyword = 11;
 
+/// The keyword that a word is in any case. Called for each word of each statement, so that it makes
+/// no string: the letters are lowered in place, and a longer word is none anyway.
 Keyword keywordOf(QStringView word)
 {
     if (word.size() > static_cast<qsizetype>(longestKeyword))
@@ -101,6 +105,7 @@ bool isDigit(char16_t character)
     return character >= u'0' && character <= u'9';
 }
 
+/// Letters of any script may stand in bare names, as in the names that offices have given.
 bool startsWord(char16_t character)
 {
     return (character >= u'a' && character <= u'z') || (character >= u'A' && character <= u'Z') ||
@@ -190,6 +195,7 @@ Token Lexer::next()
         token.number = m_literals++;
     else if (token.kind == TokenKind::Parameter)
         token.number = m_parameters++;
+    // What stood before decides whether ".5" is a number and whether "[" opens a query.
     m_previous = token.kind;
     m_previousKeyword = token.keyword;
     m_previousEnd = m_position;
@@ -351,6 +357,7 @@ std::vector<Token> tokensOf(QStringView statement)
 {
     Lexer lexer(statement);
     std::vector<Token> tokens;
+    // Few statements have more tokens than a fifth of their characters.
     tokens.reserve(static_cast<std::size_t>(statement.size() / 5 + 8));
     do {
         tokens.push_back(lexer.next());
@@ -374,6 +381,7 @@ QVariant literalValue(const Token &token, QStringView statement)
     default: {
         QString text = token.text.toString();
         const QChar quote = statement[token.begin];
+        // Most texts hold none, and are not copied for it.
         if (text.contains(quote))
             text.replace(QString(2, quote), QString(quote));
         return text;

@@ -17,6 +17,7 @@ std::optional<QString> likePattern(const QString &pattern)
         case u'#':
         case u'[':
             return std::nullopt;
+        // Plain characters in the dialect, signs to the engine.
         case u'%':
         case u'_':
         case u'\\':

@@ -6,12 +6,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// No statement of the program comes near it; each level takes a few frames of the stack here, in
+/// the resolver and in the writer.
 constexpr int deepestNesting = 200;
 
 /// Words that end an expression, an alias or a table where they stand unless they are bracketed.
 bool isReserved(Keyword keyword)
 {
     switch (keyword) {
+    // These words begin something at one place of the grammar only, where a name can't stand:
+    // everywhere else columns may be called so.
     case Keyword::None:
     case Keyword::Add:
     case Keyword::Column:
@@ -82,6 +86,8 @@ Statement Parser::parseStatement()
         }
         raise(u"expected SELECT, INSERT, UPDATE, DELETE, CREATE, ALTER or DROP."_s);
     }
+    // One statement at a time: what follows a semicolon, as in a text that somebody has put
+    // together from a user's words, is refused.
     accept(TokenKind::Semicolon);
     if (!at(TokenKind::End))
         raise(u"the statement should have ended before this."_s);

@@ -268,6 +268,7 @@ ColumnDefinition Parser::parseColumnDefinition()
     ColumnDefinition column;
     column.name = takeName(u"a column");
     column.type = parseType();
+    // In any order, as they are written in the schema and by hand.
     while (parseColumnConstraint(column)) {
     }
     return column;

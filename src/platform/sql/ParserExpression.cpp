@@ -8,7 +8,8 @@ using Kind = Expression::Kind;
 
 namespace {
 
-/// Levels of the arithmetic operators, the loosest first.
+/// Levels of the arithmetic operators, the loosest first. All operations of one level make one flat
+/// chain, so that a list of a thousand, as a filter makes it, is no deeper than one.
 constexpr int concatenationLevel = 0;
 constexpr int tightestLevel = 4;
 
@@ -106,6 +107,7 @@ ExpressionPointer Parser::parseNot()
 {
     if (!at(Keyword::Not))
         return parsePredicate();
+    // "not not not .." nests as parentheses do, without one.
     const Nesting nesting(*this);
     auto negation = makeExpression(Kind::Not, take().begin);
     negation->operands.push_back(parseNot());
@@ -114,6 +116,7 @@ ExpressionPointer Parser::parseNot()
 
 ExpressionPointer Parser::parsePredicate()
 {
+    // A predicate is looser than "&": "a & b = c" compares the joined text.
     ExpressionPointer value = parseArithmetic(concatenationLevel);
     int comparisons = 0;
     for (;;) {
@@ -205,8 +208,10 @@ ExpressionPointer Parser::parseUnary()
 {
     bool negative = false;
     qsizetype position = peek().begin;
+    // Signs are counted and not nested, or a row of them would go deep.
     while (at(TokenKind::Minus) || at(TokenKind::Plus))
         negative ^= take().kind == TokenKind::Minus;
+    // The power binds tighter than the sign: -2^2 is -4.
     ExpressionPointer value = parsePower();
     if (!negative)
         return value;
@@ -343,6 +348,7 @@ ExpressionPointer Parser::parseCall()
     auto call = makeExpression(Kind::Call, name.begin);
     call->function = function;
     take();
+    // Count(*) counts rows, Count(x) those in which x is not Null.
     if (function->id == FunctionId::Count && at(TokenKind::Star)) {
         take();
         expect(TokenKind::RightParenthesis, u"\")\"");

@@ -20,6 +20,7 @@ std::unique_ptr<Query> Parser::parseQuery()
             break;
         query->all.push_back(accept(Keyword::All));
     }
+    // Behind all selects, so that it sorts the whole union.
     if (at(Keyword::Order))
         query->orderBy = parseOrder();
     return query;
@@ -53,6 +54,7 @@ Select Parser::parseSelect()
             select.groupBy.push_back(parseExpression());
         } while (accept(TokenKind::Comma));
     }
+    // Also without GROUP BY: all rows are one group then.
     if (accept(Keyword::Having))
         select.having = parseExpression();
     return select;
@@ -135,6 +137,7 @@ JoinChain Parser::parseJoinChain()
 Join Parser::parseJoinMember()
 {
     Join member;
+    // A parenthesis may hold a query or joined tables; only the word behind it tells.
     if (at(TokenKind::QueryOpen) ||
         (at(TokenKind::LeftParenthesis) && peek(1).keyword == Keyword::Select)) {
         member.source = parseDerivedTable();

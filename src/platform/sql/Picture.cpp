@@ -44,6 +44,8 @@ auto byName(QStringView name)
     return [name](const auto &named) { return named.name.compare(name, Qt::CaseInsensitive) == 0; };
 }
 
+/// The characters of a picture without the quotes and backslashes that say which stand for
+/// themselves. A quote that is never closed reaches to the end.
 std::vector<Sign> signsOf(QStringView picture)
 {
     std::vector<Sign> signs;
@@ -132,14 +134,18 @@ bool NumberPicture::read(std::span<const Sign> signs)
             separated = sign.is(u",");
             continue;
         }
+        // ".00" begins with its point, and shows no digit before it where there is none.
         if (sign.is(u".") && !digits && !point) {
             digits = point = true;
             continue;
         }
         ended = digits;
+        // Letters outside of quotes are signs of pictures that are not known here, such as
+        // exponents, and not text.
         if (!sign.quoted && !QStringView(u"$+-() /:%").contains(sign.character))
             return false;
         if (sign.is(u"%")) {
+            // Each "%" would multiply by 100.
             if (percent)
                 return false;
             percent = true;
@@ -201,6 +207,7 @@ QStringList datePieces(QStringView picture)
                 pieces += u"'"_s;
             pieces.back() += sign.character;
         } else if (const std::size_t mark = halfDayMark(rest); mark > 0) {
+            // Before the runs of letters, since "AM/PM" begins with one.
             length = mark;
             QString &piece = pieces.emplace_back();
             for (const Sign &part : rest.first(length))

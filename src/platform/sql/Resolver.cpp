@@ -73,6 +73,7 @@ void Resolver::resolveQuery(Query &query, const Scope *outer, bool derived)
             throw base::Error(ErrorNumber::Syntax,
                               u"The selects of a UNION have to give the same number of columns."_s);
         }
+        // The order of a union knows the tables of its first select.
         if (i == 0)
             first = std::move(scope);
     }
@@ -92,6 +93,7 @@ void Resolver::resolveQuery(Query &query, const Scope *outer, bool derived)
 /// written as a plain text.
 void Resolver::markCompared(Query &query)
 {
+    // UNION ALL compares no rows, plain UNION all of them.
     const bool united = std::ranges::find(query.all, false) != query.all.end();
     const bool sorted = std::ranges::any_of(query.orderBy, [](const OrderItem &item) {
         return item.ordinal > 0 || item.value->kind == Expression::Kind::Literal;
@@ -124,6 +126,7 @@ void Resolver::resolveSelect(Select &select, Scope &scope, bool derived)
         resolveExpression(*group, scope);
     if (select.having)
         resolveExpression(*select.having, scope);
+    // Found out in the items and in HAVING before; it decides what ORDER BY means.
     select.aggregates = select.aggregates || !select.groupBy.empty();
     makeOutput(select, derived);
 }
@@ -288,6 +291,7 @@ int Resolver::orderedOutput(const OrderItem &item, const Query &query, const Sco
         return 0;
     int ordinal = 0;
     for (const SelectItem &selected : select.items) {
+        // Behind a star the places are not counted.
         if (selected.kind != SelectItem::Kind::Value)
             return 0;
         ++ordinal;
@@ -302,6 +306,7 @@ void Resolver::resolveOrder(OrderItem &item, Query &query, const Scope &scope)
 {
     Expression &value = *item.value;
     const auto columns = static_cast<int>(query.selects.front().output.size());
+    // "order by 2" means the second column, as in the engine, which takes the number from the text.
     if (value.kind == Kind::Literal && value.token.kind == TokenKind::Integer) {
         const qint64 ordinal = value.token.text.toLongLong();
         if (value.negated || ordinal < 1 || ordinal > columns)

@@ -83,6 +83,7 @@ Resolver::Found Resolver::find(const Expression &name, const Scope &scope) const
             const int column = source->find(name.name);
             if (column < 0)
                 continue;
+            // In two tables: which one is meant can't be told, and the engine would choose.
             if (found.source) {
                 found.ambiguous = true;
                 break;
@@ -114,6 +115,7 @@ void Resolver::resolveName(Expression &name, const Scope &scope)
     }
     name.source = found.source;
     name.column = found.column;
+    // Where a bare name could mean an output column, or another table's, to the engine.
     name.qualified = found.outside || m_sorting || scope.qualifies || scope.sources.size() > 1;
     name.type = found.source->columnKind(found.column);
 }
@@ -130,6 +132,7 @@ void Resolver::resolveExpression(Expression &expression, const Scope &scope)
     case Kind::Literal:
         expression.type = literalType(expression.token.kind);
         return;
+    // Of no kind until it meets something: then it is of that one's.
     case Kind::Parameter:
     case Kind::Null:
         return;

@@ -40,10 +40,13 @@ Plan translate(QStringView statement, const Schema &schema, const TranslateOptio
         plan.kind = StatementKind::Ddl;
         plan.ddl = definitionStatements(*tree.definition, statement, schema);
         const auto literals = static_cast<int>(lift(statement).literals.size());
+        // No part of a definition can be a parameter of the engine.
         for (int i = 0; i < literals; ++i)
             plan.fixedLiterals.push_back(i);
         return plan;
     }
+    // In this order: joins are reduced by what the names mean, and the writer may then take all
+    // names and types for granted.
     Resolver(statement, schema).resolve(tree);
     reduceOuterJoins(tree);
     Writer(statement, options, plan).write(tree);

@@ -13,6 +13,8 @@ namespace {
     throw base::Error(ErrorNumber::TypeMismatch, u"Data type mismatch: "_s + what);
 }
 
+/// The type of a calculation with two numbers: whole while both are, an exact amount while nothing
+/// brings a binary fraction in.
 ColumnKind numericType(ColumnKind left, ColumnKind right)
 {
     const auto whole = [](ColumnKind kind) {
@@ -25,6 +27,8 @@ ColumnKind numericType(ColumnKind left, ColumnKind right)
     return exact ? ColumnKind::Money : ColumnKind::Real;
 }
 
+/// "+" joins texts, adds numbers and moves dates. A text beside a number is read as one; beside a
+/// parameter, of which nothing is known, it stays a text.
 ColumnKind sumType(ColumnKind left, ColumnKind right)
 {
     const auto textual = [](ColumnKind kind) {
@@ -57,6 +61,7 @@ ColumnKind arithmeticType(Operator operation, ColumnKind left, ColumnKind right)
         (left == ColumnKind::Date || right == ColumnKind::Date)) {
         if (left == ColumnKind::Text || right == ColumnKind::Text)
             raiseMismatch(u"a date and a text can't be subtracted."_s);
+        // Two dates are some days apart; a date less a number is a date.
         if (right == ColumnKind::Date)
             return ColumnKind::Real;
         return ColumnKind::Date;
@@ -88,6 +93,7 @@ ColumnKind commonType(ColumnKind left, ColumnKind right)
         return right;
     if (isNumber(left) && isNumber(right))
         return numericType(left, right);
+    // Any value has a text, so that a column of both can show them all.
     return ColumnKind::Text;
 }
 
@@ -96,6 +102,7 @@ std::vector<ColumnKind> chainTypes(const Expression &chain)
     std::vector<ColumnKind> types;
     types.reserve(chain.operands.size());
     types.push_back(chain.operands.front()->type);
+    // Each step meets the outcome of those before it, not the neighbour's own type.
     for (std::size_t i = 0; i < chain.operators.size(); ++i) {
         types.push_back(
             arithmeticType(chain.operators[i], types.back(), chain.operands[i + 1]->type));

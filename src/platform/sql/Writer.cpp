@@ -14,6 +14,7 @@ using Kind = Expression::Kind;
 
 namespace {
 
+/// A memo is no plain name where rows are compared: it is written as the text that it begins with.
 bool isMemo(const Expression &value)
 {
     return value.kind == Kind::Name && value.source->isMemo(value.column);
@@ -47,10 +48,13 @@ void Writer::write(const Statement &statement)
         break;
     default:
         writeQuery(*statement.query);
+        // The first select names the columns of the whole.
         noteLongNames(statement.query->selects.front());
     }
     m_plan.text = std::move(m_text);
     auto &fixed = m_plan.fixedLiterals;
+    // A literal that is written twice, as in a group and its item, is still one that the plan is
+    // bound to.
     std::ranges::sort(fixed);
     fixed.erase(std::unique(fixed.begin(), fixed.end()), fixed.end());
 }
@@ -76,6 +80,7 @@ void Writer::writeQuery(const Query &query, const Change *insert)
 
 void Writer::writeSelect(const Select &select, const Change *insert)
 {
+    // A query inside of another one compares its own rows or none.
     const QScopedValueRollback own(m_comparing, false);
     m_text += u"SELECT "_s;
     if (select.top) {
@@ -120,6 +125,8 @@ void Writer::writeSelect(const Select &select, const Change *insert)
 void Writer::writeGroups(const Select &select, const std::vector<WrittenItem> &items)
 {
     const FixedLiterals fixed(*this);
+    // Literals stay in the text here, as in the list: equal texts are how the two are known for
+    // one.
     m_text += u" GROUP BY "_s;
     for (const ExpressionPointer &group : select.groupBy) {
         if (group != select.groupBy.front())
@@ -135,6 +142,8 @@ void Writer::writeGroups(const Select &select, const std::vector<WrittenItem> &i
             items, [&](const WrittenItem &candidate) { return repeats(candidate, written); });
         if (item == items.end())
             continue;
+        // Written first and taken back, with its parameters: only the written text shows whether
+        // the item says the same.
         m_text.truncate(written.begin);
         m_plan.slots.resize(written.slotsBegin);
         m_text += QString::number(item->output + 1);
@@ -171,6 +180,7 @@ std::vector<Writer::WrittenItem> Writer::writeItems(const Select &select, const 
             place.slotsEnd = m_plan.slots.size();
             written.push_back(place);
         } else if (select.expanded) {
+            // A star can't stand beside other items, nor where columns need other names or are cut.
             if (item.source) {
                 writeColumns(*item.source, select, output);
                 continue;
@@ -210,6 +220,7 @@ void Writer::writeColumns(const Source &source, const Select &select, std::size_
             m_text += u", "_s;
         const QString &column = source.writtenColumn(i);
         writeColumn(source, i, true);
+        // What is cut has no name of its own any more.
         if (select.output[output].written != column || (m_comparing && source.isMemo(i)))
             m_text += u" AS "_s + quotedName(select.output[output].written);
         ++output;
@@ -225,6 +236,8 @@ qsizetype Writer::writeOutput(const Select &select, const SelectItem &item, std:
         const int column =
             insert->columns.empty() ? static_cast<int>(output) : insert->columns[output].column;
         wanted.length = insert->target->columnLength(column);
+        // Only a literal or parameter adapts; a column is converted by the engine when it is
+        // stored.
         if (value.isValue())
             wanted.kind = insert->target->columnKind(column);
         // An amount that is too large has to be noticed before it is stored (see writeMoney).
@@ -240,6 +253,7 @@ qsizetype Writer::writeOutput(const Select &select, const SelectItem &item, std:
     // The engine names a plain column by itself.
     const bool itsOwn = value.kind == Kind::Name && !(m_comparing && isMemo(value)) &&
                         value.source->writtenColumn(value.column) == name;
+    // An insert takes the columns by their places, whatever they are called.
     if (!itsOwn && !insert)
         m_text += u" AS "_s + quotedName(name);
     return end;
@@ -316,6 +330,7 @@ void Writer::writeOrder(const Query &query)
     if (query.orderBy.empty())
         return;
     const FixedLiterals fixed(*this);
+    // Rows are sorted by what they are compared by.
     const QScopedValueRollback comparing(m_comparing, true);
     m_text += u" ORDER BY "_s;
     for (std::size_t i = 0; i < query.orderBy.size(); ++i) {
@@ -349,6 +364,8 @@ void Writer::writeInsert(const Change &change)
             today.push_back(i);
     }
     m_text += u"INSERT INTO "_s + target.written + u" ("_s;
+    // Values are taken for the columns that the statement names; those that default to today
+    // follow.
     const std::size_t given = columns.size();
     columns.insert(columns.end(), today.begin(), today.end());
     for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -375,6 +392,7 @@ void Writer::writeInsert(const Change &change)
     }
     if (m_options.returning.isEmpty())
         return;
+    // The engine knows the key by its stored spelling only.
     const Column *key = target.table->find(m_options.returning);
     m_text += u" RETURNING "_s + quotedName(key ? key->name : m_options.returning);
 }

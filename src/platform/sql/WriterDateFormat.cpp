@@ -105,6 +105,7 @@ void Writer::writeDateSign(const Expression &date, const QString &sign, bool twe
     else if (const auto *whole = std::ranges::find_if(
                  wholeDates, [&](const auto &entry) { return sign == entry.first; });
              whole != wholeDates.end())
+        // A picture within the picture: it has no sign of this kind, and the recursion ends there.
         writeFormattedDate(date, QString::fromUtf16(whole->second));
     else if (sign == u"h" || sign == u"hh")
         writeHour(date, sign.size() == 2, twelveHours);
@@ -136,6 +137,7 @@ void Writer::writeHour(const Expression &date, bool padded, bool twelveHours)
 void Writer::writeHalfDay(const Expression &date, const QString &sign)
 {
     const bool lower = sign.front() == u'a';
+    // "A/P" against "AM/PM" and "AMPM".
     const bool letter = sign.size() == 3;
     writePartIn(u"IIF(", date, u"HOUR",
                 lower ? (letter ? u" < 12, 'a', 'p')" : u" < 12, 'am', 'pm')")

@@ -79,6 +79,7 @@ void Writer::writeFormat(const Expression &call)
         return;
     }
     const QString picture = pictureBehind(name);
+    // Of a parameter the picture alone tells what it is.
     const bool typed = !value.isValue() && value.type != ColumnKind::Unknown;
     if (namesDigits(picture)) {
         if (value.type == ColumnKind::Date)

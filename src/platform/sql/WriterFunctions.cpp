@@ -87,6 +87,8 @@ constexpr std::array dateParts = {
 Repetition::Repetition(Writer &writer, const Expression &at)
     : m_writer(writer)
 {
+    // Each level repeats its argument up to a dozen times: three of them make
+    // thousands.
     if (m_writer.m_repetitions >= 3)
         m_writer.raise(u"functions that need their argument several times are nested too deeply."_s,
                        at);
@@ -111,6 +113,7 @@ void Writer::writeAround(QStringView before, const Expression &value, ColumnKind
 
 void Writer::writeCall(const Expression &call)
 {
+    // The engine has to know the type of each argument, and tells functions apart by them.
     const FixedLiterals fixed(*this);
     const FunctionId id = call.function->id;
     if (const auto *found = std::ranges::find(wrapped, id, &Wrapped::id); found != wrapped.end())
@@ -331,10 +334,12 @@ void Writer::writeDateText(const Expression &date)
 void Writer::writeRoundedToEven(const Expression &value)
 {
     const bool whole = value.type == ColumnKind::Integer || value.type == ColumnKind::YesNo;
+    // Known now, and rounded here once.
     if (value.kind == Kind::Literal) {
         writeInline(converted(fixedValue(value), ColumnKind::Integer), {});
         return;
     }
+    // A parameter is rounded when it is bound to its whole number.
     if (value.isValue() || whole) {
         m_text += u"CAST("_s;
         writeValue(value, {ColumnKind::Integer, Place::Operand, 0});
@@ -358,6 +363,8 @@ void Writer::writeRoundedToEven(const Expression &value)
 void Writer::writeDatePart(const Expression &value, QStringView part)
 {
     const bool ofTime = part == u"HOUR" || part == u"MINUTE" || part == u"SECOND";
+    // A literal or parameter is converted as a date is; only the text of a column may be a bare
+    // "h:mm".
     const bool text = value.type == ColumnKind::Text && !value.isValue();
     // The engine's seconds have a fraction.
     const bool whole = part == u"SECOND";
@@ -456,6 +463,7 @@ void Writer::writeMid(const Expression &call)
 
 void Writer::writeInStr(const Expression &call)
 {
+    // The place to begin at stands before the text when it is given.
     const bool starts = call.operands.size() == 3;
     const std::size_t text = starts ? 1 : 0;
     // The engine asks for what is looked for before the text.

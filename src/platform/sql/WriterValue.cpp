@@ -42,6 +42,7 @@ QStringView boundType(ColumnKind kind)
 
 QString realText(double value)
 {
+    // 17 digits give each binary number back exactly.
     QString text = QString::number(value, 'g', 17);
     // Without an exponent the engine would take it for an exact decimal.
     if (!text.contains(u'e'))
@@ -53,6 +54,7 @@ QString realText(double value)
 
 QVariant Writer::fixedValue(const Expression &literal)
 {
+    // Whoever looks at the value here makes the text depend on it.
     m_plan.fixedLiterals.push_back(literal.token.number);
     const QVariant value = literalValue(literal.token, m_statement);
     if (!literal.negated)
@@ -74,6 +76,7 @@ bool Writer::lifts(const Expression &value, const Wanted &wanted) const
 {
     if (value.kind == Kind::Parameter)
         return value.token.number >= m_options.inlineParameters.size();
+    // A result needs a type of its own, which a parameter in such a place doesn't bring.
     if (m_fixed > 0 || m_options.inlineLiterals || wanted.place == Place::Result)
         return false;
     // Joined text keeps the width that it has; a parameter's would have to be guessed.
@@ -132,6 +135,7 @@ void Writer::writeAdapted(const Expression &value, const Wanted &wanted)
 
 void Writer::writeSlot(Slot slot, const Wanted &wanted, bool typed)
 {
+    // The column into which it is stored gives the type; bytes are never compared.
     if (!typed || slot.kind == ColumnKind::Binary) {
         m_text += u'?';
         m_plan.slots.push_back(slot);
