@@ -12,6 +12,7 @@ QString cleanedAmount(const QString &text, bool negativeAllowed)
 {
     QString result;
     for (const QChar character : text) {
+        // A minus counts at the beginning alone, and only one point.
         const bool minus = character == u'-' && negativeAllowed && result.isEmpty();
         const bool secondPoint = character == u'.' && result.contains(u'.');
         if (minus || (!secondPoint &&
@@ -37,6 +38,7 @@ CurrencyInput::CurrencyInput(QWidget *parent)
     : QLineEdit(parent)
 {
     setAlignment(Qt::AlignRight);
+    // Twelve digits, the point and two decimals.
     setMaxLength(15);
     connect(this, &QLineEdit::textEdited, this, [this](const QString &text) {
         const QString cleaned = typedAmount(text);
@@ -73,6 +75,7 @@ void CurrencyInput::keyPressEvent(QKeyEvent *event)
             result.remove(caret, selectionLength());
         }
         result.insert(caret, typed);
+        // Refused before it is typed, so that undo never shows it.
         if (typedAmount(result) != result)
             return;
     }
@@ -81,7 +84,9 @@ void CurrencyInput::keyPressEvent(QKeyEvent *event)
 
 void CurrencyInput::focusOutEvent(QFocusEvent *event)
 {
+    // A box may be left empty where Null is a value of its own; it is no 0.00 then.
     const bool blank = text().trimmed().isEmpty();
+    // The context menu takes the focus for a moment, and its Paste goes on in the text as it was.
     if (!isReadOnly() && event->reason() != Qt::PopupFocusReason && (!blank || !m_blankAllowed)) {
         if (const QString shown = base::twoDecimals(value()); shown != text())
             setText(shown);

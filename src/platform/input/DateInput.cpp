@@ -33,6 +33,7 @@ QString shown(QDate date)
 
 QDate dateIn(QString text)
 {
+    // The mask leaves blanks where a digit is missing.
     const auto parsed = base::parseMonthFirst(text.remove(u' '));
     return parsed ? parsed->date() : QDate();
 }
@@ -46,6 +47,7 @@ public:
         , m_calendar(new QCalendarWidget(this))
     {
         setObjectName(QStringLiteral("calendarPopup"));
+        // A popup closes itself on any click outside, and nobody else holds it.
         setAttribute(Qt::WA_DeleteOnClose);
         setFrameShape(QFrame::StyledPanel);
         m_calendar->setObjectName(QStringLiteral("calendar"));
@@ -59,6 +61,7 @@ public:
         auto *noneButton = new QPushButton(QStringLiteral("&None"), this);
         for (QPushButton *button : {todayButton, noneButton}) {
             button->setFont(theme::buttonFont());
+            // Enter is the calendar's: it takes the day.
             button->setAutoDefault(false);
         }
         auto *buttons = new QHBoxLayout;
@@ -72,6 +75,7 @@ public:
         stack->addLayout(buttons);
 
         const auto chosen = [this, choose](QDate date) {
+            // First closed, so that the focus is back in the box when it tells of its new date.
             close();
             choose(date);
         };
@@ -87,6 +91,7 @@ public:
         const QRect screen = box->screen()->availableGeometry();
         QPoint place = box->mapToGlobal(QPoint(0, box->height()));
         if (place.y() + height() > screen.bottom())
+            // Above the box where there is no room below it.
             place.setY(box->mapToGlobal(QPoint()).y() - height());
         place.setX(std::clamp(place.x(), screen.left(),
                               std::max(screen.left(), screen.right() - width())));
@@ -136,6 +141,7 @@ DateInput::DateInput(QWidget *parent)
     m_calendarAction->setObjectName(QStringLiteral("openCalendar"));
     m_calendarAction->setToolTip(QStringLiteral("Choose from a calendar (Alt+Down)"));
     connect(m_calendarAction, &QAction::triggered, this, &DateInput::showCalendar);
+    // Edited comes with the user alone, the date's change with whoever made it.
     connect(this, &QLineEdit::textEdited, this, &DateInput::edited);
     connect(this, &QLineEdit::textChanged, this, &DateInput::announceDate);
 }
@@ -171,12 +177,14 @@ void DateInput::showCalendar()
 void DateInput::chooseDate(QDate date)
 {
     setFocus();
+    // As an edit of the user's, who can undo it and whose form learns of it.
     applyEdit(date.isValid() ? shown(date) : emptyText(), date.isValid() ? mask().length() : 0);
 }
 
 void DateInput::announceDate()
 {
     const QDate now = date();
+    // Half a date is none, so that typing tells nothing until the last digit.
     if (now == m_announced)
         return;
     m_announced = now;
@@ -202,6 +210,7 @@ std::optional<Mask::Edit> DateInput::typedInto(const QString &current, int caret
     const int start = caret > dayStart ? dayStart : 0;
     const int next = caret > dayStart ? yearStart : dayStart;
     const QString part = current.mid(start, 2).trimmed();
+    // There is no part before the caret that could be ended.
     if (caret == 0 || caret > yearStart || part.isEmpty())
         return std::nullopt;
     QString completed = current;
@@ -211,6 +220,7 @@ std::optional<Mask::Edit> DateInput::typedInto(const QString &current, int caret
 
 void DateInput::keyPressEvent(QKeyEvent *event)
 {
+    // Up and Down step through the days, and through the calendar with Alt or F4.
     const bool vertical = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
     if (event->key() == Qt::Key_F4 ||
         (event->key() == Qt::Key_Down && event->modifiers() & Qt::AltModifier)) {
@@ -229,6 +239,7 @@ void DateInput::focusOutEvent(QFocusEvent *event)
 {
     // A date with blanks among its digits gets its zeros.
     if (const QDate whole = date(); whole.isValid() && !isReadOnly() && text() != shown(whole)) {
+        // Kept, since the box may only have lost the focus to a window that comes and goes.
         const int caret = cursorPosition();
         setText(shown(whole));
         setCursorPosition(caret);

@@ -42,6 +42,7 @@ QString dateStamp(const QDateTime &moment)
 {
     const QDate date = moment.date();
     const QTime time = moment.time();
+    // Written without leading zeros, which the notes of offices have always had.
     const int hour = time.hour() % 12 == 0 ? 12 : time.hour() % 12;
     return QStringLiteral("%1/%2/%3 %4:%5 %6")
         .arg(date.month())
@@ -55,6 +56,7 @@ QString dateStamp(const QDateTime &moment)
 void insertDateStamp(QWidget *noteBox)
 {
     const QString stamp = dateStamp(base::now());
+    // Put in where the caret stands, over a selection, and undone as one step.
     if (auto *plain = qobject_cast<QPlainTextEdit *>(noteBox); plain && !plain->isReadOnly())
         plain->insertPlainText(stamp);
     else if (auto *rich = qobject_cast<QTextEdit *>(noteBox); rich && !rich->isReadOnly())

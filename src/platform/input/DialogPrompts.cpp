@@ -18,6 +18,8 @@ QString titleOr(const QString &title)
     return title.isEmpty() ? QStringLiteral("Quorvantis") : title;
 }
 
+/// The box belongs to the dialog that is open, or else the window in front: only then does it stand
+/// before it and lock it.
 QWidget *owner()
 {
     QWidget *modal = QApplication::activeModalWidget();
@@ -109,9 +111,11 @@ base::Prompts::Answer DialogPrompts::show(const Message &message)
     box.setObjectName(QStringLiteral("messageBox"));
     // Texts hold names that users typed; nothing in them is markup.
     box.setTextFormat(Qt::PlainText);
+    // A user who types on while the box comes up must not delete anything.
     box.setDefaultButton(offered.harmless);
     box.setEscapeButton(offered.harmless);
     box.setFont(theme::listFont());
+    // The toolkit's captions go by the desktop's language and keys, the program's texts don't.
     if (auto *yes = box.button(QMessageBox::Yes))
         yes->setText(QStringLiteral("&Yes"));
     if (auto *no = box.button(QMessageBox::No))
@@ -132,6 +136,7 @@ std::optional<QString> DialogPrompts::input(const QString &text, const QString &
     dialog.setLabelText(text);
     dialog.setTextValue(initial);
     dialog.setFont(theme::listFont());
+    // Wide enough for a sentence.
     dialog.resize(dialog.sizeHint().expandedTo({380, 0}));
     const base::Interlude interlude;
     if (dialog.exec() != QDialog::Accepted)

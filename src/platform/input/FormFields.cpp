@@ -42,10 +42,12 @@ int charactersWide(int count)
 QLineEdit *FormBuilder::textField(const QString &name, const QString &label, int maxLength)
 {
     auto *edit = new QLineEdit(block().owner);
+    // The toolkit would show the breaks of a pasted text as signs and store them.
     keepOnOneLine(edit);
     if (maxLength > 0)
         edit->setMaxLength(maxLength);
     const bool narrow = maxLength > 0 && maxLength <= narrowLength;
+    // A short box that filled the row would promise room that it hasn't.
     if (narrow)
         edit->setFixedWidth(charactersWide(maxLength + 2));
     else
@@ -128,6 +130,7 @@ IdCombo *FormBuilder::comboField(const QString &name, const QString &label)
 QPlainTextEdit *FormBuilder::memoField(const QString &name, const QString &label, int lines)
 {
     auto *memo = new QPlainTextEdit(block().owner);
+    // Tab goes through the form; a tab is no text of a note.
     memo->setTabChangesFocus(true);
     memo->setMinimumHeight(lineHeight(theme::textFont()) * lines + 12);
     addField(name, label, memo, Fill::Tall);
@@ -146,6 +149,7 @@ QLabel *FormBuilder::readOnlyField(const QString &name, const QString &label)
 {
     auto *value = new QLabel(block().owner);
     value->setTextFormat(Qt::PlainText);
+    // To be copied by the mouse, without a stop for Tab.
     value->setTextInteractionFlags(Qt::TextSelectableByMouse);
     value->setFrameStyle(QFrame::StyledPanel);
     value->setAutoFillBackground(true);
@@ -193,8 +197,10 @@ QToolButton *FormBuilder::sideButton(const QString &name, const QString &tip,
     auto *side = new QToolButton(block().owner);
     side->setIcon(theme::icon(iconName));
     side->setToolTip(tip);
+    // Tool buttons are left out by Tab otherwise.
     side->setFocusPolicy(Qt::StrongFocus);
     prepare(side, name, tip);
+    // Behind the field, or the side button that was made before.
     const int position = m_lastCell->indexOf(m_lastControl) + 1;
     const bool beside = qobject_cast<QPlainTextEdit *>(m_lastControl);
     m_lastCell->insertWidget(position, side, 0, beside ? Qt::AlignTop : Qt::Alignment());

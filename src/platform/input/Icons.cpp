@@ -49,6 +49,7 @@ public:
         painter->restore();
     }
 
+    // Icons are asked for at each painting, so that each form of a picture is rendered once.
     QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override
     {
         const QString key = QStringLiteral("theme/%1/%2x%3/%4/%5")
@@ -81,6 +82,7 @@ private:
         if (mode == QIcon::Disabled)
             line = accent = m_tone == Tone::OnLight ? QColor(168, 172, 175) : QColor(120, 140, 160);
         QByteArray svg = m_svg;
+        // The two colours in which all pictures are drawn.
         svg.replace("#24476d", nameOf(line));
         svg.replace("#c8691e", nameOf(accent));
         return svg;
@@ -114,6 +116,7 @@ QIcon programIcon()
 {
     QSvgRenderer renderer(picture(QStringLiteral(":/brand/program.svg")));
     QIcon result;
+    // The sizes for which desktops ask; what lies between would be scaled and blurred.
     for (const int side : {16, 20, 24, 32, 40, 48, 64, 128, 256}) {
         QPixmap pixmap(side, side);
         pixmap.fill(Qt::transparent);
@@ -131,6 +134,7 @@ void paintHeader(QPainter &painter, const QRect &rectangle)
     const QSizeF size = renderer.defaultSize().toSizeF();
     if (size.isEmpty())
         return;
+    // Drawn at the left in its own shape; the ground behind fills the rest.
     const qreal width = size.width() * rectangle.height() / size.height();
     painter.save();
     painter.setClipRect(rectangle);

@@ -14,6 +14,7 @@ IdCombo::IdCombo(QWidget *parent)
     setMinimumContentsLength(14);
     setFocusPolicy(Qt::StrongFocus);
     setMaxVisibleItems(15);
+    // An id without an item is only shown for as long as the user chooses none.
     const auto chosen = [this] { m_unlisted = 0; };
     connect(this, &QComboBox::currentIndexChanged, this, chosen);
     connect(this, &QComboBox::activated, this, chosen);
@@ -29,6 +30,7 @@ void IdCombo::clear()
 void IdCombo::add(const QString &text, qint64 id)
 {
     addItem(text, id);
+    // Of two equal texts the first one counts, as the list finds it.
     if (!m_collection.contains(text))
         m_collection.insert(text, QString::number(id));
 }
@@ -40,6 +42,7 @@ void IdCombo::add(const QStringList &texts)
 
 qint64 IdCombo::id() const
 {
+    // A record whose item has been deleted keeps its id when it is saved unchanged.
     return m_unlisted != 0 ? m_unlisted : currentData().toLongLong();
 }
 
@@ -52,6 +55,7 @@ bool IdCombo::display(qint64 id)
 {
     if (select(id))
         return true;
+    // Shown as nothing chosen.
     select(0);
     m_unlisted = id;
     return false;
@@ -98,6 +102,7 @@ bool IdCombo::isLetterAgain(const QString &letter)
 
 void IdCombo::chooseNext(const QString &beginning)
 {
+    // From the one behind the current item round to the one before it.
     for (int step = 1; step < count(); ++step) {
         const int index = (currentIndex() + step) % count();
         if (itemText(index).startsWith(beginning, Qt::CaseInsensitive)) {
@@ -111,6 +116,8 @@ void IdCombo::chooseNext(const QString &beginning)
 
 void IdCombo::wheelEvent(QWheelEvent *event)
 {
+    // The wheel scrolls the form that the pointer happens to stand over, and changes no field on
+    // its way.
     if (hasFocus())
         QComboBox::wheelEvent(event);
     else

@@ -29,6 +29,7 @@ bool within(int code, std::initializer_list<Range> ranges)
         ranges, [code](Range range) { return code >= range.first && code <= range.last; });
 }
 
+/// Codes of characters: letters, digits, the point (46), backspace (8) and Enter (13).
 bool passesPress(int code, TypeCheck type)
 {
     switch (type) {
@@ -134,6 +135,7 @@ private:
         if (watched != m_edit || event->type() != QEvent::KeyPress || m_edit->isReadOnly())
             return QObject::eventFilter(watched, event);
         const auto *key = static_cast<QKeyEvent *>(event);
+        // Shortcuts and keys that put nothing in are none of the rules' business.
         const auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
         if (key->modifiers() & commands || key->text().size() != 1 ||
             !key->text().front().isPrint())
@@ -142,8 +144,10 @@ private:
         if (m_edit->hasSelectedText())
             rest.remove(m_edit->selectionStart(), int(m_edit->selectedText().size()));
         const QString better = ruled(key->text(), rest);
+        // The box types it itself, which also knows of overwriting and of the longest length.
         if (better == key->text())
             return QObject::eventFilter(watched, event);
+        // A key that is refused is swallowed without a sound, as a locked box does it.
         if (!better.isEmpty())
             m_edit->insert(better);
         return true;
@@ -164,6 +168,7 @@ private:
         const QString better = ruled(inserted, text.left(head) + text.right(tail));
         if (better == inserted)
             return;
+        // What a rule has changed can't be undone: the box would bring the refused text back.
         m_edit->setText(text.left(head) + better + text.right(tail));
         m_edit->setCursorPosition(int(head + better.size()));
     }
@@ -210,6 +215,7 @@ public:
             qobject_cast<QMenu *>(watched) || qobject_cast<QMenuBar *>(watched))
             return QObject::eventFilter(watched, event);
         const auto &key = *static_cast<QKeyEvent *>(event);
+        // AltGr, which comes as Ctrl and Alt, types characters on many keyboards.
         const bool alone = (key.modifiers() & ~Qt::ShiftModifier) == Qt::AltModifier;
         return alone && !key.text().isEmpty() && key.text().front().isPrint();
     }
@@ -261,6 +267,7 @@ void keepOnOneLine(QLineEdit *edit)
 
 void keepAltFromTyping(QApplication &application)
 {
+    // At the application, so that it is asked before each control.
     application.installEventFilter(new AltFilter(&application));
 }
 

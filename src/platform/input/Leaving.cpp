@@ -53,6 +53,7 @@ public:
 
     bool mayLeave()
     {
+        // A rule that asks the user moves the focus, and must not be asked again by that.
         if (m_asking || !m_control->isEnabled() || !m_control->isVisible())
             return true;
         m_asking = true;
@@ -82,6 +83,7 @@ private:
 
     void focusMoved(QWidget *left, QWidget *next)
     {
+        // To another window, a menu or nowhere is no leaving: the user comes back.
         if (m_asking || !left || !next || !isOwn(left) || isOwn(next) || !byUser() ||
             next->window() != m_control->window())
             return;
@@ -93,6 +95,7 @@ private:
         QMetaObject::invokeMethod(
             m_control,
             [control = m_control, pressed] {
+                // The button has been pressed and will not see the release that ends it.
                 if (auto *button = qobject_cast<QAbstractButton *>(pressed.data()))
                     button->setDown(false);
                 control->setFocus(Qt::OtherFocusReason);

@@ -49,6 +49,7 @@ LinkLabel::LinkLabel(const QString &text, QWidget *parent)
     , m_normal(theme::mainColor())
     , m_highlighted(theme::accentColor())
 {
+    // Once for the program: the factory makes the interfaces of all links.
     static const bool announced = (QAccessible::installFactory(accessibleLink), true);
     Q_UNUSED(announced)
     setTextFormat(Qt::PlainText);
@@ -80,6 +81,7 @@ void LinkLabel::updateLook()
     colors.setColor(QPalette::Active, QPalette::WindowText, color);
     colors.setColor(QPalette::Inactive, QPalette::WindowText, color);
     setPalette(colors);
+    // Only then, since setting a font comes back here as a change of font.
     if (!font().underline()) {
         QFont underlined = font();
         underlined.setUnderline(true);
@@ -109,6 +111,7 @@ void LinkLabel::mousePressEvent(QMouseEvent *event)
 
 void LinkLabel::mouseReleaseEvent(QMouseEvent *event)
 {
+    // A press that is dragged away and let go elsewhere was a slip.
     const bool clickedHere = m_pressed && rect().contains(event->position().toPoint());
     m_pressed = false;
     event->accept();

@@ -74,6 +74,7 @@ std::optional<QString> Mask::fitted(QStringView text) const
             place = placeFrom(place + 1);
         } else if (!m_pattern.contains(character) || character == u'#' || character == u'?' ||
                    character == u'M') {
+            // Separators of the pattern may stand anywhere; all else would get lost.
             return std::nullopt;
         }
     }
@@ -96,8 +97,10 @@ std::optional<Mask::Edit> Mask::typed(const QString &text, int caret, QChar char
         if (m_pattern[i] == character)
             return Edit{text, caret};
     }
+    // A blank skips a place, so that it can be left open.
     if (place < length() && character == blank)
         return Edit{cleared(text, place, place + 1), place + 1};
+    // A fixed character jumps behind itself: "12:" goes to the minutes.
     for (int i = caret; i < length(); ++i) {
         if (!isPlace(i) && m_pattern[i] == character)
             return Edit{text, i + 1};

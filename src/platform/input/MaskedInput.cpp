@@ -24,6 +24,7 @@ QSize MaskedInput::sizeHint() const
 {
     ensurePolished();
     QString widest = emptyText();
+    // A full box is the widest: blanks are narrower than digits until they are widened.
     widest.replace(u' ', u'0');
     const QMargins margins = textMargins();
     const QFontMetrics metrics = fontMetrics();
@@ -45,9 +46,11 @@ void MaskedInput::changeEvent(QEvent *event)
 void MaskedInput::widenBlanks()
 {
     QFont wide = font();
+    // From its own width, and not from what an earlier font has made of it.
     wide.setWordSpacing(0);
     const QFontMetricsF metrics(wide);
     wide.setWordSpacing(metrics.horizontalAdvance(u'0') - metrics.horizontalAdvance(u' '));
+    // Setting a font tells of a change of font, which comes back here.
     if (!qFuzzyCompare(1 + wide.wordSpacing(), 1 + font().wordSpacing()))
         setFont(wide);
 }
@@ -102,8 +105,10 @@ void MaskedInput::typeText(const QString &characters)
         edit.caret = selectionStart();
         edit.text = m_mask.cleared(edit.text, edit.caret, edit.caret + selectionLength());
     }
+    // At the end of an empty box, where a click may have put the caret, the first place is meant.
     if (edit.text == emptyText() && m_mask.placeFrom(edit.caret) == m_mask.length())
         edit.caret = 0;
+    // Characters that fit nowhere are passed over: a pasted number may be written in another form.
     bool taken = false;
     for (const QChar character : characters) {
         if (const auto next = typedInto(edit.text, edit.caret, character)) {
@@ -124,8 +129,10 @@ bool MaskedInput::eraseKey(QKeyEvent *event)
         start = selectionStart();
         end = start + selectionLength();
     } else if (event->modifiers() & Qt::ControlModifier) {
+        // With Ctrl everything before or behind the caret goes, as in any box.
         (back ? start : end) = back ? 0 : m_mask.length();
     } else if (back) {
+        // Over fixed characters to the place before them.
         start = m_mask.placeBefore(start);
         if (start < 0)
             return true;
@@ -138,6 +145,7 @@ bool MaskedInput::eraseKey(QKeyEvent *event)
 
 void MaskedInput::keyPressEvent(QKeyEvent *event)
 {
+    // A stored text that is none of the pattern is edited as in a plain box.
     if (isReadOnly() || !m_mask.fits(text())) {
         QLineEdit::keyPressEvent(event);
         return;
@@ -178,6 +186,7 @@ void MaskedInput::inputMethodEvent(QInputMethodEvent *event)
         QLineEdit::inputMethodEvent(event);
         return;
     }
+    // What input methods and dead keys put together comes here and not as a key.
     typeText(event->commitString());
     event->accept();
 }

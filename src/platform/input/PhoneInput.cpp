@@ -14,6 +14,8 @@ PhoneInput::PhoneInput(QWidget *parent)
 bool PhoneInput::digitsInPlace() const
 {
     const QString number = text();
+    // Counted from 1. The place of the last digit is not looked at: numbers of nine digits have
+    // always been taken.
     for (int position = 2; position <= 13; ++position) {
         if (position == 5 || position == 6 || position == 10)
             continue;

@@ -44,12 +44,14 @@ ProgressBox::~ProgressBox() = default;
 
 void ProgressBox::tell(int done, int all)
 {
+    // Asked for each row of a long step: a look at the clock is all that most of them may cost.
     if (m_clock.elapsed() < m_next)
         return;
     if (!m_window)
         open();
     m_bar->setRange(0, all);
     m_bar->setValue(done);
+    // Whatever an event runs meanwhile is no part of the step, nor are its errors.
     const base::Interlude interlude;
     QCoreApplication::processEvents();
     m_next = m_clock.elapsed() + Interval;
@@ -86,6 +88,7 @@ void ProgressBox::open()
     if (!m_cancelCaption.isEmpty()) {
         auto *button = new QPushButton(m_cancelCaption, m_window.get());
         button->setObjectName(QStringLiteral("cmdCancel"));
+        // The step itself looks at the answer at its next safe place.
         step.cancel = [this, button] {
             m_cancelled = true;
             button->setEnabled(false);

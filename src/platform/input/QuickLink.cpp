@@ -44,6 +44,7 @@ bool QuickLink::event(QEvent *event)
 
 void QuickLink::keyPressEvent(QKeyEvent *event)
 {
+    // A button of the toolkit takes Space alone; links are followed by Enter too.
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         click();
     else

@@ -13,6 +13,7 @@ SpinInput::SpinInput(QWidget *parent)
     setRange(1, 99999);
     setGroupSeparatorShown(false);
     setFocusPolicy(Qt::StrongFocus);
+    // Five digits reach the largest number.
     lineEdit()->setMaxLength(5);
     connect(lineEdit(), &QLineEdit::textEdited, this, &SpinInput::edited);
 }
@@ -28,6 +29,7 @@ void SpinInput::keyPressEvent(QKeyEvent *event)
 
 void SpinInput::wheelEvent(QWheelEvent *event)
 {
+    // As in IdCombo: the wheel scrolls the form.
     if (hasFocus())
         QSpinBox::wheelEvent(event);
     else
@@ -48,6 +50,7 @@ QValidator::State SpinInput::validate(QString &text, int &) const
         text, [](QChar character) { return character >= u'0' && character <= u'9'; });
     if (!digits || text.toLongLong() > maximum())
         return QValidator::Invalid;
+    // An empty box or a 0 may be on its way to a number.
     return text.toInt() < minimum() ? QValidator::Intermediate : QValidator::Acceptable;
 }
 

@@ -44,6 +44,7 @@ void drawField(QPainter *painter, const QStyleOption *option, bool readOnly)
     const bool enabled = option->state & QStyle::State_Enabled;
     const bool focused = enabled && option->state & QStyle::State_HasFocus;
     const bool hovered = enabled && option->state & QStyle::State_MouseOver;
+    // A box that takes nothing has the ground of its form.
     const QColor fill = enabled && !readOnly ? option->palette.color(QPalette::Base) : panelColor();
     const QColor line = focused   ? selectionColor()
                         : hovered ? mainColor()
@@ -58,6 +59,7 @@ void drawButton(QPainter *painter, const QStyleOption *option)
     const bool down = option->state & (QStyle::State_Sunken | QStyle::State_On);
     const bool hovered = enabled && option->state & QStyle::State_MouseOver;
     const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
+    // The button that Enter presses has the stronger line.
     const bool isDefault =
         enabled && button && button->features & QStyleOptionButton::DefaultButton;
     const QColor ground = option->palette.color(QPalette::Button);
@@ -73,6 +75,7 @@ void drawButton(QPainter *painter, const QStyleOption *option)
 
 void drawChevron(QPainter *painter, const QRect &rectangle, bool up, const QColor &color)
 {
+    // Smaller in narrow boxes, so that it stays within its button.
     const qreal reach = std::min(4.0, rectangle.height() * 0.3);
     const QPointF middle = QRectF(rectangle).center();
     const qreal rise = up ? -reach / 2 : reach / 2;
@@ -158,6 +161,7 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption *option, 
         drawButton(painter, option);
         return;
     case PE_PanelLineEdit:
+        // Boxes without a frame, as those in grids and lists, keep their ground.
         if (const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
             frame && frame->lineWidth > 0) {
             drawField(painter, option, option->state & State_ReadOnly);
@@ -293,6 +297,8 @@ int Style::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *
     // Half the menus have no letter to be opened with.
     case SH_MenuBar_AltKeyNavigation:
         return 1;
+    // No shadow behind disabled text, which is hard to read; no pictures on the buttons of boxes;
+    // and a click in a list only selects, a double click opens.
     case SH_EtchDisabledText:
     case SH_DialogButtonBox_ButtonsHaveIcons:
     case SH_ItemView_ActivateItemOnSingleClick:
@@ -305,6 +311,7 @@ int Style::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *
 int Style::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const
 {
     switch (metric) {
+    // A pressed button darkens and doesn't move.
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical:
         return 0;

@@ -26,6 +26,7 @@ void setForeground(QWidget *control, const QColor &color,
                    QPalette::ColorRole role = QPalette::WindowText)
 {
     QPalette colors = control->palette();
+    // Not the disabled one, which has to look disabled.
     colors.setColor(QPalette::Active, role, color);
     colors.setColor(QPalette::Inactive, role, color);
     control->setPalette(colors);
@@ -105,6 +106,7 @@ bool isOwnPart(const QWidget *control)
 QFont font(int points, bool bold)
 {
     QFont result;
+    // The first that the computer has; all three have the same widths, by which forms are laid out.
     result.setFamilies(
         {QStringLiteral("Arial"), QStringLiteral("Liberation Sans"), QStringLiteral("Helvetica")});
     result.setStyleHint(QFont::SansSerif);
@@ -134,8 +136,10 @@ void install(QApplication &application)
 void ApplyFormColors(QWidget *form)
 {
     setBackground(form, QPalette::Window, formColor());
+    // Each by its kind, whether a builder or the screen has made it.
     const QList<QWidget *> controls = form->findChildren<QWidget *>();
     for (QWidget *control : controls) {
+        // Dialogs that a form has opened dress themselves.
         if (!control->isWindow() && !isOwnPart(control) && !control->property(OwnLook).toBool())
             applyTo(control);
     }

@@ -15,6 +15,7 @@ std::optional<QString> completedTime(const QString &text)
 {
     const QString padded = text.leftJustified(6, u' ', true);
     const QString hour = twoDigits(padded.left(2));
+    // Thirteen o'clock with an A or P behind it would be two times.
     if (hour.toInt() > 12)
         return std::nullopt;
     const QChar half = padded[5] == u' ' ? QChar(u'A') : padded[5].toUpper();
@@ -36,6 +37,7 @@ QTime TimeInput::time() const
     const int minute = twoDigits(shown.mid(3, 2)).toInt(&minuteGiven);
     if (!hourGiven || !minuteGiven)
         return {};
+    // 12 PM is noon and stays, 12 AM is midnight.
     if (shown[5] == u'P' && hour < 12)
         hour += 12;
     else if (shown[5] != u'P' && hour == 12)
@@ -70,6 +72,7 @@ std::optional<QString> TimeInput::broughtIn(const QString &text) const
         return mask().fitted(text);
     // Hours and minutes of one digit stand at their colon, not at the left.
     QString spread = text.left(colon).trimmed().rightJustified(2, u'0') + text.mid(colon);
+    // "8:30 PM" of a stored text.
     spread.remove(u' ');
     return mask().fitted(spread.left(mask().length()));
 }
