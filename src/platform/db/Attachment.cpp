@@ -50,6 +50,7 @@ std::span<const unsigned char> blockOf(Transaction::Mode mode)
 /// What the engine is told whether the file is made or opened.
 void addCommonParameters(ParameterBlock &block, const Target &target)
 {
+    // First, since it says how the names behind it are written.
     block.tag(isc_dpb_utf8_filename);
     block.text(isc_dpb_user_name, target.user);
     if (!target.host.isEmpty())
@@ -68,6 +69,7 @@ QByteArray placeOf(const Target &target)
 
 QByteArray identityOf(const Target &target)
 {
+    // One file may be reached by several paths, and its connections have to know each other.
     return target.host.isEmpty() ? QFileInfo(target.file).canonicalFilePath().toUtf8()
                                  : placeOf(target);
 }
@@ -93,6 +95,7 @@ Transaction::~Transaction()
 
 Transaction &Transaction::operator=(Transaction &&other) noexcept
 {
+    // What this one held is rolled back at the end, with its own status.
     Transaction former;
     former.m_status = m_status;
     former.m_transaction = std::move(m_transaction);
@@ -130,6 +133,8 @@ Attachment::Attachment(const Target &target, Disposition disposition)
             m_use.emplace(target.file);
         return;
     }
+    // Marked before it attaches: a program with other locks is refused before the engine has
+    // touched the file.
     if (target.host.isEmpty())
         m_use.emplace(target.file);
     attach(target, false);
@@ -173,6 +178,7 @@ bool Attachment::hasForcedWrites()
 
 void Attachment::executeAlone(const QString &statement)
 {
+    // In a transaction of its own, which waits a second for whoever is just leaving the table.
     Transaction transaction(*this, Transaction::Mode::Ddl);
     const QByteArray text = utf8(statement);
     m_attachment->execute(&m_status, transaction.get(), static_cast<unsigned>(text.size()),

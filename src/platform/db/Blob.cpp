@@ -36,6 +36,7 @@ QByteArray readBlob(ISC_QUAD id, const Context &context)
     for (;;) {
         unsigned length = 0;
         const int result = blob->getSegment(&status, segmentSize, segment.data(), &length);
+        // The last piece comes together with the news that it is the last.
         content.append(segment.constData(), static_cast<qsizetype>(length));
         if (result == Firebird::IStatus::RESULT_NO_DATA ||
             result == Firebird::IStatus::RESULT_ERROR)

@@ -34,6 +34,7 @@ sql::Schema readCatalogue(const Context &context)
     sql::Table table;
     for (int row = 0; row < rows->rowCount(); ++row) {
         const QString name = textOf(*rows, row, TableName);
+        // The columns come sorted by table, each in its place.
         if (name != table.name && !table.name.isEmpty())
             schema.add(std::exchange(table, {}));
         table.name = name;

@@ -37,6 +37,7 @@ ClosedFile::ClosedFile(const QString &file)
     : m_file(file)
     , m_descriptor(-1)
 {
+    // A backup that was never ended keeps the latest rows in a file beside this one.
     endAbandonedBackup(file);
     m_descriptor = ::open(QFile::encodeName(file).constData(), O_RDONLY | O_CLOEXEC);
     if (m_descriptor < 0)
@@ -82,6 +83,8 @@ void ClosedFile::replaceBy(const QString &file)
     bringToDisk(file);
     if (::rename(QFile::encodeName(file).constData(), QFile::encodeName(m_file).constData()) != 0)
         throw engine::fileError(errno, m_file);
+    // The name is in the folder, which has to reach the disk too before the old file may be
+    // forgotten.
     synchronise(QFileInfo(m_file).absolutePath(), O_RDONLY | O_DIRECTORY);
 }
 

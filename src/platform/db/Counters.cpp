@@ -37,6 +37,7 @@ std::vector<Counter> countersOf(const Target &target)
                 {textOf(*rows, row, 0), textOf(*rows, row, 1), last->integer(0, 0) + 1});
         }
     }
+    // By hand, so that a failure is told and not swallowed by the destructor.
     attachment.detach();
     return counters;
 }

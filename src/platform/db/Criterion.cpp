@@ -113,6 +113,8 @@ bool fitsPattern(QStringView text, QStringView pattern)
         } else if (!pattern.isEmpty() && takeOne(pattern, text.front())) {
             text = text.sliced(1);
         } else if (canRetry) {
+            // The asterisk takes one character more. An earlier one needn't be tried again:
+            // whatever it could take, the latest can.
             retryText = retryText.sliced(1);
             text = retryText;
             pattern = retryPattern;
@@ -172,6 +174,7 @@ void Criterion::readOperator(QStringView &rest)
         {u"like", Operator::Like},
     }};
     for (const auto &[symbol, meaning] : operators) {
+        // Longer signs stand before those that they begin with.
         if (rest.startsWith(symbol, Qt::CaseInsensitive)) {
             m_operator = meaning;
             rest = rest.sliced(symbol.size()).trimmed();
@@ -276,6 +279,7 @@ bool Criterion::matches(int row) const
     if (!m_value.isValid())
         return (m_operator == Operator::Equal && null) ||
                (m_operator == Operator::NotEqual && !null);
+    // Null is neither equal nor unequal to a value.
     if (null)
         return false;
     switch (m_operator) {

@@ -24,6 +24,7 @@ constexpr unsigned shutdownWait = 10'000; // milliseconds
 
 Firebird::IMaster *master()
 {
+    // The engine reads its folder from the environment at the first call, and never again.
     static Firebird::IMaster *const instance = [] {
         prepareEngineHome();
         return Firebird::fb_get_master_interface();

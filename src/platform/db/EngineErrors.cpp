@@ -49,6 +49,7 @@ Messages messagesOf(const intptr_t *status)
         const bool counted = kind == isc_arg_cstring;
         const intptr_t length = counted ? *item++ : -1;
         const intptr_t value = *item++;
+        // An argument without a message before it says nothing.
         if (result.empty())
             continue;
         Message &message = result.back();

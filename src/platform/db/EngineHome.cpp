@@ -57,6 +57,7 @@ void makeLink(const QString &target, const QString &link)
     if (length == wanted.size() &&
         wanted == QByteArray::fromRawData(present.data(), static_cast<int>(length)))
         return;
+    // Under a name of this process alone, then renamed over the old one.
     const QByteArray fresh = place + '.' + QByteArray::number(::getpid());
     ::unlink(fresh.constData());
     if (::symlink(wanted.constData(), fresh.constData()) != 0 ||
@@ -69,6 +70,7 @@ void makeLink(const QString &target, const QString &link)
 void writeWhenDifferent(const QString &path, const QByteArray &content)
 {
     QFile present(path);
+    // Programs that run already read this file; only a change is worth the risk of writing it.
     if (present.open(QIODevice::ReadOnly) && present.readAll() == content)
         return;
     QSaveFile file(path);
@@ -164,10 +166,12 @@ QString chosenLockFolder()
 void clearWhenAlone(const QString &folder)
 {
     const QByteArray path = QFile::encodeName(folder + u"/in-use"_s);
+    // Never closed: the lock on it has to last as long as the process.
     const int file = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW,
                             S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP);
     if (file < 0)
         return;
+    // Whoever comes meanwhile waits at the shared lock.
     if (::flock(file, LOCK_EX | LOCK_NB) == 0) {
         QDir left(folder);
         for (const QString &name : left.entryList({u"fb*_*"_s}, QDir::Files | QDir::System))
@@ -189,6 +193,7 @@ void prepare()
             makeLink(installed + u'/' + part, home + u'/' + part);
     }
     writeWhenDifferent(home + u"/firebird.conf"_s, settings());
+    // Before the engine is loaded, which looks for its parts there.
     qputenv("FIREBIRD", QFile::encodeName(home));
     clearWhenAlone(engineLockFolder());
     qputenv("FIREBIRD_LOCK", QFile::encodeName(engineLockFolder()));

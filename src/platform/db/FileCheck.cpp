@@ -60,8 +60,11 @@ qint64 neededLength(QFile &file, qint64 pageSize)
     const qint64 pagesEach = (pageSize - bitsAt) * 8;
     qint64 needed = 2 * pageSize;
     for (qint64 sequence = 0;; ++sequence) {
+        // The first of these pages is the file's second one, each further one the last that its
+        // predecessor answers for.
         const qint64 at = sequence == 0 ? 1 : sequence * pagesEach - 1;
         const QByteArray page = bytesAt(file, at * pageSize, bitsAt);
+        // Where the inventory should stand and doesn't, something is missing at least up to there.
         if (page.size() < bitsAt || page[0] != inventoryPage)
             return std::max(needed, (at + 1) * pageSize);
         const qint64 used = numberAt<quint32>(page, usedAt);
@@ -88,6 +91,7 @@ bool holdsAll(QFile &file, const QByteArrayList &names)
         const QByteArray next = file.read(blockSize);
         if (next.isEmpty())
             return false;
+        // Names of tables stand in the file as they were written, in one case or the other.
         block += next.toUpper();
         std::erase_if(missing,
                       [&](const QByteArrayMatcher &name) { return name.indexIn(block) >= 0; });

@@ -69,6 +69,7 @@ public:
     /// Reports what the disk refuses only at the end.
     void finish()
     {
+        // Some devices have nothing to bring to a disk.
         if (::fsync(m_descriptor) != 0 && errno != EINVAL)
             fail(m_file);
         if (::close(std::exchange(m_descriptor, -1)) != 0)
@@ -132,6 +133,7 @@ FreeFile::~FreeFile()
 void FreeFile::test()
 {
     m_isFree = ::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0;
+    // Given back at once: the question must not keep anybody out.
     if (m_isFree)
         ::flock(m_descriptor, LOCK_UN);
 }
@@ -144,6 +146,8 @@ bool FreeFile::isDiverted() const
 
 bool FreeFile::copyTo(const QString &destination)
 {
+    // Nobody is kept out while it is copied. If somebody came, his lock or what he changed shows at
+    // the end, and the copy doesn't count.
     const FileState before = stateOf(m_descriptor);
     constexpr std::size_t blockSize = 1 << 20;
     Descriptor output(destination, O_WRONLY | O_CREAT | O_EXCL);
@@ -185,6 +189,7 @@ void finishEngineCopy(const QString &file)
 PartialFile::PartialFile(const QString &destination, const QString &suffix)
     : m_path(base::preparedName(destination, suffix))
 {
+    // What a program that was ended has left.
     QFile::remove(m_path);
 }
 

@@ -15,6 +15,7 @@ Gradual::Source::Source(std::unique_ptr<engine::Statement> statement,
 bool Gradual::Source::fetch(int rows)
 {
     if (m_cursor && !m_statement->fetchSome(*m_cursor.get(), *m_rows, rows, m_context))
+        // At once, for an open cursor keeps its transaction's old rows alive.
         m_cursor = {};
     return !isComplete();
 }

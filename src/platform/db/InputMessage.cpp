@@ -42,6 +42,8 @@ qint64 scaled(qint64 value, qint64 divisor)
     return result;
 }
 
+/// A number that is wider than its column is sent wider: compared, it is merely not found, and
+/// stored, the engine refuses it in its own words.
 bool fitsWidth(qint64 value, unsigned type)
 {
     switch (type) {
@@ -89,6 +91,7 @@ const QString *textIn(const QVariant &value)
 void writeText(unsigned char *place, unsigned room, const QVariant &value)
 {
     auto *const bytes = reinterpret_cast<char *>(place + sizeof(quint16));
+    // Most texts surely fit, and go into the message without a copy.
     if (const auto *text = textIn(value);
         text && text->size() * bytesPerUnit <= static_cast<qsizetype>(room)) {
         QStringEncoder encoder(QStringEncoder::Utf8);
@@ -141,6 +144,7 @@ InputMessage::Bound InputMessage::bound(const QVariant &value)
     case QMetaType::UnknownType:
     case QMetaType::Nullptr:
         return {};
+    // The two that come by the thousand stand first.
     case QMetaType::LongLong:
         return {Form::Whole, value.toLongLong()};
     case QMetaType::Int:
@@ -181,6 +185,7 @@ bool InputMessage::bind(std::span<const QVariant *const> values, const Context &
         if (!chooseField(i, *values[i], changed))
             return false;
     }
+    // The form stays as wide as it has become, so that a loop changes it once.
     if (changed)
         rebuild();
     for (std::size_t i = 0; i < values.size(); ++i)
@@ -229,6 +234,7 @@ bool InputMessage::chooseField(std::size_t parameter, const QVariant &value, boo
         break;
     }
     unsigned length = widthOf(type, described.length);
+    // A text for whatever column: the engine reads numbers and dates from it.
     if (form.form == Form::Text && described.type != SQL_BLOB) {
         type = SQL_VARYING;
         const auto *text = textIn(value);
@@ -260,9 +266,11 @@ void InputMessage::rebuild()
         const Field &field = m_fields[i];
         builder->setType(&m_status, i, field.type);
         builder->setLength(&m_status, i, field.length);
+        // The scale belongs to exact numbers; any other type refuses one.
         if (!field.isExact())
             builder->setScale(&m_status, i, 0);
         if (field.type == SQL_VARYING && !m_described[i].isText())
+            // A field that was no text has no character set to take over.
             builder->setCharSet(&m_status, i, utf8CharSet);
     }
     m_metadata.reset(builder->getMetadata(&m_status));

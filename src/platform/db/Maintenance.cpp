@@ -155,6 +155,7 @@ void createDatabase(const Target &target)
         for (const QString &statement : sql::EngineTypes::preparationStatements())
             attachment.executeAlone(statement);
     } catch (const DbError &) {
+        // A half-made file would pass for a database.
         attachment.drop();
         throw;
     }
@@ -169,6 +170,7 @@ bool isHeld(const QString &file)
 void endAbandonedBackup(const QString &file)
 {
     const FreeFile source(file);
+    // Of a file in use the backup may be running.
     if (source.isFree() && source.isDiverted())
         endStaleBackup(localFile(file));
 }
@@ -187,6 +189,7 @@ void backupOnline(const Target &source, const QString &destinationFile)
     FreeFile file(source.file);
     if (file.isFree() && file.isDiverted())
         endStaleBackup(source);
+    // Also when somebody came while it was copied byte by byte.
     if (!file.isFree() || !file.copyTo(copy.path()))
         copyInUse(source, copy.path());
     copy.moveTo(destinationFile);

@@ -59,6 +59,8 @@ OutputMessage::OutputMessage(Ref<Firebird::IMessageMetadata> metadata, const sql
         const auto i = static_cast<unsigned>(columns.size());
         RowLayout::Column column = columnOf(field);
         column.name = QString::fromUtf8(m_metadata->getAlias(&status, i));
+        // The engine knows small whole numbers only: that one is a Yes/No shows in the table from
+        // which it comes.
         if (schema && column.kind == Kind::Integer) {
             const sql::Table *table =
                 schema->find(QString::fromUtf8(m_metadata->getRelation(&status, i)));
@@ -76,6 +78,7 @@ OutputMessage::OutputMessage(Ref<Firebird::IMessageMetadata> metadata, const sql
 
 void OutputMessage::renameColumn(int column, const QString &name)
 {
+    // The layout may be shared by rows that are out already.
     std::vector<RowLayout::Column> columns = m_layout->columns();
     columns[column].name = name;
     m_layout = std::make_shared<const RowLayout>(std::move(columns));
@@ -83,6 +86,8 @@ void OutputMessage::renameColumn(int column, const QString &name)
 
 void OutputMessage::appendTo(RowData &rows, const Context &context) const
 {
+    // Runs for each cell of all rows: everything that can be known before has been worked out in
+    // m_columns.
     const unsigned char *const message = m_buffer.data();
     const int count = static_cast<int>(m_columns.size());
     for (int i = 0; i < count; ++i) {
@@ -124,6 +129,7 @@ void OutputMessage::appendNumber(RowData &rows, int i, const unsigned char *plac
         return rows.addInteger(i, *place != 0 ? -1 : 0);
     case SQL_TIMESTAMP: {
         const auto stamp = load<ISC_TIMESTAMP>(place);
+        // Whole milliseconds; the engine's ten-thousandths of a second are nobody's.
         return rows.addInteger(i, (stamp.timestamp_date - epochDay) * millisecondsPerDay +
                                       stamp.timestamp_time / unitsPerMillisecond);
     }

@@ -54,6 +54,7 @@ void Peer::askOthersToRelease()
 {
     const std::lock_guard lock(registry().mutex);
     for (Peer *peer : registry().peers) {
+        // Another thread may be in the midst of a statement, which nobody can take from it.
         if (peer != this && peer->m_database == m_database &&
             peer->m_thread.load() == std::this_thread::get_id())
             peer->m_letGo();

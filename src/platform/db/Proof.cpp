@@ -41,6 +41,8 @@ RowCounts backupProven(const Target &source, const QString &destination)
 {
     PartialFile copy(destination, u".unproven~"_s);
     for (int attempt = 1;; ++attempt) {
+        // Others go on writing, so that the copy has to lie between what was there before and
+        // after.
         const RowCounts before = countRows(source);
         backupOnline(source, copy.path());
         const RowCounts after = countRows(source);

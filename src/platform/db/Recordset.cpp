@@ -40,6 +40,7 @@ QString textOf(std::string_view text)
 
 std::shared_ptr<const RowData> noRows()
 {
+    // A recordset always has rows to ask, if none at all: nobody has to look for null.
     static const auto empty = std::make_shared<const RowData>(
         std::make_shared<const RowLayout>(std::vector<RowLayout::Column>()));
     return empty;
@@ -261,6 +262,7 @@ bool Recordset::Find(QStringView criterion, int from)
 {
     const Criterion wanted(criterion, *m_data);
     const int found = wanted.firstMatch(std::max(from, 0));
+    // As it always has been: what finds nothing stands behind the last row.
     m_position = found < 0 ? RecordCount() : found;
     return found >= 0;
 }
@@ -282,6 +284,7 @@ Recordset Recordset::orderedBy(const QList<QStringView> &columns) const
     std::iota(order.begin(), order.end(), 0);
     std::ranges::stable_sort(order, [&](int left, int right) {
         for (const int column : places) {
+            // Null comes first, as the engine sorts it.
             const auto keyOf = [&](int row) {
                 const bool known = !m_data->isNull(row, column);
                 return std::pair(known, known ? m_data->integer(row, column) : 0);
@@ -323,6 +326,7 @@ Recordset Recordset::withoutTexts(QStringView column, const QStringList &keys) c
         return Clone();
     QSet<QString> folded;
     for (const QString &key : keys)
+        // Text keys are compared without regard to case, as in the database.
         folded.insert(key.toCaseFolded());
     return only(column,
                 [&](const Row &row) { return !folded.contains(row.text(column).toCaseFolded()); });

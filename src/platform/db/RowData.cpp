@@ -24,10 +24,12 @@ std::size_t nameHash(QStringView name)
 RowLayout::RowLayout(std::vector<Column> columns)
     : m_columns(std::move(columns))
 {
+    // At most half full, so that a name is found at the first or second look.
     const std::size_t size = std::bit_ceil(m_columns.size() * 2 + 1);
     m_names.assign(size, -1);
     for (std::size_t column = 0; column < m_columns.size(); ++column) {
         std::size_t place = nameHash(m_columns[column].name) & (size - 1);
+        // Of equal names the first one stays nearer to its place, and is the one that is found.
         while (m_names[place] >= 0)
             place = (place + 1) & (size - 1);
         m_names[place] = static_cast<qint32>(column);
@@ -54,9 +56,11 @@ void RowData::addNull(int column)
 {
     Column &c = m_columns[column];
     const auto word = static_cast<std::size_t>(m_rows) / 64;
+    // A column without Null costs nothing for it.
     if (c.nulls.size() <= word)
         c.nulls.resize(word + 1);
     c.nulls[word] |= quint64(1) << (m_rows % 64);
+    // A value all the same, so that a row's number finds its place in the column.
     switch (storage(column)) {
     case Storage::Integer:
     case Storage::Date:

@@ -69,6 +69,7 @@ Service::~Service()
 
 void Service::start(ParameterBlock &task)
 {
+    // The engine doesn't tell the thread of a task; it is the one that wasn't there before.
     const QStringList before = runningThreads();
     m_service->start(&m_status, task.length(), task.data());
     for (const QString &thread : runningThreads()) {

@@ -31,6 +31,7 @@ off_t ownMark()
         {};
         ::stat(QFile::encodeName(engineLockFolder()).constData(), &folder);
         QCryptographicHash hash(QCryptographicHash::Sha256);
+        // Two computers may give their folders the same numbers.
         hash.addData(QSysInfo::machineUniqueId());
         hash.addData(QByteArray::number(static_cast<qulonglong>(folder.st_dev)) + ' ' +
                      QByteArray::number(static_cast<qulonglong>(folder.st_ino)));
@@ -68,6 +69,7 @@ bool isMarked(int descriptor, off_t from, off_t length)
 SharedUse::SharedUse(const QString &file)
     : m_descriptor(::open(QFile::encodeName(file).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK))
 {
+    // The engine says what is wrong with a file that can't be opened.
     if (m_descriptor < 0)
         return;
     const off_t own = ownMark();

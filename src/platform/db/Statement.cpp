@@ -48,6 +48,7 @@ std::shared_ptr<RowData> Statement::fetch(const Context &context)
     Ref<Firebird::IResultSet> cursor = openCursor(context);
     while (fetchSome(*cursor.get(), *rows, std::numeric_limits<int>::max(), context)) {
     }
+    // Closed by hand, for a failure of the last rows would get lost with the cursor.
     cursor->close(&m_status);
     cursor.take();
     rows->squeeze();

@@ -29,6 +29,7 @@ Shape *StatementCache::find(const QString &key)
     if (found == m_byKey.constEnd())
         return nullptr;
     const auto entry = *found;
+    // To the front: what has not been used for longest stands at the back and goes first.
     if (entry != m_entries.begin())
         m_entries.splice(m_entries.begin(), m_entries, entry);
     return &entry->shape;
@@ -63,6 +64,7 @@ CachedPlan &StatementCache::add(Shape &shape, std::unique_ptr<CachedPlan> plan)
 
 void StatementCache::makeRoom(const Shape &kept)
 {
+    // Never the shape whose plan is just being added: the caller holds it.
     while (m_planCount >= MaximumPlans && &m_entries.back().shape != &kept) {
         m_planCount -= static_cast<int>(m_entries.back().shape.plans.size());
         m_byKey.remove(m_entries.back().key);

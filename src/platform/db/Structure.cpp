@@ -65,6 +65,7 @@ QStringList linesOf(const Target &target, const QStringList &queries)
             lines << linesOf(attachment, transaction, query);
     }
     attachment.detach();
+    // Two databases with the same tables give the same lines, in whatever order they were made.
     std::ranges::sort(lines);
     return lines;
 }
