@@ -32,6 +32,7 @@ QString wordAt(const Command &command, int position)
 
 void newWorkOrder(const Command &command, Run &run)
 {
+    // All values are read before the first statement, whatever comes of the id.
     const QString id = wordAt(command, 0);
     const QDateTime completed = spliced::date(command.at(2));
     const QString machine = quotedAt(command, 3);
@@ -54,6 +55,7 @@ void newWorkOrder(const Command &command, Run &run)
 QString orderOf(const Command &command, const Run &run)
 {
     const QString order = quotedAt(command, 3);
+    // A number is the office's own order, a name one that the device has made.
     if (spliced::isNumeric(order))
         return order;
     const qint64 known = run.ids.IsIDExist(IdMap::Kind::WorkOrder, wordAt(command, 3));
@@ -138,6 +140,7 @@ QString conditionOf(const Command &command, int column)
 void recordCrew(const Command &command, Run &)
 {
     const QVariant crew = spliced::bare(command.at(6));
+    // The crew may have been deleted while the device was out; the machine stays where it is then.
     if (!IsCrewExist(crew))
         return;
     const qint64 machine = spliced::bareInteger(command.at(2));
@@ -217,6 +220,7 @@ qint64 storeReading(const Command &command)
 void countReading(const Command &command, Run &run)
 {
     const qint64 machine = storeReading(command);
+    // An unknown word goes by the type of the reading before it, as it always has.
     if (const QString &type = command.at(2); !readings::periodCode(type).isEmpty())
         run.countType = type;
     if (readings::isInProcess(machine, run.countType)) {

@@ -100,11 +100,13 @@ void appendRecord(Written &written, const db::Recordset &rows, int row,
 
 void append(Written &written, const Section &section)
 {
+    // Under the name of its own procedure, by which the error log knows it.
     base::trapped(Module, section.procedure, [&] {
         const db::Recordset rows = section.rows();
         if (rows.isEmpty())
             return;
         std::vector<int> columns;
+        // Looked up once for all rows.
         for (const Attribute &attribute : section.attributes)
             columns.push_back(attribute.column.isEmpty() ? -1 : rows.columnIndex(attribute.column));
         written.text += u'<' + section.element.toString() + u'>';
@@ -315,12 +317,14 @@ bool GenrateXML(bool &failed)
             told::critical(fault->text());
             return false;
         }
+        // No failure: the dialog tries again until there is something.
         if (!hasSections(text)) {
             failed = false;
             told::information(u"There is not data for exporting"_s);
             return false;
         }
         sys::makeFolder(base::applicationPath(u"\\XML_OUT"_s));
+        // In one step: the program that carries the file never finds half of it.
         sys::writeFile(exportedFile(), text);
         failed = false;
         told::information(u"Quorvantis records have been exported successfully.\n"

@@ -37,6 +37,8 @@ bool tableExists()
 void IdMap::prepare()
 {
     if (tableExists()) {
+        // The ids of a device begin anew after each exchange, and an old one would bring a part to
+        // another's order.
         dataConnection().Execute(u"delete * from tblWotemp"_s);
         return;
     }
@@ -63,6 +65,7 @@ bool IdMap::record(Kind kind, const QString &handheldId, qint64 number)
             u"insert into tblWotemp(strname,strid,strno) values(?,?,?)"_s,
             {letter(kind), spliced::quoted(handheldId.trimmed()), QString::number(number)});
     } catch (const db::DbError &error) {
+        // The user is told in the words of the command that made the row.
         qWarning("tblWotemp: %s", error.what());
         return false;
     }

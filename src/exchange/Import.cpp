@@ -50,6 +50,7 @@ std::vector<ReadFile> readFiles(const Form &form, ImportQueue &queue)
 {
     std::vector<ReadFile> files;
     for (const ImportQueue::File &file : queue.read({form.workPrefix, ReadingPrefix})) {
+        // The letters are looked at as they stand: a "count2.xml" is none of the device's.
         if (file.name.startsWith(form.workPrefix))
             files.push_back(
                 {file.name, form.work, CommandFile(file.content, elementsOf(form.work))});
@@ -81,8 +82,11 @@ void applyAll(const std::vector<ReadFile> &files, const base::Progress &progress
     commands::Run run;
     int done = 0;
     for (const ReadFile &file : files) {
+        // Kind by kind and not in the file's order: orders before the services on them, and those
+        // before their parts.
         for (const commands::Kind &kind : file.kinds) {
             for (const Command &command : file.content.commands(kind.element.toString())) {
+                // Before each command, since it is where an import can be cancelled.
                 if (progress)
                     progress(done++, static_cast<int>(all));
                 apply(kind, command, file.name, run);
@@ -130,16 +134,19 @@ bool runImport(const Form &form, const base::Progress &progress)
         ImportQueue queue(form.folder);
         if (!queue.isMarked())
             told::message(form.unmarked);
+        // Before anything is read: two imports of one file would do everything twice.
         if (!queue.lock()) {
             told::message(u"Another workstation is importing these files. Please try again "
                           "when it has ended."_s);
             return false;
         }
         if (form.usesIds)
+            // Outside of the transaction, since a table is made in one of its own.
             IdMap::prepare();
         const std::vector<ReadFile> files = readFiles(form, queue);
         if (!commitAll(files, progress))
             return false;
+        // Not before all is committed: what fails stays where it is, and can be imported again.
         clear(queue, files);
         return true;
     });

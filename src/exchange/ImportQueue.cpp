@@ -78,12 +78,15 @@ QList<ImportQueue::File> ImportQueue::read(const QStringList &prefixes)
     QList<File> files;
     for (const QString &name : QDir(m_folder).entryList(QDir::Files | QDir::Hidden | QDir::System,
                                                         QDir::Name | QDir::IgnoreCase)) {
+        // All files of the folder are cleared away in the end, but only these are read.
         files.append({name, {}});
         m_files.append({name, {}});
         for (const QString &prefix : prefixes) {
             if (!name.startsWith(prefix))
                 continue;
             files.last().content = contentOf(path(name));
+            // Kept small: it only has to show later whether the file is still the one that was
+            // imported.
             m_files.last().content = checksum(files.last().content);
             m_read.append(name);
             break;
@@ -118,6 +121,7 @@ QStringList ImportQueue::clear(const QStringList &unreadable)
 
 bool ImportQueue::hasChanged(const File &file) const
 {
+    // What was not read can't have been missed.
     return m_read.contains(file.name) && checksum(contentOf(path(file.name))) != file.content;
 }
 
@@ -133,6 +137,7 @@ QString ImportQueue::putAside(const QString &name) const
     QString kept = folder + u'/' + name;
     for (int number = 2; QFileInfo::exists(kept); ++number)
         kept = u"%1/%2 (%3)"_s.arg(folder, name).arg(number);
+    // Copied and then removed, for the folders may lie on two disks.
     sys::copyFile(path(name), kept);
     remove(name);
     return QDir::toNativeSeparators(kept);

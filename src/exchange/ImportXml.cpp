@@ -74,6 +74,7 @@ void ImportXml::Backup_xml(const QString &name)
 
 bool ImportXml::run(const QString &name)
 {
+    // First of all, so that whatever the import makes of the file can be looked into afterwards.
     Backup_xml(name);
     const QByteArray content = contentOf(path(name));
     m_file.emplace(content);
@@ -100,6 +101,7 @@ void ImportXml::clear()
 
 void ImportXml::walk()
 {
+    // A pass ends where orders were completed, and the next one finds what had to wait for them.
     while (pass()) {
     }
 }
@@ -128,6 +130,7 @@ bool ImportXml::pass()
                                  attribute(record, {u"EquipmentID"}),
                                  attribute(record, {u"CompletedDate"}), m_log);
             });
+            // From the beginning again: readings that stood before the orders are due now.
             m_workorders = true;
             return true;
         } else if (section.is(u"tblServiceUsed") && !std::exchange(m_services, true)) {
@@ -148,6 +151,7 @@ void ImportXml::deleteImported(const QString &name, const QByteArray &content) c
 {
     if (contentOf(path(name)) != content)
         return;
+    // Some devices write files that only can be read.
     QFile::setPermissions(path(name), QFile::permissions(path(name)) | QFileDevice::WriteOwner);
     sys::removeFile(path(name));
 }

@@ -32,6 +32,7 @@ QList<Section> sectionsIn(QXmlStreamReader &reader)
         if (reader.isEndElement()) {
             open.pop_back();
         } else if (reader.isStartElement()) {
+            // The root may stand anywhere, and its sections' records may be called anything.
             Open element{reader.qualifiedName() == u"tables", -1};
             if (!open.empty() && open.back().isRoot) {
                 element.section = sections.size();
@@ -53,6 +54,7 @@ SectionFile::SectionFile(const QByteArray &content)
     m_sections = sectionsIn(reader);
     if (!reader.hasError())
         return;
+    // Nothing of a damaged file is used, though all up to the damage could be read.
     m_fault = faultAt(reader, content);
     m_sections.clear();
 }

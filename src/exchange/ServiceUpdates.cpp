@@ -102,6 +102,7 @@ ServiceUpdates::ServiceUpdates(const SectionFile &file, ImportLog &log)
         for (const SectionRecord &record : section.records) {
             if (!endsIn(record, {u"ServiceUsedID", u"PartID", u"Used", u"QtyUsed"}))
                 continue;
+            // By their lines once, and not looked for at each service: a day has hundreds of both.
             const QString line = attribute(record, {u"ServiceUsedID"});
             m_parts[namesItsLine(record) && spliced::isNumeric(line) ? spliced::bareInteger(line)
                                                                      : AnyLine]
@@ -126,6 +127,7 @@ void ServiceUpdates::Update_ServiceUsed()
 
 void ServiceUpdates::apply(const SectionRecord &record)
 {
+    // Made before the order is looked at, so that a value that is none changes nothing.
     const Update update = updateOf(record);
     if (!Check_WorkOrder(attribute(record, {u"WorkOrderNo"})))
         return;
@@ -142,6 +144,7 @@ bool ServiceUpdates::Check_WorkOrder(const QString &WorkOrderNo)
         m_log.add(ImportLog::Kind::WorkOrder, {u"Work Order No="_s + WorkOrderNo});
         return false;
     }
+    // A date that the office has given stays.
     if (!rows.row(0).flag(u"Complete"))
         dataConnection().Execute(
             u"Update tblWorkorder set Complete=True, CompletedDate=? Where WorkorderNo=?"_s,

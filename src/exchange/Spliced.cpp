@@ -89,6 +89,7 @@ QVariant bare(const QString &piece)
 qint64 bareInteger(const QString &piece)
 {
     const auto number = sql::parseNumber(piece);
+    // What a double still holds to the last digit.
     if (!number || std::abs(number->toDouble()) > 9e15)
         raise(db::ErrorNumber::Syntax, piece, u"is no whole number"_s);
     return number->typeId() == QMetaType::LongLong ? number->toLongLong()
@@ -110,6 +111,7 @@ bool isNumeric(const QString &piece)
 
 QString table(const QString &name)
 {
+    // In the database's own spelling: nothing of the file's text gets into the statement.
     return bracketed(known(name).name);
 }
 

@@ -28,6 +28,7 @@ public:
 
     State validate(QString &text, int &position) const override
     {
+        // A pasted text may bring line breaks, which no cell shows.
         text = base::onOneLine(text);
         position = std::min(position, int(text.size()));
         if (!mayBecomeValue(text, m_column))
@@ -82,6 +83,7 @@ void DateCellEditor::showCalendar()
 {
     if (!m_calendar) {
         m_calendar = new QCalendarWidget(this);
+        // A child of the box, so that the focus in it is no leaving of the editor.
         m_calendar->setWindowFlags(Qt::Popup);
         m_calendar->setGridVisible(true);
         m_calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);

@@ -185,6 +185,7 @@ QString formattedNumber(double number, QStringView pattern)
 {
     const NumberFormat format(pattern);
     QString digits = base::fixedDecimals(std::abs(number), format.decimals);
+    // By the digits that are shown, so that no 0.00 gets a minus.
     const bool negative = number < 0 && std::any_of(digits.begin(), digits.end(), [](QChar c) {
                               return isDigit(c) && c != u'0';
                           });
@@ -192,6 +193,7 @@ QString formattedNumber(double number, QStringView pattern)
     QString fraction = digits.section(u'.', 1);
     while (fraction.size() > format.fixedDecimals && fraction.endsWith(u'0'))
         fraction.chop(1);
+    // Without a "0" before the point, ".5" stands without one.
     if (format.wholeDigits == 0 && whole == u"0" && !fraction.isEmpty())
         whole.clear();
     whole = whole.rightJustified(format.wholeDigits, u'0');
@@ -229,7 +231,6 @@ std::optional<QVariant> typedNumber(QStringView text, const Column &column)
     return std::nullopt;
 }
 
-/// A minus in front, digits, and one point unless the column holds whole numbers.
 /// Digits before the point that a number may have: sums and products of such numbers stay within
 /// what the database can hold.
 constexpr qsizetype MostDigits = 12;
@@ -243,6 +244,7 @@ bool isWithinBounds(QStringView text, const Column &column)
     return std::count_if(whole.begin(), whole.end(), isDigit) <= MostDigits;
 }
 
+/// A minus in front, digits, and one point unless the column holds whole numbers.
 bool mayBecomeNumber(QStringView text, const Column &column)
 {
     if (!isWithinBounds(text, column))

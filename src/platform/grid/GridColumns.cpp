@@ -53,6 +53,7 @@ QString ColumnData::choiceText(const QVariant &id) const
 {
     if (id.isNull())
         return {};
+    // Made for the list as it is now: a screen may have given the column another one.
     if (!choiceTexts || choiceTexts->list != column.choices.constData() ||
         choiceTexts->count != column.choices.size()) {
         choiceTexts.emplace(ChoiceTexts{column.choices.constData(), column.choices.size(), {}});
@@ -103,6 +104,7 @@ void ColumnSet::replace(int index, Column column)
 
 void ColumnSet::take(const db::Recordset &recordset)
 {
+    // Settings stay by the name; the fields behind them are found anew.
     for (const auto &data : m_columns)
         data->record = -1;
     for (int field = 0; field < recordset.columnCount(); ++field) {
@@ -129,6 +131,7 @@ void ColumnSet::take(const db::Recordset &recordset)
             data->column.editor = Editor::Check;
         m_columns.push_back(std::move(data));
     }
+    // A column that only the former rows had goes; the screen's own ones stay.
     std::erase_if(m_columns, [](const auto &data) { return data->record < 0 && !data->added; });
 }
 

@@ -45,6 +45,7 @@ void paintArrow(QPainter *painter, const QRect &cell, const QColor &colour)
 
 void drawLineBelow(QPainter *painter, const QRect &cell)
 {
+    // One pixel of the screen, however much it is enlarged.
     const qreal pixel = 1 / painter->deviceTransform().m11();
     painter->fillRect(QRectF(cell.left(), cell.top() + cell.height() - pixel, cell.width(), pixel),
                       colours::Lines);
@@ -100,6 +101,7 @@ void GridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
         back = style.background;
     else if (column.locked)
         back = colours::Locked;
+    // By hand and not by the style, which paints the selection of each cell in its own way.
     painter->fillRect(option.rect, back);
 
     if (column.editor == Editor::Check)
@@ -206,6 +208,7 @@ QWidget *GridDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
         });
     }
     made->setAutoFillBackground(true);
+    // The view makes one editor at a time.
     m_editor = made;
     m_index = index;
     return made;
@@ -254,6 +257,7 @@ bool GridDelegate::store()
         value = list->id();
     } else if (auto *box = qobject_cast<QLineEdit *>(m_editor.data())) {
         text = box->text();
+        // Left as it was opened: a value that the box shows rounded stays in full.
         if (text == editText(m_index.data(Qt::EditRole), column))
             return true;
         value = typedValue(text, column);
@@ -324,6 +328,7 @@ void GridDelegate::focusLost()
     const bool accepted = store();
     if (!accepted && m_editor && !m_view->m_verticalColumn.isEmpty()) {
         m_holding = true;
+        // Not before the click that took the focus has come to its end.
         QTimer::singleShot(0, this, [this] {
             m_holding = false;
             startAgain();

@@ -11,6 +11,8 @@ QModelIndex GridModel::indexOf(int row, int column) const
     if (row < 0 || row >= rowCount() || column < 0 || column >= columnCount())
         return {};
     const int slot = m_rows[static_cast<std::size_t>(row)];
+    // An index carries the slot, which stays when rows are sorted; its place is only where it
+    // stands now.
     return createIndex(m_slots[static_cast<std::size_t>(slot)].position, column,
                        static_cast<quintptr>(slot));
 }
@@ -55,6 +57,7 @@ int GridModel::columnCount(const QModelIndex &) const
 
 bool GridModel::hasChildren(const QModelIndex &parent) const
 {
+    // Asked for each row while it is painted; most grids have no tree.
     return (!parent.isValid() || !m_children.isEmpty()) && rowCount(parent) > 0;
 }
 

@@ -48,6 +48,7 @@ int GridModel::addColumn(Column column)
     if (column.caption.isEmpty())
         column.caption = column.name;
     const int present = columnIndex(column.name);
+    // A column of the recordset that the screen adds again gets the screen's settings.
     if (present >= 0) {
         m_columns.replace(present, std::move(column));
         columnsChanged();
@@ -118,6 +119,7 @@ void GridModel::checkRow(int row) const
 
 void GridModel::dropRows()
 {
+    // A rule that is running learns by it that its row is another one now (see edit).
     ++m_generation;
     m_slots.clear();
     m_rows.clear();
@@ -168,6 +170,7 @@ int GridModel::insertRow(const QVariantMap &values, int parentRow)
 
     const int slot = static_cast<int>(m_slots.size());
     const int row = rowCount();
+    // A slot is never used again, so that an index that outlives its row finds no other one.
     m_slots.push_back({-1, row, parentSlot, 0});
     for (auto &[data, value] : cells)
         data->cells.insert(slot, value);
@@ -176,6 +179,7 @@ int GridModel::insertRow(const QVariantMap &values, int parentRow)
     if (m_sortDirection != Sort::None && m_sortColumn >= 0) {
         const ColumnData &data = m_columns.at(m_sortColumn);
         const SortKey key = sortKey(slot, data);
+        // Behind its equals, as a stable sort would have put it.
         place = std::upper_bound(order.begin(), order.end(), slot,
                                  [&](int, int other) { return before(key, sortKey(other, data)); });
     }
@@ -255,6 +259,7 @@ GridModel::Filling::~Filling()
 
 QVariant GridModel::slotValue(int slot, const ColumnData &column) const
 {
+    // What was set by hand goes before what was set for all, and that before what was loaded.
     if (!column.cells.isEmpty()) {
         const auto found = column.cells.constFind(slot);
         if (found != column.cells.constEnd())
@@ -360,12 +365,14 @@ bool GridModel::edit(int row, int column, const QVariant &newValue)
     const bool same = settings.editor == Editor::Check
                           ? isTicked(old) == isTicked(newValue)
                           : base::toText(old) == base::toText(newValue);
+    // Compared as texts: 5 and 5.0 are no change that a rule should be asked about.
     if (same)
         return true;
     const QString name = settings.name;
     // A copy, since a rule may give the columns other settings.
     if (const auto rule = settings.changeRule) {
         const int generation = m_generation;
+        // Rules nest: one may set another cell, whose rule runs meanwhile.
         const auto outerCell = std::exchange(m_cellInRule, std::pair(row, column));
         const bool outerSet = std::exchange(m_setByRule, false);
         const bool accepted = rule(row, newValue);

@@ -55,6 +55,7 @@ void GridModel::extendRecordset(const db::Recordset &longer)
 {
     const int had = m_recordset.RecordCount();
     const int count = longer.RecordCount();
+    // The list had come to its end already.
     if (count <= had)
         return;
     const auto top = static_cast<int>(m_top.size());
@@ -68,6 +69,8 @@ void GridModel::extendRecordset(const db::Recordset &longer)
     }
     m_columns.forgetSearches();
     endInsertRows();
+    // Appended first and sorted then: the rows that are shown keep their places until all new ones
+    // are in.
     if (m_sortDirection != Sort::None)
         resort();
 }
@@ -75,6 +78,7 @@ void GridModel::extendRecordset(const db::Recordset &longer)
 /// The answer of beginsWith for a column whose cells are the recordset's texts; nothing for others.
 std::optional<int> GridModel::scannedFor(QStringView text, const ColumnData &data) const
 {
+    // Cells that were changed, and texts that stand for ids, are not those of the recordset.
     const bool asRecorded = data.record >= 0 && data.cells.isEmpty() && !data.fill &&
                             data.column.editor != Editor::DropDown;
     if (!asRecorded || m_recordset.isEmpty() || !m_recordset.utf8(0, data.record))

@@ -126,6 +126,7 @@ bool GridModel::before(const SortKey &left, const SortKey &right) const
     const SortKey &b = down ? left : right;
     if (a.null != b.null)
         return a.null;
+    // A text in a column of numbers, such as "n/a", stands behind them.
     if (a.isNumber != b.isNumber)
         return a.isNumber;
     return a.isNumber ? a.number < b.number : a.text < b.text;
@@ -147,6 +148,8 @@ void GridModel::arrange(std::vector<int> &order)
             keys.push_back(sortKey(slot, data));
         std::vector<std::size_t> places(order.size());
         std::iota(places.begin(), places.end(), std::size_t(0));
+        // Equal rows keep the order that they have, so that sorting by two columns one after the
+        // other sorts by both.
         std::stable_sort(places.begin(), places.end(), [&](std::size_t left, std::size_t right) {
             return before(keys[left], keys[right]);
         });
@@ -172,6 +175,7 @@ void GridModel::resort()
         return arrange();
     Q_EMIT layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
     arrange();
+    // The current row, the selection and an open editor follow their row.
     const QModelIndexList from = persistentIndexList();
     QModelIndexList to;
     to.reserve(from.size());
@@ -227,6 +231,8 @@ int GridModel::beginsWith(QStringView name, QStringView text) const
     const ColumnData &data = m_columns.named(name);
     if (const std::optional<int> row = scannedFor(text, data))
         return *row;
+    // Made at the first key that is typed and kept until a cell changes: typing a word searches a
+    // long list five times.
     if (!data.search) {
         std::vector<QString> texts;
         texts.reserve(m_rows.size());

@@ -61,6 +61,7 @@ GridView::GridView(QWidget *parent)
 {
     setModel(m_rows);
     setItemDelegate(m_delegate);
+    // Spares measuring a hundred thousand rows.
     setUniformRowHeights(true);
     setRootIsDecorated(false);
     setItemsExpandable(false); // done here, by a click anywhere in the row
@@ -115,6 +116,7 @@ GridView::~GridView()
 
 void GridView::showColumns()
 {
+    // What the headings tell while they are placed was no user.
     m_placing = true;
     applyPending();
     for (int i = 0; i < m_rows->columnCount(); ++i) {
@@ -160,6 +162,7 @@ void GridView::applyPending()
         const QString name = m_rows->columnAt(i).name;
         if (!m_pendingLayout.contains(name.toLower()))
             continue;
+        // Once: what the user does with the column from then on counts.
         const ColumnLayout stored = m_pendingLayout.take(name.toLower());
         Column &column = m_rows->column(name);
         if (stored.width > 0)
@@ -187,6 +190,7 @@ QStringList GridView::applyLayout(const Layout &layout)
 {
     QStringList unknown;
     for (const ColumnLayout &stored : layout) {
+        // A layout may come before the rows that bring its columns.
         m_pendingLayout.insert(stored.field.toLower(), stored);
         if (!m_rows->hasColumn(stored.field))
             unknown.append(stored.field);
@@ -286,6 +290,7 @@ void GridView::selectRow(int row)
     if (row < 0 || row >= m_rows->rowCount())
         return clearCurrent();
     const QList<int> columns = visibleColumns();
+    // The user stays in the column in which he is.
     int column = currentIndex().column();
     if (!columns.contains(column))
         column = columns.value(0, 0);
@@ -308,6 +313,7 @@ void GridView::currentChanged(const QModelIndex &current, const QModelIndex &pre
 {
     QTreeView::currentChanged(current, previous);
     const int row = m_rows->rowOf(current);
+    // Another cell of the row is no other row.
     if (row == m_lastRow)
         return;
     m_lastRow = row;

@@ -15,6 +15,8 @@ PrefixIndex::PrefixIndex(const std::vector<QString> &texts)
         folded.push_back(text.toCaseFolded());
     std::vector<int> rows(count);
     std::iota(rows.begin(), rows.end(), 0);
+    // Sorted, all texts with one beginning stand together; the tree over them finds the one that
+    // was loaded first.
     std::sort(rows.begin(), rows.end(), [&folded](int left, int right) {
         return folded[static_cast<std::size_t>(left)] < folded[static_cast<std::size_t>(right)];
     });
