@@ -369,8 +369,7 @@ TEST(Clipboard, CarriesStylesAndPicturesToAnotherReport)
 TEST(HouseStyles, ObjectsFollowButForWhatIsTheirOwn)
 {
     Layout layout = emptyLayout();
-    addObjects(layout, 1,
-               {newObject(ObjectKind::Text, {0, 0}), newObject(ObjectKind::Text, {0, 0})});
+    addObjects(layout, 1, QList<Object>(3, newObject(ObjectKind::Text, {0, 0})));
     layout.bands[1].objects[1].style.font.points = 14;
     assignHouseStyles(layout);
     Object &heading = layout.bands[1].objects[0];
@@ -384,6 +383,7 @@ TEST(HouseStyles, ObjectsFollowButForWhatIsTheirOwn)
     setNamedStyle(layout, changed);
     EXPECT_EQ(heading.style.fill, QColor(Qt::yellow));
     EXPECT_EQ(heading.style.font.points, 7) << "its own size stays";
+    EXPECT_EQ(layout.bands[1].objects[2].style.font.points, 11);
     EXPECT_TRUE(heading.style.font.italic);
     renameStyle(layout, layout.styleIndex(u"Heading"), u"Top"_s);
     EXPECT_EQ(heading.styleName, u"Top"_s);

@@ -122,53 +122,33 @@ TEST(HostileLayout, DeepExpressionsAreToldAndNothingIsDrawnOfThem)
     for (int i = 0; i < 40; ++i)
         chains =
             "(" + chains + ")" + QByteArray("*1").repeated(1000) + QByteArray("+1").repeated(1000);
-    for (const QByteArray &expression :
-         {QByteArray("(").repeated(10'000) + "1" + QByteArray(")").repeated(10'000),
-          QByteArray("if(1, ").repeated(10'000) + "1" + QByteArray(")").repeated(10'000), chains}) {
+    for (const auto &[expression, fault] :
+         {std::pair(QByteArray("(").repeated(10'000) + "1" + QByteArray(")").repeated(10'000),
+                    "nested too deeply (character"),
+          {QByteArray("if(1, ").repeated(10'000) + "1" + QByteArray(")").repeated(10'000),
+           "nested too deeply (character"},
+          {QByteArray("-").repeated(10'000) + "1", "nested too deeply (character"},
+          {QByteArray("not ").repeated(10'000) + "1", "nested too deeply (character"},
+          {"1" + QByteArray("+1").repeated(100'000), "too long (character"},
+          {chains, "(character"}}) {
         const QStringList problems = problemsOf(
             layoutOf(detail("<field content=\"" + expression + "\"/>")), Rows({u"N"_s}, {{1}}));
         ASSERT_EQ(problems.size(), 1);
-        EXPECT_THAT(problems[0].toStdString(), HasSubstr("character"));
+        EXPECT_THAT(problems[0].toStdString(), HasSubstr(fault));
     }
 }
 
-struct Printed
+TEST(HostileLayout, PrintsInTheTimeAndMemoryThatGoWithItsSize)
 {
-    QByteArray layout;
-    int rows;
-    int leastPages, mostPages;
-    const char *problem; ///< "" for none
-};
-
-void expectPrinted(const QList<Printed> &cases)
-{
-    const QString text(400'000, u'x');
-    const QString lines = u"a\n"_s.repeated(300'000);
-    for (const Printed &one : cases) {
-        SCOPED_TRACE(one.layout.left(300).toStdString());
-        QList<QVariantList> values;
-        for (int row = 0; row < one.rows; ++row)
-            values.append({row, text, lines, 5e-324 * row, 1e14 + row / 64.0,
-                           std::numeric_limits<double>::quiet_NaN()});
-        const Rows rows({u"N"_s, u"Long"_s, u"Lines"_s, u"Tiny"_s, u"Near"_s, u"Nothing"_s},
-                        values);
-        const LayoutReading reading = readLayout(one.layout);
-        ASSERT_TRUE(reading.layout) << reading.error.toStdString();
-        const Outcome outcome =
-            paginate(*reading.layout, rows, {}, [](const Page &) { return true; });
-        EXPECT_GE(outcome.pages, one.leastPages);
-        EXPECT_LE(outcome.pages, one.mostPages);
-        EXPECT_THAT(outcome.problems.join(u'\n').toStdString(), HasSubstr(one.problem));
-        EXPECT_EQ(outcome.problems.isEmpty(), one.problem[0] == '\0')
-            << outcome.problems.join(u'\n').left(500).toStdString();
-        EXPECT_LE(outcome.problems.size(), 1000);
-    }
-}
-
-TEST(HostileLayout, PrintsInTheTimeThatGoesWithItsSize)
-{
+    struct Printed
+    {
+        QByteArray layout;
+        int rows;
+        int leastPages, mostPages;
+        const char *problem; ///< "" for none
+    };
     const QByteArray tall = "<band kind=\"groupHeader\" group=\"g#\" height=\"100mm\"/>";
-    const QList<Printed> cases{
+    const Printed cases[] = {
         // A page smaller than its bands, with headers that come again.
         {report(
              "<page top=\"139mm\" bottom=\"139mm\"/>" +
@@ -204,21 +184,35 @@ TEST(HostileLayout, PrintsInTheTimeThatGoesWithItsSize)
              .repeated(1),
          1, 1, 1, "there is no field \"a0\""},
         {detail("<barCode content=\"Long\"/><barCode content=\"Nothing\"/>"), 3, 1, 1,
-         "can't be written as a bar code"}};
-    expectPrinted(cases);
-}
-
-TEST(HostileLayout, ShowsNoMoreValuesThanMemoryHolds)
-{
-    expectPrinted(
-        {// As many categories and series as rows.
-         {report("<band kind=\"reportFooter\"><crossTab width=\"20mm\" height=\"1mm\" "
-                 "rows=\"RowNumber\" columns=\"RowNumber\" value=\"N\"/></band>"),
-          1050, 300, 500, "too many lines"},
-         {report(
-              "<band kind=\"reportFooter\" height=\"90mm\"><chart width=\"90mm\" height=\"90mm\" "
-              "category=\"RowNumber\"><series value=\"N\" by=\"RowNumber\"/></chart></band>"),
-          1050, 1, 1, "too many values"}});
+         "can't be written as a bar code"},
+        // As many categories and series as rows: more values than memory holds.
+        {report("<band kind=\"reportFooter\"><crossTab width=\"20mm\" height=\"1mm\" "
+                "rows=\"RowNumber\" columns=\"RowNumber\" value=\"N\"/></band>"),
+         1050, 300, 500, "too many lines"},
+        {report("<band kind=\"reportFooter\" height=\"90mm\"><chart width=\"90mm\" height=\"90mm\" "
+                "category=\"RowNumber\"><series value=\"N\" by=\"RowNumber\"/></chart></band>"),
+         1050, 1, 1, "too many values"}};
+    const QString text(400'000, u'x');
+    const QString lines = u"a\n"_s.repeated(300'000);
+    for (const Printed &one : cases) {
+        SCOPED_TRACE(one.layout.left(300).toStdString());
+        QList<QVariantList> values;
+        for (int row = 0; row < one.rows; ++row)
+            values.append({row, text, lines, 5e-324 * row, 1e14 + row / 64.0,
+                           std::numeric_limits<double>::quiet_NaN()});
+        const Rows rows({u"N"_s, u"Long"_s, u"Lines"_s, u"Tiny"_s, u"Near"_s, u"Nothing"_s},
+                        values);
+        const LayoutReading reading = readLayout(one.layout);
+        ASSERT_TRUE(reading.layout) << reading.error.toStdString();
+        const Outcome outcome =
+            paginate(*reading.layout, rows, {}, [](const Page &) { return true; });
+        EXPECT_GE(outcome.pages, one.leastPages);
+        EXPECT_LE(outcome.pages, one.mostPages);
+        EXPECT_THAT(outcome.problems.join(u'\n').toStdString(), HasSubstr(one.problem));
+        EXPECT_EQ(outcome.problems.isEmpty(), one.problem[0] == '\0')
+            << outcome.problems.join(u'\n').left(500).toStdString();
+        EXPECT_LE(outcome.problems.size(), 1000);
+    }
 }
 
 TEST(HostileLayout, NoNumbersHaveAPlaceInAnOrder)

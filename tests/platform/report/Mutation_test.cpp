@@ -317,9 +317,6 @@ TEST(Mutations, EveryLayoutIsRefusedWithItsPlaceOrPrints)
     // Both roads were taken often enough to say something.
     EXPECT_GT(refused, count / 10);
     EXPECT_GT(pages, count / 2);
-    RecordProperty("refused", refused);
-    RecordProperty("pages", pages);
-    RecordProperty("longestMicroseconds", std::to_string(longest / 1000));
 }
 
 } // namespace report
