@@ -12,14 +12,13 @@ struct Employees : test::MasterSession
 {
     Employees()
     {
-        crew = insert(u"Insert into tblCrew(CrewNumber,Description) values(1,'Mowing')"_s,
-                      u"CrewID"_s);
-        gcnData->Execute(
-            u"Insert into tblEmployee(EmployeeID,FirstName,Lastname,Crew,LaborCost,Inactive,"
-            "IncludeWoList) values('E1','Ann','Ames',%1,20,0,1)"_s.arg(crew));
-        gcnData->Execute(
-            u"Insert into tblServiceUsed(CrewID,LaborEstimate,CostEstimate) values(%1,2,40)"_s.arg(
-                crew));
+        const qint64 crew = CompanySession::insert(u"tblCrew"_s, u"CrewNumber,Description"_s,
+                                                   {1, u"Mowing"_s}, u"CrewID"_s);
+        CompanySession::insert(u"tblEmployee"_s,
+                               u"EmployeeID,FirstName,Crew,LaborCost,Inactive,IncludeWoList"_s,
+                               {u"E1"_s, u"Ann"_s, crew, 20, 0, 1});
+        CompanySession::insert(u"tblServiceUsed"_s, u"CrewID,LaborEstimate,CostEstimate"_s,
+                               {crew, 2, 40});
     }
 
     static QString estimate() { return value(u"Select CostEstimate from tblServiceUsed"_s); }
@@ -27,7 +26,6 @@ struct Employees : test::MasterSession
     const QString question =
         u"Do you to update all the labor costs in every service that this employee is assiged "
         "to.?"_s;
-    qint64 crew = 0;
 };
 
 } // namespace

@@ -39,7 +39,7 @@ struct Help : testing::Test
 
 } // namespace
 
-TEST_F(Help, EveryLinkLeadsToAPageThatExistsOnce)
+TEST_F(Help, ItsPagesExistOnceAndAreFoundByTopicFormAndWord)
 {
     help::showHelp(nullptr); // makes the pages known
     const help::HelpBook book(u":/help"_s);
@@ -67,12 +67,7 @@ TEST_F(Help, EveryLinkLeadsToAPageThatExistsOnce)
         }
     }
     EXPECT_THROW(help::HelpBook(QTemporaryDir().path()), base::Error);
-}
 
-TEST_F(Help, FindsTopicsFormsAndWords)
-{
-    help::showHelp(nullptr);
-    const help::HelpBook book(u":/help"_s);
     EXPECT_EQ(book.topicOfForm(u"frmUserRoles"_s), u"rights"_s);
     EXPECT_EQ(book.topicOfForm(u"frmNothing"_s), QString());
     EXPECT_TRUE(book.url(u"users#x"_s).toString().endsWith(u"/users.html#x"_s));
