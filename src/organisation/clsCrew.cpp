@@ -23,6 +23,7 @@ constexpr record::MasterTable<clsCrew> Master{
     u"CrewID",
     &clsCrew::CrewID,
     Fields,
+    // In no order: the list stands as the crews were entered.
     Usage,
     u"",
 };

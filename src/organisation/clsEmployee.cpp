@@ -45,6 +45,7 @@ std::span<const record::Field<clsEmployee>> clsEmployee::fields()
 clsEmployee clsEmployee::fromRow(const db::Row &row)
 {
     clsEmployee employee = record::load<clsEmployee>(row, Fields);
+    // The row is found by it when the number is changed.
     employee.OldEmployeeID = employee.EmployeeID;
     return employee;
 }
@@ -67,6 +68,8 @@ bool clsEmployee_Manager::DeleteRecord(const QString &EmployeeID) const
         try {
             gcnData->Execute(QStringLiteral("Delete from tblEmployee where EmployeeID = ?"),
                              {EmployeeID});
+        // The engine's own words would name a constraint. Its number stays, by which the log tells
+        // the causes apart.
         } catch (const db::DbError &error) {
             throw base::Error(error.number(), QStringLiteral("Deletion not allowed."));
         }

@@ -12,6 +12,8 @@ constexpr record::Field<clsIndicator> Fields[] = {
 };
 
 /// In their order; children are asked for before the first of them.
+/// An item's number is looked for in the columns of other lists too: one that only seems to be in
+/// use stays, which is the safe side.
 constexpr UsageTest Usage[] = {
     {u"tblemployee", u"country", u"Employee"},
     {u"tblservices", u"CrewID", u"Services"},
@@ -73,6 +75,7 @@ bool clsIndicatorManager::DeleteRecord(qint64 ItemID) const
 
 QString clsIndicatorManager::CanDeleteIndicator(qint64 ItemID) const
 {
+    // Children first: they would hang in the air, and no other list shows them.
     if (CanDeleteParent(ItemID))
         return QStringLiteral("Model/State");
     return usageWord(Usage, ItemID);
@@ -99,6 +102,7 @@ qint64 clsIndicatorManager::ParentOf(qint64 ItemID) const
 bool clsIndicatorManager::IsNameTaken(qint64 ParentID, const QString &Name) const
 {
     return base::trapped(Master.module, "IsNameTaken", false, [&] {
+        // Compared here and not by the statement: old rows have blanks around their names.
         const QString wanted = Name.trimmed().toUpper();
         for (const db::Row row :
              gcnLookup->Open(QStringLiteral("Select ItemName from tblIndicator where Parentid = ?"),

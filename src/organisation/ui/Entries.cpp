@@ -10,6 +10,8 @@
 
 #include <QApplication>
 
+// A screen lives for one call: what another workstation changes meanwhile is there at the next
+// opening. It stands above the window it was asked from, which may itself be a dialog.
 void ShowCrewDetail(Mode mode, qint64 id)
 {
     frmCrew(QApplication::activeWindow()).showRecord(mode, id);

@@ -48,6 +48,8 @@ bool frmCostCenter::VailidateFields()
 {
     if (txtDescription->text().trimmed().isEmpty())
         return refuse(txtDescription, u"Description should not be blank."_s);
+    // Services show a cost center by its description, so a new one reaches all of them. The same
+    // description may stand twice: the number tells two centers apart.
     return confirmMassChange(txtDescription, m_fields.shown().Description);
 }
 
@@ -56,6 +58,8 @@ std::optional<QVariant> frmCostCenter::saveRecord()
     const clsCostCenterManager manager;
     clsCostCenter center = m_fields.read();
     if (mode() == Mode::Add)
+        // Made here and not when Add is pressed: while somebody types, another workstation would
+        // take the number.
         center.CostCenterID = manager.GenrateID();
     if (!manager.SaveRecord(center, mode(), m_fields.shown()))
         return std::nullopt;

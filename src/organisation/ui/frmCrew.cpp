@@ -24,6 +24,7 @@ void frmCrew::buildForm()
                       {.name = u"CrewNumber"_s, .caption = u"Crew Number"_s, .width = 110},
                       {.name = u"Description"_s, .width = 320}});
     form.widget(grdCrew, true);
+    // Nine digits at most: the column is a whole number of 32 bits.
     txtCrewNumber = form.digitsField(u"txtCrewNumber"_s, u"Crew &Number:"_s, 9);
     txtDescription = form.textField(u"txtDescription"_s, u"D&escription:"_s, 60);
     makeButtons(form, {});
@@ -51,6 +52,8 @@ bool frmCrew::VailidateFields()
         return refuse(txtCrewNumber, u"Crew Number should not be blank."_s);
     if (txtDescription->text().trimmed().isEmpty())
         return refuse(txtDescription, u"Description should not be blank."_s);
+    // Asked ahead of the look for a taken number: a No puts the stored number back, which nobody
+    // else has.
     if (!confirmMassChange(txtCrewNumber, m_fields.shown().CrewNumber))
         return false;
     if (IsDuplicate(u"tblcrew"_s, u"crewnumber"_s, m_fields.shown().CrewNumber,
@@ -64,6 +67,8 @@ std::optional<QVariant> frmCrew::saveRecord()
 {
     if (!clsCrewManager().SaveRecord(m_fields.read(), mode(), m_fields.shown()))
         return std::nullopt;
+    // A new crew has no number here, since the database gives it while the row is stored: the list
+    // then begins at its first crew.
     return QVariant(m_fields.shown().CrewID);
 }
 

@@ -32,6 +32,7 @@ frmEmployee::frmEmployee(QWidget *parent)
     : RecordScreen(u"frmEmployee"_s, u"Employee"_s, parent)
 {
     buildForm();
+    // Ahead of the first record, whose numbers are looked up in the lists.
     loadLists();
     checkOnLeaving();
 }
@@ -49,6 +50,8 @@ void frmEmployee::buildForm()
     form.finish();
     resize(760, 600);
 
+    // Work orders, users and reports refer to employees by this number, some inside of texts: it
+    // holds nothing that would need quoting, and one spelling only.
     input::restrictTo(txtEmployeeID, input::TypeCheck::String, input::TypeCheck::Int);
     input::upperCaseAsTyped(txtEmployeeID);
     bindFields();
@@ -57,6 +60,7 @@ void frmEmployee::buildForm()
 
 void frmEmployee::bindFields()
 {
+    // The number alone is trimmed, since the row is found by it.
     m_fields.addTrimmed(txtEmployeeID, &clsEmployee::EmployeeID);
     m_fields.add(txtFirstName, &clsEmployee::FirstName);
     m_fields.add(txtInitialName, &clsEmployee::InitialName);
@@ -99,6 +103,7 @@ void frmEmployee::addPerson(input::FormBuilder &form)
     connect(form.sideButton(u"cmdCountry"_s, u"Edit the countries"_s), &QToolButton::clicked, this,
             [this] {
                 ShowIndicatorDetail(LookupList::Country, cboCountry->id());
+                // The country may be another one now, or be gone, and the states follow it.
                 rebuildKeepingChoice(*cboCountry,
                                      [this] { loadLookupList(*cboCountry, LookupList::Country); });
                 rebuildKeepingChoice(*cboState, [this] { loadStates(); });
@@ -106,6 +111,8 @@ void frmEmployee::addPerson(input::FormBuilder &form)
     cboState = form.comboField(u"cboState"_s, u"S&tate:"_s);
     connect(form.sideButton(u"cmdState"_s, u"Edit the states"_s), &QToolButton::clicked, this,
             [this] {
+                // A state that isn't chosen yet doesn't tell its country: the editor gets it by
+                // name.
                 ShowIndicatorDetail(LookupList::State, cboState->id(), cboCountry->currentText());
                 rebuildKeepingChoice(*cboState, [this] { loadStates(); });
             });
@@ -146,6 +153,8 @@ void frmEmployee::addWork(input::FormBuilder &form)
     txtLaborRate = form.currencyField(u"txtLaborRate"_s, u"Labor Rate:"_s);
     chkInactive = form.checkBox(u"chkInactive"_s, u"Inacti&ve"_s);
     chkIncludeWoList = form.checkBox(u"chkIncludeWoList"_s, u"Include in WO List"_s);
+    // By the user's own choice and not by a changed index: it counts also when it ends on the same
+    // crew, by which a cost can be carried into services that were added since.
     connect(cboCrew, &QComboBox::activated, this, [this] { m_crewTouched = true; });
 }
 
@@ -176,6 +185,7 @@ void frmEmployee::checkOnLeaving()
     check(txtCellPhone, u"Invalid cell phone No"_s);
     check(txtPager, u"Invalid pager no"_s);
     datBirthDate->checkOnLeave();
+    // Who gives up is not held back by what is half typed.
     for (QPushButton *button : {cmdCancel, cmdExit})
         input::setCausesValidation(button, false);
 }
@@ -200,8 +210,10 @@ void frmEmployee::ClearData()
 void frmEmployee::prepareNewRecord()
 {
     const QString usual = u"United States"_s;
+    // A company may have renamed or deleted it. Then a new employee has no country.
     if (ChkCountryExist(usual))
         cboCountry->selectText(usual);
+    // In any case: without a country there are no states to choose from.
     loadStates();
     txtEmployeeID->setFocus();
 }
@@ -212,6 +224,7 @@ bool frmEmployee::VailidateFields()
         return refuse(txtEmployeeID, u"Employee Number should not be blank."_s);
     if (input::isBlank(txtFirstName))
         return refuse(txtFirstName, u"Employee's first name should not be blank."_s);
+    // The number that is stored is passed as the old one: it is no duplicate of itself.
     if (IsDuplicate(u"tblEmployee"_s, u"EmployeeID"_s, m_fields.shown().EmployeeID,
                     txtEmployeeID->text(), false))
         return refuse(txtEmployeeID,
@@ -229,6 +242,8 @@ std::optional<QVariant> frmEmployee::saveRecord()
     try {
         TransactionScope transaction;
         isSaved = clsEmployee_Manager().SaveRecord(employee, mode(), m_fields.shown());
+        // The scope rolls back on each way out but the last: a cost that could not be carried into
+        // the services takes the employee back too.
         if (!isSaved)
             return std::nullopt;
         if (isCarriedOn && !ChangeServiceLabourEstimate(employee.Crew))
@@ -236,6 +251,8 @@ std::optional<QVariant> frmEmployee::saveRecord()
         transaction.commit();
         return QVariant(employee.EmployeeID);
     } catch (const base::Error &error) {
+        // What failed ahead of the services, and a row that another workstation holds, has
+        // sentences of its own in the shape of the screen.
         if (!isSaved || error.number() == db::ErrorNumber::LockConflict)
             throw;
         const base::Interlude telling;
@@ -252,6 +269,8 @@ QString frmEmployee::recordName() const
 
 bool frmEmployee::isLabourCostCarriedOn(const clsEmployee &employee) const
 {
+    // The labor rate takes no part: it is what customers are charged, and services are estimated at
+    // cost.
     const bool changed = m_crewTouched || employee.LaborCost != m_fields.shown().LaborCost;
     return changed &&
            base::askYesNo(u"Do you to update all the labor costs in every service that this "
@@ -265,6 +284,7 @@ bool frmEmployee::deleteRecord(const QVariant &key)
 
 void frmEmployee::recordShown()
 {
+    // What has not joined the program is grey.
     cmdFind->setEnabled(hasRows() && screenCalls().ShowQuickFind != nullptr);
     cmdPrint->setEnabled(hasRows() && openings().isJoined(u"ShowEmployeeReport"));
 }
@@ -280,6 +300,7 @@ void frmEmployee::cmdFind_Click()
 
 void frmEmployee::cmdPrint_Click()
 {
+    // The filter is a clause of the report's statement, in which the number stands as a text.
     openings().open(u"ShowEmployeeReport", {.query = u" Where tblEmployee.EmployeeID='%1'"_s.arg(
                                                 base::doubledQuotes(m_fields.shown().EmployeeID))});
 }

@@ -19,6 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int NameLength = 35;
+// As it stands in an address.
 constexpr int StateNameLength = 2;
 /// A parent that no item has, for lists whose parents are missing.
 constexpr qint64 NoParent = -1;
@@ -61,12 +62,17 @@ void frmIndicator::buildForm()
     makeButtons(form, {});
     form.finish();
     resize(620, 400);
+    // The list itself is the way to move, and gives the form more room for names.
     for (QToolButton *button : {cmdFirst, cmdPrevious, cmdNext, cmdLast})
         button->hide();
     m_fields.addTrimmed(txtName, &clsIndicator::ItemName);
+    // The parent is not bound: a list without parents hides its box, and stores its own number.
     setFields({&m_fields}, {cboParentType});
     setListGrid(lstIndicator);
+    // What one opens the editor for is to look for an item. The first edit of its name begins a
+    // change.
     lstIndicator->setFocus();
+    // Only the user's own choice: the presets below fill both boxes before there are rows.
     connect(cboIndicator, &QComboBox::activated, this, [this] { RefreshRecordSet(); });
 }
 
@@ -78,6 +84,8 @@ void frmIndicator::lstIndicatorP_Click()
                           u"ItemID"_s, u"ItemName"_s, false);
     const QString list = lstIndicatorP->currentText();
     setWindowTitle(list);
+    // Known by the names that ship with the data: a list's own row stands in no list, so that
+    // nobody can rename it.
     if (list == u"Make Type")
         m_parentLabel = u"Type"_s;
     else if (list == u"Model Type")
@@ -104,6 +112,8 @@ void frmIndicator::loadParents(input::IdCombo &combo) const
     else if (m_opening.listNumber == LookupList::Model && m_opening.engine)
         parents = LookupList::EngineMake;
     else if (m_opening.listNumber == LookupList::Model)
+        // Makes of two types may share a name: without a type none is offered, or a model would
+        // come to hang under the wrong one.
         parents = m_opening.typeID == 0 ? NoParent : m_opening.typeID;
     LoadItemWithIdToCombo(combo, GetIndicatorInfo(parents, true, true), u"ItemID"_s, u"ItemName"_s,
                           false);
@@ -114,11 +124,13 @@ void frmIndicator::presetParent()
     const QString wanted = m_opening.parentValue.trimmed();
     bool isNumber = false;
     qint64 parent = wanted.toLongLong(&isNumber);
+    // Who opens the editor on an item need not know where it hangs.
     if (wanted.isEmpty() && m_opening.itemID != 0) {
         base::trapped("frmIndicator", "ShowIndicatorDetail",
                       [&] { parent = clsIndicatorManager().ParentOf(m_opening.itemID); });
         isNumber = true;
     }
+    // Both, so that a new item goes where the list shows it.
     for (input::IdCombo *combo : {cboIndicator, cboParentType}) {
         if (isNumber)
             combo->select(parent);
@@ -131,6 +143,8 @@ db::Recordset frmIndicator::loadRows()
 {
     if (!hasParents())
         return members(m_opening.listNumber);
+    // Without parents there is nothing to edit, also where items of a parent that was deleted are
+    // left over.
     return members(cboIndicator->count() > 0 ? cboIndicator->id() : NoParent);
 }
 
@@ -139,6 +153,7 @@ void frmIndicator::DisplayData(const db::Row &row)
     m_fields.show(clsIndicator::fromRow(row));
     const clsIndicator &item = m_fields.shown();
     txtItemID->setText(QString::number(item.ItemID));
+    // Told and not refused: the item can be given another parent.
     if (hasParents() && !cboParentType->display(item.ParentID))
         base::showMessage(u"One of lookup item has been deleted\nmanually from  database"_s);
 }
@@ -148,6 +163,7 @@ void frmIndicator::ClearData()
     txtItemID->clear();
     m_fields.clear();
     if (hasParents())
+        // A new item begins under the parent whose items are listed.
         cboParentType->select(cboIndicator->id());
 }
 
@@ -177,6 +193,7 @@ bool frmIndicator::VailidateFields()
 
 bool frmIndicator::NameDupl(qint64 parent, const QString &name) const
 {
+    // A change of case only would find the item itself.
     if (m_fields.shown().ItemName.toUpper() == name.toUpper())
         return false;
     return clsIndicatorManager().IsNameTaken(parent, name);
@@ -187,6 +204,7 @@ std::optional<QVariant> frmIndicator::saveRecord()
     clsIndicator item = m_fields.read();
     item.ParentID = parentOfItem();
     item.ItemID = txtItemID->text().toLongLong();
+    // Who saves an item wants it offered, also when it had been hidden.
     item.Show = 1;
     item.FSize = 0;
     if (!clsIndicatorManager().SaveRecord(item, mode(), m_fields.shown()))
@@ -211,5 +229,6 @@ QString frmIndicator::usedBy(const QVariant &key) const
 
 void frmIndicator::recordShown()
 {
+    // While an item is edited the list stays the one it was taken from.
     cboIndicator->setEnabled(mode() == Mode::Browse);
 }

@@ -26,6 +26,7 @@ void frmLocation::buildForm()
                      {{.name = u"LocationName"_s, .caption = u"Location Name"_s, .width = 200},
                       {.name = u"Description"_s, .width = 280}});
     form.widget(grdLocation, true);
+    // Shown and never typed: the database gives it, so the binding doesn't know it.
     txtLocationID = form.textField(u"txtLocationID"_s, u"Location &ID:"_s);
     txtLocationID->setReadOnly(true);
     txtLocationName = form.textField(u"txtLocationName"_s, u"Location &Name:"_s, 60);
@@ -81,6 +82,7 @@ void frmLocation::ClearData()
 
 void frmLocation::prepareNewRecord()
 {
+    // Stands for the number that the database is going to give.
     txtLocationID->setText(u"0"_s);
     txtLocationName->setFocus();
 }
@@ -93,6 +95,8 @@ bool frmLocation::VailidateFields()
         return refuse(txtLocationName, u"Location Name should not be blank."_s);
     if (cboSite->currentText().trimmed().isEmpty())
         return refuse(cboSite, u"Site Name should not be blank."_s);
+    // Machines show where they stand by this name. Two sites may each have a shed, so it need not
+    // be unlike all others.
     return confirmMassChange(txtLocationName, m_fields.shown().LocationName);
 }
 

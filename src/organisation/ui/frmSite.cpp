@@ -16,6 +16,7 @@ frmSite::frmSite(QWidget *parent)
     : MasterScreen(u"frmSite"_s, u"Site"_s, parent)
 {
     buildForm();
+    // A site has no country: the states of all of them are offered.
     loadAllStates(*cboState);
 }
 
@@ -36,6 +37,7 @@ void frmSite::buildForm()
     cboState = form.comboField(u"cboState"_s, u"S&tate:"_s);
     QToolButton *cmdState = form.sideButton(u"cmdState"_s, u"Edit the states"_s);
     txtZip = form.textField(u"txtZip"_s, u"&Zip:"_s, 20);
+    // Codes of some countries hold letters and a blank.
     input::restrictTo(txtZip, input::TypeCheck::Int, input::TypeCheck::String);
     makeButtons(form, {});
     form.finish();
@@ -52,6 +54,7 @@ void frmSite::buildForm()
 
 void frmSite::cmdState_Click()
 {
+    // Without a country the editor takes the one that the state hangs under.
     ShowIndicatorDetail(LookupList::State, cboState->id());
     rebuildKeepingChoice(*cboState, [this] { loadAllStates(*cboState); });
 }
@@ -77,6 +80,7 @@ std::optional<QVariant> frmSite::saveRecord()
 {
     clsSite site = m_fields.read();
     if (site.Zip.isEmpty())
+        // As the rows have it that were stored without one.
         site.Zip = u"0"_s;
     if (!clsSiteManager().SaveRecord(site, mode(), m_fields.shown()))
         return std::nullopt;

@@ -24,6 +24,7 @@ frmSupplier::frmSupplier(QWidget *parent)
     : MasterScreen(u"frmSupplier"_s, u"Supplier"_s, parent)
 {
     buildForm();
+    // A supplier has no country: the states of all of them are offered.
     loadAllStates(*cboState);
 }
 
@@ -40,11 +41,13 @@ void frmSupplier::buildForm()
     makeButtons(form, {.find = true, .print = true});
     form.finish();
     resize(760, 560);
+    // Ahead of it stands only the number, which nobody types.
     txtName->setFocus();
     bindFields();
     setFields({&m_fields});
     input::validateOnLeave(txtPhone, [this] { return txtPhone_Validate(); });
     input::validateOnLeave(txtFax, [this] { return txtFax_Validate(); });
+    // Who gives up is not held back by what is half typed.
     for (QPushButton *button : {cmdCancel, cmdExit})
         input::setCausesValidation(button, false);
 }
@@ -133,6 +136,7 @@ void frmSupplier::ClearData()
 
 void frmSupplier::prepareNewRecord()
 {
+    // A preview: if another workstation stores it first, the save takes the next one.
     (void)takeFreshKey();
     txtName->setFocus();
 }
@@ -148,6 +152,7 @@ bool frmSupplier::VailidateFields()
 {
     if (input::isBlank(txtSupplierID))
         return refuse(txtSupplierID, u"Supplier ID should not be blank."_s, false);
+    // Names may be alike: two branches of one dealer are told apart by their numbers.
     if (input::isBlank(txtName))
         return refuse(txtName, u"Supplier Name should not be blank."_s, false);
     return true;
@@ -156,6 +161,7 @@ bool frmSupplier::VailidateFields()
 std::optional<QVariant> frmSupplier::saveRecord()
 {
     clsSupplier supplier = m_fields.read();
+    // Its column is a field like the others, since the database doesn't give it.
     supplier.SupplierID = txtSupplierID->text().toLongLong();
     if (!clsSupplier_Manager().SaveRecord(supplier, mode(), m_fields.shown()))
         return std::nullopt;
@@ -169,6 +175,7 @@ QString frmSupplier::recordName() const
 
 void frmSupplier::recordShown()
 {
+    // What has not joined the program is grey.
     cmdFind->setEnabled(hasRows() && screenCalls().ShowQuickFind != nullptr);
     cmdPrint->setEnabled(hasRows() && openings().isJoined(u"ShowSupplierReport"));
 }
