@@ -68,9 +68,9 @@ bool clsEmployee_Manager::DeleteRecord(const QString &EmployeeID) const
         try {
             gcnData->Execute(QStringLiteral("Delete from tblEmployee where EmployeeID = ?"),
                              {EmployeeID});
-        // The engine's own words would name a constraint. Its number stays, by which the log tells
-        // the causes apart.
         } catch (const db::DbError &error) {
+            // The engine's own words would name a constraint. Its number stays, by which the log
+            // tells the causes apart.
             throw base::Error(error.number(), QStringLiteral("Deletion not allowed."));
         }
         return true;

@@ -19,6 +19,7 @@ QByteArray fetchedFeed()
 {
     frmMessages notice(QApplication::activeWindow());
     notice.setWindowModality(Qt::ApplicationModal);
+    // Set by this thread and read by the one that fetches.
     std::atomic<bool> closed = false;
     QObject::connect(&notice, &QDialog::rejected, [&] { closed = true; });
     notice.ShowMessages();
@@ -33,6 +34,7 @@ void open(const updates::Offer &offer)
 {
     if (const QString sentence = updates::sentenceOf(offer); !sentence.isEmpty())
         base::showInformation(sentence);
+    // The address is the site's word: a file or a program of this computer is not opened by it.
     if (web::isWebAddress(offer.address))
         launchIt(offer.address);
     else

@@ -8,6 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace shell {
 
+/// Painted and not loaded: it is sharp at any width and enlargement.
 class HeaderBar::Picture : public QWidget
 {
 public:

@@ -11,6 +11,7 @@ namespace shell {
 
 bool isQuickLinkJoined(int index)
 {
+    // The help is part of this program.
     if (index == HelpLink)
         return true;
     const QString opening = QString::fromLatin1(quickLinks()[index].opening);
@@ -26,6 +27,7 @@ bool isQuickLinkJoined(int index)
 
 void findAndOpen(const std::function<QString()> &find, const QString &form)
 {
+    // Round and round, as one works through a list of machines: Cancel in the find is the way out.
     for (QString key = find(); !key.trimmed().isEmpty(); key = find())
         openings().open(form, {.key = key});
 }

@@ -32,8 +32,10 @@ void frmSetup::addKept(input::SpinInput *spin, QStringView option, int copies::K
         {.key = option.toString(),
          .text = [spin] { return QString::number(spin->value()); },
          .setText = [spin](const QString &text) { spin->setValue(text.toInt()); },
+         // Read as the rule, in which an option that is missing or senseless has its usual value.
          .read =
              [number] { return QString::number(copies::keepRuleOf(lookupConnection()).*number); }});
+    // By edited, which comes for the user's changes alone.
     connect(spin, &input::SpinInput::edited, this,
             [this, key = option.toString()] { markChanged(key); });
 }
@@ -78,10 +80,12 @@ QWidget *frmSetup::backupsPage()
     addKept(weeks, copies::WeeksOption, &KeepRule::weeks);
     addKept(months, copies::MonthsOption, &KeepRule::months);
     addKept(restores, copies::RestoresOption, &KeepRule::restores);
+    // Each workstation has its own: a stick is in one computer.
     addField({.key = administration::SecondPlaceOption.toString(),
               .perWorkstation = true,
               .text = [place] { return place->text().trimmed(); },
               .setText = [place](const QString &text) { place->setText(text); }});
+    // A folder may be typed that is not there yet: the stick is put in at the end of the day.
     const auto placeChanged = [this] { markChanged(administration::SecondPlaceOption.toString()); };
     connect(place, &QLineEdit::textChanged, this, placeChanged);
     connect(browse, &QToolButton::clicked, this, [place] {

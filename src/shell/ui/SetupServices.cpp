@@ -32,6 +32,7 @@ constexpr int LongestName = 200;
 constexpr int LongestSecret = 500;
 constexpr int DigitsOfPort = 5;
 
+/// What the installation has left open is said, and not shown as an empty line.
 QString shown(const QString &value)
 {
     return value.isEmpty() ? u"(not set up)"_s : value;
@@ -52,6 +53,7 @@ void trying(const std::function<void()> &step)
 /// Sends a mail to the sender and tells it. Raises base::Error.
 void sendTest(const mail::Account &account, QWidget *page)
 {
+    // A server may answer with what it was sent.
     secrets::withhold(account.password);
     mailing::sendShown(u"Sending a test"_s, account,
                        {.sender = account.sender,
@@ -91,11 +93,14 @@ QLineEdit *frmSetup::addSecret(input::FormBuilder &form, const QString &option, 
 {
     QLineEdit *box = form.passwordField(name, label, LongestSecret);
     auto *forget = form.sideButton(u"cmdForget"_s + name.sliced(3), u"Forget it"_s, u"delete"_s);
+    // Shared by the functions of the field and the button, which live as long as the screen.
     const auto isForgotten = std::make_shared<bool>(false);
     addField({.key = option,
               .text = [box] { return box->text(); },
               .setText =
                   [=](const QString &) {
+                      // The stored secret never comes into the box: the words in its place tell
+                      // that there is one.
                       *isForgotten = false;
                       box->clear();
                       const bool isKept = secrets::isKept(option);
@@ -104,6 +109,8 @@ QLineEdit *frmSetup::addSecret(input::FormBuilder &form, const QString &option, 
                   },
               .store =
                   [=](const QString &text) {
+                      // An empty box means that nothing was typed, and only the button that the
+                      // secret is to go.
                       if (!text.isEmpty() || *isForgotten)
                           secrets::store(option, text);
                       const bool isKept = secrets::isKept(option);
@@ -116,6 +123,7 @@ QLineEdit *frmSetup::addSecret(input::FormBuilder &form, const QString &option, 
     connect(forget, &QToolButton::clicked, this, [=, this] {
         *isForgotten = true;
         box->clear();
+        // Not before it is applied: Cancel brings it back.
         box->setPlaceholderText(u"(will be forgotten)"_s);
         markChanged(option);
     });
@@ -135,6 +143,7 @@ QWidget *frmSetup::mailPage()
     security->add(securityNames());
     const auto chosen = [security] {
         const qsizetype place = securityNames().indexOf(security->currentText());
+        // The names stand in the order of the kinds.
         return static_cast<mail::Security>(std::max<qsizetype>(0, place));
     };
     addField({.key = SecurityOption,
@@ -157,6 +166,7 @@ QWidget *frmSetup::mailPage()
     form.finish();
 
     const auto showUsualPort = [port, chosen] {
+        // A blank port is the usual one, which changes with the encryption.
         port->setPlaceholderText(QString::number(mail::usualPort(chosen())));
     };
     showUsualPort();
@@ -169,13 +179,16 @@ QWidget *frmSetup::mailPage()
         trying([=, this] {
             if (server->text().trimmed().isEmpty() || sender->text().trimmed().isEmpty())
                 return base::showMessage(u"Enter the mail server and the sender address first."_s);
+            // Of what stands in the boxes and not of the options: one tries before one stores.
             mail::Account account;
             account.server = server->text();
             account.security = chosen();
             account.port = portOf(port->text(), account.security);
             account.sender = sender->text().trimmed();
             account.user = user->text().trimmed();
+            // Set by the installation and shown nowhere here.
             account.authorities = authorities();
+            // A server that asks for no user gets no password either.
             if (!account.user.isEmpty())
                 account.password = typedOrKept(password, PasswordOption);
             sendTest(account, this);
@@ -203,6 +216,8 @@ QWidget *frmSetup::errorReportsPage()
             const QString connection = typedOrKept(store, errorstore::ConnectionOption);
             if (connection.isEmpty())
                 return base::showMessage(u"Enter the connection first."_s);
+            // On a thread of its own, since a driver may wait long for a host that doesn't answer.
+            // The block of the call ends with the thread, so that the number can be read here.
             int reports = 0;
             working::runShown(
                 u"Checking the connection"_s,
@@ -222,6 +237,7 @@ QWidget *frmSetup::updatesPage()
     auto *page = new QWidget(this);
     input::FormBuilder form(page);
     form.note(u"Where newer releases come from is set by the installation on this computer."_s);
+    // Read once: the installation doesn't change while the screen is open.
     const auto share = updates::releaseShare();
     form.readOnlyField(u"lblVersion"_s, u"Installed release"_s)->setText(shown(GetVersionNo()));
     form.readOnlyField(u"lblReleaseShare"_s, u"Folder with releases"_s)
@@ -233,6 +249,7 @@ QWidget *frmSetup::updatesPage()
     atStart->setEnabled(share.has_value());
     addField({.key = updates::AtStartValue,
               .text = [atStart] { return atStart->isChecked() ? u"1"_s : u"0"_s; },
+              // Looking is the rule, so a value that is missing means on.
               .setText = [atStart](const QString &text) { atStart->setChecked(text != u"0"); },
               .read = [] { return GetRegistryValue(updates::AtStartValue); },
               .store = [](const QString &text) { SetRegistryValue(updates::AtStartValue, text); }});

@@ -54,11 +54,15 @@ void frmChangePassword::ShowSystemSettings()
 void frmChangePassword::cmdSave_Click()
 {
     base::trapped("frmChangePassword", "cmdSave_Click", [this] {
+        // First, so that nobody learns anything at a workstation that was left. With security off
+        // nobody is logged in, and no password fits.
         if (!shell::isUserPassword(gsLoginUser, txtOldPassword->text())) {
             base::showMessage(u"Existing password did not match."_s);
             askAgain(txtOldPassword);
             return;
         }
+        // Letter by letter, although case doesn't matter at the login: two different texts are two
+        // different intentions.
         if (txtNewPassword->text() != txtConfirmPassword->text()) {
             base::showMessage(u"New password and Confirm Password are not same."_s);
             askAgain(txtConfirmPassword);

@@ -63,9 +63,11 @@ void frmFirstStart::buildForm()
     cmdSave = form.button(u"cmdSave"_s, u"&Save"_s, theme::icon(u"save"_s));
     cmdLater = form.button(u"cmdLater"_s, u"&Later"_s, theme::icon(u"return"_s));
     form.finish();
+    // The import is a screen of another folder.
     cmdImport->setEnabled(openings().isJoined(u"frmImport"));
     input::validateOnLeave(txtCompanyPhone,
                            [this] { return txtCompanyPhone->check(u"Invalid phone No."_s); });
+    // Who puts it off is not held back by what is half typed.
     input::setCausesValidation(cmdLater, false);
     cmdSave->setDefault(true);
     setMinimumWidth(widthOfForm);
@@ -101,6 +103,7 @@ bool frmFirstStart::store()
     const shell::FirstSteps wanted = steps();
     if (const QString refusal = shell::refusalOf(wanted); !refusal.isEmpty()) {
         base::showMessage(refusal);
+        // All other refusals are of the password.
         (wanted.name.trimmed().isEmpty() ? txtCompanyName : txtNewPassword)->setFocus();
         return false;
     }
@@ -120,6 +123,7 @@ void frmFirstStart::cmdImport_Click()
 {
     if (!store())
         return;
+    // Closed first: the import is no part of this screen, and what was entered is stored by now.
     unload();
     openings().open(u"frmImport");
 }

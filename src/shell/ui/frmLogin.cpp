@@ -40,6 +40,7 @@ void frmLogin::buildForm()
 
 void frmLogin::ShowLoginForm(bool &Result)
 {
+    // Without a parent: there is no main window yet.
     frmLogin login;
     login.showModal();
     Result = !login.m_cancelled;
@@ -49,6 +50,7 @@ void frmLogin::cmdContinue_Click()
 {
     base::trapped("frmLogin", "cmdContinue_Click", [this] {
         using Outcome = shell::LoginAttempts::Outcome;
+        // Set ahead of each attempt: one that ends in an error lets nobody in.
         m_cancelled = true;
         switch (m_attempts.attempt(txtUserName->text(), txtPassword->text())) {
         case Outcome::LoggedIn:
@@ -56,6 +58,7 @@ void frmLogin::cmdContinue_Click()
             unload();
             break;
         case Outcome::Refused:
+            // Not which of the two: whoever tries names would learn which ones there are.
             base::showMessage(u"Invalid Username or Password!"_s);
             askAgain();
             break;

@@ -75,6 +75,7 @@ frmMainScreen::frmMainScreen(std::function<void()> End, QWidget *parent)
     , m_end(std::move(End))
 {
     setObjectName(u"frmMainScreen"_s);
+    // Ahead of menus and links, which are grey for what has not joined.
     joinOwnEntries();
     buildMenu();
     buildSideBar();
@@ -87,6 +88,8 @@ void frmMainScreen::joinOwnEntries()
 {
     // None of them holds on to this window, which they may outlive.
     Openings &all = openings();
+    // It ends the process at once, past closeEvent: the window's size is stored by its close box
+    // alone.
     all.join(u"mnuExit"_s, [end = m_end] {
         if (end)
             end();
@@ -94,6 +97,7 @@ void frmMainScreen::joinOwnEntries()
     all.join(u"frmChangePassword"_s, [] { frmChangePassword::ShowSystemSettings(); });
     all.join(u"frmSetup"_s, [](const OpeningArguments &a) { frmSetup::ShowSystemSettings(a.key); });
     all.join(u"frmSendDBUpdate"_s, [] { frmSendDBUpdate::ShowSendDBUpdateDetails(); });
+    // Not joined for others at all: hidden in the menu it could still be opened by its name.
     if (gsLoginUser == administrator)
         all.join(u"frmUserManageMent"_s, [] { frmUserManageMent::ShowUserManagement(); });
     all.join(u"mnuCompactDB"_s, [window = QPointer(this)] {
@@ -116,11 +120,13 @@ void frmMainScreen::joinOwnEntries()
 void frmMainScreen::buildMenu()
 {
     for (const Opening &entry : openingTable()) {
+        // What screens offer by a button of theirs stands in no menu.
         if (entry.kind == OpeningKind::Inner)
             continue;
         QMenu *parent = m_menus.value(latin1(entry.parent));
         const QString name = latin1(entry.object);
         if (entry.kind == OpeningKind::Menu) {
+            // A menu stands in the list ahead of all that it holds.
             QMenu *menu = parent != nullptr ? parent->addMenu(latin1(entry.caption))
                                             : menuBar()->addMenu(latin1(entry.caption));
             menu->setObjectName(name);
@@ -134,8 +140,10 @@ void frmMainScreen::buildMenu()
         action->setObjectName(name);
         action->setStatusTip(latin1(entry.purpose));
         m_actions.insert(name, action);
+        // By its name and not by its row: the error report tells which entry was chosen.
         connect(action, &QAction::triggered, this, [this, name] { openEntry(name); });
     }
+    // Shown in the menu as well, where other keys of the side bar have no entry.
     m_actions.value(u"mnuQuorvantisHelp"_s)->setShortcut(Qt::Key_F1);
 }
 
@@ -155,6 +163,7 @@ void frmMainScreen::buildSideBar()
         link->setObjectName(u"lblQuickMenu%1"_s.arg(index));
         link->setToolTip(u"%1 (%2)"_s.arg(latin1(each.purpose), latin1(each.key)));
         link->setStatusTip(latin1(each.purpose));
+        // A link that would lead nowhere is grey like an entry of the menus.
         link->setEnabled(shell::isQuickLinkJoined(index));
         connect(link, &input::QuickLink::clicked, this,
                 [this, index] { lblQuickMenu_Click(index); });
@@ -189,6 +198,7 @@ void frmMainScreen::buildBoard()
     sideBar->setFocusPolicy(Qt::NoFocus);
     sideBar->setFixedWidth(sideBarWidth);
     below->addWidget(sideBar);
+    // The board is a screen of another folder, which this one doesn't know.
     if (const auto &board = shell::mainBoard(); !board.isEmpty())
         below->addWidget(board.make(middle), 1);
     else
@@ -199,6 +209,7 @@ void frmMainScreen::buildBoard()
 
 void frmMainScreen::buildStatusBar()
 {
+    // With security off nobody has logged in, and there is no name to show.
     statusBar()->setSizeGripEnabled(true);
     if (!gsLoginUser.isEmpty()) {
         auto *user = new QLabel(u"User: "_s + gsLoginUser, this);
@@ -212,11 +223,14 @@ void frmMainScreen::MDIForm_Load()
     base::trapped(module, "MDIForm_Load", [this] {
         setCaptions();
         m_actions.value(u"mnuusrmanagement"_s)->setVisible(gsLoginUser == administrator);
+        // Without a login there is no password to change.
         m_actions.value(u"munPasswords"_s)->setVisible(!gsLoginUser.isEmpty());
+        // The size comes ahead of the stored one, which takes its place where there is one.
         resize(factorySize);
         ApplyCenteredFormLayout(this, objectName());
         ApplyMainFormColors();
         ApplySideBarColors();
+        // From now on new screens are placed beside the side bar.
         setMainFormParts({this, theme::headerHeight, sideBarWidth});
         CheckRole();
     });
@@ -265,6 +279,7 @@ bool frmMainScreen::CleanUpParts() const
 
 void frmMainScreen::openEntry(const QString &name)
 {
+    // What an opened screen raises ends here: the report names the entry, and the window stays.
     base::trapped(module, qPrintable(name + u"_Click"_s), [&] {
         if (name == u"mnuUpdateDatabase")
             mnuUpdateDatabase_Click();
@@ -275,9 +290,14 @@ void frmMainScreen::openEntry(const QString &name)
 
 void frmMainScreen::mnuCompactDB_Click()
 {
+    // Told ahead, since the window doesn't answer until it is done.
     base::showMessage(u"System will compact the database. It might take a while. Please wait."_s);
+    // A database that can't be cleaned is not copied over the one that is there. The failure has
+    // been reported.
     if (!CleanUpParts())
         return;
+    // No entry may be chosen meanwhile: the connections are closed. CompactDatabase passes no error
+    // on, so both are taken back in any case.
     setEnabled(false);
     QApplication::setOverrideCursor(Qt::WaitCursor);
     CompactDatabase();
@@ -287,6 +307,8 @@ void frmMainScreen::mnuCompactDB_Click()
 
 void frmMainScreen::mnuUpdateDatabase_Click()
 {
+    // Once only: a script that has failed is marked as run, and a second try would find nothing
+    // left to do.
     openings().open(u"mnuUpdateDatabase");
     m_actions.value(u"mnuUpdateDatabase"_s)->setEnabled(false);
 }
@@ -298,6 +320,7 @@ void frmMainScreen::lblQuickMenu_Click(int index)
 
 void frmMainScreen::runQuickLink(int index)
 {
+    // The keys of the links reach here also while a link is grey.
     if (!shell::isQuickLinkJoined(index))
         return;
     const QString opening = latin1(shell::quickLinks()[static_cast<std::size_t>(index)].opening);
@@ -312,6 +335,7 @@ void frmMainScreen::runQuickLink(int index)
 
 bool frmMainScreen::event(QEvent *event)
 {
+    // The window is left while the board is being read: by a box of the board's own.
     if (event->type() == QEvent::WindowDeactivate && m_activating)
         m_skipActivation = true;
     if (event->type() == QEvent::WindowActivate && !m_activating) {
@@ -335,6 +359,7 @@ void frmMainScreen::MDIForm_Activate()
 
 void frmMainScreen::closeEvent(QCloseEvent *event)
 {
+    // The help is a window of its own, which would keep the process alive.
     MDIForm_QueryUnload();
     MDIForm_Unload();
     event->accept();
@@ -351,5 +376,6 @@ void frmMainScreen::MDIForm_QueryUnload()
 void frmMainScreen::MDIForm_Unload()
 {
     base::trapped(module, "MDIForm_Unload",
+                  // The size only: the window is centred at each start.
                   [this] { StoreFormLayout(*this, objectName(), false); });
 }

@@ -81,6 +81,7 @@ void frmSendDBUpdate::buildForm()
     cmdSend = form.button(u"cmdSend"_s, u"&Send"_s, theme::icon(u"mail"_s));
     cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
     form.finish();
+    // Grey until they are reached.
     cmdSend->setDefault(true);
     clearMarks();
     connect(cmdSend, &QPushButton::clicked, this, &frmSendDBUpdate::cmdSend_Click);
@@ -119,6 +120,7 @@ bool frmSendDBUpdate::send()
         return false;
     };
     try {
+        // The marks tell where it stopped, so each comes ahead of what may fail.
         mark(Step::GeneratingXml);
         const QString address = txtEmail->text().trimmed();
         ErrorReport report;
@@ -128,12 +130,14 @@ bool frmSendDBUpdate::send()
             updateReportHtml(ErrorReportDetails::of(report), GetRegistryValue(u"CLIENTVERSION"_s)),
             base::applicationPath(u"\\Script\\DBChanges.mdb"_s)};
         mark(Step::Exporting);
+        // None has joined in a program without an account's transport.
         const auto &sendMail = reportTransport().sendMail;
         return (sendMail && sendMail(mail)) ||
                fail(u"No mail account is set up for it. File, Setup has a page Mail for that."_s);
     } catch (const base::Cancelled &) {
         throw;
     } catch (const base::Error &error) {
+        // A server's answer may repeat a password.
         return fail(secrets::withheld(error.description()));
     }
 }
@@ -149,6 +153,8 @@ void frmSendDBUpdate::cmdSend_Click()
                 base::showInformation(
                     u"Thank You for reporting this error. This goes directly to our "
                     u"programmers for diagnosis and repair."_s);
+            // Also after a failure, which has been told: the script stays where it is, and the menu
+            // leads here again.
             unload();
         } catch (const base::Cancelled &) {
             clearMarks();

@@ -37,6 +37,7 @@ QString fieldLabel(int number)
         .arg(number % 10);
 }
 
+/// A constant of the longest caption, since the buttons are made one by one.
 /// All buttons of lists are as wide as the widest of them.
 int widthOfLists()
 {
@@ -57,6 +58,7 @@ frmSetup::frmSetup(QWidget *parent)
     std::ranges::stable_sort(m_fields, {}, [&](const Field &field) {
         return std::ranges::find(options, field.key) - options.begin();
     });
+    // The pages have connected their own controls; these are of all of them.
     connect(cmdDefaultFormSize, &QPushButton::clicked, this, &frmSetup::cmdDefaultFormSize_Click);
     connect(cmdOk, &QPushButton::clicked, this, &frmSetup::cmdOk_Click);
     connect(cmdApply, &QPushButton::clicked, this, &frmSetup::cmdApply_Click);
@@ -68,6 +70,7 @@ frmSetup::frmSetup(QWidget *parent)
 void frmSetup::ShowSystemSettings(const QString &page)
 {
     frmSetup screen(QApplication::activeWindow());
+    // A page that is not there leaves the first one in front.
     if (auto *wanted = screen.tabOptions->findChild<QWidget *>(page))
         screen.tabOptions->setCurrentWidget(wanted);
     screen.showModal();
@@ -94,6 +97,7 @@ void frmSetup::buildForm()
     cmdCancel = form.button(u"cmdCancel"_s, u"&Cancel"_s, theme::icon(u"cancel"_s));
     cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
     form.finish();
+    // Who gives up is not held back by what is half typed.
     input::setCausesValidation(cmdCancel, false);
     input::setCausesValidation(cmdExit, false);
     resize(640, 520);
@@ -114,6 +118,7 @@ QWidget *frmSetup::companyPage()
         addText(form, u"GEN_COMPANY_NAME", u"txtCompanyName"_s, u"Company &Name "_s, OptionLength);
     addText(form, u"GEN_COMPANY_ADDRESS1", u"txtCompanyAddress1"_s, u"Company A&ddress"_s,
             OptionLength);
+    // Its label is that of the line above; assistive tools need one all the same.
     addText(form, u"GEN_COMPANY_ADDRESS2", u"txtCompanyAddress2"_s, {}, OptionLength)
         ->setAccessibleName(u"Second line of the address"_s);
     txtCompanyPhone = form.phoneField(u"txtCompanyPhone"_s, u"P&hone"_s);
@@ -131,6 +136,7 @@ QWidget *frmSetup::companyPage()
             u"Number o&f days late to show service as Red Code"_s);
     form.endGroup();
     chkSecurity = form.checkBox(u"chkSecurity"_s, u"&Security On/Off"_s);
+    // "1" is on, and everything else is off, an option that is missing included.
     addField({.key = shell::SecurityOption.toString(),
               .text = [this] { return chkSecurity->isChecked() ? u"1"_s : u"0"_s; },
               .setText = [this](const QString &text) { chkSecurity->setChecked(text == u"1"); }});
@@ -150,6 +156,7 @@ QWidget *frmSetup::fieldsPage()
     for (int number = 1; number <= FreeFields; ++number) {
         QLineEdit *box = addText(form, shell::fieldCaptionOption(number),
                                  u"txtField%1"_s.arg(number), fieldLabel(number), OptionLength);
+        // A field without a caption would be a box without a label on the machine's screen.
         connect(box, &QLineEdit::editingFinished, this, [box, number] {
             if (box->text().trimmed().isEmpty())
                 box->setText(shell::usualFieldCaption(number));
@@ -170,6 +177,7 @@ QWidget *frmSetup::listsPage()
         qint64 number;
         bool engine = false;
     };
+    // Engine models are models whose makes are engine makes: one list, opened in two ways.
     constexpr List lists[] = {
         {"cmdCountry", "Country", Country},
         {"cmdState", "State", State},
@@ -231,11 +239,13 @@ QWidget *frmSetup::workstationPage()
               .text = [cboPaper] { return cboPaper->currentText(); },
               .setText =
                   [cboPaper](const QString &text) {
+                      // Nothing is stored before the first choice, and a release may drop a paper.
                       if (!cboPaper->selectText(text))
                           cboPaper->setCurrentIndex(0);
                   }});
     connect(cboPaper, &QComboBox::currentIndexChanged, this,
             [this] { markChanged(catalogue::paperOption()); });
+    // No option: the button acts at once, whatever Cancel does.
     form.beginRow(u"Size and place of all windows"_s);
     cmdDefaultFormSize = form.inlineButton(u"cmdDefaultFormSize"_s, u"&Set to default"_s);
     form.endRow();
@@ -265,6 +275,7 @@ void frmSetup::addField(QLineEdit *box, QStringView key)
     addField({.key = key.toString(),
               .text = [box] { return box->text(); },
               .setText = [box](const QString &text) { box->setText(text); }});
+    // By textChanged, which comes also for what a check or a usual caption puts there.
     connect(box, &QLineEdit::textChanged, this,
             [this, name = key.toString()] { markChanged(name); });
 }
@@ -287,6 +298,7 @@ void frmSetup::addList(input::FormBuilder &form, const QString &name, const QStr
 void frmSetup::readOptions()
 {
     base::trapped(Module, "DisplayData", [this] {
+        // Filling the boxes is no change. The mark goes also when an option can't be read.
         m_reading = true;
         for (Field &field : m_fields) {
             field.setText(field.read ? field.read() : GetOption(field.key, field.perWorkstation));
@@ -320,22 +332,28 @@ void frmSetup::EnableControls()
 
 bool frmSetup::SaveSystemChanges()
 {
+    // Enter and Alt+A come here while the box still has the focus, so that leaving it has checked
+    // nothing.
     if (!txtCompanyPhone->check(u"Invalid phone No."_s)) {
         tabOptions->setCurrentIndex(0);
         txtCompanyPhone->setFocus();
         return false;
     }
     return base::trapped(Module, "SaveSystemChanges", false, [this] {
+        // The first option that can't be stored ends it: those behind it stay marked as changed,
+        // and Apply tries them again.
         const base::Whole whole;
         for (Field &field : m_fields) {
             if (!field.changed)
                 continue;
             if (field.store)
+                // What is not an option: a secret, or a value of the registry.
                 field.store(field.text());
             else
                 SetOption(field.key, field.text(), field.perWorkstation);
             field.changed = false;
             if (field.key == shell::SecurityOption)
+                // The login is asked at the start, and menus are made for the user who passed it.
                 base::showInformation(
                     u"To enable/disable passwords please close and restart the program"_s);
         }
@@ -345,6 +363,7 @@ bool frmSetup::SaveSystemChanges()
 
 void frmSetup::cmdOk_Click()
 {
+    // Nothing changed needs no check: a phone number from before may lack digits.
     if (!isChanged() || SaveSystemChanges())
         unload();
 }

@@ -40,13 +40,16 @@ frmUserManageMent::frmUserManageMent(QWidget *parent)
     : SavingScreen(u"frmUserManageMent"_s, u"User Management"_s, parent, StoreWhat::SizeOnly)
 {
     buildForm();
+    // The employees first: the rows of the grid show them by name.
     RefreshCombo();
     grdUser->sortBy(u"UserName"_s, grid::Sort::Ascending);
     adoptGrid(grdUser, u"grdUser"_s);
     RefreshRecordSet();
 
+    // Behind the first display, which is no change.
     watch({txtUserName, txtPassword, cboEmployee});
     connect(grdUser, &grid::GridView::currentRowChanged, this, [this] {
+        // The grid is read anew while a record is edited too.
         if (mode() == Mode::Browse)
             DisplayData();
     });
@@ -67,6 +70,7 @@ void frmUserManageMent::buildForm()
     grdUser->setAccessibleName(u"Users"_s);
     grdUser->setEditing(false);
     grdUser->rows().addColumn({.name = u"UserName"_s, .caption = u"User Name"_s, .width = 200});
+    // The stored text is needed for the save, which finds by it what somebody else has changed.
     grdUser->rows().addColumn({.name = u"Password"_s, .visible = false});
     grdUser->rows().addColumn({.name = u"EmployeeID"_s, .visible = false});
     grdUser->rows().addColumn({.name = u"Employee"_s, .width = 320});
@@ -86,6 +90,7 @@ void frmUserManageMent::buildForm()
     form.finish();
     resize(620, 460);
     m_fields.addTrimmed(txtUserName, &clsUser::UserName);
+    // By the text of the number: an item's own id is only its place in the list.
     m_fields.add(
         cboEmployee, &clsUser::EmployeeID,
         [this] { return QVariant(m_employeeIDs.value(cboEmployee->currentIndex())); },
@@ -105,9 +110,11 @@ void frmUserManageMent::RefreshRecordSet(const QString &userToShow)
         showEmployeeNames();
         const int wanted =
             userToShow.isEmpty() ? -1 : grdUser->rows().findRow(u"UserName", userToShow);
+        // By the order that is shown, which the user may have changed.
         const int first = grdUser->displayedOrder().value(0, -1);
         grdUser->selectRow(wanted >= 0 ? wanted : first);
     });
+    // In any case, so that a list that can't be read leaves no half changed screen.
     setMode(Mode::Browse);
     DisplayData();
 }
@@ -165,6 +172,7 @@ void frmUserManageMent::ClearData()
 {
     m_fields.clear();
     txtPassword->clear();
+    // Clearing counts as a change to the box, and an unmodified box stands for the stored password.
     txtPassword->setModified(false);
     showPasswordHint({});
 }
@@ -179,6 +187,7 @@ void frmUserManageMent::EnableControls()
     grdUser->setEnabled(browsing);
     cmdAdd->setEnabled(browsing);
     cmdDelete->setEnabled(browsing && hasRow);
+    // While a user is edited it stays on, and says what is to be done first.
     cmdRole->setEnabled(!browsing || hasRow);
     cmdSave->setEnabled(!browsing);
     cmdCancel->setEnabled(!browsing);
@@ -206,6 +215,7 @@ bool frmUserManageMent::VailidateFields()
         txtUserName->setFocus();
         return false;
     }
+    // Of a renamed user the manager asks it, who knows the row that is no other's.
     if (mode() == Mode::Add && clsUser_Manager().IsUserExist(txtUserName->text().trimmed())) {
         base::showMessage(u"User Name should be unique."_s);
         txtUserName->setFocus();
@@ -280,6 +290,7 @@ void frmUserManageMent::cmdDelete_Click()
         if (!base::askYesNo(u"Are you sure you want to Delete this record?"_s))
             return;
         bool deleted = false;
+        // By the stored name, whatever stands in the box.
         clsUser_Manager().DeleteRecord(m_fields.shown().UserName, deleted);
         if (deleted)
             RefreshRecordSet();
@@ -298,6 +309,7 @@ void frmUserManageMent::cmdRole_Click()
 
 void frmUserManageMent::cmdEmployee_Click()
 {
+    // The list is made anew behind the employees' screen: places change, the number stays.
     const QString chosen = m_employeeIDs.value(cboEmployee->currentIndex());
     openings().open(employeeScreen);
     RefreshCombo();

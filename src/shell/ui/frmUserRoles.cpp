@@ -69,6 +69,7 @@ void frmUserRoles::buildForm()
         auto *page = new QWidget(SSTab1);
         input::FormBuilder pageForm(page);
         pageForm.beginColumns();
+        // Two columns on each page: what changes records, and what is only read.
         for (const bool records : {true, false}) {
             if (!records)
                 pageForm.nextColumn();
@@ -85,6 +86,7 @@ void frmUserRoles::buildForm()
         pageForm.finish();
         SSTab1->addTab(page, title);
     }
+    // One order for boxes and rights from here on, by which they are matched when shown and stored.
     for (const shell::RightEntry &right : shell::rightsTable())
         m_boxes.append(boxes.value(column(right)));
 
@@ -108,6 +110,7 @@ void frmUserRoles::RefreshRecordSet()
 void frmUserRoles::DisplayData(const QSet<QString> &granted)
 {
     const Displaying displaying(*this);
+    // Kept for the save, which stores nothing when another administrator has changed them.
     m_shown = granted;
     for (qsizetype i = 0; i < m_boxes.size(); ++i)
         m_boxes[i]->setChecked(granted.contains(column(shell::rightsTable()[i])));
@@ -115,6 +118,7 @@ void frmUserRoles::DisplayData(const QSet<QString> &granted)
 
 void frmUserRoles::EnableControls()
 {
+    // Return stays: what is not saved is left without a question, as on the options.
     const bool changed = mode() != Mode::Browse;
     cmdUpdate->setEnabled(changed);
     cmdCancel->setEnabled(changed);
@@ -128,11 +132,13 @@ void frmUserRoles::cmdUpdate_Click()
             if (m_boxes[i]->isChecked())
                 granted.insert(column(shell::rightsTable()[i]));
         }
+        // All boxes are stored, changed or not: the row holds what this screen showed.
         orInTheWay([&] { StoreRights(m_userName, granted, m_shown); },
                    [this] {
                        return u"Another workstation is changing the user \"%1\". Please try "
                               "again in a moment."_s.arg(m_userName);
                    });
+        // As they are stored now, which turns the screen back.
         RefreshRecordSet();
     });
 }
