@@ -57,6 +57,15 @@ struct clsServicesManagerTest : test::Fleet
 
 TEST_F(clsServicesManagerTest, EveryFieldComesBackFromBothStores)
 {
+    QStringList unknown;
+    const std::vector<QStringView> fields = record::columns(clsServices::fields());
+    const db::Recordset table = gcnData->Open(u"Select * from tblServices"_s);
+    for (int column = 0; column < table.columnCount(); ++column)
+        if (std::ranges::none_of(fields, [&](QStringView field) {
+                return field.compare(table.columnName(column), Qt::CaseInsensitive) == 0;
+            }))
+            unknown.append(table.columnName(column));
+    EXPECT_EQ(unknown, (QStringList{u"ServiceID"_s, u"NextScheduledDate"_s}));
     clsServices service = everyFieldDifferent();
     ASSERT_NE(service.Dece, service.Jan);
     ASSERT_TRUE(manager.SaveRecord(service, Mode::Add, ServiceStore::Catalogue));
