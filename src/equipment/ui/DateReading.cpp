@@ -53,6 +53,7 @@ void DateReading::buildForm()
     form.finish();
     resize(760, 480);
 
+    // Neither needs dates that are right: one throws them away, the other only closes.
     input::setCausesValidation(cmdCancel, false);
     input::setCausesValidation(cmdExit, false);
     datFrom->checkOnLeave();
@@ -83,6 +84,7 @@ void DateReading::buildGrid()
           .align = grid::Align::Center,
           .editor = grid::Editor::Button}});
     showWhenEmpty(*m_grid, u"No machine has its date between these."_s);
+    // With the first key, so that the range can't be changed under a date that is being typed.
     connect(m_grid, &grid::GridView::typing, this, &DateReading::edited);
     connect(m_grid, &grid::GridView::buttonClicked, this, &DateReading::ButtonClick);
 }
@@ -95,6 +97,7 @@ void DateReading::readRange()
 
 void DateReading::unloading()
 {
+    // As text, and empty for none: what the user sees is what comes back.
     SetOption(m_sheet.optionFrom, datFrom->isEmpty() ? QString() : datFrom->text(), true);
     SetOption(m_sheet.optionTo, datTo->isEmpty() ? QString() : datTo->text(), true);
 }
@@ -146,6 +149,7 @@ void DateReading::leaveEditing()
 
 void DateReading::ButtonClick(int row, const QString &column)
 {
+    // The signal comes from any column; only one of them has buttons.
     if (column.compare(ButtonColumn, Qt::CaseInsensitive) != 0 || !m_grid->finishEditing())
         return;
     base::trapped(m_sheet.module, m_sheet.button, [&] {
@@ -160,6 +164,7 @@ bool DateReading::Change(int row, const QVariant &date)
 {
     return base::trapped(m_sheet.rule, "grdRecordService_Change", false, [&] {
         edited();
+        // Emptied again: this machine keeps its date.
         if (date.isNull())
             return true;
         grid::GridModel &rows = m_grid->rows();
@@ -168,6 +173,7 @@ bool DateReading::Change(int row, const QVariant &date)
         if (refusal.isEmpty())
             return true;
         base::showMessage(refusal);
+        // Emptied, so that a refused date is not saved with the others.
         rows.setValue(row, m_sheet.newCaption, QVariant());
         return false;
     });
@@ -187,6 +193,8 @@ void DateReading::cmdUpdate_Click()
     QList<datesheet::NewDate> dates;
     for (int row = 0; row < rows.rowCount(); ++row) {
         const QVariant date = rows.value(row, m_sheet.newCaption);
+        // Only rows that were given a date are written; all others stay as anybody else has left
+        // them.
         if (!date.isNull())
             dates.append({rows.value(row, u"EquipmentID").toLongLong(), rows.text(row, u"UnitNo"),
                           rows.value(row, m_sheet.column).toDateTime(), date.toDateTime()});
@@ -196,6 +204,7 @@ void DateReading::cmdUpdate_Click()
     if (!others)
         return;
     leaveEditing();
+    // Behind the transaction and the reading: the box says what happened, and the sheet shows it.
     if (!others->isEmpty())
         base::showMessage(u"Another workstation has changed these machines meanwhile. Their new "
                           "dates were not stored:\n\n"_s +

@@ -38,16 +38,19 @@ void DepreciationChart::show(const db::Recordset &rows)
         const double lost = row.real(u"Accumualted Depreciation");
         book->append(year, worth);
         accumulated->append(year, lost);
+        // Both lines share one axis: what is lost on one is what is left on the other.
         highest = std::max({highest, worth, lost});
         first = std::min(first, year);
         last = std::max(last, year);
     }
     // Two axes of their own per chart, since the years of another machine need other ticks.
     auto *years = new QValueAxis;
+    // A schedule of one year still needs an axis of some length.
     years->setRange(first, std::max(last, first + 1));
     years->setLabelFormat(u"%d"_s);
     years->setTickType(QValueAxis::TicksDynamic);
     years->setTickAnchor(first);
+    // Whole years only, and no more labels than have room.
     years->setTickInterval(1 + std::floor((last - first) / MostYearLabels));
     auto *money = new QValueAxis;
     money->setRange(0, std::max(highest, 1.0));

@@ -60,6 +60,7 @@ void DepreciationPage::buildPage()
     for (const auto *column :
          {u"End of Year", u"Annual Depreciation", u"Accumualted Depreciation", u"Book Value"})
         grdDepreciation->rows().column(column).align = grid::Align::Right;
+    // Rows are worked out as a whole; one that was changed by hand would fit no other.
     grdDepreciation->setEditing(false);
     form.widget(grdDepreciation, true);
     form.finish();
@@ -81,10 +82,12 @@ void DepreciationPage::buildPage()
 void DepreciationPage::DisplayData(const clsEquipment &machine, const db::Row &row)
 {
     RecordPage::DisplayData(machine, row);
+    // A cost of 0 can't be calculated with, so that nothing given must not look like it.
     blankIfNeverGiven(txtTotalCost, row, u"Totalcost");
     blankIfNeverGiven(txtSalvageValue, row, u"SalvageValue");
     blankIfNeverGiven(txtAssetYears, row, u"LifeYears");
     m_isAcquired = machine.Acquisitiondate.isValid();
+    // Each display goes back to what is stored: a year chosen from the list was a try.
     setPurchaseYear(m_isAcquired ? QString::number(machine.Acquisitiondate.date().year())
                                  : QString());
     enableRecalculate();
@@ -141,6 +144,7 @@ bool DepreciationPage::ValidationDepreciation()
         return refuse(txtTotalCost, u"Total cost should not be blank."_s);
     if (input::isBlank(txtSalvageValue))
         return refuse(txtSalvageValue, u"Salvage Value should not be blank."_s);
+    // Nothing would be left to lose its value.
     if (numberIn(txtTotalCost) <= numberIn(txtSalvageValue))
         return refuse(txtSalvageValue, u"Salvage Value should be less then the Total Cost."_s);
     if (input::isBlank(txtAssetYears))

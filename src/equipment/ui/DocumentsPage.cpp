@@ -58,6 +58,7 @@ void DocumentsPage::EnableControls()
     const bool isChosen = grdDocument->currentRow() >= 0;
     cmdAddDocument->setEnabled(isEditable());
     cmdRemoveDocument->setEnabled(isEditable() && isChosen);
+    // Looking needs no right to change.
     cmdPreview->setEnabled(isChosen);
 }
 

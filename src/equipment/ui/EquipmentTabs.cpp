@@ -81,6 +81,7 @@ EquipmentTabs::EquipmentTabs(QWidget *parent)
         button->setAccessibleName(tab.name.toString());
         button->setCheckable(true);
         button->setAutoDefault(false);
+        // The style centres captions, and a column of centred ones can't be read down.
         button->setStyleSheet(u"text-align:left"_s);
         const int index = static_cast<int>(m_buttons.size());
         group->addButton(button, index);
@@ -97,6 +98,7 @@ EquipmentTabs::EquipmentTabs(QWidget *parent)
 
 void EquipmentTabs::ChangeButtonState(int index)
 {
+    // The group releases the button that was pushed before.
     m_buttons[index]->setChecked(true);
 }
 
@@ -108,6 +110,7 @@ void EquipmentTabs::setMarked(int index, bool marked)
     colors.setColor(QPalette::Active, QPalette::ButtonText, marked ? MarkRgb : PlainRgb);
     colors.setColor(QPalette::Inactive, QPalette::ButtonText, marked ? MarkRgb : PlainRgb);
     button->setPalette(colors);
+    // Colour alone says nothing to a screen reader.
     button->setAccessibleDescription(marked ? u"Has something in it"_s : u"Empty"_s);
 }
 
@@ -116,11 +119,14 @@ int EquipmentTabs::indexOfKey(const QObject *target, const QEvent *event) const
     if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride)
         return -1;
     const auto *key = static_cast<const QKeyEvent *>(event);
+    // Exactly Ctrl: with Shift or Alt it is another shortcut.
     if (key->modifiers() != Qt::ControlModifier)
         return -1;
     const auto *widget = qobject_cast<const QWidget *>(target);
+    // The filter sees the keys of the whole program, also those of dialogs in front of this window.
     if (!widget || widget->window() != window() || !isVisible() || !isEnabled())
         return -1;
+    // Two pages share their letter with copy and paste, which the user means while he types.
     if (isTextKey(key->key()) && isEditableText(widget))
         return -1;
     // In a box of notes it is the stamp of date and time.
@@ -140,6 +146,7 @@ bool EquipmentTabs::eventFilter(QObject *watched, QEvent *event)
     if (index < 0)
         return QWidget::eventFilter(watched, event);
     event->accept();
+    // Accepting says that the key is wanted here; the press follows, and turns the page.
     if (event->type() == QEvent::ShortcutOverride)
         return true;
     // Ctrl+C also copies what only can be read, since a selection would be lost with its page.

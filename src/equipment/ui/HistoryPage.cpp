@@ -57,6 +57,7 @@ HistoryPage::HistoryPage(MachineFrame &frame, QWidget *parent)
         return true;
     });
     connect(txtNote, &QPlainTextEdit::textChanged, this, [this] {
+        // The program is filling the box, or no service is on show.
         if (m_noteOf == 0)
             return;
         m_noteChanged = true;
@@ -64,6 +65,7 @@ HistoryPage::HistoryPage(MachineFrame &frame, QWidget *parent)
     });
     connect(cmdRefresh, &QPushButton::clicked, this, &HistoryPage::cmdRefresh_Click);
     connect(cmdDeleteHistory, &QPushButton::clicked, this, &HistoryPage::cmdDeleteHistory_Click);
+    // With the first key: Save and Cancel have to be there before the cell is left.
     connect(grdServiceHistory, &grid::GridView::typing, this,
             [this] { this->frame().beginEdit(); });
     connect(m_parts, &HistoryParts::costChanged, this, &HistoryPage::SetPastCost);
@@ -108,6 +110,7 @@ void HistoryPage::buildPage()
     txtNote = new QPlainTextEdit(this);
     txtNote->setObjectName(u"txtNote"_s);
     txtNote->setAccessibleName(u"Note of the service"_s);
+    // A note needs no tabs, and the keyboard has to get out of it.
     txtNote->setTabChangesFocus(true);
     input::installDateStamp(txtNote);
     form.widget(txtNote, true);
@@ -143,6 +146,7 @@ QList<grid::Column> HistoryPage::serviceColumns()
     using Correct = history::TimeCorrection (*)(const QString &typed, const QString &other);
     const auto corrects = [&](const QString &column, const QString &other, Correct correct) {
         return within([this, column, other, correct](int row, const QVariant &typed) {
+            // One end is judged by the other as it stands in the row, stored or not.
             const QString present = grdServiceHistory->rows().value(row, other).toString();
             return changeTime(row, column, correct(typed.toString(), present));
         });
@@ -225,12 +229,14 @@ void HistoryPage::readRange()
 
 bool HistoryPage::checkDate(input::DateInput *box, QDate &former)
 {
+    // An open end is a range, too; half a date is none.
     if (!box->isValidOrEmpty()) {
         base::showMessage(u"Please enter valid date."_s);
         return false;
     }
     if (runsBackwards()) {
         base::showMessage(u"Date To should not be less than to Date From"_s);
+        // The other end stays: it is the one that the user did not touch.
         box->setDate(former);
         return false;
     }
@@ -260,6 +266,7 @@ void HistoryPage::closing()
     const auto text = [](QDate date) {
         return date.isValid() ? date.toString(u"MM/dd/yyyy") : QString();
     };
+    // Of the workstation: what one looks back on is one's own.
     SetOption(u"EqDateFrom"_s, text(m_from), true);
     SetOption(u"EqdateTo"_s, text(m_to), true);
 }
@@ -290,6 +297,7 @@ void HistoryPage::RefreshServiceHistoryGrid(qint64 EquipmentID)
             loadRows();
         });
         const grid::GridModel &rows = grdServiceHistory->rows();
+        // The service that was on show, which may have moved or gone.
         const int row = rows.rowCount() > 0 ? rows.findRow(u"ServiceUsedID", service) : -1;
         grdServiceHistory->selectRow(row < 0 && rows.rowCount() > 0 ? 0 : row);
     }
@@ -308,6 +316,7 @@ void HistoryPage::loadRows()
         if (const auto found = costs.constFind(serviceOf(row)); found != costs.cend())
             rows.setValue(row, u"Part Cost", *found);
     }
+    // The costs came behind the sort, which may go by them.
     rows.resort();
 }
 
@@ -362,8 +371,10 @@ void HistoryPage::EnableControls()
 {
     grdServiceHistory->setEditing(m_editable);
     m_parts->grid()->setEditing(m_editable);
+    // Read only, not greyed: a note is there to be read and copied.
     txtNote->setReadOnly(!m_editable || m_noteOf == 0);
     cmdDeleteHistory->setEnabled(m_editable && grdServiceHistory->currentRow() >= 0);
+    // Looking at another range is open to those who may not change anything.
     cmdRefresh->setEnabled(m_equipment != 0);
 }
 
@@ -374,6 +385,8 @@ void HistoryPage::pageShown()
 
 bool HistoryPage::finishEditing()
 {
+    // A cell that is refused keeps its page; the note is written last, when nothing can change
+    // which one it is.
     return grdServiceHistory->finishEditing() && m_parts->grid()->finishEditing() && storeNote();
 }
 
@@ -393,6 +406,8 @@ void HistoryPage::cmdRefresh_Click()
 {
     if (!finishEditing() || !checkDate(datFrom, m_from) || !checkDate(datTo, m_to))
         return;
+    // Reading anew would show the corrections as if they were stored, while Cancel can still undo
+    // them.
     if (frame().frameMode() != Mode::Browse) {
         if (!base::askYesNo(
                 u"You must be save record for refreshing the service history records."_s) ||
@@ -426,8 +441,10 @@ bool HistoryPage::changeTime(int row, const QString &column,
     if (!history::storeTime(serviceOf(row), column, correction))
         return false;
     grid::GridModel &rows = grdServiceHistory->rows();
+    // In the form in which it is stored, whatever was typed: "9 pm" becomes 21:00.
     rows.setValue(row, column,
                   correction.stored.isEmpty() ? QVariant() : QVariant(correction.stored));
+    // The hours follow from both ends. With one of them missing they stay what they are.
     if (correction.WorkHrs)
         rows.setValue(row, u"WorkHrs", *correction.WorkHrs);
     return true;
@@ -445,6 +462,7 @@ bool HistoryPage::changeCrew(int row, qint64 crew)
 
 void HistoryPage::showServiceTime(int row, const QString &column)
 {
+    // The entry belongs to the work orders, which lie above this folder and may not have joined.
     if (!isTime(column) || !m_editable || !screenCalls().ShowServiceTimeForm ||
         !grdServiceHistory->finishEditing())
         return;
@@ -467,6 +485,7 @@ bool HistoryPage::storeNote()
     if (!m_noteChanged || m_noteOf == 0)
         return true;
     frame().beginEdit();
+    // A note that could not be written is tried again with the next chance.
     m_noteChanged = !history::updateNote(m_noteOf, txtNote->toPlainText());
     return !m_noteChanged;
 }

@@ -60,12 +60,14 @@ bool HistoryParts::change(int row, const QString &column, const QString &field, 
         return true;
     }
     m_frame.beginEdit();
+    // Only quantities touch the stock; a price never did.
     if (field == u"QuantityUsed")
         base::showMessage(u"This will not adjust the quantity on hand for the inventory. You will "
                           "manually need to adjust this if needed."_s);
     if (!history::UpdatePartHistory(m_service, rows.text(row, u"Part Number"), field, number))
         return false;
     rows.setValue(row, column, number);
+    // The cost stands in the list of services above.
     Q_EMIT costChanged(m_service);
     return true;
 }

@@ -29,6 +29,8 @@ constexpr int FirstYear = 1950;
 /// The locations of a site; without one the list stays empty.
 void loadLocations(input::IdCombo &list, qint64 site)
 {
+    // Locations that stand nowhere have the site 0, which is what no site is, too: they are not
+    // meant by it.
     LoadItemWithIdToCombo(list,
                           GetTableInfoWithIndicator(u"tblLocation"_s, u"LocationName"_s,
                                                     u"Site = %1"_s.arg(site == 0 ? -1 : site)),
@@ -99,9 +101,12 @@ void IdentityPage::checkFields()
     input::upperCaseAsTyped(txtUnitNo);
     datInstalled->checkOnLeave();
     input::validateOnLeave(txtUnitNo, [this] {
+        // On the way to Save the save itself checks. It leaves a taken number to be corrected,
+        // where leaving the box empties it.
         return QApplication::focusWidget() == m_save || txtUnitNo_Validate();
     });
     input::validateOnLeave(txtSerialNo, [this] { return txtSerialNo_Validate(); });
+    // A key that turns the page leaves no box; mayLeave asks then, but only of what was typed.
     connect(txtUnitNo, &QLineEdit::textEdited, this, [this] { m_unitTyped = true; });
     connect(txtSerialNo, &QLineEdit::textEdited, this, [this] { m_serialTyped = true; });
 }
@@ -129,6 +134,7 @@ void IdentityPage::bindFields()
 void IdentityPage::followChoices()
 {
     const auto follow = [this](input::IdCombo *parent, auto &&rebuild) {
+        // Also when the program shows a machine: its make is looked for in the list of its type.
         connect(parent, &QComboBox::currentIndexChanged, this, rebuild);
     };
     follow(cboType, [this] {
@@ -137,6 +143,7 @@ void IdentityPage::followChoices()
     });
     follow(cboMake, [this] { loadChildren(*cboModel, cboMake->id()); });
     follow(cboSite, [this] { loadLocations(*cboLocation, cboSite->id()); });
+    // Activated, since the same crew chosen again is an assignment, too.
     connect(cboCrew, &QComboBox::activated, this, [this] { m_crewChanged = true; });
     connect(cboYear, &QComboBox::activated, this,
             [this] { Q_EMIT yearChosen(cboYear->currentText().trimmed()); });
@@ -145,6 +152,7 @@ void IdentityPage::followChoices()
 void IdentityPage::loadLists()
 {
     QStringList years{u"  "_s};
+    // The models of next year are sold before it begins.
     for (int year = base::now().date().year() + 1; year >= FirstYear; --year)
         years.append(QString::number(year));
     cboYear->add(years);
@@ -171,6 +179,7 @@ void IdentityPage::ClearData()
 
 bool IdentityPage::hasContent() const
 {
+    // Every machine has one; only without a machine is the page empty.
     return !txtUnitNo->text().isEmpty();
 }
 
@@ -181,6 +190,7 @@ void IdentityPage::focusUnitNo()
 
 void IdentityPage::editModels()
 {
+    // Models are the children of their make, and would hang on nothing.
     if (!cboMake->isItemChosen()) {
         base::showMessage(u"You must first add a new Make before adding a new Model"_s);
         return;
@@ -244,6 +254,7 @@ bool IdentityPage::txtSerialNo_Validate()
 {
     m_serialTyped = false;
     const QString serial = txtSerialNo->text().trimmed();
+    // Machines without a serial number are not each other's duplicates.
     if (serial.isEmpty() || !IsDuplicate(u"tblEquipment"_s, u"EquipmentSerialNo"_s,
                                          m_storedSerialNo, txtSerialNo->text(), false))
         return true;
@@ -268,10 +279,13 @@ bool IdentityPage::VailidateFields()
 
 bool IdentityPage::storeCrewHistory(qint64 EquipmentID)
 {
+    // A machine that only gets a new name leaves no crew.
     if (!m_crewChanged)
         return true;
     const QString crew = cboCrew->currentText();
+    // As the list shows it: number, three blanks, description.
     const QString number = crew.section(u"   "_s, 0, 0);
+    // Taking the crew away is history as well, with blanks for the one that it has now.
     const bool none = cboCrew->id() == 0;
     if (!ChangeCrew(EquipmentID, none ? QString() : number,
                     none ? QString() : crew.section(u"   "_s, 1, 1)))

@@ -73,6 +73,7 @@ void MachinePartsPage::cmdAddNewPart_Click()
         if (!chosen)
             return;
         if (!machineparts::AddPartRecord(equipment(), selection)) {
+            // Some of the parts may have been written; half a selection must not be saved.
             frame().cancelEdit();
             return;
         }

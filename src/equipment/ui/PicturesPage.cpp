@@ -73,6 +73,7 @@ void PicturesPage::showEvent(QShowEvent *event)
 
 void PicturesPage::RefreshImageGrid(qint64 equipmentID)
 {
+    // Another machine may have a picture of the same name.
     m_thumbnails->forget();
     showRows(equipmentID, "RefreshImageGrid", [&] { return pictures::names(equipmentID); });
 }

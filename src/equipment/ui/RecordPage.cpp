@@ -46,6 +46,7 @@ QToolButton *RecordPage::editorButton(input::FormBuilder &form, const QString &n
     QToolButton *button = form.sideButton(name, tip);
     connect(button, &QToolButton::clicked, this, [this, listName, open = std::move(open)] {
         open();
+        // All pages: the same list may stand on several of them.
         frame().RefreshCombo(listName);
     });
     return button;
@@ -56,6 +57,7 @@ void loadFixedList(input::IdCombo &list, const QStringList &texts)
     list.clear();
     list.add(u"  "_s, 0);
     for (const QString &text : texts)
+        // Stored is the place in the list, the blank being 0. The order must not change.
         list.add(text, list.count());
 }
 
@@ -69,6 +71,8 @@ void loadChildren(input::IdCombo &list, qint64 parent)
 
 void blankIfNeverGiven(QLineEdit *box, const db::Row &row, QStringView column)
 {
+    // The binding shows 0 for Null. Where 0 is an answer of its own, nothing given has to look like
+    // nothing.
     if (row.text(column).trimmed().isEmpty())
         box->clear();
 }
@@ -76,6 +80,7 @@ void blankIfNeverGiven(QLineEdit *box, const db::Row &row, QStringView column)
 void zeroWhenLeftBlank(QLineEdit *box)
 {
     QObject::connect(box, &QLineEdit::editingFinished, box, [box] {
+        // Only where the user could have typed: looking at a machine must change nothing.
         if (!box->isReadOnly() && input::isBlank(box))
             box->setText(u"0"_s);
     });

@@ -14,6 +14,7 @@ ThumbnailColumn::ThumbnailColumn(grid::GridView *grid, const QString &column,
     , m_fetch(std::move(fetch))
 {
     grid->setItemDelegateForColumn(grid->rows().columnIndex(column), this);
+    // One picture at a time between two events, so that the list can be scrolled while they come.
     m_next.setSingleShot(true);
     connect(&m_next, &QTimer::timeout, this, &ThumbnailColumn::makeNext);
 }
@@ -31,6 +32,7 @@ void ThumbnailColumn::paint(QPainter *painter, const QStyleOptionViewItem &optio
     const QString name = m_grid->rows().text(m_grid->rows().rowOf(index), m_nameColumn);
     const auto made = m_made.constFind(name);
     if (made == m_made.cend()) {
+        // Painted again and again until it is there, but fetched once.
         if (!m_wanted.contains(name))
             m_wanted.append(name);
         m_next.start(0);

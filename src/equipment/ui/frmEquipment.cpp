@@ -79,6 +79,7 @@ void frmEquipment::buildForm()
     lblHeading = new QLabel(body);
     lblHeading->setObjectName(u"lblHeading"_s);
     theme::setOwnLook(lblHeading, theme::font(11, true));
+    // A name with an angle bracket in it is text, and no markup.
     lblHeading->setTextFormat(Qt::PlainText);
     auto *right = new QVBoxLayout;
     right->addWidget(lblHeading);
@@ -94,6 +95,7 @@ void frmEquipment::buildForm()
     connect(cmdHelp, &QPushButton::clicked, this, [] { cmdHelp_Click(); });
     form.finish();
     for (QPushButton *button : {cmdCancel, cmdExit})
+        // Cancel and Exit leave a box without its checks: what is in it is given up.
         input::setCausesValidation(button, false);
 }
 
@@ -106,7 +108,9 @@ void frmEquipment::addPage(const QString &name, MachinePage *page)
         list->setMinimumContentsLength(ListLength);
     }
     m_pages.append(page);
+    // Each page scrolls by itself, so that a long one doesn't widen the window of the others.
     m_stack->addWidget(scrolled(page));
+    // Some pages hold fields of the machine's own row, others rows of tables beside it.
     if (auto *record = qobject_cast<RecordPage *>(page))
         m_recordPages.append(record);
 }
@@ -138,8 +142,11 @@ void frmEquipment::connectPages()
     QList<Bindings *> fields;
     for (RecordPage *page : std::as_const(m_recordPages))
         fields.append(&page->fields());
+    // All fields of one row, whichever page they stand on: they are edited, compared and saved
+    // together.
     setFields(fields);
     m_identity->setSaveControl(cmdUpdate);
+    // Ctrl+D is also the key of a page; in these boxes it stamps the time.
     for (const auto *noteBox : {u"rtfNotes", u"txtPurchaseNotes", u"txtNote"})
         if (auto *box = findChild<QPlainTextEdit *>(QString::fromUtf16(noteBox)))
             m_tabs->leaveStampTo(box);
@@ -149,6 +156,7 @@ void frmEquipment::connectPages()
     connect(m_counts, &CountPage::readingsChanged, this,
             [this] { m_services->showMachine(m_equipmentID); });
     connect(m_tabs, &EquipmentTabs::chosen, this, &frmEquipment::chooseTab);
+    // A year that is chosen shows what the schedule would be, before the machine is saved.
     connect(m_identity, &IdentityPage::yearChosen, m_depreciation,
             &DepreciationPage::setPurchaseYear);
 }
@@ -189,6 +197,7 @@ void frmEquipment::DisplayData(const db::Row &row)
             page->DisplayData(machine, row);
     });
     for (MachinePage *page : std::as_const(m_pages))
+        // Each on its own: a page that fails must not keep the others on the machine before.
         base::trapped(Module, "DisplayData", [&] { page->showMachine(m_equipmentID); });
 }
 
@@ -222,6 +231,7 @@ QString frmEquipment::recordName() const
 
 clsEquipment frmEquipment::SetObjectValues() const
 {
+    // What no page shows goes through the save as it was.
     clsEquipment machine = m_identity->fields().shown();
     for (const RecordPage *page : m_recordPages)
         page->SetObjectValues(machine);
@@ -243,6 +253,8 @@ bool frmEquipment::refusedBy(MachinePage *page)
 bool frmEquipment::VailidateFields()
 {
     for (MachinePage *page : std::as_const(m_pages))
+        // The cells first, on all pages: what they hold is written by the time the record is
+        // checked.
         if (!page->finishEditing())
             return false;
     if (!m_identity->VailidateFields())
@@ -256,12 +268,16 @@ bool frmEquipment::VailidateFields()
 
 std::optional<QVariant> frmEquipment::saveRecord()
 {
+    // Without a key the mode and the transaction stay: the user corrects and saves again, or
+    // cancels.
     return base::trapped(Module, "cmdUpdate_Click", std::optional<QVariant>{}, [this] {
         std::optional<QVariant> key;
         BeginTrans();
         // The machine first, since its number may be taken and another one be given.
         if (clsEquipment_Manager().SaveRecord(SetObjectValues(), mode(),
                                               m_identity->fields().shown()) &&
+            // In the same transaction: the row of the crew's history stands for a change that was
+            // saved.
             m_identity->storeCrewHistory(m_equipmentID)) {
             CommitTrans();
             key = m_equipmentID;
@@ -273,11 +289,13 @@ std::optional<QVariant> frmEquipment::saveRecord()
 bool frmEquipment::save()
 {
     cmdUpdate_Click();
+    // A save that was refused keeps the mode, which is all that tells it from here.
     return mode() == Mode::Browse;
 }
 
 void frmEquipment::cmdCancel_Click()
 {
+    // Ahead of the display, which would show what the pages have written otherwise.
     base::trapped(Module, "cmdCancel_Click", [] { RollbackTrans(); });
     RecordScreen::cmdCancel_Click();
 }
@@ -323,12 +341,14 @@ void frmEquipment::EnableControls()
 void frmEquipment::recordShown()
 {
     for (MachinePage *page : std::as_const(m_pages))
+        // Pages with rows of their own lock themselves; the fields are locked by the record screen.
         page->setEditable(mayEdit());
     // Without a machine there is nothing on any page, and no page to leave.
     const bool hasMachine = hasRows() || mode() == Mode::Add;
     m_tabs->setEnabled(hasMachine);
     if (!hasMachine && m_stack->currentIndex() != 0)
         FrameVisible(0);
+    // Search and report are other folders' screens, which may not have joined.
     cmdFind->setEnabled(hasRows() && screenCalls().ShowQuickFind != nullptr);
     cmdPrint->setEnabled(hasRows() && openings().isJoined(DetailReport));
     showHeading();
@@ -349,6 +369,7 @@ void frmEquipment::showHeading()
 void frmEquipment::CheckUserDefinedfields()
 {
     for (int index = 0; index < m_pages.size(); ++index)
+        // So that nobody has to turn to a page to see that it is empty.
         m_tabs->setMarked(index, m_pages[index]->hasContent());
 }
 
@@ -370,6 +391,7 @@ void frmEquipment::chooseTab(int index)
     if (ChkFrameVisible(index))
         return;
     MachinePage *current = m_pages[m_stack->currentIndex()];
+    // The click has pushed the other button already; it goes back to the page that refuses.
     if (!current->finishEditing() || !current->mayLeave()) {
         m_tabs->ChangeButtonState(m_stack->currentIndex());
     } else if (ChkEquipmentNameAndNo()) {
@@ -391,6 +413,7 @@ void frmEquipment::unloading()
 {
     for (MachinePage *page : std::as_const(m_pages))
         page->closing();
+    // A window that is closed while it edits keeps nothing of the edit.
     base::trapped(Module, "Form_Unload", [] { RollbackTrans(); });
 }
 
@@ -415,6 +438,7 @@ bool frmEquipment::event(QEvent *event)
 
 QString frmEquipment::FindHelpContextId(const QWidget *control)
 {
+    // Pages and tabs go by two names each: what the page is called, and what stands on its button.
     static constexpr std::pair<QStringView, QStringView> Anchors[] = {
         {u"Equipment", u"identity"},  {u"Service", u"service"},
         {u"History", u"history"},     {u"Notes", u"notes"},
@@ -426,6 +450,7 @@ QString frmEquipment::FindHelpContextId(const QWidget *control)
         {u"Images", u"pictures"},     {u"Pictures", u"pictures"},
         {u"Documents", u"documents"}, {u"Depreciation", u"depreciation"},
     };
+    // From the control outwards: the innermost page that has a topic.
     for (const QWidget *widget = control; widget; widget = widget->parentWidget())
         for (const auto &[name, anchor] : Anchors)
             if (widget->objectName() == u"fra"_s + name.toString() ||

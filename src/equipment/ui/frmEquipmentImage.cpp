@@ -57,6 +57,7 @@ void frmEquipmentImage::buildForm()
     cmdSave = form.button(u"cmdSave"_s, u"&Save"_s, theme::icon(u"save"_s));
     cmdExit = form.button(u"cmdExit"_s, u"E&xit"_s, theme::icon(u"exit"_s));
     form.finish();
+    // A name and Enter.
     cmdSave->setDefault(true);
     resize(460, 380);
     connect(cmdBrowse, &QToolButton::clicked, this, &frmEquipmentImage::cmdBrowse_Click);

@@ -25,6 +25,7 @@ frmInventryCheckIn::frmInventryCheckIn(QWidget *parent)
 {
     buildForm();
     ShowGrid();
+    // Behind the rows, so that a stored sort finds something to sort.
     adoptGrid(grdParts, u"grdParts"_s);
     setMode(Mode::Browse);
 }
@@ -51,7 +52,9 @@ void frmInventryCheckIn::buildForm()
     resize(740, 520);
 
     auto *search = new IncrementalSearch(txtSearch, grdParts);
+    // By number or by name: a delivery note has either.
     search->setColumns({{u"Part Number"_s, u"VARCHAR"_s}, {u"Description"_s, u"VARCHAR"_s}});
+    // Only while nothing is typed; the box is off otherwise, since other rows would lose it.
     connect(chkReorder, &QCheckBox::toggled, this, &frmInventryCheckIn::ShowGrid);
     connect(grdParts, &grid::GridView::typing, this, [this] { edited(); });
     grdParts->rows().column(Received).changeRule = [this](int row, const QVariant &value) {
@@ -76,6 +79,7 @@ void frmInventryCheckIn::EnableControls()
     const bool browsing = mode() == Mode::Browse;
     cmdUpdate->setVisible(!browsing);
     cmdCancel->setVisible(!browsing);
+    // What was typed is saved or cancelled; no third way loses it.
     cmdExit->setVisible(browsing);
     chkReorder->setEnabled(browsing);
     setCloseEnabled(browsing);
@@ -102,9 +106,12 @@ void frmInventryCheckIn::SaveChanges()
         return;
     QList<stock::Receipt> receipts;
     const grid::GridModel &rows = grdParts->rows();
+    // All rows; those that received nothing are passed over by the stock, which adds to what is
+    // there by then.
     for (int row = 0; row < rows.rowCount(); ++row)
         receipts.append(
             {rows.value(row, u"Part Number").toString(), rows.value(row, Received).toDouble()});
+    // A part that another workstation holds keeps everything that was typed, for another try.
     const bool saved = telling(Module, "SaveChanges", false, [&] {
         stock::checkIn(receipts);
         return true;

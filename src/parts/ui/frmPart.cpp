@@ -61,6 +61,7 @@ void frmPart::buildForm()
 
     bindFields();
     setFields({&m_fields});
+    // A number in use must not keep the user in its box who only wants to get out.
     for (QPushButton *button : {cmdCancel, cmdExit})
         input::setCausesValidation(button, false);
 }
@@ -85,6 +86,7 @@ void frmPart::bindFields()
 void frmPart::addDescription(input::FormBuilder &form)
 {
     txtPartID = form.textField(u"txtPartID"_s, u"Part N&umber:"_s, 30);
+    // Numbers are the same in any case; typed in capitals, they look the same, too.
     input::upperCaseAsTyped(txtPartID);
     input::validateOnLeave(txtPartID, [this] { return txtPartID_Validate(); });
     txtDescription = form.textField(u"txtDescription"_s, u"D&escription:"_s, 100);
@@ -92,6 +94,8 @@ void frmPart::addDescription(input::FormBuilder &form)
     connect(form.sideButton(u"cmdPartCategory"_s, u"Edit the categories"_s), &QToolButton::clicked,
             this, [this] {
                 ShowIndicatorDetail(LookupList::PartCategory, cboPartCategory->id());
+                // The editor may have changed the list; the part keeps its category while that is
+                // there.
                 rebuildKeepingChoice(*cboPartCategory, [this] { loadCategories(); });
             });
     cboSupplier = form.comboField(u"cboSupplier"_s, u"Supp&lier:"_s);
@@ -119,10 +123,12 @@ void frmPart::addStock(input::FormBuilder &form)
     txtQuantity = form.textField(u"txtQuantity"_s, u"&Quantity on Hand:"_s, 12);
     form.nextColumn();
     txtPartCommited = form.textField(u"txtPartCommited"_s, u"Part Co&mmited:"_s);
+    // What open orders reserve is counted, not entered.
     txtPartCommited->setReadOnly(true);
     form.endColumns();
     form.beginRow(u"Reorder"_s);
     txtMax = form.textField(u"txtMax"_s, {}, 12);
+    // The two boxes stand in a sentence, whose words are the label of the second only.
     txtMax->setAccessibleName(u"Units to reorder"_s);
     txtMin = form.textField(u"txtMin"_s, u"units &when Quantity on Hand drops below"_s, 12);
     form.endRow();
@@ -130,6 +136,7 @@ void frmPart::addStock(input::FormBuilder &form)
 
     for (QLineEdit *box : {txtQuantity, txtMax, txtMin}) {
         input::restrictTo(box, input::TypeCheck::Double);
+        // When it is left, since a number grows digit by digit.
         connect(box, &QLineEdit::editingFinished, this, [this, box] { formatQuantity(box); });
     }
     connect(chkNotTrackInventory, &QCheckBox::toggled, this, &frmPart::ChangePosition);
@@ -149,6 +156,7 @@ void frmPart::loadSuppliers()
 
 void frmPart::formatQuantity(QLineEdit *box)
 {
+    // What is no number stays to be corrected; Save tells of it.
     if (isNumeric(box))
         box->setText(base::twoDecimals(numberIn(box)));
 }
@@ -157,19 +165,24 @@ bool frmPart::txtPartID_Validate()
 {
     if (!IsDuplicate(u"tblpart"_s, u"PartID"_s, m_fields.shown().PartID, txtPartID->text(), false))
         return true;
+    // A place of its own in the same rows: the search must not move what is on show.
     db::Recordset clone = rows().Clone();
     QString holder;
+    // Another workstation's part may be in the table and not in these rows. Its name is missing in
+    // the sentence then.
     if (clone.Find(u"PartID='%1'"_s.arg(base::doubledQuotes(txtPartID->text().trimmed()))))
         holder = clone.current().text(u"Description");
     base::showInformation(
         u"This part number is already in use on \"%1\". Please assign a different "
         "number."_s.arg(holder));
+    // Emptied, so that leaving the box a second time doesn't pass with the number of another part.
     txtPartID->clear();
     return false;
 }
 
 void frmPart::ChangePosition()
 {
+    // Hidden, not emptied: the stock is there again when the part is tracked again.
     fraInventory->setVisible(!chkNotTrackInventory->isChecked());
 }
 
@@ -182,6 +195,7 @@ void frmPart::DisplayData(const db::Row &row)
 {
     MasterScreen::DisplayData(row);
     txtPartCommited->setText(
+        // Read with each display, since orders are made and posted all day.
         base::twoDecimals(clsPartManager().PartCommited(m_fields.shown().PartID)));
     ChangePosition();
 }
@@ -207,6 +221,8 @@ bool frmPart::VailidateFields()
     if (!isNumeric(txtQuantity))
         return refuse(txtQuantity, u"Quantity should be numeric."_s);
     const clsPartManager manager;
+    // An inactive part is offered nowhere any more, which machines and services that have it could
+    // not know.
     if (chkInactive->isChecked()) {
         const QString word = manager.CanDeletePart(txtPartID->text().trimmed());
         if (!word.isEmpty())
@@ -216,6 +232,7 @@ bool frmPart::VailidateFields()
     if (IsDuplicate(u"tblpart"_s, u"PartID"_s, m_fields.shown().PartID, txtPartID->text(), false))
         return refuse(txtPartID, u"Part Number you specified already exists. Please enter a "
                                  "different Part Number."_s);
+    // Compared with its case: the numbers in the other tables would differ from the part's own.
     if (mode() == Mode::Modify && txtPartID->text().trimmed() != m_fields.shown().PartID) {
         const QString word = manager.CanDeletePart(m_fields.shown().PartID);
         if (!word.isEmpty())
@@ -241,6 +258,7 @@ QString frmPart::recordName() const
 
 void frmPart::recordShown()
 {
+    // Search and report are other folders' screens, which may not have joined.
     cmdFind->setEnabled(hasRows() && screenCalls().ShowQuickFind != nullptr);
     cmdPrint->setEnabled(hasRows() && openings().isJoined(u"ShowInventoryReport"));
 }
@@ -248,6 +266,7 @@ void frmPart::recordShown()
 void frmPart::cmdFind_Click()
 {
     const QString found = screenCalls().ShowQuickFind(
+        // The number on show is where the search begins.
         {u"PartID"_s, u"Part Number"_s, u"tblPart"_s, u"frmPart"_s, m_fields.shown().PartID});
     if (!found.trimmed().isEmpty())
         RefreshRecordSet(found);

@@ -31,6 +31,7 @@ frmPartManager::frmPartManager(const QString &leftOut, bool selectMode, QWidget 
 {
     buildForm();
     ShowGrid();
+    // Behind the rows, so that a stored sort finds something to sort.
     adoptGrid(grdParts, u"grdParts"_s);
 }
 
@@ -80,6 +81,7 @@ void frmPartManager::buildForm()
                             theme::icon(u"part"_s));
     cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
     form.finish();
+    // Wide enough for all columns, of which selecting has two more.
     resize(m_selectMode ? 1030 : 890, 520);
 
     auto *search = new IncrementalSearch(txtSearch, grdParts);
@@ -100,6 +102,7 @@ void frmPartManager::buildForm()
 void frmPartManager::ShowGrid(const QString &keepPart)
 {
     base::trapped(Module, "ShowGrid", [&] {
+        // Ahead of the reading, which empties both columns.
         const QHash<QString, double> picked = ticked();
         grdParts->rows().setRecordset(clsPartManager().Selectable(m_leftOut));
         FillValue(picked);
@@ -164,6 +167,7 @@ void frmPartManager::openPart(int row)
 void frmPartManager::cmdSelect_Click()
 {
     const grid::GridModel &rows = grdParts->rows();
+    // Without parts nothing is selected, and the list stays open.
     if (rows.rowCount() == 0)
         return;
     if (!m_selectMode) {
@@ -171,12 +175,14 @@ void frmPartManager::cmdSelect_Click()
             openPart(grdParts->currentRow());
         return;
     }
+    // A quantity that is still being typed counts, or keeps the list when it is refused.
     if (!grdParts->finishEditing())
         return;
     QList<parts::Chosen> chosen;
     for (int row = 0; row < rows.rowCount(); ++row)
         if (rows.value(row, u"Select").toBool())
             chosen.append({rows.text(row, u"Part Number"), rows.value(row, u"Qty Req").toDouble(),
+                           // As they are now: machine, service or order keep the price of the day.
                            rows.value(row, u"Price").toDouble(),
                            rows.value(row, u"SupplierID").toLongLong()});
     m_selection = parts::selectionText(chosen);
@@ -202,12 +208,15 @@ void frmPartManager::cmdDelete_Click()
         return;
     const clsPartManager manager;
     const QString word = manager.CanDeletePart(part);
+    // Told by the first use that is found. Deleting would leave rows that name a part which is not
+    // there.
     if (!word.isEmpty()) {
         base::showInformation(u"Deletion not allowed. Record is being used in %1."_s.arg(word));
         return;
     }
     if (!manager.DeleteRecord(part))
         return;
+    // Picks of another screen that are not stored yet would bring the deleted part back.
     base::trapped(Module, "cmdDelete_Click", [&] { manager.ForgetPicked(part); });
     ShowGrid();
 }

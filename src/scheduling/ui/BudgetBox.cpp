@@ -36,6 +36,7 @@ BudgetBox::BudgetBox(input::FormBuilder &form, const input::IdCombo &crew, QWidg
     const auto readOnly = [&](const QString &name, const QString &label) {
         QLineEdit *box = amountField(name, label);
         box->setReadOnly(true);
+        // Tab goes past what can't be typed into; a click still marks it for copying.
         box->setFocusPolicy(Qt::ClickFocus);
         return box;
     };
@@ -49,6 +50,8 @@ BudgetBox::BudgetBox(input::FormBuilder &form, const input::IdCombo &crew, QWidg
     form.endGroup();
 
     input::restrictTo(txtBudgetedlabor, input::TypeCheck::Double);
+    // With each key of the user's. A service that is shown keeps the cost that is stored, whatever
+    // the rate is by now.
     connect(txtBudgetedlabor, &QLineEdit::textEdited, this, &BudgetBox::computeLabourCost);
     connect(txtBudgetedlabor, &QLineEdit::editingFinished, this, [this] {
         txtBudgetedlabor->setText(QString::number(amount(txtBudgetedlabor), 'f', 2));
@@ -92,5 +95,6 @@ void BudgetBox::setPartCost(double cost)
 
 void BudgetBox::showTotalCost()
 {
+    // By decimals: two binary fractions might show a cent that neither of them has.
     txtTotalCost->setText(base::money(base::decimalSum(txtBudgetedcost->value(), m_partCost)));
 }

@@ -73,6 +73,7 @@ void CountPage::RefreshCountGrid(qint64 EquipmentID)
         setEquipment(EquipmentID);
         const db::Recordset counts = readings::list(EquipmentID);
         grdCount->rows().setRecordset(counts);
+        // The chart takes the same rows as the grid, read once.
         m_trend->show(counts);
         grdCount->selectRow(grdCount->displayedOrder().value(0, -1));
     });

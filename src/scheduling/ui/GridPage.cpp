@@ -40,6 +40,7 @@ void GridPage::setGrid(grid::GridView *grid)
 {
     m_grid = grid;
     setFocusProxy(grid);
+    // Stored by the machine's screen with its other grids, when that is closed.
     frame().keepLayout(grid, grid->objectName());
     connect(grid, &grid::GridView::currentRowChanged, this, &GridPage::rowChanged);
 }
@@ -53,6 +54,8 @@ QString GridPage::chosen(QStringView column) const
 void GridPage::showRows(qint64 equipmentID, const char *procedure,
                         const std::function<db::Recordset()> &load)
 {
+    // The place is kept by number, since after a removal the next row is what the user goes on
+    // with.
     const int row = equipmentID == m_equipment ? std::max(m_grid->currentRow(), 0) : 0;
     m_equipment = equipmentID;
     {

@@ -59,17 +59,20 @@ NextScheduleBox::NextScheduleBox(input::FormBuilder &form, const ScheduleBox &sc
     lblLastDatePerformedData = last(u"lblLastDatePerformed"_s, u"Last Date Performed:"_s);
     form.endRow();
 
+    // A date box can't be blank in a way that reads as "no date", so a blank line lies over it.
     stkNextDate = new QStackedWidget(&screen);
     makeDate();
     form.beginRow();
     txtCount = form.digitsField(u"txtCount"_s, u"Ne&xt Scheduled Count:"_s, CountLength);
     lblNextSchedule = form.lastLabel();
     lblNextSchedule->setObjectName(u"lblNextSchedule"_s);
+    // Of a count service the date is only where the meter has reached the target.
     lblDueOn = new QLabel(u"Due On:"_s, &screen);
     form.widget(lblDueOn);
     form.widget(stkNextDate);
     form.endRow();
 
+    // By the user alone: dates that the program shows are no changes to be asked about.
     connect(datNextScheduledDate, &input::DateInput::edited, this, [this] {
         m_nextDateChanged = true;
         Q_EMIT edited();
@@ -94,6 +97,7 @@ void NextScheduleBox::makeDate()
     txtNextScheduledDate->installEventFilter(this);
     stkNextDate->addWidget(datNextScheduledDate);
     stkNextDate->addWidget(txtNextScheduledDate);
+    // A stack grows with its room, and would push the labels of the row apart.
     stkNextDate->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     stkNextDate->setFixedWidth(stkNextDate->fontMetrics().horizontalAdvance(u'0') * 12 + 48);
     stkNextDate->setFocusProxy(datNextScheduledDate);
@@ -104,6 +108,7 @@ void NextScheduleBox::bind(Binding<AssignedService> &fields)
     m_fields = &fields;
     fields.add(
         datNextScheduledDate, &AssignedSchedule::NextScheduledDate,
+        // Null while the blank line is in front: an invalid date would be stored as one.
         [this] { return nextDate().isValid() ? QVariant(nextDate()) : QVariant(); },
         [this](const QVariant &date) { showNextDate(date.toDateTime()); });
     fields.add(txtCount, &AssignedSchedule::NextScheduledCount);
@@ -136,6 +141,7 @@ void NextScheduleBox::showScheduleKind()
 {
     const bool count = m_schedule.isCountPeriod();
     lblNextSchedule->setText(count ? u"Ne&xt Scheduled Count:"_s : u"Ne&xt Scheduled Date:"_s);
+    // The key of the label leads to the box that it names now.
     lblNextSchedule->setBuddy(count ? static_cast<QWidget *>(txtCount) : datNextScheduledDate);
     txtCount->setVisible(count);
     lblDueOn->setVisible(count);
@@ -186,6 +192,7 @@ void NextScheduleBox::CheckServiceChange()
             tellCountTooBig();
         else
             txtCount->setText(QString::number(count));
+        // A count service waits for its reading, and has no date until then.
         showNextDate({});
     } else {
         showNextDate(base::wallClock(base::today()));
@@ -194,6 +201,7 @@ void NextScheduleBox::CheckServiceChange()
 
 bool NextScheduleBox::txtCount_Validate()
 {
+    // The box stands there for calendar services too, only out of sight.
     if (m_screen.mode() == Mode::Browse || !m_schedule.isCountPeriod())
         return true;
     if (input::isBlank(txtCount)) {
@@ -208,12 +216,15 @@ bool NextScheduleBox::txtCount_Validate()
     if (count >= 1)
         return true;
     base::showMessage(u"Count value shouldn't be less then or equal to 0"_s);
+    // The machine's own count is what the user most likely meant to go beyond.
     txtCount->setText(QString::number(presentCount()));
     return false;
 }
 
 void NextScheduleBox::confirmChangesOnOrder(qint64 ServiceUsedID)
 {
+    // The order keeps what it took from the service. Only a change of the next date or count makes
+    // the two differ in what the posting will do.
     if (!(m_nextDateChanged || m_nextCountChanged) || !ServiceInWorkOrder(ServiceUsedID))
         return;
     if (m_nextDateChanged && !orderwarning::confirmDate()) {

@@ -6,6 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
+// Three texts that differ in a few words: each place keeps its own.
 namespace orderwarning {
 
 bool confirmDate()

@@ -43,6 +43,7 @@ PatternBox::PatternBox(QWidget *parent)
     layout->setContentsMargins(10, 8, 10, 10);
     layout->setHorizontalSpacing(10);
     layout->setVerticalSpacing(6);
+    // The flags are bound in the order of these names, Sunday first, as the columns count them.
     m_days = makeGroup(layout, 0, u"Days of Week:"_s,
                        {u"Sun"_s, u"Mon"_s, u"Tue"_s, u"Wed"_s, u"Thu"_s, u"Fri"_s, u"Sat"_s}, 7,
                        u"cmdMarkAllDays"_s);
@@ -54,6 +55,7 @@ PatternBox::PatternBox(QWidget *parent)
                           u"Aug"_s, u"Sep"_s, u"Oct"_s, u"Nov"_s, u"Dec"_s},
                          6, u"cmdMOY"_s);
     makeDayOfMonthRow(layout, 4);
+    // The boxes stay together at the left; the buttons stand in one column at the right.
     layout->setColumnStretch(ButtonColumn - 1, 1);
     // Makes Tab go through the box where it stands on its form.
     setFocusProxy(m_days.boxes.front());
@@ -68,11 +70,13 @@ PatternBox::Group PatternBox::makeGroup(QGridLayout *layout, int row, const QStr
         auto *box = new QCheckBox(names[i], this);
         box->setObjectName(u"chk"_s + names[i]);
         layout->addWidget(box, row + i / perRow, 1 + i % perRow);
+        // Clicked, not toggled: a service that is shown sets the boxes, too.
         connect(box, &QCheckBox::clicked, this, &PatternBox::edited);
         group.boxes.push_back(box);
     }
     group.markAll = new QPushButton(this);
     group.markAll->setObjectName(button);
+    // Enter in a box is Save, not a whole group of ticks.
     group.markAll->setAutoDefault(false);
     layout->addWidget(group.markAll, row, ButtonColumn);
     for (QCheckBox *box : group.boxes)
@@ -110,6 +114,7 @@ void PatternBox::makeDayOfMonthRow(QGridLayout *layout, int row)
     cmdClearAll->setObjectName(u"cmdClearAll"_s);
     cmdClearAll->setAutoDefault(false);
     layout->addWidget(cmdClearAll, row, ButtonColumn);
+    // The row keeps its height while the lists are hidden, so that nothing jumps when they come.
     layout->setRowMinimumHeight(row, cmdClearAll->sizeHint().height());
 
     connect(cmdClearAll, &QPushButton::clicked, this, [this] {
@@ -126,6 +131,7 @@ void PatternBox::makeDayOfMonthRow(QGridLayout *layout, int row)
 
 bool PatternBox::AllCheck(const Group &group)
 {
+    // One tick is enough for the button to offer the opposite, in spite of the name.
     return std::ranges::any_of(group.boxes, [](const QCheckBox *box) { return box->isChecked(); });
 }
 
@@ -155,6 +161,7 @@ void PatternBox::cmdMarkAll_Click(const Group &group)
 void PatternBox::AddValue(std::size_t combo, qint64 after)
 {
     input::IdCombo &list = *cboDOM[combo];
+    // A choice that is still on offer outlives the refilling; another one is given up.
     const qint64 chosen = list.id();
     list.clear();
     list.add(QString(), 0);
@@ -168,6 +175,8 @@ void PatternBox::refillBehind(std::size_t combo)
 {
     qint64 last = 0;
     for (std::size_t i = 0; i < cboDOM.size(); ++i) {
+        // The lists in front of the one that was changed stay as they are: days rise from left to
+        // right.
         if (i > combo)
             AddValue(i, last);
         last = std::max(last, cboDOM[i]->id());
@@ -217,6 +226,8 @@ void PatternBox::keepUnused(clsServices &service, const clsServices &former)
         for (const Flag flag : flags)
             service.*flag = former.*flag;
     };
+    // What is greyed is not read from the boxes, and what was stored there comes back when the user
+    // changes his mind another day.
     if (service.Dom == 0) {
         keep(DomFields);
         return;

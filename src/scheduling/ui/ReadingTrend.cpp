@@ -21,11 +21,13 @@ Courses coursesOf(const db::Recordset &readings)
     Courses courses;
     for (const db::Row reading : readings) {
         const QDateTime date = reading.date(u"Count Date");
+        // A reading without a date has no place on the axis; the grid beside the chart lists it.
         if (date.isValid())
             courses[reading.text(u"Count Type")].append(
                 {static_cast<double>(date.toMSecsSinceEpoch()), reading.real(u"Count Value")});
     }
     for (auto &[type, points] : courses)
+        // Rows come in the order in which they were entered, and a line has to go forward.
         std::ranges::sort(points, {}, [](const QPointF &point) { return point.x(); });
     return courses;
 }
@@ -40,6 +42,7 @@ void span(const Courses &courses, QDateTimeAxis &dates, QValueAxis &counts)
     const auto [lowest, highest] = std::ranges::minmax(all, {}, &QPointF::y);
     const QDateTime from = QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(first.x()));
     const QDateTime to = QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(last.x()));
+    // An axis of no length can't be drawn.
     const bool isOneDay = from == to;
     dates.setRange(isOneDay ? from.addMonths(-3) : from, isOneDay ? to.addMonths(3) : to);
     const bool isOneCount = lowest.y() == highest.y();
@@ -75,6 +78,7 @@ void ReadingTrend::show(const db::Recordset &readings)
     std::size_t next = 0;
     for (const auto &[type, points] : courses) {
         QLineSeries *line = makeLine(type, colors[next++ % std::size(colors)]);
+        // Single readings are worth a dot; more of them run into a band.
         line->setPointsVisible(points.size() < 40);
         line->replace(points);
         chart()->addSeries(line);

@@ -24,6 +24,7 @@ ScheduleBox::ScheduleBox(input::FormBuilder &form, QWidget *parent)
     RRSpin1 = form.spinField(u"RRSpin1"_s, {});
     RRSpin1->setAccessibleName(u"Interval"_s);
     cboRenewalPeriod = form.comboField(u"cboRenewalPeriod"_s, {});
+    // Number and period share one label, so that a reader needs a name for each.
     cboRenewalPeriod->setAccessibleName(u"Renewal period"_s);
     for (const periods::Period &each : periods::all())
         cboRenewalPeriod->add(QStringList(each.word.toString()));
@@ -35,6 +36,7 @@ ScheduleBox::ScheduleBox(input::FormBuilder &form, QWidget *parent)
     form.endRow();
     fraPattern = new PatternBox(parent);
 
+    // Activated, not changed: a service that is shown is no choice of the user's.
     connect(cboRenewalPeriod, &QComboBox::activated, this, &ScheduleBox::cboRenewalPeriod_Click);
     for (const QRadioButton *option : {OptWOC, OptSOS, OptDSA})
         connect(option, &QRadioButton::clicked, this, &ScheduleBox::EnableLogicControl);
@@ -51,6 +53,7 @@ void ScheduleBox::bind(Binding<AssignedService> &fields)
             cboRenewalPeriod->selectText(PeriodWord(code.toString()));
         });
     fields.add(
+        // Three buttons are one field; the binding hangs on the first of them.
         OptWOC, &clsServices::RenewalOn, [this] { return renewal(); },
         [this](const QVariant &code) { showRenewal(code.toString()); });
     fraPattern->bind(fields);
@@ -69,6 +72,7 @@ void ScheduleBox::setActive(bool active)
 
 void ScheduleBox::EnableLogicControl()
 {
+    // A service that is not scheduled again needs neither interval nor pattern.
     const bool again = m_active && !OptDSA->isChecked();
     const bool calendar = again && !isCountPeriod();
     const bool byDom = fraPattern->usesDayOfMonth();
@@ -76,6 +80,7 @@ void ScheduleBox::EnableLogicControl()
                          .weeks = calendar && !byDom,
                          .months = calendar && !byDom,
                          .dom = calendar});
+    // Listed days of the month rule alone: the next one of them, whatever the interval.
     const bool interval = again && (!calendar || !byDom);
     RRSpin1->setEnabled(interval);
     cboRenewalPeriod->setEnabled(interval);
@@ -123,6 +128,7 @@ void ScheduleBox::showRenewal(const QString &code)
 
 void ScheduleBox::cboRenewalPeriod_Click()
 {
+    // Choosing the same period again must not throw the next date away.
     if (period() != m_shownPeriod)
         Q_EMIT periodChanged();
     m_shownPeriod = period();
@@ -132,6 +138,8 @@ void ScheduleBox::cboRenewalPeriod_Click()
 void ScheduleBox::useDayOfMonth(bool used)
 {
     if (used) {
+        // What days of the month are stored with: the search begins on the day after, and from the
+        // completion.
         RRSpin1->setValue(1);
         cboRenewalPeriod->selectText(u"Days"_s);
         OptWOC->setChecked(true);
@@ -145,6 +153,7 @@ std::optional<Gap> ScheduleBox::gap() const
     if (fraPattern->usesDayOfMonth() && !fraPattern->hasDayOfMonth())
         return Gap{fraPattern->firstDayOfMonth(),
                    u"User Should fill at least one day of the month"_s};
+    // Only a date that has to be found needs days that fit.
     if (OptDSA->isChecked() || isCountPeriod() || fraPattern->usesDayOfMonth())
         return std::nullopt;
     if (!fraPattern->hasDay())
@@ -158,10 +167,13 @@ std::optional<Gap> ScheduleBox::gap() const
 
 void ScheduleBox::complete(AssignedService &service, const AssignedService &shown) const
 {
+    // A code that this release doesn't know shows nothing in the list, and is kept.
     if (service.Period.isEmpty())
         service.Period = shown.Period;
     if (service.RenewalOn.isEmpty())
         service.RenewalOn = shown.RenewalOn;
+    // A count service shows no pattern. It keeps the one it had for the day when it goes by the
+    // calendar again.
     if (isCountPeriod())
         PatternBox::keepAll(service, shown);
     else

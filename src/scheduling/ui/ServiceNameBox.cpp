@@ -42,6 +42,8 @@ void ServiceNameBox::buildBox(input::FormBuilder &form)
     form.beginGroup(u"Service"_s, u"fraService"_s);
     if (isAssigned()) {
         lblJobNoData = form.readOnlyField(u"lblJobNoData"_s, u"Service No:"_s);
+        // Hidden, but bound: the number of a machine's service follows the catalogue, and goes
+        // through a save unchanged.
         txtJobNo = new QLineEdit(&m_screen);
         txtJobNo->setObjectName(u"txtJobNo"_s);
         txtJobNo->hide();
@@ -55,6 +57,7 @@ void ServiceNameBox::buildBox(input::FormBuilder &form)
     cmdCostCenter = form.sideButton(u"cmdCostCenter"_s, u"Edit the cost centers"_s);
     ChkSeparateWO = form.checkBox(u"ChkSeparateWO"_s, u"Separate Wor&k Order"_s);
     chkInactive = form.checkBox(u"chkInactive"_s, u"&Inactive"_s);
+    // A service of the catalogue is deleted when it is needed no longer.
     chkInactive->setVisible(isAssigned());
     form.endGroup();
 }
@@ -114,6 +117,7 @@ void ServiceNameBox::focusName()
 
 void ServiceNameBox::RefreshCrews()
 {
+    // Crews may have been added, renamed or deleted in the editor; what was chosen stays chosen.
     rebuildKeepingChoice(*cboCrew, [this] { loadCrews(*cboCrew); });
 }
 
@@ -128,6 +132,7 @@ void ServiceNameBox::RefreshCostCenters()
 void ServiceNameBox::serviceShown(qint64 key)
 {
     m_key = key;
+    // What comes back into the box when a typed number is refused.
     m_oldJobNo = QString::number(m_fields->shown().JobNo);
     if (lblJobNoData)
         lblJobNoData->setText(m_oldJobNo);
@@ -154,6 +159,8 @@ void ServiceNameBox::forgetChanges()
 
 void ServiceNameBox::chkInactive_Click()
 {
+    // Asked of the database at the click, since an order may have been made since the screen
+    // opened.
     if (chkInactive->isChecked() && ServiceInWorkOrder(m_key)) {
         chkInactive->setChecked(false);
         base::showMessage(
@@ -166,6 +173,7 @@ void ServiceNameBox::chkInactive_Click()
 
 bool ServiceNameBox::txtJobNo_Validate()
 {
+    // A number that was checked is not checked again at each leaving of the box.
     if (m_screen.mode() == Mode::Browse || txtJobNo->text().trimmed() == m_oldJobNo)
         return true;
     QString refusal;
@@ -189,6 +197,8 @@ bool ServiceNameBox::txtJobNo_Validate()
 void ServiceNameBox::txtName_LostFocus()
 {
     const QString name = txtName->text().trimmed();
+    // The catalogue names its services as it likes. On a machine another name hides which service
+    // it is, so the user is asked, once for each name.
     if (!isAssigned() || m_screen.mode() == Mode::Browse || name == m_confirmedName ||
         name.compare(m_fields->shown().Name.trimmed(), Qt::CaseInsensitive) == 0)
         return;

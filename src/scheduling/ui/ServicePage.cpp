@@ -71,11 +71,13 @@ void ServicePage::buildPage()
 
 QList<grid::Column> ServicePage::columns()
 {
+    // Each rule runs inside the machine's edit and tells what another workstation has done.
     const auto rule = [this](Change change) {
         return [this, change](int row, const QVariant &value) {
             return grdService_Change(change, row, value);
         };
     };
+    // The plain ones: the cell is its column in the table.
     const auto stores = [this, &rule](const Stored &cell) {
         return rule(
             [this, cell](int row, const QVariant &value) { return update(row, cell, value); });
@@ -94,6 +96,8 @@ QList<grid::Column> ServicePage::columns()
          .editRule =
              [this](int row) {
                  const periods::Period *period = periodOf(grdService->rows(), row);
+                 // Of the counts only the plain ones let their date be edited: the others have one
+                 // from their meter alone.
                  return !period || !period->isCount || period->code == u'C';
              }},
         {.name = u"Next Count"_s,
@@ -101,6 +105,7 @@ QList<grid::Column> ServicePage::columns()
          .editable = true,
          .editor = grid::Editor::Masked,
          .mask = u"{1,999999999}"_s,
+         // A smaller target may have been reached already, and is due then.
          .changeRule = withReachedDate(
              rule([this](int row, const QVariant &value) { return changeNextCount(row, value); })),
          .editRule =
@@ -113,6 +118,7 @@ QList<grid::Column> ServicePage::columns()
          .editable = true,
          .align = grid::Align::Left,
          .editor = grid::Editor::DropDown,
+         // Hours at the crew's rate: another crew, another cost.
          .changeRule = withLabourCost(stores({u"Service Crew"_s, u"CrewID"_s}))},
         {.name = u"Budgeted Hrs"_s,
          .width = 80,
@@ -132,6 +138,8 @@ QList<grid::Column> ServicePage::columns()
          .editor = grid::Editor::Masked,
          .mask = u"{1,99999}"_s,
          .changeRule = rule([this](int row, const QVariant &value) {
+             // An interval that is missing would be read as 1 by one part of the program and
+             // refused by another.
              return !value.isNull() && update(row, {u"Interval"_s, u"Einterval"_s}, value);
          })},
         {.name = u"Schedule Type"_s, .width = 80},
@@ -149,9 +157,11 @@ void ServicePage::RefreshServiceGrid(qint64 EquipmentID)
     base::trapped(Module, "RefreshServiceGrid", [&] {
         grid::GridModel &rows = grdService->rows();
         const int current = grdService->currentRow();
+        // By key and only on the same machine: rows shift when services come and go.
         const qint64 kept = current >= 0 && EquipmentID == equipment() ? serviceOf(current) : 0;
         setEquipment(EquipmentID);
         rows.setRecordset(assignment::servicesOf(EquipmentID));
+        // Read with the rows, so that a crew that was added meanwhile is on offer.
         rows.column(u"Service Crew").choices = crewChoices();
         rows.columnsChanged();
         // 0 is no count: the service waits for none.
@@ -195,6 +205,7 @@ void ServicePage::cmdAddNewService_Click()
     QStringList present;
     const grid::GridModel &rows = grdService->rows();
     for (int row = 0; row < rows.rowCount(); ++row)
+        // A service that came from no catalogue has nothing that could be left out.
         if (const QString id = rows.text(row, u"ServiceID"); !id.isEmpty())
             present.append(id);
     QString selection = present.join(u',');
@@ -203,6 +214,8 @@ void ServicePage::cmdAddNewService_Click()
     const bool added = base::trapped(Module, "cmdAddNewService_Click", false, [&] {
         // The list commits what is open when a service was added to the catalogue from it.
         BeginTrans();
+        // Nothing was picked, which is no failure: what was edited before is still there to be
+        // saved.
         if (!picked)
             return true;
         QList<qint64> ids;
@@ -214,10 +227,12 @@ void ServicePage::cmdAddNewService_Click()
                assignment::ChkEveryServiceCount(equipment());
     });
     if (!added) {
+        // A copy that failed halfway must not be saved with the rest.
         frame().cancelEdit();
         return;
     }
     showChanged();
+    // Saved at once: the first reading that was asked for belongs to services that are there.
     (void)frame().save();
 }
 
@@ -226,6 +241,8 @@ void ServicePage::cmdSelectService_Click()
     if (!finishEditing() || grdService->currentRow() < 0)
         return;
     const qint64 service = serviceOf(grdService->currentRow());
+    // The service's screen has a transaction of its own, so the machine's is saved and closed
+    // first.
     if (service == 0 || (frame().frameMode() != Mode::Browse && !frame().save()))
         return;
     ShowServiceUsedDetail(service);
@@ -237,6 +254,8 @@ void ServicePage::cmdRemoveService_Click()
     if (!finishEditing() || grdService->currentRow() < 0)
         return;
     frame().beginEdit();
+    // The edit has begun by then: a question that is answered with No leaves a machine that is
+    // being edited, unchanged.
     if (!base::askYesNo(u"Are you sure you want to delete this service?"_s))
         return;
     // What is left is shown, also of a deletion that failed.
@@ -253,6 +272,8 @@ bool ServicePage::grdService_Change(const Change &change, int row, const QVarian
     frame().beginEdit();
     const std::optional<bool> changed = telling(Module, "grdService_Change", std::optional<bool>(),
                                                 [&] { return std::optional(change(row, value)); });
+    // Nothing: another workstation was in the way. False: the rule refused, and the row is as it
+    // was.
     if (!changed)
         QMetaObject::invokeMethod(
             this, [this] { showAgain(); }, Qt::QueuedConnection);
@@ -264,6 +285,8 @@ ServicePage::Change ServicePage::withLabourCost(const Change &change)
     return [this, change](int row, const QVariant &value) {
         if (!change(row, value))
             return false;
+        // Behind the change and in spite of its own failure: the crew is stored, and the cost is
+        // worked out again with the next change.
         if (const std::optional<double> cost = assignment::UpdateLabourCost(serviceOf(row)))
             grdService->rows().setValue(row, u"Labor Cost", *cost);
         return true;
@@ -276,6 +299,7 @@ ServicePage::Change ServicePage::withReachedDate(const Change &change)
         if (!change(row, value))
             return false;
         grid::GridModel &rows = grdService->rows();
+        // A date that is set stays, as with a reading.
         if (!rows.value(row, u"Next Schedule").isNull())
             return true;
         if (const QDateTime reached = assignment::UpdateDateIfReached(serviceOf(row));
@@ -287,6 +311,8 @@ ServicePage::Change ServicePage::withReachedDate(const Change &change)
 
 bool ServicePage::update(int row, const Stored &cell, const QVariant &value)
 {
+    // Both sides as the table holds them: an emptied cell is compared with the 0 that stands for
+    // it.
     const auto stored = [&](const QVariant &each) { return each.isNull() ? cell.empty : each; };
     return writeCell(grdService->rows(), row, cell.column, value,
                      [&](const std::optional<QVariant> &shown) {
@@ -298,6 +324,7 @@ bool ServicePage::update(int row, const Stored &cell, const QVariant &value)
 
 bool ServicePage::changeNextSchedule(int row, const QVariant &value)
 {
+    // The question first: whoever answers No need not hear of the rule.
     if (ServiceInWorkOrder(serviceOf(row)) && !orderwarning::confirmDate())
         return false;
     const QString refusal = assignment::refusalOfNextDate(

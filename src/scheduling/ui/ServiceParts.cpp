@@ -63,6 +63,7 @@ void ServiceParts::buildBox()
                                 amount(u"Qty Req"_s, 70, u"0.00"_s, u"QuantityRequired"_s),
                                 amount(u"Price"_s, 80, u"$0.00"_s, u"Price"_s)});
     showWhenEmpty(*grdPartUsed, u"This service needs no parts."_s);
+    // Three rows, below which a list can't be worked.
     grdPartUsed->setMinimumHeight(96);
     const auto button = [this](const QString &name, const QString &caption, const QString &icon) {
         auto *made = new QPushButton(theme::icon(icon), caption, this);
@@ -110,6 +111,7 @@ double ServiceParts::SetPastCost() const
     const grid::GridModel &rows = grdPartUsed->rows();
     base::Money cost;
     for (int row = 0; row < rows.rowCount(); ++row)
+        // Exactly, and rounded once at the end: binary fractions would add up to other cents.
         cost += base::Money(rows.value(row, u"Price").toDouble())
                     .times(rows.value(row, u"Qty Req").toDouble());
     return cost.cents().toDouble();
@@ -133,6 +135,7 @@ void ServiceParts::EnableControls()
 template<class Body>
 bool ServiceParts::write(const char *procedure, Body &&change)
 {
+    // Whether the transaction holds earlier changes, or is opened here just for this one.
     const bool holdsEdit = gbInTransaction;
     return telling(Module, procedure, false, [&] {
         TransactionScope transaction;
@@ -155,6 +158,8 @@ void ServiceParts::cmdAddPart_Click()
     if (m_store == ServiceStore::Catalogue)
         base::showMessage(
             u"Note: You should not add equipment specfic parts to the master service list."_s);
+    // Behind the note: a new service may have to be saved first, which closes the matter when it
+    // fails.
     if (mayAdd && !mayAdd())
         return;
     QStringList present;

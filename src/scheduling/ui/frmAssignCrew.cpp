@@ -52,6 +52,8 @@ void frmAssignCrew::load()
         const db::Row machine = rows.current();
         lblUnitNo->setText(machine.text(u"UnitNo"));
         lblEquipmentName->setText(machine.text(u"EquipmentName"));
+        // What the assignment is stored over: another workstation may have given the machine away
+        // meanwhile.
         m_shownCrew = machine.integer(u"CrewID");
         m_oldCrew = machine.text(u"CrewNumber");
         cboCrew->selectText(m_oldCrew);
@@ -60,6 +62,7 @@ void frmAssignCrew::load()
 
 void frmAssignCrew::cmdUpdate_Click()
 {
+    // No change leaves no row in the history of crews.
     if (cboCrew->currentText() == m_oldCrew) {
         unload();
         return;

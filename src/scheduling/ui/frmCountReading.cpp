@@ -56,6 +56,7 @@ frmCountReading::frmCountReading(qint64 EquipmentID, qint64 ServiceUsedID,
 void frmCountReading::buildForm(const QString &serviceName)
 {
     input::FormBuilder form(this);
+    // A service asks for its first reading: there is none before it to be shown or compared with.
     if (!showsLastReading()) {
         form.note(u"Enter the last count that this service was performed."_s, u"lblHeading"_s);
         form.readOnlyField(u"lblServiceName"_s, u"Service Name:"_s)->setText(serviceName);
@@ -65,8 +66,10 @@ void frmCountReading::buildForm(const QString &serviceName)
         for (const periods::Period &each : periods::all())
             if (each.isCount)
                 cboCountType->add(QStringList(each.word.toString()));
+        // The plainest of them; the list has no blank, so that some type is always chosen.
         cboCountType->selectText(u"Counts"_s);
         connect(cboCountType, &QComboBox::activated, this, [this] {
+            // The service's own period follows the type, but only when the user chose it.
             m_typeChanged = true;
             RefreshCountForm();
         });
@@ -85,6 +88,7 @@ void frmCountReading::buildForm(const QString &serviceName)
     cmdExit = form.button(u"cmdExit"_s, u"&Return"_s, theme::icon(u"return"_s));
     form.finish();
     setMinimumWidth(380);
+    // A number and Enter, machine by machine.
     cmdUpdate->setDefault(true);
     txtCountValue->setFocus();
 
@@ -118,6 +122,7 @@ void frmCountReading::RefreshCountForm()
                                                        : u"None"_s);
             lblLastCount->setText(QString::number(m_last.value));
         }
+        // Each type begins at today again: the date that was put right belonged to another meter.
         datCountDate->setDate(base::today());
     });
 }
@@ -125,6 +130,7 @@ void frmCountReading::RefreshCountForm()
 void frmCountReading::checkDate()
 {
     const QDate date = datCountDate->date();
+    // A date that is being typed is not judged yet.
     if (!date.isValid())
         return;
     const QDate today = base::today();
@@ -149,6 +155,7 @@ bool frmCountReading::AddCount(const QString &periodCode)
             return false;
         readings::add(m_equipment, base::wallClock(datCountDate->date()), type,
                       readingOf(txtCountValue->text()));
+        // The caller goes on with the type that was really stored.
         m_type = type;
         return true;
     });
@@ -161,13 +168,16 @@ void frmCountReading::cmdUpdate_Click()
             base::showMessage(message);
             field->setFocus();
         };
+        // Enter saves without leaving the box, where the date would have been checked.
         if (!datCountDate->date().isValid())
             return stayIn(datCountDate, u"Please enter valid date."_s);
         if (input::isBlank(txtCountValue))
             return stayIn(txtCountValue, u"New count value shouldn't be blank."_s);
+        // Equal is right: a machine that stood still is read, too.
         if (showsLastReading() && readingOf(txtCountValue->text()) < m_last.value)
             return stayIn(txtCountValue, u"New count value should be greater than or equal to last "
                                          "count value."_s);
+        // Asked last and of the database: an order may have been made while the number was typed.
         if (readings::isInProcess(m_equipment, chosenType()))
             return stayIn(txtCountValue, readings::inProcessMessage());
         if (!AddCount(readings::periodCode(chosenType())))

@@ -50,6 +50,7 @@ frmEquipmentReading::frmEquipmentReading(QWidget *parent)
 {
     buildForm();
     RefreshRecordSet();
+    // Behind the rows: a stored sort has to find something to sort.
     adoptGrid(grdReading, u"grdReading"_s);
     grdReading->selectCell(grdReading->displayedOrder().value(0, -1), u"Count");
 }
@@ -65,6 +66,7 @@ void frmEquipmentReading::buildForm()
     for (const QString &column : {u"UnitNo"_s, u"Equipment Name"_s, u"CountType"_s})
         ColAlign(*grdReading, column, grid::Align::Left);
     ColAlign(*grdReading, u"Last Date"_s, grid::Align::Center);
+    // Enter goes down the one column that can be typed into, like down a paper list.
     grdReading->setVerticalEntry(u"Count");
     form.widget(grdReading, true);
     cmdPrint = form.button(u"cmdPrint"_s, u"&Print"_s, theme::icon(u"print"_s));
@@ -80,6 +82,8 @@ void frmEquipmentReading::buildForm()
     // By the user; going on to a row that lies beyond the edge scrolls too.
     connect(grdReading->verticalScrollBar(), &QScrollBar::actionTriggered, this,
             [this] { (void)grdReading->finishEditing(); });
+    // With the first key already, so that the window can't be closed over a number that is being
+    // typed.
     connect(grdReading, &grid::GridView::typing, this, &Screen::edited);
     connect(grdReading, &grid::GridView::changed, this, &Screen::edited);
     connect(cmdPrint, &QPushButton::clicked, this, [] { openings().open(Report); });
@@ -96,6 +100,7 @@ void frmEquipmentReading::EnableControls()
     cmdExit->setVisible(browsing);
     cmdUpdate->setVisible(!browsing);
     cmdCancel->setVisible(!browsing);
+    // Numbers that were typed are saved or cancelled, not lost with the window.
     setCloseEnabled(browsing);
 }
 
@@ -104,6 +109,7 @@ void frmEquipmentReading::RefreshRecordSet()
     base::trapped(Module, "RefreshRecordSet", [this] {
         const int days = readings::delay();
         grdReading->rows().setRecordset(readings::due(days));
+        // The column is none of the query's: it is where the readings are typed.
         grdReading->rows().setAll(u"Count", QVariant());
         QString heading = u"All meters have been read."_s;
         if (grdReading->rows().rowCount() > 0)
@@ -118,9 +124,11 @@ void frmEquipmentReading::RefreshRecordSet()
 bool frmEquipmentReading::countEntered(int row, const QVariant &value)
 {
     const QVariant last = grdReading->rows().value(row, u"Last Count");
+    // Nothing typed is no reading, and equal is right: a machine may have stood still.
     if (value.isNull() || value.toLongLong() >= last.toLongLong())
         return true;
     base::showCritical(u"Count value should be more than or equal to Last value"_s);
+    // The last value stands there to be corrected, as what the meter can't be below.
     grdReading->rows().setValue(row, u"Count", last);
     return false;
 }
@@ -131,6 +139,7 @@ void frmEquipmentReading::cmdUpdate_Click()
         return;
     std::vector<readings::Entry> entries;
     const grid::GridModel &rows = grdReading->rows();
+    // As they stand on the screen, so that messages come in the order of the sheet.
     for (const int row : grdReading->displayedOrder()) {
         const QVariant count = rows.value(row, u"Count");
         if (!count.isNull())

@@ -41,6 +41,7 @@ frmServices::frmServices(ServiceStore store, QWidget *parent)
     buildForm();
     bindFields();
     joinRules();
+    // The boxes lend their grid to the screen, which stores its layout under their name.
     adoptGrid(fraParts->grid(), fraParts->grid()->objectName());
 }
 
@@ -83,11 +84,14 @@ void frmServices::bindFields()
     m_budget->bind(m_fields);
     if (m_next)
         m_next->bind(m_fields);
+    // One binding for all boxes: what is compared with another workstation's values is the service
+    // as a whole.
     setSavedFields({&m_fields});
 }
 
 void frmServices::joinBoxes()
 {
+    // Boxes don't know each other: what one has to say to another goes through here.
     connect(m_name, &ServiceNameBox::crewChosen, m_budget, &BudgetBox::crewChosen);
     connect(m_name, &ServiceNameBox::inactiveChanged, this, &frmServices::EnableLogicControl);
     connect(fraParts, &ServiceParts::costChanged, this,
@@ -102,6 +106,8 @@ void frmServices::joinBoxes()
 
 void frmServices::joinRules()
 {
+    // Pattern, parts and next date tell their edits by a signal of their own, since they also
+    // change by themselves.
     watch(m_name->controls() + m_budget->controls() + m_schedule->controls() +
           QList<QWidget *>{txtNotes});
     joinBoxes();
@@ -110,6 +116,8 @@ void frmServices::joinRules()
     connect(cmdCancel, &QPushButton::clicked, this, &frmServices::cmdCancel_Click);
     connect(cmdExit, &QPushButton::clicked, this, &frmServices::cmdExit_Click);
     for (QPushButton *button : {cmdCancel, cmdExit})
+        // Leaving for these two buttons must check nothing: what is typed is given up, or asked
+        // about by the button itself.
         input::setCausesValidation(button, false);
 }
 
@@ -125,6 +133,8 @@ void frmServices::display(Mode mode, qint64 key)
 void frmServices::beginNew()
 {
     ClearData();
+    // A key from the clock. Only the insert finds out whether another workstation has taken the
+    // same.
     m_key = GenrateUniqueID();
     const Displaying displaying(*this);
     m_name->beginNew(GenerateID(u"tblServices"_s, u"JobNO"_s));
@@ -134,6 +144,7 @@ void frmServices::beginNew()
 
 void frmServices::unloading()
 {
+    // Parts that were added lie in the open transaction; closing without Save gives them up.
     base::trapped(Module, "Form_Unload", [] { RollbackTrans(); });
 }
 
@@ -141,6 +152,7 @@ void frmServices::unloading()
 
 bool frmServices::mayEdit() const
 {
+    // Adding is another right, which was asked for before this screen opened.
     return mode() == Mode::Add || (m_hasRow && rights::isGranted(rights::Services.modify));
 }
 
@@ -156,6 +168,7 @@ void frmServices::EnableControls()
         setLocked(control, !may);
     fraParts->setMayEdit(may);
     EnableLogicControl();
+    // While something is being edited Return is the way out: it asks.
     setCloseEnabled(browsing);
 }
 
@@ -174,6 +187,7 @@ void frmServices::RefreshRecordSet()
 {
     base::trapped(Module, "RefreshRecordSet", [this] {
         const db::Recordset rows = clsServicesManager().GetServiceInfo(m_key, m_store);
+        // The service may have been deleted by another workstation since the list was read.
         if (rows.isEmpty())
             ClearData();
         else
@@ -189,6 +203,7 @@ void frmServices::DisplayData(const db::Row &row)
     showService(isAssigned() ? AssignedService::fromRow(row)
                              : AssignedService{clsServicesManager::fromRow(row, m_store), {}});
     if (m_next)
+        // No fields of the service: the postings write them, and this screen only shows them.
         m_next->showLast(row.date(u"LastDateScheduled"), row.date(u"LastDatePerformed"));
     clearChanges();
     fraParts->RefreshPartGrid(m_key);
@@ -197,6 +212,7 @@ void frmServices::DisplayData(const db::Row &row)
 void frmServices::showService(const AssignedService &service)
 {
     m_fields.show(service);
+    // Behind the fields, whose values these take as what was there before the user's edits.
     m_name->serviceShown(m_key);
     if (m_next)
         m_next->showScheduleKind();
@@ -209,6 +225,7 @@ void frmServices::ClearData()
     const Displaying displaying(*this);
     m_hasRow = false;
     AssignedService blank;
+    // What most services are: every so many days, counted from the completion.
     blank.Period = u"D"_s;
     blank.RenewalOn = u"W"_s;
     showService(blank);
@@ -228,6 +245,7 @@ void frmServices::clearChanges()
 
 bool frmServices::mayAddPart()
 {
+    // A part is stored under its service's key, which a new service has only once it is saved.
     if (mode() != Mode::Add)
         return true;
     return base::askYesNo(u"Record must be saved. Do you want to save it."_s) && cmdUpdate_Click();
@@ -244,6 +262,7 @@ bool frmServices::refuse(QWidget *field, const QString &message)
 
 bool frmServices::ValidateFields()
 {
+    // In the order of the form, from top to bottom.
     for (const auto &gap : {m_name->gap(), m_schedule->gap()})
         if (gap)
             return refuse(gap->field, gap->message);
@@ -254,6 +273,8 @@ AssignedService frmServices::SetObjectValues() const
 {
     const AssignedService &shown = m_fields.shown();
     AssignedService service = m_fields.read();
+    // A new one gets its key at the last moment: the longer it is held, the likelier another
+    // workstation has the same.
     service.ServiceID = mode() == Mode::Modify ? m_key : GenrateUniqueID();
     m_schedule->complete(service, shown);
     return service;
@@ -263,11 +284,14 @@ std::optional<QVariant> frmServices::saveRecord()
 {
     AssignedService service = SetObjectValues();
     const qint64 typed = service.JobNo;
+    // Asked ahead of BeginTrans, which joins a transaction that is open already.
     const bool holdsParts = gbInTransaction;
     try {
         BeginTrans();
         const clsServicesManager manager;
         if (!manager.SaveRecord(service, mode(), m_store, service, m_fields.shown()) ||
+            // Within the same transaction: the number of the catalogue and those of its copies
+            // change together or not at all.
             (m_carriesJobNo && !manager.UpdateJobNoForAllService(service.ServiceID, service.JobNo)))
             return std::nullopt;
         CommitTrans();
@@ -277,6 +301,7 @@ std::optional<QVariant> frmServices::saveRecord()
             RollbackTrans();
         throw;
     }
+    // The manager takes the next free number when another workstation was faster.
     if (mode() == Mode::Add && service.JobNo != typed)
         base::showMessage(u"Service no %1 is already being used the new service number is "
                           "%2."_s.arg(QString::number(typed), QString::number(service.JobNo)));
@@ -285,6 +310,8 @@ std::optional<QVariant> frmServices::saveRecord()
 
 bool frmServices::becomesNew()
 {
+    // A catalogue service that is gone can be stored anew; one of a machine has lost the schedule
+    // that it was part of.
     if (!isAssigned())
         return SavingScreen::becomesNew();
     base::showMessage(u"Another workstation has removed %1 from its machine. What you typed is "
@@ -300,6 +327,7 @@ QString frmServices::recordName() const
 /// Save by its key leaves the focus, and so what has not been checked yet, in a field.
 bool frmServices::finishFields()
 {
+    // The cell first: ending it may still change the transaction that the save is to commit.
     return fraParts->grid()->finishEditing() && (!m_next || m_next->finish()) && m_name->finish();
 }
 
@@ -310,10 +338,13 @@ bool frmServices::cmdUpdate_Click()
     if (!ValidateFields())
         return false;
     if (m_next)
+        // Behind the checks, so that nobody is asked about a date that is refused anyhow.
         m_next->confirmChangesOnOrder(m_key);
+    // The question stands ahead of the writing: the save locks no row while the user thinks.
     m_carriesJobNo = m_name->isJobNumberCarried();
     const std::optional<QVariant> key = store();
     if (!key) {
+        // The failed save has undone the parts as well; what is stored is shown again.
         if (!gbInTransaction && m_hasRow)
             fraParts->RefreshPartGrid(m_key);
         if (m_next)
@@ -329,6 +360,7 @@ bool frmServices::cmdUpdate_Click()
 
 void frmServices::cmdCancel_Click()
 {
+    // Ahead of the reading, which would see the parts of the open transaction otherwise.
     base::trapped(Module, "cmdCancel_Click", [] { RollbackTrans(); });
     RefreshRecordSet();
 }
@@ -341,6 +373,7 @@ void frmServices::cmdExit_Click()
                                                   base::Prompts::Buttons::YesNoCancel,
                                                   {}});
         if (answer == base::Prompts::Answer::Cancel ||
+            // What can't be saved keeps the screen, with the focus where the fault is.
             (answer == base::Prompts::Answer::Yes && !cmdUpdate_Click()))
             return;
     }

@@ -60,6 +60,7 @@ frmServicesManager::frmServicesManager(const Request &request, QWidget *parent)
     for (const QStringView key : QStringView(request.leftOut).split(u',', Qt::SkipEmptyParts))
         m_leftOut.insert(key.trimmed().toLongLong());
     buildForm();
+    // Which of the two lists is on show comes from the caller, and is not stored.
     (isCatalogue() ? optServiceMaster : optEquipmentService)->setChecked(true);
     showMachine();
     ShowGrid();
@@ -79,6 +80,7 @@ void frmServicesManager::buildForm()
     fraEquipment = form.beginGroup(u"List"_s, u"fraEquipment"_s);
     form.beginRow();
     optServiceMaster = form.optionButton(u"optServiceMaster"_s, u"Service &Master List"_s);
+    // A machine that is given is "this" one; otherwise the user finds one.
     optEquipmentService = form.optionButton(u"optEquipmentService"_s,
                                             m_equipment != 0 ? u"This &Equipment's Service List"_s
                                                              : u"&Equipment's Service List"_s);
@@ -107,6 +109,7 @@ void frmServicesManager::buildForm()
         else
             openService(row);
     });
+    // For Enter, which the grid would pass on as the activation of a row.
     grdServices->installEventFilter(this);
     connect(cmdSelect, &QPushButton::clicked, this, &frmServicesManager::cmdSelect_Click);
     connect(cmdAdd, &QPushButton::clicked, this, &frmServicesManager::cmdAdd_Click);
@@ -118,6 +121,7 @@ void frmServicesManager::ShowGrid(const QString &keepKey)
 {
     base::trapped(Module, "ShowGrid", [&] {
         grid::GridModel &rows = grdServices->rows();
+        // Ticks outlive a reading that comes back to a row. Another list begins without any.
         const QStringList ticked = keepKey.isEmpty() ? QStringList() : tickedKeys();
         rows.setRecordset(isCatalogue() ? servicelists::catalogue(m_leftOut)
                                         : servicelists::ofMachine(m_equipment, m_leftOut));
@@ -138,6 +142,7 @@ void frmServicesManager::EnableControls()
     // What a machine has is removed on the machine's screen.
     cmdDelete->setEnabled(rows && isCatalogue());
     cmdSelect->setEnabled(rows);
+    // New services are made in the catalogue, and given to machines from there.
     cmdAdd->setEnabled(isCatalogue());
     fraEquipment->setVisible(m_equipment != 0 || m_equipmentOption);
     optEquipmentService->setEnabled(!m_equipmentOption || screenCalls().ShowQuickFind != nullptr);
@@ -149,6 +154,7 @@ bool frmServicesManager::eventFilter(QObject *watched, QEvent *event)
     if (watched == grdServices && event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent *>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            // Behind the key: the button may close the screen, and the grid is still at its event.
             QMetaObject::invokeMethod(cmdSelect, &QPushButton::click, Qt::QueuedConnection);
             return true;
         }
@@ -160,6 +166,7 @@ void frmServicesManager::showMachine()
 {
     lblUnitNo->clear();
     lblEquipmentName->clear();
+    // No machine has been found yet, or the catalogue is on show.
     if (m_equipment == 0)
         return;
     base::trapped(Module, "showMachine", [&] {
@@ -184,6 +191,7 @@ void frmServicesManager::optEquipmentService_Click()
         const QString found = screenCalls().ShowQuickFind(
             {u"UnitNo"_s, u"Unit No"_s, u"tblEquipment"_s, u"frmEquipment"_s});
         if (found.trimmed().isEmpty()) {
+            // A search that was given up turns back to the list that needs none.
             optServiceMaster->setChecked(true);
             optServiceMaster_Click();
             return;
@@ -212,6 +220,7 @@ void frmServicesManager::openService(int row)
     if (isCatalogue())
         showServicesDetail(Mode::Browse, key.toLongLong());
     else
+        // Keys of this list are those of the machine's services, not of the catalogue.
         ShowServiceUsedDetail(key.toLongLong());
     ShowGrid(key);
 }
@@ -242,6 +251,7 @@ void frmServicesManager::cmdAdd_Click()
         return;
     // The new service is to stay, whatever becomes of the edit that this list was opened from.
     base::trapped(Module, "cmdAdd_Click", [] { CommitTrans(); });
+    // For a cancelled Add, whose key is in no list.
     const QString former = keyOf(grdServices->currentRow());
     const QString added = QString::number(showServicesDetail(Mode::Add, 0));
     ShowGrid(added);

@@ -36,6 +36,8 @@ DueServices::DueServices(QWidget *parent)
     });
     for (const QPushButton *button :
          {cmdGenAddService, cmdGenRemoveService, cmdGenAddPart, cmdGenRemovePart})
+        // None of them can act: a due service has no row of its own that could be changed. The page
+        // offers to make the order first.
         connect(button, &QPushButton::clicked, this,
                 [this, button] { Q_EMIT changeWanted(button->objectName()); });
 }
@@ -89,6 +91,7 @@ void DueServices::RefreshGenPartGrid()
     base::trapped(Module, "RefreshGenPartGrid", [this] {
         const qint64 service = worklists::currentKey(*grdGenService, u"ServiceUsedID");
         worklists::load(*grdGenPart, workorders::statements::genParts(), service);
+        // The note of the schedule, which each order takes a copy of when it is made.
         m_genNote->show(service, recording::scheduleNoteOf(service));
     });
     Q_EMIT shown();

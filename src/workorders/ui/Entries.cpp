@@ -9,6 +9,7 @@
 void ShowPrintWorkorder(const QString &unitNo)
 {
     frmWorkorder screen(QApplication::activeWindow());
+    // Filled before it is shown, so that it opens on the row that was asked for.
     screen.ShowPrintWorkorder(unitNo);
     screen.showModal();
 }

@@ -22,6 +22,7 @@ LatenessStyle LatenessStyle::current()
 
 grid::Style LatenessStyle::late()
 {
+    // Dark enough for white letters to be read on it.
     return {.foreground = Qt::white, .background = {192, 32, 32}};
 }
 

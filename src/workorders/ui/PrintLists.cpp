@@ -56,6 +56,7 @@ void addGridGroup(input::FormBuilder &form, const QString &title, grid::GridView
     form.beginGroup(title);
     form.widget(grid, true);
     form.beginRow();
+    // Side by side below the grid, which keeps all the height there is.
     for (const Button &each : {first, second})
         each.button = form.inlineButton(each.name, each.text);
     form.endRow();
@@ -65,6 +66,7 @@ void addGridGroup(input::FormBuilder &form, const QString &title, grid::GridView
 QPlainTextEdit *addNote(input::FormBuilder &form, const QString &name)
 {
     QPlainTextEdit *box = form.memoField(name, u"&Note:"_s, 2);
+    // A memo grows with its form by itself, at the cost of the two grids above it.
     box->setFixedHeight(NoteHeight);
     return box;
 }

@@ -115,9 +115,12 @@ void PrintWorkPage::connectButtons()
 void PrintWorkPage::connectGrids()
 {
     connect(grdPrintWO, &grid::GridView::currentRowChanged, this, [this] { rowSelected(); });
+    // A tick on another row makes that row the current one, so that the frames beside the list show
+    // what was ticked.
     connect(grdPrintWO, &grid::GridView::changed, grdPrintWO, &grid::GridView::selectRow);
     connect(grdPrintWO, &grid::GridView::rowActivated, this, [this](int row) {
         grid::GridModel &rows = grdPrintWO->rows();
+        // As by a click on the box itself: an edit, which a change from the program would not be.
         rows.edit(row, rows.columnIndex(u"Select"), !rows.value(row, u"Select").toBool());
     });
     grdPrintWO->rows().styleRule = [this](int row, const QString &) {
@@ -129,12 +132,16 @@ void PrintWorkPage::connectGrids()
 
 void PrintWorkPage::connectFrames()
 {
+    // The buttons of the frames belong to no page, so that it is the page that ends what is being
+    // edited on either side before they act.
     m_printed->mayAct = [this] { return finishEditing(); };
     connect(m_printed, &PrintedServices::addWanted, this, &PrintWorkPage::cmdPrintAddService_Click);
     connect(m_due, &DueServices::changeWanted, this, [this](const QString &button) {
         if (finishEditing())
             base::trapped(Module, qPrintable(button + u"_Click"_s), [this] { generateFirst(); });
     });
+    // What the buttons may do hangs on the rows of the frames too, which come later than the row of
+    // the list.
     connect(m_printed, &PrintedServices::shown, this, &PrintWorkPage::EnableControls);
     connect(m_due, &DueServices::shown, this, &PrintWorkPage::EnableControls);
 }
@@ -142,6 +149,7 @@ void PrintWorkPage::connectFrames()
 void PrintWorkPage::EnableControls()
 {
     const bool rows = grdPrintWO->rows().rowCount() > 0;
+    // Without a row in the list none of these has anything to work on.
     for (QPushButton *button : {cmdPrintSelect, cmdPrintUnSelect, cmdGenrateWo})
         button->setEnabled(rows);
     cmdDelete->setEnabled(rows && currentOrder() != 0);
@@ -166,6 +174,7 @@ qint64 PrintWorkPage::currentMachine() const
 
 bool PrintWorkPage::finishEditing()
 {
+    // Only one of the two is in front; the other one holds nothing to be stored and answers True.
     return m_printed->finishEditing() && m_due->leaveNote();
 }
 
@@ -175,12 +184,17 @@ void PrintWorkPage::RefreshPrintWo()
 {
     const bool loaded = base::trapped(Module, "RefreshPrintWo", false, [this] {
         m_lateness = LatenessStyle::current();
+        // Kept only once the query has passed: with a filter that the database refuses the list
+        // stays as it is, and what is generated has to go by the window that it was read by.
         const WorkorderFilter filter = m_filter();
         const db::Recordset rows = workorders::dueList(filter);
         m_shown = filter;
+        // Each row that is filled in becomes the current one for a moment; the frames read once, at
+        // the end.
         const QScopedValueRollback filling(m_filling, true);
         grdPrintWO->rows().setRecordset(rows);
         grdPrintWO->rows().setAll(u"Select", false);
+        // Nothing is ticked in rows that were read anew, so the button offers to tick them.
         cmdPrintSelect->setText(u"Select A&ll"_s);
         worklists::selectFirst(*grdPrintWO);
         return true;
@@ -196,6 +210,7 @@ void PrintWorkPage::rowSelected()
         return;
     const bool ordered = currentOrder() != 0;
     m_frames->setCurrentWidget(ordered ? static_cast<QWidget *>(m_printed) : m_due);
+    // Both are told, so that the frame behind does not keep the rows of a machine that was left.
     m_due->RefreshGenServiceGrid(ordered ? 0 : currentMachine(), m_shown, m_lateness);
     m_printed->RefreshPrintServiceGrid(currentOrder(), m_shown, m_lateness);
 }
@@ -203,6 +218,8 @@ void PrintWorkPage::rowSelected()
 void PrintWorkPage::FindNSelectPrintWorkorder(const QString &unitNo)
 {
     const grid::GridModel &rows = grdPrintWO->rows();
+    // A machine may stand in the list several times: for what is due, and for each of its open
+    // orders. The topmost row of what is due is meant.
     for (const int row : grdPrintWO->displayedOrder()) {
         if (!rows.value(row, u"WorkOrderNo").isValid() &&
             rows.text(row, u"Unit No").toUpper() == unitNo.toUpper())
@@ -249,6 +266,7 @@ QString PrintWorkPage::machines() const
 
 void PrintWorkPage::cmdPrintSelect_Click()
 {
+    // The caption says what the next press does; it is the only memory of that.
     const bool all = cmdPrintSelect->text().startsWith(u"Select"_s);
     grdPrintWO->rows().setAll(u"Select", all);
     cmdPrintSelect->setText(all ? u"Unselect A&ll"_s : u"Select A&ll"_s);
@@ -265,12 +283,15 @@ bool PrintWorkPage::GenerateWorkorder(QList<qint64> &generated)
 {
     input::ProgressBox box(u"Generating work orders..."_s, this);
     return telling(Module, "GenerateWorkorder", false, [&] {
+        // By the window that is on show, whatever has been typed into the boxes since: what the
+        // user has not seen must not become an order.
         return generation::GenerateWorkorder(m_shown, tickedMachines(), generated, box.progress());
     });
 }
 
 void PrintWorkPage::cmdGenrateWo_Click()
 {
+    // A ticked order is a selection, too: it needs nothing generated, and no complaint either.
     if (tickedMachines().isEmpty() && tickedOrders().isEmpty())
         return base::showMessage(u"Please select at least one record"_s);
     QList<qint64> generated;
@@ -289,11 +310,14 @@ void PrintWorkPage::generateFirst()
         return;
     QList<qint64> generated;
     if (!telling(Module, "GenerateWorkorder", false,
+                 // Of this one machine inactive services come along: somebody looks at it and can
+                 // take them off.
                  [&] { return generation::generateForRow(m_shown, currentMachine(), generated); }))
         return;
     base::showMessage(u"Workorder Generated"_s);
     RefreshPrintWo();
     if (!generated.isEmpty())
+        // The change that was asked for is meant for the order that the service stands on now.
         FindNSelectPrintWorkorderByWO(generated.first());
 }
 
@@ -319,5 +343,6 @@ void PrintWorkPage::cmdPrintAddService_Click()
         RefreshPrintWo();
         FindNSelectPrintWorkorderByWO(order);
     }
+    // Also when the window reached that far already and the list was not read anew.
     m_printed->RefreshPrintServiceGrid();
 }

@@ -74,6 +74,8 @@ void PrintedServices::connectControls()
     });
     const auto click = [this](QPushButton *button, void (PrintedServices::*procedure)()) {
         connect(button, &QPushButton::clicked, this, [this, button, procedure] {
+            // What is being edited on either frame is stored first, or keeps the button from
+            // acting.
             if (mayAct())
                 base::trapped(Module, qPrintable(button->objectName() + u"_Click"_s),
                               [&] { (this->*procedure)(); });
@@ -116,6 +118,7 @@ void PrintedServices::RefreshPrintServiceGrid(qint64 WorkorderNo, const Workorde
 void PrintedServices::RefreshPrintServiceGrid()
 {
     base::trapped(Module, "RefreshPrintServiceGrid", [this] {
+        // Each row that is filled in is current for a moment; parts and note follow once.
         const QScopedValueRollback filling(m_filling, true);
         worklists::load(*grdPrintService, workorders::statements::printServices(m_filter), m_order,
                         u"NServiceUsedID");
@@ -157,6 +160,7 @@ void PrintedServices::cmdPrintRemoveService_Click()
 void PrintedServices::cmdPrintAddPart_Click()
 {
     const qint64 service = currentService();
+    // Not used yet: the order is still to be worked on.
     if (service != 0 && worklists::addParts(grdPrintPart->rows(), service, false))
         RefreshPrintPartGrid();
 }

@@ -55,6 +55,7 @@ void RecordParts::buildBox()
 QList<grid::Column> RecordParts::columns()
 {
     const auto rule = [this](const worklists::Change &change) {
+        // As for the services: a part that is refused may have gone with its order.
         return worklists::told(this, "grdRecordPart_Change", change,
                                [this] { m_frame.showWhatIsLeft(); });
     };
@@ -105,6 +106,8 @@ void RecordParts::connectControls()
 {
     m_note = new ServiceNote(
         txtRecordNote, recording::updateNote, [this](qint64 service, const QString &note) {
+            // By what the list shows, not by the database: the service was skipped here, a moment
+            // ago.
             if (!note.trimmed().isEmpty() || !m_services.isSkipped(service))
                 return true;
             base::showCritical(u"Note Field Cann't left blank. When Service has Skiped."_s);
@@ -148,6 +151,7 @@ void RecordParts::showPartsAndNote()
     RefreshRecordPartGrid();
     base::trapped(Module, "RefreshRecordPartGrid", [this] {
         const qint64 service = m_services.currentService();
+        // Read on its own, since a memo is no column of the list.
         m_note->show(service, recording::noteOf(service));
     });
 }
@@ -171,6 +175,8 @@ bool RecordParts::usedChanged(int row, bool used)
 {
     grid::GridModel &rows = grdRecordPart->rows();
     if (!m_services.isServiceCompleted()) {
+        // The tick is taken back without a word: the service has to be completed first, which ticks
+        // its parts by itself.
         rows.setValue(row, u"Used", false);
         return false;
     }
@@ -182,6 +188,7 @@ void RecordParts::cmdRecordAddPart_Click()
 {
     const qint64 service = m_services.currentService();
     if (service != 0 &&
+        // A part that is added to a service that is done has been used.
         worklists::addParts(grdRecordPart->rows(), service, m_services.isServiceCompleted()))
         showPartsAndNote();
 }

@@ -58,9 +58,12 @@ void RecordServices::buildBox()
 QList<grid::Column> RecordServices::columns()
 {
     const auto rule = [this](const worklists::Change &change) {
+        // A service that is refused may stand on no open order any more; the page looks what is
+        // left.
         return worklists::told(this, "grdRecordService_Change", change,
                                [this] { m_frame.showWhatIsLeft(); });
     };
+    // Completed and Skip: a tick each, of which one takes the other away.
     const auto tick = [&](const QString &name, int width,
                           bool (RecordServices::*changed)(int, bool)) {
         return grid::Column{.name = name,
@@ -123,6 +126,7 @@ void RecordServices::connectControls()
     const auto click = [this](QPushButton *button, const char *procedure,
                               void (RecordServices::*action)()) {
         connect(button, &QPushButton::clicked, this, [this, procedure, action] {
+            // A note or a cell that can't stay keeps the button from acting.
             if (m_frame.finishEditing())
                 base::trapped(Module, procedure, [&] { (this->*action)(); });
         });
@@ -133,6 +137,8 @@ void RecordServices::connectControls()
         if (!m_filling)
             Q_EMIT serviceShown();
     });
+    // Times are entered in a window of their own, by a click or by Enter: two times and the hours
+    // between them can't be judged one cell at a time.
     connect(grdRecordService, &grid::GridView::cellClicked, this, &RecordServices::openTimes);
     connect(grdRecordService, &grid::GridView::rowActivated, this,
             [this](int row) { openTimes(row, grdRecordService->currentColumn()); });
@@ -147,6 +153,7 @@ void RecordServices::EnableControls()
 
 void RecordServices::loadLists()
 {
+    // With the lists, so that options that were changed meanwhile count from the next reading on.
     m_lateness = LatenessStyle::current();
     grid::GridModel &rows = grdRecordService->rows();
     rows.column(u"Service Crew").choices = worklists::crews();
@@ -195,6 +202,7 @@ bool RecordServices::isSkipped(qint64 NServiceUsedID) const
 grid::Style RecordServices::style(int row, const QString &column) const
 {
     const grid::GridModel &rows = grdRecordService->rows();
+    // Ahead of the lateness: what keeps the order from being posted is to be seen first.
     if (column == u"Count" && !readings::countType(rows.text(row, u"Period")).isEmpty())
         return {.foreground = Qt::black, .background = CountWanted};
     return m_lateness.of(rows.value(row, u"Next Service Date").toDateTime().date());
@@ -206,6 +214,8 @@ bool RecordServices::crewChanged(int row, qint64 crew)
 {
     std::optional<double> cost;
     const auto write = [&](const recording::Shown &shown) {
+        // Called again when the user insists on his crew over another workstation's, hence the
+        // variable outside.
         cost = recording::changeCrew(serviceOf(row), crew, shown);
         return cost.has_value();
     };
@@ -219,8 +229,11 @@ bool RecordServices::crewChanged(int row, qint64 crew)
 bool RecordServices::countChanged(int row, const QVariant &count)
 {
     grid::GridModel &rows = grdRecordService->rows();
+    // Of the machine, not of the order: the meter goes on whoever reads it.
     const qint64 previous =
         GetEquipmentCount(m_frame.currentOrder().EquipmentID, rows.text(row, u"Schedule Type"));
+    // A meter that was changed begins anew, so that a smaller count may be right; only the user
+    // knows.
     if (count.isValid() && previous > count.toLongLong() &&
         !base::askYesNo(
             u"Enter count is smaller than previous count(%1). Do you want to continue ?"_s.arg(
@@ -234,6 +247,7 @@ bool RecordServices::countChanged(int row, const QVariant &count)
 bool RecordServices::skipChanged(int row, bool skip)
 {
     const qint64 id = serviceOf(row);
+    // The reason stays as the note of a service that is skipped no longer.
     if (!skip)
         return recording::UpdateWorkorderService(id, u"Skip"_s, false);
     const auto reason =
@@ -265,8 +279,11 @@ void RecordServices::openTimes(int row, const QString &column)
     const grid::GridModel &rows = grdRecordService->rows();
     const auto given = [&](QStringView name) {
         const QString text = rows.value(row, name).toString();
+        // What the window takes for no time.
         return text.trimmed().isEmpty() ? u"00:00"_s : text;
     };
+    // Read anew in any case: also a window that was cancelled may have told of a service that is
+    // gone.
     (void)frmServiceTime::ShowServiceTimeForm({.id = serviceOf(row),
                                                .start = given(u"StartTime"),
                                                .end = given(u"EndTime"),
@@ -282,6 +299,7 @@ void RecordServices::cmdSkipAll_Click()
     const auto reason =
         base::prompts().input(u"Please mention the reason for Skiping the Services"_s, {},
                               recording::noteOf(currentService()));
+    // A skipped service needs its reason as a note; without one nothing is skipped.
     if (reason && !reason->trimmed().isEmpty() && telling(Module, "cmdSkipAll_Click", false, [&] {
             return recording::skipAll(order, *reason);
         }))

@@ -74,6 +74,7 @@ QWidget *RecordWorkPage::buildOrders()
     input::FormBuilder form(pane);
     grdRecordWo = makeListGrid(pane, u"grdRecordWo"_s, u"Open work orders"_s, orderColumns());
     showWhenEmpty(*grdRecordWo, u"No work order is open."_s);
+    // For its key T, ahead of what the grid would make of a letter.
     grdRecordWo->installEventFilter(this);
     form.widget(grdRecordWo, true);
     form.finish();
@@ -83,6 +84,7 @@ QWidget *RecordWorkPage::buildOrders()
 QList<grid::Column> RecordWorkPage::orderColumns()
 {
     const auto rule = [this](const worklists::Change &change) {
+        // An order that is refused may have been posted elsewhere; its row goes then.
         return worklists::told(this, "grdRecordWo_Change", change, [this] { showWhatIsLeft(); });
     };
     return {{.name = u"Complete"_s,
@@ -117,12 +119,15 @@ void RecordWorkPage::connectControls()
         if (!m_filling)
             m_services->RefreshRecordServiceGrid();
     });
+    // Completing an order marks its services and their parts too, which stand in the panes below.
     connect(grdRecordWo, &grid::GridView::changed, this, [this](int row) {
+        // A tick may be set in a row that is not the current one; the panes show the current one.
         if (row == grdRecordWo->currentRow())
             m_services->RefreshRecordServiceGrid();
     });
     connect(grdRecordWo, &grid::GridView::rowActivated, this, [this](int row) {
         grid::GridModel &rows = grdRecordWo->rows();
+        // Enter and a double click are the tick, by the same rule.
         rows.edit(row, rows.columnIndex(u"Complete"), !rows.value(row, u"Complete").toBool());
     });
     connect(m_services, &RecordServices::serviceShown, this, [this] {
@@ -137,6 +142,7 @@ bool RecordWorkPage::eventFilter(QObject *watched, QEvent *event)
     // T completes the row's order today.
     if (watched == grdRecordWo && event->type() == QEvent::KeyPress) {
         const auto *key = static_cast<QKeyEvent *>(event);
+        // With Ctrl or Alt the key is a shortcut of the screen. A capital T counts as well.
         const bool plain = (key->modifiers() & ~Qt::ShiftModifier) == Qt::NoModifier;
         const int row = grdRecordWo->currentRow();
         if (key->key() == Qt::Key_T && plain && row >= 0) {
@@ -173,6 +179,7 @@ QString RecordWorkPage::machines() const
 
 bool RecordWorkPage::finishEditing()
 {
+    // The cells first: what is typed into one may change which note is on show.
     for (grid::GridView *each : grids()) {
         if (!each->finishEditing())
             return false;
@@ -185,10 +192,13 @@ bool RecordWorkPage::finishEditing()
 void RecordWorkPage::RefreshRecordWorkorder()
 {
     base::trapped(Module, "RefreshRecordWorkorder", [this] {
+        // The answers of the last reading: dates and limits may be others by now.
         m_late.clear();
         m_services->loadLists();
+        // One list of suppliers for both grids, read once.
         m_parts->setSuppliers(m_services->grid()->rows().column(u"Supplier").choices);
 
+        // By number: rows shift when orders come and go.
         const qint64 kept = currentOrder().WorkorderNo;
         const db::Recordset rows = gcnData->Open(workorders::statements::recordWo());
         const QScopedValueRollback filling(m_filling, true);
@@ -203,11 +213,14 @@ void RecordWorkPage::RefreshRecordWorkorder()
 /// from the lists. What is there stays as the user sees it.
 void RecordWorkPage::showWhatIsLeft()
 {
+    // Asked of the database, since a refusal alone doesn't say whether the row is gone or only
+    // held.
     const bool isThere = telling(Module, "RefreshRecordWorkorder", true, [this] {
         const qint64 service = m_services->currentService();
         return recording::isOpen(currentOrder().WorkorderNo) &&
                (service == 0 || recording::isOnOpenOrder(service));
     });
+    // Reading anew on each refusal would take away what the user is typing elsewhere.
     if (!isThere)
         RefreshRecordWorkorder();
 }
@@ -222,6 +235,7 @@ void RecordWorkPage::FindNSelectRecordWorkorder(qint64 WorkorderNo)
 grid::Style RecordWorkPage::orderStyle(int row)
 {
     const qint64 order = grdRecordWo->rows().value(row, u"WorkOrderNo").toLongLong();
+    // A grid asks for each cell that it paints; the database is asked once for each order.
     const auto known = m_late.constFind(order);
     const bool late = known != m_late.constEnd()
                           ? *known
@@ -254,6 +268,7 @@ bool RecordWorkPage::completeChanged(int row, bool complete)
 {
     grid::GridModel &rows = grdRecordWo->rows();
     const qint64 order = rows.value(row, u"WorkOrderNo").toLongLong();
+    // A tick says that the work was done today; another day is given in the column beside it.
     const auto date = complete ? std::optional(base::today()) : std::nullopt;
     if (!recording::UpdateWorkorder(order, date))
         return false;
@@ -264,6 +279,7 @@ bool RecordWorkPage::completeChanged(int row, bool complete)
 bool RecordWorkPage::completedDateChanged(int row, const QVariant &value)
 {
     const QDate date = dateOf(value);
+    // An emptied date needs no check: it opens the order again.
     if (date.isValid() && !mayComplete(date))
         return false;
     grid::GridModel &rows = grdRecordWo->rows();
@@ -274,6 +290,7 @@ bool RecordWorkPage::completedDateChanged(int row, const QVariant &value)
     };
     if (!writeCell(rows, row, u"CompletedDate"_s, value, write))
         return false;
+    // Tick and date stand for one another: neither is ever there alone.
     rows.setValue(row, u"Complete", date.isValid());
     return true;
 }

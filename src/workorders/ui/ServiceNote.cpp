@@ -15,7 +15,9 @@ ServiceNote::ServiceNote(QPlainTextEdit *box, Write write, MayStand mayStand)
     , m_write(std::move(write))
     , m_mayStand(std::move(mayStand))
 {
+    // Until a service is on show there is nothing that a note could belong to.
     setLocked(m_box, true);
+    // Tab goes on to the next control, as everywhere on the form; a note needs no tabs.
     m_box->setTabChangesFocus(true);
     input::validateOnLeave(m_box, [this] { return store(); });
 }
@@ -30,6 +32,8 @@ void ServiceNote::show(qint64 service, const QString &note)
 
 bool ServiceNote::leave()
 {
+    // In the box an unchanged note is judged too: a skipped service may have come without one, and
+    // whoever is in the box is to give it. Elsewhere nobody is asked for it.
     if ((text() == m_shown && !m_box->hasFocus()) || store())
         return true;
     m_box->setFocus();
@@ -56,6 +60,7 @@ bool ServiceNote::write()
         m_shown = text();
         return true;
     } catch (const record::Conflict &conflict) {
+        // The service itself is gone: no note can be stored in any place.
         if (conflict.isGone())
             throw;
         theirs = conflict.differences().front().theirs.toString();
@@ -63,9 +68,11 @@ bool ServiceNote::write()
     if (!base::askYesNo(
             u"Another workstation has changed this note meanwhile:\n\n%1\n\nDo you want "
             "to store yours in its place?"_s.arg(theirs))) {
+        // Theirs is what counts as shown from now on, so that leaving the box asks no second time.
         show(m_service, theirs);
         return true;
     }
+    // Over whatever it is by now: the user has decided.
     if (!m_write(m_service, text(), std::nullopt))
         return false;
     m_shown = text();

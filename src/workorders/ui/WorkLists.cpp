@@ -43,6 +43,8 @@ Change told(QObject *owner, const char *procedure, Change change, std::function<
             refused = std::move(refused)](int row, const QVariant &value) {
         const bool done = telling(Module, procedure, false, [&] { return change(row, value); });
         if (!done)
+            // Reading the rows anew within the rule would take the cell away that the grid is still
+            // at.
             QMetaObject::invokeMethod(owner, refused, Qt::QueuedConnection);
         return done;
     };
@@ -64,6 +66,7 @@ qint64 currentKey(const grid::GridView &grid, QStringView column)
 
 void selectFirst(grid::GridView &grid)
 {
+    // Topmost on the screen: the grid may be sorted by any column.
     grid.selectRow(grid.displayedOrder().value(0, -1));
 }
 
@@ -79,6 +82,7 @@ void selectKey(grid::GridView &grid, QStringView column, qint64 key)
 void load(grid::GridView &grid, const QString &statement, qint64 owner, QStringView keyColumn)
 {
     const qint64 kept = keyColumn.isEmpty() ? 0 : currentKey(grid, keyColumn);
+    // No row above means no rows here, and no query.
     if (owner == 0)
         grid.rows().clear();
     else
@@ -92,6 +96,7 @@ QList<qint64> numbersOf(const QString &text)
     for (const QString &each : text.split(u',', Qt::SkipEmptyParts)) {
         bool ok = false;
         const qint64 number = each.trimmed().toLongLong(&ok);
+        // The search gives keys; whatever else it may give one day is no machine.
         if (ok)
             numbers.append(number);
     }
@@ -101,6 +106,7 @@ QList<qint64> numbersOf(const QString &text)
 bool addServices(const grid::GridModel &present, qint64 WorkorderNo, qint64 EquipmentID,
                  bool completed)
 {
+    // What the order has already is not offered again.
     QString selection = joinedKeys(present, u"ServiceID");
     QString kind = u"SL"_s;
     if (!frmServicesManagerEntry::ShowServiceManager(selection, 0, kind, true, false))
@@ -139,6 +145,7 @@ bool removePart(const grid::GridView &grid, qint64 NServiceUsedID)
     if (telling(Module, "DeletePartRecord", false,
                 [&] { return recording::DeletePartRecord(NServiceUsedID, part); }))
         return true;
+    // Told besides the report, since the part is still in the list.
     base::showMessage(u"Deletion not allowed."_s);
     return false;
 }

@@ -118,6 +118,7 @@ void frmOverDueWork::buildShortcuts(QBoxLayout *column)
         cmdToolbar[index++] = button;
         row->addWidget(button, 1);
     }
+    // The search is another folder's screen, which may not have joined.
     cmdToolbar[AssignCrew]->setEnabled(static_cast<bool>(screenCalls().ShowQuickFind));
     column->addLayout(row);
 }
@@ -153,8 +154,10 @@ void frmOverDueWork::buildBoard(QBoxLayout *row)
     rows.styleRule = [this](int line, const QString &name) { return boardStyle(line, name); };
     connect(grdEquipWithSer, &grid::GridView::linkClicked, this,
             &frmOverDueWork::grdEquipWithSer_HyperLinkClick);
+    // Enter follows the link for those who work without a mouse.
     connect(grdEquipWithSer, &grid::GridView::rowActivated, this,
             &frmOverDueWork::grdEquipWithSer_HyperLinkClick);
+    // Its width decides how much is left for the names.
     grdEquipWithSer->viewport()->installEventFilter(this);
     column->addWidget(grdEquipWithSer, 1);
     row->addLayout(column, 1);
@@ -205,6 +208,7 @@ grid::Style frmOverDueWork::boardStyle(int row, const QString &column) const
     const grid::GridModel &rows = grdEquipWithSer->rows();
     if (rows.parentRow(row) < 0)
         return headingStyle();
+    // Only the date is coloured: a whole red row could not be read beside the links.
     if (column.compare(u"Due Since", Qt::CaseInsensitive) != 0)
         return {};
     return m_lateness.of(rows.value(row, u"Due Since").toDateTime().date());
@@ -215,6 +219,7 @@ grid::Style frmOverDueWork::reportStyle(int row) const
     const grid::GridModel &rows = grdReport->rows();
     if (rows.parentRow(row) < 0)
         return headingStyle();
+    // Greyed, not left out: the list of reports is the same for everybody.
     return openings().isJoined(openingNameOf(rows.text(row, u"ReportName")))
                ? grid::Style{}
                : grid::Style{.foreground = theme::disabledColor()};
@@ -226,6 +231,7 @@ void frmOverDueWork::ShowReports()
     rows.clear();
     QString parent;
     int parentRow = -1;
+    // The table lists them heading by heading, so that a new heading begins a new parent.
     for (const Opening *report : boardOpenings()) {
         if (const QString title = QString::fromLatin1(report->boardParent); title != parent) {
             parent = title;
@@ -235,6 +241,7 @@ void frmOverDueWork::ShowReports()
     }
     for (int row = 0; row < rows.rowCount(); ++row) {
         if (rows.parentRow(row) < 0)
+            // Collapsed at first: with all reports in view the other headings would be out of it.
             grdReport->setRowExpanded(row, false);
     }
 }
@@ -242,12 +249,14 @@ void frmOverDueWork::ShowReports()
 void frmOverDueWork::LoadData()
 {
     base::trapped(Module, "LoadData", [this] {
+        // Read with each loading, since the options may have been changed in between.
         m_lateness = LatenessStyle::current();
         const QList<board::Entry> entries = board::entries();
         const int open = static_cast<int>(std::ranges::count_if(
             entries, [](const board::Entry &entry) { return entry.WorkOrderNo != 0; }));
         const int due = static_cast<int>(entries.size()) - open;
 
+        // Ahead of the clearing, which forgets what was expanded and selected.
         const BoardView former = boardView();
         grid::GridModel &rows = grdEquipWithSer->rows();
         rows.clear();
@@ -268,12 +277,14 @@ void frmOverDueWork::LoadData()
 QString frmOverDueWork::keyOf(int row) const
 {
     const grid::GridModel &rows = grdEquipWithSer->rows();
+    // Both, since a machine may stand under each of the two headings.
     return rows.text(row, u"Unit No") + u'\n' + rows.text(row, u"WorkOrderNo");
 }
 
 frmOverDueWork::BoardView frmOverDueWork::boardView() const
 {
     const grid::GridModel &rows = grdEquipWithSer->rows();
+    // The first loading: both headings are expanded, nothing is selected.
     if (rows.rowCount() == 0)
         return {};
     const auto isExpanded = [&](const QString &parent) {
@@ -287,6 +298,7 @@ frmOverDueWork::BoardView frmOverDueWork::boardView() const
 void frmOverDueWork::showEntries(const QList<board::Entry> &entries, int openRow, int dueRow)
 {
     grid::GridModel &rows = grdEquipWithSer->rows();
+    // A signal for each row would lay the view out as often as there are machines.
     const grid::GridModel::Filling filling(rows);
     for (const board::Entry &entry : entries) {
         const bool ordered = entry.WorkOrderNo != 0;
@@ -318,6 +330,7 @@ void frmOverDueWork::LoadUnloadReportsNavigator(bool show)
     if (show)
         picReports->setFixedWidth(ReportsWidth);
     else
+        // Only the heading is left, by which the reports come back; the board gets the room.
         picReports->setFixedWidth(picReports->layout()->sizeHint().width());
 }
 
@@ -334,6 +347,7 @@ void frmOverDueWork::cmdToolbar_Click(int index)
     case RecordOrders:
         return ShowCompleteWorkorder();
     case Reading:
+        // By its name, as the menu does, since it needs a right that the table of openings knows.
         openings().open(u"frmEquipmentReading");
         return;
     case NewPart:
@@ -364,6 +378,8 @@ void frmOverDueWork::grdEquipWithSer_HyperLinkClick(int row)
         const qint64 order = rows.value(row, u"WorkOrderNo").toLongLong();
         if (order != 0)
             return ShowCompleteWorkorder(order);
+        // The screen opens on the window of its options. With the last one of its own the machine
+        // that was followed might not be in the list.
         SetOption(u"WoDateFrom"_s, base::monthFirst(base::today().addDays(-BoardDays)), true);
         SetOption(u"WodateTo"_s, base::monthFirst(base::today()), true);
         ShowPrintWorkorder(board::unitNumberOf(rows.text(row, u"Unit No")));
@@ -397,6 +413,7 @@ void frmOverDueWork::fillWidth()
     constexpr int narrowest = 200;
     grid::Column &names = rows.column(u"Unit No");
     const int width = qMax(narrowest, grdEquipWithSer->viewport()->width() - others);
+    // Telling the columns anew resizes the view, which comes back here.
     if (names.width == width)
         return;
     names.width = width;

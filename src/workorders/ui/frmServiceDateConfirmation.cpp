@@ -30,6 +30,8 @@ frmServiceDateConfirmation::frmServiceDateConfirmation(const QDateTime &complete
 {
     buildForm();
     showService();
+    // The posting waits for a date. Closing without one would leave the service unscheduled for
+    // good.
     setCloseEnabled(false);
     EnableControls();
 }
@@ -64,6 +66,7 @@ void frmServiceDateConfirmation::buildForm()
         datNextScheduled_Change();
         return true;
     });
+    // One of the pair is enough: they exclude each other.
     connect(optServiceBased, &QRadioButton::toggled, this, [this] { EnableControls(); });
     connect(cmdOK, &QPushButton::clicked, this, &frmServiceDateConfirmation::cmdOK_Click);
 }
@@ -86,6 +89,7 @@ void frmServiceDateConfirmation::EnableControls()
 void frmServiceDateConfirmation::datNextScheduled_Change()
 {
     const QDate date = datNextScheduled->date();
+    // What has been done on that day can't fall due before it.
     if (date.isValid() && date >= m_completed.date())
         return;
     base::showMessage(u"Next Scheduled Date cann't be Less than to Complete Date"_s);

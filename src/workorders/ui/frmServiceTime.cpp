@@ -40,6 +40,8 @@ frmServiceTime::frmServiceTime(const ScreenCalls::ServiceTimes &times, QWidget *
     timeStart->setTime(stored(m_times.start));
     timeEnd->setTime(stored(m_times.end));
     datWorkhrs->setTime(stored(m_times.workHours));
+    // A box can't tell midnight from nothing entered. Hours that were worked say that both ends
+    // were given.
     m_endIsGiven = timeStart->time() != Midnight && datWorkhrs->time() != Midnight;
 }
 
@@ -58,12 +60,14 @@ void frmServiceTime::buildForm()
     datWorkhrs = new QTimeEdit(this);
     datWorkhrs->setObjectName(u"datWorkhrs"_s);
     datWorkhrs->setDisplayFormat(u"HH:mm"_s);
+    // No time of the day but a length, so it has no AM and PM.
     form.field(u"&Work Hrs:"_s, datWorkhrs);
     cmdUpdate = form.button(u"cmdUpdate"_s, u"&Save"_s, theme::icon(u"save"_s));
     cmdCancel = form.button(u"cmdCancel"_s, u"&Cancel"_s, theme::icon(u"cancel"_s));
     form.finish();
     cmdUpdate->setDefault(true);
 
+    // Cancel puts nothing right that is thrown away anyhow.
     input::setCausesValidation(cmdCancel, false);
     input::validateOnLeave(timeStart, [this] {
         timeStart_Validate();
@@ -79,6 +83,7 @@ void frmServiceTime::buildForm()
 
 void frmServiceTime::normalise(input::TimeInput *box, const QString &whenInvalid)
 {
+    // An hour above 12 has no half of the day: it is told, and a harmless time stands in its place.
     const bool hourIsGood = box->normalise(whenInvalid);
     if (hourIsGood && box->time().isValid())
         return;
@@ -95,6 +100,7 @@ void frmServiceTime::timeStart_Validate()
 void frmServiceTime::timeEnd_Validate()
 {
     normalise(timeEnd, u"12:00A"_s);
+    // Whoever leaves the box has given an end, be it midnight.
     m_endIsGiven = true;
     computeWorkHours();
 }
@@ -106,6 +112,7 @@ void frmServiceTime::computeWorkHours()
     if (start == Midnight)
         return;
     const recording::WorkSpan span = recording::workSpan(start, given(timeEnd), m_endIsGiven);
+    // Only when it has to: setting a box moves its cursor.
     if (span.end != given(timeEnd))
         timeEnd->setTime(span.end);
     datWorkhrs->setTime(span.hours);
@@ -119,6 +126,7 @@ void frmServiceTime::cmdUpdate_Click()
     else if (timeEnd->hasFocus())
         timeEnd_Validate();
     datWorkhrs->interpretText();
+    // The machine's screen begins its edit here, so that its Cancel undoes the times as well.
     if (m_times.beforeWrite)
         m_times.beforeWrite();
     const bool openOrder = m_times.table.compare(u"tblWoserviceUsed"_s, Qt::CaseInsensitive) == 0;

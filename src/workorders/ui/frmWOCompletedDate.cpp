@@ -23,6 +23,7 @@ frmWOCompletedDate::frmWOCompletedDate(QWidget *parent)
     form.finish();
     dtpCompledDate->setDate(base::today());
     dtpCompledDate->checkOnLeave();
+    // Whoever gives the posting up need not put a date right first.
     input::setCausesValidation(cmdCancel, false);
     cmdOK->setDefault(true);
     connect(cmdOK, &QPushButton::clicked, this, &frmWOCompletedDate::cmdOK_Click);
@@ -33,6 +34,7 @@ std::optional<QDate> frmWOCompletedDate::ShowCompletedDateForm()
 {
     frmWOCompletedDate screen(QApplication::activeWindow());
     screen.showModal();
+    // Closing the window by its own button is Cancel, too.
     return screen.m_chosen ? std::optional(screen.dtpCompledDate->date()) : std::nullopt;
 }
 

@@ -48,6 +48,7 @@ frmWorkorder::frmWorkorder(QWidget *parent)
 {
     buildForm();
     Form_Load();
+    // Once they have their columns, to which the stored widths and sorts belong.
     for (grid::GridView *each : m_printing->grids() + m_recording->grids())
         adoptGrid(each, each->objectName());
     EnableControls();
@@ -85,7 +86,9 @@ void frmWorkorder::buildForm()
     click(cmdPrint, "cmdPrint_Click", &frmWorkorder::cmdPrint_Click);
     click(cmdPost, "cmdPost_Click", &frmWorkorder::cmdPost_Click);
     click(cmdUnschedule, "cmdUnschedule_Click", &frmWorkorder::cmdUnschedule_Click);
+    // Not unload(): reject asks mayClose, so that a note that can't stand keeps the screen.
     connect(cmdExit, &QPushButton::clicked, this, &frmWorkorder::reject);
+    // Post is on only while there are orders, which come and go with each reading.
     connect(m_recording, &RecordWorkPage::refreshed, this, [this] { EnableControls(); });
     connect(sstabWorkorder, &QTabWidget::currentChanged, this,
             [this](int tab) { sstabWorkorder_Click(tab); });
@@ -113,11 +116,13 @@ QWidget *frmWorkorder::buildFilter()
     form.finish();
     pane->layout()->setContentsMargins({});
     for (QLineEdit *crews : {txtCrewRange, txtAssignCrew}) {
+        // Lists and ranges of crew numbers, "1,3-5": nothing else can be meant here.
         input::restrictTo(crews, input::TypeCheck::Int, u",-"_s);
         crews->setPlaceholderText(u"1,3-5"_s);
         // On a small or enlarged screen these give way, so that all buttons stay in reach.
         crews->setMinimumWidth(crews->fontMetrics().horizontalAdvance(u'0') * CrewsInView);
     }
+    // What is no date is refused first; only dates are compared with each other.
     datDateFrom->checkOnLeave();
     input::validateOnLeave(datDateFrom, [this] {
         if (datDateFrom->isValidOrEmpty())
@@ -136,6 +141,8 @@ QWidget *frmWorkorder::buildFilter()
 void frmWorkorder::Form_Load()
 {
     base::trapped(Module, "Form_Load", [this] {
+        // The window of the last visit. The board sets it to its own thirty days before it opens
+        // this screen.
         datDateFrom->setDate(dateOption(u"WoDateFrom"_s, base::today()));
         datDateTo->setDate(dateOption(u"WoDateTo"_s, base::today()));
         txtCrewRange->setText(GetOption(u"WoCrewNo"_s, true));
@@ -157,6 +164,8 @@ void frmWorkorder::Form_Unload()
 
 bool frmWorkorder::finishEditing()
 {
+    // A key or a shortcut acts without anything being left, so all that leaving would check and
+    // store is done here, ahead of each action and of closing.
     return input::focusedMayLeave(this) && m_printing->finishEditing() &&
            m_recording->finishEditing();
 }
@@ -182,6 +191,7 @@ void frmWorkorder::EnableControls()
 
 QDate frmWorkorder::dateFrom() const
 {
+    // A date that was emptied means today, as the options do that were never set.
     return datDateFrom->date().isValid() ? datDateFrom->date() : base::today();
 }
 
@@ -221,9 +231,11 @@ bool frmWorkorder::reachToday()
 
 void frmWorkorder::showTab(Tab tab)
 {
+    // The tab is set from here; the signal would read the lists a second time.
     const QSignalBlocker quiet(sstabWorkorder);
     sstabWorkorder->setCurrentIndex(tab);
     const bool printing = tab == PrintTab;
+    // The window of dates narrows what is due. Open orders are recorded whenever they were due.
     fraFilter->setVisible(printing);
     cmdPrint->setVisible(printing);
     cmdPost->setVisible(!printing);
@@ -249,6 +261,8 @@ void frmWorkorder::sstabWorkorder_Click(int tab)
 {
     // A key turns the tab without anything being left.
     if (!finishEditing())
+        // The tab has turned by the time this is told, so it is turned back to what refused to be
+        // left.
         showTab(tab == PrintTab ? CompleteTab : PrintTab);
     else if (tab == PrintTab)
         ShowPrintWorkorder();
@@ -270,14 +284,19 @@ void frmWorkorder::cmdRefreshWo_Click()
 void frmWorkorder::cmdPrint_Click()
 {
     QList<qint64> generated;
+    // Without the report nothing is generated either: the orders would be made for a paper that
+    // never comes.
     if (!openings().isJoined(PrintedReport) || !m_printing->GenerateWorkorder(generated))
         return;
+    // What was ticked as due has become orders just now and is printed with those that were ticked
+    // as such.
     const QList<qint64> orders = m_printing->tickedOrders() + generated;
     if (orders.isEmpty())
         return base::showMessage(u"Please select workorder to print."_s);
     openings().open(PrintedReport,
                     {.query = workorders::statements::printedOrders(numberList(orders)),
                      .other = chkGroupWo->isChecked()});
+    // Asked behind the report, since only the user sees whether the paper came out.
     if (base::askYesNo(u"Mark Work Orders as Printed"_s))
         (void)telling(Module, "UpdatePrintColInWorkOrder", false,
                       [&] { return recording::UpdatePrintColInWorkOrder(orders); });
@@ -291,9 +310,12 @@ void frmWorkorder::cmdPost_Click()
     QList<qint64> orders = m_recording->completeOrders();
     if (orders.isEmpty())
         return base::showMessage(u"No Work Order is selected to post"_s);
+    // Asked once for all of them and outside of any transaction: the orders are locked only by the
+    // posting itself.
     const auto date = frmWOCompletedDate::ShowCompletedDateForm();
     if (!date || !RecordWorkPage::mayComplete(*date))
         return;
+    // The list holds by now what really was posted.
     if (post(orders, *date) && !orders.isEmpty())
         printPosted(orders);
     m_recording->RefreshRecordWorkorder();
@@ -311,9 +333,12 @@ bool frmWorkorder::postWhatCanBe(QList<qint64> &orders, QDate completed)
     for (;;) {
         QString obstacle;
         try {
+            // Within the try: its box has to be gone before the next question opens.
             input::ProgressBox box(u"Posting work orders..."_s, this);
             return posting::PostWorkOrder(orders, box.progress(), completed);
         } catch (const posting::Obstacle &error) {
+            // The posting is all or nothing, and has been undone. Each turn leaves one order less
+            // to try, so that this ends.
             obstacle = error.description() + u"\n\nNothing has been posted."_s;
             orders.removeOne(error.order());
         }
@@ -332,6 +357,7 @@ void frmWorkorder::printPosted(const QList<qint64> &orders)
         !base::askYesNo(u"Do you want to print a list of Work Orders posted?"_s))
         return;
     const QString where = u"where workorderno in (%1)"_s.arg(numberList(orders));
+    // The single orders come first, as they are asked for; the list is printed in any case.
     if (base::askYesNo(u"Do you want to print out each individual Work Order"_s))
         openings().open(HistoryReport, {.query = workorders::statements::historyDetail(where)});
     openings().open(HistoryReport,
@@ -348,8 +374,10 @@ void frmWorkorder::cmdUnschedule_Click()
          .label = u"Unit No"_s,
          .table = u"tblEquipment"_s,
          .form = u"frmEquipment"_s,
+         // A machine that is in the list has an order, or something due that becomes one.
          .leftOut = printing ? m_printing->machines() : m_recording->machines(),
          .several = true});
+    // Nothing chosen makes no order, and so needs no message.
     const QList<qint64> chosen = worklists::numbersOf(machines);
     const qint64 order = recording::addUnscheduled(chosen);
     if (order == 0)
