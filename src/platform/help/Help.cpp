@@ -55,6 +55,7 @@ public:
         const auto *key = static_cast<QKeyEvent *>(event);
         if (key->key() != Qt::Key_F1 || key->modifiers() != Qt::NoModifier)
             return false;
+        // The control that has the focus sees the key first, and knows its form.
         showHelpFor(qobject_cast<QWidget *>(watched));
         return true;
     }
@@ -72,6 +73,7 @@ void showHelp(QWidget *parent, const QString &topic)
             window = new HelpWindow(book(), modal);
             if (parent != nullptr)
                 window->setWindowIcon(parent->windowIcon());
+            // It deletes itself when it is closed, which the pointer notices.
             windows().append(window);
         }
         window->openTopic(topic);
@@ -84,6 +86,7 @@ void showHelp(QWidget *parent, const QString &topic)
 void showHelpFor(QWidget *widget)
 {
     QString topic;
+    // Outwards from the control: a page of a form may have a topic of its own.
     for (const QWidget *each = widget; each != nullptr && topic.isEmpty();
          each = each->parentWidget())
         topic = base::trapped("Help", "ShowHelpFor", QString(),

@@ -78,6 +78,7 @@ QString HelpBook::topicOfForm(const QString &form) const
 QUrl HelpBook::url(const QString &topic) const
 {
     const int index = indexOf(topic);
+    // A topic that there is none of opens the first page, which says what the help holds.
     const QString file = fileOf(m_folder, m_pages[static_cast<size_t>(std::max(index, 0))].topic);
     QUrl url = file.startsWith(u':') ? QUrl(u"qrc"_s + file) : QUrl::fromLocalFile(file);
     if (index >= 0 && topic.contains(u'#'))
@@ -96,10 +97,12 @@ std::vector<int> HelpBook::search(const QString &query) const
             return
                 [&text](const QString &word) { return text.contains(word, Qt::CaseInsensitive); };
         };
+        // All words, but some in the title and some in the text will do.
         const QString all = page.title + u'\n' + page.text;
         if (std::ranges::all_of(words, inThe(all)))
             (std::ranges::any_of(words, inThe(page.title)) ? inTitle : inText).push_back(i);
     }
+    // Pages that have it in their title are about it.
     inTitle.insert(inTitle.end(), inText.begin(), inText.end());
     return inTitle;
 }

@@ -59,6 +59,7 @@ HelpWindow::HelpWindow(const HelpBook &book, QWidget *parent)
 
 void HelpWindow::place()
 {
+    // On the screen on which the user works.
     const QWidget *beside = QApplication::activeWindow();
     const QRect area = (beside != nullptr ? beside : this)->screen()->availableGeometry();
     // Room for the window's frame, which the system adds.
@@ -162,6 +163,8 @@ void HelpWindow::fillContents()
 {
     std::vector<QTreeWidgetItem *> path;
     for (const Page &page : m_book.pages()) {
+        // The pages come in the order of the tree: cut to its depth, the path ends at the page
+        // above.
         path.resize(static_cast<size_t>(page.depth));
         auto *item =
             path.empty() ? new QTreeWidgetItem(m_contents) : new QTreeWidgetItem(path.back());
@@ -174,6 +177,7 @@ void HelpWindow::fillContents()
 
 void HelpWindow::openTopic(const QString &topic)
 {
+    // Or the list of what was found before would hide where the page stands.
     txtSearch->clear();
     m_page->setSource(m_book.url(topic));
 }

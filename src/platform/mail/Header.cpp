@@ -44,6 +44,7 @@ bool isPartOfAddress(QChar letter)
 /// The bytes of one letter, which a coded word has to hold whole.
 QByteArray nextLetter(const QString &text, qsizetype &at)
 {
+    // A letter beyond the first 65,536 stands in two units.
     const qsizetype size = text[at].isHighSurrogate() && at + 1 < text.size() ? 2 : 1;
     const QByteArray bytes = text.mid(at, size).toUtf8();
     at += size;
@@ -60,6 +61,7 @@ QByteArray coded(const QString &text)
     };
     for (qsizetype at = 0; at < text.size();) {
         const QByteArray letter = nextLetter(text, at);
+        // Servers break lines between words only, and none may be longer than 75 characters.
         if (word.size() + letter.size() > BytesOfWord)
             close();
         word += letter;

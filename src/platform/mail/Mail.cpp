@@ -43,6 +43,8 @@ struct Conversation
     {
         watch->moved();
         const int reply = line.left(3).toInt();
+        // Kept until a later word shows that the server went on all the same; its goodbye shows
+        // nothing.
         if (reply >= FirstRefusal)
             refusal = line.left(LongestReply);
         else if (reply != Goodbye)
@@ -66,6 +68,7 @@ QByteArray serverAddress(const Account &account)
 {
     QUrl url;
     url.setScheme(account.security == Security::Tls ? u"smtps"_s : u"smtp"_s);
+    // Put together by parts, so that a name can bring no path, user or other server along.
     url.setHost(account.server.trimmed(), QUrl::StrictMode);
     if (url.host().isEmpty())
         raise(u"\"%1\" is not the name of a mail server."_s.arg(
@@ -95,8 +98,10 @@ web::CurlList headerOf(const Account &account, const Message &message)
     web::CurlList lines;
     web::append(lines, textLine("Date", dateText()));
     web::append(lines, mailboxLine("From", message.senderName, from));
+    // The account's address is who sends, since servers take no other; answers go to the person.
     if (message.sender != from)
         web::append(lines, mailboxLine("Reply-To", {}, message.sender));
+    // Before they are joined: a line break in one would add lines to the header.
     for (const QString &recipient : message.recipients)
         requireAddress(recipient);
     web::append(lines, textLine("To", u'<' + message.recipients.join(u">, <"_s) + u'>'));
@@ -158,6 +163,7 @@ void applyAccount(CURL *transfer, const Account &account)
 {
     curl_easy_setopt(transfer, CURLOPT_URL, serverAddress(account).constData());
     curl_easy_setopt(transfer, CURLOPT_PROTOCOLS_STR, "smtp,smtps");
+    // Proxies of the web carry no mail.
     curl_easy_setopt(transfer, CURLOPT_PROXY, "");
     curl_easy_setopt(transfer, CURLOPT_USE_SSL,
                      long{account.security == Security::None ? CURLUSESSL_NONE : CURLUSESSL_ALL});
@@ -263,6 +269,7 @@ void send(const Account &account, const Message &message, const base::Steps &ste
     const CURLcode code = curl_easy_perform(handle);
     if (code == CURLE_OK)
         return steps.say(u"Sent"_s);
+    // Asked first: the library calls a transfer that was cancelled broken off.
     if (steps.areCancelled())
         throw base::Cancelled();
     raiseFailure(watch.isStalled() ? CURLE_OPERATION_TIMEDOUT : code, account, conversation);

@@ -74,9 +74,11 @@ QString driversWords(const Handle &handle)
 
 void require(SQLRETURN result, const Handle &handle, const QString &connectionString)
 {
+    // A statement that meets no row is no failure.
     if (SQL_SUCCEEDED(result) || result == SQL_NO_DATA)
         return;
     QString words = driversWords(handle);
+    // Drivers repeat what they were told, and their words are shown and logged.
     words.replace(connectionString, u"***"_s);
     if (const QString password = passwordOf(connectionString); !password.isEmpty())
         words.replace(password, u"***"_s);
@@ -110,6 +112,7 @@ struct Parameter
                                     SQL_TYPE_TIMESTAMP, LengthOfTime, 0, &time, 0, nullptr);
         }
         text = value.toString();
+        // In bytes here, in letters below.
         length = static_cast<SQLLEN>(text.size() * qsizetype{sizeof(SQLWCHAR)});
         const auto room = static_cast<SQLULEN>(std::max<qsizetype>(1, text.size()));
         return SQLBindParameter(statement, place, SQL_PARAM_INPUT, SQL_C_WCHAR, SQL_WVARCHAR, room,
@@ -134,6 +137,7 @@ private:
 
 struct Connection::Handles
 {
+    // In this order: the connection goes before its environment.
     Handle environment{SQL_HANDLE_ENV, SQL_NULL_HANDLE};
     std::unique_ptr<Handle> connection;
     bool isOpen = false;
@@ -175,6 +179,7 @@ void Connection::execute(const QString &statement, const QVariantList &values)
 {
     const Handle handle(SQL_HANDLE_STMT, m_handles->connection->get());
     limitTime(handle, m_seconds);
+    // Of their final number at once: the driver keeps the places of the values.
     std::vector<Parameter> parameters(static_cast<std::size_t>(values.size()));
     SQLUSMALLINT place = 0;
     for (Parameter &parameter : parameters) {

@@ -61,10 +61,12 @@ QStringList readLines(const QString &path)
     if (decoder.hasError())
         raiseDamaged(path, 1);
     QStringList lines = text.split(u'\n');
+    // The end of the last line is no line of its own.
     if (lines.last().isEmpty())
         lines.removeLast();
     bool insideKey = false;
     for (qsizetype i = 0; i < lines.size(); ++i) {
+        // A disk that failed leaves zeros.
         if (lines[i].contains(QChar(0)))
             raiseDamaged(path, i + 1);
         const QStringView line = QStringView(lines[i]).trimmed();
@@ -92,6 +94,7 @@ Place find(const QStringList &lines, const QString &key, const QString &name)
         const QStringView line = QStringView(lines[i]).trimmed();
         if (isComment(line))
             continue;
+        // Of a name that stands twice the first one counts.
         if (const auto opened = keyOf(line))
             inside = sameName(*opened, key);
         else if (inside && place.value < 0 &&
@@ -154,6 +157,7 @@ void Registry::setValue(const QString &key, const QString &name, const QString &
             u"The file with the program's settings is in use by another program: %1"_s.arg(
                 QDir::toNativeSeparators(m_file)));
     }
+    // Read under the lock: another program may have stored something since.
     QStringList lines = readLines(m_file);
     const QString entry = name.trimmed() + u'=' + value.trimmed();
     const Place place = find(lines, key, name);

@@ -113,6 +113,7 @@ void copyFile(const QString &source, const QString &destination,
     }
     if (!copiedBySystem(from, to))
         copyBlocks(from, to);
+    // At the last moment, when all but the renaming is done.
     if (mayReplace && !mayReplace())
         raise(base::ErrorNumber::PermissionDenied, u"Permission denied"_s, source);
     if (!to.commit())
@@ -164,6 +165,7 @@ void removeIfThere(const QString &path)
     try {
         removeFile(path);
     } catch (const base::Error &) {
+        // Somebody else may have removed it in between.
         if (QFileInfo::exists(path))
             throw;
     }

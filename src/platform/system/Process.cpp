@@ -24,6 +24,8 @@ Command parse(const QString &commandLine)
     if (parts.isEmpty())
         throw base::Error(base::ErrorNumber::InvalidCall, u"No program was named."_s);
     Command command{parts.takeFirst(), parts};
+    // Looked for by hand, since the reason that the toolkit gives doesn't tell a missing program
+    // from a forbidden one.
     if (!QFileInfo::exists(command.program) &&
         QStandardPaths::findExecutable(command.program).isEmpty()) {
         throw base::Error(base::ErrorNumber::FileNotFound,

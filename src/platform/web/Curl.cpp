@@ -13,6 +13,8 @@ Curl makeTransfer()
     Curl transfer(ready == CURLE_OK ? curl_easy_init() : nullptr);
     if (!transfer)
         throw base::Error(base::ErrorNumber::InvalidCall, u"The network can't be used."_s);
+    // Signals are the whole program's, and a file of passwords in the user's home is none of its
+    // business.
     curl_easy_setopt(transfer.get(), CURLOPT_NOSIGNAL, 1L);
     curl_easy_setopt(transfer.get(), CURLOPT_NETRC, long{CURL_NETRC_IGNORED});
     return transfer;
@@ -23,6 +25,7 @@ void append(CurlList &list, const QByteArray &line)
     curl_slist *longer = curl_slist_append(list.get(), line.constData());
     if (!longer)
         throw std::bad_alloc();
+    // The longer list begins with the old one.
     static_cast<void>(list.release());
     list.reset(longer);
 }
@@ -44,6 +47,7 @@ void Watch::over(CURL *transfer)
 int Watch::asked(void *watch, curl_off_t, curl_off_t received, curl_off_t, curl_off_t sent)
 {
     auto &self = *static_cast<Watch *>(watch);
+    // Asked about once a second; only bytes that moved count as a sign of life.
     if (received + sent != self.m_count) {
         self.m_count = received + sent;
         self.moved();

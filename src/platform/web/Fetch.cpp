@@ -26,6 +26,7 @@ struct Answer
 std::size_t take(char *data, std::size_t, std::size_t size, void *into)
 {
     auto &answer = *static_cast<Answer *>(into);
+    // Piece by piece, whatever length the server has announced.
     answer.isTooLong = answer.bytes.size() + static_cast<qint64>(size) > answer.limit;
     if (answer.isTooLong)
         return 0;
@@ -77,6 +78,7 @@ QByteArray fetch(const QString &address, const base::Steps &steps, FetchLimits l
     CURL *handle = transfer.get();
     curl_easy_setopt(handle, CURLOPT_URL, url.toEncoded().constData());
     curl_easy_setopt(handle, CURLOPT_PROTOCOLS_STR, "http,https");
+    // A redirect must not lead to files of this computer.
     curl_easy_setopt(handle, CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
     curl_easy_setopt(handle, CURLOPT_FOLLOWLOCATION, 1L);
     curl_easy_setopt(handle, CURLOPT_MAXREDIRS, MostRedirects);
