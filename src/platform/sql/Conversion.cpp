@@ -181,7 +181,7 @@ std::optional<QTime> parseTime(QStringView text)
 std::optional<QVariant> parseNumber(QStringView text)
 {
     text = text.trimmed();
-    // toDouble would also take "nan", "inf" and hexadecimal forms.
+    // The toolkit would also take "nan" and "inf", and stop reading at a zero character.
     for (const QChar character : text) {
         const bool allowed = (character >= u'0' && character <= u'9') || character == u'.' ||
                              character == u'-' || character == u'+' || character == u'e' ||

@@ -80,6 +80,13 @@ TEST(Conversion, WhatIsNoValueOfTheKindIsATypeMismatch)
                                                                   {u"12a"_s, Real},
                                                                   {u"1e999"_s, Real},
                                                                   {u"nan"_s, Real},
+                                                                  {u"-inf"_s, Real},
+                                                                  {u"0x10"_s, Real},
+                                                                  {u"1,000"_s, Real},
+                                                                  {u"5\0x"_s, Real},
+                                                                  {u"5.5\0"_s, Real},
+                                                                  {u"1 000"_s, Real},
+                                                                  {u"\u0663"_s, Real},
                                                                   {u""_s, Date},
                                                                   {u"15/3/2024"_s, Date},
                                                                   {u"soon"_s, Date},
@@ -148,25 +155,20 @@ TEST(ArithmeticType, FollowsTheKindsOfBothSides)
         EXPECT_EQ(sql::commonType(left, right), type) << int(left) << ' ' << int(right);
 }
 
-TEST(SlotValue, NegatesBeforeItConverts)
+TEST(SlotValue, IsNegatedBeforeItIsConvertedAndCutBehindWhatItCouldEqual)
 {
-    sql::Slot slot;
-    slot.negate = true;
-    slot.kind = ColumnKind::YesNo;
-    EXPECT_EQ(sql::slotValue(1, slot), QVariant(qint64(-1)));
-    slot.kind = ColumnKind::Text;
-    EXPECT_EQ(sql::slotValue(2.5, slot), QVariant(u"-2.5"_s));
-    slot.kind = ColumnKind::Real;
-    EXPECT_EQ(sql::slotValue(5, slot), QVariant(-5.0));
-}
-
-TEST(SlotValue, CutsTextsThatAreLongerThanAnyThatTheyCouldEqual)
-{
-    sql::Slot slot;
-    slot.kind = ColumnKind::Text;
-    slot.length = 4;
-    EXPECT_EQ(sql::slotValue(u"abcdefgh"_s, slot), QVariant(u"abcd"_s));
-    EXPECT_EQ(sql::slotValue(u"abc"_s, slot), QVariant(u"abc"_s));
+    const auto valueFor = [](const QVariant &value, ColumnKind kind, bool negate, int length = 0) {
+        sql::Slot slot;
+        slot.kind = kind;
+        slot.negate = negate;
+        slot.length = length;
+        return sql::slotValue(value, slot);
+    };
+    EXPECT_EQ(valueFor(1, ColumnKind::YesNo, true), QVariant(qint64(-1)));
+    EXPECT_EQ(valueFor(2.5, ColumnKind::Text, true), QVariant(u"-2.5"_s));
+    EXPECT_EQ(valueFor(5, ColumnKind::Real, true), QVariant(-5.0));
+    EXPECT_EQ(valueFor(u"abcdefgh"_s, ColumnKind::Text, false, 4), QVariant(u"abcd"_s));
+    EXPECT_EQ(valueFor(u"abc"_s, ColumnKind::Text, false, 4), QVariant(u"abc"_s));
 }
 
 TEST(LikePattern, RewritesTheSignsAndKeepsPlainCharacters)
