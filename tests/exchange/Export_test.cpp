@@ -130,6 +130,7 @@ TEST_F(Export, FindsWhateverSpoilsTheText)
         {u"M\" UnitNo=\"N", u"", false},
         {u"M\" Other=\"N", u"", true},
         {u"", u"a<b", false},
+        {u"", u"<", false},
         {u"", u"a\u0001b", false},
         {u"", u"a\uffffb", false},
         {u"", u"two\r\nlines\t>", true},
