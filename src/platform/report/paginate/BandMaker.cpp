@@ -119,28 +119,58 @@ bool BandMaker::isPrinted(const compiled::Band &band) const
 MadeBand BandMaker::make(const compiled::Band &band)
 {
     MadeBand made;
-    QList<Placed> objects;
+    std::vector<Placed> objects;
+    objects.reserve(band.objects.size());
     m_linesLeft = MostLines;
     for (const compiled::Object &object : band.objects) {
-        Placed placed{&object, layoutFrame(*object.layout), 0, {}, {}, {}, {}, {}, false};
+        Placed placed = placedAsLaidOut(object);
         if (!prepare(object, placed, made) || placed.repeated)
             continue;
         if (holdsText(*object.layout))
             flow(placed);
         if (object.layout->kind == ObjectKind::CrossTab)
             fillCrossTab(placed);
-        objects.append(std::move(placed));
+        objects.push_back(std::move(placed));
     }
     // Only once all heights are known: what grows may lie below others that grow.
     push(objects);
     made.height = band.layout->height;
-    for (const Placed &placed : std::as_const(objects)) {
+    made.items.reserve(static_cast<qsizetype>(objects.size()));
+    for (Placed &placed : objects) {
         // What stood below an object in the layout keeps its distance to it.
         const Length below = band.layout->height - bottomOf(layoutFrame(*placed.object->layout));
         made.height = qMin(LongestFlow, qMax(made.height, bottomOf(placed.frame) + qMax(0, below)));
         addItem(placed, made.items);
     }
     return made;
+}
+
+/// What doesn't grow by itself is only pushed or stretched by what does, and never lies lower than
+/// the band then is high.
+MadeBand BandMaker::measure(const compiled::Band &band)
+{
+    MadeBand made;
+    made.height = band.layout->height;
+    m_linesLeft = MostLines;
+    for (const compiled::Object &object : band.objects) {
+        const report::Object &layout = *object.layout;
+        if (layout.kind == ObjectKind::CrossTab || bottomOf(layoutFrame(layout)) > made.height)
+            return make(band);
+        if (!layout.canGrow || !holdsText(layout))
+            continue;
+        Placed placed = placedAsLaidOut(object);
+        if (!prepare(object, placed, made) || placed.repeated)
+            continue;
+        flow(placed);
+        if (placed.grown > 0)
+            return make(band);
+    }
+    return made;
+}
+
+BandMaker::Placed BandMaker::placedAsLaidOut(const compiled::Object &object)
+{
+    return {&object, layoutFrame(*object.layout), 0, {}, {}, {}, {}, {}, false};
 }
 
 bool BandMaker::prepare(const compiled::Object &object, Placed &placed, MadeBand &band) const
@@ -265,7 +295,7 @@ MadeBand BandMaker::makeCells(const compiled::Band &band) const
     return made;
 }
 
-void BandMaker::push(QList<Placed> &objects) const
+void BandMaker::push(std::vector<Placed> &objects) const
 {
     const auto growing = [](const Placed &placed) { return placed.grown > 0; };
     if (std::none_of(objects.cbegin(), objects.cend(), growing))
@@ -305,7 +335,7 @@ void BandMaker::push(QList<Placed> &objects) const
     }
 }
 
-void BandMaker::addItem(const Placed &placed, QList<PageItem> &items)
+void BandMaker::addItem(Placed &placed, QList<PageItem> &items)
 {
     const report::Object &object = *placed.object->layout;
     const QRect &frame = placed.frame;
@@ -314,8 +344,8 @@ void BandMaker::addItem(const Placed &placed, QList<PageItem> &items)
     case ObjectKind::Field: {
         if (placed.text.isEmpty() && placed.style.border.isNone() && !placed.style.fill.isValid())
             return;
-        TextItem item{frame, placed.lines, placed.style};
-        const Length shift = verticalShift(item.lines, placed.style, frame.height());
+        TextItem item{frame, std::move(placed.lines), std::move(placed.style)};
+        const Length shift = verticalShift(item.lines, item.style, frame.height());
         for (TextLine &line : item.lines) {
             line.x += frame.x();
             line.baseline += frame.y() + shift;

@@ -64,6 +64,8 @@ public:
     /// Texts flow in the widths of their objects, and no band gets higher than LongestFlow. What
     /// can't be shown as it is asked for is told once for each object.
     [[nodiscard]] MadeBand make(const compiled::Band &band);
+    /// The height that make() gives, for less: the items are left out where nothing grows.
+    [[nodiscard]] MadeBand measure(const compiled::Band &band);
     /// The same for a table: cells in place of items.
     [[nodiscard]] MadeBand makeCells(const compiled::Band &band) const;
 
@@ -81,6 +83,8 @@ private:
         bool repeated = false;
     };
 
+    /// An object of which nothing is known but the layout's frame.
+    [[nodiscard]] static Placed placedAsLaidOut(const compiled::Object &object);
     /// Finds an object's value and style; False when it is not shown at all.
     [[nodiscard]] bool prepare(const compiled::Object &object, Placed &placed,
                                MadeBand &band) const;
@@ -90,9 +94,9 @@ private:
     void tellOnce(const report::Object &object, const QString &problem);
     /// Moves objects down by what grew above them, then stretches the frames around those that
     /// grew.
-    void push(QList<Placed> &objects) const;
-    /// Adds an object as the page draws it, where its frame has come to stand.
-    void addItem(const Placed &placed, QList<PageItem> &items);
+    void push(std::vector<Placed> &objects) const;
+    /// Adds an object as the page draws it, where its frame has come to stand, and takes its text.
+    void addItem(Placed &placed, QList<PageItem> &items);
     /// Words and values put together.
     [[nodiscard]] QString textOf(const std::vector<compiled::Piece> &pieces) const;
     [[nodiscard]] ChartData chartOf(const compiled::Object &object) const;

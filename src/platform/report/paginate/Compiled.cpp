@@ -164,11 +164,6 @@ private:
             compiled.printIf = value(band.printIf, u"a band's condition"_s, scope);
         for (const report::Object &object : band.objects)
             compiled.objects.push_back(compileObject(object, scope));
-        compiled.fixedHeight = std::none_of(
-            band.objects.cbegin(), band.objects.cend(), [&](const report::Object &object) {
-                return object.canGrow || object.kind == ObjectKind::CrossTab ||
-                       object.y + object.height > band.height;
-            });
         compiled.dependsOnPage = m_dependsOnPage;
         compiled.hasAggregates = m_report.slots.size() > slotsBefore;
         return compiled;

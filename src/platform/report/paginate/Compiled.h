@@ -86,7 +86,6 @@ struct Band
     std::vector<Object> objects;
     bool dependsOnPage = false; ///< shows the page's number or hides repeats
     bool hasAggregates = false;
-    bool fixedHeight = false; ///< as high as the layout says for all rows
 };
 
 /// The bands of one place: of one kind, and of one group.

@@ -80,16 +80,12 @@ private:
         return run < m_counted.size() ? QVariant(m_counted[run]) : QVariant(QString(QChar(0x2026)));
     }
 
-    /// While pages are only counted, the height of most bands is known without making them. Of high
-    /// ones it matters where they can be cut.
+    /// While pages are only counted, a band's height is all that is asked of it. Of high ones it
+    /// matters where they can be cut.
     [[nodiscard]] MadeBand make(const compiled::Band &band)
     {
-        const Length height = band.layout->height;
-        if (!m_isCounting || !band.fixedHeight || 2 * height >= m_page.innerHeight())
-            return m_maker.make(band);
-        MadeBand made;
-        made.height = height;
-        return made;
+        return m_isCounting && 2 * band.layout->height < room() ? m_maker.measure(band)
+                                                                : m_maker.make(band);
     }
 
     // --- Groups ------------------------------------------------------------------------------
