@@ -44,6 +44,7 @@ QVariant ExpressionNode::evaluate(const EvaluationContext &context) const
     }
     case Kind::Function: {
         QVariantList arguments;
+        arguments.reserve(static_cast<qsizetype>(children.size()));
         for (const ExpressionNode &child : children)
             arguments.append(child.evaluate(context));
         return function(arguments);

@@ -43,31 +43,28 @@ void RowWalk::placeAll(const compiled::Bands &bands)
 
 std::optional<QVariant> RowWalk::value(const QString &key) const
 {
-    if (key == u"pagenumber")
+    const Meaning &meaning = meaningOf(key);
+    switch (meaning.kind) {
+    case Meaning::Kind::PageNumber:
         return pageNumber();
-    if (key == u"totalpages")
+    case Meaning::Kind::TotalPages:
         return totalPages();
-    if (key == u"rownumber")
+    case Meaning::Kind::RowNumber:
         return m_sub.set ? static_cast<int>(m_sub.at) + 1 : m_row + 1;
-    if (key == u"now")
-        return m_inputs.now;
-    if (key == u"today")
-        return QDateTime(m_inputs.now.date(), QTime(0, 0), Qt::UTC);
-    // A formula hides a field of its name, and a further row's field that of the report's row.
-    const auto formula = m_report.formulas.find(key);
-    if (formula != m_report.formulas.end())
-        return evaluateFormula(formula->second);
-    if (m_sub.set) {
-        if (const int field = setFieldIndex(key); field >= 0)
-            return m_sub.set->rows->value((*m_sub.rows)[m_sub.at], field);
+    case Meaning::Kind::Constant:
+        return meaning.constant;
+    case Meaning::Kind::Formula:
+        return evaluateFormula(*meaning.formula);
+    case Meaning::Kind::SetField:
+        return m_sub.set->rows->value((*m_sub.rows)[m_sub.at], meaning.field);
+    case Meaning::Kind::Field:
+        if (m_rows.rowCount() == 0)
+            break;
+        return m_rows.value(m_row, meaning.field);
+    case Meaning::Kind::Nothing:
+        break;
     }
-    const auto parameter = m_report.parameters.constFind(key);
-    if (parameter != m_report.parameters.cend())
-        return *parameter;
-    const int field = fieldIndex(key);
-    if (field < 0 || m_rows.rowCount() == 0)
-        return std::nullopt;
-    return m_rows.value(m_row, field);
+    return std::nullopt;
 }
 
 QVariant RowWalk::aggregate(int number) const
@@ -117,22 +114,43 @@ bool RowWalk::isOfRow(const compiled::Value &formula) const
            });
 }
 
-/// A name is looked for once, not in each row.
-int RowWalk::fieldIndex(const QString &key) const
+/// A name is looked for once for each set of rows, not in each row.
+const RowWalk::Meaning &RowWalk::meaningOf(const QString &key) const
 {
-    auto found = m_fieldIndexes.constFind(key);
-    if (found == m_fieldIndexes.cend())
-        found = m_fieldIndexes.insert(key, m_rows.fieldIndex(key));
+    QHash<QString, Meaning> &known = m_meanings[m_sub.set];
+    auto found = known.constFind(key);
+    if (found == known.cend())
+        found = known.insert(key, foundMeaning(key));
     return *found;
 }
 
-int RowWalk::setFieldIndex(const QString &key) const
+RowWalk::Meaning RowWalk::foundMeaning(const QString &key) const
 {
-    QHash<QString, int> &known = m_setFieldIndexes[m_sub.set];
-    auto found = known.constFind(key);
-    if (found == known.cend())
-        found = known.insert(key, m_sub.set->rows->fieldIndex(key));
-    return *found;
+    using Kind = Meaning::Kind;
+    if (key == u"pagenumber")
+        return {Kind::PageNumber};
+    if (key == u"totalpages")
+        return {Kind::TotalPages};
+    if (key == u"rownumber")
+        return {Kind::RowNumber};
+    if (key == u"now")
+        return {Kind::Constant, -1, nullptr, m_inputs.now};
+    if (key == u"today")
+        return {Kind::Constant, -1, nullptr, QDateTime(m_inputs.now.date(), QTime(0, 0), Qt::UTC)};
+    // A formula hides a field of its name, and a further row's field that of the report's row.
+    const auto formula = m_report.formulas.find(key);
+    if (formula != m_report.formulas.end())
+        return {Kind::Formula, -1, &formula->second};
+    if (m_sub.set) {
+        if (const int field = m_sub.set->rows->fieldIndex(key); field >= 0)
+            return {Kind::SetField, field};
+    }
+    const auto parameter = m_report.parameters.constFind(key);
+    if (parameter != m_report.parameters.cend())
+        return {Kind::Constant, -1, nullptr, *parameter};
+    if (const int field = m_rows.fieldIndex(key); field >= 0)
+        return {Kind::Field, field};
+    return {};
 }
 
 void RowWalk::takeRow()

@@ -116,8 +116,27 @@ private:
     /// Works a formula out once for each row, where it hangs on nothing else.
     [[nodiscard]] QVariant evaluateFormula(const compiled::Value &formula) const;
     [[nodiscard]] bool isOfRow(const compiled::Value &formula) const;
-    [[nodiscard]] int fieldIndex(const QString &key) const;
-    [[nodiscard]] int setFieldIndex(const QString &key) const;
+
+    /// What a name in an expression stands for.
+    struct Meaning
+    {
+        enum class Kind {
+            Nothing,
+            PageNumber,
+            TotalPages,
+            RowNumber,
+            Constant, ///< the clock, or an answer to a parameter
+            Formula,
+            SetField, ///< of the further rows on hand
+            Field,
+        };
+        Kind kind = Kind::Nothing;
+        int field = -1;
+        const compiled::Value *formula = nullptr;
+        QVariant constant{};
+    };
+    [[nodiscard]] const Meaning &meaningOf(const QString &key) const;
+    [[nodiscard]] Meaning foundMeaning(const QString &key) const;
 
     std::vector<QVariant> m_keys;
     int m_openGroups = 0;
@@ -132,8 +151,8 @@ private:
         QVariant value;
     };
     mutable std::map<const compiled::Value *, KnownFormula> m_formulas;
-    mutable QHash<QString, int> m_fieldIndexes;
-    mutable std::map<const compiled::RowSet *, QHash<QString, int>> m_setFieldIndexes;
+    /// By the set whose rows are on hand, null for none.
+    mutable std::map<const compiled::RowSet *, QHash<QString, Meaning>> m_meanings;
     std::vector<std::optional<QVariant>> m_lastShown;
     /// A band may be made several times, on page after page.
     mutable std::map<const compiled::Chart *, KnownChart> m_charts;

@@ -81,12 +81,18 @@ private:
 const Measured &measured(const Font &font)
 {
     thread_local QHash<Font, std::shared_ptr<const Measured>> known;
-    const auto found = known.constFind(font);
-    if (found != known.cend())
-        return **found;
-    if (known.size() >= MostFonts)
-        known.clear();
-    return **known.insert(font, std::make_shared<const Measured>(font));
+    // A text asks several times, and its neighbours mostly share the font.
+    thread_local std::pair<Font, std::shared_ptr<const Measured>> last;
+    if (last.second && last.first == font)
+        return *last.second;
+    auto found = known.constFind(font);
+    if (found == known.cend()) {
+        if (known.size() >= MostFonts)
+            known.clear();
+        found = known.insert(font, std::make_shared<const Measured>(font));
+    }
+    last = {font, *found};
+    return *last.second;
 }
 
 /// A long paragraph is broken piece by piece: what the toolkit takes for one grows faster than it.
