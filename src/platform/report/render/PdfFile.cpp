@@ -6,6 +6,9 @@
 
 #include <QFontMetricsF>
 #include <QPainterPath>
+#include <array>
+#include <charconv>
+#include <limits>
 
 namespace report {
 namespace {
@@ -28,9 +31,12 @@ QByteArray number(double value)
     return digits == "-0" ? QByteArray("0") : digits;
 }
 
-QByteArray pair(Length x, Length y)
+/// Adds a number without making a text of its own of it: a page has thousands.
+void append(QByteArray &content, Length number)
 {
-    return QByteArray::number(x) + ' ' + QByteArray::number(y) + ' ';
+    std::array<char, std::numeric_limits<Length>::digits10 + 2> digits;
+    const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
+    content.append(digits.data(), end - digits.data());
 }
 
 QByteArray pair(QPointF point)
@@ -85,11 +91,13 @@ PdfFile::PdfFile(const QString &path, const PageSetup &page, const QString &titl
 
 void PdfFile::add(const Page &page)
 {
-    m_content = m_scale;
+    // The room that the page before has taken stays.
+    m_content.resize(0);
+    m_content += m_scale;
     // Each page stands for itself: what the one before has set doesn't hold on it.
-    m_fillColor.clear();
-    m_pen.clear();
-    m_font.clear();
+    m_fillColor.reset();
+    m_pen.reset();
+    m_font = {};
     for (const PageItem &item : page.items)
         std::visit([this](const auto &one) { draw(one); }, item);
     const int content = m_document.reserve();
@@ -129,7 +137,7 @@ void PdfFile::draw(const TextItem &item)
     const Border &border = item.style.border;
     if (border.isNone())
         return;
-    setPen(border.color, border.width, Square, Miter);
+    setPen({border.color, border.width, Square, Miter});
     const QPoint topLeft = item.frame.topLeft();
     const QPoint topRight = topLeft + QPoint(item.frame.width(), 0);
     const QPoint bottomLeft = topLeft + QPoint(0, item.frame.height());
@@ -144,26 +152,38 @@ void PdfFile::draw(const TextItem &item)
         stroke(bottomLeft, bottomRight);
 }
 
+void PdfFile::addPair(Length x, Length y)
+{
+    append(m_content, x);
+    m_content += ' ';
+    append(m_content, y);
+    m_content += ' ';
+}
+
 void PdfFile::drawLine(const TextItem &item, const TextLine &line)
 {
     setFill(item.style.color);
     // The face has no underline of its own.
     if (item.style.font.underline)
         drawUnderline(item, line);
-    PdfFont &face = m_fonts.of(item.style.font);
-    QByteArray digits;
-    if (!face.append(digits, line.text))
-        return drawShaped(item, line);
-    const QByteArray font =
-        face.name() + ' ' + QByteArray::number(measuringFont(item.style.font).pixelSize()) + " Tf ";
+    const SizedPdfFont font = m_fonts.of(item.style.font);
+    const qsizetype before = m_content.size();
     m_content += "BT ";
     if (m_font != font) {
-        m_font = font;
-        m_content += font;
+        m_content += font.face->name() + ' ';
+        append(m_content, font.size);
+        m_content += " Tf ";
     }
     // The sheet counts downwards and letters upwards; a turned line reads from its foot.
-    m_content += (item.turned ? "0 -1 -1 0 " : "1 0 0 -1 ") + pair(line.x, line.baseline) + "Tm <" +
-                 digits + "> Tj ET\n";
+    m_content += item.turned ? "0 -1 -1 0 " : "1 0 0 -1 ";
+    addPair(line.x, line.baseline);
+    m_content += "Tm (";
+    if (!font.face->append(m_content, line.text)) {
+        m_content.truncate(before);
+        return drawShaped(item, line);
+    }
+    m_content += ") Tj ET\n";
+    m_font = font;
 }
 
 /// A line whose letters hang on each other, such as one in another script, is drawn as outlines.
@@ -171,8 +191,9 @@ void PdfFile::drawShaped(const TextItem &item, const TextLine &line)
 {
     QPainterPath path;
     path.addText(0, 0, measuringFont(item.style.font), line.text);
-    m_content += "q " + QByteArray(item.turned ? "0 -1 1 0 " : "1 0 0 1 ") +
-                 pair(line.x, line.baseline) + "cm\n" + outlines(path) + "f Q\n";
+    m_content += item.turned ? "q 0 -1 1 0 " : "q 1 0 0 1 ";
+    addPair(line.x, line.baseline);
+    m_content += "cm\n" + outlines(path) + "f Q\n";
 }
 
 void PdfFile::drawUnderline(const TextItem &item, const TextLine &line)
@@ -188,7 +209,7 @@ void PdfFile::drawUnderline(const TextItem &item, const TextLine &line)
 
 void PdfFile::draw(const LineItem &item)
 {
-    setPen(item.color, item.width, Flat, Miter);
+    setPen({item.color, item.width, Flat, Miter});
     stroke(item.from, item.to);
 }
 
@@ -198,9 +219,10 @@ void PdfFile::draw(const BoxItem &item)
         fill(item.frame, item.fill);
     if (item.lineWidth <= 0)
         return;
-    setPen(item.color, item.lineWidth, Square, Miter);
-    m_content += pair(item.frame.x(), item.frame.y()) +
-                 pair(item.frame.width(), item.frame.height()) + "re S\n";
+    setPen({item.color, item.lineWidth, Square, Miter});
+    addPair(item.frame.x(), item.frame.y());
+    addPair(item.frame.width(), item.frame.height());
+    m_content += "re S\n";
 }
 
 void PdfFile::draw(const PictureItem &item)
@@ -210,9 +232,9 @@ void PdfFile::draw(const PictureItem &item)
         return;
     const QRect frame = pictureFrame(item, found.size);
     m_content += "q " + QByteArray::number(frame.width()) + " 0 0 -" +
-                 QByteArray::number(frame.height()) + ' ' +
-                 pair(frame.x(), frame.y() + frame.height()) + "cm /P" +
-                 QByteArray::number(found.number) + " Do Q\n";
+                 QByteArray::number(frame.height()) + ' ';
+    addPair(frame.x(), frame.y() + frame.height());
+    m_content += "cm /P" + QByteArray::number(found.number) + " Do Q\n";
 }
 
 void PdfFile::draw(const BarCodeItem &item)
@@ -230,10 +252,12 @@ void PdfFile::draw(const ShapeItem &item)
     if (isFilled)
         setFill(item.fill);
     if (hasLine)
-        setPen(item.color, item.lineWidth, Round, Round);
+        setPen({item.color, item.lineWidth, Round, Round});
     const char *next = "m ";
-    for (const QPoint &point : item.points)
-        m_content += pair(point.x(), point.y()) + std::exchange(next, "l ");
+    for (const QPoint &point : item.points) {
+        addPair(point.x(), point.y());
+        m_content += std::exchange(next, "l ");
+    }
     m_content += item.closed ? "h " : "";
     m_content += isFilled ? (hasLine ? "B*\n" : "f*\n") : "S\n";
 }
@@ -241,28 +265,35 @@ void PdfFile::draw(const ShapeItem &item)
 void PdfFile::fill(const QRect &frame, const QColor &color)
 {
     setFill(color);
-    m_content += pair(frame.x(), frame.y()) + pair(frame.width(), frame.height()) + "re f\n";
+    addPair(frame.x(), frame.y());
+    addPair(frame.width(), frame.height());
+    m_content += "re f\n";
 }
 
 void PdfFile::stroke(QPoint from, QPoint to)
 {
-    m_content += pair(from.x(), from.y()) + "m " + pair(to.x(), to.y()) + "l S\n";
+    addPair(from.x(), from.y());
+    m_content += "m ";
+    addPair(to.x(), to.y());
+    m_content += "l S\n";
 }
 
 void PdfFile::setFill(const QColor &color)
 {
-    const QByteArray wanted = parts(color) + " rg\n";
     // Told only when it changes: neighbours mostly share it.
-    if (m_fillColor != wanted)
-        m_content += m_fillColor = wanted;
+    if (m_fillColor == color)
+        return;
+    m_fillColor = color;
+    m_content += parts(color) + " rg\n";
 }
 
-void PdfFile::setPen(const QColor &color, Length width, int cap, int join)
+void PdfFile::setPen(const Pen &pen)
 {
-    const QByteArray wanted = parts(color) + " RG " + QByteArray::number(width) + " w " +
-                              QByteArray::number(cap) + " J " + QByteArray::number(join) + " j\n";
-    if (m_pen != wanted)
-        m_content += m_pen = wanted;
+    if (m_pen == pen)
+        return;
+    m_pen = pen;
+    m_content += parts(pen.color) + " RG " + QByteArray::number(pen.width) + " w " +
+                 QByteArray::number(pen.cap) + " J " + QByteArray::number(pen.join) + " j\n";
 }
 
 /// The same picture on each page stands in the file once.

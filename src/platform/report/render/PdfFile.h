@@ -6,6 +6,7 @@
 
 #include <QHash>
 #include <QSize>
+#include <optional>
 
 namespace report {
 
@@ -28,6 +29,15 @@ private:
         int number = 0; ///< 0 for one that can't be read
         QSize size{};
     };
+    struct Pen
+    {
+        QColor color;
+        Length width = 0;
+        int cap = 0;
+        int join = 0;
+
+        bool operator==(const Pen &) const = default;
+    };
     void draw(const TextItem &item);
     void draw(const LineItem &item);
     void draw(const BoxItem &item);
@@ -35,6 +45,7 @@ private:
     void draw(const BarCodeItem &item);
     void draw(const ShapeItem &item);
 
+    void addPair(Length x, Length y);
     void drawLine(const TextItem &item, const TextLine &line);
     void drawShaped(const TextItem &item, const TextLine &line);
     void drawUnderline(const TextItem &item, const TextLine &line);
@@ -43,7 +54,7 @@ private:
     void stroke(QPoint from, QPoint to);
     /// Tell a color or pen only when it is another one than the page has.
     void setFill(const QColor &color);
-    void setPen(const QColor &color, Length width, int cap, int join);
+    void setPen(const Pen &pen);
     [[nodiscard]] Picture picture(const QByteArray &data);
 
     PdfDocument m_document;
@@ -58,9 +69,9 @@ private:
 
     // The page on hand, and what it has set last.
     QByteArray m_content;
-    QByteArray m_fillColor;
-    QByteArray m_pen;
-    QByteArray m_font;
+    std::optional<QColor> m_fillColor;
+    std::optional<Pen> m_pen;
+    SizedPdfFont m_font;
 };
 
 } // namespace report

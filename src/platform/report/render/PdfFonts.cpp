@@ -51,35 +51,42 @@ PdfFont::PdfFont(const Font &font, const QByteArray &name)
               font.italic == (m_font.style() != QFont::StyleNormal);
 }
 
-bool PdfFont::append(QByteArray &digits, const QString &text)
+bool PdfFont::append(QByteArray &content, const QString &text)
 {
     if (!m_isFit)
         return false;
-    const qsizetype before = digits.size();
+    const qsizetype before = content.size();
     for (const QChar letter : text) {
         const Glyph &glyph = glyphOf(letter);
         if (glyph.index == 0) {
-            digits.truncate(before);
+            content.truncate(before);
             return false;
         }
-        digits += glyph.digits;
+        content.append(glyph.bytes.data(), glyph.size);
     }
     return true;
 }
 
 const PdfFont::Glyph &PdfFont::glyphOf(QChar letter)
 {
-    const auto known = m_glyphs.constFind(letter);
-    if (known != m_glyphs.cend())
-        return *known;
-    Glyph glyph;
+    const std::size_t place = letter.unicode();
+    if (place >= m_glyphs.size())
+        m_glyphs.resize(place + 1);
+    Glyph &glyph = m_glyphs[place];
+    if (std::exchange(glyph.isKnown, true))
+        return glyph;
     if (isSimple(letter))
         glyph.index = m_font.glyphIndexesForString(QString(letter)).value(0);
-    if (glyph.index != 0) {
-        glyph.digits = digitsOf(glyph.index);
-        m_used.emplace(glyph.index, letter);
+    if (glyph.index == 0)
+        return glyph;
+    m_used.emplace(glyph.index, letter);
+    // Half as long as in digits, which halves the time that the packing takes.
+    for (const char byte : {static_cast<char>(glyph.index >> 8), static_cast<char>(glyph.index)}) {
+        if (byte == '(' || byte == ')' || byte == '\\' || byte == '\r')
+            glyph.bytes[glyph.size++] = '\\';
+        glyph.bytes[glyph.size++] = byte == '\r' ? 'r' : byte;
     }
-    return *m_glyphs.insert(letter, glyph);
+    return glyph;
 }
 
 void PdfFont::write(PdfDocument &document, int number) const
@@ -154,16 +161,16 @@ QByteArray PdfFont::letters() const
     return map + "endcmap CMapName currentdict /CMap defineresource pop end end\n";
 }
 
-PdfFont &PdfFonts::of(const Font &font)
+SizedPdfFont PdfFonts::of(const Font &font)
 {
-    if (m_last.second && m_last.first == font)
-        return *m_last.second;
+    if (m_last.second.face && m_last.first == font)
+        return m_last.second;
     const QString key = u"%1|%2|%3"_s.arg(font.family).arg(font.bold).arg(font.italic);
     std::unique_ptr<PdfFont> &face = m_fonts[key];
     if (!face)
         face = std::make_unique<PdfFont>(font, "/F" + QByteArray::number(m_fonts.size()));
-    m_last = {font, face.get()};
-    return *face;
+    m_last = {font, {face.get(), measuringFont(font).pixelSize()}};
+    return m_last.second;
 }
 
 QByteArray PdfFonts::write(PdfDocument &document) const
