@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <optional>
 
 namespace base {
@@ -125,10 +126,20 @@ std::optional<qint64> tenThousandths(double value)
 /// A number that has been scaled, in digits.
 QString inDigits(qint64 whole, int decimals)
 {
-    QString text = QString::number(std::abs(whole)).rightJustified(decimals + 1, u'0');
-    if (decimals > 0)
-        text.insert(text.size() - decimals, u'.');
-    return whole < 0 ? u'-' + text : text;
+    std::array<char, std::numeric_limits<qint64>::digits10 + PowersOfTen.size() + 4> text;
+    char *const end = text.data() + text.size();
+    char *begin = end;
+    qint64 rest = std::abs(whole);
+    // At least one digit stands before the point.
+    for (int digit = 0; rest > 0 || digit <= decimals; ++digit) {
+        if (digit == decimals && decimals > 0)
+            *--begin = '.';
+        *--begin = static_cast<char>('0' + rest % 10);
+        rest /= 10;
+    }
+    if (whole < 0)
+        *--begin = '-';
+    return QString::fromLatin1(begin, end - begin);
 }
 
 /// The nearest binary number to a decimal that has so many decimals.

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 /// "mm/dd/yyyy hh:mm AMPM" in Qt's form: months and minutes share a letter here, and an "m" behind
 /// an hour is a minute; "n" always is.
-QString qtDatePattern(const QString &format)
+QString madeDatePattern(const QString &format)
 {
     QString pattern;
     bool afterHour = false;
@@ -41,6 +41,15 @@ QString qtDatePattern(const QString &format)
     return pattern;
 }
 
+/// A column has one format for thousands of dates.
+QString qtDatePattern(const QString &format)
+{
+    thread_local std::pair<QString, QString> last;
+    if (last.first != format || last.second.isEmpty())
+        last = {format, madeDatePattern(format)};
+    return last.second;
+}
+
 /// A number format: what stands before and behind the digits, the decimals, and whether thousands
 /// are parted. Nothing for a format without a place for digits.
 std::optional<QString> formattedNumber(double value, const QString &format)
@@ -53,10 +62,10 @@ std::optional<QString> formattedNumber(double value, const QString &format)
     qsizetype last = first;
     while (last + 1 < format.size() && QStringView(u"0#,.").contains(format[last + 1]))
         ++last;
-    const QString digits = format.sliced(first, last - first + 1);
-    const QString behind = format.sliced(last + 1);
+    const QStringView digits = QStringView(format).sliced(first, last - first + 1);
+    const QStringView behind = QStringView(format).sliced(last + 1);
     const qsizetype point = digits.indexOf(u'.');
-    const QString fraction = point < 0 ? QString() : digits.sliced(point + 1);
+    const QStringView fraction = point < 0 ? QStringView() : digits.sliced(point + 1);
     if (behind.contains(u'%'))
         value = base::decimalProduct(value, 100);
     QString text = base::fixedDecimals(std::abs(value), static_cast<int>(fraction.size()));
@@ -70,8 +79,13 @@ std::optional<QString> formattedNumber(double value, const QString &format)
         text.chop(1);
     if (text.endsWith(u'.'))
         text.chop(1);
-    const bool zero = text.count(u'0') + text.count(u'.') + text.count(u',') == text.size();
-    return (value < 0 && !zero ? u"-"_s : QString()) + format.first(first) + text + behind;
+    const bool isNegative = value < 0 && std::ranges::any_of(text, [](QChar c) {
+                                return c != u'0' && c != u'.' && c != u',';
+                            });
+    text.prepend(QStringView(format).first(first));
+    if (isNegative)
+        text.prepend(u'-');
+    return text.append(behind);
 }
 
 } // namespace
@@ -93,7 +107,8 @@ QString formatted(const QVariant &value, const QString &format)
         const double number = value.toString().toDouble(&ok);
         return (ok ? formattedNumber(number, format) : std::nullopt).value_or(value.toString());
     }
-    return formattedNumber(value.toDouble(), format).value_or(base::toText(value));
+    const std::optional<QString> number = formattedNumber(value.toDouble(), format);
+    return number ? *number : base::toText(value);
 }
 
 } // namespace report
