@@ -77,7 +77,8 @@ public:
     {
         m_values.reserve(rows);
         for (const QString &name : m_key.names())
-            m_fields.append(context.fieldIndex(name));
+            if (const int field = context.fieldIndex(name); !m_fields.contains(field))
+                m_fields.append(field);
     }
 
     /// Adds the value of the row that the context is at. Rows that follow each other often have it
@@ -89,6 +90,7 @@ public:
             return;
         }
         QVariantList read;
+        read.reserve(m_fields.size());
         for (const int field : std::as_const(m_fields))
             read.append(context.field(field));
         if (m_values.empty() || read != m_read)
@@ -102,7 +104,7 @@ public:
     void makeReady()
     {
         if (isAll([](const QVariant &value) { return value.typeId() == QMetaType::QString; }))
-            fold();
+            rankTexts();
         else if (isAll(
                      [](const QVariant &value) { return value.typeId() == QMetaType::QDateTime; }))
             for (const QVariant &value : m_values)
@@ -115,8 +117,6 @@ public:
     /// As compareValues does.
     [[nodiscard]] int compare(std::size_t left, std::size_t right) const
     {
-        if (!m_texts.empty())
-            return QString::compare(m_texts[left], m_texts[right]);
         if (!m_numbers.empty())
             return int(m_numbers[left] > m_numbers[right]) -
                    int(m_numbers[left] < m_numbers[right]);
@@ -124,16 +124,32 @@ public:
     }
 
 private:
-    void fold()
+    /// A text comes again in row after row: each is compared with the others once, and the rows by
+    /// its place among them.
+    void rankTexts()
     {
-        m_texts.reserve(m_values.size());
-        QString last;
+        QHash<QString, qint64> known;
+        std::vector<QString> folded;
+        m_numbers.reserve(m_values.size());
         for (const QVariant &value : m_values) {
             const QString text = value.toString();
-            m_texts.push_back(!m_texts.empty() && text == last ? m_texts.back()
-                                                               : text.toCaseFolded());
-            last = text;
+            auto number = known.constFind(text);
+            if (number == known.cend()) {
+                number = known.insert(text, static_cast<qint64>(folded.size()));
+                folded.push_back(text.toCaseFolded());
+            }
+            m_numbers.push_back(*number);
         }
+        std::vector<std::size_t> order(folded.size());
+        std::iota(order.begin(), order.end(), 0);
+        std::ranges::sort(order, {},
+                          [&](std::size_t number) -> const QString & { return folded[number]; });
+        std::vector<qint64> places(folded.size());
+        for (std::size_t at = 1; at < order.size(); ++at)
+            places[order[at]] =
+                places[order[at - 1]] + (folded[order[at]] == folded[order[at - 1]] ? 0 : 1);
+        for (qint64 &number : m_numbers)
+            number = places[static_cast<std::size_t>(number)];
     }
 
     template<class Kind>
@@ -147,8 +163,7 @@ private:
     QList<int> m_fields; ///< that it is made of; -1 stands for what is no field
     QVariantList m_read; ///< from them, in the row before
     std::vector<QVariant> m_values;
-    std::vector<QString> m_texts;
-    std::vector<qint64> m_numbers;
+    std::vector<qint64> m_numbers; ///< that compare as the values do, where all are of one kind
 };
 
 } // namespace
