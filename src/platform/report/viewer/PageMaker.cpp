@@ -28,6 +28,16 @@ bool PageMaker::wait(std::chrono::milliseconds atMost)
     return m_ended.wait_for(lock, atMost, [this] { return m_isDone.load(); });
 }
 
+void PageMaker::waitForShortReport(std::chrono::milliseconds atMost)
+{
+    constexpr std::chrono::milliseconds Step(10);
+    const auto steps = atMost / Step;
+    int withPage = 0; ///< steps since the first page
+    for (int step = 0; step < steps && !wait(Step); ++step)
+        if (m_pages.count() > 0 && share() * double(steps) < withPage++)
+            return;
+}
+
 void PageMaker::run()
 {
     // No error may leave the thread; what fails here is one of the report's remarks.

@@ -30,6 +30,9 @@ public:
     [[nodiscard]] bool isDone() const { return m_isDone; }
     /// Waits so long at most; True when all is laid out.
     bool wait(std::chrono::milliseconds atMost);
+    /// Waits as wait() does, but gives up as soon as there is a page to look at and the work goes
+    /// so slowly that it won't be whole by then.
+    void waitForShortReport(std::chrono::milliseconds atMost);
     /// What came of it, once it is done.
     [[nodiscard]] const Outcome &outcome() const { return m_outcome; }
     /// Of the rows in the pass that is running, from 0 to 1.

@@ -68,7 +68,7 @@ void ReportViewer::setReport(const Layout &layout, std::shared_ptr<const DataSou
     {
         const WaitCursor wait;
         // A short report is whole by then and comes up at once, without pages that pop in.
-        (void)m_maker->wait(ShortWait);
+        m_maker->waitForShortReport(ShortWait);
     }
     m_thumbnails->setPages(&m_pages, m_layout.page);
     m_view->setPages(&m_pages, m_layout.page);
