@@ -5,6 +5,8 @@
 #include "platform/report/expr/Scopes.h"
 #include "platform/report/expr/Tokens.h"
 
+#include <algorithm>
+
 namespace report {
 
 using namespace Qt::StringLiterals;
@@ -46,6 +48,9 @@ public:
 
 private:
     using Kind = ExpressionNode::Kind;
+    using Operator = ExpressionNode::Operator;
+    /// As it is written, and what it does.
+    using Written = std::pair<QStringView, Operator>;
 
     /// One level deeper for as long as it lives.
     class Level
@@ -66,14 +71,14 @@ private:
         Parser &m_parser;
     };
 
-    ExpressionNode binary(const QString &op, ExpressionNode left, ExpressionNode right) const
+    ExpressionNode binary(Operator op, ExpressionNode left, ExpressionNode right) const
     {
         ExpressionNode node;
         node.depth = 1 + qMax(left.depth, right.depth);
         if (node.depth > MaximumTreeDepth)
             throw ParseError{u"the expression is too long"_s, m_tokens.current().at};
         node.kind = Kind::Binary;
-        node.text = op;
+        node.op = op;
         node.children.push_back(std::move(left));
         node.children.push_back(std::move(right));
         return node;
@@ -90,19 +95,15 @@ private:
 
     /// A chain of operators of one rank; the left one is done first.
     template<class Next>
-    ExpressionNode chain(std::initializer_list<QStringView> operators, Next next)
+    ExpressionNode chain(std::initializer_list<Written> operators, Next next)
     {
         ExpressionNode left = (this->*next)();
         for (;;) {
-            QStringView found;
-            for (const QStringView op : operators)
-                if (m_tokens.accept(op)) {
-                    found = op;
-                    break;
-                }
-            if (found.isEmpty())
+            const auto found = std::ranges::find_if(
+                operators, [this](const Written &each) { return m_tokens.accept(each.first); });
+            if (found == operators.end())
                 return left;
-            left = binary(found.toString(), std::move(left), (this->*next)());
+            left = binary(found->second, std::move(left), (this->*next)());
         }
     }
 
@@ -110,19 +111,32 @@ private:
     ExpressionNode parseOr()
     {
         const Level level(*this);
-        return chain({u"or"}, &Parser::parseAnd);
+        return chain({{u"or", Operator::Or}}, &Parser::parseAnd);
     }
-    ExpressionNode parseAnd() { return chain({u"and"}, &Parser::parseNot); }
+    ExpressionNode parseAnd() { return chain({{u"and", Operator::And}}, &Parser::parseNot); }
     ExpressionNode parseNot()
     {
         const Level level(*this);
         if (m_tokens.accept(u"not"))
             return unary(Kind::Not, parseNot());
-        return chain({u"=", u"<>", u"<=", u">=", u"<", u">"}, &Parser::parseJoin);
+        return chain({{u"=", Operator::Equal},
+                      {u"<>", Operator::Unequal},
+                      {u"<=", Operator::LessOrEqual},
+                      {u">=", Operator::GreaterOrEqual},
+                      {u"<", Operator::Less},
+                      {u">", Operator::Greater}},
+                     &Parser::parseJoin);
     }
-    ExpressionNode parseJoin() { return chain({u"&"}, &Parser::parseSum); }
-    ExpressionNode parseSum() { return chain({u"+", u"-"}, &Parser::parseProduct); }
-    ExpressionNode parseProduct() { return chain({u"*", u"/", u"mod"}, &Parser::parseUnary); }
+    ExpressionNode parseJoin() { return chain({{u"&", Operator::Join}}, &Parser::parseSum); }
+    ExpressionNode parseSum()
+    {
+        return chain({{u"+", Operator::Plus}, {u"-", Operator::Minus}}, &Parser::parseProduct);
+    }
+    ExpressionNode parseProduct()
+    {
+        return chain({{u"*", Operator::Times}, {u"/", Operator::Over}, {u"mod", Operator::Modulo}},
+                     &Parser::parseUnary);
+    }
     ExpressionNode parseUnary()
     {
         const Level level(*this);

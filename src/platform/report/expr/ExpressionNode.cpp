@@ -58,21 +58,21 @@ QVariant ExpressionNode::evaluate(const EvaluationContext &context) const
 /// A chain leans to the left, as deep as it is long, so that it is worked out without going down.
 QVariant ExpressionNode::evaluateChain(const EvaluationContext &context) const
 {
-    std::vector<const ExpressionNode *> chain;
+    Chain chain;
     const ExpressionNode *node = this;
     for (; node->kind == Kind::Binary; node = &node->children[0])
         chain.push_back(node);
     QVariant left = node->evaluate(context);
     while (!chain.empty()) {
         const ExpressionNode &next = *chain.back();
-        if (next.text == u"&") {
+        if (next.op == Operator::Join) {
             left = joined(chain, std::move(left), context);
             continue;
         }
         chain.pop_back();
-        if (next.text == u"and")
+        if (next.op == Operator::And)
             left = isTrueValue(left) && isTrueValue(next.children[1].evaluate(context));
-        else if (next.text == u"or")
+        else if (next.op == Operator::Or)
             left = isTrueValue(left) || isTrueValue(next.children[1].evaluate(context));
         else
             left = next.applied(left, next.children[1].evaluate(context));
@@ -81,11 +81,10 @@ QVariant ExpressionNode::evaluateChain(const EvaluationContext &context) const
 }
 
 /// Takes the operators "&" off the end of the chain: their texts are put together once.
-QVariant ExpressionNode::joined(std::vector<const ExpressionNode *> &chain, QVariant left,
-                                const EvaluationContext &context)
+QVariant ExpressionNode::joined(Chain &chain, QVariant left, const EvaluationContext &context)
 {
     QString text = base::toText(left);
-    for (; !chain.empty() && chain.back()->text == u"&"; chain.pop_back())
+    for (; !chain.empty() && chain.back()->op == Operator::Join; chain.pop_back())
         if (text.size() < MaximumText)
             text += base::toText(chain.back()->children[1].evaluate(context));
     return text;
@@ -96,38 +95,46 @@ QVariant ExpressionNode::applied(const QVariant &left, const QVariant &right) co
 {
     if (left.isNull() || right.isNull())
         return {};
-    if (text == u"=")
+    switch (op) {
+    case Operator::Equal:
         return compareValues(left, right) == 0;
-    if (text == u"<>")
+    case Operator::Unequal:
         return compareValues(left, right) != 0;
-    if (text == u"<")
+    case Operator::Less:
         return compareValues(left, right) < 0;
-    if (text == u">")
+    case Operator::Greater:
         return compareValues(left, right) > 0;
-    if (text == u"<=")
+    case Operator::LessOrEqual:
         return compareValues(left, right) <= 0;
-    if (text == u">=")
+    case Operator::GreaterOrEqual:
         return compareValues(left, right) >= 0;
+    default:
+        return calculated(left, right);
+    }
+}
 
+/// The value of an operator of arithmetic.
+QVariant ExpressionNode::calculated(const QVariant &left, const QVariant &right) const
+{
     const bool leftDate = left.typeId() == QMetaType::QDateTime;
     if (leftDate && right.typeId() == QMetaType::QDateTime)
         return numberValue(static_cast<double>(right.toDateTime().secsTo(left.toDateTime())) /
                            86400);
     if (leftDate)
-        return daysAfter(left.toDateTime(), (text == u"-" ? -1 : 1) * right.toDouble());
-    if (text == u"+" && (!isNumberValue(left) || !isNumberValue(right)))
+        return daysAfter(left.toDateTime(), (op == Operator::Minus ? -1 : 1) * right.toDouble());
+    if (op == Operator::Plus && (!isNumberValue(left) || !isNumberValue(right)))
         return QVariant(base::toText(left) + base::toText(right));
     const double a = left.toDouble();
     const double b = right.toDouble();
-    if (text == u"+")
+    if (op == Operator::Plus)
         return numberValue(base::decimalSum(a, b));
-    if (text == u"-")
+    if (op == Operator::Minus)
         return numberValue(base::decimalDifference(a, b));
-    if (text == u"*")
+    if (op == Operator::Times)
         return numberValue(base::decimalProduct(a, b));
     if (b == 0)
         return {};
-    return numberValue(text == u"mod" ? std::fmod(a, b) : a / b);
+    return numberValue(op == Operator::Modulo ? std::fmod(a, b) : a / b);
 }
 
 } // namespace report

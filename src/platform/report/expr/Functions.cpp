@@ -51,13 +51,17 @@ int count(const QVariant &value)
 /// Minutes of a text "h:mm"; Null for another text.
 QVariant minutesOf(const QVariantList &arguments)
 {
-    const QStringList parts = base::toText(arguments[0]).split(u':');
-    if (parts.size() < 2)
+    const QString text = base::toText(arguments[0]);
+    const QStringView view(text);
+    const qsizetype colon = view.indexOf(u':');
+    if (colon < 0)
         return {};
+    const qsizetype second = view.indexOf(u':', colon + 1);
     bool hoursOk = false;
     bool minutesOk = false;
-    const qint64 hours = parts[0].toInt(&hoursOk);
-    const qint64 minutes = parts[1].toInt(&minutesOk);
+    const qint64 hours = view.first(colon).toInt(&hoursOk);
+    const qint64 minutes =
+        view.sliced(colon + 1, (second < 0 ? view.size() : second) - colon - 1).toInt(&minutesOk);
     return hoursOk && minutesOk ? QVariant(hours * 60 + minutes) : QVariant();
 }
 
