@@ -123,6 +123,18 @@ TEST_F(QuickFindScreen, ALongListIsShownWithItsFirstRowsAndSearchedWhenTheOthers
               u"1050"_s)
         << "not the row that was on show before the search";
     EXPECT_EQ(find(machines(false, u"1050"_s), select), u"1050"_s) << "a row to begin on";
+    // Rows that can't be read any more are an error like any other, and the list stays.
+    gcnData->Execute(u"Insert into tblEquipment(EquipmentID,UnitNo,EquipmentName,Inactive) Select "
+                     "a.EquipmentID + 10000 * b.EquipmentID, 'Z', 'Far', 0 from tblEquipment as a, "
+                     "tblEquipment as b where b.EquipmentID between 100 and 119"_s);
+    gcnData->BeginTrans();
+    find(machines(), [this](const ScreenDriver &screen) {
+        gcnData->RollbackTrans();
+        screen.control<QLineEdit>("txtSearchText").setText(u"r-1050"_s);
+        select(screen);
+        EXPECT_EQ(errors.takeOne().ProcedureName, u"cmdSelect_Click"_s);
+        EXPECT_TRUE(screen.isOpen());
+    });
 }
 
 TEST_F(QuickFindScreen, AutoSearchesTheMainColumnAndThenTheSecond)

@@ -85,18 +85,21 @@ void frmQuickFind::buildForm()
     form.finish();
     resize(860, 540);
 
+    // Where no screen has joined for the table there is nowhere to add a record.
     cmdAdd->setEnabled(openings().isJoined(m_request.form));
     cmdSelect->setDefault(true);
     m_search = new FieldSearch(cboFieldNames, txtSearchText, grdQuickFind,
                                IncrementalSearch::WithoutMatch::ClearRow);
     m_search->setMayBegin([this] { return maySearch(); });
     moveRowsFrom(txtSearchText2, grdQuickFind);
+    // Begins as "Manual", which also puts caption and focus right.
     setAutomatic(false);
     m_reading.setSingleShot(true);
     connect(&m_reading, &QTimer::timeout, this, &frmQuickFind::readOn);
 
     connect(m_search, &FieldSearch::fieldChosen, this,
             [this] { showWhatToEnter(*lblMainField, m_search->field().description); });
+    // One box searches; the other one only stands in for it and hands its letters on.
     connect(txtSearchText2, &QLineEdit::textChanged, txtSearchText, &QLineEdit::setText);
     connect(optAuto, &QRadioButton::toggled, this, &frmQuickFind::setAutomatic);
     connect(chkInactive, &QCheckBox::clicked, this, &frmQuickFind::chkInactive_Click);
@@ -169,6 +172,8 @@ bool frmQuickFind::ShowQuickFindMain()
             base::showMessage(u"One of lookup item has been deleted\nmanually from database"_s);
             return false;
         }
+        // The list is shown anew when the box for inactive ones is clicked: the field that is
+        // searched stays.
         const QString chosen = m_search->field().name;
         m_search->setFields(fields, chosen.isEmpty() ? m_request.field : chosen);
         // What is ticked stays so when the list is shown anew, with or without inactive ones.
@@ -273,6 +278,7 @@ void frmQuickFind::tick(const QStringList &keys)
     if (!m_request.several)
         return;
     grid::GridModel &rows = grdQuickFind->rows();
+    // A box without a value would be neither ticked nor empty.
     rows.setAll(Ticked, false);
     for (const QString &key : keys)
         if (const int row = rows.findRow(m_table->key, key); row >= 0)
@@ -287,12 +293,14 @@ void frmQuickFind::setAutomatic(bool automatic)
     lblMainField->setBuddy(automatic ? txtSearchText2 : txtSearchText);
     txtSearchText2->setVisible(automatic);
     QLineEdit *box = automatic ? txtSearchText2 : txtSearchText;
+    // In automatic mode the table says which columns are searched, the main one first.
     m_search->setAutomatic(
         automatic ? QList<QStringView>(m_table->automatic.begin(), m_table->automatic.end())
                   : QList<QStringView>());
     showWhatToEnter(*lblMainField, automatic || m_search->field().description.isEmpty()
                                        ? m_request.label
                                        : m_search->field().description);
+    // What was typed goes on in the box that is shown now.
     if (automatic)
         txtSearchText2->setText(txtSearchText->text());
     m_search->search();
@@ -315,15 +323,18 @@ void frmQuickFind::grdQuickFind_Activated(int row)
 
 void frmQuickFind::cmdSelect_Click()
 {
+    // A box that was just ticked may still be in its editor.
     if (!grdQuickFind->finishEditing())
         return;
-    // What was typed means a row that may not have been read yet.
-    if (m_searchWaits)
-        readAll();
-    // Who ticked nothing means the row under the cursor.
-    m_result = tickedKeys().join(u',');
-    if (m_result.isEmpty())
-        m_result = currentKey();
+    base::trapped(Module, "cmdSelect_Click", [this] {
+        // What was typed means a row that may not have been read yet.
+        if (m_searchWaits)
+            readAll();
+        // Who ticked nothing means the row under the cursor.
+        m_result = tickedKeys().join(u',');
+        if (m_result.isEmpty())
+            m_result = currentKey();
+    });
     if (!m_result.isEmpty())
         unload();
 }
@@ -332,6 +343,7 @@ void frmQuickFind::cmdAdd_Click()
 {
     if (!mayDo(m_table->addRight))
         return;
+    // Only noted: the new record's screen can't come up over this modal one.
     m_addNew = true;
     unload();
 }
@@ -340,6 +352,7 @@ void frmQuickFind::chkInactive_Click()
 {
     SetOption(m_table->inactiveOption.toString(), flagText(chkInactive->isChecked()), true);
     if (const QString current = currentKey(); !current.isEmpty())
+        // The row under the cursor is looked for again in the other list.
         m_request.selected = current;
     if (!ShowQuickFindMain())
         unload();
