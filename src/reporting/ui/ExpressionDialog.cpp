@@ -30,10 +30,12 @@ public:
         , m_rows(rows)
     {
         for (const report::DesignField &field : question.fields)
+            // All fields, also those of further rows: these have no value here, but are no mistake.
             m_known.insert(field.name.toLower());
         buildForm();
         fillNames();
         m_editor->setPlainText(question.text);
+        // Who opens the window goes on writing; a selected text would vanish with the first letter.
         m_editor->moveCursor(QTextCursor::End);
         m_editor->setFocus();
         tryIt();
@@ -90,6 +92,7 @@ private:
         if (names.isEmpty())
             return;
         auto *title = new QListWidgetItem(heading, m_names);
+        // Headings can't be chosen, and the arrow keys pass over them.
         title->setFlags(Qt::NoItemFlags);
         for (const QString &name : names) {
             auto *item = new QListWidgetItem(u"   "_s + name, m_names);
@@ -101,6 +104,8 @@ private:
     {
         QStringList fields;
         for (const report::DesignField &field : std::as_const(m_question.fields))
+            // Columns that the query doesn't give yet come into it by the list of data, not by an
+            // expression.
             if (field.isInQuery)
                 fields.append(field.name);
         const QStringList functions = report::functionNames();

@@ -52,6 +52,8 @@ protected:
             if (open < 0)
                 return;
             const qsizetype close = m_isWords ? text.indexOf(u'}', open) : length;
+            // Open at the end while it is typed: what follows is coloured as if the brace stood
+            // there.
             const qsizetype end = close < 0 ? length : close;
             for (auto matches = token.globalMatch(QStringView(text).sliced(open, end - open));
                  matches.hasNext();)
@@ -79,6 +81,8 @@ private:
             const QString found = match.captured(colour.group);
             if (found.isEmpty())
                 continue;
+            // A word before a parenthesis that is no function stays plain, which shows the
+            // misspelling.
             if (colour.group == u"call"_s && !m_functions.contains(found, Qt::CaseInsensitive))
                 continue;
             QTextCharFormat format;
@@ -98,9 +102,12 @@ ExpressionEditor::ExpressionEditor(QWidget *parent)
     , m_completer(new QCompleter(this))
     , m_colours(new Colours(document()))
 {
+    // An expression has no tabulators, and the keyboard has to get out of the box.
     setTabChangesFocus(true);
     m_completer->setWidget(this);
     m_completer->setCaseSensitivity(Qt::CaseInsensitive);
+    // "cost" finds "Labor Cost" too: users know what a field is about rather than how its name
+    // begins.
     m_completer->setFilterMode(Qt::MatchContains);
     m_completer->setCompletionMode(QCompleter::PopupCompletion);
     connect(m_completer, qOverload<const QString &>(&QCompleter::activated), this,
@@ -146,6 +153,7 @@ void ExpressionEditor::offer(bool all)
     }
     popup->setCurrentIndex(m_completer->completionModel()->index(0, 0));
     QRect place = cursorRect();
+    // The list is as wide as its longest name; the toolkit would make it as wide as the cursor.
     place.setWidth(popup->sizeHintForColumn(0) + popup->verticalScrollBar()->sizeHint().width());
     m_completer->complete(place);
 }
@@ -196,6 +204,7 @@ void ExpressionEditor::keyPressEvent(QKeyEvent *event)
         return;
     }
     QPlainTextEdit::keyPressEvent(event);
+    // Only letters open the offer: arrows and Delete also pass here, and it would be in their way.
     if (!event->text().isEmpty() && event->text().at(0).isPrint())
         offer(false);
     else if (isOpen)

@@ -60,6 +60,7 @@ FieldSearch::FieldSearch(input::IdCombo *fields, QLineEdit *box, grid::GridView 
     connect(fields, &QComboBox::activated, this, [this] {
         applyField();
         search();
+        // Told last, when the box and the search go by the new field already.
         Q_EMIT fieldChosen();
     });
 }
@@ -99,6 +100,8 @@ void FieldSearch::applyField()
 {
     QList<IncrementalSearch::Column> columns;
     for (const QStringView column : std::as_const(m_automatic))
+        // The first column decides what may be typed; the second one is searched for whatever that
+        // is.
         columns.append({column.toString(), columns.isEmpty() ? typeOf(column) : u"VARCHAR"_s});
     if (columns.isEmpty())
         columns.append({field().description, field().type});
@@ -106,6 +109,7 @@ void FieldSearch::applyField()
 
     const QString type = columns.constFirst().type;
     m_box->setMaxLength(quickfind::SetLength(type));
+    // Setting another one leaves the former alive as a child of the box, one for each choice.
     delete m_box->validator();
     m_box->setValidator(new SearchTextValidator(type, m_box));
     // What was typed for another type of field would never match here.

@@ -26,6 +26,7 @@ constexpr int UsualWidth = 560;
 
 std::function<bool(const catalogue::Request &)> &filteredReport()
 {
+    // A seam for tests, which see what a screen asks for without laying a report out.
     static std::function<bool(const catalogue::Request &)> show = showReport;
     return show;
 }
@@ -69,6 +70,7 @@ QLineEdit *FilterScreen::valueField(input::FormBuilder &form, const ValueField &
     QLineEdit *box = form.textField(field.name, field.label);
     QPushButton *button = form.inlineButton(field.button, u"Select"_s, theme::icon(u"list"_s));
     form.endRow();
+    // Several buttons of a screen read "Select"; a screen reader tells them apart by this.
     button->setAccessibleName(u"Select: "_s + input::plainCaption(field.label));
     connect(button, &QPushButton::clicked, this,
             [this, box, &list = field.list, how = field.pick] { pick(box, list, how); });
@@ -107,6 +109,7 @@ FilterScreen::Range FilterScreen::rangeField(input::FormBuilder &form, const Ran
     form.beginRow();
     const Range range{form.dateField(field.from, field.label), form.dateField(field.to, u"T&o"_s)};
     form.endRow();
+    // Without options of its own a range begins anew each time: the last year up to today.
     const auto begin = [this](input::DateInput *box, const QString &key, QDate fallback) {
         box->setDate(key.isEmpty() ? fallback : dateOption(key, fallback));
         box->checkOnLeave();
@@ -130,6 +133,7 @@ QList<QRadioButton *> FilterScreen::options(input::FormBuilder &form, const QStr
         group->addButton(made.last());
     }
     form.endRow();
+    // One is always on, so that a screen never has to ask which.
     made.first()->setChecked(true);
     return made;
 }
@@ -182,6 +186,8 @@ bool FilterScreen::showReportOfFields()
             const std::optional<catalogue::Request> asked = request();
             return asked && filteredReport()(*asked);
         } catch (const base::Error &error) {
+            // A clause that can't be built raises this, and so does an engine that refuses what was
+            // typed; anything else is no mistake of the user's and goes to the error log.
             if (error.number() != db::ErrorNumber::Syntax)
                 throw;
             base::showInformation(u"Please enter correct parameters."_s);

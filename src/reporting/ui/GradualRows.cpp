@@ -24,6 +24,7 @@ GradualRows::GradualRows(grid::GridView *list, QObject *parent)
 void GradualRows::show(db::Gradual rows, bool all)
 {
     m_reading.stop();
+    // The timer is stopped ahead: it must not read on in rows that are gone.
     m_rows = std::move(rows);
     (void)m_rows->fetch(all ? std::numeric_limits<int>::max() : FirstRows);
     m_list->rows().setRecordset(m_rows->rows());

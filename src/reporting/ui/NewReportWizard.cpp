@@ -42,6 +42,7 @@ QPixmap firstPagePicture(const report::Layout &layout, QSize room, qreal ratio)
     report::RecordsetSource rows(ownreports::firstRows(layout));
     report::Inputs inputs;
     inputs.now = base::now();
+    // Groups are told by rows that follow each other, so the order comes before the page.
     rows.sortFor(layout, inputs);
     const report::Page page = report::firstPage(layout, rows, inputs);
     const QSize sheet(layout.page.width(), layout.page.height());
@@ -53,6 +54,7 @@ QPixmap firstPagePicture(const report::Layout &layout, QSize room, qreal ratio)
     const double scale = static_cast<double>(size.width()) / sheet.width();
     painter.scale(scale, scale);
     report::PagePainter().paint(page, painter);
+    // Drawn in the screen's own points, so that small letters stay readable at 150 %.
     picture.setDevicePixelRatio(ratio);
     return picture;
 }
@@ -112,6 +114,7 @@ QWidget *NewReportWizard::tablePage()
     form.widget(lstTables, true);
     txtTitle = form.textField(u"txtTitle"_s, u"&Title"_s, 80);
     form.finish();
+    // Something is always chosen: no step has to ask what the report is about.
     lstTables->setCurrentRow(0);
     connect(lstTables, &QListWidget::itemActivated, this, [this] { goTo(ColumnsStep); });
     return page;
@@ -189,6 +192,7 @@ QWidget *NewReportWizard::looksPage()
     form.stretch();
     form.endColumns();
     form.finish();
+    // The window must fit on a low screen with the picture in it.
     const int room = qMin(LargestPage, screen()->availableGeometry().height() - AroundPage);
     lblPage->setMinimumSize(room * 11 / 10, room);
     lblPage->setAlignment(Qt::AlignCenter);
@@ -219,6 +223,7 @@ void NewReportWizard::goTo(int step)
     lblStep->setText(StepTitles[step]);
     m_pages->setCurrentIndex(step);
     EnableControls();
+    // Each step begins at what it asks, so that Enter and the arrow keys work at once.
     QWidget *const first[] = {lstTables, lstColumns, m_groups.first(), cboChart};
     first[step]->setFocus();
 }
@@ -301,6 +306,7 @@ newreport::Choice NewReportWizard::choice() const
         if (number < 0)
             continue;
         const newreport::Field &field = m_fields[number];
+        // The same field twice would make a group of the rows of a group.
         const bool isThere = std::ranges::any_of(
             choice.groups, [&](const newreport::Field &each) { return each.isSame(field); });
         if (!isThere)

@@ -25,6 +25,7 @@ constexpr const char *Module = "Report Preview";
 bool show(const QString &path)
 {
     report::Layout layout = reportfiles::readLayoutAt(path);
+    // Layouts written by hand may lack one; window and PDF need a name.
     if (layout.title.isEmpty())
         layout.title = QFileInfo(path).completeBaseName();
     if (layout.query.isEmpty()) {
@@ -43,6 +44,8 @@ bool show(const QString &path)
         read = ownreports::readOwn(layout, *answers, runner);
     }
     frmReportPreview preview(layout.title, QApplication::activeWindow());
+    // Not by way of the catalogue: the layout reads for itself, and nothing of the program's is set
+    // in it.
     preview.show(layout, std::move(read.rows), read.inputs);
     preview.showModal();
     return true;

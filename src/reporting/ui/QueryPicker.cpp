@@ -54,6 +54,7 @@ QTableWidget *makeTable(const QString &name, const QString &accessible, const QS
     table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     table->verticalHeader()->hide();
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    // Tab goes on to the buttons; among the cells' controls it goes by itself.
     table->setTabKeyNavigation(false);
     return table;
 }
@@ -154,11 +155,14 @@ reportquery::Query QueryPicker::query() const
         condition.comparison =
             words().at(cell<QComboBox>(tblFilter, row, 1)->currentIndex()).comparison;
         condition.value = cell<QLineEdit>(tblFilter, row, 2)->text();
+        // The mark by which the query's text names its parameters, too.
         condition.isParameter = condition.value.trimmed().startsWith(u'?');
         if (condition.isParameter) {
             condition.value = condition.value.trimmed().mid(1);
+            // The brackets around a name with blanks are put there again where the text is made.
             condition.value.remove(u'[').remove(u']');
         }
+        // The column was that of a table that has been removed.
         if (!condition.place.column.isEmpty())
             query.conditions.append(condition);
     }
@@ -227,6 +231,7 @@ void QueryPicker::showJoin()
 {
     const int row = lstTables->currentRow();
     cmdRemoveTable->setEnabled(row >= 0);
+    // The first table is what the others are joined to.
     const bool isJoined = row > 0;
     for (QWidget *control :
          std::initializer_list<QWidget *>{cboJoinOwn, cboJoinTo, chkOnlyMatching})
@@ -241,6 +246,7 @@ void QueryPicker::showJoin()
          reporttables::tableOf(m_tables, source.table)->columns)
         cboJoinOwn->addItem(column.caption, column.name);
     cboJoinOwn->setCurrentIndex(cboJoinOwn->findData(source.column));
+    // Only to tables above it, or the joins could lead in a circle.
     for (int before = 0; before < row; ++before) {
         const reportquery::Source &other = m_query.sources[before];
         for (const reporttables::Column &column :
@@ -251,6 +257,7 @@ void QueryPicker::showJoin()
                 cboJoinTo->setCurrentIndex(cboJoinTo->count() - 1);
         }
     }
+    // Nothing in common is known: the user has to choose, and is told so when the query is taken.
     if (source.to.column.isEmpty())
         cboJoinTo->setCurrentIndex(-1);
 }
@@ -297,6 +304,7 @@ void QueryPicker::columnTicked()
             if (item->checkState(0) == Qt::Unchecked)
                 m_query.columns.removeIf(isPlace);
             else if (!isShown)
+                // The query names it apart where another table has a column of this name.
                 reportquery::addColumn(m_query, place);
         }
     }
@@ -307,6 +315,7 @@ void QueryPicker::cmdAddTable_Click()
     m_query = query();
     const int added = reportquery::addSource(m_query, cboTable->currentData().toString());
     showSources();
+    // The new table's join is on show, since it is the one that may need a word of the user's.
     lstTables->setCurrentRow(added);
     showAll();
 }

@@ -40,6 +40,7 @@ std::optional<db::Recordset> rowsOf(const catalogue::Report &report, catalogue::
 {
     QString question;
     try {
+        // Only while the engine works: the question that may follow needs an ordinary pointer.
         const BusyPointer busy;
         return catalogue::open(report, asked.filter);
     } catch (const base::Error &failure) {
@@ -50,6 +51,7 @@ std::optional<db::Recordset> rowsOf(const catalogue::Report &report, catalogue::
     if (!base::askYesNo(question, base::Prompts::Icon::Information))
         return std::nullopt;
     asked.filter.clear();
+    // The report says in words what it was asked for; that is everything now.
     asked.asked.clear();
     // Without a filter nothing is left to refuse, so this ends.
     return rowsOf(report, asked);
@@ -59,6 +61,7 @@ std::optional<db::Recordset> rowsOf(const catalogue::Report &report, catalogue::
 /// user wants it, or nothing.
 std::optional<report::Layout> layoutOf(const catalogue::Report &report)
 {
+    // The error report is printed when things go wrong: no changed layout may come in its way.
     if (report.onlyDelivered)
         return reportfiles::readDelivered(report.layout);
     QString failure;
@@ -91,6 +94,7 @@ bool show(const catalogue::Report &report, catalogue::Request asked)
         base::showInformation(report.empty);
         return false;
     }
+    // Asked after the rows, so that nobody answers questions for a report without any.
     const std::optional<report::Answers> answers = askOwnParameters(*layout);
     if (!answers)
         return false;
@@ -105,6 +109,7 @@ bool show(const catalogue::Report &report, catalogue::Request asked)
 
 std::optional<report::Answers> askOwnParameters(report::Layout layout)
 {
+    // The program fills in those by which further rows are read; the user is asked for the rest.
     layout.parameters = catalogue::parametersToAsk(layout);
     ownreports::GuardedRunner runner(gcnData->target());
     return report::askParameters(layout, runner, base::now(), QApplication::activeWindow());

@@ -34,11 +34,14 @@ frmEquipmentListReport::frmEquipmentListReport(QWidget *parent)
 
 filters::ListVersion frmEquipmentListReport::version() const
 {
+    // The choices stand in the order of the versions, which count from 1.
     return static_cast<filters::ListVersion>(cmbversion->currentIndex() + 1);
 }
 
 void frmEquipmentListReport::cmbversion_Click()
 {
+    // Which fields a version takes notice of is known to what makes its clause; here they are only
+    // greyed, and keep what was typed for another version.
     const filters::ListFields fields = filters::fieldsOf(version());
     setUsable(txtType, fields.types);
     setUsable(txtCrew, fields.types);

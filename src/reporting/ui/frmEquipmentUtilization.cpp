@@ -43,6 +43,7 @@ std::optional<catalogue::Request> frmEquipmentUtilization::request() const
     if (!txtEQUTUnitNo->text().trimmed().isEmpty())
         return filters::request(
             filters::SingleUtilization{.read = m_range.dates(), .units = txtEQUTUnitNo->text()});
+    // This report follows one machine from reading to reading, so it can't be asked for all.
     base::showCritical(u"Please choose or enter a Unit #."_s);
     txtEQUTUnitNo->setFocus();
     return {};

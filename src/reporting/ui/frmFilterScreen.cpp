@@ -60,6 +60,7 @@ frmFilterScreen::frmFilterScreen(const Entry &entry, QWidget *parent)
 {
     input::FormBuilder form(this);
     beginFields(form, entry.heading.toString(), entry.frame.toString());
+    // One dialog for twelve reports: the entry says which fields it has and what they come to.
     (this->*entry.build)(form);
     endFields(form);
 }

@@ -88,6 +88,8 @@ bool frmItemList::ShowGrid()
         }
         grid::GridModel &rows = grdList->rows();
         if (m_choice == Choice::Several)
+            // The query doesn't give this column; without a value a box would be neither ticked nor
+            // empty.
             rows.setAll(Ticked, false);
         for (const QString &name : {m_list.keyColumn, m_list.secondColumn})
             if (rows.hasColumn(name))
@@ -109,6 +111,7 @@ void frmItemList::grdList_Activated(int row)
 
 void frmItemList::cmdSelect_Click()
 {
+    // A box that was just ticked may still be in its editor.
     if (!grdList->finishEditing())
         return;
     base::trapped(Module, "cmdSelect_Click", [&] {
@@ -129,6 +132,7 @@ void frmItemList::cmdSelectForEqpUti_Click()
             base::showMessage(u"Please select one record."_s);
             return;
         }
+        // Only lists of machines are asked for a single row.
         m_result = base::toText(grdList->rows().value(grdList->currentRow(), u"UnitNo"));
         unload();
     });

@@ -34,10 +34,12 @@ frmPartQuickFind::frmPartQuickFind(const QString &partID, QWidget *parent)
     , m_startPart(partID)
 {
     buildForm();
+    // Ahead of the rows, whose statement goes by the category and the box.
     loadLookupList(*cboPartCategory, LookupList::PartCategory);
     loadFields();
     chkInactive->setChecked(base::toText(GetOption(InactiveOption, true)) == u"1");
     ShowGrid(m_startPart);
+    // Last: the stored layout is put on columns, which the first rows have brought.
     adoptGrid(grdParts, u"grdParts"_s);
 }
 
@@ -75,6 +77,7 @@ void frmPartQuickFind::buildForm()
                                IncrementalSearch::WithoutMatch::KeepRow);
     m_rows = new GradualRows(grdParts, this);
     m_search->setMayBegin([this] {
+        // A search among the first rows alone would stop at a wrong one.
         m_searchWaits = !m_rows->isComplete();
         return !m_searchWaits;
     });
@@ -113,6 +116,8 @@ void frmPartQuickFind::ShowGrid(const QString &partID)
         // A part to stand on may be the last one.
         m_rows->show(gcnData->OpenGradually(QueryString()), !partID.isEmpty());
         const int row = partID.isEmpty() ? -1 : grdParts->rows().findRow(u"PartID", partID);
+        // The part may have left the list by its category or its state; then the first one in view
+        // is it.
         grdParts->selectRow(row >= 0 ? row : grdParts->displayedOrder().value(0, -1));
     });
 }
@@ -125,6 +130,7 @@ QString frmPartQuickFind::currentPart() const
 
 void frmPartQuickFind::chkInactive_Click()
 {
+    // Kept for the workstation, as soon as it is chosen: also Cancel keeps it.
     SetOption(InactiveOption, flagText(chkInactive->isChecked()), true);
     ShowGrid(currentPart());
 }

@@ -66,6 +66,7 @@ void frmReportModify::buildForm()
     connect(cmdWizard, &QPushButton::clicked, this, &frmReportModify::cmdWizard_Click);
     connect(cmdUpdate, &QPushButton::clicked, this, &frmReportModify::cmdUpdate_Click);
     connect(cmdExit, &QPushButton::clicked, this, &frmReportModify::reject);
+    // Of the window: the sheet, the attributes and the tree all save by it.
     auto *save = new QShortcut(QKeySequence::Save, this);
     connect(save, &QShortcut::activated, this, &frmReportModify::cmdUpdate_Click);
 
@@ -91,6 +92,7 @@ void frmReportModify::CreateNewReport()
         m_kind = Kind::NewReport;
         m_path.clear();
         m_key.clear();
+        // Nothing is known of a file: any that has the name by then belongs to somebody else.
         m_known.clear();
         open(report::emptyLayout());
         showModal();
@@ -105,6 +107,8 @@ void frmReportModify::ShowReport(const QString &path, const QString &key)
         m_key = key;
         // A delivered layout is read from its folder but saved beside it, as the customer's copy.
         m_path = ownreports::savePath(m_kind, QFileInfo(path).fileName());
+        // Noted ahead of reading: what another workstation saves in between is asked about later
+        // rather than lost.
         m_known = ownreports::versionOf(m_path);
         if (const std::optional<report::Layout> layout = layoutAt(path)) {
             open(*layout);
@@ -168,6 +172,7 @@ QString frmReportModify::draftKey() const
 void frmReportModify::offerDraft()
 {
     const std::optional<drafts::Draft> draft = drafts::find(draftKey());
+    // The work was saved after all, and only the draft was left behind.
     if (!draft || draft->layout == CRDesignerCtrl1->layout())
         return;
     if (!base::askYesNo(
@@ -176,6 +181,7 @@ void frmReportModify::offerDraft()
         return;
     // What somebody has saved since is asked about when this is saved.
     m_known = draft->base;
+    // As a change, so that the user can go back to what stands in the file.
     CRDesignerCtrl1->replaceLayout(u"Draft"_s, draft->layout);
 }
 
@@ -190,6 +196,7 @@ void frmReportModify::keepDraft()
 /// Moves don't ask the database: the fields are read anew only when the query has changed.
 void frmReportModify::layoutChanged()
 {
+    // Begins anew with each change: nothing is written in the middle of a drag.
     m_draft.start();
     if (CRDesignerCtrl1->layout().query != m_shownQuery)
         refreshFields();
@@ -305,11 +312,13 @@ bool frmReportModify::cmdUpdate_Click()
 {
     return base::trapped(Module, "cmdUpdate_Click", false, [this] {
         CRDesignerCtrl1->finishEditing();
+        // The draft of a new report stands under another key than the one it has once it is named.
         const QString former = draftKey();
         const bool needsName = mode() == Mode::Add && m_path.isEmpty();
         const QString path = needsName ? ownreports::savePath(m_kind, askedFileName()) : m_path;
         report::Layout layout = CRDesignerCtrl1->layout();
         const QString name = QFileInfo(path).completeBaseName();
+        // In the copy that is saved alone; the design would count as changed.
         if (layout.name.isEmpty())
             layout.name = name;
         if (layout.title.isEmpty())
@@ -340,7 +349,9 @@ bool frmReportModify::mayClose()
                                               .buttons = base::Prompts::Buttons::YesNoCancel,
                                               .title = {}});
     if (answer == Yes)
+        // A save that failed, or that the user did not want after all, leaves the designer open.
         return cmdUpdate_Click();
+    // Given up by intent; after Cancel, or a crash, the draft is what is left of the work.
     if (answer == No)
         drafts::drop(draftKey());
     return answer == No;

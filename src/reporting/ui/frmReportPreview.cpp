@@ -35,5 +35,6 @@ void frmReportPreview::show(const report::Layout &layout,
                             const report::Inputs &inputs)
 {
     CRViewerReport->setReport(layout, std::move(rows), inputs);
+    // As on paper: what fits the window would make forms of one page unreadable on small screens.
     CRViewerReport->setZoom(100);
 }

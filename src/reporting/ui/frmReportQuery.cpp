@@ -205,6 +205,7 @@ void frmReportQuery::tabChanged(int tab)
         const QString problem =
             query.sources.isEmpty() ? QString() : reportquery::problemOf(query, m_tables);
         if (!problem.isEmpty()) {
+            // Back ahead of the message: else the text would be on show behind it, empty.
             tabQuery->setCurrentIndex(PickTab);
             base::showMessage(problem);
             return;
@@ -213,6 +214,8 @@ void frmReportQuery::tabChanged(int tab)
                                                        : reportquery::textOf(query, m_tables));
         m_isText = true;
     } else if (tab == PickTab && m_isText) {
+        // Read again each time: what the user has written may have become something that can be
+        // picked.
         const QString text = txtQuery->toPlainText().trimmed();
         const auto picked = reportquery::read(text, m_tables);
         if (picked || text.isEmpty()) {
@@ -276,6 +279,7 @@ bool frmReportQuery::hasNames(grid::GridView *entries)
 {
     QSet<QString> names;
     for (const int row : entries->displayedOrder()) {
+        // Expressions read names in any case.
         const QString name = textAt(entries->rows(), row, Name).toLower();
         if (!name.isEmpty() && !names.contains(name)) {
             names.insert(name);
@@ -310,6 +314,7 @@ bool frmReportQuery::canRead(const report::Layout &layout) const
     try {
         for (const report::Parameter &parameter : layout.parameters) {
             what = u"The list of \"%1\" can't be read."_s.arg(parameter.name);
+            // A list has no parameters to ask by: it is read before any question is.
             report::Layout list;
             list.query = parameter.list;
             if (!list.query.isEmpty())
@@ -317,6 +322,7 @@ bool frmReportQuery::canRead(const report::Layout &layout) const
         }
         for (const report::RowSet &set : layout.rowSets) {
             what = u"The rows \"%1\" can't be read."_s.arg(set.name);
+            // Further rows may ask by the report's parameters, so they are tried with them.
             report::Layout further = layout;
             further.query = set.query;
             if (ownreports::firstRows(further, 1).columnIndex(set.key) < 0)

@@ -58,6 +58,7 @@ std::optional<catalogue::Request> frmScanHistory::request() const
             .scanned = m_range.dates(), .units = txtSHUnitNo->text(), .byTime = byTime});
     const filters::NotScanned asked{
         .today = base::today(), .days = txtNoofdays->text(), .byTime = byTime};
+    // Empty stands for the usual number of days; only a zero that was typed asks for nothing.
     if (filters::daysBack(asked) > 0)
         return filters::request(asked);
     base::showMessage(u"Please enter the value greater than 0 in last no of days field."_s);

@@ -36,6 +36,7 @@ filters::HistoryGroup frmServiceHistory::group() const
 /// One grouping leaves the other out, and each has the values of its own.
 void frmServiceHistory::enableFields()
 {
+    // Two boxes and no options: none of them is a choice too, the list by machines.
     chkgrouponsite->setEnabled(!chkgrouponCrew->isChecked());
     chkgrouponCrew->setEnabled(!chkgrouponsite->isChecked());
     setUsable(txtSite, group() == filters::HistoryGroup::Site);

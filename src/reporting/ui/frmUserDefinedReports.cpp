@@ -95,6 +95,7 @@ void frmUserDefinedReports::ShowGrid()
             rows.insertRow({{Name.toString(), entry.name}});
             m_paths.append(entry.path);
         }
+        // One is always chosen, so that Enter opens something.
         grdReports->selectRow(m_paths.isEmpty() ? -1 : 0);
         EnableControls();
         grdReports->setFocus();
@@ -115,6 +116,7 @@ void frmUserDefinedReports::cmdViewReport_Click()
 
 void frmUserDefinedReports::cmdAdd_Click()
 {
+    // Not the path of a file: whoever opened the list makes a new report then.
     m_result = AddNew.toString();
     unload();
 }

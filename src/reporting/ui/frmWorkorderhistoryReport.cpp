@@ -17,6 +17,8 @@ frmWorkorderhistoryReport::frmWorkorderhistoryReport(QWidget *parent)
     txtSHUnitNo =
         valueField(form, {u"txtSHUnitNo"_s, u"&Unit #"_s, u"cmdSHUnitNo"_s, picklists::units()});
     txtWo = typedField(form, {u"txtWo"_s, u"&Work Order #"_s, u"Examples: Blank = 1, 21, 1-11"_s});
+    // Numbers, parted by commas, and ranges of them: the text becomes part of the clause by way of
+    // a reader that takes nothing else.
     input::restrictTo(txtWo, input::TypeCheck::Int, u",-"_s);
     optsummary = options(form, u"Report"_s,
                          {{u"optdetail"_s, u"By &Detail Work Order"_s},

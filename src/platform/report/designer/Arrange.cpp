@@ -24,6 +24,7 @@ Length nearEdge(const Object &object, Direction direction)
     return direction == Direction::Across ? frame.x() : frame.y();
 }
 
+/// Moves by a difference, since a line's own corner may be another one than that of its frame.
 void moveTo(Object &object, Direction direction, Length edge)
 {
     (direction == Direction::Across ? object.x : object.y) += edge - nearEdge(object, direction);
@@ -88,6 +89,8 @@ void distribute(Layout &layout, const Selection &selection, Direction direction)
         taken += farEdge(*object, direction) - nearEdge(*object, direction);
     // Each place is worked out from the first edge, so that no rounding adds up.
     const Length start = nearEdge(*objects.first(), direction);
+    // The first and the last one stay; frames that overlap give gaps below zero, which works the
+    // same.
     const Length room = farEdge(*objects.last(), direction) - start - taken;
     const auto gaps = objects.size() - 1;
     Length used = 0;
@@ -122,6 +125,7 @@ void moveBy(Layout &layout, const QList<Place> &places, QPoint by)
 void growBy(Layout &layout, const QList<Place> &places, QPoint by)
 {
     forEach(layout, places, [&](Object &object) {
+        // Only a line may turn round: a frame of less than nothing can't be written.
         const bool isLine = object.kind == ObjectKind::Line;
         object.width = isLine ? object.width + by.x() : qMax(0, object.width + by.x());
         object.height = isLine ? object.height + by.y() : qMax(0, object.height + by.y());
@@ -136,6 +140,7 @@ QRect dragged(const QRect &frame, const Edges &edges, QPoint by)
     int top = frame.y();
     int right = frame.x() + frame.width();
     int bottom = frame.y() + frame.height();
+    // An edge stops at its opposite, so that no frame turns inside out under the pointer.
     if (edges.left)
         left = qMin(left + by.x(), right);
     if (edges.right)
@@ -150,6 +155,7 @@ QRect dragged(const QRect &frame, const Edges &edges, QPoint by)
 void fitInto(Object &object, const QRect &from, const QRect &to)
 {
     const auto scaled = [](Length value, Length oldSize, Length newSize) {
+        // In 64 bits: a length of metres times another one is more than an int holds.
         return oldSize == 0 ? value
                             : static_cast<Length>(static_cast<qint64>(value) * newSize / oldSize);
     };

@@ -27,6 +27,7 @@ void CanvasGeometry::set(const Layout &layout, double pixelsPerUnit)
     for (const Band &band : layout.bands) {
         m_tops.append(y);
         m_heights.append(pixels(band.height));
+        // A band of no height still has to be seen, named and dropped into.
         m_slots.append(qMax(LeastSlot, m_heights.last()));
         y += m_slots.last() + BarHeight;
     }
@@ -53,6 +54,7 @@ int CanvasGeometry::bandAt(int y) const
     for (int band = 0; band < m_tops.size(); ++band)
         if (y < m_tops[band] + m_slots[band] + BarHeight)
             return band;
+    // What is dropped below the last band means that one.
     return bandCount() - 1;
 }
 
@@ -79,6 +81,8 @@ QPoint CanvasGeometry::fromBand(int band, QPoint units) const
 
 QRect CanvasGeometry::fromBand(int band, const QRect &units) const
 {
+    // Both corners are rounded, not a corner and the size: frames that touch on paper touch here
+    // too.
     const QPoint from = fromBand(band, units.topLeft());
     const QPoint to = fromBand(band, QPoint(units.x() + units.width(), units.y() + units.height()));
     return {from, QSize(to.x() - from.x(), to.y() - from.y())};
@@ -92,6 +96,7 @@ int CanvasGeometry::toUnits(int pixels) const
 std::optional<Place> objectAt(const Layout &layout, const CanvasGeometry &geometry, QPoint pixels)
 {
     // An object may reach beyond its band, so those of all bands are asked.
+    // What is drawn last lies above the others and is hit first.
     for (int band = static_cast<int>(layout.bands.size()) - 1; band >= 0; --band) {
         const QList<Object> &objects = layout.bands[band].objects;
         for (int object = static_cast<int>(objects.size()) - 1; object >= 0; --object) {
@@ -134,6 +139,8 @@ QList<Handle> handlesOf(const QRect &frame)
     const bool isWide = frame.width() > 2 * HandlePixels;
     const bool isHigh = frame.height() > 2 * HandlePixels;
     QList<Handle> handles;
+    // The corners come first: where handles lie over each other, the first one that is hit is
+    // taken.
     if (isWide == isHigh) {
         handles.append({at(right, bottom), {false, false, true, true}});
         handles.append({at(left, top), {true, true, false, false}});

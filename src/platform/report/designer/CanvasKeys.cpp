@@ -32,6 +32,7 @@ QPoint directionOf(int key)
     }
 }
 
+/// In the order of the file, which is the order in which Tab goes and in which objects are drawn.
 QList<Place> allPlaces(const Layout &layout)
 {
     QList<Place> places;
@@ -129,6 +130,8 @@ bool DesignCanvas::focusNextPrevChild(bool next)
     const Selection &selection = m_document.selection();
     const auto at = selection.objects.isEmpty() ? -1 : all.indexOf(selection.lead);
     const bool hasNeighbour = next ? at + 1 < all.size() : at > 0;
+    // A child, such as the editor in place, hands its Tab on to here; it leaves the canvas then
+    // instead of choosing.
     if (!hasFocus() || !hasNeighbour)
         return QAbstractScrollArea::focusNextPrevChild(next);
     m_document.select(Selection::of({all[next ? at + 1 : at - 1]}));
@@ -159,6 +162,7 @@ void DesignCanvas::insert(ObjectKind kind)
     Q_EMIT insertingChanged();
 }
 
+/// What Enter does after a kind was chosen.
 /// Without a mouse it goes to the right of what is selected, else to the band's corner.
 void DesignCanvas::insertByKey()
 {
@@ -170,6 +174,7 @@ void DesignCanvas::insertByKey()
         const QRect lead = frameOf(m_document.object(selection.lead));
         at = {lead.x() + lead.width(), lead.y()};
     }
+    // The kind is forgotten ahead of the change, whose signals make the actions ask for it.
     const Object object = newObject(*m_inserting, at);
     m_inserting.reset();
     Q_EMIT insertingChanged();
@@ -189,6 +194,8 @@ void DesignCanvas::editInPlace()
         return;
     }
     finishEditing(true);
+    // Words that are still being written belong to another object, and taking them changes the
+    // layout: so this one is looked up only now.
     const Object &object = m_document.object(selection.lead);
     const QRect frame =
         m_geometry.fromBand(selection.lead.band, frameOf(object)).translated(-scrolled());
@@ -198,6 +205,7 @@ void DesignCanvas::editInPlace()
     m_editor->setTabChangesFocus(true);
     m_editor->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_editor->setGeometry(
+        // A frame that is small on paper, or at this zoom, still gives room to write in.
         frame.adjusted(-2, -2, 2, 2).united(QRect(frame.topLeft() - QPoint(2, 2), QSize(220, 30))));
     m_editor->installEventFilter(this);
     m_editor->selectAll();
@@ -210,6 +218,8 @@ bool DesignCanvas::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched != m_editor || !m_editor)
         return QAbstractScrollArea::eventFilter(watched, event);
+    // The override has to be accepted too: else Enter and Escape would go to the window's default
+    // button and to the actions before they come here as keys.
     if (event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride) {
         const auto *key = static_cast<QKeyEvent *>(event);
         const bool isReturn = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
@@ -234,6 +244,7 @@ void DesignCanvas::finishEditing(bool isTaken)
     if (!m_editor)
         return;
     QPlainTextEdit *editor = std::exchange(m_editor, nullptr);
+    // Hiding takes the focus away, which would end the editing a second time.
     editor->removeEventFilter(this);
     const QString words = editor->toPlainText();
     editor->hide();
@@ -256,6 +267,7 @@ void DesignCanvas::contextMenuEvent(QContextMenuEvent *event)
         Q_EMIT menuAsked(event->globalPos());
         return;
     }
+    // The menu key has no place of its own: the menu opens in the band that is meant.
     const int band = qMax(0, targetBand());
     Q_EMIT menuAsked(viewport()->mapToGlobal(
         m_geometry.bandCount() > 0 ? toViewport(band, QPoint(500, 200)) : QPoint(20, 20)));

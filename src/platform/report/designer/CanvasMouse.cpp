@@ -60,6 +60,8 @@ QString millimetres(Length length)
 
 void DesignCanvas::mousePressEvent(QMouseEvent *event)
 {
+    // The words in place belong to what was selected so far, so they are taken ahead of a new
+    // selection.
     finishEditing(true);
     if (event->button() == Qt::LeftButton)
         pressAt(contentPoint(event->position().toPoint()), event->modifiers());
@@ -76,6 +78,7 @@ void DesignCanvas::pressAt(QPoint content, Qt::KeyboardModifiers modifiers)
         m_action = Action::Insert;
         return;
     }
+    // Handles reach beyond the frame and over neighbours, so they come before what lies below them.
     if (!selection.objects.isEmpty()) {
         const QRect lead =
             m_geometry.fromBand(selection.lead.band, frameOf(m_document.object(selection.lead)));
@@ -125,6 +128,7 @@ void DesignCanvas::pressEmpty(QPoint content, Qt::KeyboardModifiers modifiers)
     }
     m_action = Action::Rubber;
     if (!(modifiers & (Qt::ControlModifier | Qt::ShiftModifier)) && m_bandPressed >= 0)
+        // With Ctrl or Shift what the frame takes in is added, and so stays selected meanwhile.
         m_document.select(Selection::of(Selection::Part::Band, m_bandPressed));
 }
 
@@ -160,6 +164,7 @@ void DesignCanvas::dragTo(QPoint content, Qt::KeyboardModifiers modifiers)
     const QPoint by = m_now - m_pressed;
     const bool isSnapping = !(modifiers & Qt::AltModifier);
     if (m_action == Action::Press &&
+        // A click with an unsteady hand moves nothing.
         by.manhattanLength() >= QApplication::startDragDistance() / 2 &&
         !m_document.selection().objects.isEmpty())
         m_action = Action::Drag;
@@ -207,6 +212,7 @@ SnapLines DesignCanvas::linesFor(const QList<Place> &moved, int band) const
             if (at == band)
                 own.append(frame);
         }
+    // The margins and the band's own edges count like those of a frame.
     const QRect page(0, 0, layout.page.innerWidth(), layout.bands[band].height);
     all.append(page);
     own.append(page);
@@ -269,6 +275,7 @@ void DesignCanvas::resizeObjects(QPoint by, bool isSnapping)
                : far ? std::optional(start + size + moved)
                      : std::nullopt;
     };
+    // A copy for the change, which is carried out once more when the drag ends.
     const Edges edges = m_edges;
     const Snapped snapped =
         snapEdges(edge(edges.left, edges.right, frame.x(), frame.width(), way.x()),
@@ -348,6 +355,7 @@ void DesignCanvas::mouseReleaseEvent(QMouseEvent *event)
 void DesignCanvas::endRubber(Qt::KeyboardModifiers modifiers)
 {
     const QRect rubber = QRect(m_pressed, m_now).normalized();
+    // A click on empty ground has selected the band already.
     if (rubber.width() < LeastDrawn && rubber.height() < LeastDrawn)
         return;
     QList<Place> places = objectsIn(m_document.layout(), m_geometry, rubber);
@@ -362,11 +370,13 @@ void DesignCanvas::insertFrame(const QRect &content)
     const int band = m_geometry.bandAt(content.top());
     if (!m_inserting || band < 0)
         return;
+    // The corner comes to rest as it does in a drag; the size is drawn by hand.
     const SnapRules rules = snapRules(true);
     const QPoint corner = m_geometry.toBand(band, content.topLeft());
     const Snapped snapped = snapMove(QRect(corner, QSize(0, 0)), linesFor({}, band), rules);
     Object object = newObject(*m_inserting, corner + snapped.by);
     object.y = qMax(0, object.y);
+    // A mere click gives an object of the usual size.
     const bool isDrawn = content.width() >= LeastDrawn || content.height() >= LeastDrawn;
     if (isDrawn) {
         const bool isFlat = object.kind == ObjectKind::Line &&

@@ -44,6 +44,8 @@ Steps stepsFor(double scale, bool inInches)
 void paintMarks(QPainter &painter, const QRect &area, double origin, int end, double scale,
                 bool isUpright, bool inInches)
 {
+    // Marks are counted from the origin and each is rounded by itself, so that no error adds up
+    // along a long sheet.
     const Steps steps = stepsFor(scale, inInches);
     const double small = steps.unit / steps.parts * scale;
     const int first =
@@ -59,6 +61,7 @@ void paintMarks(QPainter &painter, const QRect &area, double origin, int end, do
             painter.drawLine(area.right() - length, at, area.right(), at);
         else
             painter.drawLine(at, area.bottom() - length, at, area.bottom());
+        // The upright zero would stand in the band above.
         if (!isNumbered || (isUpright && mark == 0))
             continue;
         const int numbered = mark / steps.parts;
@@ -107,6 +110,7 @@ void Ruler::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.fillRect(rect(), theme::panelColor());
     const CanvasGeometry &geometry = m_canvas.geometry();
+    // The ruler begins above the strip of names, the sheet beside it.
     const int shift = BandStrip::Width - m_canvas.horizontalScrollBar()->value();
     const QRect inner(geometry.originX() + shift, 0, geometry.innerRight() - geometry.originX(),
                       height());
@@ -153,6 +157,7 @@ void BandStrip::paintEvent(QPaintEvent *)
     for (int band = 0; band < geometry.bandCount(); ++band) {
         const QRect slot = geometry.slotRect(band).translated(0, -shift);
         const QRect bar = geometry.barRect(band).translated(0, -shift);
+        // A layout may have hundreds of bands, few of which are in view.
         if (bar.bottom() < 0 || slot.top() > height())
             continue;
         const QRect own(0, slot.top(), width(), slot.height());
@@ -209,6 +214,7 @@ void BandStrip::mousePressEvent(QMouseEvent *event)
 {
     const QPoint content(0,
                          event->position().toPoint().y() + m_canvas.verticalScrollBar()->value());
+    // Keys go on with the band that was clicked.
     m_canvas.setFocus();
     if (const int bar = m_canvas.geometry().barAt(content.y()); bar >= 0) {
         m_canvas.beginHeight(bar, content);
@@ -228,6 +234,7 @@ void BandStrip::mouseMoveEvent(QMouseEvent *event)
 
 void BandStrip::mouseReleaseEvent(QMouseEvent *)
 {
+    // The height that was drawn here is one of the canvas's own drags.
     m_canvas.commit();
 }
 

@@ -57,6 +57,7 @@ DesignCanvas::DesignCanvas(DesignDocument &document, QWidget *parent)
 
 void DesignCanvas::refresh()
 {
+    // The words in place were those of the layout before; whoever changes it has taken them first.
     finishEditing(false);
     m_action = Action::None;
     m_guides.clear();
@@ -76,6 +77,7 @@ void DesignCanvas::setZoom(int percent)
         return;
     // What is in the middle stays there.
     const int middle = verticalScrollBar()->value() + viewport()->height() / 2;
+    // As a share of the whole: gaps and bars between bands keep their pixels at each zoom.
     const double share = static_cast<double>(middle) / qMax(1, m_geometry.size().height());
     m_zoom = zoom;
     refresh();
@@ -90,6 +92,7 @@ void DesignCanvas::zoomToWidth()
     // Also beside a scroll bar that isn't there yet.
     const int bar = verticalScrollBar()->isVisible() ? 0 : verticalScrollBar()->sizeHint().width();
     const int room = viewport()->width() - 2 * CanvasGeometry::Edge - bar;
+    // Rounded down, so that no bar appears that would take its own width away again.
     setZoom(static_cast<int>(100 * room / pixels));
     horizontalScrollBar()->setValue(0);
 }
@@ -246,6 +249,7 @@ void DesignCanvas::paintEmptyHint(QPainter &painter)
 
 void DesignCanvas::paintBand(QPainter &painter, int band, const QRect &visible)
 {
+    // Under the objects, which it must not cross.
     if (m_showsGrid)
         paintGrid(painter, band, visible);
     painter.save();
@@ -253,6 +257,8 @@ void DesignCanvas::paintBand(QPainter &painter, int band, const QRect &visible)
     painter.scale(m_geometry.scale(), m_geometry.scale());
     paintObjects(painter, m_shown, band);
     painter.restore();
+    // Frames are in pixels of the screen and not of the page, so they keep their width at each
+    // zoom.
     paintFrames(painter, band);
 }
 
@@ -263,6 +269,7 @@ void DesignCanvas::paintObjects(QPainter &painter, const Layout &layout, int ban
     Page page;
     const QList<Object> &objects = layout.bands[band].objects;
     for (int object = 0; object < objects.size(); ++object)
+        // What is drawn is what the page will print, made once for each object and only moved here.
         for (PageItem item : m_items.itemsOf(layout, band, object)) {
             movePageItem(item, {objects[object].x, objects[object].y});
             page.items.append(std::move(item));
@@ -274,12 +281,14 @@ void DesignCanvas::paintGrid(QPainter &painter, int band, const QRect &visible)
 {
     constexpr int LeastPixels = 8;
     int step = GridUnits;
+    // Points that stand closer would turn the sheet grey.
     while (step * m_geometry.scale() < LeastPixels)
         step *= 2;
     const QRect seen = m_geometry.bandRect(band).intersected(visible);
     const QPoint start = m_geometry.toBand(band, {m_geometry.originX(), seen.top()});
     const QPoint end = m_geometry.toBand(band, {m_geometry.innerRight(), seen.bottom()});
     QList<QPoint> points;
+    // Only what is in view: a tall band has many thousands of points.
     for (int y = start.y() / step * step; y <= end.y(); y += step)
         for (int x = 0; x <= end.x(); x += step)
             points.append(m_geometry.fromBand(band, QPoint(x, y)));
@@ -316,6 +325,7 @@ void DesignCanvas::paintSelection(QPainter &painter)
         return m_geometry.fromBand(place.band,
                                    frameOf(m_shown.bands[place.band].objects[place.object]));
     };
+    // Left on by the objects; handles have to be sharp.
     painter.setRenderHint(QPainter::Antialiasing, false);
     for (const Place &place : selection.objects) {
         const QRect frame = frameAt(place);
@@ -356,6 +366,8 @@ void DesignCanvas::preview(const QString &name, DesignDocument::Change change)
     m_pending = std::move(change);
     m_shown = m_document.layout();
     m_shownSelection = m_document.selection();
+    // A drag is shown in a copy, so that Escape leaves the document as it was and only its end is a
+    // change to undo.
     m_pending(m_shown, m_shownSelection);
     // The bands stay where they are under the pointer, unless it is their height that is drawn.
     if (m_action == Action::Height)
@@ -371,7 +383,10 @@ void DesignCanvas::commit()
     m_action = Action::None;
     m_guides.clear();
     if (pending) {
+        // Two drags after each other are two changes, though they bear one name.
         m_document.endSeries();
+        // What ended where it began changes nothing, and so nothing tells the canvas to show the
+        // document again.
         if (!m_document.change(name, pending))
             refresh();
     }

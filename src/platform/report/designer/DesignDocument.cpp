@@ -35,12 +35,15 @@ public:
         m_diff.undo(layout);
         m_document.take(layout, m_before);
     }
+    // Only steps with a key may be merged; the stack never asks those that have -1.
     [[nodiscard]] int id() const override { return m_key == 0 ? -1 : m_key; }
     bool mergeWith(const QUndoCommand *later) override
     {
         const auto *other = dynamic_cast<const LayoutCommand *>(later);
         if (!other || other->m_series != m_series)
             return false;
+        // The stack has done the later step already: both are taken back from what is there now,
+        // and what differs then is the whole way.
         Layout before = m_document.layout();
         other->m_diff.undo(before);
         m_diff.undo(before);
@@ -74,6 +77,8 @@ void DesignDocument::setLayout(const Layout &layout)
 
 bool DesignDocument::change(const QString &name, const Change &change, int key)
 {
+    // The change works on a copy, which shares all lists that it leaves alone; normalising keeps
+    // them shared.
     Layout changed = m_layout;
     Selection selection = m_selection;
     change(changed, selection);
@@ -93,6 +98,8 @@ void DesignDocument::select(const Selection &selection)
     Selection there = existing(selection);
     if (there == m_selection)
         return;
+    // Steps by key before and after another object was chosen are not one change, even where they
+    // bear the same key.
     endSeries();
     m_selection = std::move(there);
     Q_EMIT selectionChanged();
@@ -101,6 +108,8 @@ void DesignDocument::select(const Selection &selection)
 void DesignDocument::take(const Layout &layout, const Selection &selection)
 {
     m_layout = layout;
+    // The layout is told ahead of the selection: whoever hears of a selection may look its objects
+    // up.
     const Selection former = m_selection;
     m_selection = existing(selection);
     Q_EMIT layoutChanged();
@@ -140,6 +149,7 @@ Selection DesignDocument::existing(Selection selection) const
         isThere = has(m_layout.styles.size());
         break;
     case Selection::Part::Objects: {
+        // Undo may take away what is selected, and so may another part's rename.
         const auto isGone = [&](Place place) {
             return place.band < 0 || place.band >= m_layout.bands.size() || place.object < 0 ||
                    place.object >= m_layout.bands[place.band].objects.size();

@@ -9,6 +9,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// Nothing has a value while a report is designed: expressions are shown as they are written.
 class NoNames final : public EvaluationContext
 {
 public:
@@ -61,6 +62,8 @@ public:
     [[nodiscard]] QVariant value(int, int) const override { return {}; }
 };
 
+/// Words with their braces doubled, so that the expressions between them are shown and not worked
+/// out.
 QString literal(QString text)
 {
     return text.replace(u'{', u"{{"_s);
@@ -110,6 +113,7 @@ Object shownInDesign(Object object)
 
 const QList<PageItem> &DesignItems::itemsOf(const Layout &layout, int band, int object)
 {
+    // An object says only the name of its picture; a changed picture shows in nothing else of it.
     if (layout.pictures != m_pictures) {
         m_made.clear();
         m_pictures = layout.pictures;
@@ -122,6 +126,7 @@ const QList<PageItem> &DesignItems::itemsOf(const Layout &layout, int band, int 
         m_made[bandIndex].resize(objectIndex + 1);
     Made &made = m_made[bandIndex][objectIndex];
     Object atCorner = layout.bands[band].objects[object];
+    // Made at the corner and moved when drawn: a drag makes nothing anew.
     atCorner.x = atCorner.y = 0;
     if (!made.isMade || made.object != atCorner) {
         made.items = make(layout, atCorner);

@@ -23,6 +23,7 @@ void followIfThere(const Layout &layout, Object &object, QStringView style)
         followStyle(layout, object, style.toString());
 }
 
+/// Of several bands of a kind the last one stands right above the details, where headings belong.
 int lastBandOf(const Layout &layout, BandKind kind)
 {
     for (int band = static_cast<int>(layout.bands.size()) - 1; band >= 0; --band)
@@ -49,6 +50,7 @@ Object headingOf(const Layout &layout, const Band &header, const Object &field,
                  const QString &caption)
 {
     Object heading = newObject(ObjectKind::Text, {field.x, 0});
+    // A caption of the customer's may hold a brace, which begins an expression in a text.
     heading.content = QString(caption).replace(u'{', u"{{"_s);
     heading.width = field.width;
     heading.style.align = field.style.align;
@@ -73,6 +75,7 @@ QList<Place> addTotal(Layout &layout, int band, const Object &field)
     Object total = field;
     total.content = u"sum(%1)"_s.arg(field.content);
     total.name.clear();
+    // What was said of single rows means nothing for their sum.
     total.visibleIf.clear();
     total.conditionalStyles.clear();
     total.canGrow = total.hideRepeated = false;
@@ -83,6 +86,7 @@ QList<Place> addTotal(Layout &layout, int band, const Object &field)
                other.content.compare(total.content, Qt::CaseInsensitive) == 0;
     };
     const QList<Object> &there = layout.bands[band].objects;
+    // Asking for totals twice gives them once.
     return std::any_of(there.cbegin(), there.cend(), isIt) ? QList<Place>()
                                                            : addObjects(layout, band, {total});
 }
@@ -91,6 +95,7 @@ QList<Place> addTotal(Layout &layout, int band, const Object &field)
 
 QString fieldExpression(const QString &name)
 {
+    // What begins with a digit would be read as a number.
     const bool isPlain = !name.isEmpty() && !name.front().isDigit() &&
                          std::all_of(name.cbegin(), name.cend(),
                                      [](QChar c) { return c.isLetterOrNumber() || c == u'_'; });
@@ -130,6 +135,7 @@ QList<Place> addField(Layout &layout, int band, const DesignField &field, QPoint
     object.content = fieldExpression(field.name);
     object.width = usualWidth(field.type);
     object.format = usualFormat(field.type);
+    // Only texts are longer than a column by nature; a number that wraps is misread.
     object.canGrow = field.type == FieldType::Text;
     if (field.type == FieldType::Number)
         object.style.align = Align::Right;
@@ -143,6 +149,7 @@ QList<Place> addField(Layout &layout, int band, const DesignField &field, QPoint
         Band made;
         made.kind = BandKind::PageHeader;
         header = addBand(layout, made);
+        // The new band stands above and has moved the one that was meant.
         if (header <= band)
             ++band;
     }
@@ -187,6 +194,7 @@ QList<Place> columnOf(const Layout &layout, Place place)
     for (int band = 0; band < layout.bands.size(); ++band)
         for (int other = 0; other < layout.bands[band].objects.size(); ++other) {
             const Object &candidate = layout.bands[band].objects[other];
+            // Nothing in a layout says what a column is; what shares both edges looks like one.
             if (candidate.x == object.x && candidate.width == object.width)
                 column.append({band, other});
         }
@@ -195,6 +203,7 @@ QList<Place> columnOf(const Layout &layout, Place place)
 
 Length makeRoom(Layout &layout, int band, Length width)
 {
+    // A copy, by which widths are compared while those in the layout change.
     const QList<Object> objects = layout.bands[band].objects;
     const auto right = [](const Object &object) { return object.x + object.width; };
     Length end = 0;
@@ -209,6 +218,7 @@ Length makeRoom(Layout &layout, int band, Length width)
     const Length missing = end + width - layout.page.innerWidth();
     if (missing <= 0)
         return end;
+    // Better beyond the margin, where the user sees it, than a column in which nothing can be read.
     if (widest < 0 || objects[widest].width - missing < LeastColumn)
         return 0;
     const Length edge = right(objects[widest]);
@@ -232,6 +242,7 @@ Length makeRoom(Layout &layout, int band, Length width)
         }
     for (const Place &place : std::as_const(narrowed))
         layout.bands[place.band].objects[place.object].width -= missing;
+    // Two objects of a column find each other, so each place may stand there twice.
     QList<Place> done;
     for (const Place &place : std::as_const(moved)) {
         if (done.contains(place))
@@ -265,6 +276,7 @@ QList<DesignField> fieldsOf(const QByteArray &bytes)
         DesignField field;
         qint32 type = 0;
         stream >> field.table >> field.name >> field.caption >> type >> field.isInQuery;
+        // The bytes may come from any program that offers this kind of data.
         if (stream.status() != QDataStream::Ok || type < 0 ||
             type > static_cast<qint32>(FieldType::YesNo))
             return {};
@@ -278,6 +290,7 @@ QString storePicture(Layout &layout, const QString &fileName, const QByteArray &
 {
     QStringList taken;
     for (const StoredPicture &picture : std::as_const(layout.pictures)) {
+        // A logo that is put in twice is kept once.
         if (picture.data == data)
             return picture.name;
         taken.append(picture.name);

@@ -51,6 +51,7 @@ QList<NamedStyle> stylesOf(const Tones &tones)
             {house::Rule.toString(), textStyle(9, false, tones.second)}};
 }
 
+/// An object knows no list of what is its own: what differs from its style is.
 /// Takes the values of a style over in which a former one and the object agree.
 void follow(Style &own, const Style &former, const Style &now)
 {
@@ -129,6 +130,7 @@ void setNamedStyle(Layout &layout, const NamedStyle &style)
         layout.styles.append(style);
         return;
     }
+    // Noted before it is changed: by it an object's own values are told from followed ones.
     const Style former = layout.styles[index].style;
     layout.styles[index].style = style.style;
     for (Band &band : layout.bands)
@@ -171,11 +173,13 @@ void renameStyle(Layout &layout, int style, const QString &name)
 
 void assignHouseStyles(Layout &layout)
 {
+    // Styles of these names that the report has already are the user's and stay.
     for (const NamedStyle &style : looks().first().styles)
         if (layout.styleIndex(style.name) < 0)
             layout.styles.append(style);
     for (Band &band : layout.bands)
         for (Object &object : band.objects)
+            // What follows a style already was decided by somebody.
             if (object.styleName.isEmpty() &&
                 (object.kind == ObjectKind::Text || object.kind == ObjectKind::Field ||
                  object.kind == ObjectKind::Line))

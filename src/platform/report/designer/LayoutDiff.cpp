@@ -3,6 +3,7 @@
 namespace report {
 namespace {
 
+/// All but the bands: page, groups, formulas, styles. It is small beside them and kept whole.
 Layout headOf(const Layout &layout)
 {
     Layout head = layout;
@@ -31,6 +32,8 @@ LayoutDiff LayoutDiff::between(const Layout &from, const Layout &to)
     HeadDiff head{headOf(from), headOf(to)};
     if (head.before != head.after)
         diff.m_head = std::move(head);
+    // A band that is added, moved or changed itself: the bands are kept with all their objects,
+    // since numbers no longer stand for each other.
     if (!haveSameBands(from.bands, to.bands)) {
         diff.m_bands = ListDiff<Band>::between(from.bands, to.bands);
         return diff;
@@ -45,6 +48,7 @@ LayoutDiff LayoutDiff::between(const Layout &from, const Layout &to)
 void LayoutDiff::apply(Layout &layout, bool forward) const
 {
     if (m_head) {
+        // Bands are put aside, so that taking the head over doesn't copy them.
         QList<Band> bands = std::move(layout.bands);
         layout = forward ? m_head->after : m_head->before;
         layout.bands = std::move(bands);

@@ -27,6 +27,7 @@ QString clean(const QString &text)
     QString result;
     bool changed = false;
     for (qsizetype at = 0; at < text.size(); ++at) {
+        // Most texts have nothing to clean: they come back as they are, shared and not copied.
         if (isBad(text[at]) || isLone(at)) {
             if (!changed)
                 result = text.first(at);
@@ -65,6 +66,7 @@ Style normalised(Style style)
 {
     style.font.family = needed(style.font.family, Font().family);
     const double points = std::isfinite(style.font.points) ? style.font.points : Font().points;
+    // The file gives sizes in tenths of a point; a finer one would differ after it is read back.
     style.font.points = std::round(std::clamp(points, SmallestPoints, LargestPoints) * 10) / 10;
     style.color = style.color.isValid() ? plain(style.color) : QColor(Qt::black);
     style.fill = plain(style.fill);
@@ -75,6 +77,7 @@ Style normalised(Style style)
     return style;
 }
 
+/// A chart that the reader takes: it has a category and a series, whatever the user has emptied.
 Chart normalised(Chart chart)
 {
     chart.title = clean(chart.title);
@@ -90,6 +93,7 @@ Chart normalised(Chart chart)
         series.byFormat = clean(series.byFormat);
         series.color = plain(series.color);
     }
+    // A reader refuses a chart without one.
     if (chart.series.isEmpty())
         chart.series.append({{}, u"count(*)"_s, {}, {}, {}});
     return chart;
@@ -110,6 +114,7 @@ CrossTab normalised(CrossTab table)
 Object normalised(Object object, const Layout &layout)
 {
     object.name = clean(object.name);
+    // Its style was removed: the looks stay, as the object's own.
     if (layout.styleIndex(object.styleName) < 0)
         object.styleName.clear();
     object.x = inReach(object.x);
@@ -123,10 +128,13 @@ Object normalised(Object object, const Layout &layout)
     object.lineWidth = size(object.lineWidth);
     object.style = normalised(object.style);
     for (ConditionalStyle &rule : object.conditionalStyles) {
+        // A new rule that says nothing yet must mark nothing.
         rule.when = needed(rule.when, u"false"_s);
         rule.color = plain(rule.color);
         rule.fill = plain(rule.fill);
     }
+    // The file writes charts and tables only of those that are one; what another kind held would be
+    // lost by a save, and so is lost at once, where it can be undone.
     object.chart = object.kind == ObjectKind::Chart ? normalised(object.chart) : Chart();
     object.crossTab =
         object.kind == ObjectKind::CrossTab ? normalised(object.crossTab) : CrossTab();
@@ -150,6 +158,7 @@ void normalisePage(PageSetup &page)
     for (Length *margin : {&page.left, &page.top, &page.right, &page.bottom})
         *margin = size(*margin);
     const PageSetup usual;
+    // Margins that meet leave no room for anything: the usual ones are better than a refused file.
     if (page.innerWidth() <= 0)
         page.left = page.right = usual.left;
     if (page.innerHeight() <= 0)
@@ -183,6 +192,7 @@ void normaliseHead(Layout &layout)
         group.by = needed(group.by, u"true"_s);
     for (QString &by : layout.sort)
         by = clean(by).trimmed();
+    // An empty sort entry is how the user removes one by typing.
     layout.sort.removeAll(QString());
     nameApart(layout.formulas, u"Formula"_s);
     for (Formula &formula : layout.formulas)
@@ -210,6 +220,8 @@ Band normalised(Band band, const Layout &layout)
         band.rows.clear();
     for (qsizetype at = 0; at < band.objects.size(); ++at) {
         const Object &given = std::as_const(band.objects)[at];
+        // Written only where something differs, so that lists without a change stay shared with the
+        // layout before: a drag is shown many times a second.
         if (Object object = normalised(given, layout); object != given)
             band.objects[at] = std::move(object);
     }
@@ -223,10 +235,12 @@ std::pair<int, int> orderOf(const Band &band, const Layout &layout)
     if (isGroupBand(band.kind)) {
         within = layout.groupIndex(band.group);
         if (band.kind == BandKind::GroupFooter)
+            // Footers stand in the opposite order of their headers.
             within = -within;
     }
     int kind = static_cast<int>(band.kind);
     if (isSubBand(band.kind)) {
+        // Header, rows and footer of each set stay together, the sets in their order.
         within = 3 * layout.rowSetIndex(band.rows) + kind - static_cast<int>(BandKind::SubHeader);
         kind = static_cast<int>(BandKind::SubHeader);
     }
@@ -250,6 +264,7 @@ Layout normalised(Layout layout)
         return (isGroupBand(band.kind) && layout.groupIndex(band.group) < 0) ||
                (isSubBand(band.kind) && layout.rowSetIndex(band.rows) < 0);
     };
+    // Asked first: removing from the list would unshare it even when nothing goes.
     if (std::any_of(layout.bands.cbegin(), layout.bands.cend(), isHomeless))
         layout.bands.removeIf(isHomeless);
     for (qsizetype at = 0; at < layout.bands.size(); ++at) {

@@ -118,6 +118,7 @@ template<class Get, class Set>
 Property shared(const QList<const Object *> &objects, const Object &lead, Property property,
                 Get get, Set set)
 {
+    // The lead's value is shown and edited where they differ; the mark beside it says that they do.
     property.value = get(lead);
     property.isMixed = std::any_of(objects.cbegin(), objects.cend(), [&](const Object *object) {
         return get(*object) != property.value;

@@ -211,6 +211,7 @@ std::optional<Length> typedLength(const QString &text)
 {
     const QString trimmed = text.trimmed();
     bool isNumber = false;
+    // A number alone means millimetres, in which all lengths are shown.
     (void)trimmed.toDouble(&isNumber);
     return parseLength(isNumber ? trimmed + u"mm"_s : trimmed);
 }
@@ -233,6 +234,7 @@ QString shownValue(const Property &property)
         return color.isValid() ? color.name() : u"None"_s;
     }
     case P::Count:
+        // The file writes "as many as there are" as 0.
         return property.value.toInt() == 0 ? u"All"_s : property.value.toString();
     case P::Action:
         return {};

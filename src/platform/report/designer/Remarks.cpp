@@ -24,6 +24,7 @@ public:
     [[nodiscard]] int rowCount() const override { return 0; }
     [[nodiscard]] int fieldIndex(const QString &name) const override
     {
+        // Before the query has run nothing is known of its fields, so each name is taken.
         return m_names.isEmpty() || m_names.contains(name, Qt::CaseInsensitive) ? 0 : -1;
     }
     [[nodiscard]] QVariant value(int, int) const override { return {}; }
@@ -36,6 +37,7 @@ private:
 std::optional<Selection> partWith(const QList<std::pair<QString, Selection>> &texts,
                                   const QString &remark)
 {
+    // From the first to the last quote: an expression between them may hold quotes itself.
     const QString quoted = remark.section(u'"', 1, -2);
     for (const auto &[text, part] : texts)
         if (!quoted.isEmpty() && text.contains(quoted, Qt::CaseInsensitive))
@@ -50,6 +52,7 @@ Band bandOf(const Layout &layout, const Selection &place)
     if (const int index = place.band(); index >= 0 && index < layout.bands.size()) {
         band = layout.bands[index];
         band.objects.clear();
+        // Faults of the band itself are told at the band.
         band.printIf.clear();
     }
     return band;
@@ -69,6 +72,8 @@ Labelled labelled(const Layout &layout)
     for (int band = 0; band < layout.bands.size(); ++band)
         for (int object = 0; object < layout.bands[band].objects.size(); ++object) {
             Object &named = result.layout.bands[band].objects[object];
+            // Remarks name an object; one without a name gets one for the preview alone, by which
+            // it is found again.
             if (named.name.isEmpty()) {
                 named.name = freeName(
                     u"%1 in %2"_s.arg(objectTitle(named), bandName(layout.bands[band])), taken);
@@ -97,6 +102,7 @@ std::optional<Selection> partOf(const Labelled &layout, const QString &remark)
     QString longest;
     for (auto part = layout.parts.cbegin(); part != layout.parts.cend(); ++part) {
         const QString &label = part.key();
+        // One label may begin another one: the longest that fits is meant.
         if (label.size() > longest.size() && remark.contains(label) &&
             (remark.startsWith(label + u": "_s) || remark.startsWith(label + u" ("_s) ||
              remark.startsWith(u"The text of %1 "_s.arg(label))))

@@ -8,6 +8,7 @@ Selection Selection::of(QList<Place> places)
 {
     if (places.isEmpty())
         return {};
+    // The last one chosen leads, so it is noted before the places are put into their order.
     Selection selection{Part::Objects, -1, {}, places.last()};
     std::sort(places.begin(), places.end());
     places.erase(std::unique(places.begin(), places.end()), places.end());

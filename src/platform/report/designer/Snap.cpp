@@ -25,6 +25,7 @@ int wayToGrid(int edge, int grid)
 
 QList<int> edgesOf(int start, int size)
 {
+    // Middles count as edges do, so that things can be centred upon each other.
     return {start, start + size / 2, start + size};
 }
 
@@ -35,7 +36,10 @@ int snapAxis(const QList<int> &edges, const QList<int> &lines, const SnapRules &
     const std::optional<int> way =
         rules.reach > 0 ? wayToLine(edges, lines, rules.reach) : std::nullopt;
     if (!way)
+        // Another's edge wins over the grid; without one near, the left or upper edge goes to the
+        // grid.
         return wayToGrid(edges.first(), rules.grid);
+    // One way may bring several edges to rest; each shows its line.
     for (const int edge : edges) {
         const Guide guide{isUpright, edge + *way};
         if (lines.contains(guide.at) && !guides.contains(guide))
@@ -54,6 +58,7 @@ SnapLines snapLines(const QList<QRect> &frames)
         lines.down.append(edgesOf(frame.y(), frame.height()));
     }
     for (QList<int> *list : {&lines.across, &lines.down}) {
+        // Columns repeat in each band: without their doubles a move compares few lines.
         std::sort(list->begin(), list->end());
         list->erase(std::unique(list->begin(), list->end()), list->end());
     }

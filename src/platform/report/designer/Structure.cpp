@@ -55,19 +55,21 @@ Band groupBand(BandKind kind, const QString &group, const QString &content)
     return band;
 }
 
-template<class Named>
 /// A blank name leaves the former one, a taken one gets a number.
+template<class Named>
 void rename(QList<Named> &list, int index, const QString &name)
 {
     QStringList taken;
     for (int other = 0; other < list.size(); ++other)
+        // Its own name is free to it, also in other letters.
         if (other != index)
             taken.append(list[other].name);
     const QString wanted = name.trimmed();
     list[index].name = freeName(wanted.isEmpty() ? list[index].name : wanted, taken);
 }
 
-/// Changes every expression of a layout that an aggregate may stand in.
+/// Changes every expression of a layout that an aggregate may stand in. Words hold expressions
+/// between braces and are changed by a function of their own.
 template<class Change, class ChangeWords>
 void changeExpressions(Layout &layout, Change change, ChangeWords changeWords)
 {
@@ -195,6 +197,7 @@ int addBand(Layout &layout, Band band)
     // Putting it into the order moves it behind the last of its place.
     layout = normalised(std::move(layout));
     for (int at = static_cast<int>(layout.bands.size()) - 1; at >= 0; --at)
+        // From below: among several of its place the new one stands last.
         if (isSamePlace(layout.bands[at], added))
             return at;
     return -1;
@@ -227,6 +230,7 @@ int addGroup(Layout &layout, const QString &by)
     for (const Group &group : std::as_const(layout.groups))
         taken.append(group.name);
     Group group;
+    // A group that goes by a plain field is called after it; an expression makes no name.
     const bool isName = !by.isEmpty() && std::all_of(by.cbegin(), by.cend(), [](QChar c) {
         return c.isLetterOrNumber() || c == u'_';
     });
@@ -255,6 +259,7 @@ void moveGroup(Layout &layout, int group, int direction)
     const int other = group + direction;
     if (other < 0 || other >= layout.groups.size())
         return;
+    // Bands follow the order of the groups, not the other way round.
     layout.groups.swapItemsAt(group, other);
     layout = normalised(std::move(layout));
 }
@@ -262,6 +267,7 @@ void moveGroup(Layout &layout, int group, int direction)
 void renameGroup(Layout &layout, int group, const QString &name)
 {
     const QString former = layout.groups[group].name;
+    // The name that it has then may be another one than was typed: bands and expressions take that.
     rename(layout.groups, group, name);
     for (Band &band : layout.bands)
         if (band.group.compare(former, Qt::CaseInsensitive) == 0)
@@ -321,6 +327,7 @@ Object newObject(ObjectKind kind, QPoint at)
     case ObjectKind::BarCode:
         object.width = 5000;
         object.height = 1000;
+        // Something that every report has, so that the new object shows bars at once.
         object.content = u"text(RowNumber)"_s;
         break;
     case ObjectKind::Chart:
@@ -357,6 +364,7 @@ void removeObjects(Layout &layout, const QList<Place> &places)
 {
     const QList<QList<int>> sorted = byBand(layout, places);
     for (int band = 0; band < sorted.size(); ++band)
+        // From the last one on, which leaves the numbers of those before it right.
         for (auto object = sorted[band].crbegin(); object != sorted[band].crend(); ++object)
             layout.bands[band].objects.removeAt(*object);
 }
@@ -383,6 +391,7 @@ QList<Place> moveToBand(Layout &layout, const QList<Place> &places, int band, QP
 QList<Place> reorder(Layout &layout, const QList<Place> &places, Order order)
 {
     QList<Place> moved;
+    // Those that are chosen keep their order among themselves, whichever way they go.
     const QList<QList<int>> chosen = byBand(layout, places);
     const int step = order == Order::Forward ? 1 : order == Order::Backward ? -1 : 0;
     for (int band = 0; band < chosen.size(); ++band) {
