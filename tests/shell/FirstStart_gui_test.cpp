@@ -62,6 +62,11 @@ TEST_F(FirstStart, StoresWhatIsTypedAndLeadsToTheImport)
         prompts.say(u"Please enter the company's name."_s);
         screen.press("cmdSave");
         screen.type("txtCompanyName", u" Greenways "_s);
+        screen.type("txtCompanyPhone", u"555"_s);
+        prompts.inform(u"Invalid phone No."_s);
+        QTest::keyClick(&screen.control("txtCompanyPhone"), Qt::Key_Return);
+        ASSERT_TRUE(screen.isOpen()) << "Enter saves without leaving the field";
+        screen.type("txtCompanyPhone", {});
         screen.type("txtCompanyAddress1", u"1 Mill Lane"_s);
         screen.type("txtCompanyAddress2", u"Springfield"_s);
         screen.type("txtCompanyEmail", u"office@greenways.example"_s);

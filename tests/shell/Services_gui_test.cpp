@@ -100,6 +100,9 @@ TEST_F(Services, ATestMailShowsWhetherTheAccountWorks)
         page.type("txtMailSender", u"office"_s);
         QTest::mouseClick(&page.control("txtMailUser"), Qt::LeftButton);
         EXPECT_EQ(page.focused(), "txtMailSender");
+        prompts.say(u"\"office\" is not a mail address."_s);
+        page.control<QAbstractButton>("cmdApply").click(); // Alt+A leaves no field
+        EXPECT_EQ(GetOption(mailing::SenderOption, false), QString());
         page.type("txtMailSender", u"office@example.com"_s);
         prompts.say(
             u"The mail server did not accept user name and password: 535 5.7.8 wrong password"_s);

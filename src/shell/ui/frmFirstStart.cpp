@@ -100,6 +100,9 @@ shell::FirstSteps frmFirstStart::steps() const
 
 bool frmFirstStart::store()
 {
+    // Enter and Alt+S come here while the field that was typed into still has the focus.
+    if (!input::focusedMayLeave(this))
+        return false;
     const shell::FirstSteps wanted = steps();
     if (const QString refusal = shell::refusalOf(wanted); !refusal.isEmpty()) {
         base::showMessage(refusal);

@@ -332,8 +332,10 @@ void frmSetup::EnableControls()
 
 bool frmSetup::SaveSystemChanges()
 {
-    // Enter and Alt+A come here while the box still has the focus, so that leaving it has checked
-    // nothing.
+    // Enter and Alt+A come here while the field that was typed into still has the focus. The phone
+    // number may stand on a page that is not in front.
+    if (!input::focusedMayLeave(this))
+        return false;
     if (!txtCompanyPhone->check(u"Invalid phone No."_s)) {
         tabOptions->setCurrentIndex(0);
         txtCompanyPhone->setFocus();
