@@ -102,8 +102,10 @@ QString refusalOfBackup(const BackupRequest &request)
 {
     if (request.folder.trimmed().isEmpty() || request.name.trimmed().isEmpty())
         return u"Folder Path should not be blank."_s;
+    // The name would choose another folder than the one that was looked at.
     if (request.name.contains(u'/') || request.name.contains(u'\\'))
         return u"The name of a backup can't hold / or \\. Please choose the folder above."_s;
+    // Also by another path, a link or a share.
     if (sys::isSameFile(placeOf(request), gsDatabasePath))
         return u"That is the database itself. Please choose another folder or name."_s;
     if (QFileInfo(placeOf(request)).isDir())
@@ -114,6 +116,7 @@ QString refusalOfBackup(const BackupRequest &request)
 bool replacesAnothersFile(const BackupRequest &request)
 {
     const QString place = placeOf(request);
+    // A sealed file can't be looked into, and nothing but a backup is sealed like that.
     if (!QFileInfo::exists(place) || isSealed(place))
         return false;
     try {
@@ -129,6 +132,7 @@ QString takeBackup(const BackupRequest &request)
     if (const QString refusal = refusalOfBackup(request); !refusal.isEmpty())
         throw base::Error(base::ErrorNumber::InvalidCall, refusal);
     requireFolder(request.folder.trimmed());
+    // The rows are counted in the database and in the copy: nobody here may write between the two.
     ClosedConnections closed;
     const db::RowCounts counts = request.passphrase.isEmpty()
                                      ? db::backupProven(databaseTarget(), placeOf(request))

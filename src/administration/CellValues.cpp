@@ -39,6 +39,7 @@ QString fitting(const QString &text, int length)
     return text;
 }
 
+/// As the screens take it while it is typed.
 QString codeOf(const QString &text)
 {
     static const QRegularExpression allowed(u"^[A-Z0-9 ]*$"_s);
@@ -67,6 +68,8 @@ QString plainNumber(QString text, DecimalSign sign)
                                            "|^[0-9]*(?:\\.[0-9]+)?$"_s);
     const qsizetype comma = text.lastIndexOf(u',');
     const qsizetype point = text.lastIndexOf(u'.');
+    // Where both stand in a number the last one parts the decimals; where one does, the file's own
+    // habit decides.
     const bool commaParts =
         comma >= 0 && point >= 0 ? comma > point : comma >= 0 && sign == DecimalSign::Comma;
     if (commaParts) {
@@ -86,6 +89,7 @@ double numberOf(const QString &text, DecimalSign sign)
     bare.remove(u'$').remove(u' ').remove(QChar::Nbsp);
     if (bare.startsWith(u'-'))
         refuse(u"\"%1\" is below zero."_s.arg(text.left(shownLength)));
+    // Refused and not guessed: one and a quarter that is taken for a thousand is found by nobody.
     static const QRegularExpression eitherWay(u"^[0-9]{1,3}(?:\\.[0-9]{3})+$"_s);
     if (sign == DecimalSign::Comma && eitherWay.match(bare).hasMatch())
         refuse(u"\"%1\" can be read in two ways: please write it with a comma and decimals."_s.arg(
@@ -97,6 +101,8 @@ double numberOf(const QString &text, DecimalSign sign)
         refuse(text, u"a number"_s);
     if (number > largestNumber)
         refuse(u"\"%1\" is too large."_s.arg(text.left(shownLength)));
+    // Refused and not rounded: the sums would differ from those of the program that the file comes
+    // from.
     if (plain.contains(u'.') && plain.size() - plain.indexOf(u'.') - 1 > mostDecimals)
         refuse(u"\"%1\" has more than four decimals."_s.arg(text.left(shownLength)));
     return number;
@@ -127,6 +133,7 @@ QDateTime dateOf(const QString &text)
     }
     if (!date.isValid())
         refuse(text, u"a date such as 03/15/2024 or 2024-03-15"_s);
+    // A slip of the year would put a machine's depreciation into another century.
     if (date.date().year() < firstYear || date.date().year() > lastYear)
         refuse(
             u"The year of \"%1\" is not one of %2 to %3."_s.arg(text).arg(firstYear).arg(lastYear));
@@ -176,6 +183,7 @@ QString meterOf(const QString &text)
 QVariant cellValue(const QString &text, const ImportColumn &column, int length, DecimalSign sign)
 {
     QString bare = text.trimmed();
+    // Whether a column may be blank is the sheet's question.
     if (bare.isEmpty())
         return {};
     // Only a memo can show more than one line.

@@ -40,6 +40,7 @@ private:
     QString m_path;
 };
 
+/// One for each day: a second run of the day replaces the first one's copy.
 QString backupName()
 {
     return u"Backup_"_s + base::today().toString(u"M_d_yyyy"_s);
@@ -75,6 +76,7 @@ void proveCompacted(const QString &compacted, const QString &original)
     db::Target target;
     target.file = original;
     const db::RowCounts before = db::countRows(target);
+    // A smaller file with fewer rows would look like a success.
     if (!db::tableThatDiffers(db::prove(compacted), before, before).isEmpty())
         throw db::DbError(db::ErrorNumber::NotADatabase,
                           u"Rows were lost while compacting; the database was left as it is."_s);
@@ -94,6 +96,7 @@ void compactWhole()
         closed.reopen();
         return;
     }
+    // A block of its own: the file is let go of before the connections open it again.
     {
         const ScratchFile compacted(base::applicationPath(u"\\TP_TMP.mdb"_s));
         const ScratchFile staged(base::preparedName(gsDatabasePath, u".compact~"_s));
@@ -102,12 +105,16 @@ void compactWhole()
         // Of the copy, so that nobody has to be attached to the database itself meanwhile.
         db::compact(backup, compacted.path());
         proveCompacted(compacted.path(), backup);
+        // The program's folder may lie on another disk, and only within one is replacing a single
+        // step.
         sys::copyFile(compacted.path(), staged.path());
         QFile::setPermissions(staged.path(), QFileInfo(gsDatabasePath).permissions());
         live.replaceBy(staged.path());
+        // Earlier releases left a copy beside the program.
         QFile::remove(base::applicationPath(u'\\' + backupName() + u".mdb"_s));
     }
     closed.reopen();
+    // Behind the reopening, since the box may stand there all night.
     told::message(u"System has finished compacting the database."_s);
 }
 
@@ -119,6 +126,7 @@ void CompactDatabase()
         try {
             compactWhole();
         } catch (const base::Error &error) {
+            // Somebody at work is no failure, and needs no report.
             if (error.number() != base::ErrorNumber::PermissionDenied &&
                 error.number() != CouldNotLock)
                 throw;

@@ -10,6 +10,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr qint64 chunkSize = 1 << 16;
+/// In the order of trust, when a heading holds as many of each.
 constexpr std::array delimiters{',', ';', '\t'};
 
 /// The next piece of a device, empty at its end; raises base::Error when it can't be read.
@@ -44,6 +45,7 @@ CsvReader::CsvReader(QIODevice &device, const Format &format)
     begin();
     if (m_format.delimiter == 0)
         findDelimiter();
+    // By its own function: a virtual one has no derived reader to go to yet.
     if (CsvReader::next())
         takeHeader();
 }
@@ -55,6 +57,7 @@ void CsvReader::begin()
         m_chunk.remove(0, 3);
         return;
     }
+    // UTF-16 is turned to UTF-8 piece by piece, so that all that follows knows one encoding.
     for (const auto &[mark, encoding] : {std::pair{"\xFF\xFE", QStringDecoder::Utf16LE},
                                          std::pair{"\xFE\xFF", QStringDecoder::Utf16BE}}) {
         if (!m_chunk.startsWith(mark))
@@ -75,6 +78,7 @@ void CsvReader::findDelimiter()
             quoted = !quoted;
         if (quoted)
             continue;
+        // The headings decide: data hold commas and semicolons of their own.
         if (character == '\n' || character == '\r')
             break;
         for (std::size_t i = 0; i < delimiters.size(); ++i)
@@ -165,6 +169,7 @@ bool CsvReader::next()
         } else if (character == '\n') {
             break;
         } else if (character == '\r') {
+            // The two may lie in two pieces.
             if (peek() == '\n')
                 ++m_place;
             break;
@@ -172,6 +177,7 @@ bool CsvReader::next()
             take(character);
             m_state = State::Quoted;
         } else if (character == '"' && m_state == State::Begin) {
+            // At the beginning only: the sign of inches stands behind a number.
             m_wasQuoted = true;
             m_state = State::Quoted;
         } else {
@@ -183,6 +189,7 @@ bool CsvReader::next()
             take(character);
         }
     }
+    // Also behind the last delimiter, where an empty field stands.
     endField();
     return true;
 }

@@ -15,6 +15,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// Some megabytes of any table but those with pictures.
 constexpr int rowsAtOnce = 5000;
 
 /// A text file that is written line by line.
@@ -29,11 +30,13 @@ public:
     }
     void add(const QByteArray &line)
     {
+        // The end of a line is the same on all systems: the same content gives the same bytes.
         if (m_file.write(line + '\n') < 0)
             refuse();
     }
     void close()
     {
+        // A full disk may show only here.
         if (!m_file.flush())
             refuse();
         m_file.close();
@@ -84,6 +87,7 @@ public:
 
     qint64 write()
     {
+        // The first column of all large tables is a number, and mostly the key.
         if (m_table.columns.front().kind == sql::ColumnKind::Integer)
             writeByFirstColumn();
         else
@@ -110,6 +114,7 @@ private:
         const bool hasPictures = std::ranges::any_of(
             m_table.columns, [](const auto &each) { return each.kind == sql::ColumnKind::Binary; });
         const int atOnce = hasPictures ? 1 : rowsAtOnce;
+        // No range holds these.
         addAll(m_connection.Open(query(u" where %1 is null"_s.arg(column))));
         const db::Recordset keys = m_connection.Open(
             u"Select %1 as [Key], count(*) as [Rows] from %2 where %1 is not null group by %1 order by %1"_s
@@ -117,6 +122,7 @@ private:
         qint64 rows = 0;
         for (int key = 0, first = 0; key < keys.RecordCount(); ++key) {
             rows += keys.value(key, 1).toLongLong();
+            // A key is never parted, so that rows which agree in it are sorted together.
             if (rows < atOnce && key + 1 < keys.RecordCount())
                 continue;
             addAll(m_connection.Open(query(u" where %1 between ? and ?"_s.arg(column)),
@@ -140,6 +146,8 @@ private:
             fields.append(fieldText(rows.value(row, column),
                                     m_table.columns[static_cast<std::size_t>(column)].kind));
         const QByteArrayList leading = fields.first(m_leading);
+        // Rows that the engine holds for equal come in any order, and wait until the next different
+        // one.
         if (leading != m_equal)
             flush();
         m_equal = leading;
@@ -194,12 +202,14 @@ QByteArray contentsLine(const QString &table, qint64 rows, const std::vector<db:
 
 Exported exportTables(const db::Target &company, const QString &zip, const base::Progress &progress)
 {
+    // First of all: a place that can't be written is told before a large company has been read.
     ZipWriter archive(zip);
     // Beside the archive, where the user has room for it.
     const QTemporaryDir folder(zip + u".XXXXXX"_s);
     if (!folder.isValid())
         throw base::Error(base::ErrorNumber::PathAccess,
                           u"The file can't be written (%1): %2"_s.arg(folder.errorString(), zip));
+    // Of one moment, whatever others write meanwhile, and nobody waits for the export.
     const PrivateCopy copy(company, folder.filePath(u"company"_s));
     const std::vector<db::Counter> counters = db::countersOf(copy.target());
     const QStringList tables = db::countRows(copy.target()).keys();

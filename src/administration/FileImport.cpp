@@ -43,6 +43,7 @@ public:
         const Blame blame = [this](int place, const QString &sentence) {
             this->blame(place, sentence);
         };
+        // Without its headings each row would be wrong, and the list of problems useless.
         m_sheet.checkHeader(blame);
         m_findings.ignored = m_sheet.ignored();
         if (m_findings.problemCount > 0)
@@ -51,6 +52,8 @@ public:
             ++m_findings.rows;
             if (progress && m_findings.rows % rowsBetweenTellings == 0)
                 tell(progress);
+            // All rows are looked at in any case: the user mends a file once and not problem by
+            // problem.
             const ImportRow values = checked(blame);
             if (agreed && mayWrite(*agreed))
                 write(values);
@@ -66,6 +69,7 @@ public:
 private:
     void blame(int place, const QString &sentence)
     {
+        // What has been written is undone with the transaction.
         m_isWriting = false;
         if (++m_findings.problemCount > ImportFindings::MostProblems)
             return;
@@ -85,6 +89,7 @@ private:
     {
         const qint64 before = m_findings.problemCount;
         ImportRow values = m_sheet.values(blame);
+        // Each step on what the former one has found right, so that one slip is told once.
         if (m_findings.problemCount == before)
             putNumbers(values);
         if (m_findings.problemCount == before)
@@ -115,6 +120,7 @@ private:
                       u"It needs a value in the column %1."_s.arg(m_table.columns[above].heading));
                 return {};
             }
+            // What it hangs under has been told.
             if (!numbers[above].isValid())
                 return {};
             under = numbers[above].toLongLong();
@@ -128,6 +134,8 @@ private:
         } catch (const db::DbError &) {
             throw;
         } catch (const base::Error &error) {
+            // What is wrong with a name is a problem of its cell; a failure of the database ends
+            // the import.
             blame(place, error.description());
         }
         return {};
@@ -137,6 +145,8 @@ private:
     bool mayWrite(const QSet<QString> &agreed)
     {
         const auto &added = m_names.added();
+        // The entries that came with this row and were not among those the user has seen: a list
+        // may have changed since the dry run.
         for (; m_isWriting && m_agreedTo < added.size(); ++m_agreedTo)
             m_isWriting = agreed.contains(keyOf(added[m_agreedTo]));
         return m_isWriting;
@@ -226,6 +236,7 @@ QString ImportFindings::summary() const
 ImportFindings checkFile(ImportKind kind, const QString &file, const base::Progress &progress)
 {
     demandImportRight(kind);
+    // A step that reported by itself would leave a table of problems that lacks one.
     const base::Whole raising;
     return Reading(kind, file, ImportNames::Adding::Pretend).run(nullptr, progress);
 }
@@ -237,11 +248,13 @@ ImportFindings importFile(ImportKind kind, const QString &file, const std::vecto
     QSet<QString> keys;
     for (const NewEntry &entry : agreed)
         keys.insert(keyOf(entry));
+    // The rights are asked first, since nothing may be held for a user who may not.
     TransactionScope transaction;
     holdImports();
     return unlessMeanwhile([&] {
         Reading reading(kind, file, ImportNames::Adding::Write);
         ImportFindings findings = reading.run(&keys, progress);
+        // Left without a commit: the scope takes back what was written up to the problem.
         if (!reading.isWhole())
             return findings;
         reading.finish();

@@ -16,6 +16,7 @@ constexpr qint64 lengthOfBeginning = 4;
 int lengthOf(const ImportTable &table, const ImportColumn &column)
 {
     const sql::Column *stored = gcnData->schema().find(table.table)->find(column.column);
+    // A name becomes a number in this table; how long it may be says the list it stands in.
     const bool isMeasured =
         stored->kind == sql::ColumnKind::Text && column.kind != CellKind::Listed;
     return isMeasured ? stored->length : sql::MemoLength - 1;
@@ -39,8 +40,10 @@ void ImportSheet::open()
             m_file.exists() ? base::ErrorNumber::PermissionDenied : base::ErrorNumber::FileNotFound,
             u"The file \"%1\" can't be read (%2)."_s.arg(m_file.fileName(), m_file.errorString()));
     const QByteArray beginning = m_file.peek(lengthOfBeginning);
+    // By the bytes and not by the file's name, which people change.
     if (const QString refusal = refusalOfSpreadsheet(beginning); !refusal.isEmpty())
         throw base::Error(base::ErrorNumber::InvalidCall, refusal);
+    // In a spreadsheet numbers are numbers, whatever sign its user's country has.
     if (looksLikeWorkbook(beginning)) {
         m_reader = std::make_unique<XlsxReader>(m_file.fileName());
         return;
@@ -67,10 +70,12 @@ void ImportSheet::checkHeader(const Blame &blame)
         const int place = placeOfHeading(m_table, heading);
         m_places.push_back(place);
         if (place < 0) {
+            // Told and left out: exports of other programs have columns that nobody wants here.
             if (!heading.isEmpty())
                 m_ignored.append(heading);
             continue;
         }
+        // Which of the two would be taken, nobody could tell from the result.
         if (!seen[place].isEmpty())
             blame(place, seen[place] == heading ? u"This column stands there twice."_s
                                                 : u"\"%1\" and \"%2\" mean the same column."_s.arg(
@@ -122,12 +127,14 @@ ImportRow ImportSheet::values(const Blame &blame)
         if (m_places[i] < 0)
             continue;
         const auto place = static_cast<std::size_t>(m_places[i]);
+        // Of each cell its own problem, so that one look at the list mends the whole row.
         if (const auto value = cell(m_places[i], fields[i].text, blame))
             values[place] = *value;
         else
             isWrong[place] = true;
     }
     for (std::size_t i = 0; i < values.size(); ++i) {
+        // A cell that was refused has been told already.
         if (m_table.columns[i].isRequired && !values[i].isValid() && !isWrong[i])
             blame(static_cast<int>(i), u"It should not be blank."_s);
     }

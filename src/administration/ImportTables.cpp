@@ -23,6 +23,8 @@ using namespace Qt::StringLiterals;
 
 /// A picture of some hundred megabytes.
 constexpr qsizetype longestField = 512'000'000;
+/// The text of an export is the program's own: no delimiter is guessed, and what people would not
+/// type is no fault.
 constexpr CsvReader::Format exportedFormat{
     .delimiter = ',', .allowsAnyCharacter = true, .longestField = longestField};
 
@@ -60,10 +62,12 @@ std::vector<Listed> contentsOf(const ZipReader &archive)
         const auto &fields = reader.fields();
         if (fields.size() != 4)
             refuse(u"%1, row %2: there have to be 4 fields."_s.arg(name).arg(reader.row()));
+        // Its rows would be read twice, and the count of the second time would be right.
         if (std::ranges::find(listed, fields[0].text, &Listed::table) != listed.end())
             refuse(u"%1, row %2: %3 stands there twice."_s.arg(name)
                        .arg(reader.row())
                        .arg(fields[0].text));
+        // What is no number counts as 0, which the count of the rows then refuses.
         listed.push_back({fields[0].text, fields[1].text.toLongLong(), fields[2].text,
                           fields[3].text.toLongLong()});
     }
@@ -98,6 +102,7 @@ private:
         demandReadable(m_reader, m_table.name);
         std::vector<const sql::Column *> columns;
         for (const QString &name : m_reader.header()) {
+            // The order of the columns is the file's: that of a table changes with the releases.
             const sql::Column *column = m_table.find(name);
             if (!column)
                 refuse(u"%1: there is no column \"%2\"."_s.arg(m_table.name, name));
@@ -112,6 +117,7 @@ private:
     {
         QStringList names;
         for (const sql::Column *column : m_columns)
+            // Some columns are called like words of the language.
             names.append(u'[' + column->name + u']');
         return names;
     }
@@ -174,6 +180,7 @@ void demandKnownVersion(const ZipReader &archive)
 Exported fillFrom(const ZipReader &archive, db::Connection &connection,
                   const base::Progress &progress)
 {
+    // What can be refused without writing comes first.
     const std::vector<Listed> listed = contentsOf(archive);
     demandKnownVersion(archive);
     Exported imported;
@@ -181,16 +188,19 @@ Exported fillFrom(const ZipReader &archive, db::Connection &connection,
     for (const QString &table : db::countRows(connection.target()).keys()) {
         if (std::ranges::find(listed, table, &Listed::table) == listed.end())
             refuse(u"The table %1 is missing in the archive."_s.arg(table));
+        // A new database has first rows, which the archive brings in the company's own form.
         connection.Execute(u"Delete from "_s + table);
     }
     for (const Listed &entry : listed) {
         if (progress)
+            // Raises when the user has cancelled; the database is not in its place yet.
             progress(imported.tables, static_cast<int>(listed.size()));
         const sql::Table *table = connection.schema().find(entry.table);
         if (!table)
             refuse(u"There is no table \"%1\"."_s.arg(entry.table));
         const std::unique_ptr<QIODevice> file = archive.open(entry.table + u".csv"_s);
         const qint64 rows = TableReader(batch, *table, *file).read();
+        // A table that was cut off ends like a whole one.
         if (rows != entry.rows)
             refuse(u"%1: there have to be %2 rows, and there are %3."_s.arg(entry.table)
                        .arg(entry.rows)
@@ -198,6 +208,7 @@ Exported fillFrom(const ZipReader &archive, db::Connection &connection,
         imported.rows += rows;
         ++imported.tables;
     }
+    // Counters behind the rows, whose inserts move them. They are no part of a transaction.
     batch.commit();
     for (const Listed &entry : listed) {
         if (entry.counter.isEmpty())
@@ -242,6 +253,7 @@ Exported importTables(const QString &zip, const db::Target &company, const base:
 {
     const ZipReader archive(zip);
     Exported imported;
+    // The database gets its name when it is filled: a failure leaves no file.
     company::createDatabase(company, [&](db::Connection &connection) {
         imported = fillFrom(archive, connection, progress);
     });
@@ -269,8 +281,10 @@ Exported replaceEmptyCompany(const QString &zip, const QString &database,
                 u"The company holds records already. An export of all tables is read into an empty company only. Nothing was changed."_s);
     };
     demandEmpty(database);
+    // On the same disk, so that it takes its place by one renaming.
     const Beside made(database, u".import~"_s);
     const Exported imported = importTables(zip, localTarget(made.path()), progress);
+    // Whoever could work with the company goes on doing so.
     QFile::setPermissions(made.path(), QFile::permissions(database));
     db::ClosedFile live(database);
     // Another workstation may have begun to work meanwhile. The file itself can't be opened now.
@@ -290,6 +304,8 @@ Exported replaceOwnCompany(const QString &zip)
     // Who may not add records one by one may not bring in thousands either.
     for (const auto right : {rights::Machines.add, rights::Parts.add, rights::Services.add})
         rights::demand(right);
+    // Closed ahead of all, since the file can't be replaced while this program has it open. An
+    // error on the way opens them again.
     ClosedConnections closed;
     const Exported imported = replaceEmptyCompany(zip, gsDatabasePath);
     closed.reopen();

@@ -30,6 +30,8 @@ public:
         , m_query(u"Select %1 as [Value] from %2 where %1 is not null"_s.arg(
               column.toString(), table.table.toString()))
     {
+        // Read once and looked up in memory: a statement for each row of a large file would take
+        // minutes.
         for (const db::Row row : gcnData->Open(m_query))
             m_stored.insert(folded(row.text(u"Value")));
     }
@@ -51,6 +53,8 @@ public:
     void demandStillUnique() const
     {
         QSet<QString> seen;
+        // Behind all writes and ahead of the commit: not all of these columns are keys of the
+        // database, which would refuse the second row by itself.
         for (const db::Row row : gcnData->Open(m_query)) {
             const QString value = folded(row.text(u"Value"));
             if (!m_rows.contains(value))
@@ -64,6 +68,7 @@ public:
     }
 
 private:
+    // As the database compares: case and blanks at the ends don't count.
     static QString folded(const QString &value) { return value.trimmed().toUpper(); }
 
     int m_place;
@@ -107,12 +112,15 @@ public:
     {
         Record record = fresh();
         for (std::size_t i = 0; i < values.size(); ++i) {
+            // A blank cell leaves what a new record has.
             if (values[i].isValid())
                 record::setValue(record, m_members[i], values[i]);
         }
         try {
             store(record);
         } catch (const db::DbError &error) {
+            // The file itself holds no number twice, which has been checked: it can only have come
+            // from outside.
             if (error.number() == db::ErrorNumber::DuplicateKey ||
                 error.number() == db::ErrorNumber::LockConflict)
                 throw InTheWay(
@@ -168,6 +176,7 @@ protected:
     void store(const clsEquipment &machine) override
     {
         (void)clsEquipment_Manager().SaveRecord(machine, Mode::Add);
+        // The history says since when a crew has had a machine, and begins with its first one.
         if (machine.CrewID == 0)
             return;
         const auto [number, description] = m_names.crew(machine.CrewID);
@@ -190,6 +199,7 @@ protected:
     clsPart fresh() override
     {
         clsPart part;
+        // The columns are texts, and a blank one would be neither yes nor no.
         part.Inactive = part.TrackInventory = u"0"_s;
         return part;
     }
@@ -220,12 +230,16 @@ public:
         const QDateTime date = values[Date].toDateTime();
         const QString meter = values[Meter].toString();
         const qint64 value = values[Value].toLongLong();
+        // A service that such a reading makes due would be due before its day.
         if (date.date() > base::today()) {
             blame(Date, u"The date lies in the future."_s);
             return;
         }
+        // The newest reading that is stored, and from then on the newest of the file: each row is
+        // checked against all ahead of it.
         State &state = stateOf(machine, meter);
         if (state.isInProcess) {
+            // The work order that is open takes its own reading when it is posted.
             blame(Meter, readings::inProcessMessage());
         } else if (state.newest.date.isValid() && date < state.newest.date) {
             blame(
@@ -249,6 +263,8 @@ public:
     void finish() override
     {
         for (const qint64 machine : std::as_const(m_machines))
+            // Once for each machine, behind its last reading: what becomes due is the same, and the
+            // work a fraction.
             readings::applyToServices(machine);
     }
 
@@ -287,6 +303,7 @@ void demandImportRight(ImportKind kind)
         rights::demand(rights::Parts.add);
         break;
     case ImportKind::Readings:
+        // Readings have no right to be added by; who may open their screen may type them.
         rights::demand(openingOf(u"frmEquipmentReading")->right);
         break;
     case ImportKind::Employees:

@@ -178,6 +178,7 @@ QString replaceLive(const QString &staged, bool isOlder)
         sys::moveFile(staged, gsDatabasePath);
         return {};
     }
+    // From here on nobody else can open the database until it has been replaced.
     db::ClosedFile live(gsDatabasePath);
     const QString kept = placeToKeep();
     sys::makeFolder(QFileInfo(kept).absolutePath());
@@ -195,6 +196,7 @@ void openOrPutBack(ClosedConnections &closed, const QString &kept)
     try {
         closed.reopen();
     } catch (const base::Error &) {
+        // Copied and not moved: what is kept stays, whatever becomes of the place.
         if (!kept.isEmpty())
             sys::copyFile(kept, gsDatabasePath);
         throw;
@@ -217,6 +219,8 @@ QString newestCopy()
         const QFileInfoList files = QDir(folder).entryInfoList({u"*.mdb"_s}, QDir::Files);
         for (const QFileInfo &file : files) {
             const QString name = file.completeBaseName();
+            // Neither what a restore has put aside, nor what is known to be damaged: those are no
+            // backups.
             if (!name.startsWith(KeptName) && !name.endsWith(u" damaged") &&
                 (!newest.isFile() || file.lastModified() > newest.lastModified()))
                 newest = file;
@@ -234,6 +238,7 @@ QByteArray fetchForCheck(const Chosen &chosen)
 {
     const QString copy = temporaryCopy();
     sys::makeFolder(QFileInfo(copy).absolutePath());
+    // One from before may be of another file, and must not be taken for this one.
     QFile::remove(copy);
     return fetch(chosen, copy);
 }
@@ -277,11 +282,14 @@ Restored restoreDatabase(const Chosen &chosen, const QByteArray &fingerprint,
                               databaseTarget().host));
     if (const QString refusal = refusalOfVersion(summary); !refusal.isEmpty())
         throw base::Error(base::ErrorNumber::InvalidCall, refusal);
+    // Beside the database before that is touched: a stick may be pulled out, and a disk may be
+    // full.
     const Staged staged(chosen, fingerprint);
     Restored restored{.kept = {}, .isOlder = isOlder(summary)};
     ClosedConnections closed;
     restored.kept = replaceLive(staged.path(), restored.isOlder);
     openOrPutBack(closed, restored.kept);
+    // Behind the opening: only a restore that works is a reason to let older states go.
     if (!restored.kept.isEmpty())
         pruneKept(restored.kept);
     return restored;

@@ -40,6 +40,7 @@ class Key
 public:
     Key(const QString &passphrase, const QByteArray &salt, quint64 operations, quint64 memory)
     {
+        // Keyboards and systems compose accents in two ways, which look the same.
         QByteArray text = passphrase.normalized(QString::NormalizationForm_C).toUtf8();
         const int failure =
             crypto_pwhash(m_bytes.data(), m_bytes.size(), text.constData(),
@@ -60,6 +61,7 @@ private:
     std::array<unsigned char, crypto_secretstream_xchacha20poly1305_KEYBYTES> m_bytes{};
 };
 
+/// The lowest byte first on any computer: a sealed file may be opened on another one.
 QByteArray numberBytes(quint64 number)
 {
     QByteArray bytes;
@@ -97,6 +99,7 @@ struct Head
         operations = numberOf(bytes.mid(Magic.size(), 8));
         memory = numberOf(bytes.mid(Magic.size() + 8, 8));
         salt = bytes.last(crypto_pwhash_SALTBYTES);
+        // Looked at before a key is made by them: nothing vouches for the head until then.
         return operations >= crypto_pwhash_OPSLIMIT_MIN && operations <= MostOperations &&
                memory >= crypto_pwhash_MEMLIMIT_MIN && memory <= MostMemory;
     }
@@ -156,6 +159,8 @@ void seal(const QString &source, const QString &destination, const QString &pass
         const QByteArray piece = from.read(PieceSize);
         if (from.error() != QFileDevice::NoError)
             refuse(base::ErrorNumber::PermissionDenied, u"The file can't be read"_s, source);
+        // The last piece is marked, by which a file that was cut off is known. An empty file has
+        // one empty piece.
         last = from.atEnd();
         QByteArray sealed(piece.size() + crypto_secretstream_xchacha20poly1305_ABYTES, '\0');
         crypto_secretstream_xchacha20poly1305_push(
@@ -201,13 +206,17 @@ void unseal(const QString &source, const QString &passphrase,
         if (crypto_secretstream_xchacha20poly1305_pull(
                 &state, raw(piece), nullptr, &tag, raw(sealed), static_cast<size_t>(sealed.size()),
                 raw(std::as_const(vouched)), static_cast<size_t>(vouched.size())) != 0) {
+            // A wrong key fails at the first piece already. Damage there can't be told from it, and
+            // to try again costs nothing.
             if (!vouched.isEmpty())
                 refuse(WrongPassphrase, u"The passphrase is not the one of this file"_s, source);
             refuse(SealedDamaged, u"The file is damaged"_s, source);
         }
+        // Passed on piece by piece: who takes them must not use them before the end has come.
         vouched.clear();
         sink(piece);
     }
+    // Nothing vouches for bytes behind the end.
     if (!from.atEnd())
         refuse(SealedDamaged, u"The file is damaged"_s, source);
 }

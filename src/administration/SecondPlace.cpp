@@ -35,6 +35,7 @@ QString secondPlace()
 
 std::optional<EndingCopy> endingCopy()
 {
+    // Of a host's database there is no file here to copy.
     if (!connectionsAreOpen() || !databaseTarget().host.isEmpty())
         return std::nullopt;
     const QString folder = secondPlace();
@@ -45,8 +46,10 @@ std::optional<EndingCopy> endingCopy()
 
 void copyAtEnd(const EndingCopy &copy)
 {
+    // Or this program itself would be the one that holds the file.
     closeConnections();
     try {
+        // Whoever ends last makes the copy, with the work of the whole day in it.
         if (!db::isHeld(gsDatabasePath))
             copyDay(copy);
     } catch (const base::Error &error) {

@@ -33,6 +33,7 @@ QByteArray dateField(const QDateTime &date)
 {
     const QTime time = date.time();
     QString text = date.date().toString(Qt::ISODate);
+    // Midnight stands for no time, as in the database.
     if (time != QTime(0, 0))
         text += time.toString(time.msec() == 0 ? u" HH:mm:ss"_s : u" HH:mm:ss.zzz"_s);
     return text.toLatin1();
@@ -43,6 +44,7 @@ QByteArray moneyField(double amount)
     return base::fixedDecimals(amount, moneyDecimals).toLatin1();
 }
 
+/// Hours alone are refused: the toolkit would take "10" for a time.
 QDateTime dateOf(const QString &text)
 {
     const QDate day = QDate::fromString(text.left(text.indexOf(u' ')), Qt::ISODate);
@@ -61,6 +63,7 @@ QVariant parsed(const QString &text, Kind kind)
 {
     bool isNumber = false;
     switch (kind) {
+    // A wrong letter anywhere refuses the field. To guess would change a company without a word.
     case Kind::Integer:
     case Kind::YesNo: {
         const qint64 number = text.toLongLong(&isNumber);
@@ -108,6 +111,7 @@ QByteArray fieldText(const QVariant &value, Kind kind)
     case Kind::YesNo:
         return QByteArray::number(value.toLongLong());
     case Kind::Real:
+        // The fewest digits that give the same number back.
         return QByteArray::number(value.toDouble(), 'g', QLocale::FloatingPointShortest);
     case Kind::Money:
         return moneyField(value.toDouble());
@@ -115,6 +119,7 @@ QByteArray fieldText(const QVariant &value, Kind kind)
         return dateField(value.toDateTime());
     case Kind::Binary: {
         const QByteArray bytes = value.toByteArray();
+        // Empty bytes and none differ as empty texts do.
         return bytes.isEmpty() ? "\"\"" : bytes.toBase64();
     }
     default:

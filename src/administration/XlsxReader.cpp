@@ -24,6 +24,7 @@ QString dateText(double days, bool countsFrom1904)
     const qint64 seconds = std::llround(days * secondsOfDay);
     const QTime time = QTime(0, 0).addSecs(static_cast<int>(seconds % secondsOfDay));
     const qint64 day = seconds / secondsOfDay;
+    // A cell with a time of day holds a fraction of one day.
     if (day == 0 && !countsFrom1904)
         return time.toString(Qt::ISODate);
     // The format counts a 29 February in 1900, which there was not.
@@ -40,6 +41,7 @@ QString plainText(double number)
     if (!text.contains(u'e'))
         return text;
     if (std::abs(number) >= 1)
+        // Without an exponent, which the rules of the columns don't know.
         return QString::number(number, 'f', 0);
     const int leadingNoughts = -static_cast<int>(std::floor(std::log10(std::abs(number))));
     text = QString::number(number, 'f', leadingNoughts + digits - 1);
@@ -71,11 +73,14 @@ bool XlsxReader::next()
             m_isOver = true;
         } else if (m_part.name() == u"row") {
             const QString number = m_part.attribute(u"r");
+            // Some programs leave the numbers away. Then a row follows the one before.
             const qint64 row = number.isEmpty() ? m_row + 1 : number.toLongLong();
+            // Rows that go back would overwrite each other in a spreadsheet.
             if (row <= m_row || row > mostRows)
                 m_part.refuseDamaged();
             m_row = row;
             readCells();
+            // Each row may be as large again: one of them is limited, and all together.
             m_part.breathe();
             return true;
         }
@@ -110,6 +115,7 @@ std::size_t XlsxReader::columnOf(const QString &place) const
     }
     if (place.isEmpty())
         column = m_fields.size() + 1;
+    // Cells that are left out are blank; none may come a second time.
     if (column <= m_fields.size() || column > mostColumns)
         m_part.refuseDamaged();
     return column - 1;
@@ -131,8 +137,10 @@ void XlsxReader::readCell(std::size_t column)
             m_part.skip();
         }
     }
+    // The cells between are blank.
     m_fields.resize(column + 1);
     const int place = static_cast<int>(column);
+    // Formulas are not worked out here: what the spreadsheet has shown is what is meant.
     if (hasFormula && !hasValue)
         blame(
             place,
@@ -166,6 +174,7 @@ QString XlsxReader::numberText(const QString &value, const QString &style)
         m_part.refuseDamaged();
     const std::size_t index = style.toULongLong();
     const NumberLook look = index < m_book.looks.size() ? m_book.looks[index] : NumberLook();
+    // What looks like a date and can be none is told by the rules of its column.
     if (look.isDate && number >= 0 && number < dayAfterTheLast)
         return dateText(number, m_book.countsFrom1904);
     const QString text = plainText(number);

@@ -34,6 +34,7 @@ protected:
             return -1;
         m_count += read;
         m_piece += read;
+        // Counted as it is unpacked: what an archive says of its sizes may be made up.
         m_isTooLong = m_count > m_limits.whole || m_piece > m_limits.piece;
         return m_isTooLong ? -1 : read;
     }
@@ -59,6 +60,7 @@ XmlPart::~XmlPart() = default;
 QXmlStreamReader::TokenType XmlPart::read()
 {
     const QXmlStreamReader::TokenType token = m_xml.readNext();
+    // Ahead of the parser's own error, which only says that the text has ended.
     if (m_device->isTooLong())
         refuse(u"holds more than a table of records can, and was not read"_s);
     // No spreadsheet defines words of its own; they are the other way to make much of little.
@@ -96,6 +98,7 @@ bool XmlPart::nextElement()
 QString XmlPart::text()
 {
     QString text;
+    // By hand, since the parser's own function would read past the limits.
     for (int depth = 1; depth > 0;) {
         switch (read()) {
         case QXmlStreamReader::StartElement:
@@ -126,6 +129,8 @@ void XmlPart::breathe()
 
 void XmlPart::finish()
 {
+    // To the very end, where the archive compares its checksum: a table may be damaged and still be
+    // well-formed.
     QByteArray rest(1 << 16, Qt::Uninitialized);
     while (m_device->read(rest.data(), rest.size()) > 0)
         breathe();

@@ -22,6 +22,7 @@ constexpr zip_uint16_t firstDay = (1U << 5U) | 1U;
 
 [[noreturn]] void refuseWriting(const QString &path, zip_error_t *error)
 {
+    // A full disk is something the user can mend, and has a sentence of its own.
     const bool full = zip_error_code_system(error) == ENOSPC;
     refuse(full ? base::ErrorNumber::DiskFull : base::ErrorNumber::PathAccess, path,
            u"can't be written (%1)"_s.arg(QString::fromUtf8(zip_error_strerror(error))));
@@ -34,6 +35,7 @@ public:
     explicit PackedFile(zip_file_t *file)
         : m_file(file)
     {
+        // The library buffers; a second buffer would only copy.
         setOpenMode(QIODevice::ReadOnly | QIODevice::Unbuffered);
     }
     ~PackedFile() override { zip_fclose(m_file); }
@@ -75,6 +77,7 @@ ZipWriter::~ZipWriter()
 {
     if (!m_archive)
         return;
+    // Not committed, so that the file from before is still there.
     zip_discard(m_archive);
     QFile::remove(partial());
 }
@@ -92,6 +95,7 @@ void ZipWriter::add(const QString &name, const QString &file)
     const zip_int64_t index =
         zip_file_add(m_archive, name.toUtf8().constData(), source, ZIP_FL_ENC_UTF_8);
     if (index < 0) {
+        // Taken over by the archive only when the call succeeds.
         zip_source_free(source);
         refuseWriting(m_path, zip_get_error(m_archive));
     }
@@ -118,6 +122,7 @@ ZipReader::ZipReader(QString path, Check check)
     if (!QFile::exists(m_path))
         refuse(base::ErrorNumber::FileNotFound, m_path, u"is not there"_s);
     int code = 0;
+    // Archives that spreadsheets write don't always agree with their own lists; ours do.
     const int consistent = check == Check::All ? ZIP_CHECKCONS : 0;
     m_archive = zip_open(QFile::encodeName(m_path).constData(), ZIP_RDONLY | consistent, &code);
     if (!m_archive)
@@ -126,6 +131,7 @@ ZipReader::ZipReader(QString path, Check check)
 
 ZipReader::~ZipReader()
 {
+    // Closing would try to write what was opened for reading.
     zip_discard(m_archive);
 }
 

@@ -43,6 +43,7 @@ void ShowExport()
                     return administration::exportTables(databaseTarget(), file, progress);
                 });
         });
+    // Cancelled, or told.
     if (!exported)
         return;
     base::showInformation(

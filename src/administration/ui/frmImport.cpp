@@ -67,6 +67,7 @@ void frmImport::buildForm()
           std::pair{ImportKind::Employees, u"Employees"_s},
           std::pair{ImportKind::Readings, u"Meter readings"_s}})
         cboKind->add(caption, static_cast<qint64>(kind) + 1);
+    // Last, behind what one imports from day to day.
     cboKind->add(u"A whole company (an export)"_s, WholeCompany);
     cboKind->setCurrentIndex(0);
     txtFile = form.textField(u"txtFile"_s, u"&File:"_s);
@@ -102,6 +103,7 @@ ImportKind frmImport::kind() const
 /// What was found is of the file and the kind that were looked at.
 void frmImport::fileChanged()
 {
+    // The current row first: it would be looked for among rows that are gone.
     grdFindings->clearCurrent();
     grdFindings->rows().clear();
     lblSummary->clear();
@@ -155,6 +157,7 @@ void frmImport::show(const ImportFindings &findings)
         rows.insertRow({{RowColumn, problem.row},
                         {NameColumn, problem.column},
                         {FoundColumn, problem.sentence}});
+    // With problems these are of no interest yet, and once written they stand in the lists.
     if (!findings.isWritten && findings.problemCount == 0) {
         for (const NewEntry &entry : findings.newEntries)
             rows.insertRow({{NameColumn, entry.list},
@@ -194,10 +197,12 @@ void frmImport::importRows()
     if (!found)
         return;
     show(*found);
+    // No box for each problem: they stand in the list, with their rows.
     if (found->problemCount > 0) {
         base::showMessage(found->summary());
         return;
     }
+    // A slip of the pen in a name would otherwise become an entry that all screens offer.
     if (!mayMake(found->newEntries))
         return;
     const auto imported =
@@ -226,6 +231,7 @@ void frmImport::importCompany()
     });
     if (!isDone)
         return;
+    // Rights, options and the board of this session are those of the company that was replaced.
     base::showMessage(u"The company was imported. Please end the program and start it again."_s);
     unload();
 }

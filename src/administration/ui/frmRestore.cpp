@@ -72,6 +72,8 @@ bool offerRestore(const base::Error &why)
             why.description() +
             u"\n\nIf the database lies on another computer or disk, look first whether that is connected. If it is lost, a backup can take its place.\n\nDo you want to restore a backup?"_s))
         return false;
+    // Without a parent: there is no main window yet, and the restored database is opened by the
+    // start itself.
     frmRestore screen(nullptr, frmRestore::Occasion::Start);
     screen.showModal();
     return screen.hasRestored();
@@ -89,6 +91,7 @@ frmRestore::frmRestore(QWidget *parent, Occasion occasion)
     connect(cmdRestore, &QPushButton::clicked, this, &frmRestore::cmdRestore_Click);
     connect(cmdExit, &QPushButton::clicked, this, &frmRestore::unload);
     if (m_occasion == Occasion::Start)
+        // Who has lost the database should not have to look for its copy first.
         txtFolderPath->setText(QDir::toNativeSeparators(administration::newestCopy()));
 }
 
@@ -131,6 +134,7 @@ QWidget *frmRestore::makeComparison()
             value->setObjectName(u"lbl%1%2"_s.arg(column->name).arg(line));
             value->setAccessibleName(Captions[static_cast<std::size_t>(line)] + u", "_s +
                                      column->name);
+            // A version comes out of a file that anybody may have made.
             value->setTextFormat(Qt::PlainText);
             column->values[static_cast<std::size_t>(line)] = value;
             grid->addWidget(value, line + 1, place);
@@ -161,6 +165,7 @@ void frmRestore::show(const Summary &summary, Column &column)
         column.values[line]->setText(lines[line]);
 }
 
+/// What a file holds is shown when it has been checked, and not for a path that is being typed.
 void frmRestore::clearChosen()
 {
     for (QLabel *value : m_backup.values)
@@ -192,6 +197,7 @@ std::optional<QByteArray> frmRestore::fetched()
     try {
         return administration::fetchForCheck(chosen());
     } catch (const base::Error &error) {
+        // What is wrong with the user's file is told; a disk or a folder in the way is reported.
         if (error.number() == administration::SealedDamaged)
             base::showMessage(u"Backup file is corrupt or not valid"_s);
         else if (error.number() == administration::WrongPassphrase)
@@ -209,6 +215,7 @@ std::optional<frmRestore::Checked> frmRestore::check()
     if (!fingerprint)
         return std::nullopt;
     bool valid = false;
+    // The copy and not the file itself: what was checked is what is restored, by its fingerprint.
     IsValidBackup(administration::temporaryCopy(), valid);
     if (!valid) {
         base::showMessage(u"Backup file is corrupt or not valid"_s);
@@ -267,11 +274,13 @@ void frmRestore::cmdBrowse_Click()
 void frmRestore::cmdRestore_Click()
 {
     base::trapped(module, "cmdRestore_Click", [this] {
+        // Taken once, since boxes come in between.
         const administration::Chosen wanted = chosen();
         if (wanted.file.isEmpty() || !QFileInfo(wanted.file).isFile()) {
             base::showMessage(u"Invalid Path Selected"_s);
             return;
         }
+        // It would be put in its own place, and be gone if that failed.
         if (sys::isSameFile(wanted.file, gsDatabasePath)) {
             base::showMessage(u"That is the database itself. Please choose a backup."_s);
             return;
@@ -283,6 +292,7 @@ void frmRestore::cmdRestore_Click()
             const administration::WaitPointer wait;
             return administration::restoreDatabase(wanted, checked->fingerprint, checked->summary);
         }();
+        // Ahead of the message: the start asks for it whatever happens to the box.
         m_hasRestored = true;
         tell(restored);
         if (m_occasion == Occasion::Start)

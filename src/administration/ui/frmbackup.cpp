@@ -41,6 +41,7 @@ frmbackup::frmbackup(QWidget *parent)
     buildForm();
     refillName();
     showPlan();
+    // The boxes of the passphrase begin closed.
     chkSealed_Click();
     connect(cmdBrowse, &QToolButton::clicked, this, &frmbackup::cmdBrowse_Click);
     connect(cmdBackup, &QPushButton::clicked, this, &frmbackup::cmdBackup_Click);
@@ -89,6 +90,7 @@ void frmbackup::refillName()
 
 void frmbackup::showPlan()
 {
+    // Only words: a plan that can't be read keeps nobody from making a backup.
     base::trapped(module, "Form_Load", [this] {
         QString plan = copies::inWords(copies::keepRuleOf(lookupConnection()));
         const QString place = administration::secondPlace();
@@ -109,6 +111,7 @@ administration::BackupRequest frmbackup::request() const
 
 bool frmbackup::mayTake(const administration::BackupRequest &request)
 {
+    // What can be refused at once, ahead of a question.
     if (const QString refusal = administration::refusalOfBackup(request); !refusal.isEmpty()) {
         base::showMessage(refusal);
         return false;
@@ -117,6 +120,7 @@ bool frmbackup::mayTake(const administration::BackupRequest &request)
         if (request.passphrase.size() < administration::ShortestPassphrase) {
             base::showMessage(u"A passphrase needs at least %1 characters."_s.arg(
                 administration::ShortestPassphrase));
+            // A short one would be found by trying all there are.
             txtPassphrase->setFocus();
             return false;
         }
@@ -150,6 +154,7 @@ void frmbackup::cmdBackup_Click()
             return administration::takeBackup(wanted);
         }();
         base::showMessage(u"Backup taken Succesfully\n\n"_s + proof);
+        // Only behind a success: after a failure all stands as it was typed.
         refillName();
         chkSealed->setChecked(false);
     });
