@@ -127,7 +127,7 @@ TEST_F(Backups, HaveASecondPlaceOfTheWorkstationsOwn)
     EXPECT_FALSE(endingCopy()) << "the files of a host are not ours";
 }
 
-TEST_F(Backups, TheLastProgramOfTheDayCopiesAndPrunes)
+TEST_F(Backups, TheLastProgramOfTheDayCopiesAndPrunesOrTellsWhyNot)
 {
     for (const QString &day : {u"2024-03-13"_s, u"2024-03-14"_s})
         test::writeFile(stick() + u"/Quorvantis %1.mdb"_s.arg(day), "a day");
@@ -146,14 +146,10 @@ TEST_F(Backups, TheLastProgramOfTheDayCopiesAndPrunes)
     addMachine(2);
     copyAtEnd(copy);
     EXPECT_EQ(machinesIn(stick() + u"/Quorvantis 2024-03-15.mdb"_s), 2);
-}
-
-TEST_F(Backups, AStickThatIsNotThereIsTold)
-{
     const QString folder = stick() + u"/none"_s;
     prompts.inform(u"Today's copy for %1 could not be made: the folder can't be reached.\nThe "
                    "database itself is as it was."_s.arg(folder));
     copyAtEnd({folder, {}});
     openConnections();
-    expectWorking(1);
+    expectWorking(2);
 }

@@ -195,10 +195,7 @@ TEST_F(Restores, NoFailureTouchesTheDatabase)
     EXPECT_NE(raisedBy(restoring).number(), 0);
     QFile::remove(backups());
     expectWorking(2);
-}
-
-TEST_F(Restores, WhatCantBeOpenedGivesItsPlaceBack)
-{
+    // What can't be opened gives its place back.
     const Chosen junk{stick() + u"/junk"_s, {}};
     test::writeFile(junk.file, QByteArray(9000, 'j'));
     const QByteArray fingerprint = fetchForCheck(junk);

@@ -95,15 +95,11 @@ TEST_F(LookupLists, TheFilterListsTheChildrenOfAnotherParentAndTheItemMayMoveThe
     EXPECT_EQ(GetRecordCount(u"tblIndicator"_s, u"ParentID = %1"_s.arg(first)), 2);
 }
 
-TEST_F(LookupLists, AStatesNameHasTwoCharacters)
+TEST_F(LookupLists, ModelsOfNoTypeHaveNoParentsAndStatesTwoLetters)
 {
     inRecords(list(LookupList::State, 0, u"1"_s), [](ScreenDriver screen) {
         EXPECT_EQ(screen.control<QLineEdit>("txtName").maxLength(), 2);
     });
-}
-
-TEST_F(LookupLists, ModelsOfNoTypeHaveNoParents)
-{
     inRecords(list(LookupList::Model, 0), [this](ScreenDriver screen) {
         EXPECT_EQ(screen.control<QComboBox>("cboParentType").count(), 0);
         screen.press("cmdAdd");

@@ -55,7 +55,7 @@ std::vector<console::Request> requests(QString text)
     return found;
 }
 
-TEST(RequestReader, AStatementIsALineOrEndsWithASemicolon)
+TEST(RequestReader, AStatementIsALineOrEndsWithASemicolonAndValuesStandBehindATab)
 {
     const std::vector<console::Request> expected = {
         {u"Select 1 from t"_s, {}, 1},
@@ -66,10 +66,6 @@ TEST(RequestReader, AStatementIsALineOrEndsWithASemicolon)
     EXPECT_EQ(requests(u"Select 1 from t\ndelete * from u\nSelect a,\n  'x;y'\n\tfrom v;\n"
                        "-- a remark\n\nupdate w\nset a = 1\n\n"_s),
               expected);
-}
-
-TEST(RequestReader, ValuesStandBehindATabAsAnArray)
-{
     const auto found = requests(
         u"insert into t values (?, ?, ?)\t[\"a;b\", 2.5, null]\nselect * from t where a = ?\t[1]"_s);
     ASSERT_EQ(found.size(), 2u);

@@ -66,7 +66,7 @@ TEST_F(FirstStart, StoresWhatIsTypedAndLeadsToTheImport)
         prompts.inform(u"Invalid phone No."_s);
         QTest::keyClick(&screen.control("txtCompanyPhone"), Qt::Key_Return);
         ASSERT_TRUE(screen.isOpen()) << "Enter saves without leaving the field";
-        screen.type("txtCompanyPhone", {});
+        screen.type("txtCompanyPhone", u"3195550124"_s);
         screen.type("txtCompanyAddress1", u"1 Mill Lane"_s);
         screen.type("txtCompanyAddress2", u"Springfield"_s);
         screen.type("txtCompanyEmail", u"office@greenways.example"_s);
@@ -87,8 +87,9 @@ TEST_F(FirstStart, StoresWhatIsTypedAndLeadsToTheImport)
     for (const auto &key :
          {u"NAME"_s, u"ADDRESS1"_s, u"ADDRESS2"_s, u"PHONE"_s, u"EMAIL"_s, u"WEBSITE"_s})
         stored.append(option(u"GEN_COMPANY_"_s + key));
-    EXPECT_EQ(stored.join(u'|'), u"Greenways|1 Mill Lane|Springfield||office@greenways.example|"
-                                 "greenways.example"_s);
+    EXPECT_EQ(stored.join(u'|'),
+              u"Greenways|1 Mill Lane|Springfield|(319) 555-0124|office@greenways.example|"
+              "greenways.example"_s);
     EXPECT_EQ(option(u"SECURITYONOFF"_s), u"1"_s);
     EXPECT_TRUE(shell::isUserPassword(u"Admin"_s, u"turnip"_s));
     EXPECT_FALSE(storedPassword(u"Admin"_s).contains(u"turnip"_s));

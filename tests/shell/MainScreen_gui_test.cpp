@@ -91,17 +91,12 @@ TEST_F(MainScreen, AnEntryIsEnabledWhenItsScreenJoinedAndItsRightIsGranted)
     trigger(u"mnuAddPart"_s);
     EXPECT_EQ(modes, (QList<Mode>{Mode::Browse, Mode::Add}));
 
-    EXPECT_THROW(openings().join(u"mnuViewPart"_s, [] {}), base::Error) << "not a name to open by";
-}
-
-TEST_F(MainScreen, AnErrorOfAScreenIsReportedUnderTheEntrysName)
-{
     openings().join(u"frmPart"_s, [] { throw base::Error(5, u"out of order"_s); });
-    open();
     trigger(u"mnuViewPart"_s);
     const ErrorReport report = errors.takeOne();
     EXPECT_EQ(report.ModuleName + u' ' + report.ProcedureName, u"MainForm mnuViewPart_Click"_s);
     EXPECT_TRUE(window->isVisible());
+    EXPECT_THROW(openings().join(u"mnuViewPart"_s, [] {}), base::Error) << "not a name to open by";
 }
 
 TEST_F(MainScreen, PasswordsAreForThoseWhoLoggedInAndUsersForTheAdministrator)

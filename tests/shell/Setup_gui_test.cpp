@@ -116,7 +116,7 @@ TEST_F(Setup, AnOptionThatAnotherProgramHoldsStaysChanged)
     EXPECT_EQ(GetOption(u"GEN_COMPANY_NAME"_s, false), u"Greenways"_s);
 }
 
-TEST_F(Setup, WindowsGoBackToTheirDeliveredSizes)
+TEST_F(Setup, TheWorkstationHasItsWindowsAndThePaperOfReports)
 {
     SetOption(u"HEIGHTfrmEquipment"_s, 100, true);
     SetOption(u"LEFTfrmFilterScreen"_s, 7, true);
@@ -128,11 +128,6 @@ TEST_F(Setup, WindowsGoBackToTheirDeliveredSizes)
         stored.append(GetOption(measure, true));
     // A form without a place of its own keeps the one it has.
     EXPECT_EQ(stored.join(u' '), u"7425 2180 3855 7965 7"_s);
-}
-
-TEST_F(Setup, ThePaperOfReportsIsTheWorkstationsOwn)
-{
-    page(3);
     driver.choose("cboPaper", u"A4"_s);
     driver.press("cmdOk");
     EXPECT_EQ(GetOption(u"REPORT PAPER"_s, true), u"A4"_s);

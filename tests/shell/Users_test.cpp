@@ -120,10 +120,8 @@ TEST_F(Accounts, GrantsAllWithoutALoginAndWhatIsStoredWithOne)
             right.member == &Rights::EqMod || right.member == &Rights::InvPartHistory;
         EXPECT_EQ(gRights.*right.member, granted) << right.column;
     }
-}
-
-TEST_F(Accounts, AMissingRowIsReportedAndLeavesTheRights)
-{
+    // A missing row leaves the rights.
+    gRights = {};
     gsLoginUser = u"NOBODY"_s;
     gRights.EqAdd = true;
     SetUserRole();
@@ -132,7 +130,7 @@ TEST_F(Accounts, AMissingRowIsReportedAndLeavesTheRights)
     EXPECT_FALSE(gRights.EqMod);
 }
 
-TEST_F(Accounts, ANewUserIsHashedAndHasNoRights)
+TEST_F(Accounts, ANewUserIsHashedHasNoRightsIsListedAndDeleted)
 {
     ASSERT_TRUE(save({u"O'Neil"_s, u"it's"_s, u"17"_s}, Mode::Add));
     EXPECT_TRUE(shell::passwordMatches(storedPassword(u"o'neil"_s), u"IT'S"_s));
@@ -142,6 +140,12 @@ TEST_F(Accounts, ANewUserIsHashedAndHasNoRights)
               1);
     EXPECT_FALSE(save({u"o'NEIL"_s, u"x"_s, {}}, Mode::Add));
     EXPECT_NE(errors.takeOne().ErrNumber, 0);
+    ASSERT_EQ(clsUser_Manager().Users().RecordCount(), 1);
+    EXPECT_TRUE(clsUser_Manager().IsUserExist(u"ADMIN"_s));
+    EXPECT_TRUE(remove(u"o'neil"_s));
+    EXPECT_TRUE(clsUser_Manager().Users().isEmpty());
+    gcnData->Execute(u"drop table tblUser"_s);
+    EXPECT_FALSE(remove(u"bob"_s)) << "the screen's message stands in for a report";
 }
 
 TEST_F(Accounts, ModifyKeepsAnUnchangedHashRenamesAndHashesTheRest)
@@ -199,17 +203,6 @@ TEST_F(Accounts, AreKeptByTheAdministratorAlone)
     }
     EXPECT_EQ(errors.take().size(), 1u) << "of the save; a deletion is told by its screen";
     EXPECT_THROW(StoreRights(u"Bob"_s, {}), InTheWay) << "who is gone gets no rights unseen";
-}
-
-TEST_F(Accounts, AreListedButForTheBuiltInOneAndDeleted)
-{
-    addUser(u"Bob"_s, u"Secret"_s);
-    ASSERT_EQ(clsUser_Manager().Users().RecordCount(), 1);
-    EXPECT_TRUE(clsUser_Manager().IsUserExist(u"ADMIN"_s));
-    EXPECT_TRUE(remove(u"bob"_s));
-    EXPECT_TRUE(clsUser_Manager().Users().isEmpty());
-    gcnData->Execute(u"drop table tblUser"_s);
-    EXPECT_FALSE(remove(u"bob"_s)) << "the screen's message stands in for a report";
 }
 
 TEST_F(Accounts, CleaningUpRemovesTheRowsWithoutAPart)

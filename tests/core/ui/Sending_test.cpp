@@ -202,20 +202,6 @@ TEST_F(Sending, ShowsTheErrorAndTheSenderWhoNeedsAValidAddress)
     EXPECT_TRUE(desktop.opened.isEmpty());
 }
 
-TEST_F(Sending, AnErrorOfTheMakersStoreIsAFailedSend)
-{
-    setReportTransport(
-        {[](const ErrorReportDetails &) { throw base::Error(17, u"no such server"_s); },
-         [](const ReportMail &) { return true; },
-         {}});
-    report([](ScreenDriver form) {
-        form.press("cmdSend");
-        EXPECT_FALSE(form.isOpen());
-    });
-    EXPECT_EQ(storedErrors(), 1);
-    EXPECT_EQ(desktop.opened.size(), 1);
-}
-
 TEST_F(Sending, WhatIsNoFaultOfTheProgramIsToldInItsSentence)
 {
     prompts.inform(rights::refusal(rights::Parts.add));
@@ -245,8 +231,15 @@ TEST_F(Sending, WithoutAMailProgramTheFormItselfTellsIt)
     EXPECT_EQ(storedErrors(), 1);
 }
 
-TEST_F(Sending, AnErrorThatCantBeStoredIsToldOnceInTheForm)
+TEST_F(Sending, TheFormOpensWithoutADatabaseAndTellsWhatItCantStore)
 {
+    closeConnections();
+    report([](ScreenDriver form) { form.press("cmdExit"); });
+    openConnections();
+    // Nor does an unusable database open one form after another.
+    gcnLookup->Execute(u"Drop table tblSysOption"_s);
+    report([](ScreenDriver form) { form.press("cmdExit"); });
+    EXPECT_EQ(storedErrors(), 1);
     gcnLookup->Execute(u"Drop table tblErrorList"_s);
     report([](ScreenDriver form) {
         EXPECT_FALSE(form.isShown("lblFailure"));
@@ -257,17 +250,6 @@ TEST_F(Sending, AnErrorThatCantBeStoredIsToldOnceInTheForm)
         EXPECT_FALSE(form.isOpen());
     });
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
-}
-
-TEST_F(Sending, TheFormOpensWithoutADatabaseToo)
-{
-    closeConnections();
-    report([](ScreenDriver form) { form.press("cmdExit"); });
-    openConnections();
-    // Nor does an unusable database open one form after another.
-    gcnLookup->Execute(u"Drop table tblSysOption"_s);
-    report([](ScreenDriver form) { form.press("cmdExit"); });
-    EXPECT_EQ(storedErrors(), 1);
 }
 
 TEST_F(Sending, TheLogViewerShowsTheWholeLogOrNothing)
