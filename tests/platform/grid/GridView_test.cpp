@@ -53,10 +53,13 @@ TEST_F(GridViewShown, LinesAreOnePixelWideAtAnyScale)
         for (int at = 0; at < picture.height(); ++at)
             across += picture.pixel(x, at) == lines ? 1 : 0;
         EXPECT_EQ(across, rows().rowCount()) << scale;
-        int upright = 0;
-        for (int at = 0; at < qRound((cell.right() + 3) * scale); ++at)
-            upright += picture.pixel(at, y) == lines ? 1 : 0;
-        EXPECT_EQ(upright, 1) << scale;
+        QList<int> upright;
+        for (int at = 0; at < qRound((cell.right() + 3) * scale); ++at) {
+            if (picture.pixel(at, y) == lines)
+                upright.append(at);
+        }
+        ASSERT_EQ(upright.size(), 1) << scale;
+        EXPECT_NEAR(upright.first(), (cell.right() + 1) * scale - 1, 1) << scale;
     }
 }
 
