@@ -122,6 +122,8 @@ QString DefinitionWriter::alterTable() const
     return u"ALTER TABLE "_s + quotedName(table().name) + u' ';
 }
 
+/// Tables and columns are called as the dialect says, or not at all; only indexes get names of our
+/// own (EngineTypes::indexName).
 QString DefinitionWriter::checkedName(QStringView name) const
 {
     if (name.toUtf8().size() > EngineTypes::MaximumNameLength) {
@@ -236,6 +238,7 @@ void DefinitionWriter::createTable()
     for (const ColumnDefinition &column : m_definition.columns) {
         if (names.contains(column.name.toString().toLower()))
             raise(u"the column \"%1\" stands twice."_s.arg(column.name));
+        // The engine takes "A" and "a" for two columns, the dialect for one.
         names.insert(column.name.toString().toLower());
         ColumnDefinition written = column;
         // The engine wants NOT NULL at the columns of a primary key.
@@ -266,6 +269,7 @@ void DefinitionWriter::createTable()
         m_statements.push_back(EngineTypes::yesNoTrigger(name, yesNo));
 }
 
+/// The columns that the table's trigger keeps at -1 or 0, one of them left out.
 std::vector<QString> DefinitionWriter::yesNoColumns(QStringView without) const
 {
     std::vector<QString> columns;
@@ -370,6 +374,7 @@ void DefinitionWriter::replaceColumn(const Column &present, const ColumnDefiniti
     m_statements.push_back(update + moved + u" = "_s + name);
     m_statements.push_back(alterTable() + u"DROP "_s + name);
     m_statements.push_back(alterTable() + u"ALTER COLUMN "_s + moved + u" TO "_s + name);
+    // Counted from 1: "select *" and inserts without columns go by the place.
     const auto position = &present - table().columns.data() + 1;
     m_statements.push_back(alterTable() + u"ALTER COLUMN "_s + name +
                            u" POSITION %1"_s.arg(position));

@@ -11,7 +11,8 @@ constexpr int any = std::numeric_limits<int>::max();
 /// The resolver works these out (ResolverExpression.cpp).
 constexpr ColumnKind byArguments = ColumnKind::Unknown;
 
-/// Sorted by name.
+/// Sorted by name, for findFunction. Some share a meaning: the dialect has more types of numbers
+/// than values have, and of First and Last no order is known but that of the values.
 constexpr std::array functions = {
     Function{u"abs", FunctionId::Abs, 1, 1, byArguments},
     Function{u"avg", FunctionId::Avg, 1, 1, ColumnKind::Real},

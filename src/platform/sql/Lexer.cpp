@@ -157,6 +157,7 @@ constexpr std::array symbols = {
 
 void raiseSyntaxError(const QString &what, QStringView statement, qsizetype position)
 {
+    // The end of a statement that is cut off lies behind its last character.
     position = std::clamp<qsizetype>(position, 0, statement.size());
     QString place = statement.sliced(position)
                         .first(std::min<qsizetype>(30, statement.size() - position))
@@ -175,6 +176,7 @@ char16_t Lexer::peek(qsizetype ahead) const
     return at < m_statement.size() ? m_statement[at].unicode() : u'\0';
 }
 
+/// A token of so many characters from here on.
 Token Lexer::symbol(TokenKind kind, qsizetype length)
 {
     Token token;
@@ -267,6 +269,7 @@ Token Lexer::scanWord()
     return token;
 }
 
+/// Digits with a point and an exponent or without; a sign before them is an operator.
 Token Lexer::scanNumber()
 {
     qsizetype length = 0;

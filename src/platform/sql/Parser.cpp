@@ -109,6 +109,8 @@ const Token &Parser::take()
     return token;
 }
 
+/// For words that mean something at one place only and are no keywords, so that they stay free as
+/// names.
 bool Parser::atWord(QStringView word) const
 {
     return peek().kind == TokenKind::Word && peek().text.compare(word, Qt::CaseInsensitive) == 0;

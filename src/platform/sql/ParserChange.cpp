@@ -94,6 +94,7 @@ Expression Parser::parseColumn()
     return column;
 }
 
+/// INSERT [INTO] table [(columns)] VALUES (..) | SELECT ..
 std::unique_ptr<Change> Parser::parseInsert()
 {
     auto change = std::make_unique<Change>();
@@ -122,6 +123,8 @@ std::unique_ptr<Change> Parser::parseInsert()
     return change;
 }
 
+/// UPDATE table SET column = value, .. [WHERE ..]. Of several tables none is changed: the engine
+/// can't.
 std::unique_ptr<Change> Parser::parseUpdate()
 {
     auto change = std::make_unique<Change>();
@@ -140,6 +143,7 @@ std::unique_ptr<Change> Parser::parseUpdate()
     return change;
 }
 
+/// DELETE [* | table.*] FROM table [WHERE ..]
 std::unique_ptr<Change> Parser::parseDelete()
 {
     auto change = std::make_unique<Change>();
@@ -169,6 +173,7 @@ std::unique_ptr<Definition> Parser::parseCreate()
     return definition;
 }
 
+/// CREATE TABLE name (column | key, ..)
 void Parser::parseCreateTable(Definition &definition)
 {
     definition.kind = Definition::Kind::CreateTable;
@@ -185,6 +190,7 @@ void Parser::parseCreateTable(Definition &definition)
         raise(u"a table needs a column."_s);
 }
 
+/// CREATE [UNIQUE] INDEX name ON table (columns) [WITH ..]
 void Parser::parseCreateIndex(Definition &definition)
 {
     definition.kind = Definition::Kind::CreateIndex;
@@ -212,6 +218,7 @@ void Parser::parseCreateIndex(Definition &definition)
         raise(u"IGNORE ZERO is for an index of one column."_s);
 }
 
+/// ALTER TABLE name ADD .. | ALTER [COLUMN] .. | DROP ..; several columns may be added at once.
 std::unique_ptr<Definition> Parser::parseAlter()
 {
     auto definition = std::make_unique<Definition>();
@@ -246,6 +253,7 @@ std::unique_ptr<Definition> Parser::parseAlter()
     return definition;
 }
 
+/// DROP TABLE name | DROP INDEX name ON table, since names of indexes are a table's own.
 std::unique_ptr<Definition> Parser::parseDrop()
 {
     auto definition = std::make_unique<Definition>();
@@ -274,6 +282,7 @@ ColumnDefinition Parser::parseColumnDefinition()
     return column;
 }
 
+/// [CONSTRAINT name] NOT NULL | NULL | PRIMARY KEY | UNIQUE, or DEFAULT with a value.
 bool Parser::parseColumnConstraint(ColumnDefinition &column)
 {
     if (accept(Keyword::Constraint)) {
@@ -309,6 +318,7 @@ bool Parser::parseColumnConstraint(ColumnDefinition &column)
     return true;
 }
 
+/// [CONSTRAINT name] PRIMARY KEY | UNIQUE (columns)
 std::optional<KeyDefinition> Parser::parseKeyDefinition()
 {
     const bool named = at(Keyword::Constraint);
@@ -355,6 +365,8 @@ int Parser::parseLength(int most)
     return length;
 }
 
+/// The words for types are no words of the grammar: columns may be called so, and here nothing else
+/// can stand.
 TypeName Parser::parseType()
 {
     if (!at(TokenKind::Word))

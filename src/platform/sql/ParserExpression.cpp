@@ -103,6 +103,7 @@ ExpressionPointer Parser::parseAnd()
     return chain;
 }
 
+/// NOT binds looser than comparisons: "not a in (1, 2)" denies the whole.
 ExpressionPointer Parser::parseNot()
 {
     if (!at(Keyword::Not))
@@ -166,6 +167,7 @@ ExpressionPointer Parser::parseNegatablePredicate(ExpressionPointer value)
     return predicate;
 }
 
+/// A list of values or a query that gives one column.
 ExpressionPointer Parser::parseIn(ExpressionPointer value, bool negated)
 {
     auto in = makeExpression(Kind::In, value->position);
@@ -227,6 +229,7 @@ ExpressionPointer Parser::parseUnary()
     return negation;
 }
 
+/// "2 ^ -1" needs no parentheses; powers go from the left, as in the dialect's other operators.
 ExpressionPointer Parser::parsePower()
 {
     ExpressionPointer base = parsePrimary();
@@ -325,6 +328,7 @@ ExpressionPointer Parser::parseWord()
     raise(u"a value is missing before this."_s);
 }
 
+/// "column" or "table.column". Behind the point even a word of the grammar is a name.
 ExpressionPointer Parser::parseName()
 {
     auto name = makeExpression(Kind::Name, peek().begin);
@@ -338,6 +342,7 @@ ExpressionPointer Parser::parseName()
     return name;
 }
 
+/// Checks the number of arguments here, where the place of the name is known for the message.
 ExpressionPointer Parser::parseCall()
 {
     const Token name = take();

@@ -4,6 +4,7 @@ namespace sql {
 
 using namespace Qt::StringLiterals;
 
+/// SELECT .. {UNION [ALL] SELECT ..} [ORDER BY ..]
 std::unique_ptr<Query> Parser::parseQuery()
 {
     const Nesting nesting(*this);
@@ -26,6 +27,7 @@ std::unique_ptr<Query> Parser::parseQuery()
     return query;
 }
 
+/// SELECT [DISTINCT] [TOP n] items [FROM ..] [WHERE ..] [GROUP BY ..] [HAVING ..]
 Select Parser::parseSelect()
 {
     Select select;
@@ -60,6 +62,7 @@ Select Parser::parseSelect()
     return select;
 }
 
+/// "*", "table.*", or a value with a name of its own or without.
 SelectItem Parser::parseSelectItem()
 {
     SelectItem item;
@@ -91,6 +94,7 @@ QStringView Parser::parseAlias(bool withoutAs)
     return withoutAs && atName() ? take().text : QStringView();
 }
 
+/// A JOIN without INNER, LEFT, RIGHT or FULL is an inner one; OUTER says nothing more.
 std::optional<JoinKind> Parser::takeJoin()
 {
     JoinKind kind = JoinKind::Inner;
@@ -118,6 +122,7 @@ std::optional<JoinKind> Parser::takeJoin()
     return kind;
 }
 
+/// Tables from left to right. A comma joins too: what it leaves open stands in WHERE.
 JoinChain Parser::parseJoinChain()
 {
     const Nesting nesting(*this);
@@ -164,6 +169,7 @@ std::unique_ptr<Source> Parser::parseTable()
     return source;
 }
 
+/// "(SELECT ..) [AS] name" or "[SELECT ..]. AS name"; the name may be missing.
 std::unique_ptr<Source> Parser::parseDerivedTable()
 {
     auto source = std::make_unique<Source>();

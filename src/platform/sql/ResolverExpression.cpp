@@ -31,6 +31,7 @@ ColumnKind literalType(TokenKind kind)
     }
 }
 
+/// A condition that stands for a value is -1 or 0.
 ColumnKind typeOf(const Expression &operand)
 {
     return operand.isCondition() ? ColumnKind::YesNo : operand.type;

@@ -12,6 +12,7 @@ const Column *Table::find(QStringView column) const
     return nullptr;
 }
 
+/// A second table of the name takes the place of the first, as the newer reading of it.
 void Schema::add(Table table)
 {
     QString key = table.name.toLower();

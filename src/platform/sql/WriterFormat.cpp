@@ -72,6 +72,7 @@ void Writer::writeFormat(const Expression &call)
         return;
     }
     if (const NamedChoice *named = findChoice(name)) {
+        // Cut, for the engine fills the shorter word up to the longer one.
         m_text += u"TRIM(CASE ("_s;
         writeValue(value, {ColumnKind::Real, Place::Result, 0});
         m_text +=
@@ -92,6 +93,8 @@ void Writer::writeFormat(const Expression &call)
     }
 }
 
+/// Of two sections the second is that of negative numbers, of three the last that of zero. A
+/// section shows its sign itself, in parentheses or how it likes.
 void Writer::writeNumberSections(const Expression &value, const QString &picture)
 {
     const Repetition repetition(*this, value);
@@ -158,6 +161,7 @@ void Writer::writeNumberSection(const Expression &value, const NumberPicture &pi
     writeWhole(value, picture);
     if (picture.point)
         m_text += u" || '.'"_s;
+    // All decimals that the number may have; those at the end that are 0 go unless they are fixed.
     const auto fraction = [&] {
         m_text += u"RIGHT(CAST("_s;
         writeRounded(value, picture);

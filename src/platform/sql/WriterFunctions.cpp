@@ -253,6 +253,7 @@ void Writer::writeNamedPart(const Expression &call)
     writeDatePart(date, interval->unit);
 }
 
+/// Both branches become the type of the whole, or the engine would take that of the first.
 void Writer::writeIIf(const Expression &call)
 {
     m_text += u"IIF("_s;
@@ -261,6 +262,7 @@ void Writer::writeIIf(const Expression &call)
     writeAround({}, *call.operands[2], call.type, u")");
 }
 
+/// Without a second argument Null becomes 0 or the empty text, whichever the first one's kind has.
 void Writer::writeNz(const Expression &call)
 {
     if (call.operands.size() > 1)
@@ -298,6 +300,7 @@ void Writer::writeCStr(const Expression &value)
     m_text += u" AS VARCHAR(20))"_s;
 }
 
+/// The text of a date is the same whoever writes it: the program (base::toText) or the engine.
 void Writer::writeDateText(const Expression &date)
 {
     // 3/9/2024, with the time behind it when there is one: 3/9/2024 2:05:00 PM.
@@ -420,6 +423,7 @@ void Writer::writeDateDiff(const Expression &call)
     }
 }
 
+/// The engine keeps to the last day of a month: a month after 31 January is 29 February.
 void Writer::writeDateAdd(const Expression &call)
 {
     const Interval *interval =
@@ -441,6 +445,7 @@ void Writer::writeWeekday(const Expression &value)
     m_text += u" + 1)"_s;
 }
 
+/// The first condition that holds decides; Null when none does.
 void Writer::writeSwitch(const Expression &call)
 {
     m_text += u"CASE"_s;
@@ -452,6 +457,7 @@ void Writer::writeSwitch(const Expression &call)
     m_text += u" END"_s;
 }
 
+/// Behind the end of a text there is the empty text, not Null.
 void Writer::writeMid(const Expression &call)
 {
     writeAround(u"SUBSTRING(", *call.operands[0], ColumnKind::Text, u" FROM ");
