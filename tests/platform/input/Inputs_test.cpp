@@ -99,6 +99,10 @@ TEST(IdCombo, FindsItemsByIdTextAndTyping)
     EXPECT_EQ(combo->currentText(), u"Maryland"_s);
     EXPECT_FALSE(combo->select(99));
     EXPECT_EQ(combo->id(), 12);
+    EXPECT_TRUE(combo->display(11) && combo->isItemChosen());
+    EXPECT_FALSE(combo->display(99));
+    EXPECT_EQ(combo->id(), 99) << "an item that is gone";
+    EXPECT_FALSE(combo->isItemChosen());
     EXPECT_TRUE(combo->selectText(u"MAINE"_s));
     EXPECT_EQ(combo->id(), 11);
     EXPECT_EQ(combo->collection().value(u"Maine"_s), u"11"_s);

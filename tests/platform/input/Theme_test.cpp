@@ -4,6 +4,7 @@
 
 #include <QIcon>
 #include <QImage>
+#include <QLabel>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
@@ -50,6 +51,18 @@ TEST(Theme, TextStandsOutFromItsGround)
     EXPECT_GE(contrast(theme::selectionTextColor(), theme::selectionColor()), 4.5);
     EXPECT_GE(contrast(theme::accentColor(), theme::formColor()), 3.0);
     EXPECT_GE(contrast(theme::selectionColor(), theme::formColor()), 3.0);
+}
+
+TEST(Theme, ALabelWithALookOfItsOwnKeepsIt)
+{
+    QWidget form;
+    QLabel own(&form);
+    QLabel usual(&form);
+    theme::setOwnLook(&own, theme::font(20), Qt::red);
+    theme::ApplyFormColors(&form);
+    EXPECT_EQ(own.palette().color(QPalette::WindowText), QColor(Qt::red));
+    EXPECT_EQ(own.font().pointSize(), 20);
+    EXPECT_EQ(usual.palette().color(QPalette::WindowText), theme::mainColor());
 }
 
 TEST(Icon, EveryNameGivesAPictureInEveryState)
