@@ -1,5 +1,6 @@
 #include "ShownGrid.h"
 
+#include <QAction>
 #include <QCalendarWidget>
 #include <QDialog>
 #include <QTimer>
@@ -203,6 +204,12 @@ TEST_F(GridViewEditing, DatesAreTypedMonthFirstOrChosenInTheCalendar)
     Q_EMIT calendar->clicked(QDate(2024, 4, 8));
     EXPECT_EQ(rows().text(0, u"Ordered"), u"04/08/2024");
     EXPECT_FALSE(isEditing());
+
+    m_grid.editCell(0, u"Ordered");
+    QApplication::focusWidget()->actions().constFirst()->trigger();
+    EXPECT_TRUE(qobject_cast<QCalendarWidget *>(QApplication::activePopupWidget()));
+    QApplication::activePopupWidget()->close();
+    m_grid.finishEditing();
 
     m_grid.editCell(0, u"Ordered");
     key(Qt::Key_Delete);

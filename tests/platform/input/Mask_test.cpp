@@ -33,6 +33,7 @@ TEST(Mask, PutsTypedCharactersIntoTheNextPlace)
     EXPECT_EQ(typedAll(phone, "5a5x512"), "(555) 12 -    |8");
     EXPECT_EQ(typedAll(phone, "55512345678"), "(555) 123-4567|14");
     EXPECT_EQ(typedAll(Mask(u"##:##M"_s), "0830p"), "08:30P|6");
+    EXPECT_EQ(phone.typed(u"(555) 123-4567"_s, 1, u' ')->text, u"( 55) 123-4567"_s);
 }
 
 /// A text and what becomes of it; null where it is refused.
