@@ -334,18 +334,13 @@ TEST(LongNames, AreGivenBesideTheText)
 
 TEST(LongLists, AreSplit)
 {
-    QStringList values;
-    for (int i = 0; i < 2500; ++i)
-        values += QString::number(i);
-    const QString list = values.join(u',');
+    const QString list = u"1"_s + u",1"_s.repeated(2499);
+    const std::pair<qsizetype, qsizetype> parts(3, 2);
     const QString in = conditionOf(u"Id in ("_s + list + u") and Sold"_s);
-    EXPECT_EQ(in.count(u"\"Id\" IN ("_s), 3);
-    EXPECT_TRUE(in.startsWith(u"(\"Id\" IN ("_s));
-    EXPECT_EQ(in.count(u" OR "_s), 2);
-    EXPECT_TRUE(in.endsWith(u")) AND \"Sold\" <> 0"_s));
+    EXPECT_TRUE(in.startsWith(u"(\"Id\" IN ("_s) && in.endsWith(u")) AND \"Sold\" <> 0"_s));
+    EXPECT_EQ(std::pair(in.count(u"\"Id\" IN ("_s), in.count(u" OR "_s)), parts);
     const QString notIn = conditionOf(u"Id not in ("_s + list + u")"_s);
-    EXPECT_EQ(notIn.count(u"\"Id\" NOT IN ("_s), 3);
-    EXPECT_EQ(notIn.count(u" AND "_s), 2);
+    EXPECT_EQ(std::pair(notIn.count(u"\"Id\" NOT IN ("_s), notIn.count(u" AND "_s)), parts);
 }
 
 TEST(ShippedStatements, AllGoThrough)
