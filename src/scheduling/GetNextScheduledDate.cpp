@@ -125,17 +125,18 @@ QDateTime nextOf(const Schedule &schedule, qint64 serviceUsedID,
     if (!isCalendar(schedule.period))
         return reached(schedule.equipment, PeriodWord(schedule.period), schedule.target);
 
-    const QDateTime today = base::wallClock(base::today());
-    const QDateTime last =
-        schedule.fromLastScheduled ? schedule.lastScheduled : schedule.lastPerformed;
-    const QDate from = givenDate.value_or(last.isValid() ? last : today).date();
+    const QDateTime last = givenDate.value_or(schedule.fromLastScheduled ? schedule.lastScheduled
+                                                                         : schedule.lastPerformed);
+    // The clock is asked only where it counts: a posting comes by for thousands of services.
+    const QDate from = givenDate || last.isValid() ? last.date() : base::today();
     const QString missing =
         schedule.pattern.dom == 0 ? missingPattern(schedule.pattern) : QString();
     if (!missing.isEmpty()) {
         // An interval that runs over is an error before anything is said.
         (void)scheduling::Addday(schedule.period, schedule.interval, from);
         tellMissingPattern(missing, serviceUsedID);
-        return today.addDays(1); // whole, so that a window of that day holds it
+        // Whole, so that a window of that day holds it.
+        return base::wallClock(base::today().addDays(1));
     }
     return base::wallClock(
         scheduling::nextDate(schedule.pattern, schedule.period, schedule.interval, from));

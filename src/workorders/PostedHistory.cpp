@@ -225,7 +225,7 @@ private:
         });
         if (hasRead)
             m_read.insert(row.integer(u"EquipmentID"), service);
-        m_posted.insert(service.id, service);
+        m_posted.insert(m_posted.cend(), service.id, service); // most keys grow from row to row
         if (m_progress)
             m_progress(static_cast<int>(m_posted.size()), m_all);
     }

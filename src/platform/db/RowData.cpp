@@ -41,7 +41,9 @@ int RowLayout::columnIndex(QStringView name) const
     const std::size_t mask = m_names.size() - 1;
     for (std::size_t place = nameHash(name) & mask; m_names[place] >= 0;
          place = (place + 1) & mask) {
-        if (name.compare(m_columns[m_names[place]].name, Qt::CaseInsensitive) == 0)
+        // Mostly a name is asked for as it is written.
+        const QString &known = m_columns[m_names[place]].name;
+        if (name == known || name.compare(known, Qt::CaseInsensitive) == 0)
             return m_names[place];
     }
     return -1;
