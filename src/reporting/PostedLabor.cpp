@@ -4,6 +4,8 @@
 #include "platform/base/Decimal.h"
 
 #include <QHash>
+#include <algorithm>
+#include <vector>
 
 namespace postedlabor {
 
@@ -16,17 +18,21 @@ QVariantList ofSummary(const db::Recordset &summary)
     const auto keyOf = [](const db::Row &row) {
         return Key(row.integer(u"WorkOrderNo"), row.text(u"Description"));
     };
-    QStringList orders;
+    std::vector<qint64> orders;
     for (const db::Row row : summary)
-        orders.append(QString::number(row.integer(u"WorkOrderNo")));
-    if (orders.isEmpty())
+        orders.push_back(row.integer(u"WorkOrderNo"));
+    if (orders.empty())
         return {};
+    // By their range and not by a list of them all, which the engine would go through for each
+    // service. What lies between them and is not in the summary is asked for by none of its rows.
+    const auto [first, last] = std::ranges::minmax(orders);
     QHash<Key, base::Money> labor;
     for (
         const db::Row service : gcnData->Open(
             u"Select WorkOrderNo, Description, CostEstimate from tblWOServiceUsedHistory left join "
-            "tblCrew on tblWOServiceUsedHistory.CrewID = tblCrew.CrewID where WorkOrderNo in (%1)"_s
-                .arg(orders.join(u','))))
+            "tblCrew on tblWOServiceUsedHistory.CrewID = tblCrew.CrewID where WorkOrderNo >= ? and "
+            "WorkOrderNo <= ?"_s,
+            {first, last}))
         labor[keyOf(service)] += base::Money(service.real(u"CostEstimate")).cents();
     QVariantList values;
     for (const db::Row row : summary)
