@@ -326,6 +326,10 @@ TEST(Chart, EveryOutputHasIt)
     EXPECT_THAT(html, testing::HasSubstr("M-3"));
     EXPECT_EQ(written(u"a.pdf"_s).first(5), "%PDF-");
     EXPECT_EQ(written(u"a.xlsx"_s).first(2), "PK");
+    if (const auto sheet = outputOf(
+            u"unzip"_s, {u"-p"_s, folder.filePath(u"a.xlsx"_s), u"xl/worksheets/sheet1.xml"_s})) {
+        EXPECT_THAT(sheet->toStdString(), testing::ContainsRegex("M-3</t>.*<v>-6</v>"));
+    }
     const QImage image = drawn(allPages(layout, costs(), {})[0], {2200, 2800}, 0.1);
     EXPECT_GT(pointsOf(image, QColor(0, 0x72, 0xb2)), 5000) << "bars are painted";
 }

@@ -90,7 +90,7 @@ TEST(Arrange, AnEdgeThatIsDrawnStopsAtItsOpposite)
     EXPECT_EQ(dragged(frame, {true, true, false, false}, {99, 99}), QRect(150, 130, 0, 0));
     EXPECT_EQ(dragged(frame, {false, false, true, true}, {-99, 5}), QRect(100, 100, 0, 35));
     // A line that rises keeps rising.
-    Object line = newObject(ObjectKind::Line, {0, 100});
+    Object line = newObject(ObjectKind::Line, {30, 150});
     line.width = 100;
     line.height = -100;
     fitInto(line, frameOf(line), QRect(0, 0, 200, 50));

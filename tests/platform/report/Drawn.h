@@ -5,7 +5,9 @@
 #include <QBuffer>
 #include <QImage>
 #include <QPainter>
+#include <QProcess>
 #include <gtest/gtest.h>
+#include <optional>
 
 namespace report {
 
@@ -35,6 +37,16 @@ inline int pointsOf(const QImage &image, const QColor &color)
         for (int x = 0; x < image.width(); ++x)
             points += image.pixelColor(x, y) == color;
     return points;
+}
+
+/// What a program of the system prints, nothing where it isn't installed.
+inline std::optional<QString> outputOf(const QString &program, const QStringList &arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    if (!process.waitForStarted() || !process.waitForFinished())
+        return std::nullopt;
+    return QString::fromUtf8(process.readAllStandardOutput());
 }
 
 /// A file's bytes with a picture of one colour.

@@ -12,7 +12,6 @@
 #include "support/TestFiles.h"
 
 #include <QDir>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <array>
 #include <gmock/gmock.h>
@@ -63,16 +62,6 @@ protected:
         EXPECT_EQ(outcome.problems, QStringList());
         return test::readFile(path(name)).toStdString();
     }
-    /// What a program of the system prints, nothing where it isn't installed.
-    static std::optional<QString> output(const QString &program, const QStringList &arguments)
-    {
-        QProcess process;
-        process.start(program, arguments);
-        if (!process.waitForStarted() || !process.waitForFinished())
-            return std::nullopt;
-        return QString::fromUtf8(process.readAllStandardOutput());
-    }
-
     QTemporaryDir m_folder;
 };
 
@@ -144,12 +133,12 @@ TEST_F(Export, PdfHasItsPagesAndTheirWords)
     // on.
     EXPECT_THAT(written(partsLayout(), parts(), u"parts.pdf"_s),
                 testing::AllOf(testing::StartsWith("%PDF-"), testing::EndsWith("%%EOF\n")));
-    const auto information = output(u"pdfinfo"_s, {path(u"parts.pdf"_s)});
+    const auto information = outputOf(u"pdfinfo"_s, {path(u"parts.pdf"_s)});
     if (!information)
         GTEST_SKIP() << "no program to read PDF files";
     for (const char *line : {"Pages: +2\n", "Page size: +612 x 792 pts", "Parts & bins"})
         EXPECT_THAT(information->toStdString(), testing::ContainsRegex(line));
-    const auto text = output(u"pdftotext"_s, {u"-layout"_s, path(u"parts.pdf"_s), u"-"_s});
+    const auto text = outputOf(u"pdftotext"_s, {u"-layout"_s, path(u"parts.pdf"_s), u"-"_s});
     ASSERT_TRUE(text);
     for (const char *words : {"Belt, 40\"", "$12.50", "$19.75", "-$3.00", "03/05/2024"})
         EXPECT_THAT(text->toStdString(), testing::HasSubstr(words));
@@ -204,8 +193,8 @@ TEST_F(Export, APdfLooksAsThePageDoesOnScreen)
     PdfFile file(path(u"full.pdf"_s), PageSetup(), u"Full"_s);
     file.add(fullPage());
     file.finish();
-    if (!output(u"pdftoppm"_s, {u"-r"_s, QString::number(Dpi), u"-png"_s, u"-singlefile"_s,
-                                path(u"full.pdf"_s), path(u"full"_s)}))
+    if (!outputOf(u"pdftoppm"_s, {u"-r"_s, QString::number(Dpi), u"-png"_s, u"-singlefile"_s,
+                                  path(u"full.pdf"_s), path(u"full"_s)}))
         GTEST_SKIP() << "no program to draw PDF files";
     const QImage printed(path(u"full.png"_s));
     const QImage shown = drawn(fullPage(), printed.size(), Dpi / 2540.0);
@@ -222,7 +211,7 @@ TEST_F(Export, APdfLooksAsThePageDoesOnScreen)
             for (int color = 0; color < 3; ++color)
                 EXPECT_NEAR(part(printed, column, row)[color], part(shown, column, row)[color], 16)
                     << column << ", " << row;
-    EXPECT_THAT(output(u"pdftotext"_s, {path(u"full.pdf"_s), u"-"_s})->toStdString(),
+    EXPECT_THAT(outputOf(u"pdftotext"_s, {path(u"full.pdf"_s), u"-"_s})->toStdString(),
                 testing::HasSubstr("Öl 5W-40, €5 – “Прим”"));
 }
 
@@ -230,7 +219,7 @@ TEST_F(Export, SpreadsheetKeepsNumbersAndDates)
 {
     EXPECT_THAT(written(partsLayout(), parts(), u"parts.xlsx"_s), testing::StartsWith("PK"));
     const auto part = [&](const QString &name) {
-        return output(u"unzip"_s, {u"-p"_s, path(u"parts.xlsx"_s), name});
+        return outputOf(u"unzip"_s, {u"-p"_s, path(u"parts.xlsx"_s), name});
     };
     const auto sheet = part(u"xl/worksheets/sheet1.xml"_s);
     const auto styles = part(u"xl/styles.xml"_s);

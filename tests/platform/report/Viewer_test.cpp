@@ -237,6 +237,15 @@ TEST_F(Viewer, PrintsTheChosenPages)
     QTest::keyClick(m_view, Qt::Key_P, Qt::ControlModifier);
     EXPECT_EQ(offered, 3);
     EXPECT_EQ(test::readFile(path(u"printed.pdf"_s)).count("/Type /Page\n"), 2);
+    // What lies beyond the paper is left out of the text.
+    if (const auto text = outputOf(u"pdftotext"_s, {path(u"printed.pdf"_s), u"-"_s})) {
+        EXPECT_TRUE(text->contains(u"Mower 36"));
+    }
+    // Who prints while pages are still laid out gets them all.
+    m_viewer.setReport(machines(), std::make_shared<HeldRows>(36, 33), {});
+    EXPECT_TRUE(m_viewer.isLayingOut());
+    EXPECT_TRUE(m_viewer.print());
+    EXPECT_EQ(offered, 3);
     for (const bool isChosen : {false, true}) {
         m_viewer.setPrinterChooser([&](QPrinter &printer, int, QWidget *) {
             printInto(printer, path(u"none/printed.pdf"_s));
