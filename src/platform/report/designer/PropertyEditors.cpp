@@ -150,6 +150,7 @@ QString editText(const Property &property)
 /// What was typed, as the property takes it; nothing when it can't be read or says nothing new.
 std::optional<QVariant> typedValue(const Property &property, const QString &text)
 {
+    // Leaving an editor without a change must not give several objects the lead's value.
     if (text == editText(property))
         return std::nullopt;
     bool isNumber = false;
@@ -266,6 +267,7 @@ void PropertyDelegate::setEditorData(QWidget *editor, const QModelIndex &index) 
         if (property->kind == P::Choice) {
             box->setCurrentIndex(property->isMixed ? -1 : property->value.toInt());
         } else if (box->isEditable()) {
+            // The list opens at the value, also when its text is one that the user typed.
             box->setCurrentIndex(box->findText(editText(*property)));
             box->setEditText(editText(*property));
             box->lineEdit()->selectAll();
@@ -290,6 +292,7 @@ void PropertyDelegate::setModelData(QWidget *editor, QAbstractItemModel *,
     std::optional<QVariant> value;
     if (auto *box = qobject_cast<QComboBox *>(editor)) {
         if (property->kind == P::Choice) {
+            // A list that stands on nothing shows several values, and none was chosen.
             if (box->currentIndex() >= 0 &&
                 (property->isMixed || box->currentIndex() != property->value.toInt()))
                 value = box->currentIndex();
@@ -316,6 +319,7 @@ void PropertyDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionV
     if (qobject_cast<QPlainTextEdit *>(editor)) {
         constexpr int MemoHeight = 66;
         place.setHeight(MemoHeight);
+        // At the foot of the panel a memo opens upwards.
         if (place.bottom() > editor->parentWidget()->height())
             place.moveBottom(editor->parentWidget()->height());
     }

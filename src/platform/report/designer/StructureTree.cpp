@@ -43,6 +43,7 @@ StructureTree::StructureTree(DesignDocument &document, QWidget *parent)
     m_tree->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_tree->setUniformRowHeights(true);
     m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
+    // Enter opens the attributes; the tree itself would only unfold the line.
     m_tree->installEventFilter(this);
     auto *rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
@@ -113,6 +114,8 @@ void StructureTree::refresh()
         item->setData(0, LineRole, number);
         item->setToolTip(0, line.text);
         if (line.isHeading) {
+            // A heading can be reached by the keyboard, or what lies below it could not be folded
+            // by it.
             item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
             item->setFont(0, theme::labelFont());
             item->setForeground(0, theme::mainColor());
@@ -149,6 +152,7 @@ void StructureTree::showSelection()
             current = m_items[number];
     }
     if (current) {
+        // The cursor alone: selecting again would leave one of several.
         m_tree->setCurrentItem(current, 0, QItemSelectionModel::NoUpdate);
         m_tree->scrollToItem(current);
     }
@@ -167,6 +171,7 @@ void StructureTree::takeSelection()
             continue;
         if (line.selection.part == Part::Objects)
             places.append(line.selection.lead);
+        // Bands and groups are worked one at a time: the first one that is selected counts.
         else if (!other)
             other = line.selection;
     }
@@ -216,6 +221,7 @@ void StructureTree::addSort()
     const Selection &chosen = m_document.selection();
     const bool isField =
         chosen.objects.size() == 1 && m_document.object(chosen.lead).kind == ObjectKind::Field;
+    // A selected field is most likely what is sorted by.
     const QString by = isField ? m_document.object(chosen.lead).content : u"RowNumber"_s;
     m_document.change(u"Add sort order"_s, [&](Layout &layout, Selection &selection) {
         layout.sort.append(by);
@@ -234,6 +240,7 @@ void StructureTree::removeSelected()
     const Selection removed = m_document.selection();
     if (!canRemoveSelected())
         return;
+    // A removal is a change of its own, also right after a move by keys.
     m_document.endSeries();
     m_document.change(u"Delete"_s, [&](Layout &layout, Selection &selection) {
         const int index = removed.index;
@@ -246,6 +253,7 @@ void StructureTree::removeSelected()
             break;
         case Part::Objects:
             removeObjects(layout, removed.objects);
+            // The keys go on in the band that the objects stood in.
             selection = Selection::of(Part::Band, removed.lead.band);
             return;
         case Part::Band:

@@ -22,6 +22,7 @@ void Accumulator::add(const Accumulator &other)
         return;
     }
     const qint64 count = m_count + other.m_count;
+    // Its value counts as one more, which is put right below.
     if (m_function != AggregateFunction::Count)
         add(other.m_value);
     m_count = count;

@@ -33,6 +33,7 @@ public:
         , m_tokens(text)
     {}
 
+    /// What is left behind a whole expression is a mistake: "1 2" must not read as 1.
     ExpressionNode parseAll()
     {
         ExpressionNode root = parseOr();
@@ -75,6 +76,8 @@ private:
     {
         ExpressionNode node;
         node.depth = 1 + qMax(left.depth, right.depth);
+        // A chain adds a level for each operator without nesting in the text; evaluating and
+        // freeing it would go as deep.
         if (node.depth > MaximumTreeDepth)
             throw ParseError{u"the expression is too long"_s, m_tokens.current().at};
         node.kind = Kind::Binary;
@@ -167,6 +170,7 @@ private:
         case Token::Kind::End:
             throw ParseError{u"the expression ends too early"_s, token.at};
         }
+        // In brackets a name is a field's, even where it reads like a function.
         if (!token.value.isValid() && m_tokens.accept(u"("))
             return parseCall(token);
         if (const auto constant =
@@ -209,6 +213,7 @@ private:
             } while (m_tokens.accept(u","));
             m_tokens.expect(u")");
         }
+        // Asked when all are read, so that the name is what is told and not some comma.
         const int count = static_cast<int>(node.children.size());
         if (count < function->minimum || count > function->maximum)
             throw ParseError{u"\"%1\" has another number of arguments"_s.arg(name.text), name.at};
@@ -225,10 +230,13 @@ private:
         aggregate.function = function;
         const qsizetype from = m_tokens.current().at;
         if (m_tokens.accept(u"*"))
+            // Counting rows is counting a value that none of them lacks.
             aggregate.argument = u"1"_s;
         else
             (void)parseOr();
         if (aggregate.argument.isEmpty())
+            // As written: the argument is an expression of its own, which is worked out for each
+            // row and not here.
             aggregate.argument = m_source.sliced(from, m_tokens.current().at - from).trimmed();
         if (m_tokens.accept(u",")) {
             const Token scope = m_tokens.take();
@@ -304,6 +312,7 @@ QString withScopeRenamed(const QString &expression, const QString &former, const
         for (auto scope = parser.scopes.crbegin(); scope != parser.scopes.crend(); ++scope) {
             if (scope->value.toString().compare(former, Qt::CaseInsensitive) != 0)
                 continue;
+            // Either kind of quote may stand around a text; the one that is there stays.
             const QChar quote = expression[scope->at];
             const QString text = QString(name).replace(quote, QString(2, quote));
             renamed.replace(scope->at, scope->end - scope->at, quote + text + quote);
@@ -319,6 +328,7 @@ QString withScopeRenamedInWords(const QString &words, const QString &former, con
     QString renamed;
     qsizetype at = 0;
     for (qsizetype open = words.indexOf(u'{'); open >= 0; open = words.indexOf(u'{', at)) {
+        // A doubled brace is one among the words and begins nothing.
         const bool isBrace = QStringView(words).sliced(open).startsWith(u"{{");
         const qsizetype close = isBrace ? open + 1 : words.indexOf(u'}', open);
         if (close < 0)

@@ -18,6 +18,7 @@ constexpr qsizetype MaximumText = 4'000'000;
 QVariant daysAfter(const QDateTime &date, double days)
 {
     constexpr double Most = 4'000'000;
+    // Put this way round, since a comparison with what is no number is false.
     if (!(std::abs(days) < Most))
         return {};
     const QDateTime result = date.addSecs(static_cast<qint64>(std::llround(days * 86'400)));
@@ -40,6 +41,7 @@ QVariant ExpressionNode::evaluate(const EvaluationContext &context) const
         return !isTrueValue(children[0].evaluate(context));
     case Kind::Negate: {
         const QVariant value = children[0].evaluate(context);
+        // Null stays Null: nothing is not zero.
         return value.isNull() ? value : numberValue(-value.toDouble());
     }
     case Kind::Function: {

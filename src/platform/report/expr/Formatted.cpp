@@ -98,6 +98,7 @@ QString formatted(const QVariant &value, const QString &format)
         return base::toText(value);
     if (value.typeId() == QMetaType::QDateTime)
         return QLocale::c().toString(value.toDateTime(), qtDatePattern(format));
+    // Tables keep times, and some numbers, as texts.
     if (value.typeId() == QMetaType::QString) {
         // A time of day is kept as text.
         const QTime time = QTime::fromString(value.toString(), u"H:mm"_s);

@@ -54,6 +54,7 @@ QVariant minutesOf(const QVariantList &arguments)
     const QString text = base::toText(arguments[0]);
     const QStringView view(text);
     const qsizetype colon = view.indexOf(u':');
+    // Without a colon it is a number of something, of which nobody says whether hours or minutes.
     if (colon < 0)
         return {};
     const qsizetype second = view.indexOf(u':', colon + 1);
@@ -75,6 +76,8 @@ QVariant hoursText(const QVariantList &arguments)
     return u"%1:%2"_s.arg(minutes / 60).arg(minutes % 60, 2, 10, QChar(u'0'));
 }
 
+/// Both sides have been worked out already; nothing in an expression does anything but give a
+/// value.
 QVariant choose(const QVariantList &a)
 {
     return isTrueValue(a[0]) ? a[1] : (a.size() > 2 ? a[2] : QVariant());

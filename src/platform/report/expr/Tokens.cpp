@@ -26,6 +26,7 @@ bool Tokens::accept(QStringView text)
 {
     const bool match =
         (m_current.kind == Token::Kind::Symbol || m_current.kind == Token::Kind::Name) &&
+        // A name in brackets has a value: a field may be called "and".
         !m_current.value.isValid() && m_current.text.compare(text, Qt::CaseInsensitive) == 0;
     if (match)
         advance();
@@ -41,6 +42,7 @@ void Tokens::expect(QStringView text)
 void Tokens::advance()
 {
     read();
+    // Where it ends in the text, by which a scope is found to be renamed.
     m_current.end = m_at;
 }
 
@@ -59,6 +61,7 @@ void Tokens::read()
         readText(c);
     else if (c == u'#')
         readDate();
+    // Braces around a name are taken too: users carry them over from the texts of labels.
     else if (c == u'[' || c == u'{')
         readBracketedName(c == u'[' ? u']' : u'}');
     else if (c.isLetter() || c == u'_')

@@ -28,6 +28,8 @@ QVariant numberValue(double value)
 {
     if (!std::isfinite(value))
         return {};
+    // Whole numbers are kept as such, so that they print without a point; beyond that a double no
+    // longer holds each of them.
     if (value == std::trunc(value) && std::abs(value) < 1e15)
         return static_cast<qint64>(value);
     return value;
@@ -39,11 +41,13 @@ bool isTrueValue(const QVariant &value)
         return false;
     if (value.typeId() == QMetaType::QString)
         return !value.toString().isEmpty();
+    // A date or a picture that is there counts as true.
     return !isNumberValue(value) || value.toDouble() != 0;
 }
 
 int compareValues(const QVariant &left, const QVariant &right)
 {
+    // Null comes first, and is like Null: groups and sorts need a place for it.
     if (left.isNull() || right.isNull())
         return int(!left.isNull()) - int(!right.isNull());
     if (isNumberValue(left) && isNumberValue(right)) {

@@ -19,6 +19,7 @@ const Paper &paperOf(QStringView name)
     for (const Paper &paper : Papers)
         if (paper.name.compare(name, Qt::CaseInsensitive) == 0)
             return paper;
+    // Readers refuse unknown paper; a layout made in memory still gets a sheet.
     return Papers[0];
 }
 

@@ -35,12 +35,15 @@ public:
                 throw Failure{
                     u"This is no report layout: it begins with \"%1\""_s.arg(m_xml.name())};
             reading.layout = readReport();
+            // To the end: what follows the report would make it no file of this kind.
             while (!m_xml.atEnd())
                 m_xml.readNext();
             if (m_xml.hasError())
                 throw Failure{m_xml.errorString()};
         } catch (const Failure &failure) {
             reading.layout.reset();
+            // What is wrong with the file itself comes first: what was missed in it follows from
+            // that.
             reading.error = at(m_xml.hasError() ? m_xml.errorString() : failure.what);
         }
         reading.warnings = m_warnings;
@@ -58,6 +61,7 @@ private:
             const QString name = m_xml.name().toString();
             beginElement();
             if (!handle(name)) {
+                // A later version may have put it there; the rest still prints.
                 m_warnings.append(at(u"\"%1\" is not known here"_s.arg(name)));
                 m_xml.skipCurrentElement();
             }
@@ -81,6 +85,7 @@ private:
         const QString version = required(u"version");
         if (version.toInt() < 1)
             throw Failure{u"\"%1\" is no version"_s.arg(version)};
+        // Reading what is known of it would print a report that looks right and isn't.
         if (version.toInt() > Layout::CurrentVersion)
             throw Failure{u"The layout was made by a newer version of the program"_s};
         text(u"name", layout.name);
@@ -111,6 +116,7 @@ private:
                 return false;
             return true;
         });
+        // Objects take their style while they are read, from those that stand before the bands.
         layout.styles = m_styles;
         check(layout);
         return layout;
@@ -301,6 +307,7 @@ private:
             throw Failure{u"The name of an object is longer than %1 characters"_s.arg(LongestName)};
         text(u"style", object.styleName);
         if (!object.styleName.isEmpty())
+            // Ahead of the object's own attributes, which then change only what they say.
             object.style = followed(object.styleName);
         length(u"x", object.x);
         length(u"y", object.y);
@@ -330,6 +337,7 @@ private:
                 return false;
             return true;
         });
+        // Told at the end of the element, whose children have all been seen by then.
         if (kind == ObjectKind::Chart && object.chart.series.isEmpty())
             throw Failure{u"A chart has no \"series\""_s};
         return object;
@@ -395,6 +403,8 @@ private:
     /// "none" takes away the sides that a followed style has.
     static void readSides(const QString &sides, Border &border)
     {
+        // What the element says takes the place of the followed style's sides, and isn't added to
+        // them.
         border.left = border.top = border.right = border.bottom = false;
         if (sides == u"none")
             return;

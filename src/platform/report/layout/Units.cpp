@@ -31,6 +31,7 @@ std::optional<Length> parseLength(const QString &text)
 
 QString lengthText(Length length)
 {
+    // As short as it is exact: files are compared line by line.
     return QString::number(length / 100.0, 'g', 10) + QStringLiteral("mm");
 }
 

@@ -56,6 +56,7 @@ Length bottomOf(const QRect &frame)
 bool cutToHeight(QList<TextLine> &lines, const Style &style, Length height)
 {
     const qsizetype all = lines.size();
+    // A single line may stand a little over its frame: cut letters say more than none.
     while (lines.size() > 1 && flowHeight(lines, style) > height)
         lines.removeLast();
     return lines.size() < all;
@@ -124,6 +125,7 @@ MadeBand BandMaker::make(const compiled::Band &band)
     m_linesLeft = MostLines;
     for (const compiled::Object &object : band.objects) {
         Placed placed = placedAsLaidOut(object);
+        // A repeat takes no room either, but what it shows counts for the row after it.
         if (!prepare(object, placed, made) || placed.repeated)
             continue;
         if (holdsText(*object.layout))
@@ -139,6 +141,7 @@ MadeBand BandMaker::make(const compiled::Band &band)
     for (Placed &placed : objects) {
         // What stood below an object in the layout keeps its distance to it.
         const Length below = band.layout->height - bottomOf(layoutFrame(*placed.object->layout));
+        // No band gets longer than that, whatever a hostile layout asks for.
         made.height = qMin(LongestFlow, qMax(made.height, bottomOf(placed.frame) + qMax(0, below)));
         addItem(placed, made.items);
     }
@@ -180,13 +183,16 @@ bool BandMaker::prepare(const compiled::Object &object, Placed &placed, MadeBand
     placed.style = styleOf(object);
     if (object.value)
         placed.value = m_context.evaluate(*object.value);
+    // Texts have no value of their own, only pieces; a field has no pieces.
     if (object.layout->kind == ObjectKind::Field)
         placed.text = formatted(placed.value, object.layout->format);
     placed.text += textOf(object.pieces);
     if (object.repeatSlot >= 0) {
+        // Values are compared and not what is printed of them: two days of a month may read alike.
         const QVariant shown = object.value ? placed.value : QVariant(placed.text);
         const auto last = m_context.lastShown(object.repeatSlot);
         placed.repeated = last && compareValues(*last, shown) == 0;
+        // Noted only: the band may yet be put on another page, where nothing counts as shown.
         if (!placed.repeated)
             band.shown.append({object.repeatSlot, shown});
     }
@@ -217,6 +223,7 @@ ChartData BandMaker::crossTabOf(const compiled::Object &object) const
     if (!object.columnTotals)
         return data;
     const ChartData totals = m_context.chartData(*object.columnTotals);
+    // Without rows there is nothing to add up.
     if (totals.categories.isEmpty())
         return data;
     data.categories.append(totals.categories.first());
@@ -230,6 +237,7 @@ void BandMaker::flow(Placed &placed)
 {
     bool isCut = false;
     placed.lines = flowText(placed.text, placed.style, placed.frame.width(), m_linesLeft, &isCut);
+    // An empty text still has a line to stand on, but needs no room for it.
     const Length needed = placed.text.isEmpty() ? 0 : flowHeight(placed.lines, placed.style);
     const bool isGrowing = placed.object->layout->canGrow;
     if (isGrowing && needed > placed.frame.height()) {
@@ -298,6 +306,7 @@ MadeBand BandMaker::makeCells(const compiled::Band &band) const
 void BandMaker::push(std::vector<Placed> &objects) const
 {
     const auto growing = [](const Placed &placed) { return placed.grown > 0; };
+    // Most bands are of one line that fits: nothing is sorted and compared for them.
     if (std::none_of(objects.cbegin(), objects.cend(), growing))
         return;
     QList<Placed *> byTop;
@@ -313,6 +322,7 @@ void BandMaker::push(std::vector<Placed> &objects) const
     for (Placed *placed : byTop) {
         Length down = 0;
         for (const Placed *other : byTop)
+            // Also what did not grow itself passes on how far it was pushed.
             if (other != placed && grows(*other->object->layout) &&
                 bottomOf(layoutFrame(*other->object->layout)) <= placed->object->layout->y)
                 down = qMax(down, lowered(*other));
@@ -402,6 +412,7 @@ Style BandMaker::styleOf(const compiled::Object &object) const
             style.color = condition.style->color;
         if (condition.style->fill.isValid())
             style.fill = condition.style->fill;
+        // A condition adds to the looks; none takes bold away that the layout gives.
         style.font.bold |= condition.style->bold;
     }
     return style;

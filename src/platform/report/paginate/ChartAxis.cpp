@@ -22,6 +22,7 @@ ChartAxis::ChartAxis(double least, double largest, int mostSteps, bool whole)
     const double farthest = std::max(std::abs(m_least), std::abs(m_largest));
     if (m_largest - m_least <= std::max(Smallest, Same * farthest)) {
         if (m_largest > Smallest)
+            // Of a single value the axis begins at zero, where bars stand.
             m_least = 0;
         else if (m_least < -Smallest)
             m_largest = 0;
@@ -30,6 +31,7 @@ ChartAxis::ChartAxis(double least, double largest, int mostSteps, bool whole)
     }
     const double wanted = (m_largest - m_least) / std::max(1, mostSteps);
     m_power = static_cast<int>(std::floor(std::log10(wanted)));
+    // Ticks at half a service say nothing.
     if (whole && m_power < 0)
         m_power = 0;
     cover();
@@ -67,6 +69,7 @@ void ChartAxis::cover()
     m_first = 0;
     const double one = step();
     const auto first = static_cast<qint64>(std::floor(m_least / one + Near));
+    // At least one step, also where all values lie on one tick.
     m_last = std::max(first + 1, static_cast<qint64>(std::ceil(m_largest / one - Near)));
     m_first = first;
 }

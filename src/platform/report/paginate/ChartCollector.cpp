@@ -96,6 +96,8 @@ std::optional<std::size_t> ChartCollector::categoryOf(const EvaluationContext &c
     const auto known = m_categoryNumbers.constFind(key);
     if (known != m_categoryNumbers.cend())
         return *known;
+    // Rows of further categories are left out and told, so that what is shown is at least right for
+    // those that are there.
     if ((fresh + 1) * m_shown.size() > MostCells) {
         m_isCut = true;
         return std::nullopt;

@@ -128,6 +128,8 @@ private:
         Band compiled = compileBand(band, {ScopeKind::Set, number});
         m_set = nullptr;
         if (m_report.repeatSlots > repeatSlots) {
+            // Bands of other sets may stand in between; their slots are taken along, which begin
+            // anew with their own rows anyway.
             if (set.endRepeatSlot == 0)
                 set.firstRepeatSlot = repeatSlots;
             set.endRepeatSlot = m_report.repeatSlots;
@@ -219,6 +221,7 @@ private:
         Object compiled;
         compiled.layout = &object;
         const PageSetup &page = m_layout.page;
+        // Told while it is compiled, once, and not by each page that is printed.
         if (object.x < -page.left || object.x + object.width > page.width() - page.left)
             tell(u"%1 (%2): goes beyond the edge of the paper."_s.arg(where, object.content));
         switch (object.kind) {
@@ -253,6 +256,8 @@ private:
         for (const report::ConditionalStyle &style : object.conditionalStyles)
             compiled.styles.push_back({value(style.when, where, scope), &style});
         if (object.hideRepeated) {
+            // A repeat hangs on what the page has shown so far, so the band can't be made ahead of
+            // its page.
             compiled.repeatSlot = m_report.repeatSlots++;
             m_dependsOnPage = true;
         }
@@ -318,6 +323,7 @@ private:
     Value categoryValue(const QString &text, const QString &where)
     {
         Value result = parsed(text, where);
+        // "Cost" alone means its sum; a mere number stays itself.
         if (result.expression.aggregates().isEmpty() && !result.expression.names().isEmpty())
             result = parsed(u"sum(%1)"_s.arg(text), where);
         const QList<Aggregate> &aggregates = result.expression.aggregates();
@@ -374,6 +380,7 @@ private:
         std::vector<Piece> result;
         for (const RawPiece &piece : raw) {
             // A field's name may hold blanks.
+            // Asked before it is parsed: to a parser "Labor Cost" is two words without an operator.
             const bool isField = piece.isExpression && isFieldName(piece.text.trimmed());
             if (piece.isExpression)
                 result.push_back(
@@ -394,6 +401,8 @@ private:
             checkNames(result.expression, where);
         else
             tell(u"%1: %2"_s.arg(where, error));
+        // Formulas that name each other twice grow with each step; a layout of a kilobyte could
+        // keep a computer busy for years.
         if (m_costs.isTooMuch(result.expression)) {
             tell(u"%1: it is made of too many formulas."_s.arg(where));
             return {};
@@ -484,6 +493,7 @@ const std::vector<int> *RowSet::rowsOf(const QVariant &key) const
 Report compile(const Layout &layout, const DataSource &rows, const Inputs &inputs)
 {
     Report report = Compiler(layout, rows, inputs).run();
+    // One wrong formula is met wherever it is used.
     report.problems.removeDuplicates();
     return report;
 }

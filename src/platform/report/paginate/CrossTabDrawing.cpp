@@ -25,6 +25,7 @@ public:
         m_bold.bold = true;
         Style bold;
         bold.font = m_bold;
+        // One height for all lines, that of bold ones, so that names and values meet.
         m_line = flowHeight({TextLine()}, bold) + 40;
     }
 
@@ -80,6 +81,7 @@ private:
     [[nodiscard]] int columnsFrom(int first) const
     {
         Length used = m_names;
+        // At least one column, however wide, or the drawing would never end.
         int end = first;
         while (end < m_columns.size() &&
                (end == first || used + ColumnGap + m_columns[end] <= m_width))
@@ -120,8 +122,8 @@ private:
         }
     }
 
-    template<class Fill>
     /// Nothing is drawn beyond the longest flow, which is told as cut.
+    template<class Fill>
     void addLine(Fill fill)
     {
         if (m_y > LongestFlow) {

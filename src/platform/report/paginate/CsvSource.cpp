@@ -26,6 +26,7 @@ public:
                 ++m_at;
                 continue;
             }
+            // Lines may end in either way, also within one file.
             if (!atEnd() && m_text[m_at] == u'\r')
                 ++m_at;
             if (!atEnd() && m_text[m_at] == u'\n')
@@ -69,6 +70,7 @@ private:
         const double number = text.toDouble(&ok);
         if (ok && !isCode && std::isfinite(number)) {
             const qint64 whole = text.toLongLong(&ok);
+            // Through the text again: a double would round long whole numbers.
             return ok ? QVariant(whole) : QVariant(number);
         }
         if (const auto date = base::parseMonthFirst(text))

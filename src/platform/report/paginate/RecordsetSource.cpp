@@ -19,6 +19,7 @@ void RecordsetSource::sortFor(const Layout &layout, const Inputs &inputs)
     std::vector<int> order;
     order.reserve(m_order.size());
     for (const int row : orderOf(layout, *this, inputs))
+        // By way of the former order, so that sorting twice sorts what was sorted.
         order.push_back(m_order[static_cast<std::size_t>(row)]);
     m_order = std::move(order);
 }
@@ -31,6 +32,8 @@ void RecordsetSource::addOnce(const QString &name, const QString &field, const Q
         return;
     OnceField once{name, column, std::vector<bool>(m_order.size(), true)};
     for (std::size_t row = 1; row < m_order.size(); ++row)
+        // Rows with the same key stand together after the sort; the value shows with the first of
+        // them.
         once.shown[row] = compareValues(m_rows.value(m_order[row - 1], keyColumn),
                                         m_rows.value(m_order[row], keyColumn)) != 0;
     m_once.push_back(std::move(once));
@@ -50,6 +53,7 @@ int RecordsetSource::fieldIndex(const QString &name) const
 {
     for (std::size_t index = 0; index < m_once.size(); ++index)
         if (name.compare(m_once[index].name, Qt::CaseInsensitive) == 0)
+            // Fields that were added are numbered behind the query's.
             return m_rows.columnCount() + static_cast<int>(index);
     for (std::size_t index = 0; index < m_added.size(); ++index)
         if (name.compare(m_added[index].name, Qt::CaseInsensitive) == 0)

@@ -103,6 +103,8 @@ public:
     /// Call it once all values are there.
     void makeReady()
     {
+        // Columns of one kind are compared as what they are; only mixed ones need the rules for
+        // values.
         if (isAll([](const QVariant &value) { return value.typeId() == QMetaType::QString; }))
             rankTexts();
         else if (isAll(
@@ -188,6 +190,7 @@ std::vector<int> orderOf(const Layout &layout, const DataSource &rows, const Inp
     }
     for (KeyColumn &column : columns)
         column.makeReady();
+    // Rows that are alike stay in the order in which the query gave them.
     std::ranges::stable_sort(order, [&](int left, int right) {
         for (const KeyColumn &column : columns)
             if (const int found =

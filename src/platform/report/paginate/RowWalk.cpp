@@ -25,6 +25,7 @@ void RowWalk::walk()
 {
     for (m_row = 0; m_row < m_rows.rowCount() && !isStopped(); ++m_row) {
         takeRow();
+        // Told after the row: the last call says that all is done.
         if (m_inputs.progress)
             m_inputs.progress(m_row + 1, m_rows.rowCount());
     }
@@ -76,6 +77,8 @@ QVariant RowWalk::aggregate(int number) const
 
 QVariant RowWalk::evaluate(const compiled::Value &value) const
 {
+    // An expression counts its aggregates from 0; the slots say which of the report's they are.
+    // Formulas nest, so the former ones come back.
     const QScopedValueRollback slots(m_slots, &value.slots);
     return value.expression.evaluate(*this);
 }
@@ -156,6 +159,7 @@ RowWalk::Meaning RowWalk::foundMeaning(const QString &key) const
 void RowWalk::takeRow()
 {
     std::vector<QVariant> keys = this->keys();
+    // The first row begins all groups.
     const int changed = m_row == 0 ? 0 : firstChange(m_keys, keys);
     if (m_row > 0) {
         // Footers show the last row of their group.
@@ -165,6 +169,8 @@ void RowWalk::takeRow()
         ++m_row;
     }
     m_keys = std::move(keys);
+    // After the footers, which still show the sums of the rows before, and ahead of this row, which
+    // is the first of its group.
     resetSlots(ScopeKind::Group, changed);
     accumulate();
     if (changed < groupCount())
@@ -195,6 +201,7 @@ void RowWalk::placeSet(std::size_t number, const std::vector<int> &rows)
     const compiled::RowSet &set = m_report.sets[number];
     resetSlots(ScopeKind::Set, static_cast<int>(number));
     for (int slot = set.firstRepeatSlot; slot < set.endRepeatSlot; ++slot)
+        // What the rows of another machine have shown is no repeat for this one's.
         m_lastShown[static_cast<std::size_t>(slot)].reset();
     m_sub = {&set, &rows, 0};
     placeAll(set.header);
@@ -204,6 +211,7 @@ void RowWalk::placeSet(std::size_t number, const std::vector<int> &rows)
         if (m_sub.at + 1 < rows.size())
             rowEnds();
     }
+    // Footers show the last row, as those of groups do.
     m_sub.at = rows.size() - 1;
     placeAll(set.footer);
     m_sub = {};
@@ -236,6 +244,7 @@ RowWalk::Span RowWalk::groupSpan(int group) const
         m_row = other;
         return firstChange(own, keys()) > group;
     };
+    // Rows come in the order of the groups, so a group's rows lie together around this one.
     Span span{here, here + 1};
     while (span.first > 0 && belongs(span.first - 1))
         --span.first;
@@ -258,6 +267,7 @@ ChartData RowWalk::chartData(const compiled::Chart &chart) const
     // Those of a set are made once for each row.
     if (chart.scope == ScopeKind::Set)
         return collected(chart, chartSpan(chart));
+    // A header that comes again on each page shows the same chart.
     const auto known = m_charts.find(&chart);
     if (known != m_charts.end() &&
         (chart.scope != ScopeKind::Group ||
@@ -271,6 +281,7 @@ ChartData RowWalk::chartData(const compiled::Chart &chart) const
 ChartData RowWalk::collected(const compiled::Chart &chart, const Span &span) const
 {
     const QScopedValueRollback row(m_row);
+    // The walk stands in the middle of a band; it goes on from there when the chart is collected.
     const QScopedValueRollback sub(m_sub);
     const bool ofSet = chart.scope == ScopeKind::Set;
     const auto goTo = [&](int of) {
@@ -300,6 +311,7 @@ void RowWalk::resetSlots(ScopeKind scope, int number)
 {
     for (std::size_t slot = 0; slot < m_report.slots.size(); ++slot) {
         const compiled::AggregateSlot &known = m_report.slots[slot];
+        // An outer group that begins anew takes the inner ones with it.
         if (known.scope == scope && (scope != ScopeKind::Group || known.group >= number) &&
             (scope != ScopeKind::Set || known.group == number))
             m_accumulators[slot].reset();

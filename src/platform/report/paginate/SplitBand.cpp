@@ -49,6 +49,7 @@ QList<Extent> wholes(const QList<PageItem> &items, Length room)
             for (const TextLine &line : text->lines.first(linesAbove(*text, room)))
                 extents.append({lineTop(line, text->style), lineBottom(line, text->style)});
         } else if (const auto *line = std::get_if<LineItem>(&item)) {
+            // An upright line may be cut anywhere and goes on below, like the side of a frame.
             if (line->from.x() != line->to.x())
                 extents.append(extentOf(item));
         } else if (!std::holds_alternative<BoxItem>(item)) {
@@ -63,6 +64,7 @@ Length placeOfCut(const QList<PageItem> &items, Length room)
 {
     const QList<Extent> extents = wholes(items, room);
     Length cut = room;
+    // Moving the cut above one whole may lay it across another: until it lies across none.
     for (bool moved = true; moved;) {
         moved = false;
         for (const Extent &extent : extents) {
@@ -101,6 +103,7 @@ std::pair<PageItem, PageItem> partedItem(const PageItem &item, Length cut)
         text->lines = text->lines.first(above);
     } else if (auto *line = std::get_if<LineItem>(&upper)) {
         auto &rest = std::get<LineItem>(lower);
+        // A line may be drawn upwards or downwards.
         (line->from.y() > line->to.y() ? line->from : line->to).setY(cut);
         (rest.from.y() < rest.to.y() ? rest.from : rest.to).setY(0);
     } else if (auto *box = std::get_if<BoxItem>(&upper)) {
@@ -114,6 +117,7 @@ std::pair<PageItem, PageItem> partedItem(const PageItem &item, Length cut)
 std::optional<MadeBand> splitBand(MadeBand &band, Length room)
 {
     const Length cut = placeOfCut(band.items, room);
+    // What doesn't fit is higher than any page: the caller lets it run over the edge.
     if (cut <= 0)
         return std::nullopt;
     MadeBand rest;

@@ -16,6 +16,8 @@ static size_t qHash(const Font &font, size_t seed = 0)
 
 namespace {
 
+/// Measured and drawn in a font of the same widths that is there on each computer, so that a report
+/// breaks its lines alike everywhere.
 QString face(const QString &family)
 {
     return family.compare(u"Arial", Qt::CaseInsensitive) == 0 ? QStringLiteral("Liberation Sans")
@@ -66,10 +68,12 @@ private:
     static QFont makeFont(const Font &font)
     {
         QFont made(face(font.family));
+        // In units of the page: a pixel stands for 1/100 mm.
         made.setPixelSize(qMax(1, fromPoints(font.points)));
         made.setBold(font.bold);
         made.setItalic(font.italic);
         made.setUnderline(font.underline);
+        // Hinting moves letters to the points of one screen; widths must not hang on that.
         made.setHintingPreference(QFont::PreferNoHinting);
         made.setKerning(false);
         return made;
@@ -80,6 +84,7 @@ private:
 
 const Measured &measured(const Font &font)
 {
+    // Pages are laid out in a thread of their own, and the measures of a font belong to one thread.
     thread_local QHash<Font, std::shared_ptr<const Measured>> known;
     // A text asks several times, and its neighbours mostly share the font.
     thread_local std::pair<Font, std::shared_ptr<const Measured>> last;
@@ -88,6 +93,7 @@ const Measured &measured(const Font &font)
     auto found = known.constFind(font);
     if (found == known.cend()) {
         if (known.size() >= MostFonts)
+            // All at once: a report that has so many is a bad one, and slow is good enough for it.
             known.clear();
         found = known.insert(font, std::make_shared<const Measured>(font));
     }
@@ -148,6 +154,7 @@ QList<TextLine> flowText(const QString &text, const Style &style, Length width, 
         const auto lineWidth = static_cast<Length>(std::lround(font.width(line)));
         lines.append({line, alignedStart(style, width, lineWidth),
                       static_cast<Length>(std::lround(top + ascent)), lineWidth});
+        // Added up unrounded; each baseline is rounded by itself.
         top += spacing;
     };
     const auto isFull = [&] { return lines.size() >= mostLines || top > LongestFlow; };
@@ -160,6 +167,7 @@ QList<TextLine> flowText(const QString &text, const Style &style, Length width, 
             isLeftOut = true;
             break;
         }
+        // By far the most paragraphs are one line, for which the toolkit's layout is not needed.
         if (font.width(paragraph) <= inner) {
             place(paragraph);
             continue;
@@ -206,6 +214,7 @@ QString elidedText(const QString &text, const Font &font, Length width)
     const QString ellipsis(QChar(0x2026));
     qsizetype fits = 0;
     qsizetype tooLong = text.size();
+    // Halved again and again: labels may be of any length.
     while (tooLong - fits > 1) {
         const qsizetype middle = (fits + tooLong) / 2;
         (textWidth(text.first(middle) + ellipsis, font) <= width ? fits : tooLong) = middle;

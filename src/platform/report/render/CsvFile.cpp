@@ -46,12 +46,16 @@ public:
 
     bool take(const TableBand &band)
     {
+        // Kept to the end: in between they would break the table that programs read.
         m_grids.append(band.grids);
         const bool isLine = band.band->kind == m_lineBand &&
                             (m_lineBand == BandKind::Detail ||
                              m_layout.groupIndex(band.band->group) == m_layout.groups.size() - 1);
+        // Several detail bands of one row make one line.
         if (m_pending && (!isLine || band.row != m_row))
             flush();
+        // Values of group headers stand in each line of their group; titles and totals have no
+        // column.
         if (!isLine && band.band->kind != BandKind::GroupHeader)
             return true;
         for (const Object &object : band.band->objects)

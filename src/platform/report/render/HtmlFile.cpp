@@ -63,6 +63,8 @@ QString itemHtml(const TextItem &item)
 {
     const Style &style = item.style;
     QString html;
+    // A box of its own behind the lines: each of these is placed by its baseline, whatever the
+    // browser makes of paragraphs.
     if (style.fill.isValid() || !style.border.isNone()) {
         const QString fill =
             style.fill.isValid() ? u";background:"_s + style.fill.name() : QString();
@@ -122,6 +124,7 @@ QString itemHtml(const PictureItem &item)
         return {};
     QByteArray png;
     QBuffer buffer(&png);
+    // Within the file, which can be sent on alone.
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, "PNG");
     return u"<img alt=\"\" style=\"%1\" src=\"data:image/png;base64,%2\">\n"_s.arg(

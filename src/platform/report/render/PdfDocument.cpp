@@ -6,6 +6,7 @@ namespace report {
 
 PdfDocument::PdfDocument(const QString &path)
     : m_file(path)
+    // Number 0 is the format's own, at the head of the list of free ones.
     , m_offsets(1)
 {
     // The second line marks the file as one that is not only text.
@@ -20,6 +21,8 @@ int PdfDocument::reserve()
 
 void PdfDocument::write(int number, const QByteArray &body)
 {
+    // Parts may be written in any order after they were reserved: the table at the end says where
+    // each one is.
     m_offsets[static_cast<std::size_t>(number)] = m_size;
     put(QByteArray::number(number) + " 0 obj\n" + body + "\nendobj\n");
 }

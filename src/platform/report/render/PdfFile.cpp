@@ -28,6 +28,7 @@ QByteArray number(double value)
         digits.chop(1);
     if (digits.endsWith('.'))
         digits.chop(1);
+    // Some readers stumble over a zero with a sign.
     return digits == "-0" ? QByteArray("0") : digits;
 }
 
@@ -116,6 +117,8 @@ void PdfFile::finish()
         if (picture.number > 0)
             pictures += "/P" + QByteArray::number(picture.number) + ' ' +
                         pdfReference(picture.number) + ' ';
+    // Last, since fonts and pictures are known only when all pages are drawn; pages speak of them
+    // by a number that was reserved.
     m_document.write(m_resources,
                      "<< " + m_fonts.write(m_document) + " /XObject << " + pictures + ">> >>");
     m_document.write(m_tree, "<< /Type /Pages /Count " + QByteArray::number(m_pages.size()) +
@@ -178,6 +181,7 @@ void PdfFile::drawLine(const TextItem &item, const TextLine &line)
     m_content += item.turned ? "0 -1 -1 0 " : "1 0 0 -1 ";
     addPair(line.x, line.baseline);
     m_content += "Tm (";
+    // Letters that can be written singly stay text, which readers search and copy.
     if (!font.face->append(m_content, line.text)) {
         m_content.truncate(before);
         return drawShaped(item, line);
@@ -228,6 +232,7 @@ void PdfFile::draw(const BoxItem &item)
 void PdfFile::draw(const PictureItem &item)
 {
     const Picture found = picture(item.data);
+    // What is no picture has been told when the page was made.
     if (found.number == 0)
         return;
     const QRect frame = pictureFrame(item, found.size);
@@ -259,6 +264,7 @@ void PdfFile::draw(const ShapeItem &item)
         m_content += std::exchange(next, "l ");
     }
     m_content += item.closed ? "h " : "";
+    // By the rule of even and odd crossings, as the screen fills.
     m_content += isFilled ? (hasLine ? "B*\n" : "f*\n") : "S\n";
 }
 

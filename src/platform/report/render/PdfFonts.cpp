@@ -58,6 +58,7 @@ bool PdfFont::append(QByteArray &content, const QString &text)
     const qsizetype before = content.size();
     for (const QChar letter : text) {
         const Glyph &glyph = glyphOf(letter);
+        // All or nothing: a line in two ways of writing would not meet in the middle.
         if (glyph.index == 0) {
             content.truncate(before);
             return false;
@@ -79,6 +80,7 @@ const PdfFont::Glyph &PdfFont::glyphOf(QChar letter)
         glyph.index = m_font.glyphIndexesForString(QString(letter)).value(0);
     if (glyph.index == 0)
         return glyph;
+    // Two letters may share a glyph, and the first one is what is copied from it.
     m_used.emplace(glyph.index, letter);
     // Half as long as in digits, which halves the time that the packing takes.
     for (const char byte : {static_cast<char>(glyph.index >> 8), static_cast<char>(glyph.index)}) {
@@ -93,6 +95,7 @@ void PdfFont::write(PdfDocument &document, int number) const
 {
     QByteArray face = "QUORVA+";
     for (const QChar letter : m_font.familyName() + u'-' + m_font.styleName())
+        // A name of the format holds neither blanks nor other letters.
         if (letter.unicode() < 0x80 && (letter.isLetterOrNumber() || letter == u'-'))
             face += letter.toLatin1();
     std::set<quint32> glyphs;

@@ -39,12 +39,15 @@ public:
         : m_columns(layout)
     {
         lxw_workbook_options options{};
+        // Rows go to a file as they come: a year's history would take hundreds of megabytes
+        // otherwise.
         options.constant_memory = LXW_TRUE;
         options.tmpdir = m_folderName.data();
         m_workbook = workbook_new_opt(QFile::encodeName(scratchFile()).constData(), &options);
         m_sheet = m_workbook ? workbook_add_worksheet(m_workbook, nullptr) : nullptr;
         if (!m_sheet)
             throw base::Error(base::ErrorNumber::DiskFull, u"The spreadsheet can't be begun."_s);
+        // The library takes the texts by pointers that may be written to, and copies them.
         QByteArray title = layout.title.toUtf8();
         lxw_doc_properties properties{};
         properties.title = title.data();
@@ -59,6 +62,8 @@ public:
     ~Sheet()
     {
         if (m_workbook)
+            // Only after an error or a cancel: the library frees its memory by closing, whatever
+            // becomes of the file.
             (void)workbook_close(m_workbook);
     }
     Sheet(const Sheet &) = delete;
@@ -100,6 +105,7 @@ public:
     void close(OutputFile &target)
     {
         checkScratch();
+        // It frees the book also when it fails, so the destructor must not see it again.
         const lxw_error error = workbook_close(std::exchange(m_workbook, nullptr));
         if (error != LXW_NO_ERROR)
             throw base::Error(base::ErrorNumber::DiskFull,
@@ -185,6 +191,8 @@ private:
                                      format(style, pattern.isEmpty() ? usual : pattern));
         } else {
             worksheet_write_string(m_sheet, m_row, column,
+                                   // As text, so that what begins with "=" is not worked out by
+                                   // whoever opens the file.
                                    text.left(MaximumCellText).toUtf8().constData(),
                                    format(style, {}));
         }
@@ -260,6 +268,7 @@ QString spreadsheetFormat(const QString &format)
 Outcome writeSpreadsheet(const Layout &layout, const DataSource &rows, const Inputs &inputs,
                          const QString &path)
 {
+    // Begun ahead of the rows: a place that can't be written to is told before anybody waits.
     OutputFile file(path);
     Sheet sheet(layout);
     Outcome outcome =

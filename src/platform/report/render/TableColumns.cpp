@@ -48,6 +48,7 @@ QString heading(const Layout &layout, const Object &object)
         for (const Band &band : layout.bands)
             for (const Object &caption : band.objects)
                 if (band.kind == kind && isCaption(caption) && !caption.content.isEmpty() &&
+                    // A caption that reaches only a little over a column is its neighbour's.
                     2 * overlap(caption, object) > qMin(caption.width, object.width) &&
                     (!best || likeness(caption, object) > likeness(*best, object)))
                     best = &caption;
@@ -85,6 +86,7 @@ std::vector<DataColumn> dataColumns(const Layout &layout)
     std::vector<DataColumn> columns;
     std::set<QString> known;
     const auto take = [&](const Object &object, const QString &name) {
+        // What stands in the group's header and again in its lines is one column.
         if (holdsData(object) && known.insert(object.content.toLower()).second)
             columns.push_back({&object, name});
     };
@@ -116,6 +118,7 @@ SheetColumns::SheetColumns(const Layout &layout)
     for (const Length start : starts)
         if (m_starts.empty() || start - m_starts.back() > Near)
             m_starts.push_back(start);
+    // A layout without details still has sums to write.
     if (m_starts.empty())
         m_starts.push_back(0);
 }
@@ -128,6 +131,7 @@ Length SheetColumns::width(int column) const
 
 int SheetColumns::columnAt(Length x) const
 {
+    // Things between two columns belong to the one that they begin in.
     const auto behind = std::upper_bound(m_starts.begin(), m_starts.end(), x + Near);
     return qMax(0, static_cast<int>(behind - m_starts.begin()) - 1);
 }
@@ -149,6 +153,7 @@ std::vector<SheetPlace> SheetColumns::places(const Band &band) const
                          [&](int a, int b) { return band.objects[a].x < band.objects[b].x; });
         int next = 0;
         for (const int index : ofLine) {
+            // Two things of a line never share a cell: the second one moves on.
             const int column = qMax(next, columnAt(band.objects[index].x));
             places[index] = {line, column};
             next = column + 1;

@@ -11,14 +11,17 @@ PageMaker::PageMaker(const Layout &layout, std::shared_ptr<const DataSource> row
     , m_inputs(inputs)
     , m_pages(pages)
 {
+    // Both are called in the other thread; what they touch is atomic.
     m_inputs.progress = [this](int done, int all) { m_share = double(done) / qMax(1, all); };
     m_inputs.isCancelled = [this] { return m_isCancelled.load(); };
+    // Last: from here on the thread uses all that stands above.
     m_thread = std::thread([this] { run(); });
 }
 
 PageMaker::~PageMaker()
 {
     cancel();
+    // Rows and pages belong to whoever made this and may go right after it.
     m_thread.join();
 }
 
@@ -55,6 +58,7 @@ void PageMaker::run()
         m_outcome.stopped = true;
         m_outcome.problems.append(QString::fromUtf8(error.what()));
     }
+    // Under the lock, so that no waiter falls asleep between its look and the news.
     const std::lock_guard lock(m_mutex);
     m_isDone = true;
     m_ended.notify_all();

@@ -11,9 +11,12 @@ QRect placeIn(const TextLine &line, const TextItem &item, qsizetype from, qsizet
 {
     const Style &style = item.style;
     const QFontMetricsF metrics(measuringFont(style.font));
+    // Measured from the line's begin each time, since widths of pieces don't add up to that of the
+    // whole.
     const auto begin = static_cast<int>(metrics.horizontalAdvance(line.text.first(from)));
     const auto end = static_cast<int>(metrics.horizontalAdvance(line.text.first(from + length)));
     const Length top = lineTop(line, style);
+    // Written upwards: what is across in the words goes up on the page.
     if (item.turned)
         return {line.x - (line.baseline - top), line.baseline - end, lineBottom(line, style) - top,
                 end - begin};
@@ -45,9 +48,11 @@ std::optional<Found> findText(const PageStore &pages, const QString &text,
     if (pages.count() == 0 || text.isEmpty())
         return std::nullopt;
     const int step = backward ? -1 : 1;
+    // Goes on from what was found last, wherever the user has scrolled since.
     const int begin = last ? last->page : page;
     // The page where it begins comes twice: first what lies beyond the last place, at the end all.
     for (int turn = 0; turn <= pages.count(); ++turn) {
+        // Twice the remainder: that of a number below zero is below zero.
         const int index = ((begin + step * turn) % pages.count() + pages.count()) % pages.count();
         const QList<QRect> places = placesOnPage(pages.page(index), text);
         if (places.isEmpty())

@@ -42,6 +42,7 @@ QList<Row> rowsOf(const Page &page)
                     pieces.append(
                         {&line, text, lineTop(line, text->style), lineBottom(line, text->style)});
     std::stable_sort(pieces.begin(), pieces.end(), [](const Piece &a, const Piece &b) {
+        // By their middles: texts of several sizes stand on one line with their edges apart.
         return a.top + a.bottom < b.top + b.bottom;
     });
     QList<Row> rows;
@@ -51,6 +52,7 @@ QList<Row> rowsOf(const Page &page)
             rows.append({piece.top, piece.bottom, {}});
         Row &row = rows.last();
         row.top = qMin(row.top, piece.top);
+        // The lower edge stays that of the first piece, or tall ones would draw line after line in.
         if (row.pieces.isEmpty())
             row.bottom = piece.bottom;
         row.pieces.append(piece);
@@ -83,6 +85,7 @@ std::pair<qsizetype, qsizetype> lettersBetween(const Piece &piece, Length left, 
     Length before = 0;
     for (qsizetype letter = 0; letter < piece.line->text.size(); ++letter) {
         const Length behind = textWidth(piece.line->text.first(letter + 1), font);
+        // A letter is meant from its middle on, as in any editor.
         const Length middle = piece.left() + (before + behind) / 2;
         before = behind;
         if (middle < left || middle > right)
@@ -121,6 +124,7 @@ void forSelected(const Page &page, int index, const PageSelection &selection, Ta
 
 PageSelection everything(const PageStore &pages)
 {
+    // Half of it, since widths are added to it.
     constexpr int Far = std::numeric_limits<int>::max() / 2;
     return {{0, {-Far, -Far}}, {qMax(0, pages.count() - 1), {Far, Far}}};
 }
@@ -156,6 +160,7 @@ QString selectedText(const PageStore &pages, const PageSelection &selection)
                                 texts.append(piece.line->text.sliced(first, end - first));
                         }
                         if (!texts.isEmpty())
+                            // Tabulators, so that columns land in the cells of a spreadsheet.
                             lines.append(texts.join(u'\t'));
                     });
     return lines.join(u'\n');

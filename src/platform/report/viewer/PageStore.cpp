@@ -6,6 +6,8 @@
 namespace report {
 namespace {
 
+/// More than a window shows at the smallest zoom a user reads at; all of a year's history would
+/// fill the memory.
 constexpr int UnpackedPages = 16;
 
 /// The index of a value in a list, where it is added when it is new. The last ones come first,
@@ -143,8 +145,10 @@ void PageStore::append(const Page &page)
 {
     const QMutexLocker lock(&m_mutex);
     QByteArray bytes = packed(page);
+    // The real first page takes the place of the one that stood in for it.
     if (std::exchange(m_isProvisional, false)) {
         m_packed.back() = std::move(bytes);
+        // Only noted: the reader's thread owns the unpacked pages, and this is another one.
         m_firstIsStale = true;
     } else {
         m_packed.push_back(std::move(bytes));
@@ -182,6 +186,7 @@ const Page &PageStore::page(int index) const
         m_unpacked.remove(0);
     if (const Page *known = m_unpacked.object(index))
         return *known;
+    // The cache may drop a page at any time, so the one that goes out is looked up again.
     m_unpacked.insert(index, unpacked(m_packed.at(static_cast<std::size_t>(index))).release());
     return *m_unpacked.object(index);
 }

@@ -71,6 +71,7 @@ void PageView::setZoomMode(ZoomMode mode)
 
 void PageView::applyMode()
 {
+    // So many hundredths of a millimetre a pixel shows at 100 %.
     const double whole = UnitsPerInch / logicalDpiX();
     const int width = viewport()->width() - 2 * Gap;
     const int height = viewport()->height() - 2 * Gap;
@@ -85,6 +86,7 @@ void PageView::applyMode()
 void PageView::changeZoom(int percent)
 {
     const int zoom = qBound(SmallestZoom, percent, LargestZoom);
+    // The pages may be others all the same, and the room a different one.
     if (zoom == m_zoom) {
         updateScrollBars();
         return;
@@ -121,6 +123,7 @@ int PageView::topOf(int index) const
 int PageView::leftOfPages() const
 {
     const int room = viewport()->width() - pageSize().width();
+    // In the middle while there is room for all of it; else the bar says what is seen.
     return room > 2 * Gap ? room / 2 : Gap - horizontalScrollBar()->value();
 }
 
@@ -189,6 +192,7 @@ void PageView::paintEvent(QPaintEvent *)
     const int first = qMax(0, (offset - Gap) / (size.height() + Gap));
     for (int index = first; index < m_pages->count(); ++index) {
         const QRect sheet(QPoint(leftOfPages(), topOf(index) - offset), size);
+        // Only what is in view is unpacked: a report may have thousands of pages.
         if (sheet.top() > viewport()->height())
             break;
         paintPage(painter, index, sheet);

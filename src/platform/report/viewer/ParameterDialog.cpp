@@ -84,11 +84,14 @@ ParameterDialog::Field ParameterDialog::makeField(const Offer &offer, QFormLayou
             field.combo->addItem(QString());
         for (const QVariant &choice : offer.choices)
             field.combo->addItem(base::toText(choice), choice);
+        // The usual value need not be in the list; choosing a row for it would put another one in
+        // its place.
         field.combo->setCurrentIndex(-1);
         field.combo->setEditText(base::toText(offer.usual));
     } else if (offer.parameter.type == ParameterType::YesNo) {
         field.box = new QCheckBox(label);
         field.box->setChecked(offer.usual.toBool());
+        // A box bears its question itself.
         label.clear();
     } else if (offer.parameter.type == ParameterType::Date) {
         field.date = new input::DateInput;
@@ -124,10 +127,12 @@ void ParameterDialog::accept()
     Answers answers;
     for (const Field &field : m_fields) {
         const std::optional<QVariant> answer = field.answer();
+        // Well formed, but empty where a value is needed.
         const bool isMissing = answer && answer->isNull() && !field.parameter.isOptional;
         if (!answer || isMissing) {
             base::showMessage(u"Please enter %1 for \"%2\"."_s.arg(kindOf(field.parameter.type),
                                                                    promptOf(field.parameter)));
+            // The dialog stays with all that was entered, at what has to be mended.
             field.widget()->setFocus();
             return;
         }
@@ -145,6 +150,8 @@ std::optional<Answers> askParameters(const Layout &layout, QueryRunner &runner,
     std::vector<ParameterDialog::Offer> offers;
     QStringList problems;
     for (const Parameter &parameter : layout.parameters)
+        // Lists are read before the dialog opens: one that can't be read is told as the report's
+        // error, and not in the middle of the questions.
         offers.push_back(
             {parameter, usualAnswer(parameter, now, problems), choicesOf(parameter, runner)});
     ParameterDialog dialog(layout.title, std::move(offers), parent);

@@ -20,6 +20,7 @@ struct Range
 
 Range rangeOf(const QPrinter &printer, int pages)
 {
+    // A printer that knows no range has zeros in it.
     if (printer.printRange() != QPrinter::PageRange || printer.fromPage() <= 0)
         return {0, pages - 1};
     return {printer.fromPage() - 1, qMin(printer.toPage(), pages) - 1};
@@ -38,10 +39,12 @@ bool choosePrinter(QPrinter &printer, int pages, QWidget *parent)
 
 void setUpPrinter(QPrinter &printer, const PageSetup &page, const QString &title)
 {
+    // The toolkit takes the paper upright and turns it by the orientation.
     const Length shorter = qMin(page.width(), page.height());
     const Length longer = qMax(page.width(), page.height());
     printer.setPageSize(QPageSize(QSizeF(shorter / 100.0, longer / 100.0), QPageSize::Millimeter));
     printer.setPageOrientation(page.landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
+    // The layout has its own margins; those of the printer would come on top of them.
     printer.setFullPage(true);
     printer.setPageMargins(QMarginsF());
     printer.setDocName(title);
@@ -62,11 +65,14 @@ Printed printPages(QPrinter &printer, const PageStore &pages, const base::Progre
     for (int copy = 0; copy < copies; ++copy) {
         for (int index = range.first; index <= range.last; ++index) {
             if (isCancelled && isCancelled()) {
+                // Else the spooler would still print what it has been given.
                 printer.abort();
                 return Printed::Cancelled;
             }
             if (printed > 0 && !printer.newPage())
                 return Printed::Refused;
+            // Set for each page: the painter is the same one, and a printer may differ across and
+            // down.
             painter.save();
             painter.scale(printer.logicalDpiX() / UnitsPerInch,
                           printer.logicalDpiY() / UnitsPerInch);

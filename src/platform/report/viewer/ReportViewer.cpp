@@ -45,6 +45,7 @@ ReportViewer::ReportViewer(QWidget *parent)
     pages->addWidget(m_view, 1);
     rows->addLayout(pages, 1);
     buildBar(bar);
+    // Keys that turn pages work as soon as the window is open.
     setFocusProxy(m_view);
 
     connect(m_view, &PageView::currentPageChanged, this, &ReportViewer::showPageNumber);
@@ -83,6 +84,8 @@ void ReportViewer::takePages()
 {
     if (!m_maker)
         return;
+    // Asked ahead of the pages: asked behind them, those that came in between would be left out at
+    // the end.
     const bool isDone = m_maker->isDone();
     m_view->addPages();
     m_thumbnails->addPages();
@@ -161,6 +164,7 @@ void ReportViewer::search(bool backward)
 
 void ReportViewer::showPageNumber(int index)
 {
+    // The box shows where the user is; it must not send him there.
     const QSignalBlocker blocker(m_page);
     m_page->setRange(qMin(1, m_pages.count()), m_pages.count());
     m_page->setValue(index + 1);

@@ -49,6 +49,7 @@ QToolButton *ReportViewer::addButton(QHBoxLayout *bar, const QString &name, cons
     button->setAutoRaise(true);
     button->setToolTip(keysText(tip, keys));
     button->setAccessibleName(tip);
+    // A click leaves the focus with the pages, whose keys go on working.
     button->setFocusPolicy(Qt::TabFocus);
     for (const QKeySequence &key : keys) {
         auto *shortcut = new QShortcut(key, this);
@@ -140,6 +141,7 @@ void ReportViewer::addZoom(QHBoxLayout *bar)
     m_zoom->setAccessibleName(u"Zoom"_s);
     m_zoom->setToolTip(u"Zoom"_s);
     m_zoom->setEditable(true);
+    // What was typed is one zoom, not a choice for later.
     m_zoom->setInsertPolicy(QComboBox::NoInsert);
     m_zoom->addItems({fullWidthText, wholePageText, u"25%"_s, u"50%"_s, u"75%"_s, u"100%"_s,
                       u"125%"_s, u"150%"_s, u"200%"_s, u"400%"_s});

@@ -37,6 +37,7 @@ public:
         const int count = m_pages ? m_pages->count() : 0;
         if (count <= m_shown)
             return;
+        // The store grows in another thread; the list knows only what it was told of here.
         beginInsertRows({}, m_shown, count - 1);
         m_shown = count;
         endInsertRows();
@@ -113,6 +114,7 @@ private:
         const double scale = double(SheetWidth) / m_page.width();
         painter.scale(scale, scale);
         m_painter.paint(m_model->page(row), painter);
+        // Ended ahead of copying: a picture that is being painted on is copied whole.
         painter.end();
         m_pictures.insert(row, new QPixmap(picture));
         return picture;

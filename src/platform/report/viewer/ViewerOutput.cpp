@@ -112,9 +112,12 @@ bool ReportViewer::sendByMail()
     static const QTemporaryDir folder(QDir::temp().filePath(u"report-XXXXXX"_s));
     static int number = 0;
     QString name = m_layout.title.isEmpty() ? u"Report"_s : m_layout.title;
+    // The title becomes a file's name that any mail program and system takes.
     for (QChar &letter : name)
         if (!letter.isLetterOrNumber() && letter != u' ' && letter != u'-')
             letter = u'_';
+    // A folder for each mail: two reports of one title must not overwrite each other while a mail
+    // is still being written.
     const QDir own(folder.filePath(QString::number(++number)));
     const QString path = own.filePath(name + u".pdf"_s);
     if (!own.mkpath(u"."_s)) {
