@@ -187,30 +187,23 @@ TEST_F(FilteredRows, OfScansAreTheLastOfEachMachineAndThoseOfTheMissing)
 {
     const QDate today = test::SampleCompany::today();
     const DateRange winter{{2024, 1, 2}, {2024, 3, 1}};
-    QMap<QString, QStringList> times; // of each machine, as the reports give them
-    QMap<QString, QDateTime> last;
-    QSet<QString> inWinter;
-    QSet<QString> recent;
+    QMap<QString, QList<QDateTime>> scans; // of each machine, one that isn't valid for none
     for (const db::Row row :
          gcnData->Open(u"Select UnitNo, ScanTime from tblEquipment left join tblEquipmentScan on "
-                       "tblEquipment.EquipmentID = tblEquipmentScan.EquipmentID"_s)) {
-        const QString unit = row.text(u"UnitNo");
-        const QDateTime time = row.date(u"ScanTime");
-        times[unit].append(row[u"ScanTime"].toString());
-        last[unit] = last[unit].isValid() ? qMax(last[unit], time) : time;
-        if (lies(time, winter.from, winter.to))
-            inWinter.insert(unit);
-        if (lies(time, today.addDays(-30), today))
-            recent.insert(unit);
-    }
+                       "tblEquipment.EquipmentID = tblEquipmentScan.EquipmentID"_s))
+        scans[row.text(u"UnitNo")].append(row.date(u"ScanTime"));
     QStringList lastOnes;
     QStringList missing;
-    for (const auto &[unit, scans] : times.asKeyValueRange()) {
-        if (inWinter.contains(unit))
-            lastOnes.append(unit + u'|' + QVariant(last[unit]).toString());
-        if (!recent.contains(unit))
-            for (const QString &scan : scans)
-                missing.append(unit + u'|' + scan);
+    for (const auto &[unit, times] : scans.asKeyValueRange()) {
+        const auto wasScanned = [&times](QDate from, QDate to) {
+            return std::ranges::any_of(times,
+                                       [&](const QDateTime &time) { return lies(time, from, to); });
+        };
+        if (wasScanned(winter.from, winter.to))
+            lastOnes.append(unit + u'|' + QVariant(std::ranges::max(times)).toString());
+        if (!wasScanned(today.addDays(-30), today))
+            for (const QDateTime &time : times)
+                missing.append(unit + u'|' + QVariant(time).toString());
     }
     const auto found = [](const catalogue::Request &asked) {
         QStringList rows;

@@ -17,14 +17,6 @@ namespace {
 class ReportQueryScreen : public test::OwnReportSession
 {
 protected:
-    /// What is said of a list that asks for a column that isn't there.
-    static QString listRefusal()
-    {
-        return u"The list of \"Site\" can't be read.\n"_s +
-               test::raisedBy([] {
-                   (void)gcnData->Open(u"select TOP 1 Nothing from tblSite"_s);
-               }).description();
-    }
     /// What the dialog makes of a layout; nothing when it is cancelled.
     static std::optional<report::Layout> ask(const report::Layout &layout,
                                              const std::function<void(ScreenDriver)> &act,
@@ -148,7 +140,10 @@ TEST_F(ReportQueryScreen, ParametersHaveNamesOfTheirOwnAndListsThatCanBeRead)
             driver.press("cmdTake");
             rows.setValue(0, u"Name", u"Site"_s);
             rows.setValue(0, u"List (a query)", u"select Nothing from tblSite"_s);
-            prompts.say(listRefusal());
+            prompts.say(u"The list of \"Site\" can't be read.\n"_s +
+                        test::raisedBy([] {
+                            (void)gcnData->Open(u"select TOP 1 Nothing from tblSite"_s);
+                        }).description());
             driver.press("cmdTake");
             EXPECT_TRUE(driver.isOpen());
             rows.setValue(0, u"List (a query)", u"select SiteName from tblSite"_s);

@@ -473,30 +473,27 @@ TEST_F(Viewer, EmptyViewerOffersNothing)
 
 TEST(PageStore, GivesBackWhatWasPutIn)
 {
-    Page page;
     TextItem text;
     text.frame = QRect(1, 2, 3, 4);
     text.lines = {{u"one"_s, 1, 2, 3}, {u"two"_s, 4, 5, 6}};
     text.style.font.bold = true;
     text.style.fill = Qt::yellow;
-    page.items = {text,
-                  LineItem{{1, 2}, {3, 4}, 5, Qt::red},
-                  BoxItem{QRect(5, 6, 7, 8), 9, Qt::blue, QColor()},
-                  PictureItem{QRect(1, 1, 2, 2), "bytes", Align::Center},
-                  BarCodeItem{QRect(0, 0, 9, 9), {QRect(1, 0, 1, 9)}},
-                  ShapeItem{QRect(1, 2, 3, 4), {{1, 2}, {4, 6}}, true, 7, Qt::red, Qt::blue}};
-    text.turned = true;
-    page.items.append(text);
+    TextItem turned = text;
+    turned.turned = true;
+    const QList<PageItem> items{
+        text,
+        turned,
+        LineItem{{1, 2}, {3, 4}, 5, Qt::red},
+        BoxItem{QRect(5, 6, 7, 8), 9, Qt::blue, QColor()},
+        PictureItem{QRect(1, 1, 2, 2), "bytes", Align::Center},
+        BarCodeItem{QRect(0, 0, 9, 9), {QRect(1, 0, 1, 9)}},
+        ShapeItem{QRect(1, 2, 3, 4), {{1, 2}, {4, 6}}, true, 7, Qt::red, Qt::blue}};
     PageStore pages;
-    for (int count = 0; count < 40; ++count) {
-        page.number = count + 1;
-        pages.append(page);
-    }
+    for (int number = 1; number <= 40; ++number)
+        pages.append({number, items});
     EXPECT_EQ(pages.count(), 40);
-    for (const int number : {1, 40, 1}) {
-        page.number = number;
-        EXPECT_EQ(pages.page(number - 1), page);
-    }
+    for (const int number : {1, 40, 1})
+        EXPECT_EQ(pages.page(number - 1), (Page{number, items}));
 }
 
 } // namespace

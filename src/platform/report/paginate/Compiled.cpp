@@ -128,8 +128,7 @@ private:
         Band compiled = compileBand(band, {ScopeKind::Set, number});
         m_set = nullptr;
         if (m_report.repeatSlots > repeatSlots) {
-            // Bands of other sets may stand in between; their slots are taken along, which begin
-            // anew with their own rows anyway.
+            // Slots of other sets in between are taken along: they begin anew with their own rows.
             if (set.endRepeatSlot == 0)
                 set.firstRepeatSlot = repeatSlots;
             set.endRepeatSlot = m_report.repeatSlots;
@@ -221,7 +220,6 @@ private:
         Object compiled;
         compiled.layout = &object;
         const PageSetup &page = m_layout.page;
-        // Told while it is compiled, once, and not by each page that is printed.
         if (object.x < -page.left || object.x + object.width > page.width() - page.left)
             tell(u"%1 (%2): goes beyond the edge of the paper."_s.arg(where, object.content));
         switch (object.kind) {
@@ -256,8 +254,7 @@ private:
         for (const report::ConditionalStyle &style : object.conditionalStyles)
             compiled.styles.push_back({value(style.when, where, scope), &style});
         if (object.hideRepeated) {
-            // A repeat hangs on what the page has shown so far, so the band can't be made ahead of
-            // its page.
+            // A repeat hangs on what the page has shown so far.
             compiled.repeatSlot = m_report.repeatSlots++;
             m_dependsOnPage = true;
         }
@@ -323,7 +320,6 @@ private:
     Value categoryValue(const QString &text, const QString &where)
     {
         Value result = parsed(text, where);
-        // "Cost" alone means its sum; a mere number stays itself.
         if (result.expression.aggregates().isEmpty() && !result.expression.names().isEmpty())
             result = parsed(u"sum(%1)"_s.arg(text), where);
         const QList<Aggregate> &aggregates = result.expression.aggregates();
@@ -401,8 +397,7 @@ private:
             checkNames(result.expression, where);
         else
             tell(u"%1: %2"_s.arg(where, error));
-        // Formulas that name each other twice grow with each step; a layout of a kilobyte could
-        // keep a computer busy for years.
+        // Formulas that name each other twice grow with each step: a few lines could take years.
         if (m_costs.isTooMuch(result.expression)) {
             tell(u"%1: it is made of too many formulas."_s.arg(where));
             return {};
@@ -493,7 +488,6 @@ const std::vector<int> *RowSet::rowsOf(const QVariant &key) const
 Report compile(const Layout &layout, const DataSource &rows, const Inputs &inputs)
 {
     Report report = Compiler(layout, rows, inputs).run();
-    // One wrong formula is met wherever it is used.
     report.problems.removeDuplicates();
     return report;
 }
