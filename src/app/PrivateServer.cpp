@@ -23,6 +23,7 @@ sockaddr_un socketPlace{}; ///< its path is empty when the own address is to be 
 
 Bind systemBind()
 {
+    // The next one in the order of the libraries, since this file stands ahead of all with its own.
     static const auto function = reinterpret_cast<Bind>(dlsym(RTLD_NEXT, "bind"));
     return function;
 }
@@ -42,6 +43,7 @@ void removeStaleSocket(const sockaddr *place)
     {};
     if (::lstat(socketPlace.sun_path, &found) != 0 || !S_ISSOCK(found.st_mode))
         return;
+    // One that still answers belongs to a server that is alive.
     const int probe = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     if (::connect(probe, place, sizeof socketPlace) != 0 && errno == ECONNREFUSED)
         ::unlink(socketPlace.sun_path);
@@ -57,11 +59,14 @@ int bindToPath(int socket)
     const int local = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
     if (local < 0)
         return -1;
+    // The socket is made with the rights that nobody but its owner has: to narrow them afterwards
+    // would leave a moment.
     const mode_t former = ::umask(S_IRWXG | S_IRWXO);
     int result = systemBind()(local, place, sizeof socketPlace);
     ::umask(former);
     if (result == 0 && ::dup3(local, socket, O_CLOEXEC) < 0)
         result = -1;
+    // Closing may set it anew, and the caller reads it.
     const int error = errno;
     ::close(local);
     errno = error;
@@ -72,6 +77,7 @@ int bindToPath(int socket)
 sockaddr_storage kept(const sockaddr *address, socklen_t length)
 {
     sockaddr_storage storage{};
+    // Copied and not cast: the caller's bytes may lie at any place.
     std::memcpy(&storage, address, length < sizeof storage ? length : sizeof storage);
     if (address->sa_family == AF_INET) {
         sockaddr_in four{};
@@ -96,6 +102,7 @@ sockaddr_storage kept(const sockaddr *address, socklen_t length)
 extern "C" __attribute__((visibility("default"))) int bind(int socket, const sockaddr *address,
                                                            socklen_t length) noexcept
 {
+    // Whoever has not asked for it notices nothing.
     if (!isPrivate || !address)
         return systemBind()(socket, address, length);
     if (isForEverybody(address) && socketPlace.sun_path[0] != '\0')
@@ -107,6 +114,7 @@ extern "C" __attribute__((visibility("default"))) int bind(int socket, const soc
 void app::servePrivately(const QByteArray &socketPath)
 {
     if (static_cast<std::size_t>(socketPath.size()) >= sizeof socketPlace.sun_path)
+        // Cut off it would be another file, perhaps one that others can reach.
         qFatal("The path of the socket is too long: %s", socketPath.constData());
     socketPlace.sun_family = AF_UNIX;
     std::memcpy(socketPlace.sun_path, socketPath.constData(),

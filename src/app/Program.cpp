@@ -43,6 +43,7 @@ void letSignalsEndTheProcess()
 void copyForTheDay()
 {
     std::optional<administration::EndingCopy> copy;
+    // Asked while the connections are open; the copy itself needs them closed.
     base::trapped("MainForm", "MDIForm_Unload", [&] { copy = administration::endingCopy(); });
     if (!copy)
         return;
@@ -57,6 +58,7 @@ void offerFirstStart(QObject &mainScreen)
     bool isFirst = false;
     base::trapped("MainForm", "MDIForm_Load", [&] { isFirst = shell::isFirstStart(); });
     if (isFirst)
+        // Behind the first picture of the window, which the dialog stands above.
         QTimer::singleShot(0, &mainScreen, ShowFirstStart);
 }
 
@@ -72,7 +74,9 @@ int runProgram(QApplication &application, const std::function<void(QWidget &)> &
 
     input::DialogPrompts dialogs;
     const base::ScopedPrompts prompts(dialogs);
+    // Held until the process ends, and for the folder: two installations may run side by side.
     const sys::SingleInstance instance(base::environment().applicationFolder);
+    // Ahead of the main window, which is grey for what has not joined.
     joinScreens();
 
     const auto end = [] { QCoreApplication::exit(); };
@@ -82,6 +86,8 @@ int runProgram(QApplication &application, const std::function<void(QWidget &)> &
     steps.CheckForUpdate = updates::CheckForUpdate;
     steps.frmRestore = offerRestore;
     steps.UpdateDatabase = [](bool showFailure) { return UpdateDatabase(showFailure); };
+    // By now the engine has been loaded, and has taken the signals; again ahead of the main window,
+    // since no login may be asked for.
     steps.frmLogin = [] {
         letSignalsEndTheProcess();
         bool loggedIn = false;
@@ -94,6 +100,7 @@ int runProgram(QApplication &application, const std::function<void(QWidget &)> &
         mainScreen = std::make_unique<frmMainScreen>(end);
         mainScreen->show();
         offerFirstStart(*mainScreen);
+        // For who measures or tests the start.
         if (shown)
             shown(*mainScreen);
     };
@@ -101,10 +108,12 @@ int runProgram(QApplication &application, const std::function<void(QWidget &)> &
     int result = 0;
     steps.Failed = [&result] { result = 1; };
 
+    // A start that was refused has said why, and there is no event loop to end.
     if (Main(steps)) {
         result = QApplication::exec();
         copyForTheDay();
     }
+    // In this order: the window may still ask the database for its layout.
     mainScreen.reset();
     gcnLookup.reset();
     gcnData.reset();

@@ -33,6 +33,8 @@ namespace {
 
 using Arguments = OpeningArguments;
 
+// Each folder's screens by themselves, in the order in which folders build on each other.
+
 void joinOrganisation(Openings &all)
 {
     all.join(u"frmSupplier"_s,
@@ -64,6 +66,8 @@ void joinEquipment(Openings &all)
 
 void joinBoard()
 {
+    // The board belongs to its window: the pointer is null once that has gone, and the functions
+    // below stay.
     const auto board = std::make_shared<QPointer<frmOverDueWork>>();
     const auto sinceMade = std::make_shared<QElapsedTimer>();
     shell::MainBoard &main = shell::mainBoard();
@@ -76,6 +80,7 @@ void joinBoard()
         // A window that appears is activated, too, and has just read its board.
         constexpr int appearing = 1000; // milliseconds
         const bool isFresh = sinceMade->isValid() && sinceMade->elapsed() < appearing;
+        // For the first activation only: who comes back sees the board anew.
         sinceMade->invalidate();
         if (*board && !isFresh)
             (*board)->LoadData();
@@ -106,6 +111,7 @@ void joinExchange(Openings &all)
 /// The update from the menu; a failure can be reported to the makers.
 void updateDatabase()
 {
+    // Told here in its own way, not in the sentence of the start.
     bool showFailure = false;
     if (!UpdateDatabase(showFailure))
         return;
@@ -128,6 +134,7 @@ void joinAdministration(Openings &all)
 
 void joinScreens()
 {
+    // First, so that a slip in what follows is reported too.
     installErrorReport();
     joinReportTransport();
     help::installHelpKey();

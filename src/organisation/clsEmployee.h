@@ -53,6 +53,7 @@ public:
                                   const std::optional<clsEmployee> &Shown = {}) const;
     /// No usage test stands before this. A failure is reported as "Deletion not allowed.".
     [[nodiscard]] bool DeleteRecord(const QString &EmployeeID) const;
+    /// All employees, sites and crews, by their numbers. A failure is reported, and gives no rows.
     [[nodiscard]] db::Recordset GetEmployeeInfo() const;
     [[nodiscard]] db::Recordset GetSiteInfo() const;
     [[nodiscard]] db::Recordset GetCrewInfo() const;
