@@ -204,8 +204,10 @@ TEST_F(Sending, ShowsTheErrorAndTheSenderWhoNeedsAValidAddress)
 
 TEST_F(Sending, WhatIsNoFaultOfTheProgramIsToldInItsSentence)
 {
-    prompts.inform(rights::refusal(rights::Parts.add));
+    prompts.inform(test::NoRights);
     base::trapped("Part", "SaveRecord", [] { rights::demand(rights::Parts.add); });
+    prompts.inform(test::NoReport);
+    base::trapped("Reports", "ShowReport", [] { rights::demand(&Rights::EqList); });
     insert(u"tblPart"_s, {{u"PartID"_s, u"F1"_s}});
     const auto other = database.open();
     other->BeginTrans();
