@@ -153,13 +153,7 @@ TEST_F(Tables, BadArchivesAreToldWithTheirPlaceAndMakeNoFile)
     (void)exportTables(databaseTarget(), zip());
     const QByteArray scan = "EquipmentID,ScanTime,ScanStatus\n";
     const QByteArray contents = content(zip(), ContentsFile.toString());
-    struct Bad
-    {
-        QString name;
-        QByteArray text;
-        QString told;
-    };
-    const std::vector<Bad> all = {
+    const std::tuple<QString, QByteArray, QString> all[] = {
         {u"tblEquipmentScan.csv"_s, scan + "1,yesterday,\n",
          u"tblEquipmentScan, row 2, column ScanTime: \"yesterday\" is not a date."_s},
         {u"tblEquipmentScan.csv"_s, scan + "1,,\n1x,,\n",
@@ -180,10 +174,9 @@ TEST_F(Tables, BadArchivesAreToldWithTheirPlaceAndMakeNoFile)
         {ContentsFile.toString(), contents + "tblCrew,0,CrewID,1\n",
          u"contents.csv, row %1: tblCrew stands there twice."_s.arg(contents.count('\n') + 1)},
     };
-    for (const Bad &bad : all) {
-        const base::Error error =
-            raisedBy([&] { (void)importTables(zipWith(bad.name, bad.text), copy()); });
-        EXPECT_EQ(error.description(), bad.told);
+    for (const auto &[name, text, told] : all) {
+        const QString archive = zipWith(name, text);
+        EXPECT_EQ(raisedBy([&] { (void)importTables(archive, copy()); }).description(), told);
         EXPECT_FALSE(filesIn(stick()).contains(u"copy.mdb"_s));
         EXPECT_FALSE(filesIn(stick()).contains(u"copy.mdb.new"_s));
     }

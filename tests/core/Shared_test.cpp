@@ -134,24 +134,20 @@ TEST_F(SharedProcedures, ACountryIsKnownInItsExactCase)
 
 TEST_F(SharedProcedures, TableInfoNamesWhatIsWrong)
 {
-    struct Case
-    {
-        QString table, order, description;
-        int number;
-    };
-    for (const Case &c :
-         {Case{u"tblNothing"_s, {}, u"Invalid Table Name"_s, db::ErrorNumber::TableUnknown},
-          Case{u"tblSupplier"_s, u"Nothing"_s, u"Invalid Column Name"_s,
-               db::ErrorNumber::ValueMissing},
-          Case{u"tblSupplier"_s, u"Name ,, Name"_s, u"Invalid Column Name"_s,
-               db::ErrorNumber::Syntax}}) {
-        EXPECT_EQ(GetTableInfo(c.table, c.order).columnCount(), 0);
-        EXPECT_EQ(GetTableInfoWithIndicator(c.table, c.order).columnCount(), 0);
+    for (const auto &[table, order, description, number] :
+         {std::tuple{u"tblNothing"_s, QString(), u"Invalid Table Name"_s,
+                     db::ErrorNumber::TableUnknown},
+          std::tuple{u"tblSupplier"_s, u"Nothing"_s, u"Invalid Column Name"_s,
+                     db::ErrorNumber::ValueMissing},
+          std::tuple{u"tblSupplier"_s, u"Name ,, Name"_s, u"Invalid Column Name"_s,
+                     db::ErrorNumber::Syntax}}) {
+        EXPECT_EQ(GetTableInfo(table, order).columnCount(), 0);
+        EXPECT_EQ(GetTableInfoWithIndicator(table, order).columnCount(), 0);
         const std::vector<ErrorReport> reports = errors.take();
         ASSERT_EQ(reports.size(), 2u);
         EXPECT_EQ(reports[1].ProcedureName, reports[0].ProcedureName + u"WithIndicator"_s);
-        EXPECT_EQ(reports[0].ErrDescription, c.description);
-        EXPECT_EQ(reports[0].ErrNumber, c.number);
+        EXPECT_EQ(reports[0].ErrDescription, description);
+        EXPECT_EQ(reports[0].ErrNumber, number);
     }
 }
 
@@ -226,13 +222,9 @@ TEST_F(SharedProcedures, OptionsNeedAWorkstationsGuid)
 
 TEST_F(SharedProcedures, TheNewestReadingCountsAndTheHigherOfOneDay)
 {
-    const struct
-    {
-        int machine;
-        QString type;
-        int day, value;
-    } readings[] = {{1, u"Hours"_s, 1, 500}, {1, u"Hours"_s, 5, 120}, {1, u"Hours"_s, 5, 130},
-                    {1, u"Miles"_s, 9, 999}, {1, u"Days"_s, 9, 4},    {2, u"Hours"_s, 9, 7}};
+    const std::tuple<int, QString, int, int> readings[] = {
+        {1, u"Hours"_s, 1, 500}, {1, u"Hours"_s, 5, 120}, {1, u"Hours"_s, 5, 130},
+        {1, u"Miles"_s, 9, 999}, {1, u"Days"_s, 9, 4},    {2, u"Hours"_s, 9, 7}};
     for (const auto &[machine, type, day, value] : readings)
         insert(u"tblEquipmentCount"_s, u"EquipmentID, CountType, ChangeDate, CountValue"_s,
                {machine, type, base::wallClock({2024, 3, day}), value});
@@ -307,31 +299,35 @@ TEST(Conversions, ACheckedArrayBeginsAtOneAndMinutesHaveTwoDigits)
 
 TEST(ValidateEmail, NamesTheFirstRuleThatFails)
 {
-    struct Case
-    {
-        const char *address, *message;
-    };
-    for (const Case &c :
-         {// Refused.
-          Case{"", "Too short"}, Case{"a@b.com", "Too short"}, Case{"  a@b.com   ", "Too short"},
-          Case{"nobody.example.com", "Missing the @"}, Case{"a@b@example.com", "Too many @"},
-          Case{"a@@example", "Too many @"}, Case{"nobody@example", "Missing the period"},
-          Case{"@example.com", "Invalid format"}, Case{"example.com@", "Invalid format"},
-          Case{".nobody@example.com", "Invalid format"}, Case{"nobody@com.", "Invalid format"},
-          Case{"no body@example.com", "Invalid character"},
-          Case{"nob+dy@example.com", "Invalid character"},
-          Case{"nob\xc3\xb6"
-               "dy@example.com",
-               "Invalid character"},
-          Case{"nobody@example.c", "Suffix too short"},
-          Case{"nobody@example.info", "Suffix too long"},
-          Case{"nobody@a.examples", "Suffix too long"},
-          // Taken.
-          Case{"nobody@example.com", ""}, Case{"NoBody_9-x@Example.Co.Uk", ""},
-          Case{"  nobody@example.us  ", ""}, Case{"no.body@exampl.e1", ""}}) {
+    const std::pair<const char *, const char *> cases[] = {
+        // Refused.
+        {"", "Too short"},
+        {"a@b.com", "Too short"},
+        {"  a@b.com   ", "Too short"},
+        {"nobody.example.com", "Missing the @"},
+        {"a@b@example.com", "Too many @"},
+        {"a@@example", "Too many @"},
+        {"nobody@example", "Missing the period"},
+        {"@example.com", "Invalid format"},
+        {"example.com@", "Invalid format"},
+        {".nobody@example.com", "Invalid format"},
+        {"nobody@com.", "Invalid format"},
+        {"no body@example.com", "Invalid character"},
+        {"nob+dy@example.com", "Invalid character"},
+        {"nob\xc3\xb6"
+         "dy@example.com",
+         "Invalid character"},
+        {"nobody@example.c", "Suffix too short"},
+        {"nobody@example.info", "Suffix too long"},
+        {"nobody@a.examples", "Suffix too long"},
+        // Taken.
+        {"nobody@example.com", ""},
+        {"NoBody_9-x@Example.Co.Uk", ""},
+        {"  nobody@example.us  ", ""},
+        {"no.body@exampl.e1", ""}};
+    for (const auto &[address, expected] : cases) {
         QString message;
-        EXPECT_EQ(ValidateEmail(QString::fromUtf8(c.address), message), *c.message == 0)
-            << c.address;
-        EXPECT_EQ(message.toStdString(), c.message) << c.address;
+        EXPECT_EQ(ValidateEmail(QString::fromUtf8(address), message), *expected == 0) << address;
+        EXPECT_EQ(message.toStdString(), expected) << address;
     }
 }

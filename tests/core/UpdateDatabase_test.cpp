@@ -148,24 +148,20 @@ TEST_F(Update, OnlyRowsAboveTheDatabasesVersionAreLackingInItAndAProgramNeedsOne
 
 TEST_F(Update, EachFailureIsTreatedByItsNumber)
 {
-    struct Case
-    {
-        const char *what;
-        QString statement;
-        bool failed, told;
-    };
     openCompany();
     for (const auto &[what, text, failed, told] :
-         {Case{"a table that exists", u"create table tblSite (A long)"_s, false, false},
-          Case{"an index that exists",
-               u"create index ixWorkorderEquipment on tblWorkorder (EquipmentID)"_s, false, false},
-          Case{"an empty key", u"insert into tblUser (EmployeeID) values ('1')"_s, false, false},
-          Case{"a slip of the pen", u"creat table tblNew (A long)"_s, true, false},
-          Case{"a column that exists", u"alter table tblSite add column City nvarchar(10)"_s, true,
-               false},
-          Case{"an unknown table", u"update tblSitt set City = ''"_s, true, true},
-          Case{"a row that exists", u"insert into tblUser (UserName) values ('Admin')"_s, true,
-               true}}) {
+         {std::tuple{"a table that exists", u"create table tblSite (A long)"_s, false, false},
+          std::tuple{"an index that exists",
+                     u"create index ixWorkorderEquipment on tblWorkorder (EquipmentID)"_s, false,
+                     false},
+          std::tuple{"an empty key", u"insert into tblUser (EmployeeID) values ('1')"_s, false,
+                     false},
+          std::tuple{"a slip of the pen", u"creat table tblNew (A long)"_s, true, false},
+          std::tuple{"a column that exists", u"alter table tblSite add column City nvarchar(10)"_s,
+                     true, false},
+          std::tuple{"an unknown table", u"update tblSitt set City = ''"_s, true, true},
+          std::tuple{"a row that exists", u"insert into tblUser (UserName) values ('Admin')"_s,
+                     true, true}}) {
         QFile::remove(script());
         SetOption(u"DBVERSION"_s, 100, false);
         gcnData->Execute(u"Delete from tblSite"_s);

@@ -163,11 +163,7 @@ TEST_F(MasterScreens, AnUnfinishedPhoneNumberIsNotLeft)
 {
     addSupplier(1, u"Tool Barn"_s);
     addEmployee(u"E1"_s);
-    struct Box
-    {
-        const char *name;
-        QString message;
-    };
+    using Box = std::pair<const char *, QString>;
     const std::pair<std::function<void()>, std::vector<Box>> screens[] = {
         {opening(ShowEmployeeDetail, Mode::Browse, u"E1"_s),
          {{"txtPhone", u"Invalid phone No"_s},

@@ -169,20 +169,16 @@ TEST(Console, ShipsOnlyAScriptThatLeadsToTheNewSchema)
     const QString text = folder.filePath(u"changes.sql"_s);
     const QString script = folder.filePath(u"DBChanges.mdb"_s);
     const QByteArray shipped = company::resourceText(u"changes.sql"_s).toUtf8();
-    struct Case
-    {
-        const char *what;
-        QByteArray text;
-        QString complaint;
-    };
     for (const auto &[what, content, complaint] :
-         {Case{"a change is lacking", shipped.left(shipped.indexOf("alter table")),
-               u"lacks tblEmployee.Skills"_s},
-          Case{"one too many", shipped + "create table tblMore (A long);", u"has tblMore.A"_s},
-          Case{"one that fails", shipped + "drop table tblNone;", u"drop table tblNone"_s},
-          Case{"an option that new ones lack",
-               shipped + "insert into tblSysOption (SysOption) values ('X');",
-               u"has option X"_s}}) {
+         {std::tuple{"a change is lacking", shipped.left(shipped.indexOf("alter table")),
+                     u"lacks tblEmployee.Skills"_s},
+          std::tuple{"one too many", QByteArray(shipped + "create table tblMore (A long);"),
+                     u"has tblMore.A"_s},
+          std::tuple{"one that fails", QByteArray(shipped + "drop table tblNone;"),
+                     u"drop table tblNone"_s},
+          std::tuple{"an option that new ones lack",
+                     QByteArray(shipped + "insert into tblSysOption (SysOption) values ('X');"),
+                     u"has option X"_s}}) {
         test::writeFile(text, content);
         EXPECT_TRUE(complaintOf({u"make-script"_s, text, script}).contains(complaint)) << what;
         EXPECT_FALSE(QFile::exists(script)) << what;

@@ -101,17 +101,14 @@ TEST_F(MainScreen, AnEntryIsEnabledWhenItsScreenJoinedAndItsRightIsGranted)
 
 TEST_F(MainScreen, PasswordsAreForThoseWhoLoggedInAndUsersForTheAdministrator)
 {
-    const struct
-    {
-        QString user;
-        bool passwords, users;
-    } cases[] = {{{}, false, false}, {u"BOB"_s, true, false}, {u"ADMIN"_s, true, true}};
-    for (const auto &each : cases) {
-        gsLoginUser = each.user;
+    const std::tuple<QString, bool, bool> cases[] = {
+        {{}, false, false}, {u"BOB"_s, true, false}, {u"ADMIN"_s, true, true}};
+    for (const auto &[user, passwords, users] : cases) {
+        gsLoginUser = user;
         open();
-        EXPECT_EQ(visible(u"munPasswords"_s), each.passwords) << qPrintable(each.user);
-        EXPECT_EQ(visible(u"mnuusrmanagement"_s), each.users) << qPrintable(each.user);
-        EXPECT_EQ(openings().isJoined(u"frmUserManageMent"), each.users) << "hidden is not enough";
+        EXPECT_EQ(visible(u"munPasswords"_s), passwords) << qPrintable(user);
+        EXPECT_EQ(visible(u"mnuusrmanagement"_s), users) << qPrintable(user);
+        EXPECT_EQ(openings().isJoined(u"frmUserManageMent"), users) << "hidden is not enough";
     }
     EXPECT_EQ(named<QLabel>(*window, u"lblUser"_s).text(), u"User: ADMIN"_s);
     test::onNextModal([](QWidget &form) {

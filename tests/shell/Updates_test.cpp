@@ -42,10 +42,7 @@ TEST_F(Updates, ComeFromTheFolderThatTheInstallationNames)
 {
     const QString client = u"C5"_s;
     SetRegistryValue(u"CLIENTVERSION"_s, client);
-    const struct
-    {
-        QString version, source, path, folder, installed;
-    } cases[] = {
+    const std::array<QString, 5> cases[] = {
         {u"1.0.1"_s, u" \\\\office\\setup "_s, u"/p/"_s, u"//office/setup"_s, client},
         {u"1.1.1"_s, u"/s"_s, {}, u"/s"_s, client},
         {u"1.1.2"_s, u"/s"_s, u"\\\\office\\qv\\"_s, u"//office/qv/Client"_s, u"1.1.2"_s},
@@ -56,13 +53,13 @@ TEST_F(Updates, ComeFromTheFolderThatTheInstallationNames)
         {u"1.0.1"_s, {}, {}, {}, {}},
         {u"2.3.1"_s, u"/s"_s, {}, {}, {}},
     };
-    for (const auto &row : cases) {
-        SetRegistryValue(u"VERSION"_s, row.version);
-        SetRegistryValue(u"SRCPATH"_s, row.source);
-        SetRegistryValue(u"PATH"_s, row.path);
+    for (const auto &[version, source, path, folder, installed] : cases) {
+        SetRegistryValue(u"VERSION"_s, version);
+        SetRegistryValue(u"SRCPATH"_s, source);
+        SetRegistryValue(u"PATH"_s, path);
         const auto found = updates::releaseShare();
-        EXPECT_EQ(found ? found->folder : QString(), row.folder) << row.version.toStdString();
-        EXPECT_EQ(found ? found->installed : QString(), row.installed);
+        EXPECT_EQ(found ? found->folder : QString(), folder) << version.toStdString();
+        EXPECT_EQ(found ? found->installed : QString(), installed);
     }
 }
 

@@ -65,10 +65,7 @@ TEST_F(Accounts, NameAndPasswordCountWithoutCaseAndAClearOneIsHashedOnceItMatche
 
 TEST_F(Accounts, ASessionIsOfTheUserThatTheDatabaseFound)
 {
-    const struct
-    {
-        QString stored, typed, session;
-    } rows[] = {
+    const std::array<QString, 3> rows[] = {
         // Rows from before, whose names upper-casing mixes up: each keeps its own rights.
         {u"adm\u0131n"_s, u"ADM\u0131N"_s, u"adm\u0131n"_s},
         {u"wei\u00DF"_s, u"WEI\u00DF"_s, u"wei\u00DF"_s},
