@@ -130,20 +130,7 @@ TEST_F(StartUp, RunsItsStepsInOrder)
     EXPECT_TRUE(QFileInfo(base::environment().appData + u"/Quorvantis"_s).isDir());
 }
 
-TEST_F(StartUp, TheBackupHasTheVersionsNameAndTheLatestState)
-{
-    putDatabase();
-    test::writeFile(backup(), "of the day before");
-    setOption(u"GEN_COMPANY_NAME"_s, u"Latest"_s);
-    EXPECT_TRUE(BackupDB());
-    EXPECT_EQ(companyIn(backup()), u"Latest"_s);
-    settings::registry().setValue(settings::ProductKey, u"VERSION"_s, QString());
-    EXPECT_TRUE(BackupDB());
-    EXPECT_EQ(companyIn(backup(u"Quorvantis.mdb"_s)), u"Latest"_s);
-    EXPECT_EQ(QDir(path(u"Data/Backup"_s)).entryList(QDir::Files).size(), 2);
-}
-
-TEST_F(StartUp, EachDaysFirstCopyIsKeptAndOldOnesGo)
+TEST_F(StartUp, TheBackupHasTheLatestStateAndEachDaysFirstCopyIsKept)
 {
     putDatabase();
     setOption(u"GEN_COMPANY_NAME"_s, u"Friday"_s);
@@ -151,6 +138,8 @@ TEST_F(StartUp, EachDaysFirstCopyIsKeptAndOldOnesGo)
     setOption(u"GEN_COMPANY_NAME"_s, u"Friday noon"_s);
     EXPECT_TRUE(BackupDB());
     EXPECT_EQ(companyIn(daily(u"2024-03-15"_s)), u"Friday"_s);
+    EXPECT_EQ(companyIn(backup()), u"Friday noon"_s);
+    settings::registry().setValue(settings::ProductKey, u"VERSION"_s, QString());
     const auto add = [](const QString &option, int value) {
         db::Connection(target()).Execute(
             u"Insert into tblSysOption (SysOption, itemValue) values (?, ?)"_s, {option, value});
@@ -165,6 +154,8 @@ TEST_F(StartUp, EachDaysFirstCopyIsKeptAndOldOnesGo)
     EXPECT_FALSE(QFile::exists(daily(u"2024-03-15"_s)));
     EXPECT_TRUE(QFile::exists(daily(u"2024-03-16"_s)));
     EXPECT_EQ(companyIn(daily(u"2024-03-17"_s)), u"Friday noon"_s);
+    EXPECT_EQ(QDir(path(u"Data/Backup"_s)).entryList(QDir::Files),
+              (QStringList{u"Quorvantis.mdb"_s, u"Quorvantis231.mdb"_s}));
     // A company may do without them.
     add(copies::DailyOption.toString(), 0);
     environment.addDays(1);
