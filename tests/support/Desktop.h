@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDesktopServices>
 #include <QObject>
 #include <QStringList>
 #include <QUrl>
@@ -12,13 +13,24 @@ class Desktop : public QObject
 {
     Q_OBJECT
 public:
-    Desktop();
-    ~Desktop() override;
+    Desktop()
+    {
+        for (const char *scheme : Schemes)
+            QDesktopServices::setUrlHandler(QLatin1StringView(scheme), this, "open");
+    }
+    ~Desktop() override
+    {
+        for (const char *scheme : Schemes)
+            leave(QLatin1StringView(scheme));
+    }
     /// From now on the computer has no program for these addresses.
-    void leave(const QString &scheme);
+    void leave(const QString &scheme) { QDesktopServices::unsetUrlHandler(scheme); }
     Q_SLOT void open(const QUrl &url) { opened << url.toString(QUrl::FullyEncoded); }
 
     QStringList opened;
+
+private:
+    static constexpr const char *Schemes[] = {"mailto", "file", "http"};
 };
 
 } // namespace test

@@ -39,14 +39,8 @@ void ScriptedPrompts::expect(const QString &text, Icon icon, Buttons buttons, An
 
 void ScriptedPrompts::expectInput(const QString &text, std::optional<QString> answer)
 {
-    Expected expected{Expected::Kind::Input,
-                      text,
-                      Icon::None,
-                      Buttons::OkCancel,
-                      Answer::Ok,
-                      std::move(answer),
-                      std::exchange(m_meanwhile, {})};
-    m_expected.push_back(std::move(expected));
+    m_expected.push_back({Expected::Kind::Input, text, Icon::None, Buttons::OkCancel, Answer::Ok,
+                          std::move(answer), std::exchange(m_meanwhile, {})});
 }
 
 void ScriptedPrompts::expectChooser(const QString &title, const QString &answer)
