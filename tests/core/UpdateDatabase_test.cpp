@@ -50,23 +50,6 @@ struct Update : testing::Test
     {
         return {.version = version, .type = u"CREATE"_s, .statement = text};
     }
-    static Change insert(const QString &table, const QString &text, const QString &value = {},
-                         const QString &parent = {})
-    {
-        return {.version = 101,
-                .type = u"insert"_s,
-                .statement = text,
-                .table = table,
-                .value = value,
-                .parent = parent};
-    }
-    static Change option(const QString &key, const QString &value)
-    {
-        return insert(u"tblSysOption"_s,
-                      u"insert into tblSysOption (SysOption, itemValue) values ('%1', '%2')"_s.arg(
-                          key, value),
-                      key);
-    }
     static bool update(bool show = true) { return UpdateDatabase(show); }
     /// The update succeeds when another workstation has ended what it is at.
     static void expectUpdateThatWaits(const std::function<void()> &end)
@@ -187,14 +170,18 @@ TEST_F(Update, InsertsBringWhatIsLacking)
 {
     openCompany();
     SetOption(u"SERVICE_LATE_RED"_s, 21, false);
-    const QString field =
-        u"insert into tblTableFields (Tablename, FieldName, FieldDesc) values ('%1', '%2', 'new')"_s;
-    ship({option(u"SERVICE_LATE_RED"_s, u"14"_s), option(u"NEW_KEY"_s, u"7"_s),
-          insert(u"tblTableFields"_s, field.arg(u"tblEquipment"_s, u"UnitNo"_s), u"UnitNo"_s,
-                 u"tblEquipment"_s),
-          insert(u"tblTableFields"_s, field.arg(u"tblPart"_s, u"UnitNo"_s), u"UnitNo"_s,
-                 u"tblPart"_s),
-          insert(u"tblCrew"_s, u"insert into tblCrew (CrewNumber) values (7)"_s)});
+    std::vector<Change> changes = company::parseChanges(
+        u"version 101;"
+        "insert into tblSysOption (SysOption, itemValue) values ('SERVICE_LATE_RED', '14');"
+        "insert into tblSysOption (SysOption, itemValue) values ('NEW_KEY', '7');"
+        "insert into tblTableFields (Tablename, FieldName, FieldDesc) values ('tblEquipment', "
+        "'UnitNo', 'new');"
+        "insert into tblTableFields (Tablename, FieldName, FieldDesc) values ('tblPart', 'UnitNo', "
+        "'new');"_s);
+    Change crew = statement(101, u"insert into tblCrew (CrewNumber) values (7)"_s);
+    crew.type = u"insert"_s;
+    changes.push_back(crew);
+    ship(changes);
     EXPECT_FALSE(update());
     EXPECT_EQ(GetOption(u"SERVICE_LATE_RED"_s, false), u"21"_s);
     EXPECT_EQ(GetOption(u"NEW_KEY"_s, false), u"7"_s);
@@ -204,7 +191,7 @@ TEST_F(Update, InsertsBringWhatIsLacking)
 
     gcnData->Execute(u"Delete from tblUser"_s);
     SetOption(u"DBVERSION"_s, 100, false);
-    ship({insert(u"tblCrew"_s, u"insert into tblCrew (CrewNumber) values (7)"_s)});
+    ship({crew});
     EXPECT_FALSE(update());
     EXPECT_EQ(count(u"tblCrew"_s), 1);
 }
