@@ -294,20 +294,26 @@ TEST_F(Recording, WhatAnotherWorkstationHoldsIsNamed)
     EXPECT_EQ(completion(), u"0|"_s);
 }
 
-TEST_F(Recording, AChangedServiceReopensItsOrderInOneStep)
+TEST_F(Recording, EachStepIsWrittenAsAWholeOrNotAtAllAndAChangedServiceReopensItsOrder)
 {
-    const std::function<bool()> changes[] = {
-        [&] { return completeService(services[2]); },
-        [&] { return completeService(services[0], false); },
-        [&] { return skipService(services[1], u"Rain"_s); },
+    const QList<parts::Chosen> parts{{u"A"_s, 1, 1, 0}, {u"B"_s, 1, 1, 0}};
+    const std::pair<std::function<bool()>, QString> steps[] = {
+        {[&] { return completeService(services[2]); }, u"C-U C-U C-U"_s},
+        {[&] { return completeService(services[0], false); }, u"--- C-U C-U"_s},
+        {[&] { return skipService(services[1], u"Rain"_s); }, u"C-U -S- C-U"_s},
+        {[&] { return UpdateWorkorder(number, QDate(2024, 3, 14)); }, {}},
+        {[&] { return skipAll(number, u"Rain"_s); }, {}},
+        {[&] { return AddPartRecord(parts, services[0], false); }, {}},
+        {[&] { return DeleteServiceRecord(services[0]); }, {}},
     };
-    for (const auto &change : changes) {
+    for (const auto &[step, reopened] : steps) {
         ASSERT_TRUE(UpdateWorkorder(number, QDate(2024, 3, 12)));
-        EXPECT_GE(failAtEachStatement(change), 3);
-        EXPECT_EQ(completion(), u"0|"_s);
+        EXPECT_GE(failAtEachStatement(step), reopened.isEmpty() ? 2 : 3);
+        EXPECT_EQ(completion().startsWith(u"0|"), !reopened.isEmpty());
+        if (!reopened.isEmpty()) {
+            EXPECT_EQ(states().join(u' '), reopened);
+        }
     }
-    EXPECT_EQ(states(), (QStringList{u"C-U"_s, u"-S-"_s, u"C-U"_s}))
-        << "completing the order again completed the first";
 }
 
 TEST(WorkSpan, ANightsWorkGoesOnIntoTheMorning)
@@ -332,18 +338,4 @@ TEST(WorkSpan, ANightsWorkGoesOnIntoTheMorning)
         EXPECT_EQ(span.end, row.endAfter) << qPrintable(row.start.toString());
         EXPECT_EQ(span.hours, row.hours) << qPrintable(row.start.toString());
     }
-}
-
-TEST_F(Recording, EachStepIsWrittenAsAWholeOrNotAtAll)
-{
-    const std::function<bool()> steps[] = {
-        [&] { return UpdateWorkorder(number, QDate(2024, 3, 12)); },
-        [&] { return skipAll(number, u"Rain"_s); },
-        [&] {
-            return AddPartRecord({{u"A"_s, 1, 1, 0}, {u"B"_s, 1, 1, 0}}, services[0], false);
-        },
-        [&] { return DeleteServiceRecord(services[0]); },
-    };
-    for (std::size_t step = 0; step < std::size(steps); ++step)
-        EXPECT_GE(failAtEachStatement(steps[step]), 2) << "step " << step;
 }

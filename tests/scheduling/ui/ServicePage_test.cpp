@@ -66,28 +66,26 @@ TEST_F(ServicePageTest, CrewAndHoursMoveTheLabourCost)
     insert(u"tblEmployee"_s, u"EmployeeID, Crew, LaborCost, Inactive, IncludeWoList"_s,
            {u"E2"_s, second, 30, 0, 1});
     show({});
+    const auto row = [] {
+        return found(
+            u"Select CrewID, LaborEstimate, CostEstimate, Einterval from tblServiceUsed"_s);
+    };
     EXPECT_EQ(shown(u"Service Crew"), u"7   Mowing"_s);
     EXPECT_TRUE(edit(u"Service Crew"_s, second));
     EXPECT_EQ(frame.mode, Mode::Modify);
-    EXPECT_EQ(stored(u"CrewID"_s), second);
-    EXPECT_EQ(stored(u"CostEstimate"_s).toDouble(), 45);
+    EXPECT_EQ(row(), u"%1|1.5|45|10"_s.arg(second));
     EXPECT_EQ(shown(u"Labor Cost"), u"$45.00"_s);
     failAt(u"CostEstimate] ="_s);
     EXPECT_TRUE(edit(u"Service Crew"_s, crew)) << "the crew is stored all the same";
     failAt({});
     (void)errors.takeOne();
-    EXPECT_EQ(stored(u"CrewID"_s), crew);
+    EXPECT_EQ(row(), u"%1|1.5|45|10"_s.arg(crew));
     EXPECT_EQ(shown(u"Labor Cost"), u"$45.00"_s);
-    EXPECT_TRUE(edit(u"Service Crew"_s, second));
-    EXPECT_TRUE(edit(u"Budgeted Hrs"_s, 2.0));
-    EXPECT_EQ(stored(u"LaborEstimate"_s).toDouble(), 2);
-    EXPECT_EQ(stored(u"CostEstimate"_s).toDouble(), 60);
-    EXPECT_TRUE(edit(u"Labor Cost"_s, 12.5));
-    EXPECT_EQ(stored(u"CostEstimate"_s).toDouble(), 12.5);
-    EXPECT_TRUE(edit(u"Interval"_s, 30));
-    EXPECT_EQ(stored(u"Einterval"_s), 30);
+    EXPECT_TRUE(edit(u"Service Crew"_s, second) && edit(u"Budgeted Hrs"_s, 2.0));
+    EXPECT_EQ(row(), u"%1|2|60|10"_s.arg(second));
+    EXPECT_TRUE(edit(u"Labor Cost"_s, 12.5) && edit(u"Interval"_s, 30));
     EXPECT_FALSE(edit(u"Interval"_s, QVariant()));
-    EXPECT_EQ(stored(u"Einterval"_s), 30);
+    EXPECT_EQ(row(), u"%1|2|12.5|30"_s.arg(second));
 }
 
 TEST_F(ServicePageTest, ANextDateMovesOnwardOnly)

@@ -88,14 +88,13 @@ TEST_F(PrintWork, SelectsAllAndWhatIsNotPrinted)
     order({{u"EquipmentID"_s, 1}});
     order({{u"EquipmentID"_s, 2}, {u"Printed"_s, 1}});
     openPrinting();
-    press("cmdPrintSelect");
-    EXPECT_EQ(column("grdPrintWO", u"Select"_s), (QStringList{u"True"_s, u"True"_s}));
-    EXPECT_EQ(driver().control<QAbstractButton>("cmdPrintSelect").text().remove(u'&'),
-              u"Unselect All"_s);
-    press("cmdPrintSelect");
-    EXPECT_EQ(column("grdPrintWO", u"Select"_s), (QStringList{u"False"_s, u"False"_s}));
-    press("cmdPrintUnSelect");
-    EXPECT_EQ(column("grdPrintWO", u"Select"_s), (QStringList{u"True"_s, u"False"_s}));
+    for (const auto &[button, ticks] : {std::pair("cmdPrintSelect", u"True True"_s),
+                                        {"cmdPrintSelect", u"False False"_s},
+                                        {"cmdPrintUnSelect", u"True False"_s}}) {
+        press(button);
+        EXPECT_EQ(column("grdPrintWO", u"Select"_s).join(u' '), ticks);
+    }
+    EXPECT_EQ(driver().control<QAbstractButton>("cmdPrintSelect").text(), u"Select A&ll"_s);
 }
 
 TEST_F(PrintWork, DeletesAnOrderAndItsServicesAfterAQuestion)
