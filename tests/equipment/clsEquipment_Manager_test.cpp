@@ -173,12 +173,3 @@ TEST_F(Machines, ADeletionThatFailsHalfwayTakesNothing)
         EXPECT_EQ(count(table, 1), 1) << table;
     EXPECT_TRUE(documents::exists(1, u"a.txt"_s));
 }
-
-TEST_F(Machines, OnlyAnOpenWorkOrderKeepsAMachine)
-{
-    addMachineWithAll(1);
-    EXPECT_EQ(manager.CanDeleteEquipment(1), QString());
-    gcnData->Execute(u"insert into tblWorkorder(EquipmentID) values(1)"_s);
-    EXPECT_EQ(manager.CanDeleteEquipment(1), u"WorkOrder");
-    EXPECT_EQ(manager.CanDeleteEquipment(2), QString());
-}

@@ -100,9 +100,11 @@ TEST_F(PartScreens, APartInUseKeepsItsNumberAndStaysActiveAndStays)
     addPart(u"p-1"_s, u"Oil filter"_s);
     gcnData->Execute(
         u"Insert into tblEquipmentPart(EquipmentID,PartID,Price) values(1,'P-1',9.5)"_s);
-    gcnData->Execute(u"Insert into tblWoPartUsed(PartID,QuantityRequired) values('P-1',3)"_s);
+    for (const QString &reserved : {u"'P-1',1.5"_s, u"'P-1',2"_s, u"'P-2',50"_s})
+        gcnData->Execute(
+            u"Insert into tblWoPartUsed(PartID,QuantityRequired) values(%1)"_s.arg(reserved));
     inRecords(opening(showPartDetail, Mode::Browse, u"P-1"_s), [this](ScreenDriver screen) {
-        EXPECT_EQ(screen.text("txtPartCommited"), u"3.00"_s);
+        EXPECT_EQ(screen.text("txtPartCommited"), u"3.50"_s);
         screen.press("chkInactive");
         expectRefusal(screen,
                       u"This part is already assigned to Equipment and can not be "

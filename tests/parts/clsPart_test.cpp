@@ -114,13 +114,3 @@ TEST_F(Parts, TheFirstUserOfAPartNamesItHistoryDoesNot)
     }
     EXPECT_EQ(manager.CanDeletePart(u"P"_s), QString());
 }
-
-TEST_F(Parts, WhatOpenOrdersReserveIsSummed)
-{
-    const clsPartManager manager;
-    EXPECT_EQ(manager.PartCommited(u"P1"_s), 0);
-    for (const double quantity : {1.5, 2.0})
-        insert(u"tblWoPartUsed"_s, u"PartID, QuantityRequired"_s, {u"P1"_s, quantity});
-    insert(u"tblWoPartUsed"_s, u"PartID, QuantityRequired"_s, {u"P2"_s, 50});
-    EXPECT_EQ(manager.PartCommited(u"P1"_s), 3.5);
-}
