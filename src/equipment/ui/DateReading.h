@@ -34,6 +34,7 @@ private:
     /// Shows what is stored, and goes back to the mode Browse.
     void leaveEditing();
 
+    /// Gives a machine its old date a year later, as if it had been typed.
     void ButtonClick(int row, const QString &column);
     /// Judges a date that was typed into a row; a refused one is told and taken out again.
     [[nodiscard]] bool Change(int row, const QVariant &date);

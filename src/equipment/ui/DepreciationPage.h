@@ -28,7 +28,9 @@ private:
     void RefreshDepreciationGrid(qint64 EquipmentID);
     /// False when a schedule can't be worked out of what the boxes hold, which is told.
     [[nodiscard]] bool ValidationDepreciation();
+    /// Works the schedule out and stores it at once in place of the one before.
     void cmdRecalculate_Click();
+    /// Only for a machine whose acquisition is stored, by those who may change it.
     void enableRecalculate();
 
     qint64 m_equipment = 0;

@@ -19,6 +19,7 @@ private:
     void EnableControls() override;
     void cmdAddDocument_Click();
     void cmdRemoveDocument_Click();
+    /// Opens the file with the program that the workstation has for it.
     void cmdPreview_Click();
 
     grid::GridView *grdDocument = nullptr;

@@ -45,12 +45,14 @@ void EnginePage::buildPage()
     fields().add(txtEngineSerialNo, &clsEquipment::EngineSerialNo);
     fields().add(cboCycle, &clsEquipment::Cycle);
     fields().add(cboEngineFuelType, &clsEquipment::EngineFuelType);
+    // Also when a machine is shown: its model is looked for among those of its make.
     connect(cboEngineMake, &QComboBox::currentIndexChanged, this,
             [this] { loadChildren(*cboEngineModel, cboEngineMake->id()); });
 }
 
 void EnginePage::editModels()
 {
+    // A model hangs on its make; without one it would be found under none.
     if (!cboEngineMake->isItemChosen()) {
         base::showMessage(u"You must first add a new Make before adding a new Model"_s);
         return;

@@ -27,6 +27,7 @@ Q_SIGNALS:
     void costChanged(qint64 ServiceUsedID);
 
 private:
+    /// Writes a corrected number inside the machine's edit. False when it was not written.
     [[nodiscard]] bool change(int row, const QString &column, const QString &field, double number);
 
     MachineFrame &m_frame;

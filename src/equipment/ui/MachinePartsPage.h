@@ -17,6 +17,7 @@ public:
 private:
     void RefreshPartGrid(qint64 equipmentID);
     void EnableControls() override;
+    /// Adds what the list of parts hands over. A failure cancels the whole edit.
     void cmdAddNewPart_Click();
     void cmdRemovePart_Click();
 

@@ -41,6 +41,8 @@ UserFieldsPage::UserFieldsPage(MachineFrame &frame, QWidget *parent)
     for (int number = 1; number <= static_cast<int>(std::size(UserFields)); ++number) {
         QLineEdit *box = form.textField(u"txtUserDefined%1"_s.arg(number),
                                         u"Field %1:"_s.arg(number), UserFieldLength);
+        // Read once, when the screen is made: the names are changed on another screen, which is not
+        // open beside it.
         DisplayUserDefinedName(number, *form.lastLabel(), *box);
         fields().add(box, UserFields[number - 1]);
     }

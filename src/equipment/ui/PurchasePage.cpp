@@ -47,6 +47,7 @@ PurchasePage::PurchasePage(MachineFrame &frame, QWidget *parent)
                       {u"Hours"_s, u"Miles"_s, u"Days"_s, u"Weeks"_s, u"Months"_s, u"Years"_s});
     for (const auto *list : {"LEASECOMPANY", "SUPPLIER", "MANUFACTURE"})
         RefreshCombo(QString::fromLatin1(list));
+    // Also when another machine is shown: the captions follow what is chosen, by whomever.
     connect(cboLeaseOwnedLeased, &QComboBox::currentIndexChanged, this, &PurchasePage::nameLease);
     nameLease();
 }
@@ -55,6 +56,7 @@ input::DateInput *PurchasePage::addDate(input::FormBuilder &form, const QString 
                                         const QString &label, QDateTime clsEquipment::*member)
 {
     input::DateInput *box = form.dateField(name, label);
+    // Each date is judged where it is typed; the page is not left with half a date in it.
     box->checkOnLeave();
     fields().add(box, member);
     return box;

@@ -21,6 +21,7 @@ VehiclePage::VehiclePage(MachineFrame &frame, QWidget *parent)
     form.endColumns();
     form.finish();
     loadFixedList(*cboPermanentLicense, {u"Yes"_s, u"No"_s});
+    // By the same road as after an editor, so that lists are filled in one place only.
     for (const auto *list : {"STATE", "FUELTYPE", "BODY", "CHASSIS", "TRANS", "ENGINETYPE"})
         RefreshCombo(QString::fromLatin1(list));
 }

@@ -20,8 +20,12 @@ protected:
 
 private:
     void buildForm();
+    /// Reads the stock anew; what was typed goes.
     void ShowGrid();
+    /// Nothing has been received yet.
     void FillValue();
+    /// Adds what was typed to the stock as it stands by now, all or nothing. What was typed stays
+    /// when another workstation is in the way.
     void SaveChanges();
 
     QLineEdit *txtSearch = nullptr;

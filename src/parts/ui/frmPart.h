@@ -36,12 +36,15 @@ private:
     void buildForm();
     void bindFields();
     void addDescription(input::FormBuilder &form);
+    /// What only a tracked part has, and whether it is tracked at all.
     void addStock(input::FormBuilder &form);
     void loadSuppliers();
     void loadCategories();
+    /// False for a number that another part has, which is told; the box is emptied then.
     bool txtPartID_Validate();
     /// Shows or hides what only a tracked part has.
     void ChangePosition();
+    /// Shows a number with two decimals; what is none stays as it was typed.
     void formatQuantity(QLineEdit *box);
 
     QLineEdit *txtPartID = nullptr;

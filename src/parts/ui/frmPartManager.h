@@ -28,13 +28,18 @@ private:
     void buildForm();
     /// Reads the list; what was ticked stays so. keepPart: the row to come back to.
     void ShowGrid(const QString &keepPart = {});
+    /// Ticks and quantities stand in front where parts are picked.
     [[nodiscard]] QList<grid::Column> columns();
+    /// Ticks what was picked, with its quantities, and nothing else.
     void FillValue(const QHash<QString, double> &picked);
     [[nodiscard]] QHash<QString, double> ticked() const;
+    /// Hands over what is ticked, or opens the current part where nothing is picked.
     void cmdSelect_Click();
     void cmdAdd_Click();
     void cmdDelete_Click();
+    /// Opens a part and comes back to its row.
     void openPart(int row);
+    /// The number of the current part, empty without one.
     [[nodiscard]] QString currentPart() const;
 
     QStringList m_leftOut;

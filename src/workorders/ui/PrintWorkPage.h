@@ -52,12 +52,15 @@ private:
     void EnableControls();
     [[nodiscard]] qint64 currentOrder() const;
     [[nodiscard]] qint64 currentMachine() const;
+    /// Shows beside the list what belongs to the current row.
     void rowSelected();
     [[nodiscard]] QList<qint64> tickedMachines() const;
     void cmdPrintSelect_Click();
+    /// Ticks the orders that were not printed, and what has no order yet.
     void cmdPrintUnSelect_Click();
     void cmdGenrateWo_Click();
     void cmdDelete_Click();
+    /// Offers to make the order that a due service needs before it can be changed.
     void generateFirst();
     void cmdPrintAddService_Click();
 

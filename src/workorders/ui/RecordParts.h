@@ -39,6 +39,8 @@ private:
     void buildBox();
     void connectControls();
     [[nodiscard]] QList<grid::Column> columns();
+    /// Writes a cell over what is shown in it; the user is asked when another workstation changed
+    /// it.
     [[nodiscard]] bool write(int row, const QString &column, const QString &field,
                              const QVariant &value);
     [[nodiscard]] bool usedChanged(int row, bool used);

@@ -50,10 +50,12 @@ private:
     [[nodiscard]] QList<grid::Column> columns();
     [[nodiscard]] grid::Style style(int row, const QString &column) const;
     [[nodiscard]] qint64 serviceOf(int row) const;
+    /// What a change of a cell means; False refuses it. Completed and Skip open the order again.
     [[nodiscard]] bool crewChanged(int row, qint64 crew);
     [[nodiscard]] bool countChanged(int row, const QVariant &count);
     [[nodiscard]] bool skipChanged(int row, bool skip);
     [[nodiscard]] bool completedChanged(int row, bool completed);
+    /// Opens the entry of times where the column holds one; any other column does nothing.
     void openTimes(int row, const QString &column);
     void cmdSkipAll_Click();
     void cmdAddNewService_Click();

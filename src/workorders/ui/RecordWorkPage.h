@@ -51,6 +51,8 @@ private:
     [[nodiscard]] QList<grid::Column> orderColumns();
     void connectControls();
     [[nodiscard]] grid::Style orderStyle(int row);
+    /// The tick and the date of an order: each sets the other, and completes its services or opens
+    /// them again.
     [[nodiscard]] bool completeChanged(int row, bool complete);
     [[nodiscard]] bool completedDateChanged(int row, const QVariant &value);
 

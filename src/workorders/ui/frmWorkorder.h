@@ -43,10 +43,14 @@ private:
     /// Stores what is being edited on either page; False when it is refused.
     [[nodiscard]] bool finishEditing();
     void EnableControls() override;
+    /// Turns to a tab and shows what belongs to it, without reading anything.
     void showTab(Tab tab);
+    /// What the boxes say now; an empty date is today.
     [[nodiscard]] WorkorderFilter filter() const;
     [[nodiscard]] QDate dateFrom() const;
     [[nodiscard]] QDate dateTo() const;
+    /// A window that runs backwards is put right: a later beginning takes the end along, an earlier
+    /// end is told and goes back.
     void datDateFrom_Change();
     void datDateTo_Change();
     [[nodiscard]] bool reachToday();
@@ -54,8 +58,11 @@ private:
     void cmdRefreshWo_Click();
     void cmdPrint_Click();
     void cmdPost_Click();
+    /// Posts orders, as far as the user leaves none behind. The list then holds those that were
+    /// posted. False when none was, which has been told.
     [[nodiscard]] bool post(QList<qint64> &orders, QDate completed);
     [[nodiscard]] bool postWhatCanBe(QList<qint64> &orders, QDate completed);
+    /// Offers the lists of what was posted just now.
     void printPosted(const QList<qint64> &orders);
     void cmdUnschedule_Click();
 
