@@ -41,8 +41,8 @@ TEST_F(History, PartsCostQuantityTimesPrice)
     EXPECT_TRUE(history::SetAllPastCost(1, {{2024, 2, 1}, {}}).isEmpty());
     EXPECT_EQ(history::SetPastCost(11), 12.5);
     EXPECT_EQ(history::SetPastCost(12), 0);
-    addPartHistory(12, u"X"_s, 3, 0.3333);
-    EXPECT_EQ(history::SetPastCost(12), 1.0);
+    addPartHistory(12, u"X"_s, 3, 0.3352);
+    EXPECT_EQ(history::SetPastCost(12), 1.01);
 }
 
 TEST_F(History, AnotherCrewCostsTheBudgetedHours)

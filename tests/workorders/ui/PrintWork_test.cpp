@@ -27,6 +27,7 @@ TEST_F(PrintWork, ShowsTheFrameThatFitsTheRow)
 {
     part(u"P1"_s, 5);
     servicePart(service({{u"Note"_s, u"of the schedule"_s}}), u"P1"_s, 2);
+    service({{u"Name"_s, u"Wash"_s}});
     const qint64 number = order({{u"EquipmentID"_s, 2}});
     const qint64 line =
         orderService(number, {{u"EquipmentID"_s, 2}, {u"Note"_s, u"of the order"_s}});
@@ -37,10 +38,13 @@ TEST_F(PrintWork, ShowsTheFrameThatFitsTheRow)
     EXPECT_EQ(column("grdPrintWO", u"Unit No"_s), (QStringList{u"M1"_s, u"M2"_s}));
     EXPECT_TRUE(driver().isShown("fraGen"));
     EXPECT_FALSE(driver().isEnabled("cmdDelete"));
-    EXPECT_EQ(column("grdGenService", u"Service Name"_s), QStringList{u"Oil change"_s});
-    EXPECT_EQ(column("grdGenService", u"Service Crew"_s), QStringList{u"1   North"_s});
+    EXPECT_EQ(column("grdGenService", u"Service Name"_s),
+              (QStringList{u"Oil change"_s, u"Wash"_s}));
+    EXPECT_EQ(cell("grdGenService", 0, u"Service Crew"_s), u"1   North"_s);
     EXPECT_EQ(column("grdGenPart", u"Part Number"_s), QStringList{u"P1"_s});
     EXPECT_EQ(driver().text("txtGenServiceNote"), u"of the schedule"_s);
+    key("grdGenService", Qt::Key_Down);
+    EXPECT_TRUE(column("grdGenPart", u"Part Number"_s).isEmpty()) << "of another service";
     const grid::GridModel &rows = grid("grdPrintWO").rows();
     EXPECT_TRUE(rows.style(0, 1).background.isValid()) << "a machine without an order stands out";
     EXPECT_FALSE(rows.style(1, 1).background.isValid());
