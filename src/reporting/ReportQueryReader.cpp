@@ -125,12 +125,13 @@ private:
                 expression.negated ? Comparison::IsNotEmpty : Comparison::IsEmpty;
             return condition;
         }
-        require(!expression.negated);
+        const bool isLike = expression.kind == Expression::Kind::Like;
+        require(!expression.negated && (isLike || expression.kind == Expression::Kind::Compare));
+        // Not sooner: what stands behind "IN (SELECT" is no operand, so that there is only one.
         const Expression &value = *expression.operands[1];
-        if (expression.kind == Expression::Kind::Like) {
+        if (isLike) {
             takePattern(value, condition);
         } else {
-            require(expression.kind == Expression::Kind::Compare);
             condition.comparison = comparisonOf(expression.operators[0]);
             takeValue(value, condition);
         }

@@ -172,20 +172,27 @@ TEST_F(ReportQuery, ATextIsShownByPickingOnlyWhenNothingOfItIsLost)
     }
     for (
         const QString &text :
-        {u"select top 5 PartID from tblPart"_s, u"select PartID & 'x' from tblPart"_s,
+        {u"select top 5 PartID from tblPart"_s,
+         u"select PartID & 'x' from tblPart"_s,
          u"select PartID from tblPart where Price = 1 or Price = 2"_s,
          u"select PartID from tblPart where PartID not like 'a*'"_s,
          u"select PartID from tblPart where PartID like '*a?'"_s,
          u"select PartID from tblPart where PartID like '*a'"_s,
+         u"select PartID from tblPart where PartID in ('a')"_s,
+         u"select PartID from tblPart where PartID in (select PartID from tblServicesPart)"_s,
+         u"select PartID from tblPart where Price between 1 and 2"_s,
          u"select count(*) from tblPart group by PartID"_s,
          u"select PartID from tblPart having count(*) > 1"_s,
          u"select PartID from tblPart union select Name from tblSupplier"_s,
-         u"select PartID from tblPart, tblSupplier"_s, u"select UserName from tblUser"_s,
-         u"select PartID from (select * from tblPart) as x"_s, u"delete from tblPart"_s,
+         u"select PartID from tblPart, tblSupplier"_s,
+         u"select UserName from tblUser"_s,
+         u"select PartID from (select * from tblPart) as x"_s,
+         u"delete from tblPart"_s,
          u"select SupplierID from tblPart inner join tblSupplier on tblPart.SupplierID = tblSupplier.SupplierID"_s,
          u"select PartID from tblPart right join tblSupplier on tblPart.SupplierID = tblSupplier.SupplierID"_s,
          u"select PartID from tblPart inner join tblSupplier on tblPart.SupplierID <> tblSupplier.SupplierID"_s,
-         u"select PartID from tblPart where Price = 1 order by Price + 1"_s, u"select"_s,
+         u"select PartID from tblPart where Price = 1 order by Price + 1"_s,
+         u"select"_s,
          QString()})
         EXPECT_FALSE(read(text, tables)) << qPrintable(text);
 }

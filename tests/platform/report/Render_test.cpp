@@ -293,6 +293,16 @@ TEST_F(Export, WhatCantBeWrittenIsToldAndLeavesTheFormerFileAsCancellingDoes)
     EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files).size(), 4) << "no half file stays";
 }
 
+TEST(PagePainter, PicturesStandInTheirFramesAsTheyAreAligned)
+{
+    const auto placed = [](Align align) {
+        return pictureFrame(PictureItem{QRect(100, 200, 3000, 1000), {}, align}, QSize(40, 20));
+    };
+    EXPECT_EQ(placed(Align::Left), QRect(100, 200, 2000, 1000));
+    EXPECT_EQ(placed(Align::Center), QRect(600, 200, 2000, 1000));
+    EXPECT_EQ(placed(Align::Right), QRect(1100, 200, 2000, 1000));
+}
+
 TEST(PagePainter, TextsHaveTheirColoursWhateverWasDrawnBefore)
 {
     const auto textAt = [](int y, bool bordered, double points) {

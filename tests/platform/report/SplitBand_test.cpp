@@ -24,7 +24,7 @@ TEST(SplitBand, CutsBetweenLinesAndContinuesFrames)
 {
     MadeBand band;
     band.height = 2000;
-    band.items = {BoxItem{QRect(0, 0, 6000, 1900), 20, Qt::black, QColor()}, fourLines({0, 0}),
+    band.items = {BoxItem{QRect(0, 50, 6000, 1850), 20, Qt::black, QColor()}, fourLines({0, 0}),
                   LineItem{{0, 1950}, {6000, 1950}, 20, Qt::black}};
     const auto rest = splitBand(band, 1000);
     ASSERT_TRUE(rest);
@@ -32,7 +32,7 @@ TEST(SplitBand, CutsBetweenLinesAndContinuesFrames)
     EXPECT_EQ(band.height, 710);
     EXPECT_EQ(rest->height, 2000 - 710);
     ASSERT_EQ(band.items.size(), 2);
-    EXPECT_EQ(std::get<BoxItem>(band.items[0]).frame, QRect(0, 0, 6000, 710));
+    EXPECT_EQ(std::get<BoxItem>(band.items[0]).frame, QRect(0, 50, 6000, 660));
     EXPECT_EQ(std::get<TextItem>(band.items[1]).lines.size(), 2);
     ASSERT_EQ(rest->items.size(), 3);
     EXPECT_EQ(std::get<BoxItem>(rest->items[0]).frame, QRect(0, 0, 6000, 1900 - 710));

@@ -129,6 +129,20 @@ TEST(CrossTab, SumsByTwoKeysInTheirOrder)
                 testing::HasSubstr("lblCosts: a cross-tab is too narrow"));
 }
 
+TEST(CrossTab, LongNamesLeaveRoomForTheValues)
+{
+    const Rows rows({u"A"_s, u"B"_s}, {{QString(60, u'w'), QString(60, u'm')}});
+    const Layout layout = layoutOf(
+        "<report version=\"2\"><band kind=\"reportHeader\"><crossTab width=\"50mm\" rows=\"A\" "
+        "columns=\"B\" value=\"count(*)\"/></band></report>");
+    const QList<TextItem> texts = itemsOf<TextItem>(allPages(layout, rows, {})[0]);
+    ASSERT_EQ(texts.size(), 3);
+    EXPECT_EQ(texts[0].frame.width() + texts[1].frame.width() + 250, 5000) << "and the gap";
+    EXPECT_EQ(texts[1].frame.width(), 2000) << "names take two fifths at most";
+    EXPECT_TRUE(texts[0].lines[0].text.endsWith(u'…') && texts[1].lines[0].text.endsWith(u'…'));
+    EXPECT_EQ(texts[2].lines[0].text, u"1");
+}
+
 TEST(CrossTab, PushesWhatLiesBelow)
 {
     const Rows rows({u"A"_s, u"B"_s}, {{1, 1}, {2, 1}, {3, 1}, {4, 1}});
