@@ -170,6 +170,22 @@ TEST(LayoutFile, IsWrittenWholeOrNotAtAll)
     EXPECT_TRUE(missing.error.contains(u"none.rpt"));
 }
 
+/// Word processors and terminals give such characters along with what is copied from them.
+TEST(LayoutFile, CharactersThatItCantHoldCostNothingElse)
+{
+    Layout layout = *readLayout(wholeLayout).layout;
+    const auto put = [&layout](const QString &query, const QString &content) {
+        layout.query = query;
+        layout.formulas[0].expression = content;
+        layout.bands[0].objects[0].content = content;
+    };
+    put(u"select a\v-- b\x01z\uffff"_s, u"two\vlines\f\x1b, a\ttab, "_s + QChar(0xd800) + u'ü');
+    const LayoutReading reading = readLayout(writeLayout(layout));
+    ASSERT_TRUE(reading.layout) << reading.error.toStdString();
+    put(u"select a\n-- bz"_s, u"two\nlines\n, a\ttab, \ufffdü"_s);
+    EXPECT_EQ(reading.layout, layout);
+}
+
 /// The files of the versions in use come back as they are.
 TEST(LayoutFile, EveryVersionIsStillRead)
 {

@@ -10,6 +10,23 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// A text as the file can hold it. The breaks of lines and pages that word processors give along
+/// with what is copied from them become plain ones; other such characters show nothing and go.
+QString writable(const QString &text)
+{
+    QString written;
+    written.reserve(text.size());
+    // Half a letter comes back as the sign for what can't be read.
+    for (const char32_t letter : text.toUcs4()) {
+        if (letter == u'\v' || letter == u'\f')
+            written += u'\n';
+        else if (letter == u'\t' || letter == u'\n' || letter == u'\r' ||
+                 (letter >= u' ' && letter != 0xfffe && letter != 0xffff))
+            written += QChar::fromUcs4(letter);
+    }
+    return written;
+}
+
 /// Writes attributes that differ from those of a fresh value.
 class Writer
 {
@@ -38,20 +55,20 @@ public:
         for (const Parameter &parameter : layout.parameters)
             writeParameter(parameter);
         if (!layout.query.isEmpty())
-            m_xml.writeTextElement(u"query"_s, layout.query);
+            m_xml.writeTextElement(u"query"_s, writable(layout.query));
         for (const RowSet &set : layout.rowSets)
             writeRowSet(set);
         for (const Group &group : layout.groups)
             writeGroup(group);
         for (const QString &by : layout.sort) {
             m_xml.writeStartElement(u"sort"_s);
-            m_xml.writeAttribute(u"by"_s, by);
+            always(u"by", by);
             m_xml.writeEndElement();
         }
         for (const Formula &formula : layout.formulas) {
             m_xml.writeStartElement(u"formula"_s);
-            m_xml.writeAttribute(u"name"_s, formula.name);
-            m_xml.writeCharacters(formula.expression);
+            always(u"name", formula.name);
+            m_xml.writeCharacters(writable(formula.expression));
             m_xml.writeEndElement();
         }
         for (const Band &band : layout.bands)
@@ -61,10 +78,14 @@ public:
     }
 
 private:
+    void always(QStringView name, const QString &value)
+    {
+        m_xml.writeAttribute(name.toString(), writable(value));
+    }
     void text(QStringView name, const QString &value, const QString &usual)
     {
         if (value != usual)
-            m_xml.writeAttribute(name.toString(), value);
+            always(name, value);
     }
     void length(QStringView name, Length value, Length usual)
     {
@@ -91,7 +112,7 @@ private:
     void writeNamedStyle(const NamedStyle &style)
     {
         m_xml.writeStartElement(u"style"_s);
-        m_xml.writeAttribute(u"name"_s, style.name);
+        always(u"name", style.name);
         writeStyle(style.style, {});
         m_xml.writeEndElement();
     }
@@ -99,7 +120,7 @@ private:
     void writePicture(const StoredPicture &picture)
     {
         m_xml.writeStartElement(u"image"_s);
-        m_xml.writeAttribute(u"name"_s, picture.name);
+        always(u"name", picture.name);
         m_xml.writeCharacters(QString::fromLatin1(picture.data.toBase64()));
         m_xml.writeEndElement();
     }
@@ -120,7 +141,7 @@ private:
     void writeParameter(const Parameter &parameter)
     {
         m_xml.writeStartElement(u"parameter"_s);
-        m_xml.writeAttribute(u"name"_s, parameter.name);
+        always(u"name", parameter.name);
         text(u"type", words::textOf(words::ParameterTypes, parameter.type), u"text"_s);
         text(u"prompt", parameter.prompt, {});
         text(u"default", parameter.usual, {});
@@ -132,18 +153,18 @@ private:
     void writeRowSet(const RowSet &set)
     {
         m_xml.writeStartElement(u"rows"_s);
-        m_xml.writeAttribute(u"name"_s, set.name);
-        m_xml.writeAttribute(u"key"_s, set.key);
-        m_xml.writeAttribute(u"of"_s, set.of);
-        m_xml.writeCharacters(set.query);
+        always(u"name", set.name);
+        always(u"key", set.key);
+        always(u"of", set.of);
+        m_xml.writeCharacters(writable(set.query));
         m_xml.writeEndElement();
     }
 
     void writeGroup(const Group &group)
     {
         m_xml.writeStartElement(u"group"_s);
-        m_xml.writeAttribute(u"name"_s, group.name);
-        m_xml.writeAttribute(u"by"_s, group.by);
+        always(u"name", group.name);
+        always(u"by", group.by);
         flag(u"newPage", group.newPage);
         flag(u"keepTogether", group.keepTogether);
         flag(u"repeatHeader", group.repeatHeader);
@@ -190,7 +211,7 @@ private:
             writeCrossTab(object.crossTab);
         for (const ConditionalStyle &style : object.conditionalStyles) {
             m_xml.writeStartElement(u"when"_s);
-            m_xml.writeAttribute(u"condition"_s, style.when);
+            always(u"condition", style.when);
             color(u"color", style.color, {});
             color(u"fill", style.fill, {});
             flag(u"bold", style.bold);
@@ -206,7 +227,7 @@ private:
     {
         text(u"kind", words::textOf(words::ChartKinds, chart.kind), u"bars"_s);
         text(u"title", chart.title, {});
-        m_xml.writeAttribute(u"category"_s, chart.category);
+        always(u"category", chart.category);
         text(u"categoryFormat", chart.categoryFormat, {});
         text(u"categoryTitle", chart.categoryTitle, {});
         text(u"valueTitle", chart.valueTitle, {});
@@ -220,12 +241,12 @@ private:
     void writeCrossTab(const CrossTab &table)
     {
         text(u"title", table.title, {});
-        m_xml.writeAttribute(u"rows"_s, table.rows);
+        always(u"rows", table.rows);
         text(u"rowsFormat", table.rowsFormat, {});
         text(u"rowsTitle", table.rowsTitle, {});
-        m_xml.writeAttribute(u"columns"_s, table.columns);
+        always(u"columns", table.columns);
         text(u"columnsFormat", table.columnsFormat, {});
-        m_xml.writeAttribute(u"value"_s, table.value);
+        always(u"value", table.value);
         flag(u"totals", table.totals);
     }
 
@@ -233,7 +254,7 @@ private:
     {
         m_xml.writeStartElement(u"series"_s);
         text(u"name", series.name, {});
-        m_xml.writeAttribute(u"value"_s, series.value);
+        always(u"value", series.value);
         text(u"by", series.by, {});
         text(u"byFormat", series.byFormat, {});
         color(u"color", series.color, {});
