@@ -20,6 +20,22 @@ QString workstationGuid()
     return settings::registry().value(settings::ProductKey, u"GUID"_s);
 }
 
+void store(db::Connection &connection, const QVariantList &valueAndKey)
+{
+    const QString update = u"Update tblSysOption set itemValue = ? where SysOption = ?"_s;
+    if (connection.Execute(update, valueAndKey) > 0)
+        return;
+    try {
+        connection.Execute(u"Insert into tblSysOption(itemValue,SysOption) values(?,?)"_s,
+                           valueAndKey);
+    } catch (const db::DbError &error) {
+        // Another workstation was the first to store this option: the later value stays.
+        if (error.number() != db::ErrorNumber::DuplicateKey)
+            throw;
+        connection.Execute(update, valueAndKey);
+    }
+}
+
 } // namespace
 
 QString GetOption(const QString &Key, bool PerWorkstation)
@@ -53,15 +69,8 @@ void SetOption(const QString &Key, const QVariant &Value, bool PerWorkstation)
             settings::registry().setValue(settings::ProductKey, u"GUID"_s, guid);
         }
         const QVariantList valueAndKey{base::toText(Value), PerWorkstation ? guid + Key : Key};
-        const bool exists = !gcnLookup
-                                 ->Open(u"Select itemvalue From tblSysoption where Sysoption = ?"_s,
-                                        {valueAndKey[1]})
-                                 .isEmpty();
         try {
-            gcnLookup->Execute(exists
-                                   ? u"Update tblSysOption set itemValue = ? where SysOption = ?"_s
-                                   : u"Insert into tblSysOption(itemValue,SysOption) values(?,?)"_s,
-                               valueAndKey);
+            store(*gcnLookup, valueAndKey);
         } catch (const db::DbError &error) {
             // What a workstation remembers for itself is worth no message: the former value stays.
             if (!PerWorkstation || error.number() != db::ErrorNumber::LockConflict)

@@ -194,6 +194,15 @@ TEST_F(SharedProcedures, OptionsAreSharedOrOfTheWorkstation)
               1);
     SetOption(u"It's"_s, u"kept"_s, false);
     EXPECT_EQ(GetRecordCount(u"tblSysOption"_s, u"SysOption = 'It''s'"_s), 1);
+    // Another workstation is the first to store it.
+    const auto other = database.open();
+    gcnLookup->setObserver([&](const db::Sent &sent) {
+        if (sent.statement.startsWith(u"Insert into tblSysOption"))
+            other->Execute(u"Insert into tblSysOption(SysOption) values('New')"_s);
+    });
+    SetOption(u"New"_s, u"mine"_s, false);
+    gcnLookup->setObserver({});
+    EXPECT_EQ(GetOption(u"New"_s, false), u"mine"_s);
     // The read takes the key as it stands.
     EXPECT_EQ(GetOption(u"It's"_s, false), QString());
     EXPECT_EQ(errors.takeOne().ProcedureName, u"GetOption"_s);

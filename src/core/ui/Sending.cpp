@@ -62,16 +62,17 @@ void openMailProgram(const QString &pdf)
 void sendByAccount(const QString &pdf)
 {
     const mail::Account account = mailing::account();
-    const auto typed = base::prompts().input(u"Send to (several addresses parted by \";\"):"_s,
-                                             u"Send by mail"_s, QString());
-    if (!typed)
-        return;
-    const QString company = GetOption(u"GEN_COMPANY_NAME"_s, false).trimmed();
+    // Ahead of the question, so that nobody types addresses in vain.
     const QString sender = GetOption(u"GEN_COMPANY_EMAIL"_s, false).trimmed();
     if (sender.isEmpty() && account.sender.isEmpty())
         throw base::Error(base::ErrorNumber::InvalidCall,
                           u"The mail has no sender. Enter the address of your company under File, "
                           u"Setup first."_s);
+    const auto typed = base::prompts().input(u"Send to (several addresses parted by \";\"):"_s,
+                                             u"Send by mail"_s, QString());
+    if (!typed)
+        return;
+    const QString company = GetOption(u"GEN_COMPANY_NAME"_s, false).trimmed();
     const QString title = QFileInfo(pdf).completeBaseName();
     mailing::sendShown(
         u"Sending the report"_s, account,

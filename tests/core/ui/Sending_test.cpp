@@ -129,6 +129,11 @@ TEST_F(Sending, APrintedReportGoesByTheAccountOrBesideTheUsersMailProgram)
                            u"mailto:?subject=Work%20%26%20Order"_s}));
     const SmtpServer server({});
     test::setUpMail(server, Mailbox);
+    SetOption(u"GEN_COMPANY_EMAIL"_s, QString(), false);
+    prompts.say(u"The mail has no sender. Enter the address of your company under File, Setup "
+                "first."_s);
+    mailing::mailDocument(pdf);
+    SetOption(u"GEN_COMPANY_EMAIL"_s, u"shop@example.com"_s, false);
     prompts.expectInput(question, std::nullopt);
     mailing::mailDocument(pdf);
     prompts.expectInput(question, u"a@example.com,b@example.com"_s);
