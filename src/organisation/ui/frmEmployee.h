@@ -39,11 +39,14 @@ protected:
 private:
     void buildForm();
     void bindFields();
+    /// The two columns of the form: who somebody is, and what he does here.
     void addPerson(input::FormBuilder &form);
     void addWork(input::FormBuilder &form);
+    /// Fills the lists to choose from.
     void loadLists();
     /// Offers the states of the country on show.
     void loadStates();
+    /// Lets half a phone number or date keep the focus.
     void checkOnLeaving();
     /// Asks whether a changed labour cost reaches the services of the crew.
     bool isLabourCostCarriedOn(const clsEmployee &employee) const;

@@ -46,6 +46,7 @@ private:
     /// Arranges the form for the list whose name was chosen: who its parents are, what they are
     /// called, how long a name may be.
     void lstIndicatorP_Click();
+    /// Fills a list with the parents that the items may hang under.
     void loadParents(input::IdCombo &combo) const;
     /// Chooses the parent that the opening names, else that of the item to begin on.
     void presetParent();

@@ -29,6 +29,7 @@ protected:
 
 private:
     void buildForm();
+    /// Reads the sites again, and keeps the one that is chosen.
     void RefreshCombo();
     void cmdSite_Click();
 

@@ -26,6 +26,7 @@ protected:
     void DisplayData(const db::Row &row) override;
     void ClearData() override;
     void prepareNewRecord() override;
+    /// Shows the next free number, which is stored with the record.
     bool takeFreshKey() override;
     QString recordName() const override;
     bool VailidateFields() override;

@@ -12,6 +12,7 @@ class frmAbout : public Screen
 public:
     explicit frmAbout(QWidget *parent = nullptr);
 
+    /// Waits until it is closed.
     static void ShowAbout();
 
 private:

@@ -18,6 +18,7 @@ public:
 
 private:
     void buildForm();
+    /// Tells the first thing that is wrong and leads there, or stores and closes.
     void cmdSave_Click();
     void cmdExit_Click();
 

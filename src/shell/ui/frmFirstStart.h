@@ -21,7 +21,9 @@ public:
 
 private:
     void buildForm();
+    /// Greys the password when somebody has given one already.
     void closePasswordOnceGiven();
+    /// What the boxes hold; a phone number without digits is none.
     [[nodiscard]] shell::FirstSteps steps() const;
     /// Stores what was entered; False after telling what is missing or in the way.
     [[nodiscard]] bool store();

@@ -42,11 +42,15 @@ protected:
     bool event(QEvent *event) override;
 
 private:
+    /// Captions, colours, place and size, and what is grey.
     void MDIForm_Load();
+    /// Reads the board again, for who comes back to the window.
     void MDIForm_Activate();
+    /// Closes what belongs to the window, and stores its size.
     void MDIForm_QueryUnload();
     void MDIForm_Unload();
 
+    /// Joins what this window opens by itself to the list of what can be opened.
     void joinOwnEntries();
     void buildMenu();
     void buildSideBar();
@@ -55,6 +59,7 @@ private:
     void setCaptions();
     void ApplyMainFormColors();
     void ApplySideBarColors();
+    /// Does what a link stands for; raises what its screen raises.
     void runQuickLink(int index);
     void mnuCompactDB_Click();
     void mnuUpdateDatabase_Click();
@@ -69,6 +74,7 @@ private:
     /// Picture and label of one index are one control.
     std::array<input::QuickLink *, 8> &imgQuickMenu = lblQuickMenu;
 
+    /// The board is being read. Who leaves the window then has been shown a box by it.
     bool m_activating = false;
     bool m_skipActivation = false;
 };

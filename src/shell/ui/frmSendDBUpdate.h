@@ -25,6 +25,8 @@ private:
 
     void buildForm();
     void DisplayData();
+    /// Closes when the report was sent or could not be; stays when the address is wrong or the user
+    /// has cancelled.
     void cmdSend_Click();
     /// Sends; False after telling why it could not be sent. Raises base::Cancelled.
     [[nodiscard]] bool send();

@@ -30,20 +30,27 @@ public:
 
 private:
     void buildForm();
+    /// Reads the users again and shows this one, or the first where there is none of that name.
     void RefreshRecordSet(const QString &userToShow = {});
     void DisplayData();
+    /// What is to be stored: the password as typed, or the stored one when nobody has typed.
     [[nodiscard]] clsUser SetObjectValues() const;
     void ClearData();
     void EnableControls() override;
+    /// Fills the list of employees.
     void RefreshCombo();
     [[nodiscard]] bool VailidateFields();
     /// False, after a message, when nobody could log in with the text of the box.
     [[nodiscard]] bool mayLogInWith(QLineEdit *box);
+    /// Says in the empty box that there is a password, which is never shown.
     void showPasswordHint(const QString &stored);
+    /// Chooses an employee in the list, also one who is in the register no more.
     void showEmployee(const QString &employeeID);
     [[nodiscard]] std::optional<QVariant> saveRecord() override;
     [[nodiscard]] QString recordName() const override;
+    /// A user who is gone is not added again from here.
     [[nodiscard]] bool becomesNew() override;
+    /// Writes the employees' names into the grid, which has their numbers.
     void showEmployeeNames();
 
     void cmdAdd_Click();

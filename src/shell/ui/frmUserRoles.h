@@ -23,6 +23,7 @@ public:
 
 private:
     void buildForm();
+    /// Reads the rights as they are stored, and turns the screen back.
     void RefreshRecordSet();
     void DisplayData(const QSet<QString> &granted);
     void EnableControls() override;
