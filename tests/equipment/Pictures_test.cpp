@@ -36,6 +36,9 @@ TEST_F(Pictures, AreStoredAsTheFilesBytes)
     EXPECT_TRUE(pictures::names(1).isEmpty());
     EXPECT_EQ(pictures::names(2).RecordCount(), 1);
     EXPECT_TRUE(pictures::bytes(1, u"Joe's"_s).isEmpty());
+    run(u"drop table tblEquipmentImage"_s);
+    EXPECT_FALSE(pictures::DeleteImageRecord(2, u"Joe's"_s));
+    EXPECT_EQ(errors.takeOne().ProcedureName, u"DeleteImageRecord");
 }
 
 TEST_F(Pictures, RefusalsStoreNothing)

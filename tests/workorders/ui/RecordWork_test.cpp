@@ -48,7 +48,7 @@ TEST_F(RecordWork, ATickCompletesTheOrderWithItsServices)
     EXPECT_EQ(column("grdRecordService", u"Completed"_s), (QStringList{u"True"_s, u"True"_s}));
     EXPECT_EQ(column("grdRecordPart", u"Used"_s), QStringList{u"True"_s});
     EXPECT_TRUE(driver().isEnabled("cmdSkipAll"));
-    key("grdRecordWo", Qt::Key_Space);
+    key("grdRecordWo", Qt::Key_Return);
     EXPECT_EQ(completion(), u"0 False "_s);
     EXPECT_EQ(column("grdRecordService", u"Completed"_s), (QStringList{u"False"_s, u"False"_s}));
     key("grdRecordWo", Qt::Key_T);
@@ -202,8 +202,11 @@ TEST_F(RecordWork, PostingAsksForTheDateAndPrintsWhenWanted)
     press("cmdPost");
     EXPECT_EQ(everything(), before);
 
+    prompts.say(u"Please enter valid date."_s);
     test::onNextModal([](QWidget &dates) {
         const test::ScreenDriver driver(dates);
+        driver.type("dtpCompledDate", QString());
+        driver.press("cmdOK");
         driver.type("dtpCompledDate", u"03102024"_s);
         driver.press("cmdOK");
     });
