@@ -1,7 +1,6 @@
 #include "core/CompanySession.h"
 #include "core/ui/EveryField.h"
-#include "core/ui/Openings.h"
-#include "core/ui/ScreenCalls.h"
+#include "core/ui/Joints.h"
 #include "equipment/clsEquipment.h"
 #include "equipment/ui/Entries.h"
 #include "equipment/ui/EquipmentTabs.h"
@@ -26,13 +25,6 @@ const QString SaveFirst = u"Record must be saved. Do you want to save it."_s;
 struct EquipmentScreen : test::CompanySession
 {
     EquipmentScreen() { gRights.EqAdd = gRights.EqMod = gRights.EqDel = true; }
-    ~EquipmentScreen() override
-    {
-        gRights = {};
-        screenCalls() = {};
-        openings() = {};
-    }
-
     static qint64 addItem(qint64 parent, const QString &name)
     {
         return insert(u"tblIndicator"_s, u"ParentID, ItemName, Show, FSize"_s, {parent, name, 1, 0},
@@ -95,6 +87,7 @@ struct EquipmentScreen : test::CompanySession
     }
 
     test::ScriptedPrompts prompts;
+    test::Joints joints;
 };
 
 } // namespace

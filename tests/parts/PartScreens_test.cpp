@@ -1,4 +1,5 @@
 #include "core/ui/EveryField.h"
+#include "core/ui/Joints.h"
 #include "organisation/MasterSession.h"
 #include "parts/PartSelection.h"
 #include "parts/clsPart.h"
@@ -20,12 +21,6 @@ struct PartScreens : test::MasterSession
         gRights.PaAdd = gRights.PaMod = gRights.PaDel = true;
         gcnData->Execute(u"Insert into tblSupplier(SupplierID,Name) values(7,'Tool Barn')"_s);
     }
-    ~PartScreens() override
-    {
-        gRights = {};
-        screenCalls() = {};
-    }
-
     static void addPart(const QString &number, const QString &description, double quantity = 5,
                         double minimum = 2)
     {
@@ -46,6 +41,7 @@ struct PartScreens : test::MasterSession
         return value(u"Select Quantity from tblPart where PartID = '%1'"_s.arg(number));
     }
 
+    test::Joints joints;
     QString selection; ///< what the selector leaves out, then what was chosen in it
 };
 

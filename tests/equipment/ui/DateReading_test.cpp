@@ -1,6 +1,6 @@
 #include "equipment/ui/DateReading.h"
 
-#include "core/ui/Openings.h"
+#include "core/ui/Joints.h"
 #include "equipment/ui/PageTest.h"
 #include "equipment/ui/frmInspectionDateReading.h"
 #include "equipment/ui/frmLicenseDateReading.h"
@@ -19,13 +19,6 @@ struct DateReadings : test::PageTest
         addDated(2, {2023, 6, 1});
         addDated(3, {2023, 3, 14});
     }
-    ~DateReadings() override
-    {
-        screen.reset();
-        openings() = {};
-        gRights = {};
-    }
-
     static void addDated(qint64 id, QDate date)
     {
         addMachine(id, u"U%1"_s.arg(id));
@@ -69,6 +62,7 @@ struct DateReadings : test::PageTest
         EXPECT_EQ(screen->isCloseEnabled(), !editing);
     }
 
+    test::Joints joints;
     std::unique_ptr<DateReading> screen;
 };
 

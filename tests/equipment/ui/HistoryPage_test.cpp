@@ -1,6 +1,6 @@
 #include "equipment/ui/HistoryPage.h"
 
-#include "core/ui/ScreenCalls.h"
+#include "core/ui/Joints.h"
 #include "equipment/ui/PageTest.h"
 #include "equipment/ui/frmEquipment.h"
 
@@ -18,7 +18,6 @@ struct HistoryPages : test::PageTest
         addPartHistory(11, u"F-1"_s, 2, 3.25);
         SetOption(u"EqDateFrom"_s, u"01/01/2024"_s, true);
     }
-    ~HistoryPages() override { screenCalls() = {}; }
 
     void show()
     {
@@ -42,6 +41,8 @@ struct HistoryPages : test::PageTest
             u"Select %1 from tblWOServiceUsedHistory where ServiceUsedID = ?"_s.arg(column),
             {service});
     }
+
+    test::Joints joints;
 };
 
 } // namespace

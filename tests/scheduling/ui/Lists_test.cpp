@@ -18,7 +18,6 @@ struct frmServicesManagerTest : test::ScreenFleet
         for (const int id : {50, 51, 52})
             catalogue(id, {{u"Name"_s, u"Service %1"_s.arg(id)}, {u"JobNo"_s, id - 40}});
     }
-    ~frmServicesManagerTest() override { screenCalls().ShowQuickFind = nullptr; }
 
     static Services show(const frmServicesManager::Request &request)
     {

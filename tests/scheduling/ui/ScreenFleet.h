@@ -1,7 +1,7 @@
 #pragma once
 
+#include "core/ui/Joints.h"
 #include "core/ui/Screen.h"
-#include "core/ui/ScreenCalls.h"
 #include "core/ui/ScreenDriver.h"
 #include "scheduling/Fleet.h"
 
@@ -47,6 +47,8 @@ struct ScreenFleet : Fleet
                                                     {QStringLiteral("EquipmentID"), 1},
                                                     {QStringLiteral("Period"), period}});
     }
+
+    Joints joints;
 };
 
 } // namespace test

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "core/ui/Openings.h"
-#include "core/ui/ScreenCalls.h"
+#include "core/ui/Joints.h"
 #include "core/ui/ScreenDriver.h"
 #include "platform/grid/GridView.h"
 #include "workorders/Workshop.h"
@@ -14,14 +13,6 @@ namespace test {
 /// The work-order screen of a workshop, worked by clicks, keys and edits of cells.
 struct WorkScreen : Workshop
 {
-    WorkScreen() { screenCalls() = {}; }
-    ~WorkScreen() override
-    {
-        screen.reset();
-        screenCalls() = {};
-        openings() = {};
-    }
-
     void openPrinting(const QString &unitNo = {})
     {
         open([&] { screen->ShowPrintWorkorder(unitNo); });
@@ -66,6 +57,7 @@ struct WorkScreen : Workshop
     }
 
     ScriptedPrompts prompts;
+    Joints joints;
     std::unique_ptr<frmWorkorder> screen;
 
 private:

@@ -9,19 +9,6 @@ namespace {
 
 struct OverDueWork : test::Workshop
 {
-    OverDueWork()
-    {
-        screenCalls() = {};
-        gRights = {};
-    }
-    ~OverDueWork() override
-    {
-        board.reset();
-        openings() = {};
-        screenCalls() = {};
-        gRights = {};
-    }
-
     void open()
     {
         board = std::make_unique<frmOverDueWork>();
@@ -54,6 +41,7 @@ struct OverDueWork : test::Workshop
         QTest::keyClick(&grid(name), Qt::Key_Return);
     }
 
+    test::Joints joints;
     std::unique_ptr<frmOverDueWork> board;
 };
 
