@@ -79,6 +79,7 @@ TEST_F(RecordWork, SkippingNeedsAReasonAndReopensTheOrderAlone)
     prompts.expectInput(SkipReason, u"No filter"_s);
     EXPECT_TRUE(edit("grdRecordService", 0, u"Skip"_s, true));
     EXPECT_EQ(completion(), u"0 False "_s);
+    EXPECT_FALSE(driver().isEnabled("cmdSkipAll"));
     EXPECT_EQ(column("grdRecordService", u"Completed"_s), (QStringList{u"False"_s, u"True"_s}));
     EXPECT_EQ(column("grdRecordPart", u"Used"_s), QStringList{u"False"_s});
     EXPECT_EQ(driver().text("txtRecordNote"), u"No filter"_s);

@@ -81,6 +81,7 @@ TEST_F(OverDueWork, ListsWhatFellDueWithinThirtyDaysAndWhatStandsOpen)
                             due);
     const grid::GridModel &cells = grid().rows();
     EXPECT_EQ(cells.text(0, u"Count"), u"2"_s);
+    EXPECT_FALSE(cells.style(cells.findRow(u"Unit No", u"U20 - Mower U20"_s), 0).bold);
     const int oldest = cells.findRow(u"Unit No", u"U12 - Mower U12"_s);
     EXPECT_EQ(cells.text(oldest, u"Due Since"), u"02/15/2024"_s);
     EXPECT_EQ(cells.text(oldest, u"Count"), u"2"_s);
