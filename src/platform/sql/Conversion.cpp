@@ -269,8 +269,7 @@ QVariant slotValue(const QVariant &value, const Slot &slot)
             bound = bound.toString().left(slot.length);
         return bound;
     }
-    // Negated before it is converted: minus of a text is that of the number which it spells, and
-    // minus 1 stored as Yes/No is still yes.
+    // Negated before it is converted: minus 1 is "-1" as a text, and as Yes/No still yes.
     const QVariant number = numberOf(value);
     if (number.typeId() == QMetaType::LongLong)
         return converted(-number.toLongLong(), slot.kind);

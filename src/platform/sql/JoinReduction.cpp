@@ -70,6 +70,7 @@ void collectNeeded(const Expression &condition, Sources &needed)
         for (const ExpressionPointer &term : condition.operands)
             collectNeeded(*term, needed);
         return;
+    // None of these holds where an operand is Null.
     case Kind::Compare:
     case Kind::Like:
     case Kind::InQuery:
@@ -125,6 +126,7 @@ void reduce(JoinChain &chain, Sources needed)
             if (member->kind == JoinKind::Left && contains(*member, needed))
                 member->kind = JoinKind::Inner;
             if (member->kind == JoinKind::Right) {
+                // All that stands before it is the side that may be missing.
                 for (auto left = std::next(member); left != chain.rend(); ++left) {
                     if (contains(*left, needed))
                         member->kind = JoinKind::Inner;
@@ -156,6 +158,7 @@ void reduceInside(Expression &expression)
         reduce(*expression.query);
 }
 
+/// Each query inside a table or a condition has a WHERE and joins of its own.
 void reduceSources(JoinChain &chain)
 {
     for (Join &member : chain) {
@@ -182,6 +185,7 @@ void reduce(Query &query)
             if (item.value)
                 reduceInside(*item.value);
         }
+        // HAVING looks at groups, in which a missing row may well take part: it needs no table.
         if (select.having)
             reduceInside(*select.having);
     }

@@ -170,6 +170,8 @@ void raiseSyntaxError(const QString &what, QStringView statement, qsizetype posi
                       u"Syntax error in the statement, "_s + place + u": "_s + what);
 }
 
+/// A zero character behind the end, which begins no token and continues none, so that nobody has
+/// to ask for the end.
 char16_t Lexer::peek(qsizetype ahead) const
 {
     const qsizetype at = m_position + ahead;
@@ -227,6 +229,7 @@ Token Lexer::scan()
     case u'[':
         return scanBracket();
     case u']':
+        // A name takes its own "]" with it; one that stands alone closes a derived table.
         if (m_queryDepth == 0)
             break;
         --m_queryDepth;
@@ -292,7 +295,7 @@ Token Lexer::scanNumber()
                 ++length;
         }
     }
-    // 18 digits always fit 64 bits.
+    // 18 digits always fit 64 bits; a longer number is one with less precision, no error.
     return symbol(whole && length <= 18 ? TokenKind::Integer : TokenKind::Real, length);
 }
 
@@ -332,6 +335,7 @@ bool Lexer::opensQuery() const
     if (!ahead.startsWith(select, Qt::CaseInsensitive) || ahead.size() <= select.size() ||
         !ahead[select.size()].isSpace())
         return false;
+    // Where a table is due, it is a query even without a FROM of its own.
     if (m_previousKeyword == Keyword::From || m_previousKeyword == Keyword::Join)
         return true;
     ahead = ahead.first(std::min(ahead.size(), longestName));
@@ -351,6 +355,7 @@ Token Lexer::scanBracket()
         raiseSyntaxError(u"the name that begins here has no \"]\"."_s, m_statement, begin);
     Token token = symbol(TokenKind::Name, close + 1 - begin);
     token.text = m_statement.sliced(begin + 1, close - begin - 1).trimmed();
+    // Of blanks alone nothing is left.
     if (token.text.isEmpty())
         raiseSyntaxError(u"a name between brackets is empty."_s, m_statement, begin);
     return token;
@@ -383,6 +388,8 @@ QVariant literalValue(const Token &token, QStringView statement)
     }
     default: {
         QString text = token.text.toString();
+        // The token has the text without its quotes; which of the two they were tells the
+        // statement.
         const QChar quote = statement[token.begin];
         // Most texts hold none, and are not copied for it.
         if (text.contains(quote))

@@ -80,6 +80,7 @@ Statement Parser::parseStatement()
         statement.definition = parseDrop();
         break;
     default:
+        // The first select of a union may stand in parentheses.
         if (at(TokenKind::LeftParenthesis)) {
             statement.query = parseQuery();
             break;
@@ -104,6 +105,7 @@ const Token &Parser::peek(int ahead) const
 const Token &Parser::take()
 {
     const Token &token = peek();
+    // The end is never passed, so that it can be met and told about any number of times.
     if (m_position + 1 < m_tokens.size())
         ++m_position;
     return token;

@@ -26,7 +26,8 @@ struct TypeEntry
     QStringView engineType; ///< empty for text
 };
 
-// A memo stands beside its row, which stays short however long the text is.
+// Sorted by name, for parseType. A memo stands beside its row, which stays short however long the
+// text is.
 constexpr std::array types = {
     TypeEntry{u"autoincrement", ColumnKind::Integer, TypeShape::Counter, u"INTEGER"},
     TypeEntry{u"binary", ColumnKind::Binary, TypeShape::Plain, u"BLOB SUB_TYPE BINARY"},
@@ -151,6 +152,7 @@ std::unique_ptr<Change> Parser::parseDelete()
     if (accept(TokenKind::Star)) {
         // The star says nothing: rows go whole.
     } else if (atName() && peek(1).kind == TokenKind::Dot && peek(2).kind == TokenKind::Star) {
+        // FROM names the one table that can be meant.
         take();
         take();
         take();
@@ -381,6 +383,7 @@ TypeName Parser::parseType()
     type.kind = found->kind;
     type.engineType = found->engineType.toString();
     type.autoNumber = found->shape == TypeShape::Counter;
+    // The standard's second word for the same type.
     if (word == u"double")
         acceptWord(u"precision");
     const bool bracketed = accept(TokenKind::LeftParenthesis);

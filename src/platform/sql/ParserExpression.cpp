@@ -79,6 +79,8 @@ ExpressionPointer Parser::parseExpression()
     return parseOr();
 }
 
+/// However many conditions OR joins, they are one node, as those of AND are: filters make lists of
+/// hundreds, and a tree of pairs would be as deep.
 ExpressionPointer Parser::parseOr()
 {
     ExpressionPointer first = parseAnd();
@@ -140,6 +142,7 @@ ExpressionPointer Parser::parsePredicate()
             return test;
         } else if (at(Keyword::Not) || at(Keyword::Between) || at(Keyword::In) ||
                    at(Keyword::Like)) {
+            // Such a test ends the row: nothing compares with its outcome but in parentheses.
             return parseNegatablePredicate(std::move(value));
         } else {
             return value;
@@ -221,6 +224,7 @@ ExpressionPointer Parser::parseUnary()
     const bool number = value->kind == Kind::Literal && (value->token.kind == TokenKind::Integer ||
                                                          value->token.kind == TokenKind::Real);
     if (number) {
+        // Turned and not set: in "-(-2)" the inner literal has its sign already.
         value->negated = !value->negated;
         return value;
     }
@@ -302,6 +306,7 @@ ExpressionPointer Parser::parseParenthesis()
 ExpressionPointer Parser::parseWord()
 {
     const Token &token = peek();
+    // Before a point even NULL, YES and the like are names of tables.
     const bool qualifies = peek(1).kind == TokenKind::Dot;
     if (token.keyword == Keyword::Null && !qualifies)
         return makeExpression(Kind::Null, take().begin);

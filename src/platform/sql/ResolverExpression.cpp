@@ -143,6 +143,7 @@ void Resolver::resolveExpression(Expression &expression, const Scope &scope)
     case Kind::Name:
         resolveName(expression, scope);
         return;
+    // The values of an INSERT stand in no select.
     case Kind::CountRows:
         if (scope.select)
             scope.select->aggregates = true;
@@ -161,6 +162,7 @@ void Resolver::resolveExpression(Expression &expression, const Scope &scope)
         return;
     case Kind::Arithmetic:
         resolveOperands(expression, scope);
+        // The outcome of the last step is that of the whole chain.
         expression.type = chainTypes(expression).back();
         return;
     case Kind::Scalar:
@@ -168,6 +170,7 @@ void Resolver::resolveExpression(Expression &expression, const Scope &scope)
     case Kind::InQuery:
         resolveInQuery(expression, scope);
         return;
+    // What is left are the conditions.
     default:
         resolveOperands(expression, scope);
         expression.type = ColumnKind::YesNo;
@@ -179,6 +182,7 @@ void Resolver::resolveInQuery(Expression &expression, const Scope &scope)
     resolveOperands(expression, scope);
     resolveQuery(*expression.query, &scope, false);
     expression.type = ColumnKind::YesNo;
+    // EXISTS asks for rows alone, whatever columns they have.
     if (expression.kind == Kind::Exists)
         return;
     const std::vector<OutputColumn> &output = expression.query->selects.front().output;

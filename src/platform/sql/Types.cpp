@@ -51,6 +51,7 @@ ColumnKind sumType(ColumnKind left, ColumnKind right)
 
 ColumnKind arithmeticType(Operator operation, ColumnKind left, ColumnKind right)
 {
+    // Both sides are written as texts before they are joined, whatever they are.
     if (operation == Operator::Concatenate)
         return ColumnKind::Text;
     if (left == ColumnKind::Binary || right == ColumnKind::Binary)

@@ -123,6 +123,7 @@ void Writer::writeNumberSections(const Expression &value, const QString &picture
     m_text += u" END"_s;
 }
 
+/// As an exact number, whose text has all the decimals of the picture.
 void Writer::writeRounded(const Expression &value, const NumberPicture &picture)
 {
     m_text += u"CAST("_s;
@@ -132,6 +133,7 @@ void Writer::writeRounded(const Expression &value, const NumberPicture &picture)
 
 void Writer::writeNumberSection(const Expression &value, const NumberPicture &picture, bool signs)
 {
+    // Words alone, such as "none" for zero.
     if (!picture.digits) {
         writeQuoted(picture.before);
         return;
@@ -213,12 +215,14 @@ void Writer::writeWhole(const Expression &value, const NumberPicture &picture)
     }
     if (picture.wholeDigits == 1)
         return text();
+    // "#.00" shows no zero before the point.
     if (picture.wholeDigits == 0) {
         m_text += u"TRIM(LEADING '0' FROM "_s;
         text();
         m_text += u')';
         return;
     }
+    // Filled up with zeros, but never cut to the picture's digits.
     const QString digits = QString::number(picture.wholeDigits);
     m_text += u"IIF(CHAR_LENGTH("_s;
     text();
