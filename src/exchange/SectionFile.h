@@ -35,9 +35,11 @@ public:
     /// sections.
     explicit SectionFile(const QByteArray &content);
 
+    /// What is wrong with the file; nothing when it could be read.
     [[nodiscard]] const std::optional<XmlFault> &fault() const { return m_fault; }
     /// In the order of the file; none when it has a fault.
     [[nodiscard]] const QList<Section> &sections() const { return m_sections; }
+    /// True when the file has such a section, whatever stands in it.
     [[nodiscard]] bool has(QStringView section) const;
 
 private:

@@ -12,6 +12,7 @@ class Error : public std::exception
 public:
     Error(int number, QString description);
 
+    /// The number by which the error log knows it, and the sentence for the user.
     [[nodiscard]] int number() const noexcept { return m_number; }
     [[nodiscard]] const QString &description() const noexcept { return m_description; }
     /// The description in UTF-8, for logs and test output.

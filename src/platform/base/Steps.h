@@ -14,11 +14,13 @@ struct Steps
     std::function<void(const QString &)> tell;
     std::function<bool()> cancelled;
 
+    /// Tells the user what is done now, where somebody listens.
     void say(const QString &text) const
     {
         if (tell)
             tell(text);
     }
+    /// True once the user has had enough; asked at each place where a step can end well.
     [[nodiscard]] bool areCancelled() const { return cancelled && cancelled(); }
 };
 

@@ -426,8 +426,6 @@ Connection::Connection(const Target &target)
 {}
 
 Connection::~Connection() = default;
-Connection::Connection(Connection &&) noexcept = default;
-Connection &Connection::operator=(Connection &&) noexcept = default;
 
 Recordset Connection::Open(const QString &statement, const QVariantList &parameters)
 {

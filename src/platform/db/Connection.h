@@ -46,8 +46,8 @@ public:
     explicit Connection(const Target &target);
     /// Rolls back what is open and detaches.
     ~Connection();
-    Connection(Connection &&) noexcept;
-    Connection &operator=(Connection &&) noexcept;
+    Connection(const Connection &) = delete;
+    Connection &operator=(const Connection &) = delete;
 
     /// Runs a query and fetches all its rows.
     [[nodiscard]] Recordset Open(const QString &statement, const QVariantList &parameters = {});

@@ -59,6 +59,7 @@ public:
     }
     /// For calls that use up the count themselves, such as commit or close.
     T *take() { return std::exchange(m_object, nullptr); }
+    /// Without passing the count on; null when it holds nothing.
     [[nodiscard]] T *get() const { return m_object; }
     T *operator->() const { return m_object; }
     explicit operator bool() const { return m_object != nullptr; }

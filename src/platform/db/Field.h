@@ -19,6 +19,7 @@ struct Field
     unsigned offset = 0;
     unsigned nullOffset = 0;
 
+    /// What the engine's type holds: characters, a whole number with a scale, a binary number.
     [[nodiscard]] bool isText() const { return type == SQL_VARYING || type == SQL_TEXT; }
     [[nodiscard]] bool isExact() const
     {

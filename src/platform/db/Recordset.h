@@ -24,6 +24,7 @@ public:
     /// dates as QDateTime (wall clock), Yes/No as qint64 -1 or 0, pictures as QByteArray.
     [[nodiscard]] QVariant operator[](QStringView name) const;
     [[nodiscard]] QVariant operator[](int column) const;
+    /// True for Null; an empty text is none.
     [[nodiscard]] bool isNull(QStringView name) const;
     /// The value as text, empty for Null.
     [[nodiscard]] QString text(QStringView name) const;
@@ -61,6 +62,8 @@ public:
     [[nodiscard]] int RecordCount() const;
     [[nodiscard]] bool isEmpty() const { return RecordCount() == 0; }
 
+    /// The columns in the order of the statement, counted from 0; a number beyond them raises
+    /// NoSuchItem.
     [[nodiscard]] int columnCount() const;
     [[nodiscard]] QString columnName(int column) const;
     /// The first column of that name in any case, -1 when there is none.
@@ -85,6 +88,8 @@ public:
     void MoveNext();
     void MovePrevious();
     void MoveTo(int row) { m_position = row; }
+    /// Where the cursor stands, counted from 0; IsEOF behind the last row, IsBOF before the first.
+    /// Both are true without rows.
     [[nodiscard]] int Position() const { return m_position; }
     [[nodiscard]] bool IsEOF() const { return m_position >= RecordCount(); }
     [[nodiscard]] bool IsBOF() const { return m_position < 0 || RecordCount() == 0; }

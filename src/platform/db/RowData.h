@@ -32,6 +32,7 @@ public:
         Storage storage = Storage::Integer;
     };
 
+    /// Columns in the order of the result; of equal names the first one is found.
     explicit RowLayout(std::vector<Column> columns);
 
     [[nodiscard]] const std::vector<Column> &columns() const { return m_columns; }

@@ -19,6 +19,7 @@ public:
     Statement(const Statement &) = delete;
     Statement &operator=(const Statement &) = delete;
 
+    /// True for a query: then fetch gives its rows, else execute runs it.
     [[nodiscard]] bool hasRows() const { return m_hasRows; }
     [[nodiscard]] std::size_t parameterCount() const { return m_input.count(); }
     /// Gives a result column the name that the engine could not carry.

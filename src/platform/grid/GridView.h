@@ -22,6 +22,7 @@ public:
     explicit GridView(QWidget *parent = nullptr);
     ~GridView() override;
 
+    /// The rows and columns that are shown.
     [[nodiscard]] GridModel &rows() { return *m_rows; }
     [[nodiscard]] const GridModel &rows() const { return *m_rows; }
 

@@ -20,6 +20,8 @@ class HelpWindow : public QWidget
 
 public:
     HelpWindow(const HelpBook &book, QWidget *parent);
+    /// Shows a page, or its paragraph behind a "#"; the first page for a topic that there is none
+    /// of.
     void openTopic(const QString &topic);
 
 protected:

@@ -14,6 +14,7 @@ class CurrencyInput : public QLineEdit
 public:
     explicit CurrencyInput(QWidget *parent = nullptr);
 
+    /// The amount as it stands in the box, 0 for an empty one.
     [[nodiscard]] double value() const;
     /// Shows an amount with two decimals.
     void setValue(double value);

@@ -24,6 +24,7 @@ public:
     void setDate(QDate date);
     /// The same for the day of a date-time; the zero date empties the box.
     void setDate(const QDateTime &dateTime) { setDate(dateTime.date()); }
+    /// Empty: no digit stands in any place.
     [[nodiscard]] bool isEmpty() const { return isEmptyMask(); }
     [[nodiscard]] bool isValidOrEmpty() const { return isEmptyMask() || date().isValid(); }
 

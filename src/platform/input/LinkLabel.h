@@ -19,6 +19,7 @@ public:
     void setColors(const QColor &normal, const QColor &highlighted);
 
 Q_SIGNALS:
+    /// By a click, Enter, Space or an assistive tool.
     void clicked();
 
 protected:

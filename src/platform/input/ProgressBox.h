@@ -38,6 +38,7 @@ public:
     /// wasCancelled() and decides.
     void offerCancel(const QString &caption = QStringLiteral("Cancel"));
     [[nodiscard]] bool wasCancelled() const { return m_cancelled; }
+    /// False for a step that ended before the box was worth showing.
     [[nodiscard]] bool isShown() const { return m_window != nullptr; }
 
 private:

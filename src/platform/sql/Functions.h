@@ -69,6 +69,7 @@ struct Function
     int most;
     ColumnKind type; ///< of what comes back; Unknown when it follows from the arguments
 
+    /// True for a function over the rows of a group.
     [[nodiscard]] bool isAggregate() const
     {
         return id == FunctionId::Avg || id == FunctionId::Count || id == FunctionId::Max ||

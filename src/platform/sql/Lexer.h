@@ -109,6 +109,7 @@ struct Token
     qsizetype end = 0;
     int number = -1; ///< which literal or which parameter of the statement it is
 
+    /// True for what is lifted out of a statement: texts, numbers and dates.
     [[nodiscard]] bool isLiteral() const
     {
         return kind >= TokenKind::Text && kind <= TokenKind::Date;

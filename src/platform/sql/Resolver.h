@@ -58,6 +58,7 @@ private:
     /// The number, from 1, of the output column that an item means; 0 when it is an expression.
     [[nodiscard]] int orderedOutput(const OrderItem &item, const Query &query, const Scope &scope);
 
+    /// Types of an expression and all below it, and the columns of its names.
     void resolveExpression(Expression &expression, const Scope &scope);
     void resolveOperands(Expression &expression, const Scope &scope);
     void resolveName(Expression &name, const Scope &scope);

@@ -80,6 +80,7 @@ struct Expression
     int column = -1;                ///< of a name: which one of the source's
     bool qualified = false;         ///< of a name: has to be written with its table
 
+    /// True for what is true or false, so that the engine wants no value in its place.
     [[nodiscard]] bool isCondition() const { return kind >= Kind::Not; }
     /// A value without a type of its own, or one that adapts to what it meets.
     [[nodiscard]] bool isValue() const
@@ -111,6 +112,7 @@ struct Source
     QString written;      ///< how the engine's statement calls it, quoted; empty: it has no name
     bool renamed = false; ///< the engine's statement has to say so
 
+    /// How the statement's own names refer to the table; empty for a derived one without a name.
     [[nodiscard]] QStringView name() const { return alias.isEmpty() ? tableName : alias; }
     [[nodiscard]] int columnCount() const;
     /// The column's number, -1 when there is none of that name.

@@ -39,6 +39,7 @@ public:
     void over(CURL *transfer);
     /// Something has come in.
     void moved() { m_quiet.restart(); }
+    /// True when nothing has moved for longer than the limit, for which the transfer was ended.
     [[nodiscard]] bool isStalled() const { return m_stalled; }
 
 private:
