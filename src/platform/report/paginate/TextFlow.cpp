@@ -42,6 +42,9 @@ public:
     explicit Measured(const Font &font)
         : made(makeFont(font))
         , metrics(made)
+        , ascent(metrics.ascent())
+        , descent(metrics.descent())
+        , height(metrics.height())
     {
         widths.fill(-1);
     }
@@ -63,6 +66,10 @@ public:
 
     const QFont made;
     const QFontMetricsF metrics;
+    // Kept, since the metrics look for the font's face each time.
+    const qreal ascent;
+    const qreal descent;
+    const qreal height;
 
 private:
     static QFont makeFont(const Font &font)
@@ -146,23 +153,23 @@ QList<TextLine> flowText(const QString &text, const Style &style, Length width, 
 {
     const Measured &font = measured(style.font);
     const qreal inner = qMax(1, width - 2 * style.padding);
-    const qreal ascent = font.metrics.ascent();
-    const qreal spacing = font.metrics.height();
     QList<TextLine> lines;
     qreal top = style.padding;
     const auto place = [&](const QString &line) {
         const auto lineWidth = static_cast<Length>(std::lround(font.width(line)));
         lines.append({line, alignedStart(style, width, lineWidth),
-                      static_cast<Length>(std::lround(top + ascent)), lineWidth});
+                      static_cast<Length>(std::lround(top + font.ascent)), lineWidth});
         // Added up unrounded; each baseline is rounded by itself.
-        top += spacing;
+        top += font.height;
     };
     const auto isFull = [&] { return lines.size() >= mostLines || top > LongestFlow; };
     QString clean = text.left(MostCharacters);
     bool isLeftOut = clean.size() < text.size();
     clean.remove(u'\r');
     clean.replace(u'\t', QStringLiteral("    "));
-    for (const QString &paragraph : clean.split(u'\n')) {
+    const QStringList paragraphs =
+        clean.contains(u'\n') ? clean.split(u'\n') : QStringList{clean}; // most are a single line
+    for (const QString &paragraph : paragraphs) {
         if (isFull()) {
             isLeftOut = true;
             break;
@@ -227,19 +234,18 @@ QString elidedText(const QString &text, const Font &font, Length width)
 
 Length lineTop(const TextLine &line, const Style &style)
 {
-    return line.baseline - static_cast<Length>(std::lround(measured(style.font).metrics.ascent()));
+    return line.baseline - static_cast<Length>(std::lround(measured(style.font).ascent));
 }
 
 Length lineBottom(const TextLine &line, const Style &style)
 {
-    return line.baseline + static_cast<Length>(std::lround(measured(style.font).metrics.descent()));
+    return line.baseline + static_cast<Length>(std::lround(measured(style.font).descent));
 }
 
 Length flowHeight(const QList<TextLine> &lines, const Style &style)
 {
-    const qreal spacing = measured(style.font).metrics.height();
-    return static_cast<Length>(std::ceil(static_cast<qreal>(lines.size()) * spacing)) +
-           2 * style.padding;
+    const qreal height = static_cast<qreal>(lines.size()) * measured(style.font).height;
+    return static_cast<Length>(std::ceil(height)) + 2 * style.padding;
 }
 
 } // namespace report
