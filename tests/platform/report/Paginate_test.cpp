@@ -289,6 +289,27 @@ TEST(Paginate, TextGrowsPushesAndStretchesWhereItMay)
         << "once, not for each row";
 }
 
+TEST(Paginate, AsManyPagesAreCountedAsCome)
+{
+    for (const char *bands :
+         {R"x(<band kind="detail" height="5mm"><field width="20mm" height="4mm" canGrow="yes"
+             content="if(N mod 3 = 0, 'one two three four', 'one')"/></band>)x",
+          R"(<band kind="detail" height="5mm"><field width="20mm" height="4mm" canGrow="yes"
+             content="'one two three four'" visibleIf="N mod 2 = 0" hideRepeated="yes"/></band>)",
+          R"(<band kind="detail" height="5mm"><field y="3mm" height="4mm" content="N"/></band>)",
+          R"(<band kind="reportFooter" height="10mm"><crossTab width="60mm" height="10mm" rows="N"
+             columns="1" value="N"/></band>)"}) {
+        const QList<Page> pages =
+            allPages(smallLayout(QByteArray(bands) + R"(<band kind="pageFooter" height="5mm">
+                         <text content="{PageNumber} of {TotalPages}"/></band>)"),
+                     numbers(20), {});
+        EXPECT_GT(pages.size(), 1) << bands;
+        EXPECT_THAT(wordsOf(pages.last()).toStdString(),
+                    testing::EndsWith(u"%1 of %1"_s.arg(pages.size()).toStdString()))
+            << bands;
+    }
+}
+
 TEST(Paginate, WhatGoesBeyondThePaperIsTold)
 {
     // A sheet of 215.9 mm with a margin of 10.
