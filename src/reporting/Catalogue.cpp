@@ -25,6 +25,7 @@ const Report &reportOf(const QString &layout)
 
 QString statement(const Report &report, const QString &filter)
 {
+    // What follows a filter goes on from its condition and can't stand without one.
     if (filter.trimmed().isEmpty())
         return report.query + u' ' + report.unfiltered + report.tail;
     return report.query + u' ' + filter + report.filtered + report.tail;
@@ -41,6 +42,7 @@ QHash<QString, QString> namedTexts(const Report &report)
     QHash<QString, QString> texts{{u"lblCompanyName"_s, GetOption(u"GEN_COMPANY_NAME"_s, false)}};
     if (report.layout == "rptEquipmentDetail"_L1)
         for (int field = 1; field <= 10; ++field) {
+            // A free field that the house has given no caption goes by its number.
             const QString label = GetOption(u"UserDefinedField%1"_s.arg(field), false).trimmed();
             texts.insert(u"UDField%1"_s.arg(field),
                          label.isEmpty() ? u"Field %1"_s.arg(field) : label);

@@ -73,6 +73,8 @@ QList<Report> machineReports()
         {u"rptEquipmentUtilization_Single"_s, "ShowEquipmentUtilizationSingle",
          u"Equipment Utilization"_s, queries::utilizationSingle(),
          u" ORDER BY a.ChangeDate, a.ChangeDate "_s, NothingMet, AllRecords},
+        // Last scans and machines without any are two queries of one layout, so that the caller
+        // brings the whole of either.
         {u"rptEquipmentScanHistory"_s,
          "ShowScanHistory",
          u"Equipment Scan History"_s,
@@ -102,6 +104,7 @@ QList<Report> serviceReports()
         {u"rptServiceHistorySiteWise"_s, "ShowServiceHistorySiteWise", u"Service History"_s,
          queries::history(site, {queries::siteJoin()}), queries::historyGroup(site), NothingMet,
          AllHistory, AllDetails},
+        // By site or by crew, it is one procedure to those who call it.
         {u"rptServiceHistoryCrewWise"_s, "ShowServiceHistorySiteWise", u"Service History"_s,
          queries::history(site + u", tblCrew.CrewNumber as AssignedTo, tblCrew.Description"_s,
                           {queries::siteJoin(), queries::serviceCrewJoin()}),
@@ -134,6 +137,8 @@ QList<Report> partReports()
          .mismatchQuestion = AllDetails,
          .unfiltered = u"where TrackInventory=0"_s,
          .filtered = u" and TrackInventory=0"_s},
+        // The query ends in a keyword: without a filter a condition has to stand there all the
+        // same.
         {.layout = u"rptInventoryReorderReport"_s,
          .procedure = "ShowInventoryReOrderReport",
          .title = u"Inventory Reorder"_s,
@@ -187,11 +192,14 @@ QList<Report> otherReports()
          u"Incorrect filter. Show all Employee Details?"_s},
         {u"rptWorkorder"_s, "ShowWorkorderReport", u"Work Orders"_s, {}, {}, NoRecords},
         {u"rptWorkOrderByCrew"_s, "ShowWorkorderReport", u"Work Orders"_s, {}, {}, NoRecords},
+        // Each of a service's parts has a row, and every one of them repeats what the service cost.
         {.layout = u"rptWorkOrderHistory"_s,
          .procedure = "ShowWorkorderHistoryReport",
          .title = u"Work Order History"_s,
          .empty = NoRecords,
          .once = {u"LaborOnce"_s, u"CostEstimate"_s, u"ServiceUSedID"_s}},
+        // The engine sums a service's cost once for each of its parts, so the labor is reckoned
+        // beside it.
         {.layout = u"rptWorkorderHistorySummary"_s,
          .procedure = "ShowWorkorderHistoryReport",
          .title = u"Work Order History"_s,

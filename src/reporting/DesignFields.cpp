@@ -55,6 +55,8 @@ QList<report::DesignField> ofRows(const db::Recordset &rows,
         for (const reporttables::Column &column : table.columns) {
             const QString name = nameIn(table, column.name, counts).toLower();
             captions.insert(name, column.caption);
+            // A query may use the plain name all the same: it is called as the first table calls
+            // it.
             if (!captions.contains(column.name.toLower()))
                 captions.insert(column.name.toLower(), column.caption);
         }

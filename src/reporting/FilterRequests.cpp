@@ -72,6 +72,7 @@ QString listed(const QString &one, const QString &several, const QString &values
     if (values.trimmed().isEmpty())
         return u"All "_s + several + u'.';
     QStringList named;
+    // By the function that the clause takes them with: what it leaves out isn't told as asked for.
     for (const QString &value : valuesOf(values))
         named.append(value.trimmed());
     const QString word = named.size() == 1 ? one : several;
@@ -197,6 +198,7 @@ Request request(const EquipmentList &asked)
         }
         return asked.groupOnSite ? u"rptEquipmentListSiteWise"_s : u"rptEquipmentList"_s;
     };
+    // Fields that the version takes no notice of may hold values, which weren't asked for then.
     const ListFields fields = fieldsOf(asked.version);
     QStringList words;
     if (fields.types)
@@ -242,6 +244,7 @@ Request request(const Scans &asked)
 
 Request request(const NotScanned &asked)
 {
+    // The field may be blank, so the days are told that were reckoned with.
     const int days = daysBack(asked);
     return {.layout = u"rptEquipmentScanHistory"_s,
             .filter = notScanned(asked),

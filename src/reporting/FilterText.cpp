@@ -67,6 +67,7 @@ QString QuoteValueList(const QString &text, QChar delimiter)
 
 QString BuildFilterExpression(const QString &text, const QString &field)
 {
+    // Digits and one hyphen, nothing else: these become part of the statement as they are.
     static const QRegularExpression numberOrRange(u"^([0-9]+)(?:-([0-9]+))?$"_s);
     QStringList terms;
     for (const QString &piece : text.split(u',')) {
@@ -229,6 +230,7 @@ QString serviceHistory(const ServiceHistory &asked)
 
 QString lastScans(const Scans &asked)
 {
+    // The range says which machines; what is shown of them is their last scan, which may be later.
     const QString scanned =
         u"Select tblEquipment.UnitNo FROM tblEquipment LEFT JOIN tblEquipmentScan ON "
         "tblEquipment.EquipmentID = tblEquipmentScan.EquipmentID"_s +

@@ -39,6 +39,7 @@ struct Machines
 [[nodiscard]] QString equipmentDetails(const Machines &asked);
 [[nodiscard]] QString equipmentExpense(const Machines &asked);
 
+/// Machines that are inspected, or whose licenses are renewed, in the range.
 [[nodiscard]] QString inspectionDates(const DateRange &asked);
 [[nodiscard]] QString licenseDates(const DateRange &asked);
 
@@ -68,6 +69,7 @@ struct CrewHistory
     QString names{}; ///< of machines
     QString crews{}; ///< numbers
 };
+/// Machines by name, and the crews that they have been with.
 [[nodiscard]] QString crewHistory(const CrewHistory &asked);
 
 enum class PartHistoryForm { DetailByPart, DetailByDate, Summary };
@@ -77,6 +79,7 @@ struct PartHistory
     QString parts{};
     PartHistoryForm form = PartHistoryForm::DetailByPart;
 };
+/// Parts that were used in the range. The form changes only the layout.
 [[nodiscard]] QString partHistory(const PartHistory &asked);
 
 struct HistoryTimes
@@ -85,6 +88,7 @@ struct HistoryTimes
     QString names{}; ///< of machines
     bool byDate = false;
 };
+/// Services that were completed in the range. byDate changes only the layout.
 [[nodiscard]] QString historyTimes(const HistoryTimes &asked);
 
 struct UpcomingParts
@@ -92,6 +96,7 @@ struct UpcomingParts
     DateRange due{};
     QString suppliers{};
 };
+/// Parts of services that come due in the range, by supplier.
 [[nodiscard]] QString upcomingParts(const UpcomingParts &asked);
 
 /// The six forms of the equipment list.
@@ -113,6 +118,8 @@ struct ListFields
     bool groupOnSite = true;
 };
 [[nodiscard]] ListFields fieldsOf(ListVersion version);
+/// Takes the fields that the version takes notice of. Of a version that groups it is a condition on
+/// the groups.
 [[nodiscard]] QString equipmentList(const EquipmentList &asked);
 /// The wide list, of inactive machines too.
 [[nodiscard]] QString wideEquipmentList(const QString &types, const QString &crews);
@@ -125,6 +132,7 @@ struct ServiceHistory
     QString units{}; ///< counts when not grouped
     HistoryGroup group = HistoryGroup::None;
 };
+/// Services that were completed in the range; by crew those of all crews.
 [[nodiscard]] QString serviceHistory(const ServiceHistory &asked);
 
 struct Scans
@@ -153,12 +161,14 @@ struct Utilization
     QString types{};
     QString crews{};
 };
+/// Follows a condition of the query, as reorder does.
 [[nodiscard]] QString utilization(const Utilization &asked);
 struct SingleUtilization
 {
     DateRange read{};
     QString units{};
 };
+/// Readings of single machines; the query has no condition before it.
 [[nodiscard]] QString utilization(const SingleUtilization &asked);
 
 struct WorkorderHistory

@@ -62,6 +62,7 @@ std::shared_ptr<const report::DataSource> ordered(std::shared_ptr<const report::
                                                   const report::Layout &layout,
                                                   const report::Inputs &inputs)
 {
+    // Not by the engine: groups may go by expressions that only layouts know.
     std::vector<int> order = report::orderOf(layout, *rows, inputs);
     return std::make_shared<OrderedSource>(std::move(rows), std::move(order));
 }

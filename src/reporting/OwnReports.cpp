@@ -101,6 +101,7 @@ QList<Entry> list(Folder folder)
         if (isDelivered && isHidden(file.fileName()))
             continue;
         if (isDelivered) {
+            // All delivered files begin so, which says nothing to a user.
             entry.name.remove(u"rpt"_s);
             const QString own = customFolder() + u'/' + file.fileName();
             if (QFile::exists(own))

@@ -48,6 +48,7 @@ const PickList &equipmentNames()
     static const PickList list = [] {
         PickList names = units();
         names.column = u"tblEquipment.EquipmentName"_s;
+        // The same rows: names are picked, and units tell machines of one name apart.
         std::swap(names.key, names.second);
         return names;
     }();

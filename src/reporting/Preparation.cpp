@@ -103,6 +103,8 @@ void changePaper(report::Layout &layout, const QString &paper)
     report::PageSetup &page = layout.page;
     if (!papers().contains(paper) || !papers().contains(page.paper) || paper == page.paper)
         return;
+    // Objects are placed for the width between the margins, so it stays, and both margins share
+    // what the other paper has more or less.
     const report::Length inner = page.innerWidth();
     page.paper = paper;
     const report::Length beside = page.width() - inner;

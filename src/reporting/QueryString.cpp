@@ -53,6 +53,7 @@ const QSet<QString> &knownFiles()
 /// The clause for the orders posted last. Data.
 QString ofNewestPosted()
 {
+    // The number that no order has: without history a list of none would be no list.
     QStringList orders{u"0"_s};
     for (const db::Row row : gcnData->Open(u"Select distinct top 20 WorkorderNo from "
                                            "tblWOServiceUsedHistory order by WorkorderNo desc"_s))

@@ -22,6 +22,7 @@ constexpr QStringView EmployeeAutomatic[] = {u"Employee Number", u"Last Name"};
 constexpr QStringView LocationAutomatic[] = {u"LocationName"};
 constexpr QStringView SupplierAutomatic[] = {u"Name"};
 
+// Machines keep their flag as a text and parts as a number, so the conditions differ.
 constexpr Table Tables[] = {
     {u"tblEquipment", u"Quick Find-Equipment", u"EquipmentID", false, EquipmentNumbers,
      EquipmentAutomatic, u"EQUIPMENTINACTIVE", u" where tblEquipment.Inactive  = '0'",
@@ -109,6 +110,7 @@ QList<Field> readFields(const QString &statement)
     for (const db::Row row : dataConnection().Open(statement))
         fields.append({row.integer(u"RowID"), row.text(u"FieldDesc"), row.text(u"FieldName"),
                        row.text(u"FieldType")});
+    // DISTINCT promises no order.
     std::ranges::sort(fields, {}, &Field::rowID);
     return fields;
 }

@@ -129,6 +129,7 @@ QString written(const Condition &condition, sql::ColumnKind kind)
             return column + u" like '%1' & ?%2 & '*'"_s.arg(before, bracketed(condition.value));
         return column + u" like "_s + quoted(before + plainPattern(condition.value) + u'*');
     }
+    // What can't be read yet is written as Null, so that the text can be shown meanwhile.
     const QString value = condition.isParameter
                               ? u'?' + bracketed(condition.value)
                               : literal(condition.value, kind).value_or(u"Null"_s);
@@ -186,6 +187,7 @@ QString addLinked(Query &query, const QString &from, const reporttables::Link &l
             return source.name();
     const QString as =
         freeName(link.as, [&](const QString &name) { return query.find(name) != nullptr; });
+    // Not only what matches: a row whose link leads nowhere stays in the report.
     query.sources.append(Source{link.to, as, link.key, to});
     return as;
 }
@@ -239,6 +241,7 @@ QString problemOf(const Query &query, const QList<reporttables::Table> &tables)
             return u"Please say what \"%1\" is compared with."_s.arg(column);
         if (isPattern(condition.comparison) && kind != sql::ColumnKind::Text)
             return u"\"%1\" is no text. Please compare it in another way."_s.arg(column);
+        // A parameter is read when it is answered, and every text can be part of another.
         const bool isRead = condition.isParameter || isPattern(condition.comparison);
         if (!isRead && !literal(condition.value, kind))
             return u"\"%1\" can't be compared with \"%2\"."_s.arg(column, condition.value);

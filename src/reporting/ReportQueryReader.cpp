@@ -56,6 +56,7 @@ private:
     {
         for (std::size_t at = 0; at < chain.size(); ++at) {
             const sql::Join &join = chain[at];
+            // Parentheses hold the joins before; anywhere else they would join in another order.
             if (at == 0 && join.group) {
                 takeChain(*join.group);
                 continue;
@@ -83,6 +84,7 @@ private:
         Place left = placeOf(*on.operands[0]);
         Place right = placeOf(*on.operands[1]);
         const QString own = m_query.sources.last().name();
+        // Which side of the sign the new table stands on is all the same.
         if (left.table == own)
             std::swap(left, right);
         require(right.table == own && left.table != own);
@@ -94,6 +96,7 @@ private:
 
     void takeItem(const sql::SelectItem &item)
     {
+        // Of several tables a "*" would give columns of the same names.
         if (item.kind == sql::SelectItem::Kind::AllColumns && m_query.sources.size() == 1) {
             const Source &source = m_query.sources.first();
             for (const reporttables::Column &column :
@@ -180,6 +183,7 @@ private:
         require(value.kind == Expression::Kind::Literal);
         const QVariant literal = sql::literalValue(value.token, m_text.statement);
         if (literal.typeId() == QMetaType::QDateTime) {
+            // Dates are typed without a time of day, which would be lost.
             require(kind == sql::ColumnKind::Date && literal.toTime() == QTime(0, 0));
             condition.value = literal.toDate().toString(u"MM/dd/yyyy"_s);
         } else if (literal.typeId() == QMetaType::QString) {
@@ -253,6 +257,7 @@ private:
                 continue;
             const reporttables::Table *table = reporttables::tableOf(m_tables, source.table);
             if (const reporttables::Column *column = table->find(expression.name)) {
+                // A name that two tables have says neither.
                 require(!place);
                 place = {source.name(), column->name};
             }
@@ -275,6 +280,7 @@ std::optional<Query> read(const QString &text, const QList<reporttables::Table> 
         return Reader(named, tables).read();
     } catch (const NotShown &) {
         return std::nullopt;
+        // Nor can a text that is no statement: it is mended where it was written.
     } catch (const base::Error &) {
         return std::nullopt;
     }

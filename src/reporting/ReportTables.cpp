@@ -227,6 +227,8 @@ QString inWords(const QString &name)
     QString words;
     for (qsizetype at = 0; at < name.size(); ++at) {
         const QChar letter = name[at];
+        // A capital begins a word behind a small letter, or where a word in capitals ends:
+        // "PartID", "VINNumber".
         const bool begins =
             at > 0 && letter.isUpper() &&
             (name[at - 1].isLower() ||

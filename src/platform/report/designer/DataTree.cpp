@@ -47,6 +47,7 @@ DataTree::DataTree(DesignDocument &document, QWidget *parent)
     setUniformRowHeights(true);
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setDragEnabled(true);
+    // Fields stay in the tree when they are dragged: a report may show one in several places.
     setDragDropMode(QAbstractItemView::DragOnly);
     connect(this, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem *item) {
         if (const QList<DesignField> fields = fieldsOf({item}); !fields.isEmpty())
@@ -58,6 +59,7 @@ DataTree::DataTree(DesignDocument &document, QWidget *parent)
 
 void DataTree::setFields(const QList<DesignField> &fields)
 {
+    // Names that no layout has: the tree is filled whatever was shown before.
     m_given = fields;
     m_names = {u"-"_s};
     refresh();
@@ -148,6 +150,7 @@ QList<DesignField> DataTree::fieldsOf(const QList<QTreeWidgetItem *> &items) con
 
 QMimeData *DataTree::mimeData(const QList<QTreeWidgetItem *> &items) const
 {
+    // As bytes and not by a pointer: the tree may be filled anew while they are dragged.
     auto dragged = std::make_unique<QMimeData>();
     dragged->setData(fieldMimeType(), fieldBytes(fieldsOf(items)));
     return dragged.release();

@@ -48,6 +48,7 @@ QAction *DesignerActions::add(const QString &name, const QString &caption, const
     auto *action = new QAction(theme::icon(icon), caption, this);
     action->setObjectName(name);
     action->setShortcuts(keys);
+    // Ctrl+C and Del mean something else to a field in which words are typed.
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     action->setToolTip(tipOf(caption, keys));
     connect(action, &QAction::triggered, this, run);
@@ -60,6 +61,7 @@ QAction *DesignerActions::addSwitch(const QString &name, const QString &caption,
                                     const QString &icon, bool isOn,
                                     const std::function<void(bool)> &run)
 {
+    // Switched by toggled, which tells a change that the program made too.
     QAction *action = add(name, caption, icon, {}, [] {});
     action->setCheckable(true);
     action->setChecked(isOn);
@@ -167,6 +169,7 @@ void DesignerActions::moveToNextBand(int direction)
     m_document.change(u"Move to band"_s, [direction](Layout &layout, Selection &selection) {
         const int target = selection.band() + direction;
         const QRect frame = frameAround(layout, selection.objects);
+        // Places change with the band, so the lead is kept by its number among them.
         const auto lead = selection.objects.indexOf(selection.lead);
         const QList<Place> places =
             moveToBand(layout, selection.objects, target, QPoint(0, -frame.y()));

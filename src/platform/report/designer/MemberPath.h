@@ -17,6 +17,7 @@ auto &memberAt(auto &holder)
         return memberAt<Inner...>(holder.*Member);
 }
 
+/// The value at the end of the path.
 template<class Holder, auto... Path>
 QVariant valueAt(const Holder &holder)
 {
@@ -27,6 +28,7 @@ QVariant valueAt(const Holder &holder)
         return QVariant::fromValue(member);
 }
 
+/// Puts there what valueAt gave, or another value that converts to the member's type.
 template<class Holder, auto... Path>
 void setValueAt(Holder &holder, const QVariant &value)
 {

@@ -39,6 +39,7 @@ PreviewTab::PreviewTab(QWidget *parent)
     rows->addWidget(m_heading);
     rows->addWidget(m_remarks);
     setFocusProxy(m_viewer);
+    // Problems come up while rows are read, so all of them are known only at the end.
     connect(m_viewer, &ReportViewer::layoutEnded, this, &PreviewTab::listRemarks);
     connect(m_remarks, &QListWidget::itemActivated, this,
             [this] { choose(m_remarks->currentRow()); });
@@ -72,6 +73,7 @@ bool PreviewTab::preview(const Layout &layout)
 
 void PreviewTab::leave()
 {
+    // Nobody looks at these pages any more, and what is designed next needs the processor.
     if (m_viewer->isLayingOut())
         m_viewer->cancelLayout();
 }

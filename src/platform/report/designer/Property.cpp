@@ -97,6 +97,7 @@ QList<Property> groupProperties(const Layout &layout, int index)
              false,
              {},
              [index](Layout &changed, Selection &, const QVariant &value) {
+                 // Its bands go by the name.
                  renameGroup(changed, index, value.toString());
              }},
             member(section, u"Group by"_s, P::Expression, group, &Group::by, find),
@@ -148,6 +149,7 @@ QList<Property> rowsProperties(const Layout &layout, int index)
              false,
              {},
              [index](Layout &changed, Selection &, const QVariant &value) {
+                 // The bands of these rows go by it.
                  renameRows(changed, index, value.toString());
              }},
             member(section, u"Key of them"_s, P::Text, set, &RowSet::key, find),
@@ -165,12 +167,14 @@ QList<Property> namedStyleProperties(const Layout &layout, int index)
                                 false,
                                 {},
                                 [index](Layout &changed, Selection &, const QVariant &value) {
+                                    // Not the member alone: objects follow a style by its name.
                                     renameStyle(changed, index, value.toString());
                                 }}};
     for (const StyleProperty &entry : styleProperties())
         properties.append(
             {entry.section, entry.caption, entry.kind, entry.get(style.style), false, entry.choices,
              [index, set = entry.set](Layout &changed, Selection &, const QVariant &value) {
+                 // Put back as a whole, so that the objects that follow the style change with it.
                  NamedStyle named = changed.styles[index];
                  set(named.style, value);
                  setNamedStyle(changed, named);

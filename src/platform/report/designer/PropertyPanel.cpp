@@ -55,6 +55,7 @@ PropertyPanel::PropertyPanel(DesignDocument &document, QWidget *parent)
     m_tree->setHeaderHidden(true);
     m_tree->setIndentation(10);
     m_tree->setItemDelegate(new PropertyDelegate(*this));
+    // A click edits too, by itemClicked below: one that selects as well as one on the current row.
     m_tree->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed);
     m_tree->header()->setStretchLastSection(true);
     m_tree->header()->setMinimumSectionSize(40);
@@ -153,6 +154,7 @@ void PropertyPanel::refresh()
     m_isShowing = true;
     m_headline->setText(
         m_headline->fontMetrics().elidedText(headline(), Qt::ElideRight, qMax(180, width() - 12)));
+    // A tree that is made anew loses its place and an editor that is open in it.
     if (!isSame)
         rebuild();
     for (QTreeWidgetItemIterator item(m_tree); *item; ++item)
@@ -285,6 +287,7 @@ void PropertyPanel::askExpression()
         return;
     ExpressionQuestion question;
     question.caption = property->caption;
+    // Of several texts none is offered: it would be taken for that of all.
     question.text = property->isMixed ? QString() : property->value.toString();
     question.fields = m_fields;
     question.isWords = property->kind == PropertyKind::Words;
@@ -295,6 +298,7 @@ void PropertyPanel::askExpression()
         question.parameters.append(parameter.name);
     for (const Group &group : layout.groups)
         question.groups.append(group.name);
+    // A copy, since the window may outlive the list that it was asked from.
     const Property asked = *property;
     if (const auto answer = m_askExpression(question, this))
         apply(asked, *answer);

@@ -6,6 +6,7 @@
 /// stands in Expression.h.
 namespace report {
 
+/// Whether a value counts as a number; Yes and No do.
 [[nodiscard]] bool isNumberValue(const QVariant &value);
 
 /// A number as a value: whole ones stay whole as long as they are exact, and what is no number is

@@ -50,6 +50,7 @@ inline constexpr Word<VerticalAlign> VerticalAligns[] = {{u"top", VerticalAlign:
                                                          {u"middle", VerticalAlign::Middle},
                                                          {u"bottom", VerticalAlign::Bottom}};
 
+/// What a word of the file means; none for a word that isn't in the list.
 template<class Kind, std::size_t Count>
 [[nodiscard]] std::optional<Kind> kindOf(const Word<Kind> (&words)[Count], QStringView text)
 {
@@ -59,6 +60,7 @@ template<class Kind, std::size_t Count>
     return std::nullopt;
 }
 
+/// The word that a kind is written with.
 template<class Kind, std::size_t Count>
 [[nodiscard]] QString textOf(const Word<Kind> (&words)[Count], Kind kind)
 {

@@ -46,6 +46,7 @@ void ChartCanvas::addTurned(const QString &text, const QRect &frame, bool center
     Style style;
     style.font = font;
     style.color = color;
+    // The words run upwards, so the frame's height is the room that they have.
     const QString shown = elidedText(text, font, frame.height());
     const Length width = textWidth(shown, font);
     const Length from = center ? frame.y() + (frame.height() + width) / 2 : frame.y() + width;
@@ -57,6 +58,7 @@ void ChartCanvas::addTurned(const QString &text, const QRect &frame, bool center
 
 void ChartCanvas::addMarker(int series, QPoint middle)
 {
+    // Series that follow each other differ in shape, so that they can be told apart in black too.
     static const QList<QList<QPointF>> Shapes{{{-0.4, -0.9},
                                                {0.4, -0.9},
                                                {0.9, -0.4},

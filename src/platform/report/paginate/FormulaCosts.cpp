@@ -16,6 +16,7 @@ FormulaCosts::FormulaCosts(const Layout &layout, const Inputs &inputs)
 {
     QHash<QString, QString> replaced;
     for (auto text = inputs.formulas.cbegin(); text != inputs.formulas.cend(); ++text)
+        // Names are the same in any case, and those that replace come from callers.
         replaced.insert(text.key().toLower(), text.value());
     for (const Formula &formula : layout.formulas) {
         const QString name = formula.name.toLower();
@@ -33,6 +34,7 @@ void FormulaCosts::count(Known &formula)
     formula.cost = 1;
     for (const QString &name : formula.expression.names()) {
         const auto named = m_formulas.find(name);
+        // Fields and the page's values: reading one is one step.
         if (named == m_formulas.end()) {
             ++formula.cost;
             continue;
@@ -42,6 +44,7 @@ void FormulaCosts::count(Known &formula)
             continue;
         }
         count(named->second);
+        // Cut off there, or the costs of formulas that use each other twice would overflow.
         formula.cost = qMin(formula.cost + named->second.cost, MostOfExpression);
         formula.depth = qMax(formula.depth, named->second.depth + 1);
     }

@@ -65,6 +65,7 @@ void movePageItem(PageItem &item, QPoint by)
             } else {
                 one.frame.translate(by);
             }
+            // Lines, bars and points have places on the page, not within their frame.
             if constexpr (std::is_same_v<Item, TextItem>)
                 for (TextLine &line : one.lines) {
                     line.x += by.x();

@@ -17,6 +17,7 @@ public:
     void run()
     {
         placeAll(m_report.reportHeader);
+        // Once, since it names the columns; a page's footer has nothing to tell without pages.
         placeAll(m_report.pageHeader);
         walk();
         placeAll(m_report.reportFooter);

@@ -14,6 +14,8 @@ QueryText withoutNames(const QString &query)
             continue;
         result.statement += QStringView(query).sliced(copied, tokens[at].end - copied);
         copied = tokens[at].end;
+        // A name stands right behind its sign; with a blank between them it is the next word of the
+        // query.
         const bool isNamed = at + 1 < tokens.size() && tokens[at + 1].begin == tokens[at].end &&
                              (tokens[at + 1].kind == sql::TokenKind::Word ||
                               tokens[at + 1].kind == sql::TokenKind::Name);

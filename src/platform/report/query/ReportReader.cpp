@@ -50,6 +50,7 @@ QVariant answerFor(const Layout &layout, const QString &name, const Answers &ans
                 parameter.prompt.isEmpty() ? parameter.name : parameter.prompt));
         return answer;
     }
+    // Left open, it would reach the engine as a parameter without a value.
     refuse(u"The report's query asks for \"%1\", which is none of its parameters."_s.arg(name));
 }
 
@@ -96,6 +97,7 @@ QVariant usualAnswer(const Parameter &parameter, const QDateTime &now, QStringLi
         return {};
     QString error;
     const Expression expression = Expression::parse(parameter.usual, &error);
+    // What is offered is asked for before the rows are there.
     for (const QString &name : expression.names())
         if (name != u"today" && name != u"now")
             error = u"there is no \"%1\" before the report is read"_s.arg(name);

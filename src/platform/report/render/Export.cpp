@@ -31,6 +31,7 @@ Outcome writePages(const Layout &layout, const DataSource &rows, const Inputs &i
         file.add(page);
         return true;
     });
+    // A file that isn't finished leaves the former one in its place.
     if (!outcome.stopped)
         file.finish();
     return outcome;
