@@ -21,7 +21,9 @@ struct GetNextScheduledDateTest : test::Fleet
 
 TEST_F(GetNextScheduledDateTest, CalendarServicesGoOnFromTheDateThatTheyAreRescheduledBy)
 {
-    const QVariantMap dom{{u"DOM"_s, 1}, {u"Dom1"_s, 15}, {u"Dom2"_s, 30}};
+    // From March 1, which is no listed day.
+    const QVariantMap dom{
+        {u"DOM"_s, 1}, {u"Dom1"_s, 15}, {u"Dom2"_s, 30}, {u"LastDatePerformed"_s, day(2, 20)}};
     QVariantMap domOnly = without({u"Sun", u"Mon", u"Tue", u"Wed", u"Thu", u"Fri", u"Sat"});
     domOnly.insert(dom);
     const struct

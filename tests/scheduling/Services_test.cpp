@@ -179,6 +179,7 @@ TEST_F(clsServicesManagerTest, ARefusedWriteIsReportedAndFalse)
     clsServices service = everyFieldDifferent();
     service.Name = QString(101, u'x');
     EXPECT_FALSE(manager.SaveRecord(service, Mode::Add, ServiceStore::Catalogue));
+    EXPECT_EQ(service.ServiceID, 55) << "only a taken key is tried again with another one";
     failAt(u"Update"_s);
     EXPECT_FALSE(manager.UpdateJobNoForAllService(100, 42));
     EXPECT_FALSE(manager.SaveServiceUsedRecord(1, {}, {}, {}));

@@ -11,7 +11,6 @@
 #include <QSet>
 
 #include <array>
-#include <gmock/gmock.h>
 #include <random>
 
 using namespace Qt::StringLiterals;

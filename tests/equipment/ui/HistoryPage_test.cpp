@@ -2,7 +2,6 @@
 
 #include "core/ui/Joints.h"
 #include "equipment/ui/PageTest.h"
-#include "equipment/ui/frmEquipment.h"
 
 using namespace Qt::StringLiterals;
 

@@ -40,7 +40,6 @@ public:
     {
         if (!page->finishEditing())
             return false;
-        ++saves;
         CommitTrans();
         mode = Mode::Browse;
         page->showMachine(m_machine);
@@ -48,7 +47,6 @@ public:
     }
     void cancelEdit() override
     {
-        ++cancels;
         RollbackTrans();
         mode = Mode::Browse;
         page->showMachine(m_machine);
@@ -60,8 +58,6 @@ public:
     std::unique_ptr<MachinePage> page;
     Mode mode = Mode::Browse;
     int edits = 0;
-    int saves = 0;
-    int cancels = 0;
     int changes = 0;
     QStringList layouts;
 
