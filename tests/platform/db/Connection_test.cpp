@@ -77,9 +77,8 @@ TEST_F(Connection, ErrorsCarryTheStatementAndTheSystemsNumbers)
         {u"Update tblPart set Quantity = 3000000000"_s, ErrorNumber::Overflow, {}},
         {u"Select Price * 1E300 * 1E300 as n from tblPart"_s, ErrorNumber::Overflow, {}},
         {u"Select Price / 0 as n from tblPart"_s, ErrorNumber::DivisionByZero, {}},
-        {u"Insert into tblPart(PartID) values('123456789012345678901')"_s,
-         ErrorNumber::TextTooLong,
-         {}},
+        {u"Insert into tblPart(PartID) values('123456789012345678901')"_s, ErrorNumber::TextTooLong,
+         u"It holds 20 characters; the text has 21."_s},
         {u"Create table TBLPART (a integer)"_s, ErrorNumber::TableExists, u"Table"_s},
         {u"Select PartID from tblPart where PartID = ?"_s, ErrorNumber::ValueMissing, {}},
     };
