@@ -1,5 +1,6 @@
 #include "exchange/ImportQueue.h"
 
+#include "exchange/ReceivedFile.h"
 #include "platform/base/Error.h"
 #include "platform/system/Files.h"
 
@@ -13,8 +14,6 @@ namespace exchange {
 namespace {
 
 const QString Marker = u"done.txt"_s;
-/// A crew's day takes some thousand bytes.
-constexpr qint64 LargestFile = 64 << 20;
 
 [[noreturn]] void raise(int number, const QString &text, const QString &path)
 {
@@ -24,18 +23,6 @@ constexpr qint64 LargestFile = 64 << 20;
 QByteArray checksum(const QByteArray &content)
 {
     return QCryptographicHash::hash(content, QCryptographicHash::Sha256);
-}
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    if (file.size() > LargestFile)
-        raise(base::ErrorNumber::InvalidCall,
-              u"The file is too large to come from a handheld, and was not imported"_s, path);
-    if (!file.open(QIODevice::ReadOnly))
-        raise(base::ErrorNumber::PathAccess,
-              u"The file can't be read (%1)"_s.arg(file.errorString()), path);
-    return file.readAll();
 }
 
 } // namespace

@@ -1,9 +1,9 @@
 #include "exchange/ImportXml.h"
 
 #include "core/Told.h"
+#include "exchange/ReceivedFile.h"
 #include "exchange/XmlUpdates.h"
 #include "platform/base/Environment.h"
-#include "platform/base/Error.h"
 #include "platform/base/Trapped.h"
 #include "platform/system/Files.h"
 
@@ -17,20 +17,6 @@ namespace {
 
 const QString Folder = u"\\XML_IN\\"_s;
 const QString BackupFolder = u"\\XML_IN\\XML_IN_BackUP"_s;
-/// Ten thousand machines take some million bytes.
-constexpr qint64 LargestFile = 64 << 20;
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    if (file.size() > LargestFile)
-        throw base::Error(base::ErrorNumber::InvalidCall,
-                          u"The file is too large to come from a handheld: "_s + path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw base::Error(base::ErrorNumber::PathAccess,
-                          u"The file can't be read (%1): "_s.arg(file.errorString()) + path);
-    return file.readAll();
-}
 
 /// Applies the records of a section; one without attributes has no end that could be reached.
 template<class Apply>

@@ -29,11 +29,6 @@ bool isNamed(const std::pair<QString, QString> &attribute, QStringView name)
     return attribute.first.compare(name, Qt::CaseInsensitive) == 0;
 }
 
-qint64 wholeNumber(const QString &text)
-{
-    return text.trimmed().isEmpty() ? 0 : spliced::bareInteger(text);
-}
-
 /// The update of an order's line that a record asks for.
 struct Update
 {
@@ -66,9 +61,9 @@ Update updateOf(const SectionRecord &record)
     if (const QString notes = attribute(record, {u"SkipeNotes", u"Notes"}); !notes.isEmpty())
         update.set(u"[Note]"_s, notes);
     update.statement += u" Where WorkOrderNo=? And NserviceUsedID=? And ServiceID=?"_s;
-    update.values.append(wholeNumber(attribute(record, {u"WorkOrderNo"})));
-    update.values.append(wholeNumber(attribute(record, {u"ServiceUsedID"})));
-    update.values.append(wholeNumber(attribute(record, {u"ServiceID"})));
+    update.values.append(spliced::wholeNumber(attribute(record, {u"WorkOrderNo"})));
+    update.values.append(spliced::wholeNumber(attribute(record, {u"ServiceUsedID"})));
+    update.values.append(spliced::wholeNumber(attribute(record, {u"ServiceID"})));
     return update;
 }
 
@@ -76,7 +71,7 @@ Update updateOf(const SectionRecord &record)
 bool isUsedOn(const SectionRecord &record, qint64 line)
 {
     for (const auto &each : record) {
-        if (isNamed(each, u"ServiceUsedID") && wholeNumber(each.second) != line)
+        if (isNamed(each, u"ServiceUsedID") && spliced::wholeNumber(each.second) != line)
             return false;
         if (isNamed(each, u"Used") && spliced::bare(each.second).toDouble() == 0)
             return false;
@@ -137,7 +132,7 @@ void ServiceUpdates::apply(const SectionRecord &record)
 
 bool ServiceUpdates::Check_WorkOrder(const QString &WorkOrderNo)
 {
-    const qint64 order = wholeNumber(WorkOrderNo);
+    const qint64 order = spliced::wholeNumber(WorkOrderNo);
     const db::Recordset rows =
         dataConnection().Open(u"Select * from tblWorkOrder where WorkorderNo=?"_s, {order});
     if (rows.isEmpty()) {
@@ -155,7 +150,7 @@ bool ServiceUpdates::Check_WorkOrder(const QString &WorkOrderNo)
 void ServiceUpdates::Update_ServiceUsedPart(const QString &ServiceUsedID)
 {
     base::trapped(Module, "Update_ServiceUsedPart", [&] {
-        const qint64 line = wholeNumber(ServiceUsedID);
+        const qint64 line = spliced::wholeNumber(ServiceUsedID);
         for (const SectionRecord *record : m_parts.value(line) + m_parts.value(AnyLine)) {
             if (!isUsedOn(*record, line))
                 continue;

@@ -96,6 +96,11 @@ qint64 bareInteger(const QString &piece)
                                                    : base::roundedToEven(number->toDouble());
 }
 
+qint64 wholeNumber(const QString &piece)
+{
+    return piece.trimmed().isEmpty() ? 0 : bareInteger(piece);
+}
+
 QDateTime date(const QString &piece)
 {
     const auto found = sql::parseDate(piece);

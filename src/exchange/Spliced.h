@@ -16,6 +16,8 @@ namespace exchange::spliced {
 [[nodiscard]] QVariant bare(const QString &piece);
 /// A bare piece that has to be a whole number, to be rounded to one where it has decimals.
 [[nodiscard]] qint64 bareInteger(const QString &piece);
+/// The same of a piece that may be blank, which is 0.
+[[nodiscard]] qint64 wholeNumber(const QString &piece);
 /// A piece between the marks of a date.
 [[nodiscard]] QDateTime date(const QString &piece);
 /// True for a number of either kind.

@@ -18,11 +18,6 @@ namespace {
 
 constexpr char Module[] = "frmImportXml";
 
-qint64 wholeNumber(const QString &text)
-{
-    return text.trimmed().isEmpty() ? 0 : spliced::bareInteger(text);
-}
-
 double number(const QString &text)
 {
     return text.trimmed().isEmpty() ? 0 : spliced::bare(text).toDouble();
@@ -85,14 +80,14 @@ void Update_Crew(const QString &EquipmentID, const QString &CrewID, const QStrin
                  ImportLog &log)
 {
     base::trapped(Module, "Update_Crew", [&] {
-        const qint64 machine = wholeNumber(EquipmentID);
+        const qint64 machine = spliced::wholeNumber(EquipmentID);
         if (machine == 0)
             return;
         if (!machineExists(machine)) {
             log.add(ImportLog::Kind::Equipment, {u"EquipmentID="_s + EquipmentID});
             return;
         }
-        const qint64 crew = wholeNumber(CrewID);
+        const qint64 crew = spliced::wholeNumber(CrewID);
         const db::Recordset crews =
             dataConnection().Open(u"Select * from tblCrew Where CrewId= ?"_s, {crew});
         const bool known = !crews.isEmpty();
@@ -124,7 +119,7 @@ void Update_EquipmentCount(const QString &EquipmentID, const QString &ChangeDate
                            const QString & /*LastCount*/, ImportLog &log)
 {
     base::trapped(Module, "Update_EquipmentCount", [&] {
-        const qint64 machine = wholeNumber(EquipmentID);
+        const qint64 machine = spliced::wholeNumber(EquipmentID);
         if (machine == 0)
             return;
         if (!machineExists(machine)) {
@@ -132,7 +127,7 @@ void Update_EquipmentCount(const QString &EquipmentID, const QString &ChangeDate
             return;
         }
         const QString type = spliced::quoted(CountType);
-        const qint64 count = wholeNumber(CurrentCount);
+        const qint64 count = spliced::wholeNumber(CurrentCount);
         if (count < Check_LastCount(machine, type) || count == 0)
             return;
         readings::add(machine, spliced::date(ChangeDate), type, count);
@@ -143,8 +138,8 @@ void Update_Workorder(const QString &WorkorderNo, const QString &EquipmentID,
                       const QString &CompletedDate, ImportLog &log)
 {
     base::trapped(Module, "Update_Workorder", [&] {
-        const qint64 order = wholeNumber(WorkorderNo);
-        if (!machineExists(wholeNumber(EquipmentID)) ||
+        const qint64 order = spliced::wholeNumber(WorkorderNo);
+        if (!machineExists(spliced::wholeNumber(EquipmentID)) ||
             !IsIDExists(u"tblWorkOrder"_s, u"WorkorderNo=?"_s, {order})) {
             log.add(ImportLog::Kind::WorkOrder,
                     {u"Work Order No="_s + WorkorderNo, u"EquipmentID="_s + EquipmentID});
