@@ -60,11 +60,12 @@ TEST_F(MachineSheet, TheErrorReportNamesTheComputerAndTheProgram)
 {
     insert(u"tblErrorList"_s, {{u"ErrNumber"_s, 5}, {u"ErrDescription"_s, u"It failed"_s}});
     settings::registry().setValue(settings::ProductKey, u"Version"_s, u"2.3.1"_s);
+    SetOption(u"GEN_COMPANY_NAME"_s, u"Greenways"_s, false);
     gWindowsVersion.name = u"Windows 95"_s;
     gWindowsVersion.servicePack = u"Pack 7"_s;
     const QString lines = printed({.layout = u"rptErrorReport"_s}).join(u'\n');
-    for (const QString &text : {u"It failed"_s, u"Windows 95"_s, u"Pack 7"_s, u"TESTBENCH"_s,
-                                GetVersionNo(), GetOption(u"DBversion"_s, false)})
+    for (const QString &text : {u"It failed"_s, u"Greenways"_s, u"Windows 95"_s, u"Pack 7"_s,
+                                u"TESTBENCH"_s, GetVersionNo(), GetOption(u"DBversion"_s, false)})
         EXPECT_TRUE(!text.isEmpty() && lines.contains(text))
             << qPrintable(text) << " in " << qPrintable(lines);
 }

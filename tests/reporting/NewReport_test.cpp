@@ -12,6 +12,8 @@
 #include "scheduling/Readings.h"
 #include "support/Raised.h"
 
+#include <QDir>
+#include <QImage>
 #include <algorithm>
 #include <map>
 
@@ -276,6 +278,19 @@ TEST_F(NewReport, WhatFindsNoRoomGoesOnInAnotherLine)
     EXPECT_EQ(footer()[0].y, footer()[1].y);
     choice.columns = {};
     EXPECT_LT(footer()[0].y, footer()[1].y);
+}
+
+TEST_F(NewReport, PicturesLieBesideTheReportsOfTheUsersOwn)
+{
+    const QString folder = base::applicationPath(u"\\User Defined Reports"_s);
+    ASSERT_TRUE(QDir().mkpath(folder));
+    ASSERT_TRUE(QImage(8, 8, QImage::Format_RGB32).save(folder + u"/logo.png"_s));
+    report::Layout layout = make(partsBySupplier(), tables);
+    report::Object logo = layout.bands.first().objects.first();
+    logo.kind = report::ObjectKind::Picture;
+    logo.content = u"logo.png"_s;
+    layout.bands.first().objects.append(logo);
+    EXPECT_TRUE(print(layout).first().contains(u" picture "_s));
 }
 
 /// What a delivered report is designed on.
