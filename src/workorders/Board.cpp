@@ -4,7 +4,6 @@
 #include "workorders/Statements.h"
 
 #include <algorithm>
-#include <tuple>
 #include <vector>
 
 namespace board {
@@ -37,16 +36,21 @@ QList<Entry> entries()
         QString order; ///< what entries are sorted by; case doesn't count
         Entry entry;
     };
+    const db::Recordset rows = gcnData->Open(workorders::statements::board());
     std::vector<Found> found;
-    for (const db::Row row : gcnData->Open(workorders::statements::board())) {
+    found.reserve(static_cast<std::size_t>(rows.RecordCount()));
+    for (const db::Row row : rows) {
         const QString text = textOf(row);
         found.push_back({text.toCaseFolded(),
                          {text, row.integer(u"WorkOrderNo"), row.date(u"Due").date(),
                           static_cast<int>(row.integer(u"Services"))}});
     }
-    std::ranges::sort(
-        found, {}, [](const Found &each) { return std::tie(each.order, each.entry.WorkOrderNo); });
+    std::ranges::sort(found, [](const Found &left, const Found &right) {
+        const int order = left.order.compare(right.order);
+        return order != 0 ? order < 0 : left.entry.WorkOrderNo < right.entry.WorkOrderNo;
+    });
     QList<Entry> result;
+    result.reserve(static_cast<qsizetype>(found.size()));
     const QString *last = nullptr;
     for (const Found &each : found) {
         if (last && *last == each.order && result.last().WorkOrderNo == each.entry.WorkOrderNo)
