@@ -94,7 +94,8 @@ protected:
         program.setProcessEnvironment(withOwnLocks(locks));
         program.start(QCoreApplication::applicationDirPath() +
                           QStringLiteral("/administration_helper"),
-                      {base::environment().applicationFolder, command});
+                      {base::environment().applicationFolder, command,
+                       base::environment().computerName});
         ASSERT_TRUE(program.waitForReadyRead(30'000));
         QThread::msleep(static_cast<unsigned long>(milliseconds));
         program.kill();

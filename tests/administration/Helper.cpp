@@ -8,7 +8,8 @@
 #include <cstdio>
 
 /// The program beside a test that is killed in the midst of its work: takes the program's folder,
-/// and "compact" or the backup to restore. Says so when it begins.
+/// "compact" or the backup to restore, and the computer's name, by which the next run finds what
+/// this one leaves unfinished. Says so when it begins.
 int main(int argc, char *argv[])
 {
     using namespace Qt::StringLiterals;
@@ -18,6 +19,7 @@ int main(int argc, char *argv[])
     environment.applicationFolder = arguments[1];
     environment.appData = arguments[1];
     environment.registryFile = arguments[1] + u"/registry.ini"_s;
+    environment.computerName = arguments[3];
     base::setEnvironment(environment);
     gsDatabasePath = base::applicationPath(u"\\Data\\Quorvantis.mdb"_s);
     openConnections();
