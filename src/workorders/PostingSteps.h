@@ -13,7 +13,7 @@ namespace posting {
 
 /// How many numbers a list holds at most: few, since the database compares each row that it finds
 /// with the numbers one after the other.
-constexpr qsizetype LongestList = 10;
+constexpr qsizetype LongestList = 25;
 
 /// Numbers as lists for "in (...)". No list is empty.
 [[nodiscard]] QStringList listsOf(const QList<qint64> &numbers);
