@@ -1,8 +1,10 @@
 #include "equipment/History.h"
 
 #include "core/Conversions.h"
+#include "core/HeldRow.h"
+#include "core/InTheWay.h"
 #include "core/Labour.h"
-#include "core/Session.h"
+#include "core/RecordStore.h"
 #include "platform/base/Decimal.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Format.h"
@@ -18,13 +20,28 @@ using namespace Qt::StringLiterals;
 constexpr const char *Module = "Equipment";
 constexpr int ShortestWork = 10; // minutes, themselves too short
 
-/// Runs a statement that writes; False when it failed, which has been reported.
-bool execute(const char *procedure, const QString &statement, const QVariantList &parameters)
+/// Runs a correction of a service, which is held for it and must be there. The body gets its row;
+/// what it answers counts, or else the fallback.
+template<class Result, class Body>
+Result onService(const char *procedure, qint64 id, Result fallback, Body &&body)
 {
-    return base::trapped(Module, procedure, false, [&] {
-        dataConnection().Execute(statement, parameters);
-        return true;
+    return base::trapped(Module, procedure, fallback, [&] {
+        record::ShortTransaction transaction(dataConnection());
+        const db::Recordset row =
+            heldRow(u"tblWoServiceUsedHistory", u"ServiceUsedID", id, u"service",
+                    u"This service has been deleted from the history on another workstation. "
+                    "Nothing was stored."_s);
+        const Result result = body(row.current());
+        transaction.commit();
+        return result;
     });
+}
+
+void write(qint64 id, const QString &column, const QVariant &value)
+{
+    dataConnection().Execute(
+        u"Update tblWoServiceUsedHistory set [%1] = ? where ServiceUsedid = ?"_s.arg(column),
+        {value, id});
 }
 
 /// An empty value is stored as Null.
@@ -125,43 +142,59 @@ QString note(qint64 ServiceUsedID, qint64 WorkorderNo)
 }
 
 bool UpdateEquipmentServiceHistory(qint64 ServiceUsedID, const QString &Column,
-                                   const QVariant &Value)
+                                   const QVariant &Value, const Shown &shown)
 {
-    return execute(
-        "UpdateEquipmentServiceHistory",
-        u"Update tblWoServiceUsedHistory set [%1] = ? where ServiceUsedid = ?"_s.arg(Column),
-        {orNull(Value), ServiceUsedID});
+    return onService("UpdateEquipmentServiceHistory", ServiceUsedID, false,
+                     [&](const db::Row &now) {
+                         record::demandShown(now, Column, orNull(Value), shown);
+                         write(ServiceUsedID, Column, orNull(Value));
+                         return true;
+                     });
 }
 
-std::optional<double> changeCrew(qint64 ServiceUsedID, qint64 CrewID, double budgetedHours)
+std::optional<double> changeCrew(qint64 ServiceUsedID, qint64 CrewID, double budgetedHours,
+                                 const Shown &shown)
 {
     const double cost = base::Money(SetLaborCost(CrewID)).centsTimes(budgetedHours).toDouble();
-    return base::trapped(Module, "UpdateEquipmentServiceHistory", std::optional<double>(), [&] {
-        const db::Recordset crew =
-            dataConnection().Open(u"Select CrewNumber from tblCrew where CrewID = ?"_s, {CrewID});
-        dataConnection().Execute(
-            u"Update tblWoServiceUsedHistory set CrewID = ?, CrewNumber = ?, CostEstimate = ? "
-            "where ServiceUsedid = ?"_s,
-            {CrewID, crew.isEmpty() ? QVariant() : crew[u"CrewNumber"], cost, ServiceUsedID});
-        return std::optional(cost);
-    });
+    return onService(
+        "UpdateEquipmentServiceHistory", ServiceUsedID, std::optional<double>(),
+        [&](const db::Row &now) {
+            record::demandShown(now, u"CrewID"_s, CrewID, shown);
+            const db::Recordset crew = dataConnection().Open(
+                u"Select CrewNumber from tblCrew where CrewID = ?"_s, {CrewID});
+            dataConnection().Execute(
+                u"Update tblWoServiceUsedHistory set CrewID = ?, CrewNumber = ?, CostEstimate = ? "
+                "where ServiceUsedid = ?"_s,
+                {CrewID, crew.isEmpty() ? QVariant() : crew[u"CrewNumber"], cost, ServiceUsedID});
+            return std::optional(cost);
+        });
 }
 
 bool UpdatePartHistory(qint64 ServiceUsedID, const QString &PartID, const QString &Column,
-                       const QVariant &Value)
+                       const QVariant &Value, const Shown &shown)
 {
-    return execute(
-        "grdPartHistory_Change",
-        u"Update tblWoPartHistory set [%1] = ? where ServiceUsedid = ? and Partid = ?"_s.arg(
-            Column),
-        {Value, ServiceUsedID, PartID});
+    // The service is held for its parts, so that two workstations don't correct them at once.
+    return onService("grdPartHistory_Change", ServiceUsedID, false, [&](const db::Row &) {
+        const db::Recordset now = dataConnection().Open(
+            u"Select * from tblWoPartHistory where ServiceUsedid = ? and Partid = ?"_s,
+            {ServiceUsedID, PartID});
+        if (!now.isEmpty())
+            record::demandShown(now.row(0), Column, Value, shown);
+        dataConnection().Execute(
+            u"Update tblWoPartHistory set [%1] = ? where ServiceUsedid = ? and Partid = ?"_s.arg(
+                Column),
+            {Value, ServiceUsedID, PartID});
+        return true;
+    });
 }
 
-bool updateNote(qint64 ServiceUsedID, const QString &note)
+bool updateNote(qint64 ServiceUsedID, const QString &note, const Shown &shown)
 {
-    return execute("txtNote_Validate",
-                   u"update tblWOServiceUsedHistory set [Note] = ? where ServiceUsedID = ?"_s,
-                   {note, ServiceUsedID});
+    return onService("txtNote_Validate", ServiceUsedID, false, [&](const db::Row &now) {
+        record::demandShown(now, u"Note"_s, note, shown);
+        write(ServiceUsedID, u"Note"_s, note);
+        return true;
+    });
 }
 
 bool DeleteServiceHistoryRecord(qint64 ServiceUsedID)
@@ -235,14 +268,23 @@ TimeCorrection correctWorkHrs(const QString &typed)
     return {.stored = ChangeMinuteInHour(minutes)};
 }
 
-bool storeTime(qint64 ServiceUsedID, const QString &Column, const TimeCorrection &correction)
+std::optional<TimeCorrection> correctTime(qint64 ServiceUsedID, const QString &Column,
+                                          const QString &typed, const Shown &shown)
 {
-    if (!correction.WorkHrs)
-        return UpdateEquipmentServiceHistory(ServiceUsedID, Column, correction.stored);
-    return execute("UpdateEquipmentServiceHistory",
-                   u"Update tblWoServiceUsedHistory set [%1] = ?, workhrs = ? where ServiceUsedid "
-                   "= ?"_s.arg(Column),
-                   {orNull(correction.stored), *correction.WorkHrs, ServiceUsedID});
+    return onService("UpdateEquipmentServiceHistory", ServiceUsedID,
+                     std::optional<TimeCorrection>(), [&](const db::Row &now) {
+                         const TimeCorrection correction =
+                             Column == u"StartTime" ? correctStart(typed, now.text(u"EndTime"))
+                             : Column == u"EndTime" ? correctEnd(typed, now.text(u"StartTime"))
+                                                    : correctWorkHrs(typed);
+                         if (!correction.refusal.isEmpty())
+                             return std::optional(correction);
+                         record::demandShown(now, Column, orNull(correction.stored), shown);
+                         write(ServiceUsedID, Column, orNull(correction.stored));
+                         if (correction.WorkHrs)
+                             write(ServiceUsedID, u"WorkHrs"_s, *correction.WorkHrs);
+                         return std::optional(correction);
+                     });
 }
 
 } // namespace history

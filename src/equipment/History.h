@@ -15,7 +15,14 @@
 ///
 /// All work is done on Data, inside the transaction of whoever holds one. No error crosses the
 /// writing functions; False means that nothing was written. The reading ones raise DbError.
+///
+/// Several workstations may correct the same service. Inside a whole (see core/ui/Telling.h) a
+/// correction raises InTheWay for a service that another one holds or has deleted, and
+/// record::Conflict for a column that holds something else by now than was shown.
 namespace history {
+
+/// What was shown of a column before it was corrected. Nothing: it is written whatever it holds.
+using Shown = std::optional<QVariant>;
 
 /// A period of days, both ends included; an invalid date leaves that end open.
 struct Period
@@ -37,16 +44,17 @@ struct Period
 
 /// Writes one column of a service; Null for an empty value.
 [[nodiscard]] bool UpdateEquipmentServiceHistory(qint64 ServiceUsedID, const QString &Column,
-                                                 const QVariant &Value);
+                                                 const QVariant &Value, const Shown &shown = {});
 /// Gives a service to another crew, at what this crew costs today for the budgeted hours; the new
 /// labour cost, nothing when it was not written.
 [[nodiscard]] std::optional<double> changeCrew(qint64 ServiceUsedID, qint64 CrewID,
-                                               double budgetedHours);
+                                               double budgetedHours, const Shown &shown = {});
 /// Writes one column of a part of a service.
 [[nodiscard]] bool UpdatePartHistory(qint64 ServiceUsedID, const QString &PartID,
-                                     const QString &Column, const QVariant &Value);
+                                     const QString &Column, const QVariant &Value,
+                                     const Shown &shown = {});
 /// Writes a service's note in place of the one before.
-[[nodiscard]] bool updateNote(qint64 ServiceUsedID, const QString &note);
+[[nodiscard]] bool updateNote(qint64 ServiceUsedID, const QString &note, const Shown &shown = {});
 /// Deletes a service and its parts.
 [[nodiscard]] bool DeleteServiceHistoryRecord(qint64 ServiceUsedID);
 
@@ -67,8 +75,10 @@ struct TimeCorrection
 [[nodiscard]] TimeCorrection correctEnd(const QString &typed, const QString &start);
 /// Hours worked may be typed in spite of the times.
 [[nodiscard]] TimeCorrection correctWorkHrs(const QString &typed);
-/// Writes a correction that was not refused to StartTime, EndTime or WorkHrs.
-[[nodiscard]] bool storeTime(qint64 ServiceUsedID, const QString &Column,
-                             const TimeCorrection &correction);
+/// Corrects StartTime, EndTime or WorkHrs to what was typed, by the other times as the service has
+/// them now, and writes it unless it is refused. Nothing when it could not be written.
+[[nodiscard]] std::optional<TimeCorrection> correctTime(qint64 ServiceUsedID, const QString &Column,
+                                                        const QString &typed,
+                                                        const Shown &shown = {});
 
 } // namespace history

@@ -1,5 +1,6 @@
 #include "scheduling/Assignment.h"
 
+#include "core/HeldRow.h"
 #include "core/InTheWay.h"
 #include "core/Labour.h"
 #include "core/Periods.h"
@@ -103,22 +104,6 @@ void startCounting(qint64 equipment, qint64 serviceUsedID, const QString &name,
             {readings::newest(equipment, countType).value + interval, serviceUsedID});
 }
 
-/// A row of what a sentence calls it ("service"), held for the transaction. gone: what is told when
-/// it is not there any more.
-db::Recordset held(QStringView table, QStringView keyColumn, qint64 key, QStringView what,
-                   const QString &gone)
-{
-    try {
-        return orInTheWay([&] { return record::hold(*gcnData, table, keyColumn, key); },
-                          [&] {
-                              return u"Another workstation is changing this %1. Please try again "
-                                     "in a moment."_s.arg(what);
-                          });
-    } catch (const record::Conflict &) {
-        throw InTheWay(gone);
-    }
-}
-
 } // namespace
 
 bool AddServiceRecord(qint64 EquipmentID, const QList<qint64> &ids, Source source)
@@ -171,10 +156,10 @@ bool UpdateEquipmentService(qint64 ServiceUsedID, const QString &Column, const Q
 {
     return base::trapped(Module, "UpdateEquipmentService", false, [&] {
         record::ShortTransaction transaction(*gcnData);
-        const db::Recordset rows =
-            held(u"tblServiceUsed", u"ServiceUsedID", ServiceUsedID, u"service",
-                 u"This service has been removed from its machine on another workstation. Nothing "
-                 "was stored."_s);
+        const db::Recordset rows = heldRow(
+            u"tblServiceUsed", u"ServiceUsedID", ServiceUsedID, u"service",
+            u"This service has been removed from its machine on another workstation. Nothing "
+            "was stored."_s);
         record::demandShown(rows.current(), Column, Value, Shown);
         gcnData->Execute(
             u"Update tblServiceUsed set [%1] = ? where ServiceUsedid = ?"_s.arg(Column),
@@ -236,8 +221,8 @@ void assignCrew(qint64 EquipmentID, qint64 CrewID, qint64 ShownCrewID)
 {
     TransactionScope transaction;
     const db::Recordset now =
-        held(u"tblEquipment", u"EquipmentID", EquipmentID, u"machine",
-             u"This machine has been deleted on another workstation. Nothing was stored."_s);
+        heldRow(u"tblEquipment", u"EquipmentID", EquipmentID, u"machine",
+                u"This machine has been deleted on another workstation. Nothing was stored."_s);
     if (now.current().integer(u"CrewID") != ShownCrewID)
         throw InTheWay(
             u"Another workstation has given this machine to another crew meanwhile, which "

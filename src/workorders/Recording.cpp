@@ -266,22 +266,56 @@ WorkSpan workSpan(QTime start, QTime end, bool endIsGiven)
     return {end, midnight.addSecs(seconds)};
 }
 
-bool saveTimes(qint64 id, TimesOf where, const QTime &start, const QTime &end,
-               const QTime &workHours)
+Times timesOf(const QString &start, const QString &end, const QString &hours)
+{
+    const auto time = [](const QString &text) {
+        const QTime found(text.section(u':', 0, 0).toInt(), text.section(u':', 1).toInt());
+        return found.isValid() ? found : QTime(0, 0);
+    };
+    return {time(start), time(end), time(hours)};
+}
+
+QString inWords(const Times &times)
+{
+    return u"%1 to %2, %3 hours"_s.arg(times.start.toString(u"HH:mm"), times.end.toString(u"HH:mm"),
+                                       times.hours.toString(u"H:mm"));
+}
+
+OtherTimes::OtherTimes(const Times &theirs)
+    : Error(db::ErrorNumber::LockConflict,
+            u"Another workstation has changed these times meanwhile: %1. Nothing was stored."_s.arg(
+                inWords(theirs)))
+    , m_theirs(theirs)
+{}
+
+bool saveTimes(qint64 id, TimesOf where, const Times &times, const std::optional<Times> &shown)
 {
     const bool open = where == TimesOf::OpenOrder;
     const QString table = open ? u"tblWoserviceUsed"_s : u"tblWOServiceUsedHistory"_s;
+    const QString key = open ? u"NServiceUsedID"_s : u"ServiceUsedID"_s;
     const base::Money rate(SetLaborCost(GetCrewIDByService(id, table)));
-    const int minutes = workHours.hour() * 60 + workHours.minute();
+    const int minutes = times.hours.hour() * 60 + times.hours.minute();
+    const auto heldService = [&] {
+        try {
+            return record::hold(*gcnData, table, key, id);
+        } catch (const record::Conflict &) {
+            throw ordernames::serviceGone();
+        }
+    };
     return together(
         "cmdUpdate_Click",
         [&] {
-            if (gcnData->Execute(
-                    u"update %1 set StartTime = ?, EndTime = ?, WorkHrs = ?, CostEstimate = ? "
-                    "where %2 = ?"_s.arg(table, open ? u"NServiceUsedID"_s : u"ServiceUsedID"_s),
-                    {start.toString(u"HH:mm"), end.toString(u"HH:mm"), workHours.toString(u"HH:mm"),
-                     rate.centsOfMinutes(minutes).toDouble(), id}) == 0)
-                throw ordernames::serviceGone();
+            const db::Recordset row = heldService();
+            const db::Row now = row.current();
+            const Times theirs =
+                timesOf(now.text(u"StartTime"), now.text(u"EndTime"), now.text(u"WorkHrs"));
+            if (shown && theirs != *shown && theirs != times)
+                throw OtherTimes(theirs);
+            gcnData->Execute(
+                u"update %1 set StartTime = ?, EndTime = ?, WorkHrs = ?, CostEstimate = ? "
+                "where %2 = ?"_s.arg(table, key),
+                {times.start.toString(u"HH:mm"), times.end.toString(u"HH:mm"),
+                 times.hours.toString(u"HH:mm"), rate.centsOfMinutes(minutes).toDouble(), id});
         },
         [&] { return open ? ordernames::orderOfService(id) : u"this record"_s; });
 }

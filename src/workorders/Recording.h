@@ -1,6 +1,7 @@
 #pragma once
 
 #include "parts/PartSelection.h"
+#include "platform/base/Error.h"
 
 #include <QDate>
 #include <QList>
@@ -81,9 +82,32 @@ struct WorkSpan
 
 /// Where the times of a service are written: on an open order or in history.
 enum class TimesOf { OpenOrder, History };
-/// Writes start, end and hours worked, and the cost that the crew's rate makes of the hours.
-[[nodiscard]] bool saveTimes(qint64 id, TimesOf where, const QTime &start, const QTime &end,
-                             const QTime &workHours);
+/// When work on a service began and ended, and how long it took; midnight where nothing was given.
+struct Times
+{
+    QTime start;
+    QTime end;
+    QTime hours;
+    bool operator==(const Times &) const = default;
+};
+/// As rows hold them, "h:mm" with one or two digits of hours.
+[[nodiscard]] Times timesOf(const QString &start, const QString &end, const QString &hours);
+/// "08:00 to 10:30, 2:30 hours", for the user.
+[[nodiscard]] QString inWords(const Times &times);
+/// Another workstation has stored other times meanwhile.
+class OtherTimes : public base::Error
+{
+public:
+    explicit OtherTimes(const Times &theirs);
+    [[nodiscard]] const Times &theirs() const noexcept { return m_theirs; }
+
+private:
+    Times m_theirs;
+};
+/// Writes the times, and the cost that the crew's rate makes of the hours. Raises OtherTimes inside
+/// a whole when the service holds neither these nor those that were shown.
+[[nodiscard]] bool saveTimes(qint64 id, TimesOf where, const Times &times,
+                             const std::optional<Times> &shown = {});
 
 /// Adds parts to an order's service, used or not.
 [[nodiscard]] bool AddPartRecord(const QList<parts::Chosen> &chosen, qint64 NServiceUsedID,

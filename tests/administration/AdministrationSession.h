@@ -92,10 +92,9 @@ protected:
         const QTemporaryDir locks;
         QProcess program;
         program.setProcessEnvironment(withOwnLocks(locks));
-        program.start(QCoreApplication::applicationDirPath() +
-                          QStringLiteral("/administration_helper"),
-                      {base::environment().applicationFolder, command,
-                       base::environment().computerName});
+        program.start(
+            QCoreApplication::applicationDirPath() + QStringLiteral("/administration_helper"),
+            {base::environment().applicationFolder, command, base::environment().computerName});
         ASSERT_TRUE(program.waitForReadyRead(30'000));
         QThread::msleep(static_cast<unsigned long>(milliseconds));
         program.kill();

@@ -237,7 +237,10 @@ TEST_F(Recording, WhatIsTypedIntoSomethingThatIsGoneIsRefusedInWords)
         {[] { return skipService(4711, u"Rain"_s); }, service},
         {[this] { return changeCrew(4711, crew1).has_value(); }, service},
         {[] { return updateNote(4711, u"Rain"_s); }, service},
-        {[=] { return saveTimes(4711, TimesOf::OpenOrder, noon, noon, noon); }, service},
+        {[=] {
+             return saveTimes(4711, TimesOf::OpenOrder, {noon, noon, noon});
+         },
+         service},
         {[=] { return AddPartRecord({part}, 4711, false); }, service},
         {[this] { return UpdateWorkorderPart(u"P9"_s, services[0], u"Price"_s, 1); },
          u"Part \"P9\" has been removed"_s},

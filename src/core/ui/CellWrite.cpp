@@ -34,3 +34,27 @@ bool writeCell(grid::GridModel &rows, int row, const QString &column, const QVar
     }
     return false;
 }
+
+std::optional<QString>
+writeNote(const QString &note, const QString &shown,
+          const std::function<bool(const std::optional<QVariant> &shown)> &write)
+{
+    const auto stored = [&](const std::optional<QVariant> &before) {
+        return write(before) ? std::optional(note) : std::nullopt;
+    };
+    QString theirs;
+    try {
+        return stored(shown);
+    } catch (const record::Conflict &conflict) {
+        // The service itself is gone: no note can be stored in any place.
+        if (conflict.isGone())
+            throw;
+        theirs = conflict.differences().front().theirs.toString();
+    }
+    if (!base::askYesNo(
+            u"Another workstation has changed this note meanwhile:\n\n%1\n\nDo you want "
+            "to store yours in its place?"_s.arg(theirs)))
+        return theirs;
+    // Over whatever it is by now: the user has decided.
+    return stored(std::nullopt);
+}

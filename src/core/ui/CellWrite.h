@@ -15,3 +15,9 @@ class GridModel;
 [[nodiscard]] bool
 writeCell(grid::GridModel &rows, int row, const QString &column, const QVariant &value,
           const std::function<bool(const std::optional<QVariant> &shown)> &write);
+
+/// The same for a note in a box of its own. What is stored afterwards, the user's note or theirs;
+/// nothing when it could not be written.
+[[nodiscard]] std::optional<QString>
+writeNote(const QString &note, const QString &shown,
+          const std::function<bool(const std::optional<QVariant> &shown)> &write);

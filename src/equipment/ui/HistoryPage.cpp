@@ -2,9 +2,11 @@
 
 #include "core/Options.h"
 #include "core/Tables.h"
+#include "core/ui/CellWrite.h"
 #include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/ScreenCalls.h"
+#include "core/ui/Telling.h"
 #include "equipment/ui/HistoryParts.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Format.h"
@@ -29,9 +31,7 @@ namespace {
 constexpr const char *Module = "Equipment";
 constexpr int LeastRows = 5; // of text, in the boxes of the lower half
 constexpr int MostRows = 13; // for one of these with its title
-const QString TimeFormat = u"hh:mm AMPM"_s;
 const QString NoTime = u"00:00"_s;
-const QString AmountMask = u"{0,9999999}.{0,99}"_s;
 
 /// The columns whose cells open the entry of times.
 bool isTime(const QString &column)
@@ -123,98 +123,6 @@ void HistoryPage::buildPage()
     for (QGroupBox *group : {partGroup, noteGroup})
         group->setMaximumHeight(fontMetrics().height() * MostRows);
     setFocusProxy(grdServiceHistory);
-}
-
-QList<grid::Column> HistoryPage::serviceColumns()
-{
-    using Change = std::function<bool(int, const QVariant &)>;
-    // A correction is written at once, so the transaction begins ahead of it.
-    const auto within = [this](const Change &change) {
-        return [this, change](int row, const QVariant &value) {
-            frame().beginEdit();
-            return change(row, value);
-        };
-    };
-    // Stores a cell in its field, having said what that does not do.
-    const auto stores = [&](const QString &field, const QString &note = {}) {
-        return within([this, field, note](int row, const QVariant &value) {
-            if (!note.isEmpty())
-                base::showMessage(note);
-            return history::UpdateEquipmentServiceHistory(serviceOf(row), field, value);
-        });
-    };
-    using Correct = history::TimeCorrection (*)(const QString &typed, const QString &other);
-    const auto corrects = [&](const QString &column, const QString &other, Correct correct) {
-        return within([this, column, other, correct](int row, const QVariant &typed) {
-            // One end is judged by the other as it stands in the row, stored or not.
-            const QString present = grdServiceHistory->rows().value(row, other).toString();
-            return changeTime(row, column, correct(typed.toString(), present));
-        });
-    };
-    return {{.name = u"WorkOrderNo"_s, .caption = u"Work Order"_s, .width = 74, .locked = true},
-            {.name = u"ServiceUsedID"_s, .visible = false},
-            {.name = u"Date"_s,
-             .width = 84,
-             .editable = true,
-             .editor = grid::Editor::Date,
-             .changeRule =
-                 stores(u"Completedate"_s, u"Changing the date will not adjust the schedule"_s)},
-            {.name = u"Service Name"_s, .width = 150, .locked = true},
-            {.name = u"Service Crew"_s,
-             .width = 110,
-             .editable = true,
-             .editor = grid::Editor::DropDown,
-             .changeRule = within([this](int row, const QVariant &crew) {
-                 return changeCrew(row, crew.toLongLong());
-             })},
-            {.name = u"Cost Center"_s, .width = 90, .locked = true},
-            {.name = u"Budgeted Hrs"_s,
-             .width = 84,
-             .editable = true,
-             .format = u"0.00"_s,
-             .mask = AmountMask,
-             .changeRule = stores(u"LaborEstimate"_s)},
-            {.name = u"Labor Cost"_s,
-             .width = 76,
-             .editable = true,
-             .format = u"$0.00"_s,
-             .mask = AmountMask,
-             .changeRule = stores(u"CostEstimate"_s)},
-            {.name = u"Part Cost"_s,
-             .width = 76,
-             .locked = true,
-             .format = u"$0.00"_s,
-             .kind = sql::ColumnKind::Money},
-            {.name = u"StartTime"_s,
-             .caption = u"Start Time"_s,
-             .width = 74,
-             .editable = true,
-             .format = TimeFormat,
-             .placeholder = NoTime,
-             .changeRule = corrects(u"StartTime"_s, u"EndTime"_s, history::correctStart)},
-            {.name = u"EndTime"_s,
-             .caption = u"End Time"_s,
-             .width = 74,
-             .editable = true,
-             .format = TimeFormat,
-             .placeholder = NoTime,
-             .changeRule = corrects(u"EndTime"_s, u"StartTime"_s, history::correctEnd)},
-            {.name = u"WorkHrs"_s,
-             .caption = u"Work Hrs"_s,
-             .width = 66,
-             .editable = true,
-             .placeholder = NoTime,
-             .changeRule = within([this](int row, const QVariant &typed) {
-                 return changeTime(row, u"WorkHrs"_s, history::correctWorkHrs(typed.toString()));
-             })},
-            {.name = u"Skip"_s, .width = 42, .locked = true},
-            {.name = u"Count"_s,
-             .width = 70,
-             .editable = true,
-             .mask = u"{0,9999999}"_s,
-             .changeRule =
-                 stores(u"Countvalue"_s, u"Changing the count will not effect the schedule"_s)},
-            {.name = u"SupplierName"_s, .caption = u"Supplier"_s, .width = 120, .locked = true}};
 }
 
 // The range of dates
@@ -348,16 +256,24 @@ void HistoryPage::SetPastCost(qint64 ServiceUsedID)
 void HistoryPage::RefreshServiceNoteGrid()
 {
     const int row = grdServiceHistory->currentRow();
-    // Until it is set again, what fills the box counts as typed by nobody.
-    m_noteOf = 0;
     const QString note = base::trapped(Module, "RefreshServiceNoteGrid", QString(), [&] {
         return row < 0 ? QString()
                        : history::note(
                              serviceOf(row),
                              grdServiceHistory->rows().value(row, u"WorkOrderNo").toLongLong());
     });
-    txtNote->setPlainText(note);
-    m_noteOf = serviceOf(row);
+    showNote(serviceOf(row), note);
+}
+
+void HistoryPage::showNote(qint64 service, const QString &note)
+{
+    // Until it is set again, what fills the box counts as typed by nobody. A note that stands there
+    // already keeps its cursor.
+    m_noteOf = 0;
+    if (txtNote->toPlainText() != note)
+        txtNote->setPlainText(note);
+    m_noteOf = service;
+    m_shownNote = note;
     m_noteChanged = false;
 }
 
@@ -431,35 +347,6 @@ void HistoryPage::cmdDeleteHistory_Click()
     frame().contentChanged();
 }
 
-bool HistoryPage::changeTime(int row, const QString &column,
-                             const history::TimeCorrection &correction)
-{
-    if (!correction.refusal.isEmpty()) {
-        base::showMessage(correction.refusal);
-        return false;
-    }
-    if (!history::storeTime(serviceOf(row), column, correction))
-        return false;
-    grid::GridModel &rows = grdServiceHistory->rows();
-    // In the form in which it is stored, whatever was typed: "9 pm" becomes 21:00.
-    rows.setValue(row, column,
-                  correction.stored.isEmpty() ? QVariant() : QVariant(correction.stored));
-    // The hours follow from both ends. With one of them missing they stay what they are.
-    if (correction.WorkHrs)
-        rows.setValue(row, u"WorkHrs", *correction.WorkHrs);
-    return true;
-}
-
-bool HistoryPage::changeCrew(int row, qint64 crew)
-{
-    grid::GridModel &rows = grdServiceHistory->rows();
-    const std::optional<double> cost =
-        history::changeCrew(serviceOf(row), crew, rows.value(row, u"Budgeted Hrs").toDouble());
-    if (cost)
-        rows.setValue(row, u"Labor Cost", *cost);
-    return cost.has_value();
-}
-
 void HistoryPage::showServiceTime(int row, const QString &column)
 {
     // The entry belongs to the work orders, which lie above this folder and may not have joined.
@@ -485,7 +372,15 @@ bool HistoryPage::storeNote()
     if (!m_noteChanged || m_noteOf == 0)
         return true;
     frame().beginEdit();
+    const std::optional<QString> stored =
+        telling(Module, "txtNote_Validate", std::optional<QString>(), [this] {
+            return writeNote(
+                txtNote->toPlainText(), m_shownNote, [this](const history::Shown &shown) {
+                    return history::updateNote(m_noteOf, txtNote->toPlainText(), shown);
+                });
+        });
     // A note that could not be written is tried again with the next chance.
-    m_noteChanged = !history::updateNote(m_noteOf, txtNote->toPlainText());
-    return !m_noteChanged;
+    if (stored)
+        showNote(m_noteOf, *stored);
+    return stored.has_value();
 }

@@ -4,6 +4,8 @@
 #include "platform/grid/GridTypes.h"
 #include "scheduling/ui/MachinePage.h"
 
+#include <functional>
+
 class HistoryParts;
 class QPlainTextEdit;
 class QPushButton;
@@ -30,6 +32,8 @@ public:
     void closing() override;
 
 private:
+    using Change = std::function<bool(int row, const QVariant &value)>;
+
     void buildPage();
     /// Each with the rule by which a correction is checked and stored.
     [[nodiscard]] QList<grid::Column> serviceColumns();
@@ -48,16 +52,19 @@ private:
     /// Shows what the parts of the current service cost.
     void SetPastCost(qint64 ServiceUsedID);
     void RefreshServiceNoteGrid();
+    void showNote(qint64 service, const QString &note);
     /// Shows parts and note of the current service, having stored the note of the one before.
     void showDetails();
     void EnableControls();
 
     void cmdRefresh_Click();
     void cmdDeleteHistory_Click();
+    /// Runs a column's change inside the machine's edit.
+    [[nodiscard]] bool grdServiceHistory_Change(const Change &change, int row,
+                                                const QVariant &value);
     /// Stores a corrected time and shows what follows from it. False when it was refused, which is
     /// told, or not written.
-    [[nodiscard]] bool changeTime(int row, const QString &column,
-                                  const history::TimeCorrection &correction);
+    [[nodiscard]] bool changeTime(int row, const QString &column, const QString &typed);
     /// Gives a service to another crew and shows what its hours cost there.
     [[nodiscard]] bool changeCrew(int row, qint64 crew);
     /// Opens the entry of times on a row, when one of its times was clicked.
@@ -69,6 +76,7 @@ private:
     qint64 m_equipment = 0;
     bool m_editable = false;
     qint64 m_noteOf = 0; ///< the service whose note is on show, 0 for none
+    QString m_shownNote; ///< as it was read
     bool m_noteChanged = false;
     QDate m_from; ///< the range as it was in order last
     QDate m_to;

@@ -1,6 +1,8 @@
 #include "equipment/ui/HistoryParts.h"
 
+#include "core/ui/CellWrite.h"
 #include "core/ui/ListGrid.h"
+#include "core/ui/Telling.h"
 #include "equipment/History.h"
 #include "platform/base/Prompts.h"
 #include "platform/base/Trapped.h"
@@ -64,7 +66,13 @@ bool HistoryParts::change(int row, const QString &column, const QString &field, 
     if (field == u"QuantityUsed")
         base::showMessage(u"This will not adjust the quantity on hand for the inventory. You will "
                           "manually need to adjust this if needed."_s);
-    if (!history::UpdatePartHistory(m_service, rows.text(row, u"Part Number"), field, number))
+    const bool stored = telling("Equipment", "grdPartHistory_Change", false, [&] {
+        return writeCell(rows, row, column, number, [&](const history::Shown &shown) {
+            return history::UpdatePartHistory(m_service, rows.text(row, u"Part Number"), field,
+                                              number, shown);
+        });
+    });
+    if (!stored)
         return false;
     rows.setValue(row, column, number);
     // The cost stands in the list of services above.

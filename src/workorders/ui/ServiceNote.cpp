@@ -1,6 +1,6 @@
 #include "workorders/ui/ServiceNote.h"
 
-#include "core/RecordStore.h"
+#include "core/ui/CellWrite.h"
 #include "core/ui/Lock.h"
 #include "core/ui/Telling.h"
 #include "platform/input/Leaving.h"
@@ -53,29 +53,18 @@ bool ServiceNote::store()
 
 bool ServiceNote::write()
 {
-    QString theirs;
-    try {
-        if (!m_write(m_service, text(), m_shown))
-            return false;
-        m_shown = text();
-        return true;
-    } catch (const record::Conflict &conflict) {
-        // The service itself is gone: no note can be stored in any place.
-        if (conflict.isGone())
-            throw;
-        theirs = conflict.differences().front().theirs.toString();
-    }
-    if (!base::askYesNo(
-            u"Another workstation has changed this note meanwhile:\n\n%1\n\nDo you want "
-            "to store yours in its place?"_s.arg(theirs))) {
-        // Theirs is what counts as shown from now on, so that leaving the box asks no second time.
-        show(m_service, theirs);
-        return true;
-    }
-    // Over whatever it is by now: the user has decided.
-    if (!m_write(m_service, text(), std::nullopt))
+    const QString mine = text();
+    const std::optional<QString> stored =
+        writeNote(mine, m_shown, [&](const std::optional<QVariant> &shown) {
+            return m_write(m_service, mine, shown);
+        });
+    if (!stored)
         return false;
-    m_shown = text();
+    // What is stored counts as shown from now on, so that leaving the box asks no second time.
+    if (*stored == mine)
+        m_shown = mine;
+    else
+        show(m_service, *stored);
     return true;
 }
 

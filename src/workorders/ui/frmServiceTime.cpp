@@ -18,13 +18,6 @@ namespace {
 
 const QTime Midnight(0, 0); // also means that no time was given
 
-/// A time as rows hold it, "h:mm" with one or two digits of hours.
-QTime stored(const QString &text)
-{
-    const QTime time(text.section(u':', 0, 0).toInt(), text.section(u':', 1).toInt());
-    return time.isValid() ? time : Midnight;
-}
-
 QTime given(const input::TimeInput *box)
 {
     return box->time().isValid() ? box->time() : Midnight;
@@ -37,9 +30,15 @@ frmServiceTime::frmServiceTime(const ScreenCalls::ServiceTimes &times, QWidget *
     , m_times(times)
 {
     buildForm();
-    timeStart->setTime(stored(m_times.start));
-    timeEnd->setTime(stored(m_times.end));
-    datWorkhrs->setTime(stored(m_times.workHours));
+    showTimes(recording::timesOf(m_times.start, m_times.end, m_times.workHours));
+}
+
+void frmServiceTime::showTimes(const recording::Times &times)
+{
+    m_shown = times;
+    timeStart->setTime(times.start);
+    timeEnd->setTime(times.end);
+    datWorkhrs->setTime(times.hours);
     // A box can't tell midnight from nothing entered. Hours that were worked say that both ends
     // were given.
     m_endIsGiven = timeStart->time() != Midnight && datWorkhrs->time() != Midnight;
@@ -129,12 +128,27 @@ void frmServiceTime::cmdUpdate_Click()
     // The machine's screen begins its edit here, so that its Cancel undoes the times as well.
     if (m_times.beforeWrite)
         m_times.beforeWrite();
-    const bool openOrder = m_times.table.compare(u"tblWoserviceUsed"_s, Qt::CaseInsensitive) == 0;
-    m_stored = telling("frmServiceTime", "cmdUpdate_Click", false, [&] {
-        return recording::saveTimes(
-            m_times.id, openOrder ? recording::TimesOf::OpenOrder : recording::TimesOf::History,
-            given(timeStart), given(timeEnd), datWorkhrs->time());
-    });
+    m_stored = telling("frmServiceTime", "cmdUpdate_Click", false, [this] { return store(); });
     if (m_stored)
         unload();
+}
+
+bool frmServiceTime::store()
+{
+    using recording::TimesOf;
+    const bool openOrder = m_times.table.compare(u"tblWoserviceUsed"_s, Qt::CaseInsensitive) == 0;
+    const TimesOf where = openOrder ? TimesOf::OpenOrder : TimesOf::History;
+    const recording::Times mine{given(timeStart), given(timeEnd), datWorkhrs->time()};
+    std::optional<recording::Times> theirs;
+    try {
+        return recording::saveTimes(m_times.id, where, mine, m_shown);
+    } catch (const recording::OtherTimes &others) {
+        theirs = others.theirs();
+    }
+    if (base::askYesNo(u"Another workstation has changed these times meanwhile: yours \"%1\", "
+                       "theirs \"%2\". Do you want to store yours?"_s.arg(
+                           recording::inWords(mine), recording::inWords(*theirs))))
+        return recording::saveTimes(m_times.id, where, mine);
+    showTimes(*theirs);
+    return false;
 }

@@ -2,6 +2,7 @@
 
 #include "core/ui/Screen.h"
 #include "core/ui/ScreenCalls.h"
+#include "workorders/Recording.h"
 
 class QPushButton;
 class QTimeEdit;
@@ -24,14 +25,19 @@ public:
 
 private:
     void buildForm();
+    void showTimes(const recording::Times &times);
     void timeStart_Validate();
     void timeEnd_Validate();
     /// Completes a time, in place of which one that can't be stands.
     void normalise(input::TimeInput *box, const QString &whenInvalid);
     void computeWorkHours();
     void cmdUpdate_Click();
+    /// Where another workstation has changed them meanwhile, the user chooses. False when the times
+    /// were not stored.
+    [[nodiscard]] bool store();
 
     ScreenCalls::ServiceTimes m_times;
+    recording::Times m_shown; ///< as the service held them
     bool m_stored = false;
     bool m_endIsGiven = false; ///< also midnight, which an empty box reads as
 

@@ -107,6 +107,56 @@ TEST_F(HistoryPages, TimesThatCantBeAreRefusedAndTheOldOnesStay)
     EXPECT_EQ(stored(u"Workhrs"_s).toString(), u"1:15");
 }
 
+TEST_F(HistoryPages, WhatAnotherWorkstationCorrectedIsAskedAboutAndAGoneServiceTold)
+{
+    addCrew(5, 12, 20.25);
+    addCrew(6, 13, 30);
+    show();
+    const auto other = database.open();
+    const auto asked = [](const QString &column, const QString &mine, const QString &theirs) {
+        return u"Another workstation has changed %1 meanwhile: yours \"%2\", theirs \"%3\". Do you "
+               "want to store yours?"_s.arg(column, mine, theirs);
+    };
+    other->Execute(u"Update tblWOServiceUsedHistory set LaborEstimate = 7, StartTime = '10:00', "
+                   "EndTime = '12:00', CrewID = 6"_s);
+    other->Execute(u"Update tblWoPartHistory set Price = 9"_s);
+    prompts.no(asked(u"Budgeted Hrs"_s, u"3.00"_s, u"7.00"_s));
+    type(u"Budgeted Hrs"_s, u"3"_s);
+    EXPECT_EQ(shown(u"Budgeted Hrs"_s), u"7.00");
+    EXPECT_EQ(stored(u"LaborEstimate"_s).toDouble(), 7);
+    // A time is judged by the other one as it is now, not as the row shows it.
+    prompts.say(u"Start Time should be less than End Time"_s);
+    type(u"StartTime"_s, u"12:30"_s);
+    prompts.yes(asked(u"Start Time"_s, u"09:30 AM"_s, u"10:00 AM"_s));
+    type(u"StartTime"_s, u"9:30"_s);
+    EXPECT_EQ(stored(u"StartTime"_s).toString() + u' ' + shown(u"WorkHrs"_s), u"09:30 2:30");
+    prompts.no(asked(u"Service Crew"_s, u"12   Crew"_s, u"13   Crew"_s));
+    grid::GridModel &rows = services().rows();
+    EXPECT_FALSE(rows.edit(0, rows.columnIndex(u"Service Crew"), 5));
+    prompts.no(asked(u"Price"_s, u"$1.10"_s, u"$9.00"_s));
+    test::typeInCell(parts(), 0, u"Price"_s, u"1.10"_s);
+    EXPECT_EQ(value(u"Select Price from tblWoPartHistory"_s).toDouble(), 9);
+
+    other->Execute(u"Update tblWOServiceUsedHistory set [Note] = 'theirs' where ServiceUsedID = "
+                   "12"_s);
+    services().selectRow(1);
+    note().setPlainText(u"mine"_s);
+    other->Execute(u"Update tblWOServiceUsedHistory set [Note] = 'newer' where ServiceUsedID = "
+                   "12"_s);
+    prompts.no(u"Another workstation has changed this note meanwhile:\n\nnewer\n\nDo you want to "
+               "store yours in its place?"_s);
+    services().selectRow(0);
+    EXPECT_EQ(stored(u"[Note]"_s, 12).toString(), u"newer");
+
+    RollbackTrans();
+    other->Execute(u"Delete from tblWOServiceUsedHistory where ServiceUsedID = 11"_s);
+    prompts.say(u"This service has been deleted from the history on another workstation. Nothing "
+                "was stored."_s);
+    type(u"Labor Cost"_s, u"44.5"_s);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(services().rows().rowCount(), 1) << "the list shows what is left";
+}
+
 TEST_F(HistoryPages, AClickOnATimeOpensItsEntryAndLoadsTheRowAgain)
 {
     ScreenCalls::ServiceTimes asked;

@@ -32,12 +32,12 @@ db::DbError errorOf(std::vector<intptr_t> status)
 TEST(ErrorFrom, TellsFailuresOfTheFileByTheSystemsReason)
 {
     for (const auto &[reason, expected] : {std::pair(ENOSPC, ErrorNumber::DiskFull),
-                                         {EDQUOT, ErrorNumber::DiskFull},
-                                         {EFBIG, ErrorNumber::DiskFull},
-                                         {ENOENT, ErrorNumber::FileMissing},
-                                         {EACCES, ErrorNumber::FileAccess},
-                                         {EROFS, ErrorNumber::FileAccess},
-                                         {EIO, ErrorNumber::Unspecified}}) {
+                                           {EDQUOT, ErrorNumber::DiskFull},
+                                           {EFBIG, ErrorNumber::DiskFull},
+                                           {ENOENT, ErrorNumber::FileMissing},
+                                           {EACCES, ErrorNumber::FileAccess},
+                                           {EROFS, ErrorNumber::FileAccess},
+                                           {EIO, ErrorNumber::Unspecified}}) {
         const db::DbError error =
             errorOf({code, 335544344, text, words("write"), text, words("/data/q.mdb"), code,
                      335544737, systemError, reason});

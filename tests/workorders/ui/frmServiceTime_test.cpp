@@ -74,7 +74,10 @@ TEST_F(ServiceTimes, AnHourAboveTwelveIsReplaced)
 
 TEST_F(ServiceTimes, AreStoredInHistoryWithWhatTheCrewCosts)
 {
-    insert(u"tblWOServiceUsedHistory"_s, {{u"ServiceUsedID"_s, 77}, {u"CrewID"_s, crew1}});
+    insert(u"tblWOServiceUsedHistory"_s, {{u"ServiceUsedID"_s, 77},
+                                          {u"CrewID"_s, crew1},
+                                          {u"StartTime"_s, u"8:00"_s},
+                                          {u"EndTime"_s, u"09:00"_s}});
     int asked = 0;
     show({.id = 77,
           .start = u"08:00"_s,
@@ -89,6 +92,33 @@ TEST_F(ServiceTimes, AreStoredInHistoryWithWhatTheCrewCosts)
     EXPECT_EQ(found(u"Select StartTime, EndTime, Workhrs, CostEstimate from "
                     "tblWOServiceUsedHistory"_s),
               u"08:00|09:30|01:30|30");
+}
+
+TEST_F(ServiceTimes, OfAnotherWorkstationAreAskedAbout)
+{
+    const qint64 id = orderService(order());
+    show({.id = id});
+    hours().setTime(QTime(0, 45));
+    gcnData->Execute(
+        u"Update tblWoServiceUsed set StartTime = '10:00', EndTime = '12:00', WorkHrs = '2:00'"_s);
+    const QString question =
+        u"Another workstation has changed these times meanwhile: yours \"00:00 to 00:00, 0:45 "
+        "hours\", theirs \"10:00 to 12:00, 2:00 hours\". Do you want to store yours?"_s;
+    prompts.no(question);
+    driver().press("cmdUpdate");
+    EXPECT_TRUE(screen->isVisible());
+    EXPECT_EQ(shown(), u"10:00A-12:00P 2:00");
+    // As they are shown now they may be changed.
+    enter("timeEnd", u"11:00A"_s);
+    driver().press("cmdUpdate");
+    const QString stored = u"Select StartTime, EndTime, Workhrs from tblWoServiceUsed"_s;
+    EXPECT_EQ(found(stored), u"10:00|11:00|01:00");
+
+    show({.id = id});
+    hours().setTime(QTime(0, 45));
+    prompts.yes(QString(question).replace(u"12:00, 2:00"_s, u"11:00, 1:00"_s));
+    driver().press("cmdUpdate");
+    EXPECT_EQ(found(stored), u"00:00|00:00|00:45");
 }
 
 TEST_F(ServiceTimes, HoursMayBeTypedForAnOpenOrderAndCancelStoresNothing)
