@@ -271,20 +271,21 @@ TimeCorrection correctWorkHrs(const QString &typed)
 std::optional<TimeCorrection> correctTime(qint64 ServiceUsedID, const QString &Column,
                                           const QString &typed, const Shown &shown)
 {
-    return onService("UpdateEquipmentServiceHistory", ServiceUsedID,
-                     std::optional<TimeCorrection>(), [&](const db::Row &now) {
-                         const TimeCorrection correction =
-                             Column == u"StartTime" ? correctStart(typed, now.text(u"EndTime"))
-                             : Column == u"EndTime" ? correctEnd(typed, now.text(u"StartTime"))
-                                                    : correctWorkHrs(typed);
-                         if (!correction.refusal.isEmpty())
-                             return std::optional(correction);
-                         record::demandShown(now, Column, orNull(correction.stored), shown);
-                         write(ServiceUsedID, Column, orNull(correction.stored));
-                         if (correction.WorkHrs)
-                             write(ServiceUsedID, u"WorkHrs"_s, *correction.WorkHrs);
-                         return std::optional(correction);
-                     });
+    TimeCorrection made;
+    const bool isDone =
+        onService("UpdateEquipmentServiceHistory", ServiceUsedID, false, [&](const db::Row &now) {
+            made = Column == u"StartTime" ? correctStart(typed, now.text(u"EndTime"))
+                   : Column == u"EndTime" ? correctEnd(typed, now.text(u"StartTime"))
+                                          : correctWorkHrs(typed);
+            if (!made.refusal.isEmpty())
+                return true;
+            record::demandShown(now, Column, orNull(made.stored), shown);
+            write(ServiceUsedID, Column, orNull(made.stored));
+            if (made.WorkHrs)
+                write(ServiceUsedID, u"WorkHrs"_s, *made.WorkHrs);
+            return true;
+        });
+    return isDone ? std::optional(made) : std::nullopt;
 }
 
 } // namespace history
