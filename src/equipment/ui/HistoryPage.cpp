@@ -379,8 +379,13 @@ bool HistoryPage::storeNote()
                     return history::updateNote(m_noteOf, txtNote->toPlainText(), shown);
                 });
         });
-    // A note that could not be written is tried again with the next chance.
-    if (stored)
+    if (stored) {
         showNote(m_noteOf, *stored);
-    return stored.has_value();
+        return true;
+    }
+    // A note that could not be written is tried again with the next chance. One whose service is
+    // gone, which has been told, has none, and must not keep the user on the page.
+    m_noteChanged = base::trapped(Module, "txtNote_Validate", true,
+                                  [this] { return history::isThere(m_noteOf); });
+    return !m_noteChanged;
 }

@@ -150,8 +150,13 @@ TEST_F(HistoryPages, WhatAnotherWorkstationCorrectedIsAskedAboutAndAGoneServiceT
 
     RollbackTrans();
     other->Execute(u"Delete from tblWOServiceUsedHistory where ServiceUsedID = 11"_s);
-    prompts.say(u"This service has been deleted from the history on another workstation. Nothing "
-                "was stored."_s);
+    const QString gone = u"This service has been deleted from the history on another workstation. "
+                         "Nothing was stored."_s;
+    prompts.say(gone);
+    note().setPlainText(u"too late"_s);
+    EXPECT_TRUE(frame.page->mayLeave());
+    EXPECT_EQ(note().toPlainText(), u"too late");
+    prompts.say(gone);
     type(u"Labor Cost"_s, u"44.5"_s);
     QCoreApplication::processEvents();
     EXPECT_EQ(services().rows().rowCount(), 1) << "the list shows what is left";
