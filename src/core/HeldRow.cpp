@@ -1,6 +1,6 @@
 #include "core/HeldRow.h"
 
-#include "core/InTheWay.h"
+#include "core/Gone.h"
 #include "core/RecordStore.h"
 
 using namespace Qt::StringLiterals;
@@ -15,6 +15,6 @@ db::Recordset heldRow(QStringView table, QStringView keyColumn, qint64 key, QStr
                                      "in a moment."_s.arg(what);
                           });
     } catch (const record::Conflict &) {
-        throw InTheWay(whenGone);
+        throw Gone(whenGone);
     }
 }

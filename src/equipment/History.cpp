@@ -141,15 +141,6 @@ QString note(qint64 ServiceUsedID, qint64 WorkorderNo)
     return rows.isEmpty() ? QString() : rows.current().text(u"Note");
 }
 
-bool isThere(qint64 ServiceUsedID)
-{
-    return !dataConnection()
-                .Open(
-                    u"Select ServiceUsedID from tblWOServiceUsedHistory where ServiceUsedID = ?"_s,
-                    {ServiceUsedID})
-                .isEmpty();
-}
-
 bool UpdateEquipmentServiceHistory(qint64 ServiceUsedID, const QString &Column,
                                    const QVariant &Value, const Shown &shown)
 {

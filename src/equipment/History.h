@@ -39,8 +39,6 @@ struct Period
 [[nodiscard]] double SetPastCost(qint64 ServiceUsedID);
 /// The parts that were used in a service.
 [[nodiscard]] db::Recordset parts(qint64 ServiceUsedID);
-/// True while a service is in the history.
-[[nodiscard]] bool isThere(qint64 ServiceUsedID);
 /// The note of a service of an order.
 [[nodiscard]] QString note(qint64 ServiceUsedID, qint64 WorkorderNo);
 

@@ -76,16 +76,16 @@ QString beingChanged(const QString &order)
            "moment."_s.arg(order);
 }
 
-InTheWay gone(qint64 WorkorderNo)
+Gone gone(qint64 WorkorderNo)
 {
-    return InTheWay(u"Work order %1 is open no longer: another workstation has posted or deleted "
-                    "it. Nothing was stored."_s.arg(WorkorderNo));
+    return Gone(u"Work order %1 is open no longer: another workstation has posted or deleted "
+                "it. Nothing was stored."_s.arg(WorkorderNo));
 }
 
-InTheWay serviceGone()
+Gone serviceGone()
 {
-    return InTheWay(u"This service stands on no open work order any more: another workstation has "
-                    "posted, removed or deleted it. Nothing was stored."_s);
+    return Gone(u"This service stands on no open work order any more: another workstation has "
+                "posted, removed or deleted it. Nothing was stored."_s);
 }
 
 } // namespace ordernames

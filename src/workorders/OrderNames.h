@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/InTheWay.h"
+#include "core/Gone.h"
 
 #include <QString>
 
@@ -23,7 +23,7 @@ namespace ordernames {
 /// What is told while another workstation changes an order or a row of it.
 [[nodiscard]] QString beingChanged(const QString &order);
 /// What is told of an order, and of a service of one, that is there no more. For raising.
-[[nodiscard]] InTheWay gone(qint64 WorkorderNo);
-[[nodiscard]] InTheWay serviceGone();
+[[nodiscard]] Gone gone(qint64 WorkorderNo);
+[[nodiscard]] Gone serviceGone();
 
 } // namespace ordernames

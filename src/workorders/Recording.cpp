@@ -187,8 +187,8 @@ bool updateScheduleNote(qint64 ServiceUsedID, const QString &note, const Shown &
                 throw record::Conflict({{u"Note"_s, scheduleNoteOf(ServiceUsedID), note}});
             if (gcnData->Execute(u"update tblServiceUsed set [Note] = ? where ServiceUsedID = ?"_s,
                                  {note, ServiceUsedID}) == 0)
-                throw InTheWay(u"This service has been removed from its machine on another "
-                               "workstation. Nothing was stored."_s);
+                throw Gone(u"This service has been removed from its machine on another "
+                           "workstation. Nothing was stored."_s);
         },
         [] { return u"this service"_s; });
 }

@@ -1,6 +1,8 @@
 #include "core/ui/CellWrite.h"
 
+#include "core/Gone.h"
 #include "core/RecordStore.h"
+#include "core/ui/Telling.h"
 #include "platform/base/Prompts.h"
 #include "platform/grid/GridModel.h"
 
@@ -35,9 +37,11 @@ bool writeCell(grid::GridModel &rows, int row, const QString &column, const QVar
     return false;
 }
 
-std::optional<QString>
-writeNote(const QString &note, const QString &shown,
-          const std::function<bool(const std::optional<QVariant> &shown)> &write)
+namespace {
+
+/// Raises what is no conflict of two notes.
+std::optional<QString> written(const QString &note, const QString &shown,
+                               const std::function<bool(const std::optional<QVariant> &)> &write)
 {
     const auto stored = [&](const std::optional<QVariant> &before) {
         return write(before) ? std::optional(note) : std::nullopt;
@@ -46,7 +50,6 @@ writeNote(const QString &note, const QString &shown,
     try {
         return stored(shown);
     } catch (const record::Conflict &conflict) {
-        // The service itself is gone: no note can be stored in any place.
         if (conflict.isGone())
             throw;
         theirs = conflict.differences().front().theirs.toString();
@@ -57,4 +60,22 @@ writeNote(const QString &note, const QString &shown,
         return theirs;
     // Over whatever it is by now: the user has decided.
     return stored(std::nullopt);
+}
+
+} // namespace
+
+std::optional<QString>
+storeNote(const char *module, const char *procedure, const QString &note, const QString &shown,
+          const std::function<bool(const std::optional<QVariant> &shown)> &write)
+{
+    bool isGone = false;
+    const auto stored = telling(module, procedure, std::optional<QString>(), [&] {
+        try {
+            return written(note, shown, write);
+        } catch (const Gone &) {
+            isGone = true;
+            throw;
+        }
+    });
+    return isGone ? std::optional(note) : stored;
 }

@@ -16,8 +16,9 @@ class GridModel;
 writeCell(grid::GridModel &rows, int row, const QString &column, const QVariant &value,
           const std::function<bool(const std::optional<QVariant> &shown)> &write);
 
-/// The same for a note in a box of its own. What is stored afterwards, the user's note or theirs;
-/// nothing when it could not be written.
+/// The same for a note in a box of its own, with errors told as by telling(). What counts as its
+/// text afterwards: the user's or theirs; nothing when it could not be written and can be tried
+/// again. A note whose service is gone counts as it is, for there is nothing to be done about it.
 [[nodiscard]] std::optional<QString>
-writeNote(const QString &note, const QString &shown,
+storeNote(const char *module, const char *procedure, const QString &note, const QString &shown,
           const std::function<bool(const std::optional<QVariant> &shown)> &write);

@@ -6,7 +6,6 @@
 #include "core/ui/EmptyText.h"
 #include "core/ui/ListGrid.h"
 #include "core/ui/ScreenCalls.h"
-#include "core/ui/Telling.h"
 #include "equipment/ui/HistoryParts.h"
 #include "platform/base/Environment.h"
 #include "platform/base/Format.h"
@@ -372,20 +371,12 @@ bool HistoryPage::storeNote()
     if (!m_noteChanged || m_noteOf == 0)
         return true;
     frame().beginEdit();
-    const std::optional<QString> stored =
-        telling(Module, "txtNote_Validate", std::optional<QString>(), [this] {
-            return writeNote(
-                txtNote->toPlainText(), m_shownNote, [this](const history::Shown &shown) {
-                    return history::updateNote(m_noteOf, txtNote->toPlainText(), shown);
-                });
-        });
-    if (stored) {
+    const QString note = txtNote->toPlainText();
+    const std::optional<QString> stored = ::storeNote(
+        Module, "txtNote_Validate", note, m_shownNote,
+        [&](const history::Shown &shown) { return history::updateNote(m_noteOf, note, shown); });
+    // A note that could not be written is tried again with the next chance.
+    if (stored)
         showNote(m_noteOf, *stored);
-        return true;
-    }
-    // A note that could not be written is tried again with the next chance. One whose service is
-    // gone, which has been told, has none, and must not keep the user on the page.
-    m_noteChanged = base::trapped(Module, "txtNote_Validate", true,
-                                  [this] { return history::isThere(m_noteOf); });
-    return !m_noteChanged;
+    return stored.has_value();
 }

@@ -2,7 +2,6 @@
 
 #include "core/ui/CellWrite.h"
 #include "core/ui/Lock.h"
-#include "core/ui/Telling.h"
 #include "platform/input/Leaving.h"
 
 #include <QPlainTextEdit>
@@ -48,16 +47,10 @@ bool ServiceNote::store()
         return false;
     if (text() == m_shown)
         return true;
-    return telling("WorkOrder", "Note_Validate", false, [this] { return write(); });
-}
-
-bool ServiceNote::write()
-{
     const QString mine = text();
-    const std::optional<QString> stored =
-        writeNote(mine, m_shown, [&](const std::optional<QVariant> &shown) {
-            return m_write(m_service, mine, shown);
-        });
+    const std::optional<QString> stored = storeNote(
+        "WorkOrder", "Note_Validate", mine, m_shown,
+        [&](const std::optional<QVariant> &shown) { return m_write(m_service, mine, shown); });
     if (!stored)
         return false;
     // What is stored counts as shown from now on, so that leaving the box asks no second time.

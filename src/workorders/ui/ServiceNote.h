@@ -34,7 +34,6 @@ public:
 
 private:
     bool store();
-    [[nodiscard]] bool write();
     [[nodiscard]] QString text() const;
 
     QPlainTextEdit *m_box;

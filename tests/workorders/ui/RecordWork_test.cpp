@@ -243,8 +243,12 @@ TEST_F(RecordWork, WhatAnotherWorkstationDidMeanwhileIsToldAndNotOverwritten)
     // The order has been posted: what is shown of it goes.
     gcnData->Execute(u"Delete from tblWoServiceUsed"_s);
     gcnData->Execute(u"Delete from tblWorkorder"_s);
-    prompts.say(u"This service stands on no open work order any more: another workstation has "
-                "posted, removed or deleted it. Nothing was stored."_s);
+    const QString gone = u"This service stands on no open work order any more: another workstation "
+                         "has posted, removed or deleted it. Nothing was stored."_s;
+    prompts.say(gone);
+    driver().enter("txtRecordNote", u"too late"_s);
+    EXPECT_FALSE(driver().control("txtRecordNote").hasFocus()) << "nobody is kept in the box";
+    prompts.say(gone);
     EXPECT_FALSE(edit("grdRecordService", 0, u"Count"_s, 778));
     QCoreApplication::processEvents();
     EXPECT_TRUE(column("grdRecordWo", u"Unit No"_s).isEmpty());
