@@ -281,13 +281,6 @@ QString inWords(const Times &times)
                                        times.hours.toString(u"H:mm"));
 }
 
-OtherTimes::OtherTimes(const Times &theirs)
-    : Error(db::ErrorNumber::LockConflict,
-            u"Another workstation has changed these times meanwhile: %1. Nothing was stored."_s.arg(
-                inWords(theirs)))
-    , m_theirs(theirs)
-{}
-
 bool saveTimes(qint64 id, TimesOf where, const Times &times, const std::optional<Times> &shown)
 {
     const bool open = where == TimesOf::OpenOrder;
@@ -310,7 +303,9 @@ bool saveTimes(qint64 id, TimesOf where, const Times &times, const std::optional
             const Times theirs =
                 timesOf(now.text(u"StartTime"), now.text(u"EndTime"), now.text(u"WorkHrs"));
             if (shown && theirs != *shown && theirs != times)
-                throw OtherTimes(theirs);
+                throw record::Conflict({{u"StartTime"_s, now[u"StartTime"], times.start},
+                                        {u"EndTime"_s, now[u"EndTime"], times.end},
+                                        {u"WorkHrs"_s, now[u"WorkHrs"], times.hours}});
             gcnData->Execute(
                 u"update %1 set StartTime = ?, EndTime = ?, WorkHrs = ?, CostEstimate = ? "
                 "where %2 = ?"_s.arg(table, key),

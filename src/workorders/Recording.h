@@ -1,7 +1,6 @@
 #pragma once
 
 #include "parts/PartSelection.h"
-#include "platform/base/Error.h"
 
 #include <QDate>
 #include <QList>
@@ -94,18 +93,9 @@ struct Times
 [[nodiscard]] Times timesOf(const QString &start, const QString &end, const QString &hours);
 /// "08:00 to 10:30, 2:30 hours", for the user.
 [[nodiscard]] QString inWords(const Times &times);
-/// Another workstation has stored other times meanwhile.
-class OtherTimes : public base::Error
-{
-public:
-    explicit OtherTimes(const Times &theirs);
-    [[nodiscard]] const Times &theirs() const noexcept { return m_theirs; }
-
-private:
-    Times m_theirs;
-};
-/// Writes the times, and the cost that the crew's rate makes of the hours. Raises OtherTimes inside
-/// a whole when the service holds neither these nor those that were shown.
+/// Writes the times, and the cost that the crew's rate makes of the hours. Inside a whole
+/// raises record::Conflict, with start, end and hours as its differences, when the service holds
+/// neither these nor those that were shown.
 [[nodiscard]] bool saveTimes(qint64 id, TimesOf where, const Times &times,
                              const std::optional<Times> &shown = {});
 

@@ -1,5 +1,6 @@
 #include "workorders/ui/frmServiceTime.h"
 
+#include "core/RecordStore.h"
 #include "core/ui/Telling.h"
 #include "platform/base/Prompts.h"
 #include "platform/input/FormBuilder.h"
@@ -139,16 +140,18 @@ bool frmServiceTime::store()
     const bool openOrder = m_times.table.compare(u"tblWoserviceUsed"_s, Qt::CaseInsensitive) == 0;
     const TimesOf where = openOrder ? TimesOf::OpenOrder : TimesOf::History;
     const recording::Times mine{given(timeStart), given(timeEnd), datWorkhrs->time()};
-    std::optional<recording::Times> theirs;
+    recording::Times theirs;
     try {
         return recording::saveTimes(m_times.id, where, mine, m_shown);
-    } catch (const recording::OtherTimes &others) {
-        theirs = others.theirs();
+    } catch (const record::Conflict &conflict) {
+        const auto &held = conflict.differences();
+        theirs = recording::timesOf(held[0].theirs.toString(), held[1].theirs.toString(),
+                                    held[2].theirs.toString());
     }
     if (base::askYesNo(u"Another workstation has changed these times meanwhile: yours \"%1\", "
                        "theirs \"%2\". Do you want to store yours?"_s.arg(
-                           recording::inWords(mine), recording::inWords(*theirs))))
+                           recording::inWords(mine), recording::inWords(theirs))))
         return recording::saveTimes(m_times.id, where, mine);
-    showTimes(*theirs);
+    showTimes(theirs);
     return false;
 }
